@@ -1,0 +1,41 @@
+#pragma once
+
+// The constant tables that a calculation reads: material list, profile tables, stored setup. Loaded once
+// (sections/load_library), never changed, shared by all threads.
+
+#include "core/project_state.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace kestrum {
+
+// One row of the material list. The last row of the list stands for the user's own value.
+struct Material {
+    std::string name;
+    float fy40;    // MPa, thickness up to 40 mm
+    float fyover;  // MPa, thickness over 40 mm
+};
+
+// Rows and columns of one binary profile table; rows that the file did not hold are zero.
+struct ProfileTable {
+    int rows = 0;      // rows read and offered
+    int reserved = 0;  // rows of the array; an index at or beyond it stops the pass
+    int columns = 0;
+    std::vector<float> value;  // reserved * columns
+
+    // Column counted from 1, as the tables are documented.
+    float At(int row, int column) const
+    {
+        return value[static_cast<std::size_t>(row * columns + column - 1)];
+    }
+};
+
+struct Library {
+    std::vector<Material> materials;
+    std::array<ProfileTable, kTables> tables;
+    std::string setup;  // bytes of the stored setup; empty when there is none
+};
+
+}  // namespace kestrum

@@ -1,0 +1,51 @@
+#include "design/shear.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrum {
+
+double ShearReduction(double v, double vrd)
+{
+    if (!(v > 0.5 * vrd)) {
+        return 0.0;
+    }
+    const double excess = 2.0 * v / vrd - 1.0;
+    return std::min(1.0, excess * excess);
+}
+
+bool StockyInShear(const ProjectState& s, double hw, double t)
+{
+    return hw / t < 72.0 * s.eps / s.neta;
+}
+
+double WebSlenderness(const ProjectState& s, double hw, double t)
+{
+    return hw / (86.4 * s.eps * t);
+}
+
+double WebSlendernessStiffened(const ProjectState& s, double hw, double t)
+{
+    if (s.webstiff == 0) {
+        return WebSlenderness(s, hw, t);
+    }
+    const double a = s.webstiffa;
+    const double squared = (hw / a) * (hw / a);
+    const double ktau = a / hw >= 1.0 ? 5.34 + 4.0 * squared : 4.0 + 5.34 * squared;
+    return hw / (37.4 * s.eps * t * std::sqrt(ktau));
+}
+
+double ChiWeb(const ProjectState& s, double lambda)
+{
+    return lambda < 0.83 / s.neta ? s.neta : 0.83 / lambda;
+}
+
+double ChiWebEndPost(const ProjectState& s, double lambda)
+{
+    if (s.endstiff == 0 || lambda < 1.08) {
+        return ChiWeb(s, lambda);
+    }
+    return 1.37 / (0.7 + lambda);
+}
+
+}  // namespace kestrum

@@ -1,0 +1,27 @@
+#pragma once
+
+// Shear of webs: moment reduction factor (EN 1993-1-1, 6.2.8 (3)) and shear buckling (EN 1993-1-5, 5).
+
+#include "core/project_state.h"
+
+namespace kestrum {
+
+// rho of EN 1993-1-1, 6.2.8 (3): 0 up to half the resistance, never above 1. v, vrd in kN.
+double ShearReduction(double v, double vrd);
+
+// EN 1993-1-5, 5.1 (2): shear buckling need not be checked below hw/t = 72 eps/neta (strict).
+bool StockyInShear(const ProjectState& s, double hw, double t);
+
+// lambda_w of an unstiffened web, EN 1993-1-5, 5.3 (3): hw/(86.4 eps t).
+double WebSlenderness(const ProjectState& s, double hw, double t);
+
+// lambda_w with the transverse stiffeners of the state (webstiff, webstiffa), EN 1993-1-5, 5.3 (3), A.3.
+double WebSlendernessStiffened(const ProjectState& s, double hw, double t);
+
+// chi_w of EN 1993-1-5, Table 5.1, non-rigid end post.
+double ChiWeb(const ProjectState& s, double lambda);
+
+// chi_w with the end post of the state (endstiff).
+double ChiWebEndPost(const ProjectState& s, double lambda);
+
+}  // namespace kestrum

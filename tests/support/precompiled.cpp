@@ -1,0 +1,1 @@
+// Nothing of its own: this unit exists to compile the precompiled header once.
