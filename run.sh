@@ -1,0 +1,34 @@
+#!/bin/sh
+# Installs what is missing, builds, checks the example project, prints the result and opens the desktop
+# where there is a display. Quick when nothing is left to do.
+set -eu
+cd "$(dirname "$0")"
+. tools/lib/setup.sh
+
+install_packages build desktop
+
+build=build/release
+if [ ! -e $build/build.ninja ]; then
+    say "Configuring $build"
+    cmake --preset release -DKESTRUM_TESTS=OFF -DKESTRUM_BENCH=OFF >/dev/null || die "cmake could not configure $build"
+fi
+say "Building"
+targets="kestrum kestrum_data"
+grep -q 'build kestrum-ec3:' $build/build.ninja && targets="$targets kestrum-ec3"
+grep -q 'build kestrum-render:' $build/build.ninja && targets="$targets kestrum-render"
+# shellcheck disable=SC2086
+cmake --build --preset release --target $targets || die "the build failed; the first error stands above"
+
+example=examples/f001_hea_beam.kst
+say "Checking $example"
+status=0
+$build/bin/kestrum check $example || status=$?
+[ $status -le 1 ] || die "the example could not be checked (exit $status)"
+
+if [ -x $build/bin/kestrum-ec3 ]; then
+    if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+        say "Opening the desktop"
+        exec $build/bin/kestrum-ec3 "$example"
+    fi
+    say "No display here; the desktop is $build/bin/kestrum-ec3"
+fi

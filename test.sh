@@ -1,0 +1,71 @@
+#!/bin/sh
+# Installs what is missing, builds and runs all tests. What this script runs is what CI runs.
+#   ./test.sh              release build with all tests, sanitizer build with the fuzz smoke run, format check
+#   ./test.sh --full       the same, then the second compiler, static analysis, coverage and packages
+#   ./test.sh --coverage   line and branch coverage of the calculation only
+set -eu
+cd "$(dirname "$0")"
+. tools/lib/setup.sh
+
+# Qt and the tests find their folders on machines without a login session.
+XDG_RUNTIME_DIR=$(mktemp -d)
+chmod 700 "$XDG_RUNTIME_DIR"
+export XDG_RUNTIME_DIR
+trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
+jobs=$(nproc)
+
+build_and_test() { # preset, further cmake arguments
+    preset=$1
+    shift
+    say "Building $preset"
+    cmake --preset "$preset" "$@" >/dev/null || die "cmake could not configure $preset"
+    cmake --build --preset "$preset" || die "the $preset build failed; the first error stands above"
+    say "Testing $preset"
+    ctest --preset "$preset" -j "$jobs" || die "tests failed in the $preset build"
+}
+
+coverage() {
+    build_and_test coverage
+    say "Coverage of the calculation"
+    gcovr --root . --filter 'src/(core|sections|analysis|design|stability|service|engine)/' \
+        --exclude-throw-branches --exclude-unreachable-branches --branches build/coverage | tail -n 60
+    gcovr --root . --filter 'src/(core|sections|analysis|design|stability|service|engine)/' \
+        --exclude-throw-branches --exclude-unreachable-branches build/coverage | tail -n 60
+}
+
+case "${1:-}" in
+"")
+    install_packages build desktop test
+    ;;
+--full)
+    install_packages build desktop test full
+    ;;
+--coverage)
+    install_packages build test full
+    coverage
+    exit 0
+    ;;
+*)
+    die "unknown option $1; known are --full and --coverage"
+    ;;
+esac
+
+say "Checking the format"
+tools/check-format || die "run tools/check-format --fix"
+tools/check-deviations || die "the deviation numbers in code, tests and docs/deviations.md differ"
+
+build_and_test release -DKESTRUM_TESTS=ON -DKESTRUM_BENCH=ON
+build_and_test asan
+if [ -e fuzz/CMakeLists.txt ]; then
+    say "Fuzz smoke run"
+    tools/fuzz --smoke || die "a fuzzer found a fault"
+fi
+
+if [ "${1:-}" = --full ]; then
+    build_and_test clang
+    say "Static analysis"
+    run-clang-tidy-14 -quiet -p build/release "$(pwd)/src/(core|sections|analysis|design|stability|service|engine|report|app|cli)/.*" ||
+        die "clang-tidy found something"
+    coverage
+fi
+say "All green"
