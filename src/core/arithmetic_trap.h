@@ -1,10 +1,10 @@
 #pragma once
 
-// Arithmetic failure ends a pass in one place. The formulas test nothing: division by zero, overflow
-// and invalid operations leave their mark in the floating-point status flags, which are cleared before
-// and read after each step of the driver. Where a value is needed at once (an index, a conversion to a
-// whole number) a checked helper stops the pass directly. Both leave through `CalculationStop`, which
-// only the driver catches.
+// Arithmetic failure ends a pass in one place. The formulas test nothing: division by zero,
+// overflow and invalid operations leave their mark in the floating-point status flags, which are
+// cleared before and read after each step of the driver. Where a value is needed at once (an index,
+// a conversion to a whole number) a checked helper stops the pass directly. Both leave through
+// `CalculationStop`, which only the driver catches.
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
-// The constant tables that a calculation reads: material list, profile tables, stored setup. Loaded once
-// (sections/load_library), never changed, shared by all threads.
+// The constant tables that a calculation reads: material list, profile tables, stored setup. Loaded
+// once (sections/load_library), never changed, shared by all threads.
 
 #include "core/project_state.h"
 

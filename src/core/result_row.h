@@ -1,8 +1,8 @@
 #pragma once
 
-// One line of the answer: label, calculation, result, limit. A row holds what it needs to be written
-// later and no text of its own; it refers to literals only, so that filling it costs nothing.
-// report/row_text makes the four texts.
+// One line of the answer: label, calculation, result, limit. A row holds what it needs to be
+// written later and no text of its own; it refers to literals only, so that filling it costs
+// nothing. report/row_text makes the four texts.
 
 #include <array>
 #include <cstddef>
@@ -26,9 +26,9 @@ private:
 };
 
 // Templates of calculation and limit hold fields that take the numbers in order:
-//   {F} a force or moment held in double precision, written "0.0";  {f} the same in single precision
-//   {R} a ratio, factor or exponent in double precision, "0.00";    {r} the same in single precision
-//   {i} a whole number, "0"
+//   {F} a force or moment held in double precision, written "0.0";  {f} the same in single
+//   precision {R} a ratio, factor or exponent in double precision, "0.00";    {r} the same in
+//   single precision {i} a whole number, "0"
 // An unused row (never written in the pass, or cleared) has an empty first label.
 struct ResultRow {
     std::array<Literal, 3> label;        // pieces, joined as they stand

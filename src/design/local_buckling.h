@@ -1,7 +1,7 @@
 #pragma once
 
-// Local buckling of plate parts, EN 1993-1-5, 4.4: slenderness, buckling factors, reduction factors.
-// Ratios without unit; c and t in the same unit, eps = sqrt(235/fyk).
+// Local buckling of plate parts, EN 1993-1-5, 4.4: slenderness, buckling factors, reduction
+// factors. Ratios without unit; c and t in the same unit, eps = sqrt(235/fyk).
 
 namespace kestrum {
 
@@ -11,13 +11,15 @@ double PlateSlenderness(double c, double t, double eps, double k);
 // rho of an outstand part, Eq (4.3): 1 up to 0.748, never above 1.
 double RhoOutstand(double lambda);
 
-// rho of an internal part in uniform compression, Eq (4.2) with psi = 1: 1 up to 0.673, never above 1.
+// rho of an internal part in uniform compression, Eq (4.2) with psi = 1: 1 up to 0.673, never
+// above 1.
 double RhoInternal(double lambda);
 
 // rho of an internal part with the stress ratio psi, Eq (4.2), never above 1.
 double RhoInternal(double lambda, double psi);
 
-// The stress ratio with a rounding residue at the symmetric case removed: within 1e-6 of -1 it is -1.
+// The stress ratio with a rounding residue at the symmetric case removed: within 1e-6 of -1 it is
+// -1.
 double StressRatio(double psi);
 
 // k_sigma of an internal part, Table 4.1.

@@ -1,9 +1,9 @@
 #pragma once
 
-// Section control, EN 1993-1-1, 6.2: walks the check sections of the member and keeps, for each of the
-// three result rows, the highest utilisation ratio with its text. Row 1 holds single actions (N, My, Mz),
-// row 2 their combinations, row 3 shear. The walk is the same for most families; what differs stands in
-// `SectionRoutines`.
+// Section control, EN 1993-1-1, 6.2: walks the check sections of the member and keeps, for each of
+// the three result rows, the highest utilisation ratio with its text. Row 1 holds single actions
+// (N, My, Mz), row 2 their combinations, row 3 shear. The walk is the same for most families; what
+// differs stands in `SectionRoutines`.
 
 #include "core/project_state.h"
 
@@ -12,8 +12,9 @@ namespace kestrum {
 // Clears the section rows, irrow1..6 and irsection. Colours after it: within the limit.
 void ClearSectionRows(ProjectState& s);
 
-// Row 1..3 of the section control takes a new governing value: ratio and status are set, all texts and
-// numbers cleared, for the caller to fill. Call it only when `ir` is above the row's present value.
+// Row 1..3 of the section control takes a new governing value: ratio and status are set, all texts
+// and numbers cleared, for the caller to fill. Call it only when `ir` is above the row's present
+// value.
 ResultRow& TakeRow(ProjectState& s, int row, double ir);
 
 // The present ratio of row 1..3.
@@ -22,8 +23,8 @@ double RowRatio(const ProjectState& s, int row);
 // irsection, the largest of the three rows.
 void CloseSectionRows(ProjectState& s);
 
-// Row 1 for the axial force alone, 6.2.3 (nplrd) and 6.2.4 (ncrd). `placed` writes the first check section
-// into the limit, "(0.00L; Ch 6.2.4)", as closed sections, angles and T sections have it.
+// Row 1 for the axial force alone, 6.2.3 (nplrd) and 6.2.4 (ncrd). `placed` writes the first check
+// section into the limit, "(0.00L; Ch 6.2.4)", as closed sections, angles and T sections have it.
 void ControlAxial(ProjectState& s, bool placed);
 
 // Row 3 for vzed against vbrd and vyed against vcyrd at check section k, 6.2.6.
@@ -43,13 +44,13 @@ struct SectionRoutines {
     void (*shear)(ProjectState& s);
     // alfaexp and betaexp, 6.2.9.1 (6).
     void (*exponents)(ProjectState& s);
-    // Called at each section after the forces are set: sections with a resistance per sign of My put the
-    // sign's classmy, myrd and moduli into the record. Null for symmetric sections.
+    // Called at each section after the forces are set: sections with a resistance per sign of My
+    // put the sign's classmy, myrd and moduli into the record. Null for symmetric sections.
     void (*enter)(ProjectState& s);
-    bool placed_axial;     // see ControlAxial
-    bool shear_labels;     // labels speak of MV where shear reduces
-    bool y_only;           // no Mz, no Vy (flat bar)
-    bool tube_exponents;   // exponents are written ")^2.00" and ")^2.0"
+    bool placed_axial;    // see ControlAxial
+    bool shear_labels;    // labels speak of MV where shear reduces
+    bool y_only;          // no Mz, no Vy (flat bar)
+    bool tube_exponents;  // exponents are written ")^2.00" and ")^2.0"
 };
 
 // The whole control. Reads ned, npts, xi and the section forces, the record and the switches.

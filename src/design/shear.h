@@ -1,6 +1,7 @@
 #pragma once
 
-// Shear of webs: moment reduction factor (EN 1993-1-1, 6.2.8 (3)) and shear buckling (EN 1993-1-5, 5).
+// Shear of webs: moment reduction factor (EN 1993-1-1, 6.2.8 (3)) and shear buckling (EN 1993-1-5,
+// 5).
 
 #include "core/project_state.h"
 
@@ -15,7 +16,8 @@ bool StockyInShear(const ProjectState& s, double hw, double t);
 // lambda_w of an unstiffened web, EN 1993-1-5, 5.3 (3): hw/(86.4 eps t).
 double WebSlenderness(const ProjectState& s, double hw, double t);
 
-// lambda_w with the transverse stiffeners of the state (webstiff, webstiffa), EN 1993-1-5, 5.3 (3), A.3.
+// lambda_w with the transverse stiffeners of the state (webstiff, webstiffa), EN 1993-1-5, 5.3 (3),
+// A.3.
 double WebSlendernessStiffened(const ProjectState& s, double hw, double t);
 
 // chi_w of EN 1993-1-5, Table 5.1, non-rigid end post.
