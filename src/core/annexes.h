@@ -1,0 +1,33 @@
+#pragma once
+
+// National annexes to EN 1993-1-1: codes, names, and the parameters each of them sets (partial
+// factors 6.1 (1), shear area factor EN 1993-1-5, 5.1 (2), lateral torsional buckling curve 6.3.2.3
+// (1)). The load factors of the annexes to EN 1990 stand in core/load_combination.
+
+#include "core/project_state.h"
+
+#include <string_view>
+
+namespace kestrum {
+
+constexpr int kAnnexes = 9;
+constexpr int kAnnexNo = 1, kAnnexSw = 2, kAnnexDk = 3, kAnnexUk = 4, kAnnexFi = 5, kAnnexNk = 7;
+constexpr int kAnnexUd = 8;  // the one annex whose parameters are the user's
+
+// Text of the annex list, such as "EC3 + NA/Norway"; empty outside the list.
+std::string_view AnnexName(int annexindex);
+
+// The list text without "EC3", " + NA/Norway", which the window title and the page head append.
+std::string_view AnnexSuffix(int annexindex);
+
+// "EU" is 0, "NO" 1 ..; an unknown code is 0.
+i16 AnnexIndexFromCode(std::string_view code);
+
+// The reverse; empty outside the list.
+std::string_view AnnexCodeFromIndex(int annexindex);
+
+// Sets gammam0, gammam1, neta, lamdalt0, beta, lamdalt0w, betaw; neta follows the fyk of this
+// moment [MPa]. NORSOK also sets loadcomb to 4. Does nothing for the user-defined annex.
+void ApplyAnnexMaterial(ProjectState& s, int annexindex);
+
+}  // namespace kestrum

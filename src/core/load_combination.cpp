@@ -1,0 +1,292 @@
+#include "core/load_combination.h"
+
+#include "core/annexes.h"
+#include "core/number_format.h"
+
+#include <array>
+#include <cstddef>
+
+namespace kestrum {
+
+namespace {
+
+struct AnnexFactors {
+    double g610g, g610q1, g610q2;
+    double g610ag, g610aq1, g610aq2;
+    double g610bg, xi;
+};
+
+constexpr std::array<AnnexFactors, kAnnexes> kFactors{{
+    {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.85},   // EU
+    {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.89},   // NO
+    {1.35, 1.5, 1.5, 1.35, 0.0, 0.0, 1.35, 0.89},   // SW
+    {1.1, 1.5, 1.5, 1.2, 0.0, 0.0, 1.0, 1.0},       // DK
+    {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.925},  // UK
+    {1.1, 1.5, 1.5, 1.35, 0.0, 0.0, 1.15, 1.0},     // FI
+    {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.85},   // GE
+    {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.89},   // NK
+    {1.35, 1.5, 1.5, 1.1, 1.5, 1.5, 1.35, 0.85},    // UD, D26
+}};
+
+constexpr double kVariable610b = 1.5;  // Eq 6.10b, in every annex
+
+struct ClassFactors {
+    double g, q;
+};
+
+// K_FI of the reliability, safety or consequences class, EN 1990, B3.3.
+ClassFactors FactorsOfClass(int annexindex, int safetyclass, int loadcomb)
+{
+    switch (annexindex) {
+    case kAnnexNo:
+    case kAnnexNk:
+        return safetyclass == 1 ? ClassFactors{1, 0.9} : ClassFactors{1, 1};
+    case kAnnexSw:
+        return safetyclass == 1   ? ClassFactors{0.83, 0.83}
+               : safetyclass == 2 ? ClassFactors{0.91, 0.91}
+                                  : ClassFactors{1, 1};
+    case kAnnexDk:
+        if (safetyclass == 1 && loadcomb == kEq610) {
+            return {1, 1};
+        }
+        [[fallthrough]];
+    case kAnnexFi:
+        return safetyclass == 1   ? ClassFactors{0.9, 0.9}
+               : safetyclass == 2 ? ClassFactors{1, 1}
+                                  : ClassFactors{1.1, 1.1};
+    default:
+        return {1, 1};
+    }
+}
+
+std::string Psi(float value)
+{
+    return FormatNum(value, "0.0");
+}
+
+std::string Kfig(const ProjectState& s)
+{
+    return FormatNum(s.kfig, "0.0#");
+}
+
+std::string Kfiq(const ProjectState& s)
+{
+    return FormatNum(s.kfiq, "0.0#");
+}
+
+std::string UserText(std::string_view head, float g, float q1, float q2)
+{
+    constexpr std::string_view kFactor = "0.00";
+    return std::string(head) + FormatNum(g, kFactor) + "*G + " + FormatNum(q1, kFactor) + "*Q1 + " +
+           FormatNum(q2, kFactor) + "*Q2";
+}
+
+std::string StrengthText(const ProjectState& s, int loadcomb)
+{
+    switch (loadcomb) {
+    case kEq610:
+        return CombText610(s);
+    case kEq610a:
+        return CombText610a(s);
+    case kEq610b:
+        return CombText610b(s);
+    case kEq610ab:
+        return s.governing == 1 ? CombText610a(s) : CombText610b(s);
+    case kUserFactors:
+        return CombTextUls(s);
+    case kBasicLoads:
+        return CombTextBasic();
+    default:
+        return {};
+    }
+}
+
+}  // namespace
+
+std::string_view LoadCombinationName(int loadcomb)
+{
+    constexpr std::array<std::string_view, 6> kNames{"EN 1990 Eq 6.10",  "EN 1990 Eq 6.10a",
+                                                     "EN 1990 Eq 6.10b", "EN 1990 Eq 6.10a/b",
+                                                     "ULS/SLS",          "Basic loads"};
+    return loadcomb >= kEq610 && loadcomb <= kBasicLoads
+               ? kNames[static_cast<std::size_t>(loadcomb)]
+               : std::string_view{};
+}
+
+void SetPsi(ProjectState& s)
+{
+    s.psi1 = static_cast<float>((s.psi1index + 1) * 0.1);
+    s.psi2 = static_cast<float>((s.psi2index + 1) * 0.1);
+}
+
+void ApplyAnnexLoads(ProjectState& s, int annexindex)
+{
+    if (annexindex < 0 || annexindex >= kAnnexes) {
+        return;
+    }
+    const AnnexFactors& f = kFactors[static_cast<std::size_t>(annexindex)];
+    s.g610g = static_cast<float>(f.g610g);
+    s.g610q1 = static_cast<float>(f.g610q1);
+    s.g610q2 = static_cast<float>(f.g610q2);
+    s.g610ag = static_cast<float>(f.g610ag);
+    s.g610aq1 = static_cast<float>(f.g610aq1);
+    s.g610aq2 = static_cast<float>(f.g610aq2);
+    s.g610bg = static_cast<float>(f.g610bg);
+    s.xi610b = static_cast<float>(f.xi);
+    const ClassFactors k = FactorsOfClass(annexindex, s.safetyclass, s.loadcomb);
+    s.kfig = k.g;
+    s.kfiq = static_cast<float>(k.q);
+}
+
+LoadFactors StrengthFactors(const ProjectState& s, int loadcomb)
+{
+    const double kfig = s.kfig, kfiq = s.kfiq, psi1 = s.psi1, psi2 = s.psi2;
+    switch (loadcomb) {
+    case kEq610:
+        return {s.g610g * kfig, s.g610q1 * kfiq, s.g610q2 * kfiq * psi1};  // D28
+    case kEq610a:
+        return {s.g610ag * kfig, s.g610aq1 * kfiq * psi1, s.g610aq2 * kfiq * psi2};
+    case kEq610b:
+        return {static_cast<double>(s.xi610b) * s.g610bg * kfig, kVariable610b * kfiq,
+                kVariable610b * kfiq * psi2};
+    case kUserFactors:
+        return {s.lfulsg, s.lfulsq1, s.lfulsq2};
+    case kBasicLoads:
+        return {1, 1, 1};
+    default:
+        return {0, 0, 0};
+    }
+}
+
+LoadFactors ServiceFactors(const ProjectState& s, int loadcomb)
+{
+    switch (loadcomb) {
+    case kEq610:
+    case kEq610a:
+    case kEq610b:
+    case kEq610ab:
+        return {1, 1, s.psi2};
+    case kUserFactors:
+        return {s.lfslsg, s.lfslsq1, s.lfslsq2};
+    case kBasicLoads:
+        return {1, 1, 1};
+    default:
+        return {0, 0, 0};
+    }
+}
+
+std::string CombText610(const ProjectState& s)
+{
+    const std::string head = "ULS: Eq 6.10: LC = ", psi1 = Psi(s.psi1);
+    switch (s.annexindex) {
+    case kAnnexNo:
+    case kAnnexNk:
+        return head + "1.35*G + " + Kfiq(s) + "*1.5*Q1 + " + Kfiq(s) + "*1.5*" + psi1 + "*Q2";
+    case kAnnexSw:
+        return head + Kfig(s) + "*(1.35*G + 1.5*Q1 + 1.5*" + psi1 + "*Q2)";
+    case kAnnexDk:
+        return head + Kfig(s) + "(1.1*G + 1.5*Q1 + 1.5*" + psi1 + "*Q2)";
+    case kAnnexFi:
+        return head + " " + Kfig(s) + " (1.1*G + 1.5*Q1 + 1.5*" + psi1 + "*Q2)";
+    default:
+        return head + "1.35*G + 1.5*Q1 + 1.5*" + psi1 + "*Q2";
+    }
+}
+
+std::string CombText610a(const ProjectState& s)
+{
+    const std::string head = "ULS: Eq 6.10a: LC = ", psi1 = Psi(s.psi1), psi2 = Psi(s.psi2);
+    switch (s.annexindex) {
+    case kAnnexNo:
+    case kAnnexNk:
+        return head + "1.35*G +" + Kfiq(s) + "*1.5*" + psi1 + "*Q1 + " + Kfiq(s) + "*1.5*" + psi2 +
+               "*Q2";
+    case kAnnexSw:
+    case kAnnexFi:
+        return head + Kfig(s) + "*1.35*G";
+    case kAnnexDk:
+        return head + Kfig(s) + "*1.2*G";
+    default:  // the user-defined annex too, although its factor is 1.1 (D26)
+        return head + "1.35*G + 1.5*" + psi1 + "*Q1 + 1.5*" + psi2 + "*Q2";
+    }
+}
+
+std::string CombText610b(const ProjectState& s)
+{
+    const std::string head = "ULS: Eq 6.10b: LC = ", psi2 = Psi(s.psi2);
+    const std::string g610bg = FormatNum(s.g610bg, "0.0##");
+    const std::string permanent = FormatNum(s.xi610b, "0.0##") + "*" + g610bg + "*G";
+    switch (s.annexindex) {
+    case kAnnexNo:
+    case kAnnexNk: {
+        const std::string star =
+            s.annexindex == kAnnexNk ? "*" : "";  // the second star is on purpose
+        return head + permanent + " + " + Kfiq(s) + "*1.5*Q1 + " + Kfiq(s) + "*1.5*" + star + psi2 +
+               "*Q2";
+    }
+    case kAnnexSw:
+    case kAnnexDk:
+        return head + Kfig(s) + "*(" + permanent + " + 1.5*Q1 + 1.5*" + psi2 + "*Q2)";
+    case kAnnexFi:
+        return head + Kfig(s) + "*(" + g610bg + "*G + 1.5*Q1 +1.5*" + FormatNum(s.psi2, "0.0#") +
+               "*Q2)";
+    default:
+        return head + permanent + " + 1.5*Q1 + 1.5*" + psi2 + "*Q2";
+    }
+}
+
+std::string CombText614(const ProjectState& s)
+{
+    return "SLS: Eq 6.14a: LC = G + Q1 + " + Psi(s.psi2) + "*Q2";
+}
+
+std::string CombTextUls(const ProjectState& s)
+{
+    return UserText("ULS: ", s.lfulsg, s.lfulsq1, s.lfulsq2);
+}
+
+std::string CombTextSls(const ProjectState& s)
+{
+    return UserText("SLS: ", s.lfslsg, s.lfslsq1, s.lfslsq2);
+}
+
+std::string CombTextBasic()
+{
+    return "Basic loads: G + Q1 + Q2";
+}
+
+std::vector<std::string> ShowCombination(const ProjectState& s)
+{
+    switch (s.loadcomb) {
+    case kEq610:
+    case kEq610a:
+    case kEq610b:
+        return {StrengthText(s, s.loadcomb), CombText614(s)};
+    case kEq610ab:
+        return {CombText610a(s), CombText610b(s), CombText614(s)};
+    case kUserFactors:
+        return {CombTextUls(s), CombTextSls(s)};
+    case kBasicLoads:
+        return {CombTextBasic()};
+    default:
+        return {};
+    }
+}
+
+std::string GoverningText(const ProjectState& s)
+{
+    const bool en1990 = s.loadcomb >= kEq610 && s.loadcomb <= kEq610ab;
+    std::string text = "Governing Loadcase:";
+    text += en1990 ? " EN1990 " : " ";
+    text += StrengthText(s, s.loadcomb);
+    if (s.checksls != kFalse) {
+        if (en1990) {
+            text += " / EN1990 " + CombText614(s);
+        } else if (s.loadcomb == kUserFactors) {
+            text += " / " + CombTextSls(s);
+        }
+    }
+    return text;
+}
+
+}  // namespace kestrum
