@@ -1,0 +1,89 @@
+#include "render/export.h"
+
+#include "render/painter.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QMarginsF>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <QString>
+
+namespace kestrum {
+
+namespace {
+
+constexpr int kPdfResolution = 1200;  // fine enough for fonts given in whole device pixels
+constexpr double kMmPerInch = 25.4;
+
+// Saves the bytes whole: a temporary neighbour, then a rename.
+std::string Save(const QByteArray& bytes, const std::string& path)
+{
+    QSaveFile file(QString::fromStdString(path));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        return path + ": " + file.errorString().toStdString();
+    }
+    return {};
+}
+
+QPageLayout LayoutOf(const Drawing& page, double mm_per_unit)
+{
+    const QSizeF size(page.width * mm_per_unit, page.height * mm_per_unit);
+    return QPageLayout(QPageSize(size, QPageSize::Millimeter, {}, QPageSize::FuzzyMatch),
+                       QPageLayout::Portrait, QMarginsF(0, 0, 0, 0));
+}
+
+}  // namespace
+
+std::string WritePdf(const std::vector<Drawing>& pages, double mm_per_unit, const std::string& path)
+{
+    if (pages.empty()) {
+        return path + ": there is no page to write";
+    }
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&buffer);
+        writer.setResolution(kPdfResolution);
+        writer.setTitle(QString::fromStdString(pages.front().title));
+        writer.setCreator(QStringLiteral("Kestrum EC3"));
+        writer.setPageLayout(LayoutOf(pages.front(), mm_per_unit));
+        QPainter painter(&writer);
+        const double scale = kPdfResolution / kMmPerInch * mm_per_unit;
+        for (std::size_t i = 0; i < pages.size(); ++i) {
+            if (i > 0) {
+                writer.setPageLayout(LayoutOf(pages[i], mm_per_unit));
+                writer.newPage();
+            }
+            Paint(painter, pages[i], scale, {0, 0}, PaperColours());
+        }
+    }
+    return Save(buffer.data(), path);
+}
+
+std::string WritePng(const Drawing& drawing, double pixels_per_unit, const std::string& path)
+{
+    const QSize size(qRound(drawing.width * pixels_per_unit),
+                     qRound(drawing.height * pixels_per_unit));
+    QImage image(size, QImage::Format_RGB32);
+    if (image.isNull()) {
+        return path + ": the picture has no size";
+    }
+    image.fill(Qt::white);
+    {
+        QPainter painter(&image);
+        Paint(painter, drawing, pixels_per_unit, {0, 0}, PaperColours());
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "PNG")) {
+        return path + ": the picture could not be written as PNG";
+    }
+    return Save(bytes, path);
+}
+
+}  // namespace kestrum

@@ -1,0 +1,23 @@
+// The module that the command line loads when it is asked for PDF or PNG; it keeps Qt out of
+// `kestrum`.
+
+#include "render/module.h"
+
+#include "render/export.h"
+
+#include <QGuiApplication>
+
+extern "C" const char* KestrumRender(const kestrum::RenderJob* job)
+{
+    static std::string problem;
+    static int arguments = 1;
+    static char name[] = "kestrum";
+    static char* argument_list[] = {name, nullptr};
+    if (QGuiApplication::instance() == nullptr) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        static const QGuiApplication application(arguments, argument_list);
+    }
+    problem = job->pdf ? kestrum::WritePdf(*job->pages, job->mm_per_unit, *job->path)
+                       : kestrum::WritePng(job->pages->front(), job->pixels_per_unit, *job->path);
+    return problem.c_str();
+}

@@ -1,0 +1,95 @@
+#include "render/export.h"
+#include "render/painter.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace kestrum {
+namespace {
+
+Drawing Sample()
+{
+    Drawing page{210, 297, "Sample page", {}};
+    page.marks.push_back(LineMark{{10, 10}, {200, 10}, Ink::text, 0.4});
+    page.marks.push_back(PolygonMark{
+        {{{20, 20}, {60, 20}, {60, 60}, {20, 60}}, {{30, 30}, {50, 30}, {50, 50}, {30, 50}}}});
+    page.marks.push_back(CircleMark{{100, 100}, 10, Ink::load, 0.3});
+    page.marks.push_back(TextMark{{20, 100}, "IR = 0.85 < 1.0", 5});
+    return page;
+}
+
+// The committed width table places the text, the painter draws it: they must agree.
+TEST(TextWidthTable, AgreesWithThePaintersFont)
+{
+    QFont font(QStringLiteral("Liberation Sans"));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setPixelSize(2048);
+    for (const bool bold : {false, true}) {
+        font.setBold(bold);
+        ASSERT_EQ(QFontInfo(font).family(), QStringLiteral("Liberation Sans"))
+            << "package fonts-liberation2 is missing";
+        const QFontMetricsF metrics(font);
+        for (const char c : std::string("ABCXYZabcxyz0123456789.,/()[]+-*=<>^% :;")) {
+            const double painted = metrics.horizontalAdvance(QChar::fromLatin1(c));
+            EXPECT_NEAR(TextWidth(std::string(1, c), 2048, bold), painted, 2.0)
+                << c << " bold " << bold;
+        }
+    }
+}
+
+TEST(Paint, FillsAPolygonWithAHoleByTheEvenOddRule)
+{
+    QImage image(210, 297, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    {
+        QPainter painter(&image);
+        Paint(painter, Sample(), 1.0, {0, 0}, PaperColours());
+    }
+    EXPECT_NE(image.pixelColor(25, 40), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(40, 40), QColor(Qt::white));
+}
+
+TEST(WritePdf, WritesOnePageADrawingWithTitleAndCreator)
+{
+    const QTemporaryDir folder;
+    const std::string path = folder.filePath(QStringLiteral("x.pdf")).toStdString();
+    EXPECT_EQ(WritePdf({Sample(), Sample()}, 1.0, path), "");
+    QFile file(QString::fromStdString(path));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    EXPECT_TRUE(bytes.startsWith("%PDF-"));
+    EXPECT_TRUE(bytes.contains("/Count 2"));
+}
+
+TEST(WritePng, HasTheAskedResolution)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("x.png"));
+    EXPECT_EQ(WritePng(Sample(), 2.0, path.toStdString()), "");
+    EXPECT_EQ(QImage(path).size(), QSize(420, 594));
+}
+
+TEST(Export, SaysWhereItCouldNotWrite)
+{
+    EXPECT_NE(WritePdf({Sample()}, 1.0, "/nowhere/x.pdf").find("/nowhere/x.pdf"),
+              std::string::npos);
+    EXPECT_NE(WritePng(Sample(), 1.0, "/nowhere/x.png").find("/nowhere/x.png"), std::string::npos);
+    EXPECT_NE(WritePdf({}, 1.0, "/tmp/x.pdf"), "");
+}
+
+}  // namespace
+}  // namespace kestrum
+
+int main(int argc, char** argv)
+{
+    ::testing::InitGoogleTest(&argc, argv);
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
