@@ -1,0 +1,15 @@
+#pragma once
+
+// Geometry and properties of rolled channels from their tables. Each routine fills the section
+// record completely. ecg is the centroid from the web back, ys the rest of the way to the shear
+// centre as the table counts it, so that ecg + ys is the distance between the two (D54 for UPE).
+
+#include "core/library.h"
+
+namespace kestrum {
+
+void PropertiesUpe(const Library& library, ProjectState& s);             // 5
+void PropertiesUnp(const Library& library, ProjectState& s);             // 16
+void PropertiesBritishChannel(const Library& library, ProjectState& s);  // 103 CH, PFC
+
+}  // namespace kestrum

@@ -1,0 +1,13 @@
+#pragma once
+
+// Geometry and properties of rectangular hollow sections, hot finished (EN 10210-2) and cold formed
+// (EN 10219-2), and of the welded box. Each routine fills the section record completely.
+
+#include "core/library.h"
+
+namespace kestrum {
+
+void PropertiesHollow(const Library& library, ProjectState& s);  // 6 to 9
+void PropertiesBox(const Library& library, ProjectState& s);     // 23
+
+}  // namespace kestrum

@@ -1,0 +1,104 @@
+#include "sections/readprofiles.h"
+
+#include <bit>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+
+namespace kestrum {
+
+namespace {
+
+// In the order in which the files are read.
+constexpr std::array<TableShape, kTables> kShapes = {{
+    {Table::hea, "hea.dat", "HEA", 24, 29, 11, {1, 0, 0}, 24},
+    {Table::heb, "heb.dat", "HEB", 24, 29, 11, {1, 0, 0}, 24},
+    {Table::hem, "hem.dat", "HEM", 24, 29, 11, {1, 0, 0}, 24},
+    {Table::ipe, "ipe.dat", "IPE", 18, 20, 10, {1, 0, 0}, 18},
+    {Table::upe, "upe.dat", "UPE", 14, 16, 14, {1, 0, 0}, 14},
+    {Table::shs, "shs.dat", "RHS", 101, 116, 6, {1, 2, 0}, 101},
+    {Table::rhs, "rhs.dat", "RHS", 158, 166, 9, {1, 2, 3}, 158},
+    {Table::cfshs, "cfshs.dat", "CFRHS", 105, 116, 7, {1, 3, 0}, 105},
+    {Table::cfrhs, "cfrhs.dat", "CFRHS", 119, 146, 9, {1, 2, 3}, 119},
+    {Table::l1, "l1.dat", "L", 62, 66, 11, {1, 2, 0}, 62},
+    {Table::l2, "l2.dat", "L", 49, 51, 16, {1, 2, 3}, 49},
+    {Table::inp, "inp.dat", "INP", 21, 23, 11, {1, 0, 0}, 21},
+    {Table::unp, "unp.dat", "UNP", 16, 23, 15, {1, 0, 0}, 16},
+    {Table::l3, "l3.dat", "L", 11, 13, 6, {1, 2, 3}, 11},
+    {Table::hp, "hp.dat", "HP", 47, 48, 5, {1, 2, 0}, 47},
+    {Table::ub, "ub.dat", "UB", 81, 86, 19, {1, 2, 3}, 81},
+    // The loop over this file runs past the 17 rows of the series to the end of the array.
+    {Table::ubp, "ubp.dat", "UBP", 17, 18, 19, {1, 2, 3}, 18},
+    {Table::uc, "uc.dat", "UC", 31, 31, 19, {1, 2, 3}, 31},
+    {Table::j, "j.dat", "J", 13, 21, 19, {1, 2, 3}, 13},
+    {Table::ch, "ch.dat", "CH", 17, 18, 22, {1, 2, 3}, 17},
+    {Table::pfc, "pfc.dat", "PFC", 16, 18, 21, {1, 2, 3}, 16},
+}};
+
+constexpr bool InOrder()
+{
+    for (std::size_t i = 0; i < kTables; ++i) {
+        const TableShape& shape = kShapes[i];
+        if (static_cast<std::size_t>(shape.table) != i || shape.rows > shape.readrows ||
+            shape.readrows > shape.reserved) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(InOrder());
+
+float LittleEndianFloat(const char* bytes)
+{
+    std::uint32_t bits = 0;
+    for (int i = 3; i >= 0; --i) {
+        bits = (bits << 8) | static_cast<unsigned char>(bytes[i]);
+    }
+    return std::bit_cast<float>(bits);
+}
+
+}  // namespace
+
+const TableShape& ShapeOf(Table table)
+{
+    return kShapes[static_cast<std::size_t>(table)];
+}
+
+std::array<ProfileTable, kTables> EmptyTables()
+{
+    std::array<ProfileTable, kTables> tables;
+    for (const TableShape& shape : kShapes) {
+        ProfileTable& table = tables[static_cast<std::size_t>(shape.table)];
+        table.rows = shape.rows;
+        table.reserved = shape.reserved;
+        table.columns = shape.columns;
+        table.value.assign(static_cast<std::size_t>(shape.reserved * shape.columns), 0.0F);
+    }
+    return tables;
+}
+
+bool ReadProfile(const std::string& path, const TableShape& shape, ProfileTable& table)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        return false;
+    }
+    const auto values = static_cast<std::size_t>(shape.readrows * shape.columns);
+    std::array<char, sizeof(float)> bytes;
+    for (std::size_t i = 0; i < values && file.read(bytes.data(), bytes.size()); ++i) {
+        table.value[i] = LittleEndianFloat(bytes.data());
+    }
+    return true;
+}
+
+std::array<ProfileTable, kTables> ReadProfiles(const std::string& folder)
+{
+    std::array<ProfileTable, kTables> tables = EmptyTables();
+    for (const TableShape& shape : kShapes) {
+        const std::filesystem::path path = std::filesystem::path(folder) / shape.file;
+        ReadProfile(path.string(), shape, tables[static_cast<std::size_t>(shape.table)]);
+    }
+    return tables;
+}
+
+}  // namespace kestrum

@@ -1,0 +1,40 @@
+#pragma once
+
+// The 21 binary profile tables: their shapes, and the reader.
+//
+// A file is a plain sequence of 32-bit little-endian floats, row after row. How many rows and
+// columns it holds stands here and never in the file; what follows the last row is ignored. Reading
+// runs with errors ignored: of a missing or short file the rows that could not be read stay zero,
+// and the calculation that uses one of them ends by its division by zero.
+
+#include "core/library.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace kestrum {
+
+struct TableShape {
+    Table table;
+    std::string_view file;    // in the data folder
+    std::string_view prefix;  // series name before the size key of a row
+    int rows;                 // offered for choice
+    int reserved;             // held in memory
+    int columns;
+    std::array<int, 3> key;  // columns of the size key, counted from 1; 0 none
+    int readrows;            // taken from the file
+};
+
+const TableShape& ShapeOf(Table table);
+
+// All tables of the shapes' size, every value zero.
+std::array<ProfileTable, kTables> EmptyTables();
+
+// Reads one file into a table of its shape. False when the file cannot be opened.
+bool ReadProfile(const std::string& path, const TableShape& shape, ProfileTable& table);
+
+// Reads all tables from one folder.
+std::array<ProfileTable, kTables> ReadProfiles(const std::string& folder);
+
+}  // namespace kestrum

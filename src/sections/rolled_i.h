@@ -1,0 +1,15 @@
+#pragma once
+
+// Geometry and properties of doubly symmetric I and H sections: rolled series from their tables,
+// the welded I from its plates. Each routine fills the section record completely.
+
+#include "core/library.h"
+
+namespace kestrum {
+
+void PropertiesRolledI(const Library& library, ProjectState& s);   // 1 HEA, 2 HEB, 3 HEM, 4 IPE
+void PropertiesInp(const Library& library, ProjectState& s);       // 15
+void PropertiesBritishI(const Library& library, ProjectState& s);  // 101 UB, UC, UBP; 102 J
+void PropertiesWeldedI(const Library& library, ProjectState& s);   // 21
+
+}  // namespace kestrum

@@ -1,0 +1,15 @@
+#pragma once
+
+// Geometry and properties of the sections that are entered as such: flat bar, circular tube and the
+// general profile, of which the user gives the properties themselves. Each routine fills the
+// section record completely.
+
+#include "core/library.h"
+
+namespace kestrum {
+
+void PropertiesFlatBar(const Library& library, ProjectState& s);  // 28
+void PropertiesTube(const Library& library, ProjectState& s);     // 31
+void PropertiesGeneral(const Library& library, ProjectState& s);  // 41
+
+}  // namespace kestrum

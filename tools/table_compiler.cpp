@@ -1,0 +1,134 @@
+// Turns a readable profile table into the binary one that the program reads.
+//
+//   kestrum-tables IN.csv OUT.dat
+//
+// The first line of the CSV names the columns and is skipped; every further line holds one row of
+// as many numbers. The output is the numbers as 32-bit little-endian IEEE 754 floats, row after
+// row, with nothing around them. A fault is reported as FILE:LINE: field N, and no output is
+// written.
+
+#include <algorithm>
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+std::vector<std::string_view> Split(std::string_view text, char separator)
+{
+    std::vector<std::string_view> parts;
+    for (;;) {
+        const std::size_t end = text.find(separator);
+        parts.push_back(text.substr(0, end));
+        if (end == std::string_view::npos) {
+            return parts;
+        }
+        text.remove_prefix(end + 1);
+    }
+}
+
+void Append(std::string& bytes, float value)
+{
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    for (int shift = 0; shift < 32; shift += 8) {
+        bytes.push_back(static_cast<char>((bits >> shift) & 0xFFU));
+    }
+}
+
+float Number(std::string_view field, const std::string& place)
+{
+    float value = 0;
+    const char* const end = field.data() + field.size();
+    const auto [stop, fault] = std::from_chars(field.data(), end, value);
+    if (fault != std::errc{} || stop != end || !std::isfinite(value)) {
+        throw std::runtime_error(place + "expected a number, found \"" + std::string(field) + "\"");
+    }
+    return value;
+}
+
+std::string Compile(const std::string& name, std::string_view text)
+{
+    std::string bytes;
+    std::size_t columns = 0;
+    std::size_t line_number = 0;
+    while (!text.empty()) {
+        const std::size_t length = std::min(text.find('\n'), text.size());
+        std::string_view line = text.substr(0, length);
+        text.remove_prefix(std::min(length + 1, text.size()));
+        if (line.ends_with('\r')) {
+            line.remove_suffix(1);
+        }
+        const std::string place = name + ":" + std::to_string(++line_number) + ": ";
+        const std::vector<std::string_view> fields = Split(line, ',');
+        if (line_number == 1) {
+            columns = fields.size();
+            continue;
+        }
+        if (fields.size() != columns) {
+            throw std::runtime_error(place + "expected " + std::to_string(columns) +
+                                     " fields, found " + std::to_string(fields.size()));
+        }
+        for (std::size_t i = 0; i < columns; ++i) {
+            Append(bytes, Number(fields[i], place + "field " + std::to_string(i + 1) + ": "));
+        }
+    }
+    if (bytes.empty()) {
+        throw std::runtime_error(name + ":1: expected a header line and at least one row");
+    }
+    return bytes;
+}
+
+std::string ReadFile(const std::string& name)
+{
+    std::ifstream in(name, std::ios::binary);
+    std::ostringstream text;
+    if (!in || !(text << in.rdbuf())) {
+        throw std::runtime_error(name + ": cannot be read");
+    }
+    return text.str();
+}
+
+// Beside the target first, then renamed over it, so that a table is never half written.
+void WriteFile(const std::string& name, const std::string& bytes)
+{
+    const std::string draft = name + ".tmp";
+    std::ofstream out(draft, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.close();
+    std::error_code fault;
+    if (out) {
+        std::filesystem::rename(draft, name, fault);
+    }
+    if (!out || fault) {
+        std::error_code ignored;
+        std::filesystem::remove(draft, ignored);
+        throw std::runtime_error(name + ": cannot be written");
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) {
+        std::cerr << "usage: kestrum-tables IN.csv OUT.dat\n";
+        return 2;
+    }
+    try {
+        WriteFile(argv[2], Compile(argv[1], ReadFile(argv[1])));
+    } catch (const std::exception& fault) {
+        std::cerr << "kestrum-tables: " << fault.what() << '\n';
+        return 1;
+    }
+    return 0;
+}
