@@ -1,0 +1,194 @@
+#include "core/field_table.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <type_traits>
+#include <vector>
+
+namespace kestrum {
+
+namespace {
+
+constexpr FieldRole kIn = FieldRole::input;
+constexpr FieldRole kSetup = FieldRole::setup;
+constexpr FieldRole kOut = FieldRole::derived;
+
+template <class T> constexpr FieldKind KindOf()
+{
+    if constexpr (std::is_same_v<T, float>) {
+        return FieldKind::single;
+    } else if constexpr (std::is_same_v<T, double>) {
+        return FieldKind::real;
+    } else if constexpr (std::is_same_v<T, i16>) {
+        return FieldKind::integer;
+    } else if constexpr (std::is_same_v<T, bool>) {
+        return FieldKind::truth;
+    } else if constexpr (std::is_same_v<T, std::string>) {
+        return FieldKind::text;
+    } else {
+        static_assert(std::is_same_v<T, Literal>);
+        return FieldKind::literal;
+    }
+}
+
+// Types as the record declares them; an array's element type.
+template <auto Member>
+using Declared = std::remove_cvref_t<decltype(std::declval<ProjectState&>().*Member)>;
+
+template <auto Member> constexpr Field Scalar(std::string_view name, FieldRole role)
+{
+    return {name,
+            KindOf<Declared<Member>>(),
+            role,
+            FieldShape::scalar,
+            0,
+            0,
+            [](ProjectState& s, int) -> void* { return &(s.*Member); }};
+}
+
+template <auto Form, auto Member> constexpr Field OfForm(std::string_view name)
+{
+    using Value = std::remove_cvref_t<decltype(std::declval<ProjectState&>().*Form.*Member)>;
+    return {
+        name, KindOf<Value>(), kIn, FieldShape::scalar, 0, 0, [](ProjectState& s, int) -> void* {
+            return &(s.*Form.*Member);
+        }};
+}
+
+template <Table Of> constexpr Field OfTable(std::string_view name)
+{
+    return {
+        name, FieldKind::integer, kIn, FieldShape::scalar, 0, 0, [](ProjectState& s, int) -> void* {
+            return &s.row[static_cast<std::size_t>(Of)];
+        }};
+}
+
+template <auto Member>
+constexpr Field Array(std::string_view name, FieldRole role, FieldShape shape, int first)
+{
+    using Store = Declared<Member>;
+    return {name,
+            KindOf<typename Store::value_type>(),
+            role,
+            shape,
+            first,
+            static_cast<int>(std::tuple_size_v<Store>) - 1,
+            [](ProjectState& s, int index) -> void* {
+                return &(s.*Member)[static_cast<std::size_t>(index)];
+            }};
+}
+
+#define FIELD(name, role) Scalar<&ProjectState::name>(#name, role)
+#define FORM(form, name)                                                                           \
+    OfForm<&ProjectState::form, &decltype(ProjectState::form)::name>(#form "." #name)
+#define ROW(table) OfTable<Table::table>("row." #table)
+#define ROWS(name, role, first) Array<&ProjectState::name>(#name, role, FieldShape::array, first)
+#define SECTIONS(name) Array<&ProjectState::name>(#name, kOut, FieldShape::checksections, 0)
+
+constexpr Field kFields[] = {
+#include "core/field_list.inc"
+};
+
+#undef FIELD
+#undef FORM
+#undef ROW
+#undef ROWS
+#undef SECTIONS
+
+// Places in kFields, sorted by name.
+const std::vector<std::size_t>& ByName()
+{
+    static const std::vector<std::size_t> kSorted = [] {
+        std::vector<std::size_t> places(std::size(kFields));
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            places[i] = i;
+        }
+        std::sort(places.begin(), places.end(),
+                  [](std::size_t a, std::size_t b) { return kFields[a].name < kFields[b].name; });
+        return places;
+    }();
+    return kSorted;
+}
+
+const void* Locate(const ProjectState& s, const Field& field, int index)
+{
+    return field.locate(const_cast<ProjectState&>(s), index);  // looked at only
+}
+
+}  // namespace
+
+std::span<const Field> AllFields()
+{
+    return kFields;
+}
+
+const Field* FindField(std::string_view name)
+{
+    const auto& places = ByName();
+    const auto at = std::lower_bound(
+        places.begin(), places.end(), name,
+        [](std::size_t place, std::string_view wanted) { return kFields[place].name < wanted; });
+    return at != places.end() && kFields[*at].name == name ? &kFields[*at] : nullptr;
+}
+
+int LastIndex(const Field& field, const ProjectState& s)
+{
+    return field.shape == FieldShape::checksections ? std::clamp<int>(s.npts, 0, field.last)
+                                                    : field.last;
+}
+
+std::optional<FieldRef> ResolveField(std::string_view name)
+{
+    const std::size_t bracket = name.find('[');
+    const Field* field = FindField(name.substr(0, bracket));
+    if (field == nullptr) {
+        return std::nullopt;
+    }
+    if (bracket == std::string_view::npos) {
+        return field->shape == FieldShape::scalar ? std::optional(FieldRef{field, 0})
+                                                  : std::nullopt;
+    }
+    const char* const begin = name.data() + bracket + 1;
+    const char* const end = name.data() + name.size();
+    int index = -1;
+    const auto [rest, fault] = std::from_chars(begin, end, index);
+    const bool closed = fault == std::errc{} && rest + 1 == end && *rest == ']';
+    if (!closed || field->shape == FieldShape::scalar || index < field->first ||
+        index > field->last) {
+        return std::nullopt;
+    }
+    return FieldRef{field, index};
+}
+
+double NumberOf(const ProjectState& s, const Field& field, int index)
+{
+    const void* const at = Locate(s, field, index);
+    switch (field.kind) {
+    case FieldKind::single:
+        return *static_cast<const float*>(at);
+    case FieldKind::real:
+        return *static_cast<const double*>(at);
+    case FieldKind::integer:
+        return *static_cast<const i16*>(at);
+    case FieldKind::truth:
+        return *static_cast<const bool*>(at) ? 1 : 0;
+    default:
+        return 0;
+    }
+}
+
+std::string_view TextOf(const ProjectState& s, const Field& field)
+{
+    const void* const at = Locate(s, field, 0);
+    switch (field.kind) {
+    case FieldKind::text:
+        return *static_cast<const std::string*>(at);
+    case FieldKind::literal:
+        return static_cast<const Literal*>(at)->text();
+    default:
+        return {};
+    }
+}
+
+}  // namespace kestrum

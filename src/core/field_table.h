@@ -1,0 +1,73 @@
+#pragma once
+
+// Every field of the record under its canonical name, with type, place and role. The dump, the
+// assignment of single fields and the batch columns walk this table. Fields of the section forms
+// have dotted names ("p22.isth"), and so have the table rows ("row.hea"). The result rows are no
+// fields.
+
+#include "core/project_state.h"
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace kestrum {
+
+enum class FieldKind {
+    single,
+    real,
+    integer,
+    truth,
+    text,
+    literal
+};  // f32, f64, i16, bool, std::string, Literal
+
+enum class FieldRole {
+    input,   // kept in the project file
+    setup,   // kept in the stored setup only
+    derived  // set by the program: results, and what follows from an input
+};
+
+enum class FieldShape {
+    scalar,
+    array,          // all elements count
+    checksections,  // elements 0..npts count
+};
+
+struct Field {
+    std::string_view name;
+    FieldKind kind;
+    FieldRole role;
+    FieldShape shape;
+    int first;  // index of the first element that counts, 0 or 1; of a scalar 0
+    int last;   // index of the last one; of a scalar 0
+    void* (*locate)(ProjectState& s, int index);
+};
+
+// All fields in the order of the record.
+std::span<const Field> AllFields();
+
+// The field of this name, or null.
+const Field* FindField(std::string_view name);
+
+// Last index that counts in this state: `last`, or npts for the check sections.
+int LastIndex(const Field& field, const ProjectState& s);
+
+struct FieldRef {
+    const Field* field;
+    int index;
+};
+
+// "ned", "p22.isth", "qload[2]"; nothing for an unknown name, an index outside the array, an array
+// without an index or a scalar with one.
+std::optional<FieldRef> ResolveField(std::string_view name);
+
+// Value of a numeric or truth field (truth: 0 or 1).
+double NumberOf(const ProjectState& s, const Field& field, int index = 0);
+
+// Value of a text or literal field.
+std::string_view TextOf(const ProjectState& s, const Field& field);
+
+}  // namespace kestrum

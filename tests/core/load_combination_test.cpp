@@ -1,0 +1,321 @@
+#include "core/load_combination.h"
+
+#include "core/annexes.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kestrum {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+ProjectState Annexed(int annexindex, i16 safetyclass, i16 loadcomb)
+{
+    ProjectState s{};
+    s.annexindex = static_cast<i16>(annexindex);
+    s.safetyclass = safetyclass;
+    s.loadcomb = loadcomb;
+    s.psi1index = 6;
+    s.psi2index = 2;
+    SetPsi(s);
+    ApplyAnnexLoads(s, annexindex);
+    return s;
+}
+
+TEST(LoadFactors, PsiFollowsTheListIndex)
+{
+    ProjectState s{};
+    const float want[] = {0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.6f, 0.7f, 0.8f, 0.9f, 1.0f};
+    for (i16 i = 0; i < 10; ++i) {
+        s.psi1index = i;
+        s.psi2index = static_cast<i16>(9 - i);
+        SetPsi(s);
+        EXPECT_EQ(s.psi1, want[i]);
+        EXPECT_EQ(s.psi2, want[9 - i]);
+    }
+    s.psi1index = -1;
+    SetPsi(s);
+    EXPECT_EQ(s.psi1, 0.0f);
+}
+
+// EN 1990, Table A1.2(B), with the national choices.
+struct FactorCase {
+    const char* code;
+    float g610g, g610q1, g610q2, g610ag, g610aq1, g610aq2, g610bg, xi;
+};
+
+const FactorCase kFactorCases[] = {
+    {"EU", 1.35f, 1.5f, 1.5f, 1.35f, 1.5f, 1.5f, 1.35f, 0.85f},
+    {"NO", 1.35f, 1.5f, 1.5f, 1.35f, 1.5f, 1.5f, 1.35f, 0.89f},
+    {"SW", 1.35f, 1.5f, 1.5f, 1.35f, 0, 0, 1.35f, 0.89f},
+    {"DK", 1.1f, 1.5f, 1.5f, 1.2f, 0, 0, 1.0f, 1.0f},
+    {"UK", 1.35f, 1.5f, 1.5f, 1.35f, 1.5f, 1.5f, 1.35f, 0.925f},
+    {"FI", 1.1f, 1.5f, 1.5f, 1.35f, 0, 0, 1.15f, 1.0f},
+    {"GE", 1.35f, 1.5f, 1.5f, 1.35f, 1.5f, 1.5f, 1.35f, 0.85f},
+    {"NK", 1.35f, 1.5f, 1.5f, 1.35f, 1.5f, 1.5f, 1.35f, 0.89f},
+    {"UD", 1.35f, 1.5f, 1.5f, 1.1f, 1.5f, 1.5f, 1.35f, 0.85f},
+};
+
+TEST(LoadFactors, FollowTheAnnex)
+{
+    for (const FactorCase& c : kFactorCases) {
+        SCOPED_TRACE(c.code);
+        const ProjectState s = Annexed(AnnexIndexFromCode(c.code), 2, 0);
+        EXPECT_EQ(s.g610g, c.g610g);
+        EXPECT_EQ(s.g610q1, c.g610q1);
+        EXPECT_EQ(s.g610q2, c.g610q2);
+        EXPECT_EQ(s.g610ag, c.g610ag);
+        EXPECT_EQ(s.g610aq1, c.g610aq1);
+        EXPECT_EQ(s.g610aq2, c.g610aq2);
+        EXPECT_EQ(s.g610bg, c.g610bg);
+        EXPECT_EQ(s.xi610b, c.xi);
+    }
+}
+
+struct ClassCase {
+    const char* code;
+    double g[4], q[4];  // safetyclass 0 to 3, loadcomb 1
+};
+
+const ClassCase kClassCases[] = {
+    {"EU", {1, 1, 1, 1}, {1, 1, 1, 1}},
+    {"NO", {1, 1, 1, 1}, {1, 0.9, 1, 1}},
+    {"SW", {1, 0.83, 0.91, 1}, {1, 0.83, 0.91, 1}},
+    {"DK", {1.1, 0.9, 1, 1.1}, {1.1, 0.9, 1, 1.1}},
+    {"UK", {1, 1, 1, 1}, {1, 1, 1, 1}},
+    {"FI", {1.1, 0.9, 1, 1.1}, {1.1, 0.9, 1, 1.1}},
+    {"GE", {1, 1, 1, 1}, {1, 1, 1, 1}},
+    {"NK", {1, 1, 1, 1}, {1, 0.9, 1, 1}},
+    {"UD", {1, 1, 1, 1}, {1, 1, 1, 1}},
+};
+
+TEST(LoadFactors, FollowTheClass)
+{
+    for (const ClassCase& c : kClassCases) {
+        for (i16 safetyclass = 0; safetyclass <= 3; ++safetyclass) {
+            SCOPED_TRACE(std::string(c.code) + " class " + std::to_string(safetyclass));
+            const ProjectState s = Annexed(AnnexIndexFromCode(c.code), safetyclass, 1);
+            EXPECT_EQ(s.kfig, c.g[safetyclass]);
+            EXPECT_EQ(s.kfiq, static_cast<float>(c.q[safetyclass]));
+        }
+    }
+}
+
+TEST(LoadFactors, DanishClass1IsNotReducedInEq610)
+{
+    for (i16 loadcomb = 0; loadcomb <= 3; ++loadcomb) {
+        EXPECT_EQ(Annexed(kAnnexDk, 1, loadcomb).kfig, loadcomb == 0 ? 1.0 : 0.9) << loadcomb;
+        EXPECT_EQ(Annexed(kAnnexDk, 1, loadcomb).kfiq, loadcomb == 0 ? 1.0f : 0.9f) << loadcomb;
+        EXPECT_EQ(Annexed(kAnnexDk, 3, loadcomb).kfig, 1.1) << loadcomb;
+        EXPECT_EQ(Annexed(kAnnexFi, 1, loadcomb).kfig, 0.9) << loadcomb;
+    }
+}
+
+TEST(LoadFactors, UnknownAnnexChangesNothing)
+{
+    ProjectState s{};
+    ApplyAnnexLoads(s, 9);
+    ApplyAnnexLoads(s, -1);
+    EXPECT_EQ(s, ProjectState{});
+}
+
+void ExpectFactors(const LoadFactors& f, double g, double q1, double q2)
+{
+    EXPECT_NEAR(f.g, g, 1e-6);
+    EXPECT_NEAR(f.q1, q1, 1e-6);
+    EXPECT_NEAR(f.q2, q2, 1e-6);
+}
+
+TEST(LoadFactors, OfTheStrengthCombinations)
+{
+    // By hand, psi1 = 0.7, psi2 = 0.3.
+    const ProjectState eu = Annexed(0, 3, 0);
+    ExpectFactors(StrengthFactors(eu, 0), 1.35, 1.5, 1.05);
+    ExpectFactors(StrengthFactors(eu, 1), 1.35, 1.05, 0.45);
+    ExpectFactors(StrengthFactors(eu, 2), 1.1475, 1.5, 0.45);
+    ExpectFactors(StrengthFactors(eu, 5), 1, 1, 1);
+
+    const ProjectState fi = Annexed(kAnnexFi, 3, 2);
+    ExpectFactors(StrengthFactors(fi, 0), 1.21, 1.65, 1.155);
+    ExpectFactors(StrengthFactors(fi, 1), 1.485, 0, 0);
+    ExpectFactors(StrengthFactors(fi, 2), 1.265, 1.65, 0.495);
+}
+
+TEST(LoadFactors, SwedishClass1Eq610aCarriesPermanentLoadsAlone)
+{
+    ExpectFactors(StrengthFactors(Annexed(kAnnexSw, 1, 1), 1), 1.35 * 0.83, 0, 0);
+}
+
+TEST(LoadFactors, NorwegianClass1ReducesVariableLoadsOnly)
+{
+    ExpectFactors(StrengthFactors(Annexed(kAnnexNo, 1, 0), 0), 1.35, 1.35, 0.945);
+}
+
+TEST(LoadFactors, UserFactorsAndServiceability)
+{
+    ProjectState s = Annexed(0, 3, 4);
+    s.lfulsg = 1.2f;
+    s.lfulsq1 = 1.3f;
+    s.lfulsq2 = 0.7f;
+    s.lfslsg = 0.9f;
+    s.lfslsq1 = 0.8f;
+    s.lfslsq2 = 0.6f;
+    EXPECT_EQ(StrengthFactors(s, 4), (LoadFactors{1.2f, 1.3f, 0.7f}));
+    EXPECT_EQ(ServiceFactors(s, 4), (LoadFactors{0.9f, 0.8f, 0.6f}));
+    for (int loadcomb = 0; loadcomb <= 3; ++loadcomb) {
+        EXPECT_EQ(ServiceFactors(s, loadcomb), (LoadFactors{1, 1, s.psi2})) << loadcomb;
+    }
+    EXPECT_EQ(ServiceFactors(s, 5), (LoadFactors{1, 1, 1}));
+}
+
+TEST(LoadFactors, UnknownSelectorCombinesNothing)
+{
+    const ProjectState s = Annexed(0, 3, 0);
+    for (const int loadcomb : {-1, 6, 32767}) {
+        EXPECT_EQ(StrengthFactors(s, loadcomb), (LoadFactors{0, 0, 0}));
+        EXPECT_EQ(ServiceFactors(s, loadcomb), (LoadFactors{0, 0, 0}));
+    }
+    EXPECT_EQ(StrengthFactors(s, 3), (LoadFactors{0, 0, 0}));  // two combinations, none of its own
+}
+
+TEST(LoadFactors, D26UserDefinedEq610aTakesPermanentWith1_1)
+{
+    const ProjectState s = Annexed(kAnnexUd, 3, 1);
+    EXPECT_EQ(StrengthFactors(s, 1).g, static_cast<double>(1.1f));
+    EXPECT_EQ(CombText610a(s), "ULS: Eq 6.10a: LC = 1.35*G + 1.5*0.7*Q1 + 1.5*0.3*Q2");
+}
+
+TEST(LoadFactors, D27OneFactorOnPermanentLoads)
+{
+    // A relieving permanent load of 10 against a variable one of 20: -13.5 + 30; the standard, -10
+    // + 30.
+    const LoadFactors f = StrengthFactors(Annexed(0, 3, 0), 0);
+    EXPECT_NEAR(-10 * f.g + 20 * f.q1, 16.5, 1e-5);
+}
+
+TEST(LoadFactors, D28Eq610TakesPsi1OnQ2)
+{
+    const ProjectState s = Annexed(0, 3, 0);  // psi1 0.7, psi2 0.3
+    EXPECT_NEAR(StrengthFactors(s, 0).q2, 1.5 * 0.7, 1e-6);
+}
+
+struct TextCase {
+    const char* code;
+    i16 safetyclass;
+    const char* eq610;
+    const char* eq610a;
+    const char* eq610b;
+};
+
+const TextCase kTextCases[] = {
+    {"EU", 3, "ULS: Eq 6.10: LC = 1.35*G + 1.5*Q1 + 1.5*0.7*Q2",
+     "ULS: Eq 6.10a: LC = 1.35*G + 1.5*0.7*Q1 + 1.5*0.3*Q2",
+     "ULS: Eq 6.10b: LC = 0.85*1.35*G + 1.5*Q1 + 1.5*0.3*Q2"},
+    {"UK", 3, "ULS: Eq 6.10: LC = 1.35*G + 1.5*Q1 + 1.5*0.7*Q2",
+     "ULS: Eq 6.10a: LC = 1.35*G + 1.5*0.7*Q1 + 1.5*0.3*Q2",
+     "ULS: Eq 6.10b: LC = 0.925*1.35*G + 1.5*Q1 + 1.5*0.3*Q2"},
+    {"GE", 3, "ULS: Eq 6.10: LC = 1.35*G + 1.5*Q1 + 1.5*0.7*Q2",
+     "ULS: Eq 6.10a: LC = 1.35*G + 1.5*0.7*Q1 + 1.5*0.3*Q2",
+     "ULS: Eq 6.10b: LC = 0.85*1.35*G + 1.5*Q1 + 1.5*0.3*Q2"},
+    {"UD", 1, "ULS: Eq 6.10: LC = 1.35*G + 1.5*Q1 + 1.5*0.7*Q2",
+     "ULS: Eq 6.10a: LC = 1.35*G + 1.5*0.7*Q1 + 1.5*0.3*Q2",
+     "ULS: Eq 6.10b: LC = 0.85*1.35*G + 1.5*Q1 + 1.5*0.3*Q2"},
+    {"NO", 1, "ULS: Eq 6.10: LC = 1.35*G + 0.9*1.5*Q1 + 0.9*1.5*0.7*Q2",
+     "ULS: Eq 6.10a: LC = 1.35*G +0.9*1.5*0.7*Q1 + 0.9*1.5*0.3*Q2",
+     "ULS: Eq 6.10b: LC = 0.89*1.35*G + 0.9*1.5*Q1 + 0.9*1.5*0.3*Q2"},
+    {"NK", 3, "ULS: Eq 6.10: LC = 1.35*G + 1.0*1.5*Q1 + 1.0*1.5*0.7*Q2",
+     "ULS: Eq 6.10a: LC = 1.35*G +1.0*1.5*0.7*Q1 + 1.0*1.5*0.3*Q2",
+     "ULS: Eq 6.10b: LC = 0.89*1.35*G + 1.0*1.5*Q1 + 1.0*1.5**0.3*Q2"},
+    {"SW", 2, "ULS: Eq 6.10: LC = 0.91*(1.35*G + 1.5*Q1 + 1.5*0.7*Q2)",
+     "ULS: Eq 6.10a: LC = 0.91*1.35*G",
+     "ULS: Eq 6.10b: LC = 0.91*(0.89*1.35*G + 1.5*Q1 + 1.5*0.3*Q2)"},
+    {"DK", 3, "ULS: Eq 6.10: LC = 1.1(1.1*G + 1.5*Q1 + 1.5*0.7*Q2)",
+     "ULS: Eq 6.10a: LC = 1.1*1.2*G", "ULS: Eq 6.10b: LC = 1.1*(1.0*1.0*G + 1.5*Q1 + 1.5*0.3*Q2)"},
+    {"FI", 1, "ULS: Eq 6.10: LC =  0.9 (1.1*G + 1.5*Q1 + 1.5*0.7*Q2)",
+     "ULS: Eq 6.10a: LC = 0.9*1.35*G", "ULS: Eq 6.10b: LC = 0.9*(1.15*G + 1.5*Q1 +1.5*0.3*Q2)"},
+};
+
+TEST(CombinationTexts, NameTheFactorsOfTheAnnex)
+{
+    for (const TextCase& c : kTextCases) {
+        SCOPED_TRACE(c.code);
+        const ProjectState s = Annexed(AnnexIndexFromCode(c.code), c.safetyclass, 1);
+        EXPECT_EQ(CombText610(s), c.eq610);
+        EXPECT_EQ(CombText610a(s), c.eq610a);
+        EXPECT_EQ(CombText610b(s), c.eq610b);
+        EXPECT_EQ(CombText614(s), "SLS: Eq 6.14a: LC = G + Q1 + 0.3*Q2");
+    }
+}
+
+TEST(CombinationTexts, OfTheUserFactorsHaveTwoDecimals)
+{
+    ProjectState s{};
+    s.lfulsg = 1;
+    s.lfulsq1 = 1.3f;
+    s.lfulsq2 = 0.7f;
+    s.lfslsg = 0.05f;
+    s.lfslsq1 = 0.005f;
+    s.lfslsq2 = 3.99f;
+    EXPECT_EQ(CombTextUls(s), "ULS: 1.00*G + 1.30*Q1 + 0.70*Q2");
+    EXPECT_EQ(CombTextSls(s), "SLS: 0.05*G + 0.01*Q1 + 3.99*Q2");
+    EXPECT_EQ(CombTextBasic(), "Basic loads: G + Q1 + Q2");
+}
+
+TEST(CombinationTexts, ListFollowsTheSelector)
+{
+    ProjectState s = Annexed(0, 3, 0);
+    EXPECT_THAT(ShowCombination(s), ElementsAre(CombText610(s), CombText614(s)));
+    s.loadcomb = 1;
+    EXPECT_THAT(ShowCombination(s), ElementsAre(CombText610a(s), CombText614(s)));
+    s.loadcomb = 2;
+    EXPECT_THAT(ShowCombination(s), ElementsAre(CombText610b(s), CombText614(s)));
+    s.loadcomb = 3;
+    EXPECT_THAT(ShowCombination(s), ElementsAre(CombText610a(s), CombText610b(s), CombText614(s)));
+    s.loadcomb = 4;
+    EXPECT_THAT(ShowCombination(s), ElementsAre(CombTextUls(s), CombTextSls(s)));
+    s.loadcomb = 5;
+    EXPECT_THAT(ShowCombination(s), ElementsAre(CombTextBasic()));
+    s.loadcomb = 6;
+    EXPECT_THAT(ShowCombination(s), IsEmpty());
+}
+
+TEST(CombinationTexts, SelectorNames)
+{
+    EXPECT_EQ(LoadCombinationName(0), "EN 1990 Eq 6.10");
+    EXPECT_EQ(LoadCombinationName(3), "EN 1990 Eq 6.10a/b");
+    EXPECT_EQ(LoadCombinationName(4), "ULS/SLS");
+    EXPECT_EQ(LoadCombinationName(5), "Basic loads");
+    EXPECT_EQ(LoadCombinationName(-1), "");
+    EXPECT_EQ(LoadCombinationName(6), "");
+}
+
+TEST(GoverningText, NamesTheCombinationInForce)
+{
+    ProjectState s = Annexed(0, 3, 0);
+    const std::string head = "Governing Loadcase: EN1990 ";
+    EXPECT_EQ(GoverningText(s), head + CombText610(s));
+    s.checksls = kTrue;
+    EXPECT_EQ(GoverningText(s), head + CombText610(s) + " / EN1990 " + CombText614(s));
+    s.loadcomb = 1;
+    EXPECT_EQ(GoverningText(s), head + CombText610a(s) + " / EN1990 " + CombText614(s));
+    s.loadcomb = 2;
+    EXPECT_EQ(GoverningText(s), head + CombText610b(s) + " / EN1990 " + CombText614(s));
+    s.loadcomb = 4;
+    EXPECT_EQ(GoverningText(s), "Governing Loadcase: " + CombTextUls(s) + " / " + CombTextSls(s));
+    s.loadcomb = 5;
+    EXPECT_EQ(GoverningText(s), "Governing Loadcase: " + CombTextBasic());
+}
+
+TEST(GoverningText, NamesTheWorseOfTwoCombinations)
+{
+    ProjectState s = Annexed(0, 3, 3);
+    s.governing = 1;
+    EXPECT_EQ(GoverningText(s), "Governing Loadcase: EN1990 " + CombText610a(s));
+    s.governing = 2;
+    EXPECT_EQ(GoverningText(s), "Governing Loadcase: EN1990 " + CombText610b(s));
+}
+
+}  // namespace
+}  // namespace kestrum
