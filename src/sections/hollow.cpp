@@ -82,7 +82,7 @@ void PropertiesHollow(const Library& library, ProjectState& s)
     const bool cold = s.family == 8 || s.family == 9;
     const double h = s.h, b = s.b, t = s.tw;
     s.r = F32(CornerRadius(cold, t));
-    s.rin = F32(s.r - t);
+    s.rin = cold ? F32(s.r - t) : s.tw;
     s.d = F32(h - 2 * (t + s.rin));
     s.cflange = F32(b - 2 * (t + s.rin));
     s.hw = F32(h - 2 * t);
