@@ -48,4 +48,17 @@ double ChiWebEndPost(const ProjectState& s, double lambda)
     return 1.37 / (0.7 + lambda);
 }
 
+// Deviation D159: the panel length is webstiffa also without stiffeners (webstiff 0); the
+// standard's a is then the distance of the stiffeners at the supports.
+double FlangeShear(const ProjectState& s, double hw, double tw, double b, double tf)
+{
+    if (!(s.myed < s.mfrd)) {
+        return 0.0;
+    }
+    // The yield strengths of flange and web are equal and leave the quotient.
+    const double c = s.webstiffa * (0.25 + 1.6 * b * tf * tf / (hw * hw * tw));  // mm
+    const double used = s.myed / s.mfrd;
+    return b * tf * tf * s.fyk / (c * s.gammam1) * (1 - used * used) / 1000;
+}
+
 }  // namespace kestrum

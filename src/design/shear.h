@@ -26,4 +26,9 @@ double ChiWeb(const ProjectState& s, double lambda);
 // chi_w with the end post of the state (endstiff).
 double ChiWebEndPost(const ProjectState& s, double lambda);
 
+// Vbf, kN, of EN 1993-1-5, 5.4 (1): what the flanges add to a buckling web while the moment of the
+// section in hand, myed, is below mfrd; else 0. `tw`: of all webs together; b, tf: the weaker
+// flange, mm.
+double FlangeShear(const ProjectState& s, double hw, double tw, double b, double tf);
+
 }  // namespace kestrum
