@@ -1,0 +1,13 @@
+#pragma once
+
+// Geometry and properties of welded sections with two webs and unequal flanges: the hat beams with
+// a bottom flange on both sides (family 24) or on one side (25), and the box (27).
+
+#include "core/library.h"
+
+namespace kestrum {
+
+void PropertiesHsq(const Library& library, ProjectState& s);         // 24, 25
+void PropertiesUnequalBox(const Library& library, ProjectState& s);  // 27
+
+}  // namespace kestrum

@@ -1,0 +1,13 @@
+#pragma once
+
+// Geometry and properties of a strip of plate with one stiffener: flat bar (family 51), rolled
+// angle (52), welded angle (53), bulb flat (54), T (56). Counted from the face of the plate, which
+// is the top; stiffener flange below.
+
+#include "core/library.h"
+
+namespace kestrum {
+
+void PropertiesPlate(const Library& library, ProjectState& s);
+
+}  // namespace kestrum

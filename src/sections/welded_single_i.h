@@ -1,0 +1,11 @@
+#pragma once
+
+// Geometry and properties of the welded I with unequal flanges (family 22).
+
+#include "core/library.h"
+
+namespace kestrum {
+
+void PropertiesSingleSymmetricI(const Library& library, ProjectState& s);
+
+}  // namespace kestrum

@@ -1,0 +1,11 @@
+#pragma once
+
+// Geometry and properties of the welded T (family 26), counted from the face of the flange.
+
+#include "core/library.h"
+
+namespace kestrum {
+
+void PropertiesT(const Library& library, ProjectState& s);
+
+}  // namespace kestrum
