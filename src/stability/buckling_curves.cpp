@@ -1,0 +1,139 @@
+#include "stability/buckling_curves.h"
+
+#include "core/arithmetic_trap.h"
+
+namespace kestrum {
+namespace {
+
+struct Curve {
+    Literal name;
+    double alpha;  // imperfection factor, Table 6.1
+};
+
+constexpr Curve kA0{"a0", 0.13};
+constexpr Curve kA{"a", 0.21};
+constexpr Curve kB{"b", 0.34};
+constexpr Curve kC{"c", 0.49};
+constexpr Curve kD{"d", 0.76};
+
+// Null: the axis keeps the curve it has.
+struct Pair {
+    const Curve* y;
+    const Curve* z;
+};
+
+// Deviation D203: the better curves of S460 begin above 440 MPa. Table 6.2 has them for S460 only,
+// so that a typed strength between 440 and 460 gets them early, and S460 with a strength reduced to
+// 440 or less for its thickness does not get them.
+bool HighStrength(const ProjectState& s)
+{
+    return s.fyk > 440.0f;
+}
+
+Pair RolledI(const ProjectState& s)
+{
+    const double b = s.b;
+    const bool high = HighStrength(s);
+    if (1.2 * b < s.h) {
+        if (s.tf <= 40.0f) {
+            return high ? Pair{&kA0, &kA0} : Pair{&kA, &kB};
+        }
+        return high ? Pair{&kA, &kA} : Pair{&kB, &kC};
+    }
+    if (s.tf <= 100.0f) {
+        return high ? Pair{&kA, &kA} : Pair{&kB, &kC};
+    }
+    return high ? Pair{&kC, &kC} : Pair{&kD, &kD};
+}
+
+// Deviation D204: curve b for slender plates (b/tf or h/tw from 30 on) and with the thick weld
+// option, c otherwise. Table 6.2 has b in general and c for thick welds of stocky plates.
+Pair Box(const ProjectState& s)
+{
+    const double b = s.b;
+    const double h = s.h;
+    const bool better = b / s.tf >= 30.0 || h / s.tw >= 30.0 || s.weldopt == 1;
+    return better ? Pair{&kB, &kB} : Pair{&kC, &kC};
+}
+
+// Deviation D205: British channels (103) and the families without a buckling check have no row; the
+// axis keeps name and factor of the run before, nothing after a start. Table 6.2 has c for
+// channels.
+Pair Automatic(const ProjectState& s)
+{
+    switch (s.family) {
+    case 1:
+    case 2:
+    case 3:
+    case 4:
+    case 15:
+    case 101:
+    case 102:
+        return RolledI(s);
+    case 5:
+    case 16:
+    case 26:
+    case 28:
+    case 8:
+    case 9:
+        return {&kC, &kC};
+    case 6:
+    case 7:
+        return HighStrength(s) ? Pair{&kA0, &kA0} : Pair{&kA, &kA};
+    case 10:
+    case 11:
+        return {&kB, &kB};
+    case 21:
+    case 22:
+    case 41:
+        return s.tmax <= 40.0f ? Pair{&kB, &kC} : Pair{&kC, &kD};
+    case 23:
+        return Box(s);
+    case 31:
+        if (s.tubehot != 1) {
+            return {&kC, &kC};
+        }
+        return HighStrength(s) ? Pair{&kA0, &kA0} : Pair{&kA, &kA};
+    default:
+        return {nullptr, nullptr};
+    }
+}
+
+const Curve* Chosen(int choice, const Curve* automatic)
+{
+    switch (choice) {
+    case 0:
+        return automatic;
+    case 1:
+        return &kA0;
+    case 2:
+        return &kA;
+    case 3:
+        return &kB;
+    case 4:
+        return &kC;
+    default:
+        return &kD;
+    }
+}
+
+}  // namespace
+
+// EN 1993-1-1, 6.3.1.2 (2), Tables 6.1, 6.2.
+//   in   bcy, bcz, family, b, h, tf, tw, tmax [mm], fyk [MPa], weldopt, tubehot
+//   out  curvey, curvez, alphay, alphaz [-]
+// Deviations D203, D204, D205: see above.
+void BucklingCurves(ProjectState& s)
+{
+    const Pair automatic = Automatic(s);
+    if (const Curve* y = Chosen(s.bcy, automatic.y)) {
+        s.curvey = y->name;
+        s.alphay = y->alpha;
+    }
+    if (const Curve* z = Chosen(s.bcz, automatic.z)) {
+        s.curvez = z->name;
+        s.alphaz = F32(z->alpha);
+    }
+}
+
+}  // namespace kestrum

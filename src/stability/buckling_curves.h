@@ -1,0 +1,13 @@
+#pragma once
+
+// Buckling curves of EN 1993-1-1, Tables 6.1 and 6.2: the curve of each axis by section, steel and
+// thickness, or as the user chose it.
+
+#include "core/project_state.h"
+
+namespace kestrum {
+
+// Sets curvey, alphay, curvez, alphaz.
+void BucklingCurves(ProjectState& s);
+
+}  // namespace kestrum

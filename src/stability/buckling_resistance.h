@@ -1,0 +1,19 @@
+#pragma once
+
+// Members in compression, EN 1993-1-1, 6.3.1: elastic critical forces, slenderness, reduction
+// factors and buckling resistances about y and z, for angles also about v and u, and the elastic
+// critical forces of torsional and torsional-flexural buckling.
+
+#include "core/project_state.h"
+
+namespace kestrum {
+
+// chi of Eq (6.49): 1 up to a slenderness of 0.2, never above 1.
+double ReductionFactor(double lam, double alpha);
+
+// ncrtf of sections whose shear centre is the centroid.
+constexpr double kNeverGoverns = 1e25f;
+
+void BucklingResistance(ProjectState& s);
+
+}  // namespace kestrum

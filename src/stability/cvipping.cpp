@@ -1,0 +1,326 @@
+#include "stability/cvipping.h"
+
+#include "core/arithmetic_trap.h"
+#include "design/p51bas_plate.h"
+#include "stability/constants.h"
+#include "stability/lt_factors.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace kestrum {
+namespace {
+
+bool IsPlate(const ProjectState& s)
+{
+    return s.family >= 51 && s.family <= 56;
+}
+
+bool HasSides(const ProjectState& s)
+{
+    return s.family == 22 || IsPlate(s);
+}
+
+double Quotient(double a, double b)
+{
+    return a / b;
+}
+
+// zload and zg, mm; positive above the centroid and the shear centre.
+// Deviation D213: the sign follows the level only. Under uplift a load on the bottom flange
+// destabilises, and is taken as stabilising here.
+void SetLoadLevel(ProjectState& s)
+{
+    s.zload = 0.0;
+    s.zg = 0.0;
+    if (IsPlate(s)) {
+        return;
+    }
+    if (s.family == 41) {
+        s.loadlevel = 2;
+        return;
+    }
+    const double h = s.h;
+    const bool single = s.family == 22;
+    switch (s.loadlevel) {
+    case 1:
+        s.zload = single ? h - s.zcog : h / 2.0;
+        break;
+    case 3:
+        s.zload = single ? -static_cast<double>(s.zcog) : -h / 2.0;
+        break;
+    case 4:
+        s.zload = s.za;
+        break;
+    default:
+        break;
+    }
+    s.zg = single ? s.zload - s.zshear : s.zload;
+}
+
+// Nmm; lever = C2 zg - C3 zj in mm, length in mm.
+double CriticalMoment(const ProjectState& s, double c1, double lever, double length)
+{
+    if (IsPlate(s)) {
+        return PlateMcr(s, length);
+    }
+    const double e = s.e;
+    const double iz = s.iz;
+    const double euler = kStabilityPi * kStabilityPi * e * iz;
+    const double squared = length * length;
+    const double torsion = squared * (e / kShearRatio) * s.it / euler;
+    return c1 * euler / squared * (std::sqrt(torsion + s.iw / iz + lever * lever) - lever);
+}
+
+// C3 zj, mm: asymmetry of the single-symmetric I.
+double Asymmetry(const ProjectState& s, double c3, bool top)
+{
+    if (s.family != 22) {
+        return 0.0;
+    }
+    return c3 * (top ? s.zjtop : s.zjbot);
+}
+
+double SideResistance(const ProjectState& s, bool top)
+{
+    if (!HasSides(s)) {
+        return s.myrdm1;
+    }
+    return top ? s.mytoprd : s.mybotrd;
+}
+
+// lambda_LT, Eq (6.56).
+float Slenderness(const ProjectState& s, double mcr, bool top)
+{
+    double w = s.wyused;
+    if (s.family == 22) {
+        w = top ? s.wytop : s.wybot;
+    } else if (IsPlate(s)) {
+        w = s.wybot;
+    }
+    return F32(std::sqrt(w * s.fyk / mcr));
+}
+
+double HeightOverWidth(const ProjectState& s, bool top)
+{
+    if (s.family == 22) {
+        return Quotient(s.h, top ? s.btop : s.bbot);
+    }
+    if (IsPlate(s)) {
+        return Quotient(s.hw, s.bbot);
+    }
+    return Quotient(s.h, s.b);
+}
+
+constexpr double kA = 0.21;
+constexpr double kB = 0.34;
+constexpr double kC = 0.49;
+constexpr double kD = 0.76;
+
+bool IsRolledI(const ProjectState& s)
+{
+    return (s.family >= 1 && s.family <= 4) || s.family == 15 || s.family == 101 || s.family == 102;
+}
+
+// Table 6.4.
+double AlphaGeneral(const ProjectState& s, bool top)
+{
+    if (IsRolledI(s)) {
+        return HeightOverWidth(s, top) <= 2.0 ? kA : kB;
+    }
+    const bool welded = s.family == 21 || s.family == 22 || (IsPlate(s) && s.family != 51);
+    return welded && HeightOverWidth(s, top) <= 2.0 ? kC : kD;
+}
+
+// Table 6.5.
+double AlphaRolled(const ProjectState& s, bool top)
+{
+    const bool stocky = HeightOverWidth(s, top) <= 2.0;
+    if (IsRolledI(s)) {
+        return stocky ? kB : kC;
+    }
+    return stocky ? kC : kD;
+}
+
+LtReduction Curve(const ProjectState& s, double mcr, float kc, bool top)
+{
+    if (IsPlate(s) || s.ltbcurve != 3) {
+        return LtCurveGeneral(s, mcr, top);
+    }
+    return LtCurveRolled(s, mcr, kc, top);
+}
+
+// A piece of the member with everything that belongs to its check.
+struct Piece {
+    i16 number;    // 1 .. restraints + 1; 0 the whole member
+    float moment;  // kNm
+    double c1, c2, c3, mcr;
+    float kc;
+    LtReduction reduction;
+    double resistance;  // kNm
+};
+
+void Complete(const ProjectState& s, Piece& piece, bool top)
+{
+    piece.kc = F32(1.0 / std::sqrt(piece.c1));
+    piece.reduction = Curve(s, piece.mcr, piece.kc, top);
+    piece.resistance = SideResistance(s, top);
+}
+
+void Keep(ProjectState& s, const Piece& piece)
+{
+    s.beampart = piece.number;
+    s.mydesignf = piece.moment;
+    s.mltrd = piece.resistance;
+    s.ltc1 = piece.c1;
+    s.ltc2 = piece.c2;
+    s.ltc3 = piece.c3;
+    s.mcr = piece.mcr;
+    s.kc = piece.kc;
+    s.lamlt = piece.reduction.lamlt;
+    s.xlt0 = piece.reduction.xlt0;
+    s.xlt = piece.reduction.xlt;
+    s.ffactor = piece.reduction.ffactor;
+}
+
+void WholeMember(ProjectState& s)
+{
+    const CFactors c = LtCFactors(s);
+    const bool top = s.mydesignf > 0;
+    s.lt = F32(static_cast<double>(s.ltbk) * s.l);
+    Piece piece{0, s.mydesignf, c.c1, c.c2, c.c3, 0, 0, {}, 0};
+    piece.mcr = CriticalMoment(s, c.c1, c.c2 * s.zg - Asymmetry(s, c.c3, top), s.lt * 1000.0);
+    Complete(s, piece, top);
+    Keep(s, piece);
+}
+
+// The diagram point nearest to restraint i of n + 1 equal parts.
+std::size_t PointAt(int i, int parts)
+{
+    return CheckedIndex(ToI16(50.0 * i / parts), kDiagramPoints);
+}
+
+Piece Segment(ProjectState& s, int number, double& ratio)
+{
+    const int parts = s.restraints + 1;
+    const float first = s.mydiag[PointAt(number - 1, parts)];
+    const float second = s.mydiag[PointAt(number, parts)];
+    const bool from_first = std::abs(first) >= std::abs(second);
+    const double big = from_first ? first : second;
+    const double small = from_first ? second : first;
+    const double r = big == 0 ? 0.0 : small / big;
+    const double mean = (static_cast<double>(first) + second) / 2.0;
+    const bool top = mean > 0;
+    const double k = s.ltbk;
+
+    Piece piece{static_cast<i16>(number), from_first ? first : second, 0, 0, 0, 0, 0, {}, 0};
+    piece.c1 = SegmentC1(r, k);
+    piece.c3 = SegmentC3(r, k, top ? s.psiftop : s.psifbot);
+    piece.mcr = CriticalMoment(s, piece.c1, -Asymmetry(s, piece.c3, top), s.lt * 1000.0);
+    Complete(s, piece, top);
+    ratio = std::abs(big / (piece.reduction.xlt * piece.resistance));
+
+    const std::size_t index = CheckedIndex(number, kSegments);
+    s.segc1[index] = piece.c1;
+    s.segc3[index] = piece.c3;
+    s.segmcr[index] = piece.mcr;
+    return piece;
+}
+
+// Deviation D201: a segment is checked for the moments at its ends. A larger moment between them,
+// as under a load inside the segment, is not seen; 6.3.2.1 (1) takes the design moment of the
+// segment.
+void Segments(ProjectState& s)
+{
+    const auto restraints = static_cast<int>(CheckedIndex(s.restraints, kSegments - 1));
+    s.lt = F32(static_cast<double>(s.ltbk) * s.l / (restraints + 1));
+    double highest = 0.0;
+    for (int number = 1; number <= restraints + 1; ++number) {
+        double ratio = 0.0;
+        const Piece piece = Segment(s, number, ratio);
+        if (ratio >= highest) {  // the last of equal ratios
+            highest = ratio;
+            Keep(s, piece);
+        }
+    }
+}
+
+}  // namespace
+
+// Eq (6.56), Table 6.4. There is neither a plateau nor a factor f.
+// Deviation D214: a reduction acts from a slenderness of 0.2 on; 6.3.2.2 (4) allows to leave it out
+// up to lamLT0.
+LtReduction LtCurveGeneral(const ProjectState& s, double mcr, bool top)
+{
+    const float lamlt = Slenderness(s, mcr, top);
+    const double lam = lamlt;
+    const double phi = 0.5 * (1.0 + AlphaGeneral(s, top) * (lam - 0.2) + lam * lam);
+    const double root = std::sqrt(std::max(0.0, phi * phi - lam * lam));
+    const double xlt = std::min(1.0, 1.0 / (phi + root));
+    return {lamlt, xlt, xlt, 1.0f};
+}
+
+// Eq (6.57), (6.58), Table 6.5. Families without this curve get no reduction.
+//   in   wyused or the modulus of the side [mm3], fyk [MPa], h, b or btop, bbot [mm], lamdalt0,
+//   beta,
+//        lamdalt0w, betaw, kc
+//
+// Deviation D215: the double-symmetric welded I (21) and the general profile (41) take the
+// parameters of rolled sections; National Annexes may give welded ones a lower plateau. Deviation
+// D216: kc above 1, as C1 below 1 gives it, makes f fall below 1 at lamlt above 1.507 and even
+// negative beyond 3; kc of Table 6.6 is never above 1, and f stays 1.
+LtReduction LtCurveRolled(const ProjectState& s, double mcr, float kc, bool top)
+{
+    const bool covered = IsRolledI(s) || s.family == 21 || s.family == 22 || s.family == 41;
+    if (!covered) {
+        return {s.lamlt, 1.0, 1.0, 1.0f};
+    }
+    const float lamlt = Slenderness(s, mcr, top);
+    const double lam = lamlt;
+    const bool single = s.family == 22;
+    const double plateau = single ? s.lamdalt0w : s.lamdalt0;
+    const double beta = single ? s.betaw : s.beta;
+    const double cap = 1.0 / (lam * lam);
+
+    const double phi = 0.5 * (1.0 + AlphaRolled(s, top) * (lam - plateau) + beta * lam * lam);
+    const double root = std::sqrt(std::max(0.0, phi * phi - beta * lam * lam));
+    double xlt0 = std::min(1.0, 1.0 / (phi + root));
+    if (!single) {
+        xlt0 = std::min(xlt0, cap);
+    }
+    const double bow = (lam - 0.8) * (lam - 0.8);
+    const float f = F32(std::min(1.0, 1.0 - 0.5 * (1.0 - kc) * (1.0 - 2.0 * bow)));
+    return {lamlt, xlt0, std::min({xlt0 / f, cap, 1.0}), f};
+}
+
+// EN 1993-1-1, 6.3.2.
+//   in   loadmode, restraints, ltbk, l [m], ltbcurve, loadlevel, za [mm], section and resistances,
+//        mydesignf [kNm], mydiag [kNm]
+//   out  beampart, mydesignf, mltrd [kNm], ltc1..3, kc, lt [m], zg, zload [mm], mcr [Nmm], lamlt,
+//        xlt0, xlt, ffactor, segc1, segc3, segmcr
+// Deviations D201, D213: see above. More than five restraints stop the pass.
+void LateralTorsionalBuckling(ProjectState& s)
+{
+    SetLoadLevel(s);
+    if (s.loadmode == 1 && s.restraints == 0) {
+        WholeMember(s);
+    } else {
+        Segments(s);
+    }
+}
+
+// EN 1993-1-1, Annex A: lambda_0 of the uniform moment, with C1 from 1 (k = 1) to 1.05 (k = 0.5).
+//   in   ltbk, l [m], restraints, section, myrdm1 [kNm], gammam1, mymid [kNm]
+//   out  lt [m], mcr0 [Nmm], lam0
+void LtUniformMcr(ProjectState& s)
+{
+    const double k = (s.ltbk - 0.5) / 0.5;
+    const double c1 = 1.05 + k * (1.0 - 1.05);
+    const double c3 = 1.019 + k * (1.0 - 1.019);
+    s.lt = F32(static_cast<double>(s.ltbk) * s.l / (s.restraints + 1));
+    s.mcr0 = CriticalMoment(s, c1, -Asymmetry(s, c3, s.mymid > 0), s.lt * 1000.0);
+    s.lam0 = F32(std::sqrt(s.gammam1 * s.myrdm1 / s.mcr0 * 1e6));
+}
+
+}  // namespace kestrum

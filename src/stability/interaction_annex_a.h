@@ -1,0 +1,35 @@
+#pragma once
+
+// Interaction factors of members in bending and compression, EN 1993-1-1, 6.3.3 and Annex A.
+
+#include "core/project_state.h"
+
+namespace kestrum {
+
+// What Table A.2 asks about a moment diagram.
+struct MomentShape {
+    double first, last;  // end moments, kNm
+    bool curved, linear;
+    double psi;
+    double deflection, moment;  // largest sizes, mm and kNm
+};
+MomentShape ShapeY(const ProjectState& s);
+MomentShape ShapeZ(const ProjectState& s);
+
+// Cm,0 of Table A.2 for loads on the member and for end moments; n = NEd/Ncr.
+double CmLoads(const ProjectState& s, const MomentShape& shape, double inertia, double n);
+double CmEndMoments(double psi, double n);
+
+// mu/(1 - n) of the axis itself, mu = (1 - n)/(1 - chi n): finite at n = 1.
+double MuOverRest(double chi, double n);
+// 1 - n as a divisor: a force that equals a critical force leaves a huge factor, not a fault.
+double Rest(double n);
+
+// cmy0, cmz0.
+void CmAnnexALoads(ProjectState& s);
+void CmAnnexAForces(ProjectState& s);
+
+// cmy .. kzz; a force above a critical one sets errorflag and leaves.
+void KFactorsAnnexA(ProjectState& s);
+
+}  // namespace kestrum

@@ -1,0 +1,140 @@
+#include "stability/interaction_annex_b.h"
+
+#include "core/arithmetic_trap.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrum {
+namespace {
+
+// What Table B.3 asks about a moment diagram.
+struct Flags {
+    bool curved, span, linear;  // span: the mid moment exceeds both end moments in size
+};
+struct Ratios {
+    double psi;
+    double end;   // alpha_h, end moment over mid moment
+    double peak;  // alpha_s, mid moment over end moment
+};
+
+bool SpanGoverns(double mid, double first, double last)
+{
+    return std::abs(mid) > std::abs(first) && std::abs(mid) > std::abs(last);
+}
+
+double Cm(const Flags& flags, const Ratios& ratios)
+{
+    const double psi = ratios.psi;
+    if (flags.linear) {
+        return std::max(0.4, 0.6 + 0.4 * psi);
+    }
+    if (flags.span) {
+        const double end = ratios.end;
+        const double turned = end < 0 && psi < 0 ? 1.0 + 2.0 * psi : 1.0;
+        return flags.curved ? 0.95 + 0.05 * end * turned : 0.9 + 0.1 * end * turned;
+    }
+    const double peak = ratios.peak;
+    if (peak >= 0) {
+        return std::max(0.4, 0.2 + 0.8 * peak);
+    }
+    if (psi >= 0) {
+        return std::max(0.4, (flags.curved ? 0.1 : 0.0) - 0.8 * peak);
+    }
+    return std::max(0.4, (flags.curved ? 0.1 * (1.0 - psi) : 0.2 * -psi) - 0.8 * peak);
+}
+
+// The plastic kzz of I sections, channels, flat bars; of hollow sections. Others have none.
+bool IsISection(const ProjectState& s)
+{
+    return (s.family >= 1 && s.family <= 5) || s.family == 15 || s.family == 16 || s.family == 21 ||
+           s.family == 28 || s.family == 41 || (s.family >= 101 && s.family <= 103);
+}
+
+bool IsHollow(const ProjectState& s)
+{
+    return (s.family >= 6 && s.family <= 9) || s.family == 23 || s.family == 31;
+}
+
+double Capped(double cm, double slope, double ceiling, double n)
+{
+    return std::min(cm * (1.0 + slope * n), cm * (1.0 + ceiling * n));
+}
+
+// Table B.2, members prone to torsional deformation.
+double KzyTorsion(const ProjectState& s, double factor, double n)
+{
+    const double divisor = s.cmlt - 0.25;
+    return std::max(1.0 - factor * s.lamz / divisor * n, 1.0 - factor / divisor * n);
+}
+
+}  // namespace
+
+// Table B.3. An axis without loads takes the shape flags, not the ratios, of the other one.
+//   in   shape flags and ratios of both axes, my0, mymid, myl and twins [kNm], hasyloads,
+//   haszloads,
+//        openprofile
+//   out  cmy, cmz, cmlt; copied flags
+//
+// Deviation D221: the ratios take the smaller of the two end moments; Mh of Table B.3 is the
+// larger. Pinned-fixed members get 0.40 where the table gives 0.50 (uniform) and 0.67 (point load).
+void CmAnnexBLoads(ProjectState& s)
+{
+    bool spany = SpanGoverns(s.mymid, s.my0, s.myl);
+    bool spanz = SpanGoverns(s.mzmid, s.mz0, s.mzl);
+    if (s.hasyloads == kFalse) {
+        s.mycurved = s.mzcurved;
+        s.mylinear = s.mzlinear;
+        spany = spanz;
+    }
+    s.cmy = Cm({s.mycurved == kTrue, spany, s.mylinear == kTrue},
+               {s.psiy, s.myendratio, s.mypeakratio});
+    s.cmlt = s.openprofile == kTrue ? F32(s.cmy) : 1.0f;
+    if (s.haszloads == kFalse) {
+        s.mzcurved = s.mycurved;
+        s.mzlinear = s.mylinear;
+        spanz = spany;
+    }
+    s.cmz = Cm({s.mzcurved == kTrue, spanz, s.mzlinear == kTrue},
+               {s.psiz, s.mzendratio, s.mzpeakratio});
+}
+
+// Deviation D222: 0.6 for any pair of end moments, the value of psi = 0; Table B.3 gives 0.6 + 0.4
+// psi, up to 1.0 for equal ones.
+void CmAnnexBForces(ProjectState& s)
+{
+    s.cmy = 0.6;
+    s.cmz = 0.6;
+    s.cmlt = 0.6f;
+}
+
+// EN 1993-1-1, Tables B.1, B.2.
+//   in   ned, nbyrd, nbzrd [kN], lamy, lamz, cmy, cmz, cmlt, classmy, ltb
+//   out  kyy, kyz, kzy, kzz
+//
+// Deviation D223: the class of My alone picks the column; the standard takes the class of the
+// section. Deviation D224: the single-symmetric I (22) has no kzz in class 1 and 2; it keeps the
+// value of the run before, 0 after a start, and kyz with it. Deviation D225: kzy has no branch for
+// lamz below 0.4 (0.6 + lamz in Table B.2).
+void KFactorsAnnexB(ProjectState& s)
+{
+    const double ny = s.ned / s.nbyrd;
+    const double nz = s.ned / s.nbzrd;
+    if (s.classmy > 2) {
+        s.kyy = Capped(s.cmy, 0.6 * s.lamy, 0.6, ny);
+        s.kzy = s.ltb == 1 ? KzyTorsion(s, 0.05, nz) : 0.8 * s.kyy;
+        s.kzz = Capped(s.cmz, 0.6 * s.lamz, 0.6, nz);
+        s.kyz = s.kzz;
+        return;
+    }
+    s.kyy = Capped(s.cmy, s.lamy - 0.2, 0.8, ny);
+    s.kzy = s.ltb == 1 ? KzyTorsion(s, 0.1, nz) : 0.6 * s.kyy;
+    if (IsISection(s)) {
+        s.kzz = Capped(s.cmz, 2.0 * s.lamz - 0.6, 1.4, nz);
+    } else if (IsHollow(s)) {
+        s.kzz = Capped(s.cmz, s.lamz - 0.2, 0.8, nz);
+    }
+    s.kyz = 0.6 * s.kzz;
+}
+
+}  // namespace kestrum

@@ -1,0 +1,198 @@
+#include "stability/lt_factors.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+
+namespace kestrum {
+namespace {
+
+// Values at k = 1 and k = 0.5.
+struct Entry {
+    double full, half;
+};
+struct Row {
+    Entry c1, c2, c3;
+};
+
+constexpr Row kPinnedQ{{1.12, 0.97}, {0.45, 0.36}, {0.525, 0.478}};
+constexpr Row kPinnedP{{1.35, 1.05}, {0.59, 0.48}, {0.411, 0.338}};
+constexpr Row kFixedQ{{2.578, 0.712}, {1.562, 0.652}, {0.753, 1.07}};  // D210
+constexpr Row kFixedP{{1.565, 0.938}, {1.267, 0.715}, {2.645, 4.805}};
+constexpr Row kSpringPinnedP{{1.35, 1.07}, {0.59, 0.432}, {0.411, 0.338}};
+
+double AtLength(const Entry& entry, double k)
+{
+    const double t = (1.0 - k) / 0.5;
+    return entry.full - t * (entry.full - entry.half);
+}
+
+CFactors AtLength(const Row& row, double k)
+{
+    return {AtLength(row.c1, k), AtLength(row.c2, k), AtLength(row.c3, k)};
+}
+
+CFactors Mix(double share, const CFactors& first, const CFactors& second)
+{
+    return {share * first.c1 + (1.0 - share) * second.c1,
+            share * first.c2 + (1.0 - share) * second.c2,
+            share * first.c3 + (1.0 - share) * second.c3};
+}
+
+// The factor of the look-up is half of ltbk, because the picture of a cantilever has k = 2.
+CFactors Cantilever(const ProjectState& s)
+{
+    const bool spread = std::abs(s.mymid) > 1.2 * std::abs(s.my0 + s.myl) / 2.0;
+    return AtLength(spread ? kPinnedQ : kPinnedP, s.ltbk / 2.0);
+}
+
+CFactors BySupport(const ProjectState& s)
+{
+    const double k = s.ltbk;
+    const bool curved = s.mycurved == kTrue;
+    const double stiffness = s.spring / 100.0;
+    const CFactors pinned = AtLength(curved ? kPinnedQ : kPinnedP, k);
+    const CFactors fixed = AtLength(curved ? kFixedQ : kFixedP, k);
+    const CFactors spring = AtLength(curved ? kPinnedQ : kSpringPinnedP, k);
+
+    switch (s.supportcase) {
+    case 0:
+        return pinned;
+    case 1:
+        return Mix(0.5, pinned, fixed);
+    case 2:
+        return fixed;
+    case 3:
+        return Mix(stiffness, fixed, spring);
+    case 4:
+        return Cantilever(s);
+    case 5:
+        return Mix(stiffness, Mix(0.5, pinned, fixed), spring);
+    default:
+        return {};
+    }
+}
+
+constexpr std::size_t kRatios = 9;  // r = 1, 0.75 .. -1
+constexpr std::array<Entry, kRatios> kSegmentC1{{{1.0, 1.05},
+                                                 {1.14, 1.19},
+                                                 {1.31, 1.37},
+                                                 {1.52, 1.6},
+                                                 {1.77, 1.86},
+                                                 {2.06, 2.15},
+                                                 {2.35, 2.42},
+                                                 {2.6, 2.45},
+                                                 {2.6, 2.45}}};
+
+double SegmentLength(const Entry& entry, double k)
+{
+    return entry.half + (k - 0.5) / 0.5 * (entry.full - entry.half);
+}
+
+// C3 at k = 0.5 and k = 1. D212: the parameter t of the lowest and of the range -0.25 .. 0 does not
+// run from 0 to 1, so that the values step at the borders.
+Entry SegmentC3Entry(double r, double psif)
+{
+    if (r >= 0.75) {
+        return {1.0, 1.017 + 0.002 * (r - 0.75) / 0.25};
+    }
+    if (r >= 0.5) {
+        return {1.0, 1.0 + 0.017 * (r - 0.5) / 0.25};
+    }
+    if (r >= 0.0) {
+        return {1.0, 1.0};
+    }
+    const double upper = 1.3 - 1.2 * psif;
+    if (r >= -0.25) {
+        const double t = (r + 0.5) / 0.25;
+        return psif > 0 ? Entry{0.85 + 0.15 * t, 0.65 + 0.35 * t} : Entry{1.0, 1.0};
+    }
+    if (r >= -0.5) {
+        const double t = (r + 0.5) / 0.25;
+        if (psif > 0) {
+            const double lower = 0.77 - psif;
+            return {upper + t * (0.85 - upper), lower + t * (0.65 - lower)};
+        }
+        return {1.0, 0.95 + 0.05 * t};
+    }
+    const double t = (r + 0.75) / 0.25;
+    if (r >= -0.75) {
+        if (psif > 0) {
+            const double start = 0.55 - psif;
+            return {start + t * (upper - start), 0.35 - psif + t * 0.42};
+        }
+        return {1.0, 0.85 + 0.1 * t};
+    }
+    if (psif > 0) {
+        return {-psif + t * 0.55, -psif + t * (0.35 - psif - (-0.125 - 0.7 * psif))};
+    }
+    const double start = 0.125 - 0.7 * psif;
+    return {-psif + t * (1.0 + psif), start + t * (0.85 - start)};
+}
+
+}  // namespace
+
+// Elastic critical moment of a loaded member without restraints; EN 1993-1-1, 6.3.2.2 (2) leaves
+// the factors open. An unknown support case has none (the square root of C1 then stops the pass).
+//   in   supportcase, spring [%], ltbk, mycurved, my0, mymid, myl [kNm], cmanual, c1..c3, c1alt
+//
+// Deviation D210: fixed ends under uniform load have C1 = 2.578 at k = 1, where older rules had
+// 1.285.
+// Deviation D211: the values run on in a straight line beyond k = 1; at k = 2 C1 of fixed ends
+// reaches 6.31, for which there is no theory.
+CFactors LtCFactors(const ProjectState& s)
+{
+    CFactors c = s.cmanual != kFalse ? CFactors{s.c1, s.c2, s.c3} : BySupport(s);
+    if (s.c1alt != kFalse && s.mymaxabs != 0) {
+        c.c1 = LtAlternativeC1(s);
+    }
+    return c;
+}
+
+// ECCS, Rules for Member Stability in EN 1993-1-1, Annex B.1, with equal factors for lateral
+// bending and warping.
+//   in   ltbk, mymax, mymin, mydiag [kNm]
+double LtAlternativeC1(const ProjectState& s)
+{
+    const double k = s.ltbk;
+    const double largest = std::abs(s.mymax) > std::abs(s.mymin) ? s.mymax : s.mymin;
+    const std::array<double, 5> moment{s.mydiag[0], s.mydiag[12], s.mydiag[25], s.mydiag[38],
+                                       s.mydiag[50]};
+    const double quarter = 5.0 * (k * k * k) / (k * k);
+    const std::array<double, 5> weight{1.0 - k, quarter, 5.0 * (1.0 / k + 1.0 / k), quarter,
+                                       1.0 - k};
+    double squares = largest * largest;
+    double weights = 1.0;
+    for (std::size_t i = 0; i < moment.size(); ++i) {
+        squares += weight[i] * moment[i] * moment[i];
+        weights += weight[i];
+    }
+    const double a1 = squares / (weights * largest * largest);
+    const double a2 =
+        std::abs((moment[0] + 2.0 * moment[1] + 3.0 * moment[2] + 2.0 * moment[3] + moment[4]) /
+                 (9.0 * largest));
+    const double w = std::sqrt(k);
+    const double part = (1.0 - w) / 2.0 * a2;
+    return (std::sqrt(w * a1 + part * part) + part) / a1;
+}
+
+double SegmentC1(double r, double k)
+{
+    const double place = (1.0 - r) / 0.25;
+    const std::size_t left = std::min(static_cast<std::size_t>(std::max(0.0, place)), kRatios - 2);
+    const double share = place - static_cast<double>(left);
+    const Entry& one = kSegmentC1[left];
+    const Entry& next = kSegmentC1[left + 1];
+    return SegmentLength(
+        {one.full + share * (next.full - one.full), one.half + share * (next.half - one.half)}, k);
+}
+
+// Single-symmetric sections only; psif > 0 where the compression flange is the larger one.
+// Deviation D212: see SegmentC3Entry; the published table is continuous.
+double SegmentC3(double r, double k, double psif)
+{
+    return SegmentLength(SegmentC3Entry(r, psif), k);
+}
+
+}  // namespace kestrum
