@@ -1,0 +1,332 @@
+#include "analysis/cmoment.h"
+
+#include "analysis/end_forces.h"
+#include "analysis/extremes.h"
+#include "analysis/load_lines.h"
+#include "core/arithmetic_trap.h"
+#include "core/load_combination.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace kestrum {
+
+namespace {
+
+enum class Axis { y, z, none };  // the axis a load bends about
+
+Axis AxisOf(float direction)
+{
+    return direction == 1 ? Axis::y : direction == 0 ? Axis::z : Axis::none;
+}
+
+// One load that acts, with its lines for a factor of 1.
+struct Load {
+    Axis axis;
+    int category;  // 0 G, 1 Q1, 2 Q2
+    bool checked;
+    LoadLines lines;
+};
+
+// The loads that are not zero; uniform, point and trapezoidal ones in this order.
+struct LoadTable {
+    int count = 0;
+    std::array<Load, 16> load;
+    Span span;
+};
+
+Load& Append(LoadTable& table, Axis axis, int category, i16 checked)
+{
+    Load& load = table.load[CheckedIndex(table.count++, table.load.size())];
+    load.axis = axis;
+    load.category = category;
+    load.checked = checked != 0;
+    return load;
+}
+
+// A category kept in single precision; anything but 0, 1, 2 belongs to no combination.
+int CategoryOf(float category)
+{
+    return category == 0 ? 0 : category == 1 ? 1 : category == 2 ? 2 : -1;
+}
+
+void FillTable(const ProjectState& s, LoadTable& table)
+{
+    table.span = SpanOf(s);
+    const Span& span = table.span;
+    for (std::size_t k = 0; k <= 4; ++k) {
+        if (s.qload[k] != 0) {
+            Load& load = Append(table, AxisOf(s.qdir[k]), s.qtype[k], s.qchecked[k]);
+            UniformLines(span, s.qload[k], load.lines);
+        }
+    }
+    for (std::size_t k = 1; k <= 8; ++k) {
+        if (s.pm[k] != 0) {
+            Load& load = Append(table, AxisOf(s.pmdir[k]), s.pmtype[k], s.pmchecked[k]);
+            (s.pmkind[k] == 0 ? ForceLines : MomentLines)(span, s.pm[k], s.pmx[k], load.lines);
+        }
+    }
+    for (std::size_t k = 1; k <= 3; ++k) {
+        if (s.qt1[k] != 0 || s.qt2[k] != 0) {
+            Load& load = Append(table, AxisOf(s.qtdir[k]), CategoryOf(s.qttype[k]), s.qtchecked[k]);
+            TrapezoidLines(span, s.qt1[k], s.qt2[k], s.qtx1[k], s.qtx2[k], load.lines);
+        }
+    }
+}
+
+// Whether loads bend the member about y and about z.
+void MarkLoadedAxes(ProjectState& s, const LoadTable& table)
+{
+    s.hasyloads = kFalse;
+    s.haszloads = kFalse;
+    for (int i = 0; i < table.count; ++i) {
+        const Load& load = table.load[static_cast<std::size_t>(i)];
+        if (load.checked || s.loadcomb != kBasicLoads) {
+            s.hasyloads = load.axis == Axis::y ? kTrue : s.hasyloads;
+            s.haszloads = load.axis == Axis::z ? kTrue : s.haszloads;
+        }
+    }
+}
+
+// Factor of a load; a category outside the three belongs to no combination.
+double FactorOf(const LoadFactors& f, int category)
+{
+    return category == 0 ? f.g : category == 1 ? f.q1 : category == 2 ? f.q2 : 0;
+}
+
+// Families with a section; any other number calculates forces only.
+bool HasSection(int family)
+{
+    constexpr std::array kFamilies{1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 15, 16,  21,  22, 23,
+                                   24, 25, 26, 27, 28, 31, 41, 51, 52, 53, 54, 56, 101, 102, 103};
+    return std::find(kFamilies.begin(), kFamilies.end(), family) != kFamilies.end();
+}
+
+// From E I d [kNm3] to d [mm]. Without a section there is no deflection; a section without
+// stiffness fails.
+double DeflectionScale(const ProjectState& s, float inertia)
+{
+    constexpr double kUnits = 1e12;  // kNm3 = 1e12 Nmm3
+    return HasSection(s.family) ? kUnits / (static_cast<double>(s.e) * inertia) : 0;
+}
+
+// Lines of one axis, factored and summed.
+struct Sums {
+    std::array<double, kDiagramPoints> m{}, v{}, d{};
+    std::array<double, kCheckSections> msec{}, vsec{};
+};
+
+template <std::size_t N>
+void AddFactored(std::array<double, N>& sum, double factor, const std::array<float, N>& line)
+{
+    for (std::size_t i = 0; i < N; ++i) {
+        sum[i] += factor * line[i];
+    }
+}
+
+template <std::size_t N>
+void StoreSingle(const std::array<double, N>& sum, std::array<float, N>& line)
+{
+    std::transform(sum.begin(), sum.end(), line.begin(), F32);
+}
+
+// Axial force and the sum of uniform loads.
+void CombineSums(ProjectState& s, const LoadFactors& strength, bool checkedonly)
+{
+    s.ned = 0;
+    for (std::size_t k = 1; k <= 3; ++k) {
+        if (s.nchecked[k] != 0 || !checkedonly) {
+            s.ned += FactorOf(strength, CategoryOf(s.ntype[k])) * s.nload[k];
+        }
+    }
+    s.qsum = 0;
+    for (std::size_t k = 0; k <= 4; ++k) {
+        if (s.qchecked[k] != 0 || !checkedonly) {
+            s.qsum += FactorOf(strength, s.qtype[k]) * s.qload[k];
+        }
+    }
+}
+
+// Forces and deflections of the combination 0, 1, 2, 4 or 5; any other combines nothing.
+void Combine(ProjectState& s, const LoadTable& table, int loadcomb)
+{
+    const LoadFactors strength = StrengthFactors(s, loadcomb);
+    const LoadFactors service = ServiceFactors(s, loadcomb);
+    const bool checkedonly = loadcomb == kBasicLoads;
+    CombineSums(s, strength, checkedonly);
+
+    Sums y, z;
+    const double scaley = DeflectionScale(s, s.iy), scalez = DeflectionScale(s, s.iz);
+    for (int i = 0; i < table.count; ++i) {
+        const Load& load = table.load[static_cast<std::size_t>(i)];
+        if ((checkedonly && !load.checked) || load.axis == Axis::none) {
+            continue;
+        }
+        Sums& sums = load.axis == Axis::y ? y : z;
+        const double factor = FactorOf(strength, load.category);
+        AddFactored(sums.m, factor, load.lines.m);
+        AddFactored(sums.v, factor, load.lines.v);
+        AddFactored(sums.msec, factor, load.lines.msec);
+        AddFactored(sums.vsec, factor, load.lines.vsec);
+        const double scale = load.axis == Axis::y ? scaley : scalez;
+        AddFactored(sums.d, FactorOf(service, load.category) * scale, load.lines.d);
+    }
+    StoreSingle(y.m, s.mydiag);
+    StoreSingle(y.v, s.vzdiag);
+    StoreSingle(y.d, s.dzdiag);
+    s.mysec = y.msec;
+    s.vzsec = y.vsec;
+    StoreSingle(z.m, s.mzdiag);
+    StoreSingle(z.v, s.vydiag);
+    StoreSingle(z.d, s.dydiag);
+    StoreSingle(z.msec, s.mzsec);
+    s.vysec = z.vsec;
+}
+
+void CombineAndSearch(ProjectState& s, const LoadTable& table, int loadcomb)
+{
+    Combine(s, table, loadcomb);
+    FindExtremes(s);
+    SetDesignMoments(s);
+}
+
+// The largest utilisation of section and member in a combination.
+double UtilisationOf(ProjectState& s, const LoadTable& table, int loadcomb,
+                     void (*control)(ProjectState&))
+{
+    CombineAndSearch(s, table, loadcomb);
+    s.irsection = 0;
+    s.maxirbuckling = 0;
+    CheckTrap();
+    control(s);
+    CheckTrap();
+    return std::max(s.irsection, s.maxirbuckling);
+}
+
+// Eq 6.10a or 6.10b, whichever uses the member more; a tie gives 6.10b.
+void CombineGoverning(ProjectState& s, const LoadTable& table, void (*control)(ProjectState&))
+{
+    const double ir610a = UtilisationOf(s, table, kEq610a, control);
+    if (s.errorflag != 0) {
+        return;
+    }
+    const double ir610b = UtilisationOf(s, table, kEq610b, control);
+    if (s.errorflag != 0) {
+        return;
+    }
+    s.governing = ir610a > ir610b ? 1 : 2;
+    CombineAndSearch(s, table, s.governing == 1 ? kEq610a : kEq610b);
+}
+
+void ClearTransverseLoads(ProjectState& s)
+{
+    std::fill(s.qload.begin() + 1, s.qload.end(), 0.0F);
+    s.qt1 = s.qt2 = s.qtx1 = s.qtx2 = {};
+    s.pm = s.pmx = {};
+}
+
+void ClearLoadsAboutZ(ProjectState& s)
+{
+    for (std::size_t k = 1; k <= 4; ++k) {
+        s.qload[k] = s.qdir[k] == 0 ? 0 : s.qload[k];
+        s.qdir[k] = 1;
+    }
+    for (std::size_t k = 1; k <= 3; ++k) {
+        if (s.qtdir[k] == 0) {
+            s.qt1[k] = s.qt2[k] = 0;
+            s.qtdir[k] = 1;
+        }
+    }
+    for (std::size_t k = 1; k <= 8; ++k) {
+        if (s.pmdir[k] == 0) {
+            s.pm[k] = s.pmx[k] = 0;
+            s.pmtype[k] = 0;
+            s.pmdir[k] = 1;
+        }
+    }
+}
+
+}  // namespace
+
+void MakeCheckSections(ProjectState& s)
+{
+    const double l = s.l;
+    s.xi = {};
+    if (s.cpmode == 1) {
+        const std::size_t count = s.cpcount == 1 ? 1 : s.cpcount == 2 ? 2 : 3;
+        for (std::size_t k = 0; k < count; ++k) {
+            s.xi[k] = F32(s.cp[k + 1] / l);
+        }
+        s.npts = static_cast<i16>(count - 1);
+        return;
+    }
+    std::size_t last = 10;
+    for (std::size_t k = 0; k <= last; ++k) {
+        s.xi[k] = F32(static_cast<double>(k) / 10);
+    }
+    for (std::size_t k = 1; k <= 8; ++k) {
+        if (s.pmx[k] != 0 && s.pmx[k] != s.l) {  // the step lies between the two
+            s.xi[++last] = F32(0.999 * s.pmx[k] / l);
+            s.xi[++last] = F32(1.001 * s.pmx[k] / l);
+        }
+    }
+    s.npts = static_cast<i16>(last);
+}
+
+void ClearInvalidLoads(ProjectState& s)
+{
+    switch (s.family) {
+    case 26:
+        ClearTransverseLoads(s);
+        break;
+    case 24:
+    case 25:
+    case 27:
+    case 51:
+    case 52:
+    case 53:
+    case 54:
+    case 56:
+        s.nload = {};
+        [[fallthrough]];
+    case 28:
+        ClearLoadsAboutZ(s);
+        break;
+    default:
+        break;
+    }
+}
+
+void SetSelfweight(ProjectState& s)
+{
+    constexpr double kWeightOfMass = 0.01;  // kN per kg, D103
+    const bool included = s.selfweight == 1;
+    s.qload[0] = included ? F32(s.weight * kWeightOfMass) : 0;
+    s.qchecked[0] = included ? kTrue : kFalse;
+    if (included) {
+        s.qdir[0] = 1;
+        s.qtype[0] = 0;
+    }
+}
+
+void CalcMember(ProjectState& s, void (*control)(ProjectState&))
+{
+    MakeCheckSections(s);
+    if (s.loadmode != 1) {
+        CalcEndForceMode(s);
+        return;
+    }
+    ClearInvalidLoads(s);
+    SetSelfweight(s);
+    LoadTable table;
+    FillTable(s, table);
+    MarkLoadedAxes(s, table);
+    if (s.loadcomb == kEq610ab) {
+        CombineGoverning(s, table, control);
+    } else {
+        CombineAndSearch(s, table, s.loadcomb);
+    }
+}
+
+}  // namespace kestrum

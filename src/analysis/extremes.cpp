@@ -1,0 +1,257 @@
+#include "analysis/extremes.h"
+
+#include "core/arithmetic_trap.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace kestrum {
+
+namespace {
+
+using Diagram = std::array<float, kDiagramPoints>;
+constexpr int kLast = kDiagramPoints - 1;
+
+struct Extremes {
+    double max = 0, min = 0, xmax = 0, xmin = 0;
+};
+
+// A later value replaces an earlier one only when it lies beyond it.
+void Take(Extremes& e, double value, double x)
+{
+    if (value > e.max) {
+        e.max = value;
+        e.xmax = x;
+    }
+    if (value < e.min) {
+        e.min = value;
+        e.xmin = x;
+    }
+}
+
+Extremes ExtremesOf(const Diagram& line)
+{
+    Extremes e;
+    for (std::size_t j = 0; j < line.size(); ++j) {
+        Take(e, line[j], static_cast<double>(j) / kLast);
+    }
+    return e;
+}
+
+template <class Sections>
+Extremes ExtremesOf(const ProjectState& s, const Diagram& line, const Sections& sections)
+{
+    Extremes e = ExtremesOf(line);
+    for (std::size_t k = 0; k <= static_cast<std::size_t>(s.npts); ++k) {
+        Take(e, sections[k], s.xi[k]);
+    }
+    return e;
+}
+
+double LargerSize(double max, double min)
+{
+    return std::max(std::abs(max), std::abs(min));
+}
+
+// Moments at the ends, the quarter points and the middle.
+struct Points {
+    double start, q1, mid, q3, end;
+};
+
+Points PointsOf(const Diagram& m)
+{
+    const auto between = [&m](std::size_t j) {
+        return (static_cast<double>(m[j]) + static_cast<double>(m[j + 1])) / 2;
+    };
+    return {m[0], between(12), m[25], between(37), m[kLast]};
+}
+
+// Position of the last zero crossing between the points first and last + 1; 0 when there is none.
+// Index 0 counts as none.
+float ZeroCrossing(const Diagram& m, std::size_t first, std::size_t last)
+{
+    std::size_t hit = 0;
+    for (std::size_t j = first; j <= last; ++j) {
+        const bool falls = m[j] > m[j + 1] && m[j] >= 0 && m[j + 1] <= 0;
+        const bool rises = m[j] < m[j + 1] && m[j] <= 0 && m[j + 1] >= 0;
+        if (falls || rises) {
+            hit = j;
+        }
+    }
+    if (hit == 0) {
+        return 0;
+    }
+    const double from = m[hit], to = m[hit + 1];
+    return F32(static_cast<double>(hit) / kLast + std::abs(from) / std::abs(to - from) / kLast);
+}
+
+// Ratio of the end moments, the smaller over the larger one, in -1..1.
+double EndRatio(double start, double end)
+{
+    const bool endlarger = std::abs(end) > std::abs(start);
+    const double small = endlarger ? start : end;
+    const double large = endlarger ? end : start;
+    return small == 0 ? 0 : std::clamp(small / large, -1.0, 1.0);
+}
+
+// The point of the middle half with the largest moment, the first of equal ones; 0 without moment.
+int PeakIndex(const Diagram& m)
+{
+    int peak = 0;
+    float largest = 0;
+    for (int j = 12; j <= 38; ++j) {
+        const float size = std::abs(m[static_cast<std::size_t>(j)]);
+        if (size > largest) {
+            largest = size;
+            peak = j;
+        }
+    }
+    return peak;
+}
+
+double At(const Diagram& m, int j)
+{
+    return m[static_cast<std::size_t>(j)];
+}
+
+// Half of a whole number, halves to the even one.
+int HalfOf(int n)
+{
+    return ToI16(n / 2.0);
+}
+
+struct Shape {
+    i16 curved, endsbig, linear;
+    double peakratio, endratio;
+};
+
+Shape ShapeOf(const Diagram& m)
+{
+    const double start = m[0], mid = m[25], end = m[kLast];
+    Shape shape{};
+    shape.curved = CurvedHalf(m, Half::right) ? kTrue : kFalse;  // D107
+    shape.endsbig =
+        std::abs(start) > std::abs(mid) && std::abs(end) > std::abs(mid) ? kTrue : kFalse;
+    const double low = start + 0.3 * (end - start), high = start + 0.7 * (end - start);
+    const bool loaded = start != 0 || end != 0;
+    shape.linear =
+        loaded && mid >= std::min(low, high) && mid <= std::max(low, high) ? kTrue : kFalse;
+    const double small = std::abs(end) > std::abs(start) ? start : end;
+    shape.endratio = mid == 0 ? 0 : small / mid;
+    shape.peakratio = small == 0 ? 0 : mid / small;
+    return shape;
+}
+
+}  // namespace
+
+bool CurvedHalf(const Diagram& m, Half half)
+{
+    constexpr double kBand = 0.2;
+    const int peak = PeakIndex(m);
+    const int support = half == Half::left ? 0 : kLast;
+    const int test = HalfOf(peak + support);
+    const int distance = half == Half::left ? test : test - peak;
+    const double slope = peak == support ? 0 : (At(m, support) - At(m, peak)) / (support - peak);
+    const double chord = (At(m, support) + At(m, peak)) / 2;
+    const double width = std::abs(kBand * distance * slope);
+    const double value = At(m, test);
+    return !(value > chord - width && value < chord + width);  // a level line counts as curved
+}
+
+void SetDesignMoments(ProjectState& s)
+{
+    s.mydesign = std::abs(s.mymax) > std::abs(s.mymin) ? s.mymax : s.mymin;
+    s.mydesignf = F32(s.mydesign);
+    s.mzdesign = F32(LargerSize(s.mzmax, s.mzmin));
+}
+
+void SetQuarterPoints(ProjectState& s)
+{
+    const Points y = PointsOf(s.mydiag), z = PointsOf(s.mzdiag);
+    s.my0 = y.start;
+    s.myq1 = y.q1;
+    s.mymid = y.mid;
+    s.myq3 = y.q3;
+    s.myl = y.end;
+    s.mz0 = z.start;
+    s.mzq1 = z.q1;
+    s.mzmid = z.mid;
+    s.mzq3 = z.q3;
+    s.mzl = z.end;
+}
+
+void SetZeroCrossings(ProjectState& s)
+{
+    s.x0my1 = s.x0my2 = s.x0mz1 = s.x0mz2 = 0;
+    const bool restrained =
+        s.supportcase == 1 || s.supportcase == 2 || s.supportcase == 3 || s.supportcase == 5;
+    if (restrained) {
+        s.x0my1 = ZeroCrossing(s.mydiag, 0, 25);
+        s.x0my2 = ZeroCrossing(s.mydiag, 25, 49);
+        s.x0mz1 = ZeroCrossing(s.mzdiag, 0, 25);
+        s.x0mz2 = ZeroCrossing(s.mzdiag, 25, 49);
+    }
+}
+
+void SetEndRatios(ProjectState& s)
+{
+    s.psiy = EndRatio(s.my0, s.myl);
+    s.psiz = EndRatio(s.mz0, s.mzl);
+}
+
+void SetLargestMoments(ProjectState& s)
+{
+    s.mymaxabs = LargerSize(s.mymax, s.mymin);
+    s.mzmaxabs = LargerSize(s.mzmax, s.mzmin);
+}
+
+void FindExtremes(ProjectState& s)
+{
+    const Extremes my = ExtremesOf(s, s.mydiag, s.mysec);
+    s.mymax = my.max;
+    s.mymin = my.min;
+    s.xmymax = my.xmax;
+    s.xmymin = my.xmin;
+    const Extremes mz = ExtremesOf(s, s.mzdiag, s.mzsec);
+    s.mzmax = mz.max;
+    s.mzmin = mz.min;
+    s.xmzmax = mz.xmax;
+    s.xmzmin = mz.xmin;
+    const Extremes vz = ExtremesOf(s, s.vzdiag, s.vzsec);
+    s.vzmax = vz.max;
+    s.vzmin = vz.min;
+    s.xvzmax = vz.xmax;
+    s.xvzmin = vz.xmin;
+    const Extremes vy = ExtremesOf(s, s.vydiag, s.vysec);
+    s.vymax = vy.max;
+    s.vymin = vy.min;
+    s.xvymax = vy.xmax;
+    s.xvymin = vy.xmin;
+    const Extremes dz = ExtremesOf(s.dzdiag), dy = ExtremesOf(s.dydiag);
+    s.dzmax = dz.max;
+    s.dzmin = dz.min;
+    s.dymax = dy.max;
+    s.dymin = dy.min;
+
+    SetQuarterPoints(s);
+    SetZeroCrossings(s);
+    SetLargestMoments(s);
+    s.dzmaxabs = LargerSize(s.dzmax, s.dzmin);
+    s.dymaxabs = LargerSize(s.dymax, s.dymin);
+    SetEndRatios(s);
+
+    const Shape y = ShapeOf(s.mydiag), z = ShapeOf(s.mzdiag);
+    s.mycurved = y.curved;
+    s.myendsbig = y.endsbig;
+    s.mylinear = y.linear;
+    s.mypeakratio = y.peakratio;
+    s.myendratio = y.endratio;
+    s.mzcurved = z.curved;
+    s.mzendsbig = z.endsbig;
+    s.mzlinear = z.linear;
+    s.mzpeakratio = z.peakratio;
+    s.mzendratio = z.endratio;
+}
+
+}  // namespace kestrum

@@ -1,0 +1,32 @@
+#pragma once
+
+// The load table: what its rows may hold, and the command that empties chosen rows.
+
+#include "core/project_state.h"
+
+namespace kestrum {
+
+// Outcome of a check: what to tell the user, and the box of which row (counted from 1) to focus.
+struct LoadCheck {
+    bool ok = true;
+    Literal message;
+    Literal box;
+    int row = 0;
+
+    bool operator==(const LoadCheck&) const = default;
+};
+
+// The whole check, for closing the load form and after a change of length or supports. Cuts
+// trapezoidal loads and check points to the member, empties point loads that stand on a support,
+// takes web stiffeners away that are farther apart than the member is long. Not ok: the form stays
+// open; all other rows are settled all the same.
+LoadCheck ValidateLoads(ProjectState& s);
+
+// The part for the trapezoidal rows alone, after an edit of one of them.
+LoadCheck CheckLoadPositions(ProjectState& s);
+
+// Empties the rows whose box is ticked; the ticks stay. Switches self-weight and relative positions
+// off and puts the load level to the top flange.
+void RemoveCheckedLoads(ProjectState& s);
+
+}  // namespace kestrum

@@ -1,0 +1,17 @@
+#pragma once
+
+// Deflection control, EN 1993-1-1, 7.2.1: the largest deflection of the serviceability combination
+// against L/n, about each axis.
+
+#include "core/project_state.h"
+
+namespace kestrum {
+
+// Fills deflinez and defliney from dzmax .. dymin [mm], l [m], deflimitz, deflimity and irlimit. A
+// row without deflection is emptied and keeps its status.
+//
+// Deviation D258: the whole deflection is compared, without a precamber; EN 1990, A1.4.3 (1) lets
+// wc be taken off.
+void DeflectionControl(ProjectState& s);
+
+}  // namespace kestrum
