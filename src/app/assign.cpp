@@ -1,0 +1,191 @@
+#include "app/assign.h"
+
+#include "app/choices.h"
+#include "app/input_boxes.h"
+#include "core/annexes.h"
+#include "core/arithmetic_trap.h"
+#include "core/field_table.h"
+#include "core/load_combination.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <optional>
+
+namespace kestrum {
+
+namespace {
+
+constexpr std::string_view kNoNumber = "not a number";
+constexpr std::string_view kOutOfRange = "out of range";
+
+// The whole text as one number; a comma serves as the point.
+std::optional<double> WholeNumber(std::string_view text)
+{
+    std::string digits(text);
+    std::replace(digits.begin(), digits.end(), ',', '.');
+    if (digits.starts_with('+')) {
+        digits.erase(0, 1);
+    }
+    double value = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto [rest, fault] = std::from_chars(digits.data(), end, value);
+    if (fault != std::errc{} || rest != end || !std::isfinite(value)) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+std::optional<double> TruthValue(std::string_view text)
+{
+    for (const std::string_view yes : {"#TRUE#", "true", "-1", "1"}) {
+        if (text == yes) {
+            return kTrue;
+        }
+    }
+    for (const std::string_view no : {"#FALSE#", "false", "0"}) {
+        if (text == no) {
+            return kFalse;
+        }
+    }
+    return std::nullopt;
+}
+
+bool FitsWhole(double value)
+{
+    const double whole = std::nearbyint(value);
+    return whole >= -32768 && whole <= 32767;
+}
+
+bool FitsSingle(double value)
+{
+    return std::isfinite(static_cast<float>(value));
+}
+
+// Stores a number in a field of any numeric kind.
+std::string StoreNumber(ProjectState& s, const FieldRef& ref, double value)
+{
+    void* const at = ref.field->locate(s, ref.index);
+    switch (ref.field->kind) {
+    case FieldKind::single:
+        if (!FitsSingle(value)) {
+            return std::string(kOutOfRange);
+        }
+        *static_cast<float*>(at) = static_cast<float>(value);
+        return {};
+    case FieldKind::real:
+        *static_cast<double*>(at) = value;
+        return {};
+    default:
+        if (!FitsWhole(value)) {
+            return std::string(kOutOfRange);
+        }
+        *static_cast<i16*>(at) = static_cast<i16>(std::nearbyint(value));
+        return {};
+    }
+}
+
+std::string AssignAnnex(ProjectState& s, std::string_view code, Assignment how)
+{
+    const i16 index = AnnexIndexFromCode(code);
+    if (how == Assignment::checked && AnnexCodeFromIndex(index) != code) {
+        return "no such annex";
+    }
+    s.annexcode = code;
+    s.annexindex = index;
+    ApplyAnnexMaterial(s, index);
+    ApplyAnnexLoads(s, index);
+    return {};
+}
+
+std::string AssignText(ProjectState& s, const FieldRef& ref, std::string_view text, Assignment how)
+{
+    if (ref.field->name == "annexcode") {
+        return AssignAnnex(s, text, how);
+    }
+    const std::string_view forbidden = ref.field->name == "p41ident" ? "\r\n\"" : "\r\n";
+    if (text.find_first_of(forbidden) != std::string_view::npos) {
+        return "a line end or quote cannot be stored";
+    }
+    *static_cast<std::string*>(ref.field->locate(s, 0)) = text;
+    return {};
+}
+
+std::string AssignChoice(const Library& library, ProjectState& s, const FieldRef& ref,
+                         const Choice& choice, std::string_view text, Assignment how)
+{
+    const std::optional<double> value = choice.truth ? TruthValue(text) : WholeNumber(text);
+    if (!value) {
+        return std::string(choice.truth ? "neither true nor false" : kNoNumber);
+    }
+    if (how == Assignment::checked) {
+        const bool whole = FitsWhole(*value) && *value == std::nearbyint(*value);
+        if (!whole || !Offers(library, choice, static_cast<int>(*value))) {
+            return "not in the list";
+        }
+    }
+    return StoreNumber(s, ref, *value);
+}
+
+std::string AssignBox(ProjectState& s, const FieldRef& ref, const Box& box, std::string_view text)
+{
+    constexpr bool kWholeText =
+        true;  // the stricter of the two ways to read a typed number takes point and comma
+    const ProjectState before = s;
+    const Outcome outcome =
+        text.empty() ? Outcome{false, kNoNumber} : Commit(s, box, ref.index, text, kWholeText);
+    if (outcome.taken) {
+        return {};
+    }
+    s = before;
+    return std::string(outcome.message);
+}
+
+}  // namespace
+
+std::string AssignField(const Library& library, ProjectState& s, std::string_view name,
+                        std::string_view text, Assignment how)
+{
+    const std::optional<FieldRef> ref = ResolveField(name);
+    if (!ref) {
+        return "no such field";
+    }
+    const bool selfweightrow = ref->field->shape == FieldShape::array && ref->index == 0;
+    if (ref->field->role != FieldRole::input || selfweightrow) {
+        return "not an input of the project";
+    }
+    if (ref->field->kind == FieldKind::text) {
+        return AssignText(s, *ref, text, how);
+    }
+    std::string refusal;
+    const Choice* const choice = FindChoice(ref->field->name);
+    const Box* const box = BoxOfField(ref->field->name);
+    if (choice != nullptr) {
+        refusal = AssignChoice(library, s, *ref, *choice, text, how);
+    } else if (how == Assignment::checked && box != nullptr) {
+        refusal = AssignBox(s, *ref, *box, text);
+    } else {
+        const std::optional<double> value = WholeNumber(text);
+        refusal = value ? StoreNumber(s, *ref, *value) : std::string(kNoNumber);
+    }
+    SetPsi(s);
+    return refusal;
+}
+
+std::string OverruledBy(const Library& library, const ProjectState& s, std::string_view name)
+{
+    if ((name == "gammam0" || name == "gammam1" || name == "neta") && s.annexindex != kAnnexUd) {
+        return "set by the national annex " + std::string(AnnexCodeFromIndex(s.annexindex));
+    }
+    if (name == "loadcomb" && s.annexindex == kAnnexNk && s.loadcomb != kUserFactors) {
+        return "set by the national annex NK";
+    }
+    if (name == "fyk" && s.fykindex >= 0 &&
+        static_cast<std::size_t>(s.fykindex) + 1 < library.materials.size()) {
+        return "set by the material " +
+               library.materials[static_cast<std::size_t>(s.fykindex)].name;
+    }
+    return {};
+}
+
+}  // namespace kestrum

@@ -1,0 +1,26 @@
+#pragma once
+
+// Sets one field of the record from a text, by its canonical name ("l", "qload[2]", "p22.isttw").
+
+#include "core/library.h"
+#include "core/project_state.h"
+
+#include <string>
+#include <string_view>
+
+namespace kestrum {
+
+// Whether the limits of the boxes and lists hold, or the value is stored as the file reader would
+// store it.
+enum class Assignment { checked, raw };
+
+// Only what the project file keeps can be set. Returns the reason of a refusal, or nothing.
+// Choosing an annex sets what the annex sets. A refused value leaves the record as it was.
+std::string AssignField(const Library& library, ProjectState& s, std::string_view name,
+                        std::string_view text, Assignment how);
+
+// Why a value now in the record will not stand: the annex or the material sets it. Empty when it
+// will.
+std::string OverruledBy(const Library& library, const ProjectState& s, std::string_view name);
+
+}  // namespace kestrum

@@ -1,0 +1,136 @@
+#include "app/choices.h"
+
+#include "core/annexes.h"
+#include "sections/family_table.h"
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+
+namespace kestrum {
+
+namespace {
+
+constexpr i16 kMost = std::numeric_limits<i16>::max();
+
+constexpr Choice kChoices[] = {
+    {"method", 1, 2},
+    {"fykindex", 0, kMost},
+    {"checkelastic", -1, 0, true},
+    {"checkconsercontrol", -1, 0, true},
+    {"checkflangebuck", -1, 0, true},
+    {"checkwebbuck", -1, 0, true},
+    {"loadcomb", 0, 5},
+    {"safetyclass", 1, 3},
+    {"psi1index", 0, 9},
+    {"psi2index", 0, 9},
+    {"checksls", -1, 0, true},
+    {"supportcase", 0, 5},
+    {"endstiff", 0, 1},
+    {"webstiff", 0, 1},
+    {"bcy", 0, 5},
+    {"bcz", 0, 5},
+    {"bucklingcasey", 1, 5},
+    {"bucklingcasez", 1, 5},
+    {"modal", 0, 1},
+    {"ltb", 0, 1},
+    {"ltbcase", 1, 4},
+    {"restraints", 0, 5},
+    {"beampart", 0, kSegments - 1},
+    {"cmanual", -1, 0, true},
+    {"c1alt", -1, 0, true},
+    {"ltbcurve", 2, 3},
+    {"loadlevel", 1, 4},
+    {"loadmode", 0, 1},
+    {"selfweight", 0, 1},
+    {"ntype", 0, 2},
+    {"nchecked", -1, 0, true},
+    {"qtype", 0, 2},
+    {"qdir", 0, 1},
+    {"qchecked", -1, 0, true},
+    {"qttype", 0, 2},
+    {"qtdir", 0, 1},
+    {"qtchecked", -1, 0, true},
+    {"pmkind", 0, 1},
+    {"pmtype", 0, 2},
+    {"pmdir", 0, 1},
+    {"pmchecked", -1, 0, true},
+    {"cpmode", 0, 1},
+    {"cpcount", 1, 3},
+    {"terrain", 0, 4},
+    {"vortexcase", 0, 4},
+    {"family", 1, kMost},
+    {"row.hea", 0, kMost},
+    {"row.heb", 0, kMost},
+    {"row.hem", 0, kMost},
+    {"row.ipe", 0, kMost},
+    {"row.upe", 0, kMost},
+    {"row.shs", 0, kMost},
+    {"row.rhs", 0, kMost},
+    {"row.cfshs", 0, kMost},
+    {"row.cfrhs", 0, kMost},
+    {"row.l1", 0, kMost},
+    {"row.l2", 0, kMost},
+    {"row.inp", 0, kMost},
+    {"row.unp", 0, kMost},
+    {"row.l3", 0, kMost},
+    {"row.hp", 0, kMost},
+    {"row.ub", 0, kMost},
+    {"row.ubp", 0, kMost},
+    {"row.uc", 0, kMost},
+    {"row.j", 0, kMost},
+    {"row.ch", 0, kMost},
+    {"row.pfc", 0, kMost},
+    {"series101", 1, 3},
+    {"series103", 1, 2},
+    {"rectaxis", 1, 2},
+    {"hsqopt", 0, 1},
+    {"lopt", 1, 2},
+    {"weldopt", 0, 1},
+    {"tubehot", 1, 2},
+    {"class23", 0, 1},
+    {"p41.opn", 1, 3},
+    {"p41.opmy", 1, 3},
+    {"p41.opmz", 1, 3},
+};
+
+constexpr std::string_view kRow = "row.";
+constexpr std::string_view kClass = "p41.";
+
+// Place of "row.hea" among the tables.
+std::size_t TablePlace(const Choice& choice)
+{
+    const auto is = [](const Choice& c) { return c.field.starts_with(kRow); };
+    return static_cast<std::size_t>(&choice -
+                                    std::find_if(std::begin(kChoices), std::end(kChoices), is));
+}
+
+}  // namespace
+
+const Choice* FindChoice(std::string_view field)
+{
+    const auto* const at = std::find_if(std::begin(kChoices), std::end(kChoices),
+                                        [&](const Choice& c) { return c.field == field; });
+    return at != std::end(kChoices) ? at : nullptr;
+}
+
+bool Offers(const Library& library, const Choice& choice, int value)
+{
+    if (value < choice.lowest || value > choice.highest) {
+        return false;
+    }
+    if (choice.field == "fykindex") {
+        return static_cast<std::size_t>(value) < library.materials.size();
+    }
+    if (choice.field == "family") {
+        const auto families = Families();
+        return std::any_of(families.begin(), families.end(),
+                           [&](const FamilyInfo& info) { return info.id == value; });
+    }
+    if (choice.field.starts_with(kRow)) {
+        return value < RowCount(static_cast<Table>(TablePlace(choice)));
+    }
+    return !choice.field.starts_with(kClass) || value != 2;  // class 1-2 or class 3
+}
+
+}  // namespace kestrum

@@ -1,0 +1,190 @@
+#include "app/input_boxes.h"
+
+#include "app/box_list.h"
+#include "core/field_table.h"
+#include "core/number_format.h"
+#include "core/parse_num.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
+
+namespace kestrum {
+
+namespace {
+
+// Limits are given in decimals, the value was read as a float: both count as floats.
+bool Within(double value, const Box& box)
+{
+    const float x = static_cast<float>(value);
+    const float low = static_cast<float>(box.lower.value);
+    const float high = static_cast<float>(box.upper.value);
+    const bool above = box.lower.kind == Bound::Kind::none ||
+                       (box.lower.kind == Bound::Kind::strict ? x > low : x >= low);
+    const bool below = box.upper.kind == Bound::Kind::none ||
+                       (box.upper.kind == Bound::Kind::strict ? x < high : x <= high);
+    return above && below && x == x;
+}
+
+bool Relative(const ProjectState& s, const Box& box)
+{
+    if (box.field == "pmx") {
+        return s.pmrelative != 0;
+    }
+    return box.field == "cp" ? s.cprelative != 0 : s.qtrelative != 0;
+}
+
+// A typed number is a float; a field of double precision takes the decimal that was typed, 1.05 and
+// not 1.0499999523.
+double Widen(float value)
+{
+    std::array<char, 32> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    double wide = 0;
+    std::from_chars(digits.data(), end, wide);
+    return wide;
+}
+
+// False when a whole number is out of range; nothing is stored then.
+bool Store(ProjectState& s, const Field& field, int index, float value)
+{
+    void* const at = field.locate(s, index);
+    switch (field.kind) {
+    case FieldKind::single:
+        *static_cast<float*>(at) = value;
+        return true;
+    case FieldKind::real:
+        *static_cast<double*>(at) = Widen(value);
+        return true;
+    default: {
+        const double whole =
+            std::nearbyint(static_cast<double>(value));  // halves to the even number
+        if (!(whole >= -32768 && whole <= 32767)) {
+            return false;
+        }
+        *static_cast<i16*>(at) = static_cast<i16>(whole);
+        return true;
+    }
+    }
+}
+
+Outcome CommitPosition(ProjectState& s, const Box& box, const Field& field, int index, float typed)
+{
+    const bool relative = Relative(s, box);
+    const float upper = relative ? 1.0f : s.l;
+    const bool good = typed >= 0 && typed <= upper;
+    const double x = !good ? 0.0 : relative ? static_cast<double>(typed) * s.l : typed;
+    Store(s, field, index, static_cast<float>(x));
+    return {good, good ? std::string_view{} : relative ? box.other : box.message};
+}
+
+// The half of a rule that looks at other fields: nothing when it is kept.
+std::optional<std::string_view> Related(const ProjectState& s, const Box& box, double x)
+{
+    bool kept = true;
+    switch (box.rule) {
+    case BoxRule::stiffeners:
+        kept = x < 1000.0 * s.l;  // mm
+        break;
+    case BoxRule::overhang:
+        kept = x < s.p23.istb1 / 2.0 - s.p23.isttw;
+        break;
+    case BoxRule::hsqbottom:
+        kept = x >= s.p24.istb1 - 2.0 * s.p24.isttw;
+        break;
+    case BoxRule::hsqtop:
+        kept = x < static_cast<double>(s.p25.istb2) - s.p25.istc;
+        break;
+    case BoxRule::hsqoverhang:
+        kept = x <= s.p25.istb1 / 2.0;
+        break;
+    case BoxRule::boxbottom:
+        kept = x >= s.p27.istb1 - 2.0 * s.p27.istc;  // a + tw, over the webs
+        break;
+    default:
+        break;
+    }
+    return kept ? std::nullopt : std::optional(box.other.empty() ? box.message : box.other);
+}
+
+// The overhang of the top flange follows a narrower flange.
+Outcome FitOverhang(ProjectState& s)
+{
+    const double most = s.p27.istb1 / 2 - s.p27.isttw;
+    if (s.p27.istc <= most) {
+        return {};
+    }
+    s.p27.istc = static_cast<float>(std::max(0.0, most));
+    return {true, " c adjusted "};
+}
+
+}  // namespace
+
+std::span<const Box> InputBoxes()
+{
+    return BoxList();
+}
+
+const Box* FindBox(std::string_view form, std::string_view id)
+{
+    const auto boxes = InputBoxes();
+    const auto at = std::find_if(boxes.begin(), boxes.end(),
+                                 [&](const Box& box) { return box.form == form && box.id == id; });
+    return at != boxes.end() ? &*at : nullptr;
+}
+
+const Box* BoxOfField(std::string_view field)
+{
+    const auto boxes = InputBoxes();
+    const auto at = std::find_if(boxes.begin(), boxes.end(),
+                                 [&](const Box& box) { return box.field == field; });
+    return at != boxes.end() ? &*at : nullptr;
+}
+
+Outcome Commit(ProjectState& s, const Box& box, int index, std::string_view text, bool decimalcomma)
+{
+    const std::optional<float> typed = ParseNum(text, decimalcomma);
+    const Field* const field = FindField(box.field);
+    if (!typed) {
+        return {false, kMismatch};
+    }
+    if (box.rule == BoxRule::position) {
+        return CommitPosition(s, box, *field, index, *typed);
+    }
+    if (!Store(s, *field, index, *typed)) {
+        return {false, kMismatch};
+    }
+    const double value = NumberOf(s, *field, index);
+    if (!Within(value, box)) {
+        return {false, box.message};
+    }
+    if (const auto refusal = Related(s, box, value)) {
+        return {false, *refusal};
+    }
+    return box.rule == BoxRule::boxtop ? FitOverhang(s) : Outcome{};
+}
+
+std::string BoxText(const ProjectState& s, const Box& box, int index)
+{
+    const Field& field = *FindField(box.field);
+    double value = NumberOf(s, field, index);
+    if (box.rule == BoxRule::position && Relative(s, box) && s.l != 0) {
+        return FormatNum(value / s.l, box.format);
+    }
+    if (box.format.empty()) {
+        std::array<char, 40> digits{};
+        const auto end =
+            field.kind == FieldKind::single
+                ? std::to_chars(digits.data(), digits.data() + digits.size(),
+                                static_cast<float>(value))
+                      .ptr
+                : std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+        return {digits.data(), end};
+    }
+    return field.kind == FieldKind::single ? FormatNum(static_cast<float>(value), box.format)
+                                           : FormatNum(value, box.format);
+}
+
+}  // namespace kestrum

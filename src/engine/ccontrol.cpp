@@ -1,0 +1,40 @@
+#include "engine/ccontrol.h"
+
+#include "analysis/load_model.h"
+#include "design/section_control.h"
+#include "engine/family_routines.h"
+#include "stability/buckling_rows.h"
+
+namespace kestrum {
+
+namespace {
+
+constexpr int kT = 26;
+
+}  // namespace
+
+void CalcControl(ProjectState& s)
+{
+    ClearSectionRows(s);
+    ClearBucklingRows(s);
+    s.maxirbuckling = 0;
+    s.ltc1 = 0;
+    s.ltc2 = 0;
+    s.ltc3 = 0;
+    const FamilyRoutines* routines = FindRoutines(s.family);
+    if (routines == nullptr) {
+        return;
+    }
+    if (s.family == kT) {
+        ClearTransverseLoads(s);
+    }
+    if (routines->control_without_n) {
+        s.ned = 0;
+    }
+    routines->control(s);
+    if (routines->buckling != nullptr && (!routines->compressed_only || s.ned > 0)) {
+        routines->buckling(s);
+    }
+}
+
+}  // namespace kestrum

@@ -1,0 +1,15 @@
+#pragma once
+
+// Section control and buckling control of the family in hand.
+
+#include "core/project_state.h"
+
+namespace kestrum {
+
+// In: the section record, resistances and internal forces. Out: secline, irrow1..6, irsection,
+// yline, zline, ltline, maxirbuckling, ltc1..3; errorflag -1 when the axial force exceeds an
+// elastic critical force. Clears them all first, so that nothing of an earlier pass is left where a
+// family has no such control.
+void CalcControl(ProjectState& s);
+
+}  // namespace kestrum

@@ -1,0 +1,171 @@
+#include "report/panel.h"
+
+#include "core/load_combination.h"
+#include "core/number_format.h"
+#include "core/row_text.h"
+
+#include <algorithm>
+
+namespace kestrum {
+
+namespace {
+
+constexpr double kHeadStep = 1.2, kLine = 1, kGoverningStep = 1.1;
+
+TextRun Head(const char* text)
+{
+    return {.text = text, .bold = true, .underline = true};
+}
+
+TextRun Plain(std::string text)
+{
+    return {.text = std::move(text)};
+}
+
+// The ratio in its colour and what follows it.
+std::vector<TextRun> Verdict(const ResultRow& row, const RowText& text)
+{
+    std::vector<TextRun> runs;
+    if (!text.result.empty()) {
+        runs.push_back({.text = text.result, .bold = true, .colour = row.status});
+    }
+    if (!text.limit.empty()) {
+        runs.push_back(Plain(text.limit));
+    }
+    return runs;
+}
+
+std::string CheckPoints(const ProjectState& s)
+{
+    std::string text = " At: x= ";
+    const int count = std::clamp<int>(s.cpcount, 0, 3);
+    for (int i = 1; i <= count; ++i) {
+        const double x = s.cp[static_cast<std::size_t>(i)];
+        text += i > 1 ? "/" : "";
+        text += s.cprelative != 0 ? FormatNum(x / s.l, "#0.00")
+                                  : FormatNum(s.cp[static_cast<std::size_t>(i)], "#0.00");
+    }
+    return text + (s.cprelative != 0 ? " (L)" : " (m)");
+}
+
+// Label and calculation of a buckling row of y or z. The signs stand between them, unless the row
+// is a remark without numbers.
+std::string AxisLabel(const RowText& text)
+{
+    if (text.calculation.empty() && text.result.empty()) {
+        return text.label;
+    }
+    return text.label + " =" + text.calculation + " = ";
+}
+
+}  // namespace
+
+PanelBlock DrawSectionBlock(const ProjectState& s, double& y, bool page)
+{
+    PanelBlock block;
+    if (page) {
+        block.push_back({.y = y, .left = {Plain(GoverningText(s))}});
+        y += kGoverningStep;
+    }
+    PanelLine head{.y = y, .left = {Head("SECTION CONTROL:")}};
+    if (s.cpmode == 1) {
+        head.left.push_back(Plain(CheckPoints(s)));
+    }
+    block.push_back(head);
+    y += kHeadStep;
+    for (const std::size_t i : {1U, 2U, 3U}) {
+        const ResultRow& row = s.secline[i];
+        if (row.empty()) {
+            continue;
+        }
+        const RowText text = TextOf(row, s.irlimit);
+        block.push_back(
+            {.y = y, .left = {Plain(text.label + text.calculation)}, .result = Verdict(row, text)});
+        y += kLine;
+    }
+    return block;
+}
+
+PanelBlock DrawBuckleBlock(const ProjectState& s, double& y)
+{
+    if (s.yline.empty() && s.zline.empty() && s.ltline.empty()) {
+        return {};
+    }
+    PanelBlock block;
+    PanelLine head{.y = y + 0.2, .left = {Head("BUCKLING CONTROL:")}};
+    if (s.ltb != 0) {
+        head.left.push_back(Plain(" (incl Lateral Torsional Buckling)"));
+    }
+    block.push_back(head);
+    y += 1.3;
+    const auto add = [&](const ResultRow& row, bool axis) {
+        if (row.empty()) {
+            return;
+        }
+        const RowText text = TextOf(row, s.irlimit);
+        block.push_back({.y = y,
+                         .left = {Plain(axis ? AxisLabel(text) : text.label + text.calculation)},
+                         .result = Verdict(row, text)});
+        y += kLine;
+    };
+    add(s.yline, true);
+    add(s.zline, true);
+    add(s.ltline, false);
+    return block;
+}
+
+PanelBlock DrawDeflectionBlock(const ProjectState& s, double& y)
+{
+    if (s.deflinez.empty() && s.defliney.empty()) {
+        return {};
+    }
+    PanelBlock block;
+    block.push_back(
+        {.y = y,
+         .left = {Head("DEFLECTION CONTROL:"),
+                  Plain(" (z: L/" + FormatNum(static_cast<float>(s.deflimitz), "#0") + "  y: L/" +
+                        FormatNum(static_cast<float>(s.deflimity), "#0") + ");")}});
+    for (const ResultRow* row : {&s.deflinez, &s.defliney}) {
+        if (row->empty()) {
+            continue;
+        }
+        y += 1.1;
+        const RowText text = TextOf(*row, s.irlimit);
+        PanelLine line{.y = y, .left = {Plain(text.label + text.calculation)}};
+        for (TextRun& run : Verdict(*row, text)) {
+            line.left.push_back(std::move(run));
+        }
+        if (!text.limit.empty()) {
+            line.left.back().text.insert(0, "      ");
+        }
+        block.push_back(std::move(line));
+    }
+    y += kLine;
+    return block;
+}
+
+bool HasBuckleBlock(int family)
+{
+    constexpr int kNone[] = {24, 25, 27};
+    const bool listed = (family >= 1 && family <= 16) || (family >= 21 && family <= 28) ||
+                        family == 31 || family == 41 || (family >= 51 && family <= 56) ||
+                        (family >= 101 && family <= 103);
+    return listed && std::find(std::begin(kNone), std::end(kNone), family) == std::end(kNone);
+}
+
+std::vector<PanelBlock> ShowResults(const ProjectState& s, bool page)
+{
+    std::vector<PanelBlock> blocks;
+    double y = kPanelTop;
+    blocks.push_back(DrawSectionBlock(s, y, page));
+    if (HasBuckleBlock(s.family)) {
+        blocks.push_back(DrawBuckleBlock(s, y));
+    }
+    if (s.checksls != kFalse) {
+        blocks.push_back(DrawDeflectionBlock(s, y));
+    }
+    std::erase_if(blocks, [](const PanelBlock& block) { return block.empty(); });
+    return blocks;
+}
+
+}  // namespace kestrum

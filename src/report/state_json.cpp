@@ -1,0 +1,164 @@
+#include "report/state_json.h"
+
+#include "core/field_table.h"
+#include "core/load_combination.h"
+#include "core/row_text.h"
+#include "service/modal.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <utility>
+
+namespace kestrum {
+
+namespace {
+
+template <class T> std::string Shortest(T value)
+{
+    if (!std::isfinite(value)) {
+        return "null";
+    }
+    std::array<char, 40> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    return {digits.data(), end};
+}
+
+// Joins the members of one object or list.
+class Members {
+public:
+    void Add(std::string_view key, const std::string& value)
+    {
+        text_ += text_.empty() ? "" : ",\n";
+        text_ += JsonText(key) + ": " + value;
+    }
+    std::string Object() const { return "{\n" + text_ + "\n}"; }
+
+private:
+    std::string text_;
+};
+
+std::string Value(const ProjectState& s, const Field& field, int index)
+{
+    const double number = NumberOf(s, field, index);
+    switch (field.kind) {
+    case FieldKind::single:
+        return JsonNumber(static_cast<float>(number));
+    case FieldKind::real:
+        return JsonNumber(number);
+    case FieldKind::integer:
+        return std::to_string(static_cast<int>(number));
+    case FieldKind::truth:
+        return number != 0 ? "true" : "false";
+    default:
+        return JsonText(TextOf(s, field));
+    }
+}
+
+std::string FieldJson(const ProjectState& s, const Field& field)
+{
+    if (field.shape == FieldShape::scalar) {
+        return Value(s, field, 0);
+    }
+    std::string list;
+    for (int i = field.first; i <= LastIndex(field, s); ++i) {
+        list += (list.empty() ? "" : ", ") + Value(s, field, i);
+    }
+    return "[" + list + "]";
+}
+
+std::string RowJson(const ResultRow& row, float irlimit)
+{
+    const bool empty = row.empty();
+    const RowText text = empty ? RowText{} : TextOf(row, irlimit);
+    return "{\"label\": " + JsonText(text.label) +
+           ", \"calculation\": " + JsonText(text.calculation) +
+           ", \"result\": " + JsonText(text.result) + ", \"limit\": " + JsonText(text.limit) +
+           ", \"ir\": " + JsonNumber(empty ? 0.0 : row.ir) +
+           ", \"status\": " + std::to_string(empty ? kWithin : row.status) + "}";
+}
+
+void AddTexts(Members& members, const ProjectState& s)
+{
+    members.Add("combtext610", JsonText(CombText610(s)));
+    members.Add("combtext610a", JsonText(CombText610a(s)));
+    members.Add("combtext610b", JsonText(CombText610b(s)));
+    members.Add("combtext614", JsonText(CombText614(s)));
+    members.Add("combtextuls", JsonText(CombTextUls(s)));
+    members.Add("combtextsls", JsonText(CombTextSls(s)));
+    members.Add("combtextbasic", JsonText(CombTextBasic()));
+    const ModalTexts modal = TextsOfModal(s);
+    members.Add("massa", JsonText(modal.mass));
+    members.Add("mod1", JsonText(modal.mode[0]));
+    members.Add("mod2", JsonText(modal.mode[1]));
+    members.Add("mod3", JsonText(modal.mode[2]));
+}
+
+}  // namespace
+
+std::string JsonText(std::string_view text)
+{
+    constexpr std::string_view kHex = "0123456789abcdef";
+    std::string out = "\"";
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\') {
+            out += '\\';
+            out += c;
+        } else if (byte < 0x20) {
+            out += "\\u00";
+            out += kHex[byte >> 4U];
+            out += kHex[byte & 15U];
+        } else {
+            out += c;
+        }
+    }
+    return out + "\"";
+}
+
+std::string JsonNumber(double value)
+{
+    return Shortest(value);
+}
+
+std::string JsonNumber(float value)
+{
+    return Shortest(value);
+}
+
+std::string RowsJson(const ProjectState& state)
+{
+    ProjectState blank{};
+    blank.irlimit = state.irlimit;
+    const ProjectState& s = state.calculationerror ? blank : state;
+    const auto row = [&](const ResultRow& r) { return RowJson(r, s.irlimit); };
+    return "{\n  \"section\": [" + row(s.secline[1]) + ",\n    " + row(s.secline[2]) + ",\n    " +
+           row(s.secline[3]) + "],\n  \"buckling\": [" + row(s.yline) + ",\n    " + row(s.zline) +
+           ",\n    " + row(s.ltline) + "],\n  \"deflection\": [" + row(s.deflinez) + ",\n    " +
+           row(s.defliney) + "]}";
+}
+
+std::string StateJson(const ProjectState& s)
+{
+    Members members;
+    for (const Field& field : AllFields()) {
+        members.Add(field.name, FieldJson(s, field));
+    }
+    AddTexts(members, s);
+    members.Add("rows", RowsJson(s));
+    members.Add("notes", "[]");
+    return members.Object() + "\n";
+}
+
+std::string InputsJson(const ProjectState& s)
+{
+    Members members;
+    for (const Field& field : AllFields()) {
+        if (field.role == FieldRole::input) {
+            members.Add(field.name, FieldJson(s, field));
+        }
+    }
+    return members.Object() + "\n";
+}
+
+}  // namespace kestrum

@@ -1,0 +1,29 @@
+#pragma once
+
+// The record as one flat JSON object: every field under its canonical name, the result rows as
+// text, the texts that are made from the state. Numbers read back to the value they came from.
+
+#include "core/project_state.h"
+
+#include <string>
+#include <string_view>
+
+namespace kestrum {
+
+// All of the record after a pass. The rows are empty when the pass failed.
+std::string StateJson(const ProjectState& s);
+
+// Only what the project file keeps.
+std::string InputsJson(const ProjectState& s);
+
+// The three blocks of result rows: {"section":[..],"buckling":[y, z, lt],"deflection":[z, y]}.
+std::string RowsJson(const ProjectState& s);
+
+// A text as a JSON string with its quotes.
+std::string JsonText(std::string_view text);
+
+// The shortest decimal that reads back; null for what JSON cannot say.
+std::string JsonNumber(double value);
+std::string JsonNumber(float value);
+
+}  // namespace kestrum

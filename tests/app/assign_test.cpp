@@ -1,0 +1,163 @@
+#include "app/assign.h"
+
+#include "app/choices.h"
+#include "core/field_table.h"
+
+#include <gtest/gtest.h>
+
+namespace kestrum {
+namespace {
+
+Library Materials()
+{
+    Library library;
+    library.materials = {{"S235", 235, 215}, {"S355", 355, 335}, {"General", 0, 0}};
+    return library;
+}
+
+const Library kLibrary = Materials();
+
+std::string Set(ProjectState& s, const char* name, const char* text)
+{
+    return AssignField(kLibrary, s, name, text, Assignment::checked);
+}
+
+std::string SetRaw(ProjectState& s, const char* name, const char* text)
+{
+    return AssignField(kLibrary, s, name, text, Assignment::raw);
+}
+
+TEST(Assign, GoesThroughTheBoxOfTheField)
+{
+    ProjectState s{};
+    EXPECT_EQ(Set(s, "l", "7,5"), "");
+    EXPECT_EQ(s.l, 7.5f);
+    EXPECT_EQ(Set(s, "qload[2]", "12.5"), "");
+    EXPECT_EQ(s.qload[2], 12.5f);
+    EXPECT_EQ(Set(s, "p22.isttw", "11"), "");
+    EXPECT_EQ(s.p22.isttw, 11);
+    EXPECT_EQ(Set(s, "l", "0.01"), " L >= 0.050 ");
+    EXPECT_EQ(s.l, 7.5f);  // as it was
+    EXPECT_EQ(Set(s, "l", "abc"), "Input string mismatch ");
+    EXPECT_NE(Set(s, "l", ""), "");
+}
+
+TEST(Assign, GoesThroughTheListOfTheField)
+{
+    ProjectState s{};
+    EXPECT_EQ(Set(s, "family", "101"), "");
+    EXPECT_EQ(s.family, 101);
+    for (const char* value : {"0", "12", "55", "57", "999", "1.5", "x", ""}) {
+        EXPECT_NE(Set(s, "family", value), "") << value;
+    }
+    EXPECT_EQ(s.family, 101);
+    EXPECT_EQ(Set(s, "row.hea", "23"), "");
+    EXPECT_NE(Set(s, "row.hea", "24"), "");
+    EXPECT_EQ(Set(s, "row.pfc", "15"), "");
+    EXPECT_NE(Set(s, "row.pfc", "16"), "");
+    EXPECT_EQ(Set(s, "fykindex", "2"), "");
+    EXPECT_NE(Set(s, "fykindex", "3"), "");
+    EXPECT_EQ(Set(s, "p41.opn", "3"), "");
+    EXPECT_NE(Set(s, "p41.opn", "2"), "");
+    EXPECT_EQ(Set(s, "psi1index", "6"), "");
+    EXPECT_EQ(s.psi1, 0.7f);
+}
+
+TEST(Assign, ListsHoldOnlyInputs)
+{
+    for (const Field& field : AllFields()) {
+        if (FindChoice(field.name) != nullptr) {
+            EXPECT_EQ(field.role, FieldRole::input) << field.name;
+        }
+    }
+}
+
+TEST(Assign, TruthHasItsWords)
+{
+    ProjectState s{};
+    for (const char* yes : {"true", "1", "-1", "#TRUE#"}) {
+        s.checksls = kFalse;
+        EXPECT_EQ(Set(s, "checksls", yes), "");
+        EXPECT_EQ(s.checksls, kTrue) << yes;
+    }
+    for (const char* no : {"false", "0", "#FALSE#"}) {
+        s.qchecked[3] = kTrue;
+        EXPECT_EQ(Set(s, "qchecked[3]", no), "");
+        EXPECT_EQ(s.qchecked[3], kFalse) << no;
+    }
+    EXPECT_NE(Set(s, "checksls", "2"), "");
+}
+
+TEST(Assign, RefusesWhatTheFileDoesNotKeep)
+{
+    ProjectState s{};
+    const ProjectState before = s;
+    for (const char* name : {"ned", "irsection", "psi1", "annexindex", "lamdalt0", "irlimit",
+                             "nothing", "qload[0]", "qload", "qload[5]", "rows", ""}) {
+        EXPECT_NE(Set(s, name, "1"), "") << name;
+        EXPECT_NE(SetRaw(s, name, "1"), "") << name;
+    }
+    EXPECT_EQ(s, before);
+}
+
+TEST(Assign, RawStoresWhatTheReaderWould)
+{
+    ProjectState s{};
+    EXPECT_EQ(SetRaw(s, "l", "0"), "");
+    EXPECT_EQ(s.l, 0);
+    EXPECT_EQ(SetRaw(s, "family", "999"), "");
+    EXPECT_EQ(s.family, 999);
+    EXPECT_EQ(SetRaw(s, "row.hea", "32767"), "");
+    EXPECT_EQ(s.row[0], 32767);
+    EXPECT_EQ(SetRaw(s, "spring", "2.5"), "");
+    EXPECT_EQ(s.spring, 2);
+    EXPECT_NE(SetRaw(s, "spring", "32768"), "");
+    EXPECT_NE(SetRaw(s, "l", "1E39"), "");
+    EXPECT_NE(SetRaw(s, "l", "nan"), "");
+    EXPECT_NE(SetRaw(s, "gammam0", "inf"), "");
+    EXPECT_EQ(SetRaw(s, "gammam0", "1E39"), "");
+    EXPECT_EQ(s.gammam0, 1e39);
+}
+
+TEST(Assign, AnnexBringsItsParameters)
+{
+    ProjectState s{};
+    s.fyk = 355;
+    s.safetyclass = 1;
+    EXPECT_EQ(Set(s, "annexcode", "NO"), "");
+    EXPECT_EQ(s.annexindex, 1);
+    EXPECT_EQ(s.gammam0, 1.05);
+    EXPECT_EQ(s.kfiq, 0.9f);
+    EXPECT_NE(Set(s, "annexcode", "XX"), "");
+    EXPECT_EQ(s.annexcode, "NO");
+}
+
+TEST(Assign, TextsKeepToOneLine)
+{
+    ProjectState s{};
+    EXPECT_EQ(Set(s, "projname", "Bridge, \"north\""), "");
+    EXPECT_EQ(s.projname, "Bridge, \"north\"");
+    EXPECT_NE(Set(s, "projname", "a\nb"), "");
+    EXPECT_NE(Set(s, "p41ident", "a\"b"), "");
+    EXPECT_EQ(Set(s, "p41ident", ""), "");
+}
+
+TEST(Assign, TellsWhoOverrulesAValue)
+{
+    ProjectState s{};
+    s.annexindex = 8;
+    s.fykindex = 2;
+    EXPECT_EQ(OverruledBy(kLibrary, s, "gammam0"), "");
+    EXPECT_EQ(OverruledBy(kLibrary, s, "fyk"), "");
+    EXPECT_EQ(OverruledBy(kLibrary, s, "l"), "");
+    s.annexindex = 1;
+    s.fykindex = 1;
+    EXPECT_EQ(OverruledBy(kLibrary, s, "gammam0"), "set by the national annex NO");
+    EXPECT_EQ(OverruledBy(kLibrary, s, "fyk"), "set by the material S355");
+    s.annexindex = 7;
+    s.loadcomb = 1;
+    EXPECT_EQ(OverruledBy(kLibrary, s, "loadcomb"), "set by the national annex NK");
+}
+
+}  // namespace
+}  // namespace kestrum

@@ -1,0 +1,215 @@
+#include "report/panel.h"
+
+#include "core/load_combination.h"
+#include "report/panel_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kestrum {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+ResultRow Row(Literal label, Literal calculation, double ir, Literal limit = " (Ch 6.2.6)")
+{
+    ResultRow row{};
+    row.label[0] = label;
+    row.calculation[0] = calculation;
+    row.limit[0] = limit;
+    row.ir = ir;
+    row.judged = true;
+    row.status = ir > 1 ? kAbove : kWithin;
+    return row;
+}
+
+ProjectState Designed()
+{
+    ProjectState s{};
+    s.family = 1;
+    s.irlimit = 1;
+    s.l = 5;
+    s.deflimity = 300;
+    s.deflimitz = 250;
+    s.secline[1] = Row("IR = N/A = ", "1/2 = ", 0.5);
+    s.secline[3] = Row("IR = Vz,Ed/Vz,Rd = ", "30/20 = ", 1.5);
+    return s;
+}
+
+std::string Text(const std::vector<TextRun>& runs)
+{
+    std::string text;
+    for (const TextRun& run : runs) {
+        text += run.text;
+    }
+    return text;
+}
+
+TEST(Panel, SectionBlockHasHeadRowsAndColours)
+{
+    double y = kPanelTop;
+    const PanelBlock block = DrawSectionBlock(Designed(), y, false);
+    ASSERT_EQ(block.size(), 3U);
+    EXPECT_EQ(block[0].left, (std::vector<TextRun>{{"SECTION CONTROL:", true, true, 0}}));
+    EXPECT_THAT(block[0].result, IsEmpty());
+    EXPECT_EQ(Text(block[1].left), "IR = N/A = 1/2 = ");
+    EXPECT_EQ(block[1].result,
+              (std::vector<TextRun>{{"0.50", true, false, kWithin}, {" < 1.0 (Ch 6.2.6)"}}));
+    EXPECT_EQ(Text(block[2].left), "IR = Vz,Ed/Vz,Rd = 30/20 = ");
+    EXPECT_EQ(block[2].result[0], (TextRun{"1.50", true, false, kAbove}));
+    EXPECT_DOUBLE_EQ(block[0].y, 0.3);
+    EXPECT_DOUBLE_EQ(block[1].y, 1.5);
+    EXPECT_DOUBLE_EQ(block[2].y, 2.5);  // the empty second row takes no line
+    EXPECT_DOUBLE_EQ(y, 3.5);
+}
+
+TEST(Panel, GoverningLoadCaseStandsOnThePageOnly)
+{
+    const ProjectState s = Designed();
+    double y = kPanelTop;
+    const PanelBlock page = DrawSectionBlock(s, y, true);
+    EXPECT_EQ(Text(page[0].left), GoverningText(s));
+    EXPECT_DOUBLE_EQ(page[1].y, 1.4);
+    EXPECT_THAT(PanelText(s, true), HasSubstr("Governing Loadcase:"));
+    EXPECT_THAT(PanelText(s, false), Not(HasSubstr("Governing Loadcase:")));
+}
+
+TEST(Panel, CheckPointsStandInTheHeadOfTheirMode)
+{
+    ProjectState s = Designed();
+    s.cpcount = 2;
+    s.cp = {0, 2, 3, 4};
+    double y = 0;
+    EXPECT_EQ(Text(DrawSectionBlock(s, y, false)[0].left), "SECTION CONTROL:");
+    s.cpmode = 1;
+    EXPECT_EQ(Text(DrawSectionBlock(s, y, false)[0].left), "SECTION CONTROL: At: x= 2.00/3.00 (m)");
+    s.cprelative = 1;
+    EXPECT_EQ(Text(DrawSectionBlock(s, y, false)[0].left), "SECTION CONTROL: At: x= 0.40/0.60 (L)");
+    s.cpcount = 1;
+    const PanelLine head = DrawSectionBlock(s, y, false)[0];
+    EXPECT_EQ(Text(head.left), "SECTION CONTROL: At: x= 0.40 (L)");
+    EXPECT_FALSE(head.left[1].bold);
+    EXPECT_FALSE(head.left[1].underline);
+}
+
+TEST(Panel, BuckleRowsJoinLabelNumbersAndRatio)
+{
+    ProjectState s = Designed();
+    s.yline = Row("IR = NEd/Nb,y,Rd ", "100.0/500.0", 0.2, " (Ch 6.3.1)");
+    s.ltline = Row("IR = My,Ed/(xLT*My,Rd) = ", "10.0/(0.90*50.0) = ", 0.22, " (Ch 6.3.2)");
+    double y = 4;
+    const PanelBlock block = DrawBuckleBlock(s, y);
+    ASSERT_EQ(block.size(), 3U);
+    EXPECT_EQ(Text(block[0].left), "BUCKLING CONTROL:");
+    EXPECT_EQ(Text(block[1].left) + Text(block[1].result),
+              "IR = NEd/Nb,y,Rd  =100.0/500.0 = 0.20 < 1.0 (Ch 6.3.1)");
+    EXPECT_EQ(Text(block[2].left), "IR = My,Ed/(xLT*My,Rd) = 10.0/(0.90*50.0) = ");
+    EXPECT_DOUBLE_EQ(block[0].y, 4.2);
+    EXPECT_DOUBLE_EQ(block[1].y, 5.3);
+    EXPECT_DOUBLE_EQ(block[2].y, 6.3);
+    EXPECT_DOUBLE_EQ(y, 7.3);
+}
+
+TEST(Panel, BuckleHeadTellsOfLateralTorsionalBuckling)
+{
+    ProjectState s = Designed();
+    s.ltb = 1;
+    s.yline = Row("IR = NEd/Nb,y,Rd ", "1.0/2.0", 0.5);
+    double y = 0;
+    EXPECT_EQ(Text(DrawBuckleBlock(s, y)[0].left),
+              "BUCKLING CONTROL: (incl Lateral Torsional Buckling)");
+    s.yline = {};
+    EXPECT_THAT(DrawBuckleBlock(s, y), IsEmpty());  // neither head nor suffix
+}
+
+TEST(Panel, ARemarkStandsAlone)
+{
+    ProjectState s = Designed();
+    s.yline.label[0] = "No Buckling";
+    s.yline.status = kWithin;
+    double y = 0;
+    const PanelBlock block = DrawBuckleBlock(s, y);
+    EXPECT_EQ(Text(block[1].left), "No Buckling");
+    EXPECT_THAT(block[1].result, IsEmpty());
+}
+
+TEST(Panel, DeflectionOfZStandsBeforeY)
+{
+    ProjectState s = Designed();
+    s.checksls = kTrue;
+    s.deflinez = Row("IR = dz/dzMax = ", "10.0/20.0 = ", 0.5, "");
+    s.defliney = Row("IR = dy/dyMax = ", "30.0/20.0 = ", 1.5, "");
+    double y = 7;
+    const PanelBlock block = DrawDeflectionBlock(s, y);
+    ASSERT_EQ(block.size(), 3U);
+    EXPECT_EQ(Text(block[0].left), "DEFLECTION CONTROL: (z: L/250  y: L/300);");
+    EXPECT_EQ(Text(block[1].left), "IR = dz/dzMax = 10.0/20.0 = 0.50       < 1.0");
+    EXPECT_EQ(Text(block[2].left), "IR = dy/dyMax = 30.0/20.0 = 1.50       < 1.0");
+    EXPECT_TRUE(block[2].left[1].bold);
+    EXPECT_EQ(block[2].left[1].colour, kAbove);
+    EXPECT_DOUBLE_EQ(block[1].y, 8.1);
+    EXPECT_DOUBLE_EQ(block[2].y, 9.2);
+}
+
+TEST(Panel, WithoutDeflectionControlNeitherBlockNorServiceText)
+{
+    ProjectState s = Designed();
+    s.deflinez = Row("IR = dz/dzMax = ", "10.0/20.0 = ", 0.5);
+    EXPECT_THAT(PanelText(s, true), Not(HasSubstr("DEFLECTION")));
+    EXPECT_THAT(PanelText(s, true), Not(HasSubstr("SLS")));
+    s.checksls = kTrue;
+    EXPECT_THAT(PanelText(s, true), HasSubstr("DEFLECTION CONTROL:"));
+    EXPECT_THAT(PanelText(s, true), HasSubstr("SLS"));
+}
+
+TEST(Panel, AngleInTensionHasNoBucklingHead)
+{
+    ProjectState s = Designed();
+    s.family = 10;
+    EXPECT_THAT(PanelText(s), Not(HasSubstr("BUCKLING")));
+}
+
+TEST(Panel, SomeFamiliesHaveNoBucklingBlock)
+{
+    for (const int family : {1, 5, 16, 21, 22, 23, 26, 28, 31, 41, 51, 54, 56, 101, 103}) {
+        EXPECT_TRUE(HasBuckleBlock(family)) << family;
+    }
+    for (const int family : {0, 24, 25, 27, 104, 999}) {
+        EXPECT_FALSE(HasBuckleBlock(family)) << family;
+    }
+    ProjectState s = Designed();
+    s.family = 27;
+    s.yline = Row("IR = NEd/Nb,y,Rd ", "1.0/2.0", 0.5);
+    EXPECT_THAT(PanelText(s), Not(HasSubstr("BUCKLING")));
+}
+
+TEST(PanelText, RatiosStandInOneColumnBehindTheWidestLabel)
+{
+    // The longer label has 27 characters; the ratios start one behind it.
+    const std::string first = "IR = N/A = 1/2 = ";
+    const std::string second = "IR = Vz,Ed/Vz,Rd = 30/20 = ";
+    EXPECT_EQ(PanelText(Designed()), "SECTION CONTROL:\n" + first + std::string(11, ' ') +
+                                         "0.50 < 1.0 (Ch 6.2.6)\n" + second +
+                                         " 1.50 < 1.0 (Ch 6.2.6)\n");
+}
+
+TEST(PanelText, ColumnFollowsTheSecondRowWhenItStandsAlone)
+{
+    ProjectState s = Designed();
+    s.secline = {};
+    s.secline[2] = Row("N+M ", "1.0/4.0 = ", 0.25, "");
+    EXPECT_EQ(PanelText(s), "SECTION CONTROL:\nN+M 1.0/4.0 =  0.25 < 1.0\n");
+}
+
+TEST(PanelText, ColumnIsNeverLeftOfTenUnits)
+{
+    ProjectState s = Designed();
+    s.secline = {};
+    s.secline[2] = Row("N", "", 0.25, "");
+    EXPECT_EQ(PanelText(s), "SECTION CONTROL:\nN          0.25 < 1.0\n");
+}
+
+}  // namespace
+}  // namespace kestrum
