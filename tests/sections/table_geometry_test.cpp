@@ -80,6 +80,8 @@ double ToeOfAngle(const ProjectState& s)
     return rounded ? 2.0 : std::min(s.r / 2.0, 1.0 * s.tw);
 }
 
+// Tolerances follow from the digits of the figures where these are exact geometry (0.06 and 0.15
+// %), else from the rounded publications of tapered and older series.
 struct Series {
     const char* name;
     int family, series;
@@ -160,24 +162,24 @@ const Differing kChannels = {
 };
 
 const Series kSeries[] = {
-    {"HEA", 1, 1, 0.006, PropertiesRolledI, ParallelI, {}},
-    {"HEB", 2, 1, 0.006, PropertiesRolledI, ParallelI, {}},
-    {"HEM", 3, 1, 0.006, PropertiesRolledI, ParallelI, {}},
-    {"IPE", 4, 1, 0.006, PropertiesRolledI, ParallelI, {}},
+    {"HEA", 1, 1, 0.0006, PropertiesRolledI, ParallelI, {}},
+    {"HEB", 2, 1, 0.0006, PropertiesRolledI, ParallelI, {}},
+    {"HEM", 3, 1, 0.0006, PropertiesRolledI, ParallelI, {}},
+    {"IPE", 4, 1, 0.0006, PropertiesRolledI, ParallelI, {}},
     {"INP", 15, 1, 0.006, PropertiesInp, Inp, {}},
-    {"UB", 101, 1, 0.006, PropertiesBritishI, ParallelI, {}},
-    {"UC", 101, 2, 0.006, PropertiesBritishI, ParallelI, {}},
-    {"UBP", 101, 3, 0.006, PropertiesBritishI, ParallelI, {}},
+    {"UB", 101, 1, 0.0006, PropertiesBritishI, ParallelI, {}},
+    {"UC", 101, 2, 0.0006, PropertiesBritishI, ParallelI, {}},
+    {"UBP", 101, 3, 0.0006, PropertiesBritishI, ParallelI, {}},
     {"J", 102, 1, 0.01, PropertiesBritishI, Joist, kJoists},
     {"UPE", 5, 1, 0.006, PropertiesUpe, ParallelChannel, {}},
     {"UNP", 16, 1, 0.006, PropertiesUnp, Unp, {{"400: Wel,z", -0.93}}},
     {"CH", 103, 1, 0.02, PropertiesBritishChannel, TaperedChannel, kChannels},
-    {"PFC", 103, 2, 0.006, PropertiesBritishChannel, ParallelChannel, {}},
-    {"SHS", 6, 1, 0.006, PropertiesHollow, HollowSection, {}},
-    {"RHS", 7, 1, 0.006, PropertiesHollow, HollowSection, {}},
-    {"CFSHS", 8, 1, 0.006, PropertiesHollow, HollowSection, {}},
-    {"CFRHS", 9, 1, 0.006, PropertiesHollow, HollowSection, {}},
-    {"L equal", 10, 1, 0.006, PropertiesAngle, AngleSection, {}},
+    {"PFC", 103, 2, 0.0006, PropertiesBritishChannel, ParallelChannel, {}},
+    {"SHS", 6, 1, 0.0015, PropertiesHollow, HollowSection, {}},
+    {"RHS", 7, 1, 0.0015, PropertiesHollow, HollowSection, {}},
+    {"CFSHS", 8, 1, 0.0015, PropertiesHollow, HollowSection, {}},
+    {"CFRHS", 9, 1, 0.0015, PropertiesHollow, HollowSection, {}},
+    {"L equal", 10, 1, 0.0015, PropertiesAngle, AngleSection, {}},
     {"L unequal", 11, 1, 0.006, PropertiesAngle, AngleSection, {}},
 };
 
