@@ -1,9 +1,9 @@
 #include "engine/ccontrol.h"
 
-#include "analysis/load_model.h"
+#include "analysis/cmoment.h"
 #include "design/section_control.h"
 #include "engine/family_routines.h"
-#include "stability/buckling_rows.h"
+#include "stability/buckling_control.h"
 
 namespace kestrum {
 
@@ -26,7 +26,7 @@ void CalcControl(ProjectState& s)
         return;
     }
     if (s.family == kT) {
-        ClearTransverseLoads(s);
+        ClearInvalidLoads(s);  // end forces do not pass the clearing of the analysis
     }
     if (routines->control_without_n) {
         s.ned = 0;

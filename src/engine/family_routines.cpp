@@ -4,7 +4,7 @@
 #include "design/p05bas_channel.h"
 #include "design/p06bas_hollow.h"
 #include "design/p10bas_angle.h"
-#include "design/p22bas_welded_i.h"
+#include "design/p22bas_single_symmetric_i.h"
 #include "design/p24bas_hsq.h"
 #include "design/p26bas_t.h"
 #include "design/p27bas_box.h"
@@ -17,6 +17,10 @@
 #include "sections/hollow.h"
 #include "sections/rolled_i.h"
 #include "sections/simple.h"
+#include "sections/welded_hsq.h"
+#include "sections/welded_plate.h"
+#include "sections/welded_single_i.h"
+#include "sections/welded_t.h"
 #include "stability/buckling_control.h"
 
 #include <algorithm>

@@ -87,11 +87,10 @@ void AddTexts(Members& members, const ProjectState& s)
     members.Add("combtextuls", JsonText(CombTextUls(s)));
     members.Add("combtextsls", JsonText(CombTextSls(s)));
     members.Add("combtextbasic", JsonText(CombTextBasic()));
-    const ModalTexts modal = TextsOfModal(s);
-    members.Add("massa", JsonText(modal.mass));
-    members.Add("mod1", JsonText(modal.mode[0]));
-    members.Add("mod2", JsonText(modal.mode[1]));
-    members.Add("mod3", JsonText(modal.mode[2]));
+    members.Add("massa", JsonText(MassText(s)));
+    members.Add("mod1", JsonText(ModeText(s, 1)));
+    members.Add("mod2", JsonText(ModeText(s, 2)));
+    members.Add("mod3", JsonText(ModeText(s, 3)));
 }
 
 }  // namespace

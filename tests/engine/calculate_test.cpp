@@ -1,0 +1,312 @@
+#include "engine/calculate.h"
+
+#include "core/arithmetic_trap.h"
+#include "engine/ccontrol.h"
+#include "engine/csection.h"
+#include "engine/engine_fixture.h"
+#include "engine/family_routines.h"
+
+#include <gtest/gtest.h>
+
+#include <cfenv>
+#include <cmath>
+#include <limits>
+
+namespace kestrum {
+namespace {
+
+TEST(Calculate, DefaultProjectIsDesigned)
+{
+    ProjectState s = Fresh();
+    EXPECT_TRUE(Run(s));
+    EXPECT_FALSE(s.calculationerror);
+    EXPECT_EQ(s.errorflag, 0);
+    EXPECT_FALSE(s.secline[1].empty());
+    EXPECT_GT(s.irsection, 0);
+    EXPECT_GT(s.maxirbuckling, 0);
+    EXPECT_DOUBLE_EQ(s.mymax, 31.25);  // 10*5^2/8
+}
+
+TEST(Calculate, EveryFamilyIsDesignedFromItsDefaults)
+{
+    for (const FamilyRoutines& routines : AllRoutines()) {
+        SCOPED_TRACE(routines.family);
+        ProjectState s = Plain(static_cast<i16>(routines.family));
+        s.l = 2;
+        s.nload[1] = 1;
+        s.qload[1] = 1;
+        s.checkconsercontrol = routines.family == 28 ? kTrue : kFalse;  // flat bar: the linear form
+        EXPECT_TRUE(Run(s));
+        EXPECT_GT(s.irsection, 0);
+        EXPECT_GT(s.ncrd, 0);
+    }
+}
+
+// A column with some bending: HEA 200, L = 10 m, beyond its elastic critical force about z.
+ProjectState Overloaded(i16 method)
+{
+    ProjectState s = Plain();
+    s.row[0] = 5;
+    s.l = 10;
+    s.nload[1] = 1e4f;
+    s.method = method;
+    return s;
+}
+
+TEST(Calculate, AxialOverloadStopsTheFactorsOfMethod1)
+{
+    ProjectState s = Overloaded(1);
+    EXPECT_FALSE(Run(s));
+    EXPECT_EQ(s.errorflag, -1);
+    EXPECT_TRUE(s.calculationerror);
+    EXPECT_EQ(kCalculationError,
+              " Calculation Error. Axial load too big. Increase profile or reduce axial force ");
+}
+
+TEST(Calculate, AxialOverloadIsCalculatedOnByMethod2)
+{
+    ProjectState s = Overloaded(2);
+    EXPECT_TRUE(Run(s));
+    EXPECT_EQ(s.errorflag, 0);
+    EXPECT_GT(s.maxirbuckling, 1);
+}
+
+TEST(Calculate, AxialOverloadWithoutMomentIsCalculatedOn)
+{
+    ProjectState s = Overloaded(1);
+    s.qload[1] = 0;
+    EXPECT_TRUE(Run(s));
+    EXPECT_GT(s.maxirbuckling, 1);
+}
+
+TEST(Calculate, AxialForceEqualToTheCriticalForceIsNoOverload)
+{
+    ProjectState s = Overloaded(1);
+    s.method = 2;
+    ASSERT_TRUE(Run(s));
+    s.method = 1;
+    s.ned = s.ncrz;  // the least of the three
+    ArmTrap();
+    CalcControl(s);
+    EXPECT_NO_THROW(CheckTrap());
+    EXPECT_EQ(s.errorflag, 0);
+    EXPECT_GT(s.maxirbuckling, 1);
+
+    s.ned = std::nextafter(s.ncrz, 1e9);
+    CalcControl(s);
+    EXPECT_EQ(s.errorflag, -1);
+}
+
+TEST(Calculate, AngleOverloadStopsInBothMethods)
+{
+    for (const i16 method : {1, 2}) {
+        ProjectState s = Plain(10);
+        s.method = method;
+        s.l = 10;
+        s.nload[1] = 1e4f;
+        EXPECT_FALSE(Run(s)) << method;
+        EXPECT_EQ(s.errorflag, -1) << method;
+    }
+}
+
+TEST(Calculate, TheNextValidInputRecovers)
+{
+    ProjectState failed = Overloaded(1);
+    ASSERT_FALSE(Run(failed));
+    failed.nload[1] = 10;
+    EXPECT_TRUE(Run(failed));
+    EXPECT_FALSE(failed.calculationerror);
+    EXPECT_EQ(failed.errorflag, 0);
+
+    ProjectState straight = Overloaded(1);
+    straight.nload[1] = 10;
+    ASSERT_TRUE(Run(straight));
+    EXPECT_EQ(failed.irsection, straight.irsection);
+    EXPECT_EQ(failed.maxirbuckling, straight.maxirbuckling);
+}
+
+TEST(Calculate, FailureInTheSectionStep)
+{
+    for (const i16 row : {24, 28, 29, 32767, -1}) {  // read 24, reserved 29
+        ProjectState s = Plain();
+        s.row[0] = row;
+        EXPECT_FALSE(Run(s)) << row;
+        EXPECT_TRUE(s.calculationerror) << row;
+        EXPECT_EQ(s.errorflag, 0) << row;
+    }
+}
+
+TEST(Calculate, FailureInTheAnalysisStep)
+{
+    ProjectState s = Plain();
+    s.l = 0;
+    EXPECT_FALSE(Run(s));
+    s.l = 5;
+    s.qload[1] = 3e38f;
+    s.qload[2] = 3e38f;
+    s.qchecked[2] = kTrue;
+    EXPECT_FALSE(Run(s));
+    s = Plain();
+    s.qload[1] = std::numeric_limits<float>::quiet_NaN();  // raises no flag of its own
+    EXPECT_FALSE(Run(s));
+}
+
+TEST(Calculate, FailureInTheControlStep)
+{
+    // A flat bar with axial force and moment has no interaction formula but the linear one.
+    ProjectState s = Plain(28);
+    EXPECT_FALSE(Run(s));
+    EXPECT_EQ(s.errorflag, 0);
+    s.checkconsercontrol = kTrue;
+    EXPECT_TRUE(Run(s));
+}
+
+TEST(Calculate, FailureInTheFirstOfTwoCombinations)
+{
+    ProjectState s = Plain(28);
+    s.loadcomb = 3;
+    s.governing = 7;
+    EXPECT_FALSE(Run(s));
+    EXPECT_EQ(s.governing, 7);
+}
+
+TEST(Calculate, FailureInTheDeflectionStep)
+{
+    ProjectState s = Plain();
+    s.deflimitz = 0;
+    EXPECT_FALSE(Run(s));
+    s.deflimitz = 300;
+    EXPECT_TRUE(Run(s));
+}
+
+TEST(Calculate, FailureInTheModalStep)
+{
+    ProjectState s = Plain();
+    s.modal = 1;
+    s.qload[1] = -1000;  // its mass outweighs the member's
+    EXPECT_FALSE(Run(s));
+    s.modal = 0;
+    EXPECT_TRUE(Run(s));
+}
+
+TEST(Calculate, LeavesNoStatusFlagBehind)
+{
+    ProjectState s = Plain();
+    s.row[0] = 24;
+    EXPECT_FALSE(Run(s));
+    EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO | FE_OVERFLOW | FE_INVALID), 0);
+}
+
+TEST(Calculate, ANumberWithoutSectionDesignsNothing)
+{
+    for (const i16 family : {0, 55, 999, -1, 12}) {
+        ProjectState s = Plain();
+        ASSERT_TRUE(Run(s));
+        s.family = family;
+        s.fyk = 123;
+        EXPECT_TRUE(Run(s)) << family;
+        EXPECT_EQ(s.fyk, 123) << family;  // no section asks for a material
+        for (const std::size_t i : {1U, 2U, 3U}) {
+            EXPECT_TRUE(s.secline[i].empty()) << family;
+        }
+        EXPECT_TRUE(s.yline.empty() && s.zline.empty() && s.ltline.empty()) << family;
+        EXPECT_EQ(s.irsection, 0) << family;
+        EXPECT_EQ(s.maxirbuckling, 0) << family;
+        EXPECT_DOUBLE_EQ(s.mymax, 31.25) << family;  // forces need no section
+    }
+}
+
+TEST(CalcSection, ClosedFamilySwitchesLateralTorsionalBucklingOffForGood)
+{
+    ProjectState s = Plain();
+    s.restraints = 2;
+    ASSERT_TRUE(Run(s));
+    EXPECT_EQ(s.ltb, 1);
+    EXPECT_EQ(s.ltbavail, kTrue);
+    s.family = 6;
+    ASSERT_TRUE(Run(s));
+    EXPECT_EQ(s.ltb, 0);
+    EXPECT_EQ(s.restraints, 0);
+    EXPECT_EQ(s.ltbavail, kFalse);
+    s.family = 1;
+    ASSERT_TRUE(Run(s));
+    EXPECT_EQ(s.ltb, 0);  // until the user ticks it
+    EXPECT_EQ(s.ltbavail, kTrue);
+}
+
+TEST(CalcSection, LateralTorsionalBucklingByFamily)
+{
+    for (const FamilyRoutines& routines : AllRoutines()) {
+        SCOPED_TRACE(routines.family);
+        ProjectState s = Plain(static_cast<i16>(routines.family));
+        s.restraints = 1;
+        s.ltbavail = 7;
+        CalcSection(Delivered(), s);
+        const bool off = (routines.family >= 6 && routines.family <= 11) || routines.family == 23 ||
+                         routines.family == 24 || routines.family == 25 || routines.family == 26 ||
+                         routines.family == 27 || routines.family == 31;
+        const bool general = routines.family == 5 || routines.family == 16 ||
+                             routines.family == 28 || routines.family == 103 ||
+                             (routines.family >= 51 && routines.family <= 56);
+        EXPECT_EQ(s.ltb, off ? 0 : 1);
+        EXPECT_EQ(s.restraints, off ? 0 : 1);
+        EXPECT_EQ(s.ltbavail, off ? kFalse : routines.family == 28 ? 7 : kTrue);
+        EXPECT_EQ(s.ltbcurve, general ? 2 : 3);
+    }
+}
+
+TEST(CalcSection, OpenProfilesByFamily)
+{
+    for (const FamilyRoutines& routines : AllRoutines()) {
+        const int f = routines.family;
+        const bool closed =
+            (f >= 6 && f <= 9) || f == 23 || f == 24 || f == 25 || f == 27 || f == 31;
+        EXPECT_EQ(routines.open, !closed) << f;
+    }
+}
+
+TEST(CalcControl, WithoutCompressionTheBucklingRowsAreEmpty)
+{
+    for (const i16 family : {10, 11, 26, 28, 31}) {
+        ProjectState s = Plain(family);
+        s.l = 1;
+        s.qload[1] = 0.5f;
+        s.nload[1] = family == 28 ? 0.0f : 1.0f;
+        ASSERT_TRUE(Run(s)) << family;
+        s.nload[1] = -1;
+        s.checkconsercontrol = kTrue;
+        ASSERT_TRUE(Run(s)) << family;
+        EXPECT_TRUE(s.yline.empty() && s.zline.empty() && s.ltline.empty()) << family;
+        EXPECT_EQ(s.maxirbuckling, 0) << family;
+    }
+}
+
+TEST(CalcControl, TCarriesAxialLoadsOnly)
+{
+    ProjectState s = Plain(26);
+    s.pm[1] = 5;
+    s.pmx[1] = 1;
+    s.pmdir[1] = 0;
+    ASSERT_TRUE(Run(s));
+    EXPECT_EQ(s.qload[1], 0);
+    EXPECT_EQ(s.pm[1], 0);
+    EXPECT_EQ(s.pmx[1], 0);
+    EXPECT_EQ(s.pmdir[1], 0);
+    EXPECT_EQ(s.nload[1], 100);
+    s.loadmode = 0;
+    s.qload[1] = 3;
+    Run(s);
+    EXPECT_EQ(s.qload[1], 0);
+}
+
+TEST(CalcControl, HsqAndPlatesHaveNoAxialForce)
+{
+    for (const i16 family : {24, 25, 51, 52, 53, 54, 56}) {
+        ProjectState s = Plain(family);
+        ASSERT_TRUE(Run(s)) << family;
+        EXPECT_EQ(s.ned, 0) << family;
+    }
+}
+
+}  // namespace
+}  // namespace kestrum
