@@ -1,0 +1,289 @@
+#include "app/member_commands.h"
+
+#include "analysis/load_model.h"
+#include "core/annexes.h"
+#include "core/arithmetic_trap.h"
+#include "core/load_combination.h"
+#include "service/vortex.h"
+
+#include <array>
+
+namespace kestrum {
+
+namespace {
+
+// Length factors of the pictures 1 to 5; the last one means no buckling and opens the box.
+constexpr std::array<float, 6> kBucklingFactor{0, 2.0F, 1.0F, 0.7F, 0.5F, 0.001F};
+constexpr int kOwnFactor = 5;
+
+// Length factors of lateral torsional buckling by ltbcase; 5 comes from files only.
+constexpr std::array<float, 6> kLateralFactor{0, 2.0F, 1.0F, 0.7F, 0.5F, 1.0F};
+constexpr float kLateralOff = 0.001F;
+
+i16 Number(int value)
+{
+    return static_cast<i16>(value);
+}
+
+void ResetBucklingCase(i16& chosen, float& factor)
+{
+    if (chosen < kOwnFactor) {
+        chosen = 2;
+        factor = 1.0F;
+    }
+}
+
+void TellLoadCheck(Session& session)
+{
+    const LoadCheck check = ValidateLoads(session.edit());
+    if (!check.message.empty()) {
+        session.surroundings().Warn(check.message.text());
+    }
+}
+
+}  // namespace
+
+void SetProjectName(Session& session, std::string_view text)
+{
+    session.edit().projname = text;
+}
+
+void SetIdent(Session& session, std::string_view text)
+{
+    session.edit().ident = text;
+}
+
+void ChooseSupport(Session& session, int supportcase)
+{
+    ProjectState& s = session.edit();
+    s.supportcase = Number(supportcase);
+    ResetBucklingCase(s.bucklingcasey, s.ly);
+    ResetBucklingCase(s.bucklingcasez, s.lz);
+    TellLoadCheck(session);
+    session.Calculate();
+}
+
+bool SpringShown(const ProjectState& s)
+{
+    return s.supportcase == 3 || s.supportcase == 5;
+}
+
+void ChooseBucklingCase(Session& session, Axis axis, int choice)
+{
+    ProjectState& s = session.edit();
+    const float factor = kBucklingFactor.at(static_cast<std::size_t>(choice));
+    (axis == Axis::y ? s.bucklingcasey : s.bucklingcasez) = Number(choice);
+    (axis == Axis::y ? s.ly : s.lz) = factor;
+    session.Calculate();
+}
+
+void ChooseBucklingCurve(Session& session, Axis axis, int index)
+{
+    ProjectState& s = session.edit();
+    (axis == Axis::y ? s.bcy : s.bcz) = Number(index);
+    session.Calculate();
+}
+
+bool BucklingLengthOpen(const ProjectState& s, Axis axis)
+{
+    return (axis == Axis::y ? s.bucklingcasey : s.bucklingcasez) >= kOwnFactor;
+}
+
+// The pass runs before the annex step, so that neta follows a change across 460 MPa one pass later.
+void ChooseMaterial(Session& session, int index)
+{
+    session.edit().fykindex = Number(index);
+    session.Calculate();
+    ApplyAnnexMaterial(session.edit(), session.state().annexindex);
+    session.changed();
+}
+
+bool StrengthOpen(const Library& library, const ProjectState& s)
+{
+    return s.fykindex < 0 || s.fykindex >= static_cast<int>(library.materials.size()) - 1;
+}
+
+void ChooseLoadCombination(Session& session, int index)
+{
+    ProjectState& s = session.edit();
+    s.loadcomb = Number(index);
+    ApplyAnnexLoads(s, s.annexindex);
+    session.Calculate();
+}
+
+void TickDeflections(Session& session, bool on)
+{
+    session.edit().checksls = on ? kTrue : kFalse;
+    session.Calculate();
+}
+
+void TickModal(Session& session, bool on)
+{
+    const bool refused = on && SpringShown(session.state());
+    if (refused) {
+        session.surroundings().Warn(kNoModal);
+    }
+    session.edit().modal = on && !refused ? 1 : 0;
+    session.Calculate();
+}
+
+bool ModalResultShown(const ProjectState& s)
+{
+    return s.modal == 1;
+}
+
+void TickLateralBuckling(Session& session, bool on)
+{
+    ProjectState& s = session.edit();
+    s.ltb = on ? 1 : 0;
+    if (!on) {
+        s.restraints = 0;
+        s.ltbk = kLateralOff;
+    } else if (s.ltbcase >= 1 && s.ltbcase <= 5) {
+        s.ltbk = kLateralFactor[static_cast<std::size_t>(s.ltbcase)];
+    }
+    session.Calculate();
+}
+
+void ChooseLateralCase(Session& session, int ltbcase)
+{
+    ProjectState& s = session.edit();
+    s.ltbcase = Number(ltbcase);
+    s.ltbk = kLateralFactor.at(static_cast<std::size_t>(ltbcase));
+    session.Calculate();
+}
+
+void ChooseRestraints(Session& session, int restraints)
+{
+    session.edit().restraints = Number(restraints);
+    session.Calculate();
+}
+
+void ChooseLateralCurve(Session& session, int ltbcurve)
+{
+    session.edit().ltbcurve = Number(ltbcurve);
+    session.Calculate();
+}
+
+void ChooseLoadLevel(Session& session, int loadlevel)
+{
+    session.edit().loadlevel = Number(loadlevel);
+    session.Calculate();
+}
+
+void TickManualFactors(Session& session, bool on)
+{
+    session.edit().cmanual = on ? kTrue : kFalse;
+    session.Calculate();
+}
+
+void TickAlternativeC1(Session& session, bool on)
+{
+    session.edit().c1alt = on ? kTrue : kFalse;
+    session.Calculate();
+}
+
+bool ManualFactorsOffered(const ProjectState& s)
+{
+    return s.loadmode == 1 && s.restraints == 0;
+}
+
+bool LateralCurveForced(const ProjectState& s)
+{
+    switch (s.family) {
+    case 5:
+    case 16:
+    case 28:
+    case 51:
+    case 52:
+    case 53:
+    case 54:
+    case 56:
+    case 103:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void OpenVipping(Session& session)
+{
+    if (LateralCurveForced(session.state())) {
+        session.edit().ltbcurve = 2;
+    }
+    session.Calculate();
+}
+
+void ChooseCheckMode(Session& session, int cpmode)
+{
+    session.edit().cpmode = Number(cpmode);
+    session.Calculate();
+}
+
+void ChooseCheckCount(Session& session, int cpcount)
+{
+    session.edit().cpcount = Number(cpcount);
+    session.Calculate();
+}
+
+void ChooseCheckRelative(Session& session, bool relative)
+{
+    session.edit().cprelative = relative ? 1 : 0;
+    session.changed();  // display only
+}
+
+void ChooseEndPost(Session& session, int endstiff)
+{
+    session.edit().endstiff = Number(endstiff);
+    session.Calculate();
+}
+
+void ChooseWebStiffeners(Session& session, int webstiff)
+{
+    ProjectState& s = session.edit();
+    s.webstiff = Number(webstiff);
+    if (webstiff == 0) {
+        s.webstiffa = s.l * 1000.0F;  // m to mm
+    } else {
+        s.endstiff = 1;  // stiffeners make a rigid end post
+    }
+    session.Calculate();
+}
+
+bool OpenVortex(Session& session)
+{
+    if (!VortexFamily(session.state().family)) {
+        if (const std::string_view refusal = VortexRefusal(session.state().family);
+            !refusal.empty()) {
+            session.surroundings().Warn(refusal);
+        }
+        return false;
+    }
+    RefreshVortex(session);
+    return true;
+}
+
+void ChooseVortexSupport(Session& session, int vortexcase)
+{
+    session.edit().vortexcase = Number(vortexcase);
+    RefreshVortex(session);
+}
+
+void ChooseTerrain(Session& session, int terrain)
+{
+    session.edit().terrain = Number(terrain);
+    RefreshVortex(session);
+}
+
+void RefreshVortex(Session& session)
+{
+    try {
+        CalcVortexFrequency(session.edit());
+        CalcVortex(session.edit());
+    } catch (const CalculationStop&) {
+        // A support case or terrain from a file that no list offers: the form shows what it has.
+    }
+    session.changed();
+}
+
+}  // namespace kestrum

@@ -1,0 +1,73 @@
+#pragma once
+
+// The program without its windows: the one project, its last good result, what the title shows. The
+// commands and input handlers (app/*_commands) change the project through it; a window redraws
+// itself when `changed` is called.
+
+#include "app/input_boxes.h"
+#include "app/surroundings.h"
+#include "core/library.h"
+#include "core/project_state.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace kestrum {
+
+class Session {
+public:
+    Session(const Library& library, Surroundings& surroundings, bool decimalcomma);
+
+    const Library& library() const { return library_; }
+    Surroundings& surroundings() { return surroundings_; }
+    bool decimalcomma() const { return decimalcomma_; }
+
+    // The project in hand. Handlers write to `edit` and call Calculate.
+    const ProjectState& state() const { return state_; }
+    ProjectState& edit() { return state_; }
+
+    // The state of the last pass that ended well: panel, diagrams and pages are drawn from it.
+    // Before the first one it is the project in hand.
+    const ProjectState& shown() const { return shown_; }
+
+    // True while `txtError` is visible: the last pass could not finish and `shown` is an older one.
+    bool failed() const { return failed_; }
+
+    // One pass, then `changed`. Not re-entered: a list that a refresh changes may call it again. A
+    // pass that switches the flange loading off says so once.
+    void Calculate();
+
+    // What leaving a numeric box does: reads the text, stores and checks the value, tells the user
+    // when it is refused, otherwise recalculates. The outcome tells the window whether to take the
+    // focus back.
+    Outcome CommitBox(const Box& box, int index, std::string_view text);
+
+    // Window title: "Kestrum EC3", the annex, ": ", the file.
+    const std::string& title() const { return title_; }
+    void SetTitle(std::string title) { title_ = std::move(title); }
+    // The title without the file, "Kestrum EC3 + NA/Norway".
+    std::string TitleStem() const;
+
+    // Folder of the file dialogs.
+    std::string curdir;
+
+    // The file holds only half of a project; the next Save asks for a name.
+    bool halfread = false;
+
+    // Called after every pass and every command that changes what a window shows.
+    std::function<void()> changed = [] {};
+
+private:
+    const Library& library_;
+    Surroundings& surroundings_;
+    bool decimalcomma_;
+    ProjectState state_{};
+    ProjectState shown_{};
+    bool failed_ = false;
+    bool calculating_ = false;
+    bool overload_told_ = false;
+    std::string title_;
+};
+
+}  // namespace kestrum

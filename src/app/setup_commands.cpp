@@ -1,0 +1,111 @@
+#include "app/setup_commands.h"
+
+#include "core/annexes.h"
+#include "core/file_io.h"
+#include "core/load_combination.h"
+#include "core/setup_file.h"
+
+namespace kestrum {
+
+namespace {
+
+i16 Number(int value)
+{
+    return static_cast<i16>(value);
+}
+
+}  // namespace
+
+void ChooseAnnex(Session& session, int annexindex)
+{
+    ProjectState& s = session.edit();
+    s.annexindex = Number(annexindex);
+    s.annexcode = AnnexCodeFromIndex(annexindex);
+    session.SetTitle(session.TitleStem() + ": " + s.filename);
+    ApplyAnnexMaterial(s, annexindex);
+    ApplyAnnexLoads(s, annexindex);
+    session.Calculate();
+}
+
+bool AnnexParametersOpen(const ProjectState& s)
+{
+    return s.annexindex == kAnnexUd;
+}
+
+ClassFrame ShownClassFrame(const ProjectState& s)
+{
+    if (s.loadcomb >= kUserFactors) {
+        return ClassFrame::none;
+    }
+    switch (s.annexindex) {
+    case kAnnexNo:
+        return ClassFrame::norway;
+    case kAnnexSw:
+    case kAnnexDk:
+    case kAnnexFi:
+        return ClassFrame::three;
+    default:
+        return ClassFrame::none;
+    }
+}
+
+std::string_view ClassCaption(const ProjectState& s)
+{
+    switch (s.annexindex) {
+    case kAnnexSw:
+        return "Safety Class";
+    case kAnnexDk:
+        return "Consequences Class";
+    case kAnnexNo:
+    case kAnnexFi:
+        return "Reliability Class";
+    default:
+        return {};
+    }
+}
+
+void ChooseClass(Session& session, int safetyclass)
+{
+    ProjectState& s = session.edit();
+    s.safetyclass = Number(safetyclass);
+    ApplyAnnexLoads(s, s.annexindex);
+    session.Calculate();
+}
+
+void ChoosePsi(Session& session, int which, int index)
+{
+    ProjectState& s = session.edit();
+    (which == 1 ? s.psi1index : s.psi2index) = Number(index);
+    SetPsi(s);
+    ApplyAnnexLoads(s, s.annexindex);
+    session.Calculate();
+}
+
+bool UserFactorsShown(const ProjectState& s)
+{
+    return s.loadcomb == kUserFactors;
+}
+
+bool PsiShown(const ProjectState& s)
+{
+    return s.loadcomb < kUserFactors;
+}
+
+void ChooseMethod(Session& session, int method)
+{
+    session.edit().method = Number(method);
+    session.Calculate();
+}
+
+void TickOption(Session& session, Option option, bool on)
+{
+    ProjectState& s = session.edit();
+    i16& field = option == Option::elastic          ? s.checkelastic
+                 : option == Option::conservative   ? s.checkconsercontrol
+                 : option == Option::flangebuckling ? s.checkflangebuck
+                                                    : s.checkwebbuck;
+    field = on ? kTrue : kFalse;
+    session.Calculate();
+}
+
+}  // namespace kestrum
