@@ -1,0 +1,535 @@
+// The walk of the check sections with resistances put in by hand: which rows are taken, with what
+// texts. Ratios are chosen so that the expectations are plain fractions.
+
+#include "design/section_control.h"
+
+#include "core/arithmetic_trap.h"
+#include "support/end_forces.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace kestrum {
+namespace {
+
+// My,Rd 100, Mz,Rd 50, N,Rd 1000 in compression and 2000 in tension, VRd 200 and 80 (Vy ratio 60).
+// Reduced for the axial force 80 and 40.
+SectionRoutines Fixed(i16 (*cls)(ProjectState&, float, float))
+{
+    SectionRoutines r{};
+    r.class_y = cls;
+    r.class_z = cls;
+    r.reduce_my = [](ProjectState& s) { s.myrdv = 100; };
+    r.reduce_mz = [](ProjectState& s) { s.mzrdv = 50; };
+    r.reduce_mny = [](ProjectState& s) { s.mnyrd = 80; };
+    r.reduce_mnz = [](ProjectState& s) { s.mnzrd = 40; };
+    r.shear = [](ProjectState& s) {
+        s.vbrd = 200;
+        s.vcyrd = 60;
+        s.shearnote = ")";
+    };
+    r.exponents = [](ProjectState& s) {
+        s.alfaexp = 2;
+        s.betaexp = 1;
+    };
+    r.shear_labels = true;
+    return r;
+}
+
+i16 Class1(ProjectState&, float, float)
+{
+    return 1;
+}
+i16 Class3(ProjectState&, float, float)
+{
+    return 3;
+}
+
+ProjectState State(const EndForces& forces)
+{
+    ProjectState s{};
+    SetSteel(s, 235);
+    s.classmy = s.classmz = 1;
+    s.nplrd = 2000;
+    s.ncrd = 1000;
+    s.vzrd = 200;
+    s.vyrd = 80;
+    SetForces(s, forces);
+    return s;
+}
+
+struct TextCase {
+    const char* name;
+    EndForces f;
+    i16 pure;  // class of the single moments
+    i16 (*cls)(ProjectState&, float, float);
+    i16 conservative;
+    std::size_t row;
+    double ir;
+    const char *label, *calculation, *limit;
+};
+
+// Half of the shear resistances: 100 for Vz, 40 for Vy.
+const TextCase kTexts[] = {
+    {"tension",
+     {-500, 0, 0, 0, 0},
+     1,
+     Class1,
+     0,
+     1,
+     0.25,
+     "IR = NEd/NRd = ",
+     "{F}/{F} = ",
+     " (Ch 6.2.3)"},
+    {"compression",
+     {500, 0, 0, 0, 0},
+     1,
+     Class1,
+     0,
+     1,
+     0.5,
+     "IR = NEd/NRd = ",
+     "{F}/{F} = ",
+     " (Ch 6.2.4)"},
+    {"My",
+     {0, 30, 0, 99, 0},
+     1,
+     Class1,
+     0,
+     1,
+     0.3,
+     "IR = My,Ed/My,Rd = ",
+     "{F}/{F} = ",
+     " ({r}L; Ch 6.2.5)"},
+    {"My at half VRd",
+     {0, 30, 0, 100, 0},
+     1,
+     Class1,
+     0,
+     1,
+     0.3,
+     "IR = My,Ed/MV,y,Rd = ",
+     "{F}/{F} = ",
+     " ({r}L; Ch 6.2.8)"},
+    {"My beyond half VRd",
+     {0, 30, 0, 101, 0},
+     1,
+     Class1,
+     0,
+     1,
+     0.3,
+     "IR = My,Ed/MV,y,Rd = ",
+     "{F}/{F} = ",
+     " ({r}L; Ch 6.2.8)"},
+    {"Mz",
+     {0, 0, 20, 0, 39},
+     1,
+     Class1,
+     0,
+     1,
+     0.4,
+     "IR = Mz,Ed/Mz,Rd = ",
+     "{F}/{F} = ",
+     " ({r}L; Ch 6.2.5)"},
+    {"Mz at half VRd",
+     {0, 0, 20, 0, 40},
+     1,
+     Class1,
+     0,
+     1,
+     0.4,
+     "IR = Mz,Ed/MV,z,Rd = ",
+     "{F}/{F} = ",
+     " ({r}L; Ch 6.2.8)"},
+
+    {"My Mz",
+     {0, 30, 20, 100, 40},
+     1,
+     Class3,
+     0,
+     2,
+     0.49,
+     "IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ",
+     "[{F}/{F}]^{R}+({F}/{F})^{R} = ",
+     " ({r}L; Ch 6.2.5/6.2.9)"},
+    {"My Mz, shear",
+     {0, 30, 20, 101, 41},
+     1,
+     Class3,
+     0,
+     2,
+     0.49,
+     "IR = [My,Ed/MV,y,Rd]^alfa + [Mz,Ed/MV,z,Rd]^beta = ",
+     "[{F}/{F}]^{R}+({F}/{F})^{R} = ",
+     " ({r}L; Ch 6.2.5/6.2.9)"},
+    {"My Mz, class 3",
+     {0, 30, 20, 100, 40},
+     3,
+     Class1,
+     0,
+     2,
+     0.7,
+     "IR = My,Ed/My,Rd + Mz,Ed/Mz,Rd = ",
+     "{F}/{F}+{F}/{F} = ",
+     " ({r}L; Ch 6.2.1)"},
+    {"My Mz, class 3, shear",
+     {0, 30, 20, 101, 41},
+     3,
+     Class1,
+     0,
+     2,
+     0.7,
+     "IR = My,Ed/MV,y,Rd + Mz,Ed/MV,z,Rd = ",
+     "{F}/{F}+{F}/{F} = ",
+     " ({r}L; Ch 6.2.1)"},
+    {"My Mz, conservative",
+     {0, 30, 20, 0, 0},
+     1,
+     Class1,
+     kTrue,
+     2,
+     0.7,
+     "IR = My,Ed/My,Rd + Mz,Ed/Mz,Rd = ",
+     "{F}/{F}+{F}/{F} = ",
+     " ({r}L; Ch 6.2.1)"},
+
+    {"N My",
+     {500, 40, 0, 100, 0},
+     3,
+     Class1,
+     0,
+     2,
+     0.5,
+     "IR = My,Ed/MN,y,Rd = ",
+     "{F}/{F} = ",
+     " ({r}L; Ch 6.2.9)"},
+    {"N My, shear",
+     {500, 40, 0, 101, 0},
+     3,
+     Class1,
+     0,
+     2,
+     0.5,
+     "IR = My,Ed/MVN,y,Rd = ",
+     "{F}/{F} = ",
+     " ({r}L; Ch 6.2.9)"},
+    {"N My, class 3",
+     {500, 40, 0, 100, 0},
+     1,
+     Class3,
+     0,
+     2,
+     0.9,
+     "IR = NEd/NRd+My,Ed/My,Rd = ",
+     "{F}/{F}+{F}/{F} = ",
+     " ({r}L; Ch 6.2.1/6.2.9)"},
+    {"N My, class 3, shear, tension",
+     {-500, 40, 0, 101, 0},
+     1,
+     Class3,
+     0,
+     2,
+     0.65,
+     "IR = NEd/NRd+My,Ed/MV,y,Rd = ",
+     "{F}/{F}+{F}/{F} = ",
+     " ({r}L; Ch 6.2.1/6.2.9)"},
+
+    {"N Mz",
+     {500, 0, 30, 0, 40},
+     3,
+     Class1,
+     0,
+     2,
+     0.75,
+     "IR = Mz,Ed/MN,z,Rd = ",
+     "{F}/{F} = ",
+     " ({r}L; Ch 6.2.9)"},
+    {"N Mz, shear",
+     {500, 0, 30, 0, 41},
+     3,
+     Class1,
+     0,
+     2,
+     0.75,
+     "IR = Mz,Ed/MVN,z,Rd = ",
+     "{F}/{F} = ",
+     " ({r}L; Ch 6.2.9)"},
+    {"N Mz, class 3",
+     {500, 0, 20, 0, 40},
+     1,
+     Class3,
+     0,
+     2,
+     0.9,
+     "IR = NEd/NRd+Mz,Ed/Mz,Rd = ",
+     "{F}/{F}+{F}/{F} = ",
+     " ({r}L; Ch 6.2.1/6.2.9)"},
+    {"N Mz, class 3, shear",
+     {500, 0, 20, 0, 41},
+     1,
+     Class3,
+     0,
+     2,
+     0.9,
+     "IR = NEd/NRd+Mz,Ed/MV,z,Rd = ",
+     "{F}/{F}+{F}/{F} = ",
+     " ({r}L; Ch 6.2.1/6.2.9)"},
+
+    {"N My Mz",
+     {500, 72, 30, 100, 40},
+     1,
+     Class1,
+     0,
+     2,
+     1.56,
+     "IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
+     "({F}/{F})^{R}+({F}/{F})^{R} = ",
+     " ({r}L; Ch 6.2.9)"},
+    {"N My Mz, shear",
+     {500, 72, 30, 101, 41},
+     1,
+     Class1,
+     0,
+     2,
+     1.56,
+     "IR = (My,Ed/MVN,y,Rd)^alfa  + (Mz,Ed/MVN,z,Rd)^beta = ",
+     "({F}/{F})^{R}+({F}/{F})^{R} = ",
+     " ({r}L; Ch 6.2.9)"},
+    {"N My Mz, class 3",
+     {500, 10, 10, 100, 40},
+     1,
+     Class3,
+     0,
+     2,
+     0.8,
+     "IR = NEd/NRd+My,Ed/My,Rd+Mz,Ed/Mz,Rd = ",
+     "{F}/{F}+{F}/{F}+{F}/{F} = ",
+     " ({r}L; Ch 6.2.1/6.2.9)"},
+    {"N My Mz, conservative, shear",
+     {-500, 10, 10, 101, 41},
+     1,
+     Class1,
+     kTrue,
+     2,
+     0.55,
+     "IR = NEd/NRd+My,Ed/MV,y,Rd+Mz,Ed/MV,z,Rd = ",
+     "{F}/{F}+{F}/{F}+{F}/{F} = ",
+     " ({r}L; Ch 6.2.1/6.2.9)"},
+
+    {"Vz",
+     {0, 0, 0, -50, 0},
+     1,
+     Class1,
+     0,
+     3,
+     0.25,
+     "IR = Vz,Ed/Vz,Rd = ",
+     "{F}/{F} = ",
+     " ({r}L; Ch 6.2.6)"},
+    {"Vy",
+     {0, 0, 0, 20, -30},
+     1,
+     Class1,
+     0,
+     3,
+     0.5,
+     "IR = Vy,Ed/Vy,Rd = ",
+     "{F}/{F} = ",
+     " ({r}L; Ch 6.2.6)"},
+};
+
+TEST(ControlSection, WritesRatioAndTextsOfEveryCase)
+{
+    for (const TextCase& c : kTexts) {
+        ProjectState s = State(c.f);
+        s.classmy = s.classmz = c.pure;
+        s.checkconsercontrol = c.conservative;
+        ControlSection(s, Fixed(c.cls));
+        const ResultRow& row = s.secline[c.row];
+        EXPECT_NEAR(row.ir, c.ir, 1e-12) << c.name;
+        EXPECT_EQ(row.ir, RowRatio(s, static_cast<int>(c.row))) << c.name;
+        EXPECT_EQ(LabelOf(row), c.label) << c.name;
+        EXPECT_EQ(CalculationOf(row), c.calculation) << c.name;
+        EXPECT_EQ(LimitOf(row), c.limit) << c.name;
+        EXPECT_TRUE(row.judged) << c.name;
+        EXPECT_EQ(row.status, c.ir > 1 ? kAbove : kWithin) << c.name;
+    }
+}
+
+TEST(ControlSection, KeepsTheNumbersOfTheText)
+{
+    ProjectState s = State({-500, 72, 30, 0, 0});
+    s.xi[0] = 0.25F;
+    ControlSection(s, Fixed(Class1));
+    const std::array<double, 12> biaxial = {72, 80, 2, 30, 40, 1};
+    EXPECT_EQ(s.secline[2].number, biaxial);
+    EXPECT_EQ(s.secline[2].place[0], 0.25);
+
+    ControlSection(s, Fixed(Class3));
+    const std::array<double, 12> linear = {-500, 2000, 72, 100, 30, 50};
+    EXPECT_EQ(s.secline[2].number, linear);
+    const std::array<double, 12> single = {72, 100};
+    EXPECT_EQ(s.secline[1].number, single);
+}
+
+TEST(ControlSection, KeepsTheWorstOfAllSections)
+{
+    ProjectState s = State({0, 30, 0, 0, 0});
+    s.npts = 3;
+    s.xi[1] = 0.25F;
+    s.xi[2] = 0.5F;
+    s.xi[3] = 1;
+    s.mysec[1] = -60;
+    s.mysec[2] = 60;  // as large: the first one stays
+    s.mysec[3] = 10;
+    s.vzsec[3] = 150;
+    ControlSection(s, Fixed(Class1));
+    EXPECT_EQ(s.irrow1, 0.6);
+    EXPECT_EQ(s.secline[1].place[0], 0.25);
+    EXPECT_EQ(s.secline[1].number[0], 60);
+    EXPECT_EQ(s.irrow3, 0.75);
+    EXPECT_EQ(s.secline[3].place[0], 1.0);
+    EXPECT_EQ(s.irsection, 0.75);
+}
+
+TEST(ControlSection, ClearsWhatAnEarlierRunLeft)
+{
+    ProjectState s = State({500, 72, 30, 150, 30});
+    s.irrow4 = s.irrow5 = s.irrow6 = 9;
+    ControlSection(s, Fixed(Class1));
+    SetForces(s, {0, 0, 0, 0, 0});
+    ControlSection(s, Fixed(Class1));
+    for (std::size_t row = 1; row <= 3; ++row) {
+        EXPECT_TRUE(s.secline[row].empty());
+        EXPECT_EQ(s.secline[row].status, kWithin);
+        EXPECT_EQ(RowRatio(s, static_cast<int>(row)), 0.0);
+    }
+    EXPECT_EQ(s.irsection, 0.0);
+    EXPECT_EQ(s.irrow4 + s.irrow5 + s.irrow6, 0.0);
+}
+
+TEST(ControlSection, ColoursARowAboveTheLimitOnly)
+{
+    ProjectState s = State({0, 100, 0, 0, 0});
+    ControlSection(s, Fixed(Class1));
+    EXPECT_EQ(s.irrow1, 1.0);
+    EXPECT_EQ(s.secline[1].status, kWithin);
+    s.mysec[0] = 100.001;
+    ControlSection(s, Fixed(Class1));
+    EXPECT_EQ(s.secline[1].status, kAbove);
+}
+
+TEST(ControlSection, PlacesTheAxialRowWhereAsked)
+{
+    ProjectState s = State({-500, 0, 0, 0, 0});
+    s.xi[0] = 0.125F;
+    SectionRoutines r = Fixed(Class1);
+    r.placed_axial = true;
+    ControlSection(s, r);
+    EXPECT_EQ(LimitOf(s.secline[1]), " ({r}L; Ch 6.2.3)");
+    EXPECT_EQ(s.secline[1].place[0], 0.125);
+    s.ned = 500;
+    ControlSection(s, r);
+    EXPECT_EQ(LimitOf(s.secline[1]), " ({r}L; Ch 6.2.4)");
+}
+
+TEST(ControlSection, LeavesShearOutOfTheLabelsWhereAsked)
+{
+    SectionRoutines r = Fixed(Class1);
+    r.shear_labels = false;
+    ProjectState s = State({500, 72, 30, 150, 70});
+    ControlSection(s, r);
+    EXPECT_EQ(LabelOf(s.secline[1]), "IR = My,Ed/My,Rd = ");
+    EXPECT_EQ(LimitOf(s.secline[1]), " ({r}L; Ch 6.2.5)");
+    EXPECT_EQ(LabelOf(s.secline[2]), "IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ");
+}
+
+TEST(ControlSection, LeavesTheZAxisOutWhereAsked)
+{
+    SectionRoutines r = Fixed(Class1);
+    r.y_only = true;
+    r.class_z = nullptr;
+    r.reduce_mz = r.reduce_mnz = nullptr;
+    ProjectState s = State({500, 40, 49, 20, 59});
+    ControlSection(s, r);
+    EXPECT_EQ(LabelOf(s.secline[2]), "IR = My,Ed/MN,y,Rd = ");
+    EXPECT_EQ(LabelOf(s.secline[3]), "IR = Vz,Ed/Vz,Rd = ");
+    EXPECT_EQ(s.irrow3, 0.1);
+}
+
+TEST(ControlSection, WritesExponentsWithOneDecimalWhereAsked)
+{
+    SectionRoutines r = Fixed(Class1);
+    r.tube_exponents = true;
+    ProjectState s = State({500, 72, 30, 0, 0});
+    ControlSection(s, r);
+    EXPECT_EQ(CalculationOf(s.secline[2]), "({F}/{F})^{F}+({F}/{F})^{F} = ");
+    s.ned = 0;
+    ControlSection(s, r);
+    EXPECT_EQ(CalculationOf(s.secline[2]), "[{F}/{F}]^{R}+({F}/{F})^{R} = ");
+}
+
+TEST(ControlSection, CallsTheHookWithTheSignedMoment)
+{
+    SectionRoutines r = Fixed(Class1);
+    r.enter = [](ProjectState& s) { s.mytoprd = s.mysigned < 0 ? 50 : 100; };
+    r.reduce_my = [](ProjectState& s) { s.myrdv = s.mytoprd; };
+    ProjectState s = State({0, 40, 0, 0, 0});
+    ControlSection(s, r);
+    EXPECT_EQ(s.irrow1, 0.4);
+    s.mysec[0] = -40;
+    ControlSection(s, r);
+    EXPECT_EQ(s.irrow1, 0.8);
+    EXPECT_EQ(s.myed, 40.0);
+    EXPECT_EQ(s.mysigned, -40.0);
+}
+
+TEST(ControlSection, HandsTheClassesForcesAndClassInUse)
+{
+    SectionRoutines r = Fixed(
+        [](ProjectState&, float n, float m) { return n == -500 && m == 40 ? i16{3} : i16{1}; });
+    r.reduce_my = [](ProjectState& s) { s.myrdv = s.classmyuse == 3 ? 80 : 100; };
+    ProjectState s = State({-500, -40, 0, 0, 0});
+    s.classmy = 2;
+    ControlSection(s, r);
+    EXPECT_EQ(s.irrow1, 0.4);         // class of My alone
+    EXPECT_EQ(s.irrow2, 0.25 + 0.5);  // class 3 with N
+}
+
+TEST(ControlSection, EndsInTheTrapWithoutResistance)
+{
+    SectionRoutines r = Fixed(Class1);
+    r.reduce_mny = [](ProjectState& s) { s.mnyrd = 0; };
+    ProjectState s = State({500, 40, 0, 0, 0});
+    ArmTrap();
+    ControlSection(s, r);
+    EXPECT_THROW(CheckTrap(), CalculationStop);
+    ArmTrap();
+}
+
+TEST(ControlSection, StopsAtAnIndexBeyondTheSections)
+{
+    ProjectState s = State({0, 40, 0, 0, 0});
+    s.npts = kCheckSections;
+    EXPECT_THROW(ControlSection(s, Fixed(Class1)), CalculationStop);
+}
+
+TEST(TakeRow, ClearsTheRowAndJudgesIt)
+{
+    ProjectState s{};
+    SetSteel(s, 235);
+    s.secline[2].label[2] = "left";
+    s.secline[2].number[11] = 7;
+    ResultRow& row = TakeRow(s, 2, 1.5);
+    EXPECT_EQ(&row, &s.secline[2]);
+    EXPECT_EQ(RowRatio(s, 2), 1.5);
+    EXPECT_EQ(row.ir, 1.5);
+    EXPECT_EQ(row.status, kAbove);
+    EXPECT_TRUE(row.label[2].empty());
+    EXPECT_EQ(row.number[11], 0.0);
+    EXPECT_THROW(TakeRow(s, 4, 1), CalculationStop);
+    EXPECT_THROW(RowRatio(s, 0), CalculationStop);
+}
+
+}  // namespace
+}  // namespace kestrum
