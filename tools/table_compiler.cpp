@@ -92,7 +92,10 @@ std::string ReadFile(const std::string& name)
 {
     std::ifstream in(name, std::ios::binary);
     std::ostringstream text;
-    if (!in || !(text << in.rdbuf())) {
+    if (in) {
+        text << in.rdbuf();  // an empty file leaves only the fail bit
+    }
+    if (!in || text.bad()) {
         throw std::runtime_error(name + ": cannot be read");
     }
     return text.str();
