@@ -3,6 +3,7 @@
 #include "core/arithmetic_trap.h"
 #include "design/class_limits.h"
 #include "design/local_buckling.h"
+#include "design/resistance.h"
 #include "design/resistance_welded.h"
 #include "design/section_control.h"
 
@@ -75,7 +76,7 @@ void CalcResistanceT(ProjectState& s)
     s.classn = std::max(s.classmytop, s.classmybot);
     s.classmz = s.classmytop;  // the flange carries bending about z
     StoreResistances(s);
-    s.ncrd = 1.0 * s.fyk * s.aeff / s.gammam0 / 1000;
+    s.ncrd = AxialResistance(s, s.aeff);
     s.nrdm1 = s.ncrd * s.gammam0 / s.gammam1;
     s.mfrd = 0;
     s.mfzrd = 0;

@@ -2,6 +2,7 @@
 
 #include "design/class_welded.h"
 #include "design/effective_welded.h"
+#include "design/resistance.h"
 #include "design/resistance_welded.h"
 #include "design/welded_side.h"
 
@@ -37,7 +38,7 @@ void CalcResistanceBox(ProjectState& s)
     StoreResistances(s);
     const double top = 1.0 * s.btop * s.ttop, bottom = 1.0 * s.bbot * s.tbot;  // mm2
     const double arm = s.h - s.ttop / 2.0 - s.tbot / 2.0;
-    s.mfrd = std::min(top, bottom) * arm * s.fyk / s.gammam0 / 1e6;
+    s.mfrd = MomentResistance(s, std::min(top, bottom) * arm);
     s.mfzrd = MeanFlangeMomentZ(s);
     StoreShear(s, bottom + top);
 }

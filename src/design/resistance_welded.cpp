@@ -2,6 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "design/p01bas_rolled_i.h"
+#include "design/resistance.h"
 #include "design/section_control.h"
 #include "design/shear.h"
 #include "design/welded_side.h"
@@ -15,16 +16,10 @@ namespace {
 
 constexpr i16 kUpgraded = 23;  // class 3 web, class 1 or 2 flange, 6.2.2.4
 
-// Moment resistance in kNm of a modulus in mm3.
-double Moment(const ProjectState& s, double w)
+// Resistance in kN of an area of buckling webs in mm2, EN 1993-1-5, 5.2.
+double BucklingShear(const ProjectState& s, double area)
 {
-    return w * s.fyk / s.gammam0 / 1e6;
-}
-
-// Shear resistance in kN of an area in mm2.
-double Shear(const ProjectState& s, double area, double gamma)
-{
-    return area * (s.fyk / std::sqrt(3.0)) / gamma / 1000;
+    return area * ShearStrength(s) / s.gammam1 / 1000;
 }
 
 double WebArea(const ProjectState& s)
@@ -82,10 +77,10 @@ void StoreSigns(ProjectState& s, double factor)
     s.wytop = F32(ModulusOfSign(s, s.classmytop, true));
     s.wybot = F32(ModulusOfSign(s, s.classmybot, false));
     s.wyused = std::min(s.wytop, s.wybot);
-    s.myrd = Moment(s, s.wyused) * factor;
+    s.myrd = MomentResistance(s, s.wyused) * factor;
     const double change = factor * s.gammam0 / s.gammam1;
-    s.mytoprd = Moment(s, s.wytop) * change;
-    s.mybotrd = Moment(s, s.wybot) * change;
+    s.mytoprd = MomentResistance(s, s.wytop) * change;
+    s.mybotrd = MomentResistance(s, s.wybot) * change;
     s.myrdm1 = std::min(s.mytoprd, s.mybotrd);
 }
 
@@ -96,29 +91,29 @@ void StoreResistances(ProjectState& s)
 {
     s.classmy = std::max(s.classmytop, s.classmybot);
     s.classflange = s.classweb = s.classn;
-    s.mplyrd = Moment(s, s.wply);
-    s.melyrd = Moment(s, s.wely);
-    s.meffyrd = Moment(s, s.weffy);
-    s.mplzrd = Moment(s, s.wplz);
-    s.melzrd = Moment(s, s.welz);
-    s.meffzrd = Moment(s, s.weffz);
-    s.nplrd = 1.0 * s.a * s.fyk / s.gammam0 / 1000;
-    s.ncrd = (s.classn == 4 ? 1.0 * s.aeff : 1.0 * s.a) * s.fyk / s.gammam0 / 1000;
+    s.mplyrd = MomentResistance(s, s.wply);
+    s.melyrd = MomentResistance(s, s.wely);
+    s.meffyrd = MomentResistance(s, s.weffy);
+    s.mplzrd = MomentResistance(s, s.wplz);
+    s.melzrd = MomentResistance(s, s.welz);
+    s.meffzrd = MomentResistance(s, s.weffz);
+    s.nplrd = AxialResistance(s, s.a);
+    s.ncrd = AxialResistance(s, s.classn == 4 ? s.aeff : s.a);
     s.nrdm1 = s.ncrd * s.gammam0 / s.gammam1;
     s.wzused = ModulusByClass(s, s.classmz, s.wplz, s.welz, s.weffz);
-    s.mzrd = Moment(s, s.wzused);
+    s.mzrd = MomentResistance(s, s.wzused);
     s.mzrdm1 = s.mzrd * s.gammam0 / s.gammam1;
     StoreSigns(s, 1.0);
 }
 
 double ElasticFlangeMoment(const ProjectState& s)
 {
-    return s.melyrd - Moment(s, Webs(s) * 1.0 * s.hw * s.hw * s.tw / 6);
+    return s.melyrd - MomentResistance(s, Webs(s) * 1.0 * s.hw * s.hw * s.tw / 6);
 }
 
 double MeanFlangeMomentZ(const ProjectState& s)
 {
-    return Moment(s, 1.0 * s.b * s.b * s.tf / 2);
+    return MomentResistance(s, 1.0 * s.b * s.b * s.tf / 2);
 }
 
 // EN 1993-1-1, 6.2.6 (2) and (3), eta of EN 1993-1-5, 5.1 (2); EN 1993-1-5, 5.2 and 5.3 where the
@@ -129,15 +124,15 @@ void StoreShear(ProjectState& s, double avy)
 {
     if (StockyInShear(s, s.hw, s.tw)) {
         s.avz = s.neta * WebArea(s);
-        s.vzrd = Shear(s, s.avz, s.gammam0);
+        s.vzrd = ShearResistance(s, s.avz);
     } else {
         s.avz = WebArea(s);
         const double chi = ChiWeb(s, WebSlenderness(s, s.hw, s.tw));
-        s.vzrd = Shear(s, chi * s.avz, s.gammam1);
+        s.vzrd = BucklingShear(s, chi * s.avz);
     }
-    s.vplzrd = Shear(s, s.avz, s.gammam0);
+    s.vplzrd = ShearResistance(s, s.avz);
     s.avy = avy;
-    s.vyrd = Shear(s, s.avy, s.gammam0);
+    s.vyrd = ShearResistance(s, s.avy);
     s.vcyrd = s.vyrd / 1.5;
     s.vplyrd = 0;  // used by hollow sections only
 }
@@ -148,9 +143,9 @@ double ReducedMoment(const ProjectState& s, i16 cls)
     const bool top = s.mysigned > 0;
     const double strip = WebArea(s) * s.hw * ShearReduction(s.vzed, s.vzrd);  // mm3
     const bool plastic = cls == kUpgraded || (cls <= 2 && s.checkelastic != kTrue);
-    const double reduced =
-        Moment(s, ModulusOfSign(s, cls, top)) - Moment(s, strip / (plastic ? 4 : 6));
-    return std::min(reduced, Moment(s, top ? s.wytop : s.wybot));
+    const double reduced = MomentResistance(s, ModulusOfSign(s, cls, top)) -
+                           MomentResistance(s, strip / (plastic ? 4 : 6));
+    return std::min(reduced, MomentResistance(s, top ? s.wytop : s.wybot));
 }
 
 void CalcShearWelded(ProjectState& s)
@@ -161,8 +156,8 @@ void CalcShearWelded(ProjectState& s)
         s.shearnote = " Support stiffener recommended)";
         s.avz = WebArea(s);
         const double chi = ChiWebEndPost(s, WebSlendernessStiffened(s, s.hw, s.tw));
-        const double web = Shear(s, chi * s.avz, s.gammam1);
-        s.vbrd = std::min(web + WeakerFlangeShear(s), Shear(s, s.neta * s.avz, s.gammam1));
+        const double web = BucklingShear(s, chi * s.avz);
+        s.vbrd = std::min(web + WeakerFlangeShear(s), BucklingShear(s, s.neta * s.avz));
     }
     if (s.checkwebbuck == kTrue) {
         s.vbrd = s.vplzrd;

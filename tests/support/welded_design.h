@@ -1,0 +1,78 @@
+#pragma once
+
+// The design routines of the welded families, chosen by the family of the state.
+
+#include "design/p22bas_single_symmetric_i.h"
+#include "design/p24bas_hsq.h"
+#include "design/p26bas_t.h"
+#include "design/p27bas_box.h"
+#include "design/p51bas_plate.h"
+#include "support/welded.h"
+
+namespace welded {
+
+// Properties, effective section and resistances.
+inline void Prepare(kestrum::ProjectState& s)
+{
+    Properties(s);
+    switch (s.family) {
+    case 22:
+        CalcEffectiveSingleI(s);
+        return CalcResistanceSingleI(s);
+    case 24:
+    case 25:
+        CalcEffectiveHsq(s);
+        return CalcResistanceHsq(s);
+    case 26:
+        CalcEffectiveT(s);
+        return CalcResistanceT(s);
+    case 27:
+        CalcEffectiveBox(s);
+        return CalcResistanceBox(s);
+    default:
+        CalcEffectivePlate(s);
+        return CalcResistancePlate(s);
+    }
+}
+
+inline kestrum::ProjectState Prepared(int family)
+{
+    kestrum::ProjectState s = Default(family);
+    Prepare(s);
+    return s;
+}
+
+// One check section at x = 0; kN, kNm.
+struct Forces {
+    double n, my, mz, vz, vy;
+};
+
+inline void SetForces(kestrum::ProjectState& s, const Forces& f)
+{
+    s.ned = f.n;
+    s.npts = 0;
+    s.xi[0] = 0;
+    s.mysec[0] = f.my;
+    s.mzsec[0] = static_cast<float>(f.mz);
+    s.vzsec[0] = f.vz;
+    s.vysec[0] = f.vy;
+}
+
+inline void Control(kestrum::ProjectState& s, const Forces& f)
+{
+    SetForces(s, f);
+    switch (s.family) {
+    case 22:
+        return ControlSingleI(s);
+    case 24:
+    case 25:
+    case 27:
+        return ControlHsq(s);
+    case 26:
+        return ControlT(s);
+    default:
+        return ControlPlate(s);
+    }
+}
+
+}  // namespace welded
