@@ -106,6 +106,7 @@ TEST(CalcClassY, ZeroStressAtTheEdgeIsClass1)
     EXPECT_EQ(CalcClassY(s, -1, 100), 1);
 }
 
+// Deviation D155.
 TEST(CalcClassY, D155OneElasticLimitForEveryStressRatio)
 {
     // psi = -1.5, 42/(0.67 - 0.495) = 240; the standard's 62 * 2.5 * sqrt(1.5) = 189.8 is lower.
@@ -121,6 +122,7 @@ TEST(CalcClassY, D155OneElasticLimitForEveryStressRatio)
     EXPECT_EQ(CalcClassY(s, -2, 100), 4);
 }
 
+// Deviation D165.
 TEST(CalcClassY, D165AlphaRefersToTheClearWeb)
 {
     // 11.75 kN on hw tw fyk = 23.5 kN: alpha 0.75, 396/8.75 = 45.26. On d = 45 mm it would be 1.
@@ -130,6 +132,7 @@ TEST(CalcClassY, D165AlphaRefersToTheClearWeb)
     EXPECT_EQ(CalcClassY(s, 11.75F, 10), 2);
 }
 
+// Deviation D156.
 TEST(CalcClassY, D156FlangeLimitsAreNotIncluded)
 {
     const float limits[] = {9, 10, 14};
@@ -198,6 +201,7 @@ TEST(CalcClassZ, CompressionWithBendingAtTheLimits)
     EXPECT_EQ(CalcClassZ(s, 10, 10, limit3 * 1.000001, 1, 100), 4);
 }
 
+// Deviation D157.
 TEST(CalcClassZ, D157StressRatioOfTheWholeFlange)
 {
     // 10 MPa of n, 10 of m: psi = 0 from tip to tip, k = 0.57. From tip to web it is 0.5, k 0.4825.

@@ -430,6 +430,7 @@ TEST(CalcShearZ, WebBucklingOffTakesThePlasticResistance)
     ExpectWorked(s.weffy, 1.0 * s.wely, "weffy", 1e-6);
 }
 
+// Deviation D152.
 TEST(CalcShearZ, D152ShearInYCountsTwoThirds)
 {
     ProjectState s = Rolled(1, "100", 355);
@@ -442,6 +443,7 @@ TEST(CalcShearZ, D152ShearInYCountsTwoThirds)
     EXPECT_LT(s.mzrdv, s.mzrd);
 }
 
+// Deviation D154.
 TEST(CalcShearZ, D154AxialForceHardlyTouchesTheFlanges)
 {
     ProjectState s = Welded(1200, 300, 8, 20, 355);
@@ -466,6 +468,7 @@ TEST(CalcShearZ, NeedsNoEarlierResistances)
     EXPECT_EQ(s.vbrd, 0.0);
 }
 
+// Deviation D158.
 TEST(CalcVzrd, D158StiffenersDoNotCount)
 {
     ProjectState s = Welded(1200, 300, 8, 20, 355);
@@ -538,6 +541,7 @@ TEST(CalcResistanceI, TakesThePartialFactorOfEachResistance)
     EXPECT_NEAR(s.nrdm1, one.ncrd / s.gammam1, 1e-9);
 }
 
+// Deviation D161.
 TEST(ReduceMz, D161LosesTheStripOfOneFlange)
 {
     ProjectState s = Rolled(1, "200", 355);
@@ -567,6 +571,7 @@ TEST(ReduceMy, IsHeldAtTheResistanceOfTheSection)
     EXPECT_EQ(s.myrdv, s.myrd);
 }
 
+// Deviation D151.
 TEST(ExponentsI, D151GoWithMomentsReducedForShear)
 {
     ProjectState s = Rolled(1, "100", 355);
@@ -586,6 +591,7 @@ TEST(ExponentsI, D151GoWithMomentsReducedForShear)
     EXPECT_EQ(s.betaexp, 1.0);
 }
 
+// Deviation D153.
 TEST(ControlRolledI, D153SingleMomentsKeepTheirOwnClass)
 {
     // IPE 600 with 1500 kN: class 3 with N, yet row 1 for My rests on the plastic modulus.
@@ -604,6 +610,7 @@ TEST(ControlRolledI, LeavesTheModulusOfTheResistance)
     EXPECT_EQ(s.wzused, 1.0 * s.wplz);
 }
 
+// Deviation D160.
 TEST(CalcEffectiveI, D160ModulusAboutZIsThatOfTheTensionEdge)
 {
     // Flanges 600 x 10, web 400 x 20, S355: cflange = (600 - 20 - 2*10)/2 = 280, r = 10.

@@ -119,6 +119,7 @@ ProjectState Slender()
     return s;
 }
 
+// Deviation D162.
 TEST(CalcEffectiveChannel, D162Class4AboutZKeepsTheElasticModulus)
 {
     ProjectState s = Slender();
@@ -156,6 +157,7 @@ TEST(CalcEffectiveChannel, BucklingCanBeLeftOut)
     ExpectWorked(s.weffy, s.wely, "weffy", 1e-6);
 }
 
+// Deviation D163.
 TEST(Channel, D163CombinesForcesAsAnISection)
 {
     // The standard's sum for UPE 300: 500/2009 + 50/217.6 + 8/48.28 = 0.64; the I formulas give
@@ -170,6 +172,7 @@ TEST(Channel, D163CombinesForcesAsAnISection)
     EXPECT_NEAR(s.irrow2, sum, 1e-9);
 }
 
+// Deviation D164.
 TEST(Channel, D164ShiftOfTheCentroidGivesNoMoment)
 {
     ProjectState s = Slender();

@@ -134,6 +134,7 @@ TEST(FlangeShear, CountsOnlyBelowTheMomentOfTheFlanges)
     EXPECT_EQ(FlangeShear(s, 1160, 8, 300, 20), 0.0);
 }
 
+// Deviation D159.
 TEST(FlangeShear, D159TakesTheStiffenerSpacingWithoutStiffeners)
 {
     ProjectState s = Steel(355);
