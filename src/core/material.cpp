@@ -1,0 +1,61 @@
+#include "core/material.h"
+
+#include "core/arithmetic_trap.h"
+#include "core/parse_num.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrum {
+
+namespace {
+
+constexpr float kThick = 40.0F;  // mm
+
+// Takes the text up to the separator off the front.
+std::string_view Next(std::string_view& text, char separator)
+{
+    const std::size_t end = std::min(text.find(separator), text.size());
+    const std::string_view part = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    return part;
+}
+
+}  // namespace
+
+std::vector<Material> ReadMaterialList(std::string_view bytes)
+{
+    std::vector<Material> materials;
+    while (!bytes.empty() && materials.size() < kMaterials) {
+        std::string_view line = Next(bytes, '\n');
+        if (line.ends_with('\r')) {
+            line.remove_suffix(1);
+        }
+        if (line.empty()) {
+            continue;
+        }
+        Material material;
+        material.name = Next(line, '\t');
+        material.fy40 = ParseNum(Next(line, '\t'), false).value_or(0.0F);
+        material.fyover = ParseNum(Next(line, '\t'), false).value_or(0.0F);
+        materials.push_back(std::move(material));
+    }
+    return materials;
+}
+
+int LastMaterial(const Library& library)
+{
+    return static_cast<int>(library.materials.size()) - 1;
+}
+
+void SetMaterial(const Library& library, ProjectState& s, int index)
+{
+    if (index >= 0 && index < LastMaterial(library)) {
+        const Material& material = library.materials[static_cast<std::size_t>(index)];
+        s.fyk = s.tmax <= kThick ? material.fy40 : material.fyover;
+    }
+    s.fyd = s.fyk / s.gammam0;
+    s.eps = F32(std::sqrt(235.0 / s.fyk));
+}
+
+}  // namespace kestrum

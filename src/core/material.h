@@ -1,0 +1,26 @@
+#pragma once
+
+// The material list and the yield strength by thickness, EN 1993-1-1, Table 3.1.
+
+#include "core/library.h"
+
+#include <string_view>
+#include <vector>
+
+namespace kestrum {
+
+// Rows used of a list; further ones are ignored.
+constexpr int kMaterials = 31;
+
+// A text of one row a line, values separated by tabs: name, fy up to 40 mm, fy over 40 mm [MPa].
+// What is no number counts as 0.
+std::vector<Material> ReadMaterialList(std::string_view bytes);
+
+// Index of the last row, the user's own value; -1 for an empty list.
+int LastMaterial(const Library& library);
+
+// fyk of the row for the thickness tmax (up to 40 mm inclusive, over it); the last row, and any
+// index outside the list, leave fyk as typed. Then fyd = fyk/gammam0 and eps = sqrt(235/fyk).
+void SetMaterial(const Library& library, ProjectState& s, int index);
+
+}  // namespace kestrum
