@@ -167,10 +167,10 @@ void CalcResistanceHollow(ProjectState& s)
 //   in   hw, bw, tw, tf, webstiffa [mm]; avz, avy [mm2]; vzrd, vyrd [kN]
 //   out  vbrd, vcyrd [kN]; shearnote (of Vz)
 //
-// Deviation D172: vcyrd of flanges that buckle in shear rests on gammaM0; EN 1993-1-5, 5.2 (1)
-// takes gammaM1. Deviation D173: its upper limit counts the thickness of the web, not of the
-// flange. Deviation D174: the walls beside add nothing to vbrd and vcyrd; 5.4 allows a part of
-// theirs.
+// Deviation D172: vcyrd of flanges that buckle in shear rests on gammaM0, where EN 1993-1-5, 5.2
+// (1) takes gammaM1, and its upper limit counts the thickness of the webs, not of the flanges.
+//
+// Deviation D174: the walls beside add nothing to vbrd and vcyrd; 5.4 allows a part of theirs.
 void CalcShearHollow(ProjectState& s)
 {
     const double tau = ShearStrength(s);

@@ -11,7 +11,8 @@ namespace kestrum {
 
 namespace {
 
-// The classes entered, also under N and M together.
+// Deviation D173: the class entered for a moment also holds beside an axial force, and that for N
+// plays no part; the standard's class is that under all forces, 5.5.2.
 i16 ClassMy(ProjectState& s, float, float)
 {
     return s.classmy;
