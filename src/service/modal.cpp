@@ -1,0 +1,78 @@
+#include "service/modal.h"
+
+#include "core/arithmetic_trap.h"
+#include "core/number_format.h"
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+
+namespace kestrum {
+
+namespace {
+
+using Constants = std::array<double, 3>;
+
+// D253; null for supports without a formula.
+const Constants* ConstantsOf(int supportcase)
+{
+    static constexpr Constants kPinned{1.57, 6.28, 14.1};
+    static constexpr Constants kPropped{2.45, 7.95, 16.6};
+    static constexpr Constants kFixed{3.56, 9.82, 19.2};
+    static constexpr Constants kCantilever{0.56, 3.51, 9.82};
+    switch (supportcase) {
+    case 0:
+        return &kPinned;
+    case 1:
+        return &kPropped;
+    case 2:
+        return &kFixed;
+    case 4:
+        return &kCantilever;
+    default:
+        return nullptr;
+    }
+}
+
+}  // namespace
+
+void CalcModal(ProjectState& s)
+{
+    constexpr double kMassOfLoad = 102;  // kg/m in 1 kN/m, D252
+    constexpr int kSpringBothEnds = 3;
+    const Constants* constants = ConstantsOf(s.supportcase);
+    if (constants == nullptr && s.supportcase != kSpringBothEnds) {
+        return;
+    }
+    double load = 0;  // kN/m
+    for (std::size_t k = 1; k <= 4; ++k) {
+        load += s.qload[k];
+    }
+    s.modalmass = F32(s.weight + kMassOfLoad * load);
+    if (constants == nullptr) {
+        return;
+    }
+    const double l = s.l;
+    const double stiffness = static_cast<double>(s.iy) * s.e * 1e-6;  // Nm2
+    const double base = std::sqrt(stiffness / (l * l * l * l * s.modalmass));
+    for (std::size_t n = 0; n < constants->size(); ++n) {
+        s.freq[n + 1] = F32((*constants)[n] * base);
+    }
+}
+
+std::string MassText(const ProjectState& s)
+{
+    return s.modalmass == 0 ? std::string{} : "Mass: m = " + FormatNum(s.modalmass, "#0") + " kg/m";
+}
+
+std::string ModeText(const ProjectState& s, int mode)
+{
+    const float f = s.freq[CheckedIndex(mode, s.freq.size())];
+    if (f == 0) {
+        return {};
+    }
+    return "Mode " + FormatNum(static_cast<double>(mode), "0") + ": " + FormatNum(f, "#0.00") +
+           " Hz/" + FormatNum(1.0 / f, "#0.00") + "s";
+}
+
+}  // namespace kestrum

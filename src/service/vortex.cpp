@@ -1,0 +1,135 @@
+#include "service/vortex.h"
+
+#include "core/arithmetic_trap.h"
+#include "core/number_format.h"
+
+#include <cmath>
+
+namespace kestrum {
+
+namespace {
+
+constexpr int kTube = 31;
+
+std::string ProfileText(const ProjectState& s)
+{
+    const std::string tw = FormatNum(s.tw, "##0.0");
+    if (s.family == kTube) {
+        return "Tube " + FormatNum(s.p31.istd, "##0.0") + "x" + tw;
+    }
+    const std::string size = FormatNum(s.h, "##0") + "x" + FormatNum(s.b, "##0") + "x" + tw;
+    switch (s.family) {
+    case 6:
+    case 7:
+        return "RHS " + size;
+    case 8:
+    case 9:
+        return "CFRHS " + size;
+    default:
+        return "Box " + size + "x" + FormatNum(s.tf, "##0.0");
+    }
+}
+
+}  // namespace
+
+bool VortexFamily(int family)
+{
+    return (family >= 6 && family <= 9) || family == 23 || family == kTube;
+}
+
+std::string_view VortexRefusal(int family)
+{
+    return family >= 1 && family <= 200 && !VortexFamily(family) ? "Only valid for boxes and tubes"
+                                                                 : "";
+}
+
+void CalcVortexFrequency(ProjectState& s)
+{
+    constexpr float kTwoPi = 6.2831855F;
+    const double n = kVortexSupports[CheckedIndex(s.vortexcase, kVortexSupports.size())].n;
+    const double stiffness = static_cast<double>(s.iy) * s.e * 1e-6;  // Nm2
+    const double l = s.l;
+    s.freq[1] = F32(n * n * std::sqrt(stiffness / s.weight) / (kTwoPi * l * l));
+}
+
+double StrouhalOfRectangle(double r)
+{
+    if (r <= 1) {
+        return 0.12;
+    }
+    if (r <= 2) {
+        return 0.12 - (r - 1) * 0.06;
+    }
+    if (r <= 3) {
+        return 0.06;
+    }
+    if (r <= 3.5) {
+        return 0.06 + (r - 3) * 0.09 / 0.5;
+    }
+    if (r <= 5) {
+        return 0.15 - (r - 3.5) * 0.04 / 1.5;
+    }
+    if (r <= 10) {
+        return 0.11 - (r - 5) * 0.02 / 5;
+    }
+    return 0.09;
+}
+
+void CalcVortex(ProjectState& s)
+{
+    constexpr double kStrouhalOfTube = 0.18;
+    constexpr double kMetre = 1000;  // mm
+    if (s.family == kTube) {
+        s.stb = F32(s.p31.istd / kMetre);
+        s.st = F32(kStrouhalOfTube);
+    } else {
+        s.stb = F32(s.h / kMetre);
+        s.st = F32(StrouhalOfRectangle(static_cast<double>(s.b) / s.h));
+    }
+    s.vcrit = F32(static_cast<double>(s.stb) * s.freq[1] / s.st);
+
+    // EN 1991-1-4, 4.3.1 and 4.3.2, without orography.
+    const Terrain& terrain = kTerrains[CheckedIndex(s.terrain, kTerrains.size())];
+    const double kr = 0.19 * std::pow(terrain.z0 / 0.05, 0.07);
+    const double z = s.zh <= terrain.zmin ? terrain.zmin : s.zh;
+    const double cr = kr * std::log(z / terrain.z0);
+    s.vm = F32(s.vb * cr);
+}
+
+bool VortexAccepted(const ProjectState& s)
+{
+    return 1.25 * s.vm < s.vcrit;
+}
+
+std::string VortexMeanText(const ProjectState& s)
+{
+    return FormatNum(s.vm, "#0.0") + " m/s";
+}
+
+std::string VortexCriticalText(const ProjectState& s)
+{
+    return FormatNum(s.vcrit, "#0.0") + " m/s";
+}
+
+std::string VortexFrequencyText(const ProjectState& s)
+{
+    return FormatNum(s.freq[1], "#0.0") + " Hz";
+}
+
+std::string_view VortexVerdict(const ProjectState& s)
+{
+    return VortexAccepted(s) ? " OK " : " NOK ";
+}
+
+std::vector<VortexRow> VortexGrid(const ProjectState& s)
+{
+    return {{" E = ", FormatNum(s.e, "0.000E+0"), " MPa"},
+            {" Profile", ProfileText(s), ""},
+            {" Profile height b = ", FormatNum(s.h, "0.0"), " mm"},
+            {" Mass", FormatNum(s.weight, "0.0 "), " kg/m"},
+            {" Iy =", FormatNum(s.iy, "0.000E+0"), " mm4"},
+            {" Strouhal number", FormatNum(s.st, "0.00 "), ""},
+            {" Length L =", FormatNum(s.l, "0.000"), " m"}};
+}
+
+}  // namespace kestrum

@@ -1,0 +1,270 @@
+#include "member.h"
+
+#include "analysis/extremes.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace kestrum::test {
+namespace {
+
+// A state whose moment line is given by a function of the index; no check section beyond the first.
+template <class Line> ProjectState WithMoment(Line line, int supportcase = 0)
+{
+    ProjectState s{};
+    s.supportcase = static_cast<i16>(supportcase);
+    for (std::size_t j = 0; j < s.mydiag.size(); ++j) {
+        s.mydiag[j] = static_cast<float>(line(static_cast<double>(j)));
+        s.mzdiag[j] = -s.mydiag[j];
+    }
+    FindExtremes(s);
+    return s;
+}
+
+double Triangle(double j)  // peak 25 in the middle
+{
+    return j <= 25 ? j : 50 - j;
+}
+
+TEST(Extremes, StartAtZero)
+{
+    const ProjectState s = WithMoment([](double j) { return -1 - j; });
+    EXPECT_EQ(s.mymax, 0);
+    EXPECT_EQ(s.xmymax, 0);
+    EXPECT_EQ(s.mymin, -51);
+    EXPECT_EQ(s.xmymin, 1);
+    EXPECT_EQ(s.mzmax, 51);
+    EXPECT_EQ(s.mymaxabs, 51);
+    EXPECT_EQ(s.mzmaxabs, 51);
+}
+
+TEST(Extremes, TheFirstOfEqualValuesStays)
+{
+    const ProjectState s = WithMoment([](double j) { return j >= 10 && j <= 40 ? 3 : 0; });
+    EXPECT_EQ(s.xmymax, 0.2);
+}
+
+TEST(Extremes, TheDiagramWinsOverAnEqualSection)
+{
+    ProjectState s = Member(0);
+    s.mydiag[30] = 8;
+    s.mysec[0] = 8;
+    s.xi[0] = 0.55F;
+    FindExtremes(s);
+    EXPECT_EQ(s.xmymax, 0.6);
+    s.mysec[0] = 8.5;
+    FindExtremes(s);
+    EXPECT_EQ(s.mymax, 8.5);
+    EXPECT_EQ(s.xmymax, static_cast<double>(0.55F));
+}
+
+TEST(Extremes, LookAtTheSectionsInUseOnly)
+{
+    ProjectState s = Member(0);
+    s.npts = 1;
+    s.vzsec[1] = 3;
+    s.vzsec[2] = 9;
+    s.vysec[1] = -4;
+    FindExtremes(s);
+    EXPECT_EQ(s.vzmax, 3);
+    EXPECT_EQ(s.vymin, -4);
+}
+
+TEST(Extremes, DeflectionsHaveSizesOnly)
+{
+    ProjectState s = Member(0);
+    s.dzdiag[7] = -5;
+    s.dzdiag[9] = 4;
+    s.dydiag[3] = 2;
+    FindExtremes(s);
+    EXPECT_EQ(s.dzmax, 4);
+    EXPECT_EQ(s.dzmin, -5);
+    EXPECT_EQ(s.dzmaxabs, 5);
+    EXPECT_EQ(s.dymaxabs, 2);
+}
+
+TEST(DesignMoments, KeepTheSignOfMyAndTheSizeOfMz)
+{
+    ProjectState s{};
+    s.mymax = 5;
+    s.mymin = -7;
+    s.mzmax = 2;
+    s.mzmin = -3;
+    SetDesignMoments(s);
+    EXPECT_EQ(s.mydesign, -7);
+    EXPECT_EQ(s.mydesignf, -7);
+    EXPECT_EQ(s.mzdesign, 3);
+    s.mymax = 7;  // a tie gives the lowest
+    SetDesignMoments(s);
+    EXPECT_EQ(s.mydesign, -7);
+    s.mymax = 7.5;
+    SetDesignMoments(s);
+    EXPECT_EQ(s.mydesign, 7.5);
+}
+
+TEST(QuarterPoints, LieBetweenTheirNeighbours)
+{
+    const ProjectState s = WithMoment([](double j) { return 100 + j * j; });
+    EXPECT_EQ(s.my0, 100);
+    EXPECT_EQ(s.myq1, 100 + (144 + 169) / 2.0);
+    EXPECT_EQ(s.mymid, 725);
+    EXPECT_EQ(s.myq3, 100 + (37 * 37 + 38 * 38) / 2.0);
+    EXPECT_EQ(s.myl, 2600);
+    EXPECT_EQ(s.mz0, -100);
+    EXPECT_EQ(s.mzq1, -s.myq1);
+    EXPECT_EQ(s.mzmid, -725);
+    EXPECT_EQ(s.mzq3, -s.myq3);
+    EXPECT_EQ(s.mzl, -2600);
+}
+
+// A fixed beam under q has no moment at (3 -+ sqrt 3)/6 of its length. The line between two grid
+// points is straight: off by less than (h2/8) M''/M' = (1/2500/8)*2/0.577.
+TEST(ZeroCrossings, OfAFixedBeam)
+{
+    ProjectState s = Member(2);
+    s.qload[1] = 10;
+    Analyse(s);
+    EXPECT_NEAR(s.x0my1, (3 - std::sqrt(3.0)) / 6, 1.8e-4);
+    EXPECT_NEAR(s.x0my2, (3 + std::sqrt(3.0)) / 6, 1.8e-4);
+    EXPECT_EQ(s.x0mz1, 0);
+    EXPECT_EQ(s.x0mz2, 0);
+}
+
+TEST(ZeroCrossings, OnlyWithRestrainedEnds)
+{
+    for (int supportcase = 0; supportcase <= 6; ++supportcase) {
+        const ProjectState s = WithMoment([](double j) { return 10.5 - j; }, supportcase);
+        const bool restrained = supportcase != 0 && supportcase != 4 && supportcase != 6;
+        EXPECT_FLOAT_EQ(s.x0my1, restrained ? 0.21F : 0) << supportcase;
+        EXPECT_FLOAT_EQ(s.x0mz1, restrained ? 0.21F : 0) << supportcase;
+        EXPECT_EQ(s.x0my2, 0);
+    }
+}
+
+TEST(ZeroCrossings, TheLastOneOfAHalfStays)
+{
+    const ProjectState s =
+        WithMoment([](double j) { return std::cos(j / 50 * 4 * 3.14159265358979); }, 2);
+    EXPECT_NEAR(s.x0my1, 0.375, 1e-3);  // crossings at 0.125, 0.375, 0.625, 0.875
+    EXPECT_NEAR(s.x0my2, 0.875, 1e-3);
+}
+
+TEST(ZeroCrossings, TheStartCountsAsNone)
+{
+    EXPECT_EQ(WithMoment([](double j) { return j; }, 1).x0my1, 0);
+    EXPECT_EQ(WithMoment([](double j) { return j < 1 ? -1 : 3; }, 1).x0my1, 0);
+    EXPECT_EQ(WithMoment([](double) { return 0; }, 1).x0my2, 0);
+}
+
+TEST(EndRatio, IsTheSmallerOverTheLarger)
+{
+    const auto ratio = [](double start, double end) {
+        return WithMoment([=](double j) { return start + (end - start) * j / 50; }).psiy;
+    };
+    EXPECT_EQ(ratio(10, -10), -1);
+    EXPECT_EQ(ratio(10, 5), 0.5);
+    EXPECT_EQ(ratio(-2, 8), -0.25);
+    EXPECT_EQ(ratio(0, 8), 0);
+    EXPECT_EQ(ratio(8, 0), 0);
+    EXPECT_EQ(ratio(0, 0), 0);
+    EXPECT_EQ(ratio(6, 6), 1);
+}
+
+TEST(Shape, TellsACurveFromStraightLines)
+{
+    EXPECT_EQ(WithMoment(Triangle).mycurved, kFalse);
+    EXPECT_EQ(WithMoment([](double j) { return j * (50 - j); }).mycurved, kTrue);
+    EXPECT_EQ(WithMoment([](double j) { return -j * (50 - j); }).mycurved, kTrue);
+    EXPECT_EQ(WithMoment([](double j) { return j * (50 - j); }).mzcurved, kTrue);
+    // A level line has an empty band; so has no moment at all.
+    EXPECT_EQ(WithMoment([](double) { return 7; }).mycurved, kTrue);
+    EXPECT_EQ(WithMoment([](double) { return 0; }).mycurved, kTrue);
+}
+
+// Peak at 25, slope 1, distance 38 - 25 = 13: the band at the point 38 (37.5, halves to the even)
+// is 12.5 -+ 2.6, its ends not included.
+TEST(Shape, TheBandAroundTheChordIsOpen)
+{
+    const auto curved = [](std::size_t at, double value) {
+        return WithMoment(
+                   [=](double j) { return j == static_cast<double>(at) ? value : Triangle(j); })
+            .mycurved;
+    };
+    EXPECT_EQ(curved(38, 15.0), kFalse);
+    EXPECT_EQ(curved(38, 15.2), kTrue);
+    EXPECT_EQ(curved(38, 10.0), kFalse);
+    EXPECT_EQ(curved(38, 9.8), kTrue);
+    EXPECT_EQ(curved(37, 20.0), kFalse);  // not the point that is looked at
+    EXPECT_EQ(curved(12, 20.0), kFalse);
+}
+
+// D107: a uniform load on the left half bends the left half of the line only.
+TEST(Shape, TheRightHalfAloneDecidesD107)
+{
+    ProjectState s = Member(0);
+    AddTrapezoid(s, 1, 10, 10, 0, 3);
+    Analyse(s);
+    EXPECT_TRUE(CurvedHalf(s.mydiag, Half::left));
+    EXPECT_FALSE(CurvedHalf(s.mydiag, Half::right));
+    EXPECT_EQ(s.mycurved, kFalse);
+
+    s = Member(0);
+    AddTrapezoid(s, 1, 10, 10, 3, 6);
+    Analyse(s);
+    EXPECT_FALSE(CurvedHalf(s.mydiag, Half::left));
+    EXPECT_EQ(s.mycurved, kTrue);
+}
+
+TEST(Shape, ThePeakIsSoughtInTheMiddleHalf)
+{
+    // Points beyond 12..38 and equal ones that come later do not count: the peak is at 14, the
+    // point looked at 32.
+    const auto line = [](double j) {
+        return j == 5 || j == 45 ? 90.0 : j == 14 || j == 20 ? -40.0 : 0.0;
+    };
+    EXPECT_EQ(WithMoment(line).mycurved, kTrue);
+    const auto chord = [line](double j) { return j == 32 ? -20.0 : line(j); };
+    EXPECT_EQ(WithMoment(chord).mycurved, kFalse);
+}
+
+TEST(Shape, EndsAboveTheMiddle)
+{
+    const auto big = [](double start, double mid, double end) {
+        return WithMoment([=](double j) { return j == 0 ? start : j == 50 ? end : mid; }).myendsbig;
+    };
+    EXPECT_EQ(big(5, 4, -6), kTrue);
+    EXPECT_EQ(big(5, 5, 6), kFalse);
+    EXPECT_EQ(big(0, 5, 6), kFalse);
+}
+
+TEST(Shape, ALineIsStraightWhenTheMiddleLiesBetween)
+{
+    const auto linear = [](double start, double mid, double end) {
+        return WithMoment([=](double j) { return j == 0 ? start : j == 50 ? end : mid; }).mylinear;
+    };
+    EXPECT_EQ(linear(0, 5, 10), kTrue);
+    EXPECT_EQ(linear(0, 3.0001, 10), kTrue);
+    EXPECT_EQ(linear(0, 2.9999, 10), kFalse);
+    EXPECT_EQ(linear(10, 7.0001, 0), kFalse);
+    EXPECT_EQ(linear(10, 10, 10), kTrue);  // both limits included
+    EXPECT_EQ(linear(0, 0, 0), kFalse);
+}
+
+TEST(Shape, RatiosTakeTheSmallerEnd)
+{
+    const auto shape = [](double start, double mid, double end) {
+        return WithMoment([=](double j) { return j == 0 ? start : j == 50 ? end : mid; });
+    };
+    EXPECT_EQ(shape(2, 4, 8).myendratio, 0.5);
+    EXPECT_EQ(shape(2, 4, 8).mypeakratio, 2);
+    EXPECT_EQ(shape(8, 4, 2).myendratio, 0.5);
+    EXPECT_EQ(shape(8, 4, -2).mypeakratio, -2);
+    EXPECT_EQ(shape(0, 4, 8).mypeakratio, 0);
+    EXPECT_EQ(shape(8, 4, 0).mypeakratio, 0);
+    EXPECT_EQ(shape(8, 0, 2).myendratio, 0);
+    EXPECT_EQ(shape(8, 4, 2).mzendratio, 0.5);
+}
+
+}  // namespace
+}  // namespace kestrum::test
