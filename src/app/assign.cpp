@@ -3,9 +3,9 @@
 #include "app/choices.h"
 #include "app/input_boxes.h"
 #include "core/annexes.h"
-#include "core/arithmetic_trap.h"
 #include "core/field_table.h"
 #include "core/load_combination.h"
+#include "core/parse_num.h"
 
 #include <algorithm>
 #include <charconv>
@@ -51,12 +51,6 @@ std::optional<double> TruthValue(std::string_view text)
     return std::nullopt;
 }
 
-bool FitsWhole(double value)
-{
-    const double whole = std::nearbyint(value);
-    return whole >= -32768 && whole <= 32767;
-}
-
 bool FitsSingle(double value)
 {
     return std::isfinite(static_cast<float>(value));
@@ -76,12 +70,14 @@ std::string StoreNumber(ProjectState& s, const FieldRef& ref, double value)
     case FieldKind::real:
         *static_cast<double*>(at) = value;
         return {};
-    default:
-        if (!FitsWhole(value)) {
+    default: {
+        const std::optional<i16> whole = WholeNum(value);
+        if (!whole) {
             return std::string(kOutOfRange);
         }
-        *static_cast<i16*>(at) = static_cast<i16>(std::nearbyint(value));
+        *static_cast<i16*>(at) = *whole;
         return {};
+    }
     }
 }
 
@@ -119,8 +115,8 @@ std::string AssignChoice(const Library& library, ProjectState& s, const FieldRef
         return std::string(choice.truth ? "neither true nor false" : kNoNumber);
     }
     if (how == Assignment::checked) {
-        const bool whole = FitsWhole(*value) && *value == std::nearbyint(*value);
-        if (!whole || !Offers(library, choice, static_cast<int>(*value))) {
+        const std::optional<i16> whole = WholeNum(*value);
+        if (!whole || *whole != *value || !Offers(library, choice, *whole)) {
             return "not in the list";
         }
     }

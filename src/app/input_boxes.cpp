@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
 #include <optional>
 
 namespace kestrum {
@@ -36,17 +35,6 @@ bool Relative(const ProjectState& s, const Box& box)
     return box.field == "cp" ? s.cprelative != 0 : s.qtrelative != 0;
 }
 
-// A typed number is a float; a field of double precision takes the decimal that was typed, 1.05 and
-// not 1.0499999523.
-double Widen(float value)
-{
-    std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    double wide = 0;
-    std::from_chars(digits.data(), end, wide);
-    return wide;
-}
-
 // False when a whole number is out of range; nothing is stored then.
 bool Store(ProjectState& s, const Field& field, int index, float value)
 {
@@ -56,16 +44,14 @@ bool Store(ProjectState& s, const Field& field, int index, float value)
         *static_cast<float*>(at) = value;
         return true;
     case FieldKind::real:
-        *static_cast<double*>(at) = Widen(value);
+        *static_cast<double*>(at) = WidenNum(value);
         return true;
     default: {
-        const double whole =
-            std::nearbyint(static_cast<double>(value));  // halves to the even number
-        if (!(whole >= -32768 && whole <= 32767)) {
-            return false;
+        const std::optional<i16> whole = WholeNum(value);
+        if (whole) {
+            *static_cast<i16*>(at) = *whole;
         }
-        *static_cast<i16*>(at) = static_cast<i16>(whole);
-        return true;
+        return whole.has_value();
     }
     }
 }

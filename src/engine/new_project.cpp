@@ -187,9 +187,9 @@ void LoadSetup(const Library& library, ProjectState& s)
 void NewProject(const Library& library, ProjectState& s)
 {
     ResetMember(s);
-    ResetLateralBuckling(s);
     ResetVortex(s);
     Calculate(library, s);
+    ResetLateralBuckling(s);  // behind the pass: the old family may have switched it off
     ResetSection(s);
     ResetLoads(s);
 }

@@ -23,8 +23,8 @@ struct TextRun {
 
 struct PanelLine {
     double y = 0;  // in lines, from the top of the panel
-    std::vector<TextRun> left;
-    std::vector<TextRun> result;  // in the result column
+    std::vector<TextRun> left = {};
+    std::vector<TextRun> result = {};  // in the result column
 };
 
 constexpr double kLeastColumn = 10;

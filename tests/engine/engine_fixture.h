@@ -22,7 +22,7 @@ inline ProjectState Fresh()
     return s;
 }
 
-inline bool Run(ProjectState& s)
+inline bool EndsWell(ProjectState& s)
 {
     return Calculate(Delivered(), s);
 }

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <initializer_list>
 #include <new>
 #include <string>
 
@@ -17,7 +18,7 @@ std::size_t allocations = 0;
 
 }  // namespace
 
-void* operator new(std::size_t size)
+[[gnu::noinline]] void* operator new(std::size_t size)
 {
     ++allocations;
     if (void* const block = std::malloc(size)) {
@@ -26,12 +27,12 @@ void* operator new(std::size_t size)
     throw std::bad_alloc();
 }
 
-void operator delete(void* block) noexcept
+[[gnu::noinline]] void operator delete(void* block) noexcept
 {
     std::free(block);
 }
 
-void operator delete(void* block, std::size_t) noexcept
+[[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept
 {
     std::free(block);
 }
@@ -53,7 +54,10 @@ ProjectState Loaded(i16 family)
     s.checksls = kTrue;
     s.selfweight = 1;
     s.modal = 1;
-    s.nload[1] = 5;
+    s.nload[1] = 1;
+    s.ne = 1;
+    s.my1 = 1;
+    s.vz1 = 0;
     s.qload[1] = 1;
     s.qload[2] = 0.5f;
     s.qdir[2] = 0;
@@ -70,8 +74,8 @@ ProjectState Loaded(i16 family)
 TEST(Pass, AllocatesNothing)
 {
     for (const FamilyRoutines& routines : AllRoutines()) {
-        for (const i16 method : {1, 2}) {
-            for (const i16 loadmode : {0, 1}) {
+        for (const i16 method : std::initializer_list<i16>{1, 2}) {
+            for (const i16 loadmode : std::initializer_list<i16>{0, 1}) {
                 ProjectState s = Loaded(static_cast<i16>(routines.family));
                 s.method = method;
                 s.loadmode = loadmode;
@@ -87,7 +91,8 @@ TEST(Pass, AllocatesNothing)
 }
 
 // Puts the inputs of a project into a record that holds the results of another, as opening a file
-// does. The lateral torsional buckling length is the one value that is carried over on purpose.
+// does. Two things are carried over on purpose and taken out here: the lateral torsional buckling
+// length, and the curve of the British channels (deviation D205).
 void Open(ProjectState& s, ProjectState inputs)
 {
     for (const Field& field : AllFields()) {
@@ -107,6 +112,16 @@ void Open(ProjectState& s, ProjectState inputs)
         }
     }
     s.lt = 0;
+    s.curvey = {};
+    s.curvez = {};
+    s.alphay = 0;
+    s.alphaz = 0;
+}
+
+// A row that is empty shows nothing, whatever colour is left in it.
+bool Same(const ResultRow& a, const ResultRow& b)
+{
+    return a == b || (a.empty() && b.empty());
 }
 
 TEST(Pass, GivesTheSameAfterAnyOtherProject)
@@ -114,19 +129,19 @@ TEST(Pass, GivesTheSameAfterAnyOtherProject)
     for (const FamilyRoutines& second : AllRoutines()) {
         const ProjectState inputs = Loaded(static_cast<i16>(second.family));
         ProjectState fresh = inputs;
-        ASSERT_TRUE(Run(fresh));
+        ASSERT_TRUE(EndsWell(fresh));
         for (const FamilyRoutines& first : AllRoutines()) {
             SCOPED_TRACE(std::to_string(second.family) + " after " + std::to_string(first.family));
             ProjectState s = Loaded(static_cast<i16>(first.family));
-            ASSERT_TRUE(Run(s));
+            ASSERT_TRUE(EndsWell(s));
             Open(s, inputs);
-            ASSERT_TRUE(Run(s));
+            ASSERT_TRUE(EndsWell(s));
             EXPECT_EQ(s.secline, fresh.secline);
             EXPECT_EQ(s.yline, fresh.yline);
             EXPECT_EQ(s.zline, fresh.zline);
             EXPECT_EQ(s.ltline, fresh.ltline);
-            EXPECT_EQ(s.deflinez, fresh.deflinez);
-            EXPECT_EQ(s.defliney, fresh.defliney);
+            EXPECT_TRUE(Same(s.deflinez, fresh.deflinez));
+            EXPECT_TRUE(Same(s.defliney, fresh.defliney));
             EXPECT_EQ(s.irsection, fresh.irsection);
             EXPECT_EQ(s.maxirbuckling, fresh.maxirbuckling);
             EXPECT_EQ(s.governing, fresh.governing);
