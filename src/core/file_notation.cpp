@@ -1,0 +1,342 @@
+#include "core/file_notation.h"
+
+#include "core/parse_num.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+namespace kestrum {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+constexpr std::size_t kShownToken = 40;  // characters of a wrong value that a message repeats
+
+// The whole text as a number: sign, digits, point, exponent; nothing else, no "inf" and no "nan".
+std::optional<double> WholeText(std::string_view text)
+{
+    if (text.starts_with('+')) {
+        text.remove_prefix(1);
+    }
+    const std::size_t sign = text.starts_with('-') ? 1 : 0;
+    if (text.size() == sign || (text[sign] != '.' && (text[sign] < '0' || text[sign] > '9'))) {
+        return std::nullopt;
+    }
+    std::string digits(text);
+    std::replace_if(
+        digits.begin(), digits.end(), [](char c) { return c == 'D' || c == 'd'; }, 'E');
+    double value = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto [stop, fault] = std::from_chars(digits.data(), end, value);
+    return fault == std::errc{} && stop == end ? std::optional(value) : std::nullopt;
+}
+
+// Bytes of a wrong value as a message may show them.
+std::string Shown(std::string_view text)
+{
+    std::string shown;
+    for (const char c : text.substr(0, kShownToken)) {
+        shown.push_back(static_cast<unsigned char>(c) < 0x20 || c == 0x7F ? '?' : c);
+    }
+    return text.size() > kShownToken ? shown + "..." : shown;
+}
+
+bool IsUtf8(std::string_view text)
+{
+    for (std::size_t at = 0; at < text.size();) {
+        const auto first = static_cast<unsigned char>(text[at++]);
+        const int more = first < 0x80                    ? 0
+                         : first >= 0xC2 && first < 0xE0 ? 1
+                         : first >= 0xE0 && first < 0xF0 ? 2
+                         : first >= 0xF0 && first < 0xF5 ? 3
+                                                         : -1;
+        if (more < 0 || at + static_cast<std::size_t>(more) > text.size()) {
+            return false;
+        }
+        for (int i = 0; i < more; ++i) {
+            if ((static_cast<unsigned char>(text[at++]) & 0xC0U) != 0x80U) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+// Windows-1252, in which older files were written: the characters 0x80 to 0x9F; 0 where there is
+// none.
+constexpr std::array<std::uint16_t, 32> kWindows1252 = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+void AppendUtf8(std::string& out, unsigned code)
+{
+    if (code < 0x80) {
+        out.push_back(static_cast<char>(code));
+    } else if (code < 0x800) {
+        out.push_back(static_cast<char>(0xC0U | (code >> 6)));
+        out.push_back(static_cast<char>(0x80U | (code & 0x3FU)));
+    } else {
+        out.push_back(static_cast<char>(0xE0U | (code >> 12)));
+        out.push_back(static_cast<char>(0x80U | ((code >> 6) & 0x3FU)));
+        out.push_back(static_cast<char>(0x80U | (code & 0x3FU)));
+    }
+}
+
+std::string AsUtf8(std::string_view text)
+{
+    if (IsUtf8(text)) {
+        return std::string(text);
+    }
+    std::string out;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        const unsigned code =
+            byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80U] : unsigned{byte};
+        AppendUtf8(out, code == 0 ? '?' : code);
+    }
+    return out;
+}
+
+// Puts the parts of d.dddE+xx into the notation of files.
+template <class Number> std::string Notation(Number value, double exponent_from)
+{
+    constexpr double kExponentBelow = 1e-4;
+    if (value == 0 || !std::isfinite(value)) {
+        return "0";
+    }
+    const double size = std::abs(static_cast<double>(value));
+    std::array<char, 64> text;
+    char* const first = text.data();
+    char* const last = text.data() + text.size();
+    if (size >= exponent_from || size < kExponentBelow) {
+        const auto end = std::to_chars(first, last, value, std::chars_format::scientific);
+        std::string out(first, end.ptr);
+        std::replace(out.begin(), out.end(), 'e', 'E');
+        return out;
+    }
+    const auto end = std::to_chars(first, last, value, std::chars_format::fixed);
+    std::string out(first, end.ptr);
+    const std::size_t zero = out[0] == '-' ? 1 : 0;
+    if (out.substr(zero).starts_with("0.")) {
+        out.erase(zero, 1);
+    }
+    return out;
+}
+
+}  // namespace
+
+std::string FaultText(const std::string& file, const FileFault& fault)
+{
+    return file + ":" + std::to_string(fault.line) + ": " + fault.what;
+}
+
+void ValueReader::Fail(std::string_view name, std::string_view expected, const Token& token)
+{
+    fault_.line = token.line;
+    fault_.what = "field " + std::string(name) + ": expected " + std::string(expected) +
+                  ", found \"" + Shown(token.text) + "\"";
+}
+
+std::string_view ValueReader::NextLine()
+{
+    const std::size_t end = std::min(rest_.find('\n'), rest_.size());
+    std::string_view line = rest_.substr(0, end);
+    rest_.remove_prefix(std::min(end + 1, rest_.size()));
+    ++line_;
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
+    return line;
+}
+
+// The text up to the next comma or line end, blanks around it removed; a quoted one up to its
+// quote.
+bool ValueReader::NextToken(std::string_view name, std::string_view expected, Token& token)
+{
+    if (!ok()) {
+        return false;
+    }
+    rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
+    if (rest_.empty()) {
+        fault_.line = line_;
+        fault_.what = "field " + std::string(name) + ": expected " + std::string(expected) +
+                      ", found the end of the file";
+        return false;
+    }
+    token.line = line_;
+    bool quoted = rest_.front() == '"';
+    if (quoted) {
+        const std::size_t close = rest_.find_first_of("\"\n", 1);
+        quoted = close != std::string_view::npos && rest_[close] == '"';
+        if (quoted) {
+            token.text = rest_.substr(0, close + 1);
+            rest_.remove_prefix(close + 1);
+        }
+    }
+    const std::size_t end = std::min(rest_.find_first_of(",\n"), rest_.size());
+    if (!quoted) {
+        token.text = rest_.substr(0, end);
+        if (token.text.ends_with('\r')) {
+            token.text.remove_suffix(1);
+        }
+        token.text = token.text.substr(0, token.text.find_last_not_of(kBlanks) + 1);
+    }
+    line_ += end < rest_.size() && rest_[end] == '\n' ? 1 : 0;
+    rest_.remove_prefix(std::min(end + 1, rest_.size()));
+    return true;
+}
+
+bool ValueReader::TakeNumber(std::string_view name, double& value)
+{
+    Token token;
+    if (!NextToken(name, "a number", token)) {
+        return false;
+    }
+    const std::optional<double> number = WholeText(token.text);
+    if (!number) {
+        Fail(name, "a number", token);
+        return false;
+    }
+    value = *number;
+    return true;
+}
+
+void ValueReader::Take(std::string_view name, i16& value)
+{
+    const int line = line_;
+    double number = 0;
+    if (!TakeNumber(name, number)) {
+        return;
+    }
+    if (const std::optional<i16> whole = WholeNum(number)) {
+        value = *whole;
+        return;
+    }
+    Fail(name, "a whole number of 16 bits", {FileNumber(number), line});
+}
+
+void ValueReader::Take(std::string_view name, float& value)
+{
+    const int line = line_;
+    double number = 0;
+    if (!TakeNumber(name, number)) {
+        return;
+    }
+    const float single = static_cast<float>(number);
+    if (!std::isfinite(single)) {
+        Fail(name, "a number of single precision", {FileNumber(number), line});
+        return;
+    }
+    value = single;
+}
+
+void ValueReader::Take(std::string_view name, double& value)
+{
+    double number = 0;
+    if (TakeNumber(name, number)) {
+        value = number;
+    }
+}
+
+void ValueReader::TakeTruth(std::string_view name, i16& value)
+{
+    constexpr std::string_view kExpected = "#TRUE# or #FALSE#";
+    Token token;
+    if (!NextToken(name, kExpected, token)) {
+        return;
+    }
+    std::string text(token.text);
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+    if (text == "#TRUE#" || text == "-1" || text == "1") {
+        value = kTrue;
+    } else if (text == "#FALSE#" || text == "0") {
+        value = kFalse;
+    } else {
+        Fail(name, kExpected, token);
+    }
+}
+
+void ValueReader::TakeText(std::string_view name, std::string& value)
+{
+    Token token;
+    if (!NextToken(name, "a text", token)) {
+        return;
+    }
+    if (token.text.size() >= 2 && token.text.front() == '"' && token.text.back() == '"') {
+        token.text = token.text.substr(1, token.text.size() - 2);
+    }
+    value = AsUtf8(token.text);
+}
+
+void ValueReader::TakeLine(std::string_view name, std::string& value)
+{
+    if (!ok()) {
+        return;
+    }
+    if (rest_.empty()) {
+        fault_ = {line_,
+                  "field " + std::string(name) + ": expected a line, found the end of the file"};
+        return;
+    }
+    value = AsUtf8(NextLine());
+}
+
+void ValueWriter::Put(i16 value)
+{
+    bytes_.append(std::to_string(value));
+    EndLine();
+}
+
+void ValueWriter::Put(float value)
+{
+    bytes_.append(FileNumber(value));
+    EndLine();
+}
+
+void ValueWriter::Put(double value)
+{
+    bytes_.append(FileNumber(value));
+    EndLine();
+}
+
+void ValueWriter::PutTruth(i16 value)
+{
+    bytes_.append(value != 0 ? "#TRUE#" : "#FALSE#");
+    EndLine();
+}
+
+void ValueWriter::PutText(std::string_view value)
+{
+    bytes_.append("\"");
+    PutLine(value);
+    bytes_.insert(bytes_.size() - 2, "\"");  // in front of the line end
+}
+
+// A line end inside a text would shift every field behind it.
+void ValueWriter::PutLine(std::string_view value)
+{
+    const std::size_t first = bytes_.size();
+    bytes_.append(value);
+    std::replace_if(
+        bytes_.begin() + static_cast<std::ptrdiff_t>(first), bytes_.end(),
+        [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    EndLine();
+}
+
+std::string FileNumber(float value)
+{
+    return Notation(value, 1e7);
+}
+
+std::string FileNumber(double value)
+{
+    return Notation(value, 1e15);
+}
+
+}  // namespace kestrum

@@ -1,0 +1,22 @@
+#pragma once
+
+// The stored setup: the design settings that the next start begins with.
+
+#include "core/file_notation.h"
+#include "core/project_state.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kestrum {
+
+constexpr std::string_view kSetupFile = "KestrumEC3Setup.dat";
+constexpr std::string_view kMaterialFile = "KestrumECmat.dat";
+
+// Reads what is there; fields behind a fault keep their values. The start ignores the fault.
+std::optional<FileFault> ReadSetup(ProjectState& s, std::string_view bytes);
+
+std::string WriteSetup(ProjectState& s);
+
+}  // namespace kestrum
