@@ -1,12 +1,14 @@
 #include "sections/load_library.h"
 
 #include "core/material.h"
+#include "core/setup_file.h"
 #include "sections/readprofiles.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <string_view>
 
 namespace kestrum {
 

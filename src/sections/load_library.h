@@ -5,13 +5,9 @@
 #include "core/library.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace kestrum {
-
-constexpr std::string_view kMaterialFile = "KestrumECmat.dat";
-constexpr std::string_view kSetupFile = "KestrumEC3Setup.dat";
 
 // The user's data folder, into which a stored setup goes: the folder named by KESTRUM_DATA, else
 // kestrum-ec3 under XDG_DATA_HOME or ~/.local/share. On Windows the fixed folder of the product.

@@ -1,5 +1,6 @@
 #include "sections/load_library.h"
 
+#include "core/setup_file.h"
 #include "sections/readprofiles.h"
 #include "support/sections.h"
 
