@@ -1,6 +1,7 @@
 #include "service/deflection_control.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/row_text.h"
 
 #include <gtest/gtest.h>
 
@@ -34,6 +35,17 @@ TEST(DeflectionControl, ComparesTheDeflectionWithAPartOfTheLength)
     EXPECT_TRUE(s.deflinez.judged);
     EXPECT_EQ(s.deflinez.status, kWithin);
     EXPECT_TRUE(s.defliney.empty());
+}
+
+TEST(DeflectionControl, IsWrittenWithOneDecimal)
+{
+    const RowText text = TextOf(Deflected(15, 0).deflinez, 1);
+    EXPECT_EQ(text.label, "IR = dz/dzMax = ");
+    EXPECT_EQ(text.calculation, "15.0/20.0 = ");
+    EXPECT_EQ(text.result, "0.75");
+    EXPECT_EQ(text.limit, " < 1.0");
+    EXPECT_EQ(TextOf(Deflected(0, -7.25).deflinez, 1).calculation, "-7.3/20.0 = ");
+    EXPECT_EQ(TextOf(Deflected(40, 0).deflinez, 1).limit, " < 1.0");  // the status alone tells
 }
 
 // D258: no precamber is taken off.
