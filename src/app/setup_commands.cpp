@@ -5,6 +5,9 @@
 #include "core/load_combination.h"
 #include "core/setup_file.h"
 
+#include <filesystem>
+#include <system_error>
+
 namespace kestrum {
 
 namespace {
@@ -106,6 +109,20 @@ void TickOption(Session& session, Option option, bool on)
                                                     : s.checkwebbuck;
     field = on ? kTrue : kFalse;
     session.Calculate();
+}
+
+bool SaveAsDefault(Session& session, const std::string& folder)
+{
+    const std::string path = folder + "/" + std::string(kSetupFile);
+    std::error_code fault;
+    std::filesystem::create_directories(folder, fault);
+    ProjectState& s = session.edit();
+    s.annexcode = AnnexCodeFromIndex(s.annexindex);
+    const std::string problem = WriteWholeFile(path, WriteSetup(s));
+    if (!problem.empty()) {
+        session.surroundings().Warn(path + ": " + problem);
+    }
+    return problem.empty();
 }
 
 }  // namespace kestrum
