@@ -27,6 +27,9 @@ double EffectiveWidth(const ProjectState& s, double b, double c, double t)
 }
 
 // The flanges alone, each with its effective width about its own middle.
+//
+// Deviation D200: the web does not count and each flange loses one tip in place; the standard takes
+// the whole effective section about its own centroid.
 double EffectiveModulusZ(const ProjectState& s)
 {
     const double top = EffectiveWidth(s, s.btop, s.ctop, s.ttop);
@@ -122,6 +125,8 @@ void CalcResistanceSingleI(ProjectState& s)
     StoreShear(s, 1.0 * s.bbot * s.tbot + 1.0 * s.btop * s.ttop);
 }
 
+// Deviation D198: no moment from the shift of the centroid in class 4 under compression; the
+// standard adds NEd eN, 6.2.9.3 (2).
 void ControlSingleI(ProjectState& s)
 {
     constexpr SectionRoutines kRoutines{

@@ -83,6 +83,8 @@ void CalcResistanceT(ProjectState& s)
     StoreShear(s, 1.0 * s.b * s.tf);
 }
 
+// Deviation D198: no moment from the shift of the centroid in class 4 under compression; the
+// standard adds NEd eN, 6.2.9.3 (2).
 void ControlT(ProjectState& s)
 {
     constexpr SectionRoutines kRoutines{

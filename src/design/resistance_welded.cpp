@@ -40,6 +40,9 @@ double ModulusOfSign(const ProjectState& s, i16 cls, bool top)
 
 // The flange with the smaller b t^2 resists the tension field, EN 1993-1-5, 5.4 (1). A plate with a
 // flat bar has no second flange.
+//
+// Deviation D199: the entered stiffener spacing counts also where no stiffeners are; the standard
+// then has the distance of the supports. The same in the single symmetric I.
 double WeakerFlangeShear(const ProjectState& s)
 {
     const double tw = 1.0 * Webs(s) * s.tw;
