@@ -102,8 +102,8 @@ Classes Classify(const BentPart& part, double beside, double n, double m, double
 // 62 eps (1 - psi) sqrt(-psi) from psi = -1 down. A class 3 that this yields under tension cannot
 // raise a moment resistance, which never exceeds the one of the moment alone.
 //
-// Deviation D168: n is measured against the clear height of one web, hw tw, where both webs carry
-// it; by Table 5.2 the compressed share of the web's straight part is less.
+// Deviation D168: N is measured against the clear height of one web, hw tw, although both webs
+// carry it, so that compression makes the class worse than by Table 5.2, and tension better.
 i16 CalcClassHollowY(ProjectState& s, float n, float m)
 {
     const BentPart web = Bent(s, n, m, s.d, s.tw, 1.0 * s.hw * s.tw, s.iy);

@@ -142,11 +142,15 @@ TEST(ClassHollow, D166ClassThreeHasOneFormulaForEveryStressRatio)
     EXPECT_EQ(CalcClassHollowY(s, -705, MomentFor(94, 220)), 3);  // the standard: 4
 }
 
-TEST(ClassHollow, D168CompressionStandsAgainstOneWeb)
+TEST(ClassHollow, D168AxialForceStandsAgainstOneWeb)
 {
     // 705 kN of 1410 kN: limit of class 1 is 45.257. Both webs, alpha = 0.625: 396/7.125 = 55.58.
     ProjectState s = Walls(50, 1);
     EXPECT_EQ(CalcClassHollowY(s, 705, MomentFor(47, 50)), 2);  // the standard: 1
+
+    // Tension: 36/0.25 = 144; both webs, alpha = 0.375: 41.5/0.375 = 110.7.
+    s = Walls(140, 1);
+    EXPECT_EQ(CalcClassHollowY(s, -705, MomentFor(47, 140)), 1);  // the standard: 3
 }
 
 TEST(ClassHollow, D169OverhangOfTheBoxHasNoClass)
