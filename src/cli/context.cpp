@@ -1,0 +1,88 @@
+#include "cli/context.h"
+
+#include "core/file_io.h"
+#include "core/project_file.h"
+#include "core/setup_file.h"
+#include "engine/new_project.h"
+#include "sections/load_library.h"
+
+#include <filesystem>
+#include <iostream>
+#include <iterator>
+
+namespace kestrum::cli {
+
+namespace {
+
+std::string ReadAll(const std::string& file)
+{
+    if (file == "-") {
+        return {std::istreambuf_iterator<char>(std::cin), {}};
+    }
+    std::string bytes;
+    const std::string fault = ReadWholeFile(file, bytes);
+    if (!fault.empty()) {
+        throw BadInput(file + ": " + fault);
+    }
+    return bytes;
+}
+
+}  // namespace
+
+Library LoadTables(const Options& options)
+{
+    if (!options.data.empty() && !std::filesystem::is_directory(options.data)) {
+        throw BadInput(options.data + ": no such folder");
+    }
+    Library library = options.data.empty() ? LoadLibrary(DataFolders()) : LoadLibrary(options.data);
+    if (library.materials.empty()) {
+        throw BadInput("no material list: " + std::string(kMaterialFile) +
+                       " is in none of the data folders");
+    }
+    if (!options.setup.empty()) {
+        library.setup = ReadAll(options.setup);
+        ProjectState scratch{};
+        if (const auto fault = ReadSetup(scratch, library.setup)) {
+            throw BadInput(FaultText(options.setup, *fault));
+        }
+    }
+    return library;
+}
+
+ProjectState OpenProject(const Library& library, const std::string& file)
+{
+    const std::string bytes = ReadAll(file);
+    ProjectState s{};
+    StartUp(library, s);
+    s.filename = file;
+    if (const auto fault = ReadProject(s, bytes)) {
+        throw BadInput(FaultText(file, *fault));
+    }
+    return s;
+}
+
+void SaveProject(ProjectState& s, const std::string& file)
+{
+    const std::string bytes = WriteProject(s);
+    if (file.empty() || file == "-") {
+        Print(bytes);
+        return;
+    }
+    const std::string fault = WriteWholeFile(file, bytes);
+    if (!fault.empty()) {
+        throw BadInput(file + ": " + fault);
+    }
+}
+
+void Complain(const std::string& what)
+{
+    std::cerr << "kestrum: " << what << "\n";
+}
+
+void Print(const std::string& text)
+{
+    std::cout.write(text.data(), static_cast<std::streamsize>(text.size()));
+    std::cout.flush();
+}
+
+}  // namespace kestrum::cli

@@ -1,0 +1,48 @@
+#pragma once
+
+// What the commands share: the options that hold for all of them, reading and writing of projects,
+// and the messages of failure.
+
+#include "core/library.h"
+#include "core/project_state.h"
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace kestrum::cli {
+
+// Exit codes. Of several files the gravest one counts: bad input, then calculation error, then
+// above the limit.
+enum Exit : int { kAllWithin = 0, kSomeAbove = 1, kBadInput = 2, kFailedPass = 3 };
+
+// Bad input; the text is the message without "kestrum: ".
+struct BadInput : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+enum class Format { text, json, csv };
+
+struct Options {
+    std::string data;   // folder of tables and materials; empty: the usual places
+    std::string setup;  // stored setup; empty: the one beside the tables
+    Format format = Format::text;
+};
+
+// Tables, materials and setup. Throws BadInput when the folder or the setup cannot be read.
+Library LoadTables(const Options& options);
+
+// A fresh program with the project of the file, "-" for standard input. Throws BadInput.
+ProjectState OpenProject(const Library& library, const std::string& file);
+
+// Writes the whole file or nothing; standard output without a name. Throws BadInput.
+void SaveProject(ProjectState& s, const std::string& file);
+
+// "kestrum: FILE:LINE: what" on standard error.
+void Complain(const std::string& what);
+
+// Standard output, whole.
+void Print(const std::string& text);
+
+}  // namespace kestrum::cli

@@ -1,0 +1,101 @@
+#include "cli/commands.h"
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+
+namespace {
+
+using namespace kestrum::cli;
+
+const std::map<std::string, Format> kFormats{
+    {"text", Format::text}, {"json", Format::json}, {"csv", Format::csv}};
+
+void AddFormat(CLI::App& command, Options& options)
+{
+    command.add_option("--format", options.format, "text, json or csv")
+        ->transform(CLI::CheckedTransformer(kFormats));
+    command.add_flag_callback(
+        "--json", [&options] { options.format = Format::json; }, "short for --format json");
+}
+
+int Run(int argc, char** argv)
+{
+    CLI::App app{"Kestrum EC3: designs one steel member to EN 1993-1-1."};
+    app.name("kestrum");
+    app.set_version_flag("--version", "kestrum " KESTRUM_VERSION);
+    app.require_subcommand(1);
+    app.fallthrough();
+
+    Options options;
+    app.add_option("--data", options.data, "folder with the profile tables and the material list");
+    app.add_option("--setup", options.setup, "stored setup in place of the delivered one");
+
+    int exit = kAllWithin;
+    std::vector<std::string> files;
+    std::string file;
+    bool inputs = false;
+    bool page = false;
+    NewArguments fresh;
+    SetArguments change;
+    std::string family;
+
+    CLI::App& check =
+        *app.add_subcommand("check", "calculates and prints the result panel of each file");
+    check.add_option("FILE", files, "project files, - for standard input")->required();
+    check.add_flag("--loadcase", page, "with the governing load case");
+    AddFormat(check, options);
+    check.callback([&] { exit = Check(options, files, page); });
+
+    CLI::App& dump = *app.add_subcommand("dump", "calculates and prints the whole state as JSON");
+    dump.add_option("FILE", file, "project file, - for standard input")->required();
+    dump.add_flag("--inputs", inputs, "what the project file keeps, not calculated");
+    dump.callback([&] { exit = Dump(options, file, inputs); });
+
+    CLI::App& create = *app.add_subcommand("new", "writes a default project");
+    create.add_option("-o,--output", fresh.out, "file to write; standard output without it");
+    create.add_option("--family", fresh.family, "section family, as `kestrum sections` lists them");
+    create.add_option("--set", fresh.set, "NAME=VALUE, through the limits of the input boxes");
+    create.add_flag("--raw", fresh.raw, "stores the values unchecked");
+    create.callback([&] { exit = New(options, fresh); });
+
+    CLI::App& set = *app.add_subcommand("set", "changes fields of a project");
+    set.add_option("FILE", change.file, "project file, - for standard input")->required();
+    set.add_option("ASSIGNMENT", change.set,
+                   "NAME=VALUE, fields by their canonical names: qload[2]=12.5")
+        ->required();
+    set.add_option("-o,--output", change.out, "file to write; the file itself without it");
+    set.add_flag("--raw", change.raw, "stores the values unchecked");
+    set.callback([&] { exit = Set(options, change); });
+
+    CLI::App& sections =
+        *app.add_subcommand("sections", "lists the families, or the table rows of one");
+    sections.add_option("FAMILY", family, "family number");
+    AddFormat(sections, options);
+    sections.callback([&] { exit = Sections(options, family); });
+
+    CLI::App& vortex =
+        *app.add_subcommand("vortex", "controls vortex shedding, EN 1991-1-4, Annex E");
+    vortex.add_option("FILE", file, "project file, - for standard input")->required();
+    AddFormat(vortex, options);
+    vortex.callback([&] { exit = Vortex(options, file); });
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? kAllWithin : kBadInput;
+    }
+    return exit;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& failure) {
+        Complain(failure.what());
+        return kBadInput;
+    }
+}

@@ -1,0 +1,105 @@
+#include "cli/commands.h"
+
+#include "report/state_json.h"
+#include "sections/family_table.h"
+
+#include <charconv>
+
+namespace kestrum::cli {
+
+namespace {
+
+struct Line {
+    int number;  // family, or row
+    std::string series;
+    std::string text;
+};
+
+std::vector<Line> FamilyLines()
+{
+    std::vector<Line> lines;
+    for (const FamilyInfo& info : Families()) {
+        lines.push_back({info.id, std::string(info.form), std::string(info.text)});
+    }
+    return lines;
+}
+
+const FamilyInfo& Wanted(const std::string& family)
+{
+    int id = 0;
+    const char* const end = family.data() + family.size();
+    const auto [rest, fault] = std::from_chars(family.data(), end, id);
+    const FamilyInfo* const info = fault == std::errc{} && rest == end ? FindFamily(id) : nullptr;
+    if (info == nullptr || info->input == SectionInput::none) {
+        throw BadInput(family + ": no such family");
+    }
+    return *info;
+}
+
+std::vector<Line> RowLines(const Library& library, const FamilyInfo& info)
+{
+    std::vector<Line> lines;
+    int series = 0;
+    for (const Table table : info.tables) {
+        ++series;
+        for (int row = 0; row < RowCount(table); ++row) {
+            lines.push_back({row, std::to_string(series), RowText(library, table, row)});
+        }
+    }
+    return lines;
+}
+
+std::string TextOf(const std::vector<Line>& lines)
+{
+    std::string out;
+    for (const Line& line : lines) {
+        const std::string number = std::to_string(line.number);
+        out += std::string(number.size() < 4 ? 4 - number.size() : 0, ' ') + number + "  ";
+        out += line.text + "\n";
+    }
+    return out;
+}
+
+std::string CsvOf(const std::vector<Line>& lines, bool families)
+{
+    std::string out = families ? "family,form,text\n" : "row,series,text\n";
+    for (const Line& line : lines) {
+        out += std::to_string(line.number) + "," + line.series + ",\"" + line.text + "\"\n";
+    }
+    return out;
+}
+
+std::string JsonOf(const std::vector<Line>& lines, bool families)
+{
+    std::string out;
+    for (const Line& line : lines) {
+        out += out.empty() ? "" : ",\n";
+        out += (families ? "{\"family\": " : "{\"row\": ") + std::to_string(line.number);
+        out += families ? ", \"form\": " + JsonText(line.series) : ", \"series\": " + line.series;
+        out += ", \"text\": " + JsonText(line.text) + "}";
+    }
+    return "[" + out + "]\n";
+}
+
+}  // namespace
+
+int Sections(const Options& options, const std::string& family)
+{
+    const bool families = family.empty();
+    const std::vector<Line> lines =
+        families ? FamilyLines() : RowLines(LoadTables(options), Wanted(family));
+    switch (options.format) {
+    case Format::json:
+        Print(JsonOf(lines, families));
+        break;
+    case Format::csv:
+        Print(CsvOf(lines, families));
+        break;
+    case Format::text:
+        Print(TextOf(lines));
+        break;
+    }
+    return kAllWithin;
+}
+
+}  // namespace kestrum::cli

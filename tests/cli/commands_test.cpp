@@ -1,0 +1,413 @@
+#include "cli/run.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+namespace kestrum {
+namespace {
+
+using nlohmann::json;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+class Commands : public CommandLine {
+protected:
+    // A short, lightly loaded member.
+    void WriteGood(const std::string& name) const
+    {
+        ASSERT_EQ(Kestrum("new -o " + name + " --set l=3 --set qload[1]=1 --set nload[1]=1").exit,
+                  0);
+    }
+};
+
+TEST_F(Commands, HelpAndVersion)
+{
+    EXPECT_EQ(Kestrum("--version").out, "kestrum 1.3.1\n");
+    EXPECT_EQ(Kestrum("--help").exit, 0);
+    for (const char* command : {"check", "dump", "new", "set", "sections", "vortex"}) {
+        const Said said = Kestrum(std::string(command) + " --help");
+        EXPECT_EQ(said.exit, 0) << command;
+        EXPECT_THAT(said.out, HasSubstr("Usage")) << command;
+    }
+}
+
+TEST_F(Commands, BadUsageIsBadInput)
+{
+    for (const char* arguments : {"", "nothing", "check", "dump", "set", "check --nothing x",
+                                  "sections x", "vortex", "check --format xml x"}) {
+        const Said said = Kestrum(arguments);
+        EXPECT_EQ(said.exit, 2) << arguments;
+        EXPECT_THAT(said.out, IsEmpty()) << arguments;
+        EXPECT_THAT(said.err, Not(IsEmpty())) << arguments;
+    }
+}
+
+TEST_F(Commands, NewWritesTheDefaultProject)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    const std::string bytes = Read("a.kst");
+    EXPECT_THAT(bytes, StartsWith("131\r\nProject\r\nTest\r\n\"EU\"\r\n"));
+    EXPECT_EQ(Kestrum("new").out, bytes);
+    const json state = json::parse(Kestrum("dump a.kst --inputs").out);
+    EXPECT_EQ(state["family"], 1);
+    EXPECT_EQ(state["row.hea"], 10);
+    EXPECT_EQ(state["l"], 5);
+    EXPECT_EQ(state["qload"], json::parse("[0, 10, 0, 0, 0]"));
+    EXPECT_FALSE(state.contains("ned"));
+    EXPECT_FALSE(state.contains("lamdalt0"));
+    EXPECT_FALSE(state.contains("rows"));
+}
+
+TEST_F(Commands, NewTakesFamilyAndFields)
+{
+    ASSERT_EQ(
+        Kestrum("new -o a.kst --family 22 --set p22.isttw=11 --set projname='North, \"wing\"'")
+            .exit,
+        0);
+    const json state = json::parse(Kestrum("dump a.kst --inputs").out);
+    EXPECT_EQ(state["family"], 22);
+    EXPECT_EQ(state["p22.isttw"], 11);
+    EXPECT_EQ(state["projname"], "North, \"wing\"");
+    EXPECT_EQ(Kestrum("new --family 999").exit, 2);
+    EXPECT_EQ(Kestrum("new --family 55").exit, 2);
+    EXPECT_EQ(Kestrum("new -o b.kst --family 999 --raw").exit, 0);
+}
+
+TEST_F(Commands, CheckPrintsThePanel)
+{
+    WriteGood("a.kst");
+    const Said said = Kestrum("check a.kst");
+    EXPECT_EQ(said.exit, 0);
+    EXPECT_THAT(said.out, StartsWith("a.kst\nSECTION CONTROL:\nIR = "));
+    EXPECT_THAT(said.out, HasSubstr("BUCKLING CONTROL: (incl Lateral Torsional Buckling)\n"));
+    EXPECT_THAT(said.out, Not(HasSubstr("DEFLECTION")));
+    EXPECT_THAT(said.out, Not(HasSubstr("Governing")));
+    EXPECT_THAT(said.err, IsEmpty());
+    EXPECT_THAT(Kestrum("check --loadcase a.kst").out,
+                HasSubstr("Governing Loadcase: ULS: 1.00*G"));
+}
+
+TEST_F(Commands, CheckTellsTheVerdictByItsExit)
+{
+    WriteGood("good.kst");
+    ASSERT_EQ(Kestrum("set good.kst -o above.kst qload[1]=1000").exit, 0);
+    ASSERT_EQ(Kestrum("set good.kst -o failed.kst l=0 --raw").exit, 0);
+    Write("bad.kst", "131\r\nabc");
+    EXPECT_EQ(Kestrum("check good.kst").exit, 0);
+    EXPECT_EQ(Kestrum("check above.kst").exit, 1);
+    EXPECT_EQ(Kestrum("check bad.kst").exit, 2);
+    EXPECT_EQ(Kestrum("check failed.kst").exit, 3);
+    EXPECT_EQ(Kestrum("check good.kst above.kst").exit, 1);
+    EXPECT_EQ(Kestrum("check above.kst failed.kst good.kst").exit, 3);
+    const Said all = Kestrum("check bad.kst failed.kst above.kst good.kst");
+    EXPECT_EQ(all.exit, 2);
+    EXPECT_THAT(
+        all.out,
+        HasSubstr(
+            "4 files: 1 within limits, 1 above limit, 1 calculation errors, 1 not checked\n"));
+    EXPECT_THAT(all.err, HasSubstr("kestrum: bad.kst:"));
+    EXPECT_THAT(all.err, HasSubstr("kestrum: failed.kst:  Calculation Error. Axial load too big."));
+}
+
+TEST_F(Commands, CheckHasJsonAndCsv)
+{
+    WriteGood("a.kst");
+    const json list = json::parse(Kestrum("check --json a.kst nothing.kst").out);
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[0]["exit"], 0);
+    EXPECT_EQ(list[0]["rows"]["section"].size(), 3U);
+    EXPECT_EQ(list[1]["exit"], 2);
+    const Said csv = Kestrum("check --format csv a.kst");
+    EXPECT_THAT(
+        csv.out,
+        StartsWith("file,verdict,irsection,maxirbuckling,irdeflection\na.kst,within limits,0."));
+}
+
+TEST_F(Commands, DeflectionCountsOnlyWhenItIsPartOfTheResult)
+{
+    WriteGood("a.kst");
+    ASSERT_EQ(Kestrum("set a.kst l=20 ltb=0 nload[1]=0 qload[1]=3 deflimitz=1500").exit, 0);
+    EXPECT_EQ(Kestrum("check a.kst").exit, 0);
+    ASSERT_EQ(Kestrum("set a.kst checksls=true").exit, 0);
+    const Said said = Kestrum("check a.kst");
+    EXPECT_EQ(said.exit, 1);
+    EXPECT_THAT(said.out, HasSubstr("DEFLECTION CONTROL: (z: L/1500  y: L/300);\n"));
+}
+
+TEST_F(Commands, FlangeOverloadIsTold)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --family 24 --set hsqopt=0 --set qload[1]=2000").exit, 0);
+    EXPECT_THAT(Kestrum("check a.kst").out,
+                HasSubstr("\n Flange overloaded! Program removes flangeloading \n"));
+}
+
+TEST_F(Commands, AFamilyWithoutControlIsNotChecked)
+{
+    for (const char* family : {"0", "55", "999"}) {
+        ASSERT_EQ(Kestrum(std::string("new -o a.kst --raw --family ") + family).exit, 0);
+        const Said said = Kestrum("check a.kst");
+        EXPECT_EQ(said.exit, 2) << family;
+        EXPECT_THAT(said.err, HasSubstr("nothing checked")) << family;
+        const Said dump = Kestrum("dump a.kst");
+        EXPECT_EQ(dump.exit, 0) << family;
+        EXPECT_EQ(json::parse(dump.out)["rows"]["section"][0]["label"], "") << family;
+    }
+}
+
+TEST_F(Commands, DumpHasEveryField)
+{
+    WriteGood("a.kst");
+    const Said said = Kestrum("dump a.kst");
+    ASSERT_EQ(said.exit, 0);
+    const json state = json::parse(said.out);
+    EXPECT_EQ(state["gammam0"], 1);
+    EXPECT_THAT(said.out, HasSubstr("\"neta\": 1.2,"));  // the shortest decimal of the float
+    EXPECT_EQ(state["checksls"], 0);
+    EXPECT_EQ(state["calculationerror"], false);
+    EXPECT_EQ(state["mydiag"].size(), 51U);
+    EXPECT_EQ(state["xi"].size(), state["npts"].get<std::size_t>() + 1);
+    EXPECT_EQ(state["mysec"].size(), state["xi"].size());
+    EXPECT_EQ(state["nload"].size(), 3U);
+    EXPECT_EQ(state["qload"].size(), 5U);
+    EXPECT_EQ(state["pm"].size(), 8U);
+    EXPECT_EQ(state["freq"].size(), 3U);
+    EXPECT_EQ(state["combtextuls"], "ULS: 1.00*G + 1.30*Q1 + 0.70*Q2");
+    EXPECT_EQ(state["combtextbasic"], "Basic loads: G + Q1 + Q2");
+    EXPECT_EQ(state["notes"], json::array());
+    EXPECT_EQ(state["rows"]["buckling"].size(), 3U);
+    EXPECT_EQ(state["rows"]["deflection"].size(), 2U);
+    const json& row = state["rows"]["section"][0];
+    EXPECT_GT(row["ir"].get<double>(), 0);
+    EXPECT_EQ(row["status"], 2);
+    EXPECT_THAT(row["label"].get<std::string>(), StartsWith("IR = "));
+}
+
+TEST_F(Commands, DumpOfAFailedPassHasEmptyRows)
+{
+    WriteGood("a.kst");
+    ASSERT_EQ(Kestrum("set a.kst l=0 --raw").exit, 0);
+    const Said said = Kestrum("dump a.kst");
+    EXPECT_EQ(said.exit, 3);
+    EXPECT_THAT(said.err, HasSubstr("kestrum: a.kst:  Calculation Error."));
+    const json state = json::parse(said.out);
+    EXPECT_EQ(state["calculationerror"], true);
+    for (const char* block : {"section", "buckling", "deflection"}) {
+        for (const json& row : state["rows"][block]) {
+            EXPECT_EQ(
+                row,
+                json::parse(
+                    R"({"label":"","calculation":"","result":"","limit":"","ir":0,"status":2})"));
+        }
+    }
+}
+
+TEST_F(Commands, SetReplacesTheFile)
+{
+    WriteGood("a.kst");
+    EXPECT_EQ(Kestrum("set a.kst qload[2]=12.5 p31.istd=200,5 family=31").exit, 0);
+    const json state = json::parse(Kestrum("dump a.kst --inputs").out);
+    EXPECT_EQ(state["qload"][2], 12.5);
+    EXPECT_EQ(state["p31.istd"], 200.5);
+    EXPECT_EQ(Kestrum("set a.kst -o b.kst l=4").exit, 0);
+    EXPECT_EQ(json::parse(Kestrum("dump a.kst --inputs").out)["l"], 3);
+    EXPECT_EQ(json::parse(Kestrum("dump b.kst --inputs").out)["l"], 4);
+}
+
+TEST_F(Commands, SetRefusesAndLeavesTheFile)
+{
+    WriteGood("a.kst");
+    const std::string before = Read("a.kst");
+    const std::pair<const char*, const char*> refused[] = {
+        {"l=0.01", " L >= 0.050 "},
+        {"l=abc", "Input string mismatch "},
+        {"l=", ""},
+        {"ned=5", "not an input"},
+        {"nothing=1", "no such field"},
+        {"qload[0]=1", ""},
+        {"qload[5]=1", "no such field"},
+        {"qload=1", "no such field"},
+        {"family=55", "not in the list"},
+        {"l", "NAME=VALUE"},
+        {"gammam0=1.6", " 0.5 <= gammam0 <=1.5 "},
+        {"row.hea=24", "not in the list"},
+        {"lamdalt0=0.3", "not an input"},
+        {"annexcode=XX", "no such annex"},
+    };
+    for (const auto& [assignment, message] : refused) {
+        const Said said = Kestrum("set a.kst l=4 '" + std::string(assignment) + "'");
+        EXPECT_EQ(said.exit, 2) << assignment;
+        EXPECT_THAT(said.err, StartsWith("kestrum: ")) << assignment;
+        EXPECT_THAT(said.err, HasSubstr(message)) << assignment;
+        EXPECT_EQ(Read("a.kst"), before) << assignment;
+    }
+}
+
+TEST_F(Commands, SetTellsWhatHasNoEffect)
+{
+    WriteGood("a.kst");
+    const Said said = Kestrum("set a.kst gammam0=1.3");
+    EXPECT_EQ(said.exit, 0);
+    EXPECT_THAT(said.err, HasSubstr("gammam0: without effect, set by the national annex EU"));
+    EXPECT_THAT(Kestrum("set a.kst annexcode=UD gammam0=1.3").err, IsEmpty());
+    EXPECT_EQ(json::parse(Kestrum("dump a.kst").out)["gammam0"], 1.3);
+}
+
+TEST_F(Commands, SetRawStoresUnchecked)
+{
+    WriteGood("a.kst");
+    EXPECT_EQ(Kestrum("set a.kst --raw l=0.01 row.hea=32767").exit, 0);
+    EXPECT_EQ(json::parse(Kestrum("dump a.kst --inputs").out)["l"], 0.01);
+    EXPECT_EQ(Kestrum("check a.kst").exit, 3);
+    EXPECT_EQ(Kestrum("set a.kst --raw spring=40000").exit, 2);
+}
+
+TEST_F(Commands, StandardInputAndOutput)
+{
+    WriteGood("a.kst");
+    EXPECT_THAT(Kestrum("check - <a.kst").out, HasSubstr("SECTION CONTROL:"));
+    EXPECT_EQ(json::parse(Kestrum("dump --inputs - <a.kst").out)["l"], 3);
+    const Said said = Kestrum("set - l=4 <a.kst");
+    EXPECT_EQ(said.exit, 0);
+    EXPECT_THAT(said.out, StartsWith("131\r\n"));
+    EXPECT_EQ(Kestrum("check - </dev/null").exit, 2);
+}
+
+TEST_F(Commands, SectionsListsFamiliesAndRows)
+{
+    const Said families = Kestrum("sections");
+    EXPECT_EQ(families.exit, 0);
+    EXPECT_EQ(std::count(families.out.begin(), families.out.end(), '\n'), 31);
+    EXPECT_THAT(families.out, Not(HasSubstr("  55  ")));
+    const Said rows = Kestrum("sections 1");
+    EXPECT_EQ(std::count(rows.out.begin(), rows.out.end(), '\n'), 24);
+    EXPECT_THAT(rows.out, HasSubstr("  10  HEA 300\n"));
+    EXPECT_EQ(json::parse(Kestrum("sections --json").out).size(), 31U);
+    const json british = json::parse(Kestrum("sections 101 --json").out);
+    EXPECT_EQ(british.size(), 81U + 31U + 17U);
+    EXPECT_EQ(british[0]["text"], "UB 127x76x13");
+    EXPECT_THAT(Kestrum("sections 1 --format csv").out,
+                StartsWith("row,series,text\n0,1,\"HEA 100\"\n"));
+    EXPECT_EQ(Kestrum("sections 21").out, "");  // entered by its dimensions
+    for (const char* family : {"55", "999", "0", "x", "1x"}) {
+        EXPECT_EQ(Kestrum(std::string("sections ") + family).exit, 2) << family;
+    }
+}
+
+TEST_F(Commands, VortexControl)
+{
+    ASSERT_EQ(Kestrum("new -o stiff.kst --family 31 --set l=3").exit, 0);
+    EXPECT_EQ(Kestrum("vortex stiff.kst").exit, 0);
+    EXPECT_THAT(Kestrum("vortex stiff.kst").out, HasSubstr(" OK "));
+    ASSERT_EQ(Kestrum("new -o slender.kst --family 31 --set l=40 --set p31.istd=100 --set "
+                      "nload[1]=0 --set qload[1]=0")
+                  .exit,
+              0);
+    EXPECT_EQ(Kestrum("vortex slender.kst").exit, 1);
+    EXPECT_EQ(json::parse(Kestrum("vortex --json slender.kst").out)["ok"], false);
+    ASSERT_EQ(Kestrum("new -o hea.kst").exit, 0);
+    const Said said = Kestrum("vortex hea.kst");
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_THAT(said.err, HasSubstr("Only valid for boxes and tubes"));
+    ASSERT_EQ(Kestrum("set stiff.kst l=0 --raw").exit, 0);
+    EXPECT_EQ(Kestrum("vortex stiff.kst").exit, 3);
+}
+
+TEST_F(Commands, SetupAndDataCanBeReplaced)
+{
+    WriteGood("a.kst");
+    EXPECT_EQ(Kestrum("check --data nothing a.kst").exit, 2);
+    EXPECT_EQ(Kestrum("check --setup nothing a.kst").exit, 2);
+    EXPECT_EQ(Kestrum(std::string("check --data '") + KESTRUM_SHARE + "' a.kst").exit, 0);
+    std::string setup;
+    {
+        std::ifstream file(std::string(KESTRUM_SHARE) + "/KestrumEC3Setup.dat", std::ios::binary);
+        setup = {std::istreambuf_iterator<char>(file), {}};
+    }
+    const std::size_t at = setup.find("\"EU\"");
+    ASSERT_NE(at, std::string::npos);
+    setup.replace(at, 4, "\"UD\"");
+    Write("own.dat", setup);
+    const json state =
+        json::parse(Kestrum("new --setup own.dat | '" KESTRUM_BIN "/kestrum' dump --inputs -").out);
+    EXPECT_EQ(state["annexcode"], "UD");
+}
+
+TEST_F(Commands, BadFilesEndWithAMessageAndNothingElse)
+{
+    WriteGood("a.kst");
+    const std::string good = Read("a.kst");
+    Write("empty.kst", "");
+    Write("cut.kst", good.substr(0, good.size() / 2));
+    Write("abc.kst", "abc");
+    std::string returns = good;
+    std::erase(returns, '\n');
+    Write("cr.kst", returns);
+    std::string wide = "\xff\xfe";
+    for (const char c : good) {
+        wide += c;
+        wide += '\0';
+    }
+    Write("utf16.kst", wide);
+    std::string wrong = good;
+    wrong.replace(wrong.find("\r\n1.2\r\n") + 2, 3, "abc");
+    Write("token.kst", wrong);
+    std::filesystem::create_directory(Path("folder.kst"));
+    for (const char* name : {"missing.kst", "folder.kst", "empty.kst", "cut.kst", "abc.kst",
+                             "utf16.kst", "token.kst"}) {
+        for (const char* command : {"check ", "dump ", "dump --inputs ", "vortex "}) {
+            const Said said = Kestrum(std::string(command) + name);
+            EXPECT_EQ(said.exit, 2) << command << name;
+            EXPECT_THAT(said.err, StartsWith(std::string("kestrum: ") + name)) << command;
+        }
+        EXPECT_EQ(Kestrum(std::string("set ") + name + " l=4").exit, 2) << name;
+    }
+    EXPECT_THAT(Kestrum("check token.kst").err, HasSubstr("kestrum: token.kst:7:"));
+    const Said lines =
+        Kestrum("check cr.kst");  // classic line ends: read or refused, never a crash
+    EXPECT_TRUE(lines.exit == 0 || lines.exit == 2);
+}
+
+TEST_F(Commands, OddValuesInFilesDoNotCrash)
+{
+    WriteGood("a.kst");
+    const std::pair<const char*, int> cases[] = {
+        {"row.hea=32767", 3},
+        {"row.hea=-32768", 3},
+        {"row.hea=28", 3},
+        {"l=0", 3},
+        {"l=-5", -1},
+        {"supportcase=99", -1},
+        {"loadcomb=99", -1},
+        {"cpmode=1 cpcount=99", -1},
+        {"restraints=99", -1},
+        {"restraints=-3", -1},
+        {"ltbcase=77", -1},
+        {"fykindex=-9", 0},
+        {"method=9", -1},
+        {"loadmode=7", -1},
+        {"psi1index=-1", 0},
+        {"safetyclass=-1", 0},
+        {"bcy=50 bcz=-50", -1},
+        {"loadlevel=9", -1},
+        {"family=103 series103=9", -1},
+        {"family=101 series101=9", -1},
+        {"e=0", -1},
+        {"fyk=0 fykindex=26", 3},
+        {"qload[1]=3E38 pm[1]=3E38", -1},
+    };
+    for (const auto& [assignments, exit] : cases) {
+        ASSERT_EQ(Kestrum(std::string("set a.kst -o odd.kst --raw ") + assignments).exit, 0)
+            << assignments;
+        const Said said = Kestrum("check odd.kst");
+        EXPECT_GE(said.exit, 0) << assignments;
+        EXPECT_LE(said.exit, 3) << assignments;
+        if (exit >= 0) {
+            EXPECT_EQ(said.exit, exit) << assignments;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kestrum

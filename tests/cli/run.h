@@ -1,0 +1,62 @@
+#pragma once
+
+// Runs the built program in a folder of its own and keeps what it said.
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include <sys/wait.h>
+
+namespace kestrum {
+
+struct Said {
+    int exit = -1;
+    std::string out, err;
+};
+
+class CommandLine : public ::testing::Test {
+protected:
+    CommandLine()
+    {
+        std::string pattern = (std::filesystem::temp_directory_path() / "kestrum-XXXXXX").string();
+        folder_ = mkdtemp(pattern.data());
+    }
+    ~CommandLine() override { std::filesystem::remove_all(folder_); }
+
+    std::string Path(const std::string& name) const { return folder_ + "/" + name; }
+
+    void Write(const std::string& name, const std::string& bytes) const
+    {
+        std::ofstream(Path(name), std::ios::binary) << bytes;
+    }
+
+    std::string Read(const std::string& name) const
+    {
+        std::ifstream file(Path(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    // Arguments as a shell takes them, in the folder; the user's own data stays out of it.
+    Said Kestrum(const std::string& arguments) const
+    {
+        const std::string command = "cd '" + folder_ + "' && XDG_DATA_HOME='" + folder_ +
+                                    "' KESTRUM_DATA= '" KESTRUM_BIN "/kestrum' " + arguments +
+                                    " >'" + folder_ + "/.out' 2>'" + folder_ + "/.err'";
+        Said said;
+        const int status = std::system(command.c_str());
+        said.exit = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        said.out = Read(".out");
+        said.err = Read(".err");
+        return said;
+    }
+
+private:
+    std::string folder_;
+};
+
+}  // namespace kestrum
