@@ -1,0 +1,281 @@
+#pragma once
+
+// Members for the stability tests, filled by hand: section values as printed in the usual tables,
+// resistances by area or modulus times fy. Factors gammaM 1.0, E 210000, no driver and no section
+// routine in between.
+
+#include "core/project_state.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <string>
+
+namespace kestrum::members {
+
+// What every member has: recommended values of the standard, one span of 5 m, all switches at rest.
+inline void FillCommon(ProjectState& s, int family, double fyk)
+{
+    s.family = static_cast<i16>(family);
+    s.gammam0 = 1.0;
+    s.gammam1 = 1.0f;
+    s.e = 210000.0f;
+    s.fyk = static_cast<float>(fyk);
+    s.irlimit = 1.0f;
+    s.lamdalt0 = 0.4f;
+    s.beta = 0.75;
+    s.lamdalt0w = 0.4f;
+    s.betaw = 0.75;
+    s.l = 5.0f;
+    s.ly = 1.0f;
+    s.lz = 1.0f;
+    s.ltbk = 1.0f;
+    s.ltbcurve = 3;
+    s.loadlevel = 2;
+    s.loadmode = 1;
+    s.method = 2;
+    s.classn = 1;
+    s.classmy = 1;
+    s.classmz = 1;
+    s.openprofile = kTrue;
+    s.hasyloads = kTrue;
+    s.haszloads = kFalse;
+    s.mycurved = kTrue;
+    s.mzcurved = kTrue;
+    s.bcy = s.bcz = 0;
+    s.ltb = 0;
+    s.restraints = 0;
+    s.cmanual = s.c1alt = kFalse;
+    s.weldopt = 0;
+    s.lopt = 1;
+    s.errorflag = 0;
+    s.ned = 0;
+    s.mydesign = 0;
+    s.mzdesign = 0;
+    s.psiy = s.psiz = 0;
+    s.mylinear = s.mzlinear = kFalse;
+    s.my0 = s.mymid = s.myl = s.mymaxabs = s.mymax = s.mymin = 0;
+    s.mz0 = s.mzmid = s.mzl = s.mzmaxabs = 0;
+    s.myendratio = s.mypeakratio = s.mzendratio = s.mzpeakratio = 0;
+    s.mydiag.fill(0.0f);
+    s.weldopt = 0;
+}
+
+struct Section {
+    double h, b, tw, tf;
+    double a, iy, iz, it, iw;
+    double wely, wply, welz, wplz;
+};
+
+inline void FillSection(ProjectState& s, const Section& p)
+{
+    s.h = static_cast<float>(p.h);
+    s.b = static_cast<float>(p.b);
+    s.tw = static_cast<float>(p.tw);
+    s.tf = static_cast<float>(p.tf);
+    s.tmax = std::max(s.tw, s.tf);
+    s.a = s.aeff = static_cast<float>(p.a);
+    s.iy = static_cast<float>(p.iy);
+    s.iz = static_cast<float>(p.iz);
+    s.it = static_cast<float>(p.it);
+    s.iw = static_cast<float>(p.iw);
+    s.wely = s.weffy = static_cast<float>(p.wely);
+    s.wply = static_cast<float>(p.wply);
+    s.welz = s.weffz = static_cast<float>(p.welz);
+    s.wplz = static_cast<float>(p.wplz);
+    s.wyused = p.wply;
+    s.wzused = p.wplz;
+    s.nplrd = s.ncrd = s.nrdm1 = p.a * s.fyk / 1000.0;
+    s.mplyrd = s.myrd = s.myrdm1 = p.wply * s.fyk / 1e6;
+    s.mplzrd = s.mzrd = s.mzrdm1 = p.wplz * s.fyk / 1e6;
+}
+
+constexpr Section kHeb200{200,   200,     9,      15,     7810,   56.96e6, 20.03e6,
+                          593e3, 171.1e9, 569600, 642500, 200300, 305800};
+constexpr Section kShs150{150,    150, 6.3,    6.3,    3580,   12.23e6, 12.23e6,
+                          19.1e6, 0,   163000, 192000, 163000, 192000};
+constexpr Section kUpe300{300,   100,    9.5,    15,     5660,  78.2e6, 5.68e6,
+                          315e3, 72.7e9, 522000, 613000, 75600, 136000};
+constexpr Section kTube244{244.5,    244.5, 10,     10,     7367,   50.731e6, 50.731e6,
+                           1.0146e8, 0,     414980, 550240, 414980, 550240};
+
+inline void FillHeb200(ProjectState& s)
+{
+    FillCommon(s, 2, 355);
+    FillSection(s, kHeb200);
+}
+
+inline void FillShs150(ProjectState& s)
+{
+    FillCommon(s, 6, 355);
+    FillSection(s, kShs150);
+    s.openprofile = kFalse;
+}
+
+inline ProjectState Heb200()
+{
+    ProjectState s{};
+    FillHeb200(s);
+    return s;
+}
+
+inline ProjectState Shs150()
+{
+    ProjectState s{};
+    FillShs150(s);
+    return s;
+}
+
+inline ProjectState Upe300()
+{
+    ProjectState s{};
+    FillCommon(s, 5, 355);
+    FillSection(s, kUpe300);
+    s.ecg = 28.9f;
+    s.ys = 36.2f;
+    s.ltbcurve = 2;
+    return s;
+}
+
+// Welded double-symmetric I 600x300x12x20.
+inline ProjectState Welded600()
+{
+    ProjectState s{};
+    FillCommon(s, 21, 355);
+    FillSection(s, {600, 300, 12, 20, 18720, 1.185e9, 9.008e7, 1.923e6, 7.569e12, 3.951e6, 4.421e6,
+                    600500, 920200});
+    return s;
+}
+
+// Single-symmetric I 600, top 200x20, bottom 400x20, web 560x12: class 3 about y for both signs.
+// A 18720; zcog (8000 10 + 6720 300 + 4000 590)/18720 = 238.03; Iy 1.113e9, Iz 1.2008e8;
+// Itop 20 200^3/12 = 1.3333e7, Ibot 1.0667e8, betaf 1/9, hs 580, zshear 580/9 + 10 - 238.03 =
+// -163.6; psif (Itop - Ibot)/(Itop + Ibot) = -7/9; zjtop (2/9 - 1) 0.5 580 = -225.6, zjbot (16/9 -
+// 1) 0.4 580 = 180.4; Iw 1.3333e7 1.0667e8/1.2e8 580^2 = 3.987e12; Wel 3.076e6 (top), 4.677e6
+// (bottom).
+inline ProjectState Single600()
+{
+    ProjectState s{};
+    FillCommon(s, 22, 355);
+    FillSection(s, {600, 300, 12, 20, 18720, 1.1134e9, 1.2008e8, 1.923e6, 3.9872e12, 3.0758e6,
+                    4.087e6, 600400, 1.02016e6});
+    s.btop = 200;
+    s.ttop = 20;
+    s.bbot = 400;
+    s.tbot = 20;
+    s.zcog = 238.03f;
+    s.zshear = static_cast<float>(580.0 / 9 + 10 - 238.03);
+    s.psiftop = static_cast<float>(-7.0 / 9);
+    s.psifbot = static_cast<float>(7.0 / 9);
+    s.zjtop = static_cast<float>(-7.0 / 9 * 0.5 * 580);
+    s.zjbot = static_cast<float>(7.0 / 9 * 0.4 * 580);
+    s.wytop = s.wely;
+    s.wybot = s.wely;
+    s.wyused = s.wely;
+    s.mytoprd = s.mybotrd = s.myrd = s.myrdm1 = s.wely * 355.0 / 1e6;
+    s.classmy = s.classmytop = s.classmybot = 3;
+    s.weffytop1 = 3.0e6f;
+    s.weffytop2 = 4.6e6f;
+    s.weffybot1 = 4.5e6f;
+    s.weffybot2 = 2.9e6f;
+    return s;
+}
+
+// L 100x100x10: A 1915, Iy = Iz 176.7e4, Iu 280.3e4, Iv 73.0e4, e 28.22.
+inline ProjectState Angle100()
+{
+    ProjectState s{};
+    FillCommon(s, 10, 355);
+    FillSection(
+        s, {100, 100, 10, 10, 1915, 1.767e6, 1.767e6, 63330, 5.556e7, 24620, 24620, 24620, 24620});
+    s.iu = 2.803e6f;
+    s.iv = 0.730e6f;
+    s.ey = s.ez = 28.22f;
+    s.alfa = 45.0f;
+    s.classn = s.classmy = s.classmz = 3;
+    s.mry1 = 8.739;
+    s.mry2 = 22.23;
+    s.mrz1 = 22.23;
+    s.mrz2 = 8.739;
+    s.mru = {0, 14.81, 0, 14.81};
+    s.mrv = {0, 7.551, 6.493, 7.551};
+    s.l = 2.0f;
+    return s;
+}
+
+// Flat bar 150x12, S235: A 1800, Iy 12 150^3/12, Iz 150 12^3/12 = 21600, It 150 12^3/3 = 86400.
+inline ProjectState FlatBar150()
+{
+    ProjectState s{};
+    FillCommon(s, 28, 355);
+    FillSection(s, {150, 12, 12, 0, 1800, 3.375e6, 21600, 86400, 0, 45000, 67500, 3600, 5400});
+    s.ltbcurve = 2;
+    s.l = 1.0f;
+    return s;
+}
+
+// Uniform load in z on a pinned member: qL^2/8 at the middle.
+inline void UniformLoad(ProjectState& s, double q)
+{
+    const double length = s.l;
+    for (std::size_t j = 0; j < s.mydiag.size(); ++j) {
+        const double x = static_cast<double>(j) / 50.0;
+        s.mydiag[j] = static_cast<float>(q * length * length / 2.0 * x * (1.0 - x));
+    }
+    const double m = q * length * length / 8.0;
+    s.mydesign = s.mymid = m;
+    s.mymaxabs = std::abs(m);
+    s.mymax = std::max(m, 0.0);
+    s.mymin = std::min(m, 0.0);
+    s.mycurved = kTrue;
+    s.mydesignf = static_cast<float>(m);
+}
+
+// Given end moments about y.
+inline void EndMoments(ProjectState& s, double first, double last)
+{
+    s.loadmode = 0;
+    for (std::size_t j = 0; j < s.mydiag.size(); ++j) {
+        s.mydiag[j] = static_cast<float>(first + (last - first) * static_cast<double>(j) / 50.0);
+    }
+    s.my0 = first;
+    s.myl = last;
+    s.mymid = (first + last) / 2.0;
+    s.mymax = std::max({first, last, 0.0});
+    s.mymin = std::min({first, last, 0.0});
+    s.mydesign = std::abs(s.mymax) > std::abs(s.mymin) ? s.mymax : s.mymin;
+    s.mydesignf = static_cast<float>(s.mydesign);
+    const double big = std::abs(last) > std::abs(first) ? last : first;
+    s.psiy = big == 0 ? 0 : (big == last ? first : last) / big;
+    s.mylinear = kTrue;
+}
+
+inline void MomentZ(ProjectState& s, double mz)
+{
+    s.mzdesign = static_cast<float>(mz);
+    s.mzmaxabs = mz;
+    s.mzmid = mz;
+}
+
+template <std::size_t N> std::string Joined(const std::array<Literal, N>& pieces)
+{
+    std::string text;
+    for (const Literal& piece : pieces) {
+        text += piece.text();
+    }
+    return text;
+}
+inline std::string Label(const ResultRow& row)
+{
+    return Joined(row.label);
+}
+inline std::string Calculation(const ResultRow& row)
+{
+    return Joined(row.calculation);
+}
+inline std::string Limit(const ResultRow& row)
+{
+    return Joined(row.limit);
+}
+
+}  // namespace kestrum::members
