@@ -43,7 +43,7 @@ std::vector<Line> RowLines(const Library& library, const FamilyInfo& info)
     for (const Table table : info.tables) {
         ++series;
         for (int row = 0; row < RowCount(table); ++row) {
-            lines.push_back({row, std::to_string(series), RowText(library, table, row)});
+            lines.push_back({row, std::to_string(series), RowName(library, table, row)});
         }
     }
     return lines;

@@ -140,7 +140,7 @@ std::string RowKey(const Library& library, Table table, int row)
     return key;
 }
 
-std::string RowText(const Library& library, Table table, int row)
+std::string RowName(const Library& library, Table table, int row)
 {
     const std::string key = RowKey(library, table, row);
     return key.empty() ? key : std::string(ShapeOf(table).prefix) + " " + key;

@@ -53,6 +53,6 @@ int RowCount(Table table);
 std::string RowKey(const Library& library, Table table, int row);
 
 // Series name and size key: "HEA 200", "UB 838x292x176". Empty beyond the rows offered.
-std::string RowText(const Library& library, Table table, int row);
+std::string RowName(const Library& library, Table table, int row);
 
 }  // namespace kestrum

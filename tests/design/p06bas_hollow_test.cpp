@@ -542,7 +542,7 @@ TEST(HollowTables, SquareResistsTheSameAboutBothAxes)
         ProjectState s = OfFamily(family);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
             ChooseRow(s, row);
-            SCOPED_TRACE(RowText(Delivered(), TableOf(s), row));
+            SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             Design(s);
             EXPECT_EQ(s.classmy, s.classmz);
             EXPECT_NEAR(s.myrd, s.mzrd, 1e-6 * s.myrd);
@@ -566,7 +566,7 @@ TEST(HollowTables, SquareUnderAxialForceResistsTheSameAboutBothAxes)
         ProjectState s = OfFamily(family);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
             ChooseRow(s, row);
-            SCOPED_TRACE(RowText(Delivered(), TableOf(s), row));
+            SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             Design(s);
             for (const double share : {-0.6, -0.1, 0.05, 0.2, 0.5, 0.8}) {
                 const double n = share * s.nplrd, m = 0.3 * s.myrd;
@@ -587,7 +587,7 @@ TEST(HollowTables, ExchangedAxesExchangeTheResistances)
         ProjectState s = OfFamily(family);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
             ChooseRow(s, row);
-            SCOPED_TRACE(RowText(Delivered(), TableOf(s), row));
+            SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             s.rectaxis = 1;
             Design(s);
             ProjectState t = s;
@@ -609,7 +609,7 @@ TEST(HollowTables, ResistancesArePositiveAndGrowWithThickness)
         ProjectState s = OfFamily(family);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
             ChooseRow(s, row);
-            SCOPED_TRACE(RowText(Delivered(), TableOf(s), row));
+            SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             Design(s);
             CalcShearHollow(s);
             for (const double value : {s.nplrd, s.ncrd, s.myrd, s.mzrd, s.vzrd, s.vyrd, s.vbrd,

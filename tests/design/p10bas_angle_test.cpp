@@ -279,7 +279,7 @@ TEST(AngleTables, EqualLegsMayBeExchanged)
     ProjectState s = OfFamily(10);
     for (int row = 0; row < RowCount(TableOf(s)); ++row) {
         ChooseRow(s, row);
-        SCOPED_TRACE(RowText(Delivered(), TableOf(s), row));
+        SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
         Design(s);
         const double m = 0.3 * s.mry1, w = 0.1 * s.mry1, v = 0.4 * s.vzrd;
         Control(s, {0, m, w, v, 0});
@@ -320,7 +320,7 @@ TEST(AngleTables, PrincipalRowAgreesWithUnsymmetricBending)
         ProjectState s = OfFamily(family);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
             ChooseRow(s, row);
-            SCOPED_TRACE(RowText(Delivered(), TableOf(s), row));
+            SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             Design(s);
             const double iy = s.iy, iz = s.iz, t = s.tw;
             const double iyz =
@@ -353,7 +353,7 @@ TEST(AngleTables, ResistancesArePositiveAndGrowWithThickness)
         ProjectState s = OfFamily(family);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
             ChooseRow(s, row);
-            SCOPED_TRACE(RowText(Delivered(), TableOf(s), row));
+            SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             Design(s);
             for (const double value :
                  {s.nplrd, s.ncrd, s.mry1, s.mry2, s.mrz1, s.mrz2, s.mru[1], s.mru[3], s.mrv[1],

@@ -120,7 +120,7 @@ TEST(UnequalAngle, DistancesArePositive)
         ChooseRow(s, row);
         PropertiesAngle(Delivered(), s);
         for (const float distance : {s.u1, s.u2, s.v1, s.v2, s.v3, s.cu}) {
-            EXPECT_GT(distance, 0) << RowText(Delivered(), Table::l2, row);
+            EXPECT_GT(distance, 0) << RowName(Delivered(), Table::l2, row);
         }
     }
 }

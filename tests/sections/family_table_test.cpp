@@ -106,13 +106,13 @@ TEST(TableOf, StopsWithoutTable)
 
 TEST(RowText, IsSeriesAndSizeKey)
 {
-    EXPECT_EQ(RowText(Delivered(), Table::hea, 5), "HEA 200");
-    EXPECT_EQ(RowText(Delivered(), Table::shs, 0), "RHS 40x2.5");
-    EXPECT_EQ(RowText(Delivered(), Table::cfrhs, 0), "CFRHS 50x30x2");
-    EXPECT_EQ(RowText(Delivered(), Table::ub, 62), "UB 838x292x176");
-    EXPECT_EQ(RowText(Delivered(), Table::l1, 0), "L 15x3");
+    EXPECT_EQ(RowName(Delivered(), Table::hea, 5), "HEA 200");
+    EXPECT_EQ(RowName(Delivered(), Table::shs, 0), "RHS 40x2.5");
+    EXPECT_EQ(RowName(Delivered(), Table::cfrhs, 0), "CFRHS 50x30x2");
+    EXPECT_EQ(RowName(Delivered(), Table::ub, 62), "UB 838x292x176");
+    EXPECT_EQ(RowName(Delivered(), Table::l1, 0), "L 15x3");
     EXPECT_EQ(RowKey(Delivered(), Table::l3, 2), "250x90x10.5");
-    EXPECT_EQ(RowText(Library{}, Table::hea, 0), "");
+    EXPECT_EQ(RowName(Library{}, Table::hea, 0), "");
 }
 
 // The delivered rows, complete and in order. Groups are parted by ';': sizes before the colon, each

@@ -79,7 +79,7 @@ TEST(ProfileTables, TellingRowsStandInTheirColumns)
 {
     for (const Telling& telling : kTelling) {
         const ProfileTable& table = At(Delivered().tables, telling.table);
-        SCOPED_TRACE(RowText(Delivered(), telling.table, telling.row));
+        SCOPED_TRACE(RowName(Delivered(), telling.table, telling.row));
         ASSERT_EQ(table.columns, static_cast<int>(telling.values.size()));
         for (int column = 1; column <= table.columns; ++column) {
             EXPECT_EQ(table.At(telling.row, column),
@@ -133,9 +133,9 @@ TEST(ProfileTables, LastRowIsReadableAndNothingIsOfferedBehindIt)
         for (int column = 1; column <= shape.columns; ++column) {
             EXPECT_GT(table.At(shape.rows - 1, column), 0) << "column " << column;
         }
-        EXPECT_FALSE(RowText(Delivered(), shape.table, shape.rows - 1).empty());
-        EXPECT_TRUE(RowText(Delivered(), shape.table, shape.rows).empty());
-        EXPECT_TRUE(RowText(Delivered(), shape.table, -1).empty());
+        EXPECT_FALSE(RowName(Delivered(), shape.table, shape.rows - 1).empty());
+        EXPECT_TRUE(RowName(Delivered(), shape.table, shape.rows).empty());
+        EXPECT_TRUE(RowName(Delivered(), shape.table, -1).empty());
     }
 }
 

@@ -255,7 +255,7 @@ TEST(TableGeometryOfAngles, PrincipalAxisIsThatOfTheOutline)
 {
     ProjectState s = OfFamily(11);
     for (int row = 0; row < RowCount(Table::l2); ++row) {
-        SCOPED_TRACE(RowText(Delivered(), Table::l2, row));
+        SCOPED_TRACE(RowName(Delivered(), Table::l2, row));
         ChooseRow(s, row);
         PropertiesAngle(Delivered(), s);
         const Properties p = Of(Angle(s, ToeOfAngle(s)));
@@ -269,7 +269,7 @@ TEST(TableGeometryOfAngles, HeelOfEqualLegsLiesAtTheCentroidTimesRootTwo)
 {
     ProjectState s = OfFamily(10);
     for (int row = 0; row < RowCount(Table::l1); ++row) {
-        SCOPED_TRACE(RowText(Delivered(), Table::l1, row));
+        SCOPED_TRACE(RowName(Delivered(), Table::l1, row));
         ChooseRow(s, row);
         PropertiesAngle(Delivered(), s);
         // Both are given to 0.01 mm.
@@ -286,7 +286,7 @@ TEST(TableGeometryOfChannels, CentroidIsThatOfTheOutline)
         }
         ProjectState s = OfFamily(series.family, series.series);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
-            SCOPED_TRACE(RowText(Delivered(), TableOf(s), row));
+            SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             ChooseRow(s, row);
             series.properties(Delivered(), s);
             const double limit = s.family == 16 && s.h == 400 ? 0.3
@@ -309,7 +309,7 @@ TEST(TableGeometryOfBulbFlats, AreaIsThatOfTheOutline)
         const Polygon bulb =
             Trace({{0, 0}, {t, 0}, {t, root, r}, {t + c, nose, r}, {t + c, h, r}, {0, h}});
         EXPECT_NEAR(100.0 * hp.At(row, 5) / Of(bulb).a, 1, 0.0015)
-            << RowText(Delivered(), Table::hp, row);
+            << RowName(Delivered(), Table::hp, row);
     }
 }
 
@@ -318,7 +318,7 @@ TEST(TableGeometryOfRolledL, DimensionsFitTogether)
 {
     const ProfileTable& l3 = Delivered().tables[static_cast<std::size_t>(Table::l3)];
     for (int row = 0; row < RowCount(Table::l3); ++row) {
-        SCOPED_TRACE(RowText(Delivered(), Table::l3, row));
+        SCOPED_TRACE(RowName(Delivered(), Table::l3, row));
         EXPECT_GT(l3.At(row, 1), l3.At(row, 2));      // depth above width
         EXPECT_GT(l3.At(row, 4), l3.At(row, 3));      // flange thicker than web
         EXPECT_EQ(l3.At(row, 6), l3.At(row, 5) / 2);  // toe radius half the root radius
@@ -336,7 +336,7 @@ TEST(TableGeometryOfBritishSeries, MassIsThatOfTheArea)
         }
         ProjectState s = OfFamily(series.family, series.series);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
-            SCOPED_TRACE(RowText(Delivered(), TableOf(s), row));
+            SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             ChooseRow(s, row);
             series.properties(Delivered(), s);
             const double mass = s.a * 7850e-6;
