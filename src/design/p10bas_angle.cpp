@@ -74,7 +74,6 @@ void SetShear(ProjectState& s)
     s.vzrd = 1 / 1.5 * ShearResistance(s, s.avz);
     s.vyrd = 1 / 1.5 * ShearResistance(s, s.avy);
     s.vplzrd = s.vbrd = s.vcyrd = s.vzrd;
-    s.vplyrd = s.vyrd;
     s.shearnote = ")";
 }
 
