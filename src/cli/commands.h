@@ -30,4 +30,10 @@ int Set(const Options& options, const SetArguments& arguments);
 int Sections(const Options& options, const std::string& family);
 int Vortex(const Options& options, const std::string& file);
 
+struct DiagramArguments {
+    std::string file, out;
+    std::string axis = "z";  // of the loads: z or y
+};
+int Diagram(const Options& options, const DiagramArguments& arguments);
+
 }  // namespace kestrum::cli

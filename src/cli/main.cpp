@@ -39,6 +39,7 @@ int Run(int argc, char** argv)
     NewArguments fresh;
     SetArguments change;
     std::string family;
+    DiagramArguments picture;
 
     CLI::App& check =
         *app.add_subcommand("check", "calculates and prints the result panel of each file");
@@ -79,6 +80,16 @@ int Run(int argc, char** argv)
     vortex.add_option("FILE", file, "project file, - for standard input")->required();
     AddFormat(vortex, options);
     vortex.callback([&] { exit = Vortex(options, file); });
+
+    CLI::App& diagram = *app.add_subcommand(
+        "diagram", "draws member, loads, moment, shear and deflection of one axis");
+    diagram.add_option("FILE", picture.file, "project file, - for standard input")->required();
+    diagram.add_option("--axis", picture.axis, "axis along which the loads act: z or y")
+        ->check(CLI::IsMember({"z", "y"}))
+        ->capture_default_str();
+    diagram.add_option("-o,--output", picture.out, "file to write: .svg, .png or .pdf")
+        ->required();
+    diagram.callback([&] { exit = Diagram(options, picture); });
 
     try {
         app.parse(argc, argv);

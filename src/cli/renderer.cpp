@@ -1,0 +1,154 @@
+#include "cli/renderer.h"
+
+#include "cli/context.h"
+#include "core/file_io.h"
+#include "render/module.h"
+#include "report/svg_writer.h"
+
+#ifdef _WIN32
+#define NOMINMAX
+#include <windows.h>
+#else
+#include <dlfcn.h>
+#endif
+
+#include <algorithm>
+#include <filesystem>
+
+namespace kestrum::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using RenderFunction = decltype(&KestrumRender);
+
+constexpr const char* kFunction = "KestrumRender";
+
+#ifdef _WIN32
+
+constexpr const char* kModule = "kestrum-render.dll";
+
+fs::path ProgramFolder()
+{
+    wchar_t name[MAX_PATH];
+    const DWORD length = GetModuleFileNameW(nullptr, name, MAX_PATH);
+    return fs::path(std::wstring(name, length)).parent_path();
+}
+
+RenderFunction Load(const fs::path& module, std::string& problem)
+{
+    const HMODULE handle = LoadLibraryW(module.c_str());
+    if (handle == nullptr) {
+        problem = "Windows error " + std::to_string(GetLastError());
+        return nullptr;
+    }
+    const auto function = reinterpret_cast<RenderFunction>(
+        reinterpret_cast<void*>(GetProcAddress(handle, kFunction)));
+    problem = function == nullptr ? "it is of another version" : "";
+    return function;
+}
+
+#else
+
+constexpr const char* kModule = "kestrum-render.so";
+
+fs::path ProgramFolder()
+{
+    std::error_code fault;
+    return fs::read_symlink("/proc/self/exe", fault).parent_path();
+}
+
+// The module stays loaded to the end of the program.
+RenderFunction Load(const fs::path& module, std::string& problem)
+{
+    void* const handle = dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (handle == nullptr) {
+        problem = dlerror();
+        return nullptr;
+    }
+    const auto function = reinterpret_cast<RenderFunction>(dlsym(handle, kFunction));
+    problem = function == nullptr ? "it is of another version" : "";
+    return function;
+}
+
+#endif
+
+// Beside the program, then in the library folders of its prefix (lib, lib/x86_64-linux-gnu).
+std::vector<fs::path> ModuleFolders()
+{
+    const fs::path program = ProgramFolder();
+    const fs::path libraries = program.parent_path() / "lib";
+    std::vector<fs::path> folders{program, libraries / "kestrum-ec3"};
+    std::error_code fault;
+    for (fs::directory_iterator at(libraries, fault), end; !fault && at != end;
+         at.increment(fault)) {
+        const fs::path folder = at->path() / "kestrum-ec3";
+        std::error_code ignored;
+        if (fs::is_directory(folder, ignored)) {
+            folders.push_back(folder);
+        }
+    }
+    return folders;
+}
+
+RenderFunction Renderer()
+{
+    const std::vector<fs::path> folders = ModuleFolders();
+    for (const fs::path& folder : folders) {
+        std::error_code ignored;
+        const fs::path module = folder / kModule;
+        if (!fs::is_regular_file(module, ignored)) {
+            continue;
+        }
+        std::string problem;
+        const RenderFunction function = Load(module, problem);
+        if (function == nullptr) {
+            throw BadInput("PDF and PNG need the renderer with Qt 6 Gui; " + module.string() +
+                           " cannot be loaded: " + problem);
+        }
+        return function;
+    }
+    throw BadInput("PDF and PNG need the renderer " + std::string(kModule) +
+                   ", which is neither in " + folders[0].string() + " nor in " +
+                   folders[1].string() + "; SVG needs nothing more");
+}
+
+std::string Ending(const std::string& path)
+{
+    std::string ending = fs::path(path).extension().string();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    return ending;
+}
+
+}  // namespace
+
+void CheckDrawingName(const std::string& path)
+{
+    const std::string ending = Ending(path);
+    if (ending != ".svg" && ending != ".png" && ending != ".pdf") {
+        throw BadInput(path + ": the name has to end in .svg, .png or .pdf");
+    }
+}
+
+void WriteDrawings(const std::vector<Drawing>& pages, const DrawingScale& scale,
+                   const std::string& path)
+{
+    CheckDrawingName(path);
+    const std::string ending = Ending(path);
+    if (ending == ".svg") {
+        const std::string fault = WriteWholeFile(path, WriteSvg(pages.front(), scale.svg_pixels));
+        if (!fault.empty()) {
+            throw BadInput(path + ": " + fault);
+        }
+        return;
+    }
+    const RenderJob job{&pages, &path, ending == ".pdf", scale.mm, scale.png_pixels};
+    const std::string fault = Renderer()(&job);
+    if (!fault.empty()) {
+        throw BadInput(fault);
+    }
+}
+
+}  // namespace kestrum::cli

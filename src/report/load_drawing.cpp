@@ -1,0 +1,307 @@
+#include "report/load_drawing.h"
+
+#include "core/load_combination.h"
+#include "core/number_format.h"
+#include "report/figure_tools.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace kestrum {
+
+namespace {
+
+constexpr double kHead = 9;  // the two lines on top
+constexpr double kBand = 3.4, kBandPitch = 6.8;
+constexpr double kArrow = 7;  // a point force
+constexpr double kTurn = 2.2;
+constexpr double kRow = 3.2;  // of labels
+constexpr double kEndZone = 14;
+constexpr double kWeight = 0.25;
+
+// One load to draw; the ends are relative positions. A point load has one end.
+struct LineLoad {
+    double q1, q2, from, to;
+    std::string label;
+};
+struct PointLoad {
+    double value, at;
+    bool moment;
+    std::string label;
+};
+
+std::string Value(float value, std::string_view unit, double category)
+{
+    return FormatNum(value, "#0.0") + std::string(unit) + CategoryText(category);
+}
+
+// Part of the length; a member without length is none that could be drawn to.
+double Relative(const ProjectState& s, float x)
+{
+    return s.l > 0 ? 1.0 * x / s.l : 0.0;
+}
+
+// With basic loads only the checked rows act.
+bool Acts(const ProjectState& s, i16 checked)
+{
+    return s.loadcomb != kBasicLoads || checked != 0;
+}
+
+std::vector<LineLoad> LineLoads(const ProjectState& s, i16 direction)
+{
+    std::vector<LineLoad> loads;
+    for (std::size_t k = 0; k < s.qload.size(); ++k) {
+        if (s.qload[k] != 0 && s.qdir[k] == direction && Acts(s, s.qchecked[k])) {
+            const double q = s.qload[k];
+            loads.push_back({q, q, 0, 1, Value(s.qload[k], " kN/m", s.qtype[k])});
+        }
+    }
+    for (std::size_t k = 1; k < s.qt1.size(); ++k) {
+        const bool any = s.qt1[k] != 0 || s.qt2[k] != 0;
+        if (any && s.qtdir[k] == direction && Acts(s, s.qtchecked[k])) {
+            loads.push_back(
+                {s.qt1[k], s.qt2[k], Relative(s, s.qtx1[k]), Relative(s, s.qtx2[k]),
+                 FormatNum(s.qt1[k], "#0.0") + " - " + Value(s.qt2[k], " kN/m", s.qttype[k])});
+        }
+    }
+    return loads;
+}
+
+std::vector<PointLoad> PointLoads(const ProjectState& s, i16 direction)
+{
+    std::vector<PointLoad> loads;
+    for (std::size_t k = 1; k < s.pm.size(); ++k) {
+        if (s.pm[k] != 0 && s.pmdir[k] == direction && Acts(s, s.pmchecked[k])) {
+            const bool moment = s.pmkind[k] != 0;
+            loads.push_back({s.pm[k], Relative(s, s.pmx[k]), moment,
+                             Value(s.pm[k], moment ? " kNm" : " kN", s.pmtype[k])});
+        }
+    }
+    std::stable_sort(loads.begin(), loads.end(),
+                     [](const PointLoad& a, const PointLoad& b) { return a.at < b.at; });
+    return loads;
+}
+
+double Across(double relative)
+{
+    return kMemberStart + std::clamp(relative, 0.0, 1.0) * kMemberWidth;
+}
+
+// Centre of a label so that all of it stays in the picture.
+double LabelCentre(double x, const std::string& label)
+{
+    const double half = TextWidth(label, kLabelSize) / 2 + 0.5;
+    return std::clamp(x, half, kPictureWidth - half);
+}
+
+void AddLabel(Drawing& d, Point at, const std::string& label)
+{
+    TextMark text{at, label, kLabelSize};
+    text.align = Align::centre;
+    text.ink = Ink::load;
+    AddText(d, std::move(text));
+}
+
+// The band of a line load on the line `base`, high as its values, with arrows in their direction.
+void AddBand(Drawing& d, const LineLoad& load, double base)
+{
+    constexpr double kPitch = 5;
+    const double x1 = Across(load.from), x2 = Across(load.to);
+    const double most = std::max(std::abs(load.q1), std::abs(load.q2));
+    const auto height = [&](double t) {
+        return kBand * std::abs(load.q1 + t * (load.q2 - load.q1)) / most;
+    };
+    const bool down = load.q1 + load.q2 > 0;
+    AddCurve(d, {{x1, base}, {x1, base - height(0)}, {x2, base - height(1)}, {x2, base}},
+             Ink::load);
+    AddLine(d, {x1, base}, {x2, base}, Ink::load);
+    const int arrows = std::max(1, static_cast<int>(std::lround((x2 - x1) / kPitch)));
+    for (int i = 0; i <= arrows; ++i) {
+        const double t = static_cast<double>(i) / arrows;
+        const Point high{x1 + t * (x2 - x1), base - height(t)}, low{high.x, base};
+        AddArrow(d, down ? high : low, down ? low : high, Ink::load, kHairline, 1.1);
+    }
+    AddLabel(d, {LabelCentre((x1 + x2) / 2, load.label), base - kBand - 0.9}, load.label);
+}
+
+// The lowest row of labels in which each finds room, counted from 0.
+std::vector<int> LabelRows(const std::vector<PointLoad>& loads)
+{
+    std::vector<double> end;  // right end of each row
+    std::vector<int> rows;
+    for (const PointLoad& load : loads) {
+        const double half = TextWidth(load.label, kLabelSize) / 2;
+        const double centre = LabelCentre(Across(load.at), load.label);
+        std::size_t row = 0;
+        while (row < end.size() && end[row] > centre - half) {
+            ++row;
+        }
+        if (row == end.size()) {
+            end.push_back(0);
+        }
+        end[row] = centre + half + 0.5;
+        rows.push_back(static_cast<int>(row));
+    }
+    return rows;
+}
+
+void AddPoint(Drawing& d, const PointLoad& load, double y)
+{
+    const double x = Across(load.at);
+    if (load.moment) {
+        AddTurn(d, {x, y}, kTurn, load.value > 0, Ink::load, kWeight);
+        return;
+    }
+    const Point foot{x, y - 0.4}, top{x, y - kArrow};
+    AddArrow(d, load.value > 0 ? top : foot, load.value > 0 ? foot : top, Ink::load, 0.35, 2);
+}
+
+Drawing Picture(double height, std::string title)
+{
+    Drawing d;
+    d.width = kPictureWidth;
+    d.height = height;
+    d.title = std::move(title);
+    return d;
+}
+
+void AddHeads(Drawing& d, const ProjectState& s, std::string_view heading)
+{
+    TextMark head{{1, 3.6}, std::string(heading), kHeadingSize};
+    head.bold = true;
+    AddText(d, std::move(head));
+    const std::string axial = AxialLoadText(s);
+    if (s.loadmode == 1 && !axial.empty()) {
+        AddText(d, {{1, 7.2}, axial, kLabelSize});
+    }
+}
+
+constexpr double kFoot = kMemberBelow + 4;  // member, dimension line, axial force
+
+Drawing WithLoads(const ProjectState& s, LoadAxis axis)
+{
+    const i16 direction = axis == LoadAxis::z ? 1 : 0;
+    const std::vector<LineLoad> lines = LineLoads(s, direction);
+    const std::vector<PointLoad> points = PointLoads(s, direction);
+    const std::vector<int> rows = LabelRows(points);
+    const int most = rows.empty() ? 0 : *std::max_element(rows.begin(), rows.end()) + 1;
+    const double bands = static_cast<double>(lines.size()) * kBandPitch;
+    const double pointzone = points.empty() ? 0.6 : kArrow + most * kRow + 0.6;
+    const double y = kHead + std::max(bands + pointzone, kMemberAbove);
+
+    Drawing d = Picture(y + kFoot, axis == LoadAxis::z ? "Loads, z-axis" : "Loads, y-axis");
+    AddHeads(d, s, "Lateral Load");
+    AddMember(d, s, y);
+    double base = y - pointzone;
+    for (const LineLoad& load : lines) {
+        AddBand(d, load, base);
+        base -= kBandPitch;
+    }
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        AddPoint(d, points[i], y);
+        AddLabel(
+            d,
+            {LabelCentre(Across(points[i].at), points[i].label), y - kArrow - 0.9 - rows[i] * kRow},
+            points[i].label);
+    }
+    DrawAxial(d, s, y);
+    return d;
+}
+
+struct EndForces {
+    float m1, m2, v1, v2;
+    std::string m, v;  // "My", "Vz"
+};
+
+void AddEnd(Drawing& d, double x, double y, float m, float v, const std::string& mtext,
+            const std::string& vtext)
+{
+    const bool left = x < kPictureWidth / 2;
+    const double side = left ? 1 : -1;
+    if (m != 0) {  // a sagging moment turns the left end clockwise
+        AddTurn(d, {x, y}, kTurn, (m > 0) != left, Ink::moment, kWeight);
+    }
+    if (v != 0) {  // a positive shear force lifts the left end
+        const Point foot{x, y - 2.6}, top{x, y - 2.6 - kArrow};
+        const bool up = (v > 0) == left;
+        AddArrow(d, up ? foot : top, up ? top : foot, Ink::load, 0.35, 2);
+    }
+    TextMark text{
+        {x + 3 * side, y - 7.5}, vtext + " = " + FormatNum(v, "#0.0") + " kN", kLabelSize};
+    text.align = left ? Align::left : Align::right;
+    text.ink = Ink::load;
+    AddText(d, text);
+    text.at.y += kRow;
+    text.text = mtext + " = " + FormatNum(m, "#0.0") + " kNm";
+    text.ink = Ink::moment;
+    AddText(d, std::move(text));
+}
+
+Drawing WithEndForces(const ProjectState& s, LoadAxis axis)
+{
+    const bool z = axis == LoadAxis::z;
+    const EndForces ends = z ? EndForces{s.my1, s.my2, s.vz1, s.vz2, "My", "Vz"}
+                             : EndForces{s.mz1, s.mz2, s.vy1, s.vy2, "Mz", "Vy"};
+    const double y = kHead + kEndZone;
+    Drawing d = Picture(y + kFoot, z ? "End forces, z-axis" : "End forces, y-axis");
+    AddHeads(d, s, "Endforces");
+    AddMember(d, s, y);
+    AddEnd(d, kMemberStart, y, ends.m1, ends.v1, ends.m + "1", ends.v + "1");
+    AddEnd(d, kMemberStart + kMemberWidth, y, ends.m2, ends.v2, ends.m + "2", ends.v + "2");
+    DrawAxial(d, s, y);
+    return d;
+}
+
+Drawing DrawLoads(const ProjectState& s, LoadAxis axis)
+{
+    return s.loadmode == 1 ? WithLoads(s, axis) : WithEndForces(s, axis);
+}
+
+}  // namespace
+
+std::string CategoryText(double category)
+{
+    return category == 0 ? " (G) " : category == 1 ? " (Q1) " : " (Q2) ";
+}
+
+std::string AxialLoadText(const ProjectState& s)
+{
+    std::string text;
+    for (std::size_t k = 1; k < s.nload.size(); ++k) {
+        if (s.nload[k] != 0 && Acts(s, s.nchecked[k])) {
+            text += (text.empty() ? "Axial Load: " : "+") + FormatNum(s.nload[k], "#0.0") +
+                    CategoryText(s.ntype[k]);
+        }
+    }
+    return text;
+}
+
+void DrawAxial(Drawing& d, const ProjectState& s, double y)
+{
+    if (s.ned == 0) {
+        return;
+    }
+    const Point inner{kMemberStart + kMemberWidth + 3, y}, outer{inner.x + 10, y};
+    const bool compression = s.ned > 0;
+    AddArrow(d, compression ? outer : inner, compression ? inner : outer, Ink::load, 0.35, 2);
+    TextMark name{{kPictureWidth - 0.5, y - 1.4}, "Axial Load", 2.4};
+    name.align = Align::right;
+    name.ink = Ink::load;
+    AddText(d, std::move(name));
+    AddText(d, {{kMemberStart, y + kMemberBelow + 2},
+                " Axial force (kN) " + FormatNum(s.ned, "#0.0"),
+                kLabelSize});
+}
+
+Drawing DrawLoadZ(const ProjectState& s)
+{
+    return DrawLoads(s, LoadAxis::z);
+}
+
+Drawing DrawLoadY(const ProjectState& s)
+{
+    return DrawLoads(s, LoadAxis::y);
+}
+
+}  // namespace kestrum

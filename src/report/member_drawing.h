@@ -1,0 +1,26 @@
+#pragma once
+
+// The member line with its supports and its length: x from 16 to 86 in the units of all diagrams.
+
+#include "core/project_state.h"
+#include "report/drawing.h"
+
+namespace kestrum {
+
+// Units of the pictures along the member.
+constexpr double kMemberStart = 16;
+constexpr double kMemberWidth = 70;
+constexpr double kPictureWidth = 102;
+
+constexpr double kLabelSize = 2.6;    // font size of figures and values
+constexpr double kHeadingSize = 3.0;  // of headings
+
+// The member at the height y: line, supports, dimension line with "L = 5.000 m". Takes
+// kMemberAbove above y and kMemberBelow below.
+constexpr double kMemberAbove = 5, kMemberBelow = 12;
+void AddMember(Drawing& d, const ProjectState& s, double y);
+
+// The member alone.
+Drawing DrawMember(const ProjectState& s);
+
+}  // namespace kestrum
