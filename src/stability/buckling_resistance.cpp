@@ -103,6 +103,8 @@ bool CouplesWithTorsion(const ProjectState& s)
 // take ncrt.
 // Deviation D209: the single-symmetric I couples torsion with buckling about y; by its symmetry it
 // is buckling about z that couples.
+// Deviation D228: the length is that of the last lateral torsional calculation, of whatever member;
+// 6.3.1.4 takes the member's own torsional length.
 void TorsionalForces(ProjectState& s)
 {
     const double area = s.a;
@@ -148,7 +150,7 @@ double ReductionFactor(double lam, double alpha)
 //   classn,
 //        alphay, alphaz, nrdm1 [kN], lopt, lt [m], distances of the shear centre [mm]
 //   out  ncry .. ncrtf, nbyrd .. nburd [kN]; lamy .. lammax, chiy .. chiu [-]
-// Deviations D206 to D209: see above.
+// Deviations D206 to D209, D228: see above.
 void BucklingResistance(ProjectState& s)
 {
     s.ncry = EulerForce(s, s.ly, s.iy);
