@@ -8,13 +8,14 @@ namespace {
 
 using namespace kestrum::cli;
 
-const std::map<std::string, Format> kFormats{
-    {"text", Format::text}, {"json", Format::json}, {"csv", Format::csv}};
+using Formats = std::map<std::string, Format>;
+const Formats kTextAndJson{{"text", Format::text}, {"json", Format::json}};
+const Formats kAllFormats{{"text", Format::text}, {"json", Format::json}, {"csv", Format::csv}};
 
-void AddFormat(CLI::App& command, Options& options)
+void AddFormat(CLI::App& command, Options& options, const Formats& formats)
 {
-    command.add_option("--format", options.format, "text, json or csv")
-        ->transform(CLI::CheckedTransformer(kFormats));
+    command.add_option("--format", options.format, "form of the answer")
+        ->transform(CLI::CheckedTransformer(formats));
     command.add_flag_callback(
         "--json", [&options] { options.format = Format::json; }, "short for --format json");
 }
@@ -45,7 +46,7 @@ int Run(int argc, char** argv)
         *app.add_subcommand("check", "calculates and prints the result panel of each file");
     check.add_option("FILE", files, "project files, - for standard input")->required();
     check.add_flag("--loadcase", page, "with the governing load case");
-    AddFormat(check, options);
+    AddFormat(check, options, kAllFormats);
     check.callback([&] { exit = Check(options, files, page); });
 
     CLI::App& dump = *app.add_subcommand("dump", "calculates and prints the whole state as JSON");
@@ -72,13 +73,13 @@ int Run(int argc, char** argv)
     CLI::App& sections =
         *app.add_subcommand("sections", "lists the families, or the table rows of one");
     sections.add_option("FAMILY", family, "family number");
-    AddFormat(sections, options);
+    AddFormat(sections, options, kAllFormats);
     sections.callback([&] { exit = Sections(options, family); });
 
     CLI::App& vortex =
         *app.add_subcommand("vortex", "controls vortex shedding, EN 1991-1-4, Annex E");
     vortex.add_option("FILE", file, "project file, - for standard input")->required();
-    AddFormat(vortex, options);
+    AddFormat(vortex, options, kTextAndJson);
     vortex.callback([&] { exit = Vortex(options, file); });
 
     CLI::App& diagram = *app.add_subcommand(
@@ -87,8 +88,7 @@ int Run(int argc, char** argv)
     diagram.add_option("--axis", picture.axis, "axis along which the loads act: z or y")
         ->check(CLI::IsMember({"z", "y"}))
         ->capture_default_str();
-    diagram.add_option("-o,--output", picture.out, "file to write: .svg, .png or .pdf")
-        ->required();
+    diagram.add_option("-o,--output", picture.out, "file to write: .svg, .png or .pdf")->required();
     diagram.callback([&] { exit = Diagram(options, picture); });
 
     try {

@@ -33,6 +33,7 @@ void ResetMember(ProjectState& s)
     s.lz = 1;
     s.density = 7850;
     s.modal = 0;
+    s.loadmode = 1;  // the part-way pass is one of a loaded member
 }
 
 void ResetLateralBuckling(ProjectState& s)
@@ -55,14 +56,13 @@ void ResetLateralBuckling(ProjectState& s)
 
 void ResetLoads(ProjectState& s)
 {
-    s.loadmode = 1;
     s.selfweight = 0;
     s.nload = {0, 100, 0, 0};
     s.ntype = {};
     s.nchecked = {0, kTrue, kFalse, kFalse};
     s.qload = {0, 10, 0, 0, 0};
     s.qtype = {};
-    s.qdir = {0, 1, 1, 1, 1};
+    s.qdir = {1, 1, 1, 1, 1};
     s.qchecked = {0, kTrue, kFalse, kFalse, kFalse};
     s.qt1 = s.qt2 = s.qtx1 = s.qtx2 = s.qttype = {};
     s.qtdir = {0, 1, 1, 1};

@@ -35,8 +35,9 @@ TEST_F(Commands, HelpAndVersion)
 
 TEST_F(Commands, BadUsageIsBadInput)
 {
-    for (const char* arguments : {"", "nothing", "check", "dump", "set", "check --nothing x",
-                                  "sections x", "vortex", "check --format xml x"}) {
+    for (const char* arguments :
+         {"", "nothing", "check", "dump", "set", "check --nothing x", "sections x", "vortex",
+          "check --format xml x", "vortex --format csv x"}) {
         const Said said = Kestrum(arguments);
         EXPECT_EQ(said.exit, 2) << arguments;
         EXPECT_THAT(said.out, IsEmpty()) << arguments;
