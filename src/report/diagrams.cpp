@@ -111,7 +111,7 @@ void AddCrossing(Drawing& d, TextPlacer& placer, const ProjectState& s, const Ba
     if (at == 0) {
         return;
     }
-    d.marks.push_back(CircleMark{{XOf(at), band.axis}, 0.5, Ink::moment, kHairline, true});
+    d.marks.push_back(CircleMark{{XOf(at), band.axis}, 0.5, Ink::moment, kThin, true});
     placer.Add(Figure(XOf(at), band.axis - 0.6 * kLabelSize, PositionText(s, at)), -1);
 }
 

@@ -47,7 +47,24 @@ struct Touches {
         }
         return false;
     }
-    bool operator()(const PolygonMark& mark) const { return BoundsOf(Mark(mark)).Overlaps(box); }
+    // The outline cut or, by the number of edges to the right of its corner, all of the box inside.
+    bool operator()(const PolygonMark& mark) const
+    {
+        bool inside = false;
+        for (const auto& ring : mark.rings) {
+            for (std::size_t i = 0; i < ring.size(); ++i) {
+                const Point a = ring[i], b = ring[(i + 1) % ring.size()];
+                if (Crosses(a, b, box)) {
+                    return true;
+                }
+                if ((a.y > box.top) != (b.y > box.top) &&
+                    box.left < a.x + (box.top - a.y) / (b.y - a.y) * (b.x - a.x)) {
+                    inside = !inside;
+                }
+            }
+        }
+        return inside && mark.filled;
+    }
     bool operator()(const CircleMark& mark) const { return BoundsOf(Mark(mark)).Overlaps(box); }
     bool operator()(const TextMark& mark) const { return BoundsOf(mark).Overlaps(box); }
 };
@@ -101,7 +118,7 @@ void AddCurve(Drawing& d, std::vector<Point> points, Ink ink, double width)
 
 void AddFilled(Drawing& d, std::vector<Point> points, Ink ink)
 {
-    d.marks.push_back(PolygonMark{{std::move(points)}, ink, true, ink, kHairline});
+    d.marks.push_back(PolygonMark{{std::move(points)}, ink, true, ink, kThin / 4});
 }
 
 void AddText(Drawing& d, TextMark text)
@@ -177,7 +194,7 @@ void AddSupport(Drawing& d, Point at, Support support, double side, double size)
         break;
     }
     if (support != Support::none && support != Support::fixed) {
-        d.marks.push_back(CircleMark{at, 0.12 * size, Ink::member, kHairline, true});
+        d.marks.push_back(CircleMark{at, 0.12 * size, Ink::member, kThin, true});
     }
 }
 

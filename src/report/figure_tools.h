@@ -9,11 +9,11 @@
 
 namespace kestrum {
 
-constexpr double kHairline = 0;
+constexpr double kThin = 0.18;  // of outlines, rules and dimension lines
 
-void AddLine(Drawing& d, Point from, Point to, Ink ink, double width = kHairline,
+void AddLine(Drawing& d, Point from, Point to, Ink ink, double width = kThin,
              bool dashed = false);
-void AddCurve(Drawing& d, std::vector<Point> points, Ink ink, double width = kHairline);
+void AddCurve(Drawing& d, std::vector<Point> points, Ink ink, double width = kThin);
 void AddFilled(Drawing& d, std::vector<Point> points, Ink ink);
 void AddText(Drawing& d, TextMark text);
 

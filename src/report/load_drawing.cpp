@@ -13,7 +13,7 @@ namespace kestrum {
 namespace {
 
 constexpr double kHead = 9;  // the two lines on top
-constexpr double kBand = 3.4, kBandPitch = 6.8;
+constexpr double kBand = 3.4, kBandPitch = 7.2;
 constexpr double kArrow = 7;  // a point force
 constexpr double kTurn = 2.2;
 constexpr double kRow = 3.2;  // of labels
@@ -120,7 +120,7 @@ void AddBand(Drawing& d, const LineLoad& load, double base)
     for (int i = 0; i <= arrows; ++i) {
         const double t = static_cast<double>(i) / arrows;
         const Point high{x1 + t * (x2 - x1), base - height(t)}, low{high.x, base};
-        AddArrow(d, down ? high : low, down ? low : high, Ink::load, kHairline, 1.1);
+        AddArrow(d, down ? high : low, down ? low : high, Ink::load, kThin, 1.1);
     }
     AddLabel(d, {LabelCentre((x1 + x2) / 2, load.label), base - kBand - 0.9}, load.label);
 }

@@ -38,8 +38,8 @@ void AddMember(Drawing& d, const ProjectState& s, double y)
     const double middle = (start + kEnd) / 2;
     const std::string length = "L = " + FormatNum(s.l, "#0.000") + " m";
     const double half = TextWidth(length, kLabelSize) / 2 + 1;
-    AddArrow(d, {middle - half, dim}, {start, dim}, Ink::faint, kHairline, 1.4);
-    AddArrow(d, {middle + half, dim}, {kEnd, dim}, Ink::faint, kHairline, 1.4);
+    AddArrow(d, {middle - half, dim}, {start, dim}, Ink::faint, kThin, 1.4);
+    AddArrow(d, {middle + half, dim}, {kEnd, dim}, Ink::faint, kThin, 1.4);
     TextMark text{{middle, dim + 0.35 * kLabelSize}, length, kLabelSize};
     text.align = Align::centre;
     AddText(d, std::move(text));

@@ -87,7 +87,15 @@ struct SvgVisitor {
         Attribute(out, "y2", line.to.y);
         Stroke(out, line.ink, line.width);
         if (line.dashed) {
-            Attribute(out, "stroke-dasharray", "4 3");
+            if (line.width > 0) {
+                out.append(" stroke-dasharray=\"");
+                Append(out, 4 * line.width);
+                out.append(" ");
+                Append(out, 3 * line.width);
+                out.append("\"");
+            } else {
+                Attribute(out, "stroke-dasharray", "4 3");
+            }
         }
         out.append("/>\n");
     }

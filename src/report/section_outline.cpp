@@ -1,0 +1,600 @@
+#include "report/section_outline.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace kestrum {
+
+namespace {
+
+using Ring = std::vector<Point>;
+using Side = SectionDimension::Side;
+
+constexpr int kArcSteps = 8;
+
+// A corner of a ring with the radius that rounds it.
+struct Corner {
+    double x, y;
+    double r = 0;
+};
+
+// The ring through the corners, each rounded; a radius gives way where an edge is too short.
+Ring Rounded(const std::vector<Corner>& corners)
+{
+    Ring ring;
+    const std::size_t n = corners.size();
+    for (std::size_t i = 0; i < n; ++i) {
+        const Corner& c = corners[i];
+        const Corner& before = corners[(i + n - 1) % n];
+        const Corner& after = corners[(i + 1) % n];
+        const double ux = before.x - c.x, uy = before.y - c.y, vx = after.x - c.x,
+                     vy = after.y - c.y;
+        const double u = std::hypot(ux, uy), v = std::hypot(vx, vy);
+        const double cosine = u > 0 && v > 0 ? (ux * vx + uy * vy) / (u * v) : 1;
+        const double half = std::acos(std::clamp(cosine, -1.0, 1.0)) / 2;
+        const double sine = std::sin(half);
+        if (!(c.r > 0) || sine < 1e-6 || std::cos(half) < 1e-6) {
+            ring.push_back({c.x, c.y});
+            continue;
+        }
+        const double tangent = std::min({c.r / std::tan(half), u, v});
+        const double radius = tangent * std::tan(half);
+        const Point start{c.x + ux / u * tangent, c.y + uy / u * tangent};
+        const Point end{c.x + vx / v * tangent, c.y + vy / v * tangent};
+        const double bx = ux / u + vx / v, by = uy / u + vy / v;
+        const double reach = radius / sine / std::hypot(bx, by);
+        const Point centre{c.x + bx * reach, c.y + by * reach};
+        const double a1 = std::atan2(start.y - centre.y, start.x - centre.x);
+        double turn = std::atan2(end.y - centre.y, end.x - centre.x) - a1;
+        turn = std::remainder(turn, 2 * std::numbers::pi);
+        for (int k = 0; k <= kArcSteps; ++k) {
+            const double angle = a1 + turn * k / kArcSteps;
+            ring.push_back(
+                {centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)});
+        }
+    }
+    return ring;
+}
+
+double RingArea(const Ring& ring)
+{
+    double twice = 0;
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const Point a = ring[i], b = ring[(i + 1) % ring.size()];
+        twice += a.x * b.y - b.x * a.y;
+    }
+    return twice / 2;
+}
+
+Ring Circle(double centre, double radius)
+{
+    constexpr int kSteps = 120;
+    Ring ring;
+    for (int i = 0; i < kSteps; ++i) {
+        const double angle = 2 * std::numbers::pi * i / kSteps;
+        ring.push_back({centre + radius * std::cos(angle), centre + radius * std::sin(angle)});
+    }
+    return ring;
+}
+
+// Where an upright part is measured: off the middle, where the axes end.
+constexpr double kLevel = 0.7;
+
+// Slope of the inner flange faces and the distance from the toe at which tf is measured: DIN 1025-1
+// and 1026-1, BS 4-1.
+struct Taper {
+    double slope = 0, at = 0;
+};
+
+Taper TaperOf(const SectionShape& s)
+{
+    if (!s.tapered) {
+        return {};
+    }
+    switch (s.family) {
+    case 15:
+        return {0.14, s.b / 4};
+    case 16:
+        return s.h > 300 ? Taper{0.05, (s.b - s.tw) / 2} : Taper{0.08, s.b / 2};
+    case 102:
+        return {std::tan(5 * std::numbers::pi / 180), s.b / 4};
+    default:
+        return {std::tan(5 * std::numbers::pi / 180), (s.b - s.tw) / 2};
+    }
+}
+
+void RolledI(const SectionShape& s, SectionOutline& o)
+{
+    const Taper taper = TaperOf(s);
+    const double left = (s.b - s.tw) / 2, right = (s.b + s.tw) / 2;
+    const double toe = s.tf - taper.slope * taper.at;
+    const double root = s.tf + taper.slope * (left - taper.at);
+    o.rings = {Rounded({{0, 0},
+                        {s.b, 0},
+                        {s.b, toe, s.r2},
+                        {right, root, s.r},
+                        {right, s.h - root, s.r},
+                        {s.b, s.h - toe, s.r2},
+                        {s.b, s.h},
+                        {0, s.h},
+                        {0, s.h - toe, s.r2},
+                        {left, s.h - root, s.r},
+                        {left, root, s.r},
+                        {0, toe, s.r2}})};
+    const double y = kLevel * s.h;
+    o.dimensions = {{"h", Side::left, {0, 0}, {0, s.h}},
+                    {"b", Side::bottom, {0, s.h}, {s.b, s.h}},
+                    {"tw", Side::across, {left, y}, {right, y}},
+                    {"tf", Side::right, {s.b - taper.at, 0}, {s.b - taper.at, s.tf}}};
+}
+
+void Channel(const SectionShape& s, SectionOutline& o)
+{
+    const Taper taper = TaperOf(s);
+    const double toe = s.tf - taper.slope * taper.at;
+    const double root = s.tf + taper.slope * (s.b - s.tw - taper.at);
+    o.rings = {Rounded({{0, 0},
+                        {s.b, 0},
+                        {s.b, toe, s.r2},
+                        {s.tw, root, s.r},
+                        {s.tw, s.h - root, s.r},
+                        {s.b, s.h - toe, s.r2},
+                        {s.b, s.h},
+                        {0, s.h}})};
+    const double y = kLevel * s.h;
+    o.dimensions = {{"h", Side::left, {0, 0}, {0, s.h}},
+                    {"b", Side::bottom, {0, s.h}, {s.b, s.h}},
+                    {"tw", Side::across, {0, y}, {s.tw, y}},
+                    {"tf", Side::right, {s.b - taper.at, 0}, {s.b - taper.at, s.tf}}};
+}
+
+Ring Rectangle(double left, double top, double right, double bottom, double r)
+{
+    return Rounded({{left, top, r}, {right, top, r}, {right, bottom, r}, {left, bottom, r}});
+}
+
+void Hollow(const SectionShape& s, SectionOutline& o)
+{
+    const double t = s.tw, y = kLevel * s.h;
+    o.rings = {Rectangle(0, 0, s.b, s.h, s.r), Rectangle(t, t, s.b - t, s.h - t, s.rin)};
+    o.dimensions = {{"h", Side::left, {0, 0}, {0, s.h}},
+                    {"b", Side::bottom, {0, s.h}, {s.b, s.h}},
+                    {"t", Side::across, {s.b - t, y}, {s.b, y}}};
+}
+
+// Two webs with their outer faces at web1 and web2 between a top and a bottom flange.
+struct TwoWebs {
+    double top1, top2, web1, web2, bottom1, bottom2;
+};
+
+void Box(const SectionShape& s, TwoWebs x, double height, SectionOutline& o)
+{
+    const double first = std::min(x.top1, x.bottom1);
+    for (double* v : {&x.top1, &x.top2, &x.web1, &x.web2, &x.bottom1, &x.bottom2}) {
+        *v -= first;
+    }
+    const double under = s.ttop, over = height - s.tbot;
+    o.rings = {{{x.top1, 0},
+                {x.top2, 0},
+                {x.top2, under},
+                {x.web2, under},
+                {x.web2, over},
+                {x.bottom2, over},
+                {x.bottom2, height},
+                {x.bottom1, height},
+                {x.bottom1, over},
+                {x.web1, over},
+                {x.web1, under},
+                {x.top1, under}},
+               {{x.web1 + s.tw, under},
+                {x.web2 - s.tw, under},
+                {x.web2 - s.tw, over},
+                {x.web1 + s.tw, over}}};
+    const double y = 0.6 * height;
+    o.dimensions = {{"h", Side::left, {0, 0}, {0, s.h}},
+                    {"tw", Side::across, {x.web2 - s.tw, y}, {x.web2, y}}};
+    const auto add = [&o](std::string_view letter, Side side, Point from, Point to) {
+        o.dimensions.push_back({letter, side, from, to});
+    };
+    if (s.family == 23) {
+        add("b", Side::bottom, {x.bottom1, height}, {x.bottom2, height});
+        add("tf", Side::right, {x.top2, 0}, {x.top2, under});
+    } else {
+        add("b1", Side::top, {x.top1, 0}, {x.top2, 0});
+        add("b2", Side::bottom, {x.bottom1, height}, {x.bottom2, height});
+        add("tf1", Side::right, {x.top2, 0}, {x.top2, under});
+        add("tf2", Side::right, {x.bottom2, over}, {x.bottom2, height});
+    }
+    if (s.over > 0 && s.family == 23) {
+        add("a", Side::top, {x.top1, 0}, {x.web1, 0});
+    } else if (s.over > 0 && s.family == 25) {
+        add("c", Side::top, {x.bottom1, over}, {x.top1, 0});
+    } else if (s.over > 0) {
+        o.dimensions.push_back({"c", Side::bottom, {x.top1, under}, {x.web1, under}});
+    }
+}
+
+TwoWebs WebsOf(const SectionShape& s)
+{
+    switch (s.family) {
+    case 24:  // the top flange covers the webs
+        return {0, s.btop, 0, s.btop, (s.btop - s.bbot) / 2, (s.btop + s.bbot) / 2};
+    case 25:  // the bottom flange reaches `over` beyond the closed side
+        return {0, s.btop, 0, s.btop, -s.over, s.bbot - s.over};
+    default:
+        return {0, s.btop, s.over, s.btop - s.over, (s.btop - s.bbot) / 2, (s.btop + s.bbot) / 2};
+    }
+}
+
+// One web below a plate or flange: I of plates, T, plates with stiffeners. `left` and `right` are
+// the reach of the lower flange from the web's left face.
+void WebBelow(const SectionShape& s, double height, double flangeleft, double flangeright,
+              SectionOutline& o)
+{
+    const double shift = std::max({(s.btop - s.tw) / 2, flangeleft, 0.0});
+    const double left = shift, right = shift + s.tw;
+    const double top1 = left + s.tw / 2 - s.btop / 2, top2 = top1 + s.btop;
+    const double over = height - s.tbot;
+    Ring ring{{top1, 0}, {top2, 0}, {top2, s.ttop}, {right, s.ttop}};
+    if (s.tbot > 0) {
+        ring.insert(ring.end(), {{right, over},
+                                 {left + flangeright, over},
+                                 {left + flangeright, height},
+                                 {left - flangeleft, height},
+                                 {left - flangeleft, over},
+                                 {left, over}});
+    } else {
+        ring.insert(ring.end(), {{right, height}, {left, height}});
+    }
+    ring.insert(ring.end(), {{left, s.ttop}, {top1, s.ttop}});
+    o.rings = {std::move(ring)};
+
+    const double y = (s.tbot > 0 ? 0.6 : kLevel) * height;
+    o.dimensions = {{"tw", Side::across, {left, y}, {right, y}}};
+    const bool plate = s.family > 50, two = s.tbot > 0;
+    o.dimensions.push_back({"h", Side::left, {0, plate ? s.ttop : 0}, {0, height}});
+    o.dimensions.push_back({two ? "b1" : "b", Side::top, {top1, 0}, {top2, 0}});
+    o.dimensions.push_back({two ? "tf1" : "tf", Side::right, {top2, 0}, {top2, s.ttop}});
+    if (two) {
+        o.dimensions.push_back(
+            {"b2", Side::bottom, {left - flangeleft, height}, {left + flangeright, height}});
+        o.dimensions.push_back(
+            {"tf2", Side::right, {left + flangeright, over}, {left + flangeright, height}});
+    }
+}
+
+// Bulb flat below a plate, EN 10067: the bulb slopes with 30 degrees and has the area that the
+// record's rectangle bbot x tbot stands for.
+void BulbFlat(const SectionShape& s, SectionOutline& o)
+{
+    const double slope = std::tan(std::numbers::pi / 6);
+    const double c = s.bbot - s.tw, target = c * s.tbot;
+    const double left = std::max((s.btop - s.tw) / 2, 0.0), right = left + s.tw;
+    const double top1 = left + s.tw / 2 - s.btop / 2, top2 = top1 + s.btop;
+    const double tip = right + c, round = 0.25 * c;
+    const auto bulb = [&](double edge) {  // beyond the web
+        return Rounded({{right, s.h - edge - c * slope},
+                        {tip, s.h - edge, round},
+                        {tip, s.h, round},
+                        {right, s.h}});
+    };
+    double edge = s.tbot - c * slope / 2;
+    edge += (target - std::abs(RingArea(bulb(edge)))) / c;
+    o.rings = {Rounded({{top1, 0},
+                        {top2, 0},
+                        {top2, s.ttop},
+                        {right, s.ttop},
+                        {right, s.h - edge - c * slope},
+                        {tip, s.h - edge, round},
+                        {tip, s.h, round},
+                        {left, s.h},
+                        {left, s.ttop},
+                        {top1, s.ttop}})};
+    const double y = 0.55 * s.h;
+    o.dimensions = {{"h", Side::left, {0, s.ttop}, {0, s.h}},
+                    {"b", Side::top, {top1, 0}, {top2, 0}},
+                    {"tw", Side::across, {left, y}, {right, y}},
+                    {"t", Side::right, {top2, 0}, {top2, s.ttop}}};
+}
+
+void AngleOutline(const SectionShape& s, SectionOutline& o)
+{
+    const double t = s.tw, y = 0.3 * s.h;
+    o.rings = {Rounded(
+        {{0, 0}, {t, 0, s.r2}, {t, s.h - t, s.r}, {s.b, s.h - t, s.r2}, {s.b, s.h}, {0, s.h}})};
+    o.dimensions = {{"h", Side::left, {0, 0}, {0, s.h}},
+                    {"b", Side::bottom, {0, s.h}, {s.b, s.h}},
+                    {"t", Side::across, {0, y}, {t, y}}};
+}
+
+void Tube(const SectionShape& s, SectionOutline& o)
+{
+    const double d = s.h, t = s.tw;
+    o.rings = {Circle(d / 2, d / 2), Circle(d / 2, d / 2 - t)};
+    o.dimensions = {{"d", Side::left, {d / 2, 0}, {d / 2, d}},
+                    {"t", Side::right, {d / 2, 0}, {d / 2, t}}};
+}
+
+void FlatBar(const SectionShape& s, SectionOutline& o)
+{
+    o.rings = {Rectangle(0, 0, s.tw, s.h, 0)};
+    o.dimensions = {{"h", Side::left, {0, 0}, {0, s.h}},
+                    {"t", Side::bottom, {0, s.h}, {s.tw, s.h}}};
+}
+
+void General(SectionOutline& o)
+{
+    o.symbolic = true;
+    o.rings = {Rounded({{0, 25, 15},
+                        {35, 0, 20},
+                        {90, 10, 25},
+                        {75, 55, 30},
+                        {95, 100, 20},
+                        {30, 110, 25},
+                        {15, 65, 25}})};
+}
+
+void SetRings(const SectionShape& s, SectionOutline& o)
+{
+    switch (s.family) {
+    case 1:
+    case 2:
+    case 3:
+    case 4:
+    case 15:
+    case 21:
+    case 101:
+    case 102:
+        return RolledI(s, o);
+    case 5:
+    case 16:
+    case 103:
+        return Channel(s, o);
+    case 6:
+    case 7:
+    case 8:
+    case 9:
+        return Hollow(s, o);
+    case 10:
+    case 11:
+        return AngleOutline(s, o);
+    case 22:
+    case 56:
+        return WebBelow(s, s.h, (s.bbot - s.tw) / 2, (s.bbot + s.tw) / 2, o);
+    case 23:
+    case 27:
+        return Box(s, WebsOf(s), s.h, o);
+    case 24:
+    case 25:  // h is that without the bottom flange
+        return Box(s, WebsOf(s), s.h + s.tbot, o);
+    case 26:
+    case 51:
+        return WebBelow(s, s.h, 0, s.tw, o);
+    case 52:
+    case 53:
+        return WebBelow(s, s.h, 0, s.bbot, o);
+    case 54:
+        return BulbFlat(s, o);
+    case 28:
+        return FlatBar(s, o);
+    case 31:
+        return Tube(s, o);
+    case 41:
+        return General(o);
+    default:
+        return;
+    }
+}
+
+}  // namespace
+
+double SectionDimension::Value() const
+{
+    const bool upright = side == Side::left || side == Side::right;
+    return upright ? to.y - from.y : to.x - from.x;
+}
+
+SectionShape ShapeOf(const ProjectState& s)
+{
+    SectionShape shape;
+    shape.family = s.family;
+    shape.h = s.h;
+    shape.b = s.b;
+    shape.tw = s.tw;
+    shape.tf = s.tf;
+    shape.rin = s.rin;
+    shape.btop = s.btop;
+    shape.ttop = s.ttop;
+    shape.bbot = s.bbot;
+    shape.tbot = s.tbot;
+    switch (s.family) {
+    case 21:  // r is the weld leg
+        break;
+    case 10:
+    case 11:  // EN 10056-1: toes are rounded with half the root radius
+        shape.r = s.r;
+        shape.r2 = s.r / 2.0;
+        break;
+    case 15:  // DIN 1025-1
+        shape.r = s.r;
+        shape.r2 = 0.6 * s.r;
+        shape.tapered = true;
+        break;
+    case 16:
+        shape.r = s.r;
+        shape.r2 = s.r2;
+        shape.tapered = true;
+        break;
+    case 102:  // BS 4-1: the toes of joists have about half the root radius
+        shape.r = s.r;
+        shape.r2 = 0.5 * s.r;
+        shape.tapered = true;
+        break;
+    case 103:
+        shape.r = s.r;
+        shape.r2 = s.r2;
+        shape.tapered = s.r2 > 0;
+        break;
+    case 23:
+        shape.btop = shape.bbot = s.b;
+        shape.ttop = shape.tbot = s.tf;
+        shape.over = s.bo;
+        break;
+    case 25:
+        shape.over = s.p25.istc;
+        break;
+    case 27:
+        shape.over = s.ctopout;
+        break;
+    default:
+        shape.r = s.r;
+    }
+    return shape;
+}
+
+SectionShape TypicalShape(int family)
+{
+    SectionShape s;
+    s.family = family;
+    s.h = 100;
+    s.b = 70;
+    s.tw = 8;
+    s.tf = 10;
+    s.btop = 60;
+    s.ttop = 10;
+    s.bbot = 86;
+    s.tbot = 12;
+    switch (family) {
+    case 1:
+    case 2:
+    case 3:
+    case 4:
+    case 101:
+        s.r = 9;
+        break;
+    case 15:
+    case 102:
+        s.r = 9;
+        s.r2 = 5;
+        s.tapered = true;
+        break;
+    case 16:
+        s.b = 50;
+        s.r = 9;
+        s.r2 = 5;
+        s.tapered = true;
+        break;
+    case 5:
+    case 103:
+        s.b = 50;
+        s.r = 9;
+        break;
+    case 6:
+    case 8:
+        s.b = 100;
+        [[fallthrough]];
+    case 7:
+    case 9:
+        s.r = 15;
+        s.rin = 7;
+        break;
+    case 10:
+        s.b = 100;
+        [[fallthrough]];
+    case 11:
+        s.r = 10;
+        s.r2 = 5;
+        s.tw = 10;
+        break;
+    case 23:
+        s.b = s.btop = s.bbot = 90;
+        s.tbot = 10;
+        s.over = 16;
+        break;
+    case 24:
+        s.h = 80;
+        s.bbot = 110;
+        break;
+    case 25:
+        s.h = 80;
+        s.bbot = 110;
+        s.over = 14;
+        break;
+    case 27:
+        s.btop = 80;
+        s.bbot = 100;
+        s.over = 14;
+        break;
+    case 26:
+        s.btop = 80;
+        s.tbot = s.bbot = 0;
+        break;
+    case 28:
+        s.tw = 14;
+        break;
+    case 51:
+        s.btop = 110;
+        s.tbot = s.bbot = 0;
+        break;
+    case 52:
+    case 53:
+    case 56:
+        s.btop = 110;
+        s.bbot = 48;
+        break;
+    case 54:
+        s.btop = 110;
+        s.bbot = 30;
+        s.tbot = 18;
+        break;
+    default:
+        break;
+    }
+    return s;
+}
+
+SectionOutline OutlineOf(const SectionShape& shape)
+{
+    SectionOutline o;
+    SetRings(shape, o);
+    for (const Ring& ring : o.rings) {
+        for (const Point& p : ring) {
+            if (!std::isfinite(p.x) || !std::isfinite(p.y)) {
+                return {};
+            }
+            o.width = std::max(o.width, p.x);
+            o.height = std::max(o.height, p.y);
+        }
+    }
+    return o.width > 0 && o.height > 0 ? o : SectionOutline{};
+}
+
+double AreaOf(const SectionOutline& outline)
+{
+    double area = 0;
+    for (std::size_t i = 0; i < outline.rings.size(); ++i) {
+        const double ring = std::abs(RingArea(outline.rings[i]));
+        area += i == 0 ? ring : -ring;  // the first ring is the outer one
+    }
+    return area;
+}
+
+Point CentroidOf(const SectionOutline& outline)
+{
+    double area = 0, ax = 0, ay = 0;
+    for (std::size_t i = 0; i < outline.rings.size(); ++i) {
+        const Ring& ring = outline.rings[i];
+        const double sign = (RingArea(ring) > 0 ? 1 : -1) * (i == 0 ? 1 : -1);
+        for (std::size_t k = 0; k < ring.size(); ++k) {
+            const Point a = ring[k], b = ring[(k + 1) % ring.size()];
+            const double cross = sign * (a.x * b.y - b.x * a.y);
+            area += cross / 2;
+            ax += cross * (a.x + b.x) / 6;
+            ay += cross * (a.y + b.y) / 6;
+        }
+    }
+    return area == 0 ? Point{outline.width / 2, outline.height / 2} : Point{ax / area, ay / area};
+}
+
+}  // namespace kestrum
