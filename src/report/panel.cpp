@@ -49,13 +49,15 @@ std::string CheckPoints(const ProjectState& s)
 }
 
 // Label and calculation of a buckling row of y or z. The signs stand between them, unless the row
-// is a remark without numbers.
+// is a remark without numbers; rows of angles bring the second sign themselves.
 std::string AxisLabel(const RowText& text)
 {
+    constexpr std::string_view kSign = " = ";
     if (text.calculation.empty() && text.result.empty()) {
         return text.label;
     }
-    return text.label + " =" + text.calculation + " = ";
+    const std::string joined = text.label + " =" + text.calculation;
+    return joined.ends_with(kSign) ? joined : joined + std::string(kSign);
 }
 
 }  // namespace

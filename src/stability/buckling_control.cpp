@@ -185,7 +185,9 @@ void BucklingControlHollow(ProjectState& s)
 void BucklingControlWeldedI(ProjectState& s)
 {
     const bool top = s.mydesign > 0;
-    s.classmy = top ? s.classmytop : s.classmybot;
+    if (s.mydesign != 0) {  // without a moment no side is compressed: the larger class stays
+        s.classmy = top ? s.classmytop : s.classmybot;
+    }
     BeamColumn(s, true, {top ? s.mytoprd : s.mybotrd, s.mzrdm1});
 }
 

@@ -211,5 +211,17 @@ TEST(PanelText, ColumnIsNeverLeftOfTenUnits)
     EXPECT_EQ(PanelText(s), "SECTION CONTROL:\nN          0.25 < 1.0\n");
 }
 
+// Rows of angles with moments end in " = " themselves.
+TEST(Panel, WritesTheSignInFrontOfAnAxisResultOnce)
+{
+    ProjectState s = Designed();
+    s.yline = Row("IR = NEd/Nb,y,Rd ", "55/80+0.1*2/9 = ", 0.7, " (Ch 6.3.3)");
+    s.zline = Row("IR = NEd/Nb,z,Rd ", "55/80", 0.7, " (Ch 6.3.1)");
+    double y = 0;
+    const PanelBlock block = DrawBuckleBlock(s, y);
+    EXPECT_EQ(Text(block.at(1).left), "IR = NEd/Nb,y,Rd  =55/80+0.1*2/9 = ");
+    EXPECT_EQ(Text(block.at(2).left), "IR = NEd/Nb,z,Rd  =55/80 = ");
+}
+
 }  // namespace
 }  // namespace kestrum

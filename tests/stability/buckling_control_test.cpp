@@ -499,6 +499,18 @@ TEST(WeldedI, TakesClassAndResistanceOfTheCompressedSide)
     EXPECT_EQ(s.yline.number[5], 700);
 }
 
+// No moment compresses a side: the class of My stays the larger one.
+TEST(WeldedI, KeepsTheLargerClassWithoutAMoment)
+{
+    ProjectState s = members::Single600();
+    s.ned = 300;
+    s.classmytop = 3;
+    s.classmybot = 1;
+    s.classmy = 3;
+    BucklingControlWeldedI(s);
+    EXPECT_EQ(s.classmy, 3);
+}
+
 // Class 4: the sum has the three terms and no moment of the shifted axis.
 TEST(WeldedI, D230HasNoMomentOfTheShiftedCentroid)
 {
