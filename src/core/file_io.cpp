@@ -1,5 +1,6 @@
 #include "core/file_io.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -29,6 +30,22 @@ std::string LastFault()
     return std::generic_category().message(errno);
 }
 
+// Paths are UTF-8 on every platform.
+fs::path PathOf(const std::string& path)
+{
+    return std::u8string(path.begin(), path.end());
+}
+
+File OpenBinary(const fs::path& path, bool write)
+{
+    errno = 0;
+#ifdef _WIN32
+    return File(_wfopen(path.c_str(), write ? L"wb" : L"rb"));
+#else
+    return File(std::fopen(path.c_str(), write ? "wb" : "rb"));
+#endif
+}
+
 bool FlushToDisk(std::FILE* file)
 {
     if (std::fflush(file) != 0) {
@@ -46,14 +63,24 @@ bool FlushToDisk(std::FILE* file)
 fs::path TargetOf(const std::string& path)
 {
     std::error_code fault;
-    const fs::path target = fs::canonical(path, fault);
-    return fault ? fs::path(path) : target;
+    const fs::path target = fs::canonical(PathOf(path), fault);
+    return fault ? PathOf(path) : target;
+}
+
+fs::path NeighbourOf(const fs::path& target)
+{
+    constexpr std::size_t kLongestName = 200;  // leaves room for what is added
+    fs::path::string_type name = target.filename().native();
+    name.resize(std::min(name.size(), kLongestName));
+    fs::path neighbour = target.parent_path() / ".";
+    neighbour += name;
+    neighbour += ".kestrum-save";
+    return neighbour;
 }
 
 std::string WriteNeighbour(const fs::path& neighbour, std::string_view bytes)
 {
-    errno = 0;
-    File file(std::fopen(neighbour.string().c_str(), "wb"));
+    File file = OpenBinary(neighbour, true);
     if (!file) {
         return LastFault();
     }
@@ -72,18 +99,18 @@ std::string ReadWholeFile(const std::string& path, std::string& bytes)
 {
     bytes.clear();
     std::error_code fault;
-    const fs::file_status status = fs::status(path, fault);
+    const fs::path source = PathOf(path);
+    const fs::file_status status = fs::status(source, fault);
     if (status.type() == fs::file_type::not_found) {
         return "no such file";
     }
     if (status.type() == fs::file_type::directory) {
         return "is a directory";
     }
-    if (status.type() == fs::file_type::regular && fs::file_size(path, fault) > kLargestFile) {
+    if (status.type() == fs::file_type::regular && fs::file_size(source, fault) > kLargestFile) {
         return "is larger than any file of this program";
     }
-    errno = 0;
-    const File file(std::fopen(path.c_str(), "rb"));
+    const File file = OpenBinary(source, false);
     if (!file) {
         return LastFault();
     }
@@ -110,8 +137,11 @@ std::string WriteWholeFile(const std::string& path, std::string_view bytes)
     if (before.type() != fs::file_type::regular && before.type() != fs::file_type::not_found) {
         return WriteNeighbour(target, bytes);  // a device takes the bytes as they come
     }
-    const fs::path neighbour =
-        target.parent_path() / ("." + target.filename().string() + ".kestrum-save");
+    if (before.type() == fs::file_type::regular &&
+        (before.permissions() & fs::perms::owner_write) == fs::perms::none) {
+        return "is write-protected";  // a rename would not mind
+    }
+    const fs::path neighbour = NeighbourOf(target);
     std::string problem = WriteNeighbour(neighbour, bytes);
     if (problem.empty()) {
         if (before.type() == fs::file_type::regular) {

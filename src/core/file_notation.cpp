@@ -19,30 +19,17 @@ constexpr std::size_t kShownToken = 40;  // characters of a wrong value that a m
 // The whole text as a number: sign, digits, point, exponent; nothing else, no "inf" and no "nan".
 std::optional<double> WholeText(std::string_view text)
 {
-    if (text.starts_with('+')) {
-        text.remove_prefix(1);
-    }
-    const std::size_t sign = text.starts_with('-') ? 1 : 0;
+    const std::size_t sign = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
     if (text.size() == sign || (text[sign] != '.' && (text[sign] < '0' || text[sign] > '9'))) {
         return std::nullopt;
     }
-    std::string digits(text);
+    std::string digits(text.substr(text.starts_with('+') ? 1 : 0));
     std::replace_if(
         digits.begin(), digits.end(), [](char c) { return c == 'D' || c == 'd'; }, 'E');
     double value = 0;
     const char* const end = digits.data() + digits.size();
     const auto [stop, fault] = std::from_chars(digits.data(), end, value);
     return fault == std::errc{} && stop == end ? std::optional(value) : std::nullopt;
-}
-
-// Bytes of a wrong value as a message may show them.
-std::string Shown(std::string_view text)
-{
-    std::string shown;
-    for (const char c : text.substr(0, kShownToken)) {
-        shown.push_back(static_cast<unsigned char>(c) < 0x20 || c == 0x7F ? '?' : c);
-    }
-    return text.size() > kShownToken ? shown + "..." : shown;
 }
 
 bool IsUtf8(std::string_view text)
@@ -102,14 +89,29 @@ std::string AsUtf8(std::string_view text)
     return out;
 }
 
-// Puts the parts of d.dddE+xx into the notation of files.
-template <class Number> std::string Notation(Number value, double exponent_from)
+// A wrong value as a message may show it: its beginning, in UTF-8, without control characters.
+std::string Shown(std::string_view text)
 {
-    constexpr double kExponentBelow = 1e-4;
+    std::size_t end = std::min(text.size(), kShownToken);
+    while (end < text.size() && end > 0 &&
+           (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
+        --end;  // not inside a character
+    }
+    std::string shown = AsUtf8(text.substr(0, end));
+    std::replace_if(
+        shown.begin(), shown.end(),
+        [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
+    return end < text.size() ? shown + "..." : shown;
+}
+
+// What is no number is written as 0; no input holds such a value.
+template <class Number> std::string Notation(Number value, Number exponent_from)
+{
+    constexpr Number kExponentBelow = static_cast<Number>(1e-4);
     if (value == 0 || !std::isfinite(value)) {
         return "0";
     }
-    const double size = std::abs(static_cast<double>(value));
+    const Number size = std::abs(value);
     std::array<char, 64> text;
     char* const first = text.data();
     char* const last = text.data() + text.size();
@@ -126,6 +128,16 @@ template <class Number> std::string Notation(Number value, double exponent_from)
         out.erase(zero, 1);
     }
     return out;
+}
+
+// Whether the quote in front of this was one inside the text, as in "5" pipe, thick": letters
+// follow it at once and another quote ends the line.
+bool QuoteInside(std::string_view rest)
+{
+    const std::string_view line = rest.substr(0, rest.find('\n'));
+    const std::string_view next = line.substr(0, line.find(','));
+    return next.find_first_not_of(" \t\r") != std::string_view::npos &&
+           line.find('"') != std::string_view::npos;
 }
 
 }  // namespace
@@ -155,7 +167,7 @@ std::string_view ValueReader::NextLine()
 }
 
 // The text up to the next comma or line end, blanks around it removed; a quoted one up to its
-// quote.
+// quote, whatever follows it dropped.
 bool ValueReader::NextToken(std::string_view name, std::string_view expected, Token& token)
 {
     if (!ok()) {
@@ -178,7 +190,9 @@ bool ValueReader::NextToken(std::string_view name, std::string_view expected, To
             rest_.remove_prefix(close + 1);
         }
     }
-    const std::size_t end = std::min(rest_.find_first_of(",\n"), rest_.size());
+    const std::size_t end = quoted && QuoteInside(rest_)
+                                ? std::min(rest_.find('\n'), rest_.size())
+                                : std::min(rest_.find_first_of(",\n"), rest_.size());
     if (!quoted) {
         token.text = rest_.substr(0, end);
         if (token.text.ends_with('\r')) {
@@ -315,7 +329,7 @@ void ValueWriter::PutText(std::string_view value)
 {
     bytes_.append("\"");
     PutLine(value);
-    bytes_.insert(bytes_.size() - 2, "\"");  // in front of the line end
+    bytes_.insert(bytes_.size() - 2, 1, '"');  // in front of the line end
 }
 
 // A line end inside a text would shift every field behind it.
@@ -331,7 +345,7 @@ void ValueWriter::PutLine(std::string_view value)
 
 std::string FileNumber(float value)
 {
-    return Notation(value, 1e7);
+    return Notation(value, 1e7F);
 }
 
 std::string FileNumber(double value)

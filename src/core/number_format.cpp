@@ -12,12 +12,13 @@ namespace {
 
 constexpr int kSingleDigits = 7;
 constexpr int kDoubleDigits = 15;
+constexpr int kTellTie = 16;  // further digits that tell a half from its neighbours
 
 // A decimal value: 0.d1 d2 d3 .. times 10^point; no digits is zero.
 struct Decimal {
     bool negative = false;
     int point = 0;
-    std::array<char, 24> digit{};
+    std::array<char, 40> digit{};
     int digits = 0;
 
     char At(int place) const  // place 1 is the first digit
@@ -26,15 +27,15 @@ struct Decimal {
     }
 };
 
-// The value with the given count of significant digits.
-Decimal SignificantDigits(double value, int count)
+// The digits of the value, as many as asked for.
+Decimal Digits(double value, int count)
 {
     Decimal decimal;
     decimal.negative = std::signbit(value);
     if (value == 0) {
         return decimal;
     }
-    std::array<char, 40> text;  // d.ddddde+xx
+    std::array<char, 48> text;  // d.ddddde+xx
     const auto end = std::to_chars(text.data(), text.data() + text.size(), std::abs(value),
                                    std::chars_format::scientific, count - 1);
     const char* const exponent = std::find(text.data(), end.ptr, 'e');
@@ -49,10 +50,9 @@ Decimal SignificantDigits(double value, int count)
     return decimal;
 }
 
-// Rounds to `places` behind the point, halves away from zero.
-void RoundTo(Decimal& decimal, int places)
+// Rounds to so many digits in all, halves away from zero.
+void RoundDigits(Decimal& decimal, int keep)
 {
-    const int keep = decimal.point + places;
     if (keep >= decimal.digits) {
         return;
     }
@@ -74,6 +74,12 @@ void RoundTo(Decimal& decimal, int places)
     decimal.digit[0] = '1';
     ++decimal.digits;
     ++decimal.point;
+}
+
+// Rounds to `places` behind the point.
+void RoundTo(Decimal& decimal, int places)
+{
+    RoundDigits(decimal, decimal.point + places);
 }
 
 bool IsZero(const Decimal& decimal)
@@ -98,7 +104,7 @@ Pattern ReadPattern(std::string_view text)
     std::size_t at = std::min(text.find_first_of("0#."), text.size());
     pattern.head = text.substr(0, at);
     for (; at < text.size() && (text[at] == '0' || text[at] == '#'); ++at) {
-        pattern.whole += text[at] == '0' ? 1 : 0;
+        pattern.whole += text[at] == '0' || pattern.whole > 0 ? 1 : 0;
     }
     if (at < text.size() && text[at] == '.') {
         pattern.point = true;
@@ -154,7 +160,8 @@ std::string Format(double value, int significant, std::string_view text)
         return {};
     }
     const Pattern pattern = ReadPattern(text);
-    Decimal decimal = SignificantDigits(value, significant);
+    Decimal decimal = Digits(value, significant + kTellTie);
+    RoundDigits(decimal, significant);
     int exponent = 0;
     if (pattern.exponent && decimal.digits > 0) {
         exponent = decimal.point - 1;

@@ -15,6 +15,11 @@ bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
+bool IsBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
 // Reads the longest beginning of the form sign, digits, one point, exponent (E or D); tells where
 // it ends. The number is left in `digits` in the form that from_chars reads.
 std::size_t NumberPrefix(std::string_view text, std::string& digits)
@@ -57,14 +62,29 @@ std::size_t NumberPrefix(std::string_view text, std::string& digits)
     return at;
 }
 
+// Whether a number beyond double precision is so on the small side.
+bool BelowOne(std::string_view digits)
+{
+    const std::size_t letter = std::min(digits.find('e'), digits.size());
+    const std::size_t point = std::min(digits.find('.'), letter);
+    const std::size_t first = digits.find_first_of("123456789");
+    long power = 0;
+    if (letter < digits.size()) {
+        const char* const last = digits.data() + digits.size();
+        if (std::from_chars(digits.data() + letter + 1, last, power).ec != std::errc{}) {
+            return digits[letter + 1] == '-';
+        }
+    }
+    return static_cast<long>(point) - static_cast<long>(first) + power < 0;
+}
+
+// Too small a number is zero; too large a one has no single-precision value.
 std::optional<float> Single(const std::string& digits)
 {
     double value = 0;
     const auto [end, fault] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (fault == std::errc::result_out_of_range) {
-        // Too small a number is zero; too large a one has no single-precision value.
-        const bool small = digits.find("e-") != std::string::npos;
-        return small ? std::optional(0.0F) : std::nullopt;
+        return BelowOne(digits) ? std::optional(0.0F) : std::nullopt;
     }
     const float single = static_cast<float>(value);
     return std::isfinite(single) ? std::optional(single) : std::nullopt;
@@ -77,16 +97,15 @@ std::optional<float> ParseNum(std::string_view text, bool decimalcomma)
     std::string plain(text);
     std::replace(plain.begin(), plain.end(), ',', '.');
     if (decimalcomma) {
-        const std::size_t first = plain.find_first_not_of(' ');
-        const std::size_t last = plain.find_last_not_of(' ');
-        plain = first == std::string::npos ? std::string{} : plain.substr(first, last - first + 1);
+        plain.erase(plain.begin(), std::find_if_not(plain.begin(), plain.end(), IsBlank));
+        plain.erase(std::find_if_not(plain.rbegin(), plain.rend(), IsBlank).base(), plain.end());
     } else {
-        plain.erase(std::remove(plain.begin(), plain.end(), ' '), plain.end());
+        plain.erase(std::remove_if(plain.begin(), plain.end(), IsBlank), plain.end());
     }
     if (plain.empty()) {
         return 0.0F;
     }
-    std::string digits;
+    std::string digits;  // as from_chars wants them
     const std::size_t read = NumberPrefix(plain, digits);
     if (read == 0) {
         return decimalcomma ? std::nullopt : std::optional(0.0F);
