@@ -18,6 +18,7 @@ constexpr double kIntervals = kDiagramPoints - 1;
 constexpr double kTitle = 6;                   // height of the title line
 constexpr double kBandHeight = 27;             // of one curve with its labels
 constexpr double kBandAxis = kBandHeight / 2;  // from the top of the band
+constexpr double kHeadingLine = 3.4;           // from the top of the band
 constexpr double kCurveWidth = 0.35;
 
 // A value worth a figure, at a part of the length.
@@ -31,6 +32,7 @@ struct Band {
     double reference;  // largest size, 10 units
     double axis;       // height in the picture
     std::string heading;
+    double headingline;
 };
 
 double XOf(double relative)
@@ -67,7 +69,7 @@ void AddCurveOf(Drawing& d, const Band& band)
     }
     AddLine(d, {XOf(0), band.axis}, {XOf(1), band.axis}, Ink::member, 0.25);
     AddCurve(d, std::move(points), Ink::moment, kCurveWidth);
-    TextMark heading{{1, band.axis - kBandAxis + 3.4}, band.heading, kHeadingSize};
+    TextMark heading{{1, band.headingline}, band.heading, kHeadingSize};
     heading.bold = true;
     AddText(d, std::move(heading));
 }
@@ -153,10 +155,13 @@ Drawing WithLoads(const ProjectState& s, LoadAxis axis)
     title.bold = true;
     AddText(d, std::move(title));
 
-    const double axis1 = kTitle + kBandAxis;
-    const Band m{r.m, Larger(r.mmax, r.mmin), axis1, "M"};
-    const Band v{r.v, Larger(r.vmax, r.vmin), axis1 + kBandHeight, "V"};
-    const Band w{r.d, r.dmaxabs, axis1 + 2 * kBandHeight, "d"};
+    const auto band = [](int index, const Curve& curve, double reference, const char* heading) {
+        const double top = kTitle + index * kBandHeight;
+        return Band{curve, reference, top + kBandAxis, heading, top + kHeadingLine};
+    };
+    const Band m = band(0, r.m, Larger(r.mmax, r.mmin), "M");
+    const Band v = band(1, r.v, Larger(r.vmax, r.vmin), "V");
+    const Band w = band(2, r.d, r.dmaxabs, "d");
     AddCurveOf(d, m);
     AddCurveOf(d, v);
     AddCurveOf(d, w);
@@ -179,21 +184,25 @@ Drawing WithLoads(const ProjectState& s, LoadAxis axis)
 Drawing WithEndForces(const ProjectState& s, LoadAxis axis)
 {
     const AxisResults r = ResultsOf(s, axis);
-    Drawing d = Picture(kTitle + 2 * kBandHeight, r);
-    const auto ends = [](const Curve& curve) {
-        return std::max(std::abs(1.0 * curve.front()), std::abs(1.0 * curve.back()));
+    constexpr double kPitch = kTitle + kBandHeight;  // the headings are too long for the side
+    Drawing d = Picture(2 * kPitch, r);
+    const auto band = [](int index, const Curve& curve, std::string heading) {
+        const double reference =
+            std::max(std::abs(1.0 * curve.front()), std::abs(1.0 * curve.back()));
+        const double top = index * kPitch;
+        return Band{curve, reference, top + kTitle + kBandAxis, std::move(heading),
+                    top + kHeadingLine};
     };
-    const double axis1 = kTitle + kBandAxis;
-    const Band m{r.m, ends(r.m), axis1, "Bending moment (" + r.mname + ", kNm)"};
-    const Band v{r.v, ends(r.v), axis1 + kBandHeight, "Shear (" + r.vname + ", kN)"};
+    const Band m = band(0, r.m, "Bending moment (" + r.mname + ", kNm)");
+    const Band v = band(1, r.v, "Shear (" + r.vname + ", kN)");
     AddCurveOf(d, m);
     AddCurveOf(d, v);
 
     TextPlacer placer(d);
     placer.AvoidAll();
-    for (const Band* band : {&m, &v}) {
-        AddExtreme(placer, s, *band, {band->values.front(), 0}, false);
-        AddExtreme(placer, s, *band, {band->values.back(), 1}, false);
+    for (const Band* one : {&m, &v}) {
+        AddExtreme(placer, s, *one, {one->values.front(), 0}, false);
+        AddExtreme(placer, s, *one, {one->values.back(), 1}, false);
     }
     AddCrossing(d, placer, s, m, r.crossing1);
     AddCrossing(d, placer, s, m, r.crossing2);

@@ -15,7 +15,7 @@ namespace {
 constexpr double kHead = 9;  // the two lines on top
 constexpr double kBand = 3.4, kBandPitch = 7.2;
 constexpr double kArrow = 7;  // a point force
-constexpr double kTurn = 2.2;
+constexpr double kTurn = 2.2, kEndTurn = 3.2;  // radius of a moment
 constexpr double kRow = 3.2;  // of labels
 constexpr double kEndZone = 14;
 constexpr double kWeight = 0.25;
@@ -220,10 +220,10 @@ void AddEnd(Drawing& d, double x, double y, float m, float v, const std::string&
     const bool left = x < kPictureWidth / 2;
     const double side = left ? 1 : -1;
     if (m != 0) {  // a sagging moment turns the left end clockwise
-        AddTurn(d, {x, y}, kTurn, (m > 0) != left, Ink::moment, kWeight);
+        AddTurn(d, {x, y}, kEndTurn, (m > 0) != left, Ink::moment, kWeight);
     }
     if (v != 0) {  // a positive shear force lifts the left end
-        const Point foot{x, y - 2.6}, top{x, y - 2.6 - kArrow};
+        const Point foot{x, y - kEndTurn - 1.4}, top{x, foot.y - kArrow};
         const bool up = (v > 0) == left;
         AddArrow(d, up ? foot : top, up ? top : foot, Ink::load, 0.35, 2);
     }

@@ -122,7 +122,7 @@ Place AddDimension(Drawing& d, const View& view, const SectionDimension& dimensi
     default:
         AddArrow(d, {from.x - kArrow, from.y}, from, Ink::faint, kThin, kHead);
         AddArrow(d, {to.x + kArrow, to.y}, to, Ink::faint, kThin, kHead);
-        return {Text(to.x + kArrow + 0.8, to.y + 0.35 * kText, std::move(figure), Align::left), 1};
+        return {Text(to.x + kArrow + 1.8, to.y + 0.35 * kText, std::move(figure), Align::left), 1};
     }
 }
 
@@ -140,7 +140,7 @@ void AddAxes(Drawing& d, const SectionOutline& o, const View& view, std::vector<
     }
     AddLine(d, {view.left - kStub, c.y}, {end, c.y}, Ink::faint, 0.25, true);
     AddLine(d, {c.x, view.top - kStub}, {c.x, view.bottom + kStub}, Ink::faint, 0.25, true);
-    TextMark y = Text(end + 0.8, c.y + 0.35 * kText, "Y", Align::left);
+    TextMark y = Text(end + 1.8, c.y + 0.35 * kText, "Y", Align::left);
     TextMark z = Text(c.x, view.top - kStub - 0.7, "Z", Align::centre);
     y.bold = z.bold = true;
     places.push_back({std::move(y), 1});

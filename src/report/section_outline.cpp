@@ -100,7 +100,7 @@ Taper TaperOf(const SectionShape& s)
     case 102:
         return {std::tan(5 * std::numbers::pi / 180), s.b / 4};
     default:
-        return {std::tan(5 * std::numbers::pi / 180), (s.b - s.tw) / 2};
+        return {std::tan(5 * std::numbers::pi / 180), s.b / 2};
     }
 }
 

@@ -1,0 +1,94 @@
+#include "report/mode_shapes.h"
+
+#include "report/figure_tools.h"
+#include "service/modal.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+namespace kestrum {
+
+namespace {
+
+constexpr int kModes = 3;
+constexpr int kSteps = 60;
+
+// Roots of the frequency equations, beam theory: cos b cosh b = -1, tan b = tanh b, cos b cosh b =
+// 1.
+constexpr std::array<double, kModes> kCantilever{1.875104, 4.694091, 7.854757};
+constexpr std::array<double, kModes> kFixedPinned{3.926602, 7.068583, 10.210176};
+constexpr std::array<double, kModes> kFixedFixed{4.730041, 7.853205, 10.995608};
+
+// A beam fixed at x = 0, its other end free or held.
+double FromFixedEnd(double root, bool free, double x)
+{
+    const double share =
+        free ? (std::sinh(root) - std::sin(root)) / (std::cosh(root) + std::cos(root))
+             : (std::cosh(root) - std::cos(root)) / (std::sinh(root) - std::sin(root));
+    const double b = root * x;
+    return std::cosh(b) - std::cos(b) - share * (std::sinh(b) - std::sin(b));
+}
+
+double Unscaled(int supportcase, std::size_t mode, double x)
+{
+    switch (supportcase) {
+    case 0:
+        return std::sin(static_cast<double>(mode + 1) * std::numbers::pi * x);
+    case 1:  // fixed at the far end
+        return FromFixedEnd(kFixedPinned[mode], false, 1 - x);
+    case 2:
+        return FromFixedEnd(kFixedFixed[mode], false, x);
+    case 4:
+        return FromFixedEnd(kCantilever[mode], true, x);
+    default:
+        return 0;
+    }
+}
+
+}  // namespace
+
+double ModeShape(int supportcase, int mode, double x)
+{
+    if (mode < 1 || mode > kModes) {
+        return 0;
+    }
+    const auto index = static_cast<std::size_t>(mode - 1);
+    double most = 0;
+    for (int i = 0; i <= kSteps; ++i) {
+        most = std::max(most, std::abs(Unscaled(supportcase, index, 1.0 * i / kSteps)));
+    }
+    return most == 0 ? 0 : Unscaled(supportcase, index, x) / most;
+}
+
+Drawing DrawModeShapes(const ProjectState& s)
+{
+    constexpr double kHead = 6, kBand = 22, kAxis = 12, kSwing = 5;
+    Drawing d;
+    d.width = kPictureWidth;
+    d.height = kHead + kModes * kBand;
+    d.title = "Modal analysis for q-loads (SLS)";
+    AddText(d, {{1, 3.8}, MassText(s), kHeadingSize});
+
+    const EndSupports ends = SupportsOf(s.supportcase);
+    const double start = kMemberStart, end = kMemberStart + kMemberWidth;
+    for (int mode = 1; mode <= kModes; ++mode) {
+        const double top = kHead + (mode - 1) * kBand, y = top + kAxis;
+        TextMark text{{1, top + 3.4}, ModeText(s, mode), kHeadingSize};
+        AddText(d, std::move(text));
+        AddLine(d, {start, y}, {end, y}, Ink::faint, kThin, true);
+        AddSupport(d, {start, y}, ends.left, -1, 3);
+        AddSupport(d, {end, y}, ends.right, 1, 3);
+        std::vector<Point> curve;
+        for (int i = 0; i <= kSteps; ++i) {
+            const double x = 1.0 * i / kSteps;
+            curve.push_back(
+                {start + x * kMemberWidth, y - kSwing * ModeShape(s.supportcase, mode, x)});
+        }
+        AddCurve(d, std::move(curve), Ink::moment, 0.4);
+    }
+    return d;
+}
+
+}  // namespace kestrum

@@ -1,0 +1,328 @@
+#include "report/diagrams.h"
+
+#include "core/load_combination.h"
+#include "engine/engine_fixture.h"
+#include "report/drawing_checks.h"
+
+#include <gmock/gmock.h>
+
+#include <cfenv>
+#include <limits>
+
+namespace kestrum {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+// HEA, 5 m, q = 10 kN/m along z, basic loads: M = 10 25/8 = 31.25 kNm, V = 25 kN.
+ProjectState Calculated(i16 supportcase = 0)
+{
+    ProjectState s = Plain();
+    s.supportcase = supportcase;
+    s.spring = 50;
+    EXPECT_TRUE(EndsWell(s));
+    return s;
+}
+
+TEST(MomentDiagram, RunsFrom16To86AndItsLargestOrdinateIsTenUnits)
+{
+    const std::vector<PolylineMark> curves = ResultCurves(DrawMyVz(Calculated()));
+    ASSERT_EQ(curves.size(), 3U);  // moment, shear, deflection
+    for (const PolylineMark& curve : curves) {
+        const std::vector<Point>& p = curve.points;
+        const double axis = p.front().y;
+        EXPECT_EQ(p.front().x, 16);
+        EXPECT_EQ(p.back(), (Point{86, axis}));
+        double most = 0;
+        for (int j = 0; j <= 50; ++j) {
+            const Point at = p[static_cast<std::size_t>(j + 1)];
+            EXPECT_NEAR(at.x, 16 + 70.0 * j / 50, 1e-9);
+            most = std::max(most, std::abs(at.y - axis));
+        }
+        EXPECT_NEAR(most, 10, 1e-6);
+    }
+}
+
+TEST(MomentDiagram, PutsPositiveValuesBelowTheAxis)
+{
+    const std::vector<PolylineMark> curves = ResultCurves(DrawMyVz(Calculated()));
+    const double axis = curves[0].points.front().y;
+    EXPECT_NEAR(curves[0].points[26].y, axis + 10, 1e-6);  // sagging at midspan
+    const double shear = curves[1].points.front().y;
+    EXPECT_NEAR(curves[1].points[1].y, shear + 10, 1e-6);
+    EXPECT_NEAR(curves[1].points[51].y, shear - 10, 1e-6);
+}
+
+TEST(MomentDiagram, IsSymmetricForASymmetricLoad)
+{
+    const std::vector<Point> p = ResultCurves(DrawMyVz(Calculated(2)))[0].points;
+    for (std::size_t i = 0; i < p.size(); ++i) {
+        EXPECT_NEAR(p[i].y, p[p.size() - 1 - i].y, 1e-5);
+        EXPECT_NEAR(p[i].x + p[p.size() - 1 - i].x, 102, 1e-9);
+    }
+}
+
+TEST(MomentDiagram, NamesExtremesAndTheirPositions)
+{
+    const Drawing d = DrawMyVz(Calculated());
+    EXPECT_TRUE(HasText(d, "My/Vz/Deflection (kNm/kN/mm)"));
+    EXPECT_TRUE(HasText(d, "M"));
+    EXPECT_TRUE(HasText(d, "V"));
+    EXPECT_TRUE(HasText(d, "31.3  x=2.500 m"));  // 31.25, the half rounded away from zero
+    EXPECT_TRUE(HasText(d, "25.0  x=0.000 m"));
+    EXPECT_TRUE(HasText(d, "-25.0  x=5.000 m"));
+}
+
+// Pinned and fixed: M = 3qL x/8 - q x2/2 is zero at 3L/4 = 3.75 m.
+TEST(MomentDiagram, NamesZeroCrossings)
+{
+    const Drawing d = DrawMyVz(Calculated(1));
+    std::string found;
+    for (const std::string& text : TextsOf(d)) {
+        found = text.starts_with("x=3.7") ? text : found;
+    }
+    EXPECT_THAT(found, ::testing::AnyOf("x=3.750 m", "x=3.749 m"));
+}
+
+// A cantilever: M = -q L2/2 = -125 kNm at its fixed end.
+TEST(MomentDiagram, OfACantileverHasItsExtremeAtTheStart)
+{
+    const ProjectState s = Calculated(4);
+    const Drawing d = DrawMyVz(s);
+    const std::vector<Point> p = ResultCurves(d)[0].points;
+    EXPECT_NEAR(p[1].y, p[0].y - 10, 1e-6);
+    EXPECT_TRUE(HasText(d, "-125.0  x=0.000 m"));
+}
+
+TEST(MomentDiagram, IsFlatWithoutMomentAndDividesByNothing)
+{
+    ProjectState s = Plain();
+    s.qload = {};
+    ASSERT_TRUE(EndsWell(s));
+    std::feclearexcept(FE_ALL_EXCEPT);
+    const Drawing d = DrawMyVz(s);
+    EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO | FE_INVALID), 0);
+    for (const PolylineMark& curve : ResultCurves(d)) {
+        for (const Point& p : curve.points) {
+            EXPECT_EQ(p.y, curve.points.front().y);
+        }
+    }
+    for (const std::string& text : TextsOf(d)) {
+        EXPECT_THAT(text, Not(HasSubstr("x=")));
+        EXPECT_THAT(text, Not(HasSubstr("l/")));
+    }
+}
+
+TEST(MomentDiagram, ShowsSelfweightAlone)
+{
+    ProjectState s = Plain();
+    s.qload = {};
+    s.selfweight = 1;
+    ASSERT_TRUE(EndsWell(s));
+    const std::vector<Point> p = ResultCurves(DrawMyVz(s))[0].points;
+    EXPECT_NEAR(p[26].y - p[0].y, 10, 1e-6);
+    EXPECT_EQ(ResultCurves(DrawMzVy(s))[0].points[26].y, ResultCurves(DrawMzVy(s))[0].points[0].y);
+}
+
+TEST(MomentDiagram, OfTheOtherAxisReadsTheOtherResults)
+{
+    ProjectState s = Plain();
+    s.qdir[1] = 0;
+    s.qload[1] = 4;  // M = 4 25/8 = 12.5 kNm about z
+    s.qload[2] = s.qload[3] = s.qload[4] = 0;
+    ASSERT_TRUE(EndsWell(s));
+    const Drawing d = DrawMzVy(s);
+    EXPECT_TRUE(HasText(d, "Mz/Vy/Deflection (kNm/kN/mm)"));
+    EXPECT_TRUE(HasText(d, "12.5  x=2.500 m"));
+}
+
+TEST(DeflectionText, GivesSizeAndPartOfTheLength)
+{
+    ProjectState s{};
+    s.l = 5;
+    EXPECT_EQ(DeflectionText(s, 12.3), "Deflection: 12.3 mm  = l/407");  // 5000/12.3 = 406.5
+    EXPECT_THAT(DeflectionText(s, 0), IsEmpty());
+}
+
+TEST(EndForceDiagram, IsStraightWithItsOwnTitlesAndReference)
+{
+    ProjectState s = Plain();
+    s.loadmode = 0;
+    s.my1 = -20;
+    s.my2 = 40;
+    s.vz1 = s.vz2 = 12;
+    ASSERT_TRUE(EndsWell(s));
+    const Drawing d = DrawEndMyVz(s);
+    EXPECT_TRUE(HasText(d, "Bending moment (My, kNm)"));
+    EXPECT_TRUE(HasText(d, "Shear (Vz, kN)"));
+    EXPECT_TRUE(HasText(DrawEndMzVy(s), "Bending moment (Mz, kNm)"));
+    EXPECT_TRUE(HasText(DrawEndMzVy(s), "Shear (Vy, kN)"));
+    EXPECT_TRUE(HasText(d, "-20.0"));
+    EXPECT_TRUE(HasText(d, "40.0"));
+    const std::vector<PolylineMark> curves = ResultCurves(d);
+    ASSERT_EQ(curves.size(), 2U);
+    const std::vector<Point>& p = curves[0].points;
+    EXPECT_NEAR(p[1].y - p[0].y, -5, 1e-6);  // -20/40 of ten units
+    EXPECT_NEAR(p[26].y - p[0].y, 2.5, 1e-5);
+    EXPECT_NEAR(p[51].y - p[0].y, 10, 1e-6);
+}
+
+TEST(DrawAll, FollowsTheModeOfLoading)
+{
+    ProjectState s = Calculated();
+    EXPECT_TRUE(HasText(DrawAll(s, LoadAxis::z).load, "Lateral Load"));
+    EXPECT_TRUE(HasText(DrawAll(s, LoadAxis::z).moment, "My/Vz/Deflection (kNm/kN/mm)"));
+    EXPECT_TRUE(HasText(DrawAll(s, LoadAxis::y).moment, "Mz/Vy/Deflection (kNm/kN/mm)"));
+    s.loadmode = 0;
+    EXPECT_TRUE(HasText(DrawAll(s, LoadAxis::y).moment, "Shear (Vy, kN)"));
+}
+
+ProjectState Counted()
+{
+    ProjectState s{};
+    s.l = 5;
+    for (std::size_t j = 0; j < s.mydiag.size(); ++j) {
+        s.mydiag[j] = static_cast<float>(j);
+        s.vzdiag[j] = -static_cast<float>(j);
+        s.mzdiag[j] = 100;
+        s.vydiag[j] = 0.25F;
+    }
+    return s;
+}
+
+TEST(HoverText, ReadsTheNearestPoint)
+{
+    const ProjectState s = Counted();
+    EXPECT_EQ(HoverText(s, LoadAxis::z, 16), " x = 0.000 m  My = 0.0 kNm  Vz = 0.0 kNm ");
+    EXPECT_EQ(HoverText(s, LoadAxis::z, 51), " x = 2.500 m  My = 25.0 kNm  Vz = -25.0 kNm ");
+    EXPECT_EQ(HoverText(s, LoadAxis::y, 51), " x = 2.500 m  Mz = 100.0 kNm  Vy = 0.3 kNm ");
+}
+
+// 3.5 units are 2.5 intervals, 10.5 units are 7.5.
+TEST(HoverText, TakesTheEvenPointHalfWay)
+{
+    const ProjectState s = Counted();
+    EXPECT_THAT(HoverText(s, LoadAxis::z, 19.5), HasSubstr("My = 2.0 kNm"));
+    EXPECT_THAT(HoverText(s, LoadAxis::z, 26.5), HasSubstr("My = 8.0 kNm"));
+}
+
+TEST(HoverText, IsEmptyOutsideTheMember)
+{
+    const ProjectState s = Counted();
+    EXPECT_THAT(HoverText(s, LoadAxis::z, std::nextafter(86.0, 0.0)), HasSubstr("My = 50.0 kNm"));
+    EXPECT_THAT(HoverText(s, LoadAxis::z, 86), IsEmpty());
+    EXPECT_THAT(HoverText(s, LoadAxis::z, 15.999), IsEmpty());
+    EXPECT_THAT(HoverText(s, LoadAxis::z, std::numeric_limits<double>::quiet_NaN()), IsEmpty());
+}
+
+// Kinds of loading, one a bit: uniform; second uniform and self-weight; trapezoid and axial;
+// points.
+
+void Load(ProjectState& s, int kinds, i16 direction)
+{
+    s.qload = {};
+    s.nload = {};
+    if ((kinds & 1) != 0) {
+        s.qload[1] = 10;
+        s.qdir[1] = direction;
+    }
+    if ((kinds & 2) != 0) {
+        s.qload[2] = -4;
+        s.qdir[2] = direction;
+        s.qtype[2] = 1;
+        s.selfweight = 1;
+    }
+    if ((kinds & 4) != 0) {
+        s.qt1[1] = 2;
+        s.qt2[1] = 8;
+        s.qtx1[1] = 1;
+        s.qtx2[1] = 4;
+        s.qtdir[1] = direction;
+        s.nload[1] = 5;
+        s.nload[2] = -25;
+        s.ntype[2] = 1;
+    }
+    if ((kinds & 8) != 0) {
+        for (std::size_t k = 1; k <= 8; ++k) {  // crowded, of both kinds and signs
+            s.pm[k] = k % 3 == 0 ? -120.5F : 33.3F;
+            s.pmx[k] = static_cast<float>(k) * (k > 5 ? 0.55F : 0.2F);
+            s.pmkind[k] = k % 2 == 0;
+            s.pmdir[k] = direction;
+            s.pmtype[k] = static_cast<i16>(k % 3);
+        }
+    }
+}
+
+void ExpectAllLegible(const ProjectState& s)
+{
+    for (const LoadAxis axis : {LoadAxis::z, LoadAxis::y}) {
+        const AxisPictures pictures = DrawAll(s, axis);
+        ExpectLegible(pictures.load);
+        ExpectLegible(pictures.moment);
+        ExpectLegible(DrawSheet(s, axis));
+    }
+    ExpectLegible(DrawMember(s));
+}
+
+TEST(Diagrams, AreLegibleForEverySupportAndKindOfLoading)
+{
+    for (i16 supportcase = 0; supportcase <= 5; ++supportcase) {
+        for (int kinds = 0; kinds < 1 << 4; ++kinds) {
+            for (const i16 direction : {kFalse, i16{1}}) {
+                ProjectState s = Plain();
+                s.loadcomb = kEq610;
+                s.supportcase = supportcase;
+                s.spring = 50;
+                s.row[0] = 20;
+                Load(s, kinds, direction);
+                SCOPED_TRACE(testing::Message() << "support " << supportcase << " kinds " << kinds
+                                                << " direction " << direction);
+                ASSERT_TRUE(EndsWell(s));
+                ExpectAllLegible(s);
+            }
+        }
+    }
+}
+
+TEST(Diagrams, AreLegibleForGivenEndForces)
+{
+    for (i16 supportcase = 0; supportcase <= 5; ++supportcase) {
+        for (const float m1 : {-1234.5F, 0.0F, 20.0F}) {
+            for (const float m2 : {-30.0F, 0.0F, 9876.5F}) {
+                ProjectState s = Plain();
+                s.row[0] = 20;
+                s.supportcase = supportcase;
+                s.spring = 50;
+                s.loadmode = 0;
+                s.my1 = s.mz2 = m1;
+                s.my2 = s.mz1 = m2;
+                s.vz1 = s.vy2 = (m2 - m1) / 5;
+                s.vz2 = s.vy1 = -s.vz1;
+                s.ne = 10;
+                SCOPED_TRACE(testing::Message() << supportcase << " " << m1 << " " << m2);
+                ASSERT_TRUE(EndsWell(s));
+                ExpectAllLegible(s);
+            }
+        }
+    }
+}
+
+TEST(Diagrams, AreLegibleForEveryFamily)
+{
+    constexpr i16 kFamilies[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 15, 16,  21,  22, 23,
+                                 24, 25, 26, 27, 28, 31, 41, 51, 52, 53, 54, 56, 101, 102, 103};
+    for (const i16 family : kFamilies) {
+        ProjectState s = Plain(family);
+        Load(s, 15, 1);
+        s.nload = {};
+        s.l = 5;
+        SCOPED_TRACE(family);
+        ASSERT_TRUE(EndsWell(s));
+        ExpectAllLegible(s);
+    }
+}
+
+}  // namespace
+}  // namespace kestrum
