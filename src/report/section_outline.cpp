@@ -11,7 +11,7 @@ namespace {
 using Ring = std::vector<Point>;
 using Side = SectionDimension::Side;
 
-constexpr int kArcSteps = 8;
+constexpr int kArcSteps = 12;
 
 // A corner of a ring with the radius that rounds it.
 struct Corner {
@@ -98,9 +98,9 @@ Taper TaperOf(const SectionShape& s)
     case 16:
         return s.h > 300 ? Taper{0.05, (s.b - s.tw) / 2} : Taper{0.08, s.b / 2};
     case 102:
-        return {std::tan(5 * std::numbers::pi / 180), s.b / 4};
+        return {std::tan(8 * std::numbers::pi / 180), (s.b - s.tw) / 4};
     default:
-        return {std::tan(5 * std::numbers::pi / 180), s.b / 2};
+        return {0.08, s.b / 2};
     }
 }
 

@@ -1,0 +1,102 @@
+#include "report/choice_pictures.h"
+#include "report/mode_shapes.h"
+
+#include "report/drawing_checks.h"
+
+#include <numbers>
+
+namespace kestrum {
+namespace {
+
+TEST(ChoicePictures, AreInsideTheirExtent)
+{
+    std::vector<Drawing> all;
+    for (int i = -1; i <= 6; ++i) {
+        all.push_back(SupportPicture(i));
+        all.push_back(BucklingPicture(i));
+        all.push_back(LateralBucklingPicture(i));
+        all.push_back(LateralRestraintPicture(i));
+        all.push_back(VortexSupportPicture(i));
+    }
+    for (const Drawing& d : all) {
+        EXPECT_TRUE(BoundsOf(d).Inside({0, 0, d.width, d.height})) << d.title;
+    }
+}
+
+TEST(BucklingPicture, TellsTheLengthFactor)
+{
+    const char* const factors[] = {"2.0", "1.0", "0.7", "0.5", "0"};
+    for (int choice = 1; choice <= 5; ++choice) {
+        EXPECT_TRUE(HasText(BucklingPicture(choice), factors[choice - 1])) << choice;
+    }
+}
+
+// The ends of each case, the largest ordinate, and by Euler's cases how the shape leaves its foot.
+TEST(BuckledShape, FulfilsTheSupports)
+{
+    constexpr double kStep = 1e-6;
+    for (int choice = 1; choice <= 4; ++choice) {
+        EXPECT_NEAR(BuckledShape(choice, 0), 0, 1e-9);
+        EXPECT_NEAR(BuckledShape(choice, 1), choice == 1 ? 1 : 0, 1e-5);
+        const double slope = BuckledShape(choice, kStep) / kStep;
+        EXPECT_NEAR(slope, choice == 2 ? std::numbers::pi : 0, 1e-4);
+        double most = 0;
+        for (int i = 0; i <= 1000; ++i) {
+            most = std::max(most, BuckledShape(choice, i / 1000.0));
+        }
+        EXPECT_NEAR(most, 1, 1e-5);
+    }
+    EXPECT_EQ(BuckledShape(5, 0.5), 0);
+}
+
+int ZerosInside(int supportcase, int mode)
+{
+    int zeros = 0;
+    for (int i = 2; i < 998; ++i) {
+        const double a = ModeShape(supportcase, mode, i / 1000.0);
+        const double b = ModeShape(supportcase, mode, (i + 1) / 1000.0);
+        zeros += (a > 0) != (b > 0);
+    }
+    return zeros;
+}
+
+// Mode n of a beam has n - 1 nodes between its ends.
+TEST(ModeShape, HasOneNodeMoreEachModeAndFulfilsTheSupports)
+{
+    for (const int supportcase : {0, 1, 2, 4}) {
+        for (int mode = 1; mode <= 3; ++mode) {
+            EXPECT_EQ(ZerosInside(supportcase, mode), mode - 1) << supportcase << " " << mode;
+            EXPECT_NEAR(ModeShape(supportcase, mode, 0), 0, 1e-4);
+            if (supportcase != 4) {
+                EXPECT_NEAR(ModeShape(supportcase, mode, 1), 0, 1e-4);
+            } else {
+                EXPECT_NEAR(std::abs(ModeShape(4, mode, 1)), 1, 1e-9);  // the free end
+            }
+        }
+    }
+    EXPECT_EQ(ModeShape(3, 1, 0.5), 0);
+    EXPECT_EQ(ModeShape(0, 4, 0.5), 0);
+}
+
+// Pinned at x = 0, fixed at x = 1: flat at the fixed end only.
+TEST(ModeShape, OfPinnedAndFixedEndsIsFixedAtTheFarEnd)
+{
+    EXPECT_GT(std::abs(ModeShape(1, 1, 0.01)), 0.02);
+    EXPECT_LT(std::abs(ModeShape(1, 1, 0.99)), 0.002);
+}
+
+TEST(DrawModeShapes, NamesMassFrequencyAndPeriod)
+{
+    ProjectState s{};
+    s.l = 5;
+    s.modalmass = 1108;
+    s.freq = {0, 12.5F, 50, 100};
+    const Drawing d = DrawModeShapes(s);
+    EXPECT_TRUE(HasText(d, "Mass: m = 1108 kg/m"));
+    EXPECT_TRUE(HasText(d, "Mode 1: 12.50 Hz/0.08s"));
+    EXPECT_TRUE(HasText(d, "Mode 3: 100.00 Hz/0.01s"));
+    ExpectLegible(d);
+}
+
+}  // namespace
+}  // namespace kestrum

@@ -1,0 +1,192 @@
+#include "report/load_drawing.h"
+
+#include "report/drawing_checks.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <array>
+
+namespace kestrum {
+namespace {
+
+using ::testing::IsEmpty;
+
+ProjectState Member()
+{
+    ProjectState s{};
+    s.l = 5;
+    s.loadmode = 1;
+    return s;
+}
+
+// Tips of the arrows: the first corner of every filled triangle.
+std::vector<Point> Tips(const Drawing& d, Ink ink)
+{
+    std::vector<Point> tips;
+    for (const PolygonMark& mark : MarksOf<PolygonMark>(d)) {
+        if (mark.filled && mark.fill == ink && mark.rings[0].size() == 3) {
+            tips.push_back(mark.rings[0][0]);
+        }
+    }
+    return tips;
+}
+
+std::vector<double> HeightsOfMember(const Drawing& d)
+{
+    std::vector<double> heights;
+    for (const LineMark& line : MarksOf<LineMark>(d)) {
+        if (line.ink == Ink::member && line.from.x == 16 && line.to.x == 86) {
+            heights.push_back(line.from.y);
+        }
+    }
+    return heights;
+}
+
+TEST(DrawMember, SpansSeventyUnitsFrom16AndNamesItsLength)
+{
+    const Drawing d = DrawMember(Member());
+    EXPECT_EQ(HeightsOfMember(d).size(), 1U);
+    EXPECT_TRUE(HasText(d, "L = 5.000 m"));
+}
+
+TEST(DrawMember, TellsThePercentageOfEachSpring)
+{
+    const auto springs = [](i16 supportcase) {
+        ProjectState s = Member();
+        s.supportcase = supportcase;
+        s.spring = 35;
+        const std::vector<std::string> texts = TextsOf(DrawMember(s));
+        return std::count(texts.begin(), texts.end(), "35 %");
+    };
+    EXPECT_EQ(springs(3), 2);
+    EXPECT_EQ(springs(5), 1);
+    for (const i16 supportcase : std::array<i16, 4>{0, 1, 2, 4}) {
+        EXPECT_EQ(springs(supportcase), 0);
+    }
+}
+
+TEST(DrawMember, DiffersBetweenTheSupportCases)
+{
+    std::vector<std::size_t> marks;
+    for (i16 supportcase = 0; supportcase <= 5; ++supportcase) {
+        ProjectState s = Member();
+        s.supportcase = supportcase;
+        const Bounds all = BoundsOf(DrawMember(s));
+        EXPECT_TRUE(all.Inside({0, 0, 102, 17})) << supportcase;
+        marks.push_back(DrawMember(s).marks.size());
+    }
+    EXPECT_LT(marks[4], marks[2]);  // a free end has no support
+}
+
+TEST(DrawLoad, NamesEveryKindWithValueAndCategory)
+{
+    ProjectState s = Member();
+    s.qload[1] = 10;
+    s.qdir[1] = 1;
+    s.qt1[1] = 5;
+    s.qt2[1] = 15;
+    s.qtx1[1] = 1;
+    s.qtx2[1] = 4;
+    s.qtdir[1] = 1;
+    s.qttype[1] = 1;
+    s.pm[1] = 25;
+    s.pmx[1] = 2;
+    s.pmdir[1] = 1;
+    s.pmtype[1] = 2;
+    s.pm[2] = -8;
+    s.pmx[2] = 4;
+    s.pmdir[2] = 1;
+    s.pmkind[2] = 1;
+    const Drawing d = DrawLoadZ(s);
+    EXPECT_TRUE(HasText(d, "Lateral Load"));
+    EXPECT_TRUE(HasText(d, "10.0 kN/m (G) "));
+    EXPECT_TRUE(HasText(d, "5.0 - 15.0 kN/m (Q1) "));
+    EXPECT_TRUE(HasText(d, "25.0 kN (Q2) "));
+    EXPECT_TRUE(HasText(d, "-8.0 kNm (G) "));
+
+    const std::vector<std::string> other = TextsOf(DrawLoadY(s));
+    EXPECT_EQ(other, (std::vector<std::string>{"Lateral Load", "L = 5.000 m"}));
+}
+
+TEST(DrawLoad, PutsAPointForceAtItsPlaceInItsDirection)
+{
+    ProjectState s = Member();
+    s.pm[1] = 25;
+    s.pmx[1] = 2;
+    s.pmdir[1] = 1;
+    Drawing d = DrawLoadZ(s);
+    const double axis = HeightsOfMember(d)[0];
+    ASSERT_EQ(Tips(d, Ink::load).size(), 1U);
+    EXPECT_NEAR(Tips(d, Ink::load)[0].x, 16 + 70 * 0.4, 1e-6);
+    EXPECT_NEAR(Tips(d, Ink::load)[0].y, axis, 0.5);
+    s.pm[1] = -25;
+    d = DrawLoadZ(s);
+    EXPECT_LT(Tips(d, Ink::load)[0].y, axis - 5);  // upwards
+}
+
+TEST(DrawLoad, LeavesOutWhatIsNotCheckedAmongBasicLoads)
+{
+    ProjectState s = Member();
+    s.loadcomb = 5;
+    s.qload[1] = 10;
+    s.qload[2] = 20;
+    s.qdir[1] = s.qdir[2] = 1;
+    s.qchecked[2] = kTrue;
+    EXPECT_FALSE(HasText(DrawLoadZ(s), "10.0 kN/m (G) "));
+    EXPECT_TRUE(HasText(DrawLoadZ(s), "20.0 kN/m (G) "));
+}
+
+TEST(AxialLoad, IsTheSumOfItsRowsByCategory)
+{
+    ProjectState s = Member();
+    EXPECT_THAT(AxialLoadText(s), IsEmpty());
+    s.nload[1] = 100;
+    s.nload[3] = 20;
+    s.ntype[3] = 2;
+    EXPECT_EQ(AxialLoadText(s), "Axial Load: 100.0 (G) +20.0 (Q2) ");
+    EXPECT_TRUE(HasText(DrawLoadY(s), AxialLoadText(s)));
+}
+
+TEST(DrawAxial, PointsAtTheMemberInCompression)
+{
+    ProjectState s = Member();
+    s.ned = 123.45;
+    const std::vector<Point> push = Tips(DrawLoadZ(s), Ink::load);
+    EXPECT_TRUE(HasText(DrawLoadZ(s), " Axial force (kN) 123.5"));
+    EXPECT_TRUE(HasText(DrawLoadZ(s), "Axial Load"));
+    s.ned = -10;
+    const std::vector<Point> pull = Tips(DrawLoadZ(s), Ink::load);
+    ASSERT_EQ(push.size(), 1U);
+    ASSERT_EQ(pull.size(), 1U);
+    EXPECT_LT(push[0].x, pull[0].x);
+    s.ned = 0;
+    EXPECT_THAT(Tips(DrawLoadZ(s), Ink::load), IsEmpty());
+}
+
+TEST(DrawLoad, ShowsTheEndForcesInTheirMode)
+{
+    ProjectState s = Member();
+    s.loadmode = 0;
+    s.my1 = -20;
+    s.vz2 = 7.5F;
+    s.mz2 = 3;
+    EXPECT_TRUE(HasText(DrawLoadZ(s), "My1 = -20.0 kNm"));
+    EXPECT_TRUE(HasText(DrawLoadZ(s), "Vz2 = 7.5 kN"));
+    EXPECT_TRUE(HasText(DrawLoadY(s), "Mz2 = 3.0 kNm"));
+    EXPECT_FALSE(HasText(DrawLoadZ(s), "Lateral Load"));
+}
+
+TEST(DrawLoad, StandsAMemberWithoutLength)
+{
+    ProjectState s = Member();
+    s.l = 0;
+    s.qt1[1] = s.qt2[1] = 5;
+    s.qtdir[1] = 1;
+    s.pm[1] = 1;
+    s.pmdir[1] = 1;
+    ExpectLegible(DrawLoadZ(s));
+}
+
+}  // namespace
+}  // namespace kestrum
