@@ -9,7 +9,12 @@
 
 namespace kestrum::cli {
 
-int Check(const Options& options, const std::vector<std::string>& files, bool page);
+// What the text of a check has beside the result panel.
+struct TextParts {
+    bool loadcase = false;  // the governing load case
+    bool notes = false;     // the design notes
+};
+int Check(const Options& options, const std::vector<std::string>& files, const TextParts& parts);
 int Dump(const Options& options, const std::string& file, bool inputs);
 
 struct NewArguments {
@@ -35,5 +40,17 @@ struct DiagramArguments {
     std::string axis = "z";  // of the loads: z or y
 };
 int Diagram(const Options& options, const DiagramArguments& arguments);
+
+struct TableArguments {
+    std::string file;
+    std::string out;  // .xlsx or .csv; empty: text on standard output
+};
+int DetailedTable(const Options& options, const TableArguments& arguments);
+
+struct ReportArguments {
+    std::string kind;  // control, section, vortex
+    std::string file, out;
+};
+int Report(const Options& options, const ReportArguments& arguments);
 
 }  // namespace kestrum::cli

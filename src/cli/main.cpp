@@ -36,18 +36,22 @@ int Run(int argc, char** argv)
     std::vector<std::string> files;
     std::string file;
     bool inputs = false;
-    bool page = false;
+    TextParts parts;
     NewArguments fresh;
     SetArguments change;
     std::string family;
     DiagramArguments picture;
+    TableArguments table;
+    ReportArguments report;
 
     CLI::App& check =
         *app.add_subcommand("check", "calculates and prints the result panel of each file");
     check.add_option("FILE", files, "project files, - for standard input")->required();
-    check.add_flag("--loadcase", page, "with the governing load case");
+    check.add_flag("--loadcase", parts.loadcase, "with the governing load case");
+    check.add_flag("--notes", parts.notes,
+                   "with a note for each deviation from the standard that acts in the result");
     AddFormat(check, options, kAllFormats);
-    check.callback([&] { exit = Check(options, files, page); });
+    check.callback([&] { exit = Check(options, files, parts); });
 
     CLI::App& dump = *app.add_subcommand("dump", "calculates and prints the whole state as JSON");
     dump.add_option("FILE", file, "project file, - for standard input")->required();
@@ -90,6 +94,21 @@ int Run(int argc, char** argv)
         ->capture_default_str();
     diagram.add_option("-o,--output", picture.out, "file to write: .svg, .png or .pdf")->required();
     diagram.callback([&] { exit = Diagram(options, picture); });
+
+    CLI::App& detailed =
+        *app.add_subcommand("table", "prints the intermediate values of the stability control");
+    detailed.add_option("FILE", table.file, "project file, - for standard input")->required();
+    detailed.add_option("-o,--output", table.out,
+                        "file to write: .xlsx or .csv; text on standard output without it");
+    detailed.callback([&] { exit = DetailedTable(options, table); });
+
+    CLI::App& printed = *app.add_subcommand("report", "writes a printed report, one page A4");
+    printed.add_option("KIND", report.kind, "control, section or vortex")
+        ->required()
+        ->check(CLI::IsMember({"control", "section", "vortex"}));
+    printed.add_option("FILE", report.file, "project file, - for standard input")->required();
+    printed.add_option("-o,--output", report.out, "file to write: .pdf, .svg or .png")->required();
+    printed.callback([&] { exit = Report(options, report); });
 
     try {
         app.parse(argc, argv);

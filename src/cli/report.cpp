@@ -1,0 +1,84 @@
+#include "cli/commands.h"
+
+#include "cli/renderer.h"
+#include "core/arithmetic_trap.h"
+#include "engine/calculate.h"
+#include "report/pages.h"
+#include "service/vortex.h"
+
+#include <array>
+#include <charconv>
+#include <ctime>
+#include <string_view>
+
+namespace kestrum::cli {
+
+namespace {
+
+constexpr DrawingScale kScale{.mm = 1, .svg_pixels = 96 / 25.4, .png_pixels = 150 / 25.4};
+
+std::string Digits(int value, std::size_t places)
+{
+    std::array<char, 8> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+    std::string text(buffer.data(), end);
+    text.insert(0, text.size() < places ? places - text.size() : 0, '0');
+    return text;
+}
+
+PrintStamp Now()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+#ifdef _WIN32
+    localtime_s(&local, &now);
+#else
+    localtime_r(&now, &local);
+#endif
+    return {Digits(local.tm_year + 1900, 4) + "-" + Digits(local.tm_mon + 1, 2) + "-" +
+                Digits(local.tm_mday, 2),
+            Digits(local.tm_hour, 2) + ":" + Digits(local.tm_min, 2)};
+}
+
+// The control after a pass; false when its arithmetic failed.
+bool Shed(ProjectState& s)
+{
+    try {
+        ArmTrap();
+        CalcVortexFrequency(s);
+        CalcVortex(s);
+        CheckTrap();
+    } catch (const CalculationStop&) {
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+int Report(const Options& options, const ReportArguments& arguments)
+{
+    CheckDrawingName(arguments.out);
+    const Library library = LoadTables(options);
+    ProjectState s = OpenProject(library, arguments.file);
+    const bool vortex = arguments.kind == "vortex";
+    if (vortex && !VortexFamily(s.family)) {
+        const std::string_view refusal = VortexRefusal(s.family);
+        throw BadInput(arguments.file + ": " +
+                       std::string(refusal.empty() ? "no such family" : refusal));
+    }
+    if (!Calculate(library, s) || (vortex && !Shed(s))) {
+        Complain(arguments.file + ": " + std::string(kCalculationError));
+        return kFailedPass;
+    }
+    const PrintedReport report = vortex                        ? PrintVortex(library, s, Now())
+                                 : arguments.kind == "section" ? PrintProperties(library, s, Now())
+                                                               : PrintControl(library, s, Now());
+    WriteDrawings(report.pages, kScale, arguments.out);
+    for (const std::string& what : report.missing) {
+        Complain(arguments.out + ": no room on the page for: " + what);
+    }
+    return kAllWithin;
+}
+
+}  // namespace kestrum::cli

@@ -1,0 +1,70 @@
+#include "cli/commands.h"
+
+#include "core/file_io.h"
+#include "engine/calculate.h"
+#include "report/detailed_table.h"
+#ifdef KESTRUM_SPREADSHEET
+#include "spreadsheet/detailed_xlsx.h"
+#endif
+
+#include <filesystem>
+#include <string_view>
+
+namespace kestrum::cli {
+
+namespace {
+
+std::string Failure(const std::string& path, const std::string& reason)
+{
+    return path + ":" + std::string(kSpreadsheetFailure) + "(" + reason + ")";
+}
+
+#ifdef KESTRUM_SPREADSHEET
+void WriteXlsx(const std::vector<DetailedRow>& rows, const std::string& path)
+{
+    const std::string fault = WriteDetailedXlsx(rows, path);
+    if (!fault.empty()) {
+        throw BadInput(Failure(path, fault));
+    }
+}
+#else
+void WriteXlsx(const std::vector<DetailedRow>&, const std::string& path)
+{
+    throw BadInput(Failure(path, "built without libxlsxwriter; .csv needs nothing more"));
+}
+#endif
+
+void WriteCsv(const std::vector<DetailedRow>& rows, const std::string& path)
+{
+    const std::string fault = WriteWholeFile(path, DetailedCsv(rows));
+    if (!fault.empty()) {
+        throw BadInput(path + ": " + fault);
+    }
+}
+
+}  // namespace
+
+int DetailedTable(const Options& options, const TableArguments& arguments)
+{
+    const std::string ending = std::filesystem::path(arguments.out).extension().string();
+    if (!arguments.out.empty() && ending != ".xlsx" && ending != ".csv") {
+        throw BadInput(arguments.out + ": the name has to end in .xlsx or .csv");
+    }
+    const Library library = LoadTables(options);
+    ProjectState s = OpenProject(library, arguments.file);
+    if (!Calculate(library, s)) {
+        Complain(arguments.file + ": " + std::string(kCalculationError));
+        return kFailedPass;
+    }
+    const std::vector<DetailedRow> rows = FillDetailedResult(s);
+    if (ending == ".xlsx") {
+        WriteXlsx(rows, arguments.out);
+    } else if (ending == ".csv") {
+        WriteCsv(rows, arguments.out);
+    } else {
+        Print(DetailedText(rows));
+    }
+    return kAllWithin;
+}
+
+}  // namespace kestrum::cli

@@ -1,0 +1,432 @@
+#include "core/annexes.h"
+#include "core/number_format.h"
+#include "report/diagrams.h"
+#include "report/page_header.h"
+#include "report/page_loading.h"
+#include "report/page_quantities.h"
+#include "report/panel.h"
+#include "report/stages.h"
+#include "service/modal.h"
+#include "stability/buckling_rows.h"
+
+#include <algorithm>
+
+namespace kestrum {
+
+namespace {
+
+constexpr double kSpace = 0.6;  // rows between blocks
+constexpr double kGap = 3;      // mm between pictures and columns
+constexpr std::string_view kNotApplicable = "N/A";
+
+std::string Whole(i16 value)
+{
+    return FormatNum(static_cast<float>(value), "#0");
+}
+
+// --- General ------------------------------------------------------------------------------------
+
+// The class that the load factors of the annex depend on; empty where they depend on none.
+std::string ClassLine(const ProjectState& s)
+{
+    switch (s.annexindex) {
+    case kAnnexNo:
+        return std::string("Reliability Class: ") + (s.safetyclass == 1 ? "1" : "2-4");
+    case kAnnexSw:
+        return "Safety Class: " + Whole(s.safetyclass);
+    case kAnnexDk:
+        return "Consequences Class: " + Whole(s.safetyclass);
+    case kAnnexFi:
+        return "Reliability Class: " + Whole(s.safetyclass);
+    default:
+        return {};
+    }
+}
+
+std::string_view PlateBucklingText(const ProjectState& s)
+{
+    if (s.checkflangebuck != kFalse && s.checkwebbuck != kFalse) {
+        return " Flange/Web buckling not taken into account";
+    }
+    if (s.checkwebbuck != kFalse) {
+        return " Web buckling not taken into account";
+    }
+    return s.checkflangebuck != kFalse ? " Flange buckling not taken into account" : "";
+}
+
+void General(PageWriter& page, const ProjectState& s)
+{
+    page.Heading(kPageLeft, "General: ");
+    double x = page.Write(kPageLeft, "Material: ");
+    x = page.Write(x, "fy = " + FormatNum(s.fyk, "###") +
+                          " MPa    E = " + FormatNum(s.e, "0.000E+0") + " MPa    ");
+    x = page.Write(x, "gm0/gm1 =" + FormatNum(s.gammam0, "#.00") + "/" +
+                          FormatNum(s.gammam1, "#.00") + "    ");
+    page.Write(x, ClassLine(s));
+    page.Row();
+    x = kPageLeft;
+    if (s.checkelastic != kFalse) {
+        x = page.Write(x, "Cross Section Class 1-2: ");
+        x = page.Write(x, "Elastic design   ");
+    }
+    const double end = page.Write(x, PlateBucklingText(s));
+    if (end > kPageLeft) {
+        page.Row();
+    }
+    page.Row(kSpace);
+}
+
+// --- Profile ------------------------------------------------------------------------------------
+
+std::string Joined(const std::vector<Quantity>& quantities)
+{
+    std::string text;
+    for (const Quantity& quantity : quantities) {
+        text += text.empty() ? "" : "  ";
+        text += quantity.symbol + "=" + quantity.value;
+    }
+    return text;
+}
+
+void ShortProfile(PageWriter& page, const Library& library, const ProjectState& s)
+{
+    double x = page.Write(kPageLeft, s.family == 41 ? "Identification: " : "Profile:   ",
+                          {.bold = true, .size = kPageHeading});
+    x = page.Write(x, ProfileText(library, s, true), {.bold = true, .size = kPageHeading});
+    const std::string sizes = Joined(DimensionsOf(s));
+    if (!sizes.empty()) {
+        page.Write(x + kGap, sizes + " (mm)");
+    }
+    page.Row();
+    x = page.Write(kPageLeft, "A = " + FormatNum(s.a, "#0") +
+                                  " mm2    Iy = " + FormatNum(s.iy, "0.000E+0") +
+                                  " mm4    Iz = " + FormatNum(s.iz, "0.000E+0") +
+                                  " mm4    G = " + FormatNum(s.weight, "#0.0") + " kg/m    ");
+    page.Write(x, "Section class: " + ClassText(s));
+    page.Row();
+    page.Row(kSpace);
+}
+
+// --- Geometry and loading -----------------------------------------------------------------------
+
+void Geometry(PageWriter& page, const ProjectState& s, double right)
+{
+    page.WriteBold(kPageLeft, "Geometry/Loading:", right);
+    const Drawing member = DrawMember(s);
+    const double scale = std::min(1.0, (right - kPageLeft) / member.width);
+    page.Picture(member, {kPageLeft, page.y() + 1}, scale);
+    page.MoveTo(page.y() + 1 + member.height * scale + kPageRow);
+    constexpr int kSprings = 3, kOneSpring = 5;
+    if (s.supportcase == kSprings || s.supportcase == kOneSpring) {
+        page.Write(kPageLeft,
+                   "Spring restraint: " + FormatNum(static_cast<float>(s.spring), "00") + "%", {},
+                   right);
+        page.Row();
+    }
+    page.Write(kPageLeft, std::string("End Supports: ") + (s.endstiff == 1 ? "Rigid" : "Non-rigid"),
+               {}, right);
+    page.Row();
+    if (s.webstiff == 1) {
+        page.Write(kPageLeft, "Web stiffener: c/c " + FormatNum(s.webstiffa, "##0 mm"), {}, right);
+        page.Row();
+    }
+}
+
+void GeometryAndLoading(PageWriter& page, const ProjectState& s)
+{
+    const double top = page.y();
+    Geometry(page, s, kPageMiddle - kGap);
+    const double below_geometry = page.y();
+    page.MoveTo(top);
+    if (s.loadmode == 1) {
+        page.WriteBold(kPageMiddle, "Loading/Moment: (kN/kNm/m)");
+        page.Row();
+        PrintLoading(page, s, kPageMiddle, kPageRight);
+    } else {
+        PrintEndForces(page, s, kPageMiddle, kPageRight);
+    }
+    page.MoveTo(std::max(page.y(), below_geometry));
+    if (s.loadmode == 1) {
+        PrintCombination(page, s);
+    }
+    page.Row(kSpace);
+}
+
+// --- Diagrams -----------------------------------------------------------------------------------
+
+// The pictures of one axis, one below the other, without their empty margins.
+struct Column {
+    Drawing drawing;
+    Bounds bounds;
+    double Width() const { return bounds.right - bounds.left; }
+    double Height() const { return bounds.bottom - bounds.top; }
+};
+
+Column ColumnOf(const ProjectState& s, LoadAxis axis, bool loads)
+{
+    const AxisPictures pictures = DrawAll(s, axis);
+    Column column;
+    column.drawing.width = kPictureWidth;
+    if (loads) {
+        Place(column.drawing, pictures.load, {});
+    }
+    Place(column.drawing, pictures.moment, {0, loads ? pictures.load.height : 0});
+    column.bounds = BoundsOf(column.drawing);
+    return column;
+}
+
+// Smaller than this the figures of a diagram cannot be read.
+constexpr double kSmallestScale = 0.88;
+
+// Both axes side by side in the height given; false if they would become too small to read.
+bool PlaceDiagrams(PageWriter& page, const ProjectState& s, bool loads, double height)
+{
+    const Column z = ColumnOf(s, LoadAxis::z, loads);
+    const Column y = ColumnOf(s, LoadAxis::y, loads);
+    const double across = (kPageRight - kPageLeft - kGap) / (z.Width() + y.Width());
+    const double tall = std::max(z.Height(), y.Height());
+    const double scale = std::min({1.0, across, height / tall});
+    if (scale < kSmallestScale) {
+        return false;
+    }
+    const double top = page.y() - kPageRow;
+    const auto place = [&](const Column& column, double left) {
+        page.Picture(column.drawing,
+                     {left - column.bounds.left * scale, top - column.bounds.top * scale}, scale);
+    };
+    place(z, kPageLeft);
+    place(y, kPageRight - y.Width() * scale);
+    page.MoveTo(top + tall * scale + kPageRow);
+    page.Row(kSpace);
+    return true;
+}
+
+// `below` is the height of what has to follow.
+void Diagrams(PageWriter& page, const ProjectState& s, double below)
+{
+    const double height = page.Room() - below - kSpace * kPageRow;
+    if (PlaceDiagrams(page, s, true, height)) {
+        return;
+    }
+    if (PlaceDiagrams(page, s, false, height)) {
+        page.Miss("load diagrams of both axes");
+        return;
+    }
+    page.Miss("load, moment, shear and deflection diagrams of both axes");
+}
+
+// --- Buckling parameters ------------------------------------------------------------------------
+
+struct AxisBuckling {
+    bool buckles;
+    float factor;
+    Literal curve;
+    double slenderness, reduction, critical, resistance;
+};
+
+void BucklingTable(PageWriter& page, const ProjectState& s, double right)
+{
+    const bool angle = s.family == 10 || s.family == 11;
+    const bool ran = StagesOf(s).axial;
+    const AxisBuckling first =
+        angle
+            ? AxisBuckling{ran && BucklesAboutY(s), s.ly, s.curvez, s.lamu, s.chiu, s.ncru, s.nburd}
+            : AxisBuckling{
+                  ran && BucklesAboutY(s), s.ly, s.curvey, s.lamy, s.chiy, s.ncry, s.nbyrd};
+    const AxisBuckling second =
+        angle
+            ? AxisBuckling{ran && BucklesAboutZ(s), s.lz, s.curvez, s.lamv, s.chiv, s.ncrv, s.nbvrd}
+            : AxisBuckling{
+                  ran && BucklesAboutZ(s), s.lz, s.curvez, s.lamz, s.chiz, s.ncrz, s.nbzrd};
+
+    const double stop1 = kPageLeft + 0.68 * (right - kPageLeft);
+    const auto row = [&](std::string_view name, std::string_view one, std::string_view two,
+                         bool bold = false) {
+        page.Write(kPageLeft, name, {.bold = bold}, stop1);
+        page.Write(stop1, one, {.bold = bold, .align = Align::right});
+        page.Write(right, two, {.bold = bold, .align = Align::right});
+        page.Row();
+    };
+    const auto values = [&](std::string_view name, double AxisBuckling::*value,
+                            std::string_view pattern) {
+        const auto text = [&](const AxisBuckling& axis) {
+            return axis.buckles ? FormatNum(axis.*value, pattern) : std::string(kNotApplicable);
+        };
+        row(name, text(first), text(second));
+    };
+    const auto curve = [](const AxisBuckling& axis) {
+        return axis.buckles ? axis.curve.text() : kNotApplicable;
+    };
+    row("Buckling parameters:", angle ? "U-axis" : "Y-axis", angle ? "V-axis" : "Z-axis", true);
+    row("Buckling length factor", FormatNum(first.factor, "0.00#"),
+        FormatNum(second.factor, "0.00#"));
+    row("Buckling Curve", curve(first), curve(second));
+    values("Slenderness", &AxisBuckling::slenderness, "0.000");
+    values("Reduction factor", &AxisBuckling::reduction, "0.000");
+    values("Ncr (kN)", &AxisBuckling::critical, "#0.0");
+    values("Nb,Rd (kN)", &AxisBuckling::resistance, "#0.0");
+}
+
+void LateralParameters(PageWriter& page, const ProjectState& s, double left)
+{
+    const StagesRun run = StagesOf(s);
+    page.WriteBold(left, "Lateral buckling parameters:");
+    page.Row();
+    page.Write(left, "Lateral torsional buckling length factor, k = " + FormatNum(s.ltbk, "0.00#"));
+    page.Row();
+    page.Write(left, "Mb,Rd = " + (run.lateral ? FormatNum(s.xlt * s.mltrd, "#0.0") + " kNm"
+                                               : std::string(kNotApplicable)));
+    page.Row();
+    page.Write(left, "Number of lateral restraint of compression flange: " + Whole(s.restraints));
+    page.Row();
+    if (run.lateral) {
+        page.Write(left, "Mcr = " + FormatNum(s.mcr / 1e6, "#0.0") +  // Nmm to kNm
+                             " kNm    Slenderness = " + FormatNum(s.lamlt, "0.000"));
+        page.Row();
+    }
+}
+
+void StabilityParameters(PageWriter& page, const ProjectState& s)
+{
+    const bool axial = HasBuckleBlock(s.family) && !(s.family >= 51 && s.family <= 56);
+    const double top = page.y();
+    double bottom = top;
+    if (axial) {
+        BucklingTable(page, s, kPageMiddle - 4 * kGap);
+        bottom = page.y();
+    }
+    if (s.ltb != 0) {
+        page.MoveTo(top);
+        LateralParameters(page, s, axial ? kPageMiddle : kPageLeft);
+        bottom = std::max(bottom, page.y());
+    }
+    page.MoveTo(bottom);
+    if (bottom > top) {
+        page.Row(kSpace);
+    }
+}
+
+// --- Results ------------------------------------------------------------------------------------
+
+double WidthOf(const std::vector<TextRun>& runs, double size)
+{
+    double width = 0;
+    for (const TextRun& run : runs) {
+        width += TextWidth(run.text, size, run.bold);
+    }
+    return width;
+}
+
+void WriteRuns(PageWriter& page, double x, const std::vector<TextRun>& runs, double size)
+{
+    for (const TextRun& run : runs) {
+        const Ink ink = run.colour == kWithin  ? Ink::good
+                        : run.colour == kAbove ? Ink::bad
+                                               : Ink::text;
+        x = page.Write(x, run.text,
+                       {.bold = run.bold, .underline = run.underline, .ink = ink, .size = size});
+    }
+}
+
+// The ratios of a block stand in one column. A block that is too wide for the page gets smaller
+// text first, then its ratios on lines of their own.
+void ResultBlock(PageWriter& page, const PanelBlock& block)
+{
+    constexpr double kColumnGap = 1.5;
+    const double full = kPageRight - kPageLeft;
+    const auto column = [&](double size) {
+        double widest = kLeastColumn;
+        for (const PanelLine& line : block) {
+            if (!line.result.empty()) {
+                widest = std::max(widest, WidthOf(line.left, size));
+            }
+        }
+        return widest + kColumnGap;
+    };
+    const auto width = [&](double size) {
+        double widest = 0;
+        for (const PanelLine& line : block) {
+            widest = std::max(widest, WidthOf(line.result, size));
+        }
+        return column(size) + widest;
+    };
+    const double size = width(kPageText) <= full ? kPageText : kPageSmallText;
+    const bool own_line = width(size) > full;
+    double before = block.front().y;
+    for (const PanelLine& line : block) {
+        page.Row(line.y - before);
+        before = line.y;
+        WriteRuns(page, kPageLeft, line.left, size);
+        if (line.result.empty()) {
+            continue;
+        }
+        if (own_line) {
+            page.Row();
+            WriteRuns(page, kPageRight - WidthOf(line.result, size), line.result, size);
+        } else {
+            WriteRuns(page, kPageLeft + column(size), line.result, size);
+        }
+    }
+    page.Row(1.2);
+}
+
+void Results(PageWriter& page, const ProjectState& s)
+{
+    for (const PanelBlock& block : ShowResults(s, true)) {
+        ResultBlock(page, block);
+    }
+    page.Row(kSpace / 2);
+}
+
+void Modal(PageWriter& page, const ProjectState& s)
+{
+    if (s.modal != 1) {
+        return;
+    }
+    const double x = page.WriteBold(kPageLeft, "Modal analysis:");
+    page.Write(x, " (Selfweigth + q-loads)");
+    page.Row();
+    constexpr int kSprings = 3, kOneSpring = 5;
+    if (s.supportcase == kSprings || s.supportcase == kOneSpring) {
+        page.Write(kPageLeft, " Modal analysis not possible for spring supports ");
+        page.Row();
+        return;
+    }
+    double at = page.Write(kPageLeft, "Mass m = " + FormatNum(s.modalmass, "#0") + " kg/m");
+    for (int mode = 1; mode <= 3; ++mode) {
+        at = page.Write(at + 2 * kGap, ModeText(s, mode));
+    }
+    page.Row();
+}
+
+void BelowDiagrams(PageWriter& page, const ProjectState& s)
+{
+    StabilityParameters(page, s);
+    Results(page, s);
+    Modal(page, s);
+}
+
+// Height of what stands below the diagrams.
+double HeightBelow(const ProjectState& s)
+{
+    PageWriter trial("");
+    const double top = trial.y();
+    BelowDiagrams(trial, s);
+    return trial.y() - top;
+}
+
+}  // namespace
+
+PrintedReport PrintControl(const Library& library, const ProjectState& s, const PrintStamp& stamp)
+{
+    PageWriter page("Section and stability control");
+    PageHeader(page, s, stamp, kDesignTitle);
+    General(page, s);
+    ShortProfile(page, library, s);
+    GeometryAndLoading(page, s);
+    Diagrams(page, s, HeightBelow(s));
+    BelowDiagrams(page, s);
+    return page.Take();
+}
+
+}  // namespace kestrum

@@ -1,0 +1,23 @@
+#pragma once
+
+// What the printed reports share: the head of the page and the name of the profile.
+
+#include "report/pages.h"
+
+namespace kestrum {
+
+constexpr std::string_view kDesignTitle = "Member Design Program incl updates til Jan 2021";
+constexpr std::string_view kVortexTitle = "Vortex shedding according to EN 1991-1-4";
+
+// Six rows and a rule; the page goes on below.
+void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp,
+                std::string_view title);
+
+// The path, or behind its last folder when it is longer than 40 characters.
+std::string FileText(std::string_view filename);
+
+// "HEA 200", "Box 300x200x10x12", "Pl 600x10 + L 250x90x9". `brief` shortens how a hollow section
+// is made: "RHS 200x100x8 (Hotf.)".
+std::string ProfileText(const Library& library, const ProjectState& s, bool brief);
+
+}  // namespace kestrum

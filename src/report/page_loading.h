@@ -1,0 +1,19 @@
+#pragma once
+
+// The loading of the member on the printed page.
+
+#include "report/pages.h"
+
+namespace kestrum {
+
+// Loads along the member: axial ones, a table for each direction, self-weight, psi factors. Only
+// rows with a value are written. In the column from `left` to `right`; moves below.
+void PrintLoading(PageWriter& page, const ProjectState& s, double left, double right);
+
+// The given end forces, two columns of values.
+void PrintEndForces(PageWriter& page, const ProjectState& s, double left, double right);
+
+// The load combinations in force, over the width of the page.
+void PrintCombination(PageWriter& page, const ProjectState& s);
+
+}  // namespace kestrum

@@ -1,0 +1,57 @@
+#include "core/number_format.h"
+#include "report/page_header.h"
+#include "report/page_quantities.h"
+#include "report/section_figure.h"
+
+namespace kestrum {
+
+namespace {
+
+void MaterialRow(PageWriter& page, const ProjectState& s)
+{
+    page.Heading(kPageLeft, "Material: ");
+    const Quantity values[] = {{"fy", FormatNum(s.fyk, "###"), "MPa"},
+                               {"fd", FormatNum(s.fyd, "##.0"), "MPa"},
+                               {"E", FormatNum(s.e, "0.000E+0"), "MPa"},
+                               {"gm0", FormatNum(s.gammam0, "#.00"), ""}};
+    page.Quantities(values, 4, kPageLeft, kPageRight);
+    page.Row(0.7);
+}
+
+}  // namespace
+
+PrintedReport PrintProperties(const Library& library, const ProjectState& s,
+                              const PrintStamp& stamp)
+{
+    constexpr double kFigure = 88;  // width and height of the section's picture on the page
+    PageWriter page("Section property and capacity");
+    PageHeader(page, s, stamp, kDesignTitle);
+    MaterialRow(page, s);
+
+    const double name = page.Write(kPageLeft, s.family == 41 ? "Identification:  " : "Profile: ",
+                                   {.bold = true, .size = kPageHeading});
+    page.Write(name, ProfileText(library, s, false), {.bold = true, .size = kPageHeading});
+    page.Row(1.4);
+
+    const double top = page.y();
+    const Drawing figure = DrawSection(s);
+    page.Picture(figure, {kPageRight - kFigure, top - kPageRow}, kFigure / kSectionPicture);
+
+    const double right = kPageRight - kFigure - 4;
+    page.Heading(kPageLeft, "Dimensions and weight:");
+    page.Quantities(DimensionsOf(s), 2, kPageLeft, right);
+    page.Row(0.3);
+    page.Quantities(WeightsOf(s), 2, kPageLeft, right);
+    page.Row(0.7);
+    page.Heading(kPageLeft, "Section property:");
+    page.Quantities(SectionPropertiesOf(s), 2, kPageLeft, right);
+    page.Row(0.7);
+    page.Heading(kPageLeft, "Capacity:");
+    const double cls = page.Write(kPageLeft, "Section class: ");
+    page.Write(cls, ClassText(s));
+    page.Row();
+    page.Quantities(CapacitiesOf(s), 2, kPageLeft, right);
+    return page.Take();
+}
+
+}  // namespace kestrum

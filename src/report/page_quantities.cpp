@@ -1,0 +1,311 @@
+#include "report/page_quantities.h"
+
+#include "core/number_format.h"
+
+#include <algorithm>
+#include <iterator>
+#include <span>
+
+namespace kestrum {
+
+namespace {
+
+using Value = std::string (*)(const ProjectState&, std::string_view);
+
+// A field of the record through a pattern; the field's type decides how many digits count.
+template <auto Field> std::string Of(const ProjectState& s, std::string_view pattern)
+{
+    return FormatNum(s.*Field, pattern);
+}
+
+struct Line {
+    std::string_view symbol;
+    Value value;
+    std::string_view pattern, unit;
+};
+
+using S = ProjectState;
+constexpr std::string_view kWhole = "#0", kTenth = "##0.0", kPower = "0.000E+0";
+constexpr std::string_view kMm = "mm", kMm2 = "mm2", kMm3 = "mm3", kMm4 = "mm4", kMm6 = "mm6";
+constexpr std::string_view kKn = "kN", kKnm = "kNm";
+
+// --- Dimensions ---------------------------------------------------------------------------------
+
+constexpr Line kRolledI[] = {{"h", Of<&S::h>, kWhole, kMm},
+                             {"b", Of<&S::b>, kWhole, kMm},
+                             {"tw", Of<&S::tw>, kTenth, kMm},
+                             {"tf", Of<&S::tf>, kTenth, kMm},
+                             {"r", Of<&S::r>, kTenth, kMm}};
+constexpr Line kBritishI[] = {{"h", Of<&S::h>, kTenth, kMm},
+                              {"b", Of<&S::b>, kTenth, kMm},
+                              {"tw", Of<&S::tw>, kTenth, kMm},
+                              {"tf", Of<&S::tf>, kTenth, kMm},
+                              {"r", Of<&S::r>, kTenth, kMm}};
+constexpr Line kWeldedI[] = {{"h", Of<&S::h>, kTenth, kMm},
+                             {"b", Of<&S::b>, kTenth, kMm},
+                             {"tw", Of<&S::tw>, kTenth, kMm},
+                             {"tf", Of<&S::tf>, kTenth, kMm}};
+constexpr Line kChannel[] = {{"h", Of<&S::h>, kTenth, kMm},   {"b", Of<&S::b>, kTenth, kMm},
+                             {"tw", Of<&S::tw>, kTenth, kMm}, {"tf", Of<&S::tf>, kTenth, kMm},
+                             {"r", Of<&S::r>, kTenth, kMm},   {"e", Of<&S::ecg>, kTenth, kMm},
+                             {"ys", Of<&S::ys>, kTenth, kMm}};
+constexpr Line kTaperedChannel[] = {
+    {"h", Of<&S::h>, kTenth, kMm},   {"b", Of<&S::b>, kTenth, kMm},
+    {"tw", Of<&S::tw>, kTenth, kMm}, {"tf", Of<&S::tf>, kTenth, kMm},
+    {"r1", Of<&S::r1>, kTenth, kMm}, {"r2", Of<&S::r2>, kTenth, kMm},
+    {"e", Of<&S::ecg>, kTenth, kMm}, {"ys", Of<&S::ys>, kTenth, kMm}};
+constexpr Line kHollow[] = {{"h", Of<&S::h>, kWhole, kMm},
+                            {"b", Of<&S::b>, kWhole, kMm},
+                            {"t", Of<&S::tw>, kTenth, kMm},
+                            {"r", Of<&S::r>, kTenth, kMm}};
+constexpr Line kBox[] = {{"h", Of<&S::h>, kTenth, kMm},
+                         {"b", Of<&S::b>, kTenth, kMm},
+                         {"tw", Of<&S::tw>, kTenth, kMm},
+                         {"tf", Of<&S::tf>, kTenth, kMm},
+                         {"a", Of<&S::bo>, kTenth, kMm}};
+constexpr Line kAngle[] = {{"h", Of<&S::h>, kWhole, kMm},        {"b", Of<&S::b>, kWhole, kMm},
+                           {"t", Of<&S::tw>, kTenth, kMm},       {"r", Of<&S::r>, kTenth, kMm},
+                           {"ey", Of<&S::ey>, kTenth, kMm},      {"ez", Of<&S::ez>, kTenth, kMm},
+                           {"alfa", Of<&S::alfa>, kTenth, "deg"}};
+constexpr Line kSingleI[] = {
+    {"h", Of<&S::h>, kTenth, kMm},        {"b1", Of<&S::btop>, kTenth, kMm},
+    {"b2", Of<&S::bbot>, kTenth, kMm},    {"tw", Of<&S::tw>, kTenth, kMm},
+    {"tf1", Of<&S::ttop>, kTenth, kMm},   {"tf2", Of<&S::tbot>, kTenth, kMm},
+    {"ez-el", Of<&S::zcog>, kTenth, kMm}, {"ez-pl", Of<&S::zpl>, kTenth, kMm}};
+std::string HsqOverhang(const ProjectState& s, std::string_view pattern)
+{
+    return FormatNum(s.family == 24 ? s.p24.hsqc : s.p25.istc, pattern);
+}
+constexpr Line kHsq[] = {{"h", Of<&S::h>, kTenth, kMm},      {"b1", Of<&S::btop>, kTenth, kMm},
+                         {"b2", Of<&S::bbot>, kTenth, kMm},  {"tw", Of<&S::tw>, kTenth, kMm},
+                         {"tf1", Of<&S::ttop>, kTenth, kMm}, {"tf2", Of<&S::tbot>, kTenth, kMm},
+                         {"c", HsqOverhang, kTenth, kMm},    {"ez-el", Of<&S::zcog>, kTenth, kMm},
+                         {"ez-pl", Of<&S::zpl>, kTenth, kMm}};
+constexpr Line kT[] = {{"h", Of<&S::h>, kTenth, kMm},        {"b", Of<&S::btop>, kTenth, kMm},
+                       {"tw", Of<&S::tw>, kTenth, kMm},      {"tf", Of<&S::ttop>, kTenth, kMm},
+                       {"ez-el", Of<&S::zcog>, kTenth, kMm}, {"ez-pl", Of<&S::zpl>, kTenth, kMm}};
+constexpr Line kUnequalBox[] = {
+    {"h", Of<&S::h>, kTenth, kMm},       {"b1", Of<&S::btop>, kTenth, kMm},
+    {"b2", Of<&S::bbot>, kTenth, kMm},   {"tw", Of<&S::tw>, kTenth, kMm},
+    {"tf1", Of<&S::ttop>, kTenth, kMm},  {"tf2", Of<&S::tbot>, kTenth, kMm},
+    {"c", Of<&S::ctopout>, kTenth, kMm}, {"ez-el", Of<&S::zcog>, kTenth, kMm},
+    {"ez-pl", Of<&S::zpl>, kTenth, kMm}};
+constexpr Line kFlatBar[] = {{"h", Of<&S::h>, kTenth, kMm}, {"t", Of<&S::tw>, kTenth, kMm}};
+constexpr Line kTube[] = {{"D", Of<&S::d>, kTenth, kMm}, {"t", Of<&S::tw>, kTenth, kMm}};
+constexpr Line kStiffenedPlate[] = {
+    {"h", Of<&S::h>, kTenth, kMm},        {"b1", Of<&S::btop>, kTenth, kMm},
+    {"tf1", Of<&S::ttop>, kTenth, kMm},   {"tw", Of<&S::tw>, kTenth, kMm},
+    {"b2", Of<&S::bbot>, kTenth, kMm},    {"tf2", Of<&S::tbot>, kTenth, kMm},
+    {"ez-el", Of<&S::zcog>, kTenth, kMm}, {"ez-pl", Of<&S::zpl>, kTenth, kMm}};
+constexpr Line kPlateFlatBar[] = {
+    {"h", Of<&S::h>, kTenth, kMm},        {"b1", Of<&S::btop>, kTenth, kMm},
+    {"tf1", Of<&S::ttop>, kTenth, kMm},   {"tw", Of<&S::tw>, kTenth, kMm},
+    {"ez-el", Of<&S::zcog>, kTenth, kMm}, {"ez-pl", Of<&S::zpl>, kTenth, kMm}};
+
+std::span<const Line> DimensionLines(const ProjectState& s)
+{
+    switch (s.family) {
+    case 1:
+    case 2:
+    case 3:
+    case 4:
+    case 15:
+        return kRolledI;
+    case 101:
+    case 102:
+        return kBritishI;
+    case 21:
+        return kWeldedI;
+    case 5:
+        return kChannel;
+    case 16:
+        return kTaperedChannel;
+    case 103:
+        return s.r2 != 0 ? std::span<const Line>(kTaperedChannel) : kChannel;
+    case 6:
+    case 7:
+    case 8:
+    case 9:
+        return kHollow;
+    case 23:
+        return kBox;
+    case 10:
+    case 11:
+        return kAngle;
+    case 22:
+        return kSingleI;
+    case 24:
+    case 25:
+        return kHsq;
+    case 26:
+        return kT;
+    case 27:
+        return kUnequalBox;
+    case 28:
+        return kFlatBar;
+    case 31:
+        return kTube;
+    case 51:
+        return kPlateFlatBar;
+    case 52:
+    case 53:
+    case 54:
+    case 56:
+        return kStiffenedPlate;
+    default:
+        return {};
+    }
+}
+
+constexpr Line kWeights[] = {{"G", Of<&S::weight>, "#0.0", "kg/m"},
+                             {"Surface", Of<&S::surface>, "#0.000", "m2/m"}};
+
+// --- Properties ---------------------------------------------------------------------------------
+
+constexpr Line kArea[] = {{"A", Of<&S::a>, kWhole, kMm2}};
+constexpr Line kBending[] = {{"Iy", Of<&S::iy>, kPower, kMm4}, {"Iz", Of<&S::iz>, kPower, kMm4}};
+constexpr Line kPrincipal[] = {{"Iu", Of<&S::iu>, kPower, kMm4}, {"Iv", Of<&S::iv>, kPower, kMm4}};
+constexpr Line kTorsion[] = {{"Ix", Of<&S::it>, kPower, kMm4}};
+constexpr Line kWarping[] = {{"Iw", Of<&S::iw>, kPower, kMm6}};
+constexpr Line kElastic[] = {{"Wel,y", Of<&S::wely>, kPower, kMm3},
+                             {"Wel,z", Of<&S::welz>, kPower, kMm3}};
+constexpr Line kPlastic[] = {{"Wpl,y", Of<&S::wply>, kPower, kMm3},
+                             {"Wpl,z", Of<&S::wplz>, kPower, kMm3}};
+constexpr Line kPlasticY[] = {{"Wpl,y", Of<&S::wply>, kPower, kMm3}};
+constexpr Line kSides[] = {{"Wel,y,top", Of<&S::wyeltop>, kPower, kMm3},
+                           {"Wel,y,bottom", Of<&S::wyelbot>, kPower, kMm3},
+                           {"Wel,z", Of<&S::welz>, kPower, kMm3}};
+constexpr Line kEffective[] = {{"Aeff", Of<&S::aeff>, kWhole, kMm2},
+                               {"Weff,y", Of<&S::weffy>, kPower, kMm3},
+                               {"Weff,z", Of<&S::weffz>, kPower, kMm3}};
+
+bool IsAngle(const ProjectState& s)
+{
+    return s.family == 10 || s.family == 11;
+}
+
+// Sections of plates whose two faces differ.
+bool HasSides(const ProjectState& s)
+{
+    return s.family == 22 || (s.family >= 24 && s.family <= 27) ||
+           (s.family >= 51 && s.family <= 56);
+}
+
+bool IsClassFour(const ProjectState& s)
+{
+    return std::max({s.classn, s.classmy, s.classmz}) >= 4;
+}
+
+// --- Capacities ---------------------------------------------------------------------------------
+
+constexpr Line kAxial[] = {{"Nt,Rd", Of<&S::nplrd>, "#0.0", kKn},
+                           {"Nc,Rd", Of<&S::ncrd>, "#0.0", kKn}};
+constexpr Line kMoments[] = {{"My,Rd", Of<&S::myrd>, "#0.0", kKnm},
+                             {"Mz,Rd", Of<&S::mzrd>, "#0.0", kKnm}};
+constexpr Line kMomentY[] = {{"My,Rd", Of<&S::myrd>, "#0.0", kKnm}};
+constexpr Line kMomentSides[] = {{"My,Rd,top (gm1)", Of<&S::mytoprd>, "#0.0", kKnm},
+                                 {"My,Rd,bottom (gm1)", Of<&S::mybotrd>, "#0.0", kKnm}};
+constexpr Line kShear[] = {{"Vz,Rd", Of<&S::vbrd>, "#0.0", kKn},
+                           {"Vy,Rd", Of<&S::vcyrd>, "#0.0", kKn}};
+constexpr Line kShearZ[] = {{"Vz,Rd", Of<&S::vbrd>, "#0.0", kKn}};
+constexpr Line kShearAreas[] = {{"Av,z", Of<&S::avz>, kWhole, kMm2},
+                                {"Av,y", Of<&S::avy>, kWhole, kMm2}};
+constexpr Line kFlangeFactor[] = {{"Flange load factor", Of<&S::flangefactor>, "0.00", ""}};
+
+// Families that carry neither an axial force nor moments about z.
+bool BendsAboutYOnly(const ProjectState& s)
+{
+    return s.family == 24 || s.family == 25 || s.family == 27 || (s.family >= 51 && s.family <= 56);
+}
+
+class List {
+public:
+    explicit List(const ProjectState& s) : s_(s) {}
+    void Add(std::span<const Line> lines)
+    {
+        std::transform(lines.begin(), lines.end(), std::back_inserter(quantities_),
+                       [this](const Line& line) {
+                           return Quantity{std::string(line.symbol), line.value(s_, line.pattern),
+                                           std::string(line.unit)};
+                       });
+    }
+    std::vector<Quantity> Take() { return std::move(quantities_); }
+
+private:
+    const ProjectState& s_;
+    std::vector<Quantity> quantities_;
+};
+
+}  // namespace
+
+std::vector<Quantity> DimensionsOf(const ProjectState& s)
+{
+    List list(s);
+    list.Add(DimensionLines(s));
+    return list.Take();
+}
+
+std::vector<Quantity> WeightsOf(const ProjectState& s)
+{
+    List list(s);
+    list.Add(std::span<const Line>(kWeights).first(s.family == 41 ? 1 : 2));
+    return list.Take();
+}
+
+std::vector<Quantity> SectionPropertiesOf(const ProjectState& s)
+{
+    List list(s);
+    list.Add(kArea);
+    list.Add(kBending);
+    if (IsAngle(s)) {
+        list.Add(kPrincipal);
+    }
+    if (s.it != 0) {
+        list.Add(kTorsion);
+    }
+    if (s.iw != 0) {
+        list.Add(kWarping);
+    }
+    list.Add(HasSides(s) ? std::span<const Line>(kSides) : kElastic);
+    if (!IsAngle(s)) {
+        list.Add(s.wplz != 0 ? std::span<const Line>(kPlastic) : kPlasticY);
+    }
+    if (IsClassFour(s)) {
+        list.Add(kEffective);
+    }
+    return list.Take();
+}
+
+std::string ClassText(const ProjectState& s)
+{
+    const auto number = [](i16 value) { return FormatNum(static_cast<float>(value), "#0"); };
+    if (BendsAboutYOnly(s)) {
+        return number(s.classmy) + " (My)";
+    }
+    return number(s.classn) + "/" + number(s.classmy) + "/" + number(s.classmz) + " (N/My/Mz)";
+}
+
+std::vector<Quantity> CapacitiesOf(const ProjectState& s)
+{
+    List list(s);
+    if (BendsAboutYOnly(s)) {
+        list.Add(kMomentY);
+        list.Add(kMomentSides);
+        list.Add(kShearZ);
+        list.Add(std::span<const Line>(kShearAreas).first(1));
+        if (s.family == 24 || s.family == 25) {
+            list.Add(kFlangeFactor);
+        }
+        return list.Take();
+    }
+    list.Add(kAxial);
+    list.Add(kMoments);
+    list.Add(kShear);
+    list.Add(kShearAreas);
+    if (s.family == 22) {
+        list.Add(kMomentSides);
+    }
+    return list.Take();
+}
+
+}  // namespace kestrum

@@ -1,0 +1,23 @@
+#pragma once
+
+// Which values of the section each family has, in the order in which the printed pages show them.
+
+#include "core/project_state.h"
+#include "report/page_writer.h"
+
+#include <vector>
+
+namespace kestrum {
+
+// Dimensions and weight.
+std::vector<Quantity> DimensionsOf(const ProjectState& s);
+std::vector<Quantity> WeightsOf(const ProjectState& s);
+
+// Areas, second moments, moduli; effective ones where the class asks for them.
+std::vector<Quantity> SectionPropertiesOf(const ProjectState& s);
+
+// Class and resistances, kN and kNm.
+std::string ClassText(const ProjectState& s);
+std::vector<Quantity> CapacitiesOf(const ProjectState& s);
+
+}  // namespace kestrum

@@ -1,0 +1,101 @@
+#include "core/number_format.h"
+#include "report/page_header.h"
+#include "report/section_figure.h"
+#include "service/vortex.h"
+
+namespace kestrum {
+
+namespace {
+
+constexpr double kValueStop = 92;  // values end here, units follow
+
+void Value(PageWriter& page, std::string_view name, std::string_view value,
+           std::string_view unit = {})
+{
+    page.Write(kPageLeft, name, {}, kValueStop);
+    page.Write(kValueStop, value, {.align = Align::right});
+    page.Write(kValueStop + 1.5, unit);
+    page.Row();
+}
+
+// "  RHS ", "  CFRHS ", "  Box ", "  Tube " with dimensions.
+std::string Profile(const ProjectState& s)
+{
+    const auto size = [](float value) { return FormatNum(value, "##0.0"); };
+    switch (s.family) {
+    case 6:
+    case 7:
+        return "  RHS " + size(s.h) + "x" + size(s.b) + "x" + size(s.tw);
+    case 8:
+    case 9:
+        return "  CFRHS " + size(s.h) + "x" + size(s.b) + "x" + size(s.tw);
+    case 23:
+        return "  Box " + size(s.h) + "x" + size(s.b) + "x" + size(s.tw) + "x" + size(s.tf);
+    default:
+        return "  Tube " + size(s.d) + "x" + size(s.tw);
+    }
+}
+
+std::string_view Restraint(int vortexcase)
+{
+    const auto at = static_cast<std::size_t>(vortexcase);
+    return vortexcase >= 0 && at < kVortexSupports.size() ? kVortexSupports[at].name : "";
+}
+
+std::string_view TerrainName(int terrain)
+{
+    const auto at = static_cast<std::size_t>(terrain);
+    return terrain >= 0 && at < kTerrains.size() ? kTerrains[at].name : "";
+}
+
+void ProfileBlock(PageWriter& page, const ProjectState& s)
+{
+    page.Heading(kPageLeft, "Profile/Member");
+    Value(page, "Material: E =", FormatNum(s.e, "0.000E+0"), "MPa");
+    Value(page, "Profile", Profile(s), "mm");
+    Value(page, "Mass", FormatNum(s.weight, "#0.0"), "kg/m");
+    Value(page, "Iy", FormatNum(s.iy, "0.000E+0"), "mm4");
+    Value(page, "Strouhal number", FormatNum(s.st, "0.00"));
+    Value(page, "L", FormatNum(s.l, "#0.000"), "m ");
+    Value(page, "Natural frequency", FormatNum(s.freq[1], "#0.00"), "Hz ");
+    Value(page, "Member Restraint:", Restraint(s.vortexcase));
+    page.Row(0.7);
+}
+
+void WindBlock(PageWriter& page, const ProjectState& s)
+{
+    page.Heading(kPageLeft, "Wind data");
+    Value(page, "Wind speed vb (10min, 10 m)", FormatNum(s.vb, "#0.0"), "m/s ");
+    Value(page, "Heigth, z", FormatNum(s.zh, "#0.0"), "m");
+    Value(page, "Terrain category", TerrainName(s.terrain));
+    Value(page, "Wind speed Vm", FormatNum(s.vm, "#0.0"), "m/s ");
+    page.Row(0.7);
+}
+
+void ResultBlock(PageWriter& page, const ProjectState& s)
+{
+    page.Heading(kPageLeft, "Results:");
+    Value(page, "Critical windspeed, Vcrit", FormatNum(s.vcrit, "#0.0 "), "m/s ");
+    Value(page, "1.25 Vm", FormatNum(1.25 * s.vm, "#0.0"), "m/s ");
+    const double x = page.Write(kPageLeft, "Control eq E.1: Vcrit >= 1.25Vm");
+    page.Write(x + 2, VortexVerdict(s),
+               {.bold = true, .ink = VortexAccepted(s) ? Ink::good : Ink::bad});
+    page.Row();
+}
+
+}  // namespace
+
+PrintedReport PrintVortex(const Library&, const ProjectState& s, const PrintStamp& stamp)
+{
+    constexpr double kFigure = 80;
+    PageWriter page("Vortex shedding");
+    PageHeader(page, s, stamp, kVortexTitle);
+    const Drawing figure = DrawSection(s);
+    page.Picture(figure, {kPageRight - kFigure, page.y()}, kFigure / kSectionPicture);
+    ProfileBlock(page, s);
+    WindBlock(page, s);
+    ResultBlock(page, s);
+    return page.Take();
+}
+
+}  // namespace kestrum

@@ -1,0 +1,49 @@
+#include "report/stages.h"
+
+#include "engine/family_routines.h"
+#include "stability/buckling_control.h"
+#include "stability/buckling_rows.h"
+
+namespace kestrum {
+
+namespace {
+
+// Whether the forces lead the stage to EN 1993-1-1, 6.3.3.
+bool Interacts(const ProjectState& s, void (*buckling)(ProjectState&))
+{
+    const bool buckles = BucklesAboutY(s) || BucklesAboutZ(s);
+    if (buckling == BucklingControlT || buckling == BucklingControlPlate) {
+        return false;
+    }
+    if (buckling == BucklingControlFlatBar) {
+        return buckles && s.mydesign != 0;
+    }
+    if (s.ned > 0) {
+        return buckles && (s.mydesign != 0 || s.mzdesign != 0);
+    }
+    return s.ned == 0 && s.mydesign != 0 && s.mzdesign != 0;
+}
+
+}  // namespace
+
+StagesRun StagesOf(const ProjectState& s)
+{
+    StagesRun run{};
+    const FamilyRoutines* routines = FindRoutines(s.family);
+    if (routines == nullptr || routines->buckling == nullptr ||
+        (routines->compressed_only && !(s.ned > 0))) {
+        return run;
+    }
+    const auto buckling = routines->buckling;
+    const bool bends_sideways =
+        buckling == BucklingControlRolledI || buckling == BucklingControlWeldedI ||
+        buckling == BucklingControlFlatBar || buckling == BucklingControlPlate;
+    run.stage = true;
+    run.axial = buckling != BucklingControlPlate;
+    run.lateral = bends_sideways && s.ltb == 1;
+    run.interaction = Interacts(s, buckling);
+    run.uniform = run.interaction && bends_sideways && s.method == 1;
+    return run;
+}
+
+}  // namespace kestrum
