@@ -13,25 +13,11 @@ namespace {
 std::string FolderOf(const std::string& path)
 {
     const std::size_t end = path.find_last_of("/\\");
-    return end == std::string::npos ? std::string{} : path.substr(0, end);
-}
-
-// Reads the file over the project in hand and recalculates.
-bool ReadFile(Session& session, const std::string& path)
-{
-    std::string bytes;
-    if (const std::string problem = ReadWholeFile(path, bytes); !problem.empty()) {
-        session.surroundings().Warn(path + ": " + problem);
-        return false;
+    if (end == std::string::npos) {
+        return {};
     }
-    if (const std::optional<FileFault> fault = ReadProject(session.edit(), bytes)) {
-        session.halfread = true;
-        session.surroundings().Warn(FaultText(path, *fault));
-        session.changed();
-        return false;
-    }
-    session.halfread = false;
-    return true;
+    const bool root = end == 0 || path[end - 1] == ':';  // "/" and "C:\" keep their separator
+    return path.substr(0, root ? end + 1 : end);
 }
 
 void FinishOpening(Session& session)
@@ -52,6 +38,18 @@ bool WriteFile(Session& session, const std::string& path)
     return true;
 }
 
+// Keeps the project before it is dropped. Half a project goes to a file of its own, if the user
+// names one.
+bool SaveBeforeNew(Session& session)
+{
+    if (!session.halfread) {
+        return WriteFile(session, session.state().filename);
+    }
+    const std::optional<std::string> path =
+        session.surroundings().ChooseFileToSave(session.curdir, session.state().filename);
+    return path && WriteFile(session, *path);
+}
+
 }  // namespace
 
 void NewFile(Session& session)
@@ -61,7 +59,7 @@ void NewFile(Session& session)
         if (answer == Answer::cancel) {
             return;
         }
-        if (answer == Answer::yes && !WriteFile(session, session.state().filename)) {
+        if (answer == Answer::yes && !SaveBeforeNew(session)) {
             return;  // nothing is lost: the user has read why
         }
     }
@@ -79,11 +77,20 @@ bool OpenFile(Session& session, SettingsStore& store)
 
 bool OpenPath(Session& session, SettingsStore& store, const std::string& path)
 {
-    const bool again = path == session.state().filename;
+    std::string bytes;
+    if (const std::string problem = ReadWholeFile(path, bytes); !problem.empty()) {
+        session.surroundings().Warn(path + ": " + problem);
+        return false;  // nothing was read: the project in hand stays
+    }
+    const bool again = path == session.state().filename && !session.halfread;
     session.edit().filename = path;
-    if (!ReadFile(session, path)) {
+    if (const std::optional<FileFault> fault = ReadProject(session.edit(), bytes)) {
+        session.halfread = true;
+        session.surroundings().Warn(FaultText(path, *fault));
+        session.changed();
         return false;
     }
+    session.halfread = false;
     if (!again) {
         session.SetTitle(session.TitleStem() + ": " + path);
         PushRecentFile(store, path);
@@ -95,14 +102,11 @@ bool OpenPath(Session& session, SettingsStore& store, const std::string& path)
 bool OpenRecentFile(Session& session, SettingsStore& store, std::string_view caption)
 {
     const std::string path = PathOfCaption(caption);
-    const bool again = path == session.state().filename;
     if (!OpenPath(session, store, path)) {
         return false;
     }
-    if (again) {
-        PushRecentFile(store, path);  // the entry moves to the top all the same
-        session.changed();
-    }
+    PushRecentFile(store, path);  // to the top also when it is the project in hand
+    session.changed();
     return true;
 }
 
@@ -117,12 +121,13 @@ bool SaveFile(Session& session, SettingsStore& store)
 bool SaveFileAs(Session& session, SettingsStore& store)
 {
     const std::string before = session.state().filename;
+    const bool half = session.halfread;
     const std::optional<std::string> path = session.surroundings().ChooseFileToSave(
         session.curdir, before == kNewFile ? "*.kst" : before);
     if (!path || !WriteFile(session, *path)) {
         return false;
     }
-    if (*path != before) {
+    if (*path != before || half) {
         session.edit().filename = *path;
         session.SetTitle("Kestrum EC3 - " + std::string(AnnexName(session.state().annexindex)) +
                          ": " + *path);

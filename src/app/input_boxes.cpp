@@ -169,6 +169,9 @@ std::string BoxText(const ProjectState& s, const Box& box, int index)
                 : std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
         return {digits.data(), end};
     }
+    if (box.field == "fyk" && Within(value, box)) {
+        return FormatNum(static_cast<float>(value), "#000");  // as the material selection writes it
+    }
     return field.kind == FieldKind::single ? FormatNum(static_cast<float>(value), box.format)
                                            : FormatNum(value, box.format);
 }

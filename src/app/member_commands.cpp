@@ -4,6 +4,7 @@
 #include "core/annexes.h"
 #include "core/arithmetic_trap.h"
 #include "core/load_combination.h"
+#include "core/material.h"
 #include "service/vortex.h"
 
 #include <array>
@@ -93,6 +94,7 @@ bool BucklingLengthOpen(const ProjectState& s, Axis axis)
 void ChooseMaterial(Session& session, int index)
 {
     session.edit().fykindex = Number(index);
+    SetMaterial(session.library(), session.edit(), index);
     session.Calculate();
     ApplyAnnexMaterial(session.edit(), session.state().annexindex);
     session.changed();
@@ -100,7 +102,7 @@ void ChooseMaterial(Session& session, int index)
 
 bool StrengthOpen(const Library& library, const ProjectState& s)
 {
-    return s.fykindex < 0 || s.fykindex >= static_cast<int>(library.materials.size()) - 1;
+    return s.fykindex < 0 || s.fykindex >= LastMaterial(library);
 }
 
 void ChooseLoadCombination(Session& session, int index)
@@ -243,20 +245,34 @@ void ChooseWebStiffeners(Session& session, int webstiff)
     ProjectState& s = session.edit();
     s.webstiff = Number(webstiff);
     if (webstiff == 0) {
-        s.webstiffa = s.l * 1000.0F;  // m to mm
+        s.webstiffa = F32(s.l * 1000.0);  // m to mm
     } else {
         s.endstiff = 1;  // stiffeners make a rigid end post
     }
     session.Calculate();
 }
 
+void UpdateVortex(ProjectState& s)
+{
+    try {
+        CalcVortexFrequency(s);
+        CalcVortex(s);
+    } catch (const CalculationStop&) {
+        // A support case or terrain from a file that no list offers: the values stay.
+    }
+}
+
+void TellVortexRefusal(Session& session, int family)
+{
+    if (const std::string_view refusal = VortexRefusal(family); !refusal.empty()) {
+        session.surroundings().Warn(refusal);
+    }
+}
+
 bool OpenVortex(Session& session)
 {
     if (!VortexFamily(session.state().family)) {
-        if (const std::string_view refusal = VortexRefusal(session.state().family);
-            !refusal.empty()) {
-            session.surroundings().Warn(refusal);
-        }
+        TellVortexRefusal(session, session.state().family);
         return false;
     }
     RefreshVortex(session);
@@ -277,12 +293,7 @@ void ChooseTerrain(Session& session, int terrain)
 
 void RefreshVortex(Session& session)
 {
-    try {
-        CalcVortexFrequency(session.edit());
-        CalcVortex(session.edit());
-    } catch (const CalculationStop&) {
-        // A support case or terrain from a file that no list offers: the form shows what it has.
-    }
+    UpdateVortex(session.edit());
     session.changed();
 }
 

@@ -52,7 +52,11 @@ void ChooseCheckRelative(Session& session, bool relative);
 void ChooseEndPost(Session& session, int endstiff);        // oendstiff0, oendstiff1
 void ChooseWebStiffeners(Session& session, int webstiff);  // cwebstiff0, cwebstiff1
 
-// Vortex shedding. Opening asks the family first; false when the form stays closed.
+// Vortex shedding. The values of a record, whatever it holds.
+void UpdateVortex(ProjectState& s);
+// "Only valid for boxes and tubes", where there is something to tell.
+void TellVortexRefusal(Session& session, int family);
+// Opening asks the family first; false when the form stays closed.
 bool OpenVortex(Session& session);
 void ChooseVortexSupport(Session& session, int vortexcase);
 void ChooseTerrain(Session& session, int terrain);

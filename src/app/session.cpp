@@ -1,10 +1,15 @@
 #include "app/session.h"
 
 #include "analysis/load_model.h"
+#include "app/member_commands.h"
 #include "core/annexes.h"
 #include "design/p24bas_hsq.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <system_error>
 
 namespace kestrum {
 
@@ -16,9 +21,28 @@ bool ChecksLoads(const Box& box)
     return box.form == "kestrum" && (box.id == "il" || box.id == "ibly" || box.id == "iblz");
 }
 
-bool IsTrapezoidPosition(const Box& box)
+bool IsTrapezoid(const Box& box)
 {
     return box.form == "Loading" && box.id.starts_with("iqt");
+}
+
+// The check of the trapezoidal rows, except that a row still being typed, with values but no
+// place or a place but no values, stays as it is.
+LoadCheck CheckFinishedRows(ProjectState& s)
+{
+    const ProjectState before = s;
+    const LoadCheck check = CheckLoadPositions(s);
+    for (std::size_t k = 1; k <= 3; ++k) {
+        const bool loaded = before.qt1[k] != 0 || before.qt2[k] != 0;
+        const bool placed = before.qtx1[k] != 0 || before.qtx2[k] != 0;
+        if (loaded != placed) {
+            s.qt1[k] = before.qt1[k];
+            s.qt2[k] = before.qt2[k];
+            s.qtx1[k] = before.qtx1[k];
+            s.qtx2[k] = before.qtx2[k];
+        }
+    }
+    return check;
 }
 
 }  // namespace
@@ -29,6 +53,8 @@ Session::Session(const Library& library, Surroundings& surroundings, bool decima
     StartUp(library_, state_);
     shown_ = state_;
     title_ = TitleStem() + ": " + state_.filename;
+    std::error_code unknown;
+    curdir = std::filesystem::current_path(unknown).string();
 }
 
 void Session::Calculate()
@@ -41,11 +67,10 @@ void Session::Calculate()
     if (!failed_) {
         shown_ = state_;
     }
-    const bool tell = state_.flangeoverload && !overload_told_;
-    overload_told_ = state_.flangeoverload;
-    calculating_ = false;
+    const bool overloaded = state_.flangeoverload;
     changed();
-    if (tell) {
+    calculating_ = false;
+    if (overloaded) {
         surroundings_.Warn(kFlangeOverload);
     }
 }
@@ -60,14 +85,17 @@ Outcome Session::CommitBox(const Box& box, int index, std::string_view text)
         changed();
         return outcome;
     }
-    if (ChecksLoads(box) || IsTrapezoidPosition(box)) {
+    if (ChecksLoads(box) || IsTrapezoid(box)) {
         const LoadCheck check =
-            ChecksLoads(box) ? ValidateLoads(state_) : CheckLoadPositions(state_);
+            ChecksLoads(box) ? ValidateLoads(state_) : CheckFinishedRows(state_);
         if (!check.message.empty()) {
             surroundings_.Warn(check.message.text());
         }
     }
     Calculate();
+    if (box.form == "frmVortex") {
+        RefreshVortex(*this);
+    }
     return outcome;
 }
 

@@ -34,8 +34,8 @@ public:
     // True while `txtError` is visible: the last pass could not finish and `shown` is an older one.
     bool failed() const { return failed_; }
 
-    // One pass, then `changed`. Not re-entered: a list that a refresh changes may call it again. A
-    // pass that switches the flange loading off says so once.
+    // One pass, then `changed`. Not re-entered, also not from `changed`: a list that a refresh sets
+    // may raise the event of a choice. A pass that switches the flange loading off says so.
     void Calculate();
 
     // What leaving a numeric box does: reads the text, stores and checks the value, tells the user
@@ -49,7 +49,7 @@ public:
     // The title without the file, "Kestrum EC3 + NA/Norway".
     std::string TitleStem() const;
 
-    // Folder of the file dialogs.
+    // Folder of the file dialogs; at first the one the program was started from.
     std::string curdir;
 
     // The file holds only half of a project; the next Save asks for a name.
@@ -66,7 +66,6 @@ private:
     ProjectState shown_{};
     bool failed_ = false;
     bool calculating_ = false;
-    bool overload_told_ = false;
     std::string title_;
 };
 
