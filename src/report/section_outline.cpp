@@ -78,8 +78,13 @@ Ring Circle(double centre, double radius)
     return ring;
 }
 
-// Where an upright part is measured: off the middle, where the axes end.
-constexpr double kLevel = 0.7;
+// Where upright parts are measured, as a part of the height: away from the centroid, where the axis
+// runs, and from the ends.
+double LevelOf(const SectionOutline& o)
+{
+    const double centroid = CentroidOf(o).y / o.height;
+    return centroid < 0.4 ? 0.58 : centroid < 0.55 ? 0.7 : 0.32;
+}
 
 // Slope of the inner flange faces and the distance from the toe at which tf is measured: DIN 1025-1
 // and 1026-1, BS 4-1.
@@ -122,10 +127,9 @@ void RolledI(const SectionShape& s, SectionOutline& o)
                         {left, s.h - root, s.r},
                         {left, root, s.r},
                         {0, toe, s.r2}})};
-    const double y = kLevel * s.h;
     o.dimensions = {{"h", Side::left, {0, 0}, {0, s.h}},
                     {"b", Side::bottom, {0, s.h}, {s.b, s.h}},
-                    {"tw", Side::across, {left, y}, {right, y}},
+                    {"tw", Side::across, {left, 0}, {right, 0}},
                     {"tf", Side::right, {s.b - taper.at, 0}, {s.b - taper.at, s.tf}}};
 }
 
@@ -142,10 +146,9 @@ void Channel(const SectionShape& s, SectionOutline& o)
                         {s.b, s.h - toe, s.r2},
                         {s.b, s.h},
                         {0, s.h}})};
-    const double y = kLevel * s.h;
     o.dimensions = {{"h", Side::left, {0, 0}, {0, s.h}},
                     {"b", Side::bottom, {0, s.h}, {s.b, s.h}},
-                    {"tw", Side::across, {0, y}, {s.tw, y}},
+                    {"tw", Side::across, {0, 0}, {s.tw, 0}},
                     {"tf", Side::right, {s.b - taper.at, 0}, {s.b - taper.at, s.tf}}};
 }
 
@@ -156,11 +159,11 @@ Ring Rectangle(double left, double top, double right, double bottom, double r)
 
 void Hollow(const SectionShape& s, SectionOutline& o)
 {
-    const double t = s.tw, y = kLevel * s.h;
+    const double t = s.tw;
     o.rings = {Rectangle(0, 0, s.b, s.h, s.r), Rectangle(t, t, s.b - t, s.h - t, s.rin)};
     o.dimensions = {{"h", Side::left, {0, 0}, {0, s.h}},
                     {"b", Side::bottom, {0, s.h}, {s.b, s.h}},
-                    {"t", Side::across, {s.b - t, y}, {s.b, y}}};
+                    {"t", Side::across, {s.b - t, 0}, {s.b, 0}}};
 }
 
 // Two webs with their outer faces at web1 and web2 between a top and a bottom flange.
@@ -191,9 +194,8 @@ void Box(const SectionShape& s, TwoWebs x, double height, SectionOutline& o)
                 {x.web2 - s.tw, under},
                 {x.web2 - s.tw, over},
                 {x.web1 + s.tw, over}}};
-    const double y = 0.6 * height;
     o.dimensions = {{"h", Side::left, {0, 0}, {0, s.h}},
-                    {"tw", Side::across, {x.web2 - s.tw, y}, {x.web2, y}}};
+                    {"tw", Side::across, {x.web2 - s.tw, 0}, {x.web2, 0}}};
     const auto add = [&o](std::string_view letter, Side side, Point from, Point to) {
         o.dimensions.push_back({letter, side, from, to});
     };
@@ -250,8 +252,7 @@ void WebBelow(const SectionShape& s, double height, double flangeleft, double fl
     ring.insert(ring.end(), {{left, s.ttop}, {top1, s.ttop}});
     o.rings = {std::move(ring)};
 
-    const double y = (s.tbot > 0 ? 0.6 : kLevel) * height;
-    o.dimensions = {{"tw", Side::across, {left, y}, {right, y}}};
+    o.dimensions = {{"tw", Side::across, {left, 0}, {right, 0}}};
     const bool plate = s.family > 50, two = s.tbot > 0;
     o.dimensions.push_back({"h", Side::left, {0, plate ? s.ttop : 0}, {0, height}});
     o.dimensions.push_back({two ? "b1" : "b", Side::top, {top1, 0}, {top2, 0}});
@@ -291,21 +292,20 @@ void BulbFlat(const SectionShape& s, SectionOutline& o)
                         {left, s.h},
                         {left, s.ttop},
                         {top1, s.ttop}})};
-    const double y = 0.55 * s.h;
     o.dimensions = {{"h", Side::left, {0, s.ttop}, {0, s.h}},
                     {"b", Side::top, {top1, 0}, {top2, 0}},
-                    {"tw", Side::across, {left, y}, {right, y}},
+                    {"tw", Side::across, {left, 0}, {right, 0}},
                     {"t", Side::right, {top2, 0}, {top2, s.ttop}}};
 }
 
 void AngleOutline(const SectionShape& s, SectionOutline& o)
 {
-    const double t = s.tw, y = 0.3 * s.h;
+    const double t = s.tw;
     o.rings = {Rounded(
         {{0, 0}, {t, 0, s.r2}, {t, s.h - t, s.r}, {s.b, s.h - t, s.r2}, {s.b, s.h}, {0, s.h}})};
     o.dimensions = {{"h", Side::left, {0, 0}, {0, s.h}},
                     {"b", Side::bottom, {0, s.h}, {s.b, s.h}},
-                    {"t", Side::across, {0, y}, {t, y}}};
+                    {"t", Side::across, {0, 0}, {t, 0}}};
 }
 
 void Tube(const SectionShape& s, SectionOutline& o)
@@ -567,7 +567,15 @@ SectionOutline OutlineOf(const SectionShape& shape)
             o.height = std::max(o.height, p.y);
         }
     }
-    return o.width > 0 && o.height > 0 ? o : SectionOutline{};
+    if (!(o.width > 0) || !(o.height > 0)) {
+        return {};
+    }
+    for (SectionDimension& dimension : o.dimensions) {
+        if (dimension.side == Side::across) {
+            dimension.from.y = dimension.to.y = LevelOf(o) * o.height;
+        }
+    }
+    return o;
 }
 
 double AreaOf(const SectionOutline& outline)
