@@ -11,8 +11,7 @@ namespace kestrum {
 
 constexpr double kThin = 0.18;  // of outlines, rules and dimension lines
 
-void AddLine(Drawing& d, Point from, Point to, Ink ink, double width = kThin,
-             bool dashed = false);
+void AddLine(Drawing& d, Point from, Point to, Ink ink, double width = kThin, bool dashed = false);
 void AddCurve(Drawing& d, std::vector<Point> points, Ink ink, double width = kThin);
 void AddFilled(Drawing& d, std::vector<Point> points, Ink ink);
 void AddText(Drawing& d, TextMark text);

@@ -14,9 +14,9 @@ namespace {
 
 constexpr double kHead = 9;  // the two lines on top
 constexpr double kBand = 3.4, kBandPitch = 7.2;
-constexpr double kArrow = 7;  // a point force
+constexpr double kArrow = 7;                   // a point force
 constexpr double kTurn = 2.2, kEndTurn = 3.2;  // radius of a moment
-constexpr double kRow = 3.2;  // of labels
+constexpr double kRow = 3.2;                   // of labels
 constexpr double kEndZone = 14;
 constexpr double kWeight = 0.25;
 
