@@ -123,24 +123,24 @@ std::string AssignChoice(const Library& library, ProjectState& s, const FieldRef
     return StoreNumber(s, ref, *value);
 }
 
+// A refused value is taken back; nothing but its own field has changed then.
 std::string AssignBox(ProjectState& s, const FieldRef& ref, const Box& box, std::string_view text)
 {
     constexpr bool kWholeText =
         true;  // the stricter of the two ways to read a typed number takes point and comma
-    const ProjectState before = s;
+    const double before = NumberOf(s, *ref.field, ref.index);
     const Outcome outcome =
         text.empty() ? Outcome{false, kNoNumber} : Commit(s, box, ref.index, text, kWholeText);
     if (outcome.taken) {
         return {};
     }
-    s = before;
+    StoreNumber(s, ref, before);
     return std::string(outcome.message);
 }
 
 }  // namespace
 
-std::string AssignField(const Library& library, ProjectState& s, std::string_view name,
-                        std::string_view text, Assignment how)
+std::string FindTarget(std::string_view name, AssignTarget& target)
 {
     const std::optional<FieldRef> ref = ResolveField(name);
     if (!ref) {
@@ -150,22 +150,36 @@ std::string AssignField(const Library& library, ProjectState& s, std::string_vie
     if (ref->field->role != FieldRole::input || selfweightrow) {
         return "not an input of the project";
     }
-    if (ref->field->kind == FieldKind::text) {
-        return AssignText(s, *ref, text, how);
+    target = {*ref, FindChoice(ref->field->name), BoxOfField(ref->field->name)};
+    return {};
+}
+
+std::string AssignTo(const Library& library, ProjectState& s, const AssignTarget& target,
+                     std::string_view text, Assignment how)
+{
+    const FieldRef& ref = target.ref;
+    if (ref.field->kind == FieldKind::text) {
+        return AssignText(s, ref, text, how);
     }
     std::string refusal;
-    const Choice* const choice = FindChoice(ref->field->name);
-    const Box* const box = BoxOfField(ref->field->name);
-    if (choice != nullptr) {
-        refusal = AssignChoice(library, s, *ref, *choice, text, how);
-    } else if (how == Assignment::checked && box != nullptr) {
-        refusal = AssignBox(s, *ref, *box, text);
+    if (target.choice != nullptr) {
+        refusal = AssignChoice(library, s, ref, *target.choice, text, how);
+    } else if (how == Assignment::checked && target.box != nullptr) {
+        refusal = AssignBox(s, ref, *target.box, text);
     } else {
         const std::optional<double> value = WholeNumber(text);
-        refusal = value ? StoreNumber(s, *ref, *value) : std::string(kNoNumber);
+        refusal = value ? StoreNumber(s, ref, *value) : std::string(kNoNumber);
     }
     SetPsi(s);
     return refusal;
+}
+
+std::string AssignField(const Library& library, ProjectState& s, std::string_view name,
+                        std::string_view text, Assignment how)
+{
+    AssignTarget target;
+    const std::string refusal = FindTarget(name, target);
+    return refusal.empty() ? AssignTo(library, s, target, text, how) : refusal;
 }
 
 std::string OverruledBy(const Library& library, const ProjectState& s, std::string_view name)

@@ -2,6 +2,7 @@
 
 // Sets one field of the record from a text, by its canonical name ("l", "qload[2]", "p22.isttw").
 
+#include "core/field_table.h"
 #include "core/library.h"
 #include "core/project_state.h"
 
@@ -9,6 +10,9 @@
 #include <string_view>
 
 namespace kestrum {
+
+struct Box;
+struct Choice;
 
 // Whether the limits of the boxes and lists hold, or the value is stored as the file reader would
 // store it.
@@ -18,6 +22,18 @@ enum class Assignment { checked, raw };
 // Choosing an annex sets what the annex sets. A refused value leaves the record as it was.
 std::string AssignField(const Library& library, ProjectState& s, std::string_view name,
                         std::string_view text, Assignment how);
+
+// A field that can be set, looked up once for many values.
+struct AssignTarget {
+    FieldRef ref{};
+    const Choice* choice = nullptr;
+    const Box* box = nullptr;
+};
+
+// The two halves of AssignField.
+std::string FindTarget(std::string_view name, AssignTarget& target);
+std::string AssignTo(const Library& library, ProjectState& s, const AssignTarget& target,
+                     std::string_view text, Assignment how);
 
 // Why a value now in the record will not stand: the annex or the material sets it. Empty when it
 // will.

@@ -53,4 +53,16 @@ struct ReportArguments {
 };
 int Report(const Options& options, const ReportArguments& arguments);
 
+struct BatchArguments {
+    std::vector<std::string> inputs;
+    std::string out;   // empty: standard output
+    std::string base;  // project that tables start from; empty: the default one
+    std::vector<std::string> fields = {"control", "clause"};
+    int jobs = 0;  // threads; 0: one a core
+    bool resume = false;
+    bool raw = false;
+    bool quiet = false;  // no summary
+};
+int Batch(const Options& options, const BatchArguments& arguments);
+
 }  // namespace kestrum::cli

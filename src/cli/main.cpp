@@ -11,6 +11,7 @@ using namespace kestrum::cli;
 using Formats = std::map<std::string, Format>;
 const Formats kTextAndJson{{"text", Format::text}, {"json", Format::json}};
 const Formats kAllFormats{{"text", Format::text}, {"json", Format::json}, {"csv", Format::csv}};
+const Formats kTableFormats{{"csv", Format::csv}, {"json", Format::json}, {"ndjson", Format::json}};
 
 void AddFormat(CLI::App& command, Options& options, const Formats& formats)
 {
@@ -43,6 +44,7 @@ int Run(int argc, char** argv)
     DiagramArguments picture;
     TableArguments table;
     ReportArguments report;
+    BatchArguments many;
 
     CLI::App& check =
         *app.add_subcommand("check", "calculates and prints the result panel of each file");
@@ -109,6 +111,28 @@ int Run(int argc, char** argv)
     printed.add_option("FILE", report.file, "project file, - for standard input")->required();
     printed.add_option("-o,--output", report.out, "file to write: .pdf, .svg or .png")->required();
     printed.callback([&] { exit = Report(options, report); });
+
+    CLI::App& batch = *app.add_subcommand(
+        "batch", "calculates many members and writes one line for each: CSV or NDJSON");
+    batch
+        .add_option("INPUT", many.inputs,
+                    "project files, folders of them, tables (.csv, .ndjson; one member a line, "
+                    "columns by canonical names), - for a table on standard input")
+        ->required();
+    batch.add_option("-o,--output", many.out, "file to write; standard output without it");
+    batch.add_option("--base", many.base, "project whose values hold where a table is silent");
+    batch
+        .add_option("--fields", many.fields,
+                    "columns of the answer: canonical names, control, clause, message")
+        ->delimiter(',')
+        ->capture_default_str();
+    batch.add_option("--jobs", many.jobs, "threads; one for each core without it")
+        ->check(CLI::Range(1, 256));
+    batch.add_flag("--resume", many.resume, "goes on behind the answers that -o holds already");
+    batch.add_flag("--raw", many.raw, "stores the values unchecked");
+    batch.add_flag("--quiet", many.quiet, "no summary");
+    AddFormat(batch, options, kTableFormats);
+    batch.callback([&] { exit = Batch(options, many); });
 
     try {
         app.parse(argc, argv);

@@ -1,0 +1,136 @@
+#pragma once
+
+// Many members, one answer line each: what a line holds, the calculation of a run of members, and
+// the summary. Reads and writes texts only; the command line brings files and threads.
+
+#include "app/assign.h"
+#include "app/member_table.h"
+#include "core/library.h"
+#include "core/project_state.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kestrum {
+
+enum class Verdict : std::uint8_t { within, above, failed, bad };
+constexpr std::size_t kVerdicts = 4;
+
+std::string_view VerdictWord(Verdict verdict);
+
+// The outcome of one member.
+struct MemberAnswer {
+    Verdict verdict = Verdict::bad;
+    double ir = 0;               // governing ratio
+    std::string control;         // of the row that governs: "NEd/NRd"
+    std::string_view clause;     // of EN 1993-1-1
+    std::string_view message{};  // of a failed or bad one; refers to a text that lasts
+};
+
+// After a pass; `well` as Calculate returned it.
+MemberAnswer AnswerOf(const ProjectState& s, bool well);
+
+enum class TableForm : std::uint8_t { csv, ndjson };
+
+// The fields of an answer line behind member, verdict and ratio.
+class AnswerForm {
+public:
+    // Canonical names of fields, or control, clause and message. Returns why a name cannot be, or
+    // nothing.
+    std::string Choose(TableForm form, const std::vector<std::string>& names);
+
+    // The first line of a CSV with its line end; nothing for NDJSON.
+    std::string Header() const;
+
+    void AppendLine(std::string& out, std::string_view member, const ProjectState& s,
+                    const MemberAnswer& answer) const;
+
+    // Reads member, verdict and ratio back from a line. False when it is none.
+    bool ReadBack(std::string_view line, std::string& member, Verdict& verdict, double& ir) const;
+
+private:
+    enum class Special : std::uint8_t { none, control, clause, message };
+    struct Item {
+        std::string name;
+        Special special;
+        FieldRef ref;
+    };
+    void AppendItem(std::string& out, const Item& item, const ProjectState& s,
+                    const MemberAnswer& answer) const;
+
+    TableForm form_ = TableForm::csv;
+    std::vector<Item> items_;
+};
+
+// Counts and the members with the largest ratios; the order in which tallies are added does not
+// matter.
+class Tally {
+public:
+    void Add(std::size_t place, std::string_view member, Verdict verdict, double ir);
+    void Add(const Tally& other);
+    std::size_t Count(Verdict verdict) const { return count_[static_cast<std::size_t>(verdict)]; }
+    std::size_t Members() const;
+
+    // A line of counts and one for each of the worst members.
+    std::string Summary() const;
+
+private:
+    struct Worst {
+        std::size_t place;
+        std::string member;
+        double ir;
+    };
+    std::array<std::size_t, kVerdicts> count_{};
+    std::vector<Worst> worst_;  // at most ten, the worst first
+};
+
+// A run of members: lines of one table, or project files.
+struct BatchChunk {
+    TableForm form = TableForm::csv;
+    const MemberColumns* columns = nullptr;  // of a CSV
+    std::string table;                       // name for messages
+    std::string prefix;                      // of member names: "loads.csv:" with several inputs
+    std::string lines;
+    std::size_t row = 0;             // number of the first member of the chunk in its table, from 1
+    std::size_t line = 0;            // its line in the table, from 1
+    std::vector<std::string> files;  // instead of lines
+    std::size_t place = 0;           // of the first member in the whole run
+
+    std::string out;    // answer lines
+    std::string fault;  // messages, a line each
+    Tally tally;
+};
+
+// Calculates a chunk with a record of its own: `base` is what each member starts from.
+class BatchWorker {
+public:
+    BatchWorker(const Library& library, const ProjectState& base, const AnswerForm& form,
+                Assignment how)
+        : library_(library), base_(base), form_(form), how_(how)
+    {
+    }
+    void Work(BatchChunk& chunk);
+
+private:
+    void Lines(BatchChunk& chunk);
+    void Line(BatchChunk& chunk, std::string_view line, std::size_t row, std::size_t number);
+    void File(BatchChunk& chunk, const std::string& name);
+    void Finish(BatchChunk& chunk, std::string_view member, std::string_view refusal);
+
+    const Library& library_;
+    const ProjectState& base_;
+    const AnswerForm& form_;
+    Assignment how_;
+    ProjectState s_;
+    std::size_t place_ = 0;
+    std::string member_;
+};
+
+// Longer lines are refused; a record takes a few hundred characters.
+constexpr std::size_t kLongestLine = std::size_t{1} << 20;
+
+}  // namespace kestrum

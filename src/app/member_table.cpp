@@ -1,0 +1,412 @@
+#include "app/member_table.h"
+
+#include "core/annexes.h"
+#include "core/load_combination.h"
+
+#include <algorithm>
+
+namespace kestrum {
+
+namespace {
+
+constexpr std::string_view kQuoteOpen = "a quote is not closed";
+
+std::string_view Trimmed(std::string_view text)
+{
+    constexpr std::string_view kBlanks = " \t";
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+// Takes cells off a line one by one.
+class CellReader {
+public:
+    CellReader(std::string_view line, char separator) : rest_(line), separator_(separator) {}
+
+    // False behind the last cell, and after a fault.
+    bool Next()
+    {
+        if (ended_ || !fault_.empty()) {
+            return false;
+        }
+        if (rest_.starts_with('"')) {
+            return Quoted();
+        }
+        TakePlain();
+        return true;
+    }
+
+    std::string_view cell() const { return cell_; }
+    std::string_view fault() const { return fault_; }
+
+private:
+    void TakePlain()
+    {
+        const std::size_t end = std::min(rest_.find(separator_), rest_.size());
+        cell_ = rest_.substr(0, end);
+        ended_ = end == rest_.size();
+        rest_.remove_prefix(ended_ ? end : end + 1);
+    }
+
+    bool Quoted()
+    {
+        text_.clear();
+        std::size_t at = 1;
+        for (;; ++at) {
+            const std::size_t quote = rest_.find('"', at);
+            if (quote == std::string_view::npos) {
+                fault_ = kQuoteOpen;
+                return false;
+            }
+            text_.append(rest_.substr(at, quote - at));
+            at = quote + 1;
+            if (at >= rest_.size() || rest_[at] != '"') {
+                break;
+            }
+            text_.push_back('"');
+        }
+        rest_.remove_prefix(at);
+        if (!rest_.empty() && rest_.front() != separator_) {
+            fault_ = "text behind a closing quote";
+            return false;
+        }
+        ended_ = rest_.empty();
+        rest_.remove_prefix(ended_ ? 0 : 1);
+        cell_ = text_;
+        return true;
+    }
+
+    std::string_view rest_;
+    char separator_;
+    std::string_view cell_;
+    std::string_view fault_;
+    std::string text_;  // of a quoted cell
+    bool ended_ = false;
+};
+
+char SeparatorOf(std::string_view header)
+{
+    for (const char separator : {',', ';', '\t'}) {
+        if (header.find(separator) != std::string_view::npos) {
+            return separator;
+        }
+    }
+    return ',';
+}
+
+std::string Told(std::string_view name, std::string_view what)
+{
+    return std::string(name) + ": " + std::string(Trimmed(what));
+}
+
+// What the reader of a project file settles behind its last field, so that a member of a table is
+// that of its file.
+void Settle(ProjectState& s)
+{
+    ApplyAnnexMaterial(s, s.annexindex);
+    ApplyAnnexLoads(s, s.annexindex);
+}
+
+void AppendUtf8(std::string& out, unsigned code)
+{
+    const auto follow = [&out](unsigned bits) {
+        out.push_back(static_cast<char>(0x80U | (bits & 0x3FU)));
+    };
+    if (code < 0x80) {
+        out.push_back(static_cast<char>(code));
+    } else if (code < 0x800) {
+        out.push_back(static_cast<char>(0xC0U | (code >> 6)));
+        follow(code);
+    } else if (code < 0x10000) {
+        out.push_back(static_cast<char>(0xE0U | (code >> 12)));
+        follow(code >> 6);
+        follow(code);
+    } else {
+        out.push_back(static_cast<char>(0xF0U | (code >> 18)));
+        follow(code >> 12);
+        follow(code >> 6);
+        follow(code);
+    }
+}
+
+// One JSON object whose values are no objects.
+class JsonLine {
+public:
+    JsonLine(const Library& library, ProjectState& s, std::string_view line, Assignment how)
+        : library_(library), s_(s), rest_(line), how_(how)
+    {
+    }
+
+    std::string Apply()
+    {
+        Take('{', "an object in braces");
+        if (Peek() != '}') {
+            do {
+                Member();
+            } while (fault_.empty() && TakeIf(','));
+        }
+        Take('}', "a comma or the closing brace");
+        if (fault_.empty() && Peek() != '\0') {
+            fault_ = "text behind the object";
+        }
+        return fault_;
+    }
+
+private:
+    char Peek()
+    {
+        rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t"), rest_.size()));
+        return rest_.empty() ? '\0' : rest_.front();
+    }
+
+    bool TakeIf(char c)
+    {
+        if (Peek() != c || rest_.empty()) {
+            return false;
+        }
+        rest_.remove_prefix(1);
+        return true;
+    }
+
+    void Take(char c, std::string_view expected)
+    {
+        if (fault_.empty() && !TakeIf(c)) {
+            fault_ = "expected " + std::string(expected);
+        }
+    }
+
+    void Member()
+    {
+        if (Peek() != '"') {
+            fault_ = "expected a name in quotes";
+            return;
+        }
+        Text(name_);
+        Take(':', "a colon behind the name");
+        if (!fault_.empty()) {
+            return;
+        }
+        if (TakeIf('[')) {
+            List();
+        } else {
+            Value(name_);
+        }
+    }
+
+    void List()
+    {
+        const Field* const field = FindField(name_);
+        if (field == nullptr || field->shape == FieldShape::scalar) {
+            fault_ = Told(name_, "no such list");
+            return;
+        }
+        int index = field->first;
+        if (Peek() != ']') {
+            do {
+                Value(name_ + "[" + std::to_string(index) + "]", index == 0);  // 0: self-weight
+                ++index;
+            } while (fault_.empty() && TakeIf(','));
+        }
+        Take(']', "a comma or the end of the list");
+    }
+
+    // A number, truth value, text or null, stored unless skipped.
+    void Value(const std::string& name, bool skipped = false)
+    {
+        if (Peek() == '"') {
+            Text(value_);
+        } else {
+            const std::size_t end = std::min(rest_.find_first_of(",]} \t"), rest_.size());
+            value_ = rest_.substr(0, end);
+            rest_.remove_prefix(end);
+            const bool number =
+                !value_.empty() && (value_[0] == '-' || (value_[0] >= '0' && value_[0] <= '9'));
+            if (!number && value_ != "true" && value_ != "false" && value_ != "null") {
+                fault_ = Told(name, "expected a number, a text, true, false or null");
+            }
+            skipped = skipped || value_ == "null";
+        }
+        if (!fault_.empty() || skipped) {
+            return;
+        }
+        const std::string refusal = AssignField(library_, s_, name, value_, how_);
+        if (!refusal.empty()) {
+            fault_ = Told(name, refusal);
+        }
+    }
+
+    void Text(std::string& text)
+    {
+        text.clear();
+        rest_.remove_prefix(1);
+        while (!rest_.empty() && rest_.front() != '"') {
+            if (rest_.front() != '\\') {
+                text.push_back(rest_.front());
+                rest_.remove_prefix(1);
+            } else if (!Escape(text)) {
+                fault_ = "an escape that JSON does not have";
+                return;
+            }
+        }
+        if (rest_.empty()) {
+            fault_ = kQuoteOpen;
+            return;
+        }
+        rest_.remove_prefix(1);
+    }
+
+    bool Escape(std::string& text)
+    {
+        constexpr std::string_view kLetters = "\"\\/bfnrt", kMeant = "\"\\/\b\f\n\r\t";
+        const char letter = rest_.size() > 1 ? rest_[1] : '\0';
+        if (letter != 'u') {
+            const std::size_t at = kLetters.find(letter);
+            rest_.remove_prefix(std::min<std::size_t>(2, rest_.size()));
+            text.append(at < kMeant.size() ? 1 : 0, at < kMeant.size() ? kMeant[at] : ' ');
+            return at < kMeant.size();
+        }
+        unsigned code = 0;
+        if (!Unit(code)) {
+            return false;
+        }
+        if (code >= 0xD800 && code < 0xDC00) {  // the first half of a pair
+            unsigned low = 0;
+            if (!rest_.starts_with("\\u") || !Unit(low) || low < 0xDC00 || low >= 0xE000) {
+                return false;
+            }
+            code = 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00);
+        } else if (code >= 0xDC00 && code < 0xE000) {
+            return false;
+        }
+        AppendUtf8(text, code);
+        return true;
+    }
+
+    // \uXXXX
+    bool Unit(unsigned& code)
+    {
+        constexpr std::size_t kLength = 6;
+        if (rest_.size() < kLength) {
+            return false;
+        }
+        for (const char c : rest_.substr(2, 4)) {
+            const std::size_t digit = std::string_view("0123456789abcdefABCDEF").find(c);
+            if (digit == std::string_view::npos) {
+                return false;
+            }
+            code = code * 16 + static_cast<unsigned>(digit < 16 ? digit : digit - 6);
+        }
+        rest_.remove_prefix(kLength);
+        return true;
+    }
+
+    const Library& library_;
+    ProjectState& s_;
+    std::string_view rest_;
+    Assignment how_;
+    std::string name_, value_, fault_;
+};
+
+}  // namespace
+
+std::string_view TakeLine(std::string_view& text)
+{
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
+    return line;
+}
+
+std::string MemberColumns::TakeHeader(std::string_view line)
+{
+    columns_.clear();
+    if (line.starts_with("\xEF\xBB\xBF")) {
+        line.remove_prefix(3);
+    }
+    separator_ = SeparatorOf(line);
+    CellReader cells(line, separator_);
+    while (cells.Next()) {
+        Column column{std::string(Trimmed(cells.cell())), {}};
+        const auto same = [&column](const Column& other) { return other.name == column.name; };
+        const std::string refusal = FindTarget(column.name, column.target);
+        if (!refusal.empty()) {
+            return Told("column \"" + column.name + "\"", refusal);
+        }
+        if (std::any_of(columns_.begin(), columns_.end(), same)) {
+            return Told(column.name, "stands in two columns");
+        }
+        columns_.push_back(std::move(column));
+    }
+    return std::string(cells.fault());
+}
+
+std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::string_view line,
+                                 Assignment how) const
+{
+    CellReader cells(line, separator_);
+    std::size_t count = 0;
+    for (; cells.Next(); ++count) {
+        if (count == columns_.size()) {
+            return "more cells than columns";
+        }
+        const Column& column = columns_[count];
+        const bool text = column.target.ref.field->kind == FieldKind::text;
+        const std::string_view cell = text ? cells.cell() : Trimmed(cells.cell());
+        if (cell.empty()) {
+            continue;
+        }
+        const std::string refusal = AssignTo(library, s, column.target, cell, how);
+        if (!refusal.empty()) {
+            return Told(column.name, refusal);
+        }
+    }
+    if (!cells.fault().empty()) {
+        return std::string(cells.fault());
+    }
+    if (count < columns_.size()) {
+        return "fewer cells than columns";
+    }
+    Settle(s);
+    return {};
+}
+
+std::vector<std::string> MemberColumns::Overruled(const Library& library,
+                                                  const ProjectState& s) const
+{
+    std::vector<std::string> told;
+    for (const Column& column : columns_) {
+        const std::string other = OverruledBy(library, s, column.name);
+        if (!other.empty()) {
+            told.push_back(column.name + ": without effect, " + other);
+        }
+    }
+    return told;
+}
+
+std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_view line,
+                          Assignment how)
+{
+    const std::string fault = JsonLine(library, s, line, how).Apply();
+    if (fault.empty()) {
+        Settle(s);
+    }
+    return fault;
+}
+
+void AppendCell(std::string& out, std::string_view text)
+{
+    if (text.find_first_of(",;\t\"\r\n") == std::string_view::npos) {
+        out.append(text);
+        return;
+    }
+    out.push_back('"');
+    for (const char c : text) {
+        out.append(c == '"' ? 2 : 1, c);
+    }
+    out.push_back('"');
+}
+
+}  // namespace kestrum
