@@ -1,0 +1,82 @@
+#include "app/view_report.h"
+
+#include "app/member_commands.h"
+#include "report/pages.h"
+#include "service/vortex.h"
+
+#include <array>
+#include <string>
+#include <utility>
+
+namespace kestrum {
+
+namespace {
+
+// A page holds what fits on it; what it leaves out is never left out in silence.
+void TellMissing(Session& session, const std::vector<std::string>& missing)
+{
+    if (missing.empty()) {
+        return;
+    }
+    std::string text = "The page has no room for:";
+    for (const std::string& what : missing) {
+        text += "\n" + what;
+    }
+    session.surroundings().Warn(text);
+}
+
+// The last good pass under the names that the project has now: they change without a pass.
+ProjectState Printed(const Session& session)
+{
+    ProjectState s = session.shown();
+    s.filename = session.state().filename;
+    s.projname = session.state().projname;
+    s.ident = session.state().ident;
+    return s;
+}
+
+PrintedReport DrawReport(Session& session, Report report)
+{
+    const PrintStamp stamp{session.surroundings().Date(), session.surroundings().Time()};
+    ProjectState s = Printed(session);
+    switch (report) {
+    case Report::properties:
+        return PrintProperties(session.library(), s, stamp);
+    case Report::control:
+        return PrintControl(session.library(), s, stamp);
+    case Report::vortex:
+        if (!VortexFamily(s.family)) {
+            TellVortexRefusal(session, s.family);
+            return {};
+        }
+        UpdateVortex(s);
+        return PrintVortex(session.library(), s, stamp);
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string_view ReportName(int report)
+{
+    constexpr std::array<std::string_view, kReports> kNames{
+        "Section property and capacity", "Section and stability control", "Vortex shedding"};
+    return kNames.at(static_cast<std::size_t>(report));
+}
+
+std::vector<Drawing> ReportPages(Session& session, Report report)
+{
+    PrintedReport printed = DrawReport(session, report);
+    TellMissing(session, printed.missing);
+    return std::move(printed.pages);
+}
+
+void PrintReport(Session& session, Report report)
+{
+    const std::vector<Drawing> pages = ReportPages(session, report);
+    if (!pages.empty()) {
+        session.surroundings().Print(pages);
+    }
+}
+
+}  // namespace kestrum

@@ -1,0 +1,201 @@
+#include "ui/binder.h"
+
+#include "app/box_help.h"
+#include "app/view_member.h"
+#include "ui/text.h"
+
+#include <QGridLayout>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+namespace kestrum {
+
+namespace {
+
+constexpr int kBoxWidth = 74;
+
+}  // namespace
+
+BoxEdit* Binder::Box(std::string_view id, int row)
+{
+    return BoxOf(*FindBox(form_, id), row);
+}
+
+BoxEdit* Binder::BoxOf(const kestrum::Box& box, int row)
+{
+    auto* const edit = new BoxEdit(session_, box, row);
+    edit->setMinimumWidth(kBoxWidth);
+    edit->setMaximumWidth(kBoxWidth * 3 / 2);
+    Follow([edit](const ProjectState&) { edit->Refresh(); });
+    return edit;
+}
+
+BoxEdit* Binder::BoxRow(QGridLayout* grid, int row, const kestrum::Box& box, int column)
+{
+    const BoxHelp& help = HelpOf(box);
+    BoxEdit* const edit = BoxOf(box);
+    QLabel* const label = Caption(ToQt(help.label), edit);
+    QLabel* const unit = FaintLabel(ToQt(help.unit));
+    label->setToolTip(edit->toolTip());
+    label->setObjectName(edit->objectName() + QStringLiteral("_label"));
+    unit->setObjectName(edit->objectName() + QStringLiteral("_unit"));
+    grid->addWidget(label, row, column);
+    grid->addWidget(edit, row, column + 1);
+    grid->addWidget(unit, row, column + 2);
+    return edit;
+}
+
+QCheckBox* Binder::Tick(const QString& name, const QString& text, From<bool> is, To<bool> set)
+{
+    auto* const tick = new QCheckBox(text);
+    tick->setObjectName(name);
+    QObject::connect(tick, &QCheckBox::clicked, tick, [this, tick, is, set](bool on) {
+        set(session_, on);
+        tick->setChecked(is(session_.state()));  // a refused tick goes
+    });
+    Follow([tick, is](const ProjectState& s) { tick->setChecked(is(s)); });
+    return tick;
+}
+
+QRadioButton* Binder::Option(const QString& name, const QString& text, From<bool> is,
+                             std::function<void(Session&)> choose)
+{
+    auto* const option = new QRadioButton(text);
+    option->setObjectName(name);
+    QObject::connect(option, &QRadioButton::clicked, option,
+                     [this, choose](bool) { choose(session_); });
+    Follow([option, is](const ProjectState& s) {
+        option->setAutoExclusive(is(s));  // none may be chosen by a file's odd value
+        option->setChecked(is(s));
+        option->setAutoExclusive(true);
+    });
+    return option;
+}
+
+PictureButton* Binder::PictureOption(const QString& name, const QString& text, Drawing drawing,
+                                     From<bool> is, std::function<void(Session&)> choose)
+{
+    auto* const button = new PictureButton(name, text);
+    button->setCheckable(true);
+    button->Show(std::move(drawing));
+    QObject::connect(button, &QToolButton::clicked, button, [this, button, is, choose](bool) {
+        choose(session_);
+        button->setChecked(is(session_.state()));
+    });
+    Follow([button, is](const ProjectState& s) { button->setChecked(is(s)); });
+    return button;
+}
+
+QComboBox* Binder::List(const QString& name, const QStringList& entries, From<int> is,
+                        To<int> choose)
+{
+    auto* const list = new ListBox;
+    list->setObjectName(name);
+    list->addItems(entries);
+    list->setFocusPolicy(Qt::StrongFocus);
+    QObject::connect(list, &QComboBox::currentIndexChanged, list, [this, choose](int index) {
+        if (index >= 0) {
+            choose(session_, index);
+        }
+    });
+    Follow([list, is](const ProjectState& s) {
+        const QSignalBlocker quiet(list);
+        list->setCurrentIndex(is(s) < list->count() ? is(s) : -1);
+    });
+    return list;
+}
+
+QPushButton* Binder::Button(const QString& name, const QString& text, std::function<void()> press)
+{
+    auto* const button = new QPushButton(text);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    QObject::connect(button, &QPushButton::clicked, button, [press] { press(); });
+    return button;
+}
+
+QPushButton* Binder::Rotor(const QString& name, From<std::string> text,
+                           std::function<void(Session&)> press)
+{
+    QPushButton* const button = Button(name, {}, [this, press] { press(session_); });
+    button->setFixedWidth(40);
+    Follow([button, text](const ProjectState& s) { button->setText(ToQt(text(s))); });
+    return button;
+}
+
+QLabel* Binder::Text(const QString& name, From<std::string> text)
+{
+    auto* const label = new QLabel;
+    label->setObjectName(name);
+    Follow([label, text](const ProjectState& s) { label->setText(ToQt(text(s))); });
+    return label;
+}
+
+QLabel* Binder::Value(const QString& name, From<std::string> text)
+{
+    QLabel* const label = Text(name, [this, text](const ProjectState& s) {
+        return ForLocale(text(s), session_.decimalcomma());
+    });
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+Picture* Binder::Figure(const QString& name, From<Drawing> drawing)
+{
+    auto* const picture = new Picture(name);
+    Follow([picture, drawing](const ProjectState& s) { picture->Show(drawing(s)); });
+    return picture;
+}
+
+Picture* Binder::ResultFigure(const QString& name, From<Drawing> drawing)
+{
+    return Figure(name, [this, drawing](const ProjectState&) { return drawing(session_.shown()); });
+}
+
+void Binder::ShowWhen(QWidget* widget, From<bool> shown)
+{
+    Follow([widget, shown](const ProjectState& s) { widget->setVisible(shown(s)); });
+}
+
+void Binder::EnableWhen(QWidget* widget, From<bool> enabled)
+{
+    Follow([widget, enabled](const ProjectState& s) { widget->setEnabled(enabled(s)); });
+}
+
+void Binder::Follow(std::function<void(const ProjectState&)> refresh)
+{
+    refreshers_.push_back(std::move(refresh));
+}
+
+void Binder::Refresh()
+{
+    for (const auto& refresh : refreshers_) {
+        refresh(session_.state());
+    }
+}
+
+void ListBox::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus()) {
+        QComboBox::wheelEvent(event);
+    } else {
+        event->ignore();
+    }
+}
+
+QLabel* FaintLabel(const QString& text)
+{
+    auto* const label = new QLabel(text);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
+QLabel* Caption(const QString& text, QWidget* buddy)
+{
+    auto* const label = new QLabel(text);
+    label->setBuddy(buddy);
+    return label;
+}
+
+}  // namespace kestrum

@@ -1,0 +1,179 @@
+#include "ui/box_edit.h"
+
+#include "app/box_help.h"
+#include "app/view_member.h"
+#include "ui/text.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTimer>
+
+namespace kestrum {
+
+namespace {
+
+constexpr QRgb kFocusGreen = 65280;  // pure green
+
+// Black on green and white on dark green: readable in every palette.
+QPalette FocusPalette(QPalette palette)
+{
+    palette.setColor(QPalette::Base, QColor::fromRgb(kFocusGreen));
+    palette.setColor(QPalette::Text, Qt::black);
+    palette.setColor(QPalette::Highlight, QColor(0x0b, 0x4f, 0x1b));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+QString NameOf(const Box& box, int row)
+{
+    const QString name = ToQt(box.id);
+    return row == 0 ? name : name + QLatin1Char('_') + QString::number(row);
+}
+
+}  // namespace
+
+BoxEdit::BoxEdit(Session& session, const Box& box, int row, QWidget* parent)
+    : QLineEdit(parent), session_(session), box_(box), row_(row)
+{
+    setObjectName(NameOf(box, row));
+    setAlignment(Qt::AlignRight);
+    setToolTip(ToQt(TooltipOf(box)));
+    QString name = ToQt(AccessibleNameOf(box));
+    if (row > 0) {
+        name += QLatin1Char(' ') + QString::number(row);
+    }
+    setAccessibleName(name);
+    ShowValue();
+}
+
+void BoxEdit::Refresh()
+{
+    if (!isModified() && !leaving_) {
+        ShowValue();
+    }
+}
+
+void BoxEdit::ShowValue()
+{
+    const QString shown =
+        ToQt(ForLocale(BoxText(session_.state(), box_, row_), session_.decimalcomma()));
+    if (text() != shown) {
+        const bool selected = hasFocus();
+        setText(shown);
+        refused_ = refused_ && leaving_;
+        if (selected) {
+            selectAll();
+        }
+    }
+    setModified(false);
+}
+
+bool BoxEdit::Leave()
+{
+    if (leaving_) {
+        return !refused_;
+    }
+    const bool untouched = !isModified() && !refused_;
+    if (isReadOnly() || (untouched && !ControlledUntouched(box_))) {
+        return true;
+    }
+    leaving_ = true;
+    const Outcome outcome = session_.CommitBox(box_, row_, FromQt(text()));
+    refused_ = !outcome.taken;
+    if (outcome.message != kMismatch) {
+        ShowValue();
+    }
+    setModified(false);
+    leaving_ = false;
+    if (refused_) {
+        TakeFocusBack();
+    }
+    update();
+    return !refused_;
+}
+
+// Queued: the focus is still on its way to where the user wanted to go.
+void BoxEdit::TakeFocusBack()
+{
+    QTimer::singleShot(0, this, [this] {
+        setFocus(Qt::OtherFocusReason);
+        selectAll();
+    });
+}
+
+void BoxEdit::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    setPalette(FocusPalette(QApplication::palette(this)));
+    if (event->reason() == Qt::MouseFocusReason) {
+        QTimer::singleShot(0, this, &QLineEdit::selectAll);  // after the press has set the cursor
+    } else if (event->reason() != Qt::ActiveWindowFocusReason || !isModified()) {
+        selectAll();
+    }
+}
+
+void BoxEdit::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    const bool stays =
+        event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason;
+    // A message box, or another program, has come to the front.
+    const bool covered =
+        event->reason() == Qt::ActiveWindowFocusReason &&
+        (QApplication::activeModalWidget() != nullptr || QApplication::activeWindow() == nullptr);
+    if (!stays && !covered) {
+        Leave();
+    }
+    if (!stays) {
+        setPalette(QPalette());
+    }
+}
+
+void BoxEdit::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->accept();
+        QWidget* const target = next ? next() : NextBox();
+        if (target == nullptr || target == this) {
+            Leave();
+            selectAll();
+        } else {
+            target->setFocus(Qt::TabFocusReason);
+        }
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void BoxEdit::paintEvent(QPaintEvent* event)
+{
+    QLineEdit::paintEvent(event);
+    if (refused_) {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(QColor(0xd9, 0x2d, 0x20), 2));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 2, 2);
+    }
+}
+
+QWidget* BoxEdit::NextBox() const
+{
+    for (QWidget* at = nextInFocusChain(); at != this && at != nullptr;
+         at = at->nextInFocusChain()) {
+        const auto* const edit = qobject_cast<BoxEdit*>(at);
+        if (edit != nullptr && edit->window() == window() && edit->isVisible() &&
+            edit->isEnabled() && !edit->isReadOnly()) {
+            return at;
+        }
+    }
+    return nullptr;
+}
+
+BoxEdit* BoxWithFocus()
+{
+    return qobject_cast<BoxEdit*>(QApplication::focusWidget());
+}
+
+}  // namespace kestrum

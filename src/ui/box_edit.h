@@ -1,0 +1,59 @@
+#pragma once
+
+// A numeric input box of the program's table. Green while it has the focus, its text selected;
+// Enter goes to the next box; leaving it stores the value. A refused value keeps the focus.
+
+#include "app/session.h"
+
+#include <QLineEdit>
+
+#include <functional>
+
+namespace kestrum {
+
+class BoxEdit final : public QLineEdit {
+    Q_OBJECT
+
+public:
+    // `row` counts the rows of an array from 1. The object is named as the box, rows with their
+    // number: "il", "inn_2".
+    BoxEdit(Session& session, const Box& box, int row, QWidget* parent = nullptr);
+
+    const Box& box() const { return box_; }
+
+    // Shows the value of the record, unless the user is typing.
+    void Refresh();
+
+    // What leaving the box does; false when the value was refused. The focus then comes back.
+    bool Leave();
+
+    // Leave() if the user has typed something.
+    bool Finish() { return !isModified() || Leave(); }
+
+    bool refused() const { return refused_; }
+
+    // Where Enter goes; the next box of the window when not set.
+    std::function<QWidget*()> next;
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void ShowValue();
+    void TakeFocusBack();
+    QWidget* NextBox() const;
+
+    Session& session_;
+    const Box& box_;
+    int row_;
+    bool refused_ = false;
+    bool leaving_ = false;
+};
+
+// The box that the user is typing in, or null.
+BoxEdit* BoxWithFocus();
+
+}  // namespace kestrum

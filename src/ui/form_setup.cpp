@@ -1,0 +1,265 @@
+#include "app/member_commands.h"
+#include "app/setup_commands.h"
+#include "app/view_member.h"
+#include "core/load_combination.h"
+#include "sections/load_library.h"
+#include "ui/combination_widgets.h"
+#include "ui/forms.h"
+#include "ui/lists.h"
+#include "ui/text.h"
+#include "ui/theme.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace kestrum {
+
+namespace {
+
+const Box& BoxNamed(std::string_view id)
+{
+    return *FindBox("setup", id);
+}
+
+QGroupBox* ParameterGroup(Binder& bind, const QString& name, const QString& title,
+                          std::initializer_list<std::string_view> ids)
+{
+    QGroupBox* const group = Group(name, title);
+    QGridLayout* const grid = GridOf(group);
+    int row = 0;
+    for (const std::string_view id : ids) {
+        bind.BoxRow(grid, row++, BoxNamed(id));
+    }
+    grid->setColumnStretch(3, 1);
+    grid->setRowStretch(row, 1);
+    bind.EnableWhen(group, AnnexParametersOpen);
+    return group;
+}
+
+QGroupBox* AnnexGroup(Binder& bind)
+{
+    QGroupBox* const group = Group(QStringLiteral("frameannex"), QObject::tr("National annex"));
+    QVBoxLayout* const column = ColumnOf(group);
+    QComboBox* const list = bind.List(
+        QStringLiteral("Cbo1993"), AnnexNames(), [](const ProjectState& s) { return s.annexindex; },
+        ChooseAnnex);
+    list->setAccessibleName(QObject::tr("National annex"));
+    column->addWidget(list);
+    QLabel* const hint = FaintLabel(ToQt(kAnnexHint));
+    hint->setObjectName(QStringLiteral("lblannex"));
+    hint->setWordWrap(true);
+    column->addWidget(hint);
+    return group;
+}
+
+QGroupBox* LambdaGroup(Binder& bind)
+{
+    QGroupBox* const group =
+        Group(QStringLiteral("framelamdabeta"), QObject::tr("Lateral torsional buckling curves"));
+    QGridLayout* const grid = GridOf(group);
+    grid->addWidget(FaintLabel(QObject::tr("Rolled")), 0, 0, 1, 3);
+    bind.BoxRow(grid, 1, BoxNamed("ilamdaLT0"));
+    bind.BoxRow(grid, 2, BoxNamed("ibeta"));
+    grid->addWidget(FaintLabel(QObject::tr("Welded")), 0, 3, 1, 3);
+    bind.BoxRow(grid, 1, BoxNamed("ilamdaLT0w"), 3);
+    bind.BoxRow(grid, 2, BoxNamed("ibetaw"), 3);
+    grid->setColumnStretch(6, 1);
+    bind.EnableWhen(group, AnnexParametersOpen);
+    return group;
+}
+
+QGroupBox* MaterialGroup(Binder& bind)
+{
+    QGroupBox* const group = Group(QStringLiteral("framematerial"), QObject::tr("Material"));
+    QGridLayout* const grid = GridOf(group);
+    const Library& library = bind.session().library();
+    QComboBox* const list = bind.List(
+        QStringLiteral("cbofyk"), MaterialNames(library),
+        [](const ProjectState& s) { return s.fykindex; }, ChooseMaterial);
+    list->setAccessibleName(QObject::tr("Steel grade"));
+    grid->addWidget(list, 0, 0, 1, 3);
+    BoxEdit* const strength = bind.BoxRow(grid, 1, BoxNamed("ifyk"));
+    bind.Follow([strength, &library](const ProjectState& s) {
+        strength->setReadOnly(!StrengthOpen(library, s));
+        strength->setEnabled(StrengthOpen(library, s));
+    });
+    bind.BoxRow(grid, 2, BoxNamed("ie"));
+    grid->setColumnStretch(3, 1);
+    return group;
+}
+
+QGroupBox* MethodGroup(Binder& bind)
+{
+    QGroupBox* const group =
+        Group(QStringLiteral("framemethod"), QObject::tr("Interaction factors"));
+    QVBoxLayout* const column = ColumnOf(group);
+    column->addWidget(bind.Option(
+        QStringLiteral("rbtnMethod1"), QObject::tr("Method 1 (Annex A)"),
+        [](const ProjectState& s) { return s.method == 1; },
+        [](Session& session) { ChooseMethod(session, 1); }));
+    column->addWidget(bind.Option(
+        QStringLiteral("rbtnMethod2"), QObject::tr("Method 2 (Annex B)"),
+        [](const ProjectState& s) { return s.method == 2; },
+        [](Session& session) { ChooseMethod(session, 2); }));
+    column->addWidget(
+        FaintLabel(QStringLiteral(" Valid for Double Symmetric Profiles ").trimmed()));
+    column->addStretch(1);
+    return group;
+}
+
+QGroupBox* OptionGroup(Binder& bind)
+{
+    QGroupBox* const group = Group(QStringLiteral("frameoptions"), QObject::tr("Design options"));
+    QVBoxLayout* const column = ColumnOf(group);
+    struct Entry {
+        const char* name;
+        QString text;
+        Option option;
+        i16 ProjectState::*field;
+    };
+    const Entry entries[] = {
+        {"CheckElastic", QObject::tr("Elastic design of class 1 and 2 sections"), Option::elastic,
+         &ProjectState::checkelastic},
+        {"CheckConserControl", QObject::tr("Conservative (linear) interaction, 6.2.1 (7)"),
+         Option::conservative, &ProjectState::checkconsercontrol},
+        {"CheckFlangebuck", QObject::tr("No local buckling of flanges"), Option::flangebuckling,
+         &ProjectState::checkflangebuck},
+        {"CheckWebbuck", QObject::tr("No local buckling of webs"), Option::webbuckling,
+         &ProjectState::checkwebbuck}};
+    for (const Entry& entry : entries) {
+        column->addWidget(bind.Tick(
+            QLatin1String(entry.name), entry.text,
+            [field = entry.field](const ProjectState& s) { return s.*field != kFalse; },
+            [option = entry.option](Session& session, bool on) {
+                TickOption(session, option, on);
+            }));
+    }
+    column->addStretch(1);
+    return group;
+}
+
+QGroupBox* LimitGroup(Binder& bind)
+{
+    QGroupBox* const group = Group(QStringLiteral("framelimits"), QObject::tr("Limits"));
+    QGridLayout* const grid = GridOf(group);
+    grid->addWidget(FaintLabel(QObject::tr("Deflection")), 0, 0, 1, 3);
+    bind.BoxRow(grid, 1, BoxNamed("idef_limitz"));
+    bind.BoxRow(grid, 2, BoxNamed("idef_limity"));
+    grid->addWidget(FaintLabel(QObject::tr("Utilisation")), 3, 0, 1, 3);
+    bind.BoxRow(grid, 4, BoxNamed("iuflimit"));
+    grid->setColumnStretch(3, 1);
+    grid->setRowStretch(5, 1);
+    return group;
+}
+
+// One frame for Norway's two classes, one for three classes.
+QWidget* ClassFrames(Binder& bind)
+{
+    auto* const host = new QWidget;
+    auto* const row = new QVBoxLayout(host);
+    row->setContentsMargins(0, 0, 0, 0);
+    const auto frame = [&](const QString& name, ClassFrame shown) {
+        QGroupBox* const group = Group(name, {});
+        RowOf(group);
+        bind.Follow([group, shown](const ProjectState& s) {
+            group->setVisible(ShownClassFrame(s) == shown);
+            group->setTitle(ToQt(ClassCaption(s)));
+        });
+        row->addWidget(group);
+        return group;
+    };
+    const auto option = [&](QGroupBox* group, const QString& name, const QString& text, int value) {
+        group->layout()->addWidget(bind.Option(
+            name, text, [value](const ProjectState& s) { return s.safetyclass == value; },
+            [value](Session& session) { ChooseClass(session, value); }));
+    };
+    QGroupBox* const norway = frame(QStringLiteral("frameSclassNorway"), ClassFrame::norway);
+    norway->layout()->addWidget(bind.Option(
+        QStringLiteral("rbtnSafetyNorwayClass1"), QStringLiteral("1"),
+        [](const ProjectState& s) { return s.safetyclass == 1; },
+        [](Session& session) { ChooseClass(session, 1); }));
+    norway->layout()->addWidget(bind.Option(
+        QStringLiteral("rbtnSafetyNorwayClass24"), QStringLiteral("2-4"),
+        [](const ProjectState& s) { return s.safetyclass != 1; },
+        [](Session& session) { ChooseClass(session, 2); }));
+    QGroupBox* const three = frame(QStringLiteral("frameSclass"), ClassFrame::three);
+    for (int i = 1; i <= 3; ++i) {
+        option(three, QStringLiteral("rbtnSafetyClass%1").arg(i), QString::number(i), i);
+    }
+    for (QGroupBox* const group : {norway, three}) {
+        static_cast<QHBoxLayout*>(group->layout())->addStretch(1);
+    }
+    return host;
+}
+
+QWidget* FactorFrame(Binder& bind, Desk& desk)
+{
+    QGroupBox* const group = Group(QStringLiteral("frULS"), QObject::tr("Load factors"));
+    QGridLayout* const grid = GridOf(group);
+    const auto row = [&](int at, const QString& title,
+                         std::initializer_list<std::string_view> ids) {
+        grid->addWidget(FaintLabel(title), at, 0);
+        int column = 1;
+        for (const std::string_view id : ids) {
+            bind.BoxRow(grid, at, BoxNamed(id), column);
+            column += 3;
+        }
+    };
+    row(0, QStringLiteral("ULS"), {"iLfULS_G", "iLfULS_Q1", "iLfULS_Q2"});
+    row(1, QStringLiteral("SLS"), {"iLfSLS_G", "iLfSLS_Q1", "iLfSLS_Q2"});
+    grid->addWidget(bind.Button(QStringLiteral("Command1"), QObject::tr("Info"),
+                                [&desk] { desk.open("InfoULS"); }),
+                    0, 10);
+    grid->setColumnStretch(11, 1);
+    bind.ShowWhen(group, UserFactorsShown);
+    return group;
+}
+
+}  // namespace
+
+Form* MakeSetup(Desk& desk, QWidget* parent)
+{
+    auto* const form = new Form(desk, "setup", QObject::tr("Setup"), parent);
+    Binder& bind = form->bind();
+    auto* const grid = new QGridLayout;
+    grid->setSpacing(kGap);
+    grid->addWidget(AnnexGroup(bind), 0, 0);
+    grid->addWidget(ParameterGroup(bind, QStringLiteral("framegamma"),
+                                   QObject::tr("Partial factors"), {"igammam0", "igammam1"}),
+                    0, 1);
+    grid->addWidget(
+        ParameterGroup(bind, QStringLiteral("frameneta"), QObject::tr("Shear area"), {"ineta"}), 0,
+        2);
+    grid->addWidget(LambdaGroup(bind), 1, 0);
+    grid->addWidget(MaterialGroup(bind), 1, 1, 1, 2);
+    grid->addWidget(OptionGroup(bind), 2, 0);
+    grid->addWidget(MethodGroup(bind), 2, 1, 1, 2);
+
+    QGroupBox* const combination =
+        Group(QStringLiteral("framecomb"), QObject::tr("Load combination"));
+    QVBoxLayout* const column = ColumnOf(combination);
+    column->addWidget(CombinationList(bind));
+    column->addWidget(PsiFrame(bind, desk, QStringLiteral("Command3")));
+    column->addWidget(FactorFrame(bind, desk));
+    column->addWidget(ClassFrames(bind));
+    column->addWidget(CombinationTexts(bind));
+    column->addStretch(1);
+    grid->addWidget(combination, 3, 0, 1, 2);
+    grid->addWidget(LimitGroup(bind), 3, 2);
+    grid->setColumnStretch(0, 3);
+    grid->setColumnStretch(1, 2);
+    grid->setColumnStretch(2, 2);
+    form->body()->addLayout(grid);
+
+    QHBoxLayout* const buttons = form->AddButtons(QStringLiteral("CmdOK"));
+    QPushButton* const save =
+        bind.Button(QStringLiteral("Command2"), QObject::tr("&Save as default"),
+                    [&desk] { SaveAsDefault(desk.session, UserDataFolder()); });
+    save->setToolTip(QObject::tr("The next start begins with these settings"));
+    buttons->insertWidget(0, save);
+    return form;
+}
+
+}  // namespace kestrum

@@ -1,0 +1,170 @@
+#include "app/member_commands.h"
+#include "report/choice_pictures.h"
+#include "report/mode_shapes.h"
+#include "service/modal.h"
+#include "service/vortex.h"
+#include "ui/forms.h"
+#include "ui/text.h"
+#include "ui/theme.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+namespace kestrum {
+
+namespace {
+
+QGroupBox* SupportGroup(Binder& bind)
+{
+    QGroupBox* const group = Group(QStringLiteral("frsupport"), QObject::tr("Member Restraint"));
+    QHBoxLayout* const row = RowOf(group);
+    for (int i = 0; i < static_cast<int>(kVortexSupports.size()); ++i) {
+        const QString name = ToQt(kVortexSupports[static_cast<std::size_t>(i)].name).trimmed();
+        PictureButton* const button = bind.PictureOption(
+            QStringLiteral("btnVortex%1").arg(i), name, VortexSupportPicture(i),
+            [i](const ProjectState& s) { return s.vortexcase == i; },
+            [i](Session& session) { ChooseVortexSupport(session, i); });
+        button->SetPictureSize({88, 44});
+        button->setAccessibleName(name);
+        row->addWidget(button);
+    }
+    return group;
+}
+
+QGroupBox* WindGroup(Binder& bind)
+{
+    QGroupBox* const group = Group(QStringLiteral("frwind"), QObject::tr("Wind data"));
+    QGridLayout* const grid = GridOf(group);
+    const auto row = [&](int at, const QString& label, std::string_view id, const QString& unit) {
+        BoxEdit* const box = bind.Box(id);
+        grid->addWidget(Caption(label, box), at, 0);
+        grid->addWidget(box, at, 1);
+        grid->addWidget(FaintLabel(unit), at, 2);
+    };
+    row(0, QStringLiteral("Wind speed vb (10min, 10 m) ="), "ivb", QStringLiteral("m/s"));
+    row(1, QStringLiteral("Heigth z ="), "iz", QStringLiteral("m"));
+    QStringList names;
+    for (const Terrain& terrain : kTerrains) {
+        names << ToQt(terrain.name);
+    }
+    QComboBox* const list = bind.List(
+        QStringLiteral("cboTerrain"), names, [](const ProjectState& s) { return s.terrain; },
+        ChooseTerrain);
+    list->setToolTip(QObject::tr("Terrain category\nEN 1991-1-4, Table 4.1"));
+    grid->addWidget(Caption(QObject::tr("Terrain category"), list), 2, 0);
+    grid->addWidget(list, 2, 1);
+    grid->setColumnStretch(3, 1);
+    return group;
+}
+
+QGroupBox* VerdictGroup(Binder& bind)
+{
+    QGroupBox* const group = Group(QStringLiteral("frresult"), QObject::tr("Results"));
+    QGridLayout* const grid = GridOf(group);
+    const auto value = [&](int row, const QString& head, const QString& name,
+                           std::string (*text)(const ProjectState&)) {
+        grid->addWidget(new QLabel(head), row, 0);
+        grid->addWidget(bind.Value(name, text), row, 1);
+    };
+    value(0, QObject::tr("Natural frequency"), QStringLiteral("lblfreq"), VortexFrequencyText);
+    value(1, QObject::tr("Wind speed Vm"), QStringLiteral("lblvm"), VortexMeanText);
+    value(2, QObject::tr("Critical windspeed, Vcrit"), QStringLiteral("lblvcrit"),
+          VortexCriticalText);
+    grid->addWidget(new QLabel(QStringLiteral("Control eq E.1: Vcrit >= 1.25Vm")), 3, 0);
+    QLabel* const verdict = bind.Text(QStringLiteral("lblOK"), [](const ProjectState& s) {
+        return std::string(VortexVerdict(s));
+    });
+    QFont bold = verdict->font();
+    bold.setBold(true);
+    verdict->setFont(bold);
+    verdict->setAlignment(Qt::AlignRight);
+    bind.Follow([verdict](const ProjectState& s) {
+        QPalette palette;
+        const bool dark = IsDark(palette);
+        const QColor good = dark ? QColor(0x5f, 0xd0, 0x7a) : QColor(0, 128, 0);
+        const QColor bad = dark ? QColor(0xff, 0x6b, 0x6b) : QColor(0xc0, 0, 0);
+        palette.setColor(QPalette::WindowText, VortexAccepted(s) ? good : bad);
+        verdict->setPalette(palette);
+    });
+    grid->addWidget(verdict, 3, 1);
+    grid->setColumnStretch(2, 1);
+    return group;
+}
+
+QTableWidget* VortexTable(Binder& bind)
+{
+    auto* const table = new QTableWidget(0, 3);
+    table->setObjectName(QStringLiteral("gridvortex"));
+    table->setHorizontalHeaderLabels(
+        {QStringLiteral(" Parameter"), QStringLiteral("Value"), QStringLiteral("unit")});
+    table->verticalHeader()->hide();
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setAlternatingRowColors(true);
+    table->setSelectionMode(QAbstractItemView::ContiguousSelection);
+    table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    table->setMinimumWidth(340);
+    bind.Follow([table](const ProjectState& s) {
+        const std::vector<VortexRow> rows = VortexGrid(s);
+        table->setRowCount(static_cast<int>(rows.size()));
+        for (int i = 0; i < table->rowCount(); ++i) {
+            const VortexRow& row = rows[static_cast<std::size_t>(i)];
+            table->setItem(i, 0, new QTableWidgetItem(ToQt(row.parameter)));
+            auto* const value = new QTableWidgetItem(ToQt(row.value));
+            value->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            table->setItem(i, 1, value);
+            table->setItem(i, 2, new QTableWidgetItem(ToQt(row.unit)));
+        }
+        table->resizeColumnToContents(1);
+        table->resizeRowsToContents();
+        table->setMinimumHeight(table->horizontalHeader()->height() +
+                                table->verticalHeader()->length() + 4);
+    });
+    return table;
+}
+
+}  // namespace
+
+Form* MakeVortex(Desk& desk, QWidget* parent)
+{
+    auto* const form =
+        new Form(desk, "frmVortex",
+                 QStringLiteral(" Vortex shedding according to EN 1991-1-4, Annex E"), parent);
+    Binder& bind = form->bind();
+    form->body()->addWidget(SupportGroup(bind));
+    auto* const row = new QHBoxLayout;
+    auto* const left = new QVBoxLayout;
+    left->addWidget(WindGroup(bind));
+    left->addWidget(VerdictGroup(bind));
+    left->addStretch(1);
+    row->addLayout(left);
+    row->addWidget(VortexTable(bind), 1);
+    form->body()->addLayout(row);
+    form->AddButtons();
+    return form;
+}
+
+Form* MakeModal(Desk& desk, QWidget* parent)
+{
+    auto* const form =
+        new Form(desk, "Modal_ns", QStringLiteral("Modal analysis for q-loads (SLS)"), parent);
+    Binder& bind = form->bind();
+    Picture* const picture = bind.ResultFigure(QStringLiteral("picmodes"), DrawModeShapes);
+    picture->setMinimumSize(520, 320);
+    form->body()->addWidget(picture, 1);
+    auto* const grid = new QGridLayout;
+    grid->addWidget(bind.Text(QStringLiteral("massa"), MassText), 0, 0);
+    for (int mode = 1; mode <= 3; ++mode) {
+        grid->addWidget(bind.Text(QStringLiteral("mod%1").arg(mode),
+                                  [mode](const ProjectState& s) { return ModeText(s, mode); }),
+                        0, mode);
+    }
+    form->body()->addLayout(grid);
+    form->AddButtons();
+    return form;
+}
+
+}  // namespace kestrum

@@ -1,0 +1,58 @@
+#include "ui/forms.h"
+
+#include "app/load_commands.h"
+#include "app/member_commands.h"
+
+#include <algorithm>
+
+namespace kestrum {
+
+namespace {
+
+bool Open(Session&)
+{
+    return true;
+}
+
+template <void (*kHandler)(Session&)> bool After(Session& session)
+{
+    kHandler(session);
+    return true;
+}
+
+}  // namespace
+
+const std::vector<FormMaker>& AllForms()
+{
+    static const std::vector<FormMaker> forms{
+        {"setup", MakeSetup, Open},
+        {"Loading", MakeLoading, After<OpenLoading>},
+        {"endforce", MakeEndForce, After<OpenEndForces>},
+        {"endstiff", MakeEndStiff, Open},
+        {"bucklingy", MakeBucklingY, Open},
+        {"bucklingz", MakeBucklingZ, Open},
+        {"chpoints", MakeCheckPoints, Open},
+        {"vipping", MakeVipping, After<OpenVipping>},
+        {"frmVortex", MakeVortex, OpenVortex},
+        {"Modal_ns", MakeModal, Open},
+        {"detailedresult", MakeDetailedResult, Open},
+        {"about", MakeAbout, Open},
+        {"InfoPsi", MakeInfoPsi, Open},
+        {"InfoULS", MakeInfoUls, Open},
+        {"InfoVipping", MakeInfoVipping, Open},
+        {"InfoKESTRUM", MakeInfoKestrum, Open},
+        {"infoendsupport", MakeInfoEndSupport, Open},
+        {"sectionpicture", MakeSectionPicture, Open},
+    };
+    return forms;
+}
+
+const FormMaker* FindForm(std::string_view name)
+{
+    const auto& forms = AllForms();
+    const auto at = std::find_if(forms.begin(), forms.end(),
+                                 [&](const FormMaker& form) { return form.name == name; });
+    return at != forms.end() ? &*at : nullptr;
+}
+
+}  // namespace kestrum

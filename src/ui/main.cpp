@@ -1,0 +1,58 @@
+// The desktop program `kestrum-ec3`.
+
+#include "sections/load_library.h"
+#include "ui/main_window.h"
+#include "ui/places.h"
+#include "ui/qt_surroundings.h"
+#include "ui/text.h"
+#include "ui/theme.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileOpenEvent>
+#include <QLocale>
+
+namespace {
+
+// macOS sends the file that the user has opened as an event.
+class Application final : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    std::function<void(const QString&)> open_file;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::FileOpen && open_file) {
+            open_file(static_cast<QFileOpenEvent*>(event)->file());
+            return true;
+        }
+        return QApplication::event(event);
+    }
+};
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    using namespace kestrum;
+    const std::string commandline = RawCommandLine(argc, argv);
+    Application application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Kestrum EC3"));
+    QCoreApplication::setApplicationVersion(QStringLiteral("1.3.1"));
+    QtSettings settings;
+    UseTheme(application, StartsDark(settings.settings()));
+
+    const Library library = LoadLibrary(DataFolders());
+    QtSurroundings surroundings;
+    Session session(library, surroundings, DecimalComma(QLocale()));
+    session.curdir = FromQt(QDir::currentPath());
+    Desk desk{session, settings, FromQt(ManualFolder())};
+    MainWindow window(desk);
+    surroundings.SetWindow(&window);
+    application.open_file = [&window](const QString& path) { window.OpenProject(path); };
+    window.Start(commandline);
+    window.show();
+    return QApplication::exec();
+}

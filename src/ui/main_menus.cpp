@@ -1,0 +1,245 @@
+#include "app/file_commands.h"
+#include "app/load_commands.h"
+#include "app/section_commands.h"
+#include "app/view_report.h"
+#include "render/export.h"
+#include "sections/family_table.h"
+#include "ui/main_window.h"
+#include "ui/text.h"
+#include "ui/theme.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <array>
+
+namespace kestrum {
+
+namespace {
+
+struct InputEntry {
+    const char* name;
+    const char* text;
+    std::string_view form;
+    QKeyCombination key;
+};
+
+// The forms of the member, in the order of the main window.
+constexpr std::array<InputEntry, 9> kMemberForms{{
+    {"mnubucklingy", QT_TR_NOOP("Buckling length &Y-axis"), "bucklingy",
+     QKeyCombination(Qt::Key_F5)},
+    {"mnubucklingz", QT_TR_NOOP("Buckling length &Z-axis"), "bucklingz",
+     QKeyCombination(Qt::Key_F6)},
+    {"mnuvipping", QT_TR_NOOP("Lateral &torsional buckling"), "vipping",
+     QKeyCombination(Qt::Key_F7)},
+    {"mnuendstiff", QT_TR_NOOP("End s&upports"), "endstiff", QKeyCombination(Qt::Key_F8)},
+    {"mnuchpoints", QT_TR_NOOP("&Check points"), "chpoints", QKeyCombination(Qt::Key_F9)},
+    {"mnuvortex", QT_TR_NOOP("&Vortex shedding"), "frmVortex", QKeyCombination(Qt::Key_F11)},
+    {"mnumodal", QT_TR_NOOP("&Mode shapes"), "Modal_ns", Qt::CTRL | Qt::Key_M},
+    {"mnuresult", QT_TR_NOOP("More &results"), "detailedresult", QKeyCombination(Qt::Key_F12)},
+    {"mnupicture", QT_TR_NOOP("E&nlarged section"), "sectionpicture", Qt::CTRL | Qt::Key_E},
+}};
+
+}  // namespace
+
+QAction* MainWindow::AddAction(QMenu* menu, const QString& name, const QString& text,
+                               const QKeySequence& key, std::function<void()> run)
+{
+    QAction* const action = menu->addAction(text);
+    action->setObjectName(name);
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this, [run] {
+        BoxEdit* const box = BoxWithFocus();  // a menu does not take the focus
+        if (box == nullptr || box->Finish()) {
+            run();
+        }
+    });
+    return action;
+}
+
+void MainWindow::BuildMenus()
+{
+    const auto add = [this](const char* name, const QString& title) {
+        QMenu* const menu = menuBar()->addMenu(title);
+        menu->setObjectName(QLatin1String(name));
+        return menu;
+    };
+    BuildFileMenu(add("mnufile", tr("&File")));
+    QMenu* const input = add("mnuinput", tr("&Input"));
+    AddAction(input, QStringLiteral("mnusetup"), tr("&Setup"), Qt::Key_F2,
+              [this] { OpenForm("setup"); });
+    AddAction(input, QStringLiteral("mnuload1"), tr("&Loading"), Qt::Key_F3,
+              [this] { OpenForm("Loading"); });
+    AddAction(input, QStringLiteral("mnuendforces"), tr("&Endforces"), Qt::Key_F4, [this] {
+        OpenEndForcesFromMenu(desk_.session);
+        OpenForm("endforce");
+    });
+    input->addSeparator();
+    for (const InputEntry& entry : kMemberForms) {
+        AddAction(input, QLatin1String(entry.name), tr(entry.text), QKeySequence(entry.key),
+                  [this, &entry] { OpenForm(entry.form); });
+    }
+    BuildProfileMenu(add("mnustiff", tr("&Profiles")));
+    BuildPrintMenu(add("mnuprint", tr("P&rint")));
+    QMenu* const view = add("mnuview", tr("&View"));
+    QAction* const dark =
+        AddAction(view, QStringLiteral("mnudark"), tr("&Dark colours"), Qt::CTRL | Qt::Key_D, {});
+    dark->setCheckable(true);
+    dark->setChecked(IsDark(QApplication::palette()));
+    dark->disconnect(this);
+    connect(dark, &QAction::toggled, this, &MainWindow::UseDark);
+    BuildHelpMenu(add("mnuhelp", tr("&Help")));
+}
+
+void MainWindow::BuildFileMenu(QMenu* menu)
+{
+    filemenu_ = menu;
+    AddAction(menu, QStringLiteral("mnunew"), tr("&New"), QKeySequence::New,
+              [this] { NewFile(desk_.session); });
+    AddAction(menu, QStringLiteral("mnuopen"), tr("&Open..."), QKeySequence::Open, [this] {
+        if (OpenFile(desk_.session, desk_.store)) {
+            CloseForms();
+        }
+    });
+    AddAction(menu, QStringLiteral("mnusave"), tr("&Save"), QKeySequence::Save,
+              [this] { SaveFile(desk_.session, desk_.store); });
+    AddAction(menu, QStringLiteral("mnusaveas"), tr("Save &As..."),
+              Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { SaveFileAs(desk_.session, desk_.store); });
+    menu->addSeparator();
+    for (int report = 0; report < kReports; ++report) {
+        AddAction(menu, QStringLiteral("mnuprint%1%1").arg(report),
+                  tr("Print: ") + ToQt(ReportName(report)), {},
+                  [this, report] { PrintReport(desk_.session, static_cast<Report>(report)); });
+    }
+    recentend_ = menu->addSeparator();
+    AddAction(menu, QStringLiteral("mnuexit"), tr("E&xit"), QKeySequence::Quit,
+              [this] { close(); });
+    for (int i = 1; i <= kRecentFiles; ++i) {
+        auto* const entry = new QAction(this);
+        entry->setObjectName(QStringLiteral("mnurecentfile%1").arg(i));
+        entry->setVisible(false);
+        connect(entry, &QAction::triggered, this, [this, entry] {
+            const std::string caption = FromQt(entry->data().toString());
+            CloseForms();
+            OpenRecentFile(desk_.session, desk_.store, caption);
+        });
+        menu->insertAction(recentend_, entry);
+        recent_.push_back(entry);
+    }
+    menu->insertSeparator(recent_.front());
+}
+
+void MainWindow::RefreshRecentFiles()
+{
+    const std::vector<std::string> captions = ReadRecentFiles(desk_.store);
+    for (std::size_t i = 0; i < recent_.size(); ++i) {
+        const bool used = i < captions.size();
+        recent_[i]->setVisible(used);
+        if (used) {
+            QString text = ToQt(captions[i]);
+            recent_[i]->setData(text);
+            recent_[i]->setText(QLatin1Char('&') +
+                                text.replace(QLatin1Char('&'), QLatin1String("&&")));
+        }
+    }
+}
+
+void MainWindow::BuildProfileMenu(QMenu* menu)
+{
+    const auto submenu = [&](const char* name, const QString& title) {
+        QMenu* const sub = menu->addMenu(title);
+        sub->setObjectName(QLatin1String(name));
+        return sub;
+    };
+    std::map<MenuGroup, QMenu*> menus{{MenuGroup::profiles, menu}};
+    const auto add = [&](const FamilyInfo& family) {
+        AddAction(menus.at(family.group), ToQt(family.menu), ToQt(family.caption).trimmed(), {},
+                  [this, id = family.id, form = family.form] {
+                      ChooseFamily(desk_.session, id);
+                      OpenForm(form);
+                  });
+    };
+    for (const FamilyInfo& family : Families()) {
+        if (family.group == MenuGroup::profiles) {
+            add(family);
+        }
+    }
+    menu->addSeparator();
+    menus[MenuGroup::welded] = submenu("mnuwelded", tr("&Welded"));
+    menus[MenuGroup::plates] = submenu("mnuplate", tr("Stiffened &plates"));
+    menus[MenuGroup::other] = submenu("mnuOther", tr("&Other"));
+    menus[MenuGroup::british] = submenu("mnubrtish", tr("&British profiles"));
+    for (const FamilyInfo& family : Families()) {
+        if (family.group != MenuGroup::profiles && family.group != MenuGroup::none) {
+            add(family);
+        }
+    }
+}
+
+void MainWindow::BuildPrintMenu(QMenu* menu)
+{
+    constexpr std::array<QKeyCombination, kReports> kKeys{
+        Qt::CTRL | Qt::SHIFT | Qt::Key_P, Qt::CTRL | Qt::Key_P, Qt::CTRL | Qt::ALT | Qt::Key_P};
+    for (int report = 0; report < kReports; ++report) {
+        AddAction(menu, QStringLiteral("mnuprint%1").arg(report), ToQt(ReportName(report)),
+                  QKeySequence(kKeys[static_cast<std::size_t>(report)]),
+                  [this, report] { PrintReport(desk_.session, static_cast<Report>(report)); });
+    }
+    menu->addSeparator();
+    for (int report = 0; report < kReports; ++report) {
+        AddAction(menu, QStringLiteral("mnupdf%1").arg(report),
+                  tr("PDF: ") + ToQt(ReportName(report)), {},
+                  [this, report] { ExportReport(report); });
+    }
+}
+
+void MainWindow::BuildHelpMenu(QMenu* menu)
+{
+    AddAction(menu, QStringLiteral("mnuUpdate"), tr("&Update Information"), {},
+              [this] { OpenManual(QStringLiteral("Kestrum EC3 Update Information.pdf")); });
+    AddAction(menu, QStringLiteral("mnuTheory"), tr("&Theory Manual"), QKeySequence::HelpContents,
+              [this] { OpenManual(QStringLiteral("Kestrum EC3 Theory Manual.pdf")); });
+    menu->addSeparator();
+    AddAction(menu, QStringLiteral("mnuInfo"), tr("&Information about the program"), {},
+              [this] { OpenForm("InfoKESTRUM"); });
+    AddAction(menu, QStringLiteral("mnuabout"), tr("&About Kestrum - EC3"), {},
+              [this] { OpenForm("about"); });
+}
+
+void MainWindow::OpenManual(const QString& file)
+{
+    const std::string path = desk_.helppath + FromQt(file);
+    if (!desk_.session.surroundings().OpenDocument(path)) {
+        desk_.session.surroundings().Warn(path + ": " + FromQt(tr("the manual is not installed")));
+    }
+}
+
+// Draws the report into a file that the user names.
+void MainWindow::ExportReport(int report)
+{
+    const std::vector<Drawing> pages = ReportPages(desk_.session, static_cast<Report>(report));
+    if (pages.empty()) {
+        return;
+    }
+    const QString folder = ToQt(desk_.session.curdir);
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Export as PDF"), folder, tr("PDF (*.pdf)"));
+    if (path.isEmpty()) {
+        return;
+    }
+    const std::string fault = WritePdf(pages, 1, FromQt(path));
+    if (!fault.empty()) {
+        desk_.session.surroundings().Warn(FromQt(path) + ": " + fault);
+    }
+}
+
+void MainWindow::UseDark(bool dark)
+{
+    UseTheme(*qobject_cast<QApplication*>(QCoreApplication::instance()), dark);
+    RememberDark(desk_.store.settings(), dark);
+}
+
+}  // namespace kestrum

@@ -1,0 +1,206 @@
+#include "ui/main_window.h"
+
+#include "app/file_commands.h"
+#include "sections/family_table.h"
+#include "ui/forms.h"
+#include "ui/main_panels.h"
+#include "ui/text.h"
+#include "ui/theme.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QMimeData>
+#include <QScreen>
+#include <QScrollArea>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace kestrum {
+
+namespace {
+
+constexpr int kInputWidth = 380;
+constexpr char kGeometryKey[] = "Window/Geometry";
+constexpr double kStartWidth = 1024, kStartHeight = 768 * 0.965;  // at the resolution below
+constexpr double kStartDpi = 96;
+constexpr QSize kComfortable(1280, 770);  // if the screen has room for it
+
+QString DroppedPath(const QMimeData* data)
+{
+    for (const QUrl& url : data->urls()) {
+        if (url.isLocalFile() &&
+            url.toLocalFile().endsWith(QLatin1String(".kst"), Qt::CaseInsensitive)) {
+            return url.toLocalFile();
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Desk& desk, QWidget* parent)
+    : QMainWindow(parent), desk_(desk), bind_(desk.session, "kestrum")
+{
+    setObjectName(QStringLiteral("kestrum"));
+    setAcceptDrops(true);
+    desk_.open = [this](std::string_view form) { OpenForm(form); };
+
+    auto* const host = new QWidget;
+    auto* const column = new QVBoxLayout(host);
+    column->setContentsMargins(kGap, 0, kGap, kGap);
+    column->setSpacing(kGap);
+    column->addWidget(FamilyTabs(bind_, desk_));
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(kGap);
+
+    QWidget* const input = InputPanel(bind_, desk_);
+    auto* const scroll = new QScrollArea;  // for larger fonts on a small screen
+    scroll->setWidget(input);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    const int needed = input->sizeHint().width();
+    scroll->setFixedWidth(std::max(kInputWidth, needed));
+    row->addWidget(scroll);
+
+    auto* const right = new QVBoxLayout;
+    right->setSpacing(kGap);
+    right->addWidget(DiagramPanel(bind_, desk_), 55);
+    right->addWidget(ResultGroup(bind_, desk_), 45);
+    row->addLayout(right, 1);
+    column->addLayout(row, 1);
+    setCentralWidget(host);
+
+    BuildMenus();
+    RestoreSize();
+    desk_.session.changed = [this] { Refresh(); };
+}
+
+MainWindow::~MainWindow()
+{
+    desk_.session.changed = [] {};
+    desk_.open = [](std::string_view) {};
+}
+
+void MainWindow::Start(std::string_view commandline)
+{
+    desk_.session.Calculate();
+    OpenCommandLine(desk_.session, desk_.store, commandline);
+    Refresh();
+}
+
+Form* MainWindow::OpenForm(std::string_view name)
+{
+    const auto known = forms_.find(name);
+    Form* form = known != forms_.end() ? known->second : nullptr;
+    const FormMaker* const maker = FindForm(name);
+    if (maker != nullptr && !maker->open(desk_.session)) {
+        return nullptr;
+    }
+    if (form == nullptr && maker != nullptr) {
+        form = maker->make(desk_, this);
+    }
+    if (form == nullptr) {
+        const auto families = Families();
+        const auto family = std::find_if(families.begin(), families.end(),
+                                         [&](const FamilyInfo& info) { return info.form == name; });
+        if (family == families.end()) {
+            return nullptr;
+        }
+        form = MakeSection(desk_, this, family->id);
+    }
+    forms_[std::string(name)] = form;
+    form->Refresh();
+    form->show();
+    form->raise();
+    form->activateWindow();
+    return form;
+}
+
+void MainWindow::CloseForms()
+{
+    for (const auto& [name, form] : forms_) {
+        form->hide();
+    }
+}
+
+std::vector<std::string_view> MainWindow::FormNames()
+{
+    std::vector<std::string_view> names;
+    for (const FormMaker& form : AllForms()) {
+        names.push_back(form.name);
+    }
+    for (const FamilyInfo& family : Families()) {
+        names.push_back(family.form);
+    }
+    return names;
+}
+
+void MainWindow::Refresh()
+{
+    bind_.Refresh();
+    for (const auto& [name, form] : forms_) {
+        if (form->isVisible()) {
+            form->Refresh();
+        }
+    }
+    setWindowTitle(ToQt(desk_.session.title()));
+    RefreshRecentFiles();
+}
+
+// The size of the last session; the first time by the screen's resolution.
+void MainWindow::RestoreSize()
+{
+    if (restoreGeometry(desk_.store.settings().value(QLatin1String(kGeometryKey)).toByteArray())) {
+        return;
+    }
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    const QSize told(qRound(screen->logicalDotsPerInchX() / kStartDpi * kStartWidth),
+                     qRound(screen->logicalDotsPerInchY() / kStartDpi * kStartHeight));
+    resize(told.expandedTo(kComfortable.boundedTo(screen->availableSize())));
+}
+
+bool MainWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate) {
+        Refresh();
+    }
+    return QMainWindow::event(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    CloseForms();
+    desk_.store.settings().setValue(QLatin1String(kGeometryKey), saveGeometry());
+    event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!DroppedPath(event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    const QString path = DroppedPath(event->mimeData());
+    if (!path.isEmpty()) {
+        event->acceptProposedAction();
+        OpenProject(path);
+    }
+}
+
+void MainWindow::OpenProject(const QString& path)
+{
+    CloseForms();
+    OpenPath(desk_.session, desk_.store, FromQt(path));
+}
+
+}  // namespace kestrum

@@ -1,0 +1,72 @@
+#pragma once
+
+// The main window `kestrum` and the forms that open over it.
+
+#include "ui/binder.h"
+#include "ui/desk.h"
+#include "ui/form.h"
+
+#include <QMainWindow>
+
+#include <map>
+#include <string>
+#include <string_view>
+
+class QMenu;
+class QAction;
+
+namespace kestrum {
+
+class MainWindow final : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit MainWindow(Desk& desk, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    // The rest of the start, after the session has its new project and setup: shows the project,
+    // calculates it, opens the file of the raw command line.
+    void Start(std::string_view commandline);
+
+    // Shows the form of this name, "Loading", "p21"; null for a name that is none.
+    Form* OpenForm(std::string_view name);
+    void CloseForms();
+
+    // A file from outside: dropped, or opened by the platform.
+    void OpenProject(const QString& path);
+
+    // Every form by its name.
+    static std::vector<std::string_view> FormNames();
+
+    // Window, open forms, title and menus after a change.
+    void Refresh();
+
+protected:
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void BuildMenus();
+    void BuildFileMenu(QMenu* menu);
+    void BuildProfileMenu(QMenu* menu);
+    void BuildPrintMenu(QMenu* menu);
+    void BuildHelpMenu(QMenu* menu);
+    QAction* AddAction(QMenu* menu, const QString& name, const QString& text,
+                       const QKeySequence& key, std::function<void()> run);
+    void RefreshRecentFiles();
+    void OpenManual(const QString& file);
+    void ExportReport(int report);
+    void UseDark(bool dark);
+    void RestoreSize();
+
+    Desk& desk_;
+    Binder bind_;
+    QMenu* filemenu_ = nullptr;
+    QAction* recentend_ = nullptr;
+    std::vector<QAction*> recent_;
+    std::map<std::string, Form*, std::less<>> forms_;
+};
+
+}  // namespace kestrum

@@ -1,0 +1,67 @@
+#pragma once
+
+// A drawing in a window, as large as fits, in the colours of the palette; a button with a drawing.
+
+#include "report/drawing.h"
+
+#include <QPixmap>
+#include <QToolButton>
+#include <QWidget>
+
+#include <functional>
+
+namespace kestrum {
+
+class Picture final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Picture(const QString& name, QWidget* parent = nullptr);
+
+    void Show(Drawing drawing);
+
+    // Point under the mouse in units of the drawing; nothing (not a number) when it leaves.
+    std::function<void(Point)> hovered;
+    std::function<void()> left;
+    std::function<void()> clicked;
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    double Scale() const;
+    QPointF Origin() const;
+
+    Drawing drawing_;
+    QPixmap cache_;
+};
+
+class PictureButton final : public QToolButton {
+    Q_OBJECT
+
+public:
+    PictureButton(const QString& name, const QString& caption, QWidget* parent = nullptr);
+
+    void Show(Drawing drawing);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+    void SetPictureSize(QSize size) { picture_ = size; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Drawing drawing_;
+    QSize picture_{44, 36};
+};
+
+}  // namespace kestrum

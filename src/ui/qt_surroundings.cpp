@@ -1,0 +1,157 @@
+#include "ui/qt_surroundings.h"
+
+#include "render/painter.h"
+#include "ui/text.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace kestrum {
+
+namespace {
+
+const auto kProduct = QStringLiteral("Kestrum EC3");
+const auto kFilter = QStringLiteral("Kestrum EC3 (*.kst)");
+
+QString KeyOf(const std::string& value)
+{
+    return ToQt(kSettingsSection) + QLatin1Char('/') + ToQt(value);
+}
+
+}  // namespace
+
+QWidget* QtSurroundings::Parent() const
+{
+    QWidget* const active = QApplication::activeWindow();
+    return active != nullptr ? active : window_.data();
+}
+
+Answer QtSurroundings::Ask(std::string_view question)
+{
+    QMessageBox box(QMessageBox::Question, kProduct, ToQt(question),
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, Parent());
+    box.setDefaultButton(QMessageBox::Yes);
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return Answer::yes;
+    case QMessageBox::No:
+        return Answer::no;
+    default:
+        return Answer::cancel;
+    }
+}
+
+void QtSurroundings::Warn(std::string_view message)
+{
+    waiting_.append(ToQt(message));
+    if (!showing_) {
+        ShowNext();
+    }
+}
+
+void QtSurroundings::ShowNext()
+{
+    showing_ = !waiting_.isEmpty();
+    if (!showing_) {
+        return;
+    }
+    auto* const box = new QMessageBox(QMessageBox::Warning, kProduct, waiting_.takeFirst(),
+                                      QMessageBox::Ok, Parent());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    QObject::connect(box, &QDialog::finished, box, [this] { ShowNext(); });
+    box->open();
+}
+
+std::optional<std::string> QtSurroundings::ChooseFileToOpen(const std::string& folder)
+{
+    const QString path = QFileDialog::getOpenFileName(Parent(), QFileDialog::tr("Open project"),
+                                                      ToQt(folder), kFilter);
+    return path.isEmpty() ? std::nullopt : std::optional(FromQt(path));
+}
+
+std::optional<std::string> QtSurroundings::ChooseFileToSave(const std::string& folder,
+                                                            const std::string& proposal)
+{
+    QFileDialog dialog(Parent(), QFileDialog::tr("Save project as"), ToQt(folder), kFilter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("kst"));
+    dialog.selectFile(ToQt(proposal));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    return FromQt(dialog.selectedFiles().constFirst());
+}
+
+bool QtSurroundings::Print(const std::vector<Drawing>& pages)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(QPageLayout::Portrait);
+    printer.setFullPage(true);
+    QPrintDialog dialog(&printer, Parent());
+    if (pages.empty() || dialog.exec() != QDialog::Accepted) {
+        return false;
+    }
+    QPainter painter;
+    if (!painter.begin(&printer)) {
+        return false;
+    }
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        if (i > 0 && !printer.newPage()) {
+            return false;
+        }
+        const QRectF paper = printer.pageLayout().fullRectPixels(printer.resolution());
+        const double scale =
+            std::min(paper.width() / pages[i].width, paper.height() / pages[i].height);
+        Paint(painter, pages[i], scale, {0, 0}, PaperColours());
+    }
+    return painter.end();
+}
+
+bool QtSurroundings::OpenDocument(const std::string& path)
+{
+    return QFileInfo::exists(ToQt(path)) &&
+           QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(path)));
+}
+
+std::string QtSurroundings::Date()
+{
+    return FromQt(QLocale::c().toString(QDate::currentDate(), QStringLiteral("yyyy-MM-dd")));
+}
+
+std::string QtSurroundings::Time()
+{
+    return FromQt(QLocale::c().toString(QTime::currentTime(), QStringLiteral("h:mm")));
+}
+
+QtSettings::QtSettings()
+    : settings_(QSettings::NativeFormat, QSettings::UserScope, ToQt(kSettingsApplication),
+                ToQt(kSettingsApplication))
+{
+}
+
+QtSettings::QtSettings(const QString& file) : settings_(file, QSettings::IniFormat) {}
+
+std::string QtSettings::Get(const std::string& value) const
+{
+    return FromQt(settings_.value(KeyOf(value)).toString());
+}
+
+void QtSettings::Set(const std::string& value, const std::string& text)
+{
+    settings_.setValue(KeyOf(value), ToQt(text));
+    settings_.sync();
+}
+
+}  // namespace kestrum

@@ -1,0 +1,55 @@
+#pragma once
+
+// The platform as the program asks for it: Qt's dialogs, printer, settings and clock.
+
+#include "app/surroundings.h"
+#include "core/recent_files.h"
+
+#include <QPointer>
+#include <QSettings>
+#include <QStringList>
+#include <QWidget>
+
+namespace kestrum {
+
+class QtSurroundings final : public Surroundings {
+public:
+    void SetWindow(QWidget* window) { window_ = window; }
+
+    Answer Ask(std::string_view question) override;
+    // Shown without waiting for the answer, so that no input runs inside another; several are shown
+    // one after the other.
+    void Warn(std::string_view message) override;
+    std::optional<std::string> ChooseFileToOpen(const std::string& folder) override;
+    std::optional<std::string> ChooseFileToSave(const std::string& folder,
+                                                const std::string& proposal) override;
+    bool Print(const std::vector<Drawing>& pages) override;
+    bool OpenDocument(const std::string& path) override;
+    std::string Date() override;
+    std::string Time() override;
+
+private:
+    QWidget* Parent() const;
+    void ShowNext();
+
+    QPointer<QWidget> window_;
+    QStringList waiting_;
+    bool showing_ = false;
+};
+
+class QtSettings final : public SettingsStore {
+public:
+    // The platform's own store, or a file.
+    QtSettings();
+    explicit QtSettings(const QString& file);
+
+    std::string Get(const std::string& value) const override;
+    void Set(const std::string& value, const std::string& text) override;
+
+    QSettings& settings() { return settings_; }
+
+private:
+    QSettings settings_;
+};
+
+}  // namespace kestrum

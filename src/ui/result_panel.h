@@ -1,0 +1,33 @@
+#pragma once
+
+// The result panel `pic_result`: the control blocks with a bar beside every ratio.
+
+#include "core/project_state.h"
+#include "report/panel.h"
+
+#include <QWidget>
+
+#include <optional>
+#include <vector>
+
+namespace kestrum {
+
+class ResultPanel final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ResultPanel(QWidget* parent = nullptr);
+
+    void Show(const ProjectState& s);
+
+    QSize sizeHint() const override { return {560, 220}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::vector<PanelBlock> blocks_;
+    std::vector<std::optional<double>> utilisation_;  // a line each
+};
+
+}  // namespace kestrum

@@ -1,0 +1,26 @@
+#pragma once
+
+// Looks: one style, a light and a dark palette, common distances.
+
+#include <QPalette>
+
+class QApplication;
+class QSettings;
+
+namespace kestrum {
+
+constexpr int kGap = 6;     // between things that belong together
+constexpr int kMargin = 9;  // around groups
+
+QPalette LightPalette();
+QPalette DarkPalette();
+bool IsDark(const QPalette& palette);
+
+// What the user has chosen, else what the platform shows.
+bool StartsDark(const QSettings& settings);
+void RememberDark(QSettings& settings, bool dark);
+
+// Puts style and palette in force.
+void UseTheme(QApplication& application, bool dark);
+
+}  // namespace kestrum
