@@ -2,6 +2,7 @@
 
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
+#include "report/design_notes.h"
 #include "report/panel_text.h"
 #include "report/state_json.h"
 
@@ -82,15 +83,28 @@ std::string Word(const Verdict& verdict)
     }
 }
 
-std::string TextOf(const Verdict& verdict, bool page)
+// One line for each deviation from the standard that acts in the result.
+std::string NotesText(const ProjectState& s)
+{
+    std::string text;
+    for (const DesignNote& note : DesignNotes(s)) {
+        text += "note " + std::string(note.id) + ": " + std::string(note.text) + "\n";
+    }
+    return text;
+}
+
+std::string TextOf(const Verdict& verdict, const TextParts& parts)
 {
     std::string text = verdict.file + "\n";
     if (!Designed(verdict)) {
         return text + verdict.fault + "\n";
     }
-    text += PanelText(verdict.state, page);
+    text += PanelText(verdict.state, parts.loadcase);
     if (verdict.state.flangeoverload) {
         text += std::string(kFlangeOverload) + "\n";
+    }
+    if (parts.notes) {
+        text += NotesText(verdict.state);
     }
     return text;
 }
@@ -107,7 +121,8 @@ std::string JsonOf(const Verdict& verdict)
             ", \"maxirbuckling\": " + JsonNumber(verdict.buckling) +
             ", \"irdeflection\": " + JsonNumber(verdict.deflection) +
             ", \"flangeoverload\": " + (verdict.state.flangeoverload ? "true" : "false") +
-            ", \"rows\": " + RowsJson(verdict.state) + ", \"notes\": []}";
+            ", \"rows\": " + RowsJson(verdict.state) + ", \"notes\": " + NotesJson(verdict.state) +
+            "}";
     return text;
 }
 
@@ -156,11 +171,11 @@ int Gravest(const std::vector<Verdict>& verdicts)
     return kAllWithin;
 }
 
-void PrintText(const std::vector<Verdict>& verdicts, bool page)
+void PrintText(const std::vector<Verdict>& verdicts, const TextParts& parts)
 {
     std::string out;
     for (const Verdict& verdict : verdicts) {
-        out += (out.empty() ? "" : "\n") + TextOf(verdict, page);
+        out += (out.empty() ? "" : "\n") + TextOf(verdict, parts);
     }
     if (verdicts.size() > 1) {
         out += "\n" + Summary(verdicts);
@@ -188,7 +203,7 @@ void PrintCsv(const std::vector<Verdict>& verdicts)
 
 }  // namespace
 
-int Check(const Options& options, const std::vector<std::string>& files, bool page)
+int Check(const Options& options, const std::vector<std::string>& files, const TextParts& parts)
 {
     const Library library = LoadTables(options);
     std::vector<Verdict> verdicts;
@@ -203,7 +218,7 @@ int Check(const Options& options, const std::vector<std::string>& files, bool pa
         PrintCsv(verdicts);
         break;
     case Format::text:
-        PrintText(verdicts, page);
+        PrintText(verdicts, parts);
         break;
     }
     return Gravest(verdicts);

@@ -3,6 +3,7 @@
 #include "core/field_table.h"
 #include "core/load_combination.h"
 #include "core/row_text.h"
+#include "report/design_notes.h"
 #include "service/modal.h"
 
 #include <array>
@@ -137,6 +138,16 @@ std::string RowsJson(const ProjectState& state)
            row(s.defliney) + "]}";
 }
 
+std::string NotesJson(const ProjectState& s)
+{
+    std::string list;
+    for (const DesignNote& note : DesignNotes(s)) {
+        list += (list.empty() ? "" : ",\n    ") + std::string("{\"id\": ") + JsonText(note.id) +
+                ", \"text\": " + JsonText(note.text) + "}";
+    }
+    return "[" + list + "]";
+}
+
 std::string StateJson(const ProjectState& s)
 {
     Members members;
@@ -145,7 +156,7 @@ std::string StateJson(const ProjectState& s)
     }
     AddTexts(members, s);
     members.Add("rows", RowsJson(s));
-    members.Add("notes", "[]");
+    members.Add("notes", NotesJson(s));
     return members.Object() + "\n";
 }
 

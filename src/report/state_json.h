@@ -19,6 +19,9 @@ std::string InputsJson(const ProjectState& s);
 // The three blocks of result rows: {"section":[..],"buckling":[y, z, lt],"deflection":[z, y]}.
 std::string RowsJson(const ProjectState& s);
 
+// The design notes of the result: [{"id":"D201","text":".."}, ..].
+std::string NotesJson(const ProjectState& s);
+
 // A text as a JSON string with its quotes.
 std::string JsonText(std::string_view text);
 

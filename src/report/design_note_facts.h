@@ -1,0 +1,27 @@
+#pragma once
+
+// Facts about a result that the conditions of several design notes ask for.
+
+#include "core/project_state.h"
+
+namespace kestrum {
+
+bool IsRolledOrWeldedI(int family);  // 1 to 4, 15, 21, 101, 102
+bool IsChannel(int family);          // 5, 16, 103
+bool IsHollowOrBox(int family);      // 6 to 9, 23
+bool IsAngle(int family);            // 10, 11
+bool IsHatBeam(int family);          // 24, 25
+bool IsPlate(int family);            // 51 to 54, 56
+
+double LargestVz(const ProjectState& s);  // kN
+double LargestVy(const ProjectState& s);
+bool BendsAboutY(const ProjectState& s);
+bool BendsAboutZ(const ProjectState& s);
+
+// The web buckles in shear, and its resistance to that is in use.
+bool WebBucklesInShear(const ProjectState& s);
+
+// The strength combination in force; the governing one of Eq 6.10a/b.
+int StrengthCombination(const ProjectState& s);
+
+}  // namespace kestrum

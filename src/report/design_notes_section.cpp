@@ -1,0 +1,406 @@
+#include "design/class_welded.h"
+#include "design/local_buckling.h"
+#include "design/shear.h"
+#include "design/welded_side.h"
+#include "report/design_note_facts.h"
+#include "report/design_notes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace kestrum {
+
+namespace {
+
+constexpr i16 kUpgraded = 23;  // class 3 web counted as class 2
+
+bool IsIOrChannel(const ProjectState& s)
+{
+    return IsRolledOrWeldedI(s.family) || IsChannel(s.family);
+}
+
+// Some action that meets class 4, of the class of each action alone.
+bool ClassFourActs(const ProjectState& s)
+{
+    return (s.ned > 0 && s.classn == 4) || (BendsAboutY(s) && s.classmy == 4) ||
+           (BendsAboutZ(s) && s.classmz == 4);
+}
+
+bool CompressedOrBent(const ProjectState& s)
+{
+    return s.ned > 0 || BendsAboutY(s) || BendsAboutZ(s);
+}
+
+// The axial force meets a moment in a plastic interaction formula, 6.2.9.1.
+bool PlasticNMy(const ProjectState& s)
+{
+    return s.checkconsercontrol != kTrue && s.ned != 0 && BendsAboutY(s) && s.classmy <= 2;
+}
+
+bool PlasticNMz(const ProjectState& s)
+{
+    return s.checkconsercontrol != kTrue && s.ned != 0 && BendsAboutZ(s) && s.classmz <= 2;
+}
+
+bool PlasticMyMz(const ProjectState& s)
+{
+    return s.checkconsercontrol != kTrue && BendsAboutY(s) && BendsAboutZ(s) && s.classmy <= 2 &&
+           s.classmz <= 2;
+}
+
+// The flange part of the shear buckling resistance takes the entered spacing of absent stiffeners.
+bool SpacingWithoutStiffeners(const ProjectState& s)
+{
+    return WebBucklesInShear(s) && s.webstiff == 0 && s.mfrd > 0 && 1000.0 * s.l > s.webstiffa;
+}
+
+// Stresses of a part at its compressed and at its other edge; compression positive.
+struct EdgeStresses {
+    double compressed, other;
+    double Ratio() const { return other / compressed; }
+};
+
+EdgeStresses Stresses(const ProjectState& s, double moment, double z, double inertia)
+{
+    const double bending = std::abs(moment) * 1e6 * z / inertia;
+    const double axial = s.ned * 1000 / s.a;
+    return {axial + bending, axial - bending};
+}
+
+bool WebClassThreeByOneFormula(const ProjectState& s)
+{
+    if (!IsIOrChannel(s) || !(s.ned < 0)) {
+        return false;
+    }
+    const double eps = s.eps, slenderness = 1.0 * s.d / s.tw;
+    const double yielding = -s.ned * 1000 / (1.0 * s.hw * s.tw * s.fyk);
+    const double alpha = 0.5 * (1 - yielding);
+    for (int k = 0; k <= s.npts; ++k) {
+        const double moment = s.mysec[static_cast<std::size_t>(k)];
+        const EdgeStresses edge = Stresses(s, moment, s.h / 2.0 - s.tf, s.iy);
+        if (moment == 0 || !(edge.compressed > 0) || slenderness <= 41.5 * eps / alpha) {
+            continue;
+        }
+        const double psi = edge.Ratio(), divisor = 0.67 + 0.33 * psi;
+        if (psi < -1 && divisor > 0 && slenderness <= 42 * eps / divisor &&
+            slenderness > 62 * eps * (1 - psi) * std::sqrt(-psi)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool FlangeClassThreeOfWholeFlange(const ProjectState& s)
+{
+    if (!IsIOrChannel(s) || s.ned == 0) {
+        return false;
+    }
+    const double eps = s.eps, slenderness = 1.0 * s.cflange / s.tf;
+    for (int k = 0; k <= s.npts; ++k) {
+        const double moment = s.mzsec[static_cast<std::size_t>(k)];
+        const EdgeStresses tips = Stresses(s, moment, s.b / 2.0, s.iz);
+        const EdgeStresses root = Stresses(s, moment, s.b / 2.0 - s.cflange, s.iz);
+        if (moment == 0 || !(tips.compressed > 0) || slenderness < 10 * eps) {
+            continue;
+        }
+        const double whole = KSigmaOutstand(tips.Ratio());
+        const double outstand = KSigmaOutstand(root.compressed / tips.compressed);
+        if (slenderness <= 21 * eps * std::sqrt(whole) &&
+            slenderness > 21 * eps * std::sqrt(outstand)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// The compressed share decides between plastic and elastic resistance: classes 1 and 2 are alike.
+bool WebClassOfClearHeight(const ProjectState& s)
+{
+    if (!IsIOrChannel(s) || !(s.ned > 0) || !BendsAboutY(s)) {
+        return false;
+    }
+    const auto plastic = [&](double height) {
+        const double alpha = 0.5 * (1 + std::min(1.0, s.ned * 1000 / (height * s.tw * s.fyk)));
+        return 1.0 * s.d / s.tw <= 456 * s.eps / (13 * alpha - 1);
+    };
+    return plastic(s.hw) != plastic(s.d);
+}
+
+bool TensionOnOneWeb(const ProjectState& s)
+{
+    if (!IsHollowOrBox(s.family) || !(s.ned < 0) || !BendsAboutY(s)) {
+        return false;
+    }
+    const double yielding = -s.ned * 1000 / (1.0 * s.hw * s.tw * s.fyk);
+    const auto plastic = [&](double share) {
+        return share >= 1 || 1.0 * s.d / s.tw <= 41.5 * s.eps / (0.5 * (1 - share));
+    };
+    return plastic(yielding) != plastic(yielding / 2);
+}
+
+bool OverhangWorseThanItsClass(const ProjectState& s)
+{
+    if (s.family != 23 || s.bo == 0) {
+        return false;
+    }
+    const i16 cls = ClassOutstand(s, s.bo, s.tf);
+    const auto worse = [cls](bool acts, i16 used) {
+        return acts && (cls > std::max(used, i16{2}) || cls == 4);
+    };
+    return worse(s.ned > 0, s.classn) || worse(BendsAboutY(s), s.classmy) ||
+           worse(BendsAboutZ(s), s.classmz);
+}
+
+bool FlangesCountTooLittle(const ProjectState& s)
+{
+    const auto share = [&](double t) { return std::min((s.a - 2.0 * s.b * t) / s.a, 0.5); };
+    return s.family == 23 && PlasticNMy(s) && share(s.tw) > share(s.tf);
+}
+
+bool BottomOutstandWorse(const ProjectState& s)
+{
+    if (!IsHatBeam(s.family) || !(s.mymin < 0)) {
+        return false;
+    }
+    const Flange flange = BottomFlange(s);
+    const i16 cls =
+        std::max(ClassOutstand(s, flange.left, flange.t), ClassOutstand(s, flange.right, flange.t));
+    return cls > 2 && (s.classmybot == kUpgraded || cls > s.classmybot);
+}
+
+bool SlenderWebBends(const ProjectState& s)
+{
+    if (s.family != 22 || s.checkwebbuck == kTrue) {
+        return false;
+    }
+    return (s.mymax > 0 && s.classmytop == 4 && ClassWebBent(s, TopSide(s)) == 4) ||
+           (s.mymin < 0 && s.classmybot == 4 && ClassWebBent(s, BottomSide(s)) == 4);
+}
+
+// The web lies between the class 3 limit of the standard and the one used.
+bool BetweenElasticLimits(const ProjectState& s, const WeldedSide& side)
+{
+    if (!(side.webin > 0) || ClassWebBent(s, side) != 3) {
+        return false;
+    }
+    const double psi = StressRatio(-side.webout / side.webin);
+    return psi > -1 && 1.0 * s.d / s.tw > 42 * s.eps / (0.67 + 0.33 * psi);
+}
+
+bool WebElasticLimitIsHigh(const ProjectState& s)
+{
+    const bool covered = s.family == 22 || IsHatBeam(s.family) || s.family == 27 ||
+                         (IsPlate(s.family) && s.family != 51);
+    return covered && ((s.mymax > 0 && BetweenElasticLimits(s, TopSide(s))) ||
+                       (s.mymin < 0 && BetweenElasticLimits(s, BottomSide(s))));
+}
+
+// The axial end force stands in its box and is not taken; rows of loads are emptied.
+bool AxialForceLeftAside(const ProjectState& s)
+{
+    const bool covered = IsHatBeam(s.family) || s.family == 27 || IsPlate(s.family);
+    return covered && s.loadmode == 0 && s.ne != 0;
+}
+
+bool MeanFlangesAct(const ProjectState& s)
+{
+    const bool axial = (s.btop - s.bbot) * (s.ttop - s.tbot) > 0 && PlasticNMy(s);
+    const bool shear =
+        1.0 * s.btop * s.ttop * s.ttop != 1.0 * s.bbot * s.tbot * s.tbot && WebBucklesInShear(s);
+    return s.family == 22 && (axial || shear);
+}
+
+// The limits 11 and 15 eps let pass what 10 and 14 eps do not.
+bool PassesByTheT(const ProjectState& s, double slenderness)
+{
+    const double eps = s.eps;
+    return (slenderness > 10 * eps && slenderness <= 11 * eps) ||
+           (slenderness > 14 * eps && slenderness <= 15 * eps);
+}
+
+bool LimitsOfTheTAct(const ProjectState& s)
+{
+    const bool flange = PassesByTheT(s, 1.0 * s.cflange / s.tf);
+    const bool web = PassesByTheT(s, 1.0 * s.hw / s.tw);
+    return s.family == 26 && ((s.mymax > 0 && flange) || (s.mymin < 0 && web) ||
+                              (s.ned > 0 && s.classn == 3 && (flange || web)));
+}
+
+bool HighShear(const ProjectState& s)
+{
+    return (BendsAboutY(s) && LargestVz(s) > 0.5 * s.vzrd) ||
+           (BendsAboutZ(s) && LargestVy(s) > 0.5 * s.vyrd);
+}
+
+constexpr NoteRule kSections[] = {
+    {"D53",
+     [](const ProjectState& s) { return s.family >= 6 && s.family <= 9 && ClassFourActs(s); },
+     "Effective widths of the hollow section are based on the flat between the corners; EN "
+     "1993-1-5, 4.4 (2) takes the wider b - 3t."},
+    {"D55",
+     [](const ProjectState& s) { return IsAngle(s.family) && (BendsAboutY(s) || BendsAboutZ(s)); },
+     "Stresses about the principal axes are found at mid-thickness of the leg tips; the outermost "
+     "corner of a tip can be stressed higher."},
+    {"D56",
+     [](const ProjectState& s) {
+         constexpr i16 kOwnStrength = 26;  // last row of the delivered material list
+         return s.family == 41 && s.fykindex < kOwnStrength;
+     },
+     "The yield strength is that for thickness up to 40 mm; with thicker parts enter the lower "
+     "value of EN 1993-1-1, Table 3.1 as own value."},
+    {"D154",
+     [](const ProjectState& s) {
+         return IsIOrChannel(s) && s.ned != 0 && s.mfrd > 0 && WebBucklesInShear(s);
+     },
+     "The flange part of the shear buckling resistance is hardly reduced for the axial force (EN "
+     "1993-1-5, 5.4 (2))."},
+    {"D155", WebClassThreeByOneFormula,
+     "Class 3 of the web is found with one formula for all stress ratios; under tension with "
+     "bending EN 1993-1-1, Table 5.2 gives class 4."},
+    {"D157", FlangeClassThreeOfWholeFlange,
+     "Class 3 of the flanges under N and Mz is found with the stress ratio of the whole flange; EN "
+     "1993-1-5, Table 4.2 gives class 4."},
+    {"D159", [](const ProjectState& s) { return IsIOrChannel(s) && SpacingWithoutStiffeners(s); },
+     "The flange part of the shear buckling resistance rests on the entered stiffener spacing, "
+     "although there are no stiffeners and the supports are further apart."},
+    {"D160",
+     [](const ProjectState& s) {
+         return IsRolledOrWeldedI(s.family) && s.classmz == 4 && BendsAboutZ(s) && s.weffz < s.welz;
+     },
+     "The effective modulus about z is that of the tension edge; EN 1993-1-5 takes the compressed "
+     "edge, which gives a smaller one."},
+    {"D161",
+     [](const ProjectState& s) {
+         return IsIOrChannel(s) && BendsAboutZ(s) && LargestVy(s) > 0.5 * s.vyrd;
+     },
+     "The moment resistance about z is reduced for shear by half of what EN 1993-1-1, 6.2.8 (3) "
+     "gives."},
+    {"D162",
+     [](const ProjectState& s) {
+         return IsChannel(s.family) && s.classmz == 4 && BendsAboutZ(s) &&
+                s.checkflangebuck != kTrue;
+     },
+     "The flanges' local buckling is not taken into account in bending about z."},
+    {"D163",
+     [](const ProjectState& s) {
+         return IsChannel(s.family) && (PlasticNMy(s) || PlasticNMz(s) || PlasticMyMz(s));
+     },
+     "Combined forces are checked with the formulas of doubly symmetric I sections; choose the "
+     "conservative control for EN 1993-1-1, 6.2.1 (7)."},
+    {"D164",
+     [](const ProjectState& s) { return IsChannel(s.family) && s.classn == 4 && s.ned > 0; },
+     "The shift of the centroid of the effective section in compression is not taken into account "
+     "(EN 1993-1-1, 6.2.9.3 (2))."},
+    {"D165", WebClassOfClearHeight,
+     "The web class under N and My refers to the clear web height; EN 1993-1-1, Table 5.2 takes "
+     "the straight part, which gives a worse class."},
+    {"D168", TensionOnOneWeb,
+     "The class of the webs under tension and My counts the tension against one web; EN "
+     "1993-1-1, Table 5.2 gives a worse class."},
+    {"D169", OverhangWorseThanItsClass,
+     "The flange of the box beyond its webs is neither classed nor reduced for local buckling; as "
+     "an outstand it has a worse class than the section."},
+    {"D170", FlangesCountTooLittle,
+     "The moment resistance beside the axial force counts the flanges of the box with the "
+     "thickness of the webs, which is above EN 1993-1-1, 6.2.9.1 (5)."},
+    {"D172",
+     [](const ProjectState& s) {
+         return IsHollowOrBox(s.family) && s.gammam1 > s.gammam0 && LargestVy(s) != 0 &&
+                !StockyInShear(s, s.bw, s.tf);
+     },
+     "The resistance of slender flanges to Vy rests on gammaM0; EN 1993-1-5, 5.2 takes gammaM1."},
+    {"D173",
+     [](const ProjectState& s) {
+         return s.family == 41 && s.ned > 0 && s.classn > 2 && (PlasticNMy(s) || PlasticNMz(s));
+     },
+     "The class entered for N is not read where N acts with moments; the plastic interaction is "
+     "used by the class of the moment."},
+    {"D175",
+     [](const ProjectState& s) { return s.family == 31 && s.classn > 3 && CompressedOrBent(s); },
+     "The tube is of section class 4, and local buckling is not taken into account."},
+    {"D176",
+     [](const ProjectState& s) { return s.family == 31 && LargestVz(s) != 0 && LargestVy(s) != 0; },
+     "Vz and Vy of the tube are controlled one by one and not as their resultant."},
+    {"D177", [](const ProjectState& s) { return s.family == 28 && s.ned < 0 && PlasticNMy(s); },
+     "The tension does not reduce the moment resistance of the flat bar; EN 1993-1-1, 6.2.9.1 (3) "
+     "does."},
+    {"D179",
+     [](const ProjectState& s) { return (IsAngle(s.family) || s.family == 41) && HighShear(s); },
+     "Shear exceeds half the resistance and does not reduce the moment resistance; EN 1993-1-1, "
+     "6.2.8 does."},
+    {"D180",
+     [](const ProjectState& s) { return s.family == 41 && PlasticNMy(s) && s.aweb > 0.5 * s.a; },
+     "The web is more than half of the area; its share in the moment resistance beside the axial "
+     "force is not held at 0.5 as in EN 1993-1-1, 6.2.9.1 (5)."},
+    {"D181",
+     [](const ProjectState& s) {
+         const bool slender = s.classn == 4 || s.h > 15 * s.eps * s.tw;
+         return IsAngle(s.family) && slender && CompressedOrBent(s);
+     },
+     "The legs of the angle are slender; its moment resistance is not reduced for local buckling, "
+     "and its area by the straight parts of the legs only."},
+    {"D183", SlenderWebBends,
+     "The effective modulus of the class 4 web rests on a centroid too near to the compressed "
+     "edge; EN 1993-1-5, 4.4 gives a lower moment resistance."},
+    {"D184", BottomOutstandWorse,
+     "The outstands of the compressed bottom flange are not classified; EN 1993-1-1, Table 5.2 "
+     "gives a worse class."},
+    {"D185",
+     [](const ProjectState& s) {
+         return IsHatBeam(s.family) && s.hsqopt == 0 && s.qsum != 0 && s.flangefactor != 0;
+     },
+     "The load on the bottom flange is taken to act 60 mm from the web."},
+    {"D188", WebElasticLimitIsHigh,
+     "The class 3 limit of the web is up to 2 % above that of EN 1993-1-1, Table 5.2, which gives "
+     "class 4."},
+    {"D189", AxialForceLeftAside,
+     "This section is controlled for My and Vz only; axial force, Mz and Vy are not taken into "
+     "account."},
+    {"D190", MeanFlangesAct,
+     "The flanges enter the axial reduction and the shear buckling resistance with their mean "
+     "dimensions."},
+    {"D191",
+     [](const ProjectState& s) {
+         return IsHatBeam(s.family) && s.flangefactor > 0 && s.flangefactor < 1;
+     },
+     "The bottom flange is taken to resist 1.75 times its elastic plate moment, and My,Rd is "
+     "lowered by half of the rest only."},
+    {"D192", LimitsOfTheTAct,
+     "Web and flange of the T are classified with 10, 11 and 15 eps; EN 1993-1-1, Table 5.2 has 9, "
+     "10 and 14 eps."},
+    {"D196",
+     [](const ProjectState& s) {
+         return IsPlate(s.family) && s.ltb == 1 && !s.ltline.empty() && s.mydesignf < 0;
+     },
+     "The critical moment is that of a stiffener tripping about a root that the plate holds in "
+     "place."},
+    {"D197",
+     [](const ProjectState& s) {
+         return (s.family == 25 || (s.family >= 52 && s.family <= 54)) && BendsAboutY(s);
+     },
+     "Bending is taken about y; the section has no symmetry about z and must be held sideways."},
+    {"D198",
+     [](const ProjectState& s) {
+         return (s.family == 22 || s.family == 26) && s.classn == 4 && s.ned > 0;
+     },
+     "The shift of the centroid of the effective section in compression is not taken into account "
+     "(EN 1993-1-1, 6.2.9.3 (2))."},
+    {"D199",
+     [](const ProjectState& s) {
+         const bool covered = s.family == 22 || IsHatBeam(s.family) || s.family == 27 ||
+                              (IsPlate(s.family) && s.family != 51);
+         return covered && SpacingWithoutStiffeners(s);
+     },
+     "The flange part of the shear buckling resistance rests on the entered stiffener spacing, "
+     "although there are no stiffeners and the supports are further apart."},
+};
+
+}  // namespace
+
+std::span<const NoteRule> SectionNoteRules()
+{
+    return kSections;
+}
+
+}  // namespace kestrum

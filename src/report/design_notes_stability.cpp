@@ -1,0 +1,243 @@
+#include "core/load_combination.h"
+#include "report/design_note_facts.h"
+#include "report/design_notes.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace kestrum {
+
+namespace {
+
+constexpr i16 kRolledCurve = 3;
+constexpr i16 kAnnexA = 1, kAnnexB = 2;
+
+bool HasMoment(const ProjectState& s)
+{
+    return s.mydesign != 0 || s.mzdesign != 0;
+}
+
+// A stage with interaction factors has run: compression with a moment, or both moments alone.
+bool Interacts(const ProjectState& s)
+{
+    const bool covered = IsRolledOrWeldedI(s.family) || IsChannel(s.family) ||
+                         IsHollowOrBox(s.family) || IsAngle(s.family) || s.family == 22 ||
+                         s.family == 28 || s.family == 31 || s.family == 41;
+    const bool both =
+        s.ned == 0 && s.mydesign != 0 && s.mzdesign != 0 && !IsAngle(s.family) && s.family != 28;
+    return covered && ((s.ned > 0 && HasMoment(s) && !s.yline.empty()) || both);
+}
+
+bool LateralControlled(const ProjectState& s)
+{
+    return s.ltb == 1 && !s.ltline.empty();
+}
+
+bool WholeMember(const ProjectState& s)
+{
+    return s.loadmode == 1 && s.restraints == 0;
+}
+
+bool RolledCurveInUse(const ProjectState& s)
+{
+    return LateralControlled(s) && s.ltbcurve == kRolledCurve && s.family != 28 &&
+           !IsPlate(s.family);
+}
+
+// The flexural curves of 6.3.1 are in use, and at least one was chosen by the table.
+bool AutomaticCurve(const ProjectState& s)
+{
+    return s.ned > 0 && !s.yline.empty() && (s.bcy == 0 || s.bcz == 0);
+}
+
+double FlexuralMinimum(const ProjectState& s)
+{
+    return IsAngle(s.family) ? std::min(s.ncrv, s.ncru) : std::min(s.ncry, s.ncrz);
+}
+
+bool TorsionWouldGovern(const ProjectState& s)
+{
+    constexpr double kNoCoupling = 9e24;
+    if (s.openprofile != kTrue || IsPlate(s.family) || !(s.ned > 0) || s.yline.empty()) {
+        return false;
+    }
+    const double torsional = s.ncrtf < kNoCoupling ? s.ncrtf : s.ncrt;
+    return torsional > 0 && torsional < FlexuralMinimum(s);
+}
+
+// Loads give the deflection of one combination and the moment of another to Table A.2.
+bool DeflectionOfOtherLoads(const ProjectState& s)
+{
+    const auto bowed = [](double design, double first, double last, i16 linear) {
+        return design != 0 && (first != 0 || last != 0) && linear == kFalse;
+    };
+    return StrengthFactors(s, StrengthCombination(s)) != ServiceFactors(s, s.loadcomb) &&
+           (bowed(s.mydesign, s.my0, s.myl, s.mylinear) ||
+            bowed(s.mzdesign, s.mz0, s.mzl, s.mzlinear));
+}
+
+bool EndMomentsDiffer(double design, double first, double last, i16 linear)
+{
+    const double larger = std::max(std::abs(first), std::abs(last));
+    return design != 0 && linear == kFalse &&
+           std::abs(std::abs(first) - std::abs(last)) > 1e-6 * larger;
+}
+
+i16 WorstClass(const ProjectState& s)
+{
+    return std::max({s.ned > 0 ? s.classn : i16{1}, s.mydesign != 0 ? s.classmy : i16{1},
+                     s.mzdesign != 0 ? s.classmz : i16{1}});
+}
+
+bool Table62HighStrength(const ProjectState& s)
+{
+    return (s.family >= 1 && s.family <= 4) || s.family == 6 || s.family == 7 || s.family == 15 ||
+           s.family == 101 || s.family == 102 || (s.family == 31 && s.tubehot == 1);
+}
+
+constexpr NoteRule kStability[] = {
+    {"D201",
+     [](const ProjectState& s) {
+         return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 &&
+                std::abs(s.mydesignf) < (1 - 1e-6) * std::abs(s.mydesign);
+     },
+     "Lateral torsional buckling is checked for the moments at the restraints; the larger moment "
+     "between them is not seen."},
+    {"D203",
+     [](const ProjectState& s) {
+         return AutomaticCurve(s) && s.fyk > 440 && s.fyk < 460 && Table62HighStrength(s);
+     },
+     "The buckling curves of S460 are used for a strength below 460 MPa; Table 6.2 gives lower "
+     "ones."},
+    {"D204",
+     [](const ProjectState& s) {
+         return AutomaticCurve(s) && s.family == 23 && s.weldopt == 1 && s.b < 30 * s.tf &&
+                s.h < 30 * s.tw;
+     },
+     "Curve b is used for a box with thick welds and stocky plates; Table 6.2 gives c."},
+    {"D205",
+     [](const ProjectState& s) {
+         constexpr double kCurveC = 0.49;
+         return s.family == 103 && s.ned > 0 && !s.yline.empty() &&
+                ((s.bcy == 0 && s.alphay < kCurveC) || (s.bcz == 0 && s.alphaz < 0.49f));
+     },
+     "The automatic buckling curve of British channels is not set anew; choose curve c for both "
+     "axes."},
+    {"D207", TorsionWouldGovern,
+     "Torsional or torsional-flexural buckling has a lower critical force than flexural buckling "
+     "and is not checked (6.3.1.4)."},
+    {"D208",
+     [](const ProjectState& s) {
+         constexpr double kNoCoupling = 9e24;
+         return Interacts(s) && s.method == kAnnexA && s.openprofile == kTrue && s.ned > 0 &&
+                s.ncrtf > kNoCoupling && s.ncrt > 0 && s.mydesign != 0 &&
+                (s.ned > s.ncrt || s.cmlt > 1);
+     },
+     "The interaction factors of Annex A leave the torsional critical force of the section out and "
+     "come out too low."},
+    {"D209",
+     [](const ProjectState& s) {
+         return Interacts(s) && s.family == 22 && s.method == kAnnexA && s.ned > 0 &&
+                s.mydesign != 0 && s.ncrz < s.ncry;
+     },
+     "The torsional-flexural critical force couples with buckling about y instead of z and may be "
+     "too high in the factors of Annex A."},
+    {"D211",
+     [](const ProjectState& s) {
+         constexpr i16 kCantilever = 4;
+         return LateralControlled(s) && WholeMember(s) && s.cmanual == kFalse &&
+                s.supportcase != kCantilever && s.ltbk > 1;
+     },
+     "The C factors of lateral torsional buckling are extrapolated beyond k = 1; check them, or "
+     "enter them by hand."},
+    {"D212",
+     [](const ProjectState& s) {
+         return LateralControlled(s) && s.family == 22 && s.beampart > 0 && !WholeMember(s) &&
+                (s.ltc3 > 1.02 || s.ltc3 < 0);
+     },
+     "The factor C3 of the governing segment lies in a range where the table used here is not "
+     "continuous; compare the critical moment by other means."},
+    {"D213",
+     [](const ProjectState& s) {
+         return LateralControlled(s) && WholeMember(s) && s.zg < 0 && s.mydesign < 0 &&
+                s.supportcase != 4;
+     },
+     "A load below the shear centre is taken as stabilising; an upward load there destabilises."},
+    {"D215",
+     [](const ProjectState& s) {
+         return RolledCurveInUse(s) && (s.family == 21 || s.family == 41) &&
+                (s.lamdalt0w < s.lamdalt0 || s.betaw > s.beta) && s.xlt < 1;
+     },
+     "Lateral torsional buckling of the welded section uses the parameters of rolled sections."},
+    {"D216", [](const ProjectState& s) { return RolledCurveInUse(s) && s.kc > 1 && s.ffactor < 1; },
+     "The reduction factor of lateral torsional buckling is divided by a factor f below 1 although "
+     "kc is above 1; ratios with it are too low and may even be negative. Choose the general "
+     "case."},
+    {"D217",
+     [](const ProjectState& s) {
+         return Interacts(s) && s.method == kAnnexA && s.loadmode == 1 && s.ned > 0 &&
+                DeflectionOfOtherLoads(s);
+     },
+     "The moment factor of Annex A combines the serviceability deflection with the strength moment "
+     "and comes out too low."},
+    {"D218",
+     [](const ProjectState& s) {
+         return Interacts(s) && s.method == kAnnexA && s.ned > 0 && WorstClass(s) > 2 &&
+                ((s.mydesign != 0 && s.classmy <= 2) || (s.mzdesign != 0 && s.classmz <= 2));
+     },
+     "Annex A takes the plastic column for a moment of class 1 or 2 although another action puts "
+     "the section into class 3 or 4."},
+    {"D221",
+     [](const ProjectState& s) {
+         return Interacts(s) && s.method == kAnnexB && s.loadmode == 1 &&
+                (EndMomentsDiffer(s.mydesign, s.my0, s.myl, s.mylinear) ||
+                 EndMomentsDiffer(s.mzdesign, s.mz0, s.mzl, s.mzlinear));
+     },
+     "The moment factors of Annex B rest on the smaller end moment; Table B.3 takes the larger and "
+     "may give more."},
+    {"D222",
+     [](const ProjectState& s) {
+         return Interacts(s) && s.method == kAnnexB && s.loadmode != 1 &&
+                ((s.mydesign != 0 && s.psiy > 0) || (s.mzdesign != 0 && s.psiz > 0));
+     },
+     "The moment factors of Annex B are 0.6 for any end moments; Table B.3 gives up to 1.0."},
+    {"D223",
+     [](const ProjectState& s) {
+         return Interacts(s) && s.method == kAnnexB && s.classmy <= 2 && WorstClass(s) > 2;
+     },
+     "Annex B takes the plastic column by the class of My although another action puts the section "
+     "into class 3 or 4."},
+    {"D224",
+     [](const ProjectState& s) {
+         return Interacts(s) && s.family == 22 && s.method == kAnnexB && s.classmy <= 2 &&
+                s.mzdesign != 0;
+     },
+     "The factors of Mz, kyz and kzz, are not set anew for this section in class 1 and 2; choose "
+     "Annex A."},
+    {"D226", [](const ProjectState& s) { return Interacts(s) && IsAngle(s.family); },
+     "Lateral torsional buckling of angles is not checked."},
+    {"D229",
+     [](const ProjectState& s) {
+         return s.family == 28 && s.ltb == 1 && !(s.ned > 0) && s.mydesign != 0;
+     },
+     "Lateral torsional buckling of a flat bar is checked beside an axial compression only."},
+    {"D230",
+     [](const ProjectState& s) {
+         const bool shifts =
+             IsChannel(s.family) || IsAngle(s.family) || s.family == 22 || s.family == 26;
+         return shifts && s.classn == 4 && s.ned > 0 && !s.yline.empty();
+     },
+     "The buckling check has no additional moment from the shift of the centroid in class 4."},
+    {"D231", [](const ProjectState& s) { return s.family == 26 && s.ned > 0 && s.mydesign != 0; },
+     "The moment of the self-weight is not combined with the axial force in the buckling check."},
+};
+
+}  // namespace
+
+std::span<const NoteRule> StabilityNoteRules()
+{
+    return kStability;
+}
+
+}  // namespace kestrum

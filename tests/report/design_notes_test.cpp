@@ -1,0 +1,195 @@
+// Every note appears where its deviation acts and stays away where it does not.
+
+#include "report/design_notes.h"
+
+#include "service/vortex.h"
+#include "support/member.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+namespace kestrum {
+namespace {
+
+struct NoteCase {
+    const char* id;
+    const char* acts;
+    const char* silent;
+};
+
+const NoteCase kCases[] = {
+    {"D26", "annexcode=UD loadcomb=1 qload[1]=5", "annexcode=UD loadcomb=0 qload[1]=5"},
+    {"D27", "loadcomb=0 qload[1]=5 qload[2]=-3 qtype[2]=1",
+     "loadcomb=0 qload[1]=5 qload[2]=3 qtype[2]=1"},
+    {"D28", "loadcomb=0 psi1index=1 psi2index=5 qload[1]=5 qtype[1]=2",
+     "loadcomb=0 psi1index=5 psi2index=1 qload[1]=5 qtype[1]=2"},
+    {"D53", "family=6 row.shs=35 fykindex=26 fyk=2000 nload[1]=10",
+     "family=6 row.shs=35 nload[1]=10"},
+    {"D55", "family=10 qload[1]=1 l=1", "family=10 nload[1]=10 l=1"},
+    {"D56", "family=41 qload[1]=1", "family=41 qload[1]=1 fykindex=26 fyk=335"},
+    {"D104", "supportcase=3 pmkind[1]=1 pm[1]=10 pmx[1]=0",
+     "supportcase=3 pmkind[1]=1 pm[1]=10 pmx[1]=2"},
+    {"D107", "qt1[1]=10 qt2[1]=10 qtx1[1]=0 qtx2[1]=2.5", "qload[1]=10"},
+    {"D109", "cpmode=1 cpcount=1 cp[1]=1 qload[1]=10", "qload[1]=10"},
+    {"D154", "family=21 p21.isttw=6 nload[1]=100 qload[1]=10", "family=21 p21.isttw=6 qload[1]=10"},
+    {"D155", "family=21 p21.isth=1000 p21.isttw=7 loadmode=0 ne=-488 my1=1415 my2=1415",
+     "family=21 p21.isth=1000 p21.isttw=9 loadmode=0 ne=-488 my1=1415 my2=1415"},
+    {"D157", "family=21 p21.isttf=10.5 loadmode=0 ne=662 mz1=47 mz2=47",
+     "family=21 p21.isttf=20 loadmode=0 ne=662 mz1=47 mz2=47"},
+    {"D159", "family=21 p21.isttw=6 qload[1]=10 l=8", "family=21 p21.isttw=6 qload[1]=10 l=4"},
+    {"D160", "family=21 p21.isttf=8 qload[1]=5 qdir[1]=0",
+     "family=21 p21.isttf=20 qload[1]=5 qdir[1]=0"},
+    {"D161", "pm[1]=3000 pmx[1]=0.1 pmdir[1]=0", "pm[1]=100 pmx[1]=0.1 pmdir[1]=0"},
+    {"D162", "family=5 fykindex=26 fyk=4000 qload[1]=5 qdir[1]=0", "family=5 qload[1]=5 qdir[1]=0"},
+    {"D163", "family=5 nload[1]=50 qload[1]=5",
+     "family=5 nload[1]=50 qload[1]=5 checkconsercontrol=true"},
+    {"D164", "family=5 fykindex=26 fyk=2000 nload[1]=50", "family=5 nload[1]=50"},
+    // IPE 600: 13 alpha - 1 = 456 eps/42.8 at N = 0.487 fy tw hw or d, between 1067 and 1167 kN.
+    {"D165", "family=4 row.ipe=17 nload[1]=1110 qload[1]=5",
+     "family=4 row.ipe=17 nload[1]=1000 qload[1]=5"},
+    {"D168", "family=23 p23.isttw=7 nload[1]=-278 qload[1]=5",
+     "family=23 p23.isttw=7 nload[1]=-50 qload[1]=5"},
+    {"D169", "family=23 p23.ista=250 nload[1]=100", "family=23 p23.ista=50 nload[1]=100"},
+    {"D170", "family=23 nload[1]=2000 qload[1]=5",
+     "family=23 p23.isttw=20 nload[1]=2000 qload[1]=5"},
+    {"D172", "annexcode=UD gammam1=1.1 family=23 p23.isttf=8 qload[1]=5 qdir[1]=0",
+     "annexcode=UD gammam1=1 family=23 p23.isttf=8 qload[1]=5 qdir[1]=0"},
+    {"D173", "family=41 nload[1]=100 qload[1]=5", "family=41 p41.opn=1 nload[1]=100 qload[1]=5"},
+    {"D175", "family=31 p31.isttw=2 nload[1]=10", "family=31 nload[1]=10"},
+    {"D176", "family=31 qload[1]=5 qload[2]=5 qdir[2]=0 qchecked[2]=true", "family=31 qload[1]=5"},
+    {"D177", "family=28 nload[1]=-50 qload[1]=1",
+     "family=28 nload[1]=-50 qload[1]=1 checkconsercontrol=true"},
+    {"D179", "family=41 pm[1]=3000 pmx[1]=0.1", "family=41 pm[1]=100 pmx[1]=0.1"},
+    {"D180", "family=41 p41.istaz=10000 nload[1]=3000 qload[1]=5",
+     "family=41 nload[1]=3000 qload[1]=5"},
+    {"D181", "family=10 row.l1=19 nload[1]=1 l=1", "family=10 row.l1=38 nload[1]=1 l=1"},
+    {"D183", "family=22 p22.isttw=6 p22.isth=1000 qload[1]=5", "family=22 qload[1]=5"},
+    {"D184", "family=24 p24.istb2=700 qload[1]=-5", "family=24 p24.istb2=700 qload[1]=5"},
+    {"D185", "family=24 qload[1]=5", "family=24 qload[1]=5 hsqopt=1"},
+    {"D188", "family=22 p22.isttw=9.23 p22.isth=740 qload[1]=5",
+     "family=22 p22.isttw=9.6 p22.isth=740 qload[1]=5"},
+    {"D189", "family=24 loadmode=0 ne=50 my1=10", "family=24 loadmode=0 my1=10"},
+    {"D190", "family=22 p22.isttw=20 p22.isttf1=15 p22.isttf2=25 nload[1]=500 qload[1]=5",
+     "family=22 p22.isttw=20 nload[1]=500 qload[1]=5"},
+    {"D191", "family=24 qload[1]=200", "family=24 qload[1]=20"},
+    {"D192", "family=26 selfweight=1 p26.isttf1=10.5", "family=26 selfweight=1 p26.isttf1=12"},
+    {"D196", "family=51 qload[1]=-5", "family=51 qload[1]=5"},
+    {"D197", "family=25 qload[1]=5", "family=24 qload[1]=5"},
+    {"D198", "family=26 nload[1]=50", "family=26 p26.isttw=20 p26.isttf1=20 nload[1]=50"},
+    {"D199", "family=22 p22.isttw=6 qload[1]=5 l=8", "family=22 p22.isttw=6 qload[1]=5 l=4"},
+    {"D201", "restraints=2 qload[1]=5", "restraints=1 qload[1]=5"},
+    {"D203", "fykindex=26 fyk=450 nload[1]=100", "fykindex=26 fyk=470 nload[1]=100"},
+    {"D204", "family=23 p23.isttf=25 p23.isttw=25 weldopt=1 nload[1]=100",
+     "family=23 p23.isttf=25 p23.isttw=25 weldopt=0 nload[1]=100"},
+    {"D205", "family=103 nload[1]=100", "family=103 nload[1]=100 bcy=4 bcz=4"},
+    {"D207", "family=26 nload[1]=50 l=2", "family=6 nload[1]=50 l=2"},
+    {"D208", "family=4 method=1 nload[1]=100 qload[1]=10",
+     "family=4 method=2 nload[1]=100 qload[1]=10"},
+    {"D209", "family=22 method=1 nload[1]=100 qload[1]=10",
+     "family=22 method=2 nload[1]=100 qload[1]=10"},
+    {"D211", "ltbk=2 qload[1]=5", "ltbk=1 qload[1]=5"},
+    {"D212", "family=22 loadmode=0 my1=-100 my2=20", "family=22 loadmode=0 my1=100 my2=50"},
+    {"D213", "loadlevel=3 qload[1]=-5", "loadlevel=3 qload[1]=5"},
+    {"D215", "annexcode=UK family=21 qload[1]=5 l=15", "annexcode=UK family=1 qload[1]=5 l=15"},
+    {"D216", "family=4 cmanual=true c1=0.7 c2=0 l=15 qload[1]=1",
+     "family=4 cmanual=true c1=1.2 c2=0 l=15 qload[1]=1"},
+    {"D217", "method=1 loadcomb=0 supportcase=1 nload[1]=100 qload[1]=10",
+     "method=1 loadcomb=5 supportcase=1 nload[1]=100 qload[1]=10"},
+    {"D218", "family=4 row.ipe=17 method=1 nload[1]=500 qload[1]=10",
+     "family=2 method=1 nload[1]=500 qload[1]=10"},
+    {"D221", "method=2 supportcase=1 nload[1]=100 qload[1]=10",
+     "method=2 supportcase=2 nload[1]=100 qload[1]=10"},
+    {"D222", "method=2 loadmode=0 ne=100 my1=50 my2=50",
+     "method=2 loadmode=0 ne=100 my1=50 my2=-50"},
+    {"D223", "family=4 row.ipe=17 method=2 nload[1]=500 qload[1]=10",
+     "family=2 method=2 nload[1]=500 qload[1]=10"},
+    {"D224",
+     "family=22 p22.isttw=20 method=2 nload[1]=100 qload[1]=5 qload[2]=2 qdir[2]=0 "
+     "qchecked[2]=true",
+     "family=22 p22.isttw=20 method=1 nload[1]=100 qload[1]=5 qload[2]=2 qdir[2]=0 "
+     "qchecked[2]=true"},
+    {"D226", "family=10 nload[1]=10 qload[1]=1 l=1", "family=10 nload[1]=10 l=1"},
+    {"D229", "family=28 qload[1]=1", "family=28 l=1 nload[1]=5 qload[1]=1 checkconsercontrol=true"},
+    {"D230", "family=22 nload[1]=100", "family=22 p22.isttw=20 nload[1]=100"},
+    {"D231", "family=26 selfweight=1 nload[1]=50", "family=26 nload[1]=50"},
+    {"D251", "modal=1 pm[1]=5 pmx[1]=2", "modal=1 qload[1]=5"},
+    {"D254", "family=31 terrain=3", "family=31 terrain=2"},
+    {"D255", "family=31 vortexcase=1", "family=31 vortexcase=2"},
+    {"D256", "family=31 qload[1]=5", "family=31"},
+};
+
+bool Shows(const ProjectState& s, std::string_view id)
+{
+    const auto notes = DesignNotes(s);
+    return std::any_of(notes.begin(), notes.end(),
+                       [&](const DesignNote& note) { return note.id == id; });
+}
+
+// After a pass, and after a vortex control where the family has one.
+ProjectState Calculated(const std::string& lines)
+{
+    ProjectState s = MemberOf(kUnloaded + lines);
+    EXPECT_TRUE(Calculate(DeliveredTables(), s)) << lines;
+    if (s.family == 31) {
+        CalcVortexFrequency(s);
+        CalcVortex(s);
+    }
+    return s;
+}
+
+TEST(DesignNotes, AppearWhereTheDeviationActs)
+{
+    for (const NoteCase& c : kCases) {
+        EXPECT_TRUE(Shows(Calculated(c.acts), c.id)) << c.id << ": " << c.acts;
+    }
+}
+
+TEST(DesignNotes, StayAwayWhereItDoesNot)
+{
+    for (const NoteCase& c : kCases) {
+        EXPECT_FALSE(Shows(Calculated(c.silent), c.id)) << c.id << ": " << c.silent;
+    }
+}
+
+TEST(DesignNotes, HaveACaseEach)
+{
+    std::set<std::string_view> cases, rules;
+    for (const NoteCase& c : kCases) {
+        cases.insert(c.id);
+    }
+    for (const auto& group : {GeneralNoteRules(), SectionNoteRules(), StabilityNoteRules()}) {
+        for (const NoteRule& rule : group) {
+            EXPECT_TRUE(rules.insert(rule.id).second) << rule.id;
+            EXPECT_EQ(rule.text.back(), '.') << rule.id;
+        }
+    }
+    EXPECT_EQ(cases, rules);
+}
+
+TEST(DesignNotes, NoneAfterAFailedPass)
+{
+    ProjectState s = MemberOf(std::string(kUnloaded) + "nload[1]=1e7 qload[1]=5 ltbk=2");
+    EXPECT_FALSE(Calculate(DeliveredTables(), s));
+    EXPECT_TRUE(DesignNotes(s).empty());
+}
+
+TEST(DesignNotes, OwnStrengthIsTheLastMaterial)
+{
+    EXPECT_EQ(DeliveredTables().materials.size(), 27U);
+}
+
+TEST(DesignNotes, AllSectionsWithoutLoadsAreSilentButForTheirSteel)
+{
+    for (const char* family :
+         {"1", "5", "6", "10", "22", "23", "24", "26", "27", "28", "51", "103"}) {
+        ProjectState s = MemberOf(std::string(kUnloaded) + "family=" + family);
+        ASSERT_TRUE(Calculate(DeliveredTables(), s)) << family;
+        EXPECT_TRUE(DesignNotes(s).empty()) << family << ' ' << DesignNotes(s).front().id;
+    }
+}
+
+}  // namespace
+}  // namespace kestrum
