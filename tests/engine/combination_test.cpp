@@ -1,0 +1,157 @@
+// Eq 6.10a/b through the whole pass: both combinations are designed, and the worse one stays.
+
+#include "core/load_combination.h"
+#include "engine/engine_fixture.h"
+#include "engine/family_routines.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace kestrum {
+namespace {
+
+constexpr i16 kPermanent = 0;
+constexpr i16 kVariable1 = 1;
+
+// The default member with all loads of one category.
+ProjectState OfCategory(i16 category)
+{
+    ProjectState s = Fresh();
+    s.ntype[1] = category;
+    s.qtype[1] = category;
+    return s;
+}
+
+ProjectState With(ProjectState s, i16 loadcomb)
+{
+    s.loadcomb = loadcomb;
+    EXPECT_TRUE(EndsWell(s)) << loadcomb;
+    return s;
+}
+
+// What the pass with both combinations leaves is the pass with the worse one alone.
+void ExpectSameResult(const ProjectState& s, const ProjectState& alone)
+{
+    EXPECT_EQ(s.ned, alone.ned);
+    EXPECT_EQ(s.mydesign, alone.mydesign);
+    EXPECT_EQ(s.mydiag, alone.mydiag);
+    EXPECT_EQ(s.dzdiag, alone.dzdiag);
+    EXPECT_EQ(s.secline, alone.secline);
+    EXPECT_EQ(s.yline, alone.yline);
+    EXPECT_EQ(s.zline, alone.zline);
+    EXPECT_EQ(s.ltline, alone.ltline);
+    EXPECT_EQ(s.irsection, alone.irsection);
+    EXPECT_EQ(s.maxirbuckling, alone.maxirbuckling);
+}
+
+double Utilisation(const ProjectState& s)
+{
+    return std::max(s.irsection, s.maxirbuckling);
+}
+
+TEST(Eq610ab, PermanentLoadsAreGovernedByEq610a)
+{
+    const ProjectState loads = OfCategory(kPermanent);  // 1.35 against 0.85*1.35
+    const ProjectState s = With(loads, kEq610ab);
+    EXPECT_EQ(s.governing, 1);
+    EXPECT_DOUBLE_EQ(s.ned, 100.0 * 1.35f);
+    ExpectSameResult(s, With(loads, kEq610a));
+}
+
+TEST(Eq610ab, VariableLoadsAreGovernedByEq610b)
+{
+    const ProjectState loads = OfCategory(kVariable1);  // 1.5*0.7 against 1.5
+    const ProjectState s = With(loads, kEq610ab);
+    EXPECT_EQ(s.governing, 2);
+    EXPECT_DOUBLE_EQ(s.ned, 150);
+    ExpectSameResult(s, With(loads, kEq610b));
+}
+
+TEST(Eq610ab, EqualUtilisationIsNamedEq610b)
+{
+    ProjectState loads = OfCategory(kVariable1);
+    loads.psi1 = 1;  // 1.5 in both
+    const ProjectState s = With(loads, kEq610ab);
+    EXPECT_EQ(Utilisation(With(loads, kEq610a)), Utilisation(With(loads, kEq610b)));
+    EXPECT_GT(Utilisation(s), 0);
+    EXPECT_EQ(s.governing, 2);
+    EXPECT_NE(GoverningText(s).find("6.10b"), std::string::npos);
+}
+
+// The section is used more by the variable moment of 6.10b, the slender column by the permanent
+// axial force of 6.10a.
+TEST(Eq610ab, BucklingDecidesAgainstTheSection)
+{
+    ProjectState loads = Fresh();
+    loads.l = 10;
+    loads.ntype[1] = kPermanent;
+    loads.nload[1] = 500;
+    loads.qtype[1] = kVariable1;
+    loads.qload[1] = 6;
+    const ProjectState a = With(loads, kEq610a), b = With(loads, kEq610b);
+    EXPECT_GT(b.irsection, a.irsection);
+    EXPECT_GT(a.maxirbuckling, b.maxirbuckling);
+    const ProjectState s = With(loads, kEq610ab);
+    EXPECT_EQ(s.governing, 1);
+    ExpectSameResult(s, a);
+}
+
+TEST(Eq610ab, LeavesTheWorseOfBothInEveryFamily)
+{
+    for (const FamilyRoutines& routines : AllRoutines()) {
+        for (const i16 category : {kPermanent, kVariable1}) {
+            SCOPED_TRACE(routines.family);
+            ProjectState loads = OfCategory(category);
+            loads.family = static_cast<i16>(routines.family);
+            loads.l = 2;
+            loads.nload[1] = 1;
+            loads.qload[1] = 0.5f;
+            loads.checkconsercontrol = routines.family == 28 ? kTrue : kFalse;
+            const ProjectState a = With(loads, kEq610a), b = With(loads, kEq610b);
+            const ProjectState s = With(loads, kEq610ab);
+            EXPECT_EQ(Utilisation(s), std::max(Utilisation(a), Utilisation(b)));
+            EXPECT_EQ(s.governing, category == kPermanent ? 1 : 2);
+            ExpectSameResult(s, category == kPermanent ? a : b);
+        }
+    }
+}
+
+// A column whose axial force is above the critical force in one of the combinations only.
+TEST(Eq610ab, AxialOverloadInOneOfThemStopsThePass)
+{
+    for (const i16 category : {kPermanent, kVariable1}) {
+        SCOPED_TRACE(category);
+        ProjectState s = OfCategory(category);
+        s.l = 10;
+        const i16 light = category == kPermanent ? i16{kEq610b} : i16{kEq610a};
+        const i16 heavy = category == kPermanent ? i16{kEq610a} : i16{kEq610b};
+        const double ncrz = With(s, kEq610b).ncrz;
+        const double lightfactor = category == kPermanent ? 0.85 * 1.35 : 1.5 * 0.7;
+        s.nload[1] = static_cast<float>(0.95 * ncrz / lightfactor);
+
+        ProjectState alone = s;
+        alone.loadcomb = light;
+        EXPECT_TRUE(EndsWell(alone));
+        EXPECT_LT(alone.ned, alone.ncrz);
+        alone.loadcomb = heavy;
+        EXPECT_FALSE(EndsWell(alone));
+        EXPECT_EQ(alone.errorflag, -1);
+
+        s.loadcomb = kEq610ab;
+        s.governing = 7;
+        EXPECT_FALSE(EndsWell(s));
+        EXPECT_EQ(s.errorflag, -1);
+        EXPECT_TRUE(s.calculationerror);
+        EXPECT_EQ(s.governing, 7);
+        EXPECT_GT(s.ned, s.ncrz);  // left at the combination that failed
+
+        s.method = 2;  // which has no such limit
+        EXPECT_TRUE(EndsWell(s));
+        EXPECT_EQ(s.governing, category == kPermanent ? 1 : 2);
+    }
+}
+
+}  // namespace
+}  // namespace kestrum

@@ -1,0 +1,191 @@
+// What the driver decides by family beside the choice of routines, and laws of a whole pass.
+
+#include "core/annexes.h"
+#include "engine/calculate.h"
+#include "engine/engine_fixture.h"
+#include "engine/family_routines.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <initializer_list>
+
+namespace kestrum {
+namespace {
+
+// A flat bar on edge, with the linear interaction that its section control has.
+ProjectState Bar(float n)
+{
+    ProjectState s = Plain(28);
+    s.l = 2;
+    s.nload[1] = n;
+    s.qload[1] = 2;
+    s.checkconsercontrol = kTrue;
+    return s;
+}
+
+TEST(FlatBar, D229LateralTorsionalBucklingIsControlledBesideCompressionOnly)
+{
+    ProjectState compressed = Bar(0.01f);
+    ASSERT_TRUE(EndsWell(compressed));
+    EXPECT_FALSE(compressed.ltline.empty());
+    EXPECT_GT(compressed.irrow6, 0);
+    EXPECT_LT(compressed.xlt, 1);
+    for (const float n : {0.0f, -0.01f}) {  // nothing of it beside bending alone or tension
+        ProjectState s = Bar(n);
+        ASSERT_TRUE(EndsWell(s));
+        EXPECT_EQ(s.mydesign, compressed.mydesign);
+        EXPECT_TRUE(s.ltline.empty()) << n;
+        EXPECT_TRUE(s.yline.empty() && s.zline.empty()) << n;
+        EXPECT_EQ(s.maxirbuckling, 0) << n;
+    }
+}
+
+TEST(FlatBar, LoadsInYAreTakenAwayAndTheAxialForceStays)
+{
+    ProjectState s = Bar(5);
+    s.qload[2] = 1;
+    s.qdir[2] = 0;
+    ProjectState without = Bar(5);
+    ASSERT_TRUE(EndsWell(s));
+    ASSERT_TRUE(EndsWell(without));
+    EXPECT_EQ(s.qload[2], 0);
+    EXPECT_EQ(s.mzdesign, 0);
+    EXPECT_EQ(s.ned, 5);
+    EXPECT_EQ(s.maxirbuckling, without.maxirbuckling);
+}
+
+TEST(TSection, WithoutCompressionThereIsNoBuckling)
+{
+    for (const float n : {0.0f, -10.0f}) {
+        ProjectState s = Plain(26);
+        s.selfweight = 1;
+        s.nload[1] = 10;
+        ASSERT_TRUE(EndsWell(s));
+        EXPECT_GT(s.maxirbuckling, 0);
+        s.nload[1] = n;
+        ASSERT_TRUE(EndsWell(s));
+        EXPECT_EQ(s.maxirbuckling, 0) << n;
+        EXPECT_TRUE(s.yline.empty() && s.zline.empty()) << n;
+        EXPECT_GT(s.irsection, 0) << n;  // the self-weight bends it
+    }
+}
+
+TEST(RolledI, TensionLeavesTheLateralTorsionalRowToGovern)
+{
+    ProjectState s = Plain();
+    s.nload[1] = -50;
+    ASSERT_TRUE(EndsWell(s));
+    EXPECT_TRUE(s.yline.empty() && s.zline.empty());
+    EXPECT_FALSE(s.ltline.empty());
+    EXPECT_EQ(s.maxirbuckling, s.irrow6);
+    EXPECT_GT(s.maxirbuckling, 0);
+}
+
+// The rotated load acts alike on a section that is the same about both axes, except for lateral
+// torsional buckling, which none of these has.
+TEST(SameAboutBothAxes, LoadsMayTurn)
+{
+    for (const i16 family : std::initializer_list<i16>{6, 8, 31}) {
+        for (const i16 method : std::initializer_list<i16>{1, 2}) {
+            SCOPED_TRACE(family);
+            ProjectState down = Plain(family);
+            down.l = 4;
+            down.nload[1] = 50;
+            down.qload[1] = 3;
+            down.method = method;
+            ProjectState aside = down;
+            aside.qdir[1] = 0;
+            ASSERT_TRUE(EndsWell(down));
+            ASSERT_TRUE(EndsWell(aside));
+            EXPECT_GT(down.mydesign, 0);
+            EXPECT_EQ(aside.mydesign, 0);
+            EXPECT_NEAR(aside.mzdesign, down.mydesign, 1e-5 * down.mydesign);
+            EXPECT_NEAR(aside.dymax, down.dzmax, 1e-6 * down.dzmax);
+            EXPECT_NEAR(aside.irsection, down.irsection, 1e-6 * down.irsection);
+            EXPECT_EQ(aside.ncry, down.ncrz);
+            EXPECT_NEAR(aside.chiy, down.chiz, 1e-7);  // one imperfection factor is single
+            if (method == 1) {  // Annex B picks its columns by the class of My for both moments
+                EXPECT_NEAR(aside.maxirbuckling, down.maxirbuckling, 1e-5);
+            }
+        }
+    }
+}
+
+// A mirrored load on a symmetric member mirrors forces and deflections and changes no ratio.
+TEST(SymmetricMember, LoadMayStandOnEitherSide)
+{
+    for (const i16 supportcase : std::initializer_list<i16>{0, 2, 3}) {
+        SCOPED_TRACE(supportcase);
+        ProjectState left = Plain();
+        left.supportcase = supportcase;
+        left.restraints = 1;
+        left.qload[1] = 0;
+        left.pm[1] = 40;
+        left.pmx[1] = 1.5f;
+        ProjectState right = left;
+        right.pmx[1] = 3.5f;
+        ASSERT_TRUE(EndsWell(left));
+        ASSERT_TRUE(EndsWell(right));
+        for (std::size_t j = 0; j < left.mydiag.size(); ++j) {
+            const std::size_t mirrored = left.mydiag.size() - 1 - j;
+            EXPECT_NEAR(left.mydiag[j], right.mydiag[mirrored], 1e-4);
+            EXPECT_NEAR(left.dzdiag[j], right.dzdiag[mirrored], 1e-5);
+        }
+        EXPECT_NEAR(left.mymax, right.mymax, 1e-4);
+        EXPECT_NEAR(left.vzmax, -right.vzmin, 1e-4);
+        EXPECT_NEAR(left.dzmax, right.dzmax, 1e-5);
+        EXPECT_NEAR(left.irrow6, right.irrow6, 1e-4);
+    }
+}
+
+TEST(EveryFamily, TwiceTheLoadIsTwiceTheMomentAndTheDeflection)
+{
+    for (const FamilyRoutines& routines : AllRoutines()) {
+        SCOPED_TRACE(routines.family);
+        ProjectState s = Plain(static_cast<i16>(routines.family));
+        s.l = 3;
+        s.nload[1] = 0;
+        s.qload[1] = 0.5f;
+        s.pm[1] = 0.25f;
+        s.pmx[1] = 1;
+        ASSERT_TRUE(EndsWell(s));
+        const double moment = s.mymax, deflection = s.dzmax, section = s.irrow1;
+        s.qload[1] = 1;
+        s.pm[1] = 0.5f;
+        ASSERT_TRUE(EndsWell(s));
+        EXPECT_NEAR(s.mymax, 2 * moment, 1e-6 * s.mymax);
+        EXPECT_NEAR(s.dzmax, 2 * deflection, 1e-6 * s.dzmax);
+        if (routines.family != 10 && routines.family != 11) {  // there row 1 has its own sign of My
+            EXPECT_NEAR(s.irrow1, 2 * section, 1e-6 * s.irrow1);
+        }
+    }
+}
+
+// With an annex of one's own, everything of the strength side that rests on one factor.
+TEST(EveryFamily, PartialFactorDividesTheResistances)
+{
+    for (const FamilyRoutines& routines : AllRoutines()) {
+        SCOPED_TRACE(routines.family);
+        ProjectState s = Plain(static_cast<i16>(routines.family));
+        s.annexcode = "UD";
+        s.annexindex = AnnexIndexFromCode(s.annexcode);
+        s.l = 2;
+        s.nload[1] = 0;
+        s.qload[1] = 1;
+        ASSERT_TRUE(EndsWell(s));
+        const ProjectState one = s;
+        s.gammam0 = 1.25;
+        s.gammam1 = 1.25f;
+        ASSERT_TRUE(EndsWell(s));
+        EXPECT_NEAR(s.nplrd * 1.25, one.nplrd, 1e-9 * one.nplrd);
+        EXPECT_NEAR(s.myrd * 1.25, one.myrd, 1e-9 * one.myrd);
+        EXPECT_NEAR(s.vzrd * 1.25, one.vzrd, 1e-9 * one.vzrd);
+        EXPECT_NEAR(s.nrdm1 * 1.25, one.nrdm1, 1e-9 * one.nrdm1);
+        EXPECT_NEAR(s.myrdm1 * 1.25, one.myrdm1, 1e-9 * one.myrdm1);
+        EXPECT_NEAR(s.irrow1, 1.25 * one.irrow1, 1e-9 * s.irrow1);
+    }
+}
+
+}  // namespace
+}  // namespace kestrum
