@@ -1,10 +1,12 @@
 #include "cli/context.h"
 
+#include "core/arithmetic_trap.h"
 #include "core/file_io.h"
 #include "core/project_file.h"
 #include "core/setup_file.h"
 #include "engine/new_project.h"
 #include "sections/load_library.h"
+#include "service/vortex.h"
 
 #include <filesystem>
 #include <iostream>
@@ -72,6 +74,27 @@ void SaveProject(ProjectState& s, const std::string& file)
     if (!fault.empty()) {
         throw BadInput(file + ": " + fault);
     }
+}
+
+void RequireVortexFamily(const ProjectState& s, const std::string& file)
+{
+    if (!VortexFamily(s.family)) {
+        const std::string_view refusal = VortexRefusal(s.family);
+        throw BadInput(file + ": " + std::string(refusal.empty() ? "no such family" : refusal));
+    }
+}
+
+bool ControlVortices(ProjectState& s)
+{
+    try {
+        ArmTrap();
+        CalcVortexFrequency(s);
+        CalcVortex(s);
+        CheckTrap();
+    } catch (const CalculationStop&) {
+        return false;
+    }
+    return true;
 }
 
 void Complain(const std::string& what)

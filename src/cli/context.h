@@ -39,6 +39,12 @@ ProjectState OpenProject(const Library& library, const std::string& file);
 // Writes the whole file or nothing; standard output without a name. Throws BadInput.
 void SaveProject(ProjectState& s, const std::string& file);
 
+// Vortex shedding: throws BadInput for a family that the control does not cover.
+void RequireVortexFamily(const ProjectState& s, const std::string& file);
+
+// The control after a pass; false when its arithmetic failed.
+bool ControlVortices(ProjectState& s);
+
 // "kestrum: FILE:LINE: what" on standard error.
 void Complain(const std::string& what);
 

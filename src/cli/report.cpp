@@ -1,8 +1,8 @@
 #include "cli/commands.h"
 
 #include "cli/renderer.h"
-#include "core/arithmetic_trap.h"
 #include "engine/calculate.h"
+#include "engine/family_routines.h"
 #include "report/pages.h"
 #include "service/vortex.h"
 
@@ -40,20 +40,6 @@ PrintStamp Now()
             Digits(local.tm_hour, 2) + ":" + Digits(local.tm_min, 2)};
 }
 
-// The control after a pass; false when its arithmetic failed.
-bool Shed(ProjectState& s)
-{
-    try {
-        ArmTrap();
-        CalcVortexFrequency(s);
-        CalcVortex(s);
-        CheckTrap();
-    } catch (const CalculationStop&) {
-        return false;
-    }
-    return true;
-}
-
 }  // namespace
 
 int Report(const Options& options, const ReportArguments& arguments)
@@ -61,13 +47,14 @@ int Report(const Options& options, const ReportArguments& arguments)
     CheckDrawingName(arguments.out);
     const Library library = LoadTables(options);
     ProjectState s = OpenProject(library, arguments.file);
-    const bool vortex = arguments.kind == "vortex";
-    if (vortex && !VortexFamily(s.family)) {
-        const std::string_view refusal = VortexRefusal(s.family);
-        throw BadInput(arguments.file + ": " +
-                       std::string(refusal.empty() ? "no such family" : refusal));
+    if (FindRoutines(s.family) == nullptr) {
+        throw BadInput(arguments.file + ": no section control for this family");
     }
-    if (!Calculate(library, s) || (vortex && !Shed(s))) {
+    const bool vortex = arguments.kind == "vortex";
+    if (vortex) {
+        RequireVortexFamily(s, arguments.file);
+    }
+    if (!Calculate(library, s) || (vortex && !ControlVortices(s))) {
         Complain(arguments.file + ": " + std::string(kCalculationError));
         return kFailedPass;
     }

@@ -2,6 +2,7 @@
 
 #include "core/file_io.h"
 #include "engine/calculate.h"
+#include "engine/family_routines.h"
 #include "report/detailed_table.h"
 #ifdef KESTRUM_SPREADSHEET
 #include "spreadsheet/detailed_xlsx.h"
@@ -52,6 +53,9 @@ int DetailedTable(const Options& options, const TableArguments& arguments)
     }
     const Library library = LoadTables(options);
     ProjectState s = OpenProject(library, arguments.file);
+    if (FindRoutines(s.family) == nullptr) {
+        throw BadInput(arguments.file + ": no section control for this family");
+    }
     if (!Calculate(library, s)) {
         Complain(arguments.file + ": " + std::string(kCalculationError));
         return kFailedPass;

@@ -1,6 +1,5 @@
 #include "cli/commands.h"
 
-#include "core/arithmetic_trap.h"
 #include "engine/calculate.h"
 #include "report/state_json.h"
 #include "service/vortex.h"
@@ -8,20 +7,6 @@
 namespace kestrum::cli {
 
 namespace {
-
-// The control after a pass; false when its arithmetic failed.
-bool Shed(ProjectState& s)
-{
-    try {
-        ArmTrap();
-        CalcVortexFrequency(s);
-        CalcVortex(s);
-        CheckTrap();
-    } catch (const CalculationStop&) {
-        return false;
-    }
-    return true;
-}
 
 std::string TextOf(const ProjectState& s)
 {
@@ -49,11 +34,8 @@ int Vortex(const Options& options, const std::string& file)
 {
     const Library library = LoadTables(options);
     ProjectState s = OpenProject(library, file);
-    if (!VortexFamily(s.family)) {
-        const std::string_view refusal = VortexRefusal(s.family);
-        throw BadInput(file + ": " + std::string(refusal.empty() ? "no such family" : refusal));
-    }
-    if (!Calculate(library, s) || !Shed(s)) {
+    RequireVortexFamily(s, file);
+    if (!Calculate(library, s) || !ControlVortices(s)) {
         Complain(file + ": " + std::string(kCalculationError));
         return kFailedPass;
     }

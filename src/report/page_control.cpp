@@ -84,6 +84,7 @@ std::string Joined(const std::vector<Quantity>& quantities)
     for (const Quantity& quantity : quantities) {
         text += text.empty() ? "" : "  ";
         text += quantity.symbol + "=" + quantity.value;
+        text += quantity.unit == "mm" ? "" : " " + quantity.unit;
     }
     return text;
 }
@@ -136,6 +137,10 @@ void GeometryAndLoading(PageWriter& page, const ProjectState& s)
 {
     const double top = page.y();
     Geometry(page, s, kPageMiddle - kGap);
+    const bool beside = s.loadmode == 1 && CombinationWidth(s) <= kPageMiddle - kGap - kPageLeft;
+    if (beside) {
+        PrintCombination(page, s);
+    }
     const double below_geometry = page.y();
     page.MoveTo(top);
     if (s.loadmode == 1) {
@@ -146,7 +151,7 @@ void GeometryAndLoading(PageWriter& page, const ProjectState& s)
         PrintEndForces(page, s, kPageMiddle, kPageRight);
     }
     page.MoveTo(std::max(page.y(), below_geometry));
-    if (s.loadmode == 1) {
+    if (s.loadmode == 1 && !beside) {
         PrintCombination(page, s);
     }
     page.Row(kSpace);
@@ -154,48 +159,77 @@ void GeometryAndLoading(PageWriter& page, const ProjectState& s)
 
 // --- Diagrams -----------------------------------------------------------------------------------
 
-// The pictures of one axis, one below the other, without their empty margins.
-struct Column {
-    Drawing drawing;
-    Bounds bounds;
-    double Width() const { return bounds.right - bounds.left; }
-    double Height() const { return bounds.bottom - bounds.top; }
-};
-
-Column ColumnOf(const ProjectState& s, LoadAxis axis, bool loads)
+// Moves marks up so that no empty band across the picture is higher than asked.
+Drawing WithoutGaps(const Drawing& picture, double highest)
 {
-    const AxisPictures pictures = DrawAll(s, axis);
-    Column column;
-    column.drawing.width = kPictureWidth;
-    if (loads) {
-        Place(column.drawing, pictures.load, {});
+    struct Placed {
+        Bounds bounds;
+        const Mark* mark;
+    };
+    std::vector<Placed> marks;
+    for (const Mark& mark : picture.marks) {
+        marks.push_back({BoundsOf(mark), &mark});
     }
-    Place(column.drawing, pictures.moment, {0, loads ? pictures.load.height : 0});
-    column.bounds = BoundsOf(column.drawing);
-    return column;
+    std::stable_sort(marks.begin(), marks.end(), [](const Placed& one, const Placed& other) {
+        return one.bounds.top < other.bounds.top;
+    });
+    Drawing close;
+    close.width = picture.width;
+    double reached = marks.empty() ? 0 : marks.front().bounds.top;
+    double lift = 0;
+    for (const Placed& placed : marks) {
+        lift += std::max(0.0, placed.bounds.top - reached - highest);
+        reached = std::max(reached, placed.bounds.bottom);
+        Drawing one;
+        one.marks.push_back(*placed.mark);
+        Place(close, one, {0, -lift});
+    }
+    return close;
+}
+
+// Both axes side by side, each with its head, without the empty margins of the pictures.
+Drawing DiagramsOf(const ProjectState& s, bool loads)
+{
+    constexpr double kHead = 5, kHighestGap = 1.5;
+    const AxisPictures z = DrawAll(s, LoadAxis::z);
+    const AxisPictures y = DrawAll(s, LoadAxis::y);
+    const double below = kHead + (loads ? std::max(z.load.height, y.load.height) : 0);
+    Drawing both;
+    double left = 0;
+    const auto add = [&](const AxisPictures& pictures, std::string_view head) {
+        Drawing column;
+        if (loads) {
+            Place(column, pictures.load, {0, below - pictures.load.height});
+        }
+        Place(column, pictures.moment, {0, below});
+        const double start = BoundsOf(column).left;
+        TextMark text{{start, kHead - 1.5}, std::string(head), kHeadingSize};
+        text.bold = true;
+        column.marks.emplace_back(text);
+        Place(both, column, {left - start, 0});
+        left = BoundsOf(both).right + kGap;
+    };
+    add(z, "Z-axis");
+    add(y, "Y-axis");
+    return WithoutGaps(both, kHighestGap);
 }
 
 // Smaller than this the figures of a diagram cannot be read.
 constexpr double kSmallestScale = 0.88;
 
-// Both axes side by side in the height given; false if they would become too small to read.
+// False if the diagrams would become too small to read in the height given.
 bool PlaceDiagrams(PageWriter& page, const ProjectState& s, bool loads, double height)
 {
-    const Column z = ColumnOf(s, LoadAxis::z, loads);
-    const Column y = ColumnOf(s, LoadAxis::y, loads);
-    const double across = (kPageRight - kPageLeft - kGap) / (z.Width() + y.Width());
-    const double tall = std::max(z.Height(), y.Height());
+    const Drawing both = DiagramsOf(s, loads);
+    const Bounds bounds = BoundsOf(both);
+    const double tall = bounds.bottom - bounds.top;
+    const double across = (kPageRight - kPageLeft) / (bounds.right - bounds.left);
     const double scale = std::min({1.0, across, height / tall});
     if (scale < kSmallestScale) {
         return false;
     }
     const double top = page.y() - kPageRow;
-    const auto place = [&](const Column& column, double left) {
-        page.Picture(column.drawing,
-                     {left - column.bounds.left * scale, top - column.bounds.top * scale}, scale);
-    };
-    place(z, kPageLeft);
-    place(y, kPageRight - y.Width() * scale);
+    page.Picture(both, {kPageLeft - bounds.left * scale, top - bounds.top * scale}, scale);
     page.MoveTo(top + tall * scale + kPageRow);
     page.Row(kSpace);
     return true;

@@ -3,6 +3,7 @@
 #include "core/load_combination.h"
 #include "core/number_format.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace kestrum {
@@ -142,6 +143,15 @@ void PrintEndForces(PageWriter& page, const ProjectState& s, double left, double
     page.Row();
     page.Quantities(axial, 1, left, right);
     page.Quantities(ends, 2, left, right);
+}
+
+double CombinationWidth(const ProjectState& s)
+{
+    double width = 0;
+    for (const std::string& text : ShowCombination(s)) {
+        width = std::max(width, TextWidth(text, kPageText));
+    }
+    return width;
 }
 
 void PrintCombination(PageWriter& page, const ProjectState& s)

@@ -13,7 +13,8 @@ void PrintLoading(PageWriter& page, const ProjectState& s, double left, double r
 // The given end forces, two columns of values.
 void PrintEndForces(PageWriter& page, const ProjectState& s, double left, double right);
 
-// The load combinations in force, over the width of the page.
+// The load combinations in force, one a row, and the width of the longest.
+double CombinationWidth(const ProjectState& s);
 void PrintCombination(PageWriter& page, const ProjectState& s);
 
 }  // namespace kestrum

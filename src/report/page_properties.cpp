@@ -30,7 +30,7 @@ PrintedReport PrintProperties(const Library& library, const ProjectState& s,
 
     const double name = page.Write(kPageLeft, s.family == 41 ? "Identification:  " : "Profile: ",
                                    {.bold = true, .size = kPageHeading});
-    page.Write(name, ProfileText(library, s, false), {.bold = true, .size = kPageHeading});
+    page.Write(name + 1.5, ProfileText(library, s, false), {.bold = true, .size = kPageHeading});
     page.Row(1.4);
 
     const double top = page.y();

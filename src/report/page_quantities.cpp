@@ -191,9 +191,16 @@ bool HasSides(const ProjectState& s)
            (s.family >= 51 && s.family <= 56);
 }
 
+// Families that carry neither an axial force nor moments about z.
+bool BendsAboutYOnly(const ProjectState& s)
+{
+    return s.family == 24 || s.family == 25 || s.family == 27 || (s.family >= 51 && s.family <= 56);
+}
+
+// 23 is a class 3 web upgraded to class 2.
 bool IsClassFour(const ProjectState& s)
 {
-    return std::max({s.classn, s.classmy, s.classmz}) >= 4;
+    return s.classmy == 4 || (!BendsAboutYOnly(s) && (s.classn == 4 || s.classmz == 4));
 }
 
 // --- Capacities ---------------------------------------------------------------------------------
@@ -211,12 +218,6 @@ constexpr Line kShearZ[] = {{"Vz,Rd", Of<&S::vbrd>, "#0.0", kKn}};
 constexpr Line kShearAreas[] = {{"Av,z", Of<&S::avz>, kWhole, kMm2},
                                 {"Av,y", Of<&S::avy>, kWhole, kMm2}};
 constexpr Line kFlangeFactor[] = {{"Flange load factor", Of<&S::flangefactor>, "0.00", ""}};
-
-// Families that carry neither an axial force nor moments about z.
-bool BendsAboutYOnly(const ProjectState& s)
-{
-    return s.family == 24 || s.family == 25 || s.family == 27 || (s.family >= 51 && s.family <= 56);
-}
 
 class List {
 public:
