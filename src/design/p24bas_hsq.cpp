@@ -83,7 +83,11 @@ void CalcResistanceHsq(ProjectState& s)
     s.classmybot = ClassHsq(s, false);
     s.classn = ClassCompressed(s);
     s.classmz = std::max(s.classmytop, s.classmybot);
+    const i16 switched = s.checkwebbuck;
     StoreUpgrade(s);
+    if (s.checkwebbuck != switched) {
+        CalcEffectiveHsq(s);  // class 4 of the other sign: the webs now buckle in this pass already
+    }
     StoreResistances(s);
     s.mfrd = ElasticFlangeMoment(s);
     s.mfzrd = MeanFlangeMomentZ(s);

@@ -82,6 +82,26 @@ TEST(RolledI, TensionLeavesTheLateralTorsionalRowToGovern)
     EXPECT_GT(s.maxirbuckling, 0);
 }
 
+// The upgrade of one sign switches web buckling on; the class 4 of the other sign takes it at once,
+// and a second pass changes nothing.
+TEST(Hsq, UpgradeOfOneSignCountsForTheOtherInTheSamePass)
+{
+    ProjectState s = Plain(24);
+    s.p24.isth = 640;
+    s.class23 = 0;
+    s.checkwebbuck = kTrue;
+    ASSERT_TRUE(EndsWell(s));
+    ASSERT_EQ(s.classmytop, 4);
+    ASSERT_EQ(s.classmybot, 23);
+    EXPECT_EQ(s.checkwebbuck, kFalse);
+    const ProjectState first = s;
+    ASSERT_TRUE(EndsWell(s));
+    EXPECT_EQ(first.mytoprd, s.mytoprd);
+    EXPECT_EQ(first.mybotrd, s.mybotrd);
+    EXPECT_EQ(first.ncrd, s.ncrd);
+    EXPECT_EQ(first.irsection, s.irsection);
+}
+
 // The rotated load acts alike on a section that is the same about both axes, except for lateral
 // torsional buckling, which none of these has.
 TEST(SameAboutBothAxes, LoadsMayTurn)
