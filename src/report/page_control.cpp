@@ -96,7 +96,11 @@ void ShortProfile(PageWriter& page, const Library& library, const ProjectState& 
     x = page.Write(x, ProfileText(library, s, true), {.bold = true, .size = kPageHeading});
     const std::string sizes = Joined(DimensionsOf(s));
     if (!sizes.empty()) {
-        page.Write(x + kGap, sizes + " (mm)");
+        const bool beside = x + kGap + TextWidth(sizes + " (mm)", kPageText) <= kPageRight;
+        if (!beside) {
+            page.Row();
+        }
+        page.Write(beside ? x + kGap : kPageLeft, sizes + " (mm)");
     }
     page.Row();
     x = page.Write(kPageLeft, "A = " + FormatNum(s.a, "#0") +
@@ -214,8 +218,8 @@ Drawing DiagramsOf(const ProjectState& s, bool loads)
     return WithoutGaps(both, kHighestGap);
 }
 
-// Smaller than this the figures of a diagram cannot be read.
-constexpr double kSmallestScale = 0.88;
+// From here on the smallest texts of the diagrams have 6 points.
+constexpr double kSmallestScale = 0.9;
 
 // False if the diagrams would become too small to read in the height given.
 bool PlaceDiagrams(PageWriter& page, const ProjectState& s, bool loads, double height)

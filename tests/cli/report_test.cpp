@@ -1,0 +1,156 @@
+#include "run.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kestrum {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+class Reports : public CommandLine {
+protected:
+    // Output of another program, run in the folder.
+    std::string Shell(const std::string& command) const
+    {
+        const std::string all = "cd '" + Path(".") + "' && " + command + " >.shell 2>/dev/null";
+        return std::system(all.c_str()) == 0 ? Read(".shell") : "failed: " + command;
+    }
+    static bool HasRenderer() { return std::filesystem::exists(KESTRUM_BIN "/kestrum-render.so"); }
+    static bool Has(const std::string& program)
+    {
+        return std::system(("command -v " + program + " >/dev/null").c_str()) == 0;
+    }
+};
+
+TEST_F(Reports, TableIsTextWithoutAFile)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    const Said said = Kestrum("table a.kst");
+    EXPECT_EQ(said.exit, 0);
+    EXPECT_THAT(said.out, StartsWith(" Parameter"));
+    EXPECT_THAT(said.out, HasSubstr("\n Ncr,y "));
+    EXPECT_THAT(said.out, HasSubstr("\n Other\n"));
+    EXPECT_THAT(said.err, IsEmpty());
+}
+
+TEST_F(Reports, TableWritesCsv)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    const Said said = Kestrum("table a.kst -o a.csv");
+    EXPECT_EQ(said.exit, 0);
+    EXPECT_THAT(said.out, IsEmpty());
+    EXPECT_THAT(Read("a.csv"), StartsWith(" Parameter,Value,unit, Reference\r\n"));
+}
+
+TEST_F(Reports, TableWritesASpreadsheetWithNumbers)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    const Said said = Kestrum("table a.kst -o a.xlsx");
+    if (said.err.find("built without libxlsxwriter") != std::string::npos) {
+        GTEST_SKIP() << "built without libxlsxwriter";
+    }
+    ASSERT_EQ(said.exit, 0) << said.err;
+    if (!Has("unzip")) {
+        GTEST_SKIP() << "no unzip";
+    }
+    const std::string sheet = Shell("unzip -p a.xlsx xl/worksheets/sheet1.xml");
+    // Row 17 is " Ncr,y": headings in row 1, then the sixteenth row. A number has no t="s".
+    EXPECT_THAT(sheet, ::testing::ContainsRegex("<c r=\"B17\" s=\"[0-9]+\"><v>[0-9.]+</v></c>"));
+    EXPECT_THAT(sheet, ::testing::ContainsRegex("<c r=\"A17\" t=\"s\"><v>"));
+    EXPECT_THAT(sheet, HasSubstr("<cols>"));
+    EXPECT_THAT(Shell("unzip -p a.xlsx xl/sharedStrings.xml"), HasSubstr(" Buckling Factors"));
+    EXPECT_THAT(Shell("unzip -p a.xlsx xl/styles.xml"), HasSubstr("formatCode=\"#0.000\""));
+}
+
+TEST_F(Reports, TableThatCannotBeWrittenTellsSo)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    const Said said = Kestrum("table a.kst -o nowhere/a.xlsx");
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_THAT(said.err, HasSubstr(" Error on tranfere data to Excel "));
+    EXPECT_EQ(Kestrum("table a.kst -o a.txt").exit, 2);
+    EXPECT_EQ(Kestrum("table a.kst -o nowhere/a.csv").exit, 2);
+}
+
+TEST_F(Reports, ControlAsSvgNeedsNoRenderer)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --set 'projname=Hall 7'").exit, 0);
+    const Said said = Kestrum("report control a.kst -o a.svg");
+    EXPECT_EQ(said.exit, 0);
+    EXPECT_THAT(said.err, IsEmpty());
+    const std::string svg = Read("a.svg");
+    EXPECT_THAT(svg, HasSubstr("Hall 7"));
+    EXPECT_THAT(svg, HasSubstr("Governing Loadcase:"));
+    EXPECT_THAT(svg, HasSubstr("File: "));
+}
+
+TEST_F(Reports, PdfHasItsTextsAndItsFonts)
+{
+    if (!HasRenderer() || !Has("pdftotext")) {
+        GTEST_SKIP() << "no renderer or no pdftotext";
+    }
+    ASSERT_EQ(Kestrum("new -o a.kst --family 7 --set 'projname=Hall 7' --set checksls=1").exit, 0);
+    for (const std::string kind : {"control", "section", "vortex"}) {
+        SCOPED_TRACE(kind);
+        const Said said = Kestrum("report " + kind + " a.kst -o " + kind + ".pdf");
+        ASSERT_EQ(said.exit, 0) << said.err;
+        const std::string text = Shell("pdftotext -layout " + kind + ".pdf -");
+        EXPECT_THAT(text, HasSubstr("Kestrum EC3"));
+        EXPECT_THAT(text, HasSubstr("Version 1.3.1"));
+        EXPECT_THAT(text, HasSubstr("Hall 7"));
+        EXPECT_THAT(text, HasSubstr("1/1"));
+        const std::string info = Shell("pdfinfo " + kind + ".pdf");
+        EXPECT_THAT(info, HasSubstr("A4"));
+        EXPECT_THAT(info, ::testing::ContainsRegex("Pages: +1\n"));
+    }
+    const std::string text = Shell("pdftotext -layout control.pdf -");
+    EXPECT_THAT(text, HasSubstr("Governing Loadcase:"));
+    EXPECT_THAT(text, HasSubstr("SECTION CONTROL:"));
+    EXPECT_THAT(text, HasSubstr("BUCKLING CONTROL:"));
+    const Said check = Kestrum("check a.kst");
+    for (std::size_t at = check.out.find("IR = "); at != std::string::npos;
+         at = check.out.find("IR = ", at + 1)) {
+        const std::string head = check.out.substr(at, check.out.find(" =", at + 5) - at);
+        EXPECT_THAT(text, HasSubstr(head));
+    }
+}
+
+TEST_F(Reports, WhatHasNoRoomIsToldAndTheFileStands)
+{
+    std::string loads;
+    for (int i = 1; i <= 8; ++i) {
+        loads += " --set pm[" + std::to_string(i) + "]=0.1 --set pmx[" + std::to_string(i) + "]=1";
+    }
+    for (int i = 1; i <= 4; ++i) {
+        loads += " --set qload[" + std::to_string(i) + "]=0.1";
+    }
+    loads += " --set modal=1";
+    ASSERT_EQ(Kestrum("new -o a.kst" + loads).exit, 0);
+    const Said said = Kestrum("report control a.kst -o a.svg");
+    EXPECT_EQ(said.exit, 0);
+    EXPECT_THAT(said.err, StartsWith("kestrum: a.svg: no room on the page for: "));
+    EXPECT_THAT(Read("a.svg"), HasSubstr("Governing Loadcase:"));
+}
+
+TEST_F(Reports, BadRequestsWriteNothing)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    EXPECT_EQ(Kestrum("report control a.kst -o a.doc").exit, 2);
+    EXPECT_EQ(Kestrum("report control a.kst").exit, 2);
+    EXPECT_EQ(Kestrum("report summary a.kst -o a.svg").exit, 2);
+    EXPECT_EQ(Kestrum("report control none.kst -o a.svg").exit, 2);
+    const Said vortex = Kestrum("report vortex a.kst -o a.svg");
+    EXPECT_EQ(vortex.exit, 2);
+    EXPECT_THAT(vortex.err, HasSubstr("Only valid for boxes and tubes"));
+    ASSERT_EQ(Kestrum("set a.kst 'nload[1]=1e6' -o b.kst --raw").exit, 0);
+    EXPECT_EQ(Kestrum("report control b.kst -o a.svg").exit, 3);
+    EXPECT_EQ(Kestrum("table b.kst").exit, 3);
+    EXPECT_FALSE(std::filesystem::exists(Path("a.svg")));
+}
+
+}  // namespace
+}  // namespace kestrum
