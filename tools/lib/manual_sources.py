@@ -34,7 +34,7 @@ def deviations():
         if line.startswith('|'):
             row = cells(line)[:5]
             if set(row[0]) <= set('-:'):
-                row = ['-' * n for n in (8, 30, 30, 22, 12)]
+                row = ['-' * n for n in (8, 28, 28, 21, 17)]
             out.append('| ' + ' | '.join(row) + ' |')
         else:
             out.append(line)
