@@ -1,0 +1,147 @@
+// Bad files through the built program: each ends with a message and its exit code within a minute.
+
+#include "cli/run.h"
+
+#include <gmock/gmock.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace kestrum {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+constexpr int kWatchdog = 124;  // exit of timeout(1)
+
+class BadInput : public CommandLine {
+protected:
+    BadInput()
+    {
+        EXPECT_EQ(Kestrum("new -o good.kst --set l=3 --set qload[1]=1 --set nload[1]=1").exit, 0);
+        std::istringstream bytes(Read("good.kst"));
+        for (std::string line; std::getline(bytes, line);) {
+            lines_.push_back(line.substr(0, line.find('\r')));
+        }
+    }
+
+    void WriteLines(const std::string& name, const std::vector<std::string>& lines) const
+    {
+        std::string bytes;
+        for (const std::string& line : lines) {
+            bytes += line + "\r\n";
+        }
+        Write(name, bytes);
+    }
+
+    // Under a watchdog.
+    Said Checked(const std::string& name) const
+    {
+        Said said;
+        const std::string command = "cd '" + Path(".") + "' && KESTRUM_DATA= timeout 60 '" +
+                                    KESTRUM_BIN "/kestrum' check '" + name + "' >out 2>err";
+        const int status = std::system(command.c_str());
+        said.exit = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        said.out = Read("out");
+        said.err = Read("err");
+        EXPECT_NE(said.exit, kWatchdog) << name;
+        return said;
+    }
+
+    std::vector<std::string> lines_;
+};
+
+TEST_F(BadInput, AFileCutAfterAnyLineNamesTheMissingField)
+{
+    ASSERT_GT(lines_.size(), 100U);
+    for (std::size_t cut = 0; cut < lines_.size(); ++cut) {
+        WriteLines("cut.kst", {lines_.begin(), lines_.begin() + static_cast<std::ptrdiff_t>(cut)});
+        const Said said = Checked("cut.kst");
+        EXPECT_EQ(said.exit, 2) << cut;
+        EXPECT_THAT(said.err,
+                    StartsWith("kestrum: cut.kst:" + std::to_string(cut + 1) + ": field "))
+            << cut;
+        EXPECT_THAT(said.err, HasSubstr("end of the file")) << cut;
+    }
+    WriteLines("cut.kst", lines_);
+    EXPECT_EQ(Checked("cut.kst").exit, 0);
+}
+
+// The two names take any text, and a text in the place of a code is a code that is unknown.
+TEST_F(BadInput, AnyLineReplacedByLettersNamesTheField)
+{
+    for (std::size_t k = 0; k < lines_.size(); ++k) {
+        std::vector<std::string> wrong = lines_;
+        wrong[k] = "abc";
+        WriteLines("abc.kst", wrong);
+        const Said said = Checked("abc.kst");
+        const bool text = k >= 1 && k <= 3;  // projname, ident, annexcode
+        EXPECT_EQ(said.exit, text ? 0 : 2) << k + 1 << ' ' << lines_[k];
+        if (!text) {
+            EXPECT_THAT(said.err,
+                        StartsWith("kestrum: abc.kst:" + std::to_string(k + 1) + ": field "));
+            EXPECT_THAT(said.err, HasSubstr("found \"abc\""));
+        }
+    }
+}
+
+TEST_F(BadInput, AHugeSparseFileIsRefusedAtOnce)
+{
+    Write("sparse.kst", "131\r\n");
+    std::filesystem::resize_file(Path("sparse.kst"), std::uintmax_t{1} << 30U);
+    const Said said = Checked("sparse.kst");
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_THAT(said.err, StartsWith("kestrum: sparse.kst: "));
+}
+
+TEST_F(BadInput, WhatIsNoFileOfLinesIsRefused)
+{
+    std::filesystem::create_directory(Path("folder.kst"));
+    Write("empty.kst", "");
+    Write("zeros.kst", std::string(100000, '\0'));
+    Write("longline.kst", std::string(1000000, 'x'));
+    std::string returns;
+    for (const std::string& line : lines_) {
+        returns += line + '\r';
+    }
+    Write("returns.kst", returns);
+    std::string wide = "\xff\xfe";
+    for (const char c : Read("good.kst")) {
+        wide += c;
+        wide += '\0';
+    }
+    Write("utf16.kst", wide);
+    for (const char* name : {"missing.kst", "folder.kst", "empty.kst", "zeros.kst", "longline.kst",
+                             "returns.kst", "utf16.kst"}) {
+        const Said said = Checked(name);
+        EXPECT_EQ(said.exit, 2) << name;
+        EXPECT_THAT(said.err, StartsWith("kestrum: " + std::string(name) + ":")) << name;
+    }
+}
+
+TEST_F(BadInput, ValuesThatCannotBeCalculatedEndInTheMessage)
+{
+    for (const char* assignment : {"row.hea=32767", "row.hea=-1", "l=0"}) {
+        ASSERT_EQ(Kestrum(std::string("set good.kst -o odd.kst --raw ") + assignment).exit, 0);
+        const Said said = Checked("odd.kst");
+        EXPECT_EQ(said.exit, 3) << assignment;
+        EXPECT_THAT(said.err, HasSubstr("Calculation Error. Axial load too big.")) << assignment;
+    }
+}
+
+TEST_F(BadInput, ANumberWithoutSectionIsToldAndNotChecked)
+{
+    for (const char* family : {"0", "55", "999", "-1"}) {
+        ASSERT_EQ(Kestrum(std::string("set good.kst -o odd.kst --raw family=") + family).exit, 0);
+        const Said said = Checked("odd.kst");
+        EXPECT_EQ(said.exit, 2) << family;
+        EXPECT_THAT(said.err,
+                    HasSubstr("odd.kst: nothing checked: no section control for this family"))
+            << family;
+    }
+}
+
+}  // namespace
+}  // namespace kestrum

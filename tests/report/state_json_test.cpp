@@ -1,0 +1,169 @@
+// The dump of projects of every kind read back by a JSON parser of somebody else.
+
+#include "report/state_json.h"
+
+#include "core/annexes.h"
+#include "core/field_table.h"
+#include "core/load_combination.h"
+#include "core/project_file.h"
+#include "engine/engine_fixture.h"
+#include "engine/family_routines.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <initializer_list>
+#include <string>
+
+namespace kestrum {
+namespace {
+
+using nlohmann::json;
+
+// What the program has in hand after a project was opened and calculated.
+ProjectState Opened(ProjectState inputs)
+{
+    ProjectState s = Fresh();
+    EXPECT_FALSE(ReadProject(s, WriteProject(inputs)));
+    EndsWell(s);
+    return s;
+}
+
+void ExpectValue(const json& value, const ProjectState& s, const Field& field, int index)
+{
+    switch (field.kind) {
+    case FieldKind::text:
+    case FieldKind::literal:
+        EXPECT_EQ(value.get<std::string>(), TextOf(s, field));
+        break;
+    case FieldKind::truth:
+        EXPECT_EQ(value.get<bool>(), NumberOf(s, field, index) != 0);
+        break;
+    case FieldKind::single:
+        EXPECT_EQ(value.get<float>(), static_cast<float>(NumberOf(s, field, index)));
+        break;
+    default:
+        EXPECT_EQ(value.get<double>(), NumberOf(s, field, index));
+        break;
+    }
+}
+
+void ExpectRows(const json& rows)
+{
+    for (const char* block : {"section", "buckling", "deflection"}) {
+        EXPECT_EQ(rows[block].size(), std::string(block) == "deflection" ? 2U : 3U);
+        for (const json& row : rows[block]) {
+            EXPECT_EQ(row.size(), 6U);
+            for (const char* text : {"label", "calculation", "result", "limit"}) {
+                EXPECT_TRUE(row[text].is_string());
+            }
+            EXPECT_TRUE(row["ir"].is_number());
+            EXPECT_TRUE(row["status"] == 2 || row["status"] == 4);
+        }
+    }
+}
+
+// Every field stands in the dump once, with the value of the record to the last bit.
+void ExpectWholeState(const ProjectState& s)
+{
+    const std::string text = StateJson(s);
+    ASSERT_TRUE(json::accept(text));
+    const json state = json::parse(text);
+    std::size_t fields = 0;
+    for (const Field& field : AllFields()) {
+        SCOPED_TRACE(field.name);
+        ASSERT_TRUE(state.contains(std::string(field.name)));
+        const json& value = state[std::string(field.name)];
+        ++fields;
+        if (field.shape == FieldShape::scalar) {
+            ExpectValue(value, s, field, 0);
+            continue;
+        }
+        const int last = LastIndex(field, s);
+        ASSERT_EQ(static_cast<int>(value.size()), last - field.first + 1);
+        for (int i = field.first; i <= last; ++i) {
+            ExpectValue(value[static_cast<std::size_t>(i - field.first)], s, field, i);
+        }
+    }
+    EXPECT_EQ(state.size(), fields + 11 + 2);  // texts, rows and notes
+    ExpectRows(state["rows"]);
+    EXPECT_TRUE(state["notes"].is_array());
+}
+
+TEST(StateJson, HoldsTheDefaultProject)
+{
+    ExpectWholeState(Opened(Fresh()));
+}
+
+TEST(StateJson, HoldsAProjectOfEveryFamilyInBothLoadModes)
+{
+    for (const FamilyRoutines& routines : AllRoutines()) {
+        for (const i16 loadmode : std::initializer_list<i16>{0, 1}) {
+            SCOPED_TRACE(routines.family);
+            ProjectState s = Fresh();
+            s.family = static_cast<i16>(routines.family);
+            s.loadmode = loadmode;
+            s.modal = 1;
+            s.checksls = kTrue;
+            s.restraints = 2;
+            s.nload[1] = s.ne = 1;
+            s.checkconsercontrol = routines.family == 28 ? kTrue : kFalse;
+            ExpectWholeState(Opened(s));
+        }
+    }
+}
+
+TEST(StateJson, HoldsEveryAnnexWithEverySelector)
+{
+    for (int annex = 0; annex < kAnnexes; ++annex) {
+        for (i16 selector = kEq610; selector <= kBasicLoads; ++selector) {
+            SCOPED_TRACE(std::string(AnnexCodeFromIndex(annex)) + " " + std::to_string(selector));
+            ProjectState s = Fresh();
+            s.annexcode = AnnexCodeFromIndex(annex);
+            s.annexindex = static_cast<i16>(annex);
+            s.loadcomb = selector;
+            const ProjectState opened = Opened(s);
+            EXPECT_EQ(opened.loadcomb, annex == kAnnexNk ? kUserFactors : selector);
+            EXPECT_FALSE(opened.calculationerror);
+            ExpectWholeState(opened);
+        }
+    }
+}
+
+TEST(StateJson, HoldsPassesThatFailedAndNumbersWithoutSection)
+{
+    ProjectState overloaded = Fresh();
+    overloaded.nload[1] = 1e6f;
+    EXPECT_TRUE(Opened(overloaded).calculationerror);
+    ExpectWholeState(Opened(overloaded));
+    ProjectState shapeless = Fresh();
+    shapeless.l = 0;
+    const ProjectState failed = Opened(shapeless);  // infinite values on the way
+    EXPECT_TRUE(failed.calculationerror);
+    EXPECT_TRUE(json::accept(StateJson(failed)));
+    for (const i16 family : std::initializer_list<i16>{0, 55, 999}) {
+        ProjectState s = Fresh();
+        s.family = family;
+        ExpectWholeState(Opened(s));
+    }
+}
+
+TEST(StateJson, TextsOfAnyKindAreQuoted)
+{
+    ProjectState s = Fresh();
+    s.projname = "Hall \"3\", back\\slash\ttab, \xc3\xa6\xc3\xb8\xc3\xa5";
+    const json state = json::parse(StateJson(s));
+    EXPECT_EQ(state["projname"], s.projname);
+}
+
+TEST(InputsJson, HoldsWhatTheFileKeepsAndNothingElse)
+{
+    const json inputs = json::parse(InputsJson(Opened(Fresh())));
+    for (const Field& field : AllFields()) {
+        EXPECT_EQ(inputs.contains(std::string(field.name)), field.role == FieldRole::input)
+            << field.name;
+    }
+}
+
+}  // namespace
+}  // namespace kestrum
