@@ -95,7 +95,7 @@ std::vector<ShownValue> SectionProperties(const ProjectState& s)
     if (!BendsOnly(s.family)) {
         values.push_back(Value("ostwplz", "Wpl,z", s.wplz, kModulus, "mm3"));
     }
-    if (s.family == 24 || s.family == 25 || s.family == 27) {
+    if (s.family == 24 || s.family == 25) {
         values.push_back(Value("ostwplplus", "Wpl,y M+", s.wplplus, kModulus, "mm3"));
         values.push_back(Value("ostwplminus", "Wpl,y M-", s.wplminus, kModulus, "mm3"));
     }
@@ -116,11 +116,12 @@ std::vector<ShownValue> SectionCapacities(const ProjectState& s)
         values.push_back(Value("ontd", "Nt,Rd", s.nplrd, kArea, "kN"));
         values.push_back(Value("oncd", "Nc,Rd", s.ncrd, kArea, "kN"));
     }
+    values.push_back(Value("omyd", "My,Rd", s.myrd, kArea, "kNm"));
     if (HasTwoSides(s.family)) {
-        values.push_back(Value("omydtop", "My,Rd M+", s.mytoprd, kArea, "kNm"));
-        values.push_back(Value("omydbot", "My,Rd M-", s.mybotrd, kArea, "kNm"));
-    } else {
-        values.push_back(Value("omyd", "My,Rd", s.myrd, kArea, "kNm"));
+        // The record keeps them with gammaM1, for the stability control.
+        const double factor = s.gammam1 / s.gammam0;
+        values.push_back(Value("omydtop", "My,Rd M+", s.mytoprd * factor, kArea, "kNm"));
+        values.push_back(Value("omydbot", "My,Rd M-", s.mybotrd * factor, kArea, "kNm"));
     }
     if (!BendsOnly(s.family)) {
         values.push_back(Value("omzd", "Mz,Rd", s.mzrd, kArea, "kNm"));
@@ -152,7 +153,7 @@ bool HasOption(int family, SectionOption option)
     case SectionOption::hsqload:
         return family == 24 || family == 25;
     case SectionOption::upgrade:
-        return family == 24 || family == 25 || family == 27;
+        return family == 24 || family == 25;
     }
     return false;
 }
@@ -162,6 +163,17 @@ std::string_view SectionWarning(const ProjectState& s)
     return s.family == 31 && s.classn > 3
                ? "Note: Local buckling not taken into account (Section Class 4)"
                : std::string_view{};
+}
+
+std::span<const std::string_view> CornerNotes(int family)
+{
+    static constexpr std::string_view kHot[] = {" r = 1.5*t "};
+    static constexpr std::string_view kCold[] = {" r = 2*t ; t<=6 ", " r = 2.5*t ; 6<t<=10 ",
+                                                 " r = 3*t ; t>10 "};
+    if (!IsHollow(family)) {
+        return {};
+    }
+    return family <= 7 ? std::span<const std::string_view>(kHot) : kCold;
 }
 
 std::string_view SectionTitle(int family)

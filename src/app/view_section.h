@@ -6,6 +6,7 @@
 #include "app/section_commands.h"
 #include "core/library.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,10 @@ bool HasOption(int family, SectionOption option);
 
 // "Note: Local buckling not taken into account (Section Class 4)" of tubes; else empty.
 std::string_view SectionWarning(const ProjectState& s);
+
+// Outer corner radius of hollow sections, which the tables do not give; one line per range of
+// thickness.
+std::span<const std::string_view> CornerNotes(int family);
 
 // Title of the form, such as "HEA" or "Plate + T-girder".
 std::string_view SectionTitle(int family);

@@ -1,0 +1,308 @@
+#include "app/box_help.h"
+#include "app/member_commands.h"
+#include "app/session_fixture.h"
+#include "app/view_member.h"
+#include "app/view_panel.h"
+#include "app/view_section.h"
+#include "report/panel.h"
+#include "sections/family_table.h"
+
+#include <algorithm>
+#include <set>
+
+namespace kestrum {
+namespace {
+
+// The main window and the small forms
+
+TEST(MemberTexts, OfTheEndSupports)
+{
+    ProjectState s{};
+    EXPECT_EQ(EndPostText(s), "Non-rigid");
+    EXPECT_EQ(StiffenerText(s), "");
+    s.endstiff = 1;
+    s.webstiff = 1;
+    s.webstiffa = 1500.4F;
+    EXPECT_EQ(EndPostText(s), "Rigid");
+    EXPECT_EQ(StiffenerText(s), "Web stiffener: c/c 1500mm");
+    s.vplzrd = 432.15;
+    s.vbrd = 5.04;
+    EXPECT_EQ(PlasticShearText(s), "432.2");
+    EXPECT_EQ(ActualShearText(s), "05.0");
+}
+
+TEST(MemberTexts, OfLateralBuckling)
+{
+    ProjectState s{};
+    EXPECT_EQ(LateralLengthText(s), "");
+    EXPECT_EQ(LoadLevelText(s), "");
+    s.ltb = 1;
+    s.ltbk = 0.7F;
+    EXPECT_EQ(LateralLengthText(s), "0.70");
+    const char* const levels[] = {"top flange", "centre of gravity", "bottom flange",
+                                  "Za = -62.5 mm"};
+    s.za = -62.5;
+    for (i16 level = 1; level <= 4; ++level) {
+        s.loadlevel = level;
+        EXPECT_EQ(LoadLevelText(s), levels[level - 1]);
+    }
+    s.ltc1 = 2.578;
+    s.ltc3 = 0.5;
+    EXPECT_EQ(C1Text(s), "2.578");
+    EXPECT_EQ(C3Text(s), "N/A");
+    s.family = 22;
+    EXPECT_EQ(C3Text(s), "0.500");
+}
+
+TEST(MemberTexts, MbRdIsTheReducedMoment)
+{
+    Program program;
+    const ProjectState& s = program.session.shown();
+    ASSERT_FALSE(s.ltline.empty());
+    const std::string text = MbRdText(s);
+    EXPECT_TRUE(text.starts_with(" "));
+    EXPECT_TRUE(text.ends_with(" kNm"));
+    EXPECT_NEAR(std::stod(text), s.xlt * s.mltrd, 0.05);
+    TickLateralBuckling(program.session, false);
+    EXPECT_EQ(MbRdText(program.session.shown()), "");
+}
+
+TEST(MemberTexts, OfTheGoverningSegment)
+{
+    ProjectState s{};
+    EXPECT_EQ(SegmentText(s), "");
+    s.restraints = 2;
+    EXPECT_EQ(SegmentText(s), "");  // no segment has been looked at
+    s.beampart = 1;
+    EXPECT_EQ(SegmentText(s), " (0 - L/3)");
+    s.beampart = 2;
+    EXPECT_EQ(SegmentText(s), " (1L/3 - 2L/3)");
+    s.beampart = 3;
+    EXPECT_EQ(SegmentText(s), " (2L/3 -  L)");
+    s.beampart = 4;
+    EXPECT_EQ(SegmentText(s), "");
+}
+
+TEST(ForLocale, PutsTheCommaOfTheUser)
+{
+    EXPECT_EQ(ForLocale("1.5", true), "1,5");
+    EXPECT_EQ(ForLocale("1.5", false), "1.5");
+}
+
+// Section forms
+
+const ShownValue* Find(const std::vector<ShownValue>& values, std::string_view id)
+{
+    const auto at = std::find_if(values.begin(), values.end(),
+                                 [&](const ShownValue& value) { return value.id == id; });
+    return at != values.end() ? &*at : nullptr;
+}
+
+std::string ValueOf(const std::vector<ShownValue>& values, std::string_view id)
+{
+    const ShownValue* const value = Find(values, id);
+    return value != nullptr ? value->value + " " + std::string(value->unit) : "none";
+}
+
+ProjectState Calculated(int family)
+{
+    Program program;
+    program.edit().nload[1] = family == 28 ? 0 : 1;  // a flat bar takes N or My
+    ChooseFamily(program.session, family);
+    EXPECT_FALSE(program.session.failed()) << family;
+    return program.session.shown();
+}
+
+// HEA 200 as published: 190x200x6.5x10, 53.83 cm2, Iy 3692 cm4, Wpl,y 429.5 cm3.
+TEST(SectionForm, ShowsAPublishedProfile)
+{
+    Program program;
+    int row = 0;
+    while (RowName(Tables(), Table::hea, row) != "HEA 200") {
+        ASSERT_LT(++row, RowCount(Table::hea));
+    }
+    ChooseRow(program.session, Table::hea, row);
+    const ProjectState& s = program.session.shown();
+    const auto dimensions = SectionDimensions(s);
+    EXPECT_EQ(ValueOf(dimensions, "osth"), "190 mm");
+    EXPECT_EQ(ValueOf(dimensions, "ostb"), "200 mm");
+    EXPECT_EQ(ValueOf(dimensions, "osttw"), "6.5 mm");
+    EXPECT_EQ(ValueOf(dimensions, "osttf"), "10.0 mm");
+    EXPECT_EQ(ValueOf(dimensions, "ostr"), "18.0 mm");
+    const auto properties = SectionProperties(s);
+    EXPECT_NEAR(std::stod(ValueOf(properties, "osta")), 5383, 5);
+    EXPECT_EQ(ValueOf(properties, "ostiy"), "3.692E+7 mm4");
+    EXPECT_NEAR(std::stod(ValueOf(properties, "ostwply")), 429.5e3, 500);
+    EXPECT_NEAR(std::stod(ValueOf(properties, "ostg")), 42.3, 0.1);
+    // 5383 * 355/1000 and 429.5 * 0.355, class 1 and 2
+    const auto capacities = SectionCapacities(s);
+    EXPECT_NEAR(std::stod(ValueOf(capacities, "ontd")), 1911, 2);
+    EXPECT_NEAR(std::stod(ValueOf(capacities, "omyd")), 152.5, 0.2);
+    EXPECT_EQ(SectionName(Tables(), s), "HEA 200");
+}
+
+TEST(SectionForm, ShowsTheClassesOfNMyMz)
+{
+    ProjectState s{};
+    s.classn = 4;
+    s.classmy = 23;
+    s.classmz = 1;
+    EXPECT_EQ(SectionClassText(s), "4/23/1");
+}
+
+TEST(SectionForm, EveryFamilyHasATitleAndFilledValues)
+{
+    for (const FamilyInfo& family : Families()) {
+        SCOPED_TRACE(family.id);
+        const ProjectState s = Calculated(family.id);
+        EXPECT_FALSE(SectionTitle(family.id).empty());
+        EXPECT_FALSE(SectionName(Tables(), s).empty());
+        for (const auto& values :
+             {SectionDimensions(s), SectionProperties(s), SectionCapacities(s)}) {
+            std::set<std::string_view> ids;
+            for (const ShownValue& value : values) {
+                EXPECT_FALSE(value.value.empty()) << value.id;
+                EXPECT_FALSE(value.label.empty()) << value.id;
+                EXPECT_TRUE(ids.insert(value.id).second) << value.id;
+            }
+        }
+        EXPECT_EQ(SectionDimensions(s).empty(), family.input == SectionInput::dimensions ||
+                                                    family.input == SectionInput::stiffener);
+        EXPECT_GT(std::stod(ValueOf(SectionProperties(s), "osta")), 0);
+        EXPECT_GT(std::stod(ValueOf(SectionCapacities(s), "omyd")), 0);
+        EXPECT_GT(std::stod(ValueOf(SectionCapacities(s), "ovzd")), 0);
+    }
+    EXPECT_TRUE(SectionTitle(12).empty());
+}
+
+// A form makes its rows before there is a result.
+TEST(SectionForm, WhichRowsThereAreHangsOnTheFamilyAlone)
+{
+    for (const FamilyInfo& family : Families()) {
+        ProjectState probe{};
+        probe.family = static_cast<i16>(family.id);
+        const ProjectState s = Calculated(family.id);
+        EXPECT_EQ(SectionDimensions(probe).size(), SectionDimensions(s).size());
+        EXPECT_EQ(SectionProperties(probe).size(), SectionProperties(s).size());
+        EXPECT_EQ(SectionCapacities(probe).size(), SectionCapacities(s).size());
+    }
+}
+
+TEST(SectionForm, BothSignsOfTheMomentAreShownWithTheFactorOfTheSection)
+{
+    for (const int family : {22, 24, 25, 26, 27, 51, 52, 53, 54, 56}) {
+        SCOPED_TRACE(family);
+        Program program;
+        program.edit().nload[1] = 1;
+        program.edit().annexindex = 8;
+        program.edit().gammam0 = 1.1;
+        program.edit().gammam1 = 1.2F;
+        ChooseFamily(program.session, family);
+        const auto values = SectionCapacities(program.session.shown());
+        const double least =
+            std::min(std::stod(ValueOf(values, "omydtop")), std::stod(ValueOf(values, "omydbot")));
+        EXPECT_NEAR(least, std::stod(ValueOf(values, "omyd")), 0.051);
+    }
+}
+
+TEST(SectionForm, OffersTheOptionsOfTheFamily)
+{
+    const std::pair<SectionOption, std::set<int>> options[] = {
+        {SectionOption::rectaxis, {7, 9}},  {SectionOption::bolts, {10, 11}},
+        {SectionOption::weld, {23}},        {SectionOption::tube, {31}},
+        {SectionOption::hsqload, {24, 25}}, {SectionOption::upgrade, {24, 25}},
+    };
+    for (const auto& [option, families] : options) {
+        for (const FamilyInfo& family : Families()) {
+            EXPECT_EQ(HasOption(family.id, option), families.count(family.id) == 1) << family.id;
+        }
+    }
+}
+
+TEST(SectionForm, WarnsOfTubesInClassFourOnly)
+{
+    ProjectState s{};
+    s.family = 31;
+    s.classn = 3;
+    EXPECT_EQ(SectionWarning(s), "");
+    s.classn = 4;
+    EXPECT_EQ(SectionWarning(s), "Note: Local buckling not taken into account (Section Class 4)");
+    s.family = 6;
+    EXPECT_EQ(SectionWarning(s), "");
+}
+
+TEST(SectionForm, TellsTheCornersOfHollowSections)
+{
+    ASSERT_EQ(CornerNotes(7).size(), 1U);
+    EXPECT_EQ(CornerNotes(6)[0], " r = 1.5*t ");
+    ASSERT_EQ(CornerNotes(8).size(), 3U);
+    EXPECT_EQ(CornerNotes(9)[0], " r = 2*t ; t<=6 ");
+    EXPECT_EQ(CornerNotes(9)[1], " r = 2.5*t ; 6<t<=10 ");
+    EXPECT_EQ(CornerNotes(9)[2], " r = 3*t ; t>10 ");
+    EXPECT_TRUE(CornerNotes(23).empty());
+}
+
+TEST(SectionForm, HasEveryBoxOfItsFamilyOnce)
+{
+    std::set<const Box*> seen;
+    for (const FamilyInfo& family : Families()) {
+        for (const Box* const box : SectionBoxes(family.id)) {
+            EXPECT_EQ(box->form, family.form);
+            EXPECT_TRUE(seen.insert(box).second) << box->id;
+        }
+    }
+    for (const Box& box : InputBoxes()) {
+        EXPECT_EQ(seen.count(&box) == 1, box.form.starts_with("p")) << box.form << "." << box.id;
+    }
+}
+
+// Panel bars
+
+TEST(PanelBars, HaveOneEntryALine)
+{
+    for (const FamilyInfo& family : Families()) {
+        ProjectState s = Calculated(family.id);
+        for (const i16 deflections : {kFalse, kTrue}) {
+            s.checksls = deflections;
+            std::size_t lines = 0;
+            for (const PanelBlock& block : ShowResults(s)) {
+                lines += block.size();
+            }
+            EXPECT_EQ(PanelUtilisation(s).size(), lines) << family.id;
+        }
+    }
+}
+
+TEST(PanelBars, TheLargestIsTheWorstRow)
+{
+    const ProjectState s = Calculated(1);
+    const double worst = std::max({s.irrow1, s.irrow2, s.irrow3, s.maxirbuckling});
+    ASSERT_TRUE(LargestUtilisation(s).has_value());
+    EXPECT_NEAR(*LargestUtilisation(s), worst, 1e-6);
+    EXPECT_FALSE(LargestUtilisation(ProjectState{}).has_value());
+}
+
+// Help
+
+TEST(BoxHelp, EveryBoxHasALabelAndAMeaning)
+{
+    for (const Box& box : InputBoxes()) {
+        EXPECT_FALSE(HelpOf(box).label.empty()) << box.form << "." << box.id;
+        EXPECT_FALSE(HelpOf(box).meaning.empty()) << box.form << "." << box.id;
+        EXPECT_FALSE(AccessibleNameOf(box).empty());
+    }
+    EXPECT_FALSE(HelpOf(LoadDistanceBox()).meaning.empty());
+}
+
+TEST(BoxHelp, TellsMeaningUnitLimitsAndClause)
+{
+    EXPECT_EQ(TooltipOf(*FindBox("endstiff", "iweba")),
+              "Spacing of the transverse web stiffeners [mm]\n100 < a < l\nEN 1993-1-5, 5.3");
+    EXPECT_EQ(TooltipOf(*FindBox("Loading", "ipmx")),
+              "Position of the point load from end 1 [m]\n0 < x <= l (x/L: 0 < x <= 1)");
+    EXPECT_EQ(TooltipOf(*FindBox("p23", "ista")),
+              "Overhang of the flange beyond the web [mm]\na >= 0, a < b/2-tw");
+}
+
+}  // namespace
+}  // namespace kestrum
