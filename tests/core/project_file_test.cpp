@@ -417,6 +417,20 @@ TEST(ProjectFile, KeepsCommasAndQuotesInTheNames)
     EXPECT_EQ(WriteProject(s), Joined(lines));
 }
 
+// Unlike the names, which take their whole line, the code is a value among others.
+TEST(ProjectFile, EndsTheAnnexCodeAtACommaOrQuote)
+{
+    Lines lines = DefaultProject();
+    Set(lines, "annexcode", "NO,DK");
+    ProjectState s{};
+    const std::optional<FileFault> fault = ReadProject(s, Joined(lines));
+    ASSERT_TRUE(fault);
+    EXPECT_EQ(s.annexcode, "NO");
+    EXPECT_TRUE(fault->what.starts_with("field gammam0: expected a number, found \"DK\""));
+    Set(lines, "annexcode", "\"N\"O\"");
+    EXPECT_EQ(Read(Joined(lines)).annexcode, "N");
+}
+
 TEST(ProjectFile, KeepsEmptyNames)
 {
     Lines lines = DefaultProject();

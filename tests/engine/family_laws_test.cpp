@@ -9,6 +9,8 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <string>
+#include <utility>
 
 namespace kestrum {
 namespace {
@@ -132,6 +134,32 @@ TEST(SameAboutBothAxes, LoadsMayTurn)
     }
 }
 
+TEST(Rectangle, MayTurnWithItsLoad)
+{
+    for (const i16 family : std::initializer_list<i16>{7, 9}) {
+        SCOPED_TRACE(family);
+        ProjectState upright = Plain(family);
+        upright.l = 4;
+        upright.nload[1] = 50;
+        upright.qload[1] = 3;
+        upright.method = 1;  // the factors of Annex B are not the same for both axes
+        ProjectState turned = upright;
+        turned.rectaxis = 2;
+        turned.qdir[1] = 0;
+        ASSERT_TRUE(EndsWell(upright));
+        ASSERT_TRUE(EndsWell(turned));
+        EXPECT_GT(upright.h, upright.b);
+        EXPECT_EQ(turned.h, upright.b);
+        EXPECT_EQ(turned.b, upright.h);
+        EXPECT_EQ(turned.myrd, upright.mzrd);
+        EXPECT_EQ(turned.mzrd, upright.myrd);
+        EXPECT_NEAR(turned.irsection, upright.irsection, 1e-6);
+        EXPECT_NEAR(turned.irrow4, upright.irrow5, 1e-6);
+        EXPECT_NEAR(turned.irrow5, upright.irrow4, 1e-6);
+        EXPECT_NEAR(turned.dymax, upright.dzmax, 1e-6 * upright.dzmax);
+    }
+}
+
 // A mirrored load on a symmetric member mirrors forces and deflections and changes no ratio.
 TEST(SymmetricMember, LoadMayStandOnEitherSide)
 {
@@ -178,6 +206,71 @@ TEST(EveryFamily, TwiceTheLoadIsTwiceTheMomentAndTheDeflection)
         EXPECT_NEAR(s.dzmax, 2 * deflection, 1e-6 * s.dzmax);
         if (routines.family != 10 && routines.family != 11) {  // there row 1 has its own sign of My
             EXPECT_NEAR(s.irrow1, 2 * section, 1e-6 * s.irrow1);
+        }
+    }
+}
+
+TEST(EveryFamily, EndMomentsMayBeSwapped)
+{
+    for (const FamilyRoutines& routines : AllRoutines()) {
+        for (const i16 method : std::initializer_list<i16>{1, 2}) {
+            SCOPED_TRACE(routines.family);
+            ProjectState s = Plain(static_cast<i16>(routines.family));
+            s.loadmode = 0;
+            s.method = method;
+            s.l = 2;
+            s.ne = 1;
+            s.my1 = 3;
+            s.my2 = -1;
+            s.vz1 = s.vz2 = 2;
+            s.checkconsercontrol = routines.family == 28 ? kTrue : kFalse;
+            ProjectState swapped = s;
+            std::swap(swapped.my1, swapped.my2);
+            ASSERT_TRUE(EndsWell(s));
+            ASSERT_TRUE(EndsWell(swapped));
+            EXPECT_NEAR(swapped.irsection, s.irsection, 1e-6);
+            EXPECT_NEAR(swapped.maxirbuckling, s.maxirbuckling, 1e-6);
+            EXPECT_GT(s.irsection, 0);
+        }
+    }
+}
+
+TEST(GivenEndForces, KeepTheDeflectionRowsOfTheLastLoadedPass)
+{
+    ProjectState s = Plain();
+    ASSERT_TRUE(EndsWell(s));
+    const ResultRow row = s.deflinez;
+    ASSERT_FALSE(row.empty());
+    s.loadmode = 0;
+    ASSERT_TRUE(EndsWell(s));
+    EXPECT_EQ(s.deflinez, row);
+    EXPECT_TRUE(s.defliney.empty());
+}
+
+// kzy divides by CmLT - 0.25, Table B.2.
+TEST(AnnexB, CmLtKeepsAwayFromItsPole)
+{
+    for (const i16 family : std::initializer_list<i16>{1, 5, 16, 21, 22, 41, 101, 102, 103}) {
+        for (const i16 supportcase : std::initializer_list<i16>{0, 1, 2, 3, 4, 5}) {
+            for (const float place : {0.5f, 2.5f, 4.0f}) {
+                for (const float moment : {-60.0f, 0.0f, 60.0f}) {
+                    SCOPED_TRACE(std::to_string(family) + " " + std::to_string(supportcase));
+                    ProjectState s = Plain(family);
+                    s.supportcase = supportcase;
+                    s.method = 2;
+                    s.pm[1] = 30;
+                    s.pmx[1] = place;
+                    s.pmkind[2] = 1;
+                    s.pm[2] = moment;
+                    s.pmx[2] = 5 - place;
+                    ASSERT_TRUE(EndsWell(s));
+                    EXPECT_GE(s.cmlt, 0.4f);
+                    EXPECT_LE(s.cmlt, 1.1f);
+                    s.loadmode = 0;
+                    ASSERT_TRUE(EndsWell(s));
+                    EXPECT_EQ(s.cmlt, 0.6f);
+                }
+            }
         }
     }
 }
