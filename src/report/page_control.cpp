@@ -56,8 +56,8 @@ std::string_view PlateBucklingText(const ProjectState& s)
 
 void General(PageWriter& page, const ProjectState& s)
 {
-    page.Heading(kPageLeft, "General: ");
-    double x = page.Write(kPageLeft, "Material: ");
+    double x = page.Write(kPageLeft, "General: ", {.bold = true, .size = kPageHeading});
+    x = page.Write(x + kGap, "Material: ");
     x = page.Write(x, "fy = " + FormatNum(s.fyk, "###") +
                           " MPa    E = " + FormatNum(s.e, "0.000E+0") + " MPa    ");
     x = page.Write(x, "gm0/gm1 =" + FormatNum(s.gammam0, "#.00") + "/" +
@@ -141,6 +141,9 @@ void GeometryAndLoading(PageWriter& page, const ProjectState& s)
 {
     const double top = page.y();
     Geometry(page, s, kPageMiddle - kGap);
+    if (s.loadmode == 1) {
+        PrintLoadOptions(page, s, kPageLeft, kPageMiddle - kGap);
+    }
     const bool beside = s.loadmode == 1 && CombinationWidth(s) <= kPageMiddle - kGap - kPageLeft;
     if (beside) {
         PrintCombination(page, s);
@@ -194,7 +197,7 @@ Drawing WithoutGaps(const Drawing& picture, double highest)
 // Both axes side by side, each with its head, without the empty margins of the pictures.
 Drawing DiagramsOf(const ProjectState& s, bool loads)
 {
-    constexpr double kHead = 5, kHighestGap = 1.5;
+    constexpr double kHead = 5, kHighestGap = 1.2;
     const AxisPictures z = DrawAll(s, LoadAxis::z);
     const AxisPictures y = DrawAll(s, LoadAxis::y);
     const double below = kHead + (loads ? std::max(z.load.height, y.load.height) : 0);

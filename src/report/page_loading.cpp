@@ -118,7 +118,10 @@ void PrintLoading(PageWriter& page, const ProjectState& s, double left, double r
     page.Row(kSpace);
     table.Head("Loading in y-direction:");
     AddLoads(table, s, 0);
-    page.Row(kSpace);
+}
+
+void PrintLoadOptions(PageWriter& page, const ProjectState& s, double left, double right)
+{
     page.Write(left,
                s.selfweight == 1 ? "Selfweight of member included "
                                  : "Selfweight of member not included",

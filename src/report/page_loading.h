@@ -6,9 +6,12 @@
 
 namespace kestrum {
 
-// Loads along the member: axial ones, a table for each direction, self-weight, psi factors. Only
-// rows with a value are written. In the column from `left` to `right`; moves below.
+// Loads along the member: axial ones and a table for each direction. Only rows with a value are
+// written. In the column from `left` to `right`; moves below.
 void PrintLoading(PageWriter& page, const ProjectState& s, double left, double right);
+
+// Self-weight and psi factors.
+void PrintLoadOptions(PageWriter& page, const ProjectState& s, double left, double right);
 
 // The given end forces, two columns of values.
 void PrintEndForces(PageWriter& page, const ProjectState& s, double left, double right);

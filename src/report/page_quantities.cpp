@@ -207,6 +207,24 @@ bool IsClassFour(const ProjectState& s)
 
 constexpr Line kAxial[] = {{"Nt,Rd", Of<&S::nplrd>, "#0.0", kKn},
                            {"Nc,Rd", Of<&S::ncrd>, "#0.0", kKn}};
+constexpr Line kPlasticMoments[] = {{"Mpl,y,Rd", Of<&S::mplyrd>, "#0.0", kKnm},
+                                    {"Mpl,z,Rd", Of<&S::mplzrd>, "#0.0", kKnm}};
+constexpr Line kElasticMoments[] = {{"Mel,y,Rd", Of<&S::melyrd>, "#0.0", kKnm},
+                                    {"Mel,z,Rd", Of<&S::melzrd>, "#0.0", kKnm}};
+constexpr Line kEffectiveMoments[] = {{"Meff,y,Rd", Of<&S::meffyrd>, "#0.0", kKnm},
+                                      {"Meff,z,Rd", Of<&S::meffzrd>, "#0.0", kKnm}};
+
+// Angles: at the three points, from the principal axes. A point on the axis has no limit (0).
+template <auto Field, std::size_t Point>
+std::string AtPoint(const ProjectState& s, std::string_view pattern)
+{
+    const double value = (s.*Field)[Point];
+    return value == 0 ? std::string("N/A") : FormatNum(value, pattern);
+}
+constexpr Line kPointMoments[] = {
+    {"Mu,Rd,1", AtPoint<&S::mru, 1>, "#0.0", kKnm}, {"Mu,Rd,2", AtPoint<&S::mru, 2>, "#0.0", kKnm},
+    {"Mu,Rd,3", AtPoint<&S::mru, 3>, "#0.0", kKnm}, {"Mv,Rd,1", AtPoint<&S::mrv, 1>, "#0.0", kKnm},
+    {"Mv,Rd,2", AtPoint<&S::mrv, 2>, "#0.0", kKnm}, {"Mv,Rd,3", AtPoint<&S::mrv, 3>, "#0.0", kKnm}};
 constexpr Line kMoments[] = {{"My,Rd", Of<&S::myrd>, "#0.0", kKnm},
                              {"Mz,Rd", Of<&S::mzrd>, "#0.0", kKnm}};
 constexpr Line kMomentY[] = {{"My,Rd", Of<&S::myrd>, "#0.0", kKnm}};
@@ -291,6 +309,8 @@ std::vector<Quantity> CapacitiesOf(const ProjectState& s)
     List list(s);
     if (BendsAboutYOnly(s)) {
         list.Add(kMomentY);
+        list.Add(std::span<const Line>(kPlasticMoments).first(1));
+        list.Add(std::span<const Line>(kElasticMoments).first(1));
         list.Add(kMomentSides);
         list.Add(kShearZ);
         list.Add(std::span<const Line>(kShearAreas).first(1));
@@ -301,6 +321,15 @@ std::vector<Quantity> CapacitiesOf(const ProjectState& s)
     }
     list.Add(kAxial);
     list.Add(kMoments);
+    if (IsAngle(s)) {
+        list.Add(kPointMoments);
+    } else {
+        list.Add(kPlasticMoments);
+        list.Add(kElasticMoments);
+        if (IsClassFour(s)) {
+            list.Add(kEffectiveMoments);
+        }
+    }
     list.Add(kShear);
     list.Add(kShearAreas);
     if (s.family == 22) {

@@ -75,7 +75,7 @@ void WindBlock(PageWriter& page, const ProjectState& s)
 void ResultBlock(PageWriter& page, const ProjectState& s)
 {
     page.Heading(kPageLeft, "Results:");
-    Value(page, "Critical windspeed, Vcrit", FormatNum(s.vcrit, "#0.0 "), "m/s ");
+    Value(page, "Critical windspeed, Vcrit", FormatNum(s.vcrit, "#0.0"), "m/s ");
     Value(page, "1.25 Vm", FormatNum(1.25 * s.vm, "#0.0"), "m/s ");
     const double x = page.Write(kPageLeft, "Control eq E.1: Vcrit >= 1.25Vm");
     page.Write(x + 2, VortexVerdict(s),
