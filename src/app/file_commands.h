@@ -16,8 +16,9 @@ constexpr std::string_view kNewFile = "New File";
 // A project that has a file is saved first if the user wants so.
 void NewFile(Session& session);
 
-// False when cancelled or failed; a failure is told. A file that cannot be opened leaves the project
-// in hand. One that is broken leaves what was read of it, and the next Save asks for a name.
+// False when cancelled or failed; a failure is told. A file that cannot be opened leaves the
+// project in hand. One that is broken leaves what was read of it, and the next Save asks for a
+// name.
 bool OpenFile(Session& session, SettingsStore& store);
 bool OpenPath(Session& session, SettingsStore& store, const std::string& path);
 bool OpenRecentFile(Session& session, SettingsStore& store, std::string_view caption);

@@ -253,7 +253,8 @@ TEST(ChooseLateralCase, StoresCaseAndFactor)
     for (const auto& [ltbcase, factor] :
          {std::pair(1, 2.0F), std::pair(2, 1.0F), std::pair(3, 0.7F), std::pair(4, 0.5F)}) {
         Program program;
-        EXPECT_TRUE(program.Calculates([&] { ChooseLateralCase(program.session, ltbcase); }));
+        EXPECT_TRUE(program.Calculates(
+            [&, ltbcase = ltbcase] { ChooseLateralCase(program.session, ltbcase); }));
         EXPECT_EQ(program.state().ltbcase, ltbcase);
         EXPECT_EQ(program.state().ltbk, factor);
     }

@@ -67,8 +67,9 @@ TEST(SectionOptions, StoreAndCalculate)
     };
     Program program;
     for (const auto& [option, value, field] : options) {
-        EXPECT_TRUE(
-            program.Calculates([&] { ChooseSectionOption(program.session, option, value); }));
+        EXPECT_TRUE(program.Calculates([&, option = option, value = value] {
+            ChooseSectionOption(program.session, option, value);
+        }));
         EXPECT_EQ(program.state().*field, value);
     }
 }

@@ -296,7 +296,9 @@ TEST(SessionBoxes, LengthAndBucklingFactorsTellOfMixedSignsAndCalculate)
         program.edit().qt1[2] = 5;
         program.edit().qt2[2] = -5;
         program.edit().qtx2[2] = 4;
-        EXPECT_TRUE(program.Calculates([&] { program.Type("kestrum", id, text); })) << id;
+        EXPECT_TRUE(program.Calculates([&, id = id, text = text] {
+            program.Type("kestrum", id, text);
+        })) << id;
         EXPECT_EQ(program.Told(), Texts{" Trapezoidal load: One positive and one negative value "});
     }
 }

@@ -166,9 +166,11 @@ TEST(TickOption, StoresTruthAsTheFileDoes)
         {Option::webbuckling, &ProjectState::checkwebbuck},
     };
     for (const auto& [option, field] : options) {
-        EXPECT_TRUE(program.Calculates([&] { TickOption(program.session, option, true); }));
+        EXPECT_TRUE(program.Calculates(
+            [&, option = option] { TickOption(program.session, option, true); }));
         EXPECT_EQ(program.state().*field, -1);
-        EXPECT_TRUE(program.Calculates([&] { TickOption(program.session, option, false); }));
+        EXPECT_TRUE(program.Calculates(
+            [&, option = option] { TickOption(program.session, option, false); }));
         EXPECT_EQ(program.state().*field, 0);
     }
 }
