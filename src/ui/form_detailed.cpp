@@ -21,6 +21,7 @@ namespace {
 
 void Fill(QTableWidget* table, const std::vector<DetailedRow>& rows)
 {
+    table->clearSpans();
     table->setRowCount(static_cast<int>(rows.size()));
     QFont bold = table->font();
     bold.setBold(true);
@@ -37,6 +38,9 @@ void Fill(QTableWidget* table, const std::vector<DetailedRow>& rows)
                 item->setBackground(table->palette().midlight());
             }
             table->setItem(i, column, item);
+        }
+        if (row.heading) {
+            table->setSpan(i, 0, 1, 4);
         }
     }
 }

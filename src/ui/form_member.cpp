@@ -46,17 +46,19 @@ Form* MakeBuckling(Desk& desk, QWidget* parent, Axis axis)
     for (int choice = 1; choice <= captions.size(); ++choice) {
         PictureButton* const button = bind.PictureOption(
             QStringLiteral("buckling%1%2").arg(y ? QLatin1Char('y') : QLatin1Char('z')).arg(choice),
-            captions.at(choice - 1), BucklingPicture(choice),
+            {}, BucklingPicture(choice),
             [y, choice](const ProjectState& s) {
                 const int chosen = y ? s.bucklingcasey : s.bucklingcasez;
                 return chosen == choice || (choice == 5 && chosen > choice);
             },
             [axis, choice](Session& session) { ChooseBucklingCase(session, axis, choice); });
-        button->SetPictureSize({72, 150});
+        button->SetPictureSize({84, 170});
+        button->setToolTip(captions.at(choice - 1));
         button->setAccessibleName(QObject::tr("Buckling length factor ") + captions.at(choice - 1));
         row->addWidget(button);
     }
     form->body()->addLayout(row);
+    form->body()->addStretch(1);
     QLabel* const hint = FaintLabel(
         QObject::tr("The last choice means no buckling about this axis; an own factor may then be\n"
                     "typed in the main window. Curve: EN 1993-1-1, Table 6.2"));

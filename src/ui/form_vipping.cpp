@@ -25,11 +25,11 @@ QGroupBox* LengthGroup(Binder& bind)
                                QStringLiteral("k = 0.7"), QStringLiteral("k = 0.5")};
     for (int choice = 1; choice <= captions.size(); ++choice) {
         PictureButton* const button = bind.PictureOption(
-            QStringLiteral("latbuckl%1").arg(choice), captions.at(choice - 1),
-            LateralBucklingPicture(choice),
+            QStringLiteral("latbuckl%1").arg(choice), {}, LateralBucklingPicture(choice),
             [choice](const ProjectState& s) { return s.ltbcase == choice; },
             [choice](Session& session) { ChooseLateralCase(session, choice); });
-        button->SetPictureSize({112, 52});
+        button->SetPictureSize({124, 70});
+        button->setToolTip(captions.at(choice - 1));
         button->setAccessibleName(captions.at(choice - 1));
         row->addWidget(button);
     }

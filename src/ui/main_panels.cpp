@@ -8,6 +8,7 @@
 #include "core/load_combination.h"
 #include "engine/calculate.h"
 #include "report/choice_pictures.h"
+#include "report/design_notes.h"
 #include "report/diagrams.h"
 #include "report/member_drawing.h"
 #include "report/section_figure.h"
@@ -89,7 +90,7 @@ QGroupBox* SupportGroup(Binder& bind)
             QStringLiteral("cbutt%1").arg(i), {}, SupportPicture(i),
             [i](const ProjectState& s) { return s.supportcase == i; },
             [i](Session& session) { ChooseSupport(session, i); });
-        button->SetPictureSize({44, 26});
+        button->SetPictureSize({46, 32});
         button->setToolTip(SupportNames().at(i));
         button->setAccessibleName(SupportNames().at(i));
         pictures->addWidget(button);
@@ -215,9 +216,11 @@ QGroupBox* EndSupportGroup(Binder& bind, Desk& desk)
     open->setToolTip(QObject::tr("End supports and web stiffeners"));
     open->setAccessibleName(open->toolTip());
     grid->addWidget(post, 0, 0);
-    grid->addWidget(bind.Text(QStringLiteral("a_text"), StiffenerText), 0, 1);
-    grid->addWidget(open, 0, 3);
-    grid->setColumnStretch(2, 1);
+    QLabel* const stiffeners = bind.Text(QStringLiteral("a_text"), StiffenerText);
+    bind.ShowWhen(stiffeners, [](const ProjectState& s) { return s.webstiff == 1; });
+    grid->addWidget(open, 0, 2);
+    grid->addWidget(stiffeners, 1, 0, 1, 3);
+    grid->setColumnStretch(1, 1);
     return group;
 }
 
@@ -271,6 +274,48 @@ QGroupBox* CalculationGroup(Binder& bind, Desk& desk)
     return group;
 }
 
+QGroupBox* SectionGroup(Binder& bind, Desk& desk)
+{
+    QGroupBox* const group = Group(QStringLiteral("frsection"), QObject::tr("Section"));
+    QHBoxLayout* const row = RowOf(group);
+    const Library& library = bind.session().library();
+    QLabel* const name =
+        bind.Text(QStringLiteral("sectionname"),
+                  [&library](const ProjectState& s) { return SectionName(library, s); });
+    QFont bold = name->font();
+    bold.setBold(true);
+    name->setFont(bold);
+    name->setWordWrap(true);
+    Picture* const picture = bind.Figure(QStringLiteral("picsection"), DrawSection);
+    picture->setAccessibleName(QObject::tr("The section to scale"));
+    picture->setToolTip(QObject::tr("Click to change the section"));
+    picture->setCursor(Qt::PointingHandCursor);
+    picture->clicked = [&desk] {
+        if (const FamilyInfo* const family = FindFamily(desk.session.state().family)) {
+            desk.open(family->form);
+        }
+    };
+    QPushButton* const enlarge = bind.Button(QStringLiteral("cmdpic"), QObject::tr("&Enlarge"),
+                                             [&desk] { desk.open("sectionpicture"); });
+    QLabel* const classes = bind.Text(QStringLiteral("sectionclass"), [](const ProjectState& s) {
+        return "Class " + SectionClassText(s);
+    });
+    classes->setToolTip(QObject::tr("Cross section class N/My/Mz\nEN 1993-1-1, 5.5.2"));
+    picture->setMinimumSize(90, 62);
+    row->addWidget(picture, 3);
+    auto* const side = new QVBoxLayout;
+    side->setSpacing(2);
+    side->addWidget(name);
+    side->addWidget(classes);
+    side->addStretch(1);
+    side->addWidget(enlarge);
+    row->addLayout(side, 2);
+    return group;
+}
+
+constexpr double kLoadScale = 5.2;  // pixels per unit at most, for texts of ordinary size
+constexpr double kDiagramStretch = 1.7;
+
 // --- Diagrams ------------------------------------------------------------------------------------
 
 QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis)
@@ -306,8 +351,10 @@ QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis)
             ForLocale(HoverText(desk.session.shown(), axis, at.x), desk.session.decimalcomma())));
     };
     moment->left = [readout] { readout->clear(); };
-    column->addWidget(load, 55);
-    column->addWidget(moment, 45);
+    load->SetLargestScale(kLoadScale);
+    moment->SetStretch(kDiagramStretch);
+    column->addWidget(load, 40);
+    column->addWidget(moment, 55);
     column->addWidget(readout);
     return group;
 }
@@ -321,48 +368,42 @@ QGroupBox* PanelGroup(Binder& bind, Desk& desk)
     auto* const panel = new ResultPanel;
     bind.Follow([panel, &desk](const ProjectState&) { panel->Show(desk.session.shown()); });
     column->addWidget(panel, 1);
-    auto* const row = new QHBoxLayout;
     auto* const error = new QLabel(ToQt(kCalculationError).trimmed());
     error->setObjectName(QStringLiteral("txtError"));
     error->setWordWrap(true);
     error->setStyleSheet(
         QStringLiteral("background: #c62828; color: white; border-radius: 3px; padding: 3px 6px;"));
     bind.ShowWhen(error, [&desk](const ProjectState&) { return desk.session.failed(); });
-    row->addWidget(error, 1);
-    row->addStretch(0);
-    QPushButton* const more = bind.Button(QStringLiteral("CmdResult"), QObject::tr("More &Results"),
-                                          [&desk] { desk.open("detailedresult"); });
-    row->addWidget(more, 0, Qt::AlignRight);
-    column->addLayout(row);
+    column->addWidget(error);
+    panel->SetCorner(bind.Button(QStringLiteral("CmdResult"), QObject::tr("More &Results"),
+                                 [&desk] { desk.open("detailedresult"); }));
     return group;
 }
 
-QGroupBox* SectionGroup(Binder& bind, Desk& desk)
+// What the user should know about the result; there only when there is something to know.
+QGroupBox* NotesGroup(Binder& bind, Desk& desk)
 {
-    QGroupBox* const group = Group(QStringLiteral("frsection"), QObject::tr("Section"));
+    QGroupBox* const group = Group(QStringLiteral("frnotes"), QObject::tr("Design notes"));
     QVBoxLayout* const column = ColumnOf(group);
-    const Library& library = bind.session().library();
-    QLabel* const name =
-        bind.Text(QStringLiteral("sectionname"),
-                  [&library](const ProjectState& s) { return SectionName(library, s); });
-    QFont bold = name->font();
-    bold.setBold(true);
-    name->setFont(bold);
-    name->setAlignment(Qt::AlignCenter);
-    Picture* const picture = bind.Figure(QStringLiteral("picsection"), DrawSection);
-    picture->setAccessibleName(QObject::tr("The section to scale"));
-    picture->setToolTip(QObject::tr("Click to change the section"));
-    picture->setCursor(Qt::PointingHandCursor);
-    picture->clicked = [&desk] {
-        if (const FamilyInfo* const family = FindFamily(desk.session.state().family)) {
-            desk.open(family->form);
+    auto* const list = new QListWidget;
+    list->setObjectName(QStringLiteral("lstNotes"));
+    list->setAccessibleName(QObject::tr("Design notes of the current result"));
+    list->setWordWrap(true);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setMinimumSize(80, 40);
+    bind.Follow([list, group, &desk](const ProjectState&) {
+        const std::vector<DesignNote> notes =
+            desk.session.failed() ? std::vector<DesignNote>{} : DesignNotes(desk.session.shown());
+        list->clear();
+        for (const DesignNote& note : notes) {
+            auto* const item =
+                new QListWidgetItem(ToQt(note.id) + QStringLiteral(": ") + ToQt(note.text), list);
+            item->setToolTip(item->text());
         }
-    };
-    QPushButton* const enlarge = bind.Button(QStringLiteral("cmdpic"), QObject::tr("&Enlarge"),
-                                             [&desk] { desk.open("sectionpicture"); });
-    column->addWidget(name);
-    column->addWidget(picture, 1);
-    column->addWidget(enlarge, 0, Qt::AlignRight);
+        group->setTitle(QObject::tr("Design notes (%1)").arg(notes.size()));
+        group->setVisible(!notes.empty());
+    });
+    column->addWidget(list);
     return group;
 }
 
@@ -424,15 +465,15 @@ QWidget* InputPanel(Binder& bind, Desk& desk)
     column->addLayout(ProjectRows(bind));
     auto* const pair = new QHBoxLayout;
     pair->addWidget(MemberGroup(bind));
+    pair->addWidget(EndSupportGroup(bind, desk), 1);
     column->addLayout(pair);
     column->addWidget(SupportGroup(bind));
     column->addWidget(ColumnGroup(bind, desk));
     column->addWidget(MaterialGroup(bind));
     column->addWidget(LateralGroup(bind, desk));
-    column->addWidget(EndSupportGroup(bind, desk));
     column->addWidget(CombinationGroup(bind));
     column->addWidget(CalculationGroup(bind, desk));
-    column->addStretch(1);
+    column->addWidget(SectionGroup(bind, desk), 1);
     return panel;
 }
 
@@ -451,8 +492,8 @@ QWidget* ResultGroup(Binder& bind, Desk& desk)
     auto* const host = new QWidget;
     auto* const row = new QHBoxLayout(host);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(PanelGroup(bind, desk), 3);
-    row->addWidget(SectionGroup(bind, desk), 1);
+    row->addWidget(PanelGroup(bind, desk), 10);
+    row->addWidget(NotesGroup(bind, desk), 3);
     return host;
 }
 

@@ -16,6 +16,8 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -26,10 +28,32 @@ namespace kestrum {
 namespace {
 
 constexpr int kInputWidth = 380;
+constexpr int kDiagramShare = 63;  // percent of the height, above the results
 constexpr char kGeometryKey[] = "Window/Geometry";
 constexpr double kStartWidth = 1024, kStartHeight = 768 * 0.965;  // at the resolution below
 constexpr double kStartDpi = 96;
 constexpr QSize kComfortable(1280, 770);  // if the screen has room for it
+
+// The input column: as wide as it needs to be, scrolled where the window is too low for it.
+class InputScroll final : public QScrollArea {
+public:
+    explicit InputScroll(QWidget* input)
+    {
+        setWidget(input);
+        setWidgetResizable(true);
+        setFrameShape(QFrame::NoFrame);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        const QSize needed = widget()->minimumSizeHint();
+        const int bar = needed.height() > height() ? verticalScrollBar()->sizeHint().width() : 0;
+        setFixedWidth(std::max(kInputWidth, needed.width()) + bar);
+        QScrollArea::resizeEvent(event);
+    }
+};
 
 QString DroppedPath(const QMimeData* data)
 {
@@ -60,20 +84,17 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
     row->setSpacing(kGap);
 
     QWidget* const input = InputPanel(bind_, desk_);
-    auto* const scroll = new QScrollArea;  // for larger fonts on a small screen
-    scroll->setWidget(input);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    const int needed = input->sizeHint().width();
-    scroll->setFixedWidth(std::max(kInputWidth, needed));
-    row->addWidget(scroll);
+    row->addWidget(new InputScroll(input));
 
-    auto* const right = new QVBoxLayout;
-    right->setSpacing(kGap);
-    right->addWidget(DiagramPanel(bind_, desk_), 55);
-    right->addWidget(ResultGroup(bind_, desk_), 45);
-    row->addLayout(right, 1);
+    auto* const right = new QSplitter(Qt::Vertical);
+    right->setObjectName(QStringLiteral("splitter"));
+    right->addWidget(DiagramPanel(bind_, desk_));
+    right->addWidget(ResultGroup(bind_, desk_));
+    right->setStretchFactor(0, kDiagramShare);
+    right->setStretchFactor(1, 100 - kDiagramShare);
+    right->setSizes({kDiagramShare * 10, (100 - kDiagramShare) * 10});
+    right->setChildrenCollapsible(false);
+    row->addWidget(right, 1);
     column->addLayout(row, 1);
     setCentralWidget(host);
 
@@ -115,8 +136,11 @@ Form* MainWindow::OpenForm(std::string_view name)
         }
         form = MakeSection(desk_, this, family->id);
     }
-    forms_[std::string(name)] = form;
+    const bool first = forms_.try_emplace(std::string(name), form).second;
     form->Refresh();
+    if (first) {
+        form->resize(form->sizeHint().boundedTo(screen()->availableSize()));
+    }
     form->show();
     form->raise();
     form->activateWindow();

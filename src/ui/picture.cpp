@@ -16,6 +16,8 @@ namespace kestrum {
 
 namespace {
 
+constexpr double kSmallestText = 9;  // pixels
+
 InkColours ColoursOf(const QPalette& palette)
 {
     return IsDark(palette) ? DarkColours() : PaperColours();
@@ -27,6 +29,45 @@ double FittingScale(const Drawing& drawing, QSizeF room)
         return 0;
     }
     return std::min(room.width() / drawing.width, room.height() / drawing.height);
+}
+
+// The same drawing, wider; its texts stay as wide as they are.
+Drawing Widened(Drawing drawing, double factor)
+{
+    drawing.width *= factor;
+    const auto widen = [factor](Point& p) { p.x *= factor; };
+    for (Mark& mark : drawing.marks) {
+        if (auto* const line = std::get_if<LineMark>(&mark)) {
+            widen(line->from);
+            widen(line->to);
+        } else if (auto* const polygon = std::get_if<PolygonMark>(&mark)) {
+            for (auto& ring : polygon->rings) {
+                std::for_each(ring.begin(), ring.end(), widen);
+            }
+        } else if (auto* const curve = std::get_if<PolylineMark>(&mark)) {
+            std::for_each(curve->points.begin(), curve->points.end(), widen);
+        } else if (auto* const circle = std::get_if<CircleMark>(&mark)) {
+            widen(circle->centre);
+        } else {
+            widen(std::get<TextMark>(mark).at);
+        }
+    }
+    return drawing;
+}
+
+// Small texts grow towards a size that can be read, as far as they keep clear of each other.
+void EnlargeTexts(Drawing& drawing, double scale, double smallest)
+{
+    constexpr double kMost = 1.3;
+    constexpr double kHalfHeight = 0.36;  // of the capitals: growing both ways
+    for (Mark& mark : drawing.marks) {
+        if (auto* const text = std::get_if<TextMark>(&mark)) {
+            const double factor = smallest / std::max(1e-6, text->size * scale);
+            const double grown = text->size * std::clamp(factor, 1.0, kMost);
+            text->at.y += (grown - text->size) * kHalfHeight;
+            text->size = grown;
+        }
+    }
 }
 
 // The drawing in its middle; painted at the resolution of the screen, since the painter maps
@@ -69,20 +110,40 @@ void Picture::Show(Drawing drawing)
     update();
 }
 
-double Picture::Scale() const
+Picture::Fit Picture::FitInto(QSizeF room, double largest) const
 {
-    return FittingScale(drawing_, QSizeF(size()));
+    Fit fit;
+    if (drawing_.width <= 0 || drawing_.height <= 0) {
+        return fit;
+    }
+    const double sx = room.width() / drawing_.width, sy = room.height() / drawing_.height;
+    fit.stretch = std::clamp(sx / sy, 1.0, stretch_);
+    fit.scale = std::min({sx / fit.stretch, sy, largest});
+    fit.origin = QPointF((room.width() - drawing_.width * fit.stretch * fit.scale) / 2,
+                         (room.height() - drawing_.height * fit.scale) / 2);
+    return fit;
 }
 
-QPointF Picture::Origin() const
+void Picture::RenderCache()
 {
-    return {(width() - drawing_.width * Scale()) / 2, (height() - drawing_.height * Scale()) / 2};
+    const double ratio = devicePixelRatioF();
+    const QSizeF room = QSizeF(size()) * ratio;
+    const Fit fit = FitInto(room, largest_ * ratio);
+    cache_ = QPixmap(room.toSize().expandedTo({1, 1}));
+    cache_.fill(Qt::transparent);
+    if (fit.scale > 0) {
+        Drawing shown = Widened(drawing_, fit.stretch);
+        EnlargeTexts(shown, fit.scale, kSmallestText * ratio);
+        QPainter painter(&cache_);
+        Paint(painter, shown, fit.scale, fit.origin, ColoursOf(palette()));
+    }
+    cache_.setDevicePixelRatio(ratio);
 }
 
 void Picture::paintEvent(QPaintEvent*)
 {
     if (cache_.isNull() || cache_.devicePixelRatio() != devicePixelRatioF()) {
-        cache_ = Render(drawing_, size(), devicePixelRatioF(), palette());
+        RenderCache();
     }
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -95,9 +156,10 @@ void Picture::paintEvent(QPaintEvent*)
 
 void Picture::mouseMoveEvent(QMouseEvent* event)
 {
-    if (hovered && Scale() > 0) {
-        const QPointF p = (event->position() - Origin()) / Scale();
-        hovered({p.x(), p.y()});
+    const Fit fit = FitInto(QSizeF(size()), largest_);
+    if (hovered && fit.scale > 0) {
+        const QPointF p = (event->position() - fit.origin) / fit.scale;
+        hovered({p.x() / fit.stretch, p.y()});
     }
 }
 

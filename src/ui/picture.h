@@ -20,6 +20,11 @@ public:
 
     void Show(Drawing drawing);
 
+    // A diagram may be wider than drawn, up to this factor.
+    void SetStretch(double most) { stretch_ = most; }
+    // Device-independent pixels per unit at most, so that a small drawing is not blown up.
+    void SetLargestScale(double largest) { largest_ = largest; }
+
     // Point under the mouse in units of the drawing; nothing (not a number) when it leaves.
     std::function<void(Point)> hovered;
     std::function<void()> left;
@@ -37,11 +42,18 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    double Scale() const;
-    QPointF Origin() const;
+    // How the drawing lies in the widget: pixels per unit, after stretching in x.
+    struct Fit {
+        double scale = 0, stretch = 1;
+        QPointF origin;
+    };
+    void RenderCache();
+    Fit FitInto(QSizeF room, double largest) const;
 
     Drawing drawing_;
     QPixmap cache_;
+    double stretch_ = 1;
+    double largest_ = 1e9;
 };
 
 class PictureButton final : public QToolButton {

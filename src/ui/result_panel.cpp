@@ -14,9 +14,12 @@ namespace kestrum {
 
 namespace {
 
-constexpr double kLineStep = 1.45;              // font sizes from line to line
-constexpr double kBarEnd = 1.25;                // utilisation at the end of a bar
-constexpr double kSmallest = 8, kLargest = 17;  // font size, pixels
+constexpr double kLineStep = 1.4;  // font sizes from line to line
+constexpr double kBarEnd = 1.25;   // utilisation at the end of a bar
+constexpr double kSizeStep = 0.25;
+constexpr double kPointsPerInch = 72;
+constexpr double kBlockGap = 0.35;              // lines between blocks
+constexpr double kSmallest = 7, kLargest = 17;  // font size, pixels
 
 QFont FontOf(const TextRun& run, QFont font)
 {
@@ -28,14 +31,14 @@ QFont FontOf(const TextRun& run, QFont font)
 // Lays the lines out at one font size, and paints them when there is a painter.
 class Layout {
 public:
-    Layout(const QFont& font, const QPalette& palette, QPainter* painter)
-        : font_(font), palette_(palette), painter_(painter),
+    Layout(const QFont& font, double size, const QPalette& palette, QPainter* painter)
+        : font_(font), size_(size), palette_(palette), painter_(painter),
           colours_(IsDark(palette) ? DarkColours() : PaperColours())
     {
     }
 
     // Width that the block takes.
-    double Block(const PanelBlock& block, const std::optional<double>* utilisation)
+    double Block(const PanelBlock& block, const std::optional<double>* utilisation, double down)
     {
         double column = size() * kLeastColumn / 2;
         for (const PanelLine& line : block) {
@@ -46,7 +49,7 @@ public:
         column += size();
         double width = 0;
         for (const PanelLine& line : block) {
-            const double y = (line.y + 1) * size() * kLineStep;
+            const double y = (line.y + 1 + down) * size() * kLineStep;
             const double left = Runs(0, y, line.left, *utilisation, true);
             const double right =
                 line.result.empty() ? left : Runs(column, y, line.result, *utilisation, true);
@@ -57,7 +60,7 @@ public:
     }
 
 private:
-    double size() const { return font_.pixelSize(); }
+    double size() const { return size_; }
 
     // Where the text ends.
     double Runs(double x, double y, const std::vector<TextRun>& runs,
@@ -84,12 +87,12 @@ private:
     // The ratio against its limit, which the small line marks.
     double Bar(double x, double y, double utilisation, bool above, bool shown)
     {
-        const double width = size() * 5;
+        const double width = size() * 4.5;
         if (painter_ != nullptr && shown) {
             const QRectF track(x, y - size() * 0.68, width, size() * 0.6);
             const double part = std::clamp(utilisation, 0.0, kBarEnd) / kBarEnd;
             painter_->setPen(Qt::NoPen);
-            painter_->setBrush(palette_.color(QPalette::Midlight));
+            painter_->setBrush(palette_.color(QPalette::Button));
             painter_->drawRect(track);
             painter_->setBrush(colours_(above ? Ink::bad : Ink::good));
             painter_->drawRect(QRectF(track.topLeft(), QSizeF(width * part, track.height())));
@@ -97,10 +100,11 @@ private:
             const double limit = x + width / kBarEnd;
             painter_->drawLine(QPointF(limit, track.top() - 2), QPointF(limit, track.bottom() + 2));
         }
-        return x + width + size() * 0.3;
+        return x + width;
     }
 
     QFont font_;
+    double size_;  // pixels
     const QPalette& palette_;
     QPainter* painter_;
     InkColours colours_;
@@ -124,6 +128,20 @@ void ResultPanel::Show(const ProjectState& s)
     update();
 }
 
+void ResultPanel::SetCorner(QWidget* corner)
+{
+    corner_ = corner;
+    corner_->setParent(this);
+}
+
+void ResultPanel::resizeEvent(QResizeEvent*)
+{
+    if (corner_ != nullptr) {
+        corner_->adjustSize();
+        corner_->move(width() - corner_->width() - kGap, height() - corner_->height() - kGap);
+    }
+}
+
 void ResultPanel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -133,24 +151,29 @@ void ResultPanel::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
 
     const double inner = width() - 2.0 * kMargin;
-    QFont font = this->font();
+    QFont font(QStringLiteral("Liberation Sans"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setHintingPreference(QFont::PreferNoHinting);  // widths grow with the size
     const auto run = [&](double size, QPainter* target) {
-        font.setPixelSize(std::max(1, static_cast<int>(size)));
-        Layout layout(font, palette(), target);
+        font.setPointSizeF(size * kPointsPerInch / logicalDpiY());
+        Layout layout(font, size, palette(), target);
         double widest = 0;
         const std::optional<double>* line = utilisation_.data();
+        double down = 0;
         for (const PanelBlock& block : blocks_) {
-            widest = std::max(widest, layout.Block(block, line));
+            widest = std::max(widest, layout.Block(block, line, down));
             line += block.size();
+            down += kBlockGap;
         }
         return widest;
     };
-    const double lowest =
-        blocks_.empty() || blocks_.back().empty() ? 1 : blocks_.back().back().y + 1.6;
-    double size = std::clamp((height() - 4.0) / (lowest * kLineStep), kSmallest, kLargest);
-    const double widest = run(size, nullptr);
-    if (widest > inner) {
-        size = std::max(kSmallest, size * inner / widest);
+    const double lowest = blocks_.empty() || blocks_.back().empty()
+                              ? 1
+                              : blocks_.back().back().y + 1.6 + 2 * kBlockGap;
+    double size =
+        std::floor(std::clamp((height() - 4.0) / (lowest * kLineStep), kSmallest, kLargest));
+    while (size > kSmallest && run(size, nullptr) > inner) {
+        size -= kSizeStep;
     }
     painter.translate(kMargin, 2);
     run(size, &painter);

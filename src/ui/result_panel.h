@@ -20,14 +20,19 @@ public:
 
     void Show(const ProjectState& s);
 
-    QSize sizeHint() const override { return {560, 220}; }
+    QSize sizeHint() const override { return {560, 200}; }
+
+    // A widget in the lower right corner.
+    void SetCorner(QWidget* corner);
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     std::vector<PanelBlock> blocks_;
     std::vector<std::optional<double>> utilisation_;  // a line each
+    QWidget* corner_ = nullptr;
 };
 
 }  // namespace kestrum
