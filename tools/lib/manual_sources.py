@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Makes the parts of the manuals that follow from other files, and checks what the manuals name.
 
-usage: manual_sources.py deviations|verification|check|index ARGUMENTS
+usage: manual_sources.py deviations|verification|check|page|index ARGUMENTS
   deviations           chapter of the deviations from docs/deviations.md
   verification         chapter of the verification problems from docs/verification.md
   check KESTRUM        deviations and fields that docs/theory names exist
+  page FILE FOLDER     the page without pictures that FOLDER does not hold
   index FOLDER         search.js of the HTML pages in FOLDER
 """
 import html.parser
@@ -67,6 +68,13 @@ def check(kestrum):
     sys.exit(1 if faults else 0)
 
 
+def page(path, folder):
+    def present(match):
+        return match.group(0) if (pathlib.Path(folder) / match.group(1)).exists() else ''
+    text = pathlib.Path(path).read_text(encoding='utf-8')
+    print(re.sub(r'^!\[[^]]*\]\((pictures/[^)]+)\)\n', present, text, flags=re.M), end='')
+
+
 class PageText(html.parser.HTMLParser):
     """Sections of a page: identifier, heading and text."""
 
@@ -105,7 +113,7 @@ def index(folder):
 
 
 def main():
-    commands = {'deviations': deviations, 'verification': verification, 'check': check, 'index': index}
+    commands = {'deviations': deviations, 'verification': verification, 'check': check, 'page': page, 'index': index}
     if len(sys.argv) < 2 or sys.argv[1] not in commands:
         sys.exit(__doc__)
     commands[sys.argv[1]](*sys.argv[2:])
