@@ -1,0 +1,270 @@
+// The verification manual: problems with known answers in plain text files beside this one,
+// compared with what the program gives, and docs/verification.md made from them. Run this program
+// with KESTRUM_WRITE_MANUAL=1 in the environment to write the document anew.
+
+#include "core/field_table.h"
+#include "service/vortex.h"
+#include "support/member.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace kestrum {
+namespace {
+
+constexpr const char* kFiles[] = {"analysis",  "sections", "resistance",
+                                  "stability", "service",  "published"};
+const std::string kFolder = KESTRUM_SOURCE "/tests/verification/";
+const std::string kDocument = KESTRUM_SOURCE "/docs/verification.md";
+
+struct Expectation {
+    std::string field;      // with its index
+    std::string expected;   // number or text
+    std::string tolerance;  // "0.1%", relative; "0.01", absolute; "=", the same text
+    std::string kind, source;
+};
+
+struct Problem {
+    std::string number, title;  // "V1"
+    std::string fields;         // all `set` lines
+    std::vector<Expectation> expectations;
+    std::string note;
+};
+
+struct Chapter {
+    std::string title;
+    std::vector<Problem> problems;
+};
+
+std::string Rest(std::istringstream& line)
+{
+    std::string text;
+    std::getline(line >> std::ws, text);
+    return text;
+}
+
+// Lines: `title`, `problem NUMBER TITLE`, `set NAME=VALUE ..`, `expect FIELD VALUE TOLERANCE KIND
+// SOURCE`, `note TEXT`; empty lines and lines that begin with # say nothing.
+Chapter ReadChapter(const std::string& name)
+{
+    Chapter chapter;
+    std::ifstream file(kFolder + name + ".txt");
+    EXPECT_TRUE(file.good()) << name;
+    std::string text;
+    for (int number = 1; std::getline(file, text); ++number) {
+        std::istringstream line(text);
+        std::string word;
+        line >> word;
+        if (word.empty() || word[0] == '#') {
+            continue;
+        }
+        if (word == "title") {
+            chapter.title = Rest(line);
+            continue;
+        }
+        if (word == "problem") {
+            Problem problem;
+            line >> problem.number;
+            problem.title = Rest(line);
+            chapter.problems.push_back(problem);
+            continue;
+        }
+        EXPECT_FALSE(chapter.problems.empty()) << name << ':' << number;
+        Problem& problem = chapter.problems.back();
+        if (word == "set") {
+            problem.fields += (problem.fields.empty() ? "" : " ") + Rest(line);
+        } else if (word == "expect") {
+            Expectation e;
+            line >> e.field >> e.expected >> e.tolerance >> e.kind;
+            e.source = Rest(line);
+            EXPECT_FALSE(e.source.empty()) << name << ':' << number;
+            problem.expectations.push_back(e);
+        } else if (word == "note") {
+            problem.note += (problem.note.empty() ? "" : " ") + Rest(line);
+        } else {
+            ADD_FAILURE() << name << ':' << number << ": unknown word " << word;
+        }
+    }
+    return chapter;
+}
+
+const std::vector<Chapter>& Manual()
+{
+    static const std::vector<Chapter> kManual = [] {
+        std::vector<Chapter> manual;
+        std::transform(std::begin(kFiles), std::end(kFiles), std::back_inserter(manual),
+                       ReadChapter);
+        return manual;
+    }();
+    return kManual;
+}
+
+ProjectState Solve(const Problem& problem)
+{
+    ProjectState s = MemberOf(kUnloaded + problem.fields);
+    Calculate(DeliveredTables(), s);
+    if (VortexFamily(s.family)) {
+        CalcVortexFrequency(s);
+        CalcVortex(s);
+    }
+    return s;
+}
+
+double Number(const std::string& text)
+{
+    double value = NAN;
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value;
+}
+
+std::string SixDigits(double value)
+{
+    std::array<char, 40> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                   std::chars_format::general, 6)
+                         .ptr;
+    return {digits.data(), end};
+}
+
+std::string Fixed(double value, int places)
+{
+    std::array<char, 40> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                   std::chars_format::fixed, places)
+                         .ptr;
+    const std::string text(digits.data(), end);
+    const bool zero = text.find_first_not_of("-0.") == std::string::npos;
+    return zero && text[0] == '-' ? text.substr(1) : text;
+}
+
+// A comparison as the manual shows it.
+struct Outcome {
+    std::string ours, difference;
+    bool within = false;
+};
+
+Outcome Compare(const ProjectState& s, const Expectation& e)
+{
+    const auto ref = ResolveField(e.field);
+    if (!ref) {
+        return {"no such field", "", false};
+    }
+    if (e.tolerance == "=") {
+        const std::string ours(ref->field->kind == FieldKind::literal ||
+                                       ref->field->kind == FieldKind::text
+                                   ? std::string(TextOf(s, *ref->field))
+                                   : SixDigits(NumberOf(s, *ref->field, ref->index)));
+        return {ours, ours == e.expected ? "none" : "differs", ours == e.expected};
+    }
+    const double ours = NumberOf(s, *ref->field, ref->index);
+    const double expected = Number(e.expected), tolerance = Number(e.tolerance);
+    if (e.tolerance.back() != '%') {
+        return {SixDigits(ours), Fixed(ours - expected, 4), std::abs(ours - expected) <= tolerance};
+    }
+    const double percent = 100 * (ours - expected) / std::abs(expected);
+    return {SixDigits(ours), Fixed(percent, 2) + " %", std::abs(percent) <= tolerance};
+}
+
+TEST(Verification, ValuesLieWithinTheirTolerances)
+{
+    for (const Chapter& chapter : Manual()) {
+        for (const Problem& problem : chapter.problems) {
+            const ProjectState s = Solve(problem);
+            EXPECT_FALSE(s.calculationerror) << problem.number;
+            for (const Expectation& e : problem.expectations) {
+                const Outcome outcome = Compare(s, e);
+                EXPECT_TRUE(outcome.within)
+                    << problem.number << ' ' << problem.title << ": " << e.field << " is "
+                    << outcome.ours << ", expected " << e.expected << " within " << e.tolerance
+                    << " (" << e.source << ')';
+            }
+        }
+    }
+}
+
+TEST(Verification, NumbersAreUniqueAndEveryFamilyHasAProblem)
+{
+    std::set<std::string> numbers;
+    std::set<int> families;
+    for (const Chapter& chapter : Manual()) {
+        for (const Problem& problem : chapter.problems) {
+            EXPECT_TRUE(numbers.insert(problem.number).second) << problem.number;
+            EXPECT_FALSE(problem.expectations.empty()) << problem.number;
+            for (const Expectation& e : problem.expectations) {
+                const std::set<std::string> kinds{"closed-form", "hand", "published", "table"};
+                EXPECT_TRUE(kinds.count(e.kind)) << problem.number << ' ' << e.kind;
+            }
+            families.insert(MemberOf(problem.fields).family);
+        }
+    }
+    EXPECT_GE(numbers.size(), 45U);
+    EXPECT_EQ(families.size(), 31U);
+}
+
+std::string RowsOf(const Problem& problem)
+{
+    const ProjectState s = Solve(problem);
+    std::string rows;
+    for (const Expectation& e : problem.expectations) {
+        const Outcome outcome = Compare(s, e);
+        rows += "| " + problem.number + " | " + problem.title + " | `" + e.field + "` | " +
+                e.expected + " | " + outcome.ours + " | " + outcome.difference + " | " + e.kind +
+                " | " + e.source + " |\n";
+    }
+    return rows;
+}
+
+std::string Generated()
+{
+    std::string text =
+        "# Verification manual\n\n"
+        "Made by `tests/verification` from the problems beside it; do not edit. Each problem is "
+        "the "
+        "default project without\nloads and with load factors 1, changed by the fields that its "
+        "file sets. A test fails when a value leaves its\ntolerance or when this document is out "
+        "of "
+        "date (`KESTRUM_WRITE_MANUAL=1 test_verification_verification_test`\nwrites it anew).\n\n"
+        "Columns: number of the problem; problem; field of the record, in its unit (kN, kNm, mm, "
+        "MPa, m/s, Hz; `mcr` in Nmm);\nexpected value; our value; difference; kind of the source: "
+        "closed form of beam theory, hand calculation with its\narithmetic, published example or "
+        "published table; source. Numbers D.. are those of deviations.md.\n";
+    for (const Chapter& chapter : Manual()) {
+        text += "\n## " + chapter.title +
+                "\n\n| No. | Problem | Field | Expected | Ours | Difference | Kind | Source |\n"
+                "|---|---|---|---|---|---|---|---|\n";
+        std::string notes;
+        for (const Problem& problem : chapter.problems) {
+            text += RowsOf(problem);
+            if (!problem.note.empty()) {
+                notes += "- " + problem.number + ": " + problem.note + "\n";
+            }
+        }
+        text += notes.empty() ? "" : "\n" + notes;
+    }
+    return text;
+}
+
+TEST(Verification, ManualIsUpToDate)
+{
+    const std::string made = Generated();
+    if (std::getenv("KESTRUM_WRITE_MANUAL") != nullptr) {
+        std::ofstream(kDocument, std::ios::binary) << made;
+    }
+    std::ifstream file(kDocument, std::ios::binary);
+    const std::string kept{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_TRUE(made == kept) << "docs/verification.md is not what the problems give";
+}
+
+}  // namespace
+}  // namespace kestrum
