@@ -369,7 +369,7 @@ void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string
     if (refusal.empty()) {
         const bool well = Calculate(library_, s_);
         answer = AnswerOf(s_, well);
-        if (!answer.message.empty()) {
+        if (answer.verdict == Verdict::bad) {  // one that failed says so in its line
             chunk.fault.append(chunk.table).append(chunk.table.empty() ? "" : ": member ");
             chunk.fault.append(member).append(": ").append(answer.message).append("\n");
         }

@@ -92,17 +92,17 @@ private:
 struct BatchChunk {
     TableForm form = TableForm::csv;
     const MemberColumns* columns = nullptr;  // of a CSV
-    std::string table;                       // name for messages
-    std::string prefix;                      // of member names: "loads.csv:" with several inputs
-    std::string lines;
-    std::size_t row = 0;             // number of the first member of the chunk in its table, from 1
-    std::size_t line = 0;            // its line in the table, from 1
-    std::vector<std::string> files;  // instead of lines
-    std::size_t place = 0;           // of the first member in the whole run
+    std::string table = {};                  // name for messages
+    std::string prefix = {};                 // of member names: "loads.csv:" with several inputs
+    std::string lines = {};
+    std::size_t row = 0;   // number of the first member of the chunk in its table, from 1
+    std::size_t line = 0;  // its line in the table, from 1
+    std::vector<std::string> files = {};  // instead of lines
+    std::size_t place = 0;                // of the first member in the whole run
 
-    std::string out;    // answer lines
-    std::string fault;  // messages, a line each
-    Tally tally;
+    std::string out = {};    // answer lines
+    std::string fault = {};  // messages, a line each
+    Tally tally = {};
 };
 
 // Calculates a chunk with a record of its own: `base` is what each member starts from.

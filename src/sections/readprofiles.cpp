@@ -1,5 +1,6 @@
 #include "sections/readprofiles.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <filesystem>
@@ -77,17 +78,25 @@ std::array<ProfileTable, kTables> EmptyTables()
     return tables;
 }
 
+void FillProfile(std::string_view bytes, const TableShape& shape, ProfileTable& table)
+{
+    const auto wanted = static_cast<std::size_t>(shape.readrows * shape.columns);
+    const std::size_t values = std::min(wanted, bytes.size() / sizeof(float));
+    for (std::size_t i = 0; i < values; ++i) {
+        table.value[i] = LittleEndianFloat(bytes.data() + i * sizeof(float));
+    }
+}
+
 bool ReadProfile(const std::string& path, const TableShape& shape, ProfileTable& table)
 {
     std::ifstream file(path, std::ios::binary);
     if (!file) {
         return false;
     }
-    const auto values = static_cast<std::size_t>(shape.readrows * shape.columns);
-    std::array<char, sizeof(float)> bytes;
-    for (std::size_t i = 0; i < values && file.read(bytes.data(), bytes.size()); ++i) {
-        table.value[i] = LittleEndianFloat(bytes.data());
-    }
+    std::string bytes(table.value.size() * sizeof(float), '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    FillProfile(bytes, shape, table);
     return true;
 }
 

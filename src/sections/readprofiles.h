@@ -31,6 +31,9 @@ const TableShape& ShapeOf(Table table);
 // All tables of the shapes' size, every value zero.
 std::array<ProfileTable, kTables> EmptyTables();
 
+// Takes the values of a file's bytes into a table of its shape, as far as they go.
+void FillProfile(std::string_view bytes, const TableShape& shape, ProfileTable& table);
+
 // Reads one file into a table of its shape. False when the file cannot be opened.
 bool ReadProfile(const std::string& path, const TableShape& shape, ProfileTable& table);
 

@@ -1,0 +1,68 @@
+// What is made of a pass: texts, tables, pictures.
+
+#include "core/number_format.h"
+#include "members.h"
+#include "report/detailed_table.h"
+#include "report/diagrams.h"
+#include "report/panel_text.h"
+#include "report/state_json.h"
+#include "report/svg_writer.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace kestrum;
+
+ProjectState Calculated()
+{
+    ProjectState s = AllRows();
+    Calculate(Delivered(), s);
+    return s;
+}
+
+void StateAsJson(benchmark::State& run)
+{
+    const ProjectState s = Calculated();
+    for ([[maybe_unused]] auto _ : run) {
+        benchmark::DoNotOptimize(StateJson(s));
+    }
+}
+BENCHMARK(StateAsJson);
+
+void PanelAsText(benchmark::State& run)
+{
+    const ProjectState s = Calculated();
+    for ([[maybe_unused]] auto _ : run) {
+        benchmark::DoNotOptimize(PanelText(s));
+    }
+}
+BENCHMARK(PanelAsText);
+
+void DetailedTable(benchmark::State& run)
+{
+    const ProjectState s = Calculated();
+    for ([[maybe_unused]] auto _ : run) {
+        benchmark::DoNotOptimize(DetailedCsv(FillDetailedResult(s)));
+    }
+}
+BENCHMARK(DetailedTable);
+
+void DiagramsAsSvg(benchmark::State& run)
+{
+    const ProjectState s = Calculated();
+    for ([[maybe_unused]] auto _ : run) {
+        benchmark::DoNotOptimize(WriteSvg(DrawSheet(s, LoadAxis::z)));
+    }
+}
+BENCHMARK(DiagramsAsSvg);
+
+void NumberFormatted(benchmark::State& run)
+{
+    for ([[maybe_unused]] auto _ : run) {
+        benchmark::DoNotOptimize(FormatNum(1234.565, "#0.00"));
+    }
+}
+BENCHMARK(NumberFormatted);
+
+}  // namespace

@@ -1,0 +1,354 @@
+#include "harness.h"
+
+#include "app/batch.h"
+#include "core/field_table.h"
+#include "core/file_notation.h"
+#include "core/material.h"
+#include "core/number_format.h"
+#include "core/parse_num.h"
+#include "core/project_file.h"
+#include "core/setup_file.h"
+#include "engine/calculate.h"
+#include "engine/family_routines.h"
+#include "engine/new_project.h"
+#include "report/detailed_table.h"
+#include "report/panel_text.h"
+#include "report/state_json.h"
+#include "sections/load_library.h"
+#include "sections/readprofiles.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+
+namespace kestrum::fuzz {
+
+namespace {
+
+void Require(bool holds, const char* what)
+{
+    if (!holds) {
+        std::fputs(what, stderr);
+        std::fputs("\n", stderr);
+        std::abort();
+    }
+}
+
+const Library& Delivered()
+{
+    static const Library kLibrary = LoadLibrary(KESTRUM_SHARE);
+    return kLibrary;
+}
+
+const ProjectState& Default()
+{
+    static const ProjectState kDefault = [] {
+        ProjectState s{};
+        StartUp(Delivered(), s);
+        return s;
+    }();
+    return kDefault;
+}
+
+// A pass that ends well leaves numbers, and texts that can be made.
+void CalculateAndShow(const Library& library, ProjectState& s)
+{
+    const bool well = Calculate(library, s);
+    Require(well != s.calculationerror, "outcome and flag differ");
+    if (well && FindRoutines(s.family) != nullptr) {
+        for (const double ir : {s.irsection, s.maxirbuckling, s.deflinez.ir, s.defliney.ir}) {
+            Require(std::isfinite(ir), "a ratio is no number");
+        }
+        for (const float ordinate : s.mydiag) {
+            Require(std::isfinite(ordinate), "a diagram ordinate is no number");
+        }
+        Require(!AnswerOf(s, well).control.empty() || s.irsection == 0, "no row governs");
+        PanelText(s);
+    }
+}
+
+// From the first reading on a file repeats itself.
+void RequireRepeats(ProjectState& s)
+{
+    std::array<std::string, 2> written;
+    for (std::string& bytes : written) {
+        bytes = WriteProject(s);
+        s = Default();
+        Require(!ReadProject(s, bytes), "a written file cannot be read");
+    }
+    Require(WriteProject(s) == written[1], "a file does not repeat itself");
+}
+
+// The same outcome twice.
+void RequireRepeatable(const ProjectState& s)
+{
+    ProjectState a = s, b = s;
+    Calculate(Delivered(), a);
+    Calculate(Delivered(), b);
+    Require(a == b || StateJson(a) == StateJson(b), "two passes of one record differ");
+}
+
+// Takes numbers off the bytes; zeros behind the end.
+class Source {
+public:
+    explicit Source(std::string_view bytes) : rest_(bytes) {}
+
+    bool empty() const { return rest_.empty(); }
+
+    std::uint8_t Byte()
+    {
+        const std::uint8_t byte = rest_.empty() ? 0 : static_cast<std::uint8_t>(rest_.front());
+        rest_.remove_prefix(rest_.empty() ? 0 : 1);
+        return byte;
+    }
+
+    // Often one that tells, else any pattern of bits that is a number.
+    double Number()
+    {
+        constexpr std::array<double, 24> kTelling = {
+            0,    1,     -1,    0.5,    2,    3,     4,     5,     10,      100,   300,   1000,
+            1e-3, 1e-20, 1e-45, 3.4e38, 1e25, -1e25, 32767, 32768, -100000, 12.75, 0.002, 355};
+        const std::uint8_t kind = Byte();
+        if (kind < kTelling.size()) {
+            return kTelling[kind];
+        }
+        if (kind < 160) {
+            return kind - 60;
+        }
+        std::uint32_t bits = 0;
+        for (int i = 0; i < 4; ++i) {
+            bits = bits << 8 | Byte();
+        }
+        float value = 0;
+        std::memcpy(&value, &bits, sizeof value);
+        return std::isfinite(value) ? value : 0;
+    }
+
+private:
+    std::string_view rest_;
+};
+
+std::vector<const Field*> Inputs()
+{
+    std::vector<const Field*> fields;
+    for (const Field& field : AllFields()) {
+        if (field.role == FieldRole::input && field.kind != FieldKind::text) {
+            fields.push_back(&field);
+        }
+    }
+    return fields;
+}
+
+void StoreNumber(ProjectState& s, const Field& field, int index, double value)
+{
+    void* const at = field.locate(s, index);
+    switch (field.kind) {
+    case FieldKind::single:
+        *static_cast<float*>(at) = static_cast<float>(value);
+        break;
+    case FieldKind::real:
+        *static_cast<double*>(at) = value;
+        break;
+    default:
+        *static_cast<i16*>(at) = WholeNum(value).value_or(0);
+        break;
+    }
+}
+
+}  // namespace
+
+void ProjectFile(std::string_view bytes)
+{
+    ProjectState s = Default();
+    const auto fault = ReadProject(s, bytes);
+    if (fault) {
+        Require(fault->line > 0 && !fault->what.empty(), "a fault without place or words");
+    }
+    ProjectState calculated = s;
+    CalculateAndShow(Delivered(), calculated);
+    StateJson(calculated);
+    RequireRepeats(s);
+}
+
+void SetupFile(std::string_view bytes)
+{
+    ProjectState s = Default();
+    ReadSetup(s, bytes);
+    std::array<std::string, 3> written;  // a text with quotes inside settles in the second
+    for (std::string& text : written) {
+        text = WriteSetup(s);
+        Require(!ReadSetup(s, text), "a written setup cannot be read");
+    }
+    Require(written[1] == written[2], "a setup does not repeat itself");
+
+    Library library = Delivered();
+    library.setup = bytes;
+    ProjectState started{};
+    StartUp(library, started);
+    CalculateAndShow(library, started);
+}
+
+void MaterialList(std::string_view bytes)
+{
+    Library library = Delivered();
+    library.materials = ReadMaterialList(bytes);
+    Require(library.materials.size() <= kMaterials, "too many materials");
+    for (const Material& material : library.materials) {
+        Require(std::isfinite(material.fy40) && std::isfinite(material.fyover), "no strength");
+    }
+    for (const int index : {-1, 0, 3, LastMaterial(library), kMaterials}) {
+        ProjectState s = Default();
+        s.fykindex = static_cast<i16>(index);
+        CalculateAndShow(library, s);
+    }
+}
+
+void ProfileTables(std::string_view bytes)
+{
+    Source source(bytes);
+    const auto table = static_cast<Table>(source.Byte() % kTables);
+    Library library = Delivered();
+    ProfileTable& profile = library.tables[static_cast<std::size_t>(table)];
+    std::fill(profile.value.begin(), profile.value.end(), 0.0F);
+    FillProfile(bytes.substr(std::min<std::size_t>(1, bytes.size())), ShapeOf(table), profile);
+
+    // Families 1 to 11 and the rest that reads tables, every series.
+    for (const int family : {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 15, 16, 52, 54, 101, 102, 103}) {
+        for (const i16 series : {i16{1}, i16{2}, i16{3}}) {
+            ProjectState s = Default();
+            s.family = static_cast<i16>(family);
+            s.series101 = s.series103 = series;
+            s.row.fill(static_cast<i16>(bytes.size() % 7));
+            CalculateAndShow(library, s);
+            if (family < 101) {
+                break;
+            }
+        }
+    }
+}
+
+void Numbers(std::string_view bytes)
+{
+    for (const bool comma : {false, true}) {
+        const std::optional<float> value = ParseNum(bytes, comma);
+        if (!value) {
+            continue;
+        }
+        Require(std::isfinite(*value), "a number that is none");
+        Require(static_cast<float>(WidenNum(*value)) == *value, "widening changes the number");
+        for (const char* pattern : {"#0.00", "#.00", "##.0", "0.000E+0", "0.0##", "0", "#000"}) {
+            FormatNum(*value, pattern);
+            FormatNum(static_cast<double>(*value), pattern);
+        }
+        Require(ParseNum(FileNumber(*value), false) == *value, "a file number does not read back");
+        Require(ParseNum(FileNumber(*value), true) == *value, "a file number does not read back");
+    }
+}
+
+void Assignments(std::string_view bytes)
+{
+    Source source(bytes);
+    const Assignment how = source.Byte() % 2 == 0 ? Assignment::checked : Assignment::raw;
+    bytes.remove_prefix(std::min<std::size_t>(1, bytes.size()));
+    ProjectState s = Default();
+    while (!bytes.empty()) {
+        const std::string_view line = TakeLine(bytes);
+        const std::size_t equals = std::min(line.find('='), line.size());
+        const std::string_view name = line.substr(0, equals);
+        const std::string_view value = line.substr(std::min(equals + 1, line.size()));
+        const ProjectState before = s;
+        if (!AssignField(Delivered(), s, name, value, how).empty()) {
+            Require(s == before, "a refused value changes the record");
+        }
+        OverruledBy(Delivered(), s, name);
+    }
+    ProjectState calculated = s;
+    CalculateAndShow(Delivered(), calculated);
+    RequireRepeats(s);
+}
+
+void MemberTables(std::string_view bytes)
+{
+    constexpr std::size_t kMostBytes = 20000;  // calculation takes its time
+    Source source(bytes);
+    const std::uint8_t choice = source.Byte();
+    bytes = bytes.substr(std::min<std::size_t>(1, bytes.size()), kMostBytes);
+    AnswerForm answers;
+    const TableForm out = (choice & 1U) != 0 ? TableForm::csv : TableForm::ndjson;
+    Require(answers.Choose(out, {"control", "clause", "message", "l", "qload[2]", "ident", "mcr"})
+                .empty(),
+            "a field is missing");
+    const Assignment how = (choice & 2U) != 0 ? Assignment::checked : Assignment::raw;
+
+    MemberColumns columns;
+    BatchChunk chunk{.columns = &columns, .table = "table", .row = 1, .line = 1};
+    chunk.form = (choice & 4U) != 0 ? TableForm::csv : TableForm::ndjson;
+    if (chunk.form == TableForm::csv && !columns.TakeHeader(TakeLine(bytes)).empty()) {
+        return;
+    }
+    chunk.lines = bytes;
+    std::size_t members = 0;
+    while (!bytes.empty()) {
+        members += TakeLine(bytes).empty() ? 0 : 1;
+    }
+
+    BatchWorker worker(Delivered(), Default(), answers, how);
+    worker.Work(chunk);
+    Require(chunk.tally.Members() == members, "a member is lost");
+    const std::string first = chunk.out;
+    const auto lines = std::count(first.begin(), first.end(), '\n');
+    Require(static_cast<std::size_t>(lines) == members, "a line of answer is lost");
+    worker.Work(chunk);
+    Require(chunk.out == first, "a second run answers otherwise");
+    std::string_view rest = first;
+    while (!rest.empty()) {
+        std::string member;
+        Verdict verdict{};
+        double ir = 0;
+        Require(answers.ReadBack(TakeLine(rest), member, verdict, ir), "an answer is not read");
+    }
+}
+
+void Members(std::string_view bytes)
+{
+    static const std::vector<const Field*> kInputs = Inputs();
+    const auto families = AllRoutines();
+    Source source(bytes);
+    ProjectState s = Default();
+    s.family = static_cast<i16>(families[source.Byte() % families.size()].family);
+    while (!source.empty()) {
+        const std::size_t number = source.Byte() * std::size_t{256} + source.Byte();
+        const Field& field = *kInputs[number % kInputs.size()];
+        const int rows = field.last - field.first + 1;
+        const int index = field.first + (rows > 1 ? source.Byte() % rows : 0);
+        StoreNumber(s, field, index, source.Number());
+    }
+    RequireRepeatable(s);
+    ProjectState calculated = s;
+    CalculateAndShow(Delivered(), calculated);
+    if (!calculated.calculationerror) {
+        FillDetailedResult(calculated);
+    }
+    RequireRepeats(s);
+    CalculateAndShow(Delivered(), s);
+}
+
+std::span<const Target> Targets()
+{
+    static constexpr std::array<Target, 8> kTargets{{{"project_file", ProjectFile},
+                                                     {"setup_file", SetupFile},
+                                                     {"material_list", MaterialList},
+                                                     {"profile_tables", ProfileTables},
+                                                     {"numbers", Numbers},
+                                                     {"assignments", Assignments},
+                                                     {"member_tables", MemberTables},
+                                                     {"members", Members}}};
+    return kTargets;
+}
+
+}  // namespace kestrum::fuzz

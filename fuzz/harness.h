@@ -1,0 +1,26 @@
+#pragma once
+
+// What each fuzzer does with its bytes. A property that does not hold ends the program; the
+// sanitizers end it for the rest. The same functions run over seeds and finds in the quick tests.
+
+#include <span>
+#include <string_view>
+
+namespace kestrum::fuzz {
+
+void ProjectFile(std::string_view bytes);
+void SetupFile(std::string_view bytes);
+void MaterialList(std::string_view bytes);
+void ProfileTables(std::string_view bytes);  // the first byte selects the table
+void Numbers(std::string_view bytes);
+void Assignments(std::string_view bytes);   // NAME=VALUE, one a line
+void MemberTables(std::string_view bytes);  // CSV or NDJSON of the batch
+void Members(std::string_view bytes);       // fields set by number: calculated, written, read
+
+struct Target {
+    std::string_view name;  // of program, seeds and finds
+    void (*run)(std::string_view bytes);
+};
+std::span<const Target> Targets();
+
+}  // namespace kestrum::fuzz
