@@ -7,6 +7,21 @@
 
 #include <QGuiApplication>
 
+#include <cstdio>
+
+namespace {
+
+// Qt's remarks on its surroundings, such as a missing session folder, are none of the user's
+// business; what fails is returned.
+void KeepQuiet(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg) {
+        std::fprintf(stderr, "kestrum: %s\n", qPrintable(text));
+    }
+}
+
+}  // namespace
+
 extern "C" const char* KestrumRender(const kestrum::RenderJob* job)
 {
     static std::string problem;
@@ -14,6 +29,7 @@ extern "C" const char* KestrumRender(const kestrum::RenderJob* job)
     static char name[] = "kestrum";
     static char* argument_list[] = {name, nullptr};
     if (QGuiApplication::instance() == nullptr) {
+        qInstallMessageHandler(KeepQuiet);
         qputenv("QT_QPA_PLATFORM", "offscreen");
         static const QGuiApplication application(arguments, argument_list);
     }
