@@ -1,0 +1,201 @@
+// kestrum batch: many members from tables, files and streams.
+
+#include "run.h"
+
+#include <algorithm>
+#include <string>
+
+namespace kestrum {
+namespace {
+
+using Batch = CommandLine;
+
+const std::string kHead = "member,verdict,ir,control,clause\n";
+
+std::size_t LinesOf(const std::string& text)
+{
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
+// Beams of several lengths; every seventh is no member.
+std::string ManyLines(int count)
+{
+    std::string table = "l,family,qload[1]\n";
+    for (int i = 0; i < count; ++i) {
+        const std::string length = i % 7 == 3 ? "none" : std::to_string(2 + i % 9);
+        table += length + "," + std::to_string(1 + i % 4) + ",8.5\n";
+    }
+    return table;
+}
+
+TEST_F(Batch, AnswersEachLineInOrder)
+{
+    Write("t.csv", "ident,l\nA,5\n\"B, long\",6\nC,\n");
+    const Said said = Kestrum("batch t.csv --fields ident,l");
+    EXPECT_EQ(said.exit, 0) << said.err;
+    const std::string& out = said.out;
+    EXPECT_TRUE(out.starts_with("member,verdict,ir,ident,l\n1,within limits,")) << out;
+    EXPECT_NE(out.find(",A,5\n2,within limits,"), std::string::npos) << out;
+    EXPECT_NE(out.find(",\"B, long\",6\n3,within limits,"), std::string::npos) << out;
+    EXPECT_TRUE(out.ends_with(",C,5\n")) << out;  // an empty cell keeps the default length
+}
+
+// The same member through the table, and through a file and check.
+TEST_F(Batch, GivesTheRatioOfCheck)
+{
+    Write("t.csv", "family,row.ipe,l,qload[1],gammam0\n4,9,6.5,2,1.3\n");
+    const Said made = Kestrum("new --set family=4 --set row.ipe=9 --set l=6.5 --set qload[1]=2 "
+                              "--set gammam0=1.3 -o one.kst");
+    ASSERT_EQ(made.exit, 0) << made.err;
+    const Said table = Kestrum("batch t.csv --fields irsection,maxirbuckling,gammam0");
+    const Said file = Kestrum("batch one.kst --fields irsection,maxirbuckling,gammam0");
+    EXPECT_NE(table.err.find("column gammam0: without effect"), std::string::npos) << table.err;
+    const std::string behind = table.out.substr(table.out.find("\n1,") + 3);
+    EXPECT_EQ(file.out.substr(file.out.find("\none.kst,") + 9), behind);
+    const Said check = Kestrum("check one.kst --format csv");
+    ASSERT_EQ(check.exit, 0) << check.out;
+    const std::string ratios = check.out.substr(check.out.rfind("one.kst,within limits,"));
+    const std::string irsection = ratios.substr(22, ratios.find(',', 22) - 22);
+    EXPECT_NE(behind.find("," + irsection + ","), std::string::npos) << behind << check.out;
+}
+
+TEST_F(Batch, TellsBadLinesByNumberAndCalculatesTheRest)
+{
+    Write("t.csv", "l,family\n5,1\nabc,1\n-3,1\n\n5,55\n6\n7,1,2\n\"8,1\n5,4\n");
+    const Said said = Kestrum("batch t.csv");
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_EQ(LinesOf(said.out), 9U);
+    for (const char* const told :
+         {"t.csv:3: member 2: l: ", "t.csv:4: member 3: l: L >= 0.050",
+          "t.csv:6: member 4: family: not in the list",
+          "t.csv:7: member 5: fewer cells than columns",
+          "t.csv:8: member 6: more cells than columns", "t.csv:9: member 7: a quote is not closed",
+          "8 members: 2 within limits"}) {
+        EXPECT_NE(said.err.find(told), std::string::npos) << told << "\n" << said.err;
+    }
+}
+
+TEST_F(Batch, RefusesUnknownColumnsAndResults)
+{
+    Write("a.csv", "l,length\n5,5\n");
+    Write("b.csv", "l,ned\n5,5\n");
+    Write("c.csv", "l,l\n5,5\n");
+    EXPECT_NE(Kestrum("batch a.csv").err.find("a.csv:1: column \"length\": no such field"),
+              std::string::npos);
+    EXPECT_EQ(Kestrum("batch b.csv").exit, 2);
+    EXPECT_NE(Kestrum("batch c.csv").err.find("two columns"), std::string::npos);
+    EXPECT_EQ(Kestrum("batch a.csv --fields nothing").exit, 2);
+    EXPECT_EQ(Kestrum("batch none.csv").exit, 2);
+}
+
+TEST_F(Batch, ReadsAndWritesNdjsonThroughPipes)
+{
+    Write("t.ndjson", R"({"l": 5.5, "qload": [null, 10, 2, -3.5], "ident": "\u00e4 \"x\""}
+{"l": "6", "modal": 1, "checksls": true}
+{"l": [1]}
+{"l": 5
+)");
+    const Said said = Kestrum("batch - --json --fields l,'qload[3]',ident <t.ndjson");
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_EQ(LinesOf(said.out), 4U);
+    EXPECT_NE(said.out.find(R"("l":5.5,"qload[3]":-3.5,"ident":")"
+                            "\xC3\xA4"
+                            R"( \"x\""})"),
+              std::string::npos)
+        << said.out;
+    EXPECT_NE(said.out.find(R"({"member":"3","verdict":"bad input","ir":null)"), std::string::npos);
+    EXPECT_NE(said.err.find("standard input:4: member 4: "), std::string::npos) << said.err;
+}
+
+TEST_F(Batch, TakesSemicolonsDecimalCommasAndOtherLineEnds)
+{
+    Write("t.csv", "\xEF\xBB\xBFl;qload[1]\r\n5,5;8,25\r\n");
+    const Said said = Kestrum("batch t.csv --fields 'l,qload[1]'");
+    EXPECT_EQ(said.exit, 0) << said.err;
+    EXPECT_TRUE(said.out.ends_with(",5.5,8.25\n")) << said.out;
+}
+
+TEST_F(Batch, StartsFromABase)
+{
+    ASSERT_EQ(Kestrum("new --set family=6 --set l=3.5 -o base.kst").exit, 0);
+    Write("t.csv", "qload[1]\n5\n");
+    const Said said = Kestrum("batch t.csv --base base.kst --fields family,l");
+    EXPECT_TRUE(said.out.ends_with(",6,3.5\n")) << said.out;
+}
+
+TEST_F(Batch, TakesFilesAndFolders)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    ASSERT_EQ(Kestrum("new -o b.kst").exit, 0);
+    Write("c.kst", "131\r\nbroken");
+    Write("other.txt", "not looked at");
+    const Said said = Kestrum("batch .");
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_EQ(LinesOf(said.out), 4U) << said.out;
+    EXPECT_LT(said.out.find("./a.kst,"), said.out.find("./b.kst,"));
+    EXPECT_NE(said.err.find("./c.kst:"), std::string::npos);
+    Write("t.csv", "l\n5\n");
+    EXPECT_NE(Kestrum("batch a.kst t.csv").out.find("\nt.csv:1,"), std::string::npos);
+}
+
+TEST_F(Batch, AnswersAlikeWithAnyNumberOfThreads)
+{
+    Write("t.csv", ManyLines(20000));
+    const Said one = Kestrum("batch t.csv -o 1.csv --jobs 1");
+    const Said many = Kestrum("batch t.csv -o 5.csv --jobs 5");
+    EXPECT_EQ(one.exit, 2);
+    EXPECT_EQ(one.err, many.err);
+    EXPECT_EQ(Read("1.csv"), Read("5.csv"));
+    EXPECT_EQ(LinesOf(Read("1.csv")), 20001U);
+}
+
+TEST_F(Batch, GoesOnBehindTheLastWholeLine)
+{
+    Write("t.csv", ManyLines(3000));
+    const Said whole = Kestrum("batch t.csv -o whole.csv");
+    const std::string bytes = Read("whole.csv");
+    for (const std::size_t cut : {std::size_t{0}, kHead.size() / 2, kHead.size(), bytes.size() / 3,
+                                  bytes.size() - 1, bytes.size()}) {
+        Write("part.csv", bytes.substr(0, cut));
+        const Said rest = Kestrum("batch t.csv -o part.csv --resume");
+        EXPECT_EQ(rest.exit, whole.exit);
+        EXPECT_EQ(Read("part.csv"), bytes) << cut;
+        const std::string summary = whole.err.substr(whole.err.find("3000 members"));
+        EXPECT_TRUE(rest.err.ends_with(summary)) << rest.err;
+    }
+    Write("part.csv", "something else\n1,2\n");
+    EXPECT_EQ(Kestrum("batch t.csv -o part.csv --resume").exit, 2);
+    EXPECT_EQ(Read("part.csv"), "something else\n1,2\n");
+    EXPECT_EQ(Kestrum("batch t.csv --resume").exit, 2);
+}
+
+TEST_F(Batch, NamesTheWorst)
+{
+    Write("t.csv", "l\n5\n9\n7\n");
+    const Said said = Kestrum("batch t.csv");
+    const std::size_t second = said.err.find("  2\n"), third = said.err.find("  3\n");
+    const std::size_t first = said.err.find("  1\n");
+    EXPECT_TRUE(second < third && third < first && first != std::string::npos) << said.err;
+    EXPECT_EQ(Kestrum("batch t.csv --quiet").err, "");
+}
+
+TEST_F(Batch, TellsWhenTheAnswersCannotBeWritten)
+{
+    Write("t.csv", ManyLines(3000));
+    const Said said = Kestrum("batch t.csv -o /dev/full");
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_NE(said.err.find("/dev/full: "), std::string::npos) << said.err;
+    EXPECT_EQ(Kestrum("batch t.csv -o none/out.csv").exit, 2);
+}
+
+TEST_F(Batch, OutlivesALineWithoutEnd)
+{
+    Write("t.csv", "l\n5\n" + std::string(5'000'000, '1') + "\n6\n");
+    const Said said = Kestrum("batch t.csv");
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_EQ(LinesOf(said.out), 4U);
+    EXPECT_NE(said.err.find("t.csv:3: member 2: the line is too long"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kestrum
