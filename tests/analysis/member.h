@@ -79,4 +79,31 @@ template <class Line> double Largest(const Line& line)
     return largest;
 }
 
+// A row of each kind, about both axes, in all categories.
+inline ProjectState Loaded(int supportcase)
+{
+    ProjectState s = Member(supportcase);
+    s.nload = {0, 100, 20, 3};
+    s.ntype = {0, 0, 1, 2};
+    s.qload = {0, 4, 3, 2, 1};
+    s.qtype = {0, 0, 1, 2, 1};
+    s.qdir = {0, 1, 0, 1, 0};
+    for (std::size_t k = 1; k <= 8; ++k) {
+        const auto n = static_cast<float>(k);
+        s.pmkind[k] = k % 2;
+        s.pm[k] = 5 - n;
+        s.pmx[k] = 0.6F * n;
+        s.pmtype[k] = static_cast<i16>(k % 3);
+        s.pmdir[k] = k > 4;
+    }
+    AddTrapezoid(s, 1, 1, 4, 0.5F, 3);
+    AddTrapezoid(s, 2, 3, 0, 2.5F, 6);
+    AddTrapezoid(s, 3, -2, -2, 1, 2);
+    s.qttype = {0, 2, 0, 1};
+    s.qtdir = {0, 1, 0, 1};
+    s.selfweight = 1;
+    s.weight = 40;
+    return s;
+}
+
 }  // namespace kestrum::test

@@ -7,6 +7,7 @@
 #include "core/project_state.h"
 
 #include <algorithm>
+#include <cfenv>
 #include <cmath>
 #include <cstddef>
 #include <string>
@@ -276,6 +277,21 @@ inline std::string Calculation(const ResultRow& row)
 inline std::string Limit(const ResultRow& row)
 {
     return Joined(row.limit);
+}
+
+constexpr i16 kMethods[] = {1, 2};
+constexpr int kFailures = FE_DIVBYZERO | FE_INVALID | FE_OVERFLOW;
+
+// HEB 200, S355, L 5, pinned, q 10 on the top flange, N 100.
+inline ProjectState BeamColumn(i16 method)
+{
+    ProjectState s = Heb200();
+    UniformLoad(s, 10);
+    s.ned = 100;
+    s.ltb = 1;
+    s.loadlevel = 1;
+    s.method = method;
+    return s;
 }
 
 }  // namespace kestrum::members
