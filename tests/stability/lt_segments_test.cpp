@@ -1,0 +1,221 @@
+// Lateral torsional buckling between restraints, and of the uniform moment.
+
+#include "stability/cvipping.h"
+
+#include "core/arithmetic_trap.h"
+#include "stability/test_members.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+namespace kestrum {
+namespace {
+
+using members::EndMoments;
+using members::UniformLoad;
+
+constexpr double kPi2 = std::numbers::pi * std::numbers::pi;
+
+// Mcr of a double-symmetric section with E 210000 and G = E/2.6, Nmm; length in mm.
+double Mcr(const ProjectState& s, double c1, double lever, double length)
+{
+    const double euler = kPi2 * 210000 * double(s.iz) / (length * length);
+    return c1 * euler *
+           (std::sqrt(210000 / 2.6 * double(s.it) / euler + double(s.iw) / s.iz + lever * lever) -
+            lever);
+}
+
+// Two restraints: points 0, 17, 33, 50 (16.67 and 33.33). q: M at x = 17/50 is 4 0.34 0.66 = 0.8976
+// of the largest; the middle segment has r = 1, C1 = 1.
+TEST(Segments, TakeTheDiagramPointsAtTheRestraints)
+{
+    ProjectState s = members::Heb200();
+    s.l = 15.0f;
+    UniformLoad(s, 5);
+    s.restraints = 2;
+    LateralTorsionalBuckling(s);
+    EXPECT_EQ(s.beampart, 2);
+    EXPECT_NEAR(s.mydesignf, 140.625 * 0.8976, 1e-3);
+    EXPECT_NEAR(s.lt, 5.0, 1e-6);
+    EXPECT_NEAR(s.segc1[1], 1.77, 1e-9);
+    EXPECT_NEAR(s.segc1[2], 1.0, 1e-9);
+    EXPECT_NEAR(s.segc1[3], 1.77, 1e-9);
+    EXPECT_NEAR(s.segmcr[2], Mcr(s, 1.0, 0, double(s.lt) * 1000), s.segmcr[2] * 1e-6);
+    EXPECT_EQ(s.mcr, s.segmcr[2]);
+    EXPECT_EQ(s.ltc1, s.segc1[2]);
+    EXPECT_EQ(s.ltc2, 0);
+    EXPECT_EQ(s.mltrd, s.myrdm1);
+    EXPECT_NEAR(s.kc, 1.0, 1e-6);
+}
+
+// The largest moment, 31.25 at the middle, is not the moment of the check.
+TEST(Segments, D201MissTheMomentBetweenTheRestraints)
+{
+    ProjectState s = members::Heb200();
+    UniformLoad(s, 10);
+    s.restraints = 2;
+    LateralTorsionalBuckling(s);
+    EXPECT_LT(s.mydesignf, 0.9 * s.mydesign);
+}
+
+// Three restraints: 12.5 and 37.5 round to the even points 12 and 38.
+TEST(Segments, RoundHalfPointsToEven)
+{
+    ProjectState s = members::Heb200();
+    EndMoments(s, 0, 50);
+    s.restraints = 3;
+    LateralTorsionalBuckling(s);
+    // segments end at 12, 25, 38, 50: ratios 0, 12/25, 25/38, 38/50
+    EXPECT_NEAR(s.segc1[1], 1.77, 1e-9);
+    EXPECT_NEAR(s.segc1[2], 1.31 + (0.5 - 12.0 / 25) / 0.25 * 0.21, 1e-6);
+    EXPECT_NEAR(s.segc1[4], 1.14 - (38.0 / 50 - 0.75) / 0.25 * 0.14, 1e-6);
+    EXPECT_EQ(s.beampart, 4);
+    EXPECT_EQ(s.mydesignf, 50.0f);
+}
+
+TEST(Segments, EndForcesAreOneSegmentWithoutRestraints)
+{
+    ProjectState s = members::Heb200();
+    EndMoments(s, 40, 20);
+    LateralTorsionalBuckling(s);
+    EXPECT_EQ(s.beampart, 1);
+    EXPECT_EQ(s.mydesignf, 40.0f);
+    EXPECT_NEAR(s.ltc1, 1.31, 1e-9);
+    EXPECT_NEAR(s.mcr, Mcr(s, 1.31, 0, 5000), s.mcr * 1e-6);
+}
+
+TEST(Segments, ManualFactorsActOnTheWholeMemberOnly)
+{
+    ProjectState s = members::Heb200();
+    EndMoments(s, 40, 40);
+    s.cmanual = kTrue;
+    s.c1 = 3;
+    LateralTorsionalBuckling(s);
+    EXPECT_NEAR(s.ltc1, 1.0, 1e-9);
+}
+
+TEST(Segments, TheLastOfEqualRatiosGoverns)
+{
+    ProjectState s = members::Heb200();
+    EndMoments(s, 40, 40);
+    s.restraints = 3;
+    LateralTorsionalBuckling(s);
+    EXPECT_EQ(s.beampart, 4);
+
+    ProjectState unloaded = members::Heb200();
+    unloaded.restraints = 2;
+    LateralTorsionalBuckling(unloaded);
+    EXPECT_EQ(unloaded.beampart, 3);
+    EXPECT_EQ(unloaded.mydesignf, 0.0f);
+}
+
+TEST(Segments, KeepTheMomentWithItsSign)
+{
+    ProjectState s = members::Heb200();
+    EndMoments(s, -60, 30);
+    LateralTorsionalBuckling(s);
+    EXPECT_EQ(s.mydesignf, -60.0f);
+    EXPECT_NEAR(s.ltc1, 2.35, 1e-9);  // r = -0.5
+}
+
+// r = -1: mean 0 counts as hogging, and of equal sizes the first end gives the sign.
+TEST(Segments, OpposedMomentsTakeTheBottomSide)
+{
+    ProjectState s = members::Single600();
+    s.mybotrd = 900;
+    EndMoments(s, 100, -100);
+    LateralTorsionalBuckling(s);
+    EXPECT_EQ(s.mydesignf, 100.0f);
+    EXPECT_EQ(s.mltrd, 900);
+    // psifbot 7/9 > 0, k = 1, t = -1: C3 = -7/9 - 0.55
+    EXPECT_NEAR(s.ltc3, -7.0 / 9 - 0.55, 1e-6);
+    EXPECT_NEAR(s.mcr, Mcr(s, 2.6, -s.ltc3 * double(s.zjbot), 5000), s.mcr * 1e-6);
+}
+
+TEST(Segments, MoreRestraintsNeverLowerTheResistanceForUniformMoment)
+{
+    for (const int family : {2, 21, 22}) {
+        double before = 0;
+        for (int n = 0; n <= 5; ++n) {
+            ProjectState s = family == 22   ? members::Single600()
+                             : family == 21 ? members::Welded600()
+                                            : members::Heb200();
+            s.l = 12.0f;
+            s.restraints = static_cast<i16>(n);
+            EndMoments(s, 40, 40);
+            LateralTorsionalBuckling(s);
+            EXPECT_GE(s.xlt * s.mltrd, before) << family << ' ' << n;
+            before = s.xlt * s.mltrd;
+        }
+    }
+}
+
+TEST(Segments, SwappedEndMomentsGiveTheSame)
+{
+    for (int n = 0; n <= 5; ++n) {
+        ProjectState s = members::Heb200();
+        s.restraints = static_cast<i16>(n);
+        EndMoments(s, 45, -12);
+        LateralTorsionalBuckling(s);
+        ProjectState t = members::Heb200();
+        t.restraints = static_cast<i16>(n);
+        EndMoments(t, -12, 45);
+        LateralTorsionalBuckling(t);
+        EXPECT_NEAR(s.xlt, t.xlt, 1e-6) << n;
+        EXPECT_NEAR(s.mydesignf, t.mydesignf, 1e-4) << n;
+        EXPECT_NEAR(s.mcr, t.mcr, 1e-4 * s.mcr) << n;
+    }
+}
+
+TEST(Segments, MoreThanFiveRestraintsStopThePass)
+{
+    ProjectState s = members::Heb200();
+    EndMoments(s, 40, 40);
+    s.restraints = 5;
+    EXPECT_NO_THROW(LateralTorsionalBuckling(s));
+    s.restraints = 6;
+    EXPECT_THROW(LateralTorsionalBuckling(s), CalculationStop);
+    s.restraints = -1;
+    EXPECT_THROW(LateralTorsionalBuckling(s), CalculationStop);
+}
+
+// HEB 200, k 1: C1 = 1; k 0.5: 1.05. lam0 = sqrt(MRd/Mcr0); by hand Mcr0 321.08, lam0 0.8428.
+TEST(LtUniformMcr, GivesTheSlendernessOfUniformMoment)
+{
+    ProjectState s = members::Heb200();
+    LtUniformMcr(s);
+    EXPECT_NEAR(s.mcr0, Mcr(s, 1.0, 0, 5000), s.mcr0 * 1e-6);
+    EXPECT_NEAR(s.lam0, 0.8428, 5e-5);
+    EXPECT_EQ(s.lt, 5.0f);
+    s.ltbk = 0.5f;
+    s.restraints = 1;
+    LtUniformMcr(s);
+    EXPECT_EQ(s.lt, 1.25f);
+    EXPECT_NEAR(s.mcr0, Mcr(s, 1.05, 0, 1250), s.mcr0 * 1e-6);
+}
+
+TEST(LtUniformMcr, CoversEveryFamilyWithTheCheck)
+{
+    for (const int family : {1, 5, 15, 16, 21, 28, 41, 101, 102, 103}) {
+        ProjectState s = members::Heb200();
+        s.family = static_cast<i16>(family);
+        LtUniformMcr(s);
+        EXPECT_GT(s.mcr0, 0) << family;
+    }
+}
+
+TEST(LtUniformMcr, TakesTheSideOfTheMidMomentInTheSingleSymmetricI)
+{
+    ProjectState s = members::Single600();
+    s.mymid = 10;
+    LtUniformMcr(s);
+    EXPECT_NEAR(s.mcr0, Mcr(s, 1.0, -double(s.zjtop), 5000), s.mcr0 * 1e-6);
+    s.mymid = 0;
+    LtUniformMcr(s);
+    EXPECT_NEAR(s.mcr0, Mcr(s, 1.0, -double(s.zjbot), 5000), s.mcr0 * 1e-6);
+}
+
+}  // namespace
+}  // namespace kestrum
