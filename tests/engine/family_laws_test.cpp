@@ -235,6 +235,39 @@ TEST(EveryFamily, EndMomentsMayBeSwapped)
     }
 }
 
+TEST(EveryFamily, MoreRestraintsNeverLowerTheResistanceForUniformMoment)
+{
+    int controlled = 0;
+    for (const FamilyRoutines& routines : AllRoutines()) {
+        for (const float moment : {2.0f, -2.0f}) {
+            double before = 0;
+            for (i16 restraints = 0; restraints <= 5; ++restraints) {
+                SCOPED_TRACE(std::to_string(routines.family) + ", restraints " +
+                             std::to_string(restraints));
+                ProjectState s = Plain(static_cast<i16>(routines.family));
+                s.loadmode = 0;
+                s.l = 8;
+                s.ne = 0.01f;
+                s.my1 = s.my2 = moment;
+                s.vz1 = 0;
+                s.restraints = restraints;
+                s.method = 2;
+                s.checkconsercontrol = kTrue;
+                ASSERT_TRUE(EndsWell(s));
+                if (s.irrow6 == 0 || s.mcr == 0) {
+                    continue;  // no lateral torsional buckling
+                }
+                ++controlled;
+                EXPECT_GE(s.xlt * s.mltrd, before);
+                EXPECT_GT(s.xlt, 0);
+                EXPECT_LE(s.xlt, 1);
+                before = s.xlt * s.mltrd;
+            }
+        }
+    }
+    EXPECT_EQ(controlled, 19 * 2 * 6);  // 1 to 5, 15, 16, 21, 22, 28, 41, 51 to 56, 101 to 103
+}
+
 TEST(GivenEndForces, KeepTheDeflectionRowsOfTheLastLoadedPass)
 {
     ProjectState s = Plain();
