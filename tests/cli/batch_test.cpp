@@ -188,6 +188,28 @@ TEST_F(Batch, TellsWhenTheAnswersCannotBeWritten)
     EXPECT_EQ(Kestrum("batch t.csv -o none/out.csv").exit, 2);
 }
 
+// The two examples of docs/batch.md.
+TEST_F(Batch, RunsUnderToolsThatSpreadWork)
+{
+    Write("spread.sh", R"(PATH=")" KESTRUM_BIN R"(:$PATH"
+find . -name '*.kst' -print0 | sort -z | xargs -0 -P 4 -n 1 kestrum batch --quiet --fields ident,control |
+    grep -v '^member,' | sort > files.csv
+tail -n +2 t.csv | split -l 30 --filter='{ head -n 1 t.csv; cat; } | kestrum batch - -o $FILE.csv' - part.
+)");
+    ASSERT_EQ(Kestrum("new --set ident=A -o a.kst").exit, 0);
+    ASSERT_EQ(Kestrum("new --set ident=B -o b.kst").exit, 0);
+    std::string table = "l\n";
+    for (int i = 0; i < 100; ++i) {
+        table += std::to_string(2 + i % 5) + "\n";
+    }
+    Write("t.csv", table);
+    ASSERT_EQ(Kestrum("--version && sh ./spread.sh").exit, 0);
+    EXPECT_EQ(LinesOf(Read("files.csv")), 2U) << Read("files.csv");
+    EXPECT_NE(Read("files.csv").find("./b.kst,within limits,"), std::string::npos);
+    EXPECT_EQ(LinesOf(Read("part.aa.csv")), 31U);
+    EXPECT_EQ(LinesOf(Read("part.ad.csv")), 11U);
+}
+
 TEST_F(Batch, OutlivesALineWithoutEnd)
 {
     Write("t.csv", "l\n5\n" + std::string(5'000'000, '1') + "\n6\n");
