@@ -171,6 +171,7 @@ std::string AssignTo(const Library& library, ProjectState& s, const AssignTarget
         refusal = value ? StoreNumber(s, ref, *value) : std::string(kNoNumber);
     }
     SetPsi(s);
+    ApplyAnnexLoads(s, s.annexindex);  // safetyclass and loadcomb take part
     return refusal;
 }
 

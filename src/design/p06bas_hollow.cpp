@@ -130,6 +130,9 @@ void CalcEffectiveHollow(ProjectState& s)
 // EN 1993-1-1, 6.2.3 to 6.2.6.
 //   in   section record; fyk [MPa]; gammam0, gammam1 [-]
 //   out  classes; nplrd, ncrd, vzrd, vyrd, vplzrd, vplyrd [kN]; mplyrd .. mzrd, mfrd, mfzrd [kNm]
+//
+// Deviation D29: the shear areas of the box have no factor eta; the standard has eta hw tw for each
+// web of a welded section, 6.2.6 (3).
 void CalcResistanceHollow(ProjectState& s)
 {
     const double a = s.a, h = s.h, b = s.b, tf = s.tf;

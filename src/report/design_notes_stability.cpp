@@ -1,6 +1,7 @@
 #include "core/load_combination.h"
 #include "report/design_note_facts.h"
 #include "report/design_notes.h"
+#include "stability/buckling_resistance.h"
 
 #include <algorithm>
 #include <array>
@@ -56,14 +57,19 @@ double FlexuralMinimum(const ProjectState& s)
     return IsAngle(s.family) ? std::min(s.ncrv, s.ncru) : std::min(s.ncry, s.ncrz);
 }
 
+// Critical forces of the member's own torsional length, whatever length the record holds (D228).
+TorsionalForces OwnTorsionalForces(const ProjectState& s)
+{
+    return TorsionalForcesAt(s, static_cast<double>(s.ltbk) * s.l / (s.restraints + 1));
+}
+
 bool TorsionWouldGovern(const ProjectState& s)
 {
-    constexpr double kNoCoupling = 9e24;
     if (s.openprofile != kTrue || IsPlate(s.family) || !(s.ned > 0) || s.yline.empty()) {
         return false;
     }
-    const double torsional = s.ncrtf < kNoCoupling ? s.ncrtf : s.ncrt;
-    return torsional > 0 && torsional < FlexuralMinimum(s);
+    const TorsionalForces own = OwnTorsionalForces(s);
+    return std::min(own.ncrt, own.ncrtf) < FlexuralMinimum(s);
 }
 
 // Loads give the deflection of one combination and the moment of another to Table A.2.
@@ -129,10 +135,9 @@ constexpr NoteRule kStability[] = {
      "and is not checked (6.3.1.4)."},
     {"D208",
      [](const ProjectState& s) {
-         constexpr double kNoCoupling = 9e24;
+         const TorsionalForces own = OwnTorsionalForces(s);
          return Interacts(s) && s.method == kAnnexA && s.openprofile == kTrue && s.ned > 0 &&
-                s.ncrtf > kNoCoupling && s.ncrt > 0 && s.mydesign != 0 &&
-                (s.ned > s.ncrt || s.cmlt > 1);
+                own.ncrtf == kNeverGoverns && s.mydesign != 0 && (s.ned > own.ncrt || s.cmlt > 1);
      },
      "The interaction factors of Annex A leave the torsional critical force of the section out and "
      "come out too low."},

@@ -105,34 +105,39 @@ bool CouplesWithTorsion(const ProjectState& s)
 // is buckling about z that couples.
 // Deviation D228: the length is that of the last lateral torsional calculation, of whatever member;
 // 6.3.1.4 takes the member's own torsional length.
-void TorsionalForces(ProjectState& s)
+void StoreTorsionalForces(ProjectState& s)
 {
+    const TorsionalForces forces = TorsionalForcesAt(s, s.lt);
+    s.ncrt = forces.ncrt;
+    s.ncrtf = forces.ncrtf;
+}
+
+}  // namespace
+
+// EN 1993-1-3, 6.2.3 (5) to (7). Deviations D208, D209: see above.
+TorsionalForces TorsionalForcesAt(const ProjectState& s, double length)
+{
+    if (s.iw != 0 && length == 0) {
+        return {0.0, kNeverGoverns};
+    }
     const double area = s.a;
     const double ip2 = (static_cast<double>(s.iy) + s.iz) / area;
     const double i02 = ip2 + ShearCentreDistanceSquared(s);
     const double e = s.e;
-
-    s.ncrt = 0.0;
-    s.ncrtf = kNeverGoverns;
-    if (s.iw != 0 && s.lt == 0) {
-        return;
-    }
     double stiffness = e / kShearRatio * s.it;
     if (s.iw != 0) {
-        const double length = s.lt * 1000.0;
-        stiffness = kStabilityPi * kStabilityPi * e * s.iw / (length * length) + stiffness;
+        const double mm = length * 1000.0;
+        stiffness = kStabilityPi * kStabilityPi * e * s.iw / (mm * mm) + stiffness;
     }
-    s.ncrt = stiffness / i02 / 1000.0;
+    const double ncrt = stiffness / i02 / 1000.0;
     if (!CouplesWithTorsion(s)) {
-        return;
+        return {ncrt, kNeverGoverns};
     }
     const double flexural = s.family == 26 ? s.ncrz : s.ncry;
-    const double sum = flexural + s.ncrt;
-    const double root = sum * sum - 4.0 * (ip2 / i02) * flexural * s.ncrt;
-    s.ncrtf = i02 / (2.0 * ip2) * (sum - std::sqrt(std::max(0.0, root)));
+    const double sum = flexural + ncrt;
+    const double root = sum * sum - 4.0 * (ip2 / i02) * flexural * ncrt;
+    return {ncrt, i02 / (2.0 * ip2) * (sum - std::sqrt(std::max(0.0, root)))};
 }
-
-}  // namespace
 
 double ReductionFactor(double lam, double alpha)
 {
@@ -167,7 +172,7 @@ void BucklingResistance(ProjectState& s)
     if (IsAngle(s)) {
         PrincipalAxes(s);
     }
-    TorsionalForces(s);
+    StoreTorsionalForces(s);
 }
 
 }  // namespace kestrum

@@ -14,6 +14,13 @@ double ReductionFactor(double lam, double alpha);
 // ncrtf of sections whose shear centre is the centroid.
 constexpr double kNeverGoverns = 1e25f;
 
+// Critical forces of torsional and of torsional-flexural buckling, kN, for a torsional length in m.
+// Without a length ncrt is undefined (0) where warping takes part.
+struct TorsionalForces {
+    double ncrt, ncrtf;
+};
+TorsionalForces TorsionalForcesAt(const ProjectState& s, double length);
+
 void BucklingResistance(ProjectState& s);
 
 }  // namespace kestrum
