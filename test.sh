@@ -1,7 +1,8 @@
 #!/bin/sh
 # Installs what is missing, builds and runs all tests. What this script runs is what CI runs.
 #   ./test.sh              release build with all tests, sanitizer build with the fuzz smoke run, format check
-#   ./test.sh --full       the same, then the second compiler, static analysis, coverage and packages
+#   ./test.sh --full       the same, then the second compiler, static analysis, coverage, manuals, packages
+#                          and the Windows build
 #   ./test.sh --coverage   line and branch coverage of the calculation only
 set -eu
 cd "$(dirname "$0")"
@@ -38,7 +39,7 @@ case "${1:-}" in
     install_packages build desktop test
     ;;
 --full)
-    install_packages build desktop test full
+    install_packages build desktop test full manuals windows
     ;;
 --coverage)
     install_packages build test full
@@ -55,6 +56,7 @@ tools/check-format || die "run tools/check-format --fix"
 tools/check-deviations || die "the deviation numbers in code, tests and docs/deviations.md differ"
 
 build_and_test release -DKESTRUM_TESTS=ON -DKESTRUM_BENCH=ON
+tools/check-readme build/release/bin || die "README.md does not tell what the program does"
 build_and_test asan
 if [ -e fuzz/CMakeLists.txt ]; then
     say "Fuzz smoke run"
@@ -67,5 +69,8 @@ if [ "${1:-}" = --full ]; then
     run-clang-tidy-14 -quiet -p build/release "$(pwd)/src/(core|sections|analysis|design|stability|service|engine|report|app|cli)/.*" ||
         die "clang-tidy found something"
     coverage
+    tools/build-docs build/release
+    tools/check-packages build/release
+    tools/check-windows
 fi
 say "All green"

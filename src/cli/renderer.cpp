@@ -6,7 +6,9 @@
 #include "report/svg_writer.h"
 
 #ifdef _WIN32
+#ifndef NOMINMAX  // the standard library of MinGW defines it
 #define NOMINMAX
+#endif
 #include <windows.h>
 #else
 #include <dlfcn.h>

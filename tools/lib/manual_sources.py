@@ -46,8 +46,20 @@ def verification():
     if not VERIFICATION.exists():
         print('# Verification problems\n\nNo verification problems are recorded with this version.')
         return
-    text = VERIFICATION.read_text(encoding='utf-8')
-    print(re.sub(r'\A# .*', '# Verification problems', text, count=1))
+    out, last = ['# Verification problems', ''], None
+    for line in VERIFICATION.read_text(encoding='utf-8').splitlines()[1:]:
+        if line.startswith('|'):
+            row = cells(line)
+            row = row[:6] + row[7:]  # without the kind of the source
+            if set(row[0]) <= set('-:'):
+                row = ['-' * n for n in (6, 22, 12, 13, 13, 12, 30)]
+            if row[0] == last:
+                row[:2] = ['', '']  # another value of the same problem
+            else:
+                last = row[0]
+            line = '| ' + ' | '.join(row) + ' |'
+        out.append(line)
+    print('\n'.join(out))
 
 
 def check(kestrum):

@@ -1,0 +1,10 @@
+# Headers only: those of this machine, copied away from its other headers, which are not for Windows.
+set(staged ${CMAKE_BINARY_DIR}/include)
+foreach(headers CLI nlohmann)
+    file(COPY /usr/include/${headers} DESTINATION ${staged})
+endforeach()
+if(NOT TARGET CLI11::CLI11)
+    add_library(CLI11::CLI11 INTERFACE IMPORTED GLOBAL)
+    target_include_directories(CLI11::CLI11 SYSTEM INTERFACE ${staged})
+endif()
+set(CLI11_FOUND TRUE)
