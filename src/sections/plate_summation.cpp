@@ -23,6 +23,58 @@ double AreaBelow(std::span<const Plate> plates, double z)
     return below;
 }
 
+constexpr float kStart = 2.0F;
+constexpr double kStep = 0.1;    // mm
+constexpr double kMargin = 1.0;  // beyond the section, mm
+
+float NextLevel(float level)
+{
+    return F32(static_cast<double>(level) + kStep);
+}
+
+// Levels first + i step, i below count, exactly those that single steps reach.
+struct EvenSteps {
+    float first;
+    double step;
+    int count;
+
+    float At(int i) const { return F32(static_cast<double>(first) + i * step); }
+};
+
+// The run of levels behind this one in which every step has the same size, a float being as fine
+// between two powers of two, and in which the area grows evenly, between two edges of plates.
+EvenSteps StepsFrom(std::span<const Plate> plates, float level)
+{
+    const float first = NextLevel(level);
+    const double step = static_cast<double>(NextLevel(first)) - first;
+    if (!(step > 0)) {
+        return {first, 0, 1};
+    }
+    int power = 0;
+    std::frexp(first, &power);
+    double end = std::ldexp(1.0, power);  // beyond the run
+    for (const Plate& p : plates) {
+        for (const double edge : {p.z0, p.z0 + p.height}) {
+            end = edge > first ? std::min(end, edge) : end;
+        }
+    }
+    return {first, step, std::max(1, static_cast<int>(std::ceil((end - first) / step)))};
+}
+
+// The first level of the run with half the area below it, the last one when there is none.
+float FirstWithHalf(std::span<const Plate> plates, const EvenSteps& steps, double half)
+{
+    if (!(AreaBelow(plates, steps.first) < half)) {
+        return steps.first;
+    }
+    int under = 0, at = steps.count - 1;
+    while (at - under > 1) {
+        const int mid = under + (at - under) / 2;
+        (AreaBelow(plates, steps.At(mid)) < half ? under : at) = mid;
+    }
+    return steps.At(at);
+}
+
 }  // namespace
 
 PlateSums SumPlates(std::span<const Plate> plates)
@@ -54,19 +106,19 @@ PlateSums SumPlates(std::span<const Plate> plates)
 
 float SteppedPlasticAxis(std::span<const Plate> plates)
 {
-    constexpr float kStart = 2.0F;
-    constexpr double kStep = 0.1;    // mm
-    constexpr double kMargin = 1.0;  // beyond the section, mm
-
     const PlateSums sums = SumPlates(plates);
+    const double half = sums.a / 2, most = sums.height + kMargin;
     float zpl = kStart;
     double below = 0;
-    while (below < sums.a / 2) {
-        const float next = F32(static_cast<double>(zpl) + kStep);
-        if (!(next > zpl) || next > sums.height + kMargin) {
+    while (below < half) {
+        const EvenSteps steps = StepsFrom(plates, zpl);
+        if (!(steps.first > zpl)) {
             throw CalculationStop{};
         }
-        zpl = next;
+        zpl = FirstWithHalf(plates, steps, half);
+        if (zpl > most) {
+            throw CalculationStop{};
+        }
         below = AreaBelow(plates, zpl);
     }
     return zpl;
