@@ -25,7 +25,7 @@ std::string JsonOf(const ProjectState& s)
     return "{\"freq\": " + JsonNumber(s.freq[1]) + ", \"stb\": " + JsonNumber(s.stb) +
            ", \"st\": " + JsonNumber(s.st) + ", \"vcrit\": " + JsonNumber(s.vcrit) +
            ", \"vm\": " + JsonNumber(s.vm) + ", \"ok\": " + (VortexAccepted(s) ? "true" : "false") +
-           "}\n";
+           ", \"notes\": " + NotesJson(s) + "}\n";
 }
 
 }  // namespace

@@ -112,6 +112,29 @@ TEST_F(Commands, CheckTellsTheVerdictByItsExit)
     EXPECT_THAT(all.err, HasSubstr("kestrum: failed.kst:  Calculation Error. Axial load too big."));
 }
 
+TEST_F(Commands, CheckTellsTheNotesOfTheResult)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --set restraints=2 --set qload[1]=1 --set nload[1]=1").exit, 0);
+    const std::string note = "note D201: Lateral torsional buckling is checked for the moments at";
+    EXPECT_THAT(Kestrum("check --notes a.kst").out, HasSubstr(note));
+    EXPECT_THAT(Kestrum("check a.kst").out, Not(HasSubstr("D201")));
+    const json checked = json::parse(Kestrum("check --json a.kst").out)[0]["notes"];
+    const json dumped = json::parse(Kestrum("dump a.kst").out)["notes"];
+    ASSERT_EQ(checked.size(), 1U);
+    EXPECT_EQ(checked[0]["id"], "D201");
+    EXPECT_THAT(checked[0]["text"].get<std::string>(), HasSubstr("at the restraints"));
+    EXPECT_EQ(dumped, checked);
+}
+
+TEST_F(Commands, VortexTellsTheNotesOfWind)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --family 31 --set terrain=3 --set vortexcase=0").exit, 0);
+    const json notes = json::parse(Kestrum("vortex --json a.kst").out)["notes"];
+    EXPECT_THAT(notes.dump(), HasSubstr("D254"));
+    EXPECT_THAT(notes.dump(), HasSubstr("D256"));
+    EXPECT_THAT(notes.dump(), Not(HasSubstr("D255")));
+}
+
 TEST_F(Commands, CheckHasJsonAndCsv)
 {
     WriteGood("a.kst");
