@@ -36,6 +36,15 @@ void Form::done(int result)
     }
 }
 
+// The window below takes over.
+void Form::hideEvent(QHideEvent* event)
+{
+    QDialog::hideEvent(event);
+    if (parentWidget() != nullptr && parentWidget()->isVisible()) {
+        parentWidget()->activateWindow();
+    }
+}
+
 QHBoxLayout* Form::AddButtons(const QString& okname)
 {
     auto* const row = new QHBoxLayout;

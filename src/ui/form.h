@@ -39,6 +39,9 @@ public:
     // The last row: what the form adds, then its button that closes it.
     QHBoxLayout* AddButtons(const QString& okname = QStringLiteral("ok"));
 
+protected:
+    void hideEvent(QHideEvent* event) override;
+
 private:
     Desk& desk_;
     Binder bind_;

@@ -60,12 +60,16 @@ void EnlargeTexts(Drawing& drawing, double scale, double smallest)
 {
     constexpr double kMost = 1.3;
     constexpr double kHalfHeight = 0.36;  // of the capitals: growing both ways
+    constexpr double kEdge = 0.8;
     for (Mark& mark : drawing.marks) {
         if (auto* const text = std::get_if<TextMark>(&mark)) {
             const double factor = smallest / std::max(1e-6, text->size * scale);
             const double grown = text->size * std::clamp(factor, 1.0, kMost);
             text->at.y += (grown - text->size) * kHalfHeight;
             text->size = grown;
+            const Bounds box = BoundsOf(*text);
+            const double room = drawing.width - kEdge;
+            text->at.x += std::max(0.0, kEdge - box.left) - std::max(0.0, box.right - room);
         }
     }
 }

@@ -1,0 +1,101 @@
+#include "ui/desktop.h"
+
+#include "sections/load_library.h"
+#include "ui/theme.h"
+
+#include <QAction>
+#include <QApplication>
+
+namespace kestrum {
+
+namespace {
+
+QStringList& Complaints()
+{
+    static QStringList complaints;
+    return complaints;
+}
+
+// The offscreen platform cannot raise windows and says so; that is no fault of the program.
+void Collect(QtMsgType, const QMessageLogContext&, const QString& text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support"))) {
+        Complaints() << text;
+    }
+}
+
+}  // namespace
+
+Desktop::Desktop(bool decimalcomma, std::string commandline)
+    : store(folder.filePath(QStringLiteral("settings.ini"))),
+      session(Tables(), script, decimalcomma), desk{session, store, "/nowhere/"},
+      window(std::make_unique<MainWindow>(desk))
+{
+    window->Start(commandline);
+    window->show();
+    window->activateWindow();
+    Settle();
+}
+
+const Library& Desktop::Tables()
+{
+    static const Library library = LoadLibrary(std::string(KESTRUM_SHARE));
+    return library;
+}
+
+void Desktop::Settle()
+{
+    for (int i = 0; i < 4; ++i) {
+        QApplication::processEvents();
+    }
+}
+
+void Desktop::Click(const QString& name, QWidget* in)
+{
+    Find<QAbstractButton>(name, in).click();
+    Settle();
+}
+
+void Desktop::Choose(const QString& list, int index, QWidget* in)
+{
+    Find<QComboBox>(list, in).setCurrentIndex(index);
+    Settle();
+}
+
+void Desktop::Type(QWidget& box, const QString& text)
+{
+    box.window()->activateWindow();
+    Settle();
+    box.setFocus(Qt::TabFocusReason);
+    Settle();
+    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keyClicks(&box, text);
+    QTest::keyClick(&box, Qt::Key_Tab);
+    Settle();
+}
+
+void Desktop::Menu(const QString& action)
+{
+    Find<QAction>(action).trigger();
+    Settle();
+}
+
+QStringList TakeComplaints()
+{
+    QStringList taken;
+    taken.swap(Complaints());
+    return taken;
+}
+
+}  // namespace kestrum
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleMock(&argc, argv);
+    qInstallMessageHandler(kestrum::Collect);
+    QApplication application(argc, argv);
+    kestrum::UseTheme(application, false);
+    const int result = RUN_ALL_TESTS();
+    return result;
+}

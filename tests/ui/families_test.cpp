@@ -1,0 +1,143 @@
+// Every family in turn: its button and menu entry, its form, every input of it.
+
+#include "ui/desktop.h"
+
+#include "app/view_section.h"
+#include "sections/family_table.h"
+#include "ui/text.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+
+namespace kestrum {
+
+class FamilyForms : public Desktop {
+public:
+    // The widgets of a kind that the user can reach.
+    template <class T> static std::vector<T*> Reachable(QWidget* in)
+    {
+        std::vector<T*> found;
+        for (T* const widget : in->findChildren<T*>()) {
+            if (widget->isVisible() && widget->isEnabled() && !widget->objectName().isEmpty()) {
+                found.push_back(widget);
+            }
+        }
+        return found;
+    }
+};
+
+TEST_F(FamilyForms, ButtonAndMenuEntryChooseTheFamilyAndShowItsForm)
+{
+    for (const FamilyInfo& family : Families()) {
+        SCOPED_TRACE(family.id);
+        Click(ToQt(family.form) + QLatin1Char('i'));
+        EXPECT_EQ(state().family, family.id);
+        auto& form = Find<Form>(ToQt(family.form));
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_TRUE(Find<QAbstractButton>(ToQt(family.form) + QLatin1Char('i')).isChecked());
+        form.close();
+        EXPECT_EQ(state().family, family.id);  // stays chosen
+
+        session.edit().family = 1;
+        Menu(ToQt(family.menu));
+        EXPECT_EQ(state().family, family.id);
+        EXPECT_TRUE(form.isVisible());
+        form.close();
+    }
+    EXPECT_EQ(TakeComplaints(), QStringList());
+}
+
+TEST_F(FamilyForms, EveryInputOfEveryFormCanBeChanged)
+{
+    session.edit().nload[1] = 1;  // kN: no section is too slender for it
+    for (const FamilyInfo& family : Families()) {
+        SCOPED_TRACE(family.id);
+        Click(ToQt(family.form) + QLatin1Char('i'));
+        auto& form = Find<Form>(ToQt(family.form));
+        for (BoxEdit* const box : Reachable<BoxEdit>(&form)) {
+            const ProjectState before = state();
+            const QString typed = QString::number(box->text().toDouble() * 1.05, 'g', 6);
+            script.warnings.clear();
+            Type(*box, typed);
+            EXPECT_FALSE(state() == before) << box->objectName().toStdString();
+            EXPECT_TRUE(script.warnings.empty()) << script.warnings.front();
+        }
+        for (QListWidget* const list : Reachable<QListWidget>(&form)) {
+            for (const int row : {0, list->count() - 1, list->count() / 2}) {
+                list->setCurrentRow(row);
+                const Table table = TableOf(state());
+                EXPECT_EQ(state().row[static_cast<std::size_t>(table)], row);
+                EXPECT_EQ(FromQt(list->currentItem()->text()), RowName(Tables(), table, row));
+            }
+        }
+        for (QRadioButton* const option : Reachable<QRadioButton>(&form)) {
+            option->click();
+            EXPECT_TRUE(option->isChecked()) << option->objectName().toStdString();
+        }
+        EXPECT_FALSE(session.failed());
+        for (const ShownValue& value : SectionProperties(state())) {
+            EXPECT_EQ(FromQt(Find<QLabel>(ToQt(value.id), &form).text()), value.value);
+        }
+        for (const ShownValue& value : SectionCapacities(state())) {
+            EXPECT_EQ(FromQt(Find<QLabel>(ToQt(value.id), &form).text()), value.value);
+        }
+        EXPECT_EQ(FromQt(Find<QLabel>(QStringLiteral("osectionclass"), &form).text()),
+                  SectionClassText(state()));
+        form.close();
+    }
+    EXPECT_EQ(TakeComplaints(), QStringList());
+}
+
+TEST_F(FamilyForms, SeriesChangesTheListOfBritishProfiles)
+{
+    Click(QStringLiteral("p101i"));
+    auto& list = Find<QListWidget>(QStringLiteral("lstp101"));
+    EXPECT_EQ(list.count(), 81);
+    Click(QStringLiteral("prof2"), &Find<Form>(QStringLiteral("p101")));
+    EXPECT_EQ(state().series101, 2);
+    EXPECT_EQ(list.count(), 31);
+    EXPECT_TRUE(list.item(0)->text().startsWith(QStringLiteral("UC ")));
+}
+
+TEST_F(FamilyForms, AxesOfRectangularSectionsAreExchanged)
+{
+    Click(QStringLiteral("p07i"));
+    const float h = state().h, b = state().b;
+    ASSERT_NE(h, b);
+    Click(QStringLiteral("cbuttbucklingy"), &Find<Form>(QStringLiteral("p07")));
+    EXPECT_EQ(state().h, b);
+    EXPECT_EQ(state().b, h);
+}
+
+TEST_F(FamilyForms, TubeWarnsInClassFour)
+{
+    Click(QStringLiteral("p31i"));
+    auto& form = Find<Form>(QStringLiteral("p31"));
+    Type(Find<BoxEdit>(QStringLiteral("istd"), &form), QStringLiteral("800"));
+    Type(Find<BoxEdit>(QStringLiteral("isttw"), &form), QStringLiteral("3"));
+    EXPECT_EQ(Find<QLabel>(QStringLiteral("LblWarning"), &form).text(),
+              QStringLiteral("Note: Local buckling not taken into account (Section Class 4)"));
+}
+
+TEST_F(FamilyForms, FormOfAnotherFamilyCloses)
+{
+    Click(QStringLiteral("p01i"));
+    Click(QStringLiteral("p21i"));
+    EXPECT_FALSE(Find<Form>(QStringLiteral("p01")).isVisible());
+    EXPECT_TRUE(Find<Form>(QStringLiteral("p21")).isVisible());
+}
+
+TEST_F(FamilyForms, OverhangOfTheBoxFollowsANarrowFlange)
+{
+    Click(QStringLiteral("p27i"));
+    auto& form = Find<Form>(QStringLiteral("p27"));
+    Type(Find<BoxEdit>(QStringLiteral("istb1"), &form), QStringLiteral("20"));
+    EXPECT_THAT(script.warnings, testing::Contains(" c adjusted "));
+    EXPECT_LE(state().p27.istc, 10.0F);
+    EXPECT_EQ(Find<BoxEdit>(QStringLiteral("istc"), &form).text().toFloat(), state().p27.istc);
+}
+
+}  // namespace kestrum

@@ -1,0 +1,285 @@
+// The program from its start to a saved project: title, files, recent files, reports, manuals.
+
+#include "ui/desktop.h"
+
+#include "app/file_commands.h"
+#include "app/view_panel.h"
+#include "core/project_file.h"
+#include "render/export.h"
+#include "report/diagrams.h"
+#include "sections/family_table.h"
+#include "ui/result_panel.h"
+#include "ui/text.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QDropEvent>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMimeData>
+#include <QRadioButton>
+#include <QUrl>
+
+namespace kestrum {
+
+namespace {
+
+// A project file with a member of 7.5 m, IPE.
+QString WriteSample(const QTemporaryDir& folder)
+{
+    Script script;
+    Session session(Desktop::Tables(), script, false);
+    session.edit().l = 7.5F;
+    session.edit().family = 4;
+    session.edit().projname = "Sample";
+    const QString path = folder.filePath(QStringLiteral("a b.kst"));
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly)) {
+        file.write(QByteArray::fromStdString(WriteProject(session.edit())));
+    }
+    return path;
+}
+
+}  // namespace
+
+class Program : public Desktop {
+public:
+    QString Path(const QString& name) { return folder.filePath(name); }
+};
+
+TEST_F(Program, StartsWithACalculatedDefaultMember)
+{
+    EXPECT_EQ(state().family, 1);
+    EXPECT_EQ(Find<QLineEdit>(QStringLiteral("il")).text(), QStringLiteral("5.000"));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Kestrum EC3: New File"));
+    EXPECT_TRUE(LargestUtilisation(session.shown()).has_value());
+    EXPECT_FALSE(Find<QLabel>(QStringLiteral("txtError")).isVisible());
+    EXPECT_TRUE(Find<ResultPanel>(QStringLiteral("pic_result"))
+                    .accessibleDescription()
+                    .contains(QStringLiteral("SECTION CONTROL:")));
+    EXPECT_EQ(TakeComplaints(), QStringList());
+}
+
+TEST_F(Program, QuotedPathOfTheCommandLineIsOpened)
+{
+    const QString path = WriteSample(folder);
+    MainWindow other(desk);
+    other.Start('"' + FromQt(path) + '"');
+    EXPECT_EQ(state().l, 7.5F);
+    EXPECT_EQ(state().family, 4);
+    EXPECT_EQ(other.windowTitle(), QStringLiteral("Kestrum EC3: ") + path);
+    EXPECT_EQ(other.findChild<QAction*>(QStringLiteral("mnurecentfile1"))->text(),
+              QStringLiteral("&1. ") + path);
+    EXPECT_FALSE(session.failed());
+}
+
+TEST_F(Program, MissingFileOfTheCommandLineLeavesTheDefaults)
+{
+    MainWindow other(desk);
+    other.Start("\"" + FromQt(Path(QStringLiteral("none.kst"))) + "\"");
+    EXPECT_EQ(state().l, 5.0F);
+    EXPECT_EQ(script.warnings.size(), 1U);
+}
+
+TEST_F(Program, RecentFilesAreListedAndOpenAgain)
+{
+    const QString path = WriteSample(folder);
+    script.openpath = FromQt(path);
+    window->OpenForm("Loading");
+    Menu(QStringLiteral("mnuopen"));
+    EXPECT_FALSE(Find<Form>(QStringLiteral("Loading")).isVisible());  // forms close
+    EXPECT_EQ(store.Get("RecentFile1"), FromQt(path));
+    Menu(QStringLiteral("mnunew"));
+    EXPECT_EQ(script.questions, std::vector<std::string>{std::string(kAskToSave)});
+    EXPECT_EQ(state().l, 5.0F);
+    auto& recent = Find<QAction>(QStringLiteral("mnurecentfile1"));
+    EXPECT_TRUE(recent.isVisible());
+    EXPECT_FALSE(Find<QAction>(QStringLiteral("mnurecentfile2")).isVisible());
+    recent.trigger();
+    EXPECT_EQ(state().l, 7.5F);
+}
+
+TEST_F(Program, DroppedProjectIsOpened)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(WriteSample(folder))});
+    QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &drop);
+    EXPECT_EQ(state().l, 7.5F);
+}
+
+TEST_F(Program, BrokenFileAndFailedSaveAreTold)
+{
+    QFile broken(Path(QStringLiteral("broken.kst")));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("131\r\n\"EU\"\r\nnonsense\r\n");
+    broken.close();
+    script.openpath = FromQt(broken.fileName());
+    Menu(QStringLiteral("mnuopen"));
+    EXPECT_EQ(script.warnings.size(), 1U);
+    script.savepath = FromQt(Path(QStringLiteral("no folder/x.kst")));
+    Menu(QStringLiteral("mnusaveas"));
+    EXPECT_EQ(script.warnings.size(), 2U);
+}
+
+TEST_F(Program, MenuTakesWhatIsBeingTyped)
+{
+    auto& box = Find<BoxEdit>(QStringLiteral("il"));
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClicks(&box, QStringLiteral("6.25"));
+    script.savepath = FromQt(Path(QStringLiteral("typed.kst")));
+    Menu(QStringLiteral("mnusave"));
+    EXPECT_EQ(state().l, 6.25F);
+    EXPECT_TRUE(QFile::exists(Path(QStringLiteral("typed.kst"))));
+}
+
+TEST_F(Program, PrintsWhatTheFamilyHas)
+{
+    Menu(QStringLiteral("mnuprint0"));
+    Menu(QStringLiteral("mnuprint11"));
+    EXPECT_EQ(script.printed.size(), 2U);
+    Menu(QStringLiteral("mnuprint2"));
+    EXPECT_EQ(script.printed.size(), 2U);
+    EXPECT_THAT(script.warnings, testing::ElementsAre("Only valid for boxes and tubes"));
+    session.edit().family = 7;
+    session.Calculate();
+    Menu(QStringLiteral("mnuprint22"));
+    EXPECT_EQ(script.printed.size(), 3U);
+}
+
+TEST_F(Program, ManualsOpenOrAreToldMissing)
+{
+    Menu(QStringLiteral("mnuTheory"));
+    EXPECT_THAT(script.opened, testing::ElementsAre("/nowhere/Kestrum EC3 Theory Manual.pdf"));
+    script.opens = false;
+    Menu(QStringLiteral("mnuUpdate"));
+    ASSERT_EQ(script.warnings.size(), 1U);
+    EXPECT_THAT(script.warnings.front(), testing::EndsWith("the manual is not installed"));
+}
+
+TEST_F(Program, ErrorShowsOverTheLastGoodPanelAndGoes)
+{
+    auto& error = Find<QLabel>(QStringLiteral("txtError"));
+    auto& panel = Find<ResultPanel>(QStringLiteral("pic_result"));
+    const QString before = panel.accessibleDescription();
+    session.edit().nload[1] = 1e6F;  // far above every critical force
+    session.Calculate();
+    EXPECT_TRUE(error.isVisible());
+    EXPECT_EQ(panel.accessibleDescription(), before);
+    session.edit().nload[1] = 50;
+    session.Calculate();
+    EXPECT_FALSE(error.isVisible());
+    EXPECT_NE(panel.accessibleDescription(), before);
+}
+
+TEST_F(Program, DiagramReadsOutAndOpensTheLoads)
+{
+    auto& picture = Find<Picture>(QStringLiteral("PicMy"));
+    auto& readout = Find<QLabel>(QStringLiteral("hoverz"));
+    picture.hovered({16, 10});
+    EXPECT_EQ(FromQt(readout.text()), HoverText(session.shown(), LoadAxis::z, 16));
+    EXPECT_TRUE(readout.text().startsWith(QStringLiteral(" x = 0.000 m")));
+    picture.hovered({90, 10});
+    EXPECT_TRUE(readout.text().isEmpty());
+    QTest::mouseClick(&picture, Qt::LeftButton);
+    EXPECT_TRUE(Find<Form>(QStringLiteral("Loading")).isVisible());
+    session.edit().loadmode = 0;
+    session.Calculate();
+    QTest::mouseClick(&Find<Picture>(QStringLiteral("PicLoadY")), Qt::LeftButton);
+    EXPECT_TRUE(Find<Form>(QStringLiteral("endforce")).isVisible());
+}
+
+TEST_F(Program, MainWindowChoicesReachTheProject)
+{
+    for (int i = 0; i < 6; ++i) {
+        Click(QStringLiteral("cbutt%1").arg(i));
+        EXPECT_EQ(state().supportcase, i);
+    }
+    Choose(QStringLiteral("cbobcy"), 3);
+    EXPECT_EQ(state().bcy, 3);
+    EXPECT_EQ(Find<QLabel>(QStringLiteral("obcy")).text(), QStringLiteral("b"));
+    auto& lateral = Find<QCheckBox>(QStringLiteral("ch_vipp"));
+    lateral.click();
+    EXPECT_EQ(state().ltb, lateral.isChecked() ? 1 : 0);
+    auto& sls = Find<QCheckBox>(QStringLiteral("CheckSLS"));
+    const bool shown = sls.isChecked();
+    sls.click();
+    EXPECT_EQ(state().checksls, shown ? kFalse : kTrue);
+    Find<QLineEdit>(QStringLiteral("iproj")).setFocus();
+    QTest::keyClicks(&Find<QLineEdit>(QStringLiteral("iproj")), QStringLiteral("Hall 7"));
+    EXPECT_EQ(state().projname, "Hall 7");
+}
+
+TEST_F(Program, WorksThroughAWholeProject)
+{
+    session.edit().nload[1] = 5;
+    for (const FamilyInfo& family : Families()) {
+        SCOPED_TRACE(family.id);
+        Click(ToQt(family.form) + QLatin1Char('i'));
+        for (const char* const form : {"setup", "Loading", "endstiff", "bucklingy", "bucklingz",
+                                       "chpoints", "vipping", "detailedresult"}) {
+            ASSERT_NE(window->OpenForm(form), nullptr);
+        }
+        Type(Find<BoxEdit>(QStringLiteral("iq_1"), window->OpenForm("Loading")),
+             QString::number(3 + family.id % 5));
+        for (int report = 0; report < 2; ++report) {
+            Menu(QStringLiteral("mnuprint%1").arg(report));
+        }
+        EXPECT_FALSE(session.failed());
+        window->CloseForms();
+    }
+    ASSERT_EQ(script.printed.size(), 2 * Families().size());
+    const std::string pdf = FromQt(Path(QStringLiteral("report.pdf")));
+    EXPECT_EQ(WritePdf(script.printed.front(), 1, pdf), "");
+    EXPECT_TRUE(QFile::exists(ToQt(pdf)));
+
+    Click(QStringLiteral("p22i"));
+    script.savepath = FromQt(Path(QStringLiteral("whole.kst")));
+    Menu(QStringLiteral("mnusave"));
+    const ProjectState saved = state();
+    Menu(QStringLiteral("mnunew"));
+    EXPECT_FALSE(state() == saved);
+    script.openpath = script.savepath;
+    Menu(QStringLiteral("mnuopen"));
+    EXPECT_EQ(WriteProject(session.edit()), [&] {
+        ProjectState copy = saved;
+        return WriteProject(copy);
+    }());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_THAT(script.warnings, testing::Each(testing::StartsWith("The page has no room for")));
+    EXPECT_EQ(TakeComplaints(), QStringList());
+}
+
+TEST_F(Program, RemembersItsSize)
+{
+    window->resize(1400, 900);
+    Settle();
+    window->close();
+    MainWindow other(desk);
+    EXPECT_EQ(other.size(), QSize(1400, 900));
+}
+
+class CommaProgram : public Desktop {
+public:
+    CommaProgram() : Desktop(true) {}
+};
+
+TEST_F(CommaProgram, ShowsAndTakesCommasInBoxes)
+{
+    auto& box = Find<BoxEdit>(QStringLiteral("il"));
+    EXPECT_EQ(box.text(), QStringLiteral("5,000"));
+    Type(box, QStringLiteral("0,05"));
+    EXPECT_EQ(state().l, 0.05F);
+    Type(box, QStringLiteral("4.5"));
+    EXPECT_EQ(state().l, 4.5F);
+    Type(box, QStringLiteral("4,5 m"));
+    EXPECT_THAT(script.warnings, testing::Contains("Input string mismatch "));
+    EXPECT_EQ(QApplication::focusWidget(), &box);
+    EXPECT_EQ(state().l, 4.5F);
+}
+
+}  // namespace kestrum
