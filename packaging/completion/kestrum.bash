@@ -2,7 +2,7 @@
 _kestrum()
 {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]} command= word
-    local commands='check dump new set sections vortex diagram table report'
+    local commands='check dump new set sections vortex diagram table report batch'
     COMPREPLY=()
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case " $commands " in *" $word "*) command=$word; break ;; esac
@@ -19,7 +19,8 @@ _kestrum()
         local options='--help'
         case $command in
         '') options+=' --version --data --setup' ;;
-        check) options+=' --loadcase --format --json' ;;
+        check) options+=' --loadcase --notes --format --json' ;;
+        batch) options+=' --output --base --fields --jobs --resume --raw --json --quiet' ;;
         dump) options+=' --inputs' ;;
         new) options+=' --output --family --set --raw' ;;
         set) options+=' --output --raw' ;;
@@ -38,6 +39,7 @@ _kestrum()
             else
                 COMPREPLY=($(compgen -f -X '!*.kst' -- "$cur") $(compgen -d -- "$cur"))
             fi ;;
+    batch) COMPREPLY=($(compgen -f -- "$cur")) ;;
     *) COMPREPLY=($(compgen -f -X '!*.kst' -- "$cur") $(compgen -d -- "$cur")) ;;
     esac
 }

@@ -1,5 +1,5 @@
 # fish completion for kestrum
-set -l commands check dump new set sections vortex diagram table report
+set -l commands check dump new set sections vortex diagram table report batch
 function __kestrum_families
     kestrum sections --format csv 2>/dev/null | tail -n +2 | string replace -a '"' '' | string replace -r ',[^,]*,' \t
 end
@@ -17,10 +17,18 @@ complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a vortex -d 
 complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a diagram -d 'Draw the diagrams'
 complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a table -d 'Print the intermediate values'
 complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a report -d 'Write a printed report'
+complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a batch -d 'Calculate many members'
+complete -c kestrum -n '__fish_seen_subcommand_from batch' -F
+complete -c kestrum -n '__fish_seen_subcommand_from batch' -l base -rF
+complete -c kestrum -n '__fish_seen_subcommand_from batch' -l fields -x -d 'Columns'
+complete -c kestrum -n '__fish_seen_subcommand_from batch' -l jobs -x -d 'Threads'
+complete -c kestrum -n '__fish_seen_subcommand_from batch' -l resume
+complete -c kestrum -n '__fish_seen_subcommand_from batch' -l quiet
 complete -c kestrum -n '__fish_seen_subcommand_from check dump set vortex diagram table report' -a '(__fish_complete_suffix .kst)'
 complete -c kestrum -n '__fish_seen_subcommand_from report' -a 'control section vortex'
 complete -c kestrum -n '__fish_seen_subcommand_from sections' -a '(__kestrum_families)'
 complete -c kestrum -n '__fish_seen_subcommand_from check' -l loadcase -d 'Governing load case'
+complete -c kestrum -n '__fish_seen_subcommand_from check' -l notes -d 'Notes on deviations'
 complete -c kestrum -n '__fish_seen_subcommand_from check sections' -l format -x -a 'text json csv'
 complete -c kestrum -n '__fish_seen_subcommand_from vortex' -l format -x -a 'text json'
 complete -c kestrum -n '__fish_seen_subcommand_from check sections vortex' -l json
