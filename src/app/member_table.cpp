@@ -326,6 +326,9 @@ std::string MemberColumns::TakeHeader(std::string_view line)
     if (line.starts_with("\xEF\xBB\xBF")) {
         line.remove_prefix(3);
     }
+    if (Trimmed(line).empty()) {
+        return "expected the names of the columns";
+    }
     separator_ = SeparatorOf(line);
     CellReader cells(line, separator_);
     while (cells.Next()) {
