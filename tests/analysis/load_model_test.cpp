@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace kestrum::test {
 namespace {
 
@@ -106,6 +108,19 @@ TEST(ValidateLoads, TrapezoidsAreCutEmptiedOrRefused)
             EXPECT_EQ(s.qtx1[row], c.rx1);
             EXPECT_EQ(s.qtx2[row], c.rx2);
         }
+    }
+}
+
+TEST(CheckLoadPositions, ATriangleOfEitherSignHasOneSign)
+{
+    for (const auto& [q1, q2] :
+         {std::pair{0.0f, -5.0f}, {-5.0f, 0.0f}, {0.0f, 5.0f}, {5.0f, 0.0f}}) {
+        ProjectState s{};
+        s.l = 6;
+        s.qt1[1] = q1;
+        s.qt2[1] = q2;
+        s.qtx2[1] = 6;
+        EXPECT_TRUE(CheckLoadPositions(s).ok) << q1 << " to " << q2;
     }
 }
 
