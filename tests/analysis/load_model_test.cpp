@@ -84,6 +84,8 @@ const TrapezoidCase kTrapezoids[] = {
     {"minus to plus", -5, 5, 1, 3, -5, 5, 1, 3,
      " Trapezoidal load: One positive and one negative value "},
     {"backwards", 3, 4, 2, 1, 3, 4, 2, 1, " x1 < x2 "},
+    {"rising backwards", 0, 4, 2, 1, 0, 4, 2, 1, " x1 < x2 "},
+    {"falling backwards", 4, 0, 2, 1, 4, 0, 2, 1, " x1 < x2 "},
     {"of no length", 3, 4, 2, 2, 3, 4, 2, 2, " x1 < x2 "},
     {"backwards from beyond", 3, 4, 6, 2, 3, 4, 5, 2, " x1 < x2 "},
 };
