@@ -45,11 +45,14 @@ i16 ClassY(ProjectState& s, float n, float m)
     return ClassWelded(s, n, s.mysigned > 0 ? m : -m);
 }
 
-// The worse of the two flanges.
+// The worse of the two flanges, which is also the one that classflange tells of.
 i16 ClassZ(ProjectState& s, float n, float m)
 {
-    return std::max(CalcClassZ(s, n, m, s.ctop, s.ttop, s.btop),
-                    CalcClassZ(s, n, m, s.cbot, s.tbot, s.bbot));
+    const i16 top = CalcClassZ(s, n, m, s.ctop, s.ttop, s.btop);
+    const i16 topflange = s.classflange;
+    const i16 bottom = CalcClassZ(s, n, m, s.cbot, s.tbot, s.bbot);
+    s.classflange = std::max(topflange, s.classflange);
+    return std::max(top, bottom);
 }
 
 void ReduceMySingleI(ProjectState& s)

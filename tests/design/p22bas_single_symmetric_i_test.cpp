@@ -54,7 +54,8 @@ TEST(SingleSymmetricI, DefaultClassesAndResistances)
     EXPECT_NEAR(s.avy, 8000 + 4000, 1e-6);
     EXPECT_NEAR(s.vyrd, 12000 * 0.355 / std::sqrt(3.0), 0.01);
     EXPECT_NEAR(s.vcyrd, s.vyrd / 1.5, 1e-6);
-    EXPECT_EQ(s.classmz, 3);  // 188/20 = 9.4: above 10*0.8136
+    EXPECT_EQ(s.classmz, 3);      // 188/20 = 9.4: above 10*0.8136
+    EXPECT_EQ(s.classflange, 3);  // of the worse flange, whichever the compiler looks at first
 }
 
 TEST(SingleSymmetricI, ModulusOfTheSignFollowsTheClass)
