@@ -55,10 +55,17 @@ void BoxEdit::Refresh()
     }
 }
 
+QString BoxEdit::ValueText() const
+{
+    return ToQt(ForLocale(BoxText(session_.state(), box_, row_), session_.decimalcomma()));
+}
+
 void BoxEdit::ShowValue()
 {
-    const QString shown =
-        ToQt(ForLocale(BoxText(session_.state(), box_, row_), session_.decimalcomma()));
+    const QString shown = ValueText();
+    if (refused_ && !leaving_ && shown == unread_) {
+        return;
+    }
     if (text() != shown) {
         const bool selected = hasFocus();
         setText(shown);
@@ -82,7 +89,10 @@ bool BoxEdit::Leave()
     leaving_ = true;
     const Outcome outcome = session_.CommitBox(box_, row_, FromQt(text()));
     refused_ = !outcome.taken;
-    if (outcome.message != kMismatch) {
+    unread_.clear();
+    if (outcome.message == kMismatch) {
+        unread_ = ValueText();
+    } else {
         ShowValue();
     }
     setModified(false);

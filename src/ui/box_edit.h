@@ -42,6 +42,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QString ValueText() const;
     void ShowValue();
     void TakeFocusBack();
     QWidget* NextBox() const;
@@ -50,6 +51,7 @@ private:
     const Box& box_;
     int row_;
     bool refused_ = false;
+    QString unread_;  // value behind a text that is no number and stays to be corrected
     bool leaving_ = false;
 };
 

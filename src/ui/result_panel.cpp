@@ -172,8 +172,12 @@ void ResultPanel::paintEvent(QPaintEvent*)
                               : blocks_.back().back().y + 1.6 + 2 * kBlockGap;
     double size =
         std::floor(std::clamp((height() - 4.0) / (lowest * kLineStep), kSmallest, kLargest));
-    while (size > kSmallest && run(size, nullptr) > inner) {
-        size -= kSizeStep;
+    // Widths grow with the size: one estimate, then small steps.
+    if (const double widest = run(size, nullptr); widest > inner) {
+        size = std::max(kSmallest, size * inner / widest);
+        while (size > kSmallest && run(size, nullptr) > inner) {
+            size -= kSizeStep;
+        }
     }
     painter.translate(kMargin, 2);
     run(size, &painter);

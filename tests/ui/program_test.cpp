@@ -106,6 +106,9 @@ TEST_F(Program, DroppedProjectIsOpened)
 {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(WriteSample(folder))});
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window.get(), &drop);
     EXPECT_EQ(state().l, 7.5F);
@@ -210,6 +213,7 @@ TEST_F(Program, MainWindowChoicesReachTheProject)
     sls.click();
     EXPECT_EQ(state().checksls, shown ? kFalse : kTrue);
     Find<QLineEdit>(QStringLiteral("iproj")).setFocus();
+    Find<QLineEdit>(QStringLiteral("iproj")).selectAll();
     QTest::keyClicks(&Find<QLineEdit>(QStringLiteral("iproj")), QStringLiteral("Hall 7"));
     EXPECT_EQ(state().projname, "Hall 7");
 }
