@@ -4,3 +4,4 @@ if(NOT TARGET gtest)
     add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 endif()
 set(GTest_FOUND TRUE)
+include_directories(SYSTEM ${CMAKE_BINARY_DIR}/include)  # nlohmann-json, see CLI11Config.cmake
