@@ -34,6 +34,26 @@ TEST(Angle, ChecksTheWeakAxisInPureCompression)
     EXPECT_EQ(Calculation(s.yline), "{F}/{F}");
 }
 
+// The limit itself is no overload, on either principal axis.
+TEST(Angle, MayCarryItsCriticalForce)
+{
+    ProjectState s = members::Angle100();
+    s.ned = 100;
+    BucklingControlAngle(s);
+    s.ned = s.ncrv;
+    BucklingControlAngle(s);
+    EXPECT_EQ(s.errorflag, 0);
+    s.lz = 0.1f;  // now u has the lower force
+    BucklingControlAngle(s);
+    ASSERT_LT(s.ncru, s.ncrv);
+    s.ned = s.ncru;
+    BucklingControlAngle(s);
+    EXPECT_EQ(s.errorflag, 0);
+    s.ned = std::nextafter(s.ncru, 1e9);
+    BucklingControlAngle(s);
+    EXPECT_EQ(s.errorflag, -1);
+}
+
 TEST(Angle, WritesTheInteractionRows)
 {
     for (const i16 method : kMethods) {
