@@ -142,7 +142,6 @@ Form* MainWindow::OpenForm(std::string_view name)
         form->resize(form->sizeHint().boundedTo(screen()->availableSize()));
     }
     form->show();
-    form->raise();
     form->activateWindow();
     return form;
 }
