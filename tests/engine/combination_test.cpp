@@ -89,7 +89,7 @@ TEST(Eq610ab, BucklingDecidesAgainstTheSection)
     loads.ntype[1] = kPermanent;
     loads.nload[1] = 500;
     loads.qtype[1] = kVariable1;
-    loads.qload[1] = 6;
+    loads.qload[1] = 3;
     const ProjectState a = With(loads, kEq610a), b = With(loads, kEq610b);
     EXPECT_GT(b.irsection, a.irsection);
     EXPECT_GT(a.maxirbuckling, b.maxirbuckling);
