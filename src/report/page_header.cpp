@@ -68,16 +68,15 @@ std::string PlateText(const Library& library, const ProjectState& s)
 
 std::string FileText(std::string_view filename)
 {
-    if (CharacterCount(filename) <= kFileCharacters) {
-        return std::string(filename);
-    }
-    return std::string(filename.substr(filename.find_last_of("/\\") + 1));
+    const bool fits = CharacterCount(filename) <= kFileCharacters &&
+                      TextWidth(filename, kPageText) <= kPageRight - kRightValue;
+    return std::string(fits ? filename : filename.substr(filename.find_last_of("/\\") + 1));
 }
 
 void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp,
                 std::string_view title)
 {
-    constexpr double kGap = 2;
+    constexpr double kGap = 2, kWord = 0.8;
     const double left_end = kRightColumn - kGap;
     page.MoveTo(kPageTop + kLargeText);
     page.Write(kPageLeft, kProgram, {.bold = true, .size = kLargeText});
@@ -97,10 +96,10 @@ void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp
     page.Write(kRightValue, FileText(s.filename));
     page.Row(1.2);
     const double project = page.Write(kPageLeft, "Project: ", {.bold = true});
-    page.Write(project, FirstCharacters(s.projname, kProjectCharacters), {.bold = true});
+    page.Write(project + kWord, FirstCharacters(s.projname, kProjectCharacters), {.bold = true});
     page.Row();
     const double ident = page.Write(kPageLeft, "Identification: ", {.bold = true});
-    page.Write(ident, FirstCharacters(s.ident, kIdentCharacters), {.bold = true});
+    page.Write(ident + kWord, FirstCharacters(s.ident, kIdentCharacters), {.bold = true});
     page.Rule();
     page.Row(2);
 }

@@ -321,6 +321,8 @@ TEST(Pages, FileNameKeepsItsFolderUpTo40Characters)
     EXPECT_EQ(FileText(forty), forty);
     EXPECT_EQ(FileText("/x" + forty), std::string(28, 'f') + ".kst");
     EXPECT_EQ(FileText("C:\\Projects\\A hall far away in the north\\b.kst"), "b.kst");
+    EXPECT_EQ(FileText("/home/meyer/jobs/WWWWWWWW/hall_mmmm.kst"),
+              "hall_mmmm.kst");  // 39 characters, too wide
 }
 
 TEST(Pages, WhatTheHeadCannotHoldIsTold)
