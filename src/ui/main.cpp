@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileOpenEvent>
+#include <QIcon>
 #include <QLocale>
 
 namespace {
@@ -41,6 +42,9 @@ int main(int argc, char** argv)
     Application application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Kestrum EC3"));
     QCoreApplication::setApplicationVersion(QStringLiteral("1.3.1"));
+    // The desktop entry and the icon that the package installs under this name.
+    QGuiApplication::setDesktopFileName(QStringLiteral("kestrum-ec3"));
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("kestrum-ec3")));
     QtSettings settings;
     UseTheme(application, StartsDark(settings.settings()));
 

@@ -202,6 +202,8 @@ void MainWindow::BuildHelpMenu(QMenu* menu)
               [this] { OpenManual(QStringLiteral("Kestrum EC3 Update Information.pdf")); });
     AddAction(menu, QStringLiteral("mnuTheory"), tr("&Theory Manual"), QKeySequence::HelpContents,
               [this] { OpenManual(QStringLiteral("Kestrum EC3 Theory Manual.pdf")); });
+    AddAction(menu, QStringLiteral("mnuGuide"), tr("User &Guide"), {},
+              [this] { OpenManual(QStringLiteral("guide/index.html")); });
     menu->addSeparator();
     AddAction(menu, QStringLiteral("mnuInfo"), tr("&Information about the program"), {},
               [this] { OpenForm("InfoKESTRUM"); });

@@ -157,7 +157,9 @@ TEST_F(Program, PrintsWhatTheFamilyHas)
 TEST_F(Program, ManualsOpenOrAreToldMissing)
 {
     Menu(QStringLiteral("mnuTheory"));
-    EXPECT_THAT(script.opened, testing::ElementsAre("/nowhere/Kestrum EC3 Theory Manual.pdf"));
+    Menu(QStringLiteral("mnuGuide"));
+    EXPECT_THAT(script.opened, testing::ElementsAre("/nowhere/Kestrum EC3 Theory Manual.pdf",
+                                                    "/nowhere/guide/index.html"));
     script.opens = false;
     Menu(QStringLiteral("mnuUpdate"));
     ASSERT_EQ(script.warnings.size(), 1U);
