@@ -6,6 +6,7 @@
 #include "core/arithmetic_trap.h"
 #include "sections/rolled_i.h"
 #include "support/end_forces.h"
+#include "support/rolled_i.h"
 #include "support/sections.h"
 
 #include <algorithm>
@@ -14,39 +15,6 @@
 
 namespace kestrum {
 namespace {
-
-const double kRoot3 = std::sqrt(3.0);
-
-void Design(ProjectState& s, const EndForces& f)
-{
-    CalcEffectiveI(s);
-    CalcResistanceI(s);
-    SetForces(s, f);
-    ControlRolledI(s);
-}
-
-ProjectState Rolled(int family, const char* key, float fyk)
-{
-    ProjectState s = Chosen(family, key);
-    if (family <= 4) {
-        PropertiesRolledI(Delivered(), s);
-    } else if (family == 15) {
-        PropertiesInp(Delivered(), s);
-    } else {
-        PropertiesBritishI(Delivered(), s);
-    }
-    SetSteel(s, fyk);
-    return s;
-}
-
-ProjectState Welded(float h, float b, float tw, float tf, float fyk)
-{
-    ProjectState s = OfFamily(21);
-    s.p21 = {h, b, tw, tf};
-    PropertiesWeldedI(Delivered(), s);
-    SetSteel(s, fyk);
-    return s;
-}
 
 TEST(CalcMNy, NeedsBothLimitsOfASmallForce)
 {

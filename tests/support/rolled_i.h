@@ -1,0 +1,48 @@
+#pragma once
+
+// I sections for tests of their design: properties from the tables or from plates, then resistances
+// and control.
+
+#include "design/p01bas_rolled_i.h"
+#include "sections/rolled_i.h"
+#include "support/end_forces.h"
+#include "support/sections.h"
+
+#include <cmath>
+
+namespace kestrum {
+
+inline const double kRoot3 = std::sqrt(3.0);
+
+inline void Design(ProjectState& s, const EndForces& f)
+{
+    CalcEffectiveI(s);
+    CalcResistanceI(s);
+    SetForces(s, f);
+    ControlRolledI(s);
+}
+
+inline ProjectState Rolled(int family, const char* key, float fyk)
+{
+    ProjectState s = Chosen(family, key);
+    if (family <= 4) {
+        PropertiesRolledI(Delivered(), s);
+    } else if (family == 15) {
+        PropertiesInp(Delivered(), s);
+    } else {
+        PropertiesBritishI(Delivered(), s);
+    }
+    SetSteel(s, fyk);
+    return s;
+}
+
+inline ProjectState Welded(float h, float b, float tw, float tf, float fyk)
+{
+    ProjectState s = OfFamily(21);
+    s.p21 = {h, b, tw, tf};
+    PropertiesWeldedI(Delivered(), s);
+    SetSteel(s, fyk);
+    return s;
+}
+
+}  // namespace kestrum
