@@ -60,6 +60,23 @@ TEST(ReportPages, ShowTheTextsOfTheProjectAsTheyStandNow)
     EXPECT_TRUE(Shows(pages, "14:05"));
 }
 
+// Support and terrain are chosen without a pass. vm = 25*0.2343*ln(10) = 13.5 m/s in category IV at
+// 10 m, kr = 0.19 (1/0.05)^0.07 = 0.2343; 25.2 m/s in category II.
+TEST(ReportPages, OfVortexSheddingShowSupportAndWindAsTheyStandNow)
+{
+    Program program;
+    ChooseFamily(program.session, 31);
+    ASSERT_TRUE(OpenVortex(program.session));
+    EXPECT_TRUE(Shows(ReportPages(program.session, Report::vortex), "25.2"));
+    ChooseVortexSupport(program.session, 3);
+    ChooseTerrain(program.session, 4);
+    const std::vector<Drawing> pages = ReportPages(program.session, Report::vortex);
+    EXPECT_TRUE(Shows(pages, "cantilever"));
+    EXPECT_TRUE(Shows(pages, "IV"));
+    EXPECT_TRUE(Shows(pages, "13.5"));
+    EXPECT_FALSE(Shows(pages, "25.2"));
+}
+
 TEST(ReportPages, AfterAFailedPassShowTheLastGoodResult)
 {
     Program program;
