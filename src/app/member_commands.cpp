@@ -294,6 +294,7 @@ void ChooseTerrain(Session& session, int terrain)
 void RefreshVortex(Session& session)
 {
     UpdateVortex(session.edit());
+    session.ShowVortex();
     session.changed();
 }
 

@@ -75,6 +75,18 @@ void Session::Calculate()
     }
 }
 
+void Session::ShowVortex()
+{
+    shown_.vortexcase = state_.vortexcase;
+    shown_.terrain = state_.terrain;
+    shown_.vb = state_.vb;
+    shown_.zh = state_.zh;
+    shown_.stb = state_.stb;
+    shown_.st = state_.st;
+    shown_.vcrit = state_.vcrit;
+    shown_.vm = state_.vm;
+}
+
 Outcome Session::CommitBox(const Box& box, int index, std::string_view text)
 {
     const Outcome outcome = Commit(state_, box, index, text, decimalcomma_);

@@ -28,8 +28,10 @@ public:
     ProjectState& edit() { return state_; }
 
     // The state of the last pass that ended well: panel, diagrams and pages are drawn from it.
-    // Before the first one it is the project in hand.
+    // Before the first one it is the project in hand. The vortex control needs no pass: what it
+    // takes from the wind and gives joins by ShowVortex.
     const ProjectState& shown() const { return shown_; }
+    void ShowVortex();
 
     // True while `txtError` is visible: the last pass could not finish and `shown` is an older one.
     bool failed() const { return failed_; }

@@ -25,18 +25,13 @@ void TellMissing(Session& session, const std::vector<std::string>& missing)
     session.surroundings().Warn(text);
 }
 
-// The last good pass with the names and the vortex inputs that the project has now: they change
-// without a pass.
+// The last good pass under the names that the project has now: they change without a pass.
 ProjectState Printed(const Session& session)
 {
     ProjectState s = session.shown();
     s.filename = session.state().filename;
     s.projname = session.state().projname;
     s.ident = session.state().ident;
-    s.vortexcase = session.state().vortexcase;
-    s.terrain = session.state().terrain;
-    s.vb = session.state().vb;
-    s.zh = session.state().zh;
     return s;
 }
 

@@ -1,7 +1,9 @@
 #include "app/member_commands.h"
 
 #include "app/session_fixture.h"
+#include "report/design_notes.h"
 
+#include <algorithm>
 #include <array>
 
 namespace kestrum {
@@ -404,6 +406,27 @@ TEST(Vortex, SupportAndTerrainShowAtOnce)
     ChooseTerrain(program.session, 4);
     EXPECT_LT(program.state().vm, vm);
     EXPECT_EQ(refreshes, 2);
+}
+
+// The notes of a result are read from what is shown.
+TEST(Vortex, NotesActAtOnce)
+{
+    Program program;
+    program.edit().family = 31;
+    program.session.Calculate();
+    const auto noted = [&](std::string_view id) {
+        const std::vector<DesignNote> notes = DesignNotes(program.session.shown());
+        return std::any_of(notes.begin(), notes.end(),
+                           [&](const DesignNote& note) { return note.id == id; });
+    };
+    EXPECT_FALSE(noted("D255"));
+    ASSERT_TRUE(OpenVortex(program.session));  // fixed-pinned
+    EXPECT_TRUE(noted("D255"));
+    EXPECT_FALSE(noted("D254"));
+    ChooseTerrain(program.session, 3);
+    EXPECT_TRUE(noted("D254"));
+    ChooseVortexSupport(program.session, 0);
+    EXPECT_FALSE(noted("D255"));
 }
 
 TEST(Vortex, ATerrainThatNoListOffersShowsTheValuesBefore)
