@@ -204,16 +204,21 @@ double UtilisationOf(ProjectState& s, const LoadTable& table, int loadcomb,
     return std::max(s.irsection, s.maxirbuckling);
 }
 
-// Eq 6.10a or 6.10b, whichever uses the member more; a tie gives 6.10b.
+// Eq 6.10a or 6.10b, whichever uses the member more; a tie gives 6.10b. An overload of the flange
+// in 6.10b takes the flange loading (hsqopt) from 6.10a as well.
 void CombineGoverning(ProjectState& s, const LoadTable& table, void (*control)(ProjectState&))
 {
-    const double ir610a = UtilisationOf(s, table, kEq610a, control);
+    double ir610a = UtilisationOf(s, table, kEq610a, control);
     if (s.errorflag != 0) {
         return;
     }
+    const i16 option = s.hsqopt;
     const double ir610b = UtilisationOf(s, table, kEq610b, control);
     if (s.errorflag != 0) {
         return;
+    }
+    if (s.hsqopt != option) {
+        ir610a = UtilisationOf(s, table, kEq610a, control);
     }
     s.governing = ir610a > ir610b ? 1 : 2;
     CombineAndSearch(s, table, s.governing == 1 ? kEq610a : kEq610b);
