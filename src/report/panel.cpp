@@ -48,6 +48,13 @@ std::string CheckPoints(const ProjectState& s)
     return text + (s.cprelative != 0 ? " (L)" : " (m)");
 }
 
+// The load on the bottom flange of a hat beam lowers its moment resistance.
+bool FlangeLoadingCounts(const ProjectState& s)
+{
+    const bool hat = s.family == 24 || s.family == 25;
+    return hat && s.flangefactor > 0 && s.flangefactor < 1;
+}
+
 // Label and calculation of a buckling row of y or z. The signs stand between them, unless the row
 // is a remark without numbers; rows of angles bring the second sign themselves.
 std::string AxisLabel(const RowText& text)
@@ -83,6 +90,12 @@ PanelBlock DrawSectionBlock(const ProjectState& s, double& y, bool page)
         const RowText text = TextOf(row, s.irlimit);
         block.push_back(
             {.y = y, .left = {Plain(text.label + text.calculation)}, .result = Verdict(row, text)});
+        y += kLine;
+    }
+    if (FlangeLoadingCounts(s)) {
+        block.push_back({.y = y,
+                         .left = {Plain("My,Rd takes into account flange loading of " +
+                                        FormatNum(s.flangefactor, "0.00"))}});
         y += kLine;
     }
     return block;

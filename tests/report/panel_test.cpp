@@ -94,6 +94,29 @@ TEST(Panel, CheckPointsStandInTheHeadOfTheirMode)
     EXPECT_FALSE(head.left[1].underline);
 }
 
+TEST(Panel, HatBeamTellsOfTheFlangeLoadingThatLowersItsResistance)
+{
+    ProjectState s = Designed();
+    s.flangefactor = 0.9808F;
+    for (const i16 family : {i16{24}, i16{25}}) {
+        s.family = family;
+        double y = kPanelTop;
+        const PanelBlock block = DrawSectionBlock(s, y, false);
+        ASSERT_EQ(block.size(), 4U);
+        EXPECT_EQ(Text(block[3].left), "My,Rd takes into account flange loading of 0.98");
+        EXPECT_THAT(block[3].result, IsEmpty());
+        EXPECT_DOUBLE_EQ(block[3].y, 3.5);  // below the rows
+        EXPECT_DOUBLE_EQ(y, 4.5);
+    }
+    s.family = 27;
+    EXPECT_THAT(PanelText(s), Not(HasSubstr("flange loading")));
+    s.family = 24;
+    for (const float none : {1.0F, 0.0F}) {  // not lowered; not found yet
+        s.flangefactor = none;
+        EXPECT_THAT(PanelText(s), Not(HasSubstr("flange loading")));
+    }
+}
+
 TEST(Panel, BuckleRowsJoinLabelNumbersAndRatio)
 {
     ProjectState s = Designed();
