@@ -82,6 +82,8 @@ std::vector<ShownValue> SectionProperties(const ProjectState& s)
     if (IsAngle(s.family)) {
         values.push_back(Value("ostiu", "Iu", s.iu, kModulus, "mm4"));
         values.push_back(Value("ostiv", "Iv", s.iv, kModulus, "mm4"));
+        values.push_back(Value("ostwely", "Wel,y", s.wely, kModulus, "mm3 (min)"));
+        values.push_back(Value("ostwelz", "Wel,z", s.welz, kModulus, "mm3 (min)"));
         return values;
     }
     if (HasTwoSides(s.family)) {

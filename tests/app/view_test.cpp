@@ -141,6 +141,23 @@ TEST(SectionForm, ShowsAPublishedProfile)
     EXPECT_EQ(SectionName(Tables(), s), "HEA 200");
 }
 
+// L 100x100x10, S355: Iy 176.7 cm4, e 28.22 mm: 1767000/(100 - 28.22) = 24617 mm3 for both legs.
+TEST(SectionForm, ShowsTheSmallerModuliOfAnAngle)
+{
+    Program program;
+    program.edit().nload[1] = 1;
+    ChooseFamily(program.session, 10);
+    int row = 0;
+    while (RowName(Tables(), Table::l1, row).find("100x10") == std::string::npos) {
+        ASSERT_LT(++row, RowCount(Table::l1));
+    }
+    ChooseRow(program.session, Table::l1, row);
+    const ProjectState& s = program.session.shown();
+    EXPECT_EQ(ValueOf(SectionProperties(s), "ostwely"), "2.462E+4 mm3 (min)");
+    EXPECT_EQ(ValueOf(SectionProperties(s), "ostwelz"), "2.462E+4 mm3 (min)");
+    EXPECT_EQ(ValueOf(SectionDimensions(s), "ostalfa"), "45.0 deg");
+}
+
 TEST(SectionForm, ShowsTheClassesOfNMyMz)
 {
     ProjectState s{};
