@@ -107,7 +107,7 @@ void ShortProfile(PageWriter& page, const Library& library, const ProjectState& 
                                   " mm2    Iy = " + FormatNum(s.iy, "0.000E+0") +
                                   " mm4    Iz = " + FormatNum(s.iz, "0.000E+0") +
                                   " mm4    G = " + FormatNum(s.weight, "#0.0") + " kg/m    ");
-    page.Write(x, "Section class: " + ClassText(s));
+    page.Write(x, std::string(ClassHeading(s)) + ClassText(s));
     page.Row();
     page.Row(kSpace);
 }

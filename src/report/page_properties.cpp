@@ -47,7 +47,7 @@ PrintedReport PrintProperties(const Library& library, const ProjectState& s,
     page.Quantities(SectionPropertiesOf(s), 2, kPageLeft, right);
     page.Row(0.7);
     page.Heading(kPageLeft, "Capacity:");
-    const double cls = page.Write(kPageLeft, "Section class: ");
+    const double cls = page.Write(kPageLeft, ClassHeading(s));
     page.Write(cls, ClassText(s));
     page.Row();
     page.Quantities(CapacitiesOf(s), 2, kPageLeft, right);

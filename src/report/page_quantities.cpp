@@ -81,9 +81,12 @@ constexpr Line kHsq[] = {{"h", Of<&S::h>, kTenth, kMm},      {"b1", Of<&S::btop>
                          {"tf1", Of<&S::ttop>, kTenth, kMm}, {"tf2", Of<&S::tbot>, kTenth, kMm},
                          {"c", HsqOverhang, kTenth, kMm},    {"ez-el", Of<&S::zcog>, kTenth, kMm},
                          {"ez-pl", Of<&S::zpl>, kTenth, kMm}};
-constexpr Line kT[] = {{"h", Of<&S::h>, kTenth, kMm},        {"b", Of<&S::btop>, kTenth, kMm},
-                       {"tw", Of<&S::tw>, kTenth, kMm},      {"tf", Of<&S::ttop>, kTenth, kMm},
-                       {"ez-el", Of<&S::zcog>, kTenth, kMm}, {"ez-pl", Of<&S::zpl>, kTenth, kMm}};
+constexpr Line kT[] = {{"h", Of<&S::h>, kTenth, kMm},
+                       {"b", Of<&S::btop>, kTenth, kMm},
+                       {"tw", Of<&S::tw>, kTenth, kMm},
+                       {"tf", Of<&S::ttop>, kTenth, kMm},
+                       {"ez-el", Of<&S::zcog>, kTenth, "mm (elastic)"},
+                       {"ez-pl", Of<&S::zpl>, kTenth, "mm (plastic)"}};
 constexpr Line kUnequalBox[] = {
     {"h", Of<&S::h>, kTenth, kMm},       {"b1", Of<&S::btop>, kTenth, kMm},
     {"b2", Of<&S::bbot>, kTenth, kMm},   {"tw", Of<&S::tw>, kTenth, kMm},
@@ -293,6 +296,11 @@ std::vector<Quantity> SectionPropertiesOf(const ProjectState& s)
         list.Add(kEffective);
     }
     return list.Take();
+}
+
+std::string_view ClassHeading(const ProjectState& s)
+{
+    return s.family == 26 ? "Cross Section Class: " : "Section class: ";
 }
 
 std::string ClassText(const ProjectState& s)

@@ -16,7 +16,8 @@ std::vector<Quantity> WeightsOf(const ProjectState& s);
 // Areas, second moments, moduli; effective ones where the class asks for them.
 std::vector<Quantity> SectionPropertiesOf(const ProjectState& s);
 
-// Class and resistances, kN and kNm.
+// Heading of the class and the class; resistances, kN and kNm.
+std::string_view ClassHeading(const ProjectState& s);
 std::string ClassText(const ProjectState& s);
 std::vector<Quantity> CapacitiesOf(const ProjectState& s);
 

@@ -376,6 +376,20 @@ TEST(Pages, AWritingBelowTheEdgeIsKeptOutAndTold)
     EXPECT_THAT(TextsOf(report).front().text, testing::EndsWith("x..."));
 }
 
+// Default T 200/200/10/10: zcog = (2000*5 + 1900*105)/3900 = 53.7, zpl = 1950/200 = 9.75.
+TEST(Pages, TNamesItsTwoNeutralAxesAndItsClass)
+{
+    const ProjectState s = Designed(26);
+    const std::vector<std::string> section = LinesOf(PrintProperties(Delivered(), s, kStamp));
+    EXPECT_THAT(section, Contains(HasSubstr("53.7mm (elastic)")));
+    EXPECT_THAT(section, Contains(HasSubstr("9.8mm (plastic)")));
+    EXPECT_THAT(section, Contains(StartsWith("Cross Section Class: 4/")));
+    const std::vector<std::string> control = LinesOf(PrintControl(Delivered(), s, kStamp));
+    EXPECT_THAT(control, Contains(HasSubstr("53.7 mm (elastic)")));
+    EXPECT_THAT(control, Contains(HasSubstr("9.8 mm (plastic)")));
+    EXPECT_THAT(control, Contains(HasSubstr("Cross Section Class: 4/")));
+}
+
 struct Annexed {
     i16 annex, cls;
     const char* text;
