@@ -64,7 +64,7 @@ constexpr BoxHelp kHelp[] = {
     {"p22", "istb1", "b1", "mm", "Width of the top flange"},
     {"p22", "istb2", "b2", "mm", "Width of the bottom flange"},
     {"p23", "ista", "a", "mm", "Overhang of the flange beyond the web"},
-    {"p24", "iload", "Max loading on one flange", "%", "Share of the load that one side of the bottom flange takes at most"},
+    {"p24", "iload", "Max loading on one flange (%):", " (50-90%) ", "Share of the load that one side of the bottom flange takes at most"},
     {"p24", "isth", "h", "mm", "Height without the bottom flange"},
     {"p24", "istb1", "b1", "mm", "Width of the top flange"},
     {"p24", "istb2", "b2", "mm", "Width of the bottom flange"},
@@ -161,7 +161,7 @@ std::string AccessibleNameOf(const Box& box)
     const BoxHelp& help = HelpOf(box);
     std::string name(help.meaning);
     if (!help.unit.empty()) {
-        name += " [" + std::string(help.unit) + "]";
+        name += " [" + std::string(Trimmed(help.unit)) + "]";
     }
     return name;
 }

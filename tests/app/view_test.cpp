@@ -319,6 +319,11 @@ TEST(BoxHelp, TellsMeaningUnitLimitsAndClause)
               "Position of the point load from end 1 [m]\n0 < x <= l (x/L: 0 < x <= 1)");
     EXPECT_EQ(TooltipOf(*FindBox("p23", "ista")),
               "Overhang of the flange beyond the web [mm]\na >= 0, a < b/2-tw");
+    EXPECT_EQ(HelpOf(*FindBox("p24", "iload")).label, "Max loading on one flange (%):");
+    EXPECT_EQ(HelpOf(*FindBox("p24", "iload")).unit, " (50-90%) ");
+    EXPECT_EQ(TooltipOf(*FindBox("p24", "iload")),
+              "Share of the load that one side of the bottom flange takes at most [(50-90%)]\n"
+              "50% <= Load on one flange <= 90%");
 }
 
 }  // namespace
