@@ -84,6 +84,12 @@ LoadCheck CheckLoadPositions(ProjectState& s)
     return CheckSigns(s);
 }
 
+LoadCheck CheckTrapezoids(const ProjectState& s)
+{
+    const LoadCheck signs = CheckSigns(s);
+    return signs.ok ? CheckOrder(s) : signs;
+}
+
 LoadCheck ValidateLoads(ProjectState& s)
 {
     LoadCheck check = CheckLoadPositions(s);

@@ -25,6 +25,9 @@ LoadCheck ValidateLoads(ProjectState& s);
 // The part for the trapezoidal rows alone, after an edit of one of them.
 LoadCheck CheckLoadPositions(ProjectState& s);
 
+// What the whole check would tell of the trapezoidal rows as they stand; changes nothing.
+LoadCheck CheckTrapezoids(const ProjectState& s);
+
 // Empties the rows whose box is ticked; the ticks stay. Switches self-weight and relative positions
 // off and puts the load level to the top flange.
 void RemoveCheckedLoads(ProjectState& s);

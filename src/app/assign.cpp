@@ -1,10 +1,12 @@
 #include "app/assign.h"
 
+#include "analysis/load_model.h"
 #include "app/choices.h"
 #include "app/input_boxes.h"
 #include "core/annexes.h"
 #include "core/field_table.h"
 #include "core/load_combination.h"
+#include "core/material.h"
 #include "core/parse_num.h"
 
 #include <algorithm>
@@ -18,6 +20,7 @@ namespace {
 
 constexpr std::string_view kNoNumber = "not a number";
 constexpr std::string_view kOutOfRange = "out of range";
+constexpr std::string_view kBeyond = "beyond the member";
 
 // The whole text as one number; a comma serves as the point.
 std::optional<double> WholeNumber(std::string_view text)
@@ -138,7 +141,58 @@ std::string AssignBox(ProjectState& s, const FieldRef& ref, const Box& box, std:
     return std::string(outcome.message);
 }
 
+std::string OfRow(std::string_view field, std::size_t row, std::string_view what)
+{
+    return std::string(field) + "[" + std::to_string(row) + "]: " + std::string(what);
+}
+
+std::string MisplacedTrapezoid(const ProjectState& s)
+{
+    for (std::size_t k = 1; k <= 3; ++k) {
+        if (s.qt1[k] != 0 || s.qt2[k] != 0) {
+            if (s.qtx1[k] > s.l || s.qtx2[k] > s.l) {
+                return OfRow(s.qtx1[k] > s.l ? "qtx1" : "qtx2", k, kBeyond);
+            }
+        }
+    }
+    const LoadCheck check = CheckTrapezoids(s);
+    if (check.ok) {
+        return {};
+    }
+    std::string_view message = check.message.text();  // with a blank at either end
+    message = message.substr(1, message.size() - 2);
+    return OfRow(FindBox("Loading", check.box.text())->field, static_cast<std::size_t>(check.row),
+                 message);
+}
+
 }  // namespace
+
+std::string MisplacedLoad(const ProjectState& s)
+{
+    for (std::size_t k = 1; k <= 8; ++k) {
+        if (s.pmx[k] > s.l) {
+            return OfRow("pmx", k, kBeyond);
+        }
+    }
+    for (std::size_t k = 1; k <= 3; ++k) {
+        if (s.cpmode == 1 && static_cast<int>(k) <= s.cpcount && s.cp[k] > s.l) {
+            return OfRow("cp", k, kBeyond);
+        }
+    }
+    return s.loadmode == 1 ? MisplacedTrapezoid(s) : std::string{};
+}
+
+Steel SteelOf(const ProjectState& s)
+{
+    return {s.fykindex, s.fyk};
+}
+
+void FollowGrade(const Library& library, ProjectState& s, const Steel& before)
+{
+    if (SteelOf(s) != before) {
+        SetMaterial(library, s, s.fykindex);
+    }
+}
 
 std::string FindTarget(std::string_view name, AssignTarget& target)
 {

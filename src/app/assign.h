@@ -35,6 +35,22 @@ std::string FindTarget(std::string_view name, AssignTarget& target);
 std::string AssignTo(const Library& library, ProjectState& s, const AssignTarget& target,
                      std::string_view text, Assignment how);
 
+// What belongs behind a run of assignments. The boxes see one value at a time: a load may lie off a
+// member that was shortened later. Returns what does, "pmx[1]: beyond the member", or nothing.
+std::string MisplacedLoad(const ProjectState& s);
+
+// The steel a run of assignments starts from.
+struct Steel {
+    i16 fykindex;
+    float fyk;
+    bool operator==(const Steel&) const = default;
+};
+Steel SteelOf(const ProjectState& s);
+
+// When the run has changed the steel, the strength becomes that of the grade, so that the annex
+// takes the shear area factor from the steel in force.
+void FollowGrade(const Library& library, ProjectState& s, const Steel& before);
+
 // Why a value now in the record will not stand: the annex or the material sets it. Empty when it
 // will.
 std::string OverruledBy(const Library& library, const ProjectState& s, std::string_view name);

@@ -100,11 +100,13 @@ std::string Told(std::string_view name, std::string_view what)
 }
 
 // What the reader of a project file settles behind its last field, so that a member of a table is
-// that of its file.
-void Settle(ProjectState& s)
+// that of its file. Returns the reason of a refusal, or nothing.
+std::string Settle(const Library& library, ProjectState& s, const Steel& before, Assignment how)
 {
+    FollowGrade(library, s, before);
     ApplyAnnexMaterial(s, s.annexindex);
     ApplyAnnexLoads(s, s.annexindex);
+    return how == Assignment::checked ? MisplacedLoad(s) : std::string{};
 }
 
 void AppendUtf8(std::string& out, unsigned code)
@@ -349,6 +351,7 @@ std::string MemberColumns::TakeHeader(std::string_view line)
 std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::string_view line,
                                  Assignment how) const
 {
+    const Steel before = SteelOf(s);
     CellReader cells(line, separator_);
     std::size_t count = 0;
     for (; cells.Next(); ++count) {
@@ -372,8 +375,7 @@ std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::s
     if (count < columns_.size()) {
         return "fewer cells than columns";
     }
-    Settle(s);
-    return {};
+    return Settle(library, s, before, how);
 }
 
 std::vector<std::string> MemberColumns::Overruled(const Library& library,
@@ -392,11 +394,9 @@ std::vector<std::string> MemberColumns::Overruled(const Library& library,
 std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_view line,
                           Assignment how)
 {
+    const Steel before = SteelOf(s);
     const std::string fault = JsonLine(library, s, line, how).Apply();
-    if (fault.empty()) {
-        Settle(s);
-    }
-    return fault;
+    return fault.empty() ? Settle(library, s, before, how) : fault;
 }
 
 void AppendCell(std::string& out, std::string_view text)

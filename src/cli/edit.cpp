@@ -23,12 +23,17 @@ Change Split(const std::string& text)
 
 void Apply(const Library& library, ProjectState& s, const std::vector<Change>& changes, bool raw)
 {
+    const Steel before = SteelOf(s);
     for (const Change& change : changes) {
         const std::string refusal = AssignField(library, s, change.name, change.value,
                                                 raw ? Assignment::raw : Assignment::checked);
         if (!refusal.empty()) {
             throw BadInput(change.name + "=" + change.value + ": " + refusal);
         }
+    }
+    FollowGrade(library, s, before);
+    if (const std::string misplaced = MisplacedLoad(s); !raw && !misplaced.empty()) {
+        throw BadInput(misplaced);
     }
     for (const Change& change : changes) {
         const std::string other = OverruledBy(library, s, change.name);

@@ -142,6 +142,59 @@ TEST(Assign, TextsKeepToOneLine)
     EXPECT_EQ(Set(s, "p41ident", ""), "");
 }
 
+ProjectState OfFourMetres()
+{
+    ProjectState s{};
+    s.l = 4;
+    s.loadmode = 1;
+    return s;
+}
+
+TEST(MisplacedLoad, TellsWhatLiesBeyondTheMember)
+{
+    ProjectState s = OfFourMetres();
+    EXPECT_EQ(MisplacedLoad(s), "");
+    s.pmx[8] = 4;
+    EXPECT_EQ(MisplacedLoad(s), "");
+    s.pmx[8] = 4.001f;  // an empty row, too, makes check sections
+    EXPECT_EQ(MisplacedLoad(s), "pmx[8]: beyond the member");
+
+    s = OfFourMetres();
+    s.qtx1[2] = 1;
+    s.qtx2[2] = 5;
+    EXPECT_EQ(MisplacedLoad(s), "");  // no load
+    s.qt2[2] = 3;
+    EXPECT_EQ(MisplacedLoad(s), "qtx2[2]: beyond the member");
+    s.qtx1[2] = 4.5f;
+    EXPECT_EQ(MisplacedLoad(s), "qtx1[2]: beyond the member");
+
+    s = OfFourMetres();
+    s.cp = {0, 1, 5, 6};
+    s.cpcount = 1;
+    s.cpmode = 1;
+    EXPECT_EQ(MisplacedLoad(s), "");
+    s.cpcount = 2;
+    EXPECT_EQ(MisplacedLoad(s), "cp[2]: beyond the member");
+    s.cpmode = 0;
+    EXPECT_EQ(MisplacedLoad(s), "");
+}
+
+TEST(MisplacedLoad, TellsOfTrapezoidalLoadsThatTheLoadFormWouldNotLeave)
+{
+    ProjectState s = OfFourMetres();
+    s.qt1[3] = 5;
+    s.qt2[3] = 5;
+    s.qtx1[3] = 3;
+    s.qtx2[3] = 1;
+    EXPECT_EQ(MisplacedLoad(s), "qtx1[3]: x1 < x2");
+    s.qtx2[3] = 4;
+    EXPECT_EQ(MisplacedLoad(s), "");
+    s.qt2[3] = -5;
+    EXPECT_EQ(MisplacedLoad(s), "qt1[3]: Trapezoidal load: One positive and one negative value");
+    s.loadmode = 0;  // given end forces
+    EXPECT_EQ(MisplacedLoad(s), "");
+}
+
 TEST(Assign, TellsWhoOverrulesAValue)
 {
     ProjectState s{};

@@ -393,6 +393,30 @@ TEST_F(Commands, BadFilesEndWithAMessageAndNothingElse)
     EXPECT_TRUE(lines.exit == 0 || lines.exit == 2);
 }
 
+// A grade brings its strength into the file, as its choice in the window does; the reader takes the
+// shear area factor (EN 1993-1-5, 5.1 (2)) from it: 1.2 up to S460, 1.0 above.
+TEST_F(Commands, AGradeReplacesTheUsersStrength)
+{
+    ASSERT_EQ(Kestrum("new -o own.kst --set fykindex=26 fyk=690").exit, 0);
+    EXPECT_THAT(Kestrum("dump own.kst --inputs").out, HasSubstr("\"neta\": 1,"));
+    ASSERT_EQ(Kestrum("set own.kst fykindex=2").exit, 0);
+    const Said said = Kestrum("dump own.kst --inputs");
+    EXPECT_THAT(said.out, HasSubstr("\"fyk\": 355,"));
+    EXPECT_THAT(said.out, HasSubstr("\"neta\": 1.2,"));
+}
+
+TEST_F(Commands, LoadsStayOnTheMember)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --set pm[1]=10 pmx[1]=4").exit, 0);
+    const std::string before = Read("a.kst");
+    const Said said = Kestrum("set a.kst l=3");
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_EQ(said.err, "kestrum: pmx[1]: beyond the member\n");
+    EXPECT_EQ(Read("a.kst"), before);
+    EXPECT_EQ(Kestrum("set a.kst l=3 pmx[1]=1.5").exit, 0);
+    EXPECT_EQ(Kestrum("set a.kst l=1 --raw").exit, 0);  // as a file may hold it
+}
+
 TEST_F(Commands, OddValuesInFilesDoNotCrash)
 {
     WriteGood("a.kst");
