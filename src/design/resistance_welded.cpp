@@ -109,6 +109,8 @@ void StoreResistances(ProjectState& s)
     StoreSigns(s, 1.0);
 }
 
+// Deviation D31: of unlike flanges the standard takes the weaker one on the arm between both, EN
+// 1993-1-5, 5.4 (2), which is less.
 double ElasticFlangeMoment(const ProjectState& s)
 {
     return s.melyrd - MomentResistance(s, Webs(s) * 1.0 * s.hw * s.hw * s.tw / 6);

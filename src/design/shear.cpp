@@ -50,6 +50,9 @@ double ChiWebEndPost(const ProjectState& s, double lambda)
 
 // Deviation D159: the panel length is webstiffa also without stiffeners (webstiff 0); the
 // standard's a is then the distance of the stiffeners at the supports.
+//
+// Deviation D30: the whole width of the flange counts; the standard takes no more than 15 eps tf on
+// each side of the web.
 double FlangeShear(const ProjectState& s, double hw, double tw, double b, double tf)
 {
     if (!(s.myed < s.mfrd)) {

@@ -248,6 +248,18 @@ TEST(HsqControl, D199StiffenerSpacingCountsWithoutStiffeners)
     EXPECT_NEAR(s.vbrd - s.vzrd, 2 * wide, 1e-6);
 }
 
+// Top 300 x 10, webs 590 x 6, bottom 900 x 20, S355: A = 28080, centroid at 151.5, Iy 1.400e9, Wel
+// = 1.400e9/468.5 = 2.989e6; less 2*590^2*6/6 = 0.696e6 leaves 2.293e6, 813.9 kNm. The weaker
+// flange: 3000*605*355 = 644.3 kNm.
+TEST(HsqControl, D31FlangeMomentExceedsThatOfTheWeakerFlange)
+{
+    ProjectState s = welded::Default(24);
+    s.p24 = {600, 300, 900, 6, 10, 20, 5};
+    welded::Prepare(s);
+    EXPECT_NEAR(s.mfrd, 813.9, 0.1);
+    EXPECT_GT(s.mfrd, 1.2 * 644.3);
+}
+
 // h 500, by hand: d/tw 77.83 against 52.1, 60.0 (alpha) and 98.3 (psi): class 3 web. keep = 20*
 // 0.8136*6 = 97.63; A0 = 7500 + 4*97.63*6 = 9843; x = (9843 - 8100)/12 = 145.3;
 // hole = 475 - 145.3 - 195.3 = 134.5; W = 4.529e6 - 12*134.5*(67.2 + 97.6) = 4.263e6. Bottom:

@@ -134,6 +134,17 @@ TEST(FlangeShear, CountsOnlyBelowTheMomentOfTheFlanges)
     EXPECT_EQ(FlangeShear(s, 1160, 8, 300, 20), 0.0);
 }
 
+// Web 1160 x 8, flange 600 x 10, S355: c = 5000 (0.25 + 1.6*600*100/(1160^2*8)) = 1294.6; Vbf =
+// 600*100*355/1294.6/1000 = 16.45. The standard: b at most 2*15*0.8136*10 + 8 = 252.1, c = 1268.7,
+// Vbf = 7.05.
+TEST(FlangeShear, D30CountsTheWholeWidthOfTheFlange)
+{
+    ProjectState s = Steel(355);
+    s.mfrd = 2000;
+    EXPECT_NEAR(FlangeShear(s, 1160, 8, 600, 10), 16.45, 0.005);
+    EXPECT_NEAR(FlangeShear(s, 1160, 8, 30 * s.eps * 10 + 8, 10), 7.05, 0.005);
+}
+
 // Deviation D159.
 TEST(FlangeShear, D159TakesTheStiffenerSpacingWithoutStiffeners)
 {
