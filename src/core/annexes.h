@@ -28,6 +28,9 @@ std::string_view AnnexCodeFromIndex(int annexindex);
 
 // Sets gammam0, gammam1, neta, lamdalt0, beta, lamdalt0w, betaw; neta follows the fyk of this
 // moment [MPa]. NORSOK also sets loadcomb to 4. Does nothing for the user-defined annex.
+//
+// Deviation D20: a strength typed after this step keeps its neta. EN 1993-1-5, 5.1 (2) has 1.2 up
+// to S460 and 1.0 above.
 void ApplyAnnexMaterial(ProjectState& s, int annexindex);
 
 }  // namespace kestrum

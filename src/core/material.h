@@ -1,6 +1,10 @@
 #pragma once
 
 // The material list and the yield strength by thickness, EN 1993-1-1, Table 3.1.
+//
+// Deviation D21: the delivered list has 355 MPa for S355 H over 40 mm, where the table has 335, and
+// the full strength for the grades MH/MLH, for which it has none. Deviation D22: the strength over
+// 40 mm counts for any thickness; the table ends at 80 mm.
 
 #include "core/library.h"
 

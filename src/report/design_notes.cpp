@@ -1,6 +1,7 @@
 #include "report/design_notes.h"
 
 #include "analysis/extremes.h"
+#include "core/annexes.h"
 #include "core/load_combination.h"
 #include "report/design_note_facts.h"
 #include "service/vortex.h"
@@ -135,7 +136,51 @@ bool VortexChecked(const ProjectState& s)
     return VortexFamily(s.family) && s.vcrit != 0;
 }
 
+bool HasShearAreaFactor(int family)
+{
+    return IsRolledOrWeldedI(family) || IsChannel(family) || IsHollowOrBox(family) ||
+           IsHatBeam(family) || IsPlate(family) || family == 22 || family == 26 || family == 27 ||
+           family == 41;
+}
+
+bool ShearAreaFactorOfALowerSteel(const ProjectState& s)
+{
+    constexpr float kOrdinarySteel = 460;  // MPa
+    return s.annexindex != kAnnexUd && s.fyk > kOrdinarySteel && s.neta > 1 &&
+           HasShearAreaFactor(s.family) && (LargestVz(s) > 0 || LargestVy(s) > 0);
+}
+
+// Grades of the delivered list whose strength over 40 mm is that up to 40 mm.
+bool KeepsItsStrengthWhenThick(const ProjectState& s)
+{
+    struct Grade {
+        i16 row;
+        float fyk;
+    };
+    constexpr float kThick = 40;  // mm
+    constexpr std::array<Grade, 5> kGrades{{{17, 355}, {22, 275}, {23, 355}, {24, 420}, {25, 460}}};
+    return s.tmax > kThick && std::any_of(kGrades.begin(), kGrades.end(), [&s](const Grade& grade) {
+               return grade.row == s.fykindex && grade.fyk == s.fyk;
+           });
+}
+
+bool ThickerThanTheTable(const ProjectState& s)
+{
+    constexpr float kThickest = 80;   // mm
+    constexpr i16 kOwnStrength = 26;  // last row of the delivered material list
+    return s.tmax > kThickest && s.fykindex >= 0 && s.fykindex < kOwnStrength;
+}
+
 constexpr NoteRule kGeneral[] = {
+    {"D20", ShearAreaFactorOfALowerSteel,
+     "The shear area factor is still 1.2 although the strength is above 460 MPa; choose the annex "
+     "again to get the 1.0 of EN 1993-1-5, 5.1 (2)."},
+    {"D21", KeepsItsStrengthWhenThick,
+     "The grade keeps its strength over 40 mm here; EN 1993-1-1, Table 3.1 gives S355 H 335 MPa "
+     "and the grades MH/MLH none."},
+    {"D22", ThickerThanTheTable,
+     "A part is thicker than 80 mm, where EN 1993-1-1, Table 3.1 ends; enter the strength of the "
+     "product standard as own value."},
     {"D26",
      [](const ProjectState& s) {
          constexpr int kUserAnnex = 8;

@@ -1,6 +1,7 @@
 #include "app/setup_commands.h"
 
 #include "app/member_commands.h"
+#include "app/section_commands.h"
 #include "app/session_fixture.h"
 #include "core/load_combination.h"
 #include "core/setup_file.h"
@@ -63,6 +64,21 @@ TEST(ChooseAnnex, NorsokForcesTheUsersFactorsUntilTheSelectorIsChanged)
     EXPECT_EQ(program.state().loadcomb, 2);
     ChooseMaterial(program.session, 2);  // runs the annex step again
     EXPECT_EQ(program.state().loadcomb, 4);
+}
+
+// 600/300/20/20: hw/tw = 560/20 = 28 < 72 eps/eta, so that Av = eta 560 x 20.
+TEST(ChooseMaterial, D20TypedStrengthKeepsTheShearAreaFactor)
+{
+    Program program;
+    ChooseFamily(program.session, 21);
+    program.Type("p21", "isttw", "20");
+    ChooseMaterial(program.session, 26);
+    program.Type("kestrum", "ifyk", "690");
+    EXPECT_EQ(program.state().neta, 1.2F);
+    EXPECT_NEAR(program.session.shown().avz, 13440, 0.01);
+    ChooseAnnex(program.session, 0);
+    EXPECT_EQ(program.state().neta, 1);
+    EXPECT_NEAR(program.session.shown().avz, 11200, 0.01);
 }
 
 TEST(ClassFrame, IsShownForFourAnnexesAndTheEn1990Combinations)

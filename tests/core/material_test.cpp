@@ -36,6 +36,19 @@ TEST(MaterialList, IsDeliveredWithItsGrades)
     }
 }
 
+// EN 1993-1-1, Table 3.1: S355 H falls to 335 MPa over 40 mm as the others do; MH/MLH end at 40 mm.
+TEST(MaterialList, D21SomeHollowSectionGradesLoseNothingOver40Mm)
+{
+    std::string bytes;
+    ASSERT_EQ(ReadWholeFile(KESTRUM_SOURCE "/data/" + std::string(kMaterialFile), bytes), "");
+    for (const Material& material : ReadMaterialList(bytes)) {
+        const bool keeps = material.name == "S355 H" || material.name.ends_with("MH/MLH");
+        if (material.fy40 > 0) {
+            EXPECT_EQ(material.fyover == material.fy40, keeps) << material.name;
+        }
+    }
+}
+
 TEST(MaterialList, TakesLineEndsAndDecimalsOfAnyKind)
 {
     const auto list = ReadMaterialList("A 1\t235.5\t215,5\nB\t 300 \t280\tmore\r\n\nC\nD\tx\t7");
@@ -95,6 +108,16 @@ TEST(SetMaterial, TakesTheStrengthByThickness)
         ProjectState s = Typed(500, c.tmax);
         SetMaterial(FiveRows(), s, 2);
         EXPECT_EQ(s.fyk, c.fyk) << c.tmax;
+    }
+}
+
+// EN 1993-1-1, Table 3.1 ends at 80 mm.
+TEST(SetMaterial, D22StrengthOver40MmCountsBeyond80Mm)
+{
+    for (const float tmax : {41.0f, 80.0f, 81.0f, 300.0f}) {
+        ProjectState s = Typed(500, tmax);
+        SetMaterial(FiveRows(), s, 2);
+        EXPECT_EQ(s.fyk, 335) << tmax;
     }
 }
 
