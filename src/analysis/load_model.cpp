@@ -76,6 +76,11 @@ bool PointLoadStands(const ProjectState& s, std::size_t k)
 
 }  // namespace
 
+float LengthInMm(const ProjectState& s)
+{
+    return F32(s.l * 1000.0);
+}
+
 LoadCheck CheckLoadPositions(ProjectState& s)
 {
     for (std::size_t k = 1; k <= 3; ++k) {
@@ -107,10 +112,9 @@ LoadCheck ValidateLoads(ProjectState& s)
     for (std::size_t k = 1; k <= 3; ++k) {
         s.cp[k] = s.cp[k] > s.l ? s.l : s.cp[k];
     }
-    const double length = s.l * 1000.0;  // mm
-    if (s.webstiffa > length) {
+    if (s.webstiffa > LengthInMm(s)) {
         s.webstiff = 0;
-        s.webstiffa = F32(length / 2);
+        s.webstiffa = F32(LengthInMm(s) / 2.0);
     }
     return check;
 }

@@ -16,6 +16,10 @@ struct LoadCheck {
     bool operator==(const LoadCheck&) const = default;
 };
 
+// Length of the member in the unit and precision of the stiffener spacing: 4.1 m is 4100 mm, not
+// the 4099.9999 mm of the float.
+float LengthInMm(const ProjectState& s);
+
 // The whole check, for closing the load form and after a change of length or supports. Cuts
 // trapezoidal loads and check points to the member, empties point loads that stand on a support,
 // takes web stiffeners away that are farther apart than the member is long. Not ok: the form stays

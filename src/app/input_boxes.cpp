@@ -1,6 +1,8 @@
 #include "app/input_boxes.h"
 
+#include "analysis/load_model.h"
 #include "app/box_list.h"
+#include "core/arithmetic_trap.h"
 #include "core/field_table.h"
 #include "core/number_format.h"
 #include "core/parse_num.h"
@@ -66,28 +68,30 @@ Outcome CommitPosition(ProjectState& s, const Box& box, const Field& field, int 
     return {good, good ? std::string_view{} : relative ? box.other : box.message};
 }
 
-// The half of a rule that looks at other fields: nothing when it is kept.
-std::optional<std::string_view> Related(const ProjectState& s, const Box& box, double x)
+// The half of a rule that looks at other fields: nothing when it is kept. Both sides count as
+// floats, so that 300 - 2 x 6.3 is the 287.4 that was typed.
+std::optional<std::string_view> Related(const ProjectState& s, const Box& box, double value)
 {
+    const float x = F32(value);
     bool kept = true;
     switch (box.rule) {
     case BoxRule::stiffeners:
-        kept = x < 1000.0 * s.l;  // mm
+        kept = x < LengthInMm(s);
         break;
     case BoxRule::overhang:
-        kept = x < s.p23.istb1 / 2.0 - s.p23.isttw;
+        kept = x < F32(s.p23.istb1 / 2.0 - s.p23.isttw);
         break;
     case BoxRule::hsqbottom:
-        kept = x >= s.p24.istb1 - 2.0 * s.p24.isttw;
+        kept = x >= F32(s.p24.istb1 - 2.0 * s.p24.isttw);
         break;
     case BoxRule::hsqtop:
-        kept = x < static_cast<double>(s.p25.istb2) - s.p25.istc;
+        kept = x < F32(static_cast<double>(s.p25.istb2) - s.p25.istc);
         break;
     case BoxRule::hsqoverhang:
-        kept = x <= s.p25.istb1 / 2.0;
+        kept = x <= F32(s.p25.istb1 / 2.0);
         break;
     case BoxRule::boxbottom:
-        kept = x >= s.p27.istb1 - 2.0 * s.p27.istc;  // a + tw, over the webs
+        kept = x >= F32(s.p27.istb1 - 2.0 * s.p27.istc);  // a + tw, over the webs
         break;
     default:
         break;
@@ -98,11 +102,11 @@ std::optional<std::string_view> Related(const ProjectState& s, const Box& box, d
 // The overhang of the top flange follows a narrower flange.
 Outcome FitOverhang(ProjectState& s)
 {
-    const double most = s.p27.istb1 / 2 - s.p27.isttw;
+    const float most = F32(s.p27.istb1 / 2 - s.p27.isttw);
     if (s.p27.istc <= most) {
         return {};
     }
-    s.p27.istc = static_cast<float>(std::max(0.0, most));
+    s.p27.istc = std::max(0.0F, most);
     return {true, " c adjusted "};
 }
 

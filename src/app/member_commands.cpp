@@ -245,7 +245,7 @@ void ChooseWebStiffeners(Session& session, int webstiff)
     ProjectState& s = session.edit();
     s.webstiff = Number(webstiff);
     if (webstiff == 0) {
-        s.webstiffa = F32(s.l * 1000.0);  // m to mm
+        s.webstiffa = LengthInMm(s);
     } else {
         s.endstiff = 1;  // stiffeners make a rigid end post
     }

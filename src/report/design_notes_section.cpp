@@ -1,3 +1,4 @@
+#include "analysis/load_model.h"
 #include "design/class_welded.h"
 #include "design/local_buckling.h"
 #include "design/shear.h"

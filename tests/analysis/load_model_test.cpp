@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <utility>
 
 namespace kestrum::test {
@@ -174,6 +175,19 @@ TEST(ValidateLoads, StiffenersFartherApartThanTheMemberIsLongGoAway)
     s.l = 1;  // also without stiffeners
     ValidateLoads(s);
     EXPECT_EQ(s.webstiffa, 500);
+}
+
+TEST(ValidateLoads, StiffenersAsFarApartAsTheMemberIsLongStayAtAnyLength)
+{
+    for (const float l : {4.1F, 4.3F, 7.7F, 12.3F}) {  // above or below the decimal as floats
+        SCOPED_TRACE(l);
+        ProjectState s = Member(0, l);
+        s.webstiff = 1;
+        s.webstiffa = std::round(1000 * l);  // as typed, mm
+        ValidateLoads(s);
+        EXPECT_EQ(s.webstiff, 1);
+        EXPECT_EQ(s.webstiffa, std::round(1000 * l));
+    }
 }
 
 TEST(CheckLoadPositions, SettlesTrapezoidsOnly)

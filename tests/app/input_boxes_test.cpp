@@ -179,6 +179,24 @@ TEST(InputBoxes, RulesFollowTheOtherFieldsOfTheForm)
     EXPECT_TRUE(Enter(s, "endstiff", "iweba", "5000").taken);
 }
 
+TEST(InputBoxes, RulesCountInTheDigitsThatAreTyped)
+{
+    ProjectState s = Roomy();
+    s.l = 4.3F;  // a little more than 4300 mm as a float
+    EXPECT_FALSE(Enter(s, "endstiff", "iweba", "4300").taken);
+    EXPECT_TRUE(Enter(s, "endstiff", "iweba", "4299").taken);
+    s.p24.isttw = 6.3F;
+    EXPECT_TRUE(Enter(s, "p24", "istb2", "287.4").taken);  // 300 - 2 x 6.3
+    EXPECT_FALSE(Enter(s, "p24", "istb2", "287.3").taken);
+    s.p23.isttw = 6.7F;
+    EXPECT_FALSE(Enter(s, "p23", "ista", "293.3").taken);  // 600/2 - 6.7
+    s.p27.isttw = 10.1;
+    s.p27.istc = 25.2F;
+    EXPECT_EQ(Enter(s, "p27", "istb1", "70.6").message, "");  // 70.6/2 - 10.1 is just enough
+    EXPECT_EQ(Enter(s, "p27", "istb1", "60.8").message, " c adjusted ");
+    EXPECT_EQ(s.p27.istc, 20.3F);  // 60.8/2 - 10.1
+}
+
 TEST(InputBoxes, ANarrowerTopFlangeMovesTheOverhang)
 {
     ProjectState s = Roomy();  // tw 10, c 25
