@@ -1,6 +1,7 @@
 #include "app/view_section.h"
 
 #include "core/number_format.h"
+#include "report/page_quantities.h"
 #include "sections/family_table.h"
 
 namespace kestrum {
@@ -137,7 +138,7 @@ std::vector<ShownValue> SectionCapacities(const ProjectState& s)
 
 std::string SectionClassText(const ProjectState& s)
 {
-    return std::to_string(s.classn) + "/" + std::to_string(s.classmy) + "/" +
+    return std::to_string(s.classn) + "/" + std::to_string(ShownClassMy(s)) + "/" +
            std::to_string(s.classmz);
 }
 

@@ -203,7 +203,7 @@ bool BendsAboutYOnly(const ProjectState& s)
 // 23 is a class 3 web upgraded to class 2.
 bool IsClassFour(const ProjectState& s)
 {
-    return s.classmy == 4 || (!BendsAboutYOnly(s) && (s.classn == 4 || s.classmz == 4));
+    return ShownClassMy(s) == 4 || (!BendsAboutYOnly(s) && (s.classn == 4 || s.classmz == 4));
 }
 
 // --- Capacities ---------------------------------------------------------------------------------
@@ -298,6 +298,11 @@ std::vector<Quantity> SectionPropertiesOf(const ProjectState& s)
     return list.Take();
 }
 
+i16 ShownClassMy(const ProjectState& s)
+{
+    return s.family == 22 ? std::max(s.classmytop, s.classmybot) : s.classmy;
+}
+
 std::string_view ClassHeading(const ProjectState& s)
 {
     return s.family == 26 ? "Cross Section Class: " : "Section class: ";
@@ -309,7 +314,8 @@ std::string ClassText(const ProjectState& s)
     if (BendsAboutYOnly(s)) {
         return number(s.classmy) + " (My)";
     }
-    return number(s.classn) + "/" + number(s.classmy) + "/" + number(s.classmz) + " (N/My/Mz)";
+    return number(s.classn) + "/" + number(ShownClassMy(s)) + "/" + number(s.classmz) +
+           " (N/My/Mz)";
 }
 
 std::vector<Quantity> CapacitiesOf(const ProjectState& s)

@@ -16,6 +16,10 @@ std::vector<Quantity> WeightsOf(const ProjectState& s);
 // Areas, second moments, moduli; effective ones where the class asks for them.
 std::vector<Quantity> SectionPropertiesOf(const ProjectState& s);
 
+// Class under My, the larger of both signs where they differ: after the stability control the
+// record of family 22 holds the one of the sign in hand.
+i16 ShownClassMy(const ProjectState& s);
+
 // Heading of the class and the class; resistances, kN and kNm.
 std::string_view ClassHeading(const ProjectState& s);
 std::string ClassText(const ProjectState& s);

@@ -167,6 +167,19 @@ TEST(SectionForm, ShowsTheClassesOfNMyMz)
     EXPECT_EQ(SectionClassText(s), "4/23/1");
 }
 
+// The stability control leaves the class of its sign in the record of the single symmetric I.
+TEST(SectionForm, ShowsTheLargerClassOfBothSigns)
+{
+    ProjectState s{};
+    s.family = 22;
+    s.classn = 4;
+    s.classmytop = 1;
+    s.classmybot = 3;
+    s.classmy = 1;
+    s.classmz = 2;
+    EXPECT_EQ(SectionClassText(s), "4/3/2");
+}
+
 TEST(SectionForm, EveryFamilyHasATitleAndFilledValues)
 {
     for (const FamilyInfo& family : Families()) {

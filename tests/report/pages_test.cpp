@@ -390,6 +390,30 @@ TEST(Pages, TNamesItsTwoNeutralAxesAndItsClass)
     EXPECT_THAT(control, Contains(HasSubstr("Cross Section Class: 4/")));
 }
 
+// 800/400/200/8/30/15, S355: the wide top compressed is class 1, the narrow bottom class 4 (the
+// plastic axis lies in the top flange, alpha 1: 747/8 = 93.4 above every limit). Load in either
+// direction: the class is the larger one, as My,Rd is the smaller.
+TEST(Pages, SingleSymmetricIShowsTheLargerClassOfItsSigns)
+{
+    const auto wide = [](ProjectState& s) {
+        s.p22 = {800, 400, 200, 8, 30, 15};
+        s.nload[1] = 0;
+    };
+    const auto lifted = [](ProjectState& s) {
+        s.p22 = {800, 400, 200, 8, 30, 15};
+        s.nload[1] = 0;
+        s.qload[1] = -1;
+    };
+    for (const ProjectState& s : {Designed(22, wide), Designed(22, lifted)}) {
+        ASSERT_EQ(s.classmytop, 1);
+        ASSERT_EQ(s.classmybot, 4);
+        EXPECT_THAT(LinesOf(PrintProperties(Delivered(), s, kStamp)),
+                    Contains(StartsWith("Section class: 4/4/1")));
+        EXPECT_THAT(LinesOf(PrintControl(Delivered(), s, kStamp)),
+                    Contains(HasSubstr("Section class: 4/4/1")));
+    }
+}
+
 struct Annexed {
     i16 annex, cls;
     const char* text;
