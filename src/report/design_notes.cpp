@@ -90,6 +90,21 @@ bool MomentOnSpringSupport(const ProjectState& s)
     return false;
 }
 
+bool LoadOffTheMember(const ProjectState& s)
+{
+    const auto counts = [&s](i16 checked) { return checked != 0 || s.loadcomb != kBasicLoads; };
+    bool off = false;
+    for (std::size_t k = 1; k <= 8; ++k) {
+        const bool on = s.pmx[k] >= 0 && s.pmx[k] <= s.l;
+        off = off || (s.pm[k] != 0 && counts(s.pmchecked[k]) && !on);
+    }
+    for (std::size_t k = 1; k <= 3; ++k) {
+        const bool on = s.qtx1[k] >= 0 && s.qtx1[k] < s.qtx2[k] && s.qtx2[k] <= s.l;
+        off = off || ((s.qt1[k] != 0 || s.qt2[k] != 0) && counts(s.qtchecked[k]) && !on);
+    }
+    return off && s.loadmode == 1;
+}
+
 // The whole line of the standard against its right half.
 bool CurvedOnTheLeftOnly(const std::array<float, kDiagramPoints>& m, double largest)
 {
@@ -214,6 +229,9 @@ constexpr NoteRule kGeneral[] = {
     {"D109", ExtremesBetweenCheckSections,
      "A moment or shear force between the points of the section control is more than 1 % larger "
      "than at these points; add a check point there."},
+    {"D110", LoadOffTheMember,
+     "A load stands off the member or ends before it starts; moments, shear forces and deflections "
+     "of this load are wrong. Correct its position."},
     {"D251", ModalMassIsIncomplete,
      "The mass of the modal analysis counts uniform loads only, and upward ones as negative; with "
      "the mass of the other loads the frequencies are lower."},

@@ -171,6 +171,20 @@ TEST(TrapezoidalLoad, TheDirectionOfEntryDoesNotMatterForTheLines)
     }
 }
 
+// D110: P = 30 at a = 9 m on a pinned member of 6 m. R0 = P b/L = 30*(-3)/6 = -15 all along, with
+// the reaction R0 - P at the last point.
+TEST(LoadOffTheMember, GoesThroughTheFormulasD110)
+{
+    ProjectState s = Member(0);
+    AddForce(s, 1, 30, 9);
+    Analyse(s);
+    EXPECT_FLOAT_EQ(s.vzdiag[0], -15);
+    EXPECT_FLOAT_EQ(s.vzdiag[49], -15);
+    EXPECT_FLOAT_EQ(s.vzdiag[50], -45);
+    EXPECT_FLOAT_EQ(s.mydiag[25], -45);
+    EXPECT_EQ(s.mydiag[50], 0);
+}
+
 // A mirrored load gives the mirrored lines where the supports are alike.
 TEST(Lines, MirrorWithTheLoad)
 {
