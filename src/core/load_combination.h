@@ -3,11 +3,12 @@
 // Load combinations of EN 1990, 6.4.3.2 and 6.5.3, in the national annexes: factors, class factors
 // and the texts that name a combination.
 //
-// Deviation D26: in the user-defined annex Eq 6.10a takes G with 1.1, while its text says 1.35; EN
-// 1990, Table A1.2(B) gives 1.35. Deviation D27: a permanent load has one factor whether it acts
-// favourably or not; EN 1990, Table A1.2(B) takes favourable permanent actions with 1.0. Deviation
-// D28: Eq 6.10 multiplies Q2 by psi1, the value listed for Q1; EN 1990, Eq (6.10) takes the
-// combination value of Q2 itself.
+// Deviation D23: Eq 6.10 takes G with 1.1 in Denmark and Finland; EN 1990, Table A1.2(B)
+// gives 1.35. Deviation D26: in the user-defined annex Eq 6.10a takes G with 1.1, while its text
+// says 1.35; EN 1990, Table A1.2(B) gives 1.35. Deviation D27: a permanent load has one factor
+// whether it acts favourably or not; EN 1990, Table A1.2(B) takes favourable permanent actions
+// with 1.0. Deviation D28: Eq 6.10 multiplies Q2 by psi1, the value listed for Q1; EN 1990, Eq
+// (6.10) takes the combination value of Q2 itself.
 
 #include "core/project_state.h"
 

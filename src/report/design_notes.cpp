@@ -196,6 +196,13 @@ constexpr NoteRule kGeneral[] = {
     {"D22", ThickerThanTheTable,
      "A part is thicker than 80 mm, where EN 1993-1-1, Table 3.1 ends; enter the strength of the "
      "product standard as own value."},
+    {"D23",
+     [](const ProjectState& s) {
+         return s.loadmode == 1 && s.loadcomb == kEq610 &&
+                (s.annexindex == kAnnexDk || s.annexindex == kAnnexFi);
+     },
+     "Eq 6.10 takes the permanent loads with 1.1 in this annex; EN 1990, Table A1.2(B) gives "
+     "1.35."},
     {"D26",
      [](const ProjectState& s) {
          constexpr int kUserAnnex = 8;

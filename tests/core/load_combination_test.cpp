@@ -180,6 +180,13 @@ TEST(LoadFactors, UnknownSelectorCombinesNothing)
     EXPECT_EQ(StrengthFactors(s, 3), (LoadFactors{0, 0, 0}));  // two combinations, none of its own
 }
 
+// Class 2, whose factor is 1 in both countries.
+TEST(LoadFactors, D23DanishAndFinnishEq610TakesPermanentWith1_1)
+{
+    EXPECT_EQ(StrengthFactors(Annexed(kAnnexDk, 2, 0), 0).g, static_cast<double>(1.1f));
+    EXPECT_EQ(StrengthFactors(Annexed(kAnnexFi, 2, 0), 0).g, static_cast<double>(1.1f));
+}
+
 TEST(LoadFactors, D26UserDefinedEq610aTakesPermanentWith1_1)
 {
     const ProjectState s = Annexed(kAnnexUd, 3, 1);

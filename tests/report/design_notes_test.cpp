@@ -24,6 +24,7 @@ const NoteCase kCases[] = {
     {"D20", "fykindex=26 fyk=690 qload[1]=5", "fykindex=26 fyk=690 annexcode=NO qload[1]=5"},
     {"D21", "family=21 p21.isttf=50 fykindex=17", "family=21 p21.isttf=50 fykindex=19"},
     {"D22", "family=21 p21.isttf=81 fykindex=2", "family=21 p21.isttf=80 fykindex=2"},
+    {"D23", "annexcode=DK loadcomb=0 qload[1]=5", "annexcode=DK loadcomb=3 qload[1]=5"},
     {"D26", "annexcode=UD loadcomb=1 qload[1]=5", "annexcode=UD loadcomb=0 qload[1]=5"},
     {"D27", "loadcomb=0 qload[1]=5 qload[2]=-3 qtype[2]=1",
      "loadcomb=0 qload[1]=5 qload[2]=3 qtype[2]=1"},
