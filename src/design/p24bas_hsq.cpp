@@ -22,6 +22,9 @@ constexpr i16 kUpgraded = 23;
 
 // Plastic modulus with 20 eps tw left of the webs at the compressed flange and as much beside the
 // neutral axis, EN 1993-1-1, 6.2.2.4 (1); areas of the compressed and the other flange in mm2.
+//
+// Deviation D33: the modulus of the whole section less what is lost, about an axis that is held in
+// the web; the standard has that of the effective section about its own axis.
 double UpgradedModulus(const ProjectState& s, double compressed, double other)
 {
     const double tw = s.tw;

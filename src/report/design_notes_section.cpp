@@ -234,39 +234,6 @@ bool HighShear(const ProjectState& s)
            (BendsAboutZ(s) && LargestVy(s) > 0.5 * s.vyrd);
 }
 
-// Sections of plates whose flanges take part in the shear buckling resistance.
-bool FlangesHelpInShear(const ProjectState& s)
-{
-    const bool plated = s.family == 21 || s.family == 22 || IsHatBeam(s.family) || s.family == 27 ||
-                        (IsPlate(s.family) && s.family != 51);
-    return plated && s.mfrd > 0 && WebBucklesInShear(s);
-}
-
-// The flange that the shear resistance counts is wider than 15 eps tf on a side of a web.
-bool FlangeOfShearIsWide(const ProjectState& s)
-{
-    if (!FlangesHelpInShear(s)) {
-        return false;
-    }
-    const double eps = s.eps;
-    if (s.family == 21 || s.family == 22) {
-        return s.b > 30 * eps * s.tf + s.tw;
-    }
-    const bool top = 1.0 * s.btop * s.ttop * s.ttop < 1.0 * s.bbot * s.tbot * s.tbot;
-    const Flange flange = top ? TopFlange(s) : BottomFlange(s);
-    return std::max({flange.inner / 2, flange.left, flange.right}) > 15 * eps * flange.t;
-}
-
-bool FlangeMomentIsHigh(const ProjectState& s)
-{
-    if (!FlangesHelpInShear(s) || s.family == 21 || s.family == 27 || !BendsAboutY(s)) {
-        return false;
-    }
-    const double weaker = std::min(1.0 * s.btop * s.ttop, 1.0 * s.bbot * s.tbot);  // mm2
-    const double arm = s.hw + (1.0 * s.ttop + s.tbot) / 2;
-    return s.mfrd > weaker * arm * s.fyk / s.gammam0 / 1e6;
-}
-
 constexpr NoteRule kSections[] = {
     {"D30", FlangeOfShearIsWide,
      "The flange part of the shear buckling resistance counts the whole width of the flange; EN "
@@ -274,6 +241,12 @@ constexpr NoteRule kSections[] = {
     {"D31", FlangeMomentIsHigh,
      "The moment of the flanges in the shear buckling resistance is above that of the weaker "
      "flange, which EN 1993-1-5, 5.4 (2) takes."},
+    {"D32", ShearAreaOfOneFlange,
+     "The shear area takes the factor eta, although the web has a flange at one end only; EN "
+     "1993-1-1, 6.2.6 (3) takes tw (h - tf/2)."},
+    {"D33", UpgradeIsHigh,
+     "The plastic axis beside the class 3 web lies in the other flange, where the plastic modulus "
+     "is up to 3 % above that of EN 1993-1-1, 6.2.2.4."},
     {"D53",
      [](const ProjectState& s) { return s.family >= 6 && s.family <= 9 && ClassFourActs(s); },
      "Effective widths of the hollow section are based on the flat between the corners; EN "

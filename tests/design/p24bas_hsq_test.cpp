@@ -319,6 +319,31 @@ TEST(HsqUpgrade, NoTensionInTheWebGivesTheLargestHole)
     EXPECT_NEAR(s.wplplus, s.wply - 12 * hole * (hole / 2 + keep), 1e-6 * s.wply);
 }
 
+// A bottom flange that holds the plastic axis, the top compressed, S355: keep = 20*0.8136*8 = 130.2,
+// 2082.9 mm2 in both webs. Effective section: 21280 + 2*2082.9 + 1600 = 27046, half of it 35.587 mm
+// up the flange, whose parts are 35.587 and 20.413 high.
+TEST(HsqUpgrade, D33AxisIsHeldInTheWeb)
+{
+    ProjectState s = welded::Default(24);
+    s.p24 = {446, 160, 380, 8, 10, 56, 5};
+    s.class23 = 0;
+    welded::Prepare(s);
+    ASSERT_EQ(s.classmytop, 23);
+    const double axis = 35.587;
+    const double standard = 380 * (axis * axis + 20.413 * 20.413) / 2 +
+                            2082.9 * (56 + 65.09 - axis) + 2082.9 * (492 - 65.09 - axis) +
+                            1600 * (497 - axis);
+    EXPECT_NEAR(standard, 2.051e6, 1e3);
+    // Wpl = 2.716e6; hole 436 - 260.4 = 175.6, 16*175.6*(87.8 + 130.2) = 0.613e6
+    EXPECT_NEAR(s.wplplus, 2.103e6, 1e3);
+
+    // With the axis in the web the modulus is below that of the effective section: h 500 above,
+    // webs 145.3 in tension, 97.63 beside the axis and at the flange.
+    s = Upgraded(500);
+    EXPECT_LT(s.wplplus, 8100 * (145.3 + 7.5) + 12 * (145.3 * 145.3 + 97.63 * 97.63) / 2 +
+                             12 * 97.63 * (475 - 145.3 - 48.8) + 7500 * (475 - 145.3 + 12.5));
+}
+
 // Parts kept that meet leave no hole; nothing is added.
 TEST(HsqUpgrade, HoleIsNeverNegative)
 {

@@ -123,6 +123,13 @@ TEST(TSection, D194AxialForceAndMomentAreSummed)
     EXPECT_EQ(s.secline[2].limit[0].text(), " ({r}L; Ch 6.2.1/6.2.9)");
 }
 
+// 200/200/10/10: the standard has 10*(200 - 5) = 1950.
+TEST(TSection, D32ShearAreaTakesEta)
+{
+    EXPECT_NEAR(welded::Prepared(26).avz, 1.2 * 1900, 1e-3);
+    EXPECT_NEAR(welded::Prepared(51).avz, 1.2 * 2000, 1e-3);  // 10*(210 - 5) = 2050
+}
+
 TEST(TSection, SlenderWebHasNoFlangePart)
 {
     ProjectState s = welded::Default(26);
