@@ -15,9 +15,9 @@
 // x = 0) and +M (at x = L) of the fixed beam into the mix, so that the support shows (1 - 2 s) M;
 // elastic analysis gives (1 - s) M beside the support, which only the check section at x = 0 holds.
 //
-// Deviation D110: a load that a project file puts off the member, or lets end before it starts,
-// goes through the formulas as it stands; elastic analysis (EN 1993-1-1, 5.4.2) knows loads on the
-// member only. The boxes refuse such a load.
+// Deviation D110: a load or check point that a project file puts off the member, and a load that
+// ends before it starts, go through the formulas as they stand; elastic analysis (EN 1993-1-1,
+// 5.4.2) knows loads on the member only. The boxes refuse such positions.
 
 #include "core/project_state.h"
 

@@ -90,19 +90,29 @@ bool MomentOnSpringSupport(const ProjectState& s)
     return false;
 }
 
+bool OnTheMember(const ProjectState& s, float x)
+{
+    return x >= 0 && x <= s.l;
+}
+
 bool LoadOffTheMember(const ProjectState& s)
 {
-    const auto counts = [&s](i16 checked) { return checked != 0 || s.loadcomb != kBasicLoads; };
+    const auto acts = [&s](i16 checked) {
+        return s.loadmode == 1 && (checked != 0 || s.loadcomb != kBasicLoads);
+    };
     bool off = false;
-    for (std::size_t k = 1; k <= 8; ++k) {
-        const bool on = s.pmx[k] >= 0 && s.pmx[k] <= s.l;
-        off = off || (s.pm[k] != 0 && counts(s.pmchecked[k]) && !on);
+    for (std::size_t k = 1; k <= 8; ++k) {  // an empty row has its check sections too
+        const bool counts = s.cpmode != 1 || (s.pm[k] != 0 && acts(s.pmchecked[k]));
+        off = off || (counts && !OnTheMember(s, s.pmx[k]));
     }
     for (std::size_t k = 1; k <= 3; ++k) {
-        const bool on = s.qtx1[k] >= 0 && s.qtx1[k] < s.qtx2[k] && s.qtx2[k] <= s.l;
-        off = off || ((s.qt1[k] != 0 || s.qt2[k] != 0) && counts(s.qtchecked[k]) && !on);
+        const bool loaded = (s.qt1[k] != 0 || s.qt2[k] != 0) && acts(s.qtchecked[k]);
+        const bool on = OnTheMember(s, s.qtx1[k]) && OnTheMember(s, s.qtx2[k]);
+        off = off || (loaded && !(on && s.qtx1[k] < s.qtx2[k]));
+        const bool chosen = s.cpmode == 1 && static_cast<int>(k) <= s.npts + 1;
+        off = off || (chosen && !OnTheMember(s, s.cp[k]));
     }
-    return off && s.loadmode == 1;
+    return off;
 }
 
 // The whole line of the standard against its right half.
@@ -237,8 +247,8 @@ constexpr NoteRule kGeneral[] = {
      "A moment or shear force between the points of the section control is more than 1 % larger "
      "than at these points; add a check point there."},
     {"D110", LoadOffTheMember,
-     "A load stands off the member or ends before it starts; moments, shear forces and deflections "
-     "of this load are wrong. Correct its position."},
+     "A load or check point stands off the member, or a load ends before it starts; the results "
+     "are wrong. Correct its position."},
     {"D251", ModalMassIsIncomplete,
      "The mass of the modal analysis counts uniform loads only, and upward ones as negative; with "
      "the mass of the other loads the frequencies are lower."},

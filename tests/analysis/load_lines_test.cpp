@@ -185,6 +185,16 @@ TEST(LoadOffTheMember, GoesThroughTheFormulasD110)
     EXPECT_EQ(s.mydiag[50], 0);
 }
 
+// The check section of an empty row at 0.999*9 = 8.991 m: M = 30 x - 5 x2 = 269.73 - 404.19.
+TEST(LoadOffTheMember, ItsCheckSectionsLeaveTheMemberTooD110)
+{
+    ProjectState s = Member(0);
+    s.qload[1] = 10;
+    AddForce(s, 1, 0, 9);
+    Analyse(s);
+    EXPECT_NEAR(s.mysec[11], 269.73 - 5 * 8.991 * 8.991, 1e-3);
+}
+
 // A mirrored load gives the mirrored lines where the supports are alike.
 TEST(Lines, MirrorWithTheLoad)
 {

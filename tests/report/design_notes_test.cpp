@@ -48,6 +48,8 @@ const NoteCase kCases[] = {
     {"D107", "qt1[1]=10 qt2[1]=10 qtx1[1]=0 qtx2[1]=2.5", "qload[1]=10"},
     {"D109", "cpmode=1 cpcount=1 cp[1]=1 qload[1]=10", "qload[1]=10"},
     {"D110", "pm[1]=10 pmx[1]=9 l=8", "pm[1]=10 pmx[1]=4 l=8"},
+    {"D110", "loadmode=0 pmx[1]=9 l=8", "loadmode=0 pmx[1]=9 l=8 cpmode=1"},
+    {"D110", "cpmode=1 cpcount=2 cp[2]=9 l=8", "cpmode=1 cpcount=1 cp[2]=9 l=8"},
     {"D110", "qt1[1]=5 qtx1[1]=6 qtx2[1]=9 l=8", "qt1[1]=5 qtx1[1]=6 qtx2[1]=8 l=8"},
     {"D110", "qt2[1]=5 qtx1[1]=6 qtx2[1]=3 l=8", "qt2[1]=5 qtx1[1]=3 qtx2[1]=6 l=8"},
     {"D154", "family=21 p21.isttw=6 nload[1]=100 qload[1]=10", "family=21 p21.isttw=6 qload[1]=10"},
