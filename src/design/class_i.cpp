@@ -127,6 +127,8 @@ i16 CalcClassY(ProjectState& s, float n, float m)
     return Larger(s);
 }
 
+// Deviation D34: Mz alone, or with a tension, leaves the web in class 1; that of a channel is
+// compressed all over when Mz opens the toes, and the standard classes it so.
 i16 CalcClassZ(ProjectState& s, float n, float m)
 {
     return CalcClassZ(s, n, m, s.cflange, s.tf, s.b);

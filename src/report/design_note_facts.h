@@ -29,6 +29,9 @@ bool FlangeMomentIsHigh(const ProjectState& s);
 // T and plate with flat bar: eta raises the shear area above tw (h - tf/2).
 bool ShearAreaOfOneFlange(const ProjectState& s);
 
+// Channels: Mz may compress a web that then is no longer of class 2.
+bool WebCompressedByMzIsSlender(const ProjectState& s);
+
 // Hat beams: the plastic modulus beside a class 3 web is above that of the effective section.
 bool UpgradeIsHigh(const ProjectState& s);
 

@@ -59,6 +59,12 @@ bool ShearAreaOfOneFlange(const ProjectState& s)
            StockyInShear(s, s.hw, s.tw) && s.neta * s.hw > s.hw + s.ttop / 2.0;
 }
 
+bool WebCompressedByMzIsSlender(const ProjectState& s)
+{
+    return IsChannel(s.family) && BendsAboutZ(s) && !(s.ned > 0) && s.classmz <= 2 &&
+           s.checkelastic != kTrue && 1.0 * s.d / s.tw >= 38 * s.eps;
+}
+
 bool UpgradeIsHigh(const ProjectState& s)
 {
     if (!IsHatBeam(s.family)) {

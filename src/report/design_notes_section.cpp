@@ -247,6 +247,9 @@ constexpr NoteRule kSections[] = {
     {"D33", UpgradeIsHigh,
      "The plastic axis beside the class 3 web lies in the other flange, where the plastic modulus "
      "is up to 3 % above that of EN 1993-1-1, 6.2.2.4."},
+    {"D34", WebCompressedByMzIsSlender,
+     "Where Mz compresses the web of the channel, EN 1993-1-1, Table 5.2 gives it class 3 or worse "
+     "and the elastic modulus; the plastic one is used."},
     {"D53",
      [](const ProjectState& s) { return s.family >= 6 && s.family <= 9 && ClassFourActs(s); },
      "Effective widths of the hollow section are based on the flat between the corners; EN "

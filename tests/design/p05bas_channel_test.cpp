@@ -157,6 +157,19 @@ TEST(CalcEffectiveChannel, BucklingCanBeLeftOut)
     ExpectWorked(s.weffy, s.wely, "weffy", 1e-6);
 }
 
+// PFC 430x100x64 in S355, Mz that compresses the web: (430 - 2*19 - 2*15)/11 = 32.9 is between 38
+// eps = 30.9 and 42 eps = 34.2, class 3 by the standard, whose resistance is Wel = 97.9 cm3. Ours
+// takes Wpl = 175.9 cm3.
+TEST(Channel, D34WebCompressedByMzIsNotClassed)
+{
+    ProjectState s = Channel(103, "430x100x64", 355, 2);
+    Design(s, {0, 0, -20, 0, 0});
+    EXPECT_EQ(s.classmz, 1);
+    ExpectWorked(s.irrow1, 20 / (175.9 * 0.355), "row 1, Mz");
+    CalcClassY(s, 10, 0);
+    EXPECT_EQ(s.classweb, 3);
+}
+
 // Deviation D163.
 TEST(Channel, D163CombinesForcesAsAnISection)
 {

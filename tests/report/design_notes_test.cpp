@@ -39,6 +39,8 @@ const NoteCase kCases[] = {
      "family=24 p24.isth=446 p24.istb1=160 p24.istb2=380 p24.isttw=8 p24.isttf1=10 p24.isttf2=56 "
      "class23=0 qload[1]=5",
      "family=24 p24.isth=500 class23=0 qload[1]=5"},
+    {"D34", "family=103 series103=2 row.pfc=15 qload[1]=1 qdir[1]=0",
+     "family=103 series103=2 row.pfc=15 qload[1]=1"},
     {"D53", "family=6 row.shs=35 fykindex=26 fyk=2000 nload[1]=10",
      "family=6 row.shs=35 nload[1]=10"},
     {"D55", "family=10 qload[1]=1 l=1", "family=10 nload[1]=10 l=1"},
