@@ -27,6 +27,18 @@ void FinishOpening(Session& session)
     session.Calculate();
 }
 
+// What a file does not hold is that of a new project, so that the result is that of a fresh start:
+// places of point loads make check sections, uniform loads are mass, also beside end forces.
+void ResetLoadsOfTheOtherMode(ProjectState& s)
+{
+    if (s.loadmode != 1) {
+        ResetLoadRows(s);
+    }
+    if (s.loadmode != 0) {
+        ResetEndForces(s);
+    }
+}
+
 bool WriteFile(Session& session, const std::string& path)
 {
     if (const std::string problem = WriteWholeFile(path, WriteProject(session.edit()));
@@ -90,6 +102,7 @@ bool OpenPath(Session& session, SettingsStore& store, const std::string& path)
         session.changed();
         return false;
     }
+    ResetLoadsOfTheOtherMode(session.edit());
     session.halfread = false;
     if (!again) {
         session.SetTitle(session.TitleStem() + ": " + path);

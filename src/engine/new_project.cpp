@@ -57,25 +57,8 @@ void ResetLateralBuckling(ProjectState& s)
 void ResetLoads(ProjectState& s)
 {
     s.selfweight = 0;
-    s.nload = {0, 100, 0, 0};
-    s.ntype = {};
-    s.nchecked = {0, kTrue, kFalse, kFalse};
-    s.qload = {0, 10, 0, 0, 0};
-    s.qtype = {};
-    s.qdir = {1, 1, 1, 1, 1};
-    s.qchecked = {0, kTrue, kFalse, kFalse, kFalse};
-    s.qt1 = s.qt2 = s.qtx1 = s.qtx2 = s.qttype = {};
-    s.qtdir = {0, 1, 1, 1};
-    s.qtchecked = {0, kTrue, kFalse, kFalse};
-    s.pmkind = {};
-    s.pm = s.pmx = {};
-    s.pmtype = {};
-    s.pmdir = {0, 1, 1, 1, 1, 1, 1, 1, 1};
-    s.pmchecked = {0, kTrue, 0, 0, 0, 0, 0, 0, 0};
-    s.ne = 100;
-    s.my1 = 100;
-    s.vz1 = 50;
-    s.my2 = s.vy1 = s.vy2 = s.mz1 = s.mz2 = s.vz2 = 0;
+    ResetLoadRows(s);
+    ResetEndForces(s);
     s.pmrelative = 0;
     s.qtrelative = 0;
     s.cpmode = 0;
@@ -183,6 +166,33 @@ void LoadSetup(const Library& library, ProjectState& s)
 }
 
 }  // namespace
+
+void ResetLoadRows(ProjectState& s)
+{
+    s.nload = {0, 100, 0, 0};
+    s.ntype = {};
+    s.nchecked = {0, kTrue, kFalse, kFalse};
+    s.qload = {0, 10, 0, 0, 0};
+    s.qtype = {};
+    s.qdir = {1, 1, 1, 1, 1};
+    s.qchecked = {0, kTrue, kFalse, kFalse, kFalse};
+    s.qt1 = s.qt2 = s.qtx1 = s.qtx2 = s.qttype = {};
+    s.qtdir = {0, 1, 1, 1};
+    s.qtchecked = {0, kTrue, kFalse, kFalse};
+    s.pmkind = {};
+    s.pm = s.pmx = {};
+    s.pmtype = {};
+    s.pmdir = {0, 1, 1, 1, 1, 1, 1, 1, 1};
+    s.pmchecked = {0, kTrue, 0, 0, 0, 0, 0, 0, 0};
+}
+
+void ResetEndForces(ProjectState& s)
+{
+    s.ne = 100;
+    s.my1 = 100;
+    s.vz1 = 50;
+    s.my2 = s.vy1 = s.vy2 = s.mz1 = s.mz2 = s.vz2 = 0;
+}
 
 void NewProject(const Library& library, ProjectState& s)
 {

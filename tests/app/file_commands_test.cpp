@@ -423,6 +423,32 @@ TEST(OpenFile, TheAnnexReplacesTheFactorsOfTheFileUnlessTheyAreTheUsers)
     }
 }
 
+// A file of given end forces holds no load rows. Those of the project before would add check
+// sections beside its point loads and mass to the modal analysis.
+TEST(OpenFile, GivesTheResultOfAFreshStart)
+{
+    const TemporaryFolder folder;
+    Program writer;
+    writer.edit().modal = 1;
+    OpenEndForcesFromMenu(writer.session);
+    const std::string path = folder.File("ends.kst");
+    writer.desk.saves = {path};
+    ASSERT_TRUE(SaveFileAs(writer.session, writer.store));
+
+    Program fresh, used;
+    used.edit().pm[1] = 5;
+    used.edit().pmx[1] = 2.5F;
+    used.edit().qload[1] = 80;
+    used.session.Calculate();
+    ASSERT_EQ(used.state().npts, 12);  // eleven points and a pair
+    ASSERT_TRUE(OpenPath(fresh.session, fresh.store, path));
+    ASSERT_TRUE(OpenPath(used.session, used.store, path));
+    EXPECT_EQ(used.session.shown().npts, 10);
+    EXPECT_EQ(used.session.shown().modalmass, fresh.session.shown().modalmass);
+    EXPECT_GT(used.session.shown().freq[1], 0);
+    EXPECT_EQ(used.session.shown().freq, fresh.session.shown().freq);
+}
+
 TEST(OpenFile, EndForcesAndLoadsOfTheOtherModeAreKeptInMemory)
 {
     Program program;
