@@ -27,7 +27,7 @@ i16 ClassWebCompressed(const ProjectState& s)
     return ClassInternal(s, s.d, s.tw);
 }
 
-// Table 5.2, sheet 1.
+// Table 5.2, sheet 1. Deviation D165: alpha comes in as the share of the clear web height hw.
 //
 // Deviation D188: class 3 up to 126 eps/(2 + psi); the standard has 42 eps/(0.67 + 0.33 psi), less
 // by up to 2 % towards psi = -1.

@@ -115,7 +115,9 @@ i16 ClassWelded(const ProjectState& s, float n, float m)
 //   out  classes; resistances [kN, kNm]
 //
 // Deviation D190: biaxial bending, axial reduction and the flanges' shear take two flanges of mean
-// width and mean thickness; the standard takes each flange as it is.
+// width and mean thickness; the standard takes each flange as it is, and its formulas of 6.2.9.1
+// (4), (5) are for doubly symmetric sections. Where N moves the plastic axis away from the
+// centroid, the moment falls from the start.
 void CalcResistanceSingleI(ProjectState& s)
 {
     s.classmytop = ClassWelded(s, 0, 10);

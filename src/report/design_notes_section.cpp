@@ -4,6 +4,7 @@
 #include "design/shear.h"
 #include "design/welded_side.h"
 #include "report/design_note_facts.h"
+#include "report/design_note_welded.h"
 #include "report/design_notes.h"
 
 #include <algorithm>
@@ -94,31 +95,23 @@ bool WebClassThreeByOneFormula(const ProjectState& s)
 
 bool FlangeClassThreeOfWholeFlange(const ProjectState& s)
 {
-    if (!IsIOrChannel(s) || s.ned == 0) {
+    if (s.ned == 0) {
         return false;
     }
-    const double eps = s.eps, slenderness = 1.0 * s.cflange / s.tf;
-    for (int k = 0; k <= s.npts; ++k) {
-        const double moment = s.mzsec[static_cast<std::size_t>(k)];
-        const EdgeStresses tips = Stresses(s, moment, s.b / 2.0, s.iz);
-        const EdgeStresses root = Stresses(s, moment, s.b / 2.0 - s.cflange, s.iz);
-        if (moment == 0 || !(tips.compressed > 0) || slenderness < 10 * eps) {
-            continue;
-        }
-        const double whole = KSigmaOutstand(tips.Ratio());
-        const double outstand = KSigmaOutstand(root.compressed / tips.compressed);
-        if (slenderness <= 21 * eps * std::sqrt(whole) &&
-            slenderness > 21 * eps * std::sqrt(outstand)) {
-            return true;
-        }
+    if (s.family == 22) {
+        return ClassThreeOfWholeFlange(s, s.btop, s.ctop, s.ttop) ||
+               ClassThreeOfWholeFlange(s, s.bbot, s.cbot, s.tbot);
     }
-    return false;
+    return IsIOrChannel(s) && ClassThreeOfWholeFlange(s, s.b, s.cflange, s.tf);
 }
 
 // The compressed share decides between plastic and elastic resistance: classes 1 and 2 are alike.
 bool WebClassOfClearHeight(const ProjectState& s)
 {
-    if (!IsIOrChannel(s) || !(s.ned > 0) || !BendsAboutY(s)) {
+    if (!IsIOrChannel(s)) {
+        return PlasticByClearHeight(s);
+    }
+    if (!(s.ned > 0) || !BendsAboutY(s)) {
         return false;
     }
     const auto plastic = [&](double height) {
@@ -204,14 +197,6 @@ bool AxialForceLeftAside(const ProjectState& s)
     return covered && s.loadmode == 0 && s.ne != 0;
 }
 
-bool MeanFlangesAct(const ProjectState& s)
-{
-    const bool axial = (s.btop - s.bbot) * (s.ttop - s.tbot) > 0 && PlasticNMy(s);
-    const bool shear =
-        1.0 * s.btop * s.ttop * s.ttop != 1.0 * s.bbot * s.tbot * s.tbot && WebBucklesInShear(s);
-    return s.family == 22 && (axial || shear);
-}
-
 // The limits 11 and 15 eps let pass what 10 and 14 eps do not.
 bool PassesByTheT(const ProjectState& s, double slenderness)
 {
@@ -267,7 +252,8 @@ constexpr NoteRule kSections[] = {
      "value of EN 1993-1-1, Table 3.1 as own value."},
     {"D154",
      [](const ProjectState& s) {
-         return IsIOrChannel(s) && s.ned != 0 && s.mfrd > 0 && WebBucklesInShear(s);
+         return (IsIOrChannel(s) || s.family == 22) && s.ned != 0 && s.mfrd > 0 &&
+                WebBucklesInShear(s);
      },
      "The flange part of the shear buckling resistance is hardly reduced for the axial force (EN "
      "1993-1-5, 5.4 (2))."},
@@ -288,7 +274,8 @@ constexpr NoteRule kSections[] = {
      "edge, which gives a smaller one."},
     {"D161",
      [](const ProjectState& s) {
-         return IsIOrChannel(s) && BendsAboutZ(s) && LargestVy(s) > 0.5 * s.vyrd;
+         return (IsIOrChannel(s) || s.family == 22) && BendsAboutZ(s) &&
+                LargestVy(s) > 0.5 * s.vyrd;
      },
      "The moment resistance about z is reduced for shear by half of what EN 1993-1-1, 6.2.8 (3) "
      "gives."},
@@ -309,7 +296,7 @@ constexpr NoteRule kSections[] = {
      "The shift of the centroid of the effective section in compression is not taken into account "
      "(EN 1993-1-1, 6.2.9.3 (2))."},
     {"D165", WebClassOfClearHeight,
-     "The web class under N and My refers to the clear web height; EN 1993-1-1, Table 5.2 takes "
+     "The compressed share of the web refers to its clear height; EN 1993-1-1, Table 5.2 takes "
      "the straight part, which gives a worse class."},
     {"D168", TensionOnOneWeb,
      "The class of the webs under tension and My counts the tension against one web; EN "
@@ -373,9 +360,10 @@ constexpr NoteRule kSections[] = {
     {"D189", AxialForceLeftAside,
      "This section is controlled for My and Vz only; axial force, Mz and Vy are not taken into "
      "account."},
-    {"D190", MeanFlangesAct,
-     "The flanges enter the axial reduction and the shear buckling resistance with their mean "
-     "dimensions."},
+    {"D190", TakenAsDoublySymmetric,
+     "N with a moment and the flanges in shear are taken as in a doubly symmetric I with mean "
+     "flanges; the moment resistance beside N can be lower by up to a quarter. There the "
+     "conservative control is safe."},
     {"D191",
      [](const ProjectState& s) {
          return IsHatBeam(s.family) && s.flangefactor > 0 && s.flangefactor < 1;

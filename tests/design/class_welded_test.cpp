@@ -64,6 +64,20 @@ TEST(ClassWelded, WebInBendingLimitsBelongToTheBetterClass)
     }
 }
 
+// Deviation D165. Default 22 with a web of 13.3, S355: plastic axis 20 + (9724 - 8000)/13.3 =
+// 149.62, in steps 149.7; alpha on hw 560 is (580 - 149.7)/560 = 0.7684, 456 eps/(13 alpha - 1) =
+// 41.27 above d/tw = 546.7/13.3 = 41.11. On the straight part alpha is (0.7684*560 - 6.65)/546.7 =
+// 0.7749, the limit 40.89.
+TEST(ClassWelded, D165AlphaRefersToTheClearWeb)
+{
+    ProjectState s = welded::Default(22);
+    s.p22.isttw = 13.3F;
+    welded::Prepare(s);
+    EXPECT_NEAR(TopSide(s).alpha, 0.7684, 5e-5);
+    EXPECT_EQ(s.classmytop, 2);
+    EXPECT_EQ(ClassWebBent(s, 0.7749, -0.6), 3);
+}
+
 // At psi = -0.9 the standard's limit is 42/(0.67 - 0.297) = 112.6, ours 126/1.1 = 114.5.
 TEST(ClassWelded, D188ElasticLimitOfTheWeb)
 {

@@ -279,6 +279,21 @@ TEST(SingleSymmetricI, D190AxialReductionTakesMeanFlanges)
     EXPECT_NEAR(s.mnyrd, s.wply * 235e-6 * (1 - n) / (1 - 0.5 * aw), 1e-5 * s.mnyrd);
 }
 
+// Deviation D190: the axial force leaves My whole up to half the squash load of the web, as in a
+// doubly symmetric section. 600/100/400/15/20/20, S235, 940 kN = 4000 mm2 below 0.5*8400*0.235 =
+// 987 kN. Mpl about z = 20 + 1200/15 = 100: 8000*90 + 80*15*40 + 480*15*240 + 2000*490 = 3.476e6
+// mm3. With N the plastic axis lies where 7200 mm2 are below it, at 18; about the centroid at
+// 3780000/18400 = 205.4: 2000*384.6 + 8400*94.6 - 800*186.4 + 7200*196.4 = 2.829e6 mm3.
+TEST(SingleSymmetricI, D190AxialForceEntersAsInADoublySymmetricSection)
+{
+    ProjectState s = Unequal({600, 100, 400, 15, 20, 20}, 235);
+    EXPECT_NEAR(s.zcog, 205.4, 0.05);
+    ASSERT_EQ(ClassWelded(s, 940, 300), 2);
+    welded::Control(s, {940, 300, 0, 0, 0});
+    EXPECT_NEAR(s.mnyrd, 3.476 * 235, 0.1);
+    EXPECT_GT(s.mnyrd, 1.2 * 2.829 * 235);
+}
+
 // Both flanges lose one tip each; the web is left out, so that even whole flanges stay below welz.
 // Deviation D200. By hand: c/t = 188/8 = 23.5, lambda 23.5/(28.4*0.8136*0.7550) = 1.347,
 // rho = 1.159/1.815 = 0.6388.
