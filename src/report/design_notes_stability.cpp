@@ -1,7 +1,12 @@
+#include "core/annexes.h"
 #include "core/load_combination.h"
 #include "report/design_note_facts.h"
 #include "report/design_notes.h"
+#include "report/stages.h"
 #include "stability/buckling_resistance.h"
+#include "stability/buckling_rows.h"
+#include "stability/cvipping.h"
+#include "stability/lt_factors.h"
 
 #include <algorithm>
 #include <array>
@@ -22,12 +27,7 @@ bool HasMoment(const ProjectState& s)
 // A stage with interaction factors has run: compression with a moment, or both moments alone.
 bool Interacts(const ProjectState& s)
 {
-    const bool covered = IsRolledOrWeldedI(s.family) || IsChannel(s.family) ||
-                         IsHollowOrBox(s.family) || IsAngle(s.family) || s.family == 22 ||
-                         s.family == 28 || s.family == 31 || s.family == 41;
-    const bool both =
-        s.ned == 0 && s.mydesign != 0 && s.mzdesign != 0 && !IsAngle(s.family) && s.family != 28;
-    return covered && ((s.ned > 0 && HasMoment(s) && !s.yline.empty()) || both);
+    return StagesOf(s).interaction;
 }
 
 bool LateralControlled(const ProjectState& s)
@@ -38,6 +38,67 @@ bool LateralControlled(const ProjectState& s)
 bool WholeMember(const ProjectState& s)
 {
     return s.loadmode == 1 && s.restraints == 0;
+}
+
+// The transverse load in all, kN. The shear of a cantilever has the opposite sign.
+double DownwardLoad(const ProjectState& s)
+{
+    constexpr i16 kCantilever = 4;
+    const double first = s.vzdiag.front();
+    return s.supportcase == kCantilever ? -first : first - s.vzdiag.back();
+}
+
+// The point of the diagram at the end of the given one of the equal parts.
+std::size_t DiagramPoint(int part, int parts)
+{
+    return static_cast<std::size_t>(std::nearbyint((kDiagramPoints - 1.0) * part / parts));
+}
+
+// The reduction would be lower under uniform moment, C1 = kc = 1; else C1 is of no effect.
+bool ShapeOfMomentsCounts(const ProjectState& s)
+{
+    const double mcr = s.mcr / s.ltc1;
+    const bool top = s.mydesignf > 0;
+    const LtReduction uniform =
+        s.ltbcurve == kRolledCurve ? LtCurveRolled(s, mcr, 1.0F, top) : LtCurveGeneral(s, mcr, top);
+    return uniform.xlt < (1 - 1e-6) * s.xlt;
+}
+
+// A load inside the governing segment lowers its critical moment: the moment line is fuller than
+// the straight one between its ends, or the load acts above the shear centre.
+bool LoadLowersTheSegment(const ProjectState& s)
+{
+    constexpr double kStraight = 1e-3;
+    const int parts = s.restraints + 1;
+    if (s.beampart < 1 || s.beampart > parts) {
+        return false;
+    }
+    const std::size_t from = DiagramPoint(s.beampart - 1, parts);
+    const std::size_t to = DiagramPoint(s.beampart, parts);
+    const double rise = static_cast<double>(s.mydiag[to]) - s.mydiag[from];
+    for (std::size_t j = from + 1; j < to; ++j) {
+        const double share = static_cast<double>(j - from) / static_cast<double>(to - from);
+        const double excess = (s.mydiag[j] - s.mydiag[from] - share * rise) / s.mydesignf;
+        if (excess > kStraight || (s.zg > 0 && excess < -kStraight)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// A moment on an end of a pinned member that bends like the largest one and so fills the line.
+bool MomentsOnPinnedEnds(const ProjectState& s)
+{
+    return s.supportcase == 0 && (s.my0 * s.mydesign > 0 || s.myl * s.mydesign > 0);
+}
+
+// chi_LT,mod with kc = 0.90, Table 6.6 for fixed ends under uniform load, lies below ours.
+bool TableOfKcGivesLess(const ProjectState& s)
+{
+    constexpr double kFixedEnds = 0.90;
+    const double bow = (s.lamlt - 0.8) * (s.lamlt - 0.8);
+    const double f = std::min(1.0, 1.0 - 0.5 * (1.0 - kFixedEnds) * (1.0 - 2.0 * bow));
+    return s.kc < kFixedEnds && s.xlt0 / f < (1 - 1e-6) * s.xlt;
 }
 
 bool RolledCurveInUse(const ProjectState& s)
@@ -165,8 +226,8 @@ constexpr NoteRule kStability[] = {
      "continuous; compare the critical moment by other means."},
     {"D213",
      [](const ProjectState& s) {
-         return LateralControlled(s) && WholeMember(s) && s.zg < 0 && s.mydesign < 0 &&
-                s.supportcase != 4;
+         return LateralControlled(s) && WholeMember(s) && s.zg < 0 && s.ltc2 > 0 &&
+                DownwardLoad(s) < 0;
      },
      "A load below the shear centre is taken as stabilising; an upward load there destabilises."},
     {"D215",
@@ -220,7 +281,7 @@ constexpr NoteRule kStability[] = {
      },
      "The factors of Mz, kyz and kzz, are not set anew for this section in class 1 and 2; choose "
      "Annex A."},
-    {"D226", [](const ProjectState& s) { return Interacts(s) && IsAngle(s.family); },
+    {"D226", [](const ProjectState& s) { return IsAngle(s.family) && HasMoment(s); },
      "Lateral torsional buckling of angles is not checked."},
     {"D229",
      [](const ProjectState& s) {
@@ -236,6 +297,36 @@ constexpr NoteRule kStability[] = {
      "The buckling check has no additional moment from the shift of the centroid in class 4."},
     {"D231", [](const ProjectState& s) { return s.family == 26 && s.ned > 0 && s.mydesign != 0; },
      "The moment of the self-weight is not combined with the axial force in the buckling check."},
+    {"D233",
+     [](const ProjectState& s) {
+         return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 && !IsPlate(s.family) &&
+                LoadLowersTheSegment(s) && (ShapeOfMomentsCounts(s) || (s.zg > 0 && s.xlt < 1));
+     },
+     "The critical moment between lateral restraints takes a straight moment line and no load "
+     "level; the loads there lower it."},
+    {"D234",
+     [](const ProjectState& s) {
+         return LateralControlled(s) && WholeMember(s) && !IsPlate(s.family) &&
+                s.cmanual == kFalse && s.c1alt == kFalse && MomentsOnPinnedEnds(s) &&
+                LtAlternativeC1(s) < (1 - 1e-3) * s.ltc1 && ShapeOfMomentsCounts(s);
+     },
+     "C1 does not see the moments on pinned ends and is too high; choose the alternative "
+     "calculation of C1."},
+    {"D235",
+     [](const ProjectState& s) {
+         return RolledCurveInUse(s) && WholeMember(s) && s.mycurved == kTrue &&
+                s.supportcase != 0 && s.supportcase != 4 && s.cmanual == kFalse &&
+                s.annexindex != kAnnexUk && TableOfKcGivesLess(s);
+     },
+     "kc of the reduction for lateral torsional buckling is 1/sqrt(C1); Table 6.6 gives a higher "
+     "one for fixed ends under uniform load."},
+    {"D236",
+     [](const ProjectState& s) {
+         return s.ned > 0 && s.mydesign != 0 && LateralControlled(s) && s.xlt < 1 &&
+                !(BucklesAboutY(s) && BucklesAboutZ(s));
+     },
+     "An axis without buckling has no row of 6.3.3, although the axial force and lateral torsional "
+     "buckling still act together."},
 };
 
 }  // namespace

@@ -24,6 +24,8 @@ void LateralTorsionalRow(ProjectState& s);
 void AxialRows(ProjectState& s);
 
 // The moment terms of 6.3.3 behind the axial ones. `equals`: the calculation ends in "=".
+// Deviation D236: an axis without buckling has no row here either; Eq (6.61) and (6.62) still hold
+// for it with chi = 1 and combine the axial force with lateral torsional buckling.
 void AddMomentTerms(ProjectState& s, const Resistances& resistance, bool equals);
 
 // Bending about both axes without axial force; the length factors are not asked.

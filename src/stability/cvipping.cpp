@@ -161,6 +161,8 @@ struct Piece {
     double resistance;  // kNm
 };
 
+// Deviation D235: kc follows C1 in every annex; 6.3.2.3 (2) recommends Table 6.6, which has 0.90
+// for fixed ends under uniform load where C1 gives 0.62.
 void Complete(const ProjectState& s, Piece& piece, bool top)
 {
     piece.kc = F32(1.0 / std::sqrt(piece.c1));
@@ -231,6 +233,9 @@ Piece Segment(ProjectState& s, int number, double& ratio)
 // Deviation D201: a segment is checked for the moments at its ends. A larger moment between them,
 // as under a load inside the segment, is not seen; 6.3.2.1 (1) takes the design moment of the
 // segment.
+// Deviation D233: C1 and C3 are those of a straight moment line between the ends of the segment,
+// and the load level does not count (C2 = 0), whatever loads act there; 6.3.2.2 (2) takes the
+// loading conditions and the real moment distribution.
 void Segments(ProjectState& s)
 {
     const auto restraints = static_cast<int>(CheckedIndex(s.restraints, kSegments - 1));
@@ -299,7 +304,7 @@ LtReduction LtCurveRolled(const ProjectState& s, double mcr, float kc, bool top)
 //        mydesignf [kNm], mydiag [kNm]
 //   out  beampart, mydesignf, mltrd [kNm], ltc1..3, kc, lt [m], zg, zload [mm], mcr [Nmm], lamlt,
 //        xlt0, xlt, ffactor, segc1, segc3, segmcr
-// Deviations D201, D213: see above. More than five restraints stop the pass.
+// Deviations D201, D213, D233, D235: see above. More than five restraints stop the pass.
 void LateralTorsionalBuckling(ProjectState& s)
 {
     SetLoadLevel(s);

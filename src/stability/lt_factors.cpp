@@ -90,7 +90,7 @@ double SegmentLength(const Entry& entry, double k)
     return entry.half + (k - 0.5) / 0.5 * (entry.full - entry.half);
 }
 
-// C3 at k = 0.5 and k = 1. D212: the parameter t of the lowest and of the range -0.25 .. 0 does not
+// C3 at k = 1 and k = 0.5. D212: the parameter t of the lowest and of the range -0.25 .. 0 does not
 // run from 0 to 1, so that the values step at the borders.
 Entry SegmentC3Entry(double r, double psif)
 {
@@ -141,6 +141,9 @@ Entry SegmentC3Entry(double r, double psif)
 // 1.285.
 // Deviation D211: the values run on in a straight line beyond k = 1; at k = 2 C1 of fixed ends
 // reaches 6.31, for which there is no theory.
+// Deviation D234: the row follows the support and whether the moment line is curved. Moment loads
+// on pinned ends do not change it, so that a nearly uniform moment gets 1.12 or 1.35 instead
+// of 1.0; 6.3.2.2 (2) takes the real moment distribution.
 CFactors LtCFactors(const ProjectState& s)
 {
     CFactors c = s.cmanual != kFalse ? CFactors{s.c1, s.c2, s.c3} : BySupport(s);

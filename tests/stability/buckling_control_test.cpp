@@ -134,6 +134,17 @@ TEST(RolledI, WithoutBucklingLengthsOnlyTheRemark)
     EXPECT_GT(s.irrow6, 0);
 }
 
+// chi = 1 about both axes: n = 100/2772.6, and kzy = 1 - 0.1 lamz n/(0.95 - 0.25) is 1 at lamz 0,
+// so that Eq (6.62) has 0.0361 + 0.1745 = 0.2106.
+TEST(RolledI, D236AnAxisWithoutBucklingHasNoInteraction)
+{
+    ProjectState s = BeamColumn(2);
+    s.ly = s.lz = 0.001f;
+    BucklingControlRolledI(s);
+    EXPECT_NEAR(100 / 2772.6 + s.irrow6, 0.2106, 1e-4);
+    EXPECT_NEAR(s.maxirbuckling, 0.1745, 1e-4);
+}
+
 TEST(RolledI, OneBucklingLengthGivesOneRow)
 {
     ProjectState s = BeamColumn(2);

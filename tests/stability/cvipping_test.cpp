@@ -77,6 +77,19 @@ TEST(WholeMember, MatchesPublishedIpe330)
     EXPECT_NEAR(s.mydesign / (s.xlt * s.mltrd), 0.985, 5e-4);
 }
 
+// Fixed ends, q: Table 6.6 has kc 0.90. Here 1/sqrt(2.578) = 0.6228.
+TEST(WholeMember, D235FactorKcFollowsC1)
+{
+    ProjectState s = Ipe330();
+    s.supportcase = 2;
+    UniformLoad(s, 22.28);
+    LateralTorsionalBuckling(s);
+    EXPECT_NEAR(s.kc, 0.6228, 5e-5);
+    const double bow = (s.lamlt - 0.8) * (s.lamlt - 0.8);
+    EXPECT_NEAR(s.ffactor, 1 - 0.5 * (1 - 0.6228) * (1 - 2 * bow), 5e-5);
+    EXPECT_GT(s.xlt, s.xlt0 / (1 - 0.5 * (1 - 0.90) * (1 - 2 * bow)));
+}
+
 // The same with the publication's own factors, entered by hand.
 TEST(WholeMember, MatchesPublishedIpe330WithItsFactors)
 {

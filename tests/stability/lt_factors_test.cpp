@@ -81,6 +81,20 @@ TEST(LtCFactors, D211ValuesRunOnBeyondKOne)
     EXPECT_NEAR(LtCFactors(Member(0, true, 2.0f)).c1, 1.12 + 2 * 0.15, 1e-9);
 }
 
+// Moments 100 and 90 on the ends: r = 0.9, C1 1 + 0.4 0.14 = 1.056 as a segment; the row of the
+// straight line has 1.35, that of a level line, which counts as curved, 1.12 instead of 1.
+TEST(LtCFactors, D234MomentsOnPinnedEndsKeepTheRowOfTheSupport)
+{
+    ProjectState s = Member(0, false, 1.0f);
+    members::EndMoments(s, 100, 90);
+    EXPECT_EQ(LtCFactors(s).c1, 1.35);
+    EXPECT_NEAR(SegmentC1(0.9, 1.0), 1.056, 1e-9);
+    s.mycurved = kTrue;
+    members::EndMoments(s, 100, 100);
+    EXPECT_EQ(LtCFactors(s).c1, 1.12);
+    EXPECT_EQ(SegmentC1(1.0, 1.0), 1.0);
+}
+
 // A cantilever with k = 1 looks up with k = 0.5.
 TEST(LtCFactors, CantileverLooksUpWithHalfTheFactor)
 {

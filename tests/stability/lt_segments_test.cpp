@@ -60,6 +60,23 @@ TEST(Segments, D201MissTheMomentBetweenTheRestraints)
     EXPECT_LT(s.mydesignf, 0.9 * s.mydesign);
 }
 
+// Half a beam under uniform load, held at mid-span: the straight line from 0 has C1 1.77. The
+// quarter points of the parabola, 0.4375, 0.75 and 0.9375 of the largest moment, give by 12.5/(2.5
+// + 3 a + 4 b + 3 c) of AISC 360, F1: 12.5/9.625 = 1.299. The load on the top flange does not
+// count.
+TEST(Segments, D233TakeAStraightMomentLineAndNoLoadLevel)
+{
+    ProjectState s = members::Heb200();
+    UniformLoad(s, 10);
+    s.restraints = 1;
+    s.loadlevel = 1;
+    LateralTorsionalBuckling(s);
+    EXPECT_EQ(s.zg, 100);
+    EXPECT_NEAR(s.ltc1, 1.77, 1e-9);
+    EXPECT_NEAR(s.mcr, Mcr(s, 1.77, 0, 2500), s.mcr * 1e-6);
+    EXPECT_GT(s.mcr, 1.36 * Mcr(s, 1.299, 0, 2500));
+}
+
 // Three restraints: 12.5 and 37.5 round to the even points 12 and 38.
 TEST(Segments, RoundHalfPointsToEven)
 {
