@@ -2,9 +2,9 @@
 """Makes the parts of the manuals that follow from other files, and checks what the manuals name.
 
 usage: manual_sources.py deviations|verification|check|page|index ARGUMENTS
-  deviations           chapter of the deviations from docs/deviations.md
-  verification         chapter of the verification problems from docs/verification.md
-  check KESTRUM        deviations and fields that docs/theory names exist
+  deviations           tables of the deviations from docs/deviations.md
+  verification         tables of the verification problems from docs/verification.md
+  check KESTRUM        deviations and fields that docs/theory names exist, and it names every row of the table of details
   page FILE FOLDER     the page without pictures that FOLDER does not hold
   index FOLDER         search.js of the HTML pages in FOLDER
 """
@@ -24,35 +24,42 @@ def cells(line):
     return [cell.strip().replace('\0', r'\|') for cell in line.replace(r'\|', '\0').strip().strip('|').split('|')]
 
 
+def typeset(text):
+    """Plain-text arithmetic as Pandoc sets it: powers of ten, exponents, products, minus signs."""
+    text = re.sub(r'(?<=\d)e\+?(-?)0?(\d+)\b', r'·10^\1\2', text)
+    text = re.sub(r'(?<=\d)/(?=\d+/\d)', r'/\\allowbreak{}', text)  # dimensions may break
+    text = re.sub(r'\^(-?\d+(?:\.\d+)?)', r'^\1^', text)
+    text = re.sub(r'(^|[ (^])-(?=[ \w(.])', '\\1\N{MINUS SIGN}', text)
+    return re.sub(r' x (?=[\d(])', ' \N{MULTIPLICATION SIGN} ', text)
+
+
 def deviations():
     """The tables without the names of the tests, columns as wide as a page wants them."""
-    out = ['# Deviations from the standards', '']
+    out, inside = [], False
     for line in DEVIATIONS.read_text(encoding='utf-8').splitlines():
-        if line.startswith('# '):
-            continue
-        if re.fullmatch(r'`src/\w+`', line.strip()):
+        inside = inside or line.startswith('## ')
+        if not inside or re.fullmatch(r'`src/\w+`', line.strip()):
             continue
         if line.startswith('|'):
-            row = cells(line)[:5]
+            row = [typeset(cell) for cell in cells(line)[:5]]
             if set(row[0]) <= set('-:'):
                 row = ['-' * n for n in (8, 28, 28, 21, 17)]
-            out.append('| ' + ' | '.join(row) + ' |')
-        else:
-            out.append(line)
+            line = '| ' + ' | '.join(row) + ' |'
+        out.append(line)
     print('\n'.join(out))
 
 
 def verification():
-    if not VERIFICATION.exists():
-        print('# Verification problems\n\nNo verification problems are recorded with this version.')
-        return
-    out, last = ['# Verification problems', ''], None
-    for line in VERIFICATION.read_text(encoding='utf-8').splitlines()[1:]:
+    out, last, inside = [], None, False
+    for line in VERIFICATION.read_text(encoding='utf-8').splitlines():
+        inside = inside or line.startswith('## ')
+        if not inside:
+            continue
         if line.startswith('|'):
-            row = cells(line)
+            row = [typeset(cell) for cell in cells(line)]
             row = row[:6] + row[7:]  # without the kind of the source
             if set(row[0]) <= set('-:'):
-                row = ['-' * n for n in (6, 22, 12, 13, 13, 12, 30)]
+                row = ['-' * n for n in (7, 20, 18, 16, 16, 12, 30)]
             if row[0] == last:
                 row[:2] = ['', '']  # another value of the same problem
             else:
@@ -60,6 +67,20 @@ def verification():
             line = '| ' + ' | '.join(row) + ' |'
         out.append(line)
     print('\n'.join(out))
+
+
+def details(kestrum, project):
+    """Labels of the table of details with Annex A and with Annex B, in their order."""
+    labels = []
+    for method in '12':
+        changed = subprocess.run([kestrum, 'set', '-', f'method={method}', '-o', '-'], input=project,
+                                 capture_output=True, text=True, check=True).stdout
+        table = subprocess.run([kestrum, 'table', '-'], input=changed, capture_output=True, text=True, check=True).stdout
+        for line in table.splitlines()[1:]:
+            cell = re.match(r' (\S+) {2,}\S', line)
+            if cell and cell[1] not in labels:
+                labels.append(cell[1])
+    return labels
 
 
 def check(kestrum):
@@ -75,6 +96,11 @@ def check(kestrum):
             fields = [name for line in text.splitlines() if line.startswith('|')
                       for name in re.findall(r'`(\w+)`', line)]
             faults += [f'{path.name}: the dump has no field {name}' for name in fields if name not in state]
+        if path.name == '85-details.md':
+            told = re.findall(r'^\| `([^`]+)`', text, re.M)
+            labels = details(kestrum, project)
+            faults += [f'{path.name}: the table of details has no row {name}' for name in told if name not in labels]
+            faults += [f'{path.name}: the row {name} is missing' for name in labels if name not in told]
     for fault in faults:
         print(fault, file=sys.stderr)
     sys.exit(1 if faults else 0)
