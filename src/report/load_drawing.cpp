@@ -6,16 +6,19 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <vector>
 
 namespace kestrum {
 
 namespace {
 
-constexpr double kHead = 9;  // the two lines on top
-constexpr double kBand = 3.4, kBandPitch = 7.2;
+constexpr double kHead = 9;                    // the two lines on top
+constexpr double kBand = 3.4;                  // height of a line load
+constexpr double kUniformPitch = 4.6;          // with its label inside
+constexpr double kTrapezoidPitch = 7.2;        // with its label above
 constexpr double kArrow = 7;                   // a point force
-constexpr double kTurn = 2.2, kEndTurn = 3.2;  // radius of a moment
+constexpr double kTurn = 2.2, kEndTurn = 2.6;  // radius of a moment
 constexpr double kRow = 3.2;                   // of labels
 constexpr double kEndZone = 14;
 constexpr double kWeight = 0.25;
@@ -31,9 +34,15 @@ struct PointLoad {
     std::string label;
 };
 
+// As the table of loads on the page gives it: a small load is not rounded to another one.
+std::string Figure(float value)
+{
+    return FormatNum(value, "#0.0##");
+}
+
 std::string Value(float value, std::string_view unit, double category)
 {
-    return FormatNum(value, "#0.0") + std::string(unit) + CategoryText(category);
+    return Figure(value) + std::string(unit) + CategoryText(category);
 }
 
 // Part of the length; a member without length is none that could be drawn to.
@@ -60,9 +69,8 @@ std::vector<LineLoad> LineLoads(const ProjectState& s, i16 direction)
     for (std::size_t k = 1; k < s.qt1.size(); ++k) {
         const bool any = s.qt1[k] != 0 || s.qt2[k] != 0;
         if (any && s.qtdir[k] == direction && Acts(s, s.qtchecked[k])) {
-            loads.push_back(
-                {s.qt1[k], s.qt2[k], Relative(s, s.qtx1[k]), Relative(s, s.qtx2[k]),
-                 FormatNum(s.qt1[k], "#0.0") + " - " + Value(s.qt2[k], " kN/m", s.qttype[k])});
+            loads.push_back({s.qt1[k], s.qt2[k], Relative(s, s.qtx1[k]), Relative(s, s.qtx2[k]),
+                             Figure(s.qt1[k]) + " - " + Value(s.qt2[k], " kN/m", s.qttype[k])});
         }
     }
     return loads;
@@ -103,6 +111,16 @@ void AddLabel(Drawing& d, Point at, const std::string& label)
     AddText(d, std::move(text));
 }
 
+bool IsUniform(const LineLoad& load)
+{
+    return load.q1 == load.q2 && load.from == 0 && load.to == 1;
+}
+
+double PitchOf(const LineLoad& load)
+{
+    return IsUniform(load) ? kUniformPitch : kTrapezoidPitch;
+}
+
 // The band of a line load on the line `base`, high as its values, with arrows in their direction.
 void AddBand(Drawing& d, const LineLoad& load, double base)
 {
@@ -116,13 +134,19 @@ void AddBand(Drawing& d, const LineLoad& load, double base)
     AddCurve(d, {{x1, base}, {x1, base - height(0)}, {x2, base - height(1)}, {x2, base}},
              Ink::load);
     AddLine(d, {x1, base}, {x2, base}, Ink::load);
+    const bool inside = IsUniform(load);
+    const double middle = (x1 + x2) / 2;
+    const double taken = inside ? TextWidth(load.label, kLabelSize) / 2 + 1 : 0;
     const int arrows = std::max(1, static_cast<int>(std::lround((x2 - x1) / kPitch)));
     for (int i = 0; i <= arrows; ++i) {
         const double t = static_cast<double>(i) / arrows;
         const Point high{x1 + t * (x2 - x1), base - height(t)}, low{high.x, base};
-        AddArrow(d, down ? high : low, down ? low : high, Ink::load, kThin, 1.1);
+        if (std::abs(high.x - middle) >= taken) {
+            AddArrow(d, down ? high : low, down ? low : high, Ink::load, kThin, 1.1);
+        }
     }
-    AddLabel(d, {LabelCentre((x1 + x2) / 2, load.label), base - kBand - 0.9}, load.label);
+    AddLabel(d, {LabelCentre(middle, load.label), base - (inside ? 0.75 : kBand + 0.9)},
+             load.label);
 }
 
 // The lowest row of labels in which each finds room, counted from 0.
@@ -186,8 +210,10 @@ Drawing WithLoads(const ProjectState& s, LoadAxis axis)
     const std::vector<PointLoad> points = PointLoads(s, direction);
     const std::vector<int> rows = LabelRows(points);
     const int most = rows.empty() ? 0 : *std::max_element(rows.begin(), rows.end()) + 1;
-    const double bands = static_cast<double>(lines.size()) * kBandPitch;
-    const double pointzone = points.empty() ? 0.6 : kArrow + most * kRow + 0.6;
+    const double bands =
+        std::accumulate(lines.begin(), lines.end(), 0.0,
+                        [](double sum, const LineLoad& load) { return sum + PitchOf(load); });
+    const double pointzone = points.empty() ? 0.6 : kArrow + most * kRow + 1;
     const double y = kHead + std::max(bands + pointzone, kMemberAbove);
 
     Drawing d = Picture(y + kFoot, axis == LoadAxis::z ? "Loads, z-axis" : "Loads, y-axis");
@@ -196,7 +222,7 @@ Drawing WithLoads(const ProjectState& s, LoadAxis axis)
     double base = y - pointzone;
     for (const LineLoad& load : lines) {
         AddBand(d, load, base);
-        base -= kBandPitch;
+        base -= PitchOf(load);
     }
     for (std::size_t i = 0; i < points.size(); ++i) {
         AddPoint(d, points[i], y);
@@ -285,7 +311,7 @@ void DrawAxial(Drawing& d, const ProjectState& s, double y)
     const Point inner{kMemberStart + kMemberWidth + 3, y}, outer{inner.x + 10, y};
     const bool compression = s.ned > 0;
     AddArrow(d, compression ? outer : inner, compression ? inner : outer, Ink::load, 0.35, 2);
-    TextMark name{{kPictureWidth - 0.5, y - 1.4}, "Axial Load", 2.4};
+    TextMark name{{kPictureWidth - 0.1, y - 1.4}, "Axial Load", kLabelSize};
     name.align = Align::right;
     name.ink = Ink::load;
     AddText(d, std::move(name));

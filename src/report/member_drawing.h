@@ -12,8 +12,8 @@ constexpr double kMemberStart = 16;
 constexpr double kMemberWidth = 70;
 constexpr double kPictureWidth = 102;
 
-constexpr double kLabelSize = 2.6;    // font size of figures and values
-constexpr double kHeadingSize = 3.0;  // of headings
+constexpr double kLabelSize = 2.85;   // font size of figures and values
+constexpr double kHeadingSize = 3.1;  // of headings
 
 // The member at the height y: line, supports, dimension line with "L = 5.000 m". Takes
 // kMemberAbove above y and kMemberBelow below.

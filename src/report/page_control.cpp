@@ -1,6 +1,7 @@
 #include "core/annexes.h"
 #include "core/number_format.h"
-#include "report/diagrams.h"
+#include "report/member_drawing.h"
+#include "report/page_diagrams.h"
 #include "report/page_header.h"
 #include "report/page_loading.h"
 #include "report/page_quantities.h"
@@ -15,8 +16,7 @@ namespace kestrum {
 
 namespace {
 
-constexpr double kSpace = 0.6;  // rows between blocks
-constexpr double kGap = 3;      // mm between pictures and columns
+constexpr double kGap = 3;  // mm between columns
 constexpr std::string_view kNotApplicable = "N/A";
 
 std::string Whole(i16 value)
@@ -73,7 +73,7 @@ void General(PageWriter& page, const ProjectState& s)
     if (end > kPageLeft) {
         page.Row();
     }
-    page.Row(kSpace);
+    page.Row(kPageSpace);
 }
 
 // --- Profile ------------------------------------------------------------------------------------
@@ -109,7 +109,7 @@ void ShortProfile(PageWriter& page, const Library& library, const ProjectState& 
                                   " mm4    G = " + FormatNum(s.weight, "#0.0") + " kg/m    ");
     page.Write(x, std::string(ClassHeading(s)) + ClassText(s));
     page.Row();
-    page.Row(kSpace);
+    page.Row(kPageSpace);
 }
 
 // --- Geometry and loading -----------------------------------------------------------------------
@@ -137,7 +137,7 @@ void Geometry(PageWriter& page, const ProjectState& s, double right)
     }
 }
 
-void GeometryAndLoading(PageWriter& page, const ProjectState& s)
+void GeometryAndLoading(PageWriter& page, const ProjectState& s, bool low)
 {
     const double top = page.y();
     Geometry(page, s, kPageMiddle - kGap);
@@ -153,7 +153,7 @@ void GeometryAndLoading(PageWriter& page, const ProjectState& s)
     if (s.loadmode == 1) {
         page.WriteBold(kPageMiddle, "Loading/Moment: (kN/kNm/m)");
         page.Row();
-        PrintLoading(page, s, kPageMiddle, kPageRight);
+        PrintLoading(page, s, kPageMiddle, kPageRight, low);
     } else {
         PrintEndForces(page, s, kPageMiddle, kPageRight);
     }
@@ -161,99 +161,7 @@ void GeometryAndLoading(PageWriter& page, const ProjectState& s)
     if (s.loadmode == 1 && !beside) {
         PrintCombination(page, s);
     }
-    page.Row(kSpace);
-}
-
-// --- Diagrams -----------------------------------------------------------------------------------
-
-// Moves marks up so that no empty band across the picture is higher than asked.
-Drawing WithoutGaps(const Drawing& picture, double highest)
-{
-    struct Placed {
-        Bounds bounds;
-        const Mark* mark;
-    };
-    std::vector<Placed> marks;
-    for (const Mark& mark : picture.marks) {
-        marks.push_back({BoundsOf(mark), &mark});
-    }
-    std::stable_sort(marks.begin(), marks.end(), [](const Placed& one, const Placed& other) {
-        return one.bounds.top < other.bounds.top;
-    });
-    Drawing close;
-    close.width = picture.width;
-    double reached = marks.empty() ? 0 : marks.front().bounds.top;
-    double lift = 0;
-    for (const Placed& placed : marks) {
-        lift += std::max(0.0, placed.bounds.top - reached - highest);
-        reached = std::max(reached, placed.bounds.bottom);
-        Drawing one;
-        one.marks.push_back(*placed.mark);
-        Place(close, one, {0, -lift});
-    }
-    return close;
-}
-
-// Both axes side by side, each with its head, without the empty margins of the pictures.
-Drawing DiagramsOf(const ProjectState& s, bool loads)
-{
-    constexpr double kHead = 5, kHighestGap = 1.2;
-    const AxisPictures z = DrawAll(s, LoadAxis::z);
-    const AxisPictures y = DrawAll(s, LoadAxis::y);
-    const double below = kHead + (loads ? std::max(z.load.height, y.load.height) : 0);
-    Drawing both;
-    double left = 0;
-    const auto add = [&](const AxisPictures& pictures, std::string_view head) {
-        Drawing column;
-        if (loads) {
-            Place(column, pictures.load, {0, below - pictures.load.height});
-        }
-        Place(column, pictures.moment, {0, below});
-        const double start = BoundsOf(column).left;
-        TextMark text{{start, kHead - 1.5}, std::string(head), kHeadingSize};
-        text.bold = true;
-        column.marks.emplace_back(text);
-        Place(both, column, {left - start, 0});
-        left = BoundsOf(both).right + kGap;
-    };
-    add(z, "Z-axis");
-    add(y, "Y-axis");
-    return WithoutGaps(both, kHighestGap);
-}
-
-// From here on the smallest texts of the diagrams have 6 points.
-constexpr double kSmallestScale = 0.9;
-
-// False if the diagrams would become too small to read in the height given.
-bool PlaceDiagrams(PageWriter& page, const ProjectState& s, bool loads, double height)
-{
-    const Drawing both = DiagramsOf(s, loads);
-    const Bounds bounds = BoundsOf(both);
-    const double tall = bounds.bottom - bounds.top;
-    const double across = (kPageRight - kPageLeft) / (bounds.right - bounds.left);
-    const double scale = std::min({1.0, across, height / tall});
-    if (scale < kSmallestScale) {
-        return false;
-    }
-    const double top = page.y() - kPageRow;
-    page.Picture(both, {kPageLeft - bounds.left * scale, top - bounds.top * scale}, scale);
-    page.MoveTo(top + tall * scale + kPageRow);
-    page.Row(kSpace);
-    return true;
-}
-
-// `below` is the height of what has to follow.
-void Diagrams(PageWriter& page, const ProjectState& s, double below)
-{
-    const double height = page.Room() - below - kSpace * kPageRow;
-    if (PlaceDiagrams(page, s, true, height)) {
-        return;
-    }
-    if (PlaceDiagrams(page, s, false, height)) {
-        page.Miss("load diagrams of both axes");
-        return;
-    }
-    page.Miss("load, moment, shear and deflection diagrams of both axes");
+    page.Row(kPageSpace);
 }
 
 // --- Buckling parameters ------------------------------------------------------------------------
@@ -295,8 +203,9 @@ void BucklingTable(PageWriter& page, const ProjectState& s, double right)
         };
         row(name, text(first), text(second));
     };
+    // British channels have none on a first run (D205).
     const auto curve = [](const AxisBuckling& axis) {
-        return axis.buckles ? axis.curve.text() : kNotApplicable;
+        return !axis.buckles ? kNotApplicable : axis.curve.empty() ? "none" : axis.curve.text();
     };
     row("Buckling parameters:", angle ? "U-axis" : "Y-axis", angle ? "V-axis" : "Z-axis", true);
     row("Buckling length factor", FormatNum(first.factor, "0.00#"),
@@ -343,7 +252,7 @@ void StabilityParameters(PageWriter& page, const ProjectState& s)
     }
     page.MoveTo(bottom);
     if (bottom > top) {
-        page.Row(kSpace);
+        page.Row(kPageSpace);
     }
 }
 
@@ -416,7 +325,7 @@ void Results(PageWriter& page, const ProjectState& s)
     for (const PanelBlock& block : ShowResults(s, true)) {
         ResultBlock(page, block);
     }
-    page.Row(kSpace / 2);
+    page.Row(kPageSpace / 2);
 }
 
 void Modal(PageWriter& page, const ProjectState& s)
@@ -447,26 +356,39 @@ void BelowDiagrams(PageWriter& page, const ProjectState& s)
     Modal(page, s);
 }
 
-// Height of what stands below the diagrams.
+// Height of what stands below the diagrams, to the base line of its last row.
 double HeightBelow(const ProjectState& s)
 {
+    constexpr double kSafety = 0.1;  // mm
     PageWriter trial("");
     const double top = trial.y();
     BelowDiagrams(trial, s);
-    return trial.y() - top;
+    return trial.y() - top - kPageRow + kSafety;
+}
+
+// `low` saves height for the diagrams. False where they could do with more.
+bool WriteControl(PageWriter& page, const Library& library, const ProjectState& s,
+                  const PrintStamp& stamp, bool low)
+{
+    PageHeader(page, s, stamp, kDesignTitle);
+    General(page, s);
+    ShortProfile(page, library, s);
+    GeometryAndLoading(page, s, low);
+    const bool readable = PrintDiagrams(page, s, HeightBelow(s));
+    BelowDiagrams(page, s);
+    return readable;
 }
 
 }  // namespace
 
 PrintedReport PrintControl(const Library& library, const ProjectState& s, const PrintStamp& stamp)
 {
-    PageWriter page("Section and stability control");
-    PageHeader(page, s, stamp, kDesignTitle);
-    General(page, s);
-    ShortProfile(page, library, s);
-    GeometryAndLoading(page, s);
-    Diagrams(page, s, HeightBelow(s));
-    BelowDiagrams(page, s);
+    const std::string title = "Section and stability control";
+    PageWriter page(title);
+    if (!WriteControl(page, library, s, stamp, false)) {
+        page = PageWriter(title);
+        WriteControl(page, library, s, stamp, true);
+    }
     return page.Take();
 }
 

@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
+#include <span>
+#include <vector>
 
 namespace kestrum {
 
@@ -17,70 +20,118 @@ std::string_view Category(double type)
     return type == 0 ? "G" : type == 1 ? "Q1" : type == 2 ? "Q2" : "";
 }
 
-// Columns of a table of loads.
-struct Stops {
-    double load, value, position, category;
+// One row of a table of loads.
+struct LoadRow {
+    std::string load, value, position;
+    std::string_view category;
 };
 
-Stops StopsOf(double left, double right)
-{
-    const double width = right - left;
-    return {left, left + 0.16 * width, left + 0.45 * width, left + 0.88 * width};
-}
-
-class LoadTable {
-public:
-    LoadTable(PageWriter& page, double left, double right)
-        : page_(page), at_(StopsOf(left, right)), right_(right)
-    {
-    }
-
-    void Head(std::string_view title)
-    {
-        page_.WriteBold(at_.load, title, right_);
-        page_.Row();
-        Line("Load", "kN/kNm", "x/x1/x2 (m)", "G/Q");
-    }
-
-    void Line(std::string_view load, std::string_view value, std::string_view position,
-              std::string_view category)
-    {
-        constexpr double kGap = 1;
-        page_.Write(at_.load, load, {}, at_.value - kGap);
-        page_.Write(at_.value, value, {}, at_.position - kGap);
-        page_.Write(at_.position, position, {}, at_.category - kGap);
-        page_.Write(at_.category, category, {}, right_);
-        page_.Row();
-    }
-
-private:
-    PageWriter& page_;
-    Stops at_;
-    double right_;
-};
+const LoadRow kTitles{"Load", "kN/kNm", "x/x1/x2 (m)", "G/Q"};
 
 // direction: 1 loads along z, 0 along y.
-void AddLoads(LoadTable& table, const ProjectState& s, int direction)
+std::vector<LoadRow> RowsOf(const ProjectState& s, int direction)
 {
+    std::vector<LoadRow> rows;
     for (std::size_t i = 1; i < s.qload.size(); ++i) {
         if (s.qload[i] != 0 && s.qdir[i] == direction) {
-            table.Line("q ", FormatNum(s.qload[i], kLoad), "", Category(s.qtype[i]));
+            rows.push_back({"q ", FormatNum(s.qload[i], kLoad), "", Category(s.qtype[i])});
         }
     }
     for (std::size_t i = 1; i < s.qt1.size(); ++i) {
         if ((s.qt1[i] != 0 || s.qt2[i] != 0) && s.qtdir[i] == static_cast<float>(direction)) {
-            table.Line("q", FormatNum(s.qt1[i], kLoad) + "/" + FormatNum(s.qt2[i], kLoad),
-                       FormatNum(s.qtx1[i], kPosition) + "/" + FormatNum(s.qtx2[i], kPosition),
-                       Category(s.qttype[i]));
+            rows.push_back({"q", FormatNum(s.qt1[i], kLoad) + "/" + FormatNum(s.qt2[i], kLoad),
+                            FormatNum(s.qtx1[i], kPosition) + "/" + FormatNum(s.qtx2[i], kPosition),
+                            Category(s.qttype[i])});
         }
     }
-    const std::string_view moment = direction == 1 ? "My" : "Mz";
+    const char* const moment = direction == 1 ? "My" : "Mz";
     for (std::size_t i = 1; i < s.pm.size(); ++i) {
         if (s.pm[i] != 0 && s.pmdir[i] == direction) {
-            table.Line(s.pmkind[i] == 1 ? moment : "P", FormatNum(s.pm[i], kLoad),
-                       FormatNum(s.pmx[i], kPosition), Category(s.pmtype[i]));
+            rows.push_back({s.pmkind[i] == 1 ? moment : "P", FormatNum(s.pm[i], kLoad),
+                            FormatNum(s.pmx[i], kPosition), Category(s.pmtype[i])});
         }
     }
+    return rows;
+}
+
+// Where the columns of a table stand, and the size of its text.
+struct Stops {
+    double load, value, position, category, right, size;
+};
+
+Stops WideStops(double left, double right)
+{
+    const double width = right - left;
+    return {left, left + 0.16 * width, left + 0.45 * width, left + 0.88 * width, right, kPageText};
+}
+
+// In small text and no wider than the texts ask for; nothing where they do not fit.
+std::optional<Stops> NarrowStops(const std::vector<LoadRow>& rows, double left, double right)
+{
+    constexpr double kLeastGap = 1, kMostGap = 2.5;
+    const auto width = [&](auto column) {
+        double widest = TextWidth(kTitles.*column, kPageSmallText);
+        for (const LoadRow& row : rows) {
+            widest = std::max(widest, TextWidth(row.*column, kPageSmallText));
+        }
+        return widest;
+    };
+    const double load = width(&LoadRow::load), value = width(&LoadRow::value);
+    const double position = width(&LoadRow::position), category = width(&LoadRow::category);
+    const double gap = std::min((right - left - load - value - position - category) / 3, kMostGap);
+    if (gap < kLeastGap) {
+        return {};
+    }
+    Stops at{};
+    at.size = kPageSmallText;
+    at.load = left;
+    at.value = at.load + load + gap;
+    at.position = at.value + value + gap;
+    at.category = at.position + position + gap;
+    at.right = right;
+    return at;
+}
+
+void PrintRow(PageWriter& page, const LoadRow& row, const Stops& at)
+{
+    constexpr double kGap = 0.5;
+    const TextStyle style{.size = at.size};
+    page.Write(at.load, row.load, style, at.value - kGap);
+    page.Write(at.value, row.value, style, at.position - kGap);
+    page.Write(at.position, row.position, style, at.category - kGap);
+    page.Write(at.category, row.category, style, at.right);
+    page.Row();
+}
+
+void PrintRows(PageWriter& page, std::span<const LoadRow> rows, const Stops& at)
+{
+    PrintRow(page, kTitles, at);
+    for (const LoadRow& row : rows) {
+        PrintRow(page, row, at);
+    }
+}
+
+void PrintTable(PageWriter& page, std::string_view title, const std::vector<LoadRow>& rows,
+                double left, double right, bool low)
+{
+    constexpr std::size_t kShort = 2;
+    constexpr double kGap = 1.5;
+    page.WriteBold(left, title, right);
+    page.Row();
+    const double middle = (left + right) / 2;
+    const std::optional<Stops> first = NarrowStops(rows, left, middle - kGap);
+    const std::optional<Stops> second = NarrowStops(rows, middle + kGap, right);
+    if (!low || rows.size() <= kShort || !first || !second) {
+        PrintRows(page, rows, WideStops(left, right));
+        return;
+    }
+    const double top = page.y();
+    const std::size_t half = (rows.size() + 1) / 2;
+    PrintRows(page, std::span(rows).first(half), *first);
+    const double bottom = page.y();
+    page.MoveTo(top);
+    PrintRows(page, std::span(rows).subspan(half), *second);
+    page.MoveTo(bottom);
 }
 
 // "N = 100.0 (G)    N = 20.0 (Q1)"
@@ -99,7 +150,7 @@ std::string AxialText(const ProjectState& s)
 
 }  // namespace
 
-void PrintLoading(PageWriter& page, const ProjectState& s, double left, double right)
+void PrintLoading(PageWriter& page, const ProjectState& s, double left, double right, bool low)
 {
     constexpr double kSpace = 0.3;
     page.WriteBold(left, "Loading information: (kN/kNm/m)", right);
@@ -111,13 +162,10 @@ void PrintLoading(PageWriter& page, const ProjectState& s, double left, double r
         page.Write(left, axial, {}, right);
         page.Row();
     }
-    LoadTable table(page, left, right);
     page.Row(kSpace);
-    table.Head("Loading in z-direction:");
-    AddLoads(table, s, 1);
+    PrintTable(page, "Loading in z-direction:", RowsOf(s, 1), left, right, low);
     page.Row(kSpace);
-    table.Head("Loading in y-direction:");
-    AddLoads(table, s, 0);
+    PrintTable(page, "Loading in y-direction:", RowsOf(s, 0), left, right, low);
 }
 
 void PrintLoadOptions(PageWriter& page, const ProjectState& s, double left, double right)

@@ -7,8 +7,9 @@
 namespace kestrum {
 
 // Loads along the member: axial ones and a table for each direction. Only rows with a value are
-// written. In the column from `left` to `right`; moves below.
-void PrintLoading(PageWriter& page, const ProjectState& s, double left, double right);
+// written. In the column from `left` to `right`; moves below. `low` saves height: a table of more
+// than two rows goes on beside itself where its texts leave the room.
+void PrintLoading(PageWriter& page, const ProjectState& s, double left, double right, bool low);
 
 // Self-weight and psi factors.
 void PrintLoadOptions(PageWriter& page, const ProjectState& s, double left, double right);

@@ -21,6 +21,7 @@ constexpr double kPageWidth = 210, kPageHeight = 297;
 constexpr double kPageLeft = 14, kPageRight = 200, kPageTop = 8, kPageBottom = 290.5;
 constexpr double kPageMiddle = 110;  // where a second column starts
 constexpr double kPageRow = 3.5;     // from one line to the next
+constexpr double kPageSpace = 0.6;   // rows between blocks
 constexpr double kPageText = 2.8;    // font sizes
 constexpr double kPageSmallText = 2.6;
 constexpr double kPageHeading = 3.1;

@@ -109,6 +109,47 @@ TEST(DrawLoad, NamesEveryKindWithValueAndCategory)
     EXPECT_EQ(other, (std::vector<std::string>{"Lateral Load", "L = 5.000 m"}));
 }
 
+// The label of a uniform load stands in its band; the arrows leave it free.
+TEST(DrawLoad, KeepsArrowsOffTheLabelInABand)
+{
+    ProjectState s = Member();
+    s.qload[1] = 12345.125F;
+    s.qload[2] = 2;
+    s.qdir[1] = s.qdir[2] = 1;
+    const Drawing d = DrawLoadZ(s);
+    std::size_t labels = 0;
+    for (const TextMark& text : MarksOf<TextMark>(d)) {
+        if (text.ink != Ink::load) {
+            continue;
+        }
+        ++labels;
+        for (const PolygonMark& head : MarksOf<PolygonMark>(d)) {
+            EXPECT_FALSE(BoundsOf(text).Overlaps(BoundsOf(Mark(head)))) << text.text;
+        }
+    }
+    EXPECT_EQ(labels, 2U);
+    EXPECT_GE(Tips(d, Ink::load).size(), 12U);
+}
+
+TEST(DrawLoad, ShowsSmallLoadsWithAllTheirDigits)
+{
+    ProjectState s = Member();
+    s.qload[1] = 0.35F;
+    s.qload[2] = 2;
+    s.qt1[1] = 0.125F;
+    s.qt2[1] = 0.5F;
+    s.qtx2[1] = 4;
+    s.pm[1] = 1.25F;
+    s.pmx[1] = 2;
+    s.qdir[1] = s.qdir[2] = s.pmdir[1] = 1;
+    s.qtdir[1] = 1;
+    const Drawing d = DrawLoadZ(s);
+    EXPECT_TRUE(HasText(d, "0.35 kN/m (G) "));
+    EXPECT_TRUE(HasText(d, "2.0 kN/m (G) "));
+    EXPECT_TRUE(HasText(d, "0.125 - 0.5 kN/m (G) "));
+    EXPECT_TRUE(HasText(d, "1.25 kN (G) "));
+}
+
 TEST(DrawLoad, PutsAPointForceAtItsPlaceInItsDirection)
 {
     ProjectState s = Member();
@@ -162,6 +203,33 @@ TEST(DrawAxial, PointsAtTheMemberInCompression)
     EXPECT_LT(push[0].x, pull[0].x);
     s.ned = 0;
     EXPECT_THAT(Tips(DrawLoadZ(s), Ink::load), IsEmpty());
+}
+
+TEST(DrawAxial, KeepsItsNameOffSupportAndEndMoment)
+{
+    for (i16 supportcase = 0; supportcase <= 5; ++supportcase) {
+        for (const float moment : {0.0F, 40.0F, -40.0F}) {
+            ProjectState s = Member();
+            s.loadmode = 0;
+            s.supportcase = supportcase;
+            s.ned = 10;
+            s.my2 = moment;
+            const Drawing d = DrawLoadZ(s);
+            for (const TextMark& name : MarksOf<TextMark>(d)) {
+                if (name.text != "Axial Load") {
+                    continue;
+                }
+                const Bounds box = BoundsOf(name);
+                EXPECT_TRUE(box.Inside({0, 0, d.width, d.height}));
+                for (const PolylineMark& line : MarksOf<PolylineMark>(d)) {
+                    EXPECT_FALSE(CrossesText(line, box)) << supportcase << " " << moment;
+                }
+                for (const LineMark& line : MarksOf<LineMark>(d)) {
+                    EXPECT_FALSE(CrossesText({{line.from, line.to}}, box)) << supportcase;
+                }
+            }
+        }
+    }
 }
 
 TEST(DrawLoad, ShowsTheEndForcesInTheirMode)

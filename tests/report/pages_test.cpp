@@ -334,32 +334,87 @@ TEST(Pages, WhatTheHeadCannotHoldIsTold)
     EXPECT_THAT(report.missing, Contains(HasSubstr("WWW")));
 }
 
-// All rows of all tables: the page keeps its results and tells what it leaves out.
-TEST(Pages, LongTablesPushDiagramsOffThePageAndTellSo)
+// A row of every table has its own value: 0.11 to 0.14 kN/m, 0.21 to 0.23 kN/m, 0.31 to 0.38 kN.
+void FillTables(ProjectState& p)
+{
+    for (const std::size_t i : {1U, 2U, 3U, 4U}) {
+        p.qload[i] = 0.1F + 0.01F * static_cast<float>(i);
+        p.qdir[i] = 1;
+    }
+    for (const std::size_t i : {1U, 2U, 3U}) {
+        p.nload[i] = 1;
+        p.qt1[i] = 0.2F + 0.01F * static_cast<float>(i);
+        p.qt2[i] = 0.3F;
+        p.qtx2[i] = 1;
+        p.qtdir[i] = 1;
+    }
+    for (const std::size_t i : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U}) {
+        p.pm[i] = 0.3F + 0.01F * static_cast<float>(i);
+        p.pmx[i] = 0.2F * static_cast<float>(i);
+        p.pmdir[i] = 1;
+    }
+    p.selfweight = 1;
+    p.modal = 1;
+}
+
+TEST(Pages, FullTablesOfOneDirectionKeepEveryPicture)
+{
+    const ProjectState s = Designed(2, FillTables);
+    const PrintedReport report = PrintControl(Delivered(), s, kStamp);
+    ExpectLegible(report);
+    EXPECT_THAT(report.missing, IsEmpty());
+    std::vector<std::string> texts;
+    for (const TextMark& text : TextsOf(report)) {
+        texts.push_back(text.text);
+    }
+    for (const char* load : {"0.11", "0.14", "0.21/0.3", "0.23/0.3", "0.31", "0.38"}) {
+        EXPECT_THAT(texts, Contains(load));  // in the table
+    }
+    for (const char* label : {"0.11 kN/m (G) ", "0.14 kN/m (G) ", "0.21 - 0.3 kN/m (G) ",
+                              "0.31 kN (G) ", "0.38 kN (G) "}) {
+        EXPECT_THAT(texts, Contains(label));  // in the picture
+    }
+    for (const char* title : {"My/Vz/Deflection (kNm/kN/mm)", "Mz/Vy/Deflection (kNm/kN/mm)"}) {
+        EXPECT_THAT(texts, Contains(title));
+    }
+    const std::vector<std::string> lines = LinesOf(report);
+    ExpectRow(lines, s.yline, s.irlimit);
+    EXPECT_THAT(lines, Contains(StartsWith("Mass m = ")));
+}
+
+// Values with too many digits for two tables side by side: one below the other, and room is short.
+TEST(Pages, FullTablesOfBothDirectionsPushPicturesOffThePageAndTellSo)
 {
     const ProjectState s = Designed(2, [](ProjectState& p) {
-        for (const std::size_t i : {1U, 2U, 3U, 4U}) {
-            p.qload[i] = 0.1F;
-        }
+        FillTables(p);
         for (const std::size_t i : {1U, 2U, 3U}) {
-            p.nload[i] = 1;
-            p.qt1[i] = 0.1F;
-            p.qt2[i] = 0.1F;
-            p.qtx2[i] = 1;
+            p.qt1[i] = -12345.5F;
+            p.qt2[i] = 12345.5F;
+            p.qtx1[i] = 0.125F;
         }
-        for (const std::size_t i : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U}) {
-            p.pm[i] = 0.1F;
-            p.pmx[i] = 1;
-        }
-        p.modal = 1;
+        p.qtdir[3] = 0;
+        p.pmdir[7] = p.pmdir[8] = 0;
+        p.qdir[4] = 0;
     });
     const PrintedReport report = PrintControl(Delivered(), s, kStamp);
     ExpectLegible(report);
-    EXPECT_THAT(report.missing, Contains(HasSubstr("diagrams")));
+    EXPECT_THAT(report.missing, testing::ElementsAre(HasSubstr("diagrams")));
     const std::vector<std::string> lines = LinesOf(report);
     EXPECT_THAT(lines, Contains(GoverningText(s)));
+    EXPECT_THAT(lines, Contains(HasSubstr("-12345.5/12345.5")));
     ExpectRow(lines, s.yline, s.irlimit);
     EXPECT_THAT(lines, Contains(StartsWith("Mass m = ")));
+}
+
+// Axial force and loads in both directions, as most pages have them.
+TEST(Pages, TextsOfAnOrdinaryPageHaveSevenPoints)
+{
+    constexpr double kSevenPoints = 7 * 25.4 / 72;  // mm
+    for (const int family : {1, 6, 22}) {
+        for (const TextMark& text : TextsOf(PrintControl(Delivered(), Designed(family), kStamp))) {
+            EXPECT_GE(text.size, kSevenPoints) << text.text;
+        }
+    }
 }
 
 TEST(Pages, AWritingBelowTheEdgeIsKeptOutAndTold)
@@ -486,6 +541,17 @@ TEST(Pages, AnglesBuckleAboutTheirPrincipalAxes)
                 Contains("Buckling parameters:U-axisV-axis"));
     EXPECT_THAT(LinesOf(PrintControl(Delivered(), Designed(1), kStamp)),
                 Contains(StartsWith("Buckling parameters:Y-axisZ-axis")));
+}
+
+// British channels keep the curve of the member before them.
+TEST(Pages, AMemberWithoutABucklingCurveSaysSo)
+{
+    const ProjectState s = Designed(103, [](ProjectState& p) {
+        p.curvey = {};
+        p.curvez = {};
+    });
+    EXPECT_THAT(LinesOf(PrintControl(Delivered(), s, kStamp)),
+                Contains(StartsWith("Buckling Curvenonenone")));
 }
 
 // Loads of both signs, every support and load combination: texts keep clear of each other.
