@@ -121,14 +121,29 @@ TEST_F(Reports, PdfHasItsTextsAndItsFonts)
 
 TEST_F(Reports, WhatHasNoRoomIsToldAndTheFileStands)
 {
+    // All rows of all tables, loads in both directions.
     std::string loads;
+    const auto set = [&loads](const char* field, int row, const char* value) {
+        loads += " --set " + std::string(field) + "[" + std::to_string(row) + "]=" + value;
+    };
     for (int i = 1; i <= 8; ++i) {
-        loads += " --set pm[" + std::to_string(i) + "]=0.1 --set pmx[" + std::to_string(i) + "]=1";
+        set("pmx", i, "1");
+        set("pm", i, "0.1");
+        set("pmdir", i, i > 4 ? "0" : "1");
     }
     for (int i = 1; i <= 4; ++i) {
-        loads += " --set qload[" + std::to_string(i) + "]=0.1";
+        set("qload", i, "0.1");
+        set("qdir", i, i > 2 ? "0" : "1");
     }
-    loads += " --set modal=1";
+    for (int i = 1; i <= 3; ++i) {
+        set("nload", i, "1");
+        set("qtx1", i, "0.125");
+        set("qtx2", i, "1.125");
+        set("qt1", i, "11111.5");
+        set("qt2", i, "12345.5");
+        set("qtdir", i, i > 1 ? "0" : "1");
+    }
+    loads += " --set modal=1 --set selfweight=1";
     ASSERT_EQ(Kestrum("new -o a.kst" + loads).exit, 0);
     const Said said = Kestrum("report control a.kst -o a.svg");
     EXPECT_EQ(said.exit, 0);

@@ -388,7 +388,7 @@ TEST(Pages, FullTablesOfBothDirectionsPushPicturesOffThePageAndTellSo)
     const ProjectState s = Designed(2, [](ProjectState& p) {
         FillTables(p);
         for (const std::size_t i : {1U, 2U, 3U}) {
-            p.qt1[i] = -12345.5F;
+            p.qt1[i] = 11111.5F;
             p.qt2[i] = 12345.5F;
             p.qtx1[i] = 0.125F;
         }
@@ -401,7 +401,7 @@ TEST(Pages, FullTablesOfBothDirectionsPushPicturesOffThePageAndTellSo)
     EXPECT_THAT(report.missing, testing::ElementsAre(HasSubstr("diagrams")));
     const std::vector<std::string> lines = LinesOf(report);
     EXPECT_THAT(lines, Contains(GoverningText(s)));
-    EXPECT_THAT(lines, Contains(HasSubstr("-12345.5/12345.5")));
+    EXPECT_THAT(lines, Contains(HasSubstr("11111.5/12345.5")));
     ExpectRow(lines, s.yline, s.irlimit);
     EXPECT_THAT(lines, Contains(StartsWith("Mass m = ")));
 }
