@@ -1,7 +1,6 @@
 #include "report/mode_shapes.h"
 
 #include "report/figure_tools.h"
-#include "service/modal.h"
 
 #include <algorithm>
 #include <array>
@@ -62,32 +61,26 @@ double ModeShape(int supportcase, int mode, double x)
     return most == 0 ? 0 : Unscaled(supportcase, index, x) / most;
 }
 
-Drawing DrawModeShapes(const ProjectState& s)
+Drawing DrawModeShape(const ProjectState& s, int mode)
 {
-    constexpr double kHead = 6, kBand = 22, kAxis = 12, kSwing = 5;
+    constexpr double kAxis = 8, kSwing = 6;
     Drawing d;
     d.width = kPictureWidth;
-    d.height = kHead + kModes * kBand;
-    d.title = "Modal analysis for q-loads (SLS)";
-    AddText(d, {{1, 3.8}, MassText(s), kHeadingSize});
+    d.height = 2 * kAxis;
+    d.title = "Mode " + std::to_string(mode);
 
     const EndSupports ends = SupportsOf(s.supportcase);
     const double start = kMemberStart, end = kMemberStart + kMemberWidth;
-    for (int mode = 1; mode <= kModes; ++mode) {
-        const double top = kHead + (mode - 1) * kBand, y = top + kAxis;
-        TextMark text{{1, top + 3.4}, ModeText(s, mode), kHeadingSize};
-        AddText(d, std::move(text));
-        AddLine(d, {start, y}, {end, y}, Ink::faint, kThin, true);
-        AddSupport(d, {start, y}, ends.left, -1, 3);
-        AddSupport(d, {end, y}, ends.right, 1, 3);
-        std::vector<Point> curve;
-        for (int i = 0; i <= kSteps; ++i) {
-            const double x = 1.0 * i / kSteps;
-            curve.push_back(
-                {start + x * kMemberWidth, y - kSwing * ModeShape(s.supportcase, mode, x)});
-        }
-        AddCurve(d, std::move(curve), Ink::moment, 0.4);
+    AddLine(d, {start, kAxis}, {end, kAxis}, Ink::faint, kThin, true);
+    AddSupport(d, {start, kAxis}, ends.left, -1, 3);
+    AddSupport(d, {end, kAxis}, ends.right, 1, 3);
+    std::vector<Point> curve;
+    for (int i = 0; i <= kSteps; ++i) {
+        const double x = 1.0 * i / kSteps;
+        curve.push_back(
+            {start + x * kMemberWidth, kAxis - kSwing * ModeShape(s.supportcase, mode, x)});
     }
+    AddCurve(d, std::move(curve), Ink::moment, 0.4);
     return d;
 }
 

@@ -10,7 +10,7 @@ namespace kestrum {
 // the supports with springs, which have no closed form.
 double ModeShape(int supportcase, int mode, double x);
 
-// Mass, and the three modes with frequency and period.
-Drawing DrawModeShapes(const ProjectState& s);
+// The member with mode 1..3 of its supports.
+Drawing DrawModeShape(const ProjectState& s, int mode);
 
 }  // namespace kestrum

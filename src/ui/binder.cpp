@@ -12,7 +12,11 @@ namespace kestrum {
 
 namespace {
 
-constexpr int kBoxWidth = 74;
+// Room for the widest ordinary value, whatever the system font.
+int BoxWidth(const QWidget& box)
+{
+    return box.fontMetrics().horizontalAdvance(QStringLiteral("-00000.000 "));
+}
 
 }  // namespace
 
@@ -24,8 +28,8 @@ BoxEdit* Binder::Box(std::string_view id, int row)
 BoxEdit* Binder::BoxOf(const kestrum::Box& box, int row)
 {
     auto* const edit = new BoxEdit(session_, box, row);
-    edit->setMinimumWidth(kBoxWidth);
-    edit->setMaximumWidth(kBoxWidth * 3 / 2);
+    edit->setMinimumWidth(BoxWidth(*edit));
+    edit->setMaximumWidth(BoxWidth(*edit) * 3 / 2);
     Follow([edit](const ProjectState&) { edit->Refresh(); });
     return edit;
 }
@@ -118,7 +122,7 @@ QPushButton* Binder::Rotor(const QString& name, From<std::string> text,
                            std::function<void(Session&)> press)
 {
     QPushButton* const button = Button(name, {}, [this, press] { press(session_); });
-    button->setFixedWidth(40);
+    button->setFixedWidth(button->fontMetrics().horizontalAdvance(QStringLiteral("QQQ")) + 12);
     Follow([button, text](const ProjectState& s) { button->setText(ToQt(text(s))); });
     return button;
 }

@@ -22,6 +22,15 @@ Form::Form(Desk& desk, std::string_view name, const QString& title, QWidget* par
     body_->setSpacing(kGap);
 }
 
+void Form::Refresh()
+{
+    if (belongs(session().state())) {
+        bind_.Refresh();
+    } else {
+        hide();
+    }
+}
+
 void Form::done(int result)
 {
     if (BoxEdit* const box = BoxWithFocus(); box != nullptr && box->window() == this) {

@@ -29,7 +29,11 @@ public:
     Binder& bind() { return bind_; }
     QVBoxLayout* body() { return body_; }
 
-    virtual void Refresh() { bind_.Refresh(); }
+    // Shows the project; a form that does not belong to it any more closes.
+    void Refresh();
+
+    // Whether the form has something to tell about this project.
+    std::function<bool(const ProjectState&)> belongs = [](const ProjectState&) { return true; };
 
     // Asked before the form closes.
     std::function<bool()> mayclose = [] { return true; };

@@ -14,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -33,7 +34,6 @@ QWidget* RowList(Binder& bind, const FamilyInfo& family)
     auto* const list = new QListWidget;
     list->setObjectName(QStringLiteral("lst") + ToQt(family.form));
     list->setAccessibleName(QObject::tr("Sections of the table"));
-    list->setMinimumWidth(150);
     list->setUniformItemSizes(true);
     const Library& library = bind.session().library();
     bind.Follow([list, &library, shown = std::optional<Table>()](const ProjectState& s) mutable {
@@ -45,6 +45,8 @@ QWidget* RowList(Binder& bind, const FamilyInfo& family)
             for (int row = 0; row < RowCount(table); ++row) {
                 list->addItem(ToQt(RowName(library, table, row)));
             }
+            list->setMinimumWidth(list->sizeHintForColumn(0) + 2 * list->frameWidth() +
+                                  list->verticalScrollBar()->sizeHint().width() + kGap);
         }
         const int row = s.row[static_cast<std::size_t>(table)];
         if (list->currentRow() != row) {
@@ -252,10 +254,7 @@ QGroupBox* BoxGroup(Binder& bind, int family)
     const std::vector<const Box*> boxes = SectionBoxes(family);
     int i = 0;
     for (const Box* const box : boxes) {
-        BoxEdit* const edit = bind.BoxRow(grid, i % kBoxesPerColumn, *box, i / kBoxesPerColumn * 4);
-        if (family == 41) {
-            edit->setMinimumWidth(100);
-        }
+        bind.BoxRow(grid, i % kBoxesPerColumn, *box, i / kBoxesPerColumn * 4);
         ++i;
     }
     grid->setColumnStretch(i / kBoxesPerColumn * 4 + 3, 1);
@@ -274,35 +273,13 @@ QWidget* ClassRow(Binder& bind)
     return host;
 }
 
-// A form of a family that is not the one in hand keeps what it shows: its widgets follow only
-// while it is.
-class SectionForm final : public Form {
-public:
-    SectionForm(Desk& desk, const FamilyInfo& family, QWidget* parent)
-        : Form(desk, family.form, ToQt(SectionTitle(family.id)).trimmed(), parent),
-          family_(family.id)
-    {
-    }
-
-    void Refresh() override
-    {
-        if (session().state().family == family_) {
-            Form::Refresh();
-        } else {
-            hide();
-        }
-    }
-
-private:
-    int family_;
-};
-
 }  // namespace
 
 Form* MakeSection(Desk& desk, QWidget* parent, int family)
 {
     const FamilyInfo& info = *FindFamily(family);
-    auto* const form = new SectionForm(desk, info, parent);
+    auto* const form = new Form(desk, info.form, ToQt(SectionTitle(family)).trimmed(), parent);
+    form->belongs = [family](const ProjectState& s) { return s.family == family; };
     Binder& bind = form->bind();
     auto* const columns = new QHBoxLayout;
     columns->setSpacing(kGap);
@@ -340,6 +317,9 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
     }
     if (family == 41) {
         middle->addWidget(GeneralClasses(bind));
+    }
+    for (const std::string_view note : CornerNotes(family)) {
+        middle->addWidget(FaintLabel(ToQt(note)));
     }
     AddFamilyOptions(middle, bind, family);
     columns->addLayout(middle, 1);

@@ -14,6 +14,8 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include <memory>
+
 namespace kestrum {
 
 namespace {
@@ -61,33 +63,48 @@ QGroupBox* WindGroup(Binder& bind)
     return group;
 }
 
-QGroupBox* VerdictGroup(Binder& bind)
+// The record in hand with the vortex values of its present section, length and wind, whatever the
+// last pass has left in the frequency that the modal analysis shares.
+using VortexView = std::shared_ptr<const ProjectState>;
+
+VortexView FollowVortex(Binder& bind)
+{
+    const auto view = std::make_shared<ProjectState>();
+    bind.Follow([view](const ProjectState& s) {
+        *view = s;
+        UpdateVortex(*view);
+    });
+    return view;
+}
+
+QGroupBox* VerdictGroup(Binder& bind, const VortexView& view)
 {
     QGroupBox* const group = Group(QStringLiteral("frresult"), QObject::tr("Results"));
     QGridLayout* const grid = GridOf(group);
     const auto value = [&](int row, const QString& head, const QString& name,
                            std::string (*text)(const ProjectState&)) {
         grid->addWidget(new QLabel(head), row, 0);
-        grid->addWidget(bind.Value(name, text), row, 1);
+        grid->addWidget(bind.Value(name, [view, text](const ProjectState&) { return text(*view); }),
+                        row, 1);
     };
     value(0, QObject::tr("Natural frequency"), QStringLiteral("lblfreq"), VortexFrequencyText);
     value(1, QObject::tr("Wind speed Vm"), QStringLiteral("lblvm"), VortexMeanText);
     value(2, QObject::tr("Critical windspeed, Vcrit"), QStringLiteral("lblvcrit"),
           VortexCriticalText);
     grid->addWidget(new QLabel(QStringLiteral("Control eq E.1: Vcrit >= 1.25Vm")), 3, 0);
-    QLabel* const verdict = bind.Text(QStringLiteral("lblOK"), [](const ProjectState& s) {
-        return std::string(VortexVerdict(s));
+    QLabel* const verdict = bind.Text(QStringLiteral("lblOK"), [view](const ProjectState&) {
+        return std::string(VortexVerdict(*view));
     });
     QFont bold = verdict->font();
     bold.setBold(true);
     verdict->setFont(bold);
     verdict->setAlignment(Qt::AlignRight);
-    bind.Follow([verdict](const ProjectState& s) {
+    bind.Follow([verdict, view](const ProjectState&) {
         QPalette palette;
         const bool dark = IsDark(palette);
         const QColor good = dark ? QColor(0x5f, 0xd0, 0x7a) : QColor(0, 128, 0);
         const QColor bad = dark ? QColor(0xff, 0x6b, 0x6b) : QColor(0xc0, 0, 0);
-        palette.setColor(QPalette::WindowText, VortexAccepted(s) ? good : bad);
+        palette.setColor(QPalette::WindowText, VortexAccepted(*view) ? good : bad);
         verdict->setPalette(palette);
     });
     grid->addWidget(verdict, 3, 1);
@@ -95,7 +112,7 @@ QGroupBox* VerdictGroup(Binder& bind)
     return group;
 }
 
-QTableWidget* VortexTable(Binder& bind)
+QTableWidget* VortexTable(Binder& bind, const VortexView& view)
 {
     auto* const table = new QTableWidget(0, 3);
     table->setObjectName(QStringLiteral("gridvortex"));
@@ -105,10 +122,9 @@ QTableWidget* VortexTable(Binder& bind)
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setAlternatingRowColors(true);
     table->setSelectionMode(QAbstractItemView::ContiguousSelection);
-    table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
-    table->setMinimumWidth(340);
-    bind.Follow([table](const ProjectState& s) {
-        const std::vector<VortexRow> rows = VortexGrid(s);
+    table->horizontalHeader()->setStretchLastSection(true);
+    bind.Follow([table, view](const ProjectState&) {
+        const std::vector<VortexRow> rows = VortexGrid(*view);
         table->setRowCount(static_cast<int>(rows.size()));
         for (int i = 0; i < table->rowCount(); ++i) {
             const VortexRow& row = rows[static_cast<std::size_t>(i)];
@@ -118,10 +134,12 @@ QTableWidget* VortexTable(Binder& bind)
             table->setItem(i, 1, value);
             table->setItem(i, 2, new QTableWidgetItem(ToQt(row.unit)));
         }
-        table->resizeColumnToContents(1);
+        table->resizeColumnsToContents();
         table->resizeRowsToContents();
-        table->setMinimumHeight(table->horizontalHeader()->height() +
-                                table->verticalHeader()->length() + 4);
+        constexpr int kFrame = 4;
+        table->setMinimumSize(table->horizontalHeader()->length() + kFrame,
+                              table->horizontalHeader()->height() +
+                                  table->verticalHeader()->length() + kFrame);
     });
     return table;
 }
@@ -133,15 +151,17 @@ Form* MakeVortex(Desk& desk, QWidget* parent)
     auto* const form =
         new Form(desk, "frmVortex",
                  QStringLiteral(" Vortex shedding according to EN 1991-1-4, Annex E"), parent);
+    form->belongs = [](const ProjectState& s) { return VortexFamily(s.family); };
     Binder& bind = form->bind();
+    const VortexView view = FollowVortex(bind);
     form->body()->addWidget(SupportGroup(bind));
     auto* const row = new QHBoxLayout;
     auto* const left = new QVBoxLayout;
     left->addWidget(WindGroup(bind));
-    left->addWidget(VerdictGroup(bind));
+    left->addWidget(VerdictGroup(bind, view));
     left->addStretch(1);
     row->addLayout(left);
-    row->addWidget(VortexTable(bind), 1);
+    row->addWidget(VortexTable(bind, view), 1);
     form->body()->addLayout(row);
     form->AddButtons();
     return form;
@@ -151,18 +171,23 @@ Form* MakeModal(Desk& desk, QWidget* parent)
 {
     auto* const form =
         new Form(desk, "Modal_ns", QStringLiteral("Modal analysis for q-loads (SLS)"), parent);
+    form->belongs = ModalResultShown;
     Binder& bind = form->bind();
-    Picture* const picture = bind.ResultFigure(QStringLiteral("picmodes"), DrawModeShapes);
-    picture->setMinimumSize(520, 320);
-    form->body()->addWidget(picture, 1);
-    auto* const grid = new QGridLayout;
-    grid->addWidget(bind.Text(QStringLiteral("massa"), MassText), 0, 0);
+    // From the last pass: the vortex shedding control keeps its own frequency in the same field.
+    const auto text = [&](const QString& name, From<std::string> of) {
+        form->body()->addWidget(
+            bind.Text(name, [&desk, of](const ProjectState&) { return of(desk.session.shown()); }));
+    };
+    text(QStringLiteral("massa"), MassText);
     for (int mode = 1; mode <= 3; ++mode) {
-        grid->addWidget(bind.Text(QStringLiteral("mod%1").arg(mode),
-                                  [mode](const ProjectState& s) { return ModeText(s, mode); }),
-                        0, mode);
+        text(QStringLiteral("mod%1").arg(mode),
+             [mode](const ProjectState& s) { return ModeText(s, mode); });
+        Picture* const picture =
+            bind.ResultFigure(QStringLiteral("picmode%1").arg(mode),
+                              [mode](const ProjectState& s) { return DrawModeShape(s, mode); });
+        picture->setMinimumSize(520, 90);
+        form->body()->addWidget(picture, 1);
     }
-    form->body()->addLayout(grid);
     form->AddButtons();
     return form;
 }

@@ -14,6 +14,11 @@ bool Open(Session&)
     return true;
 }
 
+bool OpenModal(Session& session)
+{
+    return ModalResultShown(session.state());
+}
+
 template <void (*kHandler)(Session&)> bool After(Session& session)
 {
     kHandler(session);
@@ -34,7 +39,7 @@ const std::vector<FormMaker>& AllForms()
         {"chpoints", MakeCheckPoints, Open},
         {"vipping", MakeVipping, After<OpenVipping>},
         {"frmVortex", MakeVortex, OpenVortex},
-        {"Modal_ns", MakeModal, Open},
+        {"Modal_ns", MakeModal, OpenModal},
         {"detailedresult", MakeDetailedResult, Open},
         {"about", MakeAbout, Open},
         {"InfoPsi", MakeInfoPsi, Open},

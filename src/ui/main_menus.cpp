@@ -1,5 +1,6 @@
 #include "app/file_commands.h"
 #include "app/load_commands.h"
+#include "app/member_commands.h"
 #include "app/section_commands.h"
 #include "app/view_report.h"
 #include "render/export.h"
@@ -79,8 +80,13 @@ void MainWindow::BuildMenus()
     });
     input->addSeparator();
     for (const InputEntry& entry : kMemberForms) {
-        AddAction(input, QLatin1String(entry.name), tr(entry.text), QKeySequence(entry.key),
-                  [this, &entry] { OpenForm(entry.form); });
+        QAction* const action =
+            AddAction(input, QLatin1String(entry.name), tr(entry.text), QKeySequence(entry.key),
+                      [this, &entry] { OpenForm(entry.form); });
+        if (entry.form == "Modal_ns") {
+            bind_.Follow(
+                [action](const ProjectState& s) { action->setEnabled(ModalResultShown(s)); });
+        }
     }
     BuildProfileMenu(add("mnustiff", tr("&Profiles")));
     BuildPrintMenu(add("mnuprint", tr("P&rint")));
@@ -122,9 +128,9 @@ void MainWindow::BuildFileMenu(QMenu* menu)
         entry->setObjectName(QStringLiteral("mnurecentfile%1").arg(i));
         entry->setVisible(false);
         connect(entry, &QAction::triggered, this, [this, entry] {
-            const std::string caption = FromQt(entry->data().toString());
-            CloseForms();
-            OpenRecentFile(desk_.session, desk_.store, caption);
+            if (OpenRecentFile(desk_.session, desk_.store, FromQt(entry->data().toString()))) {
+                CloseForms();
+            }
         });
         menu->insertAction(recentend_, entry);
         recent_.push_back(entry);

@@ -315,6 +315,7 @@ QGroupBox* SectionGroup(Binder& bind, Desk& desk)
 
 constexpr double kLoadScale = 5.2;  // pixels per unit at most, for texts of ordinary size
 constexpr double kDiagramStretch = 1.7;
+constexpr int kNarrowestDiagram = 220;
 
 // --- Diagrams ------------------------------------------------------------------------------------
 
@@ -324,6 +325,7 @@ QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis)
     QGroupBox* const group = Group(z ? QStringLiteral("fr2") : QStringLiteral("fr3"),
                                    z ? QObject::tr("Loading/Moment/Shear/Deflection - Z-axis  ")
                                      : QObject::tr("Loading/Moment/Shear/Deflection - Y-axis  "));
+    group->setMinimumWidth(kNarrowestDiagram);  // less than its title with a large font
     QVBoxLayout* const column = ColumnOf(group);
     Picture* const load =
         bind.ResultFigure(z ? QStringLiteral("PicLoadZ") : QStringLiteral("PicLoadY"),

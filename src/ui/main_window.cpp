@@ -48,10 +48,25 @@ public:
 protected:
     void resizeEvent(QResizeEvent* event) override
     {
+        FitWidth();
+        QScrollArea::resizeEvent(event);
+    }
+
+    // The input may want more room later, with another font or choice.
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+            FitWidth();
+        }
+        return QScrollArea::eventFilter(watched, event);
+    }
+
+private:
+    void FitWidth()
+    {
         const QSize needed = widget()->minimumSizeHint();
         const int bar = needed.height() > height() ? verticalScrollBar()->sizeHint().width() : 0;
         setFixedWidth(std::max(kInputWidth, needed.width()) + bar);
-        QScrollArea::resizeEvent(event);
     }
 };
 
@@ -222,8 +237,9 @@ void MainWindow::dropEvent(QDropEvent* event)
 
 void MainWindow::OpenProject(const QString& path)
 {
-    CloseForms();
-    OpenPath(desk_.session, desk_.store, FromQt(path));
+    if (OpenPath(desk_.session, desk_.store, FromQt(path))) {
+        CloseForms();
+    }
 }
 
 }  // namespace kestrum

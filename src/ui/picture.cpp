@@ -16,7 +16,7 @@ namespace kestrum {
 
 namespace {
 
-constexpr double kSmallestText = 9;  // pixels
+constexpr double kSmallestText = 0.75;  // over the size of the system font
 
 InkColours ColoursOf(const QPalette& palette)
 {
@@ -137,7 +137,7 @@ void Picture::RenderCache()
     cache_.fill(Qt::transparent);
     if (fit.scale > 0) {
         Drawing shown = Widened(drawing_, fit.stretch);
-        EnlargeTexts(shown, fit.scale, kSmallestText * ratio);
+        EnlargeTexts(shown, fit.scale, kSmallestText * SystemFontSize() * ratio);
         QPainter painter(&cache_);
         Paint(painter, shown, fit.scale, fit.origin, ColoursOf(palette()));
     }

@@ -7,6 +7,7 @@
 #include "ui/theme.h"
 
 #include <QPainter>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -14,12 +15,16 @@ namespace kestrum {
 
 namespace {
 
-constexpr double kLineStep = 1.4;  // font sizes from line to line
-constexpr double kBarEnd = 1.25;   // utilisation at the end of a bar
+constexpr double kLineStep = 1.4;   // font sizes from line to line
+constexpr double kBlockGap = 0.35;  // lines between blocks
+constexpr double kLastLine = 1.6;   // lines from the top of the last one to the end
+constexpr double kBarWidth = 4;     // font sizes
+constexpr double kBarGap = 0.8;     // font sizes between bar and text
+constexpr double kBarEnd = 1.25;    // utilisation at the end of a bar
 constexpr double kSizeStep = 0.25;
+constexpr double kSmallest = 0.72, kLargest = 1.4;  // font size over that of the system
 constexpr double kPointsPerInch = 72;
-constexpr double kBlockGap = 0.35;              // lines between blocks
-constexpr double kSmallest = 7, kLargest = 17;  // font size, pixels
+constexpr int kEdge = 4;  // pixels above and below in all
 
 QFont FontOf(const TextRun& run, QFont font)
 {
@@ -28,87 +33,134 @@ QFont FontOf(const TextRun& run, QFont font)
     return font;
 }
 
-// Lays the lines out at one font size, and paints them when there is a painter.
+double WidthOf(const std::vector<TextRun>& runs, const QFont& font)
+{
+    double width = 0;
+    for (const TextRun& run : runs) {
+        width += QFontMetricsF(FontOf(run, font)).horizontalAdvance(ToQt(run.text));
+    }
+    return width;
+}
+
+// The lines of a panel at one font size: the bars in a column of their own, then the text, then the
+// results in the column of their block.
 class Layout {
 public:
-    Layout(const QFont& font, double size, const QPalette& palette, QPainter* painter)
-        : font_(font), size_(size), palette_(palette), painter_(painter),
-          colours_(IsDark(palette) ? DarkColours() : PaperColours())
+    // The font has the size in pixels.
+    Layout(const QFont& font, double size, double room)
+        : font_(font), size_(size), start_(size * (kBarWidth + kBarGap)), room_(room)
     {
     }
 
-    // Width that the block takes.
-    double Block(const PanelBlock& block, const std::optional<double>* utilisation, double down)
+    double WidthOfBlock(const PanelBlock& block) const
     {
-        double column = size() * kLeastColumn / 2;
+        const Columns columns = ColumnsOf(block);
+        double width = columns.result + columns.results;
         for (const PanelLine& line : block) {
-            if (!line.result.empty()) {
-                column = std::max(column, Runs(0, -1, line.left, {}, false));
-            }
-        }
-        column += size();
-        double width = 0;
-        for (const PanelLine& line : block) {
-            const double y = (line.y + 1 + down) * size() * kLineStep;
-            const double left = Runs(0, y, line.left, *utilisation, true);
-            const double right =
-                line.result.empty() ? left : Runs(column, y, line.result, *utilisation, true);
-            width = std::max(width, right);
-            ++utilisation;
+            width = std::max(width, start_ + WidthOf(line.left, font_));
         }
         return width;
     }
 
-private:
-    double size() const { return size_; }
-
-    // Where the text ends.
-    double Runs(double x, double y, const std::vector<TextRun>& runs,
-                const std::optional<double>& utilisation, bool shown)
+    // `utilisation` holds a value for each line.
+    void PaintBlock(QPainter& painter, const QPalette& palette, const PanelBlock& block,
+                    const std::optional<double>* utilisation, double down) const
     {
-        for (const TextRun& run : runs) {
-            const QFont font = FontOf(run, font_);
-            const QString text = ToQt(run.text);
-            if (painter_ != nullptr && shown) {
-                painter_->setFont(font);
-                painter_->setPen(run.colour == kWithin  ? colours_(Ink::good)
-                                 : run.colour == kAbove ? colours_(Ink::bad)
-                                                        : palette_.color(QPalette::Text));
-                painter_->drawText(QPointF(x, y), text);
+        const Columns columns = ColumnsOf(block);
+        const double column = std::max(start_, std::min(columns.result, room_ - columns.results));
+        for (const PanelLine& line : block) {
+            const double y = (line.y + 1 + down) * size_ * kLineStep;
+            if (*utilisation) {
+                PaintBar(painter, palette, y, **utilisation, IsAbove(line));
             }
-            x += QFontMetricsF(font).horizontalAdvance(text);
-            if (run.colour != 0 && utilisation) {
-                x = Bar(x + size() * 0.6, y, *utilisation, run.colour == kAbove, shown);
+            const bool head = !line.left.empty() && line.left.front().underline;
+            const double from = head ? 0 : start_;
+            const double room = line.result.empty() ? room_ - from : column - size_ - from;
+            PaintRuns(painter, palette, {from, y}, room, line.left);
+            PaintRuns(painter, palette, {column, y}, columns.results, line.result);
+            ++utilisation;
+        }
+    }
+
+private:
+    struct Columns {
+        double result;   // where the results would begin, beyond the longest calculation
+        double results;  // their width
+    };
+
+    Columns ColumnsOf(const PanelBlock& block) const
+    {
+        double left = size_ * kLeastColumn / 2, right = 0;
+        for (const PanelLine& line : block) {
+            if (!line.result.empty()) {
+                left = std::max(left, WidthOf(line.left, font_));
+                right = std::max(right, WidthOf(line.result, font_));
             }
         }
-        return x;
+        return {start_ + left + size_, right};
+    }
+
+    static bool IsAbove(const PanelLine& line)
+    {
+        const auto above = [](const TextRun& run) { return run.colour == kAbove; };
+        return std::any_of(line.left.begin(), line.left.end(), above) ||
+               std::any_of(line.result.begin(), line.result.end(), above);
+    }
+
+    // A calculation that is too long loses its middle, never its end.
+    void PaintRuns(QPainter& painter, const QPalette& palette, QPointF at, double room,
+                   const std::vector<TextRun>& runs) const
+    {
+        const InkColours colours = IsDark(palette) ? DarkColours() : PaperColours();
+        for (const TextRun& run : runs) {
+            const QFont font = FontOf(run, font_);
+            const QFontMetricsF metrics(font);
+            QString text = ToQt(run.text);
+            constexpr double kRounding = 0.5;
+            if (runs.size() == 1 && metrics.horizontalAdvance(text) > room + kRounding) {
+                text = metrics.elidedText(text, Qt::ElideMiddle, room);
+            }
+            painter.setFont(font);
+            painter.setPen(run.colour == kWithin  ? colours(Ink::good)
+                           : run.colour == kAbove ? colours(Ink::bad)
+                                                  : palette.color(QPalette::Text));
+            painter.drawText(at, text);
+            at.rx() += metrics.horizontalAdvance(text);
+        }
     }
 
     // The ratio against its limit, which the small line marks.
-    double Bar(double x, double y, double utilisation, bool above, bool shown)
+    void PaintBar(QPainter& painter, const QPalette& palette, double y, double utilisation,
+                  bool above) const
     {
-        const double width = size() * 4.5;
-        if (painter_ != nullptr && shown) {
-            const QRectF track(x, y - size() * 0.68, width, size() * 0.6);
-            const double part = std::clamp(utilisation, 0.0, kBarEnd) / kBarEnd;
-            painter_->setPen(Qt::NoPen);
-            painter_->setBrush(palette_.color(QPalette::Button));
-            painter_->drawRect(track);
-            painter_->setBrush(colours_(above ? Ink::bad : Ink::good));
-            painter_->drawRect(QRectF(track.topLeft(), QSizeF(width * part, track.height())));
-            painter_->setPen(QPen(palette_.color(QPalette::Text), 1));
-            const double limit = x + width / kBarEnd;
-            painter_->drawLine(QPointF(limit, track.top() - 2), QPointF(limit, track.bottom() + 2));
-        }
-        return x + width;
+        const double width = size_ * kBarWidth;
+        const QRectF track(0, y - size_ * 0.68, width, size_ * 0.6);
+        const double part = std::clamp(utilisation, 0.0, kBarEnd) / kBarEnd;
+        const InkColours colours = IsDark(palette) ? DarkColours() : PaperColours();
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette.color(QPalette::Button));
+        painter.drawRect(track);
+        painter.setBrush(colours(above ? Ink::bad : Ink::good));
+        painter.drawRect(QRectF(track.topLeft(), QSizeF(width * part, track.height())));
+        painter.setPen(QPen(palette.color(QPalette::Text), 1));
+        const double limit = width / kBarEnd;
+        painter.drawLine(QPointF(limit, track.top() - 2), QPointF(limit, track.bottom() + 2));
     }
 
     QFont font_;
-    double size_;  // pixels
-    const QPalette& palette_;
-    QPainter* painter_;
-    InkColours colours_;
+    double size_;   // pixels
+    double start_;  // of the text, beyond the bars
+    double room_;   // width in all
 };
+
+// Height of the panel in lines.
+double LinesOf(const std::vector<PanelBlock>& blocks)
+{
+    return blocks.empty() || blocks.back().empty()
+               ? 1
+               : blocks.back().back().y + kLastLine +
+                     kBlockGap * static_cast<double>(blocks.size() - 1);
+}
 
 }  // namespace
 
@@ -116,7 +168,6 @@ ResultPanel::ResultPanel(QWidget* parent) : QWidget(parent)
 {
     setObjectName(QStringLiteral("pic_result"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setMinimumSize(300, 120);
 }
 
 void ResultPanel::Show(const ProjectState& s)
@@ -125,7 +176,17 @@ void ResultPanel::Show(const ProjectState& s)
     utilisation_ = PanelUtilisation(s);
     setAccessibleName(tr("Results"));
     setAccessibleDescription(ToQt(PanelText(s)));
+    updateGeometry();
     update();
+}
+
+// Low enough for a small screen, but no line is lost.
+QSize ResultPanel::minimumSizeHint() const
+{
+    constexpr double kNarrowest = 25;  // font sizes
+    const double size = SystemFontSize();
+    return {qCeil(kNarrowest * size),
+            qCeil(LinesOf(blocks_) * kLineStep * kSmallest * size) + kEdge};
 }
 
 void ResultPanel::SetCorner(QWidget* corner)
@@ -154,33 +215,33 @@ void ResultPanel::paintEvent(QPaintEvent*)
     QFont font(QStringLiteral("Liberation Sans"));
     font.setStyleHint(QFont::SansSerif);
     font.setHintingPreference(QFont::PreferNoHinting);  // widths grow with the size
-    const auto run = [&](double size, QPainter* target) {
+    const auto layout = [&](double size) {
         font.setPointSizeF(size * kPointsPerInch / logicalDpiY());
-        Layout layout(font, size, palette(), target);
-        double widest = 0;
-        const std::optional<double>* line = utilisation_.data();
-        double down = 0;
-        for (const PanelBlock& block : blocks_) {
-            widest = std::max(widest, layout.Block(block, line, down));
-            line += block.size();
-            down += kBlockGap;
-        }
-        return widest;
+        return Layout(font, size, inner);
     };
-    const double lowest = blocks_.empty() || blocks_.back().empty()
-                              ? 1
-                              : blocks_.back().back().y + 1.6 + 2 * kBlockGap;
-    double size =
-        std::floor(std::clamp((height() - 4.0) / (lowest * kLineStep), kSmallest, kLargest));
-    // Widths grow with the size: one estimate, then small steps.
-    if (const double widest = run(size, nullptr); widest > inner) {
-        size = std::max(kSmallest, size * inner / widest);
-        while (size > kSmallest && run(size, nullptr) > inner) {
-            size -= kSizeStep;
+    const auto widest = [&](double size) {
+        double width = 0;
+        for (const PanelBlock& block : blocks_) {
+            width = std::max(width, layout(size).WidthOfBlock(block));
         }
+        return width;
+    };
+    // As large as height and width allow.
+    const double smallest = kSmallest * SystemFontSize(), largest = kLargest * SystemFontSize();
+    double size =
+        std::clamp((height() - kEdge) / (LinesOf(blocks_) * kLineStep), smallest, largest);
+    while (size > smallest && widest(size) > inner) {
+        size = std::max(smallest, size - kSizeStep);
     }
-    painter.translate(kMargin, 2);
-    run(size, &painter);
+
+    painter.translate(kMargin, kEdge / 2);
+    const std::optional<double>* utilisation = utilisation_.data();
+    double down = 0;
+    for (const PanelBlock& block : blocks_) {
+        layout(size).PaintBlock(painter, palette(), block, utilisation, down);
+        utilisation += block.size();
+        down += kBlockGap;
+    }
 }
 
 }  // namespace kestrum

@@ -21,6 +21,7 @@ public:
     void Show(const ProjectState& s);
 
     QSize sizeHint() const override { return {560, 200}; }
+    QSize minimumSizeHint() const override;
 
     // A widget in the lower right corner.
     void SetCorner(QWidget* corner);

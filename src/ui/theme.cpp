@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QColor>
+#include <QFontInfo>
 #include <QSettings>
 #include <QStyleFactory>
 
@@ -54,7 +55,7 @@ QPalette Make(const Tones& t)
 constexpr char kDarkKey[] = "Window/Dark";
 
 constexpr auto kStyleSheet = R"(
-QGroupBox { border: 1px solid palette(mid); border-radius: 5px; margin-top: 8px; padding: 5px 2px 1px 2px; }
+QGroupBox { border: 1px solid palette(mid); border-radius: 5px; margin-top: 0.6em; padding: 0.35em 2px 1px 2px; }
 QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; left: 8px; padding: 0 4px; }
 QToolTip { border: 1px solid palette(mid); padding: 3px; }
 )";
@@ -85,6 +86,11 @@ bool StartsDark(const QSettings& settings)
 void RememberDark(QSettings& settings, bool dark)
 {
     settings.setValue(QLatin1String(kDarkKey), dark);
+}
+
+double SystemFontSize()
+{
+    return QFontInfo(QApplication::font()).pixelSize();
 }
 
 void UseTheme(QApplication& application, bool dark)

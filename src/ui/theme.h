@@ -16,6 +16,8 @@ QPalette LightPalette();
 QPalette DarkPalette();
 bool IsDark(const QPalette& palette);
 
+double SystemFontSize();  // pixels
+
 // What the user has chosen, else what the platform shows.
 bool StartsDark(const QSettings& settings);
 void RememberDark(QSettings& settings, bool dark);

@@ -3,6 +3,7 @@
 
 #include "report/drawing_checks.h"
 
+#include <algorithm>
 #include <numbers>
 
 namespace kestrum {
@@ -85,17 +86,31 @@ TEST(ModeShape, OfPinnedAndFixedEndsIsFixedAtTheFarEnd)
     EXPECT_LT(std::abs(ModeShape(1, 1, 0.99)), 0.002);
 }
 
-TEST(DrawModeShapes, NamesMassFrequencyAndPeriod)
+// A pinned beam swings in n half waves.
+TEST(DrawModeShape, DrawsTheWavesOfItsModeBetweenTheSupports)
 {
-    ProjectState s{};
-    s.l = 5;
-    s.modalmass = 1108;
-    s.freq = {0, 12.5F, 50, 100};
-    const Drawing d = DrawModeShapes(s);
-    EXPECT_TRUE(HasText(d, "Mass: m = 1108 kg/m"));
-    EXPECT_TRUE(HasText(d, "Mode 1: 12.50 Hz/0.08s"));
-    EXPECT_TRUE(HasText(d, "Mode 3: 100.00 Hz/0.01s"));
-    ExpectLegible(d);
+    const ProjectState s{};
+    for (int mode = 1; mode <= 3; ++mode) {
+        const Drawing d = DrawModeShape(s, mode);
+        EXPECT_TRUE(BoundsOf(d).Inside({0, 0, d.width, d.height})) << "mode " << mode;
+        // Beside the signs of the supports, the last line drawn.
+        const std::vector<PolylineMark> lines = MarksOf<PolylineMark>(d);
+        ASSERT_FALSE(lines.empty()) << "mode " << mode;
+        const std::vector<Point>& curve = lines.back().points;
+        const double axis = d.height / 2;
+        EXPECT_NEAR(curve.front().y, axis, 1e-9);
+        EXPECT_NEAR(curve.back().y, axis, 1e-9);
+        // The crest of the first half wave, upwards, at 1/(2n) of the length.
+        const double crest = curve.front().x + (curve.back().x - curve.front().x) / (2.0 * mode);
+        double highest = axis;
+        for (const Point& p : curve) {
+            highest = std::min(highest, p.y);
+        }
+        const auto at = std::find_if(curve.begin(), curve.end(),
+                                     [&](const Point& p) { return p.x >= crest - 1e-9; });
+        EXPECT_NEAR(at->y, highest, 1e-9) << "mode " << mode;
+        EXPECT_LT(highest, axis - 5);
+    }
 }
 
 }  // namespace

@@ -112,6 +112,22 @@ TEST_F(FamilyForms, AxesOfRectangularSectionsAreExchanged)
     EXPECT_EQ(state().b, h);
 }
 
+// The tables give no radius; EN 10210-2 and EN 10219-2 do.
+TEST_F(FamilyForms, HollowSectionsTellTheirCorners)
+{
+    const auto tells = [&](std::string_view form, const QString& note) {
+        const auto labels = window->OpenForm(form)->findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(),
+                           [&](const QLabel* label) { return label->text() == note; });
+    };
+    session.edit().family = 6;
+    session.Calculate();
+    EXPECT_TRUE(tells("p06", QStringLiteral(" r = 1.5*t ")));
+    session.edit().family = 9;
+    session.Calculate();
+    EXPECT_TRUE(tells("p09", QStringLiteral(" r = 2.5*t ; 6<t<=10 ")));
+}
+
 TEST_F(FamilyForms, TubeWarnsInClassFour)
 {
     Click(QStringLiteral("p31i"));

@@ -39,6 +39,7 @@ public:
 TEST_F(Forms, AllOpenCloseAndFollowEveryPass)
 {
     session.edit().family = 6;
+    session.edit().modal = 1;
     for (const std::string_view name : MainWindow::FormNames()) {
         SCOPED_TRACE(std::string(name));
         for (const FamilyInfo& family : Families()) {
@@ -355,6 +356,40 @@ TEST_F(Forms, VortexIsForHollowSectionsOnly)
     EXPECT_EQ(Find<QLabel>(QStringLiteral("lblOK"), &form).text(), QStringLiteral(" NOK "));
     Type(Find<BoxEdit>(QStringLiteral("ivb"), &form), QStringLiteral("5"));
     EXPECT_EQ(Find<QLabel>(QStringLiteral("lblOK"), &form).text(), QStringLiteral(" OK "));
+}
+
+// E I and mass belong to the section and the length: the frequency goes with 1/L2.
+TEST_F(Forms, VortexFollowsTheMemberAndClosesWithAnotherFamily)
+{
+    session.edit().family = 31;
+    session.edit().l = 4;
+    session.Calculate();
+    Form& form = Open("frmVortex");
+    auto& frequency = Find<QLabel>(QStringLiteral("lblfreq"), &form);
+    const auto hertz = [&] { return frequency.text().section(QLatin1Char(' '), 0, 0).toDouble(); };
+    const double before = hertz();
+    session.edit().l = 2;
+    session.Calculate();
+    EXPECT_NEAR(hertz(), 4 * before, 4 * 0.05 + 0.05);  // shown to 0.1 Hz
+    Click(QStringLiteral("p04i"));
+    EXPECT_FALSE(form.isVisible());
+}
+
+// Both forms keep their frequency in one field of the record.
+TEST_F(Forms, ModeShapesKeepTheirFrequenciesBesideTheVortexForm)
+{
+    session.edit().family = 31;
+    session.edit().modal = 1;
+    session.Calculate();
+    Form& modal = Open("Modal_ns");
+    const QString first = Find<QLabel>(QStringLiteral("mod1"), &modal).text();
+    Form& vortex = Open("frmVortex");
+    Click(QStringLiteral("btnVortex4"), &vortex);
+    EXPECT_EQ(Find<QLabel>(QStringLiteral("mod1"), &modal).text(), first);
+    Find<QCheckBox>(QStringLiteral("ch_modal")).click();
+    EXPECT_FALSE(modal.isVisible());
+    EXPECT_FALSE(Find<QAction>(QStringLiteral("mnumodal")).isEnabled());
+    EXPECT_EQ(window->OpenForm("Modal_ns"), nullptr);
 }
 
 TEST_F(Forms, ModalIsRefusedForSprings)

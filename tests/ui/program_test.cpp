@@ -100,6 +100,11 @@ TEST_F(Program, RecentFilesAreListedAndOpenAgain)
     EXPECT_FALSE(Find<QAction>(QStringLiteral("mnurecentfile2")).isVisible());
     recent.trigger();
     EXPECT_EQ(state().l, 7.5F);
+    ASSERT_TRUE(QFile::remove(path));
+    window->OpenForm("Loading");
+    recent.trigger();
+    EXPECT_EQ(script.warnings.size(), 1U);
+    EXPECT_TRUE(Find<Form>(QStringLiteral("Loading")).isVisible());  // nothing was opened
 }
 
 TEST_F(Program, DroppedProjectIsOpened)

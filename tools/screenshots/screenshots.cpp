@@ -1,7 +1,9 @@
 // Renders the main window (sizes, palettes, decimal comma), every form and the form of every family
 // to PNG files in the given folder. Runs on the offscreen platform when no other is chosen.
 //
-//   kestrum-screenshots FOLDER [NAME]...    all, or the pictures whose names contain NAME
+//   kestrum-screenshots [--font POINTS] FOLDER [NAME]...
+//
+// All, or the pictures whose names contain NAME; with a larger system font where one is given.
 
 #include "app/load_commands.h"
 #include "app/member_commands.h"
@@ -17,6 +19,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <iostream>
 
 namespace {
@@ -156,9 +159,15 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
+    QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() > 2 && arguments.at(1) == QLatin1String("--font")) {
+        QFont font = QApplication::font();
+        font.setPointSizeF(std::clamp(arguments.at(2).toDouble(), 6.0, 36.0));
+        QApplication::setFont(font);
+        arguments.remove(1, 2);
+    }
     if (arguments.size() < 2 || !QDir().mkpath(arguments.at(1))) {
-        std::cerr << "usage: kestrum-screenshots FOLDER [NAME]...\n";
+        std::cerr << "usage: kestrum-screenshots [--font POINTS] FOLDER [NAME]...\n";
         return 2;
     }
     Photographer camera(arguments.at(1), arguments.mid(2));

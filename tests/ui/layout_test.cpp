@@ -1,0 +1,122 @@
+// Nothing is cut off: in every form, with system fonts of ordinary, large and very large size, each
+// text has the room that it needs and no control reaches out of the one that holds it.
+
+#include "ui/desktop.h"
+
+#include "sections/family_table.h"
+#include "ui/text.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollArea>
+
+namespace kestrum {
+
+namespace {
+
+QString NameOf(const QWidget& widget)
+{
+    return QString::fromLatin1(widget.metaObject()->className()) + QLatin1Char(' ') +
+           widget.objectName();
+}
+
+bool Scrolled(const QWidget& widget, const QWidget& top)
+{
+    for (const QWidget* at = &widget; at != &top && at != nullptr; at = at->parentWidget()) {
+        if (qobject_cast<const QAbstractScrollArea*>(at) != nullptr) {
+            return true;
+        }
+    }
+    return false;
+}
+
+int TextWidthOf(const QWidget& widget)
+{
+    if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
+        return label->wordWrap() ? 0 : label->fontMetrics().size(0, label->text()).width();
+    }
+    if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) {
+        return button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
+    }
+    if (const auto* const box = qobject_cast<const BoxEdit*>(&widget)) {
+        constexpr int kFrame = 4;  // the frame and the cursor's margin
+        return box->fontMetrics().horizontalAdvance(box->text()) + kFrame;
+    }
+    return 0;
+}
+
+// What does not fit in a window, by name.
+std::string Misfits(QWidget& top)
+{
+    QStringList misfits;
+    for (const QWidget* const widget : top.findChildren<QWidget*>()) {
+        if (!widget->isVisible() || widget->window() != &top) {
+            continue;
+        }
+        if (TextWidthOf(*widget) > widget->width()) {
+            misfits << NameOf(*widget) + QStringLiteral(" has no room for its text");
+        }
+        if (!Scrolled(*widget, top) &&
+            !widget->parentWidget()->rect().contains(widget->geometry())) {
+            misfits << NameOf(*widget) + QStringLiteral(" reaches out of ") +
+                           NameOf(*widget->parentWidget());
+        }
+    }
+    return FromQt(misfits.join(QLatin1Char('\n')));
+}
+
+}  // namespace
+
+class Layout : public testing::TestWithParam<double> {
+public:
+    Layout() : before_(QApplication::font())
+    {
+        QFont font = before_;
+        font.setPointSizeF(GetParam());
+        QApplication::setFont(font);
+    }
+    ~Layout() override { QApplication::setFont(before_); }
+
+private:
+    QFont before_;
+};
+
+class LayoutDesktop final : public Desktop {
+    void TestBody() override {}
+};
+
+TEST_P(Layout, HasRoomForEveryText)
+{
+    LayoutDesktop desktop;
+    MainWindow& window = *desktop.window;
+    desktop.session.edit().modal = 1;
+    for (const std::string_view name : MainWindow::FormNames()) {
+        SCOPED_TRACE(std::string(name));
+        desktop.session.edit().family = 6;  // has a vortex form
+        for (const FamilyInfo& family : Families()) {
+            if (family.form == name) {
+                desktop.session.edit().family = static_cast<i16>(family.id);
+            }
+        }
+        desktop.session.Calculate();
+        Form* const form = window.OpenForm(name);
+        ASSERT_NE(form, nullptr);
+        Desktop::Settle();
+        EXPECT_EQ(Misfits(*form), "");
+        form->close();
+    }
+}
+
+// The smallest window that the system lets the user make.
+TEST_P(Layout, OfTheMainWindowHoldsAtItsSmallest)
+{
+    LayoutDesktop desktop;
+    desktop.window->resize(desktop.window->minimumSizeHint());
+    Desktop::Settle();
+    EXPECT_EQ(Misfits(*desktop.window), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(FontSizes, Layout, testing::Values(9.0, 14.0, 20.0));
+
+}  // namespace kestrum
