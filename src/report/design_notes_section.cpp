@@ -345,7 +345,8 @@ constexpr NoteRule kSections[] = {
      "and its area by the straight parts of the legs only."},
     {"D183", SlenderWebBends,
      "The effective modulus of the class 4 web rests on a centroid too near to the compressed "
-     "edge; EN 1993-1-5, 4.4 gives a lower moment resistance."},
+     "edge and may exceed the plastic modulus; EN 1993-1-5, 4.4 gives a lower moment resistance, "
+     "for very slender webs less than half."},
     {"D184", BottomOutstandWorse,
      "The outstands of the compressed bottom flange are not classified; EN 1993-1-1, Table 5.2 "
      "gives a worse class."},

@@ -46,6 +46,22 @@ TEST(EffectiveWelded, D183DividesByTheAreaLessTheFlangeLossOnly)
     EXPECT_FLOAT_EQ(stored.weffytop2, static_cast<float>(ours.opposite));
 }
 
+// 1200/200/400/5/12/30, by hand: A 20190, zcog 325.5, iy 4.0805e9; z1 = 874.5, hc 858.5, psi
+// -0.3395, k 11.07, lambda 2.991, rho 0.3180, strip 585.5 at 417.9; A2 = 17262. Ours: z2 = 874.5 -
+// 2927.5*417.9/20190 = 813.9, Ieff = 18.926e9 - 17262*813.9^2 = 7.491e9, W 9.203e6. The standard:
+// z2 951.9, Ieff 3.284e9, W 3.450e6. Wpl about 25.3: 6.317e6.
+TEST(EffectiveWelded, D183ExceedsThePlasticModulusWithASlenderWeb)
+{
+    ProjectState s = welded::Default(22);
+    s.p22 = {1200, 200, 400, 5, 12, 30};
+    welded::Prepare(s);
+    EXPECT_EQ(s.classmytop, 4);
+    EXPECT_NEAR(s.wytop, 9.203e6, 0.005e6);
+    EXPECT_NEAR(s.wply, 6.317e6, 0.003e6);
+    const EffectiveScheme net{.leg = s.r, .webbuckles = true, .netcentroid = true};
+    EXPECT_NEAR(EffectiveBending(s, TopSide(s), TopFlange(s), net).compressed, 3.450e6, 0.005e6);
+}
+
 TEST(EffectiveWelded, SwitchesKeepTheGrossSection)
 {
     for (const int family : welded::kFamilies) {
