@@ -71,12 +71,13 @@ std::vector<ShownValue> SectionDimensions(const ProjectState& s)
 
 std::vector<ShownValue> SectionProperties(const ProjectState& s)
 {
+    const bool plate = s.family >= 51 && s.family <= 56;  // about z the stiffener alone
     std::vector<ShownValue> values{
         Value("ostg", "Weight", s.weight, "#0.0", "kg/m"),
         Value("ostf", "Surface", s.surface, "#0.000", "m2/m"),
         Value("osta", "A", s.a, kArea, "mm2"),
         Value("ostiy", "Iy", s.iy, kModulus, "mm4"),
-        Value("ostiz", "Iz", s.iz, kModulus, "mm4"),
+        Value("ostiz", "Iz", s.iz, kModulus, plate ? "mm4 (profile)" : "mm4"),
         Value("ostix", "Ix", s.it, kModulus, "mm4"),
         Value("ostiw", "Iw", s.iw, kModulus, "mm6"),
     };
@@ -93,7 +94,7 @@ std::vector<ShownValue> SectionProperties(const ProjectState& s)
     } else {
         values.push_back(Value("ostwely", "Wel,y", s.wely, kModulus, "mm3"));
     }
-    values.push_back(Value("ostwelz", "Wel,z", s.welz, kModulus, "mm3"));
+    values.push_back(Value("ostwelz", "Wel,z", s.welz, kModulus, plate ? "mm3 (profile)" : "mm3"));
     values.push_back(Value("ostwply", "Wpl,y", s.wply, kModulus, "mm3"));
     if (!BendsOnly(s.family)) {
         values.push_back(Value("ostwplz", "Wpl,z", s.wplz, kModulus, "mm3"));

@@ -103,10 +103,12 @@ void ShortProfile(PageWriter& page, const Library& library, const ProjectState& 
         page.Write(beside ? x + kGap : kPageLeft, sizes + " (mm)");
     }
     page.Row();
+    const bool plate = s.family >= 51 && s.family <= 56;  // Iz is that of the stiffener
     x = page.Write(kPageLeft, "A = " + FormatNum(s.a, "#0") +
                                   " mm2    Iy = " + FormatNum(s.iy, "0.000E+0") +
-                                  " mm4    Iz = " + FormatNum(s.iz, "0.000E+0") +
-                                  " mm4    G = " + FormatNum(s.weight, "#0.0") + " kg/m    ");
+                                  " mm4    Iz = " + FormatNum(s.iz, "0.000E+0") + " mm4" +
+                                  (plate ? " (profile)" : "") +
+                                  "    G = " + FormatNum(s.weight, "#0.0") + " kg/m    ");
     page.Write(x, std::string(ClassHeading(s)) + ClassText(s));
     page.Row();
     page.Row(kPageSpace);

@@ -167,6 +167,12 @@ constexpr Line kWeights[] = {{"G", Of<&S::weight>, "#0.0", "kg/m"},
 
 constexpr Line kArea[] = {{"A", Of<&S::a>, kWhole, kMm2}};
 constexpr Line kBending[] = {{"Iy", Of<&S::iy>, kPower, kMm4}, {"Iz", Of<&S::iz>, kPower, kMm4}};
+// Iz and Wel,z of stiffened plates are those of the stiffener alone.
+constexpr Line kStiffenerBending[] = {{"Iy", Of<&S::iy>, kPower, kMm4},
+                                      {"Iz", Of<&S::iz>, kPower, "mm4 (profile)"}};
+constexpr Line kStiffenerSides[] = {{"Wel,y,top", Of<&S::wyeltop>, kPower, kMm3},
+                                    {"Wel,y,bot", Of<&S::wyelbot>, kPower, kMm3},
+                                    {"Wel,z", Of<&S::welz>, kPower, "mm3 (profile)"}};
 constexpr Line kPrincipal[] = {{"Iu", Of<&S::iu>, kPower, kMm4}, {"Iv", Of<&S::iv>, kPower, kMm4}};
 constexpr Line kTorsion[] = {{"Ix", Of<&S::it>, kPower, kMm4}};
 constexpr Line kWarping[] = {{"Iw", Of<&S::iw>, kPower, kMm6}};
@@ -176,7 +182,7 @@ constexpr Line kPlastic[] = {{"Wpl,y", Of<&S::wply>, kPower, kMm3},
                              {"Wpl,z", Of<&S::wplz>, kPower, kMm3}};
 constexpr Line kPlasticY[] = {{"Wpl,y", Of<&S::wply>, kPower, kMm3}};
 constexpr Line kSides[] = {{"Wel,y,top", Of<&S::wyeltop>, kPower, kMm3},
-                           {"Wel,y,bottom", Of<&S::wyelbot>, kPower, kMm3},
+                           {"Wel,y,bot", Of<&S::wyelbot>, kPower, kMm3},
                            {"Wel,z", Of<&S::welz>, kPower, kMm3}};
 constexpr Line kEffective[] = {{"Aeff", Of<&S::aeff>, kWhole, kMm2},
                                {"Weff,y", Of<&S::weffy>, kPower, kMm3},
@@ -187,17 +193,21 @@ bool IsAngle(const ProjectState& s)
     return s.family == 10 || s.family == 11;
 }
 
+bool IsStiffenedPlate(const ProjectState& s)
+{
+    return s.family >= 51 && s.family <= 56;
+}
+
 // Sections of plates whose two faces differ.
 bool HasSides(const ProjectState& s)
 {
-    return s.family == 22 || (s.family >= 24 && s.family <= 27) ||
-           (s.family >= 51 && s.family <= 56);
+    return s.family == 22 || (s.family >= 24 && s.family <= 27) || IsStiffenedPlate(s);
 }
 
 // Families that carry neither an axial force nor moments about z.
 bool BendsAboutYOnly(const ProjectState& s)
 {
-    return s.family == 24 || s.family == 25 || s.family == 27 || (s.family >= 51 && s.family <= 56);
+    return s.family == 24 || s.family == 25 || s.family == 27 || IsStiffenedPlate(s);
 }
 
 // 23 is a class 3 web upgraded to class 2.
@@ -278,7 +288,8 @@ std::vector<Quantity> SectionPropertiesOf(const ProjectState& s)
 {
     List list(s);
     list.Add(kArea);
-    list.Add(kBending);
+    const bool plate = IsStiffenedPlate(s);
+    list.Add(plate ? kStiffenerBending : kBending);
     if (IsAngle(s)) {
         list.Add(kPrincipal);
     }
@@ -288,12 +299,14 @@ std::vector<Quantity> SectionPropertiesOf(const ProjectState& s)
     if (s.iw != 0) {
         list.Add(kWarping);
     }
-    list.Add(HasSides(s) ? std::span<const Line>(kSides) : kElastic);
+    list.Add(plate         ? std::span<const Line>(kStiffenerSides)
+             : HasSides(s) ? kSides
+                           : std::span<const Line>(kElastic));
     if (!IsAngle(s)) {
         list.Add(s.wplz != 0 ? std::span<const Line>(kPlastic) : kPlasticY);
     }
     if (IsClassFour(s)) {
-        list.Add(kEffective);
+        list.Add(std::span<const Line>(kEffective).first(plate ? 2 : 3));  // no moments about z
     }
     return list.Take();
 }

@@ -141,6 +141,17 @@ TEST(SectionForm, ShowsAPublishedProfile)
     EXPECT_EQ(SectionName(Tables(), s), "HEA 200");
 }
 
+// About z a stiffened plate shows its stiffener alone: 100x16 and 284x11.5, see the printed page.
+TEST(SectionForm, NamesTheStiffenerBesideItsIz)
+{
+    Program program;
+    ChooseFamily(program.session, 53);
+    const auto properties = SectionProperties(program.session.shown());
+    EXPECT_EQ(ValueOf(properties, "ostiz"), "3.472E+6 mm4 (profile)");
+    EXPECT_TRUE(ValueOf(properties, "ostwelz").ends_with(" mm3 (profile)"));
+    EXPECT_TRUE(ValueOf(properties, "ostiy").ends_with(" mm4"));
+}
+
 // L 100x100x10, S355: Iy 176.7 cm4, e 28.22 mm: 1767000/(100 - 28.22) = 24617 mm3 for both legs.
 TEST(SectionForm, ShowsTheSmallerModuliOfAnAngle)
 {

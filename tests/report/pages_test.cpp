@@ -469,6 +469,20 @@ TEST(Pages, SingleSymmetricIShowsTheLargerClassOfItsSigns)
     }
 }
 
+// Default stiffener, web 284x11.5 and flange 100x16 whose centre lies 44.25 aside: y = 1600*44.25/
+// 4866 = 14.55; Iz = 284*11.5^3/12 + 16*100^3/12 + 3266*14.55^2 + 1600*29.70^2 = 3.472e6 mm4.
+TEST(Pages, StiffenedPlatesTellThatIzIsThatOfTheStiffener)
+{
+    const ProjectState s = Designed(53);
+    const std::vector<std::string> section = LinesOf(PrintProperties(Delivered(), s, kStamp));
+    EXPECT_THAT(section, Contains(HasSubstr("Iz=3.472E+6mm4 (profile)")));
+    EXPECT_THAT(section, Contains(HasSubstr("mm3 (profile)")));
+    EXPECT_THAT(LinesOf(PrintControl(Delivered(), s, kStamp)),
+                Contains(HasSubstr("Iz = 3.472E+6 mm4 (profile)")));
+    EXPECT_THAT(LinesOf(PrintProperties(Delivered(), Designed(1), kStamp)),
+                Not(Contains(HasSubstr("(profile)"))));
+}
+
 struct Annexed {
     i16 annex, cls;
     const char* text;
