@@ -1,7 +1,10 @@
-// The search field: shows the sections of all pages (kPages of search.js) that hold every word typed.
+// The search field: shows the sections of all pages (kPages of search.js) that hold every word typed. Enter opens the
+// first one, Escape empties the field. The link of the page at hand is marked.
 'use strict';
 
 const kMost = 12;
+const kBefore = 40;
+const kLength = 180;
 
 function score(section, words) {
   const title = section.title.toLowerCase();
@@ -19,12 +22,28 @@ function score(section, words) {
   return sum;
 }
 
-// A piece of the text around the first word found.
+// A piece of the text around the first word found, cut between words.
 function excerpt(text, words) {
   const lower = text.toLowerCase();
   const places = words.map((word) => lower.indexOf(word)).filter((place) => place >= 0);
-  const start = Math.max(0, (places.length ? Math.min(...places) : 0) - 40);
-  return (start > 0 ? '... ' : '') + text.slice(start, start + 160) + (start + 160 < text.length ? ' ...' : '');
+  let start = Math.max(0, (places.length ? Math.min(...places) : 0) - kBefore);
+  start = start > 0 ? text.indexOf(' ', start) + 1 : 0;
+  let end = start + kLength < text.length ? text.lastIndexOf(' ', start + kLength) : text.length;
+  end = end > start ? end : text.length;
+  return (start > 0 ? '... ' : '') + text.slice(start, end) + (end < text.length ? ' ...' : '');
+}
+
+// The text with the words found in <mark>.
+function marked(text, words) {
+  const pattern = words.map((word) => word.replace(/[.*+?^${}()|[\]\\]/g, '\\$&')).join('|');
+  return text.split(new RegExp(`(${pattern})`, 'i')).map((part, i) => {
+    if (i % 2 === 0) {
+      return part;
+    }
+    const mark = document.createElement('mark');
+    mark.textContent = part;
+    return mark;
+  });
 }
 
 function show(hits, words, list) {
@@ -36,21 +55,49 @@ function show(hits, words, list) {
   for (const hit of hits) {
     const line = document.createElement('p');
     const link = document.createElement('a');
+    const where = document.createElement('small');
     link.href = hit.page + (hit.id ? '#' + hit.id : '');
     link.textContent = hit.title;
-    line.append(link, ': ' + excerpt(hit.text, words));
+    where.textContent = hit.name === hit.title ? '' : ' · ' + hit.name;
+    line.append(link, where, document.createElement('br'), ...marked(excerpt(hit.text, words), words));
     list.append(line);
   }
 }
 
 const field = document.getElementById('search');
 const list = document.getElementById('hits');
-field.form.addEventListener('submit', (event) => event.preventDefault());
-field.addEventListener('input', () => {
+
+function search() {
   const words = field.value.toLowerCase().split(/\s+/).filter((word) => word.length > 1);
   const hits = kPages.map((section) => ({ ...section, score: score(section, words) }))
     .filter((section) => section.score > 0)
     .sort((a, b) => b.score - a.score)
     .slice(0, kMost);
   show(words.length ? hits : [], words, list);
+}
+
+field.addEventListener('input', search);
+field.addEventListener('keydown', (event) => {
+  if (event.key === 'Escape') {
+    field.value = '';
+    search();
+  }
 });
+field.form.addEventListener('submit', (event) => {
+  event.preventDefault();
+  const first = list.querySelector('a');
+  if (first) {
+    first.click();
+  }
+});
+// A hit on the page at hand leaves the list behind.
+list.addEventListener('click', (event) => {
+  if (event.target.closest('a')) {
+    list.hidden = true;
+  }
+});
+for (const link of document.querySelectorAll('nav[aria-label] a')) {
+  if (link.getAttribute('href') === location.pathname.split('/').pop()) {
+    link.setAttribute('aria-current', 'page');
+  }
+}

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """Makes the parts of the manuals that follow from other files, and checks what the manuals name.
 
-usage: manual_sources.py deviations|verification|check|page|index ARGUMENTS
+usage: manual_sources.py deviations|verification|check|page|index|links ARGUMENTS
   deviations           tables of the deviations from docs/deviations.md
   verification         tables of the verification problems from docs/verification.md
   check KESTRUM        deviations and fields that docs/theory names exist, and it names every row of the table of details
   page FILE FOLDER     the page without pictures that FOLDER does not hold
   index FOLDER         search.js of the HTML pages in FOLDER
+  links FOLDER         links and pictures of the pages in FOLDER exist, and each form has its picture
 """
 import html.parser
 import json
@@ -114,11 +115,13 @@ def page(path, folder):
 
 
 class PageText(html.parser.HTMLParser):
-    """Sections of a page: identifier, heading and text."""
+    """Sections of a page: identifier, heading, and text without captions and column heads.
+
+    The row of a table becomes "first: second; third."."""
 
     def __init__(self):
         super().__init__()
-        self.sections, self.heading, self.inside = [], False, False
+        self.sections, self.heading, self.inside, self.caption, self.cell = [], False, False, False, 0
 
     def handle_starttag(self, tag, attributes):
         names = dict(attributes)
@@ -127,16 +130,31 @@ class PageText(html.parser.HTMLParser):
         if tag in ('h1', 'h2', 'h3') and self.inside:
             self.sections.append({'id': names.get('id', ''), 'title': '', 'text': ''})
             self.heading = True
+        if tag in ('figcaption', 'th'):
+            self.caption = True
+        if tag == 'tr':
+            self.cell = 0
+        if tag == 'td' and self.sections:
+            self.sections[-1]['text'] += ('', ': ')[self.cell] if self.cell < 2 else '; '
+            self.cell += 1
 
     def handle_endtag(self, tag):
         if tag == 'main':
             self.inside = False
         if tag in ('h1', 'h2', 'h3'):
             self.heading = False
+        if tag in ('figcaption', 'th'):
+            self.caption = False
+        if tag == 'tr' and self.cell:
+            self.sections[-1]['text'] += '. '
 
     def handle_data(self, data):
-        if self.inside and self.sections:
-            self.sections[-1]['title' if self.heading else 'text'] += data
+        if not self.inside or not self.sections or self.caption:
+            return
+        if self.heading:
+            self.sections[-1]['title'] += data
+        elif not (self.cell and data.isspace()):
+            self.sections[-1]['text'] += data
 
 
 def index(folder):
@@ -145,13 +163,49 @@ def index(folder):
         page = PageText()
         page.feed(path.read_text(encoding='utf-8'))
         for section in page.sections:
-            entries.append({'page': path.name, 'id': section['id'], 'title': ' '.join(section['title'].split()),
+            entries.append({'page': path.name, 'name': page.sections[0]['title'], 'id': section['id'],
+                            'title': ' '.join(section['title'].split()),
                             'text': ' '.join(section['text'].split())})
     print('const kPages = ' + json.dumps(entries, ensure_ascii=False, indent=0) + ';')
 
 
+class PageLinks(html.parser.HTMLParser):
+    """Identifiers of a page, and what it refers to."""
+
+    def __init__(self):
+        super().__init__()
+        self.ids, self.targets = set(), []
+
+    def handle_starttag(self, tag, attributes):
+        names = dict(attributes)
+        self.ids.add(names.get('id', ''))
+        self.targets += [names[name] for name in ('href', 'src') if name in names]
+
+
+def links(folder):
+    """Links, anchors and pictures of the pages exist, and each picture of a form is shown."""
+    pages, faults, shown = {}, [], set()
+    for path in sorted(pathlib.Path(folder).glob('*.html')):
+        pages[path.name] = PageLinks()
+        pages[path.name].feed(path.read_text(encoding='utf-8'))
+    for name, page in pages.items():
+        for target in page.targets:
+            file, _, anchor = target.partition('#')
+            shown.add(file)
+            if file and not (pathlib.Path(folder) / file).exists():
+                faults.append(f'{name}: {target} does not exist')
+            elif anchor and anchor not in pages[file or name].ids:
+                faults.append(f'{name}: {target} has no such place')
+    faults += [f'no page shows {path.name}' for path in sorted(pathlib.Path(folder, 'pictures').glob('form-*.png'))
+               if f'pictures/{path.name}' not in shown]
+    for fault in faults:
+        print(fault, file=sys.stderr)
+    sys.exit(1 if faults else 0)
+
+
 def main():
-    commands = {'deviations': deviations, 'verification': verification, 'check': check, 'page': page, 'index': index}
+    commands = {'deviations': deviations, 'verification': verification, 'check': check, 'page': page, 'index': index,
+                'links': links}
     if len(sys.argv) < 2 or sys.argv[1] not in commands:
         sys.exit(__doc__)
     commands[sys.argv[1]](*sys.argv[2:])
