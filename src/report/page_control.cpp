@@ -281,11 +281,12 @@ void WriteRuns(PageWriter& page, double x, const std::vector<TextRun>& runs, dou
 }
 
 // The ratios of a block stand in one column. A block that is too wide for the page gets smaller
-// text first, then its ratios on lines of their own.
+// text first; then what would pass the edge moves to the left, or onto a line of its own.
 void ResultBlock(PageWriter& page, const PanelBlock& block)
 {
     constexpr double kColumnGap = 1.5;
-    const double full = kPageRight - kPageLeft;
+    constexpr double kRight = kPageRight - 0.1;  // widths are sums; none must end beyond the edge
+    constexpr double kFull = kRight - kPageLeft;
     const auto column = [&](double size) {
         double widest = kLeastColumn;
         for (const PanelLine& line : block) {
@@ -302,8 +303,7 @@ void ResultBlock(PageWriter& page, const PanelBlock& block)
         }
         return column(size) + widest;
     };
-    const double size = width(kPageText) <= full ? kPageText : kPageSmallText;
-    const bool own_line = width(size) > full;
+    const double size = width(kPageText) <= kFull ? kPageText : kPageSmallText;
     double before = block.front().y;
     for (const PanelLine& line : block) {
         page.Row(line.y - before);
@@ -312,12 +312,11 @@ void ResultBlock(PageWriter& page, const PanelBlock& block)
         if (line.result.empty()) {
             continue;
         }
-        if (own_line) {
+        const double x = std::min(kPageLeft + column(size), kRight - WidthOf(line.result, size));
+        if (x < kPageLeft + WidthOf(line.left, size) + kColumnGap / 2) {
             page.Row();
-            WriteRuns(page, kPageRight - WidthOf(line.result, size), line.result, size);
-        } else {
-            WriteRuns(page, kPageLeft + column(size), line.result, size);
         }
+        WriteRuns(page, x, line.result, size);
     }
     page.Row(1.2);
 }

@@ -7,6 +7,7 @@
 #include "engine/new_project.h"
 #include "report/page_header.h"
 #include "report/panel.h"
+#include "sections/family_table.h"
 #include "sections/load_library.h"
 #include "service/vortex.h"
 
@@ -244,6 +245,30 @@ TEST(Pages, WithoutLoadsTheHeadingsStandAlone)
     EXPECT_THAT(lines, Contains(HasSubstr("Psi(Q1/Q2) = ")));
     EXPECT_THAT(lines, Not(Contains(StartsWith("q "))));
     EXPECT_THAT(lines, Not(Contains(HasSubstr("N = "))));
+}
+
+// Large numbers: a row wider than the page has its ratio on a line of its own, whole.
+TEST(Pages, RatiosOfWideRowsKeepTheirText)
+{
+    const ProjectState s = Designed(4, [](ProjectState& p) {
+        p.row[static_cast<std::size_t>(TableOf(p))] = 16;  // IPE 550
+        p.l = 3;
+        p.loadmode = 0;
+        p.ne = 1234.5F;
+        p.my1 = 12345.6F;
+        p.my2 = -23456.7F;
+        p.mz1 = 3456.78F;
+        p.mz2 = -1234.5F;
+        p.ltb = 1;
+        p.restraints = 4;
+    });
+    const PrintedReport report = PrintControl(Delivered(), s, kStamp);
+    EXPECT_THAT(report.missing, IsEmpty());
+    const std::vector<std::string> lines = LinesOf(report);
+    for (const ResultRow* row : {&s.yline, &s.zline, &s.ltline}) {
+        const RowText text = TextOf(*row, s.irlimit);
+        EXPECT_THAT(lines, Contains(HasSubstr(text.result + text.limit)));
+    }
 }
 
 // Every kind of load, with category, position and value as entered.
