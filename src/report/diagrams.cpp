@@ -21,10 +21,17 @@ constexpr double kBandAxis = kBandHeight / 2;  // from the top of the band
 constexpr double kHeadingLine = 3.4;           // from the top of the band
 constexpr double kCurveWidth = 0.35;
 
-// A value worth a figure, at a part of the length.
+// A value worth a figure, at a part of the length. The figure comes with it: values in single
+// precision are rounded as such.
 struct Label {
     double value, at;
+    std::string figure;
 };
+
+template <class T> Label LabelOf(T value, double at)
+{
+    return {value, at, FormatNum(value, "#0.0")};
+}
 
 // One curve, without its figures.
 struct Band {
@@ -90,7 +97,7 @@ TextMark Figure(double x, double y, std::string text)
 
 // The figure of an extreme, beyond the curve. What is a rounding residue beside the reference has
 // none.
-void AddExtreme(TextPlacer& placer, const ProjectState& s, const Band& band, Label label,
+void AddExtreme(TextPlacer& placer, const ProjectState& s, const Band& band, const Label& label,
                 bool position)
 {
     constexpr double kResidue = 1e-4;
@@ -98,7 +105,7 @@ void AddExtreme(TextPlacer& placer, const ProjectState& s, const Band& band, Lab
         return;
     }
     const bool below = label.value > 0;
-    std::string text = FormatNum(label.value, "#0.0");
+    std::string text = label.figure;
     if (position) {
         text += "  " + PositionText(s, label.at);
     }
@@ -172,10 +179,10 @@ Drawing WithLoads(const ProjectState& s, LoadAxis axis)
     if (!deflection.empty()) {
         placer.Add(Figure(kPictureWidth / 2, d.height - 1.6, deflection), -1);
     }
-    AddExtreme(placer, s, m, {r.mmax, r.xmmax}, true);
-    AddExtreme(placer, s, m, {r.mmin, r.xmmin}, true);
-    AddExtreme(placer, s, v, {r.vmax, r.xvmax}, true);
-    AddExtreme(placer, s, v, {r.vmin, r.xvmin}, true);
+    AddExtreme(placer, s, m, LabelOf(r.mmax, r.xmmax), true);
+    AddExtreme(placer, s, m, LabelOf(r.mmin, r.xmmin), true);
+    AddExtreme(placer, s, v, LabelOf(r.vmax, r.xvmax), true);
+    AddExtreme(placer, s, v, LabelOf(r.vmin, r.xvmin), true);
     AddCrossing(d, placer, s, m, r.crossing1);
     AddCrossing(d, placer, s, m, r.crossing2);
     return d;
@@ -201,8 +208,8 @@ Drawing WithEndForces(const ProjectState& s, LoadAxis axis)
     TextPlacer placer(d);
     placer.AvoidAll();
     for (const Band* one : {&m, &v}) {
-        AddExtreme(placer, s, *one, {one->values.front(), 0}, false);
-        AddExtreme(placer, s, *one, {one->values.back(), 1}, false);
+        AddExtreme(placer, s, *one, LabelOf(one->values.front(), 0), false);
+        AddExtreme(placer, s, *one, LabelOf(one->values.back(), 1), false);
     }
     AddCrossing(d, placer, s, m, r.crossing1);
     AddCrossing(d, placer, s, m, r.crossing2);

@@ -136,7 +136,7 @@ void AddBand(Drawing& d, const LineLoad& load, double base)
     AddLine(d, {x1, base}, {x2, base}, Ink::load);
     const bool inside = IsUniform(load);
     const double middle = (x1 + x2) / 2;
-    const double taken = inside ? TextWidth(load.label, kLabelSize) / 2 + 1 : 0;
+    const double taken = inside ? TextWidth(load.label, kLabelSize) / 2 + 1.4 : 0;
     const int arrows = std::max(1, static_cast<int>(std::lround((x2 - x1) / kPitch)));
     for (int i = 0; i <= arrows; ++i) {
         const double t = static_cast<double>(i) / arrows;

@@ -169,6 +169,20 @@ TEST(EndForceDiagram, IsStraightWithItsOwnTitlesAndReference)
     EXPECT_NEAR(p[51].y - p[0].y, 10, 1e-6);
 }
 
+// 2.35 in single precision lies below the half, but was entered as one.
+TEST(EndForceDiagram, RoundsAsTheEndForcesBesideIt)
+{
+    ProjectState s = Plain();
+    s.loadmode = 0;
+    s.my1 = 2.35F;
+    s.my2 = -1.05F;
+    ASSERT_TRUE(EndsWell(s));
+    EXPECT_TRUE(HasText(DrawLoadZ(s), "My1 = 2.4 kNm"));
+    EXPECT_TRUE(HasText(DrawEndMyVz(s), "2.4"));
+    EXPECT_TRUE(HasText(DrawLoadZ(s), "My2 = -1.1 kNm"));
+    EXPECT_TRUE(HasText(DrawEndMyVz(s), "-1.1"));
+}
+
 TEST(DrawAll, FollowsTheModeOfLoading)
 {
     ProjectState s = Calculated();
