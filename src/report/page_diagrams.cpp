@@ -11,7 +11,7 @@ namespace kestrum {
 
 namespace {
 
-constexpr double kGap = 3;         // mm between columns
+constexpr double kGap = 5;         // between columns, units of the diagrams
 constexpr double kHead = 5;        // for the name of an axis
 constexpr double kHighestGap = 1;  // empty band across a picture
 constexpr double kPoint = 25.4 / 72;
