@@ -1,26 +1,76 @@
 # bash completion for kestrum
+
+# Project files and folders; any files with an argument.
+_kestrum_files()
+{
+    if declare -F _filedir >/dev/null; then # of bash-completion: knows about quotes and ~
+        _filedir ${1:+"$1"}
+    elif [[ ${1-} ]]; then
+        mapfile -t COMPREPLY < <(compgen -d -- "$cur"; compgen -f -X "!*.$1" -- "$cur")
+    else
+        mapfile -t COMPREPLY < <(compgen -f -- "$cur")
+    fi
+    compopt -o filenames 2>/dev/null
+}
+
+_kestrum_words()
+{
+    local IFS=$' \t\n'
+    mapfile -t COMPREPLY < <(compgen -W "$1" -- "$cur")
+}
+
+_kestrum_families()
+{
+    _kestrum_words "$(kestrum sections --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)"
+}
+
+# Names of the fields with what follows them: "l=", "qload[".
+_kestrum_fields()
+{
+    local name='s/^"\([^"]*\)": '
+    _kestrum_words "$(kestrum new 2>/dev/null | kestrum dump --inputs - 2>/dev/null |
+        sed -n "$name\[.*/\1[/p; t; $name.*/\1=/p")"
+    compopt -o nospace 2>/dev/null
+}
+
 _kestrum()
 {
-    local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]} command= word
-    local commands='check dump new set sections vortex diagram table report batch'
+    local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]} command= word after= operands=0
     COMPREPLY=()
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
-        case " $commands " in *" $word "*) command=$word; break ;; esac
+        if [[ $after ]]; then
+            after= # the value of an option
+        elif [[ $word == --@(data|setup|format|family|axis|output|base|fields|jobs|set) || $word == -o ]]; then
+            after=$word
+        elif [[ $word != -* || $word == - ]]; then
+            if [[ $command ]]; then operands=$((operands + 1)); else command=$word; fi
+        fi
     done
-    case $prev in
-    --format) COMPREPLY=($(compgen -W 'text json csv' -- "$cur")); return ;;
-    --axis) COMPREPLY=($(compgen -W 'z y' -- "$cur")); return ;;
-    --family) COMPREPLY=($(compgen -W "$(kestrum sections --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)" -- "$cur"))
-              return ;;
-    --data) COMPREPLY=($(compgen -d -- "$cur")); return ;;
-    --setup | -o | --output) COMPREPLY=($(compgen -f -- "$cur")); return ;;
-    esac
-    if [[ $cur == -* ]]; then
-        local options='--help'
+
+    case $after in
+    --format)
         case $command in
-        '') options+=' --version --data --setup' ;;
+        vortex) _kestrum_words 'text json' ;;
+        batch) _kestrum_words 'csv json ndjson' ;;
+        *) _kestrum_words 'text json csv' ;;
+        esac
+        return ;;
+    --axis) _kestrum_words 'z y'; return ;;
+    --family) _kestrum_families; return ;;
+    --data) _kestrum_files -d; return ;;
+    --base) _kestrum_files kst; return ;;
+    --setup | -o | --output) _kestrum_files; return ;;
+    --set) _kestrum_fields; return ;;
+    --fields | --jobs) return ;;
+    esac
+    [[ $cur != = && $prev != = ]] || return # the value of a field
+
+    if [[ $cur == -* ]]; then
+        local options='--help --data --setup'
+        case $command in
+        '') options+=' --version' ;;
         check) options+=' --loadcase --notes --format --json' ;;
-        batch) options+=' --output --base --fields --jobs --resume --raw --json --quiet' ;;
+        batch) options+=' --output --base --fields --jobs --resume --raw --quiet --format --json' ;;
         dump) options+=' --inputs' ;;
         new) options+=' --output --family --set --raw' ;;
         set) options+=' --output --raw' ;;
@@ -28,19 +78,17 @@ _kestrum()
         diagram) options+=' --axis --output' ;;
         table | report) options+=' --output' ;;
         esac
-        COMPREPLY=($(compgen -W "$options" -- "$cur"))
+        _kestrum_words "$options"
         return
     fi
     case $command in
-    '') COMPREPLY=($(compgen -W "$commands" -- "$cur")) ;;
-    sections) COMPREPLY=($(compgen -W "$(kestrum sections --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)" -- "$cur")) ;;
-    report) if [[ $prev == report ]]; then
-                COMPREPLY=($(compgen -W 'control section vortex' -- "$cur"))
-            else
-                COMPREPLY=($(compgen -f -X '!*.kst' -- "$cur") $(compgen -d -- "$cur"))
-            fi ;;
-    batch) COMPREPLY=($(compgen -f -- "$cur")) ;;
-    *) COMPREPLY=($(compgen -f -X '!*.kst' -- "$cur") $(compgen -d -- "$cur")) ;;
+    '') _kestrum_words 'check dump new set sections vortex diagram table report batch' ;;
+    sections) ((operands)) || _kestrum_families ;;
+    report) if ((operands)); then _kestrum_files kst; else _kestrum_words 'control section vortex'; fi ;;
+    set) if ((operands)); then _kestrum_fields; else _kestrum_files kst; fi ;;
+    new) [[ " ${COMP_WORDS[*]:1:COMP_CWORD-1} " != *' --set '* ]] || _kestrum_fields ;;
+    batch) _kestrum_files ;;
+    *) _kestrum_files kst ;;
     esac
 }
-complete -o filenames -F _kestrum kestrum
+complete -F _kestrum kestrum

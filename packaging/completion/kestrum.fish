@@ -1,40 +1,85 @@
 # fish completion for kestrum
-set -l commands check dump new set sections vortex diagram table report batch
+set -g __kestrum_commands check dump new set sections vortex diagram table report batch
+
 function __kestrum_families
     kestrum sections --format csv 2>/dev/null | tail -n +2 | string replace -a '"' '' | string replace -r ',[^,]*,' \t
 end
+
+# Names of the fields with what follows them: "l=", "qload[".
+function __kestrum_fields
+    kestrum new 2>/dev/null | kestrum dump --inputs - 2>/dev/null |
+        string replace -rf '^"([^"]*)": (\[)?.*' '$1$2' | string replace -r '([^[])$' '$1='
+end
+
+# Whether the command is the given one, with so many operands behind it, or with any number.
+function __kestrum_at -a command count
+    set -l after 0
+    set -l seen
+    for token in (commandline -opc)[2..]
+        if test $after = 1
+            set after 0
+        else if contains -- $token --data --setup --format --family --axis --output -o --base --fields --jobs --set
+            set after 1
+        else if not string match -q -- '-?*' $token
+            set -a seen $token
+        end
+    end
+    test "$seen[1]" = "$command"; or return 1
+    test -z "$count"; and return 0
+    test (count $seen) -eq (math $count + 1)
+end
+
+function __kestrum_fields_at
+    __kestrum_at set; and not __kestrum_at set 0; and return 0
+    __kestrum_at new; and contains -- --set (commandline -opc)
+end
+
 complete -c kestrum -f
-complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -l version -d 'Version'
 complete -c kestrum -l help -d 'Help'
-complete -c kestrum -l data -r -a '(__fish_complete_directories)' -d 'Folder of the tables'
+complete -c kestrum -l data -x -a '(__fish_complete_directories)' -d 'Folder of the tables'
 complete -c kestrum -l setup -rF -d 'Stored setup'
-complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a check -d 'Calculate and print the result panel'
-complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a dump -d 'Print the whole state as JSON'
-complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a new -d 'Write a default project'
-complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a set -d 'Change fields of a project'
-complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a sections -d 'List families or rows'
-complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a vortex -d 'Control vortex shedding'
-complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a diagram -d 'Draw the diagrams'
-complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a table -d 'Print the intermediate values'
-complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a report -d 'Write a printed report'
-complete -c kestrum -n "not __fish_seen_subcommand_from $commands" -a batch -d 'Calculate many members'
-complete -c kestrum -n '__fish_seen_subcommand_from batch' -F
-complete -c kestrum -n '__fish_seen_subcommand_from batch' -l base -rF
-complete -c kestrum -n '__fish_seen_subcommand_from batch' -l fields -x -d 'Columns'
-complete -c kestrum -n '__fish_seen_subcommand_from batch' -l jobs -x -d 'Threads'
-complete -c kestrum -n '__fish_seen_subcommand_from batch' -l resume
-complete -c kestrum -n '__fish_seen_subcommand_from batch' -l quiet
-complete -c kestrum -n '__fish_seen_subcommand_from check dump set vortex diagram table report' -a '(__fish_complete_suffix .kst)'
-complete -c kestrum -n '__fish_seen_subcommand_from report' -a 'control section vortex'
-complete -c kestrum -n '__fish_seen_subcommand_from sections' -a '(__kestrum_families)'
-complete -c kestrum -n '__fish_seen_subcommand_from check' -l loadcase -d 'Governing load case'
-complete -c kestrum -n '__fish_seen_subcommand_from check' -l notes -d 'Notes on deviations'
-complete -c kestrum -n '__fish_seen_subcommand_from check sections' -l format -x -a 'text json csv'
-complete -c kestrum -n '__fish_seen_subcommand_from vortex' -l format -x -a 'text json'
-complete -c kestrum -n '__fish_seen_subcommand_from check sections vortex' -l json
-complete -c kestrum -n '__fish_seen_subcommand_from dump' -l inputs -d 'Inputs alone'
-complete -c kestrum -n '__fish_seen_subcommand_from new' -l family -x -a '(__kestrum_families)'
-complete -c kestrum -n '__fish_seen_subcommand_from new' -l set -x -d 'NAME=VALUE'
-complete -c kestrum -n '__fish_seen_subcommand_from new set' -l raw -d 'Unchecked'
-complete -c kestrum -n '__fish_seen_subcommand_from new set diagram table report' -s o -l output -rF
-complete -c kestrum -n '__fish_seen_subcommand_from diagram' -l axis -x -a 'z y'
+set -l none "not __fish_seen_subcommand_from $__kestrum_commands"
+complete -c kestrum -n $none -l version -d 'Version'
+complete -c kestrum -n $none -a check -d 'Calculate and print the result panel'
+complete -c kestrum -n $none -a dump -d 'Print the whole state as JSON'
+complete -c kestrum -n $none -a new -d 'Write a default project'
+complete -c kestrum -n $none -a set -d 'Change fields of a project'
+complete -c kestrum -n $none -a sections -d 'List families or rows'
+complete -c kestrum -n $none -a vortex -d 'Control vortex shedding'
+complete -c kestrum -n $none -a diagram -d 'Draw the diagrams'
+complete -c kestrum -n $none -a table -d 'Print the intermediate values'
+complete -c kestrum -n $none -a report -d 'Write a printed report'
+complete -c kestrum -n $none -a batch -d 'Calculate many members'
+
+complete -c kestrum -n '__kestrum_at check; or __kestrum_at report 1' -k -a '(__fish_complete_suffix .kst)'
+for command in dump set vortex diagram table
+    complete -c kestrum -n "__kestrum_at $command 0" -k -a '(__fish_complete_suffix .kst)'
+end
+complete -c kestrum -n '__kestrum_at report 0' -a 'control section vortex'
+complete -c kestrum -n '__kestrum_at sections 0' -a '(__kestrum_families)'
+complete -c kestrum -n __kestrum_fields_at -a '(__kestrum_fields)'
+complete -c kestrum -n '__kestrum_at batch' -F
+
+complete -c kestrum -n '__kestrum_at check' -l loadcase -d 'Governing load case'
+complete -c kestrum -n '__kestrum_at check' -l notes -d 'Notes on deviations'
+complete -c kestrum -n '__kestrum_at check; or __kestrum_at sections' -l format -x -a 'text json csv' -d 'Form of the answer'
+complete -c kestrum -n '__kestrum_at vortex' -l format -x -a 'text json' -d 'Form of the answer'
+complete -c kestrum -n '__kestrum_at batch' -l format -x -a 'csv json ndjson' -d 'Form of the answer'
+for command in check sections vortex batch
+    complete -c kestrum -n "__kestrum_at $command" -l json -d 'Short for --format json'
+end
+complete -c kestrum -n '__kestrum_at dump' -l inputs -d 'Inputs alone'
+complete -c kestrum -n '__kestrum_at new' -l family -x -a '(__kestrum_families)' -d 'Section family'
+complete -c kestrum -n '__kestrum_at new' -l set -x -a '(__kestrum_fields)' -d 'Value of a field'
+complete -c kestrum -n '__kestrum_at diagram' -l axis -x -a 'z y' -d 'Axis of the loads'
+for command in new set diagram table report batch
+    complete -c kestrum -n "__kestrum_at $command" -s o -l output -rF -d 'File to write'
+end
+for command in new set batch
+    complete -c kestrum -n "__kestrum_at $command" -l raw -d 'Unchecked'
+end
+complete -c kestrum -n '__kestrum_at batch' -l base -rF -d 'Project with the other values'
+complete -c kestrum -n '__kestrum_at batch' -l fields -x -d 'Columns of the answer'
+complete -c kestrum -n '__kestrum_at batch' -l jobs -x -d 'Threads'
+complete -c kestrum -n '__kestrum_at batch' -l resume -d 'Go on behind the answers'
+complete -c kestrum -n '__kestrum_at batch' -l quiet -d 'No summary'
