@@ -126,8 +126,8 @@ double MeanFlangeMomentZ(const ProjectState& s)
 // stress in a flange, as in the double symmetric sections.
 //   out  avz, avy [mm2]; vzrd, vplzrd, vyrd, vcyrd [kN]
 //
-// Deviation D32: eta also counts for webs with a flange at one end only (26, 51), where the standard
-// has tw (h - tf/2), 6.2.6 (3).
+// Deviation D32: eta also counts for webs with a flange at one end only (26, 51), where the
+// standard has tw (h - tf/2), 6.2.6 (3).
 void StoreShear(ProjectState& s, double avy)
 {
     if (StockyInShear(s, s.hw, s.tw)) {

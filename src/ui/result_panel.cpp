@@ -20,6 +20,7 @@ constexpr double kBlockGap = 0.35;  // lines between blocks
 constexpr double kLastLine = 1.6;   // lines from the top of the last one to the end
 constexpr double kBarWidth = 4;     // font sizes
 constexpr double kBarGap = 0.8;     // font sizes between bar and text
+constexpr double kUnderline = 0.2;  // font sizes below the baseline
 constexpr double kBarEnd = 1.25;    // utilisation at the end of a bar
 constexpr double kSizeStep = 0.25;
 constexpr double kSmallest = 0.72, kLargest = 1.4;  // font size over that of the system
@@ -29,7 +30,6 @@ constexpr int kEdge = 4;  // pixels above and below in all
 QFont FontOf(const TextRun& run, QFont font)
 {
     font.setBold(run.bold);
-    font.setUnderline(run.underline);
     return font;
 }
 
@@ -125,7 +125,12 @@ private:
                            : run.colour == kAbove ? colours(Ink::bad)
                                                   : palette.color(QPalette::Text));
             painter.drawText(at, text);
-            at.rx() += metrics.horizontalAdvance(text);
+            const double width = metrics.horizontalAdvance(text);
+            if (run.underline) {  // below the letters, which the font's own line touches
+                const double y = at.y() + size_ * kUnderline;
+                painter.drawLine(QPointF(at.x(), y), QPointF(at.x() + width, y));
+            }
+            at.rx() += width;
         }
     }
 

@@ -55,7 +55,7 @@ QPalette Make(const Tones& t)
 constexpr char kDarkKey[] = "Window/Dark";
 
 constexpr auto kStyleSheet = R"(
-QGroupBox { border: 1px solid palette(mid); border-radius: 5px; margin-top: 0.6em; padding: 0.35em 2px 1px 2px; }
+QGroupBox { border: 1px solid palette(mid); border-radius: 5px; margin-top: 0.55em; padding: 0.25em 2px 0 2px; }
 QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; left: 8px; padding: 0 4px; }
 QToolTip { border: 1px solid palette(mid); padding: 3px; }
 )";
@@ -97,9 +97,11 @@ void UseTheme(QApplication& application, bool dark)
 {
     if (application.styleSheet().isEmpty()) {
         QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-        application.setStyleSheet(QLatin1String(kStyleSheet));
     }
     QApplication::setPalette(dark ? DarkPalette() : LightPalette());
+    // Again after every change: windows that stand already keep the colours of their style sheet.
+    application.setStyleSheet({});
+    application.setStyleSheet(QLatin1String(kStyleSheet));
 }
 
 }  // namespace kestrum

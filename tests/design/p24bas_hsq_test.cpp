@@ -319,9 +319,9 @@ TEST(HsqUpgrade, NoTensionInTheWebGivesTheLargestHole)
     EXPECT_NEAR(s.wplplus, s.wply - 12 * hole * (hole / 2 + keep), 1e-6 * s.wply);
 }
 
-// A bottom flange that holds the plastic axis, the top compressed, S355: keep = 20*0.8136*8 = 130.2,
-// 2082.9 mm2 in both webs. Effective section: 21280 + 2*2082.9 + 1600 = 27046, half of it 35.587 mm
-// up the flange, whose parts are 35.587 and 20.413 high.
+// A bottom flange that holds the plastic axis, the top compressed, S355: keep = 20*0.8136*8 =
+// 130.2, 2082.9 mm2 in both webs. Effective section: 21280 + 2*2082.9 + 1600 = 27046, half of
+// it 35.587 mm up the flange, whose parts are 35.587 and 20.413 high.
 TEST(HsqUpgrade, D33AxisIsHeldInTheWeb)
 {
     ProjectState s = welded::Default(24);

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QScrollBar>
 
 namespace kestrum {
 
@@ -82,13 +83,15 @@ private:
     QFont before_;
 };
 
-class LayoutDesktop final : public Desktop {
+class LayoutDesktop : public Desktop {};
+
+class PlainDesktop final : public LayoutDesktop {
     void TestBody() override {}
 };
 
 TEST_P(Layout, HasRoomForEveryText)
 {
-    LayoutDesktop desktop;
+    PlainDesktop desktop;
     MainWindow& window = *desktop.window;
     desktop.session.edit().modal = 1;
     for (const std::string_view name : MainWindow::FormNames()) {
@@ -111,10 +114,20 @@ TEST_P(Layout, HasRoomForEveryText)
 // The smallest window that the system lets the user make.
 TEST_P(Layout, OfTheMainWindowHoldsAtItsSmallest)
 {
-    LayoutDesktop desktop;
+    PlainDesktop desktop;
     desktop.window->resize(desktop.window->minimumSizeHint());
     Desktop::Settle();
     EXPECT_EQ(Misfits(*desktop.window), "");
+}
+
+// With an ordinary font all inputs stand side by side with their results from the start.
+TEST_F(LayoutDesktop, ShowsAllInputsInTheFirstWindow)
+{
+    window->resize(1280, 770);
+    Settle();
+    auto* const inputs = window->findChild<QScrollArea*>();
+    ASSERT_NE(inputs, nullptr);
+    EXPECT_EQ(inputs->verticalScrollBar()->maximum(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(FontSizes, Layout, testing::Values(9.0, 14.0, 20.0));

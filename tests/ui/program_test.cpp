@@ -186,6 +186,27 @@ TEST_F(Program, ErrorShowsOverTheLastGoodPanelAndGoes)
     EXPECT_NE(panel.accessibleDescription(), before);
 }
 
+// Every part of a window that stands already takes the other colours, and gives them back.
+TEST_F(Program, DarkColoursReachTheWholeWindow)
+{
+    const auto light = [&](const QString& name) {
+        QWidget& widget = Find<QWidget>(name);
+        const QImage image = widget.grab().toImage();
+        return image.pixelColor(image.width() - 12, image.height() - 5).lightness() > 128;
+    };
+    const char* const parts[] = {"iproj", "il", "fr1", "fr4", "PicMy", "lstNotes", "ProfTab"};
+    auto& dark = Find<QAction>(QStringLiteral("mnudark"));
+    const bool was = dark.isChecked();
+    for (const bool on : {true, false}) {
+        dark.setChecked(on);
+        Settle();
+        for (const char* const part : parts) {
+            EXPECT_EQ(light(QLatin1String(part)), !on) << part;
+        }
+    }
+    dark.setChecked(was);
+}
+
 TEST_F(Program, DiagramReadsOutAndOpensTheLoads)
 {
     auto& picture = Find<Picture>(QStringLiteral("PicMy"));
