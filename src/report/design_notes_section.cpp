@@ -15,8 +15,6 @@ namespace kestrum {
 
 namespace {
 
-constexpr i16 kUpgraded = 23;  // class 3 web counted as class 2
-
 bool IsIOrChannel(const ProjectState& s)
 {
     return IsRolledOrWeldedI(s.family) || IsChannel(s.family);
@@ -49,6 +47,13 @@ bool PlasticMyMz(const ProjectState& s)
 {
     return s.checkconsercontrol != kTrue && BendsAboutY(s) && BendsAboutZ(s) && s.classmy <= 2 &&
            s.classmz <= 2;
+}
+
+// Channels: Mz may compress a web that then is no longer of class 2.
+bool WebCompressedByMzIsSlender(const ProjectState& s)
+{
+    return IsChannel(s.family) && BendsAboutZ(s) && !(s.ned > 0) && s.classmz <= 2 &&
+           s.checkelastic != kTrue && 1.0 * s.d / s.tw >= 38 * s.eps;
 }
 
 // The flange part of the shear buckling resistance takes the entered spacing of absent stiffeners.
