@@ -29,6 +29,7 @@ constexpr std::array<Annex, kAnnexes> kTable{{
     {"NK", "EC3 + NORSOK", 1.15, 1.15, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},
     {"UD", "EC3 - User defined", 0, 0, 0, 0, 0, 0, 0, 0},
 }};
+static_assert(kTable[kAnnexNk].code == "NK" && kTable[kAnnexUd].code == "UD");
 
 bool Listed(int annexindex)
 {

@@ -10,9 +10,20 @@
 
 namespace kestrum {
 
-constexpr int kAnnexes = 9;
-constexpr int kAnnexNo = 1, kAnnexSw = 2, kAnnexDk = 3, kAnnexUk = 4, kAnnexFi = 5, kAnnexNk = 7;
-constexpr int kAnnexUd = 8;  // the one annex whose parameters are the user's
+// In the order of the list. A new annex comes in front of the last, whose parameters are the
+// user's.
+enum : int {
+    kAnnexEu,
+    kAnnexNo,
+    kAnnexSw,
+    kAnnexDk,
+    kAnnexUk,
+    kAnnexFi,
+    kAnnexGe,
+    kAnnexNk,
+    kAnnexUd,
+    kAnnexes,  // how many there are
+};
 
 // Text of the annex list, such as "EC3 + NA/Norway"; empty outside the list.
 std::string_view AnnexName(int annexindex);

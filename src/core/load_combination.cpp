@@ -27,6 +27,7 @@ constexpr std::array<AnnexFactors, kAnnexes> kFactors{{
     {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.89},   // NK
     {1.35, 1.5, 1.5, 1.1, 1.5, 1.5, 1.35, 0.85},    // UD, D26
 }};
+static_assert(kFactors[kAnnexUd].g610g > 0, "a row for every annex");
 
 constexpr double kVariable610b = 1.5;  // Eq 6.10b, in every annex
 

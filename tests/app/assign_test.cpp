@@ -1,6 +1,7 @@
 #include "app/assign.h"
 
 #include "app/choices.h"
+#include "core/annexes.h"
 #include "core/field_table.h"
 
 #include <gtest/gtest.h>
@@ -198,7 +199,7 @@ TEST(MisplacedLoad, TellsOfTrapezoidalLoadsThatTheLoadFormWouldNotLeave)
 TEST(Assign, TellsWhoOverrulesAValue)
 {
     ProjectState s{};
-    s.annexindex = 8;
+    s.annexindex = kAnnexUd;
     s.fykindex = 2;
     EXPECT_EQ(OverruledBy(kLibrary, s, "gammam0"), "");
     EXPECT_EQ(OverruledBy(kLibrary, s, "fyk"), "");
@@ -207,7 +208,7 @@ TEST(Assign, TellsWhoOverrulesAValue)
     s.fykindex = 1;
     EXPECT_EQ(OverruledBy(kLibrary, s, "gammam0"), "set by the national annex NO");
     EXPECT_EQ(OverruledBy(kLibrary, s, "fyk"), "set by the material S355");
-    s.annexindex = 7;
+    s.annexindex = kAnnexNk;
     s.loadcomb = 1;
     EXPECT_EQ(OverruledBy(kLibrary, s, "loadcomb"), "set by the national annex NK");
 }

@@ -4,6 +4,7 @@
 #include "app/member_commands.h"
 #include "app/session_fixture.h"
 #include "app/setup_commands.h"
+#include "core/annexes.h"
 #include "core/project_file.h"
 #include "support/temporary_folder.h"
 
@@ -410,7 +411,8 @@ TEST(CommandLine, OfNothingShowsTheDefaults)
 TEST(OpenFile, TheAnnexReplacesTheFactorsOfTheFileUnlessTheyAreTheUsers)
 {
     const TemporaryFolder folder;
-    for (const auto& [annex, expected] : {std::pair(1, 1.05), std::pair(8, 1.33)}) {
+    using Case = std::pair<int, double>;
+    for (const auto& [annex, expected] : {Case{kAnnexNo, 1.05}, Case{kAnnexUd, 1.33}}) {
         Program program;
         ChooseAnnex(program.session, annex);
         program.edit().gammam0 = 1.33;

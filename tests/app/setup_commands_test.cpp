@@ -3,6 +3,7 @@
 #include "app/member_commands.h"
 #include "app/section_commands.h"
 #include "app/session_fixture.h"
+#include "core/annexes.h"
 #include "core/load_combination.h"
 #include "core/setup_file.h"
 #include "engine/new_project.h"
@@ -47,7 +48,7 @@ TEST(ChooseAnnex, UserDefinedKeepsTheValuesOfTheAnnexLeftAndOpensThem)
 {
     Program program;
     ChooseAnnex(program.session, 3);
-    ChooseAnnex(program.session, 8);
+    ChooseAnnex(program.session, kAnnexUd);
     EXPECT_EQ(program.state().gammam0, 1.1);
     EXPECT_EQ(program.state().gammam1, 1.2F);
     EXPECT_TRUE(AnnexParametersOpen(program.state()));
@@ -105,7 +106,7 @@ TEST(ClassFrame, IsShownForFourAnnexesAndTheEn1990Combinations)
             EXPECT_EQ(ShownClassFrame(program.state()), ClassFrame::none);
         }
     }
-    for (const int annex : {0, 4, 6, 7, 8}) {
+    for (const int annex : {kAnnexEu, kAnnexUk, kAnnexGe, kAnnexNk, kAnnexUd}) {
         Program program;
         ChooseAnnex(program.session, annex);
         ChooseLoadCombination(program.session, 0);

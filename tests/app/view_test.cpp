@@ -4,6 +4,7 @@
 #include "app/view_member.h"
 #include "app/view_panel.h"
 #include "app/view_section.h"
+#include "core/annexes.h"
 #include "report/panel.h"
 #include "sections/family_table.h"
 
@@ -235,7 +236,7 @@ TEST(SectionForm, BothSignsOfTheMomentAreShownWithTheFactorOfTheSection)
         SCOPED_TRACE(family);
         Program program;
         program.edit().nload[1] = 1;
-        program.edit().annexindex = 8;
+        program.edit().annexindex = kAnnexUd;
         program.edit().gammam0 = 1.1;
         program.edit().gammam1 = 1.2F;
         ChooseFamily(program.session, family);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 
 namespace kestrum {
@@ -27,7 +28,8 @@ const AnnexCase kAnnexCases[] = {
 
 TEST(Annexes, SetTheirParameters)
 {
-    for (i16 index = 0; index < 8; ++index) {
+    ASSERT_EQ(std::ssize(kAnnexCases), kAnnexUd);  // all but the user's, which is the last
+    for (i16 index = 0; index < kAnnexUd; ++index) {
         const AnnexCase& c = kAnnexCases[index];
         SCOPED_TRACE(c.code);
         EXPECT_EQ(AnnexIndexFromCode(c.code), index);
@@ -92,12 +94,12 @@ TEST(Annexes, UnknownCodeIsTheFirstAndUnknownIndexIsNothing)
     EXPECT_EQ(AnnexIndexFromCode("no"), 0);
     EXPECT_EQ(AnnexIndexFromCode("XX"), 0);
     EXPECT_EQ(AnnexCodeFromIndex(-1), "");
-    EXPECT_EQ(AnnexCodeFromIndex(9), "");
-    EXPECT_EQ(AnnexName(9), "");
+    EXPECT_EQ(AnnexCodeFromIndex(kAnnexes), "");
+    EXPECT_EQ(AnnexName(kAnnexes), "");
     EXPECT_EQ(AnnexSuffix(-1), "");
     EXPECT_EQ(AnnexSuffix(0), "");
     ProjectState s{};
-    ApplyAnnexMaterial(s, 9);
+    ApplyAnnexMaterial(s, kAnnexes);
     ApplyAnnexMaterial(s, -1);
     EXPECT_EQ(s, ProjectState{});
 }

@@ -116,7 +116,7 @@ TEST(LoadFactors, DanishClass1IsNotReducedInEq610)
 TEST(LoadFactors, UnknownAnnexChangesNothing)
 {
     ProjectState s{};
-    ApplyAnnexLoads(s, 9);
+    ApplyAnnexLoads(s, kAnnexes);
     ApplyAnnexLoads(s, -1);
     EXPECT_EQ(s, ProjectState{});
 }

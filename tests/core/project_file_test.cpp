@@ -400,7 +400,7 @@ TEST(ProjectFile, WritesTheCodeOfTheAnnexInForce)
     s.annexindex = kAnnexDk;
     EXPECT_NE(WriteProject(s).find("\r\n\"DK\"\r\n"), std::string::npos);
     EXPECT_EQ(s.annexcode, "DK");
-    s.annexindex = 12;
+    s.annexindex = kAnnexes;
     EXPECT_NE(WriteProject(s).find("Test\r\n\"\"\r\n"), std::string::npos);
 }
 

@@ -6,6 +6,7 @@
 #include "app/box_help.h"
 #include "app/setup_commands.h"
 #include "app/view_member.h"
+#include "core/annexes.h"
 #include "core/field_table.h"
 #include "sections/family_table.h"
 #include "ui/text.h"
@@ -53,7 +54,7 @@ public:
     {
         ProjectState& s = session.edit();
         s.fykindex = static_cast<i16>(Tables().materials.size() - 1);
-        s.annexindex = 8;
+        s.annexindex = kAnnexUd;
         s.annexcode = "UD";
         s.loadcomb = 4;
         s.loadmode = 1;
