@@ -12,10 +12,11 @@ std::size_t At(int row)
     return static_cast<std::size_t>(row);
 }
 
-// The next category of a row; some tables keep it in a float, as the project file does.
+// The next category of a row; some tables keep it in a float, as the project file does. One that a
+// file invented becomes the first.
 template <class T> void Rotate(T& category)
 {
-    category = static_cast<T>((static_cast<int>(category) + 1) % 3);
+    category = category == T{0} ? T{1} : category == T{1} ? T{2} : T{0};
 }
 
 template <class T> void Toggle(T& flag)
@@ -123,9 +124,9 @@ void RemoveChecked(Session& session)
     session.Calculate();
 }
 
-std::string_view CategoryText(int category)
+std::string_view CategoryName(double category)
 {
-    return category == 1 ? "Q1" : category == 2 ? "Q2" : "G";
+    return category == 0 ? "G" : category == 1 ? "Q1" : category == 2 ? "Q2" : "";
 }
 
 std::string_view DirectionText(const ProjectState& s, LoadRow kind, int row)

@@ -23,8 +23,8 @@ void ChoosePointRelative(Session& session, bool relative);  // pmxabsolute, pmxr
 void ChooseTrapezoidRelative(Session& session, bool relative);
 void RemoveChecked(Session& session);  // CmdRemove
 
-// Texts of the buttons.
-std::string_view CategoryText(int category);
+// Texts of the buttons. A category that a file invented has none, as it belongs to no combination.
+std::string_view CategoryName(double category);
 std::string_view DirectionText(const ProjectState& s, LoadRow kind, int row);
 std::string_view PointKindText(const ProjectState& s, int row);
 std::string_view PositionHeading(bool relative);  // "x(m)", "x/L"

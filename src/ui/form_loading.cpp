@@ -20,7 +20,7 @@ struct RowNames {
     LoadRow kind;
     const char *tick, *category, *direction;
     i16 (*ticked)(const ProjectState& s, std::size_t row);
-    int (*chosen)(const ProjectState& s, std::size_t row);
+    double (*chosen)(const ProjectState& s, std::size_t row);
 };
 
 constexpr RowNames kAxial{
@@ -29,28 +29,28 @@ constexpr RowNames kAxial{
     "inn_gq",
     nullptr,
     [](const ProjectState& s, std::size_t k) { return s.nchecked[k]; },
-    [](const ProjectState& s, std::size_t k) { return static_cast<int>(s.ntype[k]); }};
+    [](const ProjectState& s, std::size_t k) -> double { return s.ntype[k]; }};
 constexpr RowNames kUniform{
     LoadRow::uniform,
     "ch_q",
     "iq_gq",
     "iq_yz",
     [](const ProjectState& s, std::size_t k) { return s.qchecked[k]; },
-    [](const ProjectState& s, std::size_t k) { return static_cast<int>(s.qtype[k]); }};
+    [](const ProjectState& s, std::size_t k) -> double { return s.qtype[k]; }};
 constexpr RowNames kTrapezoid{
     LoadRow::trapezoid,
     "ch_qt",
     "iqt_gq",
     "iqt_yz",
     [](const ProjectState& s, std::size_t k) { return s.qtchecked[k]; },
-    [](const ProjectState& s, std::size_t k) { return static_cast<int>(s.qttype[k]); }};
+    [](const ProjectState& s, std::size_t k) -> double { return s.qttype[k]; }};
 constexpr RowNames kPoint{
     LoadRow::point,
     "ch_pm",
     "ipm_gq",
     "ipm_yz",
     [](const ProjectState& s, std::size_t k) { return s.pmchecked[k]; },
-    [](const ProjectState& s, std::size_t k) { return static_cast<int>(s.pmtype[k]); }};
+    [](const ProjectState& s, std::size_t k) -> double { return s.pmtype[k]; }};
 
 QString RowName(const char* name, int row)
 {
@@ -77,7 +77,7 @@ void AddButtons(Binder& bind, QGridLayout* grid, int at, int column, const RowNa
     QPushButton* const category = bind.Rotor(
         RowName(names.category, row),
         [names, row](const ProjectState& s) {
-            return std::string(CategoryText(names.chosen(s, static_cast<std::size_t>(row))));
+            return std::string(CategoryName(names.chosen(s, static_cast<std::size_t>(row))));
         },
         [kind = names.kind, row](Session& session) { RotateCategory(session, kind, row); });
     category->setToolTip(QObject::tr("G permanent, Q1 leading variable, Q2 other variable"));

@@ -3,6 +3,8 @@
 #include "app/member_commands.h"
 #include "app/session_fixture.h"
 
+#include <limits>
+
 namespace kestrum {
 namespace {
 
@@ -87,9 +89,31 @@ TEST(RotateCategory, GoesRoundInEveryTable)
             }
         }
     }
-    EXPECT_EQ(CategoryText(0), "G");
-    EXPECT_EQ(CategoryText(1), "Q1");
-    EXPECT_EQ(CategoryText(2), "Q2");
+    EXPECT_EQ(CategoryName(0), "G");
+    EXPECT_EQ(CategoryName(1), "Q1");
+    EXPECT_EQ(CategoryName(2), "Q2");
+}
+
+// A file can hold any number here; none of these can be made a whole number of 0 to 2.
+TEST(RotateCategory, StartsAgainFromWhatIsNoCategory)
+{
+    Program program;
+    constexpr float kInfinite = std::numeric_limits<float>::infinity();
+    for (const float odd : {1e30F, -1e30F, 0.5F, 3.0F, -1.0F, kInfinite}) {
+        EXPECT_EQ(CategoryName(odd), "");
+        program.session.edit().ntype[2] = program.session.edit().qttype[3] = odd;
+        RotateCategory(program.session, LoadRow::axial, 2);
+        RotateCategory(program.session, LoadRow::trapezoid, 3);
+        EXPECT_EQ(program.state().ntype[2], 0);
+        EXPECT_EQ(program.state().qttype[3], 0);
+    }
+    for (const i16 odd : {i16{-32768}, i16{32767}, i16{3}, i16{-1}}) {
+        program.session.edit().qtype[4] = program.session.edit().pmtype[8] = odd;
+        RotateCategory(program.session, LoadRow::uniform, 4);
+        RotateCategory(program.session, LoadRow::point, 8);
+        EXPECT_EQ(program.state().qtype[4], 0);
+        EXPECT_EQ(program.state().pmtype[8], 0);
+    }
 }
 
 TEST(ToggleDirection, ChangesBetweenZAndY)
