@@ -66,7 +66,7 @@ fi
 if [ "${1:-}" = --full ]; then
     build_and_test clang
     say "Static analysis"
-    run-clang-tidy-14 -quiet -p build/release "$(pwd)/src/(core|sections|analysis|design|stability|service|engine|report|app|cli)/.*" ||
+    run-clang-tidy-14 -quiet -p build/clang "$(pwd)/src/(core|sections|analysis|design|stability|service|engine|report|app|cli)/.*" ||
         die "clang-tidy found something"
     coverage
     tools/build-docs build/release

@@ -283,6 +283,14 @@ constexpr NoteRule kStability[] = {
      "Annex A."},
     {"D226", [](const ProjectState& s) { return IsAngle(s.family) && HasMoment(s); },
      "Lateral torsional buckling of angles is not checked."},
+    {"D228",
+     [](const ProjectState& s) {
+         return Interacts(s) && s.method == kAnnexA && s.ned > 0 && s.ltb != 1 &&
+                OwnTorsionalForces(s).ncrtf < (1 - 1e-6) * s.ncrtf;
+     },
+     "Without a control of lateral torsional buckling the first calculation knows no torsional "
+     "length of the member, and the interaction factors of Annex A come out too low; switch the "
+     "control on, or in the window calculate once more."},
     {"D229",
      [](const ProjectState& s) {
          return s.family == 28 && s.ltb == 1 && !(s.ned > 0) && s.mydesign != 0;

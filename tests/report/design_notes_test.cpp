@@ -158,6 +158,7 @@ const NoteCase kCases[] = {
      "qchecked[2]=true"},
     {"D226", "family=10 nload[1]=10 qload[1]=1 l=1", "family=10 nload[1]=10 l=1"},
     {"D226", "family=10 qload[1]=1 l=1", "family=10 nload[1]=-10 l=1"},
+    {"D228", "family=5 ltb=0 nload[1]=100 qload[1]=5", "family=5 nload[1]=100 qload[1]=5"},
     {"D229", "family=28 qload[1]=1", "family=28 l=1 nload[1]=5 qload[1]=1 checkconsercontrol=true"},
     {"D230", "family=22 nload[1]=100", "family=22 p22.isttw=20 nload[1]=100"},
     {"D231", "family=26 selfweight=1 nload[1]=50", "family=26 nload[1]=50"},
@@ -212,6 +213,15 @@ TEST(DesignNotes, StayAwayWhereItDoesNot)
     for (const NoteCase& c : kCases) {
         EXPECT_FALSE(Shows(Calculated(c.silent), c.id)) << c.id << ": " << c.silent;
     }
+}
+
+// The uniform moment of Annex A leaves the torsional length behind for the next calculation.
+TEST(DesignNotes, D228GoesWithTheSecondCalculation)
+{
+    ProjectState s = Calculated("family=5 ltb=0 nload[1]=100 qload[1]=5");
+    EXPECT_TRUE(Shows(s, "D228"));
+    EXPECT_TRUE(Calculate(DeliveredTables(), s));
+    EXPECT_FALSE(Shows(s, "D228"));
 }
 
 TEST(DesignNotes, HaveACaseEach)
