@@ -155,7 +155,6 @@ bool HasOption(int family, SectionOption option)
     case SectionOption::tube:
         return family == 31;
     case SectionOption::hsqload:
-        return family == 24 || family == 25;
     case SectionOption::upgrade:
         return family == 24 || family == 25;
     }

@@ -207,6 +207,7 @@ int Check(const Options& options, const std::vector<std::string>& files, const T
 {
     const Library library = LoadTables(options);
     std::vector<Verdict> verdicts;
+    verdicts.reserve(files.size());
     for (const std::string& file : files) {
         verdicts.push_back(CheckFile(library, file));
     }

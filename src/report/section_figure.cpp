@@ -40,10 +40,8 @@ void AddOutline(Drawing& d, const SectionOutline& o, const View& view, double wi
 {
     PolygonMark mark{{}, o.symbolic ? Ink::shade : Ink::steel, true, Ink::member, width};
     for (const auto& ring : o.rings) {
-        std::vector<Point> points;
-        for (const Point& p : ring) {
-            points.push_back(view(p));
-        }
+        std::vector<Point> points(ring.size());
+        std::transform(ring.begin(), ring.end(), points.begin(), view);
         mark.rings.push_back(std::move(points));
     }
     d.marks.push_back(std::move(mark));

@@ -81,7 +81,7 @@ std::vector<std::string> DataFolders()
 
 std::string UserDataFolder()
 {
-    if (const std::string own = Environment("KESTRUM_DATA"); !own.empty()) {
+    if (std::string own = Environment("KESTRUM_DATA"); !own.empty()) {
         return own;
     }
     std::string base = Environment("XDG_DATA_HOME");
