@@ -1,0 +1,310 @@
+#include "report/pages.h"
+
+#include "core/load_combination.h"
+#include "report/page_checks.h"
+#include "report/panel.h"
+#include "sections/family_table.h"
+
+namespace kestrum {
+namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+TEST(PageControl, WithoutLoadsTheHeadingsStandAlone)
+{
+    const ProjectState s = Designed(1, [](ProjectState& p) {
+        p.nload[1] = 0;
+        p.qload[1] = 0;
+        p.qload[2] = 0;
+    });
+    const std::vector<std::string> lines = LinesOf(PrintControl(Delivered(), s, kStamp));
+    EXPECT_THAT(lines, Contains(HasSubstr("Loading in z-direction:")));
+    EXPECT_THAT(lines, Contains(HasSubstr("Loading in y-direction:")));
+    EXPECT_THAT(lines, Contains(HasSubstr("Psi(Q1/Q2) = ")));
+    EXPECT_THAT(lines, Not(Contains(StartsWith("q "))));
+    EXPECT_THAT(lines, Not(Contains(HasSubstr("N = "))));
+}
+
+// Large numbers: a row wider than the page has its ratio on a line of its own, whole.
+TEST(PageControl, RatiosOfWideRowsKeepTheirText)
+{
+    const ProjectState s = Designed(4, [](ProjectState& p) {
+        p.row[static_cast<std::size_t>(TableOf(p))] = 16;  // IPE 550
+        p.l = 3;
+        p.loadmode = 0;
+        p.ne = 1234.5F;
+        p.my1 = 12345.6F;
+        p.my2 = -23456.7F;
+        p.mz1 = 3456.78F;
+        p.mz2 = -1234.5F;
+        p.ltb = 1;
+        p.restraints = 4;
+    });
+    const PrintedReport report = PrintControl(Delivered(), s, kStamp);
+    EXPECT_THAT(report.missing, IsEmpty());
+    const std::vector<std::string> lines = LinesOf(report);
+    for (const ResultRow* row : {&s.yline, &s.zline, &s.ltline}) {
+        const RowText text = TextOf(*row, s.irlimit);
+        EXPECT_THAT(lines, Contains(HasSubstr(text.result + text.limit)));
+    }
+}
+
+// Every kind of load, with category, position and value as entered.
+TEST(PageControl, LoadsAreListedByDirection)
+{
+    const ProjectState s = Designed(2, [](ProjectState& p) {
+        p.nload[2] = 20;
+        p.ntype[2] = 1;
+        p.qt1[1] = 1;
+        p.qt2[1] = 2.25F;
+        p.qtx1[1] = 0.5F;
+        p.qtx2[1] = 1.5F;
+        p.qttype[1] = 2;
+        p.qtdir[1] = 1;
+        p.pm[1] = 3;
+        p.pmx[1] = 1;
+        p.pmdir[1] = 1;
+        p.pmkind[1] = 1;
+        p.pm[2] = 4;
+        p.pmx[2] = 1;
+        p.pmdir[2] = 0;
+        p.pmtype[2] = 1;
+    });
+    const std::vector<std::string> lines = LinesOf(PrintControl(Delivered(), s, kStamp));
+    EXPECT_THAT(lines, Contains(HasSubstr("N = 1.0 (G)    N = 20.0 (Q1)")));
+    EXPECT_THAT(lines, Contains(HasSubstr("q 1.0G")));
+    EXPECT_THAT(lines, Contains(HasSubstr("q1.0/2.250.500/1.500Q2")));
+    EXPECT_THAT(lines, Contains(HasSubstr("My3.01.000G")));
+    EXPECT_THAT(lines, Contains(HasSubstr("P4.01.000Q1")));
+}
+
+TEST(PageControl, GivenEndForcesTakeThePlaceOfLoads)
+{
+    const ProjectState s = Designed(1, [](ProjectState& p) {
+        p.loadmode = 0;
+        p.ne = 12;
+        p.my1 = 5;
+        p.vz2 = -3;
+    });
+    const PrintedReport report = PrintControl(Delivered(), s, kStamp);
+    ExpectLegible(report);
+    const std::vector<std::string> lines = LinesOf(report);
+    EXPECT_THAT(lines, Contains(HasSubstr("Endforces: (kN/kNm/m)")));
+    EXPECT_THAT(lines, Contains(HasSubstr("My1=5.0kNm")));
+    EXPECT_THAT(lines, Contains(HasSubstr("Vz2=-3.0kN")));
+    EXPECT_THAT(lines, Not(Contains(HasSubstr("Loading information"))));
+}
+
+TEST(PageControl, WithoutDeflectionControlThereIsNoBlockOfIt)
+{
+    const ProjectState s = Designed(1, [](ProjectState& p) { p.checksls = kFalse; });
+    const std::vector<std::string> lines = LinesOf(PrintControl(Delivered(), s, kStamp));
+    EXPECT_THAT(lines, Not(Contains(StartsWith("DEFLECTION CONTROL:"))));
+    EXPECT_THAT(lines, Contains(StartsWith("SECTION CONTROL:")));
+}
+
+// A row of every table has its own value: 0.11 to 0.14 kN/m, 0.21 to 0.23 kN/m, 0.31 to 0.38 kN.
+void FillTables(ProjectState& p)
+{
+    for (const std::size_t i : {1U, 2U, 3U, 4U}) {
+        p.qload[i] = 0.1F + 0.01F * static_cast<float>(i);
+        p.qdir[i] = 1;
+    }
+    for (const std::size_t i : {1U, 2U, 3U}) {
+        p.nload[i] = 1;
+        p.qt1[i] = 0.2F + 0.01F * static_cast<float>(i);
+        p.qt2[i] = 0.3F;
+        p.qtx2[i] = 1;
+        p.qtdir[i] = 1;
+    }
+    for (const std::size_t i : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U}) {
+        p.pm[i] = 0.3F + 0.01F * static_cast<float>(i);
+        p.pmx[i] = 0.2F * static_cast<float>(i);
+        p.pmdir[i] = 1;
+    }
+    p.selfweight = 1;
+    p.modal = 1;
+}
+
+TEST(PageControl, FullTablesOfOneDirectionKeepEveryPicture)
+{
+    const ProjectState s = Designed(2, FillTables);
+    const PrintedReport report = PrintControl(Delivered(), s, kStamp);
+    ExpectLegible(report);
+    EXPECT_THAT(report.missing, IsEmpty());
+    std::vector<std::string> texts;
+    for (const TextMark& text : TextsOf(report)) {
+        texts.push_back(text.text);
+    }
+    for (const char* load : {"0.11", "0.14", "0.21/0.3", "0.23/0.3", "0.31", "0.38"}) {
+        EXPECT_THAT(texts, Contains(load));  // in the table
+    }
+    for (const char* label : {"0.11 kN/m (G) ", "0.14 kN/m (G) ", "0.21 - 0.3 kN/m (G) ",
+                              "0.31 kN (G) ", "0.38 kN (G) "}) {
+        EXPECT_THAT(texts, Contains(label));  // in the picture
+    }
+    for (const char* title : {"My/Vz/Deflection (kNm/kN/mm)", "Mz/Vy/Deflection (kNm/kN/mm)"}) {
+        EXPECT_THAT(texts, Contains(title));
+    }
+    const std::vector<std::string> lines = LinesOf(report);
+    ExpectRow(lines, s.yline, s.irlimit);
+    EXPECT_THAT(lines, Contains(StartsWith("Mass m = ")));
+}
+
+// Values with too many digits for two tables side by side: one below the other, and room is short.
+TEST(PageControl, FullTablesOfBothDirectionsPushPicturesOffThePageAndTellSo)
+{
+    const ProjectState s = Designed(2, [](ProjectState& p) {
+        FillTables(p);
+        for (const std::size_t i : {1U, 2U, 3U}) {
+            p.qt1[i] = 11111.5F;
+            p.qt2[i] = 12345.5F;
+            p.qtx1[i] = 0.125F;
+        }
+        p.qtdir[3] = 0;
+        p.pmdir[7] = p.pmdir[8] = 0;
+        p.qdir[4] = 0;
+    });
+    const PrintedReport report = PrintControl(Delivered(), s, kStamp);
+    ExpectLegible(report);
+    EXPECT_THAT(report.missing, testing::ElementsAre(HasSubstr("diagrams")));
+    const std::vector<std::string> lines = LinesOf(report);
+    EXPECT_THAT(lines, Contains(GoverningText(s)));
+    EXPECT_THAT(lines, Contains(HasSubstr("11111.5/12345.5")));
+    ExpectRow(lines, s.yline, s.irlimit);
+    EXPECT_THAT(lines, Contains(StartsWith("Mass m = ")));
+}
+
+// Axial force and loads in both directions, as most pages have them.
+TEST(PageControl, TextsOfAnOrdinaryPageHaveSevenPoints)
+{
+    constexpr double kSevenPoints = 7 * 25.4 / 72;  // mm
+    for (const int family : {1, 6, 22}) {
+        for (const TextMark& text : TextsOf(PrintControl(Delivered(), Designed(family), kStamp))) {
+            EXPECT_GE(text.size, kSevenPoints) << text.text;
+        }
+    }
+}
+
+struct Annexed {
+    i16 annex, cls;
+    const char* text;
+};
+
+TEST(PageControl, ClassOfTheAnnexStandsInTheGeneralBlock)
+{
+    const Annexed cases[] = {{1, 1, "Reliability Class: 1"},   {1, 2, "Reliability Class: 2-4"},
+                             {1, 3, "Reliability Class: 2-4"}, {2, 3, "Safety Class: 3"},
+                             {3, 2, "Consequences Class: 2"},  {5, 1, "Reliability Class: 1"}};
+    for (const Annexed& annexed : cases) {
+        ProjectState s = Designed(1);
+        s.annexindex = annexed.annex;
+        s.safetyclass = annexed.cls;
+        EXPECT_THAT(LinesOf(PrintControl(Delivered(), s, kStamp)),
+                    Contains(testing::EndsWith(annexed.text)));
+    }
+    ProjectState s = Designed(1);
+    s.annexindex = 0;
+    EXPECT_THAT(LinesOf(PrintControl(Delivered(), s, kStamp)),
+                Not(Contains(HasSubstr("Class: 2"))));
+}
+
+TEST(PageControl, OptionsOfTheDesignAreNamed)
+{
+    const auto lines = [](i16 elastic, i16 flange, i16 web) {
+        ProjectState s = Designed(1);
+        s.checkelastic = elastic;
+        s.checkflangebuck = flange;
+        s.checkwebbuck = web;
+        return LinesOf(PrintControl(Delivered(), s, kStamp));
+    };
+    EXPECT_THAT(lines(kTrue, kFalse, kFalse),
+                Contains("Cross Section Class 1-2: Elastic design   "));
+    EXPECT_THAT(lines(kFalse, kTrue, kTrue),
+                Contains(" Flange/Web buckling not taken into account"));
+    EXPECT_THAT(lines(kFalse, kFalse, kTrue), Contains(" Web buckling not taken into account"));
+    EXPECT_THAT(lines(kFalse, kTrue, kFalse), Contains(" Flange buckling not taken into account"));
+}
+
+TEST(PageControl, GeometryTellsRestraintsAndStiffeners)
+{
+    const ProjectState s = Designed(1, [](ProjectState& p) {
+        p.supportcase = 3;
+        p.spring = 5;
+        p.endstiff = 1;
+        p.webstiff = 1;
+        p.webstiffa = 1500;
+        p.modal = 1;
+    });
+    const std::vector<std::string> lines = LinesOf(PrintControl(Delivered(), s, kStamp));
+    EXPECT_THAT(lines, Contains(HasSubstr("Spring restraint: 05%")));
+    EXPECT_THAT(lines, Contains(HasSubstr("End Supports: Rigid")));
+    EXPECT_THAT(lines, Contains(HasSubstr("Web stiffener: c/c 1500 mm")));
+    EXPECT_THAT(lines, Contains(" Modal analysis not possible for spring supports "));
+}
+
+TEST(PageControl, ModalBlockHasThreeModes)
+{
+    const ProjectState s = Designed(1, [](ProjectState& p) { p.modal = 1; });
+    const std::vector<std::string> lines = LinesOf(PrintControl(Delivered(), s, kStamp));
+    EXPECT_THAT(lines, Contains("Modal analysis: (Selfweigth + q-loads)"));
+    EXPECT_THAT(lines, Contains(testing::AllOf(StartsWith("Mass m = "), HasSubstr("Mode 1: "),
+                                               HasSubstr("Mode 2: "), HasSubstr("Mode 3: "))));
+}
+
+TEST(PageControl, AnglesBuckleAboutTheirPrincipalAxes)
+{
+    EXPECT_THAT(LinesOf(PrintControl(Delivered(), Designed(10), kStamp)),
+                Contains("Buckling parameters:U-axisV-axis"));
+    EXPECT_THAT(LinesOf(PrintControl(Delivered(), Designed(1), kStamp)),
+                Contains(StartsWith("Buckling parameters:Y-axisZ-axis")));
+}
+
+// British channels keep the curve of the member before them.
+TEST(PageControl, AMemberWithoutABucklingCurveSaysSo)
+{
+    const ProjectState s = Designed(103, [](ProjectState& p) {
+        p.curvey = {};
+        p.curvez = {};
+    });
+    EXPECT_THAT(LinesOf(PrintControl(Delivered(), s, kStamp)),
+                Contains(StartsWith("Buckling Curvenonenone")));
+}
+
+// Loads of both signs, every support and load combination: texts keep clear of each other.
+TEST(PageControl, StaysLegibleUnderAnySupportAndCombination)
+{
+    for (const int family : {1, 10, 22, 41, 52}) {
+        for (i16 supports = 0; supports <= 5; ++supports) {
+            SCOPED_TRACE(std::to_string(family) + ", supports " + std::to_string(supports));
+            ProjectState s = Designed(family);
+            s.annexindex = 1;
+            s.supportcase = supports;
+            s.spring = 50;
+            s.loadcomb = supports;
+            s.qload[1] = -2;
+            s.qload[3] = 3;  // more than the uplift, for a positive mass
+            s.qtype[3] = 1;
+            s.pm[1] = 1;
+            s.pmx[1] = 0.5F;
+            s.pmdir[1] = 1;
+            s.pm[2] = -0.5F;
+            s.pmx[2] = 1.5F;
+            s.pmdir[2] = 0;
+            s.modal = 1;
+            s.selfweight = 1;
+            ApplyAnnexLoads(s, s.annexindex);
+            ASSERT_TRUE(Calculate(Delivered(), s));
+            const PrintedReport report = PrintControl(Delivered(), s, kStamp);
+            ExpectLegible(report);
+            EXPECT_THAT(LinesOf(report), Contains(GoverningText(s)));
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kestrum
