@@ -37,34 +37,15 @@ bool AnnexParametersOpen(const ProjectState& s)
 
 ClassFrame ShownClassFrame(const ProjectState& s)
 {
-    if (s.loadcomb >= kUserFactors) {
+    if (s.loadcomb >= kUserFactors || ClassCaption(s).empty()) {
         return ClassFrame::none;
     }
-    switch (s.annexindex) {
-    case kAnnexNo:
-        return ClassFrame::norway;
-    case kAnnexSw:
-    case kAnnexDk:
-    case kAnnexFi:
-        return ClassFrame::three;
-    default:
-        return ClassFrame::none;
-    }
+    return s.annexindex == kAnnexNo ? ClassFrame::norway : ClassFrame::three;
 }
 
 std::string_view ClassCaption(const ProjectState& s)
 {
-    switch (s.annexindex) {
-    case kAnnexSw:
-        return "Safety Class";
-    case kAnnexDk:
-        return "Consequences Class";
-    case kAnnexNo:
-    case kAnnexFi:
-        return "Reliability Class";
-    default:
-        return {};
-    }
+    return AnnexClassName(s.annexindex);
 }
 
 void ChooseClass(Session& session, int safetyclass)

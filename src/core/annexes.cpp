@@ -14,17 +14,18 @@ struct Annex {
     double gammam0, gammam1;
     double neta, netahigh;  // up to and above kOrdinarySteel
     double lamdalt0, beta, lamdalt0w, betaw;
+    std::string_view classname = {};
 };
 
 constexpr float kOrdinarySteel = 460;  // MPa
 
 constexpr std::array<Annex, kAnnexes> kTable{{
     {"EU", "EC3", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},
-    {"NO", "EC3 + NA/Norway", 1.05, 1.05, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},
-    {"SW", "EC3 + NA/Sweden", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},
-    {"DK", "EC3 + NA/Denmark", 1.1, 1.2, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},
+    {"NO", "EC3 + NA/Norway", 1.05, 1.05, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75, "Reliability Class"},
+    {"SW", "EC3 + NA/Sweden", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75, "Safety Class"},
+    {"DK", "EC3 + NA/Denmark", 1.1, 1.2, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75, "Consequences Class"},
     {"UK", "EC3 + NA/United Kingdom", 1.0, 1.0, 1.0, 1.0, 0.4, 0.75, 0.2, 1.0},
-    {"FI", "EC3 + NA/Finland", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.2, 1.0},
+    {"FI", "EC3 + NA/Finland", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.2, 1.0, "Reliability Class"},
     {"GE", "EC3 + NA/German", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},
     {"NK", "EC3 + NORSOK", 1.15, 1.15, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},
     {"UD", "EC3 - User defined", 0, 0, 0, 0, 0, 0, 0, 0},
@@ -52,6 +53,11 @@ std::string_view AnnexSuffix(int annexindex)
 {
     constexpr std::size_t kStem = 3;  // "EC3"
     return Listed(annexindex) ? Row(annexindex).name.substr(kStem) : std::string_view{};
+}
+
+std::string_view AnnexClassName(int annexindex)
+{
+    return Listed(annexindex) ? Row(annexindex).classname : std::string_view{};
 }
 
 i16 AnnexIndexFromCode(std::string_view code)

@@ -31,6 +31,9 @@ std::string_view AnnexName(int annexindex);
 // The list text without "EC3", " + NA/Norway", which the window title and the page head append.
 std::string_view AnnexSuffix(int annexindex);
 
+// "Safety Class" and the like, on which the load factors depend; empty where no class is chosen.
+std::string_view AnnexClassName(int annexindex);
+
 // "EU" is 0, "NO" 1 ..; an unknown code is 0.
 i16 AnnexIndexFromCode(std::string_view code);
 

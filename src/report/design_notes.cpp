@@ -215,8 +215,7 @@ constexpr NoteRule kGeneral[] = {
      "1.35."},
     {"D26",
      [](const ProjectState& s) {
-         constexpr int kUserAnnex = 8;
-         return s.loadmode == 1 && s.annexindex == kUserAnnex && StrengthCombination(s) == kEq610a;
+         return s.loadmode == 1 && s.annexindex == kAnnexUd && StrengthCombination(s) == kEq610a;
      },
      "Eq 6.10a takes the permanent loads with 1.1; EN 1990, Table A1.2(B) gives 1.35."},
     {"D27",

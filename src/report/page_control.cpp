@@ -29,18 +29,12 @@ std::string Whole(i16 value)
 // The class that the load factors of the annex depend on; empty where they depend on none.
 std::string ClassLine(const ProjectState& s)
 {
-    switch (s.annexindex) {
-    case kAnnexNo:
-        return std::string("Reliability Class: ") + (s.safetyclass == 1 ? "1" : "2-4");
-    case kAnnexSw:
-        return "Safety Class: " + Whole(s.safetyclass);
-    case kAnnexDk:
-        return "Consequences Class: " + Whole(s.safetyclass);
-    case kAnnexFi:
-        return "Reliability Class: " + Whole(s.safetyclass);
-    default:
+    const std::string name(AnnexClassName(s.annexindex));
+    if (name.empty()) {
         return {};
     }
+    const bool two = s.annexindex == kAnnexNo;  // Norway tells two kinds of classes apart
+    return name + ": " + (two ? s.safetyclass == 1 ? "1" : "2-4" : Whole(s.safetyclass));
 }
 
 std::string_view PlateBucklingText(const ProjectState& s)

@@ -13,15 +13,16 @@ struct AnnexCase {
     const char* code;
     const char* name;
     double gammam0, gammam1, neta, netahigh, lamdalt0w, betaw;
+    const char* classname = "";
 };
 
 const AnnexCase kAnnexCases[] = {
     {"EU", "EC3", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75},
-    {"NO", "EC3 + NA/Norway", 1.05, 1.05, 1.2, 1.0, 0.4, 0.75},
-    {"SW", "EC3 + NA/Sweden", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75},
-    {"DK", "EC3 + NA/Denmark", 1.1, 1.2, 1.2, 1.0, 0.4, 0.75},
+    {"NO", "EC3 + NA/Norway", 1.05, 1.05, 1.2, 1.0, 0.4, 0.75, "Reliability Class"},
+    {"SW", "EC3 + NA/Sweden", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, "Safety Class"},
+    {"DK", "EC3 + NA/Denmark", 1.1, 1.2, 1.2, 1.0, 0.4, 0.75, "Consequences Class"},
     {"UK", "EC3 + NA/United Kingdom", 1.0, 1.0, 1.0, 1.0, 0.2, 1.0},
-    {"FI", "EC3 + NA/Finland", 1.0, 1.0, 1.2, 1.0, 0.2, 1.0},
+    {"FI", "EC3 + NA/Finland", 1.0, 1.0, 1.2, 1.0, 0.2, 1.0, "Reliability Class"},
     {"GE", "EC3 + NA/German", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75},
     {"NK", "EC3 + NORSOK", 1.15, 1.15, 1.2, 1.0, 0.4, 0.75},
 };
@@ -36,6 +37,7 @@ TEST(Annexes, SetTheirParameters)
         EXPECT_EQ(AnnexCodeFromIndex(index), c.code);
         EXPECT_EQ(AnnexName(index), c.name);
         EXPECT_EQ(AnnexSuffix(index), std::string(c.name).substr(3));
+        EXPECT_EQ(AnnexClassName(index), c.classname);
 
         ProjectState s{};
         s.fyk = 460;
@@ -66,6 +68,7 @@ TEST(Annexes, UserDefinedKeepsTheValuesOfTheAnnexLeft)
     EXPECT_EQ(s, before);
     EXPECT_EQ(AnnexIndexFromCode("UD"), kAnnexUd);
     EXPECT_EQ(AnnexName(kAnnexUd), "EC3 - User defined");
+    EXPECT_EQ(AnnexClassName(kAnnexUd), "");
 }
 
 TEST(Annexes, OnlyNorsokForcesTheUserFactors)
@@ -97,6 +100,8 @@ TEST(Annexes, UnknownCodeIsTheFirstAndUnknownIndexIsNothing)
     EXPECT_EQ(AnnexCodeFromIndex(kAnnexes), "");
     EXPECT_EQ(AnnexName(kAnnexes), "");
     EXPECT_EQ(AnnexSuffix(-1), "");
+    EXPECT_EQ(AnnexClassName(-1), "");
+    EXPECT_EQ(AnnexClassName(kAnnexes), "");
     EXPECT_EQ(AnnexSuffix(0), "");
     ProjectState s{};
     ApplyAnnexMaterial(s, kAnnexes);

@@ -1,9 +1,12 @@
 #include "core/load_combination.h"
 
 #include "core/annexes.h"
+#include "core/number_format.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <iterator>
 
 namespace kestrum {
 namespace {
@@ -60,6 +63,7 @@ const FactorCase kFactorCases[] = {
 
 TEST(LoadFactors, FollowTheAnnex)
 {
+    ASSERT_EQ(std::ssize(kFactorCases), kAnnexes);
     for (const FactorCase& c : kFactorCases) {
         SCOPED_TRACE(c.code);
         const ProjectState s = Annexed(AnnexIndexFromCode(c.code), 2, 0);
@@ -93,6 +97,7 @@ const ClassCase kClassCases[] = {
 
 TEST(LoadFactors, FollowTheClass)
 {
+    ASSERT_EQ(std::ssize(kClassCases), kAnnexes);
     for (const ClassCase& c : kClassCases) {
         for (i16 safetyclass = 0; safetyclass <= 3; ++safetyclass) {
             SCOPED_TRACE(std::string(c.code) + " class " + std::to_string(safetyclass));
@@ -243,6 +248,28 @@ const TextCase kTextCases[] = {
     {"FI", 1, "ULS: Eq 6.10: LC =  0.9 (1.1*G + 1.5*Q1 + 1.5*0.7*Q2)",
      "ULS: Eq 6.10a: LC = 0.9*1.35*G", "ULS: Eq 6.10b: LC = 0.9*(1.15*G + 1.5*Q1 +1.5*0.3*Q2)"},
 };
+
+// Whatever the annex: a factor of the class that acts stands in the text of the combination.
+TEST(CombinationTexts, NameTheFactorOfTheClass)
+{
+    for (int annex = 0; annex < kAnnexes; ++annex) {
+        for (i16 safetyclass = 1; safetyclass <= 3; ++safetyclass) {
+            for (i16 loadcomb = kEq610; loadcomb <= kEq610b; ++loadcomb) {
+                const ProjectState s = Annexed(annex, safetyclass, loadcomb);
+                const std::string text = loadcomb == kEq610    ? CombText610(s)
+                                         : loadcomb == kEq610a ? CombText610a(s)
+                                                               : CombText610b(s);
+                SCOPED_TRACE(text);
+                if (s.kfig != 1) {
+                    EXPECT_NE(text.find(FormatNum(s.kfig, "0.0#")), std::string::npos);
+                }
+                if (s.kfiq != 1) {
+                    EXPECT_NE(text.find(FormatNum(s.kfiq, "0.0#")), std::string::npos);
+                }
+            }
+        }
+    }
+}
 
 TEST(CombinationTexts, NameTheFactorsOfTheAnnex)
 {
