@@ -1,6 +1,7 @@
 #include "report/page_header.h"
 
 #include "core/number_format.h"
+#include "core/version.h"
 #include "sections/family_table.h"
 
 #include <initializer_list>
@@ -10,7 +11,6 @@ namespace kestrum {
 namespace {
 
 constexpr std::string_view kProgram = "Kestrum EC3";
-constexpr std::string_view kVersion = "Version 1.3.1 ";
 constexpr std::string_view kMaker = "Kestrum EC3, free software under the MIT licence";
 
 constexpr double kRightColumn = 136, kRightValue = 148;
@@ -87,7 +87,7 @@ void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp
     page.Write(kRightColumn, "Date: ");
     page.Write(kRightValue, stamp.date);
     page.Row();
-    page.Write(kPageLeft, kVersion);
+    page.Write(kPageLeft, "Version " + std::string(kVersion) + " ");
     page.Write(kRightColumn, "Time: ");
     page.Write(kRightValue, stamp.time);
     page.Row();

@@ -1,3 +1,4 @@
+#include "core/version.h"
 #include "report/choice_pictures.h"
 #include "report/section_figure.h"
 #include "ui/forms.h"
@@ -50,7 +51,7 @@ Form* MakeAbout(Desk& desk, QWidget* parent)
     large.setBold(true);
     name->setFont(large);
     column->addWidget(name);
-    auto* const version = new QLabel(QStringLiteral("Version 1.3.1 "));
+    auto* const version = new QLabel(QStringLiteral("Version %1 ").arg(ToQt(kVersion)));
     version->setObjectName(QStringLiteral("lblversion"));
     column->addWidget(version);
     column->addWidget(FaintLabel(QObject::tr("Design of steel members to EN 1993-1-1. Dorvane")));

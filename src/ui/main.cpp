@@ -1,5 +1,6 @@
 // The desktop program `kestrum-ec3`.
 
+#include "core/version.h"
 #include "sections/load_library.h"
 #include "ui/main_window.h"
 #include "ui/places.h"
@@ -12,6 +13,9 @@
 #include <QFileOpenEvent>
 #include <QIcon>
 #include <QLocale>
+
+#include <csignal>
+#include <functional>
 
 namespace {
 
@@ -38,10 +42,13 @@ protected:
 int main(int argc, char** argv)
 {
     using namespace kestrum;
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that must not grow is a failed save, told as such
+#endif
     const std::string commandline = RawCommandLine(argc, argv);
     Application application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Kestrum EC3"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("1.3.1"));
+    QCoreApplication::setApplicationVersion(ToQt(kVersion));
     // The desktop entry and the icon that the package installs under this name.
     QGuiApplication::setDesktopFileName(QStringLiteral("kestrum-ec3"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("kestrum-ec3")));
