@@ -1,5 +1,6 @@
 #include "render/export.h"
 
+#include "core/file_io.h"
 #include "render/painter.h"
 
 #include <QBuffer>
@@ -9,7 +10,6 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QString>
 
 namespace kestrum {
@@ -19,14 +19,11 @@ namespace {
 constexpr int kPdfResolution = 1200;  // fine enough for fonts given in whole device pixels
 constexpr double kMmPerInch = 25.4;
 
-// Saves the bytes whole: a temporary neighbour, then a rename.
 std::string Save(const QByteArray& bytes, const std::string& path)
 {
-    QSaveFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return path + ": " + file.errorString().toStdString();
-    }
-    return {};
+    const std::string fault =
+        WriteWholeFile(path, {bytes.data(), static_cast<std::size_t>(bytes.size())});
+    return fault.empty() ? fault : path + ": " + fault;
 }
 
 QPageLayout LayoutOf(const Drawing& page, double mm_per_unit)

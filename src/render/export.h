@@ -1,7 +1,7 @@
 #pragma once
 
 // Drawings as PDF and PNG files. Pages have millimetres as units; other drawings tell their own.
-// A QGuiApplication must exist. Files are written to a temporary neighbour and renamed.
+// A QGuiApplication must exist. A file appears whole or not at all.
 
 #include "report/drawing.h"
 

@@ -1,15 +1,20 @@
 #include "spreadsheet/detailed_xlsx.h"
 
+#include "core/file_io.h"
+
 #include <xlsxwriter.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <random>
 #include <system_error>
 
 namespace kestrum {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr lxw_col_t kParameter = 0, kValue = 1, kUnit = 2, kReference = 3;
 constexpr lxw_row_t kFirstRow = 1;  // below the headings
@@ -78,12 +83,59 @@ void FillSheet(lxw_workbook* book, lxw_worksheet* sheet, const std::vector<Detai
     }
 }
 
-}  // namespace
+// A folder of our own among the temporary files, gone with everything in it.
+class Workshop {
+public:
+    Workshop()
+    {
+        std::random_device random;
+        const fs::path place = fs::temp_directory_path(fault_);
+        while (!fault_ && path_.empty()) {
+            const fs::path wanted = place / ("kestrum-" + std::to_string(random()));
+            if (fs::create_directory(wanted, fault_)) {
+                path_ = wanted;
+            }
+        }
+    }
+    ~Workshop()
+    {
+        std::error_code ignored;
+        fs::remove_all(path_, ignored);
+    }
+    Workshop(const Workshop&) = delete;
+    Workshop& operator=(const Workshop&) = delete;
 
-std::string WriteDetailedXlsx(const std::vector<DetailedRow>& rows, const std::string& path)
+    std::string File(const char* name) const { return (path_ / name).string(); }
+    const fs::path& path() const { return path_; }
+    std::string Fault() const { return fault_ ? fault_.message() : std::string{}; }
+
+private:
+    std::error_code fault_;
+    fs::path path_;
+};
+
+// The library does not look whether its temporary files take what it writes; a sheet that is cut
+// short would pass for a whole one.
+std::string MakeRoom(const Workshop& workshop, std::size_t rows)
 {
-    const std::string neighbour = path + ".part";
-    lxw_workbook* book = workbook_new(neighbour.c_str());
+    constexpr std::size_t kRest = std::size_t{256} << 10, kRow = 1024;
+    const std::string trial = workshop.File("room");
+    std::string fault = workshop.Fault();
+    if (fault.empty()) {
+        fault = WriteWholeFile(trial, std::string(kRest + rows * kRow, '\0'));
+    }
+    std::error_code ignored;
+    fs::remove(trial, ignored);
+    return fault.empty() ? fault : "temporary files: " + fault;
+}
+
+std::string WriteWorkbook(const std::vector<DetailedRow>& rows, const Workshop& workshop,
+                          const std::string& file)
+{
+    std::string folder = workshop.path().string();
+    lxw_workbook_options options{};
+    options.tmpdir = folder.data();
+    lxw_workbook* book = workbook_new_opt(file.c_str(), &options);
     if (book == nullptr) {
         return "no memory for the workbook";
     }
@@ -92,16 +144,23 @@ std::string WriteDetailedXlsx(const std::vector<DetailedRow>& rows, const std::s
         FillSheet(book, sheet, rows);
     }
     const lxw_error written = workbook_close(book);  // writes, and frees the book in any case
-    std::error_code fault;
-    if (written == LXW_NO_ERROR) {
-        std::filesystem::rename(neighbour, path, fault);
-        if (!fault) {
-            return {};
-        }
+    return written == LXW_NO_ERROR ? std::string{} : lxw_strerror(written);
+}
+
+}  // namespace
+
+std::string WriteDetailedXlsx(const std::vector<DetailedRow>& rows, const std::string& path)
+{
+    const Workshop workshop;
+    const std::string file = workshop.File("table.xlsx");
+    std::string bytes, fault = MakeRoom(workshop, rows.size());
+    if (fault.empty()) {
+        fault = WriteWorkbook(rows, workshop, file);
     }
-    const std::string reason = fault ? fault.message() : std::string(lxw_strerror(written));
-    std::filesystem::remove(neighbour, fault);
-    return reason;
+    if (fault.empty()) {
+        fault = ReadWholeFile(file, bytes);
+    }
+    return fault.empty() ? WriteWholeFile(path, bytes) : fault;
 }
 
 }  // namespace kestrum
