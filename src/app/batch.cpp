@@ -72,6 +72,30 @@ std::string_view ClauseOf(const ResultRow& row)
 }
 
 }  // namespace
+// Takes the name of a member off the front of an answer line: plain, or in quotes with every quote
+// doubled (CSV) or behind a backslash (JSON).
+bool TakeMember(std::string_view& line, bool csv, std::string& member)
+{
+    member.clear();
+    if (!line.starts_with('"')) {
+        const std::size_t end = line.find(',');
+        member = line.substr(0, end);
+        line.remove_prefix(member.size());
+        return csv && end != std::string_view::npos;
+    }
+    for (std::size_t at = 1; at < line.size(); ++at) {
+        const bool pair =
+            at + 1 < line.size() && line[at] == (csv ? '"' : '\\') && (!csv || line[at + 1] == '"');
+        if (!pair && line[at] == '"') {
+            line.remove_prefix(at + 1);
+            return true;
+        }
+        at += pair ? 1 : 0;
+        member.push_back(line[at]);
+    }
+    return false;
+}
+
 
 std::string_view VerdictWord(Verdict verdict)
 {
@@ -221,25 +245,25 @@ void AnswerForm::AppendLine(std::string& out, std::string_view member, const Pro
 bool AnswerForm::ReadBack(std::string_view line, std::string& member, Verdict& verdict,
                           double& ir) const
 {
-    // What stands around the verdict is the same in every line.
-    const std::string_view before = form_ == TableForm::csv ? "," : ",\"verdict\":\"";
-    const std::string_view behind = form_ == TableForm::csv ? "," : "\",\"ir\":";
-    const std::string_view head = form_ == TableForm::csv ? "" : "{\"member\":";
+    const bool csv = form_ == TableForm::csv;
+    const std::string_view head = csv ? "" : "{\"member\":", before = csv ? "," : ",\"verdict\":\"",
+                           behind = csv ? "," : "\",\"ir\":";
+    if (!line.starts_with(head)) {
+        return false;
+    }
+    line.remove_prefix(head.size());
+    if (!TakeMember(line, csv, member) || !line.starts_with(before)) {
+        return false;
+    }
+    line.remove_prefix(before.size());
     for (std::size_t i = 0; i < kVerdicts; ++i) {
-        const std::string mark = std::string(before).append(kWords[i]).append(behind);
-        const std::size_t at = line.find(mark);
-        if (at == std::string_view::npos || !line.starts_with(head)) {
-            continue;
+        if (line.starts_with(kWords[i]) && line.substr(kWords[i].size()).starts_with(behind)) {
+            verdict = static_cast<Verdict>(i);
+            line.remove_prefix(kWords[i].size() + behind.size());
+            ir = 0;
+            std::from_chars(line.data(), line.data() + line.size(), ir);
+            return true;
         }
-        member = line.substr(head.size(), at - head.size());
-        if (member.size() >= 2 && member.front() == '"') {
-            member = member.substr(1, member.size() - 2);
-        }
-        verdict = static_cast<Verdict>(i);
-        ir = 0;
-        const char* const first = line.data() + at + mark.size();
-        std::from_chars(first, line.data() + line.size(), ir);
-        return true;
     }
     return false;
 }

@@ -2,19 +2,15 @@
 
 #include "app/ordered_run.h"
 #include "cli/batch_input.h"
+#include "cli/batch_output.h"
 #include "cli/commands.h"
 #include "engine/new_project.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
-#include <filesystem>
 #include <iostream>
 #include <memory>
-#include <optional>
-#include <system_error>
 #include <thread>
 
 #ifndef _WIN32
@@ -25,7 +21,6 @@ namespace kestrum::cli {
 
 namespace {
 
-namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
 // Rate and time left on a terminal; silent elsewhere.
@@ -73,44 +68,6 @@ private:
     Clock::time_point start_ = Clock::now(), next_ = start_ + std::chrono::milliseconds(500);
 };
 
-// Where the answers go.
-class Output {
-public:
-    explicit Output(const std::string& name, bool append)
-        : name_(name.empty() || name == "-" ? "standard output" : name), file_(stdout)
-    {
-        if (name.empty() || name == "-") {
-            return;
-        }
-        file_ = std::fopen(name.c_str(), append ? "ab" : "wb");
-        if (file_ == nullptr) {
-            throw BadInput(name + ": " + std::generic_category().message(errno));
-        }
-    }
-    ~Output()
-    {
-        if (file_ != stdout && file_ != nullptr) {
-            std::fclose(file_);
-        }
-    }
-    Output(const Output&) = delete;
-    Output& operator=(const Output&) = delete;
-
-    // What is written is handed over at once: a run that is stopped can be taken up again.
-    void Write(const std::string& text)
-    {
-        errno = 0;
-        if (std::fwrite(text.data(), 1, text.size(), file_) != text.size() ||
-            std::fflush(file_) != 0) {
-            throw BadInput(name_ + ": " + std::generic_category().message(errno));
-        }
-    }
-
-private:
-    std::string name_;
-    std::FILE* file_;
-};
-
 bool EndsIn(const std::string& name, std::string_view ending)
 {
     return name.ends_with(ending);
@@ -121,55 +78,6 @@ TableForm FormOf(const Options& options, const std::string& out)
     const bool json =
         options.format == Format::json || EndsIn(out, ".ndjson") || EndsIn(out, ".jsonl");
     return json ? TableForm::ndjson : TableForm::csv;
-}
-
-// Counts what an earlier run has answered and cuts off a line that it left unfinished.
-std::size_t TakeUp(const std::string& out, const AnswerForm& form, Tally& tally)
-{
-    std::error_code fault;
-    if (!fs::exists(out, fault)) {
-        return 0;
-    }
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(out.c_str(), "rb"),
-                                                               std::fclose);
-    if (!file) {
-        throw BadInput(out + ": " + std::generic_category().message(errno));
-    }
-    const std::string header = form.Header();
-    std::string rest;
-    std::vector<char> block(std::size_t{1} << 16);
-    std::uintmax_t whole = 0;  // bytes of complete lines
-    std::size_t members = 0;
-    bool headed = header.empty();
-    while (const std::size_t got = std::fread(block.data(), 1, block.size(), file.get())) {
-        rest.append(block.data(), got);
-        std::string_view lines = std::string_view(rest).substr(0, rest.rfind('\n') + 1);
-        const std::size_t taken = lines.size();
-        while (!lines.empty()) {
-            const std::string_view line = TakeLine(lines);
-            std::string member;
-            Verdict verdict{};
-            double ir = 0;
-            if (!headed) {
-                headed = std::string(line) + "\n" == header;
-            } else if (form.ReadBack(line, member, verdict, ir)) {
-                tally.Add(members++, member, verdict, ir);
-                continue;
-            } else {
-                headed = false;
-            }
-            if (!headed) {
-                throw BadInput(out + ": no answers of such a run; cannot be taken up");
-            }
-        }
-        whole += taken;
-        rest.erase(0, taken);
-    }
-    fs::resize_file(out, whole, fault);
-    if (fault) {
-        throw BadInput(out + ": " + fault.message());
-    }
-    return members;
 }
 
 // Each line with "kestrum: " in front.
@@ -225,7 +133,8 @@ int Batch(const Options& options, const BatchArguments& arguments)
     const ProjectState base = BaseOf(library, arguments.base);
 
     Tally tally;
-    const std::size_t earlier = arguments.resume ? TakeUp(arguments.out, form, tally) : 0;
+    BatchOutput output(arguments.out);
+    const std::size_t earlier = arguments.resume ? output.TakeUp(form, tally) : 0;
     BatchInput input(arguments.inputs, earlier);
     Output output(arguments.out, arguments.resume);
     std::error_code ignored;
@@ -248,6 +157,7 @@ int Batch(const Options& options, const BatchArguments& arguments)
                     tally.Add(chunk.tally);
                     progress.Show(tally.Members() - earlier, input.taken(), input.whole());
                 });
+    output.Finish();
     }
     if (!arguments.quiet) {
         std::cerr << tally.Summary();

@@ -8,9 +8,11 @@
 #include "sections/load_library.h"
 #include "service/vortex.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <iostream>
 #include <iterator>
+#include <system_error>
 
 namespace kestrum::cli {
 
@@ -109,3 +111,12 @@ void Print(const std::string& text)
 }
 
 }  // namespace kestrum::cli
+    errno = 0;
+    RequirePrinted();
+}
+
+void RequirePrinted()
+{
+    if (!std::cout) {
+        throw BadInput("standard output: " + std::generic_category().message(errno));
+    }

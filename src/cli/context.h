@@ -48,7 +48,8 @@ bool ControlVortices(ProjectState& s);
 // "kestrum: FILE:LINE: what" on standard error.
 void Complain(const std::string& what);
 
-// Standard output, whole.
+// Standard output, whole. Throws BadInput when it does not take the text.
 void Print(const std::string& text);
 
 }  // namespace kestrum::cli
+void RequirePrinted();  // what was printed by others

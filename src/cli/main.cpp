@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <csignal>
+#include <iostream>
 #include <map>
 
 namespace {
@@ -149,6 +151,9 @@ int main(int argc, char** argv)
     try {
         return Run(argc, argv);
     } catch (const std::exception& failure) {
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that must not grow is a failed write, told as such
+#endif
         Complain(failure.what());
         return kBadInput;
     }

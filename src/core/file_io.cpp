@@ -46,19 +46,6 @@ File OpenBinary(const fs::path& path, bool write)
 #endif
 }
 
-bool FlushToDisk(std::FILE* file)
-{
-    if (std::fflush(file) != 0) {
-        return false;
-    }
-#ifdef _WIN32
-    return _commit(_fileno(file)) == 0;
-#else
-    // Pipes and devices have no disk behind them; EINVAL says so.
-    return fsync(fileno(file)) == 0 || errno == EINVAL;
-#endif
-}
-
 // Where the bytes go: a link keeps pointing to its file.
 fs::path TargetOf(const std::string& path)
 {
@@ -94,6 +81,19 @@ std::string WriteNeighbour(const fs::path& neighbour, std::string_view bytes)
 }
 
 }  // namespace
+
+bool FlushToDisk(std::FILE* file)
+{
+    if (std::fflush(file) != 0) {
+        return false;
+    }
+#ifdef _WIN32
+    return _commit(_fileno(file)) == 0;
+#else
+    // Pipes and devices have no disk behind them; EINVAL says so.
+    return fsync(fileno(file)) == 0 || errno == EINVAL;
+#endif
+}
 
 std::string ReadWholeFile(const std::string& path, std::string& bytes)
 {

@@ -6,6 +6,7 @@
 // throws.
 
 #include <cstddef>
+#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -19,5 +20,8 @@ std::string ReadWholeFile(const std::string& path, std::string& bytes);
 
 // Writes the file whole or leaves what stood there. Returns an empty text, or what went wrong.
 std::string WriteWholeFile(const std::string& path, std::string_view bytes);
+
+// Hands on what was written to a stream, down to the disk. False with errno when that fails.
+bool FlushToDisk(std::FILE* file);
 
 }  // namespace kestrum

@@ -240,7 +240,7 @@ void MainWindow::ExportReport(int report)
     }
     const std::string fault = WritePdf(pages, 1, FromQt(path));
     if (!fault.empty()) {
-        desk_.session.surroundings().Warn(FromQt(path) + ": " + fault);
+        desk_.session.surroundings().Warn(fault);  // which names the file
     }
 }
 

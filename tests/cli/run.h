@@ -41,12 +41,18 @@ protected:
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    // Arguments as a shell takes them, in the folder; the user's own data stays out of it.
+    // Arguments as a shell takes them, in the folder.
     Said Kestrum(const std::string& arguments) const
     {
-        const std::string command = "cd '" + folder_ + "' && XDG_DATA_HOME='" + folder_ +
-                                    "' KESTRUM_DATA= '" KESTRUM_BIN "/kestrum' " + arguments +
-                                    " >'" + folder_ + "/.out' 2>'" + folder_ + "/.err'";
+        return Shell("'" KESTRUM_BIN "/kestrum' " + arguments);
+    }
+
+    // Commands of a shell in the folder; the user's own data stays out of it.
+    Said Shell(const std::string& commands) const
+    {
+        const std::string command = "cd '" + folder_ + "' && export XDG_DATA_HOME='" + folder_ +
+                                    "' KESTRUM_DATA= && { " + commands + "\n} >'" + folder_ +
+                                    "/.out' 2>'" + folder_ + "/.err'";
         Said said;
         const int status = std::system(command.c_str());
         said.exit = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
