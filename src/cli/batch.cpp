@@ -136,10 +136,7 @@ int Batch(const Options& options, const BatchArguments& arguments)
     BatchOutput output(arguments.out);
     const std::size_t earlier = arguments.resume ? output.TakeUp(form, tally) : 0;
     BatchInput input(arguments.inputs, earlier);
-    Output output(arguments.out, arguments.resume);
-    std::error_code ignored;
-    const bool begun = arguments.resume && fs::file_size(arguments.out, ignored) > 0;
-    output.Write(begun ? std::string{} : form.Header());
+    output.Open(form);
 
     const Assignment how = arguments.raw ? Assignment::raw : Assignment::checked;
     std::vector<OrderedRun<BatchChunk>::Work> work;
