@@ -139,7 +139,10 @@ int Run(int argc, char** argv)
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? kAllWithin : kBadInput;
+        const bool asked = app.exit(error) == 0;  // for help or version, which it prints
+        std::cout.flush();
+        RequirePrinted();
+        return asked ? kAllWithin : kBadInput;
     }
     return exit;
 }
@@ -148,12 +151,12 @@ int Run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    try {
-        return Run(argc, argv);
-    } catch (const std::exception& failure) {
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN);  // a file that must not grow is a failed write, told as such
 #endif
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& failure) {
         Complain(failure.what());
         return kBadInput;
     }
