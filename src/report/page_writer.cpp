@@ -116,7 +116,8 @@ void PageWriter::Quantities(std::span<const Quantity> quantities, std::size_t co
             symbols = std::max(symbols, TextWidth(quantity.symbol, kPageText));
             values = std::max(values, TextWidth(quantity.value, kPageText));
         }
-        const double x = left + pitch * static_cast<double>(first / rows);
+        const std::size_t at = first / rows;  // of the columns
+        const double x = left + pitch * static_cast<double>(at);
         const double edge = x + pitch - kGap;
         const double sign = x + symbols + kGap;
         const double value = sign + TextWidth("=", kPageText) + kGap + values;

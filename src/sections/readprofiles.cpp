@@ -58,6 +58,11 @@ float LittleEndianFloat(const char* bytes)
     return std::bit_cast<float>(bits);
 }
 
+std::size_t Values(int rows, int columns)
+{
+    return static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns);
+}
+
 }  // namespace
 
 const TableShape& ShapeOf(Table table)
@@ -73,14 +78,14 @@ std::array<ProfileTable, kTables> EmptyTables()
         table.rows = shape.rows;
         table.reserved = shape.reserved;
         table.columns = shape.columns;
-        table.value.assign(static_cast<std::size_t>(shape.reserved * shape.columns), 0.0F);
+        table.value.assign(Values(shape.reserved, shape.columns), 0.0F);
     }
     return tables;
 }
 
 void FillProfile(std::string_view bytes, const TableShape& shape, ProfileTable& table)
 {
-    const auto wanted = static_cast<std::size_t>(shape.readrows * shape.columns);
+    const auto wanted = Values(shape.readrows, shape.columns);
     const std::size_t values = std::min(wanted, bytes.size() / sizeof(float));
     for (std::size_t i = 0; i < values; ++i) {
         table.value[i] = LittleEndianFloat(bytes.data() + i * sizeof(float));
