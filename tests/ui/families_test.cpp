@@ -4,6 +4,7 @@
 
 #include "app/view_section.h"
 #include "sections/family_table.h"
+#include "sections/readprofiles.h"
 #include "ui/text.h"
 
 #include <QAction>
@@ -95,10 +96,10 @@ TEST_F(FamilyForms, SeriesChangesTheListOfBritishProfiles)
 {
     Click(QStringLiteral("p101i"));
     auto& list = Find<QListWidget>(QStringLiteral("lstp101"));
-    EXPECT_EQ(list.count(), 81);
+    EXPECT_EQ(list.count(), ShapeOf(Table::ub).rows);
     Click(QStringLiteral("prof2"), &Find<Form>(QStringLiteral("p101")));
     EXPECT_EQ(state().series101, 2);
-    EXPECT_EQ(list.count(), 31);
+    EXPECT_EQ(list.count(), ShapeOf(Table::uc).rows);
     EXPECT_TRUE(list.item(0)->text().startsWith(QStringLiteral("UC ")));
 }
 

@@ -3,6 +3,7 @@
 #include "ui/desktop.h"
 
 #include "app/load_commands.h"
+#include "core/annexes.h"
 #include "report/detailed_table.h"
 #include "sections/family_table.h"
 #include "ui/text.h"
@@ -249,16 +250,16 @@ TEST_F(Forms, SetupOpensParametersForTheUserAnnexAlone)
 {
     Form& form = Open("setup");
     auto& gamma = Find<BoxEdit>(QStringLiteral("igammam1"), &form);
-    for (int annex = 0; annex < 9; ++annex) {
+    for (int annex = 0; annex < kAnnexes; ++annex) {
         Choose(QStringLiteral("Cbo1993"), annex, &form);
         EXPECT_EQ(state().annexindex, annex);
-        EXPECT_EQ(gamma.isEnabled(), annex == 8);
+        EXPECT_EQ(gamma.isEnabled(), annex == kAnnexUd);
     }
     // EN 1993-1-1, DK NA: gammaM1 is 1.2
     Choose(QStringLiteral("Cbo1993"), 3, &form);
     EXPECT_EQ(gamma.text(), QStringLiteral("1.20"));
     EXPECT_TRUE(window->windowTitle().startsWith(QStringLiteral("Kestrum EC3 + NA/Denmark: ")));
-    Choose(QStringLiteral("Cbo1993"), 8, &form);  // keeps what Denmark left
+    Choose(QStringLiteral("Cbo1993"), kAnnexUd, &form);  // keeps what Denmark left
     EXPECT_EQ(gamma.text(), QStringLiteral("1.20"));
     Type(gamma, QStringLiteral("1.05"));
     EXPECT_EQ(state().gammam1, 1.05F);
