@@ -2,6 +2,7 @@
 
 #include "analysis/load_model.h"
 #include "app/choices.h"
+#include "app/field_hint.h"
 #include "app/input_boxes.h"
 #include "core/annexes.h"
 #include "core/field_table.h"
@@ -12,7 +13,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <optional>
+#include <utility>
 
 namespace kestrum {
 
@@ -84,11 +87,22 @@ std::string StoreNumber(ProjectState& s, const FieldRef& ref, double value)
     }
 }
 
+// "EU, NO, .. and UD"
+std::string AnnexCodes()
+{
+    std::string text;
+    for (int i = 0; i < kAnnexes; ++i) {
+        text += i == 0 ? "" : i + 1 < kAnnexes ? ", " : " and ";
+        text += AnnexCodeFromIndex(i);
+    }
+    return text;
+}
+
 std::string AssignAnnex(ProjectState& s, std::string_view code, Assignment how)
 {
     const i16 index = AnnexIndexFromCode(code);
     if (how == Assignment::checked && AnnexCodeFromIndex(index) != code) {
-        return "no such annex";
+        return "no such annex; there are " + AnnexCodes();
     }
     s.annexcode = code;
     s.annexindex = index;
@@ -113,14 +127,20 @@ std::string AssignText(ProjectState& s, const FieldRef& ref, std::string_view te
 std::string AssignChoice(const Library& library, ProjectState& s, const FieldRef& ref,
                          const Choice& choice, std::string_view text, Assignment how)
 {
-    const std::optional<double> value = choice.truth ? TruthValue(text) : WholeNumber(text);
+    std::optional<double> value = choice.truth ? TruthValue(text) : WholeNumber(text);
+    if (const auto named = ValueOfName(library, choice, text); !value && named) {
+        value = *named;
+    }
+    if (!value && Named(choice)) {
+        return "no such name in the list " + Offered(library, choice);
+    }
     if (!value) {
         return std::string(choice.truth ? "neither true nor false" : kNoNumber);
     }
     if (how == Assignment::checked) {
         const std::optional<i16> whole = WholeNum(*value);
         if (!whole || *whole != *value || !Offers(library, choice, *whole)) {
-            return "not in the list";
+            return "not in the list " + Offered(library, choice);
         }
     }
     return StoreNumber(s, ref, *value);
@@ -139,6 +159,27 @@ std::string AssignBox(ProjectState& s, const FieldRef& ref, const Box& box, std:
     }
     StoreNumber(s, ref, before);
     return std::string(outcome.message);
+}
+
+Tie TieOf(std::string_view field)
+{
+    constexpr std::pair<std::string_view, Tie> kTies[] = {
+        {"supportcase", kTieSupport},
+        {"bucklingcasey", kTieCaseY},
+        {"bucklingcasez", kTieCaseZ},
+        {"ly", kTieLy},
+        {"lz", kTieLz},
+        {"ltb", kTieLtb},
+        {"ltbcase", kTieLtbCase},
+        {"ltbk", kTieLtbK},
+        {"restraints", kTieRestraints},
+        {"webstiff", kTieWebStiff},
+        {"endstiff", kTieEndStiff},
+        {"webstiffa", kTieWebStiffA},
+    };
+    const auto* const at = std::find_if(std::begin(kTies), std::end(kTies),
+                                        [field](const auto& tie) { return tie.first == field; });
+    return at != std::end(kTies) ? at->second : kTieNone;
 }
 
 std::string OfRow(std::string_view field, std::size_t row, std::string_view what)
@@ -198,13 +239,14 @@ std::string FindTarget(std::string_view name, AssignTarget& target)
 {
     const std::optional<FieldRef> ref = ResolveField(name);
     if (!ref) {
-        return "no such field";
+        return "no such field" + FieldHint(name, FieldsMeant::inputs);
     }
     const bool selfweightrow = ref->field->shape == FieldShape::array && ref->index == 0;
     if (ref->field->role != FieldRole::input || selfweightrow) {
         return "not an input of the project";
     }
-    target = {*ref, FindChoice(ref->field->name), BoxOfField(ref->field->name)};
+    const std::string_view field = ref->field->name;
+    target = {*ref, FindChoice(field), BoxOfField(field), TieOf(field)};
     return {};
 }
 

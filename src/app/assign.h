@@ -23,11 +23,29 @@ enum class Assignment { checked, raw };
 std::string AssignField(const Library& library, ProjectState& s, std::string_view name,
                         std::string_view text, Assignment how);
 
+// Fields that choices of other fields change (app/assign_run), and those choices.
+enum Tie : unsigned {
+    kTieNone = 0,
+    kTieSupport = 1U << 0U,
+    kTieCaseY = 1U << 1U,
+    kTieCaseZ = 1U << 2U,
+    kTieLy = 1U << 3U,
+    kTieLz = 1U << 4U,
+    kTieLtb = 1U << 5U,
+    kTieLtbCase = 1U << 6U,
+    kTieLtbK = 1U << 7U,
+    kTieRestraints = 1U << 8U,
+    kTieWebStiff = 1U << 9U,
+    kTieEndStiff = 1U << 10U,
+    kTieWebStiffA = 1U << 11U,
+};
+
 // A field that can be set, looked up once for many values.
 struct AssignTarget {
     FieldRef ref{};
     const Choice* choice = nullptr;
     const Box* box = nullptr;
+    Tie tie = kTieNone;
 };
 
 // The two halves of AssignField.

@@ -1,5 +1,6 @@
 #include "app/batch.h"
 
+#include "app/field_hint.h"
 #include "core/file_io.h"
 #include "core/project_file.h"
 #include "engine/calculate.h"
@@ -71,7 +72,6 @@ std::string_view ClauseOf(const ResultRow& row)
     return kDeflectionClause;
 }
 
-}  // namespace
 // Takes the name of a member off the front of an answer line: plain, or in quotes with every quote
 // doubled (CSV) or behind a backslash (JSON).
 bool TakeMember(std::string_view& line, bool csv, std::string& member)
@@ -96,6 +96,7 @@ bool TakeMember(std::string_view& line, bool csv, std::string& member)
     return false;
 }
 
+}  // namespace
 
 std::string_view VerdictWord(Verdict verdict)
 {
@@ -151,7 +152,7 @@ std::string AnswerForm::Choose(TableForm form, const std::vector<std::string>& n
         } else if (const std::optional<FieldRef> ref = ResolveField(name)) {
             item.ref = *ref;
         } else {
-            return name + ": no such field";
+            return name + ": no such field" + FieldHint(name, FieldsMeant::all);
         }
         items_.push_back(std::move(item));
     }

@@ -95,6 +95,7 @@ constexpr Choice kChoices[] = {
 };
 
 constexpr std::string_view kRow = "row.";
+constexpr std::string_view kGrade = "fykindex", kFamily = "family";
 constexpr std::string_view kClass = "p41.";
 
 // Place of "row.hea" among the tables.
@@ -103,6 +104,51 @@ std::size_t TablePlace(const Choice& choice)
     const auto is = [](const Choice& c) { return c.field.starts_with(kRow); };
     return static_cast<std::size_t>(&choice -
                                     std::find_if(std::begin(kChoices), std::end(kChoices), is));
+}
+
+Table TableOfRows(const Choice& choice)
+{
+    return static_cast<Table>(TablePlace(choice));
+}
+
+// Highest value that is offered; of the families the last in number.
+int Highest(const Library& library, const Choice& choice)
+{
+    if (choice.field == kGrade) {
+        return static_cast<int>(library.materials.size()) - 1;
+    }
+    return choice.field.starts_with(kRow) ? RowCount(TableOfRows(choice)) - 1 : choice.highest;
+}
+
+// The first family whose rows stand in this table.
+std::string FamilyOf(Table table)
+{
+    const auto families = Families();
+    const auto at = std::find_if(families.begin(), families.end(), [table](const auto& info) {
+        return std::find(info.tables.begin(), info.tables.end(), table) != info.tables.end();
+    });
+    return at != families.end() ? std::to_string(at->id) : std::string{};
+}
+
+char Plain(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// Alike but for blanks and capitals.
+bool SameName(std::string_view a, std::string_view b)
+{
+    std::size_t i = 0, j = 0;
+    for (;; ++i, ++j) {
+        i = std::min(a.find_first_not_of(' ', i), a.size());
+        j = std::min(b.find_first_not_of(' ', j), b.size());
+        if (i == a.size() || j == b.size()) {
+            return i == a.size() && j == b.size();
+        }
+        if (Plain(a[i]) != Plain(b[j])) {
+            return false;
+        }
+    }
 }
 
 }  // namespace
@@ -119,18 +165,58 @@ bool Offers(const Library& library, const Choice& choice, int value)
     if (value < choice.lowest || value > choice.highest) {
         return false;
     }
-    if (choice.field == "fykindex") {
-        return static_cast<std::size_t>(value) < library.materials.size();
-    }
-    if (choice.field == "family") {
+    if (choice.field == kFamily) {
         const auto families = Families();
         return std::any_of(families.begin(), families.end(),
                            [&](const FamilyInfo& info) { return info.id == value; });
     }
-    if (choice.field.starts_with(kRow)) {
-        return value < RowCount(static_cast<Table>(TablePlace(choice)));
+    if (value > Highest(library, choice)) {
+        return false;
     }
     return !choice.field.starts_with(kClass) || value != 2;  // class 1-2 or class 3
+}
+
+std::optional<Table> TableOfField(std::string_view field)
+{
+    const Choice* const choice = field.starts_with(kRow) ? FindChoice(field) : nullptr;
+    return choice != nullptr ? std::optional(TableOfRows(*choice)) : std::nullopt;
+}
+
+std::string Offered(const Library& library, const Choice& choice)
+{
+    if (choice.field == kFamily) {
+        return "of `kestrum sections`";
+    }
+    if (choice.field.starts_with(kClass)) {
+        return "(1 or 3)";
+    }
+    std::string text =
+        "(" + std::to_string(choice.lowest) + " to " + std::to_string(Highest(library, choice));
+    if (choice.field.starts_with(kRow)) {
+        text += ", see `kestrum sections " + FamilyOf(TableOfRows(choice)) + "`";
+    }
+    return text + ")";
+}
+
+bool Named(const Choice& choice)
+{
+    return choice.field.starts_with(kRow) || choice.field == kGrade;
+}
+
+std::optional<i16> ValueOfName(const Library& library, const Choice& choice, std::string_view name)
+{
+    if (!Named(choice)) {
+        return std::nullopt;
+    }
+    const bool row = choice.field.starts_with(kRow);
+    for (int value = 0; value <= Highest(library, choice); ++value) {
+        const std::string listed = row ? RowName(library, TableOfRows(choice), value)
+                                       : library.materials[static_cast<std::size_t>(value)].name;
+        if (!listed.empty() && SameName(listed, name)) {
+            return static_cast<i16>(value);
+        }
+    }
+    return std::nullopt;
 }
 
 }  // namespace kestrum

@@ -7,31 +7,13 @@
 #include "core/material.h"
 #include "service/vortex.h"
 
-#include <array>
-
 namespace kestrum {
 
 namespace {
 
-// Length factors of the pictures 1 to 5; the last one means no buckling and opens the box.
-constexpr std::array<float, 6> kBucklingFactor{0, 2.0F, 1.0F, 0.7F, 0.5F, 0.001F};
-constexpr int kOwnFactor = 5;
-
-// Length factors of lateral torsional buckling by ltbcase; 5 comes from files only.
-constexpr std::array<float, 6> kLateralFactor{0, 2.0F, 1.0F, 0.7F, 0.5F, 1.0F};
-constexpr float kLateralOff = 0.001F;
-
 i16 Number(int value)
 {
     return static_cast<i16>(value);
-}
-
-void ResetBucklingCase(i16& chosen, float& factor)
-{
-    if (chosen < kOwnFactor) {
-        chosen = 2;
-        factor = 1.0F;
-    }
 }
 
 void TellLoadCheck(Session& session)
@@ -58,8 +40,7 @@ void ChooseSupport(Session& session, int supportcase)
 {
     ProjectState& s = session.edit();
     s.supportcase = Number(supportcase);
-    ResetBucklingCase(s.bucklingcasey, s.ly);
-    ResetBucklingCase(s.bucklingcasez, s.lz);
+    FollowSupport(s);
     TellLoadCheck(session);
     session.Calculate();
 }
@@ -72,9 +53,8 @@ bool SpringShown(const ProjectState& s)
 void ChooseBucklingCase(Session& session, Axis axis, int choice)
 {
     ProjectState& s = session.edit();
-    const float factor = kBucklingFactor.at(static_cast<std::size_t>(choice));
     (axis == Axis::y ? s.bucklingcasey : s.bucklingcasez) = Number(choice);
-    (axis == Axis::y ? s.ly : s.lz) = factor;
+    FollowBucklingCase(s, axis);
     session.Calculate();
 }
 
@@ -138,12 +118,7 @@ void TickLateralBuckling(Session& session, bool on)
 {
     ProjectState& s = session.edit();
     s.ltb = on ? 1 : 0;
-    if (!on) {
-        s.restraints = 0;
-        s.ltbk = kLateralOff;
-    } else if (s.ltbcase >= 1 && s.ltbcase <= 5) {
-        s.ltbk = kLateralFactor[static_cast<std::size_t>(s.ltbcase)];
-    }
+    FollowLateralTick(s);
     session.Calculate();
 }
 
@@ -151,7 +126,7 @@ void ChooseLateralCase(Session& session, int ltbcase)
 {
     ProjectState& s = session.edit();
     s.ltbcase = Number(ltbcase);
-    s.ltbk = kLateralFactor.at(static_cast<std::size_t>(ltbcase));
+    FollowLateralCase(s);
     session.Calculate();
 }
 
@@ -244,11 +219,7 @@ void ChooseWebStiffeners(Session& session, int webstiff)
 {
     ProjectState& s = session.edit();
     s.webstiff = Number(webstiff);
-    if (webstiff == 0) {
-        s.webstiffa = LengthInMm(s);
-    } else {
-        s.endstiff = 1;  // stiffeners make a rigid end post
-    }
+    FollowWebStiffeners(s);
     session.Calculate();
 }
 

@@ -4,11 +4,10 @@
 // torsional buckling, material, check points, end supports, vortex shedding, modal analysis. Each
 // stores the choice, does what goes with it and recalculates, as the control of that name does.
 
+#include "app/consequences.h"
 #include "app/session.h"
 
 namespace kestrum {
-
-enum class Axis : std::uint8_t { y, z };
 
 void SetProjectName(Session& session, std::string_view text);  // iproj; no recalculation
 void SetIdent(Session& session, std::string_view text);        // iident; no recalculation

@@ -1,5 +1,6 @@
 #include "app/member_table.h"
 
+#include "app/assign_run.h"
 #include "core/annexes.h"
 #include "core/load_combination.h"
 
@@ -101,12 +102,12 @@ std::string Told(std::string_view name, std::string_view what)
 
 // What the reader of a project file settles behind its last field, so that a member of a table is
 // that of its file. Returns the reason of a refusal, or nothing.
-std::string Settle(const Library& library, ProjectState& s, const Steel& before, Assignment how)
+std::string Settle(ProjectState& s, AssignRun& run)
 {
-    FollowGrade(library, s, before);
+    const Refused refused = run.Finish();
     ApplyAnnexMaterial(s, s.annexindex);
     ApplyAnnexLoads(s, s.annexindex);
-    return how == Assignment::checked ? MisplacedLoad(s) : std::string{};
+    return refused.Told();
 }
 
 void AppendUtf8(std::string& out, unsigned code)
@@ -134,10 +135,7 @@ void AppendUtf8(std::string& out, unsigned code)
 // One JSON object whose values are no objects.
 class JsonLine {
 public:
-    JsonLine(const Library& library, ProjectState& s, std::string_view line, Assignment how)
-        : library_(library), s_(s), rest_(line), how_(how)
-    {
-    }
+    JsonLine(AssignRun& run, std::string_view line) : run_(run), rest_(line) {}
 
     std::string Apply()
     {
@@ -231,7 +229,11 @@ private:
         if (!fault_.empty() || skipped) {
             return;
         }
-        const std::string refusal = AssignField(library_, s_, name, value_, how_);
+        AssignTarget target;
+        std::string refusal = FindTarget(name, target);
+        if (refusal.empty()) {
+            refusal = run_.Assign(target, value_);
+        }
         if (!refusal.empty()) {
             fault_ = Told(name, refusal);
         }
@@ -302,10 +304,8 @@ private:
         return true;
     }
 
-    const Library& library_;
-    ProjectState& s_;
+    AssignRun& run_;
     std::string_view rest_;
-    Assignment how_;
     std::string name_, value_, fault_;
 };
 
@@ -351,7 +351,7 @@ std::string MemberColumns::TakeHeader(std::string_view line)
 std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::string_view line,
                                  Assignment how) const
 {
-    const Steel before = SteelOf(s);
+    AssignRun run(library, s, how);
     CellReader cells(line, separator_);
     std::size_t count = 0;
     for (; cells.Next(); ++count) {
@@ -364,7 +364,7 @@ std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::s
         if (cell.empty()) {
             continue;
         }
-        const std::string refusal = AssignTo(library, s, column.target, cell, how);
+        const std::string refusal = run.Assign(column.target, cell);
         if (!refusal.empty()) {
             return Told(column.name, refusal);
         }
@@ -375,7 +375,7 @@ std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::s
     if (count < columns_.size()) {
         return "fewer cells than columns";
     }
-    return Settle(library, s, before, how);
+    return Settle(s, run);
 }
 
 std::vector<std::string> MemberColumns::Overruled(const Library& library,
@@ -394,9 +394,9 @@ std::vector<std::string> MemberColumns::Overruled(const Library& library,
 std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_view line,
                           Assignment how)
 {
-    const Steel before = SteelOf(s);
-    const std::string fault = JsonLine(library, s, line, how).Apply();
-    return fault.empty() ? Settle(library, s, before, how) : fault;
+    AssignRun run(library, s, how);
+    const std::string fault = JsonLine(run, line).Apply();
+    return fault.empty() ? Settle(s, run) : fault;
 }
 
 void AppendCell(std::string& out, std::string_view text)

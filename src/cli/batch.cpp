@@ -136,6 +136,8 @@ int Batch(const Options& options, const BatchArguments& arguments)
     BatchOutput output(arguments.out);
     const std::size_t earlier = arguments.resume ? output.TakeUp(form, tally) : 0;
     BatchInput input(arguments.inputs, earlier);
+    input.Spare(arguments.out);
+    SpareInput(arguments.out, arguments.base);
     output.Open(form);
 
     const Assignment how = arguments.raw ? Assignment::raw : Assignment::checked;
@@ -154,8 +156,8 @@ int Batch(const Options& options, const BatchArguments& arguments)
                     tally.Add(chunk.tally);
                     progress.Show(tally.Members() - earlier, input.taken(), input.whole());
                 });
-    output.Finish();
     }
+    output.Finish();
     if (!arguments.quiet) {
         std::cerr << tally.Summary();
     }

@@ -101,6 +101,17 @@ void BatchInput::AddInput(const std::string& name)
     }
 }
 
+void BatchInput::Spare(const std::string& out) const
+{
+    std::error_code ignored;
+    if (!fs::exists(out, ignored)) {
+        return;
+    }
+    for (const Input& input : inputs_) {
+        SpareInput(out, input.name);
+    }
+}
+
 void BatchInput::Fault(const std::string& name, const std::string& what)
 {
     Complain(name + ": " + what);

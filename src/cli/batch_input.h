@@ -23,6 +23,9 @@ public:
     // The next members; false behind the last. What cannot be read is told, counted and left out.
     bool Next(BatchChunk& chunk);
 
+    // Throws BadInput when the answers would be written over an input.
+    void Spare(const std::string& out) const;
+
     bool faulty() const { return faulty_; }
     std::uintmax_t taken() const { return taken_; }  // bytes read so far; of files their number
     std::uintmax_t whole() const { return whole_; }  // of how many; 0 when nobody knows

@@ -99,6 +99,14 @@ bool ControlVortices(ProjectState& s)
     return true;
 }
 
+void SpareInput(const std::string& out, const std::string& input)
+{
+    std::error_code fault;
+    if (out != "-" && input != "-" && std::filesystem::equivalent(out, input, fault)) {
+        throw BadInput(out + ": would overwrite the input");
+    }
+}
+
 void Complain(const std::string& what)
 {
     std::cerr << "kestrum: " << what << "\n";
@@ -106,12 +114,9 @@ void Complain(const std::string& what)
 
 void Print(const std::string& text)
 {
+    errno = 0;
     std::cout.write(text.data(), static_cast<std::streamsize>(text.size()));
     std::cout.flush();
-}
-
-}  // namespace kestrum::cli
-    errno = 0;
     RequirePrinted();
 }
 
@@ -120,3 +125,6 @@ void RequirePrinted()
     if (!std::cout) {
         throw BadInput("standard output: " + std::generic_category().message(errno));
     }
+}
+
+}  // namespace kestrum::cli

@@ -39,6 +39,9 @@ ProjectState OpenProject(const Library& library, const std::string& file);
 // Writes the whole file or nothing; standard output without a name. Throws BadInput.
 void SaveProject(ProjectState& s, const std::string& file);
 
+// Throws BadInput when the output would be written over what is read.
+void SpareInput(const std::string& out, const std::string& input);
+
 // Vortex shedding: throws BadInput for a family that the control does not cover.
 void RequireVortexFamily(const ProjectState& s, const std::string& file);
 
@@ -50,6 +53,6 @@ void Complain(const std::string& what);
 
 // Standard output, whole. Throws BadInput when it does not take the text.
 void Print(const std::string& text);
+void RequirePrinted();  // what was printed by others
 
 }  // namespace kestrum::cli
-void RequirePrinted();  // what was printed by others

@@ -15,6 +15,7 @@ constexpr DrawingScale kScale{1.6, 7, 14};
 int Diagram(const Options& options, const DiagramArguments& arguments)
 {
     CheckDrawingName(arguments.out);
+    SpareInput(arguments.out, arguments.file);
     const Library library = LoadTables(options);
     ProjectState s = OpenProject(library, arguments.file);
     if (!Calculate(library, s)) {

@@ -1,8 +1,13 @@
 // New projects and changes of fields.
 
-#include "app/assign.h"
+#include "app/assign_run.h"
+#include "app/without_effect.h"
 #include "cli/commands.h"
 #include "engine/new_project.h"
+#include "report/state_json.h"
+
+#include <algorithm>
+#include <array>
 
 namespace kestrum::cli {
 
@@ -21,22 +26,47 @@ Change Split(const std::string& text)
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
+// Fields that may change with others.
+constexpr std::array<std::string_view, 9> kBrought = {
+    "bucklingcasey", "ly",        "bucklingcasez", "lz",      "ltbk",
+    "restraints",    "webstiffa", "endstiff",      "p27.istc"};
+
+void TellBrought(const ProjectState& before, const ProjectState& s,
+                 const std::vector<Change>& changes)
+{
+    for (const std::string_view name : kBrought) {
+        const Field& field = *FindField(name);
+        const bool named = std::any_of(changes.begin(), changes.end(),
+                                       [name](const Change& c) { return c.name == name; });
+        if (!named && NumberOf(s, field) != NumberOf(before, field)) {
+            const auto value = static_cast<float>(NumberOf(s, field));
+            Complain(std::string(name) + ": set to " + JsonNumber(value) + " as well");
+        }
+    }
+}
+
 void Apply(const Library& library, ProjectState& s, const std::vector<Change>& changes, bool raw)
 {
-    const Steel before = SteelOf(s);
+    const ProjectState before = s;
+    AssignRun run(library, s, raw ? Assignment::raw : Assignment::checked);
     for (const Change& change : changes) {
-        const std::string refusal = AssignField(library, s, change.name, change.value,
-                                                raw ? Assignment::raw : Assignment::checked);
+        AssignTarget target;
+        std::string refusal = FindTarget(change.name, target);
+        if (refusal.empty()) {
+            refusal = run.Assign(target, change.value);
+        }
         if (!refusal.empty()) {
             throw BadInput(change.name + "=" + change.value + ": " + refusal);
         }
     }
-    FollowGrade(library, s, before);
-    if (const std::string misplaced = MisplacedLoad(s); !raw && !misplaced.empty()) {
-        throw BadInput(misplaced);
+    if (const Refused refused = run.Finish(); !refused.empty()) {
+        throw BadInput(refused.name.empty()
+                           ? refused.what
+                           : refused.name + "=" + refused.text + ": " + refused.what);
     }
+    TellBrought(before, s, changes);
     for (const Change& change : changes) {
-        const std::string other = OverruledBy(library, s, change.name);
+        const std::string other = WithoutEffect(library, s, change.name);
         if (!other.empty()) {
             Complain(change.name + ": without effect, " + other);
         }

@@ -45,6 +45,7 @@ PrintStamp Now()
 int Report(const Options& options, const ReportArguments& arguments)
 {
     CheckDrawingName(arguments.out);
+    SpareInput(arguments.out, arguments.file);
     const Library library = LoadTables(options);
     ProjectState s = OpenProject(library, arguments.file);
     if (FindRoutines(s.family) == nullptr) {

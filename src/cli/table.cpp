@@ -51,6 +51,7 @@ int DetailedTable(const Options& options, const TableArguments& arguments)
     if (!arguments.out.empty() && ending != ".xlsx" && ending != ".csv") {
         throw BadInput(arguments.out + ": the name has to end in .xlsx or .csv");
     }
+    SpareInput(arguments.out, arguments.file);
     const Library library = LoadTables(options);
     ProjectState s = OpenProject(library, arguments.file);
     if (FindRoutines(s.family) == nullptr) {

@@ -3,6 +3,8 @@
 #include "app/choices.h"
 #include "core/annexes.h"
 #include "core/field_table.h"
+#include "sections/family_table.h"
+#include "support/member.h"
 
 #include <gtest/gtest.h>
 
@@ -62,6 +64,54 @@ TEST(Assign, GoesThroughTheListOfTheField)
     EXPECT_NE(Set(s, "p41.opn", "2"), "");
     EXPECT_EQ(Set(s, "psi1index", "6"), "");
     EXPECT_EQ(s.psi1, 0.7f);
+}
+
+TEST(Assign, TakesProfilesAndSteelsByName)
+{
+    ProjectState s{};
+    EXPECT_EQ(Set(s, "fykindex", "s355"), "");
+    EXPECT_EQ(s.fykindex, 1);
+    EXPECT_EQ(Set(s, "fykindex", "S460"), "no such name in the list (0 to 2)");
+    EXPECT_EQ(SetRaw(s, "fykindex", "S235"), "");
+    EXPECT_EQ(s.fykindex, 0);
+    const auto set = [&s](const char* name, const char* text) {
+        return AssignField(DeliveredTables(), s, name, text, Assignment::checked);
+    };
+    for (const char* name : {"IPE 400", "IPE400", " ipe  400 "}) {
+        s.row[static_cast<std::size_t>(Table::ipe)] = 0;
+        EXPECT_EQ(set("row.ipe", name), "") << name;
+        EXPECT_EQ(s.row[static_cast<std::size_t>(Table::ipe)], 13) << name;  // 80, 100 .. 400
+    }
+    EXPECT_EQ(set("row.ipe", "IPE 401"),
+              "no such name in the list (0 to 17, see `kestrum sections 4`)");
+    EXPECT_EQ(set("row.ipe", "HEA 200"),
+              "no such name in the list (0 to 17, see `kestrum sections 4`)");
+    EXPECT_EQ(set("row.ipe", "99"), "not in the list (0 to 17, see `kestrum sections 4`)");
+    EXPECT_EQ(set("row.uc", "UC 203x203x46"), "");
+    EXPECT_EQ(RowName(DeliveredTables(), Table::uc, s.row[static_cast<std::size_t>(Table::uc)]),
+              "UC 203x203x46");
+}
+
+// A name stands for one row: each, as it is listed, gives that row back.
+TEST(Assign, EveryProfileIsFoundByItsName)
+{
+    for (const Field& field : AllFields()) {
+        const std::optional<Table> table = TableOfField(field.name);
+        for (int row = 0; table && row < RowCount(*table); ++row) {
+            const std::string name = RowName(DeliveredTables(), *table, row);
+            EXPECT_EQ(ValueOfName(DeliveredTables(), *FindChoice(field.name), name), row) << name;
+        }
+    }
+}
+
+TEST(Assign, TellsWhatAListOffers)
+{
+    ProjectState s{};
+    EXPECT_EQ(Set(s, "supportcase", "7"), "not in the list (0 to 5)");
+    EXPECT_EQ(Set(s, "family", "99"), "not in the list of `kestrum sections`");
+    EXPECT_EQ(Set(s, "p41.opn", "2"), "not in the list (1 or 3)");
+    EXPECT_EQ(Set(s, "annexcode", "no"),
+              "no such annex; there are EU, NO, SW, DK, UK, FI, GE, NK and UD");
 }
 
 TEST(Assign, ListsHoldOnlyInputs)

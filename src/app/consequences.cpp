@@ -1,0 +1,70 @@
+#include "app/consequences.h"
+
+#include "analysis/load_model.h"
+
+#include <array>
+#include <cstddef>
+
+namespace kestrum {
+
+namespace {
+
+// Length factors of the pictures 1 to 5; the last one means no buckling and opens the box.
+constexpr std::array<float, 6> kBucklingFactor{0, 2.0F, 1.0F, 0.7F, 0.5F, kNoBuckling};
+constexpr i16 kPinnedCase = 2;
+
+// Length factors of lateral torsional buckling by ltbcase; 5 comes from files only.
+constexpr std::array<float, 6> kLateralFactor{0, 2.0F, 1.0F, 0.7F, 0.5F, 1.0F};
+
+void ResetBucklingCase(i16& chosen, float& factor)
+{
+    if (chosen < kOwnFactor) {
+        chosen = kPinnedCase;
+        factor = BucklingFactor(kPinnedCase);
+    }
+}
+
+}  // namespace
+
+float BucklingFactor(int bucklingcase)
+{
+    return kBucklingFactor.at(static_cast<std::size_t>(bucklingcase));
+}
+
+void FollowSupport(ProjectState& s)
+{
+    ResetBucklingCase(s.bucklingcasey, s.ly);
+    ResetBucklingCase(s.bucklingcasez, s.lz);
+}
+
+void FollowBucklingCase(ProjectState& s, Axis axis)
+{
+    (axis == Axis::y ? s.ly : s.lz) =
+        BucklingFactor(axis == Axis::y ? s.bucklingcasey : s.bucklingcasez);
+}
+
+void FollowLateralTick(ProjectState& s)
+{
+    if (s.ltb == 0) {
+        s.restraints = 0;
+        s.ltbk = kNoBuckling;
+    } else if (s.ltbcase >= 1 && s.ltbcase <= 5) {
+        FollowLateralCase(s);
+    }
+}
+
+void FollowLateralCase(ProjectState& s)
+{
+    s.ltbk = kLateralFactor.at(static_cast<std::size_t>(s.ltbcase));
+}
+
+void FollowWebStiffeners(ProjectState& s)
+{
+    if (s.webstiff == 0) {
+        s.webstiffa = LengthInMm(s);
+    } else {
+        s.endstiff = 1;  // stiffeners make a rigid end post
+    }
+}
+
+}  // namespace kestrum

@@ -1,0 +1,39 @@
+#pragma once
+
+// Help for a field name that does not exist.
+
+#include <string>
+#include <string_view>
+
+namespace kestrum {
+
+enum class FieldsMeant { inputs, all };
+
+// What may be meant, as the end of a sentence: "; did you mean family?". Empty when nothing comes
+// near.
+std::string FieldHint(std::string_view name, FieldsMeant meant);
+
+// The word of a list that is nearest to a mistyped one, or nothing. Capitals do not count.
+template <class Words> std::string_view Nearest(std::string_view typed, const Words& words);
+
+// How many letters stand wrong, are missing, too many or exchanged with their neighbour.
+std::size_t Distance(std::string_view a, std::string_view b);
+
+// Whether a distance is small enough for a slip of the fingers.
+bool Near(std::string_view typed, std::size_t distance);
+
+template <class Words> std::string_view Nearest(std::string_view typed, const Words& words)
+{
+    std::string_view best;
+    std::size_t least = typed.size() + 1;
+    for (const std::string_view word : words) {
+        const std::size_t distance = Distance(typed, word);
+        if (Near(typed, distance) && distance < least) {
+            least = distance;
+            best = word;
+        }
+    }
+    return best;
+}
+
+}  // namespace kestrum
