@@ -19,6 +19,10 @@ struct FileFault {
     std::string what;  // `field l: expected a number, found "abc"`
 };
 
+// Whether the bytes are UTF-8; what is not is taken as Windows-1252.
+bool IsUtf8(std::string_view text);
+std::string AsUtf8(std::string_view text);
+
 // "FILE:LINE: what"
 std::string FaultText(const std::string& file, const FileFault& fault);
 

@@ -1,6 +1,7 @@
 #include "report/state_json.h"
 
 #include "core/field_table.h"
+#include "core/file_notation.h"
 #include "core/load_combination.h"
 #include "core/row_text.h"
 #include "report/design_notes.h"
@@ -98,6 +99,9 @@ void AddTexts(Members& members, const ProjectState& s)
 
 std::string JsonText(std::string_view text)
 {
+    if (!IsUtf8(text)) {
+        return JsonText(AsUtf8(text));
+    }
     constexpr std::string_view kHex = "0123456789abcdef";
     std::string out = "\"";
     for (const char c : text) {

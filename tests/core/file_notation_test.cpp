@@ -324,6 +324,19 @@ TEST(ValueReader, KeepsUtf8)
     }
 }
 
+// RFC 3629: no surrogates, no longer forms of a character, nothing beyond U+10FFFF.
+TEST(IsUtf8, TakesCharactersInTheirOneForm)
+{
+    for (const char* text : {"", "plain", "\xC2\x80", "\xE0\xA0\x80", "\xED\x9F\xBF",
+                             "\xEE\x80\x80", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+        EXPECT_TRUE(IsUtf8(text)) << text;
+    }
+    for (const char* text : {"\x80", "\xC1\xBF", "\xC3", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xE2\x82",
+                             "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF"}) {
+        EXPECT_FALSE(IsUtf8(text)) << text;
+    }
+}
+
 TEST(ValueReader, TakesOtherBytesAsWindows1252)
 {
     struct Case {
