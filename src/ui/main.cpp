@@ -1,9 +1,9 @@
 // The desktop program `kestrum-ec3`.
 
+#include "app/platform.h"
 #include "core/version.h"
 #include "sections/load_library.h"
 #include "ui/main_window.h"
-#include "ui/places.h"
 #include "ui/qt_surroundings.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -59,7 +59,7 @@ int main(int argc, char** argv)
     QtSurroundings surroundings;
     Session session(library, surroundings, DecimalComma(QLocale()));
     session.curdir = FromQt(QDir::currentPath());
-    Desk desk{session, settings, FromQt(ManualFolder())};
+    Desk desk{session, settings, ManualFolder(FromQt(QCoreApplication::applicationDirPath()))};
     MainWindow window(desk);
     surroundings.SetWindow(&window);
     application.open_file = [&window](const QString& path) { window.OpenProject(path); };

@@ -1,0 +1,52 @@
+#include "app/platform.h"
+
+namespace kestrum {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+std::string_view Trimmed(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    return first == std::string_view::npos
+               ? std::string_view{}
+               : text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+}
+
+std::string_view Parent(std::string_view folder)
+{
+    while (folder.size() > 1 && folder.ends_with('/')) {
+        folder.remove_suffix(1);
+    }
+    return folder.substr(0, folder.find_last_of('/') + 1);  // with its separator
+}
+
+}  // namespace
+
+std::string_view BehindProgramName(std::string_view commandline)
+{
+    const std::string_view line = Trimmed(commandline);
+    std::size_t end = std::string_view::npos;
+    if (line.starts_with('"')) {
+        const std::size_t quote = line.find('"', 1);
+        end = quote == std::string_view::npos ? line.size() : quote + 1;
+    } else {
+        end = line.find_first_of(kBlanks);
+    }
+    return end < line.size() ? Trimmed(line.substr(end)) : std::string_view{};
+}
+
+std::string ManualFolder(std::string_view folder, Platform platform)
+{
+    switch (platform) {
+    case Platform::windows:
+        return std::string(folder) + "\\Help\\";
+    case Platform::macos:
+        return std::string(Parent(folder)) + "Resources/Help/";
+    default:
+        return std::string(Parent(folder)) + "share/doc/kestrum-ec3/";
+    }
+}
+
+}  // namespace kestrum
