@@ -1,32 +1,87 @@
+#include "app/field_hint.h"
 #include "cli/commands.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <iostream>
-#include <map>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
 using namespace kestrum::cli;
 
-using Formats = std::map<std::string, Format>;
+using Formats = std::vector<std::pair<std::string, Format>>;
 const Formats kTextAndJson{{"text", Format::text}, {"json", Format::json}};
 const Formats kAllFormats{{"text", Format::text}, {"json", Format::json}, {"csv", Format::csv}};
 const Formats kTableFormats{{"csv", Format::csv}, {"json", Format::json}, {"ndjson", Format::json}};
 
 void AddFormat(CLI::App& command, Options& options, const Formats& formats)
 {
-    command.add_option("--format", options.format, "form of the answer")
-        ->transform(CLI::CheckedTransformer(formats));
+    std::string names;
+    for (const auto& [name, format] : formats) {
+        names += (names.empty() ? "" : "|") + name;
+    }
+    const auto choose = [&options, &formats, names](const std::string& wanted) {
+        const auto at = std::find_if(formats.begin(), formats.end(),
+                                     [&](const auto& form) { return form.first == wanted; });
+        if (at == formats.end()) {
+            throw CLI::ValidationError("--format", wanted + " is none of " + names);
+        }
+        options.format = at->second;
+    };
+    command.add_option_function<std::string>("--format", choose, "form of the answer")
+        ->type_name(names);
     command.add_flag_callback(
         "--json", [&options] { options.format = Format::json; }, "short for --format json");
+}
+
+// A name of a file: an empty one is that of a shell variable without a value.
+CLI::Option* AddOutput(CLI::App& command, std::string& file, const std::string& meaning)
+{
+    return command.add_option("-o,--output", file, meaning)
+        ->type_name("FILE")
+        ->check(CLI::Validator(
+            [](const std::string& name) {
+                return name.empty() ? std::string("the name of the file is empty") : std::string();
+            },
+            ""));
+}
+
+// What CLI11 says of a wrong command line, and the command that may have been meant.
+std::string Failure(const CLI::App* app, const CLI::Error& error)
+{
+    constexpr std::array<std::string_view, 10> kCommands = {
+        "check", "dump", "new", "set", "sections", "vortex", "diagram", "table", "report", "batch"};
+    std::string what = error.what();
+    if (app->get_parent() == nullptr && app->get_subcommands().empty()) {
+        const std::vector<std::string> rest = app->remaining();
+        const auto word = std::find_if(rest.begin(), rest.end(),
+                                       [](const std::string& each) { return each[0] != '-'; });
+        if (word != rest.end()) {
+            const std::string_view near = kestrum::Nearest(*word, kCommands);
+            what = *word + ": no such command" +
+                   (near.empty() ? std::string() : "; did you mean " + std::string(near) + "?");
+        }
+    }
+    return "kestrum: " + what + "\nRun with --help for more information.\n";
 }
 
 int Run(int argc, char** argv)
 {
     CLI::App app{"Kestrum EC3: designs one steel member to EN 1993-1-1."};
     app.name("kestrum");
+    app.failure_message(Failure);
+    app.footer("Exit codes: 0 all ratios within their limits, 1 some ratio above, 2 bad input, 3 "
+               "calculation\n"
+               "error. `kestrum COMMAND --help` tells the options of a command; --data and --setup "
+               "go with each.\n"
+               "Names and meanings of the fields: docs/file-format.md; `kestrum dump --inputs "
+               "FILE` prints them.");
     app.set_version_flag("--version", "kestrum " KESTRUM_VERSION);
     app.require_subcommand(1);
     app.fallthrough();
@@ -63,7 +118,7 @@ int Run(int argc, char** argv)
     dump.callback([&] { exit = Dump(options, file, inputs); });
 
     CLI::App& create = *app.add_subcommand("new", "writes a default project");
-    create.add_option("-o,--output", fresh.out, "file to write; standard output without it");
+    AddOutput(create, fresh.out, "file to write; standard output without it");
     create.add_option("--family", fresh.family, "section family, as `kestrum sections` lists them");
     create.add_option("--set", fresh.set, "NAME=VALUE, through the limits of the input boxes");
     create.add_flag("--raw", fresh.raw, "stores the values unchecked");
@@ -74,7 +129,7 @@ int Run(int argc, char** argv)
     set.add_option("ASSIGNMENT", change.set,
                    "NAME=VALUE, fields by their canonical names: qload[2]=12.5")
         ->required();
-    set.add_option("-o,--output", change.out, "file to write; the file itself without it");
+    AddOutput(set, change.out, "file to write; the file itself without it");
     set.add_flag("--raw", change.raw, "stores the values unchecked");
     set.callback([&] { exit = Set(options, change); });
 
@@ -96,14 +151,14 @@ int Run(int argc, char** argv)
     diagram.add_option("--axis", picture.axis, "axis along which the loads act: z or y")
         ->check(CLI::IsMember({"z", "y"}))
         ->capture_default_str();
-    diagram.add_option("-o,--output", picture.out, "file to write: .svg, .png or .pdf")->required();
+    AddOutput(diagram, picture.out, "file to write: .svg, .png or .pdf")->required();
     diagram.callback([&] { exit = Diagram(options, picture); });
 
     CLI::App& detailed =
         *app.add_subcommand("table", "prints the intermediate values of the stability control");
     detailed.add_option("FILE", table.file, "project file, - for standard input")->required();
-    detailed.add_option("-o,--output", table.out,
-                        "file to write: .xlsx or .csv; text on standard output without it");
+    AddOutput(detailed, table.out,
+              "file to write: .xlsx or .csv; text on standard output without it");
     detailed.callback([&] { exit = DetailedTable(options, table); });
 
     CLI::App& printed = *app.add_subcommand("report", "writes a printed report, one page A4");
@@ -111,7 +166,7 @@ int Run(int argc, char** argv)
         ->required()
         ->check(CLI::IsMember({"control", "section", "vortex"}));
     printed.add_option("FILE", report.file, "project file, - for standard input")->required();
-    printed.add_option("-o,--output", report.out, "file to write: .pdf, .svg or .png")->required();
+    AddOutput(printed, report.out, "file to write: .pdf, .svg or .png")->required();
     printed.callback([&] { exit = Report(options, report); });
 
     CLI::App& batch = *app.add_subcommand(
@@ -121,7 +176,7 @@ int Run(int argc, char** argv)
                     "project files, folders of them, tables (.csv, .ndjson; one member a line, "
                     "columns by canonical names), - for a table on standard input")
         ->required();
-    batch.add_option("-o,--output", many.out, "file to write; standard output without it");
+    AddOutput(batch, many.out, "file to write; standard output without it");
     batch.add_option("--base", many.base, "project whose values hold where a table is silent");
     batch
         .add_option("--fields", many.fields,

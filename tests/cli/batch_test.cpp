@@ -88,6 +88,45 @@ TEST_F(Batch, RefusesUnknownColumnsAndResults)
     EXPECT_EQ(Kestrum("batch none.csv").exit, 2);
 }
 
+TEST_F(Batch, NeverWritesOverAnInput)
+{
+    const std::string table = "l,family\n5,1\n";
+    Write("t.csv", table);
+    std::filesystem::create_symlink("t.csv", Path("link.csv"));
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    const std::string project = Read("a.kst");
+    for (const char* arguments : {"t.csv -o t.csv", "t.csv -o ./t.csv", "t.csv -o link.csv",
+                                  "link.csv -o t.csv", "t.csv -o t.csv --resume", "a.kst -o a.kst",
+                                  ". -o a.kst", "t.csv --base a.kst -o a.kst"}) {
+        EXPECT_EQ(Kestrum(std::string("batch ") + arguments).exit, 2) << arguments;
+        EXPECT_EQ(Read("t.csv"), table) << arguments;
+        EXPECT_EQ(Read("a.kst"), project) << arguments;
+    }
+}
+
+// The default member is 5 m long; a load at 6 m stands on the member of its line.
+TEST_F(Batch, ColumnsStandInAnyOrder)
+{
+    Write("a.csv", "pmx[1],pm[1],l,row.ipe,family,ltb\n6,10,8,IPE 400,4,0\n");
+    Write("b.csv", "l,ltb,family,row.ipe,pm[1],pmx[1]\n8,0,4,13,10,6\n");
+    const Said a = Kestrum("batch a.csv --quiet --fields mymax,ltbk");
+    EXPECT_EQ(a.exit, 0) << a.err;
+    EXPECT_EQ(a.out, Kestrum("batch b.csv --quiet --fields mymax,ltbk").out);
+    EXPECT_TRUE(a.out.ends_with(",0.001\n")) << a.out;
+}
+
+TEST_F(Batch, TakesTheInputsOfADumpBack)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --set l=3 bucklingcasey=5").exit, 0);
+    ASSERT_EQ(Kestrum("dump a.kst --inputs | tr -d '\\n' >a.ndjson").exit, 0);
+    const Said said = Kestrum("batch a.ndjson --raw --quiet");
+    EXPECT_EQ(said.exit, 0) << said.err;
+    const auto answer = [](const std::string& out) {
+        return out.substr(out.find(',', out.find('\n')));
+    };
+    EXPECT_EQ(answer(said.out), answer(Kestrum("batch a.kst --quiet").out));
+}
+
 TEST_F(Batch, ReadsAndWritesNdjsonThroughPipes)
 {
     Write("t.ndjson", R"({"l": 5.5, "qload": [null, 10, 2, -3.5], "ident": "\u00e4 \"x\""}

@@ -45,6 +45,15 @@ TEST_F(Commands, BadUsageIsBadInput)
     }
 }
 
+TEST_F(Commands, AMistypedCommandIsNamed)
+{
+    EXPECT_THAT(Kestrum("chek a.kst").err,
+                StartsWith("kestrum: chek: no such command; did you mean check?\n"));
+    EXPECT_THAT(Kestrum("beam.kst").err, StartsWith("kestrum: beam.kst: no such command\n"));
+    EXPECT_THAT(Kestrum("check --format xml a.kst").err,
+                StartsWith("kestrum: --format: xml is none of text|json|csv\n"));
+}
+
 TEST_F(Commands, NewWritesTheDefaultProject)
 {
     ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
@@ -276,6 +285,82 @@ TEST_F(Commands, SetTellsWhatHasNoEffect)
     EXPECT_THAT(said.err, HasSubstr("gammam0: without effect, set by the national annex EU"));
     EXPECT_THAT(Kestrum("set a.kst annexcode=UD gammam0=1.3").err, IsEmpty());
     EXPECT_EQ(json::parse(Kestrum("dump a.kst").out)["gammam0"], 1.3);
+}
+
+TEST_F(Commands, SetNamesWhatMayBeMeant)
+{
+    WriteGood("a.kst");
+    EXPECT_EQ(Kestrum("set a.kst famly=4").err,
+              "kestrum: famly=4: no such field; did you mean family?\n");
+    EXPECT_EQ(Kestrum("set a.kst qload=4").err,
+              "kestrum: qload=4: no such field; the list is qload[1] to qload[4]\n");
+    EXPECT_EQ(Kestrum("set a.kst row.ipe=99").err,
+              "kestrum: row.ipe=99: not in the list (0 to 17, see `kestrum sections 4`)\n");
+    EXPECT_EQ(Kestrum("set a.kst l=5m").err,
+              "kestrum: l=5m: Input string mismatch (a number is expected, in m)\n");
+    EXPECT_EQ(Kestrum("set a.kst 'row.ipe=ipe 400' family=4").exit, 0);
+    EXPECT_EQ(json::parse(Kestrum("dump a.kst --inputs").out)["row.ipe"], 13);
+}
+
+TEST_F(Commands, SetTellsWhatItBringsAlong)
+{
+    WriteGood("a.kst");
+    const Said said = Kestrum("set a.kst bucklingcasez=1 webstiff=0");
+    EXPECT_EQ(said.exit, 0);
+    EXPECT_EQ(said.err, "kestrum: lz: set to 2 as well\nkestrum: webstiffa: set to 3000 as well\n");
+    EXPECT_THAT(Kestrum("set a.kst bucklingcasez=3 lz=0.7").err, IsEmpty());
+    EXPECT_EQ(Kestrum("set a.kst ne=5").err,
+              "kestrum: ne: without effect, the member has loads (loadmode 1)\n");
+}
+
+// The control that was switched off is the same when it is switched on again.
+TEST_F(Commands, LateralBucklingComesBackWhole)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --family 4 --set row.ipe=12 l=6").exit, 0);
+    const json before = json::parse(Kestrum("dump a.kst").out);
+    ASSERT_LT(before["xlt"], 0.9);
+    ASSERT_EQ(Kestrum("set a.kst ltb=0").exit, 0);
+    EXPECT_EQ(json::parse(Kestrum("dump a.kst").out)["xlt"], 1);
+    ASSERT_EQ(Kestrum("set a.kst ltb=1").exit, 0);
+    EXPECT_EQ(json::parse(Kestrum("dump a.kst").out)["xlt"], before["xlt"]);
+}
+
+TEST_F(Commands, AnOutputWithoutNameIsRefused)
+{
+    WriteGood("a.kst");
+    const std::string before = Read("a.kst");
+    for (const char* command : {"set a.kst l=4 -o ''", "new -o ''", "table a.kst -o ''",
+                                "diagram a.kst -o ''", "batch a.kst -o ''"}) {
+        const Said said = Kestrum(command);
+        EXPECT_EQ(said.exit, 2) << command;
+        EXPECT_THAT(said.out, IsEmpty()) << command;
+        EXPECT_THAT(said.err, HasSubstr("the name of the file is empty")) << command;
+    }
+    EXPECT_EQ(Read("a.kst"), before);
+}
+
+TEST_F(Commands, AnOutputNeverReplacesTheProject)
+{
+    WriteGood("a.kst");
+    const std::string before = Read("a.kst");
+    for (const std::string name : {"a.svg", "a.csv", "a.xlsx"}) {
+        std::filesystem::create_symlink("a.kst", Path(name));
+        const std::string command = name == "a.svg" ? "report control" : "table";
+        const Said said = Kestrum(command + " a.kst -o " + name);
+        EXPECT_EQ(said.exit, 2) << name;
+        EXPECT_EQ(said.err, "kestrum: " + name + ": would overwrite the input\n");
+        EXPECT_EQ(Read("a.kst"), before) << name;
+    }
+    EXPECT_EQ(Kestrum("diagram a.kst -o a.svg").exit, 2);
+    EXPECT_EQ(Read("a.kst"), before);
+}
+
+TEST_F(Commands, JsonIsUtf8WhateverTheFileIsCalled)
+{
+    const std::string name = "tr\xE4ger.kst";  // Windows-1252
+    WriteGood(name);
+    EXPECT_EQ(json::parse(Kestrum("check --json " + name).out)[0]["file"], "tr\xC3\xA4ger.kst");
+    EXPECT_EQ(json::parse(Kestrum("dump " + name).out)["filename"], "tr\xC3\xA4ger.kst");
 }
 
 TEST_F(Commands, SetRawStoresUnchecked)
