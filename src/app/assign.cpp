@@ -128,7 +128,7 @@ std::string AssignChoice(const Library& library, ProjectState& s, const FieldRef
                          const Choice& choice, std::string_view text, Assignment how)
 {
     std::optional<double> value = choice.truth ? TruthValue(text) : WholeNumber(text);
-    if (const auto named = ValueOfName(library, choice, text); !value && named) {
+    if (const auto named = value ? std::nullopt : ValueOfName(library, choice, text)) {
         value = *named;
     }
     if (!value && Named(choice)) {

@@ -98,8 +98,8 @@ std::size_t Distance(std::string_view a, std::string_view b)
                 continue;
             }
             const bool same = Small(a[i - 1]) == Small(b[j - 1]);
-            cost[i][j] = std::min({cost[i - 1][j] + 1, cost[i][j - 1] + 1,
-                                   cost[i - 1][j - 1] + (same ? 0U : 1U)});
+            cost[i][j] = std::min(
+                {cost[i - 1][j] + 1, cost[i][j - 1] + 1, cost[i - 1][j - 1] + (same ? 0U : 1U)});
             const bool crossed = i > 1 && j > 1 && Small(a[i - 1]) == Small(b[j - 2]) &&
                                  Small(a[i - 2]) == Small(b[j - 1]);
             if (crossed) {

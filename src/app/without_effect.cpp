@@ -145,8 +145,8 @@ std::string WithoutEffect(const Library& library, const ProjectState& s, std::st
     if (!other.empty() || !ref || ref->field->kind == FieldKind::literal) {
         return other;
     }
-    const bool load = Names(kRules[0].fields, ref->field->name) ||
-                      Names(kRules[1].fields, ref->field->name);
+    const bool load =
+        Names(kRules[0].fields, ref->field->name) || Names(kRules[1].fields, ref->field->name);
     if (load && NumberOf(s, *ref->field, ref->index) == 0) {
         return {};
     }

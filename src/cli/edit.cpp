@@ -23,7 +23,9 @@ Change Split(const std::string& text)
     if (equals == std::string::npos) {
         throw BadInput(text + ": expected NAME=VALUE");
     }
-    return {text.substr(0, equals), text.substr(equals + 1)};
+    const std::size_t first = std::min(text.find_first_not_of(' '), equals);
+    const std::size_t end = text.find_last_not_of(' ', equals == 0 ? 0 : equals - 1) + 1;
+    return {text.substr(first, std::max(first, end) - first), text.substr(equals + 1)};
 }
 
 // Fields that may change with others.

@@ -31,7 +31,7 @@ const FamilyInfo& Wanted(const std::string& family)
     const auto [rest, fault] = std::from_chars(family.data(), end, id);
     const FamilyInfo* const info = fault == std::errc{} && rest == end ? FindFamily(id) : nullptr;
     if (info == nullptr || info->input == SectionInput::none) {
-        throw BadInput(family + ": no such family");
+        throw BadInput(family + ": no such family; `kestrum sections` lists the numbers");
     }
     return *info;
 }

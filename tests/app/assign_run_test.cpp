@@ -102,14 +102,16 @@ TEST(AssignRun, FieldsOfTheRunStandInAnyOrder)
         EXPECT_FLOAT_EQ(s.ltbk, 0.8F) << lines;
         EXPECT_EQ(s.restraints, 3) << lines;
     }
-    for (const char* lines : {"supportcase=4 bucklingcasey=1 lz=1.8", "lz=1.8 bucklingcasey=1 supportcase=4"}) {
+    for (const char* lines :
+         {"supportcase=4 bucklingcasey=1 lz=1.8", "lz=1.8 bucklingcasey=1 supportcase=4"}) {
         const ProjectState s = After("", lines);
         EXPECT_EQ(s.bucklingcasey, 1) << lines;
         EXPECT_EQ(s.ly, 2.0F) << lines;
         EXPECT_EQ(s.bucklingcasez, 5) << lines;  // an own factor
         EXPECT_EQ(s.lz, 1.8F) << lines;
     }
-    for (const char* lines : {"webstiff=1 endstiff=0 webstiffa=900", "webstiffa=900 endstiff=0 webstiff=1"}) {
+    for (const char* lines :
+         {"webstiff=1 endstiff=0 webstiffa=900", "webstiffa=900 endstiff=0 webstiff=1"}) {
         const ProjectState s = After("", lines);
         EXPECT_EQ(s.endstiff, 0) << lines;
         EXPECT_EQ(s.webstiffa, 900) << lines;
@@ -135,7 +137,8 @@ TEST(AssignRun, TheSameCaseKeepsItsOwnFactor)
 TEST(AssignRun, RawValuesBringNothingAlong)
 {
     ProjectState s = MemberOf("");
-    EXPECT_EQ(SetAll(s, "ltb=0 bucklingcasey=1 supportcase=3 webstiff=1", Assignment::raw).what, "");
+    EXPECT_EQ(SetAll(s, "ltb=0 bucklingcasey=1 supportcase=3 webstiff=1", Assignment::raw).what,
+              "");
     EXPECT_EQ(s.ltbk, 1.0F);
     EXPECT_EQ(s.ly, 1.0F);
     EXPECT_EQ(s.endstiff, 0);

@@ -11,10 +11,10 @@ TEST(Distance, CountsSlipsWithoutCapitals)
 {
     EXPECT_EQ(Distance("family", "family"), 0U);
     EXPECT_EQ(Distance("Family", "family"), 0U);
-    EXPECT_EQ(Distance("famly", "family"), 1U);   // missing
-    EXPECT_EQ(Distance("ffamily", "family"), 1U); // too many
-    EXPECT_EQ(Distance("famuly", "family"), 1U);  // another
-    EXPECT_EQ(Distance("faimly", "family"), 1U);  // exchanged
+    EXPECT_EQ(Distance("famly", "family"), 1U);    // missing
+    EXPECT_EQ(Distance("ffamily", "family"), 1U);  // too many
+    EXPECT_EQ(Distance("famuly", "family"), 1U);   // another
+    EXPECT_EQ(Distance("faimly", "family"), 1U);   // exchanged
     EXPECT_EQ(Distance("", "ly"), 2U);
     EXPECT_EQ(Distance(std::string(100, 'x'), "l"), 24U);  // longer than any name
 }

@@ -300,6 +300,9 @@ TEST_F(Commands, SetNamesWhatMayBeMeant)
               "kestrum: l=5m: Input string mismatch (a number is expected, in m)\n");
     EXPECT_EQ(Kestrum("set a.kst 'row.ipe=ipe 400' family=4").exit, 0);
     EXPECT_EQ(json::parse(Kestrum("dump a.kst --inputs").out)["row.ipe"], 13);
+    EXPECT_EQ(Kestrum("set a.kst ' l = 4'").exit, 0);  // blanks around the equals sign
+    EXPECT_EQ(json::parse(Kestrum("dump a.kst --inputs").out)["l"], 4);
+    EXPECT_THAT(Kestrum("set a.kst ' =4'").err, HasSubstr("no such field"));
 }
 
 TEST_F(Commands, SetTellsWhatItBringsAlong)
