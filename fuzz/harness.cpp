@@ -307,13 +307,16 @@ void MemberTables(std::string_view bytes)
     Require(static_cast<std::size_t>(lines) == members, "a line of answer is lost");
     worker.Work(chunk);
     Require(chunk.out == first, "a second run answers otherwise");
+    Tally read;
     std::string_view rest = first;
     while (!rest.empty()) {
         std::string member;
         Verdict verdict{};
         double ir = 0;
         Require(answers.ReadBack(TakeLine(rest), member, verdict, ir), "an answer is not read");
+        read.Add(read.Members(), member, verdict, ir);
     }
+    Require(read.Summary() == chunk.tally.Summary(), "answers read back sum up otherwise");
 }
 
 void Members(std::string_view bytes)

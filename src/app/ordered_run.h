@@ -9,6 +9,7 @@
 #include <functional>
 #include <mutex>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace kestrum {
@@ -40,18 +41,26 @@ public:
     OrderedRun(const OrderedRun&) = delete;
     OrderedRun& operator=(const OrderedRun&) = delete;
 
-    // Fills pieces by `next` until it has no more and hands each finished one to `done`, both on
-    // the calling thread. An exception of a worker leaves from here.
+    // Fills pieces by `next` until it has no more, on the calling thread, and hands each finished
+    // one to `done`, on a thread of its own: what is finished does not wait for what is yet to
+    // come. An exception of either, or of a worker, leaves from here.
     void Run(const std::function<bool(Piece&)>& next, const std::function<void(Piece&)>& done)
     {
-        bool more = true;
-        while (more || handed_ < filled_) {
-            while (more && filled_ - handed_ < slots_.size()) {
-                more = Fill(next);
+        std::thread handing([this, &done] { HandOn(done); });
+        try {
+            while (Fill(next)) {
             }
-            if (handed_ < filled_) {
-                HandOn(done);
-            }
+        } catch (...) {
+            Stop(std::current_exception());
+        }
+        {
+            const std::lock_guard lock(mutex_);
+            ended_ = true;
+        }
+        finished_.notify_one();
+        handing.join();
+        if (failure_) {
+            std::rethrow_exception(failure_);
         }
     }
 
@@ -64,8 +73,16 @@ private:
 
     Slot& At(std::size_t number) { return slots_[number % slots_.size()]; }
 
+    // False when there is no more, or somebody failed.
     bool Fill(const std::function<bool(Piece&)>& next)
     {
+        {
+            std::unique_lock lock(mutex_);
+            room_.wait(lock, [this] { return failure_ || filled_ - handed_ < slots_.size(); });
+            if (failure_) {
+                return false;
+            }
+        }
         Slot& slot = At(filled_);  // nobody else looks at it before it is counted
         if (!next(slot.piece)) {
             return false;
@@ -81,16 +98,41 @@ private:
 
     void HandOn(const std::function<void(Piece&)>& done)
     {
-        Slot& slot = At(handed_);
+        std::unique_lock lock(mutex_);
+        for (;;) {
+            finished_.wait(lock, [this] {
+                return failure_ || (handed_ < filled_ ? At(handed_).finished : ended_);
+            });
+            if (failure_ || handed_ == filled_) {
+                return;
+            }
+            Slot& slot = At(handed_);
+            lock.unlock();
+            try {
+                if (slot.failure) {
+                    std::rethrow_exception(slot.failure);
+                }
+                done(slot.piece);
+            } catch (...) {
+                Stop(std::current_exception());
+                return;
+            }
+            lock.lock();
+            ++handed_;
+            room_.notify_one();
+        }
+    }
+
+    void Stop(std::exception_ptr failure)
+    {
         {
-            std::unique_lock lock(mutex_);
-            finished_.wait(lock, [&slot] { return slot.finished; });
+            const std::lock_guard lock(mutex_);
+            if (!failure_) {
+                failure_ = std::move(failure);
+            }
         }
-        if (slot.failure) {
-            std::rethrow_exception(slot.failure);
-        }
-        done(slot.piece);
-        ++handed_;
+        room_.notify_one();
+        finished_.notify_one();
     }
 
     void Labour(const Work& work)
@@ -117,11 +159,13 @@ private:
     std::vector<Slot> slots_;
     std::vector<std::thread> threads_;
     std::mutex mutex_;
-    std::condition_variable todo_, finished_;
-    std::size_t filled_ = 0;  // pieces put in
+    std::condition_variable todo_, finished_, room_;
+    std::size_t filled_ = 0;  // pieces put in; changed by the calling thread alone
     std::size_t taken_ = 0;   // pieces that a thread has begun
-    std::size_t handed_ = 0;  // pieces handed on; the calling thread's own
+    std::size_t handed_ = 0;  // pieces handed on
+    bool ended_ = false;      // no more will be filled
     bool closed_ = false;
+    std::exception_ptr failure_ = nullptr;  // the first; everything stops
 };
 
 }  // namespace kestrum

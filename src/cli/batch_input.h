@@ -6,6 +6,7 @@
 #include "app/batch.h"
 #include "cli/context.h"
 
+#include <atomic>
 #include <cstdint>
 #include <cstdio>
 #include <deque>
@@ -57,7 +58,8 @@ private:
     std::size_t skip_;
     bool several_ = false;
     bool faulty_ = false;
-    std::uintmax_t taken_ = 0, whole_ = 0;
+    std::atomic<std::uintmax_t> taken_ = 0;  // another thread shows it
+    std::uintmax_t whole_ = 0;
     std::size_t place_ = 0;
 
     // The table in hand.

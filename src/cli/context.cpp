@@ -109,7 +109,7 @@ void SpareInput(const std::string& out, const std::string& input)
 
 void Complain(const std::string& what)
 {
-    std::cerr << "kestrum: " << what << "\n";
+    std::cerr << "kestrum: " + what + "\n";  // at once: lines of two threads stay whole
 }
 
 void Print(const std::string& text)
