@@ -26,7 +26,7 @@ constexpr std::array<Annex, kAnnexes> kTable{{
     {"DK", "EC3 + NA/Denmark", 1.1, 1.2, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75, "Consequences Class"},
     {"UK", "EC3 + NA/United Kingdom", 1.0, 1.0, 1.0, 1.0, 0.4, 0.75, 0.2, 1.0},
     {"FI", "EC3 + NA/Finland", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.2, 1.0, "Reliability Class"},
-    {"GE", "EC3 + NA/German", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},
+    {"GE", "EC3 + NA/German", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},  // D24
     {"NK", "EC3 + NORSOK", 1.15, 1.15, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},
     {"UD", "EC3 - User defined", 0, 0, 0, 0, 0, 0, 0, 0},
 }};

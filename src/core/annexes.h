@@ -3,6 +3,8 @@
 // National annexes to EN 1993-1-1: codes, names, and the parameters each of them sets (partial
 // factors 6.1 (1), shear area factor EN 1993-1-5, 5.1 (2), lateral torsional buckling curve 6.3.2.3
 // (1)). The load factors of the annexes to EN 1990 stand in core/load_combination.
+//
+// Deviation D24: the German annex takes gammaM1 1.0; DIN EN 1993-1-1/NA gives 1.1 for 6.1 (1).
 
 #include "core/project_state.h"
 

@@ -213,6 +213,11 @@ constexpr NoteRule kGeneral[] = {
      },
      "Eq 6.10 takes the permanent loads with 1.1 in this annex; EN 1990, Table A1.2(B) gives "
      "1.35."},
+    {"D24",
+     [](const ProjectState& s) {
+         return s.annexindex == kAnnexGe && (s.maxirbuckling > 0 || WebBucklesInShear(s));
+     },
+     "The partial factor gammaM1 is 1.0 in this annex; DIN EN 1993-1-1/NA gives 1.1."},
     {"D26",
      [](const ProjectState& s) {
          return s.loadmode == 1 && s.annexindex == kAnnexUd && StrengthCombination(s) == kEq610a;

@@ -27,6 +27,15 @@ const AnnexCase kAnnexCases[] = {
     {"NK", "EC3 + NORSOK", 1.15, 1.15, 1.2, 1.0, 0.4, 0.75},
 };
 
+// DIN EN 1993-1-1/NA gives 1.1 for members whose instability is checked.
+TEST(Annexes, D24GermanPartialFactorOfInstabilityIs1_0)
+{
+    ProjectState s{};
+    s.fyk = 355;
+    ApplyAnnexMaterial(s, kAnnexGe);
+    EXPECT_EQ(s.gammam1, 1.0F);
+}
+
 TEST(Annexes, SetTheirParameters)
 {
     ASSERT_EQ(std::ssize(kAnnexCases), kAnnexUd);  // all but the user's, which is the last

@@ -25,6 +25,8 @@ const NoteCase kCases[] = {
     {"D21", "family=21 p21.isttf=50 fykindex=17", "family=21 p21.isttf=50 fykindex=19"},
     {"D22", "family=21 p21.isttf=81 fykindex=2", "family=21 p21.isttf=80 fykindex=2"},
     {"D23", "annexcode=DK loadcomb=0 qload[1]=5", "annexcode=DK loadcomb=3 qload[1]=5"},
+    {"D24", "annexcode=GE nload[1]=1000", "annexcode=EU nload[1]=1000"},
+    {"D24", "annexcode=GE nload[1]=1000", "annexcode=GE nload[1]=-100 qload[1]=0 ltb=0"},
     {"D26", "annexcode=UD loadcomb=1 qload[1]=5", "annexcode=UD loadcomb=0 qload[1]=5"},
     {"D27", "loadcomb=0 qload[1]=5 qload[2]=-3 qtype[2]=1",
      "loadcomb=0 qload[1]=5 qload[2]=3 qtype[2]=1"},
