@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <random>
 #include <system_error>
 
@@ -83,35 +84,38 @@ void FillSheet(lxw_workbook* book, lxw_worksheet* sheet, const std::vector<Detai
     }
 }
 
-// A folder of our own among the temporary files, gone with everything in it.
+// A folder of our own among the temporary files, gone with what stands in it.
 class Workshop {
 public:
     Workshop()
     {
         std::random_device random;
         const fs::path place = fs::temp_directory_path(fault_);
-        while (!fault_ && path_.empty()) {
-            const fs::path wanted = place / ("kestrum-" + std::to_string(random()));
-            if (fs::create_directory(wanted, fault_)) {
-                path_ = wanted;
-            }
+        for (bool made = false; !fault_ && !made;) {
+            folder_ = place / ("kestrum-" + std::to_string(random()));
+            table_ = folder_ / "table.xlsx";
+            room_ = folder_ / "room";
+            made = fs::create_directory(folder_, fault_);
         }
     }
     ~Workshop()
     {
         std::error_code ignored;
-        fs::remove_all(path_, ignored);
+        for (const fs::path* const path : {&table_, &room_, &folder_}) {
+            fs::remove(*path, ignored);
+        }
     }
     Workshop(const Workshop&) = delete;
     Workshop& operator=(const Workshop&) = delete;
 
-    std::string File(const char* name) const { return (path_ / name).string(); }
-    const fs::path& path() const { return path_; }
     std::string Fault() const { return fault_ ? fault_.message() : std::string{}; }
+    std::string Folder() const { return folder_.string(); }
+    std::string Table() const { return table_.string(); }
+    std::string Room() const { return room_.string(); }
 
 private:
     std::error_code fault_;
-    fs::path path_;
+    fs::path folder_, table_, room_;
 };
 
 // The library does not look whether its temporary files take what it writes; a sheet that is cut
@@ -119,31 +123,30 @@ private:
 std::string MakeRoom(const Workshop& workshop, std::size_t rows)
 {
     constexpr std::size_t kRest = std::size_t{256} << 10, kRow = 1024;
-    const std::string trial = workshop.File("room");
     std::string fault = workshop.Fault();
     if (fault.empty()) {
-        fault = WriteWholeFile(trial, std::string(kRest + rows * kRow, '\0'));
+        fault = WriteWholeFile(workshop.Room(), std::string(kRest + rows * kRow, '\0'));
+        std::error_code ignored;
+        fs::remove(workshop.Room(), ignored);
     }
-    std::error_code ignored;
-    fs::remove(trial, ignored);
     return fault.empty() ? fault : "temporary files: " + fault;
 }
 
-std::string WriteWorkbook(const std::vector<DetailedRow>& rows, const Workshop& workshop,
-                          const std::string& file)
+std::string WriteWorkbook(const std::vector<DetailedRow>& rows, const Workshop& workshop)
 {
-    std::string folder = workshop.path().string();
+    std::string folder = workshop.Folder(), file = workshop.Table();
     lxw_workbook_options options{};
     options.tmpdir = folder.data();
-    lxw_workbook* book = workbook_new_opt(file.c_str(), &options);
-    if (book == nullptr) {
+    std::unique_ptr<lxw_workbook, void (*)(lxw_workbook*)> book(
+        workbook_new_opt(file.c_str(), &options), lxw_workbook_free);
+    if (!book) {
         return "no memory for the workbook";
     }
-    lxw_worksheet* sheet = workbook_add_worksheet(book, "Detailed results");
+    lxw_worksheet* sheet = workbook_add_worksheet(book.get(), "Detailed results");
     if (sheet != nullptr) {
-        FillSheet(book, sheet, rows);
+        FillSheet(book.get(), sheet, rows);
     }
-    const lxw_error written = workbook_close(book);  // writes, and frees the book in any case
+    const lxw_error written = workbook_close(book.release());  // writes, and frees the book
     return written == LXW_NO_ERROR ? std::string{} : lxw_strerror(written);
 }
 
@@ -152,13 +155,12 @@ std::string WriteWorkbook(const std::vector<DetailedRow>& rows, const Workshop& 
 std::string WriteDetailedXlsx(const std::vector<DetailedRow>& rows, const std::string& path)
 {
     const Workshop workshop;
-    const std::string file = workshop.File("table.xlsx");
     std::string bytes, fault = MakeRoom(workshop, rows.size());
     if (fault.empty()) {
-        fault = WriteWorkbook(rows, workshop, file);
+        fault = WriteWorkbook(rows, workshop);
     }
     if (fault.empty()) {
-        fault = ReadWholeFile(file, bytes);
+        fault = ReadWholeFile(workshop.Table(), bytes);
     }
     return fault.empty() ? WriteWholeFile(path, bytes) : fault;
 }

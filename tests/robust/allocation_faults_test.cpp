@@ -1,22 +1,32 @@
 // Memory that runs out at the k-th request, for every k: the failure leaves as one exception,
 // nothing is lost, and the next try succeeds.
 
+#include "app/batch.h"
 #include "core/file_io.h"
 #include "core/project_file.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "report/detailed_table.h"
+#include "report/diagrams.h"
+#include "report/pages.h"
 #include "report/panel_text.h"
 #include "report/state_json.h"
+#include "report/svg_writer.h"
 #include "sections/load_library.h"
+#include "service/vortex.h"
 #include "support/temporary_folder.h"
+#ifdef KESTRUM_SPREADSHEET
+#include "spreadsheet/detailed_xlsx.h"
+#endif
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <functional>
+#include <iostream>
 #include <new>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -100,6 +110,12 @@ long FailEach(const std::function<void()>& act, const std::function<void()>& che
     }
 }
 
+long FilesIn(const TemporaryFolder& folder)
+{
+    return std::distance(std::filesystem::directory_iterator(folder.path()),
+                         std::filesystem::directory_iterator());
+}
+
 TEST(AllocationFaults, APassAllocatesNothing)
 {
     ProjectState s = Started();
@@ -143,27 +159,140 @@ TEST(AllocationFaults, SavingKeepsTheOldFileOrWritesTheNewOne)
                                        WriteBytes(file, old);
                                    });
     EXPECT_GT(failures, 0);
-    const auto count = std::distance(std::filesystem::directory_iterator(folder.path()),
-                                     std::filesystem::directory_iterator());
-    EXPECT_EQ(count, 1);
+    EXPECT_EQ(FilesIn(folder), 1);
 }
 
-TEST(AllocationFaults, TextsAreMadeAgain)
+#ifdef KESTRUM_SPREADSHEET
+// The requests of libxlsxwriter itself, which is written in C, do not fail here; it would not
+// outlive that.
+TEST(AllocationFaults, ASpreadsheetIsTheOldOneOrWhole)
 {
+    const TemporaryFolder folder;
+    const std::string file = folder.File("x.xlsx");
+    setenv("TMPDIR", folder.path().c_str(), 1);
     ProjectState s = Started();
     ASSERT_TRUE(Calculate(Delivered(), s));
-    const ProjectState before = s;
-    const auto texts = [&s] {
-        return PanelText(s) + DetailedCsv(FillDetailedResult(s)) + RowsJson(s);
-    };
-    const std::string expected = texts();
-    const long failures = FailEach([&texts] { texts(); },
+    const auto write = [&] { return WriteDetailedXlsx(FillDetailedResult(s), file); };
+    WriteBytes(file, "old");
+    const long failures = FailEach([&write] { write(); },
                                    [&] {
-                                       ASSERT_EQ(texts(), expected);
+                                       ASSERT_EQ(ReadBytes(file), "old");
+                                       ASSERT_EQ(FilesIn(folder), 1);  // nothing half made
+                                   });
+    EXPECT_GT(failures, 0);
+    EXPECT_TRUE(ReadBytes(file).starts_with("PK"));
+    EXPECT_EQ(FilesIn(folder), 1);
+    unsetenv("TMPDIR");
+}
+#endif
+
+// What is made of a result. The record of a member that all of it covers: a hollow section under
+// loads about both axes, with vortex shedding and deflections.
+struct Product {
+    std::string name;
+    std::string (*make)(const ProjectState& s);
+};
+
+const PrintStamp kStamp{"2024-05-17", "14:05"};
+
+std::string Written(const PrintedReport& report)
+{
+    std::string text;
+    for (const Drawing& page : report.pages) {
+        text += WriteSvg(page);
+    }
+    for (const std::string& what : report.missing) {
+        text += what + "\n";
+    }
+    return text;
+}
+
+std::string Batched(const ProjectState& s, TableForm form, const std::string& lines)
+{
+    AnswerForm answers;
+    if (!answers.Choose(form, {"ident", "control", "clause", "message", "mydesign"}).empty()) {
+        return "refused";
+    }
+    MemberColumns columns;
+    const std::string refusal = columns.TakeHeader("ident,l,\"qload[1]\",family");
+    BatchChunk chunk{.form = form, .columns = &columns, .table = "table", .row = 1, .line = 2};
+    chunk.lines = lines;
+    BatchWorker worker(Delivered(), s, answers, Assignment::checked);
+    worker.Work(chunk);
+    return refusal + chunk.out + chunk.fault + chunk.tally.Summary();
+}
+
+const std::vector<Product> kProducts = {
+    {"Panel", [](const ProjectState& s) { return PanelText(s); }},
+    {"Rows", [](const ProjectState& s) { return RowsJson(s); }},
+    {"Notes", [](const ProjectState& s) { return NotesJson(s); }},
+    {"State", [](const ProjectState& s) { return StateJson(s); }},
+    {"Inputs", [](const ProjectState& s) { return InputsJson(s); }},
+    {"DetailedText", [](const ProjectState& s) { return DetailedText(FillDetailedResult(s)); }},
+    {"DetailedCsv", [](const ProjectState& s) { return DetailedCsv(FillDetailedResult(s)); }},
+    {"Diagrams",
+     [](const ProjectState& s) {
+         return WriteSvg(DrawSheet(s, LoadAxis::z)) + WriteSvg(DrawSheet(s, LoadAxis::y));
+     }},
+    {"PropertiesReport",
+     [](const ProjectState& s) { return Written(PrintProperties(Delivered(), s, kStamp)); }},
+    {"ControlReport",
+     [](const ProjectState& s) { return Written(PrintControl(Delivered(), s, kStamp)); }},
+    {"VortexReport",
+     [](const ProjectState& s) { return Written(PrintVortex(Delivered(), s, kStamp)); }},
+    {"BatchOfCsv",
+     [](const ProjectState& s) {
+         return Batched(s, TableForm::csv,
+                        "a member with a long name,5.25,12.5,4\n\"quoted, \"\"too\"\"\",none,1,1\n"
+                        "c,6,2,31\n");
+     }},
+    {"BatchOfNdjson",
+     [](const ProjectState& s) {
+         return Batched(s, TableForm::ndjson,
+                        "{\"ident\":\"\\u00e4 member with a long name\",\"qload\":[null,3,-4.5]}\n"
+                        "{\"l\": no}\n");
+     }},
+};
+
+ProjectState MuchToShow()
+{
+    ProjectState s = Started();
+    s.family = 6;
+    s.checksls = kTrue;
+    s.modal = 1;
+    s.loadcomb = 3;
+    for (std::size_t k = 1; k <= 3; ++k) {
+        s.qload[k] = static_cast<float>(k);
+        s.qdir[k] = static_cast<i16>(k % 2);
+        s.pm[k] = 2;
+        s.pmx[k] = static_cast<float>(k);
+        s.nload[k] = 10;
+    }
+    EXPECT_TRUE(Calculate(Delivered(), s));
+    CalcVortexFrequency(s);
+    CalcVortex(s);
+    return s;
+}
+
+class Products : public ::testing::TestWithParam<Product> {};
+
+TEST_P(Products, AreMadeWholeAfterAnyFailure)
+{
+    const ProjectState s = MuchToShow(), before = s;
+    const auto make = [&s] { return GetParam().make(s); };
+    const std::string expected = make();
+    ASSERT_GT(expected.size(), 20U);
+    const long failures = FailEach([&make] { make(); },
+                                   [&] {
+                                       ASSERT_EQ(make(), expected);
                                        ASSERT_EQ(s, before);
                                    });
     EXPECT_GT(failures, 0);
+    std::cout << failures << " requests for memory\n";
 }
+
+INSTANTIATE_TEST_SUITE_P(All, Products, ::testing::ValuesIn(kProducts),
+                         [](const auto& product) { return product.param.name; });
 
 }  // namespace
 }  // namespace kestrum
