@@ -9,17 +9,6 @@ namespace kestrum {
 
 namespace {
 
-std::string_view Bare(std::string_view message)
-{
-    while (message.starts_with(' ')) {
-        message.remove_prefix(1);
-    }
-    while (message.ends_with(' ')) {
-        message.remove_suffix(1);
-    }
-    return message;
-}
-
 std::string NameOf(const FieldRef& ref)
 {
     std::string name(ref.field->name);
@@ -46,11 +35,6 @@ bool IsFactorOfCase(int bucklingcase, float factor)
 }
 
 }  // namespace
-
-std::string Refused::Told() const
-{
-    return (name.empty() ? "" : name + ": ") + std::string(Bare(what));
-}
 
 AssignRun::AssignRun(const Library& library, ProjectState& s, Assignment how)
     : library_(library), s_(s), how_(how), steel_(SteelOf(s)), supportcase_(s.supportcase),
@@ -127,7 +111,7 @@ void AssignRun::BringLateral()
 {
     const float ltbk = s_.ltbk;
     const i16 restraints = s_.restraints;
-    if (Set(kTieLtb) && (s_.ltb == 0 || ltb_ == 0 || ltbk <= kNoBuckling)) {
+    if (Set(kTieLtb) && (s_.ltb == 0 || ltb_ == 0 || ltbk <= kBucklingOff)) {
         FollowLateralTick(s_);
     } else if (Set(kTieLtbCase) && s_.ltb != 0) {
         FollowLateralCase(s_);

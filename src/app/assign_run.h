@@ -18,8 +18,6 @@ struct Refused {
     std::string name, text, what;
 
     bool empty() const { return what.empty(); }
-    // "l: L >= 0.050", without the blanks around a message.
-    std::string Told() const;
 };
 
 class AssignRun {

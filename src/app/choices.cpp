@@ -1,5 +1,6 @@
 #include "app/choices.h"
 
+#include "app/field_hint.h"
 #include "core/annexes.h"
 #include "sections/family_table.h"
 
@@ -130,11 +131,6 @@ std::string FamilyOf(Table table)
     return at != families.end() ? std::to_string(at->id) : std::string{};
 }
 
-char Plain(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 // Alike but for blanks and capitals.
 bool SameName(std::string_view a, std::string_view b)
 {
@@ -145,7 +141,7 @@ bool SameName(std::string_view a, std::string_view b)
         if (i == a.size() || j == b.size()) {
             return i == a.size() && j == b.size();
         }
-        if (Plain(a[i]) != Plain(b[j])) {
+        if (Small(a[i]) != Small(b[j])) {
             return false;
         }
     }

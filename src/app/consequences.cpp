@@ -10,7 +10,7 @@ namespace kestrum {
 namespace {
 
 // Length factors of the pictures 1 to 5; the last one means no buckling and opens the box.
-constexpr std::array<float, 6> kBucklingFactor{0, 2.0F, 1.0F, 0.7F, 0.5F, kNoBuckling};
+constexpr std::array<float, 6> kBucklingFactor{0, 2.0F, 1.0F, 0.7F, 0.5F, kBucklingOff};
 constexpr i16 kPinnedCase = 2;
 
 // Length factors of lateral torsional buckling by ltbcase; 5 comes from files only.
@@ -47,7 +47,7 @@ void FollowLateralTick(ProjectState& s)
 {
     if (s.ltb == 0) {
         s.restraints = 0;
-        s.ltbk = kNoBuckling;
+        s.ltbk = kBucklingOff;
     } else if (s.ltbcase >= 1 && s.ltbcase <= 5) {
         FollowLateralCase(s);
     }

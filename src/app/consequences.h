@@ -12,7 +12,7 @@ namespace kestrum {
 enum class Axis : std::uint8_t { y, z };
 
 // A length factor that switches a buckling off.
-constexpr float kNoBuckling = 0.001F;
+constexpr float kBucklingOff = 0.001F;
 
 // Buckling cases from here on have the user's own factor.
 constexpr int kOwnFactor = 5;

@@ -14,11 +14,6 @@ namespace {
 constexpr std::size_t kLongest = 24;  // no field name is longer
 constexpr std::size_t kMost = 3;      // suggestions
 
-char Small(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 // Name as it is typed, with the rows of a list: "qload[1] to qload[4]".
 std::string Shown(const Field& field)
 {
@@ -85,6 +80,11 @@ std::vector<const Field*> FieldsNear(std::string_view name, FieldsMeant meant)
 }
 
 }  // namespace
+
+char Small(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 std::size_t Distance(std::string_view a, std::string_view b)
 {

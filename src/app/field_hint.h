@@ -16,6 +16,9 @@ std::string FieldHint(std::string_view name, FieldsMeant meant);
 // The word of a list that is nearest to a mistyped one, or nothing. Capitals do not count.
 template <class Words> std::string_view Nearest(std::string_view typed, const Words& words);
 
+// A letter without its capital.
+char Small(char c);
+
 // How many letters stand wrong, are missing, too many or exchanged with their neighbour.
 std::size_t Distance(std::string_view a, std::string_view b);
 

@@ -107,7 +107,7 @@ std::string Settle(ProjectState& s, AssignRun& run)
     const Refused refused = run.Finish();
     ApplyAnnexMaterial(s, s.annexindex);
     ApplyAnnexLoads(s, s.annexindex);
-    return refused.Told();
+    return refused.name.empty() ? refused.what : Told(refused.name, refused.what);
 }
 
 void AppendUtf8(std::string& out, unsigned code)

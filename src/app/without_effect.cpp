@@ -2,7 +2,8 @@
 
 #include "app/assign.h"
 #include "app/choices.h"
-#include "core/annexes.h"
+#include "app/member_commands.h"
+#include "app/setup_commands.h"
 #include "core/field_table.h"
 #include "core/load_combination.h"
 #include "sections/family_table.h"
@@ -24,39 +25,26 @@ struct Rule {
     std::string_view why;
 };
 
-bool Springs(const ProjectState& s)
-{
-    return s.supportcase == 3 || s.supportcase == 5;
-}
-
-bool Classes(const ProjectState& s)
-{
-    constexpr std::array kWith = {kAnnexNo, kAnnexSw, kAnnexDk, kAnnexFi};
-    return s.loadcomb < kUserFactors &&
-           std::find(kWith.begin(), kWith.end(), s.annexindex) != kWith.end();
-}
-
 // clang-format off
 constexpr Rule kRules[] = {
     {" nload qload qt1 qt2 pm selfweight ", [](const ProjectState& s) { return s.loadmode == 0; },
      "the member has given end forces (loadmode 0)"},
     {" ne my1 my2 mz1 mz2 vy1 vy2 vz1 vz2 ", [](const ProjectState& s) { return s.loadmode == 1; },
      "the member has loads (loadmode 1)"},
-    {" spring ", [](const ProjectState& s) { return !Springs(s); },
+    {" spring ", [](const ProjectState& s) { return !SpringShown(s); },
      "no support has springs (supportcase 3 or 5)"},
-    {" modal ", Springs, "spring supports have no modal analysis (supportcase 3 and 5)"},
+    {" modal ", SpringShown, "spring supports have no modal analysis (supportcase 3 and 5)"},
     {" lfulsg lfulsq1 lfulsq2 lfslsg lfslsq1 lfslsq2 ",
-     [](const ProjectState& s) { return s.loadcomb != kUserFactors; },
+     [](const ProjectState& s) { return !UserFactorsShown(s); },
      "own load factors go with loadcomb 4"},
-    {" psi1index psi2index ", [](const ProjectState& s) { return s.loadcomb >= kUserFactors; },
+    {" psi1index psi2index ", [](const ProjectState& s) { return !PsiShown(s); },
      "the combination has no psi (loadcomb 4 and 5)"},
-    {" safetyclass ", [](const ProjectState& s) { return !Classes(s); },
+    {" safetyclass ", [](const ProjectState& s) { return ShownClassFrame(s) == ClassFrame::none; },
      "annex or combination know no classes"},
     {" ltbcase ltbk restraints ltbcurve loadlevel za cmanual c1alt c1 c2 c3 ",
      [](const ProjectState& s) { return s.ltb == 0; },
      "lateral torsional buckling is off (ltb 0)"},
-    {" cmanual c1 c2 c3 ",
-     [](const ProjectState& s) { return s.restraints != 0 || s.loadmode != 1; },
+    {" cmanual c1 c2 c3 ", [](const ProjectState& s) { return !ManualFactorsOffered(s); },
      "own C factors go with loads and without restraints"},
     {" c1 c2 c3 ", [](const ProjectState& s) { return s.cmanual == kFalse; },
      "own C factors go with cmanual"},

@@ -61,6 +61,13 @@ protected:
         return said;
     }
 
+    // A short, lightly loaded member.
+    void WriteGood(const std::string& name) const
+    {
+        ASSERT_EQ(Kestrum("new -o " + name + " --set l=3 --set qload[1]=1 --set nload[1]=1").exit,
+                  0);
+    }
+
 private:
     std::string folder_;
 };
