@@ -3,48 +3,13 @@
 
 #include "design/p06bas_hollow.h"
 
-#include "sections/hollow.h"
-#include "support/sections.h"
+#include "support/hollow.h"
 #include "support/worked.h"
 
 #include <cfenv>
 
 namespace kestrum {
 namespace {
-
-// The record with properties and resistances.
-void Design(ProjectState& s, float fyk = 355)
-{
-    SetSteel(s, fyk);
-    if (s.family == 23) {
-        PropertiesBox(Delivered(), s);
-    } else {
-        PropertiesHollow(Delivered(), s);
-    }
-    CalcEffectiveHollow(s);
-    CalcResistanceHollow(s);
-}
-
-ProjectState Rolled(int family, const char* key)
-{
-    ProjectState s = Chosen(family, key);
-    Design(s);
-    return s;
-}
-
-ProjectState Box(FormP23 plates)
-{
-    ProjectState s = OfFamily(23);
-    s.p23 = plates;
-    Design(s);
-    return s;
-}
-
-void Control(ProjectState& s, const EndForces& forces)
-{
-    SetForces(s, forces);
-    ControlHollow(s);
-}
 
 // --- Worked sections
 
