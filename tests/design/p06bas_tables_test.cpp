@@ -3,29 +3,11 @@
 
 #include "design/p06bas_hollow.h"
 
-#include "sections/hollow.h"
 #include "support/end_forces.h"
-#include "support/sections.h"
-
-#include <gtest/gtest.h>
+#include "support/hollow.h"
 
 namespace kestrum {
 namespace {
-
-// The record with properties and resistances.
-void Design(ProjectState& s, float fyk = 355)
-{
-    SetSteel(s, fyk);
-    PropertiesHollow(Delivered(), s);
-    CalcEffectiveHollow(s);
-    CalcResistanceHollow(s);
-}
-
-void Control(ProjectState& s, const EndForces& forces)
-{
-    SetForces(s, forces);
-    ControlHollow(s);
-}
 
 TEST(HollowTables, SquareResistsTheSameAboutBothAxes)
 {
