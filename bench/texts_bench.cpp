@@ -4,9 +4,11 @@
 #include "members.h"
 #include "report/detailed_table.h"
 #include "report/diagrams.h"
+#include "report/pages.h"
 #include "report/panel_text.h"
 #include "report/state_json.h"
 #include "report/svg_writer.h"
+#include "service/vortex.h"
 
 #include <benchmark/benchmark.h>
 
@@ -56,6 +58,35 @@ void DiagramsAsSvg(benchmark::State& run)
     }
 }
 BENCHMARK(DiagramsAsSvg);
+
+// The pages of the reports, drawn but not yet written.
+void ReportDrawn(benchmark::State& run,
+                 PrintedReport (*print)(const Library& library, const ProjectState& s,
+                                        const PrintStamp& stamp))
+{
+    ProjectState s = AllRows();
+    s.family = 6;  // with vortex shedding
+    Calculate(Delivered(), s);
+    CalcVortexFrequency(s);
+    CalcVortex(s);
+    const PrintStamp stamp{"2024-05-17", "14:05"};
+    for ([[maybe_unused]] auto _ : run) {
+        benchmark::DoNotOptimize(print(Delivered(), s, stamp));
+    }
+}
+BENCHMARK_CAPTURE(ReportDrawn, properties, PrintProperties);
+BENCHMARK_CAPTURE(ReportDrawn, control, PrintControl);
+BENCHMARK_CAPTURE(ReportDrawn, vortex, PrintVortex);
+
+void ReportAsSvg(benchmark::State& run)
+{
+    const ProjectState s = Calculated();
+    const PrintedReport report = PrintControl(Delivered(), s, {"2024-05-17", "14:05"});
+    for ([[maybe_unused]] auto _ : run) {
+        benchmark::DoNotOptimize(WriteSvg(report.pages.front()));
+    }
+}
+BENCHMARK(ReportAsSvg);
 
 void NumberFormatted(benchmark::State& run)
 {
