@@ -1,6 +1,9 @@
 #include "harness.h"
 
+#include "app/assign_run.h"
 #include "app/batch.h"
+#include "app/field_hint.h"
+#include "app/without_effect.h"
 #include "core/field_table.h"
 #include "core/file_notation.h"
 #include "core/material.h"
@@ -258,17 +261,32 @@ void Assignments(std::string_view bytes)
     const Assignment how = source.Byte() % 2 == 0 ? Assignment::checked : Assignment::raw;
     bytes.remove_prefix(std::min<std::size_t>(1, bytes.size()));
     ProjectState s = Default();
+    AssignRun run(Delivered(), s, how);
+    bool refused = false;
     while (!bytes.empty()) {
-        const std::string_view line = TakeLine(bytes);
+        std::string_view line = TakeLine(bytes);
+        const bool odd = line.starts_with('!');  // as a file may hold it, behind the run's back
+        line.remove_prefix(odd ? 1 : 0);
         const std::size_t equals = std::min(line.find('='), line.size());
         const std::string_view name = line.substr(0, equals);
         const std::string_view value = line.substr(std::min(equals + 1, line.size()));
-        const ProjectState before = s;
-        if (!AssignField(Delivered(), s, name, value, how).empty()) {
-            Require(s == before, "a refused value changes the record");
+        ProjectState alone = s;
+        if (!AssignField(Delivered(), alone, name, value, odd ? Assignment::raw : how).empty()) {
+            Require(alone == s, "a refused value changes the record");
+        }
+        AssignTarget target;
+        if (odd) {
+            s = alone;
+        } else if (FindTarget(name, target).empty()) {
+            refused = !run.Assign(target, value).empty() || refused;
         }
         OverruledBy(Delivered(), s, name);
+        WithoutEffect(Delivered(), s, name);
+        FieldHint(name, FieldsMeant::all);
     }
+    refused = !run.Finish().empty() || refused;
+    Require(refused || how == Assignment::raw || MisplacedLoad(s).empty(),
+            "a load off the member is taken");
     ProjectState calculated = s;
     CalculateAndShow(Delivered(), calculated);
     RequireRepeats(s);

@@ -13,7 +13,7 @@ void SetupFile(std::string_view bytes);
 void MaterialList(std::string_view bytes);
 void ProfileTables(std::string_view bytes);  // the first byte selects the table
 void Numbers(std::string_view bytes);
-void Assignments(std::string_view bytes);   // NAME=VALUE, one a line
+void Assignments(std::string_view bytes);   // NAME=VALUE, one a line; !NAME=VALUE unchecked
 void MemberTables(std::string_view bytes);  // CSV or NDJSON of the batch
 void Members(std::string_view bytes);       // fields set by number: calculated, written, read
 
