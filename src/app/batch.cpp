@@ -11,6 +11,7 @@
 #include <charconv>
 #include <cmath>
 #include <iterator>
+#include <limits>
 #include <optional>
 
 namespace kestrum {
@@ -315,7 +316,11 @@ std::string Tally::Summary() const
     }
     for (const Worst& worst : worst_) {
         text += "  ";
-        AppendNumber(text, static_cast<float>(worst.ir));
+        if (worst.ir <= std::numeric_limits<float>::max()) {
+            AppendNumber(text, static_cast<float>(worst.ir));
+        } else {
+            AppendNumber(text, worst.ir);  // a power of 6.2.9 can be that large
+        }
         text += "  " + worst.member + "\n";
     }
     return text;

@@ -95,5 +95,15 @@ TEST(Tally, DoesNotDependOnTheOrder)
     }
 }
 
+TEST(Tally, ShowsRatiosOfAnySize)
+{
+    Tally tally;
+    tally.Add(0, "a", Verdict::above, 1.25e84);
+    tally.Add(1, "b", Verdict::within, 0.25);
+    EXPECT_EQ(tally.Summary(),
+              "2 members: 1 within limits, 1 above limit, 0 calculation error, 0 bad input\n"
+              "  1.25e+84  a\n  0.25  b\n");
+}
+
 }  // namespace
 }  // namespace kestrum
