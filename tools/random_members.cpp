@@ -1,6 +1,8 @@
-// Calculates random members and prints each as JSON: kestrum-random COUNT [THREADS]. The same
-// members every time; the locale is that of the environment. tools/same-bits compares the outputs
-// of several builds.
+// Random members, the same every time; the locale is that of the environment.
+//   kestrum-random COUNT [THREADS]         calculates each and prints it as JSON; tools/same-bits
+//                                          compares the outputs of several builds
+//   kestrum-random COUNT THREADS inputs    prints what a project file keeps of each, one a line, as
+//                                          `kestrum batch - --raw` takes it
 
 #include "app/ordered_run.h"
 #include "engine/calculate.h"
@@ -152,6 +154,12 @@ int CountOf(std::string_view digits)
     return count;
 }
 
+std::string OneLine(std::string text)
+{
+    std::erase(text, '\n');  // between fields; within a text it is an escape
+    return text + "\n";
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -159,14 +167,19 @@ int main(int argc, char** argv)
     std::setlocale(LC_ALL, "");
     const auto count = static_cast<std::size_t>(argc > 1 ? CountOf(argv[1]) : 100);
     const int threads = argc > 2 ? CountOf(argv[2]) : 1;
+    const bool inputs = argc > 3 && std::string_view(argv[3]) == "inputs";
     const Library library = LoadLibrary(DataFolders());
-    const auto work = [&library](Numbered& member) {
+    const auto work = [&library, inputs](Numbered& member) {
         Dice dice(member.number);
         ProjectState s{};
         StartUp(library, s);
         RollMember(dice, s);
         RollSection(dice, library, s);
         RollLoads(dice, s);
+        if (inputs) {
+            member.out = OneLine(InputsJson(s));
+            return;
+        }
         Calculate(library, s);
         member.out = StateJson(s);
     };
