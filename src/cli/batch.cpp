@@ -45,20 +45,24 @@ public:
                     std::to_string(std::lround(seconds / part - seconds)) + " s left, ";
         }
         line += std::to_string(members) + " members, " + std::to_string(std::lround(rate)) + "/s";
-        line.resize(std::max(line.size(), kWidth), ' ');
+        line.resize(1 + kWidth, ' ');
         std::cerr << line << std::flush;
         shown_ = true;
     }
 
-    ~Progress()
+    // Makes room for something else to be told.
+    void Wipe()
     {
         if (shown_) {
-            std::cerr << "\r" << std::string(kWidth, ' ') << "\r" << std::flush;
+            std::cerr << "\r" + std::string(kWidth, ' ') + "\r" << std::flush;
+            shown_ = false;
         }
     }
 
+    ~Progress() { Wipe(); }
+
 private:
-    static constexpr std::size_t kBars = 30, kWidth = 100;
+    static constexpr std::size_t kBars = 20, kWidth = 79;  // no line of a terminal is filled up
 #ifdef _WIN32
     bool terminal_ = false;
 #else
@@ -151,7 +155,10 @@ int Batch(const Options& options, const BatchArguments& arguments)
         OrderedRun<BatchChunk> run(std::move(work));
         run.Run([&](BatchChunk& chunk) { return input.Next(chunk); },
                 [&](BatchChunk& chunk) {
-                    ComplainAll(chunk.fault);
+                    if (!chunk.fault.empty()) {
+                        progress.Wipe();
+                        ComplainAll(chunk.fault);
+                    }
                     output.Write(chunk.out);
                     tally.Add(chunk.tally);
                     progress.Show(tally.Members() - earlier, input.taken(), input.whole());

@@ -46,9 +46,14 @@ TEST_F(BatchRun, ShowsItsProgressOnATerminalOnly)
     EXPECT_EQ(on.exit, 2);
     EXPECT_THAT(on.out, ContainsRegex("\r\\[#*\\.*\\] [0-9]+ %, [0-9]+ s left, [0-9]+ members, "
                                       "[0-9]+/s"));
-    // In the end the line is wiped out.
-    EXPECT_TRUE(on.out.ends_with("\r" + std::string(100, ' ') + "\r"))
+    // It fits a terminal of 80 columns, and in the end it is wiped out.
+    EXPECT_TRUE(on.out.ends_with("\r" + std::string(79, ' ') + "\r"))
         << on.out.substr(on.out.size() - 200);
+
+    // What is told of bad lines begins a line of its own.
+    for (std::size_t at = 0; (at = on.out.find("kestrum: ", at)) != std::string::npos; ++at) {
+        ASSERT_TRUE(at == 0 || on.out[at - 1] == '\n' || on.out[at - 1] == '\r') << at;
+    }
 
     const Said off = Shell("sh run.sh unseen told");
     EXPECT_EQ(off.exit, 2);
