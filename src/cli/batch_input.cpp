@@ -1,5 +1,7 @@
 #include "cli/batch_input.h"
 
+#include "core/utf8_path.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -65,8 +67,9 @@ BatchInput::BatchInput(const std::vector<std::string>& inputs, std::size_t skip)
     several_ = inputs_.size() > 1;
     for (const Input& input : inputs_) {
         std::error_code fault;
-        const bool counts = !input.table || fs::is_regular_file(input.name, fault);
-        const std::uintmax_t size = input.table && counts ? fs::file_size(input.name, fault) : 1;
+        const fs::path path = Utf8Path(input.name);
+        const bool counts = !input.table || fs::is_regular_file(path, fault);
+        const std::uintmax_t size = input.table && counts ? fs::file_size(path, fault) : 1;
         if (!counts || fault || (tables > 0 && !input.table)) {
             whole_ = 0;
             return;
@@ -78,18 +81,19 @@ BatchInput::BatchInput(const std::vector<std::string>& inputs, std::size_t skip)
 void BatchInput::AddInput(const std::string& name)
 {
     std::error_code fault;
-    if (name != "-" && !fs::exists(name, fault)) {
+    const fs::path path = Utf8Path(name);
+    if (name != "-" && !fs::exists(path, fault)) {
         throw BadInput(name + ": no such file");
     }
-    if (name == "-" || !fs::is_directory(name, fault)) {
+    if (name == "-" || !fs::is_directory(path, fault)) {
         inputs_.push_back({name, IsTable(name)});
         return;
     }
     std::vector<std::string> files;
-    fs::directory_iterator entries(name, fault);
+    fs::directory_iterator entries(path, fault);
     for (; !fault && entries != fs::directory_iterator(); entries.increment(fault)) {
         if (entries->path().extension() == ".kst") {
-            files.push_back(entries->path().string());
+            files.push_back(Utf8Name(entries->path()));
         }
     }
     if (fault) {
@@ -104,7 +108,7 @@ void BatchInput::AddInput(const std::string& name)
 void BatchInput::Spare(const std::string& out) const
 {
     std::error_code ignored;
-    if (!fs::exists(out, ignored)) {
+    if (!fs::exists(Utf8Path(out), ignored)) {
         return;
     }
     for (const Input& input : inputs_) {
@@ -121,7 +125,7 @@ void BatchInput::Fault(const std::string& name, const std::string& what)
 bool BatchInput::OpenTable(const std::string& name)
 {
     table_ = name == "-" ? "standard input" : name;
-    file_.reset(name == "-" ? stdin : std::fopen(name.c_str(), "rb"));
+    file_.reset(name == "-" ? stdin : OpenFile(Utf8Path(name), "rb"));
     if (!file_) {
         Fault(name, std::generic_category().message(errno));
         return false;

@@ -2,6 +2,7 @@
 
 #include "cli/context.h"
 #include "core/file_io.h"
+#include "core/utf8_path.h"
 
 #include <cerrno>
 #include <memory>
@@ -76,8 +77,9 @@ BatchOutput::BatchOutput(const std::string& name) : name_(name)
         return;
     }
     std::error_code fault;
-    const fs::path whole = fs::canonical(name, fault);  // a link keeps pointing to its file
-    target_ = fault ? fs::path(name) : whole;
+    const fs::path whole =
+        fs::canonical(Utf8Path(name), fault);  // a link keeps pointing to its file
+    target_ = fault ? Utf8Path(name) : whole;
     written_ = target_;
     const fs::file_type type = fs::status(target_, fault).type();
     regular_ = type == fs::file_type::regular || type == fs::file_type::not_found;
@@ -106,7 +108,7 @@ void BatchOutput::Fail(int fault) const
 {
     std::string what = name_ + ": " + std::generic_category().message(fault);
     if (regular_ && answers_) {
-        what += "; " + written_.string() + " keeps the answers so far for --resume";
+        what += "; " + Utf8Name(written_) + " keeps the answers so far for --resume";
     }
     throw BadInput(what);
 }
@@ -121,10 +123,10 @@ std::size_t BatchOutput::TakeUp(const AnswerForm& form, Tally& tally)
         }
         written_ = target_;  // answers that have their name already
     }
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(
-        std::fopen(written_.string().c_str(), "rb"), std::fclose);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(written_, "rb"),
+                                                               std::fclose);
     if (!file) {
-        throw BadInput(written_.string() + ": " + std::generic_category().message(errno));
+        throw BadInput(Utf8Name(written_) + ": " + std::generic_category().message(errno));
     }
     Reader reader(name_, form, tally);
     std::string text;
@@ -135,7 +137,7 @@ std::size_t BatchOutput::TakeUp(const AnswerForm& form, Tally& tally)
     }
     fs::resize_file(written_, reader.bytes(), fault);
     if (fault) {
-        throw BadInput(written_.string() + ": " + fault.message());
+        throw BadInput(Utf8Name(written_) + ": " + fault.message());
     }
     answers_ = reader.members() > 0;
     return reader.members();
@@ -152,8 +154,7 @@ void BatchOutput::Open(const AnswerForm& form)
             (before.permissions() & fs::perms::owner_write) == fs::perms::none) {
             throw BadInput(name_ + ": is write-protected");  // a rename would not mind
         }
-        errno = 0;
-        file_ = std::fopen(written_.string().c_str(), append_ ? "ab" : "wb");
+        file_ = OpenFile(written_, append_ ? "ab" : "wb");
         if (file_ == nullptr) {
             Fail(errno);
         }

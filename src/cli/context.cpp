@@ -4,6 +4,7 @@
 #include "core/file_io.h"
 #include "core/project_file.h"
 #include "core/setup_file.h"
+#include "core/utf8_path.h"
 #include "engine/new_project.h"
 #include "sections/load_library.h"
 #include "service/vortex.h"
@@ -35,7 +36,7 @@ std::string ReadAll(const std::string& file)
 
 Library LoadTables(const Options& options)
 {
-    if (!options.data.empty() && !std::filesystem::is_directory(options.data)) {
+    if (!options.data.empty() && !std::filesystem::is_directory(Utf8Path(options.data))) {
         throw BadInput(options.data + ": no such folder");
     }
     Library library = options.data.empty() ? LoadLibrary(DataFolders()) : LoadLibrary(options.data);
@@ -102,7 +103,8 @@ bool ControlVortices(ProjectState& s)
 void SpareInput(const std::string& out, const std::string& input)
 {
     std::error_code fault;
-    if (out != "-" && input != "-" && std::filesystem::equivalent(out, input, fault)) {
+    if (out != "-" && input != "-" &&
+        std::filesystem::equivalent(Utf8Path(out), Utf8Path(input), fault)) {
         throw BadInput(out + ": would overwrite the input");
     }
 }

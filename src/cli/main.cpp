@@ -1,4 +1,5 @@
 #include "app/field_hint.h"
+#include "app/platform.h"
 #include "cli/commands.h"
 
 #include <CLI/CLI.hpp>
@@ -192,7 +193,12 @@ int Run(int argc, char** argv)
     batch.callback([&] { exit = Batch(options, many); });
 
     try {
-        app.parse(argc, argv);
+        std::vector<std::string> words = kestrum::Arguments(argc, argv);
+        std::reverse(words.begin(), words.end());  // as CLI11 wants them
+        if (!words.empty()) {
+            words.pop_back();  // the program
+        }
+        app.parse(words);
     } catch (const CLI::ParseError& error) {
         const bool asked = app.exit(error) == 0;  // for help or version, which it prints
         std::cout.flush();

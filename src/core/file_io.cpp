@@ -1,5 +1,7 @@
 #include "core/file_io.h"
 
+#include "core/utf8_path.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -30,28 +32,12 @@ std::string LastFault()
     return std::generic_category().message(errno);
 }
 
-// Paths are UTF-8 on every platform.
-fs::path PathOf(const std::string& path)
-{
-    return std::u8string(path.begin(), path.end());
-}
-
-File OpenBinary(const fs::path& path, bool write)
-{
-    errno = 0;
-#ifdef _WIN32
-    return File(_wfopen(path.c_str(), write ? L"wb" : L"rb"));
-#else
-    return File(std::fopen(path.c_str(), write ? "wb" : "rb"));
-#endif
-}
-
 // Where the bytes go: a link keeps pointing to its file.
 fs::path TargetOf(const std::string& path)
 {
     std::error_code fault;
-    const fs::path target = fs::canonical(PathOf(path), fault);
-    return fault ? PathOf(path) : target;
+    const fs::path target = fs::canonical(Utf8Path(path), fault);
+    return fault ? Utf8Path(path) : target;
 }
 
 fs::path NeighbourOf(const fs::path& target)
@@ -67,7 +53,7 @@ fs::path NeighbourOf(const fs::path& target)
 
 std::string WriteNeighbour(const fs::path& neighbour, std::string_view bytes)
 {
-    File file = OpenBinary(neighbour, true);
+    File file(OpenFile(neighbour, "wb"));
     if (!file) {
         return LastFault();
     }
@@ -99,7 +85,7 @@ std::string ReadWholeFile(const std::string& path, std::string& bytes)
 {
     bytes.clear();
     std::error_code fault;
-    const fs::path source = PathOf(path);
+    const fs::path source = Utf8Path(path);
     const fs::file_status status = fs::status(source, fault);
     if (status.type() == fs::file_type::not_found) {
         return "no such file";
@@ -110,7 +96,7 @@ std::string ReadWholeFile(const std::string& path, std::string& bytes)
     if (status.type() == fs::file_type::regular && fs::file_size(source, fault) > kLargestFile) {
         return "is larger than any file of this program";
     }
-    const File file = OpenBinary(source, false);
+    const File file(OpenFile(source, "rb"));
     if (!file) {
         return LastFault();
     }

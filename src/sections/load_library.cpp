@@ -2,6 +2,7 @@
 
 #include "core/material.h"
 #include "core/setup_file.h"
+#include "core/utf8_path.h"
 #include "sections/readprofiles.h"
 
 #include <cstdlib>
@@ -43,10 +44,10 @@ std::string FolderBesideProgram()
 std::string FindFile(const std::vector<std::string>& folders, std::string_view name)
 {
     for (const std::string& folder : folders) {
-        const fs::path path = fs::path(folder) / name;
+        const fs::path path = Utf8Path(folder) / name;
         std::error_code ignored;
         if (fs::is_regular_file(path, ignored)) {
-            return path.string();
+            return Utf8Name(path);
         }
     }
     return {};
@@ -55,7 +56,7 @@ std::string FindFile(const std::vector<std::string>& folders, std::string_view n
 // Empty when the file is missing or cannot be read.
 std::string ReadBytes(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(Utf8Path(path), std::ios::binary);
     std::ostringstream bytes;
     if (file) {
         bytes << file.rdbuf();

@@ -1,5 +1,7 @@
 #include "sections/readprofiles.h"
 
+#include "core/utf8_path.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstdint>
@@ -94,7 +96,7 @@ void FillProfile(std::string_view bytes, const TableShape& shape, ProfileTable& 
 
 bool ReadProfile(const std::string& path, const TableShape& shape, ProfileTable& table)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(Utf8Path(path), std::ios::binary);
     if (!file) {
         return false;
     }
@@ -109,8 +111,8 @@ std::array<ProfileTable, kTables> ReadProfiles(const std::string& folder)
 {
     std::array<ProfileTable, kTables> tables = EmptyTables();
     for (const TableShape& shape : kShapes) {
-        const std::filesystem::path path = std::filesystem::path(folder) / shape.file;
-        ReadProfile(path.string(), shape, tables[static_cast<std::size_t>(shape.table)]);
+        const std::filesystem::path path = Utf8Path(folder) / shape.file;
+        ReadProfile(Utf8Name(path), shape, tables[static_cast<std::size_t>(shape.table)]);
     }
     return tables;
 }
