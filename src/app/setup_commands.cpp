@@ -4,6 +4,7 @@
 #include "core/file_io.h"
 #include "core/load_combination.h"
 #include "core/setup_file.h"
+#include "core/utf8_path.h"
 
 #include <filesystem>
 #include <system_error>
@@ -96,7 +97,7 @@ bool SaveAsDefault(Session& session, const std::string& folder)
 {
     const std::string path = folder + "/" + std::string(kSetupFile);
     std::error_code fault;
-    std::filesystem::create_directories(folder, fault);
+    std::filesystem::create_directories(Utf8Path(folder), fault);
     ProjectState& s = session.edit();
     s.annexcode = AnnexCodeFromIndex(s.annexindex);
     const std::string problem = WriteWholeFile(path, WriteSetup(s));

@@ -2,6 +2,7 @@
 
 #include "cli/context.h"
 #include "core/file_io.h"
+#include "core/utf8_path.h"
 #include "render/module.h"
 #include "report/svg_writer.h"
 
@@ -118,7 +119,7 @@ RenderFunction Renderer()
 
 std::string Ending(const std::string& path)
 {
-    std::string ending = fs::path(path).extension().string();
+    std::string ending = Utf8Path(path).extension().string();
     std::transform(ending.begin(), ending.end(), ending.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
     return ending;

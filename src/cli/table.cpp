@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "core/file_io.h"
+#include "core/utf8_path.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "report/detailed_table.h"
@@ -47,7 +48,7 @@ void WriteCsv(const std::vector<DetailedRow>& rows, const std::string& path)
 
 int DetailedTable(const Options& options, const TableArguments& arguments)
 {
-    const std::string ending = std::filesystem::path(arguments.out).extension().string();
+    const std::string ending = Utf8Path(arguments.out).extension().string();
     if (!arguments.out.empty() && ending != ".xlsx" && ending != ".csv") {
         throw BadInput(arguments.out + ": the name has to end in .xlsx or .csv");
     }
