@@ -38,6 +38,15 @@ template <class T> void AppendNumber(std::string& out, T value)
     out.append(digits.data(), end.ptr);
 }
 
+// A name or message may quote what stands in the input, line ends and all.
+std::string OnOneLine(std::string text)
+{
+    std::replace_if(
+        text.begin(), text.end(),
+        [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
+    return text;
+}
+
 // The larger of two rows; an empty one has no ratio.
 const ResultRow* Worse(const ResultRow* a, const ResultRow* b)
 {
@@ -360,8 +369,8 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
     const bool csv = chunk.form == TableForm::csv;
     std::string refusal = "the line is too long";
     if (line.size() <= kLongestLine) {
-        refusal = csv ? chunk.columns->Apply(library_, s_, line, how_)
-                      : ApplyJsonLine(library_, s_, line, how_);
+        refusal = OnOneLine(csv ? chunk.columns->Apply(library_, s_, line, how_)
+                                : ApplyJsonLine(library_, s_, line, how_));
     }
     if (!refusal.empty()) {
         chunk.fault += chunk.table + ":";
@@ -383,14 +392,15 @@ void BatchWorker::File(BatchChunk& chunk, const std::string& name)
 {
     s_ = base_;
     s_.filename = name;
+    const std::string member = OnOneLine(name);
     std::string refusal = ReadWholeFile(name, chunk.lines);
     if (!refusal.empty()) {
-        chunk.fault += name + ": " + refusal + "\n";
+        chunk.fault += member + ": " + refusal + "\n";
     } else if (const auto fault = ReadProject(s_, chunk.lines)) {
         refusal = fault->what;
-        chunk.fault += FaultText(name, *fault) + "\n";
+        chunk.fault += FaultText(member, *fault) + "\n";
     }
-    Finish(chunk, name, refusal);
+    Finish(chunk, member, refusal);
 }
 
 void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string_view refusal)

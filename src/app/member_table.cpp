@@ -401,15 +401,12 @@ std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_v
 
 void AppendCell(std::string& out, std::string_view text)
 {
-    if (text.find_first_of(",;\t\"\r\n") == std::string_view::npos) {
-        out.append(text);
-        return;
-    }
-    out.push_back('"');
+    const bool quoted = text.find_first_of(",;\t\"\r\n") != std::string_view::npos;
+    out.append(quoted ? 1 : 0, '"');
     for (const char c : text) {
-        out.append(c == '"' ? 2 : 1, c);
+        out.append(c == '"' ? 2 : 1, c == '\n' || c == '\r' ? ' ' : c);
     }
-    out.push_back('"');
+    out.append(quoted ? 1 : 0, '"');
 }
 
 }  // namespace kestrum

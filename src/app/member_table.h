@@ -45,7 +45,7 @@ private:
 std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_view line,
                           Assignment how);
 
-// A text as a cell of a CSV with commas.
+// A text as a cell of a CSV with commas; a line end becomes a blank, so that a record is one line.
 void AppendCell(std::string& out, std::string_view text);
 
 }  // namespace kestrum
