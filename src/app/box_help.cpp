@@ -23,7 +23,7 @@ constexpr BoxHelp kHelp[] = {
     {"setup", "ilamdaLT0w", "λLT,0", "", "Plateau of the lateral torsional buckling curves, welded sections", "EN 1993-1-1, 6.3.2.3 (1)"},
     {"setup", "ifyk", "fy", "MPa", "Yield strength", "EN 1993-1-1, 3.2.1"},
     {"setup", "ie", "E", "MPa", "Modulus of elasticity", "EN 1993-1-1, 3.2.6 (1)"},
-    {"setup", "iuflimit", "Limit", "", "Utilisation limit kept with the project; no control reads it"},
+    {"setup", "iuflimit", "Limit", "", "Kept with the project; no control reads it, every force and moment counts"},
     {"setup", "idef_limity", "y: L/", "", "Limit of the deflection along y, member length over this number", "EN 1993-1-1, 7.2.1"},
     {"setup", "idef_limitz", "z: L/", "", "Limit of the deflection along z, member length over this number", "EN 1993-1-1, 7.2.1"},
     {"setup", "iLfULS_G", "G", "", "Load factor of permanent loads, ultimate limit state", "EN 1990, A1.3.1"},

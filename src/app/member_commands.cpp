@@ -16,14 +16,6 @@ i16 Number(int value)
     return static_cast<i16>(value);
 }
 
-void TellLoadCheck(Session& session)
-{
-    const LoadCheck check = ValidateLoads(session.edit());
-    if (!check.message.empty()) {
-        session.surroundings().Warn(check.message.text());
-    }
-}
-
 }  // namespace
 
 void SetProjectName(Session& session, std::string_view text)
@@ -41,7 +33,7 @@ void ChooseSupport(Session& session, int supportcase)
     ProjectState& s = session.edit();
     s.supportcase = Number(supportcase);
     FollowSupport(s);
-    TellLoadCheck(session);
+    session.Tell(ValidateLoads(s));
     session.Calculate();
 }
 

@@ -1,9 +1,7 @@
 #include "app/session.h"
 
-#include "analysis/load_model.h"
 #include "app/member_commands.h"
 #include "core/annexes.h"
-#include "core/utf8_path.h"
 #include "design/p24bas_hsq.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
@@ -55,7 +53,7 @@ Session::Session(const Library& library, Surroundings& surroundings, bool decima
     shown_ = state_;
     title_ = TitleStem() + ": " + state_.filename;
     std::error_code unknown;
-    curdir = Utf8Name(std::filesystem::current_path(unknown));
+    curdir = std::filesystem::current_path(unknown).string();
 }
 
 void Session::Calculate()
@@ -73,6 +71,14 @@ void Session::Calculate()
     calculating_ = false;
     if (overloaded) {
         surroundings_.Warn(kFlangeOverload);
+    }
+}
+
+void Session::Tell(const LoadCheck& check)
+{
+    if (!check.message.empty()) {
+        surroundings_.Warn(check.message.text());
+        showrow(check.box.text(), check.row);
     }
 }
 
@@ -99,11 +105,7 @@ Outcome Session::CommitBox(const Box& box, int index, std::string_view text)
         return outcome;
     }
     if (ChecksLoads(box) || IsTrapezoid(box)) {
-        const LoadCheck check =
-            ChecksLoads(box) ? ValidateLoads(state_) : CheckFinishedRows(state_);
-        if (!check.message.empty()) {
-            surroundings_.Warn(check.message.text());
-        }
+        Tell(ChecksLoads(box) ? ValidateLoads(state_) : CheckFinishedRows(state_));
     }
     Calculate();
     if (box.form == "frmVortex") {

@@ -4,6 +4,7 @@
 // commands and input handlers (app/*_commands) change the project through it; a window redraws
 // itself when `changed` is called.
 
+#include "analysis/load_model.h"
 #include "app/input_boxes.h"
 #include "app/surroundings.h"
 #include "core/library.h"
@@ -59,6 +60,11 @@ public:
 
     // Called after every pass and every command that changes what a window shows.
     std::function<void()> changed = [] {};
+
+    // Says what a check of the loads has found; `showrow` then gives the box of that row the focus
+    // if the loads are being edited.
+    void Tell(const LoadCheck& check);
+    std::function<void(std::string_view box, int row)> showrow = [](std::string_view, int) {};
 
 private:
     const Library& library_;

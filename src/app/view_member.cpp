@@ -55,7 +55,7 @@ std::string EndPostText(const ProjectState& s)
 
 std::string StiffenerText(const ProjectState& s)
 {
-    return s.webstiff == 1 ? "Web stiffener: c/c " + FormatNum(s.webstiffa, "##0") + "mm"
+    return s.webstiff == 1 ? "Web stiffener: c/c" + FormatNum(s.webstiffa, "##0") + "mm"
                            : std::string{};
 }
 

@@ -22,7 +22,7 @@ std::string ForLocale(std::string text, bool decimalcomma);
 std::string LateralLengthText(const ProjectState& s);  // ik: "1.00"
 std::string LoadLevelText(const ProjectState& s);      // zaa: where the load acts
 std::string EndPostText(const ProjectState& s);        // ia: "Non-rigid", "Rigid"
-std::string StiffenerText(const ProjectState& s);      // a_text: "Web stiffener: c/c 1500mm"
+std::string StiffenerText(const ProjectState& s);      // a_text: "Web stiffener: c/c1500mm"
 
 // Results of `vipping`: Mb,Rd, C1, C3 as shown, the governing segment, Mcr.
 std::string MbRdText(const ProjectState& s);

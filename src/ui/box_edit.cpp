@@ -5,6 +5,7 @@
 #include "ui/text.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -98,25 +99,49 @@ bool BoxEdit::Leave()
     setModified(false);
     leaving_ = false;
     if (refused_) {
-        TakeFocusBack();
+        TakeFocus();
     }
     update();
     return !refused_;
 }
 
-// Queued: the focus is still on its way to where the user wanted to go.
-void BoxEdit::TakeFocusBack()
+// To the value of the record; if that was refused, it still waits to be corrected.
+void BoxEdit::TakeBack()
+{
+    refused_ = refused_ && unread_.isNull();
+    unread_.clear();
+    setText(ValueText());  // which is no typing
+    selectAll();
+    update();
+}
+
+// Queued: the focus is still on its way to where the user wanted to go. Once more behind a message,
+// for the window that gets the focus then may be another one.
+void BoxEdit::TakeFocus()
 {
     QTimer::singleShot(0, this, [this] {
+        if (!isVisible()) {
+            return;
+        }
+        if (auto* const message = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            connect(message, &QDialog::finished, this, &BoxEdit::TakeFocus);
+        } else {
+            window()->activateWindow();
+        }
         setFocus(Qt::OtherFocusReason);
         selectAll();
     });
 }
 
+void BoxEdit::ShowFocus()
+{
+    setPalette(FocusPalette(QApplication::palette(this)));
+}
+
 void BoxEdit::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
-    setPalette(FocusPalette(QApplication::palette(this)));
+    ShowFocus();
     if (event->reason() == Qt::MouseFocusReason) {
         QTimer::singleShot(0, this, &QLineEdit::selectAll);  // after the press has set the cursor
     } else if (event->reason() != Qt::ActiveWindowFocusReason || !isModified()) {
@@ -152,6 +177,10 @@ void BoxEdit::keyPressEvent(QKeyEvent* event)
         } else {
             target->setFocus(Qt::TabFocusReason);
         }
+        return;
+    }
+    if (event->key() == Qt::Key_Escape && (isModified() || !unread_.isNull())) {
+        TakeBack();
         return;
     }
     QLineEdit::keyPressEvent(event);

@@ -1,7 +1,8 @@
 #pragma once
 
 // A numeric input box of the program's table. Green while it has the focus, its text selected;
-// Enter goes to the next box; leaving it stores the value. A refused value keeps the focus.
+// Enter goes to the next box; leaving it stores the value. A refused value keeps the focus. Escape
+// takes back what was typed.
 
 #include "app/session.h"
 
@@ -32,6 +33,12 @@ public:
 
     bool refused() const { return refused_; }
 
+    // Brings the focus here, also out of another window or from behind a message.
+    void TakeFocus();
+
+    // The colour of the focus, after a change of all colours.
+    void ShowFocus();
+
     // Where Enter goes; the next box of the window when not set.
     std::function<QWidget*()> next;
 
@@ -44,7 +51,7 @@ protected:
 private:
     QString ValueText() const;
     void ShowValue();
-    void TakeFocusBack();
+    void TakeBack();
     QWidget* NextBox() const;
 
     Session& session_;

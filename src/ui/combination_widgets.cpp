@@ -39,7 +39,8 @@ QWidget* PsiFrame(Binder& bind, Desk& desk, const QString& infobutton)
     list(1, QStringLiteral("Cbo_Q1_Psi1"), QStringLiteral("Q1 ="), &ProjectState::psi1index);
     list(2, QStringLiteral("Cbo_Q2_Psi2"), QStringLiteral("Q2 ="), &ProjectState::psi2index);
     row->addStretch(1);
-    row->addWidget(bind.Button(infobutton, QObject::tr("Info"), [&desk] { desk.open("InfoPsi"); }));
+    row->addWidget(
+        bind.Button(infobutton, QObject::tr("&Info"), [&desk] { desk.open("InfoPsi"); }));
     bind.ShowWhen(group, PsiShown);
     return group;
 }

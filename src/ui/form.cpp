@@ -42,6 +42,9 @@ void Form::done(int result)
     });
     if (!refused && mayclose()) {
         QDialog::done(result);
+        if (recalculates) {
+            session().Calculate();
+        }
     }
 }
 

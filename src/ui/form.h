@@ -38,6 +38,9 @@ public:
     // Asked before the form closes.
     std::function<bool()> mayclose = [] { return true; };
 
+    // Closing it runs a pass: a form of inputs does, one that only shows does not.
+    bool recalculates = false;
+
     void done(int result) override;
 
     // The last row: what the form adds, then its button that closes it.

@@ -244,12 +244,9 @@ Form* MakeLoading(Desk& desk, QWidget* parent)
 
     form->mayclose = [form, &desk] {
         const CloseOutcome outcome = CloseLoading(desk.session);
-        if (!outcome.close) {
-            const QString name =
-                ToQt(outcome.box) + QLatin1Char('_') + QString::number(outcome.row);
-            if (auto* const box = form->findChild<BoxEdit*>(name)) {
-                box->setFocus(Qt::OtherFocusReason);
-            }
+        const QString name = ToQt(outcome.box) + QLatin1Char('_') + QString::number(outcome.row);
+        if (auto* const box = form->findChild<BoxEdit*>(name); box != nullptr && !outcome.close) {
+            box->TakeFocus();
         }
         return outcome.close;
     };

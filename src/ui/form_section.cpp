@@ -32,7 +32,9 @@ constexpr int kBoxesPerColumn = 6;
 QWidget* RowList(Binder& bind, const FamilyInfo& family)
 {
     auto* const list = new QListWidget;
-    list->setObjectName(QStringLiteral("lst") + ToQt(family.form));
+    list->setObjectName(family.input == SectionInput::stiffener
+                            ? QStringLiteral("cbo")
+                            : QStringLiteral("lst") + ToQt(family.form));
     list->setAccessibleName(QObject::tr("Sections of the table"));
     list->setUniformItemSizes(true);
     const Library& library = bind.session().library();
@@ -225,7 +227,7 @@ QGroupBox* ValueGroup(Binder& bind, const QString& name, const QString& title,
     probe.family = static_cast<i16>(family);
     int row = 0;
     for (const ShownValue& value : values(probe)) {
-        auto* const label = new QLabel(ToQt(value.label));
+        auto* const label = new QLabel(ToQt(value.label) + QStringLiteral(" ="));
         QLabel* const shown = bind.Value(ToQt(value.id), [values, row](const ProjectState& s) {
             const std::vector<ShownValue> all = values(s);
             return static_cast<std::size_t>(row) < all.size()
@@ -237,7 +239,7 @@ QGroupBox* ValueGroup(Binder& bind, const QString& name, const QString& title,
         shown->setAccessibleName(ToQt(value.label) + QLatin1Char(' ') + ToQt(value.unit));
         grid->addWidget(label, row, 0);
         grid->addWidget(shown, row, 1);
-        grid->addWidget(FaintLabel(ToQt(value.unit)), row, 2);
+        grid->addWidget(FaintLabel(QLatin1Char(' ') + ToQt(value.unit)), row, 2);
         ++row;
     }
     grid->setColumnStretch(0, 1);

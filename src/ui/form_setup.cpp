@@ -103,8 +103,7 @@ QGroupBox* MethodGroup(Binder& bind)
         QStringLiteral("rbtnMethod2"), QObject::tr("Method 2 (Annex B)"),
         [](const ProjectState& s) { return s.method == 2; },
         [](Session& session) { ChooseMethod(session, 2); }));
-    column->addWidget(
-        FaintLabel(QStringLiteral(" Valid for Double Symmetric Profiles ").trimmed()));
+    column->addWidget(FaintLabel(QStringLiteral(" Valid for Double Symmetric Profiles ")));
     column->addStretch(1);
     return group;
 }
@@ -115,26 +114,34 @@ QGroupBox* OptionGroup(Binder& bind)
     QVBoxLayout* const column = ColumnOf(group);
     struct Entry {
         const char* name;
-        QString text;
+        QString text, meaning;
         Option option;
         i16 ProjectState::*field;
     };
     const Entry entries[] = {
-        {"CheckElastic", QObject::tr("Elastic design of class 1 and 2 sections"), Option::elastic,
-         &ProjectState::checkelastic},
-        {"CheckConserControl", QObject::tr("Conservative (linear) interaction, 6.2.1 (7)"),
+        {"CheckElastic", QStringLiteral("Cross Section Class 1-2:  Elastic design"),
+         QObject::tr("Elastic moduli for class 1 and 2 as well\nEN 1993-1-1, 6.2.1 (4)"),
+         Option::elastic, &ProjectState::checkelastic},
+        {"CheckConserControl", QStringLiteral("Conservative control for N+My-Mz "),
+         QObject::tr("Linear sum of the utilisations, double symmetric profiles\n"
+                     "EN 1993-1-1, 6.2.1 (7)"),
          Option::conservative, &ProjectState::checkconsercontrol},
-        {"CheckFlangebuck", QObject::tr("No local buckling of flanges"), Option::flangebuckling,
-         &ProjectState::checkflangebuck},
-        {"CheckWebbuck", QObject::tr("No local buckling of webs"), Option::webbuckling,
-         &ProjectState::checkwebbuck}};
+        {"CheckFlangebuck", QStringLiteral("Flange buckling not taken into account"),
+         QObject::tr("Class 4: no effective width of the flange\nEN 1993-1-5, 4.4"),
+         Option::flangebuckling, &ProjectState::checkflangebuck},
+        {"CheckWebbuck", QStringLiteral("Web buckling not taken into account"),
+         QObject::tr("Class 4: no effective width of the web, no shear buckling\n"
+                     "EN 1993-1-5, 4.4 and 5"),
+         Option::webbuckling, &ProjectState::checkwebbuck}};
     for (const Entry& entry : entries) {
-        column->addWidget(bind.Tick(
+        QCheckBox* const tick = bind.Tick(
             QLatin1String(entry.name), entry.text,
             [field = entry.field](const ProjectState& s) { return s.*field != kFalse; },
             [option = entry.option](Session& session, bool on) {
                 TickOption(session, option, on);
-            }));
+            });
+        tick->setToolTip(entry.meaning);
+        column->addWidget(tick);
     }
     column->addStretch(1);
     return group;
@@ -147,10 +154,25 @@ QGroupBox* LimitGroup(Binder& bind)
     grid->addWidget(FaintLabel(QObject::tr("Deflection")), 0, 0, 1, 3);
     bind.BoxRow(grid, 1, BoxNamed("idef_limitz"));
     bind.BoxRow(grid, 2, BoxNamed("idef_limity"));
-    grid->addWidget(FaintLabel(QObject::tr("Utilisation")), 3, 0, 1, 3);
-    bind.BoxRow(grid, 4, BoxNamed("iuflimit"));
     grid->setColumnStretch(3, 1);
-    grid->setRowStretch(5, 1);
+    grid->setRowStretch(3, 1);
+    return group;
+}
+
+// A sentence that the box ends.
+QGroupBox* ExcludeGroup(Binder& bind)
+{
+    QGroupBox* const group = Group(QStringLiteral("frameuflimit"), {});
+    QHBoxLayout* const row = RowOf(group);
+    BoxEdit* const limit = bind.BoxOf(BoxNamed("iuflimit"));
+    QLabel* const sentence =
+        Caption(QStringLiteral("Exclude Axial Force (N) and Moment (M) in interaction formula if  "
+                               "N/N and/or  M/M  is less than  "),
+                limit);
+    sentence->setToolTip(limit->toolTip());
+    row->addWidget(sentence);
+    row->addWidget(limit);
+    row->addStretch(1);
     return group;
 }
 
@@ -209,7 +231,7 @@ QWidget* FactorFrame(Binder& bind, Desk& desk)
     };
     row(0, QStringLiteral("ULS"), {"iLfULS_G", "iLfULS_Q1", "iLfULS_Q2"});
     row(1, QStringLiteral("SLS"), {"iLfSLS_G", "iLfSLS_Q1", "iLfSLS_Q2"});
-    grid->addWidget(bind.Button(QStringLiteral("Command1"), QObject::tr("Info"),
+    grid->addWidget(bind.Button(QStringLiteral("Command1"), QObject::tr("&Info"),
                                 [&desk] { desk.open("InfoULS"); }),
                     0, 10);
     grid->setColumnStretch(11, 1);
@@ -248,6 +270,7 @@ Form* MakeSetup(Desk& desk, QWidget* parent)
     column->addStretch(1);
     grid->addWidget(combination, 3, 0, 1, 2);
     grid->addWidget(LimitGroup(bind), 3, 2);
+    grid->addWidget(ExcludeGroup(bind), 4, 0, 1, 3);
     grid->setColumnStretch(0, 3);
     grid->setColumnStretch(1, 2);
     grid->setColumnStretch(2, 2);

@@ -30,14 +30,14 @@ template <void (*kHandler)(Session&)> bool After(Session& session)
 const std::vector<FormMaker>& AllForms()
 {
     static const std::vector<FormMaker> forms{
-        {"setup", MakeSetup, Open},
+        {"setup", MakeSetup, Open, true},
         {"Loading", MakeLoading, After<OpenLoading>},
-        {"endforce", MakeEndForce, After<OpenEndForces>},
-        {"endstiff", MakeEndStiff, Open},
-        {"bucklingy", MakeBucklingY, Open},
-        {"bucklingz", MakeBucklingZ, Open},
-        {"chpoints", MakeCheckPoints, Open},
-        {"vipping", MakeVipping, After<OpenVipping>},
+        {"endforce", MakeEndForce, After<OpenEndForces>, true},
+        {"endstiff", MakeEndStiff, Open, true},
+        {"bucklingy", MakeBucklingY, Open, true},
+        {"bucklingz", MakeBucklingZ, Open, true},
+        {"chpoints", MakeCheckPoints, Open, true},
+        {"vipping", MakeVipping, After<OpenVipping>, true},
         {"frmVortex", MakeVortex, OpenVortex},
         {"Modal_ns", MakeModal, OpenModal},
         {"detailedresult", MakeDetailedResult, Open},

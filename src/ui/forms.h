@@ -14,6 +14,7 @@ struct FormMaker {
     Form* (*make)(Desk& desk, QWidget* parent);
     // What opening the form does to the project; false when it stays closed.
     bool (*open)(Session& session);
+    bool recalculates = false;  // when it is closed
 };
 
 // Null for a name that is none.

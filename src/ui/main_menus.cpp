@@ -11,7 +11,7 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QFileDialog>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -44,6 +44,16 @@ constexpr std::array<InputEntry, 9> kMemberForms{{
     {"mnupicture", QT_TR_NOOP("E&nlarged section"), "sectionpicture", Qt::CTRL | Qt::Key_E},
 }};
 
+// Underlined letters of the reports, free in every menu that offers them.
+constexpr std::string_view kPrintLetters = "pcV", kPdfLetters = "eth";
+
+QString ReportEntry(int report, std::string_view letters)
+{
+    QString text = ToQt(ReportName(report));
+    const QChar letter = QLatin1Char(letters[static_cast<std::size_t>(report)]);
+    return text.insert(text.indexOf(letter), QLatin1Char('&'));
+}
+
 }  // namespace
 
 QAction* MainWindow::AddAction(QMenu* menu, const QString& name, const QString& text,
@@ -52,6 +62,7 @@ QAction* MainWindow::AddAction(QMenu* menu, const QString& name, const QString& 
     QAction* const action = menu->addAction(text);
     action->setObjectName(name);
     action->setShortcut(key);
+    action->setShortcutContext(Qt::ApplicationShortcut);  // also while a form is in front
     connect(action, &QAction::triggered, this, [run] {
         BoxEdit* const box = BoxWithFocus();  // a menu does not take the focus
         if (box == nullptr || box->Finish()) {
@@ -117,7 +128,7 @@ void MainWindow::BuildFileMenu(QMenu* menu)
     menu->addSeparator();
     for (int report = 0; report < kReports; ++report) {
         AddAction(menu, QStringLiteral("mnuprint%1%1").arg(report),
-                  tr("Print: ") + ToQt(ReportName(report)), {},
+                  tr("Print: ") + ReportEntry(report, kPrintLetters), {},
                   [this, report] { PrintReport(desk_.session, static_cast<Report>(report)); });
     }
     recentend_ = menu->addSeparator();
@@ -162,7 +173,7 @@ void MainWindow::BuildProfileMenu(QMenu* menu)
     };
     std::map<MenuGroup, QMenu*> menus{{MenuGroup::profiles, menu}};
     const auto add = [&](const FamilyInfo& family) {
-        AddAction(menus.at(family.group), ToQt(family.menu), ToQt(family.caption).trimmed(), {},
+        AddAction(menus.at(family.group), ToQt(family.menu), ToQt(family.caption), {},
                   [this, id = family.id, form = family.form] {
                       ChooseFamily(desk_.session, id);
                       OpenForm(form);
@@ -190,14 +201,15 @@ void MainWindow::BuildPrintMenu(QMenu* menu)
     constexpr std::array<QKeyCombination, kReports> kKeys{
         Qt::CTRL | Qt::SHIFT | Qt::Key_P, Qt::CTRL | Qt::Key_P, Qt::CTRL | Qt::ALT | Qt::Key_P};
     for (int report = 0; report < kReports; ++report) {
-        AddAction(menu, QStringLiteral("mnuprint%1").arg(report), ToQt(ReportName(report)),
+        AddAction(menu, QStringLiteral("mnuprint%1").arg(report),
+                  ReportEntry(report, kPrintLetters),
                   QKeySequence(kKeys[static_cast<std::size_t>(report)]),
                   [this, report] { PrintReport(desk_.session, static_cast<Report>(report)); });
     }
     menu->addSeparator();
     for (int report = 0; report < kReports; ++report) {
         AddAction(menu, QStringLiteral("mnupdf%1").arg(report),
-                  tr("PDF: ") + ToQt(ReportName(report)), {},
+                  tr("PDF: ") + ReportEntry(report, kPdfLetters), {},
                   [this, report] { ExportReport(report); });
     }
 }
@@ -232,13 +244,16 @@ void MainWindow::ExportReport(int report)
     if (pages.empty()) {
         return;
     }
-    const QString folder = ToQt(desk_.session.curdir);
-    const QString path =
-        QFileDialog::getSaveFileName(this, tr("Export as PDF"), folder, tr("PDF (*.pdf)"));
-    if (path.isEmpty()) {
+    const std::string& project = desk_.session.state().filename;
+    const std::string proposal =
+        project == kNewFile ? "" : FromQt(QFileInfo(ToQt(project)).completeBaseName()) + ".pdf";
+    const std::optional<std::string> path =
+        AskForFile(QApplication::activeWindow(), {tr("Export as PDF"), tr("PDF (*.pdf)"), "pdf"},
+                   desk_.session.curdir, proposal);
+    if (!path) {
         return;
     }
-    const std::string fault = WritePdf(pages, 1, FromQt(path));
+    const std::string fault = WritePdf(pages, 1, *path);
     if (!fault.empty()) {
         desk_.session.surroundings().Warn(fault);  // which names the file
     }
@@ -248,6 +263,9 @@ void MainWindow::UseDark(bool dark)
 {
     UseTheme(*qobject_cast<QApplication*>(QCoreApplication::instance()), dark);
     RememberDark(desk_.store.settings(), dark);
+    if (BoxEdit* const box = BoxWithFocus()) {
+        box->ShowFocus();  // its colour goes with the old palette
+    }
 }
 
 }  // namespace kestrum

@@ -1,21 +1,14 @@
 #include "ui/main_panels.h"
 
-#include "app/load_commands.h"
 #include "app/member_commands.h"
-#include "app/section_commands.h"
 #include "app/view_member.h"
 #include "app/view_section.h"
-#include "core/load_combination.h"
-#include "engine/calculate.h"
 #include "report/choice_pictures.h"
-#include "report/design_notes.h"
-#include "report/diagrams.h"
 #include "report/member_drawing.h"
 #include "report/section_figure.h"
 #include "sections/family_table.h"
 #include "ui/form.h"
 #include "ui/lists.h"
-#include "ui/result_panel.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -23,16 +16,25 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QScrollArea>
-#include <QTabWidget>
 #include <QVBoxLayout>
 
 namespace kestrum {
 
 namespace {
 
-// --- Input ---------------------------------------------------------------------------------------
+constexpr QSize kSmallPicture(72, 26);
+constexpr int kMemberHeight = 32;  // its length can be read
+
+// What Tab would reach; frames and labels stand between.
+QWidget* NextInput(QWidget& from)
+{
+    QWidget* at = from.nextInFocusChain();
+    while (at != &from &&
+           !(at->isVisible() && at->isEnabled() && (at->focusPolicy() & Qt::TabFocus) != 0)) {
+        at = at->nextInFocusChain();
+    }
+    return at;
+}
 
 QLineEdit* TextBox(Binder& bind, const QString& name, const QString& meaning,
                    std::string ProjectState::*field, void (*set)(Session&, std::string_view))
@@ -44,7 +46,7 @@ QLineEdit* TextBox(Binder& bind, const QString& name, const QString& meaning,
     QObject::connect(box, &QLineEdit::textEdited, box,
                      [&bind, set](const QString& text) { set(bind.session(), FromQt(text)); });
     QObject::connect(box, &QLineEdit::returnPressed, box,
-                     [box] { box->nextInFocusChain()->setFocus(Qt::TabFocusReason); });
+                     [box] { NextInput(*box)->setFocus(Qt::TabFocusReason); });
     bind.Follow([box, field](const ProjectState& s) {
         const QString text = ToQt(s.*field);
         if (box->text() != text) {
@@ -75,6 +77,11 @@ QGroupBox* MemberGroup(Binder& bind)
     QGroupBox* const group = Group(QStringLiteral("fr11"), QObject::tr("Member data (m)"));
     QGridLayout* const grid = GridOf(group);
     bind.BoxRow(grid, 0, *FindBox("kestrum", "il"));
+    // The diagrams are those of the last good pass; this is the member in hand.
+    Picture* const member = bind.Figure(QStringLiteral("picmember"), DrawMember);
+    member->setAccessibleName(QObject::tr("The member with its supports"));
+    member->setFixedHeight(kMemberHeight);
+    grid->addWidget(member, 1, 0, 1, 4);
     grid->setColumnStretch(3, 1);
     return group;
 }
@@ -90,7 +97,7 @@ QGroupBox* SupportGroup(Binder& bind)
             QStringLiteral("cbutt%1").arg(i), {}, SupportPicture(i),
             [i](const ProjectState& s) { return s.supportcase == i; },
             [i](Session& session) { ChooseSupport(session, i); });
-        button->SetPictureSize({46, 32});
+        button->SetPictureSize({46, 28});
         button->setToolTip(SupportNames().at(i));
         button->setAccessibleName(SupportNames().at(i));
         pictures->addWidget(button);
@@ -127,9 +134,11 @@ void ColumnRow(Binder& bind, Desk& desk, QGridLayout* grid, int row, Axis axis)
         QStringLiteral("cbobc") + letter, BucklingCurveNames(),
         [y](const ProjectState& s) { return y ? s.bcy : s.bcz; },
         [axis](Session& session, int index) { ChooseBucklingCurve(session, axis, index); });
-    curve->setToolTip(QObject::tr("Buckling curve about the %1 axis\n"
-                                  "Auto: EN 1993-1-1, Table 6.2")
-                          .arg(letter));
+    const auto automatic = QStringLiteral("Automatic choosen according to BSK Table 6:233");
+    curve->setItemData(0, automatic, Qt::ToolTipRole);
+    curve->setToolTip(QObject::tr("Buckling curve about the %1 axis\nAuto: %2\n"
+                                  "EN 1993-1-1, Table 6.2")
+                          .arg(letter, automatic));
     curve->setAccessibleName(QObject::tr("Buckling curve about the %1 axis").arg(letter));
     QLabel* const used = bind.Text(QStringLiteral("obc") + letter, [y](const ProjectState& s) {
         return std::string((y ? s.curvey : s.curvez).text());
@@ -145,8 +154,8 @@ QGroupBox* ColumnGroup(Binder& bind, Desk& desk)
 {
     QGroupBox* const group = Group(QStringLiteral("columnframe"), QObject::tr("Column data"));
     QGridLayout* const grid = GridOf(group);
-    grid->addWidget(FaintLabel(QObject::tr("Length factor")), 0, 1, 1, 3);
-    grid->addWidget(FaintLabel(QObject::tr("Buckling curve")), 0, 4, 1, 2);
+    grid->addWidget(FaintLabel(QStringLiteral("Buckling length factor:")), 0, 1, 1, 3);
+    grid->addWidget(FaintLabel(QStringLiteral("Buckling curve:")), 0, 4, 1, 2);
     ColumnRow(bind, desk, grid, 1, Axis::y);
     ColumnRow(bind, desk, grid, 2, Axis::z);
     grid->setColumnStretch(6, 1);
@@ -179,7 +188,7 @@ QGroupBox* LateralGroup(Binder& bind, Desk& desk)
         Group(QStringLiteral("Frame1"), QObject::tr("Lateral Torsional Buckling"));
     QGridLayout* const grid = GridOf(group);
     QCheckBox* const tick = bind.Tick(
-        QStringLiteral("ch_vipp"), QObject::tr("Control"),
+        QStringLiteral("ch_vipp"), QObject::tr("C&ontrol"),
         [](const ProjectState& s) { return s.ltb == 1; }, TickLateralBuckling);
     tick->setToolTip(QObject::tr("Control lateral torsional buckling\nEN 1993-1-1, 6.3.2"));
     bind.EnableWhen(tick, [](const ProjectState& s) { return s.ltbavail != kFalse; });
@@ -199,6 +208,14 @@ QGroupBox* LateralGroup(Binder& bind, Desk& desk)
     grid->addWidget(kname, 0, 1);
     grid->addWidget(k, 0, 2);
     grid->addWidget(level, 0, 3);
+    Picture* const restraints =
+        bind.Figure(QStringLiteral("picvipping"),
+                    [](const ProjectState& s) { return LateralRestraintPicture(s.restraints); });
+    restraints->setAccessibleName(QObject::tr("Lateral restraints of the compression flange"));
+    restraints->setToolTip(restraints->accessibleName());
+    restraints->setFixedSize(kSmallPicture);
+    bind.ShowWhen(restraints, [](const ProjectState& s) { return s.ltb == 1; });
+    grid->addWidget(restraints, 0, 4, Qt::AlignRight);
     grid->addWidget(open, 0, 5);
     grid->setColumnStretch(4, 1);
     return group;
@@ -235,7 +252,7 @@ QGroupBox* CombinationGroup(Binder& bind)
     list->setToolTip(QObject::tr("Load combination\nEN 1990, 6.4.3.2"));
     row->addWidget(list, 1);
     QCheckBox* const sls = bind.Tick(
-        QStringLiteral("CheckSLS"), QObject::tr("&Deflections"),
+        QStringLiteral("CheckSLS"), QStringLiteral("Incl &Deflection control (SLS)"),
         [](const ProjectState& s) { return s.checksls != kFalse; }, TickDeflections);
     sls->setToolTip(QObject::tr("Control deflections (serviceability limit state)"));
     row->addWidget(sls);
@@ -250,7 +267,7 @@ QGroupBox* CalculationGroup(Binder& bind, Desk& desk)
     QPushButton* const points = bind.Button(QStringLiteral("cp"), QObject::tr("&Check points"),
                                             [&desk] { desk.open("chpoints"); });
     QPushButton* const vortex =
-        bind.Button(QStringLiteral("btnVortex"), QObject::tr("&Vortex shedding"),
+        bind.Button(QStringLiteral("btnVortex"), QObject::tr("Vorte&x shedding"),
                     [&desk] { desk.open("frmVortex"); });
     auto* const frame = new QWidget;
     frame->setObjectName(QStringLiteral("Frame5"));
@@ -286,6 +303,8 @@ QGroupBox* SectionGroup(Binder& bind, Desk& desk)
     bold.setBold(true);
     name->setFont(bold);
     name->setWordWrap(true);
+    name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // however long it is
+    bind.Follow([name](const ProjectState&) { name->setToolTip(name->text()); });
     Picture* const picture = bind.Figure(QStringLiteral("picsection"), DrawSection);
     picture->setAccessibleName(QObject::tr("The section to scale"));
     picture->setToolTip(QObject::tr("Click to change the section"));
@@ -313,151 +332,7 @@ QGroupBox* SectionGroup(Binder& bind, Desk& desk)
     return group;
 }
 
-constexpr double kLoadScale = 5.2;  // pixels per unit at most, for texts of ordinary size
-constexpr double kDiagramStretch = 1.7;
-constexpr int kNarrowestDiagram = 220;
-
-// --- Diagrams ------------------------------------------------------------------------------------
-
-QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis)
-{
-    const bool z = axis == LoadAxis::z;
-    QGroupBox* const group = Group(z ? QStringLiteral("fr2") : QStringLiteral("fr3"),
-                                   z ? QObject::tr("Loading/Moment/Shear/Deflection - Z-axis  ")
-                                     : QObject::tr("Loading/Moment/Shear/Deflection - Y-axis  "));
-    group->setMinimumWidth(kNarrowestDiagram);  // less than its title with a large font
-    QVBoxLayout* const column = ColumnOf(group);
-    Picture* const load =
-        bind.ResultFigure(z ? QStringLiteral("PicLoadZ") : QStringLiteral("PicLoadY"),
-                          [axis](const ProjectState& s) { return DrawAll(s, axis).load; });
-    Picture* const moment =
-        bind.ResultFigure(z ? QStringLiteral("PicMy") : QStringLiteral("PicMz"),
-                          [axis](const ProjectState& s) { return DrawAll(s, axis).moment; });
-    auto* const readout = new QLabel;
-    readout->setObjectName(z ? QStringLiteral("hoverz") : QStringLiteral("hovery"));
-    readout->setMinimumHeight(readout->fontMetrics().height());
-    const auto open = [&desk] {
-        desk.open(desk.session.state().loadmode == 1 ? "Loading" : "endforce");
-    };
-    for (Picture* const picture : {load, moment}) {
-        picture->clicked = open;
-        picture->setCursor(Qt::PointingHandCursor);
-        picture->setFocusPolicy(Qt::TabFocus);
-        picture->setToolTip(QObject::tr("Click to edit the loads"));
-    }
-    load->setAccessibleName(z ? QObject::tr("Loads along z") : QObject::tr("Loads along y"));
-    moment->setAccessibleName(z ? QObject::tr("Moment, shear and deflection along z")
-                                : QObject::tr("Moment, shear and deflection along y"));
-    moment->hovered = [readout, axis, &desk](Point at) {
-        readout->setText(ToQt(
-            ForLocale(HoverText(desk.session.shown(), axis, at.x), desk.session.decimalcomma())));
-    };
-    moment->left = [readout] { readout->clear(); };
-    load->SetLargestScale(kLoadScale);
-    moment->SetStretch(kDiagramStretch);
-    column->addWidget(load, 40);
-    column->addWidget(moment, 55);
-    column->addWidget(readout);
-    return group;
-}
-
-// --- Results -------------------------------------------------------------------------------------
-
-QGroupBox* PanelGroup(Binder& bind, Desk& desk)
-{
-    QGroupBox* const group = Group(QStringLiteral("fr4"), QObject::tr("Results "));
-    QVBoxLayout* const column = ColumnOf(group);
-    auto* const panel = new ResultPanel;
-    bind.Follow([panel, &desk](const ProjectState&) { panel->Show(desk.session.shown()); });
-    column->addWidget(panel, 1);
-    auto* const error = new QLabel(ToQt(kCalculationError).trimmed());
-    error->setObjectName(QStringLiteral("txtError"));
-    error->setWordWrap(true);
-    error->setStyleSheet(
-        QStringLiteral("background: #c62828; color: white; border-radius: 3px; padding: 3px 6px;"));
-    bind.ShowWhen(error, [&desk](const ProjectState&) { return desk.session.failed(); });
-    column->addWidget(error);
-    panel->SetCorner(bind.Button(QStringLiteral("CmdResult"), QObject::tr("More &Results"),
-                                 [&desk] { desk.open("detailedresult"); }));
-    return group;
-}
-
-// What the user should know about the result; there only when there is something to know.
-QGroupBox* NotesGroup(Binder& bind, Desk& desk)
-{
-    QGroupBox* const group = Group(QStringLiteral("frnotes"), QObject::tr("Design notes"));
-    QVBoxLayout* const column = ColumnOf(group);
-    auto* const list = new QListWidget;
-    list->setObjectName(QStringLiteral("lstNotes"));
-    list->setAccessibleName(QObject::tr("Design notes of the current result"));
-    list->setWordWrap(true);
-    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list->setMinimumSize(80, 40);
-    bind.Follow([list, group, &desk](const ProjectState&) {
-        const std::vector<DesignNote> notes =
-            desk.session.failed() ? std::vector<DesignNote>{} : DesignNotes(desk.session.shown());
-        list->clear();
-        for (const DesignNote& note : notes) {
-            auto* const item =
-                new QListWidgetItem(ToQt(note.id) + QStringLiteral(": ") + ToQt(note.text), list);
-            item->setToolTip(item->text());
-        }
-        group->setTitle(QObject::tr("Design notes (%1)").arg(notes.size()));
-        group->setVisible(!notes.empty());
-    });
-    column->addWidget(list);
-    return group;
-}
-
-// --- Families ------------------------------------------------------------------------------------
-
-QWidget* FamilyTab(Binder& bind, Desk& desk, MenuGroup group)
-{
-    auto* const page = new QWidget;
-    auto* const row = new QHBoxLayout(page);
-    row->setContentsMargins(kGap, 2, kGap, 2);
-    row->setSpacing(2);
-    for (const FamilyInfo& family : Families()) {
-        if (family.group != group) {
-            continue;
-        }
-        const int id = family.id;
-        PictureButton* const button = bind.PictureOption(
-            ToQt(family.form) + QLatin1Char('i'), FamilyButtonText(id), SectionIcon(id),
-            [id](const ProjectState& s) { return s.family == id; },
-            [id, &desk, form = family.form](Session& session) {
-                ChooseFamily(session, id);
-                desk.open(form);
-            });
-        const QString caption = ToQt(family.caption).remove(QLatin1Char('&')).trimmed();
-        button->setToolTip(caption);
-        button->setAccessibleName(caption);
-        button->SetPictureSize({52, 34});
-        row->addWidget(button);
-    }
-    row->addStretch(1);
-    return page;
-}
-
 }  // namespace
-
-QWidget* FamilyTabs(Binder& bind, Desk& desk)
-{
-    auto* const tabs = new QTabWidget;
-    tabs->setObjectName(QStringLiteral("ProfTab"));
-    tabs->setDocumentMode(true);
-    const std::pair<MenuGroup, QString> groups[] = {
-        {MenuGroup::profiles, QObject::tr("Profiles")},
-        {MenuGroup::welded, QObject::tr("Welded")},
-        {MenuGroup::plates, QObject::tr("Stiffened plates")},
-        {MenuGroup::other, QObject::tr("Other")},
-        {MenuGroup::british, QObject::tr("British profiles")}};
-    for (const auto& [group, title] : groups) {
-        tabs->addTab(FamilyTab(bind, desk, group), title);
-    }
-    tabs->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    return tabs;
-}
 
 QWidget* InputPanel(Binder& bind, Desk& desk)
 {
@@ -476,27 +351,11 @@ QWidget* InputPanel(Binder& bind, Desk& desk)
     column->addWidget(CombinationGroup(bind));
     column->addWidget(CalculationGroup(bind, desk));
     column->addWidget(SectionGroup(bind, desk), 1);
+    constexpr int kTight = 4;  // above and below, so that all of it fits into an ordinary window
+    for (const QGroupBox* const group : panel->findChildren<QGroupBox*>()) {
+        group->layout()->setContentsMargins(kMargin, kTight, kMargin, kTight);
+    }
     return panel;
-}
-
-QWidget* DiagramPanel(Binder& bind, Desk& desk)
-{
-    auto* const host = new QWidget;
-    auto* const row = new QHBoxLayout(host);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(DiagramGroup(bind, desk, LoadAxis::z));
-    row->addWidget(DiagramGroup(bind, desk, LoadAxis::y));
-    return host;
-}
-
-QWidget* ResultGroup(Binder& bind, Desk& desk)
-{
-    auto* const host = new QWidget;
-    auto* const row = new QHBoxLayout(host);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(PanelGroup(bind, desk), 10);
-    row->addWidget(NotesGroup(bind, desk), 3);
-    return host;
 }
 
 }  // namespace kestrum

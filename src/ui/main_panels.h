@@ -9,9 +9,11 @@
 
 namespace kestrum {
 
+QWidget* InputPanel(Binder& bind, Desk& desk);  // fr1 and its groups
+
+// In main_results.cpp
 QWidget* FamilyTabs(Binder& bind, Desk& desk);    // ProfTab
-QWidget* InputPanel(Binder& bind, Desk& desk);    // fr1 and its groups
 QWidget* DiagramPanel(Binder& bind, Desk& desk);  // fr2, fr3
-QWidget* ResultGroup(Binder& bind, Desk& desk);   // fr4, the design notes, the section
+QWidget* ResultGroup(Binder& bind, Desk& desk);   // fr4, the design notes
 
 }  // namespace kestrum

@@ -7,6 +7,7 @@
 #include "ui/text.h"
 #include "ui/theme.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -20,6 +21,7 @@
 #include <QSplitter>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -33,6 +35,7 @@ constexpr char kGeometryKey[] = "Window/Geometry";
 constexpr double kStartWidth = 1024, kStartHeight = 768 * 0.965;  // at the resolution below
 constexpr double kStartDpi = 96;
 constexpr QSize kComfortable(1280, 770);  // if the screen has room for it
+constexpr double kScreenShare = 0.965;    // of its height, without the frame of the window
 
 // The input column: as wide as it needs to be, scrolled where the window is too low for it.
 class InputScroll final : public QScrollArea {
@@ -43,15 +46,10 @@ public:
         setWidgetResizable(true);
         setFrameShape(QFrame::NoFrame);
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this] { FitWidth(); });
     }
 
 protected:
-    void resizeEvent(QResizeEvent* event) override
-    {
-        FitWidth();
-        QScrollArea::resizeEvent(event);
-    }
-
     // The input may want more room later, with another font or choice.
     bool eventFilter(QObject* watched, QEvent* event) override
     {
@@ -64,9 +62,9 @@ protected:
 private:
     void FitWidth()
     {
-        const QSize needed = widget()->minimumSizeHint();
-        const int bar = needed.height() > height() ? verticalScrollBar()->sizeHint().width() : 0;
-        setFixedWidth(std::max(kInputWidth, needed.width()) + bar);
+        const int bar =
+            verticalScrollBar()->maximum() > 0 ? verticalScrollBar()->sizeHint().width() : 0;
+        setFixedWidth(std::max(kInputWidth, widget()->minimumSizeHint().width()) + bar);
     }
 };
 
@@ -94,9 +92,9 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
     auto* const column = new QVBoxLayout(host);
     column->setContentsMargins(kGap, 0, kGap, kGap);
     column->setSpacing(kGap);
-    column->addWidget(FamilyTabs(bind_, desk_));
     auto* const row = new QHBoxLayout;
     row->setSpacing(kGap);
+    column->addLayout(row, 1);
 
     QWidget* const input = InputPanel(bind_, desk_);
     row->addWidget(new InputScroll(input));
@@ -110,17 +108,19 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
     right->setSizes({kDiagramShare * 10, (100 - kDiagramShare) * 10});
     right->setChildrenCollapsible(false);
     row->addWidget(right, 1);
-    column->addLayout(row, 1);
+    column->insertWidget(0, FamilyTabs(bind_, desk_));  // last, so that Tab begins with the inputs
     setCentralWidget(host);
 
     BuildMenus();
     RestoreSize();
     desk_.session.changed = [this] { Refresh(); };
+    desk_.session.showrow = [this](std::string_view box, int at) { ShowLoadRow(box, at); };
 }
 
 MainWindow::~MainWindow()
 {
     desk_.session.changed = [] {};
+    desk_.session.showrow = [](std::string_view, int) {};
     desk_.open = [](std::string_view) {};
 }
 
@@ -141,6 +141,7 @@ Form* MainWindow::OpenForm(std::string_view name)
     }
     if (form == nullptr && maker != nullptr) {
         form = maker->make(desk_, this);
+        form->recalculates = maker->recalculates;
     }
     if (form == nullptr) {
         const auto families = Families();
@@ -150,6 +151,7 @@ Form* MainWindow::OpenForm(std::string_view name)
             return nullptr;
         }
         form = MakeSection(desk_, this, family->id);
+        form->recalculates = true;
     }
     const bool first = forms_.try_emplace(std::string(name), form).second;
     form->Refresh();
@@ -199,17 +201,51 @@ void MainWindow::RestoreSize()
         return;
     }
     const QScreen* const screen = QGuiApplication::primaryScreen();
-    const QSize told(qRound(screen->logicalDotsPerInchX() / kStartDpi * kStartWidth),
-                     qRound(screen->logicalDotsPerInchY() / kStartDpi * kStartHeight));
-    resize(told.expandedTo(kComfortable.boundedTo(screen->availableSize())));
+    resize(StartSize(screen->availableSize(), screen->logicalDotsPerInchX(),
+                     screen->logicalDotsPerInchY()));
+}
+
+QSize MainWindow::StartSize(QSize screen, double dpix, double dpiy)
+{
+    const QSize told(qRound(dpix / kStartDpi * kStartWidth),
+                     qRound(dpiy / kStartDpi * kStartHeight));
+    const QSize room(screen.width(), qFloor(screen.height() * kScreenShare));
+    return told.expandedTo(kComfortable).boundedTo(room);
 }
 
 bool MainWindow::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate) {
-        Refresh();
+        ComeToFront();
     }
     return QMainWindow::event(event);
+}
+
+// What a material of a form has left for the next pass, such as the factor of the shear area, then
+// shows. Nothing that was refused, or read in part, is calculated by looking at it.
+void MainWindow::ComeToFront()
+{
+    const auto boxes = findChildren<BoxEdit*>();
+    const bool refused = std::any_of(boxes.begin(), boxes.end(), [](const BoxEdit* box) {
+        return box->refused() && box->isVisible();
+    });
+    if (refused || desk_.session.halfread || QApplication::activeModalWidget() != nullptr) {
+        Refresh();
+    } else {
+        desk_.session.Calculate();
+    }
+}
+
+// The box of a load row, while the loads are being edited.
+void MainWindow::ShowLoadRow(std::string_view box, int row)
+{
+    const auto form = forms_.find("Loading");
+    if (form != forms_.end() && form->second->isVisible()) {
+        const QString name = ToQt(box) + QLatin1Char('_') + QString::number(row);
+        if (auto* const edit = form->second->findChild<BoxEdit*>(name)) {
+            edit->TakeFocus();
+        }
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -38,6 +38,9 @@ public:
     // Every form by its name.
     static std::vector<std::string_view> FormNames();
 
+    // Size at the first start on a screen of this size and resolution.
+    static QSize StartSize(QSize screen, double dpix, double dpiy);
+
     // Window, open forms, title and menus after a change.
     void Refresh();
 
@@ -60,6 +63,8 @@ private:
     void ExportReport(int report);
     void UseDark(bool dark);
     void RestoreSize();
+    void ComeToFront();
+    void ShowLoadRow(std::string_view box, int row);
 
     Desk& desk_;
     Binder bind_;

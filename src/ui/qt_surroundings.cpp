@@ -31,6 +31,21 @@ QString KeyOf(const std::string& value)
 
 }  // namespace
 
+std::optional<std::string> AskForFile(QWidget* parent, const FileKind& kind,
+                                      const std::string& folder, const std::string& proposal)
+{
+    QFileDialog dialog(parent, kind.title, ToQt(folder), kind.filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(kind.suffix);
+    if (proposal.find('*') == std::string::npos) {  // a pattern is no name; the filter shows it
+        dialog.selectFile(ToQt(proposal));
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    return FromQt(dialog.selectedFiles().constFirst());
+}
+
 QWidget* QtSurroundings::Parent() const
 {
     QWidget* const active = QApplication::activeWindow();
@@ -84,14 +99,8 @@ std::optional<std::string> QtSurroundings::ChooseFileToOpen(const std::string& f
 std::optional<std::string> QtSurroundings::ChooseFileToSave(const std::string& folder,
                                                             const std::string& proposal)
 {
-    QFileDialog dialog(Parent(), QFileDialog::tr("Save project as"), ToQt(folder), kFilter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("kst"));
-    dialog.selectFile(ToQt(proposal));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-        return std::nullopt;
-    }
-    return FromQt(dialog.selectedFiles().constFirst());
+    return AskForFile(Parent(), {QFileDialog::tr("Save project as"), kFilter, "kst"}, folder,
+                      proposal);
 }
 
 bool QtSurroundings::Print(const std::vector<Drawing>& pages)

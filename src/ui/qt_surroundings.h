@@ -12,6 +12,13 @@
 
 namespace kestrum {
 
+// The dialog that names a file to write; the extension is added, an overwrite asked for.
+struct FileKind {
+    QString title, filter, suffix;
+};
+std::optional<std::string> AskForFile(QWidget* parent, const FileKind& kind,
+                                      const std::string& folder, const std::string& proposal);
+
 class QtSurroundings final : public Surroundings {
 public:
     void SetWindow(QWidget* window) { window_ = window; }

@@ -67,9 +67,9 @@ public:
                     const std::optional<double>* utilisation, double down) const
     {
         const Columns columns = ColumnsOf(block);
-        const double column = std::max(start_, std::min(columns.result, room_ - columns.results));
+        const double column = ResultColumn(columns);
         for (const PanelLine& line : block) {
-            const double y = (line.y + 1 + down) * size_ * kLineStep;
+            const double y = Baseline(line, down);
             if (*utilisation) {
                 PaintBar(painter, palette, y, **utilisation, IsAbove(line));
             }
@@ -80,6 +80,18 @@ public:
             PaintRuns(painter, palette, {column, y}, columns.results, line.result);
             ++utilisation;
         }
+    }
+
+    // Whether a line of the block runs into the lower right corner.
+    bool Reaches(const PanelBlock& block, double down, QPointF corner) const
+    {
+        const Columns columns = ColumnsOf(block);
+        return std::any_of(block.begin(), block.end(), [&](const PanelLine& line) {
+            const double right = line.result.empty()
+                                     ? start_ + WidthOf(line.left, font_)
+                                     : ResultColumn(columns) + WidthOf(line.result, font_);
+            return Baseline(line, down) + size_ * kUnderline > corner.y() && right > corner.x();
+        });
     }
 
 private:
@@ -98,6 +110,16 @@ private:
             }
         }
         return {start_ + left + size_, right};
+    }
+
+    double ResultColumn(const Columns& columns) const
+    {
+        return std::max(start_, std::min(columns.result, room_ - columns.results));
+    }
+
+    double Baseline(const PanelLine& line, double down) const
+    {
+        return (line.y + 1 + down) * size_ * kLineStep;
     }
 
     static bool IsAbove(const PanelLine& line)
@@ -167,6 +189,58 @@ double LinesOf(const std::vector<PanelBlock>& blocks)
                      kBlockGap * static_cast<double>(blocks.size() - 1);
 }
 
+// Which font size the lines get in the width that there is.
+class Fitting {
+public:
+    Fitting(const std::vector<PanelBlock>& blocks, double width, int dpi)
+        : blocks_(blocks), width_(width), dpi_(dpi)
+    {
+    }
+
+    Layout At(double size) const
+    {
+        QFont font(QStringLiteral("Liberation Sans"));
+        font.setStyleHint(QFont::SansSerif);
+        font.setHintingPreference(QFont::PreferNoHinting);  // widths grow with the size
+        font.setPointSizeF(size * kPointsPerInch / dpi_);
+        return {font, size, width_};
+    }
+
+    bool Fits(double size) const
+    {
+        const Layout layout = At(size);
+        return std::all_of(blocks_.begin(), blocks_.end(), [&](const PanelBlock& block) {
+            return layout.WidthOfBlock(block) <= width_;
+        });
+    }
+
+    // As large as height and width allow.
+    double SizeFor(double height) const
+    {
+        const double smallest = kSmallest * SystemFontSize(), largest = kLargest * SystemFontSize();
+        double size = std::clamp(height / (LinesOf(blocks_) * kLineStep), smallest, largest);
+        while (size > smallest && !Fits(size)) {
+            size = std::max(smallest, size - kSizeStep);
+        }
+        return size;
+    }
+
+    bool Reaches(double size, QPointF corner) const
+    {
+        const Layout layout = At(size);
+        double down = -kBlockGap;
+        return std::any_of(blocks_.begin(), blocks_.end(), [&](const PanelBlock& block) {
+            down += kBlockGap;
+            return layout.Reaches(block, down, corner);
+        });
+    }
+
+private:
+    const std::vector<PanelBlock>& blocks_;
+    double width_;
+    int dpi_;
+};
+
 }  // namespace
 
 ResultPanel::ResultPanel(QWidget* parent) : QWidget(parent)
@@ -185,13 +259,14 @@ void ResultPanel::Show(const ProjectState& s)
     update();
 }
 
-// Low enough for a small screen, but no line is lost.
+// Low enough for a small screen, but no line is lost, nor hidden by the corner.
 QSize ResultPanel::minimumSizeHint() const
 {
     constexpr double kNarrowest = 25;  // font sizes
     const double size = SystemFontSize();
     return {qCeil(kNarrowest * size),
-            qCeil(LinesOf(blocks_) * kLineStep * kSmallest * size) + kEdge};
+            qCeil(LinesOf(blocks_) * kLineStep * kSmallest * size) + kEdge +
+                (corner_ != nullptr ? corner_->sizeHint().height() + kGap : 0)};
 }
 
 void ResultPanel::SetCorner(QWidget* corner)
@@ -216,34 +291,20 @@ void ResultPanel::paintEvent(QPaintEvent*)
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
 
-    const double inner = width() - 2.0 * kMargin;
-    QFont font(QStringLiteral("Liberation Sans"));
-    font.setStyleHint(QFont::SansSerif);
-    font.setHintingPreference(QFont::PreferNoHinting);  // widths grow with the size
-    const auto layout = [&](double size) {
-        font.setPointSizeF(size * kPointsPerInch / logicalDpiY());
-        return Layout(font, size, inner);
-    };
-    const auto widest = [&](double size) {
-        double width = 0;
-        for (const PanelBlock& block : blocks_) {
-            width = std::max(width, layout(size).WidthOfBlock(block));
-        }
-        return width;
-    };
-    // As large as height and width allow.
-    const double smallest = kSmallest * SystemFontSize(), largest = kLargest * SystemFontSize();
-    double size =
-        std::clamp((height() - kEdge) / (LinesOf(blocks_) * kLineStep), smallest, largest);
-    while (size > smallest && widest(size) > inner) {
-        size = std::max(smallest, size - kSizeStep);
+    const Fitting fitting(blocks_, width() - 2.0 * kMargin, logicalDpiY());
+    double size = fitting.SizeFor(height() - kEdge);
+    if (corner_ != nullptr) {
+        const QPointF corner(corner_->x() - kMargin, corner_->y() - kEdge / 2.0);
+        size = fitting.Reaches(size, corner) ? fitting.SizeFor(corner.y()) : size;
     }
+    setToolTip(fitting.Fits(size) ? QString() : accessibleDescription());  // what was cut, whole
 
     painter.translate(kMargin, kEdge / 2);
     const std::optional<double>* utilisation = utilisation_.data();
+    const Layout layout = fitting.At(size);
     double down = 0;
     for (const PanelBlock& block : blocks_) {
-        layout(size).PaintBlock(painter, palette(), block, utilisation, down);
+        layout.PaintBlock(painter, palette(), block, utilisation, down);
         utilisation += block.size();
         down += kBlockGap;
     }

@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <QColor>
 #include <QFontInfo>
+#include <QPainter>
+#include <QProxyStyle>
 #include <QSettings>
-#include <QStyleFactory>
+#include <QStyleOption>
 
 namespace kestrum {
 
@@ -52,6 +54,31 @@ QPalette Make(const Tones& t)
     return p;
 }
 
+// Fusion draws frames darker than the window, which in a dark one nobody sees: boxes, ticks and
+// options get a lighter line there.
+class Outlined final : public QProxyStyle {
+public:
+    Outlined() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool tick = element == PE_IndicatorCheckBox,
+                   round = element == PE_IndicatorRadioButton;
+        const bool box = element == PE_FrameLineEdit && !(option->state & State_HasFocus);
+        if ((tick || round || box) && IsDark(option->palette)) {
+            const QRectF line = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+            painter->save();
+            painter->setRenderHint(QPainter::Antialiasing);
+            painter->setBrush(Qt::NoBrush);
+            painter->setPen(option->palette.color(box ? QPalette::Mid : QPalette::PlaceholderText));
+            round ? painter->drawEllipse(line) : painter->drawRoundedRect(line, 2, 2);
+            painter->restore();
+        }
+    }
+};
+
 constexpr char kDarkKey[] = "Window/Dark";
 
 constexpr auto kStyleSheet = R"(
@@ -96,7 +123,7 @@ double SystemFontSize()
 void UseTheme(QApplication& application, bool dark)
 {
     if (application.styleSheet().isEmpty()) {
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        QApplication::setStyle(new Outlined);  // which takes it
     }
     QApplication::setPalette(dark ? DarkPalette() : LightPalette());
     // Again after every change: windows that stand already keep the colours of their style sheet.

@@ -328,8 +328,19 @@ TEST(SessionBoxes, AFinishedTrapezoidalRowOfMixedSignsIsTold)
     program.Type("Loading", "iqt1", "5");
     program.Type("Loading", "iqtx2", "4");
     EXPECT_TRUE(program.Told().empty());
+    std::string focus;
+    program.session.showrow = [&](std::string_view box, int row) {
+        focus = std::string(box) + std::to_string(row);
+    };
     program.Type("Loading", "iqt2", "-5");
     EXPECT_EQ(program.Told(), Texts{" Trapezoidal load: One positive and one negative value "});
+    EXPECT_EQ(focus, "iqt11");  // the box of the first row
+    focus.clear();
+    program.Type("kestrum", "il", "6");
+    EXPECT_EQ(focus, "iqt11");
+    focus.clear();
+    ChooseSupport(program.session, 1);
+    EXPECT_EQ(focus, "iqt11");
 }
 
 // Vortex shedding

@@ -25,7 +25,7 @@ TEST(MemberTexts, OfTheEndSupports)
     s.webstiff = 1;
     s.webstiffa = 1500.4F;
     EXPECT_EQ(EndPostText(s), "Rigid");
-    EXPECT_EQ(StiffenerText(s), "Web stiffener: c/c 1500mm");
+    EXPECT_EQ(StiffenerText(s), "Web stiffener: c/c1500mm");
     s.vplzrd = 432.15;
     s.vbrd = 5.04;
     EXPECT_EQ(PlasticShearText(s), "432.2");

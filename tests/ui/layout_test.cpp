@@ -4,11 +4,13 @@
 #include "ui/desktop.h"
 
 #include "sections/family_table.h"
+#include "ui/result_panel.h"
 #include "ui/text.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -128,6 +130,84 @@ TEST_F(LayoutDesktop, ShowsAllInputsInTheFirstWindow)
     auto* const inputs = window->findChild<QScrollArea*>();
     ASSERT_NE(inputs, nullptr);
     EXPECT_EQ(inputs->verticalScrollBar()->maximum(), 0);
+}
+
+// Beside a scroll bar the inputs keep their width, from the first picture on.
+TEST_F(LayoutDesktop, ScrollsItsInputsWithoutCuttingThem)
+{
+    MainWindow other(desk);
+    other.resize(1024, 741);
+    other.show();
+    Settle();
+    auto* const inputs = other.findChild<QScrollArea*>();
+    ASSERT_GT(inputs->verticalScrollBar()->maximum(), 0);
+    EXPECT_GE(inputs->viewport()->width(), inputs->widget()->minimumSizeHint().width());
+}
+
+// 1024 x 0.965 * 768 at 96 dpi, more where the screen has room, never more than the screen.
+TEST(StartSize, FollowsTheScreen)
+{
+    EXPECT_EQ(MainWindow::StartSize({1920, 1080}, 96, 96), QSize(1280, 770));
+    EXPECT_EQ(MainWindow::StartSize({1024, 768}, 96, 96), QSize(1024, 741));
+    EXPECT_EQ(MainWindow::StartSize({1280, 720}, 96, 96), QSize(1280, 694));
+    EXPECT_EQ(MainWindow::StartSize({2880, 1800}, 144, 144), QSize(1536, 1112));
+}
+
+// A low and narrow panel: the button in its corner hides no ratio.
+TEST_F(LayoutDesktop, ResultsStayClearOfTheButtonInTheirCorner)
+{
+    session.edit().qload[2] = 3;
+    session.edit().qdir[2] = 0;
+    session.Calculate();
+    ResultPanel panel;
+    auto* const corner = new QPushButton(QStringLiteral("More Results"));
+    panel.SetCorner(corner);
+    panel.Show(session.shown());
+    panel.show();
+    corner->hide();
+    for (const int width : {360, 430, 520, 700}) {
+        panel.resize(width, panel.minimumSizeHint().height());
+        Settle();
+        const QRect place = corner->geometry().adjusted(1, 1, -1, -1);
+        const QImage image = panel.grab(place).toImage();
+        const QColor ground = panel.palette().color(QPalette::Base);
+        bool clear = true;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                clear = clear && image.pixelColor(x, y) == ground;
+            }
+        }
+        EXPECT_TRUE(clear) << width;
+    }
+}
+
+TEST_F(LayoutDesktop, ShortenedResultsAreTheirOwnTooltip)
+{
+    session.edit().qload[2] = 3;
+    session.edit().qdir[2] = 0;
+    session.Calculate();
+    ResultPanel panel;
+    panel.Show(session.shown());
+    panel.resize(360, 200);
+    panel.grab();
+    EXPECT_TRUE(panel.toolTip().contains(QStringLiteral("kyz*Mz,Ed/Mz,Rd")));
+    panel.resize(1600, 200);
+    panel.grab();
+    EXPECT_TRUE(panel.toolTip().isEmpty());
+}
+
+// However long the name of a profile is, the window stays as wide as it was.
+TEST_F(LayoutDesktop, LongNamesDoNotWidenTheWindow)
+{
+    session.edit().family = 41;
+    session.Calculate();
+    Settle();
+    const int before = window->minimumSizeHint().width();
+    session.edit().p41ident = std::string(120, 'W');
+    session.edit().projname = std::string(300, 'W');
+    session.Calculate();
+    Settle();
+    EXPECT_EQ(window->minimumSizeHint().width(), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(FontSizes, Layout, testing::Values(9.0, 14.0, 20.0));

@@ -207,6 +207,28 @@ TEST_F(Program, DarkColoursReachTheWholeWindow)
     dark.setChecked(was);
 }
 
+// A tick that is not set, and a box, stand out from a dark window.
+TEST_F(Program, OutlinesAreSeenInTheDark)
+{
+    auto& dark = Find<QAction>(QStringLiteral("mnudark"));
+    const bool was = dark.isChecked();
+    dark.setChecked(true);
+    Settle();
+    const auto brightest = [this](const char* name, int width) {
+        const QImage image = Find<QWidget>(QLatin1String(name)).grab().toImage();
+        int most = 0;
+        for (int x = 0; x < width; ++x) {
+            most = std::max(most, image.pixelColor(x, image.height() / 2).lightness());
+        }
+        return most;
+    };
+    const int ground = QApplication::palette().color(QPalette::Window).lightness();
+    constexpr int kIndicator = 12, kEdge = 3;  // pixels without the caption
+    EXPECT_GT(brightest("ch_modal", kIndicator), 2 * ground);
+    EXPECT_GT(brightest("ispring", kEdge), ground + 20);
+    dark.setChecked(was);
+}
+
 TEST_F(Program, DiagramReadsOutAndOpensTheLoads)
 {
     auto& picture = Find<Picture>(QStringLiteral("PicMy"));

@@ -6,7 +6,10 @@
 #include "ui/text.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QTimer>
 
 namespace kestrum {
 
@@ -66,6 +69,73 @@ TEST_F(RealMessages, LeaveTheFocusInARefusedBox)
     Type(box, QStringLiteral("3"));
     EXPECT_EQ(own.state().l, 3.0F);
     EXPECT_EQ(ShownBox(), nullptr);
+}
+
+// Going to another window does not leave a refused box either.
+TEST_F(RealMessages, LeadBackToTheFormOfARefusedBox)
+{
+    QtSurroundings platform;
+    platform.SetWindow(window.get());
+    Session own(Tables(), platform, false);
+    Desk other{own, store};
+    MainWindow main(other);
+    main.Start({});
+    main.show();
+    Form* const form = main.OpenForm("Loading");
+    Settle();
+    auto& box = Find<BoxEdit>(QStringLiteral("ipmx_1"), form);
+    box.setFocus(Qt::TabFocusReason);
+    box.selectAll();
+    QTest::keyClicks(&box, QStringLiteral("9"));
+    main.activateWindow();
+    Settle();
+    ASSERT_NE(ShownBox(), nullptr);
+    EXPECT_EQ(ShownBox()->text(), QStringLiteral(" 0 < x <= l "));
+    ShownBox()->accept();
+    Settle();
+    EXPECT_EQ(QApplication::activeWindow(), form);
+    EXPECT_EQ(QApplication::focusWidget(), &box);
+}
+
+// What the dialog of a file to save begins with; it is then cancelled.
+class SaveDialog : public Desktop {
+public:
+    QString Proposed(const std::function<void()>& ask)
+    {
+        QString name = QStringLiteral("no dialog");
+        QTimer::singleShot(0, window.get(), [&name] {
+            if (auto* const dialog =
+                    qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+                name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+                suffix = dialog->defaultSuffix();
+                dialog->reject();
+            }
+        });
+        ask();
+        return name;
+    }
+
+    static inline QString suffix;
+};
+
+// A pattern taken for a name would write a file of that name.
+TEST_F(SaveDialog, ProposesNoPatternAsAName)
+{
+    QtSurroundings platform;
+    platform.SetWindow(window.get());
+    const std::string here = FromQt(folder.path());
+    EXPECT_EQ(Proposed([&] { platform.ChooseFileToSave(here, "*.kst"); }), QString());
+    EXPECT_EQ(suffix, QStringLiteral("kst"));
+    EXPECT_EQ(Proposed([&] { platform.ChooseFileToSave(here, here + "/beam.kst"); }),
+              QStringLiteral("beam.kst"));
+}
+
+TEST_F(SaveDialog, OfAReportProposesTheNameOfTheProject)
+{
+    EXPECT_EQ(Proposed([&] { Menu(QStringLiteral("mnupdf1")); }), QString());
+    EXPECT_EQ(suffix, QStringLiteral("pdf"));
+    session.edit().filename = FromQt(folder.filePath(QStringLiteral("hall 7.kst")));
+    EXPECT_EQ(Proposed([&] { Menu(QStringLiteral("mnupdf1")); }), QStringLiteral("hall 7.pdf"));
 }
 
 TEST_F(RealMessages, SettingsKeepRecentFilesUnderTheirNames)
