@@ -2,6 +2,7 @@
 
 #include "app/member_commands.h"
 #include "core/annexes.h"
+#include "core/utf8_path.h"
 #include "design/p24bas_hsq.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
@@ -53,7 +54,7 @@ Session::Session(const Library& library, Surroundings& surroundings, bool decima
     shown_ = state_;
     title_ = TitleStem() + ": " + state_.filename;
     std::error_code unknown;
-    curdir = std::filesystem::current_path(unknown).string();
+    curdir = Utf8Name(std::filesystem::current_path(unknown));
 }
 
 void Session::Calculate()
