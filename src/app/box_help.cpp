@@ -78,7 +78,7 @@ constexpr BoxHelp kHelp[] = {
     {"p51", "isth", "h", "mm", "Height of the flat bar"},
     {"p51", "istb1", "b", "mm", "Width of the plate"},
     {"p51", "isttw", "tw", "mm", "Thickness of the flat bar"},
-    {"p51", "isttf1", "tf", "mm", "Thickness of the plate"},
+    {"p51", "isttf1", "tf1", "mm", "Thickness of the plate"},
     {"p52", "istb1", "b1", "mm", "Width of the plate"},
     {"p52", "istt1", "t1", "mm", "Thickness of the plate"},
     {"p53", "isth", "h", "mm", "Height of the stiffener"},

@@ -122,6 +122,12 @@ void ChooseLateralCase(Session& session, int ltbcase)
     session.Calculate();
 }
 
+bool LateralCaseOffered(const ProjectState& s, int ltbcase)
+{
+    constexpr int kCantilever = 4, kHeldEnd = 2;
+    return s.supportcase != kCantilever || ltbcase <= kHeldEnd || ltbcase == s.ltbcase;
+}
+
 void ChooseRestraints(Session& session, int restraints)
 {
     session.edit().restraints = Number(restraints);

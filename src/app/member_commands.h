@@ -31,8 +31,10 @@ void TickModal(Session& session, bool on);
 bool ModalResultShown(const ProjectState& s);  // cmd_modresult is free
 
 // Lateral torsional buckling
-void TickLateralBuckling(Session& session, bool on);      // ch_vipp
-void ChooseLateralCase(Session& session, int ltbcase);    // latbuckl1 .. latbuckl4
+void TickLateralBuckling(Session& session, bool on);    // ch_vipp
+void ChooseLateralCase(Session& session, int ltbcase);  // latbuckl1 .. latbuckl4
+// A cantilever offers a free end and a held one; no end is fixed but the first.
+bool LateralCaseOffered(const ProjectState& s, int ltbcase);
 void ChooseRestraints(Session& session, int restraints);  // vipping.cbo
 void ChooseLateralCurve(Session& session, int ltbcurve);  // Curve2, Curve3
 void ChooseLoadLevel(Session& session, int loadlevel);    // loadl1 .. loadl4

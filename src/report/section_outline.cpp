@@ -256,7 +256,8 @@ void WebBelow(const SectionShape& s, double height, double flangeleft, double fl
     const bool plate = s.family > 50, two = s.tbot > 0;
     o.dimensions.push_back({"h", Side::left, {0, plate ? s.ttop : 0}, {0, height}});
     o.dimensions.push_back({two ? "b1" : "b", Side::top, {top1, 0}, {top2, 0}});
-    o.dimensions.push_back({two ? "tf1" : "tf", Side::right, {top2, 0}, {top2, s.ttop}});
+    const bool rolled = s.family == 52;  // only the plate is entered
+    o.dimensions.push_back({rolled ? "t1" : "tf1", Side::right, {top2, 0}, {top2, s.ttop}});
     if (two) {
         o.dimensions.push_back(
             {"b2", Side::bottom, {left - flangeleft, height}, {left + flangeright, height}});
@@ -293,9 +294,9 @@ void BulbFlat(const SectionShape& s, SectionOutline& o)
                         {left, s.ttop},
                         {top1, s.ttop}})};
     o.dimensions = {{"h", Side::left, {0, s.ttop}, {0, s.h}},
-                    {"b", Side::top, {top1, 0}, {top2, 0}},
+                    {"b1", Side::top, {top1, 0}, {top2, 0}},
                     {"tw", Side::across, {left, 0}, {right, 0}},
-                    {"t", Side::right, {top2, 0}, {top2, s.ttop}}};
+                    {"t1", Side::right, {top2, 0}, {top2, s.ttop}}};
 }
 
 void AngleOutline(const SectionShape& s, SectionOutline& o)

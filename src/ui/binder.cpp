@@ -5,6 +5,7 @@
 #include "ui/text.h"
 
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
@@ -111,7 +112,7 @@ QComboBox* Binder::List(const QString& name, const QStringList& entries, From<in
 
 QPushButton* Binder::Button(const QString& name, const QString& text, std::function<void()> press)
 {
-    auto* const button = new QPushButton(text);
+    auto* const button = new PressButton(text);
     button->setObjectName(name);
     button->setAutoDefault(false);
     QObject::connect(button, &QPushButton::clicked, button, [press] { press(); });
@@ -176,6 +177,15 @@ void Binder::Refresh()
 {
     for (const auto& refresh : refreshers_) {
         refresh(session_.state());
+    }
+}
+
+void PressButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+    } else {
+        QPushButton::keyPressEvent(event);
     }
 }
 

@@ -70,6 +70,17 @@ private:
     std::vector<std::function<void(const ProjectState&)>> refreshers_;
 };
 
+// A button that Enter presses, too, although it is nobody's default.
+class PressButton final : public QPushButton {
+    Q_OBJECT
+
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
 // A list that the mouse wheel changes only while it has the focus.
 class ListBox final : public QComboBox {
     Q_OBJECT

@@ -31,6 +31,8 @@ QGroupBox* LengthGroup(Binder& bind)
         button->SetPictureSize({124, 70});
         button->setToolTip(captions.at(choice - 1));
         button->setAccessibleName(captions.at(choice - 1));
+        bind.ShowWhen(button,
+                      [choice](const ProjectState& s) { return LateralCaseOffered(s, choice); });
         row->addWidget(button);
     }
     row->addStretch(1);

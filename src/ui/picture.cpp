@@ -228,6 +228,15 @@ QSize PictureButton::sizeHint() const
     return {std::max(picture_.width(), words) + 10, picture_.height() + line + 8};
 }
 
+void PictureButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+    } else {
+        QToolButton::keyPressEvent(event);
+    }
+}
+
 void PictureButton::paintEvent(QPaintEvent*)
 {
     QStylePainter painter(this);

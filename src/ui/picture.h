@@ -69,6 +69,7 @@ public:
     void SetPictureSize(QSize size) { picture_ = size; }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

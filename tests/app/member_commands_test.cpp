@@ -262,6 +262,25 @@ TEST(ChooseLateralCase, StoresCaseAndFactor)
     }
 }
 
+TEST(ChooseLateralCase, ACantileverOffersItsOwnCases)
+{
+    ProjectState s{};
+    s.ltbcase = 2;
+    for (const i16 support : {i16{0}, i16{1}, i16{2}, i16{3}, i16{5}}) {
+        s.supportcase = support;
+        for (int choice = 1; choice <= 4; ++choice) {
+            EXPECT_TRUE(LateralCaseOffered(s, choice));
+        }
+    }
+    s.supportcase = 4;
+    EXPECT_TRUE(LateralCaseOffered(s, 1));
+    EXPECT_TRUE(LateralCaseOffered(s, 2));
+    EXPECT_FALSE(LateralCaseOffered(s, 3));
+    EXPECT_FALSE(LateralCaseOffered(s, 4));
+    s.ltbcase = 4;  // chosen before the support: k does not follow the support, so it is shown
+    EXPECT_TRUE(LateralCaseOffered(s, 4));
+}
+
 TEST(LateralBuckling, ItsChoicesStoreAndCalculate)
 {
     Program program;

@@ -6,6 +6,7 @@
 #include "app/view_section.h"
 #include "core/annexes.h"
 #include "report/panel.h"
+#include "report/section_figure.h"
 #include "sections/family_table.h"
 
 #include <algorithm>
@@ -13,6 +14,23 @@
 
 namespace kestrum {
 namespace {
+
+// The figure of a section form names what its boxes ask for.
+TEST(SectionLetters, AreThoseOfTheBoxes)
+{
+    for (const FamilyInfo& family : Families()) {
+        const Drawing figure = DrawSectionLetters(family.id);
+        for (const Box* const box : SectionBoxes(family.id)) {
+            const BoxHelp& help = HelpOf(*box);
+            const bool shown =
+                std::any_of(figure.marks.begin(), figure.marks.end(), [&](const Mark& mark) {
+                    const auto* const text = std::get_if<TextMark>(&mark);
+                    return text != nullptr && text->text == help.label;
+                });
+            EXPECT_EQ(shown, family.id != 41 && box->id != "iload") << family.id << " " << box->id;
+        }
+    }
+}
 
 // The main window and the small forms
 

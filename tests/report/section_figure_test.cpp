@@ -172,13 +172,14 @@ TEST(DrawSectionLetters, NamesTheDimensionsOfEachForm)
     expect(23, {"h", "b", "tw", "tf", "a"});
     expect(24, {"h", "b1", "b2", "tw", "tf1", "tf2"});
     expect(25, {"h", "b1", "b2", "tw", "tf1", "tf2", "c"});
-    expect(26, {"h", "b", "tw", "tf"});
+    expect(26, {"h", "b", "tw", "tf1"});
     expect(27, {"h", "b1", "b2", "tw", "tf1", "tf2", "c"});
     expect(28, {"h", "t"});
     expect(31, {"d", "t"});
-    expect(51, {"h", "b", "tw", "tf"});
+    expect(51, {"h", "b", "tw", "tf1"});
+    expect(52, {"h", "b1", "b2", "tw", "t1", "tf2"});
     expect(53, {"h", "b1", "b2", "tw", "tf1", "tf2"});
-    expect(54, {"h", "b", "tw", "t"});
+    expect(54, {"h", "b1", "tw", "t1"});
     expect(56, {"h", "b1", "b2", "tw", "tf1", "tf2"});
 }
 

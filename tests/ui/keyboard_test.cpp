@@ -150,6 +150,24 @@ TEST_F(Keyboard, TabAndEnterLeadThroughTheInputs)
     }
 }
 
+TEST_F(Keyboard, EnterPressesTheButtonWithTheFocus)
+{
+    Form& form = Open("chpoints");
+    Click(QStringLiteral("cp_1"), &form);
+    auto& box = Find<BoxEdit>(QStringLiteral("icp_1"), &form);
+    box.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&box, Qt::Key_Return);  // the only active box
+    Settle();
+    ASSERT_EQ(QApplication::focusWidget(), &Find<QWidget>(QStringLiteral("ok"), &form));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    Settle();
+    EXPECT_FALSE(form.isVisible());
+    QTest::keyClick(&Find<QWidget>(QStringLiteral("p04i")), Qt::Key_Enter);
+    Settle();
+    EXPECT_EQ(state().family, 4);
+    EXPECT_TRUE(Find<Form>(QStringLiteral("p04")).isVisible());
+}
+
 // A box has its own Ctrl+D, which deletes: the load under it must not go.
 TEST_F(Keyboard, ShortcutsWorkInAForm)
 {
