@@ -183,6 +183,7 @@ int Run(int argc, char** argv)
         .add_option("--fields", many.fields,
                     "columns of the answer: canonical names, control, clause, message")
         ->delimiter(',')
+        ->allow_extra_args(false)  // what follows are inputs
         ->capture_default_str();
     batch.add_option("--jobs", many.jobs, "threads; one for each core without it")
         ->check(CLI::Range(1, 256));

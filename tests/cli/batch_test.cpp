@@ -40,6 +40,15 @@ TEST_F(Batch, AnswersEachLineInOrder)
     EXPECT_TRUE(out.ends_with(",C,5\n")) << out;  // an empty cell keeps the default length
 }
 
+// Options may stand in front of the inputs.
+TEST_F(Batch, TakesInputsBehindItsOptions)
+{
+    Write("t.csv", "l\n5\n");
+    const Said said = Kestrum("batch --fields ident,l --jobs 1 t.csv");
+    EXPECT_EQ(said.exit, 0) << said.err;
+    EXPECT_EQ(said.out, Kestrum("batch t.csv --fields ident,l").out);
+}
+
 // The same member through the table, and through a file and check.
 TEST_F(Batch, GivesTheRatioOfCheck)
 {
