@@ -119,12 +119,15 @@ QPushButton* Binder::Button(const QString& name, const QString& text, std::funct
     return button;
 }
 
-QPushButton* Binder::Rotor(const QString& name, From<std::string> text,
+QPushButton* Binder::Rotor(const QString& name, const QString& meaning, From<std::string> text,
                            std::function<void(Session&)> press)
 {
     QPushButton* const button = Button(name, {}, [this, press] { press(session_); });
     button->setFixedWidth(button->fontMetrics().horizontalAdvance(QStringLiteral("QQQ")) + 12);
-    Follow([button, text](const ProjectState& s) { button->setText(ToQt(text(s))); });
+    Follow([button, meaning, text](const ProjectState& s) {
+        button->setText(ToQt(text(s)));
+        button->setAccessibleName(meaning + QStringLiteral(": ") + button->text());
+    });
     return button;
 }
 

@@ -46,8 +46,9 @@ public:
                                  From<bool> is, std::function<void(Session&)> choose);
     QComboBox* List(const QString& name, const QStringList& entries, From<int> is, To<int> choose);
     QPushButton* Button(const QString& name, const QString& text, std::function<void()> press);
-    // A button whose caption follows the record, such as "G", "Q1", "Q2".
-    QPushButton* Rotor(const QString& name, From<std::string> text,
+    // A button whose caption follows the record, such as "G", "Q1", "Q2"; `meaning` for those who
+    // do not see where it stands.
+    QPushButton* Rotor(const QString& name, const QString& meaning, From<std::string> text,
                        std::function<void(Session&)> press);
 
     // A text of the program; a value also takes the decimal separator of the locale.

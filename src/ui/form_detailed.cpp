@@ -81,6 +81,7 @@ Form* MakeDetailedResult(Desk& desk, QWidget* parent)
     Binder& bind = form->bind();
     auto* const table = new QTableWidget(0, static_cast<int>(kDetailedColumns.size()));
     table->setObjectName(QStringLiteral("MSFlexGrid1"));
+    table->setAccessibleName(QObject::tr("Intermediate values"));
     QStringList heads;
     for (const std::string_view head : kDetailedColumns) {
         heads << ToQt(head);

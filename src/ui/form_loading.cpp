@@ -15,16 +15,17 @@ namespace kestrum {
 
 namespace {
 
-// Names of the controls of a kind of load: tick, category, direction.
+// A kind of load, and the names of its controls: tick, category, direction.
 struct RowNames {
     LoadRow kind;
-    const char *tick, *category, *direction;
+    const char *what, *tick, *category, *direction;
     i16 (*ticked)(const ProjectState& s, std::size_t row);
     double (*chosen)(const ProjectState& s, std::size_t row);
 };
 
 constexpr RowNames kAxial{
     LoadRow::axial,
+    QT_TRANSLATE_NOOP("QObject", "axial load"),
     "ch_nn",
     "inn_gq",
     nullptr,
@@ -32,6 +33,7 @@ constexpr RowNames kAxial{
     [](const ProjectState& s, std::size_t k) -> double { return s.ntype[k]; }};
 constexpr RowNames kUniform{
     LoadRow::uniform,
+    QT_TRANSLATE_NOOP("QObject", "uniform load"),
     "ch_q",
     "iq_gq",
     "iq_yz",
@@ -39,6 +41,7 @@ constexpr RowNames kUniform{
     [](const ProjectState& s, std::size_t k) -> double { return s.qtype[k]; }};
 constexpr RowNames kTrapezoid{
     LoadRow::trapezoid,
+    QT_TRANSLATE_NOOP("QObject", "trapezoidal load"),
     "ch_qt",
     "iqt_gq",
     "iqt_yz",
@@ -46,6 +49,7 @@ constexpr RowNames kTrapezoid{
     [](const ProjectState& s, std::size_t k) -> double { return s.qttype[k]; }};
 constexpr RowNames kPoint{
     LoadRow::point,
+    QT_TRANSLATE_NOOP("QObject", "point load"),
     "ch_pm",
     "ipm_gq",
     "ipm_yz",
@@ -55,6 +59,11 @@ constexpr RowNames kPoint{
 QString RowName(const char* name, int row)
 {
     return QLatin1String(name) + QLatin1Char('_') + QString::number(row);
+}
+
+QString LoadName(const RowNames& names, int row)
+{
+    return QObject::tr(names.what) + QLatin1Char(' ') + QString::number(row);
 }
 
 // Tick at the left, category and direction behind the boxes.
@@ -67,7 +76,7 @@ void AddTick(Binder& bind, QGridLayout* grid, int at, const RowNames& names, int
         },
         [kind = names.kind, row](Session& session, bool on) { TickRow(session, kind, row, on); });
     tick->setToolTip(QObject::tr("Part of the basic loads"));
-    tick->setAccessibleName(QObject::tr("Row %1 is part of the basic loads").arg(row));
+    tick->setAccessibleName(QObject::tr("%1 is part of the basic loads").arg(LoadName(names, row)));
     bind.ShowWhen(tick, RowTicksShown);
     grid->addWidget(tick, at, 0);
 }
@@ -75,7 +84,7 @@ void AddTick(Binder& bind, QGridLayout* grid, int at, const RowNames& names, int
 void AddButtons(Binder& bind, QGridLayout* grid, int at, int column, const RowNames& names, int row)
 {
     QPushButton* const category = bind.Rotor(
-        RowName(names.category, row),
+        RowName(names.category, row), QObject::tr("Category of %1").arg(LoadName(names, row)),
         [names, row](const ProjectState& s) {
             return std::string(CategoryName(names.chosen(s, static_cast<std::size_t>(row))));
         },
@@ -84,7 +93,7 @@ void AddButtons(Binder& bind, QGridLayout* grid, int at, int column, const RowNa
     grid->addWidget(category, at, column);
     if (names.direction != nullptr) {
         QPushButton* const direction = bind.Rotor(
-            RowName(names.direction, row),
+            RowName(names.direction, row), QObject::tr("Direction of %1").arg(LoadName(names, row)),
             [kind = names.kind, row](const ProjectState& s) {
                 return std::string(DirectionText(s, kind, row));
             },
@@ -120,21 +129,23 @@ QGroupBox* SimpleGroup(Binder& bind, const QString& name, const QString& title, 
 }
 
 // The two options of a coordinate mode, and the heading that follows it.
-QWidget* PositionOptions(Binder& bind, const QString& stem, i16 ProjectState::*field,
-                         void (*choose)(Session&, bool))
+QWidget* PositionOptions(Binder& bind, const QString& stem, const QString& loads,
+                         i16 ProjectState::*field, void (*choose)(Session&, bool))
 {
     auto* const host = new QWidget;
     auto* const row = new QHBoxLayout(host);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(FaintLabel(QObject::tr("Positions:")));
-    row->addWidget(bind.Option(
-        stem + QStringLiteral("absolute"), QStringLiteral("x (m)"),
-        [field](const ProjectState& s) { return s.*field == 0; },
-        [choose](Session& session) { choose(session, false); }));
-    row->addWidget(bind.Option(
-        stem + QStringLiteral("relative"), QStringLiteral("x/L"),
-        [field](const ProjectState& s) { return s.*field != 0; },
-        [choose](Session& session) { choose(session, true); }));
+    const auto option = [&](const QString& name, const QString& text, bool relative) {
+        QRadioButton* const button = bind.Option(
+            name, text,
+            [field, relative](const ProjectState& s) { return (s.*field != 0) == relative; },
+            [choose, relative](Session& session) { choose(session, relative); });
+        button->setAccessibleName(QObject::tr("Positions of %1 as %2").arg(loads, text));
+        row->addWidget(button);
+    };
+    option(stem + QStringLiteral("absolute"), QStringLiteral("x (m)"), false);
+    option(stem + QStringLiteral("relative"), QStringLiteral("x/L"), true);
     row->addStretch(1);
     return host;
 }
@@ -162,8 +173,8 @@ QGroupBox* TrapezoidGroup(Binder& bind)
         }
         AddButtons(bind, grid, row, column, kTrapezoid, row);
     }
-    grid->addWidget(PositionOptions(bind, QStringLiteral("qtx"), &ProjectState::qtrelative,
-                                    ChooseTrapezoidRelative),
+    grid->addWidget(PositionOptions(bind, QStringLiteral("qtx"), QObject::tr("trapezoidal loads"),
+                                    &ProjectState::qtrelative, ChooseTrapezoidRelative),
                     4, 1, 1, 6);
     grid->setColumnStretch(7, 1);
     return group;
@@ -183,7 +194,7 @@ QGroupBox* PointGroup(Binder& bind)
     for (int row = 1; row <= 8; ++row) {
         AddTick(bind, grid, row, kPoint, row);
         QPushButton* const kind = bind.Rotor(
-            RowName("ipm_pm", row),
+            RowName("ipm_pm", row), QObject::tr("Force or moment of %1").arg(LoadName(kPoint, row)),
             [row](const ProjectState& s) { return std::string(PointKindText(s, row)); },
             [row](Session& session) { TogglePointKind(session, row); });
         kind->setToolTip(QObject::tr("Force P or moment M"));
@@ -192,8 +203,8 @@ QGroupBox* PointGroup(Binder& bind)
         grid->addWidget(bind.Box("ipmx", row), row, 3);
         AddButtons(bind, grid, row, 4, kPoint, row);
     }
-    grid->addWidget(PositionOptions(bind, QStringLiteral("pmx"), &ProjectState::pmrelative,
-                                    ChoosePointRelative),
+    grid->addWidget(PositionOptions(bind, QStringLiteral("pmx"), QObject::tr("point loads"),
+                                    &ProjectState::pmrelative, ChoosePointRelative),
                     9, 1, 1, 5);
     grid->setColumnStretch(6, 1);
     grid->setRowStretch(10, 1);

@@ -193,7 +193,7 @@ QGroupBox* GeneralClasses(Binder& bind)
         auto* const options = new QHBoxLayout(host);
         options->setContentsMargins(0, 0, 0, 0);
         for (const int number : {1, 3}) {
-            options->addWidget(bind.Option(
+            QRadioButton* const option = bind.Option(
                 QStringLiteral("op%1%2").arg(QLatin1String(row.name)).arg(number),
                 number == 1 ? QStringLiteral("1-2") : QStringLiteral("3"),
                 [field = row.field, number](const ProjectState& s) {
@@ -201,7 +201,10 @@ QGroupBox* GeneralClasses(Binder& bind)
                 },
                 [effect = row.effect, number](Session& session) {
                     ChooseGeneralClass(session, effect, number);
-                }));
+                });
+            option->setAccessibleName(
+                QObject::tr("Class of %1: %2").arg(QLatin1String(row.name), option->text()));
+            options->addWidget(option);
         }
         options->addStretch(1);
         grid->addWidget(new QLabel(QLatin1String(row.name)), at, 0);

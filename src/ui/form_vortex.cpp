@@ -116,6 +116,7 @@ QTableWidget* VortexTable(Binder& bind, const VortexView& view)
 {
     auto* const table = new QTableWidget(0, 3);
     table->setObjectName(QStringLiteral("gridvortex"));
+    table->setAccessibleName(QObject::tr("Values of the vortex shedding control"));
     table->setHorizontalHeaderLabels(
         {QStringLiteral(" Parameter"), QStringLiteral("Value"), QStringLiteral("unit")});
     table->verticalHeader()->hide();

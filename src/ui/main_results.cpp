@@ -156,6 +156,7 @@ QWidget* FamilyTabs(Binder& bind, Desk& desk)
 {
     auto* const tabs = new QTabWidget;
     tabs->setObjectName(QStringLiteral("ProfTab"));
+    tabs->setAccessibleName(QObject::tr("Section families"));
     tabs->setDocumentMode(true);
     const std::pair<MenuGroup, QString> groups[] = {
         {MenuGroup::profiles, QObject::tr("Profiles")},

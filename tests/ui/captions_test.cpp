@@ -3,14 +3,18 @@
 #include "ui/desktop.h"
 
 #include "engine/calculate.h"
+#include "sections/family_table.h"
 #include "ui/text.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QScrollArea>
 
 #include <algorithm>
+#include <map>
 
 namespace kestrum {
 
@@ -159,6 +163,49 @@ TEST_F(Captions, EveryControlHasItsName)
         for (const QString& control : list.split(QLatin1Char(' '))) {
             EXPECT_NE(host->findChild<QObject*>(control), nullptr)
                 << name << "." << FromQt(control);
+        }
+    }
+}
+
+// What a screen reader says of each control that Tab reaches: never nothing, and never the same of
+// two controls in a window.
+TEST_F(Captions, ScreenReadersTellTheControlsApart)
+{
+    session.edit().modal = 1;
+    session.edit().loadcomb = 5;
+    session.edit().cpmode = 1;
+    session.edit().cpcount = 3;
+    std::vector<std::string_view> names = MainWindow::FormNames();
+    names.emplace_back("kestrum");
+    for (const std::string_view name : names) {
+        session.edit().family = 6;
+        for (const FamilyInfo& family : Families()) {
+            session.edit().family =
+                family.form == name ? static_cast<i16>(family.id) : state().family;
+        }
+        session.Calculate();
+        QWidget* const host =
+            name == "kestrum" ? static_cast<QWidget*>(window.get()) : window->OpenForm(name);
+        std::map<QString, QString> said;
+        for (QWidget* const widget : host->findChildren<QWidget*>()) {
+            const bool reached = widget->isVisible() && widget->isEnabled() &&
+                                 widget->window() == host &&
+                                 (widget->focusPolicy() & Qt::TabFocus) != 0;
+            // A list is announced by its choice; texts and what scrolls tell what they hold.
+            if (!reached || qobject_cast<QScrollArea*>(widget) != nullptr ||
+                qobject_cast<QLabel*>(widget) != nullptr ||
+                qobject_cast<QComboBox*>(widget) != nullptr) {
+                continue;
+            }
+            const QString text =
+                QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+            EXPECT_FALSE(text.trimmed().isEmpty()) << name << " " << FromQt(widget->objectName());
+            const auto [at, fresh] = said.try_emplace(text, widget->objectName());
+            EXPECT_TRUE(fresh) << name << " " << FromQt(text) << ": " << FromQt(at->second) << ", "
+                               << FromQt(widget->objectName());
+        }
+        if (host != window.get()) {
+            host->hide();
         }
     }
 }
