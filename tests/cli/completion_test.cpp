@@ -40,10 +40,11 @@ protected:
         const std::string options = shell == "bash"  ? " --norc --noprofile "
                                     : shell == "zsh" ? " -f "
                                                      : " --no-config ";
+        // A leak check stops its own process, for which a shell with job control waits for ever.
         const std::string command =
-            "cd '" + Path(".") + "' && HOME='" + Path(".") + "' XDG_DATA_HOME='" + Path(".") +
-            "' KESTRUM_DATA= PATH='" KESTRUM_BIN "':\"$PATH\" " + shell + options +
-            "'" KESTRUM_SOURCE "/tests/cli/complete." + shell +
+            "export ASAN_OPTIONS=detect_leaks=0; cd '" + Path(".") + "' && HOME='" + Path(".") +
+            "' XDG_DATA_HOME='" + Path(".") + "' KESTRUM_DATA= PATH='" KESTRUM_BIN "':\"$PATH\" " +
+            shell + options + "'" KESTRUM_SOURCE "/tests/cli/complete." + shell +
             "' '" KESTRUM_SOURCE "/packaging/completion' '" + line + "' >.offered 2>.complaint";
         EXPECT_EQ(std::system(command.c_str()), 0) << line << '\n' << Read(".complaint");
         EXPECT_THAT(Read(".complaint"), IsEmpty()) << line;
