@@ -71,6 +71,8 @@ if [ "${1:-}" = --full ]; then
         die "clang-tidy found something"
     coverage
     tools/build-docs build/release
+    say "The windows on an X display"
+    tools/check-display build/release || die "the desktop does not work on an X display"
     tools/check-packages build/release
     tools/check-windows
 fi

@@ -24,6 +24,14 @@ void Collect(QtMsgType, const QMessageLogContext&, const QString& text)
     }
 }
 
+// A display takes its time; the tests begin when the window has the keyboard.
+void BringToFront(QWidget& window)
+{
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    Desktop::Settle();
+}
+
 }  // namespace
 
 Desktop::Desktop(bool decimalcomma, std::string commandline)
@@ -33,8 +41,7 @@ Desktop::Desktop(bool decimalcomma, std::string commandline)
 {
     window->Start(commandline);
     window->show();
-    window->activateWindow();
-    Settle();
+    BringToFront(*window);
 }
 
 const Library& Desktop::Tables()
@@ -64,8 +71,7 @@ void Desktop::Choose(const QString& list, int index, QWidget* in)
 
 void Desktop::Type(QWidget& box, const QString& text)
 {
-    box.window()->activateWindow();
-    Settle();
+    BringToFront(*box.window());
     box.setFocus(Qt::TabFocusReason);
     Settle();
     QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);

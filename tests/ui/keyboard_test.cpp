@@ -264,14 +264,17 @@ TEST_F(Keyboard, MixedSignsOfATrapezoidLeadToItsRow)
     Type(Find<BoxEdit>(QStringLiteral("iqtx2_3"), &form), QStringLiteral("4"));
     EXPECT_THAT(script.warnings,
                 testing::ElementsAre(" Trapezoidal load: One positive and one negative value "));
-    EXPECT_EQ(QApplication::focusWidget(), &Find<BoxEdit>(QStringLiteral("iqt1_3"), &form));
+    const auto atrow = [&] {
+        return QApplication::focusWidget() == &Find<BoxEdit>(QStringLiteral("iqt1_3"), &form);
+    };
+    EXPECT_TRUE(QTest::qWaitFor(atrow));
     // also from the main window, as long as the loads are open
     Type(Find<BoxEdit>(QStringLiteral("il")), QStringLiteral("6"));
-    EXPECT_EQ(QApplication::focusWidget(), &Find<BoxEdit>(QStringLiteral("iqt1_3"), &form));
+    EXPECT_TRUE(QTest::qWaitFor(atrow));
     form.hide();
     Type(Find<BoxEdit>(QStringLiteral("il")), QStringLiteral("7"));
     EXPECT_EQ(script.warnings.size(), 3U);
-    EXPECT_EQ(QApplication::activeWindow(), window.get());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
 }
 
 }  // namespace kestrum
