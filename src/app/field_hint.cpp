@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t kLongest = 24;  // no field name is longer
 constexpr std::size_t kMost = 3;      // suggestions
+constexpr std::size_t kFarthest = 2;  // distance of a slip
 constexpr std::size_t kSlips = 2;     // more letters wrong are another word
 
 // Name as it is typed, with the rows of a list: "qload[1] to qload[4]".
@@ -33,13 +34,23 @@ bool Meant(const Field& field, FieldsMeant meant)
     return meant == FieldsMeant::all || field.role == FieldRole::input;
 }
 
+// Whether the words may lie so near: each letter that one has more is a step. A table of a million
+// lines may have the same wrong name in each of them, so that most words are passed over by this.
+bool Reach(std::string_view a, std::string_view b, std::size_t distance)
+{
+    return a.size() <= b.size() + distance && b.size() <= a.size() + distance;
+}
+
 bool HasWord(std::string_view text, std::string_view word, bool slips)
 {
     while (!text.empty()) {
         const std::size_t end = std::min(text.find_first_of(" ,/"), text.size());
-        const std::size_t distance = Distance(word, text.substr(0, end));
-        if (distance == 0 || (slips && Near(word, distance))) {
-            return true;
+        const std::string_view one = text.substr(0, end);
+        if (Reach(word, one, slips ? kFarthest : 0)) {
+            const std::size_t distance = Distance(word, one);
+            if (distance == 0 || (slips && Near(word, distance))) {
+                return true;
+            }
         }
         text.remove_prefix(std::min(end + 1, text.size()));
     }
@@ -52,8 +63,11 @@ std::vector<const Field*> FieldsAbout(std::string_view word, std::string_view Bo
 {
     std::vector<const Field*> found;
     for (const Box& box : InputBoxes()) {
+        if (!HasWord(HelpOf(box).*where, word, slips)) {
+            continue;
+        }
         const Field* const field = FindField(box.field);
-        if (HasWord(HelpOf(box).*where, word, slips) && field->role == FieldRole::input &&
+        if (field->role == FieldRole::input &&
             std::find(found.begin(), found.end(), field) == found.end()) {
             found.push_back(field);
         }
@@ -67,8 +81,11 @@ std::vector<const Field*> FieldsNear(std::string_view name, FieldsMeant meant)
     std::vector<const Field*> nearest;
     std::size_t least = kLongest;
     for (const Field& field : AllFields()) {
+        if (!Meant(field, meant) || !Reach(name, field.name, kFarthest)) {
+            continue;
+        }
         const std::size_t distance = Distance(name, field.name);
-        if (!Meant(field, meant) || !Near(name, distance) || distance > least) {
+        if (!Near(name, distance) || distance > least) {
             continue;
         }
         if (distance < least) {
@@ -78,6 +95,33 @@ std::vector<const Field*> FieldsNear(std::string_view name, FieldsMeant meant)
         nearest.push_back(&field);
     }
     return nearest;
+}
+
+std::string SoughtHint(std::string_view name, FieldsMeant meant)
+{
+    const std::string_view bare = name.substr(0, name.find('['));
+    if (bare.empty()) {
+        return {};
+    }
+    if (const Field* const field = FindField(bare); field != nullptr && Meant(*field, meant)) {
+        return field->shape == FieldShape::scalar ? "; " + Shown(*field) + " is one value"
+                                                  : "; the list is " + Shown(*field);
+    }
+    std::vector<const Field*> fields = FieldsNear(bare, meant);
+    for (const bool slips : {false, true}) {
+        for (const auto where : {&BoxHelp::label, &BoxHelp::meaning}) {
+            fields = fields.empty() ? FieldsAbout(bare, where, slips) : fields;
+        }
+    }
+    if (fields.empty() || fields.size() > kMost) {
+        return {};
+    }
+    std::string text = "; did you mean ";
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        text += i == 0 ? "" : i + 1 < fields.size() ? ", " : " or ";
+        text += Shown(*fields[i]);
+    }
+    return text + "?";
 }
 
 }  // namespace
@@ -122,29 +166,15 @@ bool Near(std::string_view typed, std::size_t distance)
 
 std::string FieldHint(std::string_view name, FieldsMeant meant)
 {
-    const std::string_view bare = name.substr(0, name.find('['));
-    if (bare.empty()) {
-        return {};
+    // The last one is kept: lines of a table have the same wrong name again and again.
+    thread_local struct {
+        std::string name, hint;
+        FieldsMeant meant = FieldsMeant::all;
+    } last;
+    if (last.name != name || last.meant != meant) {
+        last = {std::string(name), SoughtHint(name, meant), meant};
     }
-    if (const Field* const field = FindField(bare); field != nullptr && Meant(*field, meant)) {
-        return field->shape == FieldShape::scalar ? "; " + Shown(*field) + " is one value"
-                                                  : "; the list is " + Shown(*field);
-    }
-    std::vector<const Field*> fields = FieldsNear(bare, meant);
-    for (const bool slips : {false, true}) {
-        for (const auto where : {&BoxHelp::label, &BoxHelp::meaning}) {
-            fields = fields.empty() ? FieldsAbout(bare, where, slips) : fields;
-        }
-    }
-    if (fields.empty() || fields.size() > kMost) {
-        return {};
-    }
-    std::string text = "; did you mean ";
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        text += i == 0 ? "" : i + 1 < fields.size() ? ", " : " or ";
-        text += Shown(*fields[i]);
-    }
-    return text + "?";
+    return last.hint;
 }
 
 }  // namespace kestrum
