@@ -14,7 +14,6 @@ namespace {
 constexpr std::size_t kLongest = 24;  // no field name is longer
 constexpr std::size_t kMost = 3;      // suggestions
 constexpr std::size_t kFarthest = 2;  // distance of a slip
-constexpr std::size_t kSlips = 2;     // more letters wrong are another word
 
 // Name as it is typed, with the rows of a list: "qload[1] to qload[4]".
 std::string Shown(const Field& field)
@@ -135,10 +134,6 @@ std::size_t Distance(std::string_view a, std::string_view b)
 {
     a = a.substr(0, kLongest);
     b = b.substr(0, kLongest);
-    const auto [shorter, longer] = std::minmax({a.size(), b.size()});
-    if (longer - shorter > kSlips) {
-        return longer;  // whatever the letters are
-    }
     std::array<std::array<std::size_t, kLongest + 1>, kLongest + 1> cost{};
     for (std::size_t i = 0; i <= a.size(); ++i) {
         for (std::size_t j = 0; j <= b.size(); ++j) {
@@ -161,7 +156,7 @@ std::size_t Distance(std::string_view a, std::string_view b)
 
 bool Near(std::string_view typed, std::size_t distance)
 {
-    return distance <= (typed.size() < 3 ? 0U : typed.size() < 6 ? 1U : kSlips);
+    return distance <= (typed.size() < 3 ? 0U : typed.size() < 6 ? 1U : kFarthest);
 }
 
 std::string FieldHint(std::string_view name, FieldsMeant meant)

@@ -19,8 +19,7 @@ template <class Words> std::string_view Nearest(std::string_view typed, const Wo
 // A letter without its capital.
 char Small(char c);
 
-// How many letters stand wrong, are missing, too many or exchanged with their neighbour; of words
-// whose lengths differ by more than a slip, only that it is more.
+// How many letters stand wrong, are missing, too many or exchanged with their neighbour.
 std::size_t Distance(std::string_view a, std::string_view b);
 
 // Whether a distance is small enough for a slip of the fingers.
