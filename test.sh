@@ -70,6 +70,10 @@ if [ "${1:-}" = --full ]; then
     run-clang-tidy-14 -quiet -p build/clang "$(pwd)/src/(core|sections|analysis|design|stability|service|engine|report|app|cli)/.*" ||
         die "clang-tidy found something"
     coverage
+    say "The windows under the sanitizers"
+    cmake --preset asan -DKESTRUM_DESKTOP=ON >/dev/null || die "cmake could not configure asan with the desktop"
+    cmake --build --preset asan || die "the asan build failed; the first error stands above"
+    ctest --preset asan -R "^(ui|render)/" -j "$jobs" || die "a sanitizer found a fault in the windows"
     tools/build-docs build/release
     say "The windows on an X display"
     tools/check-display build/release || die "the desktop does not work on an X display"
