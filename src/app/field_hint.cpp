@@ -18,7 +18,7 @@ constexpr std::size_t kFarthest = 2;  // distance of a slip
 // Name as it is typed, with the rows of a list: "qload[1] to qload[4]".
 std::string Shown(const Field& field)
 {
-    const std::string name(field.name);
+    std::string name(field.name);
     if (field.shape == FieldShape::scalar) {
         return name;
     }

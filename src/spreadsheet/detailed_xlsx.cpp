@@ -66,7 +66,7 @@ void FillSheet(lxw_workbook* book, lxw_worksheet* sheet, const std::vector<Detai
     worksheet_set_column(sheet, kReference, kReference, 14, nullptr);
     worksheet_freeze_panes(sheet, kFirstRow, 0);
     worksheet_repeat_rows(sheet, 0, 0);
-    for (lxw_col_t column = 0; column < kDetailedColumns.size(); ++column) {
+    for (lxw_col_t column = kParameter; column <= kReference; ++column) {
         WriteText(sheet, 0, column, std::string(kDetailedColumns[column]),
                   column == kValue ? boldright : bold);
     }
