@@ -19,8 +19,8 @@ namespace fs = std::filesystem;
 // Reads answers line by line and counts them.
 class Reader {
 public:
-    Reader(const std::string& name, const AnswerForm& form, Tally& tally)
-        : name_(name), form_(form), header_(form.Header()), tally_(tally)
+    Reader(std::string name, const AnswerForm& form, Tally& tally)
+        : name_(std::move(name)), form_(form), header_(form.Header()), tally_(tally)
     {
     }
 
@@ -59,7 +59,7 @@ private:
         throw BadInput(name_ + ": no answers of such a run; cannot be taken up");
     }
 
-    const std::string& name_;
+    const std::string name_;
     const AnswerForm& form_;
     const std::string header_;
     Tally& tally_;
@@ -128,7 +128,7 @@ std::size_t BatchOutput::TakeUp(const AnswerForm& form, Tally& tally)
     if (!file) {
         throw BadInput(Utf8Name(written_) + ": " + std::generic_category().message(errno));
     }
-    Reader reader(name_, form, tally);
+    Reader reader(Utf8Name(written_), form, tally);
     std::string text;
     std::vector<char> block(std::size_t{1} << 16);
     while (const std::size_t got = std::fread(block.data(), 1, block.size(), file.get())) {

@@ -190,6 +190,18 @@ TEST_F(BatchRun, AnswersOnOneLineWhateverTheInputHolds)
     }
 }
 
+TEST_F(BatchRun, LeavesAloneWhatIsNoAnswer)
+{
+    Write("t.csv", "l\n5\n");
+    Write("o.csv", "answers of last week");
+    Write("o.csv.part", "a letter\n");
+    const Said said = Kestrum("batch t.csv --resume -o o.csv");
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_THAT(said.err, HasSubstr("o.csv.part: no answers of such a run"));
+    EXPECT_EQ(Read("o.csv.part"), "a letter\n");
+    EXPECT_EQ(Read("o.csv"), "answers of last week");
+}
+
 TEST_F(BatchRun, LeavesOutWhatCannotBeRead)
 {
     Write("bad.csv", "lenght\n5\n");
