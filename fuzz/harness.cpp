@@ -2,7 +2,6 @@
 
 #include "app/assign_run.h"
 #include "app/batch.h"
-#include "app/field_hint.h"
 #include "app/without_effect.h"
 #include "core/field_table.h"
 #include "core/file_notation.h"
@@ -282,7 +281,6 @@ void Assignments(std::string_view bytes)
         }
         OverruledBy(Delivered(), s, name);
         WithoutEffect(Delivered(), s, name);
-        FieldHint(name, FieldsMeant::all);
     }
     refused = !run.Finish().empty() || refused;
     Require(refused || how == Assignment::raw || MisplacedLoad(s).empty(),
