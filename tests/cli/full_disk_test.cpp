@@ -4,6 +4,7 @@
 
 #include "run.h"
 #include "support/small_disk.h"
+#include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 
@@ -77,12 +78,6 @@ protected:
     {
         return GetParam().file == "a.kst" ? Read("p.kst") : std::string(500, 'o');
     }
-
-    static std::string BytesOf(const std::string& path)
-    {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
 };
 
 TEST_P(FullDisk, KeepsTheOldFileUntilThereIsRoom)
@@ -92,7 +87,7 @@ TEST_P(FullDisk, KeepsTheOldFileUntilThereIsRoom)
         GTEST_SKIP() << disk.refusal() << Missing();
     }
     const std::string file = disk.File(GetParam().file), command = CommandIn(disk.path());
-    std::ofstream(file, std::ios::binary) << Old();
+    WriteBytes(file, Old());
     bool batch = GetParam().name == "Batch", written = false;
     for (int pages = 0; !written && pages < 200; pages += std::max(1, pages)) {
         SCOPED_TRACE(pages);
@@ -105,7 +100,7 @@ TEST_P(FullDisk, KeepsTheOldFileUntilThereIsRoom)
             EXPECT_THAT(said.err, HasSubstr(file + ":"));
             EXPECT_THAT(said.err, HasSubstr("No space left on device"));
             EXPECT_EQ(std::count(said.err.begin(), said.err.end(), '\n'), 1) << said.err;
-            EXPECT_EQ(BytesOf(file), Old());
+            EXPECT_EQ(ReadBytes(file), Old());
             // A batch keeps the answers that there was room for.
             const bool part = batch && said.err.find(".part keeps") != std::string::npos;
             EXPECT_EQ(disk.FilesThere(), part ? 2U : 1U);
@@ -113,7 +108,7 @@ TEST_P(FullDisk, KeepsTheOldFileUntilThereIsRoom)
         disk.Empty();
     }
     EXPECT_TRUE(written);
-    EXPECT_NE(BytesOf(file), Old());
+    EXPECT_NE(ReadBytes(file), Old());
     EXPECT_EQ(disk.FilesThere(), 1U);
 }
 

@@ -14,6 +14,7 @@
 #include "report/svg_writer.h"
 #include "sections/load_library.h"
 #include "service/vortex.h"
+#include "support/counted_memory.h"
 #include "support/temporary_folder.h"
 #ifdef KESTRUM_SPREADSHEET
 #include "spreadsheet/detailed_xlsx.h"
@@ -28,60 +29,11 @@
 #include <string>
 #include <vector>
 
-namespace {
-
-long failat = 0;  // number of the request that fails; 0 none
-long requests = 0;
-
-void* Allocate(std::size_t size)
-{
-    if (++requests == failat) {
-        throw std::bad_alloc();
-    }
-    void* const memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
-    return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size)
-{
-    return Allocate(size);
-}
-void* operator new[](std::size_t size)
-{
-    return Allocate(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    try {
-        return Allocate(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-
 namespace kestrum {
 namespace {
+
+using counted_memory::failat;
+using counted_memory::requests;
 
 const Library& Delivered()
 {

@@ -8,6 +8,7 @@
 #include "engine/new_project.h"
 #include "report/state_json.h"
 #include "sections/load_library.h"
+#include "support/counted_memory.h"
 #include "support/project_lines.h"
 
 #include <gtest/gtest.h>
@@ -22,72 +23,14 @@
 #include <utility>
 #include <vector>
 
-#include <malloc.h>
-#include <new>
 #include <unistd.h>
-
-// What the program holds is counted where it asks for it, so that it is the same number in every
-// build; a sanitizer keeps more beside it.
-namespace {
-
-std::size_t held = 0, most = 0;  // bytes
-
-void* Allocate(std::size_t size)
-{
-    void* const memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
-    held += malloc_usable_size(memory);
-    most = std::max(most, held);
-    return memory;
-}
-
-void Release(void* memory) noexcept
-{
-    held -= malloc_usable_size(memory);  // 0 of none
-    std::free(memory);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size)
-{
-    return Allocate(size);
-}
-void* operator new[](std::size_t size)
-{
-    return Allocate(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    try {
-        return Allocate(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-void operator delete(void* memory) noexcept
-{
-    Release(memory);
-}
-void operator delete[](void* memory) noexcept
-{
-    Release(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept
-{
-    Release(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept
-{
-    Release(memory);
-}
 
 namespace kestrum {
 namespace {
 
 using namespace project_lines;
+using counted_memory::held;
+using counted_memory::most;
 
 constexpr std::array<char, 8> kBytes = {'\0', '\n', '"', ',', '-', '9', ' ', '\xFF'};
 
