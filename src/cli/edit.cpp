@@ -78,6 +78,7 @@ void Apply(const Library& library, ProjectState& s, const std::vector<Change>& c
 std::vector<Change> SplitAll(const std::vector<std::string>& texts)
 {
     std::vector<Change> changes;
+    changes.reserve(texts.size());
     for (const std::string& text : texts) {
         changes.push_back(Split(text));
     }
