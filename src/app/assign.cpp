@@ -7,7 +7,6 @@
 #include "core/annexes.h"
 #include "core/field_table.h"
 #include "core/load_combination.h"
-#include "core/material.h"
 #include "core/parse_num.h"
 
 #include <algorithm>
@@ -190,10 +189,9 @@ std::string OfRow(std::string_view field, std::size_t row, std::string_view what
 std::string MisplacedTrapezoid(const ProjectState& s)
 {
     for (std::size_t k = 1; k <= 3; ++k) {
-        if (s.qt1[k] != 0 || s.qt2[k] != 0) {
-            if (s.qtx1[k] > s.l || s.qtx2[k] > s.l) {
-                return OfRow(s.qtx1[k] > s.l ? "qtx1" : "qtx2", k, kBeyond);
-            }
+        const bool loaded = s.qt1[k] != 0 || s.qt2[k] != 0;
+        if (loaded && (s.qtx1[k] > s.l || s.qtx2[k] > s.l)) {
+            return OfRow(s.qtx1[k] > s.l ? "qtx1" : "qtx2", k, kBeyond);
         }
     }
     const LoadCheck check = CheckTrapezoids(s);
@@ -221,18 +219,6 @@ std::string MisplacedLoad(const ProjectState& s)
         }
     }
     return s.loadmode == 1 ? MisplacedTrapezoid(s) : std::string{};
-}
-
-Steel SteelOf(const ProjectState& s)
-{
-    return {s.fykindex, s.fyk};
-}
-
-void FollowGrade(const Library& library, ProjectState& s, const Steel& before)
-{
-    if (SteelOf(s) != before) {
-        SetMaterial(library, s, s.fykindex);
-    }
 }
 
 std::string FindTarget(std::string_view name, AssignTarget& target)

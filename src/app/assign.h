@@ -57,18 +57,6 @@ std::string AssignTo(const Library& library, ProjectState& s, const AssignTarget
 // member that was shortened later. Returns what does, "pmx[1]: beyond the member", or nothing.
 std::string MisplacedLoad(const ProjectState& s);
 
-// The steel a run of assignments starts from.
-struct Steel {
-    i16 fykindex;
-    float fyk;
-    bool operator==(const Steel&) const = default;
-};
-Steel SteelOf(const ProjectState& s);
-
-// When the run has changed the steel, the strength becomes that of the grade, so that the annex
-// takes the shear area factor from the steel in force.
-void FollowGrade(const Library& library, ProjectState& s, const Steel& before);
-
 // Why a value now in the record will not stand: the annex or the material sets it. Empty when it
 // will.
 std::string OverruledBy(const Library& library, const ProjectState& s, std::string_view name);

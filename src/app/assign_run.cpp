@@ -1,6 +1,7 @@
 #include "app/assign_run.h"
 
 #include "app/box_help.h"
+#include "core/material.h"
 
 #include <cmath>
 #include <utility>
@@ -37,9 +38,9 @@ bool IsFactorOfCase(int bucklingcase, float factor)
 }  // namespace
 
 AssignRun::AssignRun(const Library& library, ProjectState& s, Assignment how)
-    : library_(library), s_(s), how_(how), steel_(SteelOf(s)), supportcase_(s.supportcase),
-      bucklingcasey_(s.bucklingcasey), bucklingcasez_(s.bucklingcasez), ltb_(s.ltb),
-      webstiff_(s.webstiff)
+    : library_(library), s_(s), how_(how), fyk_(s.fyk), fykindex_(s.fykindex),
+      supportcase_(s.supportcase), bucklingcasey_(s.bucklingcasey), bucklingcasez_(s.bucklingcasez),
+      ltb_(s.ltb), webstiff_(s.webstiff)
 {
 }
 
@@ -70,6 +71,15 @@ Refused AssignRun::TakeWaiting()
     }
     Waiting& first = waiting_.front();
     return {NameOf(first.target.ref), std::move(first.text), std::move(first.what)};
+}
+
+// When the run has changed the steel, the strength becomes that of the grade, so that the annex
+// takes the shear area factor from the steel in force.
+void AssignRun::FollowGrade()
+{
+    if (s_.fykindex != fykindex_ || s_.fyk != fyk_) {
+        SetMaterial(library_, s_, s_.fykindex);
+    }
 }
 
 // One axis: the case brings its factor, an own factor its case. The case of the own factor brings
@@ -145,7 +155,7 @@ Refused AssignRun::Finish()
     if (!refused.empty()) {
         return refused;
     }
-    FollowGrade(library_, s_, steel_);
+    FollowGrade();
     if (how_ == Assignment::checked) {
         BringAlong();
         refused.what = MisplacedLoad(s_);

@@ -39,6 +39,7 @@ private:
 
     bool Set(Tie tie) const { return (set_ & tie) != 0; }
     Refused TakeWaiting();
+    void FollowGrade();
     void BringAlong();
     void BringLengths();
     void BringLength(Axis axis);
@@ -48,9 +49,10 @@ private:
     const Library& library_;
     ProjectState& s_;
     Assignment how_;
-    Steel steel_;
-    i16 supportcase_, bucklingcasey_, bucklingcasez_, ltb_, webstiff_;  // before the run
-    unsigned set_ = 0;                                                  // ties that the run has set
+    // Before the run.
+    float fyk_;
+    i16 fykindex_, supportcase_, bucklingcasey_, bucklingcasez_, ltb_, webstiff_;
+    unsigned set_ = 0;  // ties that the run has set
     std::vector<Waiting> waiting_;
 };
 

@@ -58,21 +58,21 @@ constexpr Rule kRules[] = {
 
 struct Owner {
     std::string_view fields;
-    std::array<i16, 4> families;
+    std::array<i16, 2> families;
 };
 
 // Fields of some families only, beside those that begin with their number.
 constexpr Owner kOwners[] = {
-    {" rectaxis ", {7, 9, 7, 9}},
-    {" lopt ", {10, 11, 10, 11}},
-    {" weldopt ", {23, 23, 23, 23}},
-    {" tubehot ", {31, 31, 31, 31}},
-    {" hsqopt ", {24, 25, 24, 25}},
-    {" flangeload ", {24, 24, 24, 24}},
-    {" class23 ", {24, 25, 24, 25}},
-    {" series101 ", {101, 101, 101, 101}},
-    {" series103 ", {103, 103, 103, 103}},
-    {" p41ident ", {41, 41, 41, 41}},
+    {" rectaxis ", {7, 9}},
+    {" lopt ", {10, 11}},
+    {" weldopt ", {23, 23}},
+    {" tubehot ", {31, 31}},
+    {" hsqopt ", {24, 25}},
+    {" flangeload ", {24, 24}},
+    {" class23 ", {24, 25}},
+    {" series101 ", {101, 101}},
+    {" series103 ", {103, 103}},
+    {" p41ident ", {41, 41}},
 };
 // clang-format on
 

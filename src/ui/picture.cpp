@@ -1,6 +1,5 @@
 #include "ui/picture.h"
 
-#include "render/painter.h"
 #include "ui/theme.h"
 
 #include <QEvent>
@@ -17,11 +16,6 @@ namespace kestrum {
 namespace {
 
 constexpr double kSmallestText = 0.75;  // over the size of the system font
-
-InkColours ColoursOf(const QPalette& palette)
-{
-    return IsDark(palette) ? DarkColours() : PaperColours();
-}
 
 double FittingScale(const Drawing& drawing, QSizeF room)
 {
@@ -93,6 +87,11 @@ QPixmap Render(const Drawing& drawing, QSize size, double ratio, const QPalette&
 }
 
 }  // namespace
+
+InkColours ColoursOf(const QPalette& palette)
+{
+    return IsDark(palette) ? DarkColours() : PaperColours();
+}
 
 Picture::Picture(const QString& name, QWidget* parent) : QWidget(parent)
 {

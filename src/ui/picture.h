@@ -2,6 +2,7 @@
 
 // A drawing in a window, as large as fits, in the colours of the palette; a button with a drawing.
 
+#include "render/painter.h"
 #include "report/drawing.h"
 
 #include <QPixmap>
@@ -11,6 +12,9 @@
 #include <functional>
 
 namespace kestrum {
+
+// What is drawn has the colours of the palette around it.
+InkColours ColoursOf(const QPalette& palette);
 
 class Picture final : public QWidget {
     Q_OBJECT

@@ -1,8 +1,8 @@
 #include "ui/result_panel.h"
 
 #include "app/view_panel.h"
-#include "render/painter.h"
 #include "report/panel_text.h"
+#include "ui/picture.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -133,7 +133,7 @@ private:
     void PaintRuns(QPainter& painter, const QPalette& palette, QPointF at, double room,
                    const std::vector<TextRun>& runs) const
     {
-        const InkColours colours = IsDark(palette) ? DarkColours() : PaperColours();
+        const InkColours colours = ColoursOf(palette);
         for (const TextRun& run : runs) {
             const QFont font = FontOf(run, font_);
             const QFontMetricsF metrics(font);
@@ -163,7 +163,7 @@ private:
         const double width = size_ * kBarWidth;
         const QRectF track(0, y - size_ * 0.68, width, size_ * 0.6);
         const double part = std::clamp(utilisation, 0.0, kBarEnd) / kBarEnd;
-        const InkColours colours = IsDark(palette) ? DarkColours() : PaperColours();
+        const InkColours colours = ColoursOf(palette);
         painter.setPen(Qt::NoPen);
         painter.setBrush(palette.color(QPalette::Button));
         painter.drawRect(track);

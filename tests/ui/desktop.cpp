@@ -57,6 +57,16 @@ void Desktop::Settle()
     }
 }
 
+Form& Desktop::Open(std::string_view name)
+{
+    Form* const form = window->OpenForm(name);
+    Settle();
+    if (form == nullptr) {
+        throw std::runtime_error("form does not open");
+    }
+    return *form;
+}
+
 void Desktop::Click(const QString& name, QWidget* in)
 {
     Find<QAbstractButton>(name, in).click();

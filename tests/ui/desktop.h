@@ -67,6 +67,9 @@ public:
         return *found;
     }
 
+    // Shows the form; throws when it stays closed.
+    Form& Open(std::string_view name);
+
     // As a user does.
     void Click(const QString& name, QWidget* in = nullptr);
     void Choose(const QString& list, int index, QWidget* in = nullptr);

@@ -19,16 +19,6 @@ namespace kestrum {
 
 class Forms : public Desktop {
 public:
-    Form& Open(std::string_view name)
-    {
-        Form* const form = window->OpenForm(name);
-        Settle();
-        if (form == nullptr) {
-            throw std::runtime_error("form does not open");
-        }
-        return *form;
-    }
-
     QString Caption(const QString& button, QWidget& in)
     {
         return Find<QAbstractButton>(button, &in).text();

@@ -73,18 +73,7 @@ MATCHER(AreUnique, "has every letter once")
 
 }  // namespace
 
-class Keyboard : public Desktop {
-public:
-    Form& Open(std::string_view name)
-    {
-        Form* const form = window->OpenForm(name);
-        Settle();
-        if (form == nullptr) {
-            throw std::runtime_error("form does not open");
-        }
-        return *form;
-    }
-};
+class Keyboard : public Desktop {};
 
 TEST_F(Keyboard, LettersOfAWindowAreUnique)
 {
