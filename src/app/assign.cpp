@@ -151,8 +151,8 @@ std::string AssignBox(ProjectState& s, const FieldRef& ref, const Box& box, std:
     constexpr bool kWholeText =
         true;  // the stricter of the two ways to read a typed number takes point and comma
     const double before = NumberOf(s, *ref.field, ref.index);
-    const Outcome outcome =
-        text.empty() ? Outcome{false, kNoNumber} : Commit(s, box, ref.index, text, kWholeText);
+    const BoxOutcome outcome =
+        text.empty() ? BoxOutcome{false, kNoNumber} : Commit(s, box, ref.index, text, kWholeText);
     if (outcome.taken) {
         return {};
     }

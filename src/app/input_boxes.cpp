@@ -58,7 +58,8 @@ bool Store(ProjectState& s, const Field& field, int index, float value)
     }
 }
 
-Outcome CommitPosition(ProjectState& s, const Box& box, const Field& field, int index, float typed)
+BoxOutcome CommitPosition(ProjectState& s, const Box& box, const Field& field, int index,
+                          float typed)
 {
     const bool relative = Relative(s, box);
     const float upper = relative ? 1.0f : s.l;
@@ -100,7 +101,7 @@ std::optional<std::string_view> Related(const ProjectState& s, const Box& box, d
 }
 
 // The overhang of the top flange follows a narrower flange.
-Outcome FitOverhang(ProjectState& s)
+BoxOutcome FitOverhang(ProjectState& s)
 {
     const float most = F32(s.p27.istb1 / 2 - s.p27.isttw);
     if (s.p27.istc <= most) {
@@ -133,7 +134,8 @@ const Box* BoxOfField(std::string_view field)
     return at != boxes.end() ? &*at : nullptr;
 }
 
-Outcome Commit(ProjectState& s, const Box& box, int index, std::string_view text, bool decimalcomma)
+BoxOutcome Commit(ProjectState& s, const Box& box, int index, std::string_view text,
+                  bool decimalcomma)
 {
     const std::optional<float> typed = ParseNum(text, decimalcomma);
     const Field* const field = FindField(box.field);
@@ -153,7 +155,7 @@ Outcome Commit(ProjectState& s, const Box& box, int index, std::string_view text
     if (const auto refusal = Related(s, box, value)) {
         return {false, *refusal};
     }
-    return box.rule == BoxRule::boxtop ? FitOverhang(s) : Outcome{};
+    return box.rule == BoxRule::boxtop ? FitOverhang(s) : BoxOutcome{};
 }
 
 std::string BoxText(const ProjectState& s, const Box& box, int index)

@@ -50,7 +50,7 @@ const Box* FindBox(std::string_view form, std::string_view id);
 // The box that writes a field, or null.
 const Box* BoxOfField(std::string_view field);
 
-struct Outcome {
+struct BoxOutcome {
     bool taken = true;
     std::string_view message;  // with its blanks; may accompany a value that was taken
 };
@@ -61,8 +61,8 @@ constexpr std::string_view kMismatch = "Input string mismatch ";
 // the record (a refused position is 0 there), except a text that is no number, or a whole number
 // out of range, which leaves the record untouched. `index` is the row of an array. Does not
 // calculate.
-Outcome Commit(ProjectState& s, const Box& box, int index, std::string_view text,
-               bool decimalcomma);
+BoxOutcome Commit(ProjectState& s, const Box& box, int index, std::string_view text,
+                  bool decimalcomma);
 
 // Text of the box for the value in the record; positions as x/L when they are edited so.
 std::string BoxText(const ProjectState& s, const Box& box, int index);

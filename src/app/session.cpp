@@ -95,9 +95,9 @@ void Session::ShowVortex()
     shown_.vm = state_.vm;
 }
 
-Outcome Session::CommitBox(const Box& box, int index, std::string_view text)
+BoxOutcome Session::CommitBox(const Box& box, int index, std::string_view text)
 {
-    const Outcome outcome = Commit(state_, box, index, text, decimalcomma_);
+    const BoxOutcome outcome = Commit(state_, box, index, text, decimalcomma_);
     if (!outcome.message.empty()) {
         surroundings_.Warn(outcome.message);
     }

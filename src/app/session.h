@@ -44,7 +44,7 @@ public:
     // What leaving a numeric box does: reads the text, stores and checks the value, tells the user
     // when it is refused, otherwise recalculates. The outcome tells the window whether to take the
     // focus back.
-    Outcome CommitBox(const Box& box, int index, std::string_view text);
+    BoxOutcome CommitBox(const Box& box, int index, std::string_view text);
 
     // Window title: "Kestrum EC3", the annex, ": ", the file.
     const std::string& title() const { return title_; }

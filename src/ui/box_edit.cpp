@@ -88,7 +88,7 @@ bool BoxEdit::Leave()
         return true;
     }
     leaving_ = true;
-    const Outcome outcome = session_.CommitBox(box_, row_, FromQt(text()));
+    const BoxOutcome outcome = session_.CommitBox(box_, row_, FromQt(text()));
     refused_ = !outcome.taken;
     unread_.clear();
     if (outcome.message == kMismatch) {

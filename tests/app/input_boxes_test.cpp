@@ -39,7 +39,7 @@ int FirstRow(const Box& box)
     return FindField(box.field)->shape == FieldShape::array ? 1 : 0;
 }
 
-Outcome Enter(ProjectState& s, const char* form, const char* id, const char* text)
+BoxOutcome Enter(ProjectState& s, const char* form, const char* id, const char* text)
 {
     const Box* const box = FindBox(form, id);
     EXPECT_NE(box, nullptr) << form << "." << id;
@@ -51,13 +51,13 @@ void Check(const BoxCase& c)
     SCOPED_TRACE(std::string(c.form) + "." + c.id);
     for (const char* text : c.good) {
         ProjectState s = Roomy();
-        const Outcome outcome = Enter(s, c.form, c.id, text);
+        const BoxOutcome outcome = Enter(s, c.form, c.id, text);
         EXPECT_TRUE(outcome.taken) << text;
         EXPECT_EQ(outcome.message, "") << text;
     }
     for (const char* text : c.bad) {
         ProjectState s = Roomy();
-        const Outcome outcome = Enter(s, c.form, c.id, text);
+        const BoxOutcome outcome = Enter(s, c.form, c.id, text);
         EXPECT_FALSE(outcome.taken) << text;
         EXPECT_EQ(outcome.message, c.message) << text;
     }
@@ -138,11 +138,11 @@ TEST(InputBoxes, RubbishIsReportedUnderACommaLocaleOnly)
 {
     ProjectState s = Roomy();
     const Box& box = *FindBox("kestrum", "il");
-    const Outcome comma = Commit(s, box, 0, "abc", true);
+    const BoxOutcome comma = Commit(s, box, 0, "abc", true);
     EXPECT_FALSE(comma.taken);
     EXPECT_EQ(comma.message, kMismatch);
     EXPECT_EQ(s.l, 5);
-    const Outcome point = Commit(s, box, 0, "abc", false);
+    const BoxOutcome point = Commit(s, box, 0, "abc", false);
     EXPECT_EQ(point.message, " L >= 0.050 ");
     EXPECT_EQ(s.l, 0);
     EXPECT_TRUE(Commit(s, box, 0, "0.05", true).taken);
@@ -202,7 +202,7 @@ TEST(InputBoxes, ANarrowerTopFlangeMovesTheOverhang)
     ProjectState s = Roomy();  // tw 10, c 25
     EXPECT_EQ(Enter(s, "p27", "istb1", "70").message, "");
     EXPECT_EQ(s.p27.istc, 25);  // 70/2 - 10 is just enough
-    const Outcome moved = Enter(s, "p27", "istb1", "60");
+    const BoxOutcome moved = Enter(s, "p27", "istb1", "60");
     EXPECT_TRUE(moved.taken);
     EXPECT_EQ(moved.message, " c adjusted ");
     EXPECT_EQ(s.p27.istc, 20);

@@ -123,7 +123,7 @@ struct Program {
         return ran;
     }
 
-    Outcome Type(const char* form, const char* id, std::string_view text, int row = -1)
+    BoxOutcome Type(const char* form, const char* id, std::string_view text, int row = -1)
     {
         const Box* const box = FindBox(form, id);
         if (box == nullptr) {

@@ -140,7 +140,7 @@ TEST_P(SessionBoxes, TakeWhatIsWithinTheLimits)
             SCOPED_TRACE(std::string(c.form) + "." + c.id + " " + text);
             Program program(GetParam());
             Prepare(program, box);
-            Outcome outcome;
+            BoxOutcome outcome;
             EXPECT_TRUE(program.Calculates(
                 [&] { outcome = program.Type(c.form, c.id, InConvention(text, GetParam())); }));
             EXPECT_TRUE(outcome.taken);
@@ -159,7 +159,7 @@ TEST_P(SessionBoxes, RefuseWhatIsBeyondThem)
             SCOPED_TRACE(std::string(c.form) + "." + c.id + " '" + text + "'");
             Program program(GetParam());
             Prepare(program, box);
-            Outcome outcome;
+            BoxOutcome outcome;
             EXPECT_FALSE(program.Calculates(
                 [&] { outcome = program.Type(c.form, c.id, InConvention(text, GetParam())); }));
             EXPECT_FALSE(outcome.taken);
@@ -195,7 +195,7 @@ TEST(SessionBoxes, ATextThatIsNoNumberIsToldUnderACommaLocale)
         const double before = Stored(program, box);
         const int row = FindField(box.field)->shape == FieldShape::array ? 1 : 0;
         for (const char* text : {"abc", "1x", "1,2,3", "--1"}) {
-            Outcome outcome;
+            BoxOutcome outcome;
             EXPECT_FALSE(
                 program.Calculates([&] { outcome = program.session.CommitBox(box, row, text); }));
             EXPECT_FALSE(outcome.taken);

@@ -96,7 +96,7 @@ public:
                      "\"");
         const ProjectState before = session.state();
         ProjectState expected = before;
-        const Outcome outcome = Commit(expected, box, row, FromQt(text), GetParam());
+        const BoxOutcome outcome = Commit(expected, box, row, FromQt(text), GetParam());
         script.warnings.clear();
         Type(edit, text);
         std::vector<std::string> said;
