@@ -41,21 +41,32 @@ void ResetLoadsOfTheOtherMode(ProjectState& s)
 
 bool WriteFile(Session& session, const std::string& path)
 {
-    if (const std::string problem = WriteWholeFile(path, WriteProject(session.edit()));
-        !problem.empty()) {
+    std::string bytes = WriteProject(session.edit());
+    if (const std::string problem = WriteWholeFile(path, bytes); !problem.empty()) {
         session.surroundings().Warn(path + ": " + problem);
         return false;
     }
-    session.halfread = false;
+    session.disk.Know(std::move(bytes));
+    session.filefault.clear();
     return true;
+}
+
+DiskAnswer AskAboutDisk(Session& session, std::string_view keeping)
+{
+    return session.surroundings().AskAboutDisk(session.state().filename +
+                                               " has changed on the disk since it was opened or "
+                                               "saved here.\n\nReload reads it again and drops "
+                                               "what was changed here. Keep mine " +
+                                               std::string(keeping) +
+                                               " Save as writes the project to another file.");
 }
 
 // Keeps the project before it is dropped. Half a project goes to a file of its own, if the user
 // names one.
-bool SaveBeforeNew(Session& session)
+bool SaveBeforeNew(Session& session, SettingsStore& store)
 {
-    if (!session.halfread) {
-        return WriteFile(session, session.state().filename);
+    if (!session.halfread()) {
+        return SaveFile(session, store);
     }
     const std::optional<std::string> path =
         session.surroundings().ChooseFileToSave(session.curdir, session.state().filename);
@@ -64,19 +75,20 @@ bool SaveBeforeNew(Session& session)
 
 }  // namespace
 
-void NewFile(Session& session)
+void NewFile(Session& session, SettingsStore& store)
 {
     if (session.state().filename != kNewFile) {
         const Answer answer = session.surroundings().Ask(kAskToSave);
         if (answer == Answer::cancel) {
             return;
         }
-        if (answer == Answer::yes && !SaveBeforeNew(session)) {
+        if (answer == Answer::yes && !SaveBeforeNew(session, store)) {
             return;  // nothing is lost: the user has read why
         }
     }
     NewProject(session.library(), session.edit());
-    session.halfread = false;
+    session.filefault.clear();
+    session.disk.Forget();
     session.SetTitle(session.TitleStem() + ": " + session.state().filename);
     session.Calculate();
 }
@@ -94,16 +106,18 @@ bool OpenPath(Session& session, SettingsStore& store, const std::string& path)
         session.surroundings().Warn(path + ": " + problem);
         return false;  // nothing was read: the project in hand stays
     }
-    const bool again = path == session.state().filename && !session.halfread;
+    const bool again = path == session.state().filename && !session.halfread();
     session.edit().filename = path;
-    if (const std::optional<FileFault> fault = ReadProject(session.edit(), bytes)) {
-        session.halfread = true;
-        session.surroundings().Warn(FaultText(path, *fault));
+    const std::optional<FileFault> fault = ReadProject(session.edit(), bytes);
+    session.disk.Know(std::move(bytes));
+    if (fault) {
+        session.filefault = FaultText(path, *fault);
+        session.surroundings().Warn(session.filefault);
         session.changed();
         return false;
     }
     ResetLoadsOfTheOtherMode(session.edit());
-    session.halfread = false;
+    session.filefault.clear();
     if (!again) {
         session.SetTitle(session.TitleStem() + ": " + path);
         PushRecentFile(store, path);
@@ -125,16 +139,54 @@ bool OpenRecentFile(Session& session, SettingsStore& store, std::string_view cap
 
 bool SaveFile(Session& session, SettingsStore& store)
 {
-    if (session.state().filename == kNewFile || session.halfread) {
+    const std::string path = session.state().filename;
+    if (path == kNewFile || session.halfread()) {
         return SaveFileAs(session, store);
     }
-    return WriteFile(session, session.state().filename);
+    if (session.disk.Compare(path) != DiskState::changed) {
+        return WriteFile(session, path);
+    }
+    switch (AskAboutDisk(session, "overwrites it now.")) {
+    case DiskAnswer::keep:
+        return WriteFile(session, path);
+    case DiskAnswer::saveas:
+        return SaveFileAs(session, store);
+    case DiskAnswer::reload:
+        OpenPath(session, store, path);
+        return false;
+    case DiskAnswer::later:
+        return false;
+    }
+    return false;
+}
+
+void ReviewDisk(Session& session, SettingsStore& store)
+{
+    const std::string path = session.state().filename;
+    if (path == kNewFile || !session.disk.HasNews(path)) {
+        return;
+    }
+    const std::string_view keeping = session.halfread() ? "stays with what was read before."
+                                                        : "lets the next save overwrite it.";
+    switch (AskAboutDisk(session, keeping)) {
+    case DiskAnswer::reload:
+        OpenPath(session, store, path);
+        break;
+    case DiskAnswer::keep:
+        session.disk.Accept();
+        break;
+    case DiskAnswer::saveas:
+        SaveFileAs(session, store);
+        break;
+    case DiskAnswer::later:
+        break;
+    }
 }
 
 bool SaveFileAs(Session& session, SettingsStore& store)
 {
     const std::string before = session.state().filename;
-    const bool half = session.halfread;
+    const bool half = session.halfread();
     const std::optional<std::string> path = session.surroundings().ChooseFileToSave(
         session.curdir, before == kNewFile ? "*.kst" : before);
     if (!path || !WriteFile(session, *path)) {

@@ -5,6 +5,7 @@
 // itself when `changed` is called.
 
 #include "analysis/load_model.h"
+#include "app/disk_file.h"
 #include "app/input_boxes.h"
 #include "app/surroundings.h"
 #include "core/library.h"
@@ -55,8 +56,13 @@ public:
     // Folder of the file dialogs; at first the one the program was started from.
     std::string curdir;
 
-    // The file holds only half of a project; the next Save asks for a name.
-    bool halfread = false;
+    // Where reading the file stopped and why; empty when all of it was read. What was read of it is
+    // the project in hand, results are not its own, and the next Save asks for a name.
+    std::string filefault;
+    bool halfread() const { return !filefault.empty(); }
+
+    // The project's file as it was read or written last.
+    DiskFile disk;
 
     // Called after every pass and every command that changes what a window shows.
     std::function<void()> changed = [] {};

@@ -15,12 +15,17 @@ namespace kestrum {
 
 enum class Answer : std::uint8_t { yes, no, cancel };
 
+// What to do about a file that has changed on the disk; `later` leaves everything as it is.
+enum class DiskAnswer : std::uint8_t { reload, keep, saveas, later };
+
 class Surroundings {
 public:
     virtual ~Surroundings() = default;
 
     // Question icon, buttons Yes (the default), No and Cancel.
     virtual Answer Ask(std::string_view question) = 0;
+    // Exclamation icon, buttons for the answers; Escape decides later.
+    virtual DiskAnswer AskAboutDisk(std::string_view question) = 0;
     // Exclamation icon, one OK button. The text is shown as it stands, blanks included.
     virtual void Warn(std::string_view message) = 0;
 

@@ -115,7 +115,7 @@ void MainWindow::BuildFileMenu(QMenu* menu)
 {
     filemenu_ = menu;
     AddAction(menu, QStringLiteral("mnunew"), tr("&New"), QKeySequence::New,
-              [this] { NewFile(desk_.session); });
+              [this] { NewFile(desk_.session, desk_.store); });
     AddAction(menu, QStringLiteral("mnuopen"), tr("&Open..."), QKeySequence::Open, [this] {
         if (OpenFile(desk_.session, desk_.store)) {
             CloseForms();

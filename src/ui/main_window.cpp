@@ -19,6 +19,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
+#include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QtMath>
@@ -113,6 +114,12 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
 
     BuildMenus();
     RestoreSize();
+    connect(qApp, &QGuiApplication::applicationStateChanged, this,
+            [this](Qt::ApplicationState now) {
+                if (now == Qt::ApplicationActive) {
+                    LookAtDisk();  // also when a form is in front
+                }
+            });
     desk_.session.changed = [this] { Refresh(); };
     desk_.session.showrow = [this](std::string_view box, int at) { ShowLoadRow(box, at); };
 }
@@ -217,6 +224,7 @@ bool MainWindow::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate) {
         ComeToFront();
+        LookAtDisk();
     }
     return QMainWindow::event(event);
 }
@@ -229,11 +237,24 @@ void MainWindow::ComeToFront()
     const bool refused = std::any_of(boxes.begin(), boxes.end(), [](const BoxEdit* box) {
         return box->refused() && box->isVisible();
     });
-    if (refused || desk_.session.halfread || QApplication::activeModalWidget() != nullptr) {
+    if (refused || desk_.session.halfread() || QApplication::activeModalWidget() != nullptr) {
         Refresh();
     } else {
         desk_.session.Calculate();
     }
+}
+
+// Queued: a question may follow, which no event of a window should wait for. Not under a message or
+// a dialog, whose question comes first; the window comes to the front again behind it.
+void MainWindow::LookAtDisk()
+{
+    QTimer::singleShot(0, this, [this] {
+        if (!looking_ && QApplication::activeModalWidget() == nullptr) {
+            looking_ = true;
+            ReviewDisk(desk_.session, desk_.store);
+            looking_ = false;
+        }
+    });
 }
 
 // The box of a load row, while the loads are being edited.

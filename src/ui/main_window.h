@@ -64,12 +64,14 @@ private:
     void UseDark(bool dark);
     void RestoreSize();
     void ComeToFront();
+    void LookAtDisk();
     void ShowLoadRow(std::string_view box, int row);
 
     Desk& desk_;
     Binder bind_;
     QMenu* filemenu_ = nullptr;
     QAction* recentend_ = nullptr;
+    bool looking_ = false;  // at the file on the disk
     std::vector<QAction*> recent_;
     std::map<std::string, Form*, std::less<>> forms_;
 };

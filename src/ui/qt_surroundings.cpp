@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
 #include <QUrl>
 
 #include <algorithm>
@@ -65,6 +66,29 @@ Answer QtSurroundings::Ask(std::string_view question)
     default:
         return Answer::cancel;
     }
+}
+
+DiskAnswer QtSurroundings::AskAboutDisk(std::string_view question)
+{
+    QMessageBox box(QMessageBox::Warning, kProduct, ToQt(question), QMessageBox::NoButton,
+                    Parent());
+    box.setTextFormat(Qt::PlainText);
+    const QAbstractButton* const reload =
+        box.addButton(QMessageBox::tr("&Reload"), QMessageBox::AcceptRole);
+    const QAbstractButton* const keep =
+        box.addButton(QMessageBox::tr("&Keep mine"), QMessageBox::DestructiveRole);
+    QPushButton* const saveas =
+        box.addButton(QMessageBox::tr("&Save as..."), QMessageBox::ActionRole);
+    QPushButton* const later =
+        box.addButton(QMessageBox::tr("&Decide later"), QMessageBox::RejectRole);
+    box.setDefaultButton(saveas);  // the one answer that loses nothing
+    box.setEscapeButton(later);
+    box.exec();
+    const QAbstractButton* const clicked = box.clickedButton();
+    return clicked == reload   ? DiskAnswer::reload
+           : clicked == keep   ? DiskAnswer::keep
+           : clicked == saveas ? DiskAnswer::saveas
+                               : DiskAnswer::later;
 }
 
 void QtSurroundings::Warn(std::string_view message)

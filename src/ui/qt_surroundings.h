@@ -24,6 +24,7 @@ public:
     void SetWindow(QWidget* window) { window_ = window; }
 
     Answer Ask(std::string_view question) override;
+    DiskAnswer AskAboutDisk(std::string_view question) override;
     // Shown without waiting for the answer, so that no input runs inside another; several are shown
     // one after the other.
     void Warn(std::string_view message) override;

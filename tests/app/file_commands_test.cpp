@@ -48,7 +48,7 @@ TEST(NewFile, AsksNothingAboutAProjectThatWasNeverSaved)
 {
     Program program;
     program.edit().l = 9;
-    EXPECT_TRUE(program.Calculates([&] { NewFile(program.session); }));
+    EXPECT_TRUE(program.Calculates([&] { NewFile(program.session, program.store); }));
     EXPECT_TRUE(program.desk.questions.empty());
     EXPECT_EQ(program.state().l, 5);
     EXPECT_EQ(program.session.title(), "Kestrum EC3: New File");
@@ -62,7 +62,7 @@ TEST(NewFile, YesSavesTheProjectFirst)
     ASSERT_TRUE(OpenPath(program.session, program.store, path));
     program.edit().l = 8;
     program.desk.answers = {Answer::yes};
-    NewFile(program.session);
+    NewFile(program.session, program.store);
     EXPECT_EQ(program.desk.questions, Texts{"Do you want to save the actual project?"});
     EXPECT_EQ(program.state().filename, "New File");
     EXPECT_EQ(program.state().l, 5);
@@ -79,11 +79,11 @@ TEST(NewFile, NoDropsItAndCancelChangesNothing)
     const std::string bytes = ReadBytes(path);
     program.edit().l = 8;
     program.desk.answers = {Answer::cancel};
-    EXPECT_FALSE(program.Calculates([&] { NewFile(program.session); }));
+    EXPECT_FALSE(program.Calculates([&] { NewFile(program.session, program.store); }));
     EXPECT_EQ(program.state().l, 8);
     EXPECT_EQ(program.state().filename, path);
     program.desk.answers = {Answer::no};
-    NewFile(program.session);
+    NewFile(program.session, program.store);
     EXPECT_EQ(program.state().filename, "New File");
     EXPECT_EQ(ReadBytes(path), bytes);
 }
@@ -97,7 +97,7 @@ TEST(NewFile, AFailedSaveKeepsTheProject)
     program.edit().filename = folder.File("nowhere/a.kst");
     program.edit().l = 8;
     program.desk.answers = {Answer::yes};
-    NewFile(program.session);
+    NewFile(program.session, program.store);
     EXPECT_EQ(program.state().l, 8);
     EXPECT_EQ(program.Told().size(), 1U);
 }
@@ -106,7 +106,7 @@ TEST(NewFile, KeepsTheDesignSettings)
 {
     Program program;
     ChooseAnnex(program.session, 3);
-    NewFile(program.session);
+    NewFile(program.session, program.store);
     EXPECT_EQ(program.state().gammam1, 1.2F);
     EXPECT_EQ(program.session.title(), "Kestrum EC3 + NA/Denmark: New File");
 }
@@ -184,7 +184,7 @@ TEST(OpenFile, AMissingFileIsToldAndLosesNothing)
     EXPECT_EQ(program.state().filename, "New File");
     EXPECT_EQ(program.session.title(), "Kestrum EC3: New File");
     EXPECT_TRUE(RecentPaths(program.store).empty());
-    EXPECT_FALSE(program.session.halfread);
+    EXPECT_FALSE(program.session.halfread());
 }
 
 TEST(OpenFile, ABrokenFileIsToldAndTheRecentListStays)
@@ -198,7 +198,7 @@ TEST(OpenFile, ABrokenFileIsToldAndTheRecentListStays)
     EXPECT_EQ(program.state().projname, "Hall, \"north\"");  // what was read of it
     EXPECT_EQ(program.session.title(), "Kestrum EC3: New File");
     EXPECT_TRUE(RecentPaths(program.store).empty());
-    EXPECT_TRUE(program.session.halfread);
+    EXPECT_TRUE(program.session.halfread());
 }
 
 TEST(OpenFile, HalfAProjectNeverReplacesTheUsersFile)
@@ -214,7 +214,7 @@ TEST(OpenFile, HalfAProjectNeverReplacesTheUsersFile)
     EXPECT_EQ(ReadBytes(path), bytes);
 
     program.desk.answers = {Answer::yes};  // New: save first? Yes, but no name
-    NewFile(program.session);
+    NewFile(program.session, program.store);
     EXPECT_EQ(program.desk.dialogs.size(), 2U);
     EXPECT_EQ(ReadBytes(path), bytes);
     EXPECT_EQ(program.state().filename, path);
@@ -224,7 +224,7 @@ TEST(OpenFile, HalfAProjectNeverReplacesTheUsersFile)
     EXPECT_TRUE(SaveFile(program.session, program.store));
     EXPECT_EQ(ReadBytes(path), bytes);
     EXPECT_TRUE(std::filesystem::exists(other));
-    EXPECT_FALSE(program.session.halfread);
+    EXPECT_FALSE(program.session.halfread());
     EXPECT_EQ(program.session.title(), "Kestrum EC3 - EC3: " + other);
 }
 
@@ -236,7 +236,7 @@ TEST(OpenFile, ARepairedFileOpensLikeANewOne)
     EXPECT_FALSE(OpenPath(program.session, program.store, path));
     SaveProject(folder, "a.kst");
     EXPECT_TRUE(OpenPath(program.session, program.store, path));
-    EXPECT_FALSE(program.session.halfread);
+    EXPECT_FALSE(program.session.halfread());
     EXPECT_EQ(program.session.title(), "Kestrum EC3: " + path);
     EXPECT_EQ(RecentPaths(program.store), Texts{path});
 }

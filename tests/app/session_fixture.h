@@ -24,6 +24,7 @@ class ScriptedSurroundings final : public Surroundings {
 public:
     // Answers, taken from the front; a cancel when there are no more.
     std::deque<Answer> answers;
+    std::deque<DiskAnswer> diskanswers;  // later when there are no more
     std::deque<std::string> opens, saves;
 
     std::vector<std::string> questions, warnings, documents;
@@ -38,6 +39,16 @@ public:
         }
         const Answer answer = answers.front();
         answers.pop_front();
+        return answer;
+    }
+    DiskAnswer AskAboutDisk(std::string_view question) override
+    {
+        questions.emplace_back(question);
+        if (diskanswers.empty()) {
+            return DiskAnswer::later;
+        }
+        const DiskAnswer answer = diskanswers.front();
+        diskanswers.pop_front();
         return answer;
     }
     void Warn(std::string_view message) override { warnings.emplace_back(message); }

@@ -76,7 +76,7 @@ TEST(FullDisk, NewKeepsTheProjectThatCouldNotBeSaved)
     program.edit().l = 7.5;
     program.desk.answers = {Answer::yes};
     disk.FillBut(0);
-    NewFile(program.session);
+    NewFile(program.session, program.store);
     EXPECT_EQ(program.Told().size(), 1U);
     EXPECT_EQ(program.state().l, 7.5F);
     EXPECT_EQ(program.state().filename, disk.File("a.kst"));

@@ -23,6 +23,7 @@ public:
     std::vector<std::string> warnings, questions, opened;
     std::vector<std::vector<Drawing>> printed;
     Answer answer = Answer::no;
+    DiskAnswer diskanswer = DiskAnswer::later;
     std::optional<std::string> openpath, savepath;
     bool opens = true;
 
@@ -30,6 +31,11 @@ public:
     {
         questions.emplace_back(question);
         return answer;
+    }
+    DiskAnswer AskAboutDisk(std::string_view question) override
+    {
+        questions.emplace_back(question);
+        return diskanswer;
     }
     void Warn(std::string_view message) override { warnings.emplace_back(message); }
     std::optional<std::string> ChooseFileToOpen(const std::string&) override { return openpath; }

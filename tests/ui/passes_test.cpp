@@ -99,7 +99,7 @@ TEST_F(Passes, ComingToTheFrontCalculatesNoHalfProject)
     script.openpath = FromQt(broken.fileName());
     Form* const about = window->OpenForm("about");
     Menu(QStringLiteral("mnuopen"));
-    ASSERT_TRUE(session.halfread);
+    ASSERT_TRUE(session.halfread());
     about->activateWindow();
     Settle();
     EXPECT_FALSE(Run([&] { window->activateWindow(); }));

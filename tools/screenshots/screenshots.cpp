@@ -30,6 +30,7 @@ using namespace kestrum;
 class Silent final : public Surroundings {
 public:
     Answer Ask(std::string_view) override { return Answer::no; }
+    DiskAnswer AskAboutDisk(std::string_view) override { return DiskAnswer::later; }
     void Warn(std::string_view message) override { std::cerr << message << '\n'; }
     std::optional<std::string> ChooseFileToOpen(const std::string&) override { return {}; }
     std::optional<std::string> ChooseFileToSave(const std::string&, const std::string&) override

@@ -1,0 +1,59 @@
+#include "app/disk_file.h"
+
+#include "core/file_io.h"
+#include "core/utf8_path.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace kestrum {
+
+DiskFile::Content DiskFile::Read(const std::string& path)
+{
+    Content content;
+    std::error_code fault;
+    const std::filesystem::file_status status = std::filesystem::status(Utf8Path(path), fault);
+    content.there = status.type() != std::filesystem::file_type::not_found;
+    if (status.type() == std::filesystem::file_type::regular) {
+        content.problem = ReadWholeFile(path, content.bytes);
+    } else if (content.there) {
+        content.problem = "is no file";  // reading a pipe would wait
+    }
+    return content;
+}
+
+void DiskFile::Know(std::string bytes)
+{
+    known_ = Content{true, std::move(bytes), {}};
+    seen_.reset();
+}
+
+void DiskFile::Forget()
+{
+    known_.reset();
+    seen_.reset();
+}
+
+DiskState DiskFile::Compare(const std::string& path) const
+{
+    const Content now = Read(path);
+    if (!now.there) {
+        return DiskState::gone;
+    }
+    return known_ == now ? DiskState::same : DiskState::changed;
+}
+
+bool DiskFile::HasNews(const std::string& path)
+{
+    Content now = Read(path);
+    const bool news = now.there && known_ != now && seen_ != now;
+    seen_ = std::move(now);
+    return news;
+}
+
+void DiskFile::Accept()
+{
+    known_ = seen_;
+}
+
+}  // namespace kestrum
