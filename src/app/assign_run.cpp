@@ -10,13 +10,6 @@ namespace kestrum {
 
 namespace {
 
-std::string NameOf(const FieldRef& ref)
-{
-    std::string name(ref.field->name);
-    return ref.field->shape == FieldShape::scalar ? name
-                                                  : name + "[" + std::to_string(ref.index) + "]";
-}
-
 // Whether the fields around it may turn the value into a good one.
 bool MayFitLater(const AssignTarget& target)
 {
@@ -70,7 +63,8 @@ Refused AssignRun::TakeWaiting()
         return {};
     }
     Waiting& first = waiting_.front();
-    return {NameOf(first.target.ref), std::move(first.text), std::move(first.what)};
+    return {IndexedName(*first.target.ref.field, first.target.ref.index), std::move(first.text),
+            std::move(first.what)};
 }
 
 // When the run has changed the steel, the strength becomes that of the grade, so that the annex

@@ -36,7 +36,13 @@ template <class T> constexpr FieldKind KindOf()
 template <auto Member>
 using Declared = std::remove_cvref_t<decltype(std::declval<ProjectState&>().*Member)>;
 
-template <auto Member> constexpr Field Scalar(std::string_view name, FieldRole role)
+// What the list says of a field beside its place.
+struct Described {
+    std::string_view unit, meaning, values = {};
+};
+
+template <auto Member>
+constexpr Field Scalar(std::string_view name, FieldRole role, const Described& described)
 {
     return {name,
             KindOf<Declared<Member>>(),
@@ -44,28 +50,45 @@ template <auto Member> constexpr Field Scalar(std::string_view name, FieldRole r
             FieldShape::scalar,
             0,
             0,
-            [](ProjectState& s, int) -> void* { return &(s.*Member); }};
+            [](ProjectState& s, int) -> void* { return &(s.*Member); },
+            described.unit,
+            described.meaning,
+            described.values};
 }
 
-template <auto Form, auto Member> constexpr Field OfForm(std::string_view name)
+template <auto Form, auto Member>
+constexpr Field OfForm(std::string_view name, const Described& described)
 {
     using Value = std::remove_cvref_t<decltype(std::declval<ProjectState&>().*Form.*Member)>;
-    return {
-        name, KindOf<Value>(), kIn, FieldShape::scalar, 0, 0, [](ProjectState& s, int) -> void* {
-            return &(s.*Form.*Member);
-        }};
+    return {name,
+            KindOf<Value>(),
+            kIn,
+            FieldShape::scalar,
+            0,
+            0,
+            [](ProjectState& s, int) -> void* { return &(s.*Form.*Member); },
+            described.unit,
+            described.meaning,
+            described.values};
 }
 
-template <Table Of> constexpr Field OfTable(std::string_view name)
+template <Table Of> constexpr Field OfTable(std::string_view name, std::string_view meaning)
 {
-    return {
-        name, FieldKind::integer, kIn, FieldShape::scalar, 0, 0, [](ProjectState& s, int) -> void* {
-            return &s.row[static_cast<std::size_t>(Of)];
-        }};
+    return {name,
+            FieldKind::integer,
+            kIn,
+            FieldShape::scalar,
+            0,
+            0,
+            [](ProjectState& s, int) -> void* { return &s.row[static_cast<std::size_t>(Of)]; },
+            "",
+            meaning,
+            kRowValues};
 }
 
 template <auto Member>
-constexpr Field Array(std::string_view name, FieldRole role, FieldShape shape, int first)
+constexpr Field Array(std::string_view name, FieldRole role, FieldShape shape, int first,
+                      const Described& described)
 {
     using Store = Declared<Member>;
     return {name,
@@ -76,24 +99,53 @@ constexpr Field Array(std::string_view name, FieldRole role, FieldShape shape, i
             static_cast<int>(std::tuple_size_v<Store>) - 1,
             [](ProjectState& s, int index) -> void* {
                 return &(s.*Member)[static_cast<std::size_t>(index)];
-            }};
+            },
+            described.unit,
+            described.meaning,
+            described.values};
 }
 
-#define FIELD(name, role) Scalar<&ProjectState::name>(#name, role)
-#define FORM(form, name)                                                                           \
-    OfForm<&ProjectState::form, &decltype(ProjectState::form)::name>(#form "." #name)
-#define ROW(table) OfTable<Table::table>("row." #table)
-#define ROWS(name, role, first) Array<&ProjectState::name>(#name, role, FieldShape::array, first)
-#define SECTIONS(name) Array<&ProjectState::name>(#name, kOut, FieldShape::checksections, 0)
+constexpr Field Since(int version, Field field)
+{
+    field.since = version;
+    return field;
+}
+
+constexpr FieldShape kRows = FieldShape::array;
+
+#define SCALAR(name, role, ...) Scalar<&ProjectState::name>(#name, role, {__VA_ARGS__})
+#define FIELD(name, role, unit, meaning) SCALAR(name, role, unit, meaning)
+#define PICK(name, role, values, meaning) SCALAR(name, role, "", meaning, values)
+#define TICK(name, role, meaning) SCALAR(name, role, "", meaning, kTruthValues)
+#define BOXED(form, box, ...)                                                                      \
+    OfForm<&ProjectState::form, &decltype(ProjectState::form)::box>(#form "." #box, {__VA_ARGS__})
+#define FORM(form, box, unit, meaning) BOXED(form, box, unit, meaning)
+#define FORMPICK(form, box, values, meaning) BOXED(form, box, "", meaning, values)
+#define ROW(table, meaning) OfTable<Table::table>("row." #table, "row of the table: " meaning)
+#define ARRAY(name, role, first, ...)                                                              \
+    Array<&ProjectState::name>(#name, role, kRows, first, {__VA_ARGS__})
+#define ROWS(name, role, first, unit, meaning) ARRAY(name, role, first, unit, meaning)
+#define PICKROWS(name, role, first, values, meaning) ARRAY(name, role, first, "", meaning, values)
+#define TICKROWS(name, role, first, meaning) ARRAY(name, role, first, "", meaning, kTruthValues)
+#define SECTIONS(name, unit, meaning)                                                              \
+    Array<&ProjectState::name>(#name, kOut, FieldShape::checksections, 0, {unit, meaning})
 
 constexpr Field kFields[] = {
 #include "core/field_list.inc"
 };
 
+#undef SCALAR
 #undef FIELD
+#undef PICK
+#undef TICK
+#undef BOXED
 #undef FORM
+#undef FORMPICK
 #undef ROW
+#undef ARRAY
 #undef ROWS
+#undef PICKROWS
+#undef TICKROWS
 #undef SECTIONS
 
 // Places in kFields, sorted by name.
@@ -130,6 +182,12 @@ const Field* FindField(std::string_view name)
         places.begin(), places.end(), name,
         [](std::size_t place, std::string_view wanted) { return kFields[place].name < wanted; });
     return at != places.end() && kFields[*at].name == name ? &kFields[*at] : nullptr;
+}
+
+std::string IndexedName(const Field& field, int index)
+{
+    std::string name(field.name);
+    return field.shape == FieldShape::scalar ? name : name + "[" + std::to_string(index) + "]";
 }
 
 int LastIndex(const Field& field, const ProjectState& s)

@@ -1,9 +1,9 @@
 #pragma once
 
-// Every field of the record under its canonical name, with type, place and role. The dump, the
-// assignment of single fields and the batch columns walk this table. Fields of the section forms
-// have dotted names ("p22.isth"), and so have the table rows ("row.hea"). The result rows are no
-// fields.
+// Every field of the record under its canonical name, with type, place, role, unit, meaning and
+// values. The dump, the assignment of single fields, the batch columns, `kestrum fields` and the
+// documents walk this table. Fields of the section forms have dotted names ("p22.isth"), and so
+// have the table rows ("row.hea"). The result rows are no fields.
 
 #include "core/project_state.h"
 
@@ -44,13 +44,27 @@ struct Field {
     int first;  // index of the first element that counts, 0 or 1; of a scalar 0
     int last;   // index of the last one; of a scalar 0
     void* (*locate)(ProjectState& s, int index);
+    std::string_view unit;     // empty: none
+    std::string_view meaning;  // a sentence without capital and point
+    // Of a field with a list of values: "0 name,other name|1 .." or "1..3"; kFamilyValues,
+    // kSteelValues and kRowValues for lists that depend on the tables. Empty: typed.
+    std::string_view values = {};
+    int since = 0;  // first version of the project file that holds it; 0: all that are read
 };
+
+constexpr std::string_view kFamilyValues = "*family";
+constexpr std::string_view kSteelValues = "*steel";
+constexpr std::string_view kRowValues = "*row";
+constexpr std::string_view kTruthValues = "-1 true,yes,on|0 false,no,off";
 
 // All fields in the order of the record.
 std::span<const Field> AllFields();
 
 // The field of this name, or null.
 const Field* FindField(std::string_view name);
+
+// The field as it is written, with its row where it has rows: "l", "qload[2]".
+std::string IndexedName(const Field& field, int index);
 
 // Last index that counts in this state: `last`, or npts for the check sections.
 int LastIndex(const Field& field, const ProjectState& s);

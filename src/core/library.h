@@ -32,10 +32,18 @@ struct ProfileTable {
     }
 };
 
+// A row of a profile table under one of its names, as sections/section_names compares them.
+struct NamedRow {
+    std::string name;
+    Table table;
+    i16 row;
+};
+
 struct Library {
     std::vector<Material> materials;
     std::array<ProfileTable, kTables> tables;
-    std::string setup;  // bytes of the stored setup; empty when there is none
+    std::vector<NamedRow> rownames;  // sorted by name
+    std::string setup;               // bytes of the stored setup; empty when there is none
 };
 
 }  // namespace kestrum

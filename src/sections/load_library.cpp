@@ -4,6 +4,7 @@
 #include "core/setup_file.h"
 #include "core/utf8_path.h"
 #include "sections/readprofiles.h"
+#include "sections/section_names.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -123,6 +124,7 @@ Library LoadLibrary(const std::vector<std::string>& folders)
             ReadProfile(path, shape, library.tables[i]);
         }
     }
+    NameRows(library);
     library.materials = ReadMaterialList(ReadBytes(FindFile(folders, kMaterialFile)));
     library.setup = ReadBytes(FindFile(folders, kSetupFile));
     return library;

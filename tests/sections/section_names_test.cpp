@@ -1,0 +1,107 @@
+// Names are those of the profile lists (EN 10365, EN 10210-2, EN 10219-2, EN 10056-1); rows are counted in
+// the CSV files of data/.
+
+#include "sections/section_names.h"
+
+#include "sections/family_table.h"
+#include "support/member.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace kestrum {
+namespace {
+
+std::string Found(const char* name, int family = 0)
+{
+    const auto found = SectionOfName(DeliveredTables(), name, family);
+    return found ? std::to_string(found->family) + "/" + std::to_string(found->series) + " " +
+                       RowName(DeliveredTables(), found->table, found->row)
+                 : "none";
+}
+
+TEST(SectionNames, FindASectionAsItIsWritten)
+{
+    EXPECT_EQ(Found("IPE 300"), "4/0 IPE 300");
+    EXPECT_EQ(Found("ipe300"), "4/0 IPE 300");
+    EXPECT_EQ(Found("HE 200 B"), "2/0 HEB 200");
+    EXPECT_EQ(Found("HEB-200"), "2/0 HEB 200");
+    EXPECT_EQ(Found("SHS 100x5"), "6/0 RHS 100x5");
+    EXPECT_EQ(Found("RHS 100x100x5"), "6/0 RHS 100x5");
+    EXPECT_EQ(Found("CFSHS 100x100x5"), "8/0 CFRHS 100x5");
+    EXPECT_EQ(Found("RHS 200x100x8"), "7/0 RHS 200x100x8");
+    EXPECT_EQ(Found("L 100x100x10"), "10/0 L 100x10");
+    EXPECT_EQ(Found("uc 203x203x60"), "101/2 UC 203x203x60");
+    EXPECT_EQ(Found("PFC 200x90x30"), "103/2 PFC 200x90x30");
+    EXPECT_EQ(Found("IPE 310"), "none");
+    EXPECT_EQ(Found(""), "none");
+}
+
+// A row without a name could not be chosen, and two sections of their own under one name not told apart.
+TEST(SectionNames, EveryRowIsFoundUnderItsListedName)
+{
+    for (const FamilyInfo& info : Families()) {
+        for (const Table table : info.tables) {
+            for (int row = 0; row < RowCount(table); ++row) {
+                const std::string name = RowName(DeliveredTables(), table, row);
+                const auto found = SectionOfName(DeliveredTables(), name, info.id);
+                ASSERT_TRUE(found) << name;
+                EXPECT_EQ(found->table, table) << name;
+                EXPECT_EQ(RowName(DeliveredTables(), table, found->row), name);
+            }
+        }
+    }
+}
+
+TEST(SectionNames, OfferTheNearest)
+{
+    const std::vector<std::string> near = SectionsNear(DeliveredTables(), "IPE 310");
+    ASSERT_FALSE(near.empty());
+    EXPECT_LE(near.size(), 3U);
+    EXPECT_TRUE(near[0].starts_with("IPE 3")) << near[0];
+    EXPECT_TRUE(SectionsNear(DeliveredTables(), "nonsense of a name").empty());
+    EXPECT_TRUE(SectionsNear(DeliveredTables(), std::string(100000, 'x')).empty());
+}
+
+std::string Families(const char* name)
+{
+    std::string text;
+    for (const NamedFamily& each : FamiliesOfName(name)) {
+        text += (text.empty() ? "" : " ") + std::to_string(each.family) +
+                (each.series != 0 ? "/" + std::to_string(each.series) : "");
+    }
+    return text;
+}
+
+TEST(SectionNames, FindAFamilyByCaptionTableOrSeries)
+{
+    EXPECT_EQ(Families("IPE"), "4");
+    EXPECT_EQ(Families("hea"), "1");
+    EXPECT_EQ(Families("SHS"), "6");
+    EXPECT_EQ(Families("RHS"), "7");
+    EXPECT_EQ(Families("CFRHS"), "9");
+    EXPECT_EQ(Families("RHS - Square"), "6");
+    EXPECT_EQ(Families("RHS - Square (Hotformed)"), "6");
+    EXPECT_EQ(Families("UC"), "101/2");
+    EXPECT_EQ(Families("pfc"), "103/2");
+    EXPECT_EQ(Families("tube"), "31");
+    EXPECT_EQ(Families("Box"), "23");
+    EXPECT_EQ(Families("HSQ"), "24 25");
+    EXPECT_EQ(Families("T"), "26");
+    EXPECT_EQ(Families("nothing"), "");
+    EXPECT_EQ(Families(""), "");
+}
+
+TEST(SectionNames, EveryFamilyIsFoundUnderItsName)
+{
+    std::set<std::string> names;
+    for (const FamilyInfo& info : kestrum::Families()) {
+        EXPECT_TRUE(names.insert(FamilyName(info.id)).second) << info.id;
+        EXPECT_EQ(Families(FamilyName(info.id).c_str()), std::to_string(info.id));
+    }
+    EXPECT_EQ(FamilyName(99), "");
+}
+
+}  // namespace
+}  // namespace kestrum
