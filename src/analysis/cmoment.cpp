@@ -2,7 +2,7 @@
 
 #include "analysis/end_forces.h"
 #include "analysis/extremes.h"
-#include "analysis/load_lines.h"
+#include "analysis/load_table.h"
 #include "core/arithmetic_trap.h"
 #include "core/load_combination.h"
 
@@ -14,85 +14,18 @@ namespace kestrum {
 
 namespace {
 
-enum class Axis { y, z, none };  // the axis a load bends about
-
-Axis AxisOf(float direction)
-{
-    return direction == 1 ? Axis::y : direction == 0 ? Axis::z : Axis::none;
-}
-
-// One load that acts, with its lines for a factor of 1.
-struct Load {
-    Axis axis;
-    int category;  // 0 G, 1 Q1, 2 Q2
-    bool checked;
-    LoadLines lines;
-};
-
-// The loads that are not zero; uniform, point and trapezoidal ones in this order.
-struct LoadTable {
-    int count = 0;
-    std::array<Load, 16> load;
-    Span span;
-};
-
-Load& Append(LoadTable& table, Axis axis, int category, i16 checked)
-{
-    Load& load = table.load[CheckedIndex(table.count++, table.load.size())];
-    load.axis = axis;
-    load.category = category;
-    load.checked = checked != 0;
-    return load;
-}
-
-// A category kept in single precision; anything but 0, 1, 2 belongs to no combination.
-int CategoryOf(float category)
-{
-    return category == 0 ? 0 : category == 1 ? 1 : category == 2 ? 2 : -1;
-}
-
-void FillTable(const ProjectState& s, LoadTable& table)
-{
-    table.span = SpanOf(s);
-    const Span& span = table.span;
-    for (std::size_t k = 0; k <= 4; ++k) {
-        if (s.qload[k] != 0) {
-            Load& load = Append(table, AxisOf(s.qdir[k]), s.qtype[k], s.qchecked[k]);
-            UniformLines(span, s.qload[k], load.lines);
-        }
-    }
-    for (std::size_t k = 1; k <= 8; ++k) {
-        if (s.pm[k] != 0) {
-            Load& load = Append(table, AxisOf(s.pmdir[k]), s.pmtype[k], s.pmchecked[k]);
-            (s.pmkind[k] == 0 ? ForceLines : MomentLines)(span, s.pm[k], s.pmx[k], load.lines);
-        }
-    }
-    for (std::size_t k = 1; k <= 3; ++k) {
-        if (s.qt1[k] != 0 || s.qt2[k] != 0) {
-            Load& load = Append(table, AxisOf(s.qtdir[k]), CategoryOf(s.qttype[k]), s.qtchecked[k]);
-            TrapezoidLines(span, s.qt1[k], s.qt2[k], s.qtx1[k], s.qtx2[k], load.lines);
-        }
-    }
-}
-
 // Whether loads bend the member about y and about z.
 void MarkLoadedAxes(ProjectState& s, const LoadTable& table)
 {
     s.hasyloads = kFalse;
     s.haszloads = kFalse;
     for (int i = 0; i < table.count; ++i) {
-        const Load& load = table.load[static_cast<std::size_t>(i)];
+        const ActingLoad& load = table.load[static_cast<std::size_t>(i)];
         if (load.checked || s.loadcomb != kBasicLoads) {
-            s.hasyloads = load.axis == Axis::y ? kTrue : s.hasyloads;
-            s.haszloads = load.axis == Axis::z ? kTrue : s.haszloads;
+            s.hasyloads = load.axis == BendingAxis::y ? kTrue : s.hasyloads;
+            s.haszloads = load.axis == BendingAxis::z ? kTrue : s.haszloads;
         }
     }
-}
-
-// Factor of a load; a category outside the three belongs to no combination.
-double FactorOf(const LoadFactors& f, int category)
-{
-    return category == 0 ? f.g : category == 1 ? f.q1 : category == 2 ? f.q2 : 0;
 }
 
 // Families with a section; any other number calculates forces only.
@@ -159,17 +92,17 @@ void Combine(ProjectState& s, const LoadTable& table, int loadcomb)
     Sums y, z;
     const double scaley = DeflectionScale(s, s.iy), scalez = DeflectionScale(s, s.iz);
     for (int i = 0; i < table.count; ++i) {
-        const Load& load = table.load[static_cast<std::size_t>(i)];
-        if ((checkedonly && !load.checked) || load.axis == Axis::none) {
+        const ActingLoad& load = table.load[static_cast<std::size_t>(i)];
+        if ((checkedonly && !load.checked) || load.axis == BendingAxis::none) {
             continue;
         }
-        Sums& sums = load.axis == Axis::y ? y : z;
+        Sums& sums = load.axis == BendingAxis::y ? y : z;
         const double factor = FactorOf(strength, load.category);
         AddFactored(sums.m, factor, load.lines.m);
         AddFactored(sums.v, factor, load.lines.v);
         AddFactored(sums.msec, factor, load.lines.msec);
         AddFactored(sums.vsec, factor, load.lines.vsec);
-        const double scale = load.axis == Axis::y ? scaley : scalez;
+        const double scale = load.axis == BendingAxis::y ? scaley : scalez;
         AddFactored(sums.d, FactorOf(service, load.category) * scale, load.lines.d);
     }
     StoreSingle(y.m, s.mydiag);
@@ -325,7 +258,7 @@ void CalcMember(ProjectState& s, void (*control)(ProjectState&))
     ClearInvalidLoads(s);
     SetSelfweight(s);
     LoadTable table;
-    FillTable(s, table);
+    FillTable(s, SpanOf(s), table);
     MarkLoadedAxes(s, table);
     if (s.loadcomb == kEq610ab) {
         CombineGoverning(s, table, control);

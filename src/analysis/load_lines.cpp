@@ -10,7 +10,6 @@ namespace kestrum {
 
 namespace {
 
-constexpr std::size_t kStrips = 20;
 constexpr int kLast = kDiagramPoints - 1;
 
 // The sum in double precision, before the one rounding.
@@ -247,6 +246,12 @@ void MomentLines(const Span& span, double moment, double a, LoadLines& lines)
     Store(span, sums, lines);
 }
 
+double StripCentre(double x1, double x2, int strip)
+{
+    const double dx = (x2 - x1) / kStrips;
+    return x1 + (strip + 1) * dx - 0.5 * dx;
+}
+
 void TrapezoidLines(const Span& span, double q1, double q2, double x1, double x2, LoadLines& lines)
 {
     const double dx = (x2 - x1) / kStrips;
@@ -256,12 +261,11 @@ void TrapezoidLines(const Span& span, double q1, double q2, double x1, double x2
     for (std::size_t part = 0; part < static_cast<std::size_t>(shares.count); ++part) {
         const auto& [beam, weight] = shares.share[part];
         std::array<PointResponse, kStrips> strip{};
-        for (std::size_t n = 0; n < kStrips; ++n) {
-            const auto i = static_cast<double>(n + 1);
-            const double a = x1 + i * dx - 0.5 * dx;
-            const double p = (q1 + i * dq - 0.5 * dq) * dx;
+        for (int n = 0; n < kStrips; ++n) {
+            const double p = (q1 + (n + 1) * dq - 0.5 * dq) * dx;
             // A file may hold x2 below x1; the strips are kept in ascending order.
-            strip[dx < 0 ? kStrips - 1 - n : n] = PointForce(beam, span.l, p, a);
+            strip[static_cast<std::size_t>(dx < 0 ? kStrips - 1 - n : n)] =
+                PointForce(beam, span.l, p, StripCentre(x1, x2, n));
         }
         AddPointLoads(span, strip, SidesOfForce(beam), weight, sums);
     }

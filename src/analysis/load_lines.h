@@ -49,6 +49,10 @@ void UniformLines(const Span& span, double q, LoadLines& lines);                
 void ForceLines(const Span& span, double p, double a, LoadLines& lines);        // kN, m
 void MomentLines(const Span& span, double moment, double a, LoadLines& lines);  // kNm, m
 
+// Centre [m] of a strip of a trapezoidal load from x1 to x2, counted from 0; D101.
+constexpr int kStrips = 20;
+double StripCentre(double x1, double x2, int strip);
+
 // q1 at x1 to q2 at x2; kN/m, m.
 void TrapezoidLines(const Span& span, double q1, double q2, double x1, double x2, LoadLines& lines);
 

@@ -76,6 +76,7 @@ public:
         font.setItalic(text.italic);
         font.setUnderline(text.underline);
         const QString shown = QString::fromStdString(text.text);
+        KeepWidth(font, shown, TextWidth(text.text, text.size, text.bold) * scale_);
         const double width = QFontMetricsF(font, painter_.device()).horizontalAdvance(shown);
         const double shift = text.align == Align::left     ? 0.0
                              : text.align == Align::centre ? -width / 2.0
@@ -95,6 +96,21 @@ public:
 
 private:
     QPointF Map(Point p) const { return origin_ + QPointF(p.x * scale_, p.y * scale_); }
+
+    // Fonts come in whole pixels; spacing gives the text the width that it was laid out with. What
+    // a character missing in the font adds is left alone.
+    void KeepWidth(QFont& font, const QString& shown, double width) const
+    {
+        constexpr double kMost = 0.04;  // of the font size
+        if (shown.isEmpty()) {
+            return;
+        }
+        const double advance = QFontMetricsF(font, painter_.device()).horizontalAdvance(shown);
+        const double most = kMost * font.pixelSize();
+        font.setLetterSpacing(
+            QFont::AbsoluteSpacing,
+            std::clamp((width - advance) / static_cast<double>(shown.size()), -most, most));
+    }
 
     void AddRing(QPainterPath& path, const std::vector<Point>& points) const
     {

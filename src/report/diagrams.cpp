@@ -1,12 +1,15 @@
 #include "report/diagrams.h"
 
+#include "analysis/step_points.h"
 #include "core/number_format.h"
 #include "report/figure_tools.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <span>
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 namespace kestrum {
 
@@ -33,9 +36,16 @@ template <class T> Label LabelOf(T value, double at)
     return {value, at, FormatNum(value, "#0.0")};
 }
 
+// A point of a drawn line: x/L and value.
+struct LinePoint {
+    double at, value;
+};
+using Steps = std::vector<LinePoint>;
+
 // One curve, without its figures.
 struct Band {
     const Curve& values;
+    Steps steps;       // besides the values, where the line jumps or bends
     double reference;  // largest size, 10 units
     double axis;       // height in the picture
     std::string heading;
@@ -57,12 +67,34 @@ double Larger(double most, double least)
     return most > -least ? most : -least;
 }
 
+// The extremes are searched at the values and at the check sections; a load between those can have
+// a higher peak, which has to stay in its band.
+double ReferenceOf(double most, double least, const Steps& steps)
+{
+    constexpr double kHighest = 1.2;  // of the reference
+    double reference = Larger(most, least);
+    if (reference != 0) {
+        for (const LinePoint& step : steps) {
+            reference = std::max(reference, std::abs(step.value) / kHighest);
+        }
+    }
+    return reference;
+}
+
 std::vector<Point> CurveOf(const Band& band)
 {
-    std::vector<Point> points{{XOf(0), band.axis}};
+    std::vector<LinePoint> line;
     for (int j = 0; j < kDiagramPoints; ++j) {
-        const double value = band.values[static_cast<std::size_t>(j)];
-        points.push_back({XOf(j / kIntervals), band.axis + Ordinate(band, value)});
+        line.push_back({j / kIntervals, band.values[static_cast<std::size_t>(j)]});
+    }
+    const auto middle = static_cast<std::ptrdiff_t>(line.size());
+    line.insert(line.end(), band.steps.begin(), band.steps.end());
+    std::inplace_merge(line.begin(), line.begin() + middle, line.end(),
+                       [](const LinePoint& a, const LinePoint& b) { return a.at < b.at; });
+
+    std::vector<Point> points{{XOf(0), band.axis}};
+    for (const LinePoint& point : line) {
+        points.push_back({XOf(point.at), band.axis + Ordinate(band, point.value)});
     }
     points.push_back({XOf(1), band.axis});
     return points;
@@ -142,6 +174,21 @@ AxisResults ResultsOf(const ProjectState& s, LoadAxis axis)
             s.vymin,  s.xvymax, s.xvymin, s.dymaxabs, s.x0mz1, s.x0mz2,  "Mz",     "Vy"};
 }
 
+struct AxisSteps {
+    Steps m, v;
+};
+
+AxisSteps StepsOf(const ProjectState& s, LoadAxis axis)
+{
+    AxisSteps steps;
+    for (const StepPoint& point :
+         StepPoints(s, axis == LoadAxis::z ? BendingAxis::y : BendingAxis::z)) {
+        steps.m.push_back({point.at, point.m});
+        steps.v.push_back({point.at, point.v});
+    }
+    return steps;
+}
+
 Drawing Picture(double height, const AxisResults& r)
 {
     Drawing d;
@@ -162,13 +209,17 @@ Drawing WithLoads(const ProjectState& s, LoadAxis axis)
     title.bold = true;
     AddText(d, std::move(title));
 
-    const auto band = [](int index, const Curve& curve, double reference, const char* heading) {
+    const auto band = [](int index, const Curve& curve, Steps at, double reference,
+                         const char* heading) {
         const double top = kTitle + index * kBandHeight;
-        return Band{curve, reference, top + kBandAxis, heading, top + kHeadingLine};
+        return Band{curve, std::move(at), reference, top + kBandAxis, heading, top + kHeadingLine};
     };
-    const Band m = band(0, r.m, Larger(r.mmax, r.mmin), "M");
-    const Band v = band(1, r.v, Larger(r.vmax, r.vmin), "V");
-    const Band w = band(2, r.d, r.dmaxabs, "d");
+    AxisSteps steps = StepsOf(s, axis);
+    const double mreference = ReferenceOf(r.mmax, r.mmin, steps.m);
+    const double vreference = ReferenceOf(r.vmax, r.vmin, steps.v);
+    const Band m = band(0, r.m, std::move(steps.m), mreference, "M");
+    const Band v = band(1, r.v, std::move(steps.v), vreference, "V");
+    const Band w = band(2, r.d, {}, r.dmaxabs, "d");
     AddCurveOf(d, m);
     AddCurveOf(d, v);
     AddCurveOf(d, w);
@@ -197,8 +248,8 @@ Drawing WithEndForces(const ProjectState& s, LoadAxis axis)
         const double reference =
             std::max(std::abs(1.0 * curve.front()), std::abs(1.0 * curve.back()));
         const double top = index * kPitch;
-        return Band{curve, reference, top + kTitle + kBandAxis, std::move(heading),
-                    top + kHeadingLine};
+        return Band{
+            curve, {}, reference, top + kTitle + kBandAxis, std::move(heading), top + kHeadingLine};
     };
     const Band m = band(0, r.m, "Bending moment (" + r.mname + ", kNm)");
     const Band v = band(1, r.v, "Shear (" + r.vname + ", kN)");

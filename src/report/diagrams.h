@@ -2,7 +2,8 @@
 
 // Moment, shear force and deflection along the member, as curves with their extremes. The member
 // starts at x = 16 and is 70 units wide; the largest ordinate of a curve is 10 units, positive
-// values below the axis.
+// values below the axis. Where a load makes a line jump or bend between the 51 stored values, the
+// drawn line does so at the place of the load.
 
 #include "report/load_drawing.h"
 

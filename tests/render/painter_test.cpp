@@ -56,6 +56,29 @@ TEST(Paint, FillsAPolygonWithAHoleByTheEvenOddRule)
     EXPECT_EQ(image.pixelColor(40, 40), QColor(Qt::white));
 }
 
+// 2.8 mm at 150 dots per inch are 16.5 pixels: a line of text keeps the width that it was laid out
+// with, at every resolution.
+TEST(Paint, KeepsTheWidthOfATextAtAnyResolution)
+{
+    const TextMark text{.at = {2, 5}, .text = std::string(90, 'H'), .size = 2.8};
+    Drawing line{210, 10, "", {text}};
+    for (const double scale : {96 / 25.4, 150 / 25.4, 5.5, 7.3}) {
+        QImage image(qRound(line.width * scale), qRound(line.height * scale), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        {
+            QPainter painter(&image);
+            Paint(painter, line, scale, {0, 0}, PaperColours());
+        }
+        const int y = qRound((text.at.y - 1) * scale);
+        int last = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            last = qGray(image.pixel(x, y)) < 128 ? x : last;
+        }
+        const double end = BoundsOf(text).right * scale;
+        EXPECT_NEAR(last, end, 0.004 * end) << scale;
+    }
+}
+
 TEST(WritePdf, WritesOnePageADrawingWithTitleAndCreator)
 {
     const QTemporaryDir folder;

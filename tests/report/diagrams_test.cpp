@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cfenv>
 #include <limits>
 
@@ -136,6 +137,83 @@ TEST(MomentDiagram, OfTheOtherAxisReadsTheOtherResults)
     const Drawing d = DrawMzVy(s);
     EXPECT_TRUE(HasText(d, "Mz/Vy/Deflection (kNm/kN/mm)"));
     EXPECT_TRUE(HasText(d, "12.5  x=2.500 m"));
+}
+
+// P = 10 kN at 1.23 m of 5 m, between the points 12 and 13: the shear falls from 7.54 to -2.46 kN
+// at one place, and the moment has its peak there, not beside it.
+TEST(ShearDiagram, StepsAtThePlaceOfAForce)
+{
+    ProjectState s = Plain();
+    s.qload = {};
+    s.pm[1] = 10;
+    s.pmx[1] = 1.23F;
+    s.pmdir[1] = 1;
+    s.pmchecked[1] = kTrue;
+    ASSERT_TRUE(EndsWell(s));
+    const std::vector<PolylineMark> curves = ResultCurves(DrawMyVz(s));
+    const double place = 16 + 70 * 1.23 / 5;
+    const std::vector<Point>& v = curves[1].points;
+    std::vector<Point> step;
+    for (const Point& p : v) {
+        if (std::abs(p.x - place) < 1e-3) {
+            step.push_back(p);
+        }
+    }
+    ASSERT_EQ(step.size(), 2U);
+    EXPECT_NEAR(step[0].y - v[0].y, 10, 1e-4);
+    EXPECT_NEAR(step[1].y - v[0].y, -10 * 2.46 / 7.54, 1e-4);
+    const std::vector<Point>& m = curves[0].points;
+    const auto lower = [](const Point& a, const Point& b) { return a.y < b.y; };
+    const Point peak = *std::max_element(m.begin(), m.end(), lower);
+    EXPECT_NEAR(peak.x, place, 1e-3);
+    EXPECT_NEAR(peak.y - m[0].y, 10, 0.02);  // the extreme is that of the section at 0.999 x
+}
+
+// A uniform trapezoid between two points of the diagram: the shear never rises, as it would where
+// its strips fall into the grid by chance.
+TEST(ShearDiagram, HasNoTeethThatTheLoadDoesNotHave)
+{
+    ProjectState s = Plain();
+    s.qload = {};
+    s.qt1[1] = s.qt2[1] = 10;
+    s.qtx1[1] = 0.33F;
+    s.qtx2[1] = 4.87F;
+    s.qtdir[1] = 1;
+    s.qtchecked[1] = kTrue;
+    ASSERT_TRUE(EndsWell(s));
+    const std::vector<Point> v = ResultCurves(DrawMyVz(s))[1].points;
+    int steps = 0;
+    for (std::size_t i = 2; i + 1 < v.size(); ++i) {
+        EXPECT_LE(v[i].y, v[i - 1].y + 1e-4);
+        if (v[i].y < v[i - 1].y - 0.1) {
+            ++steps;
+            EXPECT_LT(v[i].x - v[i - 1].x, 1e-6);  // upright
+        }
+    }
+    EXPECT_EQ(steps, 20);
+}
+
+// A short strong load between two points: its own peak, higher than the stored extreme, stays in
+// the band of the curve.
+TEST(MomentDiagram, KeepsPeaksBetweenThePointsInItsBand)
+{
+    ProjectState s = Plain();
+    s.l = 50;
+    s.qload = {};
+    s.nload = {};
+    for (const std::size_t k : {1U, 2U}) {
+        s.qt1[k] = s.qt2[k] = k == 1 ? 1000.0F : -1000.0F;
+        s.qtx1[k] = k == 1 ? 10.1F : 10.6F;
+        s.qtx2[k] = k == 1 ? 10.3F : 10.8F;
+        s.qtdir[k] = 1;
+        s.qtchecked[k] = kTrue;
+    }
+    ASSERT_TRUE(EndsWell(s));
+    for (const PolylineMark& curve : ResultCurves(DrawMyVz(s))) {
+        for (const Point& p : curve.points) {
+            EXPECT_LE(std::abs(p.y - curve.points.front().y), 12 + 1e-9);
+        }
+    }
 }
 
 TEST(DeflectionText, GivesSizeAndPartOfTheLength)

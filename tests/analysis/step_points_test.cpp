@@ -1,0 +1,140 @@
+#include "analysis/step_points.h"
+
+#include "member.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrum {
+namespace {
+
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+// P = 10 kN at 1.25 m of 5 m: R0 = 10 3.75/5 = 7.5 kN, RL = 2.5 kN, M = 7.5 1.25 = 9.375 kNm.
+TEST(StepPoints, HoldBothSidesOfAForce)
+{
+    ProjectState s = test::Member(0, 5);
+    test::AddForce(s, 1, 10, 1.25F);
+    const std::vector<StepPoint> points = StepPoints(s, BendingAxis::y);
+    ASSERT_THAT(points, SizeIs(2));
+    EXPECT_NEAR(points[0].at, 0.25, 1e-8);
+    EXPECT_LT(points[0].at, 0.25);
+    EXPECT_GT(points[1].at, 0.25);
+    EXPECT_NEAR(points[0].v, 7.5, 1e-6);
+    EXPECT_NEAR(points[1].v, -2.5, 1e-6);
+    EXPECT_NEAR(points[0].m, 9.375, 1e-5);
+    EXPECT_NEAR(points[1].m, 9.375, 1e-5);
+    EXPECT_THAT(StepPoints(s, BendingAxis::z), IsEmpty());
+}
+
+// M = 8 kNm at 2 m of 5 m: V = -8/5, M = -1.6 2 = -3.2 before and 4.8 kNm behind it.
+TEST(StepPoints, JumpAtAMoment)
+{
+    ProjectState s = test::Member(0, 5);
+    test::AddMoment(s, 1, 8, 2);
+    const std::vector<StepPoint> points = StepPoints(s, BendingAxis::y);
+    ASSERT_THAT(points, SizeIs(2));
+    EXPECT_NEAR(points[0].m, -3.2, 1e-5);
+    EXPECT_NEAR(points[1].m, 4.8, 1e-5);
+    EXPECT_NEAR(points[0].v, -1.6, 1e-6);
+    EXPECT_NEAR(points[1].v, -1.6, 1e-6);
+}
+
+// 20 strips: each lowers the shear by its force, q dx = 6 (4 - 1)/20 = 0.9 kN.
+TEST(StepPoints, GoDownByTheForceOfEachStrip)
+{
+    ProjectState s = test::Member(2, 5);
+    test::AddTrapezoid(s, 1, 6, 6, 1, 4);
+    const std::vector<StepPoint> points = StepPoints(s, BendingAxis::y);
+    ASSERT_THAT(points, SizeIs(40));
+    for (std::size_t i = 0; i < points.size(); i += 2) {
+        const double strip = static_cast<double>(i) / 2;
+        EXPECT_NEAR(points[i].at * 5, 1 + 0.15 * (strip + 0.5), 1e-6);
+        EXPECT_NEAR(points[i].v - points[i + 1].v, 0.9, 1e-5);
+        if (i > 0) {
+            EXPECT_NEAR(points[i].v, points[i - 1].v, 1e-5);  // level between two strips
+        }
+    }
+}
+
+// More places than one round of the check sections takes: 8 forces and 3 trapezoids.
+TEST(StepPoints, CoverEveryRowInAscendingOrder)
+{
+    ProjectState s = test::Member(1, 9);
+    for (std::size_t k = 1; k <= 8; ++k) {
+        test::AddForce(s, k, 1, static_cast<float>(k));
+    }
+    for (std::size_t k = 1; k <= 3; ++k) {
+        test::AddTrapezoid(s, k, 1, 2, 0, 8.9F);
+    }
+    const std::vector<StepPoint> points = StepPoints(s, BendingAxis::y);
+    EXPECT_THAT(points, SizeIs(2 * (8 + 60)));
+    EXPECT_TRUE(std::is_sorted(
+        points.begin(), points.end(),
+        [](const StepPoint& one, const StepPoint& other) { return one.at < other.at; }));
+}
+
+// On a support only the side on the member counts; off the member there is none.
+TEST(StepPoints, LieOnTheMember)
+{
+    ProjectState s = test::Member(0, 5);
+    test::AddForce(s, 1, 10, 0);
+    test::AddForce(s, 2, 10, 5);
+    test::AddForce(s, 3, 10, 7);
+    const std::vector<StepPoint> points = StepPoints(s, BendingAxis::y);
+    ASSERT_THAT(points, SizeIs(2));
+    EXPECT_GT(points[0].at, 0);
+    EXPECT_LT(points[1].at, 1);
+}
+
+// The factor of G: 1.35 in Eq 6.10a, 0.85 1.35 in Eq 6.10b; V = P/2.
+TEST(StepPoints, FollowTheCombination)
+{
+    ProjectState s = test::Member(0, 4);
+    test::AddForce(s, 1, 10, 2);
+    s.loadcomb = kEq610ab;
+    s.g610ag = 1.35F;
+    s.g610bg = 1.35F;
+    s.xi610b = 0.85F;
+    s.kfig = 1;
+    s.governing = 1;
+    EXPECT_NEAR(StepPoints(s, BendingAxis::y)[0].v, 1.35 * 5, 1e-5);
+    s.governing = 2;
+    EXPECT_NEAR(StepPoints(s, BendingAxis::y)[0].v, 0.85 * 1.35 * 5, 1e-5);
+    s.loadcomb = kBasicLoads;
+    EXPECT_THAT(StepPoints(s, BendingAxis::y), IsEmpty());
+    s.pmchecked[1] = kTrue;
+    EXPECT_NEAR(StepPoints(s, BendingAxis::y)[0].v, 5, 1e-5);
+    s.loadmode = 0;
+    EXPECT_THAT(StepPoints(s, BendingAxis::y), IsEmpty());
+}
+
+TEST(StepPoints, MeetTheStoredLinesInEverySupportCase)
+{
+    for (int supportcase = 0; supportcase < test::kSupportCases; ++supportcase) {
+        SCOPED_TRACE(supportcase);
+        ProjectState s = test::Member(supportcase, 5);
+        test::AddForce(s, 1, 10, 1.23F);
+        test::AddMoment(s, 2, -6, 3.35F);
+        CalcMember(s, nullptr);
+        const std::vector<StepPoint> points = StepPoints(s, BendingAxis::y);
+        ASSERT_THAT(points, SizeIs(4));
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            // Straight lines between the loads: from the next point of the diagram on that side.
+            const double j = 50 * points[i].at;
+            const auto next = static_cast<std::size_t>(i % 2 == 0 ? std::floor(j) : std::ceil(j));
+            const double v = points[i].v;
+            const double slope = supportcase == 4 ? -v : v;  // D105
+            const double x = 5 * (points[i].at - static_cast<double>(next) / 50);
+            EXPECT_NEAR(s.mydiag[next] + slope * x, points[i].m, 1e-4);
+            EXPECT_NEAR(s.vzdiag[next], v, 1e-5);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kestrum
