@@ -13,11 +13,12 @@ i16 ClassOne(ProjectState&, float, float)
     return 1;
 }
 
-// EN 1993-1-1, 6.2.8 (3).
+// EN 1993-1-1, 6.2.8 (3). The whole bar carries the shear: the strip is a share of its modulus, so
+// that full shear leaves exactly nothing, whatever the size.
 void ReduceMyBar(ProjectState& s)
 {
-    const double strip = ShearReduction(s.vzed, s.vzrd) * s.tw * s.hw * s.hw;  // mm3
-    s.myrdv = s.mplyrd - MomentResistance(s, strip / 4);
+    const double strip = ShearReduction(s.vzed, s.vzrd) * s.wply;  // mm3
+    s.myrdv = s.mplyrd - MomentResistance(s, strip);
 }
 
 // EN 1993-1-1, 6.2.9.1 (3), Eq (6.32).

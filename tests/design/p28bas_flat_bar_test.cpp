@@ -46,6 +46,25 @@ TEST(ControlFlatBar, MomentBesideShear)
     EXPECT_EQ(s.irsection, s.irrow3);
 }
 
+// With VEd at or above Vpl,Rd rho is 1 and nothing of the modulus is left, EN 1993-1-1, 6.2.8 (3):
+// exactly 0 for every size, also where h^2 t/4 has no exact single-precision value.
+TEST(ControlFlatBar, FullShearLeavesNoMomentWhateverTheSize)
+{
+    struct Size {
+        float height, thickness;
+    };
+    for (const Size size :
+         {Size{150, 12}, {123.6F, 16.3F}, {60.5F, 8.2F}, {99.9F, 7.3F}, {33.3F, 3.1F}}) {
+        ProjectState s = Bar(size.height, size.thickness);
+        for (const double excess : {1.0, 1.5}) {
+            std::feclearexcept(FE_ALL_EXCEPT);
+            Control(s, {0, 0.01F, 0, static_cast<float>(excess * s.vzrd + 0.01), 0});
+            EXPECT_EQ(s.myrdv, 0) << size.height << 'x' << size.thickness;
+            EXPECT_TRUE(std::fetestexcept(FE_DIVBYZERO)) << size.height << 'x' << size.thickness;
+        }
+    }
+}
+
 TEST(ControlFlatBar, AxialForceAlone)
 {
     ProjectState s = Bar(150, 12);
