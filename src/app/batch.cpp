@@ -5,6 +5,7 @@
 #include "core/project_file.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
+#include "engine/new_project.h"
 #include "report/state_json.h"
 
 #include <algorithm>
@@ -335,6 +336,12 @@ std::string Tally::Summary() const
     return text;
 }
 
+BatchWorker::BatchWorker(const Library& library, const ProjectState& base, const AnswerForm& form,
+                         Assignment how)
+    : library_(library), base_(base), start_(StartState(library)), form_(form), how_(how)
+{
+}
+
 void BatchWorker::Work(BatchChunk& chunk)
 {
     chunk.out.clear();
@@ -390,7 +397,7 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
 
 void BatchWorker::File(BatchChunk& chunk, const std::string& name)
 {
-    s_ = base_;
+    s_ = start_;
     s_.filename = name;
     const std::string member = OnOneLine(name);
     std::string refusal = ReadWholeFile(name, chunk.lines);

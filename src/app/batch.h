@@ -105,14 +105,12 @@ struct BatchChunk {
     Tally tally = {};
 };
 
-// Calculates a chunk with a record of its own: `base` is what each member starts from.
+// Calculates a chunk with a record of its own: `base` is what each line starts from; a project file
+// holds a whole member and is read onto the record after a start.
 class BatchWorker {
 public:
     BatchWorker(const Library& library, const ProjectState& base, const AnswerForm& form,
-                Assignment how)
-        : library_(library), base_(base), form_(form), how_(how)
-    {
-    }
+                Assignment how);
     void Work(BatchChunk& chunk);
 
 private:
@@ -123,6 +121,7 @@ private:
 
     const Library& library_;
     const ProjectState& base_;
+    const ProjectState start_;  // what a project file is read onto
     const AnswerForm& form_;
     Assignment how_;
     ProjectState s_;

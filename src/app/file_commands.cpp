@@ -6,6 +6,8 @@
 #include "core/project_file.h"
 #include "engine/new_project.h"
 
+#include <utility>
+
 namespace kestrum {
 
 namespace {
@@ -25,18 +27,6 @@ void FinishOpening(Session& session)
     session.curdir = FolderOf(session.state().filename);
     SetMaterial(session.library(), session.edit(), session.state().fykindex);
     session.Calculate();
-}
-
-// What a file does not hold is that of a new project, so that the result is that of a fresh start:
-// places of point loads make check sections, uniform loads are mass, also beside end forces.
-void ResetLoadsOfTheOtherMode(ProjectState& s)
-{
-    if (s.loadmode != 1) {
-        ResetLoadRows(s);
-    }
-    if (s.loadmode != 0) {
-        ResetEndForces(s);
-    }
 }
 
 bool WriteFile(Session& session, const std::string& path)
@@ -107,8 +97,14 @@ bool OpenPath(Session& session, SettingsStore& store, const std::string& path)
         return false;  // nothing was read: the project in hand stays
     }
     const bool again = path == session.state().filename && !session.halfread();
+    ProjectState opened = StartState(session.library());
+    const std::optional<FileFault> fault = ReadProject(opened, bytes);
+    if (fault) {
+        ReadProject(session.edit(), bytes);  // what comes before the fault replaces what it can
+    } else {
+        session.edit() = std::move(opened);
+    }
     session.edit().filename = path;
-    const std::optional<FileFault> fault = ReadProject(session.edit(), bytes);
     session.disk.Know(std::move(bytes));
     if (fault) {
         session.filefault = FaultText(path, *fault);
@@ -116,7 +112,6 @@ bool OpenPath(Session& session, SettingsStore& store, const std::string& path)
         session.changed();
         return false;
     }
-    ResetLoadsOfTheOtherMode(session.edit());
     session.filefault.clear();
     if (!again) {
         session.SetTitle(session.TitleStem() + ": " + path);

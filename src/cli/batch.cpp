@@ -116,9 +116,7 @@ ProjectState BaseOf(const Library& library, const std::string& file)
     if (!file.empty()) {
         return OpenProject(library, file);
     }
-    ProjectState s{};
-    StartUp(library, s);
-    return s;
+    return StartState(library);
 }
 
 }  // namespace

@@ -57,8 +57,7 @@ Library LoadTables(const Options& options)
 ProjectState OpenProject(const Library& library, const std::string& file)
 {
     const std::string bytes = ReadAll(file);
-    ProjectState s{};
-    StartUp(library, s);
+    ProjectState s = StartState(library);
     s.filename = file;
     if (const auto fault = ReadProject(s, bytes)) {
         throw BadInput(FaultText(file, *fault));

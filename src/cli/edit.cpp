@@ -90,8 +90,7 @@ std::vector<Change> SplitAll(const std::vector<std::string>& texts)
 int New(const Options& options, const NewArguments& arguments)
 {
     const Library library = LoadTables(options);
-    ProjectState s{};
-    StartUp(library, s);
+    ProjectState s = StartState(library);
     std::vector<Change> changes = SplitAll(arguments.set);
     if (!arguments.family.empty()) {
         changes.insert(changes.begin(), {"family", arguments.family});

@@ -54,6 +54,33 @@ void ResetLateralBuckling(ProjectState& s)
     s.za = 0;
 }
 
+void ResetLoadRows(ProjectState& s)
+{
+    s.nload = {0, 100, 0, 0};
+    s.ntype = {};
+    s.nchecked = {0, kTrue, kFalse, kFalse};
+    s.qload = {0, 10, 0, 0, 0};
+    s.qtype = {};
+    s.qdir = {1, 1, 1, 1, 1};
+    s.qchecked = {0, kTrue, kFalse, kFalse, kFalse};
+    s.qt1 = s.qt2 = s.qtx1 = s.qtx2 = s.qttype = {};
+    s.qtdir = {0, 1, 1, 1};
+    s.qtchecked = {0, kTrue, kFalse, kFalse};
+    s.pmkind = {};
+    s.pm = s.pmx = {};
+    s.pmtype = {};
+    s.pmdir = {0, 1, 1, 1, 1, 1, 1, 1, 1};
+    s.pmchecked = {0, kTrue, 0, 0, 0, 0, 0, 0, 0};
+}
+
+void ResetEndForces(ProjectState& s)
+{
+    s.ne = 100;
+    s.my1 = 100;
+    s.vz1 = 50;
+    s.my2 = s.vy1 = s.vy2 = s.mz1 = s.mz2 = s.vz2 = 0;
+}
+
 void ResetLoads(ProjectState& s)
 {
     s.selfweight = 0;
@@ -167,33 +194,6 @@ void LoadSetup(const Library& library, ProjectState& s)
 
 }  // namespace
 
-void ResetLoadRows(ProjectState& s)
-{
-    s.nload = {0, 100, 0, 0};
-    s.ntype = {};
-    s.nchecked = {0, kTrue, kFalse, kFalse};
-    s.qload = {0, 10, 0, 0, 0};
-    s.qtype = {};
-    s.qdir = {1, 1, 1, 1, 1};
-    s.qchecked = {0, kTrue, kFalse, kFalse, kFalse};
-    s.qt1 = s.qt2 = s.qtx1 = s.qtx2 = s.qttype = {};
-    s.qtdir = {0, 1, 1, 1};
-    s.qtchecked = {0, kTrue, kFalse, kFalse};
-    s.pmkind = {};
-    s.pm = s.pmx = {};
-    s.pmtype = {};
-    s.pmdir = {0, 1, 1, 1, 1, 1, 1, 1, 1};
-    s.pmchecked = {0, kTrue, 0, 0, 0, 0, 0, 0, 0};
-}
-
-void ResetEndForces(ProjectState& s)
-{
-    s.ne = 100;
-    s.my1 = 100;
-    s.vz1 = 50;
-    s.my2 = s.vy1 = s.vy2 = s.mz1 = s.mz2 = s.vz2 = 0;
-}
-
 void NewProject(const Library& library, ProjectState& s)
 {
     ResetMember(s);
@@ -209,6 +209,13 @@ void StartUp(const Library& library, ProjectState& s)
     s.irlimit = kRatioLimit;
     NewProject(library, s);
     LoadSetup(library, s);
+}
+
+ProjectState StartState(const Library& library)
+{
+    ProjectState s{};
+    StartUp(library, s);
+    return s;
 }
 
 }  // namespace kestrum

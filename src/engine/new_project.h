@@ -12,13 +12,13 @@ namespace kestrum {
 // family before; the caller runs the next.
 void NewProject(const Library& library, ProjectState& s);
 
-// The load rows and the given end forces of a new project. A project file holds one of the two; the
-// other must not be that of the project before.
-void ResetLoadRows(ProjectState& s);
-void ResetEndForces(ProjectState& s);
-
 // Start of the program on a value-initialised record: a new project, then the stored setup and the
 // factors of its annex. Without a setup the settings are zero and the annex is the first.
 void StartUp(const Library& library, ProjectState& s);
+
+// What a project file is read onto: the record after a start. So nothing of an earlier project is
+// left in it, neither a result that a pass keeps nor a row, section form or curve parameter that
+// the file does not hold, and a file gives the same result whatever was open before.
+ProjectState StartState(const Library& library);
 
 }  // namespace kestrum

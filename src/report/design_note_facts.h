@@ -3,6 +3,7 @@
 // Facts about a result that the conditions of several design notes ask for.
 
 #include "core/project_state.h"
+#include "stability/buckling_resistance.h"
 
 namespace kestrum {
 
@@ -20,6 +21,11 @@ bool BendsAboutZ(const ProjectState& s);
 
 // The web buckles in shear, and its resistance to that is in use.
 bool WebBucklesInShear(const ProjectState& s);
+
+// Critical forces for the torsional length of the member itself, whatever length the record holds:
+// between its lateral restraints where lateral torsional buckling is controlled, else the whole
+// member (EN 1993-1-1, 6.3.1.4).
+TorsionalForces OwnTorsionalForces(const ProjectState& s);
 
 // The strength combination in force; the governing one of Eq 6.10a/b.
 int StrengthCombination(const ProjectState& s);

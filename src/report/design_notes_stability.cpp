@@ -118,12 +118,6 @@ double FlexuralMinimum(const ProjectState& s)
     return IsAngle(s.family) ? std::min(s.ncrv, s.ncru) : std::min(s.ncry, s.ncrz);
 }
 
-// Critical forces of the member's own torsional length, whatever length the record holds (D228).
-TorsionalForces OwnTorsionalForces(const ProjectState& s)
-{
-    return TorsionalForcesAt(s, static_cast<double>(s.ltbk) * s.l / (s.restraints + 1));
-}
-
 bool TorsionWouldGovern(const ProjectState& s)
 {
     if (s.openprofile != kTrue || IsPlate(s.family) || !(s.ned > 0) || s.yline.empty()) {
@@ -288,9 +282,9 @@ constexpr NoteRule kStability[] = {
          return Interacts(s) && s.method == kAnnexA && s.ned > 0 && s.ltb != 1 &&
                 OwnTorsionalForces(s).ncrtf < (1 - 1e-6) * s.ncrtf;
      },
-     "Without a control of lateral torsional buckling the first calculation knows no torsional "
+     "Without a control of lateral torsional buckling the calculation does not know the torsional "
      "length of the member, and the interaction factors of Annex A come out too low; switch the "
-     "control on, or in the window calculate once more."},
+     "control on."},
     {"D229",
      [](const ProjectState& s) {
          return s.family == 28 && s.ltb == 1 && !(s.ned > 0) && s.mydesign != 0;

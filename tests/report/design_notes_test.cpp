@@ -226,6 +226,24 @@ TEST(DesignNotes, D228GoesWithTheSecondCalculation)
     EXPECT_FALSE(Shows(s, "D228"));
 }
 
+// The switch that turns the control off leaves k = 0.001, and the next calculation takes that
+// length.
+TEST(DesignNotes, D228StaysWithTheLengthOfASwitchedOffControl)
+{
+    ProjectState s = Calculated("family=5 ltb=0 ltbk=0.001 nload[1]=100 qload[1]=5");
+    EXPECT_TRUE(Shows(s, "D228"));
+    EXPECT_TRUE(Calculate(DeliveredTables(), s));
+    EXPECT_TRUE(Shows(s, "D228"));
+}
+
+// UPE 200, 6 m, not held against torsion: Ncr,TF of the whole length is below Ncr,z about an axis
+// that is held; the length of the control that is off, 6 mm, would hide it.
+TEST(DesignNotes, D207KnowsTheLengthWithoutALateralControl)
+{
+    EXPECT_TRUE(Shows(Calculated("family=5 l=6 lz=0.3 ltb=0 ltbk=0.001 nload[1]=100"), "D207"));
+    EXPECT_TRUE(Shows(Calculated("family=5 l=6 lz=0.3 ltbk=1 nload[1]=100"), "D207"));
+}
+
 TEST(DesignNotes, HaveACaseEach)
 {
     std::set<std::string_view> cases, rules;
