@@ -67,7 +67,8 @@ TEST(KeptValues, CurveOfTheSectionBefore)
 
 TEST(KeptValues, FactorOfTheMemberBefore)
 {
-    ProjectState s = Calculated("method=2 nload[1]=100 qload[1]=5 qload[2]=1 qdir[2]=0 qchecked[2]=true");
+    ProjectState s =
+        Calculated("method=2 nload[1]=100 qload[1]=5 qload[2]=1 qdir[2]=0 qchecked[2]=true");
     EXPECT_FALSE(Keeps(s, "kzz"));
     Change(s, "family=22 p22.isttw=20");
     ASSERT_LE(s.classmy, 2);
