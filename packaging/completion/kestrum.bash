@@ -40,7 +40,7 @@ _kestrum()
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         if [[ $after ]]; then
             after= # the value of an option
-        elif [[ $word == --@(data|setup|format|family|axis|output|base|fields|jobs|set) || $word == -o ]]; then
+        elif [[ $word == --@(data|setup|color|format|family|axis|output|base|fields|jobs|set) || $word == -o ]]; then
             after=$word
         elif [[ $word != -* || $word == - ]]; then
             if [[ $command ]]; then operands=$((operands + 1)); else command=$word; fi
@@ -56,6 +56,7 @@ _kestrum()
         esac
         return ;;
     --axis) _kestrum_words 'z y'; return ;;
+    --color) _kestrum_words 'auto always never'; return ;;
     --family) _kestrum_families; return ;;
     --data) _kestrum_files -d; return ;;
     --base) _kestrum_files kst; return ;;
@@ -66,14 +67,14 @@ _kestrum()
     [[ $cur != = && $prev != = ]] || return # the value of a field
 
     if [[ $cur == -* ]]; then
-        local options='--help --data --setup'
+        local options='--help --data --setup --color --quiet'
         case $command in
         '') options+=' --version' ;;
-        check) options+=' --loadcase --notes --format --json' ;;
-        batch) options+=' --output --base --fields --jobs --resume --raw --quiet --format --json' ;;
+        check) options+=' --loadcase --notes --no-notes --exit-zero --csv-safe --format --json' ;;
+        batch) options+=' --output --base --fields --jobs --resume --raw --exit-zero --csv-safe --no-csv-safe --format --json' ;;
         dump) options+=' --inputs' ;;
         new) options+=' --output --family --set --raw' ;;
-        set) options+=' --output --raw' ;;
+        set) options+=' --output --raw --dry-run' ;;
         sections | vortex) options+=' --format --json' ;;
         diagram) options+=' --axis --output' ;;
         table | report) options+=' --output' ;;
@@ -82,7 +83,8 @@ _kestrum()
         return
     fi
     case $command in
-    '') _kestrum_words 'check dump new set sections vortex diagram table report batch' ;;
+    '') _kestrum_words 'check dump new set sections vortex diagram table report batch help' ;;
+    help) ((operands)) || _kestrum_words 'check dump new set sections vortex diagram table report batch' ;;
     sections) ((operands)) || _kestrum_families ;;
     report) if ((operands)); then _kestrum_files kst; else _kestrum_words 'control section vortex'; fi ;;
     set) if ((operands)); then _kestrum_fields; else _kestrum_files kst; fi ;;

@@ -1,5 +1,5 @@
 # fish completion for kestrum
-set -g __kestrum_commands check dump new set sections vortex diagram table report batch
+set -g __kestrum_commands check dump new set sections vortex diagram table report batch help
 
 function __kestrum_families
     kestrum sections --format csv 2>/dev/null | tail -n +2 | string replace -a '"' '' | string replace -r ',[^,]*,' \t
@@ -18,7 +18,7 @@ function __kestrum_at -a command count
     for token in (commandline -opc)[2..]
         if test $after = 1
             set after 0
-        else if contains -- $token --data --setup --format --family --axis --output -o --base --fields --jobs --set
+        else if contains -- $token --data --setup --color --format --family --axis --output -o --base --fields --jobs --set
             set after 1
         else if not string match -q -- '-?*' $token
             set -a seen $token
@@ -38,8 +38,10 @@ complete -c kestrum -f
 complete -c kestrum -l help -d 'Help'
 complete -c kestrum -l data -x -a '(__fish_complete_directories)' -d 'Folder of the tables'
 complete -c kestrum -l setup -rF -d 'Stored setup'
+complete -c kestrum -l color -x -a 'auto always never' -d 'Colours of the answer'
+complete -c kestrum -s q -l quiet -d 'No hints, no summary'
 set -l none "not __fish_seen_subcommand_from $__kestrum_commands"
-complete -c kestrum -n $none -l version -d 'Version'
+complete -c kestrum -n $none -s V -l version -d 'Version'
 complete -c kestrum -n $none -a check -d 'Calculate and print the result panel'
 complete -c kestrum -n $none -a dump -d 'Print the whole state as JSON'
 complete -c kestrum -n $none -a new -d 'Write a default project'
@@ -50,11 +52,13 @@ complete -c kestrum -n $none -a diagram -d 'Draw the diagrams'
 complete -c kestrum -n $none -a table -d 'Print the intermediate values'
 complete -c kestrum -n $none -a report -d 'Write a printed report'
 complete -c kestrum -n $none -a batch -d 'Calculate many members'
+complete -c kestrum -n $none -a help -d 'Print the help of a command'
 
-complete -c kestrum -n '__kestrum_at check; or __kestrum_at report 1' -k -a '(__fish_complete_suffix .kst)'
-for command in dump set vortex diagram table
+complete -c kestrum -n '__kestrum_at check; or __kestrum_at dump; or __kestrum_at report; and not __kestrum_at report 0' -k -a '(__fish_complete_suffix .kst)'
+for command in set vortex diagram table
     complete -c kestrum -n "__kestrum_at $command 0" -k -a '(__fish_complete_suffix .kst)'
 end
+complete -c kestrum -n '__kestrum_at help 0' -a 'check dump new set sections vortex diagram table report batch'
 complete -c kestrum -n '__kestrum_at report 0' -a 'control section vortex'
 complete -c kestrum -n '__kestrum_at sections 0' -a '(__kestrum_families)'
 complete -c kestrum -n __kestrum_fields_at -a '(__kestrum_fields)'
@@ -62,6 +66,13 @@ complete -c kestrum -n '__kestrum_at batch' -F
 
 complete -c kestrum -n '__kestrum_at check' -l loadcase -d 'Governing load case'
 complete -c kestrum -n '__kestrum_at check' -l notes -d 'Notes on deviations'
+complete -c kestrum -n '__kestrum_at check' -l no-notes -d 'Without notes'
+for command in check batch
+    complete -c kestrum -n "__kestrum_at $command" -l exit-zero -d 'Exit 0 whatever the verdicts'
+    complete -c kestrum -n "__kestrum_at $command" -l csv-safe -d 'Nothing that a spreadsheet runs'
+end
+complete -c kestrum -n '__kestrum_at batch' -l no-csv-safe -d 'Texts as they are'
+complete -c kestrum -n '__kestrum_at set' -l dry-run -d 'Writes nothing'
 complete -c kestrum -n '__kestrum_at check; or __kestrum_at sections' -l format -x -a 'text json csv' -d 'Form of the answer'
 complete -c kestrum -n '__kestrum_at vortex' -l format -x -a 'text json' -d 'Form of the answer'
 complete -c kestrum -n '__kestrum_at batch' -l format -x -a 'csv json ndjson' -d 'Form of the answer'
@@ -82,4 +93,3 @@ complete -c kestrum -n '__kestrum_at batch' -l base -rF -d 'Project with the oth
 complete -c kestrum -n '__kestrum_at batch' -l fields -x -d 'Columns of the answer'
 complete -c kestrum -n '__kestrum_at batch' -l jobs -x -d 'Threads'
 complete -c kestrum -n '__kestrum_at batch' -l resume -d 'Go on behind the answers'
-complete -c kestrum -n '__kestrum_at batch' -l quiet -d 'No summary'

@@ -4,6 +4,7 @@
 #include "cli/batch_input.h"
 #include "cli/batch_output.h"
 #include "cli/commands.h"
+#include "core/printable.h"
 #include "engine/new_project.h"
 
 #include <algorithm>
@@ -163,8 +164,11 @@ int Batch(const Options& options, const BatchArguments& arguments)
                 });
     }
     output.Finish();
-    if (!arguments.quiet) {
-        std::cerr << tally.Summary();
+    if (!options.quiet) {
+        std::cerr << PrintableLines(tally.Summary());
+    }
+    if (arguments.exit_zero) {
+        return input.faulty() ? kBadInput : kAllWithin;
     }
     return ExitOf(tally, input.faulty());
 }

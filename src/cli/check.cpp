@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "core/printable.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "report/design_notes.h"
@@ -20,6 +21,7 @@ struct Verdict {
     int exit = kAllWithin;
     std::string fault = {};  // message of a pass or file that failed
     double section = 0, buckling = 0, deflection = 0;
+    bool read = false;  // the file
     ProjectState state{};
 };
 
@@ -43,6 +45,7 @@ Verdict CheckFile(const Library& library, const std::string& file)
         verdict.fault = bad.what();
         return verdict;
     }
+    verdict.read = true;
     ProjectState& s = verdict.state;
     const bool well = Calculate(library, s);
     if (FindRoutines(s.family) == nullptr) {
@@ -57,9 +60,6 @@ Verdict CheckFile(const Library& library, const std::string& file)
         verdict.deflection = LargestDeflection(s);
         const double worst = std::max({verdict.section, verdict.buckling, verdict.deflection});
         verdict.exit = worst > s.irlimit ? kSomeAbove : kAllWithin;
-    }
-    if (!verdict.fault.empty()) {
-        Complain(file + ": " + verdict.fault);
     }
     return verdict;
 }
@@ -79,7 +79,7 @@ std::string Word(const Verdict& verdict)
     case kFailedPass:
         return "calculation error";
     default:
-        return "not checked";
+        return verdict.read ? "not checked" : "bad input";
     }
 }
 
@@ -93,20 +93,23 @@ std::string NotesText(const ProjectState& s)
     return text;
 }
 
-std::string TextOf(const Verdict& verdict, const TextParts& parts)
+std::string PaintedRatio(std::string_view ratio, i16 status)
 {
-    std::string text = verdict.file + "\n";
-    if (!Designed(verdict)) {
-        return text + verdict.fault + "\n";
+    return Painted(ratio, status == kAbove ? Ink::bad : Ink::good, true);
+}
+
+std::string TextOf(const Verdict& verdict, const CheckArguments& parts, bool coloured)
+{
+    std::string text = Painted(Printable(verdict.file), Ink::heading, coloured) + "\n";
+    if (Designed(verdict)) {
+        text += PanelText(verdict.state, parts.loadcase, coloured ? PaintedRatio : nullptr);
+        text += verdict.state.flangeoverload ? std::string(kFlangeOverload) + "\n" : "";
+        text += parts.no_notes ? "" : NotesText(verdict.state);
+    } else if (verdict.read) {
+        text += verdict.fault + "\n";
     }
-    text += PanelText(verdict.state, parts.loadcase);
-    if (verdict.state.flangeoverload) {
-        text += std::string(kFlangeOverload) + "\n";
-    }
-    if (parts.notes) {
-        text += NotesText(verdict.state);
-    }
-    return text;
+    const Ink ink = verdict.exit == kAllWithin ? Ink::good : Ink::bad;
+    return text + "VERDICT: " + Painted(Word(verdict), ink, coloured) + "\n";
 }
 
 std::string JsonOf(const Verdict& verdict)
@@ -171,11 +174,21 @@ int Gravest(const std::vector<Verdict>& verdicts)
     return kAllWithin;
 }
 
-void PrintText(const std::vector<Verdict>& verdicts, const TextParts& parts)
+int ExitOf(const std::vector<Verdict>& verdicts, const CheckArguments& arguments)
+{
+    if (!arguments.exit_zero) {
+        return Gravest(verdicts);
+    }
+    const bool all = std::all_of(verdicts.begin(), verdicts.end(),
+                                 [](const Verdict& verdict) { return verdict.read; });
+    return all ? kAllWithin : kBadInput;
+}
+
+void PrintText(const std::vector<Verdict>& verdicts, const CheckArguments& parts, bool coloured)
 {
     std::string out;
     for (const Verdict& verdict : verdicts) {
-        out += (out.empty() ? "" : "\n") + TextOf(verdict, parts);
+        out += (out.empty() ? "" : "\n") + TextOf(verdict, parts, coloured);
     }
     if (verdicts.size() > 1) {
         out += "\n" + Summary(verdicts);
@@ -203,13 +216,16 @@ void PrintCsv(const std::vector<Verdict>& verdicts)
 
 }  // namespace
 
-int Check(const Options& options, const std::vector<std::string>& files, const TextParts& parts)
+int Check(const Options& options, const CheckArguments& arguments)
 {
     const Library library = LoadTables(options);
     std::vector<Verdict> verdicts;
-    verdicts.reserve(files.size());
-    for (const std::string& file : files) {
+    verdicts.reserve(arguments.files.size());
+    for (const std::string& file : arguments.files) {
         verdicts.push_back(CheckFile(library, file));
+    }
+    if (options.quiet) {
+        return ExitOf(verdicts, arguments);
     }
     switch (options.format) {
     case Format::json:
@@ -219,10 +235,10 @@ int Check(const Options& options, const std::vector<std::string>& files, const T
         PrintCsv(verdicts);
         break;
     case Format::text:
-        PrintText(verdicts, parts);
+        PrintText(verdicts, arguments, Coloured(options.color));
         break;
     }
-    return Gravest(verdicts);
+    return ExitOf(verdicts, arguments);
 }
 
 }  // namespace kestrum::cli

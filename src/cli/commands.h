@@ -4,18 +4,23 @@
 
 #include "cli/context.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace kestrum::cli {
 
-// What the text of a check has beside the result panel.
-struct TextParts {
-    bool loadcase = false;  // the governing load case
-    bool notes = false;     // the design notes
+struct CheckArguments {
+    std::vector<std::string> files;
+    bool loadcase = false;   // the governing load case
+    bool no_notes = false;   // leaves out the notes on deviations
+    bool exit_zero = false;  // whatever the verdicts
+    bool csv_safe = false;
 };
-int Check(const Options& options, const std::vector<std::string>& files, const TextParts& parts);
-int Dump(const Options& options, const std::string& file, bool inputs);
+int Check(const Options& options, const CheckArguments& arguments);
+
+// One object; a list of them for several files.
+int Dump(const Options& options, const std::vector<std::string>& files, bool inputs);
 
 struct NewArguments {
     std::string out;
@@ -29,6 +34,7 @@ struct SetArguments {
     std::string file, out;
     std::vector<std::string> set;
     bool raw = false;
+    bool dry_run = false;
 };
 int Set(const Options& options, const SetArguments& arguments);
 
@@ -49,7 +55,8 @@ int DetailedTable(const Options& options, const TableArguments& arguments);
 
 struct ReportArguments {
     std::string kind;  // control, section, vortex
-    std::string file, out;
+    std::vector<std::string> files;
+    std::string out;
 };
 int Report(const Options& options, const ReportArguments& arguments);
 
@@ -61,7 +68,8 @@ struct BatchArguments {
     int jobs = 0;  // threads; 0: one a core
     bool resume = false;
     bool raw = false;
-    bool quiet = false;  // no summary
+    bool exit_zero = false;        // when each member has its answer
+    std::optional<bool> csv_safe;  // unset: for a file, not for a stream
 };
 int Batch(const Options& options, const BatchArguments& arguments);
 

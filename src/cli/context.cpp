@@ -1,7 +1,9 @@
 #include "cli/context.h"
 
+#include "app/field_hint.h"
 #include "core/arithmetic_trap.h"
 #include "core/file_io.h"
+#include "core/printable.h"
 #include "core/project_file.h"
 #include "core/setup_file.h"
 #include "core/utf8_path.h"
@@ -9,6 +11,7 @@
 #include "sections/load_library.h"
 #include "service/vortex.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <iostream>
@@ -33,6 +36,16 @@ std::string ReadAll(const std::string& file)
 }
 
 }  // namespace
+
+int Graver(int a, int b)
+{
+    for (const int exit : {kBadInput, kFailedPass}) {
+        if (a == exit || b == exit) {
+            return exit;
+        }
+    }
+    return std::max(a, b);
+}
 
 Library LoadTables(const Options& options)
 {
@@ -69,7 +82,7 @@ void SaveProject(ProjectState& s, const std::string& file)
 {
     const std::string bytes = WriteProject(s);
     if (file.empty() || file == "-") {
-        Print(bytes);
+        Print(OutputIsTerminal() ? PrintableLines(bytes) : bytes);
         return;
     }
     const std::string fault = WriteWholeFile(file, bytes);
@@ -99,6 +112,13 @@ bool ControlVortices(ProjectState& s)
     return true;
 }
 
+std::string EndingOf(const std::string& name)
+{
+    std::string ending = Utf8Name(Utf8Path(name).extension());
+    std::transform(ending.begin(), ending.end(), ending.begin(), Small);
+    return ending;
+}
+
 void SpareInput(const std::string& out, const std::string& input)
 {
     std::error_code fault;
@@ -110,7 +130,14 @@ void SpareInput(const std::string& out, const std::string& input)
 
 void Complain(const std::string& what)
 {
-    std::cerr << "kestrum: " + what + "\n";  // at once: lines of two threads stay whole
+    std::cerr << "kestrum: " + Printable(what) + "\n";  // at once: lines of two threads stay whole
+}
+
+void Hint(const Options& options, const std::string& what)
+{
+    if (!options.quiet) {
+        Complain(what);
+    }
 }
 
 void Print(const std::string& text)

@@ -3,6 +3,7 @@
 // What the commands share: the options that hold for all of them, reading and writing of projects,
 // and the messages of failure.
 
+#include "cli/terminal.h"
 #include "core/library.h"
 #include "core/project_state.h"
 
@@ -16,6 +17,7 @@ namespace kestrum::cli {
 // Exit codes. Of several files the gravest one counts: bad input, then calculation error, then
 // above the limit.
 enum Exit : int { kAllWithin = 0, kSomeAbove = 1, kBadInput = 2, kFailedPass = 3 };
+int Graver(int a, int b);
 
 // Bad input; the text is the message without "kestrum: ".
 struct BadInput : std::runtime_error {
@@ -28,6 +30,8 @@ struct Options {
     std::string data;   // folder of tables and materials; empty: the usual places
     std::string setup;  // stored setup; empty: the one beside the tables
     Format format = Format::text;
+    Color color = Color::automatic;
+    bool quiet = false;  // no hints, no summary
 };
 
 // Tables, materials and setup. Throws BadInput when the folder or the setup cannot be read.
@@ -39,6 +43,9 @@ ProjectState OpenProject(const Library& library, const std::string& file);
 // Writes the whole file or nothing; standard output without a name. Throws BadInput.
 void SaveProject(ProjectState& s, const std::string& file);
 
+// The ending of a name with its dot, in small letters; empty without one.
+std::string EndingOf(const std::string& name);
+
 // Throws BadInput when the output would be written over what is read.
 void SpareInput(const std::string& out, const std::string& input);
 
@@ -48,8 +55,11 @@ void RequireVortexFamily(const ProjectState& s, const std::string& file);
 // The control after a pass; false when its arithmetic failed.
 bool ControlVortices(ProjectState& s);
 
-// "kestrum: FILE:LINE: what" on standard error.
+// "kestrum: FILE:LINE: what" on standard error, with nothing that a terminal obeys.
 void Complain(const std::string& what);
+
+// The same for what needs no answer: a hint or warning, left out by --quiet.
+void Hint(const Options& options, const std::string& what);
 
 // Standard output, whole. Throws BadInput when it does not take the text.
 void Print(const std::string& text);

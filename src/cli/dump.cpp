@@ -6,20 +6,54 @@
 
 namespace kestrum::cli {
 
-int Dump(const Options& options, const std::string& file, bool inputs)
+namespace {
+
+// Appends the object of a file to the list. Returns the exit code.
+int DumpFile(const Library& library, const std::string& file, bool inputs,
+             std::vector<std::string>& objects)
 {
-    const Library library = LoadTables(options);
     ProjectState s = OpenProject(library, file);
     if (inputs) {
-        Print(InputsJson(s));
+        objects.push_back(InputsJson(s));
         return kAllWithin;
     }
     const bool well = Calculate(library, s);
-    Print(StateJson(s));
+    objects.push_back(StateJson(s));
     if (!well) {
         Complain(file + ": " + std::string(kCalculationError));
     }
     return well || FindRoutines(s.family) == nullptr ? kAllWithin : kFailedPass;
+}
+
+std::string ListOf(const std::vector<std::string>& objects)
+{
+    std::string text;
+    for (const std::string& object : objects) {
+        text += (text.empty() ? "" : ",\n") + object.substr(0, object.find_last_not_of('\n') + 1);
+    }
+    return "[" + text + "]\n";
+}
+
+}  // namespace
+
+int Dump(const Options& options, const std::vector<std::string>& files, bool inputs)
+{
+    const Library library = LoadTables(options);
+    std::vector<std::string> objects;
+    int exit = kAllWithin;
+    for (const std::string& file : files) {
+        try {
+            exit = Graver(exit, DumpFile(library, file, inputs, objects));
+        } catch (const BadInput& bad) {
+            if (files.size() == 1) {
+                throw;
+            }
+            Complain(bad.what());
+            exit = kBadInput;
+        }
+    }
+    Print(files.size() == 1 ? objects.front() : ListOf(objects));
+    return exit;
 }
 
 }  // namespace kestrum::cli

@@ -3,6 +3,7 @@
 #include "app/assign_run.h"
 #include "app/without_effect.h"
 #include "cli/commands.h"
+#include "core/printable.h"
 #include "engine/new_project.h"
 #include "report/state_json.h"
 
@@ -33,7 +34,7 @@ constexpr std::array<std::string_view, 9> kBrought = {
     "bucklingcasey", "ly",        "bucklingcasez", "lz",      "ltbk",
     "restraints",    "webstiffa", "endstiff",      "p27.istc"};
 
-void TellBrought(const ProjectState& before, const ProjectState& s,
+void TellBrought(const Options& options, const ProjectState& before, const ProjectState& s,
                  const std::vector<Change>& changes)
 {
     for (const std::string_view name : kBrought) {
@@ -42,12 +43,13 @@ void TellBrought(const ProjectState& before, const ProjectState& s,
                                        [name](const Change& c) { return c.name == name; });
         if (!named && NumberOf(s, field) != NumberOf(before, field)) {
             const auto value = static_cast<float>(NumberOf(s, field));
-            Complain(std::string(name) + ": set to " + JsonNumber(value) + " as well");
+            Hint(options, std::string(name) + ": set to " + JsonNumber(value) + " as well");
         }
     }
 }
 
-void Apply(const Library& library, ProjectState& s, const std::vector<Change>& changes, bool raw)
+void Apply(const Options& options, const Library& library, ProjectState& s,
+           const std::vector<Change>& changes, bool raw)
 {
     const ProjectState before = s;
     AssignRun run(library, s, raw ? Assignment::raw : Assignment::checked);
@@ -66,11 +68,11 @@ void Apply(const Library& library, ProjectState& s, const std::vector<Change>& c
                            ? refused.what
                            : refused.name + "=" + refused.text + ": " + refused.what);
     }
-    TellBrought(before, s, changes);
+    TellBrought(options, before, s, changes);
     for (const Change& change : changes) {
         const std::string other = WithoutEffect(library, s, change.name);
         if (!other.empty()) {
-            Complain(change.name + ": without effect, " + other);
+            Hint(options, change.name + ": without effect, " + other);
         }
     }
 }
@@ -85,6 +87,36 @@ std::vector<Change> SplitAll(const std::vector<std::string>& texts)
     return changes;
 }
 
+std::string ValueOf(const ProjectState& s, const Field& field, int index)
+{
+    if (field.kind == FieldKind::text || field.kind == FieldKind::literal) {
+        return std::string(TextOf(s, field));
+    }
+    const double value = NumberOf(s, field, index);
+    return field.kind == FieldKind::single ? JsonNumber(static_cast<float>(value))
+                                           : JsonNumber(value);
+}
+
+// A line for each input that differs: "l: 6 -> 7.2".
+std::string Differences(const ProjectState& before, const ProjectState& s)
+{
+    std::string text;
+    for (const Field& field : AllFields()) {
+        if (field.role != FieldRole::input) {
+            continue;
+        }
+        const bool list = field.shape != FieldShape::scalar;
+        for (int i = list ? field.first : 0; i <= (list ? field.last : 0); ++i) {
+            const std::string was = ValueOf(before, field, i), is = ValueOf(s, field, i);
+            if (was != is) {
+                text += std::string(field.name) + (list ? "[" + std::to_string(i) + "]" : "");
+                text += ": " + Printable(was) + " -> " + Printable(is) + "\n";
+            }
+        }
+    }
+    return text.empty() ? "nothing changes\n" : text;
+}
+
 }  // namespace
 
 int New(const Options& options, const NewArguments& arguments)
@@ -95,7 +127,7 @@ int New(const Options& options, const NewArguments& arguments)
     if (!arguments.family.empty()) {
         changes.insert(changes.begin(), {"family", arguments.family});
     }
-    Apply(library, s, changes, arguments.raw);
+    Apply(options, library, s, changes, arguments.raw);
     SaveProject(s, arguments.out);
     return kAllWithin;
 }
@@ -104,7 +136,12 @@ int Set(const Options& options, const SetArguments& arguments)
 {
     const Library library = LoadTables(options);
     ProjectState s = OpenProject(library, arguments.file);
-    Apply(library, s, SplitAll(arguments.set), arguments.raw);
+    const ProjectState before = s;
+    Apply(options, library, s, SplitAll(arguments.set), arguments.raw);
+    if (arguments.dry_run) {
+        Print(Differences(before, s));
+        return kAllWithin;
+    }
     SaveProject(s, arguments.out.empty() && arguments.file != "-" ? arguments.file : arguments.out);
     return kAllWithin;
 }

@@ -1,101 +1,48 @@
-#include "app/field_hint.h"
 #include "app/platform.h"
 #include "cli/commands.h"
-
-#include <CLI/CLI.hpp>
+#include "cli/usage.h"
 
 #include <algorithm>
-#include <array>
 #include <csignal>
 #include <iostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace {
 
 using namespace kestrum::cli;
 
-using Formats = std::vector<std::pair<std::string, Format>>;
 const Formats kTextAndJson{{"text", Format::text}, {"json", Format::json}};
 const Formats kAllFormats{{"text", Format::text}, {"json", Format::json}, {"csv", Format::csv}};
 const Formats kTableFormats{{"csv", Format::csv}, {"json", Format::json}, {"ndjson", Format::json}};
-
-void AddFormat(CLI::App& command, Options& options, const Formats& formats)
-{
-    std::string names;
-    for (const auto& [name, format] : formats) {
-        names += (names.empty() ? "" : "|") + name;
-    }
-    const auto choose = [&options, &formats, names](const std::string& wanted) {
-        const auto at = std::find_if(formats.begin(), formats.end(),
-                                     [&](const auto& form) { return form.first == wanted; });
-        if (at == formats.end()) {
-            throw CLI::ValidationError("--format", wanted + " is none of " + names);
-        }
-        options.format = at->second;
-    };
-    command.add_option_function<std::string>("--format", choose, "form of the answer")
-        ->type_name(names);
-    command.add_flag_callback(
-        "--json", [&options] { options.format = Format::json; }, "short for --format json");
-}
-
-// A name of a file: an empty one is that of a shell variable without a value.
-CLI::Option* AddOutput(CLI::App& command, std::string& file, const std::string& meaning)
-{
-    return command.add_option("-o,--output", file, meaning)
-        ->type_name("FILE")
-        ->check(CLI::Validator(
-            [](const std::string& name) {
-                return name.empty() ? std::string("the name of the file is empty") : std::string();
-            },
-            ""));
-}
-
-// What CLI11 says of a wrong command line, and the command that may have been meant.
-std::string Failure(const CLI::App* app, const CLI::Error& error)
-{
-    constexpr std::array<std::string_view, 10> kCommands = {
-        "check", "dump", "new", "set", "sections", "vortex", "diagram", "table", "report", "batch"};
-    std::string what = error.what();
-    if (app->get_parent() == nullptr && app->get_subcommands().empty()) {
-        const std::vector<std::string> rest = app->remaining();
-        const auto word = std::find_if(rest.begin(), rest.end(),
-                                       [](const std::string& each) { return each[0] != '-'; });
-        if (word != rest.end()) {
-            const std::string_view near = kestrum::Nearest(*word, kCommands);
-            what = *word + ": no such command" +
-                   (near.empty() ? std::string() : "; did you mean " + std::string(near) + "?");
-        }
-    }
-    return "kestrum: " + what + "\nRun with --help for more information.\n";
-}
 
 int Run(int argc, char** argv)
 {
     CLI::App app{"Kestrum EC3: designs one steel member to EN 1993-1-1."};
     app.name("kestrum");
-    app.failure_message(Failure);
+    app.failure_message(UsageFailure);
     app.footer("Exit codes: 0 all ratios within their limits, 1 some ratio above, 2 bad input, 3 "
                "calculation\n"
-               "error. `kestrum COMMAND --help` tells the options of a command; --data and --setup "
+               "error. `kestrum help COMMAND` lists the options of a command; the options above "
                "go with each.\n"
                "Names and meanings of the fields: docs/file-format.md; `kestrum dump --inputs "
                "FILE` prints them.");
-    app.set_version_flag("--version", "kestrum " KESTRUM_VERSION);
+    app.set_version_flag("-V,--version", "kestrum " KESTRUM_VERSION);
     app.require_subcommand(1);
     app.fallthrough();
 
     Options options;
     app.add_option("--data", options.data, "folder with the profile tables and the material list");
     app.add_option("--setup", options.setup, "stored setup in place of the delivered one");
+    AddColor(app, options);
+    app.add_flag("-q,--quiet", options.quiet,
+                 "no hints, no summary; check answers by its exit code alone");
 
     int exit = kAllWithin;
     std::vector<std::string> files;
     std::string file;
     bool inputs = false;
-    TextParts parts;
+    CheckArguments checked;
     NewArguments fresh;
     SetArguments change;
     std::string family;
@@ -106,17 +53,24 @@ int Run(int argc, char** argv)
 
     CLI::App& check =
         *app.add_subcommand("check", "calculates and prints the result panel of each file");
-    check.add_option("FILE", files, "project files, - for standard input")->required();
-    check.add_flag("--loadcase", parts.loadcase, "with the governing load case");
-    check.add_flag("--notes", parts.notes,
-                   "with a note for each deviation from the standard that acts in the result");
+    check.add_option("FILE", checked.files, "project files, - for standard input")->required();
+    check.add_flag("--loadcase", checked.loadcase, "with the governing load case");
+    bool ignored = false;
+    check.add_flag("--notes", ignored,
+                   "with a note for each deviation from the standard on the unsafe side that acts "
+                   "in the result; so it is without this option too");
+    check.add_flag("--no-notes", checked.no_notes, "without these notes in the text");
+    check.add_flag("--exit-zero", checked.exit_zero, "exit 0 whatever the verdicts");
+    check.add_flag("--csv-safe", checked.csv_safe,
+                   "texts of a CSV that a spreadsheet would run get an apostrophe in front");
     AddFormat(check, options, kAllFormats);
-    check.callback([&] { exit = Check(options, files, parts); });
+    check.callback([&] { exit = Check(options, checked); });
 
     CLI::App& dump = *app.add_subcommand("dump", "calculates and prints the whole state as JSON");
-    dump.add_option("FILE", file, "project file, - for standard input")->required();
+    dump.add_option("FILE", files, "project files, - for standard input; several give a list")
+        ->required();
     dump.add_flag("--inputs", inputs, "what the project file keeps, not calculated");
-    dump.callback([&] { exit = Dump(options, file, inputs); });
+    dump.callback([&] { exit = Dump(options, files, inputs); });
 
     CLI::App& create = *app.add_subcommand("new", "writes a default project");
     AddOutput(create, fresh.out, "file to write; standard output without it");
@@ -132,6 +86,7 @@ int Run(int argc, char** argv)
         ->required();
     AddOutput(set, change.out, "file to write; the file itself without it");
     set.add_flag("--raw", change.raw, "stores the values unchecked");
+    set.add_flag("--dry-run", change.dry_run, "prints what would change and writes nothing");
     set.callback([&] { exit = Set(options, change); });
 
     CLI::App& sections =
@@ -162,11 +117,14 @@ int Run(int argc, char** argv)
               "file to write: .xlsx or .csv; text on standard output without it");
     detailed.callback([&] { exit = DetailedTable(options, table); });
 
-    CLI::App& printed = *app.add_subcommand("report", "writes a printed report, one page A4");
+    CLI::App& printed = *app.add_subcommand("report", "writes a printed report, A4");
     printed.add_option("KIND", report.kind, "control, section or vortex")
         ->required()
         ->check(CLI::IsMember({"control", "section", "vortex"}));
-    printed.add_option("FILE", report.file, "project file, - for standard input")->required();
+    printed
+        .add_option("FILE", report.files,
+                    "project files, - for standard input; several go into one .pdf")
+        ->required();
     AddOutput(printed, report.out, "file to write: .pdf, .svg or .png")->required();
     printed.callback([&] { exit = Report(options, report); });
 
@@ -189,9 +147,20 @@ int Run(int argc, char** argv)
         ->check(CLI::Range(1, 256));
     batch.add_flag("--resume", many.resume, "goes on behind the answers that -o holds already");
     batch.add_flag("--raw", many.raw, "stores the values unchecked");
-    batch.add_flag("--quiet", many.quiet, "no summary");
+    batch.add_flag("--exit-zero", many.exit_zero,
+                   "exit 0 when each member has its answer, whatever the verdicts");
+    batch.add_flag_callback(
+        "--csv-safe", [&many] { many.csv_safe = true; },
+        "texts of a CSV that a spreadsheet would run get an apostrophe in front; a file has it "
+        "anyway");
+    batch.add_flag_callback(
+        "--no-csv-safe", [&many] { many.csv_safe = false; }, "texts as they are, also in a file");
     AddFormat(batch, options, kTableFormats);
     batch.callback([&] { exit = Batch(options, many); });
+
+    CLI::App& help = *app.add_subcommand("help", "prints the help of a command");
+    help.add_option("COMMAND", file, "the command; that of the program without it");
+    help.callback([&] { Print(HelpOf(app, file)); });
 
     try {
         std::vector<std::string> words = kestrum::Arguments(argc, argv);

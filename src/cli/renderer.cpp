@@ -117,19 +117,11 @@ RenderFunction Renderer()
                    folders[1].string() + "; SVG needs nothing more");
 }
 
-std::string Ending(const std::string& path)
-{
-    std::string ending = Utf8Path(path).extension().string();
-    std::transform(ending.begin(), ending.end(), ending.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    return ending;
-}
-
 }  // namespace
 
 void CheckDrawingName(const std::string& path)
 {
-    const std::string ending = Ending(path);
+    const std::string ending = EndingOf(path);
     if (ending != ".svg" && ending != ".png" && ending != ".pdf") {
         throw BadInput(path + ": the name has to end in .svg, .png or .pdf");
     }
@@ -139,7 +131,7 @@ void WriteDrawings(const std::vector<Drawing>& pages, const DrawingScale& scale,
                    const std::string& path)
 {
     CheckDrawingName(path);
-    const std::string ending = Ending(path);
+    const std::string ending = EndingOf(path);
     if (ending == ".svg") {
         const std::string fault = WriteWholeFile(path, WriteSvg(pages.front(), scale.svg_pixels));
         if (!fault.empty()) {

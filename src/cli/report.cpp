@@ -6,9 +6,11 @@
 #include "report/pages.h"
 #include "service/vortex.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <ctime>
+#include <iterator>
 #include <string_view>
 
 namespace kestrum::cli {
@@ -40,31 +42,72 @@ PrintStamp Now()
             Digits(local.tm_hour, 2) + ":" + Digits(local.tm_min, 2)};
 }
 
-}  // namespace
-
-int Report(const Options& options, const ReportArguments& arguments)
+// Appends the pages of a file. Returns the exit code. Throws BadInput.
+int PrintFile(const Library& library, const ReportArguments& arguments, const std::string& file,
+              PrintedReport& whole)
 {
-    CheckDrawingName(arguments.out);
-    SpareInput(arguments.out, arguments.file);
-    const Library library = LoadTables(options);
-    ProjectState s = OpenProject(library, arguments.file);
+    ProjectState s = OpenProject(library, file);
     if (FindRoutines(s.family) == nullptr) {
-        throw BadInput(arguments.file + ": no section control for this family");
+        throw BadInput(file + ": no section control for this family");
     }
     const bool vortex = arguments.kind == "vortex";
     if (vortex) {
-        RequireVortexFamily(s, arguments.file);
+        RequireVortexFamily(s, file);
     }
     if (!Calculate(library, s) || (vortex && !ControlVortices(s))) {
-        Complain(arguments.file + ": " + std::string(kCalculationError));
+        Complain(file + ": " + std::string(kCalculationError));
         return kFailedPass;
     }
-    const PrintedReport report = vortex                        ? PrintVortex(library, s, Now())
-                                 : arguments.kind == "section" ? PrintProperties(library, s, Now())
-                                                               : PrintControl(library, s, Now());
-    WriteDrawings(report.pages, kScale, arguments.out);
+    PrintedReport report = vortex                        ? PrintVortex(library, s, Now())
+                           : arguments.kind == "section" ? PrintProperties(library, s, Now())
+                                                         : PrintControl(library, s, Now());
+    std::move(report.pages.begin(), report.pages.end(), std::back_inserter(whole.pages));
     for (const std::string& what : report.missing) {
-        Complain(arguments.out + ": no room on the page for: " + what);
+        whole.missing.push_back(arguments.out + ": no room on the page for: " + what +
+                                (arguments.files.size() > 1 ? " (" + file + ")" : ""));
+    }
+    return kAllWithin;
+}
+
+// SVG and PNG hold one page.
+void RequirePages(const ReportArguments& arguments)
+{
+    CheckDrawingName(arguments.out);
+    if (arguments.files.size() > 1 && EndingOf(arguments.out) != ".pdf") {
+        throw BadInput(arguments.out + ": several files go into one .pdf only");
+    }
+    for (const std::string& file : arguments.files) {
+        SpareInput(arguments.out, file);
+    }
+}
+
+}  // namespace
+
+// Of several files all are printed or none: a report that lacks a member looks whole.
+int Report(const Options& options, const ReportArguments& arguments)
+{
+    RequirePages(arguments);
+    const Library library = LoadTables(options);
+    PrintedReport whole;
+    int exit = kAllWithin;
+    for (const std::string& file : arguments.files) {
+        try {
+            exit = Graver(exit, PrintFile(library, arguments, file, whole));
+        } catch (const BadInput& bad) {
+            Complain(bad.what());
+            exit = kBadInput;
+        }
+    }
+    if (exit != kAllWithin) {
+        return exit;
+    }
+    WriteDrawings(whole.pages, kScale, arguments.out);
+    for (const std::string& what : whole.missing) {
+        Complain(what);
+    }
+    if (whole.pages.size() > 1 && EndingOf(arguments.out) != ".pdf") {
+        Complain(arguments.out + ": the first of " + std::to_string(whole.pages.size()) +
+                 " pages; a .pdf takes all");
     }
     return kAllWithin;
 }

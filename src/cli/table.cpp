@@ -1,7 +1,6 @@
 #include "cli/commands.h"
 
 #include "core/file_io.h"
-#include "core/utf8_path.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "report/detailed_table.h"
@@ -9,7 +8,6 @@
 #include "spreadsheet/detailed_xlsx.h"
 #endif
 
-#include <filesystem>
 #include <string_view>
 
 namespace kestrum::cli {
@@ -48,7 +46,7 @@ void WriteCsv(const std::vector<DetailedRow>& rows, const std::string& path)
 
 int DetailedTable(const Options& options, const TableArguments& arguments)
 {
-    const std::string ending = Utf8Path(arguments.out).extension().string();
+    const std::string ending = EndingOf(arguments.out);
     if (!arguments.out.empty() && ending != ".xlsx" && ending != ".csv") {
         throw BadInput(arguments.out + ": the name has to end in .xlsx or .csv");
     }

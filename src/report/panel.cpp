@@ -69,6 +69,11 @@ std::string AxisLabel(const RowText& text)
 
 }  // namespace
 
+std::string_view AboveWord(i16 status)
+{
+    return status == kAbove ? "  ABOVE" : "";
+}
+
 PanelBlock DrawSectionBlock(const ProjectState& s, double& y, bool page)
 {
     PanelBlock block;

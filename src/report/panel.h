@@ -9,6 +9,7 @@
 #include "core/project_state.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kestrum {
@@ -26,6 +27,10 @@ struct PanelLine {
     std::vector<TextRun> left = {};
     std::vector<TextRun> result = {};  // in the result column
 };
+
+// What stands behind a ratio in words, since a colour alone is lost on paper, in a pipe and to many
+// eyes: "  ABOVE", or nothing within the limit.
+std::string_view AboveWord(i16 status);
 
 constexpr double kLeastColumn = 10;
 constexpr double kPanelTop = 0.3;

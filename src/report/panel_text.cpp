@@ -8,28 +8,29 @@ namespace kestrum {
 
 namespace {
 
-std::string Joined(const std::vector<TextRun>& runs)
+std::string Joined(const std::vector<TextRun>& runs, PanelPaint paint)
 {
     std::string text;
     for (const TextRun& run : runs) {
-        text += run.text;
+        const std::string ratio = run.text + std::string(AboveWord(run.colour));
+        text += paint != nullptr && run.colour != 0 ? paint(ratio, run.colour) : ratio;
     }
     return text;
 }
 
-void Append(std::string& out, const PanelBlock& block)
+void Append(std::string& out, const PanelBlock& block, PanelPaint paint)
 {
     std::size_t widest = static_cast<std::size_t>(kLeastColumn);
     for (const PanelLine& line : block) {
         if (!line.result.empty()) {
-            widest = std::max(widest, Joined(line.left).size());
+            widest = std::max(widest, Joined(line.left, nullptr).size());
         }
     }
     for (const PanelLine& line : block) {
-        std::string text = Joined(line.left);
+        std::string text = Joined(line.left, paint);
         if (!line.result.empty()) {
             text.resize(widest + 1, ' ');
-            text += Joined(line.result);
+            text += Joined(line.result, paint);
         }
         out += text + "\n";
     }
@@ -37,11 +38,11 @@ void Append(std::string& out, const PanelBlock& block)
 
 }  // namespace
 
-std::string PanelText(const ProjectState& s, bool page)
+std::string PanelText(const ProjectState& s, bool page, PanelPaint paint)
 {
     std::string out;
     for (const PanelBlock& block : ShowResults(s, page)) {
-        Append(out, block);
+        Append(out, block, paint);
     }
     return out;
 }

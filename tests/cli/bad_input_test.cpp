@@ -127,7 +127,7 @@ TEST_F(BadInput, ValuesThatCannotBeCalculatedEndInTheMessage)
         ASSERT_EQ(Kestrum(std::string("set good.kst -o odd.kst --raw ") + assignment).exit, 0);
         const Said said = Checked("odd.kst");
         EXPECT_EQ(said.exit, 3) << assignment;
-        EXPECT_THAT(said.err, HasSubstr("Calculation Error. Axial load too big.")) << assignment;
+        EXPECT_THAT(said.out, HasSubstr("Calculation Error. Axial load too big.")) << assignment;
     }
 }
 
@@ -137,8 +137,8 @@ TEST_F(BadInput, ANumberWithoutSectionIsToldAndNotChecked)
         ASSERT_EQ(Kestrum(std::string("set good.kst -o odd.kst --raw family=") + family).exit, 0);
         const Said said = Checked("odd.kst");
         EXPECT_EQ(said.exit, 2) << family;
-        EXPECT_THAT(said.err,
-                    HasSubstr("odd.kst: nothing checked: no section control for this family"))
+        EXPECT_THAT(said.out,
+                    HasSubstr("odd.kst\nnothing checked: no section control for this family"))
             << family;
     }
 }

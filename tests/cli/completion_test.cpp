@@ -62,9 +62,9 @@ protected:
     // too.
     Words Options(const std::string& command) const
     {
-        Words options{"--data", "--setup"};
+        Words options{"--data", "--setup", "--color", "--quiet"};
         std::istringstream help(Kestrum(command + " --help").out);
-        const std::regex option("^  (-\\w,)?(--\\w+).*");
+        const std::regex option("^  (-\\w,)?(--[\\w-]+).*");
         std::smatch found;
         for (std::string line; std::getline(help, line);) {
             if (std::regex_match(line, found, option)) {
@@ -79,7 +79,7 @@ TEST_P(Completion, OffersTheCommands)
 {
     EXPECT_THAT(Complete("kestrum "),
                 UnorderedElementsAre("check", "dump", "new", "set", "sections", "vortex", "diagram",
-                                     "table", "report", "batch"));
+                                     "table", "report", "batch", "help"));
     EXPECT_THAT(Complete("kestrum che"), ElementsAre("check"));
     EXPECT_THAT(Complete("kestrum --setup a.dat rep"), ElementsAre("report"));
 }
@@ -87,7 +87,7 @@ TEST_P(Completion, OffersTheCommands)
 TEST_P(Completion, OffersTheOptionsOfEachCommand)
 {
     for (const char* command : {"check", "dump", "new", "set", "sections", "vortex", "diagram",
-                                "table", "report", "batch"}) {
+                                "table", "report", "batch", "help"}) {
         EXPECT_THAT(Complete(std::string("kestrum ") + command + " --"),
                     UnorderedElementsAreArray(Options(command)))
             << command;
@@ -98,7 +98,8 @@ TEST_P(Completion, OffersProjects)
 {
     Write("beam.kst", "");
     Write("a b.kst", "");
-    for (const char* command : {"check", "check beam.kst", "report control", "set", "vortex"}) {
+    for (const char* command : {"check", "check beam.kst", "dump beam.kst", "report control",
+                                "report control beam.kst", "set", "vortex"}) {
         EXPECT_THAT(Complete(std::string("kestrum ") + command + " "),
                     IsSupersetOf({"beam.kst", "a b.kst"}))
             << command;
@@ -113,6 +114,9 @@ TEST_P(Completion, OffersValues)
     EXPECT_THAT(Complete("kestrum vortex --format "), UnorderedElementsAre("text", "json"));
     EXPECT_THAT(Complete("kestrum batch --format "), UnorderedElementsAre("csv", "json", "ndjson"));
     EXPECT_THAT(Complete("kestrum diagram --axis "), UnorderedElementsAre("z", "y"));
+    EXPECT_THAT(Complete("kestrum check --color "),
+                UnorderedElementsAre("auto", "always", "never"));
+    EXPECT_THAT(Complete("kestrum help che"), ElementsAre("check"));
 }
 
 TEST_P(Completion, OffersFamiliesAndFieldsOfTheProgram)

@@ -26,10 +26,10 @@ protected:
 TEST_F(ManPage, NamesEveryOptionOfEveryCommand)
 {
     const std::string page = Page();
-    const std::regex option("^  (-\\w,)?(--\\w+).*");
+    const std::regex option("^  (-\\w,)?(--[\\w-]+).*");
     int options = 0;
     for (const char* command : {"", "check", "dump", "new", "set", "sections", "vortex", "diagram",
-                                "table", "report", "batch"}) {
+                                "table", "report", "batch", "help"}) {
         EXPECT_THAT(page, HasSubstr(std::string("\n.BR ") + command));
         std::istringstream help(Kestrum(std::string(command) + " --help").out);
         std::smatch found;

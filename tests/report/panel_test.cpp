@@ -215,7 +215,7 @@ TEST(PanelText, RatiosStandInOneColumnBehindTheWidestLabel)
     const std::string second = "IR = Vz,Ed/Vz,Rd = 30/20 = ";
     EXPECT_EQ(PanelText(Designed()), "SECTION CONTROL:\n" + first + std::string(11, ' ') +
                                          "0.50 < 1.0 (Ch 6.2.6)\n" + second +
-                                         " 1.50 < 1.0 (Ch 6.2.6)\n");
+                                         " 1.50  ABOVE < 1.0 (Ch 6.2.6)\n");
 }
 
 TEST(PanelText, ColumnFollowsTheSecondRowWhenItStandsAlone)
