@@ -10,9 +10,7 @@ namespace {
 
 BendingAxis AxisOf(float direction)
 {
-    return direction == 1   ? BendingAxis::y
-           : direction == 0 ? BendingAxis::z
-                            : BendingAxis::none;
+    return direction == 1 ? BendingAxis::y : direction == 0 ? BendingAxis::z : BendingAxis::none;
 }
 
 ActingLoad& Append(LoadTable& table, BendingAxis axis, int category, i16 checked)

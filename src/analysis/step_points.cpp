@@ -57,8 +57,9 @@ void Evaluate(const ProjectState& s, BendingAxis axis, StepPoint* points, std::s
     LoadTable table;
     FillTable(s, span, table);
     const bool governed = s.loadcomb == kEq610ab;
-    const LoadFactors factors =
-        StrengthFactors(s, !governed ? s.loadcomb : s.governing == 1 ? kEq610a : kEq610b);
+    const LoadFactors factors = StrengthFactors(s, !governed          ? s.loadcomb
+                                                   : s.governing == 1 ? kEq610a
+                                                                      : kEq610b);
     for (int i = 0; i < table.count; ++i) {
         const ActingLoad& load = table.load[static_cast<std::size_t>(i)];
         if (load.axis != axis || (s.loadcomb == kBasicLoads && !load.checked)) {

@@ -22,17 +22,31 @@ namespace kestrum::cli {
 
 namespace {
 
+void Require(const std::string& file, const std::string& fault)
+{
+    if (!fault.empty()) {
+        throw BadInput(file + ": " + fault);
+    }
+}
+
 std::string ReadAll(const std::string& file)
 {
     if (file == "-") {
         return {std::istreambuf_iterator<char>(std::cin), {}};
     }
     std::string bytes;
-    const std::string fault = ReadWholeFile(file, bytes);
-    if (!fault.empty()) {
-        throw BadInput(file + ": " + fault);
-    }
+    Require(file, ReadWholeFile(file, bytes));
     return bytes;
+}
+
+ProjectState Project(const Library& library, const std::string& file, const std::string& bytes)
+{
+    ProjectState s = StartState(library);
+    s.filename = file;
+    if (const auto fault = ReadProject(s, bytes)) {
+        throw BadInput(FaultText(file, *fault));
+    }
+    return s;
 }
 
 }  // namespace
@@ -69,13 +83,20 @@ Library LoadTables(const Options& options)
 
 ProjectState OpenProject(const Library& library, const std::string& file)
 {
-    const std::string bytes = ReadAll(file);
-    ProjectState s = StartState(library);
-    s.filename = file;
-    if (const auto fault = ReadProject(s, bytes)) {
-        throw BadInput(FaultText(file, *fault));
+    return Project(library, file, ReadAll(file));
+}
+
+ProjectState OpenToChange(const Library& library, const std::string& file, const std::string& out,
+                          FileLock& lock)
+{
+    Require(out, lock.Take(out));
+    std::error_code fault;
+    if (file == "-" || !std::filesystem::equivalent(Utf8Path(file), Utf8Path(out), fault)) {
+        return OpenProject(library, file);
     }
-    return s;
+    std::string bytes;
+    Require(file, ReadLockedFile(file, bytes));
+    return Project(library, file, bytes);
 }
 
 void SaveProject(ProjectState& s, const std::string& file)
@@ -85,10 +106,12 @@ void SaveProject(ProjectState& s, const std::string& file)
         Print(OutputIsTerminal() ? PrintableLines(bytes) : bytes);
         return;
     }
-    const std::string fault = WriteWholeFile(file, bytes);
-    if (!fault.empty()) {
-        throw BadInput(file + ": " + fault);
-    }
+    Require(file, WriteWholeFile(file, bytes));
+}
+
+void SaveChanged(ProjectState& s, const std::string& file, FileLock& lock)
+{
+    Require(file, lock.Write(WriteProject(s)));
 }
 
 void RequireVortexFamily(const ProjectState& s, const std::string& file)

@@ -4,6 +4,7 @@
 // and the messages of failure.
 
 #include "cli/terminal.h"
+#include "core/file_lock.h"
 #include "core/library.h"
 #include "core/project_state.h"
 
@@ -40,11 +41,19 @@ Library LoadTables(const Options& options);
 // A fresh program with the project of the file, "-" for standard input. Throws BadInput.
 ProjectState OpenProject(const Library& library, const std::string& file);
 
+// The same for a project that is to be saved to `out`: until the lock is gone no other program
+// changes that file, be it the one read or another. Throws BadInput.
+ProjectState OpenToChange(const Library& library, const std::string& file, const std::string& out,
+                          FileLock& lock);
+
 // Writes the whole file or nothing; standard output without a name. Throws BadInput.
 void SaveProject(ProjectState& s, const std::string& file);
 
 // The ending of a name with its dot, in small letters; empty without one.
 std::string EndingOf(const std::string& name);
+
+// Writes the file of the lock. Throws BadInput.
+void SaveChanged(ProjectState& s, const std::string& file, FileLock& lock);
 
 // Throws BadInput when the output would be written over what is read.
 void SpareInput(const std::string& out, const std::string& input);

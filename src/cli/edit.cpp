@@ -135,14 +135,20 @@ int New(const Options& options, const NewArguments& arguments)
 int Set(const Options& options, const SetArguments& arguments)
 {
     const Library library = LoadTables(options);
-    ProjectState s = OpenProject(library, arguments.file);
+    const std::string out = arguments.out.empty() ? arguments.file : arguments.out;
+    const bool file = out != "-" && !arguments.dry_run;
+    FileLock lock;
+    ProjectState s = file ? OpenToChange(library, arguments.file, out, lock)
+                          : OpenProject(library, arguments.file);
     const ProjectState before = s;
     Apply(options, library, s, SplitAll(arguments.set), arguments.raw);
     if (arguments.dry_run) {
         Print(Differences(before, s));
-        return kAllWithin;
+    } else if (file) {
+        SaveChanged(s, out, lock);
+    } else {
+        SaveProject(s, out);
     }
-    SaveProject(s, arguments.out.empty() && arguments.file != "-" ? arguments.file : arguments.out);
     return kAllWithin;
 }
 

@@ -1,8 +1,9 @@
 #include "core/file_io.h"
 
+#include "core/file_lock.h"
+#include "core/file_target.h"
 #include "core/utf8_path.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -13,7 +14,9 @@
 #ifdef _WIN32
 #include <io.h>
 #else
-#include <unistd.h>
+#include "core/descriptor_unix.h"
+
+#include <sys/file.h>
 #endif
 
 namespace kestrum {
@@ -22,48 +25,129 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* kTooLarge = "is larger than any file of this program";
+
 struct CloseFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
+
+#ifdef _WIN32
+
+// There a file is always replaced.
+bool MayBeWrittenInPlace(std::FILE*)
+{
+    return false;
+}
+
+fs::path CopyLeft(const fs::path&)
+{
+    return {};
+}
+
+bool WaitForWriter(std::FILE*)
+{
+    return true;
+}
 
 std::string LastFault()
 {
     return std::generic_category().message(errno);
 }
 
-// Where the bytes go: a link keeps pointing to its file.
-fs::path TargetOf(const std::string& path)
+#else
+
+bool MayBeWrittenInPlace(std::FILE* file)
+{
+    struct stat status {};
+    return fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode) &&
+           (status.st_nlink > 1 || status.st_uid != geteuid());
+}
+
+// The copy that a save in place keeps until it is done. One that a stranger has put there counts
+// for nothing: its owner must be one who may write the file.
+fs::path CopyLeft(const fs::path& target)
+{
+    struct stat file {};
+    struct stat copy {};
+    for (int number = 0; number < kCopies; ++number) {
+        const fs::path name = CopyOf(target, number);
+        if (lstat(name.c_str(), &copy) != 0) {
+            break;
+        }
+        const bool known = stat(target.c_str(), &file) == 0 &&
+                           (copy.st_uid == geteuid() || copy.st_uid == file.st_uid ||
+                            (file.st_mode & (S_IWGRP | S_IWOTH)) != 0);
+        if (S_ISREG(copy.st_mode) && known) {
+            return name;
+        }
+    }
+    return {};
+}
+
+bool WaitForWriter(std::FILE* file)
+{
+    return Lock(fileno(file), LOCK_SH, std::chrono::steady_clock::now() + kLongestWait);
+}
+
+#endif
+
+std::string ReadAll(std::FILE* file, std::string& bytes)
+{
+    bytes.clear();
+    std::array<char, 65536> block;
+    for (std::size_t count = 0; (count = std::fread(block.data(), 1, block.size(), file)) > 0;) {
+        if (bytes.size() + count > kLargestFile) {
+            bytes.clear();
+            return kTooLarge;
+        }
+        bytes.append(block.data(), count);
+    }
+    return std::ferror(file) != 0 ? LastFault() : std::string{};
+}
+
+// Says what keeps the file from being read before it is opened.
+std::string Unreadable(const fs::path& source, fs::file_type& type)
 {
     std::error_code fault;
-    const fs::path target = fs::canonical(Utf8Path(path), fault);
-    return fault ? Utf8Path(path) : target;
+    type = fs::status(source, fault).type();
+    if (type == fs::file_type::not_found) {
+        return "no such file";
+    }
+    if (type == fs::file_type::directory) {
+        return "is a directory";
+    }
+    const bool large =
+        type == fs::file_type::regular && fs::file_size(source, fault) > kLargestFile;
+    return large ? kTooLarge : "";
 }
 
-fs::path NeighbourOf(const fs::path& target)
+std::string Read(const std::string& path, std::string& bytes, bool locked)
 {
-    constexpr std::size_t kLongestName = 200;  // leaves room for what is added
-    fs::path::string_type name = target.filename().native();
-    name.resize(std::min(name.size(), kLongestName));
-    fs::path neighbour = target.parent_path() / ".";
-    neighbour += name;
-    neighbour += ".kestrum-save";
-    return neighbour;
-}
-
-std::string WriteNeighbour(const fs::path& neighbour, std::string_view bytes)
-{
-    File file(OpenFile(neighbour, "wb"));
-    if (!file) {
-        return LastFault();
+    bytes.clear();
+    const fs::path source = Utf8Path(path);
+    fs::file_type type{};
+    std::string problem = Unreadable(source, type);
+    for (bool waited = locked; problem.empty(); waited = true) {
+        const File file(OpenFile(source, "rb"));
+        if (!file) {
+            return LastFault();
+        }
+        waited = waited || MayBeWrittenInPlace(file.get());
+        if (waited && !locked && !WaitForWriter(file.get())) {
+            return std::string(kBusy);
+        }
+        problem = ReadAll(file.get(), bytes);
+        const fs::path copy = type == fs::file_type::regular ? CopyLeft(TargetOf(path)) : "";
+        if (copy.empty()) {
+            return problem;
+        }
+        if (waited && problem.empty()) {
+            bytes.clear();
+            problem = "was not written to its end; " + Utf8Name(copy) + " holds it whole";
+        }
     }
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
-                         FlushToDisk(file.get());
-    std::string fault = written ? std::string{} : LastFault();
-    if (std::fclose(file.release()) != 0 && fault.empty()) {
-        fault = LastFault();
-    }
-    return fault;
+    return problem;
 }
 
 }  // namespace
@@ -83,63 +167,19 @@ bool FlushToDisk(std::FILE* file)
 
 std::string ReadWholeFile(const std::string& path, std::string& bytes)
 {
-    bytes.clear();
-    std::error_code fault;
-    const fs::path source = Utf8Path(path);
-    const fs::file_status status = fs::status(source, fault);
-    if (status.type() == fs::file_type::not_found) {
-        return "no such file";
-    }
-    if (status.type() == fs::file_type::directory) {
-        return "is a directory";
-    }
-    if (status.type() == fs::file_type::regular && fs::file_size(source, fault) > kLargestFile) {
-        return "is larger than any file of this program";
-    }
-    const File file(OpenFile(source, "rb"));
-    if (!file) {
-        return LastFault();
-    }
-    std::array<char, 65536> block;
-    for (std::size_t count = 0;
-         (count = std::fread(block.data(), 1, block.size(), file.get())) > 0;) {
-        if (bytes.size() + count > kLargestFile) {
-            bytes.clear();
-            return "is larger than any file of this program";
-        }
-        bytes.append(block.data(), count);
-    }
-    return std::ferror(file.get()) != 0 ? LastFault() : std::string{};
+    return Read(path, bytes, false);
+}
+
+std::string ReadLockedFile(const std::string& path, std::string& bytes)
+{
+    return Read(path, bytes, true);
 }
 
 std::string WriteWholeFile(const std::string& path, std::string_view bytes)
 {
-    std::error_code fault;
-    const fs::path target = TargetOf(path);
-    const fs::file_status before = fs::status(target, fault);
-    if (before.type() == fs::file_type::directory) {
-        return "is a directory";
-    }
-    if (before.type() != fs::file_type::regular && before.type() != fs::file_type::not_found) {
-        return WriteNeighbour(target, bytes);  // a device takes the bytes as they come
-    }
-    if (before.type() == fs::file_type::regular &&
-        (before.permissions() & fs::perms::owner_write) == fs::perms::none) {
-        return "is write-protected";  // a rename would not mind
-    }
-    const fs::path neighbour = NeighbourOf(target);
-    std::string problem = WriteNeighbour(neighbour, bytes);
-    if (problem.empty()) {
-        if (before.type() == fs::file_type::regular) {
-            fs::permissions(neighbour, before.permissions(), fault);
-        }
-        fs::rename(neighbour, target, fault);
-        problem = fault ? fault.message() : std::string{};
-    }
-    if (!problem.empty()) {
-        fs::remove(neighbour, fault);
-    }
-    return problem;
+    FileLock lock;
+    const std::string problem = lock.Take(path);
+    return problem.empty() ? lock.Write(bytes) : problem;
 }
 
 }  // namespace kestrum

@@ -75,8 +75,8 @@ std::size_t Steps(std::string_view a, std::string_view b)
     for (std::size_t i = 1; i <= a.size(); ++i) {
         row[0] = i;
         for (std::size_t j = 1; j <= b.size(); ++j) {
-            row[j] = std::min({above[j] + 1, row[j - 1] + 1,
-                               above[j - 1] + (a[i - 1] == b[j - 1] ? 0U : 1U)});
+            row[j] = std::min(
+                {above[j] + 1, row[j - 1] + 1, above[j - 1] + (a[i - 1] == b[j - 1] ? 0U : 1U)});
         }
         std::swap(above, row);
     }
@@ -171,7 +171,8 @@ std::vector<std::string> SectionsNear(const Library& library, std::string_view n
     std::vector<std::string> names;
     for (const auto& [steps, row] : near) {
         const std::string listed = RowName(library, row->table, row->row);
-        if (names.size() < kNearest && std::find(names.begin(), names.end(), listed) == names.end()) {
+        if (names.size() < kNearest &&
+            std::find(names.begin(), names.end(), listed) == names.end()) {
             names.push_back(listed);
         }
     }

@@ -59,6 +59,41 @@ TEST_F(Edit, SetReplacesTheFile)
     EXPECT_EQ(json::parse(Kestrum("dump b.kst --inputs").out)["l"], 4);
 }
 
+// Neither fails for the other, and none of their changes is lost.
+TEST_F(Edit, TwoAtOnceLoseNothing)
+{
+    WriteGood("a.kst");
+    const Said said = Shell("change() { for i in $(seq 1 $2); do '" KESTRUM_BIN
+                            "/kestrum' set a.kst $1[$((i % 3 + 1))]=$i 2>/dev/null ||"
+                            " echo failed; done; }\n"
+                            "change qload 21 & change nload 21 & wait");
+    EXPECT_EQ(said.out, "");
+    const json state = json::parse(Kestrum("dump a.kst --inputs").out);
+    EXPECT_EQ(state["qload"], json::parse("[0, 21, 19, 20, 0]"));
+    EXPECT_EQ(state["nload"], json::parse("[21, 19, 20]"));
+}
+
+TEST_F(Edit, SetWritesThroughNoPlantedLink)
+{
+    WriteGood("a.kst");
+    Write("victim", "precious");
+    Shell("ln -s victim .a.kst.kestrum-save");
+    EXPECT_EQ(Kestrum("set a.kst l=4").exit, 0);
+    EXPECT_EQ(Read("victim"), "precious");
+    EXPECT_EQ(json::parse(Kestrum("dump a.kst --inputs").out)["l"], 4);
+}
+
+TEST_F(Edit, SetTakesAnotherFileForItsResult)
+{
+    WriteGood("a.kst");
+    const std::string before = Read("a.kst");
+    EXPECT_EQ(Kestrum("set a.kst -o b.kst l=4").exit, 0);
+    EXPECT_EQ(Read("a.kst"), before);
+    EXPECT_EQ(json::parse(Kestrum("dump b.kst --inputs").out)["l"], 4);
+    EXPECT_EQ(Kestrum("set a.kst -o ./a.kst l=4").exit, 0);
+    EXPECT_EQ(Read("a.kst"), Read("b.kst"));
+}
+
 TEST_F(Edit, SetRefusesAndLeavesTheFile)
 {
     WriteGood("a.kst");

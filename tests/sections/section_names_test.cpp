@@ -1,5 +1,5 @@
-// Names are those of the profile lists (EN 10365, EN 10210-2, EN 10219-2, EN 10056-1); rows are counted in
-// the CSV files of data/.
+// Names are those of the profile lists (EN 10365, EN 10210-2, EN 10219-2, EN 10056-1); rows are
+// counted in the CSV files of data/.
 
 #include "sections/section_names.h"
 
@@ -38,7 +38,8 @@ TEST(SectionNames, FindASectionAsItIsWritten)
     EXPECT_EQ(Found(""), "none");
 }
 
-// A row without a name could not be chosen, and two sections of their own under one name not told apart.
+// A row without a name could not be chosen, and two sections of their own under one name not told
+// apart.
 TEST(SectionNames, EveryRowIsFoundUnderItsListedName)
 {
     for (const FamilyInfo& info : Families()) {
