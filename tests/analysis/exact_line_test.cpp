@@ -1,0 +1,180 @@
+#include "analysis/exact_line.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+namespace kestrum {
+namespace {
+
+constexpr double kL = 6;
+constexpr EndFixity kPinned{0, 0, false}, kFixed{1, 1, false}, kPropped{0, 1, false},
+    kCantilever{1, 0, true};
+
+struct Member {
+    std::vector<LineLoad> lines;
+    std::vector<PointLoad> points;
+    LineGrid grid{};
+
+    LineGrid& Grid()
+    {
+        LineGridMaker maker(kL);
+        for (const LineLoad& load : lines) {
+            maker.Add(load.x1);
+            maker.Add(load.x2);
+        }
+        for (const PointLoad& load : points) {
+            maker.Add(load.x);
+        }
+        grid = maker.Grid();
+        return grid;
+    }
+    MomentPolynomials Line(const EndFixity& ends) { return MomentsOf(Grid(), lines, points, ends); }
+};
+
+double At(const Member& member, const MomentPolynomials& line, double x)
+{
+    return MomentAt(member.grid, line, PieceAt(member.grid, x), x);
+}
+
+Member Uniform(double q)
+{
+    return {{{0, kL, q, q}}, {}};
+}
+
+// q L^2/8, -q L^2/12 with q L^2/24, -q L^2/8, -q L^2/2.
+TEST(ExactLine, UniformLoadOnEverySupport)
+{
+    Member m = Uniform(10);
+    const double ql2 = 10 * kL * kL;
+    MomentPolynomials line = m.Line(kPinned);
+    EXPECT_NEAR(At(m, line, 3), ql2 / 8, 1e-12);
+    EXPECT_NEAR(ExtremesOfShear(m.grid, line).most.value, 30, 1e-12);
+    line = m.Line(kFixed);
+    EXPECT_NEAR(At(m, line, 0), -ql2 / 12, 1e-12);
+    EXPECT_NEAR(At(m, line, 3), ql2 / 24, 1e-12);
+    line = m.Line(kPropped);
+    EXPECT_NEAR(At(m, line, kL), -ql2 / 8, 1e-12);
+    EXPECT_NEAR(ExtremesOfMoment(m.grid, line).most.value, 9 * ql2 / 128, 1e-12);
+    EXPECT_NEAR(ExtremesOfMoment(m.grid, line).most.x, 3 * kL / 8, 1e-12);
+    line = m.Line(kCantilever);
+    EXPECT_NEAR(At(m, line, 0), -ql2 / 2, 1e-12);
+    EXPECT_NEAR(At(m, line, kL), 0, 1e-12);
+    line = m.Line({0.5, 0.5, false});  // half of the fixed end's moments
+    EXPECT_NEAR(At(m, line, 0), -ql2 / 24, 1e-12);
+}
+
+// Triangle from 0 to q on a simple beam: largest moment q L^2/(9 sqrt 3) at L/sqrt 3.
+TEST(ExactLine, TriangularLoad)
+{
+    Member m{{{0, kL, 0, 12}}, {}};
+    const LineExtremes extremes = ExtremesOfMoment(m.Grid(), m.Line(kPinned));
+    EXPECT_NEAR(extremes.most.value, 12 * kL * kL / (9 * std::sqrt(3.0)), 1e-12);
+    EXPECT_NEAR(extremes.most.x, kL / std::sqrt(3.0), 1e-12);
+    const MomentPolynomials fixed = m.Line(kFixed);  // -q L^2/30 and -q L^2/20
+    EXPECT_NEAR(At(m, fixed, 0), -12 * kL * kL / 30, 1e-12);
+    EXPECT_NEAR(At(m, fixed, kL), -12 * kL * kL / 20, 1e-12);
+}
+
+// P a b/L; fixed ends -P a b^2/L^2, -P a^2 b/L^2.
+TEST(ExactLine, PointLoad)
+{
+    Member m{{}, {{2, 30, 0}}};
+    MomentPolynomials line = m.Line(kPinned);
+    EXPECT_NEAR(At(m, line, 2), 30.0 * 2 * 4 / 6, 1e-12);
+    EXPECT_NEAR(ShearAt(m.grid, line, 0, 2), 20, 1e-12);
+    EXPECT_NEAR(ShearAt(m.grid, line, 1, 2), -10, 1e-12);
+    line = m.Line(kFixed);
+    EXPECT_NEAR(At(m, line, 0), -30.0 * 2 * 16 / 36, 1e-12);
+    EXPECT_NEAR(At(m, line, kL), -30.0 * 4 * 4 / 36, 1e-12);
+}
+
+// A moment on a pinned support goes straight to the other end; a spring of s percent leaves (1 -
+// s).
+TEST(ExactLine, MomentOnASupport)
+{
+    Member m{{}, {{0, 0, 50}}};
+    MomentPolynomials line = m.Line(kPinned);
+    EXPECT_NEAR(At(m, line, 0), 50, 1e-12);
+    EXPECT_NEAR(At(m, line, 3), 25, 1e-12);
+    line = m.Line({0.3, 0.3, false});
+    EXPECT_NEAR(At(m, line, 0), 35, 1e-12);
+    m.points = {{kL, 0, 50}};
+    line = m.Line(kPinned);
+    EXPECT_NEAR(At(m, line, kL), -50, 1e-12);
+}
+
+// 5 q L^4/(384 E I), q L^4/(384 E I), q L^4/(8 E I), P L^3/(48 E I).
+TEST(ExactLine, Deflections)
+{
+    constexpr double kE = 210000;
+    constexpr double kI = 8.356e7;
+    const double ei = kE * kI * 1e-9;  // kNm2
+    const auto largest = [&](Member& m, const EndFixity& ends) {
+        const MomentPolynomials line = m.Line(ends);
+        return DeflectionLine(m.grid, line, ends.cantilever, kE, kI).Largest();
+    };
+    Member uniform = Uniform(10);
+    const double ql4 = 10 * std::pow(kL, 4) / ei * 1e3;  // mm
+    EXPECT_NEAR(largest(uniform, kPinned).value, 5 * ql4 / 384, 1e-9);
+    EXPECT_NEAR(largest(uniform, kFixed).value, ql4 / 384, 1e-9);
+    EXPECT_NEAR(largest(uniform, kPropped).value, ql4 / 184.6, 1e-3 * ql4 / 184.6);
+    EXPECT_NEAR(largest(uniform, kCantilever).value, ql4 / 8, 1e-9);
+    EXPECT_NEAR(largest(uniform, kPinned).x, 3, 1e-9);
+    Member middle{{}, {{3, 20, 0}}};
+    EXPECT_NEAR(largest(middle, kPinned).value, 20 * std::pow(kL, 3) / (48 * ei) * 1e3, 1e-9);
+}
+
+// One load or the same cut in two: the same line.
+TEST(ExactLine, SplittingALoadChangesNothing)
+{
+    Member whole{{{1, 5, 4, 12}}, {{2.5, 10, 3}}};
+    Member split{{{1, 3, 4, 8}, {3, 5, 8, 12}}, {{2.5, 4, 3}, {2.5, 6, 0}}};
+    for (const EndFixity& ends : {kPinned, kFixed, kPropped, kCantilever}) {
+        const MomentPolynomials a = whole.Line(ends);
+        const MomentPolynomials b = split.Line(ends);
+        for (int j = 0; j <= 60; ++j) {
+            const double x = kL * j / 60 + (j < 60 ? 1e-7 : 0);
+            EXPECT_NEAR(At(whole, a, x), At(split, b, x), 1e-9) << x;
+        }
+    }
+}
+
+// Reactions balance the loads; the mirrored load mirrors the line.
+TEST(ExactLine, BalanceAndMirror)
+{
+    Member m{{{0.5, 2, 3, 9}}, {{4, 12, 0}, {1.5, 0, 7}}};
+    Member mirrored{{{4, 5.5, 9, 3}}, {{2, 12, 0}, {4.5, 0, -7}}};
+    for (const EndFixity& ends : {kPinned, kFixed}) {
+        const MomentPolynomials line = m.Line(ends);
+        const MomentPolynomials turned = mirrored.Line(ends);
+        const std::size_t last = m.grid.pieces - 1;
+        EXPECT_NEAR(ShearAt(m.grid, line, 0, 0) - ShearAt(m.grid, line, last, kL), 9 + 12, 1e-9);
+        for (int j = 0; j <= 60; ++j) {
+            const double x = kL * j / 60 + 1e-7;
+            if (x < kL) {
+                EXPECT_NEAR(At(m, line, x), At(mirrored, turned, kL - x), 1e-9) << x;
+            }
+        }
+    }
+}
+
+TEST(ExactLine, GridKeepsEachPlaceOnceAndSaysWhenItIsFull)
+{
+    LineGridMaker maker(kL);
+    for (const double x : {3.0, 0.0, 6.0, 3.0, 1.0, 7.0, -1.0}) {
+        maker.Add(x);
+    }
+    EXPECT_EQ(maker.Grid().pieces, 3u);
+    EXPECT_EQ(maker.Grid().x[1], 1);
+    EXPECT_TRUE(maker.Complete());
+    for (int i = 1; i < 60; ++i) {
+        maker.Add(i * 0.1);
+    }
+    EXPECT_FALSE(maker.Complete());
+    EXPECT_EQ(maker.Grid().Length(), kL);
+}
+
+}  // namespace
+}  // namespace kestrum
