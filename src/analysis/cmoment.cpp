@@ -157,8 +157,61 @@ void CombineGoverning(ProjectState& s, const LoadTable& table, void (*control)(P
     CombineAndSearch(s, table, s.governing == 1 ? kEq610a : kEq610b);
 }
 
+// Number of a category or direction that a row keeps.
+i16 Whole(float kept)
+{
+    return kept == 0 ? 0 : kept == 1 ? 1 : kept == 2 ? 2 : -1;
+}
+
+void ClearAxialLoads(ProjectState& s)
+{
+    for (std::size_t k = 1; k <= 3; ++k) {
+        if (s.nload[k] != 0) {
+            NoteDropped(s, {.field = "nload",
+                            .row = static_cast<i16>(k),
+                            .value = s.nload[k],
+                            .category = Whole(s.ntype[k])});
+        }
+    }
+    s.nload = {};
+}
+
+void NoteUniform(ProjectState& s, std::size_t k)
+{
+    if (s.qload[k] != 0) {
+        NoteDropped(s, {.field = "qload",
+                        .row = static_cast<i16>(k),
+                        .value = s.qload[k],
+                        .category = s.qtype[k],
+                        .direction = s.qdir[k]});
+    }
+}
+
+void NoteTrapezoid(ProjectState& s, std::size_t k)
+{
+    if (s.qt1[k] != 0 || s.qt2[k] != 0) {
+        NoteDropped(s, {.field = "qt1",
+                        .row = static_cast<i16>(k),
+                        .value = s.qt1[k],
+                        .value2 = s.qt2[k],
+                        .x1 = s.qtx1[k],
+                        .x2 = s.qtx2[k],
+                        .category = Whole(s.qttype[k]),
+                        .direction = Whole(s.qtdir[k])});
+    }
+}
+
 void ClearTransverseLoads(ProjectState& s)
 {
+    for (std::size_t k = 1; k <= 4; ++k) {
+        NoteUniform(s, k);
+    }
+    for (std::size_t k = 1; k <= 3; ++k) {
+        NoteTrapezoid(s, k);
+    }
+    for (std::size_t k = 1; k <= 8; ++k) {
+        NoteDroppedPoint(s, k, DropReason::family);
+    }
     std::fill(s.qload.begin() + 1, s.qload.end(), 0.0F);
     s.qt1 = s.qt2 = s.qtx1 = s.qtx2 = {};
     s.pm = s.pmx = {};
@@ -167,17 +220,22 @@ void ClearTransverseLoads(ProjectState& s)
 void ClearLoadsAboutZ(ProjectState& s)
 {
     for (std::size_t k = 1; k <= 4; ++k) {
-        s.qload[k] = s.qdir[k] == 0 ? 0 : s.qload[k];
+        if (s.qdir[k] == 0) {
+            NoteUniform(s, k);
+            s.qload[k] = 0;
+        }
         s.qdir[k] = 1;
     }
     for (std::size_t k = 1; k <= 3; ++k) {
         if (s.qtdir[k] == 0) {
+            NoteTrapezoid(s, k);
             s.qt1[k] = s.qt2[k] = 0;
             s.qtdir[k] = 1;
         }
     }
     for (std::size_t k = 1; k <= 8; ++k) {
         if (s.pmdir[k] == 0) {
+            NoteDroppedPoint(s, k, DropReason::family);
             s.pm[k] = s.pmx[k] = 0;
             s.pmtype[k] = 0;
             s.pmdir[k] = 1;
@@ -214,6 +272,7 @@ void MakeCheckSections(ProjectState& s)
 
 void ClearInvalidLoads(ProjectState& s)
 {
+    OpenDropped(s);
     switch (s.family) {
     case 26:
         ClearTransverseLoads(s);
@@ -226,7 +285,7 @@ void ClearInvalidLoads(ProjectState& s)
     case 53:
     case 54:
     case 56:
-        s.nload = {};
+        ClearAxialLoads(s);
         [[fallthrough]];
     case 28:
         ClearLoadsAboutZ(s);
@@ -234,6 +293,7 @@ void ClearInvalidLoads(ProjectState& s)
     default:
         break;
     }
+    CloseDropped(s);
 }
 
 void SetSelfweight(ProjectState& s)

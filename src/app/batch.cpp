@@ -4,7 +4,6 @@
 #include "core/file_io.h"
 #include "core/project_file.h"
 #include "engine/calculate.h"
-#include "engine/family_routines.h"
 #include "engine/new_project.h"
 #include "report/state_json.h"
 
@@ -20,10 +19,6 @@ namespace kestrum {
 namespace {
 
 constexpr std::size_t kWorstShown = 10;
-constexpr std::string_view kNotChecked = "nothing checked: no section control for this family";
-constexpr std::string_view kDeflectionClause = "7.2";
-constexpr std::array<std::string_view, kVerdicts> kWords = {"within limits", "above limit",
-                                                            "calculation error", "bad input"};
 
 void AppendCount(std::string& out, std::size_t count)
 {
@@ -48,50 +43,15 @@ std::string OnOneLine(std::string text)
     return text;
 }
 
-// The larger of two rows; an empty one has no ratio.
-const ResultRow* Worse(const ResultRow* a, const ResultRow* b)
-{
-    if (b->empty() || !b->judged) {
-        return a;
-    }
-    return a == nullptr || b->ir > a->ir ? b : a;
-}
-
-// "NEd/NRd" of a row that begins with "IR = NEd/NRd = ".
-std::string ControlOf(const ResultRow& row)
-{
-    constexpr std::string_view kHead = "IR = ", kTail = "= ";
-    std::string text;
-    for (const Literal& piece : row.label) {
-        text.append(piece.text());
-    }
-    text.erase(0, text.starts_with(kHead) ? kHead.size() : 0);
-    text.erase(text.find_last_not_of(kTail) + 1);
-    return text;
-}
-
-// "6.2.4" of a limit that ends in "(Ch 6.2.4)"; deflections name none.
-std::string_view ClauseOf(const ResultRow& row)
-{
-    for (const Literal& piece : row.limit) {
-        const std::size_t at = piece.text().find("Ch ");
-        if (at != std::string_view::npos) {
-            const std::string_view clause = piece.text().substr(at + 3);
-            return clause.substr(0, clause.find_first_not_of("0123456789./"));
-        }
-    }
-    return kDeflectionClause;
-}
-
-// Takes the name of a member off the front of an answer line: plain, or in quotes with every quote
+// Takes a text off the front of an answer line: plain, or in quotes with every quote
 // doubled (CSV) or behind a backslash (JSON).
-bool TakeMember(std::string_view& line, bool csv, std::string& member)
+bool TakeText(std::string_view& line, bool csv, std::string& text)
 {
-    member.clear();
+    text.clear();
     if (!line.starts_with('"')) {
         const std::size_t end = line.find(',');
-        member = line.substr(0, end);
-        line.remove_prefix(member.size());
+        text = line.substr(0, end);
+        line.remove_prefix(text.size());
         return csv && end != std::string_view::npos;
     }
     for (std::size_t at = 1; at < line.size(); ++at) {
@@ -102,51 +62,25 @@ bool TakeMember(std::string_view& line, bool csv, std::string& member)
             return true;
         }
         at += pair ? 1 : 0;
-        member.push_back(line[at]);
+        text.push_back(line[at]);
+    }
+    return false;
+}
+
+// The verdict behind its written text, with or without a count of notes.
+bool ReadVerdict(std::string_view text, Verdict& verdict)
+{
+    for (std::size_t i = 0; i < kVerdicts; ++i) {
+        const std::string_view word = VerdictWord(static_cast<Verdict>(i));
+        if (text == word || (text.starts_with(word) && text[word.size()] == ',')) {
+            verdict = static_cast<Verdict>(i);
+            return true;
+        }
     }
     return false;
 }
 
 }  // namespace
-
-std::string_view VerdictWord(Verdict verdict)
-{
-    return kWords[static_cast<std::size_t>(verdict)];
-}
-
-MemberAnswer AnswerOf(const ProjectState& s, bool well)
-{
-    MemberAnswer answer;
-    if (FindRoutines(s.family) == nullptr) {
-        answer.message = kNotChecked;
-        return answer;
-    }
-    if (!well) {
-        answer.verdict = Verdict::failed;
-        answer.message = kCalculationError;
-        return answer;
-    }
-    const ResultRow* row = nullptr;
-    for (std::size_t i = 1; i <= 3; ++i) {
-        row = Worse(row, &s.secline[i]);
-    }
-    for (const ResultRow* other : {&s.yline, &s.zline, &s.ltline}) {
-        row = Worse(row, other);
-    }
-    answer.ir = std::max(s.irsection, s.maxirbuckling);
-    if (s.checksls != kFalse) {
-        for (const ResultRow* other : {&s.deflinez, &s.defliney}) {
-            row = Worse(row, other);
-            answer.ir = std::max(answer.ir, other->empty() ? 0.0 : other->ir);
-        }
-    }
-    answer.verdict = answer.ir > s.irlimit ? Verdict::above : Verdict::within;
-    if (row != nullptr) {
-        answer.control = ControlOf(*row);
-        answer.clause = ClauseOf(*row);
-    }
-    return answer;
-}
 
 std::string AnswerForm::Choose(TableForm form, const std::vector<std::string>& names)
 {
@@ -160,6 +94,10 @@ std::string AnswerForm::Choose(TableForm form, const std::vector<std::string>& n
             item.special = Special::clause;
         } else if (name == "message") {
             item.special = Special::message;
+        } else if (name == "notes") {
+            item.special = Special::notes;
+        } else if (name == "dropped") {
+            item.special = Special::dropped;
         } else if (const std::optional<FieldRef> ref = ResolveField(name)) {
             item.ref = *ref;
         } else {
@@ -183,8 +121,28 @@ std::string AnswerForm::Header() const
     return line + "\n";
 }
 
+// Texts as one cell of a CSV, or as a list.
+template <class Texts>
+void AnswerForm::AppendList(std::string& out, const Texts& texts, std::string_view between) const
+{
+    std::string joined;
+    for (const auto& text : texts) {
+        const bool first = joined.empty();
+        if (form_ == TableForm::ndjson) {
+            joined.append(first ? "" : ",").append(JsonText(text));
+        } else {
+            joined.append(first ? "" : between).append(text);
+        }
+    }
+    if (form_ == TableForm::ndjson) {
+        out.append("[").append(joined).append("]");
+    } else {
+        AppendCell(out, joined);
+    }
+}
+
 void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectState& s,
-                            const MemberAnswer& answer) const
+                            const Outcome& outcome) const
 {
     const bool json = form_ == TableForm::ndjson;
     const auto text = [&](std::string_view value) {
@@ -196,17 +154,20 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
     };
     switch (item.special) {
     case Special::control:
-        return text(answer.control);
+        return text(outcome.control);
     case Special::clause:
-        return text(answer.clause);
+        return text(outcome.clause);
     case Special::message:
-        return text(answer.message);
+        return text(outcome.message);
+    case Special::notes:
+        return AppendList(out, outcome.notes, " ");
+    case Special::dropped:
+        return AppendList(out, outcome.dropped, "; ");
     default:
         break;
     }
     const Field& field = *item.ref.field;
-    const bool designed = answer.verdict == Verdict::within || answer.verdict == Verdict::above;
-    if (!designed && field.role == FieldRole::derived) {
+    if (!outcome.designed() && field.role == FieldRole::derived) {
         out.append(json ? "null" : "");  // a pass that failed leaves no results
         return;
     }
@@ -224,32 +185,33 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
 }
 
 void AnswerForm::AppendLine(std::string& out, std::string_view member, const ProjectState& s,
-                            const MemberAnswer& answer) const
+                            const Outcome& outcome) const
 {
-    const bool designed = answer.verdict == Verdict::within || answer.verdict == Verdict::above;
     if (form_ == TableForm::csv) {
         AppendCell(out, member);
-        out.append(",").append(VerdictWord(answer.verdict)).append(",");
-        if (designed) {
-            AppendNumber(out, answer.ir);
+        out.push_back(',');
+        AppendCell(out, VerdictText(outcome));
+        out.push_back(',');
+        if (outcome.rated()) {
+            AppendNumber(out, outcome.ir);
         }
         for (const Item& item : items_) {
             out.push_back(',');
-            AppendItem(out, item, s, answer);
+            AppendItem(out, item, s, outcome);
         }
         out.push_back('\n');
         return;
     }
     out.append("{\"member\":").append(JsonText(member));
-    out.append(",\"verdict\":\"").append(VerdictWord(answer.verdict)).append("\",\"ir\":");
-    if (designed) {
-        AppendNumber(out, answer.ir);
+    out.append(",\"verdict\":\"").append(VerdictText(outcome)).append("\",\"ir\":");
+    if (outcome.rated()) {
+        AppendNumber(out, outcome.ir);
     } else {
         out.append("null");
     }
     for (const Item& item : items_) {
         out.append(",").append(JsonText(item.name)).append(":");
-        AppendItem(out, item, s, answer);
+        AppendItem(out, item, s, outcome);
     }
     out.append("}\n");
 }
@@ -258,36 +220,35 @@ bool AnswerForm::ReadBack(std::string_view line, std::string& member, Verdict& v
                           double& ir) const
 {
     const bool csv = form_ == TableForm::csv;
-    const std::string_view head = csv ? "" : "{\"member\":", before = csv ? "," : ",\"verdict\":\"",
-                           behind = csv ? "," : "\",\"ir\":";
+    const std::string_view head = csv ? "" : "{\"member\":", before = csv ? "," : ",\"verdict\":",
+                           behind = csv ? "," : ",\"ir\":";
     if (!line.starts_with(head)) {
         return false;
     }
     line.remove_prefix(head.size());
-    if (!TakeMember(line, csv, member) || !line.starts_with(before)) {
+    if (!TakeText(line, csv, member) || !line.starts_with(before)) {
         return false;
     }
     line.remove_prefix(before.size());
-    for (std::size_t i = 0; i < kVerdicts; ++i) {
-        if (line.starts_with(kWords[i]) && line.substr(kWords[i].size()).starts_with(behind)) {
-            verdict = static_cast<Verdict>(i);
-            line.remove_prefix(kWords[i].size() + behind.size());
-            ir = 0;
-            std::from_chars(line.data(), line.data() + line.size(), ir);
-            return true;
-        }
+    std::string written;
+    if (!TakeText(line, csv, written) || !line.starts_with(behind) ||
+        !ReadVerdict(written, verdict)) {
+        return false;
     }
-    return false;
+    line.remove_prefix(behind.size());
+    ir = 0;
+    std::from_chars(line.data(), line.data() + line.size(), ir);
+    return true;
 }
 
 void Tally::Add(std::size_t place, std::string_view member, Verdict verdict, double ir)
 {
     ++count_[static_cast<std::size_t>(verdict)];
-    const bool designed = verdict == Verdict::within || verdict == Verdict::above;
     const auto worse = [ir, place](const Worst& other) {
         return ir > other.ir || (ir == other.ir && place < other.place);
     };
-    if (!designed || (worst_.size() == kWorstShown && !worse(worst_.back()))) {
+    if (!Outcome{.verdict = verdict}.rated() ||
+        (worst_.size() == kWorstShown && !worse(worst_.back()))) {
         return;
     }
     const auto at = std::find_if(worst_.begin(), worst_.end(), worse);
@@ -321,9 +282,13 @@ std::string Tally::Summary() const
     AppendCount(text, Members());
     text += " members: ";
     for (std::size_t i = 0; i < kVerdicts; ++i) {
-        AppendCount(text, count_[i]);
-        text.append(" ").append(kWords[i]).append(i + 1 < kVerdicts ? ", " : "\n");
+        if (i < 2 || count_[i] > 0) {  // within and above always, the others where there are any
+            text += i > 0 ? ", " : "";
+            AppendCount(text, count_[i]);
+            text.append(" ").append(VerdictWord(static_cast<Verdict>(i)));
+        }
     }
+    text += "\n";
     for (const Worst& worst : worst_) {
         text += "  ";
         if (worst.ir <= std::numeric_limits<float>::max()) {
@@ -412,19 +377,19 @@ void BatchWorker::File(BatchChunk& chunk, const std::string& name)
 
 void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string_view refusal)
 {
-    MemberAnswer answer;
+    Outcome outcome;
     if (refusal.empty()) {
         const bool well = Calculate(library_, s_);
-        answer = AnswerOf(s_, well);
-        if (answer.verdict == Verdict::bad) {  // one that failed says so in its line
+        outcome = OutcomeOf(s_, well);
+        if (outcome.verdict == Verdict::not_checked) {  // one that failed says so in its line
             chunk.fault.append(chunk.table).append(chunk.table.empty() ? "" : ": member ");
-            chunk.fault.append(member).append(": ").append(answer.message).append("\n");
+            chunk.fault.append(member).append(": ").append(outcome.message).append("\n");
         }
     } else {
-        answer.message = refusal;
+        outcome.message = refusal;
     }
-    form_.AppendLine(chunk.out, member, s_, answer);
-    chunk.tally.Add(place_++, member, answer.verdict, answer.ir);
+    form_.AppendLine(chunk.out, member, s_, outcome);
+    chunk.tally.Add(place_++, member, outcome.verdict, outcome.ir);
 }
 
 }  // namespace kestrum

@@ -7,6 +7,7 @@
 #include "app/member_table.h"
 #include "core/library.h"
 #include "core/project_state.h"
+#include "report/outcome.h"
 
 #include <array>
 #include <cstddef>
@@ -17,50 +18,36 @@
 
 namespace kestrum {
 
-enum class Verdict : std::uint8_t { within, above, failed, bad };
-constexpr std::size_t kVerdicts = 4;
-
-std::string_view VerdictWord(Verdict verdict);
-
-// The outcome of one member.
-struct MemberAnswer {
-    Verdict verdict = Verdict::bad;
-    double ir = 0;               // governing ratio
-    std::string control;         // of the row that governs: "NEd/NRd"
-    std::string_view clause;     // of EN 1993-1-1
-    std::string_view message{};  // of a failed or bad one; refers to a text that lasts
-};
-
-// After a pass; `well` as Calculate returned it.
-MemberAnswer AnswerOf(const ProjectState& s, bool well);
-
 enum class TableForm : std::uint8_t { csv, ndjson };
 
 // The fields of an answer line behind member, verdict and ratio.
 class AnswerForm {
 public:
-    // Canonical names of fields, or control, clause and message. Returns why a name cannot be, or
-    // nothing.
+    // Canonical names of fields, or control, clause, message, notes and dropped. Returns why a name
+    // cannot be, or nothing.
     std::string Choose(TableForm form, const std::vector<std::string>& names);
 
     // The first line of a CSV with its line end; nothing for NDJSON.
     std::string Header() const;
 
     void AppendLine(std::string& out, std::string_view member, const ProjectState& s,
-                    const MemberAnswer& answer) const;
+                    const Outcome& outcome) const;
 
     // Reads member, verdict and ratio back from a line. False when it is none.
     bool ReadBack(std::string_view line, std::string& member, Verdict& verdict, double& ir) const;
 
 private:
-    enum class Special : std::uint8_t { none, control, clause, message };
+    enum class Special : std::uint8_t { none, control, clause, message, notes, dropped };
     struct Item {
         std::string name;
         Special special;
         FieldRef ref;
     };
     void AppendItem(std::string& out, const Item& item, const ProjectState& s,
-                    const MemberAnswer& answer) const;
+                    const Outcome& outcome) const;
+
+    template <class Texts>
+    void AppendList(std::string& out, const Texts& texts, std::string_view between) const;
 
     TableForm form_ = TableForm::csv;
     std::vector<Item> items_;

@@ -95,13 +95,12 @@ void ComplainAll(std::string_view lines)
 
 int ExitOf(const Tally& tally, bool faulty)
 {
-    if (faulty || tally.Count(Verdict::bad) > 0) {
-        return kBadInput;
+    int exit = faulty ? kBadInput : kAllWithin;
+    for (std::size_t i = 0; i < kVerdicts; ++i) {
+        const auto verdict = static_cast<Verdict>(i);
+        exit = tally.Count(verdict) > 0 ? GraverExit(exit, ExitCode(verdict)) : exit;
     }
-    if (tally.Count(Verdict::failed) > 0) {
-        return kFailedPass;
-    }
-    return tally.Count(Verdict::above) > 0 ? kSomeAbove : kAllWithin;
+    return exit;
 }
 
 unsigned Threads(int jobs)

@@ -2,8 +2,8 @@
 
 #include "core/printable.h"
 #include "engine/calculate.h"
-#include "engine/family_routines.h"
 #include "report/design_notes.h"
+#include "report/outcome.h"
 #include "report/panel_text.h"
 #include "report/state_json.h"
 
@@ -14,12 +14,9 @@ namespace kestrum::cli {
 namespace {
 
 constexpr const char* kFlangeOverload = " Flange overloaded! Program removes flangeloading ";
-constexpr const char* kNotChecked = "nothing checked: no section control for this family";
-
-struct Verdict {
+struct Answer {
     std::string file;
-    int exit = kAllWithin;
-    std::string fault = {};  // message of a pass or file that failed
+    Outcome outcome{};
     double section = 0, buckling = 0, deflection = 0;
     bool read = false;  // the file
     ProjectState state{};
@@ -34,53 +31,25 @@ double LargestDeflection(const ProjectState& s)
                     s.defliney.empty() ? 0.0 : s.defliney.ir);
 }
 
-Verdict CheckFile(const Library& library, const std::string& file)
+Answer CheckFile(const Library& library, const std::string& file)
 {
-    Verdict verdict{.file = file};
+    Answer answer{.file = file};
     try {
-        verdict.state = OpenProject(library, file);
+        answer.state = OpenProject(library, file);
     } catch (const BadInput& bad) {
         Complain(bad.what());
-        verdict.exit = kBadInput;
-        verdict.fault = bad.what();
-        return verdict;
+        answer.outcome.message = bad.what();
+        return answer;
     }
-    verdict.read = true;
-    ProjectState& s = verdict.state;
-    const bool well = Calculate(library, s);
-    if (FindRoutines(s.family) == nullptr) {
-        verdict.exit = kBadInput;
-        verdict.fault = kNotChecked;
-    } else if (!well) {
-        verdict.exit = kFailedPass;
-        verdict.fault = kCalculationError;
-    } else {
-        verdict.section = s.irsection;
-        verdict.buckling = s.maxirbuckling;
-        verdict.deflection = LargestDeflection(s);
-        const double worst = std::max({verdict.section, verdict.buckling, verdict.deflection});
-        verdict.exit = worst > s.irlimit ? kSomeAbove : kAllWithin;
+    answer.read = true;
+    ProjectState& s = answer.state;
+    answer.outcome = OutcomeOf(s, Calculate(library, s));
+    if (answer.outcome.designed()) {
+        answer.section = s.irsection;
+        answer.buckling = s.maxirbuckling;
+        answer.deflection = LargestDeflection(s);
     }
-    return verdict;
-}
-
-bool Designed(const Verdict& verdict)
-{
-    return verdict.exit == kAllWithin || verdict.exit == kSomeAbove;
-}
-
-std::string Word(const Verdict& verdict)
-{
-    switch (verdict.exit) {
-    case kAllWithin:
-        return "within limits";
-    case kSomeAbove:
-        return "above limit";
-    case kFailedPass:
-        return "calculation error";
-    default:
-        return verdict.read ? "not checked" : "bad input";
-    }
+    return answer;
 }
 
 // One line for each deviation from the standard that acts in the result.
@@ -98,33 +67,44 @@ std::string PaintedRatio(std::string_view ratio, i16 status)
     return Painted(ratio, status == kAbove ? Ink::bad : Ink::good, true);
 }
 
-std::string TextOf(const Verdict& verdict, const CheckArguments& parts, bool coloured)
+std::string TextOf(const Answer& answer, const CheckArguments& parts, bool coloured)
 {
-    std::string text = Painted(Printable(verdict.file), Ink::heading, coloured) + "\n";
-    if (Designed(verdict)) {
-        text += PanelText(verdict.state, parts.loadcase, coloured ? PaintedRatio : nullptr);
-        text += verdict.state.flangeoverload ? std::string(kFlangeOverload) + "\n" : "";
-        text += parts.no_notes ? "" : NotesText(verdict.state);
-    } else if (verdict.read) {
-        text += verdict.fault + "\n";
+    const Outcome& outcome = answer.outcome;
+    std::string text = Painted(Printable(answer.file), Ink::heading, coloured) + "\n";
+    if (outcome.designed()) {
+        text += PanelText(answer.state, parts.loadcase, coloured ? PaintedRatio : nullptr);
+        text += answer.state.flangeoverload ? std::string(kFlangeOverload) + "\n" : "";
+        text += parts.no_notes ? "" : NotesText(answer.state);
+    } else if (answer.read) {
+        text += outcome.message + "\n";
     }
-    const Ink ink = verdict.exit == kAllWithin ? Ink::good : Ink::bad;
-    return text + "VERDICT: " + Painted(Word(verdict), ink, coloured) + "\n";
+    for (const std::string& dropped : outcome.dropped) {
+        text += "dropped " + dropped + "\n";
+    }
+    const Ink ink = outcome.verdict == Verdict::within ? Ink::good : Ink::bad;
+    return text + "VERDICT: " + Painted(VerdictText(outcome), ink, coloured) + "\n";
 }
 
-std::string JsonOf(const Verdict& verdict)
+std::string JsonOf(const Answer& answer)
 {
-    std::string text = "{\"file\": " + JsonText(verdict.file) +
-                       ", \"exit\": " + std::to_string(verdict.exit) +
-                       ", \"verdict\": " + JsonText(Word(verdict));
-    if (!verdict.fault.empty()) {
-        return text + ", \"message\": " + JsonText(verdict.fault) + "}";
+    const Outcome& outcome = answer.outcome;
+    std::string text = "{\"file\": " + JsonText(answer.file) +
+                       ", \"exit\": " + std::to_string(ExitCode(outcome.verdict)) +
+                       ", \"verdict\": " + JsonText(VerdictText(outcome)) +
+                       ", \"ir\": " + (outcome.rated() ? JsonNumber(outcome.ir) : "null");
+    if (!outcome.message.empty()) {
+        text += ", \"message\": " + JsonText(outcome.message);
     }
-    text += ", \"irsection\": " + JsonNumber(verdict.section) +
-            ", \"maxirbuckling\": " + JsonNumber(verdict.buckling) +
-            ", \"irdeflection\": " + JsonNumber(verdict.deflection) +
-            ", \"flangeoverload\": " + (verdict.state.flangeoverload ? "true" : "false") +
-            ", \"rows\": " + RowsJson(verdict.state) + ", \"notes\": " + NotesJson(verdict.state) +
+    text += ", \"failure\": " + FailureJson(answer.state.failure) +
+            ", \"dropped\": " + DroppedJson(answer.state);
+    if (!outcome.designed()) {
+        return text + "}";
+    }
+    text += ", \"irsection\": " + JsonNumber(answer.section) +
+            ", \"maxirbuckling\": " + JsonNumber(answer.buckling) +
+            ", \"irdeflection\": " + JsonNumber(answer.deflection) +
+            ", \"flangeoverload\": " + (answer.state.flangeoverload ? "true" : "false") +
+            ", \"rows\": " + RowsJson(answer.state) + ", \"notes\": " + NotesJson(answer.state) +
             "}";
     return text;
 }
@@ -141,75 +121,84 @@ std::string CsvField(const std::string& text)
     return quoted + "\"";
 }
 
-std::string CsvOf(const Verdict& verdict)
+template <class Texts> std::string Joined(const Texts& texts, std::string_view between)
 {
-    std::string text = CsvField(verdict.file) + "," + Word(verdict);
-    if (!Designed(verdict)) {
-        return text + ",,,";
+    std::string joined;
+    for (const auto& text : texts) {
+        joined.append(joined.empty() ? "" : between).append(text);
     }
-    return text + "," + JsonNumber(verdict.section) + "," + JsonNumber(verdict.buckling) + "," +
-           JsonNumber(verdict.deflection);
+    return joined;
 }
 
-std::string Summary(const std::vector<Verdict>& verdicts)
+std::string CsvOf(const Answer& answer)
 {
-    const auto count = [&](int exit) {
-        return std::to_string(std::count_if(verdicts.begin(), verdicts.end(),
-                                            [exit](const Verdict& v) { return v.exit == exit; }));
-    };
-    return std::to_string(verdicts.size()) + " files: " + count(kAllWithin) + " within limits, " +
-           count(kSomeAbove) + " above limit, " + count(kFailedPass) + " calculation errors, " +
-           count(kBadInput) + " not checked\n";
+    const Outcome& outcome = answer.outcome;
+    std::string text = CsvField(answer.file) + "," + CsvField(VerdictText(outcome)) + ",";
+    if (outcome.designed()) {
+        text += JsonNumber(answer.section) + "," + JsonNumber(answer.buckling) + "," +
+                JsonNumber(answer.deflection) + ",";
+    } else {
+        text += ",,,";
+    }
+    text += outcome.rated() ? JsonNumber(outcome.ir) : "";
+    return text + "," + CsvField(outcome.message) + "," + Joined(outcome.notes, " ") + "," +
+           CsvField(Joined(outcome.dropped, "; "));
 }
 
-// Bad input before a failed pass before a ratio above the limit.
-int Gravest(const std::vector<Verdict>& verdicts)
+std::string Summary(const std::vector<Answer>& answers)
 {
-    for (const int exit : {kBadInput, kFailedPass, kSomeAbove}) {
-        if (std::any_of(verdicts.begin(), verdicts.end(),
-                        [exit](const Verdict& v) { return v.exit == exit; })) {
-            return exit;
+    std::string text = std::to_string(answers.size()) + " files: ";
+    for (std::size_t i = 0; i < kVerdicts; ++i) {
+        const auto verdict = static_cast<Verdict>(i);
+        const auto count = std::count_if(answers.begin(), answers.end(), [&](const Answer& answer) {
+            return answer.outcome.verdict == verdict;
+        });
+        if (i < 2 || count > 0) {
+            text += (i > 0 ? ", " : "") + std::to_string(count) + " " +
+                    std::string(VerdictWord(verdict));
         }
     }
-    return kAllWithin;
+    return text + "\n";
 }
 
-int ExitOf(const std::vector<Verdict>& verdicts, const CheckArguments& arguments)
+int ExitOf(const std::vector<Answer>& answers, const CheckArguments& arguments)
 {
-    if (!arguments.exit_zero) {
-        return Gravest(verdicts);
+    int exit = kAllWithin;
+    for (const Answer& answer : answers) {
+        if (!arguments.exit_zero || !answer.read) {
+            exit = GraverExit(exit, ExitCode(answer.outcome.verdict));
+        }
     }
-    const bool all = std::all_of(verdicts.begin(), verdicts.end(),
-                                 [](const Verdict& verdict) { return verdict.read; });
-    return all ? kAllWithin : kBadInput;
+    return exit;
 }
 
-void PrintText(const std::vector<Verdict>& verdicts, const CheckArguments& parts, bool coloured)
+void PrintText(const std::vector<Answer>& answers, const CheckArguments& parts, bool coloured)
 {
     std::string out;
-    for (const Verdict& verdict : verdicts) {
-        out += (out.empty() ? "" : "\n") + TextOf(verdict, parts, coloured);
+    for (const Answer& answer : answers) {
+        out += (out.empty() ? "" : "\n") + TextOf(answer, parts, coloured);
     }
-    if (verdicts.size() > 1) {
-        out += "\n" + Summary(verdicts);
+    if (answers.size() > 1) {
+        out += "\n" + Summary(answers);
     }
     Print(out);
 }
 
-void PrintJson(const std::vector<Verdict>& verdicts)
+void PrintJson(const std::vector<Answer>& answers)
 {
     std::string out;
-    for (const Verdict& verdict : verdicts) {
-        out += (out.empty() ? "" : ",\n") + JsonOf(verdict);
+    for (const Answer& answer : answers) {
+        out += (out.empty() ? "" : ",\n") + JsonOf(answer);
     }
     Print("[" + out + "]\n");
 }
 
-void PrintCsv(const std::vector<Verdict>& verdicts)
+void PrintCsv(const std::vector<Answer>& answers)
 {
-    std::string out = "file,verdict,irsection,maxirbuckling,irdeflection\n";
-    for (const Verdict& verdict : verdicts) {
-        out += CsvOf(verdict) + "\n";
+    std::string out =
+        "file,verdict,irsection,maxirbuckling,irdeflection,ir,message,notes,dropped\n";
+    for (const Answer& answer : answers) {
+        out += CsvOf(answer) + "\n";
     }
     Print(out);
 }
@@ -219,26 +208,26 @@ void PrintCsv(const std::vector<Verdict>& verdicts)
 int Check(const Options& options, const CheckArguments& arguments)
 {
     const Library library = LoadTables(options);
-    std::vector<Verdict> verdicts;
-    verdicts.reserve(arguments.files.size());
+    std::vector<Answer> answers;
+    answers.reserve(arguments.files.size());
     for (const std::string& file : arguments.files) {
-        verdicts.push_back(CheckFile(library, file));
+        answers.push_back(CheckFile(library, file));
     }
     if (options.quiet) {
-        return ExitOf(verdicts, arguments);
+        return ExitOf(answers, arguments);
     }
     switch (options.format) {
     case Format::json:
-        PrintJson(verdicts);
+        PrintJson(answers);
         break;
     case Format::csv:
-        PrintCsv(verdicts);
+        PrintCsv(answers);
         break;
     case Format::text:
-        PrintText(verdicts, arguments, Coloured(options.color));
+        PrintText(answers, arguments, Coloured(options.color));
         break;
     }
-    return ExitOf(verdicts, arguments);
+    return ExitOf(answers, arguments);
 }
 
 }  // namespace kestrum::cli

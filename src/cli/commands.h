@@ -64,7 +64,7 @@ struct BatchArguments {
     std::vector<std::string> inputs;
     std::string out;   // empty: standard output
     std::string base;  // project that tables start from; empty: the default one
-    std::vector<std::string> fields = {"control", "clause"};
+    std::vector<std::string> fields = {"control", "clause", "message", "notes", "dropped"};
     int jobs = 0;  // threads; 0: one a core
     bool resume = false;
     bool raw = false;

@@ -6,12 +6,17 @@
 // a conversion to a whole number) a checked helper stops the pass directly. Both leave through
 // `CalculationStop`, which only the driver catches.
 
+#include "core/failure.h"
+
 #include <cstddef>
 #include <cstdint>
 
 namespace kestrum {
 
-struct CalculationStop {};
+// What is known where the pass stops; the driver adds the stage.
+struct CalculationStop {
+    Failure failure{};
+};
 
 // Clears the status flags.
 void ArmTrap();

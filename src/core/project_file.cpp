@@ -386,6 +386,7 @@ template <class File> void Project(File& file, ProjectState& s)
 std::optional<FileFault> ReadProject(ProjectState& s, std::string_view bytes)
 {
     ReadingFile file(bytes);
+    s.dropped = {};  // what was emptied belongs to the project before
     Project(file, s);
     if (!file.ok()) {
         return file.fault();

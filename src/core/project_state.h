@@ -12,6 +12,8 @@
 // numbers say so. Index conventions: `Rows<T, N>` is used from 1 to N (slot 0 stays empty unless
 // told).
 
+#include "core/dropped_loads.h"
+#include "core/failure.h"
 #include "core/result_row.h"
 
 #include <array>
@@ -420,6 +422,8 @@ struct ProjectState {
     i16 errorflag;          // 0, or -1: the axial force exceeds an elastic critical force
     bool calculationerror;  // the pass ended in the one message
     bool flangeoverload;    // the pass has switched the flange loading off (family 24, 25)
+    Failure failure;        // why it ended so; the step that runs while a pass is on its way
+    DroppedLoads dropped;   // loads that were emptied; outlives a pass
 };
 
 }  // namespace kestrum

@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <string_view>
 
 namespace kestrum {
 
@@ -16,24 +17,52 @@ namespace {
 
 constexpr i16 kAxialOverload = -1;  // errorflag
 
+// A value that a step hands on.
+struct Handed {
+    std::string_view name;
+    double value;
+};
+
 // The status flags tell of the operation that failed. A NaN that came in from outside raises none,
 // so the values that a step hands on are looked at too.
-void RequireFinite(std::initializer_list<double> values)
+void RequireFinite(std::initializer_list<Handed> values)
 {
-    for (const double value : values) {
-        if (!std::isfinite(value)) {
-            throw CalculationStop{};
+    for (const Handed& handed : values) {
+        if (!std::isfinite(handed.value)) {
+            throw CalculationStop{{.cause = Cause::not_finite, .quantity = handed.name}};
         }
     }
 }
 
-void SectionStep(const Library& library, ProjectState& s)
+// Clears the flags and marks where the pass is.
+void Enter(ProjectState& s, Stage stage)
 {
     ArmTrap();
+    s.failure.stage = stage;
+}
+
+void SectionStep(const Library& library, ProjectState& s)
+{
+    Enter(s, Stage::section);
     CalcSection(library, s);
     CheckTrap();
-    RequireFinite({s.a, s.iy, s.iz, s.it, s.iw, s.wely, s.welz, s.weight, s.fyk, s.eps, s.nplrd,
-                   s.ncrd, s.myrd, s.mzrd, s.nrdm1, s.myrdm1, s.mzrdm1});
+    RequireFinite({{"a", s.a},
+                   {"iy", s.iy},
+                   {"iz", s.iz},
+                   {"it", s.it},
+                   {"iw", s.iw},
+                   {"wely", s.wely},
+                   {"welz", s.welz},
+                   {"weight", s.weight},
+                   {"fyk", s.fyk},
+                   {"eps", s.eps},
+                   {"nplrd", s.nplrd},
+                   {"ncrd", s.ncrd},
+                   {"myrd", s.myrd},
+                   {"mzrd", s.mzrd},
+                   {"nrdm1", s.nrdm1},
+                   {"myrdm1", s.myrdm1},
+                   {"mzrdm1", s.mzrdm1}});
 }
 
 // The control as the analysis runs it for each of two combinations: a failure in the first must not
@@ -42,24 +71,44 @@ void GuardedControl(ProjectState& s)
 {
     CalcControl(s);
     CheckTrap();
+    if (s.errorflag != kAxialOverload) {
+        s.failure.stage = Stage::forces;  // the analysis goes on
+    }
 }
 
 void AnalysisStep(ProjectState& s)
 {
-    ArmTrap();
+    Enter(s, Stage::forces);
     CalcMember(s, GuardedControl);
     CheckTrap();
-    RequireFinite({s.ned, s.mymax, s.mymin, s.mzmax, s.mzmin, s.vzmax, s.vzmin, s.vymax, s.vymin,
-                   s.dzmax, s.dzmin, s.dymax, s.dymin});
+    RequireFinite({{"ned", s.ned},
+                   {"mymax", s.mymax},
+                   {"mymin", s.mymin},
+                   {"mzmax", s.mzmax},
+                   {"mzmin", s.mzmin},
+                   {"vzmax", s.vzmax},
+                   {"vzmin", s.vzmin},
+                   {"vymax", s.vymax},
+                   {"vymin", s.vymin},
+                   {"dzmax", s.dzmax},
+                   {"dzmin", s.dzmin},
+                   {"dymax", s.dymax},
+                   {"dymin", s.dymin}});
 }
 
 void ControlStep(ProjectState& s)
 {
-    ArmTrap();
+    Enter(s, Stage::section_control);
     CalcControl(s);
     CheckTrap();
-    RequireFinite(
-        {s.irsection, s.maxirbuckling, s.irrow1, s.irrow2, s.irrow3, s.irrow4, s.irrow5, s.irrow6});
+    RequireFinite({{"irsection", s.irsection},
+                   {"maxirbuckling", s.maxirbuckling},
+                   {"irrow1", s.irrow1},
+                   {"irrow2", s.irrow2},
+                   {"irrow3", s.irrow3},
+                   {"irrow4", s.irrow4},
+                   {"irrow5", s.irrow5},
+                   {"irrow6", s.irrow6}});
 }
 
 void DeflectionStep(ProjectState& s)
@@ -67,10 +116,10 @@ void DeflectionStep(ProjectState& s)
     if (s.loadmode != 1) {
         return;
     }
-    ArmTrap();
+    Enter(s, Stage::deflection);
     DeflectionControl(s);
     CheckTrap();
-    RequireFinite({s.deflinez.ir, s.defliney.ir});
+    RequireFinite({{"deflinez", s.deflinez.ir}, {"defliney", s.defliney.ir}});
 }
 
 void ModalStep(ProjectState& s)
@@ -78,10 +127,13 @@ void ModalStep(ProjectState& s)
     if (s.modal != 1) {
         return;
     }
-    ArmTrap();
+    Enter(s, Stage::modal);
     CalcModal(s);
     CheckTrap();
-    RequireFinite({s.modalmass, s.freq[1], s.freq[2], s.freq[3]});
+    RequireFinite({{"modalmass", s.modalmass},
+                   {"freq[1]", s.freq[1]},
+                   {"freq[2]", s.freq[2]},
+                   {"freq[3]", s.freq[3]}});
 }
 
 void Pass(const Library& library, ProjectState& s)
@@ -106,11 +158,18 @@ bool Calculate(const Library& library, ProjectState& s)
     s.errorflag = 0;
     s.flangeoverload = false;
     s.calculationerror = false;
+    s.failure = {};
     try {
         Pass(library, s);
         s.calculationerror = s.errorflag == kAxialOverload;
-    } catch (const CalculationStop&) {
+    } catch (const CalculationStop& stop) {
+        const Stage stage = s.failure.stage;
+        s.failure = stop.failure;
+        s.failure.stage = stage;
         s.calculationerror = true;
+    }
+    if (!s.calculationerror) {
+        s.failure = {};
     }
     ArmTrap();  // the flags of this pass are nobody else's
     return !s.calculationerror;

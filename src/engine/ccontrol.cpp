@@ -1,6 +1,7 @@
 #include "engine/ccontrol.h"
 
 #include "analysis/cmoment.h"
+#include "core/arithmetic_trap.h"
 #include "design/section_control.h"
 #include "engine/family_routines.h"
 #include "stability/buckling_control.h"
@@ -31,7 +32,10 @@ void CalcControl(ProjectState& s)
     if (routines->control_without_n) {
         s.ned = 0;
     }
+    s.failure.stage = Stage::section_control;
     routines->control(s);
+    CheckTrap();
+    s.failure.stage = Stage::buckling_control;
     if (routines->buckling != nullptr && (!routines->compressed_only || s.ned > 0)) {
         routines->buckling(s);
     }

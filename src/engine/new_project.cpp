@@ -92,6 +92,7 @@ void ResetLoads(ProjectState& s)
     s.cpcount = 1;
     s.cp = {0, 1, 2, 3};
     s.cprelative = 0;
+    s.dropped = {};
 }
 
 void ResetVortex(ProjectState& s)

@@ -5,6 +5,7 @@
 #include "core/load_combination.h"
 #include "core/row_text.h"
 #include "report/design_notes.h"
+#include "report/outcome.h"
 #include "service/modal.h"
 
 #include <array>
@@ -152,6 +153,49 @@ std::string NotesJson(const ProjectState& s)
     return "[" + list + "]";
 }
 
+std::string FailureJson(const Failure& failure)
+{
+    if (!failure.any()) {
+        return "null";
+    }
+    std::string text = "{\"stage\": " + JsonText(StageName(failure.stage)) +
+                       ", \"cause\": " + JsonText(CauseName(failure.cause)) +
+                       ", \"quantity\": " + JsonText(failure.quantity);
+    if (failure.row >= 0) {
+        text += ", \"row\": " + std::to_string(failure.row);
+    }
+    text += ", \"value\": " + JsonNumber(failure.value);
+    if (failure.cause == Cause::critical_force) {
+        text += ", \"limit\": " + JsonNumber(failure.limit);
+    }
+    if (!failure.allowed.empty()) {
+        text += ", \"allowed\": " + JsonText(failure.allowed);
+    }
+    return text + ", \"unit\": " + JsonText(failure.unit) +
+           ", \"text\": " + JsonText(FailureText(failure)) + "}";
+}
+
+std::string DroppedJson(const ProjectState& s)
+{
+    constexpr std::array<std::string_view, 3> kCategories = {"G", "Q1", "Q2"};
+    std::string list;
+    for (const DroppedLoad& load : DroppedNow(s)) {
+        const bool listed = load.category >= 0 && load.category < 3;
+        list += (list.empty() ? "" : ",\n    ") + std::string("{\"field\": ") +
+                JsonText(load.field) + ", \"row\": " + std::to_string(load.row) +
+                ", \"value\": " + JsonNumber(load.value) +
+                (load.field == "qt1" ? ", \"value2\": " + JsonNumber(load.value2) : "") +
+                ", \"unit\": " + JsonText(DroppedUnit(load)) + ", \"category\": " +
+                (listed ? JsonText(kCategories[static_cast<std::size_t>(load.category)]) : "null") +
+                ", \"direction\": " +
+                JsonText(load.direction < 0    ? "x"
+                         : load.direction == 1 ? "z"
+                                               : "y") +
+                ", \"text\": " + JsonText(DroppedText(load)) + "}";
+    }
+    return "[" + list + "]";
+}
+
 std::string StateJson(const ProjectState& s)
 {
     Members members;
@@ -161,6 +205,9 @@ std::string StateJson(const ProjectState& s)
     AddTexts(members, s);
     members.Add("rows", RowsJson(s));
     members.Add("notes", NotesJson(s));
+    members.Add("verdict", JsonText(VerdictText(OutcomeOf(s, !s.calculationerror))));
+    members.Add("failure", FailureJson(s.failure));
+    members.Add("dropped", DroppedJson(s));
     return members.Object() + "\n";
 }
 

@@ -22,6 +22,12 @@ std::string RowsJson(const ProjectState& s);
 // The design notes of the result: [{"id":"D201","text":".."}, ..].
 std::string NotesJson(const ProjectState& s);
 
+// {"stage":"buckling control","cause":..,"quantity":"Ncr,z","value":512,..,"text":..}, or null.
+std::string FailureJson(const Failure& failure);
+
+// [{"field":"nload","row":1,"value":3000,"unit":"kN","category":"G","direction":"x","text":..}, ..]
+std::string DroppedJson(const ProjectState& s);
+
 // A text as a JSON string with its quotes.
 std::string JsonText(std::string_view text);
 

@@ -109,7 +109,7 @@ Table TableOf(const ProjectState& s)
 {
     const FamilyInfo* info = FindFamily(s.family);
     if (info == nullptr || info->tables.empty()) {
-        throw CalculationStop{};
+        throw CalculationStop{{.cause = Cause::index, .quantity = "family"}};
     }
     int series = 1;
     if (info->input == Input::series) {

@@ -113,11 +113,11 @@ float SteppedPlasticAxis(std::span<const Plate> plates)
     while (below < half) {
         const EvenSteps steps = StepsFrom(plates, zpl);
         if (!(steps.first > zpl)) {
-            throw CalculationStop{};
+            throw CalculationStop{{.cause = Cause::index, .quantity = "plastic axis"}};
         }
         zpl = FirstWithHalf(plates, steps, half);
         if (zpl > most) {
-            throw CalculationStop{};
+            throw CalculationStop{{.cause = Cause::index, .quantity = "plastic axis"}};
         }
         below = AreaBelow(plates, zpl);
     }

@@ -4,6 +4,7 @@
 #include "stability/buckling_curves.h"
 #include "stability/buckling_resistance.h"
 #include "stability/buckling_rows.h"
+#include "stability/critical_force.h"
 #include "stability/cvipping.h"
 #include "stability/interaction_angle.h"
 #include "stability/interaction_annex_a.h"
@@ -223,8 +224,7 @@ void BucklingControlAngle(ProjectState& s)
     StartStage(s);
     BucklingCurves(s);
     BucklingResistance(s);
-    if (s.ned > s.ncrv || s.ned > s.ncru) {
-        s.errorflag = -1;
+    if (ExceedsCriticalForce(s, {{"Ncr,v", s.ncrv}, {"Ncr,u", s.ncru}})) {
         return;
     }
     if (!NoBucklingAtAll(s)) {

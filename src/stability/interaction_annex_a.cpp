@@ -2,6 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "stability/constants.h"
+#include "stability/critical_force.h"
 
 #include <algorithm>
 #include <cmath>
@@ -175,8 +176,7 @@ void KFactorsAnnexA(ProjectState& s)
     if (s.openprofile == kFalse) {
         s.lam0 = 0.0f;
     }
-    if (s.ned > s.ncrtf || s.ned > s.ncry || s.ned > s.ncrz) {
-        s.errorflag = -1;
+    if (ExceedsCriticalForce(s, {{"Ncr,y", s.ncry}, {"Ncr,z", s.ncrz}, {"Ncr,TF", s.ncrtf}})) {
         return;
     }
     EquivalentMoments(s);

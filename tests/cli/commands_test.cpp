@@ -76,8 +76,7 @@ TEST_F(Commands, CheckTellsTheVerdictByItsExit)
     EXPECT_EQ(all.exit, 2);
     EXPECT_THAT(
         all.out,
-        HasSubstr(
-            "4 files: 1 within limits, 1 above limit, 1 calculation errors, 1 not checked\n"));
+        HasSubstr("4 files: 1 within limits, 1 above limit, 1 calculation error, 1 bad input\n"));
     EXPECT_THAT(all.err, HasSubstr("kestrum: bad.kst:"));
     EXPECT_THAT(all.out, HasSubstr("failed.kst\n Calculation Error. Axial load too big."));
 }
@@ -115,9 +114,8 @@ TEST_F(Commands, CheckHasJsonAndCsv)
     EXPECT_EQ(list[0]["rows"]["section"].size(), 3U);
     EXPECT_EQ(list[1]["exit"], 2);
     const Said csv = Kestrum("check --format csv a.kst");
-    EXPECT_THAT(
-        csv.out,
-        StartsWith("file,verdict,irsection,maxirbuckling,irdeflection\na.kst,within limits,0."));
+    EXPECT_THAT(csv.out, StartsWith("file,verdict,irsection,maxirbuckling,irdeflection,ir,message,"
+                                    "notes,dropped\na.kst,within limits,0."));
 }
 
 TEST_F(Commands, DeflectionCountsOnlyWhenItIsPartOfTheResult)

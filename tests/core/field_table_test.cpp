@@ -31,7 +31,9 @@ std::set<std::string> Declared(const std::string& record)
         const std::regex name("[a-z0-9_]+");
         for (auto word = std::sregex_iterator(list.begin(), list.end(), name);
              word != std::sregex_iterator(); ++word) {
-            if ((*at)[1].str().find("ResultRow") == std::string::npos) {
+            const std::string type = (*at)[1];
+            if (type.find("ResultRow") == std::string::npos && type != "Failure" &&
+                type != "DroppedLoads") {
                 names.insert(word->str());
             }
         }

@@ -85,7 +85,7 @@ void ExpectWholeState(const ProjectState& s)
             ExpectValue(value[static_cast<std::size_t>(i - field.first)], s, field, i);
         }
     }
-    EXPECT_EQ(state.size(), fields + 11 + 2);  // texts, rows and notes
+    EXPECT_EQ(state.size(), fields + 11 + 5);  // texts; rows, notes, verdict, failure, dropped
     ExpectRows(state["rows"]);
     EXPECT_TRUE(state["notes"].is_array());
 }

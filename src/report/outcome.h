@@ -1,0 +1,65 @@
+#pragma once
+
+// The outcome of one member, for every face alike: command line, batch, pages, window. Whoever
+// writes a verdict takes it from here and decides nothing again.
+
+#include "core/project_state.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kestrum {
+
+enum class Verdict : std::uint8_t {
+    within,         // every ratio is within the limit
+    above,          // one is above it
+    unstable,       // NEd exceeds an elastic critical force
+    failed,         // the calculation stopped for another reason
+    not_checked,    // inputs that cannot be calculated, no section control
+    loads_dropped,  // the result is one of fewer loads than were given
+    nothing_acts,   // no load, nothing to check
+    bad             // no member: unreadable file, refused line
+};
+constexpr std::size_t kVerdicts = 8;
+
+std::string_view VerdictWord(Verdict verdict);
+
+// Exit code of a program that ends with the verdict: 0 within, 1 above, 3 unstable or failed, 2 for
+// all that was not checked as it was given.
+int ExitCode(Verdict verdict);
+
+// The exit code of many: 2 before 3 before 1 before 0.
+int GraverExit(int one, int other);
+
+struct Outcome {
+    Verdict verdict = Verdict::bad;
+    double ir = 0;                           // governing ratio; NEd/Ncr of an unstable member
+    std::string control{};                   // of the row that governs: "NEd/NRd"
+    std::string clause{};                    // of EN 1993-1-1: "6.2.4"
+    std::string message{};                   // why there is no ratio; empty within and above
+    std::vector<std::string_view> notes{};   // numbers of the deviations on the unsafe side
+    std::vector<std::string> dropped{};      // a text for each dropped load
+
+    // The result rows hold a result.
+    bool designed() const
+    {
+        return verdict == Verdict::within || verdict == Verdict::above ||
+               verdict == Verdict::loads_dropped;
+    }
+    // `ir` ranks the member among others.
+    bool rated() const
+    {
+        return verdict == Verdict::within || verdict == Verdict::above ||
+               verdict == Verdict::unstable;
+    }
+};
+
+// After a pass; `well` as Calculate returned it.
+Outcome OutcomeOf(const ProjectState& s, bool well);
+
+// The verdict as it is written: "within limits, 2 notes on the unsafe side".
+std::string VerdictText(const Outcome& outcome);
+
+}  // namespace kestrum

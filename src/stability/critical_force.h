@@ -1,0 +1,22 @@
+#pragma once
+
+// The elastic critical forces as a border of the calculation: above one of them the interaction of
+// EN 1993-1-1, 6.3.3 cannot be formed.
+
+#include "core/project_state.h"
+
+#include <initializer_list>
+#include <string_view>
+
+namespace kestrum {
+
+struct CriticalForce {
+    std::string_view name;  // "Ncr,z"
+    double force;           // kN
+};
+
+// True when NEd exceeds one of them: errorflag is set to -1, and the failure of the state names the
+// smallest one. NEd equal to a critical force passes.
+bool ExceedsCriticalForce(ProjectState& s, std::initializer_list<CriticalForce> forces);
+
+}  // namespace kestrum
