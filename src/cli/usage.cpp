@@ -21,8 +21,7 @@ const Value& Chosen(const std::vector<std::pair<std::string, Value>>& words,
     return at->second;
 }
 
-template <class Value>
-std::string NamesOf(const std::vector<std::pair<std::string, Value>>& words)
+template <class Value> std::string NamesOf(const std::vector<std::pair<std::string, Value>>& words)
 {
     std::string names;
     for (const auto& word : words) {

@@ -92,9 +92,9 @@ void OpenDropped(ProjectState& s)
     DroppedLoads& dropped = s.dropped;
     const bool changed = dropped.count > 0 && dropped.table != TableOf(s);
     const auto first = dropped.load.begin();
-    const auto end = std::remove_if(
-        first, first + dropped.count,
-        [changed](const DroppedLoad& load) { return changed || IsEndForce(load); });
+    const auto end =
+        std::remove_if(first, first + dropped.count,
+                       [changed](const DroppedLoad& load) { return changed || IsEndForce(load); });
     dropped.count = static_cast<std::int16_t>(end - first);
     std::fill(end, dropped.load.end(), DroppedLoad{});
 }
@@ -136,9 +136,9 @@ void NoteDroppedPoint(ProjectState& s, std::size_t k, DropReason reason)
 std::vector<DroppedLoad> DroppedNow(const ProjectState& s)
 {
     std::vector<DroppedLoad> loads;
-    std::copy_if(
-        s.dropped.load.begin(), s.dropped.load.begin() + s.dropped.count, std::back_inserter(loads),
-        [&s](const DroppedLoad& load) { return IsEndForce(load) == (s.loadmode != 1); });
+    std::copy_if(s.dropped.load.begin(), s.dropped.load.begin() + s.dropped.count,
+                 std::back_inserter(loads),
+                 [&s](const DroppedLoad& load) { return IsEndForce(load) == (s.loadmode != 1); });
     return loads;
 }
 

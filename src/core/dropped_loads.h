@@ -27,9 +27,9 @@ struct DroppedLoad {
     std::string_view field{};  // "nload", "qt1", "mz2"; a text that lasts
     std::int16_t row = 0;      // 0: not a row
     DropReason reason = DropReason::family;
-    float value = 0;    // kN, kN/m or kNm
-    float value2 = 0;   // a trapezoidal load: at its end
-    float x1 = 0, x2 = 0;  // m
+    float value = 0;              // kN, kN/m or kNm
+    float value2 = 0;             // a trapezoidal load: at its end
+    float x1 = 0, x2 = 0;         // m
     std::int16_t category = -1;   // 0 G, 1 Q1, 2 Q2; -1: an end force
     std::int16_t direction = -1;  // 1 z (My), 0 y (Mz); -1 along the member
     bool moment = false;

@@ -41,9 +41,14 @@ std::string What(const Failure& failure)
 
 std::string_view StageName(Stage stage)
 {
-    constexpr std::array<std::string_view, 8> kNames = {
-        "",                "input",            "section",            "internal forces",
-        "section control", "buckling control", "deflection control", "modal analysis"};
+    constexpr std::array<std::string_view, 8> kNames = {"",
+                                                        "input",
+                                                        "section",
+                                                        "internal forces",
+                                                        "section control",
+                                                        "buckling control",
+                                                        "deflection control",
+                                                        "modal analysis"};
     return kNames[static_cast<std::size_t>(stage)];
 }
 

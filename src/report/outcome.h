@@ -35,12 +35,12 @@ int GraverExit(int one, int other);
 
 struct Outcome {
     Verdict verdict = Verdict::bad;
-    double ir = 0;                           // governing ratio; NEd/Ncr of an unstable member
-    std::string control{};                   // of the row that governs: "NEd/NRd"
-    std::string clause{};                    // of EN 1993-1-1: "6.2.4"
-    std::string message{};                   // why there is no ratio; empty within and above
-    std::vector<std::string_view> notes{};   // numbers of the deviations on the unsafe side
-    std::vector<std::string> dropped{};      // a text for each dropped load
+    double ir = 0;                          // governing ratio; NEd/Ncr of an unstable member
+    std::string control{};                  // of the row that governs: "NEd/NRd"
+    std::string clause{};                   // of EN 1993-1-1: "6.2.4"
+    std::string message{};                  // why there is no ratio; empty within and above
+    std::vector<std::string_view> notes{};  // numbers of the deviations on the unsafe side
+    std::vector<std::string> dropped{};     // a text for each dropped load
 
     // The result rows hold a result.
     bool designed() const

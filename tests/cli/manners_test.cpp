@@ -50,8 +50,9 @@ TEST_F(Manners, HelpOfACommandIsThatOfItsOption)
 
 TEST_F(Manners, AWrongOptionIsNamedWithTheNearest)
 {
-    EXPECT_THAT(Kestrum("check a.kst --loadcas").err,
-                StartsWith("kestrum: check: --loadcas: no such option; did you mean --loadcase?\n"));
+    EXPECT_THAT(
+        Kestrum("check a.kst --loadcas").err,
+        StartsWith("kestrum: check: --loadcas: no such option; did you mean --loadcase?\n"));
     // Also when something else is missing, and for an option of the program.
     EXPECT_THAT(Kestrum("check --quite").err,
                 StartsWith("kestrum: check: --quite: no such option; did you mean --quiet?\n"));

@@ -14,17 +14,20 @@ struct PrintableCase {
 
 const PrintableCase kCases[] = {
     {"plain", "beam 1.kst", "beam 1.kst"},
-    {"letters", "S\xC3\xB8yle \xE2\x82\xAC \xF0\x9F\x8F\x97", "S\xC3\xB8yle \xE2\x82\xAC \xF0\x9F\x8F\x97"},
+    {"letters", "S\xC3\xB8yle \xE2\x82\xAC \xF0\x9F\x8F\x97",
+     "S\xC3\xB8yle \xE2\x82\xAC \xF0\x9F\x8F\x97"},
     {"colour", "\x1B[31mred", "?[31mred"},
     {"title", std::string("a\x1B]0;x\x07z"), "a?]0;x?z"},
     {"lineEnds", "a\r\nb\tc", "a??b?c"},
     {"del", "a\x7F", "a?"},
     {"nul", std::string("a\0b", 3), "a?b"},
-    {"c1OfUnicode", "a\xC2\x9B"
-                    "31m",
+    {"c1OfUnicode",
+     "a\xC2\x9B"
+     "31m",
      "a?31m"},
-    {"c1AsAByte", "a\x9B"
-                  "31m",
+    {"c1AsAByte",
+     "a\x9B"
+     "31m",
      "a?31m"},
     {"noBreakSpaceStays", "a\xC2\xA0z", "a\xC2\xA0z"},
     {"latin1", "S\xF8yle", "S?yle"},
