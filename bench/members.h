@@ -3,8 +3,8 @@
 // The members whose times are taken.
 
 #include "engine/calculate.h"
-#include "engine/family_routines.h"
 #include "engine/new_project.h"
+#include "sections/families.h"
 #include "sections/load_library.h"
 
 #include <cstddef>
@@ -90,8 +90,8 @@ inline std::vector<NamedMember> Members()
                                         {"everything_on", EverythingOn()},
                                         {"all_rows", AllRows()},
                                         {"all_rows_twice", AllRowsTwice()}};
-    for (const FamilyRoutines& routines : AllRoutines()) {
-        members.push_back({"family_" + std::to_string(routines.family), OfFamily(routines.family)});
+    for (const int family : FamilyNumbers()) {
+        members.push_back({"family_" + std::to_string(family), OfFamily(family)});
     }
     return members;
 }

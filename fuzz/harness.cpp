@@ -16,6 +16,7 @@
 #include "report/detailed_table.h"
 #include "report/panel_text.h"
 #include "report/state_json.h"
+#include "sections/families.h"
 #include "sections/load_library.h"
 #include "sections/readprofiles.h"
 
@@ -338,10 +339,10 @@ void MemberTables(std::string_view bytes)
 void Members(std::string_view bytes)
 {
     static const std::vector<const Field*> kInputs = Inputs();
-    const auto families = AllRoutines();
+    static const std::vector<int> kFamilies = FamilyNumbers();
     Source source(bytes);
     ProjectState s = Default();
-    s.family = static_cast<i16>(families[source.Byte() % families.size()].family);
+    s.family = static_cast<i16>(kFamilies[source.Byte() % kFamilies.size()]);
     while (!source.empty()) {
         const std::size_t number = source.Byte() * std::size_t{256} + source.Byte();
         const Field& field = *kInputs[number % kInputs.size()];

@@ -15,7 +15,7 @@ int main(int argc, char** argv)
         std::cerr << "usage: kestrum-figures FOLDER\n";
         return 2;
     }
-    for (const kestrum::FamilyInfo& family : kestrum::Families()) {
+    for (const kestrum::FamilyTraits& family : kestrum::Families()) {
         const std::string number = std::to_string(family.id);
         const std::string path = std::string(argv[1]) + "/section-" +
                                  std::string(3 - number.size(), '0') + number + ".svg";

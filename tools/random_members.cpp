@@ -6,9 +6,9 @@
 
 #include "app/ordered_run.h"
 #include "engine/calculate.h"
-#include "engine/family_routines.h"
 #include "engine/new_project.h"
 #include "report/state_json.h"
+#include "sections/families.h"
 #include "sections/load_library.h"
 
 #include <charconv>
@@ -82,10 +82,9 @@ void RollLoads(Dice& dice, ProjectState& s)
 
 void RollSection(Dice& dice, const Library& library, ProjectState& s)
 {
-    const auto families = AllRoutines();
+    static const std::vector<int> kFamilies = FamilyNumbers();
     s.family = static_cast<i16>(
-        families[static_cast<std::size_t>(dice.Whole(0, static_cast<int>(families.size()) - 1))]
-            .family);
+        kFamilies[static_cast<std::size_t>(dice.Whole(0, static_cast<int>(kFamilies.size()) - 1))]);
     for (std::size_t i = 0; i < kTables; ++i) {
         s.row[i] = dice.Choice(0, library.tables[i].rows - 1);
     }

@@ -5,6 +5,7 @@
 #include "analysis/load_table.h"
 #include "core/arithmetic_trap.h"
 #include "core/load_combination.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <array>
@@ -28,20 +29,12 @@ void MarkLoadedAxes(ProjectState& s, const LoadTable& table)
     }
 }
 
-// Families with a section; any other number calculates forces only.
-bool HasSection(int family)
-{
-    constexpr std::array kFamilies{1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 15, 16,  21,  22, 23,
-                                   24, 25, 26, 27, 28, 31, 41, 51, 52, 53, 54, 56, 101, 102, 103};
-    return std::find(kFamilies.begin(), kFamilies.end(), family) != kFamilies.end();
-}
-
-// From E I d [kNm3] to d [mm]. Without a section there is no deflection; a section without
+// From E I d [kNm3] to d [mm]. Without a section there are forces only; a section without
 // stiffness fails.
 double DeflectionScale(const ProjectState& s, float inertia)
 {
     constexpr double kUnits = 1e12;  // kNm3 = 1e12 Nmm3
-    return HasSection(s.family) ? kUnits / (static_cast<double>(s.e) * inertia) : 0;
+    return Is(s, Kind::none) ? 0 : kUnits / (static_cast<double>(s.e) * inertia);
 }
 
 // Lines of one axis, factored and summed.
@@ -273,25 +266,14 @@ void MakeCheckSections(ProjectState& s)
 void ClearInvalidLoads(ProjectState& s)
 {
     OpenDropped(s);
-    switch (s.family) {
-    case 26:
-        ClearTransverseLoads(s);
-        break;
-    case 24:
-    case 25:
-    case 27:
-    case 51:
-    case 52:
-    case 53:
-    case 54:
-    case 56:
+    const Actions& carried = Traits(s).carries.loads;
+    if (!carried.n) {
         ClearAxialLoads(s);
-        [[fallthrough]];
-    case 28:
+    }
+    if (!carried.y) {
+        ClearTransverseLoads(s);
+    } else if (!carried.z) {
         ClearLoadsAboutZ(s);
-        break;
-    default:
-        break;
     }
     CloseDropped(s);
 }

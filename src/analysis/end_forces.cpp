@@ -2,6 +2,7 @@
 
 #include "analysis/extremes.h"
 #include "core/arithmetic_trap.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -12,18 +13,12 @@ namespace {
 
 void ClearInvalidEndForces(ProjectState& s)
 {
-    switch (s.family) {
-    case 26:
+    const Actions& carried = Traits(s).carries.ends;
+    if (!carried.y) {
         s.my1 = s.my2 = s.vz1 = s.vz2 = 0;
-        [[fallthrough]];
-    case 24:
-    case 25:
-    case 27:
-    case 28:
+    }
+    if (!carried.z) {
         s.mz1 = s.mz2 = s.vy1 = s.vy2 = 0;
-        break;
-    default:
-        break;
     }
 }
 
@@ -81,7 +76,7 @@ void CalcEndForceMode(ProjectState& s)
     SetEndRatios(s);
     SetZeroCrossings(s);
     SetLargestMoments(s);
-    s.ned = s.family == 27 ? 0 : s.ne;
+    s.ned = Traits(s).carries.ends.n ? s.ne : 0;
     s.qsum = 0;
     s.hasyloads = kTrue;
     s.haszloads = kTrue;

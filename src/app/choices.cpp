@@ -164,7 +164,7 @@ bool Offers(const Library& library, const Choice& choice, int value)
     if (choice.field == kFamily) {
         const auto families = Families();
         return std::any_of(families.begin(), families.end(),
-                           [&](const FamilyInfo& info) { return info.id == value; });
+                           [&](const FamilyTraits& info) { return info.id == value; });
     }
     if (value > Highest(library, choice)) {
         return false;

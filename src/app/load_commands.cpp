@@ -168,24 +168,4 @@ CloseOutcome CloseLoading(Session& session)
     return {check.ok, check.box.text(), check.row};
 }
 
-EndForceFields ShownEndForces(int family)
-{
-    switch (family) {
-    case 26:
-        return {true, false, false};
-    case 24:
-    case 25:
-    case 27:
-    case 51:
-    case 52:
-    case 53:
-    case 54:
-    case 55:
-    case 56:
-        return {false, true, false};
-    default:
-        return {};
-    }
-}
-
 }  // namespace kestrum

@@ -40,10 +40,4 @@ struct CloseOutcome {
 };
 CloseOutcome CloseLoading(Session& session);
 
-// Fields that the family can carry in the form `endforce`.
-struct EndForceFields {
-    bool ne = true, y_axis = true, z_axis = true;  // y_axis: My and Vz; z_axis: Mz and Vy
-};
-EndForceFields ShownEndForces(int family);
-
 }  // namespace kestrum

@@ -5,6 +5,7 @@
 #include "core/arithmetic_trap.h"
 #include "core/load_combination.h"
 #include "core/material.h"
+#include "sections/families.h"
 #include "service/vortex.h"
 
 namespace kestrum {
@@ -165,20 +166,8 @@ bool ManualFactorsOffered(const ProjectState& s)
 
 bool LateralCurveForced(const ProjectState& s)
 {
-    switch (s.family) {
-    case 5:
-    case 16:
-    case 28:
-    case 51:
-    case 52:
-    case 53:
-    case 54:
-    case 56:
-    case 103:
-        return true;
-    default:
-        return false;
-    }
+    const LateralBuckling lateral = Traits(s).design.lateral;
+    return lateral == LateralBuckling::general || lateral == LateralBuckling::unchanged;
 }
 
 void OpenVipping(Session& session)

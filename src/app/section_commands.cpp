@@ -26,7 +26,9 @@ void ChooseRow(Session& session, Table table, int row)
 void ChooseSeries(Session& session, int series)
 {
     ProjectState& s = session.edit();
-    (s.family == 103 ? s.series103 : s.series101) = Number(series);
+    if (i16 ProjectState::*const chosen = Traits(s).series; chosen != nullptr) {
+        s.*chosen = Number(series);
+    }
     session.Calculate();
 }
 

@@ -3,6 +3,7 @@
 // Family selection and the handlers of the section forms.
 
 #include "app/session.h"
+#include "sections/families.h"
 
 namespace kestrum {
 
@@ -10,16 +11,8 @@ namespace kestrum {
 void ChooseFamily(Session& session, int family);
 
 void ChooseRow(Session& session, Table table, int row);
-void ChooseSeries(Session& session, int series);  // 101 and 103
+void ChooseSeries(Session& session, int series);  // of a family with series
 
-enum class SectionOption : std::uint8_t {
-    rectaxis,  // cbuttbucklingy of p07, p09: exchanges the axes
-    bolts,     // opt_l10_1, opt_l10_2
-    weld,      // oweld0, oweld1
-    tube,      // opthot, optcold
-    hsqload,   // opthsq0, opthsq1
-    upgrade,   // OptClass23Y, OptClass23N
-};
 void ChooseSectionOption(Session& session, SectionOption option, int value);
 void ToggleRectangularAxis(Session& session);
 

@@ -1,6 +1,7 @@
 #include "app/view_member.h"
 
 #include "core/number_format.h"
+#include "sections/families.h"
 
 #include <algorithm>
 
@@ -72,7 +73,7 @@ std::string C1Text(const ProjectState& s)
 
 std::string C3Text(const ProjectState& s)
 {
-    return s.family == 22 ? FormatNum(s.ltc3, "0.000") : "N/A";
+    return Is(s, Kind::i_single) ? FormatNum(s.ltc3, "0.000") : "N/A";
 }
 
 // Segments are counted from 1. The texts of the first, a middle and the last of three: " (0 -

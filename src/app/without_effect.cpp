@@ -4,13 +4,12 @@
 #include "app/choices.h"
 #include "app/member_commands.h"
 #include "app/setup_commands.h"
+#include "app/view_section.h"
 #include "core/field_table.h"
 #include "core/load_combination.h"
 #include "sections/family_table.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <iterator>
 
 namespace kestrum {
@@ -56,23 +55,30 @@ constexpr Rule kRules[] = {
     {" uflimit ", [](const ProjectState&) { return true; }, "no control reads it"},
 };
 
+template <SectionOption kOption> bool Has(const FamilyTraits& family)
+{
+    return HasOption(family.id, kOption);
+}
+
 struct Owner {
     std::string_view fields;
-    std::array<i16, 2> families;
+    bool (*owns)(const FamilyTraits& family);
 };
 
-// Fields of some families only, beside those that begin with their number.
+// Fields of some families only, besides those that begin with the name of the form.
 constexpr Owner kOwners[] = {
-    {" rectaxis ", {7, 9}},
-    {" lopt ", {10, 11}},
-    {" weldopt ", {23, 23}},
-    {" tubehot ", {31, 31}},
-    {" hsqopt ", {24, 25}},
-    {" flangeload ", {24, 24}},
-    {" class23 ", {24, 25}},
-    {" series101 ", {101, 101}},
-    {" series103 ", {103, 103}},
-    {" p41ident ", {41, 41}},
+    {" rectaxis ", Has<SectionOption::rectaxis>},
+    {" lopt ", Has<SectionOption::bolts>},
+    {" weldopt ", Has<SectionOption::weld>},
+    {" tubehot ", Has<SectionOption::tube>},
+    {" hsqopt ", Has<SectionOption::hsqload>},
+    {" class23 ", Has<SectionOption::upgrade>},
+    {" flangeload ", [](const FamilyTraits& family) {
+         return family.kind == Kind::hat && family.shape.lower == LowerFlange::both_sides;
+     }},
+    {" series101 ", [](const FamilyTraits& f) { return f.series == &ProjectState::series101; }},
+    {" series103 ", [](const FamilyTraits& f) { return f.series == &ProjectState::series103; }},
+    {" p41ident ", [](const FamilyTraits& f) { return f.kind == Kind::general; }},
 };
 // clang-format on
 
@@ -88,16 +94,14 @@ bool Names(std::string_view fields, std::string_view field)
 
 bool OfAnotherFamily(const ProjectState& s, const Field& field)
 {
-    int number = 0;
-    const std::string_view name = field.name;
-    const auto [end, fault] = std::from_chars(name.data() + 1, name.data() + name.size(), number);
-    if (name.starts_with('p') && fault == std::errc{} && *end == '.') {
-        return number != s.family;
+    const FamilyTraits& family = Traits(s);
+    const std::string_view name = field.name, form = name.substr(0, name.find('.'));
+    if (form != name && form.starts_with('p')) {
+        return form != family.form;
     }
     for (const Owner& owner : kOwners) {
         if (Names(owner.fields, name)) {
-            return std::find(owner.families.begin(), owner.families.end(), s.family) ==
-                   owner.families.end();
+            return !owner.owns(family);
         }
     }
     const std::optional<Table> table = TableOfField(name);

@@ -18,25 +18,25 @@ struct Line {
 std::vector<Line> FamilyLines()
 {
     std::vector<Line> lines;
-    for (const FamilyInfo& info : Families()) {
+    for (const FamilyTraits& info : Families()) {
         lines.push_back({info.id, std::string(info.form), std::string(info.text)});
     }
     return lines;
 }
 
-const FamilyInfo& Wanted(const std::string& family)
+const FamilyTraits& Wanted(const std::string& family)
 {
     int id = 0;
     const char* const end = family.data() + family.size();
     const auto [rest, fault] = std::from_chars(family.data(), end, id);
-    const FamilyInfo* const info = fault == std::errc{} && rest == end ? FindFamily(id) : nullptr;
+    const FamilyTraits* const info = fault == std::errc{} && rest == end ? FindFamily(id) : nullptr;
     if (info == nullptr || info->input == SectionInput::none) {
         throw BadInput(family + ": no such family; `kestrum sections` lists the numbers");
     }
     return *info;
 }
 
-std::vector<Line> RowLines(const Library& library, const FamilyInfo& info)
+std::vector<Line> RowLines(const Library& library, const FamilyTraits& info)
 {
     std::vector<Line> lines;
     int series = 0;

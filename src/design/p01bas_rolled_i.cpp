@@ -5,6 +5,7 @@
 #include "design/local_buckling.h"
 #include "design/section_control.h"
 #include "design/shear.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -31,16 +32,14 @@ bool Plastic(const ProjectState& s, i16 cls)
 }
 
 // Shear area of a web that does not buckle, EN 1993-1-1, 6.2.6 (3), mm2.
-double ShearArea(const ProjectState& s)
+double PlasticShearArea(const ProjectState& s)
 {
     const double a = s.a, b = s.b, tf = s.tf, tw = s.tw, r = s.r;
     const double least = 1.0 * s.neta * s.hw * tw;
-    switch (s.family) {
-    case 5:
-    case 16:
-    case 103:
+    switch (Traits(s).design.shear_area) {
+    case ShearArea::channel:
         return a - 2 * b * tf + (tw + r) * tf;
-    case 21:
+    case ShearArea::web:
         return least;
     default:
         return std::max(a - 2 * b * tf + (tw + 2 * r) * tf, least);
@@ -171,7 +170,7 @@ void CalcResistanceI(ProjectState& s)
     s.myrdm1 = s.myrd * s.gammam0 / s.gammam1;
     s.mzrdm1 = s.mzrd * s.gammam0 / s.gammam1;
 
-    CalcVzrd(s, ShearArea(s));
+    CalcVzrd(s, PlasticShearArea(s));
     s.avy = 2 * b * tf;
     s.vyrd = s.avy * ShearYield(s) / s.gammam0 / 1000;
 }

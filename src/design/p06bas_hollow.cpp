@@ -7,6 +7,7 @@
 #include "design/resistance.h"
 #include "design/section_control.h"
 #include "design/shear.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,8 +15,6 @@
 namespace kestrum {
 
 namespace {
-
-constexpr int kBox = 23;
 
 // rho of a flange in uniform compression.
 double FlangeRho(const ProjectState& s)
@@ -157,7 +156,7 @@ void CalcResistanceHollow(ProjectState& s)
     s.mzrd = MomentResistance(s, s.wzused);
     SetStabilityResistances(s);
 
-    const bool box = s.family == kBox;
+    const bool box = Traits(s).design.shear_area == ShearArea::web;
     s.avz = box ? 2.0 * s.hw * s.tw : h / (h + b) * a;
     s.avy = box ? 2.0 * s.bw * tf : b / (h + b) * a;
     s.vzrd = WallShear(s, s.hw, s.tw, s.avz);

@@ -4,6 +4,7 @@
 #include "design/local_buckling.h"
 #include "design/resistance.h"
 #include "design/section_control.h"
+#include "sections/families.h"
 
 #include <array>
 #include <cmath>
@@ -15,7 +16,7 @@ namespace {
 
 bool Equal(const ProjectState& s)
 {
-    return s.family == 10;
+    return Traits(s).shape.equal;
 }
 
 // rho of a leg whose straight part is c.

@@ -5,6 +5,7 @@
 #include "design/effective_welded.h"
 #include "design/resistance_welded.h"
 #include "design/welded_side.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,8 +14,6 @@ namespace kestrum {
 
 namespace {
 
-constexpr int kSymmetric = 24;
-constexpr int kBox = 27;
 constexpr i16 kUpgrade = 0;     // class23
 constexpr i16 kConsidered = 0;  // hsqopt
 constexpr i16 kNotConsidered = 1;
@@ -112,7 +111,8 @@ double FlangeFactor(ProjectState& s)
     if (s.hsqopt != kConsidered) {
         return 1;
     }
-    const double share = s.family == kSymmetric ? s.flangeload / 100.0 : 1.0;
+    const double share =
+        Traits(s).shape.lower == LowerFlange::both_sides ? s.flangeload / 100.0 : 1.0;
     const double mload = std::abs(share * s.qsum * kArm);  // Nmm/mm
     const double mflange = 1.75 * s.fyk / s.gammam0 * s.tbot * s.tbot / 6;
     if (mload <= 0.2 * mflange) {
@@ -131,7 +131,7 @@ double FlangeFactor(ProjectState& s)
 void ControlHsq(ProjectState& s)
 {
     double factor = 1;
-    if (s.family != kBox) {
+    if (Is(s, Kind::hat)) {
         factor = FlangeFactor(s);
         s.flangefactor = F32(factor);
     }

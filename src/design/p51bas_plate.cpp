@@ -7,6 +7,7 @@
 #include "design/local_buckling.h"
 #include "design/resistance_welded.h"
 #include "design/welded_side.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +17,10 @@ namespace kestrum {
 
 namespace {
 
-constexpr int kFlatBar = 51;
+bool HasFlatBar(const ProjectState& s)
+{
+    return Traits(s).shape.stiffener == Stiffener::flat_bar;
+}
 
 // Area that a flat bar in uniform compression loses, mm2.
 double LostFlatBar(const ProjectState& s)
@@ -40,7 +44,7 @@ i16 ClassTip(const ProjectState& s)
 
 i16 ClassInCompression(const ProjectState& s)
 {
-    if (s.family == kFlatBar) {
+    if (HasFlatBar(s)) {
         return std::max(ClassOutstand(s, s.ctop, s.ttop), ClassOutstand(s, s.d, s.tw));
     }
     return ClassCompressed(s);
@@ -56,7 +60,7 @@ i16 ClassInCompression(const ProjectState& s)
 // the welds; the standard takes both between the welds.
 void CalcEffectivePlate(ProjectState& s)
 {
-    const bool flatbar = s.family == kFlatBar;
+    const bool flatbar = HasFlatBar(s);
     const Flange plate = TopFlange(s);
     const WeldedSide top = TopSide(s), bottom = BottomSide(s);
     const EffectiveScheme scheme{.leg = 0, .webbuckles = !flatbar, .netcentroid = true};
@@ -75,7 +79,7 @@ void CalcEffectivePlate(ProjectState& s)
 // them.
 i16 ClassPlate(const ProjectState& s, bool plate)
 {
-    const bool flatbar = s.family == kFlatBar;
+    const bool flatbar = HasFlatBar(s);
     if (plate) {
         const i16 web = flatbar ? i16{1} : ClassWebBent(s, TopSide(s));
         return std::max(web, ClassFlange(s, TopFlange(s)));
@@ -122,7 +126,7 @@ double PlateMcr(const ProjectState& s, double length_mm)
 
     const double shear = s.e / 2.6;  // G, MPa
     const double tw = s.tw, hw = s.hw;
-    if (s.family == kFlatBar) {
+    if (HasFlatBar(s)) {
         const double slender = tw / s.h, stocky = hw / length_mm;
         return s.wybot * slender * slender * (2 * stocky * stocky + 1) * shear;
     }

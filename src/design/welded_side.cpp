@@ -1,26 +1,28 @@
 #include "design/welded_side.h"
 
+#include "sections/families.h"
+
 namespace kestrum {
 
 namespace {
 
 // The T and the stiffened plates are counted from the face of flange or plate, their top; the other
 // sections from the lower edge.
-bool CountedFromTop(int family)
+bool CountedFromTop(const ProjectState& s)
 {
-    return family == 26 || family > 50;
+    return Is(s, Kind::tee, Kind::plate);
 }
 
 // Height of all plates; `h` of the hat beams excludes the bottom flange.
 double TotalHeight(const ProjectState& s)
 {
-    return s.family == 24 || s.family == 25 ? 1.0 * s.h + s.tbot : 1.0 * s.h;
+    return Is(s, Kind::hat) ? 1.0 * s.h + s.tbot : 1.0 * s.h;
 }
 
 // Distance of a level, counted as the section is, from the upper edge.
 double BelowTop(const ProjectState& s, double level)
 {
-    return CountedFromTop(s.family) ? level : TotalHeight(s) - level;
+    return CountedFromTop(s) ? level : TotalHeight(s) - level;
 }
 
 }  // namespace
@@ -52,7 +54,7 @@ WeldedSide BottomSide(const ProjectState& s)
 
 int Webs(const ProjectState& s)
 {
-    return s.family == 24 || s.family == 25 || s.family == 27 ? 2 : 1;
+    return Is(s, Kind::hat, Kind::box_unequal) ? 2 : 1;
 }
 
 Flange TopFlange(const ProjectState& s)
@@ -65,18 +67,14 @@ Flange TopFlange(const ProjectState& s)
 
 Flange BottomFlange(const ProjectState& s)
 {
-    switch (s.family) {
-    case 24:
-    case 27:
-        return {s.tbot, s.cbotin, s.cbotout, s.cbotout};
-    case 25:  // unlike overhangs at the closed and the open side
-        return {s.tbot, s.cbotin, s.p25.istc, s.cbotout};
-    case 52:
-    case 53:
-        return {s.tbot, 0, s.cbot, 0};
-    default:
-        return {s.tbot, 0, s.cbot, s.cbot};
+    const SectionForm& shape = Traits(s).shape;
+    if (Webs(s) == 2) {  // overhangs may differ at the closed and the open side
+        const bool onesided = shape.lower == LowerFlange::one_side;
+        return {s.tbot, s.cbotin, onesided ? s.p25.istc : s.cbotout, s.cbotout};
     }
+    const bool angle =
+        shape.stiffener == Stiffener::rolled_angle || shape.stiffener == Stiffener::welded_angle;
+    return {s.tbot, 0, s.cbot, angle ? 0 : s.cbot};
 }
 
 }  // namespace kestrum

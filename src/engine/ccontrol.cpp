@@ -4,15 +4,10 @@
 #include "core/arithmetic_trap.h"
 #include "design/section_control.h"
 #include "engine/family_routines.h"
+#include "sections/families.h"
 #include "stability/buckling_control.h"
 
 namespace kestrum {
-
-namespace {
-
-constexpr int kT = 26;
-
-}  // namespace
 
 void CalcControl(ProjectState& s)
 {
@@ -26,7 +21,7 @@ void CalcControl(ProjectState& s)
     if (routines == nullptr) {
         return;
     }
-    if (s.family == kT) {
+    if (Is(s, Kind::tee)) {
         ClearInvalidLoads(s);  // end forces do not pass the clearing of the analysis
     }
     if (routines->control_without_n) {

@@ -1,21 +1,14 @@
 #include "engine/csection.h"
 
 #include "core/material.h"
-#include "design/p01bas_rolled_i.h"
 #include "engine/family_routines.h"
+#include "sections/families.h"
 
 namespace kestrum {
 
 namespace {
 
 constexpr i16 kGeneralCurve = 2;
-constexpr i16 kParallelFlangeChannel = 2;  // series103
-
-// Of the British channels only the series CH runs the web shear routine here.
-bool WithWebShear(const FamilyRoutines& routines, const ProjectState& s)
-{
-    return routines.webshear && !(s.family == 103 && s.series103 == kParallelFlangeChannel);
-}
 
 void SetLateralBuckling(ProjectState& s, LateralBuckling lateral)
 {
@@ -41,20 +34,18 @@ void CalcSection(const Library& library, ProjectState& s)
     if (routines == nullptr) {
         return;
     }
-    s.openprofile = routines->open ? kTrue : kFalse;
-    if (routines->transverse_only) {
+    const FamilyTraits& family = Traits(s);
+    s.openprofile = family.design.open ? kTrue : kFalse;
+    if (!family.carries.loads.n) {
         s.ned = 0;
     }
-    routines->properties(library, s);
+    family.properties(library, s);
     SetMaterial(library, s, s.fykindex);  // after the properties: tmax chooses the strength
     if (routines->effective != nullptr) {
         routines->effective(s);
     }
-    if (WithWebShear(*routines, s)) {
-        CalcShearZ(s);
-    }
     routines->resistance(s);
-    SetLateralBuckling(s, routines->lateral);
+    SetLateralBuckling(s, family.design.lateral);
 }
 
 }  // namespace kestrum

@@ -2,41 +2,26 @@
 
 #include "core/load_combination.h"
 #include "design/shear.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace kestrum {
 
-bool IsRolledOrWeldedI(int family)
+bool IsDoublySymmetricI(const ProjectState& s)
 {
-    return (family >= 1 && family <= 4) || family == 15 || family == 21 || family == 101 ||
-           family == 102;
+    return Is(s, Kind::i_rolled, Kind::i_welded);
 }
 
-bool IsChannel(int family)
+bool IsHollowOrBox(const ProjectState& s)
 {
-    return family == 5 || family == 16 || family == 103;
+    return Is(s, Kind::hollow, Kind::box);
 }
 
-bool IsHollowOrBox(int family)
+bool HasTwoPlatedFlanges(const ProjectState& s)
 {
-    return (family >= 6 && family <= 9) || family == 23;
-}
-
-bool IsAngle(int family)
-{
-    return family == 10 || family == 11;
-}
-
-bool IsHatBeam(int family)
-{
-    return family == 24 || family == 25;
-}
-
-bool IsPlate(int family)
-{
-    return (family >= 51 && family <= 54) || family == 56;
+    return !Is(s, Kind::none) && Traits(s).shape.lower != LowerFlange::none;
 }
 
 double LargestVz(const ProjectState& s)

@@ -7,12 +7,12 @@
 
 namespace kestrum {
 
-bool IsRolledOrWeldedI(int family);  // 1 to 4, 15, 21, 101, 102
-bool IsChannel(int family);          // 5, 16, 103
-bool IsHollowOrBox(int family);      // 6 to 9, 23
-bool IsAngle(int family);            // 10, 11
-bool IsHatBeam(int family);          // 24, 25
-bool IsPlate(int family);            // 51 to 54, 56
+// I sections, rolled or of equal flanges; hollow sections of the tables and of plates.
+bool IsDoublySymmetricI(const ProjectState& s);
+bool IsHollowOrBox(const ProjectState& s);
+
+// Sections of plates with unequal flanges, both present.
+bool HasTwoPlatedFlanges(const ProjectState& s);
 
 double LargestVz(const ProjectState& s);  // kN
 double LargestVy(const ProjectState& s);

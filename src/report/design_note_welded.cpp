@@ -7,6 +7,7 @@
 #include "design/shear.h"
 #include "design/welded_side.h"
 #include "report/design_note_facts.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,7 +28,7 @@ bool PlasticWeb(const ProjectState& s, const WeldedSide& side, double n, bool st
 bool PlasticByClearHeight(const ProjectState& s, const WeldedSide& side, i16 cls)
 {
     const bool alone = cls <= 2 && PlasticWeb(s, side, 0, false) && !PlasticWeb(s, side, 0, true);
-    const bool withn = s.family == 22 && s.ned != 0 && PlasticWeb(s, side, s.ned, false) &&
+    const bool withn = Is(s, Kind::i_single) && s.ned != 0 && PlasticWeb(s, side, s.ned, false) &&
                        !PlasticWeb(s, side, s.ned, true);
     return side.webin > 0 && (alone || withn);
 }
@@ -48,9 +49,7 @@ bool AxialForceLowersMoment(const ProjectState& s)
 // Sections of plates whose flanges take part in the shear buckling resistance.
 bool FlangesHelpInShear(const ProjectState& s)
 {
-    const bool plated = s.family == 21 || s.family == 22 || IsHatBeam(s.family) || s.family == 27 ||
-                        (IsPlate(s.family) && s.family != 51);
-    return plated && s.mfrd > 0 && WebBucklesInShear(s);
+    return (Is(s, Kind::i_welded) || HasTwoPlatedFlanges(s)) && s.mfrd > 0 && WebBucklesInShear(s);
 }
 
 // The effective section of 6.2.2.4 has lost some web, and its plastic axis lies in the other
@@ -65,9 +64,7 @@ bool AxisInTheOtherFlange(const ProjectState& s, double compressed, double other
 
 bool PlasticByClearHeight(const ProjectState& s)
 {
-    const bool covered = s.family == 22 || IsHatBeam(s.family) || s.family == 27 ||
-                         (IsPlate(s.family) && s.family != 51);
-    if (!covered || s.checkelastic == kTrue || !(s.d > 0)) {
+    if (!HasTwoPlatedFlanges(s) || s.checkelastic == kTrue || !(s.d > 0)) {
         return false;
     }
     return (s.mymax > 0 && PlasticByClearHeight(s, TopSide(s), s.classmytop)) ||
@@ -76,7 +73,7 @@ bool PlasticByClearHeight(const ProjectState& s)
 
 bool TakenAsDoublySymmetric(const ProjectState& s)
 {
-    if (s.family != 22 || (s.btop == s.bbot && s.ttop == s.tbot)) {
+    if (!Is(s, Kind::i_single) || (s.btop == s.bbot && s.ttop == s.tbot)) {
         return false;
     }
     const bool plastic = s.ned != 0 && s.checkconsercontrol != kTrue;
@@ -113,7 +110,7 @@ bool FlangeOfShearIsWide(const ProjectState& s)
         return false;
     }
     const double eps = s.eps;
-    if (s.family == 21 || s.family == 22) {
+    if (Is(s, Kind::i_welded, Kind::i_single)) {
         return s.b > 30 * eps * s.tf + s.tw;
     }
     const bool top = 1.0 * s.btop * s.ttop * s.ttop < 1.0 * s.bbot * s.tbot * s.tbot;
@@ -123,7 +120,7 @@ bool FlangeOfShearIsWide(const ProjectState& s)
 
 bool FlangeMomentIsHigh(const ProjectState& s)
 {
-    if (!FlangesHelpInShear(s) || s.family == 21 || s.family == 27 || !BendsAboutY(s)) {
+    if (!FlangesHelpInShear(s) || Is(s, Kind::i_welded, Kind::box_unequal) || !BendsAboutY(s)) {
         return false;
     }
     const double weaker = std::min(1.0 * s.btop * s.ttop, 1.0 * s.bbot * s.tbot);  // mm2
@@ -133,14 +130,14 @@ bool FlangeMomentIsHigh(const ProjectState& s)
 
 bool ShearAreaOfOneFlange(const ProjectState& s)
 {
-    constexpr int kT = 26, kPlateWithFlatBar = 51;
-    return (s.family == kT || s.family == kPlateWithFlatBar) && LargestVz(s) != 0 &&
-           StockyInShear(s, s.hw, s.tw) && s.neta * s.hw > s.hw + s.ttop / 2.0;
+    const bool flatbar = Traits(s).shape.stiffener == Stiffener::flat_bar;
+    return (Is(s, Kind::tee) || flatbar) && LargestVz(s) != 0 && StockyInShear(s, s.hw, s.tw) &&
+           s.neta * s.hw > s.hw + s.ttop / 2.0;
 }
 
 bool UpgradeIsHigh(const ProjectState& s)
 {
-    if (!IsHatBeam(s.family)) {
+    if (!Is(s, Kind::hat)) {
         return false;
     }
     const double top = 1.0 * s.btop * s.ttop, bottom = 1.0 * s.bbot * s.tbot;  // mm2

@@ -4,6 +4,7 @@
 #include "core/annexes.h"
 #include "core/load_combination.h"
 #include "report/design_note_facts.h"
+#include "sections/families.h"
 #include "service/vortex.h"
 
 #include <algorithm>
@@ -161,18 +162,16 @@ bool VortexChecked(const ProjectState& s)
     return VortexFamily(s.family) && s.vcrit != 0;
 }
 
-bool HasShearAreaFactor(int family)
+bool HasShearAreaFactor(const ProjectState& s)
 {
-    return IsRolledOrWeldedI(family) || IsChannel(family) || IsHollowOrBox(family) ||
-           IsHatBeam(family) || IsPlate(family) || family == 22 || family == 26 || family == 27 ||
-           family == 41;
+    return !Is(s, Kind::none, Kind::angle, Kind::tube, Kind::flat);
 }
 
 bool ShearAreaFactorOfALowerSteel(const ProjectState& s)
 {
     constexpr float kOrdinarySteel = 460;  // MPa
     return s.annexindex != kAnnexUd && s.fyk > kOrdinarySteel && s.neta > 1 &&
-           HasShearAreaFactor(s.family) && (LargestVz(s) > 0 || LargestVy(s) > 0);
+           HasShearAreaFactor(s) && (LargestVz(s) > 0 || LargestVy(s) > 0);
 }
 
 // Grades of the delivered list whose strength over 40 mm is that up to 40 mm.

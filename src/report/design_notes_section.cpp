@@ -6,6 +6,7 @@
 #include "report/design_note_facts.h"
 #include "report/design_note_welded.h"
 #include "report/design_notes.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,7 +18,7 @@ namespace {
 
 bool IsIOrChannel(const ProjectState& s)
 {
-    return IsRolledOrWeldedI(s.family) || IsChannel(s.family);
+    return IsDoublySymmetricI(s) || Is(s, Kind::channel);
 }
 
 // Some action that meets class 4, of the class of each action alone.
@@ -52,7 +53,7 @@ bool PlasticMyMz(const ProjectState& s)
 // Channels: Mz may compress a web that then is no longer of class 2.
 bool WebCompressedByMzIsSlender(const ProjectState& s)
 {
-    return IsChannel(s.family) && BendsAboutZ(s) && !(s.ned > 0) && s.classmz <= 2 &&
+    return Is(s, Kind::channel) && BendsAboutZ(s) && !(s.ned > 0) && s.classmz <= 2 &&
            s.checkelastic != kTrue && 1.0 * s.d / s.tw >= 38 * s.eps;
 }
 
@@ -103,7 +104,7 @@ bool FlangeClassThreeOfWholeFlange(const ProjectState& s)
     if (s.ned == 0) {
         return false;
     }
-    if (s.family == 22) {
+    if (Is(s, Kind::i_single)) {
         return ClassThreeOfWholeFlange(s, s.btop, s.ctop, s.ttop) ||
                ClassThreeOfWholeFlange(s, s.bbot, s.cbot, s.tbot);
     }
@@ -128,7 +129,7 @@ bool WebClassOfClearHeight(const ProjectState& s)
 
 bool TensionOnOneWeb(const ProjectState& s)
 {
-    if (!IsHollowOrBox(s.family) || !(s.ned < 0) || !BendsAboutY(s)) {
+    if (!IsHollowOrBox(s) || !(s.ned < 0) || !BendsAboutY(s)) {
         return false;
     }
     const double yielding = -s.ned * 1000 / (1.0 * s.hw * s.tw * s.fyk);
@@ -140,7 +141,7 @@ bool TensionOnOneWeb(const ProjectState& s)
 
 bool OverhangWorseThanItsClass(const ProjectState& s)
 {
-    if (s.family != 23 || s.bo == 0) {
+    if (!Is(s, Kind::box) || s.bo == 0) {
         return false;
     }
     const i16 cls = ClassOutstand(s, s.bo, s.tf);
@@ -154,12 +155,12 @@ bool OverhangWorseThanItsClass(const ProjectState& s)
 bool FlangesCountTooLittle(const ProjectState& s)
 {
     const auto share = [&](double t) { return std::min((s.a - 2.0 * s.b * t) / s.a, 0.5); };
-    return s.family == 23 && PlasticNMy(s) && share(s.tw) > share(s.tf);
+    return Is(s, Kind::box) && PlasticNMy(s) && share(s.tw) > share(s.tf);
 }
 
 bool BottomOutstandWorse(const ProjectState& s)
 {
-    if (!IsHatBeam(s.family) || !(s.mymin < 0)) {
+    if (!Is(s, Kind::hat) || !(s.mymin < 0)) {
         return false;
     }
     const Flange flange = BottomFlange(s);
@@ -170,7 +171,7 @@ bool BottomOutstandWorse(const ProjectState& s)
 
 bool SlenderWebBends(const ProjectState& s)
 {
-    if (s.family != 22 || s.checkwebbuck == kTrue) {
+    if (!Is(s, Kind::i_single) || s.checkwebbuck == kTrue) {
         return false;
     }
     return (s.mymax > 0 && s.classmytop == 4 && ClassWebBent(s, TopSide(s)) == 4) ||
@@ -189,17 +190,14 @@ bool BetweenElasticLimits(const ProjectState& s, const WeldedSide& side)
 
 bool WebElasticLimitIsHigh(const ProjectState& s)
 {
-    const bool covered = s.family == 22 || IsHatBeam(s.family) || s.family == 27 ||
-                         (IsPlate(s.family) && s.family != 51);
-    return covered && ((s.mymax > 0 && BetweenElasticLimits(s, TopSide(s))) ||
-                       (s.mymin < 0 && BetweenElasticLimits(s, BottomSide(s))));
+    return HasTwoPlatedFlanges(s) && ((s.mymax > 0 && BetweenElasticLimits(s, TopSide(s))) ||
+                                      (s.mymin < 0 && BetweenElasticLimits(s, BottomSide(s))));
 }
 
 // The axial end force stands in its box and is not taken; rows of loads are emptied.
 bool AxialForceLeftAside(const ProjectState& s)
 {
-    const bool covered = IsHatBeam(s.family) || s.family == 27 || IsPlate(s.family);
-    return covered && s.loadmode == 0 && s.ne != 0;
+    return !Traits(s).carries.loads.n && s.loadmode == 0 && s.ne != 0;
 }
 
 // The limits 11 and 15 eps let pass what 10 and 14 eps do not.
@@ -214,8 +212,8 @@ bool LimitsOfTheTAct(const ProjectState& s)
 {
     const bool flange = PassesByTheT(s, 1.0 * s.cflange / s.tf);
     const bool web = PassesByTheT(s, 1.0 * s.hw / s.tw);
-    return s.family == 26 && ((s.mymax > 0 && flange) || (s.mymin < 0 && web) ||
-                              (s.ned > 0 && s.classn == 3 && (flange || web)));
+    return Is(s, Kind::tee) && ((s.mymax > 0 && flange) || (s.mymin < 0 && web) ||
+                                (s.ned > 0 && s.classn == 3 && (flange || web)));
 }
 
 bool HighShear(const ProjectState& s)
@@ -240,24 +238,23 @@ constexpr NoteRule kSections[] = {
     {"D34", WebCompressedByMzIsSlender,
      "Where Mz compresses the web of the channel, EN 1993-1-1, Table 5.2 gives it class 3 or worse "
      "and the elastic modulus; the plastic one is used."},
-    {"D53",
-     [](const ProjectState& s) { return s.family >= 6 && s.family <= 9 && ClassFourActs(s); },
+    {"D53", [](const ProjectState& s) { return Is(s, Kind::hollow) && ClassFourActs(s); },
      "Effective widths of the hollow section are based on the flat between the corners; EN "
      "1993-1-5, 4.4 (2) takes the wider b - 3t."},
     {"D55",
-     [](const ProjectState& s) { return IsAngle(s.family) && (BendsAboutY(s) || BendsAboutZ(s)); },
+     [](const ProjectState& s) { return Is(s, Kind::angle) && (BendsAboutY(s) || BendsAboutZ(s)); },
      "Stresses about the principal axes are found at mid-thickness of the leg tips; the outermost "
      "corner of a tip can be stressed higher."},
     {"D56",
      [](const ProjectState& s) {
          constexpr i16 kOwnStrength = 26;  // last row of the delivered material list
-         return s.family == 41 && s.fykindex < kOwnStrength;
+         return Is(s, Kind::general) && s.fykindex < kOwnStrength;
      },
      "The yield strength is that for thickness up to 40 mm; with thicker parts enter the lower "
      "value of EN 1993-1-1, Table 3.1 as own value."},
     {"D154",
      [](const ProjectState& s) {
-         return (IsIOrChannel(s) || s.family == 22) && s.ned != 0 && s.mfrd > 0 &&
+         return (IsIOrChannel(s) || Is(s, Kind::i_single)) && s.ned != 0 && s.mfrd > 0 &&
                 WebBucklesInShear(s);
      },
      "The flange part of the shear buckling resistance is hardly reduced for the axial force (EN "
@@ -273,31 +270,31 @@ constexpr NoteRule kSections[] = {
      "although there are no stiffeners and the supports are further apart."},
     {"D160",
      [](const ProjectState& s) {
-         return IsRolledOrWeldedI(s.family) && s.classmz == 4 && BendsAboutZ(s) && s.weffz < s.welz;
+         return IsDoublySymmetricI(s) && s.classmz == 4 && BendsAboutZ(s) && s.weffz < s.welz;
      },
      "The effective modulus about z is that of the tension edge; EN 1993-1-5 takes the compressed "
      "edge, which gives a smaller one."},
     {"D161",
      [](const ProjectState& s) {
-         return (IsIOrChannel(s) || s.family == 22) && BendsAboutZ(s) &&
+         return (IsIOrChannel(s) || Is(s, Kind::i_single)) && BendsAboutZ(s) &&
                 LargestVy(s) > 0.5 * s.vyrd;
      },
      "The moment resistance about z is reduced for shear by half of what EN 1993-1-1, 6.2.8 (3) "
      "gives."},
     {"D162",
      [](const ProjectState& s) {
-         return IsChannel(s.family) && s.classmz == 4 && BendsAboutZ(s) &&
+         return Is(s, Kind::channel) && s.classmz == 4 && BendsAboutZ(s) &&
                 s.checkflangebuck != kTrue;
      },
      "The flanges' local buckling is not taken into account in bending about z."},
     {"D163",
      [](const ProjectState& s) {
-         return IsChannel(s.family) && (PlasticNMy(s) || PlasticNMz(s) || PlasticMyMz(s));
+         return Is(s, Kind::channel) && (PlasticNMy(s) || PlasticNMz(s) || PlasticMyMz(s));
      },
      "Combined forces are checked with the formulas of doubly symmetric I sections; choose the "
      "conservative control for EN 1993-1-1, 6.2.1 (7)."},
     {"D164",
-     [](const ProjectState& s) { return IsChannel(s.family) && s.classn == 4 && s.ned > 0; },
+     [](const ProjectState& s) { return Is(s, Kind::channel) && s.classn == 4 && s.ned > 0; },
      "The shift of the centroid of the effective section in compression is not taken into account "
      "(EN 1993-1-1, 6.2.9.3 (2))."},
     {"D165", WebClassOfClearHeight,
@@ -314,37 +311,44 @@ constexpr NoteRule kSections[] = {
      "thickness of the webs, which is above EN 1993-1-1, 6.2.9.1 (5)."},
     {"D172",
      [](const ProjectState& s) {
-         return IsHollowOrBox(s.family) && s.gammam1 > s.gammam0 && LargestVy(s) != 0 &&
+         return IsHollowOrBox(s) && s.gammam1 > s.gammam0 && LargestVy(s) != 0 &&
                 !StockyInShear(s, s.bw, s.tf);
      },
      "The resistance of slender flanges to Vy rests on gammaM0; EN 1993-1-5, 5.2 takes gammaM1."},
     {"D173",
      [](const ProjectState& s) {
-         return s.family == 41 && s.ned > 0 && s.classn > 2 && (PlasticNMy(s) || PlasticNMz(s));
+         return Is(s, Kind::general) && s.ned > 0 && s.classn > 2 &&
+                (PlasticNMy(s) || PlasticNMz(s));
      },
      "The class entered for N is not read where N acts with moments; the plastic interaction is "
      "used by the class of the moment."},
     {"D175",
-     [](const ProjectState& s) { return s.family == 31 && s.classn > 3 && CompressedOrBent(s); },
+     [](const ProjectState& s) { return Is(s, Kind::tube) && s.classn > 3 && CompressedOrBent(s); },
      "The tube is of section class 4, and local buckling is not taken into account."},
     {"D176",
-     [](const ProjectState& s) { return s.family == 31 && LargestVz(s) != 0 && LargestVy(s) != 0; },
+     [](const ProjectState& s) {
+         return Is(s, Kind::tube) && LargestVz(s) != 0 && LargestVy(s) != 0;
+     },
      "Vz and Vy of the tube are controlled one by one and not as their resultant."},
-    {"D177", [](const ProjectState& s) { return s.family == 28 && s.ned < 0 && PlasticNMy(s); },
+    {"D177", [](const ProjectState& s) { return Is(s, Kind::flat) && s.ned < 0 && PlasticNMy(s); },
      "The tension does not reduce the moment resistance of the flat bar; EN 1993-1-1, 6.2.9.1 (3) "
      "does."},
     {"D179",
-     [](const ProjectState& s) { return (IsAngle(s.family) || s.family == 41) && HighShear(s); },
+     [](const ProjectState& s) {
+         return (Is(s, Kind::angle) || Is(s, Kind::general)) && HighShear(s);
+     },
      "Shear exceeds half the resistance and does not reduce the moment resistance; EN 1993-1-1, "
      "6.2.8 does."},
     {"D180",
-     [](const ProjectState& s) { return s.family == 41 && PlasticNMy(s) && s.aweb > 0.5 * s.a; },
+     [](const ProjectState& s) {
+         return Is(s, Kind::general) && PlasticNMy(s) && s.aweb > 0.5 * s.a;
+     },
      "The web is more than half of the area; its share in the moment resistance beside the axial "
      "force is not held at 0.5 as in EN 1993-1-1, 6.2.9.1 (5)."},
     {"D181",
      [](const ProjectState& s) {
          const bool slender = s.classn == 4 || s.h > 15 * s.eps * s.tw;
-         return IsAngle(s.family) && slender && CompressedOrBent(s);
+         return Is(s, Kind::angle) && slender && CompressedOrBent(s);
      },
      "The legs of the angle are slender; its moment resistance is not reduced for local buckling, "
      "and its area by the straight parts of the legs only."},
@@ -357,7 +361,7 @@ constexpr NoteRule kSections[] = {
      "gives a worse class."},
     {"D185",
      [](const ProjectState& s) {
-         return IsHatBeam(s.family) && s.hsqopt == 0 && s.qsum != 0 && s.flangefactor != 0;
+         return Is(s, Kind::hat) && s.hsqopt == 0 && s.qsum != 0 && s.flangefactor != 0;
      },
      "The load on the bottom flange is taken to act 60 mm from the web."},
     {"D188", WebElasticLimitIsHigh,
@@ -372,7 +376,7 @@ constexpr NoteRule kSections[] = {
      "conservative control is safe."},
     {"D191",
      [](const ProjectState& s) {
-         return IsHatBeam(s.family) && s.flangefactor > 0 && s.flangefactor < 1;
+         return Is(s, Kind::hat) && s.flangefactor > 0 && s.flangefactor < 1;
      },
      "The bottom flange is taken to resist 1.75 times its elastic plate moment, and My,Rd is "
      "lowered by half of the rest only."},
@@ -381,27 +385,23 @@ constexpr NoteRule kSections[] = {
      "10 and 14 eps."},
     {"D196",
      [](const ProjectState& s) {
-         return IsPlate(s.family) && s.ltb == 1 && !s.ltline.empty() && s.mydesignf < 0;
+         return Is(s, Kind::plate) && s.ltb == 1 && !s.ltline.empty() && s.mydesignf < 0;
      },
      "The critical moment is that of a stiffener tripping about a root that the plate holds in "
      "place."},
     {"D197",
      [](const ProjectState& s) {
-         return (s.family == 25 || (s.family >= 52 && s.family <= 54)) && BendsAboutY(s);
+         return Traits(s).shape.lower == LowerFlange::one_side && BendsAboutY(s);
      },
      "Bending is taken about y; the section has no symmetry about z and must be held sideways."},
     {"D198",
      [](const ProjectState& s) {
-         return (s.family == 22 || s.family == 26) && s.classn == 4 && s.ned > 0;
+         return Is(s, Kind::i_single, Kind::tee) && s.classn == 4 && s.ned > 0;
      },
      "The shift of the centroid of the effective section in compression is not taken into account "
      "(EN 1993-1-1, 6.2.9.3 (2))."},
     {"D199",
-     [](const ProjectState& s) {
-         const bool covered = s.family == 22 || IsHatBeam(s.family) || s.family == 27 ||
-                              (IsPlate(s.family) && s.family != 51);
-         return covered && SpacingWithoutStiffeners(s);
-     },
+     [](const ProjectState& s) { return HasTwoPlatedFlanges(s) && SpacingWithoutStiffeners(s); },
      "The flange part of the shear buckling resistance rests on the entered stiffener spacing, "
      "although there are no stiffeners and the supports are further apart."},
 };

@@ -3,6 +3,7 @@
 #include "report/design_note_facts.h"
 #include "report/design_notes.h"
 #include "report/stages.h"
+#include "sections/families.h"
 #include "stability/buckling_resistance.h"
 #include "stability/buckling_rows.h"
 #include "stability/cvipping.h"
@@ -103,8 +104,8 @@ bool TableOfKcGivesLess(const ProjectState& s)
 
 bool RolledCurveInUse(const ProjectState& s)
 {
-    return LateralControlled(s) && s.ltbcurve == kRolledCurve && s.family != 28 &&
-           !IsPlate(s.family);
+    return LateralControlled(s) && s.ltbcurve == kRolledCurve && !Is(s, Kind::flat) &&
+           !Is(s, Kind::plate);
 }
 
 // The flexural curves of 6.3.1 are in use, and at least one was chosen by the table.
@@ -115,12 +116,12 @@ bool AutomaticCurve(const ProjectState& s)
 
 double FlexuralMinimum(const ProjectState& s)
 {
-    return IsAngle(s.family) ? std::min(s.ncrv, s.ncru) : std::min(s.ncry, s.ncrz);
+    return Is(s, Kind::angle) ? std::min(s.ncrv, s.ncru) : std::min(s.ncry, s.ncrz);
 }
 
 bool TorsionWouldGovern(const ProjectState& s)
 {
-    if (s.openprofile != kTrue || IsPlate(s.family) || !(s.ned > 0) || s.yline.empty()) {
+    if (s.openprofile != kTrue || Is(s, Kind::plate) || !(s.ned > 0) || s.yline.empty()) {
         return false;
     }
     const TorsionalForces own = OwnTorsionalForces(s);
@@ -153,8 +154,9 @@ i16 WorstClass(const ProjectState& s)
 
 bool Table62HighStrength(const ProjectState& s)
 {
-    return (s.family >= 1 && s.family <= 4) || s.family == 6 || s.family == 7 || s.family == 15 ||
-           s.family == 101 || s.family == 102 || (s.family == 31 && s.tubehot == 1);
+    const FlexuralCurves curves = Traits(s).design.curves;
+    return curves == FlexuralCurves::rolled_i || curves == FlexuralCurves::hot_hollow ||
+           (curves == FlexuralCurves::tube && s.tubehot == 1);
 }
 
 constexpr NoteRule kStability[] = {
@@ -173,14 +175,15 @@ constexpr NoteRule kStability[] = {
      "ones."},
     {"D204",
      [](const ProjectState& s) {
-         return AutomaticCurve(s) && s.family == 23 && s.weldopt == 1 && s.b < 30 * s.tf &&
+         return AutomaticCurve(s) && Is(s, Kind::box) && s.weldopt == 1 && s.b < 30 * s.tf &&
                 s.h < 30 * s.tw;
      },
      "Curve b is used for a box with thick welds and stocky plates; Table 6.2 gives c."},
     {"D205",
      [](const ProjectState& s) {
          constexpr double kCurveC = 0.49;
-         return s.family == 103 && s.ned > 0 && !s.yline.empty() &&
+         return Is(s, Kind::channel) && Traits(s).design.curves == FlexuralCurves::none &&
+                s.ned > 0 && !s.yline.empty() &&
                 ((s.bcy == 0 && s.alphay < kCurveC) || (s.bcz == 0 && s.alphaz < 0.49f));
      },
      "The automatic buckling curve of British channels is not set anew; choose curve c for both "
@@ -198,7 +201,7 @@ constexpr NoteRule kStability[] = {
      "come out too low."},
     {"D209",
      [](const ProjectState& s) {
-         return Interacts(s) && s.family == 22 && s.method == kAnnexA && s.ned > 0 &&
+         return Interacts(s) && Is(s, Kind::i_single) && s.method == kAnnexA && s.ned > 0 &&
                 s.mydesign != 0 && s.ncrz < s.ncry;
      },
      "The torsional-flexural critical force couples with buckling about y instead of z and may be "
@@ -213,8 +216,8 @@ constexpr NoteRule kStability[] = {
      "enter them by hand."},
     {"D212",
      [](const ProjectState& s) {
-         return LateralControlled(s) && s.family == 22 && s.beampart > 0 && !WholeMember(s) &&
-                (s.ltc3 > 1.02 || s.ltc3 < 0);
+         return LateralControlled(s) && Is(s, Kind::i_single) && s.beampart > 0 &&
+                !WholeMember(s) && (s.ltc3 > 1.02 || s.ltc3 < 0);
      },
      "The factor C3 of the governing segment lies in a range where the table used here is not "
      "continuous; compare the critical moment by other means."},
@@ -226,7 +229,7 @@ constexpr NoteRule kStability[] = {
      "A load below the shear centre is taken as stabilising; an upward load there destabilises."},
     {"D215",
      [](const ProjectState& s) {
-         return RolledCurveInUse(s) && (s.family == 21 || s.family == 41) &&
+         return RolledCurveInUse(s) && Is(s, Kind::i_welded, Kind::general) &&
                 (s.lamdalt0w < s.lamdalt0 || s.betaw > s.beta) && s.xlt < 1;
      },
      "Lateral torsional buckling of the welded section uses the parameters of rolled sections."},
@@ -270,12 +273,12 @@ constexpr NoteRule kStability[] = {
      "into class 3 or 4."},
     {"D224",
      [](const ProjectState& s) {
-         return Interacts(s) && s.family == 22 && s.method == kAnnexB && s.classmy <= 2 &&
+         return Interacts(s) && Is(s, Kind::i_single) && s.method == kAnnexB && s.classmy <= 2 &&
                 s.mzdesign != 0;
      },
      "The factors of Mz, kyz and kzz, are not set anew for this section in class 1 and 2; choose "
      "Annex A."},
-    {"D226", [](const ProjectState& s) { return IsAngle(s.family) && HasMoment(s); },
+    {"D226", [](const ProjectState& s) { return Is(s, Kind::angle) && HasMoment(s); },
      "Lateral torsional buckling of angles is not checked."},
     {"D228",
      [](const ProjectState& s) {
@@ -287,28 +290,28 @@ constexpr NoteRule kStability[] = {
      "control on."},
     {"D229",
      [](const ProjectState& s) {
-         return s.family == 28 && s.ltb == 1 && !(s.ned > 0) && s.mydesign != 0;
+         return Is(s, Kind::flat) && s.ltb == 1 && !(s.ned > 0) && s.mydesign != 0;
      },
      "Lateral torsional buckling of a flat bar is checked beside an axial compression only."},
     {"D230",
      [](const ProjectState& s) {
-         const bool shifts =
-             IsChannel(s.family) || IsAngle(s.family) || s.family == 22 || s.family == 26;
+         const bool shifts = Is(s, Kind::channel, Kind::angle, Kind::i_single, Kind::tee);
          return shifts && s.classn == 4 && s.ned > 0 && !s.yline.empty();
      },
      "The buckling check has no additional moment from the shift of the centroid in class 4."},
-    {"D231", [](const ProjectState& s) { return s.family == 26 && s.ned > 0 && s.mydesign != 0; },
+    {"D231", [](const ProjectState& s) { return Is(s, Kind::tee) && s.ned > 0 && s.mydesign != 0; },
      "The moment of the self-weight is not combined with the axial force in the buckling check."},
     {"D233",
      [](const ProjectState& s) {
-         return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 && !IsPlate(s.family) &&
-                LoadLowersTheSegment(s) && (ShapeOfMomentsCounts(s) || (s.zg > 0 && s.xlt < 1));
+         return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 &&
+                !Is(s, Kind::plate) && LoadLowersTheSegment(s) &&
+                (ShapeOfMomentsCounts(s) || (s.zg > 0 && s.xlt < 1));
      },
      "The critical moment between lateral restraints takes a straight moment line and no load "
      "level; the loads there lower it."},
     {"D234",
      [](const ProjectState& s) {
-         return LateralControlled(s) && WholeMember(s) && !IsPlate(s.family) &&
+         return LateralControlled(s) && WholeMember(s) && !Is(s, Kind::plate) &&
                 s.cmanual == kFalse && s.c1alt == kFalse && MomentsOnPinnedEnds(s) &&
                 LtAlternativeC1(s) < (1 - 1e-3) * s.ltc1 && ShapeOfMomentsCounts(s);
      },

@@ -3,6 +3,7 @@
 #include "core/annexes.h"
 #include "report/design_note_facts.h"
 #include "report/stages.h"
+#include "sections/families.h"
 
 #include <cmath>
 
@@ -25,13 +26,14 @@ bool TorsionOfAnotherLength(const ProjectState& s)
 bool CurveOfAnotherSection(const ProjectState& s)
 {
     const bool automatic = (s.bcy == 0 && s.alphay != 0) || (s.bcz == 0 && s.alphaz != 0);
-    return s.family == 103 && StagesOf(s).axial && s.ned > 0 && automatic;
+    const bool none = Traits(s).design.curves == FlexuralCurves::none;
+    return Is(s, Kind::channel) && none && StagesOf(s).axial && s.ned > 0 && automatic;
 }
 
 // kzz and kyz of the single-symmetric I in class 1 and 2 (D224); after a start they are 0.
 bool FactorOfAnotherMember(const ProjectState& s)
 {
-    return s.family == 22 && StagesOf(s).interaction && s.method == kAnnexB && s.classmy <= 2 &&
+    return Is(s, Kind::i_single) && StagesOf(s).interaction && s.method == kAnnexB && s.classmy <= 2 &&
            s.mzdesign != 0 && s.kzz != 0;
 }
 

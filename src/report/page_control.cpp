@@ -7,6 +7,7 @@
 #include "report/page_quantities.h"
 #include "report/panel.h"
 #include "report/stages.h"
+#include "sections/families.h"
 #include "service/modal.h"
 #include "stability/buckling_rows.h"
 
@@ -85,7 +86,7 @@ std::string Joined(const std::vector<Quantity>& quantities)
 
 void ShortProfile(PageWriter& page, const Library& library, const ProjectState& s)
 {
-    double x = page.Write(kPageLeft, s.family == 41 ? "Identification: " : "Profile:   ",
+    double x = page.Write(kPageLeft, Is(s, Kind::general) ? "Identification: " : "Profile:   ",
                           {.bold = true, .size = kPageHeading});
     x = page.Write(x, ProfileText(library, s, true), {.bold = true, .size = kPageHeading});
     const std::string sizes = Joined(DimensionsOf(s));
@@ -97,7 +98,7 @@ void ShortProfile(PageWriter& page, const Library& library, const ProjectState& 
         page.Write(beside ? x + kGap : kPageLeft, sizes + " (mm)");
     }
     page.Row();
-    const bool plate = s.family >= 51 && s.family <= 56;  // Iz is that of the stiffener
+    const bool plate = Traits(s).lists.stiffener_iz;
     x = page.Write(kPageLeft, "A = " + FormatNum(s.a, "#0") +
                                   " mm2    Iy = " + FormatNum(s.iy, "0.000E+0") +
                                   " mm4    Iz = " + FormatNum(s.iz, "0.000E+0") + " mm4" +
@@ -171,7 +172,7 @@ struct AxisBuckling {
 
 void BucklingTable(PageWriter& page, const ProjectState& s, double right)
 {
-    const bool angle = s.family == 10 || s.family == 11;
+    const bool angle = Is(s, Kind::angle);
     const bool ran = StagesOf(s).axial;
     const AxisBuckling first =
         angle
@@ -234,7 +235,7 @@ void LateralParameters(PageWriter& page, const ProjectState& s, double left)
 
 void StabilityParameters(PageWriter& page, const ProjectState& s)
 {
-    const bool axial = HasBuckleBlock(s.family) && !(s.family >= 51 && s.family <= 56);
+    const bool axial = HasBuckleBlock(s.family) && !Is(s, Kind::plate);
     const double top = page.y();
     double bottom = top;
     if (axial) {

@@ -32,14 +32,12 @@ std::string Sizes(std::initializer_list<double> sizes)
 }
 
 // How a hollow section of the tables is made.
-std::string_view MakeText(int family, bool brief)
+std::string_view MakeText(Make make, bool brief)
 {
-    switch (family) {
-    case 6:
-    case 7:
+    switch (make) {
+    case Make::hot:
         return brief ? " (Hotf.)" : " (Hot finished)";
-    case 8:
-    case 9:
+    case Make::cold:
         return brief ? " (Coldf.)" : " (Cold formed)";
     default:
         return {};
@@ -50,14 +48,18 @@ std::string PlateText(const Library& library, const ProjectState& s)
 {
     const std::string plate = "Pl " + Sizes({s.btop, s.ttop});
     const double stiffener = 1.0 * s.h - s.ttop;
-    switch (s.family) {
-    case 51:
+    const auto row = [&] {
+        const Table table = TableOf(s);
+        return RowKey(library, table, s.row[static_cast<std::size_t>(table)]);
+    };
+    switch (Traits(s).shape.stiffener) {
+    case Stiffener::flat_bar:
         return plate + " + Fb " + Sizes({stiffener, s.tw});
-    case 52:
-    case 54:
-        return plate + (s.family == 52 ? " + L " : " + BF ") +
-               RowKey(library, TableOf(s), s.row[static_cast<std::size_t>(TableOf(s))]);
-    case 53:
+    case Stiffener::rolled_angle:
+        return plate + " + L " + row();
+    case Stiffener::bulb_flat:
+        return plate + " + BF " + row();
+    case Stiffener::welded_angle:
         return plate + " + L " + Sizes({stiffener, s.bbot, s.tw, s.tbot});
     default:
         return plate + " + T " + Sizes({stiffener, s.bbot, s.tw, s.tbot});
@@ -106,35 +108,34 @@ void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp
 
 std::string ProfileText(const Library& library, const ProjectState& s, bool brief)
 {
-    if (s.family >= 51 && s.family <= 56) {
+    const FamilyTraits& family = Traits(s);
+    if (family.shape.stiffener != Stiffener::none) {
         return PlateText(library, s);
     }
     if (HasTable(s.family)) {
         const Table table = TableOf(s);
         return RowName(library, table, s.row[static_cast<std::size_t>(table)]) +
-               std::string(MakeText(s.family, brief));
+               std::string(MakeText(family.shape.make, brief));
     }
-    switch (s.family) {
-    case 21:
-        return "I " + Sizes({s.h, s.b, s.tw, s.tf});
-    case 22:
-        return "I " + Sizes({s.h, s.btop, s.bbot, s.tw, s.ttop, s.tbot});
-    case 23:
-        return "Box " + Sizes({s.h, s.b, s.tw, s.tf});
-    case 24:
-        return "HSQ " + Sizes({s.h, s.btop, s.bbot, s.tw, s.ttop, s.tbot});
-    case 25:
-        return "HSQ " + Sizes({s.h, s.btop, s.bbot, s.tw, s.ttop, s.tbot}) + "  (Non symm fl)";
-    case 26:
-        return "T " + Sizes({s.h, s.btop, s.tw, s.ttop});
-    case 27:
-        return "Box " + Sizes({s.h, s.btop, s.bbot, s.tw, s.ttop, s.tbot}) + " (Single sym)";
-    case 28:
-        return "Fb " + Sizes({s.h, s.tw});
-    case 31:
-        return "Tube " + Sizes({s.d, s.tw}) +
-               (s.tubehot == 1 ? " (Hot finished)" : " (Cold formed)");
-    case 41:
+    const std::string name = std::string(family.text) + " ";
+    switch (family.kind) {
+    case Kind::i_welded:
+    case Kind::box:
+        return name + Sizes({s.h, s.b, s.tw, s.tf});
+    case Kind::i_single:
+        return name + Sizes({s.h, s.btop, s.bbot, s.tw, s.ttop, s.tbot});
+    case Kind::hat:
+        return name + Sizes({s.h, s.btop, s.bbot, s.tw, s.ttop, s.tbot}) +
+               (family.shape.lower == LowerFlange::one_side ? "  (Non symm fl)" : "");
+    case Kind::box_unequal:
+        return name + Sizes({s.h, s.btop, s.bbot, s.tw, s.ttop, s.tbot}) + " (Single sym)";
+    case Kind::tee:
+        return name + Sizes({s.h, s.btop, s.tw, s.ttop});
+    case Kind::flat:
+        return name + Sizes({s.h, s.tw});
+    case Kind::tube:
+        return name + Sizes({s.d, s.tw}) + (s.tubehot == 1 ? " (Hot finished)" : " (Cold formed)");
+    case Kind::general:
         return s.p41ident;
     default:
         return {};

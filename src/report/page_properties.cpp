@@ -2,6 +2,7 @@
 #include "report/page_header.h"
 #include "report/page_quantities.h"
 #include "report/section_figure.h"
+#include "sections/families.h"
 
 namespace kestrum {
 
@@ -28,8 +29,9 @@ PrintedReport PrintProperties(const Library& library, const ProjectState& s,
     PageHeader(page, s, stamp, kDesignTitle);
     MaterialRow(page, s);
 
-    const double name = page.Write(kPageLeft, s.family == 41 ? "Identification:  " : "Profile: ",
-                                   {.bold = true, .size = kPageHeading});
+    const double name =
+        page.Write(kPageLeft, Is(s, Kind::general) ? "Identification:  " : "Profile: ",
+                   {.bold = true, .size = kPageHeading});
     page.Write(name + 1.5, ProfileText(library, s, false), {.bold = true, .size = kPageHeading});
     page.Row(1.4);
 

@@ -1,6 +1,7 @@
 #include "report/page_quantities.h"
 
 #include "core/number_format.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <iterator>
@@ -74,7 +75,8 @@ constexpr Line kSingleI[] = {
     {"ez-el", Of<&S::zcog>, kTenth, kMm}, {"ez-pl", Of<&S::zpl>, kTenth, kMm}};
 std::string HsqOverhang(const ProjectState& s, std::string_view pattern)
 {
-    return FormatNum(s.family == 24 ? s.p24.hsqc : s.p25.istc, pattern);
+    const bool onesided = Traits(s).shape.lower == LowerFlange::one_side;
+    return FormatNum(onesided ? s.p25.istc : s.p24.hsqc, pattern);
 }
 constexpr Line kHsq[] = {{"h", Of<&S::h>, kTenth, kMm},      {"b1", Of<&S::btop>, kTenth, kMm},
                          {"b2", Of<&S::bbot>, kTenth, kMm},  {"tw", Of<&S::tw>, kTenth, kMm},
@@ -107,57 +109,45 @@ constexpr Line kPlateFlatBar[] = {
 
 std::span<const Line> DimensionLines(const ProjectState& s)
 {
-    switch (s.family) {
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-    case 15:
+    switch (Traits(s).lists.dimensions) {
+    case DimensionList::rolled_i:
         return kRolledI;
-    case 101:
-    case 102:
+    case DimensionList::british_i:
         return kBritishI;
-    case 21:
+    case DimensionList::welded_i:
         return kWeldedI;
-    case 5:
+    case DimensionList::channel:
         return kChannel;
-    case 16:
+    case DimensionList::tapered_channel:
         return kTaperedChannel;
-    case 103:
+    case DimensionList::british_channel:
         return s.r2 != 0 ? std::span<const Line>(kTaperedChannel) : kChannel;
-    case 6:
-    case 7:
-    case 8:
-    case 9:
+    case DimensionList::hollow:
         return kHollow;
-    case 23:
+    case DimensionList::box:
         return kBox;
-    case 10:
-    case 11:
+    case DimensionList::angle:
         return kAngle;
-    case 22:
+    case DimensionList::single_i:
         return kSingleI;
-    case 24:
-    case 25:
+    case DimensionList::hsq:
         return kHsq;
-    case 26:
+    case DimensionList::tee:
         return kT;
-    case 27:
+    case DimensionList::unequal_box:
         return kUnequalBox;
-    case 28:
+    case DimensionList::flat_bar:
         return kFlatBar;
-    case 31:
+    case DimensionList::tube:
         return kTube;
-    case 51:
-        return kPlateFlatBar;
-    case 52:
-    case 53:
-    case 54:
-    case 56:
+    case DimensionList::plate:
         return kStiffenedPlate;
-    default:
-        return {};
+    case DimensionList::plate_flat_bar:
+        return kPlateFlatBar;
+    case DimensionList::none:
+        break;
     }
+    return {};
 }
 
 constexpr Line kWeights[] = {{"G", Of<&S::weight>, "#0.0", "kg/m"},
@@ -188,26 +178,10 @@ constexpr Line kEffective[] = {{"Aeff", Of<&S::aeff>, kWhole, kMm2},
                                {"Weff,y", Of<&S::weffy>, kPower, kMm3},
                                {"Weff,z", Of<&S::weffz>, kPower, kMm3}};
 
-bool IsAngle(const ProjectState& s)
-{
-    return s.family == 10 || s.family == 11;
-}
-
-bool IsStiffenedPlate(const ProjectState& s)
-{
-    return s.family >= 51 && s.family <= 56;
-}
-
-// Sections of plates whose two faces differ.
-bool HasSides(const ProjectState& s)
-{
-    return s.family == 22 || (s.family >= 24 && s.family <= 27) || IsStiffenedPlate(s);
-}
-
 // Families that carry neither an axial force nor moments about z.
 bool BendsAboutYOnly(const ProjectState& s)
 {
-    return s.family == 24 || s.family == 25 || s.family == 27 || IsStiffenedPlate(s);
+    return !Traits(s).carries.offered.n;
 }
 
 // 23 is a class 3 web upgraded to class 2.
@@ -280,7 +254,7 @@ std::vector<Quantity> DimensionsOf(const ProjectState& s)
 std::vector<Quantity> WeightsOf(const ProjectState& s)
 {
     List list(s);
-    list.Add(std::span<const Line>(kWeights).first(s.family == 41 ? 1 : 2));
+    list.Add(std::span<const Line>(kWeights).first(Is(s, Kind::general) ? 1 : 2));
     return list.Take();
 }
 
@@ -288,9 +262,10 @@ std::vector<Quantity> SectionPropertiesOf(const ProjectState& s)
 {
     List list(s);
     list.Add(kArea);
-    const bool plate = IsStiffenedPlate(s);
+    const FamilyTraits& family = Traits(s);
+    const bool angle = family.kind == Kind::angle, plate = family.lists.stiffener_iz;
     list.Add(plate ? kStiffenerBending : kBending);
-    if (IsAngle(s)) {
+    if (angle) {
         list.Add(kPrincipal);
     }
     if (s.it != 0) {
@@ -299,10 +274,10 @@ std::vector<Quantity> SectionPropertiesOf(const ProjectState& s)
     if (s.iw != 0) {
         list.Add(kWarping);
     }
-    list.Add(plate         ? std::span<const Line>(kStiffenerSides)
-             : HasSides(s) ? kSides
-                           : std::span<const Line>(kElastic));
-    if (!IsAngle(s)) {
+    list.Add(plate                ? std::span<const Line>(kStiffenerSides)
+             : family.lists.sides ? kSides
+                                  : std::span<const Line>(kElastic));
+    if (!angle) {
         list.Add(s.wplz != 0 ? std::span<const Line>(kPlastic) : kPlasticY);
     }
     if (IsClassFour(s)) {
@@ -313,12 +288,12 @@ std::vector<Quantity> SectionPropertiesOf(const ProjectState& s)
 
 i16 ShownClassMy(const ProjectState& s)
 {
-    return s.family == 22 ? std::max(s.classmytop, s.classmybot) : s.classmy;
+    return Is(s, Kind::i_single) ? std::max(s.classmytop, s.classmybot) : s.classmy;
 }
 
 std::string_view ClassHeading(const ProjectState& s)
 {
-    return s.family == 26 ? "Cross Section Class: " : "Section class: ";
+    return Is(s, Kind::tee) ? "Cross Section Class: " : "Section class: ";
 }
 
 std::string ClassText(const ProjectState& s)
@@ -341,14 +316,14 @@ std::vector<Quantity> CapacitiesOf(const ProjectState& s)
         list.Add(kMomentSides);
         list.Add(kShearZ);
         list.Add(std::span<const Line>(kShearAreas).first(1));
-        if (s.family == 24 || s.family == 25) {
+        if (Is(s, Kind::hat)) {
             list.Add(kFlangeFactor);
         }
         return list.Take();
     }
     list.Add(kAxial);
     list.Add(kMoments);
-    if (IsAngle(s)) {
+    if (Is(s, Kind::angle)) {
         list.Add(kPointMoments);
     } else {
         list.Add(kPlasticMoments);
@@ -359,7 +334,7 @@ std::vector<Quantity> CapacitiesOf(const ProjectState& s)
     }
     list.Add(kShear);
     list.Add(kShearAreas);
-    if (s.family == 22) {
+    if (Is(s, Kind::i_single)) {
         list.Add(kMomentSides);
     }
     return list.Take();

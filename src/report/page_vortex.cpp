@@ -1,6 +1,7 @@
 #include "core/number_format.h"
 #include "report/page_header.h"
 #include "report/section_figure.h"
+#include "sections/families.h"
 #include "service/vortex.h"
 
 namespace kestrum {
@@ -22,18 +23,13 @@ void Value(PageWriter& page, std::string_view name, std::string_view value,
 std::string Profile(const ProjectState& s)
 {
     const auto size = [](float value) { return FormatNum(value, "##0.0"); };
-    switch (s.family) {
-    case 6:
-    case 7:
-        return "  RHS " + size(s.h) + "x" + size(s.b) + "x" + size(s.tw);
-    case 8:
-    case 9:
-        return "  CFRHS " + size(s.h) + "x" + size(s.b) + "x" + size(s.tw);
-    case 23:
-        return "  Box " + size(s.h) + "x" + size(s.b) + "x" + size(s.tw) + "x" + size(s.tf);
-    default:
-        return "  Tube " + size(s.d) + "x" + size(s.tw);
+    const FamilyTraits& family = Traits(s);
+    const std::string name = "  " + std::string(family.text) + " ";
+    if (family.kind == Kind::tube) {
+        return name + size(s.d) + "x" + size(s.tw);
     }
+    const std::string sides = name + size(s.h) + "x" + size(s.b) + "x" + size(s.tw);
+    return family.kind == Kind::box ? sides + "x" + size(s.tf) : sides;
 }
 
 std::string_view Restraint(int vortexcase)

@@ -3,6 +3,8 @@
 #include "core/load_combination.h"
 #include "core/number_format.h"
 #include "core/row_text.h"
+#include "engine/family_routines.h"
+#include "sections/families.h"
 
 #include <algorithm>
 
@@ -51,8 +53,7 @@ std::string CheckPoints(const ProjectState& s)
 // The load on the bottom flange of a hat beam lowers its moment resistance.
 bool FlangeLoadingCounts(const ProjectState& s)
 {
-    const bool hat = s.family == 24 || s.family == 25;
-    return hat && s.flangefactor > 0 && s.flangefactor < 1;
+    return Is(s, Kind::hat) && s.flangefactor > 0 && s.flangefactor < 1;
 }
 
 // Label and calculation of a buckling row of y or z. The signs stand between them, unless the row
@@ -166,11 +167,8 @@ PanelBlock DrawDeflectionBlock(const ProjectState& s, double& y)
 
 bool HasBuckleBlock(int family)
 {
-    constexpr int kNone[] = {24, 25, 27};
-    const bool listed = (family >= 1 && family <= 16) || (family >= 21 && family <= 28) ||
-                        family == 31 || family == 41 || (family >= 51 && family <= 56) ||
-                        (family >= 101 && family <= 103);
-    return listed && std::find(std::begin(kNone), std::end(kNone), family) == std::end(kNone);
+    const FamilyRoutines* const routines = FindRoutines(family);
+    return routines != nullptr && routines->buckling != nullptr;
 }
 
 std::vector<PanelBlock> ShowResults(const ProjectState& s, bool page)

@@ -1,5 +1,7 @@
 #include "report/section_outline.h"
 
+#include "sections/families.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -97,12 +99,12 @@ Taper TaperOf(const SectionShape& s)
     if (!s.tapered) {
         return {};
     }
-    switch (s.family) {
-    case 15:
+    switch (TraitsOf(s.family).shape.faces) {
+    case FlangeFaces::inp:
         return {0.14, s.b / 4};
-    case 16:
+    case FlangeFaces::unp:
         return s.h > 300 ? Taper{0.05, (s.b - s.tw) / 2} : Taper{0.08, s.b / 2};
-    case 102:
+    case FlangeFaces::joist:
         return {std::tan(8 * std::numbers::pi / 180), (s.b - s.tw) / 4};
     default:
         return {0.08, s.b / 2};
@@ -199,7 +201,9 @@ void Box(const SectionShape& s, TwoWebs x, double height, SectionOutline& o)
     const auto add = [&o](std::string_view letter, Side side, Point from, Point to) {
         o.dimensions.push_back({letter, side, from, to});
     };
-    if (s.family == 23) {
+    const FamilyTraits& family = TraitsOf(s.family);
+    const bool equal = family.kind == Kind::box;
+    if (equal) {
         add("b", Side::bottom, {x.bottom1, height}, {x.bottom2, height});
         add("tf", Side::right, {x.top2, 0}, {x.top2, under});
     } else {
@@ -208,9 +212,9 @@ void Box(const SectionShape& s, TwoWebs x, double height, SectionOutline& o)
         add("tf1", Side::right, {x.top2, 0}, {x.top2, under});
         add("tf2", Side::right, {x.bottom2, over}, {x.bottom2, height});
     }
-    if (s.over > 0 && s.family == 23) {
+    if (s.over > 0 && equal) {
         add("a", Side::top, {x.top1, 0}, {x.web1, 0});
-    } else if (s.over > 0 && s.family == 25) {
+    } else if (s.over > 0 && family.kind == Kind::hat) {
         add("c", Side::top, {x.bottom1, over}, {x.top1, 0});
     } else if (s.over > 0) {
         o.dimensions.push_back({"c", Side::bottom, {x.top1, under}, {x.web1, under}});
@@ -219,14 +223,16 @@ void Box(const SectionShape& s, TwoWebs x, double height, SectionOutline& o)
 
 TwoWebs WebsOf(const SectionShape& s)
 {
-    switch (s.family) {
-    case 24:  // the top flange covers the webs
-        return {0, s.btop, 0, s.btop, (s.btop - s.bbot) / 2, (s.btop + s.bbot) / 2};
-    case 25:  // the bottom flange reaches `over` beyond the closed side
+    const FamilyTraits& family = TraitsOf(s.family);
+    if (family.shape.lower == LowerFlange::one_side) {
+        // The bottom flange reaches `over` beyond the closed side.
         return {0, s.btop, 0, s.btop, -s.over, s.bbot - s.over};
-    default:
-        return {0, s.btop, s.over, s.btop - s.over, (s.btop - s.bbot) / 2, (s.btop + s.bbot) / 2};
     }
+    const double bottom1 = (s.btop - s.bbot) / 2, bottom2 = (s.btop + s.bbot) / 2;
+    if (family.kind == Kind::hat) {  // the top flange covers the webs
+        return {0, s.btop, 0, s.btop, bottom1, bottom2};
+    }
+    return {0, s.btop, s.over, s.btop - s.over, bottom1, bottom2};
 }
 
 // One web below a plate or flange: I of plates, T, plates with stiffeners. `left` and `right` are
@@ -253,10 +259,11 @@ void WebBelow(const SectionShape& s, double height, double flangeleft, double fl
     o.rings = {std::move(ring)};
 
     o.dimensions = {{"tw", Side::across, {left, 0}, {right, 0}}};
-    const bool plate = s.family > 50, two = s.tbot > 0;
+    const Stiffener stiffener = TraitsOf(s.family).shape.stiffener;
+    const bool plate = stiffener != Stiffener::none, two = s.tbot > 0;
     o.dimensions.push_back({"h", Side::left, {0, plate ? s.ttop : 0}, {0, height}});
     o.dimensions.push_back({two ? "b1" : "b", Side::top, {top1, 0}, {top2, 0}});
-    const bool rolled = s.family == 52;  // only the plate is entered
+    const bool rolled = stiffener == Stiffener::rolled_angle;  // only the plate is entered
     o.dimensions.push_back({rolled ? "t1" : "tf1", Side::right, {top2, 0}, {top2, s.ttop}});
     if (two) {
         o.dimensions.push_back(
@@ -336,54 +343,53 @@ void General(SectionOutline& o)
                         {15, 65, 25}})};
 }
 
+void StiffenedPlate(const SectionShape& s, Stiffener stiffener, SectionOutline& o)
+{
+    switch (stiffener) {
+    case Stiffener::none:
+    case Stiffener::flat_bar:
+        return WebBelow(s, s.h, 0, s.tw, o);
+    case Stiffener::rolled_angle:
+    case Stiffener::welded_angle:
+        return WebBelow(s, s.h, 0, s.bbot, o);
+    case Stiffener::bulb_flat:
+        return BulbFlat(s, o);
+    case Stiffener::tee:
+        return WebBelow(s, s.h, (s.bbot - s.tw) / 2, (s.bbot + s.tw) / 2, o);
+    }
+}
+
 void SetRings(const SectionShape& s, SectionOutline& o)
 {
-    switch (s.family) {
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-    case 15:
-    case 21:
-    case 101:
-    case 102:
+    const FamilyTraits& family = TraitsOf(s.family);
+    switch (family.kind) {
+    case Kind::i_rolled:
+    case Kind::i_welded:
         return RolledI(s, o);
-    case 5:
-    case 16:
-    case 103:
+    case Kind::channel:
         return Channel(s, o);
-    case 6:
-    case 7:
-    case 8:
-    case 9:
+    case Kind::hollow:
         return Hollow(s, o);
-    case 10:
-    case 11:
+    case Kind::angle:
         return AngleOutline(s, o);
-    case 22:
-    case 56:
+    case Kind::i_single:
         return WebBelow(s, s.h, (s.bbot - s.tw) / 2, (s.bbot + s.tw) / 2, o);
-    case 23:
-    case 27:
+    case Kind::box:
+    case Kind::box_unequal:
         return Box(s, WebsOf(s), s.h, o);
-    case 24:
-    case 25:  // h is that without the bottom flange
+    case Kind::hat:  // h is that without the bottom flange
         return Box(s, WebsOf(s), s.h + s.tbot, o);
-    case 26:
-    case 51:
+    case Kind::tee:
         return WebBelow(s, s.h, 0, s.tw, o);
-    case 52:
-    case 53:
-        return WebBelow(s, s.h, 0, s.bbot, o);
-    case 54:
-        return BulbFlat(s, o);
-    case 28:
+    case Kind::plate:
+        return StiffenedPlate(s, family.shape.stiffener, o);
+    case Kind::flat:
         return FlatBar(s, o);
-    case 31:
+    case Kind::tube:
         return Tube(s, o);
-    case 41:
+    case Kind::general:
         return General(o);
-    default:
+    case Kind::none:
         return;
     }
 }

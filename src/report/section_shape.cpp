@@ -1,11 +1,54 @@
 // The dimensions that an outline is drawn from: those of the section in hand, and typical ones.
 
 #include "report/section_outline.h"
+#include "sections/families.h"
 
 namespace kestrum {
 
+namespace {
+
+// Toes of the flanges: DIN 1025-1 and, about, BS 4-1; channels have theirs in the tables.
+double ToeRadius(const ProjectState& s, FlangeFaces faces)
+{
+    switch (faces) {
+    case FlangeFaces::inp:
+        return 0.6 * s.r;
+    case FlangeFaces::joist:
+        return 0.5 * s.r;
+    case FlangeFaces::unp:
+    case FlangeFaces::british_channel:
+        return s.r2;
+    case FlangeFaces::parallel:
+        break;
+    }
+    return 0;
+}
+
+bool Tapered(FlangeFaces faces, double toe)
+{
+    return faces == FlangeFaces::british_channel ? toe > 0 : faces != FlangeFaces::parallel;
+}
+
+void SetTypicalStiffener(Stiffener stiffener, SectionShape& s)
+{
+    switch (stiffener) {
+    case Stiffener::flat_bar:
+        s.tbot = s.bbot = 0;
+        break;
+    case Stiffener::bulb_flat:
+        s.bbot = 30;
+        s.tbot = 18;
+        break;
+    default:
+        s.bbot = 48;
+    }
+}
+
+}  // namespace
+
 SectionShape ShapeOf(const ProjectState& s)
 {
+    const FamilyTraits& family = Traits(s);
     SectionShape shape;
     shape.family = s.family;
     shape.h = s.h;
@@ -17,43 +60,32 @@ SectionShape ShapeOf(const ProjectState& s)
     shape.ttop = s.ttop;
     shape.bbot = s.bbot;
     shape.tbot = s.tbot;
-    switch (s.family) {
-    case 21:  // r is the weld leg
+    switch (family.kind) {
+    case Kind::i_welded:  // r is the weld leg
         break;
-    case 10:
-    case 11:  // EN 10056-1: toes are rounded with half the root radius
+    case Kind::angle:  // EN 10056-1: toes are rounded with half the root radius
         shape.r = s.r;
         shape.r2 = s.r / 2.0;
         break;
-    case 15:  // DIN 1025-1
+    case Kind::i_rolled:
+    case Kind::channel:
         shape.r = s.r;
-        shape.r2 = 0.6 * s.r;
-        shape.tapered = true;
+        shape.r2 = ToeRadius(s, family.shape.faces);
+        shape.tapered = Tapered(family.shape.faces, shape.r2);
         break;
-    case 16:
-        shape.r = s.r;
-        shape.r2 = s.r2;
-        shape.tapered = true;
-        break;
-    case 102:  // BS 4-1: the toes of joists have about half the root radius
-        shape.r = s.r;
-        shape.r2 = 0.5 * s.r;
-        shape.tapered = true;
-        break;
-    case 103:
-        shape.r = s.r;
-        shape.r2 = s.r2;
-        shape.tapered = s.r2 > 0;
-        break;
-    case 23:
+    case Kind::box:
         shape.btop = shape.bbot = s.b;
         shape.ttop = shape.tbot = s.tf;
         shape.over = s.bo;
         break;
-    case 25:
-        shape.over = s.p25.istc;
+    case Kind::hat:
+        if (family.shape.lower == LowerFlange::one_side) {
+            shape.over = s.p25.istc;
+        } else {
+            shape.r = s.r;
+        }
         break;
-    case 27:
+    case Kind::box_unequal:
         shape.over = s.ctopout;
         break;
     default:
@@ -64,6 +96,9 @@ SectionShape ShapeOf(const ProjectState& s)
 
 SectionShape TypicalShape(int family)
 {
+    const FamilyTraits& traits = TraitsOf(family);
+    const FlangeFaces faces = traits.shape.faces;
+    const bool sloped = faces != FlangeFaces::parallel && faces != FlangeFaces::british_channel;
     SectionShape s;
     s.family = family;
     s.h = 100;
@@ -74,88 +109,50 @@ SectionShape TypicalShape(int family)
     s.ttop = 10;
     s.bbot = 86;
     s.tbot = 12;
-    switch (family) {
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-    case 101:
+    switch (traits.kind) {
+    case Kind::i_rolled:
+    case Kind::channel:
+        s.b = traits.kind == Kind::channel ? 50 : s.b;
         s.r = 9;
+        s.r2 = sloped ? 5 : 0;
+        s.tapered = sloped;
         break;
-    case 15:
-    case 102:
-        s.r = 9;
-        s.r2 = 5;
-        s.tapered = true;
-        break;
-    case 16:
-        s.b = 50;
-        s.r = 9;
-        s.r2 = 5;
-        s.tapered = true;
-        break;
-    case 5:
-    case 103:
-        s.b = 50;
-        s.r = 9;
-        break;
-    case 6:
-    case 8:
-        s.b = 100;
-        [[fallthrough]];
-    case 7:
-    case 9:
+    case Kind::hollow:
+        s.b = traits.shape.equal ? s.h : s.b;
         s.r = 15;
         s.rin = 7;
         break;
-    case 10:
-        s.b = 100;
-        [[fallthrough]];
-    case 11:
+    case Kind::angle:
+        s.b = traits.shape.equal ? s.h : s.b;
         s.r = 10;
         s.r2 = 5;
         s.tw = 10;
         break;
-    case 23:
+    case Kind::box:
         s.b = s.btop = s.bbot = 90;
         s.tbot = 10;
         s.over = 16;
         break;
-    case 24:
+    case Kind::hat:
         s.h = 80;
         s.bbot = 110;
+        s.over = traits.shape.lower == LowerFlange::one_side ? 14 : 0;
         break;
-    case 25:
-        s.h = 80;
-        s.bbot = 110;
-        s.over = 14;
-        break;
-    case 27:
+    case Kind::box_unequal:
         s.btop = 80;
         s.bbot = 100;
         s.over = 14;
         break;
-    case 26:
+    case Kind::tee:
         s.btop = 80;
         s.tbot = s.bbot = 0;
         break;
-    case 28:
+    case Kind::flat:
         s.tw = 14;
         break;
-    case 51:
+    case Kind::plate:
         s.btop = 110;
-        s.tbot = s.bbot = 0;
-        break;
-    case 52:
-    case 53:
-    case 56:
-        s.btop = 110;
-        s.bbot = 48;
-        break;
-    case 54:
-        s.btop = 110;
-        s.bbot = 30;
-        s.tbot = 18;
+        SetTypicalStiffener(traits.shape.stiffener, s);
         break;
     default:
         break;

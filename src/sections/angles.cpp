@@ -1,6 +1,7 @@
 #include "sections/angles.h"
 
 #include "core/arithmetic_trap.h"
+#include "sections/family_table.h"
 #include "sections/section_record.h"
 #include "sections/table_row.h"
 
@@ -57,11 +58,12 @@ void SetPoints(ProjectState& s)
     const double sine = std::sin(s.alfa * pi / 180);
     const double h = s.h, b = s.b, t = s.tw, v1 = s.v1;
     // Heel from the u axis: none where the legs are equal, whatever the last bit of the sine says.
-    const double c = s.family == 10 ? 0.0 : s.ey * cosine - s.ez * sine;
+    const bool equal = Traits(s).shape.equal;
+    const double c = equal ? 0.0 : s.ey * cosine - s.ez * sine;
     s.cu = F32(c);
     s.u1 = F32(b * sine + c - t / 2 * cosine);
     s.v3 = F32(b * cosine - v1 + t / 2 * sine);
-    if (s.family == 10) {
+    if (equal) {
         s.u2 = s.u1;
         s.v2 = s.v3;
     } else {
@@ -78,7 +80,8 @@ void SetModuli(ProjectState& s)
     s.wz1 = F32(iz / s.ez);
     s.wz2 = F32(iz / (1.0 * s.b - s.ez));
     s.wu[1] = F32(iu / s.u2);
-    s.wu[2] = s.family == 10 ? 0.0F : F32(iu / s.cu);  // the heel of equal legs lies on the u axis
+    s.wu[2] =
+        Traits(s).shape.equal ? 0.0F : F32(iu / s.cu);  // the heel of equal legs lies on the u axis
     s.wu[3] = F32(iu / s.u1);
     s.wv[1] = F32(iv / s.v2);
     s.wv[2] = F32(iv / s.v1);
@@ -96,8 +99,8 @@ void SetModuli(ProjectState& s)
 // Deviation D52 (surface): the toe radii are left out.
 void PropertiesAngle(const Library& library, ProjectState& s)
 {
-    const bool equal = s.family == 10;
-    const TableRow row = ChosenRow(library, s, equal ? Table::l1 : Table::l2);
+    const bool equal = Traits(s).shape.equal;
+    const TableRow row = ChosenRow(library, s, TableOf(s));
     ClearSection(s);
     if (equal) {
         ReadEqual(row, s);

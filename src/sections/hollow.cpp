@@ -79,7 +79,7 @@ void PropertiesHollow(const Library& library, ProjectState& s)
     ClearSection(s);
     ReadHollow(library, s);
 
-    const bool cold = s.family == 8 || s.family == 9;
+    const bool cold = Traits(s).shape.make == Make::cold;
     const double h = s.h, b = s.b, t = s.tw;
     s.r = F32(CornerRadius(cold, t));
     s.rin = cold ? F32(s.r - t) : s.tw;

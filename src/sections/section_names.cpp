@@ -61,7 +61,7 @@ void AddNames(Library& library, Table table, int row)
 
 bool IsStiffener(Table table)
 {
-    const FamilyInfo* const info = FindFamily(FamilyOfTable(table).family);
+    const FamilyTraits* const info = FindFamily(FamilyOfTable(table).family);
     return info != nullptr && info->input == SectionInput::stiffener;
 }
 
@@ -84,7 +84,7 @@ std::size_t Steps(std::string_view a, std::string_view b)
 }
 
 // Whether the name belongs to the family: 3 its caption, 2 a series or table, 1 its short name.
-int Rank(const FamilyInfo& info, const std::string& name, int& series)
+int Rank(const FamilyTraits& info, const std::string& name, int& series)
 {
     series = 0;
     const std::string caption = CompactName(FamilyName(info.id));
@@ -184,7 +184,7 @@ std::vector<NamedFamily> FamiliesOfName(std::string_view name)
     const std::string wanted = CompactName(name);
     std::vector<NamedFamily> found;
     int best = 1;
-    for (const FamilyInfo& info : Families()) {
+    for (const FamilyTraits& info : Families()) {
         int series = 0;
         const int rank = Rank(info, wanted, series);
         if (rank > best) {
@@ -200,7 +200,7 @@ std::vector<NamedFamily> FamiliesOfName(std::string_view name)
 
 std::string FamilyName(int family)
 {
-    const FamilyInfo* const info = FindFamily(family);
+    const FamilyTraits* const info = FindFamily(family);
     if (info == nullptr) {
         return {};
     }
@@ -217,7 +217,7 @@ NamedFamily FamilyOfTable(Table table)
 {
     static const std::array<NamedFamily, kTables> kOwners = [] {
         std::array<NamedFamily, kTables> owners{};
-        for (const FamilyInfo& info : Families()) {
+        for (const FamilyTraits& info : Families()) {
             for (std::size_t i = 0; i < info.tables.size(); ++i) {
                 const bool series = info.input == SectionInput::series;
                 owners[static_cast<std::size_t>(info.tables[i])] = {

@@ -1,14 +1,13 @@
 #include "sections/welded_hsq.h"
 
 #include "core/arithmetic_trap.h"
+#include "sections/families.h"
 #include "sections/section_record.h"
 #include "sections/welded_record.h"
 
 namespace kestrum {
 
 namespace {
-
-constexpr int kOneSided = 25;
 
 // Plates of flanges and two webs, the top flange centred on y = 0.
 //   spacing  centre distance of the webs;  bottom  centre of the bottom flange
@@ -37,7 +36,7 @@ void StoreTwoWebs(ProjectState& s, double spacing, double bottom)
 void PropertiesHsq(const Library&, ProjectState& s)
 {
     ClearSection(s);
-    const bool onesided = s.family == kOneSided;
+    const bool onesided = Traits(s).shape.lower == LowerFlange::one_side;
     s.h = onesided ? s.p25.isth : s.p24.isth;
     s.btop = onesided ? s.p25.istb1 : s.p24.istb1;
     s.bbot = onesided ? s.p25.istb2 : s.p24.istb2;

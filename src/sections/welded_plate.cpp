@@ -1,6 +1,7 @@
 #include "sections/welded_plate.h"
 
 #include "core/arithmetic_trap.h"
+#include "sections/families.h"
 #include "sections/section_record.h"
 #include "sections/table_row.h"
 #include "sections/welded_record.h"
@@ -11,11 +12,6 @@
 namespace kestrum {
 
 namespace {
-
-constexpr int kFlatBar = 51;
-constexpr int kRolledAngle = 52;
-constexpr int kWeldedAngle = 53;
-constexpr int kBulbFlat = 54;
 
 // Height of the stiffener alone, mm; plate, web and stiffener flange into the record.
 double ReadFlatBar(ProjectState& s)
@@ -73,23 +69,18 @@ double ReadT(ProjectState& s)
 
 double ReadStiffener(const Library& library, ProjectState& s)
 {
-    switch (s.family) {
-    case kFlatBar:
+    switch (Traits(s).shape.stiffener) {
+    case Stiffener::flat_bar:
         return ReadFlatBar(s);
-    case kRolledAngle:
+    case Stiffener::rolled_angle:
         return ReadRolledAngle(library, s);
-    case kWeldedAngle:
+    case Stiffener::welded_angle:
         return ReadWeldedAngle(s);
-    case kBulbFlat:
+    case Stiffener::bulb_flat:
         return ReadBulbFlat(library, s);
     default:
         return ReadT(s);
     }
-}
-
-bool FlangeOnOneSide(int family)
-{
-    return family == kRolledAngle || family == kWeldedAngle || family == kBulbFlat;
 }
 
 // Outstands of plate and stiffener flange beyond the welds; the bulb has none.
@@ -98,9 +89,10 @@ void SetOutstands(ProjectState& s)
     const double r = s.r, tw = s.tw;
     s.ctop = F32((s.btop - tw - 2 * r) / 2);
     s.cflange = s.ctop;
-    if (s.family == kRolledAngle || s.family == kWeldedAngle) {
+    const Stiffener stiffener = Traits(s).shape.stiffener;
+    if (stiffener == Stiffener::rolled_angle || stiffener == Stiffener::welded_angle) {
         s.cbot = F32(s.bbot - tw - r);
-    } else if (s.family != kFlatBar && s.family != kBulbFlat) {
+    } else if (stiffener == Stiffener::tee) {
         s.cbot = F32((s.bbot - tw - 2 * r) / 2);
     }
 }
@@ -113,6 +105,9 @@ void SetOutstands(ProjectState& s)
 //   out  geometry [mm], properties [mm], weight [kg/m], surface [m2/m]
 void PropertiesPlate(const Library& library, ProjectState& s)
 {
+    const SectionForm& shape = Traits(s).shape;
+    const bool onesided = shape.lower == LowerFlange::one_side;
+    const bool flatbar = shape.stiffener == Stiffener::flat_bar;
     ClearSection(s);
     const double stiffener = ReadStiffener(library, s);
     s.h = F32(stiffener + s.ttop);
@@ -120,25 +115,25 @@ void PropertiesPlate(const Library& library, ProjectState& s)
     SetOutstands(s);
 
     const double tw = s.tw, hw = s.hw, btop = s.btop, ttop = s.ttop, bbot = s.bbot, tbot = s.tbot;
-    const double aside = FlangeOnOneSide(s.family) ? (bbot - tw) / 2 : 0;
+    const double aside = onesided ? (bbot - tw) / 2 : 0;
     const Plate list[] = {
         {btop, ttop, 0, 0},
         {tw, hw, ttop, 0},
         {bbot, tbot, ttop + hw, aside},
     };
-    const std::span<const Plate> plates(list, s.family == kFlatBar ? 2 : 3);
+    const std::span<const Plate> plates(list, flatbar ? 2 : 3);
     StoreFromFace(s, plates);
 
     const PlateSums own = SumPlates(plates.subspan(1));
     s.iz = F32(own.iz);
     s.welz = F32(own.iz / own.ymax);
     s.weffz = s.welz;
-    if (s.family == kFlatBar) {
+    if (flatbar) {
         s.surface = F32(2 * (btop + s.h) / 1000);
         return;
     }
     s.surface = F32((2 * (btop + ttop + hw + bbot + tbot) - 2 * tw) / 1000);
-    if (!FlangeOnOneSide(s.family)) {
+    if (!onesided) {
         s.wplz = F32(ttop * btop * btop / 4 + tbot * bbot * bbot / 4 + hw * tw * tw / 4);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/number_format.h"
+#include "sections/families.h"
 
 #include <cmath>
 
@@ -9,38 +10,28 @@ namespace kestrum {
 
 namespace {
 
-constexpr int kTube = 31;
-
 std::string ProfileText(const ProjectState& s)
 {
     const std::string tw = FormatNum(s.tw, "##0.0");
-    if (s.family == kTube) {
+    const FamilyTraits& family = Traits(s);
+    if (family.kind == Kind::tube) {
         return "Tube " + FormatNum(s.p31.istd, "##0.0") + "x" + tw;
     }
     const std::string size = FormatNum(s.h, "##0") + "x" + FormatNum(s.b, "##0") + "x" + tw;
-    switch (s.family) {
-    case 6:
-    case 7:
-        return "RHS " + size;
-    case 8:
-    case 9:
-        return "CFRHS " + size;
-    default:
-        return "Box " + size + "x" + FormatNum(s.tf, "##0.0");
-    }
+    return family.kind == Kind::hollow ? std::string(family.text) + " " + size
+                                       : "Box " + size + "x" + FormatNum(s.tf, "##0.0");
 }
 
 }  // namespace
 
 bool VortexFamily(int family)
 {
-    return (family >= 6 && family <= 9) || family == 23 || family == kTube;
+    return TraitsOf(family).strouhal != Strouhal::none;
 }
 
 std::string_view VortexRefusal(int family)
 {
-    return family >= 1 && family <= 200 && !VortexFamily(family) ? "Only valid for boxes and tubes"
-                                                                 : "";
+    return MayBeFamily(family) && !VortexFamily(family) ? "Only valid for boxes and tubes" : "";
 }
 
 void CalcVortexFrequency(ProjectState& s)
@@ -79,7 +70,7 @@ void CalcVortex(ProjectState& s)
 {
     constexpr double kStrouhalOfTube = 0.18;
     constexpr double kMetre = 1000;  // mm
-    if (s.family == kTube) {
+    if (Traits(s).strouhal == Strouhal::circle) {
         s.stb = F32(s.p31.istd / kMetre);
         s.st = F32(kStrouhalOfTube);
     } else {

@@ -1,6 +1,7 @@
 #include "stability/buckling_curves.h"
 
 #include "core/arithmetic_trap.h"
+#include "sections/families.h"
 
 namespace kestrum {
 namespace {
@@ -61,42 +62,28 @@ Pair Box(const ProjectState& s)
 // channels.
 Pair Automatic(const ProjectState& s)
 {
-    switch (s.family) {
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-    case 15:
-    case 101:
-    case 102:
+    switch (Traits(s).design.curves) {
+    case FlexuralCurves::rolled_i:
         return RolledI(s);
-    case 5:
-    case 16:
-    case 26:
-    case 28:
-    case 8:
-    case 9:
+    case FlexuralCurves::c:
         return {&kC, &kC};
-    case 6:
-    case 7:
+    case FlexuralCurves::hot_hollow:
         return HighStrength(s) ? Pair{&kA0, &kA0} : Pair{&kA, &kA};
-    case 10:
-    case 11:
+    case FlexuralCurves::b:
         return {&kB, &kB};
-    case 21:
-    case 22:
-    case 41:
+    case FlexuralCurves::welded_i:
         return s.tmax <= 40.0f ? Pair{&kB, &kC} : Pair{&kC, &kD};
-    case 23:
+    case FlexuralCurves::box:
         return Box(s);
-    case 31:
+    case FlexuralCurves::tube:
         if (s.tubehot != 1) {
             return {&kC, &kC};
         }
         return HighStrength(s) ? Pair{&kA0, &kA0} : Pair{&kA, &kA};
-    default:
-        return {nullptr, nullptr};
+    case FlexuralCurves::none:
+        break;
     }
+    return {nullptr, nullptr};
 }
 
 const Curve* Chosen(int choice, const Curve* automatic)

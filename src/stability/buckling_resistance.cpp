@@ -1,5 +1,6 @@
 #include "stability/buckling_resistance.h"
 
+#include "sections/families.h"
 #include "stability/constants.h"
 
 #include <algorithm>
@@ -7,11 +8,6 @@
 
 namespace kestrum {
 namespace {
-
-bool IsAngle(const ProjectState& s)
-{
-    return s.family == 10 || s.family == 11;
-}
 
 // kN; factor on the member length, second moment in mm4.
 double EulerForce(const ProjectState& s, double factor, double inertia)
@@ -30,7 +26,7 @@ double SquashForce(const ProjectState& s)
 // Angles with two bolts in one leg, BB.1.2 (2).
 double ConnectedLeg(const ProjectState& s, double lam, double offset)
 {
-    return IsAngle(s) && s.lopt == 2 ? offset + 0.7 * lam : lam;
+    return Is(s, Kind::angle) && s.lopt == 2 ? offset + 0.7 * lam : lam;
 }
 
 // Deviation D206: the slenderness about v and u rests on the gross area in class 4 too; 6.3.1.2 (1)
@@ -52,45 +48,26 @@ void PrincipalAxes(ProjectState& s)
 // Distance of the shear centre from the centroid, squared, mm2; zero where both coincide.
 double ShearCentreDistanceSquared(const ProjectState& s)
 {
-    switch (s.family) {
-    case 5:
-    case 16:
-    case 103: {
+    switch (Traits(s).kind) {
+    case Kind::channel: {
         const double distance = static_cast<double>(s.ecg) + s.ys;
         return distance * distance;
     }
-    case 10:
-    case 11: {
+    case Kind::angle: {
         const double y = s.ey - s.tw / 2.0;
         const double z = s.ez - s.tw / 2.0;
         return y * y + z * z;
     }
-    case 22: {
+    case Kind::i_single: {
         const double distance = s.zshear;
         return distance * distance;
     }
-    case 26: {
+    case Kind::tee: {
         const double distance = s.zcog - s.tf / 2.0;
         return distance * distance;
     }
     default:
         return 0.0;
-    }
-}
-
-bool CouplesWithTorsion(const ProjectState& s)
-{
-    switch (s.family) {
-    case 5:
-    case 10:
-    case 11:
-    case 16:
-    case 22:
-    case 26:
-    case 103:
-        return true;
-    default:
-        return false;
     }
 }
 
@@ -130,10 +107,10 @@ TorsionalForces TorsionalForcesAt(const ProjectState& s, double length)
         stiffness = kStabilityPi * kStabilityPi * e * s.iw / (mm * mm) + stiffness;
     }
     const double ncrt = stiffness / i02 / 1000.0;
-    if (!CouplesWithTorsion(s)) {
+    if (!Traits(s).design.shear_centre_apart) {
         return {ncrt, kNeverGoverns};
     }
-    const double flexural = s.family == 26 ? s.ncrz : s.ncry;
+    const double flexural = Is(s, Kind::tee) ? s.ncrz : s.ncry;
     const double sum = flexural + ncrt;
     const double root = sum * sum - 4.0 * (ip2 / i02) * flexural * ncrt;
     return {ncrt, i02 / (2.0 * ip2) * (sum - std::sqrt(std::max(0.0, root)))};
@@ -169,7 +146,7 @@ void BucklingResistance(ProjectState& s)
     s.nbzrd = s.chiz * s.nrdm1;
 
     s.lammax = std::max(s.lamy, s.lamz);
-    if (IsAngle(s)) {
+    if (Is(s, Kind::angle)) {
         PrincipalAxes(s);
     }
     StoreTorsionalForces(s);

@@ -2,6 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "design/p51bas_plate.h"
+#include "sections/families.h"
 #include "stability/constants.h"
 #include "stability/lt_factors.h"
 
@@ -12,14 +13,10 @@
 namespace kestrum {
 namespace {
 
-bool IsPlate(const ProjectState& s)
+// The single-symmetric I, with a resistance and a curve for each sign of the moment.
+bool IsSingle(const ProjectState& s)
 {
-    return s.family >= 51 && s.family <= 56;
-}
-
-bool HasSides(const ProjectState& s)
-{
-    return s.family == 22 || IsPlate(s);
+    return Is(s, Kind::i_single);
 }
 
 double Quotient(double a, double b)
@@ -34,15 +31,15 @@ void SetLoadLevel(ProjectState& s)
 {
     s.zload = 0.0;
     s.zg = 0.0;
-    if (IsPlate(s)) {
+    if (Is(s, Kind::plate)) {
         return;
     }
-    if (s.family == 41) {
+    if (Is(s, Kind::general)) {
         s.loadlevel = 2;
         return;
     }
     const double h = s.h;
-    const bool single = s.family == 22;
+    const bool single = IsSingle(s);
     switch (s.loadlevel) {
     case 1:
         s.zload = single ? h - s.zcog : h / 2.0;
@@ -62,7 +59,7 @@ void SetLoadLevel(ProjectState& s)
 // Nmm; lever = C2 zg - C3 zj in mm, length in mm.
 double CriticalMoment(const ProjectState& s, double c1, double lever, double length)
 {
-    if (IsPlate(s)) {
+    if (Is(s, Kind::plate)) {
         return PlateMcr(s, length);
     }
     const double e = s.e;
@@ -76,7 +73,7 @@ double CriticalMoment(const ProjectState& s, double c1, double lever, double len
 // C3 zj, mm: asymmetry of the single-symmetric I.
 double Asymmetry(const ProjectState& s, double c3, bool top)
 {
-    if (s.family != 22) {
+    if (!IsSingle(s)) {
         return 0.0;
     }
     return c3 * (top ? s.zjtop : s.zjbot);
@@ -84,7 +81,7 @@ double Asymmetry(const ProjectState& s, double c3, bool top)
 
 double SideResistance(const ProjectState& s, bool top)
 {
-    if (!HasSides(s)) {
+    if (!Is(s, Kind::i_single, Kind::plate)) {
         return s.myrdm1;
     }
     return top ? s.mytoprd : s.mybotrd;
@@ -94,9 +91,9 @@ double SideResistance(const ProjectState& s, bool top)
 float Slenderness(const ProjectState& s, double mcr, bool top)
 {
     double w = s.wyused;
-    if (s.family == 22) {
+    if (IsSingle(s)) {
         w = top ? s.wytop : s.wybot;
-    } else if (IsPlate(s)) {
+    } else if (Is(s, Kind::plate)) {
         w = s.wybot;
     }
     return F32(std::sqrt(w * s.fyk / mcr));
@@ -104,10 +101,10 @@ float Slenderness(const ProjectState& s, double mcr, bool top)
 
 double HeightOverWidth(const ProjectState& s, bool top)
 {
-    if (s.family == 22) {
+    if (IsSingle(s)) {
         return Quotient(s.h, top ? s.btop : s.bbot);
     }
-    if (IsPlate(s)) {
+    if (Is(s, Kind::plate)) {
         return Quotient(s.hw, s.bbot);
     }
     return Quotient(s.h, s.b);
@@ -118,26 +115,21 @@ constexpr double kB = 0.34;
 constexpr double kC = 0.49;
 constexpr double kD = 0.76;
 
-bool IsRolledI(const ProjectState& s)
-{
-    return (s.family >= 1 && s.family <= 4) || s.family == 15 || s.family == 101 || s.family == 102;
-}
-
 // Table 6.4.
 double AlphaGeneral(const ProjectState& s, bool top)
 {
-    if (IsRolledI(s)) {
+    const LateralCurves curves = Traits(s).design.lateral_curves;
+    if (curves == LateralCurves::rolled) {
         return HeightOverWidth(s, top) <= 2.0 ? kA : kB;
     }
-    const bool welded = s.family == 21 || s.family == 22 || (IsPlate(s) && s.family != 51);
-    return welded && HeightOverWidth(s, top) <= 2.0 ? kC : kD;
+    return curves == LateralCurves::welded && HeightOverWidth(s, top) <= 2.0 ? kC : kD;
 }
 
 // Table 6.5.
 double AlphaRolled(const ProjectState& s, bool top)
 {
     const bool stocky = HeightOverWidth(s, top) <= 2.0;
-    if (IsRolledI(s)) {
+    if (Traits(s).design.lateral_curves == LateralCurves::rolled) {
         return stocky ? kB : kC;
     }
     return stocky ? kC : kD;
@@ -145,7 +137,7 @@ double AlphaRolled(const ProjectState& s, bool top)
 
 LtReduction Curve(const ProjectState& s, double mcr, float kc, bool top)
 {
-    if (IsPlate(s) || s.ltbcurve != 3) {
+    if (Is(s, Kind::plate) || s.ltbcurve != 3) {
         return LtCurveGeneral(s, mcr, top);
     }
     return LtCurveRolled(s, mcr, kc, top);
@@ -277,13 +269,12 @@ LtReduction LtCurveGeneral(const ProjectState& s, double mcr, bool top)
 // negative beyond 3; kc of Table 6.6 is never above 1, and f stays 1.
 LtReduction LtCurveRolled(const ProjectState& s, double mcr, float kc, bool top)
 {
-    const bool covered = IsRolledI(s) || s.family == 21 || s.family == 22 || s.family == 41;
-    if (!covered) {
+    if (!Traits(s).design.rolled_case) {
         return {s.lamlt, 1.0, 1.0, 1.0f};
     }
     const float lamlt = Slenderness(s, mcr, top);
     const double lam = lamlt;
-    const bool single = s.family == 22;
+    const bool single = IsSingle(s);
     const double plateau = single ? s.lamdalt0w : s.lamdalt0;
     const double beta = single ? s.betaw : s.beta;
     const double cap = 1.0 / (lam * lam);

@@ -1,6 +1,7 @@
 #include "stability/interaction_annex_a.h"
 
 #include "core/arithmetic_trap.h"
+#include "sections/families.h"
 #include "stability/constants.h"
 #include "stability/critical_force.h"
 
@@ -16,7 +17,7 @@ double BendingModulus(const ProjectState& s)
     if (s.classmy <= 3) {
         return s.wely;
     }
-    if (s.family != 22) {
+    if (!Is(s, Kind::i_single)) {
         return s.weffy;
     }
     return s.mydesign > 0 ? std::min(s.weffytop1, s.weffytop2) : std::min(s.weffybot1, s.weffybot2);

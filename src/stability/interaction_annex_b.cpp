@@ -1,6 +1,7 @@
 #include "stability/interaction_annex_b.h"
 
 #include "core/arithmetic_trap.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,18 +43,6 @@ double Cm(const Flags& flags, const Ratios& ratios)
         return std::max(0.4, (flags.curved ? 0.1 : 0.0) - 0.8 * peak);
     }
     return std::max(0.4, (flags.curved ? 0.1 * (1.0 - psi) : 0.2 * -psi) - 0.8 * peak);
-}
-
-// The plastic kzz of I sections, channels, flat bars; of hollow sections. Others have none.
-bool IsISection(const ProjectState& s)
-{
-    return (s.family >= 1 && s.family <= 5) || s.family == 15 || s.family == 16 || s.family == 21 ||
-           s.family == 28 || s.family == 41 || (s.family >= 101 && s.family <= 103);
-}
-
-bool IsHollow(const ProjectState& s)
-{
-    return (s.family >= 6 && s.family <= 9) || s.family == 23 || s.family == 31;
 }
 
 double Capped(double cm, double slope, double ceiling, double n)
@@ -129,9 +118,10 @@ void KFactorsAnnexB(ProjectState& s)
     }
     s.kyy = Capped(s.cmy, s.lamy - 0.2, 0.8, ny);
     s.kzy = s.ltb == 1 ? KzyTorsion(s, 0.1, nz) : 0.6 * s.kyy;
-    if (IsISection(s)) {
+    const InteractionColumn column = Traits(s).design.interaction;  // others have no plastic kzz
+    if (column == InteractionColumn::i_section) {
         s.kzz = Capped(s.cmz, 2.0 * s.lamz - 0.6, 1.4, nz);
-    } else if (IsHollow(s)) {
+    } else if (column == InteractionColumn::hollow) {
         s.kzz = Capped(s.cmz, s.lamz - 0.2, 0.8, nz);
     }
     s.kyz = 0.6 * s.kzz;

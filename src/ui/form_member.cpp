@@ -2,6 +2,7 @@
 #include "app/member_commands.h"
 #include "app/view_member.h"
 #include "report/choice_pictures.h"
+#include "sections/families.h"
 #include "ui/forms.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -86,9 +87,9 @@ Form* MakeEndForce(Desk& desk, QWidget* parent)
     QGroupBox* const z =
         EndForceGroup(bind, QStringLiteral("frmz"), QObject::tr("About the z axis"),
                       {"imz1", "imz2", "ivy1", "ivy2"});
-    bind.ShowWhen(axial, [](const ProjectState& s) { return ShownEndForces(s.family).ne; });
-    bind.ShowWhen(y, [](const ProjectState& s) { return ShownEndForces(s.family).y_axis; });
-    bind.ShowWhen(z, [](const ProjectState& s) { return ShownEndForces(s.family).z_axis; });
+    bind.ShowWhen(axial, [](const ProjectState& s) { return Traits(s).carries.offered.n; });
+    bind.ShowWhen(y, [](const ProjectState& s) { return Traits(s).carries.offered.y; });
+    bind.ShowWhen(z, [](const ProjectState& s) { return Traits(s).carries.offered.z; });
     form->body()->addWidget(axial);
     form->body()->addWidget(y);
     form->body()->addWidget(z);

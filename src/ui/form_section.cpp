@@ -5,6 +5,7 @@
 #include "app/view_section.h"
 #include "report/section_figure.h"
 #include "sections/family_table.h"
+#include "sections/readprofiles.h"
 #include "ui/forms.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -29,7 +30,7 @@ constexpr int kBoxesPerColumn = 6;
 
 // --- Choice of a row -----------------------------------------------------------------------------
 
-QWidget* RowList(Binder& bind, const FamilyInfo& family)
+QWidget* RowList(Binder& bind, const FamilyTraits& family)
 {
     auto* const list = new QListWidget;
     list->setObjectName(family.input == SectionInput::stiffener
@@ -64,21 +65,17 @@ QWidget* RowList(Binder& bind, const FamilyInfo& family)
     return list;
 }
 
-QWidget* SeriesOptions(Binder& bind, int family)
+QWidget* SeriesOptions(Binder& bind, const FamilyTraits& family)
 {
     auto* const host = new QWidget;
     auto* const row = new QHBoxLayout(host);
     row->setContentsMargins(0, 0, 0, 0);
-    const QStringList names =
-        family == 103
-            ? QStringList{QStringLiteral("CH"), QStringLiteral("PFC")}
-            : QStringList{QStringLiteral("UB"), QStringLiteral("UC"), QStringLiteral("UBP")};
-    for (int i = 1; i <= names.size(); ++i) {
+    int i = 0;
+    for (const Table table : family.tables) {
+        ++i;
         row->addWidget(bind.Option(
-            QStringLiteral("prof%1").arg(i), names.at(i - 1),
-            [i, family](const ProjectState& s) {
-                return (family == 103 ? s.series103 : s.series101) == i;
-            },
+            QStringLiteral("prof%1").arg(i), ToQt(ShapeOf(table).prefix),
+            [i, chosen = family.series](const ProjectState& s) { return s.*chosen == i; },
             [i](Session& session) { ChooseSeries(session, i); }));
     }
     row->addStretch(1);
@@ -252,9 +249,9 @@ QGroupBox* ValueGroup(Binder& bind, const QString& name, const QString& title,
 
 QGroupBox* BoxGroup(Binder& bind, int family)
 {
-    QGroupBox* const group =
-        Group(QStringLiteral("frdim"),
-              family == 41 ? QObject::tr("Properties") : QObject::tr("Dimensions"));
+    QGroupBox* const group = Group(QStringLiteral("frdim"), TraitsOf(family).kind == Kind::general
+                                                                ? QObject::tr("Properties")
+                                                                : QObject::tr("Dimensions"));
     QGridLayout* const grid = GridOf(group);
     const std::vector<const Box*> boxes = SectionBoxes(family);
     int i = 0;
@@ -282,7 +279,7 @@ QWidget* ClassRow(Binder& bind)
 
 Form* MakeSection(Desk& desk, QWidget* parent, int family)
 {
-    const FamilyInfo& info = *FindFamily(family);
+    const FamilyTraits& info = *FindFamily(family);
     auto* const form = new Form(desk, info.form, ToQt(SectionTitle(family)).trimmed(), parent);
     form->belongs = [family](const ProjectState& s) { return s.family == family; };
     Binder& bind = form->bind();
@@ -296,7 +293,7 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
                                                 : QObject::tr("Section"));
         QVBoxLayout* const column = ColumnOf(choice);
         if (info.input == SectionInput::series) {
-            column->addWidget(SeriesOptions(bind, family));
+            column->addWidget(SeriesOptions(bind, info));
         }
         column->addWidget(RowList(bind, info), 1);
         columns->addWidget(choice);
@@ -304,7 +301,7 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
 
     auto* const middle = new QVBoxLayout;
     middle->setSpacing(kGap);
-    if (family == 41) {
+    if (info.kind == Kind::general) {
         middle->addWidget(GeneralIdent(bind));
     }
     auto* const figures = new QHBoxLayout;
@@ -320,7 +317,7 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
         middle->addWidget(ValueGroup(bind, QStringLiteral("frdim"), QObject::tr("Dimensions"),
                                      SectionDimensions, family));
     }
-    if (family == 41) {
+    if (info.kind == Kind::general) {
         middle->addWidget(GeneralClasses(bind));
     }
     for (const std::string_view note : CornerNotes(family)) {
@@ -336,7 +333,7 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
     right->addWidget(ValueGroup(bind, QStringLiteral("frcap"), QObject::tr("Resistance"),
                                 SectionCapacities, family));
     right->addWidget(ClassRow(bind));
-    if (family == 31) {
+    if (info.kind == Kind::tube) {
         QLabel* const warning = bind.Text(QStringLiteral("LblWarning"), [](const ProjectState& s) {
             return std::string(SectionWarning(s));
         });

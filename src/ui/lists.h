@@ -14,6 +14,5 @@ QStringList PsiNames();  // "0.1" to "1.0"
 QStringList MaterialNames(const Library& library);
 QStringList BucklingCurveNames();  // "Auto", "a0" .. "d"
 QStringList SupportNames();        // of cbutt0 .. cbutt5
-QString FamilyButtonText(int family);
 
 }  // namespace kestrum

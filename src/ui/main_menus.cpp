@@ -172,14 +172,14 @@ void MainWindow::BuildProfileMenu(QMenu* menu)
         return sub;
     };
     std::map<MenuGroup, QMenu*> menus{{MenuGroup::profiles, menu}};
-    const auto add = [&](const FamilyInfo& family) {
+    const auto add = [&](const FamilyTraits& family) {
         AddAction(menus.at(family.group), ToQt(family.menu), ToQt(family.caption), {},
                   [this, id = family.id, form = family.form] {
                       ChooseFamily(desk_.session, id);
                       OpenForm(form);
                   });
     };
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         if (family.group == MenuGroup::profiles) {
             add(family);
         }
@@ -189,7 +189,7 @@ void MainWindow::BuildProfileMenu(QMenu* menu)
     menus[MenuGroup::plates] = submenu("mnuplate", tr("Stiffened &plates"));
     menus[MenuGroup::other] = submenu("mnuOther", tr("&Other"));
     menus[MenuGroup::british] = submenu("mnubrtish", tr("&British profiles"));
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         if (family.group != MenuGroup::profiles && family.group != MenuGroup::none) {
             add(family);
         }

@@ -310,7 +310,7 @@ QGroupBox* SectionGroup(Binder& bind, Desk& desk)
     picture->setToolTip(QObject::tr("Click to change the section"));
     picture->setCursor(Qt::PointingHandCursor);
     picture->clicked = [&desk] {
-        if (const FamilyInfo* const family = FindFamily(desk.session.state().family)) {
+        if (const FamilyTraits* const family = FindFamily(desk.session.state().family)) {
             desk.open(family->form);
         }
     };

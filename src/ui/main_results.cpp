@@ -128,13 +128,13 @@ QWidget* FamilyTab(Binder& bind, Desk& desk, MenuGroup group)
     auto* const row = new QHBoxLayout(page);
     row->setContentsMargins(kGap, 2, kGap, 2);
     row->setSpacing(2);
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         if (family.group != group) {
             continue;
         }
         const int id = family.id;
         PictureButton* const button = bind.PictureOption(
-            ToQt(family.form) + QLatin1Char('i'), FamilyButtonText(id), SectionIcon(id),
+            ToQt(family.form) + QLatin1Char('i'), ToQt(family.button), SectionIcon(id),
             [id](const ProjectState& s) { return s.family == id; },
             [id, &desk, form = family.form](Session& session) {
                 ChooseFamily(session, id);

@@ -152,8 +152,9 @@ Form* MainWindow::OpenForm(std::string_view name)
     }
     if (form == nullptr) {
         const auto families = Families();
-        const auto family = std::find_if(families.begin(), families.end(),
-                                         [&](const FamilyInfo& info) { return info.form == name; });
+        const auto family =
+            std::find_if(families.begin(), families.end(),
+                         [&](const FamilyTraits& info) { return info.form == name; });
         if (family == families.end()) {
             return nullptr;
         }
@@ -183,7 +184,7 @@ std::vector<std::string_view> MainWindow::FormNames()
     for (const FormMaker& form : AllForms()) {
         names.push_back(form.name);
     }
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         names.push_back(family.form);
     }
     return names;

@@ -45,18 +45,18 @@ TEST(LoadForms, LoadsAndEndForcesAreKeptSideBySide)
 TEST(EndForces, AreOfferedAsTheFamilyCarriesThem)
 {
     for (const int family : {24, 25, 27, 51, 52, 53, 54, 56}) {
-        const EndForceFields fields = ShownEndForces(family);
-        EXPECT_FALSE(fields.ne) << family;
-        EXPECT_TRUE(fields.y_axis);
-        EXPECT_FALSE(fields.z_axis);
+        const Actions& fields = TraitsOf(family).carries.offered;
+        EXPECT_FALSE(fields.n) << family;
+        EXPECT_TRUE(fields.y);
+        EXPECT_FALSE(fields.z);
     }
-    const EndForceFields t = ShownEndForces(26);
-    EXPECT_TRUE(t.ne);
-    EXPECT_FALSE(t.y_axis);
-    EXPECT_FALSE(t.z_axis);
+    const Actions& t = TraitsOf(26).carries.offered;
+    EXPECT_TRUE(t.n);
+    EXPECT_FALSE(t.y);
+    EXPECT_FALSE(t.z);
     for (const int family : {1, 5, 6, 10, 16, 21, 22, 23, 28, 31, 41, 101, 103}) {
-        const EndForceFields fields = ShownEndForces(family);
-        EXPECT_TRUE(fields.ne && fields.y_axis && fields.z_axis) << family;
+        const Actions& fields = TraitsOf(family).carries.offered;
+        EXPECT_TRUE(fields.n && fields.y && fields.z) << family;
     }
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 TEST(ChooseFamily, CalculatesEveryFamilyWithItsDefaults)
 {
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         Program program;
         program.edit().nload[1] = family.id == 28 ? 0 : 1;  // a flat bar takes N or My
         EXPECT_TRUE(program.Calculates([&] { ChooseFamily(program.session, family.id); }))

@@ -18,7 +18,7 @@ namespace {
 // The figure of a section form names what its boxes ask for.
 TEST(SectionLetters, AreThoseOfTheBoxes)
 {
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         const Drawing figure = DrawSectionLetters(family.id);
         for (const Box* const box : SectionBoxes(family.id)) {
             const BoxHelp& help = HelpOf(*box);
@@ -212,7 +212,7 @@ TEST(SectionForm, ShowsTheLargerClassOfBothSigns)
 
 TEST(SectionForm, EveryFamilyHasATitleAndFilledValues)
 {
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         SCOPED_TRACE(family.id);
         const ProjectState s = Calculated(family.id);
         EXPECT_FALSE(SectionTitle(family.id).empty());
@@ -238,7 +238,7 @@ TEST(SectionForm, EveryFamilyHasATitleAndFilledValues)
 // A form makes its rows before there is a result.
 TEST(SectionForm, WhichRowsThereAreHangsOnTheFamilyAlone)
 {
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         ProjectState probe{};
         probe.family = static_cast<i16>(family.id);
         const ProjectState s = Calculated(family.id);
@@ -273,7 +273,7 @@ TEST(SectionForm, OffersTheOptionsOfTheFamily)
         {SectionOption::hsqload, {24, 25}}, {SectionOption::upgrade, {24, 25}},
     };
     for (const auto& [option, families] : options) {
-        for (const FamilyInfo& family : Families()) {
+        for (const FamilyTraits& family : Families()) {
             EXPECT_EQ(HasOption(family.id, option), families.count(family.id) == 1) << family.id;
         }
     }
@@ -305,7 +305,7 @@ TEST(SectionForm, TellsTheCornersOfHollowSections)
 TEST(SectionForm, HasEveryBoxOfItsFamilyOnce)
 {
     std::set<const Box*> seen;
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         for (const Box* const box : SectionBoxes(family.id)) {
             EXPECT_EQ(box->form, family.form);
             EXPECT_TRUE(seen.insert(box).second) << box->id;
@@ -320,7 +320,7 @@ TEST(SectionForm, HasEveryBoxOfItsFamilyOnce)
 
 TEST(PanelBars, HaveOneEntryALine)
 {
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         ProjectState s = Calculated(family.id);
         for (const i16 deflections : {kFalse, kTrue}) {
             s.checksls = deflections;

@@ -4,7 +4,7 @@
 #include "engine/ccontrol.h"
 #include "engine/csection.h"
 #include "engine/engine_fixture.h"
-#include "engine/family_routines.h"
+#include "sections/families.h"
 
 #include <gtest/gtest.h>
 
@@ -30,13 +30,13 @@ TEST(Calculate, DefaultProjectIsDesigned)
 
 TEST(Calculate, EveryFamilyIsDesignedFromItsDefaults)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
-        SCOPED_TRACE(routines.family);
-        ProjectState s = Plain(static_cast<i16>(routines.family));
+    for (const int family : FamilyNumbers()) {
+        SCOPED_TRACE(family);
+        ProjectState s = Plain(static_cast<i16>(family));
         s.l = 2;
         s.nload[1] = 1;
         s.qload[1] = 1;
-        s.checkconsercontrol = routines.family == 28 ? kTrue : kFalse;  // flat bar: the linear form
+        s.checkconsercontrol = family == 28 ? kTrue : kFalse;  // flat bar: the linear form
         EXPECT_TRUE(EndsWell(s));
         EXPECT_GT(s.irsection, 0);
         EXPECT_GT(s.ncrd, 0);
@@ -240,32 +240,29 @@ TEST(CalcSection, ClosedFamilySwitchesLateralTorsionalBucklingOffForGood)
 
 TEST(CalcSection, LateralTorsionalBucklingByFamily)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
-        SCOPED_TRACE(routines.family);
-        ProjectState s = Plain(static_cast<i16>(routines.family));
+    for (const int family : FamilyNumbers()) {
+        SCOPED_TRACE(family);
+        ProjectState s = Plain(static_cast<i16>(family));
         s.restraints = 1;
         s.ltbavail = 7;
         CalcSection(Delivered(), s);
-        const bool off = (routines.family >= 6 && routines.family <= 11) || routines.family == 23 ||
-                         routines.family == 24 || routines.family == 25 || routines.family == 26 ||
-                         routines.family == 27 || routines.family == 31;
-        const bool general = routines.family == 5 || routines.family == 16 ||
-                             routines.family == 28 || routines.family == 103 ||
-                             (routines.family >= 51 && routines.family <= 56);
+        const bool off = (family >= 6 && family <= 11) || family == 23 || family == 24 ||
+                         family == 25 || family == 26 || family == 27 || family == 31;
+        const bool general = family == 5 || family == 16 || family == 28 || family == 103 ||
+                             (family >= 51 && family <= 56);
         EXPECT_EQ(s.ltb, off ? 0 : 1);
         EXPECT_EQ(s.restraints, off ? 0 : 1);
-        EXPECT_EQ(s.ltbavail, off ? kFalse : routines.family == 28 ? 7 : kTrue);
+        EXPECT_EQ(s.ltbavail, off ? kFalse : family == 28 ? 7 : kTrue);
         EXPECT_EQ(s.ltbcurve, general ? 2 : 3);
     }
 }
 
 TEST(CalcSection, OpenProfilesByFamily)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
-        const int f = routines.family;
+    for (const int f : FamilyNumbers()) {
         const bool closed =
             (f >= 6 && f <= 9) || f == 23 || f == 24 || f == 25 || f == 27 || f == 31;
-        EXPECT_EQ(routines.open, !closed) << f;
+        EXPECT_EQ(TraitsOf(f).design.open, !closed) << f;
     }
 }
 

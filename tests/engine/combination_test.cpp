@@ -2,7 +2,7 @@
 
 #include "core/load_combination.h"
 #include "engine/engine_fixture.h"
-#include "engine/family_routines.h"
+#include "sections/families.h"
 
 #include <gtest/gtest.h>
 
@@ -100,15 +100,15 @@ TEST(Eq610ab, BucklingDecidesAgainstTheSection)
 
 TEST(Eq610ab, LeavesTheWorseOfBothInEveryFamily)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
+    for (const int family : FamilyNumbers()) {
         for (const i16 category : {kPermanent, kVariable1}) {
-            SCOPED_TRACE(routines.family);
+            SCOPED_TRACE(family);
             ProjectState loads = OfCategory(category);
-            loads.family = static_cast<i16>(routines.family);
+            loads.family = static_cast<i16>(family);
             loads.l = 2;
             loads.nload[1] = 1;
             loads.qload[1] = 0.5f;
-            loads.checkconsercontrol = routines.family == 28 ? kTrue : kFalse;
+            loads.checkconsercontrol = family == 28 ? kTrue : kFalse;
             const ProjectState a = With(loads, kEq610a), b = With(loads, kEq610b);
             const ProjectState s = With(loads, kEq610ab);
             EXPECT_EQ(Utilisation(s), std::max(Utilisation(a), Utilisation(b)));

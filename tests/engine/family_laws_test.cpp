@@ -3,7 +3,7 @@
 #include "core/annexes.h"
 #include "engine/calculate.h"
 #include "engine/engine_fixture.h"
-#include "engine/family_routines.h"
+#include "sections/families.h"
 
 #include <gtest/gtest.h>
 
@@ -189,9 +189,9 @@ TEST(SymmetricMember, LoadMayStandOnEitherSide)
 
 TEST(EveryFamily, TwiceTheLoadIsTwiceTheMomentAndTheDeflection)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
-        SCOPED_TRACE(routines.family);
-        ProjectState s = Plain(static_cast<i16>(routines.family));
+    for (const int family : FamilyNumbers()) {
+        SCOPED_TRACE(family);
+        ProjectState s = Plain(static_cast<i16>(family));
         s.l = 3;
         s.nload[1] = 0;
         s.qload[1] = 0.5f;
@@ -204,7 +204,7 @@ TEST(EveryFamily, TwiceTheLoadIsTwiceTheMomentAndTheDeflection)
         ASSERT_TRUE(EndsWell(s));
         EXPECT_NEAR(s.mymax, 2 * moment, 1e-6 * s.mymax);
         EXPECT_NEAR(s.dzmax, 2 * deflection, 1e-6 * s.dzmax);
-        if (routines.family != 10 && routines.family != 11) {  // there row 1 has its own sign of My
+        if (family != 10 && family != 11) {  // there row 1 has its own sign of My
             EXPECT_NEAR(s.irrow1, 2 * section, 1e-6 * s.irrow1);
         }
     }
@@ -212,10 +212,10 @@ TEST(EveryFamily, TwiceTheLoadIsTwiceTheMomentAndTheDeflection)
 
 TEST(EveryFamily, EndMomentsMayBeSwapped)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
+    for (const int family : FamilyNumbers()) {
         for (const i16 method : std::initializer_list<i16>{1, 2}) {
-            SCOPED_TRACE(routines.family);
-            ProjectState s = Plain(static_cast<i16>(routines.family));
+            SCOPED_TRACE(family);
+            ProjectState s = Plain(static_cast<i16>(family));
             s.loadmode = 0;
             s.method = method;
             s.l = 2;
@@ -223,7 +223,7 @@ TEST(EveryFamily, EndMomentsMayBeSwapped)
             s.my1 = 3;
             s.my2 = -1;
             s.vz1 = s.vz2 = 2;
-            s.checkconsercontrol = routines.family == 28 ? kTrue : kFalse;
+            s.checkconsercontrol = family == 28 ? kTrue : kFalse;
             ProjectState swapped = s;
             std::swap(swapped.my1, swapped.my2);
             ASSERT_TRUE(EndsWell(s));
@@ -238,13 +238,12 @@ TEST(EveryFamily, EndMomentsMayBeSwapped)
 TEST(EveryFamily, MoreRestraintsNeverLowerTheResistanceForUniformMoment)
 {
     int controlled = 0;
-    for (const FamilyRoutines& routines : AllRoutines()) {
+    for (const int family : FamilyNumbers()) {
         for (const float moment : {2.0f, -2.0f}) {
             double before = 0;
             for (i16 restraints = 0; restraints <= 5; ++restraints) {
-                SCOPED_TRACE(std::to_string(routines.family) + ", restraints " +
-                             std::to_string(restraints));
-                ProjectState s = Plain(static_cast<i16>(routines.family));
+                SCOPED_TRACE(std::to_string(family) + ", restraints " + std::to_string(restraints));
+                ProjectState s = Plain(static_cast<i16>(family));
                 s.loadmode = 0;
                 s.l = 8;
                 s.ne = 0.01f;
@@ -311,9 +310,9 @@ TEST(AnnexB, CmLtKeepsAwayFromItsPole)
 // With an annex of one's own, everything of the strength side that rests on one factor.
 TEST(EveryFamily, PartialFactorDividesTheResistances)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
-        SCOPED_TRACE(routines.family);
-        ProjectState s = Plain(static_cast<i16>(routines.family));
+    for (const int family : FamilyNumbers()) {
+        SCOPED_TRACE(family);
+        ProjectState s = Plain(static_cast<i16>(family));
         s.annexcode = "UD";
         s.annexindex = AnnexIndexFromCode(s.annexcode);
         s.l = 2;

@@ -5,7 +5,7 @@
 #include "core/load_combination.h"
 #include "core/project_file.h"
 #include "engine/engine_fixture.h"
-#include "engine/family_routines.h"
+#include "sections/families.h"
 
 #include <gtest/gtest.h>
 
@@ -70,18 +70,17 @@ ProjectState Loaded(i16 family)
 
 TEST(Pass, AllocatesNothing)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
+    for (const int family : FamilyNumbers()) {
         for (const i16 method : std::initializer_list<i16>{1, 2}) {
             for (const i16 loadmode : std::initializer_list<i16>{0, 1}) {
-                ProjectState s = Loaded(static_cast<i16>(routines.family));
+                ProjectState s = Loaded(static_cast<i16>(family));
                 s.method = method;
                 s.loadmode = loadmode;
                 const std::size_t before = allocations;
                 const bool well = Calculate(Delivered(), s);
-                EXPECT_EQ(allocations, before)
-                    << "family " << routines.family << " method " << method;
-                EXPECT_TRUE(well) << "family " << routines.family << " method " << method
-                                  << " loadmode " << loadmode;
+                EXPECT_EQ(allocations, before) << "family " << family << " method " << method;
+                EXPECT_TRUE(well) << "family " << family << " method " << method << " loadmode "
+                                  << loadmode;
             }
         }
     }
@@ -151,22 +150,21 @@ void ExpectSame(const ProjectState& s, const ProjectState& fresh)
 // Every pair of families, the first one with the other method, load mode and annex.
 TEST(Pass, GivesTheSameAfterAnyOtherProject)
 {
-    for (const FamilyRoutines& second : AllRoutines()) {
+    for (const int second : FamilyNumbers()) {
         for (const i16 method : std::initializer_list<i16>{1, 2}) {
             for (const i16 loadmode : std::initializer_list<i16>{0, 1}) {
-                ProjectState inputs = Loaded(static_cast<i16>(second.family));
+                ProjectState inputs = Loaded(static_cast<i16>(second));
                 inputs.method = method;
                 inputs.loadmode = loadmode;
                 const std::string file = WriteProject(inputs);
                 ProjectState fresh = Fresh();
                 Open(fresh, file);
                 ASSERT_TRUE(EndsWell(fresh));
-                for (const FamilyRoutines& first : AllRoutines()) {
-                    SCOPED_TRACE(std::to_string(second.family) + " after " +
-                                 std::to_string(first.family) + ", method " +
-                                 std::to_string(method) + ", load mode " +
+                for (const int first : FamilyNumbers()) {
+                    SCOPED_TRACE(std::to_string(second) + " after " + std::to_string(first) +
+                                 ", method " + std::to_string(method) + ", load mode " +
                                  std::to_string(loadmode));
-                    ProjectState s = Loaded(static_cast<i16>(first.family));
+                    ProjectState s = Loaded(static_cast<i16>(first));
                     s.method = static_cast<i16>(3 - method);
                     s.loadmode = static_cast<i16>(1 - loadmode);
                     s.annexcode = "DK";

@@ -25,7 +25,7 @@ struct Choice {
 std::vector<Choice> Choices()
 {
     std::vector<Choice> choices;
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         i16 series = 0;
         for (const Table table : family.tables) {
             series = family.tables.size() > 1 ? static_cast<i16>(series + 1) : i16{0};

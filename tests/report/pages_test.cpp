@@ -1,10 +1,10 @@
 #include "report/pages.h"
 
 #include "core/load_combination.h"
-#include "engine/family_routines.h"
 #include "report/page_checks.h"
 #include "report/page_header.h"
 #include "report/panel.h"
+#include "sections/families.h"
 #include "sections/family_table.h"
 #include "service/vortex.h"
 
@@ -32,9 +32,9 @@ void ExpectHead(const PrintedReport& report, std::string_view title)
 
 TEST(Pages, ControlOfEveryFamilyIsCompleteAndLegible)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
-        SCOPED_TRACE(routines.family);
-        const ProjectState s = Designed(routines.family);
+    for (const int family : FamilyNumbers()) {
+        SCOPED_TRACE(family);
+        const ProjectState s = Designed(family);
         const PrintedReport report = PrintControl(Delivered(), s, kStamp);
         EXPECT_THAT(report.missing, IsEmpty());
         ExpectLegible(report);
@@ -64,9 +64,9 @@ TEST(Pages, ControlOfEveryFamilyIsCompleteAndLegible)
 
 TEST(Pages, PropertiesOfEveryFamilyAreCompleteAndLegible)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
-        SCOPED_TRACE(routines.family);
-        const ProjectState s = Designed(routines.family);
+    for (const int family : FamilyNumbers()) {
+        SCOPED_TRACE(family);
+        const ProjectState s = Designed(family);
         const PrintedReport report = PrintProperties(Delivered(), s, kStamp);
         EXPECT_THAT(report.missing, IsEmpty());
         ExpectLegible(report);

@@ -7,7 +7,7 @@
 #include "core/load_combination.h"
 #include "core/project_file.h"
 #include "engine/engine_fixture.h"
-#include "engine/family_routines.h"
+#include "sections/families.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -97,17 +97,17 @@ TEST(StateJson, HoldsTheDefaultProject)
 
 TEST(StateJson, HoldsAProjectOfEveryFamilyInBothLoadModes)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
+    for (const int family : FamilyNumbers()) {
         for (const i16 loadmode : std::initializer_list<i16>{0, 1}) {
-            SCOPED_TRACE(routines.family);
+            SCOPED_TRACE(family);
             ProjectState s = Fresh();
-            s.family = static_cast<i16>(routines.family);
+            s.family = static_cast<i16>(family);
             s.loadmode = loadmode;
             s.modal = 1;
             s.checksls = kTrue;
             s.restraints = 2;
             s.nload[1] = s.ne = 1;
-            s.checkconsercontrol = routines.family == 28 ? kTrue : kFalse;
+            s.checkconsercontrol = family == 28 ? kTrue : kFalse;
             ExpectWholeState(Opened(s));
         }
     }

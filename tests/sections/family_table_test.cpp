@@ -54,7 +54,7 @@ TEST(Families, StandInMenuOrderWithTheirCaptions)
 TEST(Families, AreFoundByNumberAlone)
 {
     std::set<std::string_view> menus, forms;
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         EXPECT_EQ(FindFamily(family.id), &family);
         menus.insert(family.menu);
         forms.insert(family.form);

@@ -42,7 +42,7 @@ TEST(SectionNames, FindASectionAsItIsWritten)
 // apart.
 TEST(SectionNames, EveryRowIsFoundUnderItsListedName)
 {
-    for (const FamilyInfo& info : Families()) {
+    for (const FamilyTraits& info : Families()) {
         for (const Table table : info.tables) {
             for (int row = 0; row < RowCount(table); ++row) {
                 const std::string name = RowName(DeliveredTables(), table, row);
@@ -97,7 +97,7 @@ TEST(SectionNames, FindAFamilyByCaptionTableOrSeries)
 TEST(SectionNames, EveryFamilyIsFoundUnderItsName)
 {
     std::set<std::string> names;
-    for (const FamilyInfo& info : kestrum::Families()) {
+    for (const FamilyTraits& info : kestrum::Families()) {
         EXPECT_TRUE(names.insert(FamilyName(info.id)).second) << info.id;
         EXPECT_EQ(Families(FamilyName(info.id).c_str()), std::to_string(info.id));
     }

@@ -77,7 +77,7 @@ public:
         if (box.form == "kestrum") {
             return window.get();
         }
-        for (const FamilyInfo& family : Families()) {
+        for (const FamilyTraits& family : Families()) {
             if (family.form == box.form) {
                 session.edit().family = static_cast<i16>(family.id);
             }

@@ -179,7 +179,7 @@ TEST_F(Captions, ScreenReadersTellTheControlsApart)
     names.emplace_back("kestrum");
     for (const std::string_view name : names) {
         session.edit().family = 6;
-        for (const FamilyInfo& family : Families()) {
+        for (const FamilyTraits& family : Families()) {
             session.edit().family =
                 family.form == name ? static_cast<i16>(family.id) : state().family;
         }

@@ -32,7 +32,7 @@ public:
 
 TEST_F(FamilyForms, ButtonAndMenuEntryChooseTheFamilyAndShowItsForm)
 {
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         SCOPED_TRACE(family.id);
         Click(ToQt(family.form) + QLatin1Char('i'));
         EXPECT_EQ(state().family, family.id);
@@ -54,7 +54,7 @@ TEST_F(FamilyForms, ButtonAndMenuEntryChooseTheFamilyAndShowItsForm)
 TEST_F(FamilyForms, EveryInputOfEveryFormCanBeChanged)
 {
     session.edit().nload[1] = 1;  // kN: no section is too slender for it
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         SCOPED_TRACE(family.id);
         Click(ToQt(family.form) + QLatin1Char('i'));
         auto& form = Find<Form>(ToQt(family.form));

@@ -33,7 +33,7 @@ TEST_F(Forms, AllOpenCloseAndFollowEveryPass)
     session.edit().modal = 1;
     for (const std::string_view name : MainWindow::FormNames()) {
         SCOPED_TRACE(std::string(name));
-        for (const FamilyInfo& family : Families()) {
+        for (const FamilyTraits& family : Families()) {
             if (family.form == name) {
                 session.edit().family = static_cast<i16>(family.id);
             }

@@ -99,7 +99,7 @@ TEST_P(Layout, HasRoomForEveryText)
     for (const std::string_view name : MainWindow::FormNames()) {
         SCOPED_TRACE(std::string(name));
         desktop.session.edit().family = 6;  // has a vortex form
-        for (const FamilyInfo& family : Families()) {
+        for (const FamilyTraits& family : Families()) {
             if (family.form == name) {
                 desktop.session.edit().family = static_cast<i16>(family.id);
             }

@@ -271,7 +271,7 @@ TEST_F(Program, MainWindowChoicesReachTheProject)
 TEST_F(Program, WorksThroughAWholeProject)
 {
     session.edit().nload[1] = 5;
-    for (const FamilyInfo& family : Families()) {
+    for (const FamilyTraits& family : Families()) {
         SCOPED_TRACE(family.id);
         Click(ToQt(family.form) + QLatin1Char('i'));
         for (const char* const form : {"setup", "Loading", "endstiff", "bucklingy", "bucklingz",

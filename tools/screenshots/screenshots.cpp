@@ -129,7 +129,7 @@ void TakeForms(Photographer& camera, Desk& desk, const QString& suffix)
         if (!camera.Wanted(name)) {
             continue;
         }
-        for (const FamilyInfo& family : Families()) {
+        for (const FamilyTraits& family : Families()) {
             if (family.form == form) {
                 ChooseFamily(desk.session, family.id);
             }
