@@ -33,8 +33,8 @@ bool CurveOfAnotherSection(const ProjectState& s)
 // kzz and kyz of the single-symmetric I in class 1 and 2 (D224); after a start they are 0.
 bool FactorOfAnotherMember(const ProjectState& s)
 {
-    return Is(s, Kind::i_single) && StagesOf(s).interaction && s.method == kAnnexB && s.classmy <= 2 &&
-           s.mzdesign != 0 && s.kzz != 0;
+    return Is(s, Kind::i_single) && StagesOf(s).interaction && s.method == kAnnexB &&
+           s.classmy <= 2 && s.mzdesign != 0 && s.kzz != 0;
 }
 
 // The factor follows a strength when annex or steel is chosen, not when it is typed (D20).

@@ -28,7 +28,8 @@ template <Table kTable> constexpr std::array<Table, 1> kOne = {kTable};
 constexpr std::array kUniversal = {Table::ub, Table::uc, Table::ubp};
 constexpr std::array kBritishChannels = {Table::ch, Table::pfc};
 
-template <SectionOption... kOptions> constexpr std::array<SectionOption, sizeof...(kOptions)> kWith = {kOptions...};
+template <SectionOption... kOptions>
+constexpr std::array<SectionOption, sizeof...(kOptions)> kWith = {kOptions...};
 
 // clang-format off
 constexpr FamilyTraits kFamilies[] = {

@@ -1,8 +1,8 @@
 #pragma once
 
-// The section families as data: one row for each, with all that the rest of the program asks about a
-// family. Nothing else compares the family's number but the layout of the project file; the routines
-// that design a kind of section are chosen in engine/family_routines.
+// The section families as data: one row for each, with all that the rest of the program asks about
+// a family. Nothing else compares the family's number but the layout of the project file; the
+// routines that design a kind of section are chosen in engine/family_routines.
 //
 // The members have no defaults: a row that leaves one out does not compile
 // (-Werror=missing-field-initializers).

@@ -115,11 +115,15 @@ constexpr CarriedActions kTeeActions = {.loads = kAxial, .ends = kAxial, .offere
 constexpr CarriedActions kUnequalBoxActions = {
     .loads = kAboutY, .ends = kAboutY, .offered = kAboutY};
 constexpr CarriedActions kHatActions = {  // the control leaves N out
-    .loads = kAboutY, .ends = kAxialAndY, .offered = kAboutY};
+    .loads = kAboutY,
+    .ends = kAxialAndY,
+    .offered = kAboutY};
 constexpr CarriedActions kFlatBarActions = {
     .loads = kAxialAndY, .ends = kAxialAndY, .offered = kAny};
 constexpr CarriedActions kPlateActions = {  // the control leaves N, Mz and Vy out
-    .loads = kAboutY, .ends = kAny, .offered = kAboutY};
+    .loads = kAboutY,
+    .ends = kAny,
+    .offered = kAboutY};
 constexpr CarriedActions kReservedActions = {.loads = kAny, .ends = kAny, .offered = kAboutY};
 
 // --- Design rules --------------------------------------------------------------------------------
