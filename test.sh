@@ -53,6 +53,7 @@ esac
 
 say "Checking the format"
 tools/check-format || die "run tools/check-format --fix"
+tools/check-families || die "a section family is decided by its number; sections/families.h has its row"
 tools/check-deviations || die "the deviation numbers in code, tests and docs/deviations.md differ"
 
 build_and_test release -DKESTRUM_TESTS=ON -DKESTRUM_BENCH=ON

@@ -2,9 +2,11 @@
 
 #include "app/field_hint.h"
 #include "core/annexes.h"
+#include "core/field_table.h"
 #include "sections/family_table.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <limits>
 
@@ -61,27 +63,6 @@ constexpr Choice kChoices[] = {
     {"terrain", 0, 4},
     {"vortexcase", 0, 4},
     {"family", 1, kMost},
-    {"row.hea", 0, kMost},
-    {"row.heb", 0, kMost},
-    {"row.hem", 0, kMost},
-    {"row.ipe", 0, kMost},
-    {"row.upe", 0, kMost},
-    {"row.shs", 0, kMost},
-    {"row.rhs", 0, kMost},
-    {"row.cfshs", 0, kMost},
-    {"row.cfrhs", 0, kMost},
-    {"row.l1", 0, kMost},
-    {"row.l2", 0, kMost},
-    {"row.inp", 0, kMost},
-    {"row.unp", 0, kMost},
-    {"row.l3", 0, kMost},
-    {"row.hp", 0, kMost},
-    {"row.ub", 0, kMost},
-    {"row.ubp", 0, kMost},
-    {"row.uc", 0, kMost},
-    {"row.j", 0, kMost},
-    {"row.ch", 0, kMost},
-    {"row.pfc", 0, kMost},
     {"series101", 1, 3},
     {"series103", 1, 2},
     {"rectaxis", 1, 2},
@@ -99,17 +80,32 @@ constexpr std::string_view kRow = "row.";
 constexpr std::string_view kGrade = "fykindex", kFamily = "family";
 constexpr std::string_view kClass = "p41.";
 
-// Place of "row.hea" among the tables.
-std::size_t TablePlace(const Choice& choice)
+// The rows of each profile table, in the order of the tables.
+const std::array<Choice, kTables>& RowChoices()
 {
-    const auto is = [](const Choice& c) { return c.field.starts_with(kRow); };
-    return static_cast<std::size_t>(&choice -
-                                    std::find_if(std::begin(kChoices), std::end(kChoices), is));
+    static const std::array<Choice, kTables> kRows = [] {
+        std::array<Choice, kTables> rows{};
+        std::size_t i = 0;
+        for (const Field& field : AllFields()) {
+            if (field.name.starts_with(kRow)) {
+                rows.at(i++) = {field.name, 0, kMost};
+            }
+        }
+        return rows;
+    }();
+    return kRows;
 }
 
 Table TableOfRows(const Choice& choice)
 {
-    return static_cast<Table>(TablePlace(choice));
+    return static_cast<Table>(&choice - RowChoices().data());
+}
+
+template <class List> const Choice* FindIn(const List& list, std::string_view field)
+{
+    const auto at = std::find_if(std::begin(list), std::end(list),
+                                 [&](const Choice& choice) { return choice.field == field; });
+    return at != std::end(list) ? &*at : nullptr;
 }
 
 // Highest value that is offered; of the families the last in number.
@@ -151,9 +147,7 @@ bool SameName(std::string_view a, std::string_view b)
 
 const Choice* FindChoice(std::string_view field)
 {
-    const auto* const at = std::find_if(std::begin(kChoices), std::end(kChoices),
-                                        [&](const Choice& c) { return c.field == field; });
-    return at != std::end(kChoices) ? at : nullptr;
+    return field.starts_with(kRow) ? FindIn(RowChoices(), field) : FindIn(kChoices, field);
 }
 
 bool Offers(const Library& library, const Choice& choice, int value)

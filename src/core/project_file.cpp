@@ -135,19 +135,9 @@ struct TableRow {
     Table table;
     const char* name;
 };
-constexpr std::array<TableRow, 13> kTableRows{{{1, Table::hea, "row.hea"},
-                                               {2, Table::heb, "row.heb"},
-                                               {3, Table::hem, "row.hem"},
-                                               {4, Table::ipe, "row.ipe"},
-                                               {5, Table::upe, "row.upe"},
-                                               {6, Table::shs, "row.shs"},
-                                               {7, Table::rhs, "row.rhs"},
-                                               {8, Table::cfshs, "row.cfshs"},
-                                               {9, Table::cfrhs, "row.cfrhs"},
-                                               {10, Table::l1, "row.l1"},
-                                               {11, Table::l2, "row.l2"},
-                                               {15, Table::inp, "row.inp"},
-                                               {16, Table::unp, "row.unp"}}};
+constexpr TableRow kTableRows[] = {
+#include "core/file_rows.inc"
+};
 
 template <class File> void Row(File& file, ProjectState& s, Table table, const char* name)
 {

@@ -4,9 +4,9 @@
 #include "core/load_combination.h"
 #include "core/setup_file.h"
 #include "engine/calculate.h"
+#include "sections/readprofiles.h"
 
 #include <cstddef>
-#include <iterator>
 
 namespace kestrum {
 
@@ -107,21 +107,8 @@ void ResetVortex(ProjectState& s)
 
 void ResetRows(ProjectState& s)
 {
-    struct Start {
-        Table table;
-        i16 row;
-    };
-    constexpr Start kStart[] = {
-        {Table::hea, 10},   {Table::heb, 10}, {Table::hem, 10}, {Table::ipe, 10},
-        {Table::upe, 10},   {Table::shs, 50}, {Table::rhs, 50}, {Table::cfshs, 50},
-        {Table::cfrhs, 50}, {Table::l1, 50},  {Table::l2, 40},  {Table::inp, 11},
-        {Table::unp, 10},   {Table::l3, 5},   {Table::hp, 5},   {Table::ub, 10},
-        {Table::ubp, 10},   {Table::uc, 10},  {Table::j, 10},   {Table::ch, 10},
-        {Table::pfc, 10},
-    };
-    static_assert(std::size(kStart) == kTables);
-    for (const Start& start : kStart) {
-        s.row[static_cast<std::size_t>(start.table)] = start.row;
+    for (std::size_t i = 0; i < kTables; ++i) {
+        s.row[i] = ShapeOf(static_cast<Table>(i)).start;
     }
 }
 

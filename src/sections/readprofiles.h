@@ -24,6 +24,7 @@ struct TableShape {
     int columns;
     std::array<int, 3> key;  // columns of the size key, counted from 1; 0 none
     int readrows;            // taken from the file
+    i16 start;               // row of a new project
 };
 
 const TableShape& ShapeOf(Table table);
