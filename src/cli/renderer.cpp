@@ -132,6 +132,10 @@ void WriteDrawings(const std::vector<Drawing>& pages, const DrawingScale& scale,
 {
     CheckDrawingName(path);
     const std::string ending = EndingOf(path);
+    if (ending != ".pdf" && pages.size() > 1) {
+        WriteDrawings({Stacked(pages)}, scale, path);
+        return;
+    }
     if (ending == ".svg") {
         const std::string fault = WriteWholeFile(path, WriteSvg(pages.front(), scale.svg_pixels));
         if (!fault.empty()) {

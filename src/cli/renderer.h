@@ -20,8 +20,8 @@ struct DrawingScale {
 // Throws BadInput for an ending that is none of .svg, .png, .pdf.
 void CheckDrawingName(const std::string& path);
 
-// PDF takes all pages, SVG and PNG the first. Throws BadInput: name, renderer missing, file not
-// writable.
+// PDF takes all pages, SVG and PNG show them below each other. Throws BadInput: name, renderer
+// missing, file not writable.
 void WriteDrawings(const std::vector<Drawing>& pages, const DrawingScale& scale,
                    const std::string& path);
 

@@ -105,10 +105,6 @@ int Report(const Options& options, const ReportArguments& arguments)
     for (const std::string& what : whole.missing) {
         Complain(what);
     }
-    if (whole.pages.size() > 1 && EndingOf(arguments.out) != ".pdf") {
-        Complain(arguments.out + ": the first of " + std::to_string(whole.pages.size()) +
-                 " pages; a .pdf takes all");
-    }
     return kAllWithin;
 }
 

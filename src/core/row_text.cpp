@@ -2,6 +2,8 @@
 
 #include "core/number_format.h"
 
+#include <algorithm>
+#include <cmath>
 #include <span>
 
 namespace kestrum {
@@ -46,7 +48,53 @@ std::string Filled(std::span<const Literal> templates, std::span<const double> n
     return out;
 }
 
+std::size_t FieldsOf(std::span<const Literal> templates)
+{
+    std::size_t count = 0;
+    for (const Literal& piece : templates) {
+        const std::string_view text = piece.text();
+        count += static_cast<std::size_t>(std::count(text.begin(), text.end(), '{'));
+    }
+    return count;
+}
+
+void ReplaceAll(std::string& text, std::string_view from, std::string_view to)
+{
+    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at)) {
+        text.replace(at, from.size(), to);
+        at += to.size();
+    }
+}
+
+// Terms are pairs of force and resistance. Those of a sum without signs count with their size.
+std::string Added(const ResultRow& row)
+{
+    auto number = row.number;
+    const std::size_t fields = FieldsOf(row.calculation);
+    const bool sum = row.label[0].text().find('+') != std::string_view::npos;
+    if (sum && fields < number.size() && number[fields] == 0) {
+        std::transform(number.begin(), number.end(), number.begin(),
+                       [](double value) { return std::abs(value); });
+    }
+    for (std::size_t term = 0; 2 * term < fields && fields + term < number.size(); ++term) {
+        const double sign = row.number[fields + term];
+        if (sign != 0 && number[2 * term] != 0) {
+            number[2 * term] *= sign;
+        }
+    }
+    std::string text = Filled(row.calculation, number);
+    ReplaceAll(text, "+-", "-");
+    return text;
+}
+
 }  // namespace
+
+RowText ShownTextOf(const ResultRow& row, float irlimit)
+{
+    RowText text = TextOf(row, irlimit);
+    text.calculation = Added(row);
+    return text;
+}
 
 RowText TextOf(const ResultRow& row, float irlimit)
 {

@@ -78,13 +78,21 @@ void SetShear(ProjectState& s)
     s.shearnote = ")";
 }
 
-// Utilisation at one point, with the moment resistances that belong to it.
+// A moment with the resistance of a point, kNm; sign: +1 or -1, as its stress counts there.
+struct PointMoment {
+    double m, sign, r;
+    double Ratio() const { return sign * (m / r); }
+};
+
+// Utilisation at one point.
 struct PointRatio {
-    double ir;
-    double m1, r1;  // about y or u, kNm
-    double m2, r2;  // about z or v
     int point;
+    double n;                   // -NEd/NRd
+    PointMoment first, second;  // about y or u, about z or v
     bool single;  // the point lies on the first axis, so that only the second moment stresses it
+
+    double Sum() const { return n + (single ? 0.0 : first.Ratio()) + second.Ratio(); }
+    double ir() const { return std::abs(Sum()); }
 };
 
 // The first of the points with the largest ratio.
@@ -92,7 +100,7 @@ PointRatio Governing(const std::array<PointRatio, 3>& points)
 {
     PointRatio most = points[0];
     for (const PointRatio& point : points) {
-        if (point.ir > most.ir) {
+        if (point.ir() > most.ir()) {
             most = point;
         }
     }
@@ -101,17 +109,21 @@ PointRatio Governing(const std::array<PointRatio, 3>& points)
 
 void TakePoint(ProjectState& s, int row, const PointRatio& point, Literal label, double x)
 {
-    if (!(point.ir > RowRatio(s, row))) {
+    if (!(point.ir() > RowRatio(s, row))) {
         return;
     }
-    ResultRow& taken = TakeRow(s, row, point.ir);
+    ResultRow& taken = TakeRow(s, row, point.ir());
     taken.label[0] = label;
+    // Behind the terms the signs with which they add up to the ratio, for the reader.
+    const double side = point.Sum() < 0 ? -1 : 1;
+    const PointMoment &one = point.first, &two = point.second;
     if (point.single) {
         taken.calculation[0] = "{F}/{F}+{F}/{F} = ";
-        taken.number = {s.ned, s.nrdint, point.m2, point.r2};
+        taken.number = {s.ned, s.nrdint, two.m, two.r, -side, side * two.sign};
     } else {
         taken.calculation[0] = "{F}/{F}+{F}/{F}+{F}/{F} = ";
-        taken.number = {s.ned, s.nrdint, point.m1, point.r1, point.m2, point.r2};
+        taken.number = {s.ned, s.nrdint, one.m,           one.r,          two.m,
+                        two.r, -side,    side * one.sign, side * two.sign};
     }
     taken.limit[0] = " ({r}L, point: {i}, Ch 6.2.1)";
     taken.place = {x, static_cast<double>(point.point)};
@@ -126,9 +138,9 @@ void ControlGeometricAxes(ProjectState& s, double n, double x)
 {
     const double my = s.myed, mz = s.mzed;
     const std::array<PointRatio, 3> points{{
-        {std::abs(n + my / s.mry1 - mz / s.mrz1), my, s.mry1, mz, s.mrz1, 1, false},
-        {std::abs(n - my / s.mry2 - mz / s.mrz1), my, s.mry2, mz, s.mrz1, 2, false},
-        {std::abs(n - my / s.mry2 + mz / s.mrz2), my, s.mry2, mz, s.mrz2, 3, false},
+        {1, n, {my, 1, s.mry1}, {mz, -1, s.mrz1}, false},
+        {2, n, {my, -1, s.mry2}, {mz, -1, s.mrz1}, false},
+        {3, n, {my, -1, s.mry2}, {mz, 1, s.mrz2}, false},
     }};
     TakePoint(s, 1, Governing(points), "IR = NEd/NRd+My,Ed/My,Rd+Mz,Ed/Mz,Rd = ", x);
 }
@@ -139,12 +151,11 @@ void ControlPrincipalAxes(ProjectState& s, double n, double x)
     const double alfa = s.alfa * std::numbers::pi / 180;
     const double mu = s.myed * std::cos(alfa) + s.mzed * std::sin(alfa);
     const double mv = -s.myed * std::sin(alfa) + s.mzed * std::cos(alfa);
-    // The heel of equal legs lies on the u axis.
-    const double heelu = Equal(s) ? 0.0 : mu / s.mru[2];
+    const bool heel = Equal(s);  // the heel of equal legs lies on the u axis
     const std::array<PointRatio, 3> points{{
-        {std::abs(n - mu / s.mru[1] + mv / s.mrv[1]), mu, s.mru[1], mv, s.mrv[1], 1, false},
-        {std::abs(n + heelu - mv / s.mrv[2]), mu, s.mru[2], mv, s.mrv[2], 2, Equal(s)},
-        {std::abs(n + mu / s.mru[3] + mv / s.mrv[3]), mu, s.mru[3], mv, s.mrv[3], 3, false},
+        {1, n, {mu, -1, s.mru[1]}, {mv, 1, s.mrv[1]}, false},
+        {2, n, {mu, 1, s.mru[2]}, {mv, -1, s.mrv[2]}, heel},
+        {3, n, {mu, 1, s.mru[3]}, {mv, 1, s.mrv[3]}, false},
     }};
     TakePoint(s, 2, Governing(points), "IR = NEd/NRd+Mu,Ed/Mu,Rd+Mv,Ed/Mv,Rd = ", x);
 }

@@ -190,4 +190,18 @@ void Place(Drawing& target, const Drawing& part, Point offset, double scale)
     }
 }
 
+Drawing Stacked(const std::vector<Drawing>& pages)
+{
+    Drawing stack;
+    for (const Drawing& page : pages) {
+        if (stack.title.empty()) {
+            stack.title = page.title;
+        }
+        stack.width = std::max(stack.width, page.width);
+        Place(stack, page, {0, stack.height});
+        stack.height += page.height;
+    }
+    return stack;
+}
+
 }  // namespace kestrum

@@ -100,6 +100,9 @@ Bounds BoundsOf(const TextMark& text);
 Bounds BoundsOf(const Mark& mark);
 Bounds BoundsOf(const Drawing& drawing);
 
+// One drawing with all of the given below each other, as for a file that holds a single picture.
+Drawing Stacked(const std::vector<Drawing>& pages);
+
 // Appends all marks of `part`, scaled and then moved; text sizes and line widths scale with it.
 void Place(Drawing& target, const Drawing& part, Point offset, double scale = 1);
 

@@ -70,7 +70,7 @@ std::vector<LineLoad> LineLoads(const ProjectState& s, i16 direction)
         const bool any = s.qt1[k] != 0 || s.qt2[k] != 0;
         if (any && s.qtdir[k] == direction && Acts(s, s.qtchecked[k])) {
             loads.push_back({s.qt1[k], s.qt2[k], Relative(s, s.qtx1[k]), Relative(s, s.qtx2[k]),
-                             Figure(s.qt1[k]) + " - " + Value(s.qt2[k], " kN/m", s.qttype[k])});
+                             Figure(s.qt1[k]) + "/" + Value(s.qt2[k], " kN/m", s.qttype[k])});
         }
     }
     return loads;
@@ -296,8 +296,9 @@ std::string AxialLoadText(const ProjectState& s)
     std::string text;
     for (std::size_t k = 1; k < s.nload.size(); ++k) {
         if (s.nload[k] != 0 && Acts(s, s.nchecked[k])) {
-            text += (text.empty() ? "Axial Load: " : "+") + FormatNum(s.nload[k], "#0.0") +
-                    CategoryText(s.ntype[k]);
+            const bool plus = !text.empty() && s.nload[k] > 0;  // a negative one has its own sign
+            text += text.empty() ? "Axial Load: " : plus ? "+" : "";
+            text += FormatNum(s.nload[k], "#0.0") + CategoryText(s.ntype[k]);
         }
     }
     return text;

@@ -4,6 +4,7 @@
 #include "report/page_diagrams.h"
 #include "report/page_header.h"
 #include "report/page_loading.h"
+#include "report/page_notes.h"
 #include "report/page_quantities.h"
 #include "report/panel.h"
 #include "report/stages.h"
@@ -12,6 +13,7 @@
 #include "stability/buckling_rows.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kestrum {
 
@@ -55,9 +57,9 @@ void General(PageWriter& page, const ProjectState& s)
     x = page.Write(x + kGap, "Material: ");
     x = page.Write(x, "fy = " + FormatNum(s.fyk, "###") +
                           " MPa    E = " + FormatNum(s.e, "0.000E+0") + " MPa    ");
-    x = page.Write(x, "gm0/gm1 =" + FormatNum(s.gammam0, "#.00") + "/" +
-                          FormatNum(s.gammam1, "#.00") + "    ");
-    page.Write(x, ClassLine(s));
+    const std::string cls = ClassLine(s);
+    x = page.Write(x, cls.empty() ? cls : cls + "    ");
+    page.Write(x, "gm0/gm1 =" + FormatNum(s.gammam0, "#.00") + "/" + FormatNum(s.gammam1, "#.00"));
     page.Row();
     x = kPageLeft;
     if (s.checkelastic != kFalse) {
@@ -73,29 +75,33 @@ void General(PageWriter& page, const ProjectState& s)
 
 // --- Profile ------------------------------------------------------------------------------------
 
+// "h=75  b=75  t=6.0 (mm)  alfa=45.0 deg": the unit of the lengths once, behind the last of them.
 std::string Joined(const std::vector<Quantity>& quantities)
 {
-    std::string text;
+    constexpr std::string_view kLength = "mm";
+    std::string lengths, others;
     for (const Quantity& quantity : quantities) {
+        const bool length = quantity.unit == kLength;
+        std::string& text = length ? lengths : others;
         text += text.empty() ? "" : "  ";
-        text += quantity.symbol + "=" + quantity.value;
-        text += quantity.unit == "mm" ? "" : " " + quantity.unit;
+        text += quantity.symbol + "=" + quantity.value + (length ? "" : " " + quantity.unit);
     }
-    return text;
+    lengths += lengths.empty() ? "" : " (mm)";
+    return lengths + (lengths.empty() || others.empty() ? "" : "  ") + others;
 }
 
 void ShortProfile(PageWriter& page, const Library& library, const ProjectState& s)
 {
-    double x = page.Write(kPageLeft, Is(s, Kind::general) ? "Identification: " : "Profile:   ",
+    double x = page.Write(kPageLeft, Is(s, Kind::general) ? "Identification: " : "Profile: ",
                           {.bold = true, .size = kPageHeading});
     x = page.Write(x, ProfileText(library, s, true), {.bold = true, .size = kPageHeading});
     const std::string sizes = Joined(DimensionsOf(s));
     if (!sizes.empty()) {
-        const bool beside = x + kGap + TextWidth(sizes + " (mm)", kPageText) <= kPageRight;
+        const bool beside = x + kGap + TextWidth(sizes, kPageText) <= kPageRight;
         if (!beside) {
             page.Row();
         }
-        page.Write(beside ? x + kGap : kPageLeft, sizes + " (mm)");
+        page.Write(beside ? x + kGap : kPageLeft, sizes);
     }
     page.Row();
     const bool plate = Traits(s).lists.stiffener_iz;
@@ -242,11 +248,15 @@ void StabilityParameters(PageWriter& page, const ProjectState& s)
         BucklingTable(page, s, kPageMiddle - 4 * kGap);
         bottom = page.y();
     }
+    page.MoveTo(top);
+    const double left = axial ? kPageMiddle : kPageLeft;
     if (s.ltb != 0) {
-        page.MoveTo(top);
-        LateralParameters(page, s, axial ? kPageMiddle : kPageLeft);
-        bottom = std::max(bottom, page.y());
+        LateralParameters(page, s, left);
+    } else if (LateralBucklingLeftOut(s)) {
+        page.WriteBold(left, "Lateral torsional buckling: not checked");
+        page.Row();
     }
+    bottom = std::max(bottom, page.y());
     page.MoveTo(bottom);
     if (bottom > top) {
         page.Row(kPageSpace);
@@ -255,11 +265,17 @@ void StabilityParameters(PageWriter& page, const ProjectState& s)
 
 // --- Results ------------------------------------------------------------------------------------
 
+// On paper a ratio above its limit says so in words.
+std::string Worded(const TextRun& run)
+{
+    return run.text + std::string(AboveWord(run.colour));
+}
+
 double WidthOf(const std::vector<TextRun>& runs, double size)
 {
     double width = 0;
     for (const TextRun& run : runs) {
-        width += TextWidth(run.text, size, run.bold);
+        width += TextWidth(Worded(run), size, run.bold);
     }
     return width;
 }
@@ -270,7 +286,7 @@ void WriteRuns(PageWriter& page, double x, const std::vector<TextRun>& runs, dou
         const Ink ink = run.colour == kWithin  ? Ink::good
                         : run.colour == kAbove ? Ink::bad
                                                : Ink::text;
-        x = page.Write(x, run.text,
+        x = page.Write(x, Worded(run),
                        {.bold = run.bold, .underline = run.underline, .ink = ink, .size = size});
     }
 }
@@ -345,34 +361,115 @@ void Modal(PageWriter& page, const ProjectState& s)
     page.Row();
 }
 
-void BelowDiagrams(PageWriter& page, const ProjectState& s)
+// --- Sheets -------------------------------------------------------------------------------------
+
+// What stands on the first sheet; the rest goes on further ones.
+struct Plan {
+    bool low;  // saves height for the figures
+    bool notes;
+    Figures figures;
+    Legibility least;
+};
+
+// From the most comfortable to the one that always fits.
+constexpr Plan kPlans[] = {{false, true, Figures::all, Legibility::good},
+                           {true, true, Figures::all, Legibility::small},
+                           {true, false, Figures::all, Legibility::small},
+                           {true, false, Figures::diagrams, Legibility::small},
+                           {true, false, Figures::none, Legibility::none}};
+
+struct Control {
+    const Library& library;
+    const ProjectState& s;
+    const PrintStamp& stamp;
+    std::vector<DesignNote> notes;
+    std::vector<NoteLine> lines;  // of the notes
+};
+
+void BelowFigures(PageWriter& page, const Control& control, bool notes)
 {
-    StabilityParameters(page, s);
-    Results(page, s);
-    Modal(page, s);
+    StabilityParameters(page, control.s);
+    Results(page, control.s);
+    Modal(page, control.s);
+    if (notes) {
+        PrintNotes(page, control.lines, 0);
+    } else if (!control.notes.empty()) {
+        page.WriteBold(kPageLeft, NoteNumbers(control.notes) + " (sheet 2)");
+        page.Row();
+    }
 }
 
-// Height of what stands below the diagrams, to the base line of its last row.
-double HeightBelow(const ProjectState& s)
+// Height of what stands below the figures, to the base line of its last row.
+double HeightBelow(const Control& control, bool notes)
 {
     constexpr double kSafety = 0.1;  // mm
     PageWriter trial("");
     const double top = trial.y();
-    BelowDiagrams(trial, s);
+    BelowFigures(trial, control, notes);
     return trial.y() - top - kPageRow + kSafety;
 }
 
-// `low` saves height for the diagrams. False where they could do with more.
-bool WriteControl(PageWriter& page, const Library& library, const ProjectState& s,
-                  const PrintStamp& stamp, bool low)
+void PointToSheet2(PageWriter& page, Figures printed)
 {
-    PageHeader(page, s, stamp, kDesignTitle);
-    General(page, s);
-    ShortProfile(page, library, s);
-    GeometryAndLoading(page, s, low);
-    const bool readable = PrintDiagrams(page, s, HeightBelow(s));
-    BelowDiagrams(page, s);
-    return readable;
+    if (printed != Figures::all) {
+        page.Write(kPageLeft, printed == Figures::diagrams
+                                  ? "Figures of the loads: sheet 2"
+                                  : "Figures of the loads, diagrams: sheet 2");
+        page.Row(1 + kPageSpace);
+    }
+}
+
+// The first sheet. False where the figures come out smaller than planned.
+bool WriteFirst(PageWriter& page, const Control& control, const Plan& plan)
+{
+    PageHeader(page, control.s, control.stamp, kDesignTitle);
+    General(page, control.s);
+    ShortProfile(page, control.library, control.s);
+    GeometryAndLoading(page, control.s, plan.low);
+    PointToSheet2(page, plan.figures);
+    if (plan.figures != Figures::none) {
+        const Legibility reached =
+            PrintFigures(page, control.s, plan.figures, HeightBelow(control, plan.notes));
+        if (reached > plan.least) {
+            return false;
+        }
+    }
+    BelowFigures(page, control, plan.notes);
+    return true;
+}
+
+// What the first sheet does not hold.
+void WriteFurther(std::vector<PageWriter>& sheets, const std::string& title, const Control& control,
+                  const Plan& plan)
+{
+    const Figures left = plan.figures == Figures::all        ? Figures::none
+                         : plan.figures == Figures::diagrams ? Figures::loads
+                                                             : Figures::all;
+    std::size_t line = plan.notes ? control.lines.size() : 0;
+    bool figures = left != Figures::none;
+    while (figures || line < control.lines.size()) {
+        PageWriter& page = sheets.emplace_back(title);
+        PageHeader(page, control.s, control.stamp, kDesignTitle);
+        if (figures && PrintFigures(page, control.s, left, 0) == Legibility::none) {
+            page.Miss("figures of the loads");
+        }
+        figures = false;
+        line = PrintNotes(page, control.lines, line);
+    }
+}
+
+PrintedReport Bound(std::vector<PageWriter> sheets)
+{
+    PrintedReport report;
+    for (std::size_t i = 0; i < sheets.size(); ++i) {
+        if (sheets.size() > 1) {
+            SheetNumber(sheets[i], i + 1, sheets.size());
+        }
+        PrintedReport sheet = sheets[i].Take();
+        report.pages.push_back(std::move(sheet.pages.front()));
+        report.missing.insert(report.missing.end(), sheet.missing.begin(), sheet.missing.end());
+    }
+    return report;
 }
 
 }  // namespace
@@ -380,12 +477,19 @@ bool WriteControl(PageWriter& page, const Library& library, const ProjectState& 
 PrintedReport PrintControl(const Library& library, const ProjectState& s, const PrintStamp& stamp)
 {
     const std::string title = "Section and stability control";
-    PageWriter page(title);
-    if (!WriteControl(page, library, s, stamp, false)) {
-        page = PageWriter(title);
-        WriteControl(page, library, s, stamp, true);
+    std::vector<DesignNote> notes = DesignNotes(s);
+    std::vector<NoteLine> lines = NoteLines(notes);
+    const Control control{library, s, stamp, std::move(notes), std::move(lines)};
+    std::vector<PageWriter> sheets;
+    for (const Plan& plan : kPlans) {
+        PageWriter page(title);
+        if (WriteFirst(page, control, plan)) {
+            sheets.push_back(std::move(page));
+            WriteFurther(sheets, title, control, plan);
+            break;
+        }
     }
-    return page.Take();
+    return Bound(std::move(sheets));
 }
 
 }  // namespace kestrum

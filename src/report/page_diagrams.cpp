@@ -109,6 +109,19 @@ Drawing LoadsBeside(const Pictures& pictures)
                       column(pictures.z.moment, pictures.y.moment));
 }
 
+Drawing LoadsOnly(const Pictures& pictures)
+{
+    const double below = kHead + std::max(pictures.z.load.height, pictures.y.load.height);
+    const auto column = [&](const Drawing& load, std::string_view head) {
+        Drawing drawing;
+        Place(drawing, load, {0, below - load.height});
+        AddHead(drawing, head, kHead);
+        return drawing;
+    };
+    return WithoutGaps(
+        SideBySide(column(pictures.z.load, "Z-axis"), column(pictures.y.load, "Y-axis")));
+}
+
 // The largest scale, at most 1, in which the drawing fits the width of the page and the height.
 double ScaleOf(const Drawing& drawing, double height)
 {
@@ -117,43 +130,38 @@ double ScaleOf(const Drawing& drawing, double height)
                      height / (bounds.bottom - bounds.top)});
 }
 
-// False if the drawing would become too small to read in the height given.
-bool Printed(PageWriter& page, const Drawing& drawing, double height)
+Drawing Arranged(const Pictures& pictures, Figures figures, double height)
 {
+    if (figures == Figures::loads) {
+        return LoadsOnly(pictures);
+    }
+    Drawing above = LoadsAbove(pictures, figures == Figures::all);
+    if (figures == Figures::all && ScaleOf(above, height) < kGoodScale) {
+        Drawing beside = LoadsBeside(pictures);
+        if (ScaleOf(beside, height) > ScaleOf(above, height)) {
+            return beside;
+        }
+    }
+    return above;
+}
+
+}  // namespace
+
+Legibility PrintFigures(PageWriter& page, const ProjectState& s, Figures figures, double below)
+{
+    const double height = page.Room() - below - kPageSpace * kPageRow;
+    const Pictures pictures{DrawAll(s, LoadAxis::z), DrawAll(s, LoadAxis::y)};
+    const Drawing drawing = Arranged(pictures, figures, height);
     const double scale = ScaleOf(drawing, height);
     if (scale < kSmallestScale) {
-        return false;
+        return Legibility::none;
     }
     const Bounds bounds = BoundsOf(drawing);
     const double top = page.y() - kPageRow;
     page.Picture(drawing, {kPageLeft - bounds.left * scale, top - bounds.top * scale}, scale);
     page.MoveTo(top + (bounds.bottom - bounds.top) * scale + kPageRow);
     page.Row(kPageSpace);
-    return true;
-}
-
-}  // namespace
-
-bool PrintDiagrams(PageWriter& page, const ProjectState& s, double below)
-{
-    const double height = page.Room() - below - kPageSpace * kPageRow;
-    const Pictures pictures{DrawAll(s, LoadAxis::z), DrawAll(s, LoadAxis::y)};
-    Drawing all = LoadsAbove(pictures, true);
-    if (ScaleOf(all, height) < kGoodScale) {
-        Drawing beside = LoadsBeside(pictures);
-        if (ScaleOf(beside, height) > ScaleOf(all, height)) {
-            all = std::move(beside);
-        }
-    }
-    if (Printed(page, all, height)) {
-        return ScaleOf(all, height) >= kGoodScale;
-    }
-    if (Printed(page, LoadsAbove(pictures, false), height)) {
-        page.Miss("load diagrams of both axes");
-    } else {
-        page.Miss("load, moment, shear and deflection diagrams of both axes");
-    }
-    return false;
+    return scale < kGoodScale ? Legibility::small : Legibility::good;
 }
 
 }  // namespace kestrum

@@ -13,6 +13,8 @@ namespace {
 constexpr std::string_view kProgram = "Kestrum EC3";
 constexpr std::string_view kMaker = "Kestrum EC3, free software under the MIT licence";
 
+constexpr std::string_view kPageNumber = "1/1";  // of every report
+
 constexpr double kRightColumn = 136, kRightValue = 148;
 constexpr double kLargeText = 5;
 constexpr std::size_t kProjectCharacters = 46, kIdentCharacters = 39, kFileCharacters = 40;
@@ -29,6 +31,32 @@ std::string Sizes(std::initializer_list<double> sizes)
         }
     }
     return text;
+}
+
+// Blanks before the name of the profile, which set it off from the heading.
+std::string_view Blanks(int family, bool brief)
+{
+    switch (family) {
+    case 10:
+    case 11:
+        return "  ";
+    case 6:
+    case 7:
+    case 8:
+    case 9:
+    case 22:
+    case 23:
+    case 27:
+    case 28:
+    case 31:
+        return brief ? "  " : "";
+    case 24:
+    case 25:
+    case 26:
+        return brief ? " " : "";
+    default:
+        return "";
+    }
 }
 
 // How a hollow section of the tables is made.
@@ -66,47 +94,7 @@ std::string PlateText(const Library& library, const ProjectState& s)
     }
 }
 
-}  // namespace
-
-std::string FileText(std::string_view filename)
-{
-    const bool fits = CharacterCount(filename) <= kFileCharacters &&
-                      TextWidth(filename, kPageText) <= kPageRight - kRightValue;
-    return std::string(fits ? filename : filename.substr(filename.find_last_of("/\\") + 1));
-}
-
-void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp,
-                std::string_view title)
-{
-    constexpr double kGap = 2, kWord = 0.8;
-    const double left_end = kRightColumn - kGap;
-    page.MoveTo(kPageTop + kLargeText);
-    page.Write(kPageLeft, kProgram, {.bold = true, .size = kLargeText});
-    page.Write(kRightColumn, "Page:");
-    page.Write(kRightValue, "1/1");
-    page.Row(1.2);
-    page.Write(kPageLeft, title, {}, left_end);
-    page.Write(kRightColumn, "Date: ");
-    page.Write(kRightValue, stamp.date);
-    page.Row();
-    page.Write(kPageLeft, "Version " + std::string(kVersion) + " ");
-    page.Write(kRightColumn, "Time: ");
-    page.Write(kRightValue, stamp.time);
-    page.Row();
-    page.Write(kPageLeft, kMaker);
-    page.Write(kRightColumn, "File: ");
-    page.Write(kRightValue, FileText(s.filename));
-    page.Row(1.2);
-    const double project = page.Write(kPageLeft, "Project: ", {.bold = true});
-    page.Write(project + kWord, FirstCharacters(s.projname, kProjectCharacters), {.bold = true});
-    page.Row();
-    const double ident = page.Write(kPageLeft, "Identification: ", {.bold = true});
-    page.Write(ident + kWord, FirstCharacters(s.ident, kIdentCharacters), {.bold = true});
-    page.Rule();
-    page.Row(2);
-}
-
-std::string ProfileText(const Library& library, const ProjectState& s, bool brief)
+std::string ProfileName(const Library& library, const ProjectState& s, bool brief)
 {
     const FamilyTraits& family = Traits(s);
     if (family.shape.stiffener != Stiffener::none) {
@@ -140,6 +128,61 @@ std::string ProfileText(const Library& library, const ProjectState& s, bool brie
     default:
         return {};
     }
+}
+
+}  // namespace
+
+std::string FileText(std::string_view filename)
+{
+    const bool fits = CharacterCount(filename) <= kFileCharacters &&
+                      TextWidth(filename, kPageText) <= kPageRight - kRightValue;
+    return std::string(fits ? filename : filename.substr(filename.find_last_of("/\\") + 1));
+}
+
+void SheetNumber(PageWriter& page, std::size_t sheet, std::size_t sheets)
+{
+    constexpr double kGap = 2;
+    const double y = page.y();
+    page.MoveTo(kPageTop + kLargeText);
+    page.Write(kRightValue + TextWidth(kPageNumber, kPageText) + kGap,
+               "(sheet " + std::to_string(sheet) + " of " + std::to_string(sheets) + ")");
+    page.MoveTo(y);
+}
+
+void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp,
+                std::string_view title)
+{
+    constexpr double kGap = 2, kWord = 0.8;
+    const double left_end = kRightColumn - kGap;
+    page.MoveTo(kPageTop + kLargeText);
+    page.Write(kPageLeft, kProgram, {.bold = true, .size = kLargeText});
+    page.Write(kRightColumn, "Page:");
+    page.Write(kRightValue, kPageNumber);
+    page.Row(1.2);
+    page.Write(kPageLeft, title, {}, left_end);
+    page.Write(kRightColumn, "Date: ");
+    page.Write(kRightValue, stamp.date);
+    page.Row();
+    page.Write(kPageLeft, "Version " + std::string(kVersion) + " ");
+    page.Write(kRightColumn, "Time: ");
+    page.Write(kRightValue, stamp.time);
+    page.Row();
+    page.Write(kPageLeft, kMaker);
+    page.Write(kRightColumn, "File: ");
+    page.Write(kRightValue, FileText(s.filename));
+    page.Row(1.2);
+    const double project = page.Write(kPageLeft, "Project: ", {.bold = true});
+    page.Write(project + kWord, FirstCharacters(s.projname, kProjectCharacters), {.bold = true});
+    page.Row();
+    const double ident = page.Write(kPageLeft, "Identification: ", {.bold = true});
+    page.Write(ident + kWord, FirstCharacters(s.ident, kIdentCharacters), {.bold = true});
+    page.Rule();
+    page.Row(2);
+}
+
+std::string ProfileText(const Library& library, const ProjectState& s, bool brief)
+{
+    return std::string(Blanks(s.family, brief)) + ProfileName(library, s, brief);
 }
 
 }  // namespace kestrum

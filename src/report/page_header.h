@@ -13,11 +13,14 @@ constexpr std::string_view kVortexTitle = "Vortex shedding according to EN 1991-
 void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp,
                 std::string_view title);
 
+// What a report of several sheets writes next to the number of its page: "(sheet 1 of 2)".
+void SheetNumber(PageWriter& page, std::size_t sheet, std::size_t sheets);
+
 // The path, or behind its last folder when it is longer than 40 characters.
 std::string FileText(std::string_view filename);
 
-// "HEA 200", "Box 300x200x10x12", "Pl 600x10 + L 250x90x9". `brief` shortens how a hollow section
-// is made: "RHS 200x100x8 (Hotf.)".
+// "HEA 200", "Box 300x200x10x12", "Pl 600x10 + L 250x90x9". `brief`, on the page of the control,
+// shortens how a hollow section is made and sets some names off: "  RHS 200x100x8 (Hotf.)".
 std::string ProfileText(const Library& library, const ProjectState& s, bool brief);
 
 }  // namespace kestrum

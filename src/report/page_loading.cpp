@@ -22,11 +22,23 @@ std::string_view Category(double type)
 
 // One row of a table of loads.
 struct LoadRow {
-    std::string load, value, position;
-    std::string_view category;
+    std::string load, value, position, category;
 };
 
 const LoadRow kTitles{"Load", "kN/kNm", "x/x1/x2 (m)", "G/Q"};
+
+constexpr std::string_view kNotTicked = "*";
+
+// Among basic loads only ticked rows act; the others are listed with a mark.
+std::string_view Mark(const ProjectState& s, i16 checked)
+{
+    return s.loadcomb == kBasicLoads && checked == 0 ? kNotTicked : "";
+}
+
+std::string CategoryOf(const ProjectState& s, double type, i16 checked)
+{
+    return std::string(Category(type)) + std::string(Mark(s, checked));
+}
 
 // direction: 1 loads along z, 0 along y.
 std::vector<LoadRow> RowsOf(const ProjectState& s, int direction)
@@ -34,21 +46,23 @@ std::vector<LoadRow> RowsOf(const ProjectState& s, int direction)
     std::vector<LoadRow> rows;
     for (std::size_t i = 1; i < s.qload.size(); ++i) {
         if (s.qload[i] != 0 && s.qdir[i] == direction) {
-            rows.push_back({"q ", FormatNum(s.qload[i], kLoad), "", Category(s.qtype[i])});
+            rows.push_back(
+                {"q ", FormatNum(s.qload[i], kLoad), "", CategoryOf(s, s.qtype[i], s.qchecked[i])});
         }
     }
     for (std::size_t i = 1; i < s.qt1.size(); ++i) {
         if ((s.qt1[i] != 0 || s.qt2[i] != 0) && s.qtdir[i] == static_cast<float>(direction)) {
             rows.push_back({"q", FormatNum(s.qt1[i], kLoad) + "/" + FormatNum(s.qt2[i], kLoad),
                             FormatNum(s.qtx1[i], kPosition) + "/" + FormatNum(s.qtx2[i], kPosition),
-                            Category(s.qttype[i])});
+                            CategoryOf(s, s.qttype[i], s.qtchecked[i])});
         }
     }
     const char* const moment = direction == 1 ? "My" : "Mz";
     for (std::size_t i = 1; i < s.pm.size(); ++i) {
         if (s.pm[i] != 0 && s.pmdir[i] == direction) {
             rows.push_back({s.pmkind[i] == 1 ? moment : "P", FormatNum(s.pm[i], kLoad),
-                            FormatNum(s.pmx[i], kPosition), Category(s.pmtype[i])});
+                            FormatNum(s.pmx[i], kPosition),
+                            CategoryOf(s, s.pmtype[i], s.pmchecked[i])});
         }
     }
     return rows;
@@ -141,8 +155,8 @@ std::string AxialText(const ProjectState& s)
     for (std::size_t i = 1; i < s.nload.size(); ++i) {
         if (s.nload[i] != 0) {
             text += text.empty() ? "N = " : "    N = ";
-            text +=
-                FormatNum(s.nload[i], kAxialLoad) + " (" + std::string(Category(s.ntype[i])) + ")";
+            text += FormatNum(s.nload[i], kAxialLoad) + " (" + std::string(Category(s.ntype[i])) +
+                    ")" + std::string(Mark(s, s.nchecked[i]));
         }
     }
     return text;
@@ -162,10 +176,17 @@ void PrintLoading(PageWriter& page, const ProjectState& s, double left, double r
         page.Write(left, axial, {}, right);
         page.Row();
     }
+    const std::vector<LoadRow> z = RowsOf(s, 1), y = RowsOf(s, 0);
     page.Row(kSpace);
-    PrintTable(page, "Loading in z-direction:", RowsOf(s, 1), left, right, low);
+    PrintTable(page, "Loading in z-direction:", z, left, right, low);
     page.Row(kSpace);
-    PrintTable(page, "Loading in y-direction:", RowsOf(s, 0), left, right, low);
+    PrintTable(page, "Loading in y-direction:", y, left, right, low);
+    const auto marked = [](const LoadRow& row) { return row.category.ends_with(kNotTicked); };
+    if (axial.find(kNotTicked) != std::string::npos || std::any_of(z.begin(), z.end(), marked) ||
+        std::any_of(y.begin(), y.end(), marked)) {
+        page.Write(left, "* not ticked: does not act", {}, right);
+        page.Row();
+    }
 }
 
 void PrintLoadOptions(PageWriter& page, const ProjectState& s, double left, double right)

@@ -1,8 +1,11 @@
 #include "core/number_format.h"
 #include "report/page_header.h"
+#include "report/page_notes.h"
 #include "report/page_quantities.h"
 #include "report/section_figure.h"
 #include "sections/families.h"
+
+#include <algorithm>
 
 namespace kestrum {
 
@@ -10,12 +13,13 @@ namespace {
 
 void MaterialRow(PageWriter& page, const ProjectState& s)
 {
-    page.Heading(kPageLeft, "Material: ");
+    constexpr double kGap = 3;
+    const double head = page.Write(kPageLeft, "Material: ", {.bold = true, .size = kPageHeading});
     const Quantity values[] = {{"fy", FormatNum(s.fyk, "###"), "MPa"},
                                {"fd", FormatNum(s.fyd, "##.0"), "MPa"},
                                {"E", FormatNum(s.e, "0.000E+0"), "MPa"},
                                {"gm0", FormatNum(s.gammam0, "#.00"), ""}};
-    page.Quantities(values, 4, kPageLeft, kPageRight);
+    page.Quantities(values, 4, head + kGap, kPageRight);
     page.Row(0.7);
 }
 
@@ -53,6 +57,8 @@ PrintedReport PrintProperties(const Library& library, const ProjectState& s,
     page.Write(cls, ClassText(s));
     page.Row();
     page.Quantities(CapacitiesOf(s), 2, kPageLeft, right);
+    page.MoveTo(std::max(page.y(), top + kFigure));
+    PrintNotes(page, NoteLines(DesignNotes(s)), 0);
     return page.Take();
 }
 

@@ -1,8 +1,11 @@
 #include "core/number_format.h"
 #include "report/page_header.h"
+#include "report/page_notes.h"
 #include "report/section_figure.h"
 #include "sections/families.h"
 #include "service/vortex.h"
+
+#include <algorithm>
 
 namespace kestrum {
 
@@ -63,8 +66,8 @@ void WindBlock(PageWriter& page, const ProjectState& s)
     page.Heading(kPageLeft, "Wind data");
     Value(page, "Wind speed vb (10min, 10 m)", FormatNum(s.vb, "#0.0"), "m/s ");
     Value(page, "Heigth, z", FormatNum(s.zh, "#0.0"), "m");
-    Value(page, "Terrain category", TerrainName(s.terrain));
     Value(page, "Wind speed Vm", FormatNum(s.vm, "#0.0"), "m/s ");
+    Value(page, "Terrain category", TerrainName(s.terrain));
     page.Row(0.7);
 }
 
@@ -87,10 +90,13 @@ PrintedReport PrintVortex(const Library&, const ProjectState& s, const PrintStam
     PageWriter page("Vortex shedding");
     PageHeader(page, s, stamp, kVortexTitle);
     const Drawing figure = DrawSection(s);
+    const double bottom = page.y() + kFigure + kPageRow;
     page.Picture(figure, {kPageRight - kFigure, page.y()}, kFigure / kSectionPicture);
     ProfileBlock(page, s);
     WindBlock(page, s);
     ResultBlock(page, s);
+    page.MoveTo(std::max(page.y(), bottom));
+    PrintNotes(page, NoteLines(DesignNotes(s)), 0);
     return page.Take();
 }
 

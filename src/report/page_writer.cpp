@@ -1,6 +1,7 @@
 #include "report/page_writer.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace kestrum {
@@ -8,7 +9,8 @@ namespace kestrum {
 namespace {
 
 constexpr double kRuleWidth = 0.25;
-constexpr std::string_view kCut = "...";
+constexpr std::string_view kCut = "...", kEquals = "=";
+constexpr double kWordGap = 1.2, kColumnGap = 2.5;
 
 bool Continues(char c)
 {
@@ -45,6 +47,37 @@ std::size_t CharacterCount(std::string_view text)
 {
     const auto inner = std::count_if(text.begin(), text.end(), Continues);
     return text.size() - static_cast<std::size_t>(inner);
+}
+
+// A column of a table of values and the widths of its parts.
+struct PageWriter::Column {
+    std::span<const Quantity> quantities;
+    double symbols = 0, values = 0, units = 0;
+
+    explicit Column(std::span<const Quantity> part) : quantities(part)
+    {
+        for (const Quantity& quantity : part) {
+            symbols = std::max(symbols, TextWidth(quantity.symbol, kPageText));
+            values = std::max(values, TextWidth(quantity.value, kPageText));
+            units = std::max(units, TextWidth(quantity.unit, kPageText));
+        }
+    }
+
+    double width() const
+    {
+        return symbols + TextWidth(kEquals, kPageText) + values + units + 3 * kWordGap;
+    }
+};
+
+std::vector<PageWriter::Column> PageWriter::ColumnsOf(std::span<const Quantity> quantities,
+                                                      std::size_t columns)
+{
+    const std::size_t rows = (quantities.size() + columns - 1) / columns;
+    std::vector<Column> column;
+    for (std::size_t first = 0; first < quantities.size(); first += rows) {
+        column.emplace_back(quantities.subspan(first, std::min(rows, quantities.size() - first)));
+    }
+    return column;
 }
 
 PageWriter::PageWriter(std::string title)
@@ -105,32 +138,41 @@ void PageWriter::Quantities(std::span<const Quantity> quantities, std::size_t co
     if (quantities.empty()) {
         return;
     }
-    constexpr double kGap = 1.2;
-    const std::size_t rows = (quantities.size() + columns - 1) / columns;
-    const double pitch = (right - left) / static_cast<double>(columns);
-    const double top = y_;
-    for (std::size_t first = 0; first < quantities.size(); first += rows) {
-        const auto column = quantities.subspan(first, std::min(rows, quantities.size() - first));
-        double symbols = 0, values = 0;
-        for (const Quantity& quantity : column) {
-            symbols = std::max(symbols, TextWidth(quantity.symbol, kPageText));
-            values = std::max(values, TextWidth(quantity.value, kPageText));
-        }
-        const std::size_t at = first / rows;  // of the columns
-        const double x = left + pitch * static_cast<double>(at);
-        const double edge = x + pitch - kGap;
-        const double sign = x + symbols + kGap;
-        const double value = sign + TextWidth("=", kPageText) + kGap + values;
-        y_ = top;
-        for (const Quantity& quantity : column) {
-            Write(x, quantity.symbol, {}, edge);
-            Write(sign, "=", {}, edge);
-            Write(value, quantity.value, {.align = Align::right});
-            Write(value + kGap, quantity.unit, {}, edge);
-            Row();
-        }
+    std::vector<Column> column = ColumnsOf(quantities, columns);
+    const double needed =
+        std::accumulate(column.begin(), column.end(), 0.0,
+                        [](double sum, const Column& one) { return sum + one.width(); });
+    const double gap = columns > 1 ? (right - left - needed) / static_cast<double>(columns - 1) : 0;
+    if (columns > 1 && gap < kColumnGap) {
+        Quantities(quantities, columns - 1, left, right);
+        return;
     }
-    y_ = top + static_cast<double>(rows) * kPageRow;
+    const double pitch = (right - left + kColumnGap) / static_cast<double>(columns);
+    const bool equal = std::all_of(column.begin(), column.end(), [pitch](const Column& one) {
+        return one.width() <= pitch - kColumnGap;
+    });
+    const double top = y_;
+    double x = left, bottom = top;
+    for (const Column& one : column) {
+        y_ = top;
+        WriteColumn(one, x, right);
+        bottom = std::max(bottom, y_);
+        x += equal ? pitch : one.width() + gap;
+    }
+    y_ = bottom;
+}
+
+void PageWriter::WriteColumn(const Column& column, double x, double right)
+{
+    const double sign = x + column.symbols + kWordGap;
+    const double value = sign + TextWidth(kEquals, kPageText) + kWordGap + column.values;
+    for (const Quantity& quantity : column.quantities) {
+        Write(x, quantity.symbol, {}, right);
+        Write(sign, kEquals, {}, right);
+        Write(value, quantity.value, {.align = Align::right});
+        Write(value + kWordGap, quantity.unit, {}, right);
+        Row();
+    }
 }
 
 void PageWriter::Picture(const Drawing& picture, Point corner, double scale)

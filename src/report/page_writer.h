@@ -57,7 +57,8 @@ public:
     // A line across the page, a half row below the text of the row in hand.
     void Rule();
 
-    // Values in columns of equal width between left and right, column by column; moves below.
+    // Values in columns between left and right, column by column; moves below. The columns have
+    // equal widths where all of them fit so, and are fewer where their texts leave no room.
     void Quantities(std::span<const Quantity> quantities, std::size_t columns, double left,
                     double right);
 
@@ -70,6 +71,10 @@ public:
     PrintedReport Take();
 
 private:
+    struct Column;
+    static std::vector<Column> ColumnsOf(std::span<const Quantity> quantities, std::size_t columns);
+    void WriteColumn(const Column& column, double x, double right);
+
     Drawing page_;
     double y_ = kPageTop;
     std::vector<std::string> missing_;

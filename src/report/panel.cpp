@@ -24,15 +24,15 @@ TextRun Plain(std::string text)
     return {.text = std::move(text)};
 }
 
-// The ratio in its colour and what follows it.
-std::vector<TextRun> Verdict(const ResultRow& row, const RowText& text)
+// The ratio in its colour and what follows it, `blanks` between them.
+std::vector<TextRun> Verdict(const ResultRow& row, const RowText& text, const char* blanks = "")
 {
     std::vector<TextRun> runs;
     if (!text.result.empty()) {
         runs.push_back({.text = text.result, .bold = true, .colour = row.status});
     }
     if (!text.limit.empty()) {
-        runs.push_back(Plain(text.limit));
+        runs.push_back(Plain(blanks + text.limit));
     }
     return runs;
 }
@@ -93,7 +93,7 @@ PanelBlock DrawSectionBlock(const ProjectState& s, double& y, bool page)
         if (row.empty()) {
             continue;
         }
-        const RowText text = TextOf(row, s.irlimit);
+        const RowText text = ShownTextOf(row, s.irlimit);
         block.push_back(
             {.y = y, .left = {Plain(text.label + text.calculation)}, .result = Verdict(row, text)});
         y += kLine;
@@ -123,7 +123,7 @@ PanelBlock DrawBuckleBlock(const ProjectState& s, double& y)
         if (row.empty()) {
             return;
         }
-        const RowText text = TextOf(row, s.irlimit);
+        const RowText text = ShownTextOf(row, s.irlimit);
         block.push_back({.y = y,
                          .left = {Plain(axis ? AxisLabel(text) : text.label + text.calculation)},
                          .result = Verdict(row, text)});
@@ -146,18 +146,18 @@ PanelBlock DrawDeflectionBlock(const ProjectState& s, double& y)
          .left = {Head("DEFLECTION CONTROL:"),
                   Plain(" (z: L/" + FormatNum(static_cast<float>(s.deflimitz), "#0") + "  y: L/" +
                         FormatNum(static_cast<float>(s.deflimity), "#0") + ");")}});
+    if (s.loadmode != 1) {
+        block.back().left.push_back(Plain(" of the last calculation with loads on the member"));
+    }
     for (const ResultRow* row : {&s.deflinez, &s.defliney}) {
         if (row->empty()) {
             continue;
         }
         y += 1.1;
-        const RowText text = TextOf(*row, s.irlimit);
+        const RowText text = ShownTextOf(*row, s.irlimit);
         PanelLine line{.y = y, .left = {Plain(text.label + text.calculation)}};
-        for (TextRun& run : Verdict(*row, text)) {
+        for (TextRun& run : Verdict(*row, text, "      ")) {
             line.left.push_back(std::move(run));
-        }
-        if (!text.limit.empty()) {
-            line.left.back().text.insert(0, "      ");
         }
         block.push_back(std::move(line));
     }

@@ -24,7 +24,20 @@ bool Interacts(const ProjectState& s, void (*buckling)(ProjectState&))
     return s.ned == 0 && s.mydesign != 0 && s.mzdesign != 0;
 }
 
+bool BendsSideways(void (*buckling)(ProjectState&))
+{
+    return buckling == BucklingControlRolledI || buckling == BucklingControlWeldedI ||
+           buckling == BucklingControlFlatBar || buckling == BucklingControlPlate;
+}
+
 }  // namespace
+
+bool LateralBucklingLeftOut(const ProjectState& s)
+{
+    const FamilyRoutines* routines = FindRoutines(s.family);
+    return routines != nullptr && BendsSideways(routines->buckling) && s.ltb == 0 &&
+           s.mydesign != 0;
+}
 
 StagesRun StagesOf(const ProjectState& s)
 {
@@ -35,9 +48,7 @@ StagesRun StagesOf(const ProjectState& s)
         return run;
     }
     const auto buckling = routines->buckling;
-    const bool bends_sideways =
-        buckling == BucklingControlRolledI || buckling == BucklingControlWeldedI ||
-        buckling == BucklingControlFlatBar || buckling == BucklingControlPlate;
+    const bool bends_sideways = BendsSideways(buckling);
     run.stage = true;
     run.axial = buckling != BucklingControlPlate;
     run.lateral = bends_sideways && s.ltb == 1;

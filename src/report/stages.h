@@ -17,4 +17,7 @@ struct StagesRun {
 
 StagesRun StagesOf(const ProjectState& s);
 
+// The section can buckle sideways under the moment about y and the control of it is switched off.
+bool LateralBucklingLeftOut(const ProjectState& s);
+
 }  // namespace kestrum

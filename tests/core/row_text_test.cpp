@@ -52,6 +52,38 @@ TEST(RowText, CountsDigitsByThePrecisionOfTheNumber)
     EXPECT_EQ(TextOf(row, 1.0f).calculation, "12345.7 12345.6 0.01 0.00");
 }
 
+// Tension of 55 kN, -1.2 and 2.5 kNm at a point where the first moment counts with its own sign and
+// the second against it: |55/300 - 1.2/4 - 2.5/10| = 0.37, as the reader adds it up.
+TEST(RowText, ShowsSignedTermsAsTheyAddUp)
+{
+    ResultRow row = AxialRow();
+    row.calculation = {"{F}/{F}+{F}/{F}+{F}/{F} = ", "", ""};
+    row.number = {-55, 300, -1.2, 4, 2.5, 10, -1, 1, -1};
+    EXPECT_EQ(ShownTextOf(row, 1.0f).calculation, "55.0/300.0-1.2/4.0-2.5/10.0 = ");
+    EXPECT_EQ(TextOf(row, 1.0f).calculation, "-55.0/300.0+-1.2/4.0+2.5/10.0 = ");
+    row.number[0] = 0;
+    EXPECT_EQ(ShownTextOf(row, 1.0f).calculation, "0.0/300.0-1.2/4.0-2.5/10.0 = ");
+}
+
+// Tension takes part in the linear sum with its size: 50/1000 + 30/120 = 0.30.
+TEST(RowText, ShowsTensionInASumWithItsSize)
+{
+    ResultRow row = AxialRow();
+    row.label = {"IR = NEd/NRd+My,Ed/My,Rd = ", "", ""};
+    row.calculation = {"{F}/{F}+{F}/{F} = ", "", ""};
+    row.number = {-50, 1000, 30, 120};
+    EXPECT_EQ(ShownTextOf(row, 1.0f).calculation, "50.0/1000.0+30.0/120.0 = ");
+    row.label = {"IR = NEd/NRd = ", "", ""};
+    row.calculation = {"{F}/{F} = ", "", ""};
+    row.number = {-50, 1000};
+    EXPECT_EQ(ShownTextOf(row, 1.0f).calculation, "-50.0/1000.0 = ");  // tension by its sign
+}
+
+TEST(RowText, ShowsARowWithoutSignsAsItStands)
+{
+    EXPECT_EQ(ShownTextOf(AxialRow(), 1.0f), TextOf(AxialRow(), 1.0f));
+}
+
 TEST(RowText, LeavesResultAndLimitOfARemarkEmpty)
 {
     ResultRow row{};

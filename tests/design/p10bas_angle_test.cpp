@@ -3,6 +3,7 @@
 
 #include "design/p10bas_angle.h"
 
+#include "core/row_text.h"
 #include "sections/angles.h"
 #include "support/sections.h"
 #include "support/worked.h"
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <sstream>
 
 namespace kestrum {
 namespace {
@@ -74,6 +76,42 @@ TEST(ControlAngle, EqualLegs)
     ExpectRow(s.secline[3],
               {0.3253, "IR = Vy,Ed/Vy,Rd = ", "{F}/{F} = ", {40, 123.0}, " ({r}L; Ch 6.2.6)"});
     EXPECT_EQ(s.irsection, s.irrow2);
+}
+
+// The sum of the terms as they are written, and by how much rounding to 0.1 may change it.
+struct ReadSum {
+    double sum = 0, rounding = 0;
+};
+
+ReadSum Read(const std::string& calculation)
+{
+    ReadSum read;
+    std::istringstream in(calculation);
+    double force = 0, resistance = 0;
+    char slash = 0;
+    while (in >> force >> slash >> resistance && slash == '/') {
+        read.sum += force / resistance;
+        read.rounding += 0.051 * (1 + std::abs(force / resistance)) / resistance;
+    }
+    return read;
+}
+
+// Moments of either sign with tension, compression and none: what stands before the ratio is it.
+TEST(ControlAngle, WritesItsTermsAsTheyAddUp)
+{
+    for (const bool equal : {true, false}) {
+        ProjectState s = equal ? Angle(10, "100x10") : Angle(11, "150x100x10");
+        for (int i = 0; i < 27; ++i) {
+            const auto sign = [](int digit) { return static_cast<float>(digit % 3 - 1); };
+            Control(s, {400 * sign(i), 300 * sign(i / 3), 200 * sign(i / 9), 0, 0});
+            for (const std::size_t row : {1U, 2U}) {
+                const ReadSum read = Read(ShownTextOf(s.secline[row], 1).calculation);
+                if (s.secline[row].calculation[0].text() != "{F}/{F} = ") {  // not N alone
+                    EXPECT_NEAR(read.sum, s.secline[row].ir, read.rounding) << i;
+                }
+            }
+        }
+    }
 }
 
 TEST(ControlAngle, HeelOfEqualLegsHasNoMomentAboutU)

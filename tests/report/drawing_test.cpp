@@ -111,5 +111,18 @@ TEST(WriteSvg, KeepsControlCharactersOutOfTheDocument)
     EXPECT_NE(svg.find("<title>a &quot;b</title>"), std::string::npos);
 }
 
+TEST(Stacked, PutsEveryPageBelowTheOneBefore)
+{
+    Drawing first{100, 50, "first", {TextMark{{1, 2}, "a"}}};
+    Drawing second{120, 30, "second", {TextMark{{3, 4}, "b"}}};
+    const Drawing stack = Stacked({first, second});
+    EXPECT_EQ(stack.width, 120);
+    EXPECT_EQ(stack.height, 80);
+    EXPECT_EQ(stack.title, "first");
+    ASSERT_EQ(stack.marks.size(), 2U);
+    EXPECT_EQ(std::get<TextMark>(stack.marks[0]).at, (Point{1, 2}));
+    EXPECT_EQ(std::get<TextMark>(stack.marks[1]).at, (Point{3, 54}));
+}
+
 }  // namespace
 }  // namespace kestrum

@@ -101,7 +101,7 @@ TEST(DrawLoad, NamesEveryKindWithValueAndCategory)
     const Drawing d = DrawLoadZ(s);
     EXPECT_TRUE(HasText(d, "Lateral Load"));
     EXPECT_TRUE(HasText(d, "10.0 kN/m (G) "));
-    EXPECT_TRUE(HasText(d, "5.0 - 15.0 kN/m (Q1) "));
+    EXPECT_TRUE(HasText(d, "5.0/15.0 kN/m (Q1) "));
     EXPECT_TRUE(HasText(d, "25.0 kN (Q2) "));
     EXPECT_TRUE(HasText(d, "-8.0 kNm (G) "));
 
@@ -146,7 +146,7 @@ TEST(DrawLoad, ShowsSmallLoadsWithAllTheirDigits)
     const Drawing d = DrawLoadZ(s);
     EXPECT_TRUE(HasText(d, "0.35 kN/m (G) "));
     EXPECT_TRUE(HasText(d, "2.0 kN/m (G) "));
-    EXPECT_TRUE(HasText(d, "0.125 - 0.5 kN/m (G) "));
+    EXPECT_TRUE(HasText(d, "0.125/0.5 kN/m (G) "));
     EXPECT_TRUE(HasText(d, "1.25 kN (G) "));
 }
 
@@ -187,6 +187,18 @@ TEST(AxialLoad, IsTheSumOfItsRowsByCategory)
     s.ntype[3] = 2;
     EXPECT_EQ(AxialLoadText(s), "Axial Load: 100.0 (G) +20.0 (Q2) ");
     EXPECT_TRUE(HasText(DrawLoadY(s), AxialLoadText(s)));
+}
+
+// A negative row brings its own sign.
+TEST(AxialLoad, HasOneSignBeforeEachRow)
+{
+    ProjectState s{};
+    s.nload[1] = 100;
+    s.nload[2] = -20;
+    s.ntype[2] = 1;
+    s.nload[3] = 5;
+    s.ntype[3] = 2;
+    EXPECT_EQ(AxialLoadText(s), "Axial Load: 100.0 (G) -20.0 (Q1) +5.0 (Q2) ");
 }
 
 TEST(DrawAxial, PointsAtTheMemberInCompression)

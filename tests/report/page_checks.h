@@ -7,6 +7,7 @@
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "report/pages.h"
+#include "report/panel.h"
 #include "sections/load_library.h"
 
 #include <gmock/gmock.h>
@@ -49,10 +50,10 @@ inline ProjectState Designed(int family, void (*change)(ProjectState&) = nullptr
     return s;
 }
 
-inline std::vector<TextMark> TextsOf(const PrintedReport& report)
+inline std::vector<TextMark> TextsOf(const Drawing& page)
 {
     std::vector<TextMark> texts;
-    for (const Mark& mark : report.pages.front().marks) {
+    for (const Mark& mark : page.marks) {
         if (const auto* text = std::get_if<TextMark>(&mark)) {
             texts.push_back(*text);
         }
@@ -60,10 +61,20 @@ inline std::vector<TextMark> TextsOf(const PrintedReport& report)
     return texts;
 }
 
-// The texts of each row, from left to right, joined as they follow each other.
-inline std::vector<std::string> LinesOf(const PrintedReport& report)
+inline std::vector<TextMark> TextsOf(const PrintedReport& report)
 {
-    std::vector<TextMark> texts = TextsOf(report);
+    std::vector<TextMark> texts;
+    for (const Drawing& page : report.pages) {
+        const std::vector<TextMark> more = TextsOf(page);
+        texts.insert(texts.end(), more.begin(), more.end());
+    }
+    return texts;
+}
+
+// The texts of each row, from left to right, joined as they follow each other.
+inline std::vector<std::string> LinesOf(const Drawing& page)
+{
+    std::vector<TextMark> texts = TextsOf(page);
     std::stable_sort(texts.begin(), texts.end(), [](const TextMark& a, const TextMark& b) {
         return a.at.y != b.at.y ? a.at.y < b.at.y : BoundsOf(a).left < BoundsOf(b).left;
     });
@@ -79,11 +90,19 @@ inline std::vector<std::string> LinesOf(const PrintedReport& report)
     return lines;
 }
 
-// Nothing outside the page, no text over another, all of it large enough to read.
-inline void ExpectLegible(const PrintedReport& report)
+inline std::vector<std::string> LinesOf(const PrintedReport& report)
 {
-    ASSERT_THAT(report.pages, ::testing::SizeIs(1));
-    const Drawing& page = report.pages.front();
+    std::vector<std::string> lines;
+    for (const Drawing& page : report.pages) {
+        const std::vector<std::string> more = LinesOf(page);
+        lines.insert(lines.end(), more.begin(), more.end());
+    }
+    return lines;
+}
+
+// Nothing outside the page, no text over another, all of it large enough to read.
+inline void ExpectLegible(const Drawing& page)
+{
     EXPECT_EQ(page.width, 210);
     EXPECT_EQ(page.height, 297);
     constexpr double kSixPoints = 6 * 25.4 / 72;  // mm
@@ -91,7 +110,7 @@ inline void ExpectLegible(const PrintedReport& report)
     for (const Mark& mark : page.marks) {
         EXPECT_TRUE(BoundsOf(mark).Inside(sheet));
     }
-    const std::vector<TextMark> texts = TextsOf(report);
+    const std::vector<TextMark> texts = TextsOf(page);
     for (std::size_t i = 0; i < texts.size(); ++i) {
         EXPECT_GE(texts[i].size, kSixPoints) << texts[i].text;
         Bounds box = BoundsOf(texts[i]);
@@ -104,19 +123,28 @@ inline void ExpectLegible(const PrintedReport& report)
     }
 }
 
+inline void ExpectLegible(const PrintedReport& report)
+{
+    ASSERT_THAT(report.pages, ::testing::Not(::testing::IsEmpty()));
+    for (const Drawing& page : report.pages) {
+        ExpectLegible(page);
+    }
+}
+
 // The row stands on the page, whole.
 inline void ExpectRow(const std::vector<std::string>& lines, const ResultRow& row, float limit)
 {
     if (row.empty()) {
         return;
     }
-    const RowText text = TextOf(row, limit);
+    const RowText text = ShownTextOf(row, limit);
     const auto at = std::find_if(lines.begin(), lines.end(), [&](const std::string& line) {
         return line.starts_with(text.label) && line.find(text.calculation) != std::string::npos;
     });
     ASSERT_NE(at, lines.end()) << text.label;
     if (row.judged) {
-        EXPECT_THAT(*at, ::testing::HasSubstr(text.result + text.limit));
+        EXPECT_THAT(*at, ::testing::HasSubstr(text.result + std::string(AboveWord(row.status)) +
+                                              text.limit));
     }
 }
 

@@ -1,6 +1,8 @@
 #include "report/pages.h"
 
+#include "core/annexes.h"
 #include "core/load_combination.h"
+#include "report/design_notes.h"
 #include "report/page_checks.h"
 #include "report/panel.h"
 #include "sections/family_table.h"
@@ -49,7 +51,7 @@ TEST(PageControl, RatiosOfWideRowsKeepTheirText)
     const std::vector<std::string> lines = LinesOf(report);
     for (const ResultRow* row : {&s.yline, &s.zline, &s.ltline}) {
         const RowText text = TextOf(*row, s.irlimit);
-        EXPECT_THAT(lines, Contains(HasSubstr(text.result + text.limit)));
+        EXPECT_THAT(lines, Contains(HasSubstr(text.result + "  ABOVE" + text.limit)));
     }
 }
 
@@ -143,7 +145,7 @@ TEST(PageControl, FullTablesOfOneDirectionKeepEveryPicture)
     for (const char* load : {"0.11", "0.14", "0.21/0.3", "0.23/0.3", "0.31", "0.38"}) {
         EXPECT_THAT(texts, Contains(load));  // in the table
     }
-    for (const char* label : {"0.11 kN/m (G) ", "0.14 kN/m (G) ", "0.21 - 0.3 kN/m (G) ",
+    for (const char* label : {"0.11 kN/m (G) ", "0.14 kN/m (G) ", "0.21/0.3 kN/m (G) ",
                               "0.31 kN (G) ", "0.38 kN (G) "}) {
         EXPECT_THAT(texts, Contains(label));  // in the picture
     }
@@ -156,7 +158,8 @@ TEST(PageControl, FullTablesOfOneDirectionKeepEveryPicture)
 }
 
 // Values with too many digits for two tables side by side: one below the other, and room is short.
-TEST(PageControl, FullTablesOfBothDirectionsPushPicturesOffThePageAndTellSo)
+// The figures of the loads go on a second sheet, and the first says so.
+TEST(PageControl, FullTablesOfBothDirectionsPutTheLoadsOnASecondSheet)
 {
     const ProjectState s = Designed(2, [](ProjectState& p) {
         FillTables(p);
@@ -171,8 +174,16 @@ TEST(PageControl, FullTablesOfBothDirectionsPushPicturesOffThePageAndTellSo)
     });
     const PrintedReport report = PrintControl(Delivered(), s, kStamp);
     ExpectLegible(report);
-    EXPECT_THAT(report.missing, testing::ElementsAre(HasSubstr("diagrams")));
-    const std::vector<std::string> lines = LinesOf(report);
+    EXPECT_THAT(report.missing, IsEmpty());
+    ASSERT_THAT(report.pages, testing::SizeIs(2));
+    EXPECT_THAT(LinesOf(report.pages[0]), Contains("Kestrum EC3Page:1/1(sheet 1 of 2)"));
+    EXPECT_THAT(LinesOf(report.pages[0]), Contains("Figures of the loads: sheet 2"));
+    EXPECT_THAT(LinesOf(report.pages[0]), Contains(HasSubstr("My/Vz/Deflection (kNm/kN/mm)")));
+    EXPECT_THAT(LinesOf(report.pages[1]), Contains("Kestrum EC3Page:1/1(sheet 2 of 2)"));
+    for (const char* label : {"0.11 kN/m (G) ", "11111.5/12345.5 kN/m (G) ", "0.31 kN (G) "}) {
+        EXPECT_THAT(LinesOf(report.pages[1]), Contains(HasSubstr(label)));
+    }
+    const std::vector<std::string> lines = LinesOf(report.pages[0]);
     EXPECT_THAT(lines, Contains(GoverningText(s)));
     EXPECT_THAT(lines, Contains(HasSubstr("11111.5/12345.5")));
     ExpectRow(lines, s.yline, s.irlimit);
@@ -205,12 +216,89 @@ TEST(PageControl, ClassOfTheAnnexStandsInTheGeneralBlock)
         s.annexindex = annexed.annex;
         s.safetyclass = annexed.cls;
         EXPECT_THAT(LinesOf(PrintControl(Delivered(), s, kStamp)),
-                    Contains(testing::EndsWith(annexed.text)));
+                    Contains(HasSubstr(annexed.text + std::string("    gm0/gm1 ="))));
     }
     ProjectState s = Designed(1);
     s.annexindex = 0;
     EXPECT_THAT(LinesOf(PrintControl(Delivered(), s, kStamp)),
                 Not(Contains(HasSubstr("Class: 2"))));
+}
+
+// Lengths first, their unit once behind them; the angle keeps its own.
+TEST(PageControl, UnitOfTheProfileStandsBehindItsLengths)
+{
+    EXPECT_THAT(LinesOf(PrintControl(Delivered(), Designed(11), kStamp)),
+                Contains(testing::AllOf(HasSubstr(" (mm)  alfa="), testing::EndsWith(" deg"))));
+    EXPECT_THAT(LinesOf(PrintControl(Delivered(), Designed(26), kStamp)),
+                Contains(testing::EndsWith("ez-el=53.7 mm (elastic)  ez-pl=9.8 mm (plastic)")));
+}
+
+// Of basic loads only ticked rows act; the page lists all and marks the others.
+TEST(PageControl, BasicLoadsThatAreNotTickedAreMarked)
+{
+    const auto page = [](i16 ticked, i16 loadcomb) {
+        ProjectState s = Designed(1);
+        s.loadcomb = loadcomb;
+        s.nchecked[1] = s.qchecked[1] = ticked;
+        s.qchecked[2] = kTrue;
+        s.qt1[1] = s.qt2[1] = 3;
+        s.qtx2[1] = 1;
+        s.qtchecked[1] = ticked;
+        s.pm[1] = 4;
+        s.pmx[1] = 1;
+        s.pmchecked[1] = ticked;
+        s.qtdir[1] = s.pmdir[1] = 1;
+        EXPECT_TRUE(Calculate(Delivered(), s));
+        return LinesOf(PrintControl(Delivered(), s, kStamp));
+    };
+    const std::vector<std::string> lines = page(kFalse, kBasicLoads);
+    EXPECT_THAT(lines, Contains(HasSubstr("N = 1.0 (G)*")));
+    EXPECT_THAT(lines, Contains(HasSubstr("q 1.0G*")));
+    EXPECT_THAT(lines, Contains(HasSubstr("q3.0/3.00.000/1.000G*")));
+    EXPECT_THAT(lines, Contains(HasSubstr("P4.01.000G*")));
+    EXPECT_THAT(lines, Not(Contains(HasSubstr("q 0.5G*"))));
+    EXPECT_THAT(lines, Contains(HasSubstr("* not ticked: does not act")));
+    for (const auto& unmarked : {page(kTrue, kBasicLoads), page(kFalse, kEq610)}) {
+        EXPECT_THAT(unmarked, Not(Contains(HasSubstr("not ticked"))));
+        EXPECT_THAT(unmarked, Not(Contains(HasSubstr("G*"))));
+    }
+}
+
+// Annex UD takes permanent loads with 1.1 in Eq 6.10a (D26); the sentence is wider than the page.
+TEST(PageControl, NotesOnTheUnsafeSideArePrintedWhole)
+{
+    ProjectState s = Designed(1);
+    s.annexindex = kAnnexUd;
+    s.loadcomb = kEq610a;
+    ApplyAnnexLoads(s, s.annexindex);
+    ASSERT_TRUE(Calculate(Delivered(), s));
+    const std::vector<DesignNote> notes = DesignNotes(s);
+    ASSERT_THAT(notes, Contains(testing::Field(&DesignNote::id, "D26")));
+    for (const PrintedReport& report :
+         {PrintControl(Delivered(), s, kStamp), PrintProperties(Delivered(), s, kStamp)}) {
+        std::string all;
+        for (const TextMark& text : TextsOf(report)) {
+            all += text.text + " ";
+        }
+        EXPECT_THAT(all, HasSubstr("Notes on the unsafe side:"));
+        for (const DesignNote& note : notes) {
+            EXPECT_THAT(all, HasSubstr(std::string(note.id) + " " + std::string(note.text)));
+        }
+    }
+}
+
+TEST(PageControl, LateralBucklingThatIsSwitchedOffIsSaidToBeUnchecked)
+{
+    const auto lines = [](int family, i16 ltb) {
+        ProjectState s = Designed(family);
+        s.ltb = ltb;
+        EXPECT_TRUE(Calculate(Delivered(), s));
+        return LinesOf(PrintControl(Delivered(), s, kStamp));
+    };
+    constexpr const char* kText = "Lateral torsional buckling: not checked";
+    EXPECT_THAT(lines(1, 0), Contains(HasSubstr(kText)));
+    EXPECT_THAT(lines(1, 1), Not(Contains(HasSubstr(kText))));
+    EXPECT_THAT(lines(6, 0), Not(Contains(HasSubstr(kText))));  // RHS
 }
 
 TEST(PageControl, OptionsOfTheDesignAreNamed)

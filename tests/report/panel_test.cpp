@@ -158,12 +158,25 @@ TEST(Panel, ARemarkStandsAlone)
     EXPECT_THAT(block[1].result, IsEmpty());
 }
 
+// With given end forces no deflection is calculated; the block is that of an earlier member.
+TEST(Panel, DeflectionOfAnEarlierMemberSaysSo)
+{
+    ProjectState s = Designed();
+    s.deflinez = Row("IR = dz/dzMax = ", "10.0/20.0 = ", 0.5, "");
+    s.loadmode = 0;
+    double y = 7;
+    EXPECT_EQ(Text(DrawDeflectionBlock(s, y)[0].left),
+              "DEFLECTION CONTROL: (z: L/250  y: L/300); of the last calculation with loads on the "
+              "member");
+}
+
 TEST(Panel, DeflectionOfZStandsBeforeY)
 {
     ProjectState s = Designed();
     s.checksls = kTrue;
     s.deflinez = Row("IR = dz/dzMax = ", "10.0/20.0 = ", 0.5, "");
     s.defliney = Row("IR = dy/dyMax = ", "30.0/20.0 = ", 1.5, "");
+    s.loadmode = 1;
     double y = 7;
     const PanelBlock block = DrawDeflectionBlock(s, y);
     ASSERT_EQ(block.size(), 3U);
