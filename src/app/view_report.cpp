@@ -35,9 +35,18 @@ ProjectState Printed(const Session& session)
     return s;
 }
 
+// Of a file that was read in part the results on the page are those of another project.
+std::string HalfReadWarning(const Session& session)
+{
+    return session.halfread()
+               ? "The file was read in part only, the results are not its own. " + session.filefault
+               : std::string();
+}
+
 PrintedReport DrawReport(Session& session, Report report)
 {
-    const PrintStamp stamp{session.surroundings().Date(), session.surroundings().Time()};
+    const PrintStamp stamp{session.surroundings().Date(), session.surroundings().Time(),
+                           HalfReadWarning(session)};
     ProjectState s = Printed(session);
     switch (report) {
     case Report::properties:

@@ -69,7 +69,7 @@ int PrintFile(const Library& library, const ReportArguments& arguments, const st
     return kAllWithin;
 }
 
-// SVG and PNG hold one page.
+// SVG and PNG are of one project.
 void RequirePages(const ReportArguments& arguments)
 {
     CheckDrawingName(arguments.out);

@@ -382,6 +382,7 @@ struct Control {
     const Library& library;
     const ProjectState& s;
     const PrintStamp& stamp;
+    Outcome outcome;
     std::vector<DesignNote> notes;
     std::vector<NoteLine> lines;  // of the notes
 };
@@ -391,6 +392,7 @@ void BelowFigures(PageWriter& page, const Control& control, bool notes)
     StabilityParameters(page, control.s);
     Results(page, control.s);
     Modal(page, control.s);
+    PrintVerdict(page, control.outcome);
     if (notes) {
         PrintNotes(page, control.lines, 0);
     } else if (!control.notes.empty()) {
@@ -479,7 +481,8 @@ PrintedReport PrintControl(const Library& library, const ProjectState& s, const 
     const std::string title = "Section and stability control";
     std::vector<DesignNote> notes = DesignNotes(s);
     std::vector<NoteLine> lines = NoteLines(notes);
-    const Control control{library, s, stamp, std::move(notes), std::move(lines)};
+    const Control control{library,         s, stamp, OutcomeOf(s, true), std::move(notes),
+                          std::move(lines)};
     std::vector<PageWriter> sheets;
     for (const Plan& plan : kPlans) {
         PageWriter page(title);

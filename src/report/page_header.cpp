@@ -2,6 +2,7 @@
 
 #include "core/number_format.h"
 #include "core/version.h"
+#include "report/page_notes.h"
 #include "sections/family_table.h"
 
 #include <initializer_list>
@@ -178,6 +179,7 @@ void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp
     page.Write(ident + kWord, FirstCharacters(s.ident, kIdentCharacters), {.bold = true});
     page.Rule();
     page.Row(2);
+    PrintWrapped(page, stamp.warning, {.bold = true, .ink = Ink::bad});
 }
 
 std::string ProfileText(const Library& library, const ProjectState& s, bool brief)

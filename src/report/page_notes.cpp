@@ -11,12 +11,12 @@ constexpr double kLine = 0.9;  // rows from one line of a note to the next
 constexpr double kText = kPageLeft + 11;
 
 // Words that fit the width, at least one.
-std::string TakeLine(std::string_view& text, double width)
+std::string TakeLine(std::string_view& text, double width, const TextStyle& style)
 {
     std::size_t end = 0;
     for (std::size_t at = text.find(' '); end != text.size(); at = text.find(' ', at + 1)) {
         const std::size_t next = std::min(at, text.size());
-        if (end > 0 && TextWidth(text.substr(0, next), kPageSmallText) > width) {
+        if (end > 0 && TextWidth(text.substr(0, next), style.size, style.bold) > width) {
             break;
         }
         end = next;
@@ -35,7 +35,8 @@ std::vector<NoteLine> NoteLines(const std::vector<DesignNote>& notes)
         std::string_view text = note.text;
         std::string id(note.id);
         do {
-            lines.push_back({std::move(id), TakeLine(text, kPageRight - kText)});
+            lines.push_back(
+                {std::move(id), TakeLine(text, kPageRight - kText, {.size = kPageSmallText})});
             id.clear();
         } while (!text.empty());
     }
@@ -58,6 +59,28 @@ std::size_t PrintNotes(PageWriter& page, const std::vector<NoteLine>& lines, std
         page.Row(kLine);
     }
     return first;
+}
+
+void PrintWrapped(PageWriter& page, std::string_view text, TextStyle style)
+{
+    while (!text.empty()) {
+        page.Write(kPageLeft, TakeLine(text, kPageRight - kPageLeft, style), style);
+        page.Row();
+    }
+}
+
+void PrintVerdict(PageWriter& page, const Outcome& outcome)
+{
+    const bool within = outcome.verdict == Verdict::within;
+    const double x = page.WriteBold(kPageLeft, "Verdict: ");
+    page.Write(x, VerdictText(outcome), {.bold = true, .ink = within ? Ink::good : Ink::bad});
+    page.Row();
+    if (!outcome.designed()) {
+        PrintWrapped(page, outcome.message, {});
+    }
+    for (const std::string& load : outcome.dropped) {
+        PrintWrapped(page, "Not in this result: " + load, {.bold = true});
+    }
 }
 
 std::string NoteNumbers(const std::vector<DesignNote>& notes)

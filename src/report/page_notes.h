@@ -1,8 +1,10 @@
 #pragma once
 
-// Notes on the printed pages: the deviations on the unsafe side that act in the result.
+// What the printed pages say about the result as a whole: verdict, dropped loads, and the
+// deviations on the unsafe side that act in it.
 
 #include "report/design_notes.h"
+#include "report/outcome.h"
 #include "report/page_writer.h"
 
 #include <string>
@@ -20,6 +22,12 @@ std::vector<NoteLine> NoteLines(const std::vector<DesignNote>& notes);
 // Writes the lines from `first` on as far as the page reaches, under a heading; moves below.
 // Returns the first line that is left.
 std::size_t PrintNotes(PageWriter& page, const std::vector<NoteLine>& lines, std::size_t first);
+
+// "Verdict: above limit" and each dropped load; moves below.
+void PrintVerdict(PageWriter& page, const Outcome& outcome);
+
+// Text as wide as the page, in as many rows as it takes; moves below.
+void PrintWrapped(PageWriter& page, std::string_view text, TextStyle style);
 
 // "Notes on the unsafe side: D20, D104".
 std::string NoteNumbers(const std::vector<DesignNote>& notes);

@@ -9,9 +9,10 @@
 
 namespace kestrum {
 
-// Date and time of printing as they are to stand in the head: "2024-05-17", "14:05".
+// Date and time of printing as they are to stand in the head: "2024-05-17", "14:05"; a warning that
+// concerns the whole page stands below the head.
 struct PrintStamp {
-    std::string date, time;
+    std::string date, time, warning{};
 };
 
 PrintedReport PrintProperties(const Library& library, const ProjectState& s,

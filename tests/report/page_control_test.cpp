@@ -3,6 +3,7 @@
 #include "core/annexes.h"
 #include "core/load_combination.h"
 #include "report/design_notes.h"
+#include "report/outcome.h"
 #include "report/page_checks.h"
 #include "report/panel.h"
 #include "sections/family_table.h"
@@ -284,6 +285,30 @@ TEST(PageControl, NotesOnTheUnsafeSideArePrintedWhole)
         for (const DesignNote& note : notes) {
             EXPECT_THAT(all, HasSubstr(std::string(note.id) + " " + std::string(note.text)));
         }
+    }
+}
+
+TEST(PageControl, VerdictStandsInWords)
+{
+    const ProjectState light = Designed(1);
+    EXPECT_THAT(LinesOf(PrintControl(Delivered(), light, kStamp)),
+                Contains("Verdict: " + VerdictText(OutcomeOf(light, true))));
+    const ProjectState heavy = Designed(1, [](ProjectState& p) { p.qload[1] = 5000; });
+    EXPECT_THAT(LinesOf(PrintControl(Delivered(), heavy, kStamp)),
+                Contains(StartsWith("Verdict: above limit")));
+}
+
+// A box of unequal flanges takes no axial force and no loads along y: the page names both.
+TEST(PageControl, DroppedLoadsAreNamed)
+{
+    const ProjectState s = Designed(27);
+    const std::vector<std::string> dropped = OutcomeOf(s, true).dropped;
+    ASSERT_THAT(dropped, testing::SizeIs(2));
+    const PrintedReport report = PrintControl(Delivered(), s, kStamp);
+    const std::vector<std::string> lines = LinesOf(report);
+    EXPECT_THAT(lines, Contains(StartsWith("Verdict: loads dropped")));
+    for (const std::string& load : dropped) {
+        EXPECT_THAT(lines, Contains("Not in this result: " + load));
     }
 }
 

@@ -167,6 +167,24 @@ TEST(Pages, ProfilesAreNamedAsTheirFamilyAsks)
     EXPECT_THAT(name(28, true), StartsWith("  Fb "));
 }
 
+// A warning on the whole page stands below the head, in as many rows as it takes.
+TEST(Pages, AWarningStandsBelowTheHeadOfEveryReport)
+{
+    ProjectState s = Designed(31);
+    CalcVortexFrequency(s);
+    CalcVortex(s);
+    PrintStamp stamp = kStamp;
+    stamp.warning = "Beware: " + std::string(60, 'n') + " " + std::string(60, 'm');
+    for (const PrintedReport& report :
+         {PrintControl(Delivered(), s, stamp), PrintProperties(Delivered(), s, stamp),
+          PrintVortex(Delivered(), s, stamp)}) {
+        ExpectLegible(report);
+        const std::vector<std::string> lines = LinesOf(report);
+        EXPECT_EQ(lines[6], "Beware: " + std::string(60, 'n'));
+        EXPECT_EQ(lines[7], std::string(60, 'm'));
+    }
+}
+
 TEST(Pages, LongTextsOfTheHeadAreCut)
 {
     ProjectState s = Designed(1);
