@@ -35,25 +35,20 @@ std::string Sizes(std::initializer_list<double> sizes)
 }
 
 // Blanks before the name of the profile, which set it off from the heading.
-std::string_view Blanks(int family, bool brief)
+std::string_view Blanks(Kind kind, bool brief)
 {
-    switch (family) {
-    case 10:
-    case 11:
+    switch (kind) {
+    case Kind::angle:
         return "  ";
-    case 6:
-    case 7:
-    case 8:
-    case 9:
-    case 22:
-    case 23:
-    case 27:
-    case 28:
-    case 31:
+    case Kind::i_single:
+    case Kind::hollow:
+    case Kind::box:
+    case Kind::box_unequal:
+    case Kind::flat:
+    case Kind::tube:
         return brief ? "  " : "";
-    case 24:
-    case 25:
-    case 26:
+    case Kind::hat:
+    case Kind::tee:
         return brief ? " " : "";
     default:
         return "";
@@ -184,7 +179,7 @@ void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp
 
 std::string ProfileText(const Library& library, const ProjectState& s, bool brief)
 {
-    return std::string(Blanks(s.family, brief)) + ProfileName(library, s, brief);
+    return std::string(Blanks(Traits(s).kind, brief)) + ProfileName(library, s, brief);
 }
 
 }  // namespace kestrum
