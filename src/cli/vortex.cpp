@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "engine/calculate.h"
+#include "report/design_notes.h"
 #include "report/state_json.h"
 #include "service/vortex.h"
 
@@ -8,16 +9,41 @@ namespace kestrum::cli {
 
 namespace {
 
+// The restraint that the control takes; that of the member where it is another one.
+std::string RestraintText(const ProjectState& s)
+{
+    std::string text = " Member Restraint: " + std::string(VortexRestraint(s));
+    if (VortexSupportDiffers(s)) {
+        text += ", but the member itself: " + std::string(MemberSupport(s)) +
+                " (vortexcase and supportcase)";
+    }
+    return text + "\n";
+}
+
+// The notes on the control itself; those on the design of the member belong to `check`.
+std::string NotesText(const ProjectState& s)
+{
+    std::string text;
+    for (const NoteRule& rule : ServiceNoteRules()) {
+        if (rule.acts(s)) {
+            text += "note " + std::string(rule.id) + ": " + std::string(rule.text) + "\n";
+        }
+    }
+    return text;
+}
+
 std::string TextOf(const ProjectState& s)
 {
     std::string out;
     for (const VortexRow& row : VortexGrid(s)) {
         out += row.parameter + " " + row.value + row.unit + "\n";
     }
+    out += RestraintText(s);
     out += " Frequency f = " + VortexFrequencyText(s) + "\n";
     out += " Critical wind speed vcrit = " + VortexCriticalText(s) + "\n";
     out += " Mean wind speed vm = " + VortexMeanText(s) + "\n";
-    return out + " vcrit > 1.25 vm:" + std::string(VortexVerdict(s)) + "\n";
+    out += " vcrit > 1.25 vm:" + std::string(VortexVerdict(s)) + "\n";
+    return out + NotesText(s);
 }
 
 std::string JsonOf(const ProjectState& s)
@@ -25,6 +51,9 @@ std::string JsonOf(const ProjectState& s)
     return "{\"freq\": " + JsonNumber(s.freq[1]) + ", \"stb\": " + JsonNumber(s.stb) +
            ", \"st\": " + JsonNumber(s.st) + ", \"vcrit\": " + JsonNumber(s.vcrit) +
            ", \"vm\": " + JsonNumber(s.vm) + ", \"ok\": " + (VortexAccepted(s) ? "true" : "false") +
+           ", \"restraint\": " + JsonText(VortexRestraint(s)) +
+           ", \"member\": " + JsonText(MemberSupport(s)) +
+           ", \"differs\": " + (VortexSupportDiffers(s) ? "true" : "false") +
            ", \"notes\": " + NotesJson(s) + "}\n";
 }
 

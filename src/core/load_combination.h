@@ -8,7 +8,10 @@
 // says 1.35; EN 1990, Table A1.2(B) gives 1.35. Deviation D27: a permanent load has one factor
 // whether it acts favourably or not; EN 1990, Table A1.2(B) takes favourable permanent actions
 // with 1.0. Deviation D28: Eq 6.10 multiplies Q2 by psi1, the value listed for Q1; EN 1990, Eq
-// (6.10) takes the combination value of Q2 itself.
+// (6.10) takes the combination value of Q2 itself. Deviation D35: a variable load has its one
+// factor also where it acts favourably; EN 1990, Table A1.2(B) leaves it out there. Deviation D36:
+// Q1 alone leads, in the strength and the serviceability combination, and Q2 has its psi value; EN
+// 1990, 6.4.3.2 and 6.5.3 take each variable action in turn as the leading one.
 
 #include "core/project_state.h"
 

@@ -25,6 +25,10 @@ int LastMaterial(const Library& library);
 
 // fyk of the row for the thickness tmax (up to 40 mm inclusive, over it); the last row, and any
 // index outside the list, leave fyk as typed. Then fyd = fyk/gammam0 and eps = sqrt(235/fyk).
+//
+// Deviation D37: the strengths are those of EN 1993-1-1, Table 3.1 in every annex; the National
+// Annex of the United Kingdom, to 3.2.1 (1), takes those of the product standards, which fall by 10
+// MPa and more beyond 16 and 63 mm.
 void SetMaterial(const Library& library, ProjectState& s, int index);
 
 }  // namespace kestrum

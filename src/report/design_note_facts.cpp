@@ -44,6 +44,11 @@ bool BendsAboutZ(const ProjectState& s)
     return s.mzmaxabs != 0;
 }
 
+bool LateralControlled(const ProjectState& s)
+{
+    return s.ltb == 1 && !s.ltline.empty();
+}
+
 bool WebBucklesInShear(const ProjectState& s)
 {
     return LargestVz(s) != 0 && s.checkwebbuck != kTrue && !StockyInShear(s, s.hw, s.tw);

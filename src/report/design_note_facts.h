@@ -19,6 +19,9 @@ double LargestVy(const ProjectState& s);
 bool BendsAboutY(const ProjectState& s);
 bool BendsAboutZ(const ProjectState& s);
 
+// Lateral torsional buckling is controlled and has a row.
+bool LateralControlled(const ProjectState& s);
+
 // The web buckles in shear, and its resistance to that is in use.
 bool WebBucklesInShear(const ProjectState& s);
 

@@ -52,12 +52,28 @@ bool FlangesHelpInShear(const ProjectState& s)
     return (Is(s, Kind::i_welded) || HasTwoPlatedFlanges(s)) && s.mfrd > 0 && WebBucklesInShear(s);
 }
 
-// The effective section of 6.2.2.4 has lost some web, and its plastic axis lies in the other
-// flange.
-bool AxisInTheOtherFlange(const ProjectState& s, double compressed, double other)
+// Width and thickness of a flange, mm.
+struct FlangePlate {
+    double b, t;
+};
+
+// The upgraded modulus against the plastic modulus of the effective section of 6.2.2.4 about its
+// own axis, where that lies in the flange that is not compressed; elsewhere ours is the same or
+// lower.
+bool UpgradedAbove(const ProjectState& s, double used, const FlangePlate& compressed,
+                   const FlangePlate& other)
 {
     const double keep = 20.0 * s.eps * s.tw;  // mm, at each end of the compressed web
-    return s.hw > 2 * keep && compressed + 4 * keep * s.tw < other;
+    const double webs = 2 * keep * s.tw;      // mm2, at one end of both webs
+    const double near = compressed.b * compressed.t, far = other.b * other.t;  // mm2
+    if (!(s.hw > 2 * keep) || !(near + 2 * webs < far)) {
+        return false;
+    }
+    const double depth = (far - near - 2 * webs) / (2 * other.b);  // of the axis in the flange
+    const double rest = other.t - depth;
+    const double modulus = near * (s.hw + compressed.t / 2 + depth) + webs * (s.hw + 2 * depth) +
+                           other.b * (depth * depth + rest * rest) / 2;
+    return used > modulus * (1 + 1e-4);
 }
 
 }  // namespace
@@ -135,14 +151,34 @@ bool ShearAreaOfOneFlange(const ProjectState& s)
            s.neta * s.hw > s.hw + s.ttop / 2.0;
 }
 
+// z_j of the compressed flange of the single-symmetric I, exactly: the distance of the shear centre
+// less half of the integral of (y^2 + z^2) z over Iy, on the side of that flange.
+double ExactAsymmetry(const ProjectState& s, bool top)
+{
+    struct Part {
+        double width, depth, z;  // mm; z of its middle above the lower edge
+    };
+    const Part parts[] = {{s.btop, s.ttop, s.h - s.ttop / 2.0},
+                          {s.bbot, s.tbot, s.tbot / 2.0},
+                          {s.tw, s.hw, s.tbot + s.hw / 2.0}};
+    double integral = 0;
+    for (const Part& part : parts) {
+        const double z = part.z - s.zcog, area = part.width * part.depth;
+        const double depth2 = part.depth * part.depth, width2 = part.width * part.width;
+        integral += area * z * (z * z + depth2 / 4 + width2 / 12);
+    }
+    const double zj = s.zshear - integral / (2.0 * s.iy);
+    return top ? zj : -zj;
+}
+
 bool UpgradeIsHigh(const ProjectState& s)
 {
     if (!Is(s, Kind::hat)) {
         return false;
     }
-    const double top = 1.0 * s.btop * s.ttop, bottom = 1.0 * s.bbot * s.tbot;  // mm2
-    return (s.mymax > 0 && s.classmytop == kUpgraded && AxisInTheOtherFlange(s, top, bottom)) ||
-           (s.mymin < 0 && s.classmybot == kUpgraded && AxisInTheOtherFlange(s, bottom, top));
+    const FlangePlate top{s.btop, s.ttop}, bottom{s.bbot, s.tbot};
+    return (s.mymax > 0 && s.classmytop == kUpgraded && UpgradedAbove(s, s.wplplus, top, bottom)) ||
+           (s.mymin < 0 && s.classmybot == kUpgraded && UpgradedAbove(s, s.wplminus, bottom, top));
 }
 
 }  // namespace kestrum

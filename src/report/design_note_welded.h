@@ -30,4 +30,7 @@ bool ShearAreaOfOneFlange(const ProjectState& s);
 constexpr i16 kUpgraded = 23;  // class 3 web counted as class 2
 bool UpgradeIsHigh(const ProjectState& s);
 
+// z_j of the single-symmetric I about its shear centre, mm, exactly; `top`: of the top flange.
+double ExactAsymmetry(const ProjectState& s, bool top);
+
 }  // namespace kestrum

@@ -4,6 +4,7 @@
 #include "core/annexes.h"
 #include "core/load_combination.h"
 #include "report/design_note_facts.h"
+#include "report/design_note_trial.h"
 #include "sections/families.h"
 #include "service/vortex.h"
 
@@ -16,79 +17,34 @@ namespace kestrum {
 
 namespace {
 
-// Signs of permanent and of variable loads of one kind and direction.
-struct Signs {
-    bool permanent_down = false, permanent_up = false, variable_down = false, variable_up = false;
-
-    void Count(double load, double category)
-    {
-        bool& down = category == 0 ? permanent_down : variable_down;
-        bool& up = category == 0 ? permanent_up : variable_up;
-        down = down || load > 0;
-        up = up || load < 0;
-    }
-    bool Oppose() const
-    {
-        return (permanent_down && variable_up) || (permanent_up && variable_down);
-    }
-};
-
-bool PermanentLoadRelieves(const ProjectState& s)
-{
-    Signs axial;
-    std::array<Signs, 2> forces, moments;  // by direction
-    const auto of = [](std::array<Signs, 2>& signs, double direction) -> Signs& {
-        return signs[direction == 0 ? 0 : 1];
-    };
-    for (std::size_t k = 1; k <= 3; ++k) {
-        axial.Count(s.nload[k], s.ntype[k]);
-        of(forces, s.qtdir[k]).Count(s.qt1[k], s.qttype[k]);
-        of(forces, s.qtdir[k]).Count(s.qt2[k], s.qttype[k]);
-    }
-    for (std::size_t k = 0; k <= 4; ++k) {
-        if (k > 0 || s.selfweight == 1) {
-            of(forces, s.qdir[k]).Count(s.qload[k], s.qtype[k]);
-        }
-    }
-    for (std::size_t k = 1; k <= 8; ++k) {
-        of(s.pmkind[k] == 0 ? forces : moments, s.pmdir[k]).Count(s.pm[k], s.pmtype[k]);
-    }
-    const auto oppose = [](const Signs& signs) { return signs.Oppose(); };
-    return axial.Oppose() || std::any_of(forces.begin(), forces.end(), oppose) ||
-           std::any_of(moments.begin(), moments.end(), oppose);
-}
-
-bool HasVariableLoadOfClass2(const ProjectState& s)
-{
-    for (std::size_t k = 1; k <= 3; ++k) {
-        if ((s.nload[k] != 0 && s.ntype[k] == 2) ||
-            ((s.qt1[k] != 0 || s.qt2[k] != 0) && s.qttype[k] == 2)) {
-            return true;
-        }
-    }
-    for (std::size_t k = 1; k <= 4; ++k) {
-        if (s.qload[k] != 0 && s.qtype[k] == 2) {
-            return true;
-        }
-    }
-    for (std::size_t k = 1; k <= 8; ++k) {
-        if (s.pm[k] != 0 && s.pmtype[k] == 2) {
-            return true;
-        }
-    }
-    return false;
-}
-
-bool MomentOnSpringSupport(const ProjectState& s)
+// A moment on a spring support: the member takes (1 - s) M of it, and (1 - 2 s) M is shown there.
+// Whether the moment at an end would be larger in size by elastic analysis.
+bool SpringSupportHidesMoment(const ProjectState& s)
 {
     constexpr int kSprings = 3;
+    if (s.loadmode != 1 || s.supportcase != kSprings) {
+        return false;
+    }
+    const LoadFactors f = StrengthFactors(s, StrengthCombination(s));
+    const std::array<double, 3> factors{f.g, f.q1, f.q2};
+    std::array<double, 2> first{}, last{};  // missing at x = 0 and L, by direction
     for (std::size_t k = 1; k <= 8; ++k) {
         const bool counts = s.pmchecked[k] != 0 || s.loadcomb != kBasicLoads;
-        if (counts && s.pm[k] != 0 && s.pmkind[k] == 1 && (s.pmx[k] == 0 || s.pmx[k] == s.l)) {
-            return s.loadmode == 1 && s.supportcase == kSprings && s.spring > 0;
+        const bool known = s.pmtype[k] >= 0 && s.pmtype[k] <= 2;
+        if (!counts || !known || s.pmkind[k] != 1) {
+            continue;
         }
+        const double missing =
+            s.spring / 100.0 * factors[static_cast<std::size_t>(s.pmtype[k])] * s.pm[k];
+        const std::size_t direction = s.pmdir[k] == 0 ? 0 : 1;
+        first[direction] += s.pmx[k] == 0 ? missing : 0;
+        last[direction] -= s.pmx[k] == s.l ? missing : 0;
     }
-    return false;
+    const auto hides = [](double missing, double shown) {
+        return std::abs(shown + missing) > std::abs(shown) * (1 + 1e-5);
+    };
+    return hides(first[1], s.my0) || hides(last[1], s.myl) || hides(first[0], s.mz0) ||
+           hides(last[0], s.mzl);
 }
 
 bool OnTheMember(const ProjectState& s, float x)
@@ -120,6 +76,18 @@ bool LoadOffTheMember(const ProjectState& s)
 bool CurvedOnTheLeftOnly(const std::array<float, kDiagramPoints>& m, double largest)
 {
     return largest != 0 && CurvedHalf(m, Half::left) && !CurvedHalf(m, Half::right);
+}
+
+// The curved shape of a line that is curved on its left half only raises a ratio.
+bool CurvedShapeIsWorse(const ProjectState& s)
+{
+    const bool y = CurvedOnTheLeftOnly(s.mydiag, s.mymaxabs);
+    const bool z = CurvedOnTheLeftOnly(s.mzdiag, s.mzmaxabs);
+    const auto curved = [y, z](ProjectState& copy) {
+        copy.mycurved = y ? kTrue : copy.mycurved;
+        copy.mzcurved = z ? kTrue : copy.mzcurved;
+    };
+    return s.loadmode == 1 && (y || z) && Try(s, curved, ControlledRatios).Raises();
 }
 
 // The largest value at the check sections falls short of the extreme of the member by over 1 %.
@@ -195,6 +163,18 @@ bool ThickerThanTheTable(const ProjectState& s)
     return s.tmax > kThickest && s.fykindex >= 0 && s.fykindex < kOwnStrength;
 }
 
+// EN 10025 and EN 10210 lower the strength beyond 16 mm and, but for S235, beyond 63 mm, where
+// Table 3.1 does not. The general profile has no thickness (D56).
+bool ProductStrengthIsLower(const ProjectState& s)
+{
+    constexpr i16 kOwnStrength = 26;  // last row of the delivered material list
+    constexpr float kS235Over40Mm = 215;
+    const bool medium = s.tmax > 16 && s.tmax <= 40;
+    const bool thick = s.tmax > 63 && s.tmax <= 80 && s.fyk != kS235Over40Mm;
+    return s.annexindex == kAnnexUk && s.fykindex >= 0 && s.fykindex < kOwnStrength &&
+           !Is(s, Kind::general) && (medium || thick);
+}
+
 constexpr NoteRule kGeneral[] = {
     {"D20", ShearAreaFactorOfALowerSteel,
      "The shear area factor is still 1.2 although the strength is above 460 MPa; choose the annex "
@@ -205,45 +185,19 @@ constexpr NoteRule kGeneral[] = {
     {"D22", ThickerThanTheTable,
      "A part is thicker than 80 mm, where EN 1993-1-1, Table 3.1 ends; enter the strength of the "
      "product standard as own value."},
-    {"D23",
-     [](const ProjectState& s) {
-         return s.loadmode == 1 && s.loadcomb == kEq610 &&
-                (s.annexindex == kAnnexDk || s.annexindex == kAnnexFi);
-     },
-     "Eq 6.10 takes the permanent loads with 1.1 in this annex; EN 1990, Table A1.2(B) gives "
-     "1.35."},
     {"D24",
      [](const ProjectState& s) {
          return s.annexindex == kAnnexGe && (s.maxirbuckling > 0 || WebBucklesInShear(s));
      },
      "The partial factor gammaM1 is 1.0 in this annex; DIN EN 1993-1-1/NA gives 1.1."},
-    {"D26",
-     [](const ProjectState& s) {
-         return s.loadmode == 1 && s.annexindex == kAnnexUd && StrengthCombination(s) == kEq610a;
-     },
-     "Eq 6.10a takes the permanent loads with 1.1; EN 1990, Table A1.2(B) gives 1.35."},
-    {"D27",
-     [](const ProjectState& s) {
-         const int combination = StrengthCombination(s);
-         return s.loadmode == 1 && combination <= kEq610b &&
-                StrengthFactors(s, combination).g > 1 && PermanentLoadRelieves(s);
-     },
-     "A permanent load that acts against a variable one is taken with its full factor; EN 1990, "
-     "Table A1.2(B) takes it with 1.0."},
-    {"D28",
-     [](const ProjectState& s) {
-         return s.loadmode == 1 && s.loadcomb == kEq610 && s.psi1 < s.psi2 &&
-                HasVariableLoadOfClass2(s);
-     },
-     "Eq 6.10 multiplies the loads of class Q2 by the psi value of Q1, which is below that of Q2."},
-    {"D104", MomentOnSpringSupport,
+    {"D37", ProductStrengthIsLower,
+     "The strength is that of EN 1993-1-1, Table 3.1; the National Annex of the United Kingdom "
+     "takes the product standard, which gives a lower one for this thickness. Enter it as own "
+     "value."},
+    {"D104", SpringSupportHidesMoment,
      "The moment on the spring support is mixed with the end moment of a fixed beam; elastic "
      "analysis gives a larger moment beside the support."},
-    {"D107",
-     [](const ProjectState& s) {
-         return s.loadmode == 1 && (CurvedOnTheLeftOnly(s.mydiag, s.mymaxabs) ||
-                                    CurvedOnTheLeftOnly(s.mzdiag, s.mzmaxabs));
-     },
+    {"D107", CurvedShapeIsWorse,
      "The moment line is curved on its left half only and is taken as that of a point load, which "
      "gives more favourable factors for buckling."},
     {"D109", ExtremesBetweenCheckSections,
@@ -252,6 +206,9 @@ constexpr NoteRule kGeneral[] = {
     {"D110", LoadOffTheMember,
      "A load or check point stands off the member, or a load ends before it starts; the results "
      "are wrong. Correct its position."},
+};
+
+constexpr NoteRule kService[] = {
     {"D251", ModalMassIsIncomplete,
      "The mass of the modal analysis counts uniform loads only, and upward ones as negative; with "
      "the mass of the other loads the frequencies are lower."},
@@ -269,6 +226,9 @@ constexpr NoteRule kGeneral[] = {
      },
      "The natural frequency of the vortex check is up to 0.5 % too high by a rounded constant; "
      "check the margin between 1.25 vm and vcrit."},
+    {"D259", [](const ProjectState& s) { return VortexChecked(s) && VortexSupportIsStiffer(s); },
+     "The vortex check takes a support of its own, which is stiffer than that of the member; "
+     "choose the member's."},
     {"D256",
      [](const ProjectState& s) {
          return VortexChecked(s) &&
@@ -285,13 +245,24 @@ std::span<const NoteRule> GeneralNoteRules()
     return kGeneral;
 }
 
+std::span<const NoteRule> ServiceNoteRules()
+{
+    return kService;
+}
+
+std::array<std::span<const NoteRule>, 6> NoteGroups()
+{
+    return {LoadNoteRules(),    GeneralNoteRules(),   SectionNoteRules(),
+            LateralNoteRules(), StabilityNoteRules(), ServiceNoteRules()};
+}
+
 std::vector<DesignNote> DesignNotes(const ProjectState& s)
 {
     std::vector<DesignNote> notes;
     if (s.calculationerror) {
         return notes;
     }
-    for (const auto& rules : {GeneralNoteRules(), SectionNoteRules(), StabilityNoteRules()}) {
+    for (const std::span<const NoteRule>& rules : NoteGroups()) {
         for (const NoteRule& rule : rules) {
             if (rule.acts(s)) {
                 notes.push_back({rule.id, rule.text});

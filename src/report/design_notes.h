@@ -5,6 +5,7 @@
 
 #include "core/project_state.h"
 
+#include <array>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -24,9 +25,16 @@ struct NoteRule {
 };
 
 // All rules, in the order in which their notes are shown: by groups, from loads to wind.
-std::span<const NoteRule> GeneralNoteRules();  // loads, analysis, service, wind
-std::span<const NoteRule> SectionNoteRules();  // properties and resistance of sections
-std::span<const NoteRule> StabilityNoteRules();
+std::span<const NoteRule> LoadNoteRules();       // load factors, self-weight
+std::span<const NoteRule> GeneralNoteRules();    // material, analysis
+std::span<const NoteRule> SectionNoteRules();    // properties and resistance of sections
+std::span<const NoteRule> LateralNoteRules();    // lateral torsional buckling
+std::span<const NoteRule> StabilityNoteRules();  // the rest of stability
+
+std::span<const NoteRule> ServiceNoteRules();  // modal analysis, vortex shedding
+
+// These groups in their order.
+std::array<std::span<const NoteRule>, 6> NoteGroups();
 
 // The notes of the current result; none after a pass that failed.
 std::vector<DesignNote> DesignNotes(const ProjectState& s);

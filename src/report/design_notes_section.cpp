@@ -4,6 +4,7 @@
 #include "design/shear.h"
 #include "design/welded_side.h"
 #include "report/design_note_facts.h"
+#include "report/design_note_trial.h"
 #include "report/design_note_welded.h"
 #include "report/design_notes.h"
 #include "sections/families.h"
@@ -129,7 +130,8 @@ bool WebClassOfClearHeight(const ProjectState& s)
 
 bool TensionOnOneWeb(const ProjectState& s)
 {
-    if (!IsHollowOrBox(s) || !(s.ned < 0) || !BendsAboutY(s)) {
+    const bool flange = 1.0 * s.cflange / s.tf < 38 * s.eps;  // of class 2 or better
+    if (!IsHollowOrBox(s) || !(s.ned < 0) || !BendsAboutY(s) || !flange) {
         return false;
     }
     const double yielding = -s.ned * 1000 / (1.0 * s.hw * s.tw * s.fyk);
@@ -233,12 +235,16 @@ constexpr NoteRule kSections[] = {
      "The shear area takes the factor eta, although the web has a flange at one end only; EN "
      "1993-1-1, 6.2.6 (3) takes tw (h - tf/2)."},
     {"D33", UpgradeIsHigh,
-     "The plastic axis beside the class 3 web lies in the other flange, where the plastic modulus "
-     "is up to 3 % above that of EN 1993-1-1, 6.2.2.4."},
+     "The plastic axis beside the class 3 web lies in the other flange, and the plastic modulus is "
+     "above that of EN 1993-1-1, 6.2.2.4, by up to 3.5 %."},
     {"D34", WebCompressedByMzIsSlender,
      "Where Mz compresses the web of the channel, EN 1993-1-1, Table 5.2 gives it class 3 or worse "
      "and the elastic modulus; the plastic one is used."},
-    {"D53", [](const ProjectState& s) { return Is(s, Kind::hollow) && ClassFourActs(s); },
+    {"D53",
+     [](const ProjectState& s) {
+         const bool whole = s.checkflangebuck == kTrue && s.checkwebbuck == kTrue;
+         return Is(s, Kind::hollow) && ClassFourActs(s) && !whole;
+     },
      "Effective widths of the hollow section are based on the flat between the corners; EN "
      "1993-1-5, 4.4 (2) takes the wider b - 3t."},
     {"D55",
@@ -289,7 +295,9 @@ constexpr NoteRule kSections[] = {
      "The flanges' local buckling is not taken into account in bending about z."},
     {"D163",
      [](const ProjectState& s) {
-         return Is(s, Kind::channel) && (PlasticNMy(s) || PlasticNMz(s) || PlasticMyMz(s));
+         const auto linear = [](ProjectState& copy) { copy.checkconsercontrol = kTrue; };
+         return Is(s, Kind::channel) && (PlasticNMy(s) || PlasticNMz(s) || PlasticMyMz(s)) &&
+                Try(s, linear, ControlledRatios).RaisesSection();
      },
      "Combined forces are checked with the formulas of doubly symmetric I sections; choose the "
      "conservative control for EN 1993-1-1, 6.2.1 (7)."},

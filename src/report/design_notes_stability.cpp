@@ -1,13 +1,12 @@
 #include "core/annexes.h"
 #include "core/load_combination.h"
 #include "report/design_note_facts.h"
+#include "report/design_note_trial.h"
 #include "report/design_notes.h"
 #include "report/stages.h"
 #include "sections/families.h"
 #include "stability/buckling_resistance.h"
 #include "stability/buckling_rows.h"
-#include "stability/cvipping.h"
-#include "stability/lt_factors.h"
 
 #include <algorithm>
 #include <array>
@@ -17,7 +16,6 @@ namespace kestrum {
 
 namespace {
 
-constexpr i16 kRolledCurve = 3;
 constexpr i16 kAnnexA = 1, kAnnexB = 2;
 
 bool HasMoment(const ProjectState& s)
@@ -29,83 +27,6 @@ bool HasMoment(const ProjectState& s)
 bool Interacts(const ProjectState& s)
 {
     return StagesOf(s).interaction;
-}
-
-bool LateralControlled(const ProjectState& s)
-{
-    return s.ltb == 1 && !s.ltline.empty();
-}
-
-bool WholeMember(const ProjectState& s)
-{
-    return s.loadmode == 1 && s.restraints == 0;
-}
-
-// The transverse load in all, kN. The shear of a cantilever has the opposite sign.
-double DownwardLoad(const ProjectState& s)
-{
-    constexpr i16 kCantilever = 4;
-    const double first = s.vzdiag.front();
-    return s.supportcase == kCantilever ? -first : first - s.vzdiag.back();
-}
-
-// The point of the diagram at the end of the given one of the equal parts.
-std::size_t DiagramPoint(int part, int parts)
-{
-    return static_cast<std::size_t>(std::nearbyint((kDiagramPoints - 1.0) * part / parts));
-}
-
-// The reduction would be lower under uniform moment, C1 = kc = 1; else C1 is of no effect.
-bool ShapeOfMomentsCounts(const ProjectState& s)
-{
-    const double mcr = s.mcr / s.ltc1;
-    const bool top = s.mydesignf > 0;
-    const LtReduction uniform =
-        s.ltbcurve == kRolledCurve ? LtCurveRolled(s, mcr, 1.0F, top) : LtCurveGeneral(s, mcr, top);
-    return uniform.xlt < (1 - 1e-6) * s.xlt;
-}
-
-// A load inside the governing segment lowers its critical moment: the moment line is fuller than
-// the straight one between its ends, or the load acts above the shear centre.
-bool LoadLowersTheSegment(const ProjectState& s)
-{
-    constexpr double kStraight = 1e-3;
-    const int parts = s.restraints + 1;
-    if (s.beampart < 1 || s.beampart > parts) {
-        return false;
-    }
-    const std::size_t from = DiagramPoint(s.beampart - 1, parts);
-    const std::size_t to = DiagramPoint(s.beampart, parts);
-    const double rise = static_cast<double>(s.mydiag[to]) - s.mydiag[from];
-    for (std::size_t j = from + 1; j < to; ++j) {
-        const double share = static_cast<double>(j - from) / static_cast<double>(to - from);
-        const double excess = (s.mydiag[j] - s.mydiag[from] - share * rise) / s.mydesignf;
-        if (excess > kStraight || (s.zg > 0 && excess < -kStraight)) {
-            return true;
-        }
-    }
-    return false;
-}
-
-// A moment on an end of a pinned member that bends like the largest one and so fills the line.
-bool MomentsOnPinnedEnds(const ProjectState& s)
-{
-    return s.supportcase == 0 && (s.my0 * s.mydesign > 0 || s.myl * s.mydesign > 0);
-}
-
-// chi_LT,mod with kc = 0.90, Table 6.6 for fixed ends under uniform load, lies below ours.
-bool TableOfKcGivesLess(const ProjectState& s)
-{
-    constexpr double kFixedEnds = 0.90;
-    const double bow = (s.lamlt - 0.8) * (s.lamlt - 0.8);
-    const double f = std::min(1.0, 1.0 - 0.5 * (1.0 - kFixedEnds) * (1.0 - 2.0 * bow));
-    return s.kc < kFixedEnds && s.xlt0 / f < (1 - 1e-6) * s.xlt;
-}
-
-bool RolledCurveInUse(const ProjectState& s)
-{
-    return LateralControlled(s) && s.ltbcurve == kRolledCurve && !Is(s, Kind::flat) &&
-           !Is(s, Kind::plate);
 }
 
 // The flexural curves of 6.3.1 are in use, and at least one was chosen by the table.
@@ -159,14 +80,66 @@ bool Table62HighStrength(const ProjectState& s)
            (curves == FlexuralCurves::tube && s.tubehot == 1);
 }
 
+// Ncr,TF of the single-symmetric I coupled with buckling about its axis of symmetry.
+double CoupledAboutZ(const ProjectState& s)
+{
+    ProjectState copy = s;
+    copy.ncry = s.ncrz;
+    return OwnTorsionalForces(copy).ncrtf;
+}
+
+// Table A.2 with the deflection of the strength combination.
+bool StrengthDeflectionIsWorse(const ProjectState& s)
+{
+    const LoadFactors strength = StrengthFactors(s, StrengthCombination(s));
+    return Above(CombinedRatios(s, strength, strength).buckling,
+                 CombinedRatios(s, strength, ServiceFactors(s, s.loadcomb)).buckling);
+}
+
+// A cantilever in compression with a buckling length below twice its own.
+bool CantileverLengthIsShort(const ProjectState& s)
+{
+    constexpr i16 kCantilever = 4;
+    const bool y = BucklesAboutY(s) && s.ly < 2, z = BucklesAboutZ(s) && s.lz < 2;
+    return s.supportcase == kCantilever && s.loadmode == 1 && s.ned > 0 && StagesOf(s).axial &&
+           (y || z);
+}
+
+// The elastic or plastic column by the worst class of all actions.
+bool ColumnOfTheSectionIsWorse(const ProjectState& s)
+{
+    const i16 worst = WorstClass(s);
+    const auto one = [worst](ProjectState& copy) {
+        copy.classmy = copy.classmytop = copy.classmybot = worst;
+        copy.classmz = worst;
+    };
+    return Try(s, one, ControlledRatios).RaisesBuckling();
+}
+
+// alpha_h and alpha_s of Table B.3 with the larger end moment.
+bool LargerEndMomentIsWorse(const ProjectState& s)
+{
+    const auto larger = [](double first, double last) {
+        return std::abs(first) > std::abs(last) ? first : last;
+    };
+    const double y = larger(s.my0, s.myl), z = larger(s.mz0, s.mzl);
+    const auto take = [y, z](ProjectState& copy) {
+        copy.myendratio = copy.mymid == 0 ? 0 : y / copy.mymid;
+        copy.mypeakratio = y == 0 ? 0 : copy.mymid / y;
+        copy.mzendratio = copy.mzmid == 0 ? 0 : z / copy.mzmid;
+        copy.mzpeakratio = z == 0 ? 0 : copy.mzmid / z;
+    };
+    return Try(s, take, ControlledRatios).RaisesBuckling();
+}
+
+// kzz of Table B.1 for I sections of class 1 and 2.
+double PlasticKzz(const ProjectState& s)
+{
+    const double n = s.ned / s.nbzrd;
+    return s.cmz * (1 + std::min(2 * s.lamz - 0.6, 1.4) * n);
+}
+
 constexpr NoteRule kStability[] = {
-    {"D201",
-     [](const ProjectState& s) {
-         return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 &&
-                std::abs(s.mydesignf) < (1 - 1e-6) * std::abs(s.mydesign);
-     },
-     "Lateral torsional buckling is checked for the moments at the restraints; the larger moment "
-     "between them is not seen."},
     {"D203",
      [](const ProjectState& s) {
          return AutomaticCurve(s) && s.fyk > 440 && s.fyk < 460 && Table62HighStrength(s);
@@ -195,59 +168,29 @@ constexpr NoteRule kStability[] = {
      [](const ProjectState& s) {
          const TorsionalForces own = OwnTorsionalForces(s);
          return Interacts(s) && s.method == kAnnexA && s.openprofile == kTrue && s.ned > 0 &&
-                own.ncrtf == kNeverGoverns && s.mydesign != 0 && (s.ned > own.ncrt || s.cmlt > 1);
+                own.ncrtf == kNeverGoverns && s.mydesign != 0 && TorsionRaisesAnnexA(s, own.ncrt);
      },
      "The interaction factors of Annex A leave the torsional critical force of the section out and "
      "come out too low."},
     {"D209",
      [](const ProjectState& s) {
          return Interacts(s) && Is(s, Kind::i_single) && s.method == kAnnexA && s.ned > 0 &&
-                s.mydesign != 0 && s.ncrz < s.ncry;
+                s.mydesign != 0 && TorsionRaisesAnnexA(s, CoupledAboutZ(s));
      },
-     "The torsional-flexural critical force couples with buckling about y instead of z and may be "
-     "too high in the factors of Annex A."},
-    {"D211",
-     [](const ProjectState& s) {
-         constexpr i16 kCantilever = 4;
-         return LateralControlled(s) && WholeMember(s) && s.cmanual == kFalse &&
-                s.supportcase != kCantilever && s.ltbk > 1;
-     },
-     "The C factors of lateral torsional buckling are extrapolated beyond k = 1; check them, or "
-     "enter them by hand."},
-    {"D212",
-     [](const ProjectState& s) {
-         return LateralControlled(s) && Is(s, Kind::i_single) && s.beampart > 0 &&
-                !WholeMember(s) && (s.ltc3 > 1.02 || s.ltc3 < 0);
-     },
-     "The factor C3 of the governing segment lies in a range where the table used here is not "
-     "continuous; compare the critical moment by other means."},
-    {"D213",
-     [](const ProjectState& s) {
-         return LateralControlled(s) && WholeMember(s) && s.zg < 0 && s.ltc2 > 0 &&
-                DownwardLoad(s) < 0;
-     },
-     "A load below the shear centre is taken as stabilising; an upward load there destabilises."},
-    {"D215",
-     [](const ProjectState& s) {
-         return RolledCurveInUse(s) && Is(s, Kind::i_welded, Kind::general) &&
-                (s.lamdalt0w < s.lamdalt0 || s.betaw > s.beta) && s.xlt < 1;
-     },
-     "Lateral torsional buckling of the welded section uses the parameters of rolled sections."},
-    {"D216", [](const ProjectState& s) { return RolledCurveInUse(s) && s.kc > 1 && s.ffactor < 1; },
-     "The reduction factor of lateral torsional buckling is divided by a factor f below 1 although "
-     "kc is above 1; ratios with it are too low and may even be negative. Choose the general "
-     "case."},
+     "The torsional-flexural critical force couples with buckling about y instead of z and is too "
+     "high in the factors of Annex A."},
     {"D217",
      [](const ProjectState& s) {
          return Interacts(s) && s.method == kAnnexA && s.loadmode == 1 && s.ned > 0 &&
-                DeflectionOfOtherLoads(s);
+                DeflectionOfOtherLoads(s) && StrengthDeflectionIsWorse(s);
      },
      "The moment factor of Annex A combines the serviceability deflection with the strength moment "
      "and comes out too low."},
     {"D218",
      [](const ProjectState& s) {
          return Interacts(s) && s.method == kAnnexA && s.ned > 0 && WorstClass(s) > 2 &&
-                ((s.mydesign != 0 && s.classmy <= 2) || (s.mzdesign != 0 && s.classmz <= 2));
+                ((s.mydesign != 0 && s.classmy <= 2) || (s.mzdesign != 0 && s.classmz <= 2)) &&
+                ColumnOfTheSectionIsWorse(s);
      },
      "Annex A takes the plastic column for a moment of class 1 or 2 although another action puts "
      "the section into class 3 or 4."},
@@ -255,10 +198,11 @@ constexpr NoteRule kStability[] = {
      [](const ProjectState& s) {
          return Interacts(s) && s.method == kAnnexB && s.loadmode == 1 &&
                 (EndMomentsDiffer(s.mydesign, s.my0, s.myl, s.mylinear) ||
-                 EndMomentsDiffer(s.mzdesign, s.mz0, s.mzl, s.mzlinear));
+                 EndMomentsDiffer(s.mzdesign, s.mz0, s.mzl, s.mzlinear)) &&
+                LargerEndMomentIsWorse(s);
      },
      "The moment factors of Annex B rest on the smaller end moment; Table B.3 takes the larger and "
-     "may give more."},
+     "gives more."},
     {"D222",
      [](const ProjectState& s) {
          return Interacts(s) && s.method == kAnnexB && s.loadmode != 1 &&
@@ -267,23 +211,24 @@ constexpr NoteRule kStability[] = {
      "The moment factors of Annex B are 0.6 for any end moments; Table B.3 gives up to 1.0."},
     {"D223",
      [](const ProjectState& s) {
-         return Interacts(s) && s.method == kAnnexB && s.classmy <= 2 && WorstClass(s) > 2;
+         return Interacts(s) && s.method == kAnnexB && s.classmy <= 2 && WorstClass(s) > 2 &&
+                ColumnOfTheSectionIsWorse(s);
      },
      "Annex B takes the plastic column by the class of My although another action puts the section "
      "into class 3 or 4."},
     {"D224",
      [](const ProjectState& s) {
          return Interacts(s) && Is(s, Kind::i_single) && s.method == kAnnexB && s.classmy <= 2 &&
-                s.mzdesign != 0;
+                s.mzdesign != 0 && s.kzz < (1 - 1e-6) * PlasticKzz(s);
      },
-     "The factors of Mz, kyz and kzz, are not set anew for this section in class 1 and 2; choose "
-     "Annex A."},
+     "The factors of Mz, kyz and kzz, are not set anew for this section in class 1 and 2 and are "
+     "below those of Table B.1; choose Annex A."},
     {"D226", [](const ProjectState& s) { return Is(s, Kind::angle) && HasMoment(s); },
      "Lateral torsional buckling of angles is not checked."},
     {"D228",
      [](const ProjectState& s) {
          return Interacts(s) && s.method == kAnnexA && s.ned > 0 && s.ltb != 1 &&
-                OwnTorsionalForces(s).ncrtf < (1 - 1e-6) * s.ncrtf;
+                TorsionRaisesAnnexA(s, OwnTorsionalForces(s).ncrtf);
      },
      "Without a control of lateral torsional buckling the calculation does not know the torsional "
      "length of the member, and the interaction factors of Annex A come out too low; switch the "
@@ -301,30 +246,6 @@ constexpr NoteRule kStability[] = {
      "The buckling check has no additional moment from the shift of the centroid in class 4."},
     {"D231", [](const ProjectState& s) { return Is(s, Kind::tee) && s.ned > 0 && s.mydesign != 0; },
      "The moment of the self-weight is not combined with the axial force in the buckling check."},
-    {"D233",
-     [](const ProjectState& s) {
-         return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 &&
-                !Is(s, Kind::plate) && LoadLowersTheSegment(s) &&
-                (ShapeOfMomentsCounts(s) || (s.zg > 0 && s.xlt < 1));
-     },
-     "The critical moment between lateral restraints takes a straight moment line and no load "
-     "level; the loads there lower it."},
-    {"D234",
-     [](const ProjectState& s) {
-         return LateralControlled(s) && WholeMember(s) && !Is(s, Kind::plate) &&
-                s.cmanual == kFalse && s.c1alt == kFalse && MomentsOnPinnedEnds(s) &&
-                LtAlternativeC1(s) < (1 - 1e-3) * s.ltc1 && ShapeOfMomentsCounts(s);
-     },
-     "C1 does not see the moments on pinned ends and is too high; choose the alternative "
-     "calculation of C1."},
-    {"D235",
-     [](const ProjectState& s) {
-         return RolledCurveInUse(s) && WholeMember(s) && s.mycurved == kTrue &&
-                s.supportcase != 0 && s.supportcase != 4 && s.cmanual == kFalse &&
-                s.annexindex != kAnnexUk && TableOfKcGivesLess(s);
-     },
-     "kc of the reduction for lateral torsional buckling is 1/sqrt(C1); Table 6.6 gives a higher "
-     "one for fixed ends under uniform load."},
     {"D236",
      [](const ProjectState& s) {
          return s.ned > 0 && s.mydesign != 0 && LateralControlled(s) && s.xlt < 1 &&
@@ -332,6 +253,9 @@ constexpr NoteRule kStability[] = {
      },
      "An axis without buckling has no row of 6.3.3, although the axial force and lateral torsional "
      "buckling still act together."},
+    {"D237", CantileverLengthIsShort,
+     "The buckling length factor of the cantilever is below 2.0; a tip that nothing holds buckles "
+     "with twice the length. Choose 2.0 for the axes about which the tip is free."},
 };
 
 }  // namespace

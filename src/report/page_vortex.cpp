@@ -35,12 +35,6 @@ std::string Profile(const ProjectState& s)
     return family.kind == Kind::box ? sides + "x" + size(s.tf) : sides;
 }
 
-std::string_view Restraint(int vortexcase)
-{
-    const auto at = static_cast<std::size_t>(vortexcase);
-    return vortexcase >= 0 && at < kVortexSupports.size() ? kVortexSupports[at].name : "";
-}
-
 std::string_view TerrainName(int terrain)
 {
     const auto at = static_cast<std::size_t>(terrain);
@@ -57,7 +51,10 @@ void ProfileBlock(PageWriter& page, const ProjectState& s)
     Value(page, "Strouhal number", FormatNum(s.st, "0.00"));
     Value(page, "L", FormatNum(s.l, "#0.000"), "m ");
     Value(page, "Natural frequency", FormatNum(s.freq[1], "#0.00"), "Hz ");
-    Value(page, "Member Restraint:", Restraint(s.vortexcase));
+    Value(page, "Member Restraint:", VortexRestraint(s));
+    if (VortexSupportDiffers(s)) {
+        Value(page, "but the member itself:", MemberSupport(s));
+    }
     page.Row(0.7);
 }
 

@@ -13,6 +13,10 @@ namespace {
 
 // z_j of the flange with the share beta of the flanges' second moment, for the compression in that
 // flange.
+//
+// Deviation D57: z_j is approximated by 0.4 or 0.5 (2 beta - 1) hs; 6.3.2.2 (2) takes the elastic
+// critical moment, whose z_j is the distance of the shear centre less half of the integral of (y^2
+// + z^2) z over Iy.
 double AsymmetryParameter(double beta, double hs)
 {
     return (2 * beta - 1) * (beta > 0.5 ? 0.4 : 0.5) * hs;

@@ -4,11 +4,33 @@
 #include "core/number_format.h"
 #include "sections/families.h"
 
+#include <array>
 #include <cmath>
+#include <cstddef>
 
 namespace kestrum {
 
 namespace {
+
+// Supports of members by supportcase, and the same in the list of the control; springs have no
+// match, and the softest state they can have is pinned.
+struct Support {
+    std::string_view name;
+    int vortexcase;
+    bool springs = false;
+};
+constexpr std::array<Support, 6> kMemberSupports{{{"pinned-pinned", 0},
+                                                  {"pinned-fixed", 1},
+                                                  {"fixed-fixed", 2},
+                                                  {"springs", 0, true},
+                                                  {"cantilever", 3},
+                                                  {"pinned-spring", 0, true}}};
+
+const Support* SupportOf(const ProjectState& s)
+{
+    const auto at = static_cast<std::size_t>(s.supportcase);
+    return s.supportcase >= 0 && at < kMemberSupports.size() ? &kMemberSupports[at] : nullptr;
+}
 
 std::string ProfileText(const ProjectState& s)
 {
@@ -32,6 +54,26 @@ bool VortexFamily(int family)
 std::string_view VortexRefusal(int family)
 {
     return MayBeFamily(family) && !VortexFamily(family) ? "Only valid for boxes and tubes" : "";
+}
+
+std::string_view MemberSupport(const ProjectState& s)
+{
+    const Support* const support = SupportOf(s);
+    return support != nullptr ? support->name : std::string_view{};
+}
+
+bool VortexSupportDiffers(const ProjectState& s)
+{
+    const Support* const support = SupportOf(s);
+    return support != nullptr && (support->springs || support->vortexcase != s.vortexcase);
+}
+
+bool VortexSupportIsStiffer(const ProjectState& s)
+{
+    const Support* const support = SupportOf(s);
+    const auto at = static_cast<std::size_t>(s.vortexcase);
+    return support != nullptr && s.vortexcase >= 0 && at < kVortexSupports.size() &&
+           kVortexSupports[at].n > kVortexSupports[static_cast<std::size_t>(support->vortexcase)].n;
 }
 
 void CalcVortexFrequency(ProjectState& s)
@@ -110,6 +152,12 @@ std::string VortexFrequencyText(const ProjectState& s)
 std::string_view VortexVerdict(const ProjectState& s)
 {
     return VortexAccepted(s) ? " OK " : " NOK ";
+}
+
+std::string_view VortexRestraint(const ProjectState& s)
+{
+    const auto at = static_cast<std::size_t>(s.vortexcase);
+    return s.vortexcase >= 0 && at < kVortexSupports.size() ? kVortexSupports[at].name : "";
 }
 
 std::vector<VortexRow> VortexGrid(const ProjectState& s)

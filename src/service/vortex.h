@@ -46,6 +46,17 @@ std::string_view VortexRefusal(int family);
 // moves.
 void CalcVortexFrequency(ProjectState& s);
 
+// The supports of the member itself, whatever the control takes: "pinned-pinned", .. "springs".
+std::string_view MemberSupport(const ProjectState& s);
+
+// Whether vortexcase is another support than that of the member, and one with a higher frequency; a
+// spring counts as pinned there, its softest state.
+//
+// Deviation D259: the control takes the support chosen for it, at first fixed-pinned, and not that
+// of the member; EN 1991-1-4, F.2 takes the frequency of the structure as it is.
+bool VortexSupportDiffers(const ProjectState& s);
+bool VortexSupportIsStiffer(const ProjectState& s);
+
 // stb, st, vcrit, vm from the section, freq[1], terrain, vb and zh. To be called after it. Leaves
 // through CalculationStop with a terrain outside the list.
 void CalcVortex(ProjectState& s);
@@ -60,10 +71,11 @@ double StrouhalOfRectangle(double r);
 bool VortexAccepted(const ProjectState& s);
 
 // Texts of the page and the form.
-std::string VortexMeanText(const ProjectState& s);       // "25.2 m/s"
-std::string VortexCriticalText(const ProjectState& s);   // "15.1 m/s"
-std::string VortexFrequencyText(const ProjectState& s);  // "9.1 Hz"
-std::string_view VortexVerdict(const ProjectState& s);   // " OK ", " NOK "
+std::string VortexMeanText(const ProjectState& s);        // "25.2 m/s"
+std::string VortexCriticalText(const ProjectState& s);    // "15.1 m/s"
+std::string VortexFrequencyText(const ProjectState& s);   // "9.1 Hz"
+std::string_view VortexVerdict(const ProjectState& s);    // " OK ", " NOK "
+std::string_view VortexRestraint(const ProjectState& s);  // "fixed-pinned"; empty outside the list
 
 struct VortexRow {
     std::string parameter, value, unit;

@@ -133,6 +133,8 @@ double ReductionFactor(double lam, double alpha)
 //        alphay, alphaz, nrdm1 [kN], lopt, lt [m], distances of the shear centre [mm]
 //   out  ncry .. ncrtf, nbyrd .. nburd [kN]; lamy .. lammax, chiy .. chiu [-]
 // Deviations D206 to D209, D228: see above.
+// Deviation D237: ly and lz are the factors as chosen, 1.0 after the choice of a cantilever; the
+// critical force of 6.3.1.2 (1) then belongs to a member that is held at both ends.
 void BucklingResistance(ProjectState& s)
 {
     s.ncry = EulerForce(s, s.ly, s.iy);

@@ -126,6 +126,8 @@ double AlphaGeneral(const ProjectState& s, bool top)
 }
 
 // Table 6.5.
+// Deviation D239: in every annex; that of the United Kingdom, to 6.3.2.3 (1), gives rolled sections
+// with h/b above 3.1 curve d.
 double AlphaRolled(const ProjectState& s, bool top)
 {
     const bool stocky = HeightOverWidth(s, top) <= 2.0;

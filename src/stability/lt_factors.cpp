@@ -41,6 +41,10 @@ CFactors Mix(double share, const CFactors& first, const CFactors& second)
 }
 
 // The factor of the look-up is half of ltbk, because the picture of a cantilever has k = 2.
+// Deviation D238: a cantilever takes the factors of a pinned beam, for a uniform load too those of
+// the point load, and k stays as chosen; 6.3.2.2 (2) takes the elastic critical moment of the
+// cantilever, which is 1.9 and 3 times ours for k = 2, and with k = 1 below ours for a load high
+// above the shear centre of a short member.
 CFactors Cantilever(const ProjectState& s)
 {
     const bool spread = std::abs(s.mymid) > 1.2 * std::abs(s.my0 + s.myl) / 2.0;

@@ -279,6 +279,15 @@ TEST_F(Commands, VortexControl)
     ASSERT_EQ(Kestrum("new -o stiff.kst --family 31 --set l=3").exit, 0);
     EXPECT_EQ(Kestrum("vortex stiff.kst").exit, 0);
     EXPECT_THAT(Kestrum("vortex stiff.kst").out, HasSubstr(" OK "));
+    const std::string other = Kestrum("vortex stiff.kst").out;  // fixed-pinned, as delivered
+    EXPECT_THAT(other, HasSubstr(" Member Restraint: fixed-pinned, but the member itself: "
+                                 "pinned-pinned"));
+    EXPECT_THAT(other, HasSubstr("note D259: "));
+    ASSERT_EQ(Kestrum("set stiff.kst vortexcase=0").exit, 0);
+    const std::string same = Kestrum("vortex stiff.kst").out;
+    EXPECT_THAT(same, HasSubstr(" Member Restraint: pinned-pinned\n"));
+    EXPECT_THAT(same, Not(HasSubstr("D259")));
+    EXPECT_EQ(json::parse(Kestrum("vortex --json stiff.kst").out)["differs"], false);
     ASSERT_EQ(Kestrum("new -o slender.kst --family 31 --set l=40 --set p31.istd=100 --set "
                       "nload[1]=0 --set qload[1]=0")
                   .exit,

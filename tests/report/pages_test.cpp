@@ -100,6 +100,12 @@ TEST(Pages, VortexOfEveryFamilyCovered)
         EXPECT_THAT(lines, Contains(std::string("Control eq E.1: Vcrit >= 1.25Vm") +
                                     std::string(VortexVerdict(s))));
         EXPECT_THAT(lines, Contains("Terrain categoryII"));
+        EXPECT_THAT(lines, Contains("Member Restraint:fixed-pinned"));
+        const std::string own = "but the member itself:" + std::string(MemberSupport(s));
+        EXPECT_THAT(lines, Contains(own));
+        s.vortexcase = 0;
+        ASSERT_EQ(s.supportcase, 0);
+        EXPECT_THAT(LinesOf(PrintVortex(Delivered(), s, kStamp)), Not(Contains(own)));
         EXPECT_THAT(lines, Contains("Wind speed vb (10min, 10 m)25.0m/s "));
     }
 }

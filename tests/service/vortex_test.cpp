@@ -192,6 +192,34 @@ TEST(Vortex, Texts)
     EXPECT_EQ(VortexFrequencyText(s), "9.1 Hz");
 }
 
+TEST(Vortex, D259TakesASupportOfItsOwn)
+{
+    ProjectState s{};
+    s.vortexcase = 1;
+    s.supportcase = 0;
+    EXPECT_EQ(VortexRestraint(s), "fixed-pinned");
+    EXPECT_EQ(MemberSupport(s), "pinned-pinned");
+    EXPECT_TRUE(VortexSupportDiffers(s));
+    EXPECT_TRUE(VortexSupportIsStiffer(s));  // 3.93 above 3.14
+    const int same[][2] = {{0, 0}, {1, 1}, {2, 2}, {4, 3}};
+    for (const auto& [support, restraint] : same) {
+        s.supportcase = static_cast<i16>(support);
+        s.vortexcase = static_cast<i16>(restraint);
+        EXPECT_FALSE(VortexSupportDiffers(s)) << support;
+        EXPECT_FALSE(VortexSupportIsStiffer(s)) << support;
+    }
+    s.supportcase = 5;  // a spring has no match, and may be as soft as a pin
+    s.vortexcase = 0;
+    EXPECT_TRUE(VortexSupportDiffers(s));
+    EXPECT_FALSE(VortexSupportIsStiffer(s));
+    s.vortexcase = 9;
+    s.supportcase = 9;
+    EXPECT_FALSE(VortexSupportDiffers(s));
+    EXPECT_FALSE(VortexSupportIsStiffer(s));
+    EXPECT_EQ(VortexRestraint(s), "");
+    EXPECT_EQ(MemberSupport(s), "");
+}
+
 TEST(Vortex, GridShowsTheSection)
 {
     const std::vector<VortexRow> grid = VortexGrid(Calculated(Tube()));

@@ -1,5 +1,6 @@
 #include "stability/cvipping.h"
 
+#include "core/annexes.h"
 #include "stability/test_members.h"
 
 #include <gtest/gtest.h>
@@ -322,6 +323,17 @@ TEST(LtCurves, FallWithSlendernessAndNeverExceedOne)
             rolled = r.xlt;
         }
     }
+}
+
+// h/b = 3.3 as of HEA 1000, slenderness 1: curve c, alpha 0.49: phi = 0.5 (1 + 0.49 x 0.6 + 0.75) =
+// 1.022; 1/(1.022 + sqrt(1.0445 - 0.75)) = 0.6392. Curve d, alpha 0.76: phi = 1.103, 0.5583.
+TEST(LtCurveRolled, D239BritishAnnexKeepsCurveCForTallSections)
+{
+    ProjectState s = members::Heb200();
+    s.annexindex = kAnnexUk;
+    s.h = 990;
+    s.b = 300;
+    EXPECT_NEAR(LtCurveRolled(s, s.wyused * 355, 1.0f, true).xlt0, 0.6392, 5e-4);
 }
 
 TEST(LtCurveRolled, D215WeldedDoubleSymmetricTakesTheRolledParameters)

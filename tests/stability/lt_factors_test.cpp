@@ -199,6 +199,24 @@ TEST(SegmentC1, RunsStraightBetweenPointsAndBeyondKOne)
     EXPECT_NEAR(SegmentC1(0.3, 0.7), 1.554 - 0.4 * 0.076, 1e-9);
 }
 
+// A uniform and a point load give the same row of a pinned beam, k = 2 that of k = 1. In theory a
+// load at the tip has M = 4.013 sqrt(E Iz G It)/L without warping, 2.55 of pi/(2 L), a uniform one
+// 6.43, 4.09 of it.
+TEST(LtCFactors, D238CantileverTakesAPinnedBeamOfHalfItsFactor)
+{
+    ProjectState s{};
+    s.supportcase = 4;
+    s.ltbk = 2;
+    s.my0 = -20;                              // at the support
+    for (const double mid : {-10.0, -5.0}) {  // tip load, uniform load
+        s.mymid = mid;
+        EXPECT_EQ(LtCFactors(s).c1, 1.35);
+        EXPECT_EQ(LtCFactors(s).c2, 0.59);
+    }
+    s.ltbk = 1;  // as after the choice of the support: the row of k = 0.5
+    EXPECT_NEAR(LtCFactors(s).c1, 1.05, 1e-12);
+}
+
 struct C3Case {
     double r, psif, half, full;
 };

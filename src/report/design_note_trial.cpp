@@ -1,0 +1,112 @@
+#include "report/design_note_trial.h"
+
+#include "analysis/cmoment.h"
+#include "core/arithmetic_trap.h"
+#include "engine/ccontrol.h"
+#include "report/design_note_facts.h"
+#include "service/deflection_control.h"
+#include "stability/interaction_annex_a.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace kestrum {
+
+namespace {
+
+constexpr double kUnbounded = std::numeric_limits<double>::max();
+constexpr TrialRatios kNoEnd{kUnbounded, kUnbounded, kUnbounded};
+
+TrialRatios RatiosOf(const ProjectState& s)
+{
+    TrialRatios ratios{s.irsection, s.maxirbuckling, 0};
+    for (const ResultRow* row : {&s.deflinez, &s.defliney}) {
+        if (s.checksls != kFalse && s.loadmode == 1 && !row->empty()) {
+            ratios.deflection = std::max(ratios.deflection, row->ir);
+        }
+    }
+    return ratios;
+}
+
+// Runs `work` under the arithmetic trap; a failure, or an axial force above an elastic critical
+// force, has no ratios.
+template <class Work> TrialRatios Guarded(ProjectState& copy, Work work)
+{
+    TrialRatios ratios = kNoEnd;
+    copy.errorflag = 0;
+    ArmTrap();
+    try {
+        work(copy);
+        CheckTrap();
+        ratios = copy.errorflag == 0 ? RatiosOf(copy) : kNoEnd;
+    } catch (const CalculationStop&) {
+        ratios = kNoEnd;
+    }
+    ArmTrap();  // the flags of a trial are nobody else's
+    return ratios;
+}
+
+void Analyse(ProjectState& s)
+{
+    CalcMember(s, CalcControl);
+    CalcControl(s);
+    DeflectionControl(s);
+}
+
+}  // namespace
+
+TrialRatios ControlledRatios(ProjectState& copy)
+{
+    return Guarded(copy, CalcControl);
+}
+
+TrialRatios AnalysedRatios(ProjectState& copy)
+{
+    return Guarded(copy, Analyse);
+}
+
+TrialRatios CombinedRatios(ProjectState copy, const LoadFactors& strength,
+                           const LoadFactors& service)
+{
+    copy.loadcomb = kUserFactors;
+    copy.lfulsg = static_cast<float>(strength.g);
+    copy.lfulsq1 = static_cast<float>(strength.q1);
+    copy.lfulsq2 = static_cast<float>(strength.q2);
+    copy.lfslsg = static_cast<float>(service.g);
+    copy.lfslsq1 = static_cast<float>(service.q1);
+    copy.lfslsq2 = static_cast<float>(service.q2);
+    return AnalysedRatios(copy);
+}
+
+bool Above(double trial, double result)
+{
+    constexpr double kRounding = 1e-5;  // forces and factors are kept in single precision
+    return trial > result * (1 + kRounding) && trial > result + 1e-9;
+}
+
+bool AnyAbove(const TrialRatios& trial, const TrialRatios& result)
+{
+    return Above(trial.section, result.section) || Above(trial.buckling, result.buckling) ||
+           Above(trial.deflection, result.deflection);
+}
+
+bool FactorsRaise(const ProjectState& s, const LoadFactors& strength, const LoadFactors& service)
+{
+    const TrialRatios own = CombinedRatios(s, StrengthFactors(s, StrengthCombination(s)),
+                                           ServiceFactors(s, s.loadcomb));
+    return AnyAbove(CombinedRatios(s, strength, service), own);
+}
+
+bool TorsionRaisesAnnexA(const ProjectState& s, double ncrtf)
+{
+    ProjectState with = s, without = s;
+    with.ncrtf = ncrtf;
+    if (Guarded(with, KFactorsAnnexA).section == kUnbounded) {
+        return true;
+    }
+    Guarded(without, KFactorsAnnexA);
+    return Above(with.kyy, without.kyy) || Above(with.kzy, without.kzy) ||
+           Above(with.kyz, without.kyz) || Above(with.kzz, without.kzz);
+}
+
+}  // namespace kestrum

@@ -1,0 +1,239 @@
+// Notes on lateral torsional buckling.
+
+#include "core/annexes.h"
+#include "report/design_note_facts.h"
+#include "report/design_note_trial.h"
+#include "report/design_note_welded.h"
+#include "report/design_notes.h"
+#include "sections/families.h"
+#include "stability/constants.h"
+#include "stability/cvipping.h"
+#include "stability/lt_factors.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrum {
+
+namespace {
+
+constexpr i16 kRolledCurve = 3;
+constexpr i16 kCantilever = 4;
+
+bool WholeMember(const ProjectState& s)
+{
+    return s.loadmode == 1 && s.restraints == 0;
+}
+
+// The transverse load in all, kN. The shear of a cantilever has the opposite sign.
+double DownwardLoad(const ProjectState& s)
+{
+    const double first = s.vzdiag.front();
+    return s.supportcase == kCantilever ? -first : first - s.vzdiag.back();
+}
+
+// The point of the diagram at the end of the given one of the equal parts.
+std::size_t DiagramPoint(int part, int parts)
+{
+    return static_cast<std::size_t>(std::nearbyint((kDiagramPoints - 1.0) * part / parts));
+}
+
+// The reduction would be lower under uniform moment, C1 = kc = 1; else C1 is of no effect.
+bool ShapeOfMomentsCounts(const ProjectState& s)
+{
+    const double mcr = s.mcr / s.ltc1;
+    const bool top = s.mydesignf > 0;
+    const LtReduction uniform =
+        s.ltbcurve == kRolledCurve ? LtCurveRolled(s, mcr, 1.0F, top) : LtCurveGeneral(s, mcr, top);
+    return uniform.xlt < (1 - 1e-6) * s.xlt;
+}
+
+// A load inside the governing segment lowers its critical moment: the moment line is fuller than
+// the straight one between its ends, or the load acts above the shear centre.
+bool LoadLowersTheSegment(const ProjectState& s)
+{
+    constexpr double kStraight = 1e-3;
+    const int parts = s.restraints + 1;
+    if (s.beampart < 1 || s.beampart > parts) {
+        return false;
+    }
+    const std::size_t from = DiagramPoint(s.beampart - 1, parts);
+    const std::size_t to = DiagramPoint(s.beampart, parts);
+    const double rise = static_cast<double>(s.mydiag[to]) - s.mydiag[from];
+    for (std::size_t j = from + 1; j < to; ++j) {
+        const double share = static_cast<double>(j - from) / static_cast<double>(to - from);
+        const double excess = (s.mydiag[j] - s.mydiag[from] - share * rise) / s.mydesignf;
+        if (excess > kStraight || (s.zg > 0 && excess < -kStraight)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// A moment on an end of a pinned member that bends like the largest one and so fills the line.
+bool MomentsOnPinnedEnds(const ProjectState& s)
+{
+    return s.supportcase == 0 && (s.my0 * s.mydesign > 0 || s.myl * s.mydesign > 0);
+}
+
+// chi_LT,mod with kc = 0.90, Table 6.6 for fixed ends under uniform load, lies below ours.
+bool TableOfKcGivesLess(const ProjectState& s)
+{
+    constexpr double kFixedEnds = 0.90;
+    const double bow = (s.lamlt - 0.8) * (s.lamlt - 0.8);
+    const double f = std::min(1.0, 1.0 - 0.5 * (1.0 - kFixedEnds) * (1.0 - 2.0 * bow));
+    return s.kc < kFixedEnds && s.xlt0 / f < (1 - 1e-6) * s.xlt;
+}
+
+bool RolledCurveInUse(const ProjectState& s)
+{
+    return LateralControlled(s) && s.ltbcurve == kRolledCurve && !Is(s, Kind::flat) &&
+           !Is(s, Kind::plate);
+}
+
+// The C factors of k = 1 on the same length.
+bool FactorsOfUniformLengthAreWorse(const ProjectState& s)
+{
+    ProjectState single = s;
+    single.ltbk = 1;
+    const CFactors c = LtCFactors(single);
+    const auto entered = [&c](ProjectState& copy) {
+        copy.cmanual = kTrue;
+        copy.c1 = c.c1;
+        copy.c2 = c.c2;
+        copy.c3 = c.c3;
+    };
+    return Try(s, entered, ControlledRatios).RaisesBuckling();
+}
+
+bool WeldedParametersGiveLess(const ProjectState& s)
+{
+    ProjectState welded = s;
+    welded.lamdalt0 = s.lamdalt0w;
+    welded.beta = s.betaw;
+    return LtCurveRolled(welded, s.mcr, s.kc, s.mydesignf > 0).xlt < (1 - 1e-6) * s.xlt;
+}
+
+// A factor below the 2.0 of the picture leaves a cantilever a critical moment above that of a load
+// at its tip, whose elastic value is at least (3.8 + 3.75 K) sqrt(E Iz G It)/L through the shear
+// centre and 3.5 sqrt(E Iz G It)/L half the height of the flanges above it, for K = sqrt(pi^2 E
+// Iw/(G It L^2)) up to 4 (beam elements, built in against warping).
+bool CantileverMomentIsHigh(const ProjectState& s)
+{
+    if (s.supportcase != kCantilever || !LateralControlled(s) || !WholeMember(s) ||
+        Is(s, Kind::plate) || s.cmanual != kFalse || !(s.ltbk < 2) || !(s.xlt < 1)) {
+        return false;
+    }
+    constexpr double kPi = 3.14159265358979;
+    const double length = s.l * 1000.0, e = s.e, torsion = e / kShearRatio * s.it;
+    const double unit = std::sqrt(e * s.iz * torsion) / length;  // Nmm
+    const double centre = 3.8 + 3.75 * kPi / length * std::sqrt(e * s.iw / torsion);
+    const double half = s.iw > 0 ? std::sqrt(1.0 * s.iw / s.iz) : s.h / 2.0;  // mm
+    const double height = std::max(0.0, DownwardLoad(s) < 0 ? -s.zg : s.zg) / half;
+    return s.mcr > unit * centre / (1 + height * (centre / 3.5 - 1));
+}
+
+// The approximate z_j of the flange in compression is above the exact one, and a ratio with that
+// would be higher.
+bool AsymmetryIsHigh(const ProjectState& s)
+{
+    if (!Is(s, Kind::i_single) || !LateralControlled(s)) {
+        return false;
+    }
+    const auto exact = [](ProjectState& copy) {
+        copy.zjtop = static_cast<float>(ExactAsymmetry(copy, true));
+        copy.zjbot = static_cast<float>(ExactAsymmetry(copy, false));
+    };
+    return Try(s, exact, ControlledRatios).RaisesBuckling();
+}
+
+// The National Annex of the United Kingdom, to 6.3.2.3 (1): curve d for rolled I above h/b = 3.1.
+bool RolledTallBeam(const ProjectState& s)
+{
+    return Is(s, Kind::i_rolled) && s.annexindex == kAnnexUk && RolledCurveInUse(s) && s.h > 3.1 * s.b &&
+           s.lamlt > s.lamdalt0;
+}
+
+constexpr NoteRule kLateral[] = {
+    {"D57", AsymmetryIsHigh,
+     "z_j of the single-symmetric section is taken by its approximate formula; the exact value "
+     "gives a lower critical moment."},
+    {"D201",
+     [](const ProjectState& s) {
+         return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 &&
+                std::abs(s.mydesignf) < (1 - 1e-6) * std::abs(s.mydesign);
+     },
+     "Lateral torsional buckling is checked for the moments at the restraints; the larger moment "
+     "between them is not seen."},
+    {"D211",
+     [](const ProjectState& s) {
+         return LateralControlled(s) && WholeMember(s) && s.cmanual == kFalse &&
+                s.supportcase != kCantilever && s.ltbk > 1 && FactorsOfUniformLengthAreWorse(s);
+     },
+     "The C factors of lateral torsional buckling are extrapolated beyond k = 1; those of k = 1 "
+     "give a higher ratio. Check them, or enter them by hand."},
+    {"D212",
+     [](const ProjectState& s) {
+         return LateralControlled(s) && Is(s, Kind::i_single) && s.beampart > 0 && !WholeMember(s) &&
+                (s.ltc3 > 1.02 || s.ltc3 < 0);
+     },
+     "The factor C3 of the governing segment lies in a range where the table used here is not "
+     "continuous; compare the critical moment by other means."},
+    {"D213",
+     [](const ProjectState& s) {
+         return LateralControlled(s) && WholeMember(s) && s.zg < 0 && s.ltc2 > 0 &&
+                DownwardLoad(s) < 0;
+     },
+     "A load below the shear centre is taken as stabilising; an upward load there destabilises."},
+    {"D215",
+     [](const ProjectState& s) {
+         return RolledCurveInUse(s) && Is(s, Kind::i_welded, Kind::general) &&
+                WeldedParametersGiveLess(s);
+     },
+     "Lateral torsional buckling of the welded section uses the parameters of rolled sections."},
+    {"D216",
+     [](const ProjectState& s) {
+         return RolledCurveInUse(s) && s.kc > 1 && s.ffactor < 1 && s.xlt != s.xlt0;
+     },
+     "The reduction factor of lateral torsional buckling is divided by a factor f below 1 although "
+     "kc is above 1; ratios with it are too low and may even be negative. Choose the general "
+     "case."},
+    {"D233",
+     [](const ProjectState& s) {
+         return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 && !Is(s, Kind::plate) &&
+                LoadLowersTheSegment(s) && (ShapeOfMomentsCounts(s) || (s.zg > 0 && s.xlt < 1));
+     },
+     "The critical moment between lateral restraints takes a straight moment line and no load "
+     "level; the loads there lower it."},
+    {"D234",
+     [](const ProjectState& s) {
+         return LateralControlled(s) && WholeMember(s) && !Is(s, Kind::plate) &&
+                s.cmanual == kFalse && s.c1alt == kFalse && MomentsOnPinnedEnds(s) &&
+                LtAlternativeC1(s) < (1 - 1e-3) * s.ltc1 && ShapeOfMomentsCounts(s);
+     },
+     "C1 does not see the moments on pinned ends and is too high; choose the alternative "
+     "calculation of C1."},
+    {"D235",
+     [](const ProjectState& s) {
+         return RolledCurveInUse(s) && WholeMember(s) && s.mycurved == kTrue &&
+                s.supportcase != 0 && s.supportcase != 4 && s.cmanual == kFalse &&
+                s.annexindex != kAnnexUk && TableOfKcGivesLess(s);
+     },
+     "kc of the reduction for lateral torsional buckling is 1/sqrt(C1); Table 6.6 gives a higher "
+     "one for fixed ends under uniform load."},
+    {"D238", CantileverMomentIsHigh,
+     "The lateral torsional factor k of the cantilever is below the 2.0 of its picture, and the "
+     "critical moment is above that of a load at the tip; choose 2.0."},
+    {"D239", RolledTallBeam,
+     "Rolled sections with h/b above 3.1 take curve c for lateral torsional buckling; the National "
+     "Annex of the United Kingdom gives d."},
+};
+
+}  // namespace
+
+std::span<const NoteRule> LateralNoteRules()
+{
+    return kLateral;
+}
+
+}  // namespace kestrum
