@@ -15,17 +15,18 @@ namespace kestrum {
 namespace {
 
 constexpr double kUnbounded = std::numeric_limits<double>::max();
-constexpr TrialRatios kNoEnd{kUnbounded, kUnbounded, kUnbounded};
+constexpr TrialRatios kNoEnd{{kUnbounded, kUnbounded, kUnbounded},
+                             {kUnbounded, kUnbounded, kUnbounded, kUnbounded},
+                             {kUnbounded, kUnbounded}};
 
 TrialRatios RatiosOf(const ProjectState& s)
 {
-    TrialRatios ratios{s.irsection, s.maxirbuckling, 0};
-    for (const ResultRow* row : {&s.deflinez, &s.defliney}) {
-        if (s.checksls != kFalse && s.loadmode == 1 && !row->empty()) {
-            ratios.deflection = std::max(ratios.deflection, row->ir);
-        }
-    }
-    return ratios;
+    const auto deflection = [&s](const ResultRow& row) {
+        return s.checksls != kFalse && s.loadmode == 1 && !row.empty() ? row.ir : 0;
+    };
+    return {{s.irrow1, s.irrow2, s.irrow3},
+            {s.irrow4, s.irrow5, s.irrow6, s.maxirbuckling},
+            {deflection(s.deflinez), deflection(s.defliney)}};
 }
 
 // Runs `work` under the arithmetic trap; a failure, or an axial force above an elastic critical
@@ -84,24 +85,24 @@ bool Above(double trial, double result)
     return trial > result * (1 + kRounding) && trial > result + 1e-9;
 }
 
-bool AnyAbove(const TrialRatios& trial, const TrialRatios& result)
+bool AnyAbove(std::span<const double> trial, std::span<const double> result)
 {
-    return Above(trial.section, result.section) || Above(trial.buckling, result.buckling) ||
-           Above(trial.deflection, result.deflection);
+    return !std::equal(trial.begin(), trial.end(), result.begin(),
+                       [](double a, double b) { return !Above(a, b); });
 }
 
-bool FactorsRaise(const ProjectState& s, const LoadFactors& strength, const LoadFactors& service)
+Trial TryFactors(const ProjectState& s, const LoadFactors& strength, const LoadFactors& service)
 {
-    const TrialRatios own = CombinedRatios(s, StrengthFactors(s, StrengthCombination(s)),
-                                           ServiceFactors(s, s.loadcomb));
-    return AnyAbove(CombinedRatios(s, strength, service), own);
+    return {CombinedRatios(s, strength, service),
+            CombinedRatios(s, StrengthFactors(s, StrengthCombination(s)),
+                           ServiceFactors(s, s.loadcomb))};
 }
 
 bool TorsionRaisesAnnexA(const ProjectState& s, double ncrtf)
 {
     ProjectState with = s, without = s;
     with.ncrtf = ncrtf;
-    if (Guarded(with, KFactorsAnnexA).section == kUnbounded) {
+    if (Guarded(with, KFactorsAnnexA).section[0] == kUnbounded) {
         return true;
     }
     Guarded(without, KFactorsAnnexA);

@@ -8,12 +8,17 @@
 #include "core/load_combination.h"
 #include "core/project_state.h"
 
+#include <array>
+#include <span>
+
 namespace kestrum {
 
-// The largest ratio of each control. A control that cannot end has ratios above any other. The
-// deflection counts where it is part of the result.
+// The ratios of the rows of each control; of the member also the largest. A control that cannot end
+// has ratios above any other. The deflection counts where it is part of the result.
 struct TrialRatios {
-    double section, buckling, deflection;
+    std::array<double, 3> section;
+    std::array<double, 4> buckling;
+    std::array<double, 2> deflection;
 };
 
 // The controls run anew; the same behind an analysis of the member; the same with these factors on
@@ -23,17 +28,21 @@ TrialRatios AnalysedRatios(ProjectState& copy);
 TrialRatios CombinedRatios(ProjectState copy, const LoadFactors& strength,
                            const LoadFactors& service);
 
-// Whether a ratio lies above another by more than rounding.
+// Whether a ratio lies above its like by more than rounding.
 bool Above(double trial, double result);
-bool AnyAbove(const TrialRatios& trial, const TrialRatios& result);
+bool AnyAbove(std::span<const double> trial, std::span<const double> result);
 
 // The ratios of `run` after a change of the record, and without it.
 struct Trial {
     TrialRatios changed, unchanged;
 
-    bool Raises() const { return AnyAbove(changed, unchanged); }
-    bool RaisesSection() const { return Above(changed.section, unchanged.section); }
-    bool RaisesBuckling() const { return Above(changed.buckling, unchanged.buckling); }
+    bool RaisesSection() const { return AnyAbove(changed.section, unchanged.section); }
+    bool RaisesBuckling() const { return AnyAbove(changed.buckling, unchanged.buckling); }
+    bool Raises() const
+    {
+        return RaisesSection() || RaisesBuckling() ||
+               AnyAbove(changed.deflection, unchanged.deflection);
+    }
 };
 
 template <class Change>
@@ -44,8 +53,8 @@ Trial Try(const ProjectState& s, Change change, TrialRatios (*run)(ProjectState&
     return {run(with), run(without)};
 }
 
-// Whether other factors on the loads raise a ratio.
-bool FactorsRaise(const ProjectState& s, const LoadFactors& strength, const LoadFactors& service);
+// Other factors on the loads against those in force.
+Trial TryFactors(const ProjectState& s, const LoadFactors& strength, const LoadFactors& service);
 
 // Whether the factors of Annex A would be higher with this critical force of torsion, kN.
 bool TorsionRaisesAnnexA(const ProjectState& s, double ncrtf);

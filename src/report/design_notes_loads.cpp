@@ -116,7 +116,7 @@ bool PermanentFactorIsLow(const ProjectState& s)
     constexpr double kPermanent = 1.35;
     LoadFactors strength = Strength(s);
     strength.g = kPermanent * s.kfig;
-    return LoadSenses(s).Has(kG) && FactorsRaise(s, strength, Service(s));
+    return LoadSenses(s).Has(kG) && TryFactors(s, strength, Service(s)).Raises();
 }
 
 bool PermanentLoadRelieves(const ProjectState& s)
@@ -126,7 +126,7 @@ bool PermanentLoadRelieves(const ProjectState& s)
         return false;
     }
     strength.g = 1;
-    return FactorsRaise(s, strength, Service(s));
+    return TryFactors(s, strength, Service(s)).Raises();
 }
 
 bool SecondLoadIsLow(const ProjectState& s)
@@ -136,7 +136,7 @@ bool SecondLoadIsLow(const ProjectState& s)
     }
     LoadFactors strength = Strength(s);
     strength.q2 = s.g610q2 * s.kfiq * s.psi2;
-    return FactorsRaise(s, strength, Service(s));
+    return TryFactors(s, strength, Service(s)).Raises();
 }
 
 // Whether a ratio is higher without Q1, without Q2 or without both.
@@ -153,7 +153,7 @@ bool VariableLoadRelieves(const ProjectState& s)
             factors.q2 = q2 ? 0 : factors.q2;
             return factors;
         };
-        return FactorsRaise(s, leave(Strength(s)), leave(Service(s)));
+        return TryFactors(s, leave(Strength(s)), leave(Service(s))).Raises();
     };
     return (first && without(true, false)) || (second && without(false, true)) ||
            ((first || second) && senses.Has(kQ1) && senses.Has(kQ2) && without(true, true));
@@ -172,7 +172,7 @@ bool SecondLoadWouldLead(const ProjectState& s)
         strength.q1 = leading * s.psi1;
         strength.q2 = leading;
     }
-    return FactorsRaise(s, strength, {1, s.psi1, 1});
+    return TryFactors(s, strength, {1, s.psi1, 1}).Raises();
 }
 
 // The self-weight acts against another load, and with 9.81 m/s2 a ratio is higher.

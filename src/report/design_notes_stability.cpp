@@ -92,8 +92,7 @@ double CoupledAboutZ(const ProjectState& s)
 bool StrengthDeflectionIsWorse(const ProjectState& s)
 {
     const LoadFactors strength = StrengthFactors(s, StrengthCombination(s));
-    return Above(CombinedRatios(s, strength, strength).buckling,
-                 CombinedRatios(s, strength, ServiceFactors(s, s.loadcomb)).buckling);
+    return TryFactors(s, strength, strength).RaisesBuckling();
 }
 
 // A cantilever in compression with a buckling length below twice its own.
