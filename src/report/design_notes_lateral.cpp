@@ -150,8 +150,8 @@ bool AsymmetryIsHigh(const ProjectState& s)
 // The National Annex of the United Kingdom, to 6.3.2.3 (1): curve d for rolled I above h/b = 3.1.
 bool RolledTallBeam(const ProjectState& s)
 {
-    return Is(s, Kind::i_rolled) && s.annexindex == kAnnexUk && RolledCurveInUse(s) && s.h > 3.1 * s.b &&
-           s.lamlt > s.lamdalt0;
+    return Is(s, Kind::i_rolled) && s.annexindex == kAnnexUk && RolledCurveInUse(s) &&
+           s.h > 3.1 * s.b && s.lamlt > s.lamdalt0;
 }
 
 constexpr NoteRule kLateral[] = {
@@ -174,8 +174,8 @@ constexpr NoteRule kLateral[] = {
      "give a higher ratio. Check them, or enter them by hand."},
     {"D212",
      [](const ProjectState& s) {
-         return LateralControlled(s) && Is(s, Kind::i_single) && s.beampart > 0 && !WholeMember(s) &&
-                (s.ltc3 > 1.02 || s.ltc3 < 0);
+         return LateralControlled(s) && Is(s, Kind::i_single) && s.beampart > 0 &&
+                !WholeMember(s) && (s.ltc3 > 1.02 || s.ltc3 < 0);
      },
      "The factor C3 of the governing segment lies in a range where the table used here is not "
      "continuous; compare the critical moment by other means."},
@@ -200,8 +200,9 @@ constexpr NoteRule kLateral[] = {
      "case."},
     {"D233",
      [](const ProjectState& s) {
-         return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 && !Is(s, Kind::plate) &&
-                LoadLowersTheSegment(s) && (ShapeOfMomentsCounts(s) || (s.zg > 0 && s.xlt < 1));
+         return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 &&
+                !Is(s, Kind::plate) && LoadLowersTheSegment(s) &&
+                (ShapeOfMomentsCounts(s) || (s.zg > 0 && s.xlt < 1));
      },
      "The critical moment between lateral restraints takes a straight moment line and no load "
      "level; the loads there lower it."},
