@@ -98,18 +98,16 @@ private:
     QPointF Map(Point p) const { return origin_ + QPointF(p.x * scale_, p.y * scale_); }
 
     // Fonts come in whole pixels; spacing gives the text the width that it was laid out with. What
-    // a character missing in the font adds is left alone.
+    // a character missing in the font adds is left alone. Absolute spacing would depend on the
+    // resolution of the device.
     void KeepWidth(QFont& font, const QString& shown, double width) const
     {
-        constexpr double kMost = 0.04;  // of the font size
-        if (shown.isEmpty()) {
-            return;
-        }
+        constexpr double kLeast = 94, kMost = 106;  // percent
         const double advance = QFontMetricsF(font, painter_.device()).horizontalAdvance(shown);
-        const double most = kMost * font.pixelSize();
-        font.setLetterSpacing(
-            QFont::AbsoluteSpacing,
-            std::clamp((width - advance) / static_cast<double>(shown.size()), -most, most));
+        if (advance > 0) {
+            font.setLetterSpacing(QFont::PercentageSpacing,
+                                  std::clamp(100 * width / advance, kLeast, kMost));
+        }
     }
 
     void AddRing(QPainterPath& path, const std::vector<Point>& points) const
