@@ -1,11 +1,17 @@
 // Turns a readable profile table into the binary one that the program reads.
 //
 //   kestrum-tables IN.csv OUT.dat
+//   kestrum-tables --digests OUT.inc FILE...
 //
 // The first line of the CSV names the columns and is skipped; every further line holds one row of
 // as many numbers. The output is the numbers as 32-bit little-endian IEEE 754 floats, row after
 // row, with nothing around them. A fault is reported as FILE:LINE: field N, and no output is
 // written.
+//
+// The second form writes for each file its delivered name and the SHA-256 of what is delivered, the
+// binary table of a CSV or the file as it stands, as lines of a C++ array.
+
+#include "core/sha256.h"
 
 #include <algorithm>
 #include <bit>
@@ -119,16 +125,42 @@ void WriteFile(const std::string& name, const std::string& bytes)
     }
 }
 
+std::string DigestLine(const std::string& file)
+{
+    const std::filesystem::path path = file;
+    const std::string bytes = ReadFile(file);
+    const bool table = path.extension() == ".csv";
+    const std::string name = (table ? path.stem().string() + ".dat" : path.filename().string());
+    return "{\"" + name + "\", \"" + kestrum::Sha256(table ? Compile(file, bytes) : bytes) +
+           "\"},\n";
+}
+
+std::string Digests(const std::vector<std::string>& files)
+{
+    std::string text;
+    for (const std::string& file : files) {
+        text += DigestLine(file);
+    }
+    return text;
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        std::cerr << "usage: kestrum-tables IN.csv OUT.dat\n";
+    const std::vector<std::string> words(argv, argv + argc);
+    const bool digests = words.size() > 3 && words[1] == "--digests";
+    if (!digests && words.size() != 3) {
+        std::cerr << "usage: kestrum-tables IN.csv OUT.dat\n"
+                     "       kestrum-tables --digests OUT.inc FILE...\n";
         return 2;
     }
     try {
-        WriteFile(argv[2], Compile(argv[1], ReadFile(argv[1])));
+        if (digests) {
+            WriteFile(words[2], Digests({words.begin() + 3, words.end()}));
+        } else {
+            WriteFile(words[2], Compile(words[1], ReadFile(words[1])));
+        }
     } catch (const std::exception& fault) {
         std::cerr << "kestrum-tables: " << fault.what() << '\n';
         return 1;

@@ -115,6 +115,15 @@ BoxOutcome Session::CommitBox(const Box& box, int index, std::string_view text)
     return outcome;
 }
 
+std::string Session::DataFaults() const
+{
+    std::string text;
+    for (const std::string& fault : library_.faults) {
+        text += (text.empty() ? "" : "\n") + fault;
+    }
+    return text;
+}
+
 std::string Session::TitleStem() const
 {
     return "Kestrum EC3" + std::string(AnnexSuffix(state_.annexindex));

@@ -25,6 +25,10 @@ public:
     Surroundings& surroundings() { return surroundings_; }
     bool decimalcomma() const { return decimalcomma_; }
 
+    // What is wrong with the files that the program found by itself, a damaged setup or table, one
+    // a line; empty when all is well.
+    std::string DataFaults() const;
+
     // The project in hand. Handlers write to `edit` and call Calculate.
     const ProjectState& state() const { return state_; }
     ProjectState& edit() { return state_; }

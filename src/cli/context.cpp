@@ -66,7 +66,10 @@ Library LoadTables(const Options& options)
     if (!options.data.empty() && !std::filesystem::is_directory(Utf8Path(options.data))) {
         throw BadInput(options.data + ": no such folder");
     }
-    Library library = options.data.empty() ? LoadLibrary(DataFolders()) : LoadLibrary(options.data);
+    Library library = options.data.empty() ? LoadUsualLibrary() : LoadLibrary(options.data);
+    for (const std::string& fault : library.faults) {
+        Complain(fault);
+    }
     if (library.materials.empty()) {
         throw BadInput("no material list: " + std::string(kMaterialFile) +
                        " is in none of the data folders");
@@ -79,6 +82,16 @@ Library LoadTables(const Options& options)
         }
     }
     return library;
+}
+
+std::string VersionText(const Options& options)
+{
+    const std::string version = "kestrum " KESTRUM_VERSION;
+    if (options.data.empty()) {
+        return version;
+    }
+    const std::string own = OwnDataText(LoadTables(options));
+    return version + "\n" + options.data + ": " + (own.empty() ? "data as delivered" : own);
 }
 
 ProjectState OpenProject(const Library& library, const std::string& file)

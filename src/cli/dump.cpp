@@ -8,6 +8,21 @@ namespace kestrum::cli {
 
 namespace {
 
+// Names the tables and the list that are not the delivered ones.
+std::string WithOwnData(const Library& library, std::string object)
+{
+    std::string list;
+    for (const OwnFile& file : library.own) {
+        list += (list.empty() ? "" : ", ") + std::string("{\"file\": ") + JsonText(file.path) +
+                ", \"sha256\": " + JsonText(file.sha256) + "}";
+    }
+    if (!list.empty()) {
+        const std::size_t end = object.find_last_not_of("}\n");
+        object.insert(end + 1, ",\n\"owndata\": [" + list + "]");
+    }
+    return object;
+}
+
 // Appends the object of a file to the list. Returns the exit code.
 int DumpFile(const Library& library, const std::string& file, bool inputs,
              std::vector<std::string>& objects)
@@ -18,7 +33,7 @@ int DumpFile(const Library& library, const std::string& file, bool inputs,
         return kAllWithin;
     }
     const bool well = Calculate(library, s);
-    objects.push_back(StateJson(s));
+    objects.push_back(WithOwnData(library, StateJson(s)));
     if (!well) {
         Complain(file + ": " + std::string(kCalculationError));
     }

@@ -27,12 +27,14 @@ int Run(int argc, char** argv)
                "go with each.\n"
                "Names and meanings of the fields: docs/file-format.md; `kestrum dump --inputs "
                "FILE` prints them.");
-    app.set_version_flag("-V,--version", "kestrum " KESTRUM_VERSION);
     app.require_subcommand(1);
     app.fallthrough();
 
     Options options;
     app.add_option("--data", options.data, "folder with the profile tables and the material list");
+    app.set_version_flag(
+        "-V,--version", [&options] { return VersionText(options); },
+        "prints the version, and with --data which files there are not the delivered ones");
     app.add_option("--setup", options.setup, "stored setup in place of the delivered one");
     AddColor(app, options);
     app.add_flag("-q,--quiet", options.quiet,

@@ -6,8 +6,10 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
+#include <thread>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -201,11 +203,33 @@ std::string WriteDevice(const fs::path& target, std::string_view bytes)
     return problem;
 }
 
+// The file that this program released last, and when. One that locks it again and again would
+// hardly ever let another in, which can only ask now and then; it waits for a moment before it asks
+// again.
+constexpr std::chrono::milliseconds kCourtesy{5};
+std::atomic<ino_t> released;
+std::atomic<Clock::time_point> releasetime;
+
+void LetOthersIn(const Descriptor& file)
+{
+    if (StatusOf(file).st_ino == released && Clock::now() < releasetime.load() + kCourtesy) {
+        std::this_thread::sleep_for(kCourtesy);
+    }
+}
+
 }  // namespace
 
 struct FileLock::Held {
     fs::path target;
     Descriptor file;  // none when the file is not there yet
+
+    ~Held()
+    {
+        if (file) {
+            released = StatusOf(file).st_ino;
+            releasetime = Clock::now();
+        }
+    }
 };
 
 FileLock::FileLock() = default;
@@ -213,6 +237,7 @@ FileLock::~FileLock() = default;
 
 std::string FileLock::Take(const std::string& path, std::chrono::milliseconds wait)
 {
+    held_ = nullptr;  // before a new one is made
     held_ = std::make_unique<Held>();
     const auto end = Clock::now() + wait;
     do {
@@ -226,6 +251,7 @@ std::string FileLock::Take(const std::string& path, std::chrono::milliseconds wa
         if (!file && errno != ENOENT && errno != ELOOP) {
             return LastFault();
         }
+        LetOthersIn(file);
         if (file && !Exclusive(file, end)) {
             break;
         }

@@ -39,11 +39,21 @@ struct NamedRow {
     i16 row;
 };
 
+// A profile table or material list that is not the delivered one.
+struct OwnFile {
+    std::string name;    // "hea.dat"
+    std::string path;    // where it was found
+    std::string sha256;  // of the rows that are read, of the whole list
+};
+
 struct Library {
     std::vector<Material> materials;
     std::array<ProfileTable, kTables> tables;
     std::vector<NamedRow> rownames;  // sorted by name
     std::string setup;               // bytes of the stored setup; empty when there is none
+
+    std::vector<OwnFile> own;
+    std::vector<std::string> faults;  // what the user is to know of files the program found itself
 };
 
 }  // namespace kestrum

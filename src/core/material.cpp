@@ -12,6 +12,8 @@ namespace {
 
 constexpr float kThick = 40.0F;  // mm
 
+constexpr const char* kGrade = "expected a name and two strengths above 0, separated by tabs";
+
 // Takes the text up to the separator off the front.
 std::string_view Next(std::string_view& text, char separator)
 {
@@ -21,16 +23,28 @@ std::string_view Next(std::string_view& text, char separator)
     return part;
 }
 
+std::string_view NextLine(std::string_view& bytes)
+{
+    std::string_view line = Next(bytes, '\n');
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
+    return line;
+}
+
+bool IsStrength(std::string_view text)
+{
+    const std::optional<float> value = ParseNum(text, true);
+    return value && std::isfinite(*value) && *value > 0;
+}
+
 }  // namespace
 
 std::vector<Material> ReadMaterialList(std::string_view bytes)
 {
     std::vector<Material> materials;
     while (!bytes.empty() && materials.size() < kMaterials) {
-        std::string_view line = Next(bytes, '\n');
-        if (line.ends_with('\r')) {
-            line.remove_suffix(1);
-        }
+        std::string_view line = NextLine(bytes);
         if (line.empty()) {
             continue;
         }
@@ -41,6 +55,33 @@ std::vector<Material> ReadMaterialList(std::string_view bytes)
         materials.push_back(std::move(material));
     }
     return materials;
+}
+
+std::optional<FileFault> CheckMaterialList(std::string_view bytes)
+{
+    const bool ended = bytes.ends_with('\n') || bytes.ends_with('\r');
+    int number = 0, last = 0;
+    bool grade = true;  // whether the last row read is one
+    while (!bytes.empty()) {
+        std::string_view line = NextLine(bytes);
+        ++number;
+        if (line.empty()) {
+            continue;
+        }
+        if (!grade) {
+            return FileFault{last, kGrade};
+        }
+        last = number;
+        const bool named = !Next(line, '\t').empty();
+        if (!named) {
+            return FileFault{last, kGrade};
+        }
+        grade = IsStrength(Next(line, '\t')) && IsStrength(Next(line, '\t'));
+    }
+    if (last == 0) {
+        return FileFault{1, kGrade};
+    }
+    return ended ? std::nullopt : std::optional(FileFault{last, "expected a line end"});
 }
 
 int LastMaterial(const Library& library)

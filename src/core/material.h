@@ -6,8 +6,10 @@
 // the full strength for the grades MH/MLH, for which it has none. Deviation D22: the strength over
 // 40 mm counts for any thickness; the table ends at 80 mm.
 
+#include "core/file_notation.h"
 #include "core/library.h"
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -19,6 +21,10 @@ constexpr int kMaterials = 31;
 // A text of one row a line, values separated by tabs: name, fy up to 40 mm, fy over 40 mm [MPa].
 // What is no number counts as 0.
 std::vector<Material> ReadMaterialList(std::string_view bytes);
+
+// Whether the list is whole: a name and two strengths above 0 in every row but the last, a name in
+// that, and a line end behind it, without which it may be a part of one.
+std::optional<FileFault> CheckMaterialList(std::string_view bytes);
 
 // Index of the last row, the user's own value; -1 for an empty list.
 int LastMaterial(const Library& library);

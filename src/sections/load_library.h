@@ -17,9 +17,20 @@ std::string UserDataFolder();
 // (installed or build tree), then those of XDG_DATA_DIRS. On Windows the fixed folder alone.
 std::vector<std::string> DataFolders();
 
-// Each file from the first folder that has it. Of a file that no folder has, tables stay zero, the
-// material list and the setup empty; nothing is reported here.
+// Each file from the first folder that has it whole: a damaged one is passed over, and `faults`
+// says so. Where no folder has it whole, of a table and of the material list what is there is
+// taken, and of the setup the delivered values; where no folder has it at all, tables stay zero,
+// list and setup empty. `own` names the tables and the list that are not the delivered ones; in a
+// folder behind the first, the user's, that is a fault as well.
 Library LoadLibrary(const std::vector<std::string>& folders);
 Library LoadLibrary(const std::string& folder);
+
+// From the folders of DataFolders. A folder in KESTRUM_DATA that is missing or lacks tables is a
+// fault.
+Library LoadUsualLibrary();
+
+// "own data: hea.dat (SHA-256 0123456789abcdef), KestrumECmat.dat (...)"; empty when all is the
+// delivered one.
+std::string OwnDataText(const Library& library);
 
 }  // namespace kestrum

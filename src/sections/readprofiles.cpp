@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -85,10 +86,33 @@ std::array<ProfileTable, kTables> EmptyTables()
     return tables;
 }
 
+std::string_view RowsOf(std::string_view bytes, const TableShape& shape)
+{
+    return bytes.substr(0, Values(shape.rows, shape.columns) * sizeof(float));
+}
+
+std::string CheckProfile(std::string_view bytes, const TableShape& shape)
+{
+    const std::size_t wanted = Values(shape.rows, shape.columns);
+    if (bytes.size() < wanted * sizeof(float)) {
+        return std::to_string(bytes.size()) + " bytes, " + std::to_string(shape.rows) +
+               " rows need " + std::to_string(wanted * sizeof(float));
+    }
+    const auto columns = static_cast<std::size_t>(shape.columns);
+    for (std::size_t i = 0; i < wanted; ++i) {
+        if (!std::isfinite(LittleEndianFloat(bytes.data() + i * sizeof(float)))) {
+            return "row " + std::to_string(i / columns + 1) + ", column " +
+                   std::to_string(i % columns + 1) + " is no finite number";
+        }
+    }
+    return {};
+}
+
 void FillProfile(std::string_view bytes, const TableShape& shape, ProfileTable& table)
 {
-    const auto wanted = Values(shape.readrows, shape.columns);
-    const std::size_t values = std::min(wanted, bytes.size() / sizeof(float));
+    const std::size_t row = Values(1, shape.columns);
+    const std::size_t whole = bytes.size() / sizeof(float) / row * row;
+    const std::size_t values = std::min(Values(shape.readrows, shape.columns), whole);
     for (std::size_t i = 0; i < values; ++i) {
         table.value[i] = LittleEndianFloat(bytes.data() + i * sizeof(float));
     }

@@ -4,8 +4,9 @@
 //
 // A file is a plain sequence of 32-bit little-endian floats, row after row. How many rows and
 // columns it holds stands here and never in the file; what follows the last row is ignored. Reading
-// runs with errors ignored: of a missing or short file the rows that could not be read stay zero,
-// and the calculation that uses one of them ends by its division by zero.
+// runs with errors ignored: of a missing or short file the rows that are not whole stay zero, and
+// the calculation that uses one of them ends by its division by zero. Whether a file is whole is
+// asked before (CheckProfile, sections/load_library).
 
 #include "core/library.h"
 
@@ -32,7 +33,14 @@ const TableShape& ShapeOf(Table table);
 // All tables of the shapes' size, every value zero.
 std::array<ProfileTable, kTables> EmptyTables();
 
-// Takes the values of a file's bytes into a table of its shape, as far as they go.
+// The bytes of the rows that are offered; a whole file has at least these.
+std::string_view RowsOf(std::string_view bytes, const TableShape& shape);
+
+// Whether the rows that are offered are there and hold finite numbers. Returns an empty text, or
+// what is wrong: "938 bytes, 47 rows need 940".
+std::string CheckProfile(std::string_view bytes, const TableShape& shape);
+
+// Takes the whole rows of a file's bytes into a table of its shape, as far as they go.
 void FillProfile(std::string_view bytes, const TableShape& shape, ProfileTable& table);
 
 // Reads one file into a table of its shape. False when the file cannot be opened.

@@ -55,7 +55,7 @@ int main(int argc, char** argv)
     QtSettings settings;
     UseTheme(application, StartsDark(settings.settings()));
 
-    const Library library = LoadLibrary(DataFolders());
+    const Library library = LoadUsualLibrary();
     QtSurroundings surroundings;
     Session session(library, surroundings, DecimalComma(QLocale()));
     session.curdir = FromQt(QDir::currentPath());
@@ -65,5 +65,8 @@ int main(int argc, char** argv)
     application.open_file = [&window](const QString& path) { window.OpenProject(path); };
     window.Start(commandline);
     window.show();
+    if (const std::string faults = session.DataFaults(); !faults.empty()) {
+        surroundings.Warn(faults);
+    }
     return QApplication::exec();
 }

@@ -3,6 +3,7 @@
 #include "cli/run.h"
 
 #include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
 
 #include <sstream>
 #include <string>
@@ -85,6 +86,64 @@ TEST_F(BadInput, AnyLineReplacedByLettersNamesTheField)
             EXPECT_THAT(said.err, HasSubstr("found \"abc\""));
         }
     }
+}
+
+// Found by itself or given: the same message; the delivered values instead of zeros.
+TEST_F(BadInput, ADamagedStoredSetupIsReportedAndNotUsed)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --family 1 --set l=12").exit, 0);
+    const Said before = Kestrum("check a.kst");
+    const Said fresh = Kestrum("new");
+    Shell("mkdir kestrum-ec3; cp '" KESTRUM_BIN "/../share/kestrum-ec3/KestrumEC3Setup.dat' .");
+    const std::string setup = Read("KestrumEC3Setup.dat");
+    for (const std::string& bytes : {setup.substr(0, 110), std::string("garbage"), std::string()}) {
+        Write("kestrum-ec3/KestrumEC3Setup.dat", bytes);
+        Write("given.dat", bytes);
+        const Said found = Kestrum("check a.kst");
+        EXPECT_EQ(found.out, before.out);
+        EXPECT_EQ(found.exit, before.exit);
+        EXPECT_EQ(Kestrum("new").out, fresh.out);
+        const Said given = Kestrum("--setup given.dat check a.kst");
+        EXPECT_EQ(given.exit, 2);
+        const std::size_t at = given.err.find("given.dat:");
+        ASSERT_NE(at, std::string::npos) << given.err;
+        std::string what = given.err.substr(at + 9);  // ":LINE: field ..: expected .."
+        what.pop_back();
+        EXPECT_THAT(found.err, HasSubstr("kestrum-ec3/KestrumEC3Setup.dat" + what));
+    }
+}
+
+TEST_F(BadInput, OwnTablesAreNamed)
+{
+    WriteGood("a.kst");
+    Shell("cp -r '" KESTRUM_BIN "/../share/kestrum-ec3' own && cp own/heb.dat own/hea.dat");
+    const Said dump = Kestrum("--data own dump a.kst");
+    EXPECT_EQ(dump.exit, 0);
+    const auto own = nlohmann::json::parse(dump.out)["owndata"];
+    ASSERT_EQ(own.size(), 1U);
+    EXPECT_EQ(own[0]["file"], "own/hea.dat");
+    EXPECT_EQ(own[0]["sha256"].get<std::string>().size(), 64U);
+    EXPECT_FALSE(nlohmann::json::parse(Kestrum("dump a.kst").out).contains("owndata"));
+    const std::string digest = own[0]["sha256"].get<std::string>().substr(0, 16);
+    for (const char* order : {"--version --data own", "--data own --version"}) {
+        EXPECT_THAT(Kestrum(order).out,
+                    HasSubstr("\nown: own data: hea.dat (SHA-256 " + digest + ")\n"));
+    }
+    Shell("cp '" KESTRUM_BIN "/../share/kestrum-ec3/hea.dat' own");
+    EXPECT_THAT(Kestrum("--version --data own").out, HasSubstr("\nown: data as delivered\n"));
+    EXPECT_EQ(Kestrum("--version --data none").exit, 2);
+}
+
+TEST_F(BadInput, AShortTableIsReported)
+{
+    WriteGood("a.kst");
+    Shell("mkdir kestrum-ec3; head -c 1055 '" KESTRUM_BIN
+          "/../share/kestrum-ec3/hea.dat' >kestrum-ec3/hea.dat");
+    const Said said = Kestrum("check a.kst");
+    EXPECT_EQ(said.exit, 0);
+    EXPECT_THAT(said.err, HasSubstr("kestrum-ec3/hea.dat: 1055 bytes, 24 rows need 1056; "));
+    const Said none = Shell("KESTRUM_DATA=/no/such '" KESTRUM_BIN "/kestrum' check a.kst");
+    EXPECT_THAT(none.err, HasSubstr("KESTRUM_DATA: /no/such: no such folder"));
 }
 
 TEST_F(BadInput, AHugeSparseFileIsRefusedAtOnce)

@@ -64,6 +64,24 @@ TEST(MaterialList, TakesLineEndsAndDecimalsOfAnyKind)
     EXPECT_EQ(list[3].fyover, 7);
 }
 
+TEST(MaterialList, IsWholeWithGradesAndAnOwnRow)
+{
+    EXPECT_FALSE(CheckMaterialList("A\t235\t215\r\nOwn\t0\t0\r\n"));
+    EXPECT_FALSE(CheckMaterialList("A\t235,5\t215\n\nOwn\n"));
+    EXPECT_FALSE(CheckMaterialList("Own\n"));
+    const auto line = [](const char* bytes) {
+        const std::optional<FileFault> fault = CheckMaterialList(bytes);
+        return fault ? fault->line : 0;
+    };
+    EXPECT_EQ(line(""), 1);
+    EXPECT_EQ(line("\r\n"), 1);
+    EXPECT_EQ(line("A\t235\t215\nB\t275\nOwn\n"), 2);
+    EXPECT_EQ(line("A\t235\tx\nOwn\n"), 1);
+    EXPECT_EQ(line("A\t-235\t215\nOwn\n"), 1);
+    EXPECT_EQ(line("A\t235\t215\n\t275\t255\n"), 2);
+    EXPECT_EQ(line("A\t235\t215\nOwn\t0\t0"), 2);  // perhaps cut
+}
+
 TEST(MaterialList, UsesThirtyOneRowsAtMost)
 {
     std::string bytes;

@@ -132,6 +132,27 @@ TEST(SetupFile, LeavesEverythingAloneWhenThereIsNone)
     EXPECT_EQ(s, ProjectState{});
 }
 
+// Of "1.35" a cut may leave "1.3".
+TEST(SetupFile, WantsALineEndBehindTheLastValue)
+{
+    std::string bytes = Delivered();
+    bytes.resize(bytes.size() - 2);
+    ProjectState s{};
+    const std::optional<FileFault> fault = ReadSetup(s, bytes);
+    ASSERT_TRUE(fault);
+    EXPECT_EQ(fault->line, 30);
+    EXPECT_EQ(fault->what, "expected a line end behind the last value");
+    EXPECT_FALSE(ReadSetup(s, bytes + "\n"));
+    EXPECT_FALSE(ReadSetup(s, bytes + "\r"));
+}
+
+TEST(SetupFile, TheDeliveredOneIsInTheProgramToo)
+{
+    std::string bytes;
+    ASSERT_EQ(ReadWholeFile(KESTRUM_SOURCE "/data/" + std::string(kSetupFile), bytes), "");
+    EXPECT_EQ(DeliveredSetup(), bytes);
+}
+
 TEST(SetupFile, KeepsWhatStandsInFrontOfAFault)
 {
     ProjectState whole{};

@@ -1,8 +1,13 @@
 #include "sections/load_library.h"
 
+#include "core/material.h"
 #include "core/setup_file.h"
+#include "core/sha256.h"
 #include "sections/readprofiles.h"
 #include "support/sections.h"
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -13,6 +18,10 @@ namespace kestrum {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+using ::testing::EndsWith;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 // An environment variable for the length of a test.
 class Variable {
@@ -80,23 +89,179 @@ TEST(LoadLibrary, ReadsTheDeliveredData)
     EXPECT_FALSE(library.setup.empty());
 }
 
-// The user's folder holds one table and a setup of its own: the rest is
-// delivered.
-TEST(LoadLibrary, TakesEachFileFromTheFirstFolderThatHasIt)
-{
-    const fs::path user = fs::path(testing::TempDir()) / "kestrum_library_user";
-    fs::remove_all(user);
-    fs::create_directories(user);
-    fs::copy_file(fs::path(KESTRUM_SHARE) / "heb.dat", user / "hea.dat");
-    std::ofstream(user / kSetupFile, std::ios::binary) << "own";
+// A folder with the delivered data, of which a test changes what it likes.
+class OwnFolder : public testing::Test {
+protected:
+    OwnFolder() { fs::copy(KESTRUM_SHARE, folder_.path(), fs::copy_options::recursive); }
 
-    const Library library = LoadLibrary({user.string(), std::string(KESTRUM_SHARE)});
-    EXPECT_EQ(library.setup, "own");
-    const auto table = [&](Table t) { return library.tables[static_cast<std::size_t>(t)].value; };
-    EXPECT_EQ(table(Table::hea), table(Table::heb));
-    EXPECT_EQ(table(Table::ipe), Delivered().tables[static_cast<std::size_t>(Table::ipe)].value);
+    std::string Path(std::string_view name) const { return folder_.File(name); }
+    std::string Bytes(std::string_view name) const { return ReadBytes(Path(name)); }
+    Library Load() const { return LoadLibrary({folder_.path().string(), KESTRUM_SHARE}); }
+    Library LoadAlone() const { return LoadLibrary(folder_.path().string()); }
+
+    const ProfileTable& TableOf(const Library& library, Table table) const
+    {
+        return library.tables.at(static_cast<std::size_t>(table));
+    }
+
+private:
+    TemporaryFolder folder_;
+};
+
+TEST_F(OwnFolder, TheDeliveredFilesAreKnown)
+{
+    const Library library = Load();
+    EXPECT_TRUE(library.own.empty()) << OwnDataText(library);
+    EXPECT_THAT(library.faults, IsEmpty());
+    EXPECT_EQ(OwnDataText(library), "");
+}
+
+// The user's folder holds one table and a setup of its own: the rest is delivered.
+TEST_F(OwnFolder, TakesEachFileFromTheFirstFolderThatHasIt)
+{
+    const TemporaryFolder user;
+    fs::copy_file(Path("heb.dat"), user.File("hea.dat"));
+    const std::string setup = "131\r\n\"NO\"\r\n" + Bytes(kSetupFile).substr(11);
+    WriteBytes(user.File(kSetupFile), setup);
+    const Library library = LoadLibrary({user.path().string(), KESTRUM_SHARE});
+    EXPECT_EQ(library.setup, setup);
+    EXPECT_EQ(TableOf(library, Table::hea).value, TableOf(library, Table::heb).value);
+    EXPECT_EQ(TableOf(library, Table::ipe).value, TableOf(Delivered(), Table::ipe).value);
     EXPECT_FALSE(library.materials.empty());
-    fs::remove_all(user);
+    EXPECT_THAT(library.faults, IsEmpty());
+    ASSERT_EQ(library.own.size(), 1U);
+    EXPECT_EQ(library.own[0].path, user.File("hea.dat"));
+    EXPECT_EQ(OwnDataText(library),
+              "own data: hea.dat (SHA-256 " + Sha256(Bytes("heb.dat")).substr(0, 16) + ")");
+}
+
+// One byte less, and the last row would be another.
+TEST_F(OwnFolder, AShortTableIsPassedOver)
+{
+    for (std::size_t i = 0; i < kTables; ++i) {
+        const TableShape& shape = ShapeOf(static_cast<Table>(i));
+        const std::string path = Path(shape.file), whole = Bytes(shape.file);
+        const std::size_t needed =
+            static_cast<std::size_t>(shape.rows * shape.columns) * sizeof(float);
+        WriteBytes(path, whole.substr(0, needed - 1));
+        const Library library = Load();
+        EXPECT_EQ(library.tables.at(i).value, Delivered().tables.at(i).value) << shape.file;
+        EXPECT_THAT(library.faults,
+                    ElementsAre(path + ": " + std::to_string(needed - 1) + " bytes, " +
+                                std::to_string(shape.rows) + " rows need " +
+                                std::to_string(needed) + "; " + KESTRUM_SHARE "/" +
+                                std::string(shape.file) + " is used instead"));
+        WriteBytes(path, whole);
+    }
+}
+
+// Each is exact, or a fault is named and what was used is the delivered file. KESTRUM_FULL=1: every
+// byte also of the larger files.
+TEST_F(OwnFolder, ACutFileIsExactOrReported)
+{
+    std::vector<std::string> names = {std::string(kMaterialFile), std::string(kSetupFile), "l3.dat",
+                                      "hp.dat", "j.dat"};
+    const Library delivered = Load();
+    const std::string& setup = delivered.setup;
+    const bool full = std::getenv("KESTRUM_FULL") != nullptr;
+    for (const std::string& name : names) {
+        const std::string whole = Bytes(name);
+        const std::size_t step = full || whole.size() < 200 ? 1 : 7;
+        for (std::size_t size = (whole.size() - 1) % step; size < whole.size(); size += step) {
+            WriteBytes(Path(name), whole.substr(0, size));
+            const Library library = Load();
+            const bool told = !library.faults.empty();
+            // Half of the last line end is enough of it.
+            const bool exact = size + 1 == whole.size() && whole.ends_with("\r\n");
+            EXPECT_TRUE(told || exact) << name << " cut to " << size;
+            EXPECT_EQ(library.setup.substr(0, setup.size() - 1), setup.substr(0, setup.size() - 1));
+            for (const Table table : {Table::l3, Table::hp}) {
+                EXPECT_EQ(TableOf(library, table).value, TableOf(delivered, table).value);
+            }
+        }
+        WriteBytes(Path(name), whole);
+    }
+}
+
+// Without another folder: whole rows stay, the rest is zero; a damaged setup gives the delivered
+// values, also when it is garbage.
+TEST_F(OwnFolder, ADamagedFileWithoutAnotherIsReported)
+{
+    const std::string setup = Bytes(kSetupFile);
+    for (const std::string& bytes : {std::string(), std::string("garbage"), setup.substr(0, 110),
+                                     setup.substr(0, setup.size() - 3)}) {
+        WriteBytes(Path(kSetupFile), bytes);
+        const Library library = LoadAlone();
+        EXPECT_EQ(library.setup, setup);
+        ASSERT_EQ(library.faults.size(), 1U);
+        EXPECT_THAT(library.faults[0], StartsWith(Path(kSetupFile) + ":"));
+        EXPECT_THAT(library.faults[0], EndsWith("; the delivered values are used instead"));
+    }
+    WriteBytes(Path(kSetupFile), setup);
+    WriteBytes(Path("hp.dat"), Bytes("hp.dat").substr(0, 939));
+    const Library library = LoadAlone();
+    EXPECT_THAT(library.faults, ElementsAre(Path("hp.dat") + ": 939 bytes, 47 rows need 940"));
+    EXPECT_EQ(TableOf(library, Table::hp).At(45, 5), TableOf(Delivered(), Table::hp).At(45, 5));
+    EXPECT_EQ(TableOf(library, Table::hp).At(46, 1), 0);
+}
+
+TEST_F(OwnFolder, ATableWithoutNumbersIsPassedOver)
+{
+    std::string bytes = Bytes("hea.dat");
+    bytes.replace((2 * 11 + 4) * 4, 4, std::string("\0\0\xC0\x7F", 4));  // a NaN
+    WriteBytes(Path("hea.dat"), bytes);
+    EXPECT_THAT(Load().faults,
+                ElementsAre(Path("hea.dat") + ": row 3, column 5 is no finite number; " +
+                            KESTRUM_SHARE "/hea.dat is used instead"));
+}
+
+// What lies in a folder that only the installation writes is either the delivered file or damaged.
+TEST_F(OwnFolder, AnotherFileAmongTheDeliveredOnesIsReported)
+{
+    const TemporaryFolder user;
+    fs::copy_file(Path("heb.dat"), Path("hea.dat"), fs::copy_options::overwrite_existing);
+    const std::string folder = fs::path(Path("hea.dat")).parent_path().string();
+    const Library library = LoadLibrary({user.path().string(), folder});
+    EXPECT_THAT(library.faults, ElementsAre(Path("hea.dat") + ": is not the file as delivered"));
+    EXPECT_EQ(library.own.size(), 1U);
+}
+
+TEST_F(OwnFolder, AListWhoseLastRowIsAGradeIsReported)
+{
+    WriteBytes(Path(kMaterialFile), "A\t235\t215\r\nB\t275\t255\r\n");
+    const Library library = Load();
+    EXPECT_EQ(library.materials.size(), 2U);
+    EXPECT_THAT(library.faults,
+                ElementsAre(Path(kMaterialFile) + ": the last row, B, is the user's own value; "
+                                                  "its strengths are not used"));
+    WriteBytes(Path(kMaterialFile), "A\t235\t215\r\nOwn\t0\t0\r\n");
+    EXPECT_THAT(Load().faults, IsEmpty());
+    ASSERT_EQ(Load().own.size(), 1U);
+    EXPECT_EQ(Load().own[0].name, kMaterialFile);
+}
+
+TEST_F(OwnFolder, AFolderNamedOnPurposeIsReportedForWhatItLacks)
+{
+    const auto named = [](const std::string& folder) {
+        const Variable own("KESTRUM_DATA", folder.c_str());
+        const Variable shared("XDG_DATA_DIRS", fs::path(KESTRUM_SHARE).parent_path().c_str());
+        return LoadUsualLibrary();
+    };
+    const std::string folder = fs::path(Path("hea.dat")).parent_path().string();
+    EXPECT_THAT(named(folder).faults, IsEmpty());
+    fs::remove(Path("hea.dat"));
+    fs::remove(Path("j.dat"));
+    EXPECT_THAT(named(folder).faults,
+                ElementsAre("KESTRUM_DATA: " + folder +
+                            " has no hea.dat, j.dat; those of the other data folders are used"));
+    const TemporaryFolder empty;
+    EXPECT_THAT(named(empty.path()).faults,
+                ElementsAre("KESTRUM_DATA: " + empty.path().string() +
+                            " has no profile tables; those of the other data folders are used"));
+    EXPECT_THAT(named("/no/such/folder").faults,
+                ElementsAre("KESTRUM_DATA: /no/such/folder: no such folder; the other data "
+                            "folders are used"));
+    EXPECT_EQ(named("/no/such/folder").tables[0].value, Delivered().tables[0].value);
 }
 
 TEST(LoadLibrary, WithoutDataIsEmptyAndOfFullShape)
@@ -104,6 +269,8 @@ TEST(LoadLibrary, WithoutDataIsEmptyAndOfFullShape)
     const Library library = LoadLibrary(std::string("/no/such/folder"));
     EXPECT_TRUE(library.materials.empty());
     EXPECT_TRUE(library.setup.empty());
+    ASSERT_EQ(library.faults.size(), 1U);
+    EXPECT_THAT(library.faults[0], StartsWith("in none of the data folders: hea.dat, heb.dat, "));
     for (const ProfileTable& table : library.tables) {
         EXPECT_EQ(table.value.size(), static_cast<std::size_t>(table.reserved * table.columns));
         EXPECT_TRUE(std::ranges::all_of(table.value, [](float v) { return v == 0; }));

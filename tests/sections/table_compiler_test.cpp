@@ -1,5 +1,7 @@
 // The program that turns data/*.csv into the binary tables, run as the build runs it.
 
+#include "core/sha256.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -92,6 +94,21 @@ TEST_F(TableCompiler, KeepsTheOldTableWhenTheNewOneFails)
     const std::string before = Read("out.dat");
     EXPECT_FALSE(Compile("h\nx\n"));
     EXPECT_EQ(Read("out.dat"), before);
+}
+
+// The digest of a CSV is that of its table: 1 is the bytes 00 00 80 3F.
+TEST_F(TableCompiler, WritesTheDigestsOfWhatIsDelivered)
+{
+    std::ofstream(folder / "hea.csv", std::ios::binary) << "h\n1\n";
+    std::ofstream(folder / "list.txt", std::ios::binary) << "abc";
+    const std::string command =
+        std::string(KESTRUM_BIN) + "/kestrum-tables --digests " + (folder / "out.inc").string() +
+        " " + (folder / "hea.csv").string() + " " + (folder / "list.txt").string();
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(Read("out.inc"),
+              "{\"hea.dat\", \"" + Sha256(std::string("\0\0\x80\x3F", 4)) +
+                  "\"},\n{\"list.txt\", "
+                  "\"ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad\"},\n");
 }
 
 }  // namespace

@@ -1,16 +1,12 @@
-#pragma once
-
-// SHA-256 (FIPS 180-4) of a byte string as 64 hexadecimal digits, for tests of committed files.
+#include "core/sha256.h"
 
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <string>
-#include <string_view>
 
 namespace kestrum {
 
-inline std::string Sha256(std::string_view bytes)
+std::string Sha256(std::string_view bytes)
 {
     constexpr std::array<std::uint32_t, 64> kRound = {
         0x428a2f98, 0x71374491, 0xb5c0fbcf, 0xe9b5dba5, 0x3956c25b, 0x59f111f1, 0x923f82a4,
