@@ -73,46 +73,63 @@ struct Stops {
     double load, value, position, category, right, size;
 };
 
-Stops WideStops(double left, double right)
+// Widths of the columns in the given text size.
+struct Widths {
+    double load = 0, value = 0, position = 0, category = 0;
+    double sum() const { return load + value + position + category; }
+};
+
+Widths WidthsOf(const std::vector<LoadRow>& rows, double size)
 {
-    const double width = right - left;
-    return {left, left + 0.16 * width, left + 0.45 * width, left + 0.88 * width, right, kPageText};
+    const auto width = [&](auto column) {
+        double widest = TextWidth(kTitles.*column, size);
+        for (const LoadRow& row : rows) {
+            widest = std::max(widest, TextWidth(row.*column, size));
+        }
+        return widest;
+    };
+    return {width(&LoadRow::load), width(&LoadRow::value), width(&LoadRow::position),
+            width(&LoadRow::category)};
 }
+
+constexpr double kCellGap = 0.5;  // behind the longest text of a column
 
 // In small text and no wider than the texts ask for; nothing where they do not fit.
 std::optional<Stops> NarrowStops(const std::vector<LoadRow>& rows, double left, double right)
 {
-    constexpr double kLeastGap = 1, kMostGap = 2.5;
-    const auto width = [&](auto column) {
-        double widest = TextWidth(kTitles.*column, kPageSmallText);
-        for (const LoadRow& row : rows) {
-            widest = std::max(widest, TextWidth(row.*column, kPageSmallText));
-        }
-        return widest;
-    };
-    const double load = width(&LoadRow::load), value = width(&LoadRow::value);
-    const double position = width(&LoadRow::position), category = width(&LoadRow::category);
-    const double gap = std::min((right - left - load - value - position - category) / 3, kMostGap);
+    constexpr double kLeastGap = 1, kMostGap = 2.5, kSafety = 0.01;
+    const Widths width = WidthsOf(rows, kPageSmallText);
+    const double gap = std::min((right - left - width.sum() - kSafety) / 3, kMostGap);
     if (gap < kLeastGap) {
         return {};
     }
     Stops at{};
     at.size = kPageSmallText;
     at.load = left;
-    at.value = at.load + load + gap;
-    at.position = at.value + value + gap;
-    at.category = at.position + position + gap;
+    at.value = at.load + width.load + gap;
+    at.position = at.value + width.value + gap;
+    at.category = at.position + width.position + gap;
     at.right = right;
     return at;
 }
 
+// At the same places for all tables, unless a text is too wide for its column.
+Stops WideStops(const std::vector<LoadRow>& rows, double left, double right)
+{
+    const double all = right - left;
+    const Stops at{left, left + 0.16 * all, left + 0.45 * all, left + 0.88 * all, right, kPageText};
+    const Widths width = WidthsOf(rows, kPageText);
+    const bool fits = width.value + kCellGap <= at.position - at.value &&
+                      width.position + kCellGap <= at.category - at.position;
+    return fits ? at : NarrowStops(rows, left, right).value_or(at);
+}
+
 void PrintRow(PageWriter& page, const LoadRow& row, const Stops& at)
 {
-    constexpr double kGap = 0.5;
     const TextStyle style{.size = at.size};
-    page.Write(at.load, row.load, style, at.value - kGap);
-    page.Write(at.value, row.value, style, at.position - kGap);
-    page.Write(at.position, row.position, style, at.category - kGap);
+    page.Write(at.load, row.load, style, at.value - kCellGap);
+    page.Write(at.value, row.value, style, at.position - kCellGap);
+    page.Write(at.position, row.position, style, at.category - kCellGap);
     page.Write(at.category, row.category, style, at.right);
     page.Row();
 }
@@ -136,7 +153,7 @@ void PrintTable(PageWriter& page, std::string_view title, const std::vector<Load
     const std::optional<Stops> first = NarrowStops(rows, left, middle - kGap);
     const std::optional<Stops> second = NarrowStops(rows, middle + kGap, right);
     if (!low || rows.size() <= kShort || !first || !second) {
-        PrintRows(page, rows, WideStops(left, right));
+        PrintRows(page, rows, WideStops(rows, left, right));
         return;
     }
     const double top = page.y();

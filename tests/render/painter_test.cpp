@@ -62,8 +62,10 @@ TEST(Paint, KeepsTheWidthOfATextAtAnyResolution)
 {
     const TextMark text{.at = {2, 5}, .text = std::string(90, 'H'), .size = 2.8};
     Drawing line{210, 10, "", {text}};
-    for (const double scale : {96 / 25.4, 150 / 25.4, 5.5, 7.3}) {
+    for (const double scale : {96 / 25.4, 150 / 25.4, 5.5, 7.3, 1200 / 25.4}) {
         QImage image(qRound(line.width * scale), qRound(line.height * scale), QImage::Format_RGB32);
+        image.setDotsPerMeterX(qRound(scale * 1000));  // as a printer of that resolution
+        image.setDotsPerMeterY(qRound(scale * 1000));
         image.fill(Qt::white);
         {
             QPainter painter(&image);

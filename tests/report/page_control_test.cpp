@@ -6,7 +6,11 @@
 #include "report/outcome.h"
 #include "report/page_checks.h"
 #include "report/panel.h"
+#include "sections/families.h"
 #include "sections/family_table.h"
+
+#include <cmath>
+#include <random>
 
 namespace kestrum {
 namespace {
@@ -189,6 +193,58 @@ TEST(PageControl, FullTablesOfBothDirectionsPutTheLoadsOnASecondSheet)
     EXPECT_THAT(lines, Contains(HasSubstr("11111.5/12345.5")));
     ExpectRow(lines, s.yline, s.irlimit);
     EXPECT_THAT(lines, Contains(StartsWith("Mass m = ")));
+}
+
+// Random loads in every row of both directions and of any size, on every family: nothing is left
+// out, cut, outside its page or over another text.
+TEST(PageControl, RandomMembersKeepEveryTextAndFigure)
+{
+    std::mt19937 random(20260101);
+    const auto pick = [&random](int count) {
+        return static_cast<int>(random() % static_cast<unsigned>(count));
+    };
+    const auto size = [&](int most) {  // 0.1 to 10^most, either sign
+        const float value = std::pow(10.0F, static_cast<float>(pick(most + 2)) - 1.0F);
+        return (pick(3) == 0 ? -1.0F : 1.0F) * value * static_cast<float>(1 + pick(9)) * 1.07F;
+    };
+    for (const int family : FamilyNumbers()) {
+        for (int variant = 0; variant < 8; ++variant) {
+            ProjectState s = Designed(family);
+            s.l = 1.0F + static_cast<float>(pick(20));
+            s.supportcase = static_cast<i16>(pick(6));
+            s.spring = 30;
+            s.loadcomb = static_cast<i16>(pick(6));
+            s.selfweight = static_cast<i16>(pick(2));
+            s.modal = static_cast<i16>(pick(2));
+            s.nload = {};
+            s.nload[1] = pick(2) == 0 ? -size(5) : 0;
+            const auto row = [&](auto& values, auto& directions, auto& ticked, std::size_t k) {
+                values[k] = pick(4) == 0 ? 0.0F : size(4);
+                directions[k] = static_cast<i16>(pick(2));
+                ticked[k] = pick(2) == 0 ? kTrue : kFalse;
+            };
+            for (std::size_t k = 1; k <= 4; ++k) {
+                row(s.qload, s.qdir, s.qchecked, k);
+            }
+            for (std::size_t k = 1; k <= 3; ++k) {
+                row(s.qt1, s.qtdir, s.qtchecked, k);
+                s.qt2[k] = 2 * s.qt1[k];
+                s.qtx1[k] = 0.1F * s.l;
+                s.qtx2[k] = 0.7F * s.l;
+            }
+            for (std::size_t k = 1; k <= 8; ++k) {
+                row(s.pm, s.pmdir, s.pmchecked, k);
+                s.pmkind[k] = static_cast<i16>(pick(2));
+                s.pmx[k] = s.l * static_cast<float>(k) / 9;
+            }
+            SCOPED_TRACE(std::to_string(family) + " " + std::to_string(variant));
+            if (Calculate(Delivered(), s)) {
+                const PrintedReport report = PrintControl(Delivered(), s, kStamp);
+                EXPECT_THAT(report.missing, IsEmpty());
+                ExpectLegible(report);
+            }
+        }
+    }
 }
 
 // Axial force and loads in both directions, as most pages have them.
