@@ -3,6 +3,7 @@
 // with KESTRUM_WRITE_MANUAL=1 in the environment to write the document anew.
 
 #include "core/field_table.h"
+#include "report/design_notes.h"
 #include "service/vortex.h"
 #include "support/member.h"
 
@@ -39,6 +40,7 @@ struct Problem {
     std::string number, title;  // "V1"
     std::string fields;         // all `set` lines
     std::vector<Expectation> expectations;
+    std::string acts;  // deviations on the unsafe side that act in the result, "D56, D208"
     std::string note;
 };
 
@@ -55,7 +57,7 @@ std::string Rest(std::istringstream& line)
 }
 
 // Lines: `title`, `problem NUMBER TITLE`, `set NAME=VALUE ..`, `expect FIELD VALUE TOLERANCE KIND
-// SOURCE`, `note TEXT`; empty lines and lines that begin with # say nothing.
+// SOURCE`, `acts NUMBERS`, `note TEXT`; empty lines and lines that begin with # say nothing.
 Chapter ReadChapter(const std::string& name)
 {
     Chapter chapter;
@@ -90,6 +92,8 @@ Chapter ReadChapter(const std::string& name)
             e.source = Rest(line);
             EXPECT_FALSE(e.source.empty()) << name << ':' << number;
             problem.expectations.push_back(e);
+        } else if (word == "acts") {
+            problem.acts = Rest(line);
         } else if (word == "note") {
             problem.note += (problem.note.empty() ? "" : " ") + Rest(line);
         } else {
@@ -193,6 +197,21 @@ TEST(Verification, ValuesLieWithinTheirTolerances)
     }
 }
 
+// A reader must not take the value of a deviation for that of the standard: each problem names the
+// deviations whose notes show beside its result, and no others.
+TEST(Verification, DeviationsThatActAreNamed)
+{
+    for (const Chapter& chapter : Manual()) {
+        for (const Problem& problem : chapter.problems) {
+            std::string acting;
+            for (const DesignNote& note : DesignNotes(Solve(problem))) {
+                acting += (acting.empty() ? "" : ", ") + std::string(note.id);
+            }
+            EXPECT_EQ(problem.acts, acting) << problem.number << ' ' << problem.title;
+        }
+    }
+}
+
 TEST(Verification, NumbersAreUniqueAndEveryFamilyHasAProblem)
 {
     std::set<std::string> numbers;
@@ -212,6 +231,15 @@ TEST(Verification, NumbersAreUniqueAndEveryFamilyHasAProblem)
     EXPECT_EQ(families.size(), 31U);
 }
 
+// "0.1 %", "0.1" or, of a text or whole number, "equal".
+std::string ToleranceText(const std::string& tolerance)
+{
+    if (tolerance == "=") {
+        return "equal";
+    }
+    return tolerance.back() == '%' ? tolerance.substr(0, tolerance.size() - 1) + " %" : tolerance;
+}
+
 std::string RowsOf(const Problem& problem)
 {
     const ProjectState s = Solve(problem);
@@ -219,8 +247,9 @@ std::string RowsOf(const Problem& problem)
     for (const Expectation& e : problem.expectations) {
         const Outcome outcome = Compare(s, e);
         rows += "| " + problem.number + " | " + problem.title + " | `" + e.field + "` | " +
-                e.expected + " | " + outcome.ours + " | " + outcome.difference + " | " + e.kind +
-                " | " + e.source + " |\n";
+                e.expected + " | " + outcome.ours + " | " + outcome.difference + " | " +
+                ToleranceText(e.tolerance) + " | " + e.kind + " | " + problem.acts + " | " +
+                e.source + " |\n";
     }
     return rows;
 }
@@ -236,13 +265,17 @@ std::string Generated()
         "of "
         "date (`KESTRUM_WRITE_MANUAL=1 test_verification_verification_test`\nwrites it anew).\n\n"
         "Columns: number of the problem; problem; field of the record, in its unit (kN, kNm, mm, "
-        "MPa, m/s, Hz; `mcr` in Nmm);\nexpected value; our value; difference; kind of the source: "
-        "closed form of beam theory, hand calculation with its\narithmetic, published example or "
-        "published table; source. Numbers D.. are those of deviations.md.\n";
+        "MPa, m/s, Hz; `mcr` in Nmm);\nexpected value; our value; difference; tolerance, relative "
+        "or in the unit; kind of the source: closed form of beam\ntheory, hand calculation with "
+        "its arithmetic, published example or published table; deviations on the unsafe side\nthat "
+        "act in the result of the problem, with their numbers in deviations.md: where one touches "
+        "the value itself, the source\nor the note below says how; source. A test fails when the "
+        "deviations are not those whose design notes the program\nshows.\n";
     for (const Chapter& chapter : Manual()) {
         text += "\n## " + chapter.title +
-                "\n\n| No. | Problem | Field | Expected | Ours | Difference | Kind | Source |\n"
-                "|---|---|---|---|---|---|---|---|\n";
+                "\n\n| No. | Problem | Field | Expected | Ours | Difference | Tolerance | Kind | "
+                "Deviations | Source |\n"
+                "|---|---|---|---|---|---|---|---|---|---|\n";
         std::string notes;
         for (const Problem& problem : chapter.problems) {
             text += RowsOf(problem);
