@@ -70,7 +70,7 @@ void CalculateAndShow(const Library& library, ProjectState& s)
         for (const float ordinate : s.mydiag) {
             Require(std::isfinite(ordinate), "a diagram ordinate is no number");
         }
-        Require(!AnswerOf(s, well).control.empty() || s.irsection == 0, "no row governs");
+        Require(!OutcomeOf(s, well).control.empty() || s.irsection == 0, "no row governs");
         PanelText(s);
     }
 }

@@ -4,12 +4,16 @@
 #include "app/choices.h"
 #include "app/field_hint.h"
 #include "app/input_boxes.h"
+#include "app/without_effect.h"
 #include "core/annexes.h"
 #include "core/field_table.h"
 #include "core/load_combination.h"
 #include "core/parse_num.h"
+#include "sections/family_table.h"
+#include "sections/section_names.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <iterator>
@@ -43,12 +47,12 @@ std::optional<double> WholeNumber(std::string_view text)
 
 std::optional<double> TruthValue(std::string_view text)
 {
-    for (const std::string_view yes : {"#TRUE#", "true", "-1", "1"}) {
+    for (const std::string_view yes : {"#TRUE#", "-1", "1"}) {
         if (text == yes) {
             return kTrue;
         }
     }
-    for (const std::string_view no : {"#FALSE#", "false", "0"}) {
+    for (const std::string_view no : {"#FALSE#", "0"}) {
         if (text == no) {
             return kFalse;
         }
@@ -97,13 +101,31 @@ std::string AnnexCodes()
     return text;
 }
 
-std::string AssignAnnex(ProjectState& s, std::string_view code, Assignment how)
+// The annex of a code or a name: "NO", "EC3 + NA/Norway", "Norway", "NORSOK". Nothing for others.
+std::optional<i16> AnnexOfName(std::string_view name)
 {
-    const i16 index = AnnexIndexFromCode(code);
-    if (how == Assignment::checked && AnnexCodeFromIndex(index) != code) {
+    const std::string wanted = CompactName(name);
+    for (int i = 0; i < kAnnexes; ++i) {
+        std::string country = CompactName(AnnexSuffix(i));
+        for (const std::string_view head : {"+NA/", "+"}) {
+            country.erase(0, country.starts_with(head) ? head.size() : 0);
+        }
+        if (!wanted.empty() && (wanted == AnnexCodeFromIndex(i) || wanted == country ||
+                                wanted == CompactName(AnnexName(i)))) {
+            return static_cast<i16>(i);
+        }
+    }
+    return std::nullopt;
+}
+
+std::string AssignAnnex(ProjectState& s, std::string_view name, Assignment how)
+{
+    const std::optional<i16> named = AnnexOfName(name);
+    if (how == Assignment::checked && !named) {
         return "no such annex; there are " + AnnexCodes();
     }
-    s.annexcode = code;
+    const i16 index = named.value_or(AnnexIndexFromCode(name));
+    s.annexcode = named ? AnnexCodeFromIndex(index) : name;
     s.annexindex = index;
     ApplyAnnexMaterial(s, index);
     ApplyAnnexLoads(s, index);
@@ -123,26 +145,43 @@ std::string AssignText(ProjectState& s, const FieldRef& ref, std::string_view te
     return {};
 }
 
+// The series that goes with the name of a family: "UC".
+void AssignSeries(ProjectState& s, int family, int series)
+{
+    if (series != 0) {
+        s.*TraitsOf(family).series = static_cast<i16>(series);
+    }
+}
+
 std::string AssignChoice(const Library& library, ProjectState& s, const FieldRef& ref,
                          const Choice& choice, std::string_view text, Assignment how)
 {
-    std::optional<double> value = choice.truth ? TruthValue(text) : WholeNumber(text);
-    if (const auto named = value ? std::nullopt : ValueOfName(library, choice, text)) {
-        value = *named;
+    const std::optional<double> number = choice.truth ? TruthValue(text) : WholeNumber(text);
+    const std::optional<i16> whole = number ? WholeNum(*number) : std::nullopt;
+    if (whole && *whole == *number && Offers(library, choice, *whole)) {
+        return StoreNumber(s, ref, *number);
     }
-    if (!value && Named(choice)) {
-        return "no such name in the list " + Offered(library, choice);
-    }
-    if (!value) {
-        return std::string(choice.truth ? "neither true nor false" : kNoNumber);
-    }
-    if (how == Assignment::checked) {
-        const std::optional<i16> whole = WholeNum(*value);
-        if (!whole || *whole != *value || !Offers(library, choice, *whole)) {
-            return "not in the list " + Offered(library, choice);
+    if (const auto named = ValueOfName(library, choice, text)) {
+        if (choice.values == kFamilyValues) {
+            AssignSeries(s, *named, FamiliesOfName(text).front().series);
         }
+        return StoreNumber(s, ref, *named);
     }
-    return StoreNumber(s, ref, *value);
+    if (number && how == Assignment::raw) {
+        return StoreNumber(s, ref, *number);
+    }
+    const std::string offered = Offered(library, choice);
+    return (number ? "not in the list " : "no such name in the list ") + offered +
+           (number ? std::string{} : NameHint(library, choice, text));
+}
+
+// "(0.01 m is given; at least 0.05 m)"
+std::string GivenAndLimit(const ProjectState& s, const Box& box, std::string_view text)
+{
+    const std::string_view unit = FindField(box.field)->unit;
+    const std::string behind = unit.empty() ? "" : " " + std::string(unit);
+    const std::string limit = LimitText(s, box);
+    return "(" + std::string(text) + behind + " is given; " + limit + behind + ")";
 }
 
 // A refused value is taken back; nothing but its own field has changed then.
@@ -157,7 +196,26 @@ std::string AssignBox(ProjectState& s, const FieldRef& ref, const Box& box, std:
         return {};
     }
     StoreNumber(s, ref, before);
-    return std::string(outcome.message);
+    std::string refusal(outcome.message);
+    if (refusal != kMismatch && outcome.message != kNoNumber) {
+        refusal += GivenAndLimit(s, box, text);
+    }
+    return refusal;
+}
+
+// The largest size that is usual for a unit; what is beyond was probably meant in another one.
+float UsualSize(const Field& field)
+{
+    struct Usual {
+        std::string_view unit;
+        float most;
+    };
+    constexpr Usual kUsual[] = {{"m", 200},     {"kN", 1e5F}, {"kNm", 1e5F}, {"kN, kNm", 1e5F},
+                                {"kN/m", 1e4F}, {"mm", 1e4F}, {"m/s", 100},  {"MPa", 1e6F}};
+    const auto* const at = std::find_if(std::begin(kUsual), std::end(kUsual),
+                                        [&](const Usual& u) { return u.unit == field.unit; });
+    const bool height = field.name == "zh" || field.name == "webstiffa";  // any is possible
+    return at == std::end(kUsual) || height ? 0 : at->most;
 }
 
 Tie TieOf(std::string_view field)
@@ -175,6 +233,10 @@ Tie TieOf(std::string_view field)
         {"webstiff", kTieWebStiff},
         {"endstiff", kTieEndStiff},
         {"webstiffa", kTieWebStiffA},
+        {"family", kTieFamily},
+        {"series101", kTieSeries},
+        {"series103", kTieSeries},
+        {"loadmode", kTieLoadMode},
     };
     const auto* const at = std::find_if(std::begin(kTies), std::end(kTies),
                                         [field](const auto& tie) { return tie.first == field; });
@@ -221,25 +283,80 @@ std::string MisplacedLoad(const ProjectState& s)
     return s.loadmode == 1 ? MisplacedTrapezoid(s) : std::string{};
 }
 
+std::string NameOf(const FieldRef& ref)
+{
+    return IndexedName(*ref.field, ref.index);
+}
+
 std::string FindTarget(std::string_view name, AssignTarget& target)
 {
-    const std::optional<FieldRef> ref = ResolveField(name);
+    target = {};
+    if (name == kSection) {
+        target.ref = {FindField("family"), 0};
+        target.section = true;
+        return {};
+    }
+    const std::optional<FieldRef> ref = ResolveField(name == kSteel   ? "fykindex"
+                                                     : name == kAnnex ? "annexcode"
+                                                                      : name);
     if (!ref) {
         return "no such field" + FieldHint(name, FieldsMeant::inputs);
     }
-    const bool selfweightrow = ref->field->shape == FieldShape::array && ref->index == 0;
-    if (ref->field->role != FieldRole::input || selfweightrow) {
+    const Field& field = *ref->field;
+    const bool selfweightrow = field.shape == FieldShape::array && ref->index == 0;
+    if (field.role != FieldRole::input || selfweightrow) {
         return "not an input of the project";
     }
-    const std::string_view field = ref->field->name;
-    target = {*ref, FindChoice(field), BoxOfField(field), TieOf(field)};
+    target.ref = *ref;
+    target.choice = ChoiceOf(field);
+    target.box = BoxOfField(field.name);
+    target.tie = TieOf(field.name);
+    target.load = LoadKindOf(field);
+    target.owner = OwnerOf(field);
+    target.idle = IdleRulesOf(field);
+    target.usual = UsualSize(field);
     return {};
+}
+
+std::string AssignSection(const Library& library, ProjectState& s, std::string_view name,
+                          bool familygiven)
+{
+    const auto found = SectionOfName(library, name, s.family);
+    if (!found) {
+        return "no such section; `kestrum sections FAMILY` lists the names" +
+               MeantHint(SectionsNear(library, name));
+    }
+    if (familygiven && found->family != s.family) {
+        return "of family " + std::to_string(found->family) + " " + FamilyName(found->family) +
+               ", the family is " + std::to_string(s.family) + " " + FamilyName(s.family);
+    }
+    s.family = static_cast<i16>(found->family);
+    AssignSeries(s, found->family, found->series);
+    s.row[static_cast<std::size_t>(found->table)] = found->row;
+    return {};
+}
+
+std::string UnitDoubt(const ProjectState& s, const FieldRef& ref, float usual)
+{
+    const Field& field = *ref.field;
+    const double value = usual != 0 ? NumberOf(s, field, ref.index) : 0;
+    if (std::abs(value) <= usual) {
+        return {};
+    }
+    const std::string unit(field.unit);
+    std::array<char, 40> digits{};
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<float>(value)).ptr;
+    return "is " + std::string(digits.data(), end) + " " + unit + " meant? The unit is " + unit;
 }
 
 std::string AssignTo(const Library& library, ProjectState& s, const AssignTarget& target,
                      std::string_view text, Assignment how)
 {
     const FieldRef& ref = target.ref;
+    if (target.section) {
+        return AssignSection(library, s, text, false);
+    }
     if (ref.field->kind == FieldKind::text) {
         return AssignText(s, ref, text, how);
     }

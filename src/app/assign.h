@@ -1,7 +1,10 @@
 #pragma once
 
 // Sets one field of the record from a text, by its canonical name ("l", "qload[2]", "p22.isttw").
+// Two fields have a second name, `steel` (fykindex) and `annex` (annexcode); `section` takes the
+// name of a rolled section and sets family, series and row.
 
+#include "app/field_owner.h"
 #include "core/field_table.h"
 #include "core/library.h"
 #include "core/project_state.h"
@@ -38,6 +41,9 @@ enum Tie : unsigned {
     kTieWebStiff = 1U << 9U,
     kTieEndStiff = 1U << 10U,
     kTieWebStiffA = 1U << 11U,
+    kTieFamily = 1U << 12U,
+    kTieSeries = 1U << 13U,
+    kTieLoadMode = 1U << 14U,
 };
 
 // A field that can be set, looked up once for many values.
@@ -46,12 +52,30 @@ struct AssignTarget {
     const Choice* choice = nullptr;
     const Box* box = nullptr;
     Tie tie = kTieNone;
+    bool section = false;  // by name; the field is that of the family
+    LoadKind load = LoadKind::none;
+    Owner owner{};
+    unsigned idle = 0;  // rules that may leave it without effect (app/without_effect)
+    float usual = 0;    // the largest usual size in its unit; 0: any
 };
+
+constexpr std::string_view kSection = "section", kSteel = "steel", kAnnex = "annex";
+
+// The name of a field with its row: "qload[2]".
+std::string NameOf(const FieldRef& ref);
 
 // The two halves of AssignField.
 std::string FindTarget(std::string_view name, AssignTarget& target);
 std::string AssignTo(const Library& library, ProjectState& s, const AssignTarget& target,
                      std::string_view text, Assignment how);
+
+// The section of this name. With `familygiven` it must be one of the family in the record. Returns
+// the reason of a refusal, or nothing.
+std::string AssignSection(const Library& library, ProjectState& s, std::string_view name,
+                          bool familygiven);
+
+// "is 6000 m meant? the unit is m" of a value far beyond the usual ones; empty for others.
+std::string UnitDoubt(const ProjectState& s, const FieldRef& ref, float usual);
 
 // What belongs behind a run of assignments. The boxes see one value at a time: a load may lie off a
 // member that was shortened later. Returns what does, "pmx[1]: beyond the member", or nothing.

@@ -1,6 +1,8 @@
 #include "app/batch.h"
 
+#include "app/choices.h"
 #include "app/field_hint.h"
+#include "app/view_section.h"
 #include "core/file_io.h"
 #include "core/project_file.h"
 #include "engine/calculate.h"
@@ -82,26 +84,46 @@ bool ReadVerdict(std::string_view text, Verdict& verdict)
 
 }  // namespace
 
-std::string AnswerForm::Choose(TableForm form, const std::vector<std::string>& names)
+// The field of an item by its name, or what it is instead. Returns why there is none, or nothing.
+std::string AnswerForm::Find(Item& item) const
+{
+    constexpr std::pair<std::string_view, Special> kSpecials[] = {
+        {"control", Special::control}, {"clause", Special::clause},   {"message", Special::message},
+        {"notes", Special::notes},     {"dropped", Special::dropped}, {kSection, Special::section},
+    };
+    constexpr std::string_view kName = ".name";
+    const auto* const special = std::find_if(std::begin(kSpecials), std::end(kSpecials),
+                                             [&](const auto& s) { return s.first == item.name; });
+    if (special != std::end(kSpecials)) {
+        item.special = special->second;
+        return {};
+    }
+    std::string_view name = item.name;
+    const bool named = name.ends_with(kName) || name == kSteel;
+    name.remove_suffix(named && name != kSteel ? kName.size() : 0);
+    name = name == kSteel ? "fykindex" : name == kAnnex ? "annexcode" : name;
+    const std::optional<FieldRef> ref = ResolveField(name);
+    if (!ref) {
+        return item.name + ": no such field" + FieldHint(item.name, FieldsMeant::all);
+    }
+    item.ref = *ref;
+    item.special = named ? Special::name : Special::none;
+    return named && ChoiceOf(*ref->field) == nullptr
+               ? item.name + ": the values of " + std::string(name) + " have no names"
+               : std::string{};
+}
+
+std::string AnswerForm::Choose(TableForm form, const std::vector<std::string>& names,
+                               const Library* library)
 {
     form_ = form;
+    library_ = library;
     items_.clear();
     for (const std::string& name : names) {
         Item item{name, Special::none, {}};
-        if (name == "control") {
-            item.special = Special::control;
-        } else if (name == "clause") {
-            item.special = Special::clause;
-        } else if (name == "message") {
-            item.special = Special::message;
-        } else if (name == "notes") {
-            item.special = Special::notes;
-        } else if (name == "dropped") {
-            item.special = Special::dropped;
-        } else if (const std::optional<FieldRef> ref = ResolveField(name)) {
-            item.ref = *ref;
-        } else {
-            return name + ": no such field" + FieldHint(name, FieldsMeant::all);
+        std::string refusal = Find(item);
+        if (!refusal.empty()) {
+            return refusal;
         }
         items_.push_back(std::move(item));
     }
@@ -163,6 +185,13 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
         return AppendList(out, outcome.notes, " ");
     case Special::dropped:
         return AppendList(out, outcome.dropped, "; ");
+    case Special::section:
+        return text(library_ != nullptr ? SectionName(*library_, s) : std::string{});
+    case Special::name: {
+        const int value = static_cast<int>(NumberOf(s, *item.ref.field, item.ref.index));
+        return text(library_ != nullptr ? NameOfValue(*library_, *ChoiceOf(*item.ref.field), value)
+                                        : std::string{});
+    }
     default:
         break;
     }
@@ -302,8 +331,8 @@ std::string Tally::Summary() const
 }
 
 BatchWorker::BatchWorker(const Library& library, const ProjectState& base, const AnswerForm& form,
-                         Assignment how)
-    : library_(library), base_(base), start_(StartState(library)), form_(form), how_(how)
+                         Manner manner)
+    : library_(library), base_(base), start_(StartState(library)), form_(form), manner_(manner)
 {
 }
 
@@ -311,6 +340,7 @@ void BatchWorker::Work(BatchChunk& chunk)
 {
     chunk.out.clear();
     chunk.fault.clear();
+    chunk.words.clear();
     chunk.tally = {};
     place_ = chunk.place;
     if (!chunk.files.empty()) {
@@ -338,21 +368,24 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
                        std::size_t number)
 {
     s_ = base_;
+    extras_.remarks.clear();
     const bool csv = chunk.form == TableForm::csv;
     std::string refusal = "the line is too long";
     if (line.size() <= kLongestLine) {
-        refusal = OnOneLine(csv ? chunk.columns->Apply(library_, s_, line, how_)
-                                : ApplyJsonLine(library_, s_, line, how_));
+        refusal =
+            OnOneLine(csv ? chunk.columns->Apply(library_, s_, line, manner_, &extras_)
+                          : ApplyJsonLine(library_, s_, line, manner_, keys_, false, extras_));
     }
-    if (!refusal.empty()) {
-        chunk.fault += chunk.table + ":";
-        AppendCount(chunk.fault, number);
-        chunk.fault += ": member ";
-        AppendCount(chunk.fault, row);
-        chunk.fault += ": " + refusal + "\n";
-    } else if (csv && row == 1) {
-        for (const std::string& told : chunk.columns->Overruled(library_, s_)) {
-            chunk.fault += chunk.table + ": column " + told + "\n";
+    if (!refusal.empty() || !extras_.remarks.empty()) {
+        std::string place = chunk.table + ":";
+        AppendCount(place, number);
+        place += ": member ";
+        AppendCount(place, row);
+        place += ": ";
+        if (refusal.empty()) {
+            Remember(chunk, place);
+        } else {
+            chunk.fault += place + refusal + "\n";
         }
     }
     member_ = chunk.prefix;
@@ -360,9 +393,24 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
     Finish(chunk, member_, refusal);
 }
 
+// The same word about a hundred thousand members is said of the first.
+void BatchWorker::Remember(BatchChunk& chunk, const std::string& place)
+{
+    for (const Remark& remark : extras_.remarks) {
+        const bool unit = !remark.what.starts_with("without");  // has the value in its text
+        std::string key = chunk.table + ":" + remark.name + ": " + (unit ? "unit" : remark.what);
+        const auto said = [&key](const BatchChunk::Word& word) { return word.key == key; };
+        if (std::none_of(chunk.words.begin(), chunk.words.end(), said)) {
+            chunk.words.push_back(
+                {std::move(key), OnOneLine(place + remark.name + ": " + remark.what)});
+        }
+    }
+}
+
 void BatchWorker::File(BatchChunk& chunk, const std::string& name)
 {
     s_ = start_;
+    extras_.remarks.clear();
     s_.filename = name;
     const std::string member = OnOneLine(name);
     std::string refusal = ReadWholeFile(name, chunk.lines);
@@ -387,6 +435,12 @@ void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string
         }
     } else {
         outcome.message = refusal;
+    }
+    if (!extras_.remarks.empty() && refusal.empty()) {
+        for (const Remark& remark : extras_.remarks) {
+            outcome.message +=
+                (outcome.message.empty() ? "" : "; ") + remark.name + ": " + remark.what;
+        }
     }
     form_.AppendLine(chunk.out, member, s_, outcome);
     chunk.tally.Add(place_++, member, outcome.verdict, outcome.ir);

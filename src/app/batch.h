@@ -23,9 +23,11 @@ enum class TableForm : std::uint8_t { csv, ndjson };
 // The fields of an answer line behind member, verdict and ratio.
 class AnswerForm {
 public:
-    // Canonical names of fields, or control, clause, message, notes and dropped. Returns why a name
-    // cannot be, or nothing.
-    std::string Choose(TableForm form, const std::vector<std::string>& names);
+    // Canonical names of fields, or control, clause, message, notes and dropped; section, steel and
+    // annex by name, and FIELD.name for the name of a value. Names of sections and steels come from
+    // the library, which must last. Returns why a name cannot be, or nothing.
+    std::string Choose(TableForm form, const std::vector<std::string>& names,
+                       const Library* library = nullptr);
 
     // The first line of a CSV with its line end; nothing for NDJSON.
     std::string Header() const;
@@ -37,12 +39,22 @@ public:
     bool ReadBack(std::string_view line, std::string& member, Verdict& verdict, double& ir) const;
 
 private:
-    enum class Special : std::uint8_t { none, control, clause, message, notes, dropped };
+    enum class Special : std::uint8_t {
+        none,
+        control,
+        clause,
+        message,
+        notes,
+        dropped,
+        section,
+        name
+    };
     struct Item {
         std::string name;
         Special special;
         FieldRef ref;
     };
+    std::string Find(Item& item) const;
     void AppendItem(std::string& out, const Item& item, const ProjectState& s,
                     const Outcome& outcome) const;
 
@@ -51,6 +63,7 @@ private:
 
     TableForm form_ = TableForm::csv;
     std::vector<Item> items_;
+    const Library* library_ = nullptr;
 };
 
 // Counts and the members with the largest ratios; the order in which tallies are added does not
@@ -89,6 +102,11 @@ struct BatchChunk {
 
     std::string out = {};    // answer lines
     std::string fault = {};  // messages, a line each
+    // What is worth a word of members that were calculated: the text for one key is said once.
+    struct Word {
+        std::string key, text;
+    };
+    std::vector<Word> words = {};
     Tally tally = {};
 };
 
@@ -97,7 +115,7 @@ struct BatchChunk {
 class BatchWorker {
 public:
     BatchWorker(const Library& library, const ProjectState& base, const AnswerForm& form,
-                Assignment how);
+                Manner manner);
     void Work(BatchChunk& chunk);
 
 private:
@@ -105,12 +123,15 @@ private:
     void Line(BatchChunk& chunk, std::string_view line, std::size_t row, std::size_t number);
     void File(BatchChunk& chunk, const std::string& name);
     void Finish(BatchChunk& chunk, std::string_view member, std::string_view refusal);
+    void Remember(BatchChunk& chunk, const std::string& place);
 
     const Library& library_;
     const ProjectState& base_;
     const ProjectState start_;  // what a project file is read onto
     const AnswerForm& form_;
-    Assignment how_;
+    Manner manner_;
+    JsonKeys keys_;
+    LineExtras extras_;
     ProjectState s_;
     std::size_t place_ = 0;
     std::string member_;

@@ -1,13 +1,11 @@
 #include "app/choices.h"
 
 #include "app/field_hint.h"
-#include "core/annexes.h"
-#include "core/field_table.h"
 #include "sections/family_table.h"
+#include "sections/section_names.h"
 
 #include <algorithm>
-#include <array>
-#include <iterator>
+#include <charconv>
 #include <limits>
 
 namespace kestrum {
@@ -15,198 +13,257 @@ namespace kestrum {
 namespace {
 
 constexpr i16 kMost = std::numeric_limits<i16>::max();
+constexpr std::string_view kRow = "row.", kRange = "..";
 
-constexpr Choice kChoices[] = {
-    {"method", 1, 2},
-    {"fykindex", 0, kMost},
-    {"checkelastic", -1, 0, true},
-    {"checkconsercontrol", -1, 0, true},
-    {"checkflangebuck", -1, 0, true},
-    {"checkwebbuck", -1, 0, true},
-    {"loadcomb", 0, 5},
-    {"safetyclass", 1, 3},
-    {"psi1index", 0, 9},
-    {"psi2index", 0, 9},
-    {"checksls", -1, 0, true},
-    {"supportcase", 0, 5},
-    {"endstiff", 0, 1},
-    {"webstiff", 0, 1},
-    {"bcy", 0, 5},
-    {"bcz", 0, 5},
-    {"bucklingcasey", 1, 5},
-    {"bucklingcasez", 1, 5},
-    {"modal", 0, 1},
-    {"ltb", 0, 1},
-    {"ltbcase", 1, 4},
-    {"restraints", 0, 5},
-    {"beampart", 0, kSegments - 1},
-    {"cmanual", -1, 0, true},
-    {"c1alt", -1, 0, true},
-    {"ltbcurve", 2, 3},
-    {"loadlevel", 1, 4},
-    {"loadmode", 0, 1},
-    {"selfweight", 0, 1},
-    {"ntype", 0, 2},
-    {"nchecked", -1, 0, true},
-    {"qtype", 0, 2},
-    {"qdir", 0, 1},
-    {"qchecked", -1, 0, true},
-    {"qttype", 0, 2},
-    {"qtdir", 0, 1},
-    {"qtchecked", -1, 0, true},
-    {"pmkind", 0, 1},
-    {"pmtype", 0, 2},
-    {"pmdir", 0, 1},
-    {"pmchecked", -1, 0, true},
-    {"cpmode", 0, 1},
-    {"cpcount", 1, 3},
-    {"terrain", 0, 4},
-    {"vortexcase", 0, 4},
-    {"family", 1, kMost},
-    {"series101", 1, 3},
-    {"series103", 1, 2},
-    {"rectaxis", 1, 2},
-    {"hsqopt", 0, 1},
-    {"lopt", 1, 2},
-    {"weldopt", 0, 1},
-    {"tubehot", 1, 2},
-    {"class23", 0, 1},
-    {"p41.opn", 1, 3},
-    {"p41.opmy", 1, 3},
-    {"p41.opmz", 1, 3},
-};
-
-constexpr std::string_view kRow = "row.";
-constexpr std::string_view kGrade = "fykindex", kFamily = "family";
-constexpr std::string_view kClass = "p41.";
-
-// The rows of each profile table, in the order of the tables.
-const std::array<Choice, kTables>& RowChoices()
+// Takes what stands in front of the separator, and the separator, off the front.
+std::string_view TakePart(std::string_view& text, char separator)
 {
-    static const std::array<Choice, kTables> kRows = [] {
-        std::array<Choice, kTables> rows{};
-        std::size_t i = 0;
-        for (const Field& field : AllFields()) {
-            if (field.name.starts_with(kRow)) {
-                rows.at(i++) = {field.name, 0, kMost};
-            }
+    const std::size_t end = std::min(text.find(separator), text.size());
+    const std::string_view part = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    return part;
+}
+
+i16 TakeNumber(std::string_view& text)
+{
+    int value = 0;
+    const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), value);
+    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+    return static_cast<i16>(value);
+}
+
+// "0 first,second|1 third"
+std::vector<NamedValue> NamedValues(std::string_view list)
+{
+    std::vector<NamedValue> values;
+    while (!list.empty()) {
+        std::string_view names = TakePart(list, '|');
+        NamedValue value{TakeNumber(names), {}};
+        names.remove_prefix(1);  // the blank
+        while (!names.empty()) {
+            value.names.push_back(TakePart(names, ','));
         }
-        return rows;
+        values.push_back(std::move(value));
+    }
+    return values;
+}
+
+// The place of "row.hea" among the tables is that of its field among those of rows.
+Table TableOfRow(const Field& field)
+{
+    const auto fields = AllFields();
+    const auto first = std::find_if(fields.begin(), fields.end(),
+                                    [](const Field& each) { return each.name.starts_with(kRow); });
+    return static_cast<Table>(&field - &*first);
+}
+
+Choice ChoiceFrom(const Field& field)
+{
+    Choice choice{field.name, field.values};
+    if (choice.values == kRowValues) {
+        choice.table = TableOfRow(field);
+        choice.highest = static_cast<i16>(RowCount(*choice.table) - 1);
+    } else if (choice.values == kFamilyValues || choice.values == kSteelValues) {
+        choice.highest = kMost;
+    } else if (std::string_view rest = choice.values; rest.find(kRange) != rest.npos) {
+        choice.lowest = TakeNumber(rest);
+        rest.remove_prefix(kRange.size());
+        choice.highest = TakeNumber(rest);
+    } else {
+        choice.truth = choice.values == kTruthValues;
+        choice.named = NamedValues(choice.values);
+        choice.lowest = choice.named.front().value;
+        choice.highest = choice.named.back().value;
+    }
+    return choice;
+}
+
+// One for each field; those of fields that are typed or no inputs have no values.
+const std::vector<Choice>& AllChoices()
+{
+    static const std::vector<Choice> kChoices = [] {
+        std::vector<Choice> choices;
+        for (const Field& field : AllFields()) {
+            const bool chosen = field.role == FieldRole::input && !field.values.empty();
+            choices.push_back(chosen ? ChoiceFrom(field) : Choice{field.name, {}});
+        }
+        return choices;
     }();
-    return kRows;
+    return kChoices;
 }
 
-Table TableOfRows(const Choice& choice)
+bool IsFamily(const Choice& choice)
 {
-    return static_cast<Table>(&choice - RowChoices().data());
+    return choice.values == kFamilyValues;
 }
 
-template <class List> const Choice* FindIn(const List& list, std::string_view field)
+bool IsSteel(const Choice& choice)
 {
-    const auto at = std::find_if(std::begin(list), std::end(list),
-                                 [&](const Choice& choice) { return choice.field == field; });
-    return at != std::end(list) ? &*at : nullptr;
+    return choice.values == kSteelValues;
 }
 
 // Highest value that is offered; of the families the last in number.
 int Highest(const Library& library, const Choice& choice)
 {
-    if (choice.field == kGrade) {
-        return static_cast<int>(library.materials.size()) - 1;
-    }
-    return choice.field.starts_with(kRow) ? RowCount(TableOfRows(choice)) - 1 : choice.highest;
+    return IsSteel(choice) ? static_cast<int>(library.materials.size()) - 1 : choice.highest;
 }
 
-// The first family whose rows stand in this table.
-std::string FamilyOf(Table table)
+bool SameCompact(std::string_view compact, std::string_view name)
 {
-    const auto families = Families();
-    const auto at = std::find_if(families.begin(), families.end(), [table](const auto& info) {
-        return std::find(info.tables.begin(), info.tables.end(), table) != info.tables.end();
-    });
-    return at != families.end() ? std::to_string(at->id) : std::string{};
-}
-
-// Alike but for blanks and capitals.
-bool SameName(std::string_view a, std::string_view b)
-{
-    std::size_t i = 0, j = 0;
-    for (;; ++i, ++j) {
-        i = std::min(a.find_first_not_of(' ', i), a.size());
-        j = std::min(b.find_first_not_of(' ', j), b.size());
-        if (i == a.size() || j == b.size()) {
-            return i == a.size() && j == b.size();
+    std::size_t i = 0;
+    for (const char c : name) {
+        if (c == ' ' || c == '-' || c == '_' || c == '&') {
+            continue;
         }
-        if (Small(a[i]) != Small(b[j])) {
+        if (i == compact.size() || Small(compact[i]) != Small(c)) {
             return false;
         }
+        ++i;
     }
+    return i == compact.size();
+}
+
+bool HasName(const NamedValue& value, std::string_view compact)
+{
+    return std::any_of(value.names.begin(), value.names.end(),
+                       [compact](std::string_view name) { return SameCompact(compact, name); });
+}
+
+std::vector<std::string> AllNames(const Library& library, const Choice& choice)
+{
+    std::vector<std::string> names;
+    if (IsFamily(choice)) {
+        for (const FamilyTraits& info : Families()) {
+            names.push_back(FamilyName(info.id));
+        }
+    } else if (IsSteel(choice)) {
+        for (const Material& material : library.materials) {
+            names.push_back(material.name);
+        }
+    }
+    for (const NamedValue& value : choice.named) {
+        names.insert(names.end(), value.names.begin(), value.names.end());
+    }
+    return names;
 }
 
 }  // namespace
 
+const Choice* ChoiceOf(const Field& field)
+{
+    const Choice& choice = AllChoices()[static_cast<std::size_t>(&field - AllFields().data())];
+    return choice.values.empty() ? nullptr : &choice;
+}
+
 const Choice* FindChoice(std::string_view field)
 {
-    return field.starts_with(kRow) ? FindIn(RowChoices(), field) : FindIn(kChoices, field);
+    const Field* const found = FindField(field);
+    return found != nullptr ? ChoiceOf(*found) : nullptr;
 }
 
 bool Offers(const Library& library, const Choice& choice, int value)
 {
-    if (value < choice.lowest || value > choice.highest) {
-        return false;
-    }
-    if (choice.field == kFamily) {
+    if (IsFamily(choice)) {
         const auto families = Families();
         return std::any_of(families.begin(), families.end(),
                            [&](const FamilyTraits& info) { return info.id == value; });
     }
-    if (value > Highest(library, choice)) {
-        return false;
+    if (!choice.named.empty()) {
+        return std::any_of(choice.named.begin(), choice.named.end(),
+                           [value](const NamedValue& named) { return named.value == value; });
     }
-    return !choice.field.starts_with(kClass) || value != 2;  // class 1-2 or class 3
+    return value >= choice.lowest && value <= Highest(library, choice);
 }
 
 std::optional<Table> TableOfField(std::string_view field)
 {
     const Choice* const choice = field.starts_with(kRow) ? FindChoice(field) : nullptr;
-    return choice != nullptr ? std::optional(TableOfRows(*choice)) : std::nullopt;
+    return choice != nullptr ? choice->table : std::nullopt;
 }
 
 std::string Offered(const Library& library, const Choice& choice)
 {
-    if (choice.field == kFamily) {
+    if (IsFamily(choice)) {
         return "of `kestrum sections`";
     }
-    if (choice.field.starts_with(kClass)) {
-        return "(1 or 3)";
+    if (choice.named.empty()) {
+        std::string text =
+            "(" + std::to_string(choice.lowest) + " to " + std::to_string(Highest(library, choice));
+        if (choice.table) {
+            const int family = FamilyOfTable(*choice.table).family;
+            text += ", see `kestrum sections " + std::to_string(family) + "`";
+        }
+        return text + ")";
     }
-    std::string text =
-        "(" + std::to_string(choice.lowest) + " to " + std::to_string(Highest(library, choice));
-    if (choice.field.starts_with(kRow)) {
-        text += ", see `kestrum sections " + FamilyOf(TableOfRows(choice)) + "`";
+    std::string text;
+    for (const NamedValue& value : choice.named) {
+        text += (text.empty() ? "(" : ", ") + std::to_string(value.value) + " " +
+                std::string(value.names.front());
     }
     return text + ")";
 }
 
-bool Named(const Choice& choice)
-{
-    return choice.field.starts_with(kRow) || choice.field == kGrade;
-}
-
 std::optional<i16> ValueOfName(const Library& library, const Choice& choice, std::string_view name)
 {
-    if (!Named(choice)) {
+    const std::string compact = CompactName(name);
+    if (compact.empty()) {
         return std::nullopt;
     }
-    const bool row = choice.field.starts_with(kRow);
-    for (int value = 0; value <= Highest(library, choice); ++value) {
-        const std::string listed = row ? RowName(library, TableOfRows(choice), value)
-                                       : library.materials[static_cast<std::size_t>(value)].name;
-        if (!listed.empty() && SameName(listed, name)) {
-            return static_cast<i16>(value);
-        }
+    if (choice.table) {
+        const auto found = SectionOfName(library, name, FamilyOfTable(*choice.table).family);
+        return found && found->table == *choice.table ? std::optional(found->row) : std::nullopt;
     }
-    return std::nullopt;
+    if (IsFamily(choice)) {
+        const std::vector<NamedFamily> found = FamiliesOfName(name);
+        return found.size() == 1 ? std::optional(static_cast<i16>(found[0].family)) : std::nullopt;
+    }
+    if (IsSteel(choice)) {
+        const auto& steels = library.materials;
+        const auto at = std::find_if(steels.begin(), steels.end(), [&](const Material& material) {
+            return SameCompact(compact, material.name);
+        });
+        return at != steels.end() ? std::optional(static_cast<i16>(at - steels.begin()))
+                                  : std::nullopt;
+    }
+    const auto at = std::find_if(choice.named.begin(), choice.named.end(),
+                                 [&](const NamedValue& each) { return HasName(each, compact); });
+    return at != choice.named.end() ? std::optional(at->value) : std::nullopt;
+}
+
+std::string NameOfValue(const Library& library, const Choice& choice, int value)
+{
+    if (!Offers(library, choice, value)) {
+        return {};
+    }
+    if (choice.table) {
+        return RowName(library, *choice.table, value);
+    }
+    if (IsFamily(choice)) {
+        return FamilyName(value);
+    }
+    if (IsSteel(choice)) {
+        return library.materials[static_cast<std::size_t>(value)].name;
+    }
+    const auto at = std::find_if(choice.named.begin(), choice.named.end(),
+                                 [value](const NamedValue& each) { return each.value == value; });
+    return at != choice.named.end() ? std::string(at->names.front()) : std::string{};
+}
+
+std::string NameHint(const Library& library, const Choice& choice, std::string_view name)
+{
+    std::vector<std::string> near;
+    if (choice.table) {
+        near = SectionsNear(library, name);
+    } else if (IsFamily(choice) && FamiliesOfName(name).size() > 1) {
+        for (const NamedFamily& each : FamiliesOfName(name)) {
+            near.push_back(std::to_string(each.family) + " " + FamilyName(each.family));
+        }
+    } else {
+        const std::vector<std::string> names = AllNames(library, choice);
+        const std::string_view one = Nearest(name, names);
+        near.assign(one.empty() ? 0 : 1, std::string(one));
+    }
+    return MeantHint(near);
 }
 
 }  // namespace kestrum

@@ -112,18 +112,27 @@ std::string SoughtHint(std::string_view name, FieldsMeant meant)
             fields = fields.empty() ? FieldsAbout(bare, where, slips) : fields;
         }
     }
-    if (fields.empty() || fields.size() > kMost) {
-        return {};
+    std::vector<std::string> names;
+    for (const Field* const field : fields) {
+        names.push_back(Shown(*field));
     }
-    std::string text = "; did you mean ";
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        text += i == 0 ? "" : i + 1 < fields.size() ? ", " : " or ";
-        text += Shown(*fields[i]);
-    }
-    return text + "?";
+    return names.size() > kMost ? std::string{} : MeantHint(names);
 }
 
 }  // namespace
+
+std::string MeantHint(const std::vector<std::string>& words)
+{
+    if (words.empty()) {
+        return {};
+    }
+    std::string text = "; did you mean ";
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        text += i == 0 ? "" : i + 1 < words.size() ? ", " : " or ";
+        text += words[i];
+    }
+    return text + "?";
+}
 
 char Small(char c)
 {

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kestrum {
 
@@ -12,6 +13,9 @@ enum class FieldsMeant { inputs, all };
 // What may be meant, as the end of a sentence: "; did you mean family?". Empty when nothing comes
 // near.
 std::string FieldHint(std::string_view name, FieldsMeant meant);
+
+// "; did you mean a, b or c?"; empty for no words.
+std::string MeantHint(const std::vector<std::string>& words);
 
 // The word of a list that is nearest to a mistyped one, or nothing. Capitals do not count.
 template <class Words> std::string_view Nearest(std::string_view typed, const Words& words);
@@ -29,7 +33,8 @@ template <class Words> std::string_view Nearest(std::string_view typed, const Wo
 {
     std::string_view best;
     std::size_t least = typed.size() + 1;
-    for (const std::string_view word : words) {
+    for (const auto& each : words) {
+        const std::string_view word = each;
         const std::size_t distance = Distance(typed, word);
         if (Near(typed, distance) && distance < least) {
             least = distance;

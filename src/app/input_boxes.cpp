@@ -69,35 +69,53 @@ BoxOutcome CommitPosition(ProjectState& s, const Box& box, const Field& field, i
     return {good, good ? std::string_view{} : relative ? box.other : box.message};
 }
 
-// The half of a rule that looks at other fields: nothing when it is kept. Both sides count as
+// The half of a rule that looks at other fields, as a bound on this one. Both sides count as
 // floats, so that 300 - 2 x 6.3 is the 287.4 that was typed.
-std::optional<std::string_view> Related(const ProjectState& s, const Box& box, double value)
+struct RelatedBound {
+    enum class Side : std::uint8_t { none, below, atmost, atleast } side = Side::none;
+    float value = 0;
+
+    bool Kept(float x) const
+    {
+        return side == Side::none || (side == Side::below    ? x < value
+                                      : side == Side::atmost ? x <= value
+                                                             : x >= value);
+    }
+};
+
+RelatedBound BoundOf(const ProjectState& s, const Box& box)
 {
-    const float x = F32(value);
-    bool kept = true;
+    using enum RelatedBound::Side;
     switch (box.rule) {
     case BoxRule::stiffeners:
-        kept = x < LengthInMm(s);
-        break;
+        return {below, LengthInMm(s)};
     case BoxRule::overhang:
-        kept = x < F32(s.p23.istb1 / 2.0 - s.p23.isttw);
-        break;
+        return {below, F32(s.p23.istb1 / 2.0 - s.p23.isttw)};
     case BoxRule::hsqbottom:
-        kept = x >= F32(s.p24.istb1 - 2.0 * s.p24.isttw);
-        break;
+        return {atleast, F32(s.p24.istb1 - 2.0 * s.p24.isttw)};
     case BoxRule::hsqtop:
-        kept = x < F32(static_cast<double>(s.p25.istb2) - s.p25.istc);
-        break;
+        return {below, F32(static_cast<double>(s.p25.istb2) - s.p25.istc)};
     case BoxRule::hsqoverhang:
-        kept = x <= F32(s.p25.istb1 / 2.0);
-        break;
+        return {atmost, F32(s.p25.istb1 / 2.0)};
     case BoxRule::boxbottom:
-        kept = x >= F32(s.p27.istb1 - 2.0 * s.p27.istc);  // a + tw, over the webs
-        break;
+        return {atleast, F32(s.p27.istb1 - 2.0 * s.p27.istc)};  // a + tw, over the webs
     default:
-        break;
+        return {};
     }
+}
+
+// Nothing when the rule is kept.
+std::optional<std::string_view> Related(const ProjectState& s, const Box& box, double value)
+{
+    const bool kept = BoundOf(s, box).Kept(F32(value));
     return kept ? std::nullopt : std::optional(box.other.empty() ? box.message : box.other);
+}
+
+std::string Shortest(float value)
+{
+    std::array<char, 40> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    return {digits.data(), end};
 }
 
 // The overhang of the top flange follows a narrower flange.
@@ -156,6 +174,31 @@ BoxOutcome Commit(ProjectState& s, const Box& box, int index, std::string_view t
         return {false, *refusal};
     }
     return box.rule == BoxRule::boxtop ? FitOverhang(s) : BoxOutcome{};
+}
+
+std::string LimitText(const ProjectState& s, const Box& box)
+{
+    if (box.rule == BoxRule::position) {
+        return "0 to " + Shortest(Relative(s, box) ? 1.0F : s.l);
+    }
+    std::string text;
+    const auto add = [&text](const char* word, double value) {
+        text += (text.empty() ? "" : " and ") + std::string(word) + " " +
+                Shortest(static_cast<float>(value));
+    };
+    if (box.lower.kind != Bound::Kind::none) {
+        add(box.lower.kind == Bound::Kind::strict ? "above" : "at least", box.lower.value);
+    }
+    if (box.upper.kind != Bound::Kind::none) {
+        add(box.upper.kind == Bound::Kind::strict ? "below" : "at most", box.upper.value);
+    }
+    if (const RelatedBound bound = BoundOf(s, box); bound.side != RelatedBound::Side::none) {
+        add(bound.side == RelatedBound::Side::below    ? "below"
+            : bound.side == RelatedBound::Side::atmost ? "at most"
+                                                       : "at least",
+            bound.value);
+    }
+    return text;
 }
 
 std::string BoxText(const ProjectState& s, const Box& box, int index)

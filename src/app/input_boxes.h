@@ -64,6 +64,10 @@ constexpr std::string_view kMismatch = "Input string mismatch ";
 BoxOutcome Commit(ProjectState& s, const Box& box, int index, std::string_view text,
                   bool decimalcomma);
 
+// The limits in force as numbers: "at least 0.05", "above 50 and at least 288". Empty without
+// limits.
+std::string LimitText(const ProjectState& s, const Box& box);
+
 // Text of the box for the value in the record; positions as x/L when they are edited so.
 std::string BoxText(const ProjectState& s, const Box& box, int index);
 

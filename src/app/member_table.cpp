@@ -132,10 +132,13 @@ void AppendUtf8(std::string& out, unsigned code)
     }
 }
 
-// One JSON object whose values are no objects.
+// One JSON object whose values are no objects, unless they are kept.
 class JsonLine {
 public:
-    JsonLine(AssignRun& run, std::string_view line) : run_(run), rest_(line) {}
+    JsonLine(AssignRun& run, std::string_view line, JsonKeys& keys, LineExtras* kept)
+        : run_(run), rest_(line), keys_(keys), kept_(kept)
+    {
+    }
 
     std::string Apply()
     {
@@ -186,11 +189,46 @@ private:
         if (!fault_.empty()) {
             return;
         }
-        if (TakeIf('[')) {
+        if (kept_ != nullptr && IsOther()) {
+            Keep();
+        } else if (TakeIf('[')) {
             List();
         } else {
             Value(name_);
         }
+    }
+
+    // Whether the name is that of no field; a list without such an element is a field.
+    bool IsOther() const
+    {
+        return FindField(std::string_view(name_).substr(0, name_.find('['))) == nullptr &&
+               name_ != kSection && name_ != kSteel && name_ != kAnnex;
+    }
+
+    // The value as it stands, whatever it is.
+    void Keep()
+    {
+        Peek();
+        const std::string_view from = rest_;
+        std::size_t depth = 0;
+        do {
+            const char c = Peek();
+            const bool open = c == '{' || c == '[', close = c == '}' || c == ']';
+            if (c == '"') {
+                Text(value_);
+            } else if (c == '\0' || (close && depth == 0)) {
+                break;
+            } else {
+                depth += open ? 1U : 0U;
+                depth -= close ? 1U : 0U;
+                rest_.remove_prefix(1);
+            }
+        } while (fault_.empty() && (depth > 0 || (Peek() != ',' && Peek() != '}')));
+        const std::string_view value = Trimmed(from.substr(0, from.size() - rest_.size()));
+        if (fault_.empty() && (value.empty() || depth > 0)) {
+            fault_ = Told(name_, "expected a value");
+        }
+        kept_->kept.push_back({name_, std::string(value), true});
     }
 
     void List()
@@ -229,11 +267,9 @@ private:
         if (!fault_.empty() || skipped) {
             return;
         }
-        AssignTarget target;
-        std::string refusal = FindTarget(name, target);
-        if (refusal.empty()) {
-            refusal = run_.Assign(target, value_);
-        }
+        const JsonKeys::Key& key = keys_.Find(name);
+        const std::string refusal =
+            key.refusal.empty() ? run_.Assign(key.target, value_) : key.refusal;
         if (!refusal.empty()) {
             fault_ = Told(name, refusal);
         }
@@ -306,6 +342,8 @@ private:
 
     AssignRun& run_;
     std::string_view rest_;
+    JsonKeys& keys_;
+    LineExtras* kept_;  // null: what is no field is refused
     std::string name_, value_, fault_;
 };
 
@@ -322,7 +360,7 @@ std::string_view TakeLine(std::string_view& text)
     return line;
 }
 
-std::string MemberColumns::TakeHeader(std::string_view line)
+std::string MemberColumns::TakeHeader(std::string_view line, bool keepothers)
 {
     columns_.clear();
     if (line.starts_with("\xEF\xBB\xBF")) {
@@ -334,11 +372,18 @@ std::string MemberColumns::TakeHeader(std::string_view line)
     separator_ = SeparatorOf(line);
     CellReader cells(line, separator_);
     while (cells.Next()) {
-        Column column{std::string(Trimmed(cells.cell())), {}};
-        const auto same = [&column](const Column& other) { return other.name == column.name; };
+        Column column{std::string(Trimmed(cells.cell())), {}, false};
         const std::string refusal = FindTarget(column.name, column.target);
-        if (!refusal.empty()) {
-            return Told("column \"" + column.name + "\"", refusal);
+        column.other = !refusal.empty();
+        const auto same = [&column](const Column& other) {
+            const FieldRef &a = column.target.ref, &b = other.target.ref;
+            const bool field =
+                !column.other && !other.other && column.target.section == other.target.section;
+            return other.name == column.name || (field && a.field == b.field && a.index == b.index);
+        };
+        if (column.other && (!keepothers || column.name.empty())) {
+            return Told("column \"" + column.name + "\"",
+                        refusal + (keepothers ? "" : " (--keep-columns passes it through)"));
         }
         if (std::any_of(columns_.begin(), columns_.end(), same)) {
             return Told(column.name, "stands in two columns");
@@ -349,9 +394,9 @@ std::string MemberColumns::TakeHeader(std::string_view line)
 }
 
 std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::string_view line,
-                                 Assignment how) const
+                                 Manner manner, LineExtras* extras) const
 {
-    AssignRun run(library, s, how);
+    AssignRun run(library, s, manner);
     CellReader cells(line, separator_);
     std::size_t count = 0;
     for (; cells.Next(); ++count) {
@@ -359,6 +404,12 @@ std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::s
             return "more cells than columns";
         }
         const Column& column = columns_[count];
+        if (column.other) {
+            if (extras != nullptr) {
+                extras->kept.push_back({column.name, std::string(cells.cell())});
+            }
+            continue;
+        }
         const bool text = column.target.ref.field->kind == FieldKind::text;
         const std::string_view cell = text ? cells.cell() : Trimmed(cells.cell());
         if (cell.empty()) {
@@ -375,28 +426,56 @@ std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::s
     if (count < columns_.size()) {
         return "fewer cells than columns";
     }
-    return Settle(s, run);
+    std::string refusal = Settle(s, run);
+    if (refusal.empty() && extras != nullptr) {
+        extras->remarks = run.Remarks();
+    }
+    return refusal;
 }
 
-std::vector<std::string> MemberColumns::Overruled(const Library& library,
-                                                  const ProjectState& s) const
+std::vector<std::string> MemberColumns::Others() const
 {
-    std::vector<std::string> told;
+    std::vector<std::string> names;
     for (const Column& column : columns_) {
-        const std::string other = OverruledBy(library, s, column.name);
-        if (!other.empty()) {
-            told.push_back(column.name + ": without effect, " + other);
+        if (column.other) {
+            names.push_back(column.name);
         }
     }
-    return told;
+    return names;
+}
+
+const JsonKeys::Key& JsonKeys::Find(const std::string& name)
+{
+    if (const auto at = keys_.find(name); at != keys_.end()) {
+        return *at->second;
+    }
+    auto key = std::make_unique<Key>();
+    key->refusal = FindTarget(name, key->target);
+    if (!key->refusal.empty()) {  // there is no end of those
+        unknown_ = std::move(key);
+        return *unknown_;
+    }
+    return *keys_.emplace(name, std::move(key)).first->second;
 }
 
 std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_view line,
-                          Assignment how)
+                          Manner manner, JsonKeys& keys, bool keepothers, LineExtras& extras)
 {
-    AssignRun run(library, s, how);
-    const std::string fault = JsonLine(run, line).Apply();
-    return fault.empty() ? Settle(s, run) : fault;
+    AssignRun run(library, s, manner);
+    std::string fault = JsonLine(run, line, keys, keepothers ? &extras : nullptr).Apply();
+    fault = fault.empty() ? Settle(s, run) : fault;
+    if (fault.empty()) {
+        extras.remarks = run.Remarks();
+    }
+    return fault;
+}
+
+std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_view line,
+                          Manner manner)
+{
+    JsonKeys keys;
+    LineExtras extras;
+    return ApplyJsonLine(library, s, line, manner, keys, false, extras);
 }
 
 void AppendCell(std::string& out, std::string_view text)

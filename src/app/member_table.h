@@ -5,9 +5,12 @@
 // line does not name keeps its value.
 
 #include "app/assign.h"
+#include "app/assign_run.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace kestrum {
@@ -15,35 +18,64 @@ namespace kestrum {
 // The next line of a text without its line end, taken off the front.
 std::string_view TakeLine(std::string_view& text);
 
+// What a line says beside the fields of its member.
+struct LineExtras {
+    // A value under a name that is no field; its text, or as JSON when `json` says so.
+    struct Kept {
+        std::string name, value;
+        bool json = false;
+    };
+    std::vector<Remark> remarks;
+    std::vector<Kept> kept;  // of a CSV one for each such column, in their order
+};
+
 // Columns of a CSV, read from its first line. Cells are separated by commas, or by semicolons or
 // tabs when the first line has no comma; quoted as in RFC 4180, but never over several lines, since
 // no field holds a line end.
 class MemberColumns {
 public:
-    // Returns why the line is no line of column names, or nothing.
-    std::string TakeHeader(std::string_view line);
+    // Returns why the line is no line of column names, or nothing. A column that is no field is
+    // refused, or kept for the answer.
+    std::string TakeHeader(std::string_view line, bool keepothers = false);
 
     // Sets the fields of one line, from left to right; an empty cell leaves its field. Returns the
     // reason of a refusal, or nothing; the record is then half set.
-    std::string Apply(const Library& library, ProjectState& s, std::string_view line,
-                      Assignment how) const;
+    std::string Apply(const Library& library, ProjectState& s, std::string_view line, Manner manner,
+                      LineExtras* extras = nullptr) const;
 
-    // Columns whose values do not stand in this record, with the reason.
-    std::vector<std::string> Overruled(const Library& library, const ProjectState& s) const;
+    // Names of the columns that are no fields.
+    std::vector<std::string> Others() const;
 
 private:
     struct Column {
         std::string name;
         AssignTarget target;
+        bool other;  // no field
     };
     std::vector<Column> columns_;
     char separator_ = ',';
 };
 
+// Fields of JSON objects by name, looked up once for many lines.
+class JsonKeys {
+public:
+    struct Key {
+        AssignTarget target;
+        std::string refusal;  // why there is no such target
+    };
+    const Key& Find(const std::string& name);
+
+private:
+    std::unordered_map<std::string, std::unique_ptr<Key>> keys_;
+    std::unique_ptr<Key> unknown_;
+};
+
 // The same for one flat JSON object. Numbers, true and false, texts; null leaves the field; a list
-// sets the rows of an array in turn.
+// sets the rows of an array in turn. With `keepothers` what is no field is kept for the answer.
 std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_view line,
-                          Assignment how);
+                          Manner manner);
+std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_view line,
+                          Manner manner, JsonKeys& keys, bool keepothers, LineExtras& extras);
 
 // A text as a cell of a CSV with commas; a line end becomes a blank, so that a record is one line.
 void AppendCell(std::string& out, std::string_view text);

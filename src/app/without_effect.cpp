@@ -1,13 +1,11 @@
 #include "app/without_effect.h"
 
 #include "app/assign.h"
-#include "app/choices.h"
+#include "app/field_owner.h"
 #include "app/member_commands.h"
 #include "app/setup_commands.h"
-#include "app/view_section.h"
 #include "core/field_table.h"
 #include "core/load_combination.h"
-#include "sections/family_table.h"
 
 #include <algorithm>
 #include <iterator>
@@ -55,31 +53,6 @@ constexpr Rule kRules[] = {
     {" uflimit ", [](const ProjectState&) { return true; }, "no control reads it"},
 };
 
-template <SectionOption kOption> bool Has(const FamilyTraits& family)
-{
-    return HasOption(family.id, kOption);
-}
-
-struct Owner {
-    std::string_view fields;
-    bool (*owns)(const FamilyTraits& family);
-};
-
-// Fields of some families only, besides those that begin with the name of the form.
-constexpr Owner kOwners[] = {
-    {" rectaxis ", Has<SectionOption::rectaxis>},
-    {" lopt ", Has<SectionOption::bolts>},
-    {" weldopt ", Has<SectionOption::weld>},
-    {" tubehot ", Has<SectionOption::tube>},
-    {" hsqopt ", Has<SectionOption::hsqload>},
-    {" class23 ", Has<SectionOption::upgrade>},
-    {" flangeload ", [](const FamilyTraits& family) {
-         return family.kind == Kind::hat && family.shape.lower == LowerFlange::both_sides;
-     }},
-    {" series101 ", [](const FamilyTraits& f) { return f.series == &ProjectState::series101; }},
-    {" series103 ", [](const FamilyTraits& f) { return f.series == &ProjectState::series103; }},
-    {" p41ident ", [](const FamilyTraits& f) { return f.kind == Kind::general; }},
-};
 // clang-format on
 
 bool Names(std::string_view fields, std::string_view field)
@@ -90,22 +63,6 @@ bool Names(std::string_view fields, std::string_view field)
         }
     }
     return false;
-}
-
-bool OfAnotherFamily(const ProjectState& s, const Field& field)
-{
-    const FamilyTraits& family = Traits(s);
-    const std::string_view name = field.name, form = name.substr(0, name.find('.'));
-    if (form != name && form.starts_with('p')) {
-        return form != family.form;
-    }
-    for (const Owner& owner : kOwners) {
-        if (Names(owner.fields, name)) {
-            return !owner.owns(family);
-        }
-    }
-    const std::optional<Table> table = TableOfField(name);
-    return table && (!HasTable(s.family) || TableOf(s) != *table);
 }
 
 // Basic loads are those of the ticked rows.
@@ -128,28 +85,55 @@ std::string Unticked(const ProjectState& s, const FieldRef& ref)
     return {};
 }
 
+// Bits behind those of kRules.
+constexpr unsigned kOverruled = 1U << std::size(kRules), kOwned = kOverruled << 1U,
+                   kTicked = kOwned << 1U, kLoad = kTicked << 1U;
+static_assert(std::size(kRules) < 28);
+
+constexpr std::string_view kOverruledFields = " gammam0 gammam1 neta loadcomb fyk ";
+
 }  // namespace
+
+unsigned IdleRulesOf(const Field& field)
+{
+    unsigned rules = 0;
+    for (std::size_t i = 0; i < std::size(kRules); ++i) {
+        rules |= Names(kRules[i].fields, field.name) ? 1U << i : 0U;
+    }
+    const bool load = LoadKindOf(field) != LoadKind::none;
+    rules |= Names(kOverruledFields, field.name) ? kOverruled : 0U;
+    rules |= OwnerOf(field).any() ? kOwned : 0U;
+    rules |= Names(" nload qload qt1 qt2 pm ", field.name) ? kTicked : 0U;
+    return rules | (load ? kLoad : 0U);
+}
+
+std::string WhyIdle(const Library& library, const ProjectState& s, const FieldRef& ref,
+                    unsigned rules)
+{
+    if ((rules & kOverruled) != 0) {
+        std::string other = OverruledBy(library, s, ref.field->name);
+        if (!other.empty()) {
+            return other;
+        }
+    }
+    if ((rules & kLoad) != 0 && NumberOf(s, *ref.field, ref.index) == 0) {
+        return {};
+    }
+    if ((rules & kOwned) != 0 && !OwnerOf(*ref.field).Has(s)) {
+        return "the family is " + std::to_string(s.family);
+    }
+    for (std::size_t i = 0; i < std::size(kRules); ++i) {
+        if ((rules & (1U << i)) != 0 && kRules[i].idle(s)) {
+            return std::string(kRules[i].why);
+        }
+    }
+    return (rules & kTicked) != 0 ? Unticked(s, ref) : std::string{};
+}
 
 std::string WithoutEffect(const Library& library, const ProjectState& s, std::string_view name)
 {
-    std::string other = OverruledBy(library, s, name);
     const std::optional<FieldRef> ref = ResolveField(name);
-    if (!other.empty() || !ref || ref->field->kind == FieldKind::literal) {
-        return other;
-    }
-    const bool load =
-        Names(kRules[0].fields, ref->field->name) || Names(kRules[1].fields, ref->field->name);
-    if (load && NumberOf(s, *ref->field, ref->index) == 0) {
-        return {};
-    }
-    if (OfAnotherFamily(s, *ref->field)) {
-        return "the family is " + std::to_string(s.family);
-    }
-    const auto* const rule =
-        std::find_if(std::begin(kRules), std::end(kRules), [&](const Rule& each) {
-            return Names(each.fields, ref->field->name) && each.idle(s);
-        });
-    return rule != std::end(kRules) ? std::string(rule->why) : Unticked(s, *ref);
+    return ref ? WhyIdle(library, s, *ref, IdleRulesOf(*ref->field)) : std::string{};
 }
 
 }  // namespace kestrum

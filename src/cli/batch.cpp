@@ -13,6 +13,7 @@
 #include <iostream>
 #include <memory>
 #include <thread>
+#include <unordered_set>
 
 #ifndef _WIN32
 #include <unistd.h>
@@ -111,27 +112,45 @@ unsigned Threads(int jobs)
     return std::clamp(wanted, 1U, kMost);
 }
 
+// Of the two kinds of load the base has those that its file holds; a member that begins from
+// nothing has neither.
 ProjectState BaseOf(const Library& library, const std::string& file)
 {
     if (!file.empty()) {
-        return OpenProject(library, file);
+        ProjectState s = OpenProject(library, file);
+        ClearLoads(s, s.loadmode == 1 ? LoadKind::endforce : LoadKind::load);
+        return s;
     }
-    return StartState(library);
+    ProjectState s = StartState(library);
+    ClearLoads(s, LoadKind::load);
+    ClearLoads(s, LoadKind::endforce);
+    s.ident.clear();
+    return s;
 }
+
+// Says each word once in the whole run.
+class Words {
+public:
+    bool Take(const BatchChunk::Word& word) { return said_.insert(word.key).second; }
+
+private:
+    std::unordered_set<std::string> said_;
+};
 
 }  // namespace
 
 int Batch(const Options& options, const BatchArguments& arguments)
 {
+    const Library library = LoadTables(options);
     AnswerForm form;
-    const std::string refusal = form.Choose(FormOf(options, arguments.out), arguments.fields);
+    const std::string refusal =
+        form.Choose(FormOf(options, arguments.out), arguments.fields, &library);
     if (!refusal.empty()) {
         throw BadInput("--fields " + refusal);
     }
     if (arguments.resume && (arguments.out.empty() || arguments.out == "-")) {
         throw BadInput("--resume needs -o with the file of the earlier run");
     }
-    const Library library = LoadTables(options);
     const ProjectState base = BaseOf(library, arguments.base);
 
     Tally tally;
@@ -142,20 +161,25 @@ int Batch(const Options& options, const BatchArguments& arguments)
     SpareInput(arguments.out, arguments.base);
     output.Open(form);
 
-    const Assignment how = arguments.raw ? Assignment::raw : Assignment::checked;
+    const Manner manner = arguments.raw ? Assignment::raw : Assignment::checked;
     std::vector<OrderedRun<BatchChunk>::Work> work;
     for (unsigned i = 0; i < Threads(arguments.jobs); ++i) {
-        work.emplace_back([worker = std::make_shared<BatchWorker>(library, base, form, how)](
+        work.emplace_back([worker = std::make_shared<BatchWorker>(library, base, form, manner)](
                               BatchChunk& chunk) { worker->Work(chunk); });
     }
     {
         Progress progress;
+        Words words;
         OrderedRun<BatchChunk> run(std::move(work));
         run.Run([&](BatchChunk& chunk) { return input.Next(chunk); },
                 [&](BatchChunk& chunk) {
-                    if (!chunk.fault.empty()) {
+                    std::erase_if(chunk.words, [&](const auto& w) { return !words.Take(w); });
+                    if (!chunk.fault.empty() || !chunk.words.empty()) {
                         progress.Wipe();
                         ComplainAll(chunk.fault);
+                    }
+                    for (const BatchChunk::Word& word : chunk.words) {
+                        Hint(options, word.text + " (said once)");
                     }
                     output.Write(chunk.out);
                     tally.Add(chunk.tally);

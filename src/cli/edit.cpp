@@ -1,7 +1,7 @@
 // New projects and changes of fields.
 
 #include "app/assign_run.h"
-#include "app/without_effect.h"
+#include "app/choices.h"
 #include "cli/commands.h"
 #include "core/printable.h"
 #include "engine/new_project.h"
@@ -30,50 +30,63 @@ Change Split(const std::string& text)
 }
 
 // Fields that may change with others.
-constexpr std::array<std::string_view, 9> kBrought = {
-    "bucklingcasey", "ly",        "bucklingcasez", "lz",      "ltbk",
-    "restraints",    "webstiffa", "endstiff",      "p27.istc"};
+constexpr std::array<std::string_view, 13> kBrought = {
+    "family", "series101", "series103",  "loadmode",  "bucklingcasey", "ly",      "bucklingcasez",
+    "lz",     "ltbk",      "restraints", "webstiffa", "endstiff",      "p27.istc"};
 
-void TellBrought(const Options& options, const ProjectState& before, const ProjectState& s,
-                 const std::vector<Change>& changes)
+// A section by its name brings family and series: that is what it says.
+bool Says(const Change& change, std::string_view name)
+{
+    const bool section = change.name == kSection;
+    return change.name == name || (section && (name == "family" || name.starts_with("series")));
+}
+
+void TellBrought(const Options& options, const Library& library, const ProjectState& before,
+                 const ProjectState& s, const std::vector<Change>& changes)
 {
     for (const std::string_view name : kBrought) {
         const Field& field = *FindField(name);
-        const bool named = std::any_of(changes.begin(), changes.end(),
-                                       [name](const Change& c) { return c.name == name; });
-        if (!named && NumberOf(s, field) != NumberOf(before, field)) {
-            const auto value = static_cast<float>(NumberOf(s, field));
-            Hint(options, std::string(name) + ": set to " + JsonNumber(value) + " as well");
+        const bool said = std::any_of(changes.begin(), changes.end(),
+                                      [name](const Change& c) { return Says(c, name); });
+        const double value = NumberOf(s, field);
+        if (!said && value != NumberOf(before, field)) {
+            const Choice* const choice = ChoiceOf(field);
+            const std::string word =
+                choice != nullptr ? NameOfValue(library, *choice, static_cast<int>(value)) : "";
+            Hint(options, std::string(name) + ": set to " + JsonNumber(static_cast<float>(value)) +
+                              (word.empty() ? "" : " (" + word + ")") + " as well");
         }
     }
 }
 
+std::string Refusal(const Refused& refused)
+{
+    return refused.name + (refused.text.empty() ? "" : "=" + refused.text) +
+           (refused.name.empty() ? "" : ": ") + refused.what;
+}
+
 void Apply(const Options& options, const Library& library, ProjectState& s,
-           const std::vector<Change>& changes, bool raw)
+           const std::vector<Change>& changes, Manner manner)
 {
     const ProjectState before = s;
-    AssignRun run(library, s, raw ? Assignment::raw : Assignment::checked);
-    for (const Change& change : changes) {
-        AssignTarget target;
-        std::string refusal = FindTarget(change.name, target);
+    AssignRun run(library, s, manner);
+    std::vector<AssignTarget> targets(changes.size());
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        const Change& change = changes[i];
+        std::string refusal = FindTarget(change.name, targets[i]);
         if (refusal.empty()) {
-            refusal = run.Assign(target, change.value);
+            refusal = run.Assign(targets[i], change.value);
         }
         if (!refusal.empty()) {
             throw BadInput(change.name + "=" + change.value + ": " + refusal);
         }
     }
     if (const Refused refused = run.Finish(); !refused.empty()) {
-        throw BadInput(refused.name.empty()
-                           ? refused.what
-                           : refused.name + "=" + refused.text + ": " + refused.what);
+        throw BadInput(Refusal(refused));
     }
-    TellBrought(options, before, s, changes);
-    for (const Change& change : changes) {
-        const std::string other = WithoutEffect(library, s, change.name);
-        if (!other.empty()) {
-            Hint(options, change.name + ": without effect, " + other);
-        }
+    TellBrought(options, library, before, s, changes);
+    for (const Remark& remark : run.Remarks()) {
+        Hint(options, remark.name + ": " + remark.what);
     }
 }
 
@@ -85,6 +98,31 @@ std::vector<Change> SplitAll(const std::vector<std::string>& texts)
         changes.push_back(Split(text));
     }
     return changes;
+}
+
+// Whether a load of this kind is among the changes.
+bool Gives(const std::vector<Change>& changes, bool endforces)
+{
+    return std::any_of(changes.begin(), changes.end(), [endforces](const Change& change) {
+        AssignTarget target;
+        const bool load = FindTarget(change.name, target).empty() && target.load != LoadKind::none;
+        return load && (target.load == LoadKind::endforce) == endforces;
+    });
+}
+
+// A delivered project has loads to look at; they go when a load is given.
+void DropExamples(const Options& options, ProjectState& s, const std::vector<Change>& changes)
+{
+    if (Gives(changes, false)) {
+        ClearLoads(s, LoadKind::load);
+        Hint(options, "the example loads are left out, since loads are given: nload[1] 100 kN, "
+                      "qload[1] 10 kN/m");
+    }
+    if (Gives(changes, true)) {
+        ClearLoads(s, LoadKind::endforce);
+        Hint(options, "the example end forces are left out, since end forces are given: ne 100 kN, "
+                      "my1 100 kNm, vz1 50 kN");
+    }
 }
 
 std::string ValueOf(const ProjectState& s, const Field& field, int index)
@@ -127,7 +165,9 @@ int New(const Options& options, const NewArguments& arguments)
     if (!arguments.family.empty()) {
         changes.insert(changes.begin(), {"family", arguments.family});
     }
-    Apply(options, library, s, changes, arguments.raw);
+    s.ident.clear();
+    DropExamples(options, s, changes);
+    Apply(options, library, s, changes, arguments.raw ? Assignment::raw : Assignment::checked);
     SaveProject(s, arguments.out);
     return kAllWithin;
 }
@@ -140,8 +180,11 @@ int Set(const Options& options, const SetArguments& arguments)
     FileLock lock;
     ProjectState s = file ? OpenToChange(library, arguments.file, out, lock)
                           : OpenProject(library, arguments.file);
+    // The file has the loads of its mode; those of the other one are examples.
+    ClearLoads(s, s.loadmode == 1 ? LoadKind::endforce : LoadKind::load);
     const ProjectState before = s;
-    Apply(options, library, s, SplitAll(arguments.set), arguments.raw);
+    Apply(options, library, s, SplitAll(arguments.set),
+          arguments.raw ? Assignment::raw : Assignment::checked);
     if (arguments.dry_run) {
         Print(Differences(before, s));
     } else if (file) {

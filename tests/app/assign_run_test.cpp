@@ -159,8 +159,9 @@ TEST(AssignRun, ValuesWaitForTheFieldsTheyDependOn)
     EXPECT_EQ(s.p25.istb1, 500);
 
     s = MemberOf("");
-    EXPECT_EQ(Told(SetAll(s, "pmx[1]=9 l=8")), "pmx[1]: 0 < x <= l ");
-    EXPECT_EQ(Told(SetAll(s, "p25.istb1=800 p25.istb2=700")), "p25.istb1: 5 < b1 < (b2-c) ");
+    EXPECT_EQ(Told(SetAll(s, "pmx[1]=9 l=8")), "pmx[1]: 0 < x <= l (9 m is given; 0 to 8 m)");
+    EXPECT_EQ(Told(SetAll(s, "p25.istb1=800 p25.istb2=700")),
+              "p25.istb1: 5 < b1 < (b2-c) (800 mm is given; above 5 and below 685 mm)");
     EXPECT_EQ(Told(SetAll(s, "l=6 pm[1]=3 pmx[1]=6")), "");
     EXPECT_EQ(Told(SetAll(s, "l=5")), "pmx[1]: beyond the member");
 }

@@ -39,7 +39,7 @@ TEST(Assign, GoesThroughTheBoxOfTheField)
     EXPECT_EQ(s.qload[2], 12.5f);
     EXPECT_EQ(Set(s, "p22.isttw", "11"), "");
     EXPECT_EQ(s.p22.isttw, 11);
-    EXPECT_EQ(Set(s, "l", "0.01"), " L >= 0.050 ");
+    EXPECT_EQ(Set(s, "l", "0.01"), " L >= 0.050 (0.01 m is given; at least 0.05 m)");
     EXPECT_EQ(s.l, 7.5f);  // as it was
     EXPECT_EQ(Set(s, "l", "abc"), "Input string mismatch ");
     EXPECT_NE(Set(s, "l", ""), "");
@@ -82,10 +82,12 @@ TEST(Assign, TakesProfilesAndSteelsByName)
         EXPECT_EQ(set("row.ipe", name), "") << name;
         EXPECT_EQ(s.row[static_cast<std::size_t>(Table::ipe)], 13) << name;  // 80, 100 .. 400
     }
-    EXPECT_EQ(set("row.ipe", "IPE 401"),
-              "no such name in the list (0 to 17, see `kestrum sections 4`)");
-    EXPECT_EQ(set("row.ipe", "HEA 200"),
-              "no such name in the list (0 to 17, see `kestrum sections 4`)");
+    EXPECT_TRUE(set("row.ipe", "IPE 401")
+                    .starts_with("no such name in the list (0 to 17, see `kestrum sections 4`); "
+                                 "did you mean IPE 400"));
+    EXPECT_TRUE(set("row.ipe", "nothing of the kind")
+                    .ends_with("in the list (0 to 17, see `kestrum sections 4`)"));
+    EXPECT_TRUE(set("row.ipe", "HEA 200").starts_with("no such name"));
     EXPECT_EQ(set("row.ipe", "99"), "not in the list (0 to 17, see `kestrum sections 4`)");
     EXPECT_EQ(set("row.uc", "UC 203x203x46"), "");
     EXPECT_EQ(RowName(DeliveredTables(), Table::uc, s.row[static_cast<std::size_t>(Table::uc)]),
@@ -107,10 +109,13 @@ TEST(Assign, EveryProfileIsFoundByItsName)
 TEST(Assign, TellsWhatAListOffers)
 {
     ProjectState s{};
-    EXPECT_EQ(Set(s, "supportcase", "7"), "not in the list (0 to 5)");
+    EXPECT_EQ(Set(s, "supportcase", "7"),
+              "not in the list (0 pinned-pinned, 1 pinned-fixed, 2 fixed-fixed, 3 springs, "
+              "4 cantilever, 5 pinned-spring)");
+    EXPECT_EQ(Set(s, "restraints", "7"), "not in the list (0 to 5)");
     EXPECT_EQ(Set(s, "family", "99"), "not in the list of `kestrum sections`");
-    EXPECT_EQ(Set(s, "p41.opn", "2"), "not in the list (1 or 3)");
-    EXPECT_EQ(Set(s, "annexcode", "no"),
+    EXPECT_EQ(Set(s, "p41.opn", "2"), "not in the list (1 class 1-2, 3 class 3)");
+    EXPECT_EQ(Set(s, "annexcode", "nowhere"),
               "no such annex; there are EU, NO, SW, DK, UK, FI, GE, NK and UD");
 }
 

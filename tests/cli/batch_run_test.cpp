@@ -68,8 +68,9 @@ TEST_F(BatchRun, ShowsItsProgressThroughAPipe)
     if (Shell("command -v script").exit != 0) {
         GTEST_SKIP() << "no program script to give it a terminal";
     }
-    Write("run.sh", "{ printf 'l\\n5\\n'; sleep 1; printf '6\\n'; } | " + kProgram +
-                        "batch - --quiet >out.csv\n");
+    Write("run.sh",
+          "{ printf 'l,nload[1],qload[1]\\n5,100,10\\n'; sleep 1; printf '6,100,10\\n'; } | " +
+              kProgram + "batch - --quiet >out.csv\n");
     const Said on = Shell("SHELL=/bin/sh script -qec 'sh run.sh' /dev/null");
     EXPECT_EQ(on.exit, 0);
     EXPECT_THAT(on.out, ContainsRegex("\r2 members, [0-9]+/s"));
@@ -195,7 +196,7 @@ TEST_F(BatchRun, AnswersOnOneLineWhateverTheInputHolds)
 
 TEST_F(BatchRun, LeavesAloneWhatIsNoAnswer)
 {
-    Write("t.csv", "l\n5\n");
+    Write("t.csv", "l,nload[1],qload[1]\n5,100,10\n");
     Write("o.csv", "answers of last week");
     Write("o.csv.part", "a letter\n");
     const Said said = Kestrum("batch t.csv --resume -o o.csv");
@@ -208,7 +209,7 @@ TEST_F(BatchRun, LeavesAloneWhatIsNoAnswer)
 TEST_F(BatchRun, LeavesOutWhatCannotBeRead)
 {
     Write("bad.csv", "lenght\n5\n");
-    Write("good.csv", "l\n5\n6\n");
+    Write("good.csv", "l,nload[1],qload[1]\n5,100,10\n6,100,10\n");
     const Said said = Kestrum("batch bad.csv good.csv");
     EXPECT_EQ(said.exit, 2);
     EXPECT_THAT(said.err, HasSubstr("kestrum: bad.csv:1: column \"lenght\": no such field"));
@@ -219,7 +220,7 @@ TEST_F(BatchRun, LeavesOutWhatCannotBeRead)
 TEST_F(BatchRun, KeepsLinkPermissionsAndProtection)
 {
     namespace fs = std::filesystem;
-    Write("t.csv", "l\n5\n");
+    Write("t.csv", "l,nload[1],qload[1]\n5,100,10\n");
     Write("real.csv", "old");
     fs::permissions(Path("real.csv"), fs::perms::owner_read | fs::perms::owner_write);
     fs::create_symlink("real.csv", Path("link.csv"));

@@ -38,7 +38,7 @@ TEST_F(DiagramCommand, RefusesWhatItCannotWrite)
 
 TEST_F(DiagramCommand, TellsAFailedCalculation)
 {
-    ASSERT_EQ(Kestrum("new -o b.dat --set nload[1]=1000000").exit, 0);
+    ASSERT_EQ(Kestrum("new -o b.dat --set nload[1]=1000000 qload[1]=10").exit, 0);
     const Said said = Kestrum("diagram b.dat -o b.svg");
     EXPECT_EQ(said.exit, 3);
     EXPECT_THAT(said.err, HasSubstr("Calculation Error"));

@@ -20,7 +20,7 @@ TEST_F(Edit, NewWritesTheDefaultProject)
 {
     ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
     const std::string bytes = Read("a.kst");
-    EXPECT_THAT(bytes, StartsWith("131\r\nProject\r\nTest\r\n\"EU\"\r\n"));
+    EXPECT_THAT(bytes, StartsWith("131\r\nProject\r\n\r\n\"EU\"\r\n"));
     EXPECT_EQ(Kestrum("new").out, bytes);
     const json state = json::parse(Kestrum("dump a.kst --inputs").out);
     EXPECT_EQ(state["family"], 1);
@@ -158,8 +158,55 @@ TEST_F(Edit, SetTellsWhatItBringsAlong)
     EXPECT_EQ(said.exit, 0);
     EXPECT_EQ(said.err, "kestrum: lz: set to 2 as well\nkestrum: webstiffa: set to 3000 as well\n");
     EXPECT_THAT(Kestrum("set a.kst bucklingcasez=3 lz=0.7").err, IsEmpty());
-    EXPECT_EQ(Kestrum("set a.kst ne=5").err,
-              "kestrum: ne: without effect, the member has loads (loadmode 1)\n");
+    EXPECT_EQ(Kestrum("set a.kst ne=5").err, "kestrum: loadmode: set to 0 (end forces) as well\n");
+}
+
+TEST_F(Edit, TakesNamesForNumbers)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --family ipe --set 'section=IPE 300' steel=S355 "
+                      "supportcase=cantilever annex=UK method=B qload[1]=4 qtype[1]=Q1")
+                  .exit,
+              0);
+    const json state = json::parse(Kestrum("dump a.kst --inputs").out);
+    EXPECT_EQ(state["family"], 4);
+    EXPECT_EQ(state["row.ipe"], 10);  // 80, 100 .. 300
+    EXPECT_EQ(state["fykindex"], 2);
+    EXPECT_EQ(state["supportcase"], 4);
+    EXPECT_EQ(state["annexcode"], "UK");
+    EXPECT_EQ(state["method"], 2);
+    EXPECT_EQ(state["qtype"][1], 1);
+    EXPECT_EQ(Kestrum("set a.kst 'section=HE 200 B'").err, "");
+    EXPECT_EQ(json::parse(Kestrum("dump a.kst --inputs").out)["family"], 2);
+    const Said wrong = Kestrum("set a.kst section='IPE 305'");
+    EXPECT_EQ(wrong.exit, 2);
+    EXPECT_THAT(wrong.err, HasSubstr("did you mean IPE 300"));
+}
+
+// Loads to look at are no loads of the engineer's member.
+TEST_F(Edit, ExampleLoadsGoWhenLoadsAreGiven)
+{
+    const Said loads = Kestrum("new -o a.kst --set qload[2]=7");
+    EXPECT_THAT(loads.err, HasSubstr("the example loads are left out, since loads are given"));
+    json state = json::parse(Kestrum("dump a.kst --inputs").out);
+    EXPECT_EQ(state["qload"], json::parse("[0, 0, 7, 0, 0]"));
+    EXPECT_EQ(state["nload"], json::parse("[0, 0, 0]"));
+    EXPECT_EQ(state["ident"], "");
+
+    const Said forces = Kestrum("new -o b.kst --set my2=9");
+    EXPECT_THAT(forces.err, HasSubstr("the example end forces are left out"));
+    EXPECT_THAT(forces.err, HasSubstr("loadmode: set to 0 (end forces) as well"));
+    state = json::parse(Kestrum("dump b.kst --inputs").out);
+    EXPECT_EQ(state["loadmode"], 0);
+    EXPECT_EQ(state["my2"], 9);
+    EXPECT_EQ(state["my1"], 0);
+    EXPECT_EQ(state["ne"], 0);
+
+    // The file of a loaded member has no end forces; none appear out of nothing.
+    ASSERT_EQ(Kestrum("set a.kst ne=3").exit, 0);
+    state = json::parse(Kestrum("dump a.kst --inputs").out);
+    EXPECT_EQ(state["ne"], 3);
+    EXPECT_EQ(state["my1"], 0);
+    EXPECT_EQ(Kestrum("new").err, "");
 }
 
 // The control that was switched off is the same when it is switched on again.

@@ -50,9 +50,9 @@ protected:
     FullDisk()
     {
         EXPECT_EQ(Kestrum("new -o p.kst").exit, 0);
-        std::string table = "ident,l\n";
+        std::string table = "ident,l,qload[1]\n";
         for (int i = 0; i < 300; ++i) {
-            table += "member " + std::to_string(i) + ",4\n";
+            table += "member " + std::to_string(i) + ",4,10\n";
         }
         Write("t.csv", table);
     }
@@ -147,9 +147,9 @@ TEST_F(CommandLine, ABatchOnAFullDiskIsTakenUpAgain)
     if (!disk.refusal().empty()) {
         GTEST_SKIP() << disk.refusal();
     }
-    std::string table = "l\n";
+    std::string table = "l,qload[1]\n";
     for (int i = 0; i < 3000; ++i) {
-        table += std::to_string(2 + i % 9) + "\n";
+        table += std::to_string(2 + i % 9) + ",10\n";
     }
     Write("t.csv", table);
     ASSERT_EQ(Kestrum("batch t.csv -o whole.csv").exit, 0);
