@@ -1,6 +1,7 @@
 #include "analysis/extremes.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/member_choices.h"
 
 #include <algorithm>
 #include <cmath>
@@ -185,7 +186,8 @@ void SetZeroCrossings(ProjectState& s)
 {
     s.x0my1 = s.x0my2 = s.x0mz1 = s.x0mz2 = 0;
     const bool restrained =
-        s.supportcase == 1 || s.supportcase == 2 || s.supportcase == 3 || s.supportcase == 5;
+        s.supportcase == SupportCase::pinned_fixed || s.supportcase == SupportCase::fixed ||
+        s.supportcase == SupportCase::springs || s.supportcase == SupportCase::pinned_spring;
     if (restrained) {
         s.x0my1 = ZeroCrossing(s.mydiag, 0, 25);
         s.x0my2 = ZeroCrossing(s.mydiag, 25, 49);

@@ -2,6 +2,7 @@
 
 #include "analysis/beam_formulas.h"
 #include "core/arithmetic_trap.h"
+#include "core/member_choices.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -67,15 +68,15 @@ Shares SharesOf(const Span& span)
     const double fixity = span.spring / 100.0;
     const double freedom = (100 - span.spring) / 100.0;
     switch (span.supportcase) {
-    case 1:
+    case SupportCase::pinned_fixed:
         return {1, {{{Beam::propped, 1}}}};
-    case 2:
+    case SupportCase::fixed:
         return {1, {{{Beam::fixed, 1}}}};
-    case 3:
+    case SupportCase::springs:
         return {2, {{{Beam::pinned, freedom}, {Beam::fixed, fixity}}}};
-    case 4:
+    case SupportCase::cantilever:
         return {1, {{{Beam::cantilever, 1}}}};
-    case 5:
+    case SupportCase::pinned_spring:
         return {2, {{{Beam::pinned, freedom}, {Beam::propped, fixity}}}};
     default:
         return {1, {{{Beam::pinned, 1}}}};
@@ -183,7 +184,7 @@ void Store(const Span& span, const Sums& sums, LoadLines& lines)
     std::transform(sums.msec.begin(), sums.msec.end(), lines.msec.begin(), F32);
     std::transform(sums.vsec.begin(), sums.vsec.end(), lines.vsec.begin(), F32);
     lines.d[0] = 0;
-    if (span.supportcase != 4) {
+    if (span.supportcase != SupportCase::cantilever) {
         lines.d[kLast] = 0;
     }
 }

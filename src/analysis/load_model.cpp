@@ -1,6 +1,7 @@
 #include "analysis/load_model.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/member_choices.h"
 
 #include <cstddef>
 
@@ -62,12 +63,12 @@ bool PointLoadStands(const ProjectState& s, std::size_t k)
     const float a = s.pmx[k];
     const bool force = s.pmkind[k] == 0;
     switch (s.supportcase) {
-    case 1:
-    case 5:
+    case SupportCase::pinned_fixed:
+    case SupportCase::pinned_spring:
         return (!force || a != 0) && a < s.l;
-    case 2:
+    case SupportCase::fixed:
         return a != 0 && a < s.l;
-    case 4:
+    case SupportCase::cantilever:
         return a != 0 && a <= s.l;
     default:
         return force ? a != 0 && a < s.l : a <= s.l;

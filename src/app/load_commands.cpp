@@ -2,6 +2,7 @@
 
 #include "analysis/load_model.h"
 #include "core/load_combination.h"
+#include "core/member_choices.h"
 
 namespace kestrum {
 
@@ -40,7 +41,7 @@ void OpenEndForces(Session& session)
 
 void OpenEndForcesFromMenu(Session& session)
 {
-    session.edit().supportcase = 0;
+    session.edit().supportcase = SupportCase::pinned;
     OpenEndForces(session);
 }
 

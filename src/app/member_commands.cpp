@@ -5,6 +5,7 @@
 #include "core/arithmetic_trap.h"
 #include "core/load_combination.h"
 #include "core/material.h"
+#include "core/member_choices.h"
 #include "sections/families.h"
 #include "service/vortex.h"
 
@@ -40,7 +41,7 @@ void ChooseSupport(Session& session, int supportcase)
 
 bool SpringShown(const ProjectState& s)
 {
-    return s.supportcase == 3 || s.supportcase == 5;
+    return s.supportcase == SupportCase::springs || s.supportcase == SupportCase::pinned_spring;
 }
 
 void ChooseBucklingCase(Session& session, Axis axis, int choice)
@@ -125,8 +126,8 @@ void ChooseLateralCase(Session& session, int ltbcase)
 
 bool LateralCaseOffered(const ProjectState& s, int ltbcase)
 {
-    constexpr int kCantilever = 4, kHeldEnd = 2;
-    return s.supportcase != kCantilever || ltbcase <= kHeldEnd || ltbcase == s.ltbcase;
+    constexpr int kHeldEnd = 2;
+    return s.supportcase != SupportCase::cantilever || ltbcase <= kHeldEnd || ltbcase == s.ltbcase;
 }
 
 void ChooseRestraints(Session& session, int restraints)
@@ -173,7 +174,7 @@ bool LateralCurveForced(const ProjectState& s)
 void OpenVipping(Session& session)
 {
     if (LateralCurveForced(session.state())) {
-        session.edit().ltbcurve = 2;
+        session.edit().ltbcurve = LtbCurve::general;
     }
     session.Calculate();
 }

@@ -1,14 +1,13 @@
 #include "engine/csection.h"
 
 #include "core/material.h"
+#include "core/member_choices.h"
 #include "engine/family_routines.h"
 #include "sections/families.h"
 
 namespace kestrum {
 
 namespace {
-
-constexpr i16 kGeneralCurve = 2;
 
 void SetLateralBuckling(ProjectState& s, LateralBuckling lateral)
 {
@@ -22,7 +21,7 @@ void SetLateralBuckling(ProjectState& s, LateralBuckling lateral)
         s.ltbavail = kTrue;
     }
     if (lateral != LateralBuckling::on) {
-        s.ltbcurve = kGeneralCurve;
+        s.ltbcurve = LtbCurve::general;
     }
 }
 

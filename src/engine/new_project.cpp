@@ -2,6 +2,7 @@
 
 #include "core/annexes.h"
 #include "core/load_combination.h"
+#include "core/member_choices.h"
 #include "core/setup_file.h"
 #include "engine/calculate.h"
 #include "sections/readprofiles.h"
@@ -20,7 +21,7 @@ void ResetMember(ProjectState& s)
     s.projname = "Project";
     s.ident = "Test";
     s.l = 5;
-    s.supportcase = 0;
+    s.supportcase = SupportCase::pinned;
     s.spring = 50;
     s.endstiff = 0;
     s.webstiff = 0;
@@ -46,7 +47,7 @@ void ResetLateralBuckling(ProjectState& s)
     s.beampart = 0;
     s.cmanual = kFalse;
     s.c1alt = kFalse;
-    s.ltbcurve = 3;
+    s.ltbcurve = LtbCurve::rolled;
     s.c1 = 1;
     s.c2 = 1;
     s.c3 = 1;

@@ -3,6 +3,7 @@
 #include "analysis/extremes.h"
 #include "core/annexes.h"
 #include "core/load_combination.h"
+#include "core/member_choices.h"
 #include "report/design_note_facts.h"
 #include "report/design_note_trial.h"
 #include "sections/families.h"
@@ -21,8 +22,7 @@ namespace {
 // Whether the moment at an end would be larger in size by elastic analysis.
 bool SpringSupportHidesMoment(const ProjectState& s)
 {
-    constexpr int kSprings = 3;
-    if (s.loadmode != 1 || s.supportcase != kSprings) {
+    if (s.loadmode != 1 || s.supportcase != SupportCase::springs) {
         return false;
     }
     const LoadFactors f = StrengthFactors(s, StrengthCombination(s));
@@ -109,8 +109,8 @@ bool ExtremesBetweenCheckSections(const ProjectState& s)
 
 bool ModalMassIsIncomplete(const ProjectState& s)
 {
-    constexpr int kPinnedSpring = 5;
-    if (s.modal != 1 || s.modalmass == 0 || s.supportcase == 3 || s.supportcase >= kPinnedSpring) {
+    if (s.modal != 1 || s.modalmass == 0 || s.supportcase == SupportCase::springs ||
+        s.supportcase >= SupportCase::pinned_spring) {
         return false;
     }
     const bool uplift =

@@ -1,6 +1,7 @@
 // Notes on lateral torsional buckling.
 
 #include "core/annexes.h"
+#include "core/member_choices.h"
 #include "report/design_note_facts.h"
 #include "report/design_note_trial.h"
 #include "report/design_note_welded.h"
@@ -17,9 +18,6 @@ namespace kestrum {
 
 namespace {
 
-constexpr i16 kRolledCurve = 3;
-constexpr i16 kCantilever = 4;
-
 bool WholeMember(const ProjectState& s)
 {
     return s.loadmode == 1 && s.restraints == 0;
@@ -29,7 +27,7 @@ bool WholeMember(const ProjectState& s)
 double DownwardLoad(const ProjectState& s)
 {
     const double first = s.vzdiag.front();
-    return s.supportcase == kCantilever ? -first : first - s.vzdiag.back();
+    return s.supportcase == SupportCase::cantilever ? -first : first - s.vzdiag.back();
 }
 
 // The point of the diagram at the end of the given one of the equal parts.
@@ -43,8 +41,8 @@ bool ShapeOfMomentsCounts(const ProjectState& s)
 {
     const double mcr = s.mcr / s.ltc1;
     const bool top = s.mydesignf > 0;
-    const LtReduction uniform =
-        s.ltbcurve == kRolledCurve ? LtCurveRolled(s, mcr, 1.0F, top) : LtCurveGeneral(s, mcr, top);
+    const LtReduction uniform = s.ltbcurve == LtbCurve::rolled ? LtCurveRolled(s, mcr, 1.0F, top)
+                                                               : LtCurveGeneral(s, mcr, top);
     return uniform.xlt < (1 - 1e-6) * s.xlt;
 }
 
@@ -73,7 +71,8 @@ bool LoadLowersTheSegment(const ProjectState& s)
 // A moment on an end of a pinned member that bends like the largest one and so fills the line.
 bool MomentsOnPinnedEnds(const ProjectState& s)
 {
-    return s.supportcase == 0 && (s.my0 * s.mydesign > 0 || s.myl * s.mydesign > 0);
+    return s.supportcase == SupportCase::pinned &&
+           (s.my0 * s.mydesign > 0 || s.myl * s.mydesign > 0);
 }
 
 // chi_LT,mod with kc = 0.90, Table 6.6 for fixed ends under uniform load, lies below ours.
@@ -87,7 +86,7 @@ bool TableOfKcGivesLess(const ProjectState& s)
 
 bool RolledCurveInUse(const ProjectState& s)
 {
-    return LateralControlled(s) && s.ltbcurve == kRolledCurve && !Is(s, Kind::flat) &&
+    return LateralControlled(s) && s.ltbcurve == LtbCurve::rolled && !Is(s, Kind::flat) &&
            !Is(s, Kind::plate);
 }
 
@@ -120,7 +119,7 @@ bool WeldedParametersGiveLess(const ProjectState& s)
 // Iw/(G It L^2)) up to 4 (beam elements, built in against warping).
 bool CantileverMomentIsHigh(const ProjectState& s)
 {
-    if (s.supportcase != kCantilever || !LateralControlled(s) || !WholeMember(s) ||
+    if (s.supportcase != SupportCase::cantilever || !LateralControlled(s) || !WholeMember(s) ||
         Is(s, Kind::plate) || s.cmanual != kFalse || !(s.ltbk < 2) || !(s.xlt < 1)) {
         return false;
     }
@@ -168,7 +167,8 @@ constexpr NoteRule kLateral[] = {
     {"D211",
      [](const ProjectState& s) {
          return LateralControlled(s) && WholeMember(s) && s.cmanual == kFalse &&
-                s.supportcase != kCantilever && s.ltbk > 1 && FactorsOfUniformLengthAreWorse(s);
+                s.supportcase != SupportCase::cantilever && s.ltbk > 1 &&
+                FactorsOfUniformLengthAreWorse(s);
      },
      "The C factors of lateral torsional buckling are extrapolated beyond k = 1; those of k = 1 "
      "give a higher ratio. Check them, or enter them by hand."},
@@ -217,8 +217,8 @@ constexpr NoteRule kLateral[] = {
     {"D235",
      [](const ProjectState& s) {
          return RolledCurveInUse(s) && WholeMember(s) && s.mycurved == kTrue &&
-                s.supportcase != 0 && s.supportcase != 4 && s.cmanual == kFalse &&
-                s.annexindex != kAnnexUk && TableOfKcGivesLess(s);
+                s.supportcase != SupportCase::pinned && s.supportcase != SupportCase::cantilever &&
+                s.cmanual == kFalse && s.annexindex != kAnnexUk && TableOfKcGivesLess(s);
      },
      "kc of the reduction for lateral torsional buckling is 1/sqrt(C1); Table 6.6 gives a higher "
      "one for fixed ends under uniform load."},

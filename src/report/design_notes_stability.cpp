@@ -1,5 +1,6 @@
 #include "core/annexes.h"
 #include "core/load_combination.h"
+#include "core/member_choices.h"
 #include "report/design_note_facts.h"
 #include "report/design_note_trial.h"
 #include "report/design_notes.h"
@@ -15,8 +16,6 @@
 namespace kestrum {
 
 namespace {
-
-constexpr i16 kAnnexA = 1, kAnnexB = 2;
 
 bool HasMoment(const ProjectState& s)
 {
@@ -98,10 +97,9 @@ bool StrengthDeflectionIsWorse(const ProjectState& s)
 // A cantilever in compression with a buckling length below twice its own.
 bool CantileverLengthIsShort(const ProjectState& s)
 {
-    constexpr i16 kCantilever = 4;
     const bool y = BucklesAboutY(s) && s.ly < 2, z = BucklesAboutZ(s) && s.lz < 2;
-    return s.supportcase == kCantilever && s.loadmode == 1 && s.ned > 0 && StagesOf(s).axial &&
-           (y || z);
+    return s.supportcase == SupportCase::cantilever && s.loadmode == 1 && s.ned > 0 &&
+           StagesOf(s).axial && (y || z);
 }
 
 // The elastic or plastic column by the worst class of all actions.
@@ -166,28 +164,29 @@ constexpr NoteRule kStability[] = {
     {"D208",
      [](const ProjectState& s) {
          const TorsionalForces own = OwnTorsionalForces(s);
-         return Interacts(s) && s.method == kAnnexA && s.openprofile == kTrue && s.ned > 0 &&
-                own.ncrtf == kNeverGoverns && s.mydesign != 0 && TorsionRaisesAnnexA(s, own.ncrt);
+         return Interacts(s) && s.method == Method::annex_a && s.openprofile == kTrue &&
+                s.ned > 0 && own.ncrtf == kNeverGoverns && s.mydesign != 0 &&
+                TorsionRaisesAnnexA(s, own.ncrt);
      },
      "The interaction factors of Annex A leave the torsional critical force of the section out and "
      "come out too low."},
     {"D209",
      [](const ProjectState& s) {
-         return Interacts(s) && Is(s, Kind::i_single) && s.method == kAnnexA && s.ned > 0 &&
+         return Interacts(s) && Is(s, Kind::i_single) && s.method == Method::annex_a && s.ned > 0 &&
                 s.mydesign != 0 && TorsionRaisesAnnexA(s, CoupledAboutZ(s));
      },
      "The torsional-flexural critical force couples with buckling about y instead of z and is too "
      "high in the factors of Annex A."},
     {"D217",
      [](const ProjectState& s) {
-         return Interacts(s) && s.method == kAnnexA && s.loadmode == 1 && s.ned > 0 &&
+         return Interacts(s) && s.method == Method::annex_a && s.loadmode == 1 && s.ned > 0 &&
                 DeflectionOfOtherLoads(s) && StrengthDeflectionIsWorse(s);
      },
      "The moment factor of Annex A combines the serviceability deflection with the strength moment "
      "and comes out too low."},
     {"D218",
      [](const ProjectState& s) {
-         return Interacts(s) && s.method == kAnnexA && s.ned > 0 && WorstClass(s) > 2 &&
+         return Interacts(s) && s.method == Method::annex_a && s.ned > 0 && WorstClass(s) > 2 &&
                 ((s.mydesign != 0 && s.classmy <= 2) || (s.mzdesign != 0 && s.classmz <= 2)) &&
                 ColumnOfTheSectionIsWorse(s);
      },
@@ -195,7 +194,7 @@ constexpr NoteRule kStability[] = {
      "the section into class 3 or 4."},
     {"D221",
      [](const ProjectState& s) {
-         return Interacts(s) && s.method == kAnnexB && s.loadmode == 1 &&
+         return Interacts(s) && s.method == Method::annex_b && s.loadmode == 1 &&
                 (EndMomentsDiffer(s.mydesign, s.my0, s.myl, s.mylinear) ||
                  EndMomentsDiffer(s.mzdesign, s.mz0, s.mzl, s.mzlinear)) &&
                 LargerEndMomentIsWorse(s);
@@ -204,21 +203,21 @@ constexpr NoteRule kStability[] = {
      "gives more."},
     {"D222",
      [](const ProjectState& s) {
-         return Interacts(s) && s.method == kAnnexB && s.loadmode != 1 &&
+         return Interacts(s) && s.method == Method::annex_b && s.loadmode != 1 &&
                 ((s.mydesign != 0 && s.psiy > 0) || (s.mzdesign != 0 && s.psiz > 0));
      },
      "The moment factors of Annex B are 0.6 for any end moments; Table B.3 gives up to 1.0."},
     {"D223",
      [](const ProjectState& s) {
-         return Interacts(s) && s.method == kAnnexB && s.classmy <= 2 && WorstClass(s) > 2 &&
-                ColumnOfTheSectionIsWorse(s);
+         return Interacts(s) && s.method == Method::annex_b && s.classmy <= 2 &&
+                WorstClass(s) > 2 && ColumnOfTheSectionIsWorse(s);
      },
      "Annex B takes the plastic column by the class of My although another action puts the section "
      "into class 3 or 4."},
     {"D224",
      [](const ProjectState& s) {
-         return Interacts(s) && Is(s, Kind::i_single) && s.method == kAnnexB && s.classmy <= 2 &&
-                s.mzdesign != 0 && s.kzz < (1 - 1e-6) * PlasticKzz(s);
+         return Interacts(s) && Is(s, Kind::i_single) && s.method == Method::annex_b &&
+                s.classmy <= 2 && s.mzdesign != 0 && s.kzz < (1 - 1e-6) * PlasticKzz(s);
      },
      "The factors of Mz, kyz and kzz, are not set anew for this section in class 1 and 2 and are "
      "below those of Table B.1; choose Annex A."},
@@ -226,7 +225,7 @@ constexpr NoteRule kStability[] = {
      "Lateral torsional buckling of angles is not checked."},
     {"D228",
      [](const ProjectState& s) {
-         return Interacts(s) && s.method == kAnnexA && s.ned > 0 && s.ltb != 1 &&
+         return Interacts(s) && s.method == Method::annex_a && s.ned > 0 && s.ltb != 1 &&
                 TorsionRaisesAnnexA(s, OwnTorsionalForces(s).ncrtf);
      },
      "Without a control of lateral torsional buckling the calculation does not know the torsional "

@@ -1,5 +1,6 @@
 #include "report/detailed_table.h"
 
+#include "core/member_choices.h"
 #include "core/number_format.h"
 #include "report/stages.h"
 
@@ -65,7 +66,7 @@ void AddShape(RowList& table, const ProjectState& s)
 void AddLateral(RowList& table, const ProjectState& s, const StagesRun& run)
 {
     constexpr std::string_view kReduction = " Ch 6.3.2.3";
-    const bool annex_a = run.interaction && s.method == 1;
+    const bool annex_a = run.interaction && s.method == Method::annex_a;
     table.Heading(" Lateral Buckling Factors");
     table.Number(run.lateral, " Mcr", s.mcr / 1e6, " kNm", "", "0.000");  // Nmm to kNm
     table.Number(run.lateral, " C1", s.ltc1, "", " (Mcr)", "0.000");
@@ -94,7 +95,7 @@ void AddBuckling(RowList& table, const ProjectState& s, const StagesRun& run)
 
 void AddInteraction(RowList& table, const ProjectState& s, const StagesRun& run)
 {
-    const bool annex_a = s.method == 1;
+    const bool annex_a = s.method == Method::annex_a;
     const std::string_view method = annex_a ? " Method 1" : " Method 2";
     const auto add = [&](std::string_view parameter, auto value) {
         table.Number(run.interaction, parameter, value, "", method);

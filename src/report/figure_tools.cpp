@@ -1,5 +1,7 @@
 #include "report/figure_tools.h"
 
+#include "core/member_choices.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -201,15 +203,15 @@ void AddSupport(Drawing& d, Point at, Support support, double side, double size)
 EndSupports SupportsOf(int supportcase)
 {
     switch (supportcase) {
-    case 1:
+    case SupportCase::pinned_fixed:
         return {Support::pinned, Support::fixed};
-    case 2:
+    case SupportCase::fixed:
         return {Support::fixed, Support::fixed};
-    case 3:
+    case SupportCase::springs:
         return {Support::spring, Support::spring};
-    case 4:
+    case SupportCase::cantilever:
         return {Support::fixed, Support::none};
-    case 5:
+    case SupportCase::pinned_spring:
         return {Support::pinned, Support::spring};
     default:
         return {Support::pinned, Support::roller};

@@ -1,6 +1,7 @@
 #include "report/kept_values.h"
 
 #include "core/annexes.h"
+#include "core/member_choices.h"
 #include "report/design_note_facts.h"
 #include "report/stages.h"
 #include "sections/families.h"
@@ -10,8 +11,6 @@
 namespace kestrum {
 
 namespace {
-
-constexpr i16 kAnnexB = 2;
 
 // Ncr,T and Ncr,TF of another length than the member's own (D228).
 bool TorsionOfAnotherLength(const ProjectState& s)
@@ -33,7 +32,7 @@ bool CurveOfAnotherSection(const ProjectState& s)
 // kzz and kyz of the single-symmetric I in class 1 and 2 (D224); after a start they are 0.
 bool FactorOfAnotherMember(const ProjectState& s)
 {
-    return Is(s, Kind::i_single) && StagesOf(s).interaction && s.method == kAnnexB &&
+    return Is(s, Kind::i_single) && StagesOf(s).interaction && s.method == Method::annex_b &&
            s.classmy <= 2 && s.mzdesign != 0 && s.kzz != 0;
 }
 

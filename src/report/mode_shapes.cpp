@@ -1,5 +1,6 @@
 #include "report/mode_shapes.h"
 
+#include "core/member_choices.h"
 #include "report/figure_tools.h"
 
 #include <algorithm>
@@ -33,13 +34,13 @@ double FromFixedEnd(double root, bool free, double x)
 double Unscaled(int supportcase, std::size_t mode, double x)
 {
     switch (supportcase) {
-    case 0:
+    case SupportCase::pinned:
         return std::sin(static_cast<double>(mode + 1) * std::numbers::pi * x);
-    case 1:  // fixed at the far end
+    case SupportCase::pinned_fixed:  // fixed at the far end
         return FromFixedEnd(kFixedPinned[mode], false, 1 - x);
-    case 2:
+    case SupportCase::fixed:
         return FromFixedEnd(kFixedFixed[mode], false, x);
-    case 4:
+    case SupportCase::cantilever:
         return FromFixedEnd(kCantilever[mode], true, x);
     default:
         return 0;

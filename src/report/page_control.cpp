@@ -1,4 +1,5 @@
 #include "core/annexes.h"
+#include "core/member_choices.h"
 #include "core/number_format.h"
 #include "report/member_drawing.h"
 #include "report/page_diagrams.h"
@@ -18,6 +19,11 @@
 namespace kestrum {
 
 namespace {
+
+bool HasSprings(const ProjectState& s)
+{
+    return s.supportcase == SupportCase::springs || s.supportcase == SupportCase::pinned_spring;
+}
 
 constexpr double kGap = 3;  // mm between columns
 constexpr std::string_view kNotApplicable = "N/A";
@@ -124,8 +130,7 @@ void Geometry(PageWriter& page, const ProjectState& s, double right)
     const double scale = std::min(1.0, (right - kPageLeft) / member.width);
     page.Picture(member, {kPageLeft, page.y() + 1}, scale);
     page.MoveTo(page.y() + 1 + member.height * scale + kPageRow);
-    constexpr int kSprings = 3, kOneSpring = 5;
-    if (s.supportcase == kSprings || s.supportcase == kOneSpring) {
+    if (HasSprings(s)) {
         page.Write(kPageLeft,
                    "Spring restraint: " + FormatNum(static_cast<float>(s.spring), "00") + "%", {},
                    right);
@@ -348,8 +353,7 @@ void Modal(PageWriter& page, const ProjectState& s)
     const double x = page.WriteBold(kPageLeft, "Modal analysis:");
     page.Write(x, " (Selfweigth + q-loads)");
     page.Row();
-    constexpr int kSprings = 3, kOneSpring = 5;
-    if (s.supportcase == kSprings || s.supportcase == kOneSpring) {
+    if (HasSprings(s)) {
         page.Write(kPageLeft, " Modal analysis not possible for spring supports ");
         page.Row();
         return;

@@ -1,5 +1,6 @@
 #include "report/stages.h"
 
+#include "core/member_choices.h"
 #include "engine/family_routines.h"
 #include "stability/buckling_control.h"
 #include "stability/buckling_rows.h"
@@ -53,7 +54,7 @@ StagesRun StagesOf(const ProjectState& s)
     run.axial = buckling != BucklingControlPlate;
     run.lateral = bends_sideways && s.ltb == 1;
     run.interaction = Interacts(s, buckling);
-    run.uniform = run.interaction && bends_sideways && s.method == 1;
+    run.uniform = run.interaction && bends_sideways && s.method == Method::annex_a;
     return run;
 }
 

@@ -1,6 +1,7 @@
 #include "service/modal.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/member_choices.h"
 #include "core/number_format.h"
 
 #include <array>
@@ -21,13 +22,13 @@ const Constants* ConstantsOf(int supportcase)
     static constexpr Constants kFixed{3.56, 9.82, 19.2};
     static constexpr Constants kCantilever{0.56, 3.51, 9.82};
     switch (supportcase) {
-    case 0:
+    case SupportCase::pinned:
         return &kPinned;
-    case 1:
+    case SupportCase::pinned_fixed:
         return &kPropped;
-    case 2:
+    case SupportCase::fixed:
         return &kFixed;
-    case 4:
+    case SupportCase::cantilever:
         return &kCantilever;
     default:
         return nullptr;
@@ -39,9 +40,8 @@ const Constants* ConstantsOf(int supportcase)
 void CalcModal(ProjectState& s)
 {
     constexpr double kMassOfLoad = 102;  // kg/m in 1 kN/m, D252
-    constexpr int kSpringBothEnds = 3;
     const Constants* constants = ConstantsOf(s.supportcase);
-    if (constants == nullptr && s.supportcase != kSpringBothEnds) {
+    if (constants == nullptr && s.supportcase != SupportCase::springs) {
         return;
     }
     double load = 0;  // kN/m

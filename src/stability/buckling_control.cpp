@@ -1,6 +1,7 @@
 #include "stability/buckling_control.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/member_choices.h"
 #include "stability/buckling_curves.h"
 #include "stability/buckling_resistance.h"
 #include "stability/buckling_rows.h"
@@ -79,7 +80,7 @@ bool MayIgnoreBucklingAboutV(const ProjectState& s)
 // kyy .. kzz; false when the axial force is above an elastic critical force.
 bool InteractionFactors(ProjectState& s, bool lateral)
 {
-    if (s.method != 1) {
+    if (s.method != Method::annex_a) {
         if (s.loadmode == 1) {
             CmAnnexBLoads(s);
         } else {
@@ -103,7 +104,7 @@ bool InteractionFactors(ProjectState& s, bool lateral)
 // kyy .. kzz and kvv, kvu of an angle.
 bool AngleFactors(ProjectState& s)
 {
-    if (s.method == 1) {
+    if (s.method == Method::annex_a) {
         s.lam0 = 1.0f;  // D226
     }
     if (!InteractionFactors(s, false)) {
@@ -114,7 +115,7 @@ bool AngleFactors(ProjectState& s)
     } else {
         CmAngleForces(s);
     }
-    if (s.method == 1) {
+    if (s.method == Method::annex_a) {
         KAngleAnnexA(s);
     } else {
         KAngleAnnexB(s);

@@ -1,6 +1,7 @@
 #include "stability/cvipping.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/member_choices.h"
 #include "design/p51bas_plate.h"
 #include "sections/families.h"
 #include "stability/constants.h"
@@ -139,7 +140,7 @@ double AlphaRolled(const ProjectState& s, bool top)
 
 LtReduction Curve(const ProjectState& s, double mcr, float kc, bool top)
 {
-    if (Is(s, Kind::plate) || s.ltbcurve != 3) {
+    if (Is(s, Kind::plate) || s.ltbcurve != LtbCurve::rolled) {
         return LtCurveGeneral(s, mcr, top);
     }
     return LtCurveRolled(s, mcr, kc, top);

@@ -1,5 +1,7 @@
 #include "stability/lt_factors.h"
 
+#include "core/member_choices.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -61,17 +63,17 @@ CFactors BySupport(const ProjectState& s)
     const CFactors spring = AtLength(curved ? kPinnedQ : kSpringPinnedP, k);
 
     switch (s.supportcase) {
-    case 0:
+    case SupportCase::pinned:
         return pinned;
-    case 1:
+    case SupportCase::pinned_fixed:
         return Mix(0.5, pinned, fixed);
-    case 2:
+    case SupportCase::fixed:
         return fixed;
-    case 3:
+    case SupportCase::springs:
         return Mix(stiffness, fixed, spring);
-    case 4:
+    case SupportCase::cantilever:
         return Cantilever(s);
-    case 5:
+    case SupportCase::pinned_spring:
         return Mix(stiffness, Mix(0.5, pinned, fixed), spring);
     default:
         return {};

@@ -2,6 +2,7 @@
 #include "app/setup_commands.h"
 #include "app/view_member.h"
 #include "core/load_combination.h"
+#include "core/member_choices.h"
 #include "sections/load_library.h"
 #include "ui/combination_widgets.h"
 #include "ui/forms.h"
@@ -97,12 +98,12 @@ QGroupBox* MethodGroup(Binder& bind)
     QVBoxLayout* const column = ColumnOf(group);
     column->addWidget(bind.Option(
         QStringLiteral("rbtnMethod1"), QObject::tr("Method 1 (Annex A)"),
-        [](const ProjectState& s) { return s.method == 1; },
-        [](Session& session) { ChooseMethod(session, 1); }));
+        [](const ProjectState& s) { return s.method == Method::annex_a; },
+        [](Session& session) { ChooseMethod(session, Method::annex_a); }));
     column->addWidget(bind.Option(
         QStringLiteral("rbtnMethod2"), QObject::tr("Method 2 (Annex B)"),
-        [](const ProjectState& s) { return s.method == 2; },
-        [](Session& session) { ChooseMethod(session, 2); }));
+        [](const ProjectState& s) { return s.method == Method::annex_b; },
+        [](Session& session) { ChooseMethod(session, Method::annex_b); }));
     column->addWidget(FaintLabel(QStringLiteral(" Valid for Double Symmetric Profiles ")));
     column->addStretch(1);
     return group;

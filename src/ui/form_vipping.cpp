@@ -1,5 +1,6 @@
 #include "app/member_commands.h"
 #include "app/view_member.h"
+#include "core/member_choices.h"
 #include "report/choice_pictures.h"
 #include "ui/forms.h"
 #include "ui/text.h"
@@ -45,12 +46,12 @@ QGroupBox* CurveGroup(Binder& bind)
     QVBoxLayout* const column = ColumnOf(group);
     QRadioButton* const general = bind.Option(
         QStringLiteral("Curve2"), QStringLiteral("General Case (conservative, ch 6.3.2.2)"),
-        [](const ProjectState& s) { return s.ltbcurve == 2; },
-        [](Session& session) { ChooseLateralCurve(session, 2); });
+        [](const ProjectState& s) { return s.ltbcurve == LtbCurve::general; },
+        [](Session& session) { ChooseLateralCurve(session, LtbCurve::general); });
     QRadioButton* const rolled = bind.Option(
         QStringLiteral("Curve3"), QStringLiteral("Rolled or welded I-sections (ch 6.3.2.3)"),
-        [](const ProjectState& s) { return s.ltbcurve == 3; },
-        [](Session& session) { ChooseLateralCurve(session, 3); });
+        [](const ProjectState& s) { return s.ltbcurve == LtbCurve::rolled; },
+        [](Session& session) { ChooseLateralCurve(session, LtbCurve::rolled); });
     bind.EnableWhen(rolled, [](const ProjectState& s) { return !LateralCurveForced(s); });
     column->addWidget(general);
     column->addWidget(rolled);
