@@ -52,22 +52,22 @@ constexpr FamilyTraits kUnknown =
      .carries = kAllActions, .design = kNoRules, .strouhal = Strouhal::none};
 // clang-format on
 
-// Place of a number in the table from 1; 0 where it has none.
-constexpr auto kPlaces = [] {
-    std::array<std::uint8_t, 256> places{};
-    for (std::size_t i = 0; i < std::size(kFamilies); ++i) {
-        places.at(static_cast<std::size_t>(kFamilies[i].id)) = static_cast<std::uint8_t>(i + 1);
+constexpr auto kRows = [] {
+    std::array<const FamilyTraits*, 256> rows{};
+    rows.fill(&kUnknown);
+    rows.at(static_cast<std::size_t>(kReserved.id)) = &kReserved;
+    for (const FamilyTraits& family : kFamilies) {
+        rows.at(static_cast<std::size_t>(family.id)) = &family;
     }
-    return places;
+    return rows;
 }();
 
 // A number serves one family only, a section has its properties, and a series its field.
 constexpr bool Complete()
 {
     for (const FamilyTraits& f : kFamilies) {
-        const FamilyTraits& found = kFamilies[kPlaces[static_cast<std::size_t>(f.id)] - 1];
-        if (&found != &f || f.kind == Kind::none || f.properties == nullptr ||
-            (f.tables.size() > 1) != (f.series != nullptr) ||
+        if (kRows[static_cast<std::size_t>(f.id)] != &f || f.kind == Kind::none ||
+            f.properties == nullptr || (f.tables.size() > 1) != (f.series != nullptr) ||
             (f.input == Input::dimensions) != f.tables.empty()) {
             return false;
         }
@@ -77,6 +77,8 @@ constexpr bool Complete()
 static_assert(Complete());
 
 }  // namespace
+
+constinit const std::array<const FamilyTraits*, 256> kRowOf = kRows;
 
 std::span<const FamilyTraits> Families()
 {
@@ -89,16 +91,6 @@ std::vector<int> FamilyNumbers()
     std::ranges::transform(kFamilies, std::back_inserter(numbers), &FamilyTraits::id);
     std::ranges::sort(numbers);
     return numbers;
-}
-
-const FamilyTraits& TraitsOf(int family)
-{
-    if (family == kReserved.id) {
-        return kReserved;
-    }
-    const auto at = static_cast<std::size_t>(family);  // negative ones lie beyond
-    const std::size_t place = at < kPlaces.size() ? kPlaces[at] : 0;
-    return place == 0 ? kUnknown : kFamilies[place - 1];
 }
 
 const FamilyTraits* FindFamily(int id)

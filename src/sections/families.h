@@ -9,6 +9,8 @@
 
 #include "core/library.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -212,8 +214,15 @@ std::vector<int> FamilyNumbers();
 // Null for a number without a family; 55 is known, with no input.
 const FamilyTraits* FindFamily(int id);
 
+// Rows by number; every pass asks many times.
+extern const std::array<const FamilyTraits*, 256> kRowOf;
+
 // The row of the number; one of kind `none` for a number without a family.
-const FamilyTraits& TraitsOf(int family);
+inline const FamilyTraits& TraitsOf(int family)
+{
+    const auto at = static_cast<std::size_t>(family);  // negative ones lie beyond
+    return *kRowOf[at < kRowOf.size() ? at : 0];
+}
 
 inline const FamilyTraits& Traits(const ProjectState& s)
 {
