@@ -76,9 +76,12 @@ Owner OwnerOf(const Field& field)
 {
     const std::string_view form = field.name.substr(0, field.name.find('.'));
     if (const auto table = TableOfField(field.name)) {
-        const NamedFamily owner = FamilyOfTable(*table);
-        const i16 family = static_cast<i16>(owner.family);
-        return {{family, family}, static_cast<i16>(owner.series)};
+        Owner owner = OwnerWhere([table](const FamilyTraits& family) {
+            const auto& own = family.tables;
+            return std::find(own.begin(), own.end(), *table) != own.end();
+        });
+        owner.series = static_cast<i16>(FamilyOfTable(*table).series);
+        return owner;
     }
     if (form != field.name) {
         const Owner owner =

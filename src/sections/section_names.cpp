@@ -217,7 +217,9 @@ NamedFamily FamilyOfTable(Table table)
 {
     static const std::array<NamedFamily, kTables> kOwners = [] {
         std::array<NamedFamily, kTables> owners{};
-        for (const FamilyTraits& info : Families()) {
+        const auto families = Families();  // from the last, so that the first of several stays
+        for (auto at = families.rbegin(); at != families.rend(); ++at) {
+            const FamilyTraits& info = *at;
             for (std::size_t i = 0; i < info.tables.size(); ++i) {
                 const bool series = info.input == SectionInput::series;
                 owners[static_cast<std::size_t>(info.tables[i])] = {
