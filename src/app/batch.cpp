@@ -5,6 +5,7 @@
 #include "app/view_section.h"
 #include "core/file_io.h"
 #include "core/project_file.h"
+#include "core/utf8_text.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "report/state_json.h"
@@ -34,15 +35,6 @@ template <class T> void AppendNumber(std::string& out, T value)
     std::array<char, 40> digits;
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
     out.append(digits.data(), end.ptr);
-}
-
-// A name or message may quote what stands in the input, line ends and all.
-std::string OnOneLine(std::string text)
-{
-    std::replace_if(
-        text.begin(), text.end(),
-        [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
-    return text;
 }
 
 // Takes a text off the front of an answer line: plain, or in quotes with every quote
@@ -114,9 +106,10 @@ std::string AnswerForm::Find(Item& item) const
 }
 
 std::string AnswerForm::Choose(TableForm form, const std::vector<std::string>& names,
-                               const Library* library)
+                               const Library* library, CsvTexts texts)
 {
     form_ = form;
+    texts_ = texts;
     library_ = library;
     items_.clear();
     for (const std::string& name : names) {
@@ -171,7 +164,7 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
         if (json) {
             out.append(JsonText(value));
         } else {
-            AppendCell(out, value);
+            AppendCell(out, value, texts_);
         }
     };
     switch (item.special) {
@@ -217,7 +210,7 @@ void AnswerForm::AppendLine(std::string& out, std::string_view member, const Pro
                             const Outcome& outcome) const
 {
     if (form_ == TableForm::csv) {
-        AppendCell(out, member);
+        AppendCell(out, member, texts_);
         out.push_back(',');
         AppendCell(out, VerdictText(outcome));
         out.push_back(',');
@@ -336,6 +329,12 @@ BatchWorker::BatchWorker(const Library& library, const ProjectState& base, const
 {
 }
 
+std::string_view NextMember(const BatchChunk& chunk, std::string_view& rest)
+{
+    return chunk.form == TableForm::csv ? TakeRecord(rest, chunk.columns->separator())
+                                        : TakeLine(rest);
+}
+
 void BatchWorker::Work(BatchChunk& chunk)
 {
     chunk.out.clear();
@@ -356,11 +355,12 @@ void BatchWorker::Lines(BatchChunk& chunk)
 {
     std::string_view rest = chunk.lines;
     std::size_t row = chunk.row;
-    for (std::size_t number = chunk.line; !rest.empty(); ++number) {
-        const std::string_view line = TakeLine(rest);
+    for (std::size_t number = chunk.line; !rest.empty();) {
+        const std::string_view line = NextMember(chunk, rest);
         if (!line.empty()) {
             Line(chunk, line, row++, number);
         }
+        number += 1 + static_cast<std::size_t>(std::count(line.begin(), line.end(), '\n'));
     }
 }
 
@@ -373,7 +373,7 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
     std::string refusal = "the line is too long";
     if (line.size() <= kLongestLine) {
         refusal =
-            OnOneLine(csv ? chunk.columns->Apply(library_, s_, line, manner_, &extras_)
+            Printable(csv ? chunk.columns->Apply(library_, s_, line, manner_, &extras_)
                           : ApplyJsonLine(library_, s_, line, manner_, keys_, false, extras_));
     }
     if (!refusal.empty() || !extras_.remarks.empty()) {
@@ -402,7 +402,7 @@ void BatchWorker::Remember(BatchChunk& chunk, const std::string& place)
         const auto said = [&key](const BatchChunk::Word& word) { return word.key == key; };
         if (std::none_of(chunk.words.begin(), chunk.words.end(), said)) {
             chunk.words.push_back(
-                {std::move(key), OnOneLine(place + remark.name + ": " + remark.what)});
+                {std::move(key), Printable(place + remark.name + ": " + remark.what)});
         }
     }
 }
@@ -412,7 +412,7 @@ void BatchWorker::File(BatchChunk& chunk, const std::string& name)
     s_ = start_;
     extras_.remarks.clear();
     s_.filename = name;
-    const std::string member = OnOneLine(name);
+    const std::string member = Printable(name);
     std::string refusal = ReadWholeFile(name, chunk.lines);
     if (!refusal.empty()) {
         chunk.fault += member + ": " + refusal + "\n";

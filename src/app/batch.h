@@ -5,6 +5,7 @@
 
 #include "app/assign.h"
 #include "app/member_table.h"
+#include "core/csv_cell.h"
 #include "core/library.h"
 #include "core/project_state.h"
 #include "report/outcome.h"
@@ -27,7 +28,7 @@ public:
     // annex by name, and FIELD.name for the name of a value. Names of sections and steels come from
     // the library, which must last. Returns why a name cannot be, or nothing.
     std::string Choose(TableForm form, const std::vector<std::string>& names,
-                       const Library* library = nullptr);
+                       const Library* library = nullptr, CsvTexts texts = CsvTexts::plain);
 
     // The first line of a CSV with its line end; nothing for NDJSON.
     std::string Header() const;
@@ -62,6 +63,7 @@ private:
     void AppendList(std::string& out, const Texts& texts, std::string_view between) const;
 
     TableForm form_ = TableForm::csv;
+    CsvTexts texts_ = CsvTexts::plain;
     std::vector<Item> items_;
     const Library* library_ = nullptr;
 };
@@ -95,8 +97,9 @@ struct BatchChunk {
     std::string table = {};                  // name for messages
     std::string prefix = {};                 // of member names: "loads.csv:" with several inputs
     std::string lines = {};
-    std::size_t row = 0;   // number of the first member of the chunk in its table, from 1
-    std::size_t line = 0;  // its line in the table, from 1
+    std::size_t row = 0;      // number of the first member of the chunk in its table, from 1
+    std::size_t line = 0;     // its line in the table, from 1
+    std::size_t members = 0;  // how many the lines hold
     std::vector<std::string> files = {};  // instead of lines
     std::size_t place = 0;                // of the first member in the whole run
 
@@ -109,6 +112,10 @@ struct BatchChunk {
     std::vector<Word> words = {};
     Tally tally = {};
 };
+
+// The next member of a chunk of lines, taken off the front of what is left of them; empty for a
+// line without one.
+std::string_view NextMember(const BatchChunk& chunk, std::string_view& rest);
 
 // Calculates a chunk with a record of its own: `base` is what each line starts from; a project file
 // holds a whole member and is read onto the record after a start.
@@ -136,8 +143,5 @@ private:
     std::size_t place_ = 0;
     std::string member_;
 };
-
-// Longer lines are refused; a record takes a few hundred characters.
-constexpr std::size_t kLongestLine = std::size_t{1} << 20;
 
 }  // namespace kestrum

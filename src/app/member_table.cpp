@@ -3,6 +3,7 @@
 #include "app/assign_run.h"
 #include "core/annexes.h"
 #include "core/load_combination.h"
+#include "core/utf8_text.h"
 
 #include <algorithm>
 
@@ -14,12 +15,25 @@ constexpr std::string_view kQuoteOpen = "a quote is not closed";
 
 std::string_view Trimmed(std::string_view text)
 {
-    constexpr std::string_view kBlanks = " \t";
+    constexpr std::string_view kBlanks = " \t\r\n";
     text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
     return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
-// Takes cells off a line one by one.
+// A field is one line: line ends in a cell become blanks, in the text that `joined` keeps.
+std::string_view OneLine(std::string_view cell, std::string& joined)
+{
+    if (cell.find_first_of("\r\n") == std::string_view::npos) {
+        return cell;
+    }
+    joined.clear();
+    for (const char c : cell) {
+        joined.append(c == '\r' ? 0 : 1, c == '\n' ? ' ' : c);
+    }
+    return joined;
+}
+
+// Takes cells off a record one by one.
 class CellReader {
 public:
     CellReader(std::string_view line, char separator) : rest_(line), separator_(separator) {}
@@ -85,10 +99,17 @@ private:
     bool ended_ = false;
 };
 
+// The first kind that stands outside of quotes.
 char SeparatorOf(std::string_view header)
 {
-    for (const char separator : {',', ';', '\t'}) {
-        if (header.find(separator) != std::string_view::npos) {
+    std::string bare;
+    bool quoted = false;
+    for (const char c : header) {
+        quoted = quoted != (c == '"');
+        bare.append(quoted ? 0 : 1, c);
+    }
+    for (const char separator : kAnySeparator) {
+        if (bare.find(separator) != std::string::npos) {
             return separator;
         }
     }
@@ -108,28 +129,6 @@ std::string Settle(ProjectState& s, AssignRun& run)
     ApplyAnnexMaterial(s, s.annexindex);
     ApplyAnnexLoads(s, s.annexindex);
     return refused.name.empty() ? refused.what : Told(refused.name, refused.what);
-}
-
-void AppendUtf8(std::string& out, unsigned code)
-{
-    const auto follow = [&out](unsigned bits) {
-        out.push_back(static_cast<char>(0x80U | (bits & 0x3FU)));
-    };
-    if (code < 0x80) {
-        out.push_back(static_cast<char>(code));
-    } else if (code < 0x800) {
-        out.push_back(static_cast<char>(0xC0U | (code >> 6)));
-        follow(code);
-    } else if (code < 0x10000) {
-        out.push_back(static_cast<char>(0xE0U | (code >> 12)));
-        follow(code >> 6);
-        follow(code);
-    } else {
-        out.push_back(static_cast<char>(0xF0U | (code >> 18)));
-        follow(code >> 12);
-        follow(code >> 6);
-        follow(code);
-    }
 }
 
 // One JSON object whose values are no objects, unless they are kept.
@@ -349,17 +348,6 @@ private:
 
 }  // namespace
 
-std::string_view TakeLine(std::string_view& text)
-{
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    std::string_view line = text.substr(0, end);
-    text.remove_prefix(std::min(end + 1, text.size()));
-    if (line.ends_with('\r')) {
-        line.remove_suffix(1);
-    }
-    return line;
-}
-
 std::string MemberColumns::TakeHeader(std::string_view line, bool keepothers)
 {
     columns_.clear();
@@ -399,6 +387,7 @@ std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::s
     AssignRun run(library, s, manner);
     CellReader cells(line, separator_);
     std::size_t count = 0;
+    std::string joined;
     for (; cells.Next(); ++count) {
         if (count == columns_.size()) {
             return "more cells than columns";
@@ -415,7 +404,7 @@ std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::s
         if (cell.empty()) {
             continue;
         }
-        const std::string refusal = run.Assign(column.target, cell);
+        const std::string refusal = run.Assign(column.target, OneLine(cell, joined));
         if (!refusal.empty()) {
             return Told(column.name, refusal);
         }
@@ -476,16 +465,6 @@ std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_v
     JsonKeys keys;
     LineExtras extras;
     return ApplyJsonLine(library, s, line, manner, keys, false, extras);
-}
-
-void AppendCell(std::string& out, std::string_view text)
-{
-    const bool quoted = text.find_first_of(",;\t\"\r\n") != std::string_view::npos;
-    out.append(quoted ? 1 : 0, '"');
-    for (const char c : text) {
-        out.append(c == '"' ? 2 : 1, c == '\n' || c == '\r' ? ' ' : c);
-    }
-    out.append(quoted ? 1 : 0, '"');
 }
 
 }  // namespace kestrum

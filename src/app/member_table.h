@@ -6,6 +6,7 @@
 
 #include "app/assign.h"
 #include "app/assign_run.h"
+#include "app/table_record.h"
 
 #include <memory>
 #include <string>
@@ -14,9 +15,6 @@
 #include <vector>
 
 namespace kestrum {
-
-// The next line of a text without its line end, taken off the front.
-std::string_view TakeLine(std::string_view& text);
 
 // What a line says beside the fields of its member.
 struct LineExtras {
@@ -30,8 +28,7 @@ struct LineExtras {
 };
 
 // Columns of a CSV, read from its first line. Cells are separated by commas, or by semicolons or
-// tabs when the first line has no comma; quoted as in RFC 4180, but never over several lines, since
-// no field holds a line end.
+// tabs when the first line has no comma; quoted as in RFC 4180.
 class MemberColumns {
 public:
     // Returns why the line is no line of column names, or nothing. A column that is no field is
@@ -45,6 +42,8 @@ public:
 
     // Names of the columns that are no fields.
     std::vector<std::string> Others() const;
+
+    std::string_view separator() const { return {&separator_, 1}; }
 
 private:
     struct Column {
@@ -76,8 +75,5 @@ std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_v
                           Manner manner);
 std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_view line,
                           Manner manner, JsonKeys& keys, bool keepothers, LineExtras& extras);
-
-// A text as a cell of a CSV with commas; a line end becomes a blank, so that a record is one line.
-void AppendCell(std::string& out, std::string_view text);
 
 }  // namespace kestrum

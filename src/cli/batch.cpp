@@ -4,12 +4,15 @@
 #include "cli/batch_input.h"
 #include "cli/batch_output.h"
 #include "cli/commands.h"
-#include "core/printable.h"
+#include "core/file_target.h"
+#include "core/utf8_path.h"
+#include "core/utf8_text.h"
 #include "engine/new_project.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <thread>
@@ -74,16 +77,39 @@ private:
     Clock::time_point start_ = Clock::now(), next_ = start_ + std::chrono::milliseconds(500);
 };
 
-bool EndsIn(const std::string& name, std::string_view ending)
+bool IsJsonName(const std::string& out)
 {
-    return name.ends_with(ending);
+    const std::string ending = EndingOf(out);
+    return ending == ".ndjson" || ending == ".jsonl";
+}
+
+// A file with a name, no stream and no device.
+bool IsFile(const std::string& out)
+{
+    std::error_code fault;
+    const auto type = std::filesystem::status(Utf8Path(out), fault).type();
+    return !out.empty() && out != "-" &&
+           (type == std::filesystem::file_type::regular ||
+            type == std::filesystem::file_type::not_found);
+}
+
+// The ending of a file says what is in it.
+void RequireAnswerName(const Options& options, const std::string& out)
+{
+    if (!IsFile(out)) {
+        return;
+    }
+    if (!IsJsonName(out) && EndingOf(out) != ".csv") {
+        throw BadInput(out + ": the name has to end in .csv, .ndjson or .jsonl");
+    }
+    if (options.format == Format::json && !IsJsonName(out)) {
+        throw BadInput(out + ": holds CSV; JSON needs a name that ends in .ndjson or .jsonl");
+    }
 }
 
 TableForm FormOf(const Options& options, const std::string& out)
 {
-    const bool json =
-        options.format == Format::json || EndsIn(out, ".ndjson") || EndsIn(out, ".jsonl");
-    return json ? TableForm::ndjson : TableForm::csv;
+    return options.format == Format::json || IsJsonName(out) ? TableForm::ndjson : TableForm::csv;
 }
 
 // Each line with "kestrum: " in front.
@@ -137,14 +163,57 @@ private:
     std::unordered_set<std::string> said_;
 };
 
+// Answers must not be written over what they are made of, nor their neighbours.
+void SpareInputs(const BatchInput& input, const BatchArguments& arguments)
+{
+    std::vector<std::string> written{arguments.out.empty() ? "-" : arguments.out};
+    if (IsFile(arguments.out)) {
+        const std::string part = Utf8Name(TargetOf(arguments.out)) + ".part";
+        written.insert(written.end(), {part, part + ".inputs"});
+    }
+    for (const std::string& out : written) {
+        input.Spare(out);
+        if (!arguments.base.empty()) {
+            SpareInput(out, arguments.base);
+        }
+    }
+}
+
+// Nothing for answers that nobody can take up.
+BatchOrigin OriginOf(const Options& options, const BatchArguments& arguments)
+{
+    std::vector<BatchSource> sources;
+    std::string how = KESTRUM_VERSION;
+    if (IsFile(arguments.out)) {
+        for (const std::string& input : arguments.inputs) {
+            sources.push_back({input, input});
+        }
+        for (const auto& [name, file] :
+             {std::pair("--base ", &arguments.base), std::pair("--setup ", &options.setup)}) {
+            if (!file->empty()) {
+                sources.push_back({name + *file, *file});
+            }
+        }
+        how += arguments.raw ? " --raw --fields " : " --fields ";
+        for (const std::string& field : arguments.fields) {
+            how += field + ",";
+        }
+        how += " --data " + options.data;
+    }
+    return {sources, how};
+}
+
 }  // namespace
 
 int Batch(const Options& options, const BatchArguments& arguments)
 {
+    RequireAnswerName(options, arguments.out);
     const Library library = LoadTables(options);
     AnswerForm form;
+    const CsvTexts texts =
+        arguments.csv_safe.value_or(IsFile(arguments.out)) ? CsvTexts::safe : CsvTexts::plain;
     const std::string refusal =
-        form.Choose(FormOf(options, arguments.out), arguments.fields, &library);
+        form.Choose(FormOf(options, arguments.out), arguments.fields, &library, texts);
     if (!refusal.empty()) {
         throw BadInput("--fields " + refusal);
     }
@@ -153,13 +222,15 @@ int Batch(const Options& options, const BatchArguments& arguments)
     }
     const ProjectState base = BaseOf(library, arguments.base);
 
+    const Interrupt interrupt;
+    BatchInput input(arguments.inputs, interrupt);
+    SpareInputs(input, arguments);
+    BatchOutput output(arguments.out, arguments.resume);
+    const BatchOrigin origin = OriginOf(options, arguments);
     Tally tally;
-    BatchOutput output(arguments.out);
-    const std::size_t earlier = arguments.resume ? output.TakeUp(form, tally) : 0;
-    BatchInput input(arguments.inputs, earlier);
-    input.Spare(arguments.out);
-    SpareInput(arguments.out, arguments.base);
-    output.Open(form);
+    const std::size_t earlier = arguments.resume ? output.TakeUp(form, tally, origin) : 0;
+    input.Skip(earlier);
+    output.Begin(form, origin);
 
     const Manner manner = arguments.raw ? Assignment::raw : Assignment::checked;
     std::vector<OrderedRun<BatchChunk>::Work> work;
@@ -185,6 +256,10 @@ int Batch(const Options& options, const BatchArguments& arguments)
                     tally.Add(chunk.tally);
                     progress.Show(tally.Members() - earlier, input.taken(), input.whole());
                 });
+    }
+    if (interrupt.raised()) {
+        ComplainAll(output.Suspend(tally.Members()));
+        interrupt.End();
     }
     output.Finish();
     if (!options.quiet) {

@@ -3,14 +3,8 @@
 #include "core/utf8_path.h"
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
 #include <filesystem>
 #include <system_error>
-
-#ifndef _WIN32
-#include <unistd.h>
-#endif
 
 namespace kestrum::cli {
 
@@ -18,46 +12,25 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kBlock = std::size_t{1} << 16;
 constexpr std::size_t kFilesInChunk = 16;
-
-bool EndsIn(const std::string& name, std::string_view ending)
-{
-    return name.size() > ending.size() && name.ends_with(ending);
-}
 
 bool IsTable(const std::string& name)
 {
-    return name == "-" || EndsIn(name, ".csv") || EndsIn(name, ".ndjson") || EndsIn(name, ".jsonl");
+    const std::string ending = EndingOf(name);
+    return name == "-" || ending == ".csv" || ending == ".tsv" || ending == ".ndjson" ||
+           ending == ".jsonl";
 }
 
-// What is there already; a pipe is not waited for until it is full.
-std::size_t ReadSome(std::FILE* file, char* at, std::size_t count)
+bool IsSpreadsheet(const std::string& name)
 {
-#ifdef _WIN32
-    return std::fread(at, 1, count, file);
-#else
-    ssize_t got = 0;
-    do {
-        got = ::read(fileno(file), at, count);
-    } while (got < 0 && errno == EINTR);
-    return got > 0 ? static_cast<std::size_t>(got) : 0;
-#endif
-}
-
-// Lines with something in them.
-std::size_t MembersOf(std::string_view lines)
-{
-    std::size_t count = 0;
-    while (!lines.empty()) {
-        count += TakeLine(lines).empty() ? 0 : 1;
-    }
-    return count;
+    const std::string ending = EndingOf(name);
+    return ending == ".xlsx" || ending == ".xlsm" || ending == ".xls" || ending == ".ods";
 }
 
 }  // namespace
 
-BatchInput::BatchInput(const std::vector<std::string>& inputs, std::size_t skip) : skip_(skip)
+BatchInput::BatchInput(const std::vector<std::string>& inputs, const Interrupt& interrupt)
+    : interrupt_(interrupt)
 {
     for (const std::string& name : inputs) {
         AddInput(name);
@@ -85,6 +58,9 @@ void BatchInput::AddInput(const std::string& name)
     if (name != "-" && !fs::exists(path, fault)) {
         throw BadInput(name + ": no such file");
     }
+    if (IsSpreadsheet(name)) {
+        throw BadInput(name + ": is a spreadsheet; save its sheet as CSV");
+    }
     if (name == "-" || !fs::is_directory(path, fault)) {
         inputs_.push_back({name, IsTable(name)});
         return;
@@ -92,12 +68,15 @@ void BatchInput::AddInput(const std::string& name)
     std::vector<std::string> files;
     fs::directory_iterator entries(path, fault);
     for (; !fault && entries != fs::directory_iterator(); entries.increment(fault)) {
-        if (entries->path().extension() == ".kst") {
+        if (EndingOf(Utf8Name(entries->path())) == ".kst") {
             files.push_back(Utf8Name(entries->path()));
         }
     }
     if (fault) {
         throw BadInput(name + ": " + fault.message());
+    }
+    if (files.empty()) {
+        Fault(name, "the folder holds no project (.kst)");
     }
     std::sort(files.begin(), files.end());
     for (const std::string& file : files) {
@@ -107,10 +86,6 @@ void BatchInput::AddInput(const std::string& name)
 
 void BatchInput::Spare(const std::string& out) const
 {
-    std::error_code ignored;
-    if (!fs::exists(Utf8Path(out), ignored)) {
-        return;
-    }
     for (const Input& input : inputs_) {
         SpareInput(out, input.name);
     }
@@ -122,72 +97,10 @@ void BatchInput::Fault(const std::string& name, const std::string& what)
     faulty_ = true;
 }
 
-bool BatchInput::OpenTable(const std::string& name)
-{
-    table_ = name == "-" ? "standard input" : name;
-    file_.reset(name == "-" ? stdin : OpenFile(Utf8Path(name), "rb"));
-    if (!file_) {
-        Fault(name, std::generic_category().message(errno));
-        return false;
-    }
-    ended_ = false;
-    known_ = false;
-    dropping_ = false;
-    rest_.clear();
-    row_ = 1;
-    line_ = 1;
-    return true;
-}
-
-// Appends what the table has next; a line beyond all measure is kept only so far that it is still
-// too long.
-bool BatchInput::ReadBlock()
-{
-    const std::size_t before = rest_.size();
-    rest_.resize(before + kBlock);
-    const std::size_t got = ReadSome(file_.get(), rest_.data() + before, kBlock);
-    rest_.resize(before + got);
-    taken_ += got;
-    if (got == 0) {
-        ended_ = true;
-        return false;
-    }
-    if (dropping_) {
-        const std::size_t end = rest_.find('\n', before);
-        rest_.erase(before, std::min(end, rest_.size()) - before);
-        dropping_ = end == std::string::npos;
-    } else if (rest_.size() > kLongestLine + kBlock && rest_.find('\n') == std::string::npos) {
-        dropping_ = true;
-    }
-    return true;
-}
-
-// NDJSON begins with a brace, a CSV with its names.
-void BatchInput::SetForm()
-{
-    known_ = true;
-    const std::size_t first = rest_.find_first_not_of(" \t\r\n");
-    form_ = first != std::string::npos && rest_[first] == '{' ? TableForm::ndjson : TableForm::csv;
-    if (form_ == TableForm::ndjson) {
-        return;
-    }
-    std::string_view lines = rest_;
-    columns_.push_back(std::make_unique<MemberColumns>());
-    const std::string refusal = columns_.back()->TakeHeader(TakeLine(lines));
-    rest_.erase(0, rest_.size() - lines.size());
-    line_ = 2;
-    if (!refusal.empty()) {
-        Fault(table_ + ":1", refusal);
-        rest_.clear();
-        file_.reset();
-        ended_ = true;
-    }
-}
-
 // Leaves out what an earlier run has answered; true when nothing of the chunk remains.
 bool BatchInput::Skipped(BatchChunk& chunk)
 {
-    const std::size_t members = chunk.files.empty() ? MembersOf(chunk.lines) : chunk.files.size();
+    const std::size_t members = chunk.files.empty() ? chunk.members : chunk.files.size();
     if (skip_ == 0) {
         place_ += members;
         return false;
@@ -202,47 +115,36 @@ bool BatchInput::Skipped(BatchChunk& chunk)
         return chunk.files.empty();
     }
     std::string_view lines = chunk.lines;
-    for (std::size_t count = 0; count < left_out; ++chunk.line) {
-        count += TakeLine(lines).empty() ? 0 : 1;
+    for (std::size_t count = 0; count < left_out;) {
+        count += NextMember(chunk, lines).empty() ? 0 : 1;
     }
+    const std::size_t answered = chunk.lines.size() - lines.size();
+    const auto first = chunk.lines.begin();
+    chunk.line += static_cast<std::size_t>(
+        std::count(first, first + static_cast<std::ptrdiff_t>(answered), '\n'));
     chunk.row += left_out;
-    chunk.lines.erase(0, chunk.lines.size() - lines.size());
+    chunk.lines.erase(0, answered);
     return chunk.lines.empty();
 }
 
 bool BatchInput::NextLines(BatchChunk& chunk)
 {
-    while (file_) {
-        const bool more = ReadBlock();
-        std::size_t end = ended_ ? rest_.size() : rest_.rfind('\n') + 1;
-        if (more && (end == 0 || (!known_ && rest_.find_first_not_of(" \t\r\n") == rest_.npos))) {
-            continue;
-        }
-        if (!known_) {
-            const std::size_t before = rest_.size();
-            SetForm();
-            end -= std::min(end, before - rest_.size());
-        }
-        chunk.lines.assign(rest_, 0, end);
-        rest_.erase(0, end);
-        if (ended_) {
-            file_.reset();
-        }
-        if (chunk.lines.empty()) {
-            continue;
-        }
-        chunk.form = form_;
-        chunk.columns = form_ == TableForm::csv ? columns_.back().get() : nullptr;
-        chunk.table = table_;
-        chunk.prefix = several_ ? table_ + ":" : std::string{};
+    if (!reader_) {
+        return false;
+    }
+    const bool more = reader_->Next(chunk);
+    taken_ += reader_->TakeBytes();
+    if (more) {
+        chunk.prefix = several_ ? chunk.table + ":" : std::string{};
         chunk.files.clear();
-        chunk.row = row_;
-        chunk.line = line_;
         chunk.place = place_;
-        row_ += MembersOf(chunk.lines);
-        line_ += static_cast<std::size_t>(std::count(chunk.lines.begin(), chunk.lines.end(), '\n'));
         return true;
     }
+    if (!reader_->fault().empty()) {
+        Complain(reader_->fault());
+        faulty_ = true;
+    }
+    reader_.reset();
     return false;
 }
 
@@ -268,7 +170,7 @@ bool BatchInput::Next(BatchChunk& chunk)
             }
             return true;
         }
-        if (inputs_.empty()) {
+        if (inputs_.empty() || interrupt_.raised()) {
             return false;
         }
         if (!inputs_.front().table) {
@@ -277,9 +179,8 @@ bool BatchInput::Next(BatchChunk& chunk)
             }
             continue;
         }
-        const std::string name = inputs_.front().name;
+        reader_.emplace(inputs_.front().name, columns_, interrupt_);
         inputs_.pop_front();
-        OpenTable(name);
     }
 }
 

@@ -5,12 +5,12 @@
 
 #include "app/batch.h"
 #include "cli/context.h"
+#include "cli/table_reader.h"
 
 #include <atomic>
 #include <cstdint>
-#include <cstdio>
 #include <deque>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,13 +18,18 @@ namespace kestrum::cli {
 
 class BatchInput {
 public:
-    // Throws BadInput for an input that is not there. The first `skip` members are left out.
-    BatchInput(const std::vector<std::string>& inputs, std::size_t skip);
+    // Throws BadInput for an input that is not there.
+    BatchInput(const std::vector<std::string>& inputs, const Interrupt& interrupt);
 
-    // The next members; false behind the last. What cannot be read is told, counted and left out.
+    // Leaves out the first members, which are answered already.
+    void Skip(std::size_t members) { skip_ = members; }
+
+    // The next members; false behind the last, and when the user stops the program. What cannot be
+    // read is told, counted and left out.
     bool Next(BatchChunk& chunk);
 
-    // Throws BadInput when the answers would be written over an input.
+    // Throws BadInput when the answers would be written over an input. `out` is a file, "-" for
+    // standard output.
     void Spare(const std::string& out) const;
 
     bool faulty() const { return faulty_; }
@@ -36,42 +41,23 @@ private:
         std::string name;
         bool table;
     };
-    struct Close {
-        void operator()(std::FILE* file) const
-        {
-            if (file != stdin) {
-                std::fclose(file);
-            }
-        }
-    };
-
     void AddInput(const std::string& name);
-    bool OpenTable(const std::string& name);
-    bool ReadBlock();
     bool NextLines(BatchChunk& chunk);
     bool NextFiles(BatchChunk& chunk);
     bool Skipped(BatchChunk& chunk);
-    void SetForm();
     void Fault(const std::string& name, const std::string& what);
 
+    const Interrupt& interrupt_;
     std::deque<Input> inputs_;
-    std::size_t skip_;
+    std::size_t skip_ = 0;
     bool several_ = false;
     bool faulty_ = false;
     std::atomic<std::uintmax_t> taken_ = 0;  // another thread shows it
     std::uintmax_t whole_ = 0;
     std::size_t place_ = 0;
 
-    // The table in hand.
-    std::string table_;
-    std::unique_ptr<std::FILE, Close> file_;
-    bool ended_ = true;
-    bool known_ = false;  // whether its form and columns are
-    TableForm form_ = TableForm::csv;
-    std::vector<std::unique_ptr<MemberColumns>> columns_;  // of all tables, chunks refer to them
-    std::string rest_;                                     // read and not yet handed out
-    bool dropping_ = false;                                // within a line that is too long
-    std::size_t row_ = 1, line_ = 1;
+    TableReader::Columns columns_;       // of all tables, chunks refer to them
+    std::optional<TableReader> reader_;  // of the current table
 };
 
 }  // namespace kestrum::cli

@@ -2,10 +2,10 @@
 
 #include "cli/context.h"
 #include "core/file_io.h"
+#include "core/file_target.h"
 #include "core/utf8_path.h"
 
 #include <cerrno>
-#include <memory>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -34,6 +34,9 @@ public:
         }
         bytes_ += taken;
         text.erase(0, taken);
+        if (text.size() > kLongestLine) {
+            throw BadInput(name_ + ": no answers of such a run; cannot be taken up");
+        }
     }
 
     std::size_t members() const { return members_; }
@@ -70,103 +73,134 @@ private:
 
 }  // namespace
 
-BatchOutput::BatchOutput(const std::string& name) : name_(name)
+BatchOutput::BatchOutput(const std::string& name, bool resume) : name_(name)
 {
     if (name.empty() || name == "-") {
         name_ = "standard output";
+        device_ = stdout;
         return;
     }
-    std::error_code fault;
-    const fs::path whole =
-        fs::canonical(Utf8Path(name), fault);  // a link keeps pointing to its file
-    target_ = fault ? Utf8Path(name) : whole;
+    target_ = TargetOf(name);
     written_ = target_;
+    std::error_code fault;
     const fs::file_type type = fs::status(target_, fault).type();
     regular_ = type == fs::file_type::regular || type == fs::file_type::not_found;
     if (regular_) {
-        written_ += ".part";
+        OpenPart(resume);
+        return;
+    }
+    device_ = OpenFile(target_, "wb");
+    if (device_ == nullptr) {
+        Fail(std::generic_category().message(errno));
+    }
+}
+
+void BatchOutput::OpenPart(bool resume)
+{
+    std::error_code fault;
+    const fs::file_status before = fs::status(target_, fault);
+    const bool there = before.type() == fs::file_type::regular;
+    if (there && (before.permissions() & fs::perms::owner_write) == fs::perms::none) {
+        throw BadInput(name_ + ": is write-protected");  // a rename would not mind
+    }
+    written_ += ".part";
+    if (resume && there && !fs::exists(fs::symlink_status(written_, fault))) {
+        written_ = target_;  // answers that have their name already
+    } else if (there && lock_.Take(name_, std::chrono::milliseconds(0)) == kBusy) {
+        throw BadInput(name_ + ": " + kRunning);
+    }
+    const std::string problem = part_.Open(written_, target_);
+    if (!problem.empty()) {
+        throw BadInput(Utf8Name(written_) + ": " + problem);
     }
 }
 
 BatchOutput::~BatchOutput()
 {
-    const bool begun = file_ != nullptr;
-    Close();
-    if (begun && regular_ && !answers_) {
+    if (device_ != nullptr && device_ != stdout) {
+        std::fclose(device_);
+    }
+    if (part_.stream() != nullptr && !answers_ && written_ != target_) {
+        part_.Remove();
         std::error_code ignored;
-        fs::remove(written_, ignored);
+        fs::remove(Utf8Path(OriginName()), ignored);
     }
 }
 
-bool BatchOutput::Close()
+std::string BatchOutput::OriginName() const
 {
-    std::FILE* const file = std::exchange(file_, nullptr);
-    return file == nullptr || file == stdout || std::fclose(file) == 0;
+    return Utf8Name(target_) + ".part.inputs";
 }
 
-void BatchOutput::Fail(int fault) const
+void BatchOutput::Fail(const std::string& fault) const
 {
-    std::string what = name_ + ": " + std::generic_category().message(fault);
+    std::string what = name_ + ": " + fault;
     if (regular_ && answers_) {
         what += "; " + Utf8Name(written_) + " keeps the answers so far for --resume";
     }
     throw BadInput(what);
 }
 
-std::size_t BatchOutput::TakeUp(const AnswerForm& form, Tally& tally)
+std::size_t BatchOutput::TakeUp(const AnswerForm& form, Tally& tally, const BatchOrigin& origin)
 {
-    append_ = true;
-    std::error_code fault;
-    if (!fs::exists(written_, fault)) {
-        if (!fs::exists(target_, fault)) {
-            return 0;
-        }
-        written_ = target_;  // answers that have their name already
-    }
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(written_, "rb"),
-                                                               std::fclose);
-    if (!file) {
-        throw BadInput(Utf8Name(written_) + ": " + std::generic_category().message(errno));
-    }
-    Reader reader(Utf8Name(written_), form, tally);
+    const std::string name = Utf8Name(written_);
+    answers_ = true;  // whatever it is, it stays
+    Reader reader(name, form, tally);
     std::string text;
     std::vector<char> block(std::size_t{1} << 16);
-    while (const std::size_t got = std::fread(block.data(), 1, block.size(), file.get())) {
+    std::rewind(part_.stream());
+    while (const std::size_t got = std::fread(block.data(), 1, block.size(), part_.stream())) {
         text.append(block.data(), got);
         reader.Take(text);
     }
-    fs::resize_file(written_, reader.bytes(), fault);
-    if (fault) {
-        throw BadInput(Utf8Name(written_) + ": " + fault.message());
+    if (std::ferror(part_.stream()) != 0) {
+        throw BadInput(name + ": " + std::generic_category().message(errno));
     }
-    answers_ = reader.members() > 0;
+    taken_up_ = answers_ = reader.members() > 0;
+    if (!taken_up_) {
+        return 0;
+    }
+    std::string stored;
+    if (written_ == target_) {
+        strange_ = true;
+    } else if (!ReadWholeFile(OriginName(), stored).empty()) {
+        throw BadInput(name + ": nothing says what its answers belong to (" + OriginName() +
+                       "); delete it to begin anew");
+    } else if (const std::string other = origin.Differs(stored); !other.empty()) {
+        throw BadInput(name + ": cannot be taken up: " + other + "; delete it to begin anew");
+    }
+    if (!part_.Cut(reader.bytes())) {
+        throw BadInput(name + ": " + std::generic_category().message(errno));
+    }
     return reader.members();
 }
 
-void BatchOutput::Open(const AnswerForm& form)
+void BatchOutput::Begin(const AnswerForm& form, const BatchOrigin& origin)
 {
-    std::error_code ignored;
-    if (target_.empty()) {
-        file_ = stdout;
-    } else {
-        const fs::file_status before = fs::status(target_, ignored);
-        if (before.type() == fs::file_type::regular &&
-            (before.permissions() & fs::perms::owner_write) == fs::perms::none) {
-            throw BadInput(name_ + ": is write-protected");  // a rename would not mind
+    if (taken_up_) {
+        return;
+    }
+    if (regular_) {
+        if (!part_.Cut(0)) {
+            Fail(std::generic_category().message(errno));
         }
-        file_ = OpenFile(written_, append_ ? "ab" : "wb");
-        if (file_ == nullptr) {
-            Fail(errno);
+        const std::string fault =
+            written_ == target_ ? "" : WriteWholeFile(OriginName(), origin.text());
+        if (!fault.empty()) {
+            Fail(OriginName() + ": " + fault);
         }
     }
-    const bool begun = append_ && fs::file_size(written_, ignored) > 0;
-    if (!begun) {
-        Put(form.Header());
-    }
+    // Several runs may write to one file: each answer goes there whole.
+    std::setvbuf(Stream(), nullptr, _IONBF, 0);
+    Put(form.Header());
 }
 
 void BatchOutput::Write(std::string_view text)
 {
+    if (strange_ && !text.empty()) {
+        Complain(name_ + ": goes on behind its answers; nothing says what they belong to");
+        strange_ = false;
+    }
     answers_ = answers_ || !text.empty();
     Put(text);
 }
@@ -174,30 +208,40 @@ void BatchOutput::Write(std::string_view text)
 void BatchOutput::Put(std::string_view text)
 {
     errno = 0;
-    if (std::fwrite(text.data(), 1, text.size(), file_) != text.size() || std::fflush(file_) != 0) {
-        Fail(errno);
+    if (std::fwrite(text.data(), 1, text.size(), Stream()) != text.size() ||
+        std::fflush(Stream()) != 0) {
+        Fail(std::generic_category().message(errno));
     }
+}
+
+std::string BatchOutput::Suspend(std::size_t members)
+{
+    answers_ = answers_ || members > 0;
+    const std::string told = "stopped: " + std::to_string(members) + " members answered";
+    if (!regular_) {
+        return told + "; -o FILE keeps the answers for --resume";
+    }
+    return told + (members == 0 ? ""
+                                : ", kept in " + Utf8Name(written_) +
+                                      "; the same command with --resume goes on");
 }
 
 void BatchOutput::Finish()
 {
     answers_ = true;
-    errno = 0;
-    if ((regular_ && !FlushToDisk(file_)) || !Close()) {
-        Fail(errno);
-    }
-    if (!regular_ || written_ == target_) {
+    if (!regular_) {
+        errno = 0;
+        if (std::fflush(device_) != 0) {
+            Fail(std::generic_category().message(errno));
+        }
         return;
     }
-    std::error_code fault;
-    const fs::file_status before = fs::status(target_, fault);
-    if (before.type() == fs::file_type::regular) {
-        fs::permissions(written_, before.permissions(), fault);
+    const std::string fault = part_.Finish();
+    if (!fault.empty()) {
+        Fail(fault);
     }
-    fs::rename(written_, target_, fault);
-    if (fault) {
-        Fail(fault.value());
-    }
+    std::error_code ignored;
+    fs::remove(Utf8Path(OriginName()), ignored);
 }
 
 }  // namespace kestrum::cli

@@ -2,9 +2,12 @@
 
 // Where the answers of a batch go: standard output, a device, or a file. A file appears under its
 // name when the run is done; until then its answers stand in a neighbour, NAME.part, from which a
-// run that was stopped goes on.
+// run that was stopped goes on, and NAME.part.inputs says what they belong to.
 
 #include "app/batch.h"
+#include "cli/batch_origin.h"
+#include "cli/part_file.h"
+#include "core/file_lock.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -15,18 +18,19 @@ namespace kestrum::cli {
 
 class BatchOutput {
 public:
-    // Nothing is opened yet. "-" or an empty name is standard output.
-    explicit BatchOutput(const std::string& name);
+    // "-" or an empty name is standard output. A file is this run's alone from here on. Throws
+    // BadInput, as does all that follows.
+    BatchOutput(const std::string& name, bool resume);
     ~BatchOutput();
     BatchOutput(const BatchOutput&) = delete;
     BatchOutput& operator=(const BatchOutput&) = delete;
 
     // Counts what an earlier run has answered and cuts off a line that it left unfinished; the
-    // answers to come are appended. Throws BadInput when the file holds something else.
-    std::size_t TakeUp(const AnswerForm& form, Tally& tally);
+    // answers to come are appended. The file must hold answers of this form, to these inputs.
+    std::size_t TakeUp(const AnswerForm& form, Tally& tally, const BatchOrigin& origin);
 
-    // Throws BadInput, as does all that follows.
-    void Open(const AnswerForm& form);
+    // Without TakeUp from the first line on.
+    void Begin(const AnswerForm& form, const BatchOrigin& origin);
 
     // What is written is handed over at once.
     void Write(std::string_view text);
@@ -34,18 +38,26 @@ public:
     // All is answered: the file gets its name.
     void Finish();
 
+    // The user stopped the run behind so many members. Returns how to go on, a line.
+    std::string Suspend(std::size_t members);
+
 private:
+    std::FILE* Stream() const { return regular_ ? part_.stream() : device_; }
+    void OpenPart(bool resume);
+    std::string OriginName() const;
     void Put(std::string_view text);
-    bool Close();
-    [[noreturn]] void Fail(int fault) const;
+    [[noreturn]] void Fail(const std::string& fault) const;
 
     std::string name_;               // for messages
     std::filesystem::path target_;   // the file in the end; empty for standard output
     std::filesystem::path written_;  // where the answers go until then
-    std::FILE* file_ = nullptr;
-    bool regular_ = false;  // a file, no device
-    bool append_ = false;
+    PartFile part_;
+    FileLock lock_;                // on what the name holds already
+    std::FILE* device_ = nullptr;  // instead of a file
+    bool regular_ = false;         // a file, no device
+    bool taken_up_ = false;
     bool answers_ = false;  // whether there is anything to go on from
+    bool strange_ = false;  // taken up, but nothing says what the answers belong to
 };
 
 }  // namespace kestrum::cli

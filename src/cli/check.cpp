@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
-#include "core/printable.h"
+#include "core/csv_cell.h"
+#include "core/utf8_text.h"
 #include "engine/calculate.h"
 #include "report/design_notes.h"
 #include "report/outcome.h"
@@ -109,18 +110,6 @@ std::string JsonOf(const Answer& answer)
     return text;
 }
 
-std::string CsvField(const std::string& text)
-{
-    if (text.find_first_of(",\"\r\n") == std::string::npos) {
-        return text;
-    }
-    std::string quoted = "\"";
-    for (const char c : text) {
-        quoted += c == '"' ? "\"\"" : std::string(1, c);
-    }
-    return quoted + "\"";
-}
-
 template <class Texts> std::string Joined(const Texts& texts, std::string_view between)
 {
     std::string joined;
@@ -130,19 +119,27 @@ template <class Texts> std::string Joined(const Texts& texts, std::string_view b
     return joined;
 }
 
-std::string CsvOf(const Answer& answer)
+std::string CsvOf(const Answer& answer, CsvTexts texts)
 {
     const Outcome& outcome = answer.outcome;
-    std::string text = CsvField(answer.file) + "," + CsvField(VerdictText(outcome)) + ",";
+    std::string text;
+    AppendCell(text, answer.file, texts);
+    text += ",";
+    AppendCell(text, VerdictText(outcome), texts);
+    text += ",";
     if (outcome.designed()) {
         text += JsonNumber(answer.section) + "," + JsonNumber(answer.buckling) + "," +
-                JsonNumber(answer.deflection) + ",";
+                JsonNumber(answer.deflection);
     } else {
-        text += ",,,";
+        text += ",,";
     }
-    text += outcome.rated() ? JsonNumber(outcome.ir) : "";
-    return text + "," + CsvField(outcome.message) + "," + Joined(outcome.notes, " ") + "," +
-           CsvField(Joined(outcome.dropped, "; "));
+    text += "," + (outcome.rated() ? JsonNumber(outcome.ir) : "");
+    for (const std::string& cell :
+         {outcome.message, Joined(outcome.notes, " "), Joined(outcome.dropped, "; ")}) {
+        text += ",";
+        AppendCell(text, cell, texts);
+    }
+    return text;
 }
 
 std::string Summary(const std::vector<Answer>& answers)
@@ -193,12 +190,12 @@ void PrintJson(const std::vector<Answer>& answers)
     Print("[" + out + "]\n");
 }
 
-void PrintCsv(const std::vector<Answer>& answers)
+void PrintCsv(const std::vector<Answer>& answers, CsvTexts texts)
 {
     std::string out =
         "file,verdict,irsection,maxirbuckling,irdeflection,ir,message,notes,dropped\n";
     for (const Answer& answer : answers) {
-        out += CsvOf(answer) + "\n";
+        out += CsvOf(answer, texts) + "\n";
     }
     Print(out);
 }
@@ -221,7 +218,7 @@ int Check(const Options& options, const CheckArguments& arguments)
         PrintJson(answers);
         break;
     case Format::csv:
-        PrintCsv(answers);
+        PrintCsv(answers, arguments.csv_safe ? CsvTexts::safe : CsvTexts::plain);
         break;
     case Format::text:
         PrintText(answers, arguments, Coloured(options.color));

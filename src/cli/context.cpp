@@ -3,20 +3,27 @@
 #include "app/field_hint.h"
 #include "core/arithmetic_trap.h"
 #include "core/file_io.h"
-#include "core/printable.h"
 #include "core/project_file.h"
 #include "core/setup_file.h"
 #include "core/utf8_path.h"
+#include "core/utf8_text.h"
 #include "engine/new_project.h"
 #include "sections/load_library.h"
 #include "service/vortex.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <iostream>
-#include <iterator>
+#include <optional>
 #include <system_error>
+#include <utility>
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace kestrum::cli {
 
@@ -29,10 +36,54 @@ void Require(const std::string& file, const std::string& fault)
     }
 }
 
+// As much as a file may hold.
+std::string ReadStandardInput()
+{
+    std::string bytes;
+    std::array<char, 65536> block;
+    while (std::cin.read(block.data(), block.size()), std::cin.gcount() > 0) {
+        bytes.append(block.data(), static_cast<std::size_t>(std::cin.gcount()));
+        if (bytes.size() > kLargestFile) {
+            throw BadInput("standard input: is larger than any file of this program");
+        }
+    }
+    return bytes;
+}
+
+#ifdef _WIN32
+
+bool SameFile(const std::string& out, const std::string& input)
+{
+    std::error_code fault;
+    return out != "-" && input != "-" &&
+           std::filesystem::equivalent(Utf8Path(out), Utf8Path(input), fault);
+}
+
+#else
+
+// Device and inode; pipes and terminals are no files.
+std::optional<std::pair<dev_t, ino_t>> FileOf(const std::string& name, int stream)
+{
+    struct stat status {};
+    const int fault = name == "-" ? fstat(stream, &status) : stat(name.c_str(), &status);
+    if (fault != 0 || !S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    return std::pair(status.st_dev, status.st_ino);
+}
+
+bool SameFile(const std::string& out, const std::string& input)
+{
+    const auto written = FileOf(out, STDOUT_FILENO);
+    return written && written == FileOf(input, STDIN_FILENO);
+}
+
+#endif
+
 std::string ReadAll(const std::string& file)
 {
     if (file == "-") {
-        return {std::istreambuf_iterator<char>(std::cin), {}};
+        return ReadStandardInput();
     }
     std::string bytes;
     Require(file, ReadWholeFile(file, bytes));
@@ -50,16 +101,6 @@ ProjectState Project(const Library& library, const std::string& file, const std:
 }
 
 }  // namespace
-
-int Graver(int a, int b)
-{
-    for (const int exit : {kBadInput, kFailedPass}) {
-        if (a == exit || b == exit) {
-            return exit;
-        }
-    }
-    return std::max(a, b);
-}
 
 Library LoadTables(const Options& options)
 {
@@ -155,12 +196,11 @@ std::string EndingOf(const std::string& name)
     return ending;
 }
 
+// Also when one of them or both are streams that the shell has opened.
 void SpareInput(const std::string& out, const std::string& input)
 {
-    std::error_code fault;
-    if (out != "-" && input != "-" &&
-        std::filesystem::equivalent(Utf8Path(out), Utf8Path(input), fault)) {
-        throw BadInput(out + ": would overwrite the input");
+    if (SameFile(out, input)) {
+        throw BadInput((out == "-" ? "standard output" : out) + ": would overwrite the input");
     }
 }
 

@@ -18,7 +18,6 @@ namespace kestrum::cli {
 // Exit codes. Of several files the gravest one counts: bad input, then calculation error, then
 // above the limit.
 enum Exit : int { kAllWithin = 0, kSomeAbove = 1, kBadInput = 2, kFailedPass = 3 };
-int Graver(int a, int b);
 
 // Bad input; the text is the message without "kestrum: ".
 struct BadInput : std::runtime_error {

@@ -2,6 +2,7 @@
 
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
+#include "report/outcome.h"
 #include "report/state_json.h"
 
 namespace kestrum::cli {
@@ -58,7 +59,7 @@ int Dump(const Options& options, const std::vector<std::string>& files, bool inp
     int exit = kAllWithin;
     for (const std::string& file : files) {
         try {
-            exit = Graver(exit, DumpFile(library, file, inputs, objects));
+            exit = GraverExit(exit, DumpFile(library, file, inputs, objects));
         } catch (const BadInput& bad) {
             if (files.size() == 1) {
                 throw;

@@ -3,6 +3,7 @@
 #include "cli/renderer.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
+#include "report/outcome.h"
 #include "report/pages.h"
 #include "service/vortex.h"
 
@@ -92,7 +93,7 @@ int Report(const Options& options, const ReportArguments& arguments)
     int exit = kAllWithin;
     for (const std::string& file : arguments.files) {
         try {
-            exit = Graver(exit, PrintFile(library, arguments, file, whole));
+            exit = GraverExit(exit, PrintFile(library, arguments, file, whole));
         } catch (const BadInput& bad) {
             Complain(bad.what());
             exit = kBadInput;

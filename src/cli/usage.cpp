@@ -1,7 +1,7 @@
 #include "cli/usage.h"
 
 #include "app/field_hint.h"
-#include "core/printable.h"
+#include "core/utf8_text.h"
 
 #include <algorithm>
 

@@ -32,26 +32,6 @@ std::optional<double> WholeText(std::string_view text)
     return fault == std::errc{} && stop == end ? std::optional(value) : std::nullopt;
 }
 
-// Windows-1252, in which older files were written: the characters 0x80 to 0x9F; 0 where there is
-// none.
-constexpr std::array<std::uint16_t, 32> kWindows1252 = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-void AppendUtf8(std::string& out, unsigned code)
-{
-    if (code < 0x80) {
-        out.push_back(static_cast<char>(code));
-    } else if (code < 0x800) {
-        out.push_back(static_cast<char>(0xC0U | (code >> 6)));
-        out.push_back(static_cast<char>(0x80U | (code & 0x3FU)));
-    } else {
-        out.push_back(static_cast<char>(0xE0U | (code >> 12)));
-        out.push_back(static_cast<char>(0x80U | ((code >> 6) & 0x3FU)));
-        out.push_back(static_cast<char>(0x80U | (code & 0x3FU)));
-    }
-}
 
 // A wrong value as a message may show it: its beginning, in UTF-8, without control characters.
 std::string Shown(std::string_view text)
@@ -61,10 +41,7 @@ std::string Shown(std::string_view text)
            (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
         --end;  // not inside a character
     }
-    std::string shown = AsUtf8(text.substr(0, end));
-    std::replace_if(
-        shown.begin(), shown.end(),
-        [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
+    const std::string shown = Printable(text.substr(0, end));
     return end < text.size() ? shown + "..." : shown;
 }
 
@@ -105,48 +82,6 @@ bool QuoteInside(std::string_view rest)
 }
 
 }  // namespace
-
-bool IsUtf8(std::string_view text)
-{
-    for (std::size_t at = 0; at < text.size();) {
-        const auto first = static_cast<unsigned char>(text[at++]);
-        const int more = first < 0x80                    ? 0
-                         : first >= 0xC2 && first < 0xE0 ? 1
-                         : first >= 0xE0 && first < 0xF0 ? 2
-                         : first >= 0xF0 && first < 0xF5 ? 3
-                                                         : -1;
-        if (more < 0 || at + static_cast<std::size_t>(more) > text.size()) {
-            return false;
-        }
-        // The second byte of the shortest form, of no surrogate, of no more than U+10FFFF.
-        unsigned low = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
-        unsigned high = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
-        for (int i = 0; i < more; ++i) {
-            const auto byte = static_cast<unsigned char>(text[at++]);
-            if (byte < low || byte > high) {
-                return false;
-            }
-            low = 0x80;
-            high = 0xBF;
-        }
-    }
-    return true;
-}
-
-std::string AsUtf8(std::string_view text)
-{
-    if (IsUtf8(text)) {
-        return std::string(text);
-    }
-    std::string out;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        const unsigned code =
-            byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80U] : unsigned{byte};
-        AppendUtf8(out, code == 0 ? '?' : code);
-    }
-    return out;
-}
 
 std::string FaultText(const std::string& file, const FileFault& fault)
 {

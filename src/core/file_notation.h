@@ -7,6 +7,8 @@
 
 #include "core/project_state.h"
 
+#include "core/utf8_text.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -18,10 +20,6 @@ struct FileFault {
     int line = 0;
     std::string what;  // `field l: expected a number, found "abc"`
 };
-
-// Whether the bytes are UTF-8; what is not is taken as Windows-1252.
-bool IsUtf8(std::string_view text);
-std::string AsUtf8(std::string_view text);
 
 // "FILE:LINE: what"
 std::string FaultText(const std::string& file, const FileFault& fault);

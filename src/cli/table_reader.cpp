@@ -1,0 +1,171 @@
+#include "cli/table_reader.h"
+
+#include "core/utf8_path.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+namespace kestrum::cli {
+
+namespace {
+
+constexpr std::size_t kBlock = std::size_t{1} << 16;
+constexpr std::string_view kBlank = " \t\r\n";
+
+// What is there already; a pipe is not waited for until it is full. Nothing at the end, less than
+// nothing with errno for a fault.
+std::ptrdiff_t ReadSome(std::FILE* file, char* at, std::size_t count, const Interrupt& interrupt)
+{
+#ifdef _WIN32
+    const std::size_t got = interrupt.raised() ? 0 : std::fread(at, 1, count, file);
+    return got == 0 && std::ferror(file) != 0 ? -1 : static_cast<std::ptrdiff_t>(got);
+#else
+    ssize_t got = 0;
+    do {
+        if (!interrupt.WaitFor(fileno(file))) {
+            return 0;
+        }
+        got = ::read(fileno(file), at, count);
+    } while (got < 0 && (errno == EINTR || errno == EAGAIN));
+    return got;
+#endif
+}
+
+std::size_t LinesOf(std::string_view text)
+{
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
+}  // namespace
+
+TableReader::TableReader(const std::string& name, Columns& columns, const Interrupt& interrupt)
+    : name_(name == "-" ? "standard input" : name),
+      file_(name == "-" ? stdin : OpenFile(Utf8Path(name), "rb")), interrupt_(interrupt),
+      columns_(columns)
+{
+    if (!file_) {
+        Stop(name_ + ": " + std::generic_category().message(errno));
+    }
+}
+
+void TableReader::Stop(std::string fault)
+{
+    fault_ = std::move(fault);
+    rest_.clear();
+    file_.reset();
+    ended_ = true;
+}
+
+// Appends what the table has next; a line beyond all measure is kept only so far that it is still
+// too long.
+bool TableReader::ReadBlock()
+{
+    block_.resize(kBlock);
+    const std::ptrdiff_t got = ReadSome(file_.get(), block_.data(), kBlock, interrupt_);
+    if (got < 0) {
+        Stop(name_ + ": " + std::generic_category().message(errno));
+        return false;
+    }
+    block_.resize(static_cast<std::size_t>(got));
+    bytes_ += block_.size();
+    ended_ = got == 0;
+    Decode(block_);
+    return !ended_;
+}
+
+void TableReader::Decode(std::string_view bytes)
+{
+    const std::size_t before = rest_.size();
+    const std::string refusal = ended_ ? decoder_.End(rest_) : decoder_.Add(bytes, rest_);
+    if (!refusal.empty()) {
+        Stop(name_ + ": " + refusal);
+    } else if (dropping_) {
+        const std::size_t end = rest_.find('\n', before);
+        rest_.erase(before, std::min(end, rest_.size()) - before);
+        dropping_ = end == std::string::npos;
+    } else if (rest_.size() > kLongestLine + kBlock && rest_.find('\n') == std::string::npos) {
+        dropping_ = true;
+    }
+}
+
+// NDJSON begins with a brace, a CSV with its names. False when more is needed to know.
+bool TableReader::SetForm()
+{
+    const std::size_t first = rest_.find_first_not_of(kBlank);
+    form_ = first != std::string::npos && rest_[first] == '{' ? TableForm::ndjson : TableForm::csv;
+    if (form_ == TableForm::ndjson) {
+        known_ = true;
+        return true;
+    }
+    if (RecordEnd(rest_, kAnySeparator, ended_) == std::string::npos) {
+        return false;
+    }
+    known_ = true;
+    std::string_view lines = rest_;
+    columns_.push_back(std::make_unique<MemberColumns>());
+    const std::string refusal = columns_.back()->TakeHeader(TakeRecord(lines, kAnySeparator));
+    const std::size_t taken = rest_.size() - lines.size();
+    line_ += LinesOf(std::string_view(rest_).substr(0, taken));
+    rest_.erase(0, taken);
+    if (!refusal.empty()) {
+        Stop(name_ + ":1: " + refusal);
+    }
+    return true;
+}
+
+// The length of the members at the front that are there to their ends.
+std::size_t TableReader::WholeMembers() const
+{
+    if (ended_ || form_ == TableForm::ndjson) {
+        return ended_ ? rest_.size() : rest_.rfind('\n') + 1;
+    }
+    const std::string_view separator = columns_.back()->separator();
+    const std::string_view text = rest_;
+    for (std::size_t whole = 0;;) {
+        const std::size_t end = RecordEnd(text.substr(whole), separator, false);
+        if (end == std::string_view::npos) {
+            return whole;
+        }
+        whole += end + 1;
+    }
+}
+
+bool TableReader::Next(BatchChunk& chunk)
+{
+    while (file_) {
+        ReadBlock();
+        const bool blank = rest_.find_first_not_of(kBlank) == std::string::npos;
+        if (!fault_.empty() || (!known_ && ((blank && !ended_) || !SetForm()))) {
+            continue;
+        }
+        const std::size_t whole = fault_.empty() ? WholeMembers() : 0;
+        chunk.lines.assign(rest_, 0, whole);
+        rest_.erase(0, whole);
+        if (ended_) {
+            file_.reset();
+        }
+        if (chunk.lines.empty()) {
+            continue;
+        }
+        chunk.form = form_;
+        chunk.columns = form_ == TableForm::csv ? columns_.back().get() : nullptr;
+        chunk.table = name_;
+        chunk.row = row_;
+        chunk.line = line_;
+        chunk.members = 0;
+        for (std::string_view lines = chunk.lines; !lines.empty();) {
+            chunk.members += NextMember(chunk, lines).empty() ? 0 : 1;
+        }
+        row_ += chunk.members;
+        line_ += LinesOf(chunk.lines);
+        return true;
+    }
+    return false;
+}
+
+}  // namespace kestrum::cli
