@@ -2,7 +2,7 @@
 # Installs what is missing, builds, checks the example project, prints the result and opens the desktop
 # where there is a display. Quick when nothing is left to do.
 set -eu
-cd "$(dirname "$0")"
+cd "$(dirname "$(readlink -f "$0")")" # also when called through a link
 . tools/lib/setup.sh
 
 install_packages build desktop

@@ -5,7 +5,7 @@
 #                          and the Windows build
 #   ./test.sh --coverage   line and branch coverage of the calculation only
 set -eu
-cd "$(dirname "$0")"
+cd "$(dirname "$(readlink -f "$0")")" # also when called through a link
 . tools/lib/setup.sh
 
 # Qt and the tests find their folders on machines without a login session.
@@ -80,5 +80,6 @@ if [ "${1:-}" = --full ]; then
     tools/check-display build/release || die "the desktop does not work on an X display"
     tools/check-packages build/release
     tools/check-windows
+    tools/check-bare
 fi
 say "All green"

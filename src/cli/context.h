@@ -37,7 +37,7 @@ struct Options {
 // Tables, materials and setup. Throws BadInput when the folder or the setup cannot be read.
 Library LoadTables(const Options& options);
 
-// The version, and with --data whether the data there is the delivered one. Throws BadInput as well.
+// The version, and with --data whether the data there is the delivered one. Throws BadInput.
 std::string VersionText(const Options& options);
 
 // A fresh program with the project of the file, "-" for standard input. Throws BadInput.

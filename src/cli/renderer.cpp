@@ -2,6 +2,7 @@
 
 #include "cli/context.h"
 #include "core/file_io.h"
+#include "core/program_path.h"
 #include "core/utf8_path.h"
 #include "render/module.h"
 #include "report/svg_writer.h"
@@ -32,13 +33,6 @@ constexpr const char* kFunction = "KestrumRender";
 
 constexpr const char* kModule = "kestrum-render.dll";
 
-fs::path ProgramFolder()
-{
-    wchar_t name[MAX_PATH];
-    const DWORD length = GetModuleFileNameW(nullptr, name, MAX_PATH);
-    return fs::path(std::wstring(name, length)).parent_path();
-}
-
 RenderFunction Load(const fs::path& module, std::string& problem)
 {
     const HMODULE handle = LoadLibraryW(module.c_str());
@@ -56,12 +50,6 @@ RenderFunction Load(const fs::path& module, std::string& problem)
 
 constexpr const char* kModule = "kestrum-render.so";
 
-fs::path ProgramFolder()
-{
-    std::error_code fault;
-    return fs::read_symlink("/proc/self/exe", fault).parent_path();
-}
-
 // The module stays loaded to the end of the program.
 RenderFunction Load(const fs::path& module, std::string& problem)
 {
@@ -77,10 +65,15 @@ RenderFunction Load(const fs::path& module, std::string& problem)
 
 #endif
 
-// Beside the program, then in the library folders of its prefix (lib, lib/x86_64-linux-gnu).
+// Beside the program, then in the library folders of its prefix (lib, lib/x86_64-linux-gnu). Never
+// from where the user happens to be: all are absolute.
 std::vector<fs::path> ModuleFolders()
 {
-    const fs::path program = ProgramFolder();
+    const fs::path program = ProgramPath().parent_path();
+    if (program.empty()) {
+        throw BadInput("PDF and PNG need the renderer; this system does not say where the program "
+                       "lies; SVG needs nothing more");
+    }
     const fs::path libraries = program.parent_path() / "lib";
     std::vector<fs::path> folders{program, libraries / "kestrum-ec3"};
     std::error_code fault;

@@ -2,6 +2,7 @@
 
 #include "core/file_io.h"
 #include "core/material.h"
+#include "core/program_path.h"
 #include "core/setup_file.h"
 #include "core/sha256.h"
 #include "core/utf8_path.h"
@@ -34,9 +35,8 @@ std::string Environment(const char* name)
 // prefix/share/kestrum-ec3 of a program in prefix/bin, installed or not.
 std::string FolderBesideProgram()
 {
-    std::error_code fault;
-    const fs::path program = fs::read_symlink("/proc/self/exe", fault);
-    if (fault) {
+    const fs::path program = ProgramPath();
+    if (program.empty()) {
         return {};
     }
     return (program.parent_path().parent_path() / "share" / kFolder).string();

@@ -88,6 +88,23 @@ TEST_F(Reports, ControlAsSvgNeedsNoRenderer)
     EXPECT_THAT(svg, HasSubstr("File: "));
 }
 
+// Where there is no /proc the program still knows where it lies, and takes no module from the
+// folder that the user is in.
+TEST_F(Reports, TheRendererIsFoundWithoutProc)
+{
+    constexpr const char* kHide = "unshare -m sh -c 'mount -t tmpfs none /proc && \"$@\"' sh ";
+    if (!HasRenderer() || Kestrum("--version").exit != 0 ||
+        std::system((std::string(kHide) + "true 2>/dev/null").c_str()) != 0) {
+        GTEST_SKIP() << "no renderer, or mounting is not allowed";
+    }
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    Write("kestrum-render.so", "planted");
+    EXPECT_EQ(
+        Shell(std::string(kHide) + "'" KESTRUM_BIN "/kestrum' report control a.kst -o a.pdf 2>&1"),
+        "");
+    EXPECT_THAT(Read("a.pdf"), ::testing::StartsWith("%PDF-"));
+}
+
 TEST_F(Reports, PdfHasItsTextsAndItsFonts)
 {
     if (!HasRenderer() || !Has("pdftotext")) {
