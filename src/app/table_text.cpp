@@ -120,7 +120,7 @@ void TableDecoder::Take(std::string_view bytes, std::string& text)
     TakeBytes(decoded_, text);
 }
 
-// UTF-16: two units from U+D800 and U+DC00 on make one character beyond U+FFFF.
+// UTF-16: a unit of the high and one of the low surrogates make one character beyond U+FFFF.
 void TableDecoder::TakeUnit(unsigned unit, std::string& text)
 {
     const bool second = unit >= 0xDC00 && unit < 0xE000;

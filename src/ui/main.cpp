@@ -15,7 +15,12 @@
 #include <QLocale>
 
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 
@@ -37,6 +42,39 @@ protected:
     }
 };
 
+constexpr int kBadInput = 2;
+
+constexpr const char* kHelp =
+    "Usage: kestrum-ec3 [FILE]\n"
+    "Opens the window of Kestrum EC3, with the project FILE (.kst) in it.\n\n"
+    "  -h, --help     prints this and ends\n"
+    "  -V, --version  prints the version and ends\n\n"
+    "`kestrum` does the same calculation without a window.\n";
+
+// Help and version need no display. Empty when neither is asked for.
+std::string Asked(const std::vector<std::string>& arguments)
+{
+    const std::string first = arguments.size() == 2 ? arguments[1] : "";
+    if (first == "--version" || first == "-V") {
+        return "kestrum-ec3 " + std::string(kestrum::kVersion) + "\n";
+    }
+    return first == "--help" || first == "-h" ? kHelp : "";
+}
+
+// Qt would abort, which looks like a crash, when there is no display to open.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    if (type != QtFatalMsg) {
+        return;
+    }
+    const std::string reason = text.simplified().toStdString();
+    std::fprintf(stderr,
+                 "kestrum-ec3: no display to open a window on; `kestrum` works without one\n"
+                 "(%s)\n",
+                 reason.c_str());
+    std::_Exit(kBadInput);
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -45,8 +83,13 @@ int main(int argc, char** argv)
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN);  // a file that must not grow is a failed save, told as such
 #endif
+    if (const std::string answer = Asked(Arguments(argc, argv)); !answer.empty()) {
+        return std::fputs(answer.c_str(), stdout) < 0 || std::fflush(stdout) != 0 ? kBadInput : 0;
+    }
     const std::string commandline = RawCommandLine(argc, argv);
+    const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
     Application application(argc, argv);
+    qInstallMessageHandler(usual);
     QCoreApplication::setApplicationName(QStringLiteral("Kestrum EC3"));
     QCoreApplication::setApplicationVersion(ToQt(kVersion));
     // The desktop entry and the icon that the package installs under this name.

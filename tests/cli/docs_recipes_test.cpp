@@ -1,0 +1,108 @@
+// The commands that the documentation shows, run as they stand there.
+
+#include "cli/run.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace kestrum {
+namespace {
+
+using ::testing::HasSubstr;
+
+std::string Replaced(std::string text, const std::string& what, const std::string& by)
+{
+    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
+        text.replace(at, what.size(), by);
+    }
+    return text;
+}
+
+class Recipes : public CommandLine {
+protected:
+    // The shell blocks of a document.
+    static std::vector<std::string> Blocks(const std::string& name)
+    {
+        std::ifstream file(KESTRUM_SOURCE "/" + name);
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        const std::string open = "\n```sh\n", close = "\n```";
+        std::vector<std::string> blocks;
+        for (std::size_t at = 0; (at = text.find(open, at)) != std::string::npos;) {
+            at += open.size();
+            blocks.push_back(text.substr(at, text.find(close, at) - at));
+        }
+        return blocks;
+    }
+
+    Said Run(const std::string& block) const
+    {
+        return Shell("PATH='" KESTRUM_BIN "':$PATH; set -e\n" + block);
+    }
+
+    static std::ptrdiff_t Answers(const std::string& text)
+    {
+        return std::count(text.begin(), text.end(), '\n') -
+               static_cast<std::ptrdiff_t>(
+                   std::distance(std::sregex_iterator(text.begin(), text.end(), kHeader),
+                                 std::sregex_iterator()));
+    }
+
+    static const std::regex kHeader;
+};
+
+const std::regex Recipes::kHeader("(^|\n)member,");
+
+// Also where members are above their limit or cannot be read.
+TEST_F(Recipes, ThoseOfBatchAnswerEachMember)
+{
+    const std::vector<std::string> blocks = Blocks("docs/batch.md");
+    ASSERT_EQ(blocks.size(), 2U);
+    std::filesystem::create_directory(Path("projects"));
+    WriteGood("projects/a.kst");
+    for (int i = 0; i < 30; ++i) {
+        std::filesystem::copy(Path("projects/a.kst"),
+                              Path("projects/" + std::to_string(i) + ".kst"));
+    }
+    ASSERT_EQ(Kestrum("set projects/7.kst qload[1]=4000").exit, 0);
+    Write("projects/8.kst", "131\r\nno project");
+    const Said files = Run(Replaced(blocks[0], "-n 200", "-n 10"));
+    EXPECT_EQ(files.exit, 0) << files.err;
+    EXPECT_EQ(Answers(Read("answers.csv")), 31);
+    EXPECT_THAT(Read("answers.csv"), HasSubstr("projects/7.kst,above limit"));
+    EXPECT_THAT(Read("answers.csv"), HasSubstr("projects/8.kst,bad input"));
+
+    std::string table = "l,qload[1],ident\n";
+    for (int i = 0; i < 25; ++i) {
+        table += std::to_string(2 + i % 5) + (i == 3 ? ",4000," : i == 12 ? ",x," : ",1,") + "B\n";
+    }
+    Write("members.csv", table);
+    const Said split = Run(Replaced(blocks[1], "100000", "10"));
+    EXPECT_EQ(split.exit, 0) << split.err;
+    EXPECT_EQ(Answers(Read("part.aa.csv")), 10);
+    EXPECT_EQ(Answers(Read("part.ab.csv")), 10);
+    EXPECT_EQ(Answers(Read("part.ac.csv")), 5);
+    EXPECT_THAT(Read("part.aa.csv"), HasSubstr("\n4,above limit"));
+    EXPECT_THAT(Read("part.ab.csv"), HasSubstr("\n3,bad input"));
+}
+
+TEST_F(Recipes, ThoseOfTheReadmeAndTheGuideEndWell)
+{
+    std::filesystem::copy(KESTRUM_SOURCE "/examples", Path("examples"));
+    for (const char* document : {"README.md", "docs/guide/command-line.md"}) {
+        for (const std::string& block : Blocks(document)) {
+            if (block.find("kestrum") == std::string::npos) {
+                continue;
+            }
+            const Said said = Run(block);
+            EXPECT_EQ(said.exit, 0) << document << ":\n" << block << '\n' << said.err;
+            EXPECT_FALSE(said.out.empty()) << block;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kestrum
