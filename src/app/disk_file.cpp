@@ -8,14 +8,14 @@
 
 namespace kestrum {
 
-DiskFile::Content DiskFile::Read(const std::string& path)
+DiskFile::Content DiskFile::Read(const std::string& path, Reader reader)
 {
     Content content;
     std::error_code fault;
     const std::filesystem::file_status status = std::filesystem::status(Utf8Path(path), fault);
     content.there = status.type() != std::filesystem::file_type::not_found;
     if (status.type() == std::filesystem::file_type::regular) {
-        content.problem = ReadWholeFile(path, content.bytes);
+        content.problem = reader(path, content.bytes);
     } else if (content.there) {
         content.problem = "is no file";  // reading a pipe would wait
     }
@@ -34,18 +34,18 @@ void DiskFile::Forget()
     seen_.reset();
 }
 
-DiskState DiskFile::Compare(const std::string& path) const
+DiskState DiskFile::Compare(const std::string& path)
 {
-    const Content now = Read(path);
-    if (!now.there) {
+    seen_ = Read(path, ReadLockedFile);
+    if (gone()) {
         return DiskState::gone;
     }
-    return known_ == now ? DiskState::same : DiskState::changed;
+    return known_ == seen_ ? DiskState::same : DiskState::changed;
 }
 
 bool DiskFile::HasNews(const std::string& path)
 {
-    Content now = Read(path);
+    Content now = Read(path, ReadWholeFile);
     const bool news = now.there && known_ != now && seen_ != now;
     seen_ = std::move(now);
     return news;

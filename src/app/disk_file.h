@@ -22,13 +22,14 @@ public:
     void Know(std::string bytes);
     void Forget();
 
-    DiskState Compare(const std::string& path) const;
+    // For one who holds the lock of the file.
+    DiskState Compare(const std::string& path);
 
-    // Whether the file holds something else that the last call has not seen yet.
+    // Whether the file holds something else that no look has seen yet.
     bool HasNews(const std::string& path);
-    // What the last call has seen may be overwritten.
+    // What the last look has seen may be overwritten.
     void Accept();
-    // The last call found no file.
+    // The last look found no file.
     bool gone() const { return seen_ && !seen_->there; }
 
 private:
@@ -37,7 +38,8 @@ private:
         std::string bytes, problem;
         bool operator==(const Content&) const = default;
     };
-    static Content Read(const std::string& path);
+    using Reader = std::string (*)(const std::string& path, std::string& bytes);
+    static Content Read(const std::string& path, Reader reader);
 
     std::optional<Content> known_, seen_;
 };

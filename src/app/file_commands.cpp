@@ -2,10 +2,13 @@
 
 #include "core/annexes.h"
 #include "core/file_io.h"
+#include "core/file_lock.h"
 #include "core/material.h"
 #include "core/project_file.h"
 #include "engine/new_project.h"
 
+#include <chrono>
+#include <cstdint>
 #include <utility>
 
 namespace kestrum {
@@ -29,16 +32,42 @@ void FinishOpening(Session& session)
     session.Calculate();
 }
 
-bool WriteFile(Session& session, const std::string& path)
+// What was written is the project from now on; a failure is told.
+bool Conclude(Session& session, const std::string& path, std::string bytes,
+              const std::string& problem)
 {
-    std::string bytes = WriteProject(session.edit());
-    if (const std::string problem = WriteWholeFile(path, bytes); !problem.empty()) {
+    if (!problem.empty()) {
         session.surroundings().Warn(path + ": " + problem);
         return false;
     }
     session.disk.Know(std::move(bytes));
     session.filefault.clear();
     return true;
+}
+
+bool WriteFile(Session& session, const std::string& path)
+{
+    std::string bytes = WriteProject(session.edit());
+    const std::string problem = WriteWholeFile(path, bytes);
+    return Conclude(session, path, std::move(bytes), problem);
+}
+
+enum class Saved : std::uint8_t { done, failed, refused };
+
+// Writes the file unless it has changed; nobody else changes it between the look and the writing.
+Saved WriteUnchanged(Session& session, const std::string& path)
+{
+    constexpr std::chrono::milliseconds kPatience{2000};
+    FileLock lock;
+    std::string problem = lock.Take(path, kPatience);
+    if (problem.empty() && session.disk.Compare(path) == DiskState::changed) {
+        return Saved::refused;
+    }
+    std::string bytes = WriteProject(session.edit());
+    if (problem.empty()) {
+        problem = lock.Write(bytes);
+    }
+    return Conclude(session, path, std::move(bytes), problem) ? Saved::done : Saved::failed;
 }
 
 DiskAnswer AskAboutDisk(Session& session, std::string_view keeping)
@@ -77,7 +106,7 @@ void NewFile(Session& session, SettingsStore& store)
         }
     }
     NewProject(session.library(), session.edit());
-    session.filefault.clear();
+    session.BeginProject();
     session.disk.Forget();
     session.SetTitle(session.TitleStem() + ": " + session.state().filename);
     session.Calculate();
@@ -112,7 +141,7 @@ bool OpenPath(Session& session, SettingsStore& store, const std::string& path)
         session.changed();
         return false;
     }
-    session.filefault.clear();
+    session.BeginProject();
     if (!again) {
         session.SetTitle(session.TitleStem() + ": " + path);
         PushRecentFile(store, path);
@@ -138,12 +167,14 @@ bool SaveFile(Session& session, SettingsStore& store)
     if (path == kNewFile || session.halfread()) {
         return SaveFileAs(session, store);
     }
-    if (session.disk.Compare(path) != DiskState::changed) {
-        return WriteFile(session, path);
+    const Saved saved = WriteUnchanged(session, path);
+    if (saved != Saved::refused) {
+        return saved == Saved::done;
     }
     switch (AskAboutDisk(session, "overwrites it now.")) {
     case DiskAnswer::keep:
-        return WriteFile(session, path);
+        session.disk.Accept();
+        return SaveFile(session, store);  // unless it has changed again
     case DiskAnswer::saveas:
         return SaveFileAs(session, store);
     case DiskAnswer::reload:

@@ -63,7 +63,10 @@ void Session::Calculate()
         return;
     }
     calculating_ = true;
+    const i16 lateral = state_.ltb;
     failed_ = !kestrum::Calculate(library_, state_);
+    outcome_ = OutcomeOf(state_, !failed_);
+    lateraloff_ = state_.ltb != 0 ? i16{0} : lateral != 0 ? state_.family : lateraloff_;
     if (!failed_) {
         shown_ = state_;
     }
@@ -73,6 +76,12 @@ void Session::Calculate()
     if (overloaded) {
         surroundings_.Warn(kFlangeOverload);
     }
+}
+
+void Session::BeginProject()
+{
+    filefault.clear();
+    lateraloff_ = 0;
 }
 
 void Session::Tell(const LoadCheck& check)

@@ -10,6 +10,7 @@
 #include "app/surroundings.h"
 #include "core/library.h"
 #include "core/project_state.h"
+#include "report/outcome.h"
 
 #include <functional>
 #include <string>
@@ -42,6 +43,13 @@ public:
     // True while `txtError` is visible: the last pass could not finish and `shown` is an older one.
     bool failed() const { return failed_; }
 
+    // Verdict on the last pass, also on one that could not finish.
+    const Outcome& outcome() const { return outcome_; }
+
+    // The family that has switched lateral torsional buckling off for all that follow; 0: none, it
+    // is as the user left it.
+    i16 lateraloff() const { return lateraloff_; }
+
     // One pass, then `changed`. Not re-entered, also not from `changed`: a list that a refresh sets
     // may raise the event of a choice. A pass that switches the flange loading off says so.
     void Calculate();
@@ -68,6 +76,9 @@ public:
     // The project's file as it was read or written last.
     DiskFile disk;
 
+    // Another project has come in, whole: what was said of the one before holds no longer.
+    void BeginProject();
+
     // Called after every pass and every command that changes what a window shows.
     std::function<void()> changed = [] {};
 
@@ -82,6 +93,8 @@ private:
     bool decimalcomma_;
     ProjectState state_{};
     ProjectState shown_{};
+    Outcome outcome_;
+    i16 lateraloff_ = 0;
     bool failed_ = false;
     bool calculating_ = false;
     std::string title_;

@@ -3,8 +3,6 @@
 #include "core/number_format.h"
 #include "sections/families.h"
 
-#include <algorithm>
-
 namespace kestrum {
 
 const Box& LoadDistanceBox()
@@ -17,14 +15,6 @@ bool ControlledUntouched(const Box& box)
 {
     return box.rule != BoxRule::plain && box.rule != BoxRule::position &&
            box.rule != BoxRule::boxtop;
-}
-
-std::string ForLocale(std::string text, bool decimalcomma)
-{
-    if (decimalcomma) {
-        std::replace(text.begin(), text.end(), '.', ',');
-    }
-    return text;
 }
 
 std::string LateralLengthText(const ProjectState& s)

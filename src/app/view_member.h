@@ -16,9 +16,6 @@ const Box& LoadDistanceBox();
 // Whether leaving the box unchanged controls it all the same: its limits hang on other boxes.
 bool ControlledUntouched(const Box& box);
 
-// A number of the program as a user with a decimal comma reads it.
-std::string ForLocale(std::string text, bool decimalcomma);
-
 std::string LateralLengthText(const ProjectState& s);  // ik: "1.00"
 std::string LoadLevelText(const ProjectState& s);      // zaa: where the load acts
 std::string EndPostText(const ProjectState& s);        // ia: "Non-rigid", "Rigid"

@@ -1,7 +1,7 @@
 #include "ui/binder.h"
 
 #include "app/box_help.h"
-#include "app/view_member.h"
+#include "app/locale_text.h"
 #include "ui/text.h"
 
 #include <QGridLayout>
@@ -20,6 +20,11 @@ int BoxWidth(const QWidget& box)
 }
 
 }  // namespace
+
+QString Binder::ForLocale(const QString& text) const
+{
+    return ToQt(kestrum::ForLocale(FromQt(text), session_.decimalcomma()));
+}
 
 BoxEdit* Binder::Box(std::string_view id, int row)
 {
@@ -65,7 +70,7 @@ QCheckBox* Binder::Tick(const QString& name, const QString& text, From<bool> is,
 QRadioButton* Binder::Option(const QString& name, const QString& text, From<bool> is,
                              std::function<void(Session&)> choose)
 {
-    auto* const option = new QRadioButton(text);
+    auto* const option = new QRadioButton(ForLocale(text));
     option->setObjectName(name);
     QObject::connect(option, &QRadioButton::clicked, option,
                      [this, choose](bool) { choose(session_); });
@@ -80,9 +85,9 @@ QRadioButton* Binder::Option(const QString& name, const QString& text, From<bool
 PictureButton* Binder::PictureOption(const QString& name, const QString& text, Drawing drawing,
                                      From<bool> is, std::function<void(Session&)> choose)
 {
-    auto* const button = new PictureButton(name, text);
+    auto* const button = new PictureButton(name, ForLocale(text));
     button->setCheckable(true);
-    button->Show(std::move(drawing));
+    button->Show(kestrum::ForLocale(std::move(drawing), session_.decimalcomma()));
     QObject::connect(button, &QToolButton::clicked, button, [this, button, is, choose](bool) {
         choose(session_);
         button->setChecked(is(session_.state()));
@@ -135,15 +140,14 @@ QLabel* Binder::Text(const QString& name, From<std::string> text)
 {
     auto* const label = new QLabel;
     label->setObjectName(name);
-    Follow([label, text](const ProjectState& s) { label->setText(ToQt(text(s))); });
+    Follow(
+        [this, label, text](const ProjectState& s) { label->setText(ForLocale(ToQt(text(s)))); });
     return label;
 }
 
 QLabel* Binder::Value(const QString& name, From<std::string> text)
 {
-    QLabel* const label = Text(name, [this, text](const ProjectState& s) {
-        return ForLocale(text(s), session_.decimalcomma());
-    });
+    QLabel* const label = Text(name, std::move(text));
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
@@ -152,13 +156,18 @@ QLabel* Binder::Value(const QString& name, From<std::string> text)
 Picture* Binder::Figure(const QString& name, From<Drawing> drawing)
 {
     auto* const picture = new Picture(name);
-    Follow([picture, drawing](const ProjectState& s) { picture->Show(drawing(s)); });
+    Follow([this, picture, drawing](const ProjectState& s) {
+        picture->Show(kestrum::ForLocale(drawing(s), session_.decimalcomma()));
+    });
     return picture;
 }
 
 Picture* Binder::ResultFigure(const QString& name, From<Drawing> drawing)
 {
-    return Figure(name, [this, drawing](const ProjectState&) { return drawing(session_.shown()); });
+    Picture* const picture =
+        Figure(name, [this, drawing](const ProjectState&) { return drawing(session_.shown()); });
+    Follow([this, picture](const ProjectState&) { picture->SetFaded(session_.halfread()); });
+    return picture;
 }
 
 void Binder::ShowWhen(QWidget* widget, From<bool> shown)

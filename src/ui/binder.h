@@ -51,11 +51,13 @@ public:
     QPushButton* Rotor(const QString& name, const QString& meaning, From<std::string> text,
                        std::function<void(Session&)> press);
 
-    // A text of the program; a value also takes the decimal separator of the locale.
+    // A text with the decimal separator of the locale; a value stands at the right and can be
+    // copied.
     QLabel* Text(const QString& name, From<std::string> text);
     QLabel* Value(const QString& name, From<std::string> text);
 
-    // Drawn from the record in hand, or from the last good pass.
+    // Drawn from the record in hand, or from the last good pass; that one is faded while it is not
+    // the file's.
     Picture* Figure(const QString& name, From<Drawing> drawing);
     Picture* ResultFigure(const QString& name, From<Drawing> drawing);
 
@@ -64,6 +66,9 @@ public:
     void Follow(std::function<void(const ProjectState&)> refresh);
 
     void Refresh();
+
+    // A text of the program with the decimal separator of the locale.
+    QString ForLocale(const QString& text) const;
 
 private:
     Session& session_;

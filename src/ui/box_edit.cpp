@@ -1,6 +1,7 @@
 #include "ui/box_edit.h"
 
 #include "app/box_help.h"
+#include "app/locale_text.h"
 #include "app/view_member.h"
 #include "ui/text.h"
 
@@ -40,7 +41,7 @@ BoxEdit::BoxEdit(Session& session, const Box& box, int row, QWidget* parent)
 {
     setObjectName(NameOf(box, row));
     setAlignment(Qt::AlignRight);
-    setToolTip(ToQt(TooltipOf(box)));
+    setToolTip(ToQt(ForLocale(TooltipOf(box), session.decimalcomma())));
     QString name = ToQt(AccessibleNameOf(box));
     if (row > 0) {
         name += QLatin1Char(' ') + QString::number(row);

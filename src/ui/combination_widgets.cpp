@@ -29,7 +29,8 @@ QWidget* PsiFrame(Binder& bind, Desk& desk, const QString& infobutton)
     const auto list = [&](int which, const QString& name, const QString& label,
                           i16 ProjectState::*field) {
         QComboBox* const psi = bind.List(
-            name, PsiNames(), [field](const ProjectState& s) { return s.*field; },
+            name, PsiNames(bind.session().decimalcomma()),
+            [field](const ProjectState& s) { return s.*field; },
             [which](Session& session, int index) { ChoosePsi(session, which, index); });
         psi->setToolTip(QObject::tr("Combination value\nEN 1990, A1.2.2"));
         psi->setAccessibleName(QObject::tr("Combination value of ") + label.left(2));

@@ -43,7 +43,7 @@ public:
 
     void done(int result) override;
 
-    // The last row: what the form adds, then its button that closes it.
+    // The last row, always in sight: what the form adds, then its button that closes it.
     QHBoxLayout* AddButtons(const QString& okname = QStringLiteral("ok"));
 
 protected:

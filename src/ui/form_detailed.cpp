@@ -1,3 +1,4 @@
+#include "app/locale_text.h"
 #include "core/file_io.h"
 #include "report/detailed_table.h"
 #include "ui/forms.h"
@@ -5,10 +6,12 @@
 #include "ui/theme.h"
 
 #include <QDir>
+#include <QFile>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QStandardPaths>
 #include <QTableWidget>
+#include <QTemporaryFile>
 #include <QVBoxLayout>
 
 #ifdef KESTRUM_SPREADSHEET
@@ -19,7 +22,7 @@ namespace kestrum {
 
 namespace {
 
-void Fill(QTableWidget* table, const std::vector<DetailedRow>& rows)
+void Fill(QTableWidget* table, const std::vector<DetailedRow>& rows, const Session& session)
 {
     table->clearSpans();
     table->setRowCount(static_cast<int>(rows.size()));
@@ -27,9 +30,13 @@ void Fill(QTableWidget* table, const std::vector<DetailedRow>& rows)
     bold.setBold(true);
     for (int i = 0; i < table->rowCount(); ++i) {
         const DetailedRow& row = rows[static_cast<std::size_t>(i)];
-        const std::string* const texts[] = {&row.parameter, &row.value, &row.unit, &row.reference};
+        const std::string texts[] = {row.parameter, ForLocale(row.value, session.decimalcomma()),
+                                     row.unit, row.reference};
         for (int column = 0; column < 4; ++column) {
-            auto* const item = new QTableWidgetItem(ToQt(*texts[column]));
+            auto* const item = new QTableWidgetItem(ToQt(texts[column]));
+            if (session.halfread()) {  // values of another project
+                item->setForeground(table->palette().placeholderText());
+            }
             if (column == 1) {
                 item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
             }
@@ -47,14 +54,14 @@ void Fill(QTableWidget* table, const std::vector<DetailedRow>& rows)
 
 // Without the library of spreadsheets the table goes out as CSV, which such programs read too.
 #ifdef KESTRUM_SPREADSHEET
-const auto kTableFile = QStringLiteral("Kestrum EC3 results.xlsx");
+const auto kTableFile = QStringLiteral("Kestrum EC3 results XXXXXX.xlsx");
 
 std::string WriteTable(const std::vector<DetailedRow>& rows, const std::string& path)
 {
     return WriteDetailedXlsx(rows, path);
 }
 #else
-const auto kTableFile = QStringLiteral("Kestrum EC3 results.csv");
+const auto kTableFile = QStringLiteral("Kestrum EC3 results XXXXXX.csv");
 
 std::string WriteTable(const std::vector<DetailedRow>& rows, const std::string& path)
 {
@@ -62,13 +69,22 @@ std::string WriteTable(const std::vector<DetailedRow>& rows, const std::string& 
 }
 #endif
 
-// A file in the user's temporary folder, shown by the program that the platform has for it.
-void CopyToSpreadsheet(Session& session)
+// An empty file of the user's temporary folder that nobody else has; an empty name without room.
+QString NewTableFile()
 {
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::TempLocation));
-    const std::string path = FromQt(folder.filePath(kTableFile));
-    const std::string fault = WriteTable(FillDetailedResult(session.shown()), path);
-    if (!fault.empty() || !session.surroundings().OpenDocument(path)) {
+    QTemporaryFile file(folder.filePath(kTableFile));
+    file.setAutoRemove(false);  // the spreadsheet program reads it later
+    return file.open() ? file.fileName() : QString();
+}
+
+// Shown by the program that the platform has for it.
+void CopyToSpreadsheet(Session& session)
+{
+    const QString path = NewTableFile();
+    if (path.isEmpty() || !WriteTable(FillDetailedResult(session.shown()), FromQt(path)).empty() ||
+        !session.surroundings().OpenDocument(FromQt(path))) {
+        QFile::remove(path);
         session.surroundings().Warn(kSpreadsheetFailure);
     }
 }
@@ -95,7 +111,7 @@ Form* MakeDetailedResult(Desk& desk, QWidget* parent)
     table->setShowGrid(true);
     table->setMinimumSize(460, 480);
     bind.Follow([table, &desk](const ProjectState&) {
-        Fill(table, FillDetailedResult(desk.session.shown()));
+        Fill(table, FillDetailedResult(desk.session.shown()), desk.session);
     });
     form->body()->addWidget(table, 1);
     QHBoxLayout* const buttons = form->AddButtons();

@@ -1,3 +1,4 @@
+#include "app/locale_text.h"
 #include "core/version.h"
 #include "report/choice_pictures.h"
 #include "report/section_figure.h"
@@ -23,7 +24,7 @@ Form* MakeInfo(Desk& desk, QWidget* parent, std::string_view name, const QString
         picture->setMinimumHeight(120);
         form->body()->addWidget(picture, 1);
     }
-    auto* const label = new QLabel(text);
+    auto* const label = new QLabel(ToQt(ForLocale(FromQt(text), desk.session.decimalcomma())));
     label->setObjectName(QStringLiteral("lblinfo"));
     label->setTextFormat(Qt::RichText);
     label->setWordWrap(true);

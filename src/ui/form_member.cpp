@@ -54,7 +54,7 @@ Form* MakeBuckling(Desk& desk, QWidget* parent, Axis axis)
             },
             [axis, choice](Session& session) { ChooseBucklingCase(session, axis, choice); });
         button->SetPictureSize({84, 170});
-        button->setToolTip(captions.at(choice - 1));
+        button->setToolTip(bind.ForLocale(captions.at(choice - 1)));
         button->setAccessibleName(QObject::tr("Buckling length factor ") + captions.at(choice - 1));
         row->addWidget(button);
     }

@@ -1,6 +1,7 @@
 // The form of a section family: how the section is chosen or entered, its figure, its properties
 // and its resistance.
 
+#include "app/locale_text.h"
 #include "app/section_commands.h"
 #include "app/view_section.h"
 #include "report/section_figure.h"
@@ -39,24 +40,26 @@ QWidget* RowList(Binder& bind, const FamilyTraits& family)
     list->setAccessibleName(QObject::tr("Sections of the table"));
     list->setUniformItemSizes(true);
     const Library& library = bind.session().library();
-    bind.Follow([list, &library, shown = std::optional<Table>()](const ProjectState& s) mutable {
-        const QSignalBlocker quiet(list);
-        const Table table = TableOf(s);
-        if (shown != table) {
-            shown = table;
-            list->clear();
-            for (int row = 0; row < RowCount(table); ++row) {
-                list->addItem(ToQt(RowName(library, table, row)));
+    const bool comma = bind.session().decimalcomma();
+    bind.Follow(
+        [list, &library, comma, shown = std::optional<Table>()](const ProjectState& s) mutable {
+            const QSignalBlocker quiet(list);
+            const Table table = TableOf(s);
+            if (shown != table) {
+                shown = table;
+                list->clear();
+                for (int row = 0; row < RowCount(table); ++row) {
+                    list->addItem(ToQt(ForLocale(RowName(library, table, row), comma)));
+                }
+                list->setMinimumWidth(list->sizeHintForColumn(0) + 2 * list->frameWidth() +
+                                      list->verticalScrollBar()->sizeHint().width() + kGap);
             }
-            list->setMinimumWidth(list->sizeHintForColumn(0) + 2 * list->frameWidth() +
-                                  list->verticalScrollBar()->sizeHint().width() + kGap);
-        }
-        const int row = s.row[static_cast<std::size_t>(table)];
-        if (list->currentRow() != row) {
-            list->setCurrentRow(row < list->count() ? row : -1);
-            list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtCenter);
-        }
-    });
+            const int row = s.row[static_cast<std::size_t>(table)];
+            if (list->currentRow() != row) {
+                list->setCurrentRow(row < list->count() ? row : -1);
+                list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtCenter);
+            }
+        });
     QObject::connect(list, &QListWidget::currentRowChanged, list, [&bind](int row) {
         if (row >= 0) {
             ChooseRow(bind.session(), TableOf(bind.session().state()), row);
@@ -321,7 +324,7 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
         middle->addWidget(GeneralClasses(bind));
     }
     for (const std::string_view note : CornerNotes(family)) {
-        middle->addWidget(FaintLabel(ToQt(note)));
+        middle->addWidget(FaintLabel(bind.ForLocale(ToQt(note))));
     }
     AddFamilyOptions(middle, bind, family);
     columns->addLayout(middle, 1);

@@ -30,7 +30,7 @@ QGroupBox* LengthGroup(Binder& bind)
             [choice](const ProjectState& s) { return s.ltbcase == choice; },
             [choice](Session& session) { ChooseLateralCase(session, choice); });
         button->SetPictureSize({124, 70});
-        button->setToolTip(captions.at(choice - 1));
+        button->setToolTip(bind.ForLocale(captions.at(choice - 1)));
         button->setAccessibleName(captions.at(choice - 1));
         bind.ShowWhen(button,
                       [choice](const ProjectState& s) { return LateralCaseOffered(s, choice); });

@@ -91,7 +91,8 @@ QGroupBox* VerdictGroup(Binder& bind, const VortexView& view)
     value(1, QObject::tr("Wind speed Vm"), QStringLiteral("lblvm"), VortexMeanText);
     value(2, QObject::tr("Critical windspeed, Vcrit"), QStringLiteral("lblvcrit"),
           VortexCriticalText);
-    grid->addWidget(new QLabel(QStringLiteral("Control eq E.1: Vcrit >= 1.25Vm")), 3, 0);
+    grid->addWidget(new QLabel(bind.ForLocale(QStringLiteral("Control eq E.1: Vcrit >= 1.25Vm"))),
+                    3, 0);
     QLabel* const verdict = bind.Text(QStringLiteral("lblOK"), [view](const ProjectState&) {
         return std::string(VortexVerdict(*view));
     });
@@ -124,13 +125,13 @@ QTableWidget* VortexTable(Binder& bind, const VortexView& view)
     table->setAlternatingRowColors(true);
     table->setSelectionMode(QAbstractItemView::ContiguousSelection);
     table->horizontalHeader()->setStretchLastSection(true);
-    bind.Follow([table, view](const ProjectState&) {
+    bind.Follow([table, view, &bind](const ProjectState&) {
         const std::vector<VortexRow> rows = VortexGrid(*view);
         table->setRowCount(static_cast<int>(rows.size()));
         for (int i = 0; i < table->rowCount(); ++i) {
             const VortexRow& row = rows[static_cast<std::size_t>(i)];
             table->setItem(i, 0, new QTableWidgetItem(ToQt(row.parameter)));
-            auto* const value = new QTableWidgetItem(ToQt(row.value));
+            auto* const value = new QTableWidgetItem(bind.ForLocale(ToQt(row.value)));
             value->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
             table->setItem(i, 1, value);
             table->setItem(i, 2, new QTableWidgetItem(ToQt(row.unit)));

@@ -1,5 +1,6 @@
 #include "ui/lists.h"
 
+#include "app/locale_text.h"
 #include "core/annexes.h"
 #include "core/load_combination.h"
 #include "core/number_format.h"
@@ -27,11 +28,11 @@ QStringList AnnexNames()
     return names;
 }
 
-QStringList PsiNames()
+QStringList PsiNames(bool decimalcomma)
 {
     QStringList names;
     for (int i = 1; i <= 10; ++i) {
-        names << ToQt(FormatNum(i / 10.0, "0.0"));
+        names << ToQt(ForLocale(FormatNum(i / 10.0, "0.0"), decimalcomma));
     }
     return names;
 }

@@ -10,7 +10,7 @@ namespace kestrum {
 
 QStringList CombinationNames();
 QStringList AnnexNames();
-QStringList PsiNames();  // "0.1" to "1.0"
+QStringList PsiNames(bool decimalcomma);  // "0.1" to "1.0"
 QStringList MaterialNames(const Library& library);
 QStringList BucklingCurveNames();  // "Auto", "a0" .. "d"
 QStringList SupportNames();        // of cbutt0 .. cbutt5

@@ -233,7 +233,10 @@ void MainWindow::OpenManual(const QString& file)
 {
     const std::string path = desk_.helppath + FromQt(file);
     if (!desk_.session.surroundings().OpenDocument(path)) {
-        desk_.session.surroundings().Warn(path + ": " + FromQt(tr("the manual is not installed")));
+        desk_.session.surroundings().Warn(path + ": " +
+                                          FromQt(QFileInfo::exists(ToQt(path))
+                                                     ? tr("no program opens this kind of file")
+                                                     : tr("the manual is not installed")));
     }
 }
 

@@ -201,7 +201,6 @@ QGroupBox* LateralGroup(Binder& bind, Desk& desk)
     open->setFixedWidth(30);
     open->setToolTip(QObject::tr("Lateral torsional buckling parameters"));
     open->setAccessibleName(open->toolTip());
-    bind.EnableWhen(open, [](const ProjectState& s) { return s.ltb == 1; });
     grid->addWidget(tick, 0, 0);
     QLabel* const kname = FaintLabel(QStringLiteral("k ="));
     bind.ShowWhen(kname, [](const ProjectState& s) { return s.ltb == 1; });

@@ -1,7 +1,7 @@
 #include "ui/main_panels.h"
 
+#include "app/locale_text.h"
 #include "app/section_commands.h"
-#include "app/view_member.h"
 #include "engine/calculate.h"
 #include "report/design_notes.h"
 #include "report/diagrams.h"
@@ -19,6 +19,8 @@
 #include <QListWidget>
 #include <QTabWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace kestrum {
 
@@ -79,7 +81,10 @@ QGroupBox* PanelGroup(Binder& bind, Desk& desk)
     QGroupBox* const group = Group(QStringLiteral("fr4"), QObject::tr("Results "));
     QVBoxLayout* const column = ColumnOf(group);
     auto* const panel = new ResultPanel;
-    bind.Follow([panel, &desk](const ProjectState&) { panel->Show(desk.session.shown()); });
+    bind.Follow([panel, &desk](const ProjectState&) {
+        panel->Show(desk.session.shown(), desk.session.decimalcomma());
+        panel->SetFaded(desk.session.halfread());
+    });
     column->addWidget(panel, 1);
     auto* const error = new QLabel(ToQt(kCalculationError));
     error->setObjectName(QStringLiteral("txtError"));
@@ -109,8 +114,10 @@ QGroupBox* NotesGroup(Binder& bind, Desk& desk)
             desk.session.failed() ? std::vector<DesignNote>{} : DesignNotes(desk.session.shown());
         list->clear();
         for (const DesignNote& note : notes) {
-            auto* const item =
-                new QListWidgetItem(ToQt(note.id) + QStringLiteral(": ") + ToQt(note.text), list);
+            auto* const item = new QListWidgetItem(
+                ToQt(ForLocale(std::string(note.id) + ": " + std::string(note.text),
+                               desk.session.decimalcomma())),
+                list);
             item->setToolTip(item->text());
         }
         group->setTitle(QObject::tr("Design notes (%1)").arg(notes.size()));
@@ -164,10 +171,24 @@ QWidget* FamilyTabs(Binder& bind, Desk& desk)
         {MenuGroup::plates, QObject::tr("Stiffened plates")},
         {MenuGroup::other, QObject::tr("Other")},
         {MenuGroup::british, QObject::tr("British profiles")}};
+    std::vector<MenuGroup> pages;
     for (const auto& [group, title] : groups) {
         tabs->addTab(FamilyTab(bind, desk, group), title);
+        pages.push_back(group);
     }
     tabs->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // With the family, not with every pass: the user may look through the tabs.
+    bind.Follow([tabs, pages, shown = 0](const ProjectState& s) mutable {
+        const FamilyTraits* const family = FindFamily(s.family);
+        if (family == nullptr || family->id == shown) {
+            return;
+        }
+        shown = family->id;
+        const auto at = std::find(pages.begin(), pages.end(), family->group);
+        if (at != pages.end()) {
+            tabs->setCurrentIndex(static_cast<int>(at - pages.begin()));
+        }
+    });
     return tabs;
 }
 

@@ -4,6 +4,7 @@
 #include "sections/family_table.h"
 #include "ui/forms.h"
 #include "ui/main_panels.h"
+#include "ui/status_banner.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -108,7 +109,15 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
     right->setStretchFactor(1, 100 - kDiagramShare);
     right->setSizes({kDiagramShare * 10, (100 - kDiagramShare) * 10});
     right->setChildrenCollapsible(false);
-    row->addWidget(right, 1);
+    auto* const status = new StatusBanner;
+    bind_.Follow([this, status](const ProjectState&) {
+        status->Show(StatusOf(desk_.session), desk_.session.decimalcomma());
+    });
+    auto* const results = new QVBoxLayout;
+    results->setSpacing(kGap);
+    results->addWidget(status);
+    results->addWidget(right, 1);
+    row->addLayout(results, 1);
     column->insertWidget(0, FamilyTabs(bind_, desk_));  // last, so that Tab begins with the inputs
     setCentralWidget(host);
 
@@ -164,7 +173,7 @@ Form* MainWindow::OpenForm(std::string_view name)
     const bool first = forms_.try_emplace(std::string(name), form).second;
     form->Refresh();
     if (first) {
-        form->resize(form->sizeHint().boundedTo(screen()->availableSize()));
+        form->resize(form->sizeHint());
     }
     form->show();
     form->activateWindow();
@@ -252,8 +261,12 @@ void MainWindow::LookAtDisk()
     QTimer::singleShot(0, this, [this] {
         if (!looking_ && QApplication::activeModalWidget() == nullptr) {
             looking_ = true;
+            const bool gone = desk_.session.disk.gone();
             ReviewDisk(desk_.session, desk_.store);
             looking_ = false;
+            if (gone != desk_.session.disk.gone()) {
+                Refresh();
+            }
         }
     });
 }

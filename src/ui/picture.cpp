@@ -154,7 +154,14 @@ void Picture::paintEvent(QPaintEvent*)
                               : palette().color(QPalette::Mid));
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+    painter.setOpacity(faded_ ? kFaded : 1);
     painter.drawPixmap(0, 0, cache_);
+}
+
+void Picture::SetFaded(bool faded)
+{
+    faded_ = faded;
+    update();
 }
 
 void Picture::mouseMoveEvent(QMouseEvent* event)

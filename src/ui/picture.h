@@ -29,6 +29,9 @@ public:
     // Device-independent pixels per unit at most, so that a small drawing is not blown up.
     void SetLargestScale(double largest) { largest_ = largest; }
 
+    // A drawing of results that are not those of the project in hand.
+    void SetFaded(bool faded);
+
     // Point under the mouse in units of the drawing; nothing (not a number) when it leaves.
     std::function<void(Point)> hovered;
     std::function<void()> left;
@@ -58,6 +61,7 @@ private:
     QPixmap cache_;
     double stretch_ = 1;
     double largest_ = 1e9;
+    bool faded_ = false;
 };
 
 class PictureButton final : public QToolButton {

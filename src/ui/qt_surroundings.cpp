@@ -1,6 +1,7 @@
 #include "ui/qt_surroundings.h"
 
 #include "render/painter.h"
+#include "ui/document_program.h"
 #include "ui/text.h"
 
 #include <QApplication>
@@ -154,7 +155,7 @@ bool QtSurroundings::Print(const std::vector<Drawing>& pages)
 
 bool QtSurroundings::OpenDocument(const std::string& path)
 {
-    return QFileInfo::exists(ToQt(path)) &&
+    return QFileInfo::exists(ToQt(path)) && HasProgramFor(ToQt(path)) &&
            QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(path)));
 }
 

@@ -1,5 +1,6 @@
 #include "ui/result_panel.h"
 
+#include "app/locale_text.h"
 #include "app/view_panel.h"
 #include "report/panel_text.h"
 #include "ui/picture.h"
@@ -241,6 +242,21 @@ private:
     int dpi_;
 };
 
+// A ratio above the limit says so also to those who do not see its colour.
+std::vector<PanelBlock> InWords(std::vector<PanelBlock> blocks)
+{
+    for (PanelBlock& block : blocks) {
+        for (PanelLine& line : block) {
+            for (std::vector<TextRun>* const runs : {&line.left, &line.result}) {
+                for (TextRun& run : *runs) {
+                    run.text += AboveWord(run.colour);
+                }
+            }
+        }
+    }
+    return blocks;
+}
+
 }  // namespace
 
 ResultPanel::ResultPanel(QWidget* parent) : QWidget(parent)
@@ -249,13 +265,19 @@ ResultPanel::ResultPanel(QWidget* parent) : QWidget(parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-void ResultPanel::Show(const ProjectState& s)
+void ResultPanel::Show(const ProjectState& s, bool decimalcomma)
 {
-    blocks_ = ShowResults(s);
+    blocks_ = InWords(ForLocale(ShowResults(s), decimalcomma));
     utilisation_ = PanelUtilisation(s);
     setAccessibleName(tr("Results"));
-    setAccessibleDescription(ToQt(PanelText(s)));
+    setAccessibleDescription(ToQt(ForLocale(PanelText(s), decimalcomma)));
     updateGeometry();
+    update();
+}
+
+void ResultPanel::SetFaded(bool faded)
+{
+    faded_ = faded;
     update();
 }
 
@@ -300,6 +322,7 @@ void ResultPanel::paintEvent(QPaintEvent*)
     setToolTip(fitting.Fits(size) ? QString() : accessibleDescription());  // what was cut, whole
 
     painter.translate(kMargin, kEdge / 2);
+    painter.setOpacity(faded_ ? kFaded : 1);
     const std::optional<double>* utilisation = utilisation_.data();
     const Layout layout = fitting.At(size);
     double down = 0;

@@ -18,7 +18,9 @@ class ResultPanel final : public QWidget {
 public:
     explicit ResultPanel(QWidget* parent = nullptr);
 
-    void Show(const ProjectState& s);
+    void Show(const ProjectState& s, bool decimalcomma);
+    // Results that are not those of the project in hand.
+    void SetFaded(bool faded);
 
     QSize sizeHint() const override { return {560, 200}; }
     QSize minimumSizeHint() const override;
@@ -34,6 +36,7 @@ private:
     std::vector<PanelBlock> blocks_;
     std::vector<std::optional<double>> utilisation_;  // a line each
     QWidget* corner_ = nullptr;
+    bool faded_ = false;
 };
 
 }  // namespace kestrum

@@ -9,8 +9,9 @@ class QSettings;
 
 namespace kestrum {
 
-constexpr int kGap = 6;     // between things that belong together
-constexpr int kMargin = 9;  // around groups
+constexpr double kFaded = 0.35;  // opacity of results that are not those of the project
+constexpr int kGap = 6;          // between things that belong together
+constexpr int kMargin = 9;       // around groups
 
 QPalette LightPalette();
 QPalette DarkPalette();

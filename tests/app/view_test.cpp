@@ -102,12 +102,6 @@ TEST(MemberTexts, OfTheGoverningSegment)
     EXPECT_EQ(SegmentText(s), "");
 }
 
-TEST(ForLocale, PutsTheCommaOfTheUser)
-{
-    EXPECT_EQ(ForLocale("1.5", true), "1,5");
-    EXPECT_EQ(ForLocale("1.5", false), "1.5");
-}
-
 // Section forms
 
 const ShownValue* Find(const std::vector<ShownValue>& values, std::string_view id)

@@ -4,6 +4,7 @@
 #include "ui/desktop.h"
 
 #include "app/box_help.h"
+#include "app/locale_text.h"
 #include "app/setup_commands.h"
 #include "app/view_member.h"
 #include "core/annexes.h"

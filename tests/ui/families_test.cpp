@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QTabWidget>
 
 namespace kestrum {
 
@@ -49,6 +50,25 @@ TEST_F(FamilyForms, ButtonAndMenuEntryChooseTheFamilyAndShowItsForm)
         form.close();
     }
     EXPECT_EQ(TakeComplaints(), QStringList());
+}
+
+// The tab shows the button of the family, however it was chosen; looking through the tabs changes
+// nothing, and no pass turns them back.
+TEST_F(FamilyForms, TabFollowsTheProject)
+{
+    auto& tabs = Find<QTabWidget>(QStringLiteral("ProfTab"));
+    for (const FamilyTraits& family : Families()) {
+        SCOPED_TRACE(family.id);
+        session.edit().family = static_cast<i16>(family.id);
+        session.Calculate();
+        EXPECT_TRUE(Find<QAbstractButton>(ToQt(family.form) + QLatin1Char('i')).isVisible());
+    }
+    session.edit().family = 22;
+    session.Calculate();
+    tabs.setCurrentIndex(0);
+    session.Calculate();
+    EXPECT_EQ(tabs.currentIndex(), 0);
+    EXPECT_EQ(state().family, 22);
 }
 
 TEST_F(FamilyForms, EveryInputOfEveryFormCanBeChanged)

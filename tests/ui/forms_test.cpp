@@ -309,6 +309,15 @@ TEST_F(Forms, VippingForcesTheGeneralCurveWhereItMust)
     EXPECT_FALSE(Find<QRadioButton>(QStringLiteral("Curve3"), &form).isEnabled());
 }
 
+// Its parameters can be looked at, and set, before the control is switched on.
+TEST_F(Forms, VippingOpensWithoutItsControl)
+{
+    Find<QCheckBox>(QStringLiteral("ch_vipp")).click();
+    ASSERT_EQ(state().ltb, 0);
+    Click(QStringLiteral("cbuttlateral"));
+    EXPECT_TRUE(Find<Form>(QStringLiteral("vipping")).isVisible());
+}
+
 TEST_F(Forms, VippingOffersManualFactorsForLoadedMembersWithoutRestraints)
 {
     Form& form = Open("vipping");
@@ -414,10 +423,16 @@ TEST_F(Forms, DetailedResultsFillTheirTableAndGoToASpreadsheet)
     EXPECT_EQ(FromQt(table.item(3, 0)->text()), rows[3].parameter);
     EXPECT_EQ(FromQt(table.item(4, 1)->text()), rows[4].value);
     Click(QStringLiteral("cmdDetailedResult"), &form);
-    ASSERT_EQ(script.opened.size(), 1U);
-    EXPECT_TRUE(QFile::exists(ToQt(script.opened.front())));
+    Click(QStringLiteral("cmdDetailedResult"), &form);
+    ASSERT_EQ(script.opened.size(), 2U);
+    EXPECT_NE(script.opened[0], script.opened[1]);  // the first may still be open there
+    for (const std::string& path : script.opened) {
+        EXPECT_TRUE(QFile::exists(ToQt(path)));
+        EXPECT_TRUE(QFile::remove(ToQt(path)));
+    }
     script.opens = false;
     Click(QStringLiteral("cmdDetailedResult"), &form);
+    EXPECT_FALSE(QFile::exists(ToQt(script.opened.back())));
     EXPECT_THAT(script.warnings, testing::ElementsAre(" Error on tranfere data to Excel "));
     EXPECT_TRUE(form.isVisible());
 }

@@ -11,8 +11,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QVBoxLayout>
 
 namespace kestrum {
 
@@ -109,8 +111,29 @@ TEST_P(Layout, HasRoomForEveryText)
         ASSERT_NE(form, nullptr);
         Desktop::Settle();
         EXPECT_EQ(Misfits(*form), "");
+        EXPECT_LE(form->height(), form->screen()->availableSize().height());
         form->close();
     }
+}
+
+// On a screen that is too low the inputs of a form are scrolled, its buttons stay in sight.
+TEST_F(LayoutDesktop, ScrollsFormsThatAreTallerThanTheScreen)
+{
+    const int room = window->screen()->availableSize().height();
+    Form form(desk, "tall", QStringLiteral("Tall"), window.get());
+    auto* const content = new QWidget;
+    content->setFixedSize(200, 2 * room);
+    form.body()->addWidget(content);
+    form.AddButtons();
+    form.show();
+    Settle();
+    EXPECT_LE(form.height(), room);
+    auto& scroll = Find<QScrollArea>({}, &form);
+    EXPECT_GT(scroll.verticalScrollBar()->maximum(), 0);
+    EXPECT_GE(scroll.viewport()->width(), 200);
+    auto& ok = Find<QPushButton>(QStringLiteral("ok"), &form);
+    EXPECT_TRUE(form.rect().contains(ok.geometry()));
+    EXPECT_GE(ok.y(), scroll.geometry().bottom());
 }
 
 // The smallest window that the system lets the user make.
@@ -162,7 +185,7 @@ TEST_F(LayoutDesktop, ResultsStayClearOfTheButtonInTheirCorner)
     ResultPanel panel;
     auto* const corner = new QPushButton(QStringLiteral("More Results"));
     panel.SetCorner(corner);
-    panel.Show(session.shown());
+    panel.Show(session.shown(), false);
     panel.show();
     corner->hide();
     for (const int width : {360, 430, 520, 700}) {
@@ -187,7 +210,7 @@ TEST_F(LayoutDesktop, ShortenedResultsAreTheirOwnTooltip)
     session.edit().qdir[2] = 0;
     session.Calculate();
     ResultPanel panel;
-    panel.Show(session.shown());
+    panel.Show(session.shown(), false);
     panel.resize(360, 200);
     panel.grab();
     EXPECT_TRUE(panel.toolTip().contains(QStringLiteral("kyz*Mz,Ed/Mz,Rd")));

@@ -2,14 +2,21 @@
 
 #include "ui/desktop.h"
 
+#include "ui/document_program.h"
 #include "ui/qt_surroundings.h"
 #include "ui/text.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
+
+#include <array>
+#include <optional>
+#include <vector>
 
 namespace kestrum {
 
@@ -137,6 +144,76 @@ TEST_F(SaveDialog, OfAReportProposesTheNameOfTheProject)
     session.edit().filename = FromQt(folder.filePath(QStringLiteral("hall 7.kst")));
     EXPECT_EQ(Proposed([&] { Menu(QStringLiteral("mnupdf1")); }), QStringLiteral("hall 7.pdf"));
 }
+
+#ifdef Q_OS_LINUX
+// The folder, and no other, holds the applications of the machine.
+class ApplicationFolder {
+public:
+    explicit ApplicationFolder(const QString& folder)
+    {
+        for (const char* const name : kNames) {
+            before_.push_back(qEnvironmentVariableIsSet(name) ? std::optional(qgetenv(name))
+                                                              : std::nullopt);
+            qputenv(name, QFile::encodeName(folder));
+        }
+    }
+    ~ApplicationFolder()
+    {
+        for (std::size_t i = 0; i < kNames.size(); ++i) {
+            before_[i] ? qputenv(kNames[i], *before_[i]) : qunsetenv(kNames[i]);
+        }
+    }
+    ApplicationFolder(const ApplicationFolder&) = delete;
+    ApplicationFolder& operator=(const ApplicationFolder&) = delete;
+
+private:
+    static constexpr std::array kNames{"XDG_DATA_DIRS", "XDG_DATA_HOME"};
+    std::vector<std::optional<QByteArray>> before_;
+};
+
+// Only a program that lists the type of the file counts; xdg-open would take a browser for it.
+TEST(DocumentProgram, IsOneThatOffersTheTypeOfTheFile)
+{
+    const QTemporaryDir data;
+    const ApplicationFolder only(data.path());
+    const auto install = [&](const QString& name, const QByteArray& types) {
+        ASSERT_TRUE(QDir(data.path()).mkpath(QStringLiteral("applications")));
+        QFile entry(data.filePath(QStringLiteral("applications/") + name));
+        ASSERT_TRUE(entry.open(QIODevice::WriteOnly));
+        entry.write("[Desktop Entry]\nName=Some program\nMimeType=" + types + "\n");
+    };
+    const QString table = data.filePath(QStringLiteral("results.csv"));
+    EXPECT_FALSE(HasProgramFor(table));
+    install(QStringLiteral("browser.desktop"), "text/html;application/pdf;");
+    EXPECT_FALSE(HasProgramFor(table));
+    EXPECT_TRUE(HasProgramFor(data.filePath(QStringLiteral("manual.pdf"))));
+    install(QStringLiteral("calc.desktop"), "text/plain;text/csv;");
+    EXPECT_TRUE(HasProgramFor(table));
+    QtSurroundings platform;
+    EXPECT_FALSE(platform.OpenDocument("/nowhere/results.csv"));
+}
+
+// On a machine without a spreadsheet program the button gives its message, and nothing else.
+TEST_F(RealMessages, SayThatThereIsNoSpreadsheetProgram)
+{
+    const QTemporaryDir data;
+    const ApplicationFolder only(data.path());
+    QtSurroundings platform;
+    platform.SetWindow(window.get());
+    Session own(Tables(), platform, false);
+    Desk other{own, store};
+    MainWindow main(other);
+    main.Start({});
+    main.show();
+    Form* const form = main.OpenForm("detailedresult");
+    Click(QStringLiteral("cmdDetailedResult"), form);
+    ASSERT_NE(ShownBox(), nullptr);
+    EXPECT_EQ(ShownBox()->text(), QStringLiteral(" Error on tranfere data to Excel "));
+    ShownBox()->accept();
+    Settle();
+    EXPECT_TRUE(form->isVisible());
+}
+#endif
 
 TEST_F(RealMessages, SettingsKeepRecentFilesUnderTheirNames)
 {

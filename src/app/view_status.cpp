@@ -1,0 +1,98 @@
+#include "app/view_status.h"
+
+#include "core/number_format.h"
+#include "report/kept_values.h"
+#include "sections/families.h"
+
+#include <algorithm>
+
+namespace kestrum {
+
+namespace {
+
+constexpr std::string_view kHalfRead = "not checked: the file was read in part";
+
+StatusKind KindOf(const Outcome& outcome)
+{
+    switch (outcome.verdict) {
+    case Verdict::within:
+        return outcome.notes.empty() ? StatusKind::good : StatusKind::caution;
+    case Verdict::nothing_acts:
+    case Verdict::not_checked:
+    case Verdict::loads_dropped:
+        return StatusKind::caution;
+    default:
+        return StatusKind::bad;
+    }
+}
+
+std::string HeadOf(const Outcome& outcome)
+{
+    std::string text = VerdictText(outcome);
+    if (outcome.designed() || outcome.verdict == Verdict::unstable) {
+        text += ":  IR " + FormatNum(outcome.ir, "0.00");
+    }
+    if (!outcome.control.empty()) {
+        text += ",  " + outcome.control + "  (Ch " + outcome.clause + ")";
+    }
+    return text;
+}
+
+// Lateral torsional buckling that the family can have and that nobody controls.
+bool LateralUnchecked(const ProjectState& s)
+{
+    const FamilyTraits* const family = FindFamily(s.family);
+    return family != nullptr && family->design.lateral != LateralBuckling::off && s.ltb != 1 &&
+           s.mydesign != 0;
+}
+
+std::string LateralText(const Session& session)
+{
+    std::string text = "Lateral torsional buckling is not checked: ";
+    const FamilyTraits* const family = FindFamily(session.lateraloff());
+    return text + (family != nullptr ? "the section " + std::string(family->text) +
+                                           ", chosen in between, has switched its control off."
+                                     : "its control is switched off.");
+}
+
+}  // namespace
+
+StatusView StatusOf(const Session& session)
+{
+    const Outcome& outcome = session.outcome();
+    const ProjectState& s = session.state();
+    StatusView view{KindOf(outcome), HeadOf(outcome), {}};
+    const auto add = [&](std::string text) { view.lines.push_back(std::move(text)); };
+    if (session.halfread()) {
+        view.kind = StatusKind::bad;
+        view.head = kHalfRead;
+        add("Half-read file: " + session.filefault + ". The results are not those of the file.");
+    }
+    if (session.failed()) {
+        add(FailureText(s.failure) + ". The results below are those of the last calculation that "
+                                     "ended.");
+    } else if (!outcome.message.empty() && outcome.dropped.empty()) {
+        add(outcome.message);
+    }
+    for (const std::string& load : outcome.dropped) {
+        add("Load dropped: " + load);
+    }
+    for (const std::string& fault : session.library().faults) {
+        add(fault);
+    }
+    if (!session.failed() && LateralUnchecked(s)) {
+        add(LateralText(session));
+    }
+    for (const KeptValue& kept : KeptValues(s)) {
+        add("Older than the input: " + std::string(kept.text));
+    }
+    if (session.disk.gone()) {
+        add("The file is no longer on the disk; the next save writes it again.");
+    }
+    if (!view.lines.empty()) {
+        view.kind = std::max(view.kind, StatusKind::caution);
+    }
+    return view;
+}
+
+}  // namespace kestrum

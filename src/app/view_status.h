@@ -1,0 +1,27 @@
+#pragma once
+
+// What the user must know about the result in sight, in words: the verdict with the ratio that
+// governs, and everything that it does not cover. It decides nothing; the verdict is that of
+// report/outcome.
+
+#include "app/session.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace kestrum {
+
+// The sign of the head: nothing to add, something that the verdict does not cover, or no result
+// that can be used.
+enum class StatusKind : std::uint8_t { good, caution, bad };
+
+struct StatusView {
+    StatusKind kind = StatusKind::good;
+    std::string head;                // "within limits, 1 note on the unsafe side:  IR 0.63, ..."
+    std::vector<std::string> lines;  // the gravest first
+};
+
+StatusView StatusOf(const Session& session);
+
+}  // namespace kestrum

@@ -1,0 +1,37 @@
+#pragma once
+
+// The verdict and all that it does not cover, above the diagrams: always in sight, with a sign of a
+// shape of its own in front, so that no colour has to be told from another.
+
+#include "app/view_status.h"
+
+#include <QFrame>
+
+class QLabel;
+class QTextBrowser;
+
+namespace kestrum {
+
+class StatusBanner final : public QFrame {
+    Q_OBJECT
+
+public:
+    explicit StatusBanner(QWidget* parent = nullptr);
+
+    void Show(const StatusView& view, bool decimalcomma);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void ShowSign();
+    void FitHeight();
+
+    StatusKind kind_ = StatusKind::good;
+    QLabel* sign_;
+    QLabel* head_;
+    QTextBrowser* lines_;
+};
+
+}  // namespace kestrum

@@ -1,0 +1,139 @@
+// The banner above the diagrams, and results that are not those of the project.
+
+#include "ui/desktop.h"
+
+#include "core/project_file.h"
+#include "ui/result_panel.h"
+#include "ui/status_banner.h"
+#include "ui/text.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QTextBrowser>
+
+namespace kestrum {
+
+namespace {
+
+// The strongest colour that a widget shows: of a red or green letter, of a faded one.
+int Strongest(QWidget& widget)
+{
+    const QImage image = widget.grab().toImage();
+    int most = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor at = image.pixelColor(x, y);
+            most = std::max(most, 255 - at.lightness());
+        }
+    }
+    return most;
+}
+
+}  // namespace
+
+class Status : public Desktop {
+public:
+    QString Head() { return Find<QLabel>(QStringLiteral("statushead")).text(); }
+    QString Lines() { return Find<QTextBrowser>(QStringLiteral("statuslines")).toPlainText(); }
+
+    // A file of which only the first half is there.
+    void OpenHalf()
+    {
+        QFile broken(folder.filePath(QStringLiteral("broken.kst")));
+        ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+        broken.write(QByteArray::fromStdString(WriteProject(session.edit())).left(300));
+        broken.close();
+        script.openpath = FromQt(broken.fileName());
+        Menu(QStringLiteral("mnuopen"));
+        ASSERT_TRUE(session.halfread());
+    }
+};
+
+TEST_F(Status, ShowsTheVerdictFromTheStart)
+{
+    EXPECT_TRUE(Head().startsWith(QStringLiteral("within limits")));
+    EXPECT_TRUE(Find<QWidget>(QStringLiteral("status")).isVisible());
+    session.edit().qload[1] = 400;
+    session.Calculate();
+    EXPECT_TRUE(Head().startsWith(QStringLiteral("above limit:  IR ")));
+    EXPECT_THAT(FromQt(Find<ResultPanel>(QStringLiteral("pic_result")).accessibleDescription()),
+                testing::HasSubstr("  ABOVE < 1.0"));
+}
+
+TEST_F(Status, ShowsCauseAndDroppedLoadsInSight)
+{
+    session.edit().nload[1] = 1e6F;
+    session.Calculate();
+    EXPECT_TRUE(Head().startsWith(QStringLiteral("unstable")));
+    EXPECT_TRUE(Lines().contains(QStringLiteral("NEd 1000000 kN")));
+    session.edit().nload[1] = 100;
+    Click(QStringLiteral("p27i"));
+    auto& lines = Find<QTextBrowser>(QStringLiteral("statuslines"));
+    EXPECT_TRUE(Lines().contains(QStringLiteral("Load dropped: nload[1]")));
+    EXPECT_TRUE(lines.isVisible());
+    EXPECT_GE(lines.height(), lines.fontMetrics().height());
+    EXPECT_EQ(FromQt(Find<QWidget>(QStringLiteral("status")).accessibleDescription()),
+              FromQt(Lines()));
+}
+
+// Grey until the next good file, also through calculations in between.
+TEST_F(Status, FadesResultsThatAreNotThoseOfTheFile)
+{
+    auto& panel = Find<ResultPanel>(QStringLiteral("pic_result"));
+    auto& diagram = Find<Picture>(QStringLiteral("PicMy"));
+    auto& load = Find<Picture>(QStringLiteral("PicLoadZ"));
+    session.edit().qload[1] = 9;
+    session.Calculate();
+    Settle();
+    const int strong = Strongest(diagram), text = Strongest(panel), arrows = Strongest(load);
+    OpenHalf();
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(Head(), QStringLiteral("not checked: the file was read in part"));
+        EXPECT_TRUE(Lines().startsWith(QStringLiteral("Half-read file: ")));
+        EXPECT_LT(Strongest(diagram), strong * 3 / 4);
+        EXPECT_LT(Strongest(load), arrows * 3 / 4);
+        session.Calculate();
+        Settle();
+    }
+    EXPECT_LE(Strongest(panel), text);
+    session.edit().filename = "New File";
+    Menu(QStringLiteral("mnunew"));
+    EXPECT_FALSE(session.halfread());
+    EXPECT_TRUE(Head().startsWith(QStringLiteral("within limits")));
+    EXPECT_GE(Strongest(panel), text * 3 / 4);
+}
+
+// Many lines are scrolled, the diagrams keep their room.
+TEST_F(Status, StaysLow)
+{
+    StatusBanner banner;
+    StatusView view{StatusKind::caution, "loads dropped", {}};
+    for (int i = 0; i < 30; ++i) {
+        view.lines.push_back("Load dropped: nload[" + std::to_string(i) + "]");
+    }
+    banner.resize(500, 100);
+    banner.Show(view, false);
+    banner.show();
+    Settle();
+    const auto* const lines = banner.findChild<QTextBrowser*>();
+    EXPECT_LE(lines->height(), 5 * lines->fontMetrics().lineSpacing());
+    EXPECT_EQ(lines->toPlainText().count(QLatin1Char('\n')), 29);
+}
+
+// The sign differs in shape: the same colours in grey are told apart.
+TEST_F(Status, SignsDifferInShape)
+{
+    StatusBanner banner;
+    banner.resize(400, 40);
+    std::vector<QImage> signs;
+    for (const StatusKind kind : {StatusKind::good, StatusKind::caution, StatusKind::bad}) {
+        banner.Show({kind, "x", {}}, false);
+        const QPixmap sign = banner.findChildren<QLabel*>().front()->pixmap();
+        signs.push_back(sign.toImage().convertToFormat(QImage::Format_Alpha8));
+    }
+    EXPECT_NE(signs[0], signs[1]);
+    EXPECT_NE(signs[1], signs[2]);
+    EXPECT_NE(signs[0], signs[2]);
+}
+
+}  // namespace kestrum
