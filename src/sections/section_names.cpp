@@ -40,7 +40,7 @@ std::string_view SquarePrefix(Table table)
 
 void AddNames(Library& library, Table table, int row)
 {
-    const std::string prefix(ShapeOf(table).prefix);
+    const std::string prefix = CompactName(ShapeOf(table).prefix);  // "IPE A" has a blank
     const std::string key = CompactName(RowKey(library, table, row));
     const std::string whole = WholeKey(table, key);
     const auto add = [&](const std::string& name) {
