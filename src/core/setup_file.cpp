@@ -1,6 +1,8 @@
 #include "core/setup_file.h"
 
 #include "core/file_layout.h"
+#include "core/load_combination.h"
+#include "core/member_choices.h"
 #include "core/project_file.h"
 
 #include <algorithm>
@@ -59,10 +61,10 @@ std::string DeliveredSetup()
 {
     ProjectState s{};
     s.annexcode = "EU";
-    s.gammam0 = 1, s.gammam1 = 1, s.neta = 1.2F, s.method = 1;
+    s.gammam0 = 1, s.gammam1 = 1, s.neta = 1.2F, s.method = Method::annex_a;
     s.lamdalt0 = 0.4F, s.beta = 0.75, s.lamdalt0w = 0.4F, s.betaw = 0.75;
     s.fykindex = 5, s.fyk = 355, s.e = 210000, s.uflimit = 0;
-    s.loadcomb = 4, s.deflimity = 300, s.deflimitz = 300;
+    s.loadcomb = kUserFactors, s.deflimity = 300, s.deflimitz = 300;
     s.safetyclass = 3, s.psi1index = 6, s.psi2index = 6;
     s.lfulsg = 1, s.lfulsq1 = 1.3F, s.lfulsq2 = 0.7F;
     s.lfslsg = 1, s.lfslsq1 = 1, s.lfslsq2 = 1;
