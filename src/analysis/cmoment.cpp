@@ -150,12 +150,6 @@ void CombineGoverning(ProjectState& s, const LoadTable& table, void (*control)(P
     CombineAndSearch(s, table, s.governing == 1 ? kEq610a : kEq610b);
 }
 
-// Number of a category or direction that a row keeps.
-i16 Whole(float kept)
-{
-    return kept == 0 ? 0 : kept == 1 ? 1 : kept == 2 ? 2 : -1;
-}
-
 void ClearAxialLoads(ProjectState& s)
 {
     for (std::size_t k = 1; k <= 3; ++k) {
@@ -163,7 +157,7 @@ void ClearAxialLoads(ProjectState& s)
             NoteDropped(s, {.field = "nload",
                             .row = static_cast<i16>(k),
                             .value = s.nload[k],
-                            .category = Whole(s.ntype[k])});
+                            .category = KeptNumber(s.ntype[k])});
         }
     }
     s.nload = {};
@@ -180,27 +174,13 @@ void NoteUniform(ProjectState& s, std::size_t k)
     }
 }
 
-void NoteTrapezoid(ProjectState& s, std::size_t k)
-{
-    if (s.qt1[k] != 0 || s.qt2[k] != 0) {
-        NoteDropped(s, {.field = "qt1",
-                        .row = static_cast<i16>(k),
-                        .value = s.qt1[k],
-                        .value2 = s.qt2[k],
-                        .x1 = s.qtx1[k],
-                        .x2 = s.qtx2[k],
-                        .category = Whole(s.qttype[k]),
-                        .direction = Whole(s.qtdir[k])});
-    }
-}
-
 void ClearTransverseLoads(ProjectState& s)
 {
     for (std::size_t k = 1; k <= 4; ++k) {
         NoteUniform(s, k);
     }
     for (std::size_t k = 1; k <= 3; ++k) {
-        NoteTrapezoid(s, k);
+        NoteDroppedTrapezoid(s, k, DropReason::family);
     }
     for (std::size_t k = 1; k <= 8; ++k) {
         NoteDroppedPoint(s, k, DropReason::family);
@@ -221,7 +201,7 @@ void ClearLoadsAboutZ(ProjectState& s)
     }
     for (std::size_t k = 1; k <= 3; ++k) {
         if (s.qtdir[k] == 0) {
-            NoteTrapezoid(s, k);
+            NoteDroppedTrapezoid(s, k, DropReason::family);
             s.qt1[k] = s.qt2[k] = 0;
             s.qtdir[k] = 1;
         }

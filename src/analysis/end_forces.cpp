@@ -13,13 +13,17 @@ namespace {
 
 void ClearInvalidEndForces(ProjectState& s)
 {
+    const Actions& takes = Traits(s).carries.loads;
     const Actions& carried = Traits(s).carries.ends;
+    OpenDropped(s);
+    NoteDroppedEndForces(s, !takes.n, !takes.y, !takes.z);
     if (!carried.y) {
         s.my1 = s.my2 = s.vz1 = s.vz2 = 0;
     }
     if (!carried.z) {
         s.mz1 = s.mz2 = s.vy1 = s.vy2 = 0;
     }
+    CloseDropped(s);
 }
 
 void FillDiagram(std::array<float, kDiagramPoints>& line, double end1, double end2)

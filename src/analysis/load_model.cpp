@@ -22,6 +22,7 @@ void CutTrapezoid(ProjectState& s, std::size_t k)
             s.qtx1[k] = s.qtx1[k] > s.l ? s.l : s.qtx1[k];
             s.qtx2[k] = s.qtx2[k] > s.l ? s.l : s.qtx2[k];
         } else {
+            NoteDroppedTrapezoid(s, k, DropReason::position);
             ClearTrapezoid(s, k);
         }
     }
@@ -29,6 +30,7 @@ void CutTrapezoid(ProjectState& s, std::size_t k)
         s.qtx1[k] = s.qtx2[k] = 0;
     }
     if (s.qtx1[k] == 0 && s.qtx2[k] == 0) {
+        NoteDroppedTrapezoid(s, k, DropReason::position);
         s.qt1[k] = s.qt2[k] = 0;
     }
 }
@@ -55,6 +57,14 @@ LoadCheck CheckOrder(const ProjectState& s)
         }
     }
     return {};
+}
+
+LoadCheck CutTrapezoids(ProjectState& s)
+{
+    for (std::size_t k = 1; k <= 3; ++k) {
+        CutTrapezoid(s, k);
+    }
+    return CheckSigns(s);
 }
 
 // A force never stands on a support; a moment may stand on a pinned end.
@@ -84,10 +94,10 @@ float LengthInMm(const ProjectState& s)
 
 LoadCheck CheckLoadPositions(ProjectState& s)
 {
-    for (std::size_t k = 1; k <= 3; ++k) {
-        CutTrapezoid(s, k);
-    }
-    return CheckSigns(s);
+    OpenDropped(s);
+    const LoadCheck check = CutTrapezoids(s);
+    CloseDropped(s);
+    return check;
 }
 
 LoadCheck CheckTrapezoids(const ProjectState& s)
@@ -98,15 +108,18 @@ LoadCheck CheckTrapezoids(const ProjectState& s)
 
 LoadCheck ValidateLoads(ProjectState& s)
 {
-    LoadCheck check = CheckLoadPositions(s);
+    OpenDropped(s);
+    LoadCheck check = CutTrapezoids(s);
     for (std::size_t k = 1; k <= 8; ++k) {
         if (!PointLoadStands(s, k)) {
+            NoteDroppedPoint(s, k, DropReason::position);
             s.pm[k] = 0;
         }
         if (s.pm[k] == 0) {
             s.pmx[k] = 0;
         }
     }
+    CloseDropped(s);
     if (check.ok) {
         check = CheckOrder(s);
     }

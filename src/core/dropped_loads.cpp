@@ -18,15 +18,42 @@ bool IsEndForce(const DroppedLoad& load)
     return load.row == 0;
 }
 
+struct EndForce {
+    std::string_view name;
+    float ProjectState::*force;
+    std::int16_t direction;
+    bool moment;
+};
+
+constexpr std::array<EndForce, 9> kEndForces = {{{"ne", &ProjectState::ne, -1, false},
+                                                 {"my1", &ProjectState::my1, 1, true},
+                                                 {"my2", &ProjectState::my2, 1, true},
+                                                 {"vz1", &ProjectState::vz1, 1, false},
+                                                 {"vz2", &ProjectState::vz2, 1, false},
+                                                 {"mz1", &ProjectState::mz1, 0, true},
+                                                 {"mz2", &ProjectState::mz2, 0, true},
+                                                 {"vy1", &ProjectState::vy1, 0, false},
+                                                 {"vy2", &ProjectState::vy2, 0, false}}};
+
+// An end force that was only passed over, not emptied.
+bool StillThere(const ProjectState& s, const DroppedLoad& load)
+{
+    return std::any_of(kEndForces.begin(), kEndForces.end(), [&](const EndForce& end) {
+        return end.name == load.field && s.*end.force != 0;
+    });
+}
+
 // FNV-1a over 32-bit words.
 class Fingerprint {
 public:
     template <class Rows> void Add(const Rows& rows)
     {
-        std::for_each(rows.begin() + 1, rows.end(), [this](auto value) {
-            hash_ ^= std::bit_cast<std::uint32_t>(static_cast<float>(value));
-            hash_ *= 0x100000001b3ULL;
-        });
+        std::for_each(rows.begin() + 1, rows.end(), [this](auto value) { AddOne(value); });
+    }
+    template <class Number> void AddOne(Number value)
+    {
+        hash_ ^= std::bit_cast<std::uint32_t>(static_cast<float>(value));
+        hash_ *= 0x100000001b3ULL;
     }
     std::uint64_t value() const { return hash_; }
 
@@ -34,8 +61,8 @@ private:
     std::uint64_t hash_ = 0xcbf29ce484222325ULL;
 };
 
-// Values, categories and directions of the load rows. Positions do not count: a change of length
-// moves them and edits no load.
+// Values, categories and directions of the load rows, and the end forces. Positions do not count: a
+// change of length moves them and edits no load.
 std::uint64_t TableOf(const ProjectState& s)
 {
     Fingerprint print;
@@ -52,6 +79,9 @@ std::uint64_t TableOf(const ProjectState& s)
     print.Add(s.pmkind);
     print.Add(s.pmtype);
     print.Add(s.pmdir);
+    for (const EndForce& end : kEndForces) {
+        print.AddOne(s.*end.force);
+    }
     return print.value();
 }
 
@@ -92,9 +122,9 @@ void OpenDropped(ProjectState& s)
     DroppedLoads& dropped = s.dropped;
     const bool changed = dropped.count > 0 && dropped.table != TableOf(s);
     const auto first = dropped.load.begin();
-    const auto end =
-        std::remove_if(first, first + dropped.count,
-                       [changed](const DroppedLoad& load) { return changed || IsEndForce(load); });
+    const auto end = std::remove_if(first, first + dropped.count, [&](const DroppedLoad& load) {
+        return changed || StillThere(s, load);
+    });
     dropped.count = static_cast<std::int16_t>(end - first);
     std::fill(end, dropped.load.end(), DroppedLoad{});
 }
@@ -130,6 +160,39 @@ void NoteDroppedPoint(ProjectState& s, std::size_t k, DropReason reason)
                         .category = s.pmtype[k],
                         .direction = s.pmdir[k],
                         .moment = s.pmkind[k] != 0});
+    }
+}
+
+std::int16_t KeptNumber(float kept)
+{
+    return kept == 0 ? 0 : kept == 1 ? 1 : kept == 2 ? 2 : -1;
+}
+
+void NoteDroppedTrapezoid(ProjectState& s, std::size_t k, DropReason reason)
+{
+    if (s.qt1[k] != 0 || s.qt2[k] != 0) {
+        NoteDropped(s, {.field = kTrapezoid,
+                        .row = static_cast<i16>(k),
+                        .reason = reason,
+                        .value = s.qt1[k],
+                        .value2 = s.qt2[k],
+                        .x1 = s.qtx1[k],
+                        .x2 = s.qtx2[k],
+                        .category = KeptNumber(s.qttype[k]),
+                        .direction = KeptNumber(s.qtdir[k])});
+    }
+}
+
+void NoteDroppedEndForces(ProjectState& s, bool axial, bool transverse, bool sideways)
+{
+    for (const EndForce& end : kEndForces) {
+        const bool refused = end.direction < 0 ? axial : end.direction == 1 ? transverse : sideways;
+        if (refused && s.*end.force != 0) {
+            NoteDropped(s, {.field = end.name,
+                            .value = s.*end.force,
+                            .direction = end.direction,
+                            .moment = end.moment});
+        }
     }
 }
 

@@ -45,8 +45,8 @@ struct DroppedLoads {
     bool operator==(const DroppedLoads&) const = default;
 };
 
-// Forgets the record when the loads are no longer those it left, and the end forces of the pass
-// before. To be called before loads are emptied, and CloseDropped after it.
+// Forgets the record when the loads are no longer those it left, and end forces that are still
+// there. To be called before loads are emptied, and CloseDropped after it.
 void OpenDropped(ProjectState& s);
 void CloseDropped(ProjectState& s);
 
@@ -55,6 +55,15 @@ void NoteDropped(ProjectState& s, const DroppedLoad& load);
 
 // Notes row k of the point loads, unless it is empty.
 void NoteDroppedPoint(ProjectState& s, std::size_t k, DropReason reason);
+
+// Row k of the trapezoidal loads in the same way.
+void NoteDroppedTrapezoid(ProjectState& s, std::size_t k, DropReason reason);
+
+// A category or direction of a row that keeps it in single precision; -1 for none of the list.
+std::int16_t KeptNumber(float kept);
+
+// Notes the end forces that a section does not take, unless they are 0. `transverse`: My and Vz.
+void NoteDroppedEndForces(ProjectState& s, bool axial, bool transverse, bool sideways);
 
 // The noted loads that the way of loading (loadmode) would have used.
 std::vector<DroppedLoad> DroppedNow(const ProjectState& s);

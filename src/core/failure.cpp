@@ -17,7 +17,7 @@ std::string Named(const Failure& failure)
 std::string WithUnit(double value, std::string_view unit)
 {
     std::string text = ShortNumber(value);
-    return unit.empty() ? text : text + " " + std::string(unit);
+    return unit.empty() || !std::isfinite(value) ? text : text + " " + std::string(unit);
 }
 
 std::string What(const Failure& failure)

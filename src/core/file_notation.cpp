@@ -32,7 +32,6 @@ std::optional<double> WholeText(std::string_view text)
     return fault == std::errc{} && stop == end ? std::optional(value) : std::nullopt;
 }
 
-
 // A wrong value as a message may show it: its beginning, in UTF-8, without control characters.
 std::string Shown(std::string_view text)
 {

@@ -4,6 +4,7 @@
 #include "core/arithmetic_trap.h"
 #include "engine/ccontrol.h"
 #include "engine/csection.h"
+#include "engine/validate.h"
 #include "service/deflection_control.h"
 #include "service/modal.h"
 
@@ -136,8 +137,18 @@ void ModalStep(ProjectState& s)
                    {"freq[3]", s.freq[3]}});
 }
 
+void InputStep(const Library& library, const ProjectState& s)
+{
+    const InputFaults faults = Validate(s, &library);
+    if (faults.count > 0) {
+        throw CalculationStop{faults.fault[0]};
+    }
+}
+
 void Pass(const Library& library, ProjectState& s)
 {
+    Enter(s, Stage::input);
+    InputStep(library, s);
     SectionStep(library, s);
     AnalysisStep(s);
     if (s.errorflag == kAxialOverload) {

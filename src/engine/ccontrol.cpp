@@ -7,7 +7,55 @@
 #include "sections/families.h"
 #include "stability/buckling_control.h"
 
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
 namespace kestrum {
+
+namespace {
+
+struct Resistance {
+    std::string_view name;
+    double force, value;
+    std::string_view unit;
+};
+
+template <class Sections> double Largest(const Sections& sections, int npts)
+{
+    double largest = 0;
+    for (int k = 0; k <= npts; ++k) {
+        largest =
+            std::max(largest, std::abs(static_cast<double>(sections[static_cast<std::size_t>(k)])));
+    }
+    return largest;
+}
+
+// A resistance that is not positive would take the row of its force away: a ratio below zero
+// governs nothing.
+void RequireResistances(const ProjectState& s)
+{
+    const Actions& takes = Traits(s).carries.loads;
+    const double mz = takes.z ? Largest(s.mzsec, s.npts) : 0;
+    const double vy = takes.z ? Largest(s.vysec, s.npts) : 0;
+    const double n = takes.n ? s.ned : 0;
+    for (const Resistance& resistance :
+         {Resistance{"Nt,Rd", std::min(n, 0.0), s.nplrd, "kN"},
+          Resistance{"Nc,Rd", std::max(n, 0.0), s.ncrd, "kN"},
+          Resistance{"My,Rd", Largest(s.mysec, s.npts), s.myrd, "kNm"},
+          Resistance{"Mz,Rd", mz, s.mzrd, "kNm"},
+          Resistance{"Vz,Rd", Largest(s.vzsec, s.npts), s.vbrd, "kN"},
+          Resistance{"Vy,Rd", vy, s.vcyrd, "kN"}}) {
+        if (resistance.force != 0 && !(resistance.value > 0)) {
+            throw CalculationStop{{.cause = Cause::no_resistance,
+                                   .quantity = resistance.name,
+                                   .value = resistance.value,
+                                   .unit = resistance.unit}};
+        }
+    }
+}
+
+}  // namespace
 
 void CalcControl(ProjectState& s)
 {
@@ -30,6 +78,7 @@ void CalcControl(ProjectState& s)
     s.failure.stage = Stage::section_control;
     routines->control(s);
     CheckTrap();
+    RequireResistances(s);
     s.failure.stage = Stage::buckling_control;
     if (routines->buckling != nullptr && (!routines->compressed_only || s.ned > 0)) {
         routines->buckling(s);

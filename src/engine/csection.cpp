@@ -1,9 +1,11 @@
 #include "engine/csection.h"
 
+#include "core/arithmetic_trap.h"
 #include "core/material.h"
 #include "core/member_choices.h"
 #include "engine/family_routines.h"
 #include "sections/families.h"
+#include "sections/whole_section.h"
 
 namespace kestrum {
 
@@ -38,7 +40,13 @@ void CalcSection(const Library& library, ProjectState& s)
     if (!family.carries.loads.n) {
         s.ned = 0;
     }
-    family.properties(library, s);
+    try {
+        family.properties(library, s);
+    } catch (const CalculationStop&) {
+        RequireWholeSection(s);  // the better answer, where the dimensions are at fault
+        throw;
+    }
+    RequireWholeSection(s);
     SetMaterial(library, s, s.fykindex);  // after the properties: tmax chooses the strength
     if (routines->effective != nullptr) {
         routines->effective(s);

@@ -2,6 +2,7 @@
 
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
+#include "engine/validate.h"
 #include "report/design_notes.h"
 
 #include <algorithm>
@@ -90,7 +91,15 @@ bool ForcesAct(const ProjectState& s)
 Outcome Stopped(const ProjectState& s)
 {
     const Failure& failure = s.failure;
-    const std::string why = FailureText(failure);
+    std::string why = FailureText(failure);
+    if (failure.stage == Stage::input) {
+        const InputFaults faults = Validate(s, nullptr);
+        for (int i = 0; i < faults.count; ++i) {
+            const Failure& other = faults.fault[static_cast<std::size_t>(i)];
+            const bool told = other.quantity == failure.quantity && other.row == failure.row;
+            why += told ? "" : "; " + FailureText(other);
+        }
+    }
     if (failure.stage == Stage::input || failure.cause == Cause::impossible_section) {
         return {.verdict = Verdict::not_checked, .message = why};
     }

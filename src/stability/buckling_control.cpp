@@ -2,6 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/member_choices.h"
+#include "sections/families.h"
 #include "stability/buckling_curves.h"
 #include "stability/buckling_resistance.h"
 #include "stability/buckling_rows.h"
@@ -77,9 +78,19 @@ bool MayIgnoreBucklingAboutV(const ProjectState& s)
     return s.lamv <= 0.2 || std::abs(s.ned / s.ncrv) <= 0.04;
 }
 
+// The factors of unequal flanges take the class of the compressed side; without a moment no side is
+// compressed, and the larger class stays.
+void TakeClassOfSide(ProjectState& s)
+{
+    if (Is(s, Kind::i_single) && s.mydesign != 0) {
+        s.classmy = s.mydesign > 0 ? s.classmytop : s.classmybot;
+    }
+}
+
 // kyy .. kzz; false when the axial force is above an elastic critical force.
 bool InteractionFactors(ProjectState& s, bool lateral)
 {
+    TakeClassOfSide(s);
     if (s.method != Method::annex_a) {
         if (s.loadmode == 1) {
             CmAnnexBLoads(s);
@@ -186,11 +197,7 @@ void BucklingControlHollow(ProjectState& s)
 // The same with class and resistance of the compressed side.
 void BucklingControlWeldedI(ProjectState& s)
 {
-    const bool top = s.mydesign > 0;
-    if (s.mydesign != 0) {  // without a moment no side is compressed: the larger class stays
-        s.classmy = top ? s.classmytop : s.classmybot;
-    }
-    BeamColumn(s, true, {top ? s.mytoprd : s.mybotrd, s.mzrdm1});
+    BeamColumn(s, true, {s.mydesign > 0 ? s.mytoprd : s.mybotrd, s.mzrdm1});
 }
 
 // EN 1993-1-1, 6.3.1 to 6.3.3 for bending about y.
