@@ -13,10 +13,19 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <vector>
 
 namespace kestrum {
 
 namespace {
+
+bool LoadsDropped(const ProjectState& s)
+{
+    const std::vector<DroppedLoad> loads = DroppedNow(s);
+    return std::any_of(loads.begin(), loads.end(), [](const DroppedLoad& load) {
+        return load.reason == DropReason::family;
+    });
+}
 
 // A moment on a spring support: the member takes (1 - s) M of it, and (1 - 2 s) M is shown there.
 // Whether the moment at an end would be larger in size by elastic analysis.

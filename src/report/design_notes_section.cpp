@@ -10,6 +10,7 @@
 #include "sections/families.h"
 
 #include <algorithm>
+#include <vector>
 #include <cmath>
 #include <cstddef>
 
@@ -341,6 +342,14 @@ constexpr NoteRule kSections[] = {
     {"D177", [](const ProjectState& s) { return Is(s, Kind::flat) && s.ned < 0 && PlasticNMy(s); },
      "The tension does not reduce the moment resistance of the flat bar; EN 1993-1-1, 6.2.9.1 (3) "
      "does."},
+    {"D178",
+     [](const ProjectState& s) {
+         const std::vector<DroppedLoad> loads = DroppedNow(s);
+         return Is(s, Kind::flat) &&
+                std::any_of(loads.begin(), loads.end(),
+                            [](const DroppedLoad& load) { return load.direction == 0; });
+     },
+     "Bending and shear across the thickness of the flat bar are not controlled."},
     {"D179",
      [](const ProjectState& s) {
          return (Is(s, Kind::angle) || Is(s, Kind::general)) && HighShear(s);

@@ -3,10 +3,10 @@
 
 #include "core/field_table.h"
 #include "engine/engine_fixture.h"
-#include "engine/family_routines.h"
 #include "engine/validate.h"
 #include "report/outcome.h"
 #include "report/state_json.h"
+#include "sections/families.h"
 #include "support/random_project.h"
 
 #include <gmock/gmock.h>
@@ -77,8 +77,8 @@ TEST(ImpossibleSection, IsNamedInEveryFamilyOfDimensions)
 
 TEST(ImpossibleSection, NoRowOfATableIsOne)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
-        ProjectState s = Plain(static_cast<i16>(routines.family));
+    for (const FamilyTraits& family : Families()) {
+        ProjectState s = Plain(static_cast<i16>(family.id));
         for (std::size_t table = 0; table < kTables; ++table) {
             for (int row = 0; row < Delivered().tables[table].rows; ++row) {
                 s.row[table] = static_cast<i16>(row);
@@ -87,8 +87,7 @@ TEST(ImpossibleSection, NoRowOfATableIsOne)
                     s.series103 = series;
                     EndsWell(s);
                     ASSERT_NE(s.failure.cause, Cause::impossible_section)
-                        << routines.family << " " << table << " " << row << " "
-                        << FailureText(s.failure);
+                        << family.id << " " << table << " " << row << " " << FailureText(s.failure);
                 }
             }
         }
@@ -103,8 +102,8 @@ TEST(AbsurdInputs, NeverEndWithinLimitsWithoutAResistance)
     Dice dice(20260131);
     int within = 0, stopped = 0;
     for (int i = 0; i < kMembers; ++i) {
-        const auto& routines = AllRoutines()[static_cast<std::size_t>(i) % AllRoutines().size()];
-        ProjectState s = Plain(static_cast<i16>(routines.family));
+        const FamilyTraits& family = Families()[static_cast<std::size_t>(i) % Families().size()];
+        ProjectState s = Plain(static_cast<i16>(family.id));
         for (const Field& field : AllFields()) {
             const bool form =
                 field.name.starts_with('p') && field.name.find('.') != std::string::npos;
@@ -130,8 +129,8 @@ TEST(AbsurdInputs, NeverEndWithinLimitsWithoutAResistance)
             continue;
         }
         ++within;
-        const bool sideways = routines.family < 24 || routines.family == 31 ||
-                              routines.family == 41 || routines.family > 100;
+        const bool sideways =
+            family.id < 24 || family.id == 31 || family.id == 41 || family.id > 100;
         for (int k = 0; k <= s.npts; ++k) {
             const auto at = static_cast<std::size_t>(k);
             ASSERT_TRUE(s.mysec[at] == 0 || s.myrd > 0);
@@ -261,9 +260,9 @@ TEST(Validate, NamesAllOfThem)
 
 TEST(Validate, LetsEveryDefaultThrough)
 {
-    for (const FamilyRoutines& routines : AllRoutines()) {
-        const ProjectState s = Plain(static_cast<i16>(routines.family));
-        EXPECT_EQ(Validate(s, &Delivered()).count, 0) << routines.family;
+    for (const FamilyTraits& family : Families()) {
+        const ProjectState s = Plain(static_cast<i16>(family.id));
+        EXPECT_EQ(Validate(s, &Delivered()).count, 0) << family.id;
     }
     // Agreed meanings: the user's own strength, no buckling, no entry chosen.
     ProjectState s = Fresh();
