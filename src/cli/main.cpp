@@ -22,7 +22,8 @@ int Run(int argc, char** argv)
     app.name("kestrum");
     app.failure_message(UsageFailure);
     app.footer("Exit codes: 0 all ratios within their limits, 1 some ratio above, 2 bad input,\n"
-               "not checked, loads dropped or nothing acts, 3 calculation error or unstable. `kestrum help COMMAND` lists the options of a command; the options above "
+               "not checked, loads dropped or nothing acts, 3 calculation error or unstable. "
+               "`kestrum help COMMAND` lists the options of a command; the options above "
                "go with each.\n"
                "Names and meanings of the fields: docs/file-format.md; `kestrum dump --inputs "
                "FILE` prints them.");

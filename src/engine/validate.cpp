@@ -63,13 +63,21 @@ private:
     InputFaults faults_{};
 };
 
-void CheckSettings(const ProjectState& s, Inputs& in)
+// Beyond the listed grades; a listed one sets the strength itself.
+bool TakesOwnStrength(const ProjectState& s, const Library& library)
+{
+    return s.fykindex < 0 || s.fykindex + 1 >= static_cast<int>(library.materials.size());
+}
+
+void CheckSettings(const ProjectState& s, const Library* library, Inputs& in)
 {
     in.Within(0.5, 1.5, "gammam0", s.gammam0, "0.5 to 1.5");
     in.Within(0.5, 1.5, "gammam1", s.gammam1, "0.5 to 1.5");
     in.Within(1.0, 1.2, "neta", s.neta, "1.0 to 1.2");
     in.Within(1, 2, "method", s.method, "1 or 2");
-    in.Within(50, 2000, "fyk", s.fyk, "50 to 2000", "MPa");
+    if (library != nullptr && TakesOwnStrength(s, *library)) {
+        in.Within(50, 2000, "fyk", s.fyk, "50 to 2000", "MPa");
+    }
     in.Require(std::isfinite(s.e) && s.e >= 1000, "e", s.e, "1000 and more", "MPa");
     in.Within(kEq610, kBasicLoads, "loadcomb", s.loadcomb, "0 to 5");
 }
@@ -155,12 +163,24 @@ void Direction(std::string_view name, double value, int row, Inputs& in)
     in.Require(Listed(value, 2), name, value, "0 (y) or 1 (z)", {}, row);
 }
 
+// Rows that are not ticked are left out of the basic loads.
+bool Counts(const ProjectState& s, i16 ticked)
+{
+    return ticked != 0 || s.loadcomb != kBasicLoads;
+}
+
+void Position(const ProjectState& s, std::size_t k, Inputs& in)
+{
+    in.Require(!LengthIsGood(s) || (s.pmx[k] >= 0 && s.pmx[k] <= s.l), "pmx", s.pmx[k], "0 to l",
+               "m", static_cast<int>(k));
+}
+
 void CheckLineLoads(const ProjectState& s, Inputs& in)
 {
     for (std::size_t k = 1; k <= 4; ++k) {
         const int row = static_cast<int>(k);
         in.Finite("qload", s.qload[k], "kN/m", row);
-        if (s.qload[k] != 0) {
+        if (s.qload[k] != 0 && Counts(s, s.qchecked[k])) {
             Category("qtype", s.qtype[k], row, in);
             Direction("qdir", s.qdir[k], row, in);
         }
@@ -169,7 +189,7 @@ void CheckLineLoads(const ProjectState& s, Inputs& in)
         const int row = static_cast<int>(k);
         in.Finite("qt1", s.qt1[k], "kN/m", row);
         in.Finite("qt2", s.qt2[k], "kN/m", row);
-        if (s.qt1[k] != 0 || s.qt2[k] != 0) {
+        if ((s.qt1[k] != 0 || s.qt2[k] != 0) && Counts(s, s.qtchecked[k])) {
             Category("qttype", s.qttype[k], row, in);
             Direction("qtdir", s.qtdir[k], row, in);
             if (!LengthIsGood(s)) {
@@ -187,10 +207,8 @@ void CheckPointLoads(const ProjectState& s, Inputs& in)
     for (std::size_t k = 1; k <= 8; ++k) {
         const int row = static_cast<int>(k);
         in.Finite("pm", s.pm[k], "kN", row);
-        // A check section stands at each position, with or without a load.
-        in.Require(!LengthIsGood(s) || (s.pmx[k] >= 0 && s.pmx[k] <= s.l), "pmx", s.pmx[k],
-                   "0 to l", "m", row);
-        if (s.pm[k] != 0) {
+        if (s.pm[k] != 0 && Counts(s, s.pmchecked[k])) {
+            Position(s, k, in);
             in.Require(Listed(s.pmkind[k], 2), "pmkind", s.pmkind[k], "0 (force) or 1 (moment)", {},
                        row);
             Category("pmtype", s.pmtype[k], row, in);
@@ -214,7 +232,7 @@ void CheckLoads(const ProjectState& s, Inputs& in)
     in.Within(0, 1, "selfweight", s.selfweight, "0 or 1");
     for (std::size_t k = 1; k <= 3; ++k) {
         in.Finite("nload", s.nload[k], "kN", static_cast<int>(k));
-        if (s.nload[k] != 0) {
+        if (s.nload[k] != 0 && Counts(s, s.nchecked[k])) {
             Category("ntype", s.ntype[k], static_cast<int>(k), in);
         }
     }
@@ -224,7 +242,15 @@ void CheckLoads(const ProjectState& s, Inputs& in)
 
 void CheckPoints(const ProjectState& s, Inputs& in)
 {
-    if (s.cpmode != 1 || !LengthIsGood(s)) {
+    if (!LengthIsGood(s)) {
+        return;
+    }
+    if (s.cpmode != 1) {  // two at each position, with or without a load
+        for (std::size_t k = 1; k <= 8; ++k) {
+            if (s.pm[k] == 0 || s.loadmode != 1 || !Counts(s, s.pmchecked[k])) {
+                Position(s, k, in);
+            }
+        }
         return;
     }
     in.Within(1, 3, "cpcount", s.cpcount, "1 to 3");
@@ -287,7 +313,7 @@ InputFaults Validate(const ProjectState& s, const Library* library)
         return {};
     }
     Inputs in;
-    CheckSettings(s, in);
+    CheckSettings(s, library, in);
     CheckCombination(s, in);
     CheckMember(s, in);
     CheckLateralBuckling(s, Traits(s).design.lateral, in);

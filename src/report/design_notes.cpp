@@ -22,9 +22,8 @@ namespace {
 bool LoadsDropped(const ProjectState& s)
 {
     const std::vector<DroppedLoad> loads = DroppedNow(s);
-    return std::any_of(loads.begin(), loads.end(), [](const DroppedLoad& load) {
-        return load.reason == DropReason::family;
-    });
+    return std::any_of(loads.begin(), loads.end(),
+                       [](const DroppedLoad& load) { return load.reason == DropReason::family; });
 }
 
 // A moment on a spring support: the member takes (1 - s) M of it, and (1 - 2 s) M is shown there.
@@ -54,31 +53,6 @@ bool SpringSupportHidesMoment(const ProjectState& s)
     };
     return hides(first[1], s.my0) || hides(last[1], s.myl) || hides(first[0], s.mz0) ||
            hides(last[0], s.mzl);
-}
-
-bool OnTheMember(const ProjectState& s, float x)
-{
-    return x >= 0 && x <= s.l;
-}
-
-bool LoadOffTheMember(const ProjectState& s)
-{
-    const auto acts = [&s](i16 checked) {
-        return s.loadmode == 1 && (checked != 0 || s.loadcomb != kBasicLoads);
-    };
-    bool off = false;
-    for (std::size_t k = 1; k <= 8; ++k) {  // an empty row has its check sections too
-        const bool counts = s.cpmode != 1 || (s.pm[k] != 0 && acts(s.pmchecked[k]));
-        off = off || (counts && !OnTheMember(s, s.pmx[k]));
-    }
-    for (std::size_t k = 1; k <= 3; ++k) {
-        const bool loaded = (s.qt1[k] != 0 || s.qt2[k] != 0) && acts(s.qtchecked[k]);
-        const bool on = OnTheMember(s, s.qtx1[k]) && OnTheMember(s, s.qtx2[k]);
-        off = off || (loaded && !(on && s.qtx1[k] < s.qtx2[k]));
-        const bool chosen = s.cpmode == 1 && static_cast<int>(k) <= s.npts + 1;
-        off = off || (chosen && !OnTheMember(s, s.cp[k]));
-    }
-    return off;
 }
 
 // The whole line of the standard against its right half.
@@ -206,15 +180,15 @@ constexpr NoteRule kGeneral[] = {
     {"D104", SpringSupportHidesMoment,
      "The moment on the spring support is mixed with the end moment of a fixed beam; elastic "
      "analysis gives a larger moment beside the support."},
+    {"D106", LoadsDropped,
+     "Loads that the section family does not take are left out; EN 1993-1-1, 6.2.9 combines all "
+     "forces that act."},
     {"D107", CurvedShapeIsWorse,
      "The moment line is curved on its left half only and is taken as that of a point load, which "
      "gives more favourable factors for buckling."},
     {"D109", ExtremesBetweenCheckSections,
      "A moment or shear force between the points of the section control is more than 1 % larger "
      "than at these points; add a check point there."},
-    {"D110", LoadOffTheMember,
-     "A load or check point stands off the member, or a load ends before it starts; the results "
-     "are wrong. Correct its position."},
 };
 
 constexpr NoteRule kService[] = {

@@ -10,9 +10,9 @@
 #include "sections/families.h"
 
 #include <algorithm>
-#include <vector>
 #include <cmath>
 #include <cstddef>
+#include <vector>
 
 namespace kestrum {
 

@@ -74,9 +74,8 @@ TEST_F(Commands, CheckTellsTheVerdictByItsExit)
     EXPECT_EQ(Kestrum("check above.kst failed.kst good.kst").exit, 3);
     const Said all = Kestrum("check bad.kst failed.kst above.kst good.kst");
     EXPECT_EQ(all.exit, 2);
-    EXPECT_THAT(
-        all.out,
-        HasSubstr("4 files: 1 within limits, 1 above limit, 1 unstable, 1 bad input\n"));
+    EXPECT_THAT(all.out,
+                HasSubstr("4 files: 1 within limits, 1 above limit, 1 unstable, 1 bad input\n"));
     EXPECT_THAT(all.err, HasSubstr("kestrum: bad.kst:"));
     EXPECT_THAT(all.out, HasSubstr("failed.kst\n Calculation Error. Axial load too big."));
 }

@@ -199,6 +199,7 @@ TEST(Validate, NamesEachInputThatCannotBeCalculated)
              s.pm[3] = 10;
              s.pmx[3] = 2;
              s.pmkind[3] = 2;
+             s.pmchecked[3] = kTrue;
          }},
         {"qttype[1] = 0.5",
          [](ProjectState& s) {
@@ -395,9 +396,9 @@ TEST(Outcome, CountsTheNotes)
 {
     Outcome outcome{.verdict = Verdict::within};
     EXPECT_EQ(VerdictText(outcome), "within limits");
-    outcome.notes = {"D1"};
+    outcome.notes = {"D201"};
     EXPECT_EQ(VerdictText(outcome), "within limits, 1 note on the unsafe side");
-    outcome.notes = {"D1", "D2"};
+    outcome.notes = {"D201", "D208"};
     EXPECT_EQ(VerdictText(outcome), "within limits, 2 notes on the unsafe side");
     outcome.verdict = Verdict::above;
     EXPECT_EQ(VerdictText(outcome), "above limit");
