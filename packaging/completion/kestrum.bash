@@ -71,7 +71,7 @@ _kestrum()
         case $command in
         '') options+=' --version' ;;
         check) options+=' --loadcase --notes --no-notes --exit-zero --csv-safe --format --json' ;;
-        batch) options+=' --output --base --fields --jobs --resume --raw --exit-zero --csv-safe --no-csv-safe --format --json' ;;
+        batch) options+=' --output --base --fields --jobs --resume --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json' ;;
         dump) options+=' --inputs' ;;
         new) options+=' --output --family --set --raw' ;;
         set) options+=' --output --raw --dry-run' ;;

@@ -92,4 +92,5 @@ end
 complete -c kestrum -n '__kestrum_at batch' -l base -rF -d 'Project with the other values'
 complete -c kestrum -n '__kestrum_at batch' -l fields -x -d 'Columns of the answer'
 complete -c kestrum -n '__kestrum_at batch' -l jobs -x -d 'Threads'
+complete -c kestrum -n '__kestrum_at batch' -l keep-columns -d 'Other columns pass through'
 complete -c kestrum -n '__kestrum_at batch' -l resume -d 'Go on behind the answers'

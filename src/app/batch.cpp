@@ -123,6 +123,42 @@ std::string AnswerForm::Choose(TableForm form, const std::vector<std::string>& n
     return {};
 }
 
+void AnswerForm::KeepOthers(std::vector<std::string> columns)
+{
+    keepothers_ = true;
+    others_ = std::move(columns);
+}
+
+std::string AnswerForm::NoPlace(const MemberColumns* columns) const
+{
+    if (!keepothers_ || form_ == TableForm::ndjson) {
+        return {};
+    }
+    if (columns == nullptr) {
+        return "--keep-columns passes names of NDJSON through to NDJSON only (--json)";
+    }
+    for (const std::string& name : columns->Others()) {
+        if (std::find(others_.begin(), others_.end(), name) == others_.end()) {
+            return "column \"" + name + "\": the first table has no such column to pass through";
+        }
+    }
+    return {};
+}
+
+// No two columns of an answer have one name.
+std::string AnswerForm::KeptName(std::string name) const
+{
+    const auto taken = [this](const std::string& wanted) {
+        const auto same = [&](const Item& item) { return item.name == wanted; };
+        return wanted == "member" || wanted == "verdict" || wanted == "ir" ||
+               std::any_of(items_.begin(), items_.end(), same);
+    };
+    while (taken(name)) {
+        name.insert(0, "input.");
+    }
+    return name;
+}
+
 std::string AnswerForm::Header() const
 {
     if (form_ == TableForm::ndjson) {
@@ -132,6 +168,10 @@ std::string AnswerForm::Header() const
     for (const Item& item : items_) {
         line += ",";
         AppendCell(line, item.name);
+    }
+    for (const std::string& name : others_) {
+        line += ",";
+        AppendCell(line, KeptName(name));
     }
     return line + "\n";
 }
@@ -206,8 +246,25 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
     }
 }
 
+void AnswerForm::AppendKept(std::string& out, const std::vector<LineExtras::Kept>& kept) const
+{
+    if (form_ == TableForm::ndjson) {
+        for (const LineExtras::Kept& each : kept) {
+            out.append(",").append(JsonText(KeptName(each.name))).append(":");
+            out.append(each.json ? each.value : JsonText(each.value));
+        }
+        return;
+    }
+    for (const std::string& name : others_) {
+        const auto at = std::find_if(kept.begin(), kept.end(),
+                                     [&](const LineExtras::Kept& k) { return k.name == name; });
+        out.push_back(',');
+        AppendCell(out, at != kept.end() ? at->value : "", texts_);
+    }
+}
+
 void AnswerForm::AppendLine(std::string& out, std::string_view member, const ProjectState& s,
-                            const Outcome& outcome) const
+                            const Outcome& outcome, const LineExtras& extras) const
 {
     if (form_ == TableForm::csv) {
         AppendCell(out, member, texts_);
@@ -221,6 +278,7 @@ void AnswerForm::AppendLine(std::string& out, std::string_view member, const Pro
             out.push_back(',');
             AppendItem(out, item, s, outcome);
         }
+        AppendKept(out, extras.kept);
         out.push_back('\n');
         return;
     }
@@ -235,6 +293,7 @@ void AnswerForm::AppendLine(std::string& out, std::string_view member, const Pro
         out.append(",").append(JsonText(item.name)).append(":");
         AppendItem(out, item, s, outcome);
     }
+    AppendKept(out, extras.kept);
     out.append("}\n");
 }
 
@@ -368,13 +427,13 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
                        std::size_t number)
 {
     s_ = base_;
-    extras_.remarks.clear();
+    extras_ = {};
     const bool csv = chunk.form == TableForm::csv;
     std::string refusal = "the line is too long";
     if (line.size() <= kLongestLine) {
-        refusal =
-            Printable(csv ? chunk.columns->Apply(library_, s_, line, manner_, &extras_)
-                          : ApplyJsonLine(library_, s_, line, manner_, keys_, false, extras_));
+        refusal = Printable(
+            csv ? chunk.columns->Apply(library_, s_, line, manner_, &extras_)
+                : ApplyJsonLine(library_, s_, line, manner_, keys_, form_.keepsothers(), extras_));
     }
     if (!refusal.empty() || !extras_.remarks.empty()) {
         std::string place = chunk.table + ":";
@@ -410,7 +469,7 @@ void BatchWorker::Remember(BatchChunk& chunk, const std::string& place)
 void BatchWorker::File(BatchChunk& chunk, const std::string& name)
 {
     s_ = start_;
-    extras_.remarks.clear();
+    extras_ = {};
     s_.filename = name;
     const std::string member = Printable(name);
     std::string refusal = ReadWholeFile(name, chunk.lines);
@@ -442,7 +501,7 @@ void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string
                 (outcome.message.empty() ? "" : "; ") + remark.name + ": " + remark.what;
         }
     }
-    form_.AppendLine(chunk.out, member, s_, outcome);
+    form_.AppendLine(chunk.out, member, s_, outcome, extras_);
     chunk.tally.Add(place_++, member, outcome.verdict, outcome.ir);
 }
 

@@ -30,11 +30,19 @@ public:
     std::string Choose(TableForm form, const std::vector<std::string>& names,
                        const Library* library = nullptr, CsvTexts texts = CsvTexts::plain);
 
+    // Behind Choose: what is no field is passed through to the answer, of a CSV in these columns.
+    void KeepOthers(std::vector<std::string> columns);
+    bool keepsothers() const { return keepothers_; }
+
+    // Why the answer has no place for what a table passes through, or nothing. Its columns are null
+    // for NDJSON.
+    std::string NoPlace(const MemberColumns* columns) const;
+
     // The first line of a CSV with its line end; nothing for NDJSON.
     std::string Header() const;
 
     void AppendLine(std::string& out, std::string_view member, const ProjectState& s,
-                    const Outcome& outcome) const;
+                    const Outcome& outcome, const LineExtras& extras = {}) const;
 
     // Reads member, verdict and ratio back from a line. False when it is none.
     bool ReadBack(std::string_view line, std::string& member, Verdict& verdict, double& ir) const;
@@ -59,12 +67,17 @@ private:
     void AppendItem(std::string& out, const Item& item, const ProjectState& s,
                     const Outcome& outcome) const;
 
+    std::string KeptName(std::string name) const;
+    void AppendKept(std::string& out, const std::vector<LineExtras::Kept>& kept) const;
+
     template <class Texts>
     void AppendList(std::string& out, const Texts& texts, std::string_view between) const;
 
     TableForm form_ = TableForm::csv;
     CsvTexts texts_ = CsvTexts::plain;
     std::vector<Item> items_;
+    bool keepothers_ = false;
+    std::vector<std::string> others_;  // columns of a CSV
     const Library* library_ = nullptr;
 };
 

@@ -1,7 +1,9 @@
 #include "app/member_table.h"
 
 #include "app/assign_run.h"
+#include "app/field_hint.h"
 #include "core/annexes.h"
+#include "core/json_scan.h"
 #include "core/load_combination.h"
 #include "core/utf8_text.h"
 
@@ -131,6 +133,28 @@ std::string Settle(ProjectState& s, AssignRun& run)
     return refused.name.empty() ? refused.what : Told(refused.name, refused.what);
 }
 
+// Whether the name is that of no field; an array without such an element is a field.
+bool IsOther(std::string_view name)
+{
+    return FindField(name.substr(0, name.find('['))) == nullptr && name != kSection &&
+           name != kSteel && name != kAnnex;
+}
+
+// What is passed on may have been meant for a field.
+void TellPassed(LineExtras& extras, const std::string& name, const std::string& hint)
+{
+    if (!hint.empty()) {
+        extras.remarks.push_back({name, "is no field and passed through" + hint});
+    }
+}
+
+// Behind the line.
+void TellRemarks(LineExtras& extras, const AssignRun& run)
+{
+    const std::vector<Remark> remarks = run.Remarks();
+    extras.remarks.insert(extras.remarks.end(), remarks.begin(), remarks.end());
+}
+
 // One JSON object whose values are no objects, unless they are kept.
 class JsonLine {
 public:
@@ -151,7 +175,7 @@ public:
         if (fault_.empty() && Peek() != '\0') {
             fault_ = "text behind the object";
         }
-        return fault_;
+        return refusal_.empty() ? fault_ : refusal_;
     }
 
 private:
@@ -188,7 +212,7 @@ private:
         if (!fault_.empty()) {
             return;
         }
-        if (kept_ != nullptr && IsOther()) {
+        if (kept_ != nullptr && IsOther(name_)) {
             Keep();
         } else if (TakeIf('[')) {
             List();
@@ -197,37 +221,19 @@ private:
         }
     }
 
-    // Whether the name is that of no field; a list without such an element is a field.
-    bool IsOther() const
-    {
-        return FindField(std::string_view(name_).substr(0, name_.find('['))) == nullptr &&
-               name_ != kSection && name_ != kSteel && name_ != kAnnex;
-    }
-
     // The value as it stands, whatever it is.
     void Keep()
     {
         Peek();
-        const std::string_view from = rest_;
-        std::size_t depth = 0;
-        do {
-            const char c = Peek();
-            const bool open = c == '{' || c == '[', close = c == '}' || c == ']';
-            if (c == '"') {
-                Text(value_);
-            } else if (c == '\0' || (close && depth == 0)) {
-                break;
-            } else {
-                depth += open ? 1U : 0U;
-                depth -= close ? 1U : 0U;
-                rest_.remove_prefix(1);
-            }
-        } while (fault_.empty() && (depth > 0 || (Peek() != ',' && Peek() != '}')));
-        const std::string_view value = Trimmed(from.substr(0, from.size() - rest_.size()));
-        if (fault_.empty() && (value.empty() || depth > 0)) {
+        const std::size_t length = JsonValueLength(rest_);
+        if (length == 0) {
             fault_ = Told(name_, "expected a value");
+            return;
         }
-        kept_->kept.push_back({name_, std::string(value), true});
+        const JsonKeys::Key& key = keys_.Find(name_);
+        kept_->kept.push_back({name_, AsUtf8(rest_.substr(0, length)), true});
+        TellPassed(*kept_, name_, key.hint);
+        rest_.remove_prefix(length);
     }
 
     void List()
@@ -270,8 +276,15 @@ private:
         const std::string refusal =
             key.refusal.empty() ? run_.Assign(key.target, value_) : key.refusal;
         if (!refusal.empty()) {
-            fault_ = Told(name, refusal);
+            Refuse(Told(name, refusal));
         }
+    }
+
+    // What is to be kept may stand behind a value that is refused.
+    void Refuse(std::string what)
+    {
+        std::string& first = kept_ != nullptr ? refusal_ : fault_;
+        first = first.empty() ? std::move(what) : first;
     }
 
     void Text(std::string& text)
@@ -343,7 +356,9 @@ private:
     std::string_view rest_;
     JsonKeys& keys_;
     LineExtras* kept_;  // null: what is no field is refused
-    std::string name_, value_, fault_;
+    std::string name_, value_;
+    std::string fault_;    // where reading ends
+    std::string refusal_;  // of the first value that cannot be taken
 };
 
 }  // namespace
@@ -360,18 +375,21 @@ std::string MemberColumns::TakeHeader(std::string_view line, bool keepothers)
     separator_ = SeparatorOf(line);
     CellReader cells(line, separator_);
     while (cells.Next()) {
-        Column column{std::string(Trimmed(cells.cell())), {}, false};
+        Column column{std::string(Trimmed(cells.cell())), {}, false, {}};
         const std::string refusal = FindTarget(column.name, column.target);
         column.other = !refusal.empty();
+        const bool kept = keepothers && !column.name.empty() && IsOther(column.name);
+        column.hint = kept ? FieldHint(column.name, FieldsMeant::inputs) : std::string{};
         const auto same = [&column](const Column& other) {
             const FieldRef &a = column.target.ref, &b = other.target.ref;
             const bool field =
                 !column.other && !other.other && column.target.section == other.target.section;
             return other.name == column.name || (field && a.field == b.field && a.index == b.index);
         };
-        if (column.other && (!keepothers || column.name.empty())) {
+        if (column.other && !kept) {
+            const bool may = !keepothers && IsOther(column.name);
             return Told("column \"" + column.name + "\"",
-                        refusal + (keepothers ? "" : " (--keep-columns passes it through)"));
+                        refusal + (may ? " (--keep-columns passes it through)" : ""));
         }
         if (std::any_of(columns_.begin(), columns_.end(), same)) {
             return Told(column.name, "stands in two columns");
@@ -387,7 +405,7 @@ std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::s
     AssignRun run(library, s, manner);
     CellReader cells(line, separator_);
     std::size_t count = 0;
-    std::string joined;
+    std::string joined, refusal;
     for (; cells.Next(); ++count) {
         if (count == columns_.size()) {
             return "more cells than columns";
@@ -395,19 +413,26 @@ std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::s
         const Column& column = columns_[count];
         if (column.other) {
             if (extras != nullptr) {
-                extras->kept.push_back({column.name, std::string(cells.cell())});
+                extras->kept.push_back({column.name, AsUtf8(cells.cell())});
+                TellPassed(*extras, column.name, column.hint);
             }
             continue;
+        }
+        if (!refusal.empty()) {
+            continue;  // for what is kept behind it
         }
         const bool text = column.target.ref.field->kind == FieldKind::text;
         const std::string_view cell = text ? cells.cell() : Trimmed(cells.cell());
         if (cell.empty()) {
             continue;
         }
-        const std::string refusal = run.Assign(column.target, OneLine(cell, joined));
+        refusal = run.Assign(column.target, OneLine(cell, joined));
         if (!refusal.empty()) {
-            return Told(column.name, refusal);
+            refusal = Told(column.name, refusal);
         }
+    }
+    if (!refusal.empty()) {
+        return refusal;
     }
     if (!cells.fault().empty()) {
         return std::string(cells.fault());
@@ -415,9 +440,9 @@ std::string MemberColumns::Apply(const Library& library, ProjectState& s, std::s
     if (count < columns_.size()) {
         return "fewer cells than columns";
     }
-    std::string refusal = Settle(s, run);
+    refusal = Settle(s, run);
     if (refusal.empty() && extras != nullptr) {
-        extras->remarks = run.Remarks();
+        TellRemarks(*extras, run);
     }
     return refusal;
 }
@@ -438,9 +463,11 @@ const JsonKeys::Key& JsonKeys::Find(const std::string& name)
     if (const auto at = keys_.find(name); at != keys_.end()) {
         return *at->second;
     }
+    constexpr std::size_t kMost = 4096;
     auto key = std::make_unique<Key>();
     key->refusal = FindTarget(name, key->target);
-    if (!key->refusal.empty()) {  // there is no end of those
+    key->hint = IsOther(name) ? FieldHint(name, FieldsMeant::inputs) : std::string{};
+    if (!key->refusal.empty() && keys_.size() >= kMost) {  // there is no end of those
         unknown_ = std::move(key);
         return *unknown_;
     }
@@ -454,7 +481,7 @@ std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_v
     std::string fault = JsonLine(run, line, keys, keepothers ? &extras : nullptr).Apply();
     fault = fault.empty() ? Settle(s, run) : fault;
     if (fault.empty()) {
-        extras.remarks = run.Remarks();
+        TellRemarks(extras, run);
     }
     return fault;
 }

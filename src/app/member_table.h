@@ -32,15 +32,15 @@ struct LineExtras {
 class MemberColumns {
 public:
     // Returns why the line is no line of column names, or nothing. A column that is no field is
-    // refused, or kept for the answer.
+    // refused, or with `keepothers` kept for the answer.
     std::string TakeHeader(std::string_view line, bool keepothers = false);
 
     // Sets the fields of one line, from left to right; an empty cell leaves its field. Returns the
-    // reason of a refusal, or nothing; the record is then half set.
+    // reason of a refusal, or nothing; the record is then half set, but what is kept is whole.
     std::string Apply(const Library& library, ProjectState& s, std::string_view line, Manner manner,
                       LineExtras* extras = nullptr) const;
 
-    // Names of the columns that are no fields.
+    // Names of the columns that are no fields, in their order.
     std::vector<std::string> Others() const;
 
     std::string_view separator() const { return {&separator_, 1}; }
@@ -49,7 +49,8 @@ private:
     struct Column {
         std::string name;
         AssignTarget target;
-        bool other;  // no field
+        bool other;        // no field
+        std::string hint;  // of what is no field: what may be meant
     };
     std::vector<Column> columns_;
     char separator_ = ',';
@@ -61,6 +62,7 @@ public:
     struct Key {
         AssignTarget target;
         std::string refusal;  // why there is no such target
+        std::string hint;     // of what is no field: what may be meant
     };
     const Key& Find(const std::string& name);
 
@@ -70,7 +72,8 @@ private:
 };
 
 // The same for one flat JSON object. Numbers, true and false, texts; null leaves the field; a list
-// sets the rows of an array in turn. With `keepothers` what is no field is kept for the answer.
+// sets the rows of an array in turn. With `keepothers` what is no field is kept for the answer,
+// also behind a value that is refused.
 std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_view line,
                           Manner manner);
 std::string ApplyJsonLine(const Library& library, ProjectState& s, std::string_view line,

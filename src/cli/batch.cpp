@@ -194,7 +194,9 @@ BatchOrigin OriginOf(const Options& options, const BatchArguments& arguments)
                 sources.push_back({name + *file, *file});
             }
         }
-        how += arguments.raw ? " --raw --fields " : " --fields ";
+        how += arguments.raw ? " --raw" : "";
+        how += arguments.keep_columns ? " --keep-columns" : "";
+        how += " --fields ";
         for (const std::string& field : arguments.fields) {
             how += field + ",";
         }
@@ -223,8 +225,11 @@ int Batch(const Options& options, const BatchArguments& arguments)
     const ProjectState base = BaseOf(library, arguments.base);
 
     const Interrupt interrupt;
-    BatchInput input(arguments.inputs, interrupt);
+    BatchInput input(arguments.inputs, form, arguments.keep_columns, interrupt);
     SpareInputs(input, arguments);
+    if (arguments.keep_columns) {
+        form.KeepOthers(input.OtherColumns());
+    }
     BatchOutput output(arguments.out, arguments.resume);
     const BatchOrigin origin = OriginOf(options, arguments);
     Tally tally;

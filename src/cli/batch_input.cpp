@@ -29,8 +29,9 @@ bool IsSpreadsheet(const std::string& name)
 
 }  // namespace
 
-BatchInput::BatchInput(const std::vector<std::string>& inputs, const Interrupt& interrupt)
-    : interrupt_(interrupt)
+BatchInput::BatchInput(const std::vector<std::string>& inputs, const AnswerForm& form,
+                       bool keepothers, const Interrupt& interrupt)
+    : interrupt_(interrupt), form_(form), keepothers_(keepothers)
 {
     for (const std::string& name : inputs) {
         AddInput(name);
@@ -84,6 +85,23 @@ void BatchInput::AddInput(const std::string& name)
     }
 }
 
+std::unique_ptr<TableReader> BatchInput::Reader(const std::string& name)
+{
+    return std::make_unique<TableReader>(name, columns_, interrupt_, keepothers_);
+}
+
+std::vector<std::string> BatchInput::OtherColumns()
+{
+    const auto table = std::find_if(inputs_.begin(), inputs_.end(),
+                                    [](const Input& input) { return input.table; });
+    if (table == inputs_.end()) {
+        return {};
+    }
+    first_ = Reader(table->name);
+    const MemberColumns* const columns = first_->ReadColumns();
+    return columns != nullptr ? columns->Others() : std::vector<std::string>{};
+}
+
 void BatchInput::Spare(const std::string& out) const
 {
     for (const Input& input : inputs_) {
@@ -134,6 +152,12 @@ bool BatchInput::NextLines(BatchChunk& chunk)
     }
     const bool more = reader_->Next(chunk);
     taken_ += reader_->TakeBytes();
+    const std::string refusal = more ? form_.NoPlace(chunk.columns) : std::string{};
+    if (!refusal.empty()) {
+        Fault(chunk.table, refusal);
+        reader_.reset();
+        return false;
+    }
     if (more) {
         chunk.prefix = several_ ? chunk.table + ":" : std::string{};
         chunk.files.clear();
@@ -179,7 +203,7 @@ bool BatchInput::Next(BatchChunk& chunk)
             }
             continue;
         }
-        reader_.emplace(inputs_.front().name, columns_, interrupt_);
+        reader_ = first_ ? std::move(first_) : Reader(inputs_.front().name);
         inputs_.pop_front();
     }
 }

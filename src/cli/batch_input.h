@@ -10,7 +10,7 @@
 #include <atomic>
 #include <cstdint>
 #include <deque>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,8 +18,12 @@ namespace kestrum::cli {
 
 class BatchInput {
 public:
-    // Throws BadInput for an input that is not there.
-    BatchInput(const std::vector<std::string>& inputs, const Interrupt& interrupt);
+    // Throws BadInput for an input that is not there. `form` is that of the answers.
+    BatchInput(const std::vector<std::string>& inputs, const AnswerForm& form, bool keepothers,
+               const Interrupt& interrupt);
+
+    // The columns of the first table that are no fields. Reads its first line.
+    std::vector<std::string> OtherColumns();
 
     // Leaves out the first members, which are answered already.
     void Skip(std::size_t members) { skip_ = members; }
@@ -47,7 +51,11 @@ private:
     bool Skipped(BatchChunk& chunk);
     void Fault(const std::string& name, const std::string& what);
 
+    std::unique_ptr<TableReader> Reader(const std::string& name);
+
     const Interrupt& interrupt_;
+    const AnswerForm& form_;
+    const bool keepothers_;
     std::deque<Input> inputs_;
     std::size_t skip_ = 0;
     bool several_ = false;
@@ -56,8 +64,9 @@ private:
     std::uintmax_t whole_ = 0;
     std::size_t place_ = 0;
 
-    TableReader::Columns columns_;       // of all tables, chunks refer to them
-    std::optional<TableReader> reader_;  // of the current table
+    TableReader::Columns columns_;         // of all tables, chunks refer to them
+    std::unique_ptr<TableReader> first_;   // of the first table, while its turn has not come
+    std::unique_ptr<TableReader> reader_;  // of the current table
 };
 
 }  // namespace kestrum::cli

@@ -68,6 +68,7 @@ struct BatchArguments {
     int jobs = 0;  // threads; 0: one a core
     bool resume = false;
     bool raw = false;
+    bool keep_columns = false;     // what is no field is passed through
     bool exit_zero = false;        // when each member has its answer
     std::optional<bool> csv_safe;  // unset: for a file, not for a stream
 };

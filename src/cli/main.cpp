@@ -149,6 +149,8 @@ int Run(int argc, char** argv)
         ->check(CLI::Range(1, 256));
     batch.add_flag("--resume", many.resume, "goes on behind the answers that -o holds already");
     batch.add_flag("--raw", many.raw, "stores the values unchecked");
+    batch.add_flag("--keep-columns", many.keep_columns,
+                   "columns that are no fields pass through to the answer");
     batch.add_flag("--exit-zero", many.exit_zero,
                    "exit 0 when each member has its answer, whatever the verdicts");
     batch.add_flag_callback(

@@ -43,10 +43,11 @@ std::size_t LinesOf(std::string_view text)
 
 }  // namespace
 
-TableReader::TableReader(const std::string& name, Columns& columns, const Interrupt& interrupt)
+TableReader::TableReader(const std::string& name, Columns& columns, const Interrupt& interrupt,
+                         bool keepothers)
     : name_(name == "-" ? "standard input" : name),
       file_(name == "-" ? stdin : OpenFile(Utf8Path(name), "rb")), interrupt_(interrupt),
-      columns_(columns)
+      keepothers_(keepothers), columns_(columns)
 {
     if (!file_) {
         Stop(name_ + ": " + std::generic_category().message(errno));
@@ -108,7 +109,8 @@ bool TableReader::SetForm()
     known_ = true;
     std::string_view lines = rest_;
     columns_.push_back(std::make_unique<MemberColumns>());
-    const std::string refusal = columns_.back()->TakeHeader(TakeRecord(lines, kAnySeparator));
+    const std::string refusal =
+        columns_.back()->TakeHeader(TakeRecord(lines, kAnySeparator), keepothers_);
     const std::size_t taken = rest_.size() - lines.size();
     line_ += LinesOf(std::string_view(rest_).substr(0, taken));
     rest_.erase(0, taken);
@@ -135,12 +137,26 @@ std::size_t TableReader::WholeMembers() const
     }
 }
 
+// One block more. False until the form is known, and after a fault.
+bool TableReader::ReadOn()
+{
+    ReadBlock();
+    const bool blank = rest_.find_first_not_of(kBlank) == std::string::npos;
+    return fault_.empty() && (known_ || ((!blank || ended_) && SetForm()));
+}
+
+const MemberColumns* TableReader::ReadColumns()
+{
+    while (file_ && !unseen_) {
+        unseen_ = ReadOn();
+    }
+    return unseen_ && form_ == TableForm::csv ? columns_.back().get() : nullptr;
+}
+
 bool TableReader::Next(BatchChunk& chunk)
 {
     while (file_) {
-        ReadBlock();
-        const bool blank = rest_.find_first_not_of(kBlank) == std::string::npos;
-        if (!fault_.empty() || (!known_ && ((blank && !ended_) || !SetForm()))) {
+        if (!std::exchange(unseen_, false) && !ReadOn()) {
             continue;
         }
         const std::size_t whole = fault_.empty() ? WholeMembers() : 0;

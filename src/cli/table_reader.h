@@ -21,8 +21,13 @@ public:
     using Columns = std::vector<std::unique_ptr<MemberColumns>>;
 
     // `name` is "-" for standard input. `columns` keeps those of all tables: chunks refer to them.
-    // Reading ends early when the user stops the program.
-    TableReader(const std::string& name, Columns& columns, const Interrupt& interrupt);
+    // Reading ends early when the user stops the program. `keepothers`: columns that are no fields
+    // are kept for the answer.
+    TableReader(const std::string& name, Columns& columns, const Interrupt& interrupt,
+                bool keepothers);
+
+    // Reads on until the columns are known, of a CSV; null for NDJSON and for what cannot be read.
+    const MemberColumns* ReadColumns();
 
     // The next members. False behind the last, and when the table cannot be read on.
     bool Next(BatchChunk& chunk);
@@ -50,13 +55,17 @@ private:
     std::size_t WholeMembers() const;
     void Stop(std::string fault);
 
+    bool ReadOn();
+
     std::string name_;
     std::unique_ptr<std::FILE, Close> file_;
     const Interrupt& interrupt_;
+    const bool keepothers_;
     Columns& columns_;
     TableDecoder decoder_;
     bool ended_ = false;
-    bool known_ = false;  // whether its form and columns are
+    bool unseen_ = false;  // read, but not yet looked through for members
+    bool known_ = false;   // whether its form and columns are
     TableForm form_ = TableForm::csv;
     std::string block_;      // as read
     std::string rest_;       // decoded and not yet handed out
