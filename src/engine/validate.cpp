@@ -195,9 +195,8 @@ void CheckLineLoads(const ProjectState& s, Inputs& in)
             if (!LengthIsGood(s)) {
                 continue;
             }
-            in.Require(s.qtx1[k] >= 0 && s.qtx1[k] < s.qtx2[k], "qtx1", s.qtx1[k],
-                       "0 and more, less than qtx2", "m", row);
-            in.Require(s.qtx2[k] <= s.l, "qtx2", s.qtx2[k], "at most l", "m", row);
+            in.Require(s.qtx1[k] >= 0 && s.qtx1[k] <= s.l, "qtx1", s.qtx1[k], "0 to l", "m", row);
+            in.Require(s.qtx2[k] >= 0 && s.qtx2[k] <= s.l, "qtx2", s.qtx2[k], "0 to l", "m", row);
         }
     }
 }
@@ -306,6 +305,17 @@ void CheckOptions(const ProjectState& s, Inputs& in)
 }
 
 }  // namespace
+
+InputFaults Unfinished(const ProjectState& s)
+{
+    Inputs in;
+    for (std::size_t k = 1; k <= 3 && s.loadmode == 1; ++k) {
+        const bool loaded = (s.qt1[k] != 0 || s.qt2[k] != 0) && Counts(s, s.qtchecked[k]);
+        in.Require(!loaded || s.qtx1[k] < s.qtx2[k], "qtx1", s.qtx1[k], "less than qtx2", "m",
+                   static_cast<int>(k));
+    }
+    return in.faults();
+}
 
 InputFaults Validate(const ProjectState& s, const Library* library)
 {

@@ -25,4 +25,8 @@ struct InputFaults {
 // tables. Allocates nothing.
 InputFaults Validate(const ProjectState& s, const Library* library);
 
+// Rows of loads that are half typed: a trapezoidal load that does not end behind its start. The
+// window calculates while they are typed; no verdict rests on them.
+InputFaults Unfinished(const ProjectState& s);
+
 }  // namespace kestrum

@@ -115,6 +115,11 @@ Outcome Stopped(const ProjectState& s)
 Outcome Finished(const ProjectState& s)
 {
     Outcome outcome;
+    if (const InputFaults rows = Unfinished(s); rows.count > 0) {
+        outcome.verdict = Verdict::not_checked;
+        outcome.message = FailureText(rows.fault[0]);
+        return outcome;
+    }
     const ResultRow* const row = GoverningRow(s);
     if (row == nullptr) {
         const bool acts = ForcesAct(s);

@@ -101,7 +101,7 @@ TEST_F(Manners, AnErrorIsPrintedOnce)
         EXPECT_EQ(Count(said.out, "no such file") + Count(said.out, "expected"), 1) << said.out;
     }
     WriteGood("good.kst");
-    ASSERT_EQ(Kestrum("set good.kst -o failed.kst l=0 --raw").exit, 0);
+    ASSERT_EQ(Kestrum("set good.kst -o failed.kst nload[1]=100000 method=1 --raw").exit, 0);
     const Said failed = Shell("'" KESTRUM_BIN "/kestrum' check failed.kst 2>&1");
     EXPECT_EQ(Count(failed.out, "Calculation Error"), 1) << failed.out;
 }
