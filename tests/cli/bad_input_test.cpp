@@ -186,7 +186,8 @@ TEST_F(BadInput, ValuesThatCannotBeCalculatedAreNamed)
         ASSERT_EQ(Kestrum(std::string("set good.kst -o odd.kst --raw ") + assignment).exit, 0);
         const Said said = Checked("odd.kst");
         EXPECT_EQ(said.exit, 2) << assignment;
-        const std::string name = std::string(assignment).substr(0, std::string(assignment).find('='));
+        const std::string name =
+            std::string(assignment).substr(0, std::string(assignment).find('='));
         EXPECT_THAT(said.out, HasSubstr("input: " + name + " = ")) << assignment;
         EXPECT_THAT(said.out, HasSubstr("VERDICT: not checked")) << assignment;
     }
