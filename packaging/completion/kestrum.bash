@@ -75,7 +75,7 @@ _kestrum()
         dump) options+=' --inputs' ;;
         new) options+=' --output --family --set --raw' ;;
         set) options+=' --output --raw --dry-run' ;;
-        sections | vortex) options+=' --format --json' ;;
+        sections | fields | vortex) options+=' --format --json' ;;
         diagram) options+=' --axis --output' ;;
         table | report) options+=' --output' ;;
         esac
@@ -83,9 +83,10 @@ _kestrum()
         return
     fi
     case $command in
-    '') _kestrum_words 'check dump new set sections vortex diagram table report batch help' ;;
-    help) ((operands)) || _kestrum_words 'check dump new set sections vortex diagram table report batch' ;;
+    '') _kestrum_words 'check dump new set sections fields vortex diagram table report batch help' ;;
+    help) ((operands)) || _kestrum_words 'check dump new set sections fields vortex diagram table report batch' ;;
     sections) ((operands)) || _kestrum_families ;;
+    fields) ((operands)) || _kestrum_words "$(kestrum fields --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)" ;;
     report) if ((operands)); then _kestrum_files kst; else _kestrum_words 'control section vortex'; fi ;;
     set) if ((operands)); then _kestrum_fields; else _kestrum_files kst; fi ;;
     new) [[ " ${COMP_WORDS[*]:1:COMP_CWORD-1} " != *' --set '* ]] || _kestrum_fields ;;

@@ -1,5 +1,5 @@
 # fish completion for kestrum
-set -g __kestrum_commands check dump new set sections vortex diagram table report batch help
+set -g __kestrum_commands check dump new set sections fields vortex diagram table report batch help
 
 function __kestrum_families
     kestrum sections --format csv 2>/dev/null | tail -n +2 | string replace -a '"' '' | string replace -r ',[^,]*,' \t
@@ -47,6 +47,7 @@ complete -c kestrum -n $none -a dump -d 'Print the whole state as JSON'
 complete -c kestrum -n $none -a new -d 'Write a default project'
 complete -c kestrum -n $none -a set -d 'Change fields of a project'
 complete -c kestrum -n $none -a sections -d 'List families or rows'
+complete -c kestrum -n $none -a fields -d 'Explain the fields'
 complete -c kestrum -n $none -a vortex -d 'Control vortex shedding'
 complete -c kestrum -n $none -a diagram -d 'Draw the diagrams'
 complete -c kestrum -n $none -a table -d 'Print the intermediate values'
@@ -58,9 +59,10 @@ complete -c kestrum -n '__kestrum_at check; or __kestrum_at dump; or __kestrum_a
 for command in set vortex diagram table
     complete -c kestrum -n "__kestrum_at $command 0" -k -a '(__fish_complete_suffix .kst)'
 end
-complete -c kestrum -n '__kestrum_at help 0' -a 'check dump new set sections vortex diagram table report batch'
+complete -c kestrum -n '__kestrum_at help 0' -a 'check dump new set sections fields vortex diagram table report batch'
 complete -c kestrum -n '__kestrum_at report 0' -a 'control section vortex'
 complete -c kestrum -n '__kestrum_at sections 0' -a '(__kestrum_families)'
+complete -c kestrum -n '__kestrum_at fields 0' -a '(kestrum fields --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)'
 complete -c kestrum -n __kestrum_fields_at -a '(__kestrum_fields)'
 complete -c kestrum -n '__kestrum_at batch' -F
 
@@ -73,10 +75,10 @@ for command in check batch
 end
 complete -c kestrum -n '__kestrum_at batch' -l no-csv-safe -d 'Texts as they are'
 complete -c kestrum -n '__kestrum_at set' -l dry-run -d 'Writes nothing'
-complete -c kestrum -n '__kestrum_at check; or __kestrum_at sections' -l format -x -a 'text json csv' -d 'Form of the answer'
+complete -c kestrum -n '__kestrum_at check; or __kestrum_at sections; or __kestrum_at fields' -l format -x -a 'text json csv' -d 'Form of the answer'
 complete -c kestrum -n '__kestrum_at vortex' -l format -x -a 'text json' -d 'Form of the answer'
 complete -c kestrum -n '__kestrum_at batch' -l format -x -a 'csv json ndjson' -d 'Form of the answer'
-for command in check sections vortex batch
+for command in check sections fields vortex batch
     complete -c kestrum -n "__kestrum_at $command" -l json -d 'Short for --format json'
 end
 complete -c kestrum -n '__kestrum_at dump' -l inputs -d 'Inputs alone'

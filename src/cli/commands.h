@@ -39,6 +39,7 @@ struct SetArguments {
 int Set(const Options& options, const SetArguments& arguments);
 
 int Sections(const Options& options, const std::string& family);
+int Fields(const Options& options, const std::string& name);  // all without a name
 int Vortex(const Options& options, const std::string& file);
 
 struct DiagramArguments {

@@ -25,8 +25,10 @@ int Run(int argc, char** argv)
                "not checked, loads dropped or nothing acts, 3 calculation error or unstable. "
                "`kestrum help COMMAND` lists the options of a command; the options above "
                "go with each.\n"
-               "Names and meanings of the fields: docs/file-format.md; `kestrum dump --inputs "
-               "FILE` prints them.");
+               "`kestrum fields` explains the fields with units, values and limits. Compression, "
+               "sagging and\n"
+               "downward are positive; `kestrum dump --inputs FILE` prints the fields of a "
+               "project.");
     app.require_subcommand(1);
     app.fallthrough();
 
@@ -47,7 +49,7 @@ int Run(int argc, char** argv)
     CheckArguments checked;
     NewArguments fresh;
     SetArguments change;
-    std::string family;
+    std::string family, field;
     DiagramArguments picture;
     TableArguments table;
     ReportArguments report;
@@ -96,6 +98,12 @@ int Run(int argc, char** argv)
     sections.add_option("FAMILY", family, "family number");
     AddFormat(sections, options, kAllFormats);
     sections.callback([&] { exit = Sections(options, family); });
+
+    CLI::App& fields = *app.add_subcommand(
+        "fields", "explains the fields, or one: meaning, unit, values with their names, limits");
+    fields.add_option("NAME", field, "canonical name, as `kestrum set` takes it");
+    AddFormat(fields, options, kAllFormats);
+    fields.callback([&] { exit = Fields(options, field); });
 
     CLI::App& vortex =
         *app.add_subcommand("vortex", "controls vortex shedding, EN 1991-1-4, Annex E");

@@ -78,16 +78,16 @@ protected:
 TEST_P(Completion, OffersTheCommands)
 {
     EXPECT_THAT(Complete("kestrum "),
-                UnorderedElementsAre("check", "dump", "new", "set", "sections", "vortex", "diagram",
-                                     "table", "report", "batch", "help"));
+                UnorderedElementsAre("check", "dump", "new", "set", "sections", "fields", "vortex",
+                                     "diagram", "table", "report", "batch", "help"));
     EXPECT_THAT(Complete("kestrum che"), ElementsAre("check"));
     EXPECT_THAT(Complete("kestrum --setup a.dat rep"), ElementsAre("report"));
 }
 
 TEST_P(Completion, OffersTheOptionsOfEachCommand)
 {
-    for (const char* command : {"check", "dump", "new", "set", "sections", "vortex", "diagram",
-                                "table", "report", "batch", "help"}) {
+    for (const char* command : {"check", "dump", "new", "set", "sections", "fields", "vortex",
+                                "diagram", "table", "report", "batch", "help"}) {
         EXPECT_THAT(Complete(std::string("kestrum ") + command + " --"),
                     UnorderedElementsAreArray(Options(command)))
             << command;
@@ -124,6 +124,7 @@ TEST_P(Completion, OffersFamiliesAndFieldsOfTheProgram)
     EXPECT_THAT(Complete("kestrum sections 10"), UnorderedElementsAre("10", "101", "102", "103"));
     EXPECT_THAT(Complete("kestrum new --family 2"),
                 UnorderedElementsAre("2", "21", "22", "23", "24", "25", "26", "27", "28"));
+    EXPECT_THAT(Complete("kestrum fields qloa"), ElementsAre("qload"));
     EXPECT_THAT(Complete("kestrum set beam.kst qlo"), ElementsAre("qload["));
     EXPECT_THAT(Complete("kestrum new --set gammam"), UnorderedElementsAre("gammam0=", "gammam1="));
 }

@@ -28,8 +28,8 @@ TEST_F(ManPage, NamesEveryOptionOfEveryCommand)
     const std::string page = Page();
     const std::regex option("^  (-\\w,)?(--[\\w-]+).*");
     int options = 0;
-    for (const char* command : {"", "check", "dump", "new", "set", "sections", "vortex", "diagram",
-                                "table", "report", "batch", "help"}) {
+    for (const char* command : {"", "check", "dump", "new", "set", "sections", "fields", "vortex",
+                                "diagram", "table", "report", "batch", "help"}) {
         EXPECT_THAT(page, HasSubstr(std::string("\n.BR ") + command));
         std::istringstream help(Kestrum(std::string(command) + " --help").out);
         std::smatch found;
