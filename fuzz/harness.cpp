@@ -70,7 +70,8 @@ void CalculateAndShow(const Library& library, ProjectState& s)
         for (const float ordinate : s.mydiag) {
             Require(std::isfinite(ordinate), "a diagram ordinate is no number");
         }
-        Require(!OutcomeOf(s, well).control.empty() || s.irsection == 0, "no row governs");
+        const Outcome outcome = OutcomeOf(s, well);
+        Require(!outcome.rated() || !outcome.control.empty(), "no row governs");
         PanelText(s);
     }
 }
