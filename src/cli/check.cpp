@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/standard_output.h"
 #include "core/csv_cell.h"
 #include "core/utf8_text.h"
 #include "engine/calculate.h"
@@ -9,6 +10,7 @@
 #include "report/state_json.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace kestrum::cli {
 
@@ -21,6 +23,7 @@ struct Answer {
     double section = 0, buckling = 0, deflection = 0;
     bool read = false;  // the file
     ProjectState state{};
+    std::optional<standard::StandardResult> standard{};
 };
 
 double LargestDeflection(const ProjectState& s)
@@ -32,7 +35,7 @@ double LargestDeflection(const ProjectState& s)
                     s.defliney.empty() ? 0.0 : s.defliney.ir);
 }
 
-Answer CheckFile(const Library& library, const std::string& file)
+Answer CheckFile(const Library& library, const std::string& file, bool by_standard)
 {
     Answer answer{.file = file};
     try {
@@ -44,6 +47,9 @@ Answer CheckFile(const Library& library, const std::string& file)
     }
     answer.read = true;
     ProjectState& s = answer.state;
+    if (by_standard) {
+        answer.standard = standard::CalculateStandard(library, s);
+    }
     answer.outcome = OutcomeOf(s, Calculate(library, s));
     if (answer.outcome.designed()) {
         answer.section = s.irsection;
@@ -82,6 +88,7 @@ std::string TextOf(const Answer& answer, const CheckArguments& parts, bool colou
     for (const std::string& dropped : outcome.dropped) {
         text += "dropped " + dropped + "\n";
     }
+    text += answer.standard ? StandardText(*answer.standard) : "";
     const Ink ink = outcome.verdict == Verdict::within ? Ink::good : Ink::bad;
     return text + "VERDICT: " + Painted(VerdictText(outcome), ink, coloured) + "\n";
 }
@@ -93,6 +100,7 @@ std::string JsonOf(const Answer& answer)
                        ", \"exit\": " + std::to_string(ExitCode(outcome.verdict)) +
                        ", \"verdict\": " + JsonText(VerdictText(outcome)) +
                        ", \"ir\": " + (outcome.rated() ? JsonNumber(outcome.ir) : "null");
+    text += answer.standard ? ", \"standard\": " + StandardJson(*answer.standard) : "";
     if (!outcome.message.empty()) {
         text += ", \"message\": " + JsonText(outcome.message);
     }
@@ -163,7 +171,9 @@ int ExitOf(const std::vector<Answer>& answers, const CheckArguments& arguments)
     int exit = kAllWithin;
     for (const Answer& answer : answers) {
         if (!arguments.exit_zero || !answer.read) {
-            exit = GraverExit(exit, ExitCode(answer.outcome.verdict));
+            const bool standard = arguments.basis == "standard" && answer.standard;
+            exit = GraverExit(exit, standard ? StandardExit(*answer.standard)
+                                             : ExitCode(answer.outcome.verdict));
         }
     }
     return exit;
@@ -208,7 +218,7 @@ int Check(const Options& options, const CheckArguments& arguments)
     std::vector<Answer> answers;
     answers.reserve(arguments.files.size());
     for (const std::string& file : arguments.files) {
-        answers.push_back(CheckFile(library, file));
+        answers.push_back(CheckFile(library, file, arguments.basis != "program"));
     }
     if (options.quiet) {
         return ExitOf(answers, arguments);

@@ -1,0 +1,89 @@
+#include "cli/standard_output.h"
+
+#include "core/number_format.h"
+#include "report/state_json.h"
+
+#include <cmath>
+
+namespace kestrum::cli {
+
+namespace {
+
+using standard::Check;
+using standard::CheckId;
+using standard::StandardResult;
+
+std::string Number(double value)
+{
+    return std::isfinite(value) ? JsonNumber(value) : "null";
+}
+
+// The words between check, place and combination of a ratio.
+std::string Members(CheckId id, const Check& check)
+{
+    return "\"check\": " + JsonText(standard::NameOf(id)) +
+           ", \"clause\": " + JsonText(check.clause) + ", \"ir\": " + Number(check.ir) +
+           ", \"place\": " + Number(check.place) +
+           ", \"case\": " + JsonText(NameOf(check.load_case));
+}
+
+std::string ChecksJson(const StandardResult& result)
+{
+    std::string text;
+    for (std::size_t i = 0; i < standard::kCheckIds; ++i) {
+        const auto id = static_cast<CheckId>(i);
+        if (result.checks[id].present) {
+            text += (text.empty() ? "{" : ", {") + Members(id, result.checks[id]) + "}";
+        }
+    }
+    return "[" + text + "]";
+}
+
+std::string OutsideJson(const StandardResult& result)
+{
+    std::string text;
+    for (const std::string_view reason : result.outside) {
+        text += (text.empty() ? "" : ", ") + JsonText(reason);
+    }
+    return "[" + text + "]";
+}
+
+}  // namespace
+
+std::string StandardText(const StandardResult& result)
+{
+    std::string text;
+    for (const std::string_view reason : result.outside) {
+        text += "standard: " + std::string(reason) + "\n";
+    }
+    if (!result.rated) {
+        return text;
+    }
+    const Check& check = result.checks[result.governing];
+    text += "EN 1993-1-1 as written: IR = " + FormatNum(check.ir, "0.000") + ", " +
+            std::string(standard::NameOf(result.governing)) + " (" + std::string(check.clause) +
+            "), " + NameOf(check.load_case);
+    if (std::isfinite(check.place)) {
+        text += ", x/L = " + FormatNum(check.place, "0.000");
+    }
+    return text + ": " + std::string(standard::VerdictOf(result)) + "\n";
+}
+
+std::string StandardJson(const StandardResult& result)
+{
+    std::string text = "{\"verdict\": " + JsonText(standard::VerdictOf(result));
+    if (result.rated) {
+        text += ", " + Members(result.governing, result.checks[result.governing]);
+    } else {
+        text += ", \"ir\": null";
+    }
+    return text + ", \"checks\": " + ChecksJson(result) +
+           ", \"outside\": " + OutsideJson(result) + "}";
+}
+
+int StandardExit(const StandardResult& result)
+{
+    return !result.rated ? 2 : result.above ? 1 : 0;
+}
+
+}  // namespace kestrum::cli

@@ -1,0 +1,136 @@
+#include "standard/column.h"
+
+#include "clauses/flexural.h"
+#include "core/material.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace kestrum::standard {
+
+namespace {
+
+using clauses::BucklingCurve;
+using clauses::Imperfection;
+
+constexpr double kNoBuckling = 0.002;  // length factors below leave the axis out
+constexpr double kMm = 1e3;
+
+struct Pair {
+    BucklingCurve y, z;
+};
+
+// S460 by the grade's nominal strength, typed strengths from 460 MPa.
+bool IsS460(const Library& library, const ProjectState& s, const StandardSection& q)
+{
+    const int index = s.fykindex;
+    if (index >= 0 && index < LastMaterial(library)) {
+        return library.materials[static_cast<std::size_t>(index)].name.starts_with("S460");
+    }
+    return q.fy >= 460;
+}
+
+Pair RolledI(const StandardSection& q, bool s460)
+{
+    if (q.h > 1.2 * q.b) {
+        if (q.top.t <= 40) {
+            return s460 ? Pair{BucklingCurve::a0, BucklingCurve::a0}
+                        : Pair{BucklingCurve::a, BucklingCurve::b};
+        }
+        return s460 ? Pair{BucklingCurve::a, BucklingCurve::a}
+                    : Pair{BucklingCurve::b, BucklingCurve::c};
+    }
+    if (q.top.t <= 100) {
+        return s460 ? Pair{BucklingCurve::a, BucklingCurve::a}
+                    : Pair{BucklingCurve::b, BucklingCurve::c};
+    }
+    return s460 ? Pair{BucklingCurve::c, BucklingCurve::c}
+                : Pair{BucklingCurve::d, BucklingCurve::d};
+}
+
+// Table 6.2.
+Pair Tabulated(const Library& library, const ProjectState& s, const StandardSection& q)
+{
+    const bool s460 = IsS460(library, s, q);
+    const Pair hot = s460 ? Pair{BucklingCurve::a0, BucklingCurve::a0}
+                          : Pair{BucklingCurve::a, BucklingCurve::a};
+    const Pair c = {BucklingCurve::c, BucklingCurve::c};
+    switch (q.kind) {
+    case Kind::i_rolled:
+        return RolledI(q, s460);
+    case Kind::i_welded:
+    case Kind::i_single:
+        return std::max(q.top.t, q.bottom.t) <= 40 ? Pair{BucklingCurve::b, BucklingCurve::c}
+                                                   : Pair{BucklingCurve::c, BucklingCurve::d};
+    case Kind::hollow:
+        return Traits(s).shape.make == Make::hot ? hot : c;
+    case Kind::tube:
+        return s.tubehot == 1 ? hot : c;
+    case Kind::box: {
+        const bool stocky = q.b / q.top.t < 30 || q.h / q.tw < 30;
+        return s.weldopt == 1 && stocky ? c : Pair{BucklingCurve::b, BucklingCurve::b};
+    }
+    default:
+        return c;
+    }
+}
+
+double Chosen(int choice, BucklingCurve tabulated)
+{
+    return Imperfection(choice >= 1 && choice <= 5 ? static_cast<BucklingCurve>(choice - 1)
+                                                   : tabulated);
+}
+
+double EulerOf(const ProjectState& s, const StandardSection& q, double factor, double inertia)
+{
+    return factor > kNoBuckling ? clauses::EulerLoad(q.e, inertia, factor * s.l * kMm)
+                                : std::numeric_limits<double>::infinity();
+}
+
+}  // namespace
+
+CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q)
+{
+    CriticalForces ncr{};
+    ncr.y = EulerOf(s, q, s.ly, q.iy);
+    ncr.z = EulerOf(s, q, s.lz, q.iz);
+    ncr.t = ncr.tf = std::numeric_limits<double>::infinity();
+    ncr.twists = !q.Closed();
+    if (!ncr.twists) {
+        return ncr;
+    }
+    const bool held = s.ltb == 1 && s.restraints > 0;
+    const double length = s.l * kMm / (held ? s.restraints + 1 : 1);
+    const double i0 = q.PolarSquared();
+    ncr.t = clauses::TorsionalLoad(q.e, q.it, q.kind == Kind::flat ? 0 : q.iw, i0, length);
+    const double apart = std::hypot(q.centre_y, q.centre_z);
+    // Channels are symmetric about y, unequal I sections about z: that axis couples.
+    const double flexural = q.kind == Kind::channel ? ncr.y : ncr.z;
+    ncr.tf = apart > 0 && std::isfinite(flexural)
+                 ? clauses::TorsionalFlexuralLoad(flexural, ncr.t, apart, i0)
+                 : ncr.t;
+    return ncr;
+}
+
+ColumnCurves CurvesOf(const Library& library, const ProjectState& s, const StandardSection& q)
+{
+    const Pair pair = Tabulated(library, s, q);
+    return {Chosen(s.bcy, pair.y), Chosen(s.bcz, pair.z)};
+}
+
+Reductions ReductionsOf(const PreparedSection& p, const CriticalForces& ncr,
+                        const ColumnCurves& curves, int cls)
+{
+    Reductions r{};
+    r.squash = CompressedArea(p, cls) * p.q.fy;
+    r.lamy = std::sqrt(r.squash / ncr.y);
+    r.lamz = std::sqrt(r.squash / ncr.z);
+    r.lamt = std::sqrt(r.squash / ncr.Torsional());
+    r.chiy = clauses::BucklingReduction(r.lamy, curves.y);
+    r.chiz = clauses::BucklingReduction(r.lamz, curves.z);
+    r.chit = clauses::BucklingReduction(r.lamt, curves.z);
+    return r;
+}
+
+}  // namespace kestrum::standard

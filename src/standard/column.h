@@ -1,0 +1,39 @@
+#pragma once
+
+// Flexural, torsional and torsional-flexural buckling, EN 1993-1-1, 6.3.1.
+
+#include "core/library.h"
+#include "standard/resistance.h"
+
+namespace kestrum::standard {
+
+struct CriticalForces {
+    double y, z;      // N; infinite without buckling about the axis
+    double t, tf;     // of open sections; tf is t where shear centre and centroid coincide
+    bool twists;      // open section: torsional buckling is checked
+
+    double Torsional() const { return t < tf ? t : tf; }
+};
+CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q);
+
+// Imperfection factors of Table 6.2 or as chosen.
+struct ColumnCurves {
+    double y, z;
+};
+ColumnCurves CurvesOf(const Library& library, const ProjectState& s, const StandardSection& q);
+
+struct Reductions {
+    double lamy, lamz, lamt;
+    double chiy, chiz, chit;
+    double squash;  // NRk, N
+
+    double Least(bool twists) const
+    {
+        const double least = chiy < chiz ? chiy : chiz;
+        return twists && chit < least ? chit : least;
+    }
+};
+Reductions ReductionsOf(const PreparedSection& p, const CriticalForces& ncr,
+                        const ColumnCurves& curves, int cls);
+
+}  // namespace kestrum::standard

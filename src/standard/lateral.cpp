@@ -1,0 +1,315 @@
+#include "standard/lateral.h"
+
+#include "clauses/critical_moment.h"
+#include "clauses/flexural.h"
+#include "clauses/lateral_torsional.h"
+#include "core/annexes.h"
+#include "standard/moment_shape.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace kestrum::standard {
+
+namespace {
+
+constexpr double kSame = 1e-6;  // of the length: places that are one
+constexpr double kMm = 1e3;
+constexpr double kNmm = 1e6;
+
+double LoadLevel(const ProjectState& s, const StandardSection& q)
+{
+    switch (s.loadlevel) {
+    case 1:
+        return q.above;
+    case 3:
+        return -q.below;
+    case 4:
+        return s.za;
+    default:
+        return 0;
+    }
+}
+
+LateralSection SectionFor(const StandardSection& q)
+{
+    const bool warps = q.kind != Kind::flat;
+    return {q.e * q.iz, warps ? q.e * q.iw : 0, q.e / 2.6 * q.it, q.zj};
+}
+
+// k of the supports: those that are not 0.5, 0.7 or 1 stretch the moment line over kL.
+struct Ends {
+    LateralEnd start = LateralEnd::fork, end = LateralEnd::fork;
+    double stretch = 1;
+};
+
+Ends EndsOf(const ProjectState& s)
+{
+    constexpr double kNear = 1e-4;
+    if (s.supportcase == 4) {
+        return {LateralEnd::clamped, LateralEnd::free, 1};
+    }
+    if (std::abs(s.ltbk - 0.5) < kNear) {
+        return {LateralEnd::clamped, LateralEnd::clamped, 1};
+    }
+    if (std::abs(s.ltbk - 0.7) < kNear) {
+        return {LateralEnd::fork, LateralEnd::clamped, 1};
+    }
+    return {LateralEnd::fork, LateralEnd::fork, s.ltbk};
+}
+
+// The line in N and mm from x0 to x1, stretched.
+class LineOf {
+public:
+    LineOf(const CombinedLines& lines, double x0, double x1, double stretch)
+        : x0_(x0), k_(stretch)
+    {
+        for (std::size_t i = 0; i < lines.grid.pieces; ++i) {
+            const double from = std::max(x0, lines.grid.x[i]);
+            const double to = std::min(x1, lines.grid.x[i + 1]);
+            if (to - from > kSame) {
+                Add(lines, i, from, to);
+            }
+        }
+        length_ = (x1 - x0) * k_ * kMm;
+    }
+
+    // Loads above the shear centre, mm.
+    void AddLevels(const MemberLoads& loads, const LoadFactors& factors, double level,
+                   double centre)
+    {
+        for (std::size_t i = 0; i < loads.count; ++i) {
+            const Load& load = loads.load[i];
+            const double factor = FactorOn(factors, load.category);
+            if (!load.about_y || factor == 0) {
+                continue;
+            }
+            const double zg = (load.self_weight ? 0 : level) - centre;
+            if (load.point) {
+                if (load.at.force != 0) {
+                    points_[point_count_++] = {At(load.at.x),
+                                               factor * load.at.force * kMm * zg / k_};
+                }
+            } else {
+                AddLine(load.line, factor * zg / (k_ * k_));
+            }
+        }
+        std::sort(points_.begin(), points_.begin() + static_cast<std::ptrdiff_t>(point_count_),
+                  [](const PointTorque& a, const PointTorque& b) { return a.x < b.x; });
+    }
+    MomentLine Line() const
+    {
+        return {length_, {pieces_.data(), count_}, {points_.data(), point_count_}};
+    }
+    double At(double x) const { return (x - x0_) * k_ * kMm; }
+
+private:
+    void Add(const CombinedLines& lines, std::size_t i, double from, double to)
+    {
+        const auto& m = lines.y.m.m[i];
+        const double d = from - lines.grid.x[i];
+        const double m0 = m[0] + d * (m[1] + d * (m[2] + d * m[3]));
+        const double m1 = m[1] + d * (2 * m[2] + 3 * d * m[3]);
+        const double m2 = m[2] + 3 * d * m[3];
+        pieces_[count_++] = {At(from),
+                             At(to),
+                             {m0 * kNmm, m1 * kMm / k_, m2 / (k_ * k_),
+                              m[3] / kMm / (k_ * k_ * k_)},
+                             0,
+                             0};
+    }
+    void AddLine(const LineLoad& load, double times)
+    {
+        for (std::size_t i = 0; i < count_; ++i) {
+            MomentPiece& piece = pieces_[i];
+            const double from = piece.x0 / (k_ * kMm) + x0_;
+            const double to = piece.x1 / (k_ * kMm) + x0_;
+            const double middle = (from + to) / 2;
+            if (middle < load.x1 || middle > load.x2) {
+                continue;
+            }
+            const double slope = (load.q2 - load.q1) / (load.x2 - load.x1);
+            piece.qz0 += times * (load.q1 + slope * (from - load.x1));
+            piece.qz1 += times * (load.q1 + slope * (to - load.x1));
+        }
+    }
+
+    double x0_, k_, length_ = 0;
+    std::array<MomentPiece, kMaxLinePieces> pieces_{};
+    std::size_t count_ = 0;
+    std::array<PointTorque, kMaxLoads> points_{};
+    std::size_t point_count_ = 0;
+};
+
+// pi/L sqrt(EIz (GIt + pi^2 EIw/L^2)), Nmm.
+double UniformMoment(const LateralSection& section, double length)
+{
+    const double wave = std::numbers::pi / length;
+    return wave * std::sqrt(section.eiz * (section.git + wave * wave * section.eiw));
+}
+
+double LargestBetween(const CombinedLines& lines, double x0, double x1)
+{
+    double largest = 0;
+    for (const double m : SampledMoments(lines, Axis::y, x0, x1)) {
+        largest = std::max(largest, std::abs(m));
+    }
+    return largest;
+}
+
+// Of a piece alone: loads in the shear centre, zj 0, forks; the member's own ends without restraints.
+double PieceC1(const ProjectState& s, const StandardSection& q, const CombinedLines& lines,
+               double x0, double x1)
+{
+    LateralSection section = SectionFor(q);
+    section.zj = 0;
+    const bool whole = s.restraints == 0;
+    const Ends ends = whole ? EndsOf(s) : Ends{};
+    const LineOf line(lines, x0, x1, ends.stretch);
+    const double alpha = CriticalLoadFactor(section, {ends.start, ends.end, {}}, line.Line());
+    const double effective = whole && s.supportcase != 4 ? s.ltbk : 1;
+    return alpha * LargestBetween(lines, x0, x1) * kNmm /
+           UniformMoment(section, effective * (x1 - x0) * kMm);
+}
+
+// Resultant of the loads along z: its sign is that of the load level's effect.
+double Resultant(const MemberLoads& loads, const LoadFactors& factors)
+{
+    double sum = 0;
+    for (std::size_t i = 0; i < loads.count; ++i) {
+        const Load& load = loads.load[i];
+        if (load.about_y) {
+            const double size = load.point ? load.at.force
+                                           : (load.line.q1 + load.line.q2) / 2 *
+                                                 (load.line.x2 - load.line.x1);
+            sum += FactorOn(factors, load.category) * size;
+        }
+    }
+    return sum;
+}
+
+// Closed formula with the C factors of the user, Nmm.
+double ClosedMoment(const ProjectState& s, const StandardSection& q, const MemberLoads& loads,
+                    const LoadFactors& factors, bool sagging)
+{
+    const LateralSection section = SectionFor(q);
+    const double length = s.ltbk * s.l * kMm / (s.restraints + 1);
+    const double resultant = Resultant(loads, factors);
+    const double sign = resultant > 0 ? 1 : resultant < 0 ? -1 : 0;
+    const double zg = sign * (LoadLevel(s, q) - q.centre_z);
+    const double zj = sagging ? q.zj : -q.zj;
+    const double lever = s.c2 * zg - s.c3 * zj;
+    const double euler = clauses::EulerLoad(q.e, q.iz, length);
+    return s.c1 * euler *
+           (std::sqrt(section.eiw / section.eiz + section.git / euler + lever * lever) - lever);
+}
+
+double NumericalMoment(const ProjectState& s, const StandardSection& q, const MemberLoads& loads,
+                       const LoadFactors& factors, const CombinedLines& lines, double largest)
+{
+    const Ends ends = EndsOf(s);
+    LineOf line(lines, 0, lines.grid.Length(), ends.stretch);
+    line.AddLevels(loads, factors, LoadLevel(s, q), q.centre_z);
+    std::array<double, kMaxHeld> held{};
+    const auto restraints = static_cast<std::size_t>(std::max<int>(s.restraints, 0));
+    for (std::size_t i = 0; i < std::min(restraints, kMaxHeld); ++i) {
+        held[i] = line.At(lines.grid.Length() * static_cast<double>(i + 1) /
+                          static_cast<double>(restraints + 1));
+    }
+    const double alpha = CriticalLoadFactor(
+        SectionFor(q), {ends.start, ends.end, {held.data(), restraints}}, line.Line());
+    return alpha * largest * kNmm;
+}
+
+// Tables 6.4 and 6.5, h/b of the compressed flange.
+double LateralImperfection(const ProjectState& s, const StandardSection& q, bool sagging,
+                           bool rolled_case)
+{
+    using clauses::BucklingCurve;
+    const double slim = q.h / (sagging ? q.top.b : q.bottom.b);
+    if (q.kind == Kind::i_rolled) {
+        if (!rolled_case) {
+            return clauses::Imperfection(slim <= 2 ? BucklingCurve::a : BucklingCurve::b);
+        }
+        const bool tall = s.annexindex == kAnnexUk && slim > 3.1;
+        return clauses::Imperfection(slim <= 2 ? BucklingCurve::b
+                                     : tall    ? BucklingCurve::d
+                                               : BucklingCurve::c);
+    }
+    const bool welded = q.kind == Kind::i_welded || q.kind == Kind::i_single;
+    return clauses::Imperfection(welded && slim <= 2 ? BucklingCurve::c : BucklingCurve::d);
+}
+
+void Reduce(const ProjectState& s, const StandardSection& q, LateralResult& r)
+{
+    const bool welded = q.kind == Kind::i_welded || q.kind == Kind::i_single;
+    const double plateau = welded ? s.lamdalt0w : s.lamdalt0;
+    const bool rolled_case = s.ltbcurve == 3 && Traits(s).design.rolled_case;
+    const double alpha = LateralImperfection(s, q, r.moment > 0, rolled_case);
+    if (!rolled_case) {
+        r.chi = clauses::GeneralLateralReduction(r.lam, alpha, plateau);
+        r.clause = "6.3.2.2";
+        return;
+    }
+    const double beta = welded ? s.betaw : s.beta;
+    const double chi = clauses::RolledLateralReduction(r.lam, alpha, plateau, beta);
+    const double f = clauses::MomentShapeFactor(r.lam, r.kc);
+    r.chi = std::min({1.0, 1 / (r.lam * r.lam), chi / f});
+    r.clause = "6.3.2.3";
+}
+
+}  // namespace
+
+HoldingPieces PiecesHolding(const ProjectState& s, double x)
+{
+    const double length = s.l;
+    const double each = length / (s.restraints + 1);
+    const double place = x / each;
+    const double nearest = std::round(place);
+    const bool inside = nearest > 0.5 && nearest < s.restraints + 0.5;
+    if (inside && std::abs(place - nearest) < kSame) {
+        return {{(nearest - 1) * each, nearest * each}, {nearest * each, (nearest + 1) * each}, 2};
+    }
+    const double first = std::clamp(std::floor(place), 0.0, static_cast<double>(s.restraints));
+    return {{first * each, 0}, {(first + 1) * each, 0}, 1};
+}
+
+double UniformCriticalMoment(const ProjectState& s, const StandardSection& q)
+{
+    const double k = std::max(1.0, static_cast<double>(s.ltbk));
+    return UniformMoment(SectionFor(q), k * s.l * kMm / (s.restraints + 1)) / kNmm;
+}
+
+LateralResult LateralBucklingOf(const ProjectState& s, const PreparedSection& p,
+                                const MemberLoads& loads, const LoadFactors& factors,
+                                const CombinedLines& lines, int cls)
+{
+    const StandardSection& q = p.q;
+    const LineExtreme most = lines.LargestMoment(Axis::y);
+    LateralResult r;
+    r.moment = most.value;
+    r.place = most.x / lines.grid.Length();
+    const bool sagging = r.moment > 0;
+    const double size = std::abs(r.moment);
+    r.mcr = (s.cmanual != kFalse ? ClosedMoment(s, q, loads, factors, sagging)
+                                 : NumericalMoment(s, q, loads, factors, lines, size)) /
+            kNmm;
+    const HoldingPieces pieces = PiecesHolding(s, most.x);
+    const bool always_c1 = s.annexindex == kAnnexUk;
+    for (std::size_t i = 0; i < pieces.count; ++i) {
+        const double c1 = PieceC1(s, q, lines, pieces.x0[i], pieces.x1[i]);
+        const auto table = always_c1 ? std::nullopt
+                                     : TabulatedKc(lines, Axis::y, pieces.x0[i], pieces.x1[i]);
+        const double kc = table ? *table : std::min(1.0, 1 / std::sqrt(c1));
+        r.c1 = i == 0 ? c1 : std::min(r.c1, c1);
+        r.kc = i == 0 ? kc : std::max(r.kc, kc);
+    }
+    const double resistance = ModulusYCompressed(p, cls, sagging) * q.fy / kNmm;
+    r.lam = std::sqrt(resistance / r.mcr);
+    Reduce(s, q, r);
+    r.resistance = r.chi * resistance / q.gammam1;
+    return r;
+}
+
+}  // namespace kestrum::standard

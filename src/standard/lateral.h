@@ -1,0 +1,36 @@
+#pragma once
+
+// Lateral torsional buckling of the whole member under its real moment line, EN 1993-1-1, 6.3.2.
+
+#include "standard/lines.h"
+#include "standard/resistance.h"
+
+namespace kestrum::standard {
+
+struct LateralResult {
+    double moment = 0;  // MEd,max with its sign, kNm
+    double place = 0;   // x/L
+    double mcr = 0;     // kNm
+    double lam = 0, chi = 1;
+    double resistance = 0;  // Mb,Rd, kNm
+    double c1 = 1;          // of the piece that holds MEd,max
+    double kc = 1;
+    std::string_view clause{};
+};
+
+// Of a line with a moment; the numerical solution, or the closed formula with the user's C factors.
+LateralResult LateralBucklingOf(const ProjectState& s, const PreparedSection& p,
+                                const MemberLoads& loads, const LoadFactors& factors,
+                                const CombinedLines& lines, int cls);
+
+// Critical moment of uniform moment, Annex A: k up to 1 counts as 1, kNm.
+double UniformCriticalMoment(const ProjectState& s, const StandardSection& q);
+
+// The pieces between lateral restraints that hold MEd,max: one, or both beside a restraint.
+struct HoldingPieces {
+    std::array<double, 2> x0, x1;  // m
+    std::size_t count;
+};
+HoldingPieces PiecesHolding(const ProjectState& s, double x);
+
+}  // namespace kestrum::standard

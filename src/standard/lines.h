@@ -1,0 +1,66 @@
+#pragma once
+
+// The exact lines of one combination of a member: N, My and Vz, Mz and Vy, and the loads that cause
+// them. kN, kNm, m.
+
+#include "analysis/exact_line.h"
+#include "core/load_cases.h"
+#include "core/project_state.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace kestrum::standard {
+
+struct Load {
+    int category;  // 0 G, 1 Q1, 2 Q2
+    bool about_y;
+    bool point;
+    bool self_weight;
+    LineLoad line;
+    PointLoad at;
+};
+constexpr std::size_t kMaxLoads = 16;
+
+struct MemberLoads {
+    std::array<Load, kMaxLoads> load;
+    std::size_t count = 0;
+    ActionsPresent present{};
+    LineGrid grid;  // borders of the loads and lateral restraints
+};
+
+// The reason why the loads cannot be taken: off the member, or ending before they start (D110).
+std::string_view NoLoadsReason(const ProjectState& s);
+MemberLoads LoadsOf(const ProjectState& s);
+
+enum class Axis { y, z };  // the axis of bending
+
+// Moments and shear forces of one plane.
+struct Plane {
+    MomentPolynomials m;
+    bool given;     // shear as entered with the end forces
+    double v0, v1;  // then from end to end
+    bool point_loads, line_loads;
+};
+
+struct CombinedLines {
+    LineGrid grid;
+    double n;  // compression positive
+    Plane y, z;
+
+    const Plane& Of(Axis axis) const { return axis == Axis::y ? y : z; }
+    double Moment(Axis axis, std::size_t piece, double x) const
+    {
+        return MomentAt(grid, Of(axis).m, piece, x);
+    }
+    double Shear(Axis axis, std::size_t piece, double x) const;
+    LineExtreme LargestMoment(Axis axis) const;  // in size
+};
+
+EndFixity FixityOf(const ProjectState& s);
+CombinedLines LinesOf(const ProjectState& s, const MemberLoads& loads, const LoadFactors& factors);
+double FactorOn(const LoadFactors& factors, int category);
+
+}  // namespace kestrum::standard

@@ -1,0 +1,226 @@
+#include "standard/resistance.h"
+
+#include "clauses/bending.h"
+#include "clauses/shear.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrum::standard {
+
+namespace {
+
+bool Plastic(const StandardSection& q, int cls)
+{
+    return cls <= 2 && !q.elastic;
+}
+
+double FlangeArea(const StandardSection& q)
+{
+    return q.top.b * q.top.t + q.bottom.b * q.bottom.t;
+}
+
+// What the webs of reduced strength take from the modulus about y.
+double LossOfWebsY(const StandardSection& q, bool plastic)
+{
+    if (q.kind == Kind::i_single) {  // about the plastic axis of the whole section
+        const double up = q.above - q.top.t;
+        const double down = q.below - q.bottom.t;
+        return plastic ? q.tw * (up * up + down * down) / 2
+                       : q.tw * (std::pow(up, 3) + std::pow(down, 3)) / 3 /
+                             std::max(q.above, q.below);
+    }
+    const double plates = q.webs * q.tw * q.hw * q.hw;
+    return plastic ? plates / 4 : plates * q.hw / 12 / (q.h / 2);
+}
+
+// The webs of closed sections about z: each at its arm.
+double LossOfWebsZ(const StandardSection& q, bool plastic)
+{
+    if (q.kind != Kind::hollow && q.kind != Kind::box) {
+        return 0;
+    }
+    double arm = (q.b - q.tw) / 2;
+    for (std::size_t i = 0; i < q.wall_count; ++i) {
+        arm = q.walls[i].Upright() ? std::abs(q.walls[i].y0) : arm;
+    }
+    const double area = 2 * q.hw * q.tw;
+    return plastic ? area * arm : area * (arm * arm + q.tw * q.tw / 12) / (q.b / 2);
+}
+
+// Both flanges about z.
+double LossOfFlangesZ(const StandardSection& q, bool plastic)
+{
+    const double squares = q.top.t * q.top.b * q.top.b + q.bottom.t * q.bottom.b * q.bottom.b;
+    return plastic ? squares / 4 : squares / 6;
+}
+
+double LossOfFlangesY(const StandardSection& q, bool plastic)
+{
+    const double arm = (q.h - q.top.t) / 2;
+    const double area = FlangeArea(q);
+    return plastic ? area * arm : area * arm * arm / (q.h / 2);
+}
+
+// The bar and the tube carry shear with the whole section.
+bool ShearedWhole(const StandardSection& q)
+{
+    return q.kind == Kind::flat || q.kind == Kind::tube;
+}
+
+double Slender(const StandardSection& q, double h, double t, const ShearInputs& in)
+{
+    const double k = in.stiffened ? clauses::ShearBucklingFactor(h, in.spacing) : 5.34;
+    const double limit = in.stiffened ? 31 * q.eps * std::sqrt(k) / q.eta
+                                      : clauses::StockyWebLimit(q.eps, q.eta);
+    return h / t > limit ? k : 0;
+}
+
+}  // namespace
+
+PreparedSection Prepare(const StandardSection& q)
+{
+    PreparedSection p{q, {}, 1};
+    p.class_n = ClassInCompression(q);
+    p.effective = EffectiveValuesOf(q);
+    return p;
+}
+
+double ModulusY(const PreparedSection& p, int cls, bool sagging)
+{
+    if (Plastic(p.q, cls)) {
+        return p.q.wply;
+    }
+    if (cls <= 3) {
+        return p.q.LeastWely();
+    }
+    return sagging ? p.effective.wy_sagging : p.effective.wy_hogging;
+}
+
+double ModulusYCompressed(const PreparedSection& p, int cls, bool sagging)
+{
+    if (Plastic(p.q, cls)) {
+        return p.q.wply;
+    }
+    if (cls <= 3) {
+        return p.q.Wely(sagging);
+    }
+    return sagging ? p.effective.wy_compressed_sagging : p.effective.wy_compressed_hogging;
+}
+
+double ModulusZ(const PreparedSection& p, int cls)
+{
+    return Plastic(p.q, cls) ? p.q.wplz : cls <= 3 ? p.q.LeastWelz() : p.effective.wz;
+}
+
+double CompressedArea(const PreparedSection& p, int cls)
+{
+    return cls <= 3 ? p.q.a : p.effective.a;
+}
+
+ReducedResistance ResistanceBeside(const PreparedSection& p, int cls, const ShearShares& rho,
+                                   bool compressed, bool sagging)
+{
+    const StandardSection& q = p.q;
+    const bool plastic = Plastic(q, cls);
+    double a = compressed ? CompressedArea(p, cls) : q.a;
+    double wy = ModulusY(p, cls, sagging);
+    double wz = ModulusZ(p, cls);
+    if (ShearedWhole(q)) {
+        const double left = 1 - std::max(rho.z, rho.y);
+        a *= left;
+        wy *= left;
+        wz *= left;
+    } else {
+        a -= rho.z * q.webs * q.hw * q.tw + rho.y * FlangeArea(q);
+        wy -= rho.z * LossOfWebsY(q, plastic) + rho.y * LossOfFlangesY(q, plastic);
+        wz -= rho.z * LossOfWebsZ(q, plastic) + rho.y * LossOfFlangesZ(q, plastic);
+    }
+    const double strength = q.fy / q.gammam0;
+    return {std::max(a, 0.0) * strength, std::max(wy, 0.0) * strength,
+            std::max(wz, 0.0) * strength};
+}
+
+ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, double n, double my)
+{
+    const StandardSection& q = p.q;
+    const double plastic = clauses::PlasticShear(q.avz, q.fy, q.gammam0);
+    const double k = ShearedWhole(q) ? 0 : Slender(q, q.hw, q.tw, in);
+    if (k == 0) {
+        return {plastic, plastic, false};
+    }
+    const double lam = clauses::WebSlenderness(q.hw, q.tw, q.eps, k);
+    const double factor = clauses::WebFactor(lam, q.eta, in.rigid_end_post);
+    const double web = q.webs * clauses::WebShear(factor, q.hw, q.tw, q.fy, q.gammam1);
+    double flange = 0;
+    if (!q.Closed()) {
+        const bool top = q.top.b * q.top.t * q.top.t <= q.bottom.b * q.bottom.t * q.bottom.t;
+        const Flange& weaker = top ? q.top : q.bottom;
+        const double sides = q.kind == Kind::channel ? 1 : 2;
+        const double width = std::min(weaker.b, sides * 15 * q.eps * weaker.t + q.tw);
+        flange = clauses::FlangeShear({width, weaker.t}, q.hw, q.tw, in.spacing, q.fy, q.gammam1,
+                                      std::abs(my), FlangeMoment(p, n));
+    }
+    const double limit = q.webs * clauses::ShearBucklingLimit(q.eta, q.hw, q.tw, q.fy, q.gammam1);
+    const double total = std::min({web + flange, limit, plastic});
+    return {total, std::min(web, plastic), true};
+}
+
+ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in)
+{
+    const StandardSection& q = p.q;
+    const double plastic = clauses::PlasticShear(q.avy, q.fy, q.gammam0);
+    if (q.kind != Kind::hollow && q.kind != Kind::box) {
+        return {plastic, plastic, false};
+    }
+    double width = q.b - 2 * q.tw;
+    for (std::size_t i = 0; i < q.wall_count && q.kind == Kind::box; ++i) {
+        width = !q.walls[i].Upright() && !q.walls[i].outstand ? q.walls[i].Width() : width;
+    }
+    const double t = q.top.t;
+    const ShearInputs unstiffened{in.spacing, false, in.rigid_end_post};
+    const double k = Slender(q, width, t, unstiffened);
+    if (k == 0) {
+        return {plastic, plastic, false};
+    }
+    const double lam = clauses::WebSlenderness(width, t, q.eps, k);
+    const double factor = clauses::WebFactor(lam, q.eta, in.rigid_end_post);
+    const double web = 2 * clauses::WebShear(factor, width, t, q.fy, q.gammam1);
+    const double total = std::min(web, plastic);
+    return {total, total, true};
+}
+
+double FlangeMoment(const PreparedSection& p, double n)
+{
+    const StandardSection& q = p.q;
+    const Flange top = EffectiveFlange(q, true);
+    const Flange bottom = EffectiveFlange(q, false);
+    const double area_top = top.b * top.t;
+    const double area_bottom = bottom.b * bottom.t;
+    const double arm = q.h - (q.top.t + q.bottom.t) / 2;
+    const double moment = std::min(area_top, area_bottom) * arm * q.fy / q.gammam0;
+    const double force = (area_top + area_bottom) * q.fy / q.gammam0;
+    return moment * std::max(0.0, 1 - std::abs(n) / force);
+}
+
+double FlangeAndWebMoment(const PreparedSection& p, double n)
+{
+    const StandardSection& q = p.q;
+    const Flange top = EffectiveFlange(q, true);
+    const Flange bottom = EffectiveFlange(q, false);
+    const double area_top = top.b * top.t;
+    const double area_bottom = bottom.b * bottom.t;
+    const double web = q.webs * q.tw;
+    const double a = area_top + area_bottom + web * q.hw;
+    // Plastic axis of the plates, from the lower edge of the web.
+    const double zp = std::clamp((a / 2 - area_bottom) / web, 0.0, q.hw);
+    const double up = q.hw - zp;
+    const double w = area_top * (up + q.top.t / 2) + area_bottom * (zp + q.bottom.t / 2) +
+                     web * (up * up + zp * zp) / 2;
+    const double moment = w * q.fy / q.gammam0;
+    const double share = std::abs(n) / (a * q.fy / q.gammam0);
+    const double webs = std::min(0.5, web * q.hw / a);
+    return share < 1 ? clauses::ReducedMomentY(moment, share, webs) : 0;
+}
+
+}  // namespace kestrum::standard

@@ -1,0 +1,53 @@
+#pragma once
+
+// Resistances of the section for one combination, EN 1993-1-1, 6.2. N and Nmm.
+
+#include "standard/effective.h"
+
+namespace kestrum::standard {
+
+// The section with all that depends on it alone; made once for a member.
+struct PreparedSection {
+    StandardSection q;
+    EffectiveValues effective;
+    int class_n;
+};
+PreparedSection Prepare(const StandardSection& q);
+
+// Of a class: plastic, elastic, effective.
+double ModulusY(const PreparedSection& p, int cls, bool sagging);
+double ModulusYCompressed(const PreparedSection& p, int cls, bool sagging);  // 6.3.2.2 (1)
+double ModulusZ(const PreparedSection& p, int cls);
+double CompressedArea(const PreparedSection& p, int cls);
+
+// Share of the yield strength that shear takes from the parts that carry it, 6.2.8.
+struct ShearShares {
+    double z = 0, y = 0;
+};
+
+// Resistances of a section whose shear areas have the strength (1 - rho) fy.
+struct ReducedResistance {
+    double n, my, mz;
+};
+ReducedResistance ResistanceBeside(const PreparedSection& p, int cls, const ShearShares& rho,
+                                   bool compressed, bool sagging);
+
+// EN 1993-1-1, 6.2.6 and EN 1993-1-5, 5.2.
+struct ShearInputs {
+    double spacing;  // of transverse stiffeners or of the supports, mm
+    bool stiffened, rigid_end_post;
+};
+struct ShearResistance {
+    double total;    // of the utilisation
+    double web;      // Vbw,Rd of slender webs, else that of 6.2.6
+    bool slender;    // EN 1993-1-5, 5.1 (2)
+};
+// Along z; n and my (sizes) enter the part of the flanges.
+ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, double n, double my);
+ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in);
+
+// EN 1993-1-5, 7.1: moment of the effective flanges, reduced by N, and of flanges and whole web.
+double FlangeMoment(const PreparedSection& p, double n);
+double FlangeAndWebMoment(const PreparedSection& p, double n);
+
+}  // namespace kestrum::standard

@@ -1,0 +1,282 @@
+#include "standard/section.h"
+
+#include "clauses/classify.h"
+#include "core/annexes.h"
+#include "core/material.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrum::standard {
+
+namespace {
+
+constexpr double kThick = 40;       // Table 3.1, first column up to here
+constexpr double kTableEnds = 80;   // and the second up to here
+constexpr double kS355H = 335;      // EN 10210-1 and EN 10219-1, above 40 mm
+constexpr double kGermanGammaM1 = 1.1;
+constexpr double kOrdinarySteel = 460;
+
+// Name of the grade chosen from the list; empty for a typed strength.
+std::string_view GradeOf(const Library& library, const ProjectState& s)
+{
+    const int index = s.fykindex;
+    return index >= 0 && index < LastMaterial(library)
+               ? std::string_view(library.materials[static_cast<std::size_t>(index)].name)
+               : std::string_view{};
+}
+
+// EN 1993-1-1, Table 3.1.
+double YieldStrength(const Library& library, const ProjectState& s)
+{
+    return s.tmax > kThick && GradeOf(library, s) == "S355 H" ? kS355H : s.fyk;
+}
+
+// EN 1993-1-5, 5.1 (2); annexes that fix the factor and the user's own keep theirs.
+double ShearFactor(const ProjectState& s, double fy)
+{
+    if (s.annexindex == kAnnexUk || s.annexindex == kAnnexUd) {
+        return s.neta;
+    }
+    return fy <= kOrdinarySteel ? 1.2 : 1.0;
+}
+
+void Add(StandardSection& q, const Wall& wall)
+{
+    if (wall.Width() > 0 && q.wall_count < kMaxWalls) {
+        q.walls[q.wall_count++] = wall;
+    }
+}
+
+// Two outstands of a flange at the height z, from the faces of root or weld to the tips.
+void AddOutstands(StandardSection& q, const Flange& flange, double root, double z)
+{
+    Add(q, {root, z, flange.b / 2, z, flange.t, true});
+    Add(q, {-root, z, -flange.b / 2, z, flange.t, true});
+}
+
+void AddWallsOfI(StandardSection& q)
+{
+    const double root = q.tw / 2 + q.r;
+    AddOutstands(q, q.top, root, q.above - q.top.t / 2);
+    AddOutstands(q, q.bottom, root, -q.below + q.bottom.t / 2);
+    Add(q, {0, -q.below + q.bottom.t + q.r, 0, q.above - q.top.t - q.r, q.tw, false});
+}
+
+void AddWallsOfChannel(StandardSection& q)
+{
+    const double root = -q.left + q.tw + q.r;
+    const double z = (q.h - q.top.t) / 2;
+    Add(q, {root, z, q.right, z, q.top.t, true});
+    Add(q, {root, -z, q.right, -z, q.top.t, true});
+    Add(q, {q.tw / 2 - q.left, -q.d / 2, q.tw / 2 - q.left, q.d / 2, q.tw, false});
+}
+
+// `between` clear width of the flanges, `out` overhang beyond the faces of the webs.
+void AddWallsOfBox(StandardSection& q, double between, double out)
+{
+    const double z = (q.h - q.top.t) / 2;
+    const double y = q.b / 2 - out - q.tw / 2;
+    for (const double side : {1.0, -1.0}) {
+        Add(q, {-between / 2, side * z, between / 2, side * z, q.top.t, false});
+        Add(q, {side * y, -q.d / 2, side * y, q.d / 2, q.tw, false});
+        if (out > 0) {
+            AddOutstands(q, q.top, q.b / 2 - out, side * z);
+        }
+    }
+}
+
+// Distance of the shear centre from the centroid less half of the integral of (y^2 + z^2) z over
+// Iy, of plates one above the other; z upwards.
+double AsymmetryOf(const StandardSection& q)
+{
+    struct Plate {
+        double b, z0, z1;
+    };
+    const std::array<Plate, 3> plates = {
+        {{q.bottom.b, -q.below, -q.below + q.bottom.t},
+         {q.tw, -q.below + q.bottom.t, q.above - q.top.t},
+         {q.top.b, q.above - q.top.t, q.above}}};
+    double integral = 0;
+    for (const Plate& p : plates) {
+        integral += p.b * (std::pow(p.z1, 4) - std::pow(p.z0, 4)) / 4 +
+                    std::pow(p.b, 3) / 12 * (p.z1 * p.z1 - p.z0 * p.z0) / 2;
+    }
+    return q.centre_z - integral / (2 * q.iy);
+}
+
+// Depth from the lower edge at which half of the area of the three plates lies below, and the first
+// moments of both halves about it (6.2.5).
+double PlasticModulusOfPlates(const StandardSection& q)
+{
+    const std::array<std::array<double, 2>, 3> strips = {
+        {{q.bottom.b, q.bottom.t}, {q.tw, q.hw}, {q.top.b, q.top.t}}};
+    double rest = (q.bottom.b * q.bottom.t + q.tw * q.hw + q.top.b * q.top.t) / 2;
+    double axis = 0;
+    for (const auto& [width, height] : strips) {
+        const double part = std::min(rest, width * height);
+        axis += part / width;
+        rest -= part;
+        if (rest <= 0) {
+            break;
+        }
+    }
+    double sum = 0;
+    double z = -axis;
+    for (const auto& [width, height] : strips) {
+        const double end = z + height;
+        sum += z < 0 && end > 0 ? width * (z * z + end * end) / 2
+                                : width * std::abs(end * end - z * z) / 2;
+        z = end;
+    }
+    return sum;
+}
+
+void SetShearAreas(StandardSection& q)
+{
+    const double flanges = q.top.b * q.top.t + q.bottom.b * q.bottom.t;
+    const double webs = q.webs * q.hw * q.tw;
+    const double area = q.eta * webs;
+    switch (q.kind) {
+    case Kind::i_rolled:
+        q.avz = std::max(q.a - flanges + (q.tw + 2 * q.r) * q.top.t, area);
+        q.avy = flanges;
+        break;
+    case Kind::channel:
+        q.avz = q.a - flanges + (q.tw + q.r) * q.top.t;
+        q.avy = flanges;
+        break;
+    case Kind::hollow:
+        q.avz = q.a * q.h / (q.b + q.h);
+        q.avy = q.a * q.b / (q.b + q.h);
+        break;
+    case Kind::tube:
+        q.avz = q.avy = 2 * q.a / 3.14159265358979323846;
+        break;
+    case Kind::flat:
+        q.avz = q.avy = q.a / 1.5;
+        break;
+    default:
+        q.avz = area;
+        q.avy = q.a - webs;
+        break;
+    }
+}
+
+void SetSingleSymmetricI(const ProjectState& s, StandardSection& q)
+{
+    q.top = {s.btop, s.ttop};
+    q.bottom = {s.bbot, s.tbot};
+    q.b = std::max(q.top.b, q.bottom.b);
+    const double area_b = q.bottom.b * q.bottom.t;
+    const double area_t = q.top.b * q.top.t;
+    const double area_w = q.tw * q.hw;
+    q.a = area_b + area_t + area_w;
+    q.below = (area_b * q.bottom.t / 2 + area_w * (q.bottom.t + q.hw / 2) +
+               area_t * (q.h - q.top.t / 2)) /
+              q.a;
+    q.above = q.h - q.below;
+    const double itop = std::pow(q.top.b, 3) * q.top.t / 12;
+    const double ibot = std::pow(q.bottom.b, 3) * q.bottom.t / 12;
+    const double hs = q.h - q.top.t / 2 - q.bottom.t / 2;
+    q.centre_z = itop / (itop + ibot) * hs + q.bottom.t / 2 - q.below;
+    q.zj = AsymmetryOf(q);
+    q.wply = PlasticModulusOfPlates(q);
+}
+
+void SetChannel(const ProjectState& s, StandardSection& q)
+{
+    q.left = s.ecg;
+    q.right = q.b - q.left;
+    // D54: the tables of parallel flange channels count the shear centre from the middle of the web.
+    const bool from_middle = s.family == 5;
+    q.centre_y = -(static_cast<double>(s.ecg) + s.ys - (from_middle ? q.tw / 2 : 0));
+}
+
+void AddWalls(const ProjectState& s, StandardSection& q)
+{
+    switch (q.kind) {
+    case Kind::i_rolled:
+    case Kind::i_welded:
+    case Kind::i_single:
+        AddWallsOfI(q);
+        break;
+    case Kind::channel:
+        AddWallsOfChannel(q);
+        break;
+    case Kind::hollow:  // EN 1993-1-5, 4.4 (2): b - 3 t
+        q.d = q.h - 3 * q.tw;
+        AddWallsOfBox(q, q.b - 3 * q.tw, 0);
+        break;
+    case Kind::box:
+        AddWallsOfBox(q, s.bw, s.bo);
+        break;
+    default:
+        break;
+    }
+}
+
+}  // namespace
+
+bool Covered(const ProjectState& s)
+{
+    return Is(s, Kind::i_rolled, Kind::i_welded, Kind::i_single, Kind::channel, Kind::hollow,
+              Kind::box, Kind::tube, Kind::flat);
+}
+
+std::string_view NoSectionReason(const Library& library, const ProjectState& s)
+{
+    const std::string_view grade = GradeOf(library, s);
+    if (!grade.empty() && s.tmax > kTableEnds) {
+        return "thickness above 80 mm: EN 1993-1-1, Table 3.1 has no strength";
+    }
+    if (s.tmax > kThick && grade.ends_with("MH/MLH")) {
+        return "MH and MLH grades above 40 mm: EN 1993-1-1, Table 3.1 has no strength";
+    }
+    if (Is(s, Kind::tube) && s.d / (s.tw * 235.0 / s.fyk) > 90) {
+        return "tube of class 4: outside EN 1993-1-1, use EN 1993-1-6";
+    }
+    return {};
+}
+
+StandardSection SectionOf(const Library& library, const ProjectState& s)
+{
+    StandardSection q{};
+    q.kind = Traits(s).kind;
+    q.fy = YieldStrength(library, s);
+    q.eps = clauses::Epsilon(q.fy);
+    q.e = s.e;
+    q.eta = ShearFactor(s, q.fy);
+    q.gammam0 = s.gammam0;
+    q.gammam1 = s.annexindex == kAnnexGe ? kGermanGammaM1 : static_cast<double>(s.gammam1);
+    q.elastic = s.checkelastic == kTrue;
+    q.linear = s.checkconsercontrol == kTrue;
+    q.h = s.h;
+    q.b = s.b;
+    q.tw = s.tw;
+    q.hw = s.hw;
+    q.d = s.d;
+    q.r = s.r;
+    q.webs = q.kind == Kind::hollow || q.kind == Kind::box ? 2 : 1;
+    q.top = q.bottom = {s.b, s.tf};
+    q.above = q.below = q.h / 2;
+    q.left = q.right = q.b / 2;
+    q.a = s.a;
+    q.iy = s.iy;
+    q.iz = s.iz;
+    q.it = s.it;
+    q.iw = s.iw;
+    q.wply = s.wply;
+    q.wplz = s.wplz;
+    if (q.kind == Kind::i_single) {
+        SetSingleSymmetricI(s, q);
+        q.left = q.right = q.b / 2;
+    } else if (q.kind == Kind::channel) {
+        SetChannel(s, q);
+    }
+    AddWalls(s, q);
+    SetShearAreas(q);
+    return q;
+}
+
+}  // namespace kestrum::standard

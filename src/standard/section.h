@@ -1,0 +1,75 @@
+#pragma once
+
+// The section as the rules of EN 1993-1-1 see it: gross properties, thin straight walls for class
+// and effective widths, material and partial factors of the standard. Units N, mm, MPa.
+//
+// Axes: y to the right, z upwards from the centroid of the gross section; channels have their web on
+// the left. Stresses are positive in compression; a positive My compresses the upper side, a
+// positive Mz the right side.
+
+#include "core/library.h"
+#include "core/project_state.h"
+#include "sections/families.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace kestrum::standard {
+
+// Straight part of a plate between roots or welds; an outstand runs from its root to its tip.
+struct Wall {
+    double y0, z0, y1, z1;
+    double t;
+    bool outstand;
+
+    bool Upright() const { return y0 == y1; }
+    double Width() const { return Upright() ? z1 - z0 : (y1 > y0 ? y1 - y0 : y0 - y1); }
+};
+constexpr std::size_t kMaxWalls = 8;
+
+struct Flange {
+    double b, t;
+};
+
+struct StandardSection {
+    Kind kind;
+    double fy, eps, e, eta;
+    double gammam0, gammam1;
+    bool elastic;  // the user designs classes 1 and 2 elastically
+    bool linear;   // the user asks for the sum of the ratios, 6.2.1 (7)
+    double h, b, tw, hw, d, r;
+    double webs;         // number of them
+    Flange top, bottom;  // of channels and doubly symmetric sections alike
+    double above, below, left, right;  // edges from the centroid, sizes
+    double a, iy, iz, it, iw;
+    double wply, wplz;
+    double avz, avy;          // shear areas, 6.2.6 (3)
+    double centre_y, centre_z;  // shear centre from the centroid, sizes with sign
+    double zj;
+    std::array<Wall, kMaxWalls> walls;
+    std::size_t wall_count;
+
+    bool Closed() const { return kind == Kind::hollow || kind == Kind::box || kind == Kind::tube; }
+    bool ISection() const { return kind == Kind::i_rolled || kind == Kind::i_welded; }
+    // Sections that 6.3.3 (1) covers.
+    bool DoublySymmetric() const { return kind != Kind::channel && kind != Kind::i_single; }
+    double Wely(bool sagging) const { return iy / (sagging ? above : below); }
+    double LeastWely() const { return iy / (above > below ? above : below); }
+    double LeastWelz() const { return iz / (left > right ? left : right); }
+    double PolarSquared() const
+    {
+        return (iy + iz) / a + centre_y * centre_y + centre_z * centre_z;
+    }
+};
+
+// Whether the rules of the standard cover the kind here.
+bool Covered(const ProjectState& s);
+
+// After the program's section step (the record, fyk, gammam0). The reason where the standard gives
+// no value: Table 3.1 ends at 80 mm and, for MH and MLH grades, at 40 mm.
+std::string_view NoSectionReason(const Library& library, const ProjectState& s);
+StandardSection SectionOf(const Library& library, const ProjectState& s);
+
+}  // namespace kestrum::standard

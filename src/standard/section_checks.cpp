@@ -1,0 +1,361 @@
+#include "standard/section_checks.h"
+
+#include "clauses/bending.h"
+#include "clauses/shear.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrum::standard {
+
+namespace {
+
+constexpr double kN = 1e3;    // of kN
+constexpr double kNmm = 1e6;  // of kNm
+
+struct Ratio {
+    double ir = -1;  // below 0: no such check here
+    std::string_view clause{};
+};
+using Ratios = std::array<Ratio, kSectionChecks>;
+
+struct ForcesAt {
+    double x;  // m
+    double n, my, mz, vz, vy;
+};
+
+class Place {
+public:
+    Place(const SectionMember& member, int cls, const ForcesAt& f)
+        : member_(member), p_(member.section), q_(member.section.q), cls_(cls), f_(f)
+    {
+    }
+    Ratios All(double length);
+
+private:
+    Ratio& At(CheckId id) { return ratios_[static_cast<std::size_t>(id)]; }
+    void Axial();
+    void Shear();
+    void Moments();
+    void Combined();
+    void Linear(const ReducedResistance& r);
+    void Plastic(const ReducedResistance& r, double n);
+    void PlasticI(const ReducedResistance& r, double n);
+    void PlasticClosed(const ReducedResistance& r, double n);
+    void WebAndMoment(double length);
+    bool NearRigidEndPost(double length) const;
+
+    const SectionMember& member_;
+    const PreparedSection& p_;
+    const StandardSection& q_;
+    int cls_;
+    ForcesAt f_;
+    ShearResistance z_{}, y_{};
+    ShearShares rho_{};
+    Ratios ratios_{};
+};
+
+void Place::Axial()
+{
+    if (f_.n > 0) {
+        const double area = CompressedArea(p_, p_.class_n);
+        At(CheckId::section_n) = {f_.n * q_.gammam0 / (area * q_.fy), "6.2.4"};
+    } else if (f_.n < 0) {
+        At(CheckId::section_n) = {-f_.n * q_.gammam0 / (q_.a * q_.fy), "6.2.3"};
+    }
+}
+
+void Place::Shear()
+{
+    double vz = std::abs(f_.vz);
+    double vy = std::abs(f_.vy);
+    if (q_.kind == Kind::tube) {  // one resistance to the resultant
+        vz = std::hypot(vz, vy);
+        vy = 0;
+    }
+    z_ = ShearAlongZ(p_, member_.shear, f_.n, f_.my);
+    y_ = ShearAlongY(p_, member_.shear);
+    const auto clause = [](const ShearResistance& r) {
+        return r.slender ? std::string_view("EN 1993-1-5, 5.2") : std::string_view("6.2.6");
+    };
+    if (vz > 0) {
+        At(CheckId::section_vz) = {vz / z_.total, clause(z_)};
+    }
+    if (vy > 0) {
+        At(CheckId::section_vy) = {vy / y_.total, clause(y_)};
+    }
+    // Webs that may buckle in shear: EN 1993-1-5, 7.1 takes the place of 6.2.8.
+    rho_.z = z_.slender ? 0 : clauses::ShearReduction(vz, z_.total);
+    rho_.y = clauses::ShearReduction(vy, y_.web);
+}
+
+void Place::Moments()
+{
+    const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0);
+    const std::string_view clause = rho_.z > 0 || rho_.y > 0 ? "6.2.8" : "6.2.5";
+    const double enough = 1e-9;  // of a moment that is a rounding of none, kNm
+    if (std::abs(f_.my) > enough) {
+        At(CheckId::section_my) = {std::abs(f_.my) / r.my, clause};
+    }
+    if (std::abs(f_.mz) > enough) {
+        At(CheckId::section_mz) = {std::abs(f_.mz) / r.mz, clause};
+    }
+}
+
+void Place::Linear(const ReducedResistance& r)
+{
+    double my = std::abs(f_.my);
+    double mz = std::abs(f_.mz);
+    const bool shifted = cls_ == 4 && f_.n > 0;
+    if (shifted) {
+        my += f_.n * p_.effective.eny;
+        mz += f_.n * p_.effective.enz;
+    }
+    const double ir = std::abs(f_.n) / r.n + my / r.my + mz / r.mz;
+    const bool elastic = cls_ >= 3 || q_.elastic;
+    At(CheckId::section_nm) = {ir, q_.linear    ? "6.2.1 (7)"
+                                   : cls_ == 4  ? "6.2.9.3"
+                                   : elastic    ? "6.2.9.2"
+                                                : "6.2.1 (7)"};
+}
+
+void Place::PlasticI(const ReducedResistance& r, double n)
+{
+    const double a = (q_.a - q_.top.b * q_.top.t - q_.bottom.b * q_.bottom.t) / q_.a;
+    const double left = 1 - rho_.z;  // strength of the web
+    const bool small_y = clauses::AxialForceNegligibleY(f_.n, r.n, q_.hw, q_.tw * left, q_.fy,
+                                                        q_.gammam0);
+    const bool small_z =
+        clauses::AxialForceNegligibleZ(f_.n, q_.hw, q_.tw * left, q_.fy, q_.gammam0);
+    const double mny = small_y ? r.my : clauses::ReducedMomentY(r.my, n, a);
+    const double mnz = small_z ? r.mz : clauses::ReducedMomentZ(r.mz, n, a);
+    const bool both = f_.my != 0 && f_.mz != 0;
+    const double ir =
+        both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, clauses::ExponentsOfI(n))
+             : std::max(std::abs(f_.my) / mny, std::abs(f_.mz) / mnz);
+    At(CheckId::section_nm) = {ir, both ? "Eq 6.41" : "6.2.9.1"};
+}
+
+void Place::PlasticClosed(const ReducedResistance& r, double n)
+{
+    const double thick_z = q_.kind == Kind::box ? q_.hw : q_.h;
+    const double aw = (q_.a - 2 * q_.b * q_.top.t) / q_.a;
+    const double af = (q_.a - 2 * thick_z * q_.tw) / q_.a;
+    const double mny = clauses::ReducedMomentHollow(r.my, n, aw);
+    const double mnz = clauses::ReducedMomentHollow(r.mz, n, af);
+    const bool both = f_.my != 0 && f_.mz != 0;
+    const double ir =
+        both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, clauses::ExponentsOfHollow(n))
+             : std::max(std::abs(f_.my) / mny, std::abs(f_.mz) / mnz);
+    At(CheckId::section_nm) = {ir, both ? "Eq 6.41" : "6.2.9.1"};
+}
+
+void Place::Plastic(const ReducedResistance& r, double n)
+{
+    if (q_.kind == Kind::tube) {
+        const double mn = clauses::ReducedMomentTube(r.my, n);
+        At(CheckId::section_nm) = {std::hypot(f_.my, f_.mz) / mn, "6.2.9.1 (2)"};
+    } else if (q_.kind == Kind::flat) {
+        const double sum = std::abs(f_.my) / clauses::ReducedMomentFlat(r.my, n) +
+                           std::abs(f_.mz) / clauses::ReducedMomentFlat(r.mz, n);
+        At(CheckId::section_nm) = {sum, "6.2.9.1 (3)"};
+    } else if (q_.ISection()) {
+        PlasticI(r, n);
+    } else {
+        PlasticClosed(r, n);
+    }
+}
+
+void Place::Combined()
+{
+    const bool my = f_.my != 0;
+    const bool mz = f_.mz != 0;
+    const bool shifted = cls_ == 4 && f_.n > 0 && !q_.DoublySymmetric();
+    if (!(my && mz) && !(f_.n != 0 && (my || mz)) && !shifted) {
+        return;
+    }
+    const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0);
+    const double n = std::abs(f_.n) / r.n;
+    const bool plastic = cls_ <= 2 && !q_.elastic && !q_.linear && q_.DoublySymmetric();
+    if (plastic && n < 1) {
+        Plastic(r, n);
+    } else {
+        Linear(r);
+    }
+}
+
+bool Place::NearRigidEndPost(double length) const
+{
+    const double reach = q_.hw / 2000;
+    return member_.shear.rigid_end_post &&
+           (f_.x < reach || (!member_.cantilever && f_.x > length - reach));
+}
+
+// EN 1993-1-5, 7.1 (1), (2), (4), (5).
+void Place::WebAndMoment(double length)
+{
+    if (!z_.slender || NearRigidEndPost(length)) {
+        return;
+    }
+    const double eta3 = std::abs(f_.vz) / z_.web;
+    const double my = std::abs(f_.my);
+    const double edge = std::max(q_.above - q_.top.t, q_.below - q_.bottom.t);
+    const bool web_compressed = f_.n > 0 && f_.n / q_.a >= my * edge / q_.iy;
+    const double mf = web_compressed ? 0 : FlangeMoment(p_, f_.n);
+    const double mpl = FlangeAndWebMoment(p_, f_.n);
+    if (eta3 <= 0.5 || my < mf || !(mpl > 0)) {
+        return;
+    }
+    const double over = 2 * eta3 - 1;
+    const double ir = my / mpl + std::max(0.0, 1 - mf / mpl) * over * over;
+    At(CheckId::section_mv) = {ir, "EN 1993-1-5, 7.1"};
+}
+
+Ratios Place::All(double length)
+{
+    Axial();
+    Shear();
+    Moments();
+    Combined();
+    WebAndMoment(length);
+    return ratios_;
+}
+
+// The largest ratio of each check, with the piece and the place.
+struct Peak {
+    double ir = -1;
+    std::string_view clause{};
+    std::size_t piece = 0;
+    double x = 0;
+};
+
+class Walk {
+public:
+    Walk(const SectionMember& member, const CombinedLines& lines, int cls)
+        : member_(member), lines_(lines), cls_(cls)
+    {
+    }
+    void Everywhere();
+    void Refine();
+    const std::array<Peak, kSectionChecks>& Peaks() const { return peaks_; }
+
+private:
+    Ratios RatiosAt(std::size_t piece, double x) const;
+    void Take(std::size_t piece, double x);
+    void TakeExtremes(const LineExtremes& extremes);
+    void Narrow(std::size_t id, std::size_t piece, double lo, double hi);
+
+    const SectionMember& member_;
+    const CombinedLines& lines_;
+    int cls_;
+    std::array<Peak, kSectionChecks> peaks_{};
+};
+
+constexpr int kEvenSections = 50;
+
+Ratios Walk::RatiosAt(std::size_t piece, double x) const
+{
+    const ForcesAt f = {x,
+                        lines_.n * kN,
+                        lines_.Moment(Axis::y, piece, x) * kNmm,
+                        lines_.Moment(Axis::z, piece, x) * kNmm,
+                        lines_.Shear(Axis::y, piece, x) * kN,
+                        lines_.Shear(Axis::z, piece, x) * kN};
+    return Place(member_, cls_, f).All(lines_.grid.Length());
+}
+
+void Walk::Take(std::size_t piece, double x)
+{
+    const Ratios ratios = RatiosAt(piece, x);
+    for (std::size_t i = 0; i < kSectionChecks; ++i) {
+        if (ratios[i].ir > peaks_[i].ir) {
+            peaks_[i] = {ratios[i].ir, ratios[i].clause, piece, x};
+        }
+    }
+}
+
+void Walk::TakeExtremes(const LineExtremes& extremes)
+{
+    Take(extremes.most.piece, extremes.most.x);
+    Take(extremes.least.piece, extremes.least.x);
+}
+
+void Walk::Everywhere()
+{
+    const double length = lines_.grid.Length();
+    for (std::size_t i = 0; i < lines_.grid.pieces; ++i) {
+        Take(i, lines_.grid.x[i]);
+        Take(i, lines_.grid.x[i + 1]);
+    }
+    for (int k = 1; k < kEvenSections; ++k) {
+        const double x = length * k / kEvenSections;
+        Take(PieceAt(lines_.grid, x), x);
+    }
+    for (const Axis axis : {Axis::y, Axis::z}) {
+        TakeExtremes(ExtremesOfMoment(lines_.grid, lines_.Of(axis).m));
+        TakeExtremes(ExtremesOfShear(lines_.grid, lines_.Of(axis).m));
+    }
+}
+
+// Golden section between the neighbours of the place found.
+void Walk::Narrow(std::size_t id, std::size_t piece, double lo, double hi)
+{
+    constexpr double kGolden = 0.6180339887498949;
+    constexpr int kSteps = 30;
+    double a = hi - kGolden * (hi - lo);
+    double b = lo + kGolden * (hi - lo);
+    double at_a = RatiosAt(piece, a)[id].ir;
+    double at_b = RatiosAt(piece, b)[id].ir;
+    for (int step = 0; step < kSteps; ++step) {
+        if (at_a > at_b) {
+            hi = b;
+            b = a;
+            at_b = at_a;
+            a = hi - kGolden * (hi - lo);
+            at_a = RatiosAt(piece, a)[id].ir;
+        } else {
+            lo = a;
+            a = b;
+            at_a = at_b;
+            b = lo + kGolden * (hi - lo);
+            at_b = RatiosAt(piece, b)[id].ir;
+        }
+    }
+    Take(piece, 0.5 * (lo + hi));
+}
+
+// Checks of several forces may peak between: those of one line have their exact extremes.
+void Walk::Refine()
+{
+    const double step = lines_.grid.Length() / kEvenSections;
+    for (const CheckId id : {CheckId::section_my, CheckId::section_mz, CheckId::section_vz,
+                             CheckId::section_nm, CheckId::section_mv}) {
+        const auto i = static_cast<std::size_t>(id);
+        if (peaks_[i].ir <= 0) {
+            continue;
+        }
+        const std::size_t piece = peaks_[i].piece;
+        const double lo = std::max(lines_.grid.x[piece], peaks_[i].x - step);
+        const double hi = std::min(lines_.grid.x[piece + 1], peaks_[i].x + step);
+        Narrow(i, piece, lo, hi);
+    }
+}
+
+}  // namespace
+
+void CheckSections(const SectionMember& member, const CombinedLines& lines, int cls,
+                   const LoadCase& load_case, Checks& checks)
+{
+    Walk walk(member, lines, cls);
+    walk.Everywhere();
+    walk.Refine();
+    for (std::size_t i = 0; i < kSectionChecks; ++i) {
+        const Peak& peak = walk.Peaks()[i];
+        if (peak.ir >= 0) {
+            checks.Keep(static_cast<CheckId>(i), peak.ir, peak.clause,
+                        peak.x / lines.grid.Length(), load_case);
+        }
+    }
+}
+
+}  // namespace kestrum::standard

@@ -1,0 +1,160 @@
+#include "standard/standard.h"
+
+#include "core/arithmetic_trap.h"
+#include "engine/csection.h"
+#include "standard/member_checks.h"
+#include "standard/section_checks.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace kestrum::standard {
+
+namespace {
+
+constexpr double kNothing = 1e-9;  // kNm: a moment that is a rounding of none
+
+struct Member {
+    const Library& library;
+    const ProjectState& s;
+    PreparedSection section;
+    MemberLoads loads;
+};
+
+ActingForces ActingIn(const CombinedLines& lines)
+{
+    const LineExtremes y = ExtremesOfMoment(lines.grid, lines.y.m);
+    const LineExtremes z = ExtremesOfMoment(lines.grid, lines.z.m);
+    return {lines.n * 1e3, y.most.value > kNothing, y.least.value < -kNothing,
+            z.most.value > kNothing || z.least.value < -kNothing};
+}
+
+ShearInputs ShearInputsOf(const ProjectState& s)
+{
+    const bool stiffened = s.webstiff == 1 && s.webstiffa > 0;
+    return {stiffened ? s.webstiffa : s.l * 1000.0, stiffened, s.endstiff == 1};
+}
+
+bool CheckStrength(const Member& m, const LoadCase& load_case, Checks& checks)
+{
+    const CombinedLines lines = LinesOf(m.s, m.loads, load_case.factors);
+    const ActingForces forces = ActingIn(lines);
+    const int cls = ClassOf(m.section.q, forces);
+    const SectionMember member{m.section, ShearInputsOf(m.s), m.s.supportcase == 4};
+    CheckSections(member, lines, cls, load_case, checks);
+    return CheckMember({m.library, m.s, m.section, m.loads, load_case, lines, cls,
+                        forces.sagging || forces.hogging, forces.mz},
+                       checks);
+}
+
+// EN 1990, A1.4: L/n.
+void CheckDeflection(const Member& m, const LoadCase& load_case, Axis axis, Checks& checks)
+{
+    const CombinedLines lines = LinesOf(m.s, m.loads, load_case.factors);
+    const StandardSection& q = m.section.q;
+    const DeflectionLine line(lines.grid, lines.Of(axis).m, m.s.supportcase == 4, q.e,
+                              axis == Axis::y ? q.iy : q.iz);
+    const LineExtreme largest = line.Largest();
+    if (largest.value == 0) {
+        return;
+    }
+    const double limit =
+        m.s.l * 1000.0 / (axis == Axis::y ? m.s.deflimitz : m.s.deflimity);
+    checks.Keep(axis == Axis::y ? CheckId::deflection_z : CheckId::deflection_y,
+                std::abs(largest.value) / limit, "EN 1990, A1.4",
+                largest.x / lines.grid.Length(), load_case);
+}
+
+void CheckService(const Member& m, Checks& checks)
+{
+    if (m.s.loadmode != 1) {
+        return;
+    }
+    const LoadCases cases = ServiceCases(m.s, m.loads.present);
+    for (std::size_t i = 0; i < cases.count; ++i) {
+        CheckDeflection(m, cases.at[i], Axis::y, checks);
+        CheckDeflection(m, cases.at[i], Axis::z, checks);
+    }
+}
+
+void Govern(const ProjectState& s, StandardResult& result)
+{
+    for (std::size_t i = 0; i < kCheckIds; ++i) {
+        const auto id = static_cast<CheckId>(i);
+        const Check& check = result.checks[id];
+        if (!check.present) {
+            continue;
+        }
+        if (IsDeflection(id)) {
+            result.above = result.above || (s.checksls != kFalse && check.ir > s.irlimit);
+            continue;
+        }
+        result.above = result.above || check.ir > s.irlimit;
+        if (!result.rated || check.ir > result.ir) {
+            result.ir = check.ir;
+            result.governing = id;
+        }
+        result.rated = true;
+    }
+}
+
+// The program's section step on a copy, for the section record and the switches of the family.
+std::string_view PrepareState(const Library& library, ProjectState& s)
+{
+    try {
+        ArmTrap();
+        CalcSection(library, s);
+        CheckTrap();
+    } catch (const CalculationStop&) {
+        ArmTrap();
+        return "the section has no properties";
+    }
+    if (!Covered(s)) {
+        return "this family is not covered by the standard basis yet";
+    }
+    const std::string_view reason = NoSectionReason(library, s);
+    return reason.empty() ? NoLoadsReason(s) : reason;
+}
+
+}  // namespace
+
+std::string_view NameOf(CheckId id)
+{
+    constexpr std::array<std::string_view, kCheckIds> kNames = {
+        "section_N",  "section_My", "section_Mz", "section_Vz",          "section_Vy",
+        "section_NM", "section_MV", "flexural_y", "flexural_z",          "torsional",
+        "ltb",        "eq661",      "eq662",      "interaction_outside", "n_above_ncr",
+        "deflection_z", "deflection_y"};
+    return kNames[static_cast<std::size_t>(id)];
+}
+
+std::string_view VerdictOf(const StandardResult& result)
+{
+    return !result.rated ? "not covered" : result.above ? "above limit" : "within limits";
+}
+
+StandardResult CalculateStandard(const Library& library, const ProjectState& project)
+{
+    ProjectState s = project;
+    StandardResult result;
+    const std::string_view reason = PrepareState(library, s);
+    if (!reason.empty()) {
+        result.outside.push_back(reason);
+        return result;
+    }
+    const Member member{library, s, Prepare(SectionOf(library, s)), LoadsOf(s)};
+    const LoadCases cases = StrengthCases(s, member.loads.present);
+    for (std::size_t i = 0; i < cases.count; ++i) {
+        if (!CheckStrength(member, cases.at[i], result.checks)) {
+            result.outside.push_back("lateral torsional buckling with more than 16 restraints");
+            return result;
+        }
+    }
+    CheckService(member, result.checks);
+    Govern(s, result);
+    ArmTrap();
+    return result;
+}
+
+}  // namespace kestrum::standard

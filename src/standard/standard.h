@@ -1,0 +1,31 @@
+#pragma once
+
+// Basis "standard": the member by EN 1993-1-1 and EN 1993-1-5 as written, apart from the program's
+// own rules. Every load arrangement of EN 1990 is calculated whole and each check keeps its largest
+// ratio. Nothing of an earlier pass takes part.
+
+#include "core/library.h"
+#include "core/project_state.h"
+#include "standard/result.h"
+
+#include <string_view>
+#include <vector>
+
+namespace kestrum::standard {
+
+struct StandardResult {
+    bool rated = false;  // there is a result; else `outside` says why not
+    Checks checks{};
+    double ir = 0;        // largest of all checks that count
+    CheckId governing{};  // its check
+    bool above = false;   // the limit
+    std::vector<std::string_view> outside{};  // what the standard basis does not cover here
+};
+
+// `s` as read; it is not changed.
+StandardResult CalculateStandard(const Library& library, const ProjectState& s);
+
+// "within limits", "above limit", "not covered".
+std::string_view VerdictOf(const StandardResult& result);
+
+}  // namespace kestrum::standard
