@@ -62,6 +62,7 @@ _kestrum()
     --base) _kestrum_files kst; return ;;
     --setup | -o | --output) _kestrum_files; return ;;
     --set) _kestrum_fields; return ;;
+    --basis) _kestrum_words 'program standard both'; return ;;
     --fields | --jobs) return ;;
     esac
     [[ $cur != = && $prev != = ]] || return # the value of a field
@@ -70,7 +71,7 @@ _kestrum()
         local options='--help --data --setup --color --quiet'
         case $command in
         '') options+=' --version' ;;
-        check) options+=' --loadcase --notes --no-notes --exit-zero --csv-safe --format --json' ;;
+        check) options+=' --basis --loadcase --notes --no-notes --exit-zero --csv-safe --format --json' ;;
         batch) options+=' --output --base --fields --jobs --resume --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json' ;;
         dump) options+=' --inputs' ;;
         new) options+=' --output --family --set --raw' ;;

@@ -69,6 +69,7 @@ complete -c kestrum -n '__kestrum_at batch' -F
 complete -c kestrum -n '__kestrum_at check' -l loadcase -d 'Governing load case'
 complete -c kestrum -n '__kestrum_at check' -l notes -d 'Notes on deviations'
 complete -c kestrum -n '__kestrum_at check' -l no-notes -d 'Without notes'
+complete -c kestrum -n '__kestrum_at check' -l basis -x -a 'program standard both' -d 'Whose rules'
 for command in check batch
     complete -c kestrum -n "__kestrum_at $command" -l exit-zero -d 'Exit 0 whatever the verdicts'
     complete -c kestrum -n "__kestrum_at $command" -l csv-safe -d 'Nothing that a spreadsheet runs'

@@ -67,9 +67,10 @@ int Run(int argc, char** argv)
     check.add_flag("--exit-zero", checked.exit_zero, "exit 0 whatever the verdicts");
     check.add_flag("--csv-safe", checked.csv_safe,
                    "texts of a CSV that a spreadsheet would run get an apostrophe in front");
-    check.add_option("--basis", checked.basis,
-                     "program: its own rules; standard: EN 1993-1-1 as written; both. The exit code "
-                     "follows the program's ratio unless it is standard")
+    check
+        .add_option("--basis", checked.basis,
+                    "program: its own rules; standard: EN 1993-1-1 as written; both. The exit code "
+                    "follows the program's ratio unless it is standard")
         ->check(CLI::IsMember({"program", "standard", "both"}));
     AddFormat(check, options, kAllFormats);
     check.callback([&] { exit = Check(options, checked); });

@@ -77,8 +77,8 @@ std::string StandardJson(const StandardResult& result)
     } else {
         text += ", \"ir\": null";
     }
-    return text + ", \"checks\": " + ChecksJson(result) +
-           ", \"outside\": " + OutsideJson(result) + "}";
+    return text + ", \"checks\": " + ChecksJson(result) + ", \"outside\": " + OutsideJson(result) +
+           "}";
 }
 
 int StandardExit(const StandardResult& result)

@@ -8,9 +8,9 @@
 namespace kestrum::standard {
 
 struct CriticalForces {
-    double y, z;      // N; infinite without buckling about the axis
-    double t, tf;     // of open sections; tf is t where shear centre and centroid coincide
-    bool twists;      // open section: torsional buckling is checked
+    double y, z;   // N; infinite without buckling about the axis
+    double t, tf;  // of open sections; tf is t where shear centre and centroid coincide
+    bool twists;   // open section: torsional buckling is checked
 
     double Torsional() const { return t < tf ? t : tf; }
 };

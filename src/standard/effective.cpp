@@ -190,7 +190,8 @@ void ReduceOutstand(const StandardSection& q, const Wall& wall, double root, dou
 void ReduceWall(const StandardSection& q, const Wall& wall, double start, double end,
                 Reduced& reduced)
 {
-    if (std::max(start, end) <= 0) {
+    const bool whole = wall.Upright() ? q.whole_webs : q.whole_flanges;
+    if (whole || std::max(start, end) <= 0) {
         return;
     }
     if (wall.outstand) {

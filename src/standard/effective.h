@@ -9,9 +9,9 @@ namespace kestrum::standard {
 
 // What acts somewhere on the member in a combination.
 struct ActingForces {
-    double n;                // compression positive, N
-    bool sagging, hogging;   // My of either sign
-    bool mz;                 // Mz; of channels in the unfavourable sense
+    double n;               // compression positive, N
+    bool sagging, hogging;  // My of either sign
+    bool mz;                // Mz; of channels in the unfavourable sense
 };
 
 // 5.5.2: one class of the combination, so that it never jumps where a moment passes zero.
@@ -34,7 +34,7 @@ EffectiveSection EffectiveAboutZ(const StandardSection& q, bool right_compressed
 // All of class 4, once for a member.
 struct EffectiveValues {
     double a, eny, enz;  // Aeff and the shifts of its centroid along z (My) and y (Mz), sizes
-    double wy_sagging, wy_hogging;                    // edge furthest from the axis, 6.2.5 (2)
+    double wy_sagging, wy_hogging;  // edge furthest from the axis, 6.2.5 (2)
     double wy_compressed_sagging, wy_compressed_hogging;
     double wz;
 };

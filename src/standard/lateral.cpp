@@ -62,8 +62,7 @@ Ends EndsOf(const ProjectState& s)
 // The line in N and mm from x0 to x1, stretched.
 class LineOf {
 public:
-    LineOf(const CombinedLines& lines, double x0, double x1, double stretch)
-        : x0_(x0), k_(stretch)
+    LineOf(const CombinedLines& lines, double x0, double x1, double stretch) : x0_(x0), k_(stretch)
     {
         for (std::size_t i = 0; i < lines.grid.pieces; ++i) {
             const double from = std::max(x0, lines.grid.x[i]);
@@ -112,12 +111,12 @@ private:
         const double m0 = m[0] + d * (m[1] + d * (m[2] + d * m[3]));
         const double m1 = m[1] + d * (2 * m[2] + 3 * d * m[3]);
         const double m2 = m[2] + 3 * d * m[3];
-        pieces_[count_++] = {At(from),
-                             At(to),
-                             {m0 * kNmm, m1 * kMm / k_, m2 / (k_ * k_),
-                              m[3] / kMm / (k_ * k_ * k_)},
-                             0,
-                             0};
+        pieces_[count_++] = {
+            At(from),
+            At(to),
+            {m0 * kNmm, m1 * kMm / k_, m2 / (k_ * k_), m[3] / kMm / (k_ * k_ * k_)},
+            0,
+            0};
     }
     void AddLine(const LineLoad& load, double times)
     {
@@ -158,7 +157,8 @@ double LargestBetween(const CombinedLines& lines, double x0, double x1)
     return largest;
 }
 
-// Of a piece alone: loads in the shear centre, zj 0, forks; the member's own ends without restraints.
+// Of a piece alone: loads in the shear centre, zj 0, forks; the member's own ends without
+// restraints.
 double PieceC1(const ProjectState& s, const StandardSection& q, const CombinedLines& lines,
                double x0, double x1)
 {
@@ -180,9 +180,9 @@ double Resultant(const MemberLoads& loads, const LoadFactors& factors)
     for (std::size_t i = 0; i < loads.count; ++i) {
         const Load& load = loads.load[i];
         if (load.about_y) {
-            const double size = load.point ? load.at.force
-                                           : (load.line.q1 + load.line.q2) / 2 *
-                                                 (load.line.x2 - load.line.x1);
+            const double size =
+                load.point ? load.at.force
+                           : (load.line.q1 + load.line.q2) / 2 * (load.line.x2 - load.line.x1);
             sum += FactorOn(factors, load.category) * size;
         }
     }
@@ -298,9 +298,10 @@ LateralResult LateralBucklingOf(const ProjectState& s, const PreparedSection& p,
     const HoldingPieces pieces = PiecesHolding(s, most.x);
     const bool always_c1 = s.annexindex == kAnnexUk;
     for (std::size_t i = 0; i < pieces.count; ++i) {
-        const double c1 = PieceC1(s, q, lines, pieces.x0[i], pieces.x1[i]);
-        const auto table = always_c1 ? std::nullopt
-                                     : TabulatedKc(lines, Axis::y, pieces.x0[i], pieces.x1[i]);
+        const double c1 =
+            s.cmanual != kFalse ? s.c1 : PieceC1(s, q, lines, pieces.x0[i], pieces.x1[i]);
+        const auto table =
+            always_c1 ? std::nullopt : TabulatedKc(lines, Axis::y, pieces.x0[i], pieces.x1[i]);
         const double kc = table ? *table : std::min(1.0, 1 / std::sqrt(c1));
         r.c1 = i == 0 ? c1 : std::min(r.c1, c1);
         r.kc = i == 0 ? kc : std::max(r.kc, kc);

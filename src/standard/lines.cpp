@@ -1,5 +1,7 @@
 #include "standard/lines.h"
 
+#include "clauses/critical_moment.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -59,8 +61,12 @@ void AddTrapezoids(const ProjectState& s, MemberLoads& loads, LineGridMaker& mak
     for (std::size_t k = 1; k <= 3; ++k) {
         if ((s.qt1[k] != 0 || s.qt2[k] != 0) && Counts(s, s.qtchecked[k])) {
             Add(loads,
-                {Category(s.qttype[k]), s.qtdir[k] == 1, false, false,
-                 {s.qtx1[k], std::min<double>(s.qtx2[k], s.l), s.qt1[k], s.qt2[k]}, {}},
+                {Category(s.qttype[k]),
+                 s.qtdir[k] == 1,
+                 false,
+                 false,
+                 {s.qtx1[k], std::min<double>(s.qtx2[k], s.l), s.qt1[k], s.qt2[k]},
+                 {}},
                 maker);
         }
     }
@@ -74,7 +80,11 @@ void AddPoints(const ProjectState& s, MemberLoads& loads, LineGridMaker& maker)
             const double size = s.pm[k];
             const double x = std::min<double>(s.pmx[k], s.l);
             Add(loads,
-                {Category(s.pmtype[k]), s.pmdir[k] == 1, true, false, {},
+                {Category(s.pmtype[k]),
+                 s.pmdir[k] == 1,
+                 true,
+                 false,
+                 {},
                  {x, force ? size : 0, force ? 0 : size}},
                 maker);
         }
@@ -187,7 +197,7 @@ MemberLoads LoadsOf(const ProjectState& s)
         AddPoints(s, loads, maker);
         MarkAxial(s, loads);
     }
-    for (int i = 1; i <= s.restraints; ++i) {
+    for (int i = 1; i <= s.restraints && i <= static_cast<int>(kMaxHeld); ++i) {
         maker.Add(s.l * static_cast<double>(i) / (s.restraints + 1));
     }
     loads.grid = maker.Grid();

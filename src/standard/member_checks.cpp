@@ -20,6 +20,7 @@ using clauses::InteractionFactors;
 constexpr double kN = 1e3;
 constexpr double kNmm = 1e6;
 constexpr double kStocky = 0.2;  // 6.3.1.2 (4)
+constexpr double kSwayCm = 0.9;  // Table B.3, members that buckle in a sway mode
 
 class Member {
 public:
@@ -131,8 +132,7 @@ double Member::CmB(Axis axis, double x0, double x1) const
 
 double Member::CmLtB() const
 {
-    const HoldingPieces pieces =
-        PiecesHolding(m_.s, lateral_.place * m_.lines.grid.Length());
+    const HoldingPieces pieces = PiecesHolding(m_.s, lateral_.place * m_.lines.grid.Length());
     double cm = 0;
     for (std::size_t i = 0; i < pieces.count; ++i) {
         cm = std::max(cm, CmB(Axis::y, pieces.x0[i], pieces.x1[i]));
@@ -190,8 +190,8 @@ InteractionFactors Member::AnnexB() const
     in.cmy = m_.my ? CmB(Axis::y, 0, length) : 1;
     in.cmz = m_.mz ? CmB(Axis::z, 0, length) : 1;
     in.cmlt = in.twists ? CmLtB() : 1;
-    in.cmy = m_.s.ly > 1 ? std::max(in.cmy, 0.9) : in.cmy;
-    in.cmz = m_.s.lz > 1 ? std::max(in.cmz, 0.9) : in.cmz;
+    in.cmy = m_.s.ly > 1 ? kSwayCm : in.cmy;
+    in.cmz = m_.s.lz > 1 ? kSwayCm : in.cmz;
     in.lamy = chi_.lamy;
     in.lamz = chi_.lamz;
     in.ny = n_ * q_.gammam1 / (chi_.chiy * chi_.squash);
@@ -206,8 +206,8 @@ void Member::Outside(Checks& checks) const
     const double kyy = 1 / (1 - chi_.chiy * n_ / ncr_.y);
     const double kzz = 1 / (1 - chi_.chiz * n_ / ncr_.z);
     const bool sagging = lateral_.moment >= 0;
-    const double wy = std::min(ModulusY(p_, m_.cls, sagging),
-                               ModulusYCompressed(p_, m_.cls, sagging));
+    const double wy =
+        std::min(ModulusY(p_, m_.cls, sagging), ModulusYCompressed(p_, m_.cls, sagging));
     const double mry = lateral_.chi * wy * q_.fy / q_.gammam1;
     const double mrz = ModulusZ(p_, m_.cls) * q_.fy / q_.gammam1;
     const double ir = n_ * q_.gammam1 / (least * chi_.squash) + kyy * (my_ + ShiftY()) / mry +

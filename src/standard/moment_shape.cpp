@@ -95,10 +95,9 @@ std::optional<double> TabulatedKc(const CombinedLines& lines, Axis axis, double 
         return clauses::CorrectionFactor(MomentShape::straight,
                                          (first ? m.back() : m.front()) / big);
     }
-    for (const MomentShape shape :
-         {MomentShape::uniform_pinned, MomentShape::uniform_fixed,
-          MomentShape::uniform_one_end_fixed, MomentShape::point_pinned, MomentShape::point_fixed,
-          MomentShape::point_one_end_fixed}) {
+    for (const MomentShape shape : {MomentShape::uniform_pinned, MomentShape::uniform_fixed,
+                                    MomentShape::uniform_one_end_fixed, MomentShape::point_pinned,
+                                    MomentShape::point_fixed, MomentShape::point_one_end_fixed}) {
         for (const double scale : {largest, -largest}) {
             if (Fits(m, largest, shape, false, scale) || Fits(m, largest, shape, true, scale)) {
                 return clauses::CorrectionFactor(shape, 0);

@@ -20,18 +20,33 @@ double FlangeArea(const StandardSection& q)
     return q.top.b * q.top.t + q.bottom.b * q.bottom.t;
 }
 
+// The walls that carry the shear: plates of the clear width between the others; the corners of
+// hollow sections count to them in classes 1 and 2, on the safe side.
+struct ShearWalls {
+    double web, flange;  // heights of a web, widths of a flange
+};
+
+ShearWalls WallsInShear(const StandardSection& q, bool plastic)
+{
+    if (q.kind == Kind::hollow) {
+        return plastic ? ShearWalls{q.h, q.b} : ShearWalls{q.hw, q.b - 2 * q.tw};
+    }
+    return {q.hw, q.b};
+}
+
 // What the webs of reduced strength take from the modulus about y.
 double LossOfWebsY(const StandardSection& q, bool plastic)
 {
-    if (q.kind == Kind::i_single) {  // about the plastic axis of the whole section
+    if (q.kind == Kind::i_single) {  // about the axes of the whole section
         const double up = q.above - q.top.t;
         const double down = q.below - q.bottom.t;
-        return plastic ? q.tw * (up * up + down * down) / 2
-                       : q.tw * (std::pow(up, 3) + std::pow(down, 3)) / 3 /
-                             std::max(q.above, q.below);
+        return plastic
+                   ? q.tw * (up * up + down * down) / 2
+                   : q.tw * (std::pow(up, 3) + std::pow(down, 3)) / 3 / std::max(q.above, q.below);
     }
-    const double plates = q.webs * q.tw * q.hw * q.hw;
-    return plastic ? plates / 4 : plates * q.hw / 12 / (q.h / 2);
+    const double height = WallsInShear(q, plastic).web;
+    const double plates = q.webs * q.tw * height * height;
+    return plastic ? plates / 4 : plates * height / 12 / (q.h / 2);
 }
 
 // The webs of closed sections about z: each at its arm.
@@ -44,13 +59,18 @@ double LossOfWebsZ(const StandardSection& q, bool plastic)
     for (std::size_t i = 0; i < q.wall_count; ++i) {
         arm = q.walls[i].Upright() ? std::abs(q.walls[i].y0) : arm;
     }
-    const double area = 2 * q.hw * q.tw;
-    return plastic ? area * arm : area * (arm * arm + q.tw * q.tw / 12) / (q.b / 2);
+    const double area = 2 * WallsInShear(q, plastic).web * q.tw;
+    return plastic ? area * arm : area * arm * arm / (q.b / 2);
 }
 
 // Both flanges about z.
 double LossOfFlangesZ(const StandardSection& q, bool plastic)
 {
+    if (q.kind == Kind::hollow) {
+        const double width = WallsInShear(q, plastic).flange;
+        const double plates = 2 * q.top.t * width * width;
+        return plastic ? plates / 4 : plates * width / 12 / (q.b / 2);
+    }
     const double squares = q.top.t * q.top.b * q.top.b + q.bottom.t * q.bottom.b * q.bottom.b;
     return plastic ? squares / 4 : squares / 6;
 }
@@ -58,7 +78,8 @@ double LossOfFlangesZ(const StandardSection& q, bool plastic)
 double LossOfFlangesY(const StandardSection& q, bool plastic)
 {
     const double arm = (q.h - q.top.t) / 2;
-    const double area = FlangeArea(q);
+    const double area =
+        q.kind == Kind::hollow ? 2 * WallsInShear(q, plastic).flange * q.top.t : FlangeArea(q);
     return plastic ? area * arm : area * arm * arm / (q.h / 2);
 }
 
@@ -71,8 +92,8 @@ bool ShearedWhole(const StandardSection& q)
 double Slender(const StandardSection& q, double h, double t, const ShearInputs& in)
 {
     const double k = in.stiffened ? clauses::ShearBucklingFactor(h, in.spacing) : 5.34;
-    const double limit = in.stiffened ? 31 * q.eps * std::sqrt(k) / q.eta
-                                      : clauses::StockyWebLimit(q.eps, q.eta);
+    const double limit =
+        in.stiffened ? 31 * q.eps * std::sqrt(k) / q.eta : clauses::StockyWebLimit(q.eps, q.eta);
     return h / t > limit ? k : 0;
 }
 

@@ -38,9 +38,9 @@ struct ShearInputs {
     bool stiffened, rigid_end_post;
 };
 struct ShearResistance {
-    double total;    // of the utilisation
-    double web;      // Vbw,Rd of slender webs, else that of 6.2.6
-    bool slender;    // EN 1993-1-5, 5.1 (2)
+    double total;  // of the utilisation
+    double web;    // Vbw,Rd of slender webs, else that of 6.2.6
+    bool slender;  // EN 1993-1-5, 5.1 (2)
 };
 // Along z; n and my (sizes) enter the part of the flanges.
 ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, double n, double my);

@@ -1,6 +1,7 @@
 #pragma once
 
-// The result of the standard basis: for each check the largest ratio of all combinations and places.
+// The result of the standard basis: for each check the largest ratio of all combinations and
+// places.
 
 #include "core/load_cases.h"
 
@@ -43,6 +44,12 @@ inline bool IsDeflection(CheckId id)
 
 constexpr double kWholeMember = std::numeric_limits<double>::quiet_NaN();
 
+// A ratio that has no value is one that fails.
+inline double OrInfinite(double ir)
+{
+    return std::isnan(ir) ? std::numeric_limits<double>::infinity() : ir;
+}
+
 struct Check {
     bool present = false;
     double ir = 0;
@@ -57,8 +64,9 @@ struct Checks {
     void Keep(CheckId id, double ir, std::string_view clause, double place, const LoadCase& from)
     {
         Check& check = best[static_cast<std::size_t>(id)];
-        if (!check.present || ir > check.ir) {
-            check = {true, ir, clause, place, from};
+        const double size = OrInfinite(ir);
+        if (!check.present || size > check.ir) {
+            check = {true, size, clause, place, from};
         }
     }
     const Check& operator[](CheckId id) const { return best[static_cast<std::size_t>(id)]; }

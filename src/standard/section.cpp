@@ -11,9 +11,9 @@ namespace kestrum::standard {
 
 namespace {
 
-constexpr double kThick = 40;       // Table 3.1, first column up to here
-constexpr double kTableEnds = 80;   // and the second up to here
-constexpr double kS355H = 335;      // EN 10210-1 and EN 10219-1, above 40 mm
+constexpr double kThick = 40;      // Table 3.1, first column up to here
+constexpr double kTableEnds = 80;  // and the second up to here
+constexpr double kS355H = 335;     // EN 10210-1 and EN 10219-1, above 40 mm
 constexpr double kGermanGammaM1 = 1.1;
 constexpr double kOrdinarySteel = 460;
 
@@ -93,10 +93,9 @@ double AsymmetryOf(const StandardSection& q)
     struct Plate {
         double b, z0, z1;
     };
-    const std::array<Plate, 3> plates = {
-        {{q.bottom.b, -q.below, -q.below + q.bottom.t},
-         {q.tw, -q.below + q.bottom.t, q.above - q.top.t},
-         {q.top.b, q.above - q.top.t, q.above}}};
+    const std::array<Plate, 3> plates = {{{q.bottom.b, -q.below, -q.below + q.bottom.t},
+                                          {q.tw, -q.below + q.bottom.t, q.above - q.top.t},
+                                          {q.top.b, q.above - q.top.t, q.above}}};
     double integral = 0;
     for (const Plate& p : plates) {
         integral += p.b * (std::pow(p.z1, 4) - std::pow(p.z0, 4)) / 4 +
@@ -188,7 +187,8 @@ void SetChannel(const ProjectState& s, StandardSection& q)
 {
     q.left = s.ecg;
     q.right = q.b - q.left;
-    // D54: the tables of parallel flange channels count the shear centre from the middle of the web.
+    // D54: the tables of parallel flange channels count the shear centre from the middle of the
+    // web.
     const bool from_middle = s.family == 5;
     q.centre_y = -(static_cast<double>(s.ecg) + s.ys - (from_middle ? q.tw / 2 : 0));
 }
@@ -251,6 +251,8 @@ StandardSection SectionOf(const Library& library, const ProjectState& s)
     q.gammam1 = s.annexindex == kAnnexGe ? kGermanGammaM1 : static_cast<double>(s.gammam1);
     q.elastic = s.checkelastic == kTrue;
     q.linear = s.checkconsercontrol == kTrue;
+    q.whole_flanges = s.checkflangebuck == kTrue;
+    q.whole_webs = s.checkwebbuck == kTrue;
     q.h = s.h;
     q.b = s.b;
     q.tw = s.tw;

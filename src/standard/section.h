@@ -3,8 +3,8 @@
 // The section as the rules of EN 1993-1-1 see it: gross properties, thin straight walls for class
 // and effective widths, material and partial factors of the standard. Units N, mm, MPa.
 //
-// Axes: y to the right, z upwards from the centroid of the gross section; channels have their web on
-// the left. Stresses are positive in compression; a positive My compresses the upper side, a
+// Axes: y to the right, z upwards from the centroid of the gross section; channels have their web
+// on the left. Stresses are positive in compression; a positive My compresses the upper side, a
 // positive Mz the right side.
 
 #include "core/library.h"
@@ -37,15 +37,16 @@ struct StandardSection {
     Kind kind;
     double fy, eps, e, eta;
     double gammam0, gammam1;
-    bool elastic;  // the user designs classes 1 and 2 elastically
-    bool linear;   // the user asks for the sum of the ratios, 6.2.1 (7)
+    bool elastic;                    // the user designs classes 1 and 2 elastically
+    bool linear;                     // the user asks for the sum of the ratios, 6.2.1 (7)
+    bool whole_flanges, whole_webs;  // the user leaves out their buckling
     double h, b, tw, hw, d, r;
-    double webs;         // number of them
-    Flange top, bottom;  // of channels and doubly symmetric sections alike
+    double webs;                       // number of them
+    Flange top, bottom;                // of channels and doubly symmetric sections alike
     double above, below, left, right;  // edges from the centroid, sizes
     double a, iy, iz, it, iw;
     double wply, wplz;
-    double avz, avy;          // shear areas, 6.2.6 (3)
+    double avz, avy;            // shear areas, 6.2.6 (3)
     double centre_y, centre_z;  // shear centre from the centroid, sizes with sign
     double zj;
     std::array<Wall, kMaxWalls> walls;

@@ -24,6 +24,12 @@ struct ForcesAt {
     double n, my, mz, vz, vy;
 };
 
+// Without a force nothing is used, even of a resistance that shear has taken away.
+double Used(double force, double resistance)
+{
+    return force == 0 ? 0 : std::abs(force) / resistance;
+}
+
 class Place {
 public:
     Place(const SectionMember& member, int cls, const ForcesAt& f)
@@ -94,6 +100,10 @@ void Place::Moments()
     const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0);
     const std::string_view clause = rho_.z > 0 || rho_.y > 0 ? "6.2.8" : "6.2.5";
     const double enough = 1e-9;  // of a moment that is a rounding of none, kNm
+    if (q_.kind == Kind::tube && std::hypot(f_.my, f_.mz) > enough) {  // bends about one axis
+        At(CheckId::section_my) = {std::hypot(f_.my, f_.mz) / r.my, clause};
+        return;
+    }
     if (std::abs(f_.my) > enough) {
         At(CheckId::section_my) = {std::abs(f_.my) / r.my, clause};
     }
@@ -111,28 +121,29 @@ void Place::Linear(const ReducedResistance& r)
         my += f_.n * p_.effective.eny;
         mz += f_.n * p_.effective.enz;
     }
-    const double ir = std::abs(f_.n) / r.n + my / r.my + mz / r.mz;
+    const double moments =
+        q_.kind == Kind::tube ? Used(std::hypot(my, mz), r.my) : Used(my, r.my) + Used(mz, r.mz);
+    const double ir = Used(f_.n, r.n) + moments;
     const bool elastic = cls_ >= 3 || q_.elastic;
-    At(CheckId::section_nm) = {ir, q_.linear    ? "6.2.1 (7)"
-                                   : cls_ == 4  ? "6.2.9.3"
-                                   : elastic    ? "6.2.9.2"
-                                                : "6.2.1 (7)"};
+    At(CheckId::section_nm) = {ir, q_.linear   ? "6.2.1 (7)"
+                                   : cls_ == 4 ? "6.2.9.3"
+                                   : elastic   ? "6.2.9.2"
+                                               : "6.2.1 (7)"};
 }
 
 void Place::PlasticI(const ReducedResistance& r, double n)
 {
     const double a = (q_.a - q_.top.b * q_.top.t - q_.bottom.b * q_.bottom.t) / q_.a;
     const double left = 1 - rho_.z;  // strength of the web
-    const bool small_y = clauses::AxialForceNegligibleY(f_.n, r.n, q_.hw, q_.tw * left, q_.fy,
-                                                        q_.gammam0);
+    const bool small_y =
+        clauses::AxialForceNegligibleY(f_.n, r.n, q_.hw, q_.tw * left, q_.fy, q_.gammam0);
     const bool small_z =
         clauses::AxialForceNegligibleZ(f_.n, q_.hw, q_.tw * left, q_.fy, q_.gammam0);
     const double mny = small_y ? r.my : clauses::ReducedMomentY(r.my, n, a);
     const double mnz = small_z ? r.mz : clauses::ReducedMomentZ(r.mz, n, a);
     const bool both = f_.my != 0 && f_.mz != 0;
-    const double ir =
-        both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, clauses::ExponentsOfI(n))
-             : std::max(std::abs(f_.my) / mny, std::abs(f_.mz) / mnz);
+    const double ir = both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, clauses::ExponentsOfI(n))
+                           : std::max(Used(f_.my, mny), Used(f_.mz, mnz));
     At(CheckId::section_nm) = {ir, both ? "Eq 6.41" : "6.2.9.1"};
 }
 
@@ -146,7 +157,7 @@ void Place::PlasticClosed(const ReducedResistance& r, double n)
     const bool both = f_.my != 0 && f_.mz != 0;
     const double ir =
         both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, clauses::ExponentsOfHollow(n))
-             : std::max(std::abs(f_.my) / mny, std::abs(f_.mz) / mnz);
+             : std::max(Used(f_.my, mny), Used(f_.mz, mnz));
     At(CheckId::section_nm) = {ir, both ? "Eq 6.41" : "6.2.9.1"};
 }
 
@@ -154,10 +165,10 @@ void Place::Plastic(const ReducedResistance& r, double n)
 {
     if (q_.kind == Kind::tube) {
         const double mn = clauses::ReducedMomentTube(r.my, n);
-        At(CheckId::section_nm) = {std::hypot(f_.my, f_.mz) / mn, "6.2.9.1 (2)"};
+        At(CheckId::section_nm) = {Used(std::hypot(f_.my, f_.mz), mn), "6.2.9.1 (2)"};
     } else if (q_.kind == Kind::flat) {
-        const double sum = std::abs(f_.my) / clauses::ReducedMomentFlat(r.my, n) +
-                           std::abs(f_.mz) / clauses::ReducedMomentFlat(r.mz, n);
+        const double sum = Used(f_.my, clauses::ReducedMomentFlat(r.my, n)) +
+                           Used(f_.mz, clauses::ReducedMomentFlat(r.mz, n));
         At(CheckId::section_nm) = {sum, "6.2.9.1 (3)"};
     } else if (q_.ISection()) {
         PlasticI(r, n);
@@ -175,7 +186,7 @@ void Place::Combined()
         return;
     }
     const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0);
-    const double n = std::abs(f_.n) / r.n;
+    const double n = Used(f_.n, r.n);
     const bool plastic = cls_ <= 2 && !q_.elastic && !q_.linear && q_.DoublySymmetric();
     if (plastic && n < 1) {
         Plastic(r, n);
@@ -268,8 +279,9 @@ void Walk::Take(std::size_t piece, double x)
 {
     const Ratios ratios = RatiosAt(piece, x);
     for (std::size_t i = 0; i < kSectionChecks; ++i) {
-        if (ratios[i].ir > peaks_[i].ir) {
-            peaks_[i] = {ratios[i].ir, ratios[i].clause, piece, x};
+        const double ir = OrInfinite(ratios[i].ir);
+        if (ir > peaks_[i].ir) {
+            peaks_[i] = {ir, ratios[i].clause, piece, x};
         }
     }
 }
@@ -352,8 +364,8 @@ void CheckSections(const SectionMember& member, const CombinedLines& lines, int 
     for (std::size_t i = 0; i < kSectionChecks; ++i) {
         const Peak& peak = walk.Peaks()[i];
         if (peak.ir >= 0) {
-            checks.Keep(static_cast<CheckId>(i), peak.ir, peak.clause,
-                        peak.x / lines.grid.Length(), load_case);
+            checks.Keep(static_cast<CheckId>(i), peak.ir, peak.clause, peak.x / lines.grid.Length(),
+                        load_case);
         }
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-// Checks of the cross-sections along the member, EN 1993-1-1, 6.2 and EN 1993-1-5, 5 and 7, at every
-// extreme of moments and shear forces, on both sides of every jump, and between.
+// Checks of the cross-sections along the member, EN 1993-1-1, 6.2 and EN 1993-1-5, 5 and 7, at
+// every extreme of moments and shear forces, on both sides of every jump, and between.
 
 #include "standard/lines.h"
 #include "standard/resistance.h"

@@ -1,6 +1,9 @@
 #include "standard/standard.h"
 
+#include "clauses/critical_moment.h"
+#include "core/annexes.h"
 #include "core/arithmetic_trap.h"
+#include "core/material.h"
 #include "engine/csection.h"
 #include "standard/member_checks.h"
 #include "standard/section_checks.h"
@@ -26,8 +29,8 @@ ActingForces ActingIn(const CombinedLines& lines)
 {
     const LineExtremes y = ExtremesOfMoment(lines.grid, lines.y.m);
     const LineExtremes z = ExtremesOfMoment(lines.grid, lines.z.m);
-    return {lines.n * 1e3, y.most.value > kNothing, y.least.value < -kNothing,
-            z.most.value > kNothing || z.least.value < -kNothing};
+    return {lines.n * 1e3, y.most.value > kNothing,
+            y.least.value<-kNothing, z.most.value> kNothing || z.least.value < -kNothing};
 }
 
 ShearInputs ShearInputsOf(const ProjectState& s)
@@ -59,11 +62,10 @@ void CheckDeflection(const Member& m, const LoadCase& load_case, Axis axis, Chec
     if (largest.value == 0) {
         return;
     }
-    const double limit =
-        m.s.l * 1000.0 / (axis == Axis::y ? m.s.deflimitz : m.s.deflimity);
+    const double limit = m.s.l * 1000.0 / (axis == Axis::y ? m.s.deflimitz : m.s.deflimity);
     checks.Keep(axis == Axis::y ? CheckId::deflection_z : CheckId::deflection_y,
-                std::abs(largest.value) / limit, "EN 1990, A1.4",
-                largest.x / lines.grid.Length(), load_case);
+                std::abs(largest.value) / limit, "EN 1990, A1.4", largest.x / lines.grid.Length(),
+                load_case);
 }
 
 void CheckService(const Member& m, Checks& checks)
@@ -75,6 +77,22 @@ void CheckService(const Member& m, Checks& checks)
     for (std::size_t i = 0; i < cases.count; ++i) {
         CheckDeflection(m, cases.at[i], Axis::y, checks);
         CheckDeflection(m, cases.at[i], Axis::z, checks);
+    }
+}
+
+// What takes the program's rule because the standard basis has no other.
+void NameOutside(const Library& library, const Member& m, std::vector<std::string_view>& outside)
+{
+    const ProjectState& s = m.s;
+    const StandardSection& q = m.section.q;
+    if ((q.whole_flanges || q.whole_webs) && m.section.class_n == 4) {
+        outside.push_back("plates buckle, and the project leaves out the buckling of flanges or "
+                          "webs: taken as the program does");
+    }
+    constexpr float kUkStep = 16;  // mm
+    if (s.annexindex == kAnnexUk && s.fykindex >= 0 && s.fykindex < LastMaterial(library) &&
+        s.tmax > kUkStep) {
+        outside.push_back("strengths by product standard of the British annex: Table 3.1 is taken");
     }
 }
 
@@ -113,6 +131,12 @@ std::string_view PrepareState(const Library& library, ProjectState& s)
     if (!Covered(s)) {
         return "this family is not covered by the standard basis yet";
     }
+    if (!(s.l > 0) || s.restraints < 0 || s.deflimity == 0 || s.deflimitz == 0) {
+        return "the member has no length, or a limit is missing";
+    }
+    if (s.ltb == 1 && s.restraints > static_cast<int>(kMaxHeld)) {
+        return "lateral torsional buckling with more than 16 restraints";
+    }
     const std::string_view reason = NoSectionReason(library, s);
     return reason.empty() ? NoLoadsReason(s) : reason;
 }
@@ -122,9 +146,9 @@ std::string_view PrepareState(const Library& library, ProjectState& s)
 std::string_view NameOf(CheckId id)
 {
     constexpr std::array<std::string_view, kCheckIds> kNames = {
-        "section_N",  "section_My", "section_Mz", "section_Vz",          "section_Vy",
-        "section_NM", "section_MV", "flexural_y", "flexural_z",          "torsional",
-        "ltb",        "eq661",      "eq662",      "interaction_outside", "n_above_ncr",
+        "section_N",    "section_My",  "section_Mz", "section_Vz",          "section_Vy",
+        "section_NM",   "section_MV",  "flexural_y", "flexural_z",          "torsional",
+        "ltb",          "eq661",       "eq662",      "interaction_outside", "n_above_ncr",
         "deflection_z", "deflection_y"};
     return kNames[static_cast<std::size_t>(id)];
 }
@@ -147,11 +171,12 @@ StandardResult CalculateStandard(const Library& library, const ProjectState& pro
     const LoadCases cases = StrengthCases(s, member.loads.present);
     for (std::size_t i = 0; i < cases.count; ++i) {
         if (!CheckStrength(member, cases.at[i], result.checks)) {
-            result.outside.push_back("lateral torsional buckling with more than 16 restraints");
+            result.outside.push_back("lateral torsional buckling has no numerical solution here");
             return result;
         }
     }
     CheckService(member, result.checks);
+    NameOutside(library, member, result.outside);
     Govern(s, result);
     ArmTrap();
     return result;

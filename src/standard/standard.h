@@ -16,9 +16,9 @@ namespace kestrum::standard {
 struct StandardResult {
     bool rated = false;  // there is a result; else `outside` says why not
     Checks checks{};
-    double ir = 0;        // largest of all checks that count
-    CheckId governing{};  // its check
-    bool above = false;   // the limit
+    double ir = 0;                            // largest of all checks that count
+    CheckId governing{};                      // its check
+    bool above = false;                       // the limit
     std::vector<std::string_view> outside{};  // what the standard basis does not cover here
 };
 

@@ -1,0 +1,68 @@
+// The result by the standard as written beside the program's own.
+
+#include "run.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+namespace kestrum {
+namespace {
+
+using nlohmann::json;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+class Basis : public CommandLine {};
+
+TEST_F(Basis, JsonHoldsBothResults)
+{
+    WriteGood("a.kst");
+    const json answer = json::parse(Kestrum("check --basis both --json a.kst").out)[0];
+    const json alone = json::parse(Kestrum("check --json a.kst").out)[0];
+    EXPECT_FALSE(alone.contains("standard"));
+    EXPECT_EQ(answer["ir"], alone["ir"]);
+    const json& standard = answer["standard"];
+    EXPECT_EQ(standard["verdict"], "within limits");
+    EXPECT_TRUE(standard["outside"].empty());
+    bool governs = false;
+    for (const json& check : standard["checks"]) {
+        EXPECT_TRUE(check["ir"].is_number());
+        EXPECT_FALSE(check["clause"].get<std::string>().empty());
+        EXPECT_FALSE(check["case"].get<std::string>().empty());
+        governs = governs || (check["check"] == standard["check"] && check["ir"] == standard["ir"]);
+    }
+    EXPECT_TRUE(governs);
+}
+
+// A slender bar in bending alone: the program checks lateral torsional buckling beside compression
+// only (D229), the standard in any case.
+TEST_F(Basis, TheExitFollowsTheStandardWhereItIsAsked)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --family 28 --set p28.isth=200 --set p28.isttw=10 --set l=6 "
+                      "--set qload[1]=2 --set nload[1]=0 --set ltb=1 --set loadlevel=1")
+                  .exit,
+              0);
+    EXPECT_EQ(Kestrum("check a.kst").exit, 0);
+    EXPECT_EQ(Kestrum("check --basis both a.kst").exit, 0);
+    EXPECT_EQ(Kestrum("check --basis standard a.kst").exit, 1);
+    const Said said = Kestrum("check --basis both a.kst");
+    EXPECT_THAT(said.out, HasSubstr("EN 1993-1-1 as written: IR = "));
+    EXPECT_THAT(said.out, HasSubstr("ltb (6.3.2.2)"));
+    EXPECT_THAT(Kestrum("check a.kst").out, Not(HasSubstr("as written")));
+}
+
+TEST_F(Basis, AFamilyThatIsNotCoveredSaysSo)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --family 24").exit, 0);
+    const Said said = Kestrum("check --basis standard --json a.kst");
+    const json standard = json::parse(said.out)[0]["standard"];
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_TRUE(standard["ir"].is_null());
+    EXPECT_EQ(standard["verdict"], "not covered");
+    EXPECT_FALSE(standard["outside"].empty());
+    EXPECT_NE(Kestrum("check --basis eurocode a.kst").exit, 0);
+}
+
+}  // namespace
+}  // namespace kestrum

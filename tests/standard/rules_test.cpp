@@ -1,0 +1,139 @@
+// Single rules of the standard basis against arithmetic by hand.
+
+#include "engine/csection.h"
+#include "standard/effective.h"
+#include "standard/standard_member.h"
+
+#include <cmath>
+
+namespace kestrum {
+namespace {
+
+using standard::CheckId;
+
+// EN 1990, Table A1.2(B): G 5 and an uplift Q of 10 kN/m: 1.0 G with 1.5 Q is the worst, 5 - 15 =
+// -10 kN/m, not 1.35 G with 1.5 Q, -8.25 kN/m.
+TEST(Rules, FavourablePermanentLoadsKeepTheirLowerFactor)
+{
+    ProjectState s = Named("HEB 300", 8, 235);
+    s.qload[1] = 5;
+    s.qload[2] = -10;
+    s.qtype[2] = 1;
+    ProjectState alone = s;
+    alone.lfulsg = 1;
+    alone.lfulsq1 = 1.5F;
+    s.loadcomb = kEq610;
+    const auto result = Rated(s);
+    EXPECT_EQ(NameOf(result.checks[CheckId::section_my].load_case), "6.10 G inf + Q1");
+    EXPECT_DOUBLE_EQ(Ratio(result, CheckId::section_my), Ratio(alone, CheckId::section_my));
+}
+
+// 6.2.9.1 (3): bar 200x20, fy 235: Npl 940 kN, Mpl 47 kNm; n 0.5 leaves 47 (1 - 0.25) = 35.25.
+TEST(Rules, FlatBarKeepsAMomentBesideAnAxialForce)
+{
+    ProjectState s = Unloaded(1, 235);
+    s.family = 28;
+    s.p28 = {200, 20};
+    for (const float n : {470.0F, -470.0F}) {
+        EndForces(s, n, 20, 0);
+        EXPECT_NEAR(Ratio(s, CheckId::section_nm), 20 / 35.25, 1e-6);
+    }
+}
+
+// 6.2.1 (7): a channel has no formula of its own for N and My.
+TEST(Rules, ChannelsSumTheRatios)
+{
+    ProjectState s = Named("UPE 200", 3, 235);
+    EndForces(s, -200, 20, 0);
+    const auto result = Rated(s);
+    EXPECT_NEAR(Ratio(result, CheckId::section_nm),
+                Ratio(result, CheckId::section_n) + Ratio(result, CheckId::section_my), 1e-12);
+}
+
+// EN 1993-1-5, 4.4: box 610x610x5, S235. Webs between the welds 592, flanges 600 mm wide.
+//   lam = 592/5/56.8 = 2.084507, rho = (lam - 0.22)/lam^2 = 0.429097, lost 2 592 5 0.570903 =
+//   3379.7 lam = 600/5/56.8 = 2.112676, rho = 0.424046,                      lost 2 600 5 0.575954
+//   = 3455.7 A = 12100, Aeff = 5264.5 mm2; NRd 1237.2 kN
+TEST(Rules, BoxOfClassFourLosesThePartsThatBuckle)
+{
+    ProjectState s = Unloaded(3, 235);
+    s.family = 23;
+    s.p23 = {610, 610, 5, 5, 0};
+    s.nload[1] = 500;
+    EXPECT_NEAR(Ratio(s, CheckId::section_n), 500 / 1237.2, 1e-4);
+}
+
+// 6.3.2.2 (2): z_j = z_s - integral of (y^2 + z^2) z dA/(2 Iy), here summed in strips of 0.01 mm.
+TEST(Rules, AsymmetryOfAnUnequalI)
+{
+    ProjectState s = Unloaded(6, 355);
+    s.family = 22;
+    s.p22 = {500, 300, 150, 10, 20, 15};
+    CalcSection(Delivered(), s);
+    const standard::StandardSection q = standard::SectionOf(Delivered(), s);
+    double integral = 0;
+    constexpr double kStep = 0.01;
+    for (double z = -q.below + kStep / 2; z < q.above; z += kStep) {
+        const double b = z < -q.below + 15 ? 150 : z > q.above - 20 ? 300 : 10;
+        integral += (b * z * z + b * b * b / 12) * z * kStep;
+    }
+    const double top = 300.0 * 300 * 300 * 20 / 12;
+    const double bottom = 150.0 * 150 * 150 * 15 / 12;
+    const double zs = top / (top + bottom) * 482.5 + 7.5 - q.below;
+    EXPECT_NEAR(q.zj, zs - integral / (2 * q.iy), 0.01);
+}
+
+// Table 3.1 ends at 80 mm.
+TEST(Rules, BeyondTheTableOfStrengthsThereIsNoRatio)
+{
+    ProjectState s = Unloaded(6, 355);
+    s.family = 21;
+    s.p21 = {900, 400, 30, 100};
+    s.qload[1] = 10;
+    EXPECT_TRUE(Rated(s).rated);  // a strength of the user's own
+    s.fykindex = 1;
+    const auto result = Rated(s);
+    EXPECT_FALSE(result.rated);
+    ASSERT_EQ(result.outside.size(), 1U);
+    EXPECT_NE(result.outside[0].find("80 mm"), std::string_view::npos);
+}
+
+// Table 5.2, sheet 3: 90 eps^2 is the end of class 3.
+TEST(Rules, TubesOfClassFourHaveNoRatio)
+{
+    ProjectState s = Unloaded(6, 235);
+    s.family = 31;
+    s.qload[1] = 1;
+    s.p31 = {450, 5};  // 90
+    EXPECT_TRUE(Rated(s).rated);
+    s.p31 = {451, 5};
+    EXPECT_FALSE(Rated(s).rated);
+}
+
+// A load off the member is refused, not calculated.
+TEST(Rules, LoadsOffTheMemberAreRefused)
+{
+    ProjectState s = Named("IPE 300", 6, 235);
+    s.pm[1] = 10;
+    s.pmdir[1] = 1;
+    s.pmx[1] = 6.5F;
+    EXPECT_FALSE(Rated(s).rated);
+    s.pmx[1] = 5;
+    EXPECT_TRUE(Rated(s).rated);
+}
+
+// 6.3.3: NEd above Ncr,z is a failed check with a ratio. IPE 300, L 8: Ncr,z = pi^2 210 6038/8000^2
+// = 195.5 kN.
+TEST(Rules, AxialForceAboveTheCriticalForceFails)
+{
+    ProjectState s = Named("IPE 300", 8, 235);
+    s.nload[1] = 250;
+    s.qload[1] = 1;
+    const auto result = Rated(s);
+    EXPECT_GT(Ratio(result, CheckId::n_above_ncr), 250 / 195.5);
+    EXPECT_TRUE(std::isfinite(Ratio(result, CheckId::n_above_ncr)));
+    EXPECT_TRUE(result.above);
+}
+
+}  // namespace
+}  // namespace kestrum

@@ -1,0 +1,89 @@
+#pragma once
+
+// Members for the tests of the standard basis: a named section, strengths as typed, user factors of
+// one, no loads.
+
+#include "core/load_combination.h"
+#include "engine/new_project.h"
+#include "sections/load_library.h"
+#include "sections/section_names.h"
+#include "standard/standard.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string_view>
+
+namespace kestrum {
+
+inline const Library& Delivered()
+{
+    static const Library kLibrary = LoadLibrary(KESTRUM_SHARE);
+    return kLibrary;
+}
+
+inline ProjectState Unloaded(float length, float fy)
+{
+    ProjectState s{};
+    StartUp(Delivered(), s);
+    s.loadcomb = kUserFactors;
+    s.lfulsg = s.lfulsq1 = s.lfulsq2 = 1;
+    s.lfslsg = s.lfslsq1 = s.lfslsq2 = 1;
+    s.selfweight = 0;
+    s.qload = {};
+    s.nload = {};
+    s.qdir.fill(1);
+    s.l = length;
+    s.ly = s.lz = 1;
+    s.ltb = 0;
+    s.restraints = 0;
+    s.ltbk = 1;
+    s.loadlevel = 2;
+    s.fykindex = static_cast<i16>(Delivered().materials.size() - 1);
+    s.fyk = fy;
+    return s;
+}
+
+inline ProjectState Named(std::string_view name, float length, float fy)
+{
+    ProjectState s = Unloaded(length, fy);
+    const auto section = SectionOfName(Delivered(), name, s.family);
+    EXPECT_TRUE(section) << name;
+    if (section) {
+        s.family = static_cast<i16>(section->family);
+        s.row[static_cast<std::size_t>(section->table)] = section->row;
+        if (section->family == 101) {
+            s.series101 = static_cast<i16>(section->series);
+        }
+        if (section->family == 103) {
+            s.series103 = static_cast<i16>(section->series);
+        }
+    }
+    return s;
+}
+
+inline void EndForces(ProjectState& s, float n, float my, float mz)
+{
+    s.loadmode = 0;
+    s.ne = n;
+    s.my1 = s.my2 = my;
+    s.mz1 = s.mz2 = mz;
+    s.vz1 = s.vz2 = s.vy1 = s.vy2 = 0;
+}
+
+inline standard::StandardResult Rated(const ProjectState& s)
+{
+    return standard::CalculateStandard(Delivered(), s);
+}
+
+inline double Ratio(const standard::StandardResult& result, standard::CheckId id)
+{
+    return result.checks[id].present ? result.checks[id].ir : -1;
+}
+
+inline double Ratio(const ProjectState& s, standard::CheckId id)
+{
+    return Ratio(Rated(s), id);
+}
+
+}  // namespace kestrum
