@@ -40,7 +40,7 @@ _kestrum()
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         if [[ $after ]]; then
             after= # the value of an option
-        elif [[ $word == --@(data|setup|color|format|family|axis|output|base|fields|jobs|set) || $word == -o ]]; then
+        elif [[ $word == --@(data|setup|color|format|family|axis|output|base|fields|jobs|set|sign) || $word == -o ]]; then
             after=$word
         elif [[ $word != -* || $word == - ]]; then
             if [[ $command ]]; then operands=$((operands + 1)); else command=$word; fi
@@ -55,6 +55,7 @@ _kestrum()
         *) _kestrum_words 'text json csv' ;;
         esac
         return ;;
+    --sign) _kestrum_words 'compression+ tension+'; return ;;
     --axis) _kestrum_words 'z y'; return ;;
     --color) _kestrum_words 'auto always never'; return ;;
     --family) _kestrum_families; return ;;
@@ -72,10 +73,10 @@ _kestrum()
         case $command in
         '') options+=' --version' ;;
         check) options+=' --basis --loadcase --notes --no-notes --exit-zero --csv-safe --format --json' ;;
-        batch) options+=' --output --base --fields --jobs --resume --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json' ;;
+        batch) options+=' --output --base --fields --jobs --resume --sign --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json' ;;
         dump) options+=' --inputs' ;;
-        new) options+=' --output --family --set --raw' ;;
-        set) options+=' --output --raw --dry-run' ;;
+        new) options+=' --output --family --set --sign --raw' ;;
+        set) options+=' --output --sign --raw --dry-run' ;;
         sections | fields | vortex) options+=' --format --json' ;;
         diagram) options+=' --axis --output' ;;
         table | report) options+=' --output' ;;

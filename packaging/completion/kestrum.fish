@@ -18,7 +18,7 @@ function __kestrum_at -a command count
     for token in (commandline -opc)[2..]
         if test $after = 1
             set after 0
-        else if contains -- $token --data --setup --color --format --family --axis --output -o --base --fields --jobs --set
+        else if contains -- $token --data --setup --color --format --family --axis --output -o --base --fields --jobs --set --sign
             set after 1
         else if not string match -q -- '-?*' $token
             set -a seen $token
@@ -91,6 +91,7 @@ for command in new set diagram table report batch
 end
 for command in new set batch
     complete -c kestrum -n "__kestrum_at $command" -l raw -d 'Unchecked'
+    complete -c kestrum -n "__kestrum_at $command" -l sign -x -a 'compression+ tension+' -d 'Sign of axial forces'
 end
 complete -c kestrum -n '__kestrum_at batch' -l base -rF -d 'Project with the other values'
 complete -c kestrum -n '__kestrum_at batch' -l fields -x -d 'Columns of the answer'

@@ -236,7 +236,8 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
     if (field.kind == FieldKind::text || field.kind == FieldKind::literal) {
         return text(TextOf(s, field));
     }
-    const double value = NumberOf(s, field, item.ref.index);
+    const double stored = NumberOf(s, field, item.ref.index);
+    const double value = tensionpositive_ && IsAxial(field) ? 0 - stored : stored;
     if (!std::isfinite(value)) {
         out.append(json ? "null" : "");
     } else if (field.kind == FieldKind::single) {

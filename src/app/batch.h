@@ -30,6 +30,9 @@ public:
     std::string Choose(TableForm form, const std::vector<std::string>& names,
                        const Library* library = nullptr, CsvTexts texts = CsvTexts::plain);
 
+    // Axial forces are answered with tension positive.
+    void SetTensionPositive(bool tension) { tensionpositive_ = tension; }
+
     // Behind Choose: what is no field is passed through to the answer, of a CSV in these columns.
     void KeepOthers(std::vector<std::string> columns);
     bool keepsothers() const { return keepothers_; }
@@ -76,6 +79,7 @@ private:
     TableForm form_ = TableForm::csv;
     CsvTexts texts_ = CsvTexts::plain;
     std::vector<Item> items_;
+    bool tensionpositive_ = false;
     bool keepothers_ = false;
     std::vector<std::string> others_;  // columns of a CSV
     const Library* library_ = nullptr;

@@ -195,6 +195,7 @@ BatchOrigin OriginOf(const Options& options, const BatchArguments& arguments)
             }
         }
         how += arguments.raw ? " --raw" : "";
+        how += arguments.tensionpositive ? " --sign tension+" : "";
         how += arguments.keep_columns ? " --keep-columns" : "";
         how += " --fields ";
         for (const std::string& field : arguments.fields) {
@@ -216,6 +217,7 @@ int Batch(const Options& options, const BatchArguments& arguments)
         arguments.csv_safe.value_or(IsFile(arguments.out)) ? CsvTexts::safe : CsvTexts::plain;
     const std::string refusal =
         form.Choose(FormOf(options, arguments.out), arguments.fields, &library, texts);
+    form.SetTensionPositive(arguments.tensionpositive);
     if (!refusal.empty()) {
         throw BadInput("--fields " + refusal);
     }
@@ -237,7 +239,8 @@ int Batch(const Options& options, const BatchArguments& arguments)
     input.Skip(earlier);
     output.Begin(form, origin);
 
-    const Manner manner = arguments.raw ? Assignment::raw : Assignment::checked;
+    const Manner manner(arguments.raw ? Assignment::raw : Assignment::checked,
+                        arguments.tensionpositive);
     std::vector<OrderedRun<BatchChunk>::Work> work;
     for (unsigned i = 0; i < Threads(arguments.jobs); ++i) {
         work.emplace_back([worker = std::make_shared<BatchWorker>(library, base, form, manner)](

@@ -28,6 +28,7 @@ struct NewArguments {
     std::string family;  // as typed; empty: the default
     std::vector<std::string> set;
     bool raw = false;
+    bool tensionpositive = false;  // nload and ne are given so
 };
 int New(const Options& options, const NewArguments& arguments);
 
@@ -36,6 +37,7 @@ struct SetArguments {
     std::vector<std::string> set;
     bool raw = false;
     bool dry_run = false;
+    bool tensionpositive = false;  // nload and ne are given so
 };
 int Set(const Options& options, const SetArguments& arguments);
 
@@ -70,6 +72,7 @@ struct BatchArguments {
     int jobs = 0;  // threads; 0: one a core
     bool resume = false;
     bool raw = false;
+    bool tensionpositive = false;  // nload, ne and ned are given and answered so
     bool keep_columns = false;     // what is no field is passed through
     bool exit_zero = false;        // when each member has its answer
     std::optional<bool> csv_safe;  // unset: for a file, not for a stream

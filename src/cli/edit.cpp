@@ -125,18 +125,20 @@ void DropExamples(const Options& options, ProjectState& s, const std::vector<Cha
     }
 }
 
-std::string ValueOf(const ProjectState& s, const Field& field, int index)
+// As it is given: axial forces with the sign of the command.
+std::string ValueOf(const ProjectState& s, const Field& field, int index, bool tensionpositive)
 {
     if (field.kind == FieldKind::text || field.kind == FieldKind::literal) {
         return std::string(TextOf(s, field));
     }
-    const double value = NumberOf(s, field, index);
+    const double stored = NumberOf(s, field, index);
+    const double value = tensionpositive && IsAxial(field) ? 0 - stored : stored;
     return field.kind == FieldKind::single ? JsonNumber(static_cast<float>(value))
                                            : JsonNumber(value);
 }
 
 // A line for each input that differs: "l: 6 -> 7.2".
-std::string Differences(const ProjectState& before, const ProjectState& s)
+std::string Differences(const ProjectState& before, const ProjectState& s, bool tensionpositive)
 {
     std::string text;
     for (const Field& field : AllFields()) {
@@ -145,7 +147,8 @@ std::string Differences(const ProjectState& before, const ProjectState& s)
         }
         const bool list = field.shape != FieldShape::scalar;
         for (int i = list ? field.first : 0; i <= (list ? field.last : 0); ++i) {
-            const std::string was = ValueOf(before, field, i), is = ValueOf(s, field, i);
+            const std::string was = ValueOf(before, field, i, tensionpositive),
+                              is = ValueOf(s, field, i, tensionpositive);
             if (was != is) {
                 text += std::string(field.name) + (list ? "[" + std::to_string(i) + "]" : "");
                 text += ": " + Printable(was) + " -> " + Printable(is) + "\n";
@@ -167,7 +170,8 @@ int New(const Options& options, const NewArguments& arguments)
     }
     s.ident.clear();
     DropExamples(options, s, changes);
-    Apply(options, library, s, changes, arguments.raw ? Assignment::raw : Assignment::checked);
+    Apply(options, library, s, changes,
+          Manner(arguments.raw ? Assignment::raw : Assignment::checked, arguments.tensionpositive));
     SaveProject(s, arguments.out);
     return kAllWithin;
 }
@@ -184,9 +188,9 @@ int Set(const Options& options, const SetArguments& arguments)
     ClearLoads(s, s.loadmode == 1 ? LoadKind::endforce : LoadKind::load);
     const ProjectState before = s;
     Apply(options, library, s, SplitAll(arguments.set),
-          arguments.raw ? Assignment::raw : Assignment::checked);
+          Manner(arguments.raw ? Assignment::raw : Assignment::checked, arguments.tensionpositive));
     if (arguments.dry_run) {
-        Print(Differences(before, s));
+        Print(Differences(before, s, arguments.tensionpositive));
     } else if (file) {
         SaveChanged(s, out, lock);
     } else {

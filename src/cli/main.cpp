@@ -86,6 +86,7 @@ int Run(int argc, char** argv)
     create.add_option("--family", fresh.family, "section family, as `kestrum sections` lists them");
     create.add_option("--set", fresh.set, "NAME=VALUE, through the limits of the input boxes");
     create.add_flag("--raw", fresh.raw, "stores the values unchecked");
+    AddSign(create, fresh.tensionpositive);
     create.callback([&] { exit = New(options, fresh); });
 
     CLI::App& set = *app.add_subcommand("set", "changes fields of a project");
@@ -96,6 +97,7 @@ int Run(int argc, char** argv)
     AddOutput(set, change.out, "file to write; the file itself without it");
     set.add_flag("--raw", change.raw, "stores the values unchecked");
     set.add_flag("--dry-run", change.dry_run, "prints what would change and writes nothing");
+    AddSign(set, change.tensionpositive);
     set.callback([&] { exit = Set(options, change); });
 
     CLI::App& sections =
@@ -162,6 +164,7 @@ int Run(int argc, char** argv)
         ->check(CLI::Range(1, 256));
     batch.add_flag("--resume", many.resume, "goes on behind the answers that -o holds already");
     batch.add_flag("--raw", many.raw, "stores the values unchecked");
+    AddSign(batch, many.tensionpositive);
     batch.add_flag("--keep-columns", many.keep_columns,
                    "columns that are no fields pass through to the answer");
     batch.add_flag("--exit-zero", many.exit_zero,

@@ -119,6 +119,23 @@ void AddColor(CLI::App& app, Options& options)
         ->type_name(names);
 }
 
+void AddSign(CLI::App& command, bool& tensionpositive)
+{
+    static const std::vector<std::pair<std::string, bool>> kWords{{"compression+", false},
+                                                                  {"tension+", true}};
+    const std::string names = NamesOf(kWords);
+    const auto choose = [&tensionpositive, names](const std::string& typed) {
+        tensionpositive = Chosen(kWords, "--sign", typed, names);
+    };
+    command
+        .add_option_function<std::string>(
+            "--sign", choose,
+            "sign of the axial forces nload, ne and ned that are given and answered; compression "
+            "is positive without it. Moments that sag and loads that act downward are positive "
+            "with either")
+        ->type_name(names);
+}
+
 CLI::Option* AddOutput(CLI::App& command, std::string& file, const std::string& meaning)
 {
     return command.add_option("-o,--output", file, meaning)

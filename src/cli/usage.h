@@ -21,6 +21,9 @@ void AddFormat(CLI::App& command, Options& options, const Formats& formats);
 // --color with its words.
 void AddColor(CLI::App& app, Options& options);
 
+// --sign with its words: whether axial forces are positive in tension.
+void AddSign(CLI::App& command, bool& tensionpositive);
+
 // -o. An empty name is that of a shell variable without a value, and refused.
 CLI::Option* AddOutput(CLI::App& command, std::string& file, const std::string& meaning);
 
