@@ -58,6 +58,7 @@ tools/check-deviations || die "the deviation numbers in code, tests and docs/dev
 
 build_and_test release -DKESTRUM_TESTS=ON -DKESTRUM_BENCH=ON
 tools/check-readme build/release/bin || die "README.md does not tell what the program does"
+tools/field-docs --check build/release/bin/kestrum || die "docs/file-format.md or the schema is not current"
 tools/lib/manual_sources.py check build/release/bin/kestrum || die "docs/theory does not tell what the program shows"
 tools/check-hardening build/release || die "a delivered program is not hardened"
 build_and_test asan

@@ -13,6 +13,9 @@ namespace {
 
 std::string_view TypeOf(const Field& field)
 {
+    if (field.values == kTruthValues) {
+        return "tick";
+    }
     switch (field.kind) {
     case FieldKind::single:
         return "f32";
@@ -20,8 +23,6 @@ std::string_view TypeOf(const Field& field)
         return "f64";
     case FieldKind::integer:
         return "i16";
-    case FieldKind::truth:
-        return "bool";
     default:
         return "text";
     }

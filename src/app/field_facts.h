@@ -15,7 +15,7 @@ namespace kestrum {
 
 struct FieldFacts {
     std::string name;         // "qload", without row
-    std::string_view type;    // f32, f64, i16, bool, text
+    std::string_view type;    // f32, f64, i16, tick, text
     int first = 0, last = 0;  // rows; both 0 for a single value
     bool rows = false;
     std::string_view unit, role, meaning;

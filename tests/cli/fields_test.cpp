@@ -76,5 +76,17 @@ TEST_F(Fields, LimitsAreThoseOfSetAndValuesHaveTheirNames)
     }
 }
 
+// The tables of the file format and the schema follow from the same list, and what `dump --inputs`
+// prints of each example fits the schema.
+TEST_F(Fields, DocumentsAreCurrent)
+{
+    if (Shell("command -v python3").exit != 0) {
+        GTEST_SKIP() << "python3 is not here";
+    }
+    const Said said =
+        Shell("python3 '" KESTRUM_SOURCE "/tools/field-docs' --check '" KESTRUM_BIN "/kestrum'");
+    EXPECT_EQ(said.exit, 0) << said.err;
+}
+
 }  // namespace
 }  // namespace kestrum
