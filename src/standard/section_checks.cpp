@@ -247,7 +247,7 @@ public:
     {
     }
     void Everywhere();
-    void Refine();
+    void Refine(const Checks& checks);
     const std::array<Peak, kSectionChecks>& Peaks() const { return peaks_; }
 
 private:
@@ -313,7 +313,7 @@ void Walk::Everywhere()
 void Walk::Narrow(std::size_t id, std::size_t piece, double lo, double hi)
 {
     constexpr double kGolden = 0.6180339887498949;
-    constexpr int kSteps = 30;
+    constexpr int kSteps = 22;
     double a = hi - kGolden * (hi - lo);
     double b = lo + kGolden * (hi - lo);
     double at_a = RatiosAt(piece, a)[id].ir;
@@ -336,14 +336,17 @@ void Walk::Narrow(std::size_t id, std::size_t piece, double lo, double hi)
     Take(piece, 0.5 * (lo + hi));
 }
 
-// Checks of several forces may peak between: those of one line have their exact extremes.
-void Walk::Refine()
+// Checks of several forces may peak between: those of one line have their exact extremes. Between
+// two places a ratio rises by a few percent at most, so that one far below the worst of the other
+// combinations stays there.
+void Walk::Refine(const Checks& checks)
 {
+    constexpr double kFarBelow = 0.8;
     const double step = lines_.grid.Length() / kEvenSections;
     for (const CheckId id : {CheckId::section_my, CheckId::section_mz, CheckId::section_vz,
                              CheckId::section_nm, CheckId::section_mv}) {
         const auto i = static_cast<std::size_t>(id);
-        if (peaks_[i].ir <= 0) {
+        if (peaks_[i].ir <= 0 || peaks_[i].ir < kFarBelow * checks[id].ir) {
             continue;
         }
         const std::size_t piece = peaks_[i].piece;
@@ -360,7 +363,7 @@ void CheckSections(const SectionMember& member, const CombinedLines& lines, int 
 {
     Walk walk(member, lines, cls);
     walk.Everywhere();
-    walk.Refine();
+    walk.Refine(checks);
     for (std::size_t i = 0; i < kSectionChecks; ++i) {
         const Peak& peak = walk.Peaks()[i];
         if (peak.ir >= 0) {

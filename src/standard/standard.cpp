@@ -178,6 +178,9 @@ StandardResult CalculateStandard(const Library& library, const ProjectState& pro
     CheckService(member, result.checks);
     NameOutside(library, member, result.outside);
     Govern(s, result);
+    if (!result.rated) {
+        result.outside.push_back("no load acts");
+    }
     ArmTrap();
     return result;
 }

@@ -1,0 +1,49 @@
+// Random members of every family: an answer that makes sense, whatever they are.
+
+#include "standard/standard.h"
+#include "support/random_project.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace kestrum {
+namespace {
+
+using standard::CheckId;
+using standard::kCheckIds;
+
+// A ratio or the reason why there is none; the largest one governs and decides on the verdict.
+TEST(RandomMembers, EveryMemberHasARatioOrAReason)
+{
+    constexpr int kMembers = 1500;
+    int rated = 0;
+    for (int seed = 0; seed < kMembers; ++seed) {
+        SCOPED_TRACE(seed);
+        const ProjectState s = RandomProject(FirstSeed() + static_cast<std::uint64_t>(seed));
+        const standard::StandardResult result = standard::CalculateStandard(DeliveredTables(), s);
+        EXPECT_TRUE(result.rated || !result.outside.empty());
+        double largest = 0;
+        for (std::size_t i = 0; i < kCheckIds; ++i) {
+            const standard::Check& check = result.checks.best[i];
+            if (!check.present) {
+                continue;
+            }
+            EXPECT_GE(check.ir, 0);
+            EXPECT_FALSE(check.clause.empty());
+            EXPECT_TRUE(std::isnan(check.place) || (check.place >= 0 && check.place <= 1 + 1e-6));
+            if (!standard::IsDeflection(static_cast<CheckId>(i))) {
+                largest = std::max(largest, check.ir);
+            }
+        }
+        if (result.rated) {
+            ++rated;
+            EXPECT_EQ(result.ir, largest);
+            EXPECT_TRUE(result.above || largest <= s.irlimit);
+        }
+    }
+    EXPECT_GT(rated, kMembers / 3);
+}
+
+}  // namespace
+}  // namespace kestrum
