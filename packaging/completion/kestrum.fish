@@ -2,7 +2,7 @@
 set -g __kestrum_commands check dump new set sections fields vortex diagram table report batch help
 
 function __kestrum_families
-    kestrum sections --format csv 2>/dev/null | tail -n +2 | string replace -a '"' '' | string replace -r ',[^,]*,' \t
+    kestrum sections --format csv 2>/dev/null | tail -n +2 | string replace -a '"' '' | string replace -r ',[^,]*,[^,]*,' \t
 end
 
 # Names of the fields with what follows them: "l=", "qload[".

@@ -22,13 +22,14 @@ int Run(int argc, char** argv)
     app.name("kestrum");
     app.failure_message(UsageFailure);
     app.footer("Exit codes: 0 all ratios within their limits, 1 some ratio above, 2 bad input,\n"
-               "not checked, loads dropped or nothing acts, 3 calculation error or unstable. "
+               "not checked, loads dropped or nothing acts, 3 calculation error or unstable.\n"
                "`kestrum help COMMAND` lists the options of a command; the options above "
                "go with each.\n"
                "`kestrum fields` explains the fields with units, values and limits. Compression, "
                "sagging and\n"
-               "downward are positive; `kestrum dump --inputs FILE` prints the fields of a "
-               "project.");
+               "downward are positive (--sign of new, set, batch). Units: m, kN, kN/m, kNm; "
+               "sections mm;\n"
+               "strengths MPa. `kestrum dump --inputs FILE` prints the fields of a project.");
     app.require_subcommand(1);
     app.fallthrough();
 

@@ -2,6 +2,8 @@
 
 #include "report/state_json.h"
 #include "sections/family_table.h"
+#include "sections/readprofiles.h"
+#include "sections/section_names.h"
 
 #include <charconv>
 
@@ -13,13 +15,27 @@ struct Line {
     int number;  // family, or row
     std::string series;
     std::string text;
+    std::string name;  // of a family, telling it from its like
 };
+
+// "RHS - Square (Hotformed)"; of a family with several series "U (UB, UC, UBP)".
+std::string NameOf(const FamilyTraits& info)
+{
+    std::string series;
+    if (info.input == SectionInput::series) {
+        for (const Table table : info.tables) {
+            series.append(series.empty() ? " (" : ", ").append(ShapeOf(table).prefix);
+        }
+        series += ")";
+    }
+    return FamilyName(info.id) + series;
+}
 
 std::vector<Line> FamilyLines()
 {
     std::vector<Line> lines;
     for (const FamilyTraits& info : Families()) {
-        lines.push_back({info.id, std::string(info.form), std::string(info.text)});
+        lines.push_back({info.id, std::string(info.form), std::string(info.text), NameOf(info)});
     }
     return lines;
 }
@@ -43,7 +59,7 @@ std::vector<Line> RowLines(const Library& library, const FamilyTraits& info)
     for (const Table table : info.tables) {
         ++series;
         for (int row = 0; row < RowCount(table); ++row) {
-            lines.push_back({row, std::to_string(series), RowName(library, table, row)});
+            lines.push_back({row, std::to_string(series), RowName(library, table, row), {}});
         }
     }
     return lines;
@@ -55,16 +71,17 @@ std::string TextOf(const std::vector<Line>& lines)
     for (const Line& line : lines) {
         const std::string number = std::to_string(line.number);
         out += std::string(number.size() < 4 ? 4 - number.size() : 0, ' ') + number + "  ";
-        out += line.text + "\n";
+        out += (line.name.empty() ? line.text : line.name) + "\n";
     }
     return out;
 }
 
 std::string CsvOf(const std::vector<Line>& lines, bool families)
 {
-    std::string out = families ? "family,form,text\n" : "row,series,text\n";
+    std::string out = families ? "family,form,text,name\n" : "row,series,text\n";
     for (const Line& line : lines) {
-        out += std::to_string(line.number) + "," + line.series + ",\"" + line.text + "\"\n";
+        out += std::to_string(line.number) + "," + line.series + ",\"" + line.text + "\"";
+        out += (families ? ",\"" + line.name + "\"" : "") + "\n";
     }
     return out;
 }
@@ -76,7 +93,8 @@ std::string JsonOf(const std::vector<Line>& lines, bool families)
         out += out.empty() ? "" : ",\n";
         out += (families ? "{\"family\": " : "{\"row\": ") + std::to_string(line.number);
         out += families ? ", \"form\": " + JsonText(line.series) : ", \"series\": " + line.series;
-        out += ", \"text\": " + JsonText(line.text) + "}";
+        out += ", \"text\": " + JsonText(line.text);
+        out += (families ? ", \"name\": " + JsonText(line.name) : "") + "}";
     }
     return "[" + out + "]\n";
 }

@@ -258,6 +258,15 @@ TEST_F(Commands, SectionsListsFamiliesAndRows)
     EXPECT_EQ(families.exit, 0);
     EXPECT_EQ(std::count(families.out.begin(), families.out.end(), '\n'), 31);
     EXPECT_THAT(families.out, Not(HasSubstr("  55  ")));
+    for (const char* name :
+         {"   6  RHS - Square (Hotformed)\n", "   7  RHS - Rect (Hotformed)\n",
+          "   8  CFRHS - Square (Coldformed)\n", "   9  CFRHS - Rect (Coldformed)\n",
+          "  10  L-equal\n", " 101  U (UB, UC, UBP)\n", " 103  C (CH, PFC)\n"}) {
+        EXPECT_THAT(families.out, HasSubstr(name));
+    }
+    EXPECT_THAT(Kestrum("sections --format csv").out,
+                HasSubstr("\n9,p09,\"CFRHS\",\"CFRHS - Rect (Coldformed)\"\n"));
+    EXPECT_EQ(json::parse(Kestrum("sections --json").out)[7]["name"], "RHS - Square (Hotformed)");
     const Said rows = Kestrum("sections 1");
     EXPECT_EQ(std::count(rows.out.begin(), rows.out.end(), '\n'), RowsOf("hea"));
     EXPECT_THAT(rows.out, HasSubstr("  10  HEA 300\n"));
