@@ -88,7 +88,7 @@ std::string TextOf(const Answer& answer, const CheckArguments& parts, bool colou
     for (const std::string& dropped : outcome.dropped) {
         text += "dropped " + dropped + "\n";
     }
-    text += answer.standard ? StandardText(*answer.standard) : "";
+    text += answer.standard ? StandardText(*answer.standard, outcome) : "";
     const Ink ink = outcome.verdict == Verdict::within ? Ink::good : Ink::bad;
     return text + "VERDICT: " + Painted(VerdictText(outcome), ink, coloured) + "\n";
 }

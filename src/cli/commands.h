@@ -16,7 +16,7 @@ struct CheckArguments {
     bool no_notes = false;   // leaves out the notes on deviations
     bool exit_zero = false;  // whatever the verdicts
     bool csv_safe = false;
-    std::string basis = "program";  // or standard, or both
+    std::string basis = "both";  // or program, or standard
 };
 int Check(const Options& options, const CheckArguments& arguments);
 

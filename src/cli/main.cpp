@@ -70,7 +70,8 @@ int Run(int argc, char** argv)
                    "texts of a CSV that a spreadsheet would run get an apostrophe in front");
     check
         .add_option("--basis", checked.basis,
-                    "program: its own rules; standard: EN 1993-1-1 as written; both. The exit code "
+                    "program: its own rules; standard: EN 1993-1-1 as written; both, the default. "
+                    "The exit code "
                     "follows the program's ratio unless it is standard")
         ->check(CLI::IsMember({"program", "standard", "both"}));
     AddFormat(check, options, kAllFormats);

@@ -50,7 +50,7 @@ std::string OutsideJson(const StandardResult& result)
 
 }  // namespace
 
-std::string StandardText(const StandardResult& result)
+std::string StandardText(const StandardResult& result, const Outcome& program)
 {
     std::string text;
     for (const std::string_view reason : result.outside) {
@@ -60,13 +60,21 @@ std::string StandardText(const StandardResult& result)
         return text;
     }
     const Check& check = result.checks[result.governing];
+    if (program.rated()) {
+        text += "Rules of the program:   IR = " + FormatNum(program.ir, "0.000") + ", " +
+                program.control + " (" + program.clause + ")\n";
+    }
     text += "EN 1993-1-1 as written: IR = " + FormatNum(check.ir, "0.000") + ", " +
             std::string(standard::NameOf(result.governing)) + " (" + std::string(check.clause) +
             "), " + NameOf(check.load_case);
     if (std::isfinite(check.place)) {
         text += ", x/L = " + FormatNum(check.place, "0.000");
     }
-    return text + ": " + std::string(standard::VerdictOf(result)) + "\n";
+    text += ": " + std::string(standard::VerdictOf(result)) + "\n";
+    const bool within = program.verdict == Verdict::within;
+    const bool above = program.verdict == Verdict::above || program.verdict == Verdict::unstable;
+    const bool differ = result.above ? within : above;
+    return text + (differ ? "The two verdicts differ.\n" : "");
 }
 
 std::string StandardJson(const StandardResult& result)

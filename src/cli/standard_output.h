@@ -2,13 +2,15 @@
 
 // Text and JSON of the result by the standard as written.
 
+#include "report/outcome.h"
 #include "standard/standard.h"
 
 #include <string>
 
 namespace kestrum::cli {
 
-std::string StandardText(const standard::StandardResult& result);
+// One line for each basis: the largest ratio and what governs; `program` as it was shown.
+std::string StandardText(const standard::StandardResult& result, const Outcome& program);
 std::string StandardJson(const standard::StandardResult& result);
 
 // 0 within, 1 above, 2 not covered.
