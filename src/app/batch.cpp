@@ -80,8 +80,15 @@ bool ReadVerdict(std::string_view text, Verdict& verdict)
 std::string AnswerForm::Find(Item& item) const
 {
     constexpr std::pair<std::string_view, Special> kSpecials[] = {
-        {"control", Special::control}, {"clause", Special::clause},   {"message", Special::message},
-        {"notes", Special::notes},     {"dropped", Special::dropped}, {kSection, Special::section},
+        {"control", Special::control},
+        {"clause", Special::clause},
+        {"message", Special::message},
+        {"notes", Special::notes},
+        {"dropped", Special::dropped},
+        {kSection, Special::section},
+        {"ir_standard", Special::ir_standard},
+        {"standard_check", Special::standard_check},
+        {"standard_clause", Special::standard_clause},
     };
     constexpr std::string_view kName = ".name";
     const auto* const special = std::find_if(std::begin(kSpecials), std::end(kSpecials),
@@ -196,8 +203,39 @@ void AnswerForm::AppendList(std::string& out, const Texts& texts, std::string_vi
     }
 }
 
+bool AnswerForm::asks_standard() const
+{
+    return std::any_of(items_.begin(), items_.end(), [](const Item& item) {
+        return item.special == Special::ir_standard || item.special == Special::standard_check ||
+               item.special == Special::standard_clause;
+    });
+}
+
+// Empty, or null, for what the standard basis does not cover.
+void AnswerForm::AppendStandard(std::string& out, Special what,
+                                const standard::StandardResult* result) const
+{
+    const bool json = form_ == TableForm::ndjson;
+    if (result == nullptr || !result->rated ||
+        (what == Special::ir_standard && !std::isfinite(result->ir))) {
+        out.append(json ? "null" : "");
+        return;
+    }
+    if (what == Special::ir_standard) {
+        return AppendNumber(out, result->ir);
+    }
+    const std::string_view text = what == Special::standard_check
+                                      ? standard::NameOf(result->governing)
+                                      : result->checks[result->governing].clause;
+    if (json) {
+        out.append(JsonText(text));
+    } else {
+        AppendCell(out, text, texts_);
+    }
+}
+
 void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectState& s,
-                            const Outcome& outcome) const
+                            const Outcome& outcome, const standard::StandardResult* standard) const
 {
     const bool json = form_ == TableForm::ndjson;
     const auto text = [&](std::string_view value) {
@@ -208,6 +246,10 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
         }
     };
     switch (item.special) {
+    case Special::ir_standard:
+    case Special::standard_check:
+    case Special::standard_clause:
+        return AppendStandard(out, item.special, standard);
     case Special::control:
         return text(outcome.control);
     case Special::clause:
@@ -265,7 +307,8 @@ void AnswerForm::AppendKept(std::string& out, const std::vector<LineExtras::Kept
 }
 
 void AnswerForm::AppendLine(std::string& out, std::string_view member, const ProjectState& s,
-                            const Outcome& outcome, const LineExtras& extras) const
+                            const Outcome& outcome, const LineExtras& extras,
+                            const standard::StandardResult* standard) const
 {
     if (form_ == TableForm::csv) {
         AppendCell(out, member, texts_);
@@ -277,7 +320,7 @@ void AnswerForm::AppendLine(std::string& out, std::string_view member, const Pro
         }
         for (const Item& item : items_) {
             out.push_back(',');
-            AppendItem(out, item, s, outcome);
+            AppendItem(out, item, s, outcome, standard);
         }
         AppendKept(out, extras.kept);
         out.push_back('\n');
@@ -292,7 +335,7 @@ void AnswerForm::AppendLine(std::string& out, std::string_view member, const Pro
     }
     for (const Item& item : items_) {
         out.append(",").append(JsonText(item.name)).append(":");
-        AppendItem(out, item, s, outcome);
+        AppendItem(out, item, s, outcome, standard);
     }
     AppendKept(out, extras.kept);
     out.append("}\n");
@@ -486,7 +529,11 @@ void BatchWorker::File(BatchChunk& chunk, const std::string& name)
 void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string_view refusal)
 {
     Outcome outcome;
+    std::optional<standard::StandardResult> standard;
     if (refusal.empty()) {
+        if (form_.asks_standard()) {  // before the pass, which empties rows of some families
+            standard = standard::CalculateStandard(library_, s_);
+        }
         const bool well = Calculate(library_, s_);
         outcome = OutcomeOf(s_, well);
         if (outcome.verdict == Verdict::not_checked) {  // one that failed says so in its line
@@ -502,7 +549,7 @@ void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string
                 (outcome.message.empty() ? "" : "; ") + remark.name + ": " + remark.what;
         }
     }
-    form_.AppendLine(chunk.out, member, s_, outcome, extras_);
+    form_.AppendLine(chunk.out, member, s_, outcome, extras_, standard ? &*standard : nullptr);
     chunk.tally.Add(place_++, member, outcome.verdict, outcome.ir);
 }
 

@@ -9,6 +9,7 @@
 #include "core/library.h"
 #include "core/project_state.h"
 #include "report/outcome.h"
+#include "standard/standard.h"
 
 #include <array>
 #include <cstddef>
@@ -24,7 +25,8 @@ enum class TableForm : std::uint8_t { csv, ndjson };
 // The fields of an answer line behind member, verdict and ratio.
 class AnswerForm {
 public:
-    // Canonical names of fields, or control, clause, message, notes and dropped; section, steel and
+    // Canonical names of fields, or control, clause, message, notes and dropped, ir_standard,
+    // standard_check and standard_clause; section, steel and
     // annex by name, and FIELD.name for the name of a value. Names of sections and steels come from
     // the library, which must last. Returns why a name cannot be, or nothing.
     std::string Choose(TableForm form, const std::vector<std::string>& names,
@@ -45,7 +47,11 @@ public:
     std::string Header() const;
 
     void AppendLine(std::string& out, std::string_view member, const ProjectState& s,
-                    const Outcome& outcome, const LineExtras& extras = {}) const;
+                    const Outcome& outcome, const LineExtras& extras = {},
+                    const standard::StandardResult* standard = nullptr) const;
+
+    // A field is of the result by the standard as written, which AppendLine then needs.
+    bool asks_standard() const;
 
     // Reads member, verdict and ratio back from a line. False when it is none.
     bool ReadBack(std::string_view line, std::string& member, Verdict& verdict, double& ir) const;
@@ -59,7 +65,10 @@ private:
         notes,
         dropped,
         section,
-        name
+        name,
+        ir_standard,
+        standard_check,
+        standard_clause
     };
     struct Item {
         std::string name;
@@ -68,7 +77,9 @@ private:
     };
     std::string Find(Item& item) const;
     void AppendItem(std::string& out, const Item& item, const ProjectState& s,
-                    const Outcome& outcome) const;
+                    const Outcome& outcome, const standard::StandardResult* standard) const;
+    void AppendStandard(std::string& out, Special what,
+                        const standard::StandardResult* result) const;
 
     std::string KeptName(std::string name) const;
     void AppendKept(std::string& out, const std::vector<LineExtras::Kept>& kept) const;

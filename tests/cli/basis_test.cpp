@@ -55,6 +55,23 @@ TEST_F(Basis, TheExitFollowsTheStandardWhereItIsAsked)
     EXPECT_THAT(Kestrum("check --basis program a.kst").out, Not(HasSubstr("as written")));
 }
 
+TEST_F(Basis, BatchHasItsFields)
+{
+    Write("t.ndjson", "{\"section\": \"IPE 300\", \"l\": 5, \"qload[1]\": 8}\n"
+                      "{\"family\": 24, \"qload[1]\": 8}\n");
+    const std::string out =
+        Kestrum("batch --json --fields ir_standard,standard_check,standard_clause t.ndjson").out;
+    const json first = json::parse(out.substr(0, out.find('\n')));
+    const json second = json::parse(out.substr(out.find('\n') + 1));
+    ASSERT_EQ(Kestrum("new -o a.kst --set 'section=IPE 300' --set l=5 --set qload[1]=8").exit, 0);
+    const json standard = json::parse(Kestrum("check --json a.kst").out)[0]["standard"];
+    EXPECT_EQ(first["ir_standard"], standard["ir"]);
+    EXPECT_EQ(first["standard_check"], standard["check"]);
+    EXPECT_EQ(first["standard_clause"], standard["clause"]);
+    EXPECT_TRUE(second["ir_standard"].is_null());
+    EXPECT_TRUE(second["standard_check"].is_null());
+}
+
 TEST_F(Basis, AFamilyThatIsNotCoveredSaysSo)
 {
     ASSERT_EQ(Kestrum("new -o a.kst --family 24").exit, 0);
