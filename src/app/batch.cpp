@@ -463,7 +463,9 @@ void BatchWorker::Lines(BatchChunk& chunk)
         if (!line.empty()) {
             Line(chunk, line, row++, number);
         }
-        number += 1 + static_cast<std::size_t>(std::count(line.begin(), line.end(), '\n'));
+        if (number > 0) {
+            number += 1 + static_cast<std::size_t>(std::count(line.begin(), line.end(), '\n'));
+        }
     }
 }
 
@@ -480,8 +482,11 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
                 : ApplyJsonLine(library_, s_, line, manner_, keys_, form_.keepsothers(), extras_));
     }
     if (!refusal.empty() || !extras_.remarks.empty()) {
-        std::string place = chunk.table + ":";
-        AppendCount(place, number);
+        std::string place = chunk.table;
+        if (number > 0) {
+            place += ":";
+            AppendCount(place, number);
+        }
         place += ": member ";
         AppendCount(place, row);
         place += ": ";

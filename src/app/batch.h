@@ -126,7 +126,7 @@ struct BatchChunk {
     std::string prefix = {};                 // of member names: "loads.csv:" with several inputs
     std::string lines = {};
     std::size_t row = 0;      // number of the first member of the chunk in its table, from 1
-    std::size_t line = 0;     // its line in the table, from 1
+    std::size_t line = 0;     // its line in the table, from 1; 0 where members are no lines
     std::size_t members = 0;  // how many the lines hold
     std::vector<std::string> files = {};  // instead of lines
     std::size_t place = 0;                // of the first member in the whole run

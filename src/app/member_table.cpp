@@ -166,7 +166,7 @@ public:
     std::string Apply()
     {
         Take('{', "an object in braces");
-        if (Peek() != '}') {
+        if (fault_.empty() && Peek() != '}') {
             do {
                 Member();
             } while (fault_.empty() && TakeIf(','));

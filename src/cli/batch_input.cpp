@@ -18,7 +18,7 @@ bool IsTable(const std::string& name)
 {
     const std::string ending = EndingOf(name);
     return name == "-" || ending == ".csv" || ending == ".tsv" || ending == ".ndjson" ||
-           ending == ".jsonl";
+           ending == ".jsonl" || ending == ".json";
 }
 
 bool IsSpreadsheet(const std::string& name)
@@ -138,8 +138,10 @@ bool BatchInput::Skipped(BatchChunk& chunk)
     }
     const std::size_t answered = chunk.lines.size() - lines.size();
     const auto first = chunk.lines.begin();
-    chunk.line += static_cast<std::size_t>(
-        std::count(first, first + static_cast<std::ptrdiff_t>(answered), '\n'));
+    if (chunk.line > 0) {
+        chunk.line += static_cast<std::size_t>(
+            std::count(first, first + static_cast<std::ptrdiff_t>(answered), '\n'));
+    }
     chunk.row += left_out;
     chunk.lines.erase(0, answered);
     return chunk.lines.empty();

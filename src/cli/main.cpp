@@ -150,9 +150,10 @@ int Run(int argc, char** argv)
     CLI::App& batch = *app.add_subcommand(
         "batch", "calculates many members and writes one line for each: CSV or NDJSON");
     batch
-        .add_option("INPUT", many.inputs,
-                    "project files, folders of them, tables (.csv, .ndjson; one member a line, "
-                    "columns by canonical names), - for a table on standard input")
+        .add_option(
+            "INPUT", many.inputs,
+            "project files, folders of them, tables (.csv, .ndjson, .json; one member a line, "
+            "columns by canonical names), - for a table on standard input")
         ->required();
     AddOutput(batch, many.out, "file to write; standard output without it");
     batch.add_option("--base", many.base, "project whose values hold where a table is silent");

@@ -79,10 +79,22 @@ bool TableReader::ReadBlock()
     return !ended_;
 }
 
+// What the bytes hold, behind the rest. Returns why they are no table, or nothing.
+std::string TableReader::Append(std::string_view bytes)
+{
+    std::string decoded;
+    std::string& text = array_ ? decoded : rest_;
+    std::string refusal = ended_ ? decoder_.End(text) : decoder_.Add(bytes, text);
+    if (array_) {
+        array_->Add(decoded, rest_);
+    }
+    return refusal;
+}
+
 void TableReader::Decode(std::string_view bytes)
 {
     const std::size_t before = rest_.size();
-    const std::string refusal = ended_ ? decoder_.End(rest_) : decoder_.Add(bytes, rest_);
+    const std::string refusal = Append(bytes);
     if (!refusal.empty()) {
         Stop(name_ + ": " + refusal);
     } else if (dropping_) {
@@ -94,11 +106,17 @@ void TableReader::Decode(std::string_view bytes)
     }
 }
 
-// NDJSON begins with a brace, a CSV with its names. False when more is needed to know.
+// NDJSON begins with a brace, an array with a bracket, a CSV with its names. False when more is
+// needed to know.
 bool TableReader::SetForm()
 {
     const std::size_t first = rest_.find_first_not_of(kBlank);
-    form_ = first != std::string::npos && rest_[first] == '{' ? TableForm::ndjson : TableForm::csv;
+    const char begin = first != std::string::npos ? rest_[first] : '\0';
+    form_ = begin == '{' || begin == '[' ? TableForm::ndjson : TableForm::csv;
+    if (begin == '[') {
+        line_ = 0;
+        array_.emplace().Add(std::exchange(rest_, {}), rest_);
+    }
     if (form_ == TableForm::ndjson) {
         known_ = true;
         return true;
@@ -164,6 +182,8 @@ bool TableReader::Next(BatchChunk& chunk)
         rest_.erase(0, whole);
         if (ended_) {
             file_.reset();
+            const bool open = array_ && !array_->closed() && fault_.empty();
+            fault_ = open ? name_ + ": the array is not closed" : fault_;
         }
         if (chunk.lines.empty()) {
             continue;
@@ -178,7 +198,7 @@ bool TableReader::Next(BatchChunk& chunk)
             chunk.members += NextMember(chunk, lines).empty() ? 0 : 1;
         }
         row_ += chunk.members;
-        line_ += LinesOf(chunk.lines);
+        line_ += array_ ? 0 : LinesOf(chunk.lines);
         return true;
     }
     return false;

@@ -1,15 +1,17 @@
 #pragma once
 
-// One table of members as a stream of chunks: CSV or NDJSON in any encoding that spreadsheets
-// write. What is held of it stays small however long it is.
+// One table of members as a stream of chunks: CSV, NDJSON or a JSON array in any encoding that
+// spreadsheets write. What is held of it stays small however long it is.
 
 #include "app/batch.h"
+#include "app/json_array.h"
 #include "app/table_text.h"
 #include "cli/interrupt.h"
 
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -51,6 +53,7 @@ private:
 
     bool ReadBlock();
     void Decode(std::string_view bytes);
+    std::string Append(std::string_view bytes);
     bool SetForm();
     std::size_t WholeMembers() const;
     void Stop(std::string fault);
@@ -67,9 +70,10 @@ private:
     bool unseen_ = false;  // read, but not yet looked through for members
     bool known_ = false;   // whether its form and columns are
     TableForm form_ = TableForm::csv;
-    std::string block_;      // as read
-    std::string rest_;       // decoded and not yet handed out
-    bool dropping_ = false;  // within a line that is too long
+    std::optional<JsonArray> array_;  // of a table that is one
+    std::string block_;               // as read
+    std::string rest_;                // decoded and not yet handed out
+    bool dropping_ = false;           // within a line that is too long
     std::size_t row_ = 1, line_ = 1;
     std::uintmax_t bytes_ = 0;
     std::string fault_;
