@@ -83,6 +83,16 @@ double LossOfFlangesY(const StandardSection& q, bool plastic)
     return plastic ? area * arm : area * arm * arm / (q.h / 2);
 }
 
+// Effective where the outer fibre is compressed.
+Flange FlangeUnder(const StandardSection& q, double n, double my, bool top)
+{
+    const double bending = top ? my * q.above / q.iy : -my * q.below / q.iy;
+    if (n / q.a + bending > 0) {
+        return EffectiveFlange(q, top);
+    }
+    return top ? q.top : q.bottom;
+}
+
 // The bar and the tube carry shear with the whole section.
 bool ShearedWhole(const StandardSection& q)
 {
@@ -180,7 +190,7 @@ ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, dou
         const double sides = q.kind == Kind::channel ? 1 : 2;
         const double width = std::min(weaker.b, sides * 15 * q.eps * weaker.t + q.tw);
         flange = clauses::FlangeShear({width, weaker.t}, q.hw, q.tw, in.spacing, q.fy, q.gammam1,
-                                      std::abs(my), FlangeMoment(p, n));
+                                      std::abs(my), FlangeMoment(p, n, my));
     }
     const double limit = q.webs * clauses::ShearBucklingLimit(q.eta, q.hw, q.tw, q.fy, q.gammam1);
     const double total = std::min({web + flange, limit, plastic});
@@ -211,11 +221,11 @@ ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in)
     return {total, total, true};
 }
 
-double FlangeMoment(const PreparedSection& p, double n)
+double FlangeMoment(const PreparedSection& p, double n, double my)
 {
     const StandardSection& q = p.q;
-    const Flange top = EffectiveFlange(q, true);
-    const Flange bottom = EffectiveFlange(q, false);
+    const Flange top = FlangeUnder(q, n, my, true);
+    const Flange bottom = FlangeUnder(q, n, my, false);
     const double area_top = top.b * top.t;
     const double area_bottom = bottom.b * bottom.t;
     const double arm = q.h - (q.top.t + q.bottom.t) / 2;
@@ -224,11 +234,11 @@ double FlangeMoment(const PreparedSection& p, double n)
     return moment * std::max(0.0, 1 - std::abs(n) / force);
 }
 
-double FlangeAndWebMoment(const PreparedSection& p, double n)
+double FlangeAndWebMoment(const PreparedSection& p, double n, double my)
 {
     const StandardSection& q = p.q;
-    const Flange top = EffectiveFlange(q, true);
-    const Flange bottom = EffectiveFlange(q, false);
+    const Flange top = FlangeUnder(q, n, my, true);
+    const Flange bottom = FlangeUnder(q, n, my, false);
     const double area_top = top.b * top.t;
     const double area_bottom = bottom.b * bottom.t;
     const double web = q.webs * q.tw;

@@ -46,8 +46,9 @@ struct ShearResistance {
 ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, double n, double my);
 ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in);
 
-// EN 1993-1-5, 7.1: moment of the effective flanges, reduced by N, and of flanges and whole web.
-double FlangeMoment(const PreparedSection& p, double n);
-double FlangeAndWebMoment(const PreparedSection& p, double n);
+// EN 1993-1-5, 7.1: moment of the flanges, reduced by N, and of flanges and whole web. A flange
+// that is compressed counts with its effective area, a stretched one as a whole.
+double FlangeMoment(const PreparedSection& p, double n, double my);
+double FlangeAndWebMoment(const PreparedSection& p, double n, double my);
 
 }  // namespace kestrum::standard

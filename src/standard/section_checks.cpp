@@ -212,8 +212,8 @@ void Place::WebAndMoment(double length)
     const double my = std::abs(f_.my);
     const double edge = std::max(q_.above - q_.top.t, q_.below - q_.bottom.t);
     const bool web_compressed = f_.n > 0 && f_.n / q_.a >= my * edge / q_.iy;
-    const double mf = web_compressed ? 0 : FlangeMoment(p_, f_.n);
-    const double mpl = FlangeAndWebMoment(p_, f_.n);
+    const double mf = web_compressed ? 0 : FlangeMoment(p_, f_.n, f_.my);
+    const double mpl = FlangeAndWebMoment(p_, f_.n, f_.my);
     if (eta3 <= 0.5 || my < mf || !(mpl > 0)) {
         return;
     }

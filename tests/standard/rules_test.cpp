@@ -122,6 +122,26 @@ TEST(Rules, LoadsOffTheMemberAreRefused)
     EXPECT_TRUE(Rated(s).rated);
 }
 
+// EN 1993-1-5, 7.1: I 500x300, flanges 8, web 6, S235, V 300 and M 260 all along.
+//   outstand (300 - 6 - 8)/2 = 143: lam = 143/8/(28.4 sqrt 0.43) = 0.95983, rho 0.83779
+//   compressed flange 253.607x8 = 2028.9 mm2, the stretched one 2400, web 484x6
+//   Mf = 2028.9 492 235 = 234.58 kNm; plastic axis 211.07 above the lower flange: Mpl = 337.26 kNm
+//   lam_w = 484/(37.4 6 sqrt 5.34) = 0.93336, Vbw = 0.83/0.93336 235/sqrt 3 2904 = 350.38 kN
+//   eta3 = 0.85622: 260/337.26 + (1 - 234.58/337.26) 0.71244^2 = 0.92546
+TEST(Rules, SlenderWebsCombineMomentAndShear)
+{
+    ProjectState s = Unloaded(5, 235);
+    s.family = 21;
+    s.p21 = {500, 300, 6, 8};
+    s.endstiff = 0;
+    s.webstiff = 0;
+    EndForces(s, 0, 260, 0);
+    s.vz1 = s.vz2 = 300;
+    EXPECT_NEAR(Ratio(s, CheckId::section_mv), 0.92546, 1e-4);
+    s.my1 = s.my2 = 230;  // the flanges alone carry it
+    EXPECT_LT(Ratio(s, CheckId::section_mv), 0);
+}
+
 // 6.3.3: NEd above Ncr,z is a failed check with a ratio. IPE 300, L 8: Ncr,z = pi^2 210 6038/8000^2
 // = 195.5 kN.
 TEST(Rules, AxialForceAboveTheCriticalForceFails)
