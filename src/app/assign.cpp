@@ -339,8 +339,9 @@ std::string AssignSection(const Library& library, ProjectState& s, std::string_v
 std::string UnitDoubt(const ProjectState& s, const FieldRef& ref, float usual)
 {
     const Field& field = *ref.field;
-    const double value = usual != 0 ? NumberOf(s, field, ref.index) : 0;
-    if (std::abs(value) <= usual) {
+    // Its size: the sign may be another one in the record than it was given with.
+    const double value = usual != 0 ? std::abs(NumberOf(s, field, ref.index)) : 0;
+    if (value <= usual) {
         return {};
     }
     const std::string unit(field.unit);

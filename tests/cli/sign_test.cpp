@@ -56,6 +56,12 @@ TEST_F(Sign, OfCommandsLeavesTheProjectAsItIs)
     EXPECT_THAT(Kestrum("dump --inputs a.kst").out, HasSubstr("\"nload\": [30, -7, 0]"));
 }
 
+TEST_F(Sign, IsNotThatOfADoubtAboutTheUnit)
+{
+    const Said said = Kestrum("new --sign tension+ --set 'nload[1]=123456'");
+    EXPECT_THAT(said.err, HasSubstr("nload[1]: is 123456 kN meant? The unit is kN"));
+}
+
 TEST_F(Sign, HasTwoWords)
 {
     const Said said = Kestrum("batch --sign plus t.csv");
