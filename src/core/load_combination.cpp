@@ -10,13 +10,13 @@ namespace kestrum {
 
 namespace {
 
-struct AnnexFactors {
+struct FactorsOfAnnex {
     double g610g, g610q1, g610q2;
     double g610ag, g610aq1, g610aq2;
     double g610bg, xi;
 };
 
-constexpr std::array<AnnexFactors, kAnnexes> kFactors{{
+constexpr std::array<FactorsOfAnnex, kAnnexes> kFactors{{
     {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.85},   // EU
     {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.89},   // NO
     {1.35, 1.5, 1.5, 1.35, 0.0, 0.0, 1.35, 0.89},   // SW
@@ -125,7 +125,7 @@ void ApplyAnnexLoads(ProjectState& s, int annexindex)
     if (annexindex < 0 || annexindex >= kAnnexes) {
         return;
     }
-    const AnnexFactors& f = kFactors[static_cast<std::size_t>(annexindex)];
+    const FactorsOfAnnex& f = kFactors[static_cast<std::size_t>(annexindex)];
     s.g610g = static_cast<float>(f.g610g);
     s.g610q1 = static_cast<float>(f.g610q1);
     s.g610q2 = static_cast<float>(f.g610q2);

@@ -138,7 +138,7 @@ bool AngleFactors(ProjectState& s)
 //
 // Deviation D230: the terms have no additional moment NEd eN of class 4; Eq (6.61) and (6.62) add
 // it where the effective section shifts the centroid.
-void BeamColumn(ProjectState& s, bool lateral, const Resistances& resistance)
+void BeamColumn(ProjectState& s, bool lateral, const MomentResistances& resistance)
 {
     StartStage(s);
     if (lateral) {

@@ -117,7 +117,7 @@ void PlaceSegment(const ProjectState& s, ResultRow& row)
     }
 }
 
-void AddMomentTerms(const ProjectState& s, const Axis& axis, const Resistances& resistance,
+void AddMomentTerms(const ProjectState& s, const Axis& axis, const MomentResistances& resistance,
                     bool equals)
 {
     if (!axis.buckles) {
@@ -171,13 +171,13 @@ void AxialRows(ProjectState& s)
     }
 }
 
-void AddMomentTerms(ProjectState& s, const Resistances& resistance, bool equals)
+void AddMomentTerms(ProjectState& s, const MomentResistances& resistance, bool equals)
 {
     AddMomentTerms(s, AxisY(s), resistance, equals);
     AddMomentTerms(s, AxisZ(s), resistance, equals);
 }
 
-void BendingRows(ProjectState& s, const Resistances& resistance)
+void BendingRows(ProjectState& s, const MomentResistances& resistance)
 {
     const double my = std::abs(s.mydesign);
     for (const Axis& axis : {AxisY(s), AxisZ(s)}) {

@@ -9,7 +9,7 @@
 namespace kestrum {
 
 // Resistances of the moment terms, kNm, with gammaM1.
-struct Resistances {
+struct MomentResistances {
     double my, mz;
 };
 
@@ -26,10 +26,10 @@ void AxialRows(ProjectState& s);
 // The moment terms of 6.3.3 behind the axial ones. `equals`: the calculation ends in "=".
 // Deviation D236: an axis without buckling has no row here either; Eq (6.61) and (6.62) still hold
 // for it with chi = 1 and combine the axial force with lateral torsional buckling.
-void AddMomentTerms(ProjectState& s, const Resistances& resistance, bool equals);
+void AddMomentTerms(ProjectState& s, const MomentResistances& resistance, bool equals);
 
 // Bending about both axes without axial force; the length factors are not asked.
-void BendingRows(ProjectState& s, const Resistances& resistance);
+void BendingRows(ProjectState& s, const MomentResistances& resistance);
 
 // Axial force and My of a flat bar, Eq (6.61), (6.62).
 void FlatBarRows(ProjectState& s);

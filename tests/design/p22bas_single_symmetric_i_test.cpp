@@ -164,12 +164,12 @@ TEST(SingleSymmetricI, EqualFlangesAreTheDoubleSymmetricSection)
     near(s.ncrd, twin.ncrd, 1e-6);
     near(s.vzrd, twin.vzrd, 1e-6);
     near(s.vyrd, twin.vyrd, 1e-6);
-    const welded::Forces cases[] = {{0, 500, 100, 1500, 300},
-                                    {900, 500, 100, 200, 30},
-                                    {-900, 500, 0, 200, 0},
-                                    {900, 0, 100, 0, 3000},
-                                    {2500, -700, 80, 2000, 50}};
-    for (const welded::Forces& f : cases) {
+    const welded::SectionForces cases[] = {{0, 500, 100, 1500, 300},
+                                           {900, 500, 100, 200, 30},
+                                           {-900, 500, 0, 200, 0},
+                                           {900, 0, 100, 0, 3000},
+                                           {2500, -700, 80, 2000, 50}};
+    for (const welded::SectionForces& f : cases) {
         welded::Control(s, f);
         welded::SetForces(twin, f);
         ControlRolledI(twin);

@@ -43,11 +43,11 @@ inline kestrum::ProjectState Prepared(int family)
 }
 
 // One check section at x = 0; kN, kNm.
-struct Forces {
+struct SectionForces {
     double n, my, mz, vz, vy;
 };
 
-inline void SetForces(kestrum::ProjectState& s, const Forces& f)
+inline void SetForces(kestrum::ProjectState& s, const SectionForces& f)
 {
     s.ned = f.n;
     s.npts = 0;
@@ -58,7 +58,7 @@ inline void SetForces(kestrum::ProjectState& s, const Forces& f)
     s.vysec[0] = f.vy;
 }
 
-inline void Control(kestrum::ProjectState& s, const Forces& f)
+inline void Control(kestrum::ProjectState& s, const SectionForces& f)
 {
     SetForces(s, f);
     switch (s.family) {

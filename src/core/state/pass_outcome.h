@@ -1,0 +1,21 @@
+#pragma once
+
+// How the last pass ended.
+
+#include "core/dropped_loads.h"
+#include "core/failure.h"
+#include "core/state/types.h"
+
+namespace kestrum {
+
+struct PassOutcome {
+    bool operator==(const PassOutcome&) const = default;
+
+    i16 errorflag;          // 0, or -1: the axial force exceeds an elastic critical force
+    bool calculationerror;  // the pass ended in the one message
+    bool flangeoverload;    // the pass has switched the flange loading off (family 24, 25)
+    Failure failure;        // why it ended so; the step that runs while a pass is on its way
+    DroppedLoads dropped;   // loads that were emptied; outlives a pass
+};
+
+}  // namespace kestrum
