@@ -10,24 +10,15 @@
 #include "core/state/annex_factors.h"
 #include "core/state/forces.h"
 #include "core/state/identification.h"
-#include "core/state/load_inputs.h"
-#include "core/state/member_inputs.h"
+#include "core/state/inputs.h"
 #include "core/state/pass_outcome.h"
 #include "core/state/resistances.h"
 #include "core/state/section_checks.h"
-#include "core/state/section_forms.h"
 #include "core/state/section_record.h"
 #include "core/state/service.h"
-#include "core/state/settings.h"
 #include "core/state/stability.h"
 
 namespace kestrum {
-
-// What the user gives. A pass overwrites some of it, as it must: loads that a family cannot take,
-// factors and strengths that follow from annex and thickness.
-struct Inputs : Settings, MemberInputs, LoadInputs, SectionForms {
-    bool operator==(const Inputs&) const = default;
-};
 
 // What a pass finds.
 struct Results : AnnexFactors,
