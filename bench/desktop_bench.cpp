@@ -21,6 +21,7 @@ namespace {
 class Silent final : public Surroundings {
 public:
     Answer Ask(std::string_view) override { return Answer::cancel; }
+    DiskAnswer AskAboutDisk(std::string_view) override { return DiskAnswer::later; }
     void Warn(std::string_view) override {}
     std::optional<std::string> ChooseFileToOpen(const std::string&) override { return {}; }
     std::optional<std::string> ChooseFileToSave(const std::string&, const std::string&) override

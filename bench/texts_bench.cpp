@@ -67,8 +67,8 @@ void ReportDrawn(benchmark::State& run,
     ProjectState s = AllRows();
     s.family = 6;  // with vortex shedding
     Calculate(Delivered(), s);
-    CalcVortexFrequency(s);
-    CalcVortex(s);
+    CalcVortexFrequency(s, s, s);
+    CalcVortex(s, s, s);
     const PrintStamp stamp{"2024-05-17", "14:05"};
     for ([[maybe_unused]] auto _ : run) {
         benchmark::DoNotOptimize(print(Delivered(), s, stamp));

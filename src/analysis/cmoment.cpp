@@ -16,25 +16,25 @@ namespace kestrum {
 namespace {
 
 // Whether loads bend the member about y and about z.
-void MarkLoadedAxes(ProjectState& s, const LoadTable& table)
+void MarkLoadedAxes(const Inputs& in, Forces& forces, const LoadTable& table)
 {
-    s.hasyloads = kFalse;
-    s.haszloads = kFalse;
+    forces.hasyloads = kFalse;
+    forces.haszloads = kFalse;
     for (int i = 0; i < table.count; ++i) {
         const ActingLoad& load = table.load[static_cast<std::size_t>(i)];
-        if (load.checked || s.loadcomb != kBasicLoads) {
-            s.hasyloads = load.axis == BendingAxis::y ? kTrue : s.hasyloads;
-            s.haszloads = load.axis == BendingAxis::z ? kTrue : s.haszloads;
+        if (load.checked || in.loadcomb != kBasicLoads) {
+            forces.hasyloads = load.axis == BendingAxis::y ? kTrue : forces.hasyloads;
+            forces.haszloads = load.axis == BendingAxis::z ? kTrue : forces.haszloads;
         }
     }
 }
 
 // From E I d [kNm3] to d [mm]. Without a section there are forces only; a section without
 // stiffness fails.
-double DeflectionScale(const ProjectState& s, float inertia)
+double DeflectionScale(const Inputs& in, float inertia)
 {
     constexpr double kUnits = 1e12;  // kNm3 = 1e12 Nmm3
-    return Is(s, Kind::none) ? 0 : kUnits / (static_cast<double>(s.e) * inertia);
+    return Is(in, Kind::none) ? 0 : kUnits / (static_cast<double>(in.e) * inertia);
 }
 
 // Lines of one axis, factored and summed.
@@ -58,32 +58,33 @@ void StoreSingle(const std::array<double, N>& sum, std::array<float, N>& line)
 }
 
 // Axial force and the sum of uniform loads.
-void CombineSums(ProjectState& s, const LoadFactors& strength, bool checkedonly)
+void CombineSums(const Inputs& in, Forces& forces, const LoadFactors& strength, bool checkedonly)
 {
-    s.ned = 0;
+    forces.ned = 0;
     for (std::size_t k = 1; k <= 3; ++k) {
-        if (s.nchecked[k] != 0 || !checkedonly) {
-            s.ned += FactorOf(strength, CategoryOf(s.ntype[k])) * s.nload[k];
+        if (in.nchecked[k] != 0 || !checkedonly) {
+            forces.ned += FactorOf(strength, CategoryOf(in.ntype[k])) * in.nload[k];
         }
     }
-    s.qsum = 0;
+    forces.qsum = 0;
     for (std::size_t k = 0; k <= 4; ++k) {
-        if (s.qchecked[k] != 0 || !checkedonly) {
-            s.qsum += FactorOf(strength, s.qtype[k]) * s.qload[k];
+        if (in.qchecked[k] != 0 || !checkedonly) {
+            forces.qsum += FactorOf(strength, in.qtype[k]) * in.qload[k];
         }
     }
 }
 
 // Forces and deflections of the combination 0, 1, 2, 4 or 5; any other combines nothing.
-void Combine(ProjectState& s, const LoadTable& table, int loadcomb)
+void Combine(const Inputs& in, const AnnexFactors& annex, const SectionRecord& section,
+             Forces& forces, const LoadTable& table, int loadcomb)
 {
-    const LoadFactors strength = StrengthFactors(s, loadcomb);
-    const LoadFactors service = ServiceFactors(s, loadcomb);
+    const LoadFactors strength = StrengthFactors(in, annex, loadcomb);
+    const LoadFactors service = ServiceFactors(in, loadcomb);
     const bool checkedonly = loadcomb == kBasicLoads;
-    CombineSums(s, strength, checkedonly);
+    CombineSums(in, forces, strength, checkedonly);
 
     Sums y, z;
-    const double scaley = DeflectionScale(s, s.iy), scalez = DeflectionScale(s, s.iz);
+    const double scaley = DeflectionScale(in, section.iy), scalez = DeflectionScale(in, section.iz);
     for (int i = 0; i < table.count; ++i) {
         const ActingLoad& load = table.load[static_cast<std::size_t>(i)];
         if ((checkedonly && !load.checked) || load.axis == BendingAxis::none) {
@@ -98,23 +99,23 @@ void Combine(ProjectState& s, const LoadTable& table, int loadcomb)
         const double scale = load.axis == BendingAxis::y ? scaley : scalez;
         AddFactored(sums.d, FactorOf(service, load.category) * scale, load.lines.d);
     }
-    StoreSingle(y.m, s.mydiag);
-    StoreSingle(y.v, s.vzdiag);
-    StoreSingle(y.d, s.dzdiag);
-    s.mysec = y.msec;
-    s.vzsec = y.vsec;
-    StoreSingle(z.m, s.mzdiag);
-    StoreSingle(z.v, s.vydiag);
-    StoreSingle(z.d, s.dydiag);
-    StoreSingle(z.msec, s.mzsec);
-    s.vysec = z.vsec;
+    StoreSingle(y.m, forces.mydiag);
+    StoreSingle(y.v, forces.vzdiag);
+    StoreSingle(y.d, forces.dzdiag);
+    forces.mysec = y.msec;
+    forces.vzsec = y.vsec;
+    StoreSingle(z.m, forces.mzdiag);
+    StoreSingle(z.v, forces.vydiag);
+    StoreSingle(z.d, forces.dydiag);
+    StoreSingle(z.msec, forces.mzsec);
+    forces.vysec = z.vsec;
 }
 
 void CombineAndSearch(ProjectState& s, const LoadTable& table, int loadcomb)
 {
-    Combine(s, table, loadcomb);
-    FindExtremes(s);
-    SetDesignMoments(s);
+    Combine(s, s, s, s, table, loadcomb);
+    FindExtremes(s, s);
+    SetDesignMoments(s, s);
 }
 
 // The largest utilisation of section and member in a combination.
@@ -150,138 +151,138 @@ void CombineGoverning(ProjectState& s, const LoadTable& table, void (*control)(P
     CombineAndSearch(s, table, s.governing == 1 ? kEq610a : kEq610b);
 }
 
-void ClearAxialLoads(ProjectState& s)
+void ClearAxialLoads(LoadInputs& loads, PassOutcome& outcome)
 {
     for (std::size_t k = 1; k <= 3; ++k) {
-        if (s.nload[k] != 0) {
-            NoteDropped(s, {.field = "nload",
-                            .row = static_cast<i16>(k),
-                            .value = s.nload[k],
-                            .category = KeptNumber(s.ntype[k])});
+        if (loads.nload[k] != 0) {
+            NoteDropped(outcome, {.field = "nload",
+                                  .row = static_cast<i16>(k),
+                                  .value = loads.nload[k],
+                                  .category = KeptNumber(loads.ntype[k])});
         }
     }
-    s.nload = {};
+    loads.nload = {};
 }
 
-void NoteUniform(ProjectState& s, std::size_t k)
+void NoteUniform(const Inputs& in, PassOutcome& outcome, std::size_t k)
 {
-    if (s.qload[k] != 0) {
-        NoteDropped(s, {.field = "qload",
-                        .row = static_cast<i16>(k),
-                        .value = s.qload[k],
-                        .category = s.qtype[k],
-                        .direction = s.qdir[k]});
+    if (in.qload[k] != 0) {
+        NoteDropped(outcome, {.field = "qload",
+                              .row = static_cast<i16>(k),
+                              .value = in.qload[k],
+                              .category = in.qtype[k],
+                              .direction = in.qdir[k]});
     }
 }
 
-void ClearTransverseLoads(ProjectState& s)
+void ClearTransverseLoads(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
 {
     for (std::size_t k = 1; k <= 4; ++k) {
-        NoteUniform(s, k);
+        NoteUniform(in, outcome, k);
     }
     for (std::size_t k = 1; k <= 3; ++k) {
-        NoteDroppedTrapezoid(s, k, DropReason::family);
+        NoteDroppedTrapezoid(in, outcome, k, DropReason::family);
     }
     for (std::size_t k = 1; k <= 8; ++k) {
-        NoteDroppedPoint(s, k, DropReason::family);
+        NoteDroppedPoint(in, outcome, k, DropReason::family);
     }
-    std::fill(s.qload.begin() + 1, s.qload.end(), 0.0F);
-    s.qt1 = s.qt2 = s.qtx1 = s.qtx2 = {};
-    s.pm = s.pmx = {};
+    std::fill(loads.qload.begin() + 1, loads.qload.end(), 0.0F);
+    loads.qt1 = loads.qt2 = loads.qtx1 = loads.qtx2 = {};
+    loads.pm = loads.pmx = {};
 }
 
-void ClearLoadsAboutZ(ProjectState& s)
+void ClearLoadsAboutZ(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
 {
     for (std::size_t k = 1; k <= 4; ++k) {
-        if (s.qdir[k] == 0) {
-            NoteUniform(s, k);
-            s.qload[k] = 0;
+        if (loads.qdir[k] == 0) {
+            NoteUniform(in, outcome, k);
+            loads.qload[k] = 0;
         }
-        s.qdir[k] = 1;
+        loads.qdir[k] = 1;
     }
     for (std::size_t k = 1; k <= 3; ++k) {
-        if (s.qtdir[k] == 0) {
-            NoteDroppedTrapezoid(s, k, DropReason::family);
-            s.qt1[k] = s.qt2[k] = 0;
-            s.qtdir[k] = 1;
+        if (loads.qtdir[k] == 0) {
+            NoteDroppedTrapezoid(in, outcome, k, DropReason::family);
+            loads.qt1[k] = loads.qt2[k] = 0;
+            loads.qtdir[k] = 1;
         }
     }
     for (std::size_t k = 1; k <= 8; ++k) {
-        if (s.pmdir[k] == 0) {
-            NoteDroppedPoint(s, k, DropReason::family);
-            s.pm[k] = s.pmx[k] = 0;
-            s.pmtype[k] = 0;
-            s.pmdir[k] = 1;
+        if (loads.pmdir[k] == 0) {
+            NoteDroppedPoint(in, outcome, k, DropReason::family);
+            loads.pm[k] = loads.pmx[k] = 0;
+            loads.pmtype[k] = 0;
+            loads.pmdir[k] = 1;
         }
     }
 }
 
 }  // namespace
 
-void MakeCheckSections(ProjectState& s)
+void MakeCheckSections(const Inputs& in, Forces& forces)
 {
-    const double l = s.l;
-    s.xi = {};
-    if (s.cpmode == 1) {
-        const std::size_t count = s.cpcount == 1 ? 1 : s.cpcount == 2 ? 2 : 3;
+    const double l = in.l;
+    forces.xi = {};
+    if (in.cpmode == 1) {
+        const std::size_t count = in.cpcount == 1 ? 1 : in.cpcount == 2 ? 2 : 3;
         for (std::size_t k = 0; k < count; ++k) {
-            s.xi[k] = F32(s.cp[k + 1] / l);
+            forces.xi[k] = F32(in.cp[k + 1] / l);
         }
-        s.npts = static_cast<i16>(count - 1);
+        forces.npts = static_cast<i16>(count - 1);
         return;
     }
     std::size_t last = 10;
     for (std::size_t k = 0; k <= last; ++k) {
-        s.xi[k] = F32(static_cast<double>(k) / 10);
+        forces.xi[k] = F32(static_cast<double>(k) / 10);
     }
     for (std::size_t k = 1; k <= 8; ++k) {
-        if (s.pmx[k] != 0 && s.pmx[k] != s.l) {  // the step lies between the two
-            s.xi[++last] = F32(0.999 * s.pmx[k] / l);
-            s.xi[++last] = F32(1.001 * s.pmx[k] / l);
+        if (in.pmx[k] != 0 && in.pmx[k] != in.l) {  // the step lies between the two
+            forces.xi[++last] = F32(0.999 * in.pmx[k] / l);
+            forces.xi[++last] = F32(1.001 * in.pmx[k] / l);
         }
     }
-    s.npts = static_cast<i16>(last);
+    forces.npts = static_cast<i16>(last);
 }
 
-void ClearInvalidLoads(ProjectState& s)
+void ClearInvalidLoads(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
 {
-    OpenDropped(s);
-    const Actions& carried = Traits(s).carries.loads;
+    OpenDropped(in, outcome);
+    const Actions& carried = Traits(in).carries.loads;
     if (!carried.n) {
-        ClearAxialLoads(s);
+        ClearAxialLoads(loads, outcome);
     }
     if (!carried.y) {
-        ClearTransverseLoads(s);
+        ClearTransverseLoads(in, loads, outcome);
     } else if (!carried.z) {
-        ClearLoadsAboutZ(s);
+        ClearLoadsAboutZ(in, loads, outcome);
     }
-    CloseDropped(s);
+    CloseDropped(in, outcome);
 }
 
-void SetSelfweight(ProjectState& s)
+void SetSelfweight(LoadInputs& loads, const SectionRecord& section)
 {
     constexpr double kWeightOfMass = 0.01;  // kN per kg, D103
-    const bool included = s.selfweight == 1;
-    s.qload[0] = included ? F32(s.weight * kWeightOfMass) : 0;
-    s.qchecked[0] = included ? kTrue : kFalse;
+    const bool included = loads.selfweight == 1;
+    loads.qload[0] = included ? F32(section.weight * kWeightOfMass) : 0;
+    loads.qchecked[0] = included ? kTrue : kFalse;
     if (included) {
-        s.qdir[0] = 1;
-        s.qtype[0] = 0;
+        loads.qdir[0] = 1;
+        loads.qtype[0] = 0;
     }
 }
 
 void CalcMember(ProjectState& s, void (*control)(ProjectState&))
 {
-    MakeCheckSections(s);
+    MakeCheckSections(s, s);
     if (s.loadmode != 1) {
-        CalcEndForceMode(s);
+        CalcEndForceMode(s, s, s, s, s);
         return;
     }
-    ClearInvalidLoads(s);
-    SetSelfweight(s);
+    ClearInvalidLoads(s, s, s);
+    SetSelfweight(s, s);
     LoadTable table;
-    FillTable(s, SpanOf(s), table);
-    MarkLoadedAxes(s, table);
+    FillTable(s, SpanOf(s, s), table);
+    MarkLoadedAxes(s, s, table);
     if (s.loadcomb == kEq610ab) {
         CombineGoverning(s, table, control);
     } else {

@@ -18,18 +18,18 @@ void CalcMember(ProjectState& s, void (*control)(ProjectState&));
 //
 // Deviation D109: eleven even points and a pair at each point load, or the user's own points, are
 // controlled; EN 1993-1-1, 6.2.1 (1) asks for every cross-section.
-void MakeCheckSections(ProjectState& s);
+void MakeCheckSections(const Inputs& in, Forces& forces);
 
 // Removes what the family cannot carry.
 //
 // Deviation D106: a T section (26) carries entered axial forces only, HSQ beams, boxes of unequal
 // flanges and stiffened plates bending about y only, a flat bar no bending about z; EN 1993-1-1,
 // 6.2.9 knows no such limit. The rows are emptied, so that they show what has been calculated.
-void ClearInvalidLoads(ProjectState& s);
+void ClearInvalidLoads(const Inputs& in, LoadInputs& loads, PassOutcome& outcome);
 
 // Row 0 of the uniform loads.
 //
 // Deviation D103: 1 kg/m weighs 0.01 kN/m; EN 1991-1-1, 5.1 with g = 9.81 m/s2 gives 0.00981.
-void SetSelfweight(ProjectState& s);
+void SetSelfweight(LoadInputs& loads, const SectionRecord& section);
 
 }  // namespace kestrum

@@ -11,19 +11,19 @@ namespace kestrum {
 
 namespace {
 
-void ClearInvalidEndForces(ProjectState& s)
+void ClearInvalidEndForces(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
 {
-    const Actions& takes = Traits(s).carries.loads;
-    const Actions& carried = Traits(s).carries.ends;
-    OpenDropped(s);
-    NoteDroppedEndForces(s, !takes.n, !takes.y, !takes.z);
+    const Actions& takes = Traits(in).carries.loads;
+    const Actions& carried = Traits(in).carries.ends;
+    OpenDropped(in, outcome);
+    NoteDroppedEndForces(in, outcome, !takes.n, !takes.y, !takes.z);
     if (!carried.y) {
-        s.my1 = s.my2 = s.vz1 = s.vz2 = 0;
+        loads.my1 = loads.my2 = loads.vz1 = loads.vz2 = 0;
     }
     if (!carried.z) {
-        s.mz1 = s.mz2 = s.vy1 = s.vy2 = 0;
+        loads.mz1 = loads.mz2 = loads.vy1 = loads.vy2 = 0;
     }
-    CloseDropped(s);
+    CloseDropped(in, outcome);
 }
 
 void FillDiagram(std::array<float, kDiagramPoints>& line, double end1, double end2)
@@ -34,12 +34,12 @@ void FillDiagram(std::array<float, kDiagramPoints>& line, double end1, double en
 }
 
 template <class T>
-void FillSections(const ProjectState& s, std::array<T, kCheckSections>& sections, double end1,
+void FillSections(const Forces& forces, std::array<T, kCheckSections>& sections, double end1,
                   double end2)
 {
     sections = {};
-    for (std::size_t k = 0; k <= static_cast<std::size_t>(s.npts); ++k) {
-        sections[k] = static_cast<T>((end2 - end1) * s.xi[k] + end1);
+    for (std::size_t k = 0; k <= static_cast<std::size_t>(forces.npts); ++k) {
+        sections[k] = static_cast<T>((end2 - end1) * forces.xi[k] + end1);
     }
 }
 
@@ -55,36 +55,38 @@ double Lowest(const std::array<float, kDiagramPoints>& line)
 
 }  // namespace
 
-void CalcEndForceMode(ProjectState& s)
+void CalcEndForceMode(const Inputs& in, LoadInputs& loads, Forces& forces, Stability& stability,
+                      PassOutcome& outcome)
 {
-    ClearInvalidEndForces(s);
-    FillSections(s, s.mysec, s.my1, s.my2);
-    FillSections(s, s.mzsec, s.mz1, s.mz2);
-    FillSections(s, s.vzsec, s.vz1, s.vz2);
-    FillSections(s, s.vysec, s.vy1, s.vy2);
-    FillDiagram(s.mydiag, s.my1, s.my2);
-    FillDiagram(s.mzdiag, s.mz1, s.mz2);
-    FillDiagram(s.vzdiag, s.vz1, s.vz2);
-    FillDiagram(s.vydiag, s.vy1, s.vy2);
+    ClearInvalidEndForces(in, loads, outcome);
+    FillSections(forces, forces.mysec, loads.my1, loads.my2);
+    FillSections(forces, forces.mzsec, loads.mz1, loads.mz2);
+    FillSections(forces, forces.vzsec, loads.vz1, loads.vz2);
+    FillSections(forces, forces.vysec, loads.vy1, loads.vy2);
+    FillDiagram(forces.mydiag, loads.my1, loads.my2);
+    FillDiagram(forces.mzdiag, loads.mz1, loads.mz2);
+    FillDiagram(forces.vzdiag, loads.vz1, loads.vz2);
+    FillDiagram(forces.vydiag, loads.vy1, loads.vy2);
 
-    s.mymax = Highest(s.mydiag, 0);
-    s.mymin = Lowest(s.mydiag);
-    s.mzmax = Highest(s.mzdiag, 0);
-    s.mzmin = Lowest(s.mzdiag);
-    s.vzmax = Highest(s.vzdiag, s.vzdiag[0]);  // the highest shear may be negative here
-    s.vzmin = Lowest(s.vzdiag);
-    s.vymax = Highest(s.vydiag, s.vydiag[0]);
-    s.vymin = Lowest(s.vydiag);
+    forces.mymax = Highest(forces.mydiag, 0);
+    forces.mymin = Lowest(forces.mydiag);
+    forces.mzmax = Highest(forces.mzdiag, 0);
+    forces.mzmin = Lowest(forces.mzdiag);
+    forces.vzmax =
+        Highest(forces.vzdiag, forces.vzdiag[0]);  // the highest shear may be negative here
+    forces.vzmin = Lowest(forces.vzdiag);
+    forces.vymax = Highest(forces.vydiag, forces.vydiag[0]);
+    forces.vymin = Lowest(forces.vydiag);
 
-    SetQuarterPoints(s);
-    SetEndRatios(s);
-    SetZeroCrossings(s);
-    SetLargestMoments(s);
-    s.ned = Traits(s).carries.ends.n ? s.ne : 0;
-    s.qsum = 0;
-    s.hasyloads = kTrue;
-    s.haszloads = kTrue;
-    SetDesignMoments(s);
+    SetQuarterPoints(forces);
+    SetEndRatios(forces);
+    SetZeroCrossings(in, forces);
+    SetLargestMoments(forces);
+    forces.ned = Traits(in).carries.ends.n ? loads.ne : 0;
+    forces.qsum = 0;
+    forces.hasyloads = kTrue;
+    forces.haszloads = kTrue;
+    SetDesignMoments(forces, stability);
 }
 
 }  // namespace kestrum

@@ -41,11 +41,11 @@ Extremes ExtremesOf(const Diagram& line)
 }
 
 template <class Sections>
-Extremes ExtremesOf(const ProjectState& s, const Diagram& line, const Sections& sections)
+Extremes ExtremesOf(const Forces& forces, const Diagram& line, const Sections& sections)
 {
     Extremes e = ExtremesOf(line);
-    for (std::size_t k = 0; k <= static_cast<std::size_t>(s.npts); ++k) {
-        Take(e, sections[k], s.xi[k]);
+    for (std::size_t k = 0; k <= static_cast<std::size_t>(forces.npts); ++k) {
+        Take(e, sections[k], forces.xi[k]);
     }
     return e;
 }
@@ -160,100 +160,100 @@ bool CurvedHalf(const Diagram& m, Half half)
     return !(value > chord - width && value < chord + width);  // a level line counts as curved
 }
 
-void SetDesignMoments(ProjectState& s)
+void SetDesignMoments(Forces& forces, Stability& stability)
 {
-    s.mydesign = std::abs(s.mymax) > std::abs(s.mymin) ? s.mymax : s.mymin;
-    s.mydesignf = F32(s.mydesign);
-    s.mzdesign = F32(LargerSize(s.mzmax, s.mzmin));
+    forces.mydesign = std::abs(forces.mymax) > std::abs(forces.mymin) ? forces.mymax : forces.mymin;
+    stability.mydesignf = F32(forces.mydesign);
+    forces.mzdesign = F32(LargerSize(forces.mzmax, forces.mzmin));
 }
 
-void SetQuarterPoints(ProjectState& s)
+void SetQuarterPoints(Forces& forces)
 {
-    const Points y = PointsOf(s.mydiag), z = PointsOf(s.mzdiag);
-    s.my0 = y.start;
-    s.myq1 = y.q1;
-    s.mymid = y.mid;
-    s.myq3 = y.q3;
-    s.myl = y.end;
-    s.mz0 = z.start;
-    s.mzq1 = z.q1;
-    s.mzmid = z.mid;
-    s.mzq3 = z.q3;
-    s.mzl = z.end;
+    const Points y = PointsOf(forces.mydiag), z = PointsOf(forces.mzdiag);
+    forces.my0 = y.start;
+    forces.myq1 = y.q1;
+    forces.mymid = y.mid;
+    forces.myq3 = y.q3;
+    forces.myl = y.end;
+    forces.mz0 = z.start;
+    forces.mzq1 = z.q1;
+    forces.mzmid = z.mid;
+    forces.mzq3 = z.q3;
+    forces.mzl = z.end;
 }
 
-void SetZeroCrossings(ProjectState& s)
+void SetZeroCrossings(const Inputs& in, Forces& forces)
 {
-    s.x0my1 = s.x0my2 = s.x0mz1 = s.x0mz2 = 0;
+    forces.x0my1 = forces.x0my2 = forces.x0mz1 = forces.x0mz2 = 0;
     const bool restrained =
-        s.supportcase == SupportCase::pinned_fixed || s.supportcase == SupportCase::fixed ||
-        s.supportcase == SupportCase::springs || s.supportcase == SupportCase::pinned_spring;
+        in.supportcase == SupportCase::pinned_fixed || in.supportcase == SupportCase::fixed ||
+        in.supportcase == SupportCase::springs || in.supportcase == SupportCase::pinned_spring;
     if (restrained) {
-        s.x0my1 = ZeroCrossing(s.mydiag, 0, 25);
-        s.x0my2 = ZeroCrossing(s.mydiag, 25, 49);
-        s.x0mz1 = ZeroCrossing(s.mzdiag, 0, 25);
-        s.x0mz2 = ZeroCrossing(s.mzdiag, 25, 49);
+        forces.x0my1 = ZeroCrossing(forces.mydiag, 0, 25);
+        forces.x0my2 = ZeroCrossing(forces.mydiag, 25, 49);
+        forces.x0mz1 = ZeroCrossing(forces.mzdiag, 0, 25);
+        forces.x0mz2 = ZeroCrossing(forces.mzdiag, 25, 49);
     }
 }
 
-void SetEndRatios(ProjectState& s)
+void SetEndRatios(Forces& forces)
 {
-    s.psiy = EndRatio(s.my0, s.myl);
-    s.psiz = EndRatio(s.mz0, s.mzl);
+    forces.psiy = EndRatio(forces.my0, forces.myl);
+    forces.psiz = EndRatio(forces.mz0, forces.mzl);
 }
 
-void SetLargestMoments(ProjectState& s)
+void SetLargestMoments(Forces& forces)
 {
-    s.mymaxabs = LargerSize(s.mymax, s.mymin);
-    s.mzmaxabs = LargerSize(s.mzmax, s.mzmin);
+    forces.mymaxabs = LargerSize(forces.mymax, forces.mymin);
+    forces.mzmaxabs = LargerSize(forces.mzmax, forces.mzmin);
 }
 
-void FindExtremes(ProjectState& s)
+void FindExtremes(const Inputs& in, Forces& forces)
 {
-    const Extremes my = ExtremesOf(s, s.mydiag, s.mysec);
-    s.mymax = my.max;
-    s.mymin = my.min;
-    s.xmymax = my.xmax;
-    s.xmymin = my.xmin;
-    const Extremes mz = ExtremesOf(s, s.mzdiag, s.mzsec);
-    s.mzmax = mz.max;
-    s.mzmin = mz.min;
-    s.xmzmax = mz.xmax;
-    s.xmzmin = mz.xmin;
-    const Extremes vz = ExtremesOf(s, s.vzdiag, s.vzsec);
-    s.vzmax = vz.max;
-    s.vzmin = vz.min;
-    s.xvzmax = vz.xmax;
-    s.xvzmin = vz.xmin;
-    const Extremes vy = ExtremesOf(s, s.vydiag, s.vysec);
-    s.vymax = vy.max;
-    s.vymin = vy.min;
-    s.xvymax = vy.xmax;
-    s.xvymin = vy.xmin;
-    const Extremes dz = ExtremesOf(s.dzdiag), dy = ExtremesOf(s.dydiag);
-    s.dzmax = dz.max;
-    s.dzmin = dz.min;
-    s.dymax = dy.max;
-    s.dymin = dy.min;
+    const Extremes my = ExtremesOf(forces, forces.mydiag, forces.mysec);
+    forces.mymax = my.max;
+    forces.mymin = my.min;
+    forces.xmymax = my.xmax;
+    forces.xmymin = my.xmin;
+    const Extremes mz = ExtremesOf(forces, forces.mzdiag, forces.mzsec);
+    forces.mzmax = mz.max;
+    forces.mzmin = mz.min;
+    forces.xmzmax = mz.xmax;
+    forces.xmzmin = mz.xmin;
+    const Extremes vz = ExtremesOf(forces, forces.vzdiag, forces.vzsec);
+    forces.vzmax = vz.max;
+    forces.vzmin = vz.min;
+    forces.xvzmax = vz.xmax;
+    forces.xvzmin = vz.xmin;
+    const Extremes vy = ExtremesOf(forces, forces.vydiag, forces.vysec);
+    forces.vymax = vy.max;
+    forces.vymin = vy.min;
+    forces.xvymax = vy.xmax;
+    forces.xvymin = vy.xmin;
+    const Extremes dz = ExtremesOf(forces.dzdiag), dy = ExtremesOf(forces.dydiag);
+    forces.dzmax = dz.max;
+    forces.dzmin = dz.min;
+    forces.dymax = dy.max;
+    forces.dymin = dy.min;
 
-    SetQuarterPoints(s);
-    SetZeroCrossings(s);
-    SetLargestMoments(s);
-    s.dzmaxabs = LargerSize(s.dzmax, s.dzmin);
-    s.dymaxabs = LargerSize(s.dymax, s.dymin);
-    SetEndRatios(s);
+    SetQuarterPoints(forces);
+    SetZeroCrossings(in, forces);
+    SetLargestMoments(forces);
+    forces.dzmaxabs = LargerSize(forces.dzmax, forces.dzmin);
+    forces.dymaxabs = LargerSize(forces.dymax, forces.dymin);
+    SetEndRatios(forces);
 
-    const Shape y = ShapeOf(s.mydiag), z = ShapeOf(s.mzdiag);
-    s.mycurved = y.curved;
-    s.myendsbig = y.endsbig;
-    s.mylinear = y.linear;
-    s.mypeakratio = y.peakratio;
-    s.myendratio = y.endratio;
-    s.mzcurved = z.curved;
-    s.mzendsbig = z.endsbig;
-    s.mzlinear = z.linear;
-    s.mzpeakratio = z.peakratio;
-    s.mzendratio = z.endratio;
+    const Shape y = ShapeOf(forces.mydiag), z = ShapeOf(forces.mzdiag);
+    forces.mycurved = y.curved;
+    forces.myendsbig = y.endsbig;
+    forces.mylinear = y.linear;
+    forces.mypeakratio = y.peakratio;
+    forces.myendratio = y.endratio;
+    forces.mzcurved = z.curved;
+    forces.mzendsbig = z.endsbig;
+    forces.mzlinear = z.linear;
+    forces.mzpeakratio = z.peakratio;
+    forces.mzendratio = z.endratio;
 }
 
 }  // namespace kestrum

@@ -4,7 +4,9 @@
 // crossings, end moment ratios and the shape of the moment line (EN 1993-1-1, Tables A.2 and B.3
 // distinguish such shapes; EN 1993-1-1, 6.3.3).
 
-#include "core/project_state.h"
+#include "core/state/forces.h"
+#include "core/state/inputs.h"
+#include "core/state/stability.h"
 
 namespace kestrum {
 
@@ -12,17 +14,17 @@ namespace kestrum {
 //
 // Deviation D107: a moment line counts as curved (mycurved, mzcurved) by its right half alone; EN
 // 1993-1-1, Table B.3 and the factors C1 look at the whole line.
-void FindExtremes(ProjectState& s);
+void FindExtremes(const Inputs& in, Forces& forces);
 
 // mydesign: the extreme of My that is larger in size, with its sign (a tie gives the lowest).
 // mzdesign: the size of the larger extreme of Mz.
-void SetDesignMoments(ProjectState& s);
+void SetDesignMoments(Forces& forces, Stability& stability);
 
 // The parts of FindExtremes that need the diagrams of the moments only.
-void SetQuarterPoints(ProjectState& s);
-void SetZeroCrossings(ProjectState& s);
-void SetEndRatios(ProjectState& s);
-void SetLargestMoments(ProjectState& s);
+void SetQuarterPoints(Forces& forces);
+void SetZeroCrossings(const Inputs& in, Forces& forces);
+void SetEndRatios(Forces& forces);
+void SetLargestMoments(Forces& forces);
 
 // Whether half of a moment line (to the left or to the right of its peak in the middle) is curved:
 // the moment half-way lies off the chord by a fifth of its rise or more.

@@ -191,19 +191,19 @@ void Store(const Span& span, const Sums& sums, LoadLines& lines)
 
 }  // namespace
 
-Span SpanOf(const ProjectState& s)
+Span SpanOf(const Inputs& in, const Forces& forces)
 {
     Span span{};
-    span.l = s.l;
-    span.supportcase = s.supportcase;
-    span.spring = s.spring;
-    span.sections = s.npts + 1;
+    span.l = in.l;
+    span.supportcase = in.supportcase;
+    span.spring = in.spring;
+    span.sections = forces.npts + 1;
     for (std::size_t j = 0; j < span.x.size(); ++j) {
         span.x[j] = static_cast<double>(j) * span.l / kLast;
         span.y[j] = span.l - span.x[j];
     }
     for (std::size_t k = 0; k < static_cast<std::size_t>(span.sections); ++k) {
-        span.xs[k] = F32(span.l * s.xi[k]);
+        span.xs[k] = F32(span.l * forces.xi[k]);
         span.ys[k] = span.l - span.xs[k];
     }
     return span;

@@ -19,7 +19,8 @@
 // ends before it starts, go through the formulas as they stand; elastic analysis (EN 1993-1-1,
 // 5.4.2) knows loads on the member only. The boxes refuse such positions.
 
-#include "core/project_state.h"
+#include "core/state/forces.h"
+#include "core/state/inputs.h"
 
 #include <array>
 
@@ -37,7 +38,7 @@ struct Span {
 };
 
 // From l, supportcase, spring, xi and npts.
-Span SpanOf(const ProjectState& s);
+Span SpanOf(const Inputs& in, const Forces& forces);
 
 // The lines of one load, rounded once to single precision. kN, kNm; deflection times E I, kNm3.
 struct LoadLines {

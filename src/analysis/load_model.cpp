@@ -9,37 +9,37 @@ namespace kestrum {
 
 namespace {
 
-void ClearTrapezoid(ProjectState& s, std::size_t k)
+void ClearTrapezoid(LoadInputs& loads, std::size_t k)
 {
-    s.qt1[k] = s.qt2[k] = s.qtx1[k] = s.qtx2[k] = 0;
+    loads.qt1[k] = loads.qt2[k] = loads.qtx1[k] = loads.qtx2[k] = 0;
 }
 
 // A load that starts on the member ends on it; its end value stays as entered.
-void CutTrapezoid(ProjectState& s, std::size_t k)
+void CutTrapezoid(const Inputs& in, LoadInputs& loads, PassOutcome& outcome, std::size_t k)
 {
-    if (s.qt1[k] != 0 || s.qt2[k] != 0) {
-        if (s.qtx1[k] < s.l || s.qtx2[k] < s.l) {
-            s.qtx1[k] = s.qtx1[k] > s.l ? s.l : s.qtx1[k];
-            s.qtx2[k] = s.qtx2[k] > s.l ? s.l : s.qtx2[k];
+    if (loads.qt1[k] != 0 || loads.qt2[k] != 0) {
+        if (loads.qtx1[k] < in.l || loads.qtx2[k] < in.l) {
+            loads.qtx1[k] = loads.qtx1[k] > in.l ? in.l : loads.qtx1[k];
+            loads.qtx2[k] = loads.qtx2[k] > in.l ? in.l : loads.qtx2[k];
         } else {
-            NoteDroppedTrapezoid(s, k, DropReason::position);
-            ClearTrapezoid(s, k);
+            NoteDroppedTrapezoid(in, outcome, k, DropReason::position);
+            ClearTrapezoid(loads, k);
         }
     }
-    if (s.qt1[k] == 0 && s.qt2[k] == 0) {
-        s.qtx1[k] = s.qtx2[k] = 0;
+    if (loads.qt1[k] == 0 && loads.qt2[k] == 0) {
+        loads.qtx1[k] = loads.qtx2[k] = 0;
     }
-    if (s.qtx1[k] == 0 && s.qtx2[k] == 0) {
-        NoteDroppedTrapezoid(s, k, DropReason::position);
-        s.qt1[k] = s.qt2[k] = 0;
+    if (loads.qtx1[k] == 0 && loads.qtx2[k] == 0) {
+        NoteDroppedTrapezoid(in, outcome, k, DropReason::position);
+        loads.qt1[k] = loads.qt2[k] = 0;
     }
 }
 
 // The first row whose two values have opposite signs.
-LoadCheck CheckSigns(const ProjectState& s)
+LoadCheck CheckSigns(const Inputs& in)
 {
     for (std::size_t k = 1; k <= 3; ++k) {
-        if ((s.qt1[k] > 0 && s.qt2[k] < 0) || (s.qt1[k] < 0 && s.qt2[k] > 0)) {
+        if ((in.qt1[k] > 0 && in.qt2[k] < 0) || (in.qt1[k] < 0 && in.qt2[k] > 0)) {
             return {false, " Trapezoidal load: One positive and one negative value ", "iqt1",
                     static_cast<int>(k)};
         }
@@ -48,119 +48,120 @@ LoadCheck CheckSigns(const ProjectState& s)
 }
 
 // The first row that does not run from left to right.
-LoadCheck CheckOrder(const ProjectState& s)
+LoadCheck CheckOrder(const Inputs& in)
 {
     for (std::size_t k = 1; k <= 3; ++k) {
-        const bool loaded = s.qt1[k] != 0 || s.qt2[k] != 0;
-        if (loaded && !(s.qtx1[k] < s.qtx2[k])) {
+        const bool loaded = in.qt1[k] != 0 || in.qt2[k] != 0;
+        if (loaded && !(in.qtx1[k] < in.qtx2[k])) {
             return {false, " x1 < x2 ", "iqtx1", static_cast<int>(k)};
         }
     }
     return {};
 }
 
-LoadCheck CutTrapezoids(ProjectState& s)
+LoadCheck CutTrapezoids(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
 {
     for (std::size_t k = 1; k <= 3; ++k) {
-        CutTrapezoid(s, k);
+        CutTrapezoid(in, loads, outcome, k);
     }
-    return CheckSigns(s);
+    return CheckSigns(in);
 }
 
 // A force never stands on a support; a moment may stand on a pinned end.
-bool PointLoadStands(const ProjectState& s, std::size_t k)
+bool PointLoadStands(const Inputs& in, std::size_t k)
 {
-    const float a = s.pmx[k];
-    const bool force = s.pmkind[k] == 0;
-    switch (s.supportcase) {
+    const float a = in.pmx[k];
+    const bool force = in.pmkind[k] == 0;
+    switch (in.supportcase) {
     case SupportCase::pinned_fixed:
     case SupportCase::pinned_spring:
-        return (!force || a != 0) && a < s.l;
+        return (!force || a != 0) && a < in.l;
     case SupportCase::fixed:
-        return a != 0 && a < s.l;
+        return a != 0 && a < in.l;
     case SupportCase::cantilever:
-        return a != 0 && a <= s.l;
+        return a != 0 && a <= in.l;
     default:
-        return force ? a != 0 && a < s.l : a <= s.l;
+        return force ? a != 0 && a < in.l : a <= in.l;
     }
 }
 
 }  // namespace
 
-float LengthInMm(const ProjectState& s)
+float LengthInMm(const Inputs& in)
 {
-    return F32(s.l * 1000.0);
+    return F32(in.l * 1000.0);
 }
 
-LoadCheck CheckLoadPositions(ProjectState& s)
+LoadCheck CheckLoadPositions(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
 {
-    OpenDropped(s);
-    const LoadCheck check = CutTrapezoids(s);
-    CloseDropped(s);
+    OpenDropped(in, outcome);
+    const LoadCheck check = CutTrapezoids(in, loads, outcome);
+    CloseDropped(in, outcome);
     return check;
 }
 
-LoadCheck CheckTrapezoids(const ProjectState& s)
+LoadCheck CheckTrapezoids(const Inputs& in)
 {
-    const LoadCheck signs = CheckSigns(s);
-    return signs.ok ? CheckOrder(s) : signs;
+    const LoadCheck signs = CheckSigns(in);
+    return signs.ok ? CheckOrder(in) : signs;
 }
 
-LoadCheck ValidateLoads(ProjectState& s)
+LoadCheck ValidateLoads(const Inputs& in, MemberInputs& member, LoadInputs& loads,
+                        PassOutcome& outcome)
 {
-    OpenDropped(s);
-    LoadCheck check = CutTrapezoids(s);
+    OpenDropped(in, outcome);
+    LoadCheck check = CutTrapezoids(in, loads, outcome);
     for (std::size_t k = 1; k <= 8; ++k) {
-        if (!PointLoadStands(s, k)) {
-            NoteDroppedPoint(s, k, DropReason::position);
-            s.pm[k] = 0;
+        if (!PointLoadStands(in, k)) {
+            NoteDroppedPoint(in, outcome, k, DropReason::position);
+            loads.pm[k] = 0;
         }
-        if (s.pm[k] == 0) {
-            s.pmx[k] = 0;
+        if (loads.pm[k] == 0) {
+            loads.pmx[k] = 0;
         }
     }
-    CloseDropped(s);
+    CloseDropped(in, outcome);
     if (check.ok) {
-        check = CheckOrder(s);
+        check = CheckOrder(in);
     }
     for (std::size_t k = 1; k <= 3; ++k) {
-        s.cp[k] = s.cp[k] > s.l ? s.l : s.cp[k];
+        member.cp[k] = member.cp[k] > member.l ? member.l : member.cp[k];
     }
-    if (s.webstiffa > LengthInMm(s)) {
-        s.webstiff = 0;
-        s.webstiffa = F32(LengthInMm(s) / 2.0);
+    if (member.webstiffa > LengthInMm(in)) {
+        member.webstiff = 0;
+        member.webstiffa = F32(LengthInMm(in) / 2.0);
     }
     return check;
 }
 
-void RemoveCheckedLoads(ProjectState& s)
+void RemoveCheckedLoads(MemberInputs& member, LoadInputs& loads)
 {
-    s.pmrelative = s.qtrelative = s.selfweight = 0;
-    s.loadlevel = 1;
+    loads.pmrelative = loads.qtrelative = loads.selfweight = 0;
+    member.loadlevel = 1;
     for (std::size_t k = 1; k <= 3; ++k) {
-        if (s.nchecked[k] != 0) {
-            s.nload[k] = s.ntype[k] = 0;
+        if (loads.nchecked[k] != 0) {
+            loads.nload[k] = loads.ntype[k] = 0;
         }
     }
     for (std::size_t k = 1; k <= 4; ++k) {
-        if (s.qchecked[k] != 0) {
-            s.qload[k] = 0;
-            s.qtype[k] = 0;
-            s.qdir[k] = 1;
+        if (loads.qchecked[k] != 0) {
+            loads.qload[k] = 0;
+            loads.qtype[k] = 0;
+            loads.qdir[k] = 1;
         }
     }
     for (std::size_t k = 1; k <= 3; ++k) {
-        if (s.qtchecked[k] != 0) {
-            ClearTrapezoid(s, k);
-            s.qttype[k] = 0;
-            s.qtdir[k] = 1;
+        if (loads.qtchecked[k] != 0) {
+            ClearTrapezoid(loads, k);
+            loads.qttype[k] = 0;
+            loads.qtdir[k] = 1;
         }
     }
     for (std::size_t k = 1; k <= 8; ++k) {
-        if (s.pmchecked[k] != 0) {
-            s.pm[k] = s.pmx[k] = 0;
-            s.pmkind[k] = s.pmtype[k] = 0;
-            s.pmdir[k] = 1;
+        if (loads.pmchecked[k] != 0) {
+            loads.pm[k] = loads.pmx[k] = 0;
+            loads.pmkind[k] = loads.pmtype[k] = 0;
+            loads.pmdir[k] = 1;
         }
     }
 }

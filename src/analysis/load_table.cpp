@@ -34,25 +34,25 @@ double FactorOf(const LoadFactors& f, int category)
     return category == 0 ? f.g : category == 1 ? f.q1 : category == 2 ? f.q2 : 0;
 }
 
-void FillTable(const ProjectState& s, const Span& span, LoadTable& table)
+void FillTable(const Inputs& in, const Span& span, LoadTable& table)
 {
     for (std::size_t k = 0; k <= 4; ++k) {
-        if (s.qload[k] != 0) {
-            ActingLoad& load = Append(table, AxisOf(s.qdir[k]), s.qtype[k], s.qchecked[k]);
-            UniformLines(span, s.qload[k], load.lines);
+        if (in.qload[k] != 0) {
+            ActingLoad& load = Append(table, AxisOf(in.qdir[k]), in.qtype[k], in.qchecked[k]);
+            UniformLines(span, in.qload[k], load.lines);
         }
     }
     for (std::size_t k = 1; k <= 8; ++k) {
-        if (s.pm[k] != 0) {
-            ActingLoad& load = Append(table, AxisOf(s.pmdir[k]), s.pmtype[k], s.pmchecked[k]);
-            (s.pmkind[k] == 0 ? ForceLines : MomentLines)(span, s.pm[k], s.pmx[k], load.lines);
+        if (in.pm[k] != 0) {
+            ActingLoad& load = Append(table, AxisOf(in.pmdir[k]), in.pmtype[k], in.pmchecked[k]);
+            (in.pmkind[k] == 0 ? ForceLines : MomentLines)(span, in.pm[k], in.pmx[k], load.lines);
         }
     }
     for (std::size_t k = 1; k <= 3; ++k) {
-        if (s.qt1[k] != 0 || s.qt2[k] != 0) {
+        if (in.qt1[k] != 0 || in.qt2[k] != 0) {
             ActingLoad& load =
-                Append(table, AxisOf(s.qtdir[k]), CategoryOf(s.qttype[k]), s.qtchecked[k]);
-            TrapezoidLines(span, s.qt1[k], s.qt2[k], s.qtx1[k], s.qtx2[k], load.lines);
+                Append(table, AxisOf(in.qtdir[k]), CategoryOf(in.qttype[k]), in.qtchecked[k]);
+            TrapezoidLines(span, in.qt1[k], in.qt2[k], in.qtx1[k], in.qtx2[k], load.lines);
         }
     }
 }

@@ -27,7 +27,7 @@ struct LoadTable {
     std::array<ActingLoad, 16> load;
 };
 
-void FillTable(const ProjectState& s, const Span& span, LoadTable& table);
+void FillTable(const Inputs& in, const Span& span, LoadTable& table);
 
 // A category kept in single precision; anything but 0, 1, 2 belongs to no combination.
 int CategoryOf(float category);

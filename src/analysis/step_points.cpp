@@ -7,9 +7,9 @@ namespace kestrum {
 
 namespace {
 
-bool Acts(const ProjectState& s, i16 checked)
+bool Acts(const Inputs& in, i16 checked)
 {
-    return checked != 0 || s.loadcomb != kBasicLoads;
+    return checked != 0 || in.loadcomb != kBasicLoads;
 }
 
 // Both sides of the place a, as far as they lie on the member.
@@ -24,19 +24,19 @@ void AddSides(std::vector<StepPoint>& points, double a, double l)
     }
 }
 
-std::vector<StepPoint> PlacesOf(const ProjectState& s, float direction)
+std::vector<StepPoint> PlacesOf(const Inputs& in, float direction)
 {
     std::vector<StepPoint> points;
     for (std::size_t k = 1; k <= 8; ++k) {
-        if (s.pm[k] != 0 && s.pmdir[k] == direction && Acts(s, s.pmchecked[k])) {
-            AddSides(points, s.pmx[k], s.l);
+        if (in.pm[k] != 0 && in.pmdir[k] == direction && Acts(in, in.pmchecked[k])) {
+            AddSides(points, in.pmx[k], in.l);
         }
     }
     for (std::size_t k = 1; k <= 3; ++k) {
-        const bool loaded = s.qt1[k] != 0 || s.qt2[k] != 0;
-        if (loaded && s.qtdir[k] == direction && Acts(s, s.qtchecked[k])) {
+        const bool loaded = in.qt1[k] != 0 || in.qt2[k] != 0;
+        if (loaded && in.qtdir[k] == direction && Acts(in, in.qtchecked[k])) {
             for (int strip = 0; strip < kStrips; ++strip) {
-                AddSides(points, StripCentre(s.qtx1[k], s.qtx2[k], strip), s.l);
+                AddSides(points, StripCentre(in.qtx1[k], in.qtx2[k], strip), in.l);
             }
         }
     }
@@ -46,23 +46,25 @@ std::vector<StepPoint> PlacesOf(const ProjectState& s, float direction)
 }
 
 // The lines of all loads at some of the places, in the order of the places.
-void Evaluate(const ProjectState& s, BendingAxis axis, StepPoint* points, std::size_t count)
+void Evaluate(const Inputs& in, const AnnexFactors& annex, const Forces& forces, BendingAxis axis,
+              StepPoint* points, std::size_t count)
 {
-    Span span = SpanOf(s);
+    Span span = SpanOf(in, forces);
     span.sections = static_cast<int>(count);
     for (std::size_t k = 0; k < count; ++k) {
         span.xs[k] = points[k].at * span.l;
         span.ys[k] = span.l - span.xs[k];
     }
     LoadTable table;
-    FillTable(s, span, table);
-    const bool governed = s.loadcomb == kEq610ab;
-    const LoadFactors factors = StrengthFactors(s, !governed          ? s.loadcomb
-                                                   : s.governing == 1 ? kEq610a
-                                                                      : kEq610b);
+    FillTable(in, span, table);
+    const bool governed = in.loadcomb == kEq610ab;
+    const LoadFactors factors = StrengthFactors(in, annex,
+                                                !governed              ? in.loadcomb
+                                                : annex.governing == 1 ? kEq610a
+                                                                       : kEq610b);
     for (int i = 0; i < table.count; ++i) {
         const ActingLoad& load = table.load[static_cast<std::size_t>(i)];
-        if (load.axis != axis || (s.loadcomb == kBasicLoads && !load.checked)) {
+        if (load.axis != axis || (in.loadcomb == kBasicLoads && !load.checked)) {
             continue;
         }
         const double factor = FactorOf(factors, load.category);
@@ -75,15 +77,17 @@ void Evaluate(const ProjectState& s, BendingAxis axis, StepPoint* points, std::s
 
 }  // namespace
 
-std::vector<StepPoint> StepPoints(const ProjectState& s, BendingAxis axis)
+std::vector<StepPoint> StepPoints(const Inputs& in, const AnnexFactors& annex, const Forces& forces,
+                                  BendingAxis axis)
 {
-    if (s.loadmode != 1 || !(s.l > 0) || axis == BendingAxis::none) {
+    if (in.loadmode != 1 || !(in.l > 0) || axis == BendingAxis::none) {
         return {};
     }
-    std::vector<StepPoint> points = PlacesOf(s, axis == BendingAxis::y ? 1.0F : 0.0F);
+    std::vector<StepPoint> points = PlacesOf(in, axis == BendingAxis::y ? 1.0F : 0.0F);
     for (std::size_t first = 0; first < points.size(); first += kCheckSections) {
         const std::size_t left = points.size() - first;
-        Evaluate(s, axis, &points[first], std::min<std::size_t>(left, kCheckSections));
+        Evaluate(in, annex, forces, axis, &points[first],
+                 std::min<std::size_t>(left, kCheckSections));
     }
     return points;
 }

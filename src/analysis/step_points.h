@@ -18,6 +18,7 @@ struct StepPoint {
 // Just before and just behind every point force, moment and strip of a trapezoidal load (D101) that
 // bends about the axis, in ascending order, under the combination in force: with Eq 6.10a and 6.10b
 // the governing one. Empty with given end forces.
-std::vector<StepPoint> StepPoints(const ProjectState& s, BendingAxis axis);
+std::vector<StepPoint> StepPoints(const Inputs& in, const AnnexFactors& annex, const Forces& forces,
+                                  BendingAxis axis);
 
 }  // namespace kestrum

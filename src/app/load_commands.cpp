@@ -121,7 +121,8 @@ void ChooseTrapezoidRelative(Session& session, bool relative)
 
 void RemoveChecked(Session& session)
 {
-    RemoveCheckedLoads(session.edit());
+    ProjectState& s = session.edit();
+    RemoveCheckedLoads(s, s);
     session.Calculate();
 }
 
@@ -161,7 +162,8 @@ bool RowTicksShown(const ProjectState& s)
 
 CloseOutcome CloseLoading(Session& session)
 {
-    const LoadCheck check = ValidateLoads(session.edit());
+    ProjectState& s = session.edit();
+    const LoadCheck check = ValidateLoads(s, s, s, s);
     if (!check.message.empty()) {
         session.surroundings().Warn(check.message.text());
     }

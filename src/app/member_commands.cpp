@@ -35,7 +35,7 @@ void ChooseSupport(Session& session, int supportcase)
     ProjectState& s = session.edit();
     s.supportcase = Number(supportcase);
     FollowSupport(s);
-    session.Tell(ValidateLoads(s));
+    session.Tell(ValidateLoads(s, s, s, s));
     session.Calculate();
 }
 
@@ -214,8 +214,8 @@ void ChooseWebStiffeners(Session& session, int webstiff)
 void UpdateVortex(ProjectState& s)
 {
     try {
-        CalcVortexFrequency(s);
-        CalcVortex(s);
+        CalcVortexFrequency(s, s, s);
+        CalcVortex(s, s, s);
     } catch (const CalculationStop&) {
         // A support case or terrain from a file that no list offers: the values stay.
     }

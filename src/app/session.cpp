@@ -31,7 +31,7 @@ bool IsTrapezoid(const Box& box)
 LoadCheck CheckFinishedRows(ProjectState& s)
 {
     const ProjectState before = s;
-    const LoadCheck check = CheckLoadPositions(s);
+    const LoadCheck check = CheckLoadPositions(s, s, s);
     for (std::size_t k = 1; k <= 3; ++k) {
         const bool loaded = before.qt1[k] != 0 || before.qt2[k] != 0;
         const bool placed = before.qtx1[k] != 0 || before.qtx2[k] != 0;
@@ -115,7 +115,8 @@ BoxOutcome Session::CommitBox(const Box& box, int index, std::string_view text)
         return outcome;
     }
     if (ChecksLoads(box) || IsTrapezoid(box)) {
-        Tell(ChecksLoads(box) ? ValidateLoads(state_) : CheckFinishedRows(state_));
+        Tell(ChecksLoads(box) ? ValidateLoads(state_, state_, state_, state_)
+                              : CheckFinishedRows(state_));
     }
     Calculate();
     if (box.form == "frmVortex") {

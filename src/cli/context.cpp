@@ -180,8 +180,8 @@ bool ControlVortices(ProjectState& s)
 {
     try {
         ArmTrap();
-        CalcVortexFrequency(s);
-        CalcVortex(s);
+        CalcVortexFrequency(s, s, s);
+        CalcVortex(s, s, s);
         CheckTrap();
     } catch (const CalculationStop&) {
         return false;

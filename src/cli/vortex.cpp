@@ -35,7 +35,7 @@ std::string NotesText(const ProjectState& s)
 std::string TextOf(const ProjectState& s)
 {
     std::string out;
-    for (const VortexRow& row : VortexGrid(s)) {
+    for (const VortexRow& row : VortexGrid(s, s, s)) {
         out += row.parameter + " " + row.value + row.unit + "\n";
     }
     out += RestraintText(s);

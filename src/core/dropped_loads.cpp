@@ -20,7 +20,7 @@ bool IsEndForce(const DroppedLoad& load)
 
 struct EndForce {
     std::string_view name;
-    float ProjectState::*force;
+    float LoadInputs::*force;
     std::int16_t direction;
     bool moment;
 };
@@ -36,10 +36,10 @@ constexpr std::array<EndForce, 9> kEndForces = {{{"ne", &ProjectState::ne, -1, f
                                                  {"vy2", &ProjectState::vy2, 0, false}}};
 
 // An end force that was only passed over, not emptied.
-bool StillThere(const ProjectState& s, const DroppedLoad& load)
+bool StillThere(const Inputs& in, const DroppedLoad& load)
 {
     return std::any_of(kEndForces.begin(), kEndForces.end(), [&](const EndForce& end) {
-        return end.name == load.field && s.*end.force != 0;
+        return end.name == load.field && in.*end.force != 0;
     });
 }
 
@@ -63,24 +63,24 @@ private:
 
 // Values, categories and directions of the load rows, and the end forces. Positions do not count: a
 // change of length moves them and edits no load.
-std::uint64_t TableOf(const ProjectState& s)
+std::uint64_t TableOf(const Inputs& in)
 {
     Fingerprint print;
-    print.Add(s.nload);
-    print.Add(s.ntype);
-    print.Add(s.qload);
-    print.Add(s.qtype);
-    print.Add(s.qdir);
-    print.Add(s.qt1);
-    print.Add(s.qt2);
-    print.Add(s.qttype);
-    print.Add(s.qtdir);
-    print.Add(s.pm);
-    print.Add(s.pmkind);
-    print.Add(s.pmtype);
-    print.Add(s.pmdir);
+    print.Add(in.nload);
+    print.Add(in.ntype);
+    print.Add(in.qload);
+    print.Add(in.qtype);
+    print.Add(in.qdir);
+    print.Add(in.qt1);
+    print.Add(in.qt2);
+    print.Add(in.qttype);
+    print.Add(in.qtdir);
+    print.Add(in.pm);
+    print.Add(in.pmkind);
+    print.Add(in.pmtype);
+    print.Add(in.pmdir);
     for (const EndForce& end : kEndForces) {
-        print.AddOne(s.*end.force);
+        print.AddOne(in.*end.force);
     }
     return print.value();
 }
@@ -117,26 +117,26 @@ std::string Place(const DroppedLoad& load)
 
 }  // namespace
 
-void OpenDropped(ProjectState& s)
+void OpenDropped(const Inputs& in, PassOutcome& outcome)
 {
-    DroppedLoads& dropped = s.dropped;
-    const bool changed = dropped.count > 0 && dropped.table != TableOf(s);
+    DroppedLoads& dropped = outcome.dropped;
+    const bool changed = dropped.count > 0 && dropped.table != TableOf(in);
     const auto first = dropped.load.begin();
     const auto end = std::remove_if(first, first + dropped.count, [&](const DroppedLoad& load) {
-        return changed || StillThere(s, load);
+        return changed || StillThere(in, load);
     });
     dropped.count = static_cast<std::int16_t>(end - first);
     std::fill(end, dropped.load.end(), DroppedLoad{});
 }
 
-void CloseDropped(ProjectState& s)
+void CloseDropped(const Inputs& in, PassOutcome& outcome)
 {
-    s.dropped.table = s.dropped.count > 0 ? TableOf(s) : 0;
+    outcome.dropped.table = outcome.dropped.count > 0 ? TableOf(in) : 0;
 }
 
-void NoteDropped(ProjectState& s, const DroppedLoad& load)
+void NoteDropped(PassOutcome& outcome, const DroppedLoad& load)
 {
-    DroppedLoads& dropped = s.dropped;
+    DroppedLoads& dropped = outcome.dropped;
     const auto first = dropped.load.begin(), end = first + dropped.count;
     const auto at = std::find_if(first, end, [&load](const DroppedLoad& other) {
         return other.field == load.field && other.row == load.row;
@@ -149,17 +149,17 @@ void NoteDropped(ProjectState& s, const DroppedLoad& load)
     }
 }
 
-void NoteDroppedPoint(ProjectState& s, std::size_t k, DropReason reason)
+void NoteDroppedPoint(const Inputs& in, PassOutcome& outcome, std::size_t k, DropReason reason)
 {
-    if (s.pm[k] != 0) {
-        NoteDropped(s, {.field = kPoint,
-                        .row = static_cast<i16>(k),
-                        .reason = reason,
-                        .value = s.pm[k],
-                        .x1 = s.pmx[k],
-                        .category = s.pmtype[k],
-                        .direction = s.pmdir[k],
-                        .moment = s.pmkind[k] != 0});
+    if (in.pm[k] != 0) {
+        NoteDropped(outcome, {.field = kPoint,
+                              .row = static_cast<i16>(k),
+                              .reason = reason,
+                              .value = in.pm[k],
+                              .x1 = in.pmx[k],
+                              .category = in.pmtype[k],
+                              .direction = in.pmdir[k],
+                              .moment = in.pmkind[k] != 0});
     }
 }
 
@@ -168,40 +168,41 @@ std::int16_t KeptNumber(float kept)
     return kept == 0 ? 0 : kept == 1 ? 1 : kept == 2 ? 2 : -1;
 }
 
-void NoteDroppedTrapezoid(ProjectState& s, std::size_t k, DropReason reason)
+void NoteDroppedTrapezoid(const Inputs& in, PassOutcome& outcome, std::size_t k, DropReason reason)
 {
-    if (s.qt1[k] != 0 || s.qt2[k] != 0) {
-        NoteDropped(s, {.field = kTrapezoid,
-                        .row = static_cast<i16>(k),
-                        .reason = reason,
-                        .value = s.qt1[k],
-                        .value2 = s.qt2[k],
-                        .x1 = s.qtx1[k],
-                        .x2 = s.qtx2[k],
-                        .category = KeptNumber(s.qttype[k]),
-                        .direction = KeptNumber(s.qtdir[k])});
+    if (in.qt1[k] != 0 || in.qt2[k] != 0) {
+        NoteDropped(outcome, {.field = kTrapezoid,
+                              .row = static_cast<i16>(k),
+                              .reason = reason,
+                              .value = in.qt1[k],
+                              .value2 = in.qt2[k],
+                              .x1 = in.qtx1[k],
+                              .x2 = in.qtx2[k],
+                              .category = KeptNumber(in.qttype[k]),
+                              .direction = KeptNumber(in.qtdir[k])});
     }
 }
 
-void NoteDroppedEndForces(ProjectState& s, bool axial, bool transverse, bool sideways)
+void NoteDroppedEndForces(const Inputs& in, PassOutcome& outcome, bool axial, bool transverse,
+                          bool sideways)
 {
     for (const EndForce& end : kEndForces) {
         const bool refused = end.direction < 0 ? axial : end.direction == 1 ? transverse : sideways;
-        if (refused && s.*end.force != 0) {
-            NoteDropped(s, {.field = end.name,
-                            .value = s.*end.force,
-                            .direction = end.direction,
-                            .moment = end.moment});
+        if (refused && in.*end.force != 0) {
+            NoteDropped(outcome, {.field = end.name,
+                                  .value = in.*end.force,
+                                  .direction = end.direction,
+                                  .moment = end.moment});
         }
     }
 }
 
-std::vector<DroppedLoad> DroppedNow(const ProjectState& s)
+std::vector<DroppedLoad> DroppedNow(const Inputs& in, const PassOutcome& outcome)
 {
     std::vector<DroppedLoad> loads;
-    std::copy_if(s.dropped.load.begin(), s.dropped.load.begin() + s.dropped.count,
+    std::copy_if(outcome.dropped.load.begin(), outcome.dropped.load.begin() + outcome.dropped.count,
                  std::back_inserter(loads),
-                 [&s](const DroppedLoad& load) { return IsEndForce(load) == (s.loadmode != 1); });
+                 [&in](const DroppedLoad& load) { return IsEndForce(load) == (in.loadmode != 1); });
     return loads;
 }
 

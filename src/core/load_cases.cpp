@@ -76,7 +76,7 @@ LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present)
     }
     if (s.loadcomb == kUserFactors || s.loadcomb == kBasicLoads) {
         return OneCase(s.loadcomb == kUserFactors ? CaseRule::user : CaseRule::basic,
-                       StrengthFactors(s, s.loadcomb));
+                       StrengthFactors(s, s, s.loadcomb));
     }
     const bool low_danish = s.annexindex == kAnnexDk && s.safetyclass == 1;
     const double kg = low_danish ? kDanishLowClass : s.kfig;

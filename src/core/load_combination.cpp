@@ -139,19 +139,19 @@ void ApplyAnnexLoads(ProjectState& s, int annexindex)
     s.kfiq = static_cast<float>(k.q);
 }
 
-LoadFactors StrengthFactors(const ProjectState& s, int loadcomb)
+LoadFactors StrengthFactors(const Inputs& in, const AnnexFactors& annex, int loadcomb)
 {
-    const double kfig = s.kfig, kfiq = s.kfiq, psi1 = s.psi1, psi2 = s.psi2;
+    const double kfig = annex.kfig, kfiq = annex.kfiq, psi1 = in.psi1, psi2 = in.psi2;
     switch (loadcomb) {
     case kEq610:
-        return {s.g610g * kfig, s.g610q1 * kfiq, s.g610q2 * kfiq * psi1};  // D28
+        return {annex.g610g * kfig, annex.g610q1 * kfiq, annex.g610q2 * kfiq * psi1};  // D28
     case kEq610a:
-        return {s.g610ag * kfig, s.g610aq1 * kfiq * psi1, s.g610aq2 * kfiq * psi2};
+        return {annex.g610ag * kfig, annex.g610aq1 * kfiq * psi1, annex.g610aq2 * kfiq * psi2};
     case kEq610b:
-        return {static_cast<double>(s.xi610b) * s.g610bg * kfig, kVariable610b * kfiq,
+        return {static_cast<double>(annex.xi610b) * annex.g610bg * kfig, kVariable610b * kfiq,
                 kVariable610b * kfiq * psi2};
     case kUserFactors:
-        return {s.lfulsg, s.lfulsq1, s.lfulsq2};
+        return {in.lfulsg, in.lfulsq1, in.lfulsq2};
     case kBasicLoads:
         return {1, 1, 1};
     default:
@@ -159,16 +159,16 @@ LoadFactors StrengthFactors(const ProjectState& s, int loadcomb)
     }
 }
 
-LoadFactors ServiceFactors(const ProjectState& s, int loadcomb)
+LoadFactors ServiceFactors(const Inputs& in, int loadcomb)
 {
     switch (loadcomb) {
     case kEq610:
     case kEq610a:
     case kEq610b:
     case kEq610ab:
-        return {1, 1, s.psi2};
+        return {1, 1, in.psi2};
     case kUserFactors:
-        return {s.lfslsg, s.lfslsq1, s.lfslsq2};
+        return {in.lfslsg, in.lfslsq1, in.lfslsq2};
     case kBasicLoads:
         return {1, 1, 1};
     default:

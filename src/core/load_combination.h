@@ -40,10 +40,10 @@ struct LoadFactors {
 };
 
 // Factors on G, Q1, Q2 of the strength combination 0, 1, 2, 4 or 5; any other combines nothing.
-LoadFactors StrengthFactors(const ProjectState& s, int loadcomb);
+LoadFactors StrengthFactors(const Inputs& in, const AnnexFactors& annex, int loadcomb);
 
 // Factors of the serviceability combination that goes with the selector 0 to 5.
-LoadFactors ServiceFactors(const ProjectState& s, int loadcomb);
+LoadFactors ServiceFactors(const Inputs& in, int loadcomb);
 
 std::string CombText610(const ProjectState& s);
 std::string CombText610a(const ProjectState& s);

@@ -19,13 +19,14 @@ struct BentPart {
 
 // c: straight length of the part; area of the part that n is measured against, mm2; i: second
 // moment, mm4.
-BentPart Bent(const ProjectState& s, double n, double m, double c, double t, double area, double i)
+BentPart Bent(const Inputs& in, const SectionRecord& section, double n, double m, double c,
+              double t, double area, double i)
 {
     const double bending = std::abs(m * 1e6 * (c / 2) / i);
-    const double axial = n * 1000 / s.a;
+    const double axial = n * 1000 / section.a;
     const double sigma1 = -bending - axial;
     const double psi = sigma1 == 0 ? 0.0 : (bending - axial) / sigma1;
-    return {c / t, area * s.fyk, sigma1, psi};
+    return {c / t, area * in.fyk, sigma1, psi};
 }
 
 i16 InCompression(double slenderness, double eps)
@@ -104,26 +105,30 @@ Classes Classify(const BentPart& part, double beside, double n, double m, double
 //
 // Deviation D168: N is measured against the clear height of one web, hw tw, although both webs
 // carry it, so that compression makes the class worse than by Table 5.2, and tension better.
-i16 CalcClassHollowY(ProjectState& s, float n, float m)
+i16 CalcClassHollowY(const Inputs& in, SectionRecord& section, const SectionChecks&, float n,
+                     float m)
 {
-    const BentPart web = Bent(s, n, m, s.d, s.tw, 1.0 * s.hw * s.tw, s.iy);
-    const Classes classes = Classify(web, 1.0 * s.cflange / s.tf, n, m, s.eps);
-    s.classweb = classes.bent;
-    s.classflange = classes.beside;
-    return std::max(s.classflange, s.classweb);
+    const BentPart web =
+        Bent(in, section, n, m, section.d, section.tw, 1.0 * section.hw * section.tw, section.iy);
+    const Classes classes = Classify(web, 1.0 * section.cflange / section.tf, n, m, section.eps);
+    section.classweb = classes.bent;
+    section.classflange = classes.beside;
+    return std::max(section.classflange, section.classweb);
 }
 
 // Deviation D166 (limits).
 //
 // Deviation D169: of a box the flange beyond the webs has no class; the standard classes it as an
 // outstand.
-i16 CalcClassHollowZ(ProjectState& s, float n, float m)
+i16 CalcClassHollowZ(const Inputs& in, SectionRecord& section, const SectionChecks&, float n,
+                     float m)
 {
-    const BentPart flange = Bent(s, n, m, s.cflange, s.tf, 2.0 * s.tf * s.bw, s.iz);
-    const Classes classes = Classify(flange, 1.0 * s.d / s.tw, n, m, s.eps);
-    s.classflange = classes.bent;
-    s.classweb = classes.beside;
-    return std::max(s.classflange, s.classweb);
+    const BentPart flange = Bent(in, section, n, m, section.cflange, section.tf,
+                                 2.0 * section.tf * section.bw, section.iz);
+    const Classes classes = Classify(flange, 1.0 * section.d / section.tw, n, m, section.eps);
+    section.classflange = classes.bent;
+    section.classweb = classes.beside;
+    return std::max(section.classflange, section.classweb);
 }
 
 }  // namespace kestrum

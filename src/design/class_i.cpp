@@ -17,18 +17,18 @@ struct Edges {
 };
 
 // z: distance of the edge from the centroid, mm; i: second moment, mm4.
-Edges EdgeStresses(const ProjectState& s, double n, double m, double z, double i)
+Edges EdgeStresses(const SectionRecord& section, double n, double m, double z, double i)
 {
     const double bending = std::abs(z * m * 1e6 / i);
-    const double axial = n * 1000 / s.a;
+    const double axial = n * 1000 / section.a;
     const double sigma1 = -bending - axial;
     return {sigma1, sigma1 == 0 ? 0.0 : (bending - axial) / sigma1};
 }
 
-i16 WebInCompression(const ProjectState& s)
+i16 WebInCompression(const SectionRecord& section)
 {
-    const double eps = s.eps;
-    return ClassBelow(1.0 * s.d / s.tw, 33 * eps, 38 * eps, 42 * eps);
+    const double eps = section.eps;
+    return ClassBelow(1.0 * section.d / section.tw, 33 * eps, 38 * eps, 42 * eps);
 }
 
 i16 FlangeInCompression(double slenderness, double eps)
@@ -48,10 +48,10 @@ bool ElasticWeb(double slenderness, double eps, double psi)
 
 // Deviation D165: the part of the web that yields under n is measured against the clear web height
 // hw; the standard's alpha refers to the straight part d, so that ours is a little nearer to 0.5.
-i16 WebCompressionBending(const ProjectState& s, double n, double psi)
+i16 WebCompressionBending(const Inputs& in, const SectionRecord& section, double n, double psi)
 {
-    const double eps = s.eps, slenderness = 1.0 * s.d / s.tw;
-    const double nn = std::min(1.0, n * 1000 / (1.0 * s.hw * s.tw * s.fyk));
+    const double eps = section.eps, slenderness = 1.0 * section.d / section.tw;
+    const double nn = std::min(1.0, n * 1000 / (1.0 * section.hw * section.tw * in.fyk));
     const double alpha = 0.5 * (1 + nn);
     if (slenderness <= 396 * eps / (13 * alpha - 1)) {
         return 1;
@@ -62,10 +62,10 @@ i16 WebCompressionBending(const ProjectState& s, double n, double psi)
     return ElasticWeb(slenderness, eps, psi) ? i16{3} : i16{4};
 }
 
-i16 WebTensionBending(const ProjectState& s, double n, Edges edges)
+i16 WebTensionBending(const Inputs& in, const SectionRecord& section, double n, Edges edges)
 {
-    const double eps = s.eps, slenderness = 1.0 * s.d / s.tw;
-    const double nn = -n * 1000 / (1.0 * s.hw * s.tw * s.fyk);
+    const double eps = section.eps, slenderness = 1.0 * section.d / section.tw;
+    const double nn = -n * 1000 / (1.0 * section.hw * section.tw * in.fyk);
     if (nn >= 1) {
         return 1;  // nothing of the web is compressed
     }
@@ -82,9 +82,9 @@ i16 WebTensionBending(const ProjectState& s, double n, Edges edges)
     return ElasticWeb(slenderness, eps, edges.psi) ? i16{3} : i16{4};
 }
 
-i16 Larger(const ProjectState& s)
+i16 Larger(const SectionRecord& section)
 {
-    return std::max(s.classflange, s.classweb);
+    return std::max(section.classflange, section.classweb);
 }
 
 // Classes 3 and 4 of a flange bent in its plane.
@@ -103,78 +103,80 @@ i16 ElasticFlange(double slenderness, double eps, Edges edges)
 //
 // Deviation D156: the limits of classes 1 to 3 are not included for compression and for bending
 // alone; the standard includes them.
-i16 CalcClassY(ProjectState& s, float n, float m)
+i16 CalcClassY(const Inputs& in, SectionRecord& section, const SectionChecks&, float n, float m)
 {
-    s.classflange = 1;
-    s.classweb = 1;
+    section.classflange = 1;
+    section.classweb = 1;
     if (m == 0 && n <= 0) {
         return 1;
     }
-    const double eps = s.eps;
-    const Edges edges = EdgeStresses(s, n, m, s.h / 2.0 - s.tf, s.iy);
+    const double eps = section.eps;
+    const Edges edges = EdgeStresses(section, n, m, section.h / 2.0 - section.tf, section.iy);
     if (m == 0) {
-        s.classweb = WebInCompression(s);
+        section.classweb = WebInCompression(section);
     } else if (n == 0 && m > 0) {
-        s.classweb = ClassBelow(1.0 * s.d / s.tw, 72 * eps, 83 * eps, 124 * eps);
+        section.classweb = ClassBelow(1.0 * section.d / section.tw, 72 * eps, 83 * eps, 124 * eps);
     } else if (n >= 0) {
-        s.classweb = WebCompressionBending(s, n, edges.psi);
+        section.classweb = WebCompressionBending(in, section, n, edges.psi);
     } else {
-        s.classweb = WebTensionBending(s, n, edges);
+        section.classweb = WebTensionBending(in, section, n, edges);
     }
     if (edges.sigma1 < 0) {
-        s.classflange = FlangeInCompression(1.0 * s.cflange / s.tf, eps);
+        section.classflange = FlangeInCompression(1.0 * section.cflange / section.tf, eps);
     }
-    return Larger(s);
+    return Larger(section);
 }
 
 // Deviation D34: Mz alone, or with a tension, leaves the web in class 1; that of a channel is
 // compressed all over when Mz opens the toes, and the standard classes it so.
-i16 CalcClassZ(ProjectState& s, float n, float m)
+i16 CalcClassZ(const Inputs& in, SectionRecord& section, const SectionChecks&, float n, float m)
 {
-    return CalcClassZ(s, n, m, s.cflange, s.tf, s.b);
+    return CalcClassZ(in, section, n, m, section.cflange, section.tf, section.b);
 }
 
-i16 CalcClassZ(ProjectState& s, float n, float m, double c, double t, double b)
+i16 CalcClassZ(const Inputs& in, SectionRecord& section, float n, float m, double c, double t,
+               double b)
 {
-    s.classflange = 1;
-    s.classweb = 1;
+    section.classflange = 1;
+    section.classweb = 1;
     if (m == 0 && n <= 0) {
         return 1;
     }
-    const double eps = s.eps, slenderness = c / t;
+    const double eps = section.eps, slenderness = c / t;
     if (m == 0) {
-        s.classflange = FlangeInCompression(slenderness, eps);
-        s.classweb = WebInCompression(s);
-        return Larger(s);
+        section.classflange = FlangeInCompression(slenderness, eps);
+        section.classweb = WebInCompression(section);
+        return Larger(section);
     }
     if (n == 0) {
         const double limit3 = 21 * eps * std::sqrt(kOutstandBending);
-        s.classflange = ClassBelow(slenderness, 9 * eps, 10 * eps, limit3);
+        section.classflange = ClassBelow(slenderness, 9 * eps, 10 * eps, limit3);
         if (slenderness == limit3) {
-            s.classflange = 3;  // this limit is included
+            section.classflange = 3;  // this limit is included
         }
-        return Larger(s);
+        return Larger(section);
     }
 
     // Share of the outstand that is compressed in the plastic state; all of it unless the tension
     // exceeds what the web takes.
     double alpha = 1;
     if (n < 0) {
-        const double x = -1000.0 * n - 1.0 * s.hw * s.fyk * s.tw;  // N
+        const double x = -1000.0 * n - 1.0 * section.hw * in.fyk * section.tw;  // N
         if (x > 1) {
-            alpha = std::min(1.0, (b / 2 - x / (t * s.fyk * 4)) / c);
+            alpha = std::min(1.0, (b / 2 - x / (t * in.fyk * 4)) / c);
         }
     } else {
-        s.classweb = WebInCompression(s);
+        section.classweb = WebInCompression(section);
     }
     if (alpha > 0 && slenderness < 9 * eps / alpha) {
-        s.classflange = 1;
+        section.classflange = 1;
     } else if (alpha > 0 && slenderness < 10 * eps / alpha) {
-        s.classflange = 2;
+        section.classflange = 2;
     } else {
-        s.classflange = ElasticFlange(slenderness, eps, EdgeStresses(s, n, m, b / 2, s.iz));
+        section.classflange =
+            ElasticFlange(slenderness, eps, EdgeStresses(section, n, m, b / 2, section.iz));
     }
-    return Larger(s);
+    return Larger(section);
 }
 
 }  // namespace kestrum

@@ -4,7 +4,7 @@
 // EN 1993-1-1, Table 5.2. Whether a limit itself still belongs to its class differs from case to
 // case, so that there are two forms.
 
-#include "core/project_state.h"
+#include "core/state/types.h"
 
 namespace kestrum {
 

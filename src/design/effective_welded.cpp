@@ -10,12 +10,12 @@ namespace kestrum {
 
 namespace {
 
-double LostWidth(const ProjectState& s, double c, double t, double k)
+double LostWidth(const Inputs& in, const SectionRecord& section, double c, double t, double k)
 {
-    if (s.checkflangebuck == kTrue) {
+    if (in.checkflangebuck == kTrue) {
         return 0;
     }
-    const double lambda = PlateSlenderness(c, t, s.eps, k);
+    const double lambda = PlateSlenderness(c, t, section.eps, k);
     return (1 - (k == kInternal ? RhoInternal(lambda) : RhoOutstand(lambda))) * c;
 }
 
@@ -27,10 +27,10 @@ struct Rest {
 };
 
 // Gross section less the flange's loss.
-Rest LessFlange(const ProjectState& s, const WeldedSide& side, double loss)
+Rest LessFlange(const SectionRecord& section, const WeldedSide& side, double loss)
 {
-    const double a = s.a, t = side.t;
-    return {a - loss, s.iy + a * side.edge * side.edge - loss * (t * t / 12 + t * t / 4),
+    const double a = section.a, t = side.t;
+    return {a - loss, section.iy + a * side.edge * side.edge - loss * (t * t / 12 + t * t / 4),
             side.edge * a - loss * t / 2};
 }
 
@@ -53,77 +53,82 @@ EffectiveModuli ModuliAbout(const Rest& rest, const WeldedSide& side, double z)
 }  // namespace
 
 // EN 1993-1-5, 4.4 (2), Table 4.1 (psi = 1) and 4.2 (psi = 1).
-double FlangeLoss(const ProjectState& s, const Flange& flange)
+double FlangeLoss(const Inputs& in, const SectionRecord& section, const Flange& flange)
 {
     const double t = flange.t;
-    const double width = LostWidth(s, flange.inner, t, kInternal) +
-                         LostWidth(s, flange.left, t, kOutstand) +
-                         LostWidth(s, flange.right, t, kOutstand);
+    const double width = LostWidth(in, section, flange.inner, t, kInternal) +
+                         LostWidth(in, section, flange.left, t, kOutstand) +
+                         LostWidth(in, section, flange.right, t, kOutstand);
     return width * t;
 }
 
-double WebLoss(const ProjectState& s)
+double WebLoss(const Inputs& in, const SectionRecord& section)
 {
-    if (s.checkwebbuck == kTrue) {
+    if (in.checkwebbuck == kTrue) {
         return 0;
     }
-    const double rho = RhoInternal(PlateSlenderness(s.d, s.tw, s.eps, kInternal));
-    return Webs(s) * (1 - rho) * s.d * s.tw;
+    const double rho = RhoInternal(PlateSlenderness(section.d, section.tw, section.eps, kInternal));
+    return Webs(in) * (1 - rho) * section.d * section.tw;
 }
 
 // EN 1993-1-5, 4.4 (3) and Table 4.1. The stress ratio of the web is that of the section without
 // the flange's loss; a neutral axis in the flange leaves 1 mm of compressed web.
-EffectiveModuli EffectiveBending(const ProjectState& s, const WeldedSide& side,
-                                 const Flange& flange, const EffectiveScheme& scheme)
+EffectiveModuli EffectiveBending(const Inputs& in, const SectionRecord& section,
+                                 const WeldedSide& side, const Flange& flange,
+                                 const EffectiveScheme& scheme)
 {
-    Rest rest = LessFlange(s, side, FlangeLoss(s, flange));
+    Rest rest = LessFlange(section, side, FlangeLoss(in, section, flange));
     const double gross = rest.area;
     const double z1 = rest.first / rest.area;
 
-    if (scheme.webbuckles && s.checkwebbuck != kTrue) {
+    if (scheme.webbuckles && in.checkwebbuck != kTrue) {
         double hc = z1 - side.t - scheme.leg;  // compressed part of the web
         if (!(hc > 0)) {
             hc = 1;
         }
-        const double psi = StressRatio(-(s.d - hc) / hc);
-        const double rho =
-            RhoInternal(PlateSlenderness(s.d, s.tw, s.eps, KSigmaInternal(psi)), psi);
+        const double psi = StressRatio(-(section.d - hc) / hc);
+        const double rho = RhoInternal(
+            PlateSlenderness(section.d, section.tw, section.eps, KSigmaInternal(psi)), psi);
         const double w = (1 - rho) * hc;
-        TakeStrip(rest, 1.0 * Webs(s) * s.tw, w, z1 - 0.6 * rho * hc - w / 2);
+        TakeStrip(rest, 1.0 * Webs(in) * section.tw, w, z1 - 0.6 * rho * hc - w / 2);
     }
     return ModuliAbout(rest, side, rest.first / (scheme.netcentroid ? rest.area : gross));
 }
 
 // The compressed tip loses (1 - rho) of the compressed part, down from the tip.
-EffectiveModuli EffectiveTip(const ProjectState& s, const WeldedSide& side)
+EffectiveModuli EffectiveTip(const Inputs& in, const SectionRecord& section, const WeldedSide& side)
 {
-    Rest rest = LessFlange(s, side, 0);
-    if (s.checkwebbuck != kTrue) {
+    Rest rest = LessFlange(section, side, 0);
+    if (in.checkwebbuck != kTrue) {
         const double hc = side.edge;
-        const double psi = -(s.hw - hc) / hc;
-        const double lambda = PlateSlenderness(s.d, s.tw, s.eps, KSigmaOutstand(psi));
+        const double psi = -(section.hw - hc) / hc;
+        const double lambda =
+            PlateSlenderness(section.d, section.tw, section.eps, KSigmaOutstand(psi));
         const double w = (1 - RhoOutstand(lambda)) * hc;
-        TakeStrip(rest, s.tw, w, w / 2);
+        TakeStrip(rest, section.tw, w, w / 2);
     }
     return ModuliAbout(rest, side, rest.first / rest.area);
 }
 
-void StoreEffective(ProjectState& s, const EffectiveModuli& top, const EffectiveModuli& bottom)
+void StoreEffective(SectionRecord& section, const EffectiveModuli& top,
+                    const EffectiveModuli& bottom)
 {
-    s.weffytop1 = F32(top.compressed);
-    s.weffytop2 = F32(top.opposite);
-    s.weffybot1 = F32(bottom.compressed);
-    s.weffybot2 = F32(bottom.opposite);
-    s.weffy = std::min({s.weffytop1, s.weffytop2, s.weffybot1, s.weffybot2});
+    section.weffytop1 = F32(top.compressed);
+    section.weffytop2 = F32(top.opposite);
+    section.weffybot1 = F32(bottom.compressed);
+    section.weffybot2 = F32(bottom.opposite);
+    section.weffy =
+        std::min({section.weffytop1, section.weffytop2, section.weffybot1, section.weffybot2});
 }
 
-void CalcEffectiveTwoWebs(ProjectState& s)
+void CalcEffectiveTwoWebs(const Inputs& in, SectionRecord& section)
 {
-    const Flange top = TopFlange(s), bottom = BottomFlange(s);
-    const EffectiveScheme scheme{.leg = s.r, .webbuckles = true, .netcentroid = true};
-    s.aeff = F32(s.a - FlangeLoss(s, top) - FlangeLoss(s, bottom) - WebLoss(s));
-    StoreEffective(s, EffectiveBending(s, TopSide(s), top, scheme),
-                   EffectiveBending(s, BottomSide(s), bottom, scheme));
+    const Flange top = TopFlange(in, section), bottom = BottomFlange(in, section);
+    const EffectiveScheme scheme{.leg = section.r, .webbuckles = true, .netcentroid = true};
+    section.aeff = F32(section.a - FlangeLoss(in, section, top) - FlangeLoss(in, section, bottom) -
+                       WebLoss(in, section));
+    StoreEffective(section, EffectiveBending(in, section, TopSide(in, section), top, scheme),
+                   EffectiveBending(in, section, BottomSide(in, section), bottom, scheme));
 }
 
 }  // namespace kestrum

@@ -9,10 +9,10 @@
 namespace kestrum {
 
 // Area that buckling takes from a flange in uniform compression, mm2.
-double FlangeLoss(const ProjectState& s, const Flange& flange);
+double FlangeLoss(const Inputs& in, const SectionRecord& section, const Flange& flange);
 
 // Area that buckling takes from all webs in uniform compression, as internal parts, mm2.
-double WebLoss(const ProjectState& s);
+double WebLoss(const Inputs& in, const SectionRecord& section);
 
 // How the families differ in the one scheme.
 struct EffectiveScheme {
@@ -26,16 +26,19 @@ struct EffectiveModuli {
     double compressed, opposite;
 };
 
-EffectiveModuli EffectiveBending(const ProjectState& s, const WeldedSide& side,
-                                 const Flange& flange, const EffectiveScheme& scheme);
+EffectiveModuli EffectiveBending(const Inputs& in, const SectionRecord& section,
+                                 const WeldedSide& side, const Flange& flange,
+                                 const EffectiveScheme& scheme);
 
 // The same for a web without flange whose tip is compressed, EN 1993-1-5, Table 4.2.
-EffectiveModuli EffectiveTip(const ProjectState& s, const WeldedSide& side);
+EffectiveModuli EffectiveTip(const Inputs& in, const SectionRecord& section,
+                             const WeldedSide& side);
 
 // Stores both sides' moduli and the smallest of them, weffy.
-void StoreEffective(ProjectState& s, const EffectiveModuli& top, const EffectiveModuli& bottom);
+void StoreEffective(SectionRecord& section, const EffectiveModuli& top,
+                    const EffectiveModuli& bottom);
 
 // aeff and both sides of the sections with two webs (24, 25, 27).
-void CalcEffectiveTwoWebs(ProjectState& s);
+void CalcEffectiveTwoWebs(const Inputs& in, SectionRecord& section);
 
 }  // namespace kestrum

@@ -15,28 +15,28 @@ namespace kestrum {
 namespace {
 
 // Shear yield stress, MPa.
-double ShearYield(const ProjectState& s)
+double ShearYield(const Inputs& in)
 {
-    return s.fyk / std::sqrt(3.0);
+    return in.fyk / std::sqrt(3.0);
 }
 
 // Moment resistance in kNm of a modulus in mm3.
-double Moment(const ProjectState& s, double w)
+double Moment(const Inputs& in, double w)
 {
-    return w * s.fyk / s.gammam0 / 1e6;
+    return w * in.fyk / in.gammam0 / 1e6;
 }
 
-bool Plastic(const ProjectState& s, i16 cls)
+bool Plastic(const Inputs& in, i16 cls)
 {
-    return cls <= 2 && s.checkelastic != kTrue;
+    return cls <= 2 && in.checkelastic != kTrue;
 }
 
 // Shear area of a web that does not buckle, EN 1993-1-1, 6.2.6 (3), mm2.
-double PlasticShearArea(const ProjectState& s)
+double PlasticShearArea(const Inputs& in, const SectionRecord& section)
 {
-    const double a = s.a, b = s.b, tf = s.tf, tw = s.tw, r = s.r;
-    const double least = 1.0 * s.neta * s.hw * tw;
-    switch (Traits(s).design.shear_area) {
+    const double a = section.a, b = section.b, tf = section.tf, tw = section.tw, r = section.r;
+    const double least = 1.0 * in.neta * section.hw * tw;
+    switch (Traits(in).design.shear_area) {
     case ShearArea::channel:
         return a - 2 * b * tf + (tw + r) * tf;
     case ShearArea::web:
@@ -47,76 +47,80 @@ double PlasticShearArea(const ProjectState& s)
 }
 
 // Share of the area that is web, held at one half, EN 1993-1-1, 6.2.9.1 (5).
-double WebShare(const ProjectState& s)
+double WebShare(const SectionRecord& section)
 {
-    return std::min((s.a - 2.0 * s.b * s.tf) / s.a, 0.5);
+    return std::min((section.a - 2.0 * section.b * section.tf) / section.a, 0.5);
 }
 
 // Weff about z: both flange tips on the compressed side lose g, mm.
 //
 // Deviation D160: the modulus is that of the tension edge, the nearer one; the standard takes the
 // compressed edge, further off as the centroid moves away from it.
-double EffectiveModulusZ(const ProjectState& s)
+double EffectiveModulusZ(const Inputs& in, const SectionRecord& section)
 {
-    const double a = s.a, b = s.b, tf = s.tf;
-    const double g = (1 - OutstandRho(s, kOutstandBending)) * s.cflange;
+    const double a = section.a, b = section.b, tf = section.tf;
+    const double g = (1 - OutstandRho(in, section, kOutstandBending)) * section.cflange;
     const double strip = 2 * tf * g;
     const double y = b - g / 2;  // of the strips, from the tension edge
     const double rest = a - strip;
     const double z = (b * a / 2 - strip * y) / rest;
-    const double i = b * b * a / 4 + s.iz - 2 * tf * g * g * g / 12 - strip * y * y - rest * z * z;
+    const double i =
+        b * b * a / 4 + section.iz - 2 * tf * g * g * g / 12 - strip * y * y - rest * z * z;
     return i / z;
 }
 
 }  // namespace
 
-double OutstandRho(const ProjectState& s, double k)
+double OutstandRho(const Inputs& in, const SectionRecord& section, double k)
 {
-    return s.checkflangebuck == kTrue ? 1.0
-                                      : RhoOutstand(PlateSlenderness(s.cflange, s.tf, s.eps, k));
+    return in.checkflangebuck == kTrue
+               ? 1.0
+               : RhoOutstand(PlateSlenderness(section.cflange, section.tf, section.eps, k));
 }
 
-double WebRho(const ProjectState& s)
+double WebRho(const Inputs& in, const SectionRecord& section)
 {
-    return s.checkwebbuck == kTrue ? 1.0
-                                   : RhoInternal(PlateSlenderness(s.d, s.tw, s.eps, kInternal));
+    return in.checkwebbuck == kTrue
+               ? 1.0
+               : RhoInternal(PlateSlenderness(section.d, section.tw, section.eps, kInternal));
 }
 
 // EN 1993-1-5, 4.4 and Table 4.1. Distances from the compressed edge, mm; the flange is lost first,
 // and the stress ratio of the web is that of the section without it.
-double EffectiveModulusY(const ProjectState& s, double lost)
+double EffectiveModulusY(const Inputs& in, const SectionRecord& section, double lost)
 {
-    const double a = s.a, h = s.h, tw = s.tw, tf = s.tf, d = s.d;
+    const double a = section.a, h = section.h, tw = section.tw, tf = section.tf, d = section.d;
     const double a2 = a - lost;
     const double zc = (h * a / 2 - lost * tf / 2) / a2;
-    const double bc = zc - tf - s.r;  // compressed part of the web
+    const double bc = zc - tf - section.r;  // compressed part of the web
 
     double rho = 1;
-    if (s.checkwebbuck != kTrue && d > 0) {
+    if (in.checkwebbuck != kTrue && d > 0) {
         const double psi = StressRatio(-(d - bc) / bc);
-        rho = RhoInternal(PlateSlenderness(d, tw, s.eps, KSigmaInternal(psi)), psi);
+        rho = RhoInternal(PlateSlenderness(d, tw, section.eps, KSigmaInternal(psi)), psi);
     }
     const double w = (1 - rho) * bc;
     const double aw = w * tw;
     const double zw = zc - 0.6 * rho * bc - w / 2;
     const double a3 = a2 - aw;
     const double z = (h * a / 2 - aw * zw - lost * tf / 2) / a3;
-    const double edge = h * h * a / 4 + s.iy - tw * w * w * w / 12 - aw * zw * zw -
+    const double edge = h * h * a / 4 + section.iy - tw * w * w * w / 12 - aw * zw * zw -
                         lost * tf * tf / 12 - lost * (tf / 2) * (tf / 2);  // about the edge, mm4
     return (edge - a3 * z * z) / z;
 }
 
-void CalcEffectiveI(ProjectState& s)
+void CalcEffectiveI(const Inputs& in, SectionRecord& section)
 {
-    const double lost = 2 * (1 - OutstandRho(s, kOutstand)) * s.cflange * s.tf;  // one flange, mm2
-    s.aeff = F32(s.a - 2 * lost - (1 - WebRho(s)) * s.d * s.tw);
-    s.weffy = F32(EffectiveModulusY(s, lost));
-    s.weffz = F32(EffectiveModulusZ(s));
+    const double lost = 2 * (1 - OutstandRho(in, section, kOutstand)) * section.cflange *
+                        section.tf;  // one flange, mm2
+    section.aeff = F32(section.a - 2 * lost - (1 - WebRho(in, section)) * section.d * section.tw);
+    section.weffy = F32(EffectiveModulusY(in, section, lost));
+    section.weffz = F32(EffectiveModulusZ(in, section));
 }
 
-double ModulusByClass(const ProjectState& s, i16 cls, double wpl, double wel, double weff)
+double ModulusByClass(const Inputs& in, i16 cls, double wpl, double wel, double weff)
 {
-    if (Plastic(s, cls)) {
+    if (Plastic(in, cls)) {
         return wpl;
     }
     return cls == 4 ? weff : wel;
@@ -128,51 +132,55 @@ double ModulusByClass(const ProjectState& s, i16 cls, double wpl, double wel, do
 //
 // Deviation D158: vzrd, on which the half-resistance test rests, never counts the stiffeners; the
 // standard has one shear resistance.
-void CalcVzrd(ProjectState& s, double area)
+void CalcVzrd(const Inputs& in, const SectionRecord& section, Resistances& resistances, double area)
 {
-    if (StockyInShear(s, s.hw, s.tw)) {
-        s.avz = area;
-        s.vzrd = s.avz * ShearYield(s) / s.gammam0 / 1000;
+    if (StockyInShear(in, section, section.hw, section.tw)) {
+        resistances.avz = area;
+        resistances.vzrd = resistances.avz * ShearYield(in) / in.gammam0 / 1000;
     } else {
-        s.avz = 1.0 * s.tw * s.hw;
-        const double chi = ChiWeb(s, WebSlenderness(s, s.hw, s.tw));
-        s.vzrd = s.avz * chi * ShearYield(s) / s.gammam1 / 1000;
+        resistances.avz = 1.0 * section.tw * section.hw;
+        const double chi = ChiWeb(in, WebSlenderness(section, section.hw, section.tw));
+        resistances.vzrd = resistances.avz * chi * ShearYield(in) / in.gammam1 / 1000;
     }
-    s.vplzrd = s.avz * ShearYield(s) / s.gammam0 / 1000;
+    resistances.vplzrd = resistances.avz * ShearYield(in) / in.gammam0 / 1000;
 }
 
 // EN 1993-1-1, 6.2.3 to 6.2.6.
 //   in   section record; fyk [MPa]; gammam0, gammam1 [-]
 //   out  classes; nplrd, ncrd, vzrd, vyrd [kN]; mplyrd .. mzrd, mfrd, mfzrd [kNm]
-void CalcResistanceI(ProjectState& s)
+void CalcResistanceI(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                     SectionChecks& checks)
 {
-    const double h = s.h, b = s.b, tf = s.tf;
-    s.mfrd = (h - tf) * tf * b * s.fyk / s.gammam0 / 1e6;
-    s.mfzrd = (b * b / 4 + b * b / 4) * tf * s.fyk / s.gammam0 / 1e6;
-    s.mplyrd = Moment(s, s.wply);
-    s.melyrd = Moment(s, s.wely);
-    s.meffyrd = Moment(s, s.weffy);
-    s.mplzrd = Moment(s, s.wplz);
-    s.melzrd = Moment(s, s.welz);
-    s.meffzrd = Moment(s, s.weffz);
+    const double h = section.h, b = section.b, tf = section.tf;
+    resistances.mfrd = (h - tf) * tf * b * in.fyk / in.gammam0 / 1e6;
+    resistances.mfzrd = (b * b / 4 + b * b / 4) * tf * in.fyk / in.gammam0 / 1e6;
+    resistances.mplyrd = Moment(in, section.wply);
+    resistances.melyrd = Moment(in, section.wely);
+    resistances.meffyrd = Moment(in, section.weffy);
+    resistances.mplzrd = Moment(in, section.wplz);
+    resistances.melzrd = Moment(in, section.welz);
+    resistances.meffzrd = Moment(in, section.weffz);
 
-    s.classn = CalcClassY(s, 10, 0);
-    s.classmy = CalcClassY(s, 0, 10);
-    s.classmz = CalcClassZ(s, 0, 10);
+    section.classn = CalcClassY(in, section, checks, 10, 0);
+    section.classmy = CalcClassY(in, section, checks, 0, 10);
+    section.classmz = CalcClassZ(in, section, checks, 0, 10);
 
-    s.nplrd = 1.0 * s.a * s.fyk / s.gammam0 / 1000;
-    s.ncrd = (s.classn == 4 ? 1.0 * s.aeff : 1.0 * s.a) * s.fyk / s.gammam0 / 1000;
-    s.wyused = ModulusByClass(s, s.classmy, s.wply, s.wely, s.weffy);
-    s.wzused = ModulusByClass(s, s.classmz, s.wplz, s.welz, s.weffz);
-    s.myrd = Moment(s, s.wyused);
-    s.mzrd = Moment(s, s.wzused);
-    s.nrdm1 = s.ncrd * s.gammam0 / s.gammam1;
-    s.myrdm1 = s.myrd * s.gammam0 / s.gammam1;
-    s.mzrdm1 = s.mzrd * s.gammam0 / s.gammam1;
+    resistances.nplrd = 1.0 * section.a * in.fyk / in.gammam0 / 1000;
+    resistances.ncrd =
+        (section.classn == 4 ? 1.0 * section.aeff : 1.0 * section.a) * in.fyk / in.gammam0 / 1000;
+    resistances.wyused =
+        ModulusByClass(in, section.classmy, section.wply, section.wely, section.weffy);
+    resistances.wzused =
+        ModulusByClass(in, section.classmz, section.wplz, section.welz, section.weffz);
+    resistances.myrd = Moment(in, resistances.wyused);
+    resistances.mzrd = Moment(in, resistances.wzused);
+    resistances.nrdm1 = resistances.ncrd * in.gammam0 / in.gammam1;
+    resistances.myrdm1 = resistances.myrd * in.gammam0 / in.gammam1;
+    resistances.mzrdm1 = resistances.mzrd * in.gammam0 / in.gammam1;
 
-    CalcVzrd(s, PlasticShearArea(s));
-    s.avy = 2 * b * tf;
-    s.vyrd = s.avy * ShearYield(s) / s.gammam0 / 1000;
+    CalcVzrd(in, section, resistances, PlasticShearArea(in, section));
+    resistances.avy = 2 * b * tf;
+    resistances.vyrd = resistances.avy * ShearYield(in) / in.gammam0 / 1000;
 }
 
 // EN 1993-1-5, 5.2 to 5.4.
@@ -182,22 +190,24 @@ void CalcResistanceI(ProjectState& s)
 // Deviation D154: each call reduces the moment of the flanges, mfrd, for the axial force in place,
 // with ned in kN against a resistance in N, so that it hardly falls; EN 1993-1-5, 5.4 (2) compares
 // like with like, once.
-void CalcVbrd(ProjectState& s)
+void CalcVbrd(const Inputs& in, const SectionRecord& section, Resistances& resistances,
+              const Forces& forces, SectionChecks& checks)
 {
-    s.vbrd = s.vzrd;
-    s.shearnote = ")";
-    if (!StockyInShear(s, s.hw, s.tw)) {
-        s.shearnote = " Support stiffener recommended)";
-        const double hw = s.hw, tw = s.tw, b = s.b, tf = s.tf;
-        s.avz = tw * hw;
-        const double chi = ChiWebEndPost(s, WebSlendernessStiffened(s, hw, tw));
-        const double web = chi * s.avz * ShearYield(s) / s.gammam1 / 1000;
-        s.mfrd *= 1 - std::abs(s.ned) / (2 * b * tf * s.fyk / s.gammam0);
-        const double most = s.neta * hw * tw * ShearYield(s) / s.gammam1 / 1000;
-        s.vbrd = std::min(web + FlangeShear(s, hw, tw, b, tf), most);
+    resistances.vbrd = resistances.vzrd;
+    checks.shearnote = ")";
+    if (!StockyInShear(in, section, section.hw, section.tw)) {
+        checks.shearnote = " Support stiffener recommended)";
+        const double hw = section.hw, tw = section.tw, b = section.b, tf = section.tf;
+        resistances.avz = tw * hw;
+        const double chi = ChiWebEndPost(in, WebSlendernessStiffened(in, section, hw, tw));
+        const double web = chi * resistances.avz * ShearYield(in) / in.gammam1 / 1000;
+        resistances.mfrd *= 1 - std::abs(forces.ned) / (2 * b * tf * in.fyk / in.gammam0);
+        const double most = in.neta * hw * tw * ShearYield(in) / in.gammam1 / 1000;
+        resistances.vbrd =
+            std::min(web + FlangeShear(in, resistances, checks, hw, tw, b, tf), most);
     }
-    if (s.checkwebbuck == kTrue) {
-        s.vbrd = s.vplzrd;
+    if (in.checkwebbuck == kTrue) {
+        resistances.vbrd = resistances.vplzrd;
     }
 }
 
@@ -206,25 +216,29 @@ void CalcVbrd(ProjectState& s)
 //
 // Deviation D152: the ratio of Vy divides by vcyrd = vyrd/1.5, the parabola of the shear stress in
 // a flange, while the half-resistance test takes vyrd; the standard has the plastic value for both.
-void CalcShearZ(ProjectState& s)
+void CalcShearZ(const Inputs& in, const SectionRecord& section, Resistances& resistances,
+                const Forces& forces, SectionChecks& checks)
 {
-    CalcVbrd(s);
-    s.avy = 2.0 * s.b * s.tf;
-    s.vcyrd = 1 / 1.5 * s.avy * ShearYield(s) / s.gammam0 / 1000;
+    CalcVbrd(in, section, resistances, forces, checks);
+    resistances.avy = 2.0 * section.b * section.tf;
+    resistances.vcyrd = 1 / 1.5 * resistances.avy * ShearYield(in) / in.gammam0 / 1000;
 }
 
 // EN 1993-1-1, 6.2.8 (5), Eq (6.30): the web loses rho of its part of the modulus.
 //   in   classmyuse; vzed, vzrd [kN]; mplyrd, melyrd, meffyrd, myrd [kNm]
 //   out  myrdv [kNm]
-void ReduceMy(ProjectState& s)
+void ReduceMy(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+              const Forces&, SectionChecks& checks)
 {
-    const double strip = 1.0 * s.hw * s.hw * s.tw * ShearReduction(s.vzed, s.vzrd);  // mm3
-    if (Plastic(s, s.classmyuse)) {
-        s.myrdv = s.mplyrd - Moment(s, strip / 4);
+    const double strip = 1.0 * section.hw * section.hw * section.tw *
+                         ShearReduction(checks.vzed, resistances.vzrd);  // mm3
+    if (Plastic(in, checks.classmyuse)) {
+        checks.myrdv = resistances.mplyrd - Moment(in, strip / 4);
     } else {
-        s.myrdv = (s.classmyuse == 4 ? s.meffyrd : s.melyrd) - Moment(s, strip / 6);
+        checks.myrdv = (checks.classmyuse == 4 ? resistances.meffyrd : resistances.melyrd) -
+                       Moment(in, strip / 6);
     }
-    s.myrdv = std::min(s.myrdv, s.myrd);
+    checks.myrdv = std::min(checks.myrdv, resistances.myrd);
 }
 
 // The same about z, where the flanges take the shear.
@@ -233,51 +247,56 @@ void ReduceMy(ProjectState& s)
 //
 // Deviation D161: the strip is that of one flange, b^2 tf rho/4; by 6.2.8 (3) both flanges, which
 // make up the shear area, have the reduced yield strength: b^2 tf rho/2.
-void ReduceMz(ProjectState& s)
+void ReduceMz(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+              const Forces&, SectionChecks& checks)
 {
-    const double strip = 1.0 * s.b * s.b * s.tf * ShearReduction(s.vyed, s.vyrd);  // mm3
-    if (Plastic(s, s.classmyuse)) {
-        s.mzrdv = s.mplzrd - Moment(s, strip / 4);
+    const double strip = 1.0 * section.b * section.b * section.tf *
+                         ShearReduction(checks.vyed, resistances.vyrd);  // mm3
+    if (Plastic(in, checks.classmyuse)) {
+        checks.mzrdv = resistances.mplzrd - Moment(in, strip / 4);
     } else {
-        s.mzrdv = (s.classmyuse == 4 ? s.meffzrd : s.melzrd) - Moment(s, strip / 6);
+        checks.mzrdv = (checks.classmyuse == 4 ? resistances.meffzrd : resistances.melzrd) -
+                       Moment(in, strip / 6);
     }
-    s.mzrdv = std::min(s.mzrdv, s.mzrd);
+    checks.mzrdv = std::min(checks.mzrdv, resistances.mzrd);
 }
 
 // EN 1993-1-1, 6.2.9.1 (4), Eq (6.33), (6.34); (5), Eq (6.36).
 //   in   ned, nplrd [kN]; myrdv [kNm]
 //   out  mnyrd [kNm]; below 0 for ned beyond nplrd
-void CalcMNy(ProjectState& s)
+void CalcMNy(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+             const Forces& forces, SectionChecks& checks)
 {
-    const double n = std::abs(s.ned / s.nplrd);
-    s.mnyrd = std::min(s.myrdv, s.myrdv * (1 - n) / (1 - 0.5 * WebShare(s)));
-    const double web = 0.5 * s.hw * s.tw * s.fyk / s.gammam0 / 1000;  // kN
-    if (std::abs(s.ned) <= web && std::abs(s.ned) <= 0.25 * s.nplrd) {
-        s.mnyrd = s.myrdv;
+    const double n = std::abs(forces.ned / resistances.nplrd);
+    checks.mnyrd = std::min(checks.myrdv, checks.myrdv * (1 - n) / (1 - 0.5 * WebShare(section)));
+    const double web = 0.5 * section.hw * section.tw * in.fyk / in.gammam0 / 1000;  // kN
+    if (std::abs(forces.ned) <= web && std::abs(forces.ned) <= 0.25 * resistances.nplrd) {
+        checks.mnyrd = checks.myrdv;
     }
 }
 
 // EN 1993-1-1, 6.2.9.1 (4), Eq (6.35); (5), Eq (6.37), (6.38).
 //   in   ned, nplrd [kN]; mzrdv [kNm]
 //   out  mnzrd [kNm]
-void CalcMNz(ProjectState& s)
+void CalcMNz(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+             const Forces& forces, SectionChecks& checks)
 {
-    const double n = std::abs(s.ned / s.nplrd);
-    const double aw = WebShare(s);
-    s.mnzrd = s.mzrdv;
-    const double web = 1.0 * s.hw * s.tw * s.fyk / s.gammam0 / 1000;  // kN
-    if (n > aw && std::abs(s.ned) > web) {
+    const double n = std::abs(forces.ned / resistances.nplrd);
+    const double aw = WebShare(section);
+    checks.mnzrd = checks.mzrdv;
+    const double web = 1.0 * section.hw * section.tw * in.fyk / in.gammam0 / 1000;  // kN
+    if (n > aw && std::abs(forces.ned) > web) {
         const double beyond = (n - aw) / (1 - aw);
-        s.mnzrd = s.mzrdv * (1 - beyond * beyond);
+        checks.mnzrd = checks.mzrdv * (1 - beyond * beyond);
     }
 }
 
 // Deviation D151: the exponents go with moment resistances reduced for shear by 6.2.8; the standard
 // reduces the yield strength of the shear area before axial force and biaxial bending, 6.2.10 (3).
-void ExponentsI(ProjectState& s)
+void ExponentsI(const Resistances& resistances, const Forces& forces, SectionChecks& checks)
 {
-    s.alfaexp = 2;
-    s.betaexp = std::max(1.0, 5 * std::abs(s.ned / s.nplrd));
+    checks.alfaexp = 2;
+    checks.betaexp = std::max(1.0, 5 * std::abs(forces.ned / resistances.nplrd));
 }
 
 // EN 1993-1-1, 6.2.
@@ -285,7 +304,8 @@ void ExponentsI(ProjectState& s)
 // Deviation D153: moments alone and both moments together keep the classes of the single moments;
 // the class under N and M enters the combinations with N only. The standard classifies the section
 // under all its forces, 5.5.2.
-void ControlRolledI(ProjectState& s)
+void ControlRolledI(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                    const Forces& forces, SectionChecks& checks, PassOutcome&)
 {
     constexpr SectionRoutines kRoutines{
         .class_y = CalcClassY,
@@ -302,7 +322,7 @@ void ControlRolledI(ProjectState& s)
         .y_only = false,
         .tube_exponents = false,
     };
-    ControlSection(s, kRoutines);
+    ControlSection(in, section, resistances, forces, checks, kRoutines);
 }
 
 }  // namespace kestrum

@@ -10,12 +10,13 @@ namespace kestrum {
 //
 // Deviation D162: the modulus about z is the elastic one; EN 1993-1-5, 4.4 takes the flanges'
 // effective widths.
-void CalcEffectiveChannel(ProjectState& s)
+void CalcEffectiveChannel(const Inputs& in, SectionRecord& section)
 {
-    const double lost = (1 - OutstandRho(s, kOutstand)) * s.cflange * s.tf;  // one flange, mm2
-    s.aeff = F32(s.a - 2 * lost - (1 - WebRho(s)) * s.d * s.tw);
-    s.weffy = F32(EffectiveModulusY(s, lost));
-    s.weffz = s.welz;
+    const double lost = (1 - OutstandRho(in, section, kOutstand)) * section.cflange *
+                        section.tf;  // one flange, mm2
+    section.aeff = F32(section.a - 2 * lost - (1 - WebRho(in, section)) * section.d * section.tw);
+    section.weffy = F32(EffectiveModulusY(in, section, lost));
+    section.weffz = section.welz;
 }
 
 }  // namespace kestrum

@@ -3,7 +3,8 @@
 // Cross-section design of rolled channels (families 5, 16, 103). Resistances and control are those
 // of the I sections (p01bas_rolled_i.h); only the effective section differs.
 
-#include "core/project_state.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
 
 namespace kestrum {
 
@@ -14,6 +15,6 @@ namespace kestrum {
 // leaves 6.2.1 (7), the sum of the ratios.
 // Deviation D164: the centroid of the effective section of class 4 is taken where that of the gross
 // section is; by EN 1993-1-1, 6.2.9.3 (2) its shift times the axial force is a moment about z.
-void CalcEffectiveChannel(ProjectState& s);
+void CalcEffectiveChannel(const Inputs& in, SectionRecord& section);
 
 }  // namespace kestrum

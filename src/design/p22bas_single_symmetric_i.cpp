@@ -18,52 +18,53 @@ namespace kestrum {
 namespace {
 
 // Width of a flange that loses the compressed tip in bending about z, mm.
-double EffectiveWidth(const ProjectState& s, double b, double c, double t)
+double EffectiveWidth(const Inputs& in, const SectionRecord& section, double b, double c, double t)
 {
-    if (s.checkflangebuck == kTrue) {
+    if (in.checkflangebuck == kTrue) {
         return b;
     }
-    return b - (1 - RhoOutstand(PlateSlenderness(c, t, s.eps, kOutstandBending))) * c;
+    return b - (1 - RhoOutstand(PlateSlenderness(c, t, section.eps, kOutstandBending))) * c;
 }
 
 // The flanges alone, each with its effective width about its own middle.
 //
 // Deviation D200: the web does not count and each flange loses one tip in place; the standard takes
 // the whole effective section about its own centroid.
-double EffectiveModulusZ(const ProjectState& s)
+double EffectiveModulusZ(const Inputs& in, const SectionRecord& section)
 {
-    const double top = EffectiveWidth(s, s.btop, s.ctop, s.ttop);
-    const double bottom = EffectiveWidth(s, s.bbot, s.cbot, s.tbot);
-    const double i = (s.ttop * std::pow(top, 3) + s.tbot * std::pow(bottom, 3)) / 12;
+    const double top = EffectiveWidth(in, section, section.btop, section.ctop, section.ttop);
+    const double bottom = EffectiveWidth(in, section, section.bbot, section.cbot, section.tbot);
+    const double i = (section.ttop * std::pow(top, 3) + section.tbot * std::pow(bottom, 3)) / 12;
     return i / (std::max(top, bottom) / 2);
 }
 
 // --- Routines of the control
 
-i16 ClassY(ProjectState& s, float n, float m)
+i16 ClassY(const Inputs& in, SectionRecord& section, const SectionChecks& checks, float n, float m)
 {
-    return ClassWelded(s, n, s.mysigned > 0 ? m : -m);
+    return ClassWelded(in, section, n, checks.mysigned > 0 ? m : -m);
 }
 
 // The worse of the two flanges, which is also the one that classflange tells of.
-i16 ClassZ(ProjectState& s, float n, float m)
+i16 ClassZ(const Inputs& in, SectionRecord& section, const SectionChecks&, float n, float m)
 {
-    const i16 top = CalcClassZ(s, n, m, s.ctop, s.ttop, s.btop);
-    const i16 topflange = s.classflange;
-    const i16 bottom = CalcClassZ(s, n, m, s.cbot, s.tbot, s.bbot);
-    s.classflange = std::max(topflange, s.classflange);
+    const i16 top = CalcClassZ(in, section, n, m, section.ctop, section.ttop, section.btop);
+    const i16 topflange = section.classflange;
+    const i16 bottom = CalcClassZ(in, section, n, m, section.cbot, section.tbot, section.bbot);
+    section.classflange = std::max(topflange, section.classflange);
     return std::max(top, bottom);
 }
 
-void ReduceMySingleI(ProjectState& s)
+void ReduceMySingleI(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                     const Forces&, SectionChecks& checks)
 {
-    s.myrdv = ReducedMoment(s, s.classmyuse);
+    checks.myrdv = ReducedMoment(in, section, resistances, checks, checks.classmyuse);
 }
 
 // The class of the sign of My at the section.
-void EnterSection(ProjectState& s)
+void EnterSection(SectionRecord& section, const SectionChecks& checks)
 {
-    s.classmy = s.mysigned > 0 ? s.classmytop : s.classmybot;
+    section.classmy = checks.mysigned > 0 ? section.classmytop : section.classmybot;
 }
 
 }  // namespace
@@ -74,38 +75,39 @@ void EnterSection(ProjectState& s)
 //
 // Deviation D183: the centroid with the webs' loss divides by the area less the flange's loss only,
 // so that it stays too near to the compressed edge; the standard takes the effective area.
-void CalcEffectiveSingleI(ProjectState& s)
+void CalcEffectiveSingleI(const Inputs& in, SectionRecord& section)
 {
-    const Flange top = TopFlange(s), bottom = BottomFlange(s);
-    const EffectiveScheme scheme{.leg = s.r, .webbuckles = true, .netcentroid = false};
-    s.aeff = F32(s.a - FlangeLoss(s, top) - FlangeLoss(s, bottom) - WebLoss(s));
-    StoreEffective(s, EffectiveBending(s, TopSide(s), top, scheme),
-                   EffectiveBending(s, BottomSide(s), bottom, scheme));
-    s.weffz = F32(EffectiveModulusZ(s));
+    const Flange top = TopFlange(in, section), bottom = BottomFlange(in, section);
+    const EffectiveScheme scheme{.leg = section.r, .webbuckles = true, .netcentroid = false};
+    section.aeff = F32(section.a - FlangeLoss(in, section, top) - FlangeLoss(in, section, bottom) -
+                       WebLoss(in, section));
+    StoreEffective(section, EffectiveBending(in, section, TopSide(in, section), top, scheme),
+                   EffectiveBending(in, section, BottomSide(in, section), bottom, scheme));
+    section.weffz = F32(EffectiveModulusZ(in, section));
 }
 
 // EN 1993-1-1, Table 5.2. Compressive stresses positive.
-i16 ClassWelded(const ProjectState& s, float n, float m)
+i16 ClassWelded(const Inputs& in, const SectionRecord& section, float n, float m)
 {
     if (m == 0) {
-        return n > 0 ? ClassCompressed(s) : i16{1};
+        return n > 0 ? ClassCompressed(in, section) : i16{1};
     }
     const bool top = m > 0;
-    const WeldedSide side = top ? TopSide(s) : BottomSide(s);
-    const Flange pressed = top ? TopFlange(s) : BottomFlange(s);
-    const Flange other = top ? BottomFlange(s) : TopFlange(s);
-    const double axial = 1000.0 * n / s.a;            // MPa
-    const double bending = 1e6 * std::abs(m) / s.iy;  // MPa/mm
+    const WeldedSide side = top ? TopSide(in, section) : BottomSide(in, section);
+    const Flange pressed = top ? TopFlange(in, section) : BottomFlange(in, section);
+    const Flange other = top ? BottomFlange(in, section) : TopFlange(in, section);
+    const double axial = 1000.0 * n / section.a;            // MPa
+    const double bending = 1e6 * std::abs(m) / section.iy;  // MPa/mm
     const double s1 = axial + bending * side.webin;
     const double s2 = axial - bending * side.webout;
     if (!(s1 > 0)) {
         return 1;
     }
-    const double alpha = side.alpha + 500.0 * n / (1.0 * s.hw * s.tw * s.fyk);
-    i16 cls =
-        std::max(ClassWebBent(s, std::clamp(alpha, 0.0, 1.0), s2 / s1), ClassFlange(s, pressed));
+    const double alpha = side.alpha + 500.0 * n / (1.0 * section.hw * section.tw * in.fyk);
+    i16 cls = std::max(ClassWebBent(section, std::clamp(alpha, 0.0, 1.0), s2 / s1),
+                       ClassFlange(section, pressed));
     if (axial - bending * (side.webout + other.t / 2) > 0) {
-        cls = std::max(cls, ClassFlange(s, other));
+        cls = std::max(cls, ClassFlange(section, other));
     }
     return cls;
 }
@@ -118,21 +120,24 @@ i16 ClassWelded(const ProjectState& s, float n, float m)
 // width and mean thickness; the standard takes each flange as it is, and its formulas of 6.2.9.1
 // (4), (5) are for doubly symmetric sections. Where N moves the plastic axis away from the
 // centroid, the moment falls from the start.
-void CalcResistanceSingleI(ProjectState& s)
+void CalcResistanceSingleI(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                           SectionChecks& checks)
 {
-    s.classmytop = ClassWelded(s, 0, 10);
-    s.classmybot = ClassWelded(s, 0, -10);
-    s.classmz = ClassZ(s, 0, 10);
-    s.classn = ClassWelded(s, 10, 0);
-    StoreResistances(s);
-    s.mfrd = ElasticFlangeMoment(s);
-    s.mfzrd = MeanFlangeMomentZ(s);
-    StoreShear(s, 1.0 * s.bbot * s.tbot + 1.0 * s.btop * s.ttop);
+    section.classmytop = ClassWelded(in, section, 0, 10);
+    section.classmybot = ClassWelded(in, section, 0, -10);
+    section.classmz = ClassZ(in, section, checks, 0, 10);
+    section.classn = ClassWelded(in, section, 10, 0);
+    StoreResistances(in, section, resistances);
+    resistances.mfrd = ElasticFlangeMoment(in, section, resistances);
+    resistances.mfzrd = MeanFlangeMomentZ(in, section);
+    StoreShear(in, section, resistances,
+               1.0 * section.bbot * section.tbot + 1.0 * section.btop * section.ttop);
 }
 
 // Deviation D198: no moment from the shift of the centroid in class 4 under compression; the
 // standard adds NEd eN, 6.2.9.3 (2).
-void ControlSingleI(ProjectState& s)
+void ControlSingleI(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                    const Forces& forces, SectionChecks& checks, PassOutcome&)
 {
     constexpr SectionRoutines kRoutines{
         .class_y = ClassY,
@@ -149,8 +154,8 @@ void ControlSingleI(ProjectState& s)
         .y_only = false,
         .tube_exponents = false,
     };
-    ControlSection(s, kRoutines);
-    s.classmy = std::max(s.classmytop, s.classmybot);
+    ControlSection(in, section, resistances, forces, checks, kRoutines);
+    section.classmy = std::max(section.classmytop, section.classmybot);
 }
 
 }  // namespace kestrum

@@ -16,18 +16,18 @@ namespace {
 // Web and flange alike.
 //
 // Deviation D192: limits 10, 11, 15 eps; the standard has 9, 10, 14 eps, Table 5.2, sheet 2.
-i16 ClassPart(const ProjectState& s, double c, double t)
+i16 ClassPart(const SectionRecord& section, double c, double t)
 {
-    const double eps = s.eps;
+    const double eps = section.eps;
     return ClassAtMost(c / t, 10 * eps, 11 * eps, 15 * eps);
 }
 
-double LostArea(const ProjectState& s, double c, double t, i16 off)
+double LostArea(const SectionRecord& section, double c, double t, i16 off)
 {
     if (off == kTrue) {
         return 0;
     }
-    return (1 - RhoOutstand(PlateSlenderness(c, t, s.eps, kOutstand))) * c * t;
+    return (1 - RhoOutstand(PlateSlenderness(c, t, section.eps, kOutstand))) * c * t;
 }
 
 // --- Routines of the control
@@ -35,19 +35,20 @@ double LostArea(const ProjectState& s, double c, double t, i16 off)
 // There is no reduced moment for N with My: the elastic sum always stands.
 //
 // Deviation D194: linear sum in classes 1 and 2; the standard allows MN,Rd, 6.2.9.1.
-i16 ClassElastic(ProjectState&, float, float)
+i16 ClassElastic(const Inputs&, SectionRecord&, const SectionChecks&, float, float)
 {
     return 3;
 }
 
-void ReduceMyT(ProjectState& s)
+void ReduceMyT(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+               const Forces&, SectionChecks& checks)
 {
-    s.myrdv = ReducedMoment(s, s.classmy);
+    checks.myrdv = ReducedMoment(in, section, resistances, checks, section.classmy);
 }
 
-void EnterSection(ProjectState& s)
+void EnterSection(SectionRecord& section, const SectionChecks& checks)
 {
-    s.classmy = s.mysigned > 0 ? s.classmytop : s.classmybot;
+    section.classmy = checks.mysigned > 0 ? section.classmytop : section.classmybot;
 }
 
 }  // namespace
@@ -55,12 +56,12 @@ void EnterSection(ProjectState& s)
 // EN 1993-1-5, 4.4. In bending the elastic modulus falls as the area.
 //   in   section record; eps; checkflangebuck, checkwebbuck
 //   out  aeff [mm2]; weffytop1 .. weffybot2, weffy [mm3]
-void CalcEffectiveT(ProjectState& s)
+void CalcEffectiveT(const Inputs& in, SectionRecord& section)
 {
-    s.aeff = F32(s.a - LostArea(s, s.hw, s.tw, s.checkwebbuck) -
-                 2 * LostArea(s, s.cflange, s.tf, s.checkflangebuck));
-    s.weffy = F32(1.0 * s.wely * s.aeff / s.a);
-    s.weffytop1 = s.weffytop2 = s.weffybot1 = s.weffybot2 = s.weffy;
+    section.aeff = F32(section.a - LostArea(section, section.hw, section.tw, in.checkwebbuck) -
+                       2 * LostArea(section, section.cflange, section.tf, in.checkflangebuck));
+    section.weffy = F32(1.0 * section.wely * section.aeff / section.a);
+    section.weffytop1 = section.weffytop2 = section.weffybot1 = section.weffybot2 = section.weffy;
 }
 
 // EN 1993-1-1, 6.2.3 to 6.2.6.
@@ -69,23 +70,25 @@ void CalcEffectiveT(ProjectState& s)
 //
 // Deviation D193: the compression resistance takes aeff in every class; the standard takes the
 // gross area in classes 1 to 3.
-void CalcResistanceT(ProjectState& s)
+void CalcResistanceT(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                     SectionChecks&)
 {
-    s.classmytop = ClassPart(s, s.cflange, s.tf);
-    s.classmybot = ClassPart(s, s.hw, s.tw);
-    s.classn = std::max(s.classmytop, s.classmybot);
-    s.classmz = s.classmytop;  // the flange carries bending about z
-    StoreResistances(s);
-    s.ncrd = AxialResistance(s, s.aeff);
-    s.nrdm1 = s.ncrd * s.gammam0 / s.gammam1;
-    s.mfrd = 0;
-    s.mfzrd = 0;
-    StoreShear(s, 1.0 * s.b * s.tf);
+    section.classmytop = ClassPart(section, section.cflange, section.tf);
+    section.classmybot = ClassPart(section, section.hw, section.tw);
+    section.classn = std::max(section.classmytop, section.classmybot);
+    section.classmz = section.classmytop;  // the flange carries bending about z
+    StoreResistances(in, section, resistances);
+    resistances.ncrd = AxialResistance(in, section.aeff);
+    resistances.nrdm1 = resistances.ncrd * in.gammam0 / in.gammam1;
+    resistances.mfrd = 0;
+    resistances.mfzrd = 0;
+    StoreShear(in, section, resistances, 1.0 * section.b * section.tf);
 }
 
 // Deviation D198: no moment from the shift of the centroid in class 4 under compression; the
 // standard adds NEd eN, 6.2.9.3 (2).
-void ControlT(ProjectState& s)
+void ControlT(const Inputs& in, SectionRecord& section, Resistances& resistances,
+              const Forces& forces, SectionChecks& checks, PassOutcome&)
 {
     constexpr SectionRoutines kRoutines{
         .class_y = ClassElastic,
@@ -102,8 +105,8 @@ void ControlT(ProjectState& s)
         .y_only = true,
         .tube_exponents = false,
     };
-    ControlSection(s, kRoutines);
-    s.classmy = std::max(s.classmytop, s.classmybot);
+    ControlSection(in, section, resistances, forces, checks, kRoutines);
+    section.classmy = std::max(section.classmytop, section.classmybot);
 }
 
 }  // namespace kestrum

@@ -10,37 +10,40 @@
 
 namespace kestrum {
 
-void CalcEffectiveBox(ProjectState& s)
+void CalcEffectiveBox(const Inputs& in, SectionRecord& section)
 {
-    CalcEffectiveTwoWebs(s);
+    CalcEffectiveTwoWebs(in, section);
 }
 
 // EN 1993-1-1, 5.5.2. Unlike the hat beams with outstands, and without an upgrade.
-i16 ClassBox(const ProjectState& s, bool top)
+i16 ClassBox(const Inputs& in, const SectionRecord& section, bool top)
 {
-    const WeldedSide side = top ? TopSide(s) : BottomSide(s);
+    const WeldedSide side = top ? TopSide(in, section) : BottomSide(in, section);
     if (!(side.webin > 0)) {
         return 1;
     }
-    return std::max(ClassWebBent(s, side), ClassFlange(s, top ? TopFlange(s) : BottomFlange(s)));
+    return std::max(ClassWebBent(section, side),
+                    ClassFlange(section, top ? TopFlange(in, section) : BottomFlange(in, section)));
 }
 
 // EN 1993-1-1, 6.2.3 to 6.2.6. The flanges' moment is that of the weaker flange on the arm between
 // both.
 //   in   section record; fyk [MPa]; gammam0, gammam1 [-]
 //   out  classes; resistances [kN, kNm]
-void CalcResistanceBox(ProjectState& s)
+void CalcResistanceBox(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                       SectionChecks&)
 {
-    s.classmytop = ClassBox(s, true);
-    s.classmybot = ClassBox(s, false);
-    s.classn = ClassCompressed(s);
-    s.classmz = std::max(s.classmytop, s.classmybot);
-    StoreResistances(s);
-    const double top = 1.0 * s.btop * s.ttop, bottom = 1.0 * s.bbot * s.tbot;  // mm2
-    const double arm = s.h - s.ttop / 2.0 - s.tbot / 2.0;
-    s.mfrd = MomentResistance(s, std::min(top, bottom) * arm);
-    s.mfzrd = MeanFlangeMomentZ(s);
-    StoreShear(s, bottom + top);
+    section.classmytop = ClassBox(in, section, true);
+    section.classmybot = ClassBox(in, section, false);
+    section.classn = ClassCompressed(in, section);
+    section.classmz = std::max(section.classmytop, section.classmybot);
+    StoreResistances(in, section, resistances);
+    const double top = 1.0 * section.btop * section.ttop,
+                 bottom = 1.0 * section.bbot * section.tbot;  // mm2
+    const double arm = section.h - section.ttop / 2.0 - section.tbot / 2.0;
+    resistances.mfrd = MomentResistance(in, std::min(top, bottom) * arm);
+    resistances.mfzrd = MeanFlangeMomentZ(in, section);
+    StoreShear(in, section, resistances, bottom + top);
 }
 
 }  // namespace kestrum

@@ -3,15 +3,19 @@
 // Cross-section design of the welded box with unequal flanges (family 27), EN 1993-1-1, 6.2 and
 // EN 1993-1-5, for My and Vz. Its control is ControlHsq.
 
-#include "core/project_state.h"
+#include "core/state/inputs.h"
+#include "core/state/resistances.h"
+#include "core/state/section_checks.h"
+#include "core/state/section_record.h"
 
 namespace kestrum {
 
-void CalcEffectiveBox(ProjectState& s);
+void CalcEffectiveBox(const Inputs& in, SectionRecord& section);
 
 // Class in bending that compresses the top, or the bottom.
-i16 ClassBox(const ProjectState& s, bool top);
+i16 ClassBox(const Inputs& in, const SectionRecord& section, bool top);
 
-void CalcResistanceBox(ProjectState& s);
+void CalcResistanceBox(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                       SectionChecks& checks);
 
 }  // namespace kestrum

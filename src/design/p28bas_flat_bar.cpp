@@ -8,17 +8,18 @@ namespace kestrum {
 
 namespace {
 
-i16 ClassOne(ProjectState&, float, float)
+i16 ClassOne(const Inputs&, SectionRecord&, const SectionChecks&, float, float)
 {
     return 1;
 }
 
 // EN 1993-1-1, 6.2.8 (3). The whole bar carries the shear: the strip is a share of its modulus, so
 // that full shear leaves exactly nothing, whatever the size.
-void ReduceMyBar(ProjectState& s)
+void ReduceMyBar(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                 const Forces&, SectionChecks& checks)
 {
-    const double strip = ShearReduction(s.vzed, s.vzrd) * s.wply;  // mm3
-    s.myrdv = s.mplyrd - MomentResistance(s, strip);
+    const double strip = ShearReduction(checks.vzed, resistances.vzrd) * section.wply;  // mm3
+    checks.myrdv = resistances.mplyrd - MomentResistance(in, strip);
 }
 
 // EN 1993-1-1, 6.2.9.1 (3), Eq (6.32).
@@ -27,12 +28,13 @@ void ReduceMyBar(ProjectState& s)
 // equal, so that nothing is left beside a compression: a moment then divides by zero and ends the
 // pass, unless the linear form is asked for (checkconsercontrol). A tension leaves the moment
 // resistance whole.
-void CalcMNyBar(ProjectState& s)
+void CalcMNyBar(const Inputs&, const SectionRecord&, const Resistances& resistances,
+                const Forces& forces, SectionChecks& checks)
 {
-    s.mnyrd = s.myrdv;
-    if (s.ned > 0) {
-        const double n = s.nplrd / s.ncrd;
-        s.mnyrd = s.myrdv * (1 - n * n);
+    checks.mnyrd = checks.myrdv;
+    if (forces.ned > 0) {
+        const double n = resistances.nplrd / resistances.ncrd;
+        checks.mnyrd = checks.myrdv * (1 - n * n);
     }
 }
 
@@ -42,33 +44,36 @@ void CalcMNyBar(ProjectState& s)
 // over the height.
 //   in   h, tw [mm]; a [mm2]; wply, wplz [mm3]; fyk [MPa]; gammam0, gammam1 [-]
 //   out  classes; nplrd, ncrd, vzrd .. vcyrd [kN]; mplyrd .. mzrd [kNm]; avz, avy [mm2]; shearnote
-void CalcResistanceFlatBar(ProjectState& s)
+void CalcResistanceFlatBar(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                           SectionChecks& checks)
 {
-    s.classn = s.classmy = s.classmz = 1;
-    s.classflange = s.classweb = 1;
+    section.classn = section.classmy = section.classmz = 1;
+    section.classflange = section.classweb = 1;
 
-    s.nplrd = AxialResistance(s, s.a);
-    s.ncrd = s.nplrd;
-    s.mplyrd = MomentResistance(s, s.wply);
-    s.mplzrd = MomentResistance(s, s.wplz);
-    s.melyrd = s.meffyrd = MomentResistance(s, s.wely);
-    s.melzrd = s.meffzrd = MomentResistance(s, s.welz);
-    s.wyused = s.wply;
-    s.wzused = s.wplz;
-    s.myrd = s.mplyrd;
-    s.mzrd = s.mplzrd;
-    SetStabilityResistances(s);
+    resistances.nplrd = AxialResistance(in, section.a);
+    resistances.ncrd = resistances.nplrd;
+    resistances.mplyrd = MomentResistance(in, section.wply);
+    resistances.mplzrd = MomentResistance(in, section.wplz);
+    resistances.melyrd = resistances.meffyrd = MomentResistance(in, section.wely);
+    resistances.melzrd = resistances.meffzrd = MomentResistance(in, section.welz);
+    resistances.wyused = section.wply;
+    resistances.wzused = section.wplz;
+    resistances.myrd = resistances.mplyrd;
+    resistances.mzrd = resistances.mplzrd;
+    SetStabilityResistances(in, resistances);
 
-    s.avz = s.avy = 1.0 * s.tw * s.h;
-    s.vzrd = 1 / 1.5 * ShearResistance(s, s.avz);
-    s.vplzrd = s.vplyrd = s.vyrd = s.vbrd = s.vcyrd = s.vzrd;
-    s.shearnote = ")";
+    resistances.avz = resistances.avy = 1.0 * section.tw * section.h;
+    resistances.vzrd = 1 / 1.5 * ShearResistance(in, resistances.avz);
+    resistances.vplzrd = resistances.vplyrd = resistances.vyrd = resistances.vbrd =
+        resistances.vcyrd = resistances.vzrd;
+    checks.shearnote = ")";
 }
 
 // EN 1993-1-1, 6.2, for N, My and Vz.
 //
 // Deviation D178: Mz and Vy are not controlled.
-void ControlFlatBar(ProjectState& s)
+void ControlFlatBar(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                    const Forces& forces, SectionChecks& checks, PassOutcome&)
 {
     constexpr SectionRoutines kRoutines{
         .class_y = ClassOne,
@@ -85,7 +90,7 @@ void ControlFlatBar(ProjectState& s)
         .y_only = true,
         .tube_exponents = false,
     };
-    ControlSection(s, kRoutines);
+    ControlSection(in, section, resistances, forces, checks, kRoutines);
 }
 
 }  // namespace kestrum

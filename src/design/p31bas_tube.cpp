@@ -14,43 +14,47 @@ namespace kestrum {
 namespace {
 
 // One class for all forces.
-i16 Class(ProjectState& s, float, float)
+i16 Class(const Inputs&, SectionRecord& section, const SectionChecks&, float, float)
 {
-    return s.classn;
+    return section.classn;
 }
 
 // EN 1993-1-1, 6.2.8 (3), the strength of the whole tube reduced. The class plays no part.
-void ReduceMyTube(ProjectState& s)
+void ReduceMyTube(const Inputs&, const SectionRecord&, const Resistances& resistances,
+                  const Forces&, SectionChecks& checks)
 {
-    s.myrdv = s.myrd * (1 - ShearReduction(s.vzed, s.vzrd));
+    checks.myrdv = resistances.myrd * (1 - ShearReduction(checks.vzed, resistances.vzrd));
 }
 
-void ReduceMzTube(ProjectState& s)
+void ReduceMzTube(const Inputs&, const SectionRecord&, const Resistances& resistances,
+                  const Forces&, SectionChecks& checks)
 {
-    s.mzrdv = s.mzrd * (1 - ShearReduction(s.vyed, s.vyrd));
+    checks.mzrdv = resistances.mzrd * (1 - ShearReduction(checks.vyed, resistances.vyrd));
 }
 
 // 1 - n^1.7, the interaction of the plastic tube; EN 1993-1-1:2005 has no formula for it.
-double AxialShare(const ProjectState& s)
+double AxialShare(const Resistances& resistances, const Forces& forces)
 {
-    return 1 - std::pow(std::abs(s.ned / s.nplrd), 1.7);
+    return 1 - std::pow(std::abs(forces.ned / resistances.nplrd), 1.7);
 }
 
-void CalcMNyTube(ProjectState& s)
+void CalcMNyTube(const Inputs&, const SectionRecord&, const Resistances& resistances,
+                 const Forces& forces, SectionChecks& checks)
 {
-    s.mnyrd = s.myrdv * AxialShare(s);
+    checks.mnyrd = checks.myrdv * AxialShare(resistances, forces);
 }
 
-void CalcMNzTube(ProjectState& s)
+void CalcMNzTube(const Inputs&, const SectionRecord&, const Resistances& resistances,
+                 const Forces& forces, SectionChecks& checks)
 {
-    s.mnzrd = s.mzrdv * AxialShare(s);
+    checks.mnzrd = checks.mzrdv * AxialShare(resistances, forces);
 }
 
 // EN 1993-1-1, 6.2.9.1 (6).
-void Exponents(ProjectState& s)
+void Exponents(const Resistances&, const Forces&, SectionChecks& checks)
 {
-    s.alfaexp = 2;
-    s.betaexp = 2;
+    checks.alfaexp = 2;
+    checks.betaexp = 2;
 }
 
 }  // namespace
@@ -61,33 +65,37 @@ void Exponents(ProjectState& s)
 //
 // Deviation D175: a tube of class 4 keeps the gross area and the elastic modulus; the standard
 // sends it to EN 1993-1-6.
-void CalcResistanceTube(ProjectState& s)
+void CalcResistanceTube(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                        SectionChecks& checks)
 {
-    const double eps2 = 1.0 * s.eps * s.eps;
-    s.classn = ClassAtMost(1.0 * s.d / s.tw, 50 * eps2, 70 * eps2, 90 * eps2);
-    s.classmy = s.classmz = s.classn;
-    s.classflange = s.classweb = s.classn;
+    const double eps2 = 1.0 * section.eps * section.eps;
+    section.classn = ClassAtMost(1.0 * section.d / section.tw, 50 * eps2, 70 * eps2, 90 * eps2);
+    section.classmy = section.classmz = section.classn;
+    section.classflange = section.classweb = section.classn;
 
-    s.nplrd = AxialResistance(s, s.a);
-    s.ncrd = s.nplrd;
-    s.mplyrd = s.mplzrd = MomentResistance(s, s.wply);
-    s.melyrd = s.melzrd = MomentResistance(s, s.wely);
-    s.meffyrd = s.meffzrd = s.melyrd;
-    s.wyused = s.wzused = ModulusByClass(s, s.classmy, s.wply, s.wely, s.wely);
-    s.myrd = s.mzrd = MomentResistance(s, s.wyused);
-    SetStabilityResistances(s);
+    resistances.nplrd = AxialResistance(in, section.a);
+    resistances.ncrd = resistances.nplrd;
+    resistances.mplyrd = resistances.mplzrd = MomentResistance(in, section.wply);
+    resistances.melyrd = resistances.melzrd = MomentResistance(in, section.wely);
+    resistances.meffyrd = resistances.meffzrd = resistances.melyrd;
+    resistances.wyused = resistances.wzused =
+        ModulusByClass(in, section.classmy, section.wply, section.wely, section.wely);
+    resistances.myrd = resistances.mzrd = MomentResistance(in, resistances.wyused);
+    SetStabilityResistances(in, resistances);
 
-    s.avz = s.avy = 2 * s.a / std::numbers::pi;
-    s.vzrd = ShearResistance(s, s.avz);
-    s.vplzrd = s.vplyrd = s.vyrd = s.vbrd = s.vcyrd = s.vzrd;
-    s.shearnote = ")";
+    resistances.avz = resistances.avy = 2 * section.a / std::numbers::pi;
+    resistances.vzrd = ShearResistance(in, resistances.avz);
+    resistances.vplzrd = resistances.vplyrd = resistances.vyrd = resistances.vbrd =
+        resistances.vcyrd = resistances.vzrd;
+    checks.shearnote = ")";
 }
 
 // EN 1993-1-1, 6.2.
 //
 // Deviation D176: the shear forces of the two directions act each for itself, in the shear ratio as
 // in the reduction of the moments; on a tube the standard's resistance is that of their resultant.
-void ControlTube(ProjectState& s)
+void ControlTube(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                 const Forces& forces, SectionChecks& checks, PassOutcome&)
 {
     constexpr SectionRoutines kRoutines{
         .class_y = Class,
@@ -104,7 +112,7 @@ void ControlTube(ProjectState& s)
         .y_only = false,
         .tube_exponents = true,
     };
-    ControlSection(s, kRoutines);
+    ControlSection(in, section, resistances, forces, checks, kRoutines);
 }
 
 }  // namespace kestrum

@@ -13,24 +13,26 @@ namespace {
 
 // Deviation D173: the class entered for a moment also holds beside an axial force, and that for N
 // plays no part; the standard's class is that under all forces, 5.5.2.
-i16 ClassMy(ProjectState& s, float, float)
+i16 ClassMy(const Inputs&, SectionRecord& section, const SectionChecks&, float, float)
 {
-    return s.classmy;
+    return section.classmy;
 }
 
-i16 ClassMz(ProjectState& s, float, float)
+i16 ClassMz(const Inputs&, SectionRecord& section, const SectionChecks&, float, float)
 {
-    return s.classmz;
+    return section.classmz;
 }
 
-void ReduceMyGeneral(ProjectState& s)
+void ReduceMyGeneral(const Inputs&, const SectionRecord&, const Resistances& resistances,
+                     const Forces&, SectionChecks& checks)
 {
-    s.myrdv = s.myrd;
+    checks.myrdv = resistances.myrd;
 }
 
-void ReduceMzGeneral(ProjectState& s)
+void ReduceMzGeneral(const Inputs&, const SectionRecord&, const Resistances& resistances,
+                     const Forces&, SectionChecks& checks)
 {
-    s.mzrdv = s.mzrd;
+    checks.mzrdv = resistances.mzrd;
 }
 
 // EN 1993-1-1, 6.2.9.1 (4), (5), as for I sections.
@@ -38,28 +40,30 @@ void ReduceMzGeneral(ProjectState& s)
 //   out  mnyrd [kNm]; below 0 for ned beyond ncrd
 //
 // Deviation D180: the share of the web, aweb/a as entered, is not held at 0.5.
-void CalcMNyGeneral(ProjectState& s)
+void CalcMNyGeneral(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                    const Forces& forces, SectionChecks& checks)
 {
-    const double aw = 1.0 * s.aweb / s.a;
-    const double n = std::abs(s.ned / s.ncrd);
-    s.mnyrd = std::min(s.myrdv, s.myrdv * (1 - n) / (1 - 0.5 * aw));
-    const double web = 0.5 * AxialResistance(s, s.aweb);
-    if (std::abs(s.ned) <= web && std::abs(s.ned) <= 0.25 * s.nplrd) {
-        s.mnyrd = s.myrdv;
+    const double aw = 1.0 * section.aweb / section.a;
+    const double n = std::abs(forces.ned / resistances.ncrd);
+    checks.mnyrd = std::min(checks.myrdv, checks.myrdv * (1 - n) / (1 - 0.5 * aw));
+    const double web = 0.5 * AxialResistance(in, section.aweb);
+    if (std::abs(forces.ned) <= web && std::abs(forces.ned) <= 0.25 * resistances.nplrd) {
+        checks.mnyrd = checks.myrdv;
     }
 }
 
 // The same about z.
 //   out  mnzrd [kNm]
-void CalcMNzGeneral(ProjectState& s)
+void CalcMNzGeneral(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                    const Forces& forces, SectionChecks& checks)
 {
-    const double aw = 1.0 * s.aweb / s.a;
-    const double n = std::abs(s.ned / s.ncrd);
-    s.mnzrd = s.mzrdv;
-    const double web = AxialResistance(s, 1.0 * s.hw * s.tw);
-    if (n > aw && std::abs(s.ned) > web) {
+    const double aw = 1.0 * section.aweb / section.a;
+    const double n = std::abs(forces.ned / resistances.ncrd);
+    checks.mnzrd = checks.mzrdv;
+    const double web = AxialResistance(in, 1.0 * section.hw * section.tw);
+    if (n > aw && std::abs(forces.ned) > web) {
         const double beyond = (n - aw) / (1 - aw);
-        s.mnzrd = s.mzrdv * (1 - beyond * beyond);
+        checks.mnzrd = checks.mzrdv * (1 - beyond * beyond);
     }
 }
 
@@ -70,35 +74,39 @@ void CalcMNzGeneral(ProjectState& s)
 //   [-];
 //        checkelastic
 //   out  nplrd, ncrd, vzrd .. vcyrd [kN]; mplyrd .. mzrd [kNm]; avz, avy [mm2]; shearnote
-void CalcResistanceGeneral(ProjectState& s)
+void CalcResistanceGeneral(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                           SectionChecks& checks)
 {
-    s.classflange = s.classweb = s.classn;
-    s.nplrd = AxialResistance(s, s.a);
-    s.ncrd = s.nplrd;
-    s.mplyrd = MomentResistance(s, s.wply);
-    s.mplzrd = MomentResistance(s, s.wplz);
-    s.melyrd = s.meffyrd = MomentResistance(s, s.wely);
-    s.melzrd = s.meffzrd = MomentResistance(s, s.welz);
-    s.wyused = ModulusByClass(s, s.classmy, s.wply, s.wely, s.wely);
-    s.wzused = ModulusByClass(s, s.classmz, s.wplz, s.welz, s.welz);
-    s.myrd = MomentResistance(s, s.wyused);
-    s.mzrd = MomentResistance(s, s.wzused);
-    SetStabilityResistances(s);
+    section.classflange = section.classweb = section.classn;
+    resistances.nplrd = AxialResistance(in, section.a);
+    resistances.ncrd = resistances.nplrd;
+    resistances.mplyrd = MomentResistance(in, section.wply);
+    resistances.mplzrd = MomentResistance(in, section.wplz);
+    resistances.melyrd = resistances.meffyrd = MomentResistance(in, section.wely);
+    resistances.melzrd = resistances.meffzrd = MomentResistance(in, section.welz);
+    resistances.wyused =
+        ModulusByClass(in, section.classmy, section.wply, section.wely, section.wely);
+    resistances.wzused =
+        ModulusByClass(in, section.classmz, section.wplz, section.welz, section.welz);
+    resistances.myrd = MomentResistance(in, resistances.wyused);
+    resistances.mzrd = MomentResistance(in, resistances.wzused);
+    SetStabilityResistances(in, resistances);
 
-    s.avz = 1.0 * s.aweb * s.neta;
-    s.avy = s.aflange;
-    s.vzrd = ShearResistance(s, s.avz);
-    s.vyrd = ShearResistance(s, s.avy);
-    s.vplzrd = s.vbrd = s.vzrd;
-    s.vplyrd = s.vcyrd = s.vyrd;
-    s.shearnote = ")";
+    resistances.avz = 1.0 * section.aweb * in.neta;
+    resistances.avy = section.aflange;
+    resistances.vzrd = ShearResistance(in, resistances.avz);
+    resistances.vyrd = ShearResistance(in, resistances.avy);
+    resistances.vplzrd = resistances.vbrd = resistances.vzrd;
+    resistances.vplyrd = resistances.vcyrd = resistances.vyrd;
+    checks.shearnote = ")";
 }
 
 // EN 1993-1-1, 6.2.
 //
 // Deviation D179: shear neither reduces the moments, 6.2.8, nor makes the web buckle, EN 1993-1-5,
 // 5 (the web's thickness is not entered).
-void ControlGeneral(ProjectState& s)
+void ControlGeneral(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                    const Forces& forces, SectionChecks& checks, PassOutcome&)
 {
     constexpr SectionRoutines kRoutines{
         .class_y = ClassMy,
@@ -115,7 +123,7 @@ void ControlGeneral(ProjectState& s)
         .y_only = false,
         .tube_exponents = false,
     };
-    ControlSection(s, kRoutines);
+    ControlSection(in, section, resistances, forces, checks, kRoutines);
 }
 
 }  // namespace kestrum

@@ -17,37 +17,39 @@ namespace kestrum {
 
 namespace {
 
-bool HasFlatBar(const ProjectState& s)
+bool HasFlatBar(const Inputs& in)
 {
-    return Traits(s).shape.stiffener == Stiffener::flat_bar;
+    return Traits(in).shape.stiffener == Stiffener::flat_bar;
 }
 
 // Area that a flat bar in uniform compression loses, mm2.
-double LostFlatBar(const ProjectState& s)
+double LostFlatBar(const Inputs& in, const SectionRecord& section)
 {
-    if (s.checkwebbuck == kTrue) {
+    if (in.checkwebbuck == kTrue) {
         return 0;
     }
-    return (1 - RhoOutstand(PlateSlenderness(s.d, s.tw, s.eps, kOutstand))) * s.d * s.tw;
+    return (1 - RhoOutstand(PlateSlenderness(section.d, section.tw, section.eps, kOutstand))) *
+           section.d * section.tw;
 }
 
 // The flat bar with its tip compressed, EN 1993-1-1, Table 5.2, sheet 2; limits included.
-i16 ClassTip(const ProjectState& s)
+i16 ClassTip(const Inputs& in, const SectionRecord& section)
 {
-    const double eps = s.eps;
-    const WeldedSide side = BottomSide(s);
+    const double eps = section.eps;
+    const WeldedSide side = BottomSide(in, section);
     const double alpha = std::min(1.0, side.alpha);
     const double k = KSigmaOutstand(-side.webout / side.edge);
-    return ClassAtMost(1.0 * s.d / s.tw, 9 * eps / alpha, 10 * eps / alpha,
+    return ClassAtMost(1.0 * section.d / section.tw, 9 * eps / alpha, 10 * eps / alpha,
                        21 * eps * std::sqrt(k));
 }
 
-i16 ClassInCompression(const ProjectState& s)
+i16 ClassInCompression(const Inputs& in, const SectionRecord& section)
 {
-    if (HasFlatBar(s)) {
-        return std::max(ClassOutstand(s, s.ctop, s.ttop), ClassOutstand(s, s.d, s.tw));
+    if (HasFlatBar(in)) {
+        return std::max(ClassOutstand(section, section.ctop, section.ttop),
+                        ClassOutstand(section, section.d, section.tw));
     }
-    return ClassCompressed(s);
+    return ClassCompressed(in, section);
 }
 
 }  // namespace
@@ -58,36 +60,38 @@ i16 ClassInCompression(const ProjectState& s)
 //
 // Deviation D195: the compressed part of the web counts from the flange, its slenderness between
 // the welds; the standard takes both between the welds.
-void CalcEffectivePlate(ProjectState& s)
+void CalcEffectivePlate(const Inputs& in, SectionRecord& section)
 {
-    const bool flatbar = HasFlatBar(s);
-    const Flange plate = TopFlange(s);
-    const WeldedSide top = TopSide(s), bottom = BottomSide(s);
+    const bool flatbar = HasFlatBar(in);
+    const Flange plate = TopFlange(in, section);
+    const WeldedSide top = TopSide(in, section), bottom = BottomSide(in, section);
     const EffectiveScheme scheme{.leg = 0, .webbuckles = !flatbar, .netcentroid = true};
-    const EffectiveModuli compressed = EffectiveBending(s, top, plate, scheme);
+    const EffectiveModuli compressed = EffectiveBending(in, section, top, plate, scheme);
     if (flatbar) {
-        s.aeff = F32(s.a - FlangeLoss(s, plate) - LostFlatBar(s));
-        StoreEffective(s, compressed, EffectiveTip(s, bottom));
+        section.aeff = F32(section.a - FlangeLoss(in, section, plate) - LostFlatBar(in, section));
+        StoreEffective(section, compressed, EffectiveTip(in, section, bottom));
         return;
     }
-    const Flange flange = BottomFlange(s);
-    s.aeff = F32(s.a - FlangeLoss(s, plate) - FlangeLoss(s, flange) - WebLoss(s));
-    StoreEffective(s, compressed, EffectiveBending(s, bottom, flange, scheme));
+    const Flange flange = BottomFlange(in, section);
+    section.aeff = F32(section.a - FlangeLoss(in, section, plate) -
+                       FlangeLoss(in, section, flange) - WebLoss(in, section));
+    StoreEffective(section, compressed, EffectiveBending(in, section, bottom, flange, scheme));
 }
 
 // EN 1993-1-1, 5.5.2. Plate and stiffener flange are classified even where the elastic axis lies in
 // them.
-i16 ClassPlate(const ProjectState& s, bool plate)
+i16 ClassPlate(const Inputs& in, const SectionRecord& section, bool plate)
 {
-    const bool flatbar = HasFlatBar(s);
+    const bool flatbar = HasFlatBar(in);
     if (plate) {
-        const i16 web = flatbar ? i16{1} : ClassWebBent(s, TopSide(s));
-        return std::max(web, ClassFlange(s, TopFlange(s)));
+        const i16 web = flatbar ? i16{1} : ClassWebBent(section, TopSide(in, section));
+        return std::max(web, ClassFlange(section, TopFlange(in, section)));
     }
     if (flatbar) {
-        return ClassTip(s);
+        return ClassTip(in, section);
     }
-    return std::max(ClassWebBent(s, BottomSide(s)), ClassFlange(s, BottomFlange(s)));
+    return std::max(ClassWebBent(section, BottomSide(in, section)),
+                    ClassFlange(section, BottomFlange(in, section)));
 }
 
 // EN 1993-1-1, 6.2.3 to 6.2.6.
@@ -96,21 +100,24 @@ i16 ClassPlate(const ProjectState& s, bool plate)
 //
 // Deviation D197: bending is about y whatever the stiffener; the standard takes the principal axes
 // of sections with a one-sided flange.
-void CalcResistancePlate(ProjectState& s)
+void CalcResistancePlate(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                         SectionChecks&)
 {
-    s.classmytop = ClassPlate(s, true);
-    s.classmybot = ClassPlate(s, false);
-    s.classn = ClassInCompression(s);
-    s.classmz = std::max(s.classmytop, s.classmybot);
-    StoreResistances(s);
-    s.mfrd = ElasticFlangeMoment(s);
-    s.mfzrd = 0;
-    StoreShear(s, 1.0 * s.btop * s.ttop + 1.0 * s.bbot * s.tbot);
+    section.classmytop = ClassPlate(in, section, true);
+    section.classmybot = ClassPlate(in, section, false);
+    section.classn = ClassInCompression(in, section);
+    section.classmz = std::max(section.classmytop, section.classmybot);
+    StoreResistances(in, section, resistances);
+    resistances.mfrd = ElasticFlangeMoment(in, section, resistances);
+    resistances.mfzrd = 0;
+    StoreShear(in, section, resistances,
+               1.0 * section.btop * section.ttop + 1.0 * section.bbot * section.tbot);
 }
 
-void ControlPlate(ProjectState& s)
+void ControlPlate(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                  const Forces& forces, SectionChecks& checks, PassOutcome&)
 {
-    ControlBending(s, 1.0);
+    ControlBending(in, section, resistances, forces, checks, 1.0);
 }
 
 // Tripping of the stiffener about its root: St Venant torsion, and of a flange its bending in
@@ -120,24 +127,25 @@ void ControlPlate(ProjectState& s)
 // Deviation D196: tripping stress of the stiffener alone times the modulus in use with the
 // stiffener compressed, for either sign; the standard asks for the elastic critical moment of the
 // whole section and of the sign, EN 1993-1-1, 6.3.2.2 (2).
-double PlateMcr(const ProjectState& s, double length_mm)
+double PlateMcr(const Inputs& in, const SectionRecord& section, double length_mm)
 {
     constexpr double kPi = std::numbers::pi_v<float>;
 
-    const double shear = s.e / 2.6;  // G, MPa
-    const double tw = s.tw, hw = s.hw;
-    if (HasFlatBar(s)) {
-        const double slender = tw / s.h, stocky = hw / length_mm;
-        return s.wybot * slender * slender * (2 * stocky * stocky + 1) * shear;
+    const double shear = in.e / 2.6;  // G, MPa
+    const double tw = section.tw, hw = section.hw;
+    if (HasFlatBar(in)) {
+        const double slender = tw / section.h, stocky = hw / length_mm;
+        return section.wybot * slender * slender * (2 * stocky * stocky + 1) * shear;
     }
-    const double flange = 1.0 * s.tbot * s.bbot;  // mm2
+    const double flange = 1.0 * section.tbot * section.bbot;  // mm2
     const double web = hw * tw;
-    const double ratio = s.tbot / tw;
-    const double slender = tw / (1.0 * s.h - s.ttop);
+    const double ratio = section.tbot / tw;
+    const double slender = tw / (1.0 * section.h - section.ttop);
     const double torsion =
         (ratio * ratio * flange + web) * shear * slender * slender / (3 * flange + web);
-    const double bending = kPi * kPi * s.e * s.iz / (web / 3 + flange) / (length_mm * length_mm);
-    return s.wybot * (torsion + bending);
+    const double bending =
+        kPi * kPi * in.e * section.iz / (web / 3 + flange) / (length_mm * length_mm);
+    return section.wybot * (torsion + bending);
 }
 
 }  // namespace kestrum

@@ -17,25 +17,25 @@ namespace {
 constexpr i16 kUpgraded = 23;  // class 3 web, class 1 or 2 flange, 6.2.2.4
 
 // Resistance in kN of an area of buckling webs in mm2, EN 1993-1-5, 5.2.
-double BucklingShear(const ProjectState& s, double area)
+double BucklingShear(const Inputs& in, double area)
 {
-    return area * ShearStrength(s) / s.gammam1 / 1000;
+    return area * ShearStrength(in) / in.gammam1 / 1000;
 }
 
-double WebArea(const ProjectState& s)
+double WebArea(const Inputs& in, const SectionRecord& section)
 {
-    return Webs(s) * 1.0 * s.hw * s.tw;
+    return Webs(in) * 1.0 * section.hw * section.tw;
 }
 
 // Class 4 takes the sign's own effective modulus, class 3 the weaker fibre for either sign.
-double ModulusOfSign(const ProjectState& s, i16 cls, bool top)
+double ModulusOfSign(const Inputs& in, const SectionRecord& section, i16 cls, bool top)
 {
     if (cls == kUpgraded) {
-        return top ? s.wplplus : s.wplminus;
+        return top ? section.wplplus : section.wplminus;
     }
-    const float weff =
-        top ? std::min(s.weffytop1, s.weffytop2) : std::min(s.weffybot1, s.weffybot2);
-    return ModulusByClass(s, cls, s.wply, s.wely, weff);
+    const float weff = top ? std::min(section.weffytop1, section.weffytop2)
+                           : std::min(section.weffybot1, section.weffybot2);
+    return ModulusByClass(in, cls, section.wply, section.wely, weff);
 }
 
 // The flange with the smaller b t^2 resists the tension field, EN 1993-1-5, 5.4 (1). A plate with a
@@ -43,82 +43,90 @@ double ModulusOfSign(const ProjectState& s, i16 cls, bool top)
 //
 // Deviation D199: the entered stiffener spacing counts also where no stiffeners are; the standard
 // then has the distance of the supports. The same in the single symmetric I.
-double WeakerFlangeShear(const ProjectState& s)
+double WeakerFlangeShear(const Inputs& in, const SectionRecord& section,
+                         const Resistances& resistances, const SectionChecks& checks)
 {
-    const double tw = 1.0 * Webs(s) * s.tw;
-    const double top = 1.0 * s.btop * s.ttop * s.ttop;
-    const double bottom = 1.0 * s.bbot * s.tbot * s.tbot;
+    const double tw = 1.0 * Webs(in) * section.tw;
+    const double top = 1.0 * section.btop * section.ttop * section.ttop;
+    const double bottom = 1.0 * section.bbot * section.tbot * section.tbot;
     if (bottom == 0) {
         return 0;
     }
-    return top < bottom ? FlangeShear(s, s.hw, tw, s.btop, s.ttop)
-                        : FlangeShear(s, s.hw, tw, s.bbot, s.tbot);
+    return top < bottom
+               ? FlangeShear(in, resistances, checks, section.hw, tw, section.btop, section.ttop)
+               : FlangeShear(in, resistances, checks, section.hw, tw, section.bbot, section.tbot);
 }
 
 // My against the resistance of its sign.
-void ControlMoment(ProjectState& s, double x, double factor)
+void ControlMoment(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                   SectionChecks& checks, double x, double factor)
 {
-    s.myrdv = ReducedMoment(s, s.mysigned > 0 ? s.classmytop : s.classmybot) * factor;
-    const double ir = s.myed / s.myrdv;
-    if (!(ir > s.irrow1)) {
+    checks.myrdv = ReducedMoment(in, section, resistances, checks,
+                                 checks.mysigned > 0 ? section.classmytop : section.classmybot) *
+                   factor;
+    const double ir = checks.myed / checks.myrdv;
+    if (!(ir > checks.irrow1)) {
         return;
     }
-    const bool reduced = s.vzed > 0.5 * s.vzrd;
-    ResultRow& row = TakeRow(s, 1, ir);
+    const bool reduced = checks.vzed > 0.5 * resistances.vzrd;
+    ResultRow& row = TakeRow(in, checks, 1, ir);
     row.label[0] = reduced ? Literal("IR = My,Ed/MV,y,Rd = ") : Literal("IR = My,Ed/My,Rd = ");
     row.calculation[0] = "{F}/{F} = ";
-    row.number[0] = s.myed;
-    row.number[1] = s.myrdv;
+    row.number[0] = checks.myed;
+    row.number[1] = checks.myrdv;
     row.limit[0] = reduced ? Literal(" ({r}L; Ch 6.2.8)") : Literal(" ({r}L; Ch 6.2.5)");
     row.place[0] = x;
 }
 
 }  // namespace
 
-void StoreSigns(ProjectState& s, double factor)
+void StoreSigns(const Inputs& in, SectionRecord& section, Resistances& resistances, double factor)
 {
-    s.wytop = F32(ModulusOfSign(s, s.classmytop, true));
-    s.wybot = F32(ModulusOfSign(s, s.classmybot, false));
-    s.wyused = std::min(s.wytop, s.wybot);
-    s.myrd = MomentResistance(s, s.wyused) * factor;
-    const double change = factor * s.gammam0 / s.gammam1;
-    s.mytoprd = MomentResistance(s, s.wytop) * change;
-    s.mybotrd = MomentResistance(s, s.wybot) * change;
-    s.myrdm1 = std::min(s.mytoprd, s.mybotrd);
+    section.wytop = F32(ModulusOfSign(in, section, section.classmytop, true));
+    section.wybot = F32(ModulusOfSign(in, section, section.classmybot, false));
+    resistances.wyused = std::min(section.wytop, section.wybot);
+    resistances.myrd = MomentResistance(in, resistances.wyused) * factor;
+    const double change = factor * in.gammam0 / in.gammam1;
+    resistances.mytoprd = MomentResistance(in, section.wytop) * change;
+    resistances.mybotrd = MomentResistance(in, section.wybot) * change;
+    resistances.myrdm1 = std::min(resistances.mytoprd, resistances.mybotrd);
 }
 
 // EN 1993-1-1, 6.2.3 to 6.2.5.
 //   in   section record and classes; fyk [MPa]; gammam0, gammam1 [-]
 //   out  nplrd, ncrd, nrdm1 [kN]; mplyrd .. mzrd, mzrdm1 and those of StoreSigns [kNm]
-void StoreResistances(ProjectState& s)
+void StoreResistances(const Inputs& in, SectionRecord& section, Resistances& resistances)
 {
-    s.classmy = std::max(s.classmytop, s.classmybot);
-    s.classflange = s.classweb = s.classn;
-    s.mplyrd = MomentResistance(s, s.wply);
-    s.melyrd = MomentResistance(s, s.wely);
-    s.meffyrd = MomentResistance(s, s.weffy);
-    s.mplzrd = MomentResistance(s, s.wplz);
-    s.melzrd = MomentResistance(s, s.welz);
-    s.meffzrd = MomentResistance(s, s.weffz);
-    s.nplrd = AxialResistance(s, s.a);
-    s.ncrd = AxialResistance(s, s.classn == 4 ? s.aeff : s.a);
-    s.nrdm1 = s.ncrd * s.gammam0 / s.gammam1;
-    s.wzused = ModulusByClass(s, s.classmz, s.wplz, s.welz, s.weffz);
-    s.mzrd = MomentResistance(s, s.wzused);
-    s.mzrdm1 = s.mzrd * s.gammam0 / s.gammam1;
-    StoreSigns(s, 1.0);
+    section.classmy = std::max(section.classmytop, section.classmybot);
+    section.classflange = section.classweb = section.classn;
+    resistances.mplyrd = MomentResistance(in, section.wply);
+    resistances.melyrd = MomentResistance(in, section.wely);
+    resistances.meffyrd = MomentResistance(in, section.weffy);
+    resistances.mplzrd = MomentResistance(in, section.wplz);
+    resistances.melzrd = MomentResistance(in, section.welz);
+    resistances.meffzrd = MomentResistance(in, section.weffz);
+    resistances.nplrd = AxialResistance(in, section.a);
+    resistances.ncrd = AxialResistance(in, section.classn == 4 ? section.aeff : section.a);
+    resistances.nrdm1 = resistances.ncrd * in.gammam0 / in.gammam1;
+    resistances.wzused =
+        ModulusByClass(in, section.classmz, section.wplz, section.welz, section.weffz);
+    resistances.mzrd = MomentResistance(in, resistances.wzused);
+    resistances.mzrdm1 = resistances.mzrd * in.gammam0 / in.gammam1;
+    StoreSigns(in, section, resistances, 1.0);
 }
 
 // Deviation D31: of unlike flanges the standard takes the weaker one on the arm between both, EN
 // 1993-1-5, 5.4 (2), which is less.
-double ElasticFlangeMoment(const ProjectState& s)
+double ElasticFlangeMoment(const Inputs& in, const SectionRecord& section,
+                           const Resistances& resistances)
 {
-    return s.melyrd - MomentResistance(s, Webs(s) * 1.0 * s.hw * s.hw * s.tw / 6);
+    return resistances.melyrd -
+           MomentResistance(in, Webs(in) * 1.0 * section.hw * section.hw * section.tw / 6);
 }
 
-double MeanFlangeMomentZ(const ProjectState& s)
+double MeanFlangeMomentZ(const Inputs& in, const SectionRecord& section)
 {
-    return MomentResistance(s, 1.0 * s.b * s.b * s.tf / 2);
+    return MomentResistance(in, 1.0 * section.b * section.b * section.tf / 2);
 }
 
 // EN 1993-1-1, 6.2.6 (2) and (3), eta of EN 1993-1-5, 5.1 (2); EN 1993-1-5, 5.2 and 5.3 where the
@@ -128,68 +136,75 @@ double MeanFlangeMomentZ(const ProjectState& s)
 //
 // Deviation D32: eta also counts for webs with a flange at one end only (26, 51), where the
 // standard has tw (h - tf/2), 6.2.6 (3).
-void StoreShear(ProjectState& s, double avy)
+void StoreShear(const Inputs& in, const SectionRecord& section, Resistances& resistances,
+                double avy)
 {
-    if (StockyInShear(s, s.hw, s.tw)) {
-        s.avz = s.neta * WebArea(s);
-        s.vzrd = ShearResistance(s, s.avz);
+    if (StockyInShear(in, section, section.hw, section.tw)) {
+        resistances.avz = in.neta * WebArea(in, section);
+        resistances.vzrd = ShearResistance(in, resistances.avz);
     } else {
-        s.avz = WebArea(s);
-        const double chi = ChiWeb(s, WebSlenderness(s, s.hw, s.tw));
-        s.vzrd = BucklingShear(s, chi * s.avz);
+        resistances.avz = WebArea(in, section);
+        const double chi = ChiWeb(in, WebSlenderness(section, section.hw, section.tw));
+        resistances.vzrd = BucklingShear(in, chi * resistances.avz);
     }
-    s.vplzrd = ShearResistance(s, s.avz);
-    s.avy = avy;
-    s.vyrd = ShearResistance(s, s.avy);
-    s.vcyrd = s.vyrd / 1.5;
-    s.vplyrd = 0;  // used by hollow sections only
+    resistances.vplzrd = ShearResistance(in, resistances.avz);
+    resistances.avy = avy;
+    resistances.vyrd = ShearResistance(in, resistances.avy);
+    resistances.vcyrd = resistances.vyrd / 1.5;
+    resistances.vplyrd = 0;  // used by hollow sections only
 }
 
 // EN 1993-1-1, 6.2.8 (5), Eq (6.30), held at the resistance of the sign without shear.
-double ReducedMoment(const ProjectState& s, i16 cls)
+double ReducedMoment(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                     const SectionChecks& checks, i16 cls)
 {
-    const bool top = s.mysigned > 0;
-    const double strip = WebArea(s) * s.hw * ShearReduction(s.vzed, s.vzrd);  // mm3
-    const bool plastic = cls == kUpgraded || (cls <= 2 && s.checkelastic != kTrue);
-    const double reduced = MomentResistance(s, ModulusOfSign(s, cls, top)) -
-                           MomentResistance(s, strip / (plastic ? 4 : 6));
-    return std::min(reduced, MomentResistance(s, top ? s.wytop : s.wybot));
+    const bool top = checks.mysigned > 0;
+    const double strip =
+        WebArea(in, section) * section.hw * ShearReduction(checks.vzed, resistances.vzrd);  // mm3
+    const bool plastic = cls == kUpgraded || (cls <= 2 && in.checkelastic != kTrue);
+    const double reduced = MomentResistance(in, ModulusOfSign(in, section, cls, top)) -
+                           MomentResistance(in, strip / (plastic ? 4 : 6));
+    return std::min(reduced, MomentResistance(in, top ? section.wytop : section.wybot));
 }
 
-void CalcShearWelded(ProjectState& s)
+void CalcShearWelded(const Inputs& in, const SectionRecord& section, Resistances& resistances,
+                     const Forces&, SectionChecks& checks)
 {
-    s.vbrd = s.vzrd;
-    s.shearnote = ")";
-    if (!StockyInShear(s, s.hw, s.tw)) {
-        s.shearnote = " Support stiffener recommended)";
-        s.avz = WebArea(s);
-        const double chi = ChiWebEndPost(s, WebSlendernessStiffened(s, s.hw, s.tw));
-        const double web = BucklingShear(s, chi * s.avz);
-        s.vbrd = std::min(web + WeakerFlangeShear(s), BucklingShear(s, s.neta * s.avz));
+    resistances.vbrd = resistances.vzrd;
+    checks.shearnote = ")";
+    if (!StockyInShear(in, section, section.hw, section.tw)) {
+        checks.shearnote = " Support stiffener recommended)";
+        resistances.avz = WebArea(in, section);
+        const double chi =
+            ChiWebEndPost(in, WebSlendernessStiffened(in, section, section.hw, section.tw));
+        const double web = BucklingShear(in, chi * resistances.avz);
+        resistances.vbrd = std::min(web + WeakerFlangeShear(in, section, resistances, checks),
+                                    BucklingShear(in, in.neta * resistances.avz));
     }
-    if (s.checkwebbuck == kTrue) {
-        s.vbrd = s.vplzrd;
+    if (in.checkwebbuck == kTrue) {
+        resistances.vbrd = resistances.vplzrd;
     }
 }
 
 // Deviation D189: N, Mz and Vy are not controlled; the standard sums all forces, 6.2.1.
-void ControlBending(ProjectState& s, double factor)
+void ControlBending(const Inputs& in, const SectionRecord& section, Resistances& resistances,
+                    const Forces& forces, SectionChecks& checks, double factor)
 {
-    ClearSectionRows(s);
-    s.mzed = 0;
-    s.vyed = 0;
-    for (int k = 0; k <= s.npts; ++k) {
-        const std::size_t index = CheckedIndex(k, s.xi.size());
-        s.mysigned = s.mysec[index];
-        s.myed = std::abs(s.mysigned);
-        s.vzed = std::abs(s.vzsec[index]);
-        if (s.myed != 0) {
-            ControlMoment(s, s.xi[index], factor);
+    ClearSectionRows(checks);
+    checks.mzed = 0;
+    checks.vyed = 0;
+    for (int k = 0; k <= forces.npts; ++k) {
+        const std::size_t index = CheckedIndex(k, forces.xi.size());
+        checks.mysigned = forces.mysec[index];
+        checks.myed = std::abs(checks.mysigned);
+        checks.vzed = std::abs(forces.vzsec[index]);
+        if (checks.myed != 0) {
+            ControlMoment(in, section, resistances, checks, forces.xi[index], factor);
         }
-        CalcShearWelded(s);
-        ControlShear(s, k);
+        CalcShearWelded(in, section, resistances, forces, checks);
+        ControlShear(in, resistances, forces, checks, k);
     }
-    CloseSectionRows(s);
+    CloseSectionRows(checks);
 }
 
 }  // namespace kestrum

@@ -10,9 +10,9 @@ namespace kestrum {
 
 namespace {
 
-double& Ratio(ProjectState& s, int row)
+double& Ratio(SectionChecks& checks, int row)
 {
-    double* const ratios[] = {&s.irrow1, &s.irrow2, &s.irrow3};
+    double* const ratios[] = {&checks.irrow1, &checks.irrow2, &checks.irrow3};
     return *ratios[CheckedIndex(row - 1, 3)];
 }
 
@@ -23,42 +23,64 @@ void SetNumbers(ResultRow& row, std::initializer_list<double> numbers)
 
 // The walk at one check section.
 struct Section {
-    ProjectState& s;
+    const Inputs& in;
+    SectionRecord& section;
+    Resistances& resistances;
+    const Forces& forces;
+    SectionChecks& checks;
     const SectionRoutines& routines;
     double x;  // x/L
 
     // Single moments call the resistance "MV" from half the shear resistance on, combinations
     // beyond it.
-    bool ShearFromHalfZ() const { return routines.shear_labels && !(s.vzed < 0.5 * s.vzrd); }
-    bool ShearFromHalfY() const { return routines.shear_labels && !(s.vyed < 0.5 * s.vyrd); }
-    bool ShearAboveHalfZ() const { return routines.shear_labels && s.vzed > 0.5 * s.vzrd; }
-    bool ShearAboveHalfY() const { return routines.shear_labels && s.vyed > 0.5 * s.vyrd; }
+    bool ShearFromHalfZ() const
+    {
+        return routines.shear_labels && !(checks.vzed < 0.5 * resistances.vzrd);
+    }
+    bool ShearFromHalfY() const
+    {
+        return routines.shear_labels && !(checks.vyed < 0.5 * resistances.vyrd);
+    }
+    bool ShearAboveHalfZ() const
+    {
+        return routines.shear_labels && checks.vzed > 0.5 * resistances.vzrd;
+    }
+    bool ShearAboveHalfY() const
+    {
+        return routines.shear_labels && checks.vyed > 0.5 * resistances.vyrd;
+    }
 
     bool Plastic(i16 classy, i16 classz) const
     {
-        return classy <= 2 && classz <= 2 && s.checkconsercontrol != kTrue;
+        return classy <= 2 && classz <= 2 && in.checkconsercontrol != kTrue;
     }
 
     void ReduceMy(i16 cls) const
     {
-        s.classmyuse = cls;
-        routines.reduce_my(s);
+        checks.classmyuse = cls;
+        routines.reduce_my(in, section, resistances, forces, checks);
     }
     void ReduceMz(i16 cls) const
     {
-        s.classmyuse = cls;
-        routines.reduce_mz(s);
+        checks.classmyuse = cls;
+        routines.reduce_mz(in, section, resistances, forces, checks);
     }
-    i16 ClassY() const { return routines.class_y(s, F32(s.ned), F32(s.myed)); }
-    i16 ClassZ() const { return routines.class_z(s, F32(s.ned), F32(s.mzed)); }
+    i16 ClassY() const
+    {
+        return routines.class_y(in, section, checks, F32(forces.ned), F32(checks.myed));
+    }
+    i16 ClassZ() const
+    {
+        return routines.class_z(in, section, checks, F32(forces.ned), F32(checks.mzed));
+    }
 
     // The row to fill when `ir` governs it, else null.
     ResultRow* Governs(int row, double ir) const
     {
-        if (!(ir > RowRatio(s, row))) {
+        if (!(ir > RowRatio(checks, row))) {
             return nullptr;
         }
-        ResultRow& taken = TakeRow(s, row, ir);
+        ResultRow& taken = TakeRow(in, checks, row, ir);
         taken.place[0] = x;
         return &taken;
     }
@@ -67,9 +89,8 @@ struct Section {
 // Bending about y alone, 6.2.5 and 6.2.8.
 void ControlMy(const Section& at)
 {
-    ProjectState& s = at.s;
-    at.ReduceMy(s.classmy);
-    if (ResultRow* row = at.Governs(1, s.myed / s.myrdv)) {
+    at.ReduceMy(at.section.classmy);
+    if (ResultRow* row = at.Governs(1, at.checks.myed / at.checks.myrdv)) {
         if (at.ShearFromHalfZ()) {
             row->label[0] = "IR = My,Ed/MV,y,Rd = ";
             row->limit[0] = " ({r}L; Ch 6.2.8)";
@@ -78,16 +99,15 @@ void ControlMy(const Section& at)
             row->limit[0] = " ({r}L; Ch 6.2.5)";
         }
         row->calculation[0] = "{F}/{F} = ";
-        SetNumbers(*row, {s.myed, s.myrdv});
+        SetNumbers(*row, {at.checks.myed, at.checks.myrdv});
     }
 }
 
 // Bending about z alone.
 void ControlMz(const Section& at)
 {
-    ProjectState& s = at.s;
-    at.ReduceMz(s.classmz);
-    if (ResultRow* row = at.Governs(1, s.mzed / s.mzrdv)) {
+    at.ReduceMz(at.section.classmz);
+    if (ResultRow* row = at.Governs(1, at.checks.mzed / at.checks.mzrdv)) {
         if (at.ShearFromHalfY()) {
             row->label[0] = "IR = Mz,Ed/MV,z,Rd = ";
             row->limit[0] = " ({r}L; Ch 6.2.8)";
@@ -96,7 +116,7 @@ void ControlMz(const Section& at)
             row->limit[0] = " ({r}L; Ch 6.2.5)";
         }
         row->calculation[0] = "{F}/{F} = ";
-        SetNumbers(*row, {s.mzed, s.mzrdv});
+        SetNumbers(*row, {at.checks.mzed, at.checks.mzrdv});
     }
 }
 
@@ -104,30 +124,31 @@ void ControlMz(const Section& at)
 // classes are those of the single moments.
 void ControlMyMz(const Section& at)
 {
-    ProjectState& s = at.s;
-    at.ReduceMy(s.classmy);
-    at.ReduceMz(s.classmz);
-    if (at.Plastic(s.classmy, s.classmz)) {
-        const double ir =
-            std::pow(s.myed / s.myrdv, s.alfaexp) + std::pow(s.mzed / s.mzrdv, s.betaexp);
+    at.ReduceMy(at.section.classmy);
+    at.ReduceMz(at.section.classmz);
+    if (at.Plastic(at.section.classmy, at.section.classmz)) {
+        const double ir = std::pow(at.checks.myed / at.checks.myrdv, at.checks.alfaexp) +
+                          std::pow(at.checks.mzed / at.checks.mzrdv, at.checks.betaexp);
         if (ResultRow* row = at.Governs(2, ir)) {
             row->label[0] = at.ShearAboveHalfZ() ? Literal("IR = [My,Ed/MV,y,Rd]^alfa")
                                                  : Literal("IR = [My,Ed/My,Rd]^alfa");
             row->label[1] = at.ShearAboveHalfY() ? Literal(" + [Mz,Ed/MV,z,Rd]^beta = ")
                                                  : Literal(" + [Mz,Ed/Mz,Rd]^beta = ");
             row->calculation[0] = "[{F}/{F}]^{R}+({F}/{F})^{R} = ";
-            SetNumbers(*row, {s.myed, s.myrdv, s.alfaexp, s.mzed, s.mzrdv, s.betaexp});
+            SetNumbers(*row, {at.checks.myed, at.checks.myrdv, at.checks.alfaexp, at.checks.mzed,
+                              at.checks.mzrdv, at.checks.betaexp});
             row->limit[0] = " ({r}L; Ch 6.2.5/6.2.9)";
         }
         return;
     }
-    if (ResultRow* row = at.Governs(2, s.myed / s.myrdv + s.mzed / s.mzrdv)) {
+    if (ResultRow* row =
+            at.Governs(2, at.checks.myed / at.checks.myrdv + at.checks.mzed / at.checks.mzrdv)) {
         row->label[0] =
             at.ShearAboveHalfZ() ? Literal("IR = My,Ed/MV,y,Rd") : Literal("IR = My,Ed/My,Rd");
         row->label[1] =
             at.ShearAboveHalfY() ? Literal(" + Mz,Ed/MV,z,Rd = ") : Literal(" + Mz,Ed/Mz,Rd = ");
         row->calculation[0] = "{F}/{F}+{F}/{F} = ";
-        SetNumbers(*row, {s.myed, s.myrdv, s.mzed, s.mzrdv});
+        SetNumbers(*row, {at.checks.myed, at.checks.myrdv, at.checks.mzed, at.checks.mzrdv});
         row->limit[0] = " ({r}L; Ch 6.2.1)";
     }
 }
@@ -135,25 +156,25 @@ void ControlMyMz(const Section& at)
 // Axial force with bending about y, 6.2.9, with the class of both together.
 void ControlNMy(const Section& at)
 {
-    ProjectState& s = at.s;
     const i16 cls = at.ClassY();
     at.ReduceMy(cls);
     if (at.Plastic(cls, 1)) {
-        at.routines.reduce_mny(s);
-        if (ResultRow* row = at.Governs(2, s.myed / s.mnyrd)) {
+        at.routines.reduce_mny(at.in, at.section, at.resistances, at.forces, at.checks);
+        if (ResultRow* row = at.Governs(2, at.checks.myed / at.checks.mnyrd)) {
             row->label[0] = at.ShearAboveHalfZ() ? Literal("IR = My,Ed/MVN,y,Rd = ")
                                                  : Literal("IR = My,Ed/MN,y,Rd = ");
             row->calculation[0] = "{F}/{F} = ";
-            SetNumbers(*row, {s.myed, s.mnyrd});
+            SetNumbers(*row, {at.checks.myed, at.checks.mnyrd});
             row->limit[0] = " ({r}L; Ch 6.2.9)";
         }
         return;
     }
-    if (ResultRow* row = at.Governs(2, std::abs(s.ned / s.nrdint) + s.myed / s.myrdv)) {
+    if (ResultRow* row = at.Governs(2, std::abs(at.forces.ned / at.checks.nrdint) +
+                                           at.checks.myed / at.checks.myrdv)) {
         row->label[0] = at.ShearAboveHalfZ() ? Literal("IR = NEd/NRd+My,Ed/MV,y,Rd = ")
                                              : Literal("IR = NEd/NRd+My,Ed/My,Rd = ");
         row->calculation[0] = "{F}/{F}+{F}/{F} = ";
-        SetNumbers(*row, {s.ned, s.nrdint, s.myed, s.myrdv});
+        SetNumbers(*row, {at.forces.ned, at.checks.nrdint, at.checks.myed, at.checks.myrdv});
         row->limit[0] = " ({r}L; Ch 6.2.1/6.2.9)";
     }
 }
@@ -161,25 +182,25 @@ void ControlNMy(const Section& at)
 // Axial force with bending about z.
 void ControlNMz(const Section& at)
 {
-    ProjectState& s = at.s;
     const i16 cls = at.ClassZ();
     at.ReduceMz(cls);
     if (at.Plastic(1, cls)) {
-        at.routines.reduce_mnz(s);
-        if (ResultRow* row = at.Governs(2, s.mzed / s.mnzrd)) {
+        at.routines.reduce_mnz(at.in, at.section, at.resistances, at.forces, at.checks);
+        if (ResultRow* row = at.Governs(2, at.checks.mzed / at.checks.mnzrd)) {
             row->label[0] = at.ShearAboveHalfY() ? Literal("IR = Mz,Ed/MVN,z,Rd = ")
                                                  : Literal("IR = Mz,Ed/MN,z,Rd = ");
             row->calculation[0] = "{F}/{F} = ";
-            SetNumbers(*row, {s.mzed, s.mnzrd});
+            SetNumbers(*row, {at.checks.mzed, at.checks.mnzrd});
             row->limit[0] = " ({r}L; Ch 6.2.9)";
         }
         return;
     }
-    if (ResultRow* row = at.Governs(2, std::abs(s.ned / s.nrdint) + s.mzed / s.mzrdv)) {
+    if (ResultRow* row = at.Governs(2, std::abs(at.forces.ned / at.checks.nrdint) +
+                                           at.checks.mzed / at.checks.mzrdv)) {
         row->label[0] = at.ShearAboveHalfY() ? Literal("IR = NEd/NRd+Mz,Ed/MV,z,Rd = ")
                                              : Literal("IR = NEd/NRd+Mz,Ed/Mz,Rd = ");
         row->calculation[0] = "{F}/{F}+{F}/{F} = ";
-        SetNumbers(*row, {s.ned, s.nrdint, s.mzed, s.mzrdv});
+        SetNumbers(*row, {at.forces.ned, at.checks.nrdint, at.checks.mzed, at.checks.mzrdv});
         row->limit[0] = " ({r}L; Ch 6.2.1/6.2.9)";
     }
 }
@@ -187,16 +208,15 @@ void ControlNMz(const Section& at)
 // Axial force with bending about both axes.
 void ControlNMyMz(const Section& at)
 {
-    ProjectState& s = at.s;
     const i16 classy = at.ClassY();
     at.ReduceMy(classy);
     const i16 classz = at.ClassZ();
     at.ReduceMz(classz);
     if (at.Plastic(classy, classz)) {
-        at.routines.reduce_mny(s);
-        at.routines.reduce_mnz(s);
-        const double ir =
-            std::pow(s.myed / s.mnyrd, s.alfaexp) + std::pow(std::abs(s.mzed / s.mnzrd), s.betaexp);
+        at.routines.reduce_mny(at.in, at.section, at.resistances, at.forces, at.checks);
+        at.routines.reduce_mnz(at.in, at.section, at.resistances, at.forces, at.checks);
+        const double ir = std::pow(at.checks.myed / at.checks.mnyrd, at.checks.alfaexp) +
+                          std::pow(std::abs(at.checks.mzed / at.checks.mnzrd), at.checks.betaexp);
         if (ResultRow* row = at.Governs(2, ir)) {
             row->label[0] = at.ShearAboveHalfZ() ? Literal("IR = (My,Ed/MVN,y,Rd)^alfa ")
                                                  : Literal("IR = (My,Ed/MN,y,Rd)^alfa ");
@@ -206,136 +226,142 @@ void ControlNMyMz(const Section& at)
             row->calculation[0] = at.routines.tube_exponents
                                       ? Literal("({F}/{F})^{F}+({F}/{F})^{F} = ")
                                       : Literal("({F}/{F})^{R}+({F}/{F})^{R} = ");
-            SetNumbers(*row, {s.myed, s.mnyrd, s.alfaexp, s.mzed, s.mnzrd, s.betaexp});
+            SetNumbers(*row, {at.checks.myed, at.checks.mnyrd, at.checks.alfaexp, at.checks.mzed,
+                              at.checks.mnzrd, at.checks.betaexp});
             row->limit[0] = " ({r}L; Ch 6.2.9)";
         }
         return;
     }
-    const double ir = std::abs(s.ned / s.nrdint) + s.myed / s.myrdv + s.mzed / s.mzrdv;
+    const double ir = std::abs(at.forces.ned / at.checks.nrdint) +
+                      at.checks.myed / at.checks.myrdv + at.checks.mzed / at.checks.mzrdv;
     if (ResultRow* row = at.Governs(2, ir)) {
         row->label[0] = at.ShearAboveHalfZ() ? Literal("IR = NEd/NRd+My,Ed/MV,y,Rd")
                                              : Literal("IR = NEd/NRd+My,Ed/My,Rd");
         row->label[1] =
             at.ShearAboveHalfY() ? Literal("+Mz,Ed/MV,z,Rd = ") : Literal("+Mz,Ed/Mz,Rd = ");
         row->calculation[0] = "{F}/{F}+{F}/{F}+{F}/{F} = ";
-        SetNumbers(*row, {s.ned, s.nrdint, s.myed, s.myrdv, s.mzed, s.mzrdv});
+        SetNumbers(*row, {at.forces.ned, at.checks.nrdint, at.checks.myed, at.checks.myrdv,
+                          at.checks.mzed, at.checks.mzrdv});
         row->limit[0] = " ({r}L; Ch 6.2.1/6.2.9)";
     }
 }
 
-void TakeForces(ProjectState& s, std::size_t k, bool y_only)
+void TakeForces(const Forces& forces, SectionChecks& checks, std::size_t k, bool y_only)
 {
-    s.mysigned = s.mysec[k];
-    s.myed = std::abs(s.mysec[k]);
-    s.vzed = std::abs(s.vzsec[k]);
-    s.mzed = y_only ? 0.0 : std::abs(s.mzsec[k]);
-    s.vyed = y_only ? 0.0 : std::abs(s.vysec[k]);
+    checks.mysigned = forces.mysec[k];
+    checks.myed = std::abs(forces.mysec[k]);
+    checks.vzed = std::abs(forces.vzsec[k]);
+    checks.mzed = y_only ? 0.0 : std::abs(forces.mzsec[k]);
+    checks.vyed = y_only ? 0.0 : std::abs(forces.vysec[k]);
 }
 
 }  // namespace
 
-void ClearSectionRows(ProjectState& s)
+void ClearSectionRows(SectionChecks& checks)
 {
-    s.secline = {};
-    for (std::size_t row = 1; row < s.secline.size(); ++row) {
-        s.secline[row].status = kWithin;
+    checks.secline = {};
+    for (std::size_t row = 1; row < checks.secline.size(); ++row) {
+        checks.secline[row].status = kWithin;
     }
-    s.irrow1 = s.irrow2 = s.irrow3 = 0;
-    s.irrow4 = s.irrow5 = s.irrow6 = 0;
-    s.irsection = 0;
+    checks.irrow1 = checks.irrow2 = checks.irrow3 = 0;
+    checks.irrow4 = checks.irrow5 = checks.irrow6 = 0;
+    checks.irsection = 0;
 }
 
-ResultRow& TakeRow(ProjectState& s, int row, double ir)
+ResultRow& TakeRow(const Inputs& in, SectionChecks& checks, int row, double ir)
 {
-    Ratio(s, row) = ir;
-    ResultRow& taken = s.secline[CheckedIndex(row, s.secline.size())];
+    Ratio(checks, row) = ir;
+    ResultRow& taken = checks.secline[CheckedIndex(row, checks.secline.size())];
     taken = {};
     taken.ir = ir;
     taken.judged = true;
-    taken.status = ir > s.irlimit ? kAbove : kWithin;
+    taken.status = ir > in.irlimit ? kAbove : kWithin;
     return taken;
 }
 
-double RowRatio(const ProjectState& s, int row)
+double RowRatio(const SectionChecks& checks, int row)
 {
-    const double ratios[] = {s.irrow1, s.irrow2, s.irrow3};
+    const double ratios[] = {checks.irrow1, checks.irrow2, checks.irrow3};
     return ratios[CheckedIndex(row - 1, 3)];
 }
 
-void CloseSectionRows(ProjectState& s)
+void CloseSectionRows(SectionChecks& checks)
 {
-    s.irsection = std::max({s.irrow1, s.irrow2, s.irrow3});
+    checks.irsection = std::max({checks.irrow1, checks.irrow2, checks.irrow3});
 }
 
-void ControlAxial(ProjectState& s, bool placed)
+void ControlAxial(const Inputs& in, const Resistances& resistances, const Forces& forces,
+                  SectionChecks& checks, bool placed)
 {
-    if (s.ned == 0) {
+    if (forces.ned == 0) {
         return;
     }
-    const bool tension = s.ned < 0;
-    const double resistance = tension ? s.nplrd : s.ncrd;
-    const double ir = std::abs(s.ned / resistance);
-    if (!(ir > s.irrow1)) {
+    const bool tension = forces.ned < 0;
+    const double resistance = tension ? resistances.nplrd : resistances.ncrd;
+    const double ir = std::abs(forces.ned / resistance);
+    if (!(ir > checks.irrow1)) {
         return;
     }
-    ResultRow& row = TakeRow(s, 1, ir);
+    ResultRow& row = TakeRow(in, checks, 1, ir);
     row.label[0] = "IR = NEd/NRd = ";
     row.calculation[0] = "{F}/{F} = ";
-    SetNumbers(row, {s.ned, resistance});
+    SetNumbers(row, {forces.ned, resistance});
     if (placed) {
         row.limit[0] = tension ? Literal(" ({r}L; Ch 6.2.3)") : Literal(" ({r}L; Ch 6.2.4)");
-        row.place[0] = s.xi[0];
+        row.place[0] = forces.xi[0];
     } else {
         row.limit[0] = tension ? Literal(" (Ch 6.2.3)") : Literal(" (Ch 6.2.4)");
     }
 }
 
-void ControlShear(ProjectState& s, int k)
+void ControlShear(const Inputs& in, const Resistances& resistances, const Forces& forces,
+                  SectionChecks& checks, int k)
 {
-    const double x = s.xi[CheckedIndex(k, s.xi.size())];
-    if (s.vzed != 0) {
-        const double ir = s.vzed / s.vbrd;
-        if (ir > s.irrow3) {
-            ResultRow& row = TakeRow(s, 3, ir);
+    const double x = forces.xi[CheckedIndex(k, forces.xi.size())];
+    if (checks.vzed != 0) {
+        const double ir = checks.vzed / resistances.vbrd;
+        if (ir > checks.irrow3) {
+            ResultRow& row = TakeRow(in, checks, 3, ir);
             row.label[0] = "IR = Vz,Ed/Vz,Rd = ";
             row.calculation[0] = "{F}/{F} = ";
-            SetNumbers(row, {s.vzed, s.vbrd});
-            row.limit = {" ({r}L; Ch 6.2.6", s.shearnote};
+            SetNumbers(row, {checks.vzed, resistances.vbrd});
+            row.limit = {" ({r}L; Ch 6.2.6", checks.shearnote};
             row.place[0] = x;
         }
     }
-    if (s.vyed != 0) {
-        const double ir = s.vyed / s.vcyrd;
-        if (ir > s.irrow3) {
-            ResultRow& row = TakeRow(s, 3, ir);
+    if (checks.vyed != 0) {
+        const double ir = checks.vyed / resistances.vcyrd;
+        if (ir > checks.irrow3) {
+            ResultRow& row = TakeRow(in, checks, 3, ir);
             row.label[0] = "IR = Vy,Ed/Vy,Rd = ";
             row.calculation[0] = "{F}/{F} = ";
-            SetNumbers(row, {s.vyed, s.vcyrd});
+            SetNumbers(row, {checks.vyed, resistances.vcyrd});
             row.limit[0] = " ({r}L; Ch 6.2.6)";
             row.place[0] = x;
         }
     }
 }
 
-void ControlSection(ProjectState& s, const SectionRoutines& routines)
+void ControlSection(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                    const Forces& forces, SectionChecks& checks, const SectionRoutines& routines)
 {
-    ClearSectionRows(s);
-    s.nrdint = s.ned > 0 ? s.ncrd : s.nplrd;
+    ClearSectionRows(checks);
+    checks.nrdint = forces.ned > 0 ? resistances.ncrd : resistances.nplrd;
     if (routines.exponents) {
-        routines.exponents(s);
+        routines.exponents(resistances, forces, checks);
     }
-    ControlAxial(s, routines.placed_axial);
+    ControlAxial(in, resistances, forces, checks, routines.placed_axial);
 
-    for (int k = 0; k <= s.npts; ++k) {
-        const std::size_t index = CheckedIndex(k, s.xi.size());
-        TakeForces(s, index, routines.y_only);
+    for (int k = 0; k <= forces.npts; ++k) {
+        const std::size_t index = CheckedIndex(k, forces.xi.size());
+        TakeForces(forces, checks, index, routines.y_only);
         if (routines.enter) {
-            routines.enter(s);
+            routines.enter(section, checks);
         }
-        const Section at{s, routines, s.xi[index]};
-        const bool n = s.ned != 0;
-        const bool my = s.myed != 0;
-        const bool mz = s.mzed != 0;
+        const Section at{in, section, resistances, forces, checks, routines, forces.xi[index]};
+        const bool n = forces.ned != 0;
+        const bool my = checks.myed != 0;
+        const bool mz = checks.mzed != 0;
         if (my) {
             ControlMy(at);
         }
@@ -355,11 +381,11 @@ void ControlSection(ProjectState& s, const SectionRoutines& routines)
             ControlNMyMz(at);
         }
         if (routines.shear) {
-            routines.shear(s);
+            routines.shear(in, section, resistances, forces, checks);
         }
-        ControlShear(s, k);
+        ControlShear(in, resistances, forces, checks, k);
     }
-    CloseSectionRows(s);
+    CloseSectionRows(checks);
 }
 
 }  // namespace kestrum

@@ -5,48 +5,62 @@
 // (N, My, Mz), row 2 their combinations, row 3 shear. The walk is the same for most families; what
 // differs stands in `SectionRoutines`.
 
-#include "core/project_state.h"
+#include "core/result_row.h"
+#include "core/state/forces.h"
+#include "core/state/inputs.h"
+#include "core/state/resistances.h"
+#include "core/state/section_checks.h"
+#include "core/state/section_record.h"
 
 namespace kestrum {
 
 // Clears the section rows, irrow1..6 and irsection. Colours after it: within the limit.
-void ClearSectionRows(ProjectState& s);
+void ClearSectionRows(SectionChecks& checks);
 
 // Row 1..3 of the section control takes a new governing value: ratio and status are set, all texts
 // and numbers cleared, for the caller to fill. Call it only when `ir` is above the row's present
 // value.
-ResultRow& TakeRow(ProjectState& s, int row, double ir);
+ResultRow& TakeRow(const Inputs& in, SectionChecks& checks, int row, double ir);
 
 // The present ratio of row 1..3.
-double RowRatio(const ProjectState& s, int row);
+double RowRatio(const SectionChecks& checks, int row);
 
 // irsection, the largest of the three rows.
-void CloseSectionRows(ProjectState& s);
+void CloseSectionRows(SectionChecks& checks);
 
 // Row 1 for the axial force alone, 6.2.3 (nplrd) and 6.2.4 (ncrd). `placed` writes the first check
 // section into the limit, "(0.00L; Ch 6.2.4)", as closed sections, angles and T sections have it.
-void ControlAxial(ProjectState& s, bool placed);
+void ControlAxial(const Inputs& in, const Resistances& resistances, const Forces& forces,
+                  SectionChecks& checks, bool placed);
 
 // Row 3 for vzed against vbrd and vyed against vcyrd at check section k, 6.2.6.
-void ControlShear(ProjectState& s, int k);
+void ControlShear(const Inputs& in, const Resistances& resistances, const Forces& forces,
+                  SectionChecks& checks, int k);
 
 struct SectionRoutines {
     // Class with N and M of the section in hand (EN 1993-1-1, 5.5); n kN, m kNm.
-    i16 (*class_y)(ProjectState& s, float n, float m);
-    i16 (*class_z)(ProjectState& s, float n, float m);
+    i16 (*class_y)(const Inputs& in, SectionRecord& section, const SectionChecks& checks, float n,
+                   float m);
+    i16 (*class_z)(const Inputs& in, SectionRecord& section, const SectionChecks& checks, float n,
+                   float m);
     // myrdv, mzrdv from classmyuse and the shear of the section in hand, 6.2.8.
-    void (*reduce_my)(ProjectState& s);
-    void (*reduce_mz)(ProjectState& s);
+    void (*reduce_my)(const Inputs& in, const SectionRecord& section,
+                      const Resistances& resistances, const Forces& forces, SectionChecks& checks);
+    void (*reduce_mz)(const Inputs& in, const SectionRecord& section,
+                      const Resistances& resistances, const Forces& forces, SectionChecks& checks);
     // mnyrd, mnzrd from ned, myrdv, mzrdv, 6.2.9.
-    void (*reduce_mny)(ProjectState& s);
-    void (*reduce_mnz)(ProjectState& s);
+    void (*reduce_mny)(const Inputs& in, const SectionRecord& section,
+                       const Resistances& resistances, const Forces& forces, SectionChecks& checks);
+    void (*reduce_mnz)(const Inputs& in, const SectionRecord& section,
+                       const Resistances& resistances, const Forces& forces, SectionChecks& checks);
     // vbrd, vcyrd, shearnote for the section in hand; null when they do not depend on it.
-    void (*shear)(ProjectState& s);
+    void (*shear)(const Inputs& in, const SectionRecord& section, Resistances& resistances,
+                  const Forces& forces, SectionChecks& checks);
     // alfaexp and betaexp, 6.2.9.1 (6).
-    void (*exponents)(ProjectState& s);
+    void (*exponents)(const Resistances& resistances, const Forces& forces, SectionChecks& checks);
     // Called at each section after the forces are set: sections with a resistance per sign of My
     // put the sign's classmy, myrd and moduli into the record. Null for symmetric sections.
-    void (*enter)(ProjectState& s);
+    void (*enter)(SectionRecord& section, const SectionChecks& checks);
     bool placed_axial;    // see ControlAxial
     bool shear_labels;    // labels speak of MV where shear reduces
     bool y_only;          // no Mz, no Vy (flat bar)
@@ -54,6 +68,7 @@ struct SectionRoutines {
 };
 
 // The whole control. Reads ned, npts, xi and the section forces, the record and the switches.
-void ControlSection(ProjectState& s, const SectionRoutines& routines);
+void ControlSection(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                    const Forces& forces, SectionChecks& checks, const SectionRoutines& routines);
 
 }  // namespace kestrum

@@ -14,36 +14,36 @@ double ShearReduction(double v, double vrd)
     return std::min(1.0, excess * excess);
 }
 
-bool StockyInShear(const ProjectState& s, double hw, double t)
+bool StockyInShear(const Inputs& in, const SectionRecord& section, double hw, double t)
 {
-    return hw / t < 72.0 * s.eps / s.neta;
+    return hw / t < 72.0 * section.eps / in.neta;
 }
 
-double WebSlenderness(const ProjectState& s, double hw, double t)
+double WebSlenderness(const SectionRecord& section, double hw, double t)
 {
-    return hw / (86.4 * s.eps * t);
+    return hw / (86.4 * section.eps * t);
 }
 
-double WebSlendernessStiffened(const ProjectState& s, double hw, double t)
+double WebSlendernessStiffened(const Inputs& in, const SectionRecord& section, double hw, double t)
 {
-    if (s.webstiff == 0) {
-        return WebSlenderness(s, hw, t);
+    if (in.webstiff == 0) {
+        return WebSlenderness(section, hw, t);
     }
-    const double a = s.webstiffa;
+    const double a = in.webstiffa;
     const double squared = (hw / a) * (hw / a);
     const double ktau = a / hw >= 1.0 ? 5.34 + 4.0 * squared : 4.0 + 5.34 * squared;
-    return hw / (37.4 * s.eps * t * std::sqrt(ktau));
+    return hw / (37.4 * section.eps * t * std::sqrt(ktau));
 }
 
-double ChiWeb(const ProjectState& s, double lambda)
+double ChiWeb(const Inputs& in, double lambda)
 {
-    return lambda < 0.83 / s.neta ? s.neta : 0.83 / lambda;
+    return lambda < 0.83 / in.neta ? in.neta : 0.83 / lambda;
 }
 
-double ChiWebEndPost(const ProjectState& s, double lambda)
+double ChiWebEndPost(const Inputs& in, double lambda)
 {
-    if (s.endstiff == 0 || lambda < 1.08) {
-        return ChiWeb(s, lambda);
+    if (in.endstiff == 0 || lambda < 1.08) {
+        return ChiWeb(in, lambda);
     }
     return 1.37 / (0.7 + lambda);
 }
@@ -53,15 +53,16 @@ double ChiWebEndPost(const ProjectState& s, double lambda)
 //
 // Deviation D30: the whole width of the flange counts; the standard takes no more than 15 eps tf on
 // each side of the web.
-double FlangeShear(const ProjectState& s, double hw, double tw, double b, double tf)
+double FlangeShear(const Inputs& in, const Resistances& resistances, const SectionChecks& checks,
+                   double hw, double tw, double b, double tf)
 {
-    if (!(s.myed < s.mfrd)) {
+    if (!(checks.myed < resistances.mfrd)) {
         return 0.0;
     }
     // The yield strengths of flange and web are equal and leave the quotient.
-    const double c = s.webstiffa * (0.25 + 1.6 * b * tf * tf / (hw * hw * tw));  // mm
-    const double used = s.myed / s.mfrd;
-    return b * tf * tf * s.fyk / (c * s.gammam1) * (1 - used * used) / 1000;
+    const double c = in.webstiffa * (0.25 + 1.6 * b * tf * tf / (hw * hw * tw));  // mm
+    const double used = checks.myed / resistances.mfrd;
+    return b * tf * tf * in.fyk / (c * in.gammam1) * (1 - used * used) / 1000;
 }
 
 }  // namespace kestrum

@@ -8,73 +8,76 @@ namespace {
 
 // The T and the stiffened plates are counted from the face of flange or plate, their top; the other
 // sections from the lower edge.
-bool CountedFromTop(const ProjectState& s)
+bool CountedFromTop(const Inputs& in)
 {
-    return Is(s, Kind::tee, Kind::plate);
+    return Is(in, Kind::tee, Kind::plate);
 }
 
 // Height of all plates; `h` of the hat beams excludes the bottom flange.
-double TotalHeight(const ProjectState& s)
+double TotalHeight(const Inputs& in, const SectionRecord& section)
 {
-    return Is(s, Kind::hat) ? 1.0 * s.h + s.tbot : 1.0 * s.h;
+    return Is(in, Kind::hat) ? 1.0 * section.h + section.tbot : 1.0 * section.h;
 }
 
 // Distance of a level, counted as the section is, from the upper edge.
-double BelowTop(const ProjectState& s, double level)
+double BelowTop(const Inputs& in, const SectionRecord& section, double level)
 {
-    return CountedFromTop(s) ? level : TotalHeight(s) - level;
+    return CountedFromTop(in) ? level : TotalHeight(in, section) - level;
 }
 
 }  // namespace
 
-WeldedSide TopSide(const ProjectState& s)
+WeldedSide TopSide(const Inputs& in, const SectionRecord& section)
 {
-    const double centroid = BelowTop(s, s.zcog);
-    const double below = TotalHeight(s) - centroid;
+    const double centroid = BelowTop(in, section, section.zcog);
+    const double below = TotalHeight(in, section) - centroid;
     return {.top = true,
             .edge = centroid,
             .opposite = below,
-            .t = s.ttop,
-            .webin = centroid - s.ttop,
-            .webout = below - s.tbot,
-            .alpha = (BelowTop(s, s.zpl) - s.ttop) / s.hw};
+            .t = section.ttop,
+            .webin = centroid - section.ttop,
+            .webout = below - section.tbot,
+            .alpha = (BelowTop(in, section, section.zpl) - section.ttop) / section.hw};
 }
 
-WeldedSide BottomSide(const ProjectState& s)
+WeldedSide BottomSide(const Inputs& in, const SectionRecord& section)
 {
-    const WeldedSide top = TopSide(s);
+    const WeldedSide top = TopSide(in, section);
     return {.top = false,
             .edge = top.opposite,
             .opposite = top.edge,
-            .t = s.tbot,
+            .t = section.tbot,
             .webin = top.webout,
             .webout = top.webin,
-            .alpha = (TotalHeight(s) - BelowTop(s, s.zpl) - s.tbot) / s.hw};
+            .alpha =
+                (TotalHeight(in, section) - BelowTop(in, section, section.zpl) - section.tbot) /
+                section.hw};
 }
 
-int Webs(const ProjectState& s)
+int Webs(const Inputs& in)
 {
-    return Is(s, Kind::hat, Kind::box_unequal) ? 2 : 1;
+    return Is(in, Kind::hat, Kind::box_unequal) ? 2 : 1;
 }
 
-Flange TopFlange(const ProjectState& s)
+Flange TopFlange(const Inputs& in, const SectionRecord& section)
 {
-    if (Webs(s) == 2) {
-        return {s.ttop, s.ctopin, s.ctopout, s.ctopout};
+    if (Webs(in) == 2) {
+        return {section.ttop, section.ctopin, section.ctopout, section.ctopout};
     }
-    return {s.ttop, 0, s.ctop, s.ctop};
+    return {section.ttop, 0, section.ctop, section.ctop};
 }
 
-Flange BottomFlange(const ProjectState& s)
+Flange BottomFlange(const Inputs& in, const SectionRecord& section)
 {
-    const SectionForm& shape = Traits(s).shape;
-    if (Webs(s) == 2) {  // overhangs may differ at the closed and the open side
+    const SectionForm& shape = Traits(in).shape;
+    if (Webs(in) == 2) {  // overhangs may differ at the closed and the open side
         const bool onesided = shape.lower == LowerFlange::one_side;
-        return {s.tbot, s.cbotin, onesided ? s.p25.istc : s.cbotout, s.cbotout};
+        return {section.tbot, section.cbotin, onesided ? in.p25.istc : section.cbotout,
+                section.cbotout};
     }
     const bool angle =
         shape.stiffener == Stiffener::rolled_angle || shape.stiffener == Stiffener::welded_angle;
-    return {s.tbot, 0, s.cbot, angle ? 0 : s.cbot};
+    return {section.tbot, 0, section.cbot, angle ? 0 : section.cbot};
 }
 
 }  // namespace kestrum

@@ -4,7 +4,8 @@
 // top, a negative one the bottom. The top is the upper flange of families 22, 24, 25 and 27, the
 // flange of the T (26) and the plate of the stiffened plates (51 to 56).
 
-#include "core/project_state.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
 
 namespace kestrum {
 
@@ -16,11 +17,11 @@ struct WeldedSide {
     double alpha;           // compressed share of the web in the plastic state
 };
 
-WeldedSide TopSide(const ProjectState& s);
-WeldedSide BottomSide(const ProjectState& s);
+WeldedSide TopSide(const Inputs& in, const SectionRecord& section);
+WeldedSide BottomSide(const Inputs& in, const SectionRecord& section);
 
 // Webs of the section in hand: two in families 24, 25 and 27.
-int Webs(const ProjectState& s);
+int Webs(const Inputs& in);
 
 // A flange by the parts that buckle: between the webs and the two beyond them, mm. Parts that the
 // flange has not are 0.
@@ -30,7 +31,7 @@ struct Flange {
     double left, right;
 };
 
-Flange TopFlange(const ProjectState& s);
-Flange BottomFlange(const ProjectState& s);
+Flange TopFlange(const Inputs& in, const SectionRecord& section);
+Flange BottomFlange(const Inputs& in, const SectionRecord& section);
 
 }  // namespace kestrum

@@ -118,7 +118,7 @@ void DeflectionStep(ProjectState& s)
         return;
     }
     Enter(s, Stage::deflection);
-    DeflectionControl(s);
+    DeflectionControl(s, s, s);
     CheckTrap();
     RequireFinite({{"deflinez", s.deflinez.ir}, {"defliney", s.defliney.ir}});
 }
@@ -129,7 +129,7 @@ void ModalStep(ProjectState& s)
         return;
     }
     Enter(s, Stage::modal);
-    CalcModal(s);
+    CalcModal(s, s, s);
     CheckTrap();
     RequireFinite({{"modalmass", s.modalmass},
                    {"freq[1]", s.freq[1]},

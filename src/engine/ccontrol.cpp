@@ -60,7 +60,7 @@ void RequireResistances(const ProjectState& s)
 void CalcControl(ProjectState& s)
 {
     ClearSectionRows(s);
-    ClearBucklingRows(s);
+    ClearBucklingRows(s, s);
     s.maxirbuckling = 0;
     s.ltc1 = 0;
     s.ltc2 = 0;
@@ -70,18 +70,21 @@ void CalcControl(ProjectState& s)
         return;
     }
     if (Is(s, Kind::tee)) {
-        ClearInvalidLoads(s);  // end forces do not pass the clearing of the analysis
+        ClearInvalidLoads(s, s, s);  // end forces do not pass the clearing of the analysis
     }
     if (routines->control_without_n) {
         s.ned = 0;
     }
     s.failure.stage = Stage::section_control;
-    routines->control(s);
+    routines->control(s, s, s, s, s, s);
+    if (s.flangeoverload) {
+        s.hsqopt = 1;  // not considered from here on
+    }
     CheckTrap();
     RequireResistances(s);
     s.failure.stage = Stage::buckling_control;
     if (routines->buckling != nullptr && (!routines->compressed_only || s.ned > 0)) {
-        routines->buckling(s);
+        routines->buckling(s, s, s, s, s, s, s, s);
     }
 }
 

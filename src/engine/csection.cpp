@@ -3,6 +3,7 @@
 #include "core/arithmetic_trap.h"
 #include "core/material.h"
 #include "core/member_choices.h"
+#include "design/p24bas_hsq.h"
 #include "engine/family_routines.h"
 #include "sections/families.h"
 #include "sections/whole_section.h"
@@ -41,17 +42,20 @@ void CalcSection(const Library& library, ProjectState& s)
         s.ned = 0;
     }
     try {
-        family.properties(library, s);
+        family.properties(library, s, s);
     } catch (const CalculationStop&) {
-        RequireWholeSection(s);  // the better answer, where the dimensions are at fault
+        RequireWholeSection(s, s);  // the better answer, where the dimensions are at fault
         throw;
     }
-    RequireWholeSection(s);
+    RequireWholeSection(s, s);
     SetMaterial(library, s, s.fykindex);  // after the properties: tmax chooses the strength
-    if (routines->effective != nullptr) {
-        routines->effective(s);
+    if (Is(s, Kind::hat) && UpgradeNeedsWebBuckling(s, s)) {
+        s.checkwebbuck = kFalse;
     }
-    routines->resistance(s);
+    if (routines->effective != nullptr) {
+        routines->effective(s, s);
+    }
+    routines->resistance(s, s, s, s);
     SetLateralBuckling(s, family.design.lateral);
 }
 

@@ -8,12 +8,17 @@
 namespace kestrum {
 
 struct FamilyRoutines {
-    void (*effective)(ProjectState& s);  // null: none, or part of `resistance`
-    void (*resistance)(ProjectState& s);
-    void (*control)(ProjectState& s);
-    void (*buckling)(ProjectState& s);  // null: none
-    bool control_without_n;             // N is cleared before the control
-    bool compressed_only;               // no buckling control unless N is compression
+    void (*effective)(const Inputs& in,
+                      SectionRecord& section);  // null: none, or part of `resistance`
+    void (*resistance)(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                       SectionChecks& checks);
+    void (*control)(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                    const Forces& forces, SectionChecks& checks, PassOutcome& outcome);
+    void (*buckling)(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                     Resistances& resistances, Forces& forces, SectionChecks& checks,
+                     Stability& stability, PassOutcome& outcome);  // null: none
+    bool control_without_n;  // N is cleared before the control
+    bool compressed_only;    // no buckling control unless N is compression
 };
 
 // The routines of a family, or null for a number that names no section (0, 55, unknown).

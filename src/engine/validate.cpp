@@ -25,7 +25,7 @@ constexpr std::array<std::string_view, kTables> kRowNames = {
 constexpr float kLeastLength = 0.05F;  // m
 
 // Collects the faults of one record.
-class Inputs {
+class Findings {
 public:
     void Require(bool good, std::string_view name, double value, std::string_view allowed,
                  std::string_view unit = {}, int row = kNoRow)
@@ -69,7 +69,7 @@ bool TakesOwnStrength(const ProjectState& s, const Library& library)
     return s.fykindex < 0 || s.fykindex + 1 >= static_cast<int>(library.materials.size());
 }
 
-void CheckSettings(const ProjectState& s, const Library* library, Inputs& in)
+void CheckSettings(const ProjectState& s, const Library* library, Findings& in)
 {
     in.Within(0.5, 1.5, "gammam0", s.gammam0, "0.5 to 1.5");
     in.Within(0.5, 1.5, "gammam1", s.gammam1, "0.5 to 1.5");
@@ -82,7 +82,7 @@ void CheckSettings(const ProjectState& s, const Library* library, Inputs& in)
     in.Within(kEq610, kBasicLoads, "loadcomb", s.loadcomb, "0 to 5");
 }
 
-void CheckCombination(const ProjectState& s, Inputs& in)
+void CheckCombination(const ProjectState& s, Findings& in)
 {
     if (s.loadcomb == kUserFactors) {
         const auto factor = [&in](std::string_view name, float value) {
@@ -107,7 +107,7 @@ bool LengthIsGood(const ProjectState& s)
     return std::isfinite(s.l) && s.l >= kLeastLength;
 }
 
-void CheckMember(const ProjectState& s, Inputs& in)
+void CheckMember(const ProjectState& s, Findings& in)
 {
     in.Require(LengthIsGood(s), "l", s.l, "0.05 and more", "m");
     in.Within(0, 5, "supportcase", s.supportcase, "0 to 5");
@@ -123,7 +123,7 @@ void CheckMember(const ProjectState& s, Inputs& in)
     in.Require(std::isfinite(s.lz) && s.lz >= 0, "lz", s.lz, "0 and more");
 }
 
-void CheckLateralBuckling(const ProjectState& s, LateralBuckling lateral, Inputs& in)
+void CheckLateralBuckling(const ProjectState& s, LateralBuckling lateral, Findings& in)
 {
     if (lateral == LateralBuckling::off) {
         return;
@@ -153,12 +153,12 @@ bool Listed(double value, int count)
     return value == 0 || value == 1 || (count > 2 && value == 2);
 }
 
-void Category(std::string_view name, double value, int row, Inputs& in)
+void Category(std::string_view name, double value, int row, Findings& in)
 {
     in.Require(Listed(value, 3), name, value, "0 (G), 1 (Q1) or 2 (Q2)", {}, row);
 }
 
-void Direction(std::string_view name, double value, int row, Inputs& in)
+void Direction(std::string_view name, double value, int row, Findings& in)
 {
     in.Require(Listed(value, 2), name, value, "0 (y) or 1 (z)", {}, row);
 }
@@ -169,13 +169,13 @@ bool Counts(const ProjectState& s, i16 ticked)
     return ticked != 0 || s.loadcomb != kBasicLoads;
 }
 
-void Position(const ProjectState& s, std::size_t k, Inputs& in)
+void Position(const ProjectState& s, std::size_t k, Findings& in)
 {
     in.Require(!LengthIsGood(s) || (s.pmx[k] >= 0 && s.pmx[k] <= s.l), "pmx", s.pmx[k], "0 to l",
                "m", static_cast<int>(k));
 }
 
-void CheckLineLoads(const ProjectState& s, Inputs& in)
+void CheckLineLoads(const ProjectState& s, Findings& in)
 {
     for (std::size_t k = 1; k <= 4; ++k) {
         const int row = static_cast<int>(k);
@@ -201,7 +201,7 @@ void CheckLineLoads(const ProjectState& s, Inputs& in)
     }
 }
 
-void CheckPointLoads(const ProjectState& s, Inputs& in)
+void CheckPointLoads(const ProjectState& s, Findings& in)
 {
     for (std::size_t k = 1; k <= 8; ++k) {
         const int row = static_cast<int>(k);
@@ -216,7 +216,7 @@ void CheckPointLoads(const ProjectState& s, Inputs& in)
     }
 }
 
-void CheckLoads(const ProjectState& s, Inputs& in)
+void CheckLoads(const ProjectState& s, Findings& in)
 {
     in.Within(0, 1, "loadmode", s.loadmode, "0 (end forces) or 1 (loads)");
     if (s.loadmode == 0) {
@@ -239,7 +239,7 @@ void CheckLoads(const ProjectState& s, Inputs& in)
     CheckPointLoads(s, in);
 }
 
-void CheckPoints(const ProjectState& s, Inputs& in)
+void CheckPoints(const ProjectState& s, Findings& in)
 {
     if (!LengthIsGood(s)) {
         return;
@@ -260,7 +260,7 @@ void CheckPoints(const ProjectState& s, Inputs& in)
     }
 }
 
-void CheckRow(const ProjectState& s, const Library* library, Inputs& in)
+void CheckRow(const ProjectState& s, const Library* library, Findings& in)
 {
     if (library == nullptr || !HasTable(s.family)) {
         return;
@@ -272,7 +272,7 @@ void CheckRow(const ProjectState& s, const Library* library, Inputs& in)
 }
 
 // What the section form holds. Whether the parts fit together is seen in the section itself.
-void CheckForm(const ProjectState& s, std::string_view form, Inputs& in)
+void CheckForm(const ProjectState& s, std::string_view form, Findings& in)
 {
     for (const Field& field : AllFields()) {
         if (!field.name.starts_with(form) || field.name.size() <= form.size() ||
@@ -291,7 +291,7 @@ void CheckForm(const ProjectState& s, std::string_view form, Inputs& in)
     }
 }
 
-void CheckOptions(const ProjectState& s, Inputs& in)
+void CheckOptions(const ProjectState& s, Findings& in)
 {
     if (Is(s, Kind::angle)) {
         in.Within(1, 2, "lopt", s.lopt, "1 or 2");
@@ -308,7 +308,7 @@ void CheckOptions(const ProjectState& s, Inputs& in)
 
 InputFaults Unfinished(const ProjectState& s)
 {
-    Inputs in;
+    Findings in;
     for (std::size_t k = 1; k <= 3 && s.loadmode == 1; ++k) {
         const bool loaded = (s.qt1[k] != 0 || s.qt2[k] != 0) && Counts(s, s.qtchecked[k]);
         in.Require(!loaded || s.qtx1[k] < s.qtx2[k], "qtx1", s.qtx1[k], "less than qtx2", "m",
@@ -322,7 +322,7 @@ InputFaults Validate(const ProjectState& s, const Library* library)
     if (FindRoutines(s.family) == nullptr) {
         return {};
     }
-    Inputs in;
+    Findings in;
     CheckSettings(s, library, in);
     CheckCombination(s, in);
     CheckMember(s, in);

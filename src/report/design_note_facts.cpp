@@ -51,13 +51,13 @@ bool LateralControlled(const ProjectState& s)
 
 bool WebBucklesInShear(const ProjectState& s)
 {
-    return LargestVz(s) != 0 && s.checkwebbuck != kTrue && !StockyInShear(s, s.hw, s.tw);
+    return LargestVz(s) != 0 && s.checkwebbuck != kTrue && !StockyInShear(s, s, s.hw, s.tw);
 }
 
 TorsionalForces OwnTorsionalForces(const ProjectState& s)
 {
     const double length = s.ltb == 1 ? static_cast<double>(s.ltbk) * s.l / (s.restraints + 1) : s.l;
-    return TorsionalForcesAt(s, length);
+    return TorsionalForcesAt(s, s, s, length);
 }
 
 int StrengthCombination(const ProjectState& s)

@@ -51,7 +51,7 @@ void Analyse(ProjectState& s)
 {
     CalcMember(s, CalcControl);
     CalcControl(s);
-    DeflectionControl(s);
+    DeflectionControl(s, s, s);
 }
 
 }  // namespace
@@ -94,7 +94,7 @@ bool AnyAbove(std::span<const double> trial, std::span<const double> result)
 Trial TryFactors(const ProjectState& s, const LoadFactors& strength, const LoadFactors& service)
 {
     return {CombinedRatios(s, strength, service),
-            CombinedRatios(s, StrengthFactors(s, StrengthCombination(s)),
+            CombinedRatios(s, StrengthFactors(s, s, StrengthCombination(s)),
                            ServiceFactors(s, s.loadcomb))};
 }
 
@@ -102,10 +102,13 @@ bool TorsionRaisesAnnexA(const ProjectState& s, double ncrtf)
 {
     ProjectState with = s, without = s;
     with.ncrtf = ncrtf;
-    if (Guarded(with, KFactorsAnnexA).section[0] == kUnbounded) {
+    if (Guarded(with, [](ProjectState& copy) {
+            KFactorsAnnexA(copy, copy, copy, copy, copy, copy);
+        }).section[0] == kUnbounded) {
         return true;
     }
-    Guarded(without, KFactorsAnnexA);
+    Guarded(without,
+            [](ProjectState& copy) { KFactorsAnnexA(copy, copy, copy, copy, copy, copy); });
     return Above(with.kyy, without.kyy) || Above(with.kzy, without.kzy) ||
            Above(with.kyz, without.kyz) || Above(with.kzz, without.kzz);
 }

@@ -39,7 +39,7 @@ bool AxialForceLowersMoment(const ProjectState& s)
     const double away = s.ned * (s.zcog - s.zpl);
     for (int k = 0; k <= s.npts; ++k) {
         const double my = s.mysec[static_cast<std::size_t>(k)];
-        if (away * my > 0 && ClassWelded(s, F32(s.ned), F32(my)) <= 2) {
+        if (away * my > 0 && ClassWelded(s, s, F32(s.ned), F32(my)) <= 2) {
             return true;
         }
     }
@@ -83,8 +83,8 @@ bool PlasticByClearHeight(const ProjectState& s)
     if (!HasTwoPlatedFlanges(s) || s.checkelastic == kTrue || !(s.d > 0)) {
         return false;
     }
-    return (s.mymax > 0 && PlasticByClearHeight(s, TopSide(s), s.classmytop)) ||
-           (s.mymin < 0 && PlasticByClearHeight(s, BottomSide(s), s.classmybot));
+    return (s.mymax > 0 && PlasticByClearHeight(s, TopSide(s, s), s.classmytop)) ||
+           (s.mymin < 0 && PlasticByClearHeight(s, BottomSide(s, s), s.classmybot));
 }
 
 bool TakenAsDoublySymmetric(const ProjectState& s)
@@ -130,7 +130,7 @@ bool FlangeOfShearIsWide(const ProjectState& s)
         return s.b > 30 * eps * s.tf + s.tw;
     }
     const bool top = 1.0 * s.btop * s.ttop * s.ttop < 1.0 * s.bbot * s.tbot * s.tbot;
-    const Flange flange = top ? TopFlange(s) : BottomFlange(s);
+    const Flange flange = top ? TopFlange(s, s) : BottomFlange(s, s);
     return std::max({flange.inner / 2, flange.left, flange.right}) > 15 * eps * flange.t;
 }
 
@@ -147,7 +147,7 @@ bool FlangeMomentIsHigh(const ProjectState& s)
 bool ShearAreaOfOneFlange(const ProjectState& s)
 {
     const bool flatbar = Traits(s).shape.stiffener == Stiffener::flat_bar;
-    return (Is(s, Kind::tee) || flatbar) && LargestVz(s) != 0 && StockyInShear(s, s.hw, s.tw) &&
+    return (Is(s, Kind::tee) || flatbar) && LargestVz(s) != 0 && StockyInShear(s, s, s.hw, s.tw) &&
            s.neta * s.hw > s.hw + s.ttop / 2.0;
 }
 

@@ -21,7 +21,7 @@ namespace {
 
 bool LoadsDropped(const ProjectState& s)
 {
-    const std::vector<DroppedLoad> loads = DroppedNow(s);
+    const std::vector<DroppedLoad> loads = DroppedNow(s, s);
     return std::any_of(loads.begin(), loads.end(),
                        [](const DroppedLoad& load) { return load.reason == DropReason::family; });
 }
@@ -33,7 +33,7 @@ bool SpringSupportHidesMoment(const ProjectState& s)
     if (s.loadmode != 1 || s.supportcase != SupportCase::springs) {
         return false;
     }
-    const LoadFactors f = StrengthFactors(s, StrengthCombination(s));
+    const LoadFactors f = StrengthFactors(s, s, StrengthCombination(s));
     const std::array<double, 3> factors{f.g, f.q1, f.q2};
     std::array<double, 2> first{}, last{};  // missing at x = 0 and L, by direction
     for (std::size_t k = 1; k <= 8; ++k) {

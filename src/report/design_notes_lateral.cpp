@@ -41,8 +41,9 @@ bool ShapeOfMomentsCounts(const ProjectState& s)
 {
     const double mcr = s.mcr / s.ltc1;
     const bool top = s.mydesignf > 0;
-    const LtReduction uniform = s.ltbcurve == LtbCurve::rolled ? LtCurveRolled(s, mcr, 1.0F, top)
-                                                               : LtCurveGeneral(s, mcr, top);
+    const LtReduction uniform = s.ltbcurve == LtbCurve::rolled
+                                    ? LtCurveRolled(s, s, s, s, mcr, 1.0F, top)
+                                    : LtCurveGeneral(s, s, s, mcr, top);
     return uniform.xlt < (1 - 1e-6) * s.xlt;
 }
 
@@ -95,7 +96,7 @@ bool FactorsOfUniformLengthAreWorse(const ProjectState& s)
 {
     ProjectState single = s;
     single.ltbk = 1;
-    const CFactors c = LtCFactors(single);
+    const CFactors c = LtCFactors(single, single);
     const auto entered = [&c](ProjectState& copy) {
         copy.cmanual = kTrue;
         copy.c1 = c.c1;
@@ -110,7 +111,8 @@ bool WeldedParametersGiveLess(const ProjectState& s)
     ProjectState welded = s;
     welded.lamdalt0 = s.lamdalt0w;
     welded.beta = s.betaw;
-    return LtCurveRolled(welded, s.mcr, s.kc, s.mydesignf > 0).xlt < (1 - 1e-6) * s.xlt;
+    return LtCurveRolled(welded, welded, welded, welded, s.mcr, s.kc, s.mydesignf > 0).xlt <
+           (1 - 1e-6) * s.xlt;
 }
 
 // A factor below the 2.0 of the picture leaves a cantilever a critical moment above that of a load
@@ -210,7 +212,7 @@ constexpr NoteRule kLateral[] = {
      [](const ProjectState& s) {
          return LateralControlled(s) && WholeMember(s) && !Is(s, Kind::plate) &&
                 s.cmanual == kFalse && s.c1alt == kFalse && MomentsOnPinnedEnds(s) &&
-                LtAlternativeC1(s) < (1 - 1e-3) * s.ltc1 && ShapeOfMomentsCounts(s);
+                LtAlternativeC1(s, s) < (1 - 1e-3) * s.ltc1 && ShapeOfMomentsCounts(s);
      },
      "C1 does not see the moments on pinned ends and is too high; choose the alternative "
      "calculation of C1."},

@@ -102,7 +102,7 @@ bool Combined(const ProjectState& s)
 
 LoadFactors Strength(const ProjectState& s)
 {
-    return StrengthFactors(s, StrengthCombination(s));
+    return StrengthFactors(s, s, StrengthCombination(s));
 }
 
 LoadFactors Service(const ProjectState& s)

@@ -166,7 +166,7 @@ bool BottomOutstandWorse(const ProjectState& s)
     if (!Is(s, Kind::hat) || !(s.mymin < 0)) {
         return false;
     }
-    const Flange flange = BottomFlange(s);
+    const Flange flange = BottomFlange(s, s);
     const i16 cls =
         std::max(ClassOutstand(s, flange.left, flange.t), ClassOutstand(s, flange.right, flange.t));
     return cls > 2 && (s.classmybot == kUpgraded || cls > s.classmybot);
@@ -177,8 +177,8 @@ bool SlenderWebBends(const ProjectState& s)
     if (!Is(s, Kind::i_single) || s.checkwebbuck == kTrue) {
         return false;
     }
-    return (s.mymax > 0 && s.classmytop == 4 && ClassWebBent(s, TopSide(s)) == 4) ||
-           (s.mymin < 0 && s.classmybot == 4 && ClassWebBent(s, BottomSide(s)) == 4);
+    return (s.mymax > 0 && s.classmytop == 4 && ClassWebBent(s, TopSide(s, s)) == 4) ||
+           (s.mymin < 0 && s.classmybot == 4 && ClassWebBent(s, BottomSide(s, s)) == 4);
 }
 
 // The web lies between the class 3 limit of the standard and the one used.
@@ -193,8 +193,8 @@ bool BetweenElasticLimits(const ProjectState& s, const WeldedSide& side)
 
 bool WebElasticLimitIsHigh(const ProjectState& s)
 {
-    return HasTwoPlatedFlanges(s) && ((s.mymax > 0 && BetweenElasticLimits(s, TopSide(s))) ||
-                                      (s.mymin < 0 && BetweenElasticLimits(s, BottomSide(s))));
+    return HasTwoPlatedFlanges(s) && ((s.mymax > 0 && BetweenElasticLimits(s, TopSide(s, s))) ||
+                                      (s.mymin < 0 && BetweenElasticLimits(s, BottomSide(s, s))));
 }
 
 // The axial end force stands in its box and is not taken; rows of loads are emptied.
@@ -321,7 +321,7 @@ constexpr NoteRule kSections[] = {
     {"D172",
      [](const ProjectState& s) {
          return IsHollowOrBox(s) && s.gammam1 > s.gammam0 && LargestVy(s) != 0 &&
-                !StockyInShear(s, s.bw, s.tf);
+                !StockyInShear(s, s, s.bw, s.tf);
      },
      "The resistance of slender flanges to Vy rests on gammaM0; EN 1993-1-5, 5.2 takes gammaM1."},
     {"D173",
@@ -344,7 +344,7 @@ constexpr NoteRule kSections[] = {
      "does."},
     {"D178",
      [](const ProjectState& s) {
-         const std::vector<DroppedLoad> loads = DroppedNow(s);
+         const std::vector<DroppedLoad> loads = DroppedNow(s, s);
          return Is(s, Kind::flat) &&
                 std::any_of(loads.begin(), loads.end(),
                             [](const DroppedLoad& load) { return load.direction == 0; });

@@ -54,7 +54,7 @@ bool DeflectionOfOtherLoads(const ProjectState& s)
     const auto bowed = [](double design, double first, double last, i16 linear) {
         return design != 0 && (first != 0 || last != 0) && linear == kFalse;
     };
-    return StrengthFactors(s, StrengthCombination(s)) != ServiceFactors(s, s.loadcomb) &&
+    return StrengthFactors(s, s, StrengthCombination(s)) != ServiceFactors(s, s.loadcomb) &&
            (bowed(s.mydesign, s.my0, s.myl, s.mylinear) ||
             bowed(s.mzdesign, s.mz0, s.mzl, s.mzlinear));
 }
@@ -90,7 +90,7 @@ double CoupledAboutZ(const ProjectState& s)
 // Table A.2 with the deflection of the strength combination.
 bool StrengthDeflectionIsWorse(const ProjectState& s)
 {
-    const LoadFactors strength = StrengthFactors(s, StrengthCombination(s));
+    const LoadFactors strength = StrengthFactors(s, s, StrengthCombination(s));
     return TryFactors(s, strength, strength).RaisesBuckling();
 }
 

@@ -10,7 +10,7 @@ namespace kestrum {
 namespace {
 
 // Whether the forces lead the stage to EN 1993-1-1, 6.3.3.
-bool Interacts(const ProjectState& s, void (*buckling)(ProjectState&))
+bool Interacts(const ProjectState& s, decltype(FamilyRoutines::buckling) buckling)
 {
     const bool buckles = BucklesAboutY(s) || BucklesAboutZ(s);
     if (buckling == BucklingControlT || buckling == BucklingControlPlate) {
@@ -25,7 +25,7 @@ bool Interacts(const ProjectState& s, void (*buckling)(ProjectState&))
     return s.ned == 0 && s.mydesign != 0 && s.mzdesign != 0;
 }
 
-bool BendsSideways(void (*buckling)(ProjectState&))
+bool BendsSideways(decltype(FamilyRoutines::buckling) buckling)
 {
     return buckling == BucklingControlRolledI || buckling == BucklingControlWeldedI ||
            buckling == BucklingControlFlatBar || buckling == BucklingControlPlate;

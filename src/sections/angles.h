@@ -11,6 +11,7 @@
 
 namespace kestrum {
 
-void PropertiesAngle(const Library& library, ProjectState& s);  // 10 equal, 11 unequal
+void PropertiesAngle(const Library& library, const Inputs& in,
+                     SectionRecord& section);  // 10 equal, 11 unequal
 
 }  // namespace kestrum

@@ -8,8 +8,9 @@
 
 namespace kestrum {
 
-void PropertiesUpe(const Library& library, ProjectState& s);             // 5
-void PropertiesUnp(const Library& library, ProjectState& s);             // 16
-void PropertiesBritishChannel(const Library& library, ProjectState& s);  // 103 CH, PFC
+void PropertiesUpe(const Library& library, const Inputs& in, SectionRecord& section);  // 5
+void PropertiesUnp(const Library& library, const Inputs& in, SectionRecord& section);  // 16
+void PropertiesBritishChannel(const Library& library, const Inputs& in,
+                              SectionRecord& section);  // 103 CH, PFC
 
 }  // namespace kestrum

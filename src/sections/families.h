@@ -195,9 +195,9 @@ struct FamilyTraits {
     MenuGroup group;
     SectionInput input;
     std::span<const Table> tables;  // one, or one per series in the order of the series numbers
-    i16 ProjectState::*series;      // chosen one of the tables, from 1; null without series
+    i16 SectionForms::*series;      // chosen one of the tables, from 1; null without series
     std::span<const SectionOption> options;
-    void (*properties)(const Library& library, ProjectState& s);
+    void (*properties)(const Library& library, const Inputs& in, SectionRecord& section);
     SectionForm shape;
     ListedValues lists;
     CarriedActions carries;
@@ -224,15 +224,15 @@ inline const FamilyTraits& TraitsOf(int family)
     return *kRowOf[at < kRowOf.size() ? at : 0];
 }
 
-inline const FamilyTraits& Traits(const ProjectState& s)
+inline const FamilyTraits& Traits(const Inputs& in)
 {
-    return TraitsOf(s.family);
+    return TraitsOf(in.family);
 }
 
 // Whether the section is of one of the kinds.
-template <class... Kinds> bool Is(const ProjectState& s, Kinds... kinds)
+template <class... Kinds> bool Is(const Inputs& in, Kinds... kinds)
 {
-    const Kind kind = Traits(s).kind;
+    const Kind kind = Traits(in).kind;
     return (... || (kind == kinds));
 }
 

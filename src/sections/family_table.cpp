@@ -27,13 +27,13 @@ bool HasTable(int family)
     return !TraitsOf(family).tables.empty();
 }
 
-Table TableOf(const ProjectState& s)
+Table TableOf(const Inputs& in)
 {
-    const FamilyTraits& family = Traits(s);
+    const FamilyTraits& family = Traits(in);
     if (family.tables.empty()) {
         throw CalculationStop{{.cause = Cause::index, .quantity = "family"}};
     }
-    const int series = family.series != nullptr ? s.*family.series : 1;
+    const int series = family.series != nullptr ? in.*family.series : 1;
     const bool known = series >= 1 && series <= static_cast<int>(family.tables.size());
     return family.tables[known ? static_cast<std::size_t>(series - 1) : 0];
 }

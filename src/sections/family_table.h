@@ -13,7 +13,7 @@ bool HasTable(int family);
 
 // Table of the chosen family and series; an unknown series is UB or CH. Stops the pass for a family
 // without tables.
-Table TableOf(const ProjectState& s);
+Table TableOf(const Inputs& in);
 
 // Rows offered for choice.
 int RowCount(Table table);

@@ -7,7 +7,7 @@
 
 namespace kestrum {
 
-void PropertiesHollow(const Library& library, ProjectState& s);  // 6 to 9
-void PropertiesBox(const Library& library, ProjectState& s);     // 23
+void PropertiesHollow(const Library& library, const Inputs& in, SectionRecord& section);  // 6 to 9
+void PropertiesBox(const Library& library, const Inputs& in, SectionRecord& section);     // 23
 
 }  // namespace kestrum

@@ -7,9 +7,11 @@
 
 namespace kestrum {
 
-void PropertiesRolledI(const Library& library, ProjectState& s);   // 1 HEA, 2 HEB, 3 HEM, 4 IPE
-void PropertiesInp(const Library& library, ProjectState& s);       // 15
-void PropertiesBritishI(const Library& library, ProjectState& s);  // 101 UB, UC, UBP; 102 J
-void PropertiesWeldedI(const Library& library, ProjectState& s);   // 21
+void PropertiesRolledI(const Library& library, const Inputs& in,
+                       SectionRecord& section);  // 1 HEA, 2 HEB, 3 HEM, 4 IPE
+void PropertiesInp(const Library& library, const Inputs& in, SectionRecord& section);  // 15
+void PropertiesBritishI(const Library& library, const Inputs& in,
+                        SectionRecord& section);  // 101 UB, UC, UBP; 102 J
+void PropertiesWeldedI(const Library& library, const Inputs& in, SectionRecord& section);  // 21
 
 }  // namespace kestrum

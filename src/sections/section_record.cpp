@@ -4,52 +4,55 @@
 
 namespace kestrum {
 
-void ClearSection(ProjectState& s)
+void ClearSection(SectionRecord& section)
 {
-    s.h = s.b = s.tw = s.tf = s.r = s.r1 = s.r2 = 0;
-    s.hw = s.d = s.cflange = s.bw = s.rin = s.bo = 0;
-    s.ecg = s.ys = s.ey = s.ez = s.tmax = 0;
-    s.a = s.iy = s.iz = s.it = s.iw = 0;
-    s.wely = s.welz = s.wply = s.wplz = 0;
-    s.aeff = s.weffy = s.weffz = 0;
-    s.weight = s.surface = s.aflange = s.aweb = 0;
-    s.alfa = s.iu = s.iv = 0;
-    s.u1 = s.u2 = s.v1 = s.v2 = s.v3 = s.cu = s.cb = s.ch = 0;
-    s.wy1 = s.wy2 = s.wz1 = s.wz2 = 0;
-    s.wu.fill(0);
-    s.wv.fill(0);
-    s.btop = s.ttop = s.bbot = s.tbot = 0;
-    s.ctop = s.cbot = s.ctopin = s.cbotin = s.ctopout = s.cbotout = 0;
-    s.zcog = 0;
-    s.zpl = 0;
-    s.wyeltop = s.wyelbot = 0;
-    s.weffytop1 = s.weffytop2 = s.weffybot1 = s.weffybot2 = 0;
-    s.wytop = s.wybot = 0;
-    s.betaf = s.zshear = s.zjtop = s.zjbot = s.psiftop = s.psifbot = 0;
-    s.flangefactor = s.wplplus = s.wplminus = 0;
+    section.h = section.b = section.tw = section.tf = section.r = section.r1 = section.r2 = 0;
+    section.hw = section.d = section.cflange = section.bw = section.rin = section.bo = 0;
+    section.ecg = section.ys = section.ey = section.ez = section.tmax = 0;
+    section.a = section.iy = section.iz = section.it = section.iw = 0;
+    section.wely = section.welz = section.wply = section.wplz = 0;
+    section.aeff = section.weffy = section.weffz = 0;
+    section.weight = section.surface = section.aflange = section.aweb = 0;
+    section.alfa = section.iu = section.iv = 0;
+    section.u1 = section.u2 = section.v1 = section.v2 = section.v3 = section.cu = section.cb =
+        section.ch = 0;
+    section.wy1 = section.wy2 = section.wz1 = section.wz2 = 0;
+    section.wu.fill(0);
+    section.wv.fill(0);
+    section.btop = section.ttop = section.bbot = section.tbot = 0;
+    section.ctop = section.cbot = section.ctopin = section.cbotin = section.ctopout =
+        section.cbotout = 0;
+    section.zcog = 0;
+    section.zpl = 0;
+    section.wyeltop = section.wyelbot = 0;
+    section.weffytop1 = section.weffytop2 = section.weffybot1 = section.weffybot2 = 0;
+    section.wytop = section.wybot = 0;
+    section.betaf = section.zshear = section.zjtop = section.zjbot = section.psiftop =
+        section.psifbot = 0;
+    section.flangefactor = section.wplplus = section.wplminus = 0;
 }
 
-void SetThickness(ProjectState& s)
+void SetThickness(SectionRecord& section)
 {
-    s.tmax = s.tf > s.tw ? s.tf : s.tw;
+    section.tmax = section.tf > section.tw ? section.tf : section.tw;
 }
 
-void SetPartAreas(ProjectState& s)
+void SetPartAreas(SectionRecord& section)
 {
-    s.aflange = F32(2.0 * s.b * s.tf);
-    s.aweb = F32(1.0 * s.hw * s.tw);
+    section.aflange = F32(2.0 * section.b * section.tf);
+    section.aweb = F32(1.0 * section.hw * section.tw);
 }
 
-void SetWeight(ProjectState& s)
+void SetWeight(const Inputs& in, SectionRecord& section)
 {
     constexpr double kSquareMetre = 1e-6;  // mm2 to m2
-    s.weight = F32(kSquareMetre * s.density * s.a);
+    section.weight = F32(kSquareMetre * in.density * section.a);
 }
 
-void SetSymmetricModuli(ProjectState& s)
+void SetSymmetricModuli(SectionRecord& section)
 {
-    s.wely = F32(s.iy / (s.h / 2.0));
-    s.welz = F32(s.iz / (s.b / 2.0));
+    section.wely = F32(section.iy / (section.h / 2.0));
+    section.welz = F32(section.iz / (section.b / 2.0));
 }
 
 }  // namespace kestrum

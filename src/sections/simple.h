@@ -8,8 +8,8 @@
 
 namespace kestrum {
 
-void PropertiesFlatBar(const Library& library, ProjectState& s);  // 28
-void PropertiesTube(const Library& library, ProjectState& s);     // 31
-void PropertiesGeneral(const Library& library, ProjectState& s);  // 41
+void PropertiesFlatBar(const Library& library, const Inputs& in, SectionRecord& section);  // 28
+void PropertiesTube(const Library& library, const Inputs& in, SectionRecord& section);     // 31
+void PropertiesGeneral(const Library& library, const Inputs& in, SectionRecord& section);  // 41
 
 }  // namespace kestrum

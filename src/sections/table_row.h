@@ -20,10 +20,10 @@ struct TableRow {
 
 // Row `s.row` of the table. An index beyond the rows reserved stops the pass; a row that no file
 // has filled is zero and stops it by its divisions.
-inline TableRow ChosenRow(const Library& library, const ProjectState& s, Table table)
+inline TableRow ChosenRow(const Library& library, const Inputs& in, Table table)
 {
     const ProfileTable& values = library.tables[static_cast<std::size_t>(table)];
-    const long index = s.row[static_cast<std::size_t>(table)];
+    const long index = in.row[static_cast<std::size_t>(table)];
     return {values,
             static_cast<int>(CheckedIndex(index, static_cast<std::size_t>(values.reserved)))};
 }

@@ -7,7 +7,7 @@
 
 namespace kestrum {
 
-void PropertiesHsq(const Library& library, ProjectState& s);         // 24, 25
-void PropertiesUnequalBox(const Library& library, ProjectState& s);  // 27
+void PropertiesHsq(const Library& library, const Inputs& in, SectionRecord& section);  // 24, 25
+void PropertiesUnequalBox(const Library& library, const Inputs& in, SectionRecord& section);  // 27
 
 }  // namespace kestrum

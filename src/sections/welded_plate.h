@@ -8,6 +8,6 @@
 
 namespace kestrum {
 
-void PropertiesPlate(const Library& library, ProjectState& s);
+void PropertiesPlate(const Library& library, const Inputs& in, SectionRecord& section);
 
 }  // namespace kestrum

@@ -10,50 +10,51 @@ namespace kestrum {
 namespace {
 
 // `top`: distance of the top fibre from the centroid, mm.
-void Store(ProjectState& s, std::span<const Plate> plates, const PlateSums& sums, double top)
+void Store(const Inputs& in, SectionRecord& section, std::span<const Plate> plates,
+           const PlateSums& sums, double top)
 {
-    s.a = F32(sums.a);
-    s.ey = F32(sums.ey);
-    s.ez = F32(sums.zcog);
-    s.zcog = F32(sums.zcog);
-    s.iy = F32(sums.iy);
-    s.iz = F32(sums.iz);
-    s.it = F32(sums.it);
-    s.wyeltop = F32(sums.iy / top);
-    s.wyelbot = F32(sums.iy / (sums.height - top));
-    s.wely = std::min(s.wyeltop, s.wyelbot);
-    s.welz = F32(sums.iz / sums.ymax);
-    s.wply = F32(PlasticModulus(plates, s.zpl));
-    s.tmax = std::max({s.ttop, s.tbot, s.tw});
-    SetPartAreas(s);
-    SetWeight(s);
+    section.a = F32(sums.a);
+    section.ey = F32(sums.ey);
+    section.ez = F32(sums.zcog);
+    section.zcog = F32(sums.zcog);
+    section.iy = F32(sums.iy);
+    section.iz = F32(sums.iz);
+    section.it = F32(sums.it);
+    section.wyeltop = F32(sums.iy / top);
+    section.wyelbot = F32(sums.iy / (sums.height - top));
+    section.wely = std::min(section.wyeltop, section.wyelbot);
+    section.welz = F32(sums.iz / sums.ymax);
+    section.wply = F32(PlasticModulus(plates, section.zpl));
+    section.tmax = std::max({section.ttop, section.tbot, section.tw});
+    SetPartAreas(section);
+    SetWeight(in, section);
 }
 
 }  // namespace
 
-void SetWeldedWeb(ProjectState& s, double hw)
+void SetWeldedWeb(SectionRecord& section, double hw)
 {
-    s.hw = F32(hw);
-    s.r = F32(std::max(0.5 * s.tw, 4.0));
-    s.d = F32(s.hw - 2.0 * s.r);
+    section.hw = F32(hw);
+    section.r = F32(std::max(0.5 * section.tw, 4.0));
+    section.d = F32(section.hw - 2.0 * section.r);
 }
 
-void StoreFromBelow(ProjectState& s, std::span<const Plate> plates)
+void StoreFromBelow(const Inputs& in, SectionRecord& section, std::span<const Plate> plates)
 {
     const PlateSums sums = SumPlates(plates);
-    s.b = F32((1.0 * s.btop + s.bbot) / 2);
-    s.tf = F32((1.0 * s.ttop + s.tbot) / 2);
-    s.zpl = SteppedPlasticAxis(plates);
-    Store(s, plates, sums, sums.height - sums.zcog);
+    section.b = F32((1.0 * section.btop + section.bbot) / 2);
+    section.tf = F32((1.0 * section.ttop + section.tbot) / 2);
+    section.zpl = SteppedPlasticAxis(plates);
+    Store(in, section, plates, sums, sums.height - sums.zcog);
 }
 
-void StoreFromFace(ProjectState& s, std::span<const Plate> plates)
+void StoreFromFace(const Inputs& in, SectionRecord& section, std::span<const Plate> plates)
 {
     const PlateSums sums = SumPlates(plates);
-    s.b = s.btop;
-    s.tf = s.ttop;
-    s.zpl = ExactPlasticAxis(plates);
-    Store(s, plates, sums, sums.zcog);
+    section.b = section.btop;
+    section.tf = section.ttop;
+    section.zpl = ExactPlasticAxis(plates);
+    Store(in, section, plates, sums, sums.zcog);
 }
 
 }  // namespace kestrum

@@ -23,20 +23,20 @@ double AsymmetryParameter(double beta, double hs)
 }
 
 // Values of lateral torsional buckling: iw, betaf, zshear, zj and psif per sign.
-void SetTorsion(ProjectState& s)
+void SetTorsion(SectionRecord& section)
 {
-    const double itop = std::pow(s.btop, 3.0) * s.ttop / 12;
-    const double ibot = std::pow(s.bbot, 3.0) * s.tbot / 12;
-    const double hs = s.h - s.ttop / 2.0 - s.tbot / 2.0;  // flange centres
+    const double itop = std::pow(section.btop, 3.0) * section.ttop / 12;
+    const double ibot = std::pow(section.bbot, 3.0) * section.tbot / 12;
+    const double hs = section.h - section.ttop / 2.0 - section.tbot / 2.0;  // flange centres
     const double both = itop + ibot;
     const double beta = itop / both;
-    s.iw = F32(itop * ibot * hs * hs / both);
-    s.betaf = F32(beta);
-    s.zshear = F32(beta * hs + s.tbot / 2.0 - s.zcog);
-    s.psiftop = F32((itop - ibot) / both);
-    s.psifbot = F32((ibot - itop) / both);
-    s.zjtop = F32(AsymmetryParameter(beta, hs));
-    s.zjbot = F32(AsymmetryParameter(ibot / both, hs));
+    section.iw = F32(itop * ibot * hs * hs / both);
+    section.betaf = F32(beta);
+    section.zshear = F32(beta * hs + section.tbot / 2.0 - section.zcog);
+    section.psiftop = F32((itop - ibot) / both);
+    section.psifbot = F32((ibot - itop) / both);
+    section.zjtop = F32(AsymmetryParameter(beta, hs));
+    section.zjbot = F32(AsymmetryParameter(ibot / both, hs));
 }
 
 }  // namespace
@@ -45,32 +45,32 @@ void SetTorsion(ProjectState& s)
 //   in   p22 [mm]; density [kg/m3]
 //   out  geometry [mm], properties [mm], weight [kg/m], surface [m2/m]
 // Deviation D186 (zpl, wply).
-void PropertiesSingleSymmetricI(const Library&, ProjectState& s)
+void PropertiesSingleSymmetricI(const Library&, const Inputs& in, SectionRecord& section)
 {
-    ClearSection(s);
-    s.h = s.p22.isth;
-    s.btop = s.p22.istb1;
-    s.bbot = s.p22.istb2;
-    s.tw = s.p22.isttw;
-    s.ttop = s.p22.isttf1;
-    s.tbot = s.p22.isttf2;
-    SetWeldedWeb(s, 1.0 * s.h - s.ttop - s.tbot);
+    ClearSection(section);
+    section.h = in.p22.isth;
+    section.btop = in.p22.istb1;
+    section.bbot = in.p22.istb2;
+    section.tw = in.p22.isttw;
+    section.ttop = in.p22.isttf1;
+    section.tbot = in.p22.isttf2;
+    SetWeldedWeb(section, 1.0 * section.h - section.ttop - section.tbot);
 
-    const double btop = s.btop, ttop = s.ttop, bbot = s.bbot, tbot = s.tbot;
-    const double h = s.h, tw = s.tw, hw = s.hw;
-    s.ctop = F32((btop - tw - 2.0 * s.r) / 2);
-    s.cbot = F32((bbot - tw - 2.0 * s.r) / 2);
-    s.cflange = std::max(s.ctop, s.cbot);
+    const double btop = section.btop, ttop = section.ttop, bbot = section.bbot, tbot = section.tbot;
+    const double h = section.h, tw = section.tw, hw = section.hw;
+    section.ctop = F32((btop - tw - 2.0 * section.r) / 2);
+    section.cbot = F32((bbot - tw - 2.0 * section.r) / 2);
+    section.cflange = std::max(section.ctop, section.cbot);
 
     const Plate plates[] = {
         {bbot, tbot, 0, 0},
         {tw, hw, tbot, 0},
         {btop, ttop, h - ttop, 0},
     };
-    StoreFromBelow(s, plates);
-    s.wplz = F32(tw * tw * hw / 4 + btop * btop * ttop / 4 + bbot * bbot * tbot / 4);
-    s.surface = F32((2 * (btop + bbot + h) - 2 * tw) / 1000);
-    SetTorsion(s);
+    StoreFromBelow(in, section, plates);
+    section.wplz = F32(tw * tw * hw / 4 + btop * btop * ttop / 4 + bbot * bbot * tbot / 4);
+    section.surface = F32((2 * (btop + bbot + h) - 2 * tw) / 1000);
+    SetTorsion(section);
 }
 
 }  // namespace kestrum

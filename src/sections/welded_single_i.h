@@ -6,6 +6,6 @@
 
 namespace kestrum {
 
-void PropertiesSingleSymmetricI(const Library& library, ProjectState& s);
+void PropertiesSingleSymmetricI(const Library& library, const Inputs& in, SectionRecord& section);
 
 }  // namespace kestrum

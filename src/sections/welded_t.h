@@ -6,6 +6,6 @@
 
 namespace kestrum {
 
-void PropertiesT(const Library& library, ProjectState& s);
+void PropertiesT(const Library& library, const Inputs& in, SectionRecord& section);
 
 }  // namespace kestrum

@@ -44,62 +44,67 @@ constexpr std::string_view kStraight = "straight web between the welds d";
 constexpr std::string_view kOutstand = "flange outstand beyond the weld c";
 constexpr std::string_view kBetween = "clear width between the webs";
 
-void RequireTwoWebs(const ProjectState& s)
+void RequireTwoWebs(const SectionRecord& section)
 {
-    RequirePositive({{kWeb, s.hw}, {kStraight, s.d}, {kBetween, s.ctopin}}, "mm");
-    RequireNotNegative({"overhang of the top flange c", s.ctopout});
+    RequirePositive({{kWeb, section.hw}, {kStraight, section.d}, {kBetween, section.ctopin}}, "mm");
+    RequireNotNegative({"overhang of the top flange c", section.ctopout});
 }
 
-void RequireStiffenedPlate(const ProjectState& s)
+void RequireStiffenedPlate(const Inputs& in, const SectionRecord& section)
 {
-    RequirePositive({{kWeb, s.hw}, {kStraight, s.d}, {"plate beyond the stiffener", s.ctop}}, "mm");
-    const Stiffener stiffener = Traits(s).shape.stiffener;
+    RequirePositive(
+        {{kWeb, section.hw}, {kStraight, section.d}, {"plate beyond the stiffener", section.ctop}},
+        "mm");
+    const Stiffener stiffener = Traits(in).shape.stiffener;
     if (stiffener != Stiffener::flat_bar && stiffener != Stiffener::bulb_flat) {
-        RequirePositive({{"stiffener flange beyond the weld c", s.cbot}}, "mm");
+        RequirePositive({{"stiffener flange beyond the weld c", section.cbot}}, "mm");
     }
 }
 
-void RequireParts(const ProjectState& s)
+void RequireParts(const Inputs& in, const SectionRecord& section)
 {
-    switch (Traits(s).kind) {
+    switch (Traits(in).kind) {
     case Kind::angle:
-        return RequirePositive({{"leg thickness t", s.tw}, {"straight leg c", s.cflange}}, "mm");
+        return RequirePositive(
+            {{"leg thickness t", section.tw}, {"straight leg c", section.cflange}}, "mm");
     case Kind::i_single:
-        return RequirePositive({{kWeb, s.hw},
-                                {kStraight, s.d},
-                                {"top flange outstand beyond the weld c", s.ctop},
-                                {"bottom flange outstand beyond the weld c", s.cbot}},
+        return RequirePositive({{kWeb, section.hw},
+                                {kStraight, section.d},
+                                {"top flange outstand beyond the weld c", section.ctop},
+                                {"bottom flange outstand beyond the weld c", section.cbot}},
                                "mm");
     case Kind::hollow:
-        return RequirePositive({{kWeb, s.hw}, {kBetween, s.bw}}, "mm");
+        return RequirePositive({{kWeb, section.hw}, {kBetween, section.bw}}, "mm");
     case Kind::box:
-        RequirePositive({{kWeb, s.hw}, {kStraight, s.d}, {kBetween, s.bw}}, "mm");
-        return RequireNotNegative({"flange overhang a", s.bo});
+        RequirePositive({{kWeb, section.hw}, {kStraight, section.d}, {kBetween, section.bw}}, "mm");
+        return RequireNotNegative({"flange overhang a", section.bo});
     case Kind::hat:
     case Kind::box_unequal:
-        return RequireTwoWebs(s);
+        return RequireTwoWebs(section);
     case Kind::flat:
-        return RequirePositive({{"height h", s.h}, {"thickness tw", s.tw}}, "mm");
+        return RequirePositive({{"height h", section.h}, {"thickness tw", section.tw}}, "mm");
     case Kind::tube:
-        return RequirePositive({{"inner diameter", s.hw}, {"wall tw", s.tw}}, "mm");
+        return RequirePositive({{"inner diameter", section.hw}, {"wall tw", section.tw}}, "mm");
     case Kind::general:
         return RequirePositive(
-            {{"area of the web Az", s.aweb}, {"area of the flanges Ay", s.aflange}}, "mm2");
+            {{"area of the web Az", section.aweb}, {"area of the flanges Ay", section.aflange}},
+            "mm2");
     case Kind::plate:
-        return RequireStiffenedPlate(s);
+        return RequireStiffenedPlate(in, section);
     default:
-        return RequirePositive({{kWeb, s.hw}, {kStraight, s.d}, {kOutstand, s.cflange}}, "mm");
+        return RequirePositive(
+            {{kWeb, section.hw}, {kStraight, section.d}, {kOutstand, section.cflange}}, "mm");
     }
 }
 
 }  // namespace
 
-void RequireWholeSection(const ProjectState& s)
+void RequireWholeSection(const Inputs& in, const SectionRecord& section)
 {
-    RequireParts(s);
-    RequirePositive({{"area A", s.a}}, "mm2");
-    RequirePositive({{"second moment Iy", s.iy}, {"second moment Iz", s.iz}}, "mm4");
-    RequirePositive({{"modulus Wel,y", s.wely}, {"modulus Wel,z", s.welz}}, "mm3");
+    RequireParts(in, section);
+    RequirePositive({{"area A", section.a}}, "mm2");
+    RequirePositive({{"second moment Iy", section.iy}, {"second moment Iz", section.iz}}, "mm4");
+    RequirePositive({{"modulus Wel,y", section.wely}, {"modulus Wel,z", section.welz}}, "mm3");
 }
 
 }  // namespace kestrum

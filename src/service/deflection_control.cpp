@@ -6,7 +6,7 @@ namespace kestrum {
 
 namespace {
 
-void FillRow(const ProjectState& s, double max, double min, i16 limitratio, Literal label,
+void FillRow(const Inputs& in, double max, double min, i16 limitratio, Literal label,
              ResultRow& row)
 {
     const i16 status = row.status;
@@ -15,22 +15,22 @@ void FillRow(const ProjectState& s, double max, double min, i16 limitratio, Lite
     if (max == 0 && min == 0) {
         return;
     }
-    const double limit = s.l * 1000.0 / limitratio;  // mm
+    const double limit = in.l * 1000.0 / limitratio;  // mm
     const double d = max > std::abs(min) ? max : min;
     row.label = {label};
     row.calculation = {"{F}/{F} = "};
     row.number = {d, limit};
     row.ir = std::abs(d / limit);
     row.judged = true;
-    row.status = row.ir <= s.irlimit ? kWithin : kAbove;
+    row.status = row.ir <= in.irlimit ? kWithin : kAbove;
 }
 
 }  // namespace
 
-void DeflectionControl(ProjectState& s)
+void DeflectionControl(const Inputs& in, const Forces& forces, Service& service)
 {
-    FillRow(s, s.dzmax, s.dzmin, s.deflimitz, "IR = dz/dzMax = ", s.deflinez);
-    FillRow(s, s.dymax, s.dymin, s.deflimity, "IR = dy/dyMax = ", s.defliney);
+    FillRow(in, forces.dzmax, forces.dzmin, in.deflimitz, "IR = dz/dzMax = ", service.deflinez);
+    FillRow(in, forces.dymax, forces.dymin, in.deflimity, "IR = dy/dyMax = ", service.defliney);
 }
 
 }  // namespace kestrum

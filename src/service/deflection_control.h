@@ -3,7 +3,9 @@
 // Deflection control, EN 1993-1-1, 7.2.1: the largest deflection of the serviceability combination
 // against L/n, about each axis.
 
-#include "core/project_state.h"
+#include "core/state/forces.h"
+#include "core/state/inputs.h"
+#include "core/state/service.h"
 
 namespace kestrum {
 
@@ -12,6 +14,6 @@ namespace kestrum {
 //
 // Deviation D258: the whole deflection is compared, without a precamber; EN 1990, A1.4.3 (1) lets
 // wc be taken off.
-void DeflectionControl(ProjectState& s);
+void DeflectionControl(const Inputs& in, const Forces& forces, Service& service);
 
 }  // namespace kestrum

@@ -37,37 +37,38 @@ const Constants* ConstantsOf(int supportcase)
 
 }  // namespace
 
-void CalcModal(ProjectState& s)
+void CalcModal(const Inputs& in, const SectionRecord& section, Service& service)
 {
     constexpr double kMassOfLoad = 102;  // kg/m in 1 kN/m, D252
-    const Constants* constants = ConstantsOf(s.supportcase);
-    if (constants == nullptr && s.supportcase != SupportCase::springs) {
+    const Constants* constants = ConstantsOf(in.supportcase);
+    if (constants == nullptr && in.supportcase != SupportCase::springs) {
         return;
     }
     double load = 0;  // kN/m
     for (std::size_t k = 1; k <= 4; ++k) {
-        load += s.qload[k];
+        load += in.qload[k];
     }
-    s.modalmass = F32(s.weight + kMassOfLoad * load);
+    service.modalmass = F32(section.weight + kMassOfLoad * load);
     if (constants == nullptr) {
         return;
     }
-    const double l = s.l;
-    const double stiffness = static_cast<double>(s.iy) * s.e * 1e-6;  // Nm2
-    const double base = std::sqrt(stiffness / (l * l * l * l * s.modalmass));
+    const double l = in.l;
+    const double stiffness = static_cast<double>(section.iy) * in.e * 1e-6;  // Nm2
+    const double base = std::sqrt(stiffness / (l * l * l * l * service.modalmass));
     for (std::size_t n = 0; n < constants->size(); ++n) {
-        s.freq[n + 1] = F32((*constants)[n] * base);
+        service.freq[n + 1] = F32((*constants)[n] * base);
     }
 }
 
-std::string MassText(const ProjectState& s)
+std::string MassText(const Service& service)
 {
-    return s.modalmass == 0 ? std::string{} : "Mass: m = " + FormatNum(s.modalmass, "#0") + " kg/m";
+    return service.modalmass == 0 ? std::string{}
+                                  : "Mass: m = " + FormatNum(service.modalmass, "#0") + " kg/m";
 }
 
-std::string ModeText(const ProjectState& s, int mode)
+std::string ModeText(const Service& service, int mode)
 {
-    const float f = s.freq[CheckedIndex(mode, s.freq.size())];
+    const float f = service.freq[CheckedIndex(mode, service.freq.size())];
     if (f == 0) {
         return {};
     }

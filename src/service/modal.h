@@ -3,7 +3,9 @@
 // The first three natural frequencies of bending about y, by the closed formulas for a beam of even
 // mass: f = c sqrt(E I/(m L4)).
 
-#include "core/project_state.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
+#include "core/state/service.h"
 
 #include <string>
 
@@ -19,10 +21,10 @@ namespace kestrum {
 // Deviation D252: 1 kN/m counts as 102 kg/m; g = 9.81 m/s2 gives 101.94.
 // Deviation D253: c is rounded to two or three digits; beam theory gives lambda2/(2 pi), 0.3 % from
 // ours at most.
-void CalcModal(ProjectState& s);
+void CalcModal(const Inputs& in, const SectionRecord& section, Service& service);
 
 // The texts shown; empty as long as the value has not been calculated. mode is 1..3.
-std::string MassText(const ProjectState& s);
-std::string ModeText(const ProjectState& s, int mode);
+std::string MassText(const Service& service);
+std::string ModeText(const Service& service, int mode);
 
 }  // namespace kestrum

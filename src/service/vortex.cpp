@@ -26,22 +26,23 @@ constexpr std::array<Support, 6> kMemberSupports{{{"pinned-pinned", 0},
                                                   {"cantilever", 3},
                                                   {"pinned-spring", 0, true}}};
 
-const Support* SupportOf(const ProjectState& s)
+const Support* SupportOf(const Inputs& in)
 {
-    const auto at = static_cast<std::size_t>(s.supportcase);
-    return s.supportcase >= 0 && at < kMemberSupports.size() ? &kMemberSupports[at] : nullptr;
+    const auto at = static_cast<std::size_t>(in.supportcase);
+    return in.supportcase >= 0 && at < kMemberSupports.size() ? &kMemberSupports[at] : nullptr;
 }
 
-std::string ProfileText(const ProjectState& s)
+std::string ProfileText(const Inputs& in, const SectionRecord& section)
 {
-    const std::string tw = FormatNum(s.tw, "##0.0");
-    const FamilyTraits& family = Traits(s);
+    const std::string tw = FormatNum(section.tw, "##0.0");
+    const FamilyTraits& family = Traits(in);
     if (family.kind == Kind::tube) {
-        return "Tube " + FormatNum(s.p31.istd, "##0.0") + "x" + tw;
+        return "Tube " + FormatNum(in.p31.istd, "##0.0") + "x" + tw;
     }
-    const std::string size = FormatNum(s.h, "##0") + "x" + FormatNum(s.b, "##0") + "x" + tw;
+    const std::string size =
+        FormatNum(section.h, "##0") + "x" + FormatNum(section.b, "##0") + "x" + tw;
     return family.kind == Kind::hollow ? std::string(family.text) + " " + size
-                                       : "Box " + size + "x" + FormatNum(s.tf, "##0.0");
+                                       : "Box " + size + "x" + FormatNum(section.tf, "##0.0");
 }
 
 }  // namespace
@@ -56,33 +57,33 @@ std::string_view VortexRefusal(int family)
     return MayBeFamily(family) && !VortexFamily(family) ? "Only valid for boxes and tubes" : "";
 }
 
-std::string_view MemberSupport(const ProjectState& s)
+std::string_view MemberSupport(const Inputs& in)
 {
-    const Support* const support = SupportOf(s);
+    const Support* const support = SupportOf(in);
     return support != nullptr ? support->name : std::string_view{};
 }
 
-bool VortexSupportDiffers(const ProjectState& s)
+bool VortexSupportDiffers(const Inputs& in)
 {
-    const Support* const support = SupportOf(s);
-    return support != nullptr && (support->springs || support->vortexcase != s.vortexcase);
+    const Support* const support = SupportOf(in);
+    return support != nullptr && (support->springs || support->vortexcase != in.vortexcase);
 }
 
-bool VortexSupportIsStiffer(const ProjectState& s)
+bool VortexSupportIsStiffer(const Inputs& in)
 {
-    const Support* const support = SupportOf(s);
-    const auto at = static_cast<std::size_t>(s.vortexcase);
-    return support != nullptr && s.vortexcase >= 0 && at < kVortexSupports.size() &&
+    const Support* const support = SupportOf(in);
+    const auto at = static_cast<std::size_t>(in.vortexcase);
+    return support != nullptr && in.vortexcase >= 0 && at < kVortexSupports.size() &&
            kVortexSupports[at].n > kVortexSupports[static_cast<std::size_t>(support->vortexcase)].n;
 }
 
-void CalcVortexFrequency(ProjectState& s)
+void CalcVortexFrequency(const Inputs& in, const SectionRecord& section, Service& service)
 {
     constexpr float kTwoPi = 6.2831855F;
-    const double n = kVortexSupports[CheckedIndex(s.vortexcase, kVortexSupports.size())].n;
-    const double stiffness = static_cast<double>(s.iy) * s.e * 1e-6;  // Nm2
-    const double l = s.l;
-    s.freq[1] = F32(n * n * std::sqrt(stiffness / s.weight) / (kTwoPi * l * l));
+    const double n = kVortexSupports[CheckedIndex(in.vortexcase, kVortexSupports.size())].n;
+    const double stiffness = static_cast<double>(section.iy) * in.e * 1e-6;  // Nm2
+    const double l = in.l;
+    service.freq[1] = F32(n * n * std::sqrt(stiffness / section.weight) / (kTwoPi * l * l));
 }
 
 double StrouhalOfRectangle(double r)
@@ -108,67 +109,68 @@ double StrouhalOfRectangle(double r)
     return 0.09;
 }
 
-void CalcVortex(ProjectState& s)
+void CalcVortex(const Inputs& in, const SectionRecord& section, Service& service)
 {
     constexpr double kStrouhalOfTube = 0.18;
     constexpr double kMetre = 1000;  // mm
-    if (Traits(s).strouhal == Strouhal::circle) {
-        s.stb = F32(s.p31.istd / kMetre);
-        s.st = F32(kStrouhalOfTube);
+    if (Traits(in).strouhal == Strouhal::circle) {
+        service.stb = F32(in.p31.istd / kMetre);
+        service.st = F32(kStrouhalOfTube);
     } else {
-        s.stb = F32(s.h / kMetre);
-        s.st = F32(StrouhalOfRectangle(static_cast<double>(s.b) / s.h));
+        service.stb = F32(section.h / kMetre);
+        service.st = F32(StrouhalOfRectangle(static_cast<double>(section.b) / section.h));
     }
-    s.vcrit = F32(static_cast<double>(s.stb) * s.freq[1] / s.st);
+    service.vcrit = F32(static_cast<double>(service.stb) * service.freq[1] / service.st);
 
     // EN 1991-1-4, 4.3.1 and 4.3.2, without orography.
-    const Terrain& terrain = kTerrains[CheckedIndex(s.terrain, kTerrains.size())];
+    const Terrain& terrain = kTerrains[CheckedIndex(in.terrain, kTerrains.size())];
     const double kr = 0.19 * std::pow(terrain.z0 / 0.05, 0.07);
-    const double z = s.zh <= terrain.zmin ? terrain.zmin : s.zh;
+    const double z = in.zh <= terrain.zmin ? terrain.zmin : in.zh;
     const double cr = kr * std::log(z / terrain.z0);
-    s.vm = F32(s.vb * cr);
+    service.vm = F32(in.vb * cr);
 }
 
-bool VortexAccepted(const ProjectState& s)
+bool VortexAccepted(const Service& service)
 {
-    return 1.25 * s.vm < s.vcrit;
+    return 1.25 * service.vm < service.vcrit;
 }
 
-std::string VortexMeanText(const ProjectState& s)
+std::string VortexMeanText(const Service& service)
 {
-    return FormatNum(s.vm, "#0.0") + " m/s";
+    return FormatNum(service.vm, "#0.0") + " m/s";
 }
 
-std::string VortexCriticalText(const ProjectState& s)
+std::string VortexCriticalText(const Service& service)
 {
-    return FormatNum(s.vcrit, "#0.0") + " m/s";
+    return FormatNum(service.vcrit, "#0.0") + " m/s";
 }
 
-std::string VortexFrequencyText(const ProjectState& s)
+std::string VortexFrequencyText(const Service& service)
 {
-    return FormatNum(s.freq[1], "#0.0") + " Hz";
+    return FormatNum(service.freq[1], "#0.0") + " Hz";
 }
 
-std::string_view VortexVerdict(const ProjectState& s)
+std::string_view VortexVerdict(const Service& service)
 {
-    return VortexAccepted(s) ? " OK " : " NOK ";
+    return VortexAccepted(service) ? " OK " : " NOK ";
 }
 
-std::string_view VortexRestraint(const ProjectState& s)
+std::string_view VortexRestraint(const Inputs& in)
 {
-    const auto at = static_cast<std::size_t>(s.vortexcase);
-    return s.vortexcase >= 0 && at < kVortexSupports.size() ? kVortexSupports[at].name : "";
+    const auto at = static_cast<std::size_t>(in.vortexcase);
+    return in.vortexcase >= 0 && at < kVortexSupports.size() ? kVortexSupports[at].name : "";
 }
 
-std::vector<VortexRow> VortexGrid(const ProjectState& s)
+std::vector<VortexRow> VortexGrid(const Inputs& in, const SectionRecord& section,
+                                  const Service& service)
 {
-    return {{" E = ", FormatNum(s.e, "0.000E+0"), " MPa"},
-            {" Profile", ProfileText(s), ""},
-            {" Profile height b = ", FormatNum(s.h, "0.0"), " mm"},
-            {" Mass", FormatNum(s.weight, "0.0 "), " kg/m"},
-            {" Iy =", FormatNum(s.iy, "0.000E+0"), " mm4"},
-            {" Strouhal number", FormatNum(s.st, "0.00 "), ""},
-            {" Length L =", FormatNum(s.l, "0.000"), " m"}};
+    return {{" E = ", FormatNum(in.e, "0.000E+0"), " MPa"},
+            {" Profile", ProfileText(in, section), ""},
+            {" Profile height b = ", FormatNum(section.h, "0.0"), " mm"},
+            {" Mass", FormatNum(section.weight, "0.0 "), " kg/m"},
+            {" Iy =", FormatNum(section.iy, "0.000E+0"), " mm4"},
+            {" Strouhal number", FormatNum(service.st, "0.00 "), ""},
+            {" Length L =", FormatNum(in.l, "0.000"), " m"}};
 }
 
 }  // namespace kestrum

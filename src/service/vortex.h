@@ -3,7 +3,9 @@
 // Vortex shedding, EN 1991-1-4, Annex E: whether a member of rectangular or circular hollow section
 // needs no further study, E.1.2 (2): vcrit > 1.25 vm.
 
-#include "core/project_state.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
+#include "core/state/service.h"
 
 #include <array>
 #include <string>
@@ -44,22 +46,22 @@ std::string_view VortexRefusal(int family);
 //
 // Deviation D256: the mass is that of the section alone; EN 1991-1-4, F.2 takes all mass that
 // moves.
-void CalcVortexFrequency(ProjectState& s);
+void CalcVortexFrequency(const Inputs& in, const SectionRecord& section, Service& service);
 
 // The supports of the member itself, whatever the control takes: "pinned-pinned", .. "springs".
-std::string_view MemberSupport(const ProjectState& s);
+std::string_view MemberSupport(const Inputs& in);
 
 // Whether vortexcase is another support than that of the member, and one with a higher frequency; a
 // spring counts as pinned there, its softest state.
 //
 // Deviation D259: the control takes the support chosen for it, at first fixed-pinned, and not that
 // of the member; EN 1991-1-4, F.2 takes the frequency of the structure as it is.
-bool VortexSupportDiffers(const ProjectState& s);
-bool VortexSupportIsStiffer(const ProjectState& s);
+bool VortexSupportDiffers(const Inputs& in);
+bool VortexSupportIsStiffer(const Inputs& in);
 
 // stb, st, vcrit, vm from the section, freq[1], terrain, vb and zh. To be called after it. Leaves
 // through CalculationStop with a terrain outside the list.
-void CalcVortex(ProjectState& s);
+void CalcVortex(const Inputs& in, const SectionRecord& section, Service& service);
 
 // Strouhal number of a rectangle, r = d/b (along over across the wind), EN 1991-1-4, Table E.1.
 //
@@ -68,18 +70,19 @@ void CalcVortex(ProjectState& s);
 double StrouhalOfRectangle(double r);
 
 // EN 1991-1-4, E.1.2 (2). Equality is not enough.
-bool VortexAccepted(const ProjectState& s);
+bool VortexAccepted(const Service& service);
 
 // Texts of the page and the form.
-std::string VortexMeanText(const ProjectState& s);        // "25.2 m/s"
-std::string VortexCriticalText(const ProjectState& s);    // "15.1 m/s"
-std::string VortexFrequencyText(const ProjectState& s);   // "9.1 Hz"
-std::string_view VortexVerdict(const ProjectState& s);    // " OK ", " NOK "
-std::string_view VortexRestraint(const ProjectState& s);  // "fixed-pinned"; empty outside the list
+std::string VortexMeanText(const Service& service);       // "25.2 m/s"
+std::string VortexCriticalText(const Service& service);   // "15.1 m/s"
+std::string VortexFrequencyText(const Service& service);  // "9.1 Hz"
+std::string_view VortexVerdict(const Service& service);   // " OK ", " NOK "
+std::string_view VortexRestraint(const Inputs& in);       // "fixed-pinned"; empty outside the list
 
 struct VortexRow {
     std::string parameter, value, unit;
 };
-std::vector<VortexRow> VortexGrid(const ProjectState& s);
+std::vector<VortexRow> VortexGrid(const Inputs& in, const SectionRecord& section,
+                                  const Service& service);
 
 }  // namespace kestrum

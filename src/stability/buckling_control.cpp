@@ -19,117 +19,122 @@ namespace kestrum {
 namespace {
 
 // Head of every stage: what a check leaves out must not carry a value of an earlier run.
-void StartStage(ProjectState& s)
+void StartStage(const Forces& forces, SectionChecks& checks, Stability& stability)
 {
-    ClearBucklingRows(s);
-    s.mydesignf = F32(s.mydesign);
-    s.xlt = 1.0;
-    s.xlt0 = 1.0;
-    s.ffactor = 1.0f;
-    s.kc = 1.0f;
-    s.ltc1 = 0.0;
-    s.ltc2 = 0.0;
-    s.ltc3 = 0.0;
+    ClearBucklingRows(checks, stability);
+    stability.mydesignf = F32(forces.mydesign);
+    stability.xlt = 1.0;
+    stability.xlt0 = 1.0;
+    stability.ffactor = 1.0f;
+    stability.kc = 1.0f;
+    stability.ltc1 = 0.0;
+    stability.ltc2 = 0.0;
+    stability.ltc3 = 0.0;
 }
 
-void CloseStage(ProjectState& s)
+void CloseStage(const SectionChecks& checks, Stability& stability)
 {
-    s.maxirbuckling = std::max({s.irrow4, s.irrow5, s.irrow6});
+    stability.maxirbuckling = std::max({checks.irrow4, checks.irrow5, checks.irrow6});
 }
 
-void ControlLateralTorsional(ProjectState& s)
+void ControlLateralTorsional(const Inputs& in, MemberInputs& member, const SectionRecord& section,
+                             const Resistances& resistances, const Forces& forces,
+                             SectionChecks& checks, Stability& stability)
 {
-    if (s.ltb != 1) {
+    if (member.ltb != 1) {
         return;
     }
-    LateralTorsionalBuckling(s);
-    if (s.mydesignf != 0) {
-        LateralTorsionalRow(s);
+    LateralTorsionalBuckling(in, member, section, resistances, forces, stability);
+    if (stability.mydesignf != 0) {
+        LateralTorsionalRow(in, checks, stability);
     }
 }
 
 // No length factor asks for buckling: the remark, and nothing else of the axial force.
-bool NoBucklingAtAll(ProjectState& s)
+bool NoBucklingAtAll(const Inputs& in, Stability& stability)
 {
-    if (BucklesAboutY(s) || BucklesAboutZ(s)) {
+    if (BucklesAboutY(in) || BucklesAboutZ(in)) {
         return false;
     }
-    s.yline.label[0] = "No Buckling";
+    stability.yline.label[0] = "No Buckling";
     return true;
 }
 
-bool HasMoment(const ProjectState& s)
+bool HasMoment(const Forces& forces)
 {
-    return s.mydesign != 0 || s.mzdesign != 0;
+    return forces.mydesign != 0 || forces.mzdesign != 0;
 }
 
 // EN 1993-1-1, 6.3.1.2 (4), about y and z together.
 // Deviation D232: asked for a member without moments only; the standard leaves buckling out of the
 // interaction as well.
-bool MayIgnoreBuckling(const ProjectState& s)
+bool MayIgnoreBuckling(const Forces& forces, const Stability& stability)
 {
-    const bool stocky = s.lamy <= 0.2 && s.lamz <= 0.2;
-    const bool light = std::abs(s.ned / s.ncry) <= 0.04 && std::abs(s.ned / s.ncrz) <= 0.04;
-    return !HasMoment(s) && s.ned > 0 && (stocky || light);
+    const bool stocky = stability.lamy <= 0.2 && stability.lamz <= 0.2;
+    const bool light = std::abs(forces.ned / stability.ncry) <= 0.04 &&
+                       std::abs(forces.ned / stability.ncrz) <= 0.04;
+    return !HasMoment(forces) && forces.ned > 0 && (stocky || light);
 }
 
-bool MayIgnoreBucklingAboutV(const ProjectState& s)
+bool MayIgnoreBucklingAboutV(const Forces& forces, const Stability& stability)
 {
-    return s.lamv <= 0.2 || std::abs(s.ned / s.ncrv) <= 0.04;
+    return stability.lamv <= 0.2 || std::abs(forces.ned / stability.ncrv) <= 0.04;
 }
 
 // The factors of unequal flanges take the class of the compressed side; without a moment no side is
 // compressed, and the larger class stays.
-void TakeClassOfSide(ProjectState& s)
+void TakeClassOfSide(const Inputs& in, SectionRecord& section, const Forces& forces)
 {
-    if (Is(s, Kind::i_single) && s.mydesign != 0) {
-        s.classmy = s.mydesign > 0 ? s.classmytop : s.classmybot;
+    if (Is(in, Kind::i_single) && forces.mydesign != 0) {
+        section.classmy = forces.mydesign > 0 ? section.classmytop : section.classmybot;
     }
 }
 
 // kyy .. kzz; false when the axial force is above an elastic critical force.
-bool InteractionFactors(ProjectState& s, bool lateral)
+bool InteractionFactors(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                        Forces& forces, Stability& stability, PassOutcome& outcome, bool lateral)
 {
-    TakeClassOfSide(s);
-    if (s.method != Method::annex_a) {
-        if (s.loadmode == 1) {
-            CmAnnexBLoads(s);
+    TakeClassOfSide(in, section, forces);
+    if (in.method != Method::annex_a) {
+        if (in.loadmode == 1) {
+            CmAnnexBLoads(section, forces, stability);
         } else {
-            CmAnnexBForces(s);
+            CmAnnexBForces(stability);
         }
-        KFactorsAnnexB(s);
+        KFactorsAnnexB(in, section, forces, stability);
         return true;
     }
-    if (s.loadmode == 1) {
-        CmAnnexALoads(s);
+    if (in.loadmode == 1) {
+        CmAnnexALoads(in, section, forces, stability);
     } else {
-        CmAnnexAForces(s);
+        CmAnnexAForces(forces, stability);
     }
     if (lateral) {
-        LtUniformMcr(s);
+        LtUniformMcr(in, section, resistances, forces, stability);
     }
-    KFactorsAnnexA(s);
-    return s.errorflag != -1;
+    KFactorsAnnexA(in, section, resistances, forces, stability, outcome);
+    return outcome.errorflag != -1;
 }
 
 // kyy .. kzz and kvv, kvu of an angle.
-bool AngleFactors(ProjectState& s)
+bool AngleFactors(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                  Forces& forces, Stability& stability, PassOutcome& outcome)
 {
-    if (s.method == Method::annex_a) {
-        s.lam0 = 1.0f;  // D226
+    if (in.method == Method::annex_a) {
+        stability.lam0 = 1.0f;  // D226
     }
-    if (!InteractionFactors(s, false)) {
+    if (!InteractionFactors(in, section, resistances, forces, stability, outcome, false)) {
         return false;
     }
-    if (s.loadmode == 1) {
-        CmAngleLoads(s);
+    if (in.loadmode == 1) {
+        CmAngleLoads(in, section, forces, stability);
     } else {
-        CmAngleForces(s);
+        CmAngleForces(forces, stability);
     }
-    if (s.method == Method::annex_a) {
-        KAngleAnnexA(s);
+    if (in.method == Method::annex_a) {
+        KAngleAnnexA(forces, stability);
     } else {
-        KAngleAnnexB(s);
+        KAngleAnnexB(forces, stability);
     }
     return true;
 }
@@ -138,148 +143,174 @@ bool AngleFactors(ProjectState& s)
 //
 // Deviation D230: the terms have no additional moment NEd eN of class 4; Eq (6.61) and (6.62) add
 // it where the effective section shifts the centroid.
-void BeamColumn(ProjectState& s, bool lateral, const MomentResistances& resistance)
+void BeamColumn(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                const Resistances& resistances, Forces& forces, SectionChecks& checks,
+                Stability& stability, PassOutcome& outcome, bool lateral,
+                const MomentResistances& resistance)
 {
-    StartStage(s);
+    StartStage(forces, checks, stability);
     if (lateral) {
-        ControlLateralTorsional(s);
+        ControlLateralTorsional(in, member, section, resistances, forces, checks, stability);
     }
-    BucklingCurves(s);
-    BucklingResistance(s);
-    if (s.ned > 0 && !NoBucklingAtAll(s)) {
-        AxialRows(s);
-        if (HasMoment(s)) {
-            if (!InteractionFactors(s, lateral)) {
+    BucklingCurves(in, section, stability);
+    BucklingResistance(in, section, resistances, stability);
+    if (forces.ned > 0 && !NoBucklingAtAll(in, stability)) {
+        AxialRows(in, forces, checks, stability);
+        if (HasMoment(forces)) {
+            if (!InteractionFactors(in, section, resistances, forces, stability, outcome,
+                                    lateral)) {
                 return;
             }
-            AddMomentTerms(s, resistance, false);
-        } else if (MayIgnoreBuckling(s)) {
-            IgnoreBuckling(s);
+            AddMomentTerms(in, forces, checks, stability, resistance, false);
+        } else if (MayIgnoreBuckling(forces, stability)) {
+            IgnoreBuckling(checks, stability);
         }
-    } else if (s.ned == 0 && s.mydesign != 0 && s.mzdesign != 0) {
-        if (!InteractionFactors(s, lateral)) {
+    } else if (forces.ned == 0 && forces.mydesign != 0 && forces.mzdesign != 0) {
+        if (!InteractionFactors(in, section, resistances, forces, stability, outcome, lateral)) {
             return;
         }
-        BendingRows(s, resistance);
+        BendingRows(in, forces, checks, stability, resistance);
     }
-    CloseStage(s);
+    CloseStage(checks, stability);
 }
 
 }  // namespace
 
-void ClearBucklingRows(ProjectState& s)
+void ClearBucklingRows(SectionChecks& checks, Stability& stability)
 {
-    for (ResultRow* row : {&s.yline, &s.zline, &s.ltline}) {
+    for (ResultRow* row : {&stability.yline, &stability.zline, &stability.ltline}) {
         *row = {};
         row->status = kWithin;
     }
-    s.irrow4 = 0.0;
-    s.irrow5 = 0.0;
-    s.irrow6 = 0.0;
-    s.maxirbuckling = 0.0;
+    checks.irrow4 = 0.0;
+    checks.irrow5 = 0.0;
+    checks.irrow6 = 0.0;
+    stability.maxirbuckling = 0.0;
 }
 
 // EN 1993-1-1, 6.3.1 to 6.3.3.
 //   in   ned [kN], mydesign, mzdesign [kNm], ly, lz, ltb, method, loadmode, section, resistances
 //   out  rows, irrow4..6, maxirbuckling, errorflag, all values of the stability stage
 // Deviations D230, D232: see above.
-void BucklingControlRolledI(ProjectState& s)
+void BucklingControlRolledI(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                            Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability, PassOutcome& outcome)
 {
-    BeamColumn(s, true, {s.myrdm1, s.mzrdm1});
+    BeamColumn(in, member, section, resistances, forces, checks, stability, outcome, true,
+               {resistances.myrdm1, resistances.mzrdm1});
 }
 
 // The same without lateral torsional buckling.
-void BucklingControlHollow(ProjectState& s)
+void BucklingControlHollow(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                           Resistances& resistances, Forces& forces, SectionChecks& checks,
+                           Stability& stability, PassOutcome& outcome)
 {
-    BeamColumn(s, false, {s.myrdm1, s.mzrdm1});
+    BeamColumn(in, member, section, resistances, forces, checks, stability, outcome, false,
+               {resistances.myrdm1, resistances.mzrdm1});
 }
 
 // The same with class and resistance of the compressed side.
-void BucklingControlWeldedI(ProjectState& s)
+void BucklingControlWeldedI(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                            Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability, PassOutcome& outcome)
 {
-    BeamColumn(s, true, {s.mydesign > 0 ? s.mytoprd : s.mybotrd, s.mzrdm1});
+    BeamColumn(
+        in, member, section, resistances, forces, checks, stability, outcome, true,
+        {forces.mydesign > 0 ? resistances.mytoprd : resistances.mybotrd, resistances.mzrdm1});
 }
 
 // EN 1993-1-1, 6.3.1 to 6.3.3 for bending about y.
 //
 // Deviation D229: lateral torsional buckling is controlled beside an axial compression only; 6.3.2
 // asks for it in any case.
-void BucklingControlFlatBar(ProjectState& s)
+void BucklingControlFlatBar(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                            Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability, PassOutcome& outcome)
 {
-    StartStage(s);
-    ControlLateralTorsional(s);
-    BucklingCurves(s);
-    BucklingResistance(s);
-    if (!NoBucklingAtAll(s)) {
-        if (s.mydesign != 0) {
-            if (!InteractionFactors(s, true)) {
+    StartStage(forces, checks, stability);
+    ControlLateralTorsional(in, member, section, resistances, forces, checks, stability);
+    BucklingCurves(in, section, stability);
+    BucklingResistance(in, section, resistances, stability);
+    if (!NoBucklingAtAll(in, stability)) {
+        if (forces.mydesign != 0) {
+            if (!InteractionFactors(in, section, resistances, forces, stability, outcome, true)) {
                 return;
             }
-            FlatBarRows(s);
-        } else if (MayIgnoreBuckling(s)) {
-            IgnoreBuckling(s);
+            FlatBarRows(in, resistances, forces, checks, stability);
+        } else if (MayIgnoreBuckling(forces, stability)) {
+            IgnoreBuckling(checks, stability);
         } else {
-            AxialRows(s);
+            AxialRows(in, forces, checks, stability);
         }
     }
-    CloseStage(s);
+    CloseStage(checks, stability);
 }
 
 // EN 1993-1-1, 6.3.1, 6.3.3: about y and z, and about v with the moments of the principal axes. The
 // axial force must not exceed the critical forces of the principal axes, with or without moments.
-void BucklingControlAngle(ProjectState& s)
+void BucklingControlAngle(const Inputs& in, MemberInputs&, SectionRecord& section,
+                          Resistances& resistances, Forces& forces, SectionChecks& checks,
+                          Stability& stability, PassOutcome& outcome)
 {
-    StartStage(s);
-    BucklingCurves(s);
-    BucklingResistance(s);
-    if (ExceedsCriticalForce(s, {{"Ncr,v", s.ncrv}, {"Ncr,u", s.ncru}})) {
+    StartStage(forces, checks, stability);
+    BucklingCurves(in, section, stability);
+    BucklingResistance(in, section, resistances, stability);
+    if (ExceedsCriticalForce(forces, outcome,
+                             {{"Ncr,v", stability.ncrv}, {"Ncr,u", stability.ncru}})) {
         return;
     }
-    if (!NoBucklingAtAll(s)) {
-        AxialRows(s);
-        if (HasMoment(s)) {
-            if (!AngleFactors(s)) {
+    if (!NoBucklingAtAll(in, stability)) {
+        AxialRows(in, forces, checks, stability);
+        if (HasMoment(forces)) {
+            if (!AngleFactors(in, section, resistances, forces, stability, outcome)) {
                 return;
             }
-            s.myaxrd = std::min(s.mry1, s.mry2) * s.gammam0 / s.gammam1;
-            s.mzaxrd = std::min(s.mrz1, s.mrz2) * s.gammam0 / s.gammam1;
-            AddMomentTerms(s, {s.myaxrd, s.mzaxrd}, true);
+            resistances.myaxrd =
+                std::min(resistances.mry1, resistances.mry2) * in.gammam0 / in.gammam1;
+            resistances.mzaxrd =
+                std::min(resistances.mrz1, resistances.mrz2) * in.gammam0 / in.gammam1;
+            AddMomentTerms(in, forces, checks, stability, {resistances.myaxrd, resistances.mzaxrd},
+                           true);
         }
-        if (BucklesAboutZ(s)) {
-            AngleRow(s, HasMoment(s));
+        if (BucklesAboutZ(in)) {
+            AngleRow(in, section, resistances, forces, checks, stability, HasMoment(forces));
         }
-        if (MayIgnoreBuckling(s) && MayIgnoreBucklingAboutV(s)) {
-            IgnoreBuckling(s);
-            IgnoreBucklingAboutV(s);
+        if (MayIgnoreBuckling(forces, stability) && MayIgnoreBucklingAboutV(forces, stability)) {
+            IgnoreBuckling(checks, stability);
+            IgnoreBucklingAboutV(checks, stability);
         }
     }
-    CloseStage(s);
+    CloseStage(checks, stability);
 }
 
 // EN 1993-1-1, 6.3.1.
 //
 // Deviation D231: moments of the self-weight are not combined with the axial force; 6.3.3 combines
 // them.
-void BucklingControlT(ProjectState& s)
+void BucklingControlT(const Inputs& in, MemberInputs&, SectionRecord& section,
+                      Resistances& resistances, Forces& forces, SectionChecks& checks,
+                      Stability& stability, PassOutcome&)
 {
-    StartStage(s);
-    BucklingCurves(s);
-    BucklingResistance(s);
-    if (!NoBucklingAtAll(s)) {
-        AxialRows(s);
-        if (MayIgnoreBuckling(s)) {
-            IgnoreBuckling(s);
+    StartStage(forces, checks, stability);
+    BucklingCurves(in, section, stability);
+    BucklingResistance(in, section, resistances, stability);
+    if (!NoBucklingAtAll(in, stability)) {
+        AxialRows(in, forces, checks, stability);
+        if (MayIgnoreBuckling(forces, stability)) {
+            IgnoreBuckling(checks, stability);
         }
     }
-    CloseStage(s);
+    CloseStage(checks, stability);
 }
 
 // EN 1993-1-1, 6.3.2.
-void BucklingControlPlate(ProjectState& s)
+void BucklingControlPlate(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                          Resistances& resistances, Forces& forces, SectionChecks& checks,
+                          Stability& stability, PassOutcome&)
 {
-    StartStage(s);
-    ControlLateralTorsional(s);
-    CloseStage(s);
+    StartStage(forces, checks, stability);
+    ControlLateralTorsional(in, member, section, resistances, forces, checks, stability);
+    CloseStage(checks, stability);
 }
 
 }  // namespace kestrum

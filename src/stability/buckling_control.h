@@ -7,19 +7,43 @@
 // elastic critical force, where the interaction cannot be formed, sets errorflag to -1 and leaves
 // at once.
 
-#include "core/project_state.h"
+#include "core/state/forces.h"
+#include "core/state/inputs.h"
+#include "core/state/member_inputs.h"
+#include "core/state/pass_outcome.h"
+#include "core/state/resistances.h"
+#include "core/state/section_checks.h"
+#include "core/state/section_record.h"
+#include "core/state/stability.h"
 
 namespace kestrum {
 
 // Empties the three rows and their ratios, for a member without this control.
-void ClearBucklingRows(ProjectState& s);
+void ClearBucklingRows(SectionChecks& checks, Stability& stability);
 
-void BucklingControlRolledI(ProjectState& s);  // I sections, channels, general profile
-void BucklingControlHollow(ProjectState& s);   // hollow sections, box, tube
-void BucklingControlWeldedI(ProjectState& s);  // single-symmetric I
-void BucklingControlFlatBar(ProjectState& s);  // with compression only
-void BucklingControlAngle(ProjectState& s);    // with compression only
-void BucklingControlT(ProjectState& s);        // with compression only
-void BucklingControlPlate(ProjectState& s);    // lateral torsional buckling only
+void BucklingControlRolledI(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                            Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability,
+                            PassOutcome& outcome);  // I sections, channels, general profile
+void BucklingControlHollow(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                           Resistances& resistances, Forces& forces, SectionChecks& checks,
+                           Stability& stability,
+                           PassOutcome& outcome);  // hollow sections, box, tube
+void BucklingControlWeldedI(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                            Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability, PassOutcome& outcome);  // single-symmetric I
+void BucklingControlFlatBar(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                            Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability, PassOutcome& outcome);  // with compression only
+void BucklingControlAngle(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                          Resistances& resistances, Forces& forces, SectionChecks& checks,
+                          Stability& stability, PassOutcome& outcome);  // with compression only
+void BucklingControlT(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                      Resistances& resistances, Forces& forces, SectionChecks& checks,
+                      Stability& stability, PassOutcome& outcome);  // with compression only
+void BucklingControlPlate(const Inputs& in, MemberInputs& member, SectionRecord& section,
+                          Resistances& resistances, Forces& forces, SectionChecks& checks,
+                          Stability& stability,
+                          PassOutcome& outcome);  // lateral torsional buckling only
 
 }  // namespace kestrum

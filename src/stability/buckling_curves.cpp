@@ -26,22 +26,22 @@ struct Pair {
 // Deviation D203: the better curves of S460 begin above 440 MPa. Table 6.2 has them for S460 only,
 // so that a typed strength between 440 and 460 gets them early, and S460 with a strength reduced to
 // 440 or less for its thickness does not get them.
-bool HighStrength(const ProjectState& s)
+bool HighStrength(const Inputs& in)
 {
-    return s.fyk > 440.0f;
+    return in.fyk > 440.0f;
 }
 
-Pair RolledI(const ProjectState& s)
+Pair RolledI(const Inputs& in, const SectionRecord& section)
 {
-    const double b = s.b;
-    const bool high = HighStrength(s);
-    if (1.2 * b < s.h) {
-        if (s.tf <= 40.0f) {
+    const double b = section.b;
+    const bool high = HighStrength(in);
+    if (1.2 * b < section.h) {
+        if (section.tf <= 40.0f) {
             return high ? Pair{&kA0, &kA0} : Pair{&kA, &kB};
         }
         return high ? Pair{&kA, &kA} : Pair{&kB, &kC};
     }
-    if (s.tf <= 100.0f) {
+    if (section.tf <= 100.0f) {
         return high ? Pair{&kA, &kA} : Pair{&kB, &kC};
     }
     return high ? Pair{&kC, &kC} : Pair{&kD, &kD};
@@ -49,37 +49,37 @@ Pair RolledI(const ProjectState& s)
 
 // Deviation D204: curve b for slender plates (b/tf or h/tw from 30 on) and with the thick weld
 // option, c otherwise. Table 6.2 has b in general and c for thick welds of stocky plates.
-Pair Box(const ProjectState& s)
+Pair Box(const Inputs& in, const SectionRecord& section)
 {
-    const double b = s.b;
-    const double h = s.h;
-    const bool better = b / s.tf >= 30.0 || h / s.tw >= 30.0 || s.weldopt == 1;
+    const double b = section.b;
+    const double h = section.h;
+    const bool better = b / section.tf >= 30.0 || h / section.tw >= 30.0 || in.weldopt == 1;
     return better ? Pair{&kB, &kB} : Pair{&kC, &kC};
 }
 
 // Deviation D205: British channels (103) and the families without a buckling check have no row; the
 // axis keeps name and factor of the run before, nothing after a start. Table 6.2 has c for
 // channels.
-Pair Automatic(const ProjectState& s)
+Pair Automatic(const Inputs& in, const SectionRecord& section)
 {
-    switch (Traits(s).design.curves) {
+    switch (Traits(in).design.curves) {
     case FlexuralCurves::rolled_i:
-        return RolledI(s);
+        return RolledI(in, section);
     case FlexuralCurves::c:
         return {&kC, &kC};
     case FlexuralCurves::hot_hollow:
-        return HighStrength(s) ? Pair{&kA0, &kA0} : Pair{&kA, &kA};
+        return HighStrength(in) ? Pair{&kA0, &kA0} : Pair{&kA, &kA};
     case FlexuralCurves::b:
         return {&kB, &kB};
     case FlexuralCurves::welded_i:
-        return s.tmax <= 40.0f ? Pair{&kB, &kC} : Pair{&kC, &kD};
+        return section.tmax <= 40.0f ? Pair{&kB, &kC} : Pair{&kC, &kD};
     case FlexuralCurves::box:
-        return Box(s);
+        return Box(in, section);
     case FlexuralCurves::tube:
-        if (s.tubehot != 1) {
+        if (in.tubehot != 1) {
             return {&kC, &kC};
         }
-        return HighStrength(s) ? Pair{&kA0, &kA0} : Pair{&kA, &kA};
+        return HighStrength(in) ? Pair{&kA0, &kA0} : Pair{&kA, &kA};
     case FlexuralCurves::none:
         break;
     }
@@ -110,16 +110,16 @@ const Curve* Chosen(int choice, const Curve* automatic)
 //   in   bcy, bcz, family, b, h, tf, tw, tmax [mm], fyk [MPa], weldopt, tubehot
 //   out  curvey, curvez, alphay, alphaz [-]
 // Deviations D203, D204, D205: see above.
-void BucklingCurves(ProjectState& s)
+void BucklingCurves(const Inputs& in, const SectionRecord& section, Stability& stability)
 {
-    const Pair automatic = Automatic(s);
-    if (const Curve* y = Chosen(s.bcy, automatic.y)) {
-        s.curvey = y->name;
-        s.alphay = y->alpha;
+    const Pair automatic = Automatic(in, section);
+    if (const Curve* y = Chosen(in.bcy, automatic.y)) {
+        stability.curvey = y->name;
+        stability.alphay = y->alpha;
     }
-    if (const Curve* z = Chosen(s.bcz, automatic.z)) {
-        s.curvez = z->name;
-        s.alphaz = F32(z->alpha);
+    if (const Curve* z = Chosen(in.bcz, automatic.z)) {
+        stability.curvez = z->name;
+        stability.alphaz = F32(z->alpha);
     }
 }
 

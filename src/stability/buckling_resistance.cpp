@@ -10,60 +10,61 @@ namespace kestrum {
 namespace {
 
 // kN; factor on the member length, second moment in mm4.
-double EulerForce(const ProjectState& s, double factor, double inertia)
+double EulerForce(const Inputs& in, double factor, double inertia)
 {
-    const double length = factor * 1000.0 * s.l;
-    return kStabilityPi * kStabilityPi * s.e / (length * length) * inertia / 1000.0;
+    const double length = factor * 1000.0 * in.l;
+    return kStabilityPi * kStabilityPi * in.e / (length * length) * inertia / 1000.0;
 }
 
 // fy A of the slenderness, N: with the effective area in class 4, 6.3.1.2 (1).
-double SquashForce(const ProjectState& s)
+double SquashForce(const Inputs& in, const SectionRecord& section)
 {
-    const double area = s.classn < 4 ? s.a : s.aeff;
-    return s.fyk * area;
+    const double area = section.classn < 4 ? section.a : section.aeff;
+    return in.fyk * area;
 }
 
 // Angles with two bolts in one leg, BB.1.2 (2).
-double ConnectedLeg(const ProjectState& s, double lam, double offset)
+double ConnectedLeg(const Inputs& in, double lam, double offset)
 {
-    return Is(s, Kind::angle) && s.lopt == 2 ? offset + 0.7 * lam : lam;
+    return Is(in, Kind::angle) && in.lopt == 2 ? offset + 0.7 * lam : lam;
 }
 
 // Deviation D206: the slenderness about v and u rests on the gross area in class 4 too; 6.3.1.2 (1)
 // takes the effective one.
-void PrincipalAxes(ProjectState& s)
+void PrincipalAxes(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                   Stability& stability)
 {
-    const double area = s.a;
-    const double squash = s.fyk * area;
-    s.ncrv = EulerForce(s, s.lz, s.iv);
-    s.ncru = EulerForce(s, s.ly, s.iu);
-    s.lamv = ConnectedLeg(s, std::sqrt(squash / (s.ncrv * 1000.0)), 0.35);
-    s.lamu = ConnectedLeg(s, std::sqrt(squash / (s.ncru * 1000.0)), 0.35);
-    s.chiv = ReductionFactor(s.lamv, s.alphaz);
-    s.chiu = ReductionFactor(s.lamu, s.alphaz);
-    s.nbvrd = s.chiv * s.nrdm1;
-    s.nburd = s.chiu * s.nrdm1;
+    const double area = section.a;
+    const double squash = in.fyk * area;
+    stability.ncrv = EulerForce(in, in.lz, section.iv);
+    stability.ncru = EulerForce(in, in.ly, section.iu);
+    stability.lamv = ConnectedLeg(in, std::sqrt(squash / (stability.ncrv * 1000.0)), 0.35);
+    stability.lamu = ConnectedLeg(in, std::sqrt(squash / (stability.ncru * 1000.0)), 0.35);
+    stability.chiv = ReductionFactor(stability.lamv, stability.alphaz);
+    stability.chiu = ReductionFactor(stability.lamu, stability.alphaz);
+    stability.nbvrd = stability.chiv * resistances.nrdm1;
+    stability.nburd = stability.chiu * resistances.nrdm1;
 }
 
 // Distance of the shear centre from the centroid, squared, mm2; zero where both coincide.
-double ShearCentreDistanceSquared(const ProjectState& s)
+double ShearCentreDistanceSquared(const Inputs& in, const SectionRecord& section)
 {
-    switch (Traits(s).kind) {
+    switch (Traits(in).kind) {
     case Kind::channel: {
-        const double distance = static_cast<double>(s.ecg) + s.ys;
+        const double distance = static_cast<double>(section.ecg) + section.ys;
         return distance * distance;
     }
     case Kind::angle: {
-        const double y = s.ey - s.tw / 2.0;
-        const double z = s.ez - s.tw / 2.0;
+        const double y = section.ey - section.tw / 2.0;
+        const double z = section.ez - section.tw / 2.0;
         return y * y + z * z;
     }
     case Kind::i_single: {
-        const double distance = s.zshear;
+        const double distance = section.zshear;
         return distance * distance;
     }
     case Kind::tee: {
-        const double distance = s.zcog - s.tf / 2.0;
+        const double distance = section.zcog - section.tf / 2.0;
         return distance * distance;
     }
     default:
@@ -82,35 +83,36 @@ double ShearCentreDistanceSquared(const ProjectState& s)
 // is buckling about z that couples.
 // Deviation D228: the length is that of the last lateral torsional calculation, of whatever member;
 // 6.3.1.4 takes the member's own torsional length.
-void StoreTorsionalForces(ProjectState& s)
+void StoreTorsionalForces(const Inputs& in, const SectionRecord& section, Stability& stability)
 {
-    const TorsionalForces forces = TorsionalForcesAt(s, s.lt);
-    s.ncrt = forces.ncrt;
-    s.ncrtf = forces.ncrtf;
+    const TorsionalForces forces = TorsionalForcesAt(in, section, stability, stability.lt);
+    stability.ncrt = forces.ncrt;
+    stability.ncrtf = forces.ncrtf;
 }
 
 }  // namespace
 
 // EN 1993-1-3, 6.2.3 (5) to (7). Deviations D208, D209: see above.
-TorsionalForces TorsionalForcesAt(const ProjectState& s, double length)
+TorsionalForces TorsionalForcesAt(const Inputs& in, const SectionRecord& section,
+                                  const Stability& stability, double length)
 {
-    if (s.iw != 0 && length == 0) {
+    if (section.iw != 0 && length == 0) {
         return {0.0, kNeverGoverns};
     }
-    const double area = s.a;
-    const double ip2 = (static_cast<double>(s.iy) + s.iz) / area;
-    const double i02 = ip2 + ShearCentreDistanceSquared(s);
-    const double e = s.e;
-    double stiffness = e / kShearRatio * s.it;
-    if (s.iw != 0) {
+    const double area = section.a;
+    const double ip2 = (static_cast<double>(section.iy) + section.iz) / area;
+    const double i02 = ip2 + ShearCentreDistanceSquared(in, section);
+    const double e = in.e;
+    double stiffness = e / kShearRatio * section.it;
+    if (section.iw != 0) {
         const double mm = length * 1000.0;
-        stiffness = kStabilityPi * kStabilityPi * e * s.iw / (mm * mm) + stiffness;
+        stiffness = kStabilityPi * kStabilityPi * e * section.iw / (mm * mm) + stiffness;
     }
     const double ncrt = stiffness / i02 / 1000.0;
-    if (!Traits(s).design.shear_centre_apart) {
+    if (!Traits(in).design.shear_centre_apart) {
         return {ncrt, kNeverGoverns};
     }
-    const double flexural = Is(s, Kind::tee) ? s.ncrz : s.ncry;
+    const double flexural = Is(in, Kind::tee) ? stability.ncrz : stability.ncry;
     const double sum = flexural + ncrt;
     const double root = sum * sum - 4.0 * (ip2 / i02) * flexural * ncrt;
     return {ncrt, i02 / (2.0 * ip2) * (sum - std::sqrt(std::max(0.0, root)))};
@@ -135,23 +137,26 @@ double ReductionFactor(double lam, double alpha)
 // Deviations D206 to D209, D228: see above.
 // Deviation D237: ly and lz are the factors as chosen, 1.0 after the choice of a cantilever; the
 // critical force of 6.3.1.2 (1) then belongs to a member that is held at both ends.
-void BucklingResistance(ProjectState& s)
+void BucklingResistance(const Inputs& in, const SectionRecord& section,
+                        const Resistances& resistances, Stability& stability)
 {
-    s.ncry = EulerForce(s, s.ly, s.iy);
-    s.lamy = ConnectedLeg(s, std::sqrt(SquashForce(s) / (s.ncry * 1000.0)), 0.5);
-    s.chiy = ReductionFactor(s.lamy, s.alphay);
-    s.nbyrd = s.chiy * s.nrdm1;
+    stability.ncry = EulerForce(in, in.ly, section.iy);
+    stability.lamy =
+        ConnectedLeg(in, std::sqrt(SquashForce(in, section) / (stability.ncry * 1000.0)), 0.5);
+    stability.chiy = ReductionFactor(stability.lamy, stability.alphay);
+    stability.nbyrd = stability.chiy * resistances.nrdm1;
 
-    s.ncrz = EulerForce(s, s.lz, s.iz);
-    s.lamz = ConnectedLeg(s, std::sqrt(SquashForce(s) / (s.ncrz * 1000.0)), 0.5);
-    s.chiz = ReductionFactor(s.lamz, s.alphaz);
-    s.nbzrd = s.chiz * s.nrdm1;
+    stability.ncrz = EulerForce(in, in.lz, section.iz);
+    stability.lamz =
+        ConnectedLeg(in, std::sqrt(SquashForce(in, section) / (stability.ncrz * 1000.0)), 0.5);
+    stability.chiz = ReductionFactor(stability.lamz, stability.alphaz);
+    stability.nbzrd = stability.chiz * resistances.nrdm1;
 
-    s.lammax = std::max(s.lamy, s.lamz);
-    if (Is(s, Kind::angle)) {
-        PrincipalAxes(s);
+    stability.lammax = std::max(stability.lamy, stability.lamz);
+    if (Is(in, Kind::angle)) {
+        PrincipalAxes(in, section, resistances, stability);
     }
-    StoreTorsionalForces(s);
+    StoreTorsionalForces(in, section, stability);
 }
 
 }  // namespace kestrum

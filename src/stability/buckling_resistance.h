@@ -4,7 +4,10 @@
 // factors and buckling resistances about y and z, for angles also about v and u, and the elastic
 // critical forces of torsional and torsional-flexural buckling.
 
-#include "core/project_state.h"
+#include "core/state/inputs.h"
+#include "core/state/resistances.h"
+#include "core/state/section_record.h"
+#include "core/state/stability.h"
 
 namespace kestrum {
 
@@ -19,8 +22,10 @@ constexpr double kNeverGoverns = 1e25f;
 struct TorsionalForces {
     double ncrt, ncrtf;
 };
-TorsionalForces TorsionalForcesAt(const ProjectState& s, double length);
+TorsionalForces TorsionalForcesAt(const Inputs& in, const SectionRecord& section,
+                                  const Stability& stability, double length);
 
-void BucklingResistance(ProjectState& s);
+void BucklingResistance(const Inputs& in, const SectionRecord& section,
+                        const Resistances& resistances, Stability& stability);
 
 }  // namespace kestrum

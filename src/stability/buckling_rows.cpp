@@ -52,14 +52,16 @@ struct Axis {
     bool buckles;
 };
 
-Axis AxisY(ProjectState& s)
+Axis AxisY(const Inputs& in, SectionChecks& checks, Stability& stability)
 {
-    return {kTextsY, s.yline, s.irrow4, s.nbyrd, s.kyy, s.kyz, BucklesAboutY(s)};
+    return {kTextsY,       stability.yline, checks.irrow4,    stability.nbyrd,
+            stability.kyy, stability.kyz,   BucklesAboutY(in)};
 }
 
-Axis AxisZ(ProjectState& s)
+Axis AxisZ(const Inputs& in, SectionChecks& checks, Stability& stability)
 {
-    return {kTextsZ, s.zline, s.irrow5, s.nbzrd, s.kzy, s.kzz, BucklesAboutZ(s)};
+    return {kTextsZ,       stability.zline, checks.irrow5,    stability.nbzrd,
+            stability.kzy, stability.kzz,   BucklesAboutZ(in)};
 }
 
 // A row that is being written.
@@ -80,11 +82,11 @@ void Add(Line& line, const Literal& label, const Literal& calculation,
     }
 }
 
-void Judge(const ProjectState& s, ResultRow& row, double ir, const Literal& clause)
+void Judge(const Inputs& in, ResultRow& row, double ir, const Literal& clause)
 {
     row.ir = ir;
     row.judged = true;
-    row.status = ir > s.irlimit ? kAbove : kWithin;
+    row.status = ir > in.irlimit ? kAbove : kWithin;
     row.limit[0] = clause;
 }
 
@@ -98,17 +100,17 @@ void Remark(ResultRow& row, const Literal& text)
 }
 
 // The clause, with the place of the governing segment where there are restraints.
-void PlaceSegment(const ProjectState& s, ResultRow& row)
+void PlaceSegment(const Inputs& in, ResultRow& row)
 {
-    if (s.restraints == 0) {
+    if (in.restraints == 0) {
         return;
     }
-    const double parts = s.restraints + 1;
-    const double before = s.beampart - 1;
-    if (s.beampart == 1) {
+    const double parts = in.restraints + 1;
+    const double before = in.beampart - 1;
+    if (in.beampart == 1) {
         row.limit[0] = " (0 - L/{i};  (Ch 6.3.2))";
         row.place = {parts};
-    } else if (s.beampart == s.restraints + 1) {
+    } else if (in.beampart == in.restraints + 1) {
         row.limit[0] = " ({i}L/{i} -  L;  (Ch 6.3.2))";
         row.place = {before, parts};
     } else {
@@ -117,121 +119,131 @@ void PlaceSegment(const ProjectState& s, ResultRow& row)
     }
 }
 
-void AddMomentTerms(const ProjectState& s, const Axis& axis, const MomentResistances& resistance,
-                    bool equals)
+void AddMomentTerms(const Inputs& in, const Forces& forces, const Stability& stability,
+                    const Axis& axis, const MomentResistances& resistance, bool equals)
 {
     if (!axis.buckles) {
         return;
     }
     Line line{axis.row, 1, 2};  // behind the axial term
-    if (s.mydesign != 0) {
-        const double my = std::abs(s.mydesign);
-        axis.sum += axis.kmy * my / (s.xlt * resistance.my);
-        Add(line, axis.texts.my, equals && s.mzdesign == 0 ? kMyTermLast : kMyTerm,
-            {axis.kmy, my, s.xlt, resistance.my});
+    if (forces.mydesign != 0) {
+        const double my = std::abs(forces.mydesign);
+        axis.sum += axis.kmy * my / (stability.xlt * resistance.my);
+        Add(line, axis.texts.my, equals && forces.mzdesign == 0 ? kMyTermLast : kMyTerm,
+            {axis.kmy, my, stability.xlt, resistance.my});
     }
-    if (s.mzdesign != 0) {
-        axis.sum += axis.kmz * s.mzdesign / resistance.mz;
+    if (forces.mzdesign != 0) {
+        axis.sum += axis.kmz * forces.mzdesign / resistance.mz;
         Add(line, axis.texts.mz, equals ? kMzTermLast : kMzTerm,
-            {axis.kmz, s.mzdesign, resistance.mz});
+            {axis.kmz, forces.mzdesign, resistance.mz});
     }
-    Judge(s, axis.row, axis.sum, kClauseInteraction);
+    Judge(in, axis.row, axis.sum, kClauseInteraction);
 }
 
 }  // namespace
 
-bool BucklesAboutY(const ProjectState& s)
+bool BucklesAboutY(const Inputs& in)
 {
-    return s.ly > kNoBuckling;
+    return in.ly > kNoBuckling;
 }
 
-bool BucklesAboutZ(const ProjectState& s)
+bool BucklesAboutZ(const Inputs& in)
 {
-    return s.lz > kNoBuckling;
+    return in.lz > kNoBuckling;
 }
 
-void LateralTorsionalRow(ProjectState& s)
+void LateralTorsionalRow(const Inputs& in, SectionChecks& checks, Stability& stability)
 {
-    s.irrow6 = std::abs(s.mydesignf / (s.xlt * s.mltrd));
-    Line line{s.ltline};
-    Add(line, "IR = My,Ed/(xLT*My,Rd) = ", "{f}/({R}*{F}) = ", {s.mydesignf, s.xlt, s.mltrd});
-    Judge(s, s.ltline, s.irrow6, kClauseLateral);
-    PlaceSegment(s, s.ltline);
+    checks.irrow6 = std::abs(stability.mydesignf / (stability.xlt * stability.mltrd));
+    Line line{stability.ltline};
+    Add(line, "IR = My,Ed/(xLT*My,Rd) = ", "{f}/({R}*{F}) = ",
+        {stability.mydesignf, stability.xlt, stability.mltrd});
+    Judge(in, stability.ltline, checks.irrow6, kClauseLateral);
+    PlaceSegment(in, stability.ltline);
 }
 
-void AxialRows(ProjectState& s)
+void AxialRows(const Inputs& in, const Forces& forces, SectionChecks& checks, Stability& stability)
 {
-    for (const Axis& axis : {AxisY(s), AxisZ(s)}) {
+    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability)}) {
         if (axis.buckles) {
-            axis.sum = std::abs(s.ned / axis.nbrd);
+            axis.sum = std::abs(forces.ned / axis.nbrd);
             Line line{axis.row};
-            Add(line, axis.texts.axial, "{F}/{F}", {s.ned, axis.nbrd});
-            Judge(s, axis.row, axis.sum, kClauseAxial);
+            Add(line, axis.texts.axial, "{F}/{F}", {forces.ned, axis.nbrd});
+            Judge(in, axis.row, axis.sum, kClauseAxial);
         }
     }
 }
 
-void AddMomentTerms(ProjectState& s, const MomentResistances& resistance, bool equals)
+void AddMomentTerms(const Inputs& in, const Forces& forces, SectionChecks& checks,
+                    Stability& stability, const MomentResistances& resistance, bool equals)
 {
-    AddMomentTerms(s, AxisY(s), resistance, equals);
-    AddMomentTerms(s, AxisZ(s), resistance, equals);
+    AddMomentTerms(in, forces, stability, AxisY(in, checks, stability), resistance, equals);
+    AddMomentTerms(in, forces, stability, AxisZ(in, checks, stability), resistance, equals);
 }
 
-void BendingRows(ProjectState& s, const MomentResistances& resistance)
+void BendingRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
+                 Stability& stability, const MomentResistances& resistance)
 {
-    const double my = std::abs(s.mydesign);
-    for (const Axis& axis : {AxisY(s), AxisZ(s)}) {
-        axis.sum = axis.kmy * my / (s.xlt * resistance.my) + axis.kmz * s.mzdesign / resistance.mz;
+    const double my = std::abs(forces.mydesign);
+    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability)}) {
+        axis.sum = axis.kmy * my / (stability.xlt * resistance.my) +
+                   axis.kmz * forces.mzdesign / resistance.mz;
         Line line{axis.row};
-        Add(line, axis.texts.bending_my, "{R}*{F}/({R}*{F})", {axis.kmy, my, s.xlt, resistance.my});
-        Add(line, axis.texts.bending_mz, kMzTerm, {axis.kmz, s.mzdesign, resistance.mz});
-        Judge(s, axis.row, axis.sum, kClauseAxial);
+        Add(line, axis.texts.bending_my, "{R}*{F}/({R}*{F})",
+            {axis.kmy, my, stability.xlt, resistance.my});
+        Add(line, axis.texts.bending_mz, kMzTerm, {axis.kmz, forces.mzdesign, resistance.mz});
+        Judge(in, axis.row, axis.sum, kClauseAxial);
     }
 }
 
-void FlatBarRows(ProjectState& s)
+void FlatBarRows(const Inputs& in, const Resistances& resistances, const Forces& forces,
+                 SectionChecks& checks, Stability& stability)
 {
-    const double my = std::abs(s.mydesign);
-    for (const Axis& axis : {AxisY(s), AxisZ(s)}) {
+    const double my = std::abs(forces.mydesign);
+    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability)}) {
         if (axis.buckles) {
-            axis.sum = std::abs(s.ned / axis.nbrd) + axis.kmy * my / (s.xlt * s.myrdm1);
+            axis.sum = std::abs(forces.ned / axis.nbrd) +
+                       axis.kmy * my / (stability.xlt * resistances.myrdm1);
             Line line{axis.row};
-            Add(line, axis.texts.axial, "{F}/{F}", {s.ned, axis.nbrd});
-            Add(line, axis.texts.flat_bar, kMyTerm, {axis.kmy, my, s.xlt, s.myrdm1});
-            Judge(s, axis.row, axis.sum, axis.texts.flat_bar_clause);
+            Add(line, axis.texts.axial, "{F}/{F}", {forces.ned, axis.nbrd});
+            Add(line, axis.texts.flat_bar, kMyTerm,
+                {axis.kmy, my, stability.xlt, resistances.myrdm1});
+            Judge(in, axis.row, axis.sum, axis.texts.flat_bar_clause);
         }
     }
 }
 
-void AngleRow(ProjectState& s, bool moments)
+void AngleRow(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+              const Forces& forces, SectionChecks& checks, Stability& stability, bool moments)
 {
-    s.irrow6 = std::abs(s.ned / s.nbvrd);
-    Line line{s.ltline};
-    Add(line, "IR = NEd/Nb,v,Rd ", "{F}/{F}", {s.ned, s.nbvrd});
+    checks.irrow6 = std::abs(forces.ned / stability.nbvrd);
+    Line line{stability.ltline};
+    Add(line, "IR = NEd/Nb,v,Rd ", "{F}/{F}", {forces.ned, stability.nbvrd});
     if (moments) {
-        const PrincipalMoments m = AnglePrincipalMoments(s);
-        s.irrow6 += s.kvv * m.mv / m.mvrd + s.kvu * m.mu / m.murd;
-        Add(line, " + kvv*Mv,Ed/Mv,Rd ", "+{R}*{F}/{F}", {s.kvv, m.mv, m.mvrd});
-        Add(line, " + kvu*Mu,Ed/Mu,Rd ", "+{R}*{F}/{F} = ", {s.kvu, m.mu, m.murd});
+        const PrincipalMoments m = AnglePrincipalMoments(in, section, resistances, forces);
+        checks.irrow6 += stability.kvv * m.mv / m.mvrd + stability.kvu * m.mu / m.murd;
+        Add(line, " + kvv*Mv,Ed/Mv,Rd ", "+{R}*{F}/{F}", {stability.kvv, m.mv, m.mvrd});
+        Add(line, " + kvu*Mu,Ed/Mu,Rd ", "+{R}*{F}/{F} = ", {stability.kvu, m.mu, m.murd});
     } else {
         Add(line, {}, " = ", {});
     }
-    Judge(s, s.ltline, s.irrow6, moments ? kClauseInteraction : kClauseAxial);
+    Judge(in, stability.ltline, checks.irrow6, moments ? kClauseInteraction : kClauseAxial);
 }
 
-void IgnoreBuckling(ProjectState& s)
+void IgnoreBuckling(SectionChecks& checks, Stability& stability)
 {
-    Remark(s.yline, "No Buckling, ref ch 6.3.1.2 (4);  lamdaby/lamdabz<=0.2 or Ned/Ncry<=0.04; "
-                    "Ned/Ncry<=0.04");
-    Remark(s.zline, {});
-    s.irrow4 = 0.0;
-    s.irrow5 = 0.0;
+    Remark(stability.yline,
+           "No Buckling, ref ch 6.3.1.2 (4);  lamdaby/lamdabz<=0.2 or Ned/Ncry<=0.04; "
+           "Ned/Ncry<=0.04");
+    Remark(stability.zline, {});
+    checks.irrow4 = 0.0;
+    checks.irrow5 = 0.0;
 }
 
-void IgnoreBucklingAboutV(ProjectState& s)
+void IgnoreBucklingAboutV(SectionChecks& checks, Stability& stability)
 {
-    Remark(s.ltline, {});
-    s.irrow6 = 0.0;
+    Remark(stability.ltline, {});
+    checks.irrow6 = 0.0;
 }
 
 }  // namespace kestrum

@@ -4,7 +4,12 @@
 // and z (yline, zline with irrow4, irrow5), row 3 for lateral torsional buckling or, in angles, for
 // the axis v (ltline with irrow6). The factors must be in the record before a row is written.
 
-#include "core/project_state.h"
+#include "core/state/forces.h"
+#include "core/state/inputs.h"
+#include "core/state/resistances.h"
+#include "core/state/section_checks.h"
+#include "core/state/section_record.h"
+#include "core/state/stability.h"
 
 namespace kestrum {
 
@@ -14,31 +19,35 @@ struct MomentResistances {
 };
 
 // Length factors of 0.002 and below mean no buckling about the axis.
-bool BucklesAboutY(const ProjectState& s);
-bool BucklesAboutZ(const ProjectState& s);
+bool BucklesAboutY(const Inputs& in);
+bool BucklesAboutZ(const Inputs& in);
 
 // Lateral torsional buckling, 6.3.2, with the place of the governing segment.
-void LateralTorsionalRow(ProjectState& s);
+void LateralTorsionalRow(const Inputs& in, SectionChecks& checks, Stability& stability);
 
 // NEd/Nb,Rd of the axes that buckle, 6.3.1.
-void AxialRows(ProjectState& s);
+void AxialRows(const Inputs& in, const Forces& forces, SectionChecks& checks, Stability& stability);
 
 // The moment terms of 6.3.3 behind the axial ones. `equals`: the calculation ends in "=".
 // Deviation D236: an axis without buckling has no row here either; Eq (6.61) and (6.62) still hold
 // for it with chi = 1 and combine the axial force with lateral torsional buckling.
-void AddMomentTerms(ProjectState& s, const MomentResistances& resistance, bool equals);
+void AddMomentTerms(const Inputs& in, const Forces& forces, SectionChecks& checks,
+                    Stability& stability, const MomentResistances& resistance, bool equals);
 
 // Bending about both axes without axial force; the length factors are not asked.
-void BendingRows(ProjectState& s, const MomentResistances& resistance);
+void BendingRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
+                 Stability& stability, const MomentResistances& resistance);
 
 // Axial force and My of a flat bar, Eq (6.61), (6.62).
-void FlatBarRows(ProjectState& s);
+void FlatBarRows(const Inputs& in, const Resistances& resistances, const Forces& forces,
+                 SectionChecks& checks, Stability& stability);
 
 // Buckling of an angle about v, with the moments of the principal axes or without.
-void AngleRow(ProjectState& s, bool moments);
+void AngleRow(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+              const Forces& forces, SectionChecks& checks, Stability& stability, bool moments);
 
 // 6.3.1.2 (4) holds: a remark in place of rows 1 and 2, whose status stays, and ratios of zero.
-void IgnoreBuckling(ProjectState& s);
-void IgnoreBucklingAboutV(ProjectState& s);
+void IgnoreBuckling(SectionChecks& checks, Stability& stability);
+void IgnoreBucklingAboutV(SectionChecks& checks, Stability& stability);
 
 }  // namespace kestrum

@@ -4,21 +4,22 @@
 
 namespace kestrum {
 
-bool ExceedsCriticalForce(ProjectState& s, std::initializer_list<CriticalForce> forces)
+bool ExceedsCriticalForce(const Forces& forces, PassOutcome& outcome,
+                          std::initializer_list<CriticalForce> critical)
 {
     const CriticalForce* const least = std::min_element(
-        forces.begin(), forces.end(),
+        critical.begin(), critical.end(),
         [](const CriticalForce& a, const CriticalForce& b) { return a.force < b.force; });
-    if (!(s.ned > least->force)) {
+    if (!(forces.ned > least->force)) {
         return false;
     }
-    s.errorflag = -1;
-    s.failure = {.stage = s.failure.stage,
-                 .cause = Cause::critical_force,
-                 .quantity = least->name,
-                 .value = s.ned,
-                 .limit = least->force,
-                 .unit = "kN"};
+    outcome.errorflag = -1;
+    outcome.failure = {.stage = outcome.failure.stage,
+                       .cause = Cause::critical_force,
+                       .quantity = least->name,
+                       .value = forces.ned,
+                       .limit = least->force,
+                       .unit = "kN"};
     return true;
 }
 

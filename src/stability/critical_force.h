@@ -3,7 +3,8 @@
 // The elastic critical forces as a border of the calculation: above one of them the interaction of
 // EN 1993-1-1, 6.3.3 cannot be formed.
 
-#include "core/project_state.h"
+#include "core/state/forces.h"
+#include "core/state/pass_outcome.h"
 
 #include <initializer_list>
 #include <string_view>
@@ -17,6 +18,7 @@ struct CriticalForce {
 
 // True when NEd exceeds one of them: errorflag is set to -1, and the failure of the state names the
 // smallest one. NEd equal to a critical force passes.
-bool ExceedsCriticalForce(ProjectState& s, std::initializer_list<CriticalForce> forces);
+bool ExceedsCriticalForce(const Forces& forces, PassOutcome& outcome,
+                          std::initializer_list<CriticalForce> critical);
 
 }  // namespace kestrum

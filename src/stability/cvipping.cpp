@@ -15,9 +15,9 @@ namespace kestrum {
 namespace {
 
 // The single-symmetric I, with a resistance and a curve for each sign of the moment.
-bool IsSingle(const ProjectState& s)
+bool IsSingle(const Inputs& in)
 {
-    return Is(s, Kind::i_single);
+    return Is(in, Kind::i_single);
 }
 
 double Quotient(double a, double b)
@@ -28,87 +28,90 @@ double Quotient(double a, double b)
 // zload and zg, mm; positive above the centroid and the shear centre.
 // Deviation D213: the sign follows the level only. Under uplift a load on the bottom flange
 // destabilises, and is taken as stabilising here.
-void SetLoadLevel(ProjectState& s)
+void SetLoadLevel(const Inputs& in, MemberInputs& member, const SectionRecord& section,
+                  Stability& stability)
 {
-    s.zload = 0.0;
-    s.zg = 0.0;
-    if (Is(s, Kind::plate)) {
+    stability.zload = 0.0;
+    stability.zg = 0.0;
+    if (Is(in, Kind::plate)) {
         return;
     }
-    if (Is(s, Kind::general)) {
-        s.loadlevel = 2;
+    if (Is(in, Kind::general)) {
+        member.loadlevel = 2;
         return;
     }
-    const double h = s.h;
-    const bool single = IsSingle(s);
-    switch (s.loadlevel) {
+    const double h = section.h;
+    const bool single = IsSingle(in);
+    switch (member.loadlevel) {
     case 1:
-        s.zload = single ? h - s.zcog : h / 2.0;
+        stability.zload = single ? h - section.zcog : h / 2.0;
         break;
     case 3:
-        s.zload = single ? -static_cast<double>(s.zcog) : -h / 2.0;
+        stability.zload = single ? -static_cast<double>(section.zcog) : -h / 2.0;
         break;
     case 4:
-        s.zload = s.za;
+        stability.zload = member.za;
         break;
     default:
         break;
     }
-    s.zg = single ? s.zload - s.zshear : s.zload;
+    stability.zg = single ? stability.zload - section.zshear : stability.zload;
 }
 
 // Nmm; lever = C2 zg - C3 zj in mm, length in mm.
-double CriticalMoment(const ProjectState& s, double c1, double lever, double length)
+double CriticalMoment(const Inputs& in, const SectionRecord& section, double c1, double lever,
+                      double length)
 {
-    if (Is(s, Kind::plate)) {
-        return PlateMcr(s, length);
+    if (Is(in, Kind::plate)) {
+        return PlateMcr(in, section, length);
     }
-    const double e = s.e;
-    const double iz = s.iz;
+    const double e = in.e;
+    const double iz = section.iz;
     const double euler = kStabilityPi * kStabilityPi * e * iz;
     const double squared = length * length;
-    const double torsion = squared * (e / kShearRatio) * s.it / euler;
-    return c1 * euler / squared * (std::sqrt(torsion + s.iw / iz + lever * lever) - lever);
+    const double torsion = squared * (e / kShearRatio) * section.it / euler;
+    return c1 * euler / squared * (std::sqrt(torsion + section.iw / iz + lever * lever) - lever);
 }
 
 // C3 zj, mm: asymmetry of the single-symmetric I.
-double Asymmetry(const ProjectState& s, double c3, bool top)
+double Asymmetry(const Inputs& in, const SectionRecord& section, double c3, bool top)
 {
-    if (!IsSingle(s)) {
+    if (!IsSingle(in)) {
         return 0.0;
     }
-    return c3 * (top ? s.zjtop : s.zjbot);
+    return c3 * (top ? section.zjtop : section.zjbot);
 }
 
-double SideResistance(const ProjectState& s, bool top)
+double SideResistance(const Inputs& in, const Resistances& resistances, bool top)
 {
-    if (!Is(s, Kind::i_single, Kind::plate)) {
-        return s.myrdm1;
+    if (!Is(in, Kind::i_single, Kind::plate)) {
+        return resistances.myrdm1;
     }
-    return top ? s.mytoprd : s.mybotrd;
+    return top ? resistances.mytoprd : resistances.mybotrd;
 }
 
 // lambda_LT, Eq (6.56).
-float Slenderness(const ProjectState& s, double mcr, bool top)
+float Slenderness(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                  double mcr, bool top)
 {
-    double w = s.wyused;
-    if (IsSingle(s)) {
-        w = top ? s.wytop : s.wybot;
-    } else if (Is(s, Kind::plate)) {
-        w = s.wybot;
+    double w = resistances.wyused;
+    if (IsSingle(in)) {
+        w = top ? section.wytop : section.wybot;
+    } else if (Is(in, Kind::plate)) {
+        w = section.wybot;
     }
-    return F32(std::sqrt(w * s.fyk / mcr));
+    return F32(std::sqrt(w * in.fyk / mcr));
 }
 
-double HeightOverWidth(const ProjectState& s, bool top)
+double HeightOverWidth(const Inputs& in, const SectionRecord& section, bool top)
 {
-    if (IsSingle(s)) {
-        return Quotient(s.h, top ? s.btop : s.bbot);
+    if (IsSingle(in)) {
+        return Quotient(section.h, top ? section.btop : section.bbot);
     }
-    if (Is(s, Kind::plate)) {
-        return Quotient(s.hw, s.bbot);
+    if (Is(in, Kind::plate)) {
+        return Quotient(section.hw, section.bbot);
     }
-    return Quotient(s.h, s.b);
+    return Quotient(section.h, section.b);
 }
 
 constexpr double kA = 0.21;
@@ -117,33 +120,34 @@ constexpr double kC = 0.49;
 constexpr double kD = 0.76;
 
 // Table 6.4.
-double AlphaGeneral(const ProjectState& s, bool top)
+double AlphaGeneral(const Inputs& in, const SectionRecord& section, bool top)
 {
-    const LateralCurves curves = Traits(s).design.lateral_curves;
+    const LateralCurves curves = Traits(in).design.lateral_curves;
     if (curves == LateralCurves::rolled) {
-        return HeightOverWidth(s, top) <= 2.0 ? kA : kB;
+        return HeightOverWidth(in, section, top) <= 2.0 ? kA : kB;
     }
-    return curves == LateralCurves::welded && HeightOverWidth(s, top) <= 2.0 ? kC : kD;
+    return curves == LateralCurves::welded && HeightOverWidth(in, section, top) <= 2.0 ? kC : kD;
 }
 
 // Table 6.5.
 // Deviation D239: in every annex; that of the United Kingdom, to 6.3.2.3 (1), gives rolled sections
 // with h/b above 3.1 curve d.
-double AlphaRolled(const ProjectState& s, bool top)
+double AlphaRolled(const Inputs& in, const SectionRecord& section, bool top)
 {
-    const bool stocky = HeightOverWidth(s, top) <= 2.0;
-    if (Traits(s).design.lateral_curves == LateralCurves::rolled) {
+    const bool stocky = HeightOverWidth(in, section, top) <= 2.0;
+    if (Traits(in).design.lateral_curves == LateralCurves::rolled) {
         return stocky ? kB : kC;
     }
     return stocky ? kC : kD;
 }
 
-LtReduction Curve(const ProjectState& s, double mcr, float kc, bool top)
+LtReduction Curve(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                  const Stability& stability, double mcr, float kc, bool top)
 {
-    if (Is(s, Kind::plate) || s.ltbcurve != LtbCurve::rolled) {
-        return LtCurveGeneral(s, mcr, top);
+    if (Is(in, Kind::plate) || in.ltbcurve != LtbCurve::rolled) {
+        return LtCurveGeneral(in, section, resistances, mcr, top);
     }
-    return LtCurveRolled(s, mcr, kc, top);
+    return LtCurveRolled(in, section, resistances, stability, mcr, kc, top);
 }
 
 // A piece of the member with everything that belongs to its check.
@@ -158,38 +162,42 @@ struct Piece {
 
 // Deviation D235: kc follows C1 in every annex; 6.3.2.3 (2) recommends Table 6.6, which has 0.90
 // for fixed ends under uniform load where C1 gives 0.62.
-void Complete(const ProjectState& s, Piece& piece, bool top)
+void Complete(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+              const Stability& stability, Piece& piece, bool top)
 {
     piece.kc = F32(1.0 / std::sqrt(piece.c1));
-    piece.reduction = Curve(s, piece.mcr, piece.kc, top);
-    piece.resistance = SideResistance(s, top);
+    piece.reduction = Curve(in, section, resistances, stability, piece.mcr, piece.kc, top);
+    piece.resistance = SideResistance(in, resistances, top);
 }
 
-void Keep(ProjectState& s, const Piece& piece)
+void Keep(MemberInputs& member, Stability& stability, const Piece& piece)
 {
-    s.beampart = piece.number;
-    s.mydesignf = piece.moment;
-    s.mltrd = piece.resistance;
-    s.ltc1 = piece.c1;
-    s.ltc2 = piece.c2;
-    s.ltc3 = piece.c3;
-    s.mcr = piece.mcr;
-    s.kc = piece.kc;
-    s.lamlt = piece.reduction.lamlt;
-    s.xlt0 = piece.reduction.xlt0;
-    s.xlt = piece.reduction.xlt;
-    s.ffactor = piece.reduction.ffactor;
+    member.beampart = piece.number;
+    stability.mydesignf = piece.moment;
+    stability.mltrd = piece.resistance;
+    stability.ltc1 = piece.c1;
+    stability.ltc2 = piece.c2;
+    stability.ltc3 = piece.c3;
+    stability.mcr = piece.mcr;
+    stability.kc = piece.kc;
+    stability.lamlt = piece.reduction.lamlt;
+    stability.xlt0 = piece.reduction.xlt0;
+    stability.xlt = piece.reduction.xlt;
+    stability.ffactor = piece.reduction.ffactor;
 }
 
-void WholeMember(ProjectState& s)
+void WholeMember(const Inputs& in, MemberInputs& member, const SectionRecord& section,
+                 const Resistances& resistances, const Forces& forces, Stability& stability)
 {
-    const CFactors c = LtCFactors(s);
-    const bool top = s.mydesignf > 0;
-    s.lt = F32(static_cast<double>(s.ltbk) * s.l);
-    Piece piece{0, s.mydesignf, c.c1, c.c2, c.c3, 0, 0, {}, 0};
-    piece.mcr = CriticalMoment(s, c.c1, c.c2 * s.zg - Asymmetry(s, c.c3, top), s.lt * 1000.0);
-    Complete(s, piece, top);
-    Keep(s, piece);
+    const CFactors c = LtCFactors(in, forces);
+    const bool top = stability.mydesignf > 0;
+    stability.lt = F32(static_cast<double>(member.ltbk) * member.l);
+    Piece piece{0, stability.mydesignf, c.c1, c.c2, c.c3, 0, 0, {}, 0};
+    piece.mcr =
+        CriticalMoment(in, section, c.c1, c.c2 * stability.zg - Asymmetry(in, section, c.c3, top),
+                       stability.lt * 1000.0);
+    Complete(in, section, resistances, stability, piece, top);
+    Keep(member, stability, piece);
 }
 
 // The diagram point nearest to restraint i of n + 1 equal parts.
@@ -198,30 +206,32 @@ std::size_t PointAt(int i, int parts)
     return CheckedIndex(ToI16(50.0 * i / parts), kDiagramPoints);
 }
 
-Piece Segment(ProjectState& s, int number, double& ratio)
+Piece Segment(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+              const Forces& forces, Stability& stability, int number, double& ratio)
 {
-    const int parts = s.restraints + 1;
-    const float first = s.mydiag[PointAt(number - 1, parts)];
-    const float second = s.mydiag[PointAt(number, parts)];
+    const int parts = in.restraints + 1;
+    const float first = forces.mydiag[PointAt(number - 1, parts)];
+    const float second = forces.mydiag[PointAt(number, parts)];
     const bool from_first = std::abs(first) >= std::abs(second);
     const double big = from_first ? first : second;
     const double small = from_first ? second : first;
     const double r = big == 0 ? 0.0 : small / big;
     const double mean = (static_cast<double>(first) + second) / 2.0;
     const bool top = mean > 0;
-    const double k = s.ltbk;
+    const double k = in.ltbk;
 
     Piece piece{static_cast<i16>(number), from_first ? first : second, 0, 0, 0, 0, 0, {}, 0};
     piece.c1 = SegmentC1(r, k);
-    piece.c3 = SegmentC3(r, k, top ? s.psiftop : s.psifbot);
-    piece.mcr = CriticalMoment(s, piece.c1, -Asymmetry(s, piece.c3, top), s.lt * 1000.0);
-    Complete(s, piece, top);
+    piece.c3 = SegmentC3(r, k, top ? section.psiftop : section.psifbot);
+    piece.mcr = CriticalMoment(in, section, piece.c1, -Asymmetry(in, section, piece.c3, top),
+                               stability.lt * 1000.0);
+    Complete(in, section, resistances, stability, piece, top);
     ratio = std::abs(big / (piece.reduction.xlt * piece.resistance));
 
     const std::size_t index = CheckedIndex(number, kSegments);
-    s.segc1[index] = piece.c1;
-    s.segc3[index] = piece.c3;
-    s.segmcr[index] = piece.mcr;
+    stability.segc1[index] = piece.c1;
+    stability.segc3[index] = piece.c3;
+    stability.segmcr[index] = piece.mcr;
     return piece;
 }
 
@@ -231,17 +241,18 @@ Piece Segment(ProjectState& s, int number, double& ratio)
 // Deviation D233: C1 and C3 are those of a straight moment line between the ends of the segment,
 // and the load level does not count (C2 = 0), whatever loads act there; 6.3.2.2 (2) takes the
 // loading conditions and the real moment distribution.
-void Segments(ProjectState& s)
+void Segments(const Inputs& in, MemberInputs& member, const SectionRecord& section,
+              const Resistances& resistances, const Forces& forces, Stability& stability)
 {
-    const auto restraints = static_cast<int>(CheckedIndex(s.restraints, kSegments - 1));
-    s.lt = F32(static_cast<double>(s.ltbk) * s.l / (restraints + 1));
+    const auto restraints = static_cast<int>(CheckedIndex(member.restraints, kSegments - 1));
+    stability.lt = F32(static_cast<double>(member.ltbk) * member.l / (restraints + 1));
     double highest = 0.0;
     for (int number = 1; number <= restraints + 1; ++number) {
         double ratio = 0.0;
-        const Piece piece = Segment(s, number, ratio);
+        const Piece piece = Segment(in, section, resistances, forces, stability, number, ratio);
         if (ratio >= highest) {  // the last of equal ratios
             highest = ratio;
-            Keep(s, piece);
+            Keep(member, stability, piece);
         }
     }
 }
@@ -251,11 +262,12 @@ void Segments(ProjectState& s)
 // Eq (6.56), Table 6.4. There is neither a plateau nor a factor f.
 // Deviation D214: a reduction acts from a slenderness of 0.2 on; 6.3.2.2 (4) allows to leave it out
 // up to lamLT0.
-LtReduction LtCurveGeneral(const ProjectState& s, double mcr, bool top)
+LtReduction LtCurveGeneral(const Inputs& in, const SectionRecord& section,
+                           const Resistances& resistances, double mcr, bool top)
 {
-    const float lamlt = Slenderness(s, mcr, top);
+    const float lamlt = Slenderness(in, section, resistances, mcr, top);
     const double lam = lamlt;
-    const double phi = 0.5 * (1.0 + AlphaGeneral(s, top) * (lam - 0.2) + lam * lam);
+    const double phi = 0.5 * (1.0 + AlphaGeneral(in, section, top) * (lam - 0.2) + lam * lam);
     const double root = std::sqrt(std::max(0.0, phi * phi - lam * lam));
     const double xlt = std::min(1.0, 1.0 / (phi + root));
     return {lamlt, xlt, xlt, 1.0f};
@@ -270,19 +282,22 @@ LtReduction LtCurveGeneral(const ProjectState& s, double mcr, bool top)
 // parameters of rolled sections; National Annexes may give welded ones a lower plateau. Deviation
 // D216: kc above 1, as C1 below 1 gives it, makes f fall below 1 at lamlt above 1.507 and even
 // negative beyond 3; kc of Table 6.6 is never above 1, and f stays 1.
-LtReduction LtCurveRolled(const ProjectState& s, double mcr, float kc, bool top)
+LtReduction LtCurveRolled(const Inputs& in, const SectionRecord& section,
+                          const Resistances& resistances, const Stability& stability, double mcr,
+                          float kc, bool top)
 {
-    if (!Traits(s).design.rolled_case) {
-        return {s.lamlt, 1.0, 1.0, 1.0f};
+    if (!Traits(in).design.rolled_case) {
+        return {stability.lamlt, 1.0, 1.0, 1.0f};
     }
-    const float lamlt = Slenderness(s, mcr, top);
+    const float lamlt = Slenderness(in, section, resistances, mcr, top);
     const double lam = lamlt;
-    const bool single = IsSingle(s);
-    const double plateau = single ? s.lamdalt0w : s.lamdalt0;
-    const double beta = single ? s.betaw : s.beta;
+    const bool single = IsSingle(in);
+    const double plateau = single ? in.lamdalt0w : in.lamdalt0;
+    const double beta = single ? in.betaw : in.beta;
     const double cap = 1.0 / (lam * lam);
 
-    const double phi = 0.5 * (1.0 + AlphaRolled(s, top) * (lam - plateau) + beta * lam * lam);
+    const double phi =
+        0.5 * (1.0 + AlphaRolled(in, section, top) * (lam - plateau) + beta * lam * lam);
     const double root = std::sqrt(std::max(0.0, phi * phi - beta * lam * lam));
     double xlt0 = std::min(1.0, 1.0 / (phi + root));
     if (!single) {
@@ -299,27 +314,31 @@ LtReduction LtCurveRolled(const ProjectState& s, double mcr, float kc, bool top)
 //   out  beampart, mydesignf, mltrd [kNm], ltc1..3, kc, lt [m], zg, zload [mm], mcr [Nmm], lamlt,
 //        xlt0, xlt, ffactor, segc1, segc3, segmcr
 // Deviations D201, D213, D233, D235: see above. More than five restraints stop the pass.
-void LateralTorsionalBuckling(ProjectState& s)
+void LateralTorsionalBuckling(const Inputs& in, MemberInputs& member, const SectionRecord& section,
+                              const Resistances& resistances, const Forces& forces,
+                              Stability& stability)
 {
-    SetLoadLevel(s);
-    if (s.loadmode == 1 && s.restraints == 0) {
-        WholeMember(s);
+    SetLoadLevel(in, member, section, stability);
+    if (in.loadmode == 1 && member.restraints == 0) {
+        WholeMember(in, member, section, resistances, forces, stability);
     } else {
-        Segments(s);
+        Segments(in, member, section, resistances, forces, stability);
     }
 }
 
 // EN 1993-1-1, Annex A: lambda_0 of the uniform moment, with C1 from 1 (k = 1) to 1.05 (k = 0.5).
 //   in   ltbk, l [m], restraints, section, myrdm1 [kNm], gammam1, mymid [kNm]
 //   out  lt [m], mcr0 [Nmm], lam0
-void LtUniformMcr(ProjectState& s)
+void LtUniformMcr(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                  const Forces& forces, Stability& stability)
 {
-    const double k = (s.ltbk - 0.5) / 0.5;
+    const double k = (in.ltbk - 0.5) / 0.5;
     const double c1 = 1.05 + k * (1.0 - 1.05);
     const double c3 = 1.019 + k * (1.0 - 1.019);
-    s.lt = F32(static_cast<double>(s.ltbk) * s.l / (s.restraints + 1));
-    s.mcr0 = CriticalMoment(s, c1, -Asymmetry(s, c3, s.mymid > 0), s.lt * 1000.0);
-    s.lam0 = F32(std::sqrt(s.gammam1 * s.myrdm1 / s.mcr0 * 1e6));
+    stability.lt = F32(static_cast<double>(in.ltbk) * in.l / (in.restraints + 1));
+    stability.mcr0 = CriticalMoment(in, section, c1, -Asymmetry(in, section, c3, forces.mymid > 0),
+                                    stability.lt * 1000.0);
+    stability.lam0 = F32(std::sqrt(in.gammam1 * resistances.myrdm1 / stability.mcr0 * 1e6));
 }
 
 }  // namespace kestrum

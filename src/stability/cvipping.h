@@ -5,7 +5,12 @@
 // with C factors by support case; any other is cut into segments at its restraints, and the segment
 // with the highest ratio supplies all values.
 
-#include "core/project_state.h"
+#include "core/state/forces.h"
+#include "core/state/inputs.h"
+#include "core/state/member_inputs.h"
+#include "core/state/resistances.h"
+#include "core/state/section_record.h"
+#include "core/state/stability.h"
 
 namespace kestrum {
 
@@ -16,12 +21,18 @@ struct LtReduction {
 };
 
 // 6.3.2.2 and 6.3.2.3 for the critical moment mcr, Nmm. `top`: the top flange is compressed.
-LtReduction LtCurveGeneral(const ProjectState& s, double mcr, bool top);
-LtReduction LtCurveRolled(const ProjectState& s, double mcr, float kc, bool top);
+LtReduction LtCurveGeneral(const Inputs& in, const SectionRecord& section,
+                           const Resistances& resistances, double mcr, bool top);
+LtReduction LtCurveRolled(const Inputs& in, const SectionRecord& section,
+                          const Resistances& resistances, const Stability& stability, double mcr,
+                          float kc, bool top);
 
-void LateralTorsionalBuckling(ProjectState& s);
+void LateralTorsionalBuckling(const Inputs& in, MemberInputs& member, const SectionRecord& section,
+                              const Resistances& resistances, const Forces& forces,
+                              Stability& stability);
 
 // mcr0 and lam0 of EN 1993-1-1, Annex A: the member under uniform moment.
-void LtUniformMcr(ProjectState& s);
+void LtUniformMcr(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                  const Forces& forces, Stability& stability);
 
 }  // namespace kestrum

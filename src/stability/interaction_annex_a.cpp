@@ -12,15 +12,16 @@ namespace kestrum {
 namespace {
 
 // Modulus of epsilon_y; the effective one of the compressed side in class 4.
-double BendingModulus(const ProjectState& s)
+double BendingModulus(const Inputs& in, const SectionRecord& section, const Forces& forces)
 {
-    if (s.classmy <= 3) {
-        return s.wely;
+    if (section.classmy <= 3) {
+        return section.wely;
     }
-    if (!Is(s, Kind::i_single)) {
-        return s.weffy;
+    if (!Is(in, Kind::i_single)) {
+        return section.weffy;
     }
-    return s.mydesign > 0 ? std::min(s.weffytop1, s.weffytop2) : std::min(s.weffybot1, s.weffybot2);
+    return forces.mydesign > 0 ? std::min(section.weffytop1, section.weffytop2)
+                               : std::min(section.weffybot1, section.weffybot2);
 }
 
 double Fourth(double x)
@@ -34,85 +35,105 @@ double Fifth(double x)
 }
 
 // cmy, cmz, cmlt of Table A.2.
-void EquivalentMoments(ProjectState& s)
+void EquivalentMoments(const Forces& forces, Stability& stability)
 {
-    const double free_z = (1.0 - s.ned / s.ncrz) * (1.0 - s.ned / s.ncrtf);
-    const double c1 = 1.0 / (static_cast<double>(s.kc) * s.kc);
+    const double free_z =
+        (1.0 - forces.ned / stability.ncrz) * (1.0 - forces.ned / stability.ncrtf);
+    const double c1 = 1.0 / (static_cast<double>(stability.kc) * stability.kc);
     const double limit = 0.2 * std::sqrt(c1) * std::sqrt(std::sqrt(free_z));
-    s.cmz = s.cmz0;
-    if (s.lam0 <= limit) {
-        s.cmy = s.cmy0;
-        s.cmlt = 1.0f;
+    stability.cmz = stability.cmz0;
+    if (stability.lam0 <= limit) {
+        stability.cmy = stability.cmy0;
+        stability.cmlt = 1.0f;
         return;
     }
-    const double weight = std::sqrt(s.epsy) * s.alt;
-    s.cmy = s.cmy0 + (1.0 - s.cmy0) * weight / (1.0 + weight);
-    const double root = std::sqrt(Rest(s.ned / s.ncrz) * Rest(s.ned / s.ncrtf));
-    s.cmlt = F32(std::max(1.0, s.cmy * s.cmy * s.alt / root));
+    const double weight = std::sqrt(stability.epsy) * stability.alt;
+    stability.cmy = stability.cmy0 + (1.0 - stability.cmy0) * weight / (1.0 + weight);
+    const double root =
+        std::sqrt(Rest(forces.ned / stability.ncrz) * Rest(forces.ned / stability.ncrtf));
+    stability.cmlt = F32(std::max(1.0, stability.cmy * stability.cmy * stability.alt / root));
 }
 
 // wy, wz, npl, the terms of lateral torsional buckling and the C factors of Table A.1.
-void PlasticFactors(ProjectState& s)
+void PlasticFactors(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                    const Forces& forces, Stability& stability)
 {
-    const double wely = s.wely;
-    const double welz = s.welz;
-    const double wply = s.wply;
-    const double wplz = s.wplz;
-    s.wy = F32(std::min(1.5, wply / wely));
-    s.wz = F32(std::min(1.5, wplz / welz));
-    s.npl = s.ned / s.ncrd;
-    const double wy = s.wy;
-    const double wz = s.wz;
-    const double lam0 = s.lam0;
-    const double lam = s.lammax;
-    const double cmy2 = s.cmy * s.cmy;
-    const double cmz2 = s.cmz * s.cmz;
-    const double mply = s.mplyrd * s.gammam0 / s.gammam1;  // with gammaM1
-    const double mplz = s.mplzrd * s.gammam0 / s.gammam1;
-    const double my = std::abs(s.mydesign);
-    const double mz = s.mzdesign;
-    const double lamz4 = Fourth(s.lamz);
+    const double wely = section.wely;
+    const double welz = section.welz;
+    const double wply = section.wply;
+    const double wplz = section.wplz;
+    stability.wy = F32(std::min(1.5, wply / wely));
+    stability.wz = F32(std::min(1.5, wplz / welz));
+    stability.npl = forces.ned / resistances.ncrd;
+    const double wy = stability.wy;
+    const double wz = stability.wz;
+    const double lam0 = stability.lam0;
+    const double lam = stability.lammax;
+    const double cmy2 = stability.cmy * stability.cmy;
+    const double cmz2 = stability.cmz * stability.cmz;
+    const double mply = resistances.mplyrd * in.gammam0 / in.gammam1;  // with gammaM1
+    const double mplz = resistances.mplzrd * in.gammam0 / in.gammam1;
+    const double my = std::abs(forces.mydesign);
+    const double mz = forces.mzdesign;
+    const double lamz4 = Fourth(stability.lamz);
 
-    s.blt = 0.5 * s.alt * lam0 * lam0 * my / s.xlt / mply * mz / mplz;
-    s.cyy = 1.0 + (wy - 1.0) *
-                      ((2.0 - 1.6 / wy * cmy2 * lam - 1.6 / wy * cmy2 * lam * lam) * s.npl - s.blt);
-    s.cyy = std::max(s.cyy, wely / wply);
+    stability.blt = 0.5 * stability.alt * lam0 * lam0 * my / stability.xlt / mply * mz / mplz;
+    stability.cyy =
+        1.0 +
+        (wy - 1.0) * ((2.0 - 1.6 / wy * cmy2 * lam - 1.6 / wy * cmy2 * lam * lam) * stability.npl -
+                      stability.blt);
+    stability.cyy = std::max(stability.cyy, wely / wply);
 
-    const double share = my / (s.cmy * s.xlt * mply);
-    s.clt = 10.0 * s.alt * lam0 * lam0 / (5.0 + lamz4) * share;
-    s.cyz = 1.0 + (wz - 1.0) * ((2.0 - 14.0 * cmz2 * lam * lam / Fifth(wz)) * s.npl - s.clt);
-    s.cyz = std::max(s.cyz, 0.6 * std::sqrt(wz / wy) * welz / wplz);
+    const double share = my / (stability.cmy * stability.xlt * mply);
+    stability.clt = 10.0 * stability.alt * lam0 * lam0 / (5.0 + lamz4) * share;
+    stability.cyz =
+        1.0 +
+        (wz - 1.0) * ((2.0 - 14.0 * cmz2 * lam * lam / Fifth(wz)) * stability.npl - stability.clt);
+    stability.cyz = std::max(stability.cyz, 0.6 * std::sqrt(wz / wy) * welz / wplz);
 
-    s.dlt = 2.0 * s.alt * lam0 / (0.1 + lamz4) * share * mz / (s.cmz * mplz);
-    s.czy = 1.0 + (wy - 1.0) * ((2.0 - 14.0 * cmy2 * lam * lam / Fifth(wy)) * s.npl - s.dlt);
-    s.czy = std::max(s.czy, 0.6 * std::sqrt(wy / wz) * wely / wply);
+    stability.dlt =
+        2.0 * stability.alt * lam0 / (0.1 + lamz4) * share * mz / (stability.cmz * mplz);
+    stability.czy =
+        1.0 +
+        (wy - 1.0) * ((2.0 - 14.0 * cmy2 * lam * lam / Fifth(wy)) * stability.npl - stability.dlt);
+    stability.czy = std::max(stability.czy, 0.6 * std::sqrt(wy / wz) * wely / wply);
 
-    s.elt = 1.7 * s.alt * lam0 / (0.1 + lamz4) * share;
-    s.czz = 1.0 + (wz - 1.0) * (2.0 - 1.6 / wz * cmz2 * lam - 1.6 / wz * cmz2 * lam * lam - s.elt) *
-                      s.npl;
-    s.czz = std::max(s.czz, welz / wplz);
+    stability.elt = 1.7 * stability.alt * lam0 / (0.1 + lamz4) * share;
+    stability.czz =
+        1.0 + (wz - 1.0) *
+                  (2.0 - 1.6 / wz * cmz2 * lam - 1.6 / wz * cmz2 * lam * lam - stability.elt) *
+                  stability.npl;
+    stability.czz = std::max(stability.czz, welz / wplz);
 }
 
 }  // namespace
 
-MomentShape ShapeY(const ProjectState& s)
+MomentShape ShapeY(const Forces& forces)
 {
-    return {
-        s.my0,     s.myl, s.mycurved == kTrue, s.mylinear == kTrue, s.psiy, std::abs(s.dzmaxabs),
-        s.mymaxabs};
+    return {forces.my0,
+            forces.myl,
+            forces.mycurved == kTrue,
+            forces.mylinear == kTrue,
+            forces.psiy,
+            std::abs(forces.dzmaxabs),
+            forces.mymaxabs};
 }
 
-MomentShape ShapeZ(const ProjectState& s)
+MomentShape ShapeZ(const Forces& forces)
 {
-    return {
-        s.mz0,     s.mzl, s.mzcurved == kTrue, s.mzlinear == kTrue, s.psiz, std::abs(s.dymaxabs),
-        s.mzmaxabs};
+    return {forces.mz0,
+            forces.mzl,
+            forces.mzcurved == kTrue,
+            forces.mzlinear == kTrue,
+            forces.psiz,
+            std::abs(forces.dymaxabs),
+            forces.mzmaxabs};
 }
 
 // Table A.2. in: inertia [mm4].
 // Deviation D217: the deflection is the one of the serviceability combination beside the moment of
 // the strength combination; Table A.2 takes both from the same loads. The factor comes out lower.
-double CmLoads(const ProjectState& s, const MomentShape& shape, double inertia, double n)
+double CmLoads(const Inputs& in, const MomentShape& shape, double inertia, double n)
 {
     if (shape.first == 0 && shape.last == 0) {
         return shape.curved ? 1.0 + 0.03 * n : 1.0 - 0.18 * n;
@@ -120,8 +141,8 @@ double CmLoads(const ProjectState& s, const MomentShape& shape, double inertia, 
     if (shape.linear) {
         return CmEndMoments(shape.psi, n);
     }
-    const double length = s.l * 1000.0;
-    const double stiffness = kStabilityPi * kStabilityPi * s.e * inertia;
+    const double length = in.l * 1000.0;
+    const double stiffness = kStabilityPi * kStabilityPi * in.e * inertia;
     const double ratio =
         stiffness * shape.deflection / (length * length * shape.moment * 1e6);  // kNm to Nmm
     return 1.0 + (ratio - 1.0) * n;
@@ -145,16 +166,17 @@ double MuOverRest(double chi, double n)
     return (1.0 - n) / Rest(chi * n) / (1.0 - n);
 }
 
-void CmAnnexALoads(ProjectState& s)
+void CmAnnexALoads(const Inputs& in, const SectionRecord& section, const Forces& forces,
+                   Stability& stability)
 {
-    s.cmy0 = CmLoads(s, ShapeY(s), s.iy, s.ned / s.ncry);
-    s.cmz0 = CmLoads(s, ShapeZ(s), s.iz, s.ned / s.ncrz);
+    stability.cmy0 = CmLoads(in, ShapeY(forces), section.iy, forces.ned / stability.ncry);
+    stability.cmz0 = CmLoads(in, ShapeZ(forces), section.iz, forces.ned / stability.ncrz);
 }
 
-void CmAnnexAForces(ProjectState& s)
+void CmAnnexAForces(const Forces& forces, Stability& stability)
 {
-    s.cmy0 = CmEndMoments(s.psiy, s.ned / s.ncry);
-    s.cmz0 = CmEndMoments(s.psiz, s.ned / s.ncrz);
+    stability.cmy0 = CmEndMoments(forces.psiy, forces.ned / stability.ncry);
+    stability.cmz0 = CmEndMoments(forces.psiz, forces.ned / stability.ncrz);
 }
 
 // EN 1993-1-1, Table A.1, A.2.
@@ -168,38 +190,41 @@ void CmAnnexAForces(ProjectState& s)
 // has one class for the section under all forces. Deviation D219: npl rests on gammaM0 (and on the
 // effective area in class 4); Table A.1 takes gammaM1. Deviation D220: at NEd = Ncr the factor of
 // the axis itself takes its limit, other divisors 1e-9; the standard divides by zero.
-void KFactorsAnnexA(ProjectState& s)
+void KFactorsAnnexA(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                    const Forces& forces, Stability& stability, PassOutcome& outcome)
 {
-    s.alt = std::max(0.0, 1.0 - static_cast<double>(s.it) / s.iy);
-    s.epsy = s.ned == 0
-                 ? 0.0
-                 : std::abs(s.mydesign) * 1000.0 * s.a / s.ned / BendingModulus(s);  // kNm/kN to mm
-    if (s.openprofile == kFalse) {
-        s.lam0 = 0.0f;
+    stability.alt = std::max(0.0, 1.0 - static_cast<double>(section.it) / section.iy);
+    stability.epsy = forces.ned == 0 ? 0.0
+                                     : std::abs(forces.mydesign) * 1000.0 * section.a / forces.ned /
+                                           BendingModulus(in, section, forces);  // kNm/kN to mm
+    if (section.openprofile == kFalse) {
+        stability.lam0 = 0.0f;
     }
-    if (ExceedsCriticalForce(s, {{"Ncr,y", s.ncry}, {"Ncr,z", s.ncrz}, {"Ncr,TF", s.ncrtf}})) {
+    if (ExceedsCriticalForce(
+            forces, outcome,
+            {{"Ncr,y", stability.ncry}, {"Ncr,z", stability.ncrz}, {"Ncr,TF", stability.ncrtf}})) {
         return;
     }
-    EquivalentMoments(s);
-    const double ny = s.ned / s.ncry;
-    const double nz = s.ned / s.ncrz;
-    s.muy = (1.0 - ny) / Rest(s.chiy * ny);
-    s.muz = (1.0 - nz) / Rest(s.chiz * nz);
-    PlasticFactors(s);
+    EquivalentMoments(forces, stability);
+    const double ny = forces.ned / stability.ncry;
+    const double nz = forces.ned / stability.ncrz;
+    stability.muy = (1.0 - ny) / Rest(stability.chiy * ny);
+    stability.muz = (1.0 - nz) / Rest(stability.chiz * nz);
+    PlasticFactors(in, section, resistances, forces, stability);
 
-    const double wy = s.wy;
-    const double wz = s.wz;
-    s.kyy = s.cmy * s.cmlt * MuOverRest(s.chiy, ny);
-    s.kzy = s.cmy * s.cmlt * s.muz / Rest(ny);
-    if (!(s.classmy > 2)) {
-        s.kyy = s.kyy / s.cyy;
-        s.kzy = s.kzy / s.czy * 0.6 * std::sqrt(wy / wz);
+    const double wy = stability.wy;
+    const double wz = stability.wz;
+    stability.kyy = stability.cmy * stability.cmlt * MuOverRest(stability.chiy, ny);
+    stability.kzy = stability.cmy * stability.cmlt * stability.muz / Rest(ny);
+    if (!(section.classmy > 2)) {
+        stability.kyy = stability.kyy / stability.cyy;
+        stability.kzy = stability.kzy / stability.czy * 0.6 * std::sqrt(wy / wz);
     }
-    s.kyz = s.cmz * s.muy / Rest(nz);
-    s.kzz = s.cmz * MuOverRest(s.chiz, nz);
-    if (!(s.classmz > 2)) {
-        s.kyz = s.kyz / s.cyz * 0.6 * std::sqrt(wz / wy);
-        s.kzz = s.kzz / s.czz;
+    stability.kyz = stability.cmz * stability.muy / Rest(nz);
+    stability.kzz = stability.cmz * MuOverRest(stability.chiz, nz);
+    if (!(section.classmz > 2)) {
+        stability.kyz = stability.kyz / stability.cyz * 0.6 * std::sqrt(wz / wy);
+        stability.kzz = stability.kzz / stability.czz;
     }
 }
 

@@ -2,7 +2,12 @@
 
 // Interaction factors of members in bending and compression, EN 1993-1-1, 6.3.3 and Annex A.
 
-#include "core/project_state.h"
+#include "core/state/forces.h"
+#include "core/state/inputs.h"
+#include "core/state/pass_outcome.h"
+#include "core/state/resistances.h"
+#include "core/state/section_record.h"
+#include "core/state/stability.h"
 
 namespace kestrum {
 
@@ -13,11 +18,11 @@ struct MomentShape {
     double psi;
     double deflection, moment;  // largest sizes, mm and kNm
 };
-MomentShape ShapeY(const ProjectState& s);
-MomentShape ShapeZ(const ProjectState& s);
+MomentShape ShapeY(const Forces& forces);
+MomentShape ShapeZ(const Forces& forces);
 
 // Cm,0 of Table A.2 for loads on the member and for end moments; n = NEd/Ncr.
-double CmLoads(const ProjectState& s, const MomentShape& shape, double inertia, double n);
+double CmLoads(const Inputs& in, const MomentShape& shape, double inertia, double n);
 double CmEndMoments(double psi, double n);
 
 // mu/(1 - n) of the axis itself, mu = (1 - n)/(1 - chi n): finite at n = 1.
@@ -26,10 +31,12 @@ double MuOverRest(double chi, double n);
 double Rest(double n);
 
 // cmy0, cmz0.
-void CmAnnexALoads(ProjectState& s);
-void CmAnnexAForces(ProjectState& s);
+void CmAnnexALoads(const Inputs& in, const SectionRecord& section, const Forces& forces,
+                   Stability& stability);
+void CmAnnexAForces(const Forces& forces, Stability& stability);
 
 // cmy .. kzz; a force above a critical one sets errorflag and leaves.
-void KFactorsAnnexA(ProjectState& s);
+void KFactorsAnnexA(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                    const Forces& forces, Stability& stability, PassOutcome& outcome);
 
 }  // namespace kestrum

@@ -51,10 +51,10 @@ double Capped(double cm, double slope, double ceiling, double n)
 }
 
 // Table B.2, members prone to torsional deformation.
-double KzyTorsion(const ProjectState& s, double factor, double n)
+double KzyTorsion(const Stability& stability, double factor, double n)
 {
-    const double divisor = s.cmlt - 0.25;
-    return std::max(1.0 - factor * s.lamz / divisor * n, 1.0 - factor / divisor * n);
+    const double divisor = stability.cmlt - 0.25;
+    return std::max(1.0 - factor * stability.lamz / divisor * n, 1.0 - factor / divisor * n);
 }
 
 }  // namespace
@@ -67,34 +67,34 @@ double KzyTorsion(const ProjectState& s, double factor, double n)
 //
 // Deviation D221: the ratios take the smaller of the two end moments; Mh of Table B.3 is the
 // larger. Pinned-fixed members get 0.40 where the table gives 0.50 (uniform) and 0.67 (point load).
-void CmAnnexBLoads(ProjectState& s)
+void CmAnnexBLoads(const SectionRecord& section, Forces& forces, Stability& stability)
 {
-    bool spany = SpanGoverns(s.mymid, s.my0, s.myl);
-    bool spanz = SpanGoverns(s.mzmid, s.mz0, s.mzl);
-    if (s.hasyloads == kFalse) {
-        s.mycurved = s.mzcurved;
-        s.mylinear = s.mzlinear;
+    bool spany = SpanGoverns(forces.mymid, forces.my0, forces.myl);
+    bool spanz = SpanGoverns(forces.mzmid, forces.mz0, forces.mzl);
+    if (forces.hasyloads == kFalse) {
+        forces.mycurved = forces.mzcurved;
+        forces.mylinear = forces.mzlinear;
         spany = spanz;
     }
-    s.cmy = Cm({s.mycurved == kTrue, spany, s.mylinear == kTrue},
-               {s.psiy, s.myendratio, s.mypeakratio});
-    s.cmlt = s.openprofile == kTrue ? F32(s.cmy) : 1.0f;
-    if (s.haszloads == kFalse) {
-        s.mzcurved = s.mycurved;
-        s.mzlinear = s.mylinear;
+    stability.cmy = Cm({forces.mycurved == kTrue, spany, forces.mylinear == kTrue},
+                       {forces.psiy, forces.myendratio, forces.mypeakratio});
+    stability.cmlt = section.openprofile == kTrue ? F32(stability.cmy) : 1.0f;
+    if (forces.haszloads == kFalse) {
+        forces.mzcurved = forces.mycurved;
+        forces.mzlinear = forces.mylinear;
         spanz = spany;
     }
-    s.cmz = Cm({s.mzcurved == kTrue, spanz, s.mzlinear == kTrue},
-               {s.psiz, s.mzendratio, s.mzpeakratio});
+    stability.cmz = Cm({forces.mzcurved == kTrue, spanz, forces.mzlinear == kTrue},
+                       {forces.psiz, forces.mzendratio, forces.mzpeakratio});
 }
 
 // Deviation D222: 0.6 for any pair of end moments, the value of psi = 0; Table B.3 gives 0.6 + 0.4
 // psi, up to 1.0 for equal ones.
-void CmAnnexBForces(ProjectState& s)
+void CmAnnexBForces(Stability& stability)
 {
-    s.cmy = 0.6;
-    s.cmz = 0.6;
-    s.cmlt = 0.6f;
+    stability.cmy = 0.6;
+    stability.cmz = 0.6;
+    stability.cmlt = 0.6f;
 }
 
 // EN 1993-1-1, Tables B.1, B.2.
@@ -105,26 +105,27 @@ void CmAnnexBForces(ProjectState& s)
 // section. Deviation D224: the single-symmetric I (22) has no kzz in class 1 and 2; it keeps the
 // value of the run before, 0 after a start, and kyz with it. Deviation D225: kzy has no branch for
 // lamz below 0.4 (0.6 + lamz in Table B.2).
-void KFactorsAnnexB(ProjectState& s)
+void KFactorsAnnexB(const Inputs& in, const SectionRecord& section, const Forces& forces,
+                    Stability& stability)
 {
-    const double ny = s.ned / s.nbyrd;
-    const double nz = s.ned / s.nbzrd;
-    if (s.classmy > 2) {
-        s.kyy = Capped(s.cmy, 0.6 * s.lamy, 0.6, ny);
-        s.kzy = s.ltb == 1 ? KzyTorsion(s, 0.05, nz) : 0.8 * s.kyy;
-        s.kzz = Capped(s.cmz, 0.6 * s.lamz, 0.6, nz);
-        s.kyz = s.kzz;
+    const double ny = forces.ned / stability.nbyrd;
+    const double nz = forces.ned / stability.nbzrd;
+    if (section.classmy > 2) {
+        stability.kyy = Capped(stability.cmy, 0.6 * stability.lamy, 0.6, ny);
+        stability.kzy = in.ltb == 1 ? KzyTorsion(stability, 0.05, nz) : 0.8 * stability.kyy;
+        stability.kzz = Capped(stability.cmz, 0.6 * stability.lamz, 0.6, nz);
+        stability.kyz = stability.kzz;
         return;
     }
-    s.kyy = Capped(s.cmy, s.lamy - 0.2, 0.8, ny);
-    s.kzy = s.ltb == 1 ? KzyTorsion(s, 0.1, nz) : 0.6 * s.kyy;
-    const InteractionColumn column = Traits(s).design.interaction;  // others have no plastic kzz
+    stability.kyy = Capped(stability.cmy, stability.lamy - 0.2, 0.8, ny);
+    stability.kzy = in.ltb == 1 ? KzyTorsion(stability, 0.1, nz) : 0.6 * stability.kyy;
+    const InteractionColumn column = Traits(in).design.interaction;  // others have no plastic kzz
     if (column == InteractionColumn::i_section) {
-        s.kzz = Capped(s.cmz, 2.0 * s.lamz - 0.6, 1.4, nz);
+        stability.kzz = Capped(stability.cmz, 2.0 * stability.lamz - 0.6, 1.4, nz);
     } else if (column == InteractionColumn::hollow) {
-        s.kzz = Capped(s.cmz, s.lamz - 0.2, 0.8, nz);
+        stability.kzz = Capped(stability.cmz, stability.lamz - 0.2, 0.8, nz);
     }
-    s.kyz = 0.6 * s.kzz;
+    stability.kyz = 0.6 * stability.kzz;
 }
 
 }  // namespace kestrum

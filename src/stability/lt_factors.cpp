@@ -47,22 +47,22 @@ CFactors Mix(double share, const CFactors& first, const CFactors& second)
 // the point load, and k stays as chosen; 6.3.2.2 (2) takes the elastic critical moment of the
 // cantilever, which is 1.9 and 3 times ours for k = 2, and with k = 1 below ours for a load high
 // above the shear centre of a short member.
-CFactors Cantilever(const ProjectState& s)
+CFactors Cantilever(const Inputs& in, const Forces& forces)
 {
-    const bool spread = std::abs(s.mymid) > 1.2 * std::abs(s.my0 + s.myl) / 2.0;
-    return AtLength(spread ? kPinnedQ : kPinnedP, s.ltbk / 2.0);
+    const bool spread = std::abs(forces.mymid) > 1.2 * std::abs(forces.my0 + forces.myl) / 2.0;
+    return AtLength(spread ? kPinnedQ : kPinnedP, in.ltbk / 2.0);
 }
 
-CFactors BySupport(const ProjectState& s)
+CFactors BySupport(const Inputs& in, const Forces& forces)
 {
-    const double k = s.ltbk;
-    const bool curved = s.mycurved == kTrue;
-    const double stiffness = s.spring / 100.0;
+    const double k = in.ltbk;
+    const bool curved = forces.mycurved == kTrue;
+    const double stiffness = in.spring / 100.0;
     const CFactors pinned = AtLength(curved ? kPinnedQ : kPinnedP, k);
     const CFactors fixed = AtLength(curved ? kFixedQ : kFixedP, k);
     const CFactors spring = AtLength(curved ? kPinnedQ : kSpringPinnedP, k);
 
-    switch (s.supportcase) {
+    switch (in.supportcase) {
     case SupportCase::pinned:
         return pinned;
     case SupportCase::pinned_fixed:
@@ -72,7 +72,7 @@ CFactors BySupport(const ProjectState& s)
     case SupportCase::springs:
         return Mix(stiffness, fixed, spring);
     case SupportCase::cantilever:
-        return Cantilever(s);
+        return Cantilever(in, forces);
     case SupportCase::pinned_spring:
         return Mix(stiffness, Mix(0.5, pinned, fixed), spring);
     default:
@@ -150,11 +150,11 @@ Entry SegmentC3Entry(double r, double psif)
 // Deviation D234: the row follows the support and whether the moment line is curved. Moment loads
 // on pinned ends do not change it, so that a nearly uniform moment gets 1.12 or 1.35 instead
 // of 1.0; 6.3.2.2 (2) takes the real moment distribution.
-CFactors LtCFactors(const ProjectState& s)
+CFactors LtCFactors(const Inputs& in, const Forces& forces)
 {
-    CFactors c = s.cmanual != kFalse ? CFactors{s.c1, s.c2, s.c3} : BySupport(s);
-    if (s.c1alt != kFalse && s.mymaxabs != 0) {
-        c.c1 = LtAlternativeC1(s);
+    CFactors c = in.cmanual != kFalse ? CFactors{in.c1, in.c2, in.c3} : BySupport(in, forces);
+    if (in.c1alt != kFalse && forces.mymaxabs != 0) {
+        c.c1 = LtAlternativeC1(in, forces);
     }
     return c;
 }
@@ -162,12 +162,13 @@ CFactors LtCFactors(const ProjectState& s)
 // ECCS, Rules for Member Stability in EN 1993-1-1, Annex B.1, with equal factors for lateral
 // bending and warping.
 //   in   ltbk, mymax, mymin, mydiag [kNm]
-double LtAlternativeC1(const ProjectState& s)
+double LtAlternativeC1(const Inputs& in, const Forces& forces)
 {
-    const double k = s.ltbk;
-    const double largest = std::abs(s.mymax) > std::abs(s.mymin) ? s.mymax : s.mymin;
-    const std::array<double, 5> moment{s.mydiag[0], s.mydiag[12], s.mydiag[25], s.mydiag[38],
-                                       s.mydiag[50]};
+    const double k = in.ltbk;
+    const double largest =
+        std::abs(forces.mymax) > std::abs(forces.mymin) ? forces.mymax : forces.mymin;
+    const std::array<double, 5> moment{forces.mydiag[0], forces.mydiag[12], forces.mydiag[25],
+                                       forces.mydiag[38], forces.mydiag[50]};
     const double quarter = 5.0 * (k * k * k) / (k * k);
     const std::array<double, 5> weight{1.0 - k, quarter, 5.0 * (1.0 / k + 1.0 / k), quarter,
                                        1.0 - k};

@@ -5,7 +5,8 @@
 // lateral restraints by the ratio of its end moments. k is the effective length factor of lateral
 // bending and warping.
 
-#include "core/project_state.h"
+#include "core/state/forces.h"
+#include "core/state/inputs.h"
 
 namespace kestrum {
 
@@ -14,9 +15,9 @@ struct CFactors {
 };
 
 // The factors in use: table, manual values, or table with the closed form of C1.
-CFactors LtCFactors(const ProjectState& s);
+CFactors LtCFactors(const Inputs& in, const Forces& forces);
 
-double LtAlternativeC1(const ProjectState& s);
+double LtAlternativeC1(const Inputs& in, const Forces& forces);
 
 // r: smaller end moment over the larger, -1 .. 1.
 double SegmentC1(double r, double k);

@@ -82,7 +82,7 @@ QGroupBox* VerdictGroup(Binder& bind, const VortexView& view)
     QGroupBox* const group = Group(QStringLiteral("frresult"), QObject::tr("Results"));
     QGridLayout* const grid = GridOf(group);
     const auto value = [&](int row, const QString& head, const QString& name,
-                           std::string (*text)(const ProjectState&)) {
+                           std::string (*text)(const Service&)) {
         grid->addWidget(new QLabel(head), row, 0);
         grid->addWidget(bind.Value(name, [view, text](const ProjectState&) { return text(*view); }),
                         row, 1);
@@ -126,7 +126,7 @@ QTableWidget* VortexTable(Binder& bind, const VortexView& view)
     table->setSelectionMode(QAbstractItemView::ContiguousSelection);
     table->horizontalHeader()->setStretchLastSection(true);
     bind.Follow([table, view, &bind](const ProjectState&) {
-        const std::vector<VortexRow> rows = VortexGrid(*view);
+        const std::vector<VortexRow> rows = VortexGrid(*view, *view, *view);
         table->setRowCount(static_cast<int>(rows.size()));
         for (int i = 0; i < table->rowCount(); ++i) {
             const VortexRow& row = rows[static_cast<std::size_t>(i)];

@@ -3,6 +3,8 @@
 
 #include "member.h"
 
+#include "core/project_state.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>

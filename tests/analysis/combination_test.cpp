@@ -3,6 +3,7 @@
 #include "member.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 
 #include <gtest/gtest.h>
 

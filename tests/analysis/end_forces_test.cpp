@@ -1,6 +1,7 @@
 #include "member.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 #include "member.h"
 
 #include "analysis/extremes.h"
+#include "core/project_state.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +19,7 @@ template <class Line> ProjectState WithMoment(Line line, int supportcase = 0)
         s.mydiag[j] = static_cast<float>(line(static_cast<double>(j)));
         s.mzdiag[j] = -s.mydiag[j];
     }
-    FindExtremes(s);
+    FindExtremes(s, s);
     return s;
 }
 
@@ -51,10 +52,10 @@ TEST(Extremes, TheDiagramWinsOverAnEqualSection)
     s.mydiag[30] = 8;
     s.mysec[0] = 8;
     s.xi[0] = 0.55F;
-    FindExtremes(s);
+    FindExtremes(s, s);
     EXPECT_EQ(s.xmymax, 0.6);
     s.mysec[0] = 8.5;
-    FindExtremes(s);
+    FindExtremes(s, s);
     EXPECT_EQ(s.mymax, 8.5);
     EXPECT_EQ(s.xmymax, static_cast<double>(0.55F));
 }
@@ -66,7 +67,7 @@ TEST(Extremes, LookAtTheSectionsInUseOnly)
     s.vzsec[1] = 3;
     s.vzsec[2] = 9;
     s.vysec[1] = -4;
-    FindExtremes(s);
+    FindExtremes(s, s);
     EXPECT_EQ(s.vzmax, 3);
     EXPECT_EQ(s.vymin, -4);
 }
@@ -77,7 +78,7 @@ TEST(Extremes, DeflectionsHaveSizesOnly)
     s.dzdiag[7] = -5;
     s.dzdiag[9] = 4;
     s.dydiag[3] = 2;
-    FindExtremes(s);
+    FindExtremes(s, s);
     EXPECT_EQ(s.dzmax, 4);
     EXPECT_EQ(s.dzmin, -5);
     EXPECT_EQ(s.dzmaxabs, 5);
@@ -91,15 +92,15 @@ TEST(DesignMoments, KeepTheSignOfMyAndTheSizeOfMz)
     s.mymin = -7;
     s.mzmax = 2;
     s.mzmin = -3;
-    SetDesignMoments(s);
+    SetDesignMoments(s, s);
     EXPECT_EQ(s.mydesign, -7);
     EXPECT_EQ(s.mydesignf, -7);
     EXPECT_EQ(s.mzdesign, 3);
     s.mymax = 7;  // a tie gives the lowest
-    SetDesignMoments(s);
+    SetDesignMoments(s, s);
     EXPECT_EQ(s.mydesign, -7);
     s.mymax = 7.5;
-    SetDesignMoments(s);
+    SetDesignMoments(s, s);
     EXPECT_EQ(s.mydesign, 7.5);
 }
 

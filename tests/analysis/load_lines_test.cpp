@@ -1,5 +1,7 @@
 #include "member.h"
 
+#include "core/project_state.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "analysis/load_model.h"
 
+#include "core/project_state.h"
 #include "member.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +17,7 @@ TEST(ValidateLoads, AnEmptyTableIsInOrder)
 {
     ProjectState s = Member(0, kLength);
     const ProjectState before = s;
-    EXPECT_EQ(ValidateLoads(s), LoadCheck{});
+    EXPECT_EQ(ValidateLoads(s, s, s, s), LoadCheck{});
     EXPECT_EQ(s, before);
 }
 
@@ -47,7 +48,7 @@ TEST(ValidateLoads, AForceNeverStandsOnASupportAMomentOnAPinnedEndOnly)
             s.pmkind[8] = c.moment;
             s.pm[8] = 10;
             s.pmx[8] = a;
-            EXPECT_TRUE(ValidateLoads(s).ok);  // without a message
+            EXPECT_TRUE(ValidateLoads(s, s, s, s).ok);  // without a message
             EXPECT_EQ(s.pm[8], stays ? 10 : 0);
             EXPECT_EQ(s.pmx[8], stays ? a : 0);
         }
@@ -58,7 +59,7 @@ TEST(ValidateLoads, APositionWithoutALoadIsForgotten)
 {
     ProjectState s = Member(0, kLength);
     s.pmx[3] = 2;
-    ValidateLoads(s);
+    ValidateLoads(s, s, s, s);
     EXPECT_EQ(s.pmx[3], 0);
 }
 
@@ -98,7 +99,7 @@ TEST(ValidateLoads, TrapezoidsAreCutEmptiedOrRefused)
             SCOPED_TRACE(testing::Message() << c.name << ", row " << row);
             ProjectState s = Member(0, kLength);
             AddTrapezoid(s, row, c.q1, c.q2, c.x1, c.x2);
-            const LoadCheck check = ValidateLoads(s);
+            const LoadCheck check = ValidateLoads(s, s, s, s);
             EXPECT_EQ(check.message.text(), c.message);
             EXPECT_EQ(check.ok, check.message.empty());
             if (!check.ok) {
@@ -123,7 +124,7 @@ TEST(CheckLoadPositions, ATriangleOfEitherSignHasOneSign)
         s.qt1[1] = q1;
         s.qt2[1] = q2;
         s.qtx2[1] = 6;
-        EXPECT_TRUE(CheckLoadPositions(s).ok) << q1 << " to " << q2;
+        EXPECT_TRUE(CheckLoadPositions(s, s, s).ok) << q1 << " to " << q2;
     }
 }
 
@@ -133,10 +134,10 @@ TEST(ValidateLoads, TheFirstFaultIsNamedAndSignsComeBeforeOrder)
     AddTrapezoid(s, 1, 3, 4, 2, 1);
     AddTrapezoid(s, 2, -3, 4, 1, 2);
     AddTrapezoid(s, 3, 3, -4, 1, 2);
-    EXPECT_EQ(ValidateLoads(s).row, 2);
+    EXPECT_EQ(ValidateLoads(s, s, s, s).row, 2);
     s.qt1[2] = s.qt1[3] = 0;
     s.qt2[3] = 0;
-    EXPECT_EQ(ValidateLoads(s).row, 1);
+    EXPECT_EQ(ValidateLoads(s, s, s, s).row, 1);
 }
 
 TEST(ValidateLoads, AFaultLeavesNoOtherRowUnsettled)
@@ -146,7 +147,7 @@ TEST(ValidateLoads, AFaultLeavesNoOtherRowUnsettled)
     AddForce(s, 1, 10, 5);
     s.cp[2] = 9;
     s.webstiffa = 6000;
-    EXPECT_FALSE(ValidateLoads(s).ok);
+    EXPECT_FALSE(ValidateLoads(s, s, s, s).ok);
     EXPECT_EQ(s.pm[1], 0);
     EXPECT_EQ(s.cp[2], 5);
     EXPECT_EQ(s.webstiffa, 2500);
@@ -156,7 +157,7 @@ TEST(ValidateLoads, CheckPointsAreCutToTheMember)
 {
     ProjectState s = Member(0, kLength);
     s.cp = {0, 1, 5, 5.5F};
-    ValidateLoads(s);
+    ValidateLoads(s, s, s, s);
     EXPECT_EQ(s.cp, (Rows<float, 3>{0, 1, 5, 5}));
 }
 
@@ -165,15 +166,15 @@ TEST(ValidateLoads, StiffenersFartherApartThanTheMemberIsLongGoAway)
     ProjectState s = Member(0, kLength);
     s.webstiff = 1;
     s.webstiffa = 5000;  // exactly the length
-    ValidateLoads(s);
+    ValidateLoads(s, s, s, s);
     EXPECT_EQ(s.webstiff, 1);
     EXPECT_EQ(s.webstiffa, 5000);
     s.l = 4;
-    ValidateLoads(s);
+    ValidateLoads(s, s, s, s);
     EXPECT_EQ(s.webstiff, 0);
     EXPECT_EQ(s.webstiffa, 2000);
     s.l = 1;  // also without stiffeners
-    ValidateLoads(s);
+    ValidateLoads(s, s, s, s);
     EXPECT_EQ(s.webstiffa, 500);
 }
 
@@ -184,7 +185,7 @@ TEST(ValidateLoads, StiffenersAsFarApartAsTheMemberIsLongStayAtAnyLength)
         ProjectState s = Member(0, l);
         s.webstiff = 1;
         s.webstiffa = std::round(1000 * l);  // as typed, mm
-        ValidateLoads(s);
+        ValidateLoads(s, s, s, s);
         EXPECT_EQ(s.webstiff, 1);
         EXPECT_EQ(s.webstiffa, std::round(1000 * l));
     }
@@ -198,7 +199,7 @@ TEST(CheckLoadPositions, SettlesTrapezoidsOnly)
     AddForce(s, 1, 10, 5);
     s.cp[1] = 9;
     s.webstiffa = 9000;
-    EXPECT_TRUE(CheckLoadPositions(s).ok);
+    EXPECT_TRUE(CheckLoadPositions(s, s, s).ok);
     EXPECT_EQ(s.qtx2[1], 5);
     EXPECT_EQ(s.pm[1], 10);
     EXPECT_EQ(s.cp[1], 9);
@@ -206,7 +207,7 @@ TEST(CheckLoadPositions, SettlesTrapezoidsOnly)
     s.qt1[3] = -1;
     s.qt2[3] = 1;
     s.qtx2[3] = 1;
-    EXPECT_EQ(CheckLoadPositions(s).row, 3);
+    EXPECT_EQ(CheckLoadPositions(s, s, s).row, 3);
 }
 
 ProjectState FullTable()
@@ -236,7 +237,7 @@ ProjectState FullTable()
 TEST(RemoveCheckedLoads, WithoutATickKeepsTheTableAndResetsTheSwitches)
 {
     ProjectState s = FullTable();
-    RemoveCheckedLoads(s);
+    RemoveCheckedLoads(s, s);
     ProjectState expected = FullTable();
     expected.pmrelative = expected.qtrelative = expected.selfweight = 0;
     expected.loadlevel = 1;
@@ -249,7 +250,7 @@ TEST(RemoveCheckedLoads, EmptiesTheTickedRowsAndKeepsTheTicks)
     s.nchecked[2] = s.qchecked[4] = s.qtchecked[1] = kTrue;
     s.pmchecked[8] = 1;
     ProjectState expected = s;
-    RemoveCheckedLoads(s);
+    RemoveCheckedLoads(s, s);
     expected.pmrelative = expected.qtrelative = expected.selfweight = 0;
     expected.loadlevel = 1;
     expected.nload[2] = expected.ntype[2] = 0;
@@ -269,7 +270,7 @@ TEST(RemoveCheckedLoads, NeverTouchesTheSelfweightRow)
 {
     ProjectState s = FullTable();
     s.qchecked[0] = kTrue;
-    RemoveCheckedLoads(s);
+    RemoveCheckedLoads(s, s);
     EXPECT_EQ(s.qload[0], 5);
 }
 

@@ -122,7 +122,10 @@ TEST(ChooseClass, SetsTheFactorsAndCalculates)
     ChooseLoadCombination(program.session, 1);
     EXPECT_TRUE(program.Calculates([&] { ChooseClass(program.session, 1); }));
     EXPECT_EQ(program.state().safetyclass, 1);
-    const LoadFactors factors = StrengthFactors(program.state(), 1);
+    const LoadFactors factors = [&] {
+        ProjectState s = program.state();
+        return StrengthFactors(s, s, 1);
+    }();
     EXPECT_NEAR(factors.g, 1.35 * 0.83, 1e-6);
     EXPECT_EQ(factors.q1, 0);
     EXPECT_EQ(factors.q2, 0);

@@ -2,6 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/file_io.h"
+#include "core/project_state.h"
 #include "core/setup_file.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #include "core/setup_file.h"
 
 #include "core/file_io.h"
+#include "core/project_state.h"
 
 #include <gtest/gtest.h>
 

@@ -73,7 +73,7 @@ TEST(ClassWelded, D165AlphaRefersToTheClearWeb)
     ProjectState s = welded::Default(22);
     s.p22.isttw = 13.3F;
     welded::Prepare(s);
-    EXPECT_NEAR(TopSide(s).alpha, 0.7684, 5e-5);
+    EXPECT_NEAR(TopSide(s, s).alpha, 0.7684, 5e-5);
     EXPECT_EQ(s.classmytop, 2);
     EXPECT_EQ(ClassWebBent(s, 0.7749, -0.6), 3);
 }
@@ -97,8 +97,8 @@ TEST(ClassWelded, WebInTensionIsClassOne)
     ProjectState s = welded::Default(22);
     s.p22 = {300, 600, 100, 10, 60, 10};  // elastic axis in the top flange
     welded::Prepare(s);
-    EXPECT_FALSE(TopSide(s).webin > 0);
-    EXPECT_EQ(ClassWebBent(s, TopSide(s)), 1);
+    EXPECT_FALSE(TopSide(s, s).webin > 0);
+    EXPECT_EQ(ClassWebBent(s, TopSide(s, s)), 1);
     EXPECT_EQ(s.classmytop, 1);
 }
 
@@ -107,7 +107,7 @@ TEST(WeldedSide, ShareOfBothSidesIsTheWholeWeb)
     for (const int family : welded::kFamilies) {
         ProjectState s = welded::Default(family);
         welded::Properties(s);
-        const WeldedSide top = TopSide(s), bottom = BottomSide(s);
+        const WeldedSide top = TopSide(s, s), bottom = BottomSide(s, s);
         EXPECT_NEAR(top.alpha + bottom.alpha, 1, 1e-6) << family;
         EXPECT_NEAR(top.webin + top.webout, s.hw, 1e-4) << family;
         EXPECT_NEAR(top.edge, top.webin + s.ttop, 1e-4) << family;
@@ -121,6 +121,6 @@ TEST(WeldedSide, HatBeamCountsTheBottomFlange)
 {
     ProjectState s = welded::Default(24);
     welded::Properties(s);
-    EXPECT_NEAR(TopSide(s).alpha, 0.5905, 3e-4);
-    EXPECT_NEAR(TopSide(s).edge + TopSide(s).opposite, 315, 1e-4);
+    EXPECT_NEAR(TopSide(s, s).alpha, 0.5905, 3e-4);
+    EXPECT_NEAR(TopSide(s, s).edge + TopSide(s, s).opposite, 315, 1e-4);
 }

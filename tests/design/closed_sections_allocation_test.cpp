@@ -45,10 +45,12 @@ namespace {
 
 struct Family {
     int family;
-    void (*properties)(const Library&, ProjectState&);
-    void (*effective)(ProjectState&);
-    void (*resistance)(ProjectState&);
-    void (*control)(ProjectState&);
+    void (*properties)(const Library&, const Inputs& in, SectionRecord& section);
+    void (*effective)(const Inputs& in, SectionRecord& section);
+    void (*resistance)(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                       SectionChecks& checks);
+    void (*control)(const Inputs& in, SectionRecord& section, Resistances& resistances,
+                    const Forces& forces, SectionChecks& checks, PassOutcome& outcome);
 };
 
 const Family kFamilies[] = {
@@ -90,12 +92,12 @@ TEST(ClosedSections, TakeNoMemory)
         SetForces(s, {-20, 1, 0.5, 5, 3});
 
         const long before = g_allocations;
-        f.properties(library, s);
+        f.properties(library, s, s);
         if (f.effective != nullptr) {
-            f.effective(s);
+            f.effective(s, s);
         }
-        f.resistance(s);
-        f.control(s);
+        f.resistance(s, s, s, s);
+        f.control(s, s, s, s, s, s);
         EXPECT_EQ(g_allocations, before) << f.family;
         EXPECT_GT(s.irsection, 0) << f.family;
     }

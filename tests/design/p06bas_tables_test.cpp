@@ -84,7 +84,7 @@ TEST(HollowTables, ResistancesArePositiveAndGrowWithThickness)
             ChooseRow(s, row);
             SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             Design(s);
-            CalcShearHollow(s);
+            CalcShearHollow(s, s, s, s, s);
             for (const double value : {s.nplrd, s.ncrd, s.myrd, s.mzrd, s.vzrd, s.vyrd, s.vbrd,
                                        s.vcyrd, s.nrdm1, s.myrdm1, s.mzrdm1}) {
                 EXPECT_GT(value, 0);

@@ -19,8 +19,8 @@ namespace {
 void Design(ProjectState& s, float fyk = 355)
 {
     SetSteel(s, fyk);
-    PropertiesAngle(Delivered(), s);
-    CalcResistanceAngle(s);
+    PropertiesAngle(Delivered(), s, s);
+    CalcResistanceAngle(s, s, s, s);
 }
 
 ProjectState Angle(int family, const char* key, float fyk = 355)
@@ -33,7 +33,7 @@ ProjectState Angle(int family, const char* key, float fyk = 355)
 void Control(ProjectState& s, const EndForces& forces)
 {
     SetForces(s, forces);
-    ControlAngle(s);
+    ControlAngle(s, s, s, s, s, s);
 }
 
 constexpr const char* kPointLabel = "IR = NEd/NRd+My,Ed/My,Rd+Mz,Ed/Mz,Rd = ";
@@ -205,7 +205,7 @@ TEST(ControlAngle, WorstSectionStays)
     s.mysec[2] = 1;
     s.vzsec[0] = 20;
     s.vzsec[2] = -30;
-    ControlAngle(s);
+    ControlAngle(s, s, s, s, s, s);
     EXPECT_EQ(s.secline[1].place[0], 0.5);
     EXPECT_EQ(s.secline[2].place[0], 0.5);
     EXPECT_EQ(s.secline[3].place[0], 1);
@@ -223,7 +223,7 @@ TEST(CalcResistanceAngle, LimitsOfTheClassAreIncluded)
         s.h = h;
         s.b = b;
         s.tw = t;
-        CalcResistanceAngle(s);
+        CalcResistanceAngle(s, s, s, s);
         return s.classn;
     };
     EXPECT_EQ(cls(10, 115, 115, 10), 3);  // 230/20 = 11.5
@@ -240,7 +240,7 @@ TEST(CalcResistanceAngle, D181LimitOfTheLongLegIsNotTested)
     ProjectState s = Angle(11, "200x100x10", 235);
     s.h = 160;  // 16 t, beyond the standard's 15 eps
     s.b = 60;
-    CalcResistanceAngle(s);
+    CalcResistanceAngle(s, s, s, s);
     EXPECT_EQ(s.classn, 3);
 }
 
@@ -249,12 +249,12 @@ TEST(CalcResistanceAngle, D181SlenderLegsLoseAreaByTheirStraightPartsAndKeepThei
     ProjectState s = Angle(10, "100x10");
     s.cb = s.ch = 300;  // lambda = 30/(28.4 eps sqrt(0.43)) = 1.9799, rho = 0.45712
     const double moment = s.mry1;
-    CalcResistanceAngle(s);
+    CalcResistanceAngle(s, s, s, s);
     EXPECT_NEAR(s.aeff, s.a - 2 * 300 * (1 - 0.45712) * 10, 0.3);
     EXPECT_EQ(s.mry1, moment);
     EXPECT_EQ(s.myrd, s.mrely);
     s.checkflangebuck = kTrue;
-    CalcResistanceAngle(s);
+    CalcResistanceAngle(s, s, s, s);
     EXPECT_EQ(s.classn, 4);
     EXPECT_EQ(s.aeff, s.a);
 }
@@ -272,7 +272,7 @@ TEST(CalcResistanceAngle, MomentsAreElastic)
     s.gammam0 = 1.1;
     s.gammam1 = 1.2f;
     const ProjectState one = s;
-    CalcResistanceAngle(s);
+    CalcResistanceAngle(s, s, s, s);
     EXPECT_NEAR(s.mry2, one.mry2 / 1.1, 1e-9);
     EXPECT_NEAR(s.mrv[3], one.mrv[3] / 1.1, 1e-9);
     EXPECT_NEAR(s.nrdm1, one.ncrd / 1.2, 1e-4);
@@ -337,7 +337,7 @@ TEST(AngleTables, UnequalRoutineAgreesForEqualLegs)
     ProjectState t = s;
     t.family = 11;
     t.wu[2] = 1e30f;  // the heel on the u axis
-    CalcResistanceAngle(t);
+    CalcResistanceAngle(t, t, t, t);
     EXPECT_EQ(t.classn, s.classn);
     EXPECT_EQ(t.ncrd, s.ncrd);
     EXPECT_EQ(t.vyrd, s.vyrd);

@@ -53,9 +53,9 @@ TEST(UnequalBox, EqualFlangesAreTheDoubleSymmetricBox)
         ProjectState twin = welded::Default(23);
         twin.neta = 1;
         twin.p23 = {700, 600, c.tw, c.tf, 30};
-        PropertiesBox(Library{}, twin);
-        CalcEffectiveHollow(twin);
-        CalcResistanceHollow(twin);
+        PropertiesBox(Library{}, twin, twin);
+        CalcEffectiveHollow(twin, twin);
+        CalcResistanceHollow(twin, twin, twin, twin);
         const auto near = [&](double a, double b, double rel) {
             EXPECT_NEAR(a, b, rel * std::abs(b)) << c.tw << ' ' << c.tf;
         };
@@ -89,10 +89,10 @@ TEST(UnequalBox, OutstandsAreClassified)
     ProjectState s = welded::Default(27);
     s.p27 = {600, 900, 900, 20, 20, 20, 200};
     welded::Prepare(s);
-    EXPECT_EQ(ClassBox(s, true), 3);
+    EXPECT_EQ(ClassBox(s, s, true), 3);
     s.p27.istc = 140;  // 7 < 9 eps = 7.3, but 580/20 = 29: class 2
     welded::Prepare(s);
-    EXPECT_EQ(ClassBox(s, true), 2);
+    EXPECT_EQ(ClassBox(s, s, true), 2);
 }
 
 // No upgrade of a class 3 web: that is for the hat beams.

@@ -16,15 +16,15 @@ ProjectState Bar(float height, float thickness, float fyk = 235)
     ProjectState s = OfFamily(28);
     s.p28 = {.isth = height, .isttw = thickness};
     SetSteel(s, fyk);
-    PropertiesFlatBar(Library{}, s);
-    CalcResistanceFlatBar(s);
+    PropertiesFlatBar(Library{}, s, s);
+    CalcResistanceFlatBar(s, s, s, s);
     return s;
 }
 
 void Control(ProjectState& s, const EndForces& forces)
 {
     SetForces(s, forces);
-    ControlFlatBar(s);
+    ControlFlatBar(s, s, s, s, s, s);
 }
 
 TEST(ControlFlatBar, MomentBesideShear)
@@ -124,7 +124,7 @@ TEST(CalcResistanceFlatBar, StaysPlasticUnderElasticDesign)
 {
     ProjectState s = Bar(150, 12);
     s.checkelastic = kTrue;
-    CalcResistanceFlatBar(s);
+    CalcResistanceFlatBar(s, s, s, s);
     EXPECT_EQ(s.myrd, s.mplyrd);
     EXPECT_EQ(s.wyused, s.wply);
     EXPECT_EQ(s.wzused, s.wplz);
@@ -135,7 +135,7 @@ TEST(CalcResistanceFlatBar, ValuesForTheStabilityControl)
     ProjectState s = Bar(150, 12);
     s.gammam0 = 1.1;
     s.gammam1 = 1.2f;
-    CalcResistanceFlatBar(s);
+    CalcResistanceFlatBar(s, s, s, s);
     ExpectDigits(s.nrdm1, 352.5, "423/1.2");
     ExpectDigits(s.myrdm1, 13.22, "15.8625/1.2");
     ExpectDigits(s.mzrdm1, 1.0575, "12^2*150/4*235/1e6/1.2");

@@ -18,15 +18,15 @@ ProjectState Tube(float diameter, float wall, float fyk = 355)
     ProjectState s = OfFamily(31);
     s.p31 = {.istd = diameter, .isttw = wall};
     SetSteel(s, fyk);
-    PropertiesTube(Library{}, s);
-    CalcResistanceTube(s);
+    PropertiesTube(Library{}, s, s);
+    CalcResistanceTube(s, s, s, s);
     return s;
 }
 
 void Control(ProjectState& s, const EndForces& forces)
 {
     SetForces(s, forces);
-    ControlTube(s);
+    ControlTube(s, s, s, s, s, s);
 }
 
 TEST(ControlTube, CompressionAndBothMoments)
@@ -135,7 +135,7 @@ TEST(CalcResistanceTube, ElasticDesignTakesTheElasticModulus)
 {
     ProjectState s = Tube(300, 10);
     s.checkelastic = kTrue;
-    CalcResistanceTube(s);
+    CalcResistanceTube(s, s, s, s);
     EXPECT_EQ(s.wyused, s.wely);
     EXPECT_EQ(s.wzused, s.wely);
     EXPECT_EQ(s.mzrd, s.melyrd);
@@ -147,7 +147,7 @@ TEST(CalcResistanceTube, PartialFactors)
     const ProjectState one = s;
     s.gammam0 = 1.1;
     s.gammam1 = 1.2f;
-    CalcResistanceTube(s);
+    CalcResistanceTube(s, s, s, s);
     EXPECT_NEAR(s.nplrd, one.nplrd / 1.1, 1e-9 * s.nplrd);
     EXPECT_NEAR(s.vzrd, one.vzrd / 1.1, 1e-9 * s.vzrd);
     EXPECT_NEAR(s.nrdm1, one.nplrd / 1.2, 1e-6 * s.nplrd);

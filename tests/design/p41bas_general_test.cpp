@@ -33,15 +33,15 @@ ProjectState General(const FormP41& entered = kEntered)
     ProjectState s = OfFamily(41);
     s.p41 = entered;
     SetSteel(s, 355);
-    PropertiesGeneral(Library{}, s);
-    CalcResistanceGeneral(s);
+    PropertiesGeneral(Library{}, s, s);
+    CalcResistanceGeneral(s, s, s, s);
     return s;
 }
 
 void Control(ProjectState& s, const EndForces& forces)
 {
     SetForces(s, forces);
-    ControlGeneral(s);
+    ControlGeneral(s, s, s, s, s, s);
 }
 
 TEST(ControlGeneral, CompressionAndBothMoments)
@@ -106,7 +106,7 @@ TEST(CalcResistanceGeneral, ClassThreeRestsOnTheElasticModulus)
 
     s = General();
     s.checkelastic = kTrue;
-    CalcResistanceGeneral(s);
+    CalcResistanceGeneral(s, s, s, s);
     EXPECT_EQ(s.wyused, s.wely);
     EXPECT_EQ(s.wzused, s.welz);
 }
@@ -116,7 +116,7 @@ TEST(CalcResistanceGeneral, ValuesForTheStabilityControl)
     ProjectState s = General();
     s.gammam0 = 1.1;
     s.gammam1 = 1.2f;
-    CalcResistanceGeneral(s);
+    CalcResistanceGeneral(s, s, s, s);
     ExpectDigits(s.nrdm1, 5538, "6645.6/1.2");
     ExpectDigits(s.myrdm1, 1308, "1569.455/1.2");
     ExpectDigits(s.mzrdm1, 272.2, "326.671/1.2");
@@ -172,9 +172,9 @@ TEST(GeneralLaws, EqualsTheWeldedIOfItsProperties)
     ProjectState i = OfFamily(21);
     i.p21 = {.isth = 600, .istb1 = 300, .isttw = 12, .isttf = 20};
     SetSteel(i, 355);
-    PropertiesWeldedI(Library{}, i);
-    CalcEffectiveI(i);
-    CalcResistanceI(i);
+    PropertiesWeldedI(Library{}, i, i);
+    CalcEffectiveI(i, i);
+    CalcResistanceI(i, i, i, i);
 
     ProjectState g = General({.opn = 3,
                               .opmy = 1,
@@ -201,7 +201,7 @@ TEST(GeneralLaws, EqualsTheWeldedIOfItsProperties)
                                EndForces{-3000, 0, 150, 0, 0}}) {
         SCOPED_TRACE(f.n);
         SetForces(i, f);
-        ControlRolledI(i);
+        ControlRolledI(i, i, i, i, i, i);
         Control(g, f);
         EXPECT_NEAR(g.irrow1, i.irrow1, 1e-6);
         EXPECT_NEAR(g.irrow2, i.irrow2, 1e-5);
@@ -213,7 +213,7 @@ TEST(GeneralLaws, EqualsTheWeldedIOfItsProperties)
     // D152: the ratio of Vy.
     const EndForces sideways{0, 0, 0, 0, 100};
     SetForces(i, sideways);
-    ControlRolledI(i);
+    ControlRolledI(i, i, i, i, i, i);
     Control(g, sideways);
     EXPECT_NEAR(i.irrow3, 1.5 * g.irrow3, 1e-6);
 }

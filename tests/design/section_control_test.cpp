@@ -12,35 +12,46 @@
 namespace kestrum {
 namespace {
 
+// A routine of the walk that gives one value.
+template <double SectionChecks::*Field, int Value>
+void Give(const Inputs&, const SectionRecord&, const Resistances&, const Forces&,
+          SectionChecks& checks)
+{
+    checks.*Field = Value;
+}
+
+using ClassRoutine = decltype(SectionRoutines::class_y);
+
 // My,Rd 100, Mz,Rd 50, N,Rd 1000 in compression and 2000 in tension, VRd 200 and 80 (Vy ratio 60).
 // Reduced for the axial force 80 and 40.
-SectionRoutines Fixed(i16 (*cls)(ProjectState&, float, float))
+SectionRoutines Fixed(ClassRoutine cls)
 {
     SectionRoutines r{};
     r.class_y = cls;
     r.class_z = cls;
-    r.reduce_my = [](ProjectState& s) { s.myrdv = 100; };
-    r.reduce_mz = [](ProjectState& s) { s.mzrdv = 50; };
-    r.reduce_mny = [](ProjectState& s) { s.mnyrd = 80; };
-    r.reduce_mnz = [](ProjectState& s) { s.mnzrd = 40; };
-    r.shear = [](ProjectState& s) {
-        s.vbrd = 200;
-        s.vcyrd = 60;
-        s.shearnote = ")";
+    r.reduce_my = Give<&SectionChecks::myrdv, 100>;
+    r.reduce_mz = Give<&SectionChecks::mzrdv, 50>;
+    r.reduce_mny = Give<&SectionChecks::mnyrd, 80>;
+    r.reduce_mnz = Give<&SectionChecks::mnzrd, 40>;
+    r.shear = [](const Inputs&, const SectionRecord&, Resistances& resistances, const Forces&,
+                 SectionChecks& checks) {
+        resistances.vbrd = 200;
+        resistances.vcyrd = 60;
+        checks.shearnote = ")";
     };
-    r.exponents = [](ProjectState& s) {
-        s.alfaexp = 2;
-        s.betaexp = 1;
+    r.exponents = [](const Resistances&, const Forces&, SectionChecks& checks) {
+        checks.alfaexp = 2;
+        checks.betaexp = 1;
     };
     r.shear_labels = true;
     return r;
 }
 
-i16 Class1(ProjectState&, float, float)
+i16 Class1(const Inputs&, SectionRecord&, const SectionChecks&, float, float)
 {
     return 1;
 }
-i16 Class3(ProjectState&, float, float)
+i16 Class3(const Inputs&, SectionRecord&, const SectionChecks&, float, float)
 {
     return 3;
 }
@@ -62,7 +73,7 @@ struct TextCase {
     const char* name;
     EndForces f;
     i16 pure;  // class of the single moments
-    i16 (*cls)(ProjectState&, float, float);
+    ClassRoutine cls;
     i16 conservative;
     std::size_t row;
     double ir;
@@ -344,7 +355,7 @@ TEST(ControlSection, WritesRatioAndTextsOfEveryCase)
         ProjectState s = State(c.f);
         s.classmy = s.classmz = c.pure;
         s.checkconsercontrol = c.conservative;
-        ControlSection(s, Fixed(c.cls));
+        ControlSection(s, s, s, s, s, Fixed(c.cls));
         const ResultRow& row = s.secline[c.row];
         EXPECT_NEAR(row.ir, c.ir, 1e-12) << c.name;
         EXPECT_EQ(row.ir, RowRatio(s, static_cast<int>(c.row))) << c.name;
@@ -360,12 +371,12 @@ TEST(ControlSection, KeepsTheNumbersOfTheText)
 {
     ProjectState s = State({-500, 72, 30, 0, 0});
     s.xi[0] = 0.25F;
-    ControlSection(s, Fixed(Class1));
+    ControlSection(s, s, s, s, s, Fixed(Class1));
     const std::array<double, 12> biaxial = {72, 80, 2, 30, 40, 1};
     EXPECT_EQ(s.secline[2].number, biaxial);
     EXPECT_EQ(s.secline[2].place[0], 0.25);
 
-    ControlSection(s, Fixed(Class3));
+    ControlSection(s, s, s, s, s, Fixed(Class3));
     const std::array<double, 12> linear = {-500, 2000, 72, 100, 30, 50};
     EXPECT_EQ(s.secline[2].number, linear);
     const std::array<double, 12> single = {72, 100};
@@ -383,7 +394,7 @@ TEST(ControlSection, KeepsTheWorstOfAllSections)
     s.mysec[2] = 60;  // as large: the first one stays
     s.mysec[3] = 10;
     s.vzsec[3] = 150;
-    ControlSection(s, Fixed(Class1));
+    ControlSection(s, s, s, s, s, Fixed(Class1));
     EXPECT_EQ(s.irrow1, 0.6);
     EXPECT_EQ(s.secline[1].place[0], 0.25);
     EXPECT_EQ(s.secline[1].number[0], 60);
@@ -396,9 +407,9 @@ TEST(ControlSection, ClearsWhatAnEarlierRunLeft)
 {
     ProjectState s = State({500, 72, 30, 150, 30});
     s.irrow4 = s.irrow5 = s.irrow6 = 9;
-    ControlSection(s, Fixed(Class1));
+    ControlSection(s, s, s, s, s, Fixed(Class1));
     SetForces(s, {0, 0, 0, 0, 0});
-    ControlSection(s, Fixed(Class1));
+    ControlSection(s, s, s, s, s, Fixed(Class1));
     for (std::size_t row = 1; row <= 3; ++row) {
         EXPECT_TRUE(s.secline[row].empty());
         EXPECT_EQ(s.secline[row].status, kWithin);
@@ -411,11 +422,11 @@ TEST(ControlSection, ClearsWhatAnEarlierRunLeft)
 TEST(ControlSection, ColoursARowAboveTheLimitOnly)
 {
     ProjectState s = State({0, 100, 0, 0, 0});
-    ControlSection(s, Fixed(Class1));
+    ControlSection(s, s, s, s, s, Fixed(Class1));
     EXPECT_EQ(s.irrow1, 1.0);
     EXPECT_EQ(s.secline[1].status, kWithin);
     s.mysec[0] = 100.001;
-    ControlSection(s, Fixed(Class1));
+    ControlSection(s, s, s, s, s, Fixed(Class1));
     EXPECT_EQ(s.secline[1].status, kAbove);
 }
 
@@ -425,11 +436,11 @@ TEST(ControlSection, PlacesTheAxialRowWhereAsked)
     s.xi[0] = 0.125F;
     SectionRoutines r = Fixed(Class1);
     r.placed_axial = true;
-    ControlSection(s, r);
+    ControlSection(s, s, s, s, s, r);
     EXPECT_EQ(LimitOf(s.secline[1]), " ({r}L; Ch 6.2.3)");
     EXPECT_EQ(s.secline[1].place[0], 0.125);
     s.ned = 500;
-    ControlSection(s, r);
+    ControlSection(s, s, s, s, s, r);
     EXPECT_EQ(LimitOf(s.secline[1]), " ({r}L; Ch 6.2.4)");
 }
 
@@ -438,7 +449,7 @@ TEST(ControlSection, LeavesShearOutOfTheLabelsWhereAsked)
     SectionRoutines r = Fixed(Class1);
     r.shear_labels = false;
     ProjectState s = State({500, 72, 30, 150, 70});
-    ControlSection(s, r);
+    ControlSection(s, s, s, s, s, r);
     EXPECT_EQ(LabelOf(s.secline[1]), "IR = My,Ed/My,Rd = ");
     EXPECT_EQ(LimitOf(s.secline[1]), " ({r}L; Ch 6.2.5)");
     EXPECT_EQ(LabelOf(s.secline[2]), "IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ");
@@ -451,7 +462,7 @@ TEST(ControlSection, LeavesTheZAxisOutWhereAsked)
     r.class_z = nullptr;
     r.reduce_mz = r.reduce_mnz = nullptr;
     ProjectState s = State({500, 40, 49, 20, 59});
-    ControlSection(s, r);
+    ControlSection(s, s, s, s, s, r);
     EXPECT_EQ(LabelOf(s.secline[2]), "IR = My,Ed/MN,y,Rd = ");
     EXPECT_EQ(LabelOf(s.secline[3]), "IR = Vz,Ed/Vz,Rd = ");
     EXPECT_EQ(s.irrow3, 0.1);
@@ -462,23 +473,26 @@ TEST(ControlSection, WritesExponentsWithOneDecimalWhereAsked)
     SectionRoutines r = Fixed(Class1);
     r.tube_exponents = true;
     ProjectState s = State({500, 72, 30, 0, 0});
-    ControlSection(s, r);
+    ControlSection(s, s, s, s, s, r);
     EXPECT_EQ(CalculationOf(s.secline[2]), "({F}/{F})^{F}+({F}/{F})^{F} = ");
     s.ned = 0;
-    ControlSection(s, r);
+    ControlSection(s, s, s, s, s, r);
     EXPECT_EQ(CalculationOf(s.secline[2]), "[{F}/{F}]^{R}+({F}/{F})^{R} = ");
 }
 
 TEST(ControlSection, CallsTheHookWithTheSignedMoment)
 {
     SectionRoutines r = Fixed(Class1);
-    r.enter = [](ProjectState& s) { s.mytoprd = s.mysigned < 0 ? 50 : 100; };
-    r.reduce_my = [](ProjectState& s) { s.myrdv = s.mytoprd; };
+    r.enter = [](SectionRecord& section, const SectionChecks& checks) {
+        section.wytop = checks.mysigned < 0 ? 50 : 100;
+    };
+    r.reduce_my = [](const Inputs&, const SectionRecord& section, const Resistances&, const Forces&,
+                     SectionChecks& checks) { checks.myrdv = section.wytop; };
     ProjectState s = State({0, 40, 0, 0, 0});
-    ControlSection(s, r);
+    ControlSection(s, s, s, s, s, r);
     EXPECT_EQ(s.irrow1, 0.4);
     s.mysec[0] = -40;
-    ControlSection(s, r);
+    ControlSection(s, s, s, s, s, r);
     EXPECT_EQ(s.irrow1, 0.8);
     EXPECT_EQ(s.myed, 40.0);
     EXPECT_EQ(s.mysigned, -40.0);
@@ -486,12 +500,13 @@ TEST(ControlSection, CallsTheHookWithTheSignedMoment)
 
 TEST(ControlSection, HandsTheClassesForcesAndClassInUse)
 {
-    SectionRoutines r = Fixed(
-        [](ProjectState&, float n, float m) { return n == -500 && m == 40 ? i16{3} : i16{1}; });
-    r.reduce_my = [](ProjectState& s) { s.myrdv = s.classmyuse == 3 ? 80 : 100; };
+    SectionRoutines r = Fixed([](const Inputs&, SectionRecord&, const SectionChecks&, float n,
+                                 float m) { return n == -500 && m == 40 ? i16{3} : i16{1}; });
+    r.reduce_my = [](const Inputs&, const SectionRecord&, const Resistances&, const Forces&,
+                     SectionChecks& checks) { checks.myrdv = checks.classmyuse == 3 ? 80 : 100; };
     ProjectState s = State({-500, -40, 0, 0, 0});
     s.classmy = 2;
-    ControlSection(s, r);
+    ControlSection(s, s, s, s, s, r);
     EXPECT_EQ(s.irrow1, 0.4);         // class of My alone
     EXPECT_EQ(s.irrow2, 0.25 + 0.5);  // class 3 with N
 }
@@ -499,10 +514,10 @@ TEST(ControlSection, HandsTheClassesForcesAndClassInUse)
 TEST(ControlSection, EndsInTheTrapWithoutResistance)
 {
     SectionRoutines r = Fixed(Class1);
-    r.reduce_mny = [](ProjectState& s) { s.mnyrd = 0; };
+    r.reduce_mny = Give<&SectionChecks::mnyrd, 0>;
     ProjectState s = State({500, 40, 0, 0, 0});
     ArmTrap();
-    ControlSection(s, r);
+    ControlSection(s, s, s, s, s, r);
     EXPECT_THROW(CheckTrap(), CalculationStop);
     ArmTrap();
 }
@@ -511,7 +526,7 @@ TEST(ControlSection, StopsAtAnIndexBeyondTheSections)
 {
     ProjectState s = State({0, 40, 0, 0, 0});
     s.npts = kCheckSections;
-    EXPECT_THROW(ControlSection(s, Fixed(Class1)), CalculationStop);
+    EXPECT_THROW(ControlSection(s, s, s, s, s, Fixed(Class1)), CalculationStop);
 }
 
 TEST(TakeRow, ClearsTheRowAndJudgesIt)
@@ -520,14 +535,14 @@ TEST(TakeRow, ClearsTheRowAndJudgesIt)
     SetSteel(s, 235);
     s.secline[2].label[2] = "left";
     s.secline[2].number[11] = 7;
-    ResultRow& row = TakeRow(s, 2, 1.5);
+    ResultRow& row = TakeRow(s, s, 2, 1.5);
     EXPECT_EQ(&row, &s.secline[2]);
     EXPECT_EQ(RowRatio(s, 2), 1.5);
     EXPECT_EQ(row.ir, 1.5);
     EXPECT_EQ(row.status, kAbove);
     EXPECT_TRUE(row.label[2].empty());
     EXPECT_EQ(row.number[11], 0.0);
-    EXPECT_THROW(TakeRow(s, 4, 1), CalculationStop);
+    EXPECT_THROW(TakeRow(s, s, 4, 1), CalculationStop);
     EXPECT_THROW(RowRatio(s, 0), CalculationStop);
 }
 

@@ -49,7 +49,7 @@ TEST(EdgeCases, AnUnknownCombinationHasNoText)
     const std::string text = GoverningText(s);
     EXPECT_EQ(text.find("6.10"), std::string::npos);
     EXPECT_EQ(text.find("Basic"), std::string::npos);
-    EXPECT_EQ(StrengthFactors(s, 9), (LoadFactors{0, 0, 0}));
+    EXPECT_EQ(StrengthFactors(s, s, 9), (LoadFactors{0, 0, 0}));
 }
 
 TEST(EdgeCases, AnUnknownSupportCaseHasNoCriticalMoment)

@@ -247,8 +247,8 @@ ProjectState Calculated(const std::string& lines)
     ProjectState s = MemberOf(kUnloaded + lines);
     EXPECT_TRUE(Calculate(DeliveredTables(), s)) << lines;
     if (s.family == 31) {
-        CalcVortexFrequency(s);
-        CalcVortex(s);
+        CalcVortexFrequency(s, s, s);
+        CalcVortex(s, s, s);
     }
     return s;
 }

@@ -87,8 +87,8 @@ TEST(Pages, VortexOfEveryFamilyCovered)
     for (const int family : {6, 7, 8, 9, 23, 31}) {
         SCOPED_TRACE(family);
         ProjectState s = Designed(family);
-        CalcVortexFrequency(s);
-        CalcVortex(s);
+        CalcVortexFrequency(s, s, s);
+        CalcVortex(s, s, s);
         const PrintedReport report = PrintVortex(Delivered(), s, kStamp);
         EXPECT_THAT(report.missing, IsEmpty());
         ExpectLegible(report);
@@ -130,8 +130,8 @@ TEST(Pages, LongValuesKeepTheirUnits)
 TEST(Pages, WindDataStandInTheirOrder)
 {
     ProjectState s = Designed(31);
-    CalcVortexFrequency(s);
-    CalcVortex(s);
+    CalcVortexFrequency(s, s, s);
+    CalcVortex(s, s, s);
     const std::vector<std::string> lines = LinesOf(PrintVortex(Delivered(), s, kStamp));
     const auto row = [&](const char* name) {
         return std::find_if(lines.begin(), lines.end(),
@@ -177,8 +177,8 @@ TEST(Pages, ProfilesAreNamedAsTheirFamilyAsks)
 TEST(Pages, AWarningStandsBelowTheHeadOfEveryReport)
 {
     ProjectState s = Designed(31);
-    CalcVortexFrequency(s);
-    CalcVortex(s);
+    CalcVortexFrequency(s, s, s);
+    CalcVortex(s, s, s);
     PrintStamp stamp = kStamp;
     stamp.warning = "Beware: " + std::string(60, 'n') + " " + std::string(60, 'm');
     for (const PrintedReport& report :

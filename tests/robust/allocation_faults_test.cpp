@@ -229,8 +229,8 @@ ProjectState MuchToShow()
         s.nload[k] = 10;
     }
     EXPECT_TRUE(Calculate(Delivered(), s));
-    CalcVortexFrequency(s);
-    CalcVortex(s);
+    CalcVortexFrequency(s, s, s);
+    CalcVortex(s, s, s);
     return s;
 }
 

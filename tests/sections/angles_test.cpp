@@ -15,7 +15,7 @@ using std::numbers::sqrt2;
 ProjectState AngleOf(int family, std::string_view key)
 {
     ProjectState s = Chosen(family, key);
-    PropertiesAngle(Delivered(), s);
+    PropertiesAngle(Delivered(), s, s);
     return s;
 }
 
@@ -118,7 +118,7 @@ TEST(UnequalAngle, DistancesArePositive)
     ProjectState s = OfFamily(11);
     for (int row = 0; row < RowCount(Table::l2); ++row) {
         ChooseRow(s, row);
-        PropertiesAngle(Delivered(), s);
+        PropertiesAngle(Delivered(), s, s);
         for (const float distance : {s.u1, s.u2, s.v1, s.v2, s.v3, s.cu}) {
             EXPECT_GT(distance, 0) << RowName(Delivered(), Table::l2, row);
         }
@@ -131,7 +131,7 @@ TEST(Angle, BehindTheTableDividesByZero)
         ProjectState s = OfFamily(family);
         ChooseRow(s, row);
         ArmTrap();
-        PropertiesAngle(Delivered(), s);
+        PropertiesAngle(Delivered(), s, s);
         EXPECT_THROW(CheckTrap(), CalculationStop) << family;
     }
     ArmTrap();

@@ -13,7 +13,7 @@ using std::numbers::pi;
 TEST(Upe, DerivesGeometryAndModuli)
 {
     ProjectState s = Chosen(5, "300");
-    PropertiesUpe(Delivered(), s);
+    PropertiesUpe(Delivered(), s, s);
     EXPECT_EQ(s.hw, 270);
     EXPECT_EQ(s.d, 240);
     EXPECT_EQ(s.cflange, 75.5F);  // 100 - 9.5 - 15
@@ -39,7 +39,7 @@ TEST(Upe, DerivesGeometryAndModuli)
 TEST(Upe, CountsTheShearCentreFromTheMiddleOfTheWebD54)
 {
     ProjectState s = Chosen(5, "300");
-    PropertiesUpe(Delivered(), s);
+    PropertiesUpe(Delivered(), s, s);
     ExpectWorked(s.ys, 36.2, "ys");
     ExpectWorked(1.0 * s.ecg + s.ys - s.tw / 2.0, 60.35, "centroid to shear centre");
 }
@@ -49,7 +49,7 @@ TEST(Upe, CountsTheShearCentreFromTheMiddleOfTheWebD54)
 TEST(Unp, DerivesGeometryAndModuli)
 {
     ProjectState s = Chosen(16, "240");
-    PropertiesUnp(Delivered(), s);
+    PropertiesUnp(Delivered(), s, s);
     EXPECT_EQ(s.hw, 214);
     EXPECT_EQ(s.d, 188);
     EXPECT_EQ(s.cflange, 62.5F);
@@ -73,7 +73,7 @@ TEST(Unp, DerivesGeometryAndModuli)
 TEST(Unp, SurfaceTakesOneSlopeOffTheWebD52)
 {
     ProjectState s = Chosen(16, "240");
-    PropertiesUnp(Delivered(), s);
+    PropertiesUnp(Delivered(), s, s);
     const double toes = 2 * 6.5 * (1 - pi / 4);
     ExpectWorked(s.surface,
                  (170 + 240 + 26 + 2 * 62.5 + (240 - 26 - 26 - 11.830) + 13 * pi - toes) / 1000,
@@ -84,7 +84,7 @@ TEST(Unp, SurfaceTakesOneSlopeOffTheWebD52)
 TEST(BritishChannel, ReadsChWithToeRadius)
 {
     ProjectState s = Chosen(103, "76x38x7");
-    PropertiesBritishChannel(Delivered(), s);
+    PropertiesBritishChannel(Delivered(), s, s);
     ExpectWorked(s.hw, 62.6, "hw");          // 76.2 - 2 6.8
     ExpectWorked(s.d, 38.6, "d");            // 62.6 - 2 12
     ExpectWorked(s.cflange, 21, "cflange");  // 38.1 - 5.1 - 12
@@ -109,7 +109,7 @@ TEST(BritishChannel, ReadsChWithToeRadius)
 TEST(BritishChannel, KeepsTheTablesModulus)
 {
     ProjectState s = Chosen(103, "76x38x7");
-    PropertiesBritishChannel(Delivered(), s);
+    PropertiesBritishChannel(Delivered(), s, s);
     ExpectWorked(s.welz, 3780, "welz");
 }
 
@@ -117,7 +117,7 @@ TEST(BritishChannel, KeepsTheTablesModulus)
 TEST(BritishChannel, ReadsPfcWithoutToeRadius)
 {
     ProjectState s = Chosen(103, "100x50x10", 2);
-    PropertiesBritishChannel(Delivered(), s);
+    PropertiesBritishChannel(Delivered(), s, s);
     EXPECT_EQ(s.r, 9);
     EXPECT_EQ(s.r2, 0);
     ExpectWorked(s.a, 1300, "a");
@@ -139,7 +139,7 @@ TEST(BritishChannel, WeightIsIndependentOfTheDensity)
 {
     ProjectState s = Chosen(103, "100x50x10", 2);
     s.density = 1;
-    PropertiesBritishChannel(Delivered(), s);
+    PropertiesBritishChannel(Delivered(), s, s);
     ExpectWorked(s.weight, 10.2, "weight");
 }
 

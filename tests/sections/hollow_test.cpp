@@ -15,7 +15,7 @@ ProjectState HollowOf(int family, std::string_view key, i16 rectaxis = 1)
 {
     ProjectState s = Chosen(family, key);
     s.rectaxis = rectaxis;
-    PropertiesHollow(Delivered(), s);
+    PropertiesHollow(Delivered(), s, s);
     return s;
 }
 
@@ -146,7 +146,7 @@ ProjectState BoxOf(float h, float b, float tw, float tf, float bo)
 {
     ProjectState s = OfFamily(23);
     s.p23 = {h, b, tw, tf, bo};
-    PropertiesBox(Delivered(), s);
+    PropertiesBox(Delivered(), s, s);
     return s;
 }
 

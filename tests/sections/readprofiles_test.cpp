@@ -222,13 +222,13 @@ TEST(ChosenRow, BehindTheTableDividesByZero)
     ProjectState s = OfFamily(1);
     ChooseRow(s, 24);
     ArmTrap();
-    PropertiesRolledI(Delivered(), s);
+    PropertiesRolledI(Delivered(), s, s);
     EXPECT_THROW(CheckTrap(), CalculationStop);
 
     s = OfFamily(7);
     ChooseRow(s, 165);
     ArmTrap();
-    PropertiesHollow(Delivered(), s);
+    PropertiesHollow(Delivered(), s, s);
     EXPECT_THROW(CheckTrap(), CalculationStop);
     ArmTrap();
 }
@@ -237,15 +237,15 @@ TEST(ChosenRow, BeyondTheReservedRowsStopsThePass)
 {
     ProjectState s = OfFamily(1);
     ChooseRow(s, 29);
-    EXPECT_THROW(PropertiesRolledI(Delivered(), s), CalculationStop);
+    EXPECT_THROW(PropertiesRolledI(Delivered(), s, s), CalculationStop);
     ChooseRow(s, -1);
-    EXPECT_THROW(PropertiesRolledI(Delivered(), s), CalculationStop);
+    EXPECT_THROW(PropertiesRolledI(Delivered(), s, s), CalculationStop);
 }
 
 TEST(ChosenRow, WithoutTablesStopsThePass)
 {
     ProjectState s = OfFamily(1);
-    EXPECT_THROW(PropertiesRolledI(Library{}, s), CalculationStop);
+    EXPECT_THROW(PropertiesRolledI(Library{}, s, s), CalculationStop);
 }
 
 }  // namespace

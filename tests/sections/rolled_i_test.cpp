@@ -16,7 +16,7 @@ using std::numbers::pi;
 TEST(RolledI, DerivesGeometryAndPlasticModuli)
 {
     ProjectState s = Chosen(1, "100");
-    PropertiesRolledI(Delivered(), s);
+    PropertiesRolledI(Delivered(), s, s);
     EXPECT_EQ(s.h, 96);
     EXPECT_EQ(s.b, 100);
     EXPECT_EQ(s.tf, 8);
@@ -48,7 +48,7 @@ TEST(RolledI, DerivesGeometryAndPlasticModuli)
 TEST(RolledI, ReadsIpeWithoutKeyColumn)
 {
     ProjectState s = Chosen(4, "600");
-    PropertiesRolledI(Delivered(), s);
+    PropertiesRolledI(Delivered(), s, s);
     EXPECT_EQ(s.h, 600);
     EXPECT_EQ(s.b, 220);
     EXPECT_EQ(s.tf, 19);
@@ -64,7 +64,7 @@ TEST(RolledI, TakesTheSeriesOfTheFamily)
 {
     for (const auto& [family, depth] : {std::pair{1, 190.0F}, {2, 200.0F}, {3, 220.0F}}) {
         ProjectState s = Chosen(family, "200");
-        PropertiesRolledI(Delivered(), s);
+        PropertiesRolledI(Delivered(), s, s);
         EXPECT_EQ(s.h, depth);
     }
 }
@@ -73,7 +73,7 @@ TEST(RolledI, TakesTheSeriesOfTheFamily)
 TEST(RolledI, ThicknessOfFortyIsExact)
 {
     ProjectState s = Chosen(3, "1000");  // HEM 1000: tf 40, tw 21
-    PropertiesRolledI(Delivered(), s);
+    PropertiesRolledI(Delivered(), s, s);
     EXPECT_EQ(s.tmax, 40.0F);
 }
 
@@ -81,7 +81,7 @@ TEST(RolledI, WeightFollowsTheDensity)
 {
     ProjectState s = Chosen(1, "200");
     s.density = 8000;
-    PropertiesRolledI(Delivered(), s);
+    PropertiesRolledI(Delivered(), s, s);
     ExpectWorked(s.weight, 5383 * 8000e-6, "weight");
 }
 
@@ -89,7 +89,7 @@ TEST(RolledI, WeightFollowsTheDensity)
 TEST(Inp, ReadsPlasticModuliAndTapersTheSurface)
 {
     ProjectState s = Chosen(15, "240");
-    PropertiesInp(Delivered(), s);
+    PropertiesInp(Delivered(), s, s);
     ExpectWorked(s.r, 8.7, "r");
     ExpectWorked(s.hw, 213.8, "hw");
     ExpectWorked(s.d, 196.4, "d");
@@ -111,16 +111,16 @@ TEST(Inp, ReadsPlasticModuliAndTapersTheSurface)
 TEST(HalfFlange, StandsForTheOutstandOfTheseSeriesD51)
 {
     ProjectState s = Chosen(15, "240");
-    PropertiesInp(Delivered(), s);
+    PropertiesInp(Delivered(), s, s);
     EXPECT_EQ(s.cflange, 53);
     EXPECT_GT(s.cflange, (s.b - s.tw - 2 * s.r) / 2);
 
     s = Chosen(101, "838x292x176");
-    PropertiesBritishI(Delivered(), s);
+    PropertiesBritishI(Delivered(), s, s);
     ExpectWorked(s.cflange, 145.85, "UB");
 
     s = Chosen(102, "76x76x13");
-    PropertiesBritishI(Delivered(), s);
+    PropertiesBritishI(Delivered(), s, s);
     ExpectWorked(s.cflange, 38.1, "J");
 }
 
@@ -128,7 +128,7 @@ TEST(HalfFlange, StandsForTheOutstandOfTheseSeriesD51)
 TEST(BritishI, TakesMassSurfaceAndModuliFromTheTable)
 {
     ProjectState s = Chosen(101, "838x292x176");
-    PropertiesBritishI(Delivered(), s);
+    PropertiesBritishI(Delivered(), s, s);
     EXPECT_EQ(s.weight, 175.9F);
     EXPECT_EQ(s.surface, 2.778F);
     ExpectWorked(s.hw, 797.3, "hw");  // 834.9 - 2 18.8
@@ -150,7 +150,7 @@ TEST(BritishI, WeightIsIndependentOfTheDensity)
     for (const int series : {1, 2, 3}) {
         ProjectState s = OfFamily(101, series);
         s.density = 1;
-        PropertiesBritishI(Delivered(), s);
+        PropertiesBritishI(Delivered(), s, s);
         EXPECT_GT(s.weight, 10);
     }
 }
@@ -158,10 +158,10 @@ TEST(BritishI, WeightIsIndependentOfTheDensity)
 TEST(BritishI, ReadsTheSeriesChosen)
 {
     ProjectState s = Chosen(101, "254x254x167", 2);
-    PropertiesBritishI(Delivered(), s);
+    PropertiesBritishI(Delivered(), s, s);
     ExpectWorked(s.weight, 167.1, "UC");
     s = Chosen(101, "356x368x174", 3);
-    PropertiesBritishI(Delivered(), s);
+    PropertiesBritishI(Delivered(), s, s);
     ExpectWorked(s.weight, 173.9, "UBP");
 }
 
@@ -169,7 +169,7 @@ TEST(BritishI, ReadsTheSeriesChosen)
 TEST(BritishI, JoistGeometryIsThatOfTheOthers)
 {
     ProjectState s = Chosen(102, "76x76x13");
-    PropertiesBritishI(Delivered(), s);
+    PropertiesBritishI(Delivered(), s, s);
     ExpectWorked(s.hw, 59.4, "hw");
     ExpectWorked(s.d, 40.6, "d");
     ExpectWorked(s.a, 1624, "a");
@@ -181,7 +181,7 @@ ProjectState Welded(float h, float b, float tw, float tf)
 {
     ProjectState s = OfFamily(21);
     s.p21 = {h, b, tw, tf};
-    PropertiesWeldedI(Delivered(), s);
+    PropertiesWeldedI(Delivered(), s, s);
     return s;
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 struct Routine {
     int family, series;
-    void (*properties)(const Library&, ProjectState&);
+    void (*properties)(const Library&, const Inputs& in, SectionRecord& section);
 };
 
 const Routine kRoutines[] = {
@@ -60,16 +60,16 @@ TEST(SectionRecord, DoesNotDependOnTheFamilyBefore)
     for (const Routine& before : kRoutines) {
         for (const Routine& routine : kRoutines) {
             ProjectState fresh = Inputs(routine);
-            routine.properties(Delivered(), fresh);
+            routine.properties(Delivered(), fresh, fresh);
 
             ProjectState used = Inputs(before);
-            before.properties(Delivered(), used);
+            before.properties(Delivered(), used, used);
             used.family = static_cast<i16>(routine.family);
             used.series101 = used.series103 = static_cast<i16>(routine.series);
             // Welded families and plates leave these behind.
             used.zcog = used.btop = used.tbot = used.wytop = used.wplplus = used.flangefactor = 77;
             used.zpl = 77;
-            routine.properties(Delivered(), used);
+            routine.properties(Delivered(), used, used);
             // Classes belong to the resistance stage, except where the user chooses them.
             used.classn = fresh.classn;
             used.classmy = fresh.classmy;
@@ -84,7 +84,7 @@ TEST(SectionRecord, ReadsNoInputAway)
     for (const Routine& routine : kRoutines) {
         const ProjectState inputs = Inputs(routine);
         ProjectState s = inputs;
-        routine.properties(Delivered(), s);
+        routine.properties(Delivered(), s, s);
         EXPECT_EQ(s.family, inputs.family);
         EXPECT_EQ(s.row, inputs.row);
         EXPECT_EQ(s.density, inputs.density);

@@ -15,7 +15,7 @@ ProjectState BarOf(float h, float t)
 {
     ProjectState s = OfFamily(28);
     s.p28 = {h, t};
-    PropertiesFlatBar(Delivered(), s);
+    PropertiesFlatBar(Delivered(), s, s);
     return s;
 }
 
@@ -66,7 +66,7 @@ TEST(Tube, IsARing)
 {
     ProjectState s = OfFamily(31);
     s.p31 = {300, 10};
-    PropertiesTube(Delivered(), s);
+    PropertiesTube(Delivered(), s, s);
     const double i = pi / 64 * (std::pow(300, 4) - std::pow(280, 4));
     ExpectWorked(s.a, pi / 4 * (90000 - 78400), "a");
     ExpectWorked(s.iy, i, "iy");
@@ -97,7 +97,7 @@ TEST(Tube, WallSelectsTheStrength)
 {
     ProjectState s = OfFamily(31);
     s.p31 = {500, 40};
-    PropertiesTube(Delivered(), s);
+    PropertiesTube(Delivered(), s, s);
     EXPECT_EQ(s.tmax, 40);
 }
 
@@ -105,7 +105,7 @@ ProjectState GeneralOf(const FormP41& form)
 {
     ProjectState s = OfFamily(41);
     s.p41 = form;
-    PropertiesGeneral(Delivered(), s);
+    PropertiesGeneral(Delivered(), s, s);
     return s;
 }
 

@@ -412,7 +412,7 @@ TEST(StiffenedPlate, BulbRectangleMeetsThePublishedSecondMoment)
     std::copy(std::begin(row), std::end(row), hp.value.begin());
     ProjectState s = welded::Default(54);
     s.p54 = {1e-6, 1e-6F};  // the bulb flat nearly alone
-    PropertiesPlate(library, s);
+    PropertiesPlate(library, s, s);
     EXPECT_NEAR(s.zcog, 119.8, 0.1);
     EXPECT_NEAR(s.iy, 1020e4, 0.01 * 1020e4);
 }

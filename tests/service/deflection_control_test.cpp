@@ -1,6 +1,7 @@
 #include "service/deflection_control.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 #include "core/row_text.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@ ProjectState Deflected(double dzmax, double dzmin, double dymax = 0, double dymi
     s.dzmin = dzmin;
     s.dymax = dymax;
     s.dymin = dymin;
-    DeflectionControl(s);
+    DeflectionControl(s, s, s);
     return s;
 }
 
@@ -93,7 +94,7 @@ TEST(DeflectionControl, WithoutDeflectionTheRowIsEmptiedAndKeepsItsStatus)
     s.dzmax = 0;
     s.deflimitz = 0;  // not used without a deflection
     ArmTrap();
-    DeflectionControl(s);
+    DeflectionControl(s, s, s);
     EXPECT_NO_THROW(CheckTrap());
     ResultRow empty{};
     empty.status = kAbove;
@@ -106,7 +107,7 @@ TEST(DeflectionControl, AMissingLimitFails)
     s.dzmax = 1;
     s.deflimitz = 0;
     ArmTrap();
-    DeflectionControl(s);
+    DeflectionControl(s, s, s);
     EXPECT_THROW(CheckTrap(), CalculationStop);
     ArmTrap();
 }

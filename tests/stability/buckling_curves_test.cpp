@@ -1,5 +1,6 @@
 #include "stability/buckling_curves.h"
 
+#include "core/project_state.h"
 #include "stability/test_members.h"
 
 #include <gtest/gtest.h>
@@ -30,7 +31,7 @@ TEST_P(AutomaticCurve, FollowsTable62)
     s.tw = 10;
     s.tmax = c.tf;
     s.tubehot = 1;
-    BucklingCurves(s);
+    BucklingCurves(s, s, s);
     EXPECT_EQ(s.curvey.text(), c.y);
     EXPECT_EQ(s.curvez.text(), c.z);
 }
@@ -80,7 +81,7 @@ TEST(BucklingCurves, TakesTheChosenCurve)
         ProjectState s = members::Heb200();
         s.bcy = c.choice;
         s.bcz = c.choice;
-        BucklingCurves(s);
+        BucklingCurves(s, s, s);
         EXPECT_EQ(s.curvey.text(), c.name);
         EXPECT_EQ(s.curvez.text(), c.name);
         EXPECT_EQ(s.alphay, c.alpha);
@@ -92,7 +93,7 @@ TEST(BucklingCurves, ChoosesEachAxisForItself)
 {
     ProjectState s = members::Heb200();
     s.bcy = 1;
-    BucklingCurves(s);
+    BucklingCurves(s, s, s);
     EXPECT_EQ(s.curvey.text(), "a0");
     EXPECT_EQ(s.curvez.text(), "c");
 }
@@ -102,7 +103,7 @@ TEST(BucklingCurves, ColdTubeTakesC)
     ProjectState s{};
     s.family = 31;
     s.fyk = 460;
-    BucklingCurves(s);
+    BucklingCurves(s, s, s);
     EXPECT_EQ(s.curvey.text(), "c");
     EXPECT_EQ(s.curvez.text(), "c");
 }
@@ -115,10 +116,10 @@ TEST(BucklingCurves, D203HighStrengthBeginsAbove440)
         s.family = static_cast<i16>(family);
         s.tubehot = 1;
         s.fyk = 440;
-        BucklingCurves(s);
+        BucklingCurves(s, s, s);
         const double lower = s.alphay;
         s.fyk = 441;
-        BucklingCurves(s);
+        BucklingCurves(s, s, s);
         EXPECT_LT(s.alphay, lower) << family;
     }
 }
@@ -131,34 +132,34 @@ TEST(BucklingCurves, D204BoxTakesBWithThickWeldsOrSlenderPlates)
     s.h = 299;
     s.tf = 10;
     s.tw = 10;
-    BucklingCurves(s);
+    BucklingCurves(s, s, s);
     EXPECT_EQ(s.curvey.text(), "c");
     s.b = 300;
-    BucklingCurves(s);
+    BucklingCurves(s, s, s);
     EXPECT_EQ(s.curvey.text(), "b");
     s.b = 299;
     s.h = 300;
-    BucklingCurves(s);
+    BucklingCurves(s, s, s);
     EXPECT_EQ(s.curvez.text(), "b");
     s.h = 299;
     s.weldopt = 1;
-    BucklingCurves(s);
+    BucklingCurves(s, s, s);
     EXPECT_EQ(s.curvez.text(), "b");
 }
 
 TEST(BucklingCurves, D205BritishChannelKeepsTheCurveOfTheRunBefore)
 {
     ProjectState s = members::Upe300();
-    BucklingCurves(s);
+    BucklingCurves(s, s, s);
     s.family = 103;
-    BucklingCurves(s);
+    BucklingCurves(s, s, s);
     EXPECT_EQ(s.curvey.text(), "c");
     EXPECT_EQ(s.alphay, 0.49);
     EXPECT_EQ(s.alphaz, 0.49f);
 
     ProjectState fresh{};
     fresh.family = 103;
-    BucklingCurves(fresh);
+    BucklingCurves(fresh, fresh, fresh);
     EXPECT_TRUE(fresh.curvey.empty());
     EXPECT_EQ(fresh.alphay, 0.0);
 }

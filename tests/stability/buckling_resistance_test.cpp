@@ -1,5 +1,6 @@
 #include "stability/buckling_resistance.h"
 
+#include "core/project_state.h"
 #include "stability/buckling_curves.h"
 #include "stability/test_members.h"
 
@@ -15,8 +16,8 @@ constexpr double kPi2 = std::numbers::pi * std::numbers::pi;
 
 void Resist(ProjectState& s)
 {
-    BucklingCurves(s);
-    BucklingResistance(s);
+    BucklingCurves(s, s, s);
+    BucklingResistance(s, s, s, s);
 }
 
 TEST(ReductionFactor, IsOneUpToTheSlenderness02)

@@ -1,5 +1,6 @@
 #include "stability/interaction_angle.h"
 
+#include "core/project_state.h"
 #include "stability/buckling_curves.h"
 #include "stability/buckling_resistance.h"
 #include "stability/test_members.h"
@@ -16,8 +17,8 @@ ProjectState Loaded()
     ProjectState s = members::Angle100();
     members::UniformLoad(s, 2);
     s.ned = 50;
-    BucklingCurves(s);
-    BucklingResistance(s);
+    BucklingCurves(s, s, s);
+    BucklingResistance(s, s, s, s);
     return s;
 }
 
@@ -28,7 +29,7 @@ TEST(CmAngleLoads, TakeTheShapesOfYAndZWithThePrincipalForces)
     s.mzmaxabs = 1;
     s.mzlinear = kTrue;
     s.psiz = 0.5;
-    CmAngleLoads(s);
+    CmAngleLoads(s, s, s, s);
     EXPECT_DOUBLE_EQ(s.cmu, 1 + 0.03 * 50 / s.ncru);
     EXPECT_DOUBLE_EQ(s.cmv, 0.79 + 0.105 + 0.36 * 0.17 * 50 / s.ncrv);
 }
@@ -38,7 +39,7 @@ TEST(CmAngleForces, TakeTheLinearFormula)
     ProjectState s = Loaded();
     s.psiy = 1;
     s.psiz = 0;
-    CmAngleForces(s);
+    CmAngleForces(s, s);
     EXPECT_DOUBLE_EQ(s.cmu, 1.0 + 0.36 * 0.67 * 50 / s.ncru);
     EXPECT_DOUBLE_EQ(s.cmv, 0.79 - 0.36 * 0.33 * 50 / s.ncrv);
 }
@@ -51,7 +52,7 @@ TEST(KAngleAnnexA, D226HasNoTorsionalTerm)
     s.cmu = 0.8;
     s.muz = 0.95;
     s.cmlt = 1.4f;
-    KAngleAnnexA(s);
+    KAngleAnnexA(s, s);
     EXPECT_EQ(s.cmlt, 1.0f);
     EXPECT_NEAR(s.kvv, 0.9 / (1 - s.chiv * 50 / s.ncrv), 1e-12);
     EXPECT_NEAR(s.kvu, 0.8 * 0.95 / (1 - 50 / s.ncru), 1e-12);
@@ -62,7 +63,7 @@ TEST(KAngleAnnexA, FinishesAtTheCriticalForce)
     ProjectState s = Loaded();
     s.cmv = s.cmu = s.muz = 1;
     s.ncrv = s.ncru = s.ned;
-    KAngleAnnexA(s);
+    KAngleAnnexA(s, s);
     EXPECT_NEAR(s.kvv, 1 / (1 - s.chiv), 1e-12);
     EXPECT_TRUE(std::isfinite(s.kvu));
 }
@@ -73,11 +74,11 @@ TEST(KAngleAnnexB, D227BothFactorsAreThoseOfV)
     s.cmv = 0.9;
     s.cmu = 0.5;
     s.lamv = 0.8;
-    KAngleAnnexB(s);
+    KAngleAnnexB(s, s);
     EXPECT_NEAR(s.kvv, 0.9 * (1 + 0.48 * 50 / s.nbvrd), 1e-12);
     EXPECT_EQ(s.kvu, s.kvv);
     s.lamv = 1.6;
-    KAngleAnnexB(s);
+    KAngleAnnexB(s, s);
     EXPECT_NEAR(s.kvv, 0.9 * (1 + 0.6 * 50 / s.nbvrd), 1e-12);
 }
 
@@ -87,13 +88,13 @@ TEST(AnglePrincipalMoments, AddAsSizes)
     ProjectState s = members::Angle100();
     s.mydesign = -4;
     s.mzdesign = 2;
-    const PrincipalMoments m = AnglePrincipalMoments(s);
+    const PrincipalMoments m = AnglePrincipalMoments(s, s, s, s);
     EXPECT_NEAR(m.mu, 4.2426, 5e-5);
     EXPECT_NEAR(m.mv, 4.2426, 5e-5);
     EXPECT_NEAR(m.murd, 14.81, 1e-9);
     EXPECT_NEAR(m.mvrd, 6.493, 1e-9);
     s.gammam1 = 1.1f;
-    EXPECT_NEAR(AnglePrincipalMoments(s).murd, 14.81 / 1.1, 1e-5);
+    EXPECT_NEAR(AnglePrincipalMoments(s, s, s, s).murd, 14.81 / 1.1, 1e-5);
 }
 
 TEST(AnglePrincipalMoments, TurnByTheAngle)
@@ -101,7 +102,7 @@ TEST(AnglePrincipalMoments, TurnByTheAngle)
     ProjectState s = members::Angle100();
     s.alfa = 30;
     s.mydesign = 10;
-    const PrincipalMoments m = AnglePrincipalMoments(s);
+    const PrincipalMoments m = AnglePrincipalMoments(s, s, s, s);
     EXPECT_NEAR(m.mu, 8.6603, 5e-5);
     EXPECT_NEAR(m.mv, 5.0, 1e-9);
 }

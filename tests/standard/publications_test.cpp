@@ -2,6 +2,8 @@
 
 #include "standard/standard_member.h"
 
+#include "core/project_state.h"
+
 namespace kestrum {
 namespace {
 

@@ -14,12 +14,12 @@ inline void Design(ProjectState& s, float fyk = 355)
 {
     SetSteel(s, fyk);
     if (s.family == 23) {
-        PropertiesBox(Delivered(), s);
+        PropertiesBox(Delivered(), s, s);
     } else {
-        PropertiesHollow(Delivered(), s);
+        PropertiesHollow(Delivered(), s, s);
     }
-    CalcEffectiveHollow(s);
-    CalcResistanceHollow(s);
+    CalcEffectiveHollow(s, s);
+    CalcResistanceHollow(s, s, s, s);
 }
 
 inline ProjectState Rolled(int family, const char* key)
@@ -40,7 +40,7 @@ inline ProjectState Box(FormP23 plates)
 inline void Control(ProjectState& s, const EndForces& forces)
 {
     SetForces(s, forces);
-    ControlHollow(s);
+    ControlHollow(s, s, s, s, s, s);
 }
 
 }  // namespace kestrum

@@ -16,21 +16,21 @@ inline const double kRoot3 = std::sqrt(3.0);
 
 inline void Design(ProjectState& s, const EndForces& f)
 {
-    CalcEffectiveI(s);
-    CalcResistanceI(s);
+    CalcEffectiveI(s, s);
+    CalcResistanceI(s, s, s, s);
     SetForces(s, f);
-    ControlRolledI(s);
+    ControlRolledI(s, s, s, s, s, s);
 }
 
 inline ProjectState Rolled(int family, const char* key, float fyk)
 {
     ProjectState s = Chosen(family, key);
     if (family <= 4) {
-        PropertiesRolledI(Delivered(), s);
+        PropertiesRolledI(Delivered(), s, s);
     } else if (family == 15) {
-        PropertiesInp(Delivered(), s);
+        PropertiesInp(Delivered(), s, s);
     } else {
-        PropertiesBritishI(Delivered(), s);
+        PropertiesBritishI(Delivered(), s, s);
     }
     SetSteel(s, fyk);
     return s;
@@ -40,7 +40,7 @@ inline ProjectState Welded(float h, float b, float tw, float tf, float fyk)
 {
     ProjectState s = OfFamily(21);
     s.p21 = {h, b, tw, tf};
-    PropertiesWeldedI(Delivered(), s);
+    PropertiesWeldedI(Delivered(), s, s);
     SetSteel(s, fyk);
     return s;
 }

@@ -3,6 +3,7 @@
 // States with the default dimensions of the welded families, S355, recommended annex values
 // (gammam0 = gammam1 = 1, eta 1.2), and their property routines.
 
+#include "core/project_state.h"
 #include "sections/readprofiles.h"
 #include "sections/welded_hsq.h"
 #include "sections/welded_plate.h"
@@ -71,16 +72,16 @@ inline void Properties(kestrum::ProjectState& s)
     static const kestrum::Library library = Stiffeners();
     switch (s.family) {
     case 22:
-        return PropertiesSingleSymmetricI(library, s);
+        return PropertiesSingleSymmetricI(library, s, s);
     case 24:
     case 25:
-        return PropertiesHsq(library, s);
+        return PropertiesHsq(library, s, s);
     case 26:
-        return PropertiesT(library, s);
+        return PropertiesT(library, s, s);
     case 27:
-        return PropertiesUnequalBox(library, s);
+        return PropertiesUnequalBox(library, s, s);
     default:
-        return PropertiesPlate(library, s);
+        return PropertiesPlate(library, s, s);
     }
 }
 

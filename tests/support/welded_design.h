@@ -17,21 +17,21 @@ inline void Prepare(kestrum::ProjectState& s)
     Properties(s);
     switch (s.family) {
     case 22:
-        CalcEffectiveSingleI(s);
-        return CalcResistanceSingleI(s);
+        CalcEffectiveSingleI(s, s);
+        return CalcResistanceSingleI(s, s, s, s);
     case 24:
     case 25:
-        CalcEffectiveHsq(s);
-        return CalcResistanceHsq(s);
+        CalcEffectiveHsq(s, s);
+        return CalcResistanceHsq(s, s, s, s);
     case 26:
-        CalcEffectiveT(s);
-        return CalcResistanceT(s);
+        CalcEffectiveT(s, s);
+        return CalcResistanceT(s, s, s, s);
     case 27:
-        CalcEffectiveBox(s);
-        return CalcResistanceBox(s);
+        CalcEffectiveBox(s, s);
+        return CalcResistanceBox(s, s, s, s);
     default:
-        CalcEffectivePlate(s);
-        return CalcResistancePlate(s);
+        CalcEffectivePlate(s, s);
+        return CalcResistancePlate(s, s, s, s);
     }
 }
 
@@ -63,15 +63,15 @@ inline void Control(kestrum::ProjectState& s, const SectionForces& f)
     SetForces(s, f);
     switch (s.family) {
     case 22:
-        return ControlSingleI(s);
+        return ControlSingleI(s, s, s, s, s, s);
     case 24:
     case 25:
     case 27:
-        return ControlHsq(s);
+        return ControlHsq(s, s, s, s, s, s);
     case 26:
-        return ControlT(s);
+        return ControlT(s, s, s, s, s, s);
     default:
-        return ControlPlate(s);
+        return ControlPlate(s, s, s, s, s, s);
     }
 }
 

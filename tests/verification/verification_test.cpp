@@ -119,8 +119,8 @@ ProjectState Solve(const Problem& problem)
     ProjectState s = MemberOf(kUnloaded + problem.fields);
     Calculate(DeliveredTables(), s);
     if (VortexFamily(s.family)) {
-        CalcVortexFrequency(s);
-        CalcVortex(s);
+        CalcVortexFrequency(s, s, s);
+        CalcVortex(s, s, s);
     }
     return s;
 }
