@@ -3,6 +3,7 @@
 #include "clauses/classify.h"
 #include "core/annexes.h"
 #include "core/material.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -189,7 +190,7 @@ void SetChannel(const ProjectState& s, StandardSection& q)
     q.right = q.b - q.left;
     // D54: the tables of parallel flange channels count the shear centre from the middle of the
     // web.
-    const bool from_middle = s.family == 5;
+    const bool from_middle = Traits(s).shape.faces == FlangeFaces::parallel;
     q.centre_y = -(static_cast<double>(s.ecg) + s.ys - (from_middle ? q.tw / 2 : 0));
 }
 
