@@ -28,9 +28,9 @@ build_and_test() { # preset, further cmake arguments
 coverage() {
     build_and_test coverage
     say "Coverage of the calculation"
-    gcovr --root . --filter 'src/(core|clauses|sections|analysis|design|stability|service|engine)/' \
+    gcovr --root . --filter 'src/(core|clauses|sections|analysis|design|stability|service|standard|engine)/' \
         --exclude-throw-branches --exclude-unreachable-branches --branches build/coverage | tail -n 60
-    gcovr --root . --filter 'src/(core|clauses|sections|analysis|design|stability|service|engine)/' \
+    gcovr --root . --filter 'src/(core|clauses|sections|analysis|design|stability|service|standard|engine)/' \
         --exclude-throw-branches --exclude-unreachable-branches build/coverage | tail -n 60
 }
 
@@ -70,7 +70,7 @@ fi
 if [ "${1:-}" = --full ]; then
     build_and_test clang
     say "Static analysis"
-    run-clang-tidy-14 -quiet -p build/clang "$(pwd)/src/(core|clauses|sections|analysis|design|stability|service|engine|report|app|cli)/.*" ||
+    run-clang-tidy-14 -quiet -p build/clang "$(pwd)/src/(core|clauses|sections|analysis|design|stability|service|standard|engine|report|app|cli)/.*" ||
         die "clang-tidy found something"
     coverage
     say "The windows under the sanitizers"

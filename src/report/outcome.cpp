@@ -26,6 +26,12 @@ const ResultRow* Worse(const ResultRow* a, const ResultRow* b)
     return a == nullptr || b->ir > a->ir ? b : a;
 }
 
+// Given end forces have no deflection: the rows are those of the last calculation with loads.
+bool DeflectionCounts(const ProjectState& s)
+{
+    return s.checksls != kFalse && s.loadmode == 1;
+}
+
 const ResultRow* GoverningRow(const ProjectState& s)
 {
     const ResultRow* row = nullptr;
@@ -35,7 +41,7 @@ const ResultRow* GoverningRow(const ProjectState& s)
     for (const ResultRow* other : {&s.yline, &s.zline, &s.ltline}) {
         row = Worse(row, other);
     }
-    if (s.checksls != kFalse) {
+    if (DeflectionCounts(s)) {
         row = Worse(Worse(row, &s.deflinez), &s.defliney);
     }
     return row;
@@ -44,7 +50,7 @@ const ResultRow* GoverningRow(const ProjectState& s)
 double GoverningRatio(const ProjectState& s)
 {
     double ir = std::max(s.irsection, s.maxirbuckling);
-    if (s.checksls != kFalse) {
+    if (DeflectionCounts(s)) {
         for (const ResultRow* row : {&s.deflinez, &s.defliney}) {
             ir = std::max(ir, row->empty() ? 0.0 : row->ir);
         }
