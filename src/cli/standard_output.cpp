@@ -42,7 +42,7 @@ std::string ChecksJson(const StandardResult& result)
 std::string OutsideJson(const StandardResult& result)
 {
     std::string text;
-    for (const std::string_view reason : result.outside) {
+    for (const std::string& reason : result.outside) {
         text += (text.empty() ? "" : ", ") + JsonText(reason);
     }
     return "[" + text + "]";
@@ -53,8 +53,8 @@ std::string OutsideJson(const StandardResult& result)
 std::string StandardText(const StandardResult& result, const Outcome& program)
 {
     std::string text;
-    for (const std::string_view reason : result.outside) {
-        text += "standard: " + std::string(reason) + "\n";
+    for (const std::string& reason : result.outside) {
+        text += "standard: " + reason + "\n";
     }
     if (!result.rated) {
         return text;

@@ -295,6 +295,9 @@ LateralResult LateralBucklingOf(const ProjectState& s, const PreparedSection& p,
     r.mcr = (s.cmanual != kFalse ? ClosedMoment(s, q, loads, factors, sagging)
                                  : NumericalMoment(s, q, loads, factors, lines, size)) /
             kNmm;
+    if (!(r.mcr > 0)) {
+        return r;  // no resistance
+    }
     const HoldingPieces pieces = PiecesHolding(s, most.x);
     const bool always_c1 = s.annexindex == kAnnexUk;
     for (std::size_t i = 0; i < pieces.count; ++i) {

@@ -1,10 +1,10 @@
 #include "standard/standard.h"
 
-#include "clauses/critical_moment.h"
 #include "core/annexes.h"
 #include "core/arithmetic_trap.h"
 #include "core/material.h"
 #include "engine/csection.h"
+#include "engine/validate.h"
 #include "standard/member_checks.h"
 #include "standard/section_checks.h"
 
@@ -81,7 +81,7 @@ void CheckService(const Member& m, Checks& checks)
 }
 
 // What takes the program's rule because the standard basis has no other.
-void NameOutside(const Library& library, const Member& m, std::vector<std::string_view>& outside)
+void NameOutside(const Library& library, const Member& m, std::vector<std::string>& outside)
 {
     const ProjectState& s = m.s;
     const StandardSection& q = m.section.q;
@@ -118,8 +118,13 @@ void Govern(const ProjectState& s, StandardResult& result)
 }
 
 // The program's section step on a copy, for the section record and the switches of the family.
-std::string_view PrepareState(const Library& library, ProjectState& s)
+std::string PrepareState(const Library& library, ProjectState& s)
 {
+    for (const InputFaults& faults : {Validate(s, &library), Unfinished(s)}) {
+        if (faults.count > 0) {
+            return FailureText(faults.fault[0]);
+        }
+    }
     try {
         ArmTrap();
         CalcSection(library, s);
@@ -131,14 +136,8 @@ std::string_view PrepareState(const Library& library, ProjectState& s)
     if (!Covered(s)) {
         return "this family is not covered by the standard basis yet";
     }
-    if (!(s.l > 0) || s.restraints < 0 || s.deflimity == 0 || s.deflimitz == 0) {
-        return "the member has no length, or a limit is missing";
-    }
-    if (s.ltb == 1 && s.restraints > static_cast<int>(kMaxHeld)) {
-        return "lateral torsional buckling with more than 16 restraints";
-    }
     const std::string_view reason = NoSectionReason(library, s);
-    return reason.empty() ? NoLoadsReason(s) : reason;
+    return std::string(reason.empty() ? NoLoadsReason(s) : reason);
 }
 
 }  // namespace
@@ -162,7 +161,7 @@ StandardResult CalculateStandard(const Library& library, const ProjectState& pro
 {
     ProjectState s = project;
     StandardResult result;
-    const std::string_view reason = PrepareState(library, s);
+    const std::string reason = PrepareState(library, s);
     if (!reason.empty()) {
         result.outside.push_back(reason);
         return result;

@@ -8,6 +8,7 @@
 #include "core/project_state.h"
 #include "standard/result.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,10 +17,10 @@ namespace kestrum::standard {
 struct StandardResult {
     bool rated = false;  // there is a result; else `outside` says why not
     Checks checks{};
-    double ir = 0;                            // largest of all checks that count
-    CheckId governing{};                      // its check
-    bool above = false;                       // the limit
-    std::vector<std::string_view> outside{};  // what the standard basis does not cover here
+    double ir = 0;                       // largest of all checks that count
+    CheckId governing{};                 // its check
+    bool above = false;                  // the limit
+    std::vector<std::string> outside{};  // what the standard basis does not cover here
 };
 
 // `s` as read; it is not changed.

@@ -95,7 +95,22 @@ TEST(Rules, BeyondTheTableOfStrengthsThereIsNoRatio)
     const auto result = Rated(s);
     EXPECT_FALSE(result.rated);
     ASSERT_EQ(result.outside.size(), 1U);
-    EXPECT_NE(result.outside[0].find("80 mm"), std::string_view::npos);
+    EXPECT_NE(result.outside[0].find("80 mm"), std::string::npos);
+}
+
+// What the program does not check is not checked by the standard either.
+TEST(Rules, InputsThatCannotBeCalculatedHaveNoRatio)
+{
+    ProjectState s = Named("IPE 300", 6, 235);
+    s.qload[1] = 1;
+    EXPECT_TRUE(Rated(s).rated);
+    s.supportcase = 9;
+    EXPECT_FALSE(Rated(s).rated);
+    s.supportcase = 0;
+    s.ltb = 1;
+    s.cmanual = kTrue;
+    s.c1 = -1;
+    EXPECT_FALSE(Rated(s).rated);
 }
 
 // Table 5.2, sheet 3: 90 eps^2 is the end of class 3.
