@@ -101,11 +101,8 @@ void Govern(const ProjectState& s, StandardResult& result)
     for (std::size_t i = 0; i < kCheckIds; ++i) {
         const auto id = static_cast<CheckId>(i);
         const Check& check = result.checks[id];
-        if (!check.present) {
-            continue;
-        }
-        if (IsDeflection(id)) {
-            result.above = result.above || (s.checksls != kFalse && check.ir > s.irlimit);
+        // Deflections count where their control is part of the result, as in the program's ratio.
+        if (!check.present || (IsDeflection(id) && s.checksls == kFalse)) {
             continue;
         }
         result.above = result.above || check.ir > s.irlimit;
