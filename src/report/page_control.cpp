@@ -428,7 +428,7 @@ void PointToSheet2(PageWriter& page, Figures printed)
 // The first sheet. False where the figures come out smaller than planned.
 bool WriteFirst(PageWriter& page, const Control& control, const Plan& plan)
 {
-    PageHeader(page, control.s, control.stamp, kDesignTitle);
+    PageHeader(page, control.library, control.s, control.stamp, kDesignTitle);
     General(page, control.s);
     ShortProfile(page, control.library, control.s);
     GeometryAndLoading(page, control.s, plan.low);
@@ -455,7 +455,7 @@ void WriteFurther(std::vector<PageWriter>& sheets, const std::string& title, con
     bool figures = left != Figures::none;
     while (figures || line < control.lines.size()) {
         PageWriter& page = sheets.emplace_back(title);
-        PageHeader(page, control.s, control.stamp, kDesignTitle);
+        PageHeader(page, control.library, control.s, control.stamp, kDesignTitle);
         if (figures && PrintFigures(page, control.s, left, 0) == Legibility::none) {
             page.Miss("figures of the loads");
         }

@@ -4,6 +4,7 @@
 #include "core/version.h"
 #include "report/page_notes.h"
 #include "sections/family_table.h"
+#include "sections/load_library.h"
 
 #include <initializer_list>
 
@@ -145,8 +146,8 @@ void SheetNumber(PageWriter& page, std::size_t sheet, std::size_t sheets)
     page.MoveTo(y);
 }
 
-void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp,
-                std::string_view title)
+void PageHeader(PageWriter& page, const Library& library, const ProjectState& s,
+                const PrintStamp& stamp, std::string_view title)
 {
     constexpr double kGap = 2, kWord = 0.8;
     const double left_end = kRightColumn - kGap;
@@ -175,6 +176,7 @@ void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp
     page.Rule();
     page.Row(2);
     PrintWrapped(page, stamp.warning, {.bold = true, .ink = Ink::bad});
+    PrintWrapped(page, OwnDataText(library), {});
 }
 
 std::string ProfileText(const Library& library, const ProjectState& s, bool brief)

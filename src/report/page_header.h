@@ -9,9 +9,10 @@ namespace kestrum {
 constexpr std::string_view kDesignTitle = "Member Design Program incl updates til Jan 2021";
 constexpr std::string_view kVortexTitle = "Vortex shedding according to EN 1991-1-4";
 
-// Six rows and a rule; the page goes on below.
-void PageHeader(PageWriter& page, const ProjectState& s, const PrintStamp& stamp,
-                std::string_view title);
+// Six rows and a rule, a warning, the profile tables that are not the delivered ones; the page goes
+// on below.
+void PageHeader(PageWriter& page, const Library& library, const ProjectState& s,
+                const PrintStamp& stamp, std::string_view title);
 
 // What a report of several sheets writes next to the number of its page: "(sheet 1 of 2)".
 void SheetNumber(PageWriter& page, std::size_t sheet, std::size_t sheets);

@@ -30,7 +30,7 @@ PrintedReport PrintProperties(const Library& library, const ProjectState& s,
 {
     constexpr double kFigure = 88;  // width and height of the section's picture on the page
     PageWriter page("Section property and capacity");
-    PageHeader(page, s, stamp, kDesignTitle);
+    PageHeader(page, library, s, stamp, kDesignTitle);
     MaterialRow(page, s);
 
     const double name =

@@ -81,11 +81,11 @@ void ResultBlock(PageWriter& page, const ProjectState& s)
 
 }  // namespace
 
-PrintedReport PrintVortex(const Library&, const ProjectState& s, const PrintStamp& stamp)
+PrintedReport PrintVortex(const Library& library, const ProjectState& s, const PrintStamp& stamp)
 {
     constexpr double kFigure = 80;
     PageWriter page("Vortex shedding");
-    PageHeader(page, s, stamp, kVortexTitle);
+    PageHeader(page, library, s, stamp, kVortexTitle);
     const Drawing figure = DrawSection(s);
     const double bottom = page.y() + kFigure + kPageRow;
     page.Picture(figure, {kPageRight - kFigure, page.y()}, kFigure / kSectionPicture);

@@ -191,6 +191,22 @@ TEST(Pages, AWarningStandsBelowTheHeadOfEveryReport)
     }
 }
 
+// Figures that are not the delivered ones are named on every report.
+TEST(Pages, OwnProfileTablesAreNamed)
+{
+    ProjectState s = Designed(31);
+    CalcVortexFrequency(s, s, s);
+    CalcVortex(s, s, s);
+    Library own = Delivered();
+    own.own.push_back({"hea.dat", "/home/a/hea.dat", std::string(64, 'a')});
+    for (const PrintedReport& report :
+         {PrintControl(own, s, kStamp), PrintProperties(own, s, kStamp),
+          PrintVortex(own, s, kStamp)}) {
+        ExpectLegible(report);
+        EXPECT_EQ(LinesOf(report)[6], "own data: hea.dat (SHA-256 aaaaaaaaaaaaaaaa)");
+    }
+}
+
 TEST(Pages, LongTextsOfTheHeadAreCut)
 {
     ProjectState s = Designed(1);
