@@ -67,6 +67,13 @@ TEST(Families, AreFoundByNumberAlone)
     }
 }
 
+TEST(Families, HavePropertiesEach)
+{
+    for (const FamilyTraits& family : Families()) {
+        EXPECT_NE(family.properties, nullptr) << family.id;
+    }
+}
+
 TEST(Families, ReservedNumberHasNoInput)
 {
     ASSERT_NE(FindFamily(55), nullptr);
