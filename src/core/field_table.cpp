@@ -148,6 +148,35 @@ constexpr Field kFields[] = {
 #undef TICKROWS
 #undef SECTIONS
 
+// Where the boxes of each section form stand in kFields: one after the other, behind "p22.".
+struct FormRange {
+    std::string_view form;
+    std::size_t first, count;
+};
+
+constexpr std::string_view FormOf(std::string_view name)
+{
+    const std::size_t dot = name.find('.');
+    const bool form = dot != std::string_view::npos && name[0] == 'p';
+    return form ? name.substr(0, dot) : std::string_view{};
+}
+
+constexpr auto kForms = [] {
+    std::array<FormRange, 24> ranges{};
+    std::size_t used = 0;
+    for (std::size_t i = 0; i < std::size(kFields); ++i) {
+        const std::string_view form = FormOf(kFields[i].name);
+        if (form.empty()) {
+            continue;
+        }
+        if (used == 0 || ranges[used - 1].form != form) {
+            ranges.at(used++) = {form, i, 0};
+        }
+        ++ranges[used - 1].count;
+    }
+    return ranges;
+}();
+
 // Places in kFields, sorted by name.
 const std::vector<std::size_t>& ByName()
 {
@@ -169,6 +198,16 @@ const void* Locate(const ProjectState& s, const Field& field, int index)
 }
 
 }  // namespace
+
+std::span<const Field> FieldsOfForm(std::string_view form)
+{
+    for (const FormRange& range : kForms) {
+        if (range.form == form && range.count > 0) {
+            return std::span<const Field>(kFields).subspan(range.first, range.count);
+        }
+    }
+    return {};
+}
 
 std::span<const Field> AllFields()
 {

@@ -60,6 +60,9 @@ constexpr std::string_view kTruthValues = "-1 true,yes,on|0 false,no,off";
 // All fields in the order of the record.
 std::span<const Field> AllFields();
 
+// The boxes of one section form ("p22"): "p22.isth" and so on; none for an unknown form.
+std::span<const Field> FieldsOfForm(std::string_view form);
+
 // The field of this name, or null.
 const Field* FindField(std::string_view name);
 

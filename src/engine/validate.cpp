@@ -274,11 +274,7 @@ void CheckRow(const ProjectState& s, const Library* library, Findings& in)
 // What the section form holds. Whether the parts fit together is seen in the section itself.
 void CheckForm(const ProjectState& s, std::string_view form, Findings& in)
 {
-    for (const Field& field : AllFields()) {
-        if (!field.name.starts_with(form) || field.name.size() <= form.size() ||
-            field.name[form.size()] != '.') {
-            continue;
-        }
+    for (const Field& field : FieldsOfForm(form)) {
         const std::string_view box = field.name.substr(form.size() + 1);
         const double value = NumberOf(s, field, 0);
         if (box.starts_with("op")) {

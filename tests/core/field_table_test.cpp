@@ -104,6 +104,30 @@ TEST(FieldTable, HoldsEveryBoxOfTheSectionForms)
     }
 }
 
+// Every dotted field of a section form is found through its form, and nothing else.
+TEST(FieldTable, FormsHoldTheirBoxes)
+{
+    std::size_t dotted = 0;
+    std::set<std::string_view> forms;
+    for (const Field& field : AllFields()) {
+        const std::size_t dot = field.name.find('.');
+        if (dot != std::string_view::npos && !field.name.starts_with("row.")) {
+            ++dotted;
+            forms.insert(field.name.substr(0, dot));
+        }
+    }
+    std::size_t found = 0;
+    for (const std::string_view form : forms) {
+        for (const Field& field : FieldsOfForm(form)) {
+            EXPECT_TRUE(field.name.starts_with(std::string(form) + ".")) << field.name;
+            ++found;
+        }
+    }
+    EXPECT_EQ(found, dotted);
+    EXPECT_TRUE(FieldsOfForm("p99").empty());
+    EXPECT_TRUE(FieldsOfForm("").empty());
+}
+
 TEST(FieldTable, ReachesTheValues)
 {
     ProjectState s{};
