@@ -29,6 +29,13 @@ std::size_t allocations = 0;
     throw std::bad_alloc();
 }
 
+// The buffers of stable sorts.
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    ++allocations;
+    return std::malloc(size);
+}
+
 [[gnu::noinline]] void operator delete(void* block) noexcept
 {
     std::free(block);
