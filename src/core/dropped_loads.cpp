@@ -48,7 +48,9 @@ class Fingerprint {
 public:
     template <class Rows> void Add(const Rows& rows)
     {
-        std::for_each(rows.begin() + 1, rows.end(), [this](auto value) { AddOne(value); });
+        for (auto at = rows.begin() + 1; at != rows.end(); ++at) {
+            AddOne(*at);
+        }
     }
     template <class Number> void AddOne(Number value)
     {

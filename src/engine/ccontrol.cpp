@@ -78,7 +78,8 @@ void CalcControl(ProjectState& s)
     s.failure.stage = Stage::section_control;
     routines->control(s, s, s, s, s, s);
     if (s.flangeoverload) {
-        s.hsqopt = 1;  // not considered from here on
+        constexpr i16 kNotConsidered = 1;
+        s.hsqopt = kNotConsidered;  // from here on
     }
     CheckTrap();
     RequireResistances(s);
