@@ -11,7 +11,7 @@ namespace kestrum {
 
 namespace {
 
-constexpr std::string_view kAxial = "nload", kUniform = "qload", kTrapezoid = "qt1", kPoint = "pm";
+constexpr std::string_view kUniform = "qload", kTrapezoid = "qt1", kPoint = "pm";
 
 bool IsEndForce(const DroppedLoad& load)
 {
