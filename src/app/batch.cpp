@@ -278,8 +278,7 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
     if (field.kind == FieldKind::text || field.kind == FieldKind::literal) {
         return text(TextOf(s, field));
     }
-    const double stored = NumberOf(s, field, item.ref.index);
-    const double value = tensionpositive_ && IsAxial(field) ? 0 - stored : stored;
+    const double value = InSignOf(field, NumberOf(s, field, item.ref.index), tensionpositive_);
     if (!std::isfinite(value)) {
         out.append(json ? "null" : "");
     } else if (field.kind == FieldKind::single) {

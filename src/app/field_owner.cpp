@@ -129,6 +129,11 @@ bool IsAxial(const Field& field)
     return field.name == "nload" || field.name == "ne" || field.name == "ned";
 }
 
+double InSignOf(const Field& field, double value, bool tensionpositive)
+{
+    return tensionpositive && IsAxial(field) ? 0 - value : value;  // 0 stays without a sign
+}
+
 void ClearLoads(ProjectState& s, LoadKind kind)
 {
     if (kind == LoadKind::endforce) {

@@ -37,6 +37,9 @@ LoadKind LoadKindOf(const Field& field);
 // Axial forces, positive in compression: those of which the sign may be exchanged.
 bool IsAxial(const Field& field);
 
+// A value of the field as it is written where tension is positive, or as it is stored.
+double InSignOf(const Field& field, double value, bool tensionpositive);
+
 // Takes the loads of one mode out of the record, as delivered examples or what another mode has
 // left; directions, categories and ticks stay. Self-weight counts as a load.
 void ClearLoads(ProjectState& s, LoadKind kind);

@@ -26,15 +26,6 @@ struct Answer {
     std::optional<standard::StandardResult> standard{};
 };
 
-double LargestDeflection(const ProjectState& s)
-{
-    if (s.checksls == kFalse) {
-        return 0;
-    }
-    return std::max(s.deflinez.empty() ? 0.0 : s.deflinez.ir,
-                    s.defliney.empty() ? 0.0 : s.defliney.ir);
-}
-
 Answer CheckFile(const Library& library, const std::string& file, bool by_standard)
 {
     Answer answer{.file = file};
@@ -54,7 +45,7 @@ Answer CheckFile(const Library& library, const std::string& file, bool by_standa
     if (answer.outcome.designed()) {
         answer.section = s.irsection;
         answer.buckling = s.maxirbuckling;
-        answer.deflection = LargestDeflection(s);
+        answer.deflection = DeflectionRatio(s);
     }
     return answer;
 }

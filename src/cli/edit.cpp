@@ -131,8 +131,7 @@ std::string ValueOf(const ProjectState& s, const Field& field, int index, bool t
     if (field.kind == FieldKind::text || field.kind == FieldKind::literal) {
         return std::string(TextOf(s, field));
     }
-    const double stored = NumberOf(s, field, index);
-    const double value = tensionpositive && IsAxial(field) ? 0 - stored : stored;
+    const double value = InSignOf(field, NumberOf(s, field, index), tensionpositive);
     return field.kind == FieldKind::single ? JsonNumber(static_cast<float>(value))
                                            : JsonNumber(value);
 }

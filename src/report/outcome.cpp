@@ -49,13 +49,7 @@ const ResultRow* GoverningRow(const ProjectState& s)
 
 double GoverningRatio(const ProjectState& s)
 {
-    double ir = std::max(s.irsection, s.maxirbuckling);
-    if (DeflectionCounts(s)) {
-        for (const ResultRow* row : {&s.deflinez, &s.defliney}) {
-            ir = std::max(ir, row->empty() ? 0.0 : row->ir);
-        }
-    }
-    return ir;
+    return std::max({s.irsection, s.maxirbuckling, DeflectionRatio(s)});
 }
 
 // "NEd/NRd" of a row that begins with "IR = NEd/NRd = ".
@@ -189,6 +183,15 @@ int GraverExit(int one, int other)
     return kGravity[static_cast<std::size_t>(one)] < kGravity[static_cast<std::size_t>(other)]
                ? other
                : one;
+}
+
+double DeflectionRatio(const ProjectState& s)
+{
+    if (!DeflectionCounts(s)) {
+        return 0;
+    }
+    return std::max(s.deflinez.empty() ? 0.0 : s.deflinez.ir,
+                    s.defliney.empty() ? 0.0 : s.defliney.ir);
 }
 
 Outcome OutcomeOf(const ProjectState& s, bool well)

@@ -56,6 +56,9 @@ struct Outcome {
     }
 };
 
+// The larger ratio of the deflection control; 0 where it is no part of the result.
+double DeflectionRatio(const ProjectState& s);
+
 // After a pass; `well` as Calculate returned it.
 Outcome OutcomeOf(const ProjectState& s, bool well);
 
