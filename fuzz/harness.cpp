@@ -18,7 +18,7 @@
 #include "report/state_json.h"
 #include "sections/families.h"
 #include "sections/load_library.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 
 #include <algorithm>
 #include <array>

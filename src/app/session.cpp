@@ -3,7 +3,7 @@
 #include "app/member_commands.h"
 #include "core/annexes.h"
 #include "core/utf8_path.h"
-#include "design/p24bas_hsq.h"
+#include "design/hat_beam_section.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 

@@ -2,7 +2,7 @@
 
 #include "report/state_json.h"
 #include "sections/family_table.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 #include "sections/section_names.h"
 
 #include <charconv>

@@ -1,7 +1,7 @@
 #include "design/resistance_welded.h"
 
 #include "core/arithmetic_trap.h"
-#include "design/p01bas_rolled_i.h"
+#include "design/i_section.h"
 #include "design/resistance.h"
 #include "design/section_control.h"
 #include "design/shear.h"

@@ -1,9 +1,9 @@
 #include "engine/calculate.h"
 
-#include "analysis/cmoment.h"
+#include "analysis/member_forces.h"
 #include "core/arithmetic_trap.h"
-#include "engine/ccontrol.h"
-#include "engine/csection.h"
+#include "engine/control_dispatch.h"
+#include "engine/section_dispatch.h"
 #include "engine/validate.h"
 #include "service/deflection_control.h"
 #include "service/modal.h"

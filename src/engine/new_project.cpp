@@ -5,7 +5,7 @@
 #include "core/member_choices.h"
 #include "core/setup_file.h"
 #include "engine/calculate.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 
 #include <cstddef>
 

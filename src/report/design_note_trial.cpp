@@ -1,8 +1,8 @@
 #include "report/design_note_trial.h"
 
-#include "analysis/cmoment.h"
+#include "analysis/member_forces.h"
 #include "core/arithmetic_trap.h"
-#include "engine/ccontrol.h"
+#include "engine/control_dispatch.h"
 #include "report/design_note_facts.h"
 #include "service/deflection_control.h"
 #include "stability/interaction_annex_a.h"

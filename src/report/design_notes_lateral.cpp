@@ -8,7 +8,7 @@
 #include "report/design_notes.h"
 #include "sections/families.h"
 #include "stability/constants.h"
-#include "stability/cvipping.h"
+#include "stability/lateral_torsional.h"
 #include "stability/lt_factors.h"
 
 #include <algorithm>

@@ -123,7 +123,7 @@ struct Actions {
     bool z;  // Mz and Vy
 };
 
-// Deviation D106: see analysis/cmoment.cpp.
+// Deviation D106: see analysis/member_forces.cpp.
 struct CarriedActions {
     Actions loads;    // rows of the load table; others are emptied
     Actions ends;     // end forces that the analysis takes over

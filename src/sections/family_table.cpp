@@ -2,7 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "sections/families.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 
 #include <algorithm>
 #include <array>

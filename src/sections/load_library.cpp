@@ -7,7 +7,7 @@
 #include "core/sha256.h"
 #include "core/utf8_path.h"
 #include "sections/delivered_data.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 #include "sections/section_names.h"
 
 #include <cstdlib>

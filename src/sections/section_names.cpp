@@ -1,7 +1,7 @@
 #include "sections/section_names.h"
 
 #include "sections/family_table.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 
 #include <algorithm>
 #include <array>

@@ -7,10 +7,10 @@
 #include "stability/buckling_resistance.h"
 #include "stability/buckling_rows.h"
 #include "stability/critical_force.h"
-#include "stability/cvipping.h"
 #include "stability/interaction_angle.h"
 #include "stability/interaction_annex_a.h"
 #include "stability/interaction_annex_b.h"
+#include "stability/lateral_torsional.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,7 @@
 #include "core/annexes.h"
 #include "core/arithmetic_trap.h"
 #include "core/material.h"
-#include "engine/csection.h"
+#include "engine/section_dispatch.h"
 #include "engine/validate.h"
 #include "standard/member_checks.h"
 #include "standard/section_checks.h"

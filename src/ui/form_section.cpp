@@ -6,7 +6,7 @@
 #include "app/view_section.h"
 #include "report/section_figure.h"
 #include "sections/family_table.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 #include "ui/forms.h"
 #include "ui/text.h"
 #include "ui/theme.h"

@@ -3,7 +3,7 @@
 // A member to load in the tests: E I = 16800 kNm2 about y and 4200 kNm2 about z, all load
 // factors 1.
 
-#include "analysis/cmoment.h"
+#include "analysis/member_forces.h"
 #include "core/load_combination.h"
 #include "core/project_state.h"
 

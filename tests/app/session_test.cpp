@@ -5,7 +5,7 @@
 #include "app/member_commands.h"
 #include "app/section_commands.h"
 #include "core/material.h"
-#include "design/p24bas_hsq.h"
+#include "design/hat_beam_section.h"
 #include "report/panel.h"
 
 #include <algorithm>

@@ -1,11 +1,11 @@
 // A calculation pass takes no memory: the routines of closed sections, tube, flat bar, general
 // profile and angles run between two readings of an allocation counter.
 
-#include "design/p06bas_hollow.h"
-#include "design/p10bas_angle.h"
-#include "design/p28bas_flat_bar.h"
-#include "design/p31bas_tube.h"
-#include "design/p41bas_general.h"
+#include "design/angle_section.h"
+#include "design/flat_bar_section.h"
+#include "design/general_section.h"
+#include "design/hollow_section.h"
+#include "design/tube_section.h"
 #include "sections/angles.h"
 #include "sections/hollow.h"
 #include "sections/simple.h"

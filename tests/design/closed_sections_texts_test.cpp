@@ -3,14 +3,14 @@
 // modules.
 
 #include "core/row_text.h"
-#include "design/p06bas_hollow.h"
-#include "design/p10bas_angle.h"
-#include "design/p28bas_flat_bar.h"
-#include "design/p31bas_tube.h"
-#include "design/p41bas_general.h"
+#include "design/angle_section.h"
+#include "design/flat_bar_section.h"
+#include "design/general_section.h"
+#include "design/hollow_section.h"
+#include "design/tube_section.h"
 #include "sections/angles.h"
 #include "sections/hollow.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 #include "sections/simple.h"
 #include "support/end_forces.h"
 

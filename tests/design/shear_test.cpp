@@ -2,7 +2,7 @@
 
 #include "design/shear.h"
 
-#include "design/p01bas_rolled_i.h"
+#include "design/i_section.h"
 #include "support/end_forces.h"
 
 #include <cmath>

@@ -1,9 +1,9 @@
 #include "engine/calculate.h"
 
 #include "core/arithmetic_trap.h"
-#include "engine/ccontrol.h"
-#include "engine/csection.h"
+#include "engine/control_dispatch.h"
 #include "engine/engine_fixture.h"
+#include "engine/section_dispatch.h"
 #include "sections/families.h"
 
 #include <gtest/gtest.h>

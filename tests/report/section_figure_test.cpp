@@ -1,7 +1,7 @@
 #include "report/section_figure.h"
 
-#include "engine/csection.h"
 #include "engine/engine_fixture.h"
+#include "engine/section_dispatch.h"
 #include "report/drawing_checks.h"
 #include "sections/family_table.h"
 

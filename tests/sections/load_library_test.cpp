@@ -3,7 +3,7 @@
 #include "core/material.h"
 #include "core/setup_file.h"
 #include "core/sha256.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 #include "support/sections.h"
 #include "support/temporary_folder.h"
 

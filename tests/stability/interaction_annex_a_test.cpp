@@ -3,7 +3,7 @@
 #include "core/project_state.h"
 #include "stability/buckling_curves.h"
 #include "stability/buckling_resistance.h"
-#include "stability/cvipping.h"
+#include "stability/lateral_torsional.h"
 #include "stability/test_members.h"
 
 #include <gtest/gtest.h>

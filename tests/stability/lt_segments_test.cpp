@@ -1,6 +1,6 @@
 // Lateral torsional buckling between restraints, and of the uniform moment.
 
-#include "stability/cvipping.h"
+#include "stability/lateral_torsional.h"
 
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"

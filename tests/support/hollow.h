@@ -2,7 +2,7 @@
 
 // Rectangular hollow sections and the welded box, designed: for the tests of their resistances.
 
-#include "design/p06bas_hollow.h"
+#include "design/hollow_section.h"
 #include "sections/hollow.h"
 #include "support/sections.h"
 #include "support/worked.h"

@@ -4,7 +4,7 @@
 
 #include "core/project_state.h"
 #include "sections/family_table.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 
 #include <gtest/gtest.h>
 

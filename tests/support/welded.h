@@ -4,7 +4,7 @@
 // (gammam0 = gammam1 = 1, eta 1.2), and their property routines.
 
 #include "core/project_state.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 #include "sections/welded_hsq.h"
 #include "sections/welded_plate.h"
 #include "sections/welded_single_i.h"

@@ -2,11 +2,11 @@
 
 // The design routines of the welded families, chosen by the family of the state.
 
-#include "design/p22bas_single_symmetric_i.h"
-#include "design/p24bas_hsq.h"
-#include "design/p26bas_t.h"
-#include "design/p27bas_box.h"
-#include "design/p51bas_plate.h"
+#include "design/box_section.h"
+#include "design/hat_beam_section.h"
+#include "design/single_symmetric_i_section.h"
+#include "design/stiffened_plate_section.h"
+#include "design/tee_section.h"
 #include "support/welded.h"
 
 namespace welded {

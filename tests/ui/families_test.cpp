@@ -4,7 +4,7 @@
 
 #include "app/view_section.h"
 #include "sections/family_table.h"
-#include "sections/readprofiles.h"
+#include "sections/read_profiles.h"
 #include "ui/text.h"
 
 #include <QAction>
