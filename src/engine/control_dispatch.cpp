@@ -57,7 +57,7 @@ void RequireResistances(const ProjectState& s)
 
 }  // namespace
 
-void CalcControl(ProjectState& s)
+void ClearControl(ProjectState& s)
 {
     ClearSectionRows(s);
     ClearBucklingRows(s, s);
@@ -65,6 +65,10 @@ void CalcControl(ProjectState& s)
     s.ltc1 = 0;
     s.ltc2 = 0;
     s.ltc3 = 0;
+}
+
+void CalcSectionControl(ProjectState& s)
+{
     const FamilyRoutines* routines = FindRoutines(s.family);
     if (routines == nullptr) {
         return;
@@ -83,10 +87,25 @@ void CalcControl(ProjectState& s)
     }
     CheckTrap();
     RequireResistances(s);
+}
+
+void CalcBucklingControl(ProjectState& s)
+{
+    const FamilyRoutines* routines = FindRoutines(s.family);
+    if (routines == nullptr) {
+        return;
+    }
     s.failure.stage = Stage::buckling_control;
     if (routines->buckling != nullptr && (!routines->compressed_only || s.ned > 0)) {
         routines->buckling(s, s, s, s, s, s, s, s);
     }
+}
+
+void CalcControl(ProjectState& s)
+{
+    ClearControl(s);
+    CalcSectionControl(s);
+    CalcBucklingControl(s);
 }
 
 }  // namespace kestrum

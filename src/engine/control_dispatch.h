@@ -12,4 +12,10 @@ namespace kestrum {
 // family has no such control.
 void CalcControl(ProjectState& s);
 
+// Its three steps. The section control may run several times, for check sections with an axial
+// force of their own each; every run clears the section rows.
+void ClearControl(ProjectState& s);
+void CalcSectionControl(ProjectState& s);
+void CalcBucklingControl(ProjectState& s);
+
 }  // namespace kestrum
