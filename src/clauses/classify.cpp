@@ -41,6 +41,16 @@ int ClassOfOutstand(double c, double t, double eps, double elastic_limit)
     return ClassByLimits(c / (t * eps), 9, 10, elastic_limit);
 }
 
+int ClassOfOutstandBent(double c, double t, double eps, double alpha, bool tip_compressed,
+                        double elastic_limit)
+{
+    if (!(alpha > 0)) {
+        return 1;  // stretched all over
+    }
+    const double part = tip_compressed ? alpha : alpha * std::sqrt(alpha);
+    return ClassByLimits(c / (t * eps), 9 / part, 10 / part, elastic_limit);
+}
+
 double OutstandElasticLimit(double k_sigma)
 {
     return std::max(14.0, 21 * std::sqrt(k_sigma));

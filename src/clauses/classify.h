@@ -19,6 +19,11 @@ int ClassOfInternal(double c, double t, double eps, double alpha, double psi);
 // eps: 14, or that of OutstandElasticLimit.
 int ClassOfOutstand(double c, double t, double eps, double elastic_limit = 14);
 
+// Sheet 2, outstand bent in its plane: alpha is the compressed share of c in the plastic state,
+// next to the tip or next to the root.
+int ClassOfOutstandBent(double c, double t, double eps, double alpha, bool tip_compressed,
+                        double elastic_limit);
+
 // 21 sqrt(k_sigma), not below 14.
 //   k_sigma  EN 1993-1-5, Table 4.2
 double OutstandElasticLimit(double k_sigma);

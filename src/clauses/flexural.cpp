@@ -49,4 +49,30 @@ double TorsionalFlexuralLoad(double ncr, double ncrt, double distance, double i0
     return 2 * ncr * ncrt / (sum + root);  // the smaller root without cancellation
 }
 
+double TorsionalFlexuralLoad(const UncoupledLoads& ncr, const ShearCentre& s, double i0_squared)
+{
+    if (s.y == 0 || s.z == 0) {  // an axis of symmetry, which couples
+        const double flexural = s.y == 0 ? ncr.z : ncr.y;
+        const double apart = std::hypot(s.y, s.z);
+        return apart > 0 && std::isfinite(flexural)
+                   ? TorsionalFlexuralLoad(flexural, ncr.t, apart, i0_squared)
+                   : ncr.t;
+    }
+    // Over -Ny Nz NT: positive at 0, falling through the smallest root below the least load.
+    const auto rest = [&](double n) {
+        const double y = 1 - n / ncr.y;
+        const double z = 1 - n / ncr.z;
+        const double coupled = s.y * s.y * z / ncr.y + s.z * s.z * y / ncr.z;
+        return i0_squared * y * z * (1 - n / ncr.t) - n * n / ncr.t * coupled;
+    };
+    double lo = 0;
+    double hi = std::fmin(ncr.t, std::fmin(ncr.y, ncr.z));
+    constexpr int kHalvings = 60;
+    for (int i = 0; i < kHalvings; ++i) {
+        const double middle = 0.5 * (lo + hi);
+        (rest(middle) > 0 ? lo : hi) = middle;
+    }
+    return hi;
+}
+
 }  // namespace kestrum::clauses

@@ -24,4 +24,16 @@ double TorsionalLoad(double e, double it, double iw, double i0_squared, double l
 //   distance  between centroid and shear centre, mm
 double TorsionalFlexuralLoad(double ncr, double ncrt, double distance, double i0_squared);
 
+// The same for any open section: the smallest N at which
+//   i0^2 (N - Ny)(N - Nz)(N - NT) = N^2 [ys^2 (N - Nz) + zs^2 (N - Ny)]
+// Loads of axes that do not buckle are infinite. y and z are principal axes; ys, zs the shear
+// centre from the centroid, mm.
+struct UncoupledLoads {
+    double y, z, t;
+};
+struct ShearCentre {
+    double y, z;
+};
+double TorsionalFlexuralLoad(const UncoupledLoads& ncr, const ShearCentre& s, double i0_squared);
+
 }  // namespace kestrum::clauses

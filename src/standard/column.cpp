@@ -49,6 +49,12 @@ Pair RolledI(const StandardSection& q, bool s460)
                 : Pair{BucklingCurve::d, BucklingCurve::d};
 }
 
+Pair Welded(const StandardSection& q)
+{
+    return std::max(q.top.t, q.bottom.t) <= 40 ? Pair{BucklingCurve::b, BucklingCurve::c}
+                                               : Pair{BucklingCurve::c, BucklingCurve::d};
+}
+
 // Table 6.2.
 Pair Tabulated(const Library& library, const ProjectState& s, const StandardSection& q)
 {
@@ -61,8 +67,7 @@ Pair Tabulated(const Library& library, const ProjectState& s, const StandardSect
         return RolledI(q, s460);
     case Kind::i_welded:
     case Kind::i_single:
-        return std::max(q.top.t, q.bottom.t) <= 40 ? Pair{BucklingCurve::b, BucklingCurve::c}
-                                                   : Pair{BucklingCurve::c, BucklingCurve::d};
+        return Welded(q);
     case Kind::hollow:
         return Traits(s).shape.make == Make::hot ? hot : c;
     case Kind::tube:
@@ -71,6 +76,14 @@ Pair Tabulated(const Library& library, const ProjectState& s, const StandardSect
         const bool stocky = q.b / q.top.t < 30 || q.h / q.tw < 30;
         return s.weldopt == 1 && stocky ? c : Pair{BucklingCurve::b, BucklingCurve::b};
     }
+    case Kind::hat:
+    case Kind::box_unequal:
+    case Kind::angle:
+        return {BucklingCurve::b, BucklingCurve::b};
+    case Kind::general:
+        return {BucklingCurve::b, BucklingCurve::c};
+    case Kind::plate:  // a T, but for the girder with a second flange of its own
+        return Traits(s).shape.stiffener == Stiffener::tee ? Welded(q) : c;
     default:
         return c;
     }
@@ -104,12 +117,7 @@ CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q)
     const double length = s.l * kMm / (held ? s.restraints + 1 : 1);
     const double i0 = q.PolarSquared();
     ncr.t = clauses::TorsionalLoad(q.e, q.it, q.kind == Kind::flat ? 0 : q.iw, i0, length);
-    const double apart = std::hypot(q.centre_y, q.centre_z);
-    // Channels are symmetric about y, unequal I sections about z: that axis couples.
-    const double flexural = q.kind == Kind::channel ? ncr.y : ncr.z;
-    ncr.tf = apart > 0 && std::isfinite(flexural)
-                 ? clauses::TorsionalFlexuralLoad(flexural, ncr.t, apart, i0)
-                 : ncr.t;
+    ncr.tf = clauses::TorsionalFlexuralLoad({ncr.y, ncr.z, ncr.t}, {q.centre_y, q.centre_z}, i0);
     return ncr;
 }
 

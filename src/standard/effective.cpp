@@ -2,9 +2,11 @@
 
 #include "clauses/classify.h"
 #include "clauses/plate_buckling.h"
+#include "standard/plates.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace kestrum::standard {
 
@@ -22,16 +24,17 @@ double Squash(const StandardSection& q)
     return q.a * q.fy;
 }
 
-// Plastic axis of the plates of an unequal I with n = N over the squash force: compressed share of
+// Plastic axis of plates with unequal flanges, n = N over the squash force: compressed share of
 // the web, counted from the flange that the moment compresses.
 double CompressedShare(const StandardSection& q, double n, bool sagging)
 {
     const Flange& flange = sagging ? q.top : q.bottom;
-    const double compressed = (1 + n) / 2 * q.a - flange.b * flange.t - q.tw * q.r;
-    return std::clamp(compressed / (q.tw * q.d), 0.0, 1.0);
+    const double webs = q.webs * q.tw;
+    const double compressed = (1 + n) / 2 * q.a - flange.b * flange.t - webs * q.r;
+    return std::clamp(compressed / (webs * q.d), 0.0, 1.0);
 }
 
-Bent WebOfUnequalI(const StandardSection& q, const Wall& wall, double n, bool sagging)
+Bent WebBetweenUnequalFlanges(const StandardSection& q, const Wall& wall, double n, bool sagging)
 {
     const double share = n / Squash(q);
     const double compressed = sagging ? wall.z1 : -wall.z0;
@@ -61,10 +64,11 @@ int ClassOfUprightWall(const StandardSection& q, const Wall& wall, const ActingF
 {
     const bool my = f.sagging || f.hogging;
     int cls = 1;
-    if (my && q.kind == Kind::i_single) {
+    if (my && q.UnequalFlanges()) {
         for (const bool sagging : {true, false}) {
             if (sagging ? f.sagging : f.hogging) {
-                cls = std::max(cls, ClassBent(q, wall, WebOfUnequalI(q, wall, f.n, sagging)));
+                const Bent bent = WebBetweenUnequalFlanges(q, wall, f.n, sagging);
+                cls = std::max(cls, ClassBent(q, wall, bent));
             }
         }
     } else if (my) {
@@ -102,12 +106,61 @@ int ClassOfOutstandWall(const StandardSection& q, const Wall& wall, const Acting
     return ClassOfOutstand(wall.Width(), wall.t, q.eps, OutstandElasticLimit(k));
 }
 
+// The stem below a flange or plate, tip downwards, under N and My of one sign: share of it that is
+// compressed when the section is plastic, from the flange (sagging) or from the tip.
+double CompressedStem(const StandardSection& q, const Wall& wall, double n, bool sagging)
+{
+    const double flange = sagging ? q.top.b * q.top.t + q.tw * q.r : 0;
+    return std::clamp(((1 + n) / 2 * q.a - flange) / (wall.t * wall.Width()), 0.0, 1.0);
+}
+
+int ClassOfStemUnder(const StandardSection& q, const Wall& wall, double n, bool sagging)
+{
+    const double share = std::clamp(n / Squash(q), -1.0, 1.0);
+    const double alpha = CompressedStem(q, wall, share, sagging);
+    // Elastic stresses, 1 at the compressed edge.
+    const double edge = sagging ? q.above : -q.below;
+    const double root = share + (1 - share) * wall.z0 / edge;
+    const double tip = share + (1 - share) * wall.z1 / edge;
+    const double elastic = std::max(root, tip) > 0
+                               ? 21 * std::sqrt(BucklingFactorOutstand(tip, root))
+                               : std::numeric_limits<double>::infinity();
+    const bool tip_compressed = !sagging || alpha == 1;
+    return ClassOfOutstandBent(wall.Width(), wall.t, q.eps, alpha, tip_compressed,
+                               tip_compressed ? std::max(14.0, elastic) : elastic);
+}
+
+int ClassOfStem(const StandardSection& q, const Wall& wall, const ActingForces& f)
+{
+    int cls = 1;
+    if (!f.sagging && !f.hogging) {
+        return f.n > 0 ? ClassOfOutstand(wall.Width(), wall.t, q.eps) : 1;
+    }
+    for (const bool sagging : {true, false}) {
+        if (sagging ? f.sagging : f.hogging) {
+            cls = std::max(cls, ClassOfStemUnder(q, wall, f.n, sagging));
+        }
+    }
+    return cls;
+}
+
 int ClassOfWall(const StandardSection& q, const Wall& wall, const ActingForces& f)
 {
+    if (wall.outstand && wall.Upright()) {
+        return ClassOfStem(q, wall, f);
+    }
     if (wall.outstand) {
         return ClassOfOutstandWall(q, wall, f);
     }
     return wall.Upright() ? ClassOfUprightWall(q, wall, f) : ClassOfLyingWall(q, wall, f);
+}
+
+// The worst of the classes entered for the forces that act.
+int EnteredClass(const StandardSection& q, const ActingForces& f)
+{
+    int cls = f.n > 0 ? q.entered.n : 1;
+    cls = f.sagging || f.hogging ? std::max(cls, q.entered.my) : cls;
+    return f.mz ? std::max(cls, q.entered.mz) : cls;
 }
 
 // Gross section less strips.
@@ -208,6 +261,9 @@ int ClassOf(const StandardSection& q, const ActingForces& forces)
     if (q.kind == Kind::tube) {
         return ClassOfTube(q.h, q.tw, q.eps);
     }
+    if (q.kind == Kind::general) {
+        return EnteredClass(q, forces);
+    }
     int cls = 1;
     for (std::size_t i = 0; i < q.wall_count; ++i) {
         cls = std::max(cls, ClassOfWall(q, q.walls[i], forces));
@@ -282,6 +338,17 @@ Flange EffectiveFlange(const StandardSection& q, bool top)
     return flange;
 }
 
+int ClassOfPressedFlange(const StandardSection& q, bool sagging)
+{
+    int cls = 1;
+    for (std::size_t i = 0; i < q.wall_count; ++i) {
+        if (!q.walls[i].Upright()) {
+            cls = std::max(cls, ClassOfWall(q, q.walls[i], {0, sagging, !sagging, false}));
+        }
+    }
+    return cls;
+}
+
 EffectiveValues EffectiveValuesOf(const StandardSection& q)
 {
     EffectiveValues v{};
@@ -296,6 +363,11 @@ EffectiveValues EffectiveValuesOf(const StandardSection& q)
     v.wy_hogging = hog.iy / std::max(q.above - hog.zc, q.below + hog.zc);
     v.wy_compressed_sagging = sag.iy / (q.above - sag.zc);
     v.wy_compressed_hogging = hog.iy / (q.below + hog.zc);
+    for (const bool sagging : {true, false}) {
+        const bool upgraded = q.upgrade && ClassOfPressedFlange(q, sagging) <= 2;
+        (sagging ? v.wy3_sagging : v.wy3_hogging) =
+            upgraded ? std::max(q.LeastWely(), UpgradedModulus(q, sagging)) : q.LeastWely();
+    }
     for (const bool right : {true, false}) {
         const EffectiveSection z = EffectiveAboutZ(q, right);
         const double w = z.iz / std::max(q.right - z.yc, q.left + z.yc);

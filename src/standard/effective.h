@@ -18,6 +18,8 @@ struct ActingForces {
 int ClassOf(const StandardSection& q, const ActingForces& forces);
 // In uniform compression.
 int ClassInCompression(const StandardSection& q);
+// Of the flange that My compresses, without the webs.
+int ClassOfPressedFlange(const StandardSection& q, bool sagging);
 // Class of the flanges about Mf,Rd is not asked for: their effective area is, EN 1993-1-5, 5.4 (2).
 Flange EffectiveFlange(const StandardSection& q, bool top);
 
@@ -36,6 +38,7 @@ struct EffectiveValues {
     double a, eny, enz;  // Aeff and the shifts of its centroid along z (My) and y (Mz), sizes
     double wy_sagging, wy_hogging;  // edge furthest from the axis, 6.2.5 (2)
     double wy_compressed_sagging, wy_compressed_hogging;
+    double wy3_sagging, wy3_hogging;  // class 3: elastic, or plastic with upgraded webs
     double wz;
 };
 EffectiveValues EffectiveValuesOf(const StandardSection& q);

@@ -20,6 +20,9 @@ constexpr double kNmm = 1e6;
 
 double LoadLevel(const ProjectState& s, const StandardSection& q)
 {
+    if (q.kind == Kind::general) {
+        return 0;  // where its edges lie is not entered
+    }
     switch (s.loadlevel) {
     case 1:
         return q.above;

@@ -5,6 +5,7 @@
 #include "standard/column.h"
 #include "standard/lateral.h"
 #include "standard/moment_shape.h"
+#include "standard/tripping.h"
 
 #include <algorithm>
 #include <cmath>
@@ -252,7 +253,10 @@ bool Member::Check(Checks& checks)
     }
     lateral_.moment = m_.lines.LargestMoment(Axis::y).value;
     if (m_.my && Twists()) {
-        lateral_ = LateralBucklingOf(m_.s, p_, m_.loads, m_.load_case.factors, m_.lines, m_.cls);
+        lateral_ =
+            q_.kind == Kind::plate
+                ? TrippingOf(m_.s, p_, m_.lines, m_.cls)
+                : LateralBucklingOf(m_.s, p_, m_.loads, m_.load_case.factors, m_.lines, m_.cls);
         if (!(lateral_.resistance > 0)) {
             return false;
         }

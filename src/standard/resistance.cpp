@@ -2,6 +2,7 @@
 
 #include "clauses/bending.h"
 #include "clauses/shear.h"
+#include "standard/plates.h"
 
 #include <algorithm>
 #include <cmath>
@@ -93,10 +94,11 @@ Flange FlangeUnder(const StandardSection& q, double n, double my, bool top)
     return top ? q.top : q.bottom;
 }
 
-// The bar and the tube carry shear with the whole section.
+// The bar and the tube carry shear with the whole section; where the web of the general profile
+// lies is not entered.
 bool ShearedWhole(const StandardSection& q)
 {
-    return q.kind == Kind::flat || q.kind == Kind::tube;
+    return q.kind == Kind::flat || q.kind == Kind::tube || q.kind == Kind::general;
 }
 
 double Slender(const StandardSection& q, double h, double t, const ShearInputs& in)
@@ -123,7 +125,7 @@ double ModulusY(const PreparedSection& p, int cls, bool sagging)
         return p.q.wply;
     }
     if (cls <= 3) {
-        return p.q.LeastWely();
+        return sagging ? p.effective.wy3_sagging : p.effective.wy3_hogging;
     }
     return sagging ? p.effective.wy_sagging : p.effective.wy_hogging;
 }
@@ -157,11 +159,23 @@ ReducedResistance ResistanceBeside(const PreparedSection& p, int cls, const Shea
     double a = compressed ? CompressedArea(p, cls) : q.a;
     double wy = ModulusY(p, cls, sagging);
     double wz = ModulusZ(p, cls);
-    if (ShearedWhole(q)) {
+    if (rho.z == 0 && rho.y == 0) {
+        // nothing is lost
+    } else if (ShearedWhole(q)) {
         const double left = 1 - std::max(rho.z, rho.y);
         a *= left;
         wy *= left;
         wz *= left;
+    } else if (q.OfStrips() && plastic) {
+        const StripValues left = PlasticBeside(q, rho.z, rho.y);
+        a = left.a;
+        wy = left.wy;
+        wz = left.wz;
+    } else if (q.OfStrips()) {
+        const StripValues loss = ElasticLoss(q, rho.z, rho.y);
+        a -= loss.a;
+        wy -= loss.wy;
+        wz -= loss.wz;
     } else {
         a -= rho.z * q.webs * q.hw * q.tw + rho.y * FlangeArea(q);
         wy -= rho.z * LossOfWebsY(q, plastic) + rho.y * LossOfFlangesY(q, plastic);
@@ -184,13 +198,14 @@ ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, dou
     const double factor = clauses::WebFactor(lam, q.eta, in.rigid_end_post);
     const double web = q.webs * clauses::WebShear(factor, q.hw, q.tw, q.fy, q.gammam1);
     double flange = 0;
-    if (!q.Closed()) {
+    if (!q.Closed() || q.kind == Kind::hat) {
         const bool top = q.top.b * q.top.t * q.top.t <= q.bottom.b * q.bottom.t * q.bottom.t;
         const Flange& weaker = top ? q.top : q.bottom;
         const double sides = q.kind == Kind::channel ? 1 : 2;
-        const double width = std::min(weaker.b, sides * 15 * q.eps * weaker.t + q.tw);
-        flange = clauses::FlangeShear({width, weaker.t}, q.hw, q.tw, in.spacing, q.fy, q.gammam1,
-                                      std::abs(my), FlangeMoment(p, n, my));
+        const double each = sides * 15 * q.eps * weaker.t + q.tw;
+        const double width = std::min(weaker.b, q.webs * each);
+        flange = clauses::FlangeShear({width, weaker.t}, q.hw, q.webs * q.tw, in.spacing, q.fy,
+                                      q.gammam1, std::abs(my), FlangeMoment(p, n, my));
     }
     const double limit = q.webs * clauses::ShearBucklingLimit(q.eta, q.hw, q.tw, q.fy, q.gammam1);
     const double total = std::min({web + flange, limit, plastic});
@@ -201,6 +216,9 @@ ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in)
 {
     const StandardSection& q = p.q;
     const double plastic = clauses::PlasticShear(q.avy, q.fy, q.gammam0);
+    if (q.OfStrips() && q.Closed()) {
+        return ShearOfFlanges(q, in);
+    }
     if (q.kind != Kind::hollow && q.kind != Kind::box) {
         return {plastic, plastic, false};
     }

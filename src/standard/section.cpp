@@ -4,6 +4,7 @@
 #include "core/annexes.h"
 #include "core/material.h"
 #include "sections/families.h"
+#include "standard/plates.h"
 
 #include <algorithm>
 #include <cmath>
@@ -132,7 +133,7 @@ double PlasticModulusOfPlates(const StandardSection& q)
     return sum;
 }
 
-void SetShearAreas(StandardSection& q)
+void SetShearAreas(const ProjectState& s, StandardSection& q)
 {
     const double flanges = q.top.b * q.top.t + q.bottom.b * q.bottom.t;
     const double webs = q.webs * q.hw * q.tw;
@@ -156,8 +157,13 @@ void SetShearAreas(StandardSection& q)
     case Kind::flat:
         q.avz = q.avy = q.a / 1.5;
         break;
+    case Kind::general:  // as entered
+        q.avz = q.eta * s.aweb;
+        q.avy = s.aflange;
+        break;
     default:
-        q.avz = area;
+        // d and e; a web with a flange at one end only: b.
+        q.avz = q.kind == Kind::i_welded || q.bottom.t > 0 ? area : q.tw * (q.h - q.top.t / 2);
         q.avy = q.a - webs;
         break;
     }
@@ -194,6 +200,15 @@ void SetChannel(const ProjectState& s, StandardSection& q)
     q.centre_y = -(static_cast<double>(s.ecg) + s.ys - (from_middle ? q.tw / 2 : 0));
 }
 
+// Moduli, areas and classes as entered; height and width of the record are those of the figure.
+void SetGeneral(const ProjectState& s, StandardSection& q)
+{
+    q.above = q.below = q.iy / s.wely;
+    q.left = q.right = q.iz / s.welz;
+    q.top.t = q.bottom.t = (q.a - s.aweb) / (2 * q.top.b);  // what is no web, 6.2.9.1 (5)
+    q.entered = {s.classn, s.classmy, s.classmz};
+}
+
 void AddWalls(const ProjectState& s, StandardSection& q)
 {
     switch (q.kind) {
@@ -221,8 +236,7 @@ void AddWalls(const ProjectState& s, StandardSection& q)
 
 bool Covered(const ProjectState& s)
 {
-    return Is(s, Kind::i_rolled, Kind::i_welded, Kind::i_single, Kind::channel, Kind::hollow,
-              Kind::box, Kind::tube, Kind::flat);
+    return !Is(s, Kind::none, Kind::angle);
 }
 
 std::string_view NoSectionReason(const Library& library, const ProjectState& s)
@@ -276,9 +290,13 @@ StandardSection SectionOf(const Library& library, const ProjectState& s)
         q.left = q.right = q.b / 2;
     } else if (q.kind == Kind::channel) {
         SetChannel(s, q);
+    } else if (q.kind == Kind::general) {
+        SetGeneral(s, q);
+    } else if (Is(s, Kind::tee, Kind::hat, Kind::box_unequal, Kind::plate)) {
+        SetPlates(s, q);
     }
     AddWalls(s, q);
-    SetShearAreas(q);
+    SetShearAreas(s, q);
     return q;
 }
 

@@ -12,6 +12,7 @@
 #include "sections/families.h"
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -25,9 +26,18 @@ struct Wall {
     bool outstand;
 
     bool Upright() const { return y0 == y1; }
-    double Width() const { return Upright() ? z1 - z0 : (y1 > y0 ? y1 - y0 : y0 - y1); }
+    double Width() const { return Upright() ? std::abs(z1 - z0) : std::abs(y1 - y0); }
 };
 constexpr std::size_t kMaxWalls = 8;
+
+// Whole rectangle of a section of plates, from its lower left to its upper right corner.
+struct Strip {
+    double y0, z0, y1, z1;
+    bool web;  // carries Vz; else Vy
+
+    double Area() const { return (y1 - y0) * (z1 - z0); }
+};
+constexpr std::size_t kMaxStrips = 4;
 
 struct Flange {
     double b, t;
@@ -51,11 +61,32 @@ struct StandardSection {
     double zj;
     std::array<Wall, kMaxWalls> walls;
     std::size_t wall_count;
+    std::array<Strip, kMaxStrips> strips;  // T, hat beams, unequal boxes, stiffened plates
+    std::size_t strip_count;
+    bool upgrade;  // hat beams: webs of class 3 count as class 2, 6.2.2.4 (1)
+    struct EnteredClasses {
+        int n, my, mz;
+    } entered;  // general profile
 
-    bool Closed() const { return kind == Kind::hollow || kind == Kind::box || kind == Kind::tube; }
+    bool Closed() const
+    {
+        return kind == Kind::hollow || kind == Kind::box || kind == Kind::tube ||
+               kind == Kind::hat || kind == Kind::box_unequal;
+    }
     bool ISection() const { return kind == Kind::i_rolled || kind == Kind::i_welded; }
+    bool OfStrips() const { return strip_count > 0; }
+    // A web whose stresses depend on the plastic axis of the section, 5.5.2.
+    bool UnequalFlanges() const
+    {
+        return kind == Kind::i_single || kind == Kind::hat || kind == Kind::box_unequal ||
+               kind == Kind::plate;
+    }
     // Sections that 6.3.3 (1) covers.
-    bool DoublySymmetric() const { return kind != Kind::channel && kind != Kind::i_single; }
+    bool DoublySymmetric() const
+    {
+        return ISection() || kind == Kind::hollow || kind == Kind::box || kind == Kind::tube ||
+               kind == Kind::flat || kind == Kind::general;
+    }
     double Wely(bool sagging) const { return iy / (sagging ? above : below); }
     double LeastWely() const { return iy / (above > below ? above : below); }
     double LeastWelz() const { return iz / (left > right ? left : right); }

@@ -2,6 +2,7 @@
 
 #include "clauses/bending.h"
 #include "clauses/shear.h"
+#include "standard/plates.h"
 
 #include <algorithm>
 #include <cmath>
@@ -50,6 +51,8 @@ private:
     void PlasticClosed(const ReducedResistance& r, double n);
     void WebAndMoment(double length);
     bool NearRigidEndPost(double length) const;
+    double LinearSum(const ReducedResistance& r) const;
+    void LoadedFlange();
 
     const SectionMember& member_;
     const PreparedSection& p_;
@@ -112,7 +115,8 @@ void Place::Moments()
     }
 }
 
-void Place::Linear(const ReducedResistance& r)
+// 6.2.1 (7).
+double Place::LinearSum(const ReducedResistance& r) const
 {
     double my = std::abs(f_.my);
     double mz = std::abs(f_.mz);
@@ -123,7 +127,12 @@ void Place::Linear(const ReducedResistance& r)
     }
     const double moments =
         q_.kind == Kind::tube ? Used(std::hypot(my, mz), r.my) : Used(my, r.my) + Used(mz, r.mz);
-    const double ir = Used(f_.n, r.n) + moments;
+    return Used(f_.n, r.n) + moments;
+}
+
+void Place::Linear(const ReducedResistance& r)
+{
+    const double ir = LinearSum(r);
     const bool elastic = cls_ >= 3 || q_.elastic;
     At(CheckId::section_nm) = {ir, q_.linear   ? "6.2.1 (7)"
                                    : cls_ == 4 ? "6.2.9.3"
@@ -195,6 +204,17 @@ void Place::Combined()
     }
 }
 
+// 6.2.1 (5) for the lower flange of a hat beam that its load bends across.
+void Place::LoadedFlange()
+{
+    if (member_.flange_load == 0) {
+        return;
+    }
+    const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0);
+    const double across = FlangePlate(q_, member_.flange_load);
+    At(CheckId::section_nm) = {FlangeUnderBoth(LinearSum(r), across), "6.2.1 (5)"};
+}
+
 bool Place::NearRigidEndPost(double length) const
 {
     const double reach = q_.hw / 2000;
@@ -228,6 +248,7 @@ Ratios Place::All(double length)
     Shear();
     Moments();
     Combined();
+    LoadedFlange();
     WebAndMoment(length);
     return ratios_;
 }

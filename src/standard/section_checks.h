@@ -12,7 +12,8 @@ namespace kestrum::standard {
 struct SectionMember {
     const PreparedSection& section;
     ShearInputs shear;
-    bool cantilever;  // the other end is no support
+    bool cantilever;     // the other end is no support
+    double flange_load;  // hat beams: on the lower flange beside the webs, N/mm
 };
 
 void CheckSections(const SectionMember& member, const CombinedLines& lines, int cls,

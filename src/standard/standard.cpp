@@ -39,12 +39,32 @@ ShearInputs ShearInputsOf(const ProjectState& s)
     return {stiffened ? s.webstiffa : s.l * 1000.0, stiffened, s.endstiff == 1};
 }
 
+// Loads over the whole length that rest on the lower flange of a hat beam, N/mm.
+double FlangeLoadOf(const Member& m, const LoadFactors& factors)
+{
+    constexpr i16 kConsidered = 0;
+    if (m.section.q.kind != Kind::hat || m.s.hsqopt != kConsidered) {
+        return 0;
+    }
+    double sum = 0;
+    for (std::size_t i = 0; i < m.loads.count; ++i) {
+        const Load& load = m.loads.load[i];
+        const bool whole = !load.point && load.line.x1 == 0 && load.line.x2 == m.s.l;
+        if (load.about_y && whole && load.line.q1 == load.line.q2) {
+            sum += FactorOn(factors, load.category) * load.line.q1;
+        }
+    }
+    const bool both = Traits(m.s).shape.lower == LowerFlange::both_sides;
+    return both ? sum * m.s.flangeload / 100 : sum;
+}
+
 bool CheckStrength(const Member& m, const LoadCase& load_case, Checks& checks)
 {
     const CombinedLines lines = LinesOf(m.s, m.loads, load_case.factors);
     const ActingForces forces = ActingIn(lines);
     const int cls = ClassOf(m.section.q, forces);
-    const SectionMember member{m.section, ShearInputsOf(m.s), m.s.supportcase == 4};
+    const SectionMember member{m.section, ShearInputsOf(m.s), m.s.supportcase == 4,
+                               FlangeLoadOf(m, load_case.factors)};
     CheckSections(member, lines, cls, load_case, checks);
     return CheckMember({m.library, m.s, m.section, m.loads, load_case, lines, cls,
                         forces.sagging || forces.hogging, forces.mz},
@@ -77,6 +97,37 @@ void CheckService(const Member& m, Checks& checks)
     for (std::size_t i = 0; i < cases.count; ++i) {
         CheckDeflection(m, cases.at[i], Axis::y, checks);
         CheckDeflection(m, cases.at[i], Axis::z, checks);
+    }
+}
+
+// The same of a kind of section.
+void NameOutsideOfKind(const Library& library, const Member& m, const Checks& checks,
+                       std::vector<std::string>& outside)
+{
+    const ProjectState& s = m.s;
+    const StandardSection& q = m.section.q;
+    const bool bends = checks[CheckId::section_my].present;
+    const SectionForm& shape = Traits(s).shape;
+    if (q.kind == Kind::general) {
+        outside.push_back("shear buckling of a general profile, whose web is not entered: not "
+                          "checked");
+        if (s.fykindex >= 0 && s.fykindex < LastMaterial(library)) {
+            outside.push_back("general profile with a listed grade: the strength up to 40 mm is "
+                              "taken");
+        }
+    }
+    if (q.kind == Kind::tee && bends) {
+        outside.push_back("lateral torsional buckling of T sections: no input, not checked");
+    }
+    if (q.kind == Kind::hat && s.hsqopt == 0) {
+        outside.push_back("the load on the flange acts 60 mm from the web, whatever its bearing");
+    }
+    if (q.OfStrips() && shape.lower == LowerFlange::one_side) {
+        outside.push_back("one-sided flange: bending about y and z, not about the principal axes");
+    }
+    if (checks[CheckId::ltb].present && q.kind == Kind::plate) {
+        outside.push_back("lateral torsional buckling of a stiffened plate: the tripping stress of "
+                          "the program is taken");
     }
 }
 
@@ -173,6 +224,7 @@ StandardResult CalculateStandard(const Library& library, const ProjectState& pro
     }
     CheckService(member, result.checks);
     NameOutside(library, member, result.outside);
+    NameOutsideOfKind(library, member, result.checks, result.outside);
     Govern(s, result);
     if (!result.rated) {
         result.outside.push_back("no load acts");

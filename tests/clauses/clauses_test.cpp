@@ -164,6 +164,30 @@ TEST(Flexural, EulerLoadOfAHeb300)
 }
 
 // Coupling: without distance the smaller of both, with it below both.
+// Ny = Nz: (N - Ny) drops out and the rest is the formula of one axis with hypot(ys, zs).
+TEST(Flexural, TorsionalFlexuralLoadWithoutSymmetry)
+{
+    EXPECT_NEAR(TorsionalFlexuralLoad({900, 900, 800}, {24, 32}, 1e4),
+                TorsionalFlexuralLoad(900, 800, 40, 1e4), 1e-6);
+    // Where one axis is far from buckling the other couples alone.
+    EXPECT_NEAR(TorsionalFlexuralLoad({1e12, 900, 800}, {24, 32}, 1e4),
+                TorsionalFlexuralLoad(900, 800, 32, 1e4), 1e-3);
+    EXPECT_EQ(TorsionalFlexuralLoad({900, 700, 800}, {0, 0}, 1e4), 800);
+}
+
+// Table 5.2, sheet 2: half of the outstand compressed from the tip: 18 and 20 eps; from the root 9/
+// 0.35355 = 25.46 and 28.28.
+TEST(Classify, OutstandBentInItsPlane)
+{
+    EXPECT_EQ(ClassOfOutstandBent(18, 1, 1, 0.5, true, 22), 1);
+    EXPECT_EQ(ClassOfOutstandBent(20, 1, 1, 0.5, true, 22), 2);
+    EXPECT_EQ(ClassOfOutstandBent(22, 1, 1, 0.5, true, 22), 3);
+    EXPECT_EQ(ClassOfOutstandBent(22.1, 1, 1, 0.5, true, 22), 4);
+    EXPECT_EQ(ClassOfOutstandBent(25.4, 1, 1, 0.5, false, 40), 1);
+    EXPECT_EQ(ClassOfOutstandBent(28.2, 1, 1, 0.5, false, 40), 2);
+    EXPECT_EQ(ClassOfOutstandBent(100, 1, 1, 0, true, 14), 1);
+}
+
 TEST(Flexural, TorsionalFlexuralLoadIsTheLeast)
 {
     EXPECT_NEAR(TorsionalFlexuralLoad(500, 800, 0, 1e4), 500, 1e-9);

@@ -1,0 +1,46 @@
+#include "standard/tripping.h"
+
+#include "clauses/flexural.h"
+#include "clauses/lateral_torsional.h"
+#include "design/stiffened_plate_section.h"
+
+#include <cmath>
+
+namespace kestrum::standard {
+
+namespace {
+
+using clauses::BucklingCurve;
+
+// Table 6.4.
+double Imperfection(const ProjectState& s, const StandardSection& q)
+{
+    const bool welded = Traits(s).design.lateral_curves == LateralCurves::welded;
+    const bool slim = q.bottom.b > 0 && q.hw / q.bottom.b <= 2;
+    return clauses::Imperfection(welded && slim ? BucklingCurve::c : BucklingCurve::d);
+}
+
+}  // namespace
+
+LateralResult TrippingOf(const ProjectState& s, const PreparedSection& p,
+                         const CombinedLines& lines, int cls)
+{
+    constexpr double kMm = 1e3;
+    constexpr double kNmm = 1e6;
+    const StandardSection& q = p.q;
+    const LineExtreme most = lines.LargestMoment(Axis::y);
+    LateralResult r;
+    r.moment = most.value;
+    r.place = most.x / lines.grid.Length();
+    const double length = static_cast<double>(s.ltbk) * s.l * kMm / (s.restraints + 1);
+    const double stress = PlateMcr(s, s, length) / s.wybot;
+    const double resistance = ModulusYCompressed(p, cls, r.moment > 0) * q.fy / kNmm;
+    r.lam = std::sqrt(q.fy / stress);
+    r.mcr = resistance / (r.lam * r.lam);
+    r.chi = clauses::GeneralLateralReduction(r.lam, Imperfection(s, q), s.lamdalt0);
+    r.resistance = r.chi * resistance / q.gammam1;
+    r.clause = "6.3.2.2";
+    return r;
+}
+
+}  // namespace kestrum::standard

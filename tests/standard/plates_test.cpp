@@ -1,0 +1,261 @@
+// Sections of plates by the standard basis: T, hat beams, boxes of unequal flanges, plates with a
+// stiffener. Values by hand, gammaM0 = gammaM1 = 1.0.
+
+#include "standard/plates.h"
+
+#include "engine/section_dispatch.h"
+#include "standard/standard_member.h"
+
+#include <cmath>
+
+namespace kestrum {
+namespace {
+
+using standard::CheckId;
+
+ProjectState OfFamily(int family, float length, float fy)
+{
+    ProjectState s = Unloaded(length, fy);
+    s.family = static_cast<i16>(family);
+    return s;
+}
+
+standard::StandardSection SectionFor(ProjectState& s)
+{
+    CalcSection(Delivered(), s);
+    return standard::SectionOf(Delivered(), s);
+}
+
+// T 200x150, web 10, flange 15, S235: A 4100, centroid 52.622 below the flange, Iy 1.5471e7.
+ProjectState Tee()
+{
+    ProjectState s = OfFamily(26, 3, 235);
+    s.p26 = {.isth = 200, .istb1 = 150, .isttw = 10, .isttf1 = 15};
+    return s;
+}
+
+// EN 1993-1-1, Table 5.2: the stem of 180 mm (weld 5) has c/t 18 > 14: class 4.
+//   lam = 18/(28.4 sqrt 0.43) = 0.96654, rho = 0.83338, lost 299.92: Aeff 3800.08, NRd 893.02
+//   eN = 299.92 (147.378 - 15.0)/3800.08 = 10.448; W 104975, Mc,Rd 24.669
+TEST(Plates, TeeOfClassFourShiftsItsCentroid)
+{
+    ProjectState s = Tee();
+    EndForces(s, 100, 0, 0);
+    const auto result = Rated(s);
+    EXPECT_NEAR(Ratio(result, CheckId::section_n), 100 / 893.018, 1e-5);
+    EXPECT_NEAR(Ratio(result, CheckId::section_nm), 0.154334, 1e-5);
+}
+
+// D192: the stem 178/13 = 13.7 is within 14 eps: class 3. D193: gross area, 150 15 + 185 13 = 4655.
+TEST(Plates, TeeOfClassThreeKeepsItsArea)
+{
+    ProjectState s = Tee();
+    s.p26.isttw = 13;  // weld 6.5, c 178.5: 13.73
+    EndForces(s, 100, 0, 0);
+    EXPECT_NEAR(Ratio(s, CheckId::section_n), 100 / (4655 * 0.235), 1e-6);
+}
+
+// D32: Av = tw (h - tf/2) = 10 192.5 = 1925: Vpl,Rd 261.18 kN.
+TEST(Plates, ShearAreaOfAWebWithOneFlange)
+{
+    ProjectState s = Tee();
+    EndForces(s, 0, 0, 0);
+    s.vz1 = s.vz2 = 100;
+    EXPECT_NEAR(Ratio(s, CheckId::section_vz), 100 / 261.179, 1e-5);
+}
+
+// D231, 6.2.1 (7): N and the moments of the self-weight add up; the flange is of class 1.
+TEST(Plates, TeeSumsAxialForceAndMoment)
+{
+    ProjectState s = Tee();
+    s.nload[1] = -100;
+    s.selfweight = 1;
+    const auto result = Rated(s);
+    EXPECT_GT(Ratio(result, CheckId::section_my), 0);
+    EXPECT_NEAR(Ratio(result, CheckId::section_nm),
+                Ratio(result, CheckId::section_n) + Ratio(result, CheckId::section_my), 1e-9);
+}
+
+// Hat beam, S355: top 200x20, webs 400x6, bottom 350x15.
+ProjectState Hat()
+{
+    ProjectState s = OfFamily(24, 4, 355);
+    s.p24 = {
+        .isth = 420, .istb1 = 200, .istb2 = 350, .isttw = 6, .isttf1 = 20, .isttf2 = 15, .hsqc = 5};
+    s.hsqopt = 1;
+    s.class23 = 1;
+    return s;
+}
+
+// D33, 6.2.2.4 (1): 20 eps tw = 97.634 of each web stays at the flange and at the axis:
+//   compressed 4000 + 12 195.27 = 6343.2 = 5250 + 12 91.10; axis 308.90 below the flange
+//   W = 4000 318.90 + 12 97.634 (260.08 + 48.82) + 12 91.10^2/2 + 5250 98.60 = 2.20496e6: 782.76
+//   kNm
+TEST(Plates, HatBeamWithUpgradedWebs)
+{
+    ProjectState s = Hat();
+    EndForces(s, 0, 500, 0);
+    const double elastic = Ratio(s, CheckId::section_my);
+    s.class23 = 0;
+    EXPECT_NEAR(Ratio(s, CheckId::section_my), 500 / 782.760, 1e-5);
+    EXPECT_GT(elastic, 500 / 782.760);
+}
+
+// D184: the outstand of the bottom flange, 75/15, counts under hogging: with 350 - 200 = 150 mm of
+// 4 mm, 75/4 = 18.75 > 14 eps, the flange is of class 4 and cannot be upgraded.
+TEST(Plates, OutstandsOfTheHatBeamHaveAClass)
+{
+    ProjectState s = Hat();
+    s.p24.isttf2 = 4;
+    const auto q = SectionFor(s);
+    EXPECT_EQ(standard::ClassOfPressedFlange(q, false), 4);
+    EXPECT_EQ(standard::ClassOfPressedFlange(q, true), 1);
+}
+
+// D191, 6.2.1 (5): half of 100 kN/m 60 mm beside the webs: m = 3000 Nmm/mm of 355 15^2/4 = 19969:
+// 0.15023; with the utilisation a along the beam sqrt(a^2 + 0.15023^2 + 0.15023 a).
+TEST(Plates, LoadedFlangeOfTheHatBeam)
+{
+    ProjectState s = Hat();
+    s.qload[1] = 100;
+    s.flangeload = 50;
+    s.hsqopt = 0;
+    const auto result = Rated(s);
+    const double a = Ratio(result, CheckId::section_my);
+    EXPECT_GT(a, 0.2);
+    EXPECT_NEAR(Ratio(result, CheckId::section_nm),
+                std::sqrt(a * a + 0.150235 * 0.150235 + 0.150235 * a), 1e-5);
+    EXPECT_EQ(result.checks[CheckId::section_nm].clause, "6.2.1 (5)");
+}
+
+// D189, 6.2.1 (7): N, My and Mz add up.
+TEST(Plates, BoxOfUnequalFlangesSumsAllForces)
+{
+    for (const int family : {24, 25, 27, 51, 52, 53, 54, 56}) {
+        SCOPED_TRACE(family);
+        ProjectState s = OfFamily(family, 3, 235);
+        s.hsqopt = 1;
+        EndForces(s, -50, 5, 3);
+        const auto result = Rated(s);
+        EXPECT_GT(Ratio(result, CheckId::section_mz), 0);
+        EXPECT_NEAR(Ratio(result, CheckId::section_nm),
+                    Ratio(result, CheckId::section_n) + Ratio(result, CheckId::section_my) +
+                        Ratio(result, CheckId::section_mz),
+                    1e-9);
+    }
+}
+
+// Unequal box 600: flanges 500x20 and 400x30, webs 10: A 33000, axis of the halves in the web:
+// 10000 + 20 x = 12000 + 20 (550 - x): x = 325.
+//   Wpl = 10000 335 + 12000 240 + 20 (325^2 + 225^2)/2 = 7.7925e6
+TEST(Plates, PlasticModulusIsThatOfTheExactAxis)
+{
+    ProjectState s = OfFamily(27, 3, 235);
+    s.p27 = {.isth = 600,
+             .istb1 = 500,
+             .istb2 = 400,
+             .isttw = 10,
+             .isttf1 = 20,
+             .isttf2 = 30,
+             .istc = 50};
+    const auto q = SectionFor(s);
+    EXPECT_NEAR(q.wply, 7.7925e6, 1e-3);
+    // webs at 195 mm: 20 500^2/4 + 30 400^2/4 + 2 5500 195
+    EXPECT_NEAR(q.wplz, 1.25e6 + 1.2e6 + 2.145e6, 1e-3);
+}
+
+// 6.2.8: webs without strength leave the flanges: 10000 and 12000 on both sides of the axis, which
+// lies in the larger one, x from its outer face with 400 x = 22000/2: 27.5.
+//   W = 10000 (600 - 10 - 27.5) + 400 (27.5^2 + 2.5^2)/2
+TEST(Plates, WebsWithoutStrengthLeaveTheFlanges)
+{
+    ProjectState s = OfFamily(27, 3, 235);
+    s.p27 = {.isth = 600,
+             .istb1 = 500,
+             .istb2 = 400,
+             .isttw = 10,
+             .isttf1 = 20,
+             .isttf2 = 30,
+             .istc = 50};
+    const auto left = standard::PlasticBeside(SectionFor(s), 1, 0);
+    EXPECT_NEAR(left.a, 22000, 1e-6);
+    EXPECT_NEAR(left.wy, 10000 * 562.5 + 200 * (27.5 * 27.5 + 2.5 * 2.5), 1e-3);
+}
+
+// Unequal I: shear centre hs I2/(I1 + I2) below the upper flange, Iw = hs^2 I1 I2/(I1 + I2).
+TEST(Plates, TorsionOfAGirderOnAPlate)
+{
+    ProjectState s = OfFamily(56, 3, 235);
+    s.p56 = {.isth = 580, .istb1 = 300, .istb2 = 200, .isttw = 12, .isttf1 = 20, .isttf2 = 16};
+    const auto q = SectionFor(s);
+    const double hs = 582;
+    const double upper = 20.0 * 300 * 300 * 300 / 12;
+    const double lower = 16.0 * 200 * 200 * 200 / 12;
+    EXPECT_NEAR(q.centre_z, q.above - 10 - hs * lower / (upper + lower), 1e-6);
+    EXPECT_NEAR(q.centre_y, 0, 1e-9);
+    EXPECT_NEAR(q.iw, hs * hs * upper * lower / (upper + lower), 1e-6 * q.iw);
+}
+
+// Without its plate an angle is left: shear centre where web and flange meet, no warping.
+TEST(Plates, TorsionOfAnAngleOnAVanishingPlate)
+{
+    ProjectState s = OfFamily(53, 3, 235);
+    s.btop = 12;
+    s.ttop = 0.01F;
+    s.bbot = 100;
+    s.tbot = 16;
+    s.r = 6;
+    standard::StandardSection q{};
+    q.kind = Kind::plate;
+    q.tw = 12;
+    q.hw = 284;
+    standard::SetPlates(s, q);
+    EXPECT_NEAR(q.centre_y, -q.left + 6, 0.01);
+    EXPECT_NEAR(q.centre_z, -q.below + 8, 0.01);
+    EXPECT_LT(q.iw, 1e-4 * 300 * 300 * q.iz);
+}
+
+// D196: tripping of a flat bar 200x10 below a plate 600x10, L 5: stress (10/210)^2 (1 + 2 0.04^2)
+// E/2.6 = 183.74; S355: lam 1.3900, curve d: chi 0.30862. Hogging compresses the tip.
+TEST(Plates, StiffenersTripAsInTheProgram)
+{
+    ProjectState s = OfFamily(51, 5, 355);
+    s.ltb = 1;
+    EndForces(s, 0, -10, 0);
+    const auto result = Rated(s);
+    EXPECT_NEAR(Ratio(result, CheckId::ltb), Ratio(result, CheckId::section_my) / 0.30862, 1e-5);
+    bool named = false;
+    for (const std::string& text : result.outside) {
+        named = named || text.find("tripping") != std::string::npos;
+    }
+    EXPECT_TRUE(named);
+}
+
+// General profile, classes entered 3 for N, 1 for My: A 18720, web 12000 (share held at 0.5, D180),
+// Wpl,y 4.421e6, Wel,y 3.951e6. S235, |N| = 0.4 Npl = 1759.68:
+//   tension: class 1, MN = Mpl 0.6/0.75 = 0.8 1038.94;  compression: class 3, 0.4 + 500/928.49
+//   (D173)
+TEST(General, ClassOfAllForcesAndShareOfTheWeb)
+{
+    ProjectState s = OfFamily(41, 3, 235);
+    s.p41.istaz = 12000;
+    EndForces(s, -1759.68F, 500, 0);
+    EXPECT_NEAR(Ratio(s, CheckId::section_nm), 500 / (0.8 * 1038.935), 1e-5);
+    s.ne = 1759.68F;
+    EXPECT_NEAR(Ratio(s, CheckId::section_nm), 0.4 + 500 / 928.485, 1e-5);
+}
+
+// D179, 6.2.8: V at 0.75 of Vpl,Rd takes a quarter of the strength; where the web lies is not
+// known.
+TEST(General, ShearReducesTheMoment)
+{
+    ProjectState s = OfFamily(41, 3, 235);
+    EndForces(s, 0, 500, 0);
+    s.vz1 = s.vz2 = static_cast<float>(0.75 * 1.2 * 6720 * 235 / std::sqrt(3.0) / 1000);
+    const auto result = Rated(s);
+    EXPECT_NEAR(Ratio(result, CheckId::section_vz), 0.75, 1e-6);
+    EXPECT_NEAR(Ratio(result, CheckId::section_my), 500 / (0.75 * 1038.935), 1e-5);
+}
+
+}  // namespace
+}  // namespace kestrum
