@@ -2,6 +2,7 @@
 //
 //   kestrum-tables IN.csv OUT.dat
 //   kestrum-tables --digests OUT.inc FILE...
+//   kestrum-tables --embed OUT.inc FILE...
 //
 // The first line of the CSV names the columns and is skipped; every further line holds one row of
 // as many numbers. The output is the numbers as 32-bit little-endian IEEE 754 floats, row after
@@ -9,7 +10,8 @@
 // written.
 //
 // The second form writes for each file its delivered name and the SHA-256 of what is delivered, the
-// binary table of a CSV or the file as it stands, as lines of a C++ array.
+// binary table of a CSV or the file as it stands, as lines of a C++ array. The third form writes
+// the bytes themselves instead, as a literal.
 
 #include "core/sha256.h"
 
@@ -125,21 +127,49 @@ void WriteFile(const std::string& name, const std::string& bytes)
     }
 }
 
-std::string DigestLine(const std::string& file)
+struct Delivered {
+    std::string name, bytes;
+};
+
+Delivered DeliveredFile(const std::string& file)
 {
     const std::filesystem::path path = file;
-    const std::string bytes = ReadFile(file);
-    const bool table = path.extension() == ".csv";
-    const std::string name = (table ? path.stem().string() + ".dat" : path.filename().string());
-    return "{\"" + name + "\", \"" + kestrum::Sha256(table ? Compile(file, bytes) : bytes) +
-           "\"},\n";
+    std::string bytes = ReadFile(file);
+    if (path.extension() == ".csv") {
+        return {path.stem().string() + ".dat", Compile(file, bytes)};
+    }
+    return {path.filename().string(), std::move(bytes)};
 }
 
-std::string Digests(const std::vector<std::string>& files)
+std::string DigestLine(const std::string& file)
+{
+    const Delivered delivered = DeliveredFile(file);
+    return "{\"" + delivered.name + "\", \"" + kestrum::Sha256(delivered.bytes) + "\"},\n";
+}
+
+// Each byte as three octal digits, so that none runs into the next.
+std::string LiteralLine(const std::string& file)
+{
+    constexpr std::size_t kBytesOnALine = 24;
+    const Delivered delivered = DeliveredFile(file);
+    std::string text = "{\"" + delivered.name + "\", std::string_view(";
+    for (std::size_t i = 0; i < delivered.bytes.size(); ++i) {
+        text += i % kBytesOnALine == 0 ? (i == 0 ? "\"" : "\"\n\"") : "";
+        const auto byte = static_cast<unsigned char>(delivered.bytes[i]);
+        for (int shift = 6; shift >= 0; shift -= 3) {
+            text += shift == 6 ? "\\" : "";
+            text += static_cast<char>('0' + ((byte >> shift) & 7));
+        }
+    }
+    return text + (delivered.bytes.empty() ? "\"" : "") + "\", " +
+           std::to_string(delivered.bytes.size()) + ")},\n";
+}
+
+std::string Lines(const std::vector<std::string>& files, std::string (*line)(const std::string&))
 {
     std::string text;
     for (const std::string& file : files) {
-        text += DigestLine(file);
+        text += line(file);
     }
     return text;
 }
@@ -150,14 +180,16 @@ int main(int argc, char** argv)
 {
     const std::vector<std::string> words(argv, argv + argc);
     const bool digests = words.size() > 3 && words[1] == "--digests";
-    if (!digests && words.size() != 3) {
+    const bool embed = words.size() > 3 && words[1] == "--embed";
+    if (!digests && !embed && words.size() != 3) {
         std::cerr << "usage: kestrum-tables IN.csv OUT.dat\n"
-                     "       kestrum-tables --digests OUT.inc FILE...\n";
+                     "       kestrum-tables --digests|--embed OUT.inc FILE...\n";
         return 2;
     }
     try {
-        if (digests) {
-            WriteFile(words[2], Digests({words.begin() + 3, words.end()}));
+        if (digests || embed) {
+            WriteFile(words[2],
+                      Lines({words.begin() + 3, words.end()}, digests ? DigestLine : LiteralLine));
         } else {
             WriteFile(words[2], Compile(words[1], ReadFile(words[1])));
         }

@@ -121,6 +121,12 @@ std::string SoughtHint(std::string_view name, FieldsMeant meant)
 
 }  // namespace
 
+std::string NearestField(std::string_view name, FieldsMeant meant)
+{
+    const std::vector<const Field*> near = FieldsNear(name.substr(0, name.find('[')), meant);
+    return near.empty() ? std::string() : std::string(near.front()->name);
+}
+
 std::string MeantHint(const std::vector<std::string>& words)
 {
     if (words.empty()) {

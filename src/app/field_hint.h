@@ -14,6 +14,9 @@ enum class FieldsMeant { inputs, all };
 // near.
 std::string FieldHint(std::string_view name, FieldsMeant meant);
 
+// The field nearest to the name, without its rows; empty when none is near.
+std::string NearestField(std::string_view name, FieldsMeant meant);
+
 // "; did you mean a, b or c?"; empty for no words.
 std::string MeantHint(const std::vector<std::string>& words);
 

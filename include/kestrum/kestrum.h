@@ -1,0 +1,195 @@
+/* Kestrum EC3: design of one steel member to EN 1993-1-1, as a library for C.
+ *
+ * A catalogue holds profile tables and materials, a member its inputs, a result what a check of the
+ * member has found. Handles are independent values: any number of them may be used at a time, each
+ * by one thread, a catalogue and a result by any number of threads. The library has no state of its
+ * own and leaves the caller's floating-point environment (flags, rounding, traps) as it was.
+ *
+ * Inputs have the names and units that `kestrum fields` lists: lengths in m, loads in kN, kN/m and
+ * kNm, section dimensions in mm, strengths in MPa; compression, sagging moments, and loads and
+ * deflections downwards are positive.
+ *
+ * Texts are UTF-8 and end with a zero. Every function that can fail returns a code and, where
+ * `error` is not null, stores a description there that kestrum_error_free releases; without a
+ * failure it stores null. What is given out through `out` is null after a failure. All *_free
+ * functions take null.
+ */
+#ifndef KESTRUM_KESTRUM_H
+#define KESTRUM_KESTRUM_H
+
+#include <stddef.h>
+
+#if defined(__GNUC__)
+#define KESTRUM_API __attribute__((visibility("default")))
+#else
+#define KESTRUM_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef enum kestrum_code {
+    KESTRUM_OK = 0,
+    KESTRUM_NULL = 1,         /* an argument that must not be null is null */
+    KESTRUM_UNKNOWN_NAME = 2, /* no such field, section, row or part of a result */
+    KESTRUM_REFUSED = 3,      /* a value that is not allowed; the member is as before */
+    KESTRUM_BAD_FILE = 4,     /* a project or folder that cannot be read */
+    KESTRUM_NO_MEMORY = 5,
+    KESTRUM_INTERNAL = 6      /* a fault of the library */
+} kestrum_code;
+
+/* Rules of a result. */
+enum {
+    KESTRUM_BASIS_PROGRAM = 1,  /* those of Kestrum EC3, with its listed deviations */
+    KESTRUM_BASIS_STANDARD = 2, /* EN 1993-1-1 as written */
+    KESTRUM_BASIS_BOTH = 3
+};
+
+typedef enum kestrum_status {
+    KESTRUM_WITHIN = 0,        /* every ratio is within the limit */
+    KESTRUM_ABOVE = 1,         /* one is above it */
+    KESTRUM_UNSTABLE = 2,      /* NEd exceeds an elastic critical force */
+    KESTRUM_FAILED = 3,        /* the calculation stopped: kestrum_result_failure */
+    KESTRUM_NOT_CHECKED = 4,   /* inputs that cannot be calculated, or rules that do not cover them */
+    KESTRUM_LOADS_DROPPED = 5, /* the result is one of fewer loads than were given */
+    KESTRUM_NOTHING_ACTS = 6   /* no load */
+} kestrum_status;
+
+typedef struct kestrum_error kestrum_error;
+typedef struct kestrum_text kestrum_text;
+typedef struct kestrum_catalogue kestrum_catalogue;
+typedef struct kestrum_member kestrum_member;
+typedef struct kestrum_result kestrum_result;
+
+/* "1.3.1" */
+KESTRUM_API const char *kestrum_version(void);
+
+/* Errors. Texts last as long as the error; they are empty where there is nothing to say. */
+KESTRUM_API const char *kestrum_error_text(const kestrum_error *error);
+KESTRUM_API const char *kestrum_error_field(const kestrum_error *error);   /* the name to blame */
+KESTRUM_API const char *kestrum_error_nearest(const kestrum_error *error); /* what may be meant */
+KESTRUM_API int kestrum_error_line(const kestrum_error *error); /* of a project; 0 for none */
+KESTRUM_API void kestrum_error_free(kestrum_error *error);
+
+/* Texts that the caller owns. */
+KESTRUM_API const char *kestrum_text_data(const kestrum_text *text);
+KESTRUM_API size_t kestrum_text_size(const kestrum_text *text); /* without the zero at its end */
+KESTRUM_API void kestrum_text_free(kestrum_text *text);
+
+/* Profile tables, materials and setup: those inside the library, or those of a folder as the
+ * program is delivered with. A damaged or missing file of the folder fails. */
+KESTRUM_API kestrum_code kestrum_catalogue_builtin(kestrum_catalogue **out, kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_catalogue_open(const char *folder, kestrum_catalogue **out,
+                                                kestrum_error **error);
+/* Names of the sections of a family, as the number or a name such as "IPE", a line each. */
+KESTRUM_API kestrum_code kestrum_catalogue_sections(const kestrum_catalogue *catalogue,
+                                                    const char *family, kestrum_text **out,
+                                                    kestrum_error **error);
+KESTRUM_API void kestrum_catalogue_free(kestrum_catalogue *catalogue);
+
+/* A member without loads, with the defaults of a new project. It keeps the catalogue alive. */
+KESTRUM_API kestrum_code kestrum_member_new(const kestrum_catalogue *catalogue,
+                                            kestrum_member **out, kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_member_copy(const kestrum_member *member, kestrum_member **out,
+                                             kestrum_error **error);
+KESTRUM_API void kestrum_member_free(kestrum_member *member);
+
+/* Sets inputs: "l" to "7.2", "section" to "IPE 400", "steel" to "S355", "qload[1]" to "12.5". What
+ * the windows of the program change along with a choice is changed here too. Several inputs that
+ * depend on each other are set together, in any order; one that is refused leaves the member as it
+ * was. `remarks`, where it is not null, takes what is worth a word though it was set, a line each.
+ */
+typedef struct kestrum_setting {
+    const char *name;
+    const char *value;
+} kestrum_setting;
+KESTRUM_API kestrum_code kestrum_member_set(kestrum_member *member, const char *name,
+                                            const char *value, kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_member_set_number(kestrum_member *member, const char *name,
+                                                   double value, kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_member_set_all(kestrum_member *member,
+                                                const kestrum_setting *settings, size_t count,
+                                                kestrum_text **remarks, kestrum_error **error);
+
+/* An input as a number (truth values 0 and 1), or as text: numbers as they read back, sections,
+ * steels and choices by name. */
+KESTRUM_API kestrum_code kestrum_member_number(const kestrum_member *member, const char *name,
+                                               double *out, kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_member_text(const kestrum_member *member, const char *name,
+                                             kestrum_text **out, kestrum_error **error);
+
+/* The bytes of a project file. Reading replaces the whole member, or nothing. */
+KESTRUM_API kestrum_code kestrum_member_read_project(kestrum_member *member, const void *bytes,
+                                                     size_t size, kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_member_project(const kestrum_member *member, kestrum_text **out,
+                                                kestrum_error **error);
+
+/* Calculates. A member that cannot be calculated is no error but a result with its status. */
+KESTRUM_API kestrum_code kestrum_member_check(const kestrum_member *member, unsigned basis,
+                                              kestrum_result **out, kestrum_error **error);
+KESTRUM_API void kestrum_result_free(kestrum_result *result);
+
+/* Of one basis. Texts last as long as the result. */
+KESTRUM_API kestrum_status kestrum_result_status(const kestrum_result *result, unsigned basis);
+/* The largest ratio; NEd/Ncr of an unstable member; NaN where there is none. */
+KESTRUM_API double kestrum_result_ratio(const kestrum_result *result, unsigned basis);
+/* "within limits, 2 notes on the unsafe side" */
+KESTRUM_API const char *kestrum_result_verdict(const kestrum_result *result, unsigned basis);
+/* Check and clause of the largest ratio: "ltb", "6.3.2". */
+KESTRUM_API const char *kestrum_result_governing(const kestrum_result *result, unsigned basis);
+KESTRUM_API const char *kestrum_result_clause(const kestrum_result *result, unsigned basis);
+/* Why there is no ratio, or what the rules do not cover; empty where there is nothing to say. */
+KESTRUM_API const char *kestrum_result_message(const kestrum_result *result, unsigned basis);
+
+/* What stopped the calculation by the rules of the program. */
+typedef struct kestrum_failure {
+    const char *stage;    /* "buckling control"; empty without a failure */
+    const char *cause;    /* "axial force above critical force" */
+    const char *quantity; /* "Ncr,z" */
+    double value, limit;
+    const char *unit;
+} kestrum_failure;
+KESTRUM_API kestrum_failure kestrum_result_failure(const kestrum_result *result);
+
+/* The checks by EN 1993-1-1 as written. */
+typedef struct kestrum_check {
+    const char *check;     /* "section_My", "flexural_z", "ltb", "eq661", "deflection_z" */
+    const char *clause;    /* of EN 1993-1-1 unless it says so */
+    const char *load_case; /* the combination of actions: "6.10 G + Q1" */
+    double place;          /* x/L; NaN for a check of the whole member */
+    double ratio;
+} kestrum_check;
+KESTRUM_API size_t kestrum_result_checks(const kestrum_result *result);
+KESTRUM_API kestrum_code kestrum_result_check(const kestrum_result *result, size_t index,
+                                              kestrum_check *out, kestrum_error **error);
+
+/* Deviations of the program from the standard, on the unsafe side, that act in its result. */
+typedef struct kestrum_note {
+    const char *id; /* "D201" */
+    const char *text;
+} kestrum_note;
+KESTRUM_API size_t kestrum_result_notes(const kestrum_result *result);
+KESTRUM_API kestrum_code kestrum_result_note(const kestrum_result *result, size_t index,
+                                             kestrum_note *out, kestrum_error **error);
+
+/* Any field of the calculation by its name, inputs and intermediate values: "kyy", "mcr". */
+KESTRUM_API kestrum_code kestrum_result_number(const kestrum_result *result, const char *name,
+                                               double *out, kestrum_error **error);
+
+/* The whole record as JSON; the result panel as text; pictures as SVG: loads, moment, shear and
+ * deflection of an axis ('z' or 'y'), and the section. Of a calculation that stopped only JSON. */
+KESTRUM_API kestrum_code kestrum_result_json(const kestrum_result *result, kestrum_text **out,
+                                             kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_result_panel(const kestrum_result *result, kestrum_text **out,
+                                              kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_result_diagram_svg(const kestrum_result *result, char axis,
+                                                    kestrum_text **out, kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_result_section_svg(const kestrum_result *result,
+                                                    kestrum_text **out, kestrum_error **error);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

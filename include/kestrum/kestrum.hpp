@@ -1,0 +1,428 @@
+// Kestrum EC3: design of one steel member to EN 1993-1-1, as a library for C++17.
+//
+//     const auto catalogue = kestrum::Catalogue::builtin();
+//     kestrum::Member beam(catalogue);
+//     if (auto error = beam.set("section", "IPE 400")) { std::cerr << error->text; }
+//     beam.set("l", 7.2);
+//     const kestrum::Result result = beam.check();
+//     result.ratio();                                // by the rules of the program
+//     result.ratio(kestrum::Basis::standard);        // by EN 1993-1-1 as written
+//
+// Value types over the C interface (kestrum.h), which alone crosses the border of the library:
+// names, units, signs and the promises about threads and the floating-point environment stand
+// there. What a user may get wrong comes back as a value, `std::optional<Error>` or `Expected<T>`;
+// the only exceptions are std::bad_alloc and std::logic_error for a fault of the library itself.
+#ifndef KESTRUM_KESTRUM_HPP
+#define KESTRUM_KESTRUM_HPP
+
+#include <kestrum/kestrum.h>
+
+#include <memory>
+#include <new>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace kestrum {
+inline namespace v1 {
+
+enum class Basis : unsigned {
+    program = KESTRUM_BASIS_PROGRAM,    // with the listed deviations
+    standard = KESTRUM_BASIS_STANDARD,  // EN 1993-1-1 as written
+    both = KESTRUM_BASIS_BOTH
+};
+
+enum class Status {
+    within = KESTRUM_WITHIN,
+    above = KESTRUM_ABOVE,
+    unstable = KESTRUM_UNSTABLE,
+    failed = KESTRUM_FAILED,
+    not_checked = KESTRUM_NOT_CHECKED,
+    loads_dropped = KESTRUM_LOADS_DROPPED,
+    nothing_acts = KESTRUM_NOTHING_ACTS
+};
+
+struct Error {
+    kestrum_code code = KESTRUM_OK;
+    std::string text;     // a sentence for the user
+    std::string field;    // the name to blame; may be empty
+    std::string nearest;  // what may be meant by it; may be empty
+    int line = 0;         // of a project file; 0 for none
+};
+
+// A value, or why there is none.
+template <class T> class Expected {
+public:
+    Expected(T value) : content_(std::move(value)) {}      // NOLINT(google-explicit-constructor)
+    Expected(Error error) : content_(std::move(error)) {}  // NOLINT(google-explicit-constructor)
+
+    explicit operator bool() const { return std::holds_alternative<T>(content_); }
+    // Throw std::bad_variant_access for what is not there.
+    T& operator*() { return std::get<T>(content_); }
+    const T& operator*() const { return std::get<T>(content_); }
+    T* operator->() { return &std::get<T>(content_); }
+    const T* operator->() const { return &std::get<T>(content_); }
+    const Error& error() const { return std::get<Error>(content_); }
+
+private:
+    std::variant<T, Error> content_;
+};
+
+namespace detail {
+
+template <auto Free> struct Release {
+    template <class T> void operator()(T* handle) const { Free(handle); }
+};
+template <class T, auto Free> using Handle = std::unique_ptr<T, Release<Free>>;
+using ErrorHandle = Handle<kestrum_error, kestrum_error_free>;
+using TextHandle = Handle<kestrum_text, kestrum_text_free>;
+
+inline Error Taken(kestrum_code code, kestrum_error* error)
+{
+    const ErrorHandle handle(error);
+    if (code == KESTRUM_NO_MEMORY) {
+        throw std::bad_alloc();
+    }
+    if (code == KESTRUM_INTERNAL) {
+        throw std::logic_error(std::string("kestrum: ") + kestrum_error_text(error));
+    }
+    return {code, kestrum_error_text(error), kestrum_error_field(error),
+            kestrum_error_nearest(error), kestrum_error_line(error)};
+}
+
+// Calls a function that answers through its last arguments but one.
+template <class T, auto Free, class Call> Expected<Handle<T, Free>> Answered(Call call)
+{
+    T* out = nullptr;
+    kestrum_error* error = nullptr;
+    const kestrum_code code = call(&out, &error);
+    Handle<T, Free> handle(out);
+    if (code != KESTRUM_OK) {
+        return Taken(code, error);
+    }
+    return handle;
+}
+
+template <class Call> Expected<std::string> Text(Call call)
+{
+    auto text = Answered<kestrum_text, kestrum_text_free>(call);
+    if (!text) {
+        return text.error();
+    }
+    return std::string(kestrum_text_data(text->get()), kestrum_text_size(text->get()));
+}
+
+template <class Call> std::optional<Error> Done(Call call)
+{
+    kestrum_error* error = nullptr;
+    const kestrum_code code = call(&error);
+    return code == KESTRUM_OK ? std::nullopt : std::optional<Error>(Taken(code, error));
+}
+
+// Of what cannot be refused.
+template <class T> T Sure(Expected<T> made)
+{
+    if (!made) {
+        throw std::logic_error("kestrum: " + made.error().text);
+    }
+    return std::move(*made);
+}
+
+}  // namespace detail
+
+inline std::string version()
+{
+    return kestrum_version();
+}
+
+// Profile tables, materials and setup; copies share them.
+class Catalogue {
+public:
+    // Those inside the library.
+    static Catalogue builtin()
+    {
+        return Catalogue(
+            detail::Sure(detail::Answered<kestrum_catalogue, kestrum_catalogue_free>(
+                [](auto** out, auto** error) { return kestrum_catalogue_builtin(out, error); })));
+    }
+    // Those of a folder.
+    static Expected<Catalogue> open(const std::string& folder)
+    {
+        auto opened = detail::Answered<kestrum_catalogue, kestrum_catalogue_free>(
+            [&](auto** out, auto** error) {
+                return kestrum_catalogue_open(folder.c_str(), out, error);
+            });
+        if (!opened) {
+            return opened.error();
+        }
+        return Catalogue(std::move(*opened));
+    }
+
+    // Names of the sections of a family ("IPE", "4").
+    Expected<std::vector<std::string>> sections(const std::string& family) const
+    {
+        const Expected<std::string> lines = detail::Text([&](auto** out, auto** error) {
+            return kestrum_catalogue_sections(get(), family.c_str(), out, error);
+        });
+        if (!lines) {
+            return lines.error();
+        }
+        std::vector<std::string> names;
+        for (std::size_t at = 0, end = 0; (end = lines->find('\n', at)) != std::string::npos;
+             at = end + 1) {
+            names.push_back(lines->substr(at, end - at));
+        }
+        return names;
+    }
+
+    const kestrum_catalogue* get() const { return handle_.get(); }
+
+private:
+    explicit Catalogue(detail::Handle<kestrum_catalogue, kestrum_catalogue_free> handle)
+        : handle_(std::move(handle))
+    {
+    }
+    std::shared_ptr<kestrum_catalogue> handle_;
+};
+
+// A check of EN 1993-1-1 as written.
+struct Check {
+    std::string check, clause, load_case;
+    double place;  // x/L; NaN for a check of the whole member
+    double ratio;
+};
+
+// A deviation of the program, on the unsafe side, that acts in its result.
+struct Note {
+    std::string id, text;
+};
+
+struct Failure {
+    std::string stage, cause, quantity;
+    double value, limit;
+    std::string unit;
+
+    explicit operator bool() const { return !stage.empty(); }
+};
+
+// What a check has found; copies share it.
+class Result {
+public:
+    explicit Result(kestrum_result* owned) : handle_(owned, kestrum_result_free) {}
+
+    Status status(Basis basis = Basis::program) const
+    {
+        return static_cast<Status>(kestrum_result_status(get(), static_cast<unsigned>(basis)));
+    }
+    // NaN where there is none.
+    double ratio(Basis basis = Basis::program) const
+    {
+        return kestrum_result_ratio(get(), static_cast<unsigned>(basis));
+    }
+    std::string verdict(Basis basis = Basis::program) const
+    {
+        return kestrum_result_verdict(get(), static_cast<unsigned>(basis));
+    }
+    std::string governing(Basis basis = Basis::program) const
+    {
+        return kestrum_result_governing(get(), static_cast<unsigned>(basis));
+    }
+    std::string clause(Basis basis = Basis::program) const
+    {
+        return kestrum_result_clause(get(), static_cast<unsigned>(basis));
+    }
+    std::string message(Basis basis = Basis::program) const
+    {
+        return kestrum_result_message(get(), static_cast<unsigned>(basis));
+    }
+    Failure failure() const
+    {
+        const kestrum_failure f = kestrum_result_failure(get());
+        return {f.stage, f.cause, f.quantity, f.value, f.limit, f.unit};
+    }
+    std::vector<Check> checks() const
+    {
+        std::vector<Check> list;
+        kestrum_check c{};
+        for (std::size_t i = 0; i < kestrum_result_checks(get()); ++i) {
+            if (kestrum_result_check(get(), i, &c, nullptr) == KESTRUM_OK) {
+                list.push_back({c.check, c.clause, c.load_case, c.place, c.ratio});
+            }
+        }
+        return list;
+    }
+    std::vector<Note> notes() const
+    {
+        std::vector<Note> list;
+        kestrum_note n{};
+        for (std::size_t i = 0; i < kestrum_result_notes(get()); ++i) {
+            if (kestrum_result_note(get(), i, &n, nullptr) == KESTRUM_OK) {
+                list.push_back({n.id, n.text});
+            }
+        }
+        return list;
+    }
+    // An input or intermediate value by its name: "kyy", "mcr".
+    Expected<double> value(const std::string& name) const
+    {
+        double number = 0;
+        const std::optional<Error> error = detail::Done([&](auto** e) {
+            return kestrum_result_number(get(), name.c_str(), &number, e);
+        });
+        if (error) {
+            return *error;
+        }
+        return number;
+    }
+    std::string json() const
+    {
+        return detail::Sure(detail::Text(
+            [&](auto** out, auto** e) { return kestrum_result_json(get(), out, e); }));
+    }
+    // Of a calculation that did not stop.
+    Expected<std::string> panel() const
+    {
+        return detail::Text(
+            [&](auto** out, auto** e) { return kestrum_result_panel(get(), out, e); });
+    }
+    Expected<std::string> diagram_svg(char axis) const
+    {
+        return detail::Text([&](auto** out, auto** e) {
+            return kestrum_result_diagram_svg(get(), axis, out, e);
+        });
+    }
+    Expected<std::string> section_svg() const
+    {
+        return detail::Text(
+            [&](auto** out, auto** e) { return kestrum_result_section_svg(get(), out, e); });
+    }
+
+    const kestrum_result* get() const { return handle_.get(); }
+
+private:
+    std::shared_ptr<kestrum_result> handle_;
+};
+
+struct Options {
+    Basis basis = Basis::both;
+};
+
+// Inputs of a member; copies are independent.
+class Member {
+public:
+    explicit Member(const Catalogue& catalogue)
+        : handle_(detail::Sure(detail::Answered<kestrum_member, kestrum_member_free>(
+              [&](auto** out, auto** e) { return kestrum_member_new(catalogue.get(), out, e); })))
+    {
+    }
+    Member(const Member& other)
+        : handle_(detail::Sure(detail::Answered<kestrum_member, kestrum_member_free>(
+              [&](auto** out, auto** e) { return kestrum_member_copy(other.get(), out, e); })))
+    {
+    }
+    Member& operator=(const Member& other)
+    {
+        Member copy(other);
+        handle_.swap(copy.handle_);
+        return *this;
+    }
+    Member(Member&&) noexcept = default;
+    Member& operator=(Member&&) noexcept = default;
+    ~Member() = default;
+
+    // Nothing, or why the value is refused; the member is then as it was.
+    std::optional<Error> set(const std::string& name, const std::string& value)
+    {
+        return detail::Done([&](auto** e) {
+            return kestrum_member_set(handle_.get(), name.c_str(), value.c_str(), e);
+        });
+    }
+    std::optional<Error> set(const std::string& name, const char* value)
+    {
+        return set(name, std::string(value));
+    }
+    std::optional<Error> set(const std::string& name, double value)
+    {
+        return detail::Done([&](auto** e) {
+            return kestrum_member_set_number(handle_.get(), name.c_str(), value, e);
+        });
+    }
+    // Inputs that depend on each other, in any order. `remarks`, where it is not null, takes what
+    // is worth a word though it was set, a line each.
+    using Settings = std::vector<std::pair<std::string, std::string>>;
+    std::optional<Error> set(const Settings& settings, std::string* remarks = nullptr)
+    {
+        std::vector<kestrum_setting> list;
+        list.reserve(settings.size());
+        for (const auto& [name, value] : settings) {
+            list.push_back({name.c_str(), value.c_str()});
+        }
+        kestrum_text* words = nullptr;
+        std::optional<Error> error = detail::Done([&](auto** e) {
+            return kestrum_member_set_all(handle_.get(), list.data(), list.size(),
+                                          remarks == nullptr ? nullptr : &words, e);
+        });
+        const detail::TextHandle kept(words);
+        if (remarks != nullptr) {
+            *remarks = kestrum_text_data(words);
+        }
+        return error;
+    }
+
+    Expected<double> number(const std::string& name) const
+    {
+        double value = 0;
+        const std::optional<Error> error = detail::Done([&](auto** e) {
+            return kestrum_member_number(get(), name.c_str(), &value, e);
+        });
+        if (error) {
+            return *error;
+        }
+        return value;
+    }
+    // Sections, steels and choices by name.
+    Expected<std::string> text(const std::string& name) const
+    {
+        return detail::Text([&](auto** out, auto** e) {
+            return kestrum_member_text(get(), name.c_str(), out, e);
+        });
+    }
+
+    // The bytes of a project file. Reading replaces the whole member, or nothing.
+    std::optional<Error> read_project(std::string_view bytes)
+    {
+        return detail::Done([&](auto** e) {
+            return kestrum_member_read_project(handle_.get(), bytes.empty() ? "" : bytes.data(),
+                                               bytes.size(), e);
+        });
+    }
+    std::string project() const
+    {
+        return detail::Sure(detail::Text(
+            [&](auto** out, auto** e) { return kestrum_member_project(get(), out, e); }));
+    }
+
+    Result check(Options options = {}) const
+    {
+        return Result(detail::Sure(detail::Answered<kestrum_result, kestrum_result_free>(
+                                       [&](auto** out, auto** e) {
+                                           return kestrum_member_check(
+                                               get(), static_cast<unsigned>(options.basis), out, e);
+                                       }))
+                          .release());
+    }
+
+    const kestrum_member* get() const { return handle_.get(); }
+
+private:
+    detail::Handle<kestrum_member, kestrum_member_free> handle_;
+};
+
+}  // namespace v1
+}  // namespace kestrum
+
+#endif

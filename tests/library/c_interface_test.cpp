@@ -1,0 +1,178 @@
+// The interface for C: null pointers and wrong sizes are errors, nothing is thrown, and the
+// caller's floating-point environment is what it was.
+
+#include <kestrum/kestrum.h>
+
+#include <gtest/gtest.h>
+
+#include <cfenv>
+#include <cmath>
+#include <limits>
+#include <string>
+
+namespace {
+
+class CInterface : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_EQ(kestrum_catalogue_builtin(&catalogue, nullptr), KESTRUM_OK);
+        ASSERT_EQ(kestrum_member_new(catalogue, &member, nullptr), KESTRUM_OK);
+        ASSERT_EQ(kestrum_member_set(member, "section", "HEA 200", nullptr), KESTRUM_OK);
+        ASSERT_EQ(kestrum_member_set_number(member, "nload[1]", 500, nullptr), KESTRUM_OK);
+        ASSERT_EQ(kestrum_member_check(member, KESTRUM_BASIS_BOTH, &result, nullptr), KESTRUM_OK);
+    }
+    void TearDown() override
+    {
+        kestrum_result_free(result);
+        kestrum_member_free(member);
+        kestrum_catalogue_free(catalogue);
+    }
+
+    kestrum_catalogue* catalogue = nullptr;
+    kestrum_member* member = nullptr;
+    kestrum_result* result = nullptr;
+    kestrum_text* text = reinterpret_cast<kestrum_text*>(this);  // must be overwritten
+    kestrum_error* error = nullptr;
+    double number = 0;
+};
+
+// Each call with one null where none may be; the answer is null and the error names the argument.
+TEST_F(CInterface, NullPointersAreErrors)
+{
+    const auto expect_null = [&](kestrum_code code, const char* name) {
+        EXPECT_EQ(code, KESTRUM_NULL) << name;
+        EXPECT_STREQ(kestrum_error_field(error), name);
+        EXPECT_STREQ(kestrum_error_text(error), (std::string(name) + " is null").c_str());
+        kestrum_error_free(error);
+        error = nullptr;
+    };
+    kestrum_member* none = nullptr;
+    kestrum_result* nothing = nullptr;
+    const kestrum_setting nameless{nullptr, "1"}, valueless{"l", nullptr};
+    expect_null(kestrum_catalogue_builtin(nullptr, &error), "out");
+    expect_null(kestrum_catalogue_open(nullptr, &catalogue, &error), "folder");
+    ASSERT_EQ(kestrum_catalogue_builtin(&catalogue, nullptr), KESTRUM_OK);
+    expect_null(kestrum_catalogue_sections(nullptr, "IPE", &text, &error), "catalogue");
+    EXPECT_EQ(text, nullptr);
+    expect_null(kestrum_catalogue_sections(catalogue, nullptr, &text, &error), "family");
+    expect_null(kestrum_member_new(nullptr, &none, &error), "catalogue");
+    expect_null(kestrum_member_copy(nullptr, &none, &error), "member");
+    expect_null(kestrum_member_set(nullptr, "l", "1", &error), "member");
+    expect_null(kestrum_member_set(member, nullptr, "1", &error), "name");
+    expect_null(kestrum_member_set(member, "l", nullptr, &error), "value");
+    expect_null(kestrum_member_set_number(nullptr, "l", 1, &error), "member");
+    expect_null(kestrum_member_set_number(member, nullptr, 1, &error), "name");
+    expect_null(kestrum_member_set_number(member, nullptr, NAN, &error), "name");
+    expect_null(kestrum_member_set_all(member, nullptr, 1, nullptr, &error), "settings");
+    expect_null(kestrum_member_set_all(member, &nameless, 1, nullptr, &error), "name");
+    expect_null(kestrum_member_set_all(member, &valueless, 1, nullptr, &error), "value");
+    expect_null(kestrum_member_number(member, "l", nullptr, &error), "out");
+    expect_null(kestrum_member_number(nullptr, "l", &number, &error), "member");
+    expect_null(kestrum_member_text(member, nullptr, &text, &error), "name");
+    expect_null(kestrum_member_read_project(member, nullptr, 5, &error), "bytes");
+    expect_null(kestrum_member_project(nullptr, &text, &error), "member");
+    expect_null(kestrum_member_check(nullptr, KESTRUM_BASIS_BOTH, &nothing, &error), "member");
+    expect_null(kestrum_member_check(member, KESTRUM_BASIS_BOTH, nullptr, &error), "out");
+    expect_null(kestrum_result_check(result, 0, nullptr, &error), "out");
+    expect_null(kestrum_result_number(nullptr, "l", &number, &error), "result");
+    expect_null(kestrum_result_json(nullptr, &text, &error), "result");
+    expect_null(kestrum_result_panel(nullptr, &text, &error), "result");
+    expect_null(kestrum_result_diagram_svg(nullptr, 'z', &text, &error), "result");
+    expect_null(kestrum_result_section_svg(nullptr, &text, &error), "result");
+    EXPECT_EQ(none, nullptr);
+    EXPECT_EQ(nothing, nullptr);
+}
+
+TEST_F(CInterface, NullHandlesHaveEmptyAnswers)
+{
+    EXPECT_STREQ(kestrum_error_text(nullptr), "");
+    EXPECT_EQ(kestrum_error_line(nullptr), 0);
+    EXPECT_STREQ(kestrum_text_data(nullptr), "");
+    EXPECT_EQ(kestrum_text_size(nullptr), 0U);
+    EXPECT_EQ(kestrum_result_status(nullptr, KESTRUM_BASIS_PROGRAM), KESTRUM_NOT_CHECKED);
+    EXPECT_TRUE(std::isnan(kestrum_result_ratio(nullptr, KESTRUM_BASIS_PROGRAM)));
+    EXPECT_STREQ(kestrum_result_failure(nullptr).stage, "");
+    EXPECT_EQ(kestrum_result_checks(nullptr) + kestrum_result_notes(nullptr), 0U);
+    kestrum_error_free(nullptr);
+    kestrum_text_free(nullptr);
+    kestrum_result_free(nullptr);
+    kestrum_member_free(nullptr);
+    kestrum_catalogue_free(nullptr);
+}
+
+TEST_F(CInterface, WrongSizesBasesAndNamesAreErrors)
+{
+    kestrum_check check;
+    kestrum_note note;
+    kestrum_result* other = nullptr;
+    EXPECT_EQ(kestrum_result_check(result, kestrum_result_checks(result), &check, nullptr),
+              KESTRUM_UNKNOWN_NAME);
+    EXPECT_EQ(kestrum_result_note(result, std::numeric_limits<size_t>::max(), &note, nullptr),
+              KESTRUM_UNKNOWN_NAME);
+    EXPECT_EQ(kestrum_member_check(member, 0, &other, nullptr), KESTRUM_REFUSED);
+    EXPECT_EQ(kestrum_member_check(member, 4, &other, nullptr), KESTRUM_REFUSED);
+    EXPECT_EQ(kestrum_result_diagram_svg(result, 'x', &text, nullptr), KESTRUM_REFUSED);
+    EXPECT_EQ(kestrum_result_number(result, "ident", &number, nullptr), KESTRUM_REFUSED);
+    EXPECT_EQ(kestrum_result_number(result, "qload[99]", &number, nullptr), KESTRUM_UNKNOWN_NAME);
+    EXPECT_EQ(kestrum_member_read_project(member, "", 0, &error), KESTRUM_BAD_FILE);
+    EXPECT_EQ(kestrum_error_line(error), 1);
+    kestrum_error_free(error);
+}
+
+// Compression alone: NEd gammaM0 / (A fy) with A = 5383 mm2 of the HEA 200, 6.2.4.
+TEST_F(CInterface, TheResultSaysWhatWasChecked)
+{
+    EXPECT_EQ(kestrum_result_status(result, KESTRUM_BASIS_PROGRAM), KESTRUM_WITHIN);
+    bool found = false;
+    for (size_t i = 0; i < kestrum_result_checks(result); ++i) {
+        kestrum_check check;
+        ASSERT_EQ(kestrum_result_check(result, i, &check, nullptr), KESTRUM_OK);
+        if (std::string(check.check) == "section_N") {
+            found = true;
+            EXPECT_STREQ(check.clause, "6.2.4");
+            ASSERT_EQ(kestrum_result_number(result, "fyk", &number, nullptr), KESTRUM_OK);
+            double ned = 0, gammam0 = 0;
+            ASSERT_EQ(kestrum_result_number(result, "gammam0", &gammam0, nullptr), KESTRUM_OK);
+            ASSERT_EQ(kestrum_result_number(result, "ned", &ned, nullptr), KESTRUM_OK);
+            EXPECT_NEAR(check.ratio, ned * 1e3 * gammam0 / (5383 * number), 1e-3);
+        }
+    }
+    EXPECT_TRUE(found);
+}
+
+// Flags, rounding and traps of the caller neither reach the calculation nor are changed by it.
+TEST_F(CInterface, TheFloatingPointEnvironmentIsKept)
+{
+    ASSERT_EQ(kestrum_result_json(result, &text, nullptr), KESTRUM_OK);
+    const std::string usual = kestrum_text_data(text);
+    kestrum_text_free(text);
+
+    kestrum_result* upward = nullptr;
+    kestrum_text* json = nullptr;
+    std::fesetround(FE_UPWARD);
+    std::feclearexcept(FE_ALL_EXCEPT);
+    std::feraiseexcept(FE_UNDERFLOW);
+    const kestrum_code code = kestrum_member_check(member, KESTRUM_BASIS_BOTH, &upward, nullptr);
+    const int rounding = std::fegetround();
+    const int flags = std::fetestexcept(FE_ALL_EXCEPT);
+    std::fesetround(FE_TONEAREST);
+    std::feclearexcept(FE_ALL_EXCEPT);
+
+    ASSERT_EQ(code, KESTRUM_OK);
+    EXPECT_EQ(rounding, FE_UPWARD);
+    EXPECT_EQ(flags, FE_UNDERFLOW);
+    ASSERT_EQ(kestrum_result_json(upward, &json, nullptr), KESTRUM_OK);
+    EXPECT_EQ(std::string(kestrum_text_data(json)), usual);
+    kestrum_text_free(json);
+    kestrum_result_free(upward);
+}
+
+TEST_F(CInterface, AMemberOutlivesItsCatalogue)
+{
+    kestrum_catalogue_free(catalogue);
+    catalogue = nullptr;
+    EXPECT_EQ(kestrum_member_set(member, "section", "HEB 300", nullptr), KESTRUM_OK);
+}
+
+}  // namespace
