@@ -28,7 +28,7 @@ struct EndFixity {
     bool cantilever;
 };
 
-constexpr std::size_t kMaxLinePieces = 40;
+constexpr std::size_t kMaxLinePieces = 128;
 
 // The places between which every line of a member is one polynomial, rising from 0 to the length.
 struct LineGrid {

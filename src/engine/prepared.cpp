@@ -18,19 +18,6 @@ namespace {
 
 constexpr i16 kAxialOverload = -1;  // errorflag
 
-// The way of loading is that of loads, with none of its own.
-void PutLoadsAside(ProjectState& s)
-{
-    static_cast<LoadInputs&>(s) = {};
-    s.loadmode = 1;
-    s.loadcomb = kUserFactors;
-    s.lfulsg = s.lfulsq1 = s.lfulsq2 = s.lfslsg = s.lfslsq1 = s.lfslsq2 = 1;
-    s.checksls = kFalse;
-    s.modal = 0;
-    s.dropped = {};
-    s.governing = 0;
-}
-
 void PrepareSection(const Library& library, ProjectState& s)
 {
     ArmTrap();
@@ -98,6 +85,18 @@ void TakeSections(std::span<const StationSection> sections, ProjectState& s)
 }
 
 }  // namespace
+
+void PutLoadsAside(ProjectState& s)
+{
+    static_cast<LoadInputs&>(s) = {};
+    s.loadmode = 1;
+    s.loadcomb = kUserFactors;
+    s.lfulsg = s.lfulsq1 = s.lfulsq2 = s.lfslsg = s.lfslsq1 = s.lfslsq2 = 1;
+    s.checksls = kFalse;
+    s.modal = 0;
+    s.dropped = {};
+    s.governing = 0;
+}
 
 PreparedMember Prepare(const Library& library, const ProjectState& member)
 {

@@ -29,6 +29,10 @@ struct PreparedMember {
     double Length() const { return state->l; }
 };
 
+// The member as cases of stations see it: no loads or end forces of its own, factors of 1, neither
+// deflection control nor modal analysis.
+void PutLoadsAside(ProjectState& s);
+
 // `member` as read or set; its own loads, end forces and combination are put aside.
 PreparedMember Prepare(const Library& library, const ProjectState& member);
 

@@ -10,7 +10,8 @@ namespace kestrum::standard {
 namespace {
 
 constexpr double kGravity = 0.00981;  // kN per kg (D103: the program takes 0.01)
-constexpr double kOff = 1e-6;         // m; positions are kept in single precision
+constexpr std::size_t kMaxOwnLoads = 16;
+constexpr double kOff = 1e-6;  // m; positions are kept in single precision
 
 int Category(double kept)
 {
@@ -24,7 +25,7 @@ bool Counts(const ProjectState& s, i16 ticked)
 
 void Add(MemberLoads& loads, const Load& load, LineGridMaker& maker)
 {
-    if (load.category < 0 || loads.count == kMaxLoads) {
+    if (load.category < 0 || loads.count == kMaxOwnLoads) {
         return;
     }
     loads.load[loads.count++] = load;
@@ -118,8 +119,8 @@ double AxialForce(const ProjectState& s, const LoadFactors& factors)
 Plane PlaneOf(const MemberLoads& loads, const LoadFactors& factors, Axis axis,
               const EndFixity& ends)
 {
-    std::array<LineLoad, kMaxLoads> lines{};
-    std::array<PointLoad, kMaxLoads> points{};
+    std::array<LineLoad, kMaxOwnLoads> lines{};
+    std::array<PointLoad, kMaxOwnLoads> points{};
     std::size_t line_count = 0;
     std::size_t point_count = 0;
     Plane plane{};
@@ -140,6 +141,13 @@ Plane PlaneOf(const MemberLoads& loads, const LoadFactors& factors, Axis axis,
     plane.line_loads = line_count > 0;
     plane.m = MomentsOf(loads.grid, {lines.data(), line_count}, {points.data(), point_count}, ends);
     return plane;
+}
+
+// Straight from end to end of a piece.
+double Along(const LineGrid& grid, const std::array<double, 2>& ends, std::size_t piece, double x)
+{
+    const double h = grid.x[piece + 1] - grid.x[piece];
+    return ends[0] + (ends[1] - ends[0]) * (x - grid.x[piece]) / h;
 }
 
 Plane GivenPlane(const LineGrid& grid, double m1, double m2, double v1, double v2)
@@ -240,8 +248,16 @@ CombinedLines LinesOf(const ProjectState& s, const MemberLoads& loads, const Loa
     return lines;
 }
 
+double CombinedLines::Axial(std::size_t piece, double x) const
+{
+    return stations == nullptr ? n : Along(grid, stations->n[piece], piece, x);
+}
+
 double CombinedLines::Shear(Axis axis, std::size_t piece, double x) const
 {
+    if (stations != nullptr) {
+        return Along(grid, (axis == Axis::y ? stations->vz : stations->vy)[piece], piece, x);
+    }
     const Plane& plane = Of(axis);
     return plane.given ? plane.v0 + (plane.v1 - plane.v0) * x / grid.Length()
                        : ShearAt(grid, plane.m, piece, x);

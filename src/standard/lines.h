@@ -22,7 +22,7 @@ struct Load {
     LineLoad line;
     PointLoad at;
 };
-constexpr std::size_t kMaxLoads = 16;
+constexpr std::size_t kMaxLoads = 2 * kMaxLinePieces;  // as forces at stations tell of them
 
 struct MemberLoads {
     std::array<Load, kMaxLoads> load;
@@ -45,10 +45,19 @@ struct Plane {
     bool point_loads, line_loads;
 };
 
+// Lines of forces at stations that no moment polynomial tells of: from end to end of each piece.
+struct StationPieces {
+    std::array<std::array<double, 2>, kMaxLinePieces> n, vz, vy;
+    double steepest;  // fall of Vz, kN/m
+};
+
 struct CombinedLines {
     LineGrid grid;
-    double n;  // compression positive
+    double n;  // compression positive; the largest where it varies
     Plane y, z;
+    const StationPieces* stations = nullptr;  // must last; null where N is constant
+
+    double Axial(std::size_t piece, double x) const;
 
     const Plane& Of(Axis axis) const { return axis == Axis::y ? y : z; }
     double Moment(Axis axis, std::size_t piece, double x) const

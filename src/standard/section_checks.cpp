@@ -288,7 +288,7 @@ constexpr int kEvenSections = 50;
 Ratios Walk::RatiosAt(std::size_t piece, double x) const
 {
     const ForcesAt f = {x,
-                        lines_.n * kN,
+                        lines_.Axial(piece, x) * kN,
                         lines_.Moment(Axis::y, piece, x) * kNmm,
                         lines_.Moment(Axis::z, piece, x) * kNmm,
                         lines_.Shear(Axis::y, piece, x) * kN,

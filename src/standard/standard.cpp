@@ -5,6 +5,7 @@
 #include "core/material.h"
 #include "engine/section_dispatch.h"
 #include "engine/validate.h"
+#include "standard/member.h"
 #include "standard/member_checks.h"
 #include "standard/section_checks.h"
 
@@ -17,13 +18,6 @@ namespace kestrum::standard {
 namespace {
 
 constexpr double kNothing = 1e-9;  // kNm: a moment that is a rounding of none
-
-struct Member {
-    const Library& library;
-    const ProjectState& s;
-    PreparedSection section;
-    MemberLoads loads;
-};
 
 ActingForces ActingIn(const CombinedLines& lines)
 {
@@ -40,14 +34,14 @@ ShearInputs ShearInputsOf(const ProjectState& s)
 }
 
 // Loads over the whole length that rest on the lower flange of a hat beam, N/mm.
-double FlangeLoadOf(const Member& m, const LoadFactors& factors)
+double FlangeLoadOf(const Member& m, const LoadFactors& factors, const CombinedLines& lines)
 {
     constexpr i16 kConsidered = 0;
     if (m.section.q.kind != Kind::hat || m.s.hsqopt != kConsidered) {
         return 0;
     }
-    double sum = 0;
-    for (std::size_t i = 0; i < m.loads.count; ++i) {
+    double sum = lines.stations != nullptr ? lines.stations->steepest : 0;
+    for (std::size_t i = 0; i < m.loads.count && lines.stations == nullptr; ++i) {
         const Load& load = m.loads.load[i];
         const bool whole = !load.point && load.line.x1 == 0 && load.line.x2 == m.s.l;
         if (load.about_y && whole && load.line.q1 == load.line.q2) {
@@ -58,18 +52,22 @@ double FlangeLoadOf(const Member& m, const LoadFactors& factors)
     return both ? sum * m.s.flangeload / 100 : sum;
 }
 
-bool CheckStrength(const Member& m, const LoadCase& load_case, Checks& checks)
+}  // namespace
+
+bool CheckStrength(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
+                   Checks& checks)
 {
-    const CombinedLines lines = LinesOf(m.s, m.loads, load_case.factors);
     const ActingForces forces = ActingIn(lines);
     const int cls = ClassOf(m.section.q, forces);
     const SectionMember member{m.section, ShearInputsOf(m.s), m.s.supportcase == 4,
-                               FlangeLoadOf(m, load_case.factors)};
+                               FlangeLoadOf(m, load_case.factors, lines)};
     CheckSections(member, lines, cls, load_case, checks);
     return CheckMember({m.library, m.s, m.section, m.loads, load_case, lines, cls,
                         forces.sagging || forces.hogging, forces.mz},
                        checks);
 }
+
+namespace {
 
 // EN 1990, A1.4: L/n.
 void CheckDeflection(const Member& m, const LoadCase& load_case, Axis axis, Checks& checks)
@@ -100,7 +98,8 @@ void CheckService(const Member& m, Checks& checks)
     }
 }
 
-// The same of a kind of section.
+}  // namespace
+
 void NameOutsideOfKind(const Library& library, const Member& m, const Checks& checks,
                        std::vector<std::string>& outside)
 {
@@ -131,7 +130,6 @@ void NameOutsideOfKind(const Library& library, const Member& m, const Checks& ch
     }
 }
 
-// What takes the program's rule because the standard basis has no other.
 void NameOutside(const Library& library, const Member& m, std::vector<std::string>& outside)
 {
     const ProjectState& s = m.s;
@@ -146,6 +144,8 @@ void NameOutside(const Library& library, const Member& m, std::vector<std::strin
         outside.push_back("strengths by product standard of the British annex: Table 3.1 is taken");
     }
 }
+
+namespace {
 
 void Govern(const ProjectState& s, StandardResult& result)
 {
@@ -165,7 +165,8 @@ void Govern(const ProjectState& s, StandardResult& result)
     }
 }
 
-// The program's section step on a copy, for the section record and the switches of the family.
+}  // namespace
+
 std::string PrepareState(const Library& library, ProjectState& s)
 {
     for (const InputFaults& faults : {Validate(s, &library), Unfinished(s)}) {
@@ -187,8 +188,6 @@ std::string PrepareState(const Library& library, ProjectState& s)
     const std::string_view reason = NoSectionReason(library, s);
     return std::string(reason.empty() ? NoLoadsReason(s) : reason);
 }
-
-}  // namespace
 
 std::string_view NameOf(CheckId id)
 {
@@ -217,7 +216,8 @@ StandardResult CalculateStandard(const Library& library, const ProjectState& pro
     const Member member{library, s, Prepare(SectionOf(library, s)), LoadsOf(s)};
     const LoadCases cases = StrengthCases(s, member.loads.present);
     for (std::size_t i = 0; i < cases.count; ++i) {
-        if (!CheckStrength(member, cases.at[i], result.checks)) {
+        const CombinedLines lines = LinesOf(s, member.loads, cases.at[i].factors);
+        if (!CheckStrength(member, cases.at[i], lines, result.checks)) {
             result.outside.push_back("lateral torsional buckling has no numerical solution here");
             return result;
         }

@@ -169,8 +169,8 @@ TEST(ExactLine, GridKeepsEachPlaceOnceAndSaysWhenItIsFull)
     EXPECT_EQ(maker.Grid().pieces, 3u);
     EXPECT_EQ(maker.Grid().x[1], 1);
     EXPECT_TRUE(maker.Complete());
-    for (int i = 1; i < 60; ++i) {
-        maker.Add(i * 0.1);
+    for (int i = 1; i < 300; ++i) {
+        maker.Add(i * 0.02);
     }
     EXPECT_FALSE(maker.Complete());
     EXPECT_EQ(maker.Grid().Length(), kL);

@@ -1,0 +1,58 @@
+#pragma once
+
+// The standard basis under forces at stations (analysis/stations): a member prepared once, checked
+// under any number of cases.
+//
+// The lines are those of the stations. Where a rule asks for the loads, they are found in the lines
+// of My and Mz: a bend of the moment line at a jump of the shear is a point load of the size of the
+// jump, the rest of the bends is spread evenly over the half intervals beside them. These loads act
+// at the load level of the member (EN 1993-1-1, 6.3.2.2 (2)) and pick the column of Table B.3; a
+// stretch that is straight between two jumps, within 0.2 percent of the largest moment, has none.
+// A moment line that is straight from end to end so far is taken as straight.
+
+#include "analysis/stations.h"
+#include "core/library.h"
+#include "core/project_state.h"
+#include "standard/result.h"
+
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kestrum::standard {
+
+struct StationResult {
+    bool rated = false;  // else `reason`
+    double ir = 0;       // largest of all checks; infinite for one without resistance
+    CheckId governing{};
+    Check check{};  // the governing one
+    std::string_view reason{};
+};
+
+class StationCases {
+public:
+    // `member` as read or set; its own loads are put aside. `library` must last.
+    StationCases(const Library& library, const ProjectState& member);
+    ~StationCases();
+    StationCases(StationCases&&) noexcept;
+    StationCases& operator=(StationCases&&) noexcept;
+
+    // Why there is no result for any case; empty where there is one.
+    const std::string& reason() const { return reason_; }
+    // What takes the program's rule.
+    const std::vector<std::string>& outside() const { return outside_; }
+
+    // The stations have passed CheckStations. Not for two threads at once. Below `enough` only the
+    // size of the ratio is uncertain, not that it is below: a caller who looks for the worst case
+    // hands in the worst ratio so far.
+    StationResult Case(std::span<const Station> stations, double enough = 0);
+
+private:
+    struct Data;
+    std::unique_ptr<Data> data_;
+    std::string reason_;
+    std::vector<std::string> outside_;
+};
+
+}  // namespace kestrum::standard
