@@ -107,7 +107,7 @@ CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q)
 {
     CriticalForces ncr{};
     ncr.y = EulerOf(s, q, s.ly, q.iy);
-    ncr.z = EulerOf(s, q, s.lz, q.iz);
+    ncr.z = EulerOf(s, q, s.lz, q.Angle() ? q.angle.iv : q.iz);
     ncr.t = ncr.tf = std::numeric_limits<double>::infinity();
     ncr.twists = !q.Closed();
     if (!ncr.twists) {
@@ -116,7 +116,16 @@ CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q)
     const bool held = s.ltb == 1 && s.restraints > 0;
     const double length = s.l * kMm / (held ? s.restraints + 1 : 1);
     const double i0 = q.PolarSquared();
-    ncr.t = clauses::TorsionalLoad(q.e, q.it, q.kind == Kind::flat ? 0 : q.iw, i0, length);
+    ncr.t = clauses::TorsionalLoad(q.e, q.it, q.Warps() ? q.iw : 0, i0, length);
+    if (q.Angle()) {  // the u axis is one of symmetry where the legs are equal
+        const double cosine = std::cos(q.angle.alfa);
+        const double sine = std::sin(q.angle.alfa);
+        const double along = q.centre_y * cosine + q.centre_z * sine;
+        const double from = q.angle.equal ? 0 : q.centre_z * cosine - q.centre_y * sine;
+        const double about_u = EulerOf(s, q, s.ly, q.angle.iu);
+        ncr.tf = clauses::TorsionalFlexuralLoad({about_u, ncr.z, ncr.t}, {along, from}, i0);
+        return ncr;
+    }
     ncr.tf = clauses::TorsionalFlexuralLoad({ncr.y, ncr.z, ncr.t}, {q.centre_y, q.centre_z}, i0);
     return ncr;
 }
@@ -135,6 +144,11 @@ Reductions ReductionsOf(const PreparedSection& p, const CriticalForces& ncr,
     r.lamy = std::sqrt(r.squash / ncr.y);
     r.lamz = std::sqrt(r.squash / ncr.z);
     r.lamt = std::sqrt(r.squash / ncr.Torsional());
+    if (p.q.Angle() && p.q.angle.two_bolts) {  // BB.1.2 (2)
+        const double about_z = r.lamz * std::sqrt(p.q.angle.iv / p.q.iz);
+        r.lamy = 0.5 + 0.7 * r.lamy;
+        r.lamz = std::max(0.5 + 0.7 * about_z, 0.35 + 0.7 * r.lamz);
+    }
     r.chiy = clauses::BucklingReduction(r.lamy, curves.y);
     r.chiz = clauses::BucklingReduction(r.lamz, curves.z);
     r.chit = clauses::BucklingReduction(r.lamt, curves.z);

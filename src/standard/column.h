@@ -8,7 +8,7 @@
 namespace kestrum::standard {
 
 struct CriticalForces {
-    double y, z;   // N; infinite without buckling about the axis
+    double y, z;   // N; infinite without buckling about the axis; z of angles about v
     double t, tf;  // of open sections; tf is t where shear centre and centroid coincide
     bool twists;   // open section: torsional buckling is checked
 

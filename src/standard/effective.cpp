@@ -264,6 +264,10 @@ int ClassOf(const StandardSection& q, const ActingForces& forces)
     if (q.kind == Kind::general) {
         return EnteredClass(q, forces);
     }
+    if (q.Angle()) {
+        const bool compressed = forces.n > 0 || forces.sagging || forces.hogging || forces.mz;
+        return compressed ? ClassOfAngle(std::max(q.h, q.b), std::min(q.h, q.b), q.tw, q.eps) : 3;
+    }
     int cls = 1;
     for (std::size_t i = 0; i < q.wall_count; ++i) {
         cls = std::max(cls, ClassOfWall(q, q.walls[i], forces));

@@ -37,8 +37,8 @@ double LoadLevel(const ProjectState& s, const StandardSection& q)
 
 LateralSection SectionFor(const StandardSection& q)
 {
-    const bool warps = q.kind != Kind::flat;
-    return {q.e * q.iz, warps ? q.e * q.iw : 0, q.e / 2.6 * q.it, q.zj};
+    const double sideways = q.Angle() ? q.angle.iv : q.iz;
+    return {q.e * sideways, q.Warps() ? q.e * q.iw : 0, q.e / 2.6 * q.it, q.zj};
 }
 
 // k of the supports: those that are not 0.5, 0.7 or 1 stretch the moment line over kL.
@@ -208,6 +208,17 @@ double ClosedMoment(const ProjectState& s, const StandardSection& q, const Membe
            (std::sqrt(section.eiw / section.eiz + section.git / euler + lever * lever) - lever);
 }
 
+// Unequal angles lie outside the model of the numerical solution, which bends in a plane of
+// symmetry: uniform moment about u, Nmm.
+double UnequalAngleMoment(const ProjectState& s, const StandardSection& q, bool positive)
+{
+    const LateralSection section = SectionFor(q);
+    const double length = s.ltbk * s.l * kMm;
+    const double euler = clauses::EulerLoad(q.e, q.angle.iv, length);
+    const double zj = positive ? AsymmetryOfAngle(q) : -AsymmetryOfAngle(q);
+    return euler * (std::sqrt(section.git / euler + zj * zj) + zj);
+}
+
 double NumericalMoment(const ProjectState& s, const StandardSection& q, const MemberLoads& loads,
                        const LoadFactors& factors, const CombinedLines& lines, double largest)
 {
@@ -295,8 +306,11 @@ LateralResult LateralBucklingOf(const ProjectState& s, const PreparedSection& p,
     r.place = most.x / lines.grid.Length();
     const bool sagging = r.moment > 0;
     const double size = std::abs(r.moment);
-    r.mcr = (s.cmanual != kFalse ? ClosedMoment(s, q, loads, factors, sagging)
-                                 : NumericalMoment(s, q, loads, factors, lines, size)) /
+    const bool unequal = q.Angle() && !q.angle.equal;
+    const bool entered = s.cmanual != kFalse && !q.Angle();
+    r.mcr = (unequal   ? UnequalAngleMoment(s, q, sagging)
+             : entered ? ClosedMoment(s, q, loads, factors, sagging)
+                       : NumericalMoment(s, q, loads, factors, lines, size)) /
             kNmm;
     if (!(r.mcr > 0)) {
         return r;  // no resistance

@@ -26,7 +26,7 @@ constexpr double kSwayCm = 0.9;  // Table B.3, members that buckle in a sway mod
 class Member {
 public:
     explicit Member(const MemberCase& m)
-        : m_(m), p_(m.section), q_(m.section.q), n_(m.lines.n * kN),
+        : m_(m), p_(m.section), q_(m.section.q), n_(m.lines.n * kN), bends_y_(m.my), bends_z_(m.mz),
           my_(std::abs(m.lines.LargestMoment(Axis::y).value) * kNmm),
           mz_(std::abs(m.lines.LargestMoment(Axis::z).value) * kNmm)
     {
@@ -51,12 +51,18 @@ private:
     double CmLtB() const;
     double ShiftY() const { return m_.cls == 4 && n_ > 0 ? n_ * p_.effective.eny : 0; }
     double ShiftZ() const { return m_.cls == 4 && n_ > 0 ? n_ * p_.effective.enz : 0; }
-    bool Twists() const { return !q_.Closed() && m_.s.ltb == 1; }
+    // Angles have no input that would leave it out.
+    bool Twists() const { return !q_.Closed() && (m_.s.ltb == 1 || q_.Angle()); }
+    void TurnAxes();
+    LateralResult Lateral() const;
 
     const MemberCase& m_;
     const PreparedSection& p_;
     const StandardSection& q_;
-    double n_, my_, mz_;  // N, Nmm
+    double n_;  // N
+    bool bends_y_, bends_z_;
+    double my_, mz_;          // Nmm; of angles about u and v
+    CombinedLines turned_{};  // of angles: lines of Mu and Mv
     CriticalForces ncr_{};
     Reductions chi_{};  // of the class of the combination
     LateralResult lateral_{};
@@ -166,8 +172,8 @@ InteractionFactors Member::AnnexA() const
     in.wplz = q_.wplz;
     in.mply = q_.wply * strength;
     in.mplz = q_.wplz * strength;
-    in.cmy0 = m_.my ? CmA(Axis::y, q_.iy, ncr_.y) : 1;
-    in.cmz0 = m_.mz ? CmA(Axis::z, q_.iz, ncr_.z) : 1;
+    in.cmy0 = bends_y_ ? CmA(Axis::y, q_.iy, ncr_.y) : 1;
+    in.cmz0 = bends_z_ ? CmA(Axis::z, q_.iz, ncr_.z) : 1;
     in.chiy = chi_.chiy;
     in.chiz = chi_.chiz;
     in.chilt = lateral_.chi;
@@ -187,9 +193,9 @@ InteractionFactors Member::AnnexB() const
     clauses::AnnexBInputs in{};
     in.plastic = m_.cls <= 2 && !q_.elastic;
     in.hollow = q_.Closed();
-    in.twists = Twists() && m_.my;
-    in.cmy = m_.my ? CmB(Axis::y, 0, length) : 1;
-    in.cmz = m_.mz ? CmB(Axis::z, 0, length) : 1;
+    in.twists = Twists() && bends_y_;
+    in.cmy = bends_y_ ? CmB(Axis::y, 0, length) : 1;
+    in.cmz = bends_z_ ? CmB(Axis::z, 0, length) : 1;
     in.cmlt = in.twists ? CmLtB() : 1;
     in.cmy = m_.s.ly > 1 ? kSwayCm : in.cmy;
     in.cmz = m_.s.lz > 1 ? kSwayCm : in.cmz;
@@ -218,8 +224,8 @@ void Member::Outside(Checks& checks) const
 
 void Member::Interaction(Checks& checks)
 {
-    const bool moments = m_.my || m_.mz || ShiftY() > 0 || ShiftZ() > 0;
-    if (n_ < 0 || (n_ > 0 && !moments) || (n_ == 0 && !(m_.my && m_.mz))) {
+    const bool moments = bends_y_ || bends_z_ || ShiftY() > 0 || ShiftZ() > 0;
+    if (n_ < 0 || (n_ > 0 && !moments) || (n_ == 0 && !(bends_y_ && bends_z_))) {
         return;
     }
     if (n_ >= std::min({ncr_.y, ncr_.z, ncr_.t, ncr_.tf})) {
@@ -244,6 +250,37 @@ void Member::Interaction(Checks& checks)
          annex_a ? "Eq 6.62, Annex A" : "Eq 6.62, Annex B");
 }
 
+// Angles bend about u and v.
+void Member::TurnAxes()
+{
+    constexpr double kRounding = 1e-3;  // Nmm
+    const AngleSection& angle = p_.whole_angle;
+    turned_ = m_.lines;
+    for (std::size_t i = 0; i < turned_.grid.pieces; ++i) {
+        for (std::size_t k = 0; k < 4; ++k) {
+            const PrincipalMoments m =
+                TurnMoments(angle, m_.lines.y.m.m[i][k], m_.lines.z.m.m[i][k]);
+            turned_.y.m.m[i][k] = m.u;
+            turned_.z.m.m[i][k] = m.v;
+        }
+    }
+    my_ = std::abs(turned_.LargestMoment(Axis::y).value) * kNmm;
+    mz_ = std::abs(turned_.LargestMoment(Axis::z).value) * kNmm;
+    bends_y_ = my_ > kRounding;
+    bends_z_ = mz_ > kRounding;
+}
+
+LateralResult Member::Lateral() const
+{
+    if (q_.kind == Kind::plate) {
+        return TrippingOf(m_.s, p_, m_.lines, m_.cls);
+    }
+    if (q_.Angle()) {  // loads count in the shear centre
+        return LateralBucklingOf(m_.s, p_, {}, m_.load_case.factors, turned_, m_.cls);
+    }
+    return LateralBucklingOf(m_.s, p_, m_.loads, m_.load_case.factors, m_.lines, m_.cls);
+}
+
 bool Member::Check(Checks& checks)
 {
     ncr_ = CriticalForcesOf(m_.s, q_);
@@ -251,12 +288,12 @@ bool Member::Check(Checks& checks)
     if (n_ > 0) {
         Column(checks);
     }
-    lateral_.moment = m_.lines.LargestMoment(Axis::y).value;
-    if (m_.my && Twists()) {
-        lateral_ =
-            q_.kind == Kind::plate
-                ? TrippingOf(m_.s, p_, m_.lines, m_.cls)
-                : LateralBucklingOf(m_.s, p_, m_.loads, m_.load_case.factors, m_.lines, m_.cls);
+    if (q_.Angle()) {
+        TurnAxes();
+    }
+    lateral_.moment = (q_.Angle() ? turned_ : m_.lines).LargestMoment(Axis::y).value;
+    if (bends_y_ && Twists()) {
+        lateral_ = Lateral();
         if (!(lateral_.resistance > 0)) {
             return false;
         }

@@ -113,14 +113,26 @@ double Slender(const StandardSection& q, double h, double t, const ShearInputs& 
 
 PreparedSection Prepare(const StandardSection& q)
 {
-    PreparedSection p{q, {}, 1};
+    PreparedSection p{q, {}, 1, {}, {}};
     p.class_n = ClassInCompression(q);
-    p.effective = EffectiveValuesOf(q);
+    if (!q.Angle()) {
+        p.effective = EffectiveValuesOf(q);
+        return p;
+    }
+    p.whole_angle = WholeAngle(q);
+    const AngleSection& angle = p.effective_angle = EffectiveAngle(q);
+    p.effective.a = angle.a;
+    p.effective.eny = std::abs(angle.zc * angle.cosine - angle.yc * angle.sine);
+    p.effective.enz = std::abs(angle.yc * angle.cosine + angle.zc * angle.sine);
     return p;
 }
 
 double ModulusY(const PreparedSection& p, int cls, bool sagging)
 {
+    if (p.q.Angle()) {
+        return std::min(CompressedModulusU(p.AngleOf(cls), true),
+                        CompressedModulusU(p.AngleOf(cls), false));
+    }
     if (Plastic(p.q, cls)) {
         return p.q.wply;
     }
@@ -132,6 +144,9 @@ double ModulusY(const PreparedSection& p, int cls, bool sagging)
 
 double ModulusYCompressed(const PreparedSection& p, int cls, bool sagging)
 {
+    if (p.q.Angle()) {
+        return CompressedModulusU(p.AngleOf(cls), sagging);
+    }
     if (Plastic(p.q, cls)) {
         return p.q.wply;
     }
@@ -143,6 +158,9 @@ double ModulusYCompressed(const PreparedSection& p, int cls, bool sagging)
 
 double ModulusZ(const PreparedSection& p, int cls)
 {
+    if (p.q.Angle()) {
+        return LeastModulusV(p.AngleOf(cls));
+    }
     return Plastic(p.q, cls) ? p.q.wplz : cls <= 3 ? p.q.LeastWelz() : p.effective.wz;
 }
 
@@ -190,7 +208,7 @@ ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, dou
 {
     const StandardSection& q = p.q;
     const double plastic = clauses::PlasticShear(q.avz, q.fy, q.gammam0);
-    const double k = ShearedWhole(q) ? 0 : Slender(q, q.hw, q.tw, in);
+    const double k = ShearedWhole(q) || q.Angle() ? 0 : Slender(q, q.hw, q.tw, in);
     if (k == 0) {
         return {plastic, plastic, false};
     }

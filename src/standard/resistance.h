@@ -2,6 +2,7 @@
 
 // Resistances of the section for one combination, EN 1993-1-1, 6.2. N and Nmm.
 
+#include "standard/angle.h"
 #include "standard/effective.h"
 
 namespace kestrum::standard {
@@ -11,10 +12,13 @@ struct PreparedSection {
     StandardSection q;
     EffectiveValues effective;
     int class_n;
+    AngleSection whole_angle, effective_angle;  // of angles, about u and v
+
+    const AngleSection& AngleOf(int cls) const { return cls == 4 ? effective_angle : whole_angle; }
 };
 PreparedSection Prepare(const StandardSection& q);
 
-// Of a class: plastic, elastic, effective.
+// Of a class: plastic, elastic, effective. Angles: about u and v.
 double ModulusY(const PreparedSection& p, int cls, bool sagging);
 double ModulusYCompressed(const PreparedSection& p, int cls, bool sagging);  // 6.3.2.2 (1)
 double ModulusZ(const PreparedSection& p, int cls);

@@ -4,6 +4,7 @@
 #include "core/annexes.h"
 #include "core/material.h"
 #include "sections/families.h"
+#include "standard/angle.h"
 #include "standard/plates.h"
 
 #include <algorithm>
@@ -157,6 +158,8 @@ void SetShearAreas(const ProjectState& s, StandardSection& q)
     case Kind::flat:
         q.avz = q.avy = q.a / 1.5;
         break;
+    case Kind::angle:  // set with its legs
+        break;
     case Kind::general:  // as entered
         q.avz = q.eta * s.aweb;
         q.avy = s.aflange;
@@ -236,7 +239,7 @@ void AddWalls(const ProjectState& s, StandardSection& q)
 
 bool Covered(const ProjectState& s)
 {
-    return !Is(s, Kind::none, Kind::angle);
+    return !Is(s, Kind::none);
 }
 
 std::string_view NoSectionReason(const Library& library, const ProjectState& s)
@@ -294,6 +297,8 @@ StandardSection SectionOf(const Library& library, const ProjectState& s)
         SetGeneral(s, q);
     } else if (Is(s, Kind::tee, Kind::hat, Kind::box_unequal, Kind::plate)) {
         SetPlates(s, q);
+    } else if (q.kind == Kind::angle) {
+        SetAngle(s, q);
     }
     AddWalls(s, q);
     SetShearAreas(s, q);

@@ -67,6 +67,11 @@ struct StandardSection {
     struct EnteredClasses {
         int n, my, mz;
     } entered;  // general profile
+    struct Legs {
+        double iu, iv, alfa;  // mm4, radians from y to u
+        bool equal;
+        bool two_bolts;  // in one leg at the ends, BB.1.2
+    } angle;
 
     bool Closed() const
     {
@@ -74,6 +79,9 @@ struct StandardSection {
                kind == Kind::hat || kind == Kind::box_unequal;
     }
     bool ISection() const { return kind == Kind::i_rolled || kind == Kind::i_welded; }
+    bool Angle() const { return kind == Kind::angle; }
+    // T and angles have no warping to speak of, and none is counted.
+    bool Warps() const { return kind != Kind::flat && kind != Kind::angle; }
     bool OfStrips() const { return strip_count > 0; }
     // A web whose stresses depend on the plastic axis of the section, 5.5.2.
     bool UnequalFlanges() const

@@ -53,6 +53,7 @@ private:
     bool NearRigidEndPost(double length) const;
     double LinearSum(const ReducedResistance& r) const;
     void LoadedFlange();
+    void AngleMoments();
 
     const SectionMember& member_;
     const PreparedSection& p_;
@@ -204,6 +205,28 @@ void Place::Combined()
     }
 }
 
+// Stresses of the corners about the principal axes, 6.2.1 (5).
+void Place::AngleMoments()
+{
+    const AngleSection& angle = p_.AngleOf(cls_);
+    const auto use = [&](double n, double my, double mz) {
+        const AngleSection& acting = n < 0 ? p_.whole_angle : angle;
+        return AngleUse(q_, acting, {n, my, mz, rho_.z, rho_.y});
+    };
+    const std::string_view clause = rho_.z > 0 || rho_.y > 0 ? "6.2.8" : "6.2.5";
+    const double enough = 1e-9;  // of a moment that is a rounding of none, kNm
+    if (std::abs(f_.my) > enough) {
+        At(CheckId::section_my) = {use(0, f_.my, 0), clause};
+    }
+    if (std::abs(f_.mz) > enough) {
+        At(CheckId::section_mz) = {use(0, 0, f_.mz), clause};
+    }
+    const int acting = (f_.n != 0) + (f_.my != 0) + (f_.mz != 0);
+    if (acting > 1 || (cls_ == 4 && f_.n > 0)) {
+        At(CheckId::section_nm) = {use(f_.n, f_.my, f_.mz), cls_ == 4 ? "6.2.9.3" : "6.2.9.2"};
+    }
+}
+
 // 6.2.1 (5) for the lower flange of a hat beam that its load bends across.
 void Place::LoadedFlange()
 {
@@ -246,6 +269,10 @@ Ratios Place::All(double length)
 {
     Axial();
     Shear();
+    if (q_.Angle()) {
+        AngleMoments();
+        return ratios_;
+    }
     Moments();
     Combined();
     LoadedFlange();

@@ -121,6 +121,10 @@ void NameOutsideOfKind(const Library& library, const Member& m, const Checks& ch
     if (q.kind == Kind::hat && s.hsqopt == 0) {
         outside.push_back("the load on the flange acts 60 mm from the web, whatever its bearing");
     }
+    if (q.kind == Kind::angle && checks[CheckId::ltb].present) {
+        outside.push_back("lateral torsional buckling of an angle: no input for restraints and "
+                          "load level, checked without");
+    }
     if (q.OfStrips() && shape.lower == LowerFlange::one_side) {
         outside.push_back("one-sided flange: bending about y and z, not about the principal axes");
     }

@@ -34,8 +34,8 @@ ProjectState Loaded(int family)
     return s;
 }
 
-constexpr int kCovered[] = {1,  2,  3,  4,  15, 21, 22, 5,  16, 6,  7,  8,   9,   23, 28,
-                            31, 24, 25, 26, 27, 41, 51, 52, 53, 54, 56, 101, 102, 103};
+constexpr int kCovered[] = {1,  2,  3,  4,  15, 21, 22, 5,  16, 6,  7,  8,  9,   23,  28, 31,
+                            10, 11, 24, 25, 26, 27, 41, 51, 52, 53, 54, 56, 101, 102, 103};
 
 void ExpectSame(const StandardResult& a, const StandardResult& b, double relative)
 {
@@ -61,7 +61,7 @@ TEST(Laws, EveryCoveredFamilyIsRated)
 
 TEST(Laws, OtherFamiliesSaySo)
 {
-    for (const int family : {10, 11, 55}) {
+    for (const int family : {55, 60}) {
         SCOPED_TRACE(family);
         const StandardResult result = Rated(Loaded(family));
         EXPECT_FALSE(result.rated);

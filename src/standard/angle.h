@@ -1,0 +1,58 @@
+#pragma once
+
+// Angles by their principal axes, EN 1993-1-1, 6.2.1 (5): heel on the lower left, leg h upright,
+// leg b lying. Moments about y and z as the program has them: a positive My compresses the upper
+// edge, a positive Mz the left one. N, mm, MPa.
+
+#include "standard/section.h"
+
+#include <array>
+
+namespace kestrum::standard {
+
+void SetAngle(const ProjectState& s, StandardSection& q);
+
+// An outermost corner of the legs, whose toes are not rounded.
+struct AngleCorner {
+    double s, w;          // along the u axis and from it
+    bool upright, lying;  // part of the leg h, of the leg b
+};
+
+// Whole, or with effective legs.
+struct AngleSection {
+    double a;
+    double yc, zc;        // centroid from that of the gross section
+    double iu, iv, alfa;  // u turned by alfa from y towards z, radians
+    double cosine, sine;
+    std::array<AngleCorner, 5> corners;
+
+    bool Shifted() const { return yc != 0 || zc != 0; }
+};
+AngleSection WholeAngle(const StandardSection& q);
+// EN 1993-1-5, 4.4 (2): each leg by its whole length, in uniform compression.
+AngleSection EffectiveAngle(const StandardSection& q);
+
+// Of a pair of moments about y and z.
+struct PrincipalMoments {
+    double u, v;
+};
+PrincipalMoments TurnMoments(const AngleSection& angle, double my, double mz);
+
+// Forces at a section; what shear takes of the strength of the leg h (Vz) and of the leg b (Vy).
+struct AngleForces {
+    double n, my, mz;
+    double rho_z, rho_y;
+};
+// Largest stress of the corners as share of the strength fy/gammaM0. Where the legs are not whole,
+// a compressive N acts beside the centroid, in the unfavourable sense (6.2.9.3 (2)).
+double AngleUse(const StandardSection& q, const AngleSection& angle, const AngleForces& f);
+
+// Elastic moduli: of the edge that Mu compresses, of the furthest edge about v.
+double CompressedModulusU(const AngleSection& angle, bool positive);
+double LeastModulusV(const AngleSection& angle);
+
+// zj of bending about u, by the middles of the legs; positive where a positive Mu compresses the
+// larger part.
+double AsymmetryOfAngle(const StandardSection& q);
+
+}  // namespace kestrum::standard

@@ -1,0 +1,139 @@
+// Angles by the standard basis. L 100x10 of EN 10056-1: A 1915, e 28.22, Iy 1.767e6, Iu 2.803e6, Iv
+// 7.301e5. S235 (class 3: 100/10 is within 15 and 11.5), gammaM0 = gammaM1 = 1.0.
+
+#include "standard/angle.h"
+
+#include "engine/section_dispatch.h"
+#include "standard/standard_member.h"
+
+#include <cmath>
+
+namespace kestrum {
+namespace {
+
+using standard::CheckId;
+
+ProjectState Equal(float length)
+{
+    return Named("L 100x10", length, 235);
+}
+
+// D182, D55: My 2 kNm about y and z with their product of inertia: stresses at the five corners
+// -77.3 (heel), 95.3 and 105.5 (upper tip), 24.0 and 41.3 (lower tip); 105.468/235.
+TEST(Angle, StressesAreThoseOfTheCorners)
+{
+    ProjectState s = Equal(3);
+    EndForces(s, 0, 2, 0);
+    EXPECT_NEAR(Ratio(s, CheckId::section_my), 0.448801, 1e-5);
+    EndForces(s, -50, 2, 0);  // stretched: the heel, 77.304 + 50000/1915
+    EXPECT_NEAR(Ratio(s, CheckId::section_nm), (77.3045 + 26.1097) / 235, 1e-5);
+}
+
+// The reflection in the u axis turns My into -Mz and Mz into -My.
+TEST(Angle, EqualLegsAreSymmetric)
+{
+    ProjectState s = Equal(3);
+    EndForces(s, 20, 1.5F, 0.4F);
+    const double one = Ratio(s, CheckId::section_nm);
+    EndForces(s, 20, -0.4F, -1.5F);
+    EXPECT_NEAR(Ratio(s, CheckId::section_nm), one, 1e-6);
+    EndForces(s, 20, -1.5F, 0.4F);
+    EXPECT_GT(std::abs(Ratio(s, CheckId::section_nm) - one), 0.01);
+}
+
+// D179, 6.2.8: the leg h carries Vz, (100 - 10) 10/1.5 235/sqrt 3 = 81.406 kN; at 0.75 a quarter of
+// the strength of that leg is gone.
+TEST(Angle, ShearReducesTheStrengthOfItsLeg)
+{
+    ProjectState s = Equal(3);
+    EndForces(s, 0, 2, 0);
+    s.vz1 = s.vz2 = 0.75F * 81.4064F;
+    EXPECT_NEAR(Ratio(s, CheckId::section_vz), 0.75, 1e-5);
+    EXPECT_NEAR(Ratio(s, CheckId::section_my), 0.448801 / 0.75, 1e-4);
+}
+
+// 6.3.1, curve b, L 3: y 0.39354, v (lam 1.6360) 0.74902. 6.3.1.4: NT 1749.87, Nu 645.51, beta
+// 0.58147: Ncr,TF 551.77 kN, 0.33710. BB.1.2, two bolts in a leg: v 0.35 + 0.7 1.6360: 0.64596.
+TEST(Angle, BucklesAboutPrincipalAxes)
+{
+    ProjectState s = Equal(3);
+    s.nload[1] = 100;
+    const auto result = Rated(s);
+    EXPECT_NEAR(Ratio(result, CheckId::flexural_y), 0.393538, 1e-5);
+    EXPECT_NEAR(Ratio(result, CheckId::flexural_z), 0.749016, 1e-5);
+    EXPECT_NEAR(Ratio(result, CheckId::torsional), 0.337098, 1e-4);
+    s.lopt = 2;
+    EXPECT_NEAR(Ratio(s, CheckId::flexural_z), 0.645957, 1e-5);
+}
+
+// D226, 6.3.2.2: uniform My 2 gives Mu 1.4142; Mcr = pi/L sqrt(EIv GIt) = 29.327 kNm with It 63333,
+// Wu = Iu/(100/sqrt 2) = 39640, lam 0.5636; without a reduction up to 0.4 (0.2 here), curve d.
+TEST(Angle, EqualAngleBucklesLaterallyAboutU)
+{
+    ProjectState s = Equal(3);
+    s.lamdalt0 = 0.2F;
+    EndForces(s, 0, 2, 0);
+    EXPECT_NEAR(Ratio(s, CheckId::ltb), 0.206542, 2e-4);
+    // Mv alone does not buckle it: Mu = 0 with Mz = -My.
+    EndForces(s, 0, 2, -2);
+    EXPECT_LT(Ratio(s, CheckId::ltb), 0);
+}
+
+// D181, EN 1993-1-5, 4.4 (2): L 50x3, 16.67 > 15: lam 0.8950 by the whole leg, rho 0.88266: legs of
+// 44.133, Aeff 262.50; the centroid moves 2.1133 along u, and N 20 about v adds to its stress: the
+// heel or the tips at 113.2 MPa.
+TEST(Angle, SlenderLegsShiftTheCentroid)
+{
+    ProjectState s = Named("L 50x3", 1, 235);
+    s.nload[1] = 20;
+    const auto result = Rated(s);
+    EXPECT_NEAR(Ratio(result, CheckId::section_n), 20 / 61.68697, 1e-5);
+    EXPECT_NEAR(Ratio(result, CheckId::section_nm), 0.48172, 1e-4);
+}
+
+// zj = ws - integral of (s^2 + w^2) w dA/(2 Iu), here over the solid legs in squares of 0.5 mm.
+TEST(Angle, AsymmetryOfUnequalLegs)
+{
+    ProjectState s = Named("L 150x75x9", 3, 235);
+    CalcSection(Delivered(), s);
+    const standard::StandardSection q = standard::SectionOf(Delivered(), s);
+    const double cosine = std::cos(q.angle.alfa);
+    const double sine = std::sin(q.angle.alfa);
+    double integral = 0;
+    constexpr double kStep = 0.5;
+    for (double y = kStep / 2; y < q.b; y += kStep) {
+        for (double z = kStep / 2; z < q.h; z += kStep) {
+            if (y < q.tw || z < q.tw) {
+                const double w = (z - q.below) * cosine - (y - q.left) * sine;
+                const double square = std::pow(y - q.left, 2) + std::pow(z - q.below, 2);
+                integral += square * w * kStep * kStep;
+            }
+        }
+    }
+    const double ws = q.centre_z * cosine - q.centre_y * sine;
+    const double zj = ws - integral / (2 * q.angle.iu);
+    EXPECT_GT(std::abs(zj), 20);
+    EXPECT_NEAR(standard::AsymmetryOfAngle(q), zj, 0.03 * std::abs(zj));
+}
+
+TEST(Angle, EqualLegsHaveNoAsymmetry)
+{
+    ProjectState s = Equal(3);
+    CalcSection(Delivered(), s);
+    EXPECT_NEAR(standard::AsymmetryOfAngle(standard::SectionOf(Delivered(), s)), 0, 0.01);
+}
+
+// Unequal legs: the moment that compresses the larger part has the larger critical moment.
+TEST(Angle, UnequalLegsBuckleByTheSignOfTheMoment)
+{
+    ProjectState s = Named("L 150x75x9", 4, 235);
+    EndForces(s, 0, 5, 0);
+    const double up = Ratio(s, CheckId::ltb);
+    EndForces(s, 0, -5, 0);
+    const double down = Ratio(s, CheckId::ltb);
+    EXPECT_GT(up, 0);
+    EXPECT_GT(std::abs(up - down), 0.01 * up);
+}
+
+}  // namespace
+}  // namespace kestrum
