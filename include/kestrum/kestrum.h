@@ -53,7 +53,8 @@ typedef enum kestrum_status {
     KESTRUM_FAILED = 3,        /* the calculation stopped: kestrum_result_failure */
     KESTRUM_NOT_CHECKED = 4,   /* inputs that cannot be calculated, or rules that do not cover them */
     KESTRUM_LOADS_DROPPED = 5, /* the result is one of fewer loads than were given */
-    KESTRUM_NOTHING_ACTS = 6   /* no load */
+    KESTRUM_NOTHING_ACTS = 6,  /* no load */
+    KESTRUM_BAD_INPUT = 7      /* of a row of a table: an input is refused */
 } kestrum_status;
 
 typedef struct kestrum_error kestrum_error;
@@ -61,6 +62,7 @@ typedef struct kestrum_text kestrum_text;
 typedef struct kestrum_catalogue kestrum_catalogue;
 typedef struct kestrum_member kestrum_member;
 typedef struct kestrum_result kestrum_result;
+typedef struct kestrum_table kestrum_table;
 
 /* "1.3.1" */
 KESTRUM_API const char *kestrum_version(void);
@@ -187,6 +189,44 @@ KESTRUM_API kestrum_code kestrum_result_diagram_svg(const kestrum_result *result
                                                     kestrum_text **out, kestrum_error **error);
 KESTRUM_API kestrum_code kestrum_result_section_svg(const kestrum_result *result,
                                                     kestrum_text **out, kestrum_error **error);
+
+/* Many members: a column for each input, a row for each member. Inputs that no column names, and
+ * those whose entry is NaN or null, are those of `base`. Either `numbers` or `texts` holds `rows`
+ * entries; names serve as in kestrum_member_set_all. A row with a refused input is answered with
+ * KESTRUM_BAD_INPUT and the others are calculated; only a name that is none fails. `fields` are the
+ * values to keep, as in kestrum_result_number. Runs on `threads` threads, 0 for all cores; the
+ * answers do not depend on their number. */
+typedef struct kestrum_column {
+    const char *name;
+    const double *numbers;
+    const char *const *texts;
+} kestrum_column;
+KESTRUM_API kestrum_code kestrum_table_check(const kestrum_member *base,
+                                             const kestrum_column *columns, size_t column_count,
+                                             size_t rows, unsigned basis, const char *const *fields,
+                                             size_t field_count, unsigned threads,
+                                             kestrum_table **out, kestrum_error **error);
+KESTRUM_API void kestrum_table_free(kestrum_table *table);
+
+/* Arrays of `rows` entries that last as long as the table; null for a basis or field that was not
+ * asked for. NaN where there is no value. */
+KESTRUM_API size_t kestrum_table_rows(const kestrum_table *table);
+KESTRUM_API const int *kestrum_table_statuses(const kestrum_table *table, unsigned basis);
+KESTRUM_API const double *kestrum_table_ratios(const kestrum_table *table, unsigned basis);
+KESTRUM_API const double *kestrum_table_numbers(const kestrum_table *table, size_t field);
+
+/* Texts of a row, as those of a result; empty beyond the rows. */
+typedef enum kestrum_words {
+    KESTRUM_VERDICT = 0,
+    KESTRUM_GOVERNING = 1,
+    KESTRUM_CLAUSE = 2,
+    KESTRUM_MESSAGE = 3,
+    KESTRUM_NOTES = 4 /* numbers of the deviations, "D201 D233" */
+} kestrum_words;
+KESTRUM_API const char *kestrum_table_words(const kestrum_table *table, size_t row, unsigned basis,
+                                            kestrum_words which);
+/* The column whose input is refused; column_count for none, or where several contradict. */
+KESTRUM_API size_t kestrum_table_refused(const kestrum_table *table, size_t row);
 
 #ifdef __cplusplus
 }

@@ -43,7 +43,8 @@ enum class Status {
     failed = KESTRUM_FAILED,
     not_checked = KESTRUM_NOT_CHECKED,
     loads_dropped = KESTRUM_LOADS_DROPPED,
-    nothing_acts = KESTRUM_NOTHING_ACTS
+    nothing_acts = KESTRUM_NOTHING_ACTS,
+    bad_input = KESTRUM_BAD_INPUT
 };
 
 struct Error {
@@ -420,6 +421,84 @@ public:
 
 private:
     detail::Handle<kestrum_member, kestrum_member_free> handle_;
+};
+
+// An input of many members: `rows` numbers, NaN for that of the base, or as many texts, null for it.
+struct Column {
+    Column(std::string n, const std::vector<double>& v) : name(std::move(n)), numbers(v.data()) {}
+    Column(std::string n, const double* v) : name(std::move(n)), numbers(v) {}
+    Column(std::string n, const char* const* v) : name(std::move(n)), texts(v) {}
+
+    std::string name;
+    const double* numbers = nullptr;  // not owned
+    const char* const* texts = nullptr;
+};
+
+struct TableOptions {
+    Basis basis = Basis::both;
+    std::vector<std::string> fields = {};  // values to keep
+    unsigned threads = 0;                  // 0: all cores
+};
+
+// Many members, a row each; copies share the answers.
+class Table {
+public:
+    // Fails for a name that is none; a row that is refused is answered and the others calculated.
+    static Expected<Table> check(const Member& base, const std::vector<Column>& columns,
+                                 std::size_t rows, const TableOptions& options = {})
+    {
+        std::vector<kestrum_column> list;
+        std::vector<const char*> fields;
+        for (const Column& column : columns) {
+            list.push_back({column.name.c_str(), column.numbers, column.texts});
+        }
+        for (const std::string& field : options.fields) {
+            fields.push_back(field.c_str());
+        }
+        auto table = detail::Answered<kestrum_table, kestrum_table_free>([&](auto** out, auto** e) {
+            return kestrum_table_check(base.get(), list.data(), list.size(), rows,
+                                       static_cast<unsigned>(options.basis), fields.data(),
+                                       fields.size(), options.threads, out, e);
+        });
+        if (!table) {
+            return table.error();
+        }
+        return Table(std::move(*table), columns.size());
+    }
+
+    std::size_t rows() const { return kestrum_table_rows(get()); }
+    // Of a row and of a basis that was asked for.
+    Status status(std::size_t row, Basis basis = Basis::program) const
+    {
+        return static_cast<Status>(
+            kestrum_table_statuses(get(), static_cast<unsigned>(basis))[row]);
+    }
+    double ratio(std::size_t row, Basis basis = Basis::program) const
+    {
+        return kestrum_table_ratios(get(), static_cast<unsigned>(basis))[row];
+    }
+    const char* words(std::size_t row, kestrum_words which, Basis basis = Basis::program) const
+    {
+        return kestrum_table_words(get(), row, static_cast<unsigned>(basis), which);
+    }
+    // The values of a field by its place among those asked for.
+    const double* numbers(std::size_t field) const { return kestrum_table_numbers(get(), field); }
+    // The column whose input is refused.
+    std::optional<std::size_t> refused(std::size_t row) const
+    {
+        const std::size_t column = kestrum_table_refused(get(), row);
+        return column < columns_ ? std::optional<std::size_t>(column) : std::nullopt;
+    }
+
+    const kestrum_table* get() const { return handle_.get(); }
+
+private:
+    Table(detail::Handle<kestrum_table, kestrum_table_free> handle, std::size_t columns)
+        : handle_(std::move(handle)), columns_(columns)
+    {
+    }
+    std::shared_ptr<kestrum_table> handle_;
+    std::size_t columns_;
 };
 
 }  // namespace v1

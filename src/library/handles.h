@@ -17,6 +17,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -60,6 +61,16 @@ struct StoredNote {
 struct StoredFailure {
     std::string stage, cause, quantity, unit;
 };
+
+// A member as it is new: no loads, no name.
+ProjectState NewMember(const Library& library);
+
+// The field of an input; refuses a name that is none.
+AssignTarget TargetOf(std::string_view name);
+FieldRef FieldOf(std::string_view name);
+Answer ProgramAnswer(const Outcome& outcome);
+Answer StandardAnswer(const standard::StandardResult& standard);
+void RequireBasis(unsigned basis);
 
 }  // namespace kestrum::library
 

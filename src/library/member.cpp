@@ -24,25 +24,7 @@ using kestrum::library::Refusal;
 using kestrum::library::Required;
 using kestrum::library::RequiredOut;
 using kestrum::library::RequiredText;
-
-ProjectState Unloaded(const Library& library)
-{
-    ProjectState s = kestrum::StartState(library);
-    kestrum::ClearLoads(s, kestrum::LoadKind::load);
-    kestrum::ClearLoads(s, kestrum::LoadKind::endforce);
-    s.ident.clear();
-    return s;
-}
-
-AssignTarget TargetOf(std::string_view name)
-{
-    AssignTarget target;
-    if (const std::string refusal = kestrum::FindTarget(name, target); !refusal.empty()) {
-        throw Refusal{KESTRUM_UNKNOWN_NAME, std::string(name) + ": " + refusal, std::string(name),
-                      kestrum::NearestField(name, kestrum::FieldsMeant::inputs)};
-    }
-    return target;
-}
+using kestrum::library::TargetOf;
 
 void SetAll(kestrum_member& member, const kestrum_setting* settings, size_t count,
             std::string& remarks)
@@ -135,12 +117,35 @@ ProjectState ReadBack(const Library& library, std::string_view bytes)
 
 }  // namespace
 
+namespace kestrum::library {
+
+ProjectState NewMember(const Library& library)
+{
+    ProjectState s = StartState(library);
+    ClearLoads(s, LoadKind::load);
+    ClearLoads(s, LoadKind::endforce);
+    s.ident.clear();
+    return s;
+}
+
+AssignTarget TargetOf(std::string_view name)
+{
+    AssignTarget target;
+    if (const std::string refusal = FindTarget(name, target); !refusal.empty()) {
+        throw Refusal{KESTRUM_UNKNOWN_NAME, std::string(name) + ": " + refusal, std::string(name),
+                      NearestField(name, FieldsMeant::inputs)};
+    }
+    return target;
+}
+
+}  // namespace kestrum::library
+
 kestrum_code kestrum_member_new(const kestrum_catalogue* catalogue, kestrum_member** out,
                                 kestrum_error** error)
 {
     return Answered(out, error, [&] {
         const auto& library = Required(catalogue, "catalogue").library;
-        return kestrum_member{library, Unloaded(*library)};
+        return kestrum_member{library, kestrum::library::NewMember(*library)};
     });
 }
 

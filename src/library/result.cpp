@@ -1,6 +1,5 @@
 // A check of a member behind the interface.
 
-#include "app/field_hint.h"
 #include "core/field_table.h"
 #include "engine/calculate.h"
 #include "library/handles.h"
@@ -10,14 +9,12 @@
 #include "report/state_json.h"
 #include "report/svg_writer.h"
 
-#include <limits>
 #include <string_view>
 
 namespace {
 
 using kestrum::Outcome;
 using kestrum::ProjectState;
-using kestrum::Verdict;
 using kestrum::library::Answer;
 using kestrum::library::Answered;
 using kestrum::library::Guarded;
@@ -27,39 +24,9 @@ using kestrum::library::RequiredOut;
 using kestrum::library::RequiredText;
 using kestrum::standard::StandardResult;
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
-
-kestrum_status StatusOf(Verdict verdict)
-{
-    switch (verdict) {
-    case Verdict::within:
-        return KESTRUM_WITHIN;
-    case Verdict::above:
-        return KESTRUM_ABOVE;
-    case Verdict::unstable:
-        return KESTRUM_UNSTABLE;
-    case Verdict::failed:
-        return KESTRUM_FAILED;
-    case Verdict::loads_dropped:
-        return KESTRUM_LOADS_DROPPED;
-    case Verdict::nothing_acts:
-        return KESTRUM_NOTHING_ACTS;
-    default:
-        return KESTRUM_NOT_CHECKED;
-    }
-}
-
 void TakeProgram(const Outcome& outcome, kestrum_result& result)
 {
-    result.program = {StatusOf(outcome.verdict),
-                      outcome.rated() ? outcome.ir : kNone,
-                      kestrum::VerdictText(outcome),
-                      outcome.control,
-                      outcome.clause,
-                      outcome.message};
-    for (const std::string& dropped : outcome.dropped) {
-        result.program.message += (result.program.message.empty() ? "" : "; ") + dropped;
-    }
+    result.program = kestrum::library::ProgramAnswer(outcome);
     const kestrum::Failure& failure = result.state.failure;
     if (failure.any()) {
         result.failure = {std::string(kestrum::StageName(failure.stage)),
@@ -73,19 +40,7 @@ void TakeProgram(const Outcome& outcome, kestrum_result& result)
 
 void TakeStandard(const StandardResult& standard, kestrum_result& result)
 {
-    Answer& answer = result.standard;
-    answer.status = !standard.rated  ? KESTRUM_NOT_CHECKED
-                    : standard.above ? KESTRUM_ABOVE
-                                     : KESTRUM_WITHIN;
-    answer.ratio = standard.rated ? standard.ir : kNone;
-    answer.verdict = kestrum::standard::VerdictOf(standard);
-    if (standard.rated) {
-        answer.governing = kestrum::standard::NameOf(standard.governing);
-        answer.clause = standard.checks[standard.governing].clause;
-    }
-    for (const std::string& reason : standard.outside) {
-        answer.message += (answer.message.empty() ? "" : "; ") + reason;
-    }
+    result.standard = kestrum::library::StandardAnswer(standard);
     for (std::size_t i = 0; i < kestrum::standard::kCheckIds; ++i) {
         const auto id = static_cast<kestrum::standard::CheckId>(i);
         const kestrum::standard::Check& check = standard.checks[id];
@@ -99,9 +54,7 @@ void TakeStandard(const StandardResult& standard, kestrum_result& result)
 
 kestrum_result Checked(const kestrum_member& member, unsigned basis)
 {
-    if (basis < KESTRUM_BASIS_PROGRAM || basis > KESTRUM_BASIS_BOTH) {
-        throw Refusal{KESTRUM_REFUSED, "basis: 1, 2 or 3 is expected", "basis"};
-    }
+    kestrum::library::RequireBasis(basis);
     kestrum_result result;
     result.state = member.state;
     if ((basis & KESTRUM_BASIS_STANDARD) != 0) {
@@ -134,16 +87,8 @@ template <class List> const auto& Row(const List& list, size_t index)
 
 double NumberOf(const ProjectState& s, const char* name)
 {
-    const auto ref = kestrum::ResolveField(RequiredText(name, "name"));
-    if (!ref) {
-        throw Refusal{KESTRUM_UNKNOWN_NAME, std::string(name) + ": no such field", name,
-                      kestrum::NearestField(name, kestrum::FieldsMeant::all)};
-    }
-    if (ref->field->kind == kestrum::FieldKind::text ||
-        ref->field->kind == kestrum::FieldKind::literal) {
-        throw Refusal{KESTRUM_REFUSED, std::string(name) + " is a text", name};
-    }
-    return kestrum::NumberOf(s, *ref->field, ref->index);
+    const kestrum::FieldRef ref = kestrum::library::FieldOf(RequiredText(name, "name"));
+    return kestrum::NumberOf(s, *ref.field, ref.index);
 }
 
 // Pictures and panel of a calculation that stopped would show values that it has not reached.

@@ -23,7 +23,7 @@ grep -q '^IPE [0-9]* passes$' "$place/beam.txt"
 # The header alone as C99 and C++17, and the same programs by pkg-config.
 export PKG_CONFIG_PATH PKG_CONFIG_SYSROOT_DIR=
 PKG_CONFIG_PATH=$(dirname "$(find "$place/usr" -name kestrum.pc)")
-flags=$(pkg-config --define-variable=prefix="$place/usr" --cflags --libs kestrum)
+flags=$(pkg-config --cflags --libs kestrum)
 # shellcheck disable=SC2086
 ${CC:-cc} -std=c99 -Wall -Wextra -Wpedantic -Werror "$source/examples/api/column.c" -o "$place/column" $flags
 LD_LIBRARY_PATH=$(dirname "$(find "$place/usr" -name libkestrum.so.1)") "$place/column" |
