@@ -1,8 +1,8 @@
 // Turns a readable profile table into the binary one that the program reads.
 //
 //   kestrum-tables IN.csv OUT.dat
-//   kestrum-tables --digests OUT.inc FILE...
-//   kestrum-tables --embed OUT.inc FILE...
+//   kestrum-tables --digests OUT.inc TABLE.csv... --lists FILE...
+//   kestrum-tables --embed OUT.inc TABLE.csv... --lists FILE...
 //
 // The first line of the CSV names the columns and is skipped; every further line holds one row of
 // as many numbers. The output is the numbers as 32-bit little-endian IEEE 754 floats, row after
@@ -10,8 +10,8 @@
 // written.
 //
 // The second form writes for each file its delivered name and the SHA-256 of what is delivered, the
-// binary table of a CSV or the file as it stands, as lines of a C++ array. The third form writes
-// the bytes themselves instead, as a literal.
+// binary table of a CSV or, behind --lists, the file as it stands, as lines of a C++ array. The
+// third form writes the bytes themselves instead, as a literal.
 
 #include "core/sha256.h"
 
@@ -24,6 +24,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <span>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -131,27 +132,32 @@ struct Delivered {
     std::string name, bytes;
 };
 
-Delivered DeliveredFile(const std::string& file)
+std::vector<Delivered> DeliveredFiles(std::span<const std::string> words)
 {
-    const std::filesystem::path path = file;
-    std::string bytes = ReadFile(file);
-    if (path.extension() == ".csv") {
-        return {path.stem().string() + ".dat", Compile(file, bytes)};
+    std::vector<Delivered> files;
+    bool lists = false;
+    for (const std::string& word : words) {
+        const std::filesystem::path path = word;
+        if (word == "--lists") {
+            lists = true;
+        } else if (lists) {
+            files.push_back({path.filename().string(), ReadFile(word)});
+        } else {
+            files.push_back({path.stem().string() + ".dat", Compile(word, ReadFile(word))});
+        }
     }
-    return {path.filename().string(), std::move(bytes)};
+    return files;
 }
 
-std::string DigestLine(const std::string& file)
+std::string DigestLine(const Delivered& delivered)
 {
-    const Delivered delivered = DeliveredFile(file);
     return "{\"" + delivered.name + "\", \"" + kestrum::Sha256(delivered.bytes) + "\"},\n";
 }
 
 // Each byte as three octal digits, so that none runs into the next.
-std::string LiteralLine(const std::string& file)
+std::string LiteralLine(const Delivered& delivered)
 {
     constexpr std::size_t kBytesOnALine = 24;
-    const Delivered delivered = DeliveredFile(file);
     std::string text = "{\"" + delivered.name + "\", std::string_view(";
     for (std::size_t i = 0; i < delivered.bytes.size(); ++i) {
         text += i % kBytesOnALine == 0 ? (i == 0 ? "\"" : "\"\n\"") : "";
@@ -165,10 +171,10 @@ std::string LiteralLine(const std::string& file)
            std::to_string(delivered.bytes.size()) + ")},\n";
 }
 
-std::string Lines(const std::vector<std::string>& files, std::string (*line)(const std::string&))
+std::string Lines(const std::vector<Delivered>& files, std::string (*line)(const Delivered&))
 {
     std::string text;
-    for (const std::string& file : files) {
+    for (const Delivered& file : files) {
         text += line(file);
     }
     return text;
@@ -182,14 +188,15 @@ int main(int argc, char** argv)
     const bool digests = words.size() > 3 && words[1] == "--digests";
     const bool embed = words.size() > 3 && words[1] == "--embed";
     if (!digests && !embed && words.size() != 3) {
-        std::cerr << "usage: kestrum-tables IN.csv OUT.dat\n"
-                     "       kestrum-tables --digests|--embed OUT.inc FILE...\n";
+        std::cerr
+            << "usage: kestrum-tables IN.csv OUT.dat\n"
+               "       kestrum-tables --digests|--embed OUT.inc TABLE.csv... --lists FILE...\n";
         return 2;
     }
     try {
         if (digests || embed) {
-            WriteFile(words[2],
-                      Lines({words.begin() + 3, words.end()}, digests ? DigestLine : LiteralLine));
+            WriteFile(words[2], Lines(DeliveredFiles(std::span(words).subspan(3)),
+                                      digests ? DigestLine : LiteralLine));
         } else {
             WriteFile(words[2], Compile(words[1], ReadFile(words[1])));
         }

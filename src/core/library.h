@@ -6,6 +6,7 @@
 #include "core/project_state.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -39,16 +40,28 @@ struct NamedRow {
     i16 row;
 };
 
-// A profile table or material list that is not the delivered one.
+// A profile table or list that is not the delivered one.
 struct OwnFile {
     std::string name;    // "hea.dat"
     std::string path;    // where it was found
-    std::string sha256;  // of the rows that are read, of the whole list
+    std::string sha256;  // of the rows that are read, of a whole list
+};
+
+// What a row of a table holds in single precision and units of the record, mm.
+enum class SectionFigure : std::uint8_t { a, iy, iz, wply, wplz, it, iw };
+
+// A figure of one row that no other publication supports (sections/second_source).
+struct CorrectedFigure {
+    Table table;
+    i16 row;
+    SectionFigure figure;
+    float ours, corrected;
 };
 
 struct Library {
     std::vector<Material> materials;
     std::array<ProfileTable, kTables> tables;
+    std::vector<CorrectedFigure> corrected;
     std::vector<NamedRow> rownames;  // sorted by name
     std::string setup;               // bytes of the stored setup; empty when there is none
 

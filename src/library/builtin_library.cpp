@@ -3,6 +3,7 @@
 #include "core/material.h"
 #include "core/setup_file.h"
 #include "sections/read_profiles.h"
+#include "sections/second_source.h"
 #include "sections/section_names.h"
 
 #include <algorithm>
@@ -46,6 +47,7 @@ Library BuiltinLibrary()
         FillProfile(BytesOf(shape.file), shape, library.tables.at(i));
     }
     NameRows(library);
+    library.corrected = ReadSecondSource(library, BytesOf(kSecondSourceFile));
     library.materials = ReadMaterialList(BytesOf(kMaterialFile));
     library.setup = BytesOf(kSetupFile);
     return library;

@@ -8,6 +8,7 @@
 #include "core/utf8_path.h"
 #include "sections/delivered_data.h"
 #include "sections/read_profiles.h"
+#include "sections/second_source.h"
 #include "sections/section_names.h"
 
 #include <cstdlib>
@@ -172,6 +173,21 @@ void LoadMaterials(const std::vector<std::string>& folders, Library& library)
     }
 }
 
+void LoadSecondSource(const std::vector<std::string>& folders, Library& library)
+{
+    const auto check = [](const std::string& path, const std::string& bytes) {
+        const auto fault = CheckSecondSource(bytes);
+        return fault ? FaultText(path, *fault) : std::string();
+    };
+    const Found found = Find(folders, kSecondSourceFile, check, library.faults);
+    if (found.path.empty()) {
+        library.faults.push_back("in none of the data folders: " + std::string(kSecondSourceFile) +
+                                 "; the standard basis takes every figure of the profile tables");
+    }
+    library.corrected = ReadSecondSource(library, found.bytes);
+    NoteOwn(library, found, kSecondSourceFile, found.bytes);
+}
+
 void LoadStoredSetup(const std::vector<std::string>& folders, Library& library)
 {
     const auto check = [](const std::string& path, const std::string& bytes) {
@@ -241,6 +257,7 @@ Library LoadLibrary(const std::vector<std::string>& folders)
     Library library;
     LoadTables(folders, library);
     NameRows(library);
+    LoadSecondSource(folders, library);
     LoadMaterials(folders, library);
     LoadStoredSetup(folders, library);
     return library;

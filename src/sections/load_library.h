@@ -18,10 +18,10 @@ std::string UserDataFolder();
 std::vector<std::string> DataFolders();
 
 // Each file from the first folder that has it whole: a damaged one is passed over, and `faults`
-// says so. Where no folder has it whole, of a table and of the material list what is there is
-// taken, and of the setup the delivered values; where no folder has it at all, tables stay zero,
-// list and setup empty. `own` names the tables and the list that are not the delivered ones; in a
-// folder behind the first, the user's, that is a fault as well.
+// says so. Where no folder has it whole, of a table and of the lists what is there is taken, and of
+// the setup the delivered values; where no folder has it at all, tables stay zero, lists and setup
+// empty. `own` names the tables and lists that are not the delivered ones; in a folder behind the
+// first, the user's, that is a fault as well.
 Library LoadLibrary(const std::vector<std::string>& folders);
 Library LoadLibrary(const std::string& folder);
 

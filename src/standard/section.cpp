@@ -4,6 +4,7 @@
 #include "core/annexes.h"
 #include "core/material.h"
 #include "sections/families.h"
+#include "sections/second_source.h"
 #include "standard/angle.h"
 #include "standard/plates.h"
 
@@ -281,13 +282,16 @@ StandardSection SectionOf(const Library& library, const ProjectState& s)
     q.top = q.bottom = {s.b, s.tf};
     q.above = q.below = q.h / 2;
     q.left = q.right = q.b / 2;
-    q.a = s.a;
-    q.iy = s.iy;
-    q.iz = s.iz;
-    q.it = s.it;
-    q.iw = s.iw;
-    q.wply = s.wply;
-    q.wplz = s.wplz;
+    const auto figure = [&](SectionFigure which, float ours) {
+        return SecondSource(library, s, which, ours);
+    };
+    q.a = figure(SectionFigure::a, s.a);
+    q.iy = figure(SectionFigure::iy, s.iy);
+    q.iz = figure(SectionFigure::iz, s.iz);
+    q.it = figure(SectionFigure::it, s.it);
+    q.iw = figure(SectionFigure::iw, s.iw);
+    q.wply = figure(SectionFigure::wply, s.wply);
+    q.wplz = figure(SectionFigure::wplz, s.wplz);
     if (q.kind == Kind::i_single) {
         SetSingleSymmetricI(s, q);
         q.left = q.right = q.b / 2;

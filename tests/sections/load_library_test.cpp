@@ -4,6 +4,7 @@
 #include "core/setup_file.h"
 #include "core/sha256.h"
 #include "sections/read_profiles.h"
+#include "sections/second_source.h"
 #include "support/sections.h"
 #include "support/temporary_folder.h"
 
@@ -240,6 +241,28 @@ TEST_F(OwnFolder, AListWhoseLastRowIsAGradeIsReported)
     EXPECT_EQ(Load().own[0].name, kMaterialFile);
 }
 
+// A list of corrected figures of the user's own counts and is named; a damaged one is passed over.
+TEST_F(OwnFolder, TheListOfCorrectedFiguresIsOneOfTheFiles)
+{
+    const std::string list(kSecondSourceFile), whole = Bytes(list);
+    ASSERT_FALSE(Load().corrected.empty());
+    const std::size_t count = Load().corrected.size();
+    WriteBytes(Path(list), whole.substr(0, whole.find('\n', 100) + 1));  // the first line
+    EXPECT_EQ(Load().corrected.size(), 1U);
+    ASSERT_EQ(Load().own.size(), 1U);
+    EXPECT_EQ(Load().own[0].name, list);
+    EXPECT_THAT(Load().faults, IsEmpty());
+    WriteBytes(Path(list), whole.substr(0, whole.size() - 1));
+    EXPECT_EQ(Load().corrected.size(), count);
+    EXPECT_THAT(Load().faults,
+                ElementsAre(Path(list) + ":101: expected a line end; " KESTRUM_SHARE "/" + list +
+                            " is used instead"));
+    fs::remove(Path(list));
+    EXPECT_THAT(LoadAlone().faults,
+                ElementsAre("in none of the data folders: second_source.csv; the standard basis "
+                            "takes every figure of the profile tables"));
+}
+
 TEST_F(OwnFolder, AFolderNamedOnPurposeIsReportedForWhatItLacks)
 {
     const auto named = [](const std::string& folder) {
@@ -269,8 +292,12 @@ TEST(LoadLibrary, WithoutDataIsEmptyAndOfFullShape)
     const Library library = LoadLibrary(std::string("/no/such/folder"));
     EXPECT_TRUE(library.materials.empty());
     EXPECT_TRUE(library.setup.empty());
-    ASSERT_EQ(library.faults.size(), 1U);
+    ASSERT_EQ(library.faults.size(), 2U);
     EXPECT_THAT(library.faults[0], StartsWith("in none of the data folders: hea.dat, heb.dat, "));
+    EXPECT_EQ(library.faults[1],
+              "in none of the data folders: second_source.csv; the standard basis takes every "
+              "figure of the profile tables");
+    EXPECT_TRUE(library.corrected.empty());
     for (const ProfileTable& table : library.tables) {
         EXPECT_EQ(table.value.size(), static_cast<std::size_t>(table.reserved * table.columns));
         EXPECT_TRUE(std::ranges::all_of(table.value, [](float v) { return v == 0; }));

@@ -103,7 +103,7 @@ TEST_F(TableCompiler, WritesTheDigestsOfWhatIsDelivered)
     std::ofstream(folder / "list.txt", std::ios::binary) << "abc";
     const std::string command =
         std::string(KESTRUM_BIN) + "/kestrum-tables --digests " + (folder / "out.inc").string() +
-        " " + (folder / "hea.csv").string() + " " + (folder / "list.txt").string();
+        " " + (folder / "hea.csv").string() + " --lists " + (folder / "list.txt").string();
     ASSERT_EQ(std::system(command.c_str()), 0);
     EXPECT_EQ(Read("out.inc"),
               "{\"hea.dat\", \"" + Sha256(std::string("\0\0\x80\x3F", 4)) +
