@@ -44,9 +44,9 @@ public:
 
     double TorsionConstant()
     {
-        constexpr double kOver = 1.55;  // near the best for walls of some ten steps
+        constexpr double kOver = 1.65;  // near the best for walls of some ten steps
         double sum = 0, change = 1;
-        while (change > 1e-6 * sum) {
+        while (change > 1e-5 * sum) {
             sum = change = 0;
             for (const std::size_t k : inside_) {
                 Node& n = nodes_[k];
