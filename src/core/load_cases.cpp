@@ -3,6 +3,7 @@
 #include "core/annexes.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kestrum {
 
@@ -32,32 +33,46 @@ void Add(LoadCases& cases, const LoadCase& added)
     }
 }
 
+// D35: the program leaves no variable action out. D36: with it Q1 alone leads.
 void AddArrangements(LoadCases& cases, const Equation& eq, bool favourable,
-                     const ActionsPresent& present)
+                     const ActionsPresent& present, const Basis& basis)
 {
     const double g = favourable ? std::min(eq.lower, eq.upper) : eq.upper;
     const auto add = [&](CaseVariables variables, double q1, double q2) {
         Add(cases, {eq.rule, favourable, variables, {g, q1, q2}});
     };
-    add(CaseVariables::none, 0, 0);
-    if (present.q1) {
+    const bool both = present.q1 && present.q2;
+    const bool absent = (present.q1 || present.q2) && basis.departs(Dev::d35);
+    if (absent || !(present.q1 || present.q2)) {
+        add(CaseVariables::none, 0, 0);
+    }
+    if (present.q1 && (absent || !both)) {
         add(CaseVariables::q1, eq.q1_leads, 0);
     }
-    if (present.q2) {
-        add(CaseVariables::q2, 0, eq.q2_leads);
+    if (present.q2 && (absent || !both)) {
+        add(CaseVariables::q2, 0, basis.pick(Dev::d36, eq.q2_follows, eq.q2_leads));
     }
-    if (present.q1 && present.q2) {
+    if (both) {
         add(CaseVariables::q1_leads, eq.q1_leads, eq.q2_follows);
-        add(CaseVariables::q2_leads, eq.q1_follows, eq.q2_leads);
+        if (basis.departs(Dev::d36)) {
+            add(CaseVariables::q2_leads, eq.q1_follows, eq.q2_leads);
+        }
     }
 }
 
-void AddEquation(LoadCases& cases, const Equation& eq, const ActionsPresent& present)
+void AddEquation(LoadCases& cases, const Equation& eq, const ActionsPresent& present,
+                 const Basis& basis)
 {
-    AddArrangements(cases, eq, false, present);
-    if (present.g) {
-        AddArrangements(cases, eq, true, present);
+    AddArrangements(cases, eq, false, present, basis);
+    if (present.g && eq.lower != eq.upper && basis.departs(Dev::d27)) {
+        AddArrangements(cases, eq, true, present, basis);
     }
+}
+
+// A factor as the tables write it, with two decimals; the record keeps it in single precision.
+double AsWritten(float factor)
+{
+    return std::round(factor * 100.0) / 100.0;
 }
 
 LoadCases OneCase(CaseRule rule, const LoadFactors& factors)
@@ -69,7 +84,7 @@ LoadCases OneCase(CaseRule rule, const LoadFactors& factors)
 
 }  // namespace
 
-LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present)
+LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present, const Basis& basis)
 {
     if (s.loadmode != 1) {
         return OneCase(CaseRule::end_forces, {1, 1, 1});
@@ -88,31 +103,38 @@ LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present)
     if (s.loadcomb == kEq610) {
         const double q1 = s.g610q1 * kq;
         const double q2 = s.g610q2 * kq;
-        AddEquation(cases, {CaseRule::eq610, kUpper * kg, lower, q1, q1 * psi1, q2, q2 * psi2},
-                    present);
+        const double upper = basis.pick(Dev::d23, AsWritten(s.g610g), kUpper);
+        const double follows = q2 * basis.pick(Dev::d28, psi1, psi2);
+        AddEquation(cases, {CaseRule::eq610, upper * kg, lower, q1, q1 * psi1, q2, follows},
+                    present, basis);
     }
     if (s.loadcomb == kEq610a || s.loadcomb == kEq610ab) {
-        const double permanent = s.annexindex == kAnnexUd ? kUpper : static_cast<double>(s.g610ag);
+        const double annex = s.g610ag;
+        const double permanent =
+            s.annexindex == kAnnexUd ? basis.pick(Dev::d26, AsWritten(s.g610ag), kUpper) : annex;
         const double q1 = s.g610aq1 * kq * psi1;
         const double q2 = s.g610aq2 * kq * psi2;
-        AddEquation(cases, {CaseRule::eq610a, permanent * kg, lower, q1, q1, q2, q2}, present);
+        AddEquation(cases, {CaseRule::eq610a, permanent * kg, lower, q1, q1, q2, q2}, present,
+                    basis);
     }
     if (s.loadcomb == kEq610b || s.loadcomb == kEq610ab) {
         const double permanent = static_cast<double>(s.xi610b) * s.g610bg * kg;
         const double q = kVariable * kq;
-        AddEquation(cases, {CaseRule::eq610b, permanent, lower, q, q * psi1, q, q * psi2}, present);
+        AddEquation(cases, {CaseRule::eq610b, permanent, lower, q, q * psi1, q, q * psi2}, present,
+                    basis);
     }
     return cases;
 }
 
-LoadCases ServiceCases(const ProjectState& s, const ActionsPresent& present)
+LoadCases ServiceCases(const ProjectState& s, const ActionsPresent& present, const Basis& basis)
 {
     if (s.loadcomb == kUserFactors || s.loadcomb == kBasicLoads) {
         return OneCase(s.loadcomb == kUserFactors ? CaseRule::user : CaseRule::basic,
                        ServiceFactors(s, s.loadcomb));
     }
     LoadCases cases;
-    AddArrangements(cases, {CaseRule::characteristic, 1, 1, 1, s.psi1, 1, s.psi2}, false, present);
+    AddArrangements(cases, {CaseRule::characteristic, 1, 1, 1, s.psi1, 1, s.psi2}, false, present,
+                    basis);
     return cases;
 }
 

@@ -4,6 +4,7 @@
 // with their upper and their lower factor, each variable action present or not, each leading once.
 // Every case is calculated whole and each check keeps the worst one.
 
+#include "core/basis.h"
 #include "core/load_combination.h"
 
 #include <array>
@@ -35,10 +36,14 @@ struct ActionsPresent {
 };
 
 // Strength. Selectors 4 and 5 and given end forces are the user's own factors: one case.
-LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present);
+// Deviations D23, D26, D27, D28, D35, D36.
+LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present,
+                        const Basis& basis = Basis::Standard());
 
 // Serviceability, characteristic combination, EN 1990, Eq (6.14b).
-LoadCases ServiceCases(const ProjectState& s, const ActionsPresent& present);
+// Deviations D35, D36.
+LoadCases ServiceCases(const ProjectState& s, const ActionsPresent& present,
+                       const Basis& basis = Basis::Standard());
 
 // "6.10a G sup + Q1 + psi0 Q2", "6.14b G + Q2", "user factors", "basic loads", "end forces".
 std::string NameOf(const LoadCase& load_case);

@@ -251,6 +251,12 @@ constexpr NoteRule kStability[] = {
      },
      "An axis without buckling has no row of 6.3.3, although the axial force and lateral torsional "
      "buckling still act together."},
+    {"D240",
+     [](const ProjectState& s) {
+         return Interacts(s) && s.ned > 0 && Is(s, Kind::channel, Kind::i_single);
+     },
+     "Axial force and bending of a section that is not doubly symmetric follow Eq (6.61) and "
+     "(6.62); EN 1993-1-1, 6.3.3 (1) does not cover it, and the sum of the ratios stands instead."},
     {"D237", CantileverLengthIsShort,
      "The buckling length factor of the cantilever is below 2.0; a tip that nothing holds buckles "
      "with twice the length. Choose 2.0 for the axes about which the tip is free."},

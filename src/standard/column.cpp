@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 namespace kestrum::standard {
 
@@ -56,9 +57,11 @@ Pair Welded(const StandardSection& q)
 }
 
 // Table 6.2.
-Pair Tabulated(const Library& library, const ProjectState& s, const StandardSection& q)
+Pair Tabulated(const Library& library, const ProjectState& s, const StandardSection& q,
+               const Basis& basis)
 {
-    const bool s460 = IsS460(library, s, q);
+    constexpr double kProgramsS460 = 440;  // D203: from above this strength on
+    const bool s460 = basis.pick(Dev::d203, q.fy > kProgramsS460, IsS460(library, s, q));
     const Pair hot = s460 ? Pair{BucklingCurve::a0, BucklingCurve::a0}
                           : Pair{BucklingCurve::a, BucklingCurve::a};
     const Pair c = {BucklingCurve::c, BucklingCurve::c};
@@ -73,8 +76,11 @@ Pair Tabulated(const Library& library, const ProjectState& s, const StandardSect
     case Kind::tube:
         return s.tubehot == 1 ? hot : c;
     case Kind::box: {
+        const bool slender = q.b / q.top.t >= 30 || q.h / q.tw >= 30;  // of a plate, D204
         const bool stocky = q.b / q.top.t < 30 || q.h / q.tw < 30;
-        return s.weldopt == 1 && stocky ? c : Pair{BucklingCurve::b, BucklingCurve::b};
+        const bool curve_c =
+            basis.pick(Dev::d204, !slender && s.weldopt != 1, stocky && s.weldopt == 1);
+        return curve_c ? c : Pair{BucklingCurve::b, BucklingCurve::b};
     }
     case Kind::hat:
     case Kind::box_unequal:
@@ -95,19 +101,32 @@ double Chosen(int choice, BucklingCurve tabulated)
                                                    : tabulated);
 }
 
-double EulerOf(const ProjectState& s, const StandardSection& q, double factor, double inertia)
+double EulerOf(const ProjectState& s, const StandardSection& q, double factor, double inertia,
+               const Basis& basis)
 {
-    return factor > kNoBuckling ? clauses::EulerLoad(q.e, inertia, factor * s.l * kMm)
+    constexpr double kProgramPi = 3.1415927410125732;  // D202: in single precision
+    const double pi = basis.pick(Dev::d202, kProgramPi, std::numbers::pi) / std::numbers::pi;
+    return factor > kNoBuckling ? clauses::EulerLoad(q.e, inertia, factor * s.l * kMm) * pi * pi
                                 : std::numeric_limits<double>::infinity();
+}
+
+// D205: the program sets no curve for British channels and keeps that of the pass before.
+ColumnCurves Automatic(const ProjectState& s, const ColumnCurves& curves, const Basis& basis)
+{
+    if (Traits(s).design.curves != FlexuralCurves::none || !Is(s, Kind::channel)) {
+        return curves;
+    }
+    return {s.bcy == 0 ? basis.pick(Dev::d205, s.alphay, curves.y) : curves.y,
+            s.bcz == 0 ? basis.pick(Dev::d205, static_cast<double>(s.alphaz), curves.z) : curves.z};
 }
 
 }  // namespace
 
-CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q)
+CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q, const Basis& basis)
 {
     CriticalForces ncr{};
-    ncr.y = EulerOf(s, q, s.ly, q.iy);
-    ncr.z = EulerOf(s, q, s.lz, q.Angle() ? q.angle.iv : q.iz);
+    ncr.y = EulerOf(s, q, s.ly, q.iy, basis);
+    ncr.z = EulerOf(s, q, s.lz, q.Angle() ? q.angle.iv : q.iz, basis);
     ncr.t = ncr.tf = std::numeric_limits<double>::infinity();
     ncr.twists = !q.Closed();
     if (!ncr.twists) {
@@ -122,18 +141,26 @@ CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q)
         const double sine = std::sin(q.angle.alfa);
         const double along = q.centre_y * cosine + q.centre_z * sine;
         const double from = q.angle.equal ? 0 : q.centre_z * cosine - q.centre_y * sine;
-        const double about_u = EulerOf(s, q, s.ly, q.angle.iu);
+        const double about_u = EulerOf(s, q, s.ly, q.angle.iu, basis);
         ncr.tf = clauses::TorsionalFlexuralLoad({about_u, ncr.z, ncr.t}, {along, from}, i0);
         return ncr;
     }
-    ncr.tf = clauses::TorsionalFlexuralLoad({ncr.y, ncr.z, ncr.t}, {q.centre_y, q.centre_z}, i0);
+    // D209: the program couples torsion of the unequal I with buckling about y.
+    double y = q.centre_y;
+    double z = q.centre_z;
+    if (q.kind == Kind::i_single) {
+        y = basis.pick(Dev::d209, z, y);
+        z = basis.pick(Dev::d209, 0.0, z);
+    }
+    ncr.tf = clauses::TorsionalFlexuralLoad({ncr.y, ncr.z, ncr.t}, {y, z}, i0);
     return ncr;
 }
 
-ColumnCurves CurvesOf(const Library& library, const ProjectState& s, const StandardSection& q)
+ColumnCurves CurvesOf(const Library& library, const ProjectState& s, const StandardSection& q,
+                      const Basis& basis)
 {
-    const Pair pair = Tabulated(library, s, q);
-    return {Chosen(s.bcy, pair.y), Chosen(s.bcz, pair.z)};
+    const Pair pair = Tabulated(library, s, q, basis);
+    return Automatic(s, {Chosen(s.bcy, pair.y), Chosen(s.bcz, pair.z)}, basis);
 }
 
 Reductions ReductionsOf(const PreparedSection& p, const CriticalForces& ncr,

@@ -13,14 +13,19 @@ struct CriticalForces {
     bool twists;   // open section: torsional buckling is checked
 
     double Torsional() const { return t < tf ? t : tf; }
+    double LeastFlexural() const { return y < z ? y : z; }
 };
-CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q);
+// Deviations D202, D209.
+CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q,
+                                const Basis& basis);
 
 // Imperfection factors of Table 6.2 or as chosen.
 struct ColumnCurves {
     double y, z;
 };
-ColumnCurves CurvesOf(const Library& library, const ProjectState& s, const StandardSection& q);
+// Deviations D203 to D205.
+ColumnCurves CurvesOf(const Library& library, const ProjectState& s, const StandardSection& q,
+                      const Basis& basis);
 
 struct Reductions {
     double lamy, lamz, lamt;

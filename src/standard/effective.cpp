@@ -25,72 +25,137 @@ double Squash(const StandardSection& q)
 }
 
 // Plastic axis of plates with unequal flanges, n = N over the squash force: compressed share of
-// the web, counted from the flange that the moment compresses.
-double CompressedShare(const StandardSection& q, double n, bool sagging)
+// the web, counted from the flange that the moment compresses. D165: the program refers it to the
+// clear web height.
+double CompressedShare(const StandardSection& q, double n, bool sagging, const Basis& basis)
 {
     const Flange& flange = sagging ? q.top : q.bottom;
     const double webs = q.webs * q.tw;
-    const double compressed = (1 + n) / 2 * q.a - flange.b * flange.t - webs * q.r;
-    return std::clamp(compressed / (webs * q.d), 0.0, 1.0);
+    const double pressed = (1 + n) / 2 * q.a - flange.b * flange.t;
+    const double by_clear = std::clamp(pressed / (webs * q.hw), 0.0, 1.0);
+    const double by_straight = std::clamp((pressed - webs * q.r) / (webs * q.d), 0.0, 1.0);
+    return basis.pick(Dev::d165, by_clear, by_straight);
 }
 
-Bent WebBetweenUnequalFlanges(const StandardSection& q, const Wall& wall, double n, bool sagging)
+Bent WebBetweenUnequalFlanges(const StandardSection& q, const Wall& wall, double n, bool sagging,
+                              const Basis& basis)
 {
     const double share = n / Squash(q);
     const double compressed = sagging ? wall.z1 : -wall.z0;
     const double stretched = sagging ? wall.z0 : -wall.z1;
-    return {CompressedShare(q, std::clamp(share, -1.0, 1.0), sagging),
+    return {CompressedShare(q, std::clamp(share, -1.0, 1.0), sagging, basis),
             share + (1 - share) * stretched / compressed};
 }
 
-// 5.5.2 (5) with both webs of a closed section sharing N.
-Bent BentInPlane(const StandardSection& q, const Wall& wall, double n, double shared_by)
+// The part on which N acts when the plate yields: the standard has its straight part, both webs of
+// a closed section together. D165: the program takes the clear height of the web, D168: of one.
+double YieldingPart(const StandardSection& q, const Wall& wall, double shared_by,
+                    const Basis& basis)
 {
-    return {std::clamp((1 + n / (shared_by * wall.Width() * wall.t * q.fy)) / 2, 0.0, 1.0),
-            2 * n / Squash(q) - 1};
+    const double part = shared_by * wall.Width() * wall.t;
+    if (!wall.Upright()) {
+        return part;
+    }
+    const double clear = q.hw * q.tw;
+    return q.Closed() ? basis.pick(Dev::d168, clear, part) : basis.pick(Dev::d165, clear, part);
 }
 
-int ClassBent(const StandardSection& q, const Wall& wall, const Bent& bent)
+// 5.5.2 (5).
+Bent BentInPlane(const StandardSection& q, const Wall& wall, double n, double shared_by,
+                 const Basis& basis)
 {
-    return ClassOfInternal(wall.Width(), wall.t, q.eps, bent.alpha, bent.psi);
+    const double psi = 2 * n / Squash(q) - 1;
+    if (n == 0) {
+        return {0.5, psi};
+    }
+    const double part = YieldingPart(q, wall, shared_by, basis);
+    return {std::clamp((1 + n / (part * q.fy)) / 2, 0.0, 1.0), psi};
 }
 
-int ClassCompressed(const StandardSection& q, const Wall& wall)
+// The deviation of a limit that is not included: closed sections, plates, others.
+Dev LimitDeviation(const StandardSection& q)
 {
-    return ClassBent(q, wall, {1, 1});
+    if (q.OfStrips() || q.kind == Kind::i_single) {
+        return Dev::d187;
+    }
+    return q.Closed() ? Dev::d166 : Dev::d156;
 }
 
-int ClassOfUprightWall(const StandardSection& q, const Wall& wall, const ActingForces& f)
+constexpr double kHair = 1 - 1e-9;  // of a limit that is not included
+
+// Class 3 or 4 by the program's limits: D155 and D166 have one formula for every stress ratio, D188
+// another one.
+int ElasticClass(const StandardSection& q, const Wall& wall, double psi, int cls,
+                 const Basis& basis)
+{
+    const double ratio = wall.Width() / (wall.t * q.eps);
+    if (q.UnequalFlanges()) {
+        return psi > -1 ? basis.pick(Dev::d188, ratio <= 126 / (2 + psi) ? 3 : 4, cls) : cls;
+    }
+    if (psi <= -1) {
+        const double divisor = 0.67 + 0.33 * psi;
+        const int program = divisor > 0 && ratio <= 42 / divisor ? 3 : 4;
+        return basis.pick(q.Closed() ? Dev::d166 : Dev::d155, program, cls);
+    }
+    return cls;
+}
+
+int ClassBent(const StandardSection& q, const Wall& wall, const Bent& bent, bool single,
+              const Basis& basis)
+{
+    const int cls = ClassOfInternal(wall.Width(), wall.t, q.eps, bent.alpha, bent.psi);
+    if (single) {  // compression or bending alone
+        const int below =
+            ClassOfInternal(wall.Width(), wall.t, q.eps * kHair, bent.alpha, bent.psi);
+        return basis.pick(LimitDeviation(q), below, cls);
+    }
+    return cls >= 3 ? ElasticClass(q, wall, bent.psi, cls, basis) : cls;
+}
+
+int ClassCompressed(const StandardSection& q, const Wall& wall, const Basis& basis)
+{
+    return ClassBent(q, wall, {1, 1}, true, basis);
+}
+
+int ClassOfUprightWall(const StandardSection& q, const Wall& wall, const ActingForces& f,
+                       const Basis& basis)
 {
     const bool my = f.sagging || f.hogging;
     int cls = 1;
     if (my && q.UnequalFlanges()) {
         for (const bool sagging : {true, false}) {
             if (sagging ? f.sagging : f.hogging) {
-                const Bent bent = WebBetweenUnequalFlanges(q, wall, f.n, sagging);
-                cls = std::max(cls, ClassBent(q, wall, bent));
+                const Bent bent = WebBetweenUnequalFlanges(q, wall, f.n, sagging, basis);
+                cls = std::max(cls, ClassBent(q, wall, bent, false, basis));
             }
         }
     } else if (my) {
-        cls = ClassBent(q, wall, BentInPlane(q, wall, f.n, q.webs));
+        const Bent bent = BentInPlane(q, wall, f.n, q.webs, basis);
+        cls = ClassBent(q, wall, bent, f.n == 0, basis);
     } else if (f.n > 0) {
-        cls = ClassCompressed(q, wall);
+        cls = ClassCompressed(q, wall, basis);
     }
-    const bool as_flange = f.mz && wall.y0 != 0;  // a web on the axis stays unstressed by Mz
-    return as_flange ? std::max(cls, ClassCompressed(q, wall)) : cls;
+    if (!f.mz || wall.y0 == 0) {  // a web on the axis stays unstressed by Mz
+        return cls;
+    }
+    const int flange = std::max(cls, ClassCompressed(q, wall, basis));
+    return q.kind == Kind::channel ? basis.pick(Dev::d34, cls, flange) : flange;
 }
 
-int ClassOfLyingWall(const StandardSection& q, const Wall& wall, const ActingForces& f)
+int ClassOfLyingWall(const StandardSection& q, const Wall& wall, const ActingForces& f,
+                     const Basis& basis)
 {
     const bool my = wall.z0 > 0 ? f.sagging : f.hogging;
-    int cls = my || (f.n > 0 && !f.mz) ? ClassCompressed(q, wall) : 1;
+    int cls = my || (f.n > 0 && !f.mz) ? ClassCompressed(q, wall, basis) : 1;
     if (f.mz) {
-        cls = std::max(cls, ClassBent(q, wall, BentInPlane(q, wall, f.n, 2)));
+        const Bent bent = BentInPlane(q, wall, f.n, 2, basis);
+        cls = std::max(cls, ClassBent(q, wall, bent, f.n == 0, basis));
     }
     return cls;
 }
 
-int ClassOfOutstandWall(const StandardSection& q, const Wall& wall, const ActingForces& f)
+int ClassOfOutstandWall(const StandardSection& q, const Wall& wall, const ActingForces& f,
+                        const Basis& basis)
 {
     const bool my = wall.z0 > 0 ? f.sagging : f.hogging;
     const bool uniform = my || (f.n > 0 && !f.mz);
@@ -100,10 +165,13 @@ int ClassOfOutstandWall(const StandardSection& q, const Wall& wall, const Acting
     double psi = 1;
     if (!uniform) {
         const double n = f.n / Squash(q);
-        psi = n + (1 - n) * wall.y0 / wall.y1;
+        const double to_root = n + (1 - n) * wall.y0 / wall.y1;
+        psi = f.n != 0 ? basis.pick(Dev::d157, 2 * n - 1, to_root) : to_root;
     }
-    const double k = BucklingFactorOutstand(1, psi);
-    return ClassOfOutstand(wall.Width(), wall.t, q.eps, OutstandElasticLimit(k));
+    const double limit = OutstandElasticLimit(BucklingFactorOutstand(1, psi));
+    const int cls = ClassOfOutstand(wall.Width(), wall.t, q.eps, limit);
+    const int below = ClassOfOutstand(wall.Width(), wall.t, q.eps * kHair, limit);
+    return basis.pick(LimitDeviation(q), below, cls);
 }
 
 // The stem below a flange or plate, tip downwards, under N and My of one sign: share of it that is
@@ -144,15 +212,17 @@ int ClassOfStem(const StandardSection& q, const Wall& wall, const ActingForces& 
     return cls;
 }
 
-int ClassOfWall(const StandardSection& q, const Wall& wall, const ActingForces& f)
+int ClassOfWall(const StandardSection& q, const Wall& wall, const ActingForces& f,
+                const Basis& basis)
 {
     if (wall.outstand && wall.Upright()) {
         return ClassOfStem(q, wall, f);
     }
     if (wall.outstand) {
-        return ClassOfOutstandWall(q, wall, f);
+        return ClassOfOutstandWall(q, wall, f, basis);
     }
-    return wall.Upright() ? ClassOfUprightWall(q, wall, f) : ClassOfLyingWall(q, wall, f);
+    return wall.Upright() ? ClassOfUprightWall(q, wall, f, basis)
+                          : ClassOfLyingWall(q, wall, f, basis);
 }
 
 // The worst of the classes entered for the forces that act.
@@ -254,9 +324,61 @@ void ReduceWall(const StandardSection& q, const Wall& wall, double start, double
     }
 }
 
+// D183: the program's centroid divides by the area less the loss of the flanges only, and the
+// second moment refers to it.
+EffectiveSection WithCentroid(const StandardSection& q, const EffectiveSection& whole, bool sagging,
+                              double flanges_reduced, const Basis& basis)
+{
+    const double sign = sagging ? 1 : -1;
+    const double edge = sagging ? q.above : q.below;
+    const double own = edge - sign * whole.zc;
+    const double z = basis.pick(Dev::d183, own * whole.a / flanges_reduced, own);
+    EffectiveSection section = whole;
+    if (z != own) {
+        section.zc = sign * (edge - z);
+        section.iy += whole.a * (own * own - z * z);
+    }
+    return section;
+}
+
+// D200: the flanges of an unequal I alone, each with what bending about z leaves of its width.
+double ModulusOfFlangesZ(const StandardSection& q)
+{
+    const auto width = [&](const Flange& flange) {
+        if (q.whole_flanges) {
+            return flange.b;
+        }
+        const double c = (flange.b - q.tw) / 2 - q.r;
+        const double lam = PlateSlenderness(c, flange.t, q.eps, BucklingFactorOutstand(1, 0));
+        return flange.b - (1 - RhoOutstand(lam)) * c;
+    };
+    const double top = width(q.top);
+    const double bottom = width(q.bottom);
+    const double i = (q.top.t * std::pow(top, 3) + q.bottom.t * std::pow(bottom, 3)) / 12;
+    return i / (std::max(top, bottom) / 2);
+}
+
+// 6.2.5 (2): the edge furthest from the axis. D160: the program takes the stretched one of I
+// sections, D162: nothing off a channel.
+double EffectiveModulusZ(const StandardSection& q, const EffectiveSection& z, bool right_compressed,
+                         const Basis& basis)
+{
+    const double right = q.right - z.yc;
+    const double left = q.left + z.yc;
+    const double furthest = z.iz / std::max(right, left);
+    if (q.ISection()) {
+        return basis.pick(Dev::d160, z.iz / (right_compressed ? left : right), furthest);
+    }
+    if (q.kind == Kind::channel) {
+        return basis.pick(Dev::d162, q.LeastWelz(), furthest);
+    }
+    return q.kind == Kind::i_single ? basis.pick(Dev::d200, ModulusOfFlangesZ(q), furthest)
+                                    : furthest;
+}
+
 }  // namespace
 
-int ClassOf(const StandardSection& q, const ActingForces& forces)
+int ClassOf(const StandardSection& q, const ActingForces& forces, const Basis& basis)
 {
     if (q.kind == Kind::tube) {
         return ClassOfTube(q.h, q.tw, q.eps);
@@ -270,14 +392,14 @@ int ClassOf(const StandardSection& q, const ActingForces& forces)
     }
     int cls = 1;
     for (std::size_t i = 0; i < q.wall_count; ++i) {
-        cls = std::max(cls, ClassOfWall(q, q.walls[i], forces));
+        cls = std::max(cls, ClassOfWall(q, q.walls[i], forces, basis));
     }
     return cls;
 }
 
-int ClassInCompression(const StandardSection& q)
+int ClassInCompression(const StandardSection& q, const Basis& basis)
 {
-    return ClassOf(q, {1, false, false, false});
+    return ClassOf(q, {1, false, false, false}, basis);
 }
 
 EffectiveSection EffectiveInCompression(const StandardSection& q)
@@ -289,7 +411,7 @@ EffectiveSection EffectiveInCompression(const StandardSection& q)
     return reduced.Result();
 }
 
-EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging)
+EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging, const Basis& basis)
 {
     const double sign = sagging ? 1 : -1;
     Reduced reduced(q);
@@ -298,6 +420,7 @@ EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging)
             ReduceWall(q, q.walls[i], 1, 1, reduced);
         }
     }
+    const double flanges_reduced = reduced.Result().a;
     const double zc = reduced.Zc();  // 4.4 (3): of the section with the reduced flanges
     for (std::size_t i = 0; i < q.wall_count; ++i) {
         const Wall& wall = q.walls[i];
@@ -305,7 +428,9 @@ EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging)
             ReduceWall(q, wall, sign * (wall.z0 - zc), sign * (wall.z1 - zc), reduced);
         }
     }
-    return reduced.Result();
+    const EffectiveSection whole = reduced.Result();
+    return q.kind == Kind::i_single ? WithCentroid(q, whole, sagging, flanges_reduced, basis)
+                                    : whole;
 }
 
 EffectiveSection EffectiveAboutZ(const StandardSection& q, bool right_compressed)
@@ -342,18 +467,18 @@ Flange EffectiveFlange(const StandardSection& q, bool top)
     return flange;
 }
 
-int ClassOfPressedFlange(const StandardSection& q, bool sagging)
+int ClassOfPressedFlange(const StandardSection& q, bool sagging, const Basis& basis)
 {
     int cls = 1;
     for (std::size_t i = 0; i < q.wall_count; ++i) {
         if (!q.walls[i].Upright()) {
-            cls = std::max(cls, ClassOfWall(q, q.walls[i], {0, sagging, !sagging, false}));
+            cls = std::max(cls, ClassOfWall(q, q.walls[i], {0, sagging, !sagging, false}, basis));
         }
     }
     return cls;
 }
 
-EffectiveValues EffectiveValuesOf(const StandardSection& q)
+EffectiveValues EffectiveValuesOf(const StandardSection& q, const Basis& basis)
 {
     EffectiveValues v{};
     const EffectiveSection n = EffectiveInCompression(q);
@@ -361,20 +486,20 @@ EffectiveValues EffectiveValuesOf(const StandardSection& q)
     v.a = n.a;
     v.eny = shifts ? std::abs(n.zc) : 0;
     v.enz = shifts ? std::abs(n.yc) : 0;
-    const EffectiveSection sag = EffectiveAboutY(q, true);
-    const EffectiveSection hog = EffectiveAboutY(q, false);
+    const EffectiveSection sag = EffectiveAboutY(q, true, basis);
+    const EffectiveSection hog = EffectiveAboutY(q, false, basis);
     v.wy_sagging = sag.iy / std::max(q.above - sag.zc, q.below + sag.zc);
     v.wy_hogging = hog.iy / std::max(q.above - hog.zc, q.below + hog.zc);
     v.wy_compressed_sagging = sag.iy / (q.above - sag.zc);
     v.wy_compressed_hogging = hog.iy / (q.below + hog.zc);
     for (const bool sagging : {true, false}) {
-        const bool upgraded = q.upgrade && ClassOfPressedFlange(q, sagging) <= 2;
+        const bool upgraded = q.upgrade && ClassOfPressedFlange(q, sagging, basis) <= 2;
         (sagging ? v.wy3_sagging : v.wy3_hogging) =
             upgraded ? std::max(q.LeastWely(), UpgradedModulus(q, sagging)) : q.LeastWely();
     }
     for (const bool right : {true, false}) {
         const EffectiveSection z = EffectiveAboutZ(q, right);
-        const double w = z.iz / std::max(q.right - z.yc, q.left + z.yc);
+        const double w = EffectiveModulusZ(q, z, right, basis);
         v.wz = right ? w : std::min(v.wz, w);
     }
     return v;

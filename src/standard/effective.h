@@ -15,11 +15,12 @@ struct ActingForces {
 };
 
 // 5.5.2: one class of the combination, so that it never jumps where a moment passes zero.
-int ClassOf(const StandardSection& q, const ActingForces& forces);
+// Deviations D34, D155 to D157, D165, D166, D168, D187, D188.
+int ClassOf(const StandardSection& q, const ActingForces& forces, const Basis& basis);
 // In uniform compression.
-int ClassInCompression(const StandardSection& q);
+int ClassInCompression(const StandardSection& q, const Basis& basis);
 // Of the flange that My compresses, without the webs.
-int ClassOfPressedFlange(const StandardSection& q, bool sagging);
+int ClassOfPressedFlange(const StandardSection& q, bool sagging, const Basis& basis);
 // Class of the flanges about Mf,Rd is not asked for: their effective area is, EN 1993-1-5, 5.4 (2).
 Flange EffectiveFlange(const StandardSection& q, bool top);
 
@@ -30,7 +31,7 @@ struct EffectiveSection {
     double iy, iz;  // about its own centroid
 };
 EffectiveSection EffectiveInCompression(const StandardSection& q);
-EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging);
+EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging, const Basis& basis);
 EffectiveSection EffectiveAboutZ(const StandardSection& q, bool right_compressed);
 
 // All of class 4, once for a member.
@@ -41,6 +42,7 @@ struct EffectiveValues {
     double wy3_sagging, wy3_hogging;  // class 3: elastic, or plastic with upgraded webs
     double wz;
 };
-EffectiveValues EffectiveValuesOf(const StandardSection& q);
+// Deviations D160, D162, D183, D200.
+EffectiveValues EffectiveValuesOf(const StandardSection& q, const Basis& basis);
 
 }  // namespace kestrum::standard

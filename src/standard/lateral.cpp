@@ -192,15 +192,23 @@ double Resultant(const MemberLoads& loads, const LoadFactors& factors)
     return sum;
 }
 
-// Closed formula with the C factors of the user, Nmm.
-double ClosedMoment(const ProjectState& s, const StandardSection& q, const MemberLoads& loads,
-                    const LoadFactors& factors, bool sagging)
+// 1 where the loads act downwards, -1 under uplift. D213: the program does not turn the load level.
+double SenseOfLoads(const LateralCase& m)
 {
+    const double resultant = Resultant(m.loads, m.factors);
+    return resultant > 0 ? 1 : resultant < 0 ? -1 : 0;
+}
+
+// Closed formula with the C factors of the user, Nmm.
+double ClosedMoment(const LateralCase& m, bool sagging)
+{
+    const ProjectState& s = m.s;
+    const StandardSection& q = m.p.q;
     const LateralSection section = SectionFor(q);
     const double length = s.ltbk * s.l * kMm / (s.restraints + 1);
-    const double resultant = Resultant(loads, factors);
-    const double sign = resultant > 0 ? 1 : resultant < 0 ? -1 : 0;
-    const double zg = sign * (LoadLevel(s, q) - q.centre_z);
+    const double sense = SenseOfLoads(m);
+    const double level = LoadLevel(s, q) - q.centre_z;
+    const double zg = sense < 0 ? m.basis.pick(Dev::d213, level, -level) : sense * level;
     const double zj = sagging ? q.zj : -q.zj;
     const double lever = s.c2 * zg - s.c3 * zj;
     const double euler = clauses::EulerLoad(q.e, q.iz, length);
@@ -219,12 +227,19 @@ double UnequalAngleMoment(const ProjectState& s, const StandardSection& q, bool 
     return euler * (std::sqrt(section.git / euler + zj * zj) + zj);
 }
 
-double NumericalMoment(const ProjectState& s, const StandardSection& q, const MemberLoads& loads,
-                       const LoadFactors& factors, const CombinedLines& lines, double largest)
+double NumericalMoment(const LateralCase& m, double largest)
 {
+    const ProjectState& s = m.s;
+    const StandardSection& q = m.p.q;
+    const CombinedLines& lines = m.lines;
     const Ends ends = EndsOf(s);
     LineOf line(lines, 0, lines.grid.Length(), ends.stretch);
-    line.AddLevels(loads, factors, LoadLevel(s, q), q.centre_z);
+    const double level = LoadLevel(s, q);
+    double above = level - q.centre_z;
+    if (SenseOfLoads(m) < 0) {
+        above = m.basis.pick(Dev::d213, -above, above);
+    }
+    line.AddLevels(m.loads, m.factors, above + q.centre_z, q.centre_z);
     std::array<double, kMaxHeld> held{};
     const auto restraints = static_cast<std::size_t>(std::max<int>(s.restraints, 0));
     for (std::size_t i = 0; i < std::min(restraints, kMaxHeld); ++i) {
@@ -238,7 +253,7 @@ double NumericalMoment(const ProjectState& s, const StandardSection& q, const Me
 
 // Tables 6.4 and 6.5, h/b of the compressed flange.
 double LateralImperfection(const ProjectState& s, const StandardSection& q, bool sagging,
-                           bool rolled_case)
+                           bool rolled_case, const Basis& basis)
 {
     using clauses::BucklingCurve;
     const double slim = q.h / (sagging ? q.top.b : q.bottom.b);
@@ -246,7 +261,7 @@ double LateralImperfection(const ProjectState& s, const StandardSection& q, bool
         if (!rolled_case) {
             return clauses::Imperfection(slim <= 2 ? BucklingCurve::a : BucklingCurve::b);
         }
-        const bool tall = s.annexindex == kAnnexUk && slim > 3.1;
+        const bool tall = basis.pick(Dev::d239, false, s.annexindex == kAnnexUk && slim > 3.1);
         return clauses::Imperfection(slim <= 2 ? BucklingCurve::b
                                      : tall    ? BucklingCurve::d
                                                : BucklingCurve::c);
@@ -255,22 +270,77 @@ double LateralImperfection(const ProjectState& s, const StandardSection& q, bool
     return clauses::Imperfection(welded && slim <= 2 ? BucklingCurve::c : BucklingCurve::d);
 }
 
-void Reduce(const ProjectState& s, const StandardSection& q, LateralResult& r)
+void Reduce(const ProjectState& s, const StandardSection& q, LateralResult& r, const Basis& basis)
 {
-    const bool welded = q.kind == Kind::i_welded || q.kind == Kind::i_single;
+    const bool own = q.kind == Kind::i_single;
+    const bool welded = q.kind == Kind::i_welded || own;
     const double plateau = welded ? s.lamdalt0w : s.lamdalt0;
     const bool rolled_case = s.ltbcurve == 3 && Traits(s).design.rolled_case;
-    const double alpha = LateralImperfection(s, q, r.moment > 0, rolled_case);
+    const double alpha = LateralImperfection(s, q, r.moment > 0, rolled_case, basis);
     if (!rolled_case) {
-        r.chi = clauses::GeneralLateralReduction(r.lam, alpha, plateau);
+        r.chi = clauses::GeneralLateralReduction(r.lam, alpha, basis.pick(Dev::d214, 0.2, plateau));
         r.clause = "6.3.2.2";
         return;
     }
     const double beta = welded ? s.betaw : s.beta;
-    const double chi = clauses::RolledLateralReduction(r.lam, alpha, plateau, beta);
+    const double chi = clauses::RolledLateralReduction(
+        r.lam, alpha, own ? plateau : basis.pick(Dev::d215, s.lamdalt0, plateau),
+        own ? beta : basis.pick(Dev::d215, s.beta, beta));
     const double f = clauses::MomentShapeFactor(r.lam, r.kc);
     r.chi = std::min({1.0, 1 / (r.lam * r.lam), chi / f});
     r.clause = "6.3.2.3";
+}
+
+// The program's formula for the elastic critical moment that stands in for the numerical solution.
+Dev FormulaOf(const ProjectState& s)
+{
+    if (s.restraints > 0 || s.loadmode != 1) {
+        return Dev::d233;  // segments
+    }
+    return s.supportcase == 4 ? Dev::d238 : Dev::d234;
+}
+
+// Nmm, as the program's pass left it: of the segment that holds MEd,max, or of the whole member.
+double ProgramMoment(const LateralCase& m, double x)
+{
+    if (FormulaOf(m.s) != Dev::d233) {
+        return m.program->mcr;
+    }
+    const double each = m.s.l / (m.s.restraints + 1);
+    const double number = std::clamp(std::ceil(x / each - kSame), 1.0, m.s.restraints + 1.0);
+    return m.program->segmcr[static_cast<std::size_t>(number)];
+}
+
+double CriticalMomentOf(const LateralCase& m, const LineExtreme& most)
+{
+    if (m.p.q.Angle()) {  // no C factors are entered for it
+        return m.p.q.angle.equal ? NumericalMoment(m, std::abs(most.value))
+                                 : UnequalAngleMoment(m.s, m.p.q, most.value > 0);
+    }
+    if (m.s.cmanual != kFalse) {
+        return ClosedMoment(m, most.value > 0);
+    }
+    if (!m.basis.departs(FormulaOf(m.s)) && m.program != nullptr) {
+        return ProgramMoment(m, most.x);
+    }
+    return NumericalMoment(m, std::abs(most.value));
+}
+
+// MEd,max. D201: the program sees the moments at the ends of its segments only.
+double CheckedMoment(const LateralCase& m, const LineExtreme& most)
+{
+    const double whole = std::abs(most.value);
+    if (FormulaOf(m.s) != Dev::d233) {
+        return whole;
+    }
+    double largest = 0;
+    for (int i = 0; i <= m.s.restraints + 1; ++i) {
+        const double x = m.lines.grid.Length() * i / (m.s.restraints + 1);
+        const double moment = m.lines.Moment(Axis::y, PieceAt(m.lines.grid, x), x);
+        largest = std::max(largest, std::abs(moment));
+    }
+    const bool same = largest >= whole * (1 - 1e-9);
+    return same ? whole : m.basis.pick(Dev::d201, largest, whole);
 }
 
 }  // namespace
@@ -295,23 +365,17 @@ double UniformCriticalMoment(const ProjectState& s, const StandardSection& q)
     return UniformMoment(SectionFor(q), k * s.l * kMm / (s.restraints + 1)) / kNmm;
 }
 
-LateralResult LateralBucklingOf(const ProjectState& s, const PreparedSection& p,
-                                const MemberLoads& loads, const LoadFactors& factors,
-                                const CombinedLines& lines, int cls)
+LateralResult LateralBucklingOf(const LateralCase& m)
 {
-    const StandardSection& q = p.q;
-    const LineExtreme most = lines.LargestMoment(Axis::y);
+    const ProjectState& s = m.s;
+    const StandardSection& q = m.p.q;
+    const LineExtreme most = m.lines.LargestMoment(Axis::y);
     LateralResult r;
     r.moment = most.value;
-    r.place = most.x / lines.grid.Length();
+    r.place = most.x / m.lines.grid.Length();
+    r.checked = CheckedMoment(m, most);
     const bool sagging = r.moment > 0;
-    const double size = std::abs(r.moment);
-    const bool unequal = q.Angle() && !q.angle.equal;
-    const bool entered = s.cmanual != kFalse && !q.Angle();
-    r.mcr = (unequal   ? UnequalAngleMoment(s, q, sagging)
-             : entered ? ClosedMoment(s, q, loads, factors, sagging)
-                       : NumericalMoment(s, q, loads, factors, lines, size)) /
-            kNmm;
+    r.mcr = CriticalMomentOf(m, most) / kNmm;
     if (!(r.mcr > 0)) {
         return r;  // no resistance
     }
@@ -319,16 +383,18 @@ LateralResult LateralBucklingOf(const ProjectState& s, const PreparedSection& p,
     const bool always_c1 = s.annexindex == kAnnexUk;
     for (std::size_t i = 0; i < pieces.count; ++i) {
         const double c1 =
-            s.cmanual != kFalse ? s.c1 : PieceC1(s, q, lines, pieces.x0[i], pieces.x1[i]);
+            s.cmanual != kFalse ? s.c1 : PieceC1(s, q, m.lines, pieces.x0[i], pieces.x1[i]);
         const auto table =
-            always_c1 ? std::nullopt : TabulatedKc(lines, Axis::y, pieces.x0[i], pieces.x1[i]);
-        const double kc = table ? *table : std::min(1.0, 1 / std::sqrt(c1));
+            always_c1 ? std::nullopt : TabulatedKc(m.lines, Axis::y, pieces.x0[i], pieces.x1[i]);
+        const double by_c1 =
+            m.basis.pick(Dev::d216, 1 / std::sqrt(c1), std::min(1.0, 1 / std::sqrt(c1)));
+        const double kc = table ? m.basis.pick(Dev::d235, by_c1, *table) : by_c1;
         r.c1 = i == 0 ? c1 : std::min(r.c1, c1);
         r.kc = i == 0 ? kc : std::max(r.kc, kc);
     }
-    const double resistance = ModulusYCompressed(p, cls, sagging) * q.fy / kNmm;
+    const double resistance = ModulusYCompressed(m.p, m.cls, sagging) * q.fy / kNmm;
     r.lam = std::sqrt(resistance / r.mcr);
-    Reduce(s, q, r);
+    Reduce(s, q, r, m.basis);
     r.resistance = r.chi * resistance / q.gammam1;
     return r;
 }

@@ -8,9 +8,10 @@
 namespace kestrum::standard {
 
 struct LateralResult {
-    double moment = 0;  // MEd,max with its sign, kNm
-    double place = 0;   // x/L
-    double mcr = 0;     // kNm
+    double moment = 0;   // MEd,max with its sign, kNm
+    double checked = 0;  // the moment that is checked, its size, kNm
+    double place = 0;    // x/L
+    double mcr = 0;      // kNm
     double lam = 0, chi = 1;
     double resistance = 0;  // Mb,Rd, kNm
     double c1 = 1;          // of the piece that holds MEd,max
@@ -18,10 +19,21 @@ struct LateralResult {
     std::string_view clause{};
 };
 
+// The member in one combination.
+struct LateralCase {
+    const ProjectState& s;
+    const Basis& basis;
+    const ProjectState* program;  // the record after the program's pass, or null
+    const PreparedSection& p;
+    const MemberLoads& loads;
+    const LoadFactors& factors;
+    const CombinedLines& lines;
+    int cls;
+};
+
 // Of a line with a moment; the numerical solution, or the closed formula with the user's C factors.
-LateralResult LateralBucklingOf(const ProjectState& s, const PreparedSection& p,
-                                const MemberLoads& loads, const LoadFactors& factors,
-                                const CombinedLines& lines, int cls);
+// Deviations D201, D213 to D216, D233 to D235, D238, D239.
+LateralResult LateralBucklingOf(const LateralCase& m);
 
 // Critical moment of uniform moment, Annex A: k up to 1 counts as 1, kNm.
 double UniformCriticalMoment(const ProjectState& s, const StandardSection& q);

@@ -1,6 +1,7 @@
 #include "standard/lines.h"
 
 #include "clauses/critical_moment.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,7 +10,8 @@ namespace kestrum::standard {
 
 namespace {
 
-constexpr double kGravity = 0.00981;  // kN per kg (D103: the program takes 0.01)
+constexpr double kGravity = 0.00981;      // kN per kg
+constexpr double kProgramGravity = 0.01;  // D103
 constexpr std::size_t kMaxOwnLoads = 16;
 constexpr double kOff = 1e-6;  // m; positions are kept in single precision
 
@@ -23,9 +25,24 @@ bool Counts(const ProjectState& s, i16 ticked)
     return s.loadcomb != kBasicLoads || ticked != 0;
 }
 
-void Add(MemberLoads& loads, const Load& load, LineGridMaker& maker)
+// The loads with what the family takes of them.
+struct Loading {
+    MemberLoads& loads;
+    LineGridMaker maker;
+    const Actions& taken;
+    const Basis& basis;
+};
+
+// D106: the program empties rows that the family does not take.
+bool Empties(const Actions& taken, bool about_y, const Basis& basis)
 {
-    if (load.category < 0 || loads.count == kMaxOwnLoads) {
+    return !(about_y ? taken.y : taken.z) && !basis.departs(Dev::d106);
+}
+
+void Add(Loading& to, const Load& load)
+{
+    auto& [loads, maker, taken, basis] = to;
+    if (load.category < 0 || loads.count == kMaxOwnLoads || Empties(taken, load.about_y, basis)) {
         return;
     }
     loads.load[loads.count++] = load;
@@ -41,75 +58,77 @@ void Add(MemberLoads& loads, const Load& load, LineGridMaker& maker)
     }
 }
 
-void AddUniform(const ProjectState& s, MemberLoads& loads, LineGridMaker& maker)
+void AddUniform(const ProjectState& s, Loading& to)
 {
     const double l = s.l;
-    const double weight = s.selfweight == 1 ? s.weight * kGravity : 0;
-    if (weight != 0) {
-        Add(loads, {0, true, false, true, {0, l, weight, weight}, {}}, maker);
+    if (s.selfweight == 1 && s.weight != 0) {
+        const double weight = s.weight * to.basis.pick(Dev::d103, kProgramGravity, kGravity);
+        Add(to, {0, true, false, true, {0, l, weight, weight}, {}});
     }
     for (std::size_t k = 1; k <= 4; ++k) {
         if (s.qload[k] != 0 && Counts(s, s.qchecked[k])) {
             const double q = s.qload[k];
-            Add(loads, {Category(s.qtype[k]), s.qdir[k] == 1, false, false, {0, l, q, q}, {}},
-                maker);
+            Add(to, {Category(s.qtype[k]), s.qdir[k] == 1, false, false, {0, l, q, q}, {}});
         }
     }
 }
 
-void AddTrapezoids(const ProjectState& s, MemberLoads& loads, LineGridMaker& maker)
+void AddTrapezoids(const ProjectState& s, Loading& to)
 {
     for (std::size_t k = 1; k <= 3; ++k) {
         if ((s.qt1[k] != 0 || s.qt2[k] != 0) && Counts(s, s.qtchecked[k])) {
-            Add(loads,
-                {Category(s.qttype[k]),
-                 s.qtdir[k] == 1,
-                 false,
-                 false,
-                 {s.qtx1[k], std::min<double>(s.qtx2[k], s.l), s.qt1[k], s.qt2[k]},
-                 {}},
-                maker);
+            Add(to, {Category(s.qttype[k]),
+                     s.qtdir[k] == 1,
+                     false,
+                     false,
+                     {s.qtx1[k], std::min<double>(s.qtx2[k], s.l), s.qt1[k], s.qt2[k]},
+                     {}});
         }
     }
 }
 
-void AddPoints(const ProjectState& s, MemberLoads& loads, LineGridMaker& maker)
+void AddPoints(const ProjectState& s, Loading& to)
 {
     for (std::size_t k = 1; k <= 8; ++k) {
         if (s.pm[k] != 0 && Counts(s, s.pmchecked[k])) {
             const bool force = s.pmkind[k] == 0;
             const double size = s.pm[k];
             const double x = std::min<double>(s.pmx[k], s.l);
-            Add(loads,
-                {Category(s.pmtype[k]),
-                 s.pmdir[k] == 1,
-                 true,
-                 false,
-                 {},
-                 {x, force ? size : 0, force ? 0 : size}},
-                maker);
+            Add(to, {Category(s.pmtype[k]),
+                     s.pmdir[k] == 1,
+                     true,
+                     false,
+                     {},
+                     {x, force ? size : 0, force ? 0 : size}});
         }
     }
+}
+
+bool TakesAxial(const Actions& taken, const Basis& basis)
+{
+    return taken.n || basis.departs(Dev::d106);
 }
 
 // 1 where an axial load of the category acts too.
-void MarkAxial(const ProjectState& s, MemberLoads& loads)
+void MarkAxial(const ProjectState& s, Loading& to)
 {
+    ActionsPresent& present = to.loads.present;
     for (std::size_t k = 1; k <= 3; ++k) {
-        if (s.nload[k] != 0 && Counts(s, s.nchecked[k])) {
+        if (s.nload[k] != 0 && Counts(s, s.nchecked[k]) && TakesAxial(to.taken, to.basis)) {
             const int category = Category(s.ntype[k]);
-            loads.present.g = loads.present.g || category == 0;
-            loads.present.q1 = loads.present.q1 || category == 1;
-            loads.present.q2 = loads.present.q2 || category == 2;
+            present.g = present.g || category == 0;
+            present.q1 = present.q1 || category == 1;
+            present.q2 = present.q2 || category == 2;
         }
     }
 }
 
-double AxialForce(const ProjectState& s, const LoadFactors& factors)
+double AxialForce(const ProjectState& s, const LoadFactors& factors, const Basis& basis)
 {
     double n = 0;
     for (std::size_t k = 1; k <= 3; ++k) {
-        if (Counts(s, s.nchecked[k])) {
+        if (s.nload[k] != 0 && Counts(s, s.nchecked[k]) &&
+            TakesAxial(Traits(s).carries.loads, basis)) {
             n += FactorOn(factors, Category(s.ntype[k])) * s.nload[k];
         }
     }
@@ -195,20 +214,20 @@ std::string_view NoLoadsReason(const ProjectState& s)
     return {};
 }
 
-MemberLoads LoadsOf(const ProjectState& s)
+MemberLoads LoadsOf(const ProjectState& s, const Basis& basis)
 {
     MemberLoads loads{};
-    LineGridMaker maker(s.l);
+    Loading to{loads, LineGridMaker(s.l), Traits(s).carries.loads, basis};
     if (s.loadmode == 1) {
-        AddUniform(s, loads, maker);
-        AddTrapezoids(s, loads, maker);
-        AddPoints(s, loads, maker);
-        MarkAxial(s, loads);
+        AddUniform(s, to);
+        AddTrapezoids(s, to);
+        AddPoints(s, to);
+        MarkAxial(s, to);
     }
     for (int i = 1; i <= s.restraints && i <= static_cast<int>(kMaxHeld); ++i) {
-        maker.Add(s.l * static_cast<double>(i) / (s.restraints + 1));
+        to.maker.Add(s.l * static_cast<double>(i) / (s.restraints + 1));
     }
-    loads.grid = maker.Grid();
+    loads.grid = to.maker.Grid();
     return loads;
 }
 
@@ -231,18 +250,26 @@ EndFixity FixityOf(const ProjectState& s)
     }
 }
 
-CombinedLines LinesOf(const ProjectState& s, const MemberLoads& loads, const LoadFactors& factors)
+CombinedLines LinesOf(const ProjectState& s, const MemberLoads& loads, const LoadFactors& factors,
+                      const Basis& basis)
 {
     CombinedLines lines{};
     lines.grid = loads.grid;
     if (s.loadmode != 1) {
-        lines.n = s.ne;
+        const Actions& taken = Traits(s).carries.ends;
+        const Dev dropped = Is(s, Kind::flat) ? Dev::d178 : Dev::d189;
+        const bool z = s.mz1 != 0 || s.mz2 != 0 || s.vy1 != 0 || s.vy2 != 0;
+        lines.n = taken.n || (s.ne != 0 && basis.departs(dropped)) ? s.ne : 0;
         lines.y = GivenPlane(loads.grid, s.my1, s.my2, s.vz1, s.vz2);
-        lines.z = GivenPlane(loads.grid, s.mz1, s.mz2, s.vy1, s.vy2);
+        if (taken.z || (z && basis.departs(dropped))) {
+            lines.z = GivenPlane(loads.grid, s.mz1, s.mz2, s.vy1, s.vy2);
+        } else {
+            lines.z = GivenPlane(loads.grid, 0, 0, 0, 0);
+        }
         return lines;
     }
     const EndFixity ends = FixityOf(s);
-    lines.n = AxialForce(s, factors);
+    lines.n = AxialForce(s, factors, basis);
     lines.y = PlaneOf(loads, factors, Axis::y, ends);
     lines.z = PlaneOf(loads, factors, Axis::z, ends);
     return lines;

@@ -4,6 +4,7 @@
 // them. kN, kNm, m.
 
 #include "analysis/exact_line.h"
+#include "core/basis.h"
 #include "core/load_cases.h"
 #include "core/project_state.h"
 
@@ -33,7 +34,8 @@ struct MemberLoads {
 
 // The reason why the loads cannot be taken: off the member, or ending before they start (D110).
 std::string_view NoLoadsReason(const ProjectState& s);
-MemberLoads LoadsOf(const ProjectState& s);
+// Deviations D103, D106.
+MemberLoads LoadsOf(const ProjectState& s, const Basis& basis);
 
 enum class Axis { y, z };  // the axis of bending
 
@@ -69,7 +71,9 @@ struct CombinedLines {
 };
 
 EndFixity FixityOf(const ProjectState& s);
-CombinedLines LinesOf(const ProjectState& s, const MemberLoads& loads, const LoadFactors& factors);
+// Deviations D178, D189: end forces that the family does not take.
+CombinedLines LinesOf(const ProjectState& s, const MemberLoads& loads, const LoadFactors& factors,
+                      const Basis& basis);
 double FactorOn(const LoadFactors& factors, int category);
 
 }  // namespace kestrum::standard

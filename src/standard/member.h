@@ -7,6 +7,7 @@
 #include "standard/resistance.h"
 #include "standard/result.h"
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -15,8 +16,11 @@ namespace kestrum::standard {
 struct Member {
     const Library& library;
     const ProjectState& s;
+    const Basis& basis;
+    const ProjectState* program;  // the record after the program's pass, or null
     PreparedSection section;
     MemberLoads loads;
+    std::span<const float> places;  // the program's check sections, x/L
 };
 
 // The program's section step, for the section record and the switches of the family. The reason

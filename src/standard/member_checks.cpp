@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <optional>
 
@@ -26,7 +27,8 @@ constexpr double kSwayCm = 0.9;  // Table B.3, members that buckle in a sway mod
 class Member {
 public:
     explicit Member(const MemberCase& m)
-        : m_(m), p_(m.section), q_(m.section.q), n_(m.lines.n * kN), bends_y_(m.my), bends_z_(m.mz),
+        : m_(m), b_(m.basis), p_(m.section), q_(m.section.q), cls_(m.classes.all),
+          n_(m.lines.n * kN), bends_y_(m.my), bends_z_(m.mz),
           my_(std::abs(m.lines.LargestMoment(Axis::y).value) * kNmm),
           mz_(std::abs(m.lines.LargestMoment(Axis::z).value) * kNmm)
     {
@@ -43,22 +45,38 @@ private:
              double squash) const;
     void Interaction(Checks& checks);
     void Outside(Checks& checks) const;
-    InteractionFactors Factors() const;
+    bool Plastic(int cls) const { return cls <= 2 && !q_.elastic; }
     InteractionFactors AnnexA() const;
     InteractionFactors AnnexB() const;
+    double DeflectionOf(const CombinedLines& lines, Axis axis, double inertia) const;
+    double ServiceDeflection(Axis axis, double inertia) const;
     double CmA(Axis axis, double inertia, double ncr) const;
+    double LoadedCm(const SpanMoments& span, bool point) const;
     double CmB(Axis axis, double x0, double x1) const;
     double CmLtB() const;
-    double ShiftY() const { return m_.cls == 4 && n_ > 0 ? n_ * p_.effective.eny : 0; }
-    double ShiftZ() const { return m_.cls == 4 && n_ > 0 ? n_ * p_.effective.enz : 0; }
-    // Angles have no input that would leave it out.
-    bool Twists() const { return !q_.Closed() && (m_.s.ltb == 1 || q_.Angle()); }
+    bool Shifted() const
+    {
+        return cls_ == 4 && n_ > 0 && !q_.DoublySymmetric() && b_.departs(Dev::d230);
+    }
+    double ShiftY() const { return Shifted() ? n_ * p_.effective.eny : 0; }
+    double ShiftZ() const { return Shifted() ? n_ * p_.effective.enz : 0; }
+    // Torsional and torsional-flexural buckling takes part.
+    bool ColumnTwists() const { return ncr_.twists && b_.departs(Dev::d207); }
+    bool MayBeLeftOut(const Reductions& r) const;
+    // Angles have no input that would leave it out. D226: the program leaves it out for them.
+    bool Twists() const
+    {
+        return q_.Angle() ? b_.departs(Dev::d226) : !q_.Closed() && m_.s.ltb == 1;
+    }
     void TurnAxes();
+    bool LateralControlled() const;
     LateralResult Lateral() const;
 
     const MemberCase& m_;
+    const Basis& b_;
     const PreparedSection& p_;
     const StandardSection& q_;
+    int cls_;
     double n_;  // N
     bool bends_y_, bends_z_;
     double my_, mz_;          // Nmm; of angles about u and v
@@ -74,16 +92,41 @@ void Member::Row(Checks& checks, CheckId id, double chi, double lam, std::string
     Keep(checks, id, n_ * q_.gammam1 / (chi * squash), lam <= kStocky ? "6.3.1.2 (4)" : clause);
 }
 
+// D232: for an axial force alone the program leaves buckling out by slenderness and by NEd/Ncr.
+bool Member::MayBeLeftOut(const Reductions& r) const
+{
+    const bool stocky = r.lamy <= kStocky && r.lamz <= kStocky;
+    const bool light = n_ <= 0.04 * ncr_.LeastFlexural();
+    return !bends_y_ && !bends_z_ && (stocky || light);
+}
+
 // The rows of 6.3.1 take the class of N alone.
 void Member::Column(Checks& checks) const
 {
-    const ColumnCurves curves = CurvesOf(m_.library, m_.s, q_);
+    const ColumnCurves curves = CurvesOf(m_.library, m_.s, q_, b_);
     const Reductions r = ReductionsOf(p_, ncr_, curves, p_.class_n);
+    if (MayBeLeftOut(r) && !b_.departs(Dev::d232)) {
+        return;
+    }
     Row(checks, CheckId::flexural_y, r.chiy, r.lamy, "6.3.1.1", r.squash);
     Row(checks, CheckId::flexural_z, r.chiz, r.lamz, "6.3.1.1", r.squash);
-    if (ncr_.twists) {
+    if (ColumnTwists()) {
         Row(checks, CheckId::torsional, r.chit, r.lamt, "6.3.1.4", r.squash);
     }
+}
+
+double Member::DeflectionOf(const CombinedLines& lines, Axis axis, double inertia) const
+{
+    return DeflectionLine(lines.grid, lines.Of(axis).m, m_.s.supportcase == 4, q_.e, inertia)
+        .Largest()
+        .value;
+}
+
+// D217: of the program's serviceability combination.
+double Member::ServiceDeflection(Axis axis, double inertia) const
+{
+    const LoadFactors factors = ServiceFactors(m_.s, m_.s.loadcomb);
+    return DeflectionOf(LinesOf(m_.s, m_.loads, factors, b_), axis, inertia);
 }
 
 // Table A.2, Cm,0 of the whole member; deflection and moment of the same loads.
@@ -99,11 +142,28 @@ double Member::CmA(Axis axis, double inertia, double ncr) const
     if (span.straight) {
         return clauses::CmStraight(span.psi, n);
     }
-    const DeflectionLine line(m_.lines.grid, m_.lines.Of(axis).m, m_.s.supportcase == 4, q_.e,
-                              inertia);
+    const double deflection = b_.pick(
+        Dev::d217, [&] { return ServiceDeflection(axis, inertia); },
+        [&] { return DeflectionOf(m_.lines, axis, inertia); });
     const double mm = length * 1e3;
     const double euler = std::numbers::pi * std::numbers::pi * q_.e * inertia / (mm * mm);
-    return clauses::CmGeneral(euler, line.Largest().value, most.value * kNmm, n);
+    return clauses::CmGeneral(euler, deflection, most.value * kNmm, n);
+}
+
+// D221: the program's ratios take the smaller end moment.
+double Member::LoadedCm(const SpanMoments& span, bool point) const
+{
+    const double standard = clauses::EquivalentMomentLoaded(span.mh, span.ms, span.psi, point);
+    if (span.ms == 0 || span.mh == 0) {
+        return standard;
+    }
+    const double small = span.mh * span.psi;
+    const bool ends_govern = span.mh * span.mh >= span.ms * span.ms;
+    const double program =
+        ends_govern
+            ? clauses::EquivalentMomentOfEnds(small == 0 ? 0 : span.ms / small, span.psi, point)
+            : clauses::EquivalentMomentOfSpan(small / span.ms, span.psi, point);
+    return b_.pick(Dev::d221, program, standard);
 }
 
 // Table B.3; loads of both kinds take the larger of its columns.
@@ -111,7 +171,8 @@ double Member::CmB(Axis axis, double x0, double x1) const
 {
     const SpanMoments span = SpanMomentsOf(m_.lines, axis, x0, x1);
     if (span.straight) {
-        return clauses::EquivalentMomentStraight(span.psi);
+        const double cm = clauses::EquivalentMomentStraight(span.psi);
+        return m_.s.loadmode != 1 ? b_.pick(Dev::d222, 0.6, cm) : cm;
     }
     bool points = false;
     bool lines = false;
@@ -129,10 +190,10 @@ double Member::CmB(Axis axis, double x0, double x1) const
     }
     double cm = 0;
     if (points) {
-        cm = clauses::EquivalentMomentLoaded(span.mh, span.ms, span.psi, true);
+        cm = LoadedCm(span, true);
     }
     if (lines || !points) {
-        cm = std::max(cm, clauses::EquivalentMomentLoaded(span.mh, span.ms, span.psi, false));
+        cm = std::max(cm, LoadedCm(span, false));
     }
     return cm;
 }
@@ -151,21 +212,21 @@ InteractionFactors Member::AnnexA() const
 {
     const double strength = q_.fy / q_.gammam0;
     clauses::AnnexAInputs in{};
-    in.plastic = m_.cls <= 2 && !q_.elastic;
     in.twists = Twists();
     in.ned = n_;
     in.ncry = ncr_.y;
     in.ncrz = ncr_.z;
-    in.ncrt = ncr_.t;
-    in.ncrtf = ncr_.tf;
-    in.nrk = chi_.squash / q_.gammam1;
+    constexpr double kNever = std::numeric_limits<double>::infinity();
+    in.ncrt = in.twists ? b_.pick(Dev::d208, kNever, ncr_.t) : ncr_.t;
+    in.ncrtf = in.twists ? b_.pick(Dev::d208, kNever, ncr_.tf) : ncr_.tf;
+    in.nrk = chi_.squash / b_.pick(Dev::d219, q_.gammam0, q_.gammam1);
     in.my = my_;
     in.mz = mz_;
     in.a = q_.a;
     in.it = q_.it;
     in.iy = q_.iy;
-    in.w_elastic_y = m_.cls == 4 ? ModulusY(p_, 4, lateral_.moment >= 0) : q_.LeastWely();
-    in.a_epsy = CompressedArea(p_, m_.cls);
+    in.w_elastic_y = cls_ == 4 ? ModulusY(p_, 4, lateral_.moment >= 0) : q_.LeastWely();
+    in.a_epsy = CompressedArea(p_, cls_);
     in.wely = q_.LeastWely();
     in.wply = q_.wply;
     in.welz = q_.LeastWelz();
@@ -181,17 +242,31 @@ InteractionFactors Member::AnnexA() const
     in.lamz = chi_.lamz;
     in.c1 = lateral_.c1;
     if (in.twists) {
-        const double mrk = ModulusYCompressed(p_, m_.cls, lateral_.moment >= 0) * q_.fy;
+        const double mrk = ModulusYCompressed(p_, cls_, lateral_.moment >= 0) * q_.fy;
         in.lam0 = std::sqrt(mrk / (UniformCriticalMoment(m_.s, q_) * kNmm));
     }
-    return clauses::FactorsOfAnnexA(in).k;
+    const auto factors = [&](bool plastic) {
+        in.plastic = plastic;
+        return clauses::FactorsOfAnnexA(in).k;
+    };
+    // D218: the program picks the column of each moment by its own class.
+    const bool plastic = Plastic(cls_);
+    const bool plastic_y = bends_y_ ? b_.pick(Dev::d218, Plastic(m_.classes.my), plastic) : plastic;
+    const bool plastic_z = bends_z_ ? b_.pick(Dev::d218, Plastic(m_.classes.mz), plastic) : plastic;
+    const InteractionFactors y = factors(plastic_y);
+    if (plastic_z == plastic_y) {
+        return y;
+    }
+    const InteractionFactors z = factors(plastic_z);
+    return {y.kyy, z.kyz, y.kzy, z.kzz};
 }
 
 InteractionFactors Member::AnnexB() const
 {
     const double length = m_.lines.grid.Length();
     clauses::AnnexBInputs in{};
-    in.plastic = m_.cls <= 2 && !q_.elastic;
+    in.plastic =
+        bends_y_ ? b_.pick(Dev::d223, Plastic(m_.classes.my), Plastic(cls_)) : Plastic(cls_);
     in.hollow = q_.Closed();
     in.twists = Twists() && bends_y_;
     in.cmy = bends_y_ ? CmB(Axis::y, 0, length) : 1;
@@ -203,20 +278,22 @@ InteractionFactors Member::AnnexB() const
     in.lamz = chi_.lamz;
     in.ny = n_ * q_.gammam1 / (chi_.chiy * chi_.squash);
     in.nz = n_ * q_.gammam1 / (chi_.chiz * chi_.squash);
+    if (in.twists && in.plastic && in.lamz < 0.4) {
+        in.low_slenderness = b_.departs(Dev::d225);
+    }
     return clauses::FactorsOfAnnexB(in);
 }
 
 // Sections that 6.3.3 (1) leaves out: linear sum with amplified moments.
 void Member::Outside(Checks& checks) const
 {
-    const double least = chi_.Least(ncr_.twists);
+    const double least = chi_.Least(ColumnTwists());
     const double kyy = 1 / (1 - chi_.chiy * n_ / ncr_.y);
     const double kzz = 1 / (1 - chi_.chiz * n_ / ncr_.z);
     const bool sagging = lateral_.moment >= 0;
-    const double wy =
-        std::min(ModulusY(p_, m_.cls, sagging), ModulusYCompressed(p_, m_.cls, sagging));
+    const double wy = std::min(ModulusY(p_, cls_, sagging), ModulusYCompressed(p_, cls_, sagging));
     const double mry = lateral_.chi * wy * q_.fy / q_.gammam1;
-    const double mrz = ModulusZ(p_, m_.cls) * q_.fy / q_.gammam1;
+    const double mrz = ModulusZ(p_, cls_) * q_.fy / q_.gammam1;
     const double ir = n_ * q_.gammam1 / (least * chi_.squash) + kyy * (my_ + ShiftY()) / mry +
                       kzz * (mz_ + ShiftZ()) / mrz;
     Keep(checks, CheckId::interaction_outside, ir, "interaction outside 6.3.3");
@@ -228,12 +305,15 @@ void Member::Interaction(Checks& checks)
     if (n_ < 0 || (n_ > 0 && !moments) || (n_ == 0 && !(bends_y_ && bends_z_))) {
         return;
     }
-    if (n_ >= std::min({ncr_.y, ncr_.z, ncr_.t, ncr_.tf})) {
-        const double resistance = chi_.Least(ncr_.twists) * chi_.squash / q_.gammam1;
+    const double flexural = ncr_.LeastFlexural();
+    const double torsional = ncr_.Torsional();
+    const bool twists = torsional < flexural && ColumnTwists();
+    if (n_ >= (twists ? torsional : flexural)) {
+        const double resistance = chi_.Least(ColumnTwists()) * chi_.squash / q_.gammam1;
         Keep(checks, CheckId::n_above_ncr, n_ / resistance, "6.3.3");
         return;
     }
-    if (!q_.DoublySymmetric()) {
+    if (!q_.DoublySymmetric() && b_.departs(Dev::d240)) {
         Outside(checks);
         return;
     }
@@ -241,13 +321,20 @@ void Member::Interaction(Checks& checks)
     const InteractionFactors k = annex_a ? AnnexA() : AnnexB();
     const double ny = n_ * q_.gammam1 / (chi_.chiy * chi_.squash);
     const double nz = n_ * q_.gammam1 / (chi_.chiz * chi_.squash);
-    const double wy = ModulusY(p_, m_.cls, lateral_.moment >= 0);
+    const double wy = ModulusY(p_, cls_, lateral_.moment >= 0);
     const double my = my_ * q_.gammam1 / (lateral_.chi * wy * q_.fy);
-    const double mz = mz_ * q_.gammam1 / (ModulusZ(p_, m_.cls) * q_.fy);
-    Keep(checks, CheckId::eq661, ny + k.kyy * my + k.kyz * mz,
-         annex_a ? "Eq 6.61, Annex A" : "Eq 6.61, Annex B");
-    Keep(checks, CheckId::eq662, nz + k.kzy * my + k.kzz * mz,
-         annex_a ? "Eq 6.62, Annex A" : "Eq 6.62, Annex B");
+    const double mz = mz_ * q_.gammam1 / (ModulusZ(p_, cls_) * q_.fy);
+    // D236: an axis without buckling has no row in the program.
+    const bool row_y = std::isfinite(ncr_.y) || n_ == 0 || b_.departs(Dev::d236);
+    const bool row_z = std::isfinite(ncr_.z) || n_ == 0 || b_.departs(Dev::d236);
+    if (row_y) {
+        Keep(checks, CheckId::eq661, ny + k.kyy * my + k.kyz * mz,
+             annex_a ? "Eq 6.61, Annex A" : "Eq 6.61, Annex B");
+    }
+    if (row_z) {
+        Keep(checks, CheckId::eq662, nz + k.kzy * my + k.kzz * mz,
+             annex_a ? "Eq 6.62, Annex A" : "Eq 6.62, Annex B");
+    }
 }
 
 // Angles bend about u and v.
@@ -270,21 +357,27 @@ void Member::TurnAxes()
     bends_z_ = mz_ > kRounding;
 }
 
+// D229: the program controls a flat bar beside a compression only.
+bool Member::LateralControlled() const
+{
+    const bool bar_alone = q_.kind == Kind::flat && n_ <= 0;
+    return bends_y_ && Twists() && (!bar_alone || b_.departs(Dev::d229));
+}
+
 LateralResult Member::Lateral() const
 {
+    static const MemberLoads kNone{};  // those of an angle count in the shear centre
     if (q_.kind == Kind::plate) {
-        return TrippingOf(m_.s, p_, m_.lines, m_.cls);
+        return TrippingOf(m_.s, p_, m_.lines, cls_);
     }
-    if (q_.Angle()) {  // loads count in the shear centre
-        return LateralBucklingOf(m_.s, p_, {}, m_.load_case.factors, turned_, m_.cls);
-    }
-    return LateralBucklingOf(m_.s, p_, m_.loads, m_.load_case.factors, m_.lines, m_.cls);
+    return LateralBucklingOf({m_.s, b_, m_.program, p_, q_.Angle() ? kNone : m_.loads,
+                              m_.load_case.factors, q_.Angle() ? turned_ : m_.lines, cls_});
 }
 
 bool Member::Check(Checks& checks)
 {
-    ncr_ = CriticalForcesOf(m_.s, q_);
-    chi_ = ReductionsOf(p_, ncr_, CurvesOf(m_.library, m_.s, q_), m_.cls);
+    ncr_ = CriticalForcesOf(m_.s, q_, b_);
+    chi_ = ReductionsOf(p_, ncr_, CurvesOf(m_.library, m_.s, q_, b_), cls_);
     if (n_ > 0) {
         Column(checks);
     }
@@ -292,12 +385,12 @@ bool Member::Check(Checks& checks)
         TurnAxes();
     }
     lateral_.moment = (q_.Angle() ? turned_ : m_.lines).LargestMoment(Axis::y).value;
-    if (bends_y_ && Twists()) {
+    if (LateralControlled()) {
         lateral_ = Lateral();
         if (!(lateral_.resistance > 0)) {
             return false;
         }
-        checks.Keep(CheckId::ltb, std::abs(lateral_.moment) / lateral_.resistance, lateral_.clause,
+        checks.Keep(CheckId::ltb, lateral_.checked / lateral_.resistance, lateral_.clause,
                     lateral_.place, m_.load_case);
     }
     Interaction(checks);

@@ -16,7 +16,7 @@ struct PreparedSection {
 
     const AngleSection& AngleOf(int cls) const { return cls == 4 ? effective_angle : whole_angle; }
 };
-PreparedSection Prepare(const StandardSection& q);
+PreparedSection Prepare(const StandardSection& q, const Basis& basis);
 
 // Of a class: plastic, elastic, effective. Angles: about u and v.
 double ModulusY(const PreparedSection& p, int cls, bool sagging);
@@ -33,13 +33,17 @@ struct ShearShares {
 struct ReducedResistance {
     double n, my, mz;
 };
+// Deviations D151, D161.
 ReducedResistance ResistanceBeside(const PreparedSection& p, int cls, const ShearShares& rho,
-                                   bool compressed, bool sagging);
+                                   bool compressed, bool sagging, const Basis& basis);
 
 // EN 1993-1-1, 6.2.6 and EN 1993-1-5, 5.2.
 struct ShearInputs {
-    double spacing;  // of transverse stiffeners or of the supports, mm
+    double entered;   // spacing of transverse stiffeners, mm
+    double supports;  // distance of the supports, mm
     bool stiffened, rigid_end_post;
+
+    double Spacing() const { return stiffened ? entered : supports; }
 };
 struct ShearResistance {
     double total;  // of the utilisation
@@ -47,12 +51,14 @@ struct ShearResistance {
     bool slender;  // EN 1993-1-5, 5.1 (2)
 };
 // Along z; n and my (sizes) enter the part of the flanges.
-ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, double n, double my);
-ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in);
+// Deviations D30, D31, D152, D154, D158, D159, D172, D190, D199.
+ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, double n, double my,
+                            const Basis& basis);
+ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in, const Basis& basis);
 
 // EN 1993-1-5, 7.1: moment of the flanges, reduced by N, and of flanges and whole web. A flange
 // that is compressed counts with its effective area, a stretched one as a whole.
-double FlangeMoment(const PreparedSection& p, double n, double my);
+double FlangeMoment(const PreparedSection& p, double n, double my, const Basis& basis);
 double FlangeAndWebMoment(const PreparedSection& p, double n, double my);
 
 }  // namespace kestrum::standard

@@ -31,18 +31,25 @@ std::string_view GradeOf(const Library& library, const ProjectState& s)
 }
 
 // EN 1993-1-1, Table 3.1.
-double YieldStrength(const Library& library, const ProjectState& s)
+double YieldStrength(const Library& library, const ProjectState& s, const Basis& basis)
 {
-    return s.tmax > kThick && GradeOf(library, s) == "S355 H" ? kS355H : s.fyk;
+    const bool lower = s.tmax > kThick && GradeOf(library, s) == "S355 H";
+    return lower ? basis.pick(Dev::d21, s.fyk, kS355H) : s.fyk;
 }
 
 // EN 1993-1-5, 5.1 (2); annexes that fix the factor and the user's own keep theirs.
-double ShearFactor(const ProjectState& s, double fy)
+double ShearFactor(const ProjectState& s, double fy, const Basis& basis)
 {
     if (s.annexindex == kAnnexUk || s.annexindex == kAnnexUd) {
         return s.neta;
     }
-    return fy <= kOrdinarySteel ? 1.2 : 1.0;
+    const double entered = std::round(s.neta * 100.0) / 100.0;
+    return basis.pick(Dev::d20, entered, fy <= kOrdinarySteel ? 1.2 : 1.0);
+}
+
+double GammaM1(const ProjectState& s, const Basis& basis)
+{
+    return s.annexindex == kAnnexGe ? basis.pick(Dev::d24, s.gammam1, kGermanGammaM1) : s.gammam1;
 }
 
 void Add(StandardSection& q, const Wall& wall)
@@ -59,9 +66,11 @@ void AddOutstands(StandardSection& q, const Flange& flange, double root, double 
     Add(q, {-root, z, -flange.b / 2, z, flange.t, true});
 }
 
-void AddWallsOfI(StandardSection& q)
+// `half`: the table counts outstands from the middle of the web (D51).
+void AddWallsOfI(StandardSection& q, bool half, const Basis& basis)
 {
-    const double root = q.tw / 2 + q.r;
+    const double face = q.tw / 2 + q.r;
+    const double root = half ? basis.pick(Dev::d51, 0.0, face) : face;
     AddOutstands(q, q.top, root, q.above - q.top.t / 2);
     AddOutstands(q, q.bottom, root, -q.below + q.bottom.t / 2);
     Add(q, {0, -q.below + q.bottom.t + q.r, 0, q.above - q.top.t - q.r, q.tw, false});
@@ -77,14 +86,15 @@ void AddWallsOfChannel(StandardSection& q)
 }
 
 // `between` clear width of the flanges, `out` overhang beyond the faces of the webs.
-void AddWallsOfBox(StandardSection& q, double between, double out)
+void AddWallsOfBox(StandardSection& q, double between, double out, const Basis& basis)
 {
+    const bool overhangs = out > 0 && basis.departs(Dev::d169);
     const double z = (q.h - q.top.t) / 2;
     const double y = q.b / 2 - out - q.tw / 2;
     for (const double side : {1.0, -1.0}) {
         Add(q, {-between / 2, side * z, between / 2, side * z, q.top.t, false});
         Add(q, {side * y, -q.d / 2, side * y, q.d / 2, q.tw, false});
-        if (out > 0) {
+        if (overhangs) {
             AddOutstands(q, q.top, q.b / 2 - out, side * z);
         }
     }
@@ -135,7 +145,7 @@ double PlasticModulusOfPlates(const StandardSection& q)
     return sum;
 }
 
-void SetShearAreas(const ProjectState& s, StandardSection& q)
+void SetShearAreas(const ProjectState& s, StandardSection& q, const Basis& basis)
 {
     const double flanges = q.top.b * q.top.t + q.bottom.b * q.bottom.t;
     const double webs = q.webs * q.hw * q.tw;
@@ -165,6 +175,10 @@ void SetShearAreas(const ProjectState& s, StandardSection& q)
         q.avz = q.eta * s.aweb;
         q.avy = s.aflange;
         break;
+    case Kind::box:
+        q.avz = basis.pick(Dev::d29, webs, area);
+        q.avy = basis.pick(Dev::d29, 2.0 * s.bw * s.tf, q.a - webs);
+        break;
     default:
         // d and e; a web with a flange at one end only: b.
         q.avz = q.kind == Kind::i_welded || q.bottom.t > 0 ? area : q.tw * (q.h - q.top.t / 2);
@@ -173,7 +187,7 @@ void SetShearAreas(const ProjectState& s, StandardSection& q)
     }
 }
 
-void SetSingleSymmetricI(const ProjectState& s, StandardSection& q)
+void SetSingleSymmetricI(const ProjectState& s, StandardSection& q, const Basis& basis)
 {
     q.top = {s.btop, s.ttop};
     q.bottom = {s.bbot, s.tbot};
@@ -190,18 +204,18 @@ void SetSingleSymmetricI(const ProjectState& s, StandardSection& q)
     const double ibot = std::pow(q.bottom.b, 3) * q.bottom.t / 12;
     const double hs = q.h - q.top.t / 2 - q.bottom.t / 2;
     q.centre_z = itop / (itop + ibot) * hs + q.bottom.t / 2 - q.below;
-    q.zj = AsymmetryOf(q);
-    q.wply = PlasticModulusOfPlates(q);
+    q.zj = basis.pick(Dev::d57, s.zjtop, AsymmetryOf(q));
+    q.wply = basis.pick(Dev::d186, s.wply, PlasticModulusOfPlates(q));
 }
 
-void SetChannel(const ProjectState& s, StandardSection& q)
+void SetChannel(const ProjectState& s, StandardSection& q, const Basis& basis)
 {
     q.left = s.ecg;
     q.right = q.b - q.left;
-    // D54: the tables of parallel flange channels count the shear centre from the middle of the
-    // web.
+    // The tables of parallel flange channels count the shear centre from the middle of the web.
     const bool from_middle = Traits(s).shape.faces == FlangeFaces::parallel;
-    q.centre_y = -(static_cast<double>(s.ecg) + s.ys - (from_middle ? q.tw / 2 : 0));
+    const double counted = static_cast<double>(s.ecg) + s.ys;
+    q.centre_y = -(from_middle ? basis.pick(Dev::d54, counted, counted - q.tw / 2) : counted);
 }
 
 // Moduli, areas and classes as entered; height and width of the record are those of the figure.
@@ -213,23 +227,26 @@ void SetGeneral(const ProjectState& s, StandardSection& q)
     q.entered = {s.classn, s.classmy, s.classmz};
 }
 
-void AddWalls(const ProjectState& s, StandardSection& q)
+void AddWalls(const ProjectState& s, StandardSection& q, const Basis& basis)
 {
+    constexpr double kAlmost = 1 - 1e-5;
     switch (q.kind) {
     case Kind::i_rolled:
+        AddWallsOfI(q, s.cflange > kAlmost * s.b / 2, basis);
+        break;
     case Kind::i_welded:
     case Kind::i_single:
-        AddWallsOfI(q);
+        AddWallsOfI(q, false, basis);
         break;
     case Kind::channel:
         AddWallsOfChannel(q);
         break;
     case Kind::hollow:  // EN 1993-1-5, 4.4 (2): b - 3 t
-        q.d = q.h - 3 * q.tw;
-        AddWallsOfBox(q, q.b - 3 * q.tw, 0);
+        q.d = basis.pick(Dev::d53, s.d, q.h - 3 * q.tw);
+        AddWallsOfBox(q, basis.pick(Dev::d53, s.cflange, q.b - 3 * q.tw), 0, basis);
         break;
     case Kind::box:
-        AddWallsOfBox(q, s.bw, s.bo);
+        AddWallsOfBox(q, s.bw, s.bo, basis);
         break;
     default:
         break;
@@ -258,16 +275,16 @@ std::string_view NoSectionReason(const Library& library, const ProjectState& s)
     return {};
 }
 
-StandardSection SectionOf(const Library& library, const ProjectState& s)
+StandardSection SectionOf(const Library& library, const ProjectState& s, const Basis& basis)
 {
     StandardSection q{};
     q.kind = Traits(s).kind;
-    q.fy = YieldStrength(library, s);
+    q.fy = YieldStrength(library, s, basis);
     q.eps = clauses::Epsilon(q.fy);
     q.e = s.e;
-    q.eta = ShearFactor(s, q.fy);
+    q.eta = ShearFactor(s, q.fy, basis);
     q.gammam0 = s.gammam0;
-    q.gammam1 = s.annexindex == kAnnexGe ? kGermanGammaM1 : static_cast<double>(s.gammam1);
+    q.gammam1 = GammaM1(s, basis);
     q.elastic = s.checkelastic == kTrue;
     q.linear = s.checkconsercontrol == kTrue;
     q.whole_flanges = s.checkflangebuck == kTrue;
@@ -293,10 +310,10 @@ StandardSection SectionOf(const Library& library, const ProjectState& s)
     q.wply = figure(SectionFigure::wply, s.wply);
     q.wplz = figure(SectionFigure::wplz, s.wplz);
     if (q.kind == Kind::i_single) {
-        SetSingleSymmetricI(s, q);
+        SetSingleSymmetricI(s, q, basis);
         q.left = q.right = q.b / 2;
     } else if (q.kind == Kind::channel) {
-        SetChannel(s, q);
+        SetChannel(s, q, basis);
     } else if (q.kind == Kind::general) {
         SetGeneral(s, q);
     } else if (Is(s, Kind::tee, Kind::hat, Kind::box_unequal, Kind::plate)) {
@@ -304,8 +321,8 @@ StandardSection SectionOf(const Library& library, const ProjectState& s)
     } else if (q.kind == Kind::angle) {
         SetAngle(s, q);
     }
-    AddWalls(s, q);
-    SetShearAreas(s, q);
+    AddWalls(s, q, basis);
+    SetShearAreas(s, q, basis);
     return q;
 }
 

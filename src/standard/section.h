@@ -7,6 +7,7 @@
 // on the left. Stresses are positive in compression; a positive My compresses the upper side, a
 // positive Mz the right side.
 
+#include "core/basis.h"
 #include "core/library.h"
 #include "core/project_state.h"
 #include "sections/families.h"
@@ -58,7 +59,7 @@ struct StandardSection {
     double wply, wplz;
     double avz, avy;            // shear areas, 6.2.6 (3)
     double centre_y, centre_z;  // shear centre from the centroid, sizes with sign
-    double zj;
+    double zj;                  // under sagging moments; under hogging ones -zj
     std::array<Wall, kMaxWalls> walls;
     std::size_t wall_count;
     std::array<Strip, kMaxStrips> strips;  // T, hat beams, unequal boxes, stiffened plates
@@ -110,6 +111,7 @@ bool Covered(const ProjectState& s);
 // After the program's section step (the record, fyk, gammam0). The reason where the standard gives
 // no value: Table 3.1 ends at 80 mm and, for MH and MLH grades, at 40 mm.
 std::string_view NoSectionReason(const Library& library, const ProjectState& s);
-StandardSection SectionOf(const Library& library, const ProjectState& s);
+// Deviations D20, D21, D24, D29, D51, D53, D54, D57, D169, D186.
+StandardSection SectionOf(const Library& library, const ProjectState& s, const Basis& basis);
 
 }  // namespace kestrum::standard

@@ -33,8 +33,10 @@ double Used(double force, double resistance)
 
 class Place {
 public:
-    Place(const SectionMember& member, int cls, const ForcesAt& f)
-        : member_(member), p_(member.section), q_(member.section.q), cls_(cls), f_(f)
+    Place(const SectionMember& member, const Classes& classes, const ForcesAt& f,
+          const Basis& basis)
+        : member_(member), p_(member.section), q_(member.section.q), classes_(classes),
+          cls_(classes.all), f_(f), basis_(basis)
     {
     }
     Ratios All(double length);
@@ -45,6 +47,8 @@ private:
     void Shear();
     void Moments();
     void Combined();
+    bool HasFormula() const;
+    bool Shifted() const;
     void Linear(const ReducedResistance& r);
     void Plastic(const ReducedResistance& r, double n);
     void PlasticI(const ReducedResistance& r, double n);
@@ -58,8 +62,10 @@ private:
     const SectionMember& member_;
     const PreparedSection& p_;
     const StandardSection& q_;
+    Classes classes_;
     int cls_;
     ForcesAt f_;
+    const Basis& basis_;
     ShearResistance z_{}, y_{};
     ShearShares rho_{};
     Ratios ratios_{};
@@ -79,12 +85,12 @@ void Place::Shear()
 {
     double vz = std::abs(f_.vz);
     double vy = std::abs(f_.vy);
-    if (q_.kind == Kind::tube) {  // one resistance to the resultant
+    if (q_.kind == Kind::tube && vy > 0 && basis_.departs(Dev::d176)) {  // the resultant
         vz = std::hypot(vz, vy);
         vy = 0;
     }
-    z_ = ShearAlongZ(p_, member_.shear, f_.n, f_.my);
-    y_ = ShearAlongY(p_, member_.shear);
+    z_ = ShearAlongZ(p_, member_.shear, f_.n, f_.my, basis_);
+    y_ = ShearAlongY(p_, member_.shear, basis_);
     const auto clause = [](const ShearResistance& r) {
         return r.slender ? std::string_view("EN 1993-1-5, 5.2") : std::string_view("6.2.6");
     };
@@ -101,7 +107,10 @@ void Place::Shear()
 
 void Place::Moments()
 {
-    const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0);
+    const bool sagging = f_.my >= 0;
+    const int cls_y = basis_.pick(Dev::d153, classes_.my, cls_);
+    const int cls_z = basis_.pick(Dev::d153, classes_.mz, cls_);
+    const ReducedResistance r = ResistanceBeside(p_, cls_y, rho_, f_.n > 0, sagging, basis_);
     const std::string_view clause = rho_.z > 0 || rho_.y > 0 ? "6.2.8" : "6.2.5";
     const double enough = 1e-9;  // of a moment that is a rounding of none, kNm
     if (q_.kind == Kind::tube && std::hypot(f_.my, f_.mz) > enough) {  // bends about one axis
@@ -112,8 +121,23 @@ void Place::Moments()
         At(CheckId::section_my) = {std::abs(f_.my) / r.my, clause};
     }
     if (std::abs(f_.mz) > enough) {
-        At(CheckId::section_mz) = {std::abs(f_.mz) / r.mz, clause};
+        const double mz =
+            cls_z == cls_y ? r.mz : ResistanceBeside(p_, cls_z, rho_, f_.n > 0, sagging, basis_).mz;
+        At(CheckId::section_mz) = {std::abs(f_.mz) / mz, clause};
     }
+}
+
+// NEd eN of class 4 counts. D164: not to the program's channels, D198: not to its unequal I and T.
+bool Place::Shifted() const
+{
+    if (cls_ != 4 || !(f_.n > 0) || q_.DoublySymmetric()) {
+        return false;
+    }
+    if (q_.kind == Kind::channel) {
+        return basis_.departs(Dev::d164);
+    }
+    const bool forgotten = q_.kind == Kind::i_single || q_.kind == Kind::tee;
+    return !forgotten || basis_.departs(Dev::d198);
 }
 
 // 6.2.1 (7).
@@ -121,8 +145,7 @@ double Place::LinearSum(const ReducedResistance& r) const
 {
     double my = std::abs(f_.my);
     double mz = std::abs(f_.mz);
-    const bool shifted = cls_ == 4 && f_.n > 0;
-    if (shifted) {
+    if (Shifted()) {
         my += f_.n * p_.effective.eny;
         mz += f_.n * p_.effective.enz;
     }
@@ -143,7 +166,9 @@ void Place::Linear(const ReducedResistance& r)
 
 void Place::PlasticI(const ReducedResistance& r, double n)
 {
-    const double a = (q_.a - q_.top.b * q_.top.t - q_.bottom.b * q_.bottom.t) / q_.a;
+    const double flanges = q_.top.b * q_.top.t + q_.bottom.b * q_.bottom.t;
+    const double mean = (q_.top.b + q_.bottom.b) * (q_.top.t + q_.bottom.t) / 2;
+    const double a = (q_.a - (q_.kind == Kind::i_single ? mean : flanges)) / q_.a;
     const double left = 1 - rho_.z;  // strength of the web
     const bool small_y =
         clauses::AxialForceNegligibleY(f_.n, r.n, q_.hw, q_.tw * left, q_.fy, q_.gammam0);
@@ -157,16 +182,32 @@ void Place::PlasticI(const ReducedResistance& r, double n)
     At(CheckId::section_nm) = {ir, both ? "Eq 6.41" : "6.2.9.1"};
 }
 
+// 6.2.9.1 (6). D171: the program's exponent turns negative near the squash load.
+clauses::BiaxialExponents ExponentsOfClosed(double n, const Basis& basis)
+{
+    const clauses::BiaxialExponents standard = clauses::ExponentsOfHollow(n);
+    const double rest = 1 - 1.13 * n * n;
+    if (rest >= 0) {
+        return standard;
+    }
+    const double exponent = basis.pick(Dev::d171, 1.66 / rest, standard.alpha);
+    return {exponent, exponent};
+}
+
 void Place::PlasticClosed(const ReducedResistance& r, double n)
 {
     const double thick_z = q_.kind == Kind::box ? q_.hw : q_.h;
-    const double aw = (q_.a - 2 * q_.b * q_.top.t) / q_.a;
+    double flange = q_.top.t;
+    if (q_.kind == Kind::box) {
+        flange = basis_.pick(Dev::d170, q_.tw, flange);
+    }
+    const double aw = (q_.a - 2 * q_.b * flange) / q_.a;
     const double af = (q_.a - 2 * thick_z * q_.tw) / q_.a;
     const double mny = clauses::ReducedMomentHollow(r.my, n, aw);
     const double mnz = clauses::ReducedMomentHollow(r.mz, n, af);
     const bool both = f_.my != 0 && f_.mz != 0;
     const double ir =
-        both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, clauses::ExponentsOfHollow(n))
+        both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, ExponentsOfClosed(n, basis_))
              : std::max(Used(f_.my, mny), Used(f_.mz, mnz));
     At(CheckId::section_nm) = {ir, both ? "Eq 6.41" : "6.2.9.1"};
 }
@@ -177,28 +218,39 @@ void Place::Plastic(const ReducedResistance& r, double n)
         const double mn = clauses::ReducedMomentTube(r.my, n);
         At(CheckId::section_nm) = {Used(std::hypot(f_.my, f_.mz), mn), "6.2.9.1 (2)"};
     } else if (q_.kind == Kind::flat) {
-        const double sum = Used(f_.my, clauses::ReducedMomentFlat(r.my, n)) +
-                           Used(f_.mz, clauses::ReducedMomentFlat(r.mz, n));
+        // D177: beside a tension the program leaves the moment resistance whole.
+        const double least = clauses::ReducedMomentFlat(r.my, n);
+        const double mny = f_.n < 0 ? basis_.pick(Dev::d177, r.my, least) : least;
+        const double sum = Used(f_.my, mny) + Used(f_.mz, clauses::ReducedMomentFlat(r.mz, n));
         At(CheckId::section_nm) = {sum, "6.2.9.1 (3)"};
-    } else if (q_.ISection()) {
+    } else if (!q_.Closed()) {
         PlasticI(r, n);
     } else {
         PlasticClosed(r, n);
     }
 }
 
+// Whether 6.2.9.1 covers the section. D163: the program takes channels as I sections, D190: the
+// unequal I too.
+bool Place::HasFormula() const
+{
+    if (q_.kind == Kind::channel) {
+        return !basis_.departs(Dev::d163);
+    }
+    return q_.kind == Kind::i_single ? !basis_.departs(Dev::d190) : q_.DoublySymmetric();
+}
+
 void Place::Combined()
 {
     const bool my = f_.my != 0;
     const bool mz = f_.mz != 0;
-    const bool shifted = cls_ == 4 && f_.n > 0 && !q_.DoublySymmetric();
-    if (!(my && mz) && !(f_.n != 0 && (my || mz)) && !shifted) {
+    if (!(my && mz) && !(f_.n != 0 && (my || mz)) && !Shifted()) {
         return;
     }
-    const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0);
+    const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0, basis_);
     const double n = Used(f_.n, r.n);
-    const bool plastic = cls_ <= 2 && !q_.elastic && !q_.linear && q_.DoublySymmetric();
-    if (plastic && n < 1) {
+    const bool plastic = cls_ <= 2 && !q_.elastic && !q_.linear;
+    if (plastic && n < 1 && HasFormula()) {
         Plastic(r, n);
     } else {
         Linear(r);
@@ -233,7 +285,7 @@ void Place::LoadedFlange()
     if (member_.flange_load == 0) {
         return;
     }
-    const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0);
+    const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0, basis_);
     const double across = FlangePlate(q_, member_.flange_load);
     At(CheckId::section_nm) = {FlangeUnderBoth(LinearSum(r), across), "6.2.1 (5)"};
 }
@@ -255,7 +307,7 @@ void Place::WebAndMoment(double length)
     const double my = std::abs(f_.my);
     const double edge = std::max(q_.above - q_.top.t, q_.below - q_.bottom.t);
     const bool web_compressed = f_.n > 0 && f_.n / q_.a >= my * edge / q_.iy;
-    const double mf = web_compressed ? 0 : FlangeMoment(p_, f_.n, f_.my);
+    const double mf = web_compressed ? 0 : FlangeMoment(p_, f_.n, f_.my, basis_);
     const double mpl = FlangeAndWebMoment(p_, f_.n, f_.my);
     if (eta3 <= 0.5 || my < mf || !(mpl > 0)) {
         return;
@@ -290,10 +342,12 @@ struct Peak {
 
 class Walk {
 public:
-    Walk(const SectionMember& member, const CombinedLines& lines, int cls)
-        : member_(member), lines_(lines), cls_(cls)
+    Walk(const SectionMember& member, const CombinedLines& lines, const Classes& classes,
+         const Basis& basis)
+        : member_(member), lines_(lines), classes_(classes), basis_(basis)
     {
     }
+    void AtProgramPlaces();
     void Everywhere();
     void Refine(const Checks& checks);
     const std::array<Peak, kSectionChecks>& Peaks() const { return peaks_; }
@@ -306,7 +360,8 @@ private:
 
     const SectionMember& member_;
     const CombinedLines& lines_;
-    int cls_;
+    Classes classes_;
+    const Basis& basis_;
     std::array<Peak, kSectionChecks> peaks_{};
 };
 
@@ -320,7 +375,7 @@ Ratios Walk::RatiosAt(std::size_t piece, double x) const
                         lines_.Moment(Axis::z, piece, x) * kNmm,
                         lines_.Shear(Axis::y, piece, x) * kN,
                         lines_.Shear(Axis::z, piece, x) * kN};
-    return Place(member_, cls_, f).All(lines_.grid.Length());
+    return Place(member_, classes_, f, basis_).All(lines_.grid.Length());
 }
 
 void Walk::Take(std::size_t piece, double x)
@@ -338,6 +393,16 @@ void Walk::TakeExtremes(const LineExtremes& extremes)
 {
     Take(extremes.most.piece, extremes.most.x);
     Take(extremes.least.piece, extremes.least.x);
+}
+
+// D109: the program's check sections.
+void Walk::AtProgramPlaces()
+{
+    const double length = lines_.grid.Length();
+    for (const float place : member_.places) {
+        const double x = std::min(place * length, length);
+        Take(PieceAt(lines_.grid, x), x);
+    }
 }
 
 void Walk::Everywhere()
@@ -406,12 +471,16 @@ void Walk::Refine(const Checks& checks)
 
 }  // namespace
 
-void CheckSections(const SectionMember& member, const CombinedLines& lines, int cls,
-                   const LoadCase& load_case, Checks& checks)
+void CheckSections(const SectionMember& member, const CombinedLines& lines, const Classes& classes,
+                   const LoadCase& load_case, Checks& checks, const Basis& basis)
 {
-    Walk walk(member, lines, cls);
-    walk.Everywhere();
-    walk.Refine(checks);
+    Walk walk(member, lines, classes, basis);
+    if (basis.departs(Dev::d109)) {
+        walk.Everywhere();
+        walk.Refine(checks);
+    } else {
+        walk.AtProgramPlaces();
+    }
     for (std::size_t i = 0; i < kSectionChecks; ++i) {
         const Peak& peak = walk.Peaks()[i];
         if (peak.ir >= 0) {

@@ -7,16 +7,25 @@
 #include "standard/resistance.h"
 #include "standard/result.h"
 
+#include <span>
+
 namespace kestrum::standard {
 
 struct SectionMember {
     const PreparedSection& section;
     ShearInputs shear;
-    bool cantilever;     // the other end is no support
-    double flange_load;  // hat beams: on the lower flange beside the webs, N/mm
+    bool cantilever;                // the other end is no support
+    double flange_load;             // hat beams: on the lower flange beside the webs, N/mm
+    std::span<const float> places;  // the program's check sections, x/L
 };
 
-void CheckSections(const SectionMember& member, const CombinedLines& lines, int cls,
-                   const LoadCase& load_case, Checks& checks);
+// The classes of a combination: of all its forces, and of each moment by itself (D153).
+struct Classes {
+    int all, my, mz;
+};
+
+// Deviations D109, D153, D163, D164, D170, D171, D176 to D178, D190, D198.
+void CheckSections(const SectionMember& member, const CombinedLines& lines, const Classes& classes,
+                   const LoadCase& load_case, Checks& checks, const Basis& basis);
 
 }  // namespace kestrum::standard

@@ -1,5 +1,6 @@
 #include "standard/standard.h"
 
+#include "analysis/member_forces.h"
 #include "core/annexes.h"
 #include "core/arithmetic_trap.h"
 #include "core/material.h"
@@ -12,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 
 namespace kestrum::standard {
 
@@ -30,7 +32,18 @@ ActingForces ActingIn(const CombinedLines& lines)
 ShearInputs ShearInputsOf(const ProjectState& s)
 {
     const bool stiffened = s.webstiff == 1 && s.webstiffa > 0;
-    return {stiffened ? s.webstiffa : s.l * 1000.0, stiffened, s.endstiff == 1};
+    return {s.webstiffa, s.l * 1000.0, stiffened, s.endstiff == 1};
+}
+
+Classes ClassesOf(const StandardSection& q, const ActingForces& f, const Basis& basis)
+{
+    const int all = ClassOf(q, f, basis);
+    const bool alone = f.n == 0 && !(f.mz && (f.sagging || f.hogging));
+    if (alone) {
+        return {all, all, all};
+    }
+    return {all, ClassOf(q, {0, f.sagging, f.hogging, false}, basis),
+            ClassOf(q, {0, false, false, f.mz}, basis)};
 }
 
 // Loads over the whole length that rest on the lower flange of a hat beam, N/mm.
@@ -58,12 +71,12 @@ bool CheckStrength(const Member& m, const LoadCase& load_case, const CombinedLin
                    Checks& checks)
 {
     const ActingForces forces = ActingIn(lines);
-    const int cls = ClassOf(m.section.q, forces);
+    const Classes classes = ClassesOf(m.section.q, forces, m.basis);
     const SectionMember member{m.section, ShearInputsOf(m.s), m.s.supportcase == 4,
-                               FlangeLoadOf(m, load_case.factors, lines)};
-    CheckSections(member, lines, cls, load_case, checks);
-    return CheckMember({m.library, m.s, m.section, m.loads, load_case, lines, cls,
-                        forces.sagging || forces.hogging, forces.mz},
+                               FlangeLoadOf(m, load_case.factors, lines), m.places};
+    CheckSections(member, lines, classes, load_case, checks, m.basis);
+    return CheckMember({m.library, m.s, m.basis, m.program, m.section, m.loads, load_case, lines,
+                        classes, forces.sagging || forces.hogging, forces.mz},
                        checks);
 }
 
@@ -72,7 +85,7 @@ namespace {
 // EN 1990, A1.4: L/n.
 void CheckDeflection(const Member& m, const LoadCase& load_case, Axis axis, Checks& checks)
 {
-    const CombinedLines lines = LinesOf(m.s, m.loads, load_case.factors);
+    const CombinedLines lines = LinesOf(m.s, m.loads, load_case.factors, m.basis);
     const StandardSection& q = m.section.q;
     const DeflectionLine line(lines.grid, lines.Of(axis).m, m.s.supportcase == 4, q.e,
                               axis == Axis::y ? q.iy : q.iz);
@@ -91,7 +104,7 @@ void CheckService(const Member& m, Checks& checks)
     if (m.s.loadmode != 1) {
         return;
     }
-    const LoadCases cases = ServiceCases(m.s, m.loads.present);
+    const LoadCases cases = ServiceCases(m.s, m.loads.present, m.basis);
     for (std::size_t i = 0; i < cases.count; ++i) {
         CheckDeflection(m, cases.at[i], Axis::y, checks);
         CheckDeflection(m, cases.at[i], Axis::z, checks);
@@ -208,7 +221,8 @@ std::string_view VerdictOf(const StandardResult& result)
     return !result.rated ? "not covered" : result.above ? "above limit" : "within limits";
 }
 
-StandardResult CalculateStandard(const Library& library, const ProjectState& project)
+StandardResult CalculateStandard(const Library& library, const ProjectState& project,
+                                 const Basis& basis, const ProjectState* program)
 {
     ProjectState s = project;
     StandardResult result;
@@ -217,10 +231,17 @@ StandardResult CalculateStandard(const Library& library, const ProjectState& pro
         result.outside.push_back(reason);
         return result;
     }
-    const Member member{library, s, Prepare(SectionOf(library, s)), LoadsOf(s)};
-    const LoadCases cases = StrengthCases(s, member.loads.present);
+    MakeCheckSections(s, s);
+    const Member member{library,
+                        s,
+                        basis,
+                        program,
+                        Prepare(SectionOf(library, s, basis), basis),
+                        LoadsOf(s, basis),
+                        {s.xi.data(), static_cast<std::size_t>(s.npts) + 1}};
+    const LoadCases cases = StrengthCases(s, member.loads.present, basis);
     for (std::size_t i = 0; i < cases.count; ++i) {
-        const CombinedLines lines = LinesOf(s, member.loads, cases.at[i].factors);
+        const CombinedLines lines = LinesOf(s, member.loads, cases.at[i].factors, basis);
         if (!CheckStrength(member, cases.at[i], lines, result.checks)) {
             result.outside.push_back("lateral torsional buckling has no numerical solution here");
             return result;
@@ -230,6 +251,7 @@ StandardResult CalculateStandard(const Library& library, const ProjectState& pro
     NameOutside(library, member, result.outside);
     NameOutsideOfKind(library, member, result.checks, result.outside);
     Govern(s, result);
+    result.met = basis.met();
     if (!result.rated) {
         result.outside.push_back("no load acts");
     }

@@ -4,6 +4,7 @@
 // own rules. Every load arrangement of EN 1990 is calculated whole and each check keeps its largest
 // ratio. Nothing of an earlier pass takes part.
 
+#include "core/basis.h"
 #include "core/library.h"
 #include "core/project_state.h"
 #include "standard/result.h"
@@ -21,10 +22,14 @@ struct StandardResult {
     CheckId governing{};                 // its check
     bool above = false;                  // the limit
     std::vector<std::string> outside{};  // what the standard basis does not cover here
+    Deviations met{};                    // that the pass came across
 };
 
-// `s` as read; it is not changed.
-StandardResult CalculateStandard(const Library& library, const ProjectState& s);
+// `s` as read; it is not changed. `program`, for a basis with deviations switched back: the record
+// after the program's own pass, or null where that pass failed.
+StandardResult CalculateStandard(const Library& library, const ProjectState& s,
+                                 const Basis& basis = Basis::Standard(),
+                                 const ProjectState* program = nullptr);
 
 // "within limits", "above limit", "not covered".
 std::string_view VerdictOf(const StandardResult& result);

@@ -53,9 +53,10 @@ double OffChord(std::span<const Node> nodes, std::size_t from, std::size_t to,
 }  // namespace
 
 struct StationCases::Data {
-    explicit Data(const Library& library) : member{library, s, {}, {}} {}
+    explicit Data(const Library& library) : member{library, s, basis, nullptr, {}, {}, {}} {}
 
     ProjectState s{};
+    Basis basis = Basis::Standard();
     Member member;
     std::vector<Node> nodes;
     CombinedLines lines{};
@@ -198,7 +199,8 @@ StationCases::StationCases(const Library& library, const ProjectState& project)
     PutLoadsAside(data_->s);
     reason_ = PrepareState(library, data_->s);
     if (reason_.empty()) {
-        data_->member.section = Prepare(SectionOf(library, data_->s));
+        const Basis& basis = data_->basis;
+        data_->member.section = Prepare(SectionOf(library, data_->s, basis), basis);
         NameOutside(library, data_->member, outside_);
     }
     ArmTrap();

@@ -31,6 +31,7 @@ LateralResult TrippingOf(const ProjectState& s, const PreparedSection& p,
     const LineExtreme most = lines.LargestMoment(Axis::y);
     LateralResult r;
     r.moment = most.value;
+    r.checked = std::abs(most.value);
     r.place = most.x / lines.grid.Length();
     const double length = static_cast<double>(s.ltbk) * s.l * kMm / (s.restraints + 1);
     const double stress = PlateMcr(s, s, length) / s.wybot;

@@ -226,6 +226,7 @@ const NoteCase kCases[] = {
     // HEA 1000: 990/300 = 3.3; HEA 900: 890/300 = 2.97.
     {"D239", "annexcode=UK family=1 row.hea=23 l=10 qload[1]=5",
      "annexcode=UK family=1 row.hea=22 l=10 qload[1]=5"},
+    {"D240", "family=5 nload[1]=100 qload[1]=5", "family=5 nload[1]=100"},
     {"D251", "modal=1 pm[1]=5 pmx[1]=2", "modal=1 qload[1]=5"},
     {"D254", "family=31 terrain=3", "family=31 terrain=2"},
     {"D255", "family=31 vortexcase=1", "family=31 vortexcase=2"},

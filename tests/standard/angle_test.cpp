@@ -96,7 +96,7 @@ TEST(Angle, AsymmetryOfUnequalLegs)
 {
     ProjectState s = Named("L 150x75x9", 3, 235);
     CalcSection(Delivered(), s);
-    const standard::StandardSection q = standard::SectionOf(Delivered(), s);
+    const standard::StandardSection q = standard::SectionOf(Delivered(), s, Basis::Standard());
     const double cosine = std::cos(q.angle.alfa);
     const double sine = std::sin(q.angle.alfa);
     double integral = 0;
@@ -120,7 +120,8 @@ TEST(Angle, EqualLegsHaveNoAsymmetry)
 {
     ProjectState s = Equal(3);
     CalcSection(Delivered(), s);
-    EXPECT_NEAR(standard::AsymmetryOfAngle(standard::SectionOf(Delivered(), s)), 0, 0.01);
+    EXPECT_NEAR(standard::AsymmetryOfAngle(standard::SectionOf(Delivered(), s, Basis::Standard())),
+                0, 0.01);
 }
 
 // Unequal legs: the moment that compresses the larger part has the larger critical moment.

@@ -23,7 +23,7 @@ ProjectState OfFamily(int family, float length, float fy)
 standard::StandardSection SectionFor(ProjectState& s)
 {
     CalcSection(Delivered(), s);
-    return standard::SectionOf(Delivered(), s);
+    return standard::SectionOf(Delivered(), s, Basis::Standard());
 }
 
 // T 200x150, web 10, flange 15, S235: A 4100, centroid 52.622 below the flange, Iy 1.5471e7.
@@ -108,8 +108,8 @@ TEST(Plates, OutstandsOfTheHatBeamHaveAClass)
     ProjectState s = Hat();
     s.p24.isttf2 = 4;
     const auto q = SectionFor(s);
-    EXPECT_EQ(standard::ClassOfPressedFlange(q, false), 4);
-    EXPECT_EQ(standard::ClassOfPressedFlange(q, true), 1);
+    EXPECT_EQ(standard::ClassOfPressedFlange(q, false, Basis::Standard()), 4);
+    EXPECT_EQ(standard::ClassOfPressedFlange(q, true, Basis::Standard()), 1);
 }
 
 // D191, 6.2.1 (5): half of 100 kN/m 60 mm beside the webs: m = 3000 Nmm/mm of 355 15^2/4 = 19969:

@@ -70,7 +70,7 @@ TEST(Rules, AsymmetryOfAnUnequalI)
     s.family = 22;
     s.p22 = {500, 300, 150, 10, 20, 15};
     CalcSection(Delivered(), s);
-    const standard::StandardSection q = standard::SectionOf(Delivered(), s);
+    const standard::StandardSection q = standard::SectionOf(Delivered(), s, Basis::Standard());
     double integral = 0;
     constexpr double kStep = 0.01;
     for (double z = -q.below + kStep / 2; z < q.above; z += kStep) {
