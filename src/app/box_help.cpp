@@ -156,6 +156,17 @@ std::string TooltipOf(const Box& box)
     return text;
 }
 
+std::string AllowedText(const ProjectState& s, const Box& box)
+{
+    const std::string limits = LimitText(s, box);
+    if (limits.empty()) {
+        return "Allowed: a number";
+    }
+    const bool relative = box.rule == BoxRule::position && EditsRelative(s, box);
+    const std::string_view unit = relative ? "of the length" : Trimmed(HelpOf(box).unit);
+    return "Allowed: " + limits + (unit.empty() ? "" : " ") + std::string(unit);
+}
+
 std::string AccessibleNameOf(const Box& box)
 {
     const BoxHelp& help = HelpOf(box);

@@ -1,6 +1,7 @@
 #include "app/disk_file.h"
 
 #include "core/file_io.h"
+#include "core/sha256.h"
 #include "core/utf8_path.h"
 
 #include <filesystem>
@@ -32,6 +33,11 @@ void DiskFile::Forget()
 {
     known_.reset();
     seen_.reset();
+}
+
+std::string DiskFile::Digest() const
+{
+    return known_ && known_->there ? Sha256(known_->bytes) : std::string{};
 }
 
 DiskState DiskFile::Compare(const std::string& path)

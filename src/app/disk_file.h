@@ -22,6 +22,9 @@ public:
     void Know(std::string bytes);
     void Forget();
 
+    // SHA-256 of what is known; empty when nothing is.
+    std::string Digest() const;
+
     // For one who holds the lock of the file.
     DiskState Compare(const std::string& path);
 

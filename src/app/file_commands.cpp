@@ -25,6 +25,11 @@ std::string FolderOf(const std::string& path)
     return path.substr(0, root ? end + 1 : end);
 }
 
+std::string FileName(const std::string& path)
+{
+    return path.substr(path.find_last_of("/\\") + 1);
+}
+
 void FinishOpening(Session& session)
 {
     session.curdir = FolderOf(session.state().filename);
@@ -42,6 +47,7 @@ bool Conclude(Session& session, const std::string& path, std::string bytes,
     }
     session.disk.Know(std::move(bytes));
     session.filefault.clear();
+    session.MarkSaved();
     return true;
 }
 
@@ -105,6 +111,7 @@ void NewFile(Session& session, SettingsStore& store)
             return;  // nothing is lost: the user has read why
         }
     }
+    session.BeginDocument("new project");
     NewProject(session.library(), session.edit());
     session.BeginProject();
     session.disk.Forget();
@@ -128,6 +135,7 @@ bool OpenPath(Session& session, SettingsStore& store, const std::string& path)
     const bool again = path == session.state().filename && !session.halfread();
     ProjectState opened = StartState(session.library());
     const std::optional<FileFault> fault = ReadProject(opened, bytes);
+    session.BeginDocument("opening of " + FileName(path));
     if (fault) {
         ReadProject(session.edit(), bytes);  // what comes before the fault replaces what it can
     } else {
@@ -138,7 +146,8 @@ bool OpenPath(Session& session, SettingsStore& store, const std::string& path)
     if (fault) {
         session.filefault = FaultText(path, *fault);
         session.surroundings().Warn(session.filefault);
-        session.changed();
+        session.Record();
+        session.Publish();
         return false;
     }
     session.BeginProject();
@@ -157,7 +166,7 @@ bool OpenRecentFile(Session& session, SettingsStore& store, std::string_view cap
         return false;
     }
     PushRecentFile(store, path);  // to the top also when it is the project in hand
-    session.changed();
+    session.Publish();
     return true;
 }
 
@@ -169,6 +178,7 @@ bool SaveFile(Session& session, SettingsStore& store)
     }
     const Saved saved = WriteUnchanged(session, path);
     if (saved != Saved::refused) {
+        session.Publish();
         return saved == Saved::done;
     }
     switch (AskAboutDisk(session, "overwrites it now.")) {
@@ -225,7 +235,7 @@ bool SaveFileAs(Session& session, SettingsStore& store)
         session.curdir = FolderOf(*path);
         PushRecentFile(store, *path);
     }
-    session.changed();
+    session.Publish();
     return true;
 }
 
@@ -237,6 +247,7 @@ void OpenCommandLine(Session& session, SettingsStore& store, std::string_view co
     const std::string path(commandline.size() < 2 ? std::string_view{}
                                                   : commandline.substr(1, commandline.size() - 2));
     OpenPath(session, store, path);
+    session.ForgetSteps();
 }
 
 }  // namespace kestrum

@@ -29,14 +29,6 @@ bool Within(double value, const Box& box)
     return above && below && x == x;
 }
 
-bool Relative(const ProjectState& s, const Box& box)
-{
-    if (box.field == "pmx") {
-        return s.pmrelative != 0;
-    }
-    return box.field == "cp" ? s.cprelative != 0 : s.qtrelative != 0;
-}
-
 // False when a whole number is out of range; nothing is stored then.
 bool Store(ProjectState& s, const Field& field, int index, float value)
 {
@@ -61,7 +53,7 @@ bool Store(ProjectState& s, const Field& field, int index, float value)
 BoxOutcome CommitPosition(ProjectState& s, const Box& box, const Field& field, int index,
                           float typed)
 {
-    const bool relative = Relative(s, box);
+    const bool relative = EditsRelative(s, box);
     const float upper = relative ? 1.0f : s.l;
     const bool good = typed >= 0 && typed <= upper;
     const double x = !good ? 0.0 : relative ? static_cast<double>(typed) * s.l : typed;
@@ -152,6 +144,14 @@ const Box* BoxOfField(std::string_view field)
     return at != boxes.end() ? &*at : nullptr;
 }
 
+bool EditsRelative(const ProjectState& s, const Box& box)
+{
+    if (box.field == "pmx") {
+        return s.pmrelative != 0;
+    }
+    return box.field == "cp" ? s.cprelative != 0 : s.qtrelative != 0;
+}
+
 BoxOutcome Commit(ProjectState& s, const Box& box, int index, std::string_view text,
                   bool decimalcomma)
 {
@@ -179,7 +179,7 @@ BoxOutcome Commit(ProjectState& s, const Box& box, int index, std::string_view t
 std::string LimitText(const ProjectState& s, const Box& box)
 {
     if (box.rule == BoxRule::position) {
-        return "0 to " + Shortest(Relative(s, box) ? 1.0F : s.l);
+        return "0 to " + Shortest(EditsRelative(s, box) ? 1.0F : s.l);
     }
     std::string text;
     const auto add = [&text](const char* word, double value) {
@@ -205,7 +205,7 @@ std::string BoxText(const ProjectState& s, const Box& box, int index)
 {
     const Field& field = *FindField(box.field);
     double value = NumberOf(s, field, index);
-    if (box.rule == BoxRule::position && Relative(s, box) && s.l != 0) {
+    if (box.rule == BoxRule::position && EditsRelative(s, box) && s.l != 0) {
         return FormatNum(value / s.l, box.format);
     }
     if (box.format.empty()) {

@@ -64,6 +64,9 @@ constexpr std::string_view kMismatch = "Input string mismatch ";
 BoxOutcome Commit(ProjectState& s, const Box& box, int index, std::string_view text,
                   bool decimalcomma);
 
+// Whether the positions of the box are edited as x/L.
+bool EditsRelative(const ProjectState& s, const Box& box);
+
 // The limits in force as numbers: "at least 0.05", "above 50 and at least 288". Empty without
 // limits.
 std::string LimitText(const ProjectState& s, const Box& box);

@@ -110,13 +110,13 @@ void TickSelfweight(Session& session, bool on)
 void ChoosePointRelative(Session& session, bool relative)
 {
     session.edit().pmrelative = relative ? 1 : 0;
-    session.changed();  // display only
+    session.Publish();  // display only
 }
 
 void ChooseTrapezoidRelative(Session& session, bool relative)
 {
     session.edit().qtrelative = relative ? 1 : 0;
-    session.changed();
+    session.Publish();
 }
 
 void RemoveChecked(Session& session)

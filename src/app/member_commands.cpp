@@ -23,11 +23,15 @@ i16 Number(int value)
 void SetProjectName(Session& session, std::string_view text)
 {
     session.edit().projname = text;
+    session.Record();
+    session.Publish();
 }
 
 void SetIdent(Session& session, std::string_view text)
 {
     session.edit().ident = text;
+    session.Record();
+    session.Publish();
 }
 
 void ChooseSupport(Session& session, int supportcase)
@@ -71,7 +75,7 @@ void ChooseMaterial(Session& session, int index)
     SetMaterial(session.library(), session.edit(), index);
     session.Calculate();
     ApplyAnnexMaterial(session.edit(), session.state().annexindex);
-    session.changed();
+    session.Publish();
 }
 
 bool StrengthOpen(const Library& library, const ProjectState& s)
@@ -194,7 +198,7 @@ void ChooseCheckCount(Session& session, int cpcount)
 void ChooseCheckRelative(Session& session, bool relative)
 {
     session.edit().cprelative = relative ? 1 : 0;
-    session.changed();  // display only
+    session.Publish();  // display only
 }
 
 void ChooseEndPost(Session& session, int endstiff)
@@ -252,9 +256,10 @@ void ChooseTerrain(Session& session, int terrain)
 
 void RefreshVortex(Session& session)
 {
+    session.Record();
     UpdateVortex(session.edit());
     session.ShowVortex();
-    session.changed();
+    session.Publish();
 }
 
 }  // namespace kestrum

@@ -37,6 +37,27 @@ std::string_view BehindProgramName(std::string_view commandline)
     return end < line.size() ? Trimmed(line.substr(end)) : std::string_view{};
 }
 
+std::string StateFolder(const std::function<std::string(const char* name)>& variable,
+                        Platform platform)
+{
+    const auto below = [&](const char* name, std::string_view rest) {
+        const std::string folder = variable(name);
+        return folder.empty() ? folder : folder + std::string(rest);
+    };
+    switch (platform) {
+    case Platform::windows:
+        return below("LOCALAPPDATA", "\\Kestrum EC3");
+    case Platform::macos:
+        return below("HOME", "/Library/Application Support/kestrum-ec3");
+    default: {
+        // The base directory specification takes absolute paths only.
+        const bool own = variable("XDG_STATE_HOME").starts_with('/');
+        return own ? below("XDG_STATE_HOME", "/kestrum-ec3")
+                   : below("HOME", "/.local/state/kestrum-ec3");
+    }
+    }
+}
+
 std::string ManualFolder(std::string_view folder, Platform platform)
 {
     switch (platform) {

@@ -4,6 +4,7 @@
 // system is pure, so that each platform's answers are tested on every other one; the calls stand in
 // platform_unix.cpp (Linux and macOS) and platform_windows.cpp. Texts are UTF-8.
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +33,15 @@ std::string RawCommandLine(int argc, char** argv);
 // The part of a command line of Windows behind the program's name, without blanks around it. A name
 // in quotes ends at the second quote, any other one at the first blank or tab.
 std::string_view BehindProgramName(std::string_view commandline);
+
+// A variable of the environment; empty when it is not set.
+std::string Variable(const char* name);
+
+// Folder for what the program keeps between two starts and the user never sees, by the variables:
+// $XDG_STATE_HOME or ~/.local/state, on macOS the application support of the user, on Windows the
+// local application data. Empty when no variable tells.
+std::string StateFolder(const std::function<std::string(const char* name)>& variable = Variable,
+                        Platform platform = kPlatform);
 
 // Folder of the manuals for a program that lies in `folder`, with a separator at its end: on
 // Windows "Help" beside the program; in a bundle of macOS "Resources/Help" beside "MacOS"; else

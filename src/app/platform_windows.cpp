@@ -1,6 +1,8 @@
 #include "app/platform.h"
 
 #include <cstddef>
+#include <cstdlib>
+#include <cstring>
 
 #include <windows.h>
 
@@ -38,6 +40,13 @@ std::vector<std::string> Arguments(int argc, char** argv)
     }
     LocalFree(list);
     return arguments;
+}
+
+std::string Variable(const char* name)
+{
+    const std::wstring wide(name, name + std::strlen(name));  // names are ASCII
+    const wchar_t* const value = _wgetenv(wide.c_str());
+    return value != nullptr ? Utf8(value) : std::string{};
 }
 
 std::string RawCommandLine(int, char**)

@@ -1,7 +1,12 @@
 #include "app/session.h"
 
+#include "app/aside.h"
+#include "app/box_help.h"
+#include "app/change_text.h"
+#include "app/locale_text.h"
 #include "app/member_commands.h"
 #include "core/annexes.h"
+#include "core/field_table.h"
 #include "core/utf8_path.h"
 #include "design/hat_beam_section.h"
 #include "engine/calculate.h"
@@ -10,6 +15,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace kestrum {
 
@@ -55,6 +61,7 @@ Session::Session(const Library& library, Surroundings& surroundings, bool decima
     title_ = TitleStem() + ": " + state_.filename;
     std::error_code unknown;
     curdir = Utf8Name(std::filesystem::current_path(unknown));
+    history_.Renew(Present());
 }
 
 void Session::Calculate()
@@ -63,6 +70,7 @@ void Session::Calculate()
         return;
     }
     calculating_ = true;
+    Record();
     const i16 lateral = state_.ltb;
     failed_ = !kestrum::Calculate(library_, state_);
     outcome_ = OutcomeOf(state_, !failed_);
@@ -71,11 +79,130 @@ void Session::Calculate()
         shown_ = state_;
     }
     const bool overloaded = state_.flangeoverload;
-    changed();
+    Publish();
     calculating_ = false;
     if (overloaded) {
         surroundings_.Warn(kFlangeOverload);
     }
+}
+
+void Session::Record()
+{
+    const Snapshot& before = history_.now();
+    if (document_ != before.document) {
+        typing_ = {};
+        history_.Push(arrival_);
+        if (!unsaved_) {
+            MarkSaved();
+        }
+    } else if (InputsDiffer(before.state, state_)) {
+        const std::string_view typed = TypedText(before.state, state_);
+        if (typed.empty() || typed != typing_ || !modified()) {
+            history_.Push(ChangeText(library_, before.state, state_));
+        } else {
+            history_.Continue();
+        }
+        typing_ = typed;
+    }
+}
+
+void Session::Publish()
+{
+    if (!refused_) {
+        history_.Renew(Present());
+    }
+    if (aside != nullptr && modified()) {
+        aside->Keep(document_, history_.now().step,
+                    {history_.now().state, disk.Digest(), halfread()});
+    } else if (aside != nullptr) {
+        aside->Drop(document_);
+    }
+    changed();
+}
+
+Snapshot Session::Present() const
+{
+    return {state_, shown_, outcome_, lateraloff_, failed_, title_, document_};
+}
+
+// The file of the project in hand, before another one takes its place.
+void Session::LayDown()
+{
+    Document& document = documents_[document_];
+    document.name = state_.filename;
+    document.fault = filefault;
+    document.disk = disk;
+}
+
+void Session::BeginDocument(std::string what, bool unsaved)
+{
+    LayDown();
+    document_ = documents_.size();
+    documents_.emplace_back();
+    arrival_ = std::move(what);
+    unsaved_ = unsaved;
+    refused_.reset();
+    filefault.clear();
+}
+
+void Session::Restore(const Snapshot& snapshot)
+{
+    std::string name = state_.filename;
+    if (snapshot.document != document_) {
+        LayDown();
+        document_ = snapshot.document;
+        const Document& document = documents_[document_];
+        filefault = document.fault;
+        if (document.name != name) {
+            disk = document.disk;  // else what is known of it since
+        }
+        name = document.name;
+    }
+    state_ = snapshot.state;
+    shown_ = snapshot.shown;
+    outcome_ = snapshot.outcome;
+    lateraloff_ = snapshot.lateraloff;
+    failed_ = snapshot.failed;
+    title_ = snapshot.title;
+    if (title_.ends_with(state_.filename)) {
+        title_.replace(title_.size() - state_.filename.size(), std::string::npos, name);
+    }
+    state_.filename = name;
+    shown_.filename = name;
+    typing_ = {};
+    refused_.reset();
+    Publish();
+}
+
+void Session::Undo()
+{
+    if (refused_) {
+        const Refused refused = *refused_;
+        TakeBack(*refused.box, refused.index);
+        return;
+    }
+    Record();
+    if (history_.CanUndo() && !calculating_) {
+        Restore(history_.Undo());
+    }
+}
+
+void Session::Redo()
+{
+    if (history_.CanRedo() && !calculating_ && !refused_) {
+        Restore(history_.Redo());
+    }
+}
+
+bool Session::modified() const
+{
+    return history_.now().step != documents_[document_].saved;
+}
+
+void Session::MarkSaved()
+{
+    documents_[document_].saved = history_.now().step;
+    typing_ = {};
 }
 
 void Session::BeginProject()
@@ -106,13 +233,20 @@ void Session::ShowVortex()
 
 BoxOutcome Session::CommitBox(const Box& box, int index, std::string_view text)
 {
+    const Field& field = *FindField(box.field);
+    const double before = NumberOf(state_, field, index);
     const BoxOutcome outcome = Commit(state_, box, index, text, decimalcomma_);
+    if (!outcome.taken) {
+        surroundings_.Refuse(outcome.message, ForLocale(AllowedText(state_, box), decimalcomma_));
+        if (!refused_ || refused_->box != &box || refused_->index != index) {
+            refused_ = Refused{&box, index, before};
+        }
+        Publish();
+        return outcome;
+    }
+    refused_.reset();
     if (!outcome.message.empty()) {
         surroundings_.Warn(outcome.message);
-    }
-    if (!outcome.taken) {
-        changed();
-        return outcome;
     }
     if (ChecksLoads(box) || IsTrapezoid(box)) {
         Tell(ChecksLoads(box) ? ValidateLoads(state_, state_, state_, state_)
@@ -123,6 +257,31 @@ BoxOutcome Session::CommitBox(const Box& box, int index, std::string_view text)
         RefreshVortex(*this);
     }
     return outcome;
+}
+
+void Session::TakeBack(const Box& box, int index)
+{
+    if (!refused_ || refused_->box != &box || refused_->index != index) {
+        return;
+    }
+    const Field& field = *FindField(box.field);
+    void* const at = field.locate(state_, index);
+    switch (field.kind) {
+    case FieldKind::single:
+        *static_cast<float*>(at) = static_cast<float>(refused_->before);
+        break;
+    case FieldKind::real:
+        *static_cast<double*>(at) = refused_->before;
+        break;
+    default:
+        *static_cast<i16*>(at) = static_cast<i16>(refused_->before);
+    }
+    refused_.reset();
+    if (InputsDiffer(history_.now().state, state_)) {
+        Calculate();  // something else has run a pass with the refused value
+    } else {
+        Publish();
+    }
 }
 
 std::string Session::DataFaults() const

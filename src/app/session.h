@@ -6,17 +6,23 @@
 
 #include "analysis/load_model.h"
 #include "app/disk_file.h"
+#include "app/history.h"
 #include "app/input_boxes.h"
 #include "app/surroundings.h"
 #include "core/library.h"
 #include "core/project_state.h"
 #include "report/outcome.h"
 
+#include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kestrum {
+
+class Aside;
 
 class Session {
 public:
@@ -30,7 +36,8 @@ public:
     // a line; empty when all is well.
     std::string DataFaults() const;
 
-    // The project in hand. Handlers write to `edit` and call Calculate.
+    // The project in hand. Handlers write to `edit` and call Calculate; one that runs no pass calls
+    // Record and Publish.
     const ProjectState& state() const { return state_; }
     ProjectState& edit() { return state_; }
 
@@ -50,14 +57,41 @@ public:
     // is as the user left it.
     i16 lateraloff() const { return lateraloff_; }
 
-    // One pass, then `changed`. Not re-entered, also not from `changed`: a list that a refresh sets
-    // may raise the event of a choice. A pass that switches the flange loading off says so.
+    // What has been changed since the last record becomes a step that Undo takes back. A text that
+    // is typed on is one step.
+    void Record();
+    // The change is complete: it is kept, set aside, and `changed` is called.
+    void Publish();
+
+    // One pass between Record and Publish. Not re-entered, also not from `changed`: a list that a
+    // refresh sets may raise the event of a choice. A pass that switches the flange loading off
+    // says so.
     void Calculate();
 
     // What leaving a numeric box does: reads the text, stores and checks the value, tells the user
     // when it is refused, otherwise recalculates. The outcome tells the window whether to take the
     // focus back.
     BoxOutcome CommitBox(const Box& box, int index, std::string_view text);
+
+    // A refused value stays in the record until it is corrected; this brings back the one before.
+    void TakeBack(const Box& box, int index);
+
+    // The steps of the user, back and forth, as far as the start of the program. A step goes back
+    // to what was there bit for bit, across projects, too; only the file name that a project was
+    // saved under since stays. With a refused value, Undo takes that back and nothing else.
+    const History& history() const { return history_; }
+    void Undo();
+    void Redo();
+    bool CanUndo() const { return refused_ || history_.CanUndo(); }
+    // The start is over: there is no way behind it.
+    void ForgetSteps() { history_.Forget(); }
+
+    // Whether there is work that no file holds.
+    bool modified() const;
+    void MarkSaved();
+
+    // Where unsaved work is set aside; may be none.
+    Aside* aside = nullptr;
 
     // Window title: "Kestrum EC3", the annex, ": ", the file.
     const std::string& title() const { return title_; }
@@ -76,7 +110,10 @@ public:
     // The project's file as it was read or written last.
     DiskFile disk;
 
-    // Another project has come in, whole: what was said of the one before holds no longer.
+    // Another project, or half of one, takes the place of the one in hand, before its file is
+    // known: a step that `what` names. Work that no file holds is `unsaved` from the start.
+    void BeginDocument(std::string what, bool unsaved = false);
+    // It has come in whole: what was said of the one before holds no longer.
     void BeginProject();
 
     // Called after every pass and every command that changes what a window shows.
@@ -88,6 +125,21 @@ public:
     std::function<void(std::string_view box, int row)> showrow = [](std::string_view, int) {};
 
 private:
+    // What is kept of a project while another one is in hand.
+    struct Document {
+        std::string name, fault;
+        DiskFile disk;
+        std::size_t saved = 0;  // the step that its file holds
+    };
+    struct Refused {
+        const Box* box;
+        int index;
+        double before;
+    };
+    Snapshot Present() const;
+    void Restore(const Snapshot& snapshot);
+    void LayDown();
+
     const Library& library_;
     Surroundings& surroundings_;
     bool decimalcomma_;
@@ -98,6 +150,13 @@ private:
     bool failed_ = false;
     bool calculating_ = false;
     std::string title_;
+    History history_;
+    std::vector<Document> documents_{1};
+    std::size_t document_ = 0;
+    std::string arrival_;      // how the document has come in
+    bool unsaved_ = false;     // what has come in
+    std::string_view typing_;  // field of the text that is being typed
+    std::optional<Refused> refused_;
 };
 
 }  // namespace kestrum

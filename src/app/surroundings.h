@@ -28,6 +28,12 @@ public:
     virtual DiskAnswer AskAboutDisk(std::string_view question) = 0;
     // Exclamation icon, one OK button. The text is shown as it stands, blanks included.
     virtual void Warn(std::string_view message) = 0;
+    // A value that a box refuses: the same message, and below it what the box takes.
+    virtual void Refuse(std::string_view message, std::string_view allowed)
+    {
+        static_cast<void>(allowed);
+        Warn(message);
+    }
 
     // File dialogs for `*.kst`; nothing when cancelled. The save dialog adds the extension and asks
     // before it overwrites.

@@ -1,5 +1,6 @@
 #include "app/view_status.h"
 
+#include "app/aside.h"
 #include "core/number_format.h"
 #include "report/kept_values.h"
 #include "sections/families.h"
@@ -85,6 +86,10 @@ StatusView StatusOf(const Session& session)
     }
     for (const KeptValue& kept : KeptValues(s)) {
         add("Older than the input: " + std::string(kept.text));
+    }
+    if (const std::string problem = session.aside != nullptr ? session.aside->problem() : "";
+        !problem.empty()) {
+        add("Unsaved work is not set aside: " + problem);
     }
     if (session.disk.gone()) {
         add("The file is no longer on the disk; the next save writes it again.");

@@ -68,7 +68,7 @@ void BoxEdit::ShowValue()
     if (refused_ && !leaving_ && shown == unread_) {
         return;
     }
-    if (text() != shown) {
+    if (text() != shown || isUndoAvailable()) {  // the undo of the box ends with its text
         const bool selected = hasFocus();
         setText(shown);
         refused_ = refused_ && leaving_;
@@ -106,11 +106,11 @@ bool BoxEdit::Leave()
     return !refused_;
 }
 
-// To the value of the record; if that was refused, it still waits to be corrected.
 void BoxEdit::TakeBack()
 {
-    refused_ = refused_ && unread_.isNull();
+    refused_ = false;
     unread_.clear();
+    session_.TakeBack(box_, row_);
     setText(ValueText());  // which is no typing
     selectAll();
     update();
@@ -180,7 +180,7 @@ void BoxEdit::keyPressEvent(QKeyEvent* event)
         }
         return;
     }
-    if (event->key() == Qt::Key_Escape && (isModified() || !unread_.isNull())) {
+    if (event->key() == Qt::Key_Escape && (isModified() || refused_)) {
         TakeBack();
         return;
     }

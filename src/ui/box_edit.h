@@ -2,7 +2,7 @@
 
 // A numeric input box of the program's table. Green while it has the focus, its text selected;
 // Enter goes to the next box; leaving it stores the value. A refused value keeps the focus. Escape
-// takes back what was typed.
+// takes back what was typed and brings back the last good value.
 
 #include "app/session.h"
 
@@ -33,6 +33,9 @@ public:
 
     bool refused() const { return refused_; }
 
+    // The last good value, in place of what was typed or refused.
+    void TakeBack();
+
     // Brings the focus here, also out of another window or from behind a message.
     void TakeFocus();
 
@@ -51,7 +54,6 @@ protected:
 private:
     QString ValueText() const;
     void ShowValue();
-    void TakeBack();
     QWidget* NextBox() const;
 
     Session& session_;

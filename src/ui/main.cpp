@@ -1,5 +1,6 @@
 // The desktop program `kestrum-ec3`.
 
+#include "app/aside.h"
 #include "app/platform.h"
 #include "core/version.h"
 #include "sections/load_library.h"
@@ -18,6 +19,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -102,12 +104,20 @@ int main(int argc, char** argv)
     QtSurroundings surroundings;
     Session session(library, surroundings, DecimalComma(QLocale()));
     session.curdir = FromQt(QDir::currentPath());
+    const std::string state = StateFolder();
+    std::optional<Aside> aside;
+    if (!state.empty()) {
+        session.aside = &aside.emplace(state + "/unsaved");
+    }
     Desk desk{session, settings, ManualFolder(FromQt(QCoreApplication::applicationDirPath()))};
     MainWindow window(desk);
     surroundings.SetWindow(&window);
     application.open_file = [&window](const QString& path) { window.OpenProject(path); };
     window.Start(commandline);
     window.show();
+    if (aside) {
+        window.OfferWork(FindLeftWork(aside->folder()));
+    }
     if (const std::string faults = session.DataFaults(); !faults.empty()) {
         surroundings.Warn(faults);
     }

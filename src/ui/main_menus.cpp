@@ -54,6 +54,17 @@ QString ReportEntry(int report, std::string_view letters)
     return text.insert(text.indexOf(letter), QLatin1Char('&'));
 }
 
+// The entry with what it does.
+QString StepText(const QString& entry, QString name)
+{
+    constexpr int kMost = 60;  // letters
+    if (name.size() > kMost) {
+        name = name.left(kMost) + QStringLiteral("…");
+    }
+    name.replace(QLatin1Char('&'), QLatin1String("&&"));
+    return name.isEmpty() ? entry : entry + QLatin1Char(' ') + name;
+}
+
 }  // namespace
 
 QAction* MainWindow::AddAction(QMenu* menu, const QString& name, const QString& text,
@@ -80,6 +91,7 @@ void MainWindow::BuildMenus()
         return menu;
     };
     BuildFileMenu(add("mnufile", tr("&File")));
+    BuildEditMenu(add("mnuedit", tr("&Edit")));
     QMenu* const input = add("mnuinput", tr("&Input"));
     AddAction(input, QStringLiteral("mnusetup"), tr("&Setup"), Qt::Key_F2,
               [this] { OpenForm("setup"); });
@@ -147,6 +159,30 @@ void MainWindow::BuildFileMenu(QMenu* menu)
         recent_.push_back(entry);
     }
     menu->insertSeparator(recent_.front());
+}
+
+void MainWindow::BuildEditMenu(QMenu* menu)
+{
+    QAction* const undo =
+        AddAction(menu, QStringLiteral("mnuundo"), tr("&Undo"), QKeySequence::Undo, [this] {
+            if (BoxEdit* const box = BoxWithFocus(); box != nullptr && box->refused()) {
+                box->TakeBack();
+            } else {
+                desk_.session.Undo();
+            }
+        });
+    QAction* const redo = AddAction(menu, QStringLiteral("mnuredo"), tr("&Redo"),
+                                    QKeySequence::Redo, [this] { desk_.session.Redo(); });
+    redo->setShortcuts(
+        QList<QKeySequence>{Qt::CTRL | Qt::SHIFT | Qt::Key_Z, QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    bind_.Follow([this, undo, redo](const ProjectState&) {
+        const History& history = desk_.session.history();
+        const auto name = [this](std::string_view what) { return bind_.ForLocale(ToQt(what)); };
+        undo->setText(StepText(tr("&Undo"), name(history.UndoText())));
+        undo->setEnabled(desk_.session.CanUndo());
+        redo->setText(StepText(tr("&Redo"), name(history.RedoText())));
+        redo->setEnabled(history.CanRedo());
+    });
 }
 
 void MainWindow::RefreshRecentFiles()

@@ -313,7 +313,7 @@ QGroupBox* SectionGroup(Binder& bind, Desk& desk)
             desk.open(family->form);
         }
     };
-    QPushButton* const enlarge = bind.Button(QStringLiteral("cmdpic"), QObject::tr("&Enlarge"),
+    QPushButton* const enlarge = bind.Button(QStringLiteral("cmdpic"), QObject::tr("Enlar&ge"),
                                              [&desk] { desk.open("sectionpicture"); });
     QLabel* const classes = bind.Text(QStringLiteral("sectionclass"), [](const ProjectState& s) {
         return "Class " + SectionClassText(s);

@@ -7,6 +7,7 @@
 #include "ui/status_banner.h"
 #include "ui/text.h"
 #include "ui/theme.h"
+#include "ui/undo_keys.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -26,6 +27,7 @@
 #include <QtMath>
 
 #include <algorithm>
+#include <utility>
 
 namespace kestrum {
 
@@ -119,7 +121,10 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
     results->addWidget(right, 1);
     row->addLayout(results, 1);
     column->insertWidget(0, FamilyTabs(bind_, desk_));  // last, so that Tab begins with the inputs
+    recovery_ = new RecoveryBar(desk_);
+    column->insertWidget(0, recovery_);
     setCentralWidget(host);
+    qApp->installEventFilter(new UndoKeys(this));
 
     BuildMenus();
     RestoreSize();
@@ -207,8 +212,28 @@ void MainWindow::Refresh()
             form->Refresh();
         }
     }
-    setWindowTitle(ToQt(desk_.session.title()));
+    RefreshTitle();
     RefreshRecentFiles();
+}
+
+// With the mark that the platform has for unsaved work, where there is some.
+void MainWindow::RefreshTitle()
+{
+    const bool modified = desk_.session.modified();
+    const auto mark = QStringLiteral("[*]");
+    if (!modified) {
+        setWindowModified(false);
+    }
+    setWindowTitle(ToQt(desk_.session.title()).replace(mark, mark + mark) +
+                   (modified ? mark : QString()));
+    if (modified) {
+        setWindowModified(true);
+    }
+}
+
+void MainWindow::OfferWork(std::vector<LeftWork> works)
+{
+    recovery_->Offer(std::move(works));
 }
 
 // The size of the last session; the first time by the screen's resolution.

@@ -5,6 +5,7 @@
 #include "ui/binder.h"
 #include "ui/desk.h"
 #include "ui/form.h"
+#include "ui/recovery_bar.h"
 
 #include <QMainWindow>
 
@@ -32,6 +33,9 @@ public:
     Form* OpenForm(std::string_view name);
     void CloseForms();
 
+    // Work that an earlier window has left unsaved.
+    void OfferWork(std::vector<LeftWork> works);
+
     // A file from outside: dropped, or opened by the platform.
     void OpenProject(const QString& path);
 
@@ -53,12 +57,14 @@ protected:
 private:
     void BuildMenus();
     void BuildFileMenu(QMenu* menu);
+    void BuildEditMenu(QMenu* menu);
     void BuildProfileMenu(QMenu* menu);
     void BuildPrintMenu(QMenu* menu);
     void BuildHelpMenu(QMenu* menu);
     QAction* AddAction(QMenu* menu, const QString& name, const QString& text,
                        const QKeySequence& key, std::function<void()> run);
     void RefreshRecentFiles();
+    void RefreshTitle();
     void OpenManual(const QString& file);
     void ExportReport(int report);
     void UseDark(bool dark);
@@ -71,6 +77,7 @@ private:
     Binder bind_;
     QMenu* filemenu_ = nullptr;
     QAction* recentend_ = nullptr;
+    RecoveryBar* recovery_ = nullptr;
     bool looking_ = false;  // at the file on the disk
     std::vector<QAction*> recent_;
     std::map<std::string, Form*, std::less<>> forms_;

@@ -94,7 +94,17 @@ DiskAnswer QtSurroundings::AskAboutDisk(std::string_view question)
 
 void QtSurroundings::Warn(std::string_view message)
 {
-    waiting_.append(ToQt(message));
+    Show({ToQt(message), {}});
+}
+
+void QtSurroundings::Refuse(std::string_view message, std::string_view allowed)
+{
+    Show({ToQt(message), ToQt(allowed)});
+}
+
+void QtSurroundings::Show(const Message& message)
+{
+    waiting_.append(message);
     if (!showing_) {
         ShowNext();
     }
@@ -106,10 +116,12 @@ void QtSurroundings::ShowNext()
     if (!showing_) {
         return;
     }
-    auto* const box = new QMessageBox(QMessageBox::Warning, kProduct, waiting_.takeFirst(),
-                                      QMessageBox::Ok, Parent());
+    const Message message = waiting_.takeFirst();
+    auto* const box =
+        new QMessageBox(QMessageBox::Warning, kProduct, message.text, QMessageBox::Ok, Parent());
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setTextFormat(Qt::PlainText);
+    box->setInformativeText(message.detail);
     QObject::connect(box, &QDialog::finished, box, [this] { ShowNext(); });
     box->open();
 }

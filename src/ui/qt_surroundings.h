@@ -5,9 +5,10 @@
 #include "app/surroundings.h"
 #include "core/recent_files.h"
 
+#include <QList>
 #include <QPointer>
 #include <QSettings>
-#include <QStringList>
+#include <QString>
 #include <QWidget>
 
 namespace kestrum {
@@ -28,6 +29,7 @@ public:
     // Shown without waiting for the answer, so that no input runs inside another; several are shown
     // one after the other.
     void Warn(std::string_view message) override;
+    void Refuse(std::string_view message, std::string_view allowed) override;
     std::optional<std::string> ChooseFileToOpen(const std::string& folder) override;
     std::optional<std::string> ChooseFileToSave(const std::string& folder,
                                                 const std::string& proposal) override;
@@ -37,11 +39,15 @@ public:
     std::string Time() override;
 
 private:
+    struct Message {
+        QString text, detail;
+    };
     QWidget* Parent() const;
+    void Show(const Message& message);
     void ShowNext();
 
     QPointer<QWidget> window_;
-    QStringList waiting_;
+    QList<Message> waiting_;
     bool showing_ = false;
 };
 

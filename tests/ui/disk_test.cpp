@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -79,6 +80,40 @@ TEST_F(Disk, ClosingAsksNothing)
     window->close();
     Settle();
     EXPECT_TRUE(script.questions.empty());
+}
+
+// Unsaved work of an earlier window: offered above the window, one after the other.
+TEST_F(Disk, OffersWorkThatWasNotSaved)
+{
+    const std::string state = FromQt(folder.filePath(QStringLiteral("state")));
+    for (const float length : {8.0F, 9.0F, 10.0F}) {
+        Script other;
+        Session before(Tables(), other, false);
+        Aside aside(state);
+        before.aside = &aside;
+        before.edit().l = length;
+        before.Calculate();
+        before.aside = nullptr;
+    }
+    auto& bar = Find<QWidget>(QStringLiteral("recovery"));
+    EXPECT_FALSE(bar.isVisible());
+    window->OfferWork(FindLeftWork(state));
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_TRUE(Find<QLabel>(QStringLiteral("recoverytext"))
+                    .text()
+                    .startsWith(QStringLiteral("Work that was not saved: a project without")));
+    EXPECT_EQ(session.state().l, 7.25F);
+    Click(QStringLiteral("recoverylater"));
+    Click(QStringLiteral("recoverydiscard"));
+    Click(QStringLiteral("recoveryrestore"));
+    EXPECT_FALSE(bar.isVisible());
+    EXPECT_NE(session.state().l, 7.25F);
+    EXPECT_TRUE(window->isWindowModified());
+    Menu(QStringLiteral("mnuundo"));
+    EXPECT_EQ(session.state().l, 7.25F);
+    EXPECT_FALSE(window->isWindowModified());
+    window->OfferWork({});
+    EXPECT_EQ(FindLeftWork(state).size(), 1U);  // for later
 }
 
 // The real box: every button gives its answer, Escape decides later.

@@ -197,18 +197,67 @@ TEST_F(Keyboard, EscapeTakesBackWhatWasTypedThenClosesTheForm)
     EXPECT_EQ(state().qload[1], 10.0F);
 }
 
-TEST_F(Keyboard, EscapeLeavesARefusedValueToBeCorrected)
+TEST_F(Keyboard, EscapeBringsBackTheLastGoodValue)
 {
     auto& box = Find<BoxEdit>(QStringLiteral("il"));
+    for (const char* const more : {"", "7"}) {
+        Type(box, QStringLiteral("0.01"));
+        ASSERT_TRUE(box.refused());
+        EXPECT_EQ(state().l, 0.01F);  // until it is corrected
+        QTest::keyClicks(&box, QLatin1String(more));
+        QTest::keyClick(&box, Qt::Key_Escape);
+        EXPECT_EQ(box.text(), QStringLiteral("5.000"));
+        EXPECT_FALSE(box.refused());
+        EXPECT_EQ(state().l, 5.0F);
+    }
+}
+
+// The keys are those of the project, unless letters have been typed that they take back.
+TEST_F(Keyboard, UndoTakesBackLettersThenSteps)
+{
+    auto& box = Find<BoxEdit>(QStringLiteral("il"));
+    const auto press = [&](Qt::KeyboardModifiers keys) {
+        QTest::keyClick(&box, Qt::Key_Z, keys);
+        Settle();
+    };
+    Type(box, QStringLiteral("6"));
+    Type(box, QStringLiteral("7"));
+    box.setFocus(Qt::TabFocusReason);
+    box.selectAll();
+    QTest::keyClicks(&box, QStringLiteral("8"));
+    press(Qt::ControlModifier);
+    EXPECT_EQ(box.text(), QStringLiteral("7.000"));
+    EXPECT_EQ(state().l, 7.0F);
+    press(Qt::ControlModifier);
+    EXPECT_EQ(box.text(), QStringLiteral("6.000"));
+    press(Qt::ControlModifier);
+    EXPECT_EQ(state().l, 5.0F);
+    press(Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(state().l, 6.0F);
+    EXPECT_EQ(box.text(), QStringLiteral("6.000"));
+}
+
+TEST_F(Keyboard, MenuNamesWhatUndoTakesBack)
+{
+    auto& undo = Find<QAction>(QStringLiteral("mnuundo"));
+    auto& redo = Find<QAction>(QStringLiteral("mnuredo"));
+    EXPECT_FALSE(undo.isEnabled());
+    EXPECT_FALSE(window->isWindowModified());
+    Type(Find<BoxEdit>(QStringLiteral("il")), QStringLiteral("6.5"));
+    EXPECT_EQ(undo.text(), QStringLiteral("&Undo length of the member: 5 to 6.5 m"));
+    EXPECT_TRUE(window->isWindowModified());
+    undo.trigger();
+    EXPECT_FALSE(undo.isEnabled());
+    EXPECT_FALSE(window->isWindowModified());
+    EXPECT_EQ(redo.text(), QStringLiteral("&Redo length of the member: 5 to 6.5 m"));
+    redo.trigger();
+    EXPECT_EQ(state().l, 6.5F);
+    // A refused value is taken back before anything else.
+    auto& box = Find<BoxEdit>(QStringLiteral("il"));
     Type(box, QStringLiteral("0.01"));
-    ASSERT_TRUE(box.refused());
-    QTest::keyClicks(&box, QStringLiteral("7"));
-    QTest::keyClick(&box, Qt::Key_Escape);
-    EXPECT_EQ(box.text(), QStringLiteral("0.010"));
-    EXPECT_TRUE(box.refused());
-    Type(box, QStringLiteral("4"));
+    undo.trigger();
     EXPECT_FALSE(box.refused());
-    EXPECT_EQ(state().l, 4.0F);
+    EXPECT_EQ(box.text(), QStringLiteral("6.500"));
 }
 
 class CommaKeyboard : public Desktop {

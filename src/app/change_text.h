@@ -1,0 +1,24 @@
+#pragma once
+
+// What a step has changed, in words for the menu: "length of the member: 5 to 6 m", "section
+// IPE 300".
+
+#include "core/library.h"
+#include "core/project_state.h"
+
+#include <string>
+
+namespace kestrum {
+
+// Whether the user has changed an input.
+bool InputsDiffer(const ProjectState& before, const ProjectState& after);
+
+// The one text that alone has changed, such as the project's name, which is typed letter by letter;
+// empty when there is more or nothing of the kind.
+std::string_view TypedText(const ProjectState& before, const ProjectState& after);
+
+// Names the choice when there is one, else the first number that has changed.
+std::string ChangeText(const Library& library, const ProjectState& before,
+                       const ProjectState& after);
+
+}  // namespace kestrum
