@@ -5,6 +5,7 @@
 #include "core/field_table.h"
 #include "report/design_notes.h"
 #include "service/vortex.h"
+#include "standard/standard.h"
 #include "support/member.h"
 
 #include <gtest/gtest.h>
@@ -36,10 +37,17 @@ struct Expectation {
     std::string kind, source;
 };
 
+// The ratio of a check by the standard as written.
+struct StandardExpectation {
+    std::string check, expected, tolerance;  // relative
+    std::string kind, source;
+};
+
 struct Problem {
     std::string number, title;  // "V1"
     std::string fields;         // all `set` lines
     std::vector<Expectation> expectations;
+    std::vector<StandardExpectation> standard;
     std::string acts;  // deviations on the unsafe side that act in the result, "D56, D208"
     std::string note;
 };
@@ -57,7 +65,8 @@ std::string Rest(std::istringstream& line)
 }
 
 // Lines: `title`, `problem NUMBER TITLE`, `set NAME=VALUE ..`, `expect FIELD VALUE TOLERANCE KIND
-// SOURCE`, `acts NUMBERS`, `note TEXT`; empty lines and lines that begin with # say nothing.
+// SOURCE`, `standard CHECK RATIO TOLERANCE KIND SOURCE`, `acts NUMBERS`, `note TEXT`; empty lines
+// and lines that begin with # say nothing.
 Chapter ReadChapter(const std::string& name)
 {
     Chapter chapter;
@@ -92,6 +101,12 @@ Chapter ReadChapter(const std::string& name)
             e.source = Rest(line);
             EXPECT_FALSE(e.source.empty()) << name << ':' << number;
             problem.expectations.push_back(e);
+        } else if (word == "standard") {
+            StandardExpectation e;
+            line >> e.check >> e.expected >> e.tolerance >> e.kind;
+            e.source = Rest(line);
+            EXPECT_FALSE(e.source.empty()) << name << ':' << number;
+            problem.standard.push_back(e);
         } else if (word == "acts") {
             problem.acts = Rest(line);
         } else if (word == "note") {
@@ -180,6 +195,46 @@ Outcome Compare(const ProjectState& s, const Expectation& e)
     return {SixDigits(ours), Fixed(percent, 2) + " %", std::abs(percent) <= tolerance};
 }
 
+// Ratio of a check of the standard basis; NaN where it has none of this name.
+double StandardRatio(const standard::StandardResult& result, const std::string& check)
+{
+    for (std::size_t i = 0; i < standard::kCheckIds; ++i) {
+        const auto id = static_cast<standard::CheckId>(i);
+        if (NameOf(id) == check && result.checks[id].present) {
+            return result.checks[id].ir;
+        }
+    }
+    return NAN;
+}
+
+Outcome Compare(const standard::StandardResult& result, const StandardExpectation& e)
+{
+    const double ours = StandardRatio(result, e.check), expected = Number(e.expected);
+    const double percent = 100 * (ours - expected) / expected;
+    return {SixDigits(ours), Fixed(percent, 2) + " %", std::abs(percent) <= Number(e.tolerance)};
+}
+
+standard::StandardResult SolveByTheStandard(const Problem& problem)
+{
+    return standard::CalculateStandard(DeliveredTables(), MemberOf(kUnloaded + problem.fields));
+}
+
+TEST(Verification, RatiosOfTheStandardLieWithinTheirTolerances)
+{
+    for (const Chapter& chapter : Manual()) {
+        for (const Problem& problem : chapter.problems) {
+            const standard::StandardResult result = SolveByTheStandard(problem);
+            for (const StandardExpectation& e : problem.standard) {
+                const Outcome outcome = Compare(result, e);
+                EXPECT_TRUE(outcome.within)
+                    << problem.number << ' ' << problem.title << ": " << e.check << " is "
+                    << outcome.ours << ", expected " << e.expected << " within " << e.tolerance
+                    << " (" << e.source << ')';
+            }
+        }
+    }
+}
+
 TEST(Verification, ValuesLieWithinTheirTolerances)
 {
     for (const Chapter& chapter : Manual()) {
@@ -254,6 +309,33 @@ std::string RowsOf(const Problem& problem)
     return rows;
 }
 
+std::string StandardRowsOf(const Problem& problem)
+{
+    const standard::StandardResult result = SolveByTheStandard(problem);
+    std::string rows;
+    for (const StandardExpectation& e : problem.standard) {
+        const Outcome outcome = Compare(result, e);
+        rows += "| " + problem.number + " | " + problem.title + " | `" + e.check + "` | " +
+                e.expected + " | " + outcome.ours + " | " + outcome.difference + " | " +
+                ToleranceText(e.tolerance) + " | " + e.kind + " | " + e.source + " |\n";
+    }
+    return rows;
+}
+
+// The ratios of the standard basis, where a chapter has some.
+std::string StandardTable(const Chapter& chapter)
+{
+    std::string rows;
+    for (const Problem& problem : chapter.problems) {
+        rows += StandardRowsOf(problem);
+    }
+    return rows.empty() ? rows
+                        : "\nRatios by the standard as written (`--basis standard`):\n\n| No. | "
+                          "Problem | Check | Expected | Ours | Difference | Tolerance | Kind | "
+                          "Source |\n|---|---|---|---|---|---|---|---|---|\n" +
+                              rows;
+}
+
 std::string Generated()
 {
     std::string text =
@@ -283,6 +365,7 @@ std::string Generated()
                 notes += "- " + problem.number + ": " + problem.note + "\n";
             }
         }
+        text += StandardTable(chapter);
         text += notes.empty() ? "" : "\n" + notes;
     }
     return text;
