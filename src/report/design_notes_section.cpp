@@ -8,6 +8,7 @@
 #include "report/design_note_welded.h"
 #include "report/design_notes.h"
 #include "sections/families.h"
+#include "sections/family_table.h"
 
 #include <algorithm>
 #include <cmath>
@@ -225,6 +226,26 @@ bool HighShear(const ProjectState& s)
            (BendsAboutZ(s) && LargestVy(s) > 0.5 * s.vyrd);
 }
 
+// El Darwish and Johnston, for parallel flanges: 1 % below the table's It, and lateral torsional
+// buckling is checked.
+bool TorsionConstantIsHigh(const ProjectState& s)
+{
+    if (!HasTable(s.family) || !LateralControlled(s)) {
+        return false;
+    }
+    const Table table = TableOf(s);
+    if (table != Table::ub && table != Table::uc && table != Table::ubp) {
+        return false;
+    }
+    const double h = s.h, b = s.b, tw = s.tw, tf = s.tf, r = s.r;
+    const double alpha = -0.042 + 0.2204 * tw / tf + 0.1355 * r / tf - 0.0865 * tw * r / (tf * tf) -
+                         0.0725 * tw * tw / (tf * tf);
+    const double circle = (std::pow(tf + r, 2) + (r + tw / 4) * tw) / (2 * r + tf);
+    const double it = 2.0 / 3 * b * std::pow(tf, 3) + (h - 2 * tf) * std::pow(tw, 3) / 3 +
+                      2 * alpha * std::pow(circle, 4) - 0.420 * std::pow(tf, 4);
+    return s.it > 1.01 * it;
+}
+
 constexpr NoteRule kSections[] = {
     {"D30", FlangeOfShearIsWide,
      "The flange part of the shear buckling resistance counts the whole width of the flange; EN "
@@ -259,6 +280,30 @@ constexpr NoteRule kSections[] = {
      },
      "The yield strength is that for thickness up to 40 mm; with thicker parts enter the lower "
      "value of EN 1993-1-1, Table 3.1 as own value."},
+    {"D58",
+     [](const ProjectState& s) {
+         constexpr float kIt = 340e3F;  // mm4
+         return HasTable(s.family) && TableOf(s) == Table::upe && s.it == kIt &&
+                LateralControlled(s);
+     },
+     "It of UPE 300 is 34.0 cm4 in the table; other publications and finite elements give 31.5."},
+    {"D59", TorsionConstantIsHigh,
+     "It of this row is that of the table, which other publications and finite elements do not "
+     "support; mostly they give a lower one."},
+    {"D60",
+     [](const ProjectState& s) {
+         return HasTable(s.family) && TableOf(s) == Table::ch && LateralControlled(s);
+     },
+     "It and Iw of the tapered channel are those of its catalogue; finite elements of the outline "
+     "give lower ones."},
+    {"D62",
+     [](const ProjectState& s) {
+         constexpr float kArea = 6593;  // mm2
+         return HasTable(s.family) && TableOf(s) == Table::j && s.a == kArea &&
+                (s.ned > 0 || BendsAboutZ(s));
+     },
+     "The figures of J 203x152x52 contradict its mass and outline; about z they are up to 2 % too "
+     "high."},
     {"D154",
      [](const ProjectState& s) {
          return (IsIOrChannel(s) || Is(s, Kind::i_single)) && s.ned != 0 && s.mfrd > 0 &&

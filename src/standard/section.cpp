@@ -4,6 +4,7 @@
 #include "core/annexes.h"
 #include "core/material.h"
 #include "sections/families.h"
+#include "sections/family_table.h"
 #include "sections/second_source.h"
 #include "standard/angle.h"
 #include "standard/plates.h"
@@ -253,6 +254,42 @@ void AddWalls(const ProjectState& s, StandardSection& q, const Basis& basis)
     }
 }
 
+// The deviation of a figure of the tables that no other source supports.
+Dev DeviationOf(Table table, SectionFigure figure)
+{
+    switch (table) {
+    case Table::upe:
+        return Dev::d58;
+    case Table::ch:
+        return figure == SectionFigure::it || figure == SectionFigure::iw ? Dev::d60 : Dev::d61;
+    case Table::j:
+        return Dev::d62;
+    default:
+        return Dev::d59;
+    }
+}
+
+// Figures of the section: those of the record, but for single rows of the tables (D58, D59, D60,
+// D61, D62).
+void SetFigures(const Library& library, const ProjectState& s, StandardSection& q,
+                const Basis& basis)
+{
+    const auto figure = [&](SectionFigure which, float ours) -> double {
+        if (!HasTable(s.family)) {
+            return ours;
+        }
+        const double corrected = SecondSource(library, s, which, ours);
+        return basis.pick(DeviationOf(TableOf(s), which), ours, corrected);
+    };
+    q.a = figure(SectionFigure::a, s.a);
+    q.iy = figure(SectionFigure::iy, s.iy);
+    q.iz = figure(SectionFigure::iz, s.iz);
+    q.it = figure(SectionFigure::it, s.it);
+    q.iw = figure(SectionFigure::iw, s.iw);
+    q.wply = figure(SectionFigure::wply, s.wply);
+    q.wplz = figure(SectionFigure::wplz, s.wplz);
+}
+
 }  // namespace
 
 bool Covered(const ProjectState& s)
@@ -299,16 +336,7 @@ StandardSection SectionOf(const Library& library, const ProjectState& s, const B
     q.top = q.bottom = {s.b, s.tf};
     q.above = q.below = q.h / 2;
     q.left = q.right = q.b / 2;
-    const auto figure = [&](SectionFigure which, float ours) {
-        return SecondSource(library, s, which, ours);
-    };
-    q.a = figure(SectionFigure::a, s.a);
-    q.iy = figure(SectionFigure::iy, s.iy);
-    q.iz = figure(SectionFigure::iz, s.iz);
-    q.it = figure(SectionFigure::it, s.it);
-    q.iw = figure(SectionFigure::iw, s.iw);
-    q.wply = figure(SectionFigure::wply, s.wply);
-    q.wplz = figure(SectionFigure::wplz, s.wplz);
+    SetFigures(library, s, q, basis);
     if (q.kind == Kind::i_single) {
         SetSingleSymmetricI(s, q, basis);
         q.left = q.right = q.b / 2;

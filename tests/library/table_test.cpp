@@ -60,8 +60,8 @@ TEST(Table, EachRowHasTheAnswerOfItsMemberAlone)
 {
     constexpr std::size_t kRows = 300;
     const RandomMembers members(kRows);
-    const auto table =
-        Table::check(Member(Builtin()), members.Columns(), kRows, {Basis::both, {"mymax", "irsection"}});
+    const auto table = Table::check(Member(Builtin()), members.Columns(), kRows,
+                                    {Basis::both, {"mymax", "irsection"}});
     ASSERT_TRUE(table) << table.error().text;
     ASSERT_EQ(table->rows(), kRows);
     std::set<Status> seen;

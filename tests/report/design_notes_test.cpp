@@ -88,6 +88,11 @@ const NoteCase kCases[] = {
     {"D106", "family=27 nload[1]=5", "family=27 nload[1]=0"},
     {"D106", "family=26 qload[1]=5 nload[1]=5", "family=26 qload[1]=0 nload[1]=5"},
     {"D178", "family=28 qload[1]=1 qdir[1]=0", "family=28 qload[1]=1 qdir[1]=1"},
+    {"D58", "family=5 row.upe=10 l=6 qload[1]=5", "family=5 row.upe=11 l=6 qload[1]=5"},
+    // UBP 305x305x79 and UB 305x165x46.
+    {"D59", "family=101 series101=3 row.ubp=5 qload[1]=5", "family=101 row.ub=19 qload[1]=5"},
+    {"D60", "family=103 series103=1 qload[1]=5", "family=103 series103=2 qload[1]=5"},
+    {"D62", "family=102 row.j=10 l=2 nload[1]=50", "family=102 row.j=11 l=2 nload[1]=50"},
     {"D154", "family=21 p21.isttw=6 nload[1]=100 qload[1]=10", "family=21 p21.isttw=6 qload[1]=10"},
     {"D154", "family=22 p22.isttw=6 nload[1]=100 qload[1]=10", "family=22 p22.isttw=6 qload[1]=10"},
     {"D155", "family=21 p21.isth=1000 p21.isttw=7 loadmode=0 ne=-488 my1=1415 my2=1415",
