@@ -46,7 +46,7 @@ def test_rows_are_the_single_members():
 
 def test_five_thousand_members_have_the_numbers_of_the_command_line(tmp_path):
     table = members(5000, seed=11)
-    answers = kestrum.batch(table)
+    answers = kestrum.batch(table, basis="program")
     table.to_csv(tmp_path / "members.csv", index=False)
     done = subprocess.run([os.path.join(os.environ["KESTRUM_BIN"], "kestrum"), "batch", tmp_path / "members.csv",
                            "--exit-zero", "--quiet"], capture_output=True, text=True, check=True)

@@ -1,7 +1,5 @@
 """Many members: columns in, columns out."""
 
-import numpy
-
 from . import _errors, _kestrum
 from ._member import Member, STATUSES, basis_number
 
@@ -10,7 +8,9 @@ _WORDS = (("verdict", 0), ("check", 1), ("clause", 2), ("message", 3))
 
 def _column(name, values):
     """Numbers as an array of doubles with NaN for what is missing, texts as a list with None."""
-    if hasattr(values, "to_numpy") and getattr(getattr(values, "dtype", None), "kind", "") not in "fiub":
+    import numpy  # only here: it takes longer to load than all of this package
+
+    if hasattr(values, "to_numpy") and not isinstance(values.dtype, numpy.dtype):  # of pandas itself
         values = values.to_numpy(dtype=object, na_value=None)
     if numpy.ma.isMaskedArray(values):
         values = values.astype(float).filled(numpy.nan) if values.dtype.kind in "fiub" else values.filled(None)
@@ -90,6 +90,8 @@ def batch(table, basis="both", fields=(), base=None, keep=(), jobs=0, errors="ra
 
 
 def _answer(table, frame, passed, answers, basis, fields):
+    import numpy
+
     out = {key: table[key] for key in passed}
     for bit, suffix in ((1, ""), (2, "_standard")):
         if not basis & bit:

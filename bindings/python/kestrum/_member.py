@@ -40,6 +40,8 @@ def text_of(name, value):
     if isinstance(value, bool):
         return "true" if value else "false"
     try:
+        if isinstance(value, (bytes, bytearray)):
+            raise TypeError
         number = float(value)
     except (TypeError, ValueError):
         raise _errors.InputError(f"{name}={value!r}: a number or a text is expected", name) from None
