@@ -48,11 +48,37 @@ std::string OutsideJson(const StandardResult& result)
     return "[" + text + "]";
 }
 
+std::string VibrationText(const StandardResult& result)
+{
+    if (!result.vibration) {
+        return "";
+    }
+    std::string text = "Frequencies by EN 1990, A1.4.4: mass " +
+                       FormatNum(result.vibration->mass, "0.0") + " kg/m with psi Q:";
+    for (const double f : result.vibration->freq) {
+        text += " " + FormatNum(f, "0.00");
+    }
+    return text + " Hz\n";
+}
+
+std::string VibrationJson(const StandardResult& result)
+{
+    if (!result.vibration) {
+        return "";
+    }
+    std::string text;
+    for (const double f : result.vibration->freq) {
+        text += (text.empty() ? "" : ", ") + Number(f);
+    }
+    return ", \"frequencies\": {\"mass\": " + Number(result.vibration->mass) + ", \"f\": [" + text +
+           "]}";
+}
+
 }  // namespace
 
 std::string StandardText(const StandardResult& result, const Outcome& program)
 {
-    std::string text;
+    std::string text = VibrationText(result);
     for (const std::string& reason : result.outside) {
         text += "standard: " + reason + "\n";
     }
@@ -86,7 +112,20 @@ std::string StandardJson(const StandardResult& result)
         text += ", \"ir\": null";
     }
     return text + ", \"checks\": " + ChecksJson(result) + ", \"outside\": " + OutsideJson(result) +
-           "}";
+           VibrationJson(result) + "}";
+}
+
+std::string VortexStandardText(const standard::VortexShedding& v)
+{
+    return "EN 1991-1-4 as written: f = " + FormatNum(v.freq, "#0.0") +
+           " Hz, vcrit = " + FormatNum(v.vcrit, "#0.0") + " m/s, vm = " + FormatNum(v.vm, "#0.0") +
+           " m/s, vcrit > 1.25 vm:" + (v.accepted ? " OK \n" : " NOK \n");
+}
+
+std::string VortexStandardJson(const standard::VortexShedding& v)
+{
+    return "{\"freq\": " + Number(v.freq) + ", \"vcrit\": " + Number(v.vcrit) +
+           ", \"vm\": " + Number(v.vm) + ", \"ok\": " + (v.accepted ? "true" : "false") + "}";
 }
 
 int StandardExit(const StandardResult& result)

@@ -13,6 +13,10 @@ namespace kestrum::cli {
 std::string StandardText(const standard::StandardResult& result, const Outcome& program);
 std::string StandardJson(const standard::StandardResult& result);
 
+// Beside the answer of `vortex`.
+std::string VortexStandardText(const standard::VortexShedding& v);
+std::string VortexStandardJson(const standard::VortexShedding& v);
+
 // 0 within, 1 above, 2 not covered.
 int StandardExit(const standard::StandardResult& result);
 

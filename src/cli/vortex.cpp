@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/standard_output.h"
 #include "engine/calculate.h"
 #include "report/design_notes.h"
 #include "report/state_json.h"
@@ -43,7 +44,15 @@ std::string TextOf(const ProjectState& s)
     out += " Critical wind speed vcrit = " + VortexCriticalText(s) + "\n";
     out += " Mean wind speed vm = " + VortexMeanText(s) + "\n";
     out += " vcrit > 1.25 vm:" + std::string(VortexVerdict(s)) + "\n";
+    const auto standard = standard::VortexSheddingOf(s);
+    out += standard ? VortexStandardText(*standard) : "";
     return out + NotesText(s);
+}
+
+std::string StandardMember(const ProjectState& s)
+{
+    const auto standard = standard::VortexSheddingOf(s);
+    return standard ? ", \"standard\": " + VortexStandardJson(*standard) : "";
 }
 
 std::string JsonOf(const ProjectState& s)
@@ -53,7 +62,7 @@ std::string JsonOf(const ProjectState& s)
            ", \"vm\": " + JsonNumber(s.vm) + ", \"ok\": " + (VortexAccepted(s) ? "true" : "false") +
            ", \"restraint\": " + JsonText(VortexRestraint(s)) +
            ", \"member\": " + JsonText(MemberSupport(s)) +
-           ", \"differs\": " + (VortexSupportDiffers(s) ? "true" : "false") +
+           ", \"differs\": " + (VortexSupportDiffers(s) ? "true" : "false") + StandardMember(s) +
            ", \"notes\": " + NotesJson(s) + "}\n";
 }
 

@@ -231,6 +231,9 @@ StandardResult CalculateStandard(const Library& library, const ProjectState& pro
         result.outside.push_back(reason);
         return result;
     }
+    if (s.modal == 1) {
+        result.vibration = VibrationOf(s);
+    }
     MakeCheckSections(s, s);
     const Member member{library,
                         s,

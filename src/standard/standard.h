@@ -8,7 +8,9 @@
 #include "core/library.h"
 #include "core/project_state.h"
 #include "standard/result.h"
+#include "standard/vibration.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,11 +20,12 @@ namespace kestrum::standard {
 struct StandardResult {
     bool rated = false;  // there is a result; else `outside` says why not
     Checks checks{};
-    double ir = 0;                       // largest of all checks that count
-    CheckId governing{};                 // its check
-    bool above = false;                  // the limit
-    std::vector<std::string> outside{};  // what the standard basis does not cover here
-    Deviations met{};                    // that the pass came across
+    double ir = 0;                         // largest of all checks that count
+    CheckId governing{};                   // its check
+    bool above = false;                    // the limit
+    std::vector<std::string> outside{};    // what the standard basis does not cover here
+    Deviations met{};                      // that the pass came across
+    std::optional<Vibration> vibration{};  // with modal analysis
 };
 
 // `s` as read; it is not changed. `program`, for a basis with deviations switched back: the record

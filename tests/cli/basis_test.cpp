@@ -58,7 +58,8 @@ TEST_F(Basis, TheExitFollowsTheStandardWhereItIsAsked)
 TEST_F(Basis, BatchHasItsFields)
 {
     Write("t.ndjson", "{\"section\": \"IPE 300\", \"l\": 5, \"qload[1]\": 8}\n"
-                      "{\"family\": 24, \"qload[1]\": 8}\n");
+                      "{\"family\": 31, \"p31.istd\": 600, \"p31.isttw\": 5, "
+                      "\"qload[1]\": 8}\n");
     const std::string out =
         Kestrum("batch --json --fields ir_standard,standard_check,standard_clause t.ndjson").out;
     const json first = json::parse(out.substr(0, out.find('\n')));
@@ -72,9 +73,10 @@ TEST_F(Basis, BatchHasItsFields)
     EXPECT_TRUE(second["standard_check"].is_null());
 }
 
-TEST_F(Basis, AFamilyThatIsNotCoveredSaysSo)
+// A tube of class 4 belongs to EN 1993-1-6.
+TEST_F(Basis, ASectionThatIsNotCoveredSaysSo)
 {
-    ASSERT_EQ(Kestrum("new -o a.kst --family 24").exit, 0);
+    ASSERT_EQ(Kestrum("new -o a.kst --family 31 --set p31.istd=600 --set p31.isttw=5").exit, 0);
     const Said said = Kestrum("check --basis standard --json a.kst");
     const json standard = json::parse(said.out)[0]["standard"];
     EXPECT_EQ(said.exit, 2);

@@ -1,0 +1,36 @@
+#pragma once
+
+// Natural frequencies and vortex shedding by the standards as written: EN 1990, A1.4.4, and EN
+// 1991-1-4, Annexes E and F. Bending about y.
+
+#include "core/project_state.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+
+namespace kestrum::standard {
+
+constexpr std::size_t kModes = 3;
+
+struct Vibration {
+    double mass;                      // section, G and psi Q over the length, kg/m
+    std::array<double, kModes> freq;  // Hz
+};
+
+// After the section step. Masses are the sizes of all loads in the table, whatever their direction;
+// Q with the psi entered for it. Every mode by Rayleigh's quotient of the shape without point
+// masses: exact for even mass, else high. None for springs.
+std::optional<Vibration> VibrationOf(const ProjectState& s);
+
+struct VortexShedding {
+    double freq;       // Hz
+    double vcrit, vm;  // m/s
+    bool accepted;     // vcrit > 1.25 vm, E.1.2 (2)
+};
+
+// After the section step and the program's own control, whose width and Strouhal number hold
+// (D257). The support is that of the member, springs as pins; a truss keeps its own constant.
+std::optional<VortexShedding> VortexSheddingOf(const ProjectState& s);
+
+}  // namespace kestrum::standard
