@@ -4,6 +4,7 @@
 #include "app/field_hint.h"
 #include "app/view_section.h"
 #include "core/file_io.h"
+#include "core/number_format.h"
 #include "core/project_file.h"
 #include "core/utf8_text.h"
 #include "engine/calculate.h"
@@ -89,6 +90,7 @@ std::string AnswerForm::Find(Item& item) const
         {"ir_standard", Special::ir_standard},
         {"standard_check", Special::standard_check},
         {"standard_clause", Special::standard_clause},
+        {"deviations", Special::deviations},
     };
     constexpr std::string_view kName = ".name";
     const auto* const special = std::find_if(std::begin(kSpecials), std::end(kSpecials),
@@ -207,8 +209,34 @@ bool AnswerForm::asks_standard() const
 {
     return std::any_of(items_.begin(), items_.end(), [](const Item& item) {
         return item.special == Special::ir_standard || item.special == Special::standard_check ||
-               item.special == Special::standard_clause;
+               item.special == Special::standard_clause || item.special == Special::deviations;
     });
+}
+
+bool AnswerForm::asks_costs() const
+{
+    return std::any_of(items_.begin(), items_.end(),
+                       [](const Item& item) { return item.special == Special::deviations; });
+}
+
+// "D233 0.123", or an object with id and cost: largest first.
+void AnswerForm::AppendDeviations(std::string& out, const standard::StandardResult& result) const
+{
+    std::string list;
+    for (const standard::DeviationCost& at : result.deviations) {
+        const std::string cost = std::isfinite(at.cost) ? JsonNumber(at.cost) : "null";
+        const std::string id(NameOf(at.deviation));
+        list += form_ == TableForm::ndjson
+                    ? (list.empty() ? "" : ", ") +
+                          ("{\"id\": " + JsonText(id) + ", \"cost\": " + cost + "}")
+                    : (list.empty() ? "" : "; ") +
+                          (std::isfinite(at.cost) ? id + " " + FormatNum(at.cost, "0.000") : id);
+    }
+    if (form_ == TableForm::ndjson) {
+        out.append("[").append(list).append("]");
+    } else {
+        AppendCell(out, list, texts_);
+    }
 }
 
 // Empty, or null, for what the standard basis does not cover.
@@ -216,6 +244,9 @@ void AnswerForm::AppendStandard(std::string& out, Special what,
                                 const standard::StandardResult* result) const
 {
     const bool json = form_ == TableForm::ndjson;
+    if (what == Special::deviations && result != nullptr) {
+        return AppendDeviations(out, *result);
+    }
     if (result == nullptr || !result->rated ||
         (what == Special::ir_standard && !std::isfinite(result->ir))) {
         out.append(json ? "null" : "");
@@ -249,6 +280,7 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
     case Special::ir_standard:
     case Special::standard_check:
     case Special::standard_clause:
+    case Special::deviations:
         return AppendStandard(out, item.special, standard);
     case Special::control:
         return text(outcome.control);
@@ -535,10 +567,16 @@ void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string
     Outcome outcome;
     std::optional<standard::StandardResult> standard;
     if (refusal.empty()) {
-        if (form_.asks_standard()) {  // before the pass, which empties rows of some families
+        if (form_.asks_costs()) {
+            read_ = s_;  // the pass empties rows of some families
+        }
+        if (form_.asks_standard()) {
             standard = standard::CalculateStandard(library_, s_);
         }
         const bool well = Calculate(library_, s_);
+        if (form_.asks_costs()) {
+            standard::CalculateCosts(library_, read_, well ? &s_ : nullptr, *standard);
+        }
         outcome = OutcomeOf(s_, well);
         if (outcome.verdict == Verdict::not_checked) {  // one that failed says so in its line
             chunk.fault.append(chunk.table).append(chunk.table.empty() ? "" : ": member ");

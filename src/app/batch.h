@@ -9,7 +9,7 @@
 #include "core/library.h"
 #include "core/project_state.h"
 #include "report/outcome.h"
-#include "standard/standard.h"
+#include "standard/costs.h"
 
 #include <array>
 #include <cstddef>
@@ -26,7 +26,7 @@ enum class TableForm : std::uint8_t { csv, ndjson };
 class AnswerForm {
 public:
     // Canonical names of fields, or control, clause, message, notes and dropped, ir_standard,
-    // standard_check and standard_clause; section, steel and
+    // standard_check, standard_clause and deviations; section, steel and
     // annex by name, and FIELD.name for the name of a value. Names of sections and steels come from
     // the library, which must last. Returns why a name cannot be, or nothing.
     std::string Choose(TableForm form, const std::vector<std::string>& names,
@@ -52,6 +52,8 @@ public:
 
     // A field is of the result by the standard as written, which AppendLine then needs.
     bool asks_standard() const;
+    // One is what the deviations cost.
+    bool asks_costs() const;
 
     // Reads member, verdict and ratio back from a line. False when it is none.
     bool ReadBack(std::string_view line, std::string& member, Verdict& verdict, double& ir) const;
@@ -68,7 +70,8 @@ private:
         name,
         ir_standard,
         standard_check,
-        standard_clause
+        standard_clause,
+        deviations
     };
     struct Item {
         std::string name;
@@ -78,6 +81,7 @@ private:
     std::string Find(Item& item) const;
     void AppendItem(std::string& out, const Item& item, const ProjectState& s,
                     const Outcome& outcome, const standard::StandardResult* standard) const;
+    void AppendDeviations(std::string& out, const standard::StandardResult& result) const;
     void AppendStandard(std::string& out, Special what,
                         const standard::StandardResult* result) const;
 
@@ -167,7 +171,7 @@ private:
     Manner manner_;
     JsonKeys keys_;
     LineExtras extras_;
-    ProjectState s_;
+    ProjectState s_, read_;
     std::size_t place_ = 0;
     std::string member_;
 };

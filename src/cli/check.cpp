@@ -8,6 +8,7 @@
 #include "report/outcome.h"
 #include "report/panel_text.h"
 #include "report/state_json.h"
+#include "standard/costs.h"
 
 #include <algorithm>
 #include <optional>
@@ -38,10 +39,13 @@ Answer CheckFile(const Library& library, const std::string& file, bool by_standa
     }
     answer.read = true;
     ProjectState& s = answer.state;
+    const ProjectState read = s;
+    const bool well = Calculate(library, s);
     if (by_standard) {
-        answer.standard = standard::CalculateStandard(library, s);
+        answer.standard = standard::CalculateStandard(library, read);
+        standard::CalculateCosts(library, read, well ? &s : nullptr, *answer.standard);
     }
-    answer.outcome = OutcomeOf(s, Calculate(library, s));
+    answer.outcome = OutcomeOf(s, well);
     if (answer.outcome.designed()) {
         answer.section = s.irsection;
         answer.buckling = s.maxirbuckling;

@@ -74,6 +74,60 @@ std::string VibrationJson(const StandardResult& result)
            "]}";
 }
 
+std::string DeviationsJson(const StandardResult& result)
+{
+    std::string text;
+    for (const standard::DeviationCost& at : result.deviations) {
+        text += (text.empty() ? "" : ", ") +
+                ("{\"id\": " + JsonText(NameOf(at.deviation)) + ", \"cost\": " + Number(at.cost) +
+                 ", \"without\": " + Number(at.without) + ", \"unsafe\": ") +
+                (at.unsafe ? "true" : "false") + ", \"text\": " + JsonText(TextOf(at.deviation)) +
+                "}";
+    }
+    return "[" + text + "]";
+}
+
+// A cost that three decimals show; one without a value decides whether there is a ratio.
+bool Shows(const standard::DeviationCost& at)
+{
+    constexpr double kShown = 5e-4;
+    return std::isnan(at.cost) || std::abs(at.cost) >= kShown;
+}
+
+std::string CostText(double cost)
+{
+    if (!std::isfinite(cost)) {
+        return std::isnan(cost) ? "      " : cost > 0 ? "  +inf" : "  -inf";
+    }
+    return (cost < 0 ? "-" : "+") + FormatNum(std::abs(cost), "0.000");
+}
+
+// Those whose cost shows one in a line; the others, which touch checks that do not govern, in one.
+std::string DeviationsText(const StandardResult& result, const Outcome& program)
+{
+    constexpr double kEqual = 1e-4;
+    if (result.deviations.empty()) {
+        const bool equal =
+            program.rated() && std::abs(program.ir - result.ir) <= kEqual * std::abs(result.ir);
+        return equal ? "No deviation acts: both are equal.\n" : "No numbered deviation acts.\n";
+    }
+    std::string text, others;
+    for (const standard::DeviationCost& at : result.deviations) {
+        const std::string name(NameOf(at.deviation));
+        if (Shows(at)) {
+            text += "  " + name + std::string(name.size() < 4 ? 2 : 1, ' ') + CostText(at.cost) +
+                    "  " + std::string(TextOf(at.deviation)) + "\n";
+        } else {
+            others += (others.empty() ? "" : ", ") + name;
+        }
+    }
+    if (text.empty()) {
+        return "Deviations that act, none of them in the largest ratio: " + others + "\n";
+    }
+    return "Deviations that act, with what each alone adds to the standard's ratio:\n" + text +
+           (others.empty() ? "" : "  in other checks: " + others + "\n");
+}
+
 }  // namespace
 
 std::string StandardText(const StandardResult& result, const Outcome& program)
@@ -100,7 +154,7 @@ std::string StandardText(const StandardResult& result, const Outcome& program)
     const bool within = program.verdict == Verdict::within;
     const bool above = program.verdict == Verdict::above || program.verdict == Verdict::unstable;
     const bool differ = result.above ? within : above;
-    return text + (differ ? "The two verdicts differ.\n" : "");
+    return text + (differ ? "The two verdicts differ.\n" : "") + DeviationsText(result, program);
 }
 
 std::string StandardJson(const StandardResult& result)
@@ -111,7 +165,8 @@ std::string StandardJson(const StandardResult& result)
     } else {
         text += ", \"ir\": null";
     }
-    return text + ", \"checks\": " + ChecksJson(result) + ", \"outside\": " + OutsideJson(result) +
+    return text + ", \"checks\": " + ChecksJson(result) +
+           ", \"deviations\": " + DeviationsJson(result) + ", \"outside\": " + OutsideJson(result) +
            VibrationJson(result) + "}";
 }
 

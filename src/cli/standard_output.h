@@ -9,7 +9,8 @@
 
 namespace kestrum::cli {
 
-// One line for each basis: the largest ratio and what governs; `program` as it was shown.
+// One line for each basis, the largest ratio and what governs, and the deviations that act with
+// what each alone costs, largest first; `program` as it was shown.
 std::string StandardText(const standard::StandardResult& result, const Outcome& program);
 std::string StandardJson(const standard::StandardResult& result);
 

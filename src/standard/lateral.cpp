@@ -321,7 +321,10 @@ double CriticalMomentOf(const LateralCase& m, const LineExtreme& most)
         return ClosedMoment(m, most.value > 0);
     }
     if (!m.basis.departs(FormulaOf(m.s)) && m.program != nullptr) {
-        return ProgramMoment(m, most.x);
+        const double formula = ProgramMoment(m, most.x);
+        if (formula > 0) {  // else the program's pass had no control
+            return formula;
+        }
     }
     return NumericalMoment(m, std::abs(most.value));
 }

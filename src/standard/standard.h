@@ -17,15 +17,24 @@
 
 namespace kestrum::standard {
 
+// What a deviation of the program costs: the standard against the standard with it switched back.
+struct DeviationCost {
+    Dev deviation;
+    double without;  // largest ratio with the program's rule; NaN where there is no result
+    double cost;     // the standard's largest ratio less that; NaN where one of both is missing
+    bool unsafe;     // some check comes out lower by the program's rule, or is missing
+};
+
 struct StandardResult {
     bool rated = false;  // there is a result; else `outside` says why not
     Checks checks{};
-    double ir = 0;                         // largest of all checks that count
-    CheckId governing{};                   // its check
-    bool above = false;                    // the limit
-    std::vector<std::string> outside{};    // what the standard basis does not cover here
-    Deviations met{};                      // that the pass came across
-    std::optional<Vibration> vibration{};  // with modal analysis
+    double ir = 0;                            // largest of all checks that count
+    CheckId governing{};                      // its check
+    bool above = false;                       // the limit
+    std::vector<std::string> outside{};       // what the standard basis does not cover here
+    Deviations met{};                         // that the pass came across
+    std::optional<Vibration> vibration{};     // with modal analysis
+    std::vector<DeviationCost> deviations{};  // that act, largest cost first; see CalculateCosts
 };
 
 // `s` as read; it is not changed. `program`, for a basis with deviations switched back: the record

@@ -12,6 +12,7 @@ namespace {
 using nlohmann::json;
 using ::testing::HasSubstr;
 using ::testing::Not;
+using ::testing::StartsWith;
 
 class Basis : public CommandLine {};
 
@@ -33,6 +34,11 @@ TEST_F(Basis, JsonHoldsBothResults)
         governs = governs || (check["check"] == standard["check"] && check["ir"] == standard["ir"]);
     }
     EXPECT_TRUE(governs);
+    for (const json& at : standard["deviations"]) {
+        EXPECT_THAT(at["id"].get<std::string>(), StartsWith("D"));
+        EXPECT_FALSE(at["text"].get<std::string>().empty());
+        EXPECT_TRUE(at["cost"].is_number());
+    }
 }
 
 // A slender bar in bending alone: the program checks lateral torsional buckling beside compression
@@ -52,7 +58,41 @@ TEST_F(Basis, TheExitFollowsTheStandardWhereItIsAsked)
     EXPECT_THAT(said.out, HasSubstr("Rules of the program:   IR = "));
     EXPECT_THAT(said.out, HasSubstr("The two verdicts differ."));
     EXPECT_EQ(Kestrum("check a.kst").out, said.out);
+
+    const json standard = json::parse(Kestrum("check --json a.kst").out)[0]["standard"];
+    const json& first = standard["deviations"][0];
+    EXPECT_EQ(first["id"], "D229");
+    EXPECT_TRUE(first["unsafe"]);
+    EXPECT_NEAR(first["cost"], standard["ir"].get<double>() - first["without"].get<double>(),
+                1e-12);
+    EXPECT_THAT(said.out, HasSubstr("  D229 +"));
     EXPECT_THAT(Kestrum("check --basis program a.kst").out, Not(HasSubstr("as written")));
+}
+
+// A fixed HEA 200 that Q alone bends: nothing of the load cases, the section or the stability of it
+// departs, since no lateral torsional buckling is asked for.
+TEST_F(Basis, OneLineTellsThatNoDeviationActs)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --family 1 --set 'section=HEA 200' l=5 'nload[1]=0' "
+                      "'qload[1]=10' loadcomb=4 ltb=0 selfweight=0")
+                  .exit,
+              0);
+    EXPECT_THAT(Kestrum("check a.kst").out, HasSubstr("No deviation acts: both are equal.\n"));
+    const json answer = json::parse(Kestrum("check --json a.kst").out)[0];
+    EXPECT_NEAR(answer["ir"], answer["standard"]["ir"], 1e-6);
+    EXPECT_TRUE(answer["standard"]["deviations"].empty());
+}
+
+TEST_F(Basis, BatchTellsWhatDeviationsCost)
+{
+    Write("t.ndjson",
+          "{\"family\": 28, \"p28.isth\": 200, \"p28.isttw\": 10, \"l\": 6, \"ltb\": 1, "
+          "\"qload[1]\": 2, \"nload[1]\": 0, \"loadlevel\": 1}\n");
+    const json line =
+        json::parse(Kestrum("batch --json --fields ir_standard,deviations t.ndjson").out);
+    EXPECT_EQ(line["deviations"][0]["id"], "D229");
+    EXPECT_GT(line["deviations"][0]["cost"], 0.1);
+    EXPECT_THAT(Kestrum("batch --fields deviations t.ndjson").out, HasSubstr("D229 "));
 }
 
 TEST_F(Basis, BatchHasItsFields)

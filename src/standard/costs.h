@@ -1,0 +1,18 @@
+#pragma once
+
+// What each deviation of the program costs in a member: the result of the standard against that of
+// the standard with this one deviation switched back.
+
+#include "standard/standard.h"
+
+namespace kestrum::standard {
+
+// Fills `result.deviations` with those that act: some ratio differs by more than a rounding.
+// Largest cost first.
+//   project  as read
+//   result   of the standard for it
+//   program  the record after the program's own pass, or null where that pass failed
+void CalculateCosts(const Library& library, const ProjectState& project,
+                    const ProjectState* program, StandardResult& result);
+
+}  // namespace kestrum::standard
