@@ -14,6 +14,7 @@
 #include "engine/family_routines.h"
 #include "engine/new_project.h"
 #include "report/detailed_table.h"
+#include "report/outcome.h"
 #include "report/panel_text.h"
 #include "report/state_json.h"
 #include "sections/families.h"
@@ -64,7 +65,7 @@ void CalculateAndShow(const Library& library, ProjectState& s)
     const bool well = Calculate(library, s);
     Require(well != s.calculationerror, "outcome and flag differ");
     if (well && FindRoutines(s.family) != nullptr) {
-        for (const double ir : {s.irsection, s.maxirbuckling, s.deflinez.ir, s.defliney.ir}) {
+        for (const double ir : {s.irsection, s.maxirbuckling, DeflectionRatio(s)}) {
             Require(std::isfinite(ir), "a ratio is no number");
         }
         for (const float ordinate : s.mydiag) {

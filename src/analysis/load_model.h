@@ -2,7 +2,7 @@
 
 // The load table: what its rows may hold, and the command that empties chosen rows.
 
-#include "core/result_row.h"
+#include "core/literal.h"
 #include "core/state/inputs.h"
 #include "core/state/load_inputs.h"
 #include "core/state/member_inputs.h"

@@ -52,8 +52,9 @@ std::string StiffenerText(const ProjectState& s)
 
 std::string MbRdText(const ProjectState& s)
 {
-    return s.ltb == 1 && !s.ltline.empty() ? FormatNum(s.xlt * s.mltrd, " 0.0") + " kNm"
-                                           : std::string{};
+    return s.ltb == 1 && !s.checklist.row(ResultRow::lateral).empty()
+               ? FormatNum(s.xlt * s.mltrd, " 0.0") + " kNm"
+               : std::string{};
 }
 
 std::string C1Text(const ProjectState& s)

@@ -1,9 +1,9 @@
 #include "app/view_panel.h"
 
+#include "core/check_text.h"
 #include "report/panel.h"
 
-#include <algorithm>
-#include <initializer_list>
+#include <span>
 
 namespace kestrum {
 
@@ -11,12 +11,13 @@ namespace {
 
 using Lines = std::vector<std::optional<double>>;
 
-void AddRows(Lines& lines, std::initializer_list<const ResultRow*> rows, float limit)
+void AddRows(Lines& lines, const ProjectState& s, std::span<const ResultRow> rows)
 {
-    for (const ResultRow* const row : rows) {
-        if (!row->empty()) {
-            lines.push_back(row->judged && limit > 0 ? std::optional(row->ir / limit)
-                                                     : std::nullopt);
+    for (const ResultRow row : rows) {
+        if (const Check& check = s.checklist.row(row); !check.empty()) {
+            lines.push_back(IsJudged(check) && s.irlimit > 0
+                                ? std::optional(check.ratio / s.irlimit)
+                                : std::nullopt);
         }
     }
 }
@@ -26,18 +27,18 @@ void AddRows(Lines& lines, std::initializer_list<const ResultRow*> rows, float l
 Lines PanelUtilisation(const ProjectState& s)
 {
     Lines lines{std::nullopt};
-    AddRows(lines, {&s.secline[1], &s.secline[2], &s.secline[3]}, s.irlimit);
-    const auto add_block = [&](std::initializer_list<const ResultRow*> rows) {
-        if (std::any_of(rows.begin(), rows.end(), [](const auto* row) { return !row->empty(); })) {
+    AddRows(lines, s, kSectionRows);
+    const auto add_block = [&](std::span<const ResultRow> rows) {
+        if (s.checklist.any(rows)) {
             lines.push_back(std::nullopt);
-            AddRows(lines, rows, s.irlimit);
+            AddRows(lines, s, rows);
         }
     };
     if (HasBuckleBlock(s.family)) {
-        add_block({&s.yline, &s.zline, &s.ltline});
+        add_block(kBucklingRows);
     }
     if (s.checksls != kFalse) {
-        add_block({&s.deflinez, &s.defliney});
+        add_block(kDeflectionRows);
     }
     return lines;
 }

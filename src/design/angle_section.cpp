@@ -90,7 +90,7 @@ struct PointMoment {
 
 // Utilisation at one point.
 struct PointRatio {
-    int point;
+    i16 point;
     double n;                   // -NEd/NRd
     PointMoment first, second;  // about y or u, about z or v
     bool single;  // the point lies on the first axis, so that only the second moment stresses it
@@ -111,27 +111,27 @@ PointRatio Governing(const std::array<PointRatio, 3>& points)
     return most;
 }
 
-void TakePoint(const Inputs& in, const Forces& forces, SectionChecks& checks, int row,
-               const PointRatio& point, Literal label, double x)
+void TakePoint(const Inputs& in, const Forces& forces, SectionChecks& checks, CheckId id,
+               CheckForm form, const PointRatio& point, double x)
 {
-    if (!(point.ir() > RowRatio(checks, row))) {
+    Check* const check = TakeCheck(in, checks, id, point.ir());
+    if (check == nullptr) {
         return;
     }
-    ResultRow& taken = TakeRow(in, checks, row, point.ir());
-    taken.label[0] = label;
     // Behind the terms the signs with which they add up to the ratio, for the reader.
     const double side = point.Sum() < 0 ? -1 : 1;
     const PointMoment &one = point.first, &two = point.second;
     if (point.single) {
-        taken.calculation[0] = "{F}/{F}+{F}/{F} = ";
-        taken.number = {forces.ned, checks.nrdint, two.m, two.r, -side, side * two.sign};
+        FillAtSection(*check, CheckForm::heel,
+                      {forces.ned, checks.nrdint, two.m, two.r, -side, side * two.sign}, x);
     } else {
-        taken.calculation[0] = "{F}/{F}+{F}/{F}+{F}/{F} = ";
-        taken.number = {forces.ned, checks.nrdint, one.m,           one.r,          two.m,
-                        two.r,      -side,         side * one.sign, side * two.sign};
+        FillAtSection(*check, form,
+                      {forces.ned, checks.nrdint, one.m, one.r, two.m, two.r, -side,
+                       side * one.sign, side * two.sign},
+                      x);
     }
-    taken.limit[0] = " ({r}L, point: {i}, Ch 6.2.1)";
-    taken.place = {x, static_cast<double>(point.point)};
+    check->place.kind = CheckPlace::Kind::point;
+    check->place.number = point.point;
 }
 
 // Row 1.
@@ -148,8 +148,7 @@ void ControlGeometricAxes(const Inputs& in, const Resistances& resistances, cons
         {2, n, {my, -1, resistances.mry2}, {mz, -1, resistances.mrz1}, false},
         {3, n, {my, -1, resistances.mry2}, {mz, 1, resistances.mrz2}, false},
     }};
-    TakePoint(in, forces, checks, 1, Governing(points),
-              "IR = NEd/NRd+My,Ed/My,Rd+Mz,Ed/Mz,Rd = ", x);
+    TakePoint(in, forces, checks, CheckId::leg_axes, CheckForm::leg_axes, Governing(points), x);
 }
 
 // Row 2, 6.2.1 (5).
@@ -166,23 +165,16 @@ void ControlPrincipalAxes(const Inputs& in, const SectionRecord& section,
         {2, n, {mu, 1, resistances.mru[2]}, {mv, -1, resistances.mrv[2]}, heel},
         {3, n, {mu, 1, resistances.mru[3]}, {mv, 1, resistances.mrv[3]}, false},
     }};
-    TakePoint(in, forces, checks, 2, Governing(points),
-              "IR = NEd/NRd+Mu,Ed/Mu,Rd+Mv,Ed/Mv,Rd = ", x);
+    TakePoint(in, forces, checks, CheckId::principal_axes, CheckForm::principal_axes,
+              Governing(points), x);
 }
 
-void TakeShear(const Inputs& in, SectionChecks& checks, Literal label, double v, double resistance,
-               double x)
+void TakeShear(const Inputs& in, SectionChecks& checks, CheckId id, CheckForm form, double v,
+               double resistance, double x)
 {
-    const double ir = v / resistance;
-    if (!(ir > checks.irrow3)) {
-        return;
+    if (Check* const check = TakeCheck(in, checks, id, v / resistance)) {
+        FillAtSection(*check, form, {v, resistance}, x);
     }
-    ResultRow& row = TakeRow(in, checks, 3, ir);
-    row.label[0] = label;
-    row.calculation[0] = "{F}/{F} = ";
-    row.number = {v, resistance};
-    row.limit[0] = " ({r}L; Ch 6.2.6)";
-    row.place[0] = x;
 }
 
 }  // namespace
@@ -221,8 +213,8 @@ void ControlAngle(const Inputs& in, SectionRecord& section, Resistances& resista
         checks.vyed = std::abs(forces.vysec[index]);
         ControlGeometricAxes(in, resistances, forces, checks, n, x);
         ControlPrincipalAxes(in, section, resistances, forces, checks, n, x);
-        TakeShear(in, checks, "IR = Vz,Ed/Vz,Rd = ", checks.vzed, resistances.vzrd, x);
-        TakeShear(in, checks, "IR = Vy,Ed/Vy,Rd = ", checks.vyed, resistances.vyrd, x);
+        TakeShear(in, checks, CheckId::vz, CheckForm::vz, checks.vzed, resistances.vzrd, x);
+        TakeShear(in, checks, CheckId::vy, CheckForm::vy, checks.vyed, resistances.vyrd, x);
     }
     CloseSectionRows(checks);
 }

@@ -64,18 +64,11 @@ void ControlMoment(const Inputs& in, const SectionRecord& section, const Resista
     checks.myrdv = ReducedMoment(in, section, resistances, checks,
                                  checks.mysigned > 0 ? section.classmytop : section.classmybot) *
                    factor;
-    const double ir = checks.myed / checks.myrdv;
-    if (!(ir > checks.irrow1)) {
-        return;
+    if (Check* const check = TakeCheck(in, checks, CheckId::my, checks.myed / checks.myrdv)) {
+        const bool reduced = checks.vzed > 0.5 * resistances.vzrd;
+        FillAtSection(*check, reduced ? CheckForm::my_shear : CheckForm::my,
+                      {checks.myed, checks.myrdv}, x);
     }
-    const bool reduced = checks.vzed > 0.5 * resistances.vzrd;
-    ResultRow& row = TakeRow(in, checks, 1, ir);
-    row.label[0] = reduced ? Literal("IR = My,Ed/MV,y,Rd = ") : Literal("IR = My,Ed/My,Rd = ");
-    row.calculation[0] = "{F}/{F} = ";
-    row.number[0] = checks.myed;
-    row.number[1] = checks.myrdv;
-    row.limit[0] = reduced ? Literal(" ({r}L; Ch 6.2.8)") : Literal(" ({r}L; Ch 6.2.5)");
-    row.place[0] = x;
 }
 
 }  // namespace

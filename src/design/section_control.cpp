@@ -10,15 +10,10 @@ namespace kestrum {
 
 namespace {
 
-double& Ratio(SectionChecks& checks, int row)
+double& Ratio(SectionChecks& checks, ResultRow row)
 {
     double* const ratios[] = {&checks.irrow1, &checks.irrow2, &checks.irrow3};
-    return *ratios[CheckedIndex(row - 1, 3)];
-}
-
-void SetNumbers(ResultRow& row, std::initializer_list<double> numbers)
-{
-    std::copy(numbers.begin(), numbers.end(), row.number.begin());
+    return *ratios[static_cast<std::size_t>(row)];
 }
 
 // The walk at one check section.
@@ -74,15 +69,14 @@ struct Section {
         return routines.class_z(in, section, checks, F32(forces.ned), F32(checks.mzed));
     }
 
-    // The row to fill when `ir` governs it, else null.
-    ResultRow* Governs(int row, double ir) const
+    // Takes the check with what the shear force reduces in it.
+    void Take(CheckId id, double ir, CheckForm form, std::initializer_list<double> terms) const
     {
-        if (!(ir > RowRatio(checks, row))) {
-            return nullptr;
+        if (Check* const check = TakeCheck(in, checks, id, ir)) {
+            FillAtSection(*check, form, terms, x);
+            check->shear_z = ShearAboveHalfZ();
+            check->shear_y = ShearAboveHalfY();
         }
-        ResultRow& taken = TakeRow(in, checks, row, ir);
-        taken.place[0] = x;
-        return &taken;
     }
 };
 
@@ -90,34 +84,18 @@ struct Section {
 void ControlMy(const Section& at)
 {
     at.ReduceMy(at.section.classmy);
-    if (ResultRow* row = at.Governs(1, at.checks.myed / at.checks.myrdv)) {
-        if (at.ShearFromHalfZ()) {
-            row->label[0] = "IR = My,Ed/MV,y,Rd = ";
-            row->limit[0] = " ({r}L; Ch 6.2.8)";
-        } else {
-            row->label[0] = "IR = My,Ed/My,Rd = ";
-            row->limit[0] = " ({r}L; Ch 6.2.5)";
-        }
-        row->calculation[0] = "{F}/{F} = ";
-        SetNumbers(*row, {at.checks.myed, at.checks.myrdv});
-    }
+    at.Take(CheckId::my, at.checks.myed / at.checks.myrdv,
+            at.ShearFromHalfZ() ? CheckForm::my_shear : CheckForm::my,
+            {at.checks.myed, at.checks.myrdv});
 }
 
 // Bending about z alone.
 void ControlMz(const Section& at)
 {
     at.ReduceMz(at.section.classmz);
-    if (ResultRow* row = at.Governs(1, at.checks.mzed / at.checks.mzrdv)) {
-        if (at.ShearFromHalfY()) {
-            row->label[0] = "IR = Mz,Ed/MV,z,Rd = ";
-            row->limit[0] = " ({r}L; Ch 6.2.8)";
-        } else {
-            row->label[0] = "IR = Mz,Ed/Mz,Rd = ";
-            row->limit[0] = " ({r}L; Ch 6.2.5)";
-        }
-        row->calculation[0] = "{F}/{F} = ";
-        SetNumbers(*row, {at.checks.mzed, at.checks.mzrdv});
-    }
+    at.Take(CheckId::mz, at.checks.mzed / at.checks.mzrdv,
+            at.ShearFromHalfY() ? CheckForm::mz_shear : CheckForm::mz,
+            {at.checks.mzed, at.checks.mzrdv});
 }
 
 // Bending about both axes without axial force, 6.2.9.1 (6) or the linear sum of 6.2.1 (7). The
@@ -127,30 +105,17 @@ void ControlMyMz(const Section& at)
     at.ReduceMy(at.section.classmy);
     at.ReduceMz(at.section.classmz);
     if (at.Plastic(at.section.classmy, at.section.classmz)) {
-        const double ir = std::pow(at.checks.myed / at.checks.myrdv, at.checks.alfaexp) +
-                          std::pow(at.checks.mzed / at.checks.mzrdv, at.checks.betaexp);
-        if (ResultRow* row = at.Governs(2, ir)) {
-            row->label[0] = at.ShearAboveHalfZ() ? Literal("IR = [My,Ed/MV,y,Rd]^alfa")
-                                                 : Literal("IR = [My,Ed/My,Rd]^alfa");
-            row->label[1] = at.ShearAboveHalfY() ? Literal(" + [Mz,Ed/MV,z,Rd]^beta = ")
-                                                 : Literal(" + [Mz,Ed/Mz,Rd]^beta = ");
-            row->calculation[0] = "[{F}/{F}]^{R}+({F}/{F})^{R} = ";
-            SetNumbers(*row, {at.checks.myed, at.checks.myrdv, at.checks.alfaexp, at.checks.mzed,
-                              at.checks.mzrdv, at.checks.betaexp});
-            row->limit[0] = " ({r}L; Ch 6.2.5/6.2.9)";
-        }
+        at.Take(CheckId::my_mz,
+                std::pow(at.checks.myed / at.checks.myrdv, at.checks.alfaexp) +
+                    std::pow(at.checks.mzed / at.checks.mzrdv, at.checks.betaexp),
+                CheckForm::my_mz_plastic,
+                {at.checks.myed, at.checks.myrdv, at.checks.alfaexp, at.checks.mzed,
+                 at.checks.mzrdv, at.checks.betaexp});
         return;
     }
-    if (ResultRow* row =
-            at.Governs(2, at.checks.myed / at.checks.myrdv + at.checks.mzed / at.checks.mzrdv)) {
-        row->label[0] =
-            at.ShearAboveHalfZ() ? Literal("IR = My,Ed/MV,y,Rd") : Literal("IR = My,Ed/My,Rd");
-        row->label[1] =
-            at.ShearAboveHalfY() ? Literal(" + Mz,Ed/MV,z,Rd = ") : Literal(" + Mz,Ed/Mz,Rd = ");
-        row->calculation[0] = "{F}/{F}+{F}/{F} = ";
-        SetNumbers(*row, {at.checks.myed, at.checks.myrdv, at.checks.mzed, at.checks.mzrdv});
-        row->limit[0] = " ({r}L; Ch 6.2.1)";
-    }
+    at.Take(CheckId::my_mz, at.checks.myed / at.checks.myrdv + at.checks.mzed / at.checks.mzrdv,
+            CheckForm::my_mz_linear,
+            {at.checks.myed, at.checks.myrdv, at.checks.mzed, at.checks.mzrdv});
 }
 
 // Axial force with bending about y, 6.2.9, with the class of both together.
@@ -160,23 +125,14 @@ void ControlNMy(const Section& at)
     at.ReduceMy(cls);
     if (at.Plastic(cls, 1)) {
         at.routines.reduce_mny(at.in, at.section, at.resistances, at.forces, at.checks);
-        if (ResultRow* row = at.Governs(2, at.checks.myed / at.checks.mnyrd)) {
-            row->label[0] = at.ShearAboveHalfZ() ? Literal("IR = My,Ed/MVN,y,Rd = ")
-                                                 : Literal("IR = My,Ed/MN,y,Rd = ");
-            row->calculation[0] = "{F}/{F} = ";
-            SetNumbers(*row, {at.checks.myed, at.checks.mnyrd});
-            row->limit[0] = " ({r}L; Ch 6.2.9)";
-        }
+        at.Take(CheckId::n_my, at.checks.myed / at.checks.mnyrd, CheckForm::n_my_plastic,
+                {at.checks.myed, at.checks.mnyrd});
         return;
     }
-    if (ResultRow* row = at.Governs(2, std::abs(at.forces.ned / at.checks.nrdint) +
-                                           at.checks.myed / at.checks.myrdv)) {
-        row->label[0] = at.ShearAboveHalfZ() ? Literal("IR = NEd/NRd+My,Ed/MV,y,Rd = ")
-                                             : Literal("IR = NEd/NRd+My,Ed/My,Rd = ");
-        row->calculation[0] = "{F}/{F}+{F}/{F} = ";
-        SetNumbers(*row, {at.forces.ned, at.checks.nrdint, at.checks.myed, at.checks.myrdv});
-        row->limit[0] = " ({r}L; Ch 6.2.1/6.2.9)";
-    }
+    at.Take(CheckId::n_my,
+            std::abs(at.forces.ned / at.checks.nrdint) + at.checks.myed / at.checks.myrdv,
+            CheckForm::n_my_linear,
+            {at.forces.ned, at.checks.nrdint, at.checks.myed, at.checks.myrdv});
 }
 
 // Axial force with bending about z.
@@ -186,23 +142,14 @@ void ControlNMz(const Section& at)
     at.ReduceMz(cls);
     if (at.Plastic(1, cls)) {
         at.routines.reduce_mnz(at.in, at.section, at.resistances, at.forces, at.checks);
-        if (ResultRow* row = at.Governs(2, at.checks.mzed / at.checks.mnzrd)) {
-            row->label[0] = at.ShearAboveHalfY() ? Literal("IR = Mz,Ed/MVN,z,Rd = ")
-                                                 : Literal("IR = Mz,Ed/MN,z,Rd = ");
-            row->calculation[0] = "{F}/{F} = ";
-            SetNumbers(*row, {at.checks.mzed, at.checks.mnzrd});
-            row->limit[0] = " ({r}L; Ch 6.2.9)";
-        }
+        at.Take(CheckId::n_mz, at.checks.mzed / at.checks.mnzrd, CheckForm::n_mz_plastic,
+                {at.checks.mzed, at.checks.mnzrd});
         return;
     }
-    if (ResultRow* row = at.Governs(2, std::abs(at.forces.ned / at.checks.nrdint) +
-                                           at.checks.mzed / at.checks.mzrdv)) {
-        row->label[0] = at.ShearAboveHalfY() ? Literal("IR = NEd/NRd+Mz,Ed/MV,z,Rd = ")
-                                             : Literal("IR = NEd/NRd+Mz,Ed/Mz,Rd = ");
-        row->calculation[0] = "{F}/{F}+{F}/{F} = ";
-        SetNumbers(*row, {at.forces.ned, at.checks.nrdint, at.checks.mzed, at.checks.mzrdv});
-        row->limit[0] = " ({r}L; Ch 6.2.1/6.2.9)";
-    }
+    at.Take(CheckId::n_mz,
+            std::abs(at.forces.ned / at.checks.nrdint) + at.checks.mzed / at.checks.mzrdv,
+            CheckForm::n_mz_linear,
+            {at.forces.ned, at.checks.nrdint, at.checks.mzed, at.checks.mzrdv});
 }
 
 // Axial force with bending about both axes.
@@ -215,35 +162,20 @@ void ControlNMyMz(const Section& at)
     if (at.Plastic(classy, classz)) {
         at.routines.reduce_mny(at.in, at.section, at.resistances, at.forces, at.checks);
         at.routines.reduce_mnz(at.in, at.section, at.resistances, at.forces, at.checks);
-        const double ir = std::pow(at.checks.myed / at.checks.mnyrd, at.checks.alfaexp) +
-                          std::pow(std::abs(at.checks.mzed / at.checks.mnzrd), at.checks.betaexp);
-        if (ResultRow* row = at.Governs(2, ir)) {
-            row->label[0] = at.ShearAboveHalfZ() ? Literal("IR = (My,Ed/MVN,y,Rd)^alfa ")
-                                                 : Literal("IR = (My,Ed/MN,y,Rd)^alfa ");
-            row->label[1] = at.ShearAboveHalfY() ? Literal(" + (Mz,Ed/MVN,z,Rd)^beta = ")
-                                                 : Literal(" + (Mz,Ed/MN,z,Rd)^beta = ");
-            // {F} also gives the one decimal of the tube's exponents.
-            row->calculation[0] = at.routines.tube_exponents
-                                      ? Literal("({F}/{F})^{F}+({F}/{F})^{F} = ")
-                                      : Literal("({F}/{F})^{R}+({F}/{F})^{R} = ");
-            SetNumbers(*row, {at.checks.myed, at.checks.mnyrd, at.checks.alfaexp, at.checks.mzed,
-                              at.checks.mnzrd, at.checks.betaexp});
-            row->limit[0] = " ({r}L; Ch 6.2.9)";
-        }
+        at.Take(CheckId::n_my_mz,
+                std::pow(at.checks.myed / at.checks.mnyrd, at.checks.alfaexp) +
+                    std::pow(std::abs(at.checks.mzed / at.checks.mnzrd), at.checks.betaexp),
+                at.routines.tube_exponents ? CheckForm::n_my_mz_tube : CheckForm::n_my_mz_plastic,
+                {at.checks.myed, at.checks.mnyrd, at.checks.alfaexp, at.checks.mzed,
+                 at.checks.mnzrd, at.checks.betaexp});
         return;
     }
-    const double ir = std::abs(at.forces.ned / at.checks.nrdint) +
-                      at.checks.myed / at.checks.myrdv + at.checks.mzed / at.checks.mzrdv;
-    if (ResultRow* row = at.Governs(2, ir)) {
-        row->label[0] = at.ShearAboveHalfZ() ? Literal("IR = NEd/NRd+My,Ed/MV,y,Rd")
-                                             : Literal("IR = NEd/NRd+My,Ed/My,Rd");
-        row->label[1] =
-            at.ShearAboveHalfY() ? Literal("+Mz,Ed/MV,z,Rd = ") : Literal("+Mz,Ed/Mz,Rd = ");
-        row->calculation[0] = "{F}/{F}+{F}/{F}+{F}/{F} = ";
-        SetNumbers(*row, {at.forces.ned, at.checks.nrdint, at.checks.myed, at.checks.myrdv,
-                          at.checks.mzed, at.checks.mzrdv});
-        row->limit[0] = " ({r}L; Ch 6.2.1/6.2.9)";
-    }
+    at.Take(CheckId::n_my_mz,
+            std::abs(at.forces.ned / at.checks.nrdint) + at.checks.myed / at.checks.myrdv +
+                at.checks.mzed / at.checks.mzrdv,
+            CheckForm::n_my_mz_linear,
+            {at.forces.ned, at.checks.nrdint, at.checks.myed, at.checks.myrdv, at.checks.mzed,
+             at.checks.mzrdv});
 }
 
 void TakeForces(const Forces& forces, SectionChecks& checks, std::size_t k, bool y_only)
@@ -259,30 +191,33 @@ void TakeForces(const Forces& forces, SectionChecks& checks, std::size_t k, bool
 
 void ClearSectionRows(SectionChecks& checks)
 {
-    checks.secline = {};
-    for (std::size_t row = 1; row < checks.secline.size(); ++row) {
-        checks.secline[row].status = kWithin;
-    }
+    checks.checklist.Clear<ResultRow::single, ResultRow::shear>();
     checks.irrow1 = checks.irrow2 = checks.irrow3 = 0;
     checks.irrow4 = checks.irrow5 = checks.irrow6 = 0;
     checks.irsection = 0;
 }
 
-ResultRow& TakeRow(const Inputs& in, SectionChecks& checks, int row, double ir)
+Check* TakeCheck(const Inputs& in, SectionChecks& checks, CheckId id, double ir)
 {
-    Ratio(checks, row) = ir;
-    ResultRow& taken = checks.secline[CheckedIndex(row, checks.secline.size())];
-    taken = {};
-    taken.ir = ir;
-    taken.judged = true;
-    taken.status = ir > in.irlimit ? kAbove : kWithin;
-    return taken;
+    Check& check = checks.checklist[id];
+    if (!(ir > check.ratio)) {
+        return nullptr;
+    }
+    if (double& row = Ratio(checks, RowOf(id)); ir > row) {
+        row = ir;
+        checks.checklist.Govern(id);
+    }
+    check = {};
+    check.ratio = ir;
+    check.status = StatusOf(ir, in.irlimit);
+    return &check;
 }
 
-double RowRatio(const SectionChecks& checks, int row)
+void FillAtSection(Check& check, CheckForm form, std::initializer_list<double> terms, double x)
 {
-    const double ratios[] = {checks.irrow1, checks.irrow2, checks.irrow3};
-    return ratios[CheckedIndex(row - 1, 3)];
+    check.form = form;
+    check.place = {.kind = CheckPlace::Kind::section, .x = x};
+    std::copy(terms.begin(), terms.end(), check.terms.begin());
 }
 
 void CloseSectionRows(SectionChecks& checks)
@@ -298,19 +233,14 @@ void ControlAxial(const Inputs& in, const Resistances& resistances, const Forces
     }
     const bool tension = forces.ned < 0;
     const double resistance = tension ? resistances.nplrd : resistances.ncrd;
-    const double ir = std::abs(forces.ned / resistance);
-    if (!(ir > checks.irrow1)) {
+    Check* const check = TakeCheck(in, checks, CheckId::n, std::abs(forces.ned / resistance));
+    if (check == nullptr) {
         return;
     }
-    ResultRow& row = TakeRow(in, checks, 1, ir);
-    row.label[0] = "IR = NEd/NRd = ";
-    row.calculation[0] = "{F}/{F} = ";
-    SetNumbers(row, {forces.ned, resistance});
-    if (placed) {
-        row.limit[0] = tension ? Literal(" ({r}L; Ch 6.2.3)") : Literal(" ({r}L; Ch 6.2.4)");
-        row.place[0] = forces.xi[0];
-    } else {
-        row.limit[0] = tension ? Literal(" (Ch 6.2.3)") : Literal(" (Ch 6.2.4)");
+    FillAtSection(*check, tension ? CheckForm::tension : CheckForm::compression,
+                  {forces.ned, resistance}, forces.xi[0]);
+    if (!placed) {
+        check->place = {};
     }
 }
 
@@ -319,25 +249,16 @@ void ControlShear(const Inputs& in, const Resistances& resistances, const Forces
 {
     const double x = forces.xi[CheckedIndex(k, forces.xi.size())];
     if (checks.vzed != 0) {
-        const double ir = checks.vzed / resistances.vbrd;
-        if (ir > checks.irrow3) {
-            ResultRow& row = TakeRow(in, checks, 3, ir);
-            row.label[0] = "IR = Vz,Ed/Vz,Rd = ";
-            row.calculation[0] = "{F}/{F} = ";
-            SetNumbers(row, {checks.vzed, resistances.vbrd});
-            row.limit = {" ({r}L; Ch 6.2.6", checks.shearnote};
-            row.place[0] = x;
+        if (Check* const check =
+                TakeCheck(in, checks, CheckId::vz, checks.vzed / resistances.vbrd)) {
+            FillAtSection(*check, CheckForm::vz, {checks.vzed, resistances.vbrd}, x);
+            check->note = checks.shearnote;
         }
     }
     if (checks.vyed != 0) {
-        const double ir = checks.vyed / resistances.vcyrd;
-        if (ir > checks.irrow3) {
-            ResultRow& row = TakeRow(in, checks, 3, ir);
-            row.label[0] = "IR = Vy,Ed/Vy,Rd = ";
-            row.calculation[0] = "{F}/{F} = ";
-            SetNumbers(row, {checks.vyed, resistances.vcyrd});
-            row.limit[0] = " ({r}L; Ch 6.2.6)";
-            row.place[0] = x;
+        if (Check* const check =
+                TakeCheck(in, checks, CheckId::vy, checks.vyed / resistances.vcyrd)) {
+            FillAtSection(*check, CheckForm::vy, {checks.vyed, resistances.vcyrd}, x);
         }
     }
 }

@@ -1,29 +1,31 @@
 #pragma once
 
-// Section control, EN 1993-1-1, 6.2: walks the check sections of the member and keeps, for each of
-// the three result rows, the highest utilisation ratio with its text. Row 1 holds single actions
-// (N, My, Mz), row 2 their combinations, row 3 shear. The walk is the same for most families; what
-// differs stands in `SectionRoutines`.
+// Section control, EN 1993-1-1, 6.2: walks the check sections of the member and keeps the highest
+// utilisation ratio of each check, and of each of the three rows of the answer. Row 1 holds single
+// actions (N, My, Mz), row 2 their combinations, row 3 shear. The walk is the same for most
+// families; what differs stands in `SectionRoutines`.
 
-#include "core/result_row.h"
+#include "core/check.h"
 #include "core/state/forces.h"
 #include "core/state/inputs.h"
 #include "core/state/resistances.h"
 #include "core/state/section_checks.h"
 #include "core/state/section_record.h"
 
+#include <initializer_list>
+
 namespace kestrum {
 
 // Clears the section rows, irrow1..6 and irsection. Colours after it: within the limit.
 void ClearSectionRows(SectionChecks& checks);
 
-// Row 1..3 of the section control takes a new governing value: ratio and status are set, all texts
-// and numbers cleared, for the caller to fill. Call it only when `ir` is above the row's present
-// value.
-ResultRow& TakeRow(const Inputs& in, SectionChecks& checks, int row, double ir);
+// Takes the ratio of a section check into the list when it is the largest of its check so far, and
+// its row when it is the largest there: the check with ratio and status, all else cleared, for the
+// caller to fill. Null when it is not.
+Check* TakeCheck(const Inputs& in, SectionChecks& checks, CheckId id, double ir);
 
-// The present ratio of row 1..3.
-double RowRatio(const SectionChecks& checks, int row);
+// Form and terms of a check at the section x/L.
+void FillAtSection(Check& check, CheckForm form, std::initializer_list<double> terms, double x);
 
 // irsection, the largest of the three rows.
 void CloseSectionRows(SectionChecks& checks);

@@ -120,7 +120,8 @@ void DeflectionStep(ProjectState& s)
     Enter(s, Stage::deflection);
     DeflectionControl(s, s, s);
     CheckTrap();
-    RequireFinite({{"deflinez", s.deflinez.ir}, {"defliney", s.defliney.ir}});
+    RequireFinite({{"deflinez", s.checklist.row(ResultRow::deflection_z).ratio},
+                   {"defliney", s.checklist.row(ResultRow::deflection_y).ratio}});
 }
 
 void ModalStep(ProjectState& s)

@@ -6,10 +6,10 @@
 
 namespace kestrum {
 
-// In: the section record, resistances and internal forces. Out: secline, irrow1..6, irsection,
-// yline, zline, ltline, maxirbuckling, ltc1..3; errorflag -1 when the axial force exceeds an
-// elastic critical force. Clears them all first, so that nothing of an earlier pass is left where a
-// family has no such control.
+// In: the section record, resistances and internal forces. Out: the checks of section and
+// member, irrow1..6, irsection, maxirbuckling, ltc1..3; errorflag -1 when the axial force exceeds
+// an elastic critical force. Clears them all first, so that nothing of an earlier pass is left
+// where a family has no such control.
 void CalcControl(ProjectState& s);
 
 // Its three steps. The section control may run several times, for check sections with an axial

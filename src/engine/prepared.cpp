@@ -39,31 +39,35 @@ void Stop(ProjectState& s, const CalculationStop& stop)
     s.calculationerror = true;
 }
 
-// The rows of the check sections so far.
+constexpr std::size_t kSectionEnd = FirstCheckOf(static_cast<std::size_t>(ResultRow::buckling_y));
+
+// The section checks of the sections so far.
 struct Kept {
-    std::array<ResultRow, 3> row;
-    std::array<double, 3> ratio{};
+    CheckList list;
+    std::array<double, 3> ratio{};  // of the rows
 };
 
 void Keep(const ProjectState& s, Kept& kept)
 {
+    for (std::size_t id = 1; id < kSectionEnd; ++id) {
+        if (s.checklist.checks[id].ratio > kept.list.checks[id].ratio) {
+            kept.list.checks[id] = s.checklist.checks[id];
+        }
+    }
     const std::array<double, 3> ratio = {s.irrow1, s.irrow2, s.irrow3};
     for (std::size_t i = 0; i < ratio.size(); ++i) {
-        if (ratio[i] > kept.ratio[i] || (kept.row[i].empty() && !s.secline[i + 1].empty())) {
+        if (ratio[i] > kept.ratio[i]) {
             kept.ratio[i] = ratio[i];
-            kept.row[i] = s.secline[i + 1];
+            kept.list.Govern(s.checklist.governs(kSectionRows[i]));
         }
     }
 }
 
 void TakeKept(const Kept& kept, ProjectState& s)
 {
-    for (std::size_t i = 0; i < kept.row.size(); ++i) {
-        s.secline[i + 1] = kept.row[i];
-        if (kept.row[i].empty()) {
-            s.secline[i + 1].status = kWithin;
-        }
-    }
+    ClearSectionRows(s);
+    std::copy_n(kept.list.checks.begin(), kSectionEnd, s.checklist.checks.begin());
+    std::copy_n(kept.list.governing.begin(), kept.ratio.size(), s.checklist.governing.begin());
     s.irrow1 = kept.ratio[0];
     s.irrow2 = kept.ratio[1];
     s.irrow3 = kept.ratio[2];

@@ -272,7 +272,7 @@ void CheckRow(const ProjectState& s, const Library* library, Findings& in)
 }
 
 // What the section form holds. Whether the parts fit together is seen in the section itself.
-void CheckForm(const ProjectState& s, std::string_view form, Findings& in)
+void CheckBoxesOfForm(const ProjectState& s, std::string_view form, Findings& in)
 {
     for (const Field& field : FieldsOfForm(form)) {
         const std::string_view box = field.name.substr(form.size() + 1);
@@ -327,7 +327,7 @@ InputFaults Validate(const ProjectState& s, const Library* library)
     CheckPoints(s, in);
     CheckRow(s, library, in);
     CheckOptions(s, in);
-    CheckForm(s, Traits(s).form, in);
+    CheckBoxesOfForm(s, Traits(s).form, in);
     return in.faults();
 }
 

@@ -46,7 +46,7 @@ bool BendsAboutZ(const ProjectState& s)
 
 bool LateralControlled(const ProjectState& s)
 {
-    return s.ltb == 1 && !s.ltline.empty();
+    return s.ltb == 1 && !s.checklist.row(ResultRow::lateral).empty();
 }
 
 bool WebBucklesInShear(const ProjectState& s)

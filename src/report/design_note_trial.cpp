@@ -21,12 +21,12 @@ constexpr TrialRatios kNoEnd{{kUnbounded, kUnbounded, kUnbounded},
 
 TrialRatios RatiosOf(const ProjectState& s)
 {
-    const auto deflection = [&s](const ResultRow& row) {
-        return s.checksls != kFalse && s.loadmode == 1 && !row.empty() ? row.ir : 0;
+    const auto deflection = [&s](ResultRow row) {
+        return s.checksls != kFalse && s.loadmode == 1 ? s.checklist.row(row).ratio : 0;
     };
     return {{s.irrow1, s.irrow2, s.irrow3},
             {s.irrow4, s.irrow5, s.irrow6, s.maxirbuckling},
-            {deflection(s.deflinez), deflection(s.defliney)}};
+            {deflection(ResultRow::deflection_z), deflection(ResultRow::deflection_y)}};
 }
 
 // Runs `work` under the arithmetic trap; a failure, or an axial force above an elastic critical

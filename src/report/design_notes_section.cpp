@@ -447,7 +447,8 @@ constexpr NoteRule kSections[] = {
      "10 and 14 eps."},
     {"D196",
      [](const ProjectState& s) {
-         return Is(s, Kind::plate) && s.ltb == 1 && !s.ltline.empty() && s.mydesignf < 0;
+         return Is(s, Kind::plate) && s.ltb == 1 && !s.checklist.row(ResultRow::lateral).empty() &&
+                s.mydesignf < 0;
      },
      "The critical moment is that of a stiffener tripping about a root that the plate holds in "
      "place."},

@@ -31,7 +31,8 @@ bool Interacts(const ProjectState& s)
 // The flexural curves of 6.3.1 are in use, and at least one was chosen by the table.
 bool AutomaticCurve(const ProjectState& s)
 {
-    return s.ned > 0 && !s.yline.empty() && (s.bcy == 0 || s.bcz == 0);
+    return s.ned > 0 && !s.checklist.row(ResultRow::buckling_y).empty() &&
+           (s.bcy == 0 || s.bcz == 0);
 }
 
 double FlexuralMinimum(const ProjectState& s)
@@ -41,7 +42,8 @@ double FlexuralMinimum(const ProjectState& s)
 
 bool TorsionWouldGovern(const ProjectState& s)
 {
-    if (s.openprofile != kTrue || Is(s, Kind::plate) || !(s.ned > 0) || s.yline.empty()) {
+    if (s.openprofile != kTrue || Is(s, Kind::plate) || !(s.ned > 0) ||
+        s.checklist.row(ResultRow::buckling_y).empty()) {
         return false;
     }
     const TorsionalForces own = OwnTorsionalForces(s);
@@ -153,7 +155,7 @@ constexpr NoteRule kStability[] = {
      [](const ProjectState& s) {
          constexpr double kCurveC = 0.49;
          return Is(s, Kind::channel) && Traits(s).design.curves == FlexuralCurves::none &&
-                s.ned > 0 && !s.yline.empty() &&
+                s.ned > 0 && !s.checklist.row(ResultRow::buckling_y).empty() &&
                 ((s.bcy == 0 && s.alphay < kCurveC) || (s.bcz == 0 && s.alphaz < 0.49f));
      },
      "The automatic buckling curve of British channels is not set anew; choose curve c for both "
@@ -239,7 +241,8 @@ constexpr NoteRule kStability[] = {
     {"D230",
      [](const ProjectState& s) {
          const bool shifts = Is(s, Kind::channel, Kind::angle, Kind::i_single, Kind::tee);
-         return shifts && s.classn == 4 && s.ned > 0 && !s.yline.empty();
+         return shifts && s.classn == 4 && s.ned > 0 &&
+                !s.checklist.row(ResultRow::buckling_y).empty();
      },
      "The buckling check has no additional moment from the shift of the centroid in class 4."},
     {"D231", [](const ProjectState& s) { return Is(s, Kind::tee) && s.ned > 0 && s.mydesign != 0; },

@@ -47,7 +47,7 @@ bool ShearFactorOfAnotherStrength(const ProjectState& s)
 // End forces have no deflection; the block keeps that of the last loaded member.
 bool DeflectionOfAnotherMember(const ProjectState& s)
 {
-    return s.loadmode != 1 && s.checksls != kFalse && !(s.deflinez.empty() && s.defliney.empty());
+    return s.loadmode != 1 && s.checksls != kFalse && s.checklist.any(kDeflectionRows);
 }
 
 struct Rule {

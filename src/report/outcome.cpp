@@ -1,5 +1,6 @@
 #include "report/outcome.h"
 
+#include "core/check_text.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "engine/validate.h"
@@ -15,16 +16,7 @@ namespace {
 constexpr std::string_view kNoControl = "nothing checked: no section control for this family";
 constexpr std::string_view kNothingActs = "no load acts on the member";
 constexpr std::string_view kNoRow = "forces act, and no check applies to them";
-constexpr std::string_view kDeflectionClause = "7.2";
-
-// The larger of two rows; an empty one has no ratio.
-const ResultRow* Worse(const ResultRow* a, const ResultRow* b)
-{
-    if (b->empty() || !b->judged) {
-        return a;
-    }
-    return a == nullptr || b->ir > a->ir ? b : a;
-}
+constexpr auto kStrengthRows = static_cast<std::size_t>(ResultRow::deflection_z);
 
 // Given end forces have no deflection: the rows are those of the last calculation with loads.
 bool DeflectionCounts(const ProjectState& s)
@@ -32,50 +24,23 @@ bool DeflectionCounts(const ProjectState& s)
     return s.checksls != kFalse && s.loadmode == 1;
 }
 
-const ResultRow* GoverningRow(const ProjectState& s)
+// The check with the largest ratio of all rows, the first of several; null where there is none.
+const Check* GoverningCheck(const ProjectState& s)
 {
-    const ResultRow* row = nullptr;
-    for (std::size_t i = 1; i <= 3; ++i) {
-        row = Worse(row, &s.secline[i]);
+    const std::size_t rows = DeflectionCounts(s) ? kResultRows : kStrengthRows;
+    const Check* most = nullptr;
+    for (std::size_t row = 0; row < rows; ++row) {
+        const Check& check = s.checklist.row(static_cast<ResultRow>(row));
+        if (IsJudged(check) && (most == nullptr || check.ratio > most->ratio)) {
+            most = &check;
+        }
     }
-    for (const ResultRow* other : {&s.yline, &s.zline, &s.ltline}) {
-        row = Worse(row, other);
-    }
-    if (DeflectionCounts(s)) {
-        row = Worse(Worse(row, &s.deflinez), &s.defliney);
-    }
-    return row;
+    return most;
 }
 
 double GoverningRatio(const ProjectState& s)
 {
     return std::max({s.irsection, s.maxirbuckling, DeflectionRatio(s)});
-}
-
-// "NEd/NRd" of a row that begins with "IR = NEd/NRd = ".
-std::string ControlOf(const ResultRow& row)
-{
-    constexpr std::string_view kHead = "IR = ", kTail = "= ";
-    std::string text;
-    for (const Literal& piece : row.label) {
-        text.append(piece.text());
-    }
-    text.erase(0, text.starts_with(kHead) ? kHead.size() : 0);
-    text.erase(text.find_last_not_of(kTail) + 1);
-    return text;
-}
-
-// "6.2.4" of a limit that ends in "(Ch 6.2.4)"; deflections name none.
-std::string_view ClauseOf(const ResultRow& row)
-{
-    for (const Literal& piece : row.limit) {
-        const std::size_t at = piece.text().find("Ch ");
-        if (at != std::string_view::npos) {
-            const std::string_view clause = piece.text().substr(at + 3);
-            return clause.substr(0, clause.find_first_not_of("0123456789./"));
-        }
-    }
-    return kDeflectionClause;
 }
 
 // The forces of the strength combination.
@@ -120,8 +85,8 @@ Outcome Finished(const ProjectState& s)
         outcome.message = FailureText(rows.fault[0]);
         return outcome;
     }
-    const ResultRow* const row = GoverningRow(s);
-    if (row == nullptr) {
+    const Check* const check = GoverningCheck(s);
+    if (check == nullptr) {
         const bool acts = ForcesAct(s);
         outcome.verdict = acts ? Verdict::not_checked : Verdict::nothing_acts;
         outcome.message = acts ? kNoRow : kNothingActs;
@@ -129,8 +94,8 @@ Outcome Finished(const ProjectState& s)
     }
     outcome.ir = GoverningRatio(s);
     outcome.verdict = outcome.ir > s.irlimit ? Verdict::above : Verdict::within;
-    outcome.control = ControlOf(*row);
-    outcome.clause = ClauseOf(*row);
+    outcome.control = FormulaOf(*check);
+    outcome.clause = TextsOf(check->form).clause;
     for (const DesignNote& note : DesignNotes(s)) {
         outcome.notes.push_back(note.id);
     }
@@ -190,8 +155,8 @@ double DeflectionRatio(const ProjectState& s)
     if (!DeflectionCounts(s)) {
         return 0;
     }
-    return std::max(s.deflinez.empty() ? 0.0 : s.deflinez.ir,
-                    s.defliney.empty() ? 0.0 : s.defliney.ir);
+    return std::max(s.checklist.row(ResultRow::deflection_z).ratio,
+                    s.checklist.row(ResultRow::deflection_y).ratio);
 }
 
 Outcome OutcomeOf(const ProjectState& s, bool well)

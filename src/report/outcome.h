@@ -36,7 +36,7 @@ int GraverExit(int one, int other);
 struct Outcome {
     Verdict verdict = Verdict::bad;
     double ir = 0;                          // governing ratio; NEd/Ncr of an unstable member
-    std::string control{};                  // of the row that governs: "NEd/NRd"
+    std::string control{};                  // formula of the check that governs: "NEd/NRd"
     std::string clause{};                   // of EN 1993-1-1: "6.2.4"
     std::string message{};                  // why there is no ratio; empty within and above
     std::vector<std::string_view> notes{};  // numbers of the deviations on the unsafe side

@@ -1,8 +1,8 @@
 #include "report/panel.h"
 
+#include "core/check_text.h"
 #include "core/load_combination.h"
 #include "core/number_format.h"
-#include "core/row_text.h"
 #include "engine/family_routines.h"
 #include "sections/families.h"
 
@@ -25,11 +25,11 @@ TextRun Plain(std::string text)
 }
 
 // The ratio in its colour and what follows it, `blanks` between them.
-std::vector<TextRun> Verdict(const ResultRow& row, const RowText& text, const char* blanks = "")
+std::vector<TextRun> Verdict(const Check& check, const RowText& text, const char* blanks = "")
 {
     std::vector<TextRun> runs;
     if (!text.result.empty()) {
-        runs.push_back({.text = text.result, .bold = true, .colour = row.status});
+        runs.push_back({.text = text.result, .bold = true, .colour = check.status});
     }
     if (!text.limit.empty()) {
         runs.push_back(Plain(blanks + text.limit));
@@ -88,14 +88,15 @@ PanelBlock DrawSectionBlock(const ProjectState& s, double& y, bool page)
     }
     block.push_back(head);
     y += kHeadStep;
-    for (const std::size_t i : {1U, 2U, 3U}) {
-        const ResultRow& row = s.secline[i];
-        if (row.empty()) {
+    for (const ResultRow row : kSectionRows) {
+        const Check& check = s.checklist.row(row);
+        if (check.empty()) {
             continue;
         }
-        const RowText text = ShownTextOf(row, s.irlimit);
-        block.push_back(
-            {.y = y, .left = {Plain(text.label + text.calculation)}, .result = Verdict(row, text)});
+        const RowText text = ShownTextOf(check, s.irlimit);
+        block.push_back({.y = y,
+                         .left = {Plain(text.label + text.calculation)},
+                         .result = Verdict(check, text)});
         y += kLine;
     }
     if (FlangeLoadingCounts(s)) {
@@ -109,7 +110,7 @@ PanelBlock DrawSectionBlock(const ProjectState& s, double& y, bool page)
 
 PanelBlock DrawBuckleBlock(const ProjectState& s, double& y)
 {
-    if (s.yline.empty() && s.zline.empty() && s.ltline.empty()) {
+    if (!s.checklist.any(kBucklingRows)) {
         return {};
     }
     PanelBlock block;
@@ -119,25 +120,24 @@ PanelBlock DrawBuckleBlock(const ProjectState& s, double& y)
     }
     block.push_back(head);
     y += 1.3;
-    const auto add = [&](const ResultRow& row, bool axis) {
-        if (row.empty()) {
-            return;
+    for (const ResultRow row : kBucklingRows) {
+        const Check& check = s.checklist.row(row);
+        if (check.empty()) {
+            continue;
         }
-        const RowText text = ShownTextOf(row, s.irlimit);
+        const bool axis = row != ResultRow::lateral;
+        const RowText text = ShownTextOf(check, s.irlimit);
         block.push_back({.y = y,
                          .left = {Plain(axis ? AxisLabel(text) : text.label + text.calculation)},
-                         .result = Verdict(row, text)});
+                         .result = Verdict(check, text)});
         y += kLine;
-    };
-    add(s.yline, true);
-    add(s.zline, true);
-    add(s.ltline, false);
+    }
     return block;
 }
 
 PanelBlock DrawDeflectionBlock(const ProjectState& s, double& y)
 {
-    if (s.deflinez.empty() && s.defliney.empty()) {
+    if (!s.checklist.any(kDeflectionRows)) {
         return {};
     }
     PanelBlock block;
@@ -149,14 +149,15 @@ PanelBlock DrawDeflectionBlock(const ProjectState& s, double& y)
     if (s.loadmode != 1) {
         block.back().left.push_back(Plain(" of the last calculation with loads on the member"));
     }
-    for (const ResultRow* row : {&s.deflinez, &s.defliney}) {
-        if (row->empty()) {
+    for (const ResultRow row : kDeflectionRows) {
+        const Check& check = s.checklist.row(row);
+        if (check.empty()) {
             continue;
         }
         y += 1.1;
-        const RowText text = ShownTextOf(*row, s.irlimit);
+        const RowText text = ShownTextOf(check, s.irlimit);
         PanelLine line{.y = y, .left = {Plain(text.label + text.calculation)}};
-        for (TextRun& run : Verdict(*row, text, "      ")) {
+        for (TextRun& run : Verdict(check, text, "      ")) {
             line.left.push_back(std::move(run));
         }
         block.push_back(std::move(line));

@@ -1,9 +1,9 @@
 #include "report/state_json.h"
 
+#include "core/check_text.h"
 #include "core/field_table.h"
 #include "core/file_notation.h"
 #include "core/load_combination.h"
-#include "core/row_text.h"
 #include "report/design_notes.h"
 #include "report/outcome.h"
 #include "service/modal.h"
@@ -11,6 +11,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <span>
 #include <utility>
 
 namespace kestrum {
@@ -70,15 +71,23 @@ std::string FieldJson(const ProjectState& s, const Field& field)
     return "[" + list + "]";
 }
 
-std::string RowJson(const ResultRow& row, float irlimit)
+std::string RowJson(const Check& check, float irlimit)
 {
-    const bool empty = row.empty();
-    const RowText text = empty ? RowText{} : TextOf(row, irlimit);
+    const RowText text = TextOf(check, irlimit);
     return "{\"label\": " + JsonText(text.label) +
            ", \"calculation\": " + JsonText(text.calculation) +
            ", \"result\": " + JsonText(text.result) + ", \"limit\": " + JsonText(text.limit) +
-           ", \"ir\": " + JsonNumber(empty ? 0.0 : row.ir) +
-           ", \"status\": " + std::to_string(empty ? kWithin : row.status) + "}";
+           ", \"ir\": " + JsonNumber(check.ratio) +
+           ", \"status\": " + std::to_string(check.status) + "}";
+}
+
+std::string RowList(const ProjectState& s, std::span<const ResultRow> rows)
+{
+    std::string list;
+    for (const ResultRow row : rows) {
+        list += (list.empty() ? "" : ",\n    ") + RowJson(s.checklist.row(row), s.irlimit);
+    }
+    return "[" + list + "]";
 }
 
 void AddTexts(Members& members, const ProjectState& s)
@@ -136,11 +145,9 @@ std::string RowsJson(const ProjectState& state)
     ProjectState blank{};
     blank.irlimit = state.irlimit;
     const ProjectState& s = state.calculationerror ? blank : state;
-    const auto row = [&](const ResultRow& r) { return RowJson(r, s.irlimit); };
-    return "{\n  \"section\": [" + row(s.secline[1]) + ",\n    " + row(s.secline[2]) + ",\n    " +
-           row(s.secline[3]) + "],\n  \"buckling\": [" + row(s.yline) + ",\n    " + row(s.zline) +
-           ",\n    " + row(s.ltline) + "],\n  \"deflection\": [" + row(s.deflinez) + ",\n    " +
-           row(s.defliney) + "]}";
+    return "{\n  \"section\": " + RowList(s, kSectionRows) +
+           ",\n  \"buckling\": " + RowList(s, kBucklingRows) +
+           ",\n  \"deflection\": " + RowList(s, kDeflectionRows) + "}";
 }
 
 std::string NotesJson(const ProjectState& s)

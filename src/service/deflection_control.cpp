@@ -6,31 +6,30 @@ namespace kestrum {
 
 namespace {
 
-void FillRow(const Inputs& in, double max, double min, i16 limitratio, Literal label,
-             ResultRow& row)
+void TakeDeflection(const Inputs& in, double max, double min, i16 limitratio, CheckId id,
+                    CheckForm form, SectionChecks& checks)
 {
-    const i16 status = row.status;
-    row = {};
-    row.status = status;
     if (max == 0 && min == 0) {
         return;
     }
     const double limit = in.l * 1000.0 / limitratio;  // mm
     const double d = max > std::abs(min) ? max : min;
-    row.label = {label};
-    row.calculation = {"{F}/{F} = "};
-    row.number = {d, limit};
-    row.ir = std::abs(d / limit);
-    row.judged = true;
-    row.status = row.ir <= in.irlimit ? kWithin : kAbove;
+    Check& check = checks.checklist.Govern(id);
+    check.form = form;
+    check.terms = {d, limit};
+    check.ratio = std::abs(d / limit);
+    check.status = StatusOf(check.ratio, in.irlimit);
 }
 
 }  // namespace
 
-void DeflectionControl(const Inputs& in, const Forces& forces, Service& service)
+void DeflectionControl(const Inputs& in, const Forces& forces, SectionChecks& checks)
 {
-    FillRow(in, forces.dzmax, forces.dzmin, in.deflimitz, "IR = dz/dzMax = ", service.deflinez);
-    FillRow(in, forces.dymax, forces.dymin, in.deflimity, "IR = dy/dyMax = ", service.defliney);
+    checks.checklist.Clear<ResultRow::deflection_z, ResultRow::deflection_y>();
+    TakeDeflection(in, forces.dzmax, forces.dzmin, in.deflimitz, CheckId::deflection_z,
+                   CheckForm::deflection_z, checks);
+    TakeDeflection(in, forces.dymax, forces.dymin, in.deflimity, CheckId::deflection_y,
+                   CheckForm::deflection_y, checks);
 }
 
 }  // namespace kestrum

@@ -5,15 +5,15 @@
 
 #include "core/state/forces.h"
 #include "core/state/inputs.h"
-#include "core/state/service.h"
+#include "core/state/section_checks.h"
 
 namespace kestrum {
 
-// Fills deflinez and defliney from dzmax .. dymin [mm], l [m], deflimitz, deflimity and irlimit. A
-// row without deflection is emptied and keeps its status.
+// Takes the checks deflection_z and deflection_y from dzmax .. dymin [mm], l [m], deflimitz,
+// deflimity and irlimit; an axis without deflection has none.
 //
 // Deviation D258: the whole deflection is compared, without a precamber; EN 1990, A1.4.3 (1) lets
 // wc be taken off.
-void DeflectionControl(const Inputs& in, const Forces& forces, Service& service);
+void DeflectionControl(const Inputs& in, const Forces& forces, SectionChecks& checks);
 
 }  // namespace kestrum

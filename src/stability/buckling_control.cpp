@@ -51,12 +51,12 @@ void ControlLateralTorsional(const Inputs& in, MemberInputs& member, const Secti
 }
 
 // No length factor asks for buckling: the remark, and nothing else of the axial force.
-bool NoBucklingAtAll(const Inputs& in, Stability& stability)
+bool NoBucklingAtAll(const Inputs& in, SectionChecks& checks)
 {
     if (BucklesAboutY(in) || BucklesAboutZ(in)) {
         return false;
     }
-    stability.yline.label[0] = "No Buckling";
+    NoBuckling(checks);
     return true;
 }
 
@@ -154,7 +154,7 @@ void BeamColumn(const Inputs& in, MemberInputs& member, SectionRecord& section,
     }
     BucklingCurves(in, section, stability);
     BucklingResistance(in, section, resistances, stability);
-    if (forces.ned > 0 && !NoBucklingAtAll(in, stability)) {
+    if (forces.ned > 0 && !NoBucklingAtAll(in, checks)) {
         AxialRows(in, forces, checks, stability);
         if (HasMoment(forces)) {
             if (!InteractionFactors(in, section, resistances, forces, stability, outcome,
@@ -163,7 +163,7 @@ void BeamColumn(const Inputs& in, MemberInputs& member, SectionRecord& section,
             }
             AddMomentTerms(in, forces, checks, stability, resistance, false);
         } else if (MayIgnoreBuckling(forces, stability)) {
-            IgnoreBuckling(checks, stability);
+            IgnoreBuckling(checks);
         }
     } else if (forces.ned == 0 && forces.mydesign != 0 && forces.mzdesign != 0) {
         if (!InteractionFactors(in, section, resistances, forces, stability, outcome, lateral)) {
@@ -178,10 +178,7 @@ void BeamColumn(const Inputs& in, MemberInputs& member, SectionRecord& section,
 
 void ClearBucklingRows(SectionChecks& checks, Stability& stability)
 {
-    for (ResultRow* row : {&stability.yline, &stability.zline, &stability.ltline}) {
-        *row = {};
-        row->status = kWithin;
-    }
+    checks.checklist.Clear<ResultRow::buckling_y, ResultRow::lateral>();
     checks.irrow4 = 0.0;
     checks.irrow5 = 0.0;
     checks.irrow6 = 0.0;
@@ -231,14 +228,14 @@ void BucklingControlFlatBar(const Inputs& in, MemberInputs& member, SectionRecor
     ControlLateralTorsional(in, member, section, resistances, forces, checks, stability);
     BucklingCurves(in, section, stability);
     BucklingResistance(in, section, resistances, stability);
-    if (!NoBucklingAtAll(in, stability)) {
+    if (!NoBucklingAtAll(in, checks)) {
         if (forces.mydesign != 0) {
             if (!InteractionFactors(in, section, resistances, forces, stability, outcome, true)) {
                 return;
             }
             FlatBarRows(in, resistances, forces, checks, stability);
         } else if (MayIgnoreBuckling(forces, stability)) {
-            IgnoreBuckling(checks, stability);
+            IgnoreBuckling(checks);
         } else {
             AxialRows(in, forces, checks, stability);
         }
@@ -259,7 +256,7 @@ void BucklingControlAngle(const Inputs& in, MemberInputs&, SectionRecord& sectio
                              {{"Ncr,v", stability.ncrv}, {"Ncr,u", stability.ncru}})) {
         return;
     }
-    if (!NoBucklingAtAll(in, stability)) {
+    if (!NoBucklingAtAll(in, checks)) {
         AxialRows(in, forces, checks, stability);
         if (HasMoment(forces)) {
             if (!AngleFactors(in, section, resistances, forces, stability, outcome)) {
@@ -276,8 +273,8 @@ void BucklingControlAngle(const Inputs& in, MemberInputs&, SectionRecord& sectio
             AngleRow(in, section, resistances, forces, checks, stability, HasMoment(forces));
         }
         if (MayIgnoreBuckling(forces, stability) && MayIgnoreBucklingAboutV(forces, stability)) {
-            IgnoreBuckling(checks, stability);
-            IgnoreBucklingAboutV(checks, stability);
+            IgnoreBuckling(checks);
+            IgnoreBucklingAboutV(checks);
         }
     }
     CloseStage(checks, stability);
@@ -294,10 +291,10 @@ void BucklingControlT(const Inputs& in, MemberInputs&, SectionRecord& section,
     StartStage(forces, checks, stability);
     BucklingCurves(in, section, stability);
     BucklingResistance(in, section, resistances, stability);
-    if (!NoBucklingAtAll(in, stability)) {
+    if (!NoBucklingAtAll(in, checks)) {
         AxialRows(in, forces, checks, stability);
         if (MayIgnoreBuckling(forces, stability)) {
-            IgnoreBuckling(checks, stability);
+            IgnoreBuckling(checks);
         }
     }
     CloseStage(checks, stability);

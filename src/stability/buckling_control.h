@@ -1,9 +1,9 @@
 #pragma once
 
 // Member control, EN 1993-1-1, 6.3: lateral torsional buckling, flexural buckling about each axis
-// and the interaction with bending. Fills the rows yline, zline, ltline, their ratios irrow4,
-// irrow5, irrow6 and the governing ratio maxirbuckling. One routine per group of families; each
-// expects the section control of the family to have run in this pass. An axial force above an
+// and the interaction with bending. Takes the checks of the rows y, z and lateral with their ratios
+// irrow4, irrow5, irrow6 and the governing ratio maxirbuckling. One routine per group of families;
+// each expects the section control of the family to have run in this pass. An axial force above an
 // elastic critical force, where the interaction cannot be formed, sets errorflag to -1 and leaves
 // at once.
 

@@ -2,8 +2,8 @@
 
 #include "stability/interaction_angle.h"
 
+#include <algorithm>
 #include <cmath>
-#include <cstddef>
 #include <initializer_list>
 
 namespace kestrum {
@@ -11,133 +11,107 @@ namespace {
 
 constexpr float kNoBuckling = 0.002f;
 
-constexpr Literal kClauseLateral{" (Ch 6.3.2)"};
-constexpr Literal kClauseAxial{" (Ch 6.3.1)"};
-constexpr Literal kClauseInteraction{" (Ch 6.3.3)"};
-
-constexpr Literal kMyTerm{"+{R}*{F}/({R}*{F})"};
-constexpr Literal kMyTermLast{"+{R}*{F}/({R}*{F}) = "};
-constexpr Literal kMzTerm{"+{R}*{f}/{F}"};
-constexpr Literal kMzTermLast{"+{R}*{f}/{F} = "};
-
-struct AxisTexts {
-    Literal axial;
-    Literal my, mz;                  // behind the axial term
-    Literal flat_bar;                // behind the axial term of a flat bar
-    Literal bending_my, bending_mz;  // without axial force
-    Literal flat_bar_clause;
+// The check of an axis, by the terms that its sum has.
+struct AxisForms {
+    CheckForm my, mz, my_mz;
 };
 
-constexpr AxisTexts kTextsY{"IR = NEd/Nb,y,Rd ",
-                            "+kyy*My,Ed/(xLT*My,Rd) ",
-                            "+kyz*Mz,Ed/Mz,Rd ",
-                            " + kyy*My,Ed/(xLT*My,Rd) ",
-                            "IR = kyy*My,Ed/(xLT*My,Rd) ",
-                            " + kyz*Mz,Ed/Mz,Rd) ",  // the bracket is part of the given text
-                            " (Eq 6.61)"};
-constexpr AxisTexts kTextsZ{"IR = NEd/Nb,z,Rd ",
-                            "+kzy*My,Ed/(xLT*My,Rd) ",
-                            "+kzz*Mz,Ed/Mz,Rd ",
-                            " + kzy*My,Ed/(xLT*My,Rd) ",
-                            "IR = kzy*My,Ed/(xLT*My,Rd) ",
-                            " + kzz*Mz,Ed/Mz,Rd ",
-                            " (Eq 6.62)"};
+struct AxisChecks {
+    CheckId flexural, interaction;
+    CheckForm axial, bending, flat_bar;
+    AxisForms general, angle;
+};
+
+constexpr AxisChecks kChecksY{
+    CheckId::flexural_y,
+    CheckId::eq661,
+    CheckForm::flexural_y,
+    CheckForm::eq661_bending,
+    CheckForm::eq661_flat_bar,
+    {CheckForm::eq661_my, CheckForm::eq661_mz, CheckForm::eq661_my_mz},
+    {CheckForm::eq661_my_angle, CheckForm::eq661_mz_angle, CheckForm::eq661_my_mz_angle}};
+constexpr AxisChecks kChecksZ{
+    CheckId::flexural_z,
+    CheckId::eq662,
+    CheckForm::flexural_z,
+    CheckForm::eq662_bending,
+    CheckForm::eq662_flat_bar,
+    {CheckForm::eq662_my, CheckForm::eq662_mz, CheckForm::eq662_my_mz},
+    {CheckForm::eq662_my_angle, CheckForm::eq662_mz_angle, CheckForm::eq662_my_mz_angle}};
 
 struct Axis {
-    const AxisTexts& texts;
-    ResultRow& row;
+    const AxisChecks& ids;
     double& sum;
     double nbrd;
     double kmy, kmz;  // interaction factors of the moments
     bool buckles;
 };
 
-Axis AxisY(const Inputs& in, SectionChecks& checks, Stability& stability)
+Axis AxisY(const Inputs& in, SectionChecks& checks, const Stability& stability)
 {
-    return {kTextsY,       stability.yline, checks.irrow4,    stability.nbyrd,
-            stability.kyy, stability.kyz,   BucklesAboutY(in)};
+    return {kChecksY,      checks.irrow4, stability.nbyrd,
+            stability.kyy, stability.kyz, BucklesAboutY(in)};
 }
 
-Axis AxisZ(const Inputs& in, SectionChecks& checks, Stability& stability)
+Axis AxisZ(const Inputs& in, SectionChecks& checks, const Stability& stability)
 {
-    return {kTextsZ,       stability.zline, checks.irrow5,    stability.nbzrd,
-            stability.kzy, stability.kzz,   BucklesAboutZ(in)};
+    return {kChecksZ,      checks.irrow5, stability.nbzrd,
+            stability.kzy, stability.kzz, BucklesAboutZ(in)};
 }
 
-// A row that is being written.
-struct Line {
-    ResultRow& row;
-    std::size_t pieces = 0;
-    std::size_t numbers = 0;
-};
-
-void Add(Line& line, const Literal& label, const Literal& calculation,
-         std::initializer_list<double> numbers)
+// The check in its row, with the terms in their order.
+Check& Take(const Inputs& in, SectionChecks& checks, CheckId id, CheckForm form, double ratio,
+            std::initializer_list<double> terms)
 {
-    line.row.label[line.pieces] = label;
-    line.row.calculation[line.pieces] = calculation;
-    ++line.pieces;
-    for (const double number : numbers) {
-        line.row.number[line.numbers++] = number;
-    }
+    Check& check = checks.checklist.Govern(id);
+    check = {};
+    check.form = form;
+    check.ratio = ratio;
+    check.status = StatusOf(ratio, in.irlimit);
+    std::copy(terms.begin(), terms.end(), check.terms.begin());
+    return check;
 }
 
-void Judge(const Inputs& in, ResultRow& row, double ir, const Literal& clause)
-{
-    row.ir = ir;
-    row.judged = true;
-    row.status = ir > in.irlimit ? kAbove : kWithin;
-    row.limit[0] = clause;
-}
-
-// A remark in place of the row, or nothing; the status stays.
-void Remark(ResultRow& row, const Literal& text)
-{
-    const std::int16_t status = row.status;
-    row = {};
-    row.status = status;
-    row.label[0] = text;
-}
-
-// The clause, with the place of the governing segment where there are restraints.
-void PlaceSegment(const Inputs& in, ResultRow& row)
+// The governing segment where there are restraints.
+CheckPlace SegmentOf(const Inputs& in)
 {
     if (in.restraints == 0) {
-        return;
+        return {};
     }
-    const double parts = in.restraints + 1;
-    const double before = in.beampart - 1;
-    if (in.beampart == 1) {
-        row.limit[0] = " (0 - L/{i};  (Ch 6.3.2))";
-        row.place = {parts};
-    } else if (in.beampart == in.restraints + 1) {
-        row.limit[0] = " ({i}L/{i} -  L;  (Ch 6.3.2))";
-        row.place = {before, parts};
-    } else {
-        row.limit[0] = " ({i}L/{i} - {i}L/{i};  (Ch 6.3.2))";
-        row.place = {before, parts, before + 1.0, parts};
-    }
+    return {.kind = CheckPlace::Kind::segment,
+            .number = in.beampart,
+            .parts = static_cast<i16>(in.restraints + 1)};
 }
 
-void AddMomentTerms(const Inputs& in, const Forces& forces, const Stability& stability,
-                    const Axis& axis, const MomentResistances& resistance, bool equals)
+// A sum of 6.3.3 takes the place of the axial term alone.
+void AddMomentTerms(const Inputs& in, const Forces& forces, SectionChecks& checks,
+                    const Stability& stability, const Axis& axis, const AxisForms& forms,
+                    const MomentResistances& resistance)
 {
     if (!axis.buckles) {
         return;
     }
-    Line line{axis.row, 1, 2};  // behind the axial term
-    if (forces.mydesign != 0) {
-        const double my = std::abs(forces.mydesign);
+    checks.checklist[axis.ids.flexural] = {};
+    const double my = std::abs(forces.mydesign);
+    const double mz = forces.mzdesign;
+    if (my != 0) {
         axis.sum += axis.kmy * my / (stability.xlt * resistance.my);
-        Add(line, axis.texts.my, equals && forces.mzdesign == 0 ? kMyTermLast : kMyTerm,
-            {axis.kmy, my, stability.xlt, resistance.my});
     }
-    if (forces.mzdesign != 0) {
-        axis.sum += axis.kmz * forces.mzdesign / resistance.mz;
-        Add(line, axis.texts.mz, equals ? kMzTermLast : kMzTerm,
-            {axis.kmz, forces.mzdesign, resistance.mz});
+    if (mz != 0) {
+        axis.sum += axis.kmz * mz / resistance.mz;
     }
-    Judge(in, axis.row, axis.sum, kClauseInteraction);
+    const CheckId id = axis.ids.interaction;
+    if (mz == 0) {
+        Take(in, checks, id, forms.my, axis.sum,
+             {forces.ned, axis.nbrd, axis.kmy, my, stability.xlt, resistance.my});
+    } else if (my == 0) {
+        Take(in, checks, id, forms.mz, axis.sum,
+             {forces.ned, axis.nbrd, axis.kmz, mz, resistance.mz});
+    } else {
+        Take(in, checks, id, forms.my_mz, axis.sum,
+             {forces.ned, axis.nbrd, axis.kmy, my, stability.xlt, resistance.my, axis.kmz, mz,
+              resistance.mz});
+    }
 }
 
 }  // namespace
@@ -152,97 +126,96 @@ bool BucklesAboutZ(const Inputs& in)
     return in.lz > kNoBuckling;
 }
 
-void LateralTorsionalRow(const Inputs& in, SectionChecks& checks, Stability& stability)
+void LateralTorsionalRow(const Inputs& in, SectionChecks& checks, const Stability& stability)
 {
     checks.irrow6 = std::abs(stability.mydesignf / (stability.xlt * stability.mltrd));
-    Line line{stability.ltline};
-    Add(line, "IR = My,Ed/(xLT*My,Rd) = ", "{f}/({R}*{F}) = ",
-        {stability.mydesignf, stability.xlt, stability.mltrd});
-    Judge(in, stability.ltline, checks.irrow6, kClauseLateral);
-    PlaceSegment(in, stability.ltline);
+    Take(in, checks, CheckId::ltb, CheckForm::ltb, checks.irrow6,
+         {stability.mydesignf, stability.xlt, stability.mltrd})
+        .place = SegmentOf(in);
 }
 
-void AxialRows(const Inputs& in, const Forces& forces, SectionChecks& checks, Stability& stability)
+void AxialRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
+               const Stability& stability)
 {
     for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability)}) {
         if (axis.buckles) {
             axis.sum = std::abs(forces.ned / axis.nbrd);
-            Line line{axis.row};
-            Add(line, axis.texts.axial, "{F}/{F}", {forces.ned, axis.nbrd});
-            Judge(in, axis.row, axis.sum, kClauseAxial);
+            Take(in, checks, axis.ids.flexural, axis.ids.axial, axis.sum, {forces.ned, axis.nbrd});
         }
     }
 }
 
 void AddMomentTerms(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                    Stability& stability, const MomentResistances& resistance, bool equals)
+                    const Stability& stability, const MomentResistances& resistance, bool angle)
 {
-    AddMomentTerms(in, forces, stability, AxisY(in, checks, stability), resistance, equals);
-    AddMomentTerms(in, forces, stability, AxisZ(in, checks, stability), resistance, equals);
+    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability)}) {
+        AddMomentTerms(in, forces, checks, stability, axis,
+                       angle ? axis.ids.angle : axis.ids.general, resistance);
+    }
 }
 
 void BendingRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                 Stability& stability, const MomentResistances& resistance)
+                 const Stability& stability, const MomentResistances& resistance)
 {
     const double my = std::abs(forces.mydesign);
     for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability)}) {
         axis.sum = axis.kmy * my / (stability.xlt * resistance.my) +
                    axis.kmz * forces.mzdesign / resistance.mz;
-        Line line{axis.row};
-        Add(line, axis.texts.bending_my, "{R}*{F}/({R}*{F})",
-            {axis.kmy, my, stability.xlt, resistance.my});
-        Add(line, axis.texts.bending_mz, kMzTerm, {axis.kmz, forces.mzdesign, resistance.mz});
-        Judge(in, axis.row, axis.sum, kClauseAxial);
+        Take(
+            in, checks, axis.ids.interaction, axis.ids.bending, axis.sum,
+            {axis.kmy, my, stability.xlt, resistance.my, axis.kmz, forces.mzdesign, resistance.mz});
     }
 }
 
 void FlatBarRows(const Inputs& in, const Resistances& resistances, const Forces& forces,
-                 SectionChecks& checks, Stability& stability)
+                 SectionChecks& checks, const Stability& stability)
 {
     const double my = std::abs(forces.mydesign);
     for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability)}) {
         if (axis.buckles) {
             axis.sum = std::abs(forces.ned / axis.nbrd) +
                        axis.kmy * my / (stability.xlt * resistances.myrdm1);
-            Line line{axis.row};
-            Add(line, axis.texts.axial, "{F}/{F}", {forces.ned, axis.nbrd});
-            Add(line, axis.texts.flat_bar, kMyTerm,
-                {axis.kmy, my, stability.xlt, resistances.myrdm1});
-            Judge(in, axis.row, axis.sum, axis.texts.flat_bar_clause);
+            Take(in, checks, axis.ids.interaction, axis.ids.flat_bar, axis.sum,
+                 {forces.ned, axis.nbrd, axis.kmy, my, stability.xlt, resistances.myrdm1});
         }
     }
 }
 
 void AngleRow(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
-              const Forces& forces, SectionChecks& checks, Stability& stability, bool moments)
+              const Forces& forces, SectionChecks& checks, const Stability& stability, bool moments)
 {
     checks.irrow6 = std::abs(forces.ned / stability.nbvrd);
-    Line line{stability.ltline};
-    Add(line, "IR = NEd/Nb,v,Rd ", "{F}/{F}", {forces.ned, stability.nbvrd});
-    if (moments) {
-        const PrincipalMoments m = AnglePrincipalMoments(in, section, resistances, forces);
-        checks.irrow6 += stability.kvv * m.mv / m.mvrd + stability.kvu * m.mu / m.murd;
-        Add(line, " + kvv*Mv,Ed/Mv,Rd ", "+{R}*{F}/{F}", {stability.kvv, m.mv, m.mvrd});
-        Add(line, " + kvu*Mu,Ed/Mu,Rd ", "+{R}*{F}/{F} = ", {stability.kvu, m.mu, m.murd});
-    } else {
-        Add(line, {}, " = ", {});
+    if (!moments) {
+        Take(in, checks, CheckId::flexural_v, CheckForm::flexural_v, checks.irrow6,
+             {forces.ned, stability.nbvrd});
+        return;
     }
-    Judge(in, stability.ltline, checks.irrow6, moments ? kClauseInteraction : kClauseAxial);
+    const PrincipalMoments m = AnglePrincipalMoments(in, section, resistances, forces);
+    checks.irrow6 += stability.kvv * m.mv / m.mvrd + stability.kvu * m.mu / m.murd;
+    Take(in, checks, CheckId::interaction_v, CheckForm::interaction_v, checks.irrow6,
+         {forces.ned, stability.nbvrd, stability.kvv, m.mv, m.mvrd, stability.kvu, m.mu, m.murd});
 }
 
-void IgnoreBuckling(SectionChecks& checks, Stability& stability)
+void NoBuckling(SectionChecks& checks)
 {
-    Remark(stability.yline,
-           "No Buckling, ref ch 6.3.1.2 (4);  lamdaby/lamdabz<=0.2 or Ned/Ncry<=0.04; "
-           "Ned/Ncry<=0.04");
-    Remark(stability.zline, {});
+    checks.checklist.Govern(CheckId::no_buckling).form = CheckForm::no_buckling;
+}
+
+void IgnoreBuckling(SectionChecks& checks)
+{
+    CheckList& list = checks.checklist;
+    const i16 status = list.row(ResultRow::buckling_y).status;
+    list.Clear<ResultRow::buckling_y, ResultRow::buckling_z>();
+    Check& remark = list.Govern(CheckId::no_buckling);
+    remark.form = CheckForm::buckling_ignored;
+    remark.status = status;
     checks.irrow4 = 0.0;
     checks.irrow5 = 0.0;
 }
 
-void IgnoreBucklingAboutV(SectionChecks& checks, Stability& stability)
+void IgnoreBucklingAboutV(SectionChecks& checks)
 {
-    Remark(stability.ltline, {});
+    checks.checklist.Clear<ResultRow::lateral>();
     checks.irrow6 = 0.0;
 }
 

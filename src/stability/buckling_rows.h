@@ -1,8 +1,8 @@
 #pragma once
 
-// The three rows of the member control: texts, numbers, ratios. Rows 1 and 2 stand for the axes y
-// and z (yline, zline with irrow4, irrow5), row 3 for lateral torsional buckling or, in angles, for
-// the axis v (ltline with irrow6). The factors must be in the record before a row is written.
+// The checks of the member control, one for each of its rows, and the ratios of these: irrow4 and
+// irrow5 of the axes y and z, irrow6 of lateral torsional buckling or, in angles, of the axis v.
+// The factors must be in the record before a check is taken.
 
 #include "core/state/forces.h"
 #include "core/state/inputs.h"
@@ -23,31 +23,37 @@ bool BucklesAboutY(const Inputs& in);
 bool BucklesAboutZ(const Inputs& in);
 
 // Lateral torsional buckling, 6.3.2, with the place of the governing segment.
-void LateralTorsionalRow(const Inputs& in, SectionChecks& checks, Stability& stability);
+void LateralTorsionalRow(const Inputs& in, SectionChecks& checks, const Stability& stability);
 
 // NEd/Nb,Rd of the axes that buckle, 6.3.1.
-void AxialRows(const Inputs& in, const Forces& forces, SectionChecks& checks, Stability& stability);
+void AxialRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
+               const Stability& stability);
 
-// The moment terms of 6.3.3 behind the axial ones. `equals`: the calculation ends in "=".
-// Deviation D236: an axis without buckling has no row here either; Eq (6.61) and (6.62) still hold
-// for it with chi = 1 and combine the axial force with lateral torsional buckling.
+// The moment terms of 6.3.3 behind the axial ones. `angle`: in the form of angles, which ends in
+// "=". Deviation D236: an axis without buckling has no row here either; Eq (6.61) and (6.62) still
+// hold for it with chi = 1 and combine the axial force with lateral torsional buckling.
 void AddMomentTerms(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                    Stability& stability, const MomentResistances& resistance, bool equals);
+                    const Stability& stability, const MomentResistances& resistance, bool angle);
 
 // Bending about both axes without axial force; the length factors are not asked.
 void BendingRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                 Stability& stability, const MomentResistances& resistance);
+                 const Stability& stability, const MomentResistances& resistance);
 
 // Axial force and My of a flat bar, Eq (6.61), (6.62).
 void FlatBarRows(const Inputs& in, const Resistances& resistances, const Forces& forces,
-                 SectionChecks& checks, Stability& stability);
+                 SectionChecks& checks, const Stability& stability);
 
 // Buckling of an angle about v, with the moments of the principal axes or without.
 void AngleRow(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
-              const Forces& forces, SectionChecks& checks, Stability& stability, bool moments);
+              const Forces& forces, SectionChecks& checks, const Stability& stability,
+              bool moments);
 
-// 6.3.1.2 (4) holds: a remark in place of rows 1 and 2, whose status stays, and ratios of zero.
-void IgnoreBuckling(SectionChecks& checks, Stability& stability);
-void IgnoreBucklingAboutV(SectionChecks& checks, Stability& stability);
+// No length factor asks for buckling: a remark in the row of y.
+void NoBuckling(SectionChecks& checks);
+
+// 6.3.1.2 (4) holds: a remark in place of the checks about y and z, with the status that y had, and
+// ratios of zero.
+void IgnoreBuckling(SectionChecks& checks);
+void IgnoreBucklingAboutV(SectionChecks& checks);
 
 }  // namespace kestrum

@@ -8,6 +8,7 @@
 #include "report/panel.h"
 #include "report/section_figure.h"
 #include "sections/family_table.h"
+#include "support/rows.h"
 
 #include <algorithm>
 #include <set>
@@ -77,7 +78,7 @@ TEST(MemberTexts, MbRdIsTheReducedMoment)
 {
     Program program;
     const ProjectState& s = program.session.shown();
-    ASSERT_FALSE(s.ltline.empty());
+    ASSERT_FALSE(LateralRow(s).empty());
     const std::string text = MbRdText(s);
     EXPECT_TRUE(text.starts_with(" "));
     EXPECT_TRUE(text.ends_with(" kNm"));

@@ -44,8 +44,7 @@ std::set<std::string> Declared(const std::string& record)
         for (auto word = std::sregex_iterator(list.begin(), list.end(), name);
              word != std::sregex_iterator(); ++word) {
             const std::string type = (*at)[1];
-            if (type.find("ResultRow") == std::string::npos && type != "Failure" &&
-                type != "DroppedLoads") {
+            if (type != "CheckList" && type != "Failure" && type != "DroppedLoads") {
                 names.insert(word->str());
             }
         }

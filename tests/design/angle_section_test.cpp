@@ -3,8 +3,9 @@
 
 #include "design/angle_section.h"
 
-#include "core/row_text.h"
+#include "core/check_text.h"
 #include "sections/angles.h"
+#include "support/rows.h"
 #include "support/sections.h"
 #include "support/worked.h"
 
@@ -39,7 +40,7 @@ void Control(ProjectState& s, const EndForces& forces)
 constexpr const char* kPointLabel = "IR = NEd/NRd+My,Ed/My,Rd+Mz,Ed/Mz,Rd = ";
 constexpr const char* kPrincipalLabel = "IR = NEd/NRd+Mu,Ed/Mu,Rd+Mv,Ed/Mv,Rd = ";
 constexpr const char* kThreeTerms = "{F}/{F}+{F}/{F}+{F}/{F} = ";
-constexpr const char* kPointLimit = " ({r}L, point: {i}, Ch 6.2.1)";
+constexpr const char* kPointLimit = " (0.00L, point: 0, Ch 6.2.1)";
 
 TEST(ControlAngle, EqualLegs)
 {
@@ -64,17 +65,17 @@ TEST(ControlAngle, EqualLegs)
     EXPECT_EQ(s.vcyrd, s.vzrd);
 
     // 0.1512, 0.3270, 0.1676 about y and z; 0.5253, 0.0707, 0.1435 about u and v.
-    ExpectRow(s.secline[1],
+    ExpectRow(SectionRow(s, 1),
               {0.3270, kPointLabel, kThreeTerms, {100, 679.8, 3, 22.23, 1, 22.23}, kPointLimit});
-    EXPECT_EQ(s.secline[1].place[1], 2);
-    ExpectRow(s.secline[2], {0.5253,
-                             kPrincipalLabel,
-                             kThreeTerms,
-                             {100, 679.8, 2.828, 14.81, -1.414, 7.551},
-                             kPointLimit});
-    EXPECT_EQ(s.secline[2].place[1], 1);
-    ExpectRow(s.secline[3],
-              {0.3253, "IR = Vy,Ed/Vy,Rd = ", "{F}/{F} = ", {40, 123.0}, " ({r}L; Ch 6.2.6)"});
+    EXPECT_EQ(SectionRow(s, 1).place.number, 2);
+    ExpectRow(SectionRow(s, 2), {0.5253,
+                                 kPrincipalLabel,
+                                 kThreeTerms,
+                                 {100, 679.8, 2.828, 14.81, -1.414, 7.551},
+                                 kPointLimit});
+    EXPECT_EQ(SectionRow(s, 2).place.number, 1);
+    ExpectRow(SectionRow(s, 3),
+              {0.3253, "IR = Vy,Ed/Vy,Rd = ", "{F}/{F} = ", {40, 123.0}, " (0.00L; Ch 6.2.6)"});
     EXPECT_EQ(s.irsection, s.irrow2);
 }
 
@@ -105,9 +106,9 @@ TEST(ControlAngle, WritesItsTermsAsTheyAddUp)
             const auto sign = [](int digit) { return static_cast<float>(digit % 3 - 1); };
             Control(s, {400 * sign(i), 300 * sign(i / 3), 200 * sign(i / 9), 0, 0});
             for (const std::size_t row : {1U, 2U}) {
-                const ReadSum read = Read(ShownTextOf(s.secline[row], 1).calculation);
-                if (s.secline[row].calculation[0].text() != "{F}/{F} = ") {  // not N alone
-                    EXPECT_NEAR(read.sum, s.secline[row].ir, read.rounding) << i;
+                const ReadSum read = Read(ShownTextOf(SectionRow(s, row), 1).calculation);
+                if (CalculationOf(SectionRow(s, row)) != "{F}/{F} = ") {  // not N alone
+                    EXPECT_NEAR(read.sum, SectionRow(s, row).ratio, read.rounding) << i;
                 }
             }
         }
@@ -121,9 +122,9 @@ TEST(ControlAngle, HeelOfEqualLegsHasNoMomentAboutU)
     Control(s, {100, -2, 2, 0, 0});
     // Mv = 2 sqrt(2) = 2.828: |-0.1471 - 0.4356| = 0.5827.
     ExpectRow(
-        s.secline[2],
+        SectionRow(s, 2),
         {0.5827, kPrincipalLabel, "{F}/{F}+{F}/{F} = ", {100, 679.8, 2.828, 6.493}, kPointLimit});
-    EXPECT_EQ(s.secline[2].place[1], 2);
+    EXPECT_EQ(SectionRow(s, 2).place.number, 2);
 }
 
 TEST(ControlAngle, UnequalLegs)
@@ -138,16 +139,16 @@ TEST(ControlAngle, UnequalLegs)
     ExpectDigits(s.vyrd, 123.0, "900*355/sqrt(3)/1.5/1000");
     // 0.1328, 0.3294, 0.0615 about y and z; 0.4277, 0.0692, 0.0101 about u and v.
     ExpectDigits(s.irrow1, 0.3294, "point 2");
-    EXPECT_EQ(s.secline[1].place[1], 2);
+    EXPECT_EQ(SectionRow(s, 1).place.number, 2);
     ExpectDigits(s.irrow2, 0.4277, "point 1");
-    EXPECT_EQ(s.secline[2].place[1], 1);
-    ExpectDigits(s.secline[2].number[2], 10.18, "Mu");
-    ExpectDigits(s.secline[2].number[4], -0.6121, "Mv");
-    ExpectRow(s.secline[3],
-              {0.4880, "IR = Vy,Ed/Vy,Rd = ", "{F}/{F} = ", {60, 123.0}, " ({r}L; Ch 6.2.6)"}, 3);
+    EXPECT_EQ(SectionRow(s, 2).place.number, 1);
+    ExpectDigits(SectionRow(s, 2).terms[2], 10.18, "Mu");
+    ExpectDigits(SectionRow(s, 2).terms[4], -0.6121, "Mv");
+    ExpectRow(SectionRow(s, 3),
+              {0.4880, "IR = Vy,Ed/Vy,Rd = ", "{F}/{F} = ", {60, 123.0}, " (0.00L; Ch 6.2.6)"}, 3);
     Control(s, {100, 10, 2, 100, 40});
-    ExpectRow(s.secline[3],
-              {0.3852, "IR = Vz,Ed/Vz,Rd = ", "{F}/{F} = ", {100, 259.6}, " ({r}L; Ch 6.2.6)"});
+    ExpectRow(SectionRow(s, 3),
+              {0.3852, "IR = Vz,Ed/Vz,Rd = ", "{F}/{F} = ", {100, 259.6}, " (0.00L; Ch 6.2.6)"});
 }
 
 TEST(ControlAngle, TensionAloneIsTheSameAtAllPoints)
@@ -156,12 +157,12 @@ TEST(ControlAngle, TensionAloneIsTheSameAtAllPoints)
         ProjectState s = Angle(family, family == 10 ? "100x10" : "200x100x10");
         Control(s, {-100, 0, 0, 0, 0});
         EXPECT_EQ(s.irrow1, 100 / s.nplrd);
-        EXPECT_EQ(LabelOf(s.secline[1]), "IR = NEd/NRd = ");  // the points do not exceed it
-        EXPECT_EQ(LimitOf(s.secline[1]), " ({r}L; Ch 6.2.3)");
+        EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = NEd/NRd = ");  // the points do not exceed it
+        EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.3)");
         EXPECT_EQ(s.irrow2, 100 / s.nplrd);
-        EXPECT_EQ(s.secline[2].place[1], 1);
-        EXPECT_EQ(LimitOf(s.secline[2]), kPointLimit);
-        EXPECT_TRUE(s.secline[3].empty());
+        EXPECT_EQ(SectionRow(s, 2).place.number, 1);
+        EXPECT_EQ(LimitOf(SectionRow(s, 2)), kPointLimit);
+        EXPECT_TRUE(SectionRow(s, 3).empty());
     }
 }
 
@@ -171,7 +172,7 @@ TEST(ControlAngle, ReducedAreaCountsUnderCompressionOnly)
     ASSERT_LT(s.ncrd, s.nplrd);
     Control(s, {100, 0, 0, 0, 0});
     EXPECT_EQ(s.nrdint, s.ncrd);
-    EXPECT_EQ(LimitOf(s.secline[1]), " ({r}L; Ch 6.2.4)");
+    EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.4)");
     Control(s, {-100, 0, 0, 0, 0});
     EXPECT_EQ(s.nrdint, s.nplrd);
     Control(s, {0, 10, 0, 0, 0});
@@ -206,10 +207,10 @@ TEST(ControlAngle, WorstSectionStays)
     s.vzsec[0] = 20;
     s.vzsec[2] = -30;
     ControlAngle(s, s, s, s, s, s);
-    EXPECT_EQ(s.secline[1].place[0], 0.5);
-    EXPECT_EQ(s.secline[2].place[0], 0.5);
-    EXPECT_EQ(s.secline[3].place[0], 1);
-    EXPECT_EQ(s.secline[3].number[0], 30);
+    EXPECT_EQ(SectionRow(s, 1).place.x, 0.5);
+    EXPECT_EQ(SectionRow(s, 2).place.x, 0.5);
+    EXPECT_EQ(SectionRow(s, 3).place.x, 1);
+    EXPECT_EQ(SectionRow(s, 3).terms[0], 30);
 }
 
 // --- Class and effective area

@@ -124,5 +124,5 @@ TEST(UnequalBox, D189AxialForceAndBendingAboutZAreNotControlled)
     welded::Control(without, {0, 1000, 0, 300, 0});
     EXPECT_EQ(with.irsection, without.irsection);
     EXPECT_EQ(with.vbrd, without.vbrd);
-    EXPECT_TRUE(with.secline == without.secline);
+    EXPECT_TRUE(with.checklist == without.checklist);
 }

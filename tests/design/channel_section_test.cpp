@@ -7,6 +7,7 @@
 #include "design/i_section.h"
 #include "sections/channels.h"
 #include "support/end_forces.h"
+#include "support/rows.h"
 #include "support/sections.h"
 
 #include <cmath>
@@ -74,7 +75,7 @@ TEST(Channel, Unp240UnderTensionAndBiaxialBending)
     EXPECT_EQ(s.mnyrd, s.myrd);
     ExpectWorked(s.irrow1, 20 / 84.13, "row 1, My");
     ExpectWorked(s.irrow2, 20 / 84.13, "row 2, N and My");
-    EXPECT_EQ(LabelOf(s.secline[2]), "IR = My,Ed/MN,y,Rd = ");
+    EXPECT_EQ(LabelOf(SectionRow(s, 2)), "IR = My,Ed/MN,y,Rd = ");
     const double beta = 5 * 200 / 994.05;
     EXPECT_LT(std::pow(20 / 84.13, 2) + std::pow(3 / 17.7895, beta), s.irrow2);
     ExpectWorked(s.betaexp, beta, "beta");
@@ -192,7 +193,7 @@ TEST(Channel, D164ShiftOfTheCentroidGivesNoMoment)
     Design(s, {200, 0, 0, 0, 0});
     EXPECT_EQ(s.classn, 4);
     ExpectWorked(s.irrow1, 200 / (s.aeff * 0.355), "row 1");
-    EXPECT_TRUE(s.secline[2].empty());
+    EXPECT_TRUE(SectionRow(s, 2).empty());
 }
 
 TEST(Channel, ShearAreaHasNoFloor)

@@ -2,7 +2,7 @@
 // them. S355 (flat bar S235), gammaM0 = gammaM1 = 1; numbers worked by hand as in the tests of the
 // modules.
 
-#include "core/row_text.h"
+#include "core/check_text.h"
 #include "design/angle_section.h"
 #include "design/flat_bar_section.h"
 #include "design/general_section.h"
@@ -13,6 +13,7 @@
 #include "sections/read_profiles.h"
 #include "sections/simple.h"
 #include "support/end_forces.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -56,7 +57,7 @@ ProjectState Rolled(int family, Table table, const std::vector<float>& key)
     return s;
 }
 
-void ExpectTexts(const ResultRow& row, const RowText& expected)
+void ExpectTexts(const Check& row, const RowText& expected)
 {
     const RowText texts = TextOf(row, 1);
     EXPECT_EQ(texts.label, expected.label);
@@ -70,29 +71,29 @@ TEST(SectionTexts, Hollow)
     ProjectState s = Rolled(6, Table::shs, {300, 6.3f});
     SetForces(s, {500, 50, 30, 100, 50});
     ControlHollow(s, s, s, s, s, s);
-    ExpectTexts(s.secline[1],
+    ExpectTexts(SectionRow(s, 1),
                 {"IR = NEd/NRd = ", "500.0/2151.6 = ", "0.23", " < 1.0 (0.00L; Ch 6.2.4)"});
 
     s = Rolled(7, Table::rhs, {200, 100, 8});
     SetForces(s, {0, 40, 10, 100, 20});
     ControlHollow(s, s, s, s, s, s);
-    ExpectTexts(s.secline[2], {"IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ",
-                               "[40.0/100.1]^1.66+(10.0/61.0)^1.66 = ", "0.27",
-                               " < 1.0 (0.00L; Ch 6.2.5/6.2.9)"});
-    ExpectTexts(s.secline[3],
+    ExpectTexts(SectionRow(s, 2), {"IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ",
+                                   "[40.0/100.1]^1.66+(10.0/61.0)^1.66 = ", "0.27",
+                                   " < 1.0 (0.00L; Ch 6.2.5/6.2.9)"});
+    ExpectTexts(SectionRow(s, 3),
                 {"IR = Vz,Ed/Vz,Rd = ", "100.0/611.5 = ", "0.16", " < 1.0 (0.00L; Ch 6.2.6)"});
 
     s = Rolled(8, Table::cfshs, {100, 100, 5});
     SetForces(s, {-150, 15, 15, 0, 0});
     ControlHollow(s, s, s, s, s, s);
-    ExpectTexts(s.secline[2],
+    ExpectTexts(SectionRow(s, 2),
                 {"IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
                  "(15.0/22.9)^1.77+(15.0/22.9)^1.77 = ", "0.95", " < 1.0 (0.00L; Ch 6.2.9)"});
 
     s = Rolled(7, Table::rhs, {400, 120, 6.3f});
     SetForces(s, {0, 0, 0, 100, 0});
     ControlHollow(s, s, s, s, s, s);
-    EXPECT_EQ(TextOf(s.secline[3], 1).limit,
+    EXPECT_EQ(TextOf(SectionRow(s, 3), 1).limit,
               " < 1.0 (0.00L; Ch 6.2.6 Support stiffener recommended)");
 }
 
@@ -105,17 +106,17 @@ TEST(SectionTexts, Tube)
     CalcResistanceTube(s, s, s, s);
     SetForces(s, {500, 200, 200, 0, 0});
     ControlTube(s, s, s, s, s, s);
-    ExpectTexts(s.secline[2],
+    ExpectTexts(SectionRow(s, 2),
                 {"IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
                  "(200.0/286.2)^2.0+(200.0/286.2)^2.0 = ", "0.98", " < 1.0 (0.00L; Ch 6.2.9)"});
     SetForces(s, {0, 200, 200, 0, 0});
     ControlTube(s, s, s, s, s, s);
-    ExpectTexts(s.secline[2], {"IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ",
-                               "[200.0/298.7]^2.00+(200.0/298.7)^2.00 = ", "0.90",
-                               " < 1.0 (0.00L; Ch 6.2.5/6.2.9)"});
+    ExpectTexts(SectionRow(s, 2), {"IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ",
+                                   "[200.0/298.7]^2.00+(200.0/298.7)^2.00 = ", "0.90",
+                                   " < 1.0 (0.00L; Ch 6.2.5/6.2.9)"});
     SetForces(s, {-500, 0, 0, 0, 0});
     ControlTube(s, s, s, s, s, s);
-    ExpectTexts(s.secline[1],
+    ExpectTexts(SectionRow(s, 1),
                 {"IR = NEd/NRd = ", "-500.0/3234.3 = ", "0.15", " < 1.0 (0.00L; Ch 6.2.3)"});
 }
 
@@ -128,12 +129,13 @@ TEST(SectionTexts, FlatBar)
     CalcResistanceFlatBar(s, s, s, s);
     SetForces(s, {0, 8, 0, 100, 0});
     ControlFlatBar(s, s, s, s, s, s);
-    ExpectTexts(s.secline[1],
+    ExpectTexts(SectionRow(s, 1),
                 {"IR = My,Ed/MV,y,Rd = ", "8.0/15.0 = ", "0.53", " < 1.0 (0.00L; Ch 6.2.8)"});
-    ExpectTexts(s.secline[2], {});
+    ExpectTexts(SectionRow(s, 2), {});
     SetForces(s, {100, 0, 0, 0, 0});
     ControlFlatBar(s, s, s, s, s, s);
-    ExpectTexts(s.secline[1], {"IR = NEd/NRd = ", "100.0/423.0 = ", "0.24", " < 1.0 (Ch 6.2.4)"});
+    ExpectTexts(SectionRow(s, 1),
+                {"IR = NEd/NRd = ", "100.0/423.0 = ", "0.24", " < 1.0 (Ch 6.2.4)"});
 }
 
 TEST(SectionTexts, General)
@@ -158,10 +160,10 @@ TEST(SectionTexts, General)
     CalcResistanceGeneral(s, s, s, s);
     SetForces(s, {2000, 600, 200, 500, 400});
     ControlGeneral(s, s, s, s, s, s);
-    ExpectTexts(s.secline[2],
+    ExpectTexts(SectionRow(s, 2),
                 {"IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
                  "(600.0/1337.1)^2.00+(200.0/326.7)^1.50 = ", "0.68", " < 1.0 (0.00L; Ch 6.2.9)"});
-    ExpectTexts(s.secline[3],
+    ExpectTexts(SectionRow(s, 3),
                 {"IR = Vz,Ed/Vz,Rd = ", "500.0/1377.3 = ", "0.36", " < 1.0 (0.00L; Ch 6.2.6)"});
 }
 
@@ -170,20 +172,21 @@ TEST(SectionTexts, Angle)
     ProjectState s = Rolled(10, Table::l1, {100, 10});
     SetForces(s, {100, 3, 1, 30, 40});
     ControlAngle(s, s, s, s, s, s);
-    ExpectTexts(s.secline[1],
+    ExpectTexts(SectionRow(s, 1),
                 {"IR = NEd/NRd+My,Ed/My,Rd+Mz,Ed/Mz,Rd = ", "100.0/679.8+3.0/22.2+1.0/22.2 = ",
                  "0.33", " < 1.0 (0.00L, point: 2, Ch 6.2.1)"});
-    ExpectTexts(s.secline[2],
+    ExpectTexts(SectionRow(s, 2),
                 {"IR = NEd/NRd+Mu,Ed/Mu,Rd+Mv,Ed/Mv,Rd = ", "100.0/679.8+2.8/14.8+-1.4/7.6 = ",
                  "0.53", " < 1.0 (0.00L, point: 1, Ch 6.2.1)"});
-    ExpectTexts(s.secline[3],
+    ExpectTexts(SectionRow(s, 3),
                 {"IR = Vy,Ed/Vy,Rd = ", "40.0/123.0 = ", "0.33", " < 1.0 (0.00L; Ch 6.2.6)"});
 
     // The heel of equal legs has no term of Mu.
     SetForces(s, {100, -2, 2, 0, 0});
     ControlAngle(s, s, s, s, s, s);
-    ExpectTexts(s.secline[2], {"IR = NEd/NRd+Mu,Ed/Mu,Rd+Mv,Ed/Mv,Rd = ", "100.0/679.8+2.8/6.5 = ",
-                               "0.58", " < 1.0 (0.00L, point: 2, Ch 6.2.1)"});
+    ExpectTexts(SectionRow(s, 2),
+                {"IR = NEd/NRd+Mu,Ed/Mu,Rd+Mv,Ed/Mv,Rd = ", "100.0/679.8+2.8/6.5 = ", "0.58",
+                 " < 1.0 (0.00L, point: 2, Ch 6.2.1)"});
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "design/flat_bar_section.h"
 
 #include "sections/simple.h"
+#include "support/rows.h"
 #include "support/sections.h"
 #include "support/worked.h"
 
@@ -38,11 +39,11 @@ TEST(ControlFlatBar, MomentBesideShear)
     ExpectDigits(s.myrd, 15.86, "67500*235/1e6");
     ExpectDigits(s.vzrd, 162.8, "1800*235/sqrt(3)/1.5/1000");
     ExpectDigits(s.myrdv, 15.03, "15.86 - 0.0522*12*150^2/4*235/1e6");
-    ExpectRow(s.secline[1],
-              {0.5321, "IR = My,Ed/MV,y,Rd = ", "{F}/{F} = ", {8, 15.03}, " ({r}L; Ch 6.2.8)"});
-    EXPECT_TRUE(s.secline[2].empty());
-    ExpectRow(s.secline[3],
-              {0.6142, "IR = Vz,Ed/Vz,Rd = ", "{F}/{F} = ", {100, 162.8}, " ({r}L; Ch 6.2.6)"});
+    ExpectRow(SectionRow(s, 1),
+              {0.5321, "IR = My,Ed/MV,y,Rd = ", "{F}/{F} = ", {8, 15.03}, " (0.00L; Ch 6.2.8)"});
+    EXPECT_TRUE(SectionRow(s, 2).empty());
+    ExpectRow(SectionRow(s, 3),
+              {0.6142, "IR = Vz,Ed/Vz,Rd = ", "{F}/{F} = ", {100, 162.8}, " (0.00L; Ch 6.2.6)"});
     EXPECT_EQ(s.irsection, s.irrow3);
 }
 
@@ -69,9 +70,10 @@ TEST(ControlFlatBar, AxialForceAlone)
 {
     ProjectState s = Bar(150, 12);
     Control(s, {100, 0, 0, 0, 0});
-    ExpectRow(s.secline[1], {0.2364, "IR = NEd/NRd = ", "{F}/{F} = ", {100, 423}, " (Ch 6.2.4)"});
+    ExpectRow(SectionRow(s, 1),
+              {0.2364, "IR = NEd/NRd = ", "{F}/{F} = ", {100, 423}, " (Ch 6.2.4)"});
     Control(s, {-100, 0, 0, 0, 0});
-    EXPECT_EQ(LimitOf(s.secline[1]), " (Ch 6.2.3)");
+    EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (Ch 6.2.3)");
 }
 
 TEST(ControlFlatBar, D177CompressionWithMomentEndsTheCalculation)
@@ -90,10 +92,10 @@ TEST(ControlFlatBar, D177TensionLeavesTheMomentResistance)
     ProjectState s = Bar(150, 12);
     Control(s, {-300, 8, 0, 0, 0});
     // The standard: 15.86*(1 - (300/423)^2) = 7.884.
-    ExpectRow(s.secline[2],
-              {0.5043, "IR = My,Ed/MN,y,Rd = ", "{F}/{F} = ", {8, 15.86}, " ({r}L; Ch 6.2.9)"});
+    ExpectRow(SectionRow(s, 2),
+              {0.5043, "IR = My,Ed/MN,y,Rd = ", "{F}/{F} = ", {8, 15.86}, " (0.00L; Ch 6.2.9)"});
     Control(s, {-300, 8, 0, 100, 0});
-    EXPECT_EQ(LabelOf(s.secline[2]), "IR = My,Ed/MVN,y,Rd = ");
+    EXPECT_EQ(LabelOf(SectionRow(s, 2)), "IR = My,Ed/MVN,y,Rd = ");
 }
 
 TEST(ControlFlatBar, ConservativeControlAddsTheRatios)
@@ -103,12 +105,12 @@ TEST(ControlFlatBar, ConservativeControlAddsTheRatios)
     std::feclearexcept(FE_ALL_EXCEPT);
     Control(s, {10, 8, 0, 100, 0});
     EXPECT_FALSE(std::fetestexcept(FE_DIVBYZERO));
-    ExpectRow(s.secline[2],
+    ExpectRow(SectionRow(s, 2),
               {0.5557,  // 10/423 + 8/15.03
                "IR = NEd/NRd+My,Ed/MV,y,Rd = ",
                "{F}/{F}+{F}/{F} = ",
                {10, 423, 8, 15.03},
-               " ({r}L; Ch 6.2.1/6.2.9)"});
+               " (0.00L; Ch 6.2.1/6.2.9)"});
 }
 
 TEST(ControlFlatBar, D178MomentAndShearOfTheWeakAxisAreNotControlled)
@@ -116,8 +118,8 @@ TEST(ControlFlatBar, D178MomentAndShearOfTheWeakAxisAreNotControlled)
     ProjectState s = Bar(150, 12);
     Control(s, {0, 0, 100, 0, 1000});
     EXPECT_EQ(s.irsection, 0);
-    EXPECT_TRUE(s.secline[1].empty());
-    EXPECT_TRUE(s.secline[3].empty());
+    EXPECT_TRUE(SectionRow(s, 1).empty());
+    EXPECT_TRUE(SectionRow(s, 3).empty());
 }
 
 TEST(CalcResistanceFlatBar, StaysPlasticUnderElasticDesign)

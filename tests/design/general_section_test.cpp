@@ -6,6 +6,7 @@
 #include "design/i_section.h"
 #include "sections/rolled_i.h"
 #include "sections/simple.h"
+#include "support/rows.h"
 #include "support/sections.h"
 #include "support/worked.h"
 
@@ -58,23 +59,23 @@ TEST(ControlGeneral, CompressionAndBothMoments)
     ExpectDigits(s.betaexp, 1.505, "5*0.3010");
     ExpectDigits(s.vzrd, 1377, "6720*355/sqrt(3)/1000");
     ExpectDigits(s.vyrd, 2460, "12000*355/sqrt(3)/1000");
-    ExpectRow(s.secline[1],
-              {0.3823, "IR = My,Ed/My,Rd = ", "{F}/{F} = ", {600, 1569}, " ({r}L; Ch 6.2.5)"});
-    ExpectRow(s.secline[2],
-              {0.4487, "IR = My,Ed/MN,y,Rd = ", "{F}/{F} = ", {600, 1337}, " ({r}L; Ch 6.2.9)"});
-    ExpectRow(s.secline[3],
-              {0.3630, "IR = Vz,Ed/Vz,Rd = ", "{F}/{F} = ", {500, 1377}, " ({r}L; Ch 6.2.6)"});
+    ExpectRow(SectionRow(s, 1),
+              {0.3823, "IR = My,Ed/My,Rd = ", "{F}/{F} = ", {600, 1569}, " (0.00L; Ch 6.2.5)"});
+    ExpectRow(SectionRow(s, 2),
+              {0.4487, "IR = My,Ed/MN,y,Rd = ", "{F}/{F} = ", {600, 1337}, " (0.00L; Ch 6.2.9)"});
+    ExpectRow(SectionRow(s, 3),
+              {0.3630, "IR = Vz,Ed/Vz,Rd = ", "{F}/{F} = ", {500, 1377}, " (0.00L; Ch 6.2.6)"});
     // Without My: e = 100/326.7; with less My f = (300/1337)^2 + 0.3061^1.505.
     Control(s, {2000, 0, 100, 0, 0});
-    ExpectRow(s.secline[2],
-              {0.3061, "IR = Mz,Ed/MN,z,Rd = ", "{F}/{F} = ", {100, 326.7}, " ({r}L; Ch 6.2.9)"});
+    ExpectRow(SectionRow(s, 2),
+              {0.3061, "IR = Mz,Ed/MN,z,Rd = ", "{F}/{F} = ", {100, 326.7}, " (0.00L; Ch 6.2.9)"});
     Control(s, {2000, 600, 200, 0, 0});  // (0.4487)^2 + 0.6122^1.505 = 0.2013 + 0.4780
-    ExpectRow(s.secline[2],
+    ExpectRow(SectionRow(s, 2),
               {0.679,
                "IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
                "({F}/{F})^{R}+({F}/{F})^{R} = ",
                {600, 1337, 2, 200, 326.7, 1.505},
-               " ({r}L; Ch 6.2.9)"},
+               " (0.00L; Ch 6.2.9)"},
               3);
 }
 
@@ -82,10 +83,10 @@ TEST(ControlGeneral, AxialForceHasNoPlace)
 {
     ProjectState s = General();
     Control(s, {-2000, 0, 0, 0, 0});
-    ExpectRow(s.secline[1],
+    ExpectRow(SectionRow(s, 1),
               {0.3010, "IR = NEd/NRd = ", "{F}/{F} = ", {-2000, 6646}, " (Ch 6.2.3)"});
     Control(s, {2000, 0, 0, 0, 0});
-    EXPECT_EQ(LimitOf(s.secline[1]), " (Ch 6.2.4)");
+    EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (Ch 6.2.4)");
 }
 
 TEST(CalcResistanceGeneral, ClassThreeRestsOnTheElasticModulus)
@@ -97,12 +98,12 @@ TEST(CalcResistanceGeneral, ClassThreeRestsOnTheElasticModulus)
     ExpectDigits(s.myrd, 1403, "3.951e6*355/1e6");
     EXPECT_EQ(s.wzused, s.wplz);
     Control(s, {2000, 600, 0, 0, 0});
-    ExpectRow(s.secline[2],
+    ExpectRow(SectionRow(s, 2),
               {0.7287,  // 0.3010 + 600/1402.6
                "IR = NEd/NRd+My,Ed/My,Rd = ",
                "{F}/{F}+{F}/{F} = ",
                {2000, 6646, 600, 1403},
-               " ({r}L; Ch 6.2.1/6.2.9)"});
+               " (0.00L; Ch 6.2.1/6.2.9)"});
 
     s = General();
     s.checkelastic = kTrue;
@@ -129,7 +130,7 @@ TEST(ControlGeneral, SmallAxialForceLeavesTheMoments)
     const double web = 0.5 * 6720 * 355 / 1000;  // 1192.8 kN, below 0.25*6645.6 = 1661.4
     Control(s, {web, 600, 0, 0, 0});
     EXPECT_EQ(s.mnyrd, s.myrdv);
-    EXPECT_EQ(LabelOf(s.secline[2]), "IR = My,Ed/MN,y,Rd = ");
+    EXPECT_EQ(LabelOf(SectionRow(s, 2)), "IR = My,Ed/MN,y,Rd = ");
     Control(s, {web + 300, 600, 0, 0, 0});
     EXPECT_LT(s.mnyrd, s.myrdv);
 }
@@ -140,8 +141,8 @@ TEST(ControlGeneral, D179ShearReducesNoMoment)
     Control(s, {0, 600, 100, 0.95 * s.vzrd, 0.95 * s.vyrd});
     EXPECT_EQ(s.myrdv, s.myrd);
     EXPECT_EQ(s.mzrdv, s.mzrd);
-    EXPECT_EQ(LabelOf(s.secline[1]), "IR = My,Ed/My,Rd = ");
-    EXPECT_EQ(LabelOf(s.secline[2]), "IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ");
+    EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/My,Rd = ");
+    EXPECT_EQ(LabelOf(SectionRow(s, 2)), "IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ");
 }
 
 TEST(ControlGeneral, D180WebShareIsNotHeldAtOneHalf)
@@ -157,7 +158,7 @@ TEST(ControlGeneral, D173ClassOfCompressionPlaysNoPart)
 {
     ProjectState s = General();  // class 3 entered for N, 1 for My
     Control(s, {2000, 600, 0, 0, 0});
-    EXPECT_EQ(LabelOf(s.secline[2]), "IR = My,Ed/MN,y,Rd = ");
+    EXPECT_EQ(LabelOf(SectionRow(s, 2)), "IR = My,Ed/MN,y,Rd = ");
     const double ratio = s.irrow2;
     s.classn = 1;
     Control(s, {2000, 600, 0, 0, 0});
@@ -206,8 +207,8 @@ TEST(GeneralLaws, EqualsTheWeldedIOfItsProperties)
         EXPECT_NEAR(g.irrow1, i.irrow1, 1e-6);
         EXPECT_NEAR(g.irrow2, i.irrow2, 1e-5);
         EXPECT_NEAR(g.irrow3, i.irrow3, 1e-6);
-        EXPECT_EQ(LabelOf(g.secline[2]), LabelOf(i.secline[2]));
-        EXPECT_EQ(LimitOf(g.secline[2]), LimitOf(i.secline[2]));
+        EXPECT_EQ(LabelOf(SectionRow(g, 2)), LabelOf(SectionRow(i, 2)));
+        EXPECT_EQ(LimitOf(SectionRow(g, 2)), LimitOf(SectionRow(i, 2)));
     }
 
     // D152: the ratio of Vy.

@@ -1,5 +1,6 @@
 #include "design/hat_beam_section.h"
 
+#include "support/rows.h"
 #include "support/welded_design.h"
 
 #include <gtest/gtest.h>
@@ -180,8 +181,8 @@ TEST(HsqControl, ShearAndFlangeLoadingReduceOnce)
     const double factor = s.flangefactor, rho = 0.8 * 0.8;
     const double strip = 275.0 * 275 * 12 * rho;
     EXPECT_NEAR(s.myrdv, (s.wply - strip / 4) * 355e-6 * factor, 1e-6 * s.myrdv);
-    EXPECT_EQ(s.secline[1].label[0].text(), "IR = My,Ed/MV,y,Rd = ");
-    EXPECT_EQ(s.secline[1].limit[0].text(), " ({r}L; Ch 6.2.8)");
+    EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/MV,y,Rd = ");
+    EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.8)");
 }
 
 // Exactly half the shear resistance keeps the plain text.
@@ -189,8 +190,8 @@ TEST(HsqControl, TextOfReducedShearNeedsMoreThanHalf)
 {
     ProjectState s = welded::Prepared(24);
     welded::Control(s, {0, 100, 0, 0.5 * s.vzrd, 0});
-    EXPECT_EQ(s.secline[1].label[0].text(), "IR = My,Ed/My,Rd = ");
-    EXPECT_EQ(s.secline[1].limit[0].text(), " ({r}L; Ch 6.2.5)");
+    EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/My,Rd = ");
+    EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.5)");
 }
 
 TEST(HsqControl, RowsOfMyAndVzOnly)
@@ -198,11 +199,11 @@ TEST(HsqControl, RowsOfMyAndVzOnly)
     ProjectState s = welded::Prepared(24);
     welded::Control(s, {0, -100, 70, -80, 90});
     EXPECT_NEAR(s.irrow1, 100 / (s.wybot * 355e-6), 1e-6);
-    EXPECT_EQ(s.secline[1].number[0], 100);  // the size of My
-    EXPECT_TRUE(s.secline[2].empty());
+    EXPECT_EQ(SectionRow(s, 1).terms[0], 100);  // the size of My
+    EXPECT_TRUE(SectionRow(s, 2).empty());
     EXPECT_EQ(s.irrow2, 0);
     EXPECT_NEAR(s.irrow3, 80 / s.vbrd, 1e-9);
-    EXPECT_EQ(s.secline[3].label[0].text(), "IR = Vz,Ed/Vz,Rd = ");
+    EXPECT_EQ(LabelOf(SectionRow(s, 3)), "IR = Vz,Ed/Vz,Rd = ");
     EXPECT_EQ(s.irsection, std::max(s.irrow1, s.irrow3));
 }
 
@@ -215,9 +216,9 @@ TEST(HsqControl, WorstSectionGovernsAndZeroMomentIsSkipped)
     s.vzsec = {90, 0, -100};
     ControlHsq(s, s, s, s, s, s);
     EXPECT_NEAR(s.irrow1, 120 / (s.wytop * 355e-6), 1e-6);
-    EXPECT_EQ(s.secline[1].place[0], 0.5);
+    EXPECT_EQ(SectionRow(s, 1).place.x, 0.5);
     EXPECT_NEAR(s.irrow3, 100 / s.vbrd, 1e-9);
-    EXPECT_EQ(s.secline[3].place[0], 1);
+    EXPECT_EQ(SectionRow(s, 3).place.x, 1);
 }
 
 // Two slender webs with the weaker flange (540*15^2 = 121500 against 300*25^2 = 187500).
@@ -233,7 +234,7 @@ TEST(HsqControl, ShearBucklingOfBothWebs)
     const double c = 5000 * (0.25 + 1.6 * 121500 / (hw * hw * 12));
     EXPECT_NEAR(s.vzrd, web, 1e-6 * web);
     EXPECT_NEAR(s.vbrd, web + 121500 * 0.355 / c, 1e-5 * web);
-    EXPECT_EQ(s.secline[3].limit[1].text(), " Support stiffener recommended)");
+    EXPECT_EQ(SectionRow(s, 3).note.text(), " Support stiffener recommended)");
 }
 
 TEST(HsqControl, D199StiffenerSpacingCountsWithoutStiffeners)

@@ -5,6 +5,7 @@
 #include "design/hollow_section.h"
 
 #include "support/hollow.h"
+#include "support/rows.h"
 #include "support/worked.h"
 
 #include <algorithm>
@@ -163,7 +164,7 @@ TEST(CalcShearHollow, SlenderWebBuckles)
 
     SetForces(s, {0, 0, 0, 100, 0});
     ControlHollow(s, s, s, s, s, s);
-    EXPECT_EQ(LimitOf(s.secline[3]), " ({r}L; Ch 6.2.6 Support stiffener recommended)");
+    EXPECT_EQ(LimitOf(SectionRow(s, 3)), " (0.00L; Ch 6.2.6 Support stiffener recommended)");
 }
 
 // Box 1200x1000, webs 8, flanges 10 mm, bo 0: hw/tw = 147.5, bw/tf = 98.4, both above 58.58.
@@ -276,8 +277,8 @@ TEST(ReduceHollow, HalfTheShearResistanceReducesNothing)
     ProjectState s = Rolled(7, "200x100x8");
     Control(s, {0, 40, 0, 0.5 * s.vzrd, 0});
     EXPECT_EQ(s.myrdv, s.myrd);
-    EXPECT_EQ(LabelOf(s.secline[1]), "IR = My,Ed/MV,y,Rd = ");
-    EXPECT_EQ(LimitOf(s.secline[1]), " ({r}L; Ch 6.2.8)");
+    EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/MV,y,Rd = ");
+    EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.8)");
 }
 
 TEST(CalcMNHollow, FollowsTheAreasOfTheWalls)

@@ -4,6 +4,7 @@
 #include "design/hollow_section.h"
 
 #include "support/hollow.h"
+#include "support/rows.h"
 #include "support/worked.h"
 
 #include <cfenv>
@@ -31,12 +32,12 @@ TEST(ControlHollow, ColdFormedRectangle)
     EXPECT_EQ(s.betaexp, s.alfaexp);
     EXPECT_EQ(s.mnyrd, s.myrdv);  // 0.8084/0.75 > 1
     ExpectDigits(s.mnzrd, 1.137, "1.182*(1 - 0.1916)/(1 - 0.5*0.3197)");
-    ExpectRow(s.secline[1],
-              {0.2971, "IR = My,Ed/My,Rd = ", "{F}/{F} = ", {0.5, 1.683}, " ({r}L; Ch 6.2.5)"});
-    ExpectRow(s.secline[2],
-              {0.2971, "IR = My,Ed/MN,y,Rd = ", "{F}/{F} = ", {0.5, 1.683}, " ({r}L; Ch 6.2.9)"});
-    ExpectRow(s.secline[3],
-              {0.2124, "IR = Vz,Ed/Vz,Rd = ", "{F}/{F} = ", {8, 37.66}, " ({r}L; Ch 6.2.6)"});
+    ExpectRow(SectionRow(s, 1),
+              {0.2971, "IR = My,Ed/My,Rd = ", "{F}/{F} = ", {0.5, 1.683}, " (0.00L; Ch 6.2.5)"});
+    ExpectRow(SectionRow(s, 2),
+              {0.2971, "IR = My,Ed/MN,y,Rd = ", "{F}/{F} = ", {0.5, 1.683}, " (0.00L; Ch 6.2.9)"});
+    ExpectRow(SectionRow(s, 3),
+              {0.2124, "IR = Vz,Ed/Vz,Rd = ", "{F}/{F} = ", {8, 37.66}, " (0.00L; Ch 6.2.6)"});
     EXPECT_EQ(s.irsection, s.irrow1);
 }
 
@@ -54,13 +55,13 @@ TEST(ControlHollow, SquareOfClassFour)
     ExpectDigits(s.myrd, 222.2, "6.260e5*355/1e6");
     EXPECT_EQ(s.wyused, s.weffy);
     ExpectDigits(s.vzrd, 754.1, "3679.5*355/sqrt(3)/1000");
-    ExpectRow(s.secline[1],
-              {0.2324, "IR = NEd/NRd = ", "{F}/{F} = ", {500, 2152}, " ({r}L; Ch 6.2.4)"});
-    ExpectRow(s.secline[2], {0.5924,
-                             "IR = NEd/NRd+My,Ed/My,Rd+Mz,Ed/Mz,Rd = ",
-                             "{F}/{F}+{F}/{F}+{F}/{F} = ",
-                             {500, 2152, 50, 222.2, 30, 222.2},
-                             " ({r}L; Ch 6.2.1/6.2.9)"});
+    ExpectRow(SectionRow(s, 1),
+              {0.2324, "IR = NEd/NRd = ", "{F}/{F} = ", {500, 2152}, " (0.00L; Ch 6.2.4)"});
+    ExpectRow(SectionRow(s, 2), {0.5924,
+                                 "IR = NEd/NRd+My,Ed/My,Rd+Mz,Ed/Mz,Rd = ",
+                                 "{F}/{F}+{F}/{F}+{F}/{F} = ",
+                                 {500, 2152, 50, 222.2, 30, 222.2},
+                                 " (0.00L; Ch 6.2.1/6.2.9)"});
     ExpectDigits(s.irrow3, 0.1326, "100/754.1");
 }
 
@@ -73,11 +74,11 @@ TEST(ControlHollow, BiaxialBendingWithoutAxialForce)
     ExpectDigits(s.vzrd, 611.5, "4475*200/300*355/sqrt(3)/1000");
     ExpectDigits(s.vyrd, 305.7, "4475*100/300*355/sqrt(3)/1000");
     ExpectDigits(s.irrow1, 0.3996, "40/100.1");
-    ExpectRow(s.secline[2], {0.2679,
-                             "IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ",
-                             "[{F}/{F}]^{R}+({F}/{F})^{R} = ",
-                             {40, 100.1, 1.66, 10, 60.98, 1.66},
-                             " ({r}L; Ch 6.2.5/6.2.9)"});
+    ExpectRow(SectionRow(s, 2), {0.2679,
+                                 "IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ",
+                                 "[{F}/{F}]^{R}+({F}/{F})^{R} = ",
+                                 {40, 100.1, 1.66, 10, 60.98, 1.66},
+                                 " (0.00L; Ch 6.2.5/6.2.9)"});
     ExpectDigits(s.irrow3, 0.1635, "100/611.5");
 }
 
@@ -90,17 +91,17 @@ TEST(ControlHollow, TensionWithBothMoments)
     ExpectDigits(s.alfaexp, 1.766, "1.66/(1 - 1.13*0.2301^2)");
     ExpectDigits(s.mnyrd, 22.86, "22.93*(1 - 0.2301)/(1 - 0.5*0.4553)");
     ExpectDigits(s.irrow1, 0.3489, "8/22.93");
-    ExpectRow(s.secline[2],
-              {0.3500, "IR = My,Ed/MN,y,Rd = ", "{F}/{F} = ", {8, 22.86}, " ({r}L; Ch 6.2.9)"});
+    ExpectRow(SectionRow(s, 2),
+              {0.3500, "IR = My,Ed/MN,y,Rd = ", "{F}/{F} = ", {8, 22.86}, " (0.00L; Ch 6.2.9)"});
     ExpectDigits(s.irrow3, 0.3189, "60/188.2");
 
     // 15/22.8561 = 0.65628 to the power 1.76567 is 0.47538, twice.
     Control(s, {-150, 15, 15, 0, 0});
-    ExpectRow(s.secline[2], {0.9508,
-                             "IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
-                             "({F}/{F})^{R}+({F}/{F})^{R} = ",
-                             {15, 22.86, 1.766, 15, 22.86, 1.766},
-                             " ({r}L; Ch 6.2.9)"});
+    ExpectRow(SectionRow(s, 2), {0.9508,
+                                 "IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
+                                 "({F}/{F})^{R}+({F}/{F})^{R} = ",
+                                 {15, 22.86, 1.766, 15, 22.86, 1.766},
+                                 " (0.00L; Ch 6.2.9)"});
 }
 
 TEST(ControlHollow, WeldedBox)
@@ -124,11 +125,11 @@ TEST(ControlHollow, WeldedBox)
     Control(s, {2000, 500, 0, 800, 0});
     EXPECT_EQ(s.classmyuse, 4);
     ExpectDigits(s.irrow1, 0.1775, "2000/11270");
-    ExpectRow(s.secline[2], {0.3603,
-                             "IR = NEd/NRd+My,Ed/My,Rd = ",
-                             "{F}/{F}+{F}/{F} = ",
-                             {2000, 1.127e4, 500, 2736},
-                             " ({r}L; Ch 6.2.1/6.2.9)"});
+    ExpectRow(SectionRow(s, 2), {0.3603,
+                                 "IR = NEd/NRd+My,Ed/My,Rd = ",
+                                 "{F}/{F}+{F}/{F} = ",
+                                 {2000, 1.127e4, 500, 2736},
+                                 " (0.00L; Ch 6.2.1/6.2.9)"});
     ExpectDigits(s.irrow3, 0.3485, "800/2296");
 }
 
@@ -189,8 +190,8 @@ TEST(ControlHollow, ConservativeControlShowsNoReducedMoment)
     for (const EndForces& f : {EndForces{300, 40, 10, 400, 200}, EndForces{-300, 40, 0, 0, 0},
                                EndForces{0, 40, 10, 0, 0}, EndForces{300, 0, 10, 0, 0}}) {
         Control(s, f);
-        EXPECT_EQ(LabelOf(s.secline[2]).find("MN"), std::string::npos);
-        EXPECT_EQ(LabelOf(s.secline[2]).find("MVN"), std::string::npos);
+        EXPECT_EQ(LabelOf(SectionRow(s, 2)).find("MN"), std::string::npos);
+        EXPECT_EQ(LabelOf(SectionRow(s, 2)).find("MVN"), std::string::npos);
     }
 }
 
@@ -198,10 +199,10 @@ TEST(ControlHollow, AxialForceAloneIsPlacedAtTheFirstSection)
 {
     ProjectState s = Rolled(7, "200x100x8");
     Control(s, {-300, 0, 0, 0, 0});
-    ExpectRow(s.secline[1],
-              {0.1888, "IR = NEd/NRd = ", "{F}/{F} = ", {-300, 1589}, " ({r}L; Ch 6.2.3)"});
-    EXPECT_TRUE(s.secline[2].empty());
-    EXPECT_TRUE(s.secline[3].empty());
+    ExpectRow(SectionRow(s, 1),
+              {0.1888, "IR = NEd/NRd = ", "{F}/{F} = ", {-300, 1589}, " (0.00L; Ch 6.2.3)"});
+    EXPECT_TRUE(SectionRow(s, 2).empty());
+    EXPECT_TRUE(SectionRow(s, 3).empty());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "core/arithmetic_trap.h"
 #include "design/i_section.h"
 #include "sections/rolled_i.h"
+#include "support/rows.h"
 #include "support/welded_design.h"
 
 #include <gtest/gtest.h>
@@ -99,10 +100,10 @@ TEST(SingleSymmetricI, ControlTakesTheResistanceOfTheSign)
     ProjectState s = Unequal({800, 400, 200, 8, 30, 15});
     welded::Control(s, {0, 200, 0, 0, 0});
     EXPECT_NEAR(s.irrow1, 200 / (s.wytop * 355e-6), 1e-6);
-    EXPECT_EQ(s.secline[1].number[0], 200);
+    EXPECT_EQ(SectionRow(s, 1).terms[0], 200);
     welded::Control(s, {0, -200, 0, 0, 0});
     EXPECT_NEAR(s.irrow1, 200 / (s.wybot * 355e-6), 1e-6);
-    EXPECT_EQ(s.secline[1].number[0], 200);
+    EXPECT_EQ(SectionRow(s, 1).terms[0], 200);
     EXPECT_EQ(s.classmy, 4);  // the worse sign stands after the control
 }
 
@@ -177,9 +178,9 @@ TEST(SingleSymmetricI, EqualFlangesAreTheDoubleSymmetricSection)
         near(s.irrow2, twin.irrow2, 1e-4);
         near(s.irrow3, twin.irrow3, 1e-6);
         for (std::size_t row = 1; row <= 3; ++row) {
-            EXPECT_EQ(s.secline[row].label, twin.secline[row].label);
-            EXPECT_EQ(s.secline[row].calculation, twin.secline[row].calculation);
-            EXPECT_EQ(s.secline[row].limit, twin.secline[row].limit);
+            EXPECT_EQ(LabelOf(SectionRow(s, row)), LabelOf(SectionRow(twin, row)));
+            EXPECT_EQ(CalculationOf(SectionRow(s, row)), CalculationOf(SectionRow(twin, row)));
+            EXPECT_EQ(LimitOf(SectionRow(s, row)), LimitOf(SectionRow(twin, row)));
         }
     }
 }
@@ -189,10 +190,10 @@ TEST(SingleSymmetricI, HalfTheShearResistanceShowsTheReducedText)
 {
     ProjectState s = Stocky();
     welded::Control(s, {0, 100, 0, 0.5 * s.vzrd, 0});
-    EXPECT_EQ(s.secline[1].label[0].text(), "IR = My,Ed/MV,y,Rd = ");
+    EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/MV,y,Rd = ");
     EXPECT_NEAR(s.irrow1, 100 / (s.wply * 235e-6), 1e-6);
     welded::Control(s, {0, 100, 0, 0.49 * s.vzrd, 0});
-    EXPECT_EQ(s.secline[1].label[0].text(), "IR = My,Ed/My,Rd = ");
+    EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/My,Rd = ");
 }
 
 // Plastic: hw^2 tw rho/4; elastic: /6 and held at the resistance of the sign.
@@ -219,7 +220,7 @@ TEST(SingleSymmetricI, CombinationTakesTheClassOfTheSection)
     welded::Control(s, {3000, 200, 0, 0, 0});
     const double weff = std::min(s.weffytop1, s.weffytop2);
     EXPECT_NEAR(s.irrow2, 3000 / s.ncrd + 200 / (weff * 355e-6), 1e-5);
-    EXPECT_EQ(s.secline[2].label[0].text(), "IR = NEd/NRd+My,Ed/My,Rd = ");
+    EXPECT_EQ(LabelOf(SectionRow(s, 2)), "IR = NEd/NRd+My,Ed/My,Rd = ");
 }
 
 // Outstands of 94/20 = 4.4 (class 1) and 188/20 = 9.4 > 10*0.8136 (class 3): classflange tells of
@@ -320,7 +321,7 @@ TEST(SingleSymmetricI, SlenderWebRecommendsStiffeners)
     EXPECT_NEAR(s.vzrd, web, 1e-5 * web);
     const double c = 5000 * (0.25 + 1.6 * 300 * 400 / (1160.0 * 1160 * 8));
     EXPECT_NEAR(s.vbrd, web + 300 * 400 * 0.355 / c, 1e-5 * web);
-    EXPECT_EQ(s.secline[3].limit[1].text(), " Support stiffener recommended)");
+    EXPECT_EQ(SectionRow(s, 3).note.text(), " Support stiffener recommended)");
     s.checkwebbuck = kTrue;
     welded::Control(s, {0, 0, 0, 300, 0});
     EXPECT_EQ(s.vbrd, s.vplzrd);
@@ -343,7 +344,7 @@ TEST(SingleSymmetricI, NoForcesLeaveTheRowsEmpty)
     welded::Control(s, {0, 0, 0, 0, 0});
     EXPECT_EQ(s.irsection, 0);
     for (std::size_t row = 1; row <= 3; ++row) {
-        EXPECT_TRUE(s.secline[row].empty());
-        EXPECT_EQ(s.secline[row].status, kWithin);
+        EXPECT_TRUE(SectionRow(s, row).empty());
+        EXPECT_EQ(SectionRow(s, row).status, kWithin);
     }
 }

@@ -1,6 +1,7 @@
 #include "design/stiffened_plate_section.h"
 
 #include "design/effective_welded.h"
+#include "support/rows.h"
 #include "support/welded_design.h"
 
 #include <gtest/gtest.h>
@@ -193,7 +194,7 @@ TEST(PlateControl, SignsTakeTheirOwnResistance)
     EXPECT_NEAR(s.irrow1, 10 / 43.28, 2e-4);
     welded::Control(s, {0, -10, 0, 5, 0});
     EXPECT_NEAR(s.irrow1, 10 / 23.65, 5e-4);
-    EXPECT_TRUE(s.secline[2].empty());
+    EXPECT_TRUE(SectionRow(s, 2).empty());
     EXPECT_NEAR(s.irrow3, 5 / s.vbrd, 1e-9);
 }
 
@@ -217,7 +218,7 @@ TEST(PlateControl, FlangePartOfShearBuckling)
     welded::Prepare(bar);
     welded::Control(bar, {0, 0, 0, 10, 0});
     EXPECT_EQ(bar.vbrd, bar.vzrd);
-    EXPECT_EQ(bar.secline[3].limit[1].text(), " Support stiffener recommended)");
+    EXPECT_EQ(SectionRow(bar, 3).note.text(), " Support stiffener recommended)");
 
     ProjectState tee = welded::Default(56);
     tee.p56 = {710, 600, 200, 8, 10, 10};

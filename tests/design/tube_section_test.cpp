@@ -4,6 +4,7 @@
 #include "design/tube_section.h"
 
 #include "sections/simple.h"
+#include "support/rows.h"
 #include "support/sections.h"
 #include "support/worked.h"
 
@@ -43,32 +44,32 @@ TEST(ControlTube, CompressionAndBothMoments)
     ExpectDigits(s.vzrd, 1189, "5800*355/sqrt(3)/1000");
     ExpectDigits(s.mnyrd, 286.2, "298.7*(1 - 0.1546^1.7)");
     EXPECT_EQ(s.mnzrd, s.mnyrd);
-    ExpectRow(s.secline[1],
-              {0.2009, "IR = My,Ed/My,Rd = ", "{F}/{F} = ", {60, 298.7}, " ({r}L; Ch 6.2.5)"});
-    ExpectRow(s.secline[2],
-              {0.2097, "IR = My,Ed/MN,y,Rd = ", "{F}/{F} = ", {60, 286.2}, " ({r}L; Ch 6.2.9)"});
-    ExpectRow(s.secline[3],
-              {0.1682, "IR = Vz,Ed/Vz,Rd = ", "{F}/{F} = ", {200, 1189}, " ({r}L; Ch 6.2.6)"});
+    ExpectRow(SectionRow(s, 1),
+              {0.2009, "IR = My,Ed/My,Rd = ", "{F}/{F} = ", {60, 298.7}, " (0.00L; Ch 6.2.5)"});
+    ExpectRow(SectionRow(s, 2),
+              {0.2097, "IR = My,Ed/MN,y,Rd = ", "{F}/{F} = ", {60, 286.2}, " (0.00L; Ch 6.2.9)"});
+    ExpectRow(SectionRow(s, 3),
+              {0.1682, "IR = Vz,Ed/Vz,Rd = ", "{F}/{F} = ", {200, 1189}, " (0.00L; Ch 6.2.6)"});
 }
 
 TEST(ControlTube, ExponentsAreTwoWithOneDecimalUnderAxialForce)
 {
     ProjectState s = Tube(300, 10);
     Control(s, {500, 200, 200, 0, 0});  // 2*(200/286.2)^2 = 0.9767
-    ExpectRow(s.secline[2],
+    ExpectRow(SectionRow(s, 2),
               {0.977,
                "IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
                "({F}/{F})^{F}+({F}/{F})^{F} = ",
                {200, 286.2, 2, 200, 286.2, 2},
-               " ({r}L; Ch 6.2.9)"},
+               " (0.00L; Ch 6.2.9)"},
               3);
     Control(s, {0, 200, 200, 0, 0});  // 2*(200/298.7)^2 = 0.8967
-    ExpectRow(s.secline[2],
+    ExpectRow(SectionRow(s, 2),
               {0.897,
                "IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ",
                "[{F}/{F}]^{R}+({F}/{F})^{R} = ",
                {200, 298.7, 2, 200, 298.7, 2},
-               " ({r}L; Ch 6.2.5/6.2.9)"},
+               " (0.00L; Ch 6.2.5/6.2.9)"},
               3);
 }
 
@@ -77,18 +78,18 @@ TEST(ControlTube, ShearReducesTheMoment)
     ProjectState s = Tube(300, 10);
     Control(s, {0, 60, 0, 700, 0});
     ExpectDigits(s.myrdv, 289.2, "298.7*(1 - (2*700/1189 - 1)^2), rho = 0.0316");
-    EXPECT_EQ(LabelOf(s.secline[1]), "IR = My,Ed/MV,y,Rd = ");
-    EXPECT_EQ(LimitOf(s.secline[1]), " ({r}L; Ch 6.2.8)");
+    EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/MV,y,Rd = ");
+    EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.8)");
 }
 
 TEST(ControlTube, AxialForceAloneIsPlacedAtTheFirstSection)
 {
     ProjectState s = Tube(300, 10);
     Control(s, {-500, 0, 0, 0, 0});
-    ExpectRow(s.secline[1],
-              {0.1546, "IR = NEd/NRd = ", "{F}/{F} = ", {-500, 3234}, " ({r}L; Ch 6.2.3)"});
+    ExpectRow(SectionRow(s, 1),
+              {0.1546, "IR = NEd/NRd = ", "{F}/{F} = ", {-500, 3234}, " (0.00L; Ch 6.2.3)"});
     Control(s, {500, 0, 0, 0, 0});
-    EXPECT_EQ(LimitOf(s.secline[1]), " ({r}L; Ch 6.2.4)");
+    EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.4)");
 }
 
 TEST(ControlTube, FullShearLeavesNoMomentAndEndsTheCalculation)

@@ -5,6 +5,7 @@
 #include "engine/engine_fixture.h"
 #include "engine/section_dispatch.h"
 #include "sections/families.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +23,7 @@ TEST(Calculate, DefaultProjectIsDesigned)
     EXPECT_TRUE(EndsWell(s));
     EXPECT_FALSE(s.calculationerror);
     EXPECT_EQ(s.errorflag, 0);
-    EXPECT_FALSE(s.secline[1].empty());
+    EXPECT_FALSE(SectionRow(s, 1).empty());
     EXPECT_GT(s.irsection, 0);
     EXPECT_GT(s.maxirbuckling, 0);
     EXPECT_DOUBLE_EQ(s.mymax, 31.25);  // 10*5^2/8
@@ -211,9 +212,9 @@ TEST(Calculate, ANumberWithoutSectionDesignsNothing)
         EXPECT_TRUE(EndsWell(s)) << family;
         EXPECT_EQ(s.fyk, 123) << family;  // no section asks for a material
         for (const std::size_t i : {1U, 2U, 3U}) {
-            EXPECT_TRUE(s.secline[i].empty()) << family;
+            EXPECT_TRUE(SectionRow(s, i).empty()) << family;
         }
-        EXPECT_TRUE(s.yline.empty() && s.zline.empty() && s.ltline.empty()) << family;
+        EXPECT_TRUE(RowY(s).empty() && RowZ(s).empty() && LateralRow(s).empty()) << family;
         EXPECT_EQ(s.irsection, 0) << family;
         EXPECT_EQ(s.maxirbuckling, 0) << family;
         EXPECT_DOUBLE_EQ(s.mymax, 31.25) << family;  // forces need no section
@@ -277,7 +278,7 @@ TEST(CalcControl, WithoutCompressionTheBucklingRowsAreEmpty)
         s.nload[1] = -1;
         s.checkconsercontrol = kTrue;
         ASSERT_TRUE(EndsWell(s)) << family;
-        EXPECT_TRUE(s.yline.empty() && s.zline.empty() && s.ltline.empty()) << family;
+        EXPECT_TRUE(RowY(s).empty() && RowZ(s).empty() && LateralRow(s).empty()) << family;
         EXPECT_EQ(s.maxirbuckling, 0) << family;
     }
 }

@@ -3,6 +3,7 @@
 #include "core/load_combination.h"
 #include "engine/engine_fixture.h"
 #include "sections/families.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -38,10 +39,10 @@ void ExpectSameResult(const ProjectState& s, const ProjectState& alone)
     EXPECT_EQ(s.mydesign, alone.mydesign);
     EXPECT_EQ(s.mydiag, alone.mydiag);
     EXPECT_EQ(s.dzdiag, alone.dzdiag);
-    EXPECT_EQ(s.secline, alone.secline);
-    EXPECT_EQ(s.yline, alone.yline);
-    EXPECT_EQ(s.zline, alone.zline);
-    EXPECT_EQ(s.ltline, alone.ltline);
+    EXPECT_EQ(s.checklist, alone.checklist);
+    EXPECT_EQ(RowY(s), RowY(alone));
+    EXPECT_EQ(RowZ(s), RowZ(alone));
+    EXPECT_EQ(LateralRow(s), LateralRow(alone));
     EXPECT_EQ(s.irsection, alone.irsection);
     EXPECT_EQ(s.maxirbuckling, alone.maxirbuckling);
 }

@@ -4,6 +4,7 @@
 #include "engine/calculate.h"
 #include "engine/engine_fixture.h"
 #include "sections/families.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -30,15 +31,15 @@ TEST(FlatBar, D229LateralTorsionalBucklingIsControlledBesideCompressionOnly)
 {
     ProjectState compressed = Bar(0.01f);
     ASSERT_TRUE(EndsWell(compressed));
-    EXPECT_FALSE(compressed.ltline.empty());
+    EXPECT_FALSE(LateralRow(compressed).empty());
     EXPECT_GT(compressed.irrow6, 0);
     EXPECT_LT(compressed.xlt, 1);
     for (const float n : {0.0f, -0.01f}) {  // nothing of it beside bending alone or tension
         ProjectState s = Bar(n);
         ASSERT_TRUE(EndsWell(s));
         EXPECT_EQ(s.mydesign, compressed.mydesign);
-        EXPECT_TRUE(s.ltline.empty()) << n;
-        EXPECT_TRUE(s.yline.empty() && s.zline.empty()) << n;
+        EXPECT_TRUE(LateralRow(s).empty()) << n;
+        EXPECT_TRUE(RowY(s).empty() && RowZ(s).empty()) << n;
         EXPECT_EQ(s.maxirbuckling, 0) << n;
     }
 }
@@ -68,7 +69,7 @@ TEST(TSection, WithoutCompressionThereIsNoBuckling)
         s.nload[1] = n;
         ASSERT_TRUE(EndsWell(s));
         EXPECT_EQ(s.maxirbuckling, 0) << n;
-        EXPECT_TRUE(s.yline.empty() && s.zline.empty()) << n;
+        EXPECT_TRUE(RowY(s).empty() && RowZ(s).empty()) << n;
         EXPECT_GT(s.irsection, 0) << n;  // the self-weight bends it
     }
 }
@@ -78,8 +79,8 @@ TEST(RolledI, TensionLeavesTheLateralTorsionalRowToGovern)
     ProjectState s = Plain();
     s.nload[1] = -50;
     ASSERT_TRUE(EndsWell(s));
-    EXPECT_TRUE(s.yline.empty() && s.zline.empty());
-    EXPECT_FALSE(s.ltline.empty());
+    EXPECT_TRUE(RowY(s).empty() && RowZ(s).empty());
+    EXPECT_FALSE(LateralRow(s).empty());
     EXPECT_EQ(s.maxirbuckling, s.irrow6);
     EXPECT_GT(s.maxirbuckling, 0);
 }
@@ -271,12 +272,12 @@ TEST(GivenEndForces, KeepTheDeflectionRowsOfTheLastLoadedPass)
 {
     ProjectState s = Plain();
     ASSERT_TRUE(EndsWell(s));
-    const ResultRow row = s.deflinez;
+    const Check row = DeflectionZ(s);
     ASSERT_FALSE(row.empty());
     s.loadmode = 0;
     ASSERT_TRUE(EndsWell(s));
-    EXPECT_EQ(s.deflinez, row);
-    EXPECT_TRUE(s.defliney.empty());
+    EXPECT_EQ(DeflectionZ(s), row);
+    EXPECT_TRUE(DeflectionY(s).empty());
 }
 
 // kzy divides by CmLT - 0.25, Table B.2.

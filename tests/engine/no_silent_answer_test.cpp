@@ -8,6 +8,7 @@
 #include "report/state_json.h"
 #include "sections/families.h"
 #include "support/random_project.h"
+#include "support/rows.h"
 
 #include <gmock/gmock.h>
 
@@ -134,14 +135,14 @@ TEST(AbsurdInputs, NeverEndWithinLimitsWithoutAResistance)
         for (int k = 0; k <= s.npts; ++k) {
             const auto at = static_cast<std::size_t>(k);
             ASSERT_TRUE(s.mysec[at] == 0 || s.myrd > 0);
-            ASSERT_TRUE(s.vzsec[at] == 0 || (s.vbrd > 0 && !s.secline[3].empty()));
+            ASSERT_TRUE(s.vzsec[at] == 0 || (s.vbrd > 0 && !SectionRow(s, 3).empty()));
             ASSERT_TRUE(!sideways || s.mzsec[at] == 0 || s.mzrd > 0);
-            ASSERT_TRUE(!sideways || s.vysec[at] == 0 || (s.vcyrd > 0 && !s.secline[3].empty()));
+            ASSERT_TRUE(!sideways || s.vysec[at] == 0 ||
+                        (s.vcyrd > 0 && !SectionRow(s, 3).empty()));
         }
-        ASSERT_TRUE(s.ned == 0 || (s.nplrd > 0 && s.ncrd > 0 && !s.secline[1].empty()));
-        for (const ResultRow* row : {&s.secline[1], &s.secline[2], &s.secline[3], &s.yline,
-                                     &s.zline, &s.ltline, &s.deflinez, &s.defliney}) {
-            ASSERT_TRUE(row->empty() || !row->judged || row->ir >= 0);
+        ASSERT_TRUE(s.ned == 0 || (s.nplrd > 0 && s.ncrd > 0 && !SectionRow(s, 1).empty()));
+        for (const Check& check : s.checklist.checks) {
+            ASSERT_GE(check.ratio, 0);
         }
     }
     EXPECT_GT(within, kMembers / 20);  // both ends are reached

@@ -3,6 +3,7 @@
 #include "core/load_combination.h"
 #include "engine/engine_fixture.h"
 #include "sections/families.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -94,8 +95,8 @@ void ExpectSame(const ProjectState& loads, const StationRun& run, double rel)
     near(loads.ltc1, s.ltc1);
     near(loads.kc, s.kc);
     for (std::size_t i = 1; i <= 3; ++i) {
-        EXPECT_EQ(loads.secline[i].label, s.secline[i].label);
-        EXPECT_EQ(loads.secline[i].limit, s.secline[i].limit);
+        EXPECT_EQ(LabelOf(SectionRow(loads, i)), LabelOf(SectionRow(s, i)));
+        EXPECT_EQ(LimitOf(SectionRow(loads, i)), LimitOf(SectionRow(s, i)));
     }
 }
 

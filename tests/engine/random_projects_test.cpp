@@ -9,6 +9,7 @@
 #include "report/panel_text.h"
 #include "report/state_json.h"
 #include "support/random_project.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -79,8 +80,7 @@ void ForgetWhatIsKept(ProjectState& s)
     s.alphaz = 0;
     s.kzz = 0;
     s.lamlt = 0;
-    s.deflinez = {};
-    s.defliney = {};
+    s.checklist.Clear<ResultRow::deflection_z, ResultRow::deflection_y>();
     s.dzmax = s.dzmin = s.dymax = s.dymin = 0;
     s.dzmaxabs = s.dymaxabs = 0;
     s.dzdiag = s.dydiag = {};
@@ -151,13 +151,13 @@ TEST(RandomProjects, HaveClassesOneToFour)
     });
 }
 
-void CheckRow(const ResultRow& row, double irlimit)
+void CheckRow(const Check& row, double irlimit)
 {
-    if (row.empty() || !row.judged) {
+    if (row.empty() || !IsJudged(row)) {
         return;
     }
-    EXPECT_GE(row.ir, 0) << row.label[0].text();
-    EXPECT_EQ(row.status, row.ir > irlimit ? kAbove : kWithin) << row.label[0].text();
+    EXPECT_GE(row.ratio, 0) << LabelOf(row);
+    EXPECT_EQ(row.status, row.ratio > irlimit ? kAbove : kWithin) << LabelOf(row);
 }
 
 TEST(RandomProjects, HaveRatiosFromZeroAndTheirStatus)
@@ -176,9 +176,8 @@ TEST(RandomProjects, HaveRatiosFromZeroAndTheirStatus)
                                 s.irsection, s.maxirbuckling}) {
             EXPECT_GE(ir, 0);
         }
-        for (const ResultRow* row : {&s.secline[1], &s.secline[2], &s.secline[3], &s.yline,
-                                     &s.zline, &s.ltline, &s.deflinez, &s.defliney}) {
-            CheckRow(*row, s.irlimit);
+        for (const Check& check : s.checklist.checks) {
+            CheckRow(check, s.irlimit);
         }
     });
 }
@@ -260,7 +259,7 @@ TEST(RandomProjects, AreWrittenReadAndWrittenAlike)
 TEST(RandomProjects, BuckleBelowSquashLoadAndEulerForce)
 {
     ForProjects(kProjects, [](ProjectState s) {
-        if (!Works(s) || s.yline.empty() || !s.yline.judged) {
+        if (!Works(s) || RowY(s).empty() || !IsJudged(RowY(s))) {
             return;
         }
         for (const auto& [chi, lam] : {std::pair{s.chiy, s.lamy}, std::pair{s.chiz, s.lamz}}) {
@@ -283,7 +282,7 @@ TEST(RandomProjects, LongerMembersBuckleEarlier)
         if (!Works(s) || !Works(longer) || s.family == 103) {  // D205
             return;
         }
-        if (s.yline.judged && longer.yline.judged) {
+        if (IsJudged(RowY(s)) && IsJudged(RowY(longer))) {
             EXPECT_LE(longer.nbyrd, s.nbyrd);
             EXPECT_LE(longer.nbzrd, s.nbzrd);
         }

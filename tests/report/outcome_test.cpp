@@ -4,6 +4,7 @@
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "sections/load_library.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -26,14 +27,14 @@ TEST(Outcome, DeflectionOfEarlierLoadsDoesNotJudgeEndForces)
     s.checksls = kTrue;
     const bool loaded = Calculate(library, s);
     ASSERT_TRUE(loaded);
-    ASSERT_GT(s.deflinez.ir, 1);
+    ASSERT_GT(DeflectionZ(s).ratio, 1);
     EXPECT_EQ(OutcomeOf(s, loaded).verdict, Verdict::above);
     s.loadmode = 0;
     s.ne = 1;
     s.my1 = s.my2 = s.mz1 = s.mz2 = s.vy1 = s.vy2 = s.vz1 = s.vz2 = 0;
     const bool well = Calculate(library, s);
     ASSERT_TRUE(well);
-    ASSERT_FALSE(s.deflinez.empty());
+    ASSERT_FALSE(DeflectionZ(s).empty());
     const Outcome outcome = OutcomeOf(s, well);
     EXPECT_EQ(outcome.verdict, Verdict::within);
     EXPECT_LT(outcome.ir, 0.1);

@@ -3,7 +3,7 @@
 // What the tests of the printed pages share: a member of any family under loads, the texts of a
 // page as lines, and whether a page is legible.
 
-#include "core/row_text.h"
+#include "core/check_text.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "report/pages.h"
@@ -132,7 +132,7 @@ inline void ExpectLegible(const PrintedReport& report)
 }
 
 // The row stands on the page, whole.
-inline void ExpectRow(const std::vector<std::string>& lines, const ResultRow& row, float limit)
+inline void ExpectRow(const std::vector<std::string>& lines, const Check& row, float limit)
 {
     if (row.empty()) {
         return;
@@ -142,7 +142,7 @@ inline void ExpectRow(const std::vector<std::string>& lines, const ResultRow& ro
         return line.starts_with(text.label) && line.find(text.calculation) != std::string::npos;
     });
     ASSERT_NE(at, lines.end()) << text.label;
-    if (row.judged) {
+    if (IsJudged(row)) {
         EXPECT_THAT(*at, ::testing::HasSubstr(text.result + std::string(AboveWord(row.status)) +
                                               text.limit));
     }

@@ -8,6 +8,7 @@
 #include "report/panel.h"
 #include "sections/families.h"
 #include "sections/family_table.h"
+#include "support/rows.h"
 
 #include <cmath>
 #include <random>
@@ -54,7 +55,7 @@ TEST(PageControl, RatiosOfWideRowsKeepTheirText)
     const PrintedReport report = PrintControl(Delivered(), s, kStamp);
     EXPECT_THAT(report.missing, IsEmpty());
     const std::vector<std::string> lines = LinesOf(report);
-    for (const ResultRow* row : {&s.yline, &s.zline, &s.ltline}) {
+    for (const Check* row : {&RowY(s), &RowZ(s), &LateralRow(s)}) {
         const RowText text = TextOf(*row, s.irlimit);
         EXPECT_THAT(lines, Contains(HasSubstr(text.result + "  ABOVE" + text.limit)));
     }
@@ -158,7 +159,7 @@ TEST(PageControl, FullTablesOfOneDirectionKeepEveryPicture)
         EXPECT_THAT(texts, Contains(title));
     }
     const std::vector<std::string> lines = LinesOf(report);
-    ExpectRow(lines, s.yline, s.irlimit);
+    ExpectRow(lines, RowY(s), s.irlimit);
     EXPECT_THAT(lines, Contains(StartsWith("Mass m = ")));
 }
 
@@ -191,7 +192,7 @@ TEST(PageControl, FullTablesOfBothDirectionsPutTheLoadsOnASecondSheet)
     const std::vector<std::string> lines = LinesOf(report.pages[0]);
     EXPECT_THAT(lines, Contains(GoverningText(s)));
     EXPECT_THAT(lines, Contains(HasSubstr("11111.5/12345.5")));
-    ExpectRow(lines, s.yline, s.irlimit);
+    ExpectRow(lines, RowY(s), s.irlimit);
     EXPECT_THAT(lines, Contains(StartsWith("Mass m = ")));
 }
 

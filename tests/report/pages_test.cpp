@@ -7,6 +7,7 @@
 #include "sections/families.h"
 #include "sections/family_table.h"
 #include "service/vortex.h"
+#include "support/rows.h"
 
 namespace kestrum {
 namespace {
@@ -43,22 +44,22 @@ TEST(Pages, ControlOfEveryFamilyIsCompleteAndLegible)
         EXPECT_THAT(lines, Contains(GoverningText(s)));
         EXPECT_THAT(lines, Contains(StartsWith("SECTION CONTROL:")));
         for (const std::size_t i : {1U, 2U, 3U}) {
-            ExpectRow(lines, s.secline[i], s.irlimit);
+            ExpectRow(lines, SectionRow(s, i), s.irlimit);
         }
         if (HasBuckleBlock(s.family)) {
-            ExpectRow(lines, s.yline, s.irlimit);
-            ExpectRow(lines, s.zline, s.irlimit);
-            ExpectRow(lines, s.ltline, s.irlimit);
+            ExpectRow(lines, RowY(s), s.irlimit);
+            ExpectRow(lines, RowZ(s), s.irlimit);
+            ExpectRow(lines, LateralRow(s), s.irlimit);
         }
-        const auto deflection = [&](const ResultRow& row) {
+        const auto deflection = [&](const Check& row) {
             if (!row.empty()) {
                 const RowText text = TextOf(row, s.irlimit);
                 EXPECT_THAT(lines,
                             Contains(StartsWith(text.label + text.calculation + text.result)));
             }
         };
-        deflection(s.deflinez);
-        deflection(s.defliney);
+        deflection(DeflectionZ(s));
+        deflection(DeflectionY(s));
     }
 }
 

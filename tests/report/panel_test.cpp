@@ -13,16 +13,13 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-ResultRow Row(Literal label, Literal calculation, double ir, Literal limit = " (Ch 6.2.6)")
+void Show(ProjectState& s, CheckId id, CheckForm form, std::array<double, 9> terms, double ratio)
 {
-    ResultRow row{};
-    row.label[0] = label;
-    row.calculation[0] = calculation;
-    row.limit[0] = limit;
-    row.ir = ir;
-    row.judged = true;
-    row.status = ir > 1 ? kAbove : kWithin;
-    return row;
+    Check& check = s.checklist.Govern(id);
+    check.form = form;
+    check.terms = terms;
+    check.ratio = ratio;
+    check.status = StatusOf(ratio, s.irlimit);
 }
 
 ProjectState Designed()
@@ -33,8 +30,15 @@ ProjectState Designed()
     s.l = 5;
     s.deflimity = 300;
     s.deflimitz = 250;
-    s.secline[1] = Row("IR = N/A = ", "1/2 = ", 0.5);
-    s.secline[3] = Row("IR = Vz,Ed/Vz,Rd = ", "30/20 = ", 1.5);
+    Show(s, CheckId::n, CheckForm::compression, {1, 2}, 0.5);
+    Show(s, CheckId::vz, CheckForm::vz, {30, 20}, 1.5);
+    return s;
+}
+
+ProjectState Buckling()
+{
+    ProjectState s = Designed();
+    Show(s, CheckId::flexural_y, CheckForm::flexural_y, {1, 2}, 0.5);
     return s;
 }
 
@@ -54,10 +58,10 @@ TEST(Panel, SectionBlockHasHeadRowsAndColours)
     ASSERT_EQ(block.size(), 3U);
     EXPECT_EQ(block[0].left, (std::vector<TextRun>{{"SECTION CONTROL:", true, true, 0}}));
     EXPECT_THAT(block[0].result, IsEmpty());
-    EXPECT_EQ(Text(block[1].left), "IR = N/A = 1/2 = ");
+    EXPECT_EQ(Text(block[1].left), "IR = NEd/NRd = 1.0/2.0 = ");
     EXPECT_EQ(block[1].result,
-              (std::vector<TextRun>{{"0.50", true, false, kWithin}, {" < 1.0 (Ch 6.2.6)"}}));
-    EXPECT_EQ(Text(block[2].left), "IR = Vz,Ed/Vz,Rd = 30/20 = ");
+              (std::vector<TextRun>{{"0.50", true, false, kWithin}, {" < 1.0 (Ch 6.2.4)"}}));
+    EXPECT_EQ(Text(block[2].left), "IR = Vz,Ed/Vz,Rd = 30.0/20.0 = ");
     EXPECT_EQ(block[2].result[0], (TextRun{"1.50", true, false, kAbove}));
     EXPECT_DOUBLE_EQ(block[0].y, 0.3);
     EXPECT_DOUBLE_EQ(block[1].y, 1.5);
@@ -120,8 +124,8 @@ TEST(Panel, HatBeamTellsOfTheFlangeLoadingThatLowersItsResistance)
 TEST(Panel, BuckleRowsJoinLabelNumbersAndRatio)
 {
     ProjectState s = Designed();
-    s.yline = Row("IR = NEd/Nb,y,Rd ", "100.0/500.0", 0.2, " (Ch 6.3.1)");
-    s.ltline = Row("IR = My,Ed/(xLT*My,Rd) = ", "10.0/(0.90*50.0) = ", 0.22, " (Ch 6.3.2)");
+    Show(s, CheckId::flexural_y, CheckForm::flexural_y, {100, 500}, 0.2);
+    Show(s, CheckId::ltb, CheckForm::ltb, {10, 0.9, 50}, 0.22);
     double y = 4;
     const PanelBlock block = DrawBuckleBlock(s, y);
     ASSERT_EQ(block.size(), 3U);
@@ -137,21 +141,19 @@ TEST(Panel, BuckleRowsJoinLabelNumbersAndRatio)
 
 TEST(Panel, BuckleHeadTellsOfLateralTorsionalBuckling)
 {
-    ProjectState s = Designed();
+    ProjectState s = Buckling();
     s.ltb = 1;
-    s.yline = Row("IR = NEd/Nb,y,Rd ", "1.0/2.0", 0.5);
     double y = 0;
     EXPECT_EQ(Text(DrawBuckleBlock(s, y)[0].left),
               "BUCKLING CONTROL: (incl Lateral Torsional Buckling)");
-    s.yline = {};
+    s.checklist.Clear<ResultRow::buckling_y>();
     EXPECT_THAT(DrawBuckleBlock(s, y), IsEmpty());  // neither head nor suffix
 }
 
 TEST(Panel, ARemarkStandsAlone)
 {
     ProjectState s = Designed();
-    s.yline.label[0] = "No Buckling";
-    s.yline.status = kWithin;
+    Show(s, CheckId::no_buckling, CheckForm::no_buckling, {}, 0);
     double y = 0;
     const PanelBlock block = DrawBuckleBlock(s, y);
     EXPECT_EQ(Text(block[1].left), "No Buckling");
@@ -162,7 +164,7 @@ TEST(Panel, ARemarkStandsAlone)
 TEST(Panel, DeflectionOfAnEarlierMemberSaysSo)
 {
     ProjectState s = Designed();
-    s.deflinez = Row("IR = dz/dzMax = ", "10.0/20.0 = ", 0.5, "");
+    Show(s, CheckId::deflection_z, CheckForm::deflection_z, {10, 20}, 0.5);
     s.loadmode = 0;
     double y = 7;
     EXPECT_EQ(Text(DrawDeflectionBlock(s, y)[0].left),
@@ -174,8 +176,8 @@ TEST(Panel, DeflectionOfZStandsBeforeY)
 {
     ProjectState s = Designed();
     s.checksls = kTrue;
-    s.deflinez = Row("IR = dz/dzMax = ", "10.0/20.0 = ", 0.5, "");
-    s.defliney = Row("IR = dy/dyMax = ", "30.0/20.0 = ", 1.5, "");
+    Show(s, CheckId::deflection_z, CheckForm::deflection_z, {10, 20}, 0.5);
+    Show(s, CheckId::deflection_y, CheckForm::deflection_y, {30, 20}, 1.5);
     s.loadmode = 1;
     double y = 7;
     const PanelBlock block = DrawDeflectionBlock(s, y);
@@ -192,7 +194,7 @@ TEST(Panel, DeflectionOfZStandsBeforeY)
 TEST(Panel, WithoutDeflectionControlNeitherBlockNorServiceText)
 {
     ProjectState s = Designed();
-    s.deflinez = Row("IR = dz/dzMax = ", "10.0/20.0 = ", 0.5);
+    Show(s, CheckId::deflection_z, CheckForm::deflection_z, {10, 20}, 0.5);
     EXPECT_THAT(PanelText(s, true), Not(HasSubstr("DEFLECTION")));
     EXPECT_THAT(PanelText(s, true), Not(HasSubstr("SLS")));
     s.checksls = kTrue;
@@ -215,48 +217,41 @@ TEST(Panel, SomeFamiliesHaveNoBucklingBlock)
     for (const int family : {0, 24, 25, 27, 104, 999}) {
         EXPECT_FALSE(HasBuckleBlock(family)) << family;
     }
-    ProjectState s = Designed();
+    ProjectState s = Buckling();
     s.family = 27;
-    s.yline = Row("IR = NEd/Nb,y,Rd ", "1.0/2.0", 0.5);
     EXPECT_THAT(PanelText(s), Not(HasSubstr("BUCKLING")));
 }
 
 TEST(PanelText, RatiosStandInOneColumnBehindTheWidestLabel)
 {
-    // The longer label has 27 characters; the ratios start one behind it.
-    const std::string first = "IR = N/A = 1/2 = ";
-    const std::string second = "IR = Vz,Ed/Vz,Rd = 30/20 = ";
-    EXPECT_EQ(PanelText(Designed()), "SECTION CONTROL:\n" + first + std::string(11, ' ') +
-                                         "0.50 < 1.0 (Ch 6.2.6)\n" + second +
+    // The longer label has 31 characters; the ratios start one behind it.
+    const std::string first = "IR = NEd/NRd = 1.0/2.0 = ";
+    const std::string second = "IR = Vz,Ed/Vz,Rd = 30.0/20.0 = ";
+    EXPECT_EQ(PanelText(Designed()), "SECTION CONTROL:\n" + first + std::string(7, ' ') +
+                                         "0.50 < 1.0 (Ch 6.2.4)\n" + second +
                                          " 1.50  ABOVE < 1.0 (Ch 6.2.6)\n");
 }
 
 TEST(PanelText, ColumnFollowsTheSecondRowWhenItStandsAlone)
 {
     ProjectState s = Designed();
-    s.secline = {};
-    s.secline[2] = Row("N+M ", "1.0/4.0 = ", 0.25, "");
-    EXPECT_EQ(PanelText(s), "SECTION CONTROL:\nN+M 1.0/4.0 =  0.25 < 1.0\n");
-}
-
-TEST(PanelText, ColumnIsNeverLeftOfTenUnits)
-{
-    ProjectState s = Designed();
-    s.secline = {};
-    s.secline[2] = Row("N", "", 0.25, "");
-    EXPECT_EQ(PanelText(s), "SECTION CONTROL:\nN          0.25 < 1.0\n");
+    s.checklist = {};
+    Show(s, CheckId::n_my, CheckForm::n_my_plastic, {1, 4}, 0.25);
+    EXPECT_EQ(PanelText(s),
+              "SECTION CONTROL:\nIR = My,Ed/MN,y,Rd = 1.0/4.0 =  0.25 < 1.0 (Ch 6.2.9)\n");
 }
 
 // Rows of angles with moments end in " = " themselves.
 TEST(Panel, WritesTheSignInFrontOfAnAxisResultOnce)
 {
     ProjectState s = Designed();
-    s.yline = Row("IR = NEd/Nb,y,Rd ", "55/80+0.1*2/9 = ", 0.7, " (Ch 6.3.3)");
-    s.zline = Row("IR = NEd/Nb,z,Rd ", "55/80", 0.7, " (Ch 6.3.1)");
+    Show(s, CheckId::eq661, CheckForm::eq661_mz_angle, {55, 80, 0.1, 2, 9}, 0.7);
+    Show(s, CheckId::flexural_z, CheckForm::flexural_z, {55, 80}, 0.7);
     double y = 0;
     const PanelBlock block = DrawBuckleBlock(s, y);
-    EXPECT_EQ(Text(block.at(1).left), "IR = NEd/Nb,y,Rd  =55/80+0.1*2/9 = ");
-    EXPECT_EQ(Text(block.at(2).left), "IR = NEd/Nb,z,Rd  =55/80 = ");
+    EXPECT_EQ(Text(block.at(1).left),
+              "IR = NEd/Nb,y,Rd +kyz*Mz,Ed/Mz,Rd  =55.0/80.0+0.10*2.0/9.0 = ");
+    EXPECT_EQ(Text(block.at(2).left), "IR = NEd/Nb,z,Rd  =55.0/80.0 = ");
 }
 
 }  // namespace

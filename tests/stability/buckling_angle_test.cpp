@@ -4,6 +4,7 @@
 
 #include "core/project_state.h"
 #include "stability/test_members.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -14,11 +15,8 @@
 namespace kestrum {
 namespace {
 
-using members::Calculation;
 using members::kFailures;
 using members::kMethods;
-using members::Label;
-using members::Limit;
 using members::MomentZ;
 using members::UniformLoad;
 
@@ -29,10 +27,10 @@ TEST(Angle, ChecksTheWeakAxisInPureCompression)
     s.ned = 100;
     BucklingControlAngle(s, s, s, s, s, s, s, s);
     EXPECT_NEAR(s.maxirbuckling, 100 / 277.2, 1e-4);
-    EXPECT_EQ(Label(s.ltline), "IR = NEd/Nb,v,Rd ");
-    EXPECT_EQ(Calculation(s.ltline), "{F}/{F} = ");
-    EXPECT_EQ(Limit(s.ltline), " (Ch 6.3.1)");
-    EXPECT_EQ(Calculation(s.yline), "{F}/{F}");
+    EXPECT_EQ(LabelOf(LateralRow(s)), "IR = NEd/Nb,v,Rd ");
+    EXPECT_EQ(CalculationOf(LateralRow(s)), "{F}/{F} = ");
+    EXPECT_EQ(LimitOf(LateralRow(s)), " (Ch 6.3.1)");
+    EXPECT_EQ(CalculationOf(RowY(s)), "{F}/{F}");
 }
 
 // The limit itself is no overload, on either principal axis.
@@ -65,11 +63,12 @@ TEST(Angle, WritesTheInteractionRows)
         MomentZ(s, 1);
         BucklingControlAngle(s, s, s, s, s, s, s, s);
         ASSERT_EQ(s.errorflag, 0);
-        EXPECT_EQ(Label(s.yline), "IR = NEd/Nb,y,Rd +kyy*My,Ed/(xLT*My,Rd) +kyz*Mz,Ed/Mz,Rd ");
-        EXPECT_EQ(Calculation(s.yline), "{F}/{F}+{R}*{F}/({R}*{F})+{R}*{f}/{F} = ");
-        EXPECT_EQ(Label(s.ltline), "IR = NEd/Nb,v,Rd  + kvv*Mv,Ed/Mv,Rd  + kvu*Mu,Ed/Mu,Rd ");
-        EXPECT_EQ(Calculation(s.ltline), "{F}/{F}+{R}*{F}/{F}+{R}*{F}/{F} = ");
-        EXPECT_EQ(Limit(s.ltline), " (Ch 6.3.3)");
+        EXPECT_EQ(LabelOf(RowY(s)), "IR = NEd/Nb,y,Rd +kyy*My,Ed/(xLT*My,Rd) +kyz*Mz,Ed/Mz,Rd ");
+        EXPECT_EQ(CalculationOf(RowY(s)), "{F}/{F}+{R}*{F}/({R}*{F})+{R}*{f}/{F} = ");
+        EXPECT_EQ(LabelOf(LateralRow(s)),
+                  "IR = NEd/Nb,v,Rd  + kvv*Mv,Ed/Mv,Rd  + kvu*Mu,Ed/Mu,Rd ");
+        EXPECT_EQ(CalculationOf(LateralRow(s)), "{F}/{F}+{R}*{F}/{F}+{R}*{F}/{F} = ");
+        EXPECT_EQ(LimitOf(LateralRow(s)), " (Ch 6.3.3)");
         EXPECT_DOUBLE_EQ(s.myaxrd, 8.739);
         EXPECT_NEAR(s.irrow4, 100 / s.nbyrd + s.kyy * 2 / 8.739 + s.kyz * 1 / 8.739, 1e-9);
         const double principal = 3 / std::sqrt(2.0);
@@ -85,7 +84,7 @@ TEST(Angle, EqualsSignStandsBehindTheLastTerm)
     s.ned = 100;
     UniformLoad(s, 4);
     BucklingControlAngle(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(Calculation(s.yline), "{F}/{F}+{R}*{F}/({R}*{F}) = ");
+    EXPECT_EQ(CalculationOf(RowY(s)), "{F}/{F}+{R}*{F}/({R}*{F}) = ");
 }
 
 // Ncr,v 378.3: above it the pass stops in both methods, with moments or without; at it, it does
@@ -130,13 +129,13 @@ TEST(Angle, IgnoresBucklingOnlyWhenVAllowsItToo)
     ProjectState s = members::Angle100();
     s.ned = 20;
     BucklingControlAngle(s, s, s, s, s, s, s, s);
-    EXPECT_FALSE(s.zline.empty());
-    EXPECT_FALSE(s.ltline.empty());
+    EXPECT_FALSE(RowZ(s).empty());
+    EXPECT_FALSE(LateralRow(s).empty());
     s.ned = 15;
     BucklingControlAngle(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(Label(s.yline).substr(0, 33), "No Buckling, ref ch 6.3.1.2 (4); ");
-    EXPECT_TRUE(s.zline.empty());
-    EXPECT_TRUE(s.ltline.empty());
+    EXPECT_EQ(LabelOf(RowY(s)).substr(0, 33), "No Buckling, ref ch 6.3.1.2 (4); ");
+    EXPECT_TRUE(RowZ(s).empty());
+    EXPECT_TRUE(LateralRow(s).empty());
     EXPECT_EQ(s.maxirbuckling, 0);
 }
 
@@ -146,11 +145,11 @@ TEST(Angle, WithoutBucklingLengthAboutZTheVRowIsMissing)
     s.ned = 100;
     s.lz = 0.001f;
     BucklingControlAngle(s, s, s, s, s, s, s, s);
-    EXPECT_TRUE(s.ltline.empty());
-    EXPECT_FALSE(s.yline.empty());
+    EXPECT_TRUE(LateralRow(s).empty());
+    EXPECT_FALSE(RowY(s).empty());
     s.ly = 0.001f;
     BucklingControlAngle(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(Label(s.yline), "No Buckling");
+    EXPECT_EQ(LabelOf(RowY(s)), "No Buckling");
 }
 
 }  // namespace

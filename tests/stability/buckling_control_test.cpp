@@ -1,8 +1,9 @@
 #include "stability/buckling_control.h"
 
+#include "core/check_text.h"
 #include "core/project_state.h"
-#include "core/row_text.h"
 #include "stability/test_members.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -14,12 +15,9 @@ namespace kestrum {
 namespace {
 
 using members::BeamColumn;
-using members::Calculation;
 using members::EndMoments;
 using members::kFailures;
 using members::kMethods;
-using members::Label;
-using members::Limit;
 using members::MomentZ;
 using members::UniformLoad;
 
@@ -33,9 +31,9 @@ TEST(RolledI, WorksOutABeamColumnByAnnexB)
     EXPECT_NEAR(s.irrow4, 0.2188, 1e-4);
     EXPECT_NEAR(s.irrow5, 0.2643, 1e-4);
     EXPECT_EQ(s.maxirbuckling, s.irrow5);
-    EXPECT_EQ(s.yline.ir, s.irrow4);
-    EXPECT_EQ(s.zline.ir, s.irrow5);
-    EXPECT_EQ(s.ltline.ir, s.irrow6);
+    EXPECT_EQ(RowY(s).ratio, s.irrow4);
+    EXPECT_EQ(RowZ(s).ratio, s.irrow5);
+    EXPECT_EQ(LateralRow(s).ratio, s.irrow6);
 }
 
 // By hand: 0.0484 + 1.048 0.1745 = 0.2314; 0.0920 + 0.5501 0.1745 = 0.1880.
@@ -54,19 +52,19 @@ TEST(RolledI, WritesTheInteractionRows)
     ProjectState s = BeamColumn(2);
     MomentZ(s, 5);
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(Label(s.yline), "IR = NEd/Nb,y,Rd +kyy*My,Ed/(xLT*My,Rd) +kyz*Mz,Ed/Mz,Rd ");
-    EXPECT_EQ(Label(s.zline), "IR = NEd/Nb,z,Rd +kzy*My,Ed/(xLT*My,Rd) +kzz*Mz,Ed/Mz,Rd ");
-    EXPECT_EQ(Calculation(s.yline), "{F}/{F}+{R}*{F}/({R}*{F})+{R}*{f}/{F}");
-    EXPECT_EQ(Limit(s.yline), " (Ch 6.3.3)");
-    const std::array<double, 12> numbers{s.ned,    s.nbyrd, s.kyy, 31.25,   s.xlt,
-                                         s.myrdm1, s.kyz,   5,     s.mzrdm1};
-    EXPECT_EQ(s.yline.number, numbers);
-    EXPECT_TRUE(s.yline.judged);
+    EXPECT_EQ(LabelOf(RowY(s)), "IR = NEd/Nb,y,Rd +kyy*My,Ed/(xLT*My,Rd) +kyz*Mz,Ed/Mz,Rd ");
+    EXPECT_EQ(LabelOf(RowZ(s)), "IR = NEd/Nb,z,Rd +kzy*My,Ed/(xLT*My,Rd) +kzz*Mz,Ed/Mz,Rd ");
+    EXPECT_EQ(CalculationOf(RowY(s)), "{F}/{F}+{R}*{F}/({R}*{F})+{R}*{f}/{F}");
+    EXPECT_EQ(LimitOf(RowY(s)), " (Ch 6.3.3)");
+    const std::array<double, 9> numbers{s.ned,    s.nbyrd, s.kyy, 31.25,   s.xlt,
+                                        s.myrdm1, s.kyz,   5,     s.mzrdm1};
+    EXPECT_EQ(RowY(s).terms, numbers);
+    EXPECT_TRUE(IsJudged(RowY(s)));
     EXPECT_DOUBLE_EQ(s.irrow4,
                      s.ned / s.nbyrd + s.kyy * 31.25 / (s.xlt * s.myrdm1) + s.kyz * 5 / s.mzrdm1);
-    EXPECT_EQ(Label(s.ltline), "IR = My,Ed/(xLT*My,Rd) = ");
-    EXPECT_EQ(Calculation(s.ltline), "{f}/({R}*{F}) = ");
-    EXPECT_EQ(Limit(s.ltline), " (Ch 6.3.2)");
+    EXPECT_EQ(LabelOf(LateralRow(s)), "IR = My,Ed/(xLT*My,Rd) = ");
+    EXPECT_EQ(CalculationOf(LateralRow(s)), "{f}/({R}*{F}) = ");
+    EXPECT_EQ(LimitOf(LateralRow(s)), " (Ch 6.3.2)");
 }
 
 TEST(RolledI, WritesOnlyTheMomentsThatAct)
@@ -75,10 +73,10 @@ TEST(RolledI, WritesOnlyTheMomentsThatAct)
     s.mydesign = 0;
     MomentZ(s, 5);
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(Label(s.yline), "IR = NEd/Nb,y,Rd +kyz*Mz,Ed/Mz,Rd ");
-    EXPECT_EQ(Calculation(s.yline), "{F}/{F}+{R}*{f}/{F}");
-    EXPECT_EQ(s.yline.number[3], 5);
-    EXPECT_TRUE(s.ltline.empty());
+    EXPECT_EQ(LabelOf(RowY(s)), "IR = NEd/Nb,y,Rd +kyz*Mz,Ed/Mz,Rd ");
+    EXPECT_EQ(CalculationOf(RowY(s)), "{F}/{F}+{R}*{f}/{F}");
+    EXPECT_EQ(RowY(s).terms[3], 5);
+    EXPECT_TRUE(LateralRow(s).empty());
     EXPECT_EQ(s.irrow6, 0);
 }
 
@@ -87,12 +85,12 @@ TEST(RolledI, WritesTheAxialRows)
     ProjectState s = members::Heb200();
     s.ned = 500;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(Label(s.yline), "IR = NEd/Nb,y,Rd ");
-    EXPECT_EQ(Label(s.zline), "IR = NEd/Nb,z,Rd ");
-    EXPECT_EQ(Calculation(s.zline), "{F}/{F}");
-    EXPECT_EQ(Limit(s.zline), " (Ch 6.3.1)");
+    EXPECT_EQ(LabelOf(RowY(s)), "IR = NEd/Nb,y,Rd ");
+    EXPECT_EQ(LabelOf(RowZ(s)), "IR = NEd/Nb,z,Rd ");
+    EXPECT_EQ(CalculationOf(RowZ(s)), "{F}/{F}");
+    EXPECT_EQ(LimitOf(RowZ(s)), " (Ch 6.3.1)");
     EXPECT_DOUBLE_EQ(s.maxirbuckling, 500 / s.nbzrd);
-    EXPECT_EQ(s.zline.status, kWithin);
+    EXPECT_EQ(RowZ(s).status, kWithin);
 }
 
 // Steel Buildings in Europe, Multi-storey Part 4, A.5: 2000/2348 = 0.852.
@@ -116,10 +114,10 @@ TEST(RolledI, StatusFollowsTheUnroundedRatio)
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
     s.ned = s.nbzrd;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(s.zline.status, kWithin);
+    EXPECT_EQ(RowZ(s).status, kWithin);
     s.ned = s.nbzrd * 1.000001;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(s.zline.status, kAbove);
+    EXPECT_EQ(RowZ(s).status, kAbove);
 }
 
 TEST(RolledI, WithoutBucklingLengthsOnlyTheRemark)
@@ -127,9 +125,9 @@ TEST(RolledI, WithoutBucklingLengthsOnlyTheRemark)
     ProjectState s = BeamColumn(1);
     s.ly = s.lz = 0.001f;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(Label(s.yline), "No Buckling");
-    EXPECT_FALSE(s.yline.judged);
-    EXPECT_TRUE(s.zline.empty());
+    EXPECT_EQ(LabelOf(RowY(s)), "No Buckling");
+    EXPECT_FALSE(IsJudged(RowY(s)));
+    EXPECT_TRUE(RowZ(s).empty());
     EXPECT_EQ(s.irrow4, 0);
     EXPECT_EQ(s.maxirbuckling, s.irrow6);
     EXPECT_GT(s.irrow6, 0);
@@ -151,16 +149,16 @@ TEST(RolledI, OneBucklingLengthGivesOneRow)
     ProjectState s = BeamColumn(2);
     s.ly = 0.002f;  // the limit itself means no buckling
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_TRUE(s.yline.empty());
+    EXPECT_TRUE(RowY(s).empty());
     EXPECT_EQ(s.irrow4, 0);
-    EXPECT_EQ(Label(s.zline), "IR = NEd/Nb,z,Rd +kzy*My,Ed/(xLT*My,Rd) ");
+    EXPECT_EQ(LabelOf(RowZ(s)), "IR = NEd/Nb,z,Rd +kzy*My,Ed/(xLT*My,Rd) ");
     EXPECT_EQ(s.maxirbuckling, std::max(s.irrow5, s.irrow6));
 
     s.ly = 1.0f;
     s.lz = 0.001f;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_TRUE(s.zline.empty());
-    EXPECT_FALSE(s.yline.empty());
+    EXPECT_TRUE(RowZ(s).empty());
+    EXPECT_FALSE(RowY(s).empty());
 }
 
 // N is above 0.04 Ncr, so that only the slenderness below 0.2 can leave buckling out.
@@ -176,13 +174,12 @@ TEST(RolledI, IgnoresBucklingOfAShortColumn)
     s.l = 1.0f / scale;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
     EXPECT_LT(s.lamy, 0.2);
-    EXPECT_EQ(Label(s.yline), "No Buckling, ref ch 6.3.1.2 (4);  lamdaby/lamdabz<=0.2 or "
-                              "Ned/Ncry<=0.04; Ned/Ncry<=0.04");
-    EXPECT_TRUE(s.zline.empty());
-    EXPECT_FALSE(s.yline.judged);
+    EXPECT_EQ(LabelOf(RowY(s)), "No Buckling, ref ch 6.3.1.2 (4);  lamdaby/lamdabz<=0.2 or "
+                                "Ned/Ncry<=0.04; Ned/Ncry<=0.04");
+    EXPECT_TRUE(RowZ(s).empty());
+    EXPECT_FALSE(IsJudged(RowY(s)));
     EXPECT_EQ(s.maxirbuckling, 0);
-    EXPECT_EQ(s.yline.status, kAbove);  // 2800/2772.6, as judged before the rule
-    EXPECT_EQ(s.zline.status, kAbove);
+    EXPECT_EQ(RowY(s).status, kAbove);  // 2800/2772.6, as judged before the rule
 }
 
 // Area, strength and second moment for which 25 fy A equals Ncr to the last bit.
@@ -228,7 +225,7 @@ TEST(RolledI, D232AnyMomentKeepsBuckling)
     s.mydesign = 1e-6;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
     EXPECT_GE(s.irrow5, 10 / s.nbzrd);
-    EXPECT_EQ(Limit(s.zline), " (Ch 6.3.3)");
+    EXPECT_EQ(LimitOf(RowZ(s)), " (Ch 6.3.3)");
 }
 
 TEST(RolledI, TensionLeavesLateralTorsionalBucklingOnly)
@@ -236,8 +233,8 @@ TEST(RolledI, TensionLeavesLateralTorsionalBucklingOnly)
     ProjectState s = BeamColumn(1);
     s.ned = -100;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_TRUE(s.yline.empty());
-    EXPECT_TRUE(s.zline.empty());
+    EXPECT_TRUE(RowY(s).empty());
+    EXPECT_TRUE(RowZ(s).empty());
     EXPECT_EQ(s.maxirbuckling, s.irrow6);
     EXPECT_GT(s.irrow6, 0);
 }
@@ -249,10 +246,10 @@ TEST(RolledI, BiaxialBendingWithoutAxialForce)
     s.ly = s.lz = 0.001f;  // not asked here
     MomentZ(s, 5);
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(Label(s.yline), "IR = kyy*My,Ed/(xLT*My,Rd)  + kyz*Mz,Ed/Mz,Rd) ");
-    EXPECT_EQ(Label(s.zline), "IR = kzy*My,Ed/(xLT*My,Rd)  + kzz*Mz,Ed/Mz,Rd ");
-    EXPECT_EQ(Calculation(s.yline), "{R}*{F}/({R}*{F})+{R}*{f}/{F}");
-    EXPECT_EQ(Limit(s.yline), " (Ch 6.3.1)");
+    EXPECT_EQ(LabelOf(RowY(s)), "IR = kyy*My,Ed/(xLT*My,Rd)  + kyz*Mz,Ed/Mz,Rd) ");
+    EXPECT_EQ(LabelOf(RowZ(s)), "IR = kzy*My,Ed/(xLT*My,Rd)  + kzz*Mz,Ed/Mz,Rd ");
+    EXPECT_EQ(CalculationOf(RowY(s)), "{R}*{F}/({R}*{F})+{R}*{f}/{F}");
+    EXPECT_EQ(LimitOf(RowY(s)), " (Ch 6.3.1)");
     EXPECT_DOUBLE_EQ(s.irrow4, 0.95 * 31.25 / (s.xlt * s.myrdm1) + 0.6 * 0.95 * 5 / s.mzrdm1);
     EXPECT_DOUBLE_EQ(s.irrow5, 31.25 / (s.xlt * s.myrdm1) + 0.95 * 5 / s.mzrdm1);
 }
@@ -262,7 +259,7 @@ TEST(RolledI, OneMomentWithoutAxialForceHasNoInteraction)
     ProjectState s = BeamColumn(1);
     s.ned = 0;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_TRUE(s.yline.empty());
+    EXPECT_TRUE(RowY(s).empty());
     EXPECT_EQ(s.maxirbuckling, s.irrow6);
 }
 
@@ -310,8 +307,8 @@ TEST(RolledI, WithoutTheControlNothingIsReduced)
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
     EXPECT_EQ(s.xlt, 1.0);
     EXPECT_EQ(s.kc, 1.0f);
-    EXPECT_TRUE(s.ltline.empty());
-    EXPECT_EQ(s.ltline.status, kWithin);
+    EXPECT_TRUE(LateralRow(s).empty());
+    EXPECT_EQ(LateralRow(s).status, kWithin);
 }
 
 // "0 - L/3", "1L/3 - 2L/3", "2L/3 -  L".
@@ -323,7 +320,7 @@ TEST(RolledI, NamesTheGoverningSegment)
         s.restraints = 2;
         EndMoments(s, first, last);
         BucklingControlRolledI(s, s, s, s, s, s, s, s);
-        return TextOf(s.ltline, s.irlimit).limit;
+        return TextOf(LateralRow(s), s.irlimit).limit;
     };
     EXPECT_EQ(limit(50, 0), " < 1.0 (0 - L/3;  (Ch 6.3.2))");
     EXPECT_EQ(limit(0, 50), " < 1.0 (2L/3 -  L;  (Ch 6.3.2))");
@@ -334,7 +331,7 @@ TEST(RolledI, NamesTheGoverningSegment)
     s.restraints = 2;
     UniformLoad(s, 5);
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(TextOf(s.ltline, s.irlimit).limit, " < 1.0 (1L/3 - 2L/3;  (Ch 6.3.2))");
+    EXPECT_EQ(TextOf(LateralRow(s), s.irlimit).limit, " < 1.0 (1L/3 - 2L/3;  (Ch 6.3.2))");
 }
 
 TEST(RolledI, EndForcesWithoutRestraintsNameNoSegment)
@@ -343,7 +340,7 @@ TEST(RolledI, EndForcesWithoutRestraintsNameNoSegment)
     s.ltb = 1;
     EndMoments(s, 50, 0);
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(TextOf(s.ltline, s.irlimit).limit, " < 1.0 (Ch 6.3.2)");
+    EXPECT_EQ(TextOf(LateralRow(s), s.irlimit).limit, " < 1.0 (Ch 6.3.2)");
 }
 
 TEST(RolledI, WritesWholeTexts)
@@ -351,7 +348,7 @@ TEST(RolledI, WritesWholeTexts)
     ProjectState s = members::Heb200();
     s.ned = 500;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
-    const RowText z = TextOf(s.zline, s.irlimit);
+    const RowText z = TextOf(RowZ(s), s.irlimit);
     EXPECT_EQ(z.label, "IR = NEd/Nb,z,Rd ");
     EXPECT_EQ(z.calculation, "500.0/1087.3");
     EXPECT_EQ(z.result, "0.46");
@@ -359,12 +356,12 @@ TEST(RolledI, WritesWholeTexts)
 
     ProjectState b = BeamColumn(2);
     BucklingControlRolledI(b, b, b, b, b, b, b, b);
-    EXPECT_EQ(TextOf(b.ltline, b.irlimit).calculation, "31.3/(0.78*228.1) = ");
-    EXPECT_EQ(TextOf(b.yline, b.irlimit).calculation, "100.0/2065.6+0.98*31.3/(0.78*228.1)");
+    EXPECT_EQ(TextOf(LateralRow(b), b.irlimit).calculation, "31.3/(0.78*228.1) = ");
+    EXPECT_EQ(TextOf(RowY(b), b.irlimit).calculation, "100.0/2065.6+0.98*31.3/(0.78*228.1)");
 
     b.ly = b.lz = 0.001f;
     BucklingControlRolledI(b, b, b, b, b, b, b, b);
-    EXPECT_EQ(TextOf(b.yline, b.irlimit), (RowText{"No Buckling", "", "", ""}));
+    EXPECT_EQ(TextOf(RowY(b), b.irlimit), (RowText{"No Buckling", "", "", ""}));
 }
 
 TEST(RolledI, SwappedEndMomentsGiveTheSame)
@@ -402,10 +399,10 @@ TEST(ClearBucklingRows, LeavesNothing)
     ProjectState s = BeamColumn(2);
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
     ClearBucklingRows(s, s);
-    for (const ResultRow* row : {&s.yline, &s.zline, &s.ltline}) {
+    for (const Check* row : {&RowY(s), &RowZ(s), &LateralRow(s)}) {
         EXPECT_TRUE(row->empty());
         EXPECT_EQ(row->status, kWithin);
-        EXPECT_EQ(row->ir, 0);
+        EXPECT_EQ(row->ratio, 0);
     }
     EXPECT_EQ(s.maxirbuckling, 0);
     EXPECT_EQ(s.irrow4, 0);

@@ -4,6 +4,7 @@
 
 #include "core/project_state.h"
 #include "stability/test_members.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -13,10 +14,7 @@ namespace kestrum {
 namespace {
 
 using members::BeamColumn;
-using members::Calculation;
 using members::kMethods;
-using members::Label;
-using members::Limit;
 using members::MomentZ;
 using members::UniformLoad;
 
@@ -31,7 +29,7 @@ TEST(Hollow, HasNoLateralTorsionalPart)
         s.lam0 = 2;
         BucklingControlHollow(s, s, s, s, s, s, s, s);
         EXPECT_EQ(s.xlt, 1.0);
-        EXPECT_TRUE(s.ltline.empty());
+        EXPECT_TRUE(LateralRow(s).empty());
         EXPECT_EQ(s.irrow6, 0);
         EXPECT_EQ(s.cmlt, 1.0f);
         EXPECT_DOUBLE_EQ(s.irrow4, 200 / s.nbyrd + s.kyy * 31.25 / s.myrdm1);
@@ -64,9 +62,9 @@ TEST(Hollow, DoesNotDependOnTheMemberBefore)
         fill(used);
         ProjectState fresh{};
         fill(fresh);
-        EXPECT_EQ(used.yline, fresh.yline);
-        EXPECT_EQ(used.zline, fresh.zline);
-        EXPECT_EQ(used.ltline, fresh.ltline);
+        EXPECT_EQ(RowY(used), RowY(fresh));
+        EXPECT_EQ(RowZ(used), RowZ(fresh));
+        EXPECT_EQ(LateralRow(used), LateralRow(fresh));
         EXPECT_EQ(used.maxirbuckling, fresh.maxirbuckling);
         EXPECT_EQ(used.kzy, fresh.kzy);
         EXPECT_EQ(used.ltc1, 0.0);
@@ -95,9 +93,9 @@ TEST(RolledI, DoesNotDependOnTheMemberBefore)
         fill(used);
         ProjectState fresh{};
         fill(fresh);
-        EXPECT_EQ(used.yline, fresh.yline);
-        EXPECT_EQ(used.zline, fresh.zline);
-        EXPECT_EQ(used.ltline, fresh.ltline);
+        EXPECT_EQ(RowY(used), RowY(fresh));
+        EXPECT_EQ(RowZ(used), RowZ(fresh));
+        EXPECT_EQ(LateralRow(used), LateralRow(fresh));
         EXPECT_EQ(used.maxirbuckling, fresh.maxirbuckling);
     }
 }
@@ -118,7 +116,7 @@ TEST(WeldedI, TakesClassAndResistanceOfTheCompressedSide)
     BucklingControlWeldedI(s, s, s, s, s, s, s, s);
     EXPECT_EQ(s.classmy, 4);
     EXPECT_DOUBLE_EQ(s.irrow4, 300 / s.nbyrd + s.kyy * 31.25 / 700);
-    EXPECT_EQ(s.yline.number[5], 700);
+    EXPECT_EQ(RowY(s).terms[5], 700);
 }
 
 // No moment compresses a side: the class of My stays the larger one.
@@ -163,11 +161,11 @@ TEST(FlatBar, WorksOutABeamColumn)
                 5e-4);
     // kzy = 1 - 0.1/0.7 50/39.59 = 0.8196
     EXPECT_NEAR(s.irrow5, 50 / 39.59 + 0.8196 * 2 / (0.3977 * 23.96), 1e-3);
-    EXPECT_EQ(Label(s.yline), "IR = NEd/Nb,y,Rd  + kyy*My,Ed/(xLT*My,Rd) ");
-    EXPECT_EQ(Label(s.zline), "IR = NEd/Nb,z,Rd  + kzy*My,Ed/(xLT*My,Rd) ");
-    EXPECT_EQ(Calculation(s.yline), "{F}/{F}+{R}*{F}/({R}*{F})");
-    EXPECT_EQ(Limit(s.yline), " (Eq 6.61)");
-    EXPECT_EQ(Limit(s.zline), " (Eq 6.62)");
+    EXPECT_EQ(LabelOf(RowY(s)), "IR = NEd/Nb,y,Rd  + kyy*My,Ed/(xLT*My,Rd) ");
+    EXPECT_EQ(LabelOf(RowZ(s)), "IR = NEd/Nb,z,Rd  + kzy*My,Ed/(xLT*My,Rd) ");
+    EXPECT_EQ(CalculationOf(RowY(s)), "{F}/{F}+{R}*{F}/({R}*{F})");
+    EXPECT_EQ(LimitOf(RowY(s)), " (Eq 6.61)");
+    EXPECT_EQ(LimitOf(RowZ(s)), " (Eq 6.62)");
     EXPECT_EQ(s.maxirbuckling, std::max(s.irrow4, s.irrow5));
 }
 
@@ -193,15 +191,15 @@ TEST(FlatBar, AxialForceAloneHasTheAxialRowsOrTheRemark)
     ProjectState s = members::FlatBar150();
     s.ned = 50;
     BucklingControlFlatBar(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(Label(s.zline), "IR = NEd/Nb,z,Rd ");
-    EXPECT_EQ(Limit(s.zline), " (Ch 6.3.1)");
+    EXPECT_EQ(LabelOf(RowZ(s)), "IR = NEd/Nb,z,Rd ");
+    EXPECT_EQ(LimitOf(RowZ(s)), " (Ch 6.3.1)");
     EXPECT_NEAR(s.maxirbuckling, 50 / 39.59, 1e-3);
     s.ned = 1;  // below 0.04 44.8
     BucklingControlFlatBar(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(Label(s.yline).substr(0, 33), "No Buckling, ref ch 6.3.1.2 (4); ");
-    EXPECT_TRUE(s.zline.empty());
+    EXPECT_EQ(LabelOf(RowY(s)).substr(0, 33), "No Buckling, ref ch 6.3.1.2 (4); ");
+    EXPECT_TRUE(RowZ(s).empty());
     EXPECT_EQ(s.maxirbuckling, 0);
-    EXPECT_EQ(s.yline.status, kWithin);
+    EXPECT_EQ(RowY(s).status, kWithin);
 }
 
 TEST(FlatBar, D229LateralTorsionalBucklingStandsBesideCompressionOnly)
@@ -211,10 +209,10 @@ TEST(FlatBar, D229LateralTorsionalBucklingStandsBesideCompressionOnly)
     s.ned = 10;
     s.ltb = 1;
     BucklingControlFlatBar(s, s, s, s, s, s, s, s);
-    EXPECT_FALSE(s.ltline.empty());
+    EXPECT_FALSE(LateralRow(s).empty());
     s.ned = 0;
     ClearBucklingRows(s, s);  // what a member without compression gets
-    EXPECT_TRUE(s.ltline.empty());
+    EXPECT_TRUE(LateralRow(s).empty());
     EXPECT_EQ(s.maxirbuckling, 0);
 }
 
@@ -242,10 +240,10 @@ TEST(TSection, ChecksTheAxialForce)
     EXPECT_NEAR(s.nbyrd, 662.0, 0.3);
     EXPECT_NEAR(s.nbzrd, 386.1, 0.3);
     EXPECT_DOUBLE_EQ(s.maxirbuckling, 300 / s.nbzrd);
-    EXPECT_EQ(Limit(s.zline), " (Ch 6.3.1)");
+    EXPECT_EQ(LimitOf(RowZ(s)), " (Ch 6.3.1)");
     s.ly = s.lz = 0.001f;
     BucklingControlT(s, s, s, s, s, s, s, s);
-    EXPECT_EQ(Label(s.yline), "No Buckling");
+    EXPECT_EQ(LabelOf(RowY(s)), "No Buckling");
     EXPECT_EQ(s.maxirbuckling, 0);
 }
 
@@ -279,9 +277,9 @@ TEST(Plate, ChecksTrippingOfAFlatBar)
     EXPECT_NEAR(s.xlt, 0.3086, 5e-5);
     EXPECT_EQ(s.mltrd, 43.28);
     EXPECT_NEAR(s.maxirbuckling, 6.25 / (0.3086 * 43.28), 1e-4);
-    EXPECT_TRUE(s.yline.empty());
-    EXPECT_TRUE(s.zline.empty());
-    EXPECT_EQ(Limit(s.ltline), " (Ch 6.3.2)");
+    EXPECT_TRUE(RowY(s).empty());
+    EXPECT_TRUE(RowZ(s).empty());
+    EXPECT_EQ(LimitOf(LateralRow(s)), " (Ch 6.3.2)");
 
     UniformLoad(s, -2);
     BucklingControlPlate(s, s, s, s, s, s, s, s);
@@ -314,7 +312,7 @@ TEST(Plate, ChecksTrippingOfAStiffenerWithFlange)
     s.restraints = 1;
     BucklingControlPlate(s, s, s, s, s, s, s, s);
     EXPECT_EQ(s.lt, 2.5f);
-    EXPECT_EQ(Limit(s.ltline), " ({i}L/{i} -  L;  (Ch 6.3.2))");
+    EXPECT_EQ(LimitOf(LateralRow(s)), " (1L/2 -  L;  (Ch 6.3.2))");
     s.ltb = 0;
     BucklingControlPlate(s, s, s, s, s, s, s, s);
     EXPECT_EQ(s.maxirbuckling, 0);

@@ -5,6 +5,7 @@
 // routine in between.
 
 #include "core/project_state.h"
+#include "support/rows.h"
 
 #include <algorithm>
 #include <cfenv>
@@ -256,27 +257,6 @@ inline void MomentZ(ProjectState& s, double mz)
     s.mzdesign = static_cast<float>(mz);
     s.mzmaxabs = mz;
     s.mzmid = mz;
-}
-
-template <std::size_t N> std::string Joined(const std::array<Literal, N>& pieces)
-{
-    std::string text;
-    for (const Literal& piece : pieces) {
-        text += piece.text();
-    }
-    return text;
-}
-inline std::string Label(const ResultRow& row)
-{
-    return Joined(row.label);
-}
-inline std::string Calculation(const ResultRow& row)
-{
-    return Joined(row.calculation);
-}
-inline std::string Limit(const ResultRow& row)
-{
-    return Joined(row.limit);
 }
 
 constexpr i16 kMethods[] = {1, 2};

@@ -4,6 +4,7 @@
 // section with given forces, and the texts of a result row before its numbers go in.
 
 #include "core/project_state.h"
+#include "support/rows.h"
 
 #include <cmath>
 #include <string>
@@ -38,27 +39,6 @@ inline void SetForces(ProjectState& s, const EndForces& f)
     s.mzsec[0] = static_cast<float>(f.mz);
     s.vzsec[0] = f.vz;
     s.vysec[0] = f.vy;
-}
-
-template <class Pieces> std::string Joined(const Pieces& pieces)
-{
-    std::string text;
-    for (const Literal& piece : pieces) {
-        text += piece.text();
-    }
-    return text;
-}
-inline std::string LabelOf(const ResultRow& row)
-{
-    return Joined(row.label);
-}
-inline std::string CalculationOf(const ResultRow& row)
-{
-    return Joined(row.calculation);
-}
-inline std::string LimitOf(const ResultRow& row)
-{
-    return Joined(row.limit);
 }
 
 }  // namespace kestrum

@@ -4,6 +4,7 @@
 // unit of the last one.
 
 #include "support/end_forces.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -31,13 +32,13 @@ struct WorkedRow {
     std::string limit;  // template
 };
 
-inline void ExpectRow(const ResultRow& row, const WorkedRow& worked, int digits = 4)
+inline void ExpectRow(const Check& row, const WorkedRow& worked, int digits = 4)
 {
-    ExpectDigits(row.ir, worked.ir, "ratio", digits);
+    ExpectDigits(row.ratio, worked.ir, "ratio", digits);
     EXPECT_EQ(LabelOf(row), worked.label);
     EXPECT_EQ(CalculationOf(row), worked.calculation);
     for (std::size_t i = 0; i < worked.numbers.size(); ++i) {
-        ExpectDigits(row.number[i], worked.numbers[i], worked.calculation.c_str());
+        ExpectDigits(row.terms[i], worked.numbers[i], worked.calculation.c_str());
     }
     EXPECT_EQ(LimitOf(row), worked.limit);
     EXPECT_EQ(row.status, worked.ir > 1 ? kAbove : kWithin);

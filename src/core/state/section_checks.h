@@ -1,8 +1,8 @@
 #pragma once
 
-// Section control: the section in work and the three rows.
+// What was checked: the section in work, the list of all checks with the ratios of its rows.
 
-#include "core/result_row.h"
+#include "core/check.h"
 #include "core/state/types.h"
 
 namespace kestrum {
@@ -17,7 +17,7 @@ struct SectionChecks {
     double alfaexp, betaexp;
     double nrdint;
     Literal shearnote;
-    Rows<ResultRow, 3> secline;
+    CheckList checklist;
     double irrow1, irrow2, irrow3;
     double irrow4, irrow5,
         irrow6;  // y sum, z sum and lateral torsional buckling of the stability stage

@@ -1,8 +1,7 @@
 #pragma once
 
-// Deflection control, natural frequencies, vortex shedding.
+// Natural frequencies, vortex shedding.
 
-#include "core/result_row.h"
 #include "core/state/types.h"
 
 namespace kestrum {
@@ -10,7 +9,6 @@ namespace kestrum {
 struct Service {
     bool operator==(const Service&) const = default;
 
-    ResultRow deflinez, defliney;
     float modalmass;      // kg/m
     Rows<float, 3> freq;  // Hz
     float stb;            // width across the wind, m

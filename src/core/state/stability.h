@@ -2,7 +2,7 @@
 
 // Buckling, lateral torsional buckling and interaction.
 
-#include "core/result_row.h"
+#include "core/literal.h"
 #include "core/state/types.h"
 
 namespace kestrum {
@@ -17,7 +17,6 @@ struct Stability {
     double lamy, lamz, lamv, lamu, lammax;
     double chiy, chiz, chiv, chiu;
     double nbyrd, nbzrd, nbvrd, nburd;
-    ResultRow yline, zline, ltline;
     double maxirbuckling;
     double ltc1, ltc2, ltc3;  // C factors in use
     float kc;
