@@ -40,7 +40,7 @@ _kestrum()
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         if [[ $after ]]; then
             after= # the value of an option
-        elif [[ $word == --@(data|setup|color|format|family|axis|output|base|fields|jobs|set|sign) || $word == -o ]]; then
+        elif [[ $word == --@(data|setup|color|format|family|axis|output|base|basis|fields|jobs|key|map|memory|set|sign|top) || $word == -o ]]; then
             after=$word
         elif [[ $word != -* || $word == - ]]; then
             if [[ $command ]]; then operands=$((operands + 1)); else command=$word; fi
@@ -51,7 +51,7 @@ _kestrum()
     --format)
         case $command in
         vortex) _kestrum_words 'text json' ;;
-        batch) _kestrum_words 'csv json ndjson' ;;
+        batch | envelope) _kestrum_words 'csv json ndjson' ;;
         *) _kestrum_words 'text json csv' ;;
         esac
         return ;;
@@ -64,7 +64,7 @@ _kestrum()
     --setup | -o | --output) _kestrum_files; return ;;
     --set) _kestrum_fields; return ;;
     --basis) _kestrum_words 'program standard both'; return ;;
-    --fields | --jobs) return ;;
+    --fields | --jobs | --key | --map | --memory | --top) return ;;
     esac
     [[ $cur != = && $prev != = ]] || return # the value of a field
 
@@ -74,6 +74,7 @@ _kestrum()
         '') options+=' --version' ;;
         check) options+=' --basis --loadcase --notes --no-notes --exit-zero --csv-safe --format --json' ;;
         batch) options+=' --output --base --fields --jobs --resume --sign --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json' ;;
+        envelope) options+=' --output --basis --key --map --sign --swap-axes --all --top --memory --base --jobs --resume --raw --exit-zero --csv-safe --no-csv-safe --format --json' ;;
         dump) options+=' --inputs' ;;
         new) options+=' --output --family --set --sign --raw' ;;
         set) options+=' --output --sign --raw --dry-run' ;;
@@ -85,14 +86,14 @@ _kestrum()
         return
     fi
     case $command in
-    '') _kestrum_words 'check dump new set sections fields vortex diagram table report batch help' ;;
-    help) ((operands)) || _kestrum_words 'check dump new set sections fields vortex diagram table report batch' ;;
+    '') _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope help' ;;
+    help) ((operands)) || _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope' ;;
     sections) ((operands)) || _kestrum_families ;;
     fields) ((operands)) || _kestrum_words "$(kestrum fields --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)" ;;
     report) if ((operands)); then _kestrum_files kst; else _kestrum_words 'control section vortex'; fi ;;
     set) if ((operands)); then _kestrum_fields; else _kestrum_files kst; fi ;;
     new) [[ " ${COMP_WORDS[*]:1:COMP_CWORD-1} " != *' --set '* ]] || _kestrum_fields ;;
-    batch) _kestrum_files ;;
+    batch | envelope) _kestrum_files ;;
     *) _kestrum_files kst ;;
     esac
 }

@@ -24,14 +24,7 @@ namespace {
 
 constexpr std::size_t kWorstShown = 10;
 
-void AppendCount(std::string& out, std::size_t count)
-{
-    std::array<char, 24> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), count);
-    out.append(digits.data(), end.ptr);
-}
-
-template <class T> void AppendNumber(std::string& out, T value)
+template <class T> void AppendShortest(std::string& out, T value)
 {
     std::array<char, 40> digits;
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
@@ -76,6 +69,21 @@ bool ReadVerdict(std::string_view text, Verdict& verdict)
 }
 
 }  // namespace
+
+void AppendNumber(std::string& out, double value)
+{
+    AppendShortest(out, value);
+}
+
+void AppendNumber(std::string& out, float value)
+{
+    AppendShortest(out, value);
+}
+
+void AppendNumber(std::string& out, std::size_t value)
+{
+    AppendShortest(out, value);
+}
 
 // The field of an item by its name, or what it is instead. Returns why there is none, or nothing.
 std::string AnswerForm::Find(Item& item) const
@@ -372,8 +380,8 @@ void AnswerForm::AppendLine(std::string& out, std::string_view member, const Pro
     out.append("}\n");
 }
 
-bool AnswerForm::ReadBack(std::string_view line, std::string& member, Verdict& verdict,
-                          double& ir) const
+bool AnswerLines::ReadBack(std::string_view line, std::string& member, Verdict& verdict,
+                           double& ir) const
 {
     const bool csv = form_ == TableForm::csv;
     const std::string_view head = csv ? "" : "{\"member\":", before = csv ? "," : ",\"verdict\":",
@@ -435,12 +443,12 @@ std::size_t Tally::Members() const
 std::string Tally::Summary() const
 {
     std::string text;
-    AppendCount(text, Members());
+    AppendNumber(text, Members());
     text += " members: ";
     for (std::size_t i = 0; i < kVerdicts; ++i) {
         if (i < 2 || count_[i] > 0) {  // within and above always, the others where there are any
             text += i > 0 ? ", " : "";
-            AppendCount(text, count_[i]);
+            AppendNumber(text, count_[i]);
             text.append(" ").append(VerdictWord(static_cast<Verdict>(i)));
         }
     }
@@ -516,10 +524,10 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
         std::string place = chunk.table;
         if (number > 0) {
             place += ":";
-            AppendCount(place, number);
+            AppendNumber(place, number);
         }
         place += ": member ";
-        AppendCount(place, row);
+        AppendNumber(place, row);
         place += ": ";
         if (refusal.empty()) {
             Remember(chunk, place);
@@ -528,7 +536,7 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
         }
     }
     member_ = chunk.prefix;
-    AppendCount(member_, row);
+    AppendNumber(member_, row);
     Finish(chunk, member_, refusal);
 }
 

@@ -20,11 +20,39 @@
 
 namespace kestrum {
 
+// The shortest decimal that reads back to the value.
+void AppendNumber(std::string& out, double value);
+void AppendNumber(std::string& out, float value);
+void AppendNumber(std::string& out, std::size_t value);
+
 enum class TableForm : std::uint8_t { csv, ndjson };
 
-// The fields of an answer line behind member, verdict and ratio.
-class AnswerForm {
+// Lines that begin with member, verdict and ratio, whatever stands behind.
+class AnswerLines {
 public:
+    explicit AnswerLines(TableForm form) : form_(form) {}
+    virtual ~AnswerLines() = default;
+
+    // The first line of a CSV with its line end; nothing for NDJSON.
+    virtual std::string Header() const = 0;
+
+    // Reads member, verdict and ratio back from a line. False when it is none.
+    bool ReadBack(std::string_view line, std::string& member, Verdict& verdict, double& ir) const;
+
+    TableForm form() const { return form_; }
+
+protected:
+    AnswerLines(const AnswerLines&) = default;
+    AnswerLines& operator=(const AnswerLines&) = default;
+
+    TableForm form_ = TableForm::csv;
+};
+
+// The fields of an answer line behind member, verdict and ratio.
+class AnswerForm : public AnswerLines {
+public:
+    AnswerForm() : AnswerLines(TableForm::csv) {}
+
     // Canonical names of fields, or control, clause, message, notes and dropped, ir_standard,
     // standard_check, standard_clause and deviations; section, steel and
     // annex by name, and FIELD.name for the name of a value. Names of sections and steels come from
@@ -43,8 +71,7 @@ public:
     // for NDJSON.
     std::string NoPlace(const MemberColumns* columns) const;
 
-    // The first line of a CSV with its line end; nothing for NDJSON.
-    std::string Header() const;
+    std::string Header() const override;
 
     void AppendLine(std::string& out, std::string_view member, const ProjectState& s,
                     const Outcome& outcome, const LineExtras& extras = {},
@@ -54,9 +81,6 @@ public:
     bool asks_standard() const;
     // One is what the deviations cost.
     bool asks_costs() const;
-
-    // Reads member, verdict and ratio back from a line. False when it is none.
-    bool ReadBack(std::string_view line, std::string& member, Verdict& verdict, double& ir) const;
 
 private:
     enum class Special : std::uint8_t {
@@ -91,7 +115,6 @@ private:
     template <class Texts>
     void AppendList(std::string& out, const Texts& texts, std::string_view between) const;
 
-    TableForm form_ = TableForm::csv;
     CsvTexts texts_ = CsvTexts::plain;
     std::vector<Item> items_;
     bool tensionpositive_ = false;

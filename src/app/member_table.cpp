@@ -1,6 +1,7 @@
 #include "app/member_table.h"
 
 #include "app/assign_run.h"
+#include "app/cell_reader.h"
 #include "app/field_hint.h"
 #include "core/annexes.h"
 #include "core/json_scan.h"
@@ -13,15 +14,6 @@ namespace kestrum {
 
 namespace {
 
-constexpr std::string_view kQuoteOpen = "a quote is not closed";
-
-std::string_view Trimmed(std::string_view text)
-{
-    constexpr std::string_view kBlanks = " \t\r\n";
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
 // A field is one line: line ends in a cell become blanks, in the text that `joined` keeps.
 std::string_view OneLine(std::string_view cell, std::string& joined)
 {
@@ -33,89 +25,6 @@ std::string_view OneLine(std::string_view cell, std::string& joined)
         joined.append(c == '\r' ? 0 : 1, c == '\n' ? ' ' : c);
     }
     return joined;
-}
-
-// Takes cells off a record one by one.
-class CellReader {
-public:
-    CellReader(std::string_view line, char separator) : rest_(line), separator_(separator) {}
-
-    // False behind the last cell, and after a fault.
-    bool Next()
-    {
-        if (ended_ || !fault_.empty()) {
-            return false;
-        }
-        if (rest_.starts_with('"')) {
-            return Quoted();
-        }
-        TakePlain();
-        return true;
-    }
-
-    std::string_view cell() const { return cell_; }
-    std::string_view fault() const { return fault_; }
-
-private:
-    void TakePlain()
-    {
-        const std::size_t end = std::min(rest_.find(separator_), rest_.size());
-        cell_ = rest_.substr(0, end);
-        ended_ = end == rest_.size();
-        rest_.remove_prefix(ended_ ? end : end + 1);
-    }
-
-    bool Quoted()
-    {
-        text_.clear();
-        std::size_t at = 1;
-        for (;; ++at) {
-            const std::size_t quote = rest_.find('"', at);
-            if (quote == std::string_view::npos) {
-                fault_ = kQuoteOpen;
-                return false;
-            }
-            text_.append(rest_.substr(at, quote - at));
-            at = quote + 1;
-            if (at >= rest_.size() || rest_[at] != '"') {
-                break;
-            }
-            text_.push_back('"');
-        }
-        rest_.remove_prefix(at);
-        if (!rest_.empty() && rest_.front() != separator_) {
-            fault_ = "text behind a closing quote";
-            return false;
-        }
-        ended_ = rest_.empty();
-        rest_.remove_prefix(ended_ ? 0 : 1);
-        cell_ = text_;
-        return true;
-    }
-
-    std::string_view rest_;
-    char separator_;
-    std::string_view cell_;
-    std::string_view fault_;
-    std::string text_;  // of a quoted cell
-    bool ended_ = false;
-};
-
-// The first kind that stands outside of quotes.
-char SeparatorOf(std::string_view header)
-{
-    std::string bare;
-    bool quoted = false;
-    for (const char c : header) {
-        quoted = quoted != (c == '"');
-        bare.append(quoted ? 0 : 1, c);
-    }
-    for (const char separator : kAnySeparator) {
-        if (bare.find(separator) != std::string::npos) {
-            return separator;
-        }
-    }
-    return ',';
 }
 
 std::string Told(std::string_view name, std::string_view what)

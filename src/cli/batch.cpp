@@ -4,155 +4,19 @@
 #include "cli/batch_input.h"
 #include "cli/batch_output.h"
 #include "cli/commands.h"
+#include "cli/many.h"
+#include "cli/progress.h"
 #include "core/file_target.h"
 #include "core/utf8_path.h"
 #include "core/utf8_text.h"
-#include "engine/new_project.h"
 
-#include <algorithm>
-#include <chrono>
-#include <cmath>
-#include <filesystem>
 #include <iostream>
 #include <memory>
-#include <thread>
 #include <unordered_set>
-
-#ifndef _WIN32
-#include <unistd.h>
-#endif
 
 namespace kestrum::cli {
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-// Rate and time left on a terminal; silent elsewhere.
-class Progress {
-public:
-    void Show(std::size_t members, std::uintmax_t taken, std::uintmax_t whole)
-    {
-        const Clock::time_point now = Clock::now();
-        if (!terminal_ || now < next_) {
-            return;
-        }
-        next_ = now + std::chrono::milliseconds(200);
-        const double seconds = std::chrono::duration<double>(now - start_).count();
-        const auto rate = static_cast<double>(members) / std::max(seconds, 0.001);
-        std::string line = "\r";
-        if (whole > 0 && taken > 0) {
-            const double part =
-                std::min(1.0, static_cast<double>(taken) / static_cast<double>(whole));
-            const auto bars = static_cast<std::size_t>(std::lround(part * kBars));
-            line += "[" + std::string(bars, '#') + std::string(kBars - bars, '.') + "] ";
-            line += std::to_string(std::lround(100 * part)) + " %, " +
-                    std::to_string(std::lround(seconds / part - seconds)) + " s left, ";
-        }
-        line += std::to_string(members) + " members, " + std::to_string(std::lround(rate)) + "/s";
-        line.resize(1 + kWidth, ' ');
-        std::cerr << line << std::flush;
-        shown_ = true;
-    }
-
-    // Makes room for something else to be told.
-    void Wipe()
-    {
-        if (shown_) {
-            std::cerr << "\r" + std::string(kWidth, ' ') + "\r" << std::flush;
-            shown_ = false;
-        }
-    }
-
-    ~Progress() { Wipe(); }
-
-private:
-    static constexpr std::size_t kBars = 20, kWidth = 79;  // no line of a terminal is filled up
-#ifdef _WIN32
-    bool terminal_ = false;
-#else
-    bool terminal_ = isatty(STDERR_FILENO) != 0;
-#endif
-    bool shown_ = false;
-    Clock::time_point start_ = Clock::now(), next_ = start_ + std::chrono::milliseconds(500);
-};
-
-bool IsJsonName(const std::string& out)
-{
-    const std::string ending = EndingOf(out);
-    return ending == ".ndjson" || ending == ".jsonl";
-}
-
-// A file with a name, no stream and no device.
-bool IsFile(const std::string& out)
-{
-    std::error_code fault;
-    const auto type = std::filesystem::status(Utf8Path(out), fault).type();
-    return !out.empty() && out != "-" &&
-           (type == std::filesystem::file_type::regular ||
-            type == std::filesystem::file_type::not_found);
-}
-
-// The ending of a file says what is in it.
-void RequireAnswerName(const Options& options, const std::string& out)
-{
-    if (!IsFile(out)) {
-        return;
-    }
-    if (!IsJsonName(out) && EndingOf(out) != ".csv") {
-        throw BadInput(out + ": the name has to end in .csv, .ndjson or .jsonl");
-    }
-    if (options.format == Format::json && !IsJsonName(out)) {
-        throw BadInput(out + ": holds CSV; JSON needs a name that ends in .ndjson or .jsonl");
-    }
-}
-
-TableForm FormOf(const Options& options, const std::string& out)
-{
-    return options.format == Format::json || IsJsonName(out) ? TableForm::ndjson : TableForm::csv;
-}
-
-// Each line with "kestrum: " in front.
-void ComplainAll(std::string_view lines)
-{
-    while (!lines.empty()) {
-        Complain(std::string(TakeLine(lines)));
-    }
-}
-
-int ExitOf(const Tally& tally, bool faulty)
-{
-    int exit = faulty ? kBadInput : kAllWithin;
-    for (std::size_t i = 0; i < kVerdicts; ++i) {
-        const auto verdict = static_cast<Verdict>(i);
-        exit = tally.Count(verdict) > 0 ? GraverExit(exit, ExitCode(verdict)) : exit;
-    }
-    return exit;
-}
-
-unsigned Threads(int jobs)
-{
-    constexpr unsigned kMost = 256;
-    const unsigned wanted =
-        jobs > 0 ? static_cast<unsigned>(jobs) : std::thread::hardware_concurrency();
-    return std::clamp(wanted, 1U, kMost);
-}
-
-// Of the two kinds of load the base has those that its file holds; a member that begins from
-// nothing has neither.
-ProjectState BaseOf(const Library& library, const std::string& file)
-{
-    if (!file.empty()) {
-        ProjectState s = OpenProject(library, file);
-        ClearLoads(s, s.loadmode == 1 ? LoadKind::endforce : LoadKind::load);
-        return s;
-    }
-    ProjectState s = StartState(library);
-    ClearLoads(s, LoadKind::load);
-    ClearLoads(s, LoadKind::endforce);
-    s.ident.clear();
-    return s;
-}
 
 // Says each word once in the whole run.
 class Words {
@@ -247,7 +111,7 @@ int Batch(const Options& options, const BatchArguments& arguments)
                               BatchChunk& chunk) { worker->Work(chunk); });
     }
     {
-        Progress progress;
+        Progress progress("members");
         Words words;
         OrderedRun<BatchChunk> run(std::move(work));
         run.Run([&](BatchChunk& chunk) { return input.Next(chunk); },

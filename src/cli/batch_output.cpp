@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 // Reads answers line by line and counts them.
 class Reader {
 public:
-    Reader(std::string name, const AnswerForm& form, Tally& tally)
+    Reader(std::string name, const AnswerLines& form, Tally& tally)
         : name_(std::move(name)), form_(form), header_(form.Header()), tally_(tally)
     {
     }
@@ -63,7 +63,7 @@ private:
     }
 
     const std::string name_;
-    const AnswerForm& form_;
+    const AnswerLines& form_;
     const std::string header_;
     Tally& tally_;
     bool headed_ = false;
@@ -141,7 +141,7 @@ void BatchOutput::Fail(const std::string& fault) const
     throw BadInput(what);
 }
 
-std::size_t BatchOutput::TakeUp(const AnswerForm& form, Tally& tally, const BatchOrigin& origin)
+std::size_t BatchOutput::TakeUp(const AnswerLines& form, Tally& tally, const BatchOrigin& origin)
 {
     const std::string name = Utf8Name(written_);
     answers_ = true;  // whatever it is, it stays
@@ -175,7 +175,7 @@ std::size_t BatchOutput::TakeUp(const AnswerForm& form, Tally& tally, const Batc
     return reader.members();
 }
 
-void BatchOutput::Begin(const AnswerForm& form, const BatchOrigin& origin)
+void BatchOutput::Begin(const AnswerLines& form, const BatchOrigin& origin)
 {
     if (taken_up_) {
         return;

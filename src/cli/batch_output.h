@@ -27,10 +27,10 @@ public:
 
     // Counts what an earlier run has answered and cuts off a line that it left unfinished; the
     // answers to come are appended. The file must hold answers of this form, to these inputs.
-    std::size_t TakeUp(const AnswerForm& form, Tally& tally, const BatchOrigin& origin);
+    std::size_t TakeUp(const AnswerLines& form, Tally& tally, const BatchOrigin& origin);
 
     // Without TakeUp from the first line on.
-    void Begin(const AnswerForm& form, const BatchOrigin& origin);
+    void Begin(const AnswerLines& form, const BatchOrigin& origin);
 
     // What is written is handed over at once.
     void Write(std::string_view text);

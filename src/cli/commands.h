@@ -79,4 +79,24 @@ struct BatchArguments {
 };
 int Batch(const Options& options, const BatchArguments& arguments);
 
+struct EnvelopeArguments {
+    std::string members, forces;
+    std::string out;               // empty: standard output
+    std::string base;              // project that members start from; empty: the default one
+    std::string key;               // column of the members' keys; empty: the usual names
+    std::vector<std::string> map;  // THEIRS=OURS
+    std::string basis = "both";    // or program, or standard
+    int jobs = 0;                  // threads; 0: one a core
+    int top = 0;                   // so many worst cases of each member
+    int memory = 256;              // MB to sort in
+    bool all = false;              // a line for each case
+    bool resume = false;
+    bool raw = false;
+    bool tensionpositive = false;  // N of the forces
+    bool swap_axes = false;        // their y is our z
+    bool exit_zero = false;
+    std::optional<bool> csv_safe;  // unset: for a file, not for a stream
+};
+int Envelope(const Options& options, const EnvelopeArguments& arguments);
+
 }  // namespace kestrum::cli

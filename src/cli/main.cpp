@@ -55,6 +55,7 @@ int Run(int argc, char** argv)
     TableArguments table;
     ReportArguments report;
     BatchArguments many;
+    EnvelopeArguments frame;
 
     CLI::App& check =
         *app.add_subcommand("check", "calculates and prints the result panel of each file");
@@ -180,6 +181,45 @@ int Run(int argc, char** argv)
         "--no-csv-safe", [&many] { many.csv_safe = false; }, "texts as they are, also in a file");
     AddFormat(batch, options, kTableFormats);
     batch.callback([&] { exit = Batch(options, many); });
+
+    CLI::App& envelope = *app.add_subcommand(
+        "envelope", "members under forces of another program: the worst case of each");
+    envelope.add_option("members", frame.members, "table of members: CSV, one a line, with a key")
+        ->required()
+        ->type_name("MEMBERS");
+    envelope
+        .add_option("forces", frame.forces,
+                    "table of forces: CSV with member, case, x, N, Vy, Vz, My, Mz; - is standard "
+                    "input")
+        ->required()
+        ->type_name("FORCES");
+    AddOutput(envelope, frame.out, "file to write; standard output without it");
+    envelope.add_option("--basis", frame.basis, "program, standard or both")
+        ->check(CLI::IsMember({"program", "standard", "both"}));
+    envelope.add_option("--key", frame.key, "column of the members' keys");
+    envelope.add_option("--map", frame.map, "THEIRS=OURS: what a column of the forces is")
+        ->delimiter(',');
+    AddSign(envelope, frame.tensionpositive);
+    envelope.add_flag("--swap-axes", frame.swap_axes,
+                      "y of the forces is z of the members, and the other way round");
+    envelope.add_flag("--all", frame.all, "a line for each member and case");
+    envelope.add_option("--top", frame.top, "the worst cases of each member, so many lines")
+        ->check(CLI::Range(1, 1000000));
+    envelope.add_option("--memory", frame.memory, "MB of memory to sort forces in")
+        ->check(CLI::Range(1, 1 << 20));
+    envelope.add_option("--base", frame.base, "project whose values hold where a table is silent");
+    envelope.add_option("--jobs", frame.jobs, "threads; one for each core without it")
+        ->check(CLI::Range(1, 256));
+    envelope.add_flag("--resume", frame.resume, "goes on behind the answers that -o holds already");
+    envelope.add_flag("--raw", frame.raw, "stores the values unchecked");
+    envelope.add_flag("--exit-zero", frame.exit_zero, "exit 0 whatever the verdicts");
+    envelope.add_flag_callback(
+        "--csv-safe", [&] { frame.csv_safe = true; },
+        "marks texts that a spreadsheet would take for formulas");
+    envelope.add_flag_callback(
+        "--no-csv-safe", [&] { frame.csv_safe = false; }, "leaves them as they are");
+    AddFormat(envelope, options, kTableFormats);
+    envelope.callback([&] { exit = Envelope(options, frame); });
 
     CLI::App& help = *app.add_subcommand("help", "prints the help of a command");
     help.add_option("COMMAND", file, "the command; that of the program without it");

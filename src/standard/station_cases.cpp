@@ -12,7 +12,9 @@ namespace kestrum::standard {
 
 namespace {
 
-constexpr double kStraight = 2e-3;  // of the largest moment of the line
+constexpr double kStraight = 2e-3;     // of the largest moment of the line
+constexpr double kLastDigit = 1.1e-3;  // kNm, the rounding of tables
+constexpr double kUnseen = 1e-3;       // of the elastic resistance
 
 // Stations without those that say nothing, and the sides of a jump as two places in one.
 struct Node {
@@ -63,10 +65,11 @@ struct StationCases::Data {
     StationPieces pieces{};
 
     bool MakeNodes(std::span<const Station> stations);
+    double StraightWithin(std::span<const Station> stations, double Station::*moment) const;
     void Straighten(std::span<const Station> stations, double Station::*moment);
     bool MakeGrid();
     void FillLines();
-    void FindLoads(Axis axis, double Station::*moment, double Station::*shear, double largest);
+    void FindLoads(Axis axis, double Station::*moment, double Station::*shear, double straight);
     void Spread(Axis axis, std::size_t from, std::size_t to, double Station::*moment,
                 double Station::*shear);
     void Put(const Load& load);
@@ -88,11 +91,21 @@ bool StationCases::Data::MakeNodes(std::span<const Station> stations)
     return nodes.size() >= 2;
 }
 
+// How far a line of rounded numbers may leave its chord, kNm.
+double StationCases::Data::StraightWithin(std::span<const Station> stations,
+                                          double Station::*moment) const
+{
+    constexpr double kNmm = 1e6;
+    const StandardSection& q = member.section.q;
+    const double w = moment == &Station::my ? q.LeastWely() : q.LeastWelz();
+    return std::max(kStraight * Largest(stations, moment),
+                    std::min(kLastDigit, kUnseen * w * q.fy / kNmm));
+}
+
 void StationCases::Data::Straighten(std::span<const Station> stations, double Station::*moment)
 {
     const std::size_t last = nodes.size() - 1;
-    const double largest = Largest(stations, moment);
-    if (OffChord(nodes, 0, last, moment) > kStraight * largest) {
+    if (OffChord(nodes, 0, last, moment) > StraightWithin(stations, moment)) {
         return;
     }
     const double start = nodes.front().right.*moment, end = nodes.back().left.*moment;
@@ -173,7 +186,7 @@ void StationCases::Data::Spread(Axis axis, std::size_t from, std::size_t to,
 }
 
 void StationCases::Data::FindLoads(Axis axis, double Station::*moment, double Station::*shear,
-                                   double largest)
+                                   double straight)
 {
     std::size_t from = 0;
     for (std::size_t i = 1; i < nodes.size(); ++i) {
@@ -185,7 +198,7 @@ void StationCases::Data::FindLoads(Axis axis, double Station::*moment, double St
         if (!end && !IsJump(nodes[i])) {
             continue;
         }
-        if (i - from > 1 && OffChord(nodes, from, i, moment) > kStraight * largest) {
+        if (i - from > 1 && OffChord(nodes, from, i, moment) > straight) {
             Spread(axis, from, i, moment, shear);
         }
         from = i;
@@ -225,8 +238,8 @@ StationResult StationCases::Case(std::span<const Station> stations, double enoug
     }
     d.FillLines();
     d.member.loads.count = 0;
-    d.FindLoads(Axis::y, &Station::my, &Station::vz, Largest(stations, &Station::my));
-    d.FindLoads(Axis::z, &Station::mz, &Station::vy, Largest(stations, &Station::mz));
+    d.FindLoads(Axis::y, &Station::my, &Station::vz, d.StraightWithin(stations, &Station::my));
+    d.FindLoads(Axis::z, &Station::mz, &Station::vy, d.StraightWithin(stations, &Station::mz));
     d.member.loads.grid = d.lines.grid;
 
     Checks checks;
@@ -258,7 +271,7 @@ StationResult StationCases::Case(std::span<const Station> stations, double enoug
         }
     }
     if (!result.rated) {
-        result.reason = "no force acts";
+        result.reason = kNoForceActs;
     }
     return result;
 }

@@ -7,8 +7,9 @@
 // of My and Mz: a bend of the moment line at a jump of the shear is a point load of the size of the
 // jump, the rest of the bends is spread evenly over the half intervals beside them. These loads act
 // at the load level of the member (EN 1993-1-1, 6.3.2.2 (2)) and pick the column of Table B.3; a
-// stretch that is straight between two jumps, within 0.2 percent of the largest moment, has none.
-// A moment line that is straight from end to end so far is taken as straight.
+// stretch that is straight between two jumps has none, and a moment line that is straight from end
+// to end is taken as straight: within 0.2 percent of the largest moment or the last digit of tables
+// (1.1 Nm, at most a thousandth of the elastic resistance).
 
 #include "analysis/stations.h"
 #include "core/library.h"
@@ -18,9 +19,13 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kestrum::standard {
+
+// A reason that is no failure: all forces are 0.
+constexpr std::string_view kNoForceActs = "no force acts";
 
 struct StationResult {
     bool rated = false;  // else `reason`

@@ -79,7 +79,7 @@ TEST_P(Completion, OffersTheCommands)
 {
     EXPECT_THAT(Complete("kestrum "),
                 UnorderedElementsAre("check", "dump", "new", "set", "sections", "fields", "vortex",
-                                     "diagram", "table", "report", "batch", "help"));
+                                     "diagram", "table", "report", "batch", "envelope", "help"));
     EXPECT_THAT(Complete("kestrum che"), ElementsAre("check"));
     EXPECT_THAT(Complete("kestrum --setup a.dat rep"), ElementsAre("report"));
 }
@@ -87,7 +87,7 @@ TEST_P(Completion, OffersTheCommands)
 TEST_P(Completion, OffersTheOptionsOfEachCommand)
 {
     for (const char* command : {"check", "dump", "new", "set", "sections", "fields", "vortex",
-                                "diagram", "table", "report", "batch", "help"}) {
+                                "diagram", "table", "report", "batch", "envelope", "help"}) {
         EXPECT_THAT(Complete(std::string("kestrum ") + command + " --"),
                     UnorderedElementsAreArray(Options(command)))
             << command;

@@ -36,7 +36,7 @@ TEST_F(Manners, VersionHasAShortOption)
 TEST_F(Manners, HelpOfACommandIsThatOfItsOption)
 {
     for (const char* command : {"check", "dump", "new", "set", "sections", "vortex", "diagram",
-                                "table", "report", "batch", "help"}) {
+                                "table", "report", "batch", "envelope", "help"}) {
         const Said said = Kestrum(std::string("help ") + command);
         EXPECT_EQ(said.exit, 0) << command;
         EXPECT_EQ(said.out, Kestrum(std::string(command) + " --help").out) << command;

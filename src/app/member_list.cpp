@@ -1,0 +1,126 @@
+#include "app/member_list.h"
+
+#include "app/cell_reader.h"
+#include "app/table_record.h"
+#include "core/utf8_text.h"
+
+#include <algorithm>
+
+namespace kestrum {
+
+namespace {
+
+constexpr std::string_view kKeyNames[] = {"member", "id", "key", "name", "ident"};
+
+std::vector<std::string> NamesOf(std::string_view header)
+{
+    std::vector<std::string> names;
+    for (CellReader cells(header, SeparatorOf(header)); cells.Next();) {
+        names.emplace_back(Trimmed(cells.cell()));
+    }
+    return names;
+}
+
+bool Holds(const std::vector<std::string>& names, std::string_view wanted)
+{
+    return std::find(names.begin(), names.end(), wanted) != names.end();
+}
+
+}  // namespace
+
+std::string MemberList::ChooseKey(std::string_view header, const std::string& key)
+{
+    const std::vector<std::string> names = NamesOf(header);
+    std::string chosen = key;
+    for (const std::string_view name : kKeyNames) {
+        chosen = chosen.empty() && Holds(names, name) ? std::string(name) : chosen;
+    }
+    if (Holds(names, "x") && Holds(names, "case")) {
+        return "looks like a table of forces; the members come first";
+    }
+    if (chosen.empty()) {
+        return "no column of keys (member, id, key, name, ident); --key says which one it is";
+    }
+    const auto at = std::find(names.begin(), names.end(), chosen);
+    if (at == names.end()) {
+        return "--key " + chosen + ": there is no such column";
+    }
+    key_ = static_cast<std::size_t>(at - names.begin());
+    return {};
+}
+
+std::string MemberList::Take(std::string text, const std::string& table, const std::string& key)
+{
+    text_ = std::move(text);
+    table_ = table;
+    members_.clear();
+    places_.clear();
+    faults_.clear();
+    std::string_view rest = text_;
+    const std::size_t first = rest.find_first_not_of(" \t\r\n");
+    if (first != std::string_view::npos && (rest[first] == '{' || rest[first] == '[')) {
+        return table_ + ": members are read from a CSV, not from JSON";
+    }
+    std::size_t line = 1;
+    const auto take = [&](std::string_view separators) {
+        const char* const before = rest.data();
+        const std::string_view record = TakeRecord(rest, separators);
+        line += static_cast<std::size_t>(std::count(before, rest.data(), '\n'));
+        return record;
+    };
+    const std::string_view header = take(kAnySeparator);
+    std::string refusal = ChooseKey(header, key);
+    refusal = refusal.empty() ? columns_.TakeHeader(header, true) : refusal;
+    if (!refusal.empty()) {
+        return table_ + ":1: " + refusal;
+    }
+    while (!rest.empty()) {
+        const std::size_t number = line;
+        const std::string_view record = take(columns_.separator());
+        if (!Trimmed(record).empty()) {
+            TakeMember(record, number);
+        }
+    }
+    return members_.empty() ? table_ + ": holds no members" : std::string{};
+}
+
+void MemberList::TakeMember(std::string_view record, std::size_t line)
+{
+    const auto fault = [&](const std::string& what) {
+        faults_.push_back(Printable(table_ + ":" + std::to_string(line) + ": " + what));
+    };
+    if (record.size() > kLongestLine) {
+        return fault("the line is too long");
+    }
+    CellReader cells(record, columns_.separator()[0]);
+    for (std::size_t i = 0; i <= key_; ++i) {
+        if (!cells.Next()) {
+            return fault(cells.fault().empty() ? "fewer cells than columns"
+                                               : std::string(cells.fault()));
+        }
+    }
+    std::string key = AsUtf8(Trimmed(cells.cell()));
+    if (key.empty()) {
+        return fault("no key");
+    }
+    const auto [at, fresh] = places_.try_emplace(key, members_.size());
+    if (!fresh) {
+        return fault("member \"" + key + "\" stands in line " +
+                     std::to_string(members_[at->second].line) + " already, which holds");
+    }
+    members_.push_back({std::move(key), line, record});
+}
+
+std::size_t MemberList::Find(std::string_view key) const
+{
+    const auto at = places_.find(key);
+    return at != places_.end() ? at->second : kNone;
+}
+
+std::string MemberList::Apply(std::size_t member, const Library& library, ProjectState& s,
+                              Manner manner, LineExtras* extras) const
+{
+    return columns_.Apply(library, s, members_[member].record, manner, extras);
+}
+
+}  // namespace kestrum

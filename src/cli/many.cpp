@@ -1,0 +1,90 @@
+#include "cli/many.h"
+
+#include "app/field_owner.h"
+#include "app/table_record.h"
+#include "core/utf8_path.h"
+#include "engine/new_project.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <thread>
+
+namespace kestrum::cli {
+
+namespace {
+
+bool IsJsonName(const std::string& out)
+{
+    const std::string ending = EndingOf(out);
+    return ending == ".ndjson" || ending == ".jsonl";
+}
+
+}  // namespace
+
+bool IsFile(const std::string& out)
+{
+    std::error_code fault;
+    const auto type = std::filesystem::status(Utf8Path(out), fault).type();
+    return !out.empty() && out != "-" &&
+           (type == std::filesystem::file_type::regular ||
+            type == std::filesystem::file_type::not_found);
+}
+
+void RequireAnswerName(const Options& options, const std::string& out)
+{
+    if (!IsFile(out)) {
+        return;
+    }
+    if (!IsJsonName(out) && EndingOf(out) != ".csv") {
+        throw BadInput(out + ": the name has to end in .csv, .ndjson or .jsonl");
+    }
+    if (options.format == Format::json && !IsJsonName(out)) {
+        throw BadInput(out + ": holds CSV; JSON needs a name that ends in .ndjson or .jsonl");
+    }
+}
+
+TableForm FormOf(const Options& options, const std::string& out)
+{
+    return options.format == Format::json || IsJsonName(out) ? TableForm::ndjson : TableForm::csv;
+}
+
+void ComplainAll(std::string_view lines)
+{
+    while (!lines.empty()) {
+        Complain(std::string(TakeLine(lines)));
+    }
+}
+
+int ExitOf(const Tally& tally, bool faulty)
+{
+    int exit = faulty ? kBadInput : kAllWithin;
+    for (std::size_t i = 0; i < kVerdicts; ++i) {
+        const auto verdict = static_cast<Verdict>(i);
+        exit = tally.Count(verdict) > 0 ? GraverExit(exit, ExitCode(verdict)) : exit;
+    }
+    return exit;
+}
+
+unsigned Threads(int jobs)
+{
+    constexpr unsigned kMost = 256;
+    const unsigned wanted =
+        jobs > 0 ? static_cast<unsigned>(jobs) : std::thread::hardware_concurrency();
+    return std::clamp(wanted, 1U, kMost);
+}
+
+ProjectState BaseOf(const Library& library, const std::string& file)
+{
+    if (!file.empty()) {
+        ProjectState s = OpenProject(library, file);
+        ClearLoads(s, s.loadmode == 1 ? LoadKind::endforce : LoadKind::load);
+        return s;
+    }
+    ProjectState s = StartState(library);
+    ClearLoads(s, LoadKind::load);
+    ClearLoads(s, LoadKind::endforce);
+    s.ident.clear();
+    return s;
+}
+
+}  // namespace kestrum::cli

@@ -1,0 +1,33 @@
+#pragma once
+
+// What the commands over many members share: names and forms of the answers, threads, exit codes.
+
+#include "app/batch.h"
+#include "cli/context.h"
+
+#include <string>
+#include <string_view>
+
+namespace kestrum::cli {
+
+// A file with a name, no stream and no device.
+bool IsFile(const std::string& out);
+
+// The ending of a file says what is in it. Throws BadInput.
+void RequireAnswerName(const Options& options, const std::string& out);
+
+TableForm FormOf(const Options& options, const std::string& out);
+
+// Each line with "kestrum: " in front.
+void ComplainAll(std::string_view lines);
+
+int ExitOf(const Tally& tally, bool faulty);
+
+// Of as many as the user asks for, or one for each core.
+unsigned Threads(int jobs);
+
+// What a line of a table starts from: a project without loads, or a new one. Of the two kinds of
+// load the base has those that its file holds; a member that begins from nothing has neither.
+ProjectState BaseOf(const Library& library, const std::string& file);
+
+}  // namespace kestrum::cli
