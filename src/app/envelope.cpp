@@ -1,6 +1,7 @@
 #include "app/envelope.h"
 
 #include "app/cell_reader.h"
+#include "core/check_text.h"
 #include "core/failure.h"
 #include "core/utf8_text.h"
 #include "report/outcome.h"
@@ -70,24 +71,18 @@ std::string NotCarriedText(const NotCarried& beyond)
     return text + " not taken by this section family";
 }
 
-// The section row whose place is along the member.
+// Of the check that governs, the first of several as in its verdict.
 double PlaceOf(const ProjectState& s)
 {
-    const ResultRow* row = nullptr;
-    for (std::size_t i = 1; i <= 3; ++i) {
-        const ResultRow& other = s.secline[i];
-        if (!other.empty() && other.judged && (row == nullptr || other.ir > row->ir)) {
-            row = &other;
+    const Check* most = nullptr;
+    for (std::size_t row = 0; row < static_cast<std::size_t>(ResultRow::deflection_z); ++row) {
+        const Check& check = s.checklist.row(static_cast<ResultRow>(row));
+        if (IsJudged(check) && (most == nullptr || check.ratio > most->ratio)) {
+            most = &check;
         }
     }
-    for (const ResultRow* other : {&s.yline, &s.zline, &s.ltline}) {
-        if (!other->empty() && other->judged && (row == nullptr || other->ir > row->ir)) {
-            return kNowhere;
-        }
-    }
-    const bool placed =
-        row != nullptr && row->limit[0].text().find("{r}L") != std::string_view::npos;
-    return placed ? row->place[0] * s.l : kNowhere;
+    const bool placed = most != nullptr && most->place.kind == CheckPlace::Kind::section;
+    return placed ? most->place.x * s.l : kNowhere;
 }
 
 }  // namespace
