@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstring>
 
 namespace kestrum {
 
@@ -31,12 +32,57 @@ void Take(Extremes& e, double value, double x)
     }
 }
 
+// Four ordinates at a time; the last four take some of those before once more.
+constexpr std::size_t kLanes = 4;
+using Lanes [[gnu::vector_size(kLanes * sizeof(float))]] = float;
+
+Lanes LanesAt(const Diagram& line, std::size_t j)
+{
+    Lanes lanes;
+    std::memcpy(&lanes, &line[j], sizeof lanes);
+    return lanes;
+}
+
+// The largest and the least ordinate, 0 where all lie on the other side.
+struct Bounds {
+    float most = 0, least = 0;
+};
+
+// Of the points first to last, four at least.
+Bounds BoundsOf(const Diagram& line, std::size_t first, std::size_t last)
+{
+    Lanes most{}, least{};
+    const auto take = [&](Lanes four) {
+        most = four > most ? four : most;
+        least = four < least ? four : least;
+    };
+    for (std::size_t j = first; j + kLanes <= last + 1; j += kLanes) {
+        take(LanesAt(line, j));
+    }
+    take(LanesAt(line, last + 1 - kLanes));
+    Bounds bounds;
+    for (std::size_t i = 0; i < kLanes; ++i) {
+        bounds.most = std::max(bounds.most, most[i]);
+        bounds.least = std::min(bounds.least, least[i]);
+    }
+    return bounds;
+}
+
+// x/L of the first point with this ordinate, which the line has.
+double PlaceOf(const Diagram& line, float ordinate)
+{
+    const auto at = std::find(line.begin(), line.end(), ordinate) - line.begin();
+    return static_cast<double>(at) / kLast;
+}
+
 Extremes ExtremesOf(const Diagram& line)
 {
+    const auto [most, least] = BoundsOf(line, 0, kLast);
     Extremes e;
-    for (std::size_t j = 0; j < line.size(); ++j) {
-        Take(e, line[j], static_cast<double>(j) / kLast);
-    }
+    e.max = most;
+    e.min = least;
+    e.xmax = most > 0 ? PlaceOf(line, most) : 0;
+    e.xmin = least < 0 ? PlaceOf(line, least) : 0;
     return e;
 }
 
@@ -99,16 +145,12 @@ double EndRatio(double start, double end)
 // The point of the middle half with the largest moment, the first of equal ones; 0 without moment.
 int PeakIndex(const Diagram& m)
 {
-    int peak = 0;
-    float largest = 0;
-    for (int j = 12; j <= 38; ++j) {
-        const float size = std::abs(m[static_cast<std::size_t>(j)]);
-        if (size > largest) {
-            largest = size;
-            peak = j;
-        }
-    }
-    return peak;
+    constexpr int kFirst = 12, kEnd = 38;
+    const auto [most, least] = BoundsOf(m, kFirst, kEnd);
+    const float largest = std::max(most, -least);
+    const auto at = std::find_if(m.begin() + kFirst, m.begin() + kEnd + 1,
+                                 [largest](float moment) { return std::abs(moment) == largest; });
+    return largest > 0 ? static_cast<int>(at - m.begin()) : 0;
 }
 
 double At(const Diagram& m, int j)

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 
 namespace kestrum {
 
@@ -193,13 +194,19 @@ void Store(const Span& span, const Sums& sums, LoadLines& lines)
 
 Span SpanOf(const Inputs& in, const Forces& forces)
 {
+    // The numbers of the points, ready as double.
+    static constexpr std::array<double, kDiagramPoints> kPoints = [] {
+        std::array<double, kDiagramPoints> points{};
+        std::iota(points.begin(), points.end(), 0.0);
+        return points;
+    }();
     Span span{};
     span.l = in.l;
     span.supportcase = in.supportcase;
     span.spring = in.spring;
     span.sections = forces.npts + 1;
     for (std::size_t j = 0; j < span.x.size(); ++j) {
-        span.x[j] = static_cast<double>(j) * span.l / kLast;
+        span.x[j] = kPoints[j] * span.l / kLast;
         span.y[j] = span.l - span.x[j];
     }
     for (std::size_t k = 0; k < static_cast<std::size_t>(span.sections); ++k) {

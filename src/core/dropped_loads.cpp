@@ -123,12 +123,11 @@ void OpenDropped(const Inputs& in, PassOutcome& outcome)
 {
     DroppedLoads& dropped = outcome.dropped;
     const bool changed = dropped.count > 0 && dropped.table != TableOf(in);
-    const auto first = dropped.load.begin();
-    const auto end = std::remove_if(first, first + dropped.count, [&](const DroppedLoad& load) {
-        return changed || StillThere(in, load);
-    });
+    const auto first = dropped.load.begin(), last = first + dropped.count;
+    const auto end = std::remove_if(
+        first, last, [&](const DroppedLoad& load) { return changed || StillThere(in, load); });
     dropped.count = static_cast<std::int16_t>(end - first);
-    std::fill(end, dropped.load.end(), DroppedLoad{});
+    std::fill(end, last, DroppedLoad{});
 }
 
 void CloseDropped(const Inputs& in, PassOutcome& outcome)

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <type_traits>
 #include <vector>
 
@@ -150,9 +151,20 @@ constexpr Field kFields[] = {
 
 // Where the boxes of each section form stand in kFields: one after the other, behind "p22.".
 struct FormRange {
-    std::string_view form;
+    std::uint32_t form;
     std::size_t first, count;
 };
+
+// The letters of a form, for a comparison that each pass makes; 0 for none and for what is longer
+// than any form.
+constexpr std::uint32_t LettersOf(std::string_view form)
+{
+    std::uint32_t letters = 0;
+    for (const char c : form) {
+        letters = letters << 8U | static_cast<unsigned char>(c);
+    }
+    return form.size() <= sizeof letters ? letters : 0;
+}
 
 constexpr std::string_view FormOf(std::string_view name)
 {
@@ -165,8 +177,8 @@ constexpr auto kForms = [] {
     std::array<FormRange, 24> ranges{};
     std::size_t used = 0;
     for (std::size_t i = 0; i < std::size(kFields); ++i) {
-        const std::string_view form = FormOf(kFields[i].name);
-        if (form.empty()) {
+        const std::uint32_t form = LettersOf(FormOf(kFields[i].name));
+        if (form == 0) {
             continue;
         }
         if (used == 0 || ranges[used - 1].form != form) {
@@ -201,8 +213,9 @@ const void* Locate(const ProjectState& s, const Field& field, int index)
 
 std::span<const Field> FieldsOfForm(std::string_view form)
 {
+    const std::uint32_t letters = LettersOf(form);
     for (const FormRange& range : kForms) {
-        if (range.form == form && range.count > 0) {
+        if (range.form == letters && range.count > 0) {
             return std::span<const Field>(kFields).subspan(range.first, range.count);
         }
     }
