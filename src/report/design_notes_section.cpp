@@ -445,6 +445,13 @@ constexpr NoteRule kSections[] = {
     {"D192", LimitsOfTheTAct,
      "Web and flange of the T are classified with 10, 11 and 15 eps; EN 1993-1-1, Table 5.2 has 9, "
      "10 and 14 eps."},
+    {"D38",
+     [](const ProjectState& s) {
+         return Traits(s).shape.stiffener == Stiffener::flat_bar && s.classmybot > 1 &&
+                (s.mymin < 0 || s.ned > 0);
+     },
+     "The flat bar below the plate counts between two welds; EN 1993-1-1, Table 5.2 counts it from "
+     "the weld to the tip."},
     {"D196",
      [](const ProjectState& s) {
          return Is(s, Kind::plate) && s.ltb == 1 && !s.checklist.row(ResultRow::lateral).empty() &&

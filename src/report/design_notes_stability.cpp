@@ -254,6 +254,15 @@ constexpr NoteRule kStability[] = {
      },
      "An axis without buckling has no row of 6.3.3, although the axial force and lateral torsional "
      "buckling still act together."},
+    {"D241",
+     [](const ProjectState& s) {
+         const bool y = s.ly > 1 && s.mydesign != 0 && s.cmy < 0.9F;
+         const bool z = s.lz > 1 && s.mzdesign != 0 && s.cmz < 0.9F;
+         return Interacts(s) && s.method == Method::annex_b && (y || z);
+     },
+     "The moment factors of Annex B follow the moments where the buckling length is longer than "
+     "the "
+     "member; Table B.3 has 0.9 for the sway mode."},
     {"D240",
      [](const ProjectState& s) {
          return Interacts(s) && s.ned > 0 && Is(s, Kind::channel, Kind::i_single);

@@ -16,7 +16,8 @@ struct LegLengths {
     double h, b;
 };
 
-void SetCorners(const StandardSection& q, const LegLengths& legs, AngleSection& angle)
+void SetCorners(const StandardSection& q, const LegLengths& legs, AngleSection& angle,
+                const Basis& basis)
 {
     angle.cosine = std::cos(angle.alfa);
     angle.sine = std::sin(angle.alfa);
@@ -27,9 +28,11 @@ void SetCorners(const StandardSection& q, const LegLengths& legs, AngleSection& 
                            upright, lying};
     };
     const double t = q.tw;
-    angle.corners = {corner(0, 0, true, true), corner(0, legs.h, true, false),
-                     corner(t, legs.h, true, false), corner(legs.b, 0, false, true),
-                     corner(legs.b, t, false, true)};
+    const double outer = basis.pick(Dev::d55, t / 2, 0.0);
+    const double inner = basis.pick(Dev::d55, t / 2, t);
+    angle.corners = {corner(0, 0, true, true), corner(outer, legs.h, true, false),
+                     corner(inner, legs.h, true, false), corner(legs.b, outer, false, true),
+                     corner(legs.b, inner, false, true)};
 }
 
 // Second moments about y and z.
@@ -79,21 +82,28 @@ void SetAngle(const ProjectState& s, StandardSection& q)
     q.avy = (q.b - q.tw) * q.tw / 1.5;
 }
 
-AngleSection WholeAngle(const StandardSection& q)
+AngleSection WholeAngle(const StandardSection& q, const Basis& basis)
 {
     AngleSection angle{q.a, 0, 0, q.angle.iu, q.angle.iv, q.angle.alfa, 1, 0, {}};
-    SetCorners(q, {q.h, q.b}, angle);
+    SetCorners(q, {q.h, q.b}, angle, basis);
     return angle;
 }
 
-AngleSection EffectiveAngle(const StandardSection& q)
+AngleSection EffectiveAngle(const StandardSection& q, const Basis& basis)
 {
-    AngleSection angle = WholeAngle(q);
+    AngleSection angle = WholeAngle(q, basis);
     const LegLengths legs = {EffectiveLeg(q, q.h), EffectiveLeg(q, q.b)};
     if (legs.h == q.h && legs.b == q.b) {
         return angle;
     }
     const double t = q.tw;
+    if (!basis.departs(Dev::d181)) {
+        const double straight_h = q.h - t - q.r;
+        const double straight_b = q.b - t - q.r;
+        angle.a -= (straight_h - EffectiveLeg(q, straight_h)) * t +
+                   (straight_b - EffectiveLeg(q, straight_b)) * t;
+        return angle;
+    }
     const std::array<Lost, 2> lost = {
         {{t / 2 - q.left, (q.h + legs.h) / 2 - q.below, t, q.h - legs.h},
          {(q.b + legs.b) / 2 - q.left, t / 2 - q.below, q.b - legs.b, t}}};
@@ -118,7 +128,7 @@ AngleSection EffectiveAngle(const StandardSection& q)
     angle.iu = mean + radius;
     angle.iv = mean - radius;
     angle.alfa = std::atan2(-2 * i.yz, i.y - i.z) / 2;
-    SetCorners(q, legs, angle);
+    SetCorners(q, legs, angle, basis);
     return angle;
 }
 
@@ -145,6 +155,17 @@ double AngleUse(const StandardSection& q, const AngleSection& angle, const Angle
         }
     }
     return largest;
+}
+
+double AngleSumByAxes(const StandardSection& q, double n, double my, double mz)
+{
+    const double strength = q.fy / q.gammam0;
+    const double up = my * q.above / (q.iy * strength);
+    const double down = my * q.below / (q.iy * strength);
+    const double heel = mz * q.left / (q.iz * strength);
+    const double tip = mz * q.right / (q.iz * strength);
+    return std::max(
+        {std::abs(-n + up - heel), std::abs(-n - down - heel), std::abs(-n - down + tip)});
 }
 
 double CompressedModulusU(const AngleSection& angle, bool positive)

@@ -28,9 +28,11 @@ struct AngleSection {
 
     bool Shifted() const { return yc != 0 || zc != 0; }
 };
-AngleSection WholeAngle(const StandardSection& q);
-// EN 1993-1-5, 4.4 (2): each leg by its whole length, in uniform compression.
-AngleSection EffectiveAngle(const StandardSection& q);
+// Deviation D55: the program has the tips at mid-thickness.
+AngleSection WholeAngle(const StandardSection& q, const Basis& basis);
+// EN 1993-1-5, 4.4 (2): each leg by its whole length, in uniform compression. Deviation D181: the
+// program reduces the straight parts of the legs, and the area only.
+AngleSection EffectiveAngle(const StandardSection& q, const Basis& basis);
 
 // Of a pair of moments about y and z.
 struct PrincipalMoments {
@@ -46,6 +48,9 @@ struct AngleForces {
 // Largest stress of the corners as share of the strength fy/gammaM0. Where the legs are not whole,
 // a compressive N acts beside the centroid, in the unfavourable sense (6.2.9.3 (2)).
 double AngleUse(const StandardSection& q, const AngleSection& angle, const AngleForces& f);
+
+// Sum about y and z that the program has beside it (D182); n as share of its resistance.
+double AngleSumByAxes(const StandardSection& q, double n, double my, double mz);
 
 // Elastic moduli: of the edge that Mu compresses, of the furthest edge about v.
 double CompressedModulusU(const AngleSection& angle, bool positive);

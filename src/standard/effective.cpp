@@ -212,23 +212,43 @@ int ClassOfStem(const StandardSection& q, const Wall& wall, const ActingForces& 
     return cls;
 }
 
+// D192: the program has 10, 11, 15 eps.
+int ClassOfTeePart(const StandardSection& q, const Wall& wall, const ActingForces& f,
+                   const Basis& basis)
+{
+    const bool stem = wall.Upright();
+    const int cls = stem ? ClassOfStem(q, wall, f) : ClassOfOutstandWall(q, wall, f, basis);
+    const bool pressed = f.n > 0 || (stem ? f.hogging : f.sagging);
+    const double ratio = wall.Width() / (wall.t * q.eps);
+    const int program = !pressed ? 1 : ratio <= 10 ? 1 : ratio <= 11 ? 2 : ratio <= 15 ? 3 : 4;
+    return basis.pick(Dev::d192, program, cls);
+}
+
 int ClassOfWall(const StandardSection& q, const Wall& wall, const ActingForces& f,
                 const Basis& basis)
 {
+    if (wall.outstand && q.kind == Kind::tee) {
+        return ClassOfTeePart(q, wall, f, basis);
+    }
     if (wall.outstand && wall.Upright()) {
         return ClassOfStem(q, wall, f);
     }
     if (wall.outstand) {
-        return ClassOfOutstandWall(q, wall, f, basis);
+        const int cls = ClassOfOutstandWall(q, wall, f, basis);
+        // D184: the program does not class what reaches beyond the webs of a hat beam.
+        return q.kind == Kind::hat ? basis.pick(Dev::d184, 1, cls) : cls;
     }
     return wall.Upright() ? ClassOfUprightWall(q, wall, f, basis)
                           : ClassOfLyingWall(q, wall, f, basis);
 }
 
 // The worst of the classes entered for the forces that act.
-int EnteredClass(const StandardSection& q, const ActingForces& f)
+// D173: the program does not read that of N.
+int EnteredClass(const StandardSection& q, const ActingForces& f, const Basis& basis)
 {
+    const bool moments = f.sagging || f.hogging || f.mz;
     int cls = f.n > 0 ? q.entered.n : 1;
+    cls = moments ? basis.pick(Dev::d173, 1, cls) : cls;
     cls = f.sagging || f.hogging ? std::max(cls, q.entered.my) : cls;
     return f.mz ? std::max(cls, q.entered.mz) : cls;
 }
@@ -384,11 +404,19 @@ int ClassOf(const StandardSection& q, const ActingForces& forces, const Basis& b
         return ClassOfTube(q.h, q.tw, q.eps);
     }
     if (q.kind == Kind::general) {
-        return EnteredClass(q, forces);
+        return EnteredClass(q, forces, basis);
     }
     if (q.Angle()) {
         const bool compressed = forces.n > 0 || forces.sagging || forces.hogging || forces.mz;
-        return compressed ? ClassOfAngle(std::max(q.h, q.b), std::min(q.h, q.b), q.tw, q.eps) : 3;
+        if (!compressed) {
+            return 3;
+        }
+        const int cls = ClassOfAngle(std::max(q.h, q.b), std::min(q.h, q.b), q.tw, q.eps);
+        if (q.angle.equal) {
+            return cls;
+        }
+        const int program = (q.h + q.b) / (2 * q.tw) <= 11.5 * q.eps ? 3 : 4;  // D181
+        return basis.pick(Dev::d181, program, cls);
     }
     int cls = 1;
     for (std::size_t i = 0; i < q.wall_count; ++i) {
@@ -411,6 +439,19 @@ EffectiveSection EffectiveInCompression(const StandardSection& q)
     return reduced.Result();
 }
 
+namespace {
+
+// D195: the compressed part of the web of a stiffened plate counts from the flange in the program,
+// with the slenderness between the welds.
+double WeldOfPlate(const StandardSection& q, const Wall& wall, const Basis& basis)
+{
+    const bool slender = wall.Width() / wall.t > 42 * q.eps;  // less never loses a part
+    return q.kind == Kind::plate && !wall.outstand && slender ? basis.pick(Dev::d195, q.r, 0.0)
+                                                              : 0.0;
+}
+
+}  // namespace
+
 EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging, const Basis& basis)
 {
     const double sign = sagging ? 1 : -1;
@@ -425,7 +466,9 @@ EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging, const B
     for (std::size_t i = 0; i < q.wall_count; ++i) {
         const Wall& wall = q.walls[i];
         if (wall.Upright()) {
-            ReduceWall(q, wall, sign * (wall.z0 - zc), sign * (wall.z1 - zc), reduced);
+            const double weld = WeldOfPlate(q, wall, basis);
+            ReduceWall(q, wall, sign * (wall.z0 - weld - zc), sign * (wall.z1 + weld - zc),
+                       reduced);
         }
     }
     const EffectiveSection whole = reduced.Result();
@@ -495,7 +538,7 @@ EffectiveValues EffectiveValuesOf(const StandardSection& q, const Basis& basis)
     for (const bool sagging : {true, false}) {
         const bool upgraded = q.upgrade && ClassOfPressedFlange(q, sagging, basis) <= 2;
         (sagging ? v.wy3_sagging : v.wy3_hogging) =
-            upgraded ? std::max(q.LeastWely(), UpgradedModulus(q, sagging)) : q.LeastWely();
+            upgraded ? std::max(q.LeastWely(), UpgradedModulus(q, sagging, basis)) : q.LeastWely();
     }
     for (const bool right : {true, false}) {
         const EffectiveSection z = EffectiveAboutZ(q, right);

@@ -272,8 +272,9 @@ InteractionFactors Member::AnnexB() const
     in.cmy = bends_y_ ? CmB(Axis::y, 0, length) : 1;
     in.cmz = bends_z_ ? CmB(Axis::z, 0, length) : 1;
     in.cmlt = in.twists ? CmLtB() : 1;
-    in.cmy = m_.s.ly > 1 ? kSwayCm : in.cmy;
-    in.cmz = m_.s.lz > 1 ? kSwayCm : in.cmz;
+    // D241: the program does not ask for the sway mode.
+    in.cmy = m_.s.ly > 1 ? b_.pick(Dev::d241, in.cmy, kSwayCm) : in.cmy;
+    in.cmz = m_.s.lz > 1 ? b_.pick(Dev::d241, in.cmz, kSwayCm) : in.cmz;
     in.lamy = chi_.lamy;
     in.lamz = chi_.lamz;
     in.ny = n_ * q_.gammam1 / (chi_.chiy * chi_.squash);
@@ -303,6 +304,10 @@ void Member::Interaction(Checks& checks)
 {
     const bool moments = bends_y_ || bends_z_ || ShiftY() > 0 || ShiftZ() > 0;
     if (n_ < 0 || (n_ > 0 && !moments) || (n_ == 0 && !(bends_y_ && bends_z_))) {
+        return;
+    }
+    // D231: the program does not combine the moments of a T with its axial force.
+    if (q_.kind == Kind::tee && !b_.departs(Dev::d231)) {
         return;
     }
     const double flexural = ncr_.LeastFlexural();

@@ -60,7 +60,7 @@ void AddHat(const ProjectState& s, StandardSection& q)
 }
 
 // One web below the plate, or below the flange of a T.
-void AddOneWeb(const ProjectState& s, StandardSection& q)
+void AddOneWeb(const ProjectState& s, StandardSection& q, const Basis& basis)
 {
     const double up = q.bottom.t + q.hw;
     const double root = q.tw / 2 + s.r;
@@ -69,8 +69,12 @@ void AddOneWeb(const ProjectState& s, StandardSection& q)
     Add(q, Strip{-q.tw / 2, q.bottom.t, q.tw / 2, up, true});
     AddOutstand(q, root, q.top.b / 2, z_top, q.top.t);
     AddOutstand(q, -root, -q.top.b / 2, z_top, q.top.t);
-    if (q.bottom.t == 0) {
-        Add(q, Wall{0, up - s.r, 0, 0, q.tw, true});
+    if (q.bottom.t == 0) {  // D38, D39: the program has a weld at the tip of the bar, none of the T
+        const bool tee = q.kind == Kind::tee;
+        const double weld = s.r;
+        const double from = tee ? basis.pick(Dev::d39, 0.0, weld) : weld;
+        const double tip = tee ? 0 : basis.pick(Dev::d38, weld, 0.0);
+        Add(q, Wall{0, up - from, 0, tip, q.tw, true});
         return;
     }
     Add(q, Wall{0, q.bottom.t + s.r, 0, up - s.r, q.tw, false});
@@ -271,7 +275,7 @@ void SetTorsion(StandardSection& q, double junction)
 
 }  // namespace
 
-void SetPlates(const ProjectState& s, StandardSection& q)
+void SetPlates(const ProjectState& s, StandardSection& q, const Basis& basis)
 {
     q.top = {s.btop, s.ttop};
     q.bottom = {s.bbot, s.tbot};
@@ -285,7 +289,7 @@ void SetPlates(const ProjectState& s, StandardSection& q)
     } else if (closed) {
         AddTwoWebs(s, q, q.top.b - 2.0 * s.ctopout - q.tw, 0);
     } else {
-        AddOneWeb(s, q);
+        AddOneWeb(s, q, basis);
     }
     const Centroid centroid = CentroidOf(q);
     Shift(q, centroid);
@@ -325,7 +329,19 @@ StripValues ElasticLoss(const StandardSection& q, double rho_web, double rho_fla
     return loss;
 }
 
-double UpgradedModulus(const StandardSection& q, bool sagging)
+namespace {
+
+// D33: about an axis held in the web, from the compressed flange.
+double UpgradedByTheProgram(const StandardSection& q, double pressed, double other)
+{
+    const double keep = 20 * q.eps * q.tw;
+    const double tension =
+        std::clamp((pressed + 4 * keep * q.tw - other) / 2 / q.tw, 0.0, std::max(0.0, q.d));
+    const double hole = std::max(0.0, q.hw - tension - 2 * keep);
+    return q.wply - 2 * q.tw * hole * (hole / 2 + keep);
+}
+
+double UpgradedByTheStandard(const StandardSection& q, bool sagging)
 {
     const Flange& pressed = sagging ? q.top : q.bottom;
     const Flange& other = sagging ? q.bottom : q.top;
@@ -354,6 +370,16 @@ double UpgradedModulus(const StandardSection& q, bool sagging)
     return w;
 }
 
+}  // namespace
+
+double UpgradedModulus(const StandardSection& q, bool sagging, const Basis& basis)
+{
+    const Flange& pressed = sagging ? q.top : q.bottom;
+    const Flange& other = sagging ? q.bottom : q.top;
+    return basis.pick(Dev::d33, UpgradedByTheProgram(q, pressed.b * pressed.t, other.b * other.t),
+                      UpgradedByTheStandard(q, sagging));
+}
+
 ShearResistance ShearOfFlanges(const StandardSection& q, const ShearInputs& in)
 {
     const double plastic = clauses::PlasticShear(q.avy, q.fy, q.gammam0);
@@ -376,9 +402,13 @@ ShearResistance ShearOfFlanges(const StandardSection& q, const ShearInputs& in)
     return {total, total, slender};
 }
 
-double FlangeUnderBoth(double along, double across)
+double FlangeUnderBoth(double along, double across, const Basis& basis)
 {
-    return std::sqrt(along * along + across * across + along * across);
+    const double standard = std::sqrt(along * along + across * across + along * across);
+    const double used = across * 1.5 / 1.75;
+    const double factor =
+        used <= 0.2 || used > 1 ? 1.0 : std::min(1.0, (std::sqrt(1 - used) + 1.1) / 2);
+    return basis.pick(Dev::d191, along / factor, standard);
 }
 
 double FlangePlate(const StandardSection& q, double load)

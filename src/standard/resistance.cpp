@@ -119,8 +119,9 @@ PreparedSection Prepare(const StandardSection& q, const Basis& basis)
         p.effective = EffectiveValuesOf(q, basis);
         return p;
     }
-    p.whole_angle = WholeAngle(q);
-    const AngleSection& angle = p.effective_angle = EffectiveAngle(q);
+    p.whole_angle = WholeAngle(q, basis);
+    p.effective_angle = p.class_n == 4 ? EffectiveAngle(q, basis) : p.whole_angle;
+    const AngleSection& angle = p.effective_angle;
     p.effective.a = angle.a;
     p.effective.eny = std::abs(angle.zc * angle.cosine - angle.yc * angle.sine);
     p.effective.enz = std::abs(angle.yc * angle.cosine + angle.zc * angle.sine);
@@ -228,7 +229,7 @@ double FlangePart(const PreparedSection& p, const ShearInputs& in, double n, dou
     }
     double spacing = in.Spacing();
     if (in.entered > 0) {
-        spacing = basis.pick(single ? Dev::d199 : Dev::d159, in.entered, spacing);
+        spacing = basis.pick(single || q.OfStrips() ? Dev::d199 : Dev::d159, in.entered, spacing);
     }
     return clauses::FlangeShear({weaker.b, weaker.t}, q.hw, q.webs * q.tw, spacing, q.fy, q.gammam1,
                                 std::abs(my), FlangeMoment(p, n, my, basis));
@@ -253,7 +254,7 @@ ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, dou
         return {plastic, plastic, false};
     }
     const double web = WebPart(q, in, k);
-    const bool flanges = !q.Closed() || q.kind == Kind::hat;
+    const bool flanges = !q.Closed() || q.OfStrips();
     const double flange = flanges ? FlangePart(p, in, n, my, basis) : 0;
     const double limit = q.webs * clauses::ShearBucklingLimit(q.eta, q.hw, q.tw, q.fy, q.gammam1);
     const double total = std::min({web + flange, limit, plastic});
@@ -302,8 +303,9 @@ double FlangeMoment(const PreparedSection& p, double n, double my, const Basis& 
     const double area_bottom = bottom.b * bottom.t;
     const double arm = q.h - (q.top.t + q.bottom.t) / 2;
     double moment = std::min(area_top, area_bottom) * arm * q.fy / q.gammam0;
-    if (q.kind == Kind::i_single) {  // D31: the elastic resistance less that of the web
-        const double elastic = q.LeastWely() - q.hw * q.hw * q.tw / 6;
+    if (q.kind == Kind::i_single || q.kind == Kind::hat ||
+        q.kind == Kind::plate) {  // D31: the elastic resistance less that of the web
+        const double elastic = q.LeastWely() - q.webs * q.hw * q.hw * q.tw / 6;
         moment = basis.pick(Dev::d31, elastic * q.fy / q.gammam0, moment);
     }
     if (n == 0) {

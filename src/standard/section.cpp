@@ -181,8 +181,10 @@ void SetShearAreas(const ProjectState& s, StandardSection& q, const Basis& basis
         q.avy = basis.pick(Dev::d29, 2.0 * s.bw * s.tf, q.a - webs);
         break;
     default:
-        // d and e; a web with a flange at one end only: b.
-        q.avz = q.kind == Kind::i_welded || q.bottom.t > 0 ? area : q.tw * (q.h - q.top.t / 2);
+        // d and e; a web with a flange at one end only: b, to which the program gives eta (D32).
+        q.avz = q.kind == Kind::i_welded || q.bottom.t > 0
+                    ? area
+                    : basis.pick(Dev::d32, area, q.tw * (q.h - q.top.t / 2));
         q.avy = q.a - webs;
         break;
     }
@@ -345,7 +347,7 @@ StandardSection SectionOf(const Library& library, const ProjectState& s, const B
     } else if (q.kind == Kind::general) {
         SetGeneral(s, q);
     } else if (Is(s, Kind::tee, Kind::hat, Kind::box_unequal, Kind::plate)) {
-        SetPlates(s, q);
+        SetPlates(s, q, basis);
     } else if (q.kind == Kind::angle) {
         SetAngle(s, q);
     }

@@ -103,6 +103,11 @@ void Place::Shear()
     // Webs that may buckle in shear: EN 1993-1-5, 7.1 takes the place of 6.2.8.
     rho_.z = z_.slender ? 0 : clauses::ShearReduction(vz, z_.total);
     rho_.y = clauses::ShearReduction(vy, y_.web);
+    // D179: not in the program's angles and general profiles.
+    const bool forgotten = q_.Angle() || q_.kind == Kind::general;
+    if (forgotten && (rho_.z > 0 || rho_.y > 0) && !basis_.departs(Dev::d179)) {
+        rho_ = {};
+    }
 }
 
 void Place::Moments()
@@ -174,8 +179,11 @@ void Place::PlasticI(const ReducedResistance& r, double n)
         clauses::AxialForceNegligibleY(f_.n, r.n, q_.hw, q_.tw * left, q_.fy, q_.gammam0);
     const bool small_z =
         clauses::AxialForceNegligibleZ(f_.n, q_.hw, q_.tw * left, q_.fy, q_.gammam0);
-    const double mny = small_y ? r.my : clauses::ReducedMomentY(r.my, n, a);
+    double mny = small_y ? r.my : clauses::ReducedMomentY(r.my, n, a);
     const double mnz = small_z ? r.mz : clauses::ReducedMomentZ(r.mz, n, a);
+    if (q_.kind == Kind::general && !small_y) {  // D180: the share of the web is not held at 0.5
+        mny = basis_.pick(Dev::d180, std::min(r.my, r.my * (1 - n) / (1 - 0.5 * a)), mny);
+    }
     const bool both = f_.my != 0 && f_.mz != 0;
     const double ir = both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, clauses::ExponentsOfI(n))
                            : std::max(Used(f_.my, mny), Used(f_.mz, mnz));
@@ -275,7 +283,14 @@ void Place::AngleMoments()
     }
     const int acting = (f_.n != 0) + (f_.my != 0) + (f_.mz != 0);
     if (acting > 1 || (cls_ == 4 && f_.n > 0)) {
-        At(CheckId::section_nm) = {use(f_.n, f_.my, f_.mz), cls_ == 4 ? "6.2.9.3" : "6.2.9.2"};
+        double ir = use(f_.n, f_.my, f_.mz);
+        // D182: the program has the sum about y and z beside it, which leaves out their coupling.
+        const double n = Used(f_.n, (f_.n > 0 ? CompressedArea(p_, cls_) : q_.a) * q_.fy);
+        ir = basis_.pick(
+            Dev::d182,
+            [&] { return std::max(ir, AngleSumByAxes(q_, f_.n > 0 ? n : -n, f_.my, f_.mz)); },
+            [&] { return ir; });
+        At(CheckId::section_nm) = {ir, cls_ == 4 ? "6.2.9.3" : "6.2.9.2"};
     }
 }
 
@@ -287,7 +302,7 @@ void Place::LoadedFlange()
     }
     const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0, basis_);
     const double across = FlangePlate(q_, member_.flange_load);
-    At(CheckId::section_nm) = {FlangeUnderBoth(LinearSum(r), across), "6.2.1 (5)"};
+    At(CheckId::section_nm) = {FlangeUnderBoth(LinearSum(r), across, basis_), "6.2.1 (5)"};
 }
 
 bool Place::NearRigidEndPost(double length) const

@@ -156,6 +156,7 @@ const NoteCase kCases[] = {
      "family=22 p22.isttw=20 p22.isttf1=25 p22.isttf2=25 qload[1]=5 qdir[1]=0"},
     {"D191", "family=24 qload[1]=200", "family=24 qload[1]=20"},
     {"D192", "family=26 selfweight=1 p26.isttf1=10.5", "family=26 selfweight=1 p26.isttf1=12"},
+    {"D38", "family=51 qload[1]=-5", "family=51 qload[1]=5"},
     {"D196", "family=51 qload[1]=-5", "family=51 qload[1]=5"},
     {"D197", "family=25 qload[1]=5", "family=24 qload[1]=5"},
     {"D198", "family=26 nload[1]=50", "family=26 p26.isttw=20 p26.isttf1=20 nload[1]=50"},
@@ -231,6 +232,8 @@ const NoteCase kCases[] = {
     // HEA 1000: 990/300 = 3.3; HEA 900: 890/300 = 2.97.
     {"D239", "annexcode=UK family=1 row.hea=23 l=10 qload[1]=5",
      "annexcode=UK family=1 row.hea=22 l=10 qload[1]=5"},
+    {"D241", "method=2 loadmode=0 ne=100 my1=50 my2=-50 ly=1.5",
+     "method=2 loadmode=0 ne=100 my1=50 my2=-50"},
     {"D240", "family=5 nload[1]=100 qload[1]=5", "family=5 nload[1]=100"},
     {"D251", "modal=1 pm[1]=5 pmx[1]=2", "modal=1 qload[1]=5"},
     {"D254", "family=31 terrain=3", "family=31 terrain=2"},

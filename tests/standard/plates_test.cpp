@@ -209,7 +209,7 @@ TEST(Plates, TorsionOfAnAngleOnAVanishingPlate)
     q.kind = Kind::plate;
     q.tw = 12;
     q.hw = 284;
-    standard::SetPlates(s, q);
+    standard::SetPlates(s, q, Basis::Standard());
     EXPECT_NEAR(q.centre_y, -q.left + 6, 0.01);
     EXPECT_NEAR(q.centre_z, -q.below + 8, 0.01);
     EXPECT_LT(q.iw, 1e-4 * 300 * 300 * q.iz);

@@ -1,0 +1,213 @@
+// Deviations of angles, general profiles and sections of plates: the value of the standard and,
+// with one of them switched back, that of the program. gammaM0 = gammaM1 = 1.0; by hand.
+
+#include "core/basis.h"
+#include "engine/section_dispatch.h"
+#include "standard/plates.h"
+#include "standard/standard_member.h"
+
+#include <cmath>
+
+namespace kestrum {
+namespace {
+
+using standard::CheckId;
+
+double Standard(const ProjectState& s, CheckId id)
+{
+    return Ratio(Rated(s), id);
+}
+
+double Program(const ProjectState& s, Dev deviation, CheckId id)
+{
+    return Ratio(standard::CalculateStandard(Delivered(), s, Basis::StandardBut(deviation)), id);
+}
+
+ProjectState OfFamily(int family, float length, float fy)
+{
+    ProjectState s = Unloaded(length, fy);
+    s.family = static_cast<i16>(family);
+    return s;
+}
+
+ProjectState Tee(double web)
+{
+    ProjectState s = OfFamily(26, 3, 235);
+    s.p26 = {.isth = 200, .istb1 = 150, .isttw = web, .isttf1 = 15};
+    return s;
+}
+
+// Av 10 192.5 = 1925 mm2 or 1.2 185 10 = 2220: 261.18 or 301.20 kN.
+TEST(DeviationsOfKinds, D32ShearAreaOfTheT)
+{
+    ProjectState s = Tee(10);
+    EndForces(s, 0, 0, 0);
+    s.vz1 = s.vz2 = 100;
+    EXPECT_NEAR(Standard(s, CheckId::section_vz), 100 / 261.179, 1e-5);
+    EXPECT_NEAR(Program(s, Dev::d32, CheckId::section_vz), 100 / 301.204, 1e-5);
+}
+
+// Stem 185x12.5, weld 6.25: 178.75/12.5 = 14.3 > 14 makes class 4: lam 0.767863, rho 0.983463, Aeff
+// 4562.5 - 36.95 = 4525.55; 14.3 is within 15: the whole area.
+TEST(DeviationsOfKinds, D192LimitsOfTheT)
+{
+    ProjectState s = Tee(12.5);
+    EndForces(s, 100, 0, 0);
+    EXPECT_NEAR(Standard(s, CheckId::section_n), 100 / (4525.55 * 0.235), 1e-6);
+    EXPECT_NEAR(Program(s, Dev::d192, CheckId::section_n), 100 / (4562.5 * 0.235), 1e-6);
+}
+
+// Stem 185x10, weld 5: c 180 or 185: lam 0.966540 or 0.993389, rho 0.833376 or 0.816145, lost
+// 299.92 or 340.13 of 4100 mm2.
+TEST(DeviationsOfKinds, D39StemOfTheT)
+{
+    ProjectState s = Tee(10);
+    EndForces(s, 100, 0, 0);
+    EXPECT_NEAR(Standard(s, CheckId::section_n), 100 / (3800.08 * 0.235), 1e-5);
+    EXPECT_NEAR(Program(s, Dev::d39, CheckId::section_n), 100 / (3759.87 * 0.235), 1e-5);
+}
+
+// Flat bar 200x10 below a plate 100x20, S235, weld 5: c 195 or 190: lam 1.047085 or 1.020237, rho
+// 0.783560 or 0.799549, lost 422.06 or 380.86 of 4000 mm2. The plate does not buckle: 40/20.
+TEST(DeviationsOfKinds, D38FlatBarBelowAPlate)
+{
+    ProjectState s = OfFamily(51, 3, 235);
+    s.p51 = {.isth = 200, .istb1 = 100, .isttw = 10, .isttf1 = 20};
+    EndForces(s, 100, 0, 0);
+    EXPECT_NEAR(Standard(s, CheckId::section_n), 100 / (3577.94 * 0.235), 1e-5);
+    EXPECT_NEAR(Program(s, Dev::d38, CheckId::section_n), 100 / (3619.14 * 0.235), 1e-5);
+}
+
+// HEA 200 under N and moments of opposite ends, psi -1: Cm = 0.6 - 0.4, at least 0.4; 0.9 in a sway
+// mode: the term of My in Eq (6.61) beside NEd/Nb,Rd grows by 0.9/0.4.
+TEST(DeviationsOfKinds, D241SwayModeInAnnexB)
+{
+    ProjectState s = Named("HEA 200", 4, 235);
+    s.method = 2;
+    s.ly = 1.5F;
+    s.lz = 0.9F;
+    EndForces(s, 200, 20, 0);
+    s.my2 = -20;
+    const double column = Standard(s, CheckId::flexural_y);
+    EXPECT_NEAR((Standard(s, CheckId::eq661) - column) / 0.9,
+                (Program(s, Dev::d241, CheckId::eq661) - column) / 0.4, 1e-9);
+}
+
+TEST(DeviationsOfKinds, D231SelfWeightOfTheTBesideN)
+{
+    ProjectState s = Tee(13);
+    s.nload[1] = 100;
+    s.selfweight = 1;
+    EXPECT_GT(Standard(s, CheckId::interaction_outside), Standard(s, CheckId::flexural_z));
+    EXPECT_LT(Program(s, Dev::d231, CheckId::interaction_outside), 0);
+}
+
+ProjectState Hat(float bottom, float thickness)
+{
+    ProjectState s = OfFamily(24, 4, 355);
+    s.p24 = {.isth = 420,
+             .istb1 = 200,
+             .istb2 = bottom,
+             .isttw = 6,
+             .isttf1 = 20,
+             .isttf2 = thickness,
+             .hsqc = 5};
+    s.hsqopt = 1;
+    s.class23 = 1;
+    return s;
+}
+
+// 20 eps tw = 97.634. Standard: 2.20496e6 (plates_test). Program: the whole section, axis 252.08
+// below the flange, 4000 262.08 + 5250 155.42 + 6 (252.08^2 + 147.92^2) = 2.37682e6, less the hole
+// of 400 - 91.10 - 195.27 = 113.63 in each web, 12 113.63 (56.81 + 97.63): 2.16622e6: 769.01 kNm.
+TEST(DeviationsOfKinds, D33UpgradedWebsOfHatBeams)
+{
+    ProjectState s = Hat(350, 15);
+    s.class23 = 0;
+    EndForces(s, 0, 500, 0);
+    EXPECT_NEAR(Standard(s, CheckId::section_my), 500 / 782.760, 1e-5);
+    EXPECT_NEAR(Program(s, Dev::d33, CheckId::section_my), 500 / 769.01, 1e-5);
+}
+
+// Outstand 100/8 = 12.5 > 14 eps = 11.39: class 4; between the webs 188/8 = 23.5: class 1.
+TEST(DeviationsOfKinds, D184OutstandsOfHatBeams)
+{
+    ProjectState s = Hat(400, 8);
+    CalcSection(Delivered(), s);
+    const auto q = standard::SectionOf(Delivered(), s, Basis::Standard());
+    EXPECT_EQ(standard::ClassOfPressedFlange(q, false, Basis::Standard()), 4);
+    EXPECT_EQ(standard::ClassOfPressedFlange(q, false, Basis::StandardBut(Dev::d184)), 1);
+}
+
+// 90 of 100 kN/m on the flange: m/(1.5 Mel) 5400/19968.75 = 0.270423, m/(1.75 Mel) 0.231791: the
+// factor on My,Rd is (sqrt(0.768209) + 1.1)/2 = 0.988238.
+TEST(DeviationsOfKinds, D191LoadedFlange)
+{
+    ProjectState s = Hat(350, 15);
+    s.qload[1] = 100;
+    s.flangeload = 90;
+    s.hsqopt = 0;
+    const double a = Standard(s, CheckId::section_my);
+    const double b = 0.270423;
+    EXPECT_NEAR(Standard(s, CheckId::section_nm), std::sqrt(a * a + b * b + a * b), 1e-5);
+    EXPECT_NEAR(Program(s, Dev::d191, CheckId::section_nm), a / 0.988238, 1e-5);
+}
+
+// L 100x10: corners of the upper tip 95.339 and 105.468 MPa, at mid-thickness their mean 100.404.
+TEST(DeviationsOfKinds, D55CornersOfAngles)
+{
+    ProjectState s = Named("L 100x10", 3, 235);
+    EndForces(s, 0, 2, 0);
+    EXPECT_NEAR(Standard(s, CheckId::section_my), 105.4683 / 235, 1e-5);
+    EXPECT_NEAR(Program(s, Dev::d55, CheckId::section_my), 100.4037 / 235, 1e-5);
+}
+
+// N -50, My 2: the heel has 77.3045 + 26.1097 MPa; about y alone the tip 2e6 71.78/1.767e6 = 81.245
+// + 26.1097.
+TEST(DeviationsOfKinds, D182SumOfAnglesAboutYAndZ)
+{
+    ProjectState s = Named("L 100x10", 3, 235);
+    EndForces(s, -50, 2, 0);
+    EXPECT_NEAR(Standard(s, CheckId::section_nm), 103.4142 / 235, 1e-5);
+    EXPECT_NEAR(Program(s, Dev::d182, CheckId::section_nm), 107.3549 / 235, 1e-5);
+}
+
+// L 50x3 of class 4: legs of 50 mm lose 17.6 mm2 each; straight parts of 40 mm (lam 0.716) nothing.
+TEST(DeviationsOfKinds, D181SlenderLegs)
+{
+    ProjectState s = Named("L 50x3", 1, 235);
+    s.nload[1] = 20;
+    EXPECT_NEAR(Standard(s, CheckId::section_n), 20 / 61.68697, 1e-5);
+    EXPECT_NEAR(Program(s, Dev::d181, CheckId::section_n), 20 / (297.7 * 0.235), 1e-5);
+}
+
+// V at 0.75 of the resistance takes a quarter of the strength of the leg.
+TEST(DeviationsOfKinds, D179ShearBesideMomentInAngles)
+{
+    ProjectState s = Named("L 100x10", 3, 235);
+    EndForces(s, 0, 2, 0);
+    s.vz1 = s.vz2 = 0.75F * 81.4064F;
+    EXPECT_NEAR(Standard(s, CheckId::section_my), 105.4683 / 235 / 0.75, 1e-4);
+    EXPECT_NEAR(Program(s, Dev::d179, CheckId::section_my), 105.4683 / 235, 1e-5);
+}
+
+// Npl 4399.2, Mpl,y 1038.935, Mel,y 928.485; N = 0.4 Npl; web share 12000/18720 = 0.641, held at
+// 0.5.
+//   D180, tension: 0.6/0.75 or 0.6/(1 - 0.32051) of Mpl
+//   D173, compression: class 3 by N, 0.4 + 500/928.485, or class 1 by My
+TEST(DeviationsOfKinds, D173AndD180GeneralProfile)
+{
+    ProjectState s = OfFamily(41, 3, 235);
+    s.p41.istaz = 12000;
+    EndForces(s, -1759.68F, 500, 0);
+    const double held = 500 / (0.8 * 1038.935);
+    EXPECT_NEAR(Standard(s, CheckId::section_nm), held, 1e-5);
+    EXPECT_NEAR(Program(s, Dev::d180, CheckId::section_nm),
+                500 / (1038.935 * 0.6 / (1 - 0.3205128)), 1e-5);
+    s.ne = 1759.68F;
+    EXPECT_NEAR(Standard(s, CheckId::section_nm), 0.4 + 500 / 928.485, 1e-5);
+    EXPECT_NEAR(Program(s, Dev::d173, CheckId::section_nm), held, 1e-5);
+}
+
+}  // namespace
+}  // namespace kestrum
