@@ -1,8 +1,12 @@
 #include "app/view_status.h"
 
 #include "app/aside.h"
+#include "app/locale_text.h"
+#include "app/view_section.h"
+#include "core/load_combination.h"
 #include "core/number_format.h"
 #include "report/kept_values.h"
+#include "report/panel_text.h"
 #include "sections/families.h"
 
 #include <algorithm>
@@ -39,6 +43,25 @@ std::string HeadOf(const Outcome& outcome)
     return text;
 }
 
+// What is being looked at: section, mass of a metre and of the member, combination. Of a section
+// that could not be calculated the mass is not known.
+std::string FactsOf(const Session& session)
+{
+    const ProjectState& s = session.state();
+    std::string text = SectionName(session.library(), s);
+    if (!session.failed() && s.weight > 0) {
+        const double weight = s.weight;
+        text += (text.empty() ? "" : ",  ") + FormatNum(weight, "#0.0") + " kg/m,  " +
+                FormatNum(weight * s.l, "#0") + " kg";
+    }
+    const std::string_view combination =
+        s.loadmode == 1 ? LoadCombinationName(s.loadcomb) : "given end forces";
+    if (!combination.empty()) {
+        text += (text.empty() ? "" : ",  ") + std::string(combination);
+    }
+    return text;
+}
+
 // Lateral torsional buckling that the family can have and that nobody controls.
 bool LateralUnchecked(const ProjectState& s)
 {
@@ -62,7 +85,7 @@ StatusView StatusOf(const Session& session)
 {
     const Outcome& outcome = session.outcome();
     const ProjectState& s = session.state();
-    StatusView view{KindOf(outcome), HeadOf(outcome), {}};
+    StatusView view{KindOf(outcome), HeadOf(outcome), FactsOf(session), {}};
     const auto add = [&](std::string text) { view.lines.push_back(std::move(text)); };
     if (session.halfread()) {
         view.kind = StatusKind::bad;
@@ -98,6 +121,16 @@ StatusView StatusOf(const Session& session)
         view.kind = std::max(view.kind, StatusKind::caution);
     }
     return view;
+}
+
+std::string ResultsAsText(const Session& session)
+{
+    const StatusView status = StatusOf(session);
+    std::string text = session.title() + "\n" + status.facts + "\n" + status.head + "\n";
+    for (const std::string& line : status.lines) {
+        text += line + "\n";
+    }
+    return ForLocale(text + "\n" + PanelText(session.shown()), session.decimalcomma());
 }
 
 }  // namespace kestrum

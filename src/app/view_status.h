@@ -19,9 +19,13 @@ enum class StatusKind : std::uint8_t { good, caution, bad };
 struct StatusView {
     StatusKind kind = StatusKind::good;
     std::string head;                // "within limits, 1 note on the unsafe side:  IR 0.63, ..."
+    std::string facts;               // "HEA 200,  42.3 kg/m,  254 kg,  EN 1990 Eq 6.10a/b"
     std::vector<std::string> lines;  // the gravest first
 };
 
 StatusView StatusOf(const Session& session);
+
+// Verdict, facts and result panel as plain text, for the clipboard.
+std::string ResultsAsText(const Session& session);
 
 }  // namespace kestrum

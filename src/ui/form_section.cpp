@@ -8,6 +8,7 @@
 #include "sections/family_table.h"
 #include "sections/read_profiles.h"
 #include "ui/forms.h"
+#include "ui/section_table.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -15,12 +16,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QScrollBar>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
-
-#include <optional>
 
 namespace kestrum {
 
@@ -30,43 +26,6 @@ constexpr int kFigureSize = 230;
 constexpr int kBoxesPerColumn = 6;
 
 // --- Choice of a row -----------------------------------------------------------------------------
-
-QWidget* RowList(Binder& bind, const FamilyTraits& family)
-{
-    auto* const list = new QListWidget;
-    list->setObjectName(family.input == SectionInput::stiffener
-                            ? QStringLiteral("cbo")
-                            : QStringLiteral("lst") + ToQt(family.form));
-    list->setAccessibleName(QObject::tr("Sections of the table"));
-    list->setUniformItemSizes(true);
-    const Library& library = bind.session().library();
-    const bool comma = bind.session().decimalcomma();
-    bind.Follow(
-        [list, &library, comma, shown = std::optional<Table>()](const ProjectState& s) mutable {
-            const QSignalBlocker quiet(list);
-            const Table table = TableOf(s);
-            if (shown != table) {
-                shown = table;
-                list->clear();
-                for (int row = 0; row < RowCount(table); ++row) {
-                    list->addItem(ToQt(ForLocale(RowName(library, table, row), comma)));
-                }
-                list->setMinimumWidth(list->sizeHintForColumn(0) + 2 * list->frameWidth() +
-                                      list->verticalScrollBar()->sizeHint().width() + kGap);
-            }
-            const int row = s.row[static_cast<std::size_t>(table)];
-            if (list->currentRow() != row) {
-                list->setCurrentRow(row < list->count() ? row : -1);
-                list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtCenter);
-            }
-        });
-    QObject::connect(list, &QListWidget::currentRowChanged, list, [&bind](int row) {
-        if (row >= 0) {
-            ChooseRow(bind.session(), TableOf(bind.session().state()), row);
-        }
-    });
-    return list;
-}
 
 QWidget* SeriesOptions(Binder& bind, const FamilyTraits& family)
 {
@@ -298,7 +257,10 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
         if (info.input == SectionInput::series) {
             column->addWidget(SeriesOptions(bind, info));
         }
-        column->addWidget(RowList(bind, info), 1);
+        column->addWidget(SectionTable(bind, info.input == SectionInput::stiffener
+                                                 ? QStringLiteral("cbo")
+                                                 : QStringLiteral("lst") + ToQt(info.form)),
+                          1);
         columns->addWidget(choice);
     }
 

@@ -3,6 +3,7 @@
 #include "app/member_commands.h"
 #include "app/section_commands.h"
 #include "app/view_report.h"
+#include "app/view_status.h"
 #include "render/export.h"
 #include "sections/family_table.h"
 #include "ui/main_window.h"
@@ -11,11 +12,14 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
 
 #include <array>
+#include <utility>
+#include <vector>
 
 namespace kestrum {
 
@@ -63,6 +67,25 @@ QString StepText(const QString& entry, QString name)
     }
     name.replace(QLatin1Char('&'), QLatin1String("&&"));
     return name.isEmpty() ? entry : entry + QLatin1Char(' ') + name;
+}
+
+QString Plain(QString text)
+{
+    return text.remove(QLatin1Char('&')).trimmed();
+}
+
+// "Input: Loading  (F3)"; empty for an action of no menu.
+QString MenuPath(const QAction& action)
+{
+    for (const QObject* const object : action.associatedObjects()) {
+        if (const auto* const menu = qobject_cast<const QMenu*>(object);
+            menu != nullptr && !action.text().isEmpty()) {
+            const QString key = action.shortcut().toString(QKeySequence::NativeText);
+            return Plain(menu->title()) + QStringLiteral(": ") + Plain(action.text()) +
+                   (key.isEmpty() ? QString() : QStringLiteral("  (") + key + QLatin1Char(')'));
+        }
+    }
+    return {};
 }
 
 }  // namespace
@@ -175,6 +198,12 @@ void MainWindow::BuildEditMenu(QMenu* menu)
                                     QKeySequence::Redo, [this] { desk_.session.Redo(); });
     redo->setShortcuts(
         QList<QKeySequence>{Qt::CTRL | Qt::SHIFT | Qt::Key_Z, QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    menu->addSeparator();
+    AddAction(menu, QStringLiteral("mnucopyresults"), tr("&Copy results"),
+              Qt::CTRL | Qt::SHIFT | Qt::Key_C,
+              [this] { QApplication::clipboard()->setText(ToQt(ResultsAsText(desk_.session))); });
+    AddAction(menu, QStringLiteral("mnufind"), tr("&Find..."), Qt::CTRL | Qt::Key_K,
+              [this] { OpenFinder(); });
     bind_.Follow([this, undo, redo](const ProjectState&) {
         const History& history = desk_.session.history();
         const auto name = [this](std::string_view what) { return bind_.ForLocale(ToQt(what)); };
@@ -183,6 +212,36 @@ void MainWindow::BuildEditMenu(QMenu* menu)
         redo->setText(StepText(tr("&Redo"), name(history.RedoText())));
         redo->setEnabled(history.CanRedo());
     });
+}
+
+// All commands of the menus, and the chapters of the manuals.
+void MainWindow::OpenFinder()
+{
+    struct Chapter {
+        QString text, file;
+    };
+    const Chapter chapters[] = {
+        {tr("Guide: first steps"), QStringLiteral("guide/index.html")},
+        {tr("Guide: forms, loading, setup, undo"), QStringLiteral("guide/forms.html")},
+        {tr("Guide: sections, families, profiles"), QStringLiteral("guide/sections.html")},
+        {tr("Guide: results, diagrams, design notes"), QStringLiteral("guide/results.html")},
+        {tr("Guide: files, folders, unsaved work"), QStringLiteral("guide/files.html")},
+        {tr("Guide: command line, batch"), QStringLiteral("guide/command-line.html")}};
+    std::vector<FinderEntry> entries;
+    for (QAction* const action : findChildren<QAction*>()) {
+        const QString menu = action->menu() != nullptr ? QString() : MenuPath(*action);
+        if (!menu.isEmpty() && action->isEnabled() && action->isVisible()) {
+            entries.push_back({menu, [action] { action->trigger(); }});
+        }
+    }
+    for (const Chapter& chapter : chapters) {
+        entries.push_back({chapter.text, [this, file = chapter.file] { OpenManual(file); }});
+    }
+    if (finder_ == nullptr) {
+        finder_ = new FinderWindow(desk_.session, this);
+        finder_->show = [this](const Box& box, int row) { ShowBox(box, row); };
+    }
+    finder_->Ask(std::move(entries));
 }
 
 void MainWindow::RefreshRecentFiles()

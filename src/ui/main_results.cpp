@@ -2,6 +2,7 @@
 
 #include "app/locale_text.h"
 #include "app/section_commands.h"
+#include "app/view_diagram.h"
 #include "engine/calculate.h"
 #include "report/design_notes.h"
 #include "report/diagrams.h"
@@ -9,6 +10,7 @@
 #include "sections/family_table.h"
 #include "ui/form.h"
 #include "ui/lists.h"
+#include "ui/picture_menu.h"
 #include "ui/result_panel.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -21,6 +23,10 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace kestrum {
 
@@ -32,7 +38,58 @@ constexpr int kNarrowestDiagram = 220;
 
 // --- Diagrams ------------------------------------------------------------------------------------
 
-QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis)
+// The place that the diagrams of both axes are read at, a line through all of them.
+class Reading {
+public:
+    explicit Reading(const Session& session) : session_(session) {}
+
+    void Add(Picture* picture) { pictures_.push_back(picture); }
+    void Add(LoadAxis axis, QLabel* forces, QLabel* deflection)
+    {
+        labels_.push_back({axis, forces, deflection});
+    }
+
+    void Read(std::optional<double> x)
+    {
+        const bool on = x && !HoverText(session_.shown(), LoadAxis::z, *x).empty();
+        x_ = on ? x : std::nullopt;
+        Show();
+    }
+
+    void Step(int steps)
+    {
+        x_ = StepReading(x_, steps);
+        Show();
+    }
+
+    void Show() const
+    {
+        const ProjectState& s = session_.shown();
+        const auto text = [&](std::string words) {
+            return ToQt(ForLocale(std::move(words), session_.decimalcomma()));
+        };
+        for (Picture* const picture : pictures_) {
+            picture->SetReading(x_);
+        }
+        for (const Labels& at : labels_) {
+            at.forces->setText(x_ ? text(HoverText(s, at.axis, *x_)) : QString());
+            at.deflection->setText(x_ ? text(DeflectionReading(s, at.axis, *x_)) : QString());
+        }
+    }
+
+private:
+    struct Labels {
+        LoadAxis axis;
+        QLabel *forces, *deflection;
+    };
+    const Session& session_;
+    std::vector<Picture*> pictures_;
+    std::vector<Labels> labels_;
+    std::optional<double> x_;
+};
+
+QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis,
+                        const std::shared_ptr<Reading>& reading)
 {
     const bool z = axis == LoadAxis::z;
     QGroupBox* const group = Group(z ? QStringLiteral("fr2") : QStringLiteral("fr3"),
@@ -46,31 +103,41 @@ QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis)
     Picture* const moment =
         bind.ResultFigure(z ? QStringLiteral("PicMy") : QStringLiteral("PicMz"),
                           [axis](const ProjectState& s) { return DrawAll(s, axis).moment; });
-    auto* const readout = new QLabel;
-    readout->setObjectName(z ? QStringLiteral("hoverz") : QStringLiteral("hovery"));
-    readout->setMinimumHeight(readout->fontMetrics().height());
+    auto* const forces = new QLabel;
+    forces->setObjectName(z ? QStringLiteral("hoverz") : QStringLiteral("hovery"));
+    forces->setMinimumHeight(forces->fontMetrics().height());
+    auto* const deflection = new QLabel;
+    deflection->setObjectName(z ? QStringLiteral("readingz") : QStringLiteral("readingy"));
+    reading->Add(axis, forces, deflection);
     const auto open = [&desk] {
         desk.open(desk.session.state().loadmode == 1 ? "Loading" : "endforce");
     };
     for (Picture* const picture : {load, moment}) {
+        reading->Add(picture);
         picture->clicked = open;
+        picture->stepped = [reading](int steps) { reading->Step(steps); };
+        picture->hovered = [reading](Point at) { reading->Read(at.x); };
+        picture->left = [reading] { reading->Read(std::nullopt); };
+        picture->menu = [&desk, picture, z](const Drawing& drawing, QPoint at) {
+            PictureMenu(drawing, z ? "diagram-z" : "diagram-y", desk.session, picture, at);
+        };
         picture->setCursor(Qt::PointingHandCursor);
         picture->setFocusPolicy(Qt::TabFocus);
-        picture->setToolTip(QObject::tr("Click to edit the loads"));
+        picture->setToolTip(QObject::tr("Click to edit the loads; the wheel and the arrow keys "
+                                        "move the reading, the right button copies"));
     }
     load->setAccessibleName(z ? QObject::tr("Loads along z") : QObject::tr("Loads along y"));
     moment->setAccessibleName(z ? QObject::tr("Moment, shear and deflection along z")
                                 : QObject::tr("Moment, shear and deflection along y"));
-    moment->hovered = [readout, axis, &desk](Point at) {
-        readout->setText(ToQt(
-            ForLocale(HoverText(desk.session.shown(), axis, at.x), desk.session.decimalcomma())));
-    };
-    moment->left = [readout] { readout->clear(); };
     load->SetLargestScale(kLoadScale);
     moment->SetStretch(kDiagramStretch);
     column->addWidget(load, 40);
     column->addWidget(moment, 55);
-    column->addWidget(readout);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(forces);
+    row->addWidget(deflection);
+    row->addStretch(1);
+    column->addLayout(row);
     return group;
 }
 
@@ -197,8 +264,10 @@ QWidget* DiagramPanel(Binder& bind, Desk& desk)
     auto* const host = new QWidget;
     auto* const row = new QHBoxLayout(host);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(DiagramGroup(bind, desk, LoadAxis::z));
-    row->addWidget(DiagramGroup(bind, desk, LoadAxis::y));
+    const auto reading = std::make_shared<Reading>(desk.session);
+    row->addWidget(DiagramGroup(bind, desk, LoadAxis::z, reading));
+    row->addWidget(DiagramGroup(bind, desk, LoadAxis::y, reading));
+    bind.Follow([reading](const ProjectState&) { reading->Show(); });
     return host;
 }
 

@@ -296,6 +296,21 @@ void MainWindow::LookAtDisk()
     });
 }
 
+// A box wherever it stands; its form opens.
+void MainWindow::ShowBox(const Box& box, int row)
+{
+    QWidget* host = this;
+    if (box.form != objectName().toStdString()) {
+        host = OpenForm(box.form);
+    }
+    const QString name =
+        row == 0 ? ToQt(box.id) : ToQt(box.id) + QLatin1Char('_') + QString::number(row);
+    BoxEdit* const edit = host != nullptr ? host->findChild<BoxEdit*>(name) : nullptr;
+    if (edit != nullptr) {
+        edit->TakeFocus();
+    }
+}
+
 // The box of a load row, while the loads are being edited.
 void MainWindow::ShowLoadRow(std::string_view box, int row)
 {

@@ -4,6 +4,7 @@
 
 #include "ui/binder.h"
 #include "ui/desk.h"
+#include "ui/finder_window.h"
 #include "ui/form.h"
 #include "ui/recovery_bar.h"
 
@@ -58,6 +59,8 @@ private:
     void BuildMenus();
     void BuildFileMenu(QMenu* menu);
     void BuildEditMenu(QMenu* menu);
+    void OpenFinder();
+    void ShowBox(const Box& box, int row);
     void BuildProfileMenu(QMenu* menu);
     void BuildPrintMenu(QMenu* menu);
     void BuildHelpMenu(QMenu* menu);
@@ -78,6 +81,7 @@ private:
     QMenu* filemenu_ = nullptr;
     QAction* recentend_ = nullptr;
     RecoveryBar* recovery_ = nullptr;
+    FinderWindow* finder_ = nullptr;
     bool looking_ = false;  // at the file on the disk
     std::vector<QAction*> recent_;
     std::map<std::string, Form*, std::less<>> forms_;

@@ -2,12 +2,14 @@
 
 #include "ui/theme.h"
 
+#include <QContextMenuEvent>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -156,6 +158,21 @@ void Picture::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
     painter.setOpacity(faded_ ? kFaded : 1);
     painter.drawPixmap(0, 0, cache_);
+    const Fit fit = FitInto(QSizeF(size()), largest_);
+    if (reading_ && fit.scale > 0) {
+        const double x = fit.origin.x() + *reading_ * fit.stretch * fit.scale;
+        painter.setOpacity(1);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DashLine));
+        painter.drawLine(QPointF(x, 2), QPointF(x, height() - 2));
+    }
+}
+
+void Picture::SetReading(std::optional<double> x)
+{
+    if (reading_ != x) {
+        reading_ = x;
+        update();
+    }
 }
 
 void Picture::SetFaded(bool faded)
@@ -191,10 +208,30 @@ void Picture::keyPressEvent(QKeyEvent* event)
 {
     const bool press = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
                        event->key() == Qt::Key_Enter;
+    const int steps = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;
     if (clicked && press) {
         clicked();
+    } else if (stepped && steps != 0) {
+        stepped(steps);
     } else {
         QWidget::keyPressEvent(event);
+    }
+}
+
+void Picture::wheelEvent(QWheelEvent* event)
+{
+    const int turned = event->angleDelta().y();
+    if (stepped && turned != 0) {
+        stepped(turned < 0 ? 1 : -1);
+    } else {
+        event->ignore();
+    }
+}
+
+void Picture::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (menu) {
+        menu(drawing_, event->globalPos());
     }
 }
 

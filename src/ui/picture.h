@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 namespace kestrum {
 
@@ -32,10 +33,18 @@ public:
     // A drawing of results that are not those of the project in hand.
     void SetFaded(bool faded);
 
+    // A line across the drawing at x, in its units; none without a value.
+    void SetReading(std::optional<double> x);
+
+    // What the right mouse button and the menu key open, for the drawing in sight.
+    std::function<void(const Drawing& drawing, QPoint at)> menu;
+
     // Point under the mouse in units of the drawing; nothing (not a number) when it leaves.
     std::function<void(Point)> hovered;
     std::function<void()> left;
     std::function<void()> clicked;
+    // Left and right arrow, the wheel: by how many steps.
+    std::function<void(int)> stepped;
 
     QSize sizeHint() const override;
 
@@ -45,6 +54,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -62,6 +73,7 @@ private:
     double stretch_ = 1;
     double largest_ = 1e9;
     bool faded_ = false;
+    std::optional<double> reading_;
 };
 
 class PictureButton final : public QToolButton {

@@ -81,7 +81,7 @@ QTextBrowser* LineBox()
 }  // namespace
 
 StatusBanner::StatusBanner(QWidget* parent)
-    : QFrame(parent), sign_(new QLabel), head_(new QLabel), lines_(LineBox())
+    : QFrame(parent), sign_(new QLabel), head_(new QLabel), facts_(new QLabel), lines_(LineBox())
 {
     setObjectName(QStringLiteral("status"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -92,14 +92,22 @@ StatusBanner::StatusBanner(QWidget* parent)
     QFont bold = head_->font();
     bold.setBold(true);
     head_->setFont(bold);
+    facts_->setObjectName(QStringLiteral("statusfacts"));
+    facts_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    facts_->setTextFormat(Qt::PlainText);
+    facts_->setWordWrap(true);
+    facts_->setAlignment(Qt::AlignRight | Qt::AlignTop);
+    facts_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // however long a name is
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins(kStripe + kGap, kGap, kGap, kGap);
     grid->setHorizontalSpacing(kGap);
     grid->setVerticalSpacing(2);
     grid->addWidget(sign_, 0, 0, Qt::AlignTop);
     grid->addWidget(head_, 0, 1);
-    grid->addWidget(lines_, 1, 1);
-    grid->setColumnStretch(1, 1);
+    grid->addWidget(facts_, 0, 2);
+    grid->addWidget(lines_, 1, 1, 1, 2);
+    grid->setColumnStretch(1, 3);
+    grid->setColumnStretch(2, 2);
     connect(lines_->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged,
             this, &StatusBanner::FitHeight);
 }
@@ -115,6 +123,8 @@ void StatusBanner::Show(const StatusView& view, bool decimalcomma)
     kind_ = view.kind;
     ShowSign();
     head_->setText(head);
+    facts_->setText(ToQt(ForLocale(view.facts, decimalcomma)));
+    facts_->setToolTip(facts_->text());
     if (lines_->toPlainText() != text) {
         lines_->setPlainText(text);
     }

@@ -31,6 +31,7 @@ private:
     StatusKind kind_ = StatusKind::good;
     QLabel* sign_;
     QLabel* head_;
+    QLabel* facts_;
     QTextBrowser* lines_;
 };
 

@@ -5,7 +5,9 @@
 #include "app/member_commands.h"
 #include "app/section_commands.h"
 #include "app/session_fixture.h"
+#include "app/view_section.h"
 #include "core/project_file.h"
+#include "report/panel_text.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -39,6 +41,33 @@ TEST(Status, BeginsWithTheVerdictAndWhatGoverns)
 }
 
 // q L2/8 of 400 kN/m over 5 m is 1250 kNm, far above any HEA 300 of S355: Wpl fy is about 450 kNm.
+// Of the tables: HEA 200 has 42.3 kg/m, so that 6 m weigh 253.8 kg.
+TEST(Status, SaysWhatIsBeingLookedAt)
+{
+    Member program;
+    ChooseRow(program.session, Table::hea, 5);
+    program.Type("kestrum", "il", "6");
+    ChooseLoadCombination(program.session, 3);
+    EXPECT_EQ(program.Status().facts, "HEA 200,  42.3 kg/m,  254 kg,  EN 1990 Eq 6.10a/b");
+    OpenEndForcesFromMenu(program.session);
+    EXPECT_THAT(program.Status().facts, HasSubstr("given end forces"));
+    ChooseFamily(program.session, 21);
+    EXPECT_THAT(program.Status().facts, StartsWith(SectionName(Tables(), program.state())));
+}
+
+TEST(Status, CopiesVerdictAndPanel)
+{
+    Member program;
+    const std::string text = ResultsAsText(program.session);
+    EXPECT_THAT(text, StartsWith("Kestrum EC3: New File\n" + program.Status().facts));
+    EXPECT_THAT(text, HasSubstr(program.Head()));
+    EXPECT_THAT(text, ::testing::EndsWith(PanelText(program.session.shown())));
+    Member comma;
+    Session german(Tables(), comma.desk, true);
+    german.Calculate();
+    EXPECT_THAT(ResultsAsText(german), HasSubstr("88,3 kg/m"));
+}
+
 TEST(Status, SaysInWordsThatALimitIsExceeded)
 {
     Member program;

@@ -10,9 +10,9 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QRadioButton>
 #include <QTabWidget>
+#include <QTableView>
 
 namespace kestrum {
 
@@ -86,12 +86,14 @@ TEST_F(FamilyForms, EveryInputOfEveryFormCanBeChanged)
             EXPECT_FALSE(state() == before) << box->objectName().toStdString();
             EXPECT_TRUE(script.warnings.empty()) << script.warnings.front();
         }
-        for (QListWidget* const list : Reachable<QListWidget>(&form)) {
-            for (const int row : {0, list->count() - 1, list->count() / 2}) {
-                list->setCurrentRow(row);
+        for (QTableView* const list : Reachable<QTableView>(&form)) {
+            const int count = list->model()->rowCount();
+            for (const int row : {0, count - 1, count / 2}) {
+                list->setCurrentIndex(list->model()->index(row, 0));
                 const Table table = TableOf(state());
                 EXPECT_EQ(state().row[static_cast<std::size_t>(table)], row);
-                EXPECT_EQ(FromQt(list->currentItem()->text()), RowName(Tables(), table, row));
+                EXPECT_EQ(FromQt(list->currentIndex().data().toString()),
+                          RowName(Tables(), table, row));
             }
         }
         for (QRadioButton* const option : Reachable<QRadioButton>(&form)) {
@@ -115,12 +117,53 @@ TEST_F(FamilyForms, EveryInputOfEveryFormCanBeChanged)
 TEST_F(FamilyForms, SeriesChangesTheListOfBritishProfiles)
 {
     Click(QStringLiteral("p101i"));
-    auto& list = Find<QListWidget>(QStringLiteral("lstp101"));
-    EXPECT_EQ(list.count(), ShapeOf(Table::ub).rows);
+    const QAbstractItemModel& list = *Find<QTableView>(QStringLiteral("lstp101")).model();
+    EXPECT_EQ(list.rowCount(), ShapeOf(Table::ub).rows);
     Click(QStringLiteral("prof2"), &Find<Form>(QStringLiteral("p101")));
     EXPECT_EQ(state().series101, 2);
-    EXPECT_EQ(list.count(), ShapeOf(Table::uc).rows);
-    EXPECT_TRUE(list.item(0)->text().startsWith(QStringLiteral("UC ")));
+    EXPECT_EQ(list.rowCount(), ShapeOf(Table::uc).rows);
+    EXPECT_TRUE(list.index(0, 0).data().toString().startsWith(QStringLiteral("UC ")));
+}
+
+// A section is found by a part of its name; the row in hand stays what it is until one is chosen.
+TEST_F(FamilyForms, SectionsAreSearchedAndSorted)
+{
+    Click(QStringLiteral("p04i"));
+    auto& form = Find<Form>(QStringLiteral("p04"));
+    auto& view = Find<QTableView>(QStringLiteral("lstp04"));
+    auto& search = Find<QLineEdit>(QStringLiteral("sectionsearch"), &form);
+    const QAbstractItemModel& list = *view.model();
+    const i16 before = state().row[static_cast<std::size_t>(Table::ipe)];
+    const int all = list.rowCount();
+    QTest::keyClicks(&search, QStringLiteral("45"));
+    ASSERT_EQ(list.rowCount(), 1);
+    EXPECT_EQ(list.index(0, 0).data().toString(), QStringLiteral("IPE 450"));
+    EXPECT_EQ(state().row[static_cast<std::size_t>(Table::ipe)], before);
+    QTest::keyClick(&search, Qt::Key_Return);
+    Settle();
+    EXPECT_TRUE(view.hasFocus());
+    EXPECT_EQ(FromQt(list.index(0, 0).data().toString()),
+              RowName(Tables(), Table::ipe, state().row[static_cast<std::size_t>(Table::ipe)]));
+    search.clear();
+    EXPECT_EQ(list.rowCount(), all);
+    EXPECT_EQ(view.currentIndex().data().toString(), QStringLiteral("IPE 450"));
+    view.sortByColumn(1, Qt::DescendingOrder);
+    Settle();
+    EXPECT_EQ(list.index(0, 0).data().toString(), QStringLiteral("IPE 600"));
+    EXPECT_EQ(view.currentIndex().data().toString(), QStringLiteral("IPE 450"));
+}
+
+// The list is that of the member as it stands.
+TEST_F(FamilyForms, SectionsAreRatedWithEveryChange)
+{
+    Click(QStringLiteral("p04i"));
+    const QAbstractItemModel& list = *Find<QTableView>(QStringLiteral("lstp04")).model();
+    const QString before = list.index(list.rowCount() - 1, 3).data().toString();
+    Type(Find<BoxEdit>(QStringLiteral("il")), QStringLiteral("12"));
+    EXPECT_NE(list.index(list.rowCount() - 1, 3).data().toString(), before);
+    Click(QStringLiteral("lightest"), &Find<Form>(QStringLiteral("p04")));
+    EXPECT_LE(session.outcome().ir, 1.0);
+    EXPECT_TRUE(script.warnings.empty());
 }
 
 TEST_F(FamilyForms, AxesOfRectangularSectionsAreExchanged)

@@ -7,13 +7,12 @@
 #include "ui/result_panel.h"
 #include "ui/text.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QTableWidget>
 
 namespace kestrum {
 
@@ -36,14 +35,11 @@ QStringList TextsOf(const QWidget& top)
             for (int i = 0; i < choice->count(); ++i) {
                 texts << choice->itemText(i);
             }
-        } else if (const auto* const list = qobject_cast<const QListWidget*>(widget)) {
-            for (int i = 0; i < list->count(); ++i) {
-                texts << list->item(i)->text();
-            }
-        } else if (const auto* const table = qobject_cast<const QTableWidget*>(widget)) {
-            for (int i = 0; i < table->rowCount(); ++i) {
-                for (int j = 0; j < table->columnCount(); ++j) {
-                    texts << (table->item(i, j) != nullptr ? table->item(i, j)->text() : QString());
+        } else if (const auto* const list = qobject_cast<const QAbstractItemView*>(widget)) {
+            const QAbstractItemModel* const model = list->model();
+            for (int i = 0; model != nullptr && i < model->rowCount(); ++i) {
+                for (int j = 0; j < model->columnCount(); ++j) {
+                    texts << model->index(i, j).data().toString();
                 }
             }
         }

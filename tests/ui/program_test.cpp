@@ -229,6 +229,32 @@ TEST_F(Program, OutlinesAreSeenInTheDark)
     dark.setChecked(was);
 }
 
+// A section by its name, a value by its words, a box, a command: Ctrl+K, words, Enter.
+TEST_F(Program, FindsByWords)
+{
+    const auto find = [this](const char* words) {
+        Menu(QStringLiteral("mnufind"));
+        auto& line = Find<QLineEdit>(QStringLiteral("finderline"));
+        QTest::keyClicks(&line, QLatin1String(words));
+        QTest::keyClick(&line, Qt::Key_Return);
+        Settle();
+        EXPECT_FALSE(Find<QDialog>(QStringLiteral("finder")).isVisible());
+    };
+    find("ipe 330");
+    EXPECT_EQ(Find<QLabel>(QStringLiteral("sectionname")).text(), QStringLiteral("IPE 330"));
+    find("k z 0.7");
+    EXPECT_EQ(Find<BoxEdit>(QStringLiteral("iblz")).text(), QStringLiteral("0.70"));
+    find("trapezoidal load at its end");
+    Form& loading = Find<Form>(QStringLiteral("Loading"));
+    EXPECT_TRUE(loading.isVisible());
+    auto& box = Find<BoxEdit>(QStringLiteral("iqt2_1"), &loading);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return box.hasFocus(); }));
+    find("more results");
+    EXPECT_TRUE(Find<Form>(QStringLiteral("detailedresult")).isVisible());
+    find("guide first steps");
+    EXPECT_THAT(script.opened.back(), testing::EndsWith("guide/index.html"));
+}
+
 TEST_F(Program, DiagramReadsOutAndOpensTheLoads)
 {
     auto& picture = Find<Picture>(QStringLiteral("PicMy"));
@@ -237,6 +263,18 @@ TEST_F(Program, DiagramReadsOutAndOpensTheLoads)
     EXPECT_EQ(FromQt(readout.text()), HoverText(session.shown(), LoadAxis::z, 16));
     EXPECT_TRUE(readout.text().startsWith(QStringLiteral(" x = 0.000 m")));
     picture.hovered({90, 10});
+    EXPECT_TRUE(readout.text().isEmpty());
+    // One place for all diagrams, moved by the arrow keys as well.
+    picture.hovered({51, 10});
+    const auto other = [this](double x) {
+        return FromQt(Find<QLabel>(QStringLiteral("hovery")).text()) ==
+               HoverText(session.shown(), LoadAxis::y, x);
+    };
+    EXPECT_TRUE(other(51));
+    EXPECT_TRUE(Find<QLabel>(QStringLiteral("readingz")).text().startsWith("dz = "));
+    QTest::keyClick(&picture, Qt::Key_Right);
+    EXPECT_TRUE(other(51 + 1.4));
+    picture.left();
     EXPECT_TRUE(readout.text().isEmpty());
     QTest::mouseClick(&picture, Qt::LeftButton);
     EXPECT_TRUE(Find<Form>(QStringLiteral("Loading")).isVisible());

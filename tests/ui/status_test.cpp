@@ -107,7 +107,7 @@ TEST_F(Status, FadesResultsThatAreNotThoseOfTheFile)
 TEST_F(Status, StaysLow)
 {
     StatusBanner banner;
-    StatusView view{StatusKind::caution, "loads dropped", {}};
+    StatusView view{StatusKind::caution, "loads dropped", {}, {}};
     for (int i = 0; i < 30; ++i) {
         view.lines.push_back("Load dropped: nload[" + std::to_string(i) + "]");
     }
@@ -127,7 +127,7 @@ TEST_F(Status, SignsDifferInShape)
     banner.resize(400, 40);
     std::vector<QImage> signs;
     for (const StatusKind kind : {StatusKind::good, StatusKind::caution, StatusKind::bad}) {
-        banner.Show({kind, "x", {}}, false);
+        banner.Show({kind, "x", {}, {}}, false);
         const QPixmap sign = banner.findChildren<QLabel*>().front()->pixmap();
         signs.push_back(sign.toImage().convertToFormat(QImage::Format_Alpha8));
     }

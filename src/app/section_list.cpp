@@ -1,0 +1,214 @@
+#include "app/section_list.h"
+
+#include "app/consequences.h"
+#include "app/field_hint.h"
+#include "core/number_format.h"
+#include "engine/calculate.h"
+#include "sections/family_table.h"
+
+#include <algorithm>
+#include <array>
+#include <tuple>
+#include <utility>
+
+namespace kestrum {
+
+namespace {
+
+struct KindName {
+    Kind kind;
+    std::string_view name;
+};
+constexpr std::array<KindName, 5> kKinds{{{Kind::i_rolled, "I and H sections"},
+                                          {Kind::hollow, "hollow sections"},
+                                          {Kind::channel, "channels"},
+                                          {Kind::angle, "angles"},
+                                          {Kind::plate, "stiffened plates"}}};
+
+std::vector<int> FamiliesOf(Kind kind)
+{
+    std::vector<int> families;
+    for (const FamilyTraits& family : Families()) {
+        if (family.kind == kind && HasTable(family.id)) {
+            families.push_back(family.id);
+        }
+    }
+    return families;
+}
+
+RatedSection Rate(const Library& library, ProjectState s, Table table, i16 row)
+{
+    RatedSection rated{.row = row, .name = RowName(library, table, row)};
+    s.row[static_cast<std::size_t>(table)] = row;
+    const bool well = Calculate(library, s);
+    Outcome outcome = OutcomeOf(s, well);
+    rated.mass = s.weight;
+    rated.height = s.h;
+    rated.verdict = outcome.verdict;
+    rated.ir = outcome.ir;
+    rated.control = std::move(outcome.control);
+    return rated;
+}
+
+// Whether a ratio ranks the row.
+bool Rated(const RatedSection& section)
+{
+    return section.verdict == Verdict::within || section.verdict == Verdict::above ||
+           section.verdict == Verdict::unstable || section.verdict == Verdict::loads_dropped;
+}
+
+bool Before(const RatedSection& a, const RatedSection& b, SectionOrder order)
+{
+    switch (order) {
+    case SectionOrder::table:
+        return a.row < b.row;
+    case SectionOrder::mass:
+        return a.mass < b.mass;
+    case SectionOrder::height:
+        return a.height < b.height;
+    case SectionOrder::ratio:
+        // Unstable is worse than any ratio of a resistance.
+        return std::tuple(a.verdict == Verdict::unstable, a.ir) <
+               std::tuple(b.verdict == Verdict::unstable, b.ir);
+    case SectionOrder::control:
+        return a.control < b.control;
+    }
+    return false;
+}
+
+std::string Letters(std::string_view text)
+{
+    std::string letters;
+    for (const char c : text) {
+        if (c != ' ') {
+            letters += Small(c);
+        }
+    }
+    return letters;
+}
+
+}  // namespace
+
+std::string RatioText(const RatedSection& section)
+{
+    switch (section.verdict) {
+    case Verdict::within:
+    case Verdict::loads_dropped:
+        return FormatNum(section.ir, "0.00");
+    case Verdict::above:
+        return FormatNum(section.ir, "0.00") + " > limit";
+    default:
+        return std::string(VerdictWord(section.verdict));
+    }
+}
+
+std::vector<RatedSection> RateSections(const Library& library, const ProjectState& s)
+{
+    std::vector<RatedSection> sections;
+    if (HasTable(s.family)) {
+        const Table table = TableOf(s);
+        for (int row = 0; row < RowCount(table); ++row) {
+            sections.push_back(Rate(library, s, table, static_cast<i16>(row)));
+        }
+    }
+    return sections;
+}
+
+bool Finds(std::string_view typed, std::string_view name)
+{
+    const std::string letters = Letters(name);
+    while (!typed.empty()) {
+        const std::string_view word = typed.substr(0, typed.find(' '));
+        if (letters.find(Letters(word)) == std::string::npos) {
+            return false;
+        }
+        typed.remove_prefix(std::min(typed.size(), word.size() + 1));
+    }
+    return true;
+}
+
+void SortSections(std::vector<RatedSection>& sections, SectionOrder order, bool descending)
+{
+    std::stable_sort(
+        sections.begin(), sections.end(), [&](const RatedSection& a, const RatedSection& b) {
+            const bool ranks = order == SectionOrder::ratio || order == SectionOrder::control;
+            if (ranks && Rated(a) != Rated(b)) {
+                return Rated(a);
+            }
+            return descending ? Before(b, a, order) : Before(a, b, order);
+        });
+}
+
+std::vector<SectionGroup> SectionGroups(const ProjectState& s)
+{
+    std::vector<SectionGroup> groups;
+    const FamilyTraits* const family = FindFamily(s.family);
+    if (family == nullptr || !HasTable(s.family)) {
+        return groups;
+    }
+    groups.push_back({std::string(family->text), {family->id}});
+    const auto add = [&](bool own) {
+        for (const auto& [kind, name] : kKinds) {
+            if ((kind == family->kind) == own) {
+                groups.push_back({std::string(name), FamiliesOf(kind)});
+            }
+        }
+    };
+    add(true);
+    add(false);
+    return groups;
+}
+
+std::optional<FoundSection> FindLightest(const Library& library, const ProjectState& s,
+                                         std::span<const int> families)
+{
+    std::optional<FoundSection> best;
+    for (const int id : families) {
+        const FamilyTraits& family = TraitsOf(id);
+        ProjectState member = s;
+        member.family = static_cast<i16>(id);
+        for (std::size_t i = 0; i < family.tables.size(); ++i) {
+            const i16 series = family.series != nullptr ? static_cast<i16>(i + 1) : i16{0};
+            if (series != 0) {
+                member.*family.series = series;
+            }
+            for (RatedSection& section : RateSections(library, member)) {
+                if (section.passes() &&
+                    (!best || std::tuple(section.mass, section.ir) <
+                                  std::tuple(best->section.mass, best->section.ir))) {
+                    best = FoundSection{id, series, TableOf(member), std::move(section)};
+                }
+            }
+        }
+    }
+    return best;
+}
+
+bool ChooseLightest(Session& session, const SectionGroup& group)
+{
+    ProjectState member = session.state();
+    if (session.lateraloff() != 0) {
+        member.ltb = 1;
+        FollowLateralTick(member);
+    }
+    const std::optional<FoundSection> found =
+        FindLightest(session.library(), member, group.families);
+    if (!found) {
+        session.surroundings().Warn("No section passes: " + group.name);
+        return false;
+    }
+    ProjectState& s = session.edit();
+    s.family = static_cast<i16>(found->family);
+    if (found->series != 0) {
+        s.*TraitsOf(found->family).series = found->series;
+    }
+    s.row[static_cast<std::size_t>(found->table)] = found->section.row;
+    if (TraitsOf(found->family).design.lateral != LateralBuckling::off) {
+        s.ltb = member.ltb;
+        s.ltbk = member.ltbk;
+    }
+    session.Calculate();
+    return true;
+}
+
+}  // namespace kestrum

@@ -1,0 +1,70 @@
+#pragma once
+
+// The sections of a table with what each would give for the member in hand: every row is calculated
+// with the loads, lengths and settings as they stand. For choosing a section with the answer in
+// view.
+
+#include "app/session.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kestrum {
+
+struct RatedSection {
+    i16 row = 0;         // of the table
+    std::string name{};  // "HEA 200"
+    double mass = 0;     // kg/m
+    double height = 0;   // mm
+    Verdict verdict = Verdict::bad;
+    double ir = 0;          // as the outcome has it
+    std::string control{};  // that governs: "NEd/NRd"
+
+    bool passes() const { return verdict == Verdict::within; }
+};
+
+// "0.63"; "1.24 > limit", for those who do not see a colour; the verdict of a row without a ratio.
+std::string RatioText(const RatedSection& section);
+
+// All rows of the table of the family and series in hand; none for a family without tables.
+std::vector<RatedSection> RateSections(const Library& library, const ProjectState& s);
+
+// Whether the name has all that was typed, capitals and blanks aside: "45" finds HEA 450, "ipe 2"
+// finds IPE 220.
+bool Finds(std::string_view typed, std::string_view name);
+
+enum class SectionOrder : std::uint8_t { table, mass, height, ratio, control };
+
+// Rows of one value stay in the order of the table; rows without a ratio come last.
+void SortSections(std::vector<RatedSection>& sections, SectionOrder order, bool descending);
+
+// Families among which a section is looked for.
+struct SectionGroup {
+    std::string name;  // "HEA", "I and H sections"
+    std::vector<int> families;
+};
+
+// The family in hand, all of its kind, then the other kinds that tables have.
+std::vector<SectionGroup> SectionGroups(const ProjectState& s);
+
+struct FoundSection {
+    int family = 0;
+    i16 series = 0;  // 0: the family has none
+    Table table{};
+    RatedSection section;
+};
+
+// The lightest section within all limits that carries every load given; nothing when there is none.
+// Of two with one mass the one with the smaller ratio.
+std::optional<FoundSection> FindLightest(const Library& library, const ProjectState& s,
+                                         std::span<const int> families);
+
+// Takes it for the member; says so when there is none. The control of lateral torsional buckling
+// that a family has switched off in between is on again for those that need it.
+bool ChooseLightest(Session& session, const SectionGroup& group);
+
+}  // namespace kestrum

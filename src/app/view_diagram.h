@@ -1,0 +1,22 @@
+#pragma once
+
+// Reading along the member: a place that all diagrams share, moved by the pointer, the wheel and
+// the arrow keys. Places are in units of the pictures (report/member_drawing).
+
+#include "core/project_state.h"
+#include "report/load_drawing.h"
+
+#include <optional>
+#include <string>
+
+namespace kestrum {
+
+// The stored point that lies `steps` of a fiftieth of the length from the place, kept on the
+// member; without a place the one in the middle.
+double StepReading(std::optional<double> x, int steps);
+
+// Deflection at the place, "dz = 3.2 mm", beside what HoverText tells of moment and shear force;
+// empty outside the member, and with given end forces, which have none.
+std::string DeflectionReading(const ProjectState& s, LoadAxis axis, double x);
+
+}  // namespace kestrum

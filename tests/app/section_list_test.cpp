@@ -1,0 +1,198 @@
+#include "app/section_list.h"
+
+#include "app/member_commands.h"
+#include "app/section_commands.h"
+#include "app/session_fixture.h"
+#include "engine/calculate.h"
+#include "sections/family_table.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace kestrum {
+namespace {
+
+using ::testing::ElementsAre;
+
+const RatedSection& Named(const std::vector<RatedSection>& sections, std::string_view name)
+{
+    const auto at = std::find_if(sections.begin(), sections.end(),
+                                 [&](const RatedSection& s) { return s.name == name; });
+    EXPECT_NE(at, sections.end()) << name;
+    return at != sections.end() ? *at : sections.front();
+}
+
+// What choosing the row by hand gives.
+TEST(SectionList, RatesEveryRowAsIfItWereChosen)
+{
+    Program program;
+    for (const int family : FamilyNumbers()) {
+        SCOPED_TRACE(family);
+        if (!HasTable(family)) {
+            continue;
+        }
+        ChooseFamily(program.session, family);
+        const auto sections = RateSections(Tables(), program.state());
+        const Table table = TableOf(program.state());
+        ASSERT_EQ(static_cast<int>(sections.size()), RowCount(table));
+        for (const RatedSection& section : sections) {
+            ChooseRow(program.session, table, section.row);
+            const Outcome& outcome = program.session.outcome();
+            EXPECT_EQ(section.verdict, outcome.verdict) << section.name;
+            EXPECT_EQ(section.ir, outcome.ir) << section.name;
+            EXPECT_EQ(section.control, outcome.control) << section.name;
+            EXPECT_EQ(section.mass, program.state().weight) << section.name;
+        }
+    }
+    ChooseFamily(program.session, 21);
+    EXPECT_TRUE(RateSections(Tables(), program.state()).empty());
+}
+
+// Masses and heights of EN 10365: IPE 300 has 42.2 kg/m and 300 mm, HEA 200 190 mm.
+TEST(SectionList, GivesMassAndHeight)
+{
+    Program program;
+    ChooseFamily(program.session, 4);
+    const auto sections = RateSections(Tables(), program.state());
+    EXPECT_NEAR(Named(sections, "IPE 300").mass, 42.2, 0.1);
+    EXPECT_EQ(Named(sections, "IPE 300").height, 300);
+    ChooseFamily(program.session, 1);
+    EXPECT_EQ(Named(RateSections(Tables(), program.state()), "HEA 200").height, 190);
+}
+
+TEST(SectionList, LeavesTheMemberAlone)
+{
+    Program program;
+    const ProjectState before = program.state();
+    RateSections(Tables(), program.state());
+    EXPECT_TRUE(program.state() == before);
+}
+
+TEST(SectionList, FindsBySomeLetters)
+{
+    EXPECT_TRUE(Finds("", "IPE 450"));
+    EXPECT_TRUE(Finds("45", "IPE 450"));
+    EXPECT_TRUE(Finds("ipe450", "IPE 450"));
+    EXPECT_TRUE(Finds(" 45  ipe ", "IPE 450"));
+    EXPECT_FALSE(Finds("45 hea", "IPE 450"));
+    EXPECT_TRUE(Finds("292x176", "UB 838x292x176"));
+    EXPECT_FALSE(Finds("46", "IPE 450"));
+}
+
+std::vector<std::string> Names(const std::vector<RatedSection>& sections)
+{
+    std::vector<std::string> names;
+    for (const RatedSection& section : sections) {
+        names.push_back(section.name);
+    }
+    return names;
+}
+
+TEST(SectionList, SortsAndKeepsWhatHasNoRatioLast)
+{
+    std::vector<RatedSection> sections{
+        {0, "a", 30, 300, Verdict::within, 0.5, "x"},
+        {1, "b", 10, 200, Verdict::not_checked, 0, ""},
+        {2, "c", 20, 100, Verdict::above, 1.5, "x"},
+        {3, "d", 20, 400, Verdict::unstable, 1.1, ""},
+    };
+    SortSections(sections, SectionOrder::mass, false);
+    EXPECT_THAT(Names(sections), ElementsAre("b", "c", "d", "a"));
+    SortSections(sections, SectionOrder::height, true);
+    EXPECT_THAT(Names(sections), ElementsAre("d", "a", "b", "c"));
+    SortSections(sections, SectionOrder::ratio, false);
+    EXPECT_THAT(Names(sections), ElementsAre("a", "c", "d", "b"));
+    SortSections(sections, SectionOrder::ratio, true);
+    EXPECT_THAT(Names(sections), ElementsAre("d", "c", "a", "b"));
+    SortSections(sections, SectionOrder::table, false);
+    EXPECT_THAT(Names(sections), ElementsAre("a", "b", "c", "d"));
+}
+
+TEST(SectionList, SaysInWordsWhatDoesNotPass)
+{
+    EXPECT_EQ(RatioText({0, "", 0, 0, Verdict::within, 0.634, ""}), "0.63");
+    EXPECT_EQ(RatioText({0, "", 0, 0, Verdict::above, 1.236, ""}), "1.24 > limit");
+    EXPECT_EQ(RatioText({0, "", 0, 0, Verdict::unstable, 1.2, ""}), "unstable");
+    EXPECT_EQ(RatioText({0, "", 0, 0, Verdict::not_checked, 0, ""}), "not checked");
+}
+
+// No lighter row of any of the families passes, and the one that is taken does.
+TEST(SectionList, TakesTheLightestThatPasses)
+{
+    Program program;
+    program.Type("Loading", "iq", "25");
+    const SectionGroup group{"I and H", {1, 2, 3, 4}};
+    ASSERT_TRUE(ChooseLightest(program.session, group));
+    EXPECT_EQ(program.session.outcome().verdict, Verdict::within);
+    const double taken = program.state().weight;
+    int lighter = 0;
+    for (const int family : group.families) {
+        ProjectState member = program.state();
+        member.family = static_cast<i16>(family);
+        for (const RatedSection& section : RateSections(Tables(), member)) {
+            lighter += section.mass < taken ? 1 : 0;
+            EXPECT_FALSE(section.passes() && section.mass < taken) << section.name;
+        }
+    }
+    EXPECT_GT(lighter, 5);
+    program.session.Undo();
+    EXPECT_EQ(program.state().family, 1);
+}
+
+// More load never asks for less steel.
+TEST(SectionList, LightestGrowsWithTheLoad)
+{
+    Program program;
+    double before = 0;
+    for (const char* const load : {"1", "5", "20", "60", "150"}) {
+        program.Type("Loading", "iq", load);
+        const auto found = FindLightest(Tables(), program.state(), std::vector<int>{4});
+        ASSERT_TRUE(found) << load;
+        EXPECT_GE(found->section.mass, before) << load;
+        before = found->section.mass;
+    }
+}
+
+TEST(SectionList, SaysThatNoSectionPasses)
+{
+    Program program;
+    program.Type("Loading", "iq", "90000");
+    const ProjectState before = program.state();
+    EXPECT_FALSE(ChooseLightest(program.session, SectionGroups(program.state()).front()));
+    EXPECT_THAT(program.Told(), ElementsAre("No section passes: HEA"));
+    EXPECT_TRUE(program.state() == before);
+}
+
+// A hollow section in between switches the control off; an I section is not chosen without it.
+TEST(SectionList, ControlsLateralTorsionalBucklingOfWhatNeedsIt)
+{
+    Program program;
+    program.Type("kestrum", "il", "9");
+    program.Type("Loading", "iq", "12");
+    const auto with = FindLightest(Tables(), program.state(), std::vector<int>{4});
+    ASSERT_TRUE(with);
+    ChooseFamily(program.session, 6);
+    ASSERT_EQ(program.state().ltb, 0);
+    ASSERT_TRUE(ChooseLightest(program.session, {"IPE", {4}}));
+    EXPECT_EQ(program.state().ltb, 1);
+    EXPECT_EQ(program.state().row[static_cast<std::size_t>(Table::ipe)], with->section.row);
+    TickLateralBuckling(program.session, false);  // the user's own choice holds
+    ASSERT_TRUE(ChooseLightest(program.session, {"IPE", {4}}));
+    EXPECT_EQ(program.state().ltb, 0);
+}
+
+TEST(SectionList, OffersTheFamilyInHandThenItsKind)
+{
+    Program program;
+    auto groups = SectionGroups(program.state());
+    ASSERT_GE(groups.size(), 3U);
+    EXPECT_EQ(groups[0].name, "HEA");
+    EXPECT_EQ(groups[1].name, "I and H sections");
+    EXPECT_THAT(groups[1].families, ::testing::IsSupersetOf({1, 2, 3, 4}));
+    ChooseFamily(program.session, 21);
+    EXPECT_TRUE(SectionGroups(program.state()).empty());
+}
+
+}  // namespace
+}  // namespace kestrum
