@@ -322,13 +322,29 @@ std::string AssignSection(const Library& library, ProjectState& s, std::string_v
                           bool familygiven)
 {
     const auto found = SectionOfName(library, name, s.family);
+    const auto tube = found ? std::nullopt : TubeOfName(name);
+    const auto otherfamily = [&s, familygiven](int family) {
+        return familygiven && family != s.family
+                   ? "of family " + std::to_string(family) + " " + FamilyName(family) +
+                         ", the family is " + std::to_string(s.family) + " " + FamilyName(s.family)
+                   : std::string{};
+    };
+    if (tube) {
+        std::string refusal = otherfamily(tube->family);
+        if (refusal.empty()) {
+            s.family = static_cast<i16>(tube->family);
+            s.p31.istd = tube->diameter;
+            s.p31.isttw = tube->wall;
+        }
+        return refusal;
+    }
     if (!found) {
         return "no such section; `kestrum sections FAMILY` lists the names" +
                MeantHint(SectionsNear(library, name));
     }
-    if (familygiven && found->family != s.family) {
-        return "of family " + std::to_string(found->family) + " " + FamilyName(found->family) +
-               ", the family is " + std::to_string(s.family) + " " + FamilyName(s.family);
+    std::string refusal = otherfamily(found->family);
+    if (!refusal.empty()) {
+        return refusal;
     }
     s.family = static_cast<i16>(found->family);
     AssignSeries(s, found->family, found->series);

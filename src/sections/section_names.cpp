@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <system_error>
 #include <utility>
 
 namespace kestrum {
@@ -41,7 +43,7 @@ std::string_view SquarePrefix(Table table)
 void AddNames(Library& library, Table table, int row)
 {
     const std::string prefix = CompactName(ShapeOf(table).prefix);  // "IPE A" has a blank
-    const std::string key = CompactName(RowKey(library, table, row));
+    const std::string key = SectionKey(RowKey(library, table, row));
     const std::string whole = WholeKey(table, key);
     const auto add = [&](const std::string& name) {
         library.rownames.push_back({name, table, static_cast<i16>(row)});
@@ -117,6 +119,53 @@ std::string CompactName(std::string_view name)
     return compact;
 }
 
+std::string SectionKey(std::string_view name)
+{
+    std::string compact = CompactName(name);
+    for (const std::string_view sign : {"/", "*", "\xC3\x97"}) {
+        for (std::size_t at = 0; (at = compact.find(sign, at)) != std::string::npos; ++at) {
+            compact.replace(at, sign.size(), "X");
+        }
+    }
+    std::replace(compact.begin(), compact.end(), ',', '.');
+    const auto digit = [](char c) { return c >= '0' && c <= '9'; };
+    for (std::size_t at = 0; (at = compact.find('.', at)) != std::string::npos; ++at) {
+        std::size_t end = at + 1;
+        while (end < compact.size() && digit(compact[end])) {
+            ++end;
+        }
+        std::size_t kept = end;
+        while (kept > at + 1 && compact[kept - 1] == '0') {
+            --kept;
+        }
+        kept -= kept == at + 1 ? 1 : 0;  // the point too
+        compact.erase(kept, end - kept);
+    }
+    return compact;
+}
+
+std::optional<NamedTube> TubeOfName(std::string_view name)
+{
+    constexpr std::string_view kTube = "CHS";
+    const std::string key = SectionKey(name);
+    const std::size_t x = key.find('X');
+    const FamilyTraits* tube = nullptr;
+    for (const FamilyTraits& info : Families()) {
+        tube = info.kind == Kind::tube ? &info : tube;
+    }
+    if (!key.starts_with(kTube) || x == std::string::npos || tube == nullptr) {
+        return std::nullopt;
+    }
+    NamedTube found{tube->id, 0, 0};
+    const char* const begin = key.data() + kTube.size();
+    const char* const end = key.data() + key.size();
+    const auto d = std::from_chars(begin, key.data() + x, found.diameter);
+    const auto t = std::from_chars(key.data() + x + 1, end, found.wall);
+    const bool whole = d.ec == std::errc() && t.ec == std::errc() && d.ptr == key.data() + x &&
+                       t.ptr == end && found.wall > 0 && found.diameter > 2 * found.wall;
+    return whole ? std::optional(found) : std::nullopt;
+}
+
 void NameRows(Library& library)
 {
     library.rownames.clear();
@@ -132,7 +181,7 @@ void NameRows(Library& library)
 
 std::optional<NamedSection> SectionOfName(const Library& library, std::string_view name, int family)
 {
-    const std::string wanted = CompactName(name);
+    const std::string wanted = SectionKey(name);
     auto at =
         std::lower_bound(library.rownames.begin(), library.rownames.end(), wanted,
                          [](const NamedRow& row, const std::string& n) { return row.name < n; });

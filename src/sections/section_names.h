@@ -15,6 +15,11 @@ namespace kestrum {
 // A name as names are compared: capitals, without blanks, hyphens and underscores.
 std::string CompactName(std::string_view name);
 
+// A section's name as sections are compared: besides, "/", "*" and the multiplication sign are an
+// x, and a decimal comma is a point, behind which zeros do not count: "SHS120/120/5.0" is
+// "SHS120X120X5".
+std::string SectionKey(std::string_view name);
+
 // Fills library.rownames: each row under the name of its list and those in common use.
 void NameRows(Library& library);
 
@@ -29,6 +34,13 @@ struct NamedSection {
 // of the family at hand is taken, then a section of its own.
 std::optional<NamedSection> SectionOfName(const Library& library, std::string_view name,
                                           int family);
+
+// A tube by its outer diameter and wall, "CHS 114.3x5", mm; tubes have no list.
+struct NamedTube {
+    int family;
+    float diameter, wall;
+};
+std::optional<NamedTube> TubeOfName(std::string_view name);
 
 // The names in the lists nearest to one that is none, at most three.
 std::vector<std::string> SectionsNear(const Library& library, std::string_view name);

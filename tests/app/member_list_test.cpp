@@ -44,6 +44,25 @@ TEST(MemberList, TheKeyIsAFieldToo)
     EXPECT_EQ(list.Key(0), "M7");
 }
 
+TEST(MemberList, SectionsOfAllFamiliesGoByName)
+{
+    MemberList list;
+    ASSERT_EQ(list.Take("id,section,family,l\na,CHS 114.3/5.0,,3\nb,SHS120/120/5.0,,3\n"
+                        "c,CHS 114.3x5,1,3\nd,HE 200 B,2,3\n",
+                        "m.csv", ""),
+              "");
+    ProjectState s = StartState(Delivered());
+    EXPECT_EQ(list.Apply(0, Delivered(), s, Assignment::checked), "");
+    EXPECT_EQ(s.family, 31);
+    EXPECT_EQ(s.p31.istd, 114.3F);
+    EXPECT_EQ(s.p31.isttw, 5);
+    EXPECT_EQ(list.Apply(1, Delivered(), s, Assignment::checked), "");
+    EXPECT_EQ(s.family, 6);
+    EXPECT_THAT(list.Apply(2, Delivered(), s, Assignment::checked), HasSubstr("of family 31"));
+    EXPECT_EQ(list.Apply(3, Delivered(), s, Assignment::checked), "");
+    EXPECT_EQ(s.family, 2);
+}
+
 TEST(MemberList, LinesThatCannotBeMembersAreNamed)
 {
     MemberList list;

@@ -55,6 +55,36 @@ TEST(SectionNames, EveryRowIsFoundUnderItsListedName)
     }
 }
 
+// As other programs write them.
+TEST(SectionNames, OtherSignsAndZerosSayTheSame)
+{
+    EXPECT_EQ(Found("SHS120/120/5.0"), "6/0 RHS 120x5");
+    EXPECT_EQ(Found("RHS 120x120x5"), "6/0 RHS 120x5");
+    EXPECT_EQ(Found("RHS200/100/6.30"), "7/0 RHS 200x100x6.3");
+    EXPECT_EQ(Found("RHS 200*100*6,3"), "7/0 RHS 200x100x6.3");
+    EXPECT_EQ(Found("RHS 200\xC3\x97"
+                    "100\xC3\x97"
+                    "6.3"),
+              "7/0 RHS 200x100x6.3");
+    EXPECT_EQ(Found("RHS 200x100x63"), "none");
+    EXPECT_EQ(SectionKey("IPE 300.00"), "IPE300");
+    EXPECT_EQ(SectionKey("x 10.50/100"), "X10.5X100");
+}
+
+TEST(SectionNames, TubesGoByDiameterAndWall)
+{
+    const auto tube = TubeOfName("CHS 114.3x5");
+    ASSERT_TRUE(tube);
+    EXPECT_EQ(tube->family, 31);
+    EXPECT_EQ(tube->diameter, 114.3F);
+    EXPECT_EQ(tube->wall, 5);
+    EXPECT_EQ(TubeOfName("chs114,3/5.0")->diameter, 114.3F);
+    for (const char* none : {"CHS", "CHS 114.3", "CHS 114.3x", "CHS x5", "CHS 114.3x5x2",
+                             "CHS 10x5", "CHS 1e9999x5", "RHS 100x5", "CHS nanx5"}) {
+        EXPECT_FALSE(TubeOfName(none)) << none;
+    }
+}
+
 TEST(SectionNames, OfferTheNearest)
 {
     const std::vector<std::string> near = SectionsNear(DeliveredTables(), "IPE 310");
