@@ -42,23 +42,25 @@ def deviations():
         if not inside or re.fullmatch(r'`src/\w+`', line.strip()):
             continue
         if line.startswith('|'):
-            row = [typeset(cell) for cell in cells(line)[:5]]
+            row = [typeset(re.sub(r' \(\[project\].*', '', cell)) for cell in cells(line)[:6]]
             if set(row[0]) <= set('-:'):
-                row = ['-' * n for n in (8, 28, 28, 21, 17)]
+                row = ['-' * n for n in (8, 25, 25, 18, 14, 12)]
             line = '| ' + ' | '.join(row) + ' |'
         out.append(line)
     print('\n'.join(out))
 
 
 def verification():
-    out, last, inside = [], None, False
+    out, last, inside, shown = [], None, False, []
     for line in VERIFICATION.read_text(encoding='utf-8').splitlines():
         inside = inside or line.startswith('## ')
         if not inside:
             continue
         if line.startswith('|'):
             row = [typeset(cell) for cell in cells(line)]
-            row = row[:6] + row[7:]  # without the kind of the source
+            if row[0] == 'No.':
+                shown = [i for i, head in enumerate(row) if head not in ('Tolerance', 'Kind', 'Deviations')]
+            row = [row[i] for i in shown]
             if set(row[0]) <= set('-:'):
                 row = ['-' * n for n in (7, 20, 18, 16, 16, 12, 30)]
             if row[0] == last:

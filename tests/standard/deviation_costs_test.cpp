@@ -1,0 +1,88 @@
+// The column of the costs in docs/deviations.md: in each project of examples/deviations the
+// deviation acts, and both ratios are those of the document.
+
+#include "core/project_file.h"
+#include "engine/calculate.h"
+#include "standard/costs.h"
+#include "standard/standard_member.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <regex>
+#include <string>
+
+namespace kestrum {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kFolder = KESTRUM_SOURCE "/examples/deviations";
+constexpr const char* kRemedy =
+    "; `tools/check-deviations --costs build/release/bin/kestrum-costs --write` writes the column";
+
+std::string ReadAll(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+constexpr double kTwoDigits = 0.005 + 1e-6;
+
+struct Told {
+    double program, standard;  // ratios with two digits
+};
+
+// By number, "229": what the cells "0.17, standard 0.94 ([project](..d229.kst))" say.
+std::map<std::string, Told> Column()
+{
+    const std::string text = ReadAll(KESTRUM_SOURCE "/docs/deviations.md");
+    const std::regex cell(R"(\| D(\d+) \|[^\n]*\| ([\d.]+), standard ([\d.]+) \(\[project\]\()"
+                          R"(\.\./examples/deviations/d(\d+)\.kst\)\) \|)");
+    std::map<std::string, Told> told;
+    for (std::sregex_iterator row(text.begin(), text.end(), cell), end; row != end; ++row) {
+        EXPECT_EQ((*row)[1], (*row)[4]);
+        told[(*row)[1]] = {std::stod((*row)[2]), std::stod((*row)[3])};
+    }
+    return told;
+}
+
+TEST(DeviationCosts, EveryProjectIsInTheDocument)
+{
+    const auto column = Column();
+    EXPECT_GT(column.size(), 60U);
+    std::size_t files = 0;
+    for (const auto& entry : fs::directory_iterator(kFolder)) {
+        ++files;
+        const std::string name = entry.path().stem().string();
+        EXPECT_TRUE(column.contains(name.substr(1))) << name;
+    }
+    EXPECT_EQ(files, column.size());
+}
+
+TEST(DeviationCosts, EachActsAndCostsWhatTheDocumentSays)
+{
+    for (const auto& row : Column()) {
+        const std::string& number = row.first;
+        const Told& told = row.second;
+        SCOPED_TRACE("D" + number + kRemedy);
+        ProjectState s = Unloaded(1, 235);
+        ASSERT_FALSE(ReadProject(s, ReadAll(kFolder / ("d" + number + ".kst"))));
+        ProjectState program = s;
+        ASSERT_TRUE(Calculate(Delivered(), program));
+        auto result = standard::CalculateStandard(Delivered(), s);
+        ASSERT_TRUE(result.rated);
+        standard::CalculateCosts(Delivered(), s, &program, result);
+        const auto cost = std::find_if(
+            result.deviations.begin(), result.deviations.end(),
+            [&](const standard::DeviationCost& c) { return NameOf(c.deviation) == "D" + number; });
+        ASSERT_NE(cost, result.deviations.end()) << "does not act";
+        EXPECT_NEAR(cost->without, told.program, kTwoDigits);
+        EXPECT_NEAR(result.ir, told.standard, kTwoDigits);
+    }
+}
+
+}  // namespace
+}  // namespace kestrum
