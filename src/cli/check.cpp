@@ -108,8 +108,8 @@ std::string JsonOf(const Answer& answer)
             ", \"maxirbuckling\": " + JsonNumber(answer.buckling) +
             ", \"irdeflection\": " + JsonNumber(answer.deflection) +
             ", \"flangeoverload\": " + (answer.state.flangeoverload ? "true" : "false") +
-            ", \"rows\": " + RowsJson(answer.state) + ", \"notes\": " + NotesJson(answer.state) +
-            "}";
+            ", \"rows\": " + RowsJson(answer.state) + ", \"checks\": " + ChecksJson(answer.state) +
+            ", \"notes\": " + NotesJson(answer.state) + "}";
     return text;
 }
 

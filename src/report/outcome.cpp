@@ -18,12 +18,6 @@ constexpr std::string_view kNothingActs = "no load acts on the member";
 constexpr std::string_view kNoRow = "forces act, and no check applies to them";
 constexpr auto kStrengthRows = static_cast<std::size_t>(ResultRow::deflection_z);
 
-// Given end forces have no deflection: the rows are those of the last calculation with loads.
-bool DeflectionCounts(const ProjectState& s)
-{
-    return s.checksls != kFalse && s.loadmode == 1;
-}
-
 // The check with the largest ratio of all rows, the first of several; null where there is none.
 const Check* GoverningCheck(const ProjectState& s)
 {
@@ -148,6 +142,12 @@ int GraverExit(int one, int other)
     return kGravity[static_cast<std::size_t>(one)] < kGravity[static_cast<std::size_t>(other)]
                ? other
                : one;
+}
+
+// Given end forces have no deflection: the rows are those of the last calculation with loads.
+bool DeflectionCounts(const ProjectState& s)
+{
+    return s.checksls != kFalse && s.loadmode == 1;
 }
 
 double DeflectionRatio(const ProjectState& s)

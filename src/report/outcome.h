@@ -56,6 +56,9 @@ struct Outcome {
     }
 };
 
+// The deflection control is part of the result: asked for, and of the loads that act.
+bool DeflectionCounts(const ProjectState& s);
+
 // The larger ratio of the deflection control; 0 where it is no part of the result.
 double DeflectionRatio(const ProjectState& s);
 

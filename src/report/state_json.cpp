@@ -90,6 +90,37 @@ std::string RowList(const ProjectState& s, std::span<const ResultRow> rows)
     return "[" + list + "]";
 }
 
+std::string PlaceJson(const CheckPlace& place)
+{
+    const std::string x = "{\"x\": " + JsonNumber(place.x);
+    switch (place.kind) {
+    case CheckPlace::Kind::section:
+        return x + "}";
+    case CheckPlace::Kind::point:
+        return x + ", \"point\": " + std::to_string(place.number) + "}";
+    case CheckPlace::Kind::segment:
+        return "{\"segment\": " + std::to_string(place.number) +
+               ", \"segments\": " + std::to_string(place.parts) + "}";
+    default:
+        return "null";
+    }
+}
+
+std::string CheckJson(const ProjectState& s, CheckId id)
+{
+    const Check& check = s.checklist[id];
+    std::string terms;
+    for (std::size_t i = 0; i < TermsOf(check); ++i) {
+        terms += (i > 0 ? ", " : "") + JsonNumber(check.terms[i]);
+    }
+    return "{\"check\": " + JsonText(NameOf(id)) + ", \"formula\": " + JsonText(FormulaOf(check)) +
+           ", \"clause\": " + JsonText(TextsOf(check.form).clause) +
+           ", \"place\": " + PlaceJson(check.place) + ", \"ir\": " + JsonNumber(check.ratio) +
+           ", \"limit\": " + JsonNumber(s.irlimit) +
+           ", \"governs\": " + (s.checklist.governs(RowOf(id)) == id ? "true" : "false") +
+           ", \"terms\": [" + terms + "]}";
+}
+
 void AddTexts(Members& members, const ProjectState& s)
 {
     members.Add("combtext610", JsonText(CombText610(s)));
@@ -148,6 +179,20 @@ std::string RowsJson(const ProjectState& state)
     return "{\n  \"section\": " + RowList(s, kSectionRows) +
            ",\n  \"buckling\": " + RowList(s, kBucklingRows) +
            ",\n  \"deflection\": " + RowList(s, kDeflectionRows) + "}";
+}
+
+std::string ChecksJson(const ProjectState& s)
+{
+    std::string list;
+    for (std::size_t i = 1; i < kChecks; ++i) {
+        const auto id = static_cast<CheckId>(i);
+        const Check& check = s.checklist[id];
+        const bool deflection = RowOf(id) >= ResultRow::deflection_z;
+        if (IsJudged(check) && (!deflection || DeflectionCounts(s))) {
+            list += (list.empty() ? "" : ",\n    ") + CheckJson(s, id);
+        }
+    }
+    return "[" + list + "]";
 }
 
 std::string NotesJson(const ProjectState& s)

@@ -19,6 +19,13 @@ std::string InputsJson(const ProjectState& s);
 // The three blocks of result rows: {"section":[..],"buckling":[y, z, lt],"deflection":[z, y]}.
 std::string RowsJson(const ProjectState& s);
 
+// What was checked and has a ratio, in the order of the list: [{"check":"section_My","formula":
+// "My,Ed/My,Rd","clause":"6.2.5","place":{"x":0.5},"ir":0.7,"limit":1,"governs":true,
+// "terms":[55,78.6]}, ..]. `place` is null for the whole member; a point of a section and a segment
+// of the member are counted from 1. `governs`: it is the check that its row shows. Checks of a
+// deflection that is no part of the result are left out.
+std::string ChecksJson(const ProjectState& s);
+
 // The design notes of the result: [{"id":"D201","text":".."}, ..].
 std::string NotesJson(const ProjectState& s);
 

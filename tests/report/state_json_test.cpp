@@ -156,6 +156,82 @@ TEST(StateJson, TextsOfAnyKindAreQuoted)
     EXPECT_EQ(state["projname"], s.projname);
 }
 
+// My 60 kNm against 80 at mid-span, Mz 10 against 40 at a quarter: My has the row.
+TEST(ChecksJson, HoldsEachCheckWithClausePlaceAndTerms)
+{
+    ProjectState s{};
+    s.irlimit = 1;
+    CheckList& list = s.checklist;
+    Check& my = list.Govern(CheckId::my);
+    my.form = CheckForm::my_shear;
+    my.place = {.kind = CheckPlace::Kind::section, .x = 0.5};
+    my.ratio = 0.75;
+    my.terms = {60, 80};
+    Check& mz = list[CheckId::mz];
+    mz.form = CheckForm::mz;
+    mz.place = {.kind = CheckPlace::Kind::section, .x = 0.25};
+    mz.ratio = 0.25;
+    mz.terms = {10, 40};
+    Check& ltb = list.Govern(CheckId::ltb);
+    ltb.form = CheckForm::ltb;
+    ltb.place = {.kind = CheckPlace::Kind::segment, .number = 2, .parts = 3};
+    list.Govern(CheckId::no_buckling).form = CheckForm::no_buckling;  // a remark, no check
+    const json checks = json::parse(ChecksJson(s));
+    ASSERT_EQ(checks.size(), 3U);
+    EXPECT_EQ(checks[0], json::parse(R"({"check": "section_My", "formula": "My,Ed/MV,y,Rd",
+        "clause": "6.2.8", "place": {"x": 0.5}, "ir": 0.75, "limit": 1, "governs": true,
+        "terms": [60, 80]})"));
+    EXPECT_EQ(checks[1]["check"], "section_Mz");
+    EXPECT_EQ(checks[1]["governs"], false);
+    EXPECT_EQ(checks[2]["place"], json::parse(R"({"segment": 2, "segments": 3})"));
+}
+
+// Each row of the answer shows one of the checks, and no check has a larger ratio than its row.
+TEST(ChecksJson, GoverningChecksAreThoseOfTheRows)
+{
+    for (const FamilyTraits& family : Families()) {
+        ProjectState s = Fresh();
+        s.family = static_cast<i16>(family.id);
+        s.checksls = kTrue;
+        s.nload[1] = 20;
+        s.qload[1] = 5;
+        if (!EndsWell(s)) {
+            continue;
+        }
+        std::size_t rows = 0;
+        const json lines = json::parse(RowsJson(s));
+        for (const char* const block : {"section", "buckling", "deflection"}) {
+            for (const json& row : lines[block]) {
+                rows += row["result"] != "" ? 1 : 0;
+            }
+        }
+        std::size_t governing = 0;
+        for (const json& check : json::parse(ChecksJson(s))) {
+            governing += check["governs"] ? 1 : 0;
+            EXPECT_GT(check["ir"], 0) << family.id;
+        }
+        EXPECT_EQ(governing, rows) << family.id;
+        for (std::size_t id = 1; id < kChecks; ++id) {
+            const auto check = static_cast<CheckId>(id);
+            EXPECT_LE(s.checklist[check].ratio, s.checklist.row(RowOf(check)).ratio) << family.id;
+        }
+    }
+}
+
+TEST(ChecksJson, LeavesOutADeflectionThatIsNoPartOfTheResult)
+{
+    ProjectState s{};
+    s.loadmode = 1;
+    s.checksls = kTrue;
+    s.checklist.Govern(CheckId::deflection_z).form = CheckForm::deflection_z;
+    EXPECT_EQ(json::parse(ChecksJson(s)).size(), 1U);
+    s.loadmode = 0;  // kept of an earlier member
+    EXPECT_EQ(ChecksJson(s), "[]");
+    s.loadmode = 1;
+    s.checksls = kFalse;
+    EXPECT_EQ(ChecksJson(s), "[]");
+}
+
 TEST(InputsJson, HoldsWhatTheFileKeepsAndNothingElse)
 {
     const json inputs = json::parse(InputsJson(Opened(Fresh())));
