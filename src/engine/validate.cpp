@@ -2,6 +2,7 @@
 
 #include "core/field_table.h"
 #include "core/load_combination.h"
+#include "core/member_choices.h"
 #include "engine/family_routines.h"
 #include "sections/families.h"
 #include "sections/family_table.h"
@@ -111,7 +112,7 @@ void CheckMember(const ProjectState& s, Findings& in)
 {
     in.Require(LengthIsGood(s), "l", s.l, "0.05 and more", "m");
     in.Within(0, 5, "supportcase", s.supportcase, "0 to 5");
-    if (s.supportcase == 3 || s.supportcase == 5) {
+    if (s.supportcase == SupportCase::springs || s.supportcase == SupportCase::pinned_spring) {
         in.Within(0, 100, "spring", s.spring, "0 to 100", "%");
     }
     in.Within(0, 1, "webstiff", s.webstiff, "0 or 1");

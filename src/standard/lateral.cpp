@@ -4,6 +4,7 @@
 #include "clauses/flexural.h"
 #include "clauses/lateral_torsional.h"
 #include "core/annexes.h"
+#include "core/member_choices.h"
 #include "standard/moment_shape.h"
 
 #include <algorithm>
@@ -50,7 +51,7 @@ struct Ends {
 Ends EndsOf(const ProjectState& s)
 {
     constexpr double kNear = 1e-4;
-    if (s.supportcase == 4) {
+    if (s.supportcase == SupportCase::cantilever) {
         return {LateralEnd::clamped, LateralEnd::free, 1};
     }
     if (std::abs(s.ltbk - 0.5) < kNear) {
@@ -171,7 +172,7 @@ double PieceC1(const ProjectState& s, const StandardSection& q, const CombinedLi
     const Ends ends = whole ? EndsOf(s) : Ends{};
     const LineOf line(lines, x0, x1, ends.stretch);
     const double alpha = CriticalLoadFactor(section, {ends.start, ends.end, {}}, line.Line());
-    const double effective = whole && s.supportcase != 4 ? s.ltbk : 1;
+    const double effective = whole && s.supportcase != SupportCase::cantilever ? s.ltbk : 1;
     return alpha * LargestBetween(lines, x0, x1) * kNmm /
            UniformMoment(section, effective * (x1 - x0) * kMm);
 }
@@ -275,7 +276,7 @@ void Reduce(const ProjectState& s, const StandardSection& q, LateralResult& r, c
     const bool own = q.kind == Kind::i_single;
     const bool welded = q.kind == Kind::i_welded || own;
     const double plateau = welded ? s.lamdalt0w : s.lamdalt0;
-    const bool rolled_case = s.ltbcurve == 3 && Traits(s).design.rolled_case;
+    const bool rolled_case = s.ltbcurve == LtbCurve::rolled && Traits(s).design.rolled_case;
     const double alpha = LateralImperfection(s, q, r.moment > 0, rolled_case, basis);
     if (!rolled_case) {
         r.chi = clauses::GeneralLateralReduction(r.lam, alpha, basis.pick(Dev::d214, 0.2, plateau));
@@ -297,7 +298,7 @@ Dev FormulaOf(const ProjectState& s)
     if (s.restraints > 0 || s.loadmode != 1) {
         return Dev::d233;  // segments
     }
-    return s.supportcase == 4 ? Dev::d238 : Dev::d234;
+    return s.supportcase == SupportCase::cantilever ? Dev::d238 : Dev::d234;
 }
 
 // Nmm, as the program's pass left it: of the segment that holds MEd,max, or of the whole member.

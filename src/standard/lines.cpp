@@ -1,6 +1,7 @@
 #include "standard/lines.h"
 
 #include "clauses/critical_moment.h"
+#include "core/member_choices.h"
 #include "sections/families.h"
 
 #include <algorithm>
@@ -235,15 +236,15 @@ EndFixity FixityOf(const ProjectState& s)
 {
     const double share = s.spring / 100.0;
     switch (s.supportcase) {
-    case 1:
+    case SupportCase::pinned_fixed:
         return {0, 1, false};
-    case 2:
+    case SupportCase::fixed:
         return {1, 1, false};
-    case 3:
+    case SupportCase::springs:
         return {share, share, false};
-    case 4:
+    case SupportCase::cantilever:
         return {1, 0, true};
-    case 5:
+    case SupportCase::pinned_spring:
         return {0, share, false};
     default:
         return {0, 0, false};

@@ -2,6 +2,7 @@
 
 #include "clauses/annex_a.h"
 #include "clauses/annex_b.h"
+#include "core/member_choices.h"
 #include "standard/column.h"
 #include "standard/lateral.h"
 #include "standard/moment_shape.h"
@@ -117,7 +118,8 @@ void Member::Column(Checks& checks) const
 
 double Member::DeflectionOf(const CombinedLines& lines, Axis axis, double inertia) const
 {
-    return DeflectionLine(lines.grid, lines.Of(axis).m, m_.s.supportcase == 4, q_.e, inertia)
+    return DeflectionLine(lines.grid, lines.Of(axis).m, m_.s.supportcase == SupportCase::cantilever,
+                          q_.e, inertia)
         .Largest()
         .value;
 }
@@ -322,7 +324,7 @@ void Member::Interaction(Checks& checks)
         Outside(checks);
         return;
     }
-    const bool annex_a = m_.s.method == 1;
+    const bool annex_a = m_.s.method == Method::annex_a;
     const InteractionFactors k = annex_a ? AnnexA() : AnnexB();
     const double ny = n_ * q_.gammam1 / (chi_.chiy * chi_.squash);
     const double nz = n_ * q_.gammam1 / (chi_.chiz * chi_.squash);

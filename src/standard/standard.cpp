@@ -4,6 +4,7 @@
 #include "core/annexes.h"
 #include "core/arithmetic_trap.h"
 #include "core/material.h"
+#include "core/member_choices.h"
 #include "engine/section_dispatch.h"
 #include "engine/validate.h"
 #include "standard/member.h"
@@ -72,7 +73,8 @@ bool CheckStrength(const Member& m, const LoadCase& load_case, const CombinedLin
 {
     const ActingForces forces = ActingIn(lines);
     const Classes classes = ClassesOf(m.section.q, forces, m.basis);
-    const SectionMember member{m.section, ShearInputsOf(m.s), m.s.supportcase == 4,
+    const SectionMember member{m.section, ShearInputsOf(m.s),
+                               m.s.supportcase == SupportCase::cantilever,
                                FlangeLoadOf(m, load_case.factors, lines), m.places};
     CheckSections(member, lines, classes, load_case, checks, m.basis);
     return CheckMember({m.library, m.s, m.basis, m.program, m.section, m.loads, load_case, lines,
@@ -87,7 +89,8 @@ void CheckDeflection(const Member& m, const LoadCase& load_case, Axis axis, Chec
 {
     const CombinedLines lines = LinesOf(m.s, m.loads, load_case.factors, m.basis);
     const StandardSection& q = m.section.q;
-    const DeflectionLine line(lines.grid, lines.Of(axis).m, m.s.supportcase == 4, q.e,
+    const DeflectionLine line(lines.grid, lines.Of(axis).m,
+                              m.s.supportcase == SupportCase::cantilever, q.e,
                               axis == Axis::y ? q.iy : q.iz);
     const LineExtreme largest = line.Largest();
     if (largest.value == 0) {
