@@ -1,5 +1,6 @@
 #include "report/detailed_table.h"
 
+#include "core/csv_cell.h"
 #include "core/member_choices.h"
 #include "core/number_format.h"
 #include "report/stages.h"
@@ -136,28 +137,14 @@ std::string Trimmed(const std::string& text)
                                       : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-std::string CsvField(const std::string& text)
-{
-    if (text.find_first_of(",\"\r\n") == std::string::npos) {
-        return text;
-    }
-    std::string quoted = "\"";
-    for (const char c : text) {
-        quoted += c;
-        if (c == '"') {
-            quoted += c;
-        }
-    }
-    return quoted + "\"";
-}
-
 using Fields = std::array<std::string, 4>;
 
 std::string CsvLine(const Fields& fields)
 {
     std::string line;
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        line += (i > 0 ? "," : "") + CsvField(fields[i]);
+        line += i > 0 ? "," : "";
+        AppendCell(line, fields[i]);
     }
     return line + "\r\n";
 }
