@@ -22,7 +22,7 @@ PINNED = ('1', '2')
 MEMBERS = {'C1': ('1', '3', 'HEB 200', False), 'C2': ('2', '4', 'HEB 200', False),
            'C3': ('3', '5', 'HEB 200', False), 'C4': ('4', '6', 'HEB 200', False),
            'B1': ('3', '4', 'IPE 330', False), 'B2': ('5', '6', 'IPE 300', False),
-           'D1': ('1', '4', 'RHS 90x5', True)}
+           'T1': ('1', '4', 'RHS 90x5', True)}
 # Line loads along global axes (X, Z), kN/m of member, and forces at nodes, kN.
 LOADS = {
     'G': ({'B1': (0, -16), 'B2': (0, -9), 'C1': (0, -0.6), 'C2': (0, -0.6), 'C3': (0, -0.6), 'C4': (0, -0.6)}, {}),
@@ -162,8 +162,8 @@ def main(folder):
     with open(folder / 'members.csv', 'w', newline='\n') as out:
         print('id,section,steel,l,group,ltb,restraints', file=out)
         for name, member in MEMBERS.items():
-            group = {'C': 'column', 'B': 'beam', 'D': 'brace'}[name[0]]
-            ltb, restraints = ('0', '0') if name[0] == 'D' else ('1', '2' if name[0] == 'B' else '0')
+            group = {'C': 'column', 'B': 'beam', 'T': 'brace'}[name[0]]
+            ltb, restraints = ('0', '0') if name[0] == 'T' else ('1', '2' if name[0] == 'B' else '0')
             print(name, member[2], 'S235', number(Element(NODES, member).length), group, ltb, restraints, sep=',',
                   file=out)
     with open(folder / 'forces.csv', 'w', newline='\n') as out:

@@ -6,7 +6,9 @@
 #include "standard/member.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <utility>
 
 namespace kestrum::standard {
 
@@ -27,6 +29,9 @@ bool IsJump(const Node& node)
     return node.left.x == node.x &&
            (node.left.vz != node.right.vz || node.left.vy != node.right.vy);
 }
+
+constexpr std::array kForces = {&Station::my, &Station::mz, &Station::vz, &Station::vy,
+                                &Station::n};
 
 double Largest(std::span<const Station> stations, double Station::*moment)
 {
@@ -61,12 +66,16 @@ struct StationCases::Data {
     Basis basis = Basis::Standard();
     Member member;
     std::vector<Node> nodes;
+    std::vector<char> kept;  // nodes that stay when there are too many
     CombinedLines lines{};
     StationPieces pieces{};
 
     bool MakeNodes(std::span<const Station> stations);
     double StraightWithin(std::span<const Station> stations, double Station::*moment) const;
     void Straighten(std::span<const Station> stations, double Station::*moment);
+    bool Thin(std::span<const Station> stations);
+    void MarkBends(std::size_t from, std::size_t to, double within,
+                   const std::array<double, 5>& largest);
     bool MakeGrid();
     void FillLines();
     void FindLoads(Axis axis, double Station::*moment, double Station::*shear, double straight);
@@ -113,6 +122,71 @@ void StationCases::Data::Straighten(std::span<const Station> stations, double St
         const double chord = start + (end - start) * nodes[i].x / nodes[last].x;
         nodes[i].left.*moment = nodes[i].right.*moment = chord;
     }
+}
+
+// Marks the nodes between two that the chords of all lines need.
+void StationCases::Data::MarkBends(std::size_t from, std::size_t to, double within,
+                                   const std::array<double, 5>& largest)
+{
+    std::vector<std::pair<std::size_t, std::size_t>> open{{from, to}};
+    while (!open.empty()) {
+        const auto [a, b] = open.back();
+        open.pop_back();
+        std::size_t furthest = a;
+        double most = within;
+        for (std::size_t i = a + 1; i < b; ++i) {
+            const double share = (nodes[i].x - nodes[a].x) / (nodes[b].x - nodes[a].x);
+            for (std::size_t k = 0; k < kForces.size(); ++k) {
+                const double start = nodes[a].right.*kForces[k], end = nodes[b].left.*kForces[k];
+                const double off =
+                    std::abs(nodes[i].left.*kForces[k] - start - share * (end - start));
+                if (off > most * largest[k]) {
+                    most = off / largest[k];
+                    furthest = i;
+                }
+            }
+        }
+        if (furthest != a) {
+            kept[furthest] = 1;
+            open.emplace_back(a, furthest);
+            open.emplace_back(furthest, b);
+        }
+    }
+}
+
+// Leaves out stations that lie on the chords of all lines within a small share of their largest
+// values, where there are too many. False where they bend or jump too often.
+bool StationCases::Data::Thin(std::span<const Station> stations)
+{
+    constexpr std::size_t kMost = 100;
+    constexpr double kFinest = 5e-5, kCoarsest = 1e-3;
+    std::array<double, 5> largest{};
+    for (std::size_t k = 0; k < kForces.size(); ++k) {
+        largest[k] = Largest(stations, kForces[k]);
+    }
+    for (double within = kFinest; nodes.size() > kMost && within < kCoarsest; within *= 2) {
+        kept.assign(nodes.size(), 0);
+        kept.front() = kept.back() = 1;
+        std::size_t from = 0;
+        for (std::size_t i = 1; i < nodes.size(); ++i) {
+            const bool jumps = std::any_of(kForces.begin(), kForces.end(), [&](auto force) {
+                return nodes[i].left.*force != nodes[i].right.*force;
+            });
+            if (jumps || i + 1 == nodes.size()) {
+                kept[i] = 1;
+                MarkBends(from, i, within, largest);
+                from = i;
+            }
+        }
+        std::size_t count = 0;
+        for (std::size_t i = 0; i < nodes.size(); ++i) {
+            if (kept[i] != 0) {
+                nodes[count++] = nodes[i];
+            }
+        }
+        nodes.resize(count);
+    }
+    return nodes.size() <= kMost;
 }
 
 bool StationCases::Data::MakeGrid()
@@ -231,8 +305,9 @@ StationResult StationCases::Case(std::span<const Station> stations, double enoug
         result.reason = reason_;
         return result;
     }
-    if (!d.MakeNodes(stations) || (d.Straighten(stations, &Station::my),
-                                   d.Straighten(stations, &Station::mz), !d.MakeGrid())) {
+    if (!d.MakeNodes(stations) ||
+        (d.Straighten(stations, &Station::my), d.Straighten(stations, &Station::mz),
+         !d.Thin(stations) || !d.MakeGrid())) {
         result.reason = "more stations than the standard basis takes";
         return result;
     }

@@ -89,9 +89,40 @@ TEST_F(Recipes, ThoseOfBatchAnswerEachMember)
     EXPECT_THAT(Read("part.ab.csv"), HasSubstr("\n3,bad input"));
 }
 
+TEST_F(Recipes, ThoseOfEnvelopeAnswerEachMember)
+{
+    std::filesystem::copy(KESTRUM_SOURCE "/examples", Path("examples"),
+                          std::filesystem::copy_options::recursive);
+    const std::vector<std::string> blocks = Blocks("docs/envelope.md");
+    ASSERT_EQ(blocks.size(), 1U);
+    const Said said = Run(blocks[0]);
+    EXPECT_EQ(said.exit, 0) << said.err;
+    EXPECT_EQ(Answers(Read("worst.csv")), 7);
+    EXPECT_EQ(Answers(said.out), 21);
+}
+
+// The tables that the document shows are those of the example.
+TEST_F(Recipes, TablesOfEnvelopeStandInTheExample)
+{
+    std::ifstream document(KESTRUM_SOURCE "/docs/envelope.md");
+    std::ifstream members(KESTRUM_SOURCE "/examples/frames/members.csv");
+    std::ifstream forces(KESTRUM_SOURCE "/examples/frames/forces.csv");
+    const std::string tables = std::string(std::istreambuf_iterator<char>(members), {}) +
+                               std::string(std::istreambuf_iterator<char>(forces), {});
+    int shown = 0;
+    for (std::string line; std::getline(document, line);) {
+        if (std::regex_search(line, std::regex("^[BCT]1,"))) {
+            EXPECT_THAT(tables, HasSubstr(line + "\n"));
+            ++shown;
+        }
+    }
+    EXPECT_EQ(shown, 5);
+}
+
 TEST_F(Recipes, ThoseOfTheReadmeAndTheGuideEndWell)
 {
-    std::filesystem::copy(KESTRUM_SOURCE "/examples", Path("examples"));
+    std::filesystem::copy(KESTRUM_SOURCE "/examples", Path("examples"),
+                          std::filesystem::copy_options::recursive);
     for (const char* document : {"README.md", "docs/guide/command-line.md"}) {
         for (const std::string& block : Blocks(document)) {
             if (block.find("kestrum") == std::string::npos) {

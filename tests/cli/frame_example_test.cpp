@@ -79,7 +79,7 @@ TEST_F(FrameExample, ForcesBalanceTheirLoads)
     ASSERT_EQ(beam.size(), 11U);
     EXPECT_NEAR(beam[5][4] - (beam[0][4] + beam[10][4]) / 2, 42.6 * 49 / 8, 2e-3);
     EXPECT_NEAR(beam[0][3] - beam[10][3], 42.6 * 7, 2e-3);
-    const double brace = Rows("D1,U2")[0][1] * 3.5 / std::hypot(7.0, 3.5);
+    const double brace = Rows("T1,U2")[0][1] * 3.5 / std::hypot(7.0, 3.5);
     EXPECT_NEAR(Rows("C1,U2")[0][1] + Rows("C2,U2")[0][1] + brace,
                 42.6 * 7 + 12.15 * 7 + 4 * 0.81 * 3.5, 2e-3);
 }

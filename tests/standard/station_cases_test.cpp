@@ -166,10 +166,29 @@ TEST(StationCases, VaryingAxialForce)
     EXPECT_DOUBLE_EQ(pulled.check.place, 1);
 }
 
-TEST(StationCases, ManyStationsAreRefusedByName)
+// A thousand stations of a parabola are no more than a few chords.
+TEST(StationCases, ManyStationsAreThinnedWhereTheyBendLittle)
 {
     ProjectState s = Beam("IPE 300", 6, 2);
-    const StationResult result = RatedAt(s, Uniform(6, 0, 5, 200));
+    s.qload[1] = 5;
+    const auto whole = Rated(s);
+    const StationResult many = RatedAt(s, Uniform(6, 0, 5, 1000));
+    EXPECT_TRUE(many.rated);
+    EXPECT_NEAR(many.ir, whole.ir, 1e-3 * whole.ir);
+    auto peak = Uniform(6, 0, 5, 1000);
+    peak[317].my = 60;  // stays, whatever is left out
+    EXPECT_GT(RatedAt(s, peak).ir, 1.5 * many.ir);
+}
+
+TEST(StationCases, ManyJumpsAreRefusedByName)
+{
+    std::vector<Station> jumps = {{.x = 0}};
+    for (int i = 1; i < 150; ++i) {
+        jumps.push_back({.x = 0.04 * i, .vz = 1});
+        jumps.push_back({.x = 0.04 * i, .vz = -1});
+    }
+    jumps.push_back({.x = 6});
+    const StationResult result = RatedAt(Beam("IPE 300", 6, 2), jumps);
     EXPECT_FALSE(result.rated);
     EXPECT_EQ(result.reason, "more stations than the standard basis takes");
 }
