@@ -163,15 +163,16 @@ double LargestBetween(const CombinedLines& lines, double x0, double x1)
 
 // Of a piece alone: loads in the shear centre, zj 0, forks; the member's own ends without
 // restraints.
-double PieceC1(const ProjectState& s, const StandardSection& q, const CombinedLines& lines,
+double PieceC1(const ProjectState& s, const PreparedSection& p, const CombinedLines& lines,
                double x0, double x1)
 {
+    const StandardSection& q = p.q;
     LateralSection section = SectionFor(q);
     section.zj = 0;
     const bool whole = s.restraints == 0;
     const Ends ends = whole ? EndsOf(s) : Ends{};
     const LineOf line(lines, x0, x1, ends.stretch);
-    const double alpha = CriticalLoadFactor(section, {ends.start, ends.end, {}}, line.Line());
+    const double alpha = p.solved.Factor(section, {ends.start, ends.end, {}}, line.Line());
     const double effective = whole && s.supportcase != SupportCase::cantilever ? s.ltbk : 1;
     return alpha * LargestBetween(lines, x0, x1) * kNmm /
            UniformMoment(section, effective * (x1 - x0) * kMm);
@@ -247,7 +248,7 @@ double NumericalMoment(const LateralCase& m, double largest)
         held[i] = line.At(lines.grid.Length() * static_cast<double>(i + 1) /
                           static_cast<double>(restraints + 1));
     }
-    const double alpha = CriticalLoadFactor(
+    const double alpha = m.p.solved.Factor(
         SectionFor(q), {ends.start, ends.end, {held.data(), restraints}}, line.Line());
     return alpha * largest * kNmm;
 }
@@ -387,7 +388,7 @@ LateralResult LateralBucklingOf(const LateralCase& m)
     const bool always_c1 = s.annexindex == kAnnexUk;
     for (std::size_t i = 0; i < pieces.count; ++i) {
         const double c1 =
-            s.cmanual != kFalse ? s.c1 : PieceC1(s, q, m.lines, pieces.x0[i], pieces.x1[i]);
+            s.cmanual != kFalse ? s.c1 : PieceC1(s, m.p, m.lines, pieces.x0[i], pieces.x1[i]);
         const auto table =
             always_c1 ? std::nullopt : TabulatedKc(m.lines, Axis::y, pieces.x0[i], pieces.x1[i]);
         const double by_c1 =

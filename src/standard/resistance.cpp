@@ -113,7 +113,8 @@ double Slender(const StandardSection& q, double h, double t, const ShearInputs& 
 
 PreparedSection Prepare(const StandardSection& q, const Basis& basis)
 {
-    PreparedSection p{q, {}, 1, {}, {}};
+    PreparedSection p{
+        .q = q, .effective = {}, .class_n = 1, .whole_angle = {}, .effective_angle = {}};
     p.class_n = ClassInCompression(q, basis);
     if (!q.Angle()) {
         p.effective = EffectiveValuesOf(q, basis);

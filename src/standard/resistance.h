@@ -4,6 +4,7 @@
 
 #include "standard/angle.h"
 #include "standard/effective.h"
+#include "standard/solved_lines.h"
 
 namespace kestrum::standard {
 
@@ -13,6 +14,7 @@ struct PreparedSection {
     EffectiveValues effective;
     int class_n;
     AngleSection whole_angle, effective_angle;  // of angles, about u and v
+    mutable SolvedLines solved{};               // of the member; not for two threads at once
 
     const AngleSection& AngleOf(int cls) const { return cls == 4 ? effective_angle : whole_angle; }
 };

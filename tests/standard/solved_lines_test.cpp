@@ -1,0 +1,54 @@
+// Multiples of a moment line are solved once.
+
+#include "standard/solved_lines.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace kestrum {
+namespace {
+
+using standard::SolvedLines;
+
+constexpr LateralSection kSection{2e12, 1e17, 1e10, 0};
+constexpr LateralSupports kForks{LateralEnd::fork, LateralEnd::fork, {}};
+
+// Uniform load over 6 m with a torque at mid-span, `times` as large.
+double FactorOf(SolvedLines& lines, double times, double torque = 1, double zj = 0)
+{
+    const std::array<MomentPiece, 1> pieces = {
+        {{0, 6000, {0, 3e4 * times, -5 * times, 0}, 100 * times, 100 * times}}};
+    const std::array<PointTorque, 1> points = {{{3000, 1e6 * times * torque}}};
+    LateralSection section = kSection;
+    section.zj = zj;
+    return lines.Factor(section, kForks, {6000, pieces, points});
+}
+
+TEST(SolvedLines, MultiplesAreSolvedOnce)
+{
+    SolvedLines lines;
+    const double one = FactorOf(lines, 1);
+    EXPECT_DOUBLE_EQ(FactorOf(lines, 1.35), one / 1.35);
+    EXPECT_DOUBLE_EQ(FactorOf(lines, 0.25), one * 4);
+    EXPECT_EQ(lines.Solved(), 1U);
+    SolvedLines afresh;
+    EXPECT_NEAR(FactorOf(afresh, 1.35), one / 1.35, 1e-7 * one);
+}
+
+TEST(SolvedLines, OtherLinesAreNot)
+{
+    SolvedLines lines;
+    const double one = FactorOf(lines, 1);
+    EXPECT_NE(FactorOf(lines, -1), one);       // loads from below
+    EXPECT_NE(FactorOf(lines, 1, 2), one);     // more of them above
+    EXPECT_NE(FactorOf(lines, 1, 1, 5), one);  // another section
+    EXPECT_EQ(lines.Solved(), 4U);
+    for (int i = 2; i < 9; ++i) {  // more than are kept
+        FactorOf(lines, 1, i);
+    }
+    EXPECT_DOUBLE_EQ(FactorOf(lines, 1), one);
+}
+
+}  // namespace
+}  // namespace kestrum
