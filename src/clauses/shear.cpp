@@ -19,7 +19,7 @@ double StockyWebLimit(double eps, double eta)
 double ShearBucklingFactor(double hw, double a)
 {
     if (!(a > 0) || std::isinf(a)) {
-        return 5.34;
+        return kUnstiffenedFactor;
     }
     const double ratio = hw / a;
     return a >= hw ? 5.34 + 4 * ratio * ratio : 4 + 5.34 * ratio * ratio;
@@ -27,6 +27,9 @@ double ShearBucklingFactor(double hw, double a)
 
 double WebSlenderness(double hw, double t, double eps, double k_tau)
 {
+    if (k_tau == kUnstiffenedFactor) {
+        return hw / (86.4 * t * eps);
+    }
     return hw / (37.4 * t * eps * std::sqrt(k_tau));
 }
 

@@ -10,11 +10,14 @@ double PlasticShear(double area, double fy, double gammam0);
 // EN 1993-1-5, 5.1 (2): a web without intermediate stiffeners above this h/t may buckle.
 double StockyWebLimit(double eps, double eta);
 
+constexpr double kUnstiffenedFactor = 5.34;
+
 // EN 1993-1-5, A.3 (1): buckling factor of a panel of length a and depth hw between transverse
 // stiffeners, no longitudinal ones; 5.34 where there are none (a infinite or 0).
 double ShearBucklingFactor(double hw, double a);
 
-// Slenderness of a web, EN 1993-1-5, Eq (5.6) with k_tau of the panels.
+// Slenderness of a web, EN 1993-1-5, Eq (5.6) with k_tau of the panels; of webs without
+// intermediate stiffeners Eq (5.5), whose rounded factor is 86.4.
 double WebSlenderness(double hw, double t, double eps, double k_tau);
 
 // Table 5.1.

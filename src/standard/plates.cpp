@@ -392,7 +392,8 @@ ShearResistance ShearOfFlanges(const StandardSection& q, const ShearInputs& in)
         }
         const double width = wall.Width();
         const bool buckles = width / wall.t > clauses::StockyWebLimit(q.eps, q.eta);
-        const double lam = clauses::WebSlenderness(width, wall.t, q.eps, 5.34);
+        const double lam =
+            clauses::WebSlenderness(width, wall.t, q.eps, clauses::kUnstiffenedFactor);
         const double factor =
             buckles ? clauses::WebFactor(lam, q.eta, in.rigid_end_post) : q.gammam1 / q.gammam0;
         web += clauses::WebShear(factor, width, wall.t, q.fy, q.gammam1);

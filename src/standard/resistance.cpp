@@ -103,7 +103,8 @@ bool ShearedWhole(const StandardSection& q)
 
 double Slender(const StandardSection& q, double h, double t, const ShearInputs& in)
 {
-    const double k = in.stiffened ? clauses::ShearBucklingFactor(h, in.entered) : 5.34;
+    const double k =
+        in.stiffened ? clauses::ShearBucklingFactor(h, in.entered) : clauses::kUnstiffenedFactor;
     const double limit =
         in.stiffened ? 31 * q.eps * std::sqrt(k) / q.eta : clauses::StockyWebLimit(q.eps, q.eta);
     return h / t > limit ? k : 0;
@@ -260,7 +261,9 @@ ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, dou
     const double limit = q.webs * clauses::ShearBucklingLimit(q.eta, q.hw, q.tw, q.fy, q.gammam1);
     const double total = std::min({web + flange, limit, plastic});
     // D158: the program's test for high shear does not see the stiffeners.
-    const double tested = in.stiffened ? basis.pick(Dev::d158, WebPart(q, in, 5.34), web) : web;
+    const double tested =
+        in.stiffened ? basis.pick(Dev::d158, WebPart(q, in, clauses::kUnstiffenedFactor), web)
+                     : web;
     return {total, std::min(tested, plastic), true};
 }
 

@@ -117,6 +117,12 @@ TEST(Shear, StiffenedPanel)
     EXPECT_EQ(ShearBucklingFactor(1000, std::numeric_limits<double>::infinity()), 5.34);
 }
 
+// EN 1993-1-5, Eq (5.5): hw/(86.4 t eps), not 37.4 sqrt 5.34 = 86.426.
+TEST(Shear, WebWithoutIntermediateStiffeners)
+{
+    EXPECT_DOUBLE_EQ(WebSlenderness(864, 10, 1, ShearBucklingFactor(864, 0)), 1);
+}
+
 // Table 5.1 at a slenderness of 2: 0.415 and 1.37/2.7.
 TEST(Shear, EndPostsCountAboveASlendernessOf108)
 {

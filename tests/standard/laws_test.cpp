@@ -147,6 +147,37 @@ TEST(Laws, ARestraintMoreNeverRaisesLateralTorsionalBuckling)
     }
 }
 
+// The members of kestrum-agreement on which no deviation acts: few forces, plain sections. The
+// program keeps sections and pi in single precision.
+TEST(Laws, PlatesWithoutADepartureAgreeWithTheProgram)
+{
+    for (const int family : {24, 25, 27, 52, 53, 54, 56}) {
+        SCOPED_TRACE(family);
+        ProjectState s = Unloaded(5, 355);
+        s.family = static_cast<i16>(family);
+        s.hsqopt = 1;
+        s.qload[1] = 4;
+        const StandardResult result = Rated(s);
+        ASSERT_TRUE(Calculate(Delivered(), s));
+        EXPECT_NEAR(Ratio(result, CheckId::section_my), s.irrow1, 1e-6 * s.irrow1);
+    }
+}
+
+// The mirrored section: a moment that presses the other side of a symmetric one.
+TEST(Laws, TheSignOfAMomentIsNoMatterToSymmetricSections)
+{
+    for (const int family : {1, 4, 5, 7, 21, 23, 28, 31, 41}) {
+        SCOPED_TRACE(family);
+        ProjectState s = Unloaded(5, 355);
+        s.family = static_cast<i16>(family);
+        s.ltb = 1;
+        EndForces(s, 30, 8, 0);
+        const StandardResult up = Rated(s);
+        EndForces(s, 30, -8, 0);
+        ExpectSame(up, Rated(s), 1e-9);
+    }
+}
+
 // Where no rule of the program departs both bases agree: a column by its flexural rows. The program
 // keeps sections and pi in single precision.
 TEST(Laws, WithoutADepartureBothAgree)

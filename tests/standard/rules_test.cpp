@@ -141,8 +141,8 @@ TEST(Rules, LoadsOffTheMemberAreRefused)
 //   outstand (300 - 6 - 8)/2 = 143: lam = 143/8/(28.4 sqrt 0.43) = 0.95983, rho 0.83779
 //   compressed flange 253.607x8 = 2028.9 mm2, the stretched one 2400, web 484x6
 //   Mf = 2028.9 492 235 = 234.58 kNm; plastic axis 211.07 above the lower flange: Mpl = 337.26 kNm
-//   lam_w = 484/(37.4 6 sqrt 5.34) = 0.93336, Vbw = 0.83/0.93336 235/sqrt 3 2904 = 350.38 kN
-//   eta3 = 0.85622: 260/337.26 + (1 - 234.58/337.26) 0.71244^2 = 0.92546
+//   lam_w = 484/(86.4 6) = 0.93364, Vbw = 0.83/0.93364 235/sqrt 3 2904 = 350.27 kN
+//   eta3 = 0.85648: 260/337.26 + (1 - 234.58/337.26) 0.71297^2 = 0.92568
 TEST(Rules, SlenderWebsCombineMomentAndShear)
 {
     ProjectState s = Unloaded(5, 235);
@@ -152,7 +152,7 @@ TEST(Rules, SlenderWebsCombineMomentAndShear)
     s.webstiff = 0;
     EndForces(s, 0, 260, 0);
     s.vz1 = s.vz2 = 300;
-    EXPECT_NEAR(Ratio(s, CheckId::section_mv), 0.92546, 1e-4);
+    EXPECT_NEAR(Ratio(s, CheckId::section_mv), 0.92568, 2e-5);
     s.my1 = s.my2 = 230;  // the flanges alone carry it
     EXPECT_LT(Ratio(s, CheckId::section_mv), 0);
 }
