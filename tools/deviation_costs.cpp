@@ -116,6 +116,9 @@ double RollPlates(Dice& dice, int family, Entries& in)
     const double tf = std::max(8.0, b / thin);
     if (family == 21 || family == 23) {
         Roll(in, form + "isttf", tf, 1);
+        if (family == 23 && dice.Happens(50)) {
+            Roll(in, "p23.ista", tf * dice.Between(2, 14), 5);
+        }
         return h;
     }
     const double wide =
@@ -157,6 +160,19 @@ double RollSection(Dice& dice, const Library& library, Entries& in)
             Roll(in, "p31.isttw", std::max(3.0, d / dice.Between(15, 60)), 0.5);
             return d;
         }
+        case 51:
+        case 53:
+        case 56: {
+            const std::string form = "p" + std::to_string(family) + ".";
+            Roll(in, form + "istb1", dice.Between(200, 900), 10);
+            Roll(in, form + "isttf1", dice.Between(6, 20), 1);
+            Roll(in, form + "isth", dice.Between(100, 700), 10);
+            Roll(in, form + "isttw", dice.Between(5, 15), 1);
+            return 300;
+        }
+        case 41:
+            in.push_back({"p41.istaz", dice.Of({"3000", "5000", "7000", "10000", "12000"})});
+            return 300;
         default:
             return 300;
         }
