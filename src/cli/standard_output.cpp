@@ -109,7 +109,8 @@ std::string DeviationsText(const StandardResult& result, const Outcome& program)
     if (result.deviations.empty()) {
         const bool equal =
             program.rated() && std::abs(program.ir - result.ir) <= kEqual * std::abs(result.ir);
-        return equal ? "No deviation acts: both are equal.\n" : "No numbered deviation acts.\n";
+        return equal ? "No deviation acts: both are equal.\n"
+                     : "No deviation alone changes this result.\n";
     }
     std::string text, others;
     for (const standard::DeviationCost& at : result.deviations) {

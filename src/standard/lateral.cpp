@@ -211,7 +211,7 @@ double ClosedMoment(const LateralCase& m, bool sagging)
     const double sense = SenseOfLoads(m);
     const double level = LoadLevel(s, q) - q.centre_z;
     const double zg = sense < 0 ? m.basis.pick(Dev::d213, level, -level) : sense * level;
-    const double zj = sagging ? q.zj : -q.zj;
+    const double zj = sagging ? q.zj : -q.zj_hogging;
     const double lever = s.c2 * zg - s.c3 * zj;
     const double euler = clauses::EulerLoad(q.e, q.iz, length);
     return s.c1 * euler *
@@ -229,8 +229,9 @@ double UnequalAngleMoment(const ProjectState& s, const StandardSection& q, bool 
     return euler * (std::sqrt(section.git / euler + zj * zj) + zj);
 }
 
-double NumericalMoment(const LateralCase& m, double largest)
+double NumericalMoment(const LateralCase& m, double moment)
 {
+    const bool sagging = moment > 0;
     const ProjectState& s = m.s;
     const StandardSection& q = m.p.q;
     const CombinedLines& lines = m.lines;
@@ -248,9 +249,11 @@ double NumericalMoment(const LateralCase& m, double largest)
         held[i] = line.At(lines.grid.Length() * static_cast<double>(i + 1) /
                           static_cast<double>(restraints + 1));
     }
-    const double alpha = m.p.solved.Factor(
-        SectionFor(q), {ends.start, ends.end, {held.data(), restraints}}, line.Line());
-    return alpha * largest * kNmm;
+    LateralSection section = SectionFor(q);
+    section.zj = sagging ? q.zj : q.zj_hogging;
+    const double alpha =
+        m.p.solved.Factor(section, {ends.start, ends.end, {held.data(), restraints}}, line.Line());
+    return alpha * std::abs(moment) * kNmm;
 }
 
 // Tables 6.4 and 6.5, h/b of the compressed flange.
@@ -316,7 +319,7 @@ double ProgramMoment(const LateralCase& m, double x)
 double CriticalMomentOf(const LateralCase& m, const LineExtreme& most)
 {
     if (m.p.q.Angle()) {  // no C factors are entered for it
-        return m.p.q.angle.equal ? NumericalMoment(m, std::abs(most.value))
+        return m.p.q.angle.equal ? NumericalMoment(m, most.value)
                                  : UnequalAngleMoment(m.s, m.p.q, most.value > 0);
     }
     if (m.s.cmanual != kFalse) {
@@ -328,7 +331,7 @@ double CriticalMomentOf(const LateralCase& m, const LineExtreme& most)
             return formula;
         }
     }
-    return NumericalMoment(m, std::abs(most.value));
+    return NumericalMoment(m, most.value);
 }
 
 // MEd,max. D201: the program sees the moments at the ends of its segments only.

@@ -25,7 +25,7 @@ struct Member {
 
 // The program's section step, for the section record and the switches of the family. The reason
 // where the standard basis has no result for the member.
-std::string PrepareState(const Library& library, ProjectState& s);
+std::string PrepareState(const Library& library, ProjectState& s, const Basis& basis);
 
 // Section and member checks of one combination. False where the numerical solution does not take
 // the member.

@@ -207,7 +207,9 @@ void SetSingleSymmetricI(const ProjectState& s, StandardSection& q, const Basis&
     const double ibot = std::pow(q.bottom.b, 3) * q.bottom.t / 12;
     const double hs = q.h - q.top.t / 2 - q.bottom.t / 2;
     q.centre_z = itop / (itop + ibot) * hs + q.bottom.t / 2 - q.below;
-    q.zj = basis.pick(Dev::d57, s.zjtop, AsymmetryOf(q));
+    const double exact = AsymmetryOf(q);
+    q.zj = basis.pick(Dev::d57, s.zjtop, exact);
+    q.zj_hogging = basis.pick(Dev::d57, -s.zjbot, exact);
     q.wply = basis.pick(Dev::d186, s.wply, PlasticModulusOfPlates(q));
 }
 
@@ -299,16 +301,16 @@ bool Covered(const ProjectState& s)
     return !Is(s, Kind::none);
 }
 
-std::string_view NoSectionReason(const Library& library, const ProjectState& s)
+std::string_view NoSectionReason(const Library& library, const ProjectState& s, const Basis& basis)
 {
     const std::string_view grade = GradeOf(library, s);
-    if (!grade.empty() && s.tmax > kTableEnds) {
+    if (!grade.empty() && s.tmax > kTableEnds && basis.departs(Dev::d22)) {
         return "thickness above 80 mm: EN 1993-1-1, Table 3.1 has no strength";
     }
-    if (s.tmax > kThick && grade.ends_with("MH/MLH")) {
+    if (s.tmax > kThick && grade.ends_with("MH/MLH") && basis.departs(Dev::d21)) {
         return "MH and MLH grades above 40 mm: EN 1993-1-1, Table 3.1 has no strength";
     }
-    if (Is(s, Kind::tube) && s.d / (s.tw * 235.0 / s.fyk) > 90) {
+    if (Is(s, Kind::tube) && s.d / (s.tw * 235.0 / s.fyk) > 90 && basis.departs(Dev::d175)) {
         return "tube of class 4: outside EN 1993-1-1, use EN 1993-1-6";
     }
     return {};

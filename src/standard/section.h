@@ -59,7 +59,8 @@ struct StandardSection {
     double wply, wplz;
     double avz, avy;            // shear areas, 6.2.6 (3)
     double centre_y, centre_z;  // shear centre from the centroid, sizes with sign
-    double zj;                  // under sagging moments; under hogging ones -zj
+    double zj;                  // z upwards; under hogging moments it counts as -zj_hogging
+    double zj_hogging;          // zj, but by the formula of the program (D57)
     std::array<Wall, kMaxWalls> walls;
     std::size_t wall_count;
     std::array<Strip, kMaxStrips> strips;  // T, hat beams, unequal boxes, stiffened plates
@@ -110,7 +111,8 @@ bool Covered(const ProjectState& s);
 
 // After the program's section step (the record, fyk, gammam0). The reason where the standard gives
 // no value: Table 3.1 ends at 80 mm and, for MH and MLH grades, at 40 mm.
-std::string_view NoSectionReason(const Library& library, const ProjectState& s);
+// Deviations D21, D22, D175.
+std::string_view NoSectionReason(const Library& library, const ProjectState& s, const Basis& basis);
 // Deviations D20, D21, D24, D29, D51, D53, D54, D57, D169, D186.
 StandardSection SectionOf(const Library& library, const ProjectState& s, const Basis& basis);
 

@@ -187,7 +187,7 @@ void Govern(const ProjectState& s, StandardResult& result)
 
 }  // namespace
 
-std::string PrepareState(const Library& library, ProjectState& s)
+std::string PrepareState(const Library& library, ProjectState& s, const Basis& basis)
 {
     for (const InputFaults& faults : {Validate(s, &library), Unfinished(s)}) {
         if (faults.count > 0) {
@@ -205,7 +205,7 @@ std::string PrepareState(const Library& library, ProjectState& s)
     if (!Covered(s)) {
         return "this family is not covered by the standard basis yet";
     }
-    const std::string_view reason = NoSectionReason(library, s);
+    const std::string_view reason = NoSectionReason(library, s, basis);
     return std::string(reason.empty() ? NoLoadsReason(s) : reason);
 }
 
@@ -229,9 +229,10 @@ StandardResult CalculateStandard(const Library& library, const ProjectState& pro
 {
     ProjectState s = project;
     StandardResult result;
-    const std::string reason = PrepareState(library, s);
+    const std::string reason = PrepareState(library, s, basis);
     if (!reason.empty()) {
         result.outside.push_back(reason);
+        result.met = basis.met();
         return result;
     }
     if (s.modal == 1) {

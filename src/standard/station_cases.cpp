@@ -284,7 +284,7 @@ StationCases::StationCases(const Library& library, const ProjectState& project)
 {
     data_->s = project;
     PutLoadsAside(data_->s);
-    reason_ = PrepareState(library, data_->s);
+    reason_ = PrepareState(library, data_->s, data_->basis);
     if (reason_.empty()) {
         const Basis& basis = data_->basis;
         data_->member.section = Prepare(SectionOf(library, data_->s, basis), basis);

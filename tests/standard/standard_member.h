@@ -4,6 +4,7 @@
 // one, no loads.
 
 #include "core/load_combination.h"
+#include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "sections/load_library.h"
 #include "sections/section_names.h"
@@ -84,6 +85,16 @@ inline double Ratio(const standard::StandardResult& result, standard::CheckId id
 inline double Ratio(const ProjectState& s, standard::CheckId id)
 {
     return Ratio(Rated(s), id);
+}
+
+// With one deviation switched back to the program's rule; -1 without the check.
+inline double Back(const ProjectState& s, Dev deviation, standard::CheckId id)
+{
+    ProjectState program = s;
+    const bool well = Calculate(Delivered(), program);
+    return Ratio(standard::CalculateStandard(Delivered(), s, Basis::StandardBut(deviation),
+                                             well ? &program : nullptr),
+                 id);
 }
 
 }  // namespace kestrum
