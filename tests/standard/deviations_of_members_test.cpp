@@ -337,5 +337,107 @@ TEST(DeviationsOfMembers, D209TorsionCouplesWithBucklingAboutZ)
     EXPECT_GT(Ratio(s, CheckId::torsional), 1.01 * Back(s, Dev::d209, CheckId::torsional));
 }
 
+// Web 600x10, flanges 300x15: class 3 under N with My, class 1 under My alone. Annex B, equal end
+// moments: 1 + 0.6 lam n of class 3; 1 + (lam - 0.2) n. lam is 0.16, chi 1, n 1410/3525.
+ProjectState ClassThreeByTheAxialForce(i16 method)
+{
+    ProjectState s = Unloaded(4, 235);
+    s.family = 21;
+    s.p21 = {630, 300, 10, 15};
+    s.method = method;
+    EndForces(s, 1410, 100, 0);
+    return s;
+}
+
+TEST(DeviationsOfMembers, D223ClassOfTheSectionPicksTheColumnOfAnnexB)
+{
+    const ProjectState s = ClassThreeByTheAxialForce(2);
+    const double n = 0.4;
+    const double iy = (300 * std::pow(630, 3) - 290 * std::pow(600, 3)) / 12;
+    const double lam = std::sqrt(15000 * 235 / Euler(iy, 4000));
+    const double m = 100e6 / (iy / 315 * 235);
+    EXPECT_NEAR(Ratio(s, CheckId::eq661) - n, (1 + 0.6 * lam * n) * m, 1e-4);
+    EXPECT_NEAR(Back(s, Dev::d223, CheckId::eq661) - n, (1 + (lam - 0.2) * n) * m, 1e-4);
+}
+
+// Annex A: the plastic column divides by Cyy and Czy; the elastic one does not.
+TEST(DeviationsOfMembers, D218ClassOfTheSectionPicksTheColumnOfAnnexA)
+{
+    const ProjectState s = ClassThreeByTheAxialForce(1);
+    EXPECT_NE(Ratio(s, CheckId::eq661), Back(s, Dev::d218, CheckId::eq661));
+    EXPECT_GT(Ratio(s, CheckId::eq662), Back(s, Dev::d218, CheckId::eq662));
+}
+
+// Equal angle in bending: a row for lateral torsional buckling; none.
+TEST(DeviationsOfMembers, D226AnglesBuckleLaterally)
+{
+    ProjectState s = Unloaded(3, 235);
+    s.family = 10;
+    s.qload[1] = 0.5F;
+    EXPECT_GT(Ratio(s, CheckId::ltb), 0);
+    EXPECT_LT(Back(s, Dev::d226, CheckId::ltb), 0);
+}
+
+// C1 0.7 of the user, kc 1/sqrt(0.7) in the British annex: f is at most 1; at a slenderness above
+// 1.507 kc above 1 makes it fall below.
+TEST(DeviationsOfMembers, D216CorrectionFactorIsAtMostOne)
+{
+    ProjectState s = Beam("IPE 400", 14, 1);
+    s.annexindex = kAnnexUk;
+    s.lamdalt0 = 0.2F;  // so that 1/lam^2 does not govern
+    s.beta = 1;
+    s.ltbcurve = 3;
+    s.cmanual = kTrue;
+    s.c1 = 0.7F;
+    s.c2 = s.c3 = 0;
+    EXPECT_GT(Ratio(s, CheckId::ltb), 1.02 * Back(s, Dev::d216, CheckId::ltb));
+    s.c1 = 1.3F;
+    EXPECT_EQ(Ratio(s, CheckId::ltb), Back(s, Dev::d216, CheckId::ltb));
+}
+
+// HEA 200, 8 m, held at mid-span, uniform load: C1 of the half 1.34 by the refined solution; 1.77
+// of the straight line from 0 to q L^2/8.
+TEST(DeviationsOfMembers, D233CriticalMomentBetweenRestraints)
+{
+    ProjectState s = Beam("HEA 200", 8, 5);
+    s.ltbcurve = 2;
+    s.lamdalt0 = 0.2F;
+    s.restraints = 1;
+    ProjectState of = s;
+    CalcSection(Delivered(), of);
+    const double ncr = Euler(of.iz, 4000);
+    const double uniform = ncr * std::sqrt(of.iw / of.iz + 210000 / 2.6 * of.it / ncr);
+    const double resistance = 1.0 * of.wply * 235;
+    const auto ratio = [&](double c1) {
+        return 40e6 / (Chi(std::sqrt(resistance / (c1 * uniform)), 0.21) * resistance);
+    };
+    EXPECT_NEAR(Ratio(s, CheckId::ltb), ratio(1.34), 1e-3);
+    EXPECT_NEAR(Back(s, Dev::d233, CheckId::ltb), ratio(1.77), 1e-3);
+}
+
+// Cantilever of a bar 200x10 (Iw 0), uniform load in the shear centre: 12.85/2 sqrt(EIz GIt)/L; a
+// pinned beam of 2 L under a point load, 1.35 pi/2 of it. Curve d.
+TEST(DeviationsOfMembers, D238CriticalMomentOfACantilever)
+{
+    ProjectState s = Beam("HEB 200", 2, 1);
+    s.family = 28;
+    s.p28 = {200, 10};
+    s.supportcase = 4;
+    s.ltbk = 2;
+    s.ltbcurve = 2;
+    s.lamdalt0 = 0.2F;
+    s.nload[1] = 0.001F;
+    s.checkconsercontrol = kTrue;
+    ProjectState of = s;
+    CalcSection(Delivered(), of);
+    const double root = std::sqrt(210000.0 * of.iz * 210000 / 2.6 * of.it) / 2000;
+    const double resistance = 1.0 * of.wply * 235;
+    const auto ratio = [&](double mcr) {
+        return 2e6 / (Chi(std::sqrt(resistance / mcr), 0.76) * resistance);
+    };
+    EXPECT_NEAR(Ratio(s, CheckId::ltb), ratio(12.85 / 2 * root), 2e-3);
+    EXPECT_NEAR(Back(s, Dev::d238, CheckId::ltb), ratio(1.35 * std::numbers::pi / 2 * root), 2e-3);
+}
+
 }  // namespace
 }  // namespace kestrum

@@ -393,5 +393,196 @@ TEST(DeviationsOfSections, D160CompressedEdgeIsFurtherFromTheAxis)
     EXPECT_NEAR(program / standard, (250 + shift) / (250 - shift), 1e-9);
 }
 
+// A web of 2 mm: of the stocky flanges nothing is lost, so that the program's
+// distance of the axis from the compressed edge is shorter by what the web loses of the area.
+TEST(DeviationsOfSections, D183CentroidOfTheWholeEffectiveArea)
+{
+    const StandardSection q = SectionIn(UnequalI(2), Basis::Standard());
+    const auto standard = standard::EffectiveAboutY(q, false, Basis::Standard());
+    const auto program = standard::EffectiveAboutY(q, false, Basis::StandardBut(Dev::d183));
+    ASSERT_LT(standard.a, q.a - 10);
+    EXPECT_NEAR((q.below + program.zc) / (q.below + standard.zc), standard.a / q.a, 1e-9);
+}
+
+// Web 590x2 of a plate in S235, 200 mm above its axis and 390 below, welds of 6 mm: psi -390/200 by
+// the welds, -396/206 from flange to flange. Table 4.1: k = 5.98 (1 - psi)^2; the compressed part,
+// 590/(1 - psi), loses 1 - rho.
+TEST(DeviationsOfSections, D195CompressedWebCountsBetweenTheWelds)
+{
+    StandardSection q{};
+    q.kind = Kind::plate;
+    q.eps = 1;
+    q.r = 6;
+    q.a = 5000;
+    q.iy = 1e8;
+    q.walls[0] = {0, -390, 0, 200, 2, false};
+    q.wall_count = 1;
+    const auto lost = [](double psi) {
+        const double lam = 590 / 2.0 / (28.4 * std::sqrt(5.98) * (1 - psi));
+        const double rho = (lam - 0.055 * (3 + psi)) / (lam * lam);
+        return 2 * (1 - rho) * 590 / (1 - psi);
+    };
+    EXPECT_NEAR(q.a - standard::EffectiveAboutY(q, true, Basis::Standard()).a, lost(-1.95), 1e-6);
+    EXPECT_NEAR(q.a - standard::EffectiveAboutY(q, true, Basis::StandardBut(Dev::d195)).a,
+                lost(-396.0 / 206), 1e-6);
+}
+
+// PFC 430x100x64 of 690 MPa: the web buckles where Mz compresses it; Wel,z whatever buckles.
+TEST(DeviationsOfSections, D162ChannelsOfClassFourAboutZ)
+{
+    const StandardSection q = SectionIn(Named("PFC 430x100x64", 4, 690), Basis::Standard());
+    EXPECT_LT(standard::EffectiveValuesOf(q, Basis::Standard()).wz, q.LeastWelz());
+    EXPECT_EQ(standard::EffectiveValuesOf(q, Basis::StandardBut(Dev::d162)).wz, q.LeastWelz());
+}
+
+// Flanges 300x6, web 8: outstands c with k 0.57, each flange loses (1 - rho) c at one tip; two of
+// width w: t w^2/3.
+TEST(DeviationsOfSections, D200ModulusOfTheFlangesAlone)
+{
+    ProjectState s = UnequalI();
+    s.p22 = {400, 300, 300, 8, 6, 6};
+    const StandardSection q = SectionIn(s, Basis::Standard());
+    const double c = 146 - q.r;
+    const double lam = c / 6 / (28.4 * std::sqrt(0.57));
+    const double w = 300 - (1 - (lam - 0.188) / (lam * lam)) * c;
+    const double program = standard::EffectiveValuesOf(q, Basis::StandardBut(Dev::d200)).wz;
+    EXPECT_NEAR(program, 6 * w * w / 3, 1e-5 * program);
+    EXPECT_LT(standard::EffectiveValuesOf(q, Basis::Standard()).wz, q.LeastWelz());
+}
+
+// N alone on a section of class 4 that is symmetric about one axis: N/(Aeff fy) with NEd eN; no
+// moment, and no row for it.
+void ExpectShift(ProjectState s, Dev deviation, CheckId id)
+{
+    s.loadmode = 1;
+    s.nload[1] = 300;
+    EXPECT_GT(Ratio(s, id), Ratio(s, CheckId::section_n));
+    EXPECT_LT(Back(s, deviation, id), 0);
+}
+
+TEST(DeviationsOfSections, D164ShiftOfTheCentroidOfAChannel)
+{
+    ExpectShift(Named("PFC 430x100x64", 1, 690), Dev::d164, CheckId::section_nm);
+}
+
+TEST(DeviationsOfSections, D198ShiftOfTheCentroidOfAnUnequalI)
+{
+    ExpectShift(UnequalI(4), Dev::d198, CheckId::section_nm);
+}
+
+TEST(DeviationsOfSections, D230ShiftOfTheCentroidInBuckling)
+{
+    ExpectShift(Named("PFC 430x100x64", 1, 690), Dev::d230, CheckId::interaction_outside);
+}
+
+// --- Limits of classes ---------------------------------------------------------------------------
+
+// RHS 100x6.3, hot finished: b - 3 t; between corners of the inner radius t, b - 4 t.
+TEST(DeviationsOfSections, D53StraightPartOfHollowSections)
+{
+    const ProjectState s = Named("RHS 100x6.3", 4, 235);
+    EXPECT_NEAR(SectionIn(s, Basis::Standard()).walls[0].Width(), 81.1, 1e-4);
+    EXPECT_NEAR(SectionIn(s, Basis::StandardBut(Dev::d53)).walls[0].Width(), 74.8, 1e-4);
+}
+
+// Outstands of exactly 9 t, S235.
+TEST(DeviationsOfSections, D156LimitsBelongToTheBetterClass)
+{
+    ProjectState s = WeldedI(300, 320, 12, 16);
+    s.p21 = {300, static_cast<float>(2 * (144 + 6 + SectionIn(s, Basis::Standard()).r)), 12, 16};
+    ExpectClasses(s, {1, false, false, false}, Dev::d156, 1, 2);
+}
+
+TEST(DeviationsOfSections, D187LimitsOfUnequalIBelongToTheBetterClass)
+{
+    ProjectState s = UnequalI();
+    const float b = static_cast<float>(2 * (144 + 6 + SectionIn(s, Basis::Standard()).r));
+    s.p22 = {300, b, 200, 12, 16, 16};
+    ExpectClasses(s, {1, false, false, false}, Dev::d187, 1, 2);
+}
+
+// Webs of exactly 33 t.
+TEST(DeviationsOfSections, D166LimitsOfBoxesBelongToTheBetterClass)
+{
+    ProjectState s = Box(400, 200, 10, 12);
+    const double around = 400 - SectionIn(s, Basis::Standard()).walls[1].Width();
+    s.p23.isth = static_cast<float>(330 + around);
+    ExpectClasses(s, {1, false, false, false}, Dev::d166, 1, 2);
+}
+
+// IPE 600, S355: d 514, between the flanges 562, web 12: alpha 0.75 of d leaves class 2 up to 456 x
+// 0.8136/8.75 = 42.4 below 514/12 = 42.8; 0.5 + 0.25 x 514/562 = 0.7286, up to 43.8.
+TEST(DeviationsOfSections, D165CompressedShareOfTheStraightPart)
+{
+    ExpectClasses(Named("IPE 600", 4, 355), {0.5 * 514 * 12 * 355, true, false, false}, Dev::d165,
+                  3, 2);
+}
+
+// The lower flange is the smaller: the web under hogging has psi above -1; between 42/(0.67 + 0.33
+// psi) and 126/(2 + psi).
+TEST(DeviationsOfSections, D188ElasticLimitOfTheWeb)
+{
+    ProjectState s = UnequalI();
+    s.p22 = {800, 300, 150, 9, 20, 16};
+    for (int i = 0; i < 20; ++i) {
+        const StandardSection q = SectionIn(s, Basis::Standard());
+        const standard::Wall& web = q.walls[4];
+        const double psi = web.z1 / web.z0;
+        const double between = (42 / (0.67 + 0.33 * psi) + 126 / (2 + psi)) / 2;
+        s.p22.isttw = static_cast<float>(web.Width() / between);
+    }
+    ExpectClasses(s, {0, false, true, false}, Dev::d188, 4, 3);
+}
+
+// Web 600x10 between flanges 300x15; N as much as the web yields with, 0.4 Npl: class 1 under My
+// alone, class 3 with N (alpha 1, psi -0.2, 60 below 42/0.604 = 69.5).
+ProjectState ClassThreeWithAxialForce()
+{
+    ProjectState s = WeldedI(630, 300, 10, 15);
+    EndForces(s, 1410, 100, 0);
+    return s;
+}
+
+TEST(DeviationsOfSections, D153OneClassUnderAllForces)
+{
+    const ProjectState s = ClassThreeWithAxialForce();
+    const double iy = (300 * std::pow(630, 3) - 290 * std::pow(600, 3)) / 12;
+    const double wpl = 2 * 4500 * 307.5 / 1 + 10 * 600 * 600 / 4.0;
+    EXPECT_NEAR(Ratio(s, CheckId::section_my), 100e6 / (iy / 315 * 235), 1e-5);
+    EXPECT_NEAR(Back(s, Dev::d153, CheckId::section_my), 100e6 / (wpl * 235), 1e-5);
+}
+
+// General profile, class 3 entered for N, 1 for My.
+TEST(DeviationsOfSections, D173ClassOfCompressionBesideAMoment)
+{
+    StandardSection q{};
+    q.kind = Kind::general;
+    q.entered = {3, 1, 1};
+    const ActingForces forces{1, true, false, false};
+    EXPECT_EQ(standard::ClassOf(q, forces, Basis::Standard()), 3);
+    EXPECT_EQ(standard::ClassOf(q, forces, Basis::StandardBut(Dev::d173)), 1);
+}
+
+// T of the default: tw (h - tf/2); eta hw tw.
+TEST(DeviationsOfSections, D32ShearAreaOfAWebWithOneFlange)
+{
+    ProjectState s = Unloaded(4, 235);
+    s.family = 26;
+    s.neta = 1.2F;
+    const StandardSection q = SectionIn(s, Basis::Standard());
+    EXPECT_NEAR(q.avz, q.tw * (q.h - q.top.t / 2), 1e-6 * q.avz);
+    EXPECT_NEAR(SectionIn(s, Basis::StandardBut(Dev::d32)).avz, 1.2 * q.hw * q.tw, 1e-6 * q.avz);
+}
+
+// Hat beam under Mz; the program leaves it out.
+TEST(DeviationsOfSections, D189HatBeamsTakeMz)
+{
+    ProjectState s = Unloaded(4, 235);
+    s.family = 24;
+    EndForces(s, 0, 10, 5);
+    EXPECT_GT(Ratio(s, CheckId::section_mz), 0);
+    EXPECT_LT(Back(s, Dev::d189, CheckId::section_mz), 0);
+}
+
 }  // namespace
 }  // namespace kestrum
