@@ -4,13 +4,50 @@
 #include "members.h"
 #include "standard/standard.h"
 
+#include "engine/prepared.h"
+#include "standard/station_cases.h"
+
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdio>
 #include <string_view>
 
+namespace {
+
+using namespace kestrum;
+
+// A case of forces at eleven stations on a prepared beam: end moments, a uniform load, N.
+constexpr std::array<std::string_view, 2> kCases = {"case_program", "case_standard"};
+
+bool RunCases(std::string_view name, int count)
+{
+    ProjectState s = Default();
+    s.family = 4;
+    s.ltb = 1;
+    s.method = 1;
+    std::array<Station, 11> stations;
+    for (std::size_t i = 0; i < stations.size(); ++i) {
+        const double x = s.l * static_cast<double>(i) / 10;
+        stations[i] = {.x = x, .n = 20, .vz = 4 * (s.l / 2 - x), .my = 2 * x * (s.l - x) - 5};
+    }
+    const PreparedMember member = Prepare(Delivered(), s);
+    StationRun run;
+    standard::StationCases cases(Delivered(), s);
+    for (int i = 0; i < count; ++i) {
+        if (name == kCases[0]) {
+            run.Case(member, stations);
+        } else {
+            cases.Case(stations);
+        }
+    }
+    return name == kCases[0] || name == kCases[1];
+}
+
+}  // namespace
+
 int main(int argc, char** argv)
 {
-    using namespace kestrum;
     const std::string_view wanted = argc > 1 ? argv[1] : "";
     const std::string_view digits = argc > 2 ? argv[2] : "1";
     const bool by_standard = argc > 3 && std::string_view(argv[3]) == "standard";
@@ -32,5 +69,9 @@ int main(int argc, char** argv)
         }
         return 0;
     }
-    return wanted.empty() ? 0 : 2;
+    if (wanted.empty()) {
+        std::for_each(kCases.begin(), kCases.end(), [](auto name) { std::puts(name.data()); });
+        return 0;
+    }
+    return RunCases(wanted, count) ? 0 : 2;
 }

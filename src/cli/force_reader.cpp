@@ -286,7 +286,9 @@ bool ForceReader::Next(ForcePiece& piece)
 {
     piece.lines.clear();
     piece.numbers.clear();
-    return sorter_ ? NextSorted(piece) : NextStreamed(piece);
+    const bool more = sorter_ ? NextSorted(piece) : NextStreamed(piece);
+    // Where the user stops the program rows of the last case may be missing.
+    return more && !interrupt_.raised();
 }
 
 }  // namespace kestrum::cli

@@ -225,6 +225,30 @@ TEST_F(EnvelopeCommand, GoesOnWhereItWasStopped)
     }
 }
 
+// Wherever the run is, in the first reading of the table, among the members or at its end.
+TEST_F(EnvelopeCommand, AnInterruptedRunGoesOnToTheSameAnswers)
+{
+    Write("m.csv", Members(60));
+    Forces("f.csv", Rows(60, 60));
+    const std::string command = "'" KESTRUM_BIN "/kestrum' envelope m.csv f.csv --all --jobs 1 -o ";
+    Shell(command + "whole.csv");
+    const std::string whole = Read("whole.csv");
+    ASSERT_EQ(LinesOf(whole).size(), 3601U);
+    for (const char* after : {"0.02", "0.1", "0.2", "0.4"}) {
+        const Said stopped = Shell(command + "w.csv & sleep " + after +
+                                   "; kill -TERM $! 2>/dev/null; wait $!; echo ended $?");
+        EXPECT_THAT(stopped.err, Not(HasSubstr("last station"))) << "a case was cut";
+        if (!std::filesystem::exists(Path("w.csv"))) {
+            EXPECT_THAT(stopped.err, HasSubstr("stopped: "));
+            ASSERT_TRUE(std::filesystem::exists(Path("w.csv.part")));
+            Shell(command + "w.csv --resume");
+        }
+        EXPECT_EQ(Read("w.csv"), whole) << after;
+        EXPECT_FALSE(std::filesystem::exists(Path("w.csv.part")));
+        std::filesystem::remove(Path("w.csv"));
+    }
+}
+
 TEST_F(EnvelopeCommand, TablesOfOthersAreRead)
 {
     Write("m.csv", Members(1));
