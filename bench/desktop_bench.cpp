@@ -1,6 +1,9 @@
 // Times of the real windows, drawn offscreen: from the program's start to the first result, and
-// from leaving a box to the new panel.
+// from leaving a box to the new panel; and of what the windows do with every change.
 
+#include "app/section_list.h"
+#include "app/state_text.h"
+#include "sections/families.h"
 #include "sections/load_library.h"
 #include "ui/main_window.h"
 
@@ -10,6 +13,7 @@
 #include <QLineEdit>
 #include <QTemporaryDir>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -69,10 +73,16 @@ void StartToFirstResult(benchmark::State& state)
 }
 BENCHMARK(StartToFirstResult)->Unit(benchmark::kMillisecond);
 
+// With the list of sections in sight, or without.
 void LeaveABoxToNewPanel(benchmark::State& state)
 {
     const QTemporaryDir folder;
     Program program(folder);
+    if (state.range(0) != 0) {
+        program.session.edit().family = 101;  // the longest list
+        program.session.Calculate();
+        program.window.OpenForm("p101");
+    }
     auto* const length = program.window.findChild<QLineEdit*>(QStringLiteral("il"));
     bool longer = false;
     for (auto _ : state) {
@@ -83,7 +93,38 @@ void LeaveABoxToNewPanel(benchmark::State& state)
         program.Paint();
     }
 }
-BENCHMARK(LeaveABoxToNewPanel)->Unit(benchmark::kMillisecond);
+BENCHMARK(LeaveABoxToNewPanel)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// Rows of all families of rolled and hollow sections, each calculated with its verdict.
+void SectionsRated(benchmark::State& state)
+{
+    const Library library = LoadLibrary(std::string(KESTRUM_SHARE));
+    Silent silent;
+    Session session(library, silent, false);
+    session.Calculate();
+    std::int64_t rows = 0;
+    for (auto _ : state) {
+        ProjectState s = session.state();
+        for (const int family : FamilyNumbers()) {
+            s.family = static_cast<i16>(family);
+            rows += static_cast<std::int64_t>(RateSections(library, s).size());
+        }
+    }
+    state.SetItemsProcessed(rows);
+}
+BENCHMARK(SectionsRated)->Unit(benchmark::kMillisecond);
+
+void WorkAsText(benchmark::State& state)
+{
+    const Library library = LoadLibrary(std::string(KESTRUM_SHARE));
+    Silent silent;
+    Session session(library, silent, false);
+    session.Calculate();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(StateText(session.state()));
+    }
+}
+BENCHMARK(WorkAsText)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace kestrum

@@ -194,6 +194,12 @@ void Session::Redo()
     }
 }
 
+void Session::Pin()
+{
+    pinned_ = history_.now();
+    Publish();
+}
+
 bool Session::modified() const
 {
     return history_.now().step != documents_[document_].saved;

@@ -86,6 +86,10 @@ public:
     // The start is over: there is no way behind it.
     void ForgetSteps() { history_.Forget(); }
 
+    // The design in hand becomes the one that others are compared with.
+    void Pin();
+    const std::optional<Snapshot>& pinned() const { return pinned_; }
+
     // Whether there is work that no file holds.
     bool modified() const;
     void MarkSaved();
@@ -157,6 +161,7 @@ private:
     bool unsaved_ = false;     // what has come in
     std::string_view typing_;  // field of the text that is being typed
     std::optional<Refused> refused_;
+    std::optional<Snapshot> pinned_;
 };
 
 }  // namespace kestrum

@@ -19,6 +19,15 @@ bool OpenModal(Session& session)
     return ModalResultShown(session.state());
 }
 
+// With nothing pinned, what comes is compared with what is there now.
+bool OpenCompare(Session& session)
+{
+    if (!session.pinned()) {
+        session.Pin();
+    }
+    return true;
+}
+
 template <void (*kHandler)(Session&)> bool After(Session& session)
 {
     kHandler(session);
@@ -48,6 +57,7 @@ const std::vector<FormMaker>& AllForms()
         {"InfoKESTRUM", MakeInfoKestrum, Open},
         {"infoendsupport", MakeInfoEndSupport, Open},
         {"sectionpicture", MakeSectionPicture, Open},
+        {"compare", MakeCompare, OpenCompare},
     };
     return forms;
 }

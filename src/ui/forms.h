@@ -38,6 +38,7 @@ Form* MakeInfoUls(Desk& desk, QWidget* parent);
 Form* MakeInfoVipping(Desk& desk, QWidget* parent);
 Form* MakeInfoKestrum(Desk& desk, QWidget* parent);
 Form* MakeInfoEndSupport(Desk& desk, QWidget* parent);
+Form* MakeCompare(Desk& desk, QWidget* parent);
 Form* MakeSectionPicture(Desk& desk, QWidget* parent);
 
 // The form of a section family.

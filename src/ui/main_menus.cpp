@@ -199,6 +199,10 @@ void MainWindow::BuildEditMenu(QMenu* menu)
     redo->setShortcuts(
         QList<QKeySequence>{Qt::CTRL | Qt::SHIFT | Qt::Key_Z, QKeySequence(Qt::CTRL | Qt::Key_Y)});
     menu->addSeparator();
+    AddAction(menu, QStringLiteral("mnupin"), tr("&Pin as A"), {}, [this] { desk_.session.Pin(); });
+    AddAction(menu, QStringLiteral("mnucompare"), tr("Co&mpare with A"), {},
+              [this] { OpenForm("compare"); });
+    menu->addSeparator();
     AddAction(menu, QStringLiteral("mnucopyresults"), tr("&Copy results"),
               Qt::CTRL | Qt::SHIFT | Qt::Key_C,
               [this] { QApplication::clipboard()->setText(ToQt(ResultsAsText(desk_.session))); });

@@ -137,6 +137,7 @@ TEST_F(Captions, EveryControlHasItsName)
         {"vipping", "latbuckl1 latbuckl4 Curve2 Curve3 loadl1 loadl2 loadl3 loadl4 iza cbo "
                     "piclateralrestraint Cfactor C1factor ic1 ic2 ic3 ombrd"},
         {"detailedresult", "MSFlexGrid1 cmdDetailedResult ok"},
+        {"compare", "comparison pin ok"},
         {"p01", "osta ostiy ostiz ostix ostiw ostwely ostwelz ostwply ostwplz ostaeff ostweffy "
                 "ostweffz ostg ostf osectionclass ontd oncd omyd omzd ovzd ovyd"},
         {"p07", "cbuttbucklingy"},

@@ -15,8 +15,10 @@
 #include "ui/text.h"
 #include "ui/theme.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -149,6 +151,14 @@ void TakeForms(Photographer& camera, Desk& desk, const QString& suffix)
             shown->hide();
         }
         ChooseFamily(desk.session, 1);
+    }
+    const QString name = QStringLiteral("form-finder") + suffix;
+    if (camera.Wanted(name)) {
+        window.findChild<QAction*>(QStringLiteral("mnufind"))->trigger();
+        auto* const finder = window.findChild<QDialog*>(QStringLiteral("finder"));
+        finder->findChild<QLineEdit*>()->setText(QStringLiteral("length 7"));
+        camera.Take(*finder, name);
+        finder->hide();
     }
 }
 
