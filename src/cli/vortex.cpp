@@ -27,7 +27,7 @@ std::string NotesText(const ProjectState& s)
     std::string text;
     for (const NoteRule& rule : ServiceNoteRules()) {
         if (rule.acts(s)) {
-            text += "note " + std::string(rule.id) + ": " + std::string(rule.text) + "\n";
+            text += "note " + std::string(rule.id) + ": " + std::string(rule.Text()) + "\n";
         }
     }
     return text;

@@ -1,5 +1,6 @@
 #include "core/basis.h"
 
+#include <algorithm>
 #include <array>
 
 namespace kestrum {
@@ -26,6 +27,16 @@ std::string_view NameOf(Dev deviation)
 std::string_view TextOf(Dev deviation)
 {
     return kDescribed[IndexOf(deviation)].text;
+}
+
+std::optional<Dev> DeviationOf(std::string_view name)
+{
+    const auto found = std::find_if(kDescribed.begin(), kDescribed.end(),
+                                    [&](const Described& at) { return at.name == name; });
+    if (found == kDescribed.end()) {
+        return std::nullopt;
+    }
+    return static_cast<Dev>(found - kDescribed.begin());
 }
 
 }  // namespace kestrum

@@ -8,7 +8,7 @@
 #include <bitset>
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <optional>
 #include <string_view>
 #include <type_traits>
 
@@ -31,6 +31,7 @@ using Deviations = std::bitset<kDeviations>;
 
 std::string_view NameOf(Dev deviation);  // "D161"
 std::string_view TextOf(Dev deviation);  // one sentence
+std::optional<Dev> DeviationOf(std::string_view name);
 constexpr std::size_t IndexOf(Dev deviation)
 {
     return static_cast<std::size_t>(deviation);

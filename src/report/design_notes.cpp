@@ -2,6 +2,7 @@
 
 #include "analysis/extremes.h"
 #include "core/annexes.h"
+#include "core/basis.h"
 #include "core/load_combination.h"
 #include "core/member_choices.h"
 #include "report/design_note_facts.h"
@@ -159,69 +160,47 @@ bool ProductStrengthIsLower(const ProjectState& s)
 }
 
 constexpr NoteRule kGeneral[] = {
-    {"D20", ShearAreaFactorOfALowerSteel,
-     "The shear area factor is still 1.2 although the strength is above 460 MPa; choose the annex "
-     "again to get the 1.0 of EN 1993-1-5, 5.1 (2)."},
-    {"D21", KeepsItsStrengthWhenThick,
-     "The grade keeps its strength over 40 mm here; EN 1993-1-1, Table 3.1 gives S355 H 335 MPa "
-     "and the grades MH/MLH none."},
-    {"D22", ThickerThanTheTable,
-     "A part is thicker than 80 mm, where EN 1993-1-1, Table 3.1 ends; enter the strength of the "
-     "product standard as own value."},
+    {"D20", ShearAreaFactorOfALowerSteel},
+    {"D21", KeepsItsStrengthWhenThick},
+    {"D22", ThickerThanTheTable},
     {"D24",
      [](const ProjectState& s) {
          return s.annexindex == kAnnexGe && (s.maxirbuckling > 0 || WebBucklesInShear(s));
-     },
-     "The partial factor gammaM1 is 1.0 in this annex; DIN EN 1993-1-1/NA gives 1.1."},
-    {"D37", ProductStrengthIsLower,
-     "The strength is that of EN 1993-1-1, Table 3.1; the National Annex of the United Kingdom "
-     "takes the product standard, which gives a lower one for this thickness. Enter it as own "
-     "value."},
-    {"D104", SpringSupportHidesMoment,
-     "The moment on the spring support is mixed with the end moment of a fixed beam; elastic "
-     "analysis gives a larger moment beside the support."},
-    {"D106", LoadsDropped,
-     "Loads that the section family does not take are left out; EN 1993-1-1, 6.2.9 combines all "
-     "forces that act."},
-    {"D107", CurvedShapeIsWorse,
-     "The moment line is curved on its left half only and is taken as that of a point load, which "
-     "gives more favourable factors for buckling."},
-    {"D109", ExtremesBetweenCheckSections,
-     "A moment or shear force between the points of the section control is more than 1 % larger "
-     "than at these points; add a check point there."},
+     }},
+    {"D37", ProductStrengthIsLower},
+    {"D104", SpringSupportHidesMoment},
+    {"D106", LoadsDropped},
+    {"D107", CurvedShapeIsWorse},
+    {"D109", ExtremesBetweenCheckSections},
 };
 
 constexpr NoteRule kService[] = {
-    {"D251", ModalMassIsIncomplete,
-     "The mass of the modal analysis counts uniform loads only, and upward ones as negative; with "
-     "the mass of the other loads the frequencies are lower."},
+    {"D251", ModalMassIsIncomplete},
     {"D254",
      [](const ProjectState& s) {
          constexpr int kCategoryThree = 3;
          return VortexChecked(s) && s.terrain == kCategoryThree;
-     },
-     "Terrain category III has the roughness length 0.03 m here; EN 1991-1-4, Table 4.1 gives "
-     "0.3 m and a lower mean wind speed."},
+     }},
     {"D255",
      [](const ProjectState& s) {
          constexpr int kFixedPinned = 1, kCantilever = 3;
          return VortexChecked(s) && (s.vortexcase == kFixedPinned || s.vortexcase == kCantilever);
-     },
-     "The natural frequency of the vortex check is up to 0.5 % too high by a rounded constant; "
-     "check the margin between 1.25 vm and vcrit."},
-    {"D259", [](const ProjectState& s) { return VortexChecked(s) && VortexSupportIsStiffer(s); },
-     "The vortex check takes a support of its own, which is stiffer than that of the member; "
-     "choose the member's."},
+     }},
+    {"D259", [](const ProjectState& s) { return VortexChecked(s) && VortexSupportIsStiffer(s); }},
     {"D256",
      [](const ProjectState& s) {
          return VortexChecked(s) &&
                 std::any_of(s.qload.begin() + 1, s.qload.end(), [](float q) { return q > 0; });
-     },
-     "The vortex check takes the mass of the section alone; other mass that the member carries "
-     "lowers the frequency and the critical wind speed."},
+     }},
 };
 
 }  // namespace
+
+std::string_view NoteRule::Text() const
+{
+    const auto deviation = DeviationOf(id);
+    return deviation ? TextOf(*deviation) : std::string_view{};
+}
 
 std::span<const NoteRule> GeneralNoteRules()
 {
@@ -248,7 +227,7 @@ std::vector<DesignNote> DesignNotes(const ProjectState& s)
     for (const std::span<const NoteRule>& rules : NoteGroups()) {
         for (const NoteRule& rule : rules) {
             if (rule.acts(s)) {
-                notes.push_back({rule.id, rule.text});
+                notes.push_back({rule.id, rule.Text()});
             }
         }
     }

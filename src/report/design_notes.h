@@ -21,7 +21,8 @@ struct DesignNote {
 struct NoteRule {
     std::string_view id;
     bool (*acts)(const ProjectState& s);
-    std::string_view text;
+
+    std::string_view Text() const;  // of the list of deviations (core/deviation_list.inc)
 };
 
 // All rules, in the order in which their notes are shown: by groups, from loads to wind.

@@ -156,80 +156,57 @@ bool RolledTallBeam(const ProjectState& s)
 }
 
 constexpr NoteRule kLateral[] = {
-    {"D57", AsymmetryIsHigh,
-     "z_j of the single-symmetric section is taken by its approximate formula; the exact value "
-     "gives a lower critical moment."},
+    {"D57", AsymmetryIsHigh},
     {"D201",
      [](const ProjectState& s) {
          return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 &&
                 std::abs(s.mydesignf) < (1 - 1e-6) * std::abs(s.mydesign);
-     },
-     "Lateral torsional buckling is checked for the moments at the restraints; the larger moment "
-     "between them is not seen."},
+     }},
     {"D211",
      [](const ProjectState& s) {
          return LateralControlled(s) && WholeMember(s) && s.cmanual == kFalse &&
                 s.supportcase != SupportCase::cantilever && s.ltbk > 1 &&
                 FactorsOfUniformLengthAreWorse(s);
-     },
-     "The C factors of lateral torsional buckling are extrapolated beyond k = 1; those of k = 1 "
-     "give a higher ratio. Check them, or enter them by hand."},
+     }},
     {"D212",
      [](const ProjectState& s) {
          return LateralControlled(s) && Is(s, Kind::i_single) && s.beampart > 0 &&
                 !WholeMember(s) && (s.ltc3 > 1.02 || s.ltc3 < 0);
-     },
-     "The factor C3 of the governing segment lies in a range where the table used here is not "
-     "continuous; compare the critical moment by other means."},
+     }},
     {"D213",
      [](const ProjectState& s) {
          return LateralControlled(s) && WholeMember(s) && s.zg < 0 && s.ltc2 > 0 &&
                 DownwardLoad(s) < 0;
-     },
-     "A load below the shear centre is taken as stabilising; an upward load there destabilises."},
+     }},
     {"D215",
      [](const ProjectState& s) {
          return RolledCurveInUse(s) && Is(s, Kind::i_welded, Kind::general) &&
                 WeldedParametersGiveLess(s);
-     },
-     "Lateral torsional buckling of the welded section uses the parameters of rolled sections."},
+     }},
     {"D216",
      [](const ProjectState& s) {
          return RolledCurveInUse(s) && s.kc > 1 && s.ffactor < 1 && s.xlt != s.xlt0;
-     },
-     "The reduction factor of lateral torsional buckling is divided by a factor f below 1 although "
-     "kc is above 1; ratios with it are too low and may even be negative. Choose the general "
-     "case."},
+     }},
     {"D233",
      [](const ProjectState& s) {
          return LateralControlled(s) && s.loadmode == 1 && s.restraints > 0 &&
                 !Is(s, Kind::plate) && LoadLowersTheSegment(s) &&
                 (ShapeOfMomentsCounts(s) || (s.zg > 0 && s.xlt < 1));
-     },
-     "The critical moment between lateral restraints takes a straight moment line and no load "
-     "level; the loads there lower it."},
+     }},
     {"D234",
      [](const ProjectState& s) {
          return LateralControlled(s) && WholeMember(s) && !Is(s, Kind::plate) &&
                 s.cmanual == kFalse && s.c1alt == kFalse && MomentsOnPinnedEnds(s) &&
                 LtAlternativeC1(s, s) < (1 - 1e-3) * s.ltc1 && ShapeOfMomentsCounts(s);
-     },
-     "C1 does not see the moments on pinned ends and is too high; choose the alternative "
-     "calculation of C1."},
+     }},
     {"D235",
      [](const ProjectState& s) {
          return RolledCurveInUse(s) && WholeMember(s) && s.mycurved == kTrue &&
                 s.supportcase != SupportCase::pinned && s.supportcase != SupportCase::cantilever &&
                 s.cmanual == kFalse && s.annexindex != kAnnexUk && TableOfKcGivesLess(s);
-     },
-     "kc of the reduction for lateral torsional buckling is 1/sqrt(C1); Table 6.6 gives a higher "
-     "one for fixed ends under uniform load."},
-    {"D238", CantileverMomentIsHigh,
-     "The lateral torsional factor k of the cantilever is below the 2.0 of its picture, and the "
-     "critical moment is above that of a load at the tip; choose 2.0."},
-    {"D239", RolledTallBeam,
-     "Rolled sections with h/b above 3.1 take curve c for lateral torsional buckling; the National "
-     "Annex of the United Kingdom gives d."},
+     }},
+    {"D238", CantileverMomentIsHigh},
+    {"D239", RolledTallBeam},
 };
 
 }  // namespace

@@ -199,28 +199,17 @@ constexpr NoteRule kLoads[] = {
      [](const ProjectState& s) {
          return s.loadmode == 1 && s.loadcomb == kEq610 &&
                 (s.annexindex == kAnnexDk || s.annexindex == kAnnexFi) && PermanentFactorIsLow(s);
-     },
-     "Eq 6.10 takes the permanent loads with 1.1 in this annex; EN 1990, Table A1.2(B) gives "
-     "1.35."},
+     }},
     {"D26",
      [](const ProjectState& s) {
          return s.loadmode == 1 && s.annexindex == kAnnexUd && StrengthCombination(s) == kEq610a &&
                 PermanentFactorIsLow(s);
-     },
-     "Eq 6.10a takes the permanent loads with 1.1; EN 1990, Table A1.2(B) gives 1.35."},
-    {"D27", PermanentLoadRelieves,
-     "A permanent load that acts against a variable one is taken with its full factor; EN 1990, "
-     "Table A1.2(B) takes it with 1.0."},
-    {"D28", SecondLoadIsLow,
-     "Eq 6.10 multiplies the loads of class Q2 by the psi value of Q1, which is below that of Q2."},
-    {"D35", VariableLoadRelieves,
-     "A variable load that relieves the member keeps its factor; EN 1990, Table A1.2(B) leaves it "
-     "out, and a ratio is higher without it."},
-    {"D36", SecondLoadWouldLead,
-     "Only Q1 is taken as the leading variable load; with Q2 leading (EN 1990, 6.4.3.2 and 6.5.3) "
-     "a ratio is higher."},
-    {"D103", SelfweightRelieves,
-     "The self-weight relieves the member and is taken with 10 m/s2, 2 % too heavy."},
+     }},
+    {"D27", PermanentLoadRelieves},
+    {"D28", SecondLoadIsLow},
+    {"D35", VariableLoadRelieves},
+    {"D36", SecondLoadWouldLead},
+    {"D103", SelfweightRelieves},
 };
 
 }  // namespace

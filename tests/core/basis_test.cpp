@@ -39,6 +39,8 @@ TEST(Basis, NamesAndSentences)
 {
     EXPECT_EQ(NameOf(Dev::d20), "D20");
     EXPECT_EQ(NameOf(Dev::d259), "D259");
+    EXPECT_EQ(DeviationOf("D161"), Dev::d161);
+    EXPECT_FALSE(DeviationOf("D1"));
     for (std::size_t i = 0; i < kDeviations; ++i) {
         EXPECT_TRUE(TextOf(static_cast<Dev>(i)).ends_with(".")) << i;
     }

@@ -311,7 +311,8 @@ TEST(DesignNotes, HaveACaseEach)
     for (const std::span<const NoteRule>& group : NoteGroups()) {
         for (const NoteRule& rule : group) {
             EXPECT_TRUE(rules.insert(rule.id).second) << rule.id;
-            EXPECT_EQ(rule.text.back(), '.') << rule.id;
+            ASSERT_FALSE(rule.Text().empty()) << rule.id;
+            EXPECT_EQ(rule.Text().back(), '.') << rule.id;
         }
     }
     EXPECT_EQ(cases, rules);
