@@ -2,6 +2,7 @@
 
 #include "app/assign_run.h"
 #include "app/batch.h"
+#include "app/envelope.h"
 #include "app/without_effect.h"
 #include "core/field_table.h"
 #include "core/file_notation.h"
@@ -338,6 +339,55 @@ void MemberTables(std::string_view bytes)
     Require(read.Summary() == chunk.tally.Summary(), "answers read back sum up otherwise");
 }
 
+void ForceTables(std::string_view bytes)
+{
+    constexpr std::size_t kMostBytes = 20000;  // calculation takes its time
+    Source source(bytes);
+    const std::uint8_t choice = source.Byte();
+    bytes = bytes.substr(std::min<std::size_t>(1, bytes.size()), kMostBytes);
+    MemberList members;
+    Require(members
+                .Take("id,section,family,l,ltb,method\na,IPE 300,,4,1,A\nb,,24,3,,\n"
+                      "c,CHS 114.3x5,,2,,B\n",
+                      "members", "")
+                .empty(),
+            "the members are not read");
+    ForceManner manner;
+    manner.tensionpositive = (choice & 1U) != 0;
+    manner.swapaxes = (choice & 2U) != 0;
+    ForceColumns columns;
+    if (!columns.TakeHeader(TakeRecord(bytes, kAnySeparator), manner).empty()) {
+        return;
+    }
+    EnvelopePlan plan{Delivered(), Default(), members};
+    plan.bases = (choice & 4U) != 0 ? Bases::both : Bases::program;
+    plan.all = (choice & 8U) != 0;
+    EnvelopeWorker worker(plan, columns, "forces");
+    ForcePiece piece{.lines = std::string(bytes), .line = 2};
+    const EnvelopeForm form((choice & 16U) != 0 ? TableForm::csv : TableForm::ndjson, plan.bases,
+                            CsvTexts::safe);
+    const auto answers = [&] {
+        worker.Work(piece);
+        std::string text;
+        std::size_t cases = 0;
+        for (const MemberAnswer& answer : piece.answers) {
+            form.AppendLine(text, members.Key(answer.member), answer);
+            cases += answer.counts.cases;
+        }
+        Require(cases == piece.cases, "a case is lost");
+        Require(!plan.all || piece.answers.size() == cases, "an answer is lost");
+        return text;
+    };
+    const std::string first = answers();
+    Require(answers() == first, "a second run answers otherwise");
+    for (std::string_view rest = first; !rest.empty();) {
+        std::string member;
+        Verdict verdict{};
+        double ir = 0;
+        Require(form.ReadBack(TakeLine(rest), member, verdict, ir), "an answer is not read");
+    }
+}
+
 void Members(std::string_view bytes)
 {
     static const std::vector<const Field*> kInputs = Inputs();
@@ -364,13 +414,14 @@ void Members(std::string_view bytes)
 
 std::span<const Target> Targets()
 {
-    static constexpr std::array<Target, 8> kTargets{{{"project_file", ProjectFile},
+    static constexpr std::array<Target, 9> kTargets{{{"project_file", ProjectFile},
                                                      {"setup_file", SetupFile},
                                                      {"material_list", MaterialList},
                                                      {"profile_tables", ProfileTables},
                                                      {"numbers", Numbers},
                                                      {"assignments", Assignments},
                                                      {"member_tables", MemberTables},
+                                                     {"force_tables", ForceTables},
                                                      {"members", Members}}};
     return kTargets;
 }

@@ -15,6 +15,7 @@ void ProfileTables(std::string_view bytes);  // the first byte selects the table
 void Numbers(std::string_view bytes);
 void Assignments(std::string_view bytes);   // NAME=VALUE, one a line; !NAME=VALUE unchecked
 void MemberTables(std::string_view bytes);  // CSV or NDJSON of the batch
+void ForceTables(std::string_view bytes);   // CSV of the envelope, members a, b and c
 void Members(std::string_view bytes);       // fields set by number: calculated, written, read
 
 struct Target {

@@ -244,8 +244,10 @@ std::string_view ForceColumns::Number(const Column& column, std::string_view cel
     const char* const end = cell.data() + cell.size();
     const auto read = std::from_chars(begin, end, value);
     if (read.ec != std::errc() || read.ptr != end || !std::isfinite(value)) {
-        fault_ = column.name + ": \"" + std::string(cell.substr(0, 40)) +
-                 (cell.empty() ? "\" is empty" : "\" is no number");
+        if (fault_.empty()) {  // the first of a record is told
+            fault_ = column.name + ": \"" + std::string(cell.substr(0, 40)) +
+                     (cell.empty() ? "\" is empty" : "\" is no number");
+        }
         return fault_;
     }
     return {};
@@ -279,6 +281,7 @@ std::string_view ForceColumns::Take(const Column& column, std::string_view cell,
 std::string_view ForceColumns::Parse(std::string_view record, ForceRow& row)
 {
     row = {};
+    fault_.clear();
     std::string_view fault;
     std::size_t i = 0;
     if (record.find('"') == std::string_view::npos) {  // nearly always

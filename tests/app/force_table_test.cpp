@@ -142,6 +142,8 @@ TEST(ForceTable, RefusesCellsThatAreNoNumbers)
     EXPECT_EQ(Row(kPlain, "a,b,0,1,2,inf,4,5").fault, "Vz: \"inf\" is no number");
     EXPECT_EQ(Row(kPlain, "a,b,0,1,2,1e999,4,5").fault, "Vz: \"1e999\" is no number");
     EXPECT_EQ(Row(kPlain, "a,b,0,1,2,3 kN,4,5").fault, "Vz: \"3 kN\" is no number");
+    EXPECT_EQ(Row(kPlain, "a,b,0,1,2,a text of some length,x,5").fault,
+              "Vz: \"a text of some length\" is no number");  // the first of several
     EXPECT_EQ(Row(kPlain, "a,b,0,1,2,3,4").fault, "fewer cells than columns");
     EXPECT_EQ(Row(kPlain, "a,b,0,1,2,3,4,5,6").fault, "more cells than columns");
     EXPECT_EQ(Row(kPlain, "a,,0,1,2,3,4,5").fault, "no case");

@@ -24,7 +24,9 @@ std::vector<fs::path> FilesOf(const std::string& folder)
     const fs::path path = fs::path(KESTRUM_SOURCE) / folder;
     if (fs::is_directory(path)) {
         for (const auto& entry : fs::directory_iterator(path)) {
-            files.push_back(entry.path());
+            if (entry.is_regular_file()) {
+                files.push_back(entry.path());
+            }
         }
     }
     std::sort(files.begin(), files.end());
