@@ -46,10 +46,11 @@ Form* MakeCompare(Desk& desk, QWidget* parent)
     table->verticalHeader()->hide();
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + kGap);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setTabKeyNavigation(false);
     const int letter = table->fontMetrics().horizontalAdvance(QLatin1Char('x'));
-    table->setMinimumSize(70 * letter, 16 * (table->fontMetrics().height() + kGap));
+    table->setMinimumSize(85 * letter, 16 * (table->fontMetrics().height() + kGap));
     bind.Follow([table, &desk](const ProjectState&) {
         const Session& session = desk.session;
         if (session.pinned()) {
