@@ -1,6 +1,7 @@
 // Members a second of one thread, from lines to lines.
 
 #include "app/batch.h"
+#include "core/project_state.h"
 #include "members.h"
 
 #include <benchmark/benchmark.h>

@@ -1,6 +1,7 @@
 // One pass of each kind of member.
 
 #include "clauses/critical_moment.h"
+#include "core/project_state.h"
 #include "members.h"
 #include "standard/standard.h"
 

@@ -3,6 +3,7 @@
 #include "core/file_notation.h"
 #include "core/parse_num.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "core/setup_file.h"
 #include "members.h"
 

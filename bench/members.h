@@ -2,6 +2,7 @@
 
 // The members whose times are taken.
 
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "sections/families.h"

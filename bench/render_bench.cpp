@@ -1,6 +1,7 @@
 // Times of a page of a report as PDF and PNG, drawn by the renderer without a display. The bytes go
 // nowhere, so that no disk is in the time.
 
+#include "core/project_state.h"
 #include "members.h"
 #include "render/export.h"
 #include "report/pages.h"

@@ -1,6 +1,7 @@
 // What is made of a pass: texts, tables, pictures.
 
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "members.h"
 #include "report/detailed_table.h"
 #include "report/diagrams.h"

@@ -1,4 +1,5 @@
 #include "harness.h"
+#include "core/project_state.h"
 
 #include "app/assign_run.h"
 #include "app/batch.h"

@@ -1,5 +1,6 @@
 #include "random_member.h"
 
+#include "core/project_state.h"
 #include "engine/new_project.h"
 #include "sections/families.h"
 

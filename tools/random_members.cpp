@@ -5,6 +5,7 @@
 //                                          `kestrum batch - --raw` takes it
 
 #include "app/ordered_run.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "random_member.h"
 #include "report/state_json.h"

@@ -5,6 +5,7 @@
 #include "analysis/load_table.h"
 #include "core/arithmetic_trap.h"
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "sections/families.h"
 
 #include <algorithm>

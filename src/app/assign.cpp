@@ -9,6 +9,7 @@
 #include "core/field_table.h"
 #include "core/load_combination.h"
 #include "core/parse_num.h"
+#include "core/project_state.h"
 #include "sections/family_table.h"
 #include "sections/section_names.h"
 
@@ -128,7 +129,7 @@ std::string AssignAnnex(ProjectState& s, std::string_view name, Assignment how)
     s.annexcode = named ? AnnexCodeFromIndex(index) : name;
     s.annexindex = index;
     ApplyAnnexMaterial(s, index);
-    ApplyAnnexLoads(s, index);
+    ApplyAnnexLoads(s, s, index);
     return {};
 }
 
@@ -387,7 +388,7 @@ std::string AssignTo(const Library& library, ProjectState& s, const AssignTarget
         refusal = value ? StoreNumber(s, ref, *value) : std::string(kNoNumber);
     }
     SetPsi(s);
-    ApplyAnnexLoads(s, s.annexindex);  // safetyclass and loadcomb take part
+    ApplyAnnexLoads(s, s, s.annexindex);  // safetyclass and loadcomb take part
     return refusal;
 }
 

@@ -7,13 +7,13 @@
 #include "app/field_owner.h"
 #include "core/field_table.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <string>
 #include <string_view>
 
 namespace kestrum {
 
+struct ProjectState;
 struct Box;
 struct Choice;
 

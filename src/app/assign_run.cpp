@@ -3,6 +3,7 @@
 #include "app/box_help.h"
 #include "app/without_effect.h"
 #include "core/material.h"
+#include "core/project_state.h"
 #include "sections/families.h"
 #include "sections/section_names.h"
 
@@ -200,7 +201,7 @@ Refused AssignRun::TakeWaiting()
 void AssignRun::FollowGrade()
 {
     if (s_.fykindex != fykindex_ || s_.fyk != fyk_) {
-        SetMaterial(library_, s_, s_.fykindex);
+        SetMaterial(library_, s_, s_, s_.fykindex);
     }
 }
 

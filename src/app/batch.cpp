@@ -6,6 +6,7 @@
 #include "core/file_io.h"
 #include "core/number_format.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "core/utf8_text.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"

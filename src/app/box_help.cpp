@@ -1,5 +1,7 @@
 #include "app/box_help.h"
 
+#include "core/project_state.h"
+
 #include <algorithm>
 #include <iterator>
 

@@ -5,7 +5,6 @@
 
 #include "core/field_table.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <optional>
 #include <string>
@@ -13,6 +12,8 @@
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // A value and what it is called; the first name is the one that is written.
 struct NamedValue {

@@ -1,6 +1,7 @@
 #include "app/consequences.h"
 
 #include "analysis/load_model.h"
+#include "core/project_state.h"
 
 #include <array>
 #include <cstddef>

@@ -3,11 +3,11 @@
 // What a choice changes beside its own field, for the handlers of the windows and for assignments
 // by name. Each looks at the choice in the record and stores what goes with it.
 
-#include "core/project_state.h"
-
 #include <cstdint>
 
 namespace kestrum {
+
+struct ProjectState;
 
 enum class Axis : std::uint8_t { y, z };
 

@@ -2,6 +2,7 @@
 
 #include "app/choices.h"
 #include "app/view_section.h"
+#include "core/project_state.h"
 #include "sections/family_table.h"
 #include "sections/section_names.h"
 

@@ -4,13 +4,15 @@
 // member beside itself.
 
 #include "core/field_table.h"
-#include "core/project_state.h"
+#include "core/state/types.h"
 
 #include <array>
 #include <cstdint>
 #include <string>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // The families that read a field; none for a field of all of them.
 struct Owner {

@@ -5,6 +5,7 @@
 #include "core/file_lock.h"
 #include "core/material.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "engine/new_project.h"
 
 #include <chrono>
@@ -33,7 +34,7 @@ std::string FileName(const std::string& path)
 void FinishOpening(Session& session)
 {
     session.curdir = FolderOf(session.state().filename);
-    SetMaterial(session.library(), session.edit(), session.state().fykindex);
+    SetMaterial(session.library(), session.edit(), session.edit(), session.state().fykindex);
     session.Calculate();
 }
 

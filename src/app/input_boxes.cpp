@@ -6,6 +6,7 @@
 #include "core/field_table.h"
 #include "core/number_format.h"
 #include "core/parse_num.h"
+#include "core/project_state.h"
 
 #include <algorithm>
 #include <array>

@@ -3,14 +3,14 @@
 // Every numeric input box of the program: which field it writes, how it shows it, what it accepts
 // and what it says when it refuses. Desktop, command line and batch take their limits from here.
 
-#include "core/project_state.h"
-
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 
 namespace kestrum {
+
+struct ProjectState;
 
 struct Bound {
     enum class Kind : std::uint8_t { none, inclusive, strict };

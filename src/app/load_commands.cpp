@@ -3,6 +3,7 @@
 #include "analysis/load_model.h"
 #include "core/load_combination.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 
 namespace kestrum {
 

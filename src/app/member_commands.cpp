@@ -6,6 +6,7 @@
 #include "core/load_combination.h"
 #include "core/material.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "sections/families.h"
 #include "service/vortex.h"
 
@@ -72,7 +73,7 @@ bool BucklingLengthOpen(const ProjectState& s, Axis axis)
 void ChooseMaterial(Session& session, int index)
 {
     session.edit().fykindex = Number(index);
-    SetMaterial(session.library(), session.edit(), index);
+    SetMaterial(session.library(), session.edit(), session.edit(), index);
     session.Calculate();
     ApplyAnnexMaterial(session.edit(), session.state().annexindex);
     session.Publish();
@@ -87,7 +88,7 @@ void ChooseLoadCombination(Session& session, int index)
 {
     ProjectState& s = session.edit();
     s.loadcomb = Number(index);
-    ApplyAnnexLoads(s, s.annexindex);
+    ApplyAnnexLoads(s, s, s.annexindex);
     session.Calculate();
 }
 

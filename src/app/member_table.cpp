@@ -6,6 +6,7 @@
 #include "core/annexes.h"
 #include "core/json_scan.h"
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "core/utf8_text.h"
 
 #include <algorithm>
@@ -38,7 +39,7 @@ std::string Settle(ProjectState& s, AssignRun& run)
 {
     const Refused refused = run.Finish();
     ApplyAnnexMaterial(s, s.annexindex);
-    ApplyAnnexLoads(s, s.annexindex);
+    ApplyAnnexLoads(s, s, s.annexindex);
     return refused.name.empty() ? refused.what : Told(refused.name, refused.what);
 }
 

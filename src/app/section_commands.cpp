@@ -1,5 +1,7 @@
 #include "app/section_commands.h"
 
+#include "core/project_state.h"
+
 namespace kestrum {
 
 namespace {

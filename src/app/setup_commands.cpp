@@ -3,6 +3,7 @@
 #include "core/annexes.h"
 #include "core/file_io.h"
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "core/setup_file.h"
 #include "core/utf8_path.h"
 
@@ -27,7 +28,7 @@ void ChooseAnnex(Session& session, int annexindex)
     s.annexcode = AnnexCodeFromIndex(annexindex);
     session.SetTitle(session.TitleStem() + ": " + s.filename);
     ApplyAnnexMaterial(s, annexindex);
-    ApplyAnnexLoads(s, annexindex);
+    ApplyAnnexLoads(s, s, annexindex);
     session.Calculate();
 }
 
@@ -53,7 +54,7 @@ void ChooseClass(Session& session, int safetyclass)
 {
     ProjectState& s = session.edit();
     s.safetyclass = Number(safetyclass);
-    ApplyAnnexLoads(s, s.annexindex);
+    ApplyAnnexLoads(s, s, s.annexindex);
     session.Calculate();
 }
 
@@ -62,7 +63,7 @@ void ChoosePsi(Session& session, int which, int index)
     ProjectState& s = session.edit();
     (which == 1 ? s.psi1index : s.psi2index) = Number(index);
     SetPsi(s);
-    ApplyAnnexLoads(s, s.annexindex);
+    ApplyAnnexLoads(s, s, s.annexindex);
     session.Calculate();
 }
 

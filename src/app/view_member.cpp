@@ -1,6 +1,7 @@
 #include "app/view_member.h"
 
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "sections/families.h"
 
 namespace kestrum {

@@ -1,6 +1,7 @@
 #include "app/view_panel.h"
 
 #include "core/check_text.h"
+#include "core/project_state.h"
 #include "report/panel.h"
 
 #include <span>

@@ -2,12 +2,12 @@
 
 // The utilisation behind each line of the result panel, for the bars beside the ratios.
 
-#include "core/project_state.h"
-
 #include <optional>
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // One entry a line of ShowResults, in its order: the ratio over its limit; nothing for heads and
 // remarks.

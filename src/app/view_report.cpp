@@ -1,6 +1,7 @@
 #include "app/view_report.h"
 
 #include "app/member_commands.h"
+#include "core/project_state.h"
 #include "report/pages.h"
 #include "service/vortex.h"
 

@@ -1,6 +1,7 @@
 #include "app/view_section.h"
 
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "report/page_quantities.h"
 #include "sections/family_table.h"
 

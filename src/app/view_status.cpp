@@ -5,6 +5,7 @@
 #include "app/view_section.h"
 #include "core/load_combination.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "report/kept_values.h"
 #include "report/panel_text.h"
 #include "sections/families.h"

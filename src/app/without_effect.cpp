@@ -6,6 +6,7 @@
 #include "app/setup_commands.h"
 #include "core/field_table.h"
 #include "core/load_combination.h"
+#include "core/project_state.h"
 
 #include <algorithm>
 #include <iterator>

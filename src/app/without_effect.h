@@ -4,12 +4,13 @@
 
 #include "core/field_table.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <string>
 #include <string_view>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // Why the value of this field, by its canonical name, plays no part: annex or material overrule it,
 // or another choice would have to be made first. Empty when it counts, and for loads of 0.

@@ -7,6 +7,7 @@
 #include "cli/many.h"
 #include "cli/progress.h"
 #include "core/file_target.h"
+#include "core/project_state.h"
 #include "core/utf8_path.h"
 #include "core/utf8_text.h"
 

@@ -2,6 +2,7 @@
 
 #include "cli/standard_output.h"
 #include "core/csv_cell.h"
+#include "core/project_state.h"
 #include "core/utf8_text.h"
 #include "engine/calculate.h"
 #include "report/design_notes.h"

@@ -4,6 +4,7 @@
 #include "core/arithmetic_trap.h"
 #include "core/file_io.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "core/setup_file.h"
 #include "core/utf8_path.h"
 #include "core/utf8_text.h"

@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/renderer.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "report/diagrams.h"
 

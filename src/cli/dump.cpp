@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "report/outcome.h"

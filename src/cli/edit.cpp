@@ -3,6 +3,7 @@
 #include "app/assign_run.h"
 #include "app/choices.h"
 #include "cli/commands.h"
+#include "core/project_state.h"
 #include "core/utf8_text.h"
 #include "engine/new_project.h"
 #include "report/state_json.h"

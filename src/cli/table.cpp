@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "core/file_io.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "report/detailed_table.h"

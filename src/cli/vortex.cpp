@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/standard_output.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "report/design_notes.h"
 #include "report/state_json.h"

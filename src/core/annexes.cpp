@@ -75,21 +75,22 @@ std::string_view AnnexCodeFromIndex(int annexindex)
     return Listed(annexindex) ? Row(annexindex).code : std::string_view{};
 }
 
-void ApplyAnnexMaterial(ProjectState& s, int annexindex)
+void ApplyAnnexMaterial(Settings& settings, int annexindex)
 {
     if (!Listed(annexindex) || annexindex == kAnnexUd) {
         return;
     }
     const Annex& annex = Row(annexindex);
-    s.gammam0 = annex.gammam0;
-    s.gammam1 = static_cast<float>(annex.gammam1);
-    s.neta = static_cast<float>(s.fyk <= kOrdinarySteel ? annex.neta : annex.netahigh);
-    s.lamdalt0 = static_cast<float>(annex.lamdalt0);
-    s.beta = annex.beta;
-    s.lamdalt0w = static_cast<float>(annex.lamdalt0w);
-    s.betaw = annex.betaw;
+    settings.gammam0 = annex.gammam0;
+    settings.gammam1 = static_cast<float>(annex.gammam1);
+    settings.neta =
+        static_cast<float>(settings.fyk <= kOrdinarySteel ? annex.neta : annex.netahigh);
+    settings.lamdalt0 = static_cast<float>(annex.lamdalt0);
+    settings.beta = annex.beta;
+    settings.lamdalt0w = static_cast<float>(annex.lamdalt0w);
+    settings.betaw = annex.betaw;
     if (annexindex == kAnnexNk) {
-        s.loadcomb = kUserFactors;
+        settings.loadcomb = kUserFactors;
     }
 }
 

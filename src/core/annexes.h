@@ -6,7 +6,7 @@
 //
 // Deviation D24: the German annex takes gammaM1 1.0; DIN EN 1993-1-1/NA gives 1.1 for 6.1 (1).
 
-#include "core/project_state.h"
+#include "core/state/settings.h"
 
 #include <string_view>
 
@@ -47,6 +47,6 @@ std::string_view AnnexCodeFromIndex(int annexindex);
 //
 // Deviation D20: a strength typed after this step keeps its neta. EN 1993-1-5, 5.1 (2) has 1.2 up
 // to S460 and 1.0 above.
-void ApplyAnnexMaterial(ProjectState& s, int annexindex);
+void ApplyAnnexMaterial(Settings& settings, int annexindex);
 
 }  // namespace kestrum

@@ -1,5 +1,7 @@
 #include "core/field_table.h"
 
+#include "core/project_state.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>

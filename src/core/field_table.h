@@ -5,8 +5,6 @@
 // documents walk this table. Fields of the section forms have dotted names ("p22.isth"), and so
 // have the table rows ("row.hea"). The result rows are no fields.
 
-#include "core/project_state.h"
-
 #include <cstddef>
 #include <optional>
 #include <span>
@@ -14,6 +12,8 @@
 #include <string_view>
 
 namespace kestrum {
+
+struct ProjectState;
 
 enum class FieldKind {
     single,

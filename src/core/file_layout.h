@@ -4,7 +4,7 @@
 // `File` has Value, Truth, Text and Line, each taking the canonical name and the field.
 
 #include "core/file_notation.h"
-#include "core/project_state.h"
+#include "core/state/settings.h"
 
 #include <string>
 #include <string_view>
@@ -43,7 +43,7 @@ private:
 };
 
 // The load factors of the user, the last settings of both files.
-template <class File> void UserFactors(File& file, ProjectState& s)
+template <class File> void UserFactors(File& file, Settings& s)
 {
     file.Value("lfulsg", s.lfulsg);
     file.Value("lfulsq1", s.lfulsq1);
@@ -54,7 +54,7 @@ template <class File> void UserFactors(File& file, ProjectState& s)
 }
 
 // Material and options of the section control, in the order of both files.
-template <class File> void MaterialAndOptions(File& file, ProjectState& s)
+template <class File> void MaterialAndOptions(File& file, Settings& s)
 {
     file.Value("fykindex", s.fykindex);
     file.Value("fyk", s.fyk);

@@ -5,7 +5,7 @@
 // reader also takes LF alone, commas between values, blanks before a value, and -1, 0, 1 for truth
 // values.
 
-#include "core/project_state.h"
+#include "core/state/types.h"
 
 #include "core/utf8_text.h"
 

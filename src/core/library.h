@@ -3,7 +3,7 @@
 // The constant tables that a calculation reads: material list, profile tables, stored setup. Loaded
 // once (sections/load_library), never changed, shared by all threads.
 
-#include "core/project_state.h"
+#include "core/state/types.h"
 
 #include <array>
 #include <cstdint>

@@ -1,6 +1,7 @@
 #include "core/load_cases.h"
 
 #include "core/annexes.h"
+#include "core/project_state.h"
 
 #include <algorithm>
 #include <cmath>

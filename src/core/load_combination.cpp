@@ -2,6 +2,7 @@
 
 #include "core/annexes.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 
 #include <array>
 #include <cstddef>
@@ -114,29 +115,29 @@ std::string_view LoadCombinationName(int loadcomb)
                : std::string_view{};
 }
 
-void SetPsi(ProjectState& s)
+void SetPsi(Settings& settings)
 {
-    s.psi1 = static_cast<float>((s.psi1index + 1) * 0.1);
-    s.psi2 = static_cast<float>((s.psi2index + 1) * 0.1);
+    settings.psi1 = static_cast<float>((settings.psi1index + 1) * 0.1);
+    settings.psi2 = static_cast<float>((settings.psi2index + 1) * 0.1);
 }
 
-void ApplyAnnexLoads(ProjectState& s, int annexindex)
+void ApplyAnnexLoads(const Settings& settings, AnnexFactors& factors, int annexindex)
 {
     if (annexindex < 0 || annexindex >= kAnnexes) {
         return;
     }
     const FactorsOfAnnex& f = kFactors[static_cast<std::size_t>(annexindex)];
-    s.g610g = static_cast<float>(f.g610g);
-    s.g610q1 = static_cast<float>(f.g610q1);
-    s.g610q2 = static_cast<float>(f.g610q2);
-    s.g610ag = static_cast<float>(f.g610ag);
-    s.g610aq1 = static_cast<float>(f.g610aq1);
-    s.g610aq2 = static_cast<float>(f.g610aq2);
-    s.g610bg = static_cast<float>(f.g610bg);
-    s.xi610b = static_cast<float>(f.xi);
-    const ClassFactors k = FactorsOfClass(annexindex, s.safetyclass, s.loadcomb);
-    s.kfig = k.g;
-    s.kfiq = static_cast<float>(k.q);
+    factors.g610g = static_cast<float>(f.g610g);
+    factors.g610q1 = static_cast<float>(f.g610q1);
+    factors.g610q2 = static_cast<float>(f.g610q2);
+    factors.g610ag = static_cast<float>(f.g610ag);
+    factors.g610aq1 = static_cast<float>(f.g610aq1);
+    factors.g610aq2 = static_cast<float>(f.g610aq2);
+    factors.g610bg = static_cast<float>(f.g610bg);
+    factors.xi610b = static_cast<float>(f.xi);
+    const ClassFactors k = FactorsOfClass(annexindex, settings.safetyclass, settings.loadcomb);
+    factors.kfig = k.g;
+    factors.kfiq = static_cast<float>(k.q);
 }
 
 LoadFactors StrengthFactors(const Inputs& in, const AnnexFactors& annex, int loadcomb)

@@ -13,13 +13,16 @@
 // Q1 alone leads, in the strength and the serviceability combination, and Q2 has its psi value; EN
 // 1990, 6.4.3.2 and 6.5.3 take each variable action in turn as the leading one.
 
-#include "core/project_state.h"
+#include "core/state/annex_factors.h"
+#include "core/state/inputs.h"
 
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // Values of loadcomb.
 constexpr i16 kEq610 = 0, kEq610a = 1, kEq610b = 2, kEq610ab = 3, kUserFactors = 4, kBasicLoads = 5;
@@ -28,11 +31,11 @@ constexpr i16 kEq610 = 0, kEq610a = 1, kEq610b = 2, kEq610ab = 3, kUserFactors =
 std::string_view LoadCombinationName(int loadcomb);
 
 // psi1 and psi2 from their list indexes.
-void SetPsi(ProjectState& s);
+void SetPsi(Settings& settings);
 
 // Sets g610g .. kfiq for an annex from safetyclass and loadcomb. To be called after every change of
 // the annex, safetyclass or loadcomb. An index outside the list changes nothing.
-void ApplyAnnexLoads(ProjectState& s, int annexindex);
+void ApplyAnnexLoads(const Settings& settings, AnnexFactors& factors, int annexindex);
 
 struct LoadFactors {
     double g, q1, q2;

@@ -89,14 +89,14 @@ int LastMaterial(const Library& library)
     return static_cast<int>(library.materials.size()) - 1;
 }
 
-void SetMaterial(const Library& library, ProjectState& s, int index)
+void SetMaterial(const Library& library, Settings& settings, SectionRecord& section, int index)
 {
     if (index >= 0 && index < LastMaterial(library)) {
         const Material& material = library.materials[static_cast<std::size_t>(index)];
-        s.fyk = s.tmax <= kThick ? material.fy40 : material.fyover;
+        settings.fyk = section.tmax <= kThick ? material.fy40 : material.fyover;
     }
-    s.fyd = s.fyk / s.gammam0;
-    s.eps = F32(std::sqrt(235.0 / s.fyk));
+    settings.fyd = settings.fyk / settings.gammam0;
+    section.eps = F32(std::sqrt(235.0 / settings.fyk));
 }
 
 }  // namespace kestrum

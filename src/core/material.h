@@ -8,6 +8,8 @@
 
 #include "core/file_notation.h"
 #include "core/library.h"
+#include "core/state/section_record.h"
+#include "core/state/settings.h"
 
 #include <optional>
 #include <string_view>
@@ -35,6 +37,6 @@ int LastMaterial(const Library& library);
 // Deviation D37: the strengths are those of EN 1993-1-1, Table 3.1 in every annex; the National
 // Annex of the United Kingdom, to 3.2.1 (1), takes those of the product standards, which fall by 10
 // MPa and more beyond 16 and 63 mm.
-void SetMaterial(const Library& library, ProjectState& s, int index);
+void SetMaterial(const Library& library, Settings& settings, SectionRecord& section, int index);
 
 }  // namespace kestrum

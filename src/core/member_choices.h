@@ -3,7 +3,7 @@
 // Names of the choices that a project keeps as numbers; those of loadcomb are in load_combination.
 // The fields keep their types, and a file may hold numbers that none of these names.
 
-#include "core/project_state.h"
+#include "core/state/types.h"
 
 namespace kestrum {
 

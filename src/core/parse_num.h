@@ -3,7 +3,7 @@
 // Typed numbers. Point and comma both serve as the decimal separator everywhere; what differs by
 // the platform's separator is how rubbish is taken.
 
-#include "core/project_state.h"
+#include "core/state/types.h"
 
 #include <optional>
 #include <string_view>

@@ -3,6 +3,7 @@
 #include "core/annexes.h"
 #include "core/file_layout.h"
 #include "core/load_combination.h"
+#include "core/project_state.h"
 
 #include <array>
 #include <limits>
@@ -384,7 +385,7 @@ std::optional<FileFault> ReadProject(ProjectState& s, std::string_view bytes)
     SetPsi(s);
     s.annexindex = AnnexIndexFromCode(s.annexcode);
     ApplyAnnexMaterial(s, s.annexindex);
-    ApplyAnnexLoads(s, s.annexindex);
+    ApplyAnnexLoads(s, s, s.annexindex);
     return std::nullopt;
 }
 

@@ -5,13 +5,14 @@
 // docs/file-format.md tells the layout.
 
 #include "core/file_notation.h"
-#include "core/project_state.h"
 
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace kestrum {
+
+struct ProjectState;
 
 constexpr i16 kFileVersion = 131;
 

@@ -4,6 +4,7 @@
 #include "core/load_combination.h"
 #include "core/member_choices.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 
 #include <algorithm>
 

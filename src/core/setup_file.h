@@ -3,13 +3,14 @@
 // The stored setup: the design settings that the next start begins with.
 
 #include "core/file_notation.h"
-#include "core/project_state.h"
 
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace kestrum {
+
+struct ProjectState;
 
 constexpr std::string_view kSetupFile = "KestrumEC3Setup.dat";
 constexpr std::string_view kMaterialFile = "KestrumECmat.dat";

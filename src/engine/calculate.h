@@ -3,11 +3,12 @@
 // The driver: one pass of the whole calculation over the record.
 
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <string_view>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // The one message of a pass that could not finish, whatever the reason.
 constexpr std::string_view kCalculationError =

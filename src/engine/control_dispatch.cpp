@@ -2,6 +2,7 @@
 
 #include "analysis/member_forces.h"
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 #include "design/section_control.h"
 #include "engine/family_routines.h"
 #include "sections/families.h"

@@ -2,9 +2,9 @@
 
 // Section control and buckling control of the family in hand.
 
-#include "core/project_state.h"
-
 namespace kestrum {
+
+struct ProjectState;
 
 // In: the section record, resistances and internal forces. Out: the checks of section and
 // member, irrow1..6, irsection, maxirbuckling, ltc1..3; errorflag -1 when the axial force exceeds

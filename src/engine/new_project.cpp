@@ -3,6 +3,7 @@
 #include "core/annexes.h"
 #include "core/load_combination.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "core/setup_file.h"
 #include "engine/calculate.h"
 #include "sections/read_profiles.h"
@@ -177,7 +178,7 @@ void LoadSetup(const Library& library, ProjectState& s)
     SetPsi(s);
     s.irlimit = kRatioLimit;
     s.annexindex = AnnexIndexFromCode(s.annexcode);
-    ApplyAnnexLoads(s, s.annexindex);
+    ApplyAnnexLoads(s, s, s.annexindex);
     ApplyAnnexMaterial(s, s.annexindex);
 }
 

@@ -3,9 +3,10 @@
 // The state of a new project and of the program at its start.
 
 #include "core/library.h"
-#include "core/project_state.h"
 
 namespace kestrum {
+
+struct ProjectState;
 
 // Every input at its default: HEA row 10, 5 m, N 100 kN, q 10 kN/m. The design settings (factors,
 // annex, material, combination, limits) keep what they are. One pass runs part way, still with the

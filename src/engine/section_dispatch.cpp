@@ -3,6 +3,7 @@
 #include "core/arithmetic_trap.h"
 #include "core/material.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "design/hat_beam_section.h"
 #include "engine/family_routines.h"
 #include "sections/families.h"
@@ -48,7 +49,7 @@ void CalcSection(const Library& library, ProjectState& s)
         throw;
     }
     RequireWholeSection(s, s);
-    SetMaterial(library, s, s.fykindex);  // after the properties: tmax chooses the strength
+    SetMaterial(library, s, s, s.fykindex);  // after the properties: tmax chooses the strength
     if (Is(s, Kind::hat) && UpgradeNeedsWebBuckling(s, s)) {
         s.checkwebbuck = kFalse;
     }

@@ -3,9 +3,10 @@
 // Section properties, classes and resistances of the family in hand.
 
 #include "core/library.h"
-#include "core/project_state.h"
 
 namespace kestrum {
+
+struct ProjectState;
 
 // In: family with its table row or form, material and annex settings. Out: the section record, fyk,
 // fyd, eps, the resistances, openprofile, and what the family says of lateral torsional buckling

@@ -3,6 +3,7 @@
 #include "core/field_table.h"
 #include "core/load_combination.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "engine/family_routines.h"
 #include "sections/families.h"
 #include "sections/family_table.h"

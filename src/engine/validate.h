@@ -8,12 +8,14 @@
 // beyond its end is the user's own strength, a buckling length factor of 0.002 and below means no
 // buckling, an unknown series of a British section is the first one.
 
+#include "core/failure.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <array>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // The faults in the order of the inputs; what does not fit is left out.
 struct InputFaults {

@@ -1,6 +1,7 @@
 #include "report/design_note_facts.h"
 
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "design/shear.h"
 #include "sections/families.h"
 

@@ -2,10 +2,11 @@
 
 // Facts about a result that the conditions of several design notes ask for.
 
-#include "core/project_state.h"
 #include "stability/buckling_resistance.h"
 
 namespace kestrum {
+
+struct ProjectState;
 
 // I sections, rolled or of equal flanges; hollow sections of the tables and of plates.
 bool IsDoublySymmetricI(const ProjectState& s);

@@ -2,6 +2,7 @@
 
 #include "analysis/member_forces.h"
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 #include "engine/control_dispatch.h"
 #include "report/design_note_facts.h"
 #include "service/deflection_control.h"

@@ -1,6 +1,7 @@
 #include "report/design_note_welded.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 #include "design/class_welded.h"
 #include "design/local_buckling.h"
 #include "design/shear.h"

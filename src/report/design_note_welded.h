@@ -2,9 +2,11 @@
 
 // Conditions of design notes on sections of plates (21, 22, 24 to 27, 51 to 56).
 
-#include "core/project_state.h"
+#include "core/state/types.h"
 
 namespace kestrum {
+
+struct ProjectState;
 
 // The compressed share of the web decides between plastic and elastic resistance: by the clear web
 // height it is plastic, by the straight part not.

@@ -5,6 +5,7 @@
 #include "core/basis.h"
 #include "core/load_combination.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "report/design_note_facts.h"
 #include "report/design_note_trial.h"
 #include "sections/families.h"

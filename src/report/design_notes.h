@@ -3,14 +3,14 @@
 // What the user should know about the current result: a note for every deviation from the standard
 // on the unsafe side (docs/deviations.md) that acts in it. A note changes no number.
 
-#include "core/project_state.h"
-
 #include <array>
 #include <span>
 #include <string_view>
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 struct DesignNote {
     std::string_view id;    // number of the deviation, "D201"

@@ -2,6 +2,7 @@
 
 #include "core/annexes.h"
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "report/design_note_facts.h"
 #include "report/design_note_trial.h"
 #include "report/design_notes.h"

@@ -1,4 +1,5 @@
 #include "analysis/load_model.h"
+#include "core/project_state.h"
 #include "design/class_welded.h"
 #include "design/local_buckling.h"
 #include "design/shear.h"

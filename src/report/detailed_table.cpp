@@ -3,6 +3,7 @@
 #include "core/csv_cell.h"
 #include "core/member_choices.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "report/stages.h"
 
 #include <algorithm>

@@ -3,8 +3,6 @@
 // The detailed results: every intermediate value of the stability control in one table of four
 // columns, as data. The window, the terminal, the CSV file and the spreadsheet show the same rows.
 
-#include "core/project_state.h"
-
 #include <array>
 #include <optional>
 #include <string>
@@ -12,6 +10,8 @@
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 struct DetailedRow {
     std::string parameter;

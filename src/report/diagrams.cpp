@@ -2,6 +2,7 @@
 
 #include "analysis/step_points.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "report/figure_tools.h"
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 
 #include "core/annexes.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "report/design_note_facts.h"
 #include "report/stages.h"
 #include "sections/families.h"

@@ -4,12 +4,12 @@
 // stand beside results of this pass; a window marks them as older than the input. A project that
 // has just been opened has none but a deflection block of no calculation.
 
-#include "core/project_state.h"
-
 #include <string_view>
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 struct KeptValue {
     std::string_view field;  // of the record, "ncrtf"

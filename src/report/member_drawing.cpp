@@ -1,6 +1,7 @@
 #include "report/member_drawing.h"
 
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "report/figure_tools.h"
 
 namespace kestrum {

@@ -2,10 +2,11 @@
 
 // The member line with its supports and its length: x from 16 to 86 in the units of all diagrams.
 
-#include "core/project_state.h"
 #include "report/drawing.h"
 
 namespace kestrum {
+
+struct ProjectState;
 
 // Units of the pictures along the member.
 constexpr double kMemberStart = 16;

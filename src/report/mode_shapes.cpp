@@ -1,6 +1,7 @@
 #include "report/mode_shapes.h"
 
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "report/figure_tools.h"
 
 #include <algorithm>

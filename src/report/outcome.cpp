@@ -1,6 +1,7 @@
 #include "report/outcome.h"
 
 #include "core/check_text.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "engine/validate.h"

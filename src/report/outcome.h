@@ -3,14 +3,14 @@
 // The outcome of one member, for every face alike: command line, batch, pages, window. Whoever
 // writes a verdict takes it from here and decides nothing again.
 
-#include "core/project_state.h"
-
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 enum class Verdict : std::uint8_t {
     within,         // every ratio is within the limit

@@ -1,6 +1,7 @@
 #include "core/annexes.h"
 #include "core/member_choices.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "report/member_drawing.h"
 #include "report/page_diagrams.h"
 #include "report/page_header.h"

@@ -1,5 +1,6 @@
 #include "report/page_diagrams.h"
 
+#include "core/project_state.h"
 #include "report/diagrams.h"
 
 #include <algorithm>

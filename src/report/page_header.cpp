@@ -1,6 +1,7 @@
 #include "report/page_header.h"
 
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "core/version.h"
 #include "report/page_notes.h"
 #include "sections/family_table.h"

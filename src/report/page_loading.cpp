@@ -2,6 +2,7 @@
 
 #include "core/load_combination.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,6 +1,7 @@
 #include "report/page_quantities.h"
 
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "sections/families.h"
 
 #include <algorithm>

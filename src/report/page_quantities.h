@@ -2,12 +2,14 @@
 
 // Which values of the section each family has, in the order in which the printed pages show them.
 
-#include "core/project_state.h"
+#include "core/state/types.h"
 #include "report/page_writer.h"
 
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // Dimensions and weight.
 std::vector<Quantity> DimensionsOf(const ProjectState& s);

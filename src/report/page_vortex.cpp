@@ -1,4 +1,5 @@
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "report/page_header.h"
 #include "report/page_notes.h"
 #include "report/section_figure.h"

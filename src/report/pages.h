@@ -4,10 +4,11 @@
 // control, vortex shedding. They read the record after a pass that ended well and change nothing.
 
 #include "core/library.h"
-#include "core/project_state.h"
 #include "report/page_writer.h"
 
 namespace kestrum {
+
+struct ProjectState;
 
 // Date and time of printing as they are to stand in the head: "2024-05-17", "14:05"; a warning that
 // concerns the whole page stands below the head.

@@ -3,6 +3,7 @@
 #include "core/check_text.h"
 #include "core/load_combination.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "engine/family_routines.h"
 #include "sections/families.h"
 

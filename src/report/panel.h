@@ -6,13 +6,15 @@
 // A line has a left part and a part that starts in the result column of its block: one unit beyond
 // the widest left part, at the least kLeastColumn units wide.
 
-#include "core/project_state.h"
+#include "core/state/types.h"
 
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 struct TextRun {
     std::string text;

@@ -1,5 +1,6 @@
 #include "report/panel_text.h"
 
+#include "core/project_state.h"
 #include "report/panel.h"
 
 #include <algorithm>

@@ -1,6 +1,7 @@
 #include "report/section_figure.h"
 
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "report/figure_tools.h"
 
 #include <algorithm>

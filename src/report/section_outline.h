@@ -3,7 +3,6 @@
 // The outline of the section in hand, in mm: what `DrawSection` shows to scale, with the places of
 // its dimensions. x runs to the right and y downwards from the upper left corner of all.
 
-#include "core/project_state.h"
 #include "report/drawing.h"
 
 #include <cstdint>
@@ -11,6 +10,8 @@
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 struct SectionDimension {
     enum class Side : std::uint8_t {

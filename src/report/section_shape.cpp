@@ -1,5 +1,6 @@
 // The dimensions that an outline is drawn from: those of the section in hand, and typical ones.
 
+#include "core/project_state.h"
 #include "report/section_outline.h"
 #include "sections/families.h"
 

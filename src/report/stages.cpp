@@ -1,6 +1,7 @@
 #include "report/stages.h"
 
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "engine/family_routines.h"
 #include "stability/buckling_control.h"
 #include "stability/buckling_rows.h"

@@ -3,9 +3,9 @@
 // Which steps of the stability stage have run in the pass behind the record. A value whose step did
 // not run belongs to an earlier member and is not shown.
 
-#include "core/project_state.h"
-
 namespace kestrum {
+
+struct ProjectState;
 
 struct StagesRun {
     bool stage;        // the stage of the family

@@ -4,6 +4,7 @@
 #include "core/field_table.h"
 #include "core/file_notation.h"
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "report/design_notes.h"
 #include "report/outcome.h"
 #include "service/modal.h"

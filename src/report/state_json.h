@@ -3,12 +3,14 @@
 // The record as one flat JSON object: every field under its canonical name, the result rows as
 // text, the texts that are made from the state. Numbers read back to the value they came from.
 
-#include "core/project_state.h"
+#include "core/failure.h"
 
 #include <string>
 #include <string_view>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // All of the record after a pass. The rows are empty when the pass failed.
 std::string StateJson(const ProjectState& s);

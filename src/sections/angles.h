@@ -8,6 +8,8 @@
 // principal moduli at them.
 
 #include "core/library.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
 
 namespace kestrum {
 

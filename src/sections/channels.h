@@ -5,6 +5,8 @@
 // centre as the table counts it, so that ecg + ys is the distance between the two (D54 for UPE).
 
 #include "core/library.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
 
 namespace kestrum {
 

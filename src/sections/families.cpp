@@ -1,5 +1,6 @@
 #include "sections/families.h"
 
+#include "core/project_state.h"
 #include "sections/angles.h"
 #include "sections/channels.h"
 #include "sections/family_rules.h"

@@ -8,6 +8,8 @@
 // (-Werror=missing-field-initializers).
 
 #include "core/library.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
 
 #include <array>
 #include <cstddef>

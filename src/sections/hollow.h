@@ -4,6 +4,8 @@
 // (EN 10219-2), and of the welded box. Each routine fills the section record completely.
 
 #include "core/library.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
 
 namespace kestrum {
 

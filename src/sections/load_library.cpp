@@ -3,6 +3,7 @@
 #include "core/file_io.h"
 #include "core/material.h"
 #include "core/program_path.h"
+#include "core/project_state.h"
 #include "core/setup_file.h"
 #include "core/sha256.h"
 #include "core/utf8_path.h"

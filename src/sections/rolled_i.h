@@ -4,6 +4,8 @@
 // the welded I from its plates. Each routine fills the section record completely.
 
 #include "core/library.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
 
 namespace kestrum {
 

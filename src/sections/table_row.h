@@ -4,6 +4,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/library.h"
+#include "core/state/inputs.h"
 
 namespace kestrum {
 

@@ -4,6 +4,8 @@
 // a bottom flange on both sides (family 24) or on one side (25), and the box (27).
 
 #include "core/library.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
 
 namespace kestrum {
 

@@ -5,6 +5,8 @@
 // is the top; stiffener flange below.
 
 #include "core/library.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
 
 namespace kestrum {
 

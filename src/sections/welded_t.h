@@ -3,6 +3,8 @@
 // Geometry and properties of the welded T (family 26), counted from the face of the flange.
 
 #include "core/library.h"
+#include "core/state/inputs.h"
+#include "core/state/section_record.h"
 
 namespace kestrum {
 

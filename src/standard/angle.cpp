@@ -1,6 +1,7 @@
 #include "standard/angle.h"
 
 #include "clauses/plate_buckling.h"
+#include "core/project_state.h"
 
 #include <algorithm>
 #include <array>

@@ -2,6 +2,7 @@
 
 #include "clauses/flexural.h"
 #include "core/material.h"
+#include "core/project_state.h"
 
 #include <algorithm>
 #include <cmath>

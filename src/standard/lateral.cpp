@@ -5,6 +5,7 @@
 #include "clauses/lateral_torsional.h"
 #include "core/annexes.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "standard/moment_shape.h"
 
 #include <algorithm>

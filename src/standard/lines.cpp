@@ -2,6 +2,7 @@
 
 #include "clauses/critical_moment.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "sections/families.h"
 
 #include <algorithm>

@@ -6,12 +6,15 @@
 #include "analysis/exact_line.h"
 #include "core/basis.h"
 #include "core/load_cases.h"
-#include "core/project_state.h"
 
 #include <array>
 #include <cstddef>
 #include <optional>
 #include <string_view>
+
+namespace kestrum {
+struct ProjectState;
+}
 
 namespace kestrum::standard {
 

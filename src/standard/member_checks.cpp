@@ -3,6 +3,7 @@
 #include "clauses/annex_a.h"
 #include "clauses/annex_b.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "standard/column.h"
 #include "standard/lateral.h"
 #include "standard/moment_shape.h"

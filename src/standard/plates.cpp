@@ -1,6 +1,7 @@
 #include "standard/plates.h"
 
 #include "clauses/shear.h"
+#include "core/project_state.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,6 +3,7 @@
 #include "clauses/classify.h"
 #include "core/annexes.h"
 #include "core/material.h"
+#include "core/project_state.h"
 #include "sections/families.h"
 #include "sections/family_table.h"
 #include "sections/second_source.h"

@@ -9,7 +9,6 @@
 
 #include "core/basis.h"
 #include "core/library.h"
-#include "core/project_state.h"
 #include "sections/families.h"
 
 #include <array>
@@ -17,6 +16,10 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
+
+namespace kestrum {
+struct ProjectState;
+}
 
 namespace kestrum::standard {
 

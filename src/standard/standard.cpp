@@ -5,6 +5,7 @@
 #include "core/arithmetic_trap.h"
 #include "core/material.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "engine/section_dispatch.h"
 #include "engine/validate.h"
 #include "standard/member.h"

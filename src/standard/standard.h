@@ -6,7 +6,6 @@
 
 #include "core/basis.h"
 #include "core/library.h"
-#include "core/project_state.h"
 #include "standard/result.h"
 #include "standard/vibration.h"
 
@@ -14,6 +13,10 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+namespace kestrum {
+struct ProjectState;
+}
 
 namespace kestrum::standard {
 

@@ -2,6 +2,7 @@
 
 #include "clauses/flexural.h"
 #include "clauses/lateral_torsional.h"
+#include "core/project_state.h"
 #include "design/stiffened_plate_section.h"
 
 #include <cmath>

@@ -2,6 +2,7 @@
 
 #include "app/box_help.h"
 #include "app/locale_text.h"
+#include "core/project_state.h"
 #include "ui/text.h"
 
 #include <QGridLayout>

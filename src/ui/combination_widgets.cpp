@@ -3,6 +3,7 @@
 #include "app/member_commands.h"
 #include "app/setup_commands.h"
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "ui/form.h"
 #include "ui/lists.h"
 #include "ui/text.h"

@@ -1,5 +1,6 @@
 #include "app/load_commands.h"
 #include "app/setup_commands.h"
+#include "core/project_state.h"
 #include "report/diagrams.h"
 #include "ui/combination_widgets.h"
 #include "ui/forms.h"

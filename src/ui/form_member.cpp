@@ -1,6 +1,7 @@
 #include "app/load_commands.h"
 #include "app/member_commands.h"
 #include "app/view_member.h"
+#include "core/project_state.h"
 #include "report/choice_pictures.h"
 #include "sections/families.h"
 #include "ui/forms.h"

@@ -4,6 +4,7 @@
 #include "app/locale_text.h"
 #include "app/section_commands.h"
 #include "app/view_section.h"
+#include "core/project_state.h"
 #include "report/section_figure.h"
 #include "sections/family_table.h"
 #include "sections/read_profiles.h"

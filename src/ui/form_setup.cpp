@@ -3,6 +3,7 @@
 #include "app/view_member.h"
 #include "core/load_combination.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "sections/load_library.h"
 #include "ui/combination_widgets.h"
 #include "ui/forms.h"

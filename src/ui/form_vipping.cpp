@@ -1,6 +1,7 @@
 #include "app/member_commands.h"
 #include "app/view_member.h"
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "report/choice_pictures.h"
 #include "ui/forms.h"
 #include "ui/text.h"

@@ -1,4 +1,5 @@
 #include "app/member_commands.h"
+#include "core/project_state.h"
 #include "report/choice_pictures.h"
 #include "report/mode_shapes.h"
 #include "service/modal.h"

@@ -4,6 +4,7 @@
 #include "app/section_commands.h"
 #include "app/view_report.h"
 #include "app/view_status.h"
+#include "core/project_state.h"
 #include "render/export.h"
 #include "sections/family_table.h"
 #include "ui/main_window.h"

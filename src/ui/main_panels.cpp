@@ -3,6 +3,7 @@
 #include "app/member_commands.h"
 #include "app/view_member.h"
 #include "app/view_section.h"
+#include "core/project_state.h"
 #include "report/choice_pictures.h"
 #include "report/member_drawing.h"
 #include "report/section_figure.h"

@@ -3,6 +3,7 @@
 #include "app/locale_text.h"
 #include "app/section_commands.h"
 #include "app/view_diagram.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "report/design_notes.h"
 #include "report/diagrams.h"

@@ -1,6 +1,7 @@
 #include "ui/main_window.h"
 
 #include "app/file_commands.h"
+#include "core/project_state.h"
 #include "sections/family_table.h"
 #include "ui/forms.h"
 #include "ui/main_panels.h"

@@ -2,6 +2,7 @@
 
 #include "app/locale_text.h"
 #include "app/view_panel.h"
+#include "core/project_state.h"
 #include "report/panel_text.h"
 #include "ui/picture.h"
 #include "ui/text.h"

@@ -2,7 +2,6 @@
 
 // The result panel `pic_result`: the control blocks with a bar beside every ratio.
 
-#include "core/project_state.h"
 #include "report/panel.h"
 
 #include <QWidget>
@@ -11,6 +10,8 @@
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 class ResultPanel final : public QWidget {
     Q_OBJECT

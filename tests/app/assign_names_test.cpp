@@ -2,6 +2,7 @@
 
 #include "app/assign_run.h"
 #include "app/choices.h"
+#include "core/project_state.h"
 #include "sections/family_table.h"
 #include "support/member.h"
 

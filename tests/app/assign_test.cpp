@@ -3,6 +3,7 @@
 #include "app/choices.h"
 #include "core/annexes.h"
 #include "core/field_table.h"
+#include "core/project_state.h"
 #include "sections/family_table.h"
 #include "support/member.h"
 

@@ -1,4 +1,5 @@
 #include "app/batch.h"
+#include "core/project_state.h"
 
 #include <gtest/gtest.h>
 

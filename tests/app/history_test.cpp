@@ -6,6 +6,7 @@
 #include "app/session_fixture.h"
 #include "app/setup_commands.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "report/state_json.h"

@@ -1,5 +1,6 @@
 #include "app/box_cases.h"
 #include "core/field_table.h"
+#include "core/project_state.h"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 
 #include "app/member_commands.h"
 #include "app/session_fixture.h"
+#include "core/project_state.h"
 #include "sections/families.h"
 
 #include <limits>

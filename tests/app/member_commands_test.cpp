@@ -1,6 +1,7 @@
 #include "app/member_commands.h"
 
 #include "app/session_fixture.h"
+#include "core/project_state.h"
 #include "report/design_notes.h"
 
 #include <algorithm>

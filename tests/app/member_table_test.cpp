@@ -1,5 +1,6 @@
 #include "app/member_table.h"
 
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "support/member.h"

@@ -4,6 +4,7 @@
 
 #include "app/session.h"
 #include "core/field_table.h"
+#include "core/project_state.h"
 #include "core/recent_files.h"
 #include "sections/load_library.h"
 

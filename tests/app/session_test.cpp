@@ -5,6 +5,7 @@
 #include "app/member_commands.h"
 #include "app/section_commands.h"
 #include "core/material.h"
+#include "core/project_state.h"
 #include "design/hat_beam_section.h"
 #include "report/panel.h"
 

@@ -5,6 +5,7 @@
 #include "app/session_fixture.h"
 #include "core/annexes.h"
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "core/setup_file.h"
 #include "engine/new_project.h"
 #include "support/temporary_folder.h"

@@ -5,6 +5,7 @@
 #include "app/view_panel.h"
 #include "app/view_section.h"
 #include "core/annexes.h"
+#include "core/project_state.h"
 #include "report/panel.h"
 #include "report/section_figure.h"
 #include "sections/family_table.h"

@@ -1,4 +1,5 @@
 #include "core/annexes.h"
+#include "core/project_state.h"
 
 #include <gtest/gtest.h>
 

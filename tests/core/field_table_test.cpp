@@ -1,4 +1,5 @@
 #include "core/field_table.h"
+#include "core/project_state.h"
 
 #include <gtest/gtest.h>
 

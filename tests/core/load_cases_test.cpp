@@ -3,6 +3,7 @@
 #include "core/load_cases.h"
 
 #include "core/annexes.h"
+#include "core/project_state.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +24,7 @@ ProjectState Project(int annex, int loadcomb, int safetyclass = 2)
     s.psi1index = 6;  // 0.7
     s.psi2index = 4;  // 0.5
     SetPsi(s);
-    ApplyAnnexLoads(s, annex);
+    ApplyAnnexLoads(s, s, annex);
     return s;
 }
 

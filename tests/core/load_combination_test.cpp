@@ -2,6 +2,7 @@
 
 #include "core/annexes.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,7 +24,7 @@ ProjectState Annexed(int annexindex, i16 safetyclass, i16 loadcomb)
     s.psi1index = 6;
     s.psi2index = 2;
     SetPsi(s);
-    ApplyAnnexLoads(s, annexindex);
+    ApplyAnnexLoads(s, s, annexindex);
     return s;
 }
 
@@ -121,8 +122,8 @@ TEST(LoadFactors, DanishClass1IsNotReducedInEq610)
 TEST(LoadFactors, UnknownAnnexChangesNothing)
 {
     ProjectState s{};
-    ApplyAnnexLoads(s, kAnnexes);
-    ApplyAnnexLoads(s, -1);
+    ApplyAnnexLoads(s, s, kAnnexes);
+    ApplyAnnexLoads(s, s, -1);
     EXPECT_EQ(s, ProjectState{});
 }
 

@@ -125,7 +125,7 @@ TEST(SetMaterial, TakesTheStrengthByThickness)
     };
     for (const Case& c : {Case{0, 355}, {16, 355}, {40, 355}, {40.01f, 335}, {100, 335}}) {
         ProjectState s = Typed(500, c.tmax);
-        SetMaterial(FiveRows(), s, 2);
+        SetMaterial(FiveRows(), s, s, 2);
         EXPECT_EQ(s.fyk, c.fyk) << c.tmax;
     }
 }
@@ -135,7 +135,7 @@ TEST(SetMaterial, D22StrengthOver40MmCountsBeyond80Mm)
 {
     for (const float tmax : {41.0f, 80.0f, 81.0f, 300.0f}) {
         ProjectState s = Typed(500, tmax);
-        SetMaterial(FiveRows(), s, 2);
+        SetMaterial(FiveRows(), s, s, 2);
         EXPECT_EQ(s.fyk, 335) << tmax;
     }
 }
@@ -146,12 +146,12 @@ TEST(SetMaterial, LeavesTheTypedStrengthForTheLastRow)
     EXPECT_EQ(LastMaterial(library), 4);
     for (const int index : {4, 5, 30, 32767, -1, -32768}) {
         ProjectState s = Typed(500, 10);
-        SetMaterial(library, s, index);
+        SetMaterial(library, s, s, index);
         EXPECT_EQ(s.fyk, 500) << index;
         EXPECT_EQ(s.fyd, 500 / 1.05);
     }
     ProjectState s = Typed(500, 10);
-    SetMaterial(library, s, 3);  // the fourth grade
+    SetMaterial(library, s, s, 3);  // the fourth grade
     EXPECT_EQ(s.fyk, 460);
 }
 
@@ -161,7 +161,7 @@ TEST(SetMaterial, LeavesTheTypedStrengthWithoutAList)
     EXPECT_EQ(LastMaterial(library), -1);
     for (const int index : {-2, -1, 0, 5}) {
         ProjectState s = Typed(500, 10);
-        SetMaterial(library, s, index);
+        SetMaterial(library, s, s, index);
         EXPECT_EQ(s.fyk, 500) << index;
     }
 }
@@ -170,11 +170,11 @@ TEST(SetMaterial, LeavesTheTypedStrengthWithoutAList)
 TEST(SetMaterial, DerivesDesignStrengthAndEpsilon)
 {
     ProjectState s = Typed(1, 10);
-    SetMaterial(FiveRows(), s, 0);
+    SetMaterial(FiveRows(), s, s, 0);
     EXPECT_NEAR(s.fyd, 223.8095238, 1e-7);
     EXPECT_EQ(s.eps, 1);
     s = Typed(940, 10);
-    SetMaterial(FiveRows(), s, 4);
+    SetMaterial(FiveRows(), s, s, 4);
     EXPECT_EQ(s.eps, 0.5f);
 }
 
@@ -182,7 +182,7 @@ TEST(SetMaterial, MarksTheTrapForNoStrength)
 {
     ProjectState s = Typed(0, 10);
     ArmTrap();
-    SetMaterial(FiveRows(), s, 4);
+    SetMaterial(FiveRows(), s, s, 4);
     EXPECT_THROW(CheckTrap(), CalculationStop);
 }
 

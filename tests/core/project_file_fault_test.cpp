@@ -2,6 +2,7 @@
 
 #include "core/field_table.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "support/project_lines.h"
 
 #include <gtest/gtest.h>

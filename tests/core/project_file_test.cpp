@@ -2,6 +2,7 @@
 
 #include "core/annexes.h"
 #include "core/field_table.h"
+#include "core/project_state.h"
 #include "support/project_lines.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 // Equal and unequal angles. gammaM0 = gammaM1 = 1, fyk = 355 MPa unless told; the expected values
 // are worked by hand from the clauses named.
 
+#include "core/project_state.h"
 #include "design/angle_section.h"
 
 #include "core/check_text.h"

@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "design/box_section.h"
 
 #include "design/hollow_section.h"

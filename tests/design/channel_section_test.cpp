@@ -1,6 +1,7 @@
 // Channels of the delivered tables. Expected values by hand: the arithmetic stands beside them, in
 // kN, kNm, mm, MPa; gammaM0 = gammaM1 = eta = 1.
 
+#include "core/project_state.h"
 #include "design/channel_section.h"
 
 #include "design/class_i.h"

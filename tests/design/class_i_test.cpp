@@ -1,6 +1,7 @@
 // Class limits of I sections and channels, EN 1993-1-1, Table 5.2, each below, at and above. With
 // fyk = 235 eps is 1, so that the limits are the table's numbers.
 
+#include "core/project_state.h"
 #include "design/class_i.h"
 
 #include "support/end_forces.h"

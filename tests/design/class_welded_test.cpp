@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "design/class_welded.h"
 
 #include "support/welded_design.h"

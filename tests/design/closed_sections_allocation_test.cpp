@@ -1,6 +1,7 @@
 // A calculation pass takes no memory: the routines of closed sections, tube, flat bar, general
 // profile and angles run between two readings of an allocation counter.
 
+#include "core/project_state.h"
 #include "design/angle_section.h"
 #include "design/flat_bar_section.h"
 #include "design/general_section.h"

@@ -3,6 +3,7 @@
 // modules.
 
 #include "core/check_text.h"
+#include "core/project_state.h"
 #include "design/angle_section.h"
 #include "design/flat_bar_section.h"
 #include "design/general_section.h"

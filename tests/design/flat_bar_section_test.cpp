@@ -1,5 +1,6 @@
 // Flat bars. gammaM0 = gammaM1 = 1; the expected values are worked by hand from the clauses named.
 
+#include "core/project_state.h"
 #include "design/flat_bar_section.h"
 
 #include "sections/simple.h"

@@ -1,6 +1,7 @@
 // The general profile. gammaM0 = gammaM1 = eta = 1, fyk = 355 MPa; the expected values are worked
 // by hand from the clauses named.
 
+#include "core/project_state.h"
 #include "design/general_section.h"
 
 #include "design/i_section.h"

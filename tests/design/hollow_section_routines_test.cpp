@@ -2,6 +2,7 @@
 // gammaM1 = eta = 1, fyk = 355 MPa, and the expected values are worked by hand from the clauses
 // named.
 
+#include "core/project_state.h"
 #include "design/hollow_section.h"
 
 #include "support/hollow.h"

@@ -1,6 +1,7 @@
 // Laws of hollow sections over all rows of their tables, with gammaM0 = gammaM1 = eta = 1 and fyk =
 // 355 MPa.
 
+#include "core/project_state.h"
 #include "design/hollow_section.h"
 
 #include "support/end_forces.h"

@@ -1,6 +1,7 @@
 // Rectangular hollow sections and the welded box. Where nothing else is told, gammaM0 = gammaM1 =
 // eta = 1, fyk = 355 MPa, and the expected values are worked by hand from the clauses named.
 
+#include "core/project_state.h"
 #include "design/hollow_section.h"
 
 #include "support/hollow.h"

@@ -1,6 +1,7 @@
 // The single routines of I and H sections. Expected values by hand: the arithmetic stands beside
 // them, in kN, kNm, mm, MPa; gammaM0 = gammaM1 = eta = 1 unless told.
 
+#include "core/project_state.h"
 #include "design/i_section.h"
 
 #include "core/arithmetic_trap.h"

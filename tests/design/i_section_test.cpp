@@ -1,6 +1,7 @@
 // I and H sections of the delivered tables. Expected values by hand: the arithmetic stands beside
 // them, in kN, kNm, mm, MPa; gammaM0 = gammaM1 = eta = 1 unless told.
 
+#include "core/project_state.h"
 #include "design/i_section.h"
 
 #include "core/arithmetic_trap.h"

@@ -1,6 +1,7 @@
 // The walk of the check sections with resistances put in by hand: which rows are taken, with what
 // texts. Ratios are chosen so that the expectations are plain fractions.
 
+#include "core/project_state.h"
 #include "design/section_control.h"
 
 #include "core/arithmetic_trap.h"

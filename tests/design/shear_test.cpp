@@ -1,5 +1,6 @@
 // Shear reduction and shear buckling: expectations by hand unless a publication is named.
 
+#include "core/project_state.h"
 #include "design/shear.h"
 
 #include "design/i_section.h"

@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "design/single_symmetric_i_section.h"
 
 #include "core/arithmetic_trap.h"

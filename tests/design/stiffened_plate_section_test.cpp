@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "design/stiffened_plate_section.h"
 
 #include "design/effective_welded.h"

@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "design/tee_section.h"
 
 #include "support/rows.h"

@@ -1,6 +1,7 @@
 // Circular tubes. Where nothing else is told, gammaM0 = gammaM1 = eta = 1, and the expected values
 // are worked by hand from the clauses named.
 
+#include "core/project_state.h"
 #include "design/tube_section.h"
 
 #include "sections/simple.h"

@@ -1,6 +1,7 @@
 // Eq 6.10a/b through the whole pass: both combinations are designed, and the worse one stays.
 
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "engine/engine_fixture.h"
 #include "sections/families.h"
 #include "support/rows.h"

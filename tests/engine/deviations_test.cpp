@@ -1,5 +1,6 @@
 // Deviations from the standard that show in a whole pass.
 
+#include "core/project_state.h"
 #include "support/member.h"
 
 #include <gtest/gtest.h>

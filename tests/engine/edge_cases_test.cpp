@@ -1,6 +1,7 @@
 // Corners of the calculation that no ordinary project reaches.
 
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "support/member.h"
 
 #include <gtest/gtest.h>

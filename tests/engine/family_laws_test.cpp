@@ -1,6 +1,7 @@
 // What the driver decides by family beside the choice of routines, and laws of a whole pass.
 
 #include "core/annexes.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/engine_fixture.h"
 #include "sections/families.h"

@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "engine/new_project.h"
 
 #include "engine/engine_fixture.h"

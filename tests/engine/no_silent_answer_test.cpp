@@ -2,6 +2,7 @@
 // out of their lists, loads that a family cannot take.
 
 #include "core/field_table.h"
+#include "core/project_state.h"
 #include "engine/engine_fixture.h"
 #include "engine/validate.h"
 #include "report/outcome.h"

@@ -4,6 +4,7 @@
 #include "core/annexes.h"
 #include "core/load_combination.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "engine/engine_fixture.h"
 #include "sections/families.h"
 #include "support/rows.h"
@@ -173,7 +174,7 @@ TEST(Pass, GivesTheSameAfterAnyOtherProject)
                     s.annexcode = "DK";
                     s.annexindex = AnnexIndexFromCode(s.annexcode);
                     ApplyAnnexMaterial(s, s.annexindex);
-                    ApplyAnnexLoads(s, s.annexindex);
+                    ApplyAnnexLoads(s, s, s.annexindex);
                     ASSERT_TRUE(EndsWell(s));
                     Open(s, file);
                     ASSERT_TRUE(EndsWell(s));

@@ -4,6 +4,7 @@
 #include "core/field_table.h"
 #include "core/load_combination.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "report/design_notes.h"
 #include "report/panel_text.h"
@@ -114,7 +115,7 @@ void OpenInto(ProjectState& s, ProjectState from)
             }
         }
     }
-    ApplyAnnexLoads(s, s.annexindex);
+    ApplyAnnexLoads(s, s, s.annexindex);
 }
 
 TEST(RandomProjects, HoldFiniteNumbersOnly)

@@ -1,5 +1,6 @@
 // Every row of every profile table through a whole pass with the loads of a new project.
 
+#include "core/project_state.h"
 #include "engine/engine_fixture.h"
 #include "sections/family_table.h"
 

@@ -4,6 +4,7 @@
 #include "app/view_section.h"
 #include "app/without_effect.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "report/detailed_table.h"
 #include "report/diagrams.h"
 #include "report/pages.h"

@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "report/choice_pictures.h"
 #include "report/mode_shapes.h"
 

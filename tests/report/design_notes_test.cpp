@@ -1,5 +1,6 @@
 // Every note appears where its deviation acts and stays away where it does not.
 
+#include "core/project_state.h"
 #include "report/design_notes.h"
 
 #include "service/vortex.h"

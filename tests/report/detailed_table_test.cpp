@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "report/detailed_table.h"
 
 #include "engine/calculate.h"

@@ -1,5 +1,6 @@
 // What a result keeps of an earlier calculation is named as long as it is in use, and only then.
 
+#include "core/project_state.h"
 #include "report/kept_values.h"
 
 #include "support/member.h"

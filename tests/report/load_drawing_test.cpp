@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "report/load_drawing.h"
 
 #include "report/drawing_checks.h"

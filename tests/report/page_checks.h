@@ -4,6 +4,7 @@
 // page as lines, and whether a page is legible.
 
 #include "core/check_text.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "report/pages.h"

@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "report/pages.h"
 
 #include "core/annexes.h"
@@ -328,7 +329,7 @@ TEST(PageControl, NotesOnTheUnsafeSideArePrintedWhole)
     ProjectState s = Designed(1);
     s.annexindex = kAnnexUd;
     s.loadcomb = kEq610a;
-    ApplyAnnexLoads(s, s.annexindex);
+    ApplyAnnexLoads(s, s, s.annexindex);
     ASSERT_TRUE(Calculate(Delivered(), s));
     const std::vector<DesignNote> notes = DesignNotes(s);
     ASSERT_THAT(notes, Contains(testing::Field(&DesignNote::id, "D26")));
@@ -467,7 +468,7 @@ TEST(PageControl, StaysLegibleUnderAnySupportAndCombination)
             s.pmdir[2] = 0;
             s.modal = 1;
             s.selfweight = 1;
-            ApplyAnnexLoads(s, s.annexindex);
+            ApplyAnnexLoads(s, s, s.annexindex);
             ASSERT_TRUE(Calculate(Delivered(), s));
             const PrintedReport report = PrintControl(Delivered(), s, kStamp);
             ExpectLegible(report);

@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "report/panel.h"
 
 #include "core/load_combination.h"

@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "report/section_figure.h"
 
 #include "engine/engine_fixture.h"

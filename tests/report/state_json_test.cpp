@@ -1,5 +1,6 @@
 // The dump of projects of every kind read back by a JSON parser of somebody else.
 
+#include "core/project_state.h"
 #include "report/state_json.h"
 
 #include "core/annexes.h"

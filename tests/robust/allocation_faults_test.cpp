@@ -4,6 +4,7 @@
 #include "app/batch.h"
 #include "core/file_io.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "report/detailed_table.h"

@@ -4,6 +4,7 @@
 // leave a good file its result. KESTRUM_FULL=1 runs all of them, otherwise every 23rd.
 
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "report/state_json.h"

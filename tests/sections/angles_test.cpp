@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "sections/angles.h"
 
 #include "core/arithmetic_trap.h"

@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "sections/channels.h"
 
 #include "support/sections.h"

@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "sections/hollow.h"
 
 #include "core/arithmetic_trap.h"

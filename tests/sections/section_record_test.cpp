@@ -1,5 +1,6 @@
 // A family fills the whole section record: nothing in it depends on what was chosen before.
 
+#include "core/project_state.h"
 #include "sections/section_record.h"
 
 #include "sections/angles.h"

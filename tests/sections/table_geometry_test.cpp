@@ -3,6 +3,7 @@
 // routines give them. Rows whose figures differ by more than the tolerance are listed here by name,
 // with the difference, so that the list can neither grow nor shrink unseen.
 
+#include "core/project_state.h"
 #include "sections/angles.h"
 #include "sections/channels.h"
 #include "sections/hollow.h"

@@ -1,4 +1,5 @@
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 #include "support/outline.h"
 #include "support/welded.h"
 

@@ -1,3 +1,4 @@
+#include "core/project_state.h"
 #include "stability/lateral_torsional.h"
 
 #include "core/annexes.h"

@@ -1,5 +1,6 @@
 // What the standard basis must obey whatever the numbers are.
 
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "sections/families.h"
 #include "standard/standard_member.h"

@@ -1,5 +1,6 @@
 // Random members of every family: an answer that makes sense, whatever they are.
 
+#include "core/project_state.h"
 #include "standard/standard.h"
 #include "support/random_project.h"
 

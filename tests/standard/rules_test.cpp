@@ -1,5 +1,6 @@
 // Single rules of the standard basis against arithmetic by hand.
 
+#include "core/project_state.h"
 #include "engine/section_dispatch.h"
 #include "standard/effective.h"
 #include "standard/standard_member.h"

@@ -4,6 +4,7 @@
 // one, no loads.
 
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "sections/load_library.h"

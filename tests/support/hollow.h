@@ -2,6 +2,7 @@
 
 // Rectangular hollow sections and the welded box, designed: for the tests of their resistances.
 
+#include "core/project_state.h"
 #include "design/hollow_section.h"
 #include "sections/hollow.h"
 #include "support/sections.h"

@@ -7,6 +7,7 @@
 #include "app/choices.h"
 #include "core/annexes.h"
 #include "core/field_table.h"
+#include "core/project_state.h"
 #include "report/state_json.h"
 #include "support/member.h"
 

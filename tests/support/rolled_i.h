@@ -3,6 +3,7 @@
 // I sections for tests of their design: properties from the tables or from plates, then resistances
 // and control.
 
+#include "core/project_state.h"
 #include "design/i_section.h"
 #include "sections/rolled_i.h"
 #include "support/end_forces.h"

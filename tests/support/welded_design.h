@@ -2,6 +2,7 @@
 
 // The design routines of the welded families, chosen by the family of the state.
 
+#include "core/project_state.h"
 #include "design/box_section.h"
 #include "design/hat_beam_section.h"
 #include "design/single_symmetric_i_section.h"

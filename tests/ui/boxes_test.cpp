@@ -1,6 +1,7 @@
 // Every numeric box, typed into as a user does: what is stored, said and shown, and where the focus
 // goes, is what the table of boxes tells.
 
+#include "core/project_state.h"
 #include "ui/desktop.h"
 
 #include "app/box_help.h"

@@ -2,6 +2,7 @@
 
 // The desktop of the tests: the real windows over surroundings that answer as they are told.
 
+#include "core/project_state.h"
 #include "ui/main_window.h"
 
 #include <QAbstractButton>

@@ -1,5 +1,6 @@
 // Every family in turn: its button and menu entry, its form, every input of it.
 
+#include "core/project_state.h"
 #include "ui/desktop.h"
 
 #include "app/view_section.h"

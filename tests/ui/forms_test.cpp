@@ -1,5 +1,6 @@
 // The forms over the main window: what each control does, what is shown and when a form closes.
 
+#include "core/project_state.h"
 #include "ui/desktop.h"
 
 #include "app/load_commands.h"

@@ -1,5 +1,6 @@
 // Where the system writes a decimal comma, no number in any window has a point.
 
+#include "core/project_state.h"
 #include "ui/desktop.h"
 
 #include "app/locale_text.h"

@@ -1,6 +1,7 @@
 // When a pass runs: on closing a form of inputs and when the main window comes to the front, and
 // when it does not.
 
+#include "core/project_state.h"
 #include "ui/desktop.h"
 
 #include "core/project_file.h"

@@ -1,5 +1,6 @@
 // The program from its start to a saved project: title, files, recent files, reports, manuals.
 
+#include "core/project_state.h"
 #include "ui/desktop.h"
 
 #include "app/file_commands.h"

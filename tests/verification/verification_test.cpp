@@ -3,6 +3,7 @@
 // with KESTRUM_WRITE_MANUAL=1 in the environment to write the document anew.
 
 #include "core/field_table.h"
+#include "core/project_state.h"
 #include "report/design_notes.h"
 #include "service/vortex.h"
 #include "standard/standard.h"
