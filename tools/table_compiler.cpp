@@ -9,9 +9,9 @@
 // row, with nothing around them. A fault is reported as FILE:LINE: field N, and no output is
 // written.
 //
-// The second form writes for each file its delivered name and the SHA-256 of what is delivered, the
-// binary table of a CSV or, behind --lists, the file as it stands, as lines of a C++ array. The
-// third form writes the bytes themselves instead, as a literal.
+// The second form writes for each file its delivered name, the SHA-256 of what is delivered, the
+// binary table of a CSV or, behind --lists, the file as it stands, and the number of rows of a
+// table, as lines of a C++ array. The third form writes the bytes themselves instead, as a literal.
 
 #include "core/sha256.h"
 
@@ -130,7 +130,17 @@ void WriteFile(const std::string& name, const std::string& bytes)
 
 struct Delivered {
     std::string name, bytes;
+    std::size_t rows;  // of a table; 0 of others
 };
+
+Delivered TableOf(const std::filesystem::path& csv)
+{
+    const std::string text = ReadFile(csv.string());
+    const auto columns = std::ranges::count(text.substr(0, text.find('\n')), ',') + 1;
+    std::string bytes = Compile(csv.string(), text);
+    const std::size_t rows = bytes.size() / sizeof(float) / static_cast<std::size_t>(columns);
+    return {csv.stem().string() + ".dat", std::move(bytes), rows};
+}
 
 std::vector<Delivered> DeliveredFiles(std::span<const std::string> words)
 {
@@ -141,9 +151,9 @@ std::vector<Delivered> DeliveredFiles(std::span<const std::string> words)
         if (word == "--lists") {
             lists = true;
         } else if (lists) {
-            files.push_back({path.filename().string(), ReadFile(word)});
+            files.push_back({path.filename().string(), ReadFile(word), 0});
         } else {
-            files.push_back({path.stem().string() + ".dat", Compile(word, ReadFile(word))});
+            files.push_back(TableOf(path));
         }
     }
     return files;
@@ -151,7 +161,8 @@ std::vector<Delivered> DeliveredFiles(std::span<const std::string> words)
 
 std::string DigestLine(const Delivered& delivered)
 {
-    return "{\"" + delivered.name + "\", \"" + kestrum::Sha256(delivered.bytes) + "\"},\n";
+    return "{\"" + delivered.name + "\", \"" + kestrum::Sha256(delivered.bytes) + "\", " +
+           std::to_string(delivered.rows) + "},\n";
 }
 
 // Each byte as three octal digits, so that none runs into the next.

@@ -2,68 +2,94 @@
 
 #include "core/load_combination.h"
 
-#include <array>
 #include <cstddef>
 
 namespace kestrum {
 
 namespace {
 
-struct Annex {
-    std::string_view code, name;
-    double gammam0, gammam1;
-    double neta, netahigh;  // up to and above kOrdinarySteel
-    double lamdalt0, beta, lamdalt0w, betaw;
-    std::string_view classname = {};
-};
-
 constexpr float kOrdinarySteel = 460;  // MPa
 
-constexpr std::array<Annex, kAnnexes> kTable{{
-    {"EU", "EC3", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},
-    {"NO", "EC3 + NA/Norway", 1.05, 1.05, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75, "Reliability Class"},
-    {"SW", "EC3 + NA/Sweden", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75, "Safety Class"},
-    {"DK", "EC3 + NA/Denmark", 1.1, 1.2, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75, "Consequences Class"},
-    {"UK", "EC3 + NA/United Kingdom", 1.0, 1.0, 1.0, 1.0, 0.4, 0.75, 0.2, 1.0},
-    {"FI", "EC3 + NA/Finland", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.2, 1.0, "Reliability Class"},
-    {"GE", "EC3 + NA/German", 1.0, 1.0, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},  // D24
-    {"NK", "EC3 + NORSOK", 1.15, 1.15, 1.2, 1.0, 0.4, 0.75, 0.4, 0.75},
-    {"UD", "EC3 - User defined", 0, 0, 0, 0, 0, 0, 0, 0},
-}};
-static_assert(kTable[kAnnexNk].code == "NK" && kTable[kAnnexUd].code == "UD");
+constexpr std::array<ClassFactors, 3> kNoClass = {{{1, 1}, {1, 1}, {1, 1}}};
+constexpr std::array<ClassFactors, 3> kOnVariable = {{{1, 0.9}, {1, 1}, {1, 1}}};
+constexpr std::array<ClassFactors, 3> kOnAll = {{{0.9, 0.9}, {1, 1}, {1.1, 1.1}}};
 
-bool Listed(int annexindex)
+using Class = CombinationWriting::Class;
+constexpr CombinationWriting kPlain = {.factor = Class::none,
+                                       .before = "",
+                                       .after = "",
+                                       .variable = "",
+                                       .star = "",
+                                       .leading = " ",
+                                       .psi = "0.0",
+                                       .xi = true};
+
+constexpr CombinationWriting Written(Class factor, std::string_view after,
+                                     std::string_view variable)
+{
+    CombinationWriting writing = kPlain;
+    writing.factor = factor;
+    writing.after = after;
+    writing.variable = variable;
+    return writing;
+}
+
+constexpr CombinationWriting kVariableFactor = Written(Class::on_variable, "", " +");
+constexpr CombinationWriting kWholeFactor = Written(Class::on_all, "*", "");
+constexpr CombinationWriting kDanish = Written(Class::on_all, "", "");
+constexpr CombinationWriting kNorsok = [] {
+    CombinationWriting writing = kVariableFactor;
+    writing.star = "*";  // the second star is on purpose
+    return writing;
+}();
+constexpr CombinationWriting kFinnish = [] {
+    CombinationWriting writing = Written(Class::on_all, " ", "");
+    writing.before = " ";
+    writing.leading = "";
+    writing.psi = "0.0#";
+    writing.xi = false;
+    return writing;
+}();
+
+#define ANNEX(id, ...) __VA_ARGS__,
+constexpr std::array<Annex, kAnnexes> kTable{{
+#include "core/annex_rows.inc"
+}};
+#undef ANNEX
+static_assert(kTable.back().basis == AnnexBasis::user);
+
+}  // namespace
+
+bool AnnexListed(int annexindex)
 {
     return annexindex >= 0 && annexindex < kAnnexes;
 }
 
-const Annex& Row(int annexindex)
+const Annex& AnnexAt(int annexindex)
 {
-    return kTable[static_cast<std::size_t>(annexindex)];
+    return kTable[AnnexListed(annexindex) ? static_cast<std::size_t>(annexindex) : 0];
 }
-
-}  // namespace
 
 std::string_view AnnexName(int annexindex)
 {
-    return Listed(annexindex) ? Row(annexindex).name : std::string_view{};
+    return AnnexListed(annexindex) ? AnnexAt(annexindex).name : std::string_view{};
 }
 
 std::string_view AnnexSuffix(int annexindex)
 {
     constexpr std::size_t kStem = 3;  // "EC3"
-    return Listed(annexindex) ? Row(annexindex).name.substr(kStem) : std::string_view{};
+    return AnnexListed(annexindex) ? AnnexAt(annexindex).name.substr(kStem) : std::string_view{};
 }
 
 std::string_view AnnexClassName(int annexindex)
 {
-    return Listed(annexindex) ? Row(annexindex).classname : std::string_view{};
+    return AnnexListed(annexindex) ? AnnexAt(annexindex).classname : std::string_view{};
 }
 
 i16 AnnexIndexFromCode(std::string_view code)
 {
     for (i16 i = 0; i < kAnnexes; ++i) {
-        if (Row(i).code == code) {
+        if (AnnexAt(i).code == code) {
             return i;
         }
     }
@@ -72,15 +98,15 @@ i16 AnnexIndexFromCode(std::string_view code)
 
 std::string_view AnnexCodeFromIndex(int annexindex)
 {
-    return Listed(annexindex) ? Row(annexindex).code : std::string_view{};
+    return AnnexListed(annexindex) ? AnnexAt(annexindex).code : std::string_view{};
 }
 
 void ApplyAnnexMaterial(Settings& settings, int annexindex)
 {
-    if (!Listed(annexindex) || annexindex == kAnnexUd) {
+    const Annex& annex = AnnexAt(annexindex);
+    if (!AnnexListed(annexindex) || annex.basis == AnnexBasis::user) {
         return;
     }
-    const Annex& annex = Row(annexindex);
     settings.gammam0 = annex.gammam0;
     settings.gammam1 = static_cast<float>(annex.gammam1);
     settings.neta =
@@ -89,7 +115,7 @@ void ApplyAnnexMaterial(Settings& settings, int annexindex)
     settings.beta = annex.beta;
     settings.lamdalt0w = static_cast<float>(annex.lamdalt0w);
     settings.betaw = annex.betaw;
-    if (annexindex == kAnnexNk) {
+    if (annex.basis == AnnexBasis::factors_of_user) {
         settings.loadcomb = kUserFactors;
     }
 }

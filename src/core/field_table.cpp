@@ -124,7 +124,8 @@ constexpr FieldShape kRows = FieldShape::array;
     OfForm<&ProjectState::form, &decltype(ProjectState::form)::box>(#form "." #box, {__VA_ARGS__})
 #define FORM(form, box, unit, meaning) BOXED(form, box, unit, meaning)
 #define FORMPICK(form, box, values, meaning) BOXED(form, box, "", meaning, values)
-#define ROW(table, meaning) OfTable<Table::table>("row." #table, "row of the table: " meaning)
+#define TABLE(name, family, meaning, ...)                                                          \
+    OfTable<Table::name>("row." #name, "row of the table: " meaning),
 #define ARRAY(name, role, first, ...)                                                              \
     Array<&ProjectState::name>(#name, role, kRows, first, {__VA_ARGS__})
 #define ROWS(name, role, first, unit, meaning) ARRAY(name, role, first, unit, meaning)
@@ -144,7 +145,7 @@ constexpr Field kFields[] = {
 #undef BOXED
 #undef FORM
 #undef FORMPICK
-#undef ROW
+#undef TABLE
 #undef ARRAY
 #undef ROWS
 #undef PICKROWS

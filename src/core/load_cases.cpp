@@ -20,7 +20,6 @@ struct Equation {
 
 constexpr double kUpper = 1.35;  // Table A1.2(B), every annex in Eq 6.10
 constexpr double kVariable = 1.5;
-constexpr double kDanishLowClass = 0.9;  // with every equation
 
 void Add(LoadCases& cases, const LoadCase& added)
 {
@@ -94,10 +93,11 @@ LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present, co
         return OneCase(s.loadcomb == kUserFactors ? CaseRule::user : CaseRule::basic,
                        StrengthFactors(s, s, s.loadcomb));
     }
-    const bool low_danish = s.annexindex == kAnnexDk && s.safetyclass == 1;
-    const double kg = low_danish ? kDanishLowClass : s.kfig;
-    const double kq = low_danish ? kDanishLowClass : static_cast<double>(s.kfiq);
-    const double lower = s.annexindex == kAnnexFi ? 0.9 : 1.0;
+    const Annex& annex = AnnexAt(s.annexindex);
+    const bool low = !annex.low_class_in_610 && s.safetyclass == 1;  // counts in every equation
+    const double kg = low ? annex.of_class[0].g : s.kfig;
+    const double kq = low ? annex.of_class[0].q : static_cast<double>(s.kfiq);
+    const double lower = annex.favourable;
     const double psi1 = s.psi1;
     const double psi2 = s.psi2;
     LoadCases cases;
@@ -110,9 +110,9 @@ LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present, co
                     present, basis);
     }
     if (s.loadcomb == kEq610a || s.loadcomb == kEq610ab) {
-        const double annex = s.g610ag;
-        const double permanent =
-            s.annexindex == kAnnexUd ? basis.pick(Dev::d26, AsWritten(s.g610ag), kUpper) : annex;
+        const double permanent = annex.basis == AnnexBasis::user
+                                     ? basis.pick(Dev::d26, AsWritten(s.g610ag), annex.stated610ag)
+                                     : static_cast<double>(s.g610ag);
         const double q1 = s.g610aq1 * kq * psi1;
         const double q2 = s.g610aq2 * kq * psi2;
         AddEquation(cases, {CaseRule::eq610a, permanent * kg, lower, q1, q1, q2, q2}, present,

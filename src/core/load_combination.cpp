@@ -11,54 +11,22 @@ namespace kestrum {
 
 namespace {
 
-struct FactorsOfAnnex {
-    double g610g, g610q1, g610q2;
-    double g610ag, g610aq1, g610aq2;
-    double g610bg, xi;
-};
-
-constexpr std::array<FactorsOfAnnex, kAnnexes> kFactors{{
-    {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.85},   // EU
-    {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.89},   // NO
-    {1.35, 1.5, 1.5, 1.35, 0.0, 0.0, 1.35, 0.89},   // SW
-    {1.1, 1.5, 1.5, 1.2, 0.0, 0.0, 1.0, 1.0},       // DK, D23
-    {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.925},  // UK
-    {1.1, 1.5, 1.5, 1.35, 0.0, 0.0, 1.15, 1.0},     // FI, D23
-    {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.85},   // GE
-    {1.35, 1.5, 1.5, 1.35, 1.5, 1.5, 1.35, 0.89},   // NK
-    {1.35, 1.5, 1.5, 1.1, 1.5, 1.5, 1.35, 0.85},    // UD, D26
-}};
-static_assert(kFactors[kAnnexUd].g610g > 0, "a row for every annex");
-
 constexpr double kVariable610b = 1.5;  // Eq 6.10b, in every annex
 
-struct ClassFactors {
-    double g, q;
-};
-
 // K_FI of the reliability, safety or consequences class, EN 1990, B3.3.
-ClassFactors FactorsOfClass(int annexindex, int safetyclass, int loadcomb)
+ClassFactors FactorsOfClass(const Annex& annex, int safetyclass, int loadcomb)
 {
-    switch (annexindex) {
-    case kAnnexNo:
-    case kAnnexNk:
-        return safetyclass == 1 ? ClassFactors{1, 0.9} : ClassFactors{1, 1};
-    case kAnnexSw:
-        return safetyclass == 1   ? ClassFactors{0.83, 0.83}
-               : safetyclass == 2 ? ClassFactors{0.91, 0.91}
-                                  : ClassFactors{1, 1};
-    case kAnnexDk:
-        if (safetyclass == 1 && loadcomb == kEq610) {
-            return {1, 1};
-        }
-        [[fallthrough]];
-    case kAnnexFi:
-        return safetyclass == 1   ? ClassFactors{0.9, 0.9}
-               : safetyclass == 2 ? ClassFactors{1, 1}
-                                  : ClassFactors{1.1, 1.1};
-    default:
-        return {1, 1};
+    if (safetyclass != 1) {
+        return annex.of_class[safetyclass == 2 ? 1 : 2];
     }
+    return annex.low_class_in_610 || loadcomb != kEq610 ? annex.of_class[0] : ClassFactors{1, 1};
+}
+
+using Class = CombinationWriting::Class;
+
+std::string Num(double value)
+{
+    return FormatNum(value, "0.0##");
 }
 
 std::string Psi(float value)
@@ -123,10 +91,10 @@ void SetPsi(Settings& settings)
 
 void ApplyAnnexLoads(const Settings& settings, AnnexFactors& factors, int annexindex)
 {
-    if (annexindex < 0 || annexindex >= kAnnexes) {
+    if (!AnnexListed(annexindex)) {
         return;
     }
-    const FactorsOfAnnex& f = kFactors[static_cast<std::size_t>(annexindex)];
+    const Annex& f = AnnexAt(annexindex);
     factors.g610g = static_cast<float>(f.g610g);
     factors.g610q1 = static_cast<float>(f.g610q1);
     factors.g610q2 = static_cast<float>(f.g610q2);
@@ -134,8 +102,8 @@ void ApplyAnnexLoads(const Settings& settings, AnnexFactors& factors, int annexi
     factors.g610aq1 = static_cast<float>(f.g610aq1);
     factors.g610aq2 = static_cast<float>(f.g610aq2);
     factors.g610bg = static_cast<float>(f.g610bg);
-    factors.xi610b = static_cast<float>(f.xi);
-    const ClassFactors k = FactorsOfClass(annexindex, settings.safetyclass, settings.loadcomb);
+    factors.xi610b = static_cast<float>(f.xi610b);
+    const ClassFactors k = FactorsOfClass(f, settings.safetyclass, settings.loadcomb);
     factors.kfig = k.g;
     factors.kfiq = static_cast<float>(k.q);
 }
@@ -179,62 +147,49 @@ LoadFactors ServiceFactors(const Inputs& in, int loadcomb)
 
 std::string CombText610(const ProjectState& s)
 {
-    const std::string head = "ULS: Eq 6.10: LC = ", psi1 = Psi(s.psi1);
-    switch (s.annexindex) {
-    case kAnnexNo:
-    case kAnnexNk:
-        return head + "1.35*G + " + Kfiq(s) + "*1.5*Q1 + " + Kfiq(s) + "*1.5*" + psi1 + "*Q2";
-    case kAnnexSw:
-        return head + Kfig(s) + "*(1.35*G + 1.5*Q1 + 1.5*" + psi1 + "*Q2)";
-    case kAnnexDk:
-        return head + Kfig(s) + "(1.1*G + 1.5*Q1 + 1.5*" + psi1 + "*Q2)";
-    case kAnnexFi:
-        return head + " " + Kfig(s) + " (1.1*G + 1.5*Q1 + 1.5*" + psi1 + "*Q2)";
-    default:
-        return head + "1.35*G + 1.5*Q1 + 1.5*" + psi1 + "*Q2";
+    const Annex& annex = AnnexAt(s.annexindex);
+    const CombinationWriting& writing = annex.writing;
+    const std::string q = writing.factor == Class::on_variable ? Kfiq(s) + "*" : "";
+    const std::string terms = Num(annex.g610g) + "*G + " + q + Num(annex.g610q1) + "*Q1 + " + q +
+                              Num(annex.g610q2) + "*" + Psi(s.psi1) + "*Q2";
+    const std::string head = "ULS: Eq 6.10: LC = ";
+    if (writing.factor != Class::on_all) {
+        return head + terms;
     }
+    return head + std::string(writing.before) + Kfig(s) + std::string(writing.after) + "(" + terms +
+           ")";
 }
 
 std::string CombText610a(const ProjectState& s)
 {
-    const std::string head = "ULS: Eq 6.10a: LC = ", psi1 = Psi(s.psi1), psi2 = Psi(s.psi2);
-    switch (s.annexindex) {
-    case kAnnexNo:
-    case kAnnexNk:
-        return head + "1.35*G +" + Kfiq(s) + "*1.5*" + psi1 + "*Q1 + " + Kfiq(s) + "*1.5*" + psi2 +
-               "*Q2";
-    case kAnnexSw:
-    case kAnnexFi:
-        return head + Kfig(s) + "*1.35*G";
-    case kAnnexDk:
-        return head + Kfig(s) + "*1.2*G";
-    default:  // the user-defined annex too, although its factor is 1.1 (D26)
-        return head + "1.35*G + 1.5*" + psi1 + "*Q1 + 1.5*" + psi2 + "*Q2";
+    const Annex& annex = AnnexAt(s.annexindex);
+    const CombinationWriting& writing = annex.writing;
+    std::string text = "ULS: Eq 6.10a: LC = ";
+    if (writing.factor == Class::on_all) {
+        text += Kfig(s) + "*";
     }
+    text += Num(annex.stated610ag) + "*G";
+    if (annex.g610aq1 == 0) {
+        return text;
+    }
+    const bool varies = writing.factor == Class::on_variable;
+    const std::string q = varies ? Kfiq(s) + "*" : "";
+    text += (varies ? std::string(writing.variable) : " + ") + q + Num(annex.g610aq1) + "*" +
+            Psi(s.psi1) + "*Q1 + ";
+    return text + q + Num(annex.g610aq2) + "*" + Psi(s.psi2) + "*Q2";
 }
 
 std::string CombText610b(const ProjectState& s)
 {
-    const std::string head = "ULS: Eq 6.10b: LC = ", psi2 = Psi(s.psi2);
-    const std::string g610bg = FormatNum(s.g610bg, "0.0##");
-    const std::string permanent = FormatNum(s.xi610b, "0.0##") + "*" + g610bg + "*G";
-    switch (s.annexindex) {
-    case kAnnexNo:
-    case kAnnexNk: {
-        const std::string star =
-            s.annexindex == kAnnexNk ? "*" : "";  // the second star is on purpose
-        return head + permanent + " + " + Kfiq(s) + "*1.5*Q1 + " + Kfiq(s) + "*1.5*" + star + psi2 +
-               "*Q2";
-    }
-    case kAnnexSw:
-    case kAnnexDk:
-        return head + Kfig(s) + "*(" + permanent + " + 1.5*Q1 + 1.5*" + psi2 + "*Q2)";
-    case kAnnexFi:
-        return head + Kfig(s) + "*(" + g610bg + "*G + 1.5*Q1 +1.5*" + FormatNum(s.psi2, "0.0#") +
-               "*Q2)";
-    default:
-        return head + permanent + " + 1.5*Q1 + 1.5*" + psi2 + "*Q2";
-    }
+    const CombinationWriting& writing = AnnexAt(s.annexindex).writing;
+    const std::string q = writing.factor == Class::on_variable ? Kfiq(s) + "*" : "";
+    const std::string variable = Num(kVariable610b);
+    std::string terms = writing.xi ? FormatNum(s.xi610b, "0.0##") + "*" : "";
+    terms += FormatNum(s.g610bg, "0.0##") + "*G + " + q + variable + "*Q1 +" +
+             std::string(writing.leading) + q + variable + "*" + std::string(writing.star) +
+             FormatNum(s.psi2, writing.psi) + "*Q2";
+    const std::string head = "ULS: Eq 6.10b: LC = ";
+    return writing.factor == Class::on_all ? head + Kfig(s) + "*(" + terms + ")" : head + terms;
 }
 
 std::string CombText614(const ProjectState& s)

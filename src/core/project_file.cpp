@@ -161,9 +161,6 @@ template <class File> void BritishRow(File& file, ProjectState& s)
             return;
         }
     }
-    if (s.family == 102) {
-        return Row(file, s, Table::j, "row.j");
-    }
     file.Value("series103", s.series103);
     if (s.series103 == 1) {
         Row(file, s, Table::ch, "row.ch");
@@ -336,7 +333,7 @@ template <class File> void Section(File& file, ProjectState& s, i16 version)
         GeneralProfile(file, s);
     } else if (s.family >= 51 && s.family <= 56) {
         Plate(file, s);
-    } else if (s.family >= 101 && s.family <= 103) {
+    } else if (s.family == 101 || s.family == 103) {
         BritishRow(file, s);
     }
 }

@@ -20,10 +20,11 @@ namespace {
 
 constexpr int kNoRow = -1;
 // Fields of the table rows, in the order of the tables.
+#define TABLE(name, ...) "row." #name,
 constexpr std::array<std::string_view, kTables> kRowNames = {
-    "row.hea",   "row.heb",   "row.hem", "row.ipe", "row.upe", "row.shs", "row.rhs",
-    "row.cfshs", "row.cfrhs", "row.l1",  "row.l2",  "row.inp", "row.unp", "row.l3",
-    "row.hp",    "row.ub",    "row.ubp", "row.uc",  "row.j",   "row.ch",  "row.pfc"};
+#include "core/profile_tables.inc"
+};
+#undef TABLE
 constexpr float kLeastLength = 0.05F;  // m
 
 // Collects the faults of one record.

@@ -1,6 +1,7 @@
 #include "sections/read_profiles.h"
 
 #include "core/utf8_path.h"
+#include "sections/delivered_data.h"
 
 #include <algorithm>
 #include <bit>
@@ -13,44 +14,33 @@ namespace kestrum {
 
 namespace {
 
-// In the order in which the files are read.
-constexpr std::array<TableShape, kTables> kShapes = {{
-    {Table::hea, "hea.dat", "HEA", 24, 29, 11, {1, 0, 0}, 24, 10},
-    {Table::heb, "heb.dat", "HEB", 24, 29, 11, {1, 0, 0}, 24, 10},
-    {Table::hem, "hem.dat", "HEM", 24, 29, 11, {1, 0, 0}, 24, 10},
-    {Table::ipe, "ipe.dat", "IPE", 18, 20, 10, {1, 0, 0}, 18, 10},
-    {Table::upe, "upe.dat", "UPE", 14, 16, 14, {1, 0, 0}, 14, 10},
-    {Table::shs, "shs.dat", "RHS", 101, 116, 6, {1, 2, 0}, 101, 50},
-    {Table::rhs, "rhs.dat", "RHS", 158, 166, 9, {1, 2, 3}, 158, 50},
-    {Table::cfshs, "cfshs.dat", "CFRHS", 105, 116, 7, {1, 3, 0}, 105, 50},
-    {Table::cfrhs, "cfrhs.dat", "CFRHS", 119, 146, 9, {1, 2, 3}, 119, 50},
-    {Table::l1, "l1.dat", "L", 62, 66, 11, {1, 2, 0}, 62, 50},
-    {Table::l2, "l2.dat", "L", 49, 51, 16, {1, 2, 3}, 49, 40},
-    {Table::inp, "inp.dat", "INP", 21, 23, 11, {1, 0, 0}, 21, 11},
-    {Table::unp, "unp.dat", "UNP", 16, 23, 15, {1, 0, 0}, 16, 10},
-    {Table::l3, "l3.dat", "L", 11, 13, 6, {1, 2, 3}, 11, 5},
-    {Table::hp, "hp.dat", "HP", 47, 48, 5, {1, 2, 0}, 47, 5},
-    {Table::ub, "ub.dat", "UB", 81, 86, 19, {1, 2, 3}, 81, 10},
-    // The loop over this file runs past the 17 rows of the series to the end of the array.
-    {Table::ubp, "ubp.dat", "UBP", 17, 18, 19, {1, 2, 3}, 18, 10},
-    {Table::uc, "uc.dat", "UC", 31, 31, 19, {1, 2, 3}, 31, 10},
-    {Table::j, "j.dat", "J", 13, 21, 19, {1, 2, 3}, 13, 10},
-    {Table::ch, "ch.dat", "CH", 17, 18, 22, {1, 2, 3}, 17, 10},
-    {Table::pfc, "pfc.dat", "PFC", 16, 18, 21, {1, 2, 3}, 16, 10},
-}};
-
-constexpr bool InOrder()
+constexpr TableShape Shape(Table table, std::string_view file, std::string_view series, int columns,
+                           std::array<int, 3> key, int reserved, i16 start, bool to_end)
 {
-    for (std::size_t i = 0; i < kTables; ++i) {
-        const TableShape& shape = kShapes[i];
-        if (static_cast<std::size_t>(shape.table) != i || shape.rows > shape.readrows ||
-            shape.readrows > shape.reserved) {
-            return false;
-        }
-    }
-    return true;
+    const int rows = DeliveredRows(file);
+    const int held = std::max(rows, reserved);
+    return {table, file, series, rows, held, columns, key, to_end ? held : rows, start};
 }
-static_assert(InOrder());
+
+#define KEY(...)                                                                                   \
+    std::array<int, 3>                                                                             \
+    {                                                                                              \
+        __VA_ARGS__                                                                                \
+    }
+#define TABLE(name, family, meaning, series, columns, key, reserved, start, to_end)                \
+    Shape(Table::name, #name ".dat", series, columns, key, reserved, start, to_end),
+constexpr std::array<TableShape, kTables> kShapes = {{
+#include "core/profile_tables.inc"
+}};
+#undef TABLE
+#undef KEY
+
+constexpr bool AllDelivered()
+{
+    return std::all_of(kShapes.begin(), kShapes.end(),
+                       [](const TableShape& shape) { return shape.rows > 0; });
+}
+static_assert(AllDelivered(), "a table of the list has no CSV file");
 
 float LittleEndianFloat(const char* bytes)
 {

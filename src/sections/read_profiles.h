@@ -1,12 +1,12 @@
 #pragma once
 
-// The 21 binary profile tables: their shapes, and the reader.
+// The binary profile tables: their shapes (core/profile_tables.inc), and the reader.
 //
-// A file is a plain sequence of 32-bit little-endian floats, row after row. How many rows and
-// columns it holds stands here and never in the file; what follows the last row is ignored. Reading
-// runs with errors ignored: of a missing or short file the rows that are not whole stay zero, and
-// the calculation that uses one of them ends by its division by zero. Whether a file is whole is
-// asked before (CheckProfile, sections/load_library).
+// A file is a plain sequence of 32-bit little-endian floats, row after row. How many rows it holds
+// is counted in the delivered table and never asked of the file; what follows the last row is
+// ignored. Reading runs with errors ignored: of a missing or short file the rows that are not whole
+// stay zero, and the calculation that uses one of them ends by its division by zero. Whether a file
+// is whole is asked before (CheckProfile, sections/load_library).
 
 #include "core/library.h"
 

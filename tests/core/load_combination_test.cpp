@@ -44,71 +44,6 @@ TEST(LoadFactors, PsiFollowsTheListIndex)
     EXPECT_EQ(s.psi1, 0.0f);
 }
 
-// EN 1990, Table A1.2(B), with the national choices.
-struct FactorCase {
-    const char* code;
-    float g610g, g610q1, g610q2, g610ag, g610aq1, g610aq2, g610bg, xi;
-};
-
-const FactorCase kFactorCases[] = {
-    {"EU", 1.35f, 1.5f, 1.5f, 1.35f, 1.5f, 1.5f, 1.35f, 0.85f},
-    {"NO", 1.35f, 1.5f, 1.5f, 1.35f, 1.5f, 1.5f, 1.35f, 0.89f},
-    {"SW", 1.35f, 1.5f, 1.5f, 1.35f, 0, 0, 1.35f, 0.89f},
-    {"DK", 1.1f, 1.5f, 1.5f, 1.2f, 0, 0, 1.0f, 1.0f},
-    {"UK", 1.35f, 1.5f, 1.5f, 1.35f, 1.5f, 1.5f, 1.35f, 0.925f},
-    {"FI", 1.1f, 1.5f, 1.5f, 1.35f, 0, 0, 1.15f, 1.0f},
-    {"GE", 1.35f, 1.5f, 1.5f, 1.35f, 1.5f, 1.5f, 1.35f, 0.85f},
-    {"NK", 1.35f, 1.5f, 1.5f, 1.35f, 1.5f, 1.5f, 1.35f, 0.89f},
-    {"UD", 1.35f, 1.5f, 1.5f, 1.1f, 1.5f, 1.5f, 1.35f, 0.85f},
-};
-
-TEST(LoadFactors, FollowTheAnnex)
-{
-    ASSERT_EQ(std::ssize(kFactorCases), kAnnexes);
-    for (const FactorCase& c : kFactorCases) {
-        SCOPED_TRACE(c.code);
-        const ProjectState s = Annexed(AnnexIndexFromCode(c.code), 2, 0);
-        EXPECT_EQ(s.g610g, c.g610g);
-        EXPECT_EQ(s.g610q1, c.g610q1);
-        EXPECT_EQ(s.g610q2, c.g610q2);
-        EXPECT_EQ(s.g610ag, c.g610ag);
-        EXPECT_EQ(s.g610aq1, c.g610aq1);
-        EXPECT_EQ(s.g610aq2, c.g610aq2);
-        EXPECT_EQ(s.g610bg, c.g610bg);
-        EXPECT_EQ(s.xi610b, c.xi);
-    }
-}
-
-struct ClassCase {
-    const char* code;
-    double g[4], q[4];  // safetyclass 0 to 3, loadcomb 1
-};
-
-const ClassCase kClassCases[] = {
-    {"EU", {1, 1, 1, 1}, {1, 1, 1, 1}},
-    {"NO", {1, 1, 1, 1}, {1, 0.9, 1, 1}},
-    {"SW", {1, 0.83, 0.91, 1}, {1, 0.83, 0.91, 1}},
-    {"DK", {1.1, 0.9, 1, 1.1}, {1.1, 0.9, 1, 1.1}},
-    {"UK", {1, 1, 1, 1}, {1, 1, 1, 1}},
-    {"FI", {1.1, 0.9, 1, 1.1}, {1.1, 0.9, 1, 1.1}},
-    {"GE", {1, 1, 1, 1}, {1, 1, 1, 1}},
-    {"NK", {1, 1, 1, 1}, {1, 0.9, 1, 1}},
-    {"UD", {1, 1, 1, 1}, {1, 1, 1, 1}},
-};
-
-TEST(LoadFactors, FollowTheClass)
-{
-    ASSERT_EQ(std::ssize(kClassCases), kAnnexes);
-    for (const ClassCase& c : kClassCases) {
-        for (i16 safetyclass = 0; safetyclass <= 3; ++safetyclass) {
-            SCOPED_TRACE(std::string(c.code) + " class " + std::to_string(safetyclass));
-            const ProjectState s = Annexed(AnnexIndexFromCode(c.code), safetyclass, 1);
-            EXPECT_EQ(s.kfig, c.g[safetyclass]);
-            EXPECT_EQ(s.kfiq, static_cast<float>(c.q[safetyclass]));
-        }
-    }
-}
-
 TEST(LoadFactors, DanishClass1IsNotReducedInEq610)
 {
     for (i16 loadcomb = 0; loadcomb <= 3; ++loadcomb) {
@@ -240,42 +175,6 @@ TEST(LoadFactors, D28Eq610TakesPsi1OnQ2)
     EXPECT_NEAR(StrengthFactors(s, s, 0).q2, 1.5 * 0.7, 1e-6);
 }
 
-struct TextCase {
-    const char* code;
-    i16 safetyclass;
-    const char* eq610;
-    const char* eq610a;
-    const char* eq610b;
-};
-
-const TextCase kTextCases[] = {
-    {"EU", 3, "ULS: Eq 6.10: LC = 1.35*G + 1.5*Q1 + 1.5*0.7*Q2",
-     "ULS: Eq 6.10a: LC = 1.35*G + 1.5*0.7*Q1 + 1.5*0.3*Q2",
-     "ULS: Eq 6.10b: LC = 0.85*1.35*G + 1.5*Q1 + 1.5*0.3*Q2"},
-    {"UK", 3, "ULS: Eq 6.10: LC = 1.35*G + 1.5*Q1 + 1.5*0.7*Q2",
-     "ULS: Eq 6.10a: LC = 1.35*G + 1.5*0.7*Q1 + 1.5*0.3*Q2",
-     "ULS: Eq 6.10b: LC = 0.925*1.35*G + 1.5*Q1 + 1.5*0.3*Q2"},
-    {"GE", 3, "ULS: Eq 6.10: LC = 1.35*G + 1.5*Q1 + 1.5*0.7*Q2",
-     "ULS: Eq 6.10a: LC = 1.35*G + 1.5*0.7*Q1 + 1.5*0.3*Q2",
-     "ULS: Eq 6.10b: LC = 0.85*1.35*G + 1.5*Q1 + 1.5*0.3*Q2"},
-    {"UD", 1, "ULS: Eq 6.10: LC = 1.35*G + 1.5*Q1 + 1.5*0.7*Q2",
-     "ULS: Eq 6.10a: LC = 1.35*G + 1.5*0.7*Q1 + 1.5*0.3*Q2",
-     "ULS: Eq 6.10b: LC = 0.85*1.35*G + 1.5*Q1 + 1.5*0.3*Q2"},
-    {"NO", 1, "ULS: Eq 6.10: LC = 1.35*G + 0.9*1.5*Q1 + 0.9*1.5*0.7*Q2",
-     "ULS: Eq 6.10a: LC = 1.35*G +0.9*1.5*0.7*Q1 + 0.9*1.5*0.3*Q2",
-     "ULS: Eq 6.10b: LC = 0.89*1.35*G + 0.9*1.5*Q1 + 0.9*1.5*0.3*Q2"},
-    {"NK", 3, "ULS: Eq 6.10: LC = 1.35*G + 1.0*1.5*Q1 + 1.0*1.5*0.7*Q2",
-     "ULS: Eq 6.10a: LC = 1.35*G +1.0*1.5*0.7*Q1 + 1.0*1.5*0.3*Q2",
-     "ULS: Eq 6.10b: LC = 0.89*1.35*G + 1.0*1.5*Q1 + 1.0*1.5**0.3*Q2"},
-    {"SW", 2, "ULS: Eq 6.10: LC = 0.91*(1.35*G + 1.5*Q1 + 1.5*0.7*Q2)",
-     "ULS: Eq 6.10a: LC = 0.91*1.35*G",
-     "ULS: Eq 6.10b: LC = 0.91*(0.89*1.35*G + 1.5*Q1 + 1.5*0.3*Q2)"},
-    {"DK", 3, "ULS: Eq 6.10: LC = 1.1(1.1*G + 1.5*Q1 + 1.5*0.7*Q2)",
-     "ULS: Eq 6.10a: LC = 1.1*1.2*G", "ULS: Eq 6.10b: LC = 1.1*(1.0*1.0*G + 1.5*Q1 + 1.5*0.3*Q2)"},
-    {"FI", 1, "ULS: Eq 6.10: LC =  0.9 (1.1*G + 1.5*Q1 + 1.5*0.7*Q2)",
-     "ULS: Eq 6.10a: LC = 0.9*1.35*G", "ULS: Eq 6.10b: LC = 0.9*(1.15*G + 1.5*Q1 +1.5*0.3*Q2)"},
-};
-
 // Whatever the annex: a factor of the class that acts stands in the text of the combination.
 TEST(CombinationTexts, NameTheFactorOfTheClass)
 {
@@ -295,18 +194,6 @@ TEST(CombinationTexts, NameTheFactorOfTheClass)
                 }
             }
         }
-    }
-}
-
-TEST(CombinationTexts, NameTheFactorsOfTheAnnex)
-{
-    for (const TextCase& c : kTextCases) {
-        SCOPED_TRACE(c.code);
-        const ProjectState s = Annexed(AnnexIndexFromCode(c.code), c.safetyclass, 1);
-        EXPECT_EQ(CombText610(s), c.eq610);
-        EXPECT_EQ(CombText610a(s), c.eq610a);
-        EXPECT_EQ(CombText610b(s), c.eq610b);
-        EXPECT_EQ(CombText614(s), "SLS: Eq 6.14a: LC = G + Q1 + 0.3*Q2");
     }
 }
 

@@ -136,7 +136,7 @@ TEST(ProjectFile, KeepsTheBlockOfEveryFamily)
         EXPECT_EQ(s.spare2, 1);
         EXPECT_EQ(WriteProject(s), bytes);
     }
-    EXPECT_EQ(families.size(), 32U);
+    EXPECT_GE(families.size(), 32U);  // those that projects have had
 }
 
 TEST(ProjectFile, PutsEachSectionValueIntoItsField)

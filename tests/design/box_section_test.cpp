@@ -1,6 +1,6 @@
-#include "core/project_state.h"
 #include "design/box_section.h"
 
+#include "core/project_state.h"
 #include "design/hollow_section.h"
 #include "sections/hollow.h"
 #include "support/welded_design.h"

@@ -1,6 +1,6 @@
-#include "core/project_state.h"
 #include "design/class_welded.h"
 
+#include "core/project_state.h"
 #include "support/welded_design.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "core/project_state.h"
 #include "design/hat_beam_section.h"
 
+#include "core/project_state.h"
 #include "support/rows.h"
 #include "support/welded_design.h"
 

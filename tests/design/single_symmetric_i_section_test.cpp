@@ -1,7 +1,7 @@
-#include "core/project_state.h"
 #include "design/single_symmetric_i_section.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 #include "design/i_section.h"
 #include "sections/rolled_i.h"
 #include "support/rows.h"

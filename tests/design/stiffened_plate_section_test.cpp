@@ -1,6 +1,6 @@
-#include "core/project_state.h"
 #include "design/stiffened_plate_section.h"
 
+#include "core/project_state.h"
 #include "design/effective_welded.h"
 #include "support/rows.h"
 #include "support/welded_design.h"

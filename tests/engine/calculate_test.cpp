@@ -1,7 +1,7 @@
-#include "core/project_state.h"
 #include "engine/calculate.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 #include "engine/control_dispatch.h"
 #include "engine/engine_fixture.h"
 #include "engine/section_dispatch.h"

@@ -1,6 +1,6 @@
-#include "core/project_state.h"
 #include "engine/new_project.h"
 
+#include "core/project_state.h"
 #include "engine/engine_fixture.h"
 
 #include <gtest/gtest.h>

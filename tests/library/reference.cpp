@@ -1,6 +1,7 @@
 #include "library/reference.h"
 
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "report/outcome.h"

@@ -1,6 +1,6 @@
-#include "core/project_state.h"
 #include "report/detailed_table.h"
 
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "sections/load_library.h"

@@ -1,7 +1,7 @@
-#include "core/project_state.h"
 #include "report/diagrams.h"
 
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "engine/engine_fixture.h"
 #include "report/drawing_checks.h"
 

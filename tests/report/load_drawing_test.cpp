@@ -1,6 +1,6 @@
-#include "core/project_state.h"
 #include "report/load_drawing.h"
 
+#include "core/project_state.h"
 #include "report/drawing_checks.h"
 
 #include <gmock/gmock.h>

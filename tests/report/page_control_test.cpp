@@ -1,8 +1,8 @@
-#include "core/project_state.h"
 #include "report/pages.h"
 
 #include "core/annexes.h"
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "report/design_notes.h"
 #include "report/outcome.h"
 #include "report/page_checks.h"

@@ -1,7 +1,7 @@
-#include "core/project_state.h"
 #include "report/pages.h"
 
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "report/page_checks.h"
 #include "report/page_header.h"
 #include "report/panel.h"

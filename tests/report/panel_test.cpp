@@ -1,7 +1,7 @@
-#include "core/project_state.h"
 #include "report/panel.h"
 
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "report/panel_text.h"
 
 #include <gmock/gmock.h>

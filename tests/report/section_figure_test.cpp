@@ -1,6 +1,6 @@
-#include "core/project_state.h"
 #include "report/section_figure.h"
 
+#include "core/project_state.h"
 #include "engine/engine_fixture.h"
 #include "engine/section_dispatch.h"
 #include "report/drawing_checks.h"

@@ -1,6 +1,6 @@
-#include "core/project_state.h"
 #include "sections/channels.h"
 
+#include "core/project_state.h"
 #include "support/sections.h"
 
 #include <numbers>

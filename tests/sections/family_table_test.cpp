@@ -248,15 +248,25 @@ std::vector<std::string> Expand(const char* list)
     return keys;
 }
 
-TEST(RowLists, AreCompleteAndInOrder)
+// Projects keep the index of a row: a new row comes behind these.
+TEST(RowLists, BeginInTheOrderThatProjectsKnow)
 {
-    ASSERT_EQ(std::size(kRowLists), kTables);
     for (const RowList& list : kRowLists) {
         const std::vector<std::string> expected = Expand(list.rows);
-        ASSERT_EQ(RowCount(list.table), static_cast<int>(expected.size())) << list.rows;
-        for (int row = 0; row < RowCount(list.table); ++row) {
-            EXPECT_EQ(RowKey(Delivered(), list.table, row),
-                      expected[static_cast<std::size_t>(row)]);
+        ASSERT_GE(RowCount(list.table), static_cast<int>(expected.size())) << list.rows;
+        for (std::size_t row = 0; row < expected.size(); ++row) {
+            EXPECT_EQ(RowKey(Delivered(), list.table, static_cast<int>(row)), expected[row]);
+        }
+    }
+}
+
+TEST(RowLists, NameEachRowOnce)
+{
+    for (std::size_t table = 0; table < kTables; ++table) {
+        std::set<std::string> keys;
+        for (int row = 0; row < RowCount(static_cast<Table>(table)); ++row) {
+            const std::string key = RowKey(Delivered(), static_cast<Table>(table), row);
+            EXPECT_TRUE(keys.insert(key).second) << ShapeOf(static_cast<Table>(table)).file << key;
         }
     }
 }

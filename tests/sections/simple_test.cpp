@@ -1,7 +1,7 @@
-#include "core/project_state.h"
 #include "sections/simple.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 #include "support/sections.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
-#include "core/project_state.h"
 #include "stability/lateral_torsional.h"
 
 #include "core/annexes.h"
+#include "core/project_state.h"
 #include "stability/test_members.h"
 
 #include <gtest/gtest.h>

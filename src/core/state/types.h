@@ -27,29 +27,16 @@ constexpr int kCheckSections = 41;  // capacity; npts is the last one used
 constexpr int kSegments = 7;  // capacity of the lateral torsional buckling segments, used from 1
 
 // Profile tables, one entry per file, in the order in which they are read.
+#define TABLE(name, ...) name,
 enum class Table : std::uint8_t {
-    hea,
-    heb,
-    hem,
-    ipe,
-    upe,
-    shs,
-    rhs,
-    cfshs,
-    cfrhs,
-    l1,
-    l2,
-    inp,
-    unp,
-    l3,
-    hp,
-    ub,
-    ubp,
-    uc,
-    j,
-    ch,
-    pfc
+#include "core/profile_tables.inc"
 };
-constexpr std::size_t kTables = 21;
+#undef TABLE
+
+#define TABLE(...) +1
+constexpr std::size_t kTables = 0
+#include "core/profile_tables.inc"
+    ;
+#undef TABLE
 
 }  // namespace kestrum
