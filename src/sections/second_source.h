@@ -6,6 +6,7 @@
 
 #include "core/file_notation.h"
 #include "core/library.h"
+#include "core/state/inputs.h"
 
 #include <optional>
 #include <string_view>
