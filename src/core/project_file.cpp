@@ -316,7 +316,7 @@ template <class File> void Section(File& file, ProjectState& s, i16 version)
         return;
     }
     for (const TableRow& row : kTableRows) {
-        if (row.family == s.family) {
+        if (row.family != 0 && row.family == s.family) {
             return Row(file, s, row.table, row.name);
         }
     }
