@@ -16,7 +16,7 @@ ProjectState Beam(int annex, i16 selector)
     s.annexindex = static_cast<i16>(annex);
     s.loadcomb = selector;
     s.safetyclass = 2;
-    ApplyAnnexLoads(s, annex);
+    ApplyAnnexLoads(s, s, annex);
     return s;
 }
 
