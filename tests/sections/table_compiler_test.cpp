@@ -96,7 +96,7 @@ TEST_F(TableCompiler, KeepsTheOldTableWhenTheNewOneFails)
     EXPECT_EQ(Read("out.dat"), before);
 }
 
-// The digest of a CSV is that of its table: 1 is the bytes 00 00 80 3F.
+// The digest of a CSV is that of its table: 1 is the bytes 00 00 80 3F. Behind it its rows.
 TEST_F(TableCompiler, WritesTheDigestsOfWhatIsDelivered)
 {
     std::ofstream(folder / "hea.csv", std::ios::binary) << "h\n1\n";
@@ -107,8 +107,8 @@ TEST_F(TableCompiler, WritesTheDigestsOfWhatIsDelivered)
     ASSERT_EQ(std::system(command.c_str()), 0);
     EXPECT_EQ(Read("out.inc"),
               "{\"hea.dat\", \"" + Sha256(std::string("\0\0\x80\x3F", 4)) +
-                  "\"},\n{\"list.txt\", "
-                  "\"ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad\"},\n");
+                  "\", 1},\n{\"list.txt\", "
+                  "\"ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad\", 0},\n");
 }
 
 }  // namespace
