@@ -61,11 +61,9 @@ tools/check-readme build/release/bin || die "README.md does not tell what the pr
 tools/field-docs --check build/release/bin/kestrum || die "docs/file-format.md or the schema is not current"
 tools/lib/manual_sources.py check build/release/bin/kestrum || die "docs/theory does not tell what the program shows"
 tools/check-hardening build/release || die "a delivered program is not hardened"
-build_and_test asan
-if [ -e fuzz/CMakeLists.txt ]; then
-    say "Fuzz smoke run"
-    tools/fuzz --smoke || die "a fuzzer found a fault"
-fi
+build_and_test sanitize
+say "Fuzz smoke run"
+tools/fuzz --smoke || die "a fuzzer found a fault"
 
 if [ "${1:-}" = --full ]; then
     build_and_test clang
@@ -74,9 +72,9 @@ if [ "${1:-}" = --full ]; then
         die "clang-tidy found something"
     coverage
     say "The windows under the sanitizers"
-    cmake --preset asan -DKESTRUM_DESKTOP=ON >/dev/null || die "cmake could not configure asan with the desktop"
-    cmake --build --preset asan || die "the asan build failed; the first error stands above"
-    ctest --preset asan -R "^(ui|render)/" -j "$jobs" || die "a sanitizer found a fault in the windows"
+    cmake --preset sanitize -DKESTRUM_DESKTOP=ON >/dev/null || die "cmake could not configure sanitize with the desktop"
+    cmake --build --preset sanitize || die "the sanitizer build failed; the first error stands above"
+    ctest --preset sanitize -R "^(ui|render)/" -j "$jobs" || die "a sanitizer found a fault in the windows"
     tools/build-docs build/release
     say "The windows on an X display"
     tools/check-display build/release || die "the desktop does not work on an X display"

@@ -170,7 +170,7 @@ TEST_F(BatchTables, NothingThatATerminalObeysIsPrinted)
 // What is held of a stream does not grow with it, and what has to be held has a limit.
 TEST_F(BatchTables, ALongStreamIsNotHeldWhole)
 {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(KESTRUM_SANITIZED)
     GTEST_SKIP() << "the sanitizer holds more than the program";
 #endif
     const std::string peak = "-f %M -o peak '" KESTRUM_BIN "/kestrum' ";
