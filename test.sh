@@ -1,6 +1,7 @@
 #!/bin/sh
 # Installs what is missing, builds and runs all tests. What this script runs is what CI runs.
-#   ./test.sh              release build with all tests, sanitizer build with the fuzz smoke run, format check
+#   ./test.sh              release build with all tests, sanitizer build with all but the tests of formulas and the
+#                          fuzz smoke run, format check
 #   ./test.sh --full       the same, then the second compiler, static analysis, coverage, manuals, packages
 #                          and the Windows build
 #   ./test.sh --coverage   line and branch coverage of the calculation only
@@ -61,7 +62,10 @@ tools/check-readme build/release/bin || die "README.md does not tell what the pr
 tools/field-docs --check build/release/bin/kestrum || die "docs/file-format.md or the schema is not current"
 tools/lib/manual_sources.py check build/release/bin/kestrum || die "docs/theory does not tell what the program shows"
 tools/check-hardening build/release || die "a delivered program is not hardened"
-build_and_test sanitize
+# Formulas run under the sanitizers in whole passes, in the fuzzers and, with --full, in their own tests.
+formulas=OFF
+[ "${1:-}" != --full ] || formulas=ON
+build_and_test sanitize -DKESTRUM_FORMULA_TESTS=$formulas
 say "Fuzz smoke run"
 tools/fuzz --smoke || die "a fuzzer found a fault"
 
