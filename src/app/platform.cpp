@@ -50,7 +50,7 @@ std::string StateFolder(const std::function<std::string(const char* name)>& vari
     case Platform::macos:
         return below("HOME", "/Library/Application Support/kestrum-ec3");
     default: {
-        // The base directory specification takes absolute paths only.
+        // A path that is not absolute counts as none.
         const bool own = variable("XDG_STATE_HOME").starts_with('/');
         return own ? below("XDG_STATE_HOME", "/kestrum-ec3")
                    : below("HOME", "/.local/state/kestrum-ec3");

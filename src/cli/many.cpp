@@ -2,8 +2,8 @@
 
 #include "app/field_owner.h"
 #include "app/table_record.h"
+#include "app/unloaded_member.h"
 #include "core/utf8_path.h"
-#include "engine/new_project.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -80,11 +80,7 @@ ProjectState BaseOf(const Library& library, const std::string& file)
         ClearLoads(s, s.loadmode == 1 ? LoadKind::endforce : LoadKind::load);
         return s;
     }
-    ProjectState s = StartState(library);
-    ClearLoads(s, LoadKind::load);
-    ClearLoads(s, LoadKind::endforce);
-    s.ident.clear();
-    return s;
+    return UnloadedMember(library);
 }
 
 }  // namespace kestrum::cli

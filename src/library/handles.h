@@ -62,9 +62,6 @@ struct StoredFailure {
     std::string stage, cause, quantity, unit;
 };
 
-// A member as it is new: no loads, no name.
-ProjectState NewMember(const Library& library);
-
 // The field of an input; refuses a name that is none.
 AssignTarget TargetOf(std::string_view name);
 FieldRef FieldOf(std::string_view name);

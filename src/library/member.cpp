@@ -2,6 +2,7 @@
 
 #include "app/choices.h"
 #include "app/field_hint.h"
+#include "app/unloaded_member.h"
 #include "app/view_section.h"
 #include "core/project_file.h"
 #include "engine/new_project.h"
@@ -119,15 +120,6 @@ ProjectState ReadBack(const Library& library, std::string_view bytes)
 
 namespace kestrum::library {
 
-ProjectState NewMember(const Library& library)
-{
-    ProjectState s = StartState(library);
-    ClearLoads(s, LoadKind::load);
-    ClearLoads(s, LoadKind::endforce);
-    s.ident.clear();
-    return s;
-}
-
 AssignTarget TargetOf(std::string_view name)
 {
     AssignTarget target;
@@ -145,7 +137,7 @@ kestrum_code kestrum_member_new(const kestrum_catalogue* catalogue, kestrum_memb
 {
     return Answered(out, error, [&] {
         const auto& library = Required(catalogue, "catalogue").library;
-        return kestrum_member{library, kestrum::library::NewMember(*library)};
+        return kestrum_member{library, kestrum::UnloadedMember(*library)};
     });
 }
 
