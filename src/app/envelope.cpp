@@ -1,12 +1,9 @@
 #include "app/envelope.h"
 
 #include "app/cell_reader.h"
-#include "core/check_text.h"
-#include "core/failure.h"
 #include "core/utf8_text.h"
 #include "report/outcome.h"
 #include "report/state_json.h"
-#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,126 +11,6 @@
 #include <utility>
 
 namespace kestrum {
-
-namespace {
-
-constexpr std::string_view kRules = "loads not known: rules for lines from loads";
-constexpr std::string_view kVaries =
-    "N varies: sections take N at the place, buckling the largest compression";
-
-double Square(double x)
-{
-    return x * x;
-}
-
-// kNm, St. Venant torsion to the shear yield strength: of a closed section by its cell (Bredt), of
-// an open one by its thickest plate.
-double YieldTorque(const ProjectState& s)
-{
-    constexpr double kNmm = 1e6;
-    const double tau = s.fyk / std::sqrt(3.0);
-    const double wall = s.tf > 0 ? std::min(s.tw, s.tf) : s.tw;
-    if (Is(s, Kind::tube)) {
-        constexpr double kQuarterPi = 0.7853981633974483;
-        return 2 * kQuarterPi * Square(s.h - wall) * wall * tau / kNmm;
-    }
-    if (Is(s, Kind::hollow, Kind::box) && wall > 0) {
-        return 2.0 * (s.h - s.tf) * (s.b - s.tw) * wall * tau / kNmm;
-    }
-    return s.tmax > 0 ? s.it / s.tmax * tau / kNmm : 0;
-}
-
-// What the family does not carry as a share of the elastic resistance; infinite without one.
-double ShareNotCarried(const ProjectState& s, const NotCarried& beyond)
-{
-    const auto share = [&](double force, double resistance) {
-        return force == 0       ? 0
-               : resistance > 0 ? force / resistance
-                                : std::numeric_limits<double>::infinity();
-    };
-    constexpr double kN = 1e3, kNmm = 1e6;
-    return std::max({share(beyond.n, s.a * s.fyk / kN), share(beyond.y, s.wely * s.fyk / kNmm),
-                     share(beyond.z, s.welz * s.fyk / kNmm)});
-}
-
-std::string NotCarriedText(const NotCarried& beyond)
-{
-    std::string text;
-    const auto add = [&](double size, std::string_view name, std::string_view unit) {
-        if (size > 0) {
-            text.append(text.empty() ? "" : ", ").append(name).append(" up to ");
-            text.append(ShortNumber(size)).append(" ").append(unit);
-        }
-    };
-    add(beyond.n, "N", "kN");
-    add(beyond.y, "My or Vz", "kNm or kN");
-    add(beyond.z, "Mz or Vy", "kNm or kN");
-    return text + " not taken by this section family";
-}
-
-// Of the check that governs, the first of several as in its verdict.
-double PlaceOf(const ProjectState& s)
-{
-    const Check* most = nullptr;
-    for (std::size_t row = 0; row < static_cast<std::size_t>(ResultRow::deflection_z); ++row) {
-        const Check& check = s.checklist.row(static_cast<ResultRow>(row));
-        if (IsJudged(check) && (most == nullptr || check.ratio > most->ratio)) {
-            most = &check;
-        }
-    }
-    const bool placed = most != nullptr && most->place.kind == CheckPlace::Kind::section;
-    return placed ? most->place.x * s.l : kNowhere;
-}
-
-}  // namespace
-
-bool WorstCase::Worse(bool other_failed, double other_ir, std::size_t other_line) const
-{
-    if (!any || failed != other_failed) {
-        return !any || other_failed;
-    }
-    // Failed cases have no order but that of the table.
-    return (!failed && other_ir > ir) || ((failed || other_ir == ir) && other_line < line);
-}
-
-void MemberAnswer::Add(MemberAnswer other)
-{
-    const auto take = [](WorstCase& mine, WorstCase& its) {
-        if (its.any && mine.Worse(its.failed, its.ir, its.line)) {
-            mine = std::move(its);
-        }
-    };
-    take(program, other.program);
-    take(standard, other.standard);
-    counts.cases += other.counts.cases;
-    counts.above += other.counts.above;
-    counts.failed += other.counts.failed;
-    counts.above_standard += other.counts.above_standard;
-    counts.failed_standard += other.counts.failed_standard;
-    torque = std::max(torque, other.torque);
-    mx = std::max(mx, other.mx);
-    nvaried = nvaried || other.nvaried;
-    if (refusal.empty()) {
-        refusal = std::move(other.refusal);
-        refused = other.refused;
-    }
-}
-
-Verdict MemberAnswer::VerdictIn(Bases bases) const
-{
-    const WorstCase& worst = bases == Bases::standard ? standard : program;
-    return !refusal.empty() ? refused : worst.any ? worst.verdict : Verdict::not_checked;
-}
-
-bool MemberAnswer::RatedIn(Bases bases) const
-{
-    return refusal.empty() && Outcome{.verdict = VerdictIn(bases)}.rated();
-}
-
-double MemberAnswer::RatioIn(Bases bases) const
-{
-    return bases == Bases::standard ? standard.ir : program.ir;
-}
 
 // --- The lines -----------------------------------------------------------------------------------
 
@@ -197,30 +74,9 @@ private:
     bool first_ = true;
 };
 
-std::vector<std::string> NotesOf(const MemberAnswer& answer, Bases bases)
+std::string MessageOf(const WorstCase& worst)
 {
-    std::vector<std::string> notes;
-    if (bases != Bases::standard && answer.program.any) {
-        notes = answer.program.notes;
-        notes.emplace_back(kRules);
-    }
-    if (bases != Bases::program) {
-        for (const std::string& note : answer.standard.notes) {
-            notes.push_back("standard: " + note);
-        }
-    }
-    if (answer.nvaried) {
-        notes.emplace_back(kVaries);
-    }
-    if (answer.torque > kNamedShare) {
-        const bool known = std::isfinite(answer.torque);
-        notes.push_back(
-            "Mx up to " + ShortNumber(answer.mx) + " kNm" +
-            (known ? " (" + ShortNumber(100 * answer.torque) + " percent of the yield torque)"
-                   : std::string{}) +
-            " not covered");
-    }
-    return notes;
+    return worst.message.empty() ? std::string{} : "case " + worst.load_case + ": " + worst.message;
 }
 
 }  // namespace
@@ -274,10 +130,10 @@ void EnvelopeForm::AppendLine(std::string& out, std::string_view member,
         line.Number("failed_standard", n.failed_standard);
     }
     line.List("notes", NotesOf(answer, bases_));
-    std::string message = answer.refusal.empty() ? worst.message : answer.refusal;
-    if (bases_ == Bases::both && !answer.standard.message.empty() &&
-        answer.standard.message != message) {
-        message += (message.empty() ? "standard: " : "; standard: ") + answer.standard.message;
+    std::string message = answer.refusal.empty() ? MessageOf(worst) : answer.refusal;
+    const std::string other = bases_ == Bases::both ? MessageOf(answer.standard) : std::string{};
+    if (!other.empty() && other != message) {
+        message += (message.empty() ? "standard: " : "; standard: ") + other;
     }
     line.Text("message", message);
     line.End();
@@ -285,25 +141,11 @@ void EnvelopeForm::AppendLine(std::string& out, std::string_view member,
 
 // --- The work ------------------------------------------------------------------------------------
 
-// A member with all that its cases share.
-struct EnvelopeWorker::Prepared {
-    std::size_t member = MemberList::kNone;
-    std::string refusal{};
-    PreparedMember program{};
-    std::optional<standard::StationCases> standard{};
-    double yield_torque = 0;
-    double length = 0;
-    StationRun run{};
-};
-
 EnvelopeWorker::EnvelopeWorker(const EnvelopePlan& plan, ForceColumns columns, std::string table)
     : plan_(plan), columns_(std::move(columns)), table_(std::move(table)),
-      prepared_(std::make_unique<Prepared>())
+      cases_(plan.library, plan.bases, plan.all || plan.top > 0)
 {
 }
-
-EnvelopeWorker::~EnvelopeWorker() = default;
-EnvelopeWorker::EnvelopeWorker(EnvelopeWorker&&) noexcept = default;
 
 void EnvelopeWorker::Fault(ForcePiece& piece, std::size_t line, const std::string& what) const
 {
@@ -315,33 +157,23 @@ void EnvelopeWorker::Fault(ForcePiece& piece, std::size_t line, const std::strin
 
 void EnvelopeWorker::Prepare(std::size_t member)
 {
-    Prepared& p = *prepared_;
-    if (p.member == member) {
+    if (prepared_ == member) {
         return;
     }
-    p.member = member;
+    prepared_ = member;
     ProjectState s = plan_.base;
-    p.refusal = plan_.members.Apply(member, plan_.library, s, plan_.manner);
-    if (!p.refusal.empty()) {
-        return;
-    }
-    p.program = kestrum::Prepare(plan_.library, s);
-    if (!p.program.usable) {
-        p.refusal = FailureText(p.program.state->failure);
-        return;
-    }
-    p.length = p.program.Length();
-    p.yield_torque = YieldTorque(*p.program.state);
-    p.standard.reset();
-    if (plan_.bases != Bases::program) {
-        p.standard.emplace(plan_.library, s);
+    std::string refusal = plan_.members.Apply(member, plan_.library, s, plan_.manner);
+    if (refusal.empty()) {
+        cases_.Prepare(s);
+    } else {
+        cases_.Refuse(std::move(refusal));
     }
 }
 
 std::string EnvelopeWorker::RefusalOf(std::size_t member)
 {
     Prepare(member);
-    return prepared_->refusal;
+    return cases_.refusal();
 }
 
 void EnvelopeWorker::Work(ForcePiece& piece)
@@ -382,19 +214,19 @@ void EnvelopeWorker::Record(ForcePiece& piece, std::string_view record, std::siz
     if (row_.load_case.empty()) {
         return Fault(piece, line, std::string(fault));
     }
-    if (stations_.empty() || row_.load_case != case_) {
+    if (case_.empty() || row_.load_case != case_.name) {
         CloseCase(piece);
-        case_ = row_.load_case;
-        case_line_ = line;
+        case_.name = row_.load_case;
+        case_.line = line;
     }
     if (!fault.empty()) {
         Fault(piece, line, std::string(fault));
-        case_fault_ = case_fault_.empty()
-                          ? "line " + std::to_string(line) + ": " + std::string(fault)
-                          : case_fault_;
+        if (case_.fault.empty()) {
+            case_.fault = "line " + std::to_string(line) + ": " + std::string(fault);
+        }
     }
-    stations_.push_back(row_.at);
-    lines_.push_back(line);
+    case_.stations.push_back(row_.at);
+    case_.lines.push_back(line);
 }
 
 void EnvelopeWorker::OpenMember(ForcePiece& piece, std::string_view key, std::size_t line)
@@ -407,41 +239,6 @@ void EnvelopeWorker::OpenMember(ForcePiece& piece, std::string_view key, std::si
         return Fault(piece, line, "member \"" + key_ + "\" is not in the table of members");
     }
     Prepare(member_);
-}
-
-// Tables also run from the end to the start, or in no order at all.
-void EnvelopeWorker::Settle()
-{
-    const auto falls = [](const Station& a, const Station& b) { return a.x > b.x; };
-    const auto rises = [](const Station& a, const Station& b) { return a.x < b.x; };
-    if (std::is_sorted(stations_.begin(), stations_.end(), rises)) {
-        return;
-    }
-    if (std::is_sorted(stations_.begin(), stations_.end(), falls)) {
-        std::reverse(stations_.begin(), stations_.end());
-        std::reverse(lines_.begin(), lines_.end());
-        return;
-    }
-    std::stable_sort(stations_.begin(), stations_.end(), rises);
-    std::fill(lines_.begin(), lines_.end(), case_line_);
-}
-
-void EnvelopeWorker::Fail(MemberAnswer& answer, const std::string& why) const
-{
-    const WorstCase failed{.any = true,
-                           .verdict = Verdict::bad,
-                           .failed = true,
-                           .line = case_line_,
-                           .load_case = case_,
-                           .message = "case " + case_ + ": " + why};
-    if (plan_.bases != Bases::standard) {
-        answer.program = failed;
-        answer.counts.failed = 1;
-    }
-    if (plan_.bases != Bases::program) {
-        answer.standard = failed;
-        answer.counts.failed_standard = 1;
-    }
 }
 
 void EnvelopeWorker::Keep(MemberAnswer answer)
@@ -459,122 +256,19 @@ void EnvelopeWorker::Keep(MemberAnswer answer)
 
 void EnvelopeWorker::CloseCase(ForcePiece& piece)
 {
-    if (stations_.empty()) {
+    if (case_.empty()) {
         return;
     }
     ++piece.cases;
-    MemberAnswer answer;
+    CaseFault fault;
+    MemberAnswer answer = cases_.Answer(case_, kept_.empty() ? nullptr : &kept_.front(), fault);
     answer.member = member_;
-    answer.counts.cases = 1;
-    Settle();
-    const StationCheck check = CheckStations(stations_, prepared_->length);
-    if (!prepared_->refusal.empty()) {
-        answer.refusal = prepared_->refusal;
-    } else if (!case_fault_.empty()) {
-        Fail(answer, case_fault_);
-    } else if (check.fault != StationFault::none) {
-        const std::string why = StationFaultText(check, stations_, prepared_->length);
-        Fault(piece, lines_[std::min(check.row, lines_.size() - 1)],
-              "member \"" + key_ + "\", case \"" + case_ + "\": " + why);
-        Fail(answer, why);
-    } else {
-        for (const Station& at : stations_) {
-            answer.mx = std::max(answer.mx, std::abs(at.mx));
-        }
-        answer.torque = answer.mx == 0                ? 0
-                        : prepared_->yield_torque > 0 ? answer.mx / prepared_->yield_torque
-                                                      : std::numeric_limits<double>::infinity();
-        if (plan_.bases != Bases::standard) {
-            Program(answer);
-        }
-        if (plan_.bases != Bases::program) {
-            Standard(answer);
-        }
+    if (!fault.what.empty()) {
+        Fault(piece, fault.line,
+              "member \"" + key_ + "\", case \"" + case_.name + "\": " + fault.what);
     }
     Keep(std::move(answer));
-    stations_.clear();
-    lines_.clear();
-    case_fault_.clear();
-}
-
-void EnvelopeWorker::Program(MemberAnswer& answer)
-{
-    Prepared& p = *prepared_;
-    WorstCase& mine = answer.program;
-    const bool well = p.run.Case(p.program, stations_);
-    const ProjectState& s = p.run.state();
-    answer.nvaried = p.run.NVaried();
-    const NotCarried beyond = NotCarriedBy(s, stations_);
-    const double ratio = well ? RatioOf(s) : 0;
-    const bool dropped = beyond.any() && ShareNotCarried(s, beyond) > kNamedShare;
-    mine.any = true;
-    mine.line = case_line_;
-    mine.ir = ratio;
-    mine.verdict = ratio > s.irlimit ? Verdict::above : Verdict::within;
-    // Only a case that may govern is put into words.
-    const bool single = plan_.all || plan_.top > 0 || kept_.empty();
-    if (well && ratio > 0 && !dropped) {
-        answer.counts.above = ratio > s.irlimit ? 1 : 0;
-        if (!single && !kept_.front().program.Worse(false, ratio, case_line_)) {
-            mine.any = false;
-            return;
-        }
-    }
-    Outcome outcome = OutcomeOf(s, well);
-    if (outcome.verdict == Verdict::nothing_acts) {
-        outcome.verdict = Verdict::within;
-    } else if (dropped && well) {
-        outcome.verdict = Verdict::loads_dropped;
-        outcome.message = NotCarriedText(beyond);
-    } else if (beyond.any() && well) {
-        mine.notes.push_back(NotCarriedText(beyond));
-    }
-    mine.verdict = outcome.verdict;
-    mine.failed = outcome.verdict != Verdict::within && outcome.verdict != Verdict::above;
-    answer.counts.failed = mine.failed ? 1 : 0;
-    mine.ir = outcome.rated() ? outcome.ir : 0;
-    mine.load_case = case_;
-    mine.control = std::move(outcome.control);
-    mine.clause = std::move(outcome.clause);
-    mine.x = mine.failed ? kNowhere : PlaceOf(s);
-    mine.message =
-        outcome.message.empty() ? std::string{} : "case " + case_ + ": " + outcome.message;
-    mine.notes.insert(mine.notes.begin(), outcome.notes.begin(), outcome.notes.end());
-}
-
-void EnvelopeWorker::Standard(MemberAnswer& answer)
-{
-    Prepared& p = *prepared_;
-    WorstCase& mine = answer.standard;
-    const bool single = plan_.all || plan_.top > 0 || kept_.empty();
-    const double enough = single || kept_.front().standard.failed ? 0 : kept_.front().standard.ir;
-    const standard::StationResult result = p.standard->Case(stations_, enough);
-    const double limit = p.program.state->irlimit;
-    const bool nothing = !result.rated && result.reason == standard::kNoForceActs;
-    mine.any = true;
-    mine.line = case_line_;
-    mine.failed = !result.rated && !nothing;
-    mine.ir = result.ir;
-    mine.verdict = mine.failed         ? Verdict::not_checked
-                   : result.ir > limit ? Verdict::above
-                                       : Verdict::within;
-    answer.counts.failed_standard = mine.failed ? 1 : 0;
-    answer.counts.above_standard = mine.verdict == Verdict::above ? 1 : 0;
-    if (!single && !kept_.front().standard.Worse(mine.failed, mine.ir, mine.line)) {
-        mine.any = false;
-        return;
-    }
-    mine.load_case = case_;
-    mine.notes = p.standard->outside();
-    if (mine.failed) {
-        mine.message = "case " + case_ + ": " + std::string(result.reason);
-        return;
-    }
-    if (result.rated) {
-        mine.control = standard::NameOf(result.governing);
-        mine.clause = result.check.clause;
-        mine.x = result.check.place * p.length;  // nowhere stays nowhere
-    }
+    case_.Clear();
 }
 
 void EnvelopeWorker::CloseMember(ForcePiece& piece)
@@ -583,9 +277,7 @@ void EnvelopeWorker::CloseMember(ForcePiece& piece)
         CloseCase(piece);
         std::move(kept_.begin(), kept_.end(), std::back_inserter(piece.answers));
     }
-    stations_.clear();
-    lines_.clear();
-    case_fault_.clear();
+    case_.Clear();
     kept_.clear();
     open_ = false;
 }
