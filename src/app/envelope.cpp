@@ -1,9 +1,8 @@
 #include "app/envelope.h"
 
-#include "app/cell_reader.h"
+#include "app/answer_line.h"
 #include "core/utf8_text.h"
 #include "report/outcome.h"
-#include "report/state_json.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,64 +14,6 @@ namespace kestrum {
 // --- The lines -----------------------------------------------------------------------------------
 
 namespace {
-
-// A line from its cells: of a CSV in the order of the columns, of an object with their names.
-class Line {
-public:
-    Line(std::string& out, TableForm form, CsvTexts texts)
-        : out_(out), json_(form == TableForm::ndjson), texts_(texts)
-    {
-        out_.append(json_ ? "{" : "");
-    }
-    void Text(std::string_view name, std::string_view text)
-    {
-        Name(name);
-        if (json_) {
-            out_.append(JsonText(text));
-        } else {
-            AppendCell(out_, text, texts_);
-        }
-    }
-    template <class T> void Number(std::string_view name, T value, bool given = true)
-    {
-        Name(name);
-        if (given) {
-            AppendNumber(out_, value);
-        } else {
-            out_.append(json_ ? "null" : "");
-        }
-    }
-    void List(std::string_view name, const std::vector<std::string>& texts)
-    {
-        Name(name);
-        std::string joined;
-        for (const std::string& text : texts) {
-            joined.append(joined.empty() ? "" : json_ ? "," : "; ");
-            joined.append(json_ ? JsonText(text) : text);
-        }
-        if (json_) {
-            out_.append("[").append(joined).append("]");
-        } else {
-            AppendCell(out_, joined);
-        }
-    }
-    void End() { out_.append(json_ ? "}\n" : "\n"); }
-
-private:
-    void Name(std::string_view name)
-    {
-        out_.append(first_ ? "" : ",");
-        first_ = false;
-        if (json_) {
-            out_.append("\"").append(name).append("\":");
-        }
-    }
-
-    std::string& out_;
-    bool json_;
-    CsvTexts texts_;
-    bool first_ = true;
-};
 
 std::string MessageOf(const WorstCase& worst)
 {
@@ -104,7 +45,7 @@ void EnvelopeForm::AppendLine(std::string& out, std::string_view member,
     const bool by_standard = bases_ == Bases::standard;
     const WorstCase& worst = by_standard ? answer.standard : answer.program;
     const EnvelopeCounts& n = answer.counts;
-    Line line(out, form(), texts_);
+    AnswerLine line(out, form(), texts_);
     line.Text("member", member);
     line.Text("verdict", VerdictWord(answer.VerdictIn(bases_)));
     line.Number("ir", worst.ir, answer.RatedIn(bases_) && std::isfinite(worst.ir));

@@ -1,0 +1,73 @@
+#pragma once
+
+// One line of an answer, CSV or NDJSON, from its cells.
+
+#include "app/batch.h"
+#include "core/csv_cell.h"
+#include "report/state_json.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kestrum {
+
+// A line from its cells: of a CSV in the order of the columns, of an object with their names.
+class AnswerLine {
+public:
+    AnswerLine(std::string& out, TableForm form, CsvTexts texts)
+        : out_(out), json_(form == TableForm::ndjson), texts_(texts)
+    {
+        out_.append(json_ ? "{" : "");
+    }
+    void Text(std::string_view name, std::string_view text)
+    {
+        Name(name);
+        if (json_) {
+            out_.append(JsonText(text));
+        } else {
+            AppendCell(out_, text, texts_);
+        }
+    }
+    template <class T> void Number(std::string_view name, T value, bool given = true)
+    {
+        Name(name);
+        if (given) {
+            AppendNumber(out_, value);
+        } else {
+            out_.append(json_ ? "null" : "");
+        }
+    }
+    void List(std::string_view name, const std::vector<std::string>& texts)
+    {
+        Name(name);
+        std::string joined;
+        for (const std::string& text : texts) {
+            joined.append(joined.empty() ? "" : json_ ? "," : "; ");
+            joined.append(json_ ? JsonText(text) : text);
+        }
+        if (json_) {
+            out_.append("[").append(joined).append("]");
+        } else {
+            AppendCell(out_, joined);
+        }
+    }
+    void End() { out_.append(json_ ? "}\n" : "\n"); }
+
+private:
+    void Name(std::string_view name)
+    {
+        out_.append(first_ ? "" : ",");
+        first_ = false;
+        if (json_) {
+            out_.append("\"").append(name).append("\":");
+        }
+    }
+
+    std::string& out_;
+    bool json_;
+    CsvTexts texts_;
+    bool first_ = true;
+};
+
+}  // namespace kestrum

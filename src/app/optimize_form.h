@@ -1,0 +1,50 @@
+#pragma once
+
+// The answers of a search for sections as lines: for each member one for each section that was
+// found, or one that says why there is none.
+
+#include "app/batch.h"
+#include "app/optimize.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace kestrum {
+
+// A member of a group with what was found for it.
+struct OptimizedMember {
+    std::string_view key = {};
+    std::string_view group = {};                 // empty without groups
+    std::size_t member = 0;                      // in the group
+    std::string_view section = {}, steel = {};   // that it had
+    std::optional<SectionFigures> figures = {};  // of these
+    std::string refusal = {};                    // it cannot be calculated at all
+};
+
+class OptimizeForm : public AnswerLines {
+public:
+    OptimizeForm(TableForm form, Bases bases, CsvTexts texts)
+        : AnswerLines(form), bases_(bases), texts_(texts)
+    {
+    }
+    std::string Header() const override;
+
+    // All lines of the member. The answer is null for one that has a refusal.
+    void AppendLines(std::string& out, const OptimizedMember& of,
+                     const OptimizeAnswer* answer) const;
+
+    // What the run counts: within limits where a section was found.
+    Verdict VerdictFor(const OptimizedMember& of, const OptimizeAnswer* answer) const;
+
+    Bases bases() const { return bases_; }
+
+private:
+    void AppendLine(std::string& out, const OptimizedMember& of, const OptimizeAnswer* answer,
+                    const RatedCandidate* rated, std::size_t rank) const;
+
+    Bases bases_;
+    CsvTexts texts_;
+};
+
+}  // namespace kestrum

@@ -1,0 +1,415 @@
+#include "app/optimize.h"
+
+#include "app/batch.h"
+#include "app/unloaded_member.h"
+#include "support/member.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+#include <sstream>
+
+namespace kestrum {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+#if defined(KESTRUM_SANITIZED)
+constexpr int kMembers = 20;
+#else
+constexpr int kMembers = 300;
+#endif
+
+const Library& Tables()
+{
+    return DeliveredTables();
+}
+
+SectionPool PoolOf(const std::vector<std::string>& words,
+                   const std::vector<std::string>& ranges = {}, const std::string& keep = {})
+{
+    SectionPool pool;
+    for (const std::string& word : words) {
+        EXPECT_EQ(pool.Add(Tables(), word), "");
+    }
+    for (const std::string& range : ranges) {
+        EXPECT_EQ(pool.Range(range), "");
+    }
+    if (!keep.empty()) {
+        EXPECT_EQ(pool.Keep(keep), "");
+    }
+    EXPECT_EQ(pool.Finish(Tables()), "");
+    return pool;
+}
+
+OptimizeAnswer Choose(const SectionPool& pool, const ProjectState& s,
+                      const OptimizeWishes& wishes = {})
+{
+    Optimizer optimizer(Tables(), pool, wishes);
+    LoadRater member(Tables(), s);
+    SectionRater* group[] = {&member};
+    return optimizer.Choose(group);
+}
+
+// A beam of 6 m with 12 kN/m that is held laterally.
+ProjectState Beam()
+{
+    ProjectState s = UnloadedMember(Tables());
+    SetFields(s, "l=6 qload[1]=12 ltb=0");
+    return s;
+}
+
+std::string Number(double value)
+{
+    std::string text;
+    AppendNumber(text, value);
+    return text;
+}
+
+// --- Brute force ---------------------------------------------------------------------------------
+
+class Members {
+public:
+    explicit Members(unsigned seed) : random_(seed) {}
+
+    double Between(double least, double most)
+    {
+        const double value = std::uniform_real_distribution<>(least, most)(random_);
+        return std::round(value * 100) / 100;
+    }
+    template <class T> const T& OneOf(const std::vector<T>& all)
+    {
+        return all[std::uniform_int_distribution<std::size_t>(0, all.size() - 1)(random_)];
+    }
+
+    // Cells of a line below kColumns.
+    std::string Line()
+    {
+        std::string line = Number(Between(1, 12));
+        line += "," + OneOf<std::string>({"S235", "S275", "S355"});
+        line += "," + OneOf<std::string>({"0", "1"}) + "," + OneOf<std::string>({"0", "1", "3"});
+        const bool column = Between(0, 1) < 0.5;
+        line += "," + Number(column ? Between(10, 800) : 0) + "," + Number(Between(0.5, 25));
+        return line + "," + Number(column ? Between(0, 20) : 0) + "," +
+               OneOf<std::string>({"A", "B"});
+    }
+
+private:
+    std::mt19937 random_;
+};
+
+constexpr const char* kColumns = "l,steel,ltb,restraints,nload[1],qload[1],pm[1],method";
+
+struct Rated {
+    std::string name;
+    double mass, ir;
+    bool passes;
+};
+
+// Every section of the pool through the batch, a line each.
+std::vector<Rated> BruteForce(const std::vector<std::string>& names, const std::string& line,
+                              Bases bases)
+{
+    const ProjectState base = UnloadedMember(Tables());
+    AnswerForm form;
+    const bool both = bases != Bases::program;
+    EXPECT_EQ(form.Choose(TableForm::csv,
+                          both ? std::vector<std::string>{"weight", "ir_standard"}
+                               : std::vector<std::string>{"weight"},
+                          &Tables()),
+              "");
+    MemberColumns columns;
+    EXPECT_EQ(columns.TakeHeader(std::string("section,") + kColumns), "");
+    BatchWorker worker(Tables(), base, form, Manner(Assignment::checked));
+    BatchChunk chunk;
+    chunk.columns = &columns;
+    chunk.row = chunk.line = 1;
+    chunk.members = names.size();
+    for (const std::string& name : names) {
+        chunk.lines += name + "," + line + "\n";
+    }
+    worker.Work(chunk);
+    EXPECT_EQ(chunk.fault, "");
+
+    std::vector<Rated> all;
+    std::istringstream answers(chunk.out);
+    std::string answer, member;
+    for (const std::string& name : names) {
+        std::getline(answers, answer);
+        Verdict verdict{};
+        Rated rated{name, 0, 0, false};
+        EXPECT_TRUE(form.ReadBack(answer, member, verdict, rated.ir)) << answer;
+        rated.passes = verdict == Verdict::within;
+        // The last cells hold no quotes.
+        std::vector<std::string> last;
+        for (std::string rest = answer; last.size() < (both ? 2U : 1U);) {
+            const std::size_t comma = rest.rfind(',');
+            last.insert(last.begin(), rest.substr(comma + 1));
+            rest.resize(comma);
+        }
+        rated.mass = last[0].empty() ? 0 : std::stof(last[0]);
+        if (both) {
+            const double standard = last[1].empty() ? 2 : std::stod(last[1]);
+            rated.passes = rated.passes && standard <= 1;
+            rated.ir = std::max(rated.ir, standard);
+        }
+        all.push_back(rated);
+    }
+    std::erase_if(all, [](const Rated& rated) { return !rated.passes; });
+    std::stable_sort(all.begin(), all.end(), [](const Rated& a, const Rated& b) {
+        return std::tie(a.mass, a.ir) < std::tie(b.mass, b.ir);
+    });
+    return all;
+}
+
+std::vector<std::string> NamesOf(const SectionPool& pool)
+{
+    std::vector<std::string> names;
+    for (const Candidate& candidate : pool.candidates()) {
+        ProjectState s = UnloadedMember(Tables());
+        pool.Apply(Tables(), s, candidate);
+        names.push_back(pool.NameOf(Tables(), s, candidate));
+    }
+    return names;
+}
+
+TEST(Optimize, EqualsEverySectionThroughTheBatch)
+{
+    Members members(7);
+    int found = 0;
+    for (int i = 0; i < kMembers; ++i) {
+        const Bases bases = i % 6 == 0 ? Bases::both : Bases::program;
+        const std::string line = members.Line();
+        const std::vector<std::string> words = {
+            members.OneOf<std::string>({"IPE", "HEA", "HEB", "UPE", "INP", "UC", "PFC", "J"}),
+            members.OneOf<std::string>(
+                {"SHS 100x5", "HE 300 B", "IPE 220", "CHS 168.3x8", "UNP 200"})};
+        SCOPED_TRACE(line + " from " + words[0] + ", " + words[1]);
+        const SectionPool pool = PoolOf(words);
+        const std::vector<Rated> expected = BruteForce(NamesOf(pool), line, bases);
+
+        ProjectState s = UnloadedMember(Tables());
+        MemberColumns columns;
+        ASSERT_EQ(columns.TakeHeader(kColumns), "");
+        ASSERT_EQ(columns.Apply(Tables(), s, line, Manner(Assignment::checked)), "");
+        OptimizeWishes wishes;
+        wishes.bases = bases;
+        wishes.top = 3;
+        const OptimizeAnswer answer = Choose(pool, s, wishes);
+        ASSERT_EQ(answer.found.size(), std::min<std::size_t>(3, expected.size()));
+        for (std::size_t k = 0; k < answer.found.size(); ++k) {
+            EXPECT_EQ(answer.found[k].name, expected[k].name);
+            EXPECT_EQ(answer.found[k].ir, expected[k].ir);
+            EXPECT_EQ(static_cast<float>(answer.found[k].figures.mass), expected[k].mass);
+        }
+        EXPECT_EQ(answer.found.empty(), answer.best.has_value());
+        found += answer.found.empty() ? 0 : 1;
+    }
+    EXPECT_GT(found, kMembers / 3);
+}
+
+// --- By hand -------------------------------------------------------------------------------------
+
+// q = 12 kN/m over 6 m: M = 12 * 36 / 8 = 54 kNm, with the user factors 1 of loadcomb 5 and S355
+// needs Wpl,y = 54e6 / 355 = 152.1e3 mm3: IPE 180 has 166.4e3, IPE 160 123.9e3 (EN
+// 1993-1-1, 6.2.5).
+TEST(Optimize, TakesTheFirstModulusThatIsEnough)
+{
+    ProjectState s = Beam();
+    SetFields(s, "loadcomb=5 fykindex=S355");
+    const OptimizeAnswer answer = Choose(PoolOf({"IPE"}), s);
+    ASSERT_EQ(answer.found.size(), 1U);
+    EXPECT_EQ(answer.found[0].name, "IPE 180");
+    EXPECT_NEAR(answer.found[0].ir, 54e6 / 355 / 166.4e3, 2e-3);
+    ASSERT_TRUE(answer.lighter);
+    EXPECT_EQ(answer.lighter->name, "IPE 160");
+    EXPECT_NEAR(answer.lighter->ir, 54e6 / 355 / 123.9e3, 3e-3);
+    EXPECT_THAT(WhyText(*answer.lighter, Bases::both), HasSubstr("6.2.5"));
+}
+
+// With S235 the same beam needs 54e6 / 235 = 229.8e3 mm3: IPE 220, 285.4e3 (IPE 200 has 220.6e3).
+TEST(Optimize, TakesTheSteelsThatAreNamed)
+{
+    ProjectState s = Beam();
+    SetFields(s, "loadcomb=5");
+    const auto grade = [](std::string_view name) {
+        const auto& list = Tables().materials;
+        const auto at = std::find_if(list.begin(), list.end(),
+                                     [&](const Material& m) { return m.name == name; });
+        return static_cast<i16>(at - list.begin());
+    };
+    OptimizeWishes wishes;
+    wishes.steels = {grade("S235")};
+    const SectionPool pool = PoolOf({"IPE"});
+    OptimizeAnswer answer = Choose(pool, s, wishes);
+    ASSERT_EQ(answer.found.size(), 1U);
+    EXPECT_EQ(answer.found[0].name, "IPE 220");
+    EXPECT_EQ(answer.found[0].steelname, "S235");
+    wishes.steels = {grade("S235"), grade("S355")};
+    wishes.top = 3;
+    answer = Choose(pool, s, wishes);
+    ASSERT_EQ(answer.found.size(), 3U);
+    EXPECT_EQ(answer.found[0].name + answer.found[0].steelname, "IPE 180S355");
+    EXPECT_EQ(answer.found[1].name + answer.found[1].steelname, "IPE 200S355");
+    EXPECT_EQ(answer.found[2].name + answer.found[2].steelname, "IPE 220S235");  // named first
+    ProjectState given = s;
+    Optimizer(Tables(), pool, wishes).Give(given, answer.found[0]);
+    EXPECT_EQ(given.fykindex, grade("S355"));
+    EXPECT_EQ(given.fyk, 355);
+    EXPECT_EQ(given.family, 4);
+}
+
+TEST(Optimize, KeepsToTheSizesAsked)
+{
+    OptimizeWishes wishes;
+    wishes.max_h = 150;
+    const SectionPool pool = PoolOf({"IPE", "HEB"});
+    const OptimizeAnswer low = Choose(pool, Beam(), wishes);
+    ASSERT_EQ(low.found.size(), 1U);
+    EXPECT_LE(low.found[0].figures.h, 150);
+    EXPECT_THAT(low.found[0].name, StartsWith("HEB"));
+    wishes.max_h = 70;
+    const OptimizeAnswer none = Choose(pool, Beam(), wishes);
+    EXPECT_TRUE(none.found.empty());
+    EXPECT_EQ(none.message, "no section is within the sizes asked");
+    EXPECT_EQ(none.beyond, none.offered);
+}
+
+TEST(Optimize, NamesTheNearestWhereNonePasses)
+{
+    ProjectState s = Beam();
+    SetFields(s, "qload[1]=5000");
+    const OptimizeAnswer answer = Choose(PoolOf({"IPE"}), s);
+    EXPECT_TRUE(answer.found.empty());
+    ASSERT_TRUE(answer.best);
+    EXPECT_EQ(answer.best->name, "IPE 600");
+    EXPECT_GT(answer.best->ir, 1);
+    EXPECT_THAT(answer.message, StartsWith("no section passes; IPE 600 comes nearest: "));
+}
+
+// What is no ratio never passes: nothing acts, a load that the family does not carry.
+TEST(Optimize, TakesNoSectionWithoutARatio)
+{
+    ProjectState s = Beam();
+    SetFields(s, "qload[1]=0");
+    const OptimizeAnswer idle = Choose(PoolOf({"IPE"}), s);
+    EXPECT_TRUE(idle.found.empty());
+    EXPECT_THAT(idle.message, HasSubstr("none has a ratio"));
+    EXPECT_THAT(idle.message, HasSubstr("nothing acts"));
+    SetFields(s, "qload[1]=2 qload[2]=1 qdir[2]=0");  // along y
+    const OptimizeAnswer dropped =
+        Choose(PoolOf({"24"}, {"p24.isth=200", "p24.istb1=100", "p24.istb2=300"}), s);
+    EXPECT_TRUE(dropped.found.empty());
+    EXPECT_THAT(dropped.message, HasSubstr("loads dropped"));
+}
+
+// --- Laws ----------------------------------------------------------------------------------------
+
+TEST(Optimize, MoreFreedomIsNeverHeavier)
+{
+    Members members(11);
+    const SectionPool small = PoolOf({"IPE"}), large = PoolOf({"IPE", "HEA", "RHS"});
+    for (int i = 0; i < kMembers / 10; ++i) {
+        ProjectState s = UnloadedMember(Tables());
+        MemberColumns columns;
+        ASSERT_EQ(columns.TakeHeader(kColumns), "");
+        const std::string line = members.Line();
+        SCOPED_TRACE(line);
+        ASSERT_EQ(columns.Apply(Tables(), s, line, Manner(Assignment::checked)), "");
+        OptimizeWishes wishes;
+        wishes.bases = Bases::program;
+        const auto mass = [&](const SectionPool& pool) {
+            const OptimizeAnswer answer = Choose(pool, s, wishes);
+            return answer.found.empty() ? HUGE_VAL : answer.found[0].figures.mass;
+        };
+        EXPECT_LE(mass(large), mass(small));
+        double heavier = HUGE_VAL;
+        for (const double max_ir : {0.5, 0.7, 0.9, 1.0}) {
+            wishes.max_ir = max_ir;
+            const OptimizeAnswer answer = Choose(small, s, wishes);
+            EXPECT_LE(mass(small), heavier);
+            heavier = mass(small);
+            if (!answer.found.empty()) {
+                EXPECT_LE(answer.found[0].ir, max_ir);
+                wishes.top = 5;
+                const OptimizeAnswer five = Choose(small, s, wishes);
+                EXPECT_EQ(five.found[0].name, answer.found[0].name);
+                EXPECT_TRUE(std::is_sorted(
+                    five.found.begin(), five.found.end(),
+                    [](const auto& a, const auto& b) { return a.figures.mass < b.figures.mass; }));
+                wishes.top = 1;
+            }
+        }
+    }
+}
+
+TEST(Optimize, OneSectionForAGroupPassesForEach)
+{
+    ProjectState light = Beam(), heavy = Beam(), column = Beam();
+    SetFields(light, "qload[1]=2");
+    SetFields(heavy, "qload[1]=30");
+    SetFields(column, "qload[1]=1 nload[1]=400 l=8");
+    const SectionPool pool = PoolOf({"IPE", "HEA"});
+    const OptimizeWishes wishes;
+    Optimizer optimizer(Tables(), pool, wishes);
+    LoadRater a(Tables(), light), b(Tables(), heavy), c(Tables(), column);
+    SectionRater* group[] = {&a, &b, &c};
+    const OptimizeAnswer answer = optimizer.Choose(group);
+    ASSERT_EQ(answer.found.size(), 1U);
+    ASSERT_EQ(answer.found[0].answers.size(), 3U);
+    double alone = 0;
+    for (SectionRater* member : group) {
+        ProjectState s = member->member();
+        optimizer.Give(s, answer.found[0]);
+        LoadRater rater(Tables(), s);
+        const RatedCandidate present = optimizer.Present(rater);
+        EXPECT_TRUE(present.passes);
+        EXPECT_LE(present.ir, answer.found[0].ir);
+        SectionRater* one[] = {member};
+        alone = std::max(alone, optimizer.Choose(one).found.at(0).figures.mass);
+    }
+    EXPECT_GE(answer.found[0].figures.mass, alone);
+}
+
+// Each way of asking finds the section that is the least of all that pass in what it asks for.
+TEST(Optimize, ChoosesByWhatIsAsked)
+{
+    SectionPool pool;
+    ASSERT_EQ(pool.AddPrices(Tables(), "section,price/kg\nIPE,2\nHEA,1\nHE 160 A,0.5\n", "p.csv"),
+              "");
+    ASSERT_EQ(pool.Finish(Tables()), "");
+    OptimizeWishes all;
+    all.bases = Bases::program;
+    all.top = 1000;
+    const OptimizeAnswer passing = Choose(pool, Beam(), all);
+    ASSERT_GT(passing.found.size(), 20U);
+    const auto figure = [](Objective by, const SectionFigures& f) {
+        return by == Objective::depth     ? f.h
+               : by == Objective::surface ? f.surface
+               : by == Objective::price   ? f.price.value()
+                                          : f.mass;
+    };
+    for (const Objective by :
+         {Objective::mass, Objective::depth, Objective::price, Objective::surface}) {
+        OptimizeWishes wishes = all;
+        wishes.by = by;
+        wishes.top = 1;
+        const OptimizeAnswer answer = Choose(pool, Beam(), wishes);
+        ASSERT_EQ(answer.found.size(), 1U);
+        for (const RatedCandidate& other : passing.found) {
+            EXPECT_GT(figure(by, other.figures), 0) << other.name;
+            EXPECT_LE(figure(by, answer.found[0].figures), figure(by, other.figures)) << other.name;
+        }
+    }
+    // 2/kg of an IPE 100 with 8.1 kg/m; 1/kg of a HE 100 A with 16.7 kg/m; 0.5/kg of a HE 160 A.
+    for (const RatedCandidate& rated : passing.found) {
+        const double rate = rated.name == "HEA 160" ? 0.5 : rated.name.starts_with("HEA") ? 1 : 2;
+        EXPECT_DOUBLE_EQ(rated.figures.price.value(), rate * rated.figures.mass) << rated.name;
+    }
+}
+
+}  // namespace
+}  // namespace kestrum
