@@ -12,6 +12,8 @@
 #include <QPainter>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace kestrum {
 
 namespace {
@@ -26,6 +28,16 @@ QPalette FocusPalette(QPalette palette)
     palette.setColor(QPalette::Highlight, QColor(0x0b, 0x4f, 0x1b));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     return palette;
+}
+
+// The form that holds a box, docked or not, or the main window.
+const QWidget* FormOf(const QWidget& box)
+{
+    const QWidget* at = &box;
+    while (!at->isWindow() && qobject_cast<const QDialog*>(at) == nullptr) {
+        at = at->parentWidget();
+    }
+    return at;
 }
 
 QString NameOf(const Box& box, int row)
@@ -203,7 +215,7 @@ QWidget* BoxEdit::NextBox() const
     for (QWidget* at = nextInFocusChain(); at != this && at != nullptr;
          at = at->nextInFocusChain()) {
         const auto* const edit = qobject_cast<BoxEdit*>(at);
-        if (edit != nullptr && edit->window() == window() && edit->isVisible() &&
+        if (edit != nullptr && FormOf(*edit) == FormOf(*this) && edit->isVisible() &&
             edit->isEnabled() && !edit->isReadOnly()) {
             return at;
         }
@@ -214,6 +226,13 @@ QWidget* BoxEdit::NextBox() const
 BoxEdit* BoxWithFocus()
 {
     return qobject_cast<BoxEdit*>(QApplication::focusWidget());
+}
+
+bool HasRefused(const QWidget& host)
+{
+    const auto boxes = host.findChildren<BoxEdit*>();
+    return std::any_of(boxes.begin(), boxes.end(),
+                       [](const BoxEdit* box) { return box->refused() && box->isVisible(); });
 }
 
 }  // namespace kestrum

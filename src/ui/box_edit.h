@@ -67,4 +67,7 @@ private:
 // The box that the user is typing in, or null.
 BoxEdit* BoxWithFocus();
 
+// A box that is in sight in there holds a value that was refused.
+bool HasRefused(const QWidget& host);
+
 }  // namespace kestrum

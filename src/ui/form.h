@@ -1,6 +1,7 @@
 #pragma once
 
-// A form over the main window: modeless, follows every pass, closes only when no box is refused.
+// A form: modeless, follows every pass, closes only when no box is refused. It stands beside the
+// results in the main window (form_dock.h), or is a window of its own over it.
 
 #include "ui/binder.h"
 #include "ui/desk.h"
@@ -10,10 +11,12 @@
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 class QGridLayout;
 class QGroupBox;
 class QHBoxLayout;
+class QScrollArea;
 class QVBoxLayout;
 
 namespace kestrum {
@@ -23,6 +26,7 @@ class Form : public QDialog {
 
 public:
     Form(Desk& desk, std::string_view name, const QString& title, QWidget* parent);
+    ~Form() override;
 
     Desk& desk() { return desk_; }
     Session& session() { return desk_.session; }
@@ -43,6 +47,26 @@ public:
 
     void done(int result) override;
 
+    bool refused() const { return HasRefused(*this); }
+
+    // Part of the main window from here on, or again a window of its own over `parent`; hidden
+    // until it is shown. A narrow place has one column, and no letters that the main window has.
+    void SetDocked(bool docked, QWidget* parent);
+    bool docked() const { return docked_; }
+    int DockedWidth();
+
+    // Folded into one column, row by row, where the form is docked.
+    void Fold(QGridLayout* grid);
+
+    // A button that brings the form beside the results; there only in a window of its own.
+    void OfferDock(std::function<void()> dock);
+
+    // As a window of its own: before it is shown first, where and as large as it was last.
+    void Place();
+
+    // The first box that can be filled in gets the focus, else the first control.
+    void FocusFirst();
+
     // The last row, always in sight: what the form adds, then its button that closes it.
     QHBoxLayout* AddButtons(const QString& okname = QStringLiteral("ok"));
 
@@ -50,10 +74,21 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    struct Folded;
+    void ShowLetters(bool shown);
+    void LayOut(bool docked);
+
     Desk& desk_;
     Binder bind_;
     QVBoxLayout* body_;
+    QHBoxLayout* buttons_ = nullptr;
+    QWidget* docker_ = nullptr;
+    std::vector<std::unique_ptr<Folded>> folds_;
+    bool docked_ = false, placed_ = false;
 };
+
+// Keeps the control with the focus in sight, whichever key or box has led there.
+void FollowFocus(QScrollArea* area);
 
 // Layouts with the common distances.
 QGroupBox* Group(const QString& name, const QString& title);

@@ -218,7 +218,8 @@ Form* MakeLoading(Desk& desk, QWidget* parent)
 {
     auto* const form = new Form(desk, "Loading", QObject::tr("Loading"), parent);
     Binder& bind = form->bind();
-    auto* const columns = new QHBoxLayout;
+    auto* const columns = new QGridLayout;
+    columns->setSpacing(kGap);
     auto* const left = new QVBoxLayout;
     auto* const pair = new QHBoxLayout;
     pair->addWidget(SimpleGroup(bind, QStringLiteral("frN"), QObject::tr("Axial loads"),
@@ -239,13 +240,14 @@ Form* MakeLoading(Desk& desk, QWidget* parent)
     inner->addWidget(CombinationTexts(bind));
     left->addWidget(combination);
     left->addStretch(1);
-    columns->addLayout(left);
+    columns->addLayout(left, 0, 0);
 
     auto* const right = new QVBoxLayout;
     right->addWidget(PointGroup(bind));
     right->addStretch(1);
-    columns->addLayout(right);
+    columns->addLayout(right, 0, 1);
     form->body()->addLayout(columns);
+    form->Fold(columns);
 
     QHBoxLayout* const buttons = form->AddButtons();
     QPushButton* const remove =

@@ -24,6 +24,7 @@ namespace kestrum {
 namespace {
 
 constexpr int kFigureSize = 230;
+constexpr int kListLines = 22;  // so that a dozen sections are in sight
 constexpr int kBoxesPerColumn = 6;
 
 // --- Choice of a row -----------------------------------------------------------------------------
@@ -246,7 +247,7 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
     auto* const form = new Form(desk, info.form, ToQt(SectionTitle(family)).trimmed(), parent);
     form->belongs = [family](const ProjectState& s) { return s.family == family; };
     Binder& bind = form->bind();
-    auto* const columns = new QHBoxLayout;
+    auto* const columns = new QGridLayout;
     columns->setSpacing(kGap);
 
     if (HasTable(family)) {
@@ -262,7 +263,8 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
                                                  ? QStringLiteral("cbo")
                                                  : QStringLiteral("lst") + ToQt(info.form)),
                           1);
-        columns->addWidget(choice);
+        choice->setMinimumHeight(kListLines * choice->fontMetrics().height());
+        columns->addWidget(choice, 0, 0);
     }
 
     auto* const middle = new QVBoxLayout;
@@ -290,7 +292,8 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
         middle->addWidget(FaintLabel(bind.ForLocale(ToQt(note))));
     }
     AddFamilyOptions(middle, bind, family);
-    columns->addLayout(middle, 1);
+    columns->addLayout(middle, 0, 1);
+    columns->setColumnStretch(1, 1);
 
     auto* const right = new QVBoxLayout;
     right->setSpacing(kGap);
@@ -308,8 +311,9 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
         right->addWidget(warning);
     }
     right->addStretch(1);
-    columns->addLayout(right);
+    columns->addLayout(right, 0, 2);
     form->body()->addLayout(columns, 1);
+    form->Fold(columns);
     form->AddButtons();
     return form;
 }

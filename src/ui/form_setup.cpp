@@ -172,9 +172,9 @@ QGroupBox* ExcludeGroup(Binder& bind)
                                "N/N and/or  M/M  is less than  "),
                 limit);
     sentence->setToolTip(limit->toolTip());
-    row->addWidget(sentence);
+    sentence->setWordWrap(true);
+    row->addWidget(sentence, 1);
     row->addWidget(limit);
-    row->addStretch(1);
     return group;
 }
 
@@ -277,6 +277,7 @@ Form* MakeSetup(Desk& desk, QWidget* parent)
     grid->setColumnStretch(1, 2);
     grid->setColumnStretch(2, 2);
     form->body()->addLayout(grid);
+    form->Fold(grid);
 
     QHBoxLayout* const buttons = form->AddButtons(QStringLiteral("CmdOK"));
     QPushButton* const save =

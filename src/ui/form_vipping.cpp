@@ -172,6 +172,7 @@ Form* MakeVipping(Desk& desk, QWidget* parent)
     grid->addWidget(FactorGroup(bind), 2, 0);
     grid->addWidget(ResultsGroup(bind), 2, 1);
     form->body()->addLayout(grid);
+    form->Fold(grid);
     QHBoxLayout* const buttons = form->AddButtons();
     buttons->insertWidget(0, bind.Button(QStringLiteral("cmdinfo"), QObject::tr("&Info"),
                                          [&desk] { desk.open("InfoVipping"); }));

@@ -158,14 +158,17 @@ Form* MakeVortex(Desk& desk, QWidget* parent)
     Binder& bind = form->bind();
     const VortexView view = FollowVortex(bind);
     form->body()->addWidget(SupportGroup(bind));
-    auto* const row = new QHBoxLayout;
+    auto* const columns = new QGridLayout;
+    columns->setSpacing(kGap);
     auto* const left = new QVBoxLayout;
     left->addWidget(WindGroup(bind));
     left->addWidget(VerdictGroup(bind, view));
     left->addStretch(1);
-    row->addLayout(left);
-    row->addWidget(VortexTable(bind, view), 1);
-    form->body()->addLayout(row);
+    columns->addLayout(left, 0, 0);
+    columns->addWidget(VortexTable(bind, view), 0, 1);
+    columns->setColumnStretch(1, 1);
+    form->body()->addLayout(columns);
+    form->Fold(columns);
     form->AddButtons();
     return form;
 }

@@ -39,16 +39,16 @@ template <void (*kHandler)(Session&)> bool After(Session& session)
 const std::vector<FormMaker>& AllForms()
 {
     static const std::vector<FormMaker> forms{
-        {"setup", MakeSetup, Open, true},
-        {"Loading", MakeLoading, After<OpenLoading>},
-        {"endforce", MakeEndForce, After<OpenEndForces>, true},
-        {"endstiff", MakeEndStiff, Open, true},
-        {"bucklingy", MakeBucklingY, Open, true},
-        {"bucklingz", MakeBucklingZ, Open, true},
-        {"chpoints", MakeCheckPoints, Open, true},
-        {"vipping", MakeVipping, After<OpenVipping>, true},
-        {"frmVortex", MakeVortex, OpenVortex},
-        {"Modal_ns", MakeModal, OpenModal},
+        {"setup", MakeSetup, Open, true, true},
+        {"Loading", MakeLoading, After<OpenLoading>, false, true},
+        {"endforce", MakeEndForce, After<OpenEndForces>, true, true},
+        {"endstiff", MakeEndStiff, Open, true, true},
+        {"bucklingy", MakeBucklingY, Open, true, true},
+        {"bucklingz", MakeBucklingZ, Open, true, true},
+        {"chpoints", MakeCheckPoints, Open, true, true},
+        {"vipping", MakeVipping, After<OpenVipping>, true, true},
+        {"frmVortex", MakeVortex, OpenVortex, false, true},
+        {"Modal_ns", MakeModal, OpenModal, false, true},
         {"detailedresult", MakeDetailedResult, Open},
         {"about", MakeAbout, Open},
         {"InfoPsi", MakeInfoPsi, Open},
@@ -57,7 +57,7 @@ const std::vector<FormMaker>& AllForms()
         {"InfoKESTRUM", MakeInfoKestrum, Open},
         {"infoendsupport", MakeInfoEndSupport, Open},
         {"sectionpicture", MakeSectionPicture, Open},
-        {"compare", MakeCompare, OpenCompare},
+        {"compare", MakeCompare, OpenCompare, false, true},
     };
     return forms;
 }

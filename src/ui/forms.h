@@ -15,6 +15,7 @@ struct FormMaker {
     // What opening the form does to the project; false when it stays closed.
     bool (*open)(Session& session);
     bool recalculates = false;  // when it is closed
+    bool docks = false;         // beside the results
 };
 
 // Null for a name that is none.

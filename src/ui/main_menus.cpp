@@ -7,6 +7,7 @@
 #include "core/project_state.h"
 #include "render/export.h"
 #include "sections/family_table.h"
+#include "ui/form_dock.h"
 #include "ui/main_window.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -144,6 +145,12 @@ void MainWindow::BuildMenus()
     dark->setChecked(IsDark(QApplication::palette()));
     dark->disconnect(this);
     connect(dark, &QAction::toggled, this, &MainWindow::UseDark);
+    QAction* const docked =
+        AddAction(view, QStringLiteral("mnudocked"), tr("&Forms beside the results"), {}, {});
+    docked->setCheckable(true);
+    docked->setChecked(dock_->WantsAll());
+    docked->disconnect(this);
+    connect(docked, &QAction::toggled, this, [this](bool on) { dock_->WantAll(on); });
     BuildHelpMenu(add("mnuhelp", tr("&Help")));
 }
 

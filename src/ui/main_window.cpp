@@ -3,12 +3,14 @@
 #include "app/file_commands.h"
 #include "core/project_state.h"
 #include "sections/family_table.h"
+#include "ui/form_dock.h"
 #include "ui/forms.h"
 #include "ui/main_panels.h"
 #include "ui/status_banner.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 #include "ui/undo_keys.h"
+#include "ui/workspace.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -16,11 +18,8 @@
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QMimeData>
 #include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QSplitter>
 #include <QTimer>
 #include <QUrl>
@@ -34,44 +33,12 @@ namespace kestrum {
 
 namespace {
 
-constexpr int kInputWidth = 380;
 constexpr int kDiagramShare = 63;  // percent of the height, above the results
 constexpr char kGeometryKey[] = "Window/Geometry";
 constexpr double kStartWidth = 1024, kStartHeight = 768 * 0.965;  // at the resolution below
 constexpr double kStartDpi = 96;
 constexpr QSize kComfortable(1280, 770);  // if the screen has room for it
 constexpr double kScreenShare = 0.965;    // of its height, without the frame of the window
-
-// The input column: as wide as it needs to be, scrolled where the window is too low for it.
-class InputScroll final : public QScrollArea {
-public:
-    explicit InputScroll(QWidget* input)
-    {
-        setWidget(input);
-        setWidgetResizable(true);
-        setFrameShape(QFrame::NoFrame);
-        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this] { FitWidth(); });
-    }
-
-protected:
-    // The input may want more room later, with another font or choice.
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (watched == widget() && event->type() == QEvent::LayoutRequest) {
-            FitWidth();
-        }
-        return QScrollArea::eventFilter(watched, event);
-    }
-
-private:
-    void FitWidth()
-    {
-        const int bar =
-            verticalScrollBar()->maximum() > 0 ? verticalScrollBar()->sizeHint().width() : 0;
-        setFixedWidth(std::max(kInputWidth, widget()->minimumSizeHint().width()) + bar);
-    }
-};
 
 QString DroppedPath(const QMimeData* data)
 {
@@ -97,13 +64,7 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
     auto* const column = new QVBoxLayout(host);
     column->setContentsMargins(kGap, 0, kGap, kGap);
     column->setSpacing(kGap);
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(kGap);
-    column->addLayout(row, 1);
-
     QWidget* const input = InputPanel(bind_, desk_);
-    row->addWidget(new InputScroll(input));
-
     auto* const right = new QSplitter(Qt::Vertical);
     right->setObjectName(QStringLiteral("splitter"));
     right->addWidget(DiagramPanel(bind_, desk_));
@@ -116,11 +77,16 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
     bind_.Follow([this, status](const ProjectState&) {
         status->Show(StatusOf(desk_.session), desk_.session.decimalcomma());
     });
-    auto* const results = new QVBoxLayout;
+    auto* const resulthost = new QWidget;
+    auto* const results = new QVBoxLayout(resulthost);
+    results->setContentsMargins(0, 0, 0, 0);
     results->setSpacing(kGap);
     results->addWidget(status);
     results->addWidget(right, 1);
-    row->addLayout(results, 1);
+    dock_ = new FormDock(desk_.store.settings());
+    dock_->freed = [this](Form* form) { ShowFree(form); };
+    workspace_ = new Workspace(input, dock_, resulthost);
+    column->addWidget(workspace_, 1);
     column->insertWidget(0, FamilyTabs(bind_, desk_));  // last, so that Tab begins with the inputs
     recovery_ = new RecoveryBar(desk_);
     column->insertWidget(0, recovery_);
@@ -176,18 +142,46 @@ Form* MainWindow::OpenForm(std::string_view name)
         form = MakeSection(desk_, this, family->id);
         form->recalculates = true;
     }
-    const bool first = forms_.try_emplace(std::string(name), form).second;
-    form->Refresh();
-    if (first) {
-        form->resize(form->sizeHint());
+    if (forms_.try_emplace(std::string(name), form).second && (maker == nullptr || maker->docks)) {
+        form->OfferDock([this, form] {
+            dock_->Want(*form, true);
+            ShowForm(form);
+        });
     }
+    form->Refresh();
+    ShowForm(form);
+    return form;
+}
+
+// Beside the results, if the user wants it there and the window has the room. A refused value stays
+// in sight.
+void MainWindow::ShowForm(Form* form)
+{
+    const bool docks = form->findChild<QWidget*>(QStringLiteral("dock")) != nullptr;
+    const bool stays =
+        dock_->Holds(form) || (docks && dock_->Wants(*form) && !HasRefused(*workspace_) &&
+                               workspace_->HasRoomFor(dock_->WidthFor(*form)));
+    if (stays) {
+        dock_->Take(form);
+    } else {
+        ShowFree(form);
+    }
+}
+
+void MainWindow::ShowFree(Form* form)
+{
+    if (form->docked()) {
+        form->SetDocked(false, this);
+    }
+    form->Place();
     form->show();
     form->activateWindow();
-    return form;
+    form->FocusFirst();
 }
 
 void MainWindow::CloseForms()
 {
+    dock_->Clear();
     for (const auto& [name, form] : forms_) {
         form->hide();
     }
@@ -213,6 +207,7 @@ void MainWindow::Refresh()
             form->Refresh();
         }
     }
+    dock_->DropForeign();
     RefreshTitle();
     RefreshRecentFiles();
 }
@@ -269,11 +264,8 @@ bool MainWindow::event(QEvent* event)
 // shows. Nothing that was refused, or read in part, is calculated by looking at it.
 void MainWindow::ComeToFront()
 {
-    const auto boxes = findChildren<BoxEdit*>();
-    const bool refused = std::any_of(boxes.begin(), boxes.end(), [](const BoxEdit* box) {
-        return box->refused() && box->isVisible();
-    });
-    if (refused || desk_.session.halfread() || QApplication::activeModalWidget() != nullptr) {
+    if (HasRefused(*this) || desk_.session.halfread() ||
+        QApplication::activeModalWidget() != nullptr) {
         Refresh();
     } else {
         desk_.session.Calculate();

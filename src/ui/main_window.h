@@ -19,6 +19,9 @@ class QAction;
 
 namespace kestrum {
 
+class FormDock;
+class Workspace;
+
 class MainWindow final : public QMainWindow {
     Q_OBJECT
 
@@ -75,6 +78,8 @@ private:
     void ComeToFront();
     void LookAtDisk();
     void ShowLoadRow(std::string_view box, int row);
+    void ShowForm(Form* form);
+    void ShowFree(Form* form);
 
     Desk& desk_;
     Binder bind_;
@@ -82,6 +87,8 @@ private:
     QAction* recentend_ = nullptr;
     RecoveryBar* recovery_ = nullptr;
     FinderWindow* finder_ = nullptr;
+    Workspace* workspace_ = nullptr;
+    FormDock* dock_ = nullptr;
     bool looking_ = false;  // at the file on the disk
     std::vector<QAction*> recent_;
     std::map<std::string, Form*, std::less<>> forms_;

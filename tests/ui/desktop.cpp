@@ -39,6 +39,7 @@ Desktop::Desktop(bool decimalcomma, std::string commandline)
       session(Tables(), script, decimalcomma), desk{session, store, "/nowhere/"},
       window(std::make_unique<MainWindow>(desk))
 {
+    store.settings().setValue(QStringLiteral("Forms/Docked"), false);  // docking_test has them so
     window->Start(commandline);
     window->show();
     BringToFront(*window);

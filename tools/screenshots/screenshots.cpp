@@ -59,11 +59,16 @@ public:
                            [&](const QString& part) { return name.contains(part); });
     }
 
-    void Take(QWidget& window, const QString& name)
+    static void Settle()
     {
         for (int i = 0; i < 3; ++i) {
             QApplication::processEvents();  // layouts settle in steps
         }
+    }
+
+    void Take(QWidget& window, const QString& name)
+    {
+        Settle();
         const QString path = QDir(folder_).filePath(name + QStringLiteral(".png"));
         if (!window.grab().save(path)) {
             std::cerr << FromQt(path) << ": cannot be written\n";
@@ -108,7 +113,7 @@ void TakeMain(Photographer& camera, Desk& desk, const QString& suffix)
     MainWindow window(desk);
     window.Start({});
     FillProject(desk.session);
-    const QSize sizes[] = {{1024, 741}, {1280, 800}, {1920, 1080}};
+    const QSize sizes[] = {{1024, 741}, {1280, 800}, {1366, 768}, {1920, 1080}};
     for (const QSize size : sizes) {
         const QString name =
             QStringLiteral("main-%1x%2%3").arg(size.width()).arg(size.height()).arg(suffix);
@@ -117,11 +122,23 @@ void TakeMain(Photographer& camera, Desk& desk, const QString& suffix)
             window.show();
             camera.Take(window, name);
         }
+        for (const std::string_view form : {"Loading", "p01"}) {
+            const QString docked = name + QLatin1Char('-') + ToQt(form);
+            if (camera.Wanted(docked)) {
+                window.resize(size);
+                window.show();
+                camera.Settle();  // the room is known once the window has it
+                window.OpenForm(form);
+                camera.Take(window, docked);
+                window.CloseForms();
+            }
+        }
     }
 }
 
 void TakeForms(Photographer& camera, Desk& desk, const QString& suffix)
 {
+    desk.store.settings().setValue(QStringLiteral("Forms/Docked"), false);
     MainWindow window(desk);
     window.Start({});
     FillProject(desk.session);
