@@ -61,7 +61,7 @@ _kestrum()
     --family) _kestrum_families; return ;;
     --data) _kestrum_files -d; return ;;
     --base) _kestrum_files kst; return ;;
-    --setup | -o | --output) _kestrum_files; return ;;
+    --setup | -o | --output | --members) _kestrum_files; return ;;
     --set) _kestrum_fields; return ;;
     --basis) _kestrum_words 'program standard both'; return ;;
     --fields | --jobs | --key | --map | --memory | --top) return ;;
@@ -75,6 +75,7 @@ _kestrum()
         check) options+=' --basis --loadcase --notes --no-notes --exit-zero --csv-safe --format --json' ;;
         batch) options+=' --output --base --fields --jobs --resume --sign --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json' ;;
         envelope) options+=' --output --basis --key --map --sign --swap-axes --all --top --memory --base --jobs --resume --raw --exit-zero --csv-safe --no-csv-safe --format --json' ;;
+        summary) options+=' --output --members --key --base --raw --top' ;;
         dump) options+=' --inputs' ;;
         new) options+=' --output --family --set --sign --raw' ;;
         set) options+=' --output --sign --raw --dry-run' ;;
@@ -86,14 +87,14 @@ _kestrum()
         return
     fi
     case $command in
-    '') _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope help' ;;
-    help) ((operands)) || _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope' ;;
+    '') _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope summary help' ;;
+    help) ((operands)) || _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope summary' ;;
     sections) ((operands)) || _kestrum_families ;;
     fields) ((operands)) || _kestrum_words "$(kestrum fields --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)" ;;
     report) if ((operands)); then _kestrum_files kst; else _kestrum_words 'control section vortex'; fi ;;
     set) if ((operands)); then _kestrum_fields; else _kestrum_files kst; fi ;;
     new) [[ " ${COMP_WORDS[*]:1:COMP_CWORD-1} " != *' --set '* ]] || _kestrum_fields ;;
-    batch | envelope) _kestrum_files ;;
+    batch | envelope | summary) _kestrum_files ;;
     *) _kestrum_files kst ;;
     esac
 }

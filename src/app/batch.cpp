@@ -56,19 +56,6 @@ bool TakeText(std::string_view& line, bool csv, std::string& text)
     return false;
 }
 
-// The verdict behind its written text, with or without a count of notes.
-bool ReadVerdict(std::string_view text, Verdict& verdict)
-{
-    for (std::size_t i = 0; i < kVerdicts; ++i) {
-        const std::string_view word = VerdictWord(static_cast<Verdict>(i));
-        if (text == word || (text.starts_with(word) && text[word.size()] == ',')) {
-            verdict = static_cast<Verdict>(i);
-            return true;
-        }
-    }
-    return false;
-}
-
 }  // namespace
 
 void AppendNumber(std::string& out, double value)
@@ -396,10 +383,14 @@ bool AnswerLines::ReadBack(std::string_view line, std::string& member, Verdict& 
     }
     line.remove_prefix(before.size());
     std::string written;
-    if (!TakeText(line, csv, written) || !line.starts_with(behind) ||
-        !ReadVerdict(written, verdict)) {
+    if (!TakeText(line, csv, written) || !line.starts_with(behind)) {
         return false;
     }
+    const std::optional<Verdict> known = VerdictOf(written);
+    if (!known) {
+        return false;
+    }
+    verdict = *known;
     line.remove_prefix(behind.size());
     ir = 0;
     std::from_chars(line.data(), line.data() + line.size(), ir);

@@ -74,17 +74,18 @@ std::string MemberList::Take(std::string text, const std::string& table, const s
     if (!refusal.empty()) {
         return table_ + ":1: " + refusal;
     }
-    while (!rest.empty()) {
+    for (std::size_t row = 0; !rest.empty();) {
         const std::size_t number = line;
         const std::string_view record = take(columns_.separator());
+        row += record.empty() ? 0 : 1;
         if (!Trimmed(record).empty()) {
-            TakeMember(record, number);
+            TakeMember(record, number, row);
         }
     }
     return members_.empty() ? table_ + ": holds no members" : std::string{};
 }
 
-void MemberList::TakeMember(std::string_view record, std::size_t line)
+void MemberList::TakeMember(std::string_view record, std::size_t line, std::size_t row)
 {
     const auto fault = [&](const std::string& what) {
         faults_.push_back(Printable(table_ + ":" + std::to_string(line) + ": " + what));
@@ -108,7 +109,7 @@ void MemberList::TakeMember(std::string_view record, std::size_t line)
         return fault("member \"" + key + "\" stands in line " +
                      std::to_string(members_[at->second].line) + " already, which holds");
     }
-    members_.push_back({std::move(key), line, record});
+    members_.push_back({std::move(key), line, row, record});
 }
 
 std::size_t MemberList::Find(std::string_view key) const

@@ -28,6 +28,8 @@ public:
     std::size_t size() const { return members_.size(); }
     const std::string& Key(std::size_t member) const { return members_[member].key; }
     std::size_t LineOf(std::size_t member) const { return members_[member].line; }
+    // Its number in the table, from 1, as `batch` counts.
+    std::size_t RowOf(std::size_t member) const { return members_[member].row; }
 
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
     std::size_t Find(std::string_view key) const;
@@ -39,11 +41,11 @@ public:
 private:
     struct Member {
         std::string key;
-        std::size_t line;
+        std::size_t line, row;
         std::string_view record;  // of text_
     };
     std::string ChooseKey(std::string_view header, const std::string& key);
-    void TakeMember(std::string_view record, std::size_t line);
+    void TakeMember(std::string_view record, std::size_t line, std::size_t row);
 
     std::string text_, table_;
     MemberColumns columns_;

@@ -99,4 +99,15 @@ struct EnvelopeArguments {
 };
 int Envelope(const Options& options, const EnvelopeArguments& arguments);
 
+struct SummaryArguments {
+    std::string answers;
+    std::string out;      // .csv, .xlsx, .pdf, .svg or .png; empty: CSV on standard output
+    std::string members;  // table for names, sections and masses; empty: without
+    std::string base;     // project that members start from; empty: the default one
+    std::string key;      // column of the members' keys; empty: the usual names
+    int top = 0;          // so many are listed; 0: all
+    bool raw = false;
+};
+int Summary(const Options& options, const SummaryArguments& arguments);
+
 }  // namespace kestrum::cli

@@ -91,28 +91,6 @@ void RequireInputs(const EnvelopeArguments& arguments)
     }
 }
 
-// Members are few beside their forces: the table is held.
-MemberList ReadMembers(const EnvelopeArguments& arguments, const Interrupt& interrupt, bool& faulty)
-{
-    TextStream stream(arguments.members, interrupt);
-    std::string text;
-    while (stream.Read(text)) {
-    }
-    if (interrupt.raised()) {
-        interrupt.End();
-    }
-    MemberList members;
-    const std::string refusal = members.Take(std::move(text), stream.name(), arguments.key);
-    if (!refusal.empty()) {
-        throw BadInput(refusal);
-    }
-    for (const std::string& fault : members.faults()) {
-        Complain(fault);
-        faulty = true;
-    }
-    return members;
-}
-
 BatchOrigin OriginOf(const Options& options, const EnvelopeArguments& arguments)
 {
     std::vector<BatchSource> sources;
@@ -281,7 +259,7 @@ int Envelope(const Options& options, const EnvelopeArguments& arguments)
 
     const Interrupt interrupt;
     bool faulty = false;
-    const MemberList members = ReadMembers(arguments, interrupt, faulty);
+    const MemberList members = ReadMembers(arguments.members, arguments.key, interrupt, faulty);
     constexpr std::size_t kMega = std::size_t{1} << 20;
     ForceReader forces(arguments.forces, manner, members,
                        kMega * static_cast<std::size_t>(arguments.memory), interrupt);

@@ -56,6 +56,7 @@ int Run(int argc, char** argv)
     ReportArguments report;
     BatchArguments many;
     EnvelopeArguments frame;
+    SummaryArguments summed;
 
     CLI::App& check =
         *app.add_subcommand("check", "calculates and prints the result panel of each file");
@@ -220,6 +221,23 @@ int Run(int argc, char** argv)
         "--no-csv-safe", [&] { frame.csv_safe = false; }, "leaves them as they are");
     AddFormat(envelope, options, kTableFormats);
     envelope.callback([&] { exit = Envelope(options, frame); });
+
+    CLI::App& summary = *app.add_subcommand(
+        "summary", "sorts the answers of batch or envelope by ratio: table, workbook or pages");
+    summary.add_option("answers", summed.answers, "answers as CSV; - is standard input")
+        ->required()
+        ->type_name("ANSWERS");
+    AddOutput(summary, summed.out,
+              "file to write: .csv, .xlsx, .pdf, .svg or .png; CSV on standard output without it");
+    summary.add_option("--members", summed.members,
+                       "table of the members, for their names, sections and masses");
+    summary.add_option("--key", summed.key, "column of the members' keys");
+    summary.add_option("--base", summed.base,
+                       "project whose values hold where that table is silent");
+    summary.add_flag("--raw", summed.raw, "takes the values of that table unchecked");
+    summary.add_option("--top", summed.top, "lists so many members; all are counted")
+        ->check(CLI::Range(1, 1000000000));
+    summary.callback([&] { exit = Summary(options, summed); });
 
     CLI::App& help = *app.add_subcommand("help", "prints the help of a command");
     help.add_option("COMMAND", file, "the command; that of the program without it");

@@ -3,6 +3,7 @@
 #include "app/field_owner.h"
 #include "app/table_record.h"
 #include "app/unloaded_member.h"
+#include "cli/text_stream.h"
 #include "core/utf8_path.h"
 
 #include <algorithm>
@@ -81,6 +82,34 @@ ProjectState BaseOf(const Library& library, const std::string& file)
         return s;
     }
     return UnloadedMember(library);
+}
+
+std::string ReadTable(const std::string& file, const Interrupt& interrupt)
+{
+    TextStream stream(file, interrupt);
+    std::string text;
+    while (stream.Read(text)) {
+    }
+    if (interrupt.raised()) {
+        interrupt.End();
+    }
+    return text;
+}
+
+MemberList ReadMembers(const std::string& file, const std::string& key, const Interrupt& interrupt,
+                       bool& faulty)
+{
+    MemberList members;
+    const std::string refusal =
+        members.Take(ReadTable(file, interrupt), file == "-" ? "standard input" : file, key);
+    if (!refusal.empty()) {
+        throw BadInput(refusal);
+    }
+    for (const std::string& fault : members.faults()) {
+        Complain(fault);
+        faulty = true;
+    }
+    return members;
 }
 
 }  // namespace kestrum::cli

@@ -3,7 +3,9 @@
 // What the commands over many members share: names and forms of the answers, threads, exit codes.
 
 #include "app/batch.h"
+#include "app/member_list.h"
 #include "cli/context.h"
+#include "cli/interrupt.h"
 
 #include <string>
 #include <string_view>
@@ -29,5 +31,14 @@ unsigned Threads(int jobs);
 // What a line of a table starts from: a project without loads, or a new one. Of the two kinds of
 // load the base has those that its file holds; a member that begins from nothing has neither.
 ProjectState BaseOf(const Library& library, const std::string& file);
+
+// A whole table as decoded text, "-" for standard input. Ends the program when the user stops it.
+// Throws BadInput.
+std::string ReadTable(const std::string& file, const Interrupt& interrupt);
+
+// A table of members under their keys, which is held. Lines that are left out are told and make it
+// faulty. Throws BadInput.
+MemberList ReadMembers(const std::string& file, const std::string& key, const Interrupt& interrupt,
+                       bool& faulty);
 
 }  // namespace kestrum::cli

@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/print_stamp.h"
 #include "cli/renderer.h"
 #include "core/project_state.h"
 #include "engine/calculate.h"
@@ -9,40 +10,12 @@
 #include "service/vortex.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <ctime>
 #include <iterator>
 #include <string_view>
 
 namespace kestrum::cli {
 
 namespace {
-
-constexpr DrawingScale kScale{.mm = 1, .svg_pixels = 96 / 25.4, .png_pixels = 150 / 25.4};
-
-std::string Digits(int value, std::size_t places)
-{
-    std::array<char, 8> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
-    std::string text(buffer.data(), end);
-    text.insert(0, text.size() < places ? places - text.size() : 0, '0');
-    return text;
-}
-
-PrintStamp Now()
-{
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-#ifdef _WIN32
-    localtime_s(&local, &now);
-#else
-    localtime_r(&now, &local);
-#endif
-    return {Digits(local.tm_year + 1900, 4) + "-" + Digits(local.tm_mon + 1, 2) + "-" +
-                Digits(local.tm_mday, 2),
-            Digits(local.tm_hour, 2) + ":" + Digits(local.tm_min, 2)};
-}
 
 // Appends the pages of a file. Returns the exit code. Throws BadInput.
 int PrintFile(const Library& library, const ReportArguments& arguments, const std::string& file,
@@ -60,9 +33,9 @@ int PrintFile(const Library& library, const ReportArguments& arguments, const st
         Complain(file + ": " + std::string(kCalculationError));
         return kFailedPass;
     }
-    PrintedReport report = vortex                        ? PrintVortex(library, s, Now())
-                           : arguments.kind == "section" ? PrintProperties(library, s, Now())
-                                                         : PrintControl(library, s, Now());
+    PrintedReport report = vortex                        ? PrintVortex(library, s, StampOfNow())
+                           : arguments.kind == "section" ? PrintProperties(library, s, StampOfNow())
+                                                         : PrintControl(library, s, StampOfNow());
     std::move(report.pages.begin(), report.pages.end(), std::back_inserter(whole.pages));
     for (const std::string& what : report.missing) {
         whole.missing.push_back(arguments.out + ": no room on the page for: " + what +
@@ -103,7 +76,7 @@ int Report(const Options& options, const ReportArguments& arguments)
     if (exit != kAllWithin) {
         return exit;
     }
-    WriteDrawings(whole.pages, kScale, arguments.out);
+    WriteDrawings(whole.pages, kPageScale, arguments.out);
     for (const std::string& what : whole.missing) {
         Complain(what);
     }

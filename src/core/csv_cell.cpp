@@ -61,4 +61,9 @@ void AppendCell(std::string& out, std::string_view text, CsvTexts texts)
     AppendQuoted(out, Printable(line), texts);
 }
 
+std::string_view WithoutMark(std::string_view text)
+{
+    return text.starts_with('\'') && Runs(text.substr(1)) ? text.substr(1) : text;
+}
+
 }  // namespace kestrum

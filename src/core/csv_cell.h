@@ -17,4 +17,7 @@ enum class CsvTexts : std::uint8_t { plain, safe };
 // mark.
 void AppendCell(std::string& out, std::string_view text, CsvTexts texts = CsvTexts::plain);
 
+// A text read from such a cell, without the apostrophe of `safe`.
+std::string_view WithoutMark(std::string_view text);
+
 }  // namespace kestrum

@@ -122,6 +122,19 @@ std::string_view VerdictWord(Verdict verdict)
     return kWords[static_cast<std::size_t>(verdict)];
 }
 
+std::optional<Verdict> VerdictOf(std::string_view written)
+{
+    for (std::size_t i = 0; i < kVerdicts; ++i) {
+        const auto verdict = static_cast<Verdict>(i);
+        const std::string_view word = VerdictWord(verdict);
+        if (written.starts_with(word) &&
+            (written.size() == word.size() || written[word.size()] == ',')) {
+            return verdict;
+        }
+    }
+    return std::nullopt;
+}
+
 int ExitCode(Verdict verdict)
 {
     switch (verdict) {

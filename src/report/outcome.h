@@ -4,6 +4,7 @@
 // writes a verdict takes it from here and decides nothing again.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,9 @@ enum class Verdict : std::uint8_t {
 constexpr std::size_t kVerdicts = 8;
 
 std::string_view VerdictWord(Verdict verdict);
+
+// The verdict behind its written text, with or without a count of notes.
+std::optional<Verdict> VerdictOf(std::string_view written);
 
 // Exit code of a program that ends with the verdict: 0 within, 1 above, 3 unstable or failed, 2 for
 // all that was not checked as it was given.

@@ -79,15 +79,17 @@ TEST_P(Completion, OffersTheCommands)
 {
     EXPECT_THAT(Complete("kestrum "),
                 UnorderedElementsAre("check", "dump", "new", "set", "sections", "fields", "vortex",
-                                     "diagram", "table", "report", "batch", "envelope", "help"));
+                                     "diagram", "table", "report", "batch", "envelope", "summary",
+                                     "help"));
     EXPECT_THAT(Complete("kestrum che"), ElementsAre("check"));
     EXPECT_THAT(Complete("kestrum --setup a.dat rep"), ElementsAre("report"));
 }
 
 TEST_P(Completion, OffersTheOptionsOfEachCommand)
 {
-    for (const char* command : {"check", "dump", "new", "set", "sections", "fields", "vortex",
-                                "diagram", "table", "report", "batch", "envelope", "help"}) {
+    for (const char* command :
+         {"check", "dump", "new", "set", "sections", "fields", "vortex", "diagram", "table",
+          "report", "batch", "envelope", "summary", "help"}) {
         EXPECT_THAT(Complete(std::string("kestrum ") + command + " --"),
                     UnorderedElementsAreArray(Options(command)))
             << command;

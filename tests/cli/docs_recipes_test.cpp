@@ -101,6 +101,26 @@ TEST_F(Recipes, ThoseOfEnvelopeAnswerEachMember)
     EXPECT_EQ(Answers(said.out), 21);
 }
 
+TEST_F(Recipes, ThoseOfSummaryWriteEachForm)
+{
+    if (!std::filesystem::exists(KESTRUM_BIN "/kestrum-render.so")) {
+        GTEST_SKIP() << "built without the renderer";
+    }
+    std::filesystem::copy(KESTRUM_SOURCE "/examples", Path("examples"),
+                          std::filesystem::copy_options::recursive);
+    const std::vector<std::string> blocks = Blocks("docs/summary.md");
+    ASSERT_EQ(blocks.size(), 1U);
+    const Said said = Run(blocks[0]);
+    if (said.err.find("built without libxlsxwriter") != std::string::npos) {
+        GTEST_SKIP() << "built without libxlsxwriter";
+    }
+    EXPECT_EQ(said.exit, 0) << said.err;
+    EXPECT_TRUE(Read("worst.pdf").starts_with("%PDF"));
+    EXPECT_TRUE(Read("worst.xlsx").starts_with("PK"));
+    EXPECT_TRUE(Read("sorted.csv").starts_with("rank,member,verdict,ir,"));
+    EXPECT_EQ(std::count(said.err.begin(), said.err.end(), '\n'), 1 + 7 + 3 * 2) << said.err;
+}
+
 // The tables that the document shows are those of the example.
 TEST_F(Recipes, TablesOfEnvelopeStandInTheExample)
 {

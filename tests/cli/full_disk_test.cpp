@@ -38,6 +38,8 @@ const std::vector<Writer> kWriters = {
     {"New", "new -o @/b.kst", "b.kst"},
     {"TableAsCsv", "table p.kst -o @/t.csv", "t.csv"},
     {"TableAsXlsx", "table p.kst -o @/t.xlsx", "t.xlsx"},
+    {"SummaryAsXlsx", "summary a.csv -o @/s.xlsx", "s.xlsx"},
+    {"SummaryAsCsv", "summary a.csv -o @/s.csv", "s.csv"},
     {"DiagramAsSvg", "diagram p.kst -o @/d.svg", "d.svg"},
     {"ReportAsSvg", "report control p.kst -o @/r.svg", "r.svg"},
     {"ReportAsPdf", "report section p.kst -o @/r.pdf", "r.pdf", true},
@@ -55,6 +57,7 @@ protected:
             table += "member " + std::to_string(i) + ",4,10\n";
         }
         Write("t.csv", table);
+        Write("a.csv", "member,verdict,ir\n1,within limits,0.5\n");
     }
 
     // Why this command cannot be tried here.

@@ -28,8 +28,9 @@ TEST_F(ManPage, NamesEveryOptionOfEveryCommand)
     const std::string page = Page();
     const std::regex option("^  (-\\w,)?(--[\\w-]+).*");
     int options = 0;
-    for (const char* command : {"", "check", "dump", "new", "set", "sections", "fields", "vortex",
-                                "diagram", "table", "report", "batch", "envelope", "help"}) {
+    for (const char* command :
+         {"", "check", "dump", "new", "set", "sections", "fields", "vortex", "diagram", "table",
+          "report", "batch", "envelope", "summary", "help"}) {
         EXPECT_THAT(page, HasSubstr(std::string("\n.BR ") + command));
         std::istringstream help(Kestrum(std::string(command) + " --help").out);
         std::smatch found;

@@ -66,6 +66,57 @@ TEST_F(Reports, TableWritesASpreadsheetWithNumbers)
     EXPECT_THAT(Shell("unzip -p a.xlsx xl/styles.xml"), HasSubstr("formatCode=\"#0.000\""));
 }
 
+TEST_F(Reports, SummaryIsAWorkbookWithBarsAndFilters)
+{
+    Write("a.csv", "member,verdict,ir,ir_standard,notes,message\n"
+                   "B1,within limits,0.5,0.6,D233,\n=B2,bad input,,,,no such section\n");
+    const Said said = Kestrum("summary a.csv -o a.xlsx");
+    if (said.err.find("built without libxlsxwriter") != std::string::npos) {
+        GTEST_SKIP() << "built without libxlsxwriter";
+    }
+    ASSERT_EQ(said.exit, 0) << said.err;
+    EXPECT_EQ(said.err, "program: 1 without a ratio, 0 above limit, 1 within limits\n"
+                        "EN 1993-1-1: 1 without a ratio, 0 above limit, 1 within limits\n");
+    if (!Has("unzip")) {
+        GTEST_SKIP() << "no unzip";
+    }
+    const std::string sheet = Shell("unzip -p a.xlsx xl/worksheets/sheet1.xml");
+    EXPECT_THAT(sheet, HasSubstr("xSplit=\"2\" ySplit=\"1\""));
+    EXPECT_THAT(sheet, HasSubstr("state=\"frozen\""));
+    EXPECT_THAT(sheet, HasSubstr("<autoFilter ref=\"A1:L3\"/>"));
+    EXPECT_THAT(sheet,
+                HasSubstr("<conditionalFormatting sqref=\"D2:D3\"><cfRule type=\"dataBar\""));
+    EXPECT_THAT(sheet,
+                HasSubstr("<conditionalFormatting sqref=\"H2:H3\"><cfRule type=\"dataBar\""));
+    EXPECT_THAT(sheet, Not(HasSubstr("<f>")));
+    EXPECT_THAT(Shell("unzip -p a.xlsx xl/workbook.xml"),
+                ::testing::ContainsRegex("\"Members\".*\"Counts\".*\"Notes\""));
+    EXPECT_THAT(Shell("unzip -p a.xlsx xl/sharedStrings.xml"), HasSubstr("<t>=B2</t>"));
+}
+
+TEST_F(Reports, SummaryRefusesWhatItCannotUse)
+{
+    Write("a.csv", "member,verdict,ir\n1,within limits,0.5\n");
+    Write("m.csv", "id,section,l\nB1,IPE 300,4\nB1,IPE 300,4\n");
+    const auto refused = [this](const std::string& arguments, const std::string& why) {
+        const Said said = Kestrum("summary " + arguments);
+        EXPECT_EQ(said.exit, 2) << arguments;
+        EXPECT_THAT(said.err, HasSubstr(why)) << arguments;
+    };
+    refused("b.csv", "b.csv: No such file");
+    refused(".", "directory");
+    refused("a.csv -o a.txt", "has to end in .csv, .xlsx, .pdf, .svg or .png");
+    refused("a.csv -o a.csv", "would overwrite the input");
+    refused("a.csv --members m.csv -o m.csv", "would overwrite the input");
+    refused("- --members - <a.csv", "standard input cannot be both tables");
+    refused("m.csv", "m.csv:1: no answers: there is no column \"member\"");
+    refused("a.csv -o nowhere/a.svg", "nowhere/a.svg: ");
+    refused("a.csv --members m.csv -o s.csv", "m.csv:3: member \"B1\" stands in line 2 already");
+    EXPECT_THAT(Read("s.csv"), HasSubstr("\n1,B1,within limits,0.5,"));  // the rest is there
+    EXPECT_EQ(Kestrum("summary - <a.csv").out,
+              "rank,member,verdict,ir,control,clause,notes,message\n1,1,within limits,0.5,,,,\n");
+}
+
 TEST_F(Reports, TableThatCannotBeWrittenTellsSo)
 {
     ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);

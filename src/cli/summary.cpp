@@ -1,0 +1,116 @@
+// The answers of many members in order: as CSV, workbook or printed pages.
+
+#include "app/answer_table.h"
+#include "cli/commands.h"
+#include "cli/many.h"
+#include "cli/print_stamp.h"
+#include "core/file_io.h"
+#include "core/utf8_text.h"
+#include "report/summary_pages.h"
+#ifdef KESTRUM_SPREADSHEET
+#include "spreadsheet/summary_xlsx.h"
+#endif
+
+#include <iostream>
+
+namespace kestrum::cli {
+
+namespace {
+
+void RequireNames(const SummaryArguments& arguments)
+{
+    const std::string ending = EndingOf(arguments.out);
+    if (!arguments.out.empty() && ending != ".csv" && ending != ".xlsx" && ending != ".svg" &&
+        ending != ".png" && ending != ".pdf") {
+        throw BadInput(arguments.out + ": the name has to end in .csv, .xlsx, .pdf, .svg or .png");
+    }
+    if (arguments.answers == "-" && arguments.members == "-") {
+        throw BadInput("standard input cannot be both tables");
+    }
+    for (const std::string& input : {arguments.answers, arguments.members, arguments.base}) {
+        if (!input.empty()) {
+            SpareInput(arguments.out.empty() ? "-" : arguments.out, input);
+        }
+    }
+}
+
+#ifdef KESTRUM_SPREADSHEET
+std::string WriteXlsx(const MemberSummary& summary, const std::string& path)
+{
+    return WriteSummaryXlsx(summary, path);
+}
+#else
+std::string WriteXlsx(const MemberSummary&, const std::string&)
+{
+    return "built without libxlsxwriter; .csv needs nothing more";
+}
+#endif
+
+void WriteSummary(const SummaryArguments& arguments, const MemberSummary& summary)
+{
+    const std::string ending = EndingOf(arguments.out);
+    std::string fault;
+    if (arguments.out.empty()) {
+        Print(SummaryCsv(summary, CsvTexts::plain));
+    } else if (ending == ".csv") {
+        fault = WriteWholeFile(arguments.out, SummaryCsv(summary, CsvTexts::safe));
+    } else if (ending == ".xlsx") {
+        fault = WriteXlsx(summary, arguments.out);
+    } else {
+        const PrintedReport report = PrintSummary(
+            summary, StampOfNow(), arguments.answers == "-" ? "standard input" : arguments.answers);
+        WriteDrawings(report.pages, kPageScale, arguments.out);
+    }
+    if (!fault.empty()) {
+        throw BadInput(arguments.out + ": " + fault);
+    }
+}
+
+std::string CountText(const MemberSummary& summary, ResultOf basis)
+{
+    const auto counts = CountStandings(summary, basis);
+    return std::to_string(counts[0]) + " without a ratio, " + std::to_string(counts[1]) +
+           " above limit, " + std::to_string(counts[2]) + " within limits\n";
+}
+
+}  // namespace
+
+int Summary(const Options& options, const SummaryArguments& arguments)
+{
+    RequireNames(arguments);
+    const Interrupt interrupt;
+    bool faulty = false;
+    AnswerTable answers;
+    const std::string refusal =
+        answers.Take(ReadTable(arguments.answers, interrupt),
+                     arguments.answers == "-" ? "standard input" : arguments.answers);
+    if (!refusal.empty()) {
+        throw BadInput(refusal);
+    }
+    if (!arguments.members.empty()) {
+        const Library library = LoadTables(options);
+        const MemberList members = ReadMembers(arguments.members, arguments.key, interrupt, faulty);
+        const std::size_t strangers =
+            answers.AddMembers(members, library, BaseOf(library, arguments.base),
+                               Manner(arguments.raw ? Assignment::raw : Assignment::checked));
+        if (strangers > 0) {
+            Complain(arguments.members + ": does not hold " + std::to_string(strangers) +
+                     " of the " + std::to_string(answers.summary.members.size()) +
+                     " members answered");
+            faulty = true;
+        }
+    }
+    answers.summary.top = static_cast<std::size_t>(arguments.top);
+    WriteSummary(arguments, answers.summary);
+    if (!options.quiet) {
+        const MemberSummary& summary = answers.summary;
+        std::cerr << (summary.both ? "program: " : "")
+                  << CountText(summary, &SummaryMember::result);
+        if (summary.both) {
+            std::cerr << "EN 1993-1-1: " << CountText(summary, &SummaryMember::standard);
+        }
+    }
+    return faulty ? kBadInput : kAllWithin;
+}
+
+}  // namespace kestrum::cli
