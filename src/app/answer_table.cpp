@@ -46,9 +46,12 @@ enum class Cell : std::size_t {
     case_standard,
     x_standard,
     cases,
+    rank,
     section,
+    section_before,
     mass,
     mass_before,
+    lighter,
     weight,
     l,
     irlimit,
@@ -70,9 +73,12 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(Cell::message) +
     "case_standard",
     "x_standard",
     "cases",
+    "rank",
     "section",
+    "section_before",
     "mass",
     "mass_before",
+    "lighter",
     "weight",
     "l",
     "irlimit",
@@ -187,15 +193,6 @@ SummaryResult StandardResultOf(const Record& record)
     return result;
 }
 
-double MassOf(const Record& record)
-{
-    if (record.Has(Cell::mass)) {
-        return record.Number(Cell::mass).value_or(kUnknown);
-    }
-    return record.Number(Cell::weight).value_or(kUnknown) *
-           record.Number(Cell::l).value_or(kUnknown);
-}
-
 void Merge(const MemberSummary& summary, SummaryMember& member, SummaryMember other)
 {
     if (Worse(summary.GoverningOf(other), summary.GoverningOf(member))) {
@@ -217,7 +214,7 @@ MemberSummary EmptySummary(const Record& record)
     summary.has_case = record.Has(Cell::load_case);
     summary.has_place = record.Has(Cell::x);
     summary.has_section = record.Has(Cell::section);
-    summary.has_mass = record.Has(Cell::mass) || (record.Has(Cell::weight) && record.Has(Cell::l));
+    summary.has_mass = record.Has(Cell::l) && (record.Has(Cell::mass) || record.Has(Cell::weight));
     summary.has_before = record.Has(Cell::mass_before);
     return summary;
 }
@@ -234,8 +231,11 @@ std::string TakeMember(const Record& record, bool both, SummaryMember& member)
     member.message = record.Text(Cell::message);
     if (VerdictOf(member.result.verdict) != Verdict::bad) {  // else it has no inputs
         member.section = record.Text(Cell::section);
-        member.mass = MassOf(record);
-        member.mass_before = record.Number(Cell::mass_before).value_or(kUnknown);
+        member.section_before = record.Text(Cell::section_before);
+        member.length = record.Number(Cell::l).value_or(kUnknown);
+        member.weight =
+            record.Number(record.Has(Cell::mass) ? Cell::mass : Cell::weight).value_or(kUnknown);
+        member.weight_before = record.Number(Cell::mass_before).value_or(kUnknown);
     }
     return fault;
 }
@@ -272,7 +272,8 @@ std::string AnswerTable::Take(std::string_view text, const std::string& table)
     Record record;
     std::string fault = record.TakeHeader(take(kAnySeparator));
     summary = EmptySummary(record);
-    by_number = !record.Has(Cell::cases);
+    const bool optimized = record.Has(Cell::lighter);
+    by_number = !record.Has(Cell::cases) && !optimized;
     std::unordered_map<std::string, std::size_t> places;
     while (fault.empty() && !text.empty()) {
         const std::string_view cells = take(record.separator());
@@ -281,6 +282,9 @@ std::string AnswerTable::Take(std::string_view text, const std::string& table)
         }
         SummaryMember member;
         fault = record.TakeLine(cells);
+        if (optimized && record.Number(Cell::rank).value_or(1) > 1) {
+            continue;  // another section that would do
+        }
         fault = fault.empty() ? TakeMember(record, summary.both, member) : fault;
         const auto [at, fresh] = places.try_emplace(member.name, summary.members.size());
         if (fresh) {
@@ -300,8 +304,11 @@ std::size_t AnswerTable::AddMembers(const MemberList& list, const Library& libra
                                     const ProjectState& base, Manner manner)
 {
     std::unordered_map<std::string, std::size_t> places;
+    for (std::size_t i = 0; by_number && i < list.size(); ++i) {
+        places.try_emplace(std::to_string(list.RowOf(i)), i);
+    }
     for (std::size_t i = 0; i < list.size(); ++i) {
-        places.try_emplace(by_number ? std::to_string(list.RowOf(i)) : AsAnswered(list.Key(i)), i);
+        places.try_emplace(AsAnswered(list.Key(i)), i);
     }
     std::size_t strangers = 0;
     for (SummaryMember& member : summary.members) {
@@ -319,8 +326,11 @@ std::size_t AnswerTable::AddMembers(const MemberList& list, const Library& libra
             member.section = SectionName(library, s);
         }
         const PreparedMember prepared = Prepare(library, s);
-        if (!std::isfinite(member.mass) && prepared.usable) {
-            member.mass = static_cast<double>(prepared.state->weight) * prepared.Length();  // kg
+        if (prepared.usable) {
+            member.length = prepared.Length();
+            member.weight = std::isfinite(member.weight)
+                                ? member.weight
+                                : static_cast<double>(prepared.state->weight);
         }
     }
     summary.has_section = summary.has_mass = true;
@@ -329,7 +339,7 @@ std::size_t AnswerTable::AddMembers(const MemberList& list, const Library& libra
 
 std::string SummaryCsv(const MemberSummary& summary, CsvTexts texts)
 {
-    std::string out = "rank,member,verdict,ir,control,clause";
+    std::string out = "order,member,verdict,ir,control,clause";
     const std::string place =
         std::string(summary.has_case ? ",case" : "") + (summary.has_place ? ",x" : "");
     out += place;
@@ -339,8 +349,8 @@ std::string SummaryCsv(const MemberSummary& summary, CsvTexts texts)
                (summary.has_place ? ",x_standard" : "");
     }
     out += std::string(summary.has_section ? ",section" : "") +
-           (summary.has_before ? ",mass_before" : "") + (summary.has_mass ? ",mass" : "") +
-           ",notes,message\n";
+           (summary.has_before ? ",section_before,mass_before,kg_before" : "") +
+           (summary.has_mass ? ",mass,l,kg" : "") + ",notes,message\n";
 
     const auto text = [&](const std::string& value, bool wanted = true) {
         if (wanted) {
@@ -348,19 +358,19 @@ std::string SummaryCsv(const MemberSummary& summary, CsvTexts texts)
             AppendCell(out, value, texts);
         }
     };
-    const auto number = [&](double value, bool given, bool wanted = true) {
+    const auto number = [&](double value, bool wanted = true) {
         out.append(wanted ? "," : "");
-        if (wanted && given) {
+        if (wanted && std::isfinite(value)) {
             AppendNumber(out, value);
         }
     };
     const auto result = [&](const SummaryResult& each) {
         text(each.verdict);
-        number(each.ir, std::isfinite(each.ir));
+        number(each.ir);
         text(each.check);
         text(each.clause);
         text(each.load_case, summary.has_case);
-        number(each.x, std::isfinite(each.x), summary.has_place);
+        number(each.x, summary.has_place);
     };
     for (std::size_t rank = 0; rank < summary.Listed(); ++rank) {
         const SummaryMember& member = summary.members[rank];
@@ -371,8 +381,12 @@ std::string SummaryCsv(const MemberSummary& summary, CsvTexts texts)
             result(member.standard);
         }
         text(member.section, summary.has_section);
-        number(member.mass_before, std::isfinite(member.mass_before), summary.has_before);
-        number(member.mass, std::isfinite(member.mass), summary.has_mass);
+        text(member.section_before, summary.has_before);
+        number(member.weight_before, summary.has_before);
+        number(member.MassBefore(), summary.has_before);
+        number(member.weight, summary.has_mass);
+        number(member.length, summary.has_mass);
+        number(member.Mass(), summary.has_mass);
         text(member.notes);
         text(member.message);
         out.push_back('\n');

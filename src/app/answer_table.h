@@ -21,12 +21,13 @@ struct AnswerTable {
 
     // `text` is the whole table in UTF-8 with line feeds. Of several lines for one member, as of
     // its cases, the worst counts in each basis. Without a verdict of its own the ratio by the
-    // standard is compared with the column `irlimit`, or 1. Mass is the column `mass`, or `weight`
-    // times `l`. Returns why it holds no answers, "a.csv:1: what", or nothing.
+    // standard is compared with the column `irlimit`, or 1. Weights in kg/m are the column `mass`,
+    // or `weight`, lengths `l`. Of the sections that `optimize` found the first counts. Returns why
+    // it holds no answers, "a.csv:1: what", or nothing.
     std::string Take(std::string_view text, const std::string& table);
 
-    // Names, sections and masses from the table of the members; `base` is what it is silent about.
-    // Returns how many of the members it does not hold.
+    // Names, sections, weights and lengths from the table of the members; `base` is what it is
+    // silent about. Returns how many of the members it does not hold.
     std::size_t AddMembers(const MemberList& list, const Library& library, const ProjectState& base,
                            Manner manner);
 };

@@ -103,14 +103,15 @@ double LargestRatio(const MemberSummary& summary, ResultOf basis)
     return largest;
 }
 
-MassSum SumOf(const MemberSummary& summary, double SummaryMember::*mass)
+MassSum SumOfMasses(const MemberSummary& summary)
 {
     MassSum sum;
     for (const SummaryMember& member : summary.members) {
-        if (std::isfinite(member.*mass)) {
-            sum.mass += member.*mass;
-            ++sum.members;
-        }
+        const bool known = std::isfinite(member.Mass()) &&
+                           (!summary.has_before || std::isfinite(member.MassBefore()));
+        sum.mass += known ? member.Mass() : 0;
+        sum.before += known && summary.has_before ? member.MassBefore() : 0;
+        sum.members += known ? 1 : 0;
     }
     return sum;
 }

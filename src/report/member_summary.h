@@ -38,8 +38,12 @@ struct SummaryMember {
     std::string name;
     SummaryResult result;    // the basis asked for, or the program's of both
     SummaryResult standard;  // EN 1993-1-1 as written, where both are answered
-    std::string section{};
-    double mass = kUnknown, mass_before = kUnknown;  // kg
+    std::string section{}, section_before{};
+    double length = kUnknown;                            // m
+    double weight = kUnknown, weight_before = kUnknown;  // kg/m
+
+    double Mass() const { return weight * length; }  // kg
+    double MassBefore() const { return weight_before * length; }
     std::string notes{}, message{};
 };
 
@@ -61,7 +65,7 @@ struct MemberSummary {
     bool has_place = false;
     bool has_section = false;
     bool has_mass = false;
-    bool has_before = false;  // masses before an optimisation
+    bool has_before = false;  // sections and masses before an optimisation
     std::size_t top = 0;      // so many are listed; 0: all
 
     std::size_t Listed() const { return top > 0 ? std::min(top, members.size()) : members.size(); }
@@ -79,12 +83,13 @@ std::array<std::size_t, kStandings> CountStandings(const MemberSummary& summary,
 std::vector<RatioBin> Histogram(const MemberSummary& summary, ResultOf basis);
 double LargestRatio(const MemberSummary& summary, ResultOf basis);  // 0 without any
 
-// The sum of the masses, and of how many members there is one.
+// The sum of the masses in kg of those members of which they are known, before and after where
+// there was an optimisation.
 struct MassSum {
-    double mass = 0;
+    double mass = 0, before = 0;
     std::size_t members = 0;
 };
-MassSum SumOf(const MemberSummary& summary, double SummaryMember::*mass);
+MassSum SumOfMasses(const MemberSummary& summary);
 
 // The notes of all members, the most frequent first. Numbers of deviations come with their sentence
 // from NoteSentence.

@@ -82,7 +82,7 @@ struct Layout {
             right -= wanted ? kGap : 0;
         };
         take(mass, kMass, summary.has_mass);
-        take(before, kMass, summary.has_before);
+        take(before, kMass, summary.has_before && summary.has_mass);
         take(load_case, kCase, summary.has_case);
         take(clause, kClause, true);
         take(standard, kStandardWidth, summary.both);
@@ -201,14 +201,13 @@ private:
         if (!summary_.has_mass) {
             return;
         }
-        const MassSum sum = SumOf(summary_, &SummaryMember::mass);
+        const MassSum sum = SumOfMasses(summary_);
         std::string text = "Mass: " + MassText(sum.mass);
-        const MassSum before = SumOf(summary_, &SummaryMember::mass_before);
-        if (summary_.has_before && before.members == sum.members && before.mass > 0) {
-            const double saved = before.mass - sum.mass;
-            text = "Mass before: " + MassText(before.mass) + ", after: " + MassText(sum.mass) +
+        if (summary_.has_before && sum.before > 0) {
+            const double saved = sum.before - sum.mass;
+            text = "Mass before: " + MassText(sum.before) + ", after: " + MassText(sum.mass) +
                    "; " + MassText(std::abs(saved)) + " (" +
-                   FormatNum(std::abs(saved) / before.mass * 100, "0.0") + " percent) " +
+                   FormatNum(std::abs(saved) / sum.before * 100, "0.0") + " percent) " +
                    (saved < 0 ? "more" : "less");
         }
         if (sum.members < summary_.members.size()) {
@@ -333,8 +332,8 @@ private:
         }
         text(layout_.clause, governing.clause.substr(0, governing.clause.find(',')));
         text(layout_.load_case, governing.load_case);
-        text(layout_.before, mass(member.mass_before));
-        text(layout_.mass, mass(member.mass));
+        text(layout_.before, mass(member.MassBefore()));
+        text(layout_.mass, mass(member.Mass()));
         if (governing.standing == Standing::unrated) {
             const bool standard = &governing == &member.standard;
             text(layout_.bar, (standard ? std::string("EN: ") : "") + governing.verdict,

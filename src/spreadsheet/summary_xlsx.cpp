@@ -157,15 +157,15 @@ std::vector<MemberColumn> ColumnsOf(const MemberSummary& summary, const Formats&
             sheet.Text(row, column, member.*field);
         };
     };
-    const auto mass = [&formats](double SummaryMember::*field) {
-        return [field, &formats](Sheet& sheet, lxw_row_t row, lxw_col_t column,
+    const auto mass = [&formats](double (SummaryMember::*value)() const) {
+        return [value, &formats](Sheet& sheet, lxw_row_t row, lxw_col_t column,
                                  const SummaryMember& member) {
-            sheet.Number(row, column, member.*field, formats.mass);
+            sheet.Number(row, column, (member.*value)(), formats.mass);
         };
     };
     std::vector<MemberColumn> columns;
     columns.push_back(
-        {"Rank", 7, [](Sheet& sheet, lxw_row_t row, lxw_col_t column, const SummaryMember&) {
+        {"Order", 7, [](Sheet& sheet, lxw_row_t row, lxw_col_t column, const SummaryMember&) {
              sheet.Number(row, column, row);
          }});
     columns.push_back({"Member", 24, text(&SummaryMember::name)});
@@ -181,11 +181,12 @@ std::vector<MemberColumn> ColumnsOf(const MemberSummary& summary, const Formats&
         columns.push_back({"Section", 18, text(&SummaryMember::section)});
     }
     if (summary.has_before) {
-        columns.push_back({"Mass before [kg]", 12, mass(&SummaryMember::mass_before)});
+        columns.push_back({"Section before", 18, text(&SummaryMember::section_before)});
+        columns.push_back({"Mass before [kg]", 12, mass(&SummaryMember::MassBefore)});
     }
     if (summary.has_mass) {
         columns.push_back(
-            {summary.has_before ? "Mass after [kg]" : "Mass [kg]", 12, mass(&SummaryMember::mass)});
+            {summary.has_before ? "Mass after [kg]" : "Mass [kg]", 12, mass(&SummaryMember::Mass)});
     }
     columns.push_back({"Notes", 40, text(&SummaryMember::notes)});
     columns.push_back({"Message", 60, text(&SummaryMember::message)});
@@ -253,15 +254,15 @@ void FillCounts(lxw_workbook* book, const Formats& formats, const MemberSummary&
     row_of(row++, "Members",
            [&](std::size_t) { return static_cast<double>(summary.members.size()); });
     row_of(row++, "Largest ratio", [&](std::size_t i) { return LargestRatio(summary, bases[i]); });
+    const MassSum sum = SumOfMasses(summary);
     if (summary.has_before) {
-        row_of(row++, "Mass before [kg]", [&](std::size_t i) {
-            return i == 0 ? SumOf(summary, &SummaryMember::mass_before).mass : NAN;
-        });
+        sheet.Text(row, 0, "Mass before [kg]");
+        sheet.Number(row++, 1, sum.before, formats.mass);
     }
     if (summary.has_mass) {
-        row_of(row++, summary.has_before ? "Mass after [kg]" : "Mass [kg]", [&](std::size_t i) {
-            return i == 0 ? SumOf(summary, &SummaryMember::mass).mass : NAN;
-        });
+        sheet.Text(row, 0, summary.has_before ? "Mass after [kg]" : "Mass [kg]");
+        sheet.Number(row, 1, sum.mass, formats.mass);
+        sheet.Text(row++, 2, "of " + std::to_string(sum.members) + " members");
     }
     ++row;
     sheet.Text(row++, 0, "Members by ratio", formats.bold);

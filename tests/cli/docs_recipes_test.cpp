@@ -117,7 +117,7 @@ TEST_F(Recipes, ThoseOfSummaryWriteEachForm)
     EXPECT_EQ(said.exit, 0) << said.err;
     EXPECT_TRUE(Read("worst.pdf").starts_with("%PDF"));
     EXPECT_TRUE(Read("worst.xlsx").starts_with("PK"));
-    EXPECT_TRUE(Read("sorted.csv").starts_with("rank,member,verdict,ir,"));
+    EXPECT_TRUE(Read("sorted.csv").starts_with("order,member,verdict,ir,"));
     EXPECT_EQ(std::count(said.err.begin(), said.err.end(), '\n'), 1 + 7 + 3 * 2) << said.err;
 }
 

@@ -114,7 +114,7 @@ TEST_F(Reports, SummaryRefusesWhatItCannotUse)
     refused("a.csv --members m.csv -o s.csv", "m.csv:3: member \"B1\" stands in line 2 already");
     EXPECT_THAT(Read("s.csv"), HasSubstr("\n1,B1,within limits,0.5,"));  // the rest is there
     EXPECT_EQ(Kestrum("summary - <a.csv").out,
-              "rank,member,verdict,ir,control,clause,notes,message\n1,1,within limits,0.5,,,,\n");
+              "order,member,verdict,ir,control,clause,notes,message\n1,1,within limits,0.5,,,,\n");
 }
 
 TEST_F(Reports, TableThatCannotBeWrittenTellsSo)
