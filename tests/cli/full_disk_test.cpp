@@ -39,7 +39,6 @@ const std::vector<Writer> kWriters = {
     {"TableAsCsv", "table p.kst -o @/t.csv", "t.csv"},
     {"TableAsXlsx", "table p.kst -o @/t.xlsx", "t.xlsx"},
     {"SummaryAsXlsx", "summary a.csv -o @/s.xlsx", "s.xlsx"},
-    {"SummaryAsCsv", "summary a.csv -o @/s.csv", "s.csv"},
     {"DiagramAsSvg", "diagram p.kst -o @/d.svg", "d.svg"},
     {"ReportAsSvg", "report control p.kst -o @/r.svg", "r.svg"},
     {"ReportAsPdf", "report section p.kst -o @/r.pdf", "r.pdf", true},
