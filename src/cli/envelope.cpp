@@ -62,7 +62,8 @@ void RequireInputs(const EnvelopeArguments& arguments)
         }
         const std::string ending = EndingOf(name);
         if (ending == ".xlsx" || ending == ".xlsm" || ending == ".xls" || ending == ".ods") {
-            throw BadInput(name + ": is a spreadsheet; save its sheet as CSV");
+            throw BadInput(name + ": is a spreadsheet; save its sheet as CSV, or a workbook of the "
+                                  "Structural Analysis Format by python3 -m kestrum.saf");
         }
     }
     std::error_code fault;

@@ -1,5 +1,10 @@
 """Workbooks of the Structural Analysis Format, written here by hand."""
 
+import csv
+import os
+import subprocess
+import sys
+
 import pytest
 
 import kestrum
@@ -76,3 +81,47 @@ def test_a_workbook_without_members_is_refused(tmp_path):
     openpyxl.Workbook().save(tmp_path / "empty.xlsx")
     with pytest.raises(kestrum.InputError, match="StructuralCurveMember"):
         kestrum.saf.read(tmp_path / "empty.xlsx")
+
+
+def saf(*arguments, folder):
+    return subprocess.run([sys.executable, "-m", "kestrum.saf", *map(str, arguments)], cwd=folder, capture_output=True,
+                          text=True, check=False)
+
+
+def test_the_command_writes_the_tables_of_envelope(tmp_path):
+    workbook(tmp_path / "model.xlsx")
+    said = saf("model.xlsx", "-o", "members.csv", "forces.csv", folder=tmp_path)
+    assert said.returncode == 0
+    assert said.stderr.count("\n") == 11 and "kestrum: model.xlsx: member C2: Concrete\n" in said.stderr
+    with open(tmp_path / "members.csv", encoding="utf-8") as file:
+        assert list(csv.reader(file)) == [["member", "section", "steel", "l"], ["C1", "HEB 200", "S355", "3.5"]]
+    with open(tmp_path / "forces.csv", encoding="utf-8") as file:
+        rows = list(csv.DictReader(file))
+    assert [(row["case"], float(row["x"]), float(row["N"]), float(row["My"])) for row in rows] == [
+        ("U1", 0, 100, 0), ("U1", 1.75, 100, 4), ("U1", 1.75, 100, 4), ("U1", 3.5, 100, 0)]
+    program = os.path.join(os.environ["KESTRUM_BIN"], "kestrum")
+    answers = subprocess.run([program, "envelope", "members.csv", "forces.csv", "--quiet"], cwd=tmp_path,
+                             capture_output=True, text=True, check=True).stdout
+    # The same as the same forces by hand: NEd/NRd and My of a straight line with its top in the middle.
+    (tmp_path / "hand.csv").write_text("member,case,x,N,Vy,Vz,Mx,My,Mz\nC1,U1,0,100,0,5,0,0,0\n"
+                                       "C1,U1,1.75,100,0,5,0,4,0\nC1,U1,1.75,100,0,-5,0,4,0\nC1,U1,3.5,100,0,-5,0,0,0\n")
+    assert subprocess.run([program, "envelope", "members.csv", "hand.csv", "--quiet"], cwd=tmp_path,
+                          capture_output=True, text=True, check=True).stdout == answers
+    assert len(list(tmp_path.iterdir())) == 4
+
+
+@pytest.mark.parametrize("prepare, arguments, told", [
+    (lambda folder: None, ("none.xlsx", "-o", "m.csv", "f.csv"), "kestrum: none.xlsx: No such file"),
+    (lambda folder: (folder / "a.xlsx").write_bytes(b"PK\3\4 no"), ("a.xlsx", "-o", "m.csv", "f.csv"), "kestrum: a.xlsx: "),
+    (lambda folder: openpyxl.Workbook().save(folder / "a.xlsx"), ("a.xlsx", "-o", "m.csv", "f.csv"),
+     "kestrum: a.xlsx: the workbook has no sheet StructuralCurveMember"),
+    (lambda folder: workbook(folder / "a.xlsx", StructuralMaterial=[("Name", "Type", "Quality")]),
+     ("a.xlsx", "-o", "m.csv", "f.csv"), "no straight steel member"),
+    (lambda folder: workbook(folder / "a.xlsx"), ("a.xlsx", "-o", "m.csv", "m.csv"), "three files"),
+    (lambda folder: workbook(folder / "a.xlsx"), ("a.xlsx", "-o", "no/m.csv", "f.csv"), "No such file or directory"),
+])
+def test_the_command_refuses(tmp_path, prepare, arguments, told):
+    prepare(tmp_path)
+    said = saf(*arguments, folder=tmp_path)
+    assert said.returncode == 2 and told in said.stderr and "Traceback" not in said.stderr
+    assert not list(tmp_path.glob("*.csv*"))

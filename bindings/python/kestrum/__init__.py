@@ -14,6 +14,14 @@ from ._errors import InputError
 from ._kestrum import Catalogue, version as __version__
 from ._member import Check, Member, Note, Picture, Result
 from ._batch import batch
-from . import saf
 
 __all__ = ["Catalogue", "Check", "InputError", "Member", "Note", "Picture", "Result", "batch", "saf", "__version__"]
+
+
+def __getattr__(name):
+    """Modules that need more than numpy are loaded when they are asked for."""
+    if name == "saf":
+        import importlib
+
+        return importlib.import_module("." + name, __name__)
+    raise AttributeError(f"module {__name__!r} has no attribute {name!r}")

@@ -1,6 +1,15 @@
 """Models of the Structural Analysis Format (workbooks of openpyxl): steel members with their sections, materials and
-lengths, and internal forces of members. What has no place here is listed, never dropped silently."""
+lengths, and internal forces of members. What has no place here is listed, never dropped silently.
 
+    python3 -m kestrum.saf model.xlsx -o members.csv forces.csv
+
+writes the tables that ``kestrum envelope`` takes."""
+
+import argparse
+import csv
+import os
+import sys
+import tempfile
 from typing import Any, NamedTuple
 
 from . import _errors, _kestrum
@@ -179,3 +188,54 @@ def read(path, catalogue=None):
     except ImportError:
         return Model(members, forces, unmapped)
     return Model(pandas.DataFrame(members), pandas.DataFrame(forces), unmapped)
+
+
+def _write(path, table):
+    """A table as CSV; the file appears whole or not at all."""
+    folder = os.path.dirname(os.path.abspath(path))
+    descriptor, part = tempfile.mkstemp(prefix=os.path.basename(path) + ".", suffix=".part", dir=folder)
+    try:
+        with os.fdopen(descriptor, "w", newline="", encoding="utf-8") as file:
+            rows = csv.writer(file, lineterminator="\n")
+            rows.writerow(list(table))
+            rows.writerows(zip(*(list(table[name]) for name in table)))
+        umask = os.umask(0)
+        os.umask(umask)
+        os.chmod(part, 0o666 & ~umask)
+        os.replace(part, path)
+    except BaseException:
+        os.unlink(part)
+        raise
+
+
+def main(arguments=None):
+    """Writes the tables of a workbook; returns 0, or 2 for one that cannot be read or has no members."""
+    parser = argparse.ArgumentParser(
+        prog="python3 -m kestrum.saf",
+        description="Writes the members and the internal forces of a Structural Analysis Format workbook as the two "
+                    "tables that kestrum envelope takes. What has no place there is told on standard error.")
+    parser.add_argument("workbook", metavar="MODEL.xlsx")
+    parser.add_argument("-o", "--output", nargs=2, required=True, metavar=("MEMBERS.csv", "FORCES.csv"))
+    given = parser.parse_args(arguments)
+    files = [given.workbook, *given.output]
+    if len({os.path.realpath(file) for file in files}) < len(files):
+        parser.error("workbook and tables have to be three files")
+    try:
+        model = read(given.workbook)
+        for sentence in model.unmapped:
+            print(f"kestrum: {given.workbook}: {sentence}", file=sys.stderr)
+        if len(model.members["member"]) == 0:
+            raise _errors.InputError("no straight steel member with a section of the tables")
+        for path, table in zip(given.output, (model.members, model.forces)):
+            _write(path, table)
+    except Exception as fault:  # what openpyxl raises for a file that is no workbook is of many kinds
+        name = getattr(fault, "filename", None) or given.workbook
+        print(f"kestrum: {name}: {getattr(fault, 'strerror', None) or fault}", file=sys.stderr)
+        return 2
+    if len(model.forces["member"]) == 0:
+        print(f"kestrum: {given.workbook}: no internal forces (ResultInternalForce1D)", file=sys.stderr)
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
