@@ -1,8 +1,10 @@
 #include "cli/standard_output.h"
 
 #include "core/number_format.h"
+#include "report/standard_text.h"
 #include "report/state_json.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestrum::cli {
@@ -48,19 +50,6 @@ std::string OutsideJson(const StandardResult& result)
     return "[" + text + "]";
 }
 
-std::string VibrationText(const StandardResult& result)
-{
-    if (!result.vibration) {
-        return "";
-    }
-    std::string text = "Frequencies by EN 1990, A1.4.4: mass " +
-                       FormatNum(result.vibration->mass, "0.0") + " kg/m with psi Q:";
-    for (const double f : result.vibration->freq) {
-        text += " " + FormatNum(f, "0.00");
-    }
-    return text + " Hz\n";
-}
-
 std::string VibrationJson(const StandardResult& result)
 {
     if (!result.vibration) {
@@ -87,53 +76,36 @@ std::string DeviationsJson(const StandardResult& result)
     return "[" + text + "]";
 }
 
-// A cost that three decimals show; one without a value decides whether there is a ratio.
-bool Shows(const standard::DeviationCost& at)
+std::string Padded(std::string text, std::size_t width)
 {
-    constexpr double kShown = 5e-4;
-    return std::isnan(at.cost) || std::abs(at.cost) >= kShown;
-}
-
-std::string CostText(double cost)
-{
-    if (!std::isfinite(cost)) {
-        return std::isnan(cost) ? "      " : cost > 0 ? "  +inf" : "  -inf";
-    }
-    return (cost < 0 ? "-" : "+") + FormatNum(std::abs(cost), "0.000");
+    text.resize(std::max(width, text.size()), ' ');
+    return text;
 }
 
 // Those whose cost shows one in a line; the others, which touch checks that do not govern, in one.
 std::string DeviationsText(const StandardResult& result, const Outcome& program)
 {
-    constexpr double kEqual = 1e-4;
     if (result.deviations.empty()) {
-        const bool equal =
-            program.rated() && std::abs(program.ir - result.ir) <= kEqual * std::abs(result.ir);
-        return equal ? "No deviation acts: both are equal.\n"
-                     : "No deviation alone changes this result.\n";
+        return NoCostsText(result, program) + "\n";
     }
-    std::string text, others;
-    for (const standard::DeviationCost& at : result.deviations) {
-        const std::string name(NameOf(at.deviation));
-        if (Shows(at)) {
-            text += "  " + name + std::string(name.size() < 4 ? 2 : 1, ' ') + CostText(at.cost) +
-                    "  " + std::string(TextOf(at.deviation)) + "\n";
-        } else {
-            others += (others.empty() ? "" : ", ") + name;
-        }
+    const CostList costs = CostsOf(result);
+    if (costs.lines.empty()) {
+        return "Deviations that act, none of them in the largest ratio: " + costs.others + "\n";
     }
-    if (text.empty()) {
-        return "Deviations that act, none of them in the largest ratio: " + others + "\n";
+    std::string text = "Deviations that act, with what each alone adds to the standard's ratio:\n";
+    for (const CostLine& line : costs.lines) {
+        text += "  " + Padded(std::string(line.id), 4) + " " + Padded(line.cost, 6) + "  " +
+                std::string(line.text) + "\n";
     }
-    return "Deviations that act, with what each alone adds to the standard's ratio:\n" + text +
-           (others.empty() ? "" : "  in other checks: " + others + "\n");
+    return text + (costs.others.empty() ? "" : "  in other checks: " + costs.others + "\n");
 }
 
 }  // namespace
 
 std::string StandardText(const StandardResult& result, const Outcome& program)
 {
-    std::string text = VibrationText(result);
+    const std::string frequencies = FrequenciesText(result);
+    std::string text = frequencies.empty() ? "" : frequencies + "\n";
     for (const std::string& reason : result.outside) {
         text += "standard: " + reason + "\n";
     }
@@ -152,10 +124,8 @@ std::string StandardText(const StandardResult& result, const Outcome& program)
         text += ", x/L = " + FormatNum(check.place, "0.000");
     }
     text += ": " + std::string(standard::VerdictOf(result)) + "\n";
-    const bool within = program.verdict == Verdict::within;
-    const bool above = program.verdict == Verdict::above || program.verdict == Verdict::unstable;
-    const bool differ = result.above ? within : above;
-    return text + (differ ? "The two verdicts differ.\n" : "") + DeviationsText(result, program);
+    return text + (VerdictsDiffer(result, program) ? "The two verdicts differ.\n" : "") +
+           DeviationsText(result, program);
 }
 
 std::string StandardJson(const StandardResult& result)

@@ -11,7 +11,7 @@ namespace kestrum {
 
 namespace {
 
-constexpr std::string_view kUniform = "qload", kTrapezoid = "qt1", kPoint = "pm";
+constexpr std::string_view kAxial = "nload", kUniform = "qload", kTrapezoid = "qt1", kPoint = "pm";
 
 bool IsEndForce(const DroppedLoad& load)
 {
@@ -85,6 +85,40 @@ std::uint64_t TableOf(const Inputs& in)
         print.AddOne(in.*end.force);
     }
     return print.value();
+}
+
+// A number of the list; what was none stays as the row has it.
+template <class Kept> void PutNumberBack(Kept& kept, std::int16_t number)
+{
+    if (number >= 0) {
+        kept = static_cast<Kept>(number);
+    }
+}
+
+void PutRowBack(LoadInputs& loads, const DroppedLoad& load)
+{
+    const auto k = static_cast<std::size_t>(load.row);
+    if (load.field == kAxial) {
+        loads.nload[k] = load.value;
+        PutNumberBack(loads.ntype[k], load.category);
+    } else if (load.field == kUniform) {
+        loads.qload[k] = load.value;
+        PutNumberBack(loads.qtype[k], load.category);
+        PutNumberBack(loads.qdir[k], load.direction);
+    } else if (load.field == kTrapezoid) {
+        loads.qt1[k] = load.value;
+        loads.qt2[k] = load.value2;
+        loads.qtx1[k] = load.x1;
+        loads.qtx2[k] = load.x2;
+        PutNumberBack(loads.qttype[k], load.category);
+        PutNumberBack(loads.qtdir[k], load.direction);
+    } else if (load.field == kPoint) {
+        loads.pm[k] = load.value;
+        loads.pmx[k] = load.x1;
+        loads.pmkind[k] = load.moment ? 1 : 0;
+        PutNumberBack(loads.pmtype[k], load.category);
+        PutNumberBack(loads.pmdir[k], load.direction);
+    }
 }
 
 std::string Value(const DroppedLoad& load)
@@ -205,6 +239,22 @@ std::vector<DroppedLoad> DroppedNow(const Inputs& in, const PassOutcome& outcome
                  std::back_inserter(loads),
                  [&in](const DroppedLoad& load) { return IsEndForce(load) == (in.loadmode != 1); });
     return loads;
+}
+
+void PutDroppedBack(LoadInputs& loads, const PassOutcome& outcome)
+{
+    for (std::int16_t i = 0; i < outcome.dropped.count; ++i) {
+        const DroppedLoad& load = outcome.dropped.load[static_cast<std::size_t>(i)];
+        if (!IsEndForce(load)) {
+            PutRowBack(loads, load);
+            continue;
+        }
+        for (const EndForce& end : kEndForces) {
+            if (end.name == load.field) {
+                loads.*end.force = load.value;
+            }
+        }
+    }
 }
 
 std::string_view DroppedUnit(const DroppedLoad& load)

@@ -17,6 +17,7 @@
 namespace kestrum {
 
 struct Inputs;
+struct LoadInputs;
 struct PassOutcome;
 struct ProjectState;
 
@@ -70,6 +71,9 @@ void NoteDroppedEndForces(const Inputs& in, PassOutcome& outcome, bool axial, bo
 
 // The noted loads that the way of loading (loadmode) would have used.
 std::vector<DroppedLoad> DroppedNow(const Inputs& in, const PassOutcome& outcome);
+
+// Puts all noted loads back into the rows that they were taken from.
+void PutDroppedBack(LoadInputs& loads, const PassOutcome& outcome);
 
 // "nload[1]: axial force 3000 kN (G), not taken by this section family".
 std::string DroppedText(const DroppedLoad& load);

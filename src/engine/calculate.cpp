@@ -188,4 +188,15 @@ bool Calculate(const Library& library, ProjectState& s)
     return !s.calculationerror;
 }
 
+ProjectState AsGiven(const ProjectState& s)
+{
+    ProjectState given = s;
+    PutDroppedBack(given, given);
+    if (s.flangeoverload) {
+        constexpr i16 kConsidered = 0;
+        given.hsqopt = kConsidered;
+    }
+    return given;
+}
+
 }  // namespace kestrum

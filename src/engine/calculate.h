@@ -20,4 +20,8 @@ constexpr std::string_view kCalculationError =
 // shown. Faces draw from a copy taken after a pass that ended well. Allocates nothing.
 bool Calculate(const Library& library, ProjectState& s);
 
+// The project as the last pass found it: with the loads that the section cannot take and the flange
+// loading that was switched off.
+ProjectState AsGiven(const ProjectState& s);
+
 }  // namespace kestrum

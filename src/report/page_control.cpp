@@ -8,6 +8,7 @@
 #include "report/page_loading.h"
 #include "report/page_notes.h"
 #include "report/page_quantities.h"
+#include "report/page_standard.h"
 #include "report/panel.h"
 #include "report/stages.h"
 #include "sections/families.h"
@@ -389,7 +390,7 @@ struct Control {
     const PrintStamp& stamp;
     Outcome outcome;
     std::vector<DesignNote> notes;
-    std::vector<NoteLine> lines;  // of the notes
+    NoteList list;  // of the notes
 };
 
 void BelowFigures(PageWriter& page, const Control& control, bool notes)
@@ -399,7 +400,7 @@ void BelowFigures(PageWriter& page, const Control& control, bool notes)
     Modal(page, control.s);
     PrintVerdict(page, control.outcome);
     if (notes) {
-        PrintNotes(page, control.lines, 0);
+        PrintNotes(page, control.list, 0);
     } else if (!control.notes.empty()) {
         page.WriteBold(kPageLeft, NoteNumbers(control.notes) + " (sheet 2)");
         page.Row();
@@ -447,21 +448,25 @@ bool WriteFirst(PageWriter& page, const Control& control, const Plan& plan)
 
 // What the first sheet does not hold.
 void WriteFurther(std::vector<PageWriter>& sheets, const std::string& title, const Control& control,
-                  const Plan& plan)
+                  const Plan& plan, StandardPart& standard)
 {
     const Figures left = plan.figures == Figures::all        ? Figures::none
                          : plan.figures == Figures::diagrams ? Figures::loads
                                                              : Figures::all;
-    std::size_t line = plan.notes ? control.lines.size() : 0;
+    const std::size_t lines = control.list.lines.size();
+    std::size_t line = plan.notes ? lines : 0;
     bool figures = left != Figures::none;
-    while (figures || line < control.lines.size()) {
+    while (figures || line < lines || !standard.done()) {
         PageWriter& page = sheets.emplace_back(title);
         PageHeader(page, control.library, control.s, control.stamp, kDesignTitle);
         if (figures && PrintFigures(page, control.s, left, 0) == Legibility::none) {
             page.Miss("figures of the loads");
         }
         figures = false;
-        line = PrintNotes(page, control.lines, line);
+        line = PrintNotes(page, control.list, line);
+        if (line == lines) {
+            standard.PrintRest(page);
+        }
     }
 }
 
@@ -485,15 +490,16 @@ PrintedReport PrintControl(const Library& library, const ProjectState& s, const 
 {
     const std::string title = "Section and stability control";
     std::vector<DesignNote> notes = DesignNotes(s);
-    std::vector<NoteLine> lines = NoteLines(notes);
-    const Control control{library,         s, stamp, OutcomeOf(s, true), std::move(notes),
-                          std::move(lines)};
+    NoteList list = ListOf(notes);
+    const Control control{library, s, stamp, OutcomeOf(s, true), std::move(notes), std::move(list)};
     std::vector<PageWriter> sheets;
     for (const Plan& plan : kPlans) {
         PageWriter page(title);
         if (WriteFirst(page, control, plan)) {
+            StandardPart standard(library, s, control.outcome);
+            standard.PrintIfRoom(page, plan.notes);
             sheets.push_back(std::move(page));
-            WriteFurther(sheets, title, control, plan);
+            WriteFurther(sheets, title, control, plan, standard);
             break;
         }
     }

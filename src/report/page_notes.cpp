@@ -1,14 +1,15 @@
 #include "report/page_notes.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kestrum {
 
 namespace {
 
 constexpr std::string_view kHead = "Notes on the unsafe side:";
-constexpr double kLine = 0.9;  // rows from one line of a note to the next
-constexpr double kText = kPageLeft + 11;
+constexpr double kLine = 0.9;   // rows from one line of a note to the next
+constexpr double kSpace = 0.4;  // rows above the heading
 
 // Words that fit the width, at least one.
 std::string TakeLine(std::string_view& text, double width, const TextStyle& style)
@@ -28,34 +29,41 @@ std::string TakeLine(std::string_view& text, double width, const TextStyle& styl
 
 }  // namespace
 
-std::vector<NoteLine> NoteLines(const std::vector<DesignNote>& notes)
+void NoteList::Add(std::string id, std::string_view sentence)
 {
-    std::vector<NoteLine> lines;
-    for (const DesignNote& note : notes) {
-        std::string_view text = note.text;
-        std::string id(note.id);
-        do {
-            lines.push_back(
-                {std::move(id), TakeLine(text, kPageRight - kText, {.size = kPageSmallText})});
-            id.clear();
-        } while (!text.empty());
-    }
-    return lines;
+    do {
+        lines.push_back(
+            {std::move(id), TakeLine(sentence, kPageRight - text, {.size = kPageSmallText})});
+        id.clear();
+    } while (!sentence.empty());
 }
 
-std::size_t PrintNotes(PageWriter& page, const std::vector<NoteLine>& lines, std::size_t first)
+double NoteList::Height() const
 {
-    constexpr double kSpace = 0.4;
-    if (first >= lines.size()) {
+    return lines.empty() ? 0 : (kSpace + 1 + kLine * static_cast<double>(lines.size())) * kPageRow;
+}
+
+NoteList ListOf(const std::vector<DesignNote>& notes)
+{
+    NoteList list{kHead, kPageLeft + 11};
+    for (const DesignNote& note : notes) {
+        list.Add(std::string(note.id), note.text);
+    }
+    return list;
+}
+
+std::size_t PrintNotes(PageWriter& page, const NoteList& list, std::size_t first)
+{
+    if (first >= list.lines.size()) {
         return first;
     }
     page.Row(kSpace);
-    page.WriteBold(kPageLeft, kHead);
+    page.WriteBold(kPageLeft, list.head);
     page.Row();
     const TextStyle plain{.size = kPageSmallText}, bold{.bold = true, .size = kPageSmallText};
-    for (; first < lines.size() && page.Room() >= 0; ++first) {
-        page.Write(kPageLeft, lines[first].id, bold, kText);
-        page.Write(kText, lines[first].text, plain);
+    for (; first < list.lines.size() && page.Room() >= 0; ++first) {
+        page.Write(kPageLeft, list.lines[first].id, bold, list.text);
+        page.Write(list.text, list.lines[first].text, plain);
         page.Row(kLine);
     }
     return first;
@@ -67,6 +75,15 @@ void PrintWrapped(PageWriter& page, std::string_view text, TextStyle style)
         page.Write(kPageLeft, TakeLine(text, kPageRight - kPageLeft, style), style);
         page.Row();
     }
+}
+
+std::size_t RowsOf(std::string_view text, const TextStyle& style)
+{
+    std::size_t rows = 0;
+    for (; !text.empty(); ++rows) {
+        TakeLine(text, kPageRight - kPageLeft, style);
+    }
+    return rows;
 }
 
 void PrintVerdict(PageWriter& page, const Outcome& outcome)

@@ -12,22 +12,32 @@
 
 namespace kestrum {
 
-// The notes as lines of small text, as wide as the page: number and sentence.
+// A list of sentences as lines of small text, as wide as the page, each with its number in front.
 struct NoteLine {
-    std::string id;  // on the first line of a note
+    std::string id;  // on the first line of a sentence
     std::string text;
 };
-std::vector<NoteLine> NoteLines(const std::vector<DesignNote>& notes);
+struct NoteList {
+    std::string_view head;
+    double text;  // x where the sentences begin
+    std::vector<NoteLine> lines{};
 
-// Writes the lines from `first` on as far as the page reaches, under a heading; moves below.
+    void Add(std::string id, std::string_view sentence);
+    // Height with its heading, as PrintNotes moves.
+    double Height() const;
+};
+NoteList ListOf(const std::vector<DesignNote>& notes);
+
+// Writes the lines from `first` on as far as the page reaches, under the heading; moves below.
 // Returns the first line that is left.
-std::size_t PrintNotes(PageWriter& page, const std::vector<NoteLine>& lines, std::size_t first);
+std::size_t PrintNotes(PageWriter& page, const NoteList& list, std::size_t first);
 
 // "Verdict: above limit" and each dropped load; moves below.
 void PrintVerdict(PageWriter& page, const Outcome& outcome);
 
 // Text as wide as the page, in as many rows as it takes; moves below.
 void PrintWrapped(PageWriter& page, std::string_view text, TextStyle style);
+std::size_t RowsOf(std::string_view text, const TextStyle& style);
 
 // "Notes on the unsafe side: D20, D104".
 std::string NoteNumbers(const std::vector<DesignNote>& notes);

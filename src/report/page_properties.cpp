@@ -59,7 +59,7 @@ PrintedReport PrintProperties(const Library& library, const ProjectState& s,
     page.Row();
     page.Quantities(CapacitiesOf(s), 2, kPageLeft, right);
     page.MoveTo(std::max(page.y(), top + kFigure));
-    PrintNotes(page, NoteLines(DesignNotes(s)), 0);
+    PrintNotes(page, ListOf(DesignNotes(s)), 0);
     return page.Take();
 }
 

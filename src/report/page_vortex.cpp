@@ -94,7 +94,7 @@ PrintedReport PrintVortex(const Library& library, const ProjectState& s, const P
     WindBlock(page, s);
     ResultBlock(page, s);
     page.MoveTo(std::max(page.y(), bottom));
-    PrintNotes(page, NoteLines(DesignNotes(s)), 0);
+    PrintNotes(page, ListOf(DesignNotes(s)), 0);
     return page.Take();
 }
 

@@ -7,11 +7,14 @@
 #include "report/outcome.h"
 #include "report/page_checks.h"
 #include "report/panel.h"
+#include "report/standard_text.h"
 #include "sections/families.h"
 #include "sections/family_table.h"
+#include "standard/costs.h"
 #include "support/rows.h"
 
 #include <cmath>
+#include <limits>
 #include <random>
 
 namespace kestrum {
@@ -475,6 +478,61 @@ TEST(PageControl, StaysLegibleUnderAnySupportAndCombination)
             EXPECT_THAT(LinesOf(report), Contains(GoverningText(s)));
         }
     }
+}
+
+// The page gives both results, and every deviation that acts with what it costs, largest first.
+TEST(PageControl, StandardsResultIsBesideTheProgramsWithTheCosts)
+{
+    const ProjectState s = Designed(26, [](ProjectState& p) {  // a T section
+        p.nload[1] = 300;
+        p.selfweight = 1;
+    });
+    standard::StandardResult result = standard::CalculateStandard(Delivered(), AsGiven(s));
+    standard::CalculateCosts(Delivered(), AsGiven(s), &s, result);
+    ASSERT_TRUE(result.rated);
+    const PrintedReport report = PrintControl(Delivered(), s, kStamp);
+    ExpectLegible(report);
+    EXPECT_THAT(report.missing, IsEmpty());
+    std::string whole;
+    for (const std::string& line : LinesOf(report)) {
+        whole += line + " ";
+    }
+    EXPECT_THAT(whole, HasSubstr("Program: " + ProgramWords(OutcomeOf(s, true)) +
+                                 ".  By EN 1993-1-1 as written: " + StandardWords(result)));
+    const CostList costs = CostsOf(result);
+    ASSERT_GT(costs.lines.size(), 1U);
+    std::size_t before = whole.find("By EN 1993-1-1 as written");
+    for (const CostLine& line : costs.lines) {
+        const std::size_t at = whole.find(std::string(line.id) + "  " + line.cost);
+        ASSERT_NE(at, std::string::npos) << line.id;
+        EXPECT_GT(at, before) << line.id;
+        before = at;
+    }
+    for (std::size_t i = 1; i < result.deviations.size(); ++i) {
+        EXPECT_GE(result.deviations[i - 1].cost, result.deviations[i].cost);
+    }
+}
+
+// What the standard's result does not cover is said in its place.
+TEST(PageControl, StandardsResultThatIsNotCoveredSaysWhy)
+{
+    standard::StandardResult none;
+    none.outside.push_back("a reason");
+    EXPECT_EQ(StandardWords(none), "not covered: a reason");
+    none.rated = none.above = true;
+    none.ir = std::numeric_limits<double>::infinity();
+    EXPECT_THAT(StandardWords(none), StartsWith("IR infinite ABOVE, section N"));
+}
+
+// Three decimals where they say something, a sign in any case.
+TEST(StandardText, CostsHaveASign)
+{
+    EXPECT_EQ(CostFigure(0.0754), "+0.075");
+    EXPECT_EQ(CostFigure(-0.0016), "-0.002");
+    EXPECT_EQ(CostFigure(48565.5), "+48566");
+    EXPECT_EQ(CostFigure(std::numeric_limits<double>::infinity()), "+inf");
+    EXPECT_EQ(CostFigure(std::nan("")), "");
+    EXPECT_EQ(RatioFigure(1.176, true), "1.18 ABOVE");
 }
 
 }  // namespace
