@@ -1,12 +1,10 @@
 #include "app/envelope.h"
 
 #include "app/answer_line.h"
-#include "core/utf8_text.h"
 #include "report/outcome.h"
 
-#include <algorithm>
 #include <cmath>
-#include <memory>
+#include <iterator>
 #include <utility>
 
 namespace kestrum {
@@ -83,20 +81,12 @@ void EnvelopeForm::AppendLine(std::string& out, std::string_view member,
 // --- The work ------------------------------------------------------------------------------------
 
 EnvelopeWorker::EnvelopeWorker(const EnvelopePlan& plan, ForceColumns columns, std::string table)
-    : plan_(plan), columns_(std::move(columns)), table_(std::move(table)),
+    : CaseReader(plan.members, std::move(columns), std::move(table)), plan_(plan),
       cases_(plan.library, plan.bases, plan.all || plan.top > 0)
 {
 }
 
-void EnvelopeWorker::Fault(ForcePiece& piece, std::size_t line, const std::string& what) const
-{
-    constexpr std::size_t kMost = 1000;  // of a piece; the rest is counted
-    if (++piece.faults <= kMost) {
-        piece.fault += Printable(table_ + ":" + std::to_string(line) + ": " + what) + "\n";
-    }
-}
-
-void EnvelopeWorker::Prepare(std::size_t member)
+void EnvelopeWorker::Open(std::size_t member)
 {
     if (prepared_ == member) {
         return;
@@ -113,73 +103,15 @@ void EnvelopeWorker::Prepare(std::size_t member)
 
 std::string EnvelopeWorker::RefusalOf(std::size_t member)
 {
-    Prepare(member);
+    Open(member);
     return cases_.refusal();
 }
 
 void EnvelopeWorker::Work(ForcePiece& piece)
 {
     piece.answers.clear();
-    piece.fault.clear();
-    piece.faults = piece.rows = piece.cases = 0;
-    open_ = false;
-    std::string_view rest = piece.lines;
-    std::size_t line = piece.line;
-    for (std::size_t i = 0; !rest.empty(); ++i) {
-        const char* const before = rest.data();
-        const std::string_view record = TakeRecord(rest, columns_.separator());
-        const std::size_t number = i < piece.numbers.size() ? piece.numbers[i] : line;
-        if (!record.empty()) {
-            Record(piece, record, number);
-        }
-        const bool several = record.find('\n') != std::string_view::npos;
-        line += several ? static_cast<std::size_t>(std::count(before, rest.data(), '\n')) : 1;
-    }
-    CloseMember(piece);
-}
-
-void EnvelopeWorker::Record(ForcePiece& piece, std::string_view record, std::size_t line)
-{
-    ++piece.rows;
-    std::string_view fault =
-        record.size() > kLongestLine ? "the line is too long" : columns_.Parse(record, row_);
-    if (row_.member.empty()) {
-        return Fault(piece, line, std::string(fault));  // of nobody
-    }
-    if (!open_ || row_.member != key_) {
-        OpenMember(piece, row_.member, line);
-    }
-    if (member_ == MemberList::kNone) {
-        return;
-    }
-    if (row_.load_case.empty()) {
-        return Fault(piece, line, std::string(fault));
-    }
-    if (case_.empty() || row_.load_case != case_.name) {
-        CloseCase(piece);
-        case_.name = row_.load_case;
-        case_.line = line;
-    }
-    if (!fault.empty()) {
-        Fault(piece, line, std::string(fault));
-        if (case_.fault.empty()) {
-            case_.fault = "line " + std::to_string(line) + ": " + std::string(fault);
-        }
-    }
-    case_.stations.push_back(row_.at);
-    case_.lines.push_back(line);
-}
-
-void EnvelopeWorker::OpenMember(ForcePiece& piece, std::string_view key, std::size_t line)
-{
-    CloseMember(piece);
-    open_ = true;
-    key_ = key;
-    member_ = plan_.members.Find(key_);
-    if (member_ == MemberList::kNone) {
-        return Fault(piece, line, "member \"" + key_ + "\" is not in the table of members");
-    }
-    Prepare(member_);
+    kept_.clear();
+    Read(piece);
 }
 
 void EnvelopeWorker::Keep(MemberAnswer answer)
@@ -195,32 +127,21 @@ void EnvelopeWorker::Keep(MemberAnswer answer)
     kept_.push_back(std::move(answer));
 }
 
-void EnvelopeWorker::CloseCase(ForcePiece& piece)
+void EnvelopeWorker::Take(ForcePiece& piece, CaseRows& rows)
 {
-    if (case_.empty()) {
-        return;
-    }
-    ++piece.cases;
     CaseFault fault;
-    MemberAnswer answer = cases_.Answer(case_, kept_.empty() ? nullptr : &kept_.front(), fault);
-    answer.member = member_;
+    MemberAnswer answer = cases_.Answer(rows, kept_.empty() ? nullptr : &kept_.front(), fault);
+    answer.member = member();
     if (!fault.what.empty()) {
-        Fault(piece, fault.line,
-              "member \"" + key_ + "\", case \"" + case_.name + "\": " + fault.what);
+        Fault(piece, rows, fault);
     }
     Keep(std::move(answer));
-    case_.Clear();
 }
 
-void EnvelopeWorker::CloseMember(ForcePiece& piece)
+void EnvelopeWorker::Close(ForcePiece& piece)
 {
-    if (open_ && member_ != MemberList::kNone) {
-        CloseCase(piece);
-        std::move(kept_.begin(), kept_.end(), std::back_inserter(piece.answers));
-    }
-    case_.Clear();
+    std::move(kept_.begin(), kept_.end(), std::back_inserter(piece.answers));
     kept_.clear();
-    open_ = false;
 }
 
 }  // namespace kestrum
