@@ -40,7 +40,7 @@ _kestrum()
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         if [[ $after ]]; then
             after= # the value of an option
-        elif [[ $word == --@(data|setup|color|format|family|axis|output|base|basis|fields|jobs|key|map|memory|set|sign|top) || $word == -o ]]; then
+        elif [[ $word == --@(data|setup|color|format|family|axis|output|base|basis|by|fields|group|jobs|keep|key|map|max-b|max-h|max-ir|memory|pool|range|set|sign|steel|top) || $word == -o ]]; then
             after=$word
         elif [[ $word != -* || $word == - ]]; then
             if [[ $command ]]; then operands=$((operands + 1)); else command=$word; fi
@@ -64,7 +64,9 @@ _kestrum()
     --setup | -o | --output | --members) _kestrum_files; return ;;
     --set) _kestrum_fields; return ;;
     --basis) _kestrum_words 'program standard both'; return ;;
-    --fields | --jobs | --key | --map | --memory | --top) return ;;
+    --by) _kestrum_words 'mass depth price surface'; return ;;
+    --pool) _kestrum_files; return ;;
+    --fields | --group | --jobs | --keep | --key | --map | --max-b | --max-h | --max-ir | --memory | --range | --steel | --top) return ;;
     esac
     [[ $cur != = && $prev != = ]] || return # the value of a field
 
@@ -75,6 +77,7 @@ _kestrum()
         check) options+=' --basis --loadcase --notes --no-notes --exit-zero --csv-safe --format --json' ;;
         batch) options+=' --output --base --fields --jobs --resume --sign --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json' ;;
         envelope) options+=' --output --basis --key --map --sign --swap-axes --all --top --memory --base --jobs --resume --raw --exit-zero --csv-safe --no-csv-safe --format --json' ;;
+        optimize) options+=' --output --pool --range --keep --steel --by --max-ir --max-h --max-b --top --basis --group --key --map --sign --swap-axes --memory --base --jobs --raw --exit-zero --format --json' ;;
         summary) options+=' --output --members --key --base --raw --top' ;;
         dump) options+=' --inputs' ;;
         new) options+=' --output --family --set --sign --raw' ;;
@@ -87,14 +90,14 @@ _kestrum()
         return
     fi
     case $command in
-    '') _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope summary help' ;;
-    help) ((operands)) || _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope summary' ;;
+    '') _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope optimize summary help' ;;
+    help) ((operands)) || _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope optimize summary' ;;
     sections) ((operands)) || _kestrum_families ;;
     fields) ((operands)) || _kestrum_words "$(kestrum fields --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)" ;;
     report) if ((operands)); then _kestrum_files kst; else _kestrum_words 'control section vortex'; fi ;;
     set) if ((operands)); then _kestrum_fields; else _kestrum_files kst; fi ;;
     new) [[ " ${COMP_WORDS[*]:1:COMP_CWORD-1} " != *' --set '* ]] || _kestrum_fields ;;
-    batch | envelope | summary) _kestrum_files ;;
+    batch | envelope | optimize | summary) _kestrum_files ;;
     *) _kestrum_files kst ;;
     esac
 }

@@ -1,5 +1,5 @@
 # fish completion for kestrum
-set -g __kestrum_commands check dump new set sections fields vortex diagram table report batch envelope summary help
+set -g __kestrum_commands check dump new set sections fields vortex diagram table report batch envelope optimize summary help
 
 function __kestrum_families
     kestrum sections --format csv 2>/dev/null | tail -n +2 | string replace -a '"' '' | string replace -r ',[^,]*,[^,]*,' \t
@@ -54,6 +54,7 @@ complete -c kestrum -n $none -a table -d 'Print the intermediate values'
 complete -c kestrum -n $none -a report -d 'Write a printed report'
 complete -c kestrum -n $none -a batch -d 'Calculate many members'
 complete -c kestrum -n $none -a envelope -d 'Worst case of each member of a frame'
+complete -c kestrum -n $none -a optimize -d 'Lightest section that passes'
 complete -c kestrum -n $none -a summary -d 'Sort the answers by ratio'
 complete -c kestrum -n $none -a help -d 'Print the help of a command'
 
@@ -61,50 +62,60 @@ complete -c kestrum -n '__kestrum_at check; or __kestrum_at dump; or __kestrum_a
 for command in set vortex diagram table
     complete -c kestrum -n "__kestrum_at $command 0" -k -a '(__fish_complete_suffix .kst)'
 end
-complete -c kestrum -n '__kestrum_at help 0' -a 'check dump new set sections fields vortex diagram table report batch envelope summary'
+complete -c kestrum -n '__kestrum_at help 0' -a 'check dump new set sections fields vortex diagram table report batch envelope optimize summary'
 complete -c kestrum -n '__kestrum_at report 0' -a 'control section vortex'
 complete -c kestrum -n '__kestrum_at sections 0' -a '(__kestrum_families)'
 complete -c kestrum -n '__kestrum_at fields 0' -a '(kestrum fields --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)'
 complete -c kestrum -n __kestrum_fields_at -a '(__kestrum_fields)'
-complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope; or __kestrum_at summary' -F
+complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope; or __kestrum_at optimize; or __kestrum_at summary' -F
 
 complete -c kestrum -n '__kestrum_at check' -l loadcase -d 'Governing load case'
 complete -c kestrum -n '__kestrum_at check' -l notes -d 'Notes on deviations'
 complete -c kestrum -n '__kestrum_at check' -l no-notes -d 'Without notes'
-complete -c kestrum -n '__kestrum_at check; or __kestrum_at envelope' -l basis -x -a 'program standard both' -d 'Whose rules'
+complete -c kestrum -n '__kestrum_at check; or __kestrum_at envelope; or __kestrum_at optimize' -l basis -x -a 'program standard both' -d 'Whose rules'
 for command in check batch envelope
     complete -c kestrum -n "__kestrum_at $command" -l exit-zero -d 'Exit 0 whatever the verdicts'
     complete -c kestrum -n "__kestrum_at $command" -l csv-safe -d 'Nothing that a spreadsheet runs'
 end
 complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope' -l no-csv-safe -d 'Texts as they are'
 complete -c kestrum -n '__kestrum_at set' -l dry-run -d 'Writes nothing'
-complete -c kestrum -n '__kestrum_at check; or __kestrum_at sections; or __kestrum_at fields' -l format -x -a 'text json csv' -d 'Form of the answer'
+complete -c kestrum -n '__kestrum_at check; or __kestrum_at sections; or __kestrum_at fields; or __kestrum_at optimize' -l format -x -a 'text json csv' -d 'Form of the answer'
 complete -c kestrum -n '__kestrum_at vortex' -l format -x -a 'text json' -d 'Form of the answer'
 complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope' -l format -x -a 'csv json ndjson' -d 'Form of the answer'
-for command in check sections fields vortex batch envelope
+for command in check sections fields vortex batch envelope optimize
     complete -c kestrum -n "__kestrum_at $command" -l json -d 'Short for --format json'
 end
 complete -c kestrum -n '__kestrum_at dump' -l inputs -d 'Inputs alone'
 complete -c kestrum -n '__kestrum_at new' -l family -x -a '(__kestrum_families)' -d 'Section family'
 complete -c kestrum -n '__kestrum_at new' -l set -x -a '(__kestrum_fields)' -d 'Value of a field'
 complete -c kestrum -n '__kestrum_at diagram' -l axis -x -a 'z y' -d 'Axis of the loads'
-for command in new set diagram table report batch envelope summary
+for command in new set diagram table report batch envelope optimize summary
     complete -c kestrum -n "__kestrum_at $command" -s o -l output -rF -d 'File to write'
 end
-for command in new set batch envelope
+for command in new set batch envelope optimize
     complete -c kestrum -n "__kestrum_at $command" -l raw -d 'Unchecked'
     complete -c kestrum -n "__kestrum_at $command" -l sign -x -a 'compression+ tension+' -d 'Sign of axial forces'
 end
-complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope; or __kestrum_at summary' -l base -rF -d 'Project with the other values'
+complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope; or __kestrum_at optimize; or __kestrum_at summary' -l base -rF -d 'Project with the other values'
 complete -c kestrum -n '__kestrum_at batch' -l fields -x -d 'Columns of the answer'
-complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope' -l jobs -x -d 'Threads'
+complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope; or __kestrum_at optimize' -l jobs -x -d 'Threads'
 complete -c kestrum -n '__kestrum_at batch' -l keep-columns -d 'Other columns pass through'
 complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope' -l resume -d 'Go on behind the answers'
-complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at summary' -l key -x -d 'Column of the keys'
-complete -c kestrum -n '__kestrum_at envelope' -l map -x -d 'What a column is'
-complete -c kestrum -n '__kestrum_at envelope' -l swap-axes -d 'Exchange y and z'
+complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at optimize; or __kestrum_at summary' -l key -x -d 'Column of the keys'
+complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at optimize' -l map -x -d 'What a column is'
+complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at optimize' -l swap-axes -d 'Exchange y and z'
 complete -c kestrum -n '__kestrum_at envelope' -l all -d 'A line for each case'
-complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at summary' -l top -x -d 'So many lines'
+complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at optimize; or __kestrum_at summary' -l top -x -d 'How many'
+complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at optimize' -l memory -x -d 'MB to sort in'
+complete -c kestrum -n '__kestrum_at optimize' -l exit-zero -d 'Exit 0 whatever the verdicts'
+complete -c kestrum -n '__kestrum_at optimize' -l pool -rF -d 'What to choose from'
+complete -c kestrum -n '__kestrum_at optimize' -l range -x -d 'Sizes of a dimension'
+complete -c kestrum -n '__kestrum_at optimize' -l keep -x -d 'Dimension that stays'
+complete -c kestrum -n '__kestrum_at optimize' -l steel -x -d 'Grades'
+complete -c kestrum -n '__kestrum_at optimize' -l by -x -a 'mass depth price surface' -d 'What shall be smallest'
+complete -c kestrum -n '__kestrum_at optimize' -l max-ir -x -d 'Largest ratio'
+complete -c kestrum -n '__kestrum_at optimize' -l max-h -x -d 'Largest height'
+complete -c kestrum -n '__kestrum_at optimize' -l max-b -x -d 'Largest width'
+complete -c kestrum -n '__kestrum_at optimize' -l group -x -d 'Column of groups'
 complete -c kestrum -n '__kestrum_at summary' -l members -rF -d 'Table of the members'
 complete -c kestrum -n '__kestrum_at summary' -l raw -d 'Unchecked'
-complete -c kestrum -n '__kestrum_at envelope' -l memory -x -d 'MB to sort in'

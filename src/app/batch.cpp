@@ -457,6 +457,19 @@ std::string Tally::Summary() const
     return text;
 }
 
+void RememberRemarks(std::vector<BatchChunk::Word>& words, const LineExtras& extras,
+                     const std::string& table, const std::string& place)
+{
+    for (const Remark& remark : extras.remarks) {
+        const bool unit = !remark.what.starts_with("without");  // has the value in its text
+        std::string key = table + ":" + remark.name + ": " + (unit ? "unit" : remark.what);
+        const auto said = [&key](const BatchChunk::Word& word) { return word.key == key; };
+        if (std::none_of(words.begin(), words.end(), said)) {
+            words.push_back({std::move(key), Printable(place + remark.name + ": " + remark.what)});
+        }
+    }
+}
+
 BatchWorker::BatchWorker(const Library& library, const ProjectState& base, const AnswerForm& form,
                          Manner manner)
     : library_(library), base_(base), start_(StartState(library)), form_(form), manner_(manner)
@@ -522,7 +535,7 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
         AppendNumber(place, row);
         place += ": ";
         if (refusal.empty()) {
-            Remember(chunk, place);
+            RememberRemarks(chunk.words, extras_, chunk.table, place);
         } else {
             chunk.fault += place + refusal + "\n";
         }
@@ -530,20 +543,6 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
     member_ = chunk.prefix;
     AppendNumber(member_, row);
     Finish(chunk, member_, refusal);
-}
-
-// The same word about a hundred thousand members is said of the first.
-void BatchWorker::Remember(BatchChunk& chunk, const std::string& place)
-{
-    for (const Remark& remark : extras_.remarks) {
-        const bool unit = !remark.what.starts_with("without");  // has the value in its text
-        std::string key = chunk.table + ":" + remark.name + ": " + (unit ? "unit" : remark.what);
-        const auto said = [&key](const BatchChunk::Word& word) { return word.key == key; };
-        if (std::none_of(chunk.words.begin(), chunk.words.end(), said)) {
-            chunk.words.push_back(
-                {std::move(key), Printable(place + remark.name + ": " + remark.what)});
-        }
-    }
 }
 
 void BatchWorker::File(BatchChunk& chunk, const std::string& name)

@@ -168,6 +168,11 @@ struct BatchChunk {
     Tally tally = {};
 };
 
+// Adds what is worth a word about a line, once for each key: the same word about a hundred thousand
+// members is said of the first.
+void RememberRemarks(std::vector<BatchChunk::Word>& words, const LineExtras& extras,
+                     const std::string& table, const std::string& place);
+
 // The next member of a chunk of lines, taken off the front of what is left of them; empty for a
 // line without one.
 std::string_view NextMember(const BatchChunk& chunk, std::string_view& rest);
@@ -185,7 +190,6 @@ private:
     void Line(BatchChunk& chunk, std::string_view line, std::size_t row, std::size_t number);
     void File(BatchChunk& chunk, const std::string& name);
     void Finish(BatchChunk& chunk, std::string_view member, std::string_view refusal);
-    void Remember(BatchChunk& chunk, const std::string& place);
 
     const Library& library_;
     const ProjectState& base_;

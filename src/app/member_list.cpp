@@ -28,7 +28,7 @@ bool Holds(const std::vector<std::string>& names, std::string_view wanted)
 
 }  // namespace
 
-std::string MemberList::ChooseKey(std::string_view header, const std::string& key)
+std::string MemberList::ChooseKey(std::string_view header, const std::string& key, KeyUse use)
 {
     const std::vector<std::string> names = NamesOf(header);
     std::string chosen = key;
@@ -37,6 +37,10 @@ std::string MemberList::ChooseKey(std::string_view header, const std::string& ke
     }
     if (Holds(names, "x") && Holds(names, "case")) {
         return "looks like a table of forces; the members come first";
+    }
+    if (chosen.empty() && use == KeyUse::optional) {
+        key_ = kNone;
+        return {};
     }
     if (chosen.empty()) {
         return "no column of keys (member, id, key, name, ident); --key says which one it is";
@@ -49,7 +53,8 @@ std::string MemberList::ChooseKey(std::string_view header, const std::string& ke
     return {};
 }
 
-std::string MemberList::Take(std::string text, const std::string& table, const std::string& key)
+std::string MemberList::Take(std::string text, const std::string& table, const std::string& key,
+                             KeyUse use)
 {
     text_ = std::move(text);
     table_ = table;
@@ -68,9 +73,9 @@ std::string MemberList::Take(std::string text, const std::string& table, const s
         line += static_cast<std::size_t>(std::count(before, rest.data(), '\n'));
         return record;
     };
-    const std::string_view header = take(kAnySeparator);
-    std::string refusal = ChooseKey(header, key);
-    refusal = refusal.empty() ? columns_.TakeHeader(header, true) : refusal;
+    header_ = take(kAnySeparator);
+    std::string refusal = ChooseKey(header_, key, use);
+    refusal = refusal.empty() ? columns_.TakeHeader(header_, true) : refusal;
     if (!refusal.empty()) {
         return table_ + ":1: " + refusal;
     }
@@ -85,6 +90,36 @@ std::string MemberList::Take(std::string text, const std::string& table, const s
     return members_.empty() ? table_ + ": holds no members" : std::string{};
 }
 
+std::string MemberList::KeyOf(std::string_view record, std::string& key) const
+{
+    CellReader cells(record, columns_.separator()[0]);
+    for (std::size_t i = 0; i <= key_; ++i) {
+        if (!cells.Next()) {
+            return cells.fault().empty() ? "fewer cells than columns" : std::string(cells.fault());
+        }
+    }
+    key = AsUtf8(Trimmed(cells.cell()));
+    return key.empty() ? "no key" : "";
+}
+
+std::size_t MemberList::ColumnOf(std::string_view name) const
+{
+    const std::vector<std::string> names = NamesOf(header_);
+    const auto at = std::find(names.begin(), names.end(), name);
+    return at != names.end() ? static_cast<std::size_t>(at - names.begin()) : kNone;
+}
+
+std::string MemberList::CellOf(std::size_t member, std::size_t column) const
+{
+    CellReader cells(members_[member].record, separator());
+    for (std::size_t i = 0; i <= column; ++i) {
+        if (!cells.Next()) {
+            return {};
+        }
+    }
+    return AsUtf8(Trimmed(cells.cell()));
+}
+
 void MemberList::TakeMember(std::string_view record, std::size_t line, std::size_t row)
 {
     const auto fault = [&](const std::string& what) {
@@ -93,16 +128,10 @@ void MemberList::TakeMember(std::string_view record, std::size_t line, std::size
     if (record.size() > kLongestLine) {
         return fault("the line is too long");
     }
-    CellReader cells(record, columns_.separator()[0]);
-    for (std::size_t i = 0; i <= key_; ++i) {
-        if (!cells.Next()) {
-            return fault(cells.fault().empty() ? "fewer cells than columns"
-                                               : std::string(cells.fault()));
-        }
-    }
-    std::string key = AsUtf8(Trimmed(cells.cell()));
-    if (key.empty()) {
-        return fault("no key");
+    std::string key = std::to_string(row);
+    const std::string refusal = key_ == kNone ? std::string{} : KeyOf(record, key);
+    if (!refusal.empty()) {
+        return fault(refusal);
     }
     const auto [at, fresh] = places_.try_emplace(key, members_.size());
     if (!fresh) {

@@ -8,6 +8,7 @@
 #include "core/project_state.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -15,12 +16,25 @@
 
 namespace kestrum {
 
+// Whether a table may do without a column of keys; its members are then numbered from 1.
+enum class KeyUse : std::uint8_t { required, optional };
+
 class MemberList {
 public:
     // `text` is the whole table in UTF-8 with line feeds, `key` the column of keys; without one
     // `member`, `id`, `key`, `name` or `ident`, the first that is there. Returns why it is no such
     // table, or nothing. What is wrong with single lines stands in faults().
-    std::string Take(std::string text, const std::string& table, const std::string& key);
+    std::string Take(std::string text, const std::string& table, const std::string& key,
+                     KeyUse use = KeyUse::required);
+
+    const std::string& table() const { return table_; }
+    std::string_view header() const { return header_; }  // line of the names
+    std::string_view RecordOf(std::size_t member) const { return members_[member].record; }
+    char separator() const { return columns_.separator()[0]; }
+    // The text of a cell, without the blanks around it; empty where the line has fewer.
+    std::string CellOf(std::size_t member, std::size_t column) const;
+    // The place of a column; kNone without.
+    std::size_t ColumnOf(std::string_view name) const;
 
     // "members.csv:12: what", of lines that are left out.
     const std::vector<std::string>& faults() const { return faults_; }
@@ -44,12 +58,14 @@ private:
         std::size_t line, row;
         std::string_view record;  // of text_
     };
-    std::string ChooseKey(std::string_view header, const std::string& key);
+    std::string ChooseKey(std::string_view header, const std::string& key, KeyUse use);
+    std::string KeyOf(std::string_view record, std::string& key) const;
     void TakeMember(std::string_view record, std::size_t line, std::size_t row);
 
     std::string text_, table_;
+    std::string_view header_;  // of text_
     MemberColumns columns_;
-    std::size_t key_ = 0;  // column
+    std::size_t key_ = 0;  // column; kNone: numbers
     std::vector<Member> members_;
     struct Hash {
         using is_transparent = void;

@@ -2,6 +2,7 @@
 
 #include "app/answer_line.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -66,7 +67,7 @@ void OptimizeForm::AppendLine(std::string& out, const OptimizedMember& of,
     AnswerLine line(out, form(), texts_);
     line.Text("member", of.key);
     line.Text("verdict", VerdictWord(own != nullptr        ? own->VerdictIn(bases_)
-                                     : !of.refusal.empty() ? Verdict::bad
+                                     : !of.refusal.empty() ? of.refused
                                                            : Verdict::not_checked));
     line.Number("ir", worst.ir, member.RatedIn(bases_) && std::isfinite(worst.ir));
     PutCheck(line, worst, false);
@@ -78,7 +79,7 @@ void OptimizeForm::AppendLine(std::string& out, const OptimizedMember& of,
     }
     static const SectionFigures kNoFigures{};
     const SectionFigures& figures = rated != nullptr ? rated->figures : kNoFigures;
-    const bool known = rated != nullptr;
+    const bool known = rank > 0;  // else it only comes nearest
     line.Text("group", of.group);
     line.Number("rank", rank, rank > 0);
     line.Text("section", known ? std::string_view(rated->name) : std::string_view{});
@@ -103,6 +104,12 @@ void OptimizeForm::AppendLine(std::string& out, const OptimizedMember& of,
     line.End();
 }
 
+double OptimizeForm::RatioOf(const MemberAnswer& answer) const
+{
+    return bases_ == Bases::both ? std::max(answer.program.ir, answer.standard.ir)
+                                 : answer.RatioIn(bases_);
+}
+
 void OptimizeForm::AppendLines(std::string& out, const OptimizedMember& of,
                                const OptimizeAnswer* answer) const
 {
@@ -118,7 +125,7 @@ void OptimizeForm::AppendLines(std::string& out, const OptimizedMember& of,
 Verdict OptimizeForm::VerdictFor(const OptimizedMember& of, const OptimizeAnswer* answer) const
 {
     if (answer == nullptr || !of.refusal.empty()) {
-        return Verdict::bad;
+        return of.refused;
     }
     if (!answer->found.empty()) {
         return Verdict::within;

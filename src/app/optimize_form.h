@@ -19,7 +19,8 @@ struct OptimizedMember {
     std::size_t member = 0;                      // in the group
     std::string_view section = {}, steel = {};   // that it had
     std::optional<SectionFigures> figures = {};  // of these
-    std::string refusal = {};                    // it cannot be calculated at all
+    std::string refusal = {};                    // why no section can be looked for
+    Verdict refused = Verdict::bad;              // then
 };
 
 class OptimizeForm : public AnswerLines {
@@ -36,6 +37,9 @@ public:
 
     // What the run counts: within limits where a section was found.
     Verdict VerdictFor(const OptimizedMember& of, const OptimizeAnswer* answer) const;
+
+    // That ranks: the larger of the bases asked.
+    double RatioOf(const MemberAnswer& answer) const;
 
     Bases bases() const { return bases_; }
 

@@ -516,11 +516,58 @@ std::string SectionPool::Finish(const Library& library)
     return {};
 }
 
-bool SectionPool::HasDimensions() const
+bool SectionPool::IsNamed(const Entry& entry)
 {
-    return std::any_of(entries_.begin(), entries_.end(), [](const Entry& entry) {
-        return !entry.sizes.empty() && TraitsOf(entry.family).kind != Kind::tube;
-    });
+    return !IsOfPlates(TraitsOf(entry.family)) || TraitsOf(entry.family).kind == Kind::tube;
+}
+
+std::vector<std::string> SectionPool::FieldsOf(const Entry& entry)
+{
+    std::vector<std::string> fields;
+    if (IsNamed(entry)) {
+        return fields;
+    }
+    fields.emplace_back("family");
+    if (entry.table) {
+        for (const Field& field : AllFields()) {
+            if (TableOfField(field.name) == entry.table) {
+                fields.emplace_back(field.name);
+            }
+        }
+    }
+    for (const Sizes& sizes : entry.sizes) {
+        fields.push_back(kestrum::NameOf(sizes.target.ref));
+    }
+    return fields;
+}
+
+bool SectionPool::IsNamed(const Candidate& candidate) const
+{
+    return IsNamed(entries_[candidate.entry]);
+}
+
+std::vector<std::string> SectionPool::FieldsOf(const Candidate& candidate) const
+{
+    return FieldsOf(entries_[candidate.entry]);
+}
+
+bool SectionPool::HasNames() const
+{
+    return std::any_of(entries_.begin(), entries_.end(),
+                       [](const Entry& entry) { return IsNamed(entry); });
+}
+
+std::vector<std::string> SectionPool::Fields() const
+{
+    std::vector<std::string> fields;
+    for (const Entry& entry : entries_) {
+        for (std::string& field : FieldsOf(entry)) {
+            if (std::find(fields.begin(), fields.end(), field) == fields.end()) {
+                fields.push_back(std::move(field));
+            }
+        }
+    }
+    return fields;
 }
 
 // --- One section ---------------------------------------------------------------------------------

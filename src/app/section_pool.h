@@ -63,8 +63,14 @@ public:
     // In the order in which they were named; rows as in their table.
     const std::vector<Candidate>& candidates() const { return candidates_; }
     bool priced() const { return !prices_.empty(); }
-    // Families of plates: their sections have no name that a table of members takes.
-    bool HasDimensions() const;
+
+    // Sections of plates have no name that a table of members takes; it gives these fields instead,
+    // `family` the first. None for a section with a name.
+    bool IsNamed(const Candidate& candidate) const;
+    std::vector<std::string> FieldsOf(const Candidate& candidate) const;
+    // Of all candidates.
+    bool HasNames() const;
+    std::vector<std::string> Fields() const;
 
     // Gives the member the section, as `kestrum set` would. False where the dimensions do not fit
     // together, such as an overhang wider than its flange.
@@ -107,6 +113,8 @@ private:
         std::string word{};
     };
 
+    static bool IsNamed(const Entry& entry);
+    static std::vector<std::string> FieldsOf(const Entry& entry);
     static std::string Find(const Library& library, std::string_view word,
                             std::vector<Entry>& found);
     static bool Covers(const Entry& entry, const Entry& other);

@@ -79,25 +79,44 @@ struct BatchArguments {
 };
 int Batch(const Options& options, const BatchArguments& arguments);
 
-struct EnvelopeArguments {
+// Members and their forces as tables.
+struct FrameArguments {
     std::string members, forces;
-    std::string out;               // empty: standard output
     std::string base;              // project that members start from; empty: the default one
     std::string key;               // column of the members' keys; empty: the usual names
     std::vector<std::string> map;  // THEIRS=OURS
-    std::string basis = "both";    // or program, or standard
-    int jobs = 0;                  // threads; 0: one a core
-    int top = 0;                   // so many worst cases of each member
     int memory = 256;              // MB to sort in
-    bool all = false;              // a line for each case
-    bool resume = false;
     bool raw = false;
     bool tensionpositive = false;  // N of the forces
     bool swap_axes = false;        // their y is our z
+};
+
+struct EnvelopeArguments : FrameArguments {
+    std::string out;             // empty: standard output
+    std::string basis = "both";  // or program, or standard
+    int jobs = 0;                // threads; 0: one a core
+    int top = 0;                 // so many worst cases of each member
+    bool all = false;            // a line for each case
+    bool resume = false;
     bool exit_zero = false;
     std::optional<bool> csv_safe;  // unset: for a file, not for a stream
 };
 int Envelope(const Options& options, const EnvelopeArguments& arguments);
+
+// `members` is a project, or a table of members, whose forces may follow.
+struct OptimizeArguments : FrameArguments {
+    std::string out;                // the project or table with its new sections
+    std::vector<std::string> pool;  // families, series, sections, files; empty: the family
+    std::vector<std::string> range, keep, steel;
+    std::string by = "mass";     // or depth, price, surface
+    std::string basis = "both";  // or program, or standard
+    std::string group;           // column of a table
+    std::optional<double> max_ir, max_h, max_b;
+    int top = 1;
+    int jobs = 0;  // threads; 0: one a core
+    bool exit_zero = false;
+};
+int Optimize(const Options& options, const OptimizeArguments& arguments);
 
 struct SummaryArguments {
     std::string answers;

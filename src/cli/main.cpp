@@ -16,6 +16,66 @@ const Formats kTextAndJson{{"text", Format::text}, {"json", Format::json}};
 const Formats kAllFormats{{"text", Format::text}, {"json", Format::json}, {"csv", Format::csv}};
 const Formats kTableFormats{{"csv", Format::csv}, {"json", Format::json}, {"ndjson", Format::json}};
 
+void AddFrame(CLI::App& command, FrameArguments& frame)
+{
+    command.add_option("--key", frame.key, "column of the members' keys");
+    command.add_option("--map", frame.map, "THEIRS=OURS: what a column of the forces is")
+        ->delimiter(',');
+    AddSign(command, frame.tensionpositive);
+    command.add_flag("--swap-axes", frame.swap_axes,
+                     "y of the forces is z of the members, and the other way round");
+    command.add_option("--memory", frame.memory, "MB of memory to sort forces in")
+        ->check(CLI::Range(1, 1 << 20));
+    command.add_option("--base", frame.base, "project whose values hold where a table is silent");
+    command.add_flag("--raw", frame.raw, "stores the values unchecked");
+}
+
+void AddOptimize(CLI::App& app, Options& options, OptimizeArguments& search, int& exit)
+{
+    CLI::App& optimize = *app.add_subcommand(
+        "optimize", "the lightest section that passes, for a project, a table or a frame");
+    optimize
+        .add_option("file", search.members,
+                    "project file, or a table of members as for batch; with FORCES as for envelope")
+        ->required()
+        ->type_name("FILE");
+    optimize
+        .add_option("forces", search.forces, "table of forces of these members, as for envelope")
+        ->type_name("FORCES");
+    AddOutput(optimize, search.out,
+              "file to write: the project or the table of members with the sections chosen");
+    optimize
+        .add_option("--pool", search.pool,
+                    "families, series, sections, all, or a .csv of them with prices; of a project "
+                    "its family without it")
+        ->delimiter(',');
+    optimize.add_option("--range", search.range,
+                        "FIELD=FROM:TO:STEP, FIELD=SIZE,SIZE or FIELD=plates: sizes of a dimension "
+                        "of sections of plates");
+    optimize.add_option("--keep", search.keep, "dimension that stays as the member has it")
+        ->delimiter(',');
+    optimize.add_option("--steel", search.steel, "grades to choose from; the member's own without")
+        ->delimiter(',');
+    optimize.add_option("--by", search.by, "what shall be smallest: mass, depth, price or surface")
+        ->check(CLI::IsMember({"mass", "depth", "price", "surface"}));
+    optimize.add_option("--max-ir", search.max_ir, "largest ratio, below the limit of the project");
+    optimize.add_option("--max-h", search.max_h, "largest height, mm");
+    optimize.add_option("--max-b", search.max_b, "largest width, mm");
+    optimize.add_option("--top", search.top, "so many sections that pass, the lightest first")
+        ->check(CLI::Range(1, 1000));
+    optimize
+        .add_option("--basis", search.basis, "program, standard or both: in which it has to pass")
+        ->check(CLI::IsMember({"program", "standard", "both"}));
+    optimize.add_option("--group", search.group,
+                        "column of the table; members with one text there get one section");
+    AddFrame(optimize, search);
+    optimize.add_option("--jobs", search.jobs, "threads; one for each core without it")
+        ->check(CLI::Range(1, 256));
+    optimize.add_flag("--exit-zero", search.exit_zero, "exit 0 whatever the verdicts");
+    AddFormat(optimize, options, kAllFormats);
+    optimize.callback([&] { exit = Optimize(options, search); });
+}
+
 int Run(int argc, char** argv)
 {
     CLI::App app{"Kestrum EC3: designs one steel member to EN 1993-1-1."};
@@ -56,6 +116,7 @@ int Run(int argc, char** argv)
     ReportArguments report;
     BatchArguments many;
     EnvelopeArguments frame;
+    OptimizeArguments search;
     SummaryArguments summed;
 
     CLI::App& check =
@@ -197,22 +258,13 @@ int Run(int argc, char** argv)
     AddOutput(envelope, frame.out, "file to write; standard output without it");
     envelope.add_option("--basis", frame.basis, "program, standard or both")
         ->check(CLI::IsMember({"program", "standard", "both"}));
-    envelope.add_option("--key", frame.key, "column of the members' keys");
-    envelope.add_option("--map", frame.map, "THEIRS=OURS: what a column of the forces is")
-        ->delimiter(',');
-    AddSign(envelope, frame.tensionpositive);
-    envelope.add_flag("--swap-axes", frame.swap_axes,
-                      "y of the forces is z of the members, and the other way round");
+    AddFrame(envelope, frame);
     envelope.add_flag("--all", frame.all, "a line for each member and case");
     envelope.add_option("--top", frame.top, "the worst cases of each member, so many lines")
         ->check(CLI::Range(1, 1000000));
-    envelope.add_option("--memory", frame.memory, "MB of memory to sort forces in")
-        ->check(CLI::Range(1, 1 << 20));
-    envelope.add_option("--base", frame.base, "project whose values hold where a table is silent");
     envelope.add_option("--jobs", frame.jobs, "threads; one for each core without it")
         ->check(CLI::Range(1, 256));
     envelope.add_flag("--resume", frame.resume, "goes on behind the answers that -o holds already");
-    envelope.add_flag("--raw", frame.raw, "stores the values unchecked");
     envelope.add_flag("--exit-zero", frame.exit_zero, "exit 0 whatever the verdicts");
     envelope.add_flag_callback(
         "--csv-safe", [&] { frame.csv_safe = true; },
@@ -221,6 +273,8 @@ int Run(int argc, char** argv)
         "--no-csv-safe", [&] { frame.csv_safe = false; }, "leaves them as they are");
     AddFormat(envelope, options, kTableFormats);
     envelope.callback([&] { exit = Envelope(options, frame); });
+
+    AddOptimize(app, options, search, exit);
 
     CLI::App& summary = *app.add_subcommand(
         "summary", "sorts the answers of batch or envelope by ratio: table, workbook or pages");

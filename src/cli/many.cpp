@@ -49,6 +49,13 @@ TableForm FormOf(const Options& options, const std::string& out)
     return options.format == Format::json || IsJsonName(out) ? TableForm::ndjson : TableForm::csv;
 }
 
+Bases BasesOf(const std::string& basis)
+{
+    return basis == "program"    ? Bases::program
+           : basis == "standard" ? Bases::standard
+                                 : Bases::both;
+}
+
 void ComplainAll(std::string_view lines)
 {
     while (!lines.empty()) {
@@ -97,11 +104,11 @@ std::string ReadTable(const std::string& file, const Interrupt& interrupt)
 }
 
 MemberList ReadMembers(const std::string& file, const std::string& key, const Interrupt& interrupt,
-                       bool& faulty)
+                       bool& faulty, KeyUse use)
 {
     MemberList members;
     const std::string refusal =
-        members.Take(ReadTable(file, interrupt), file == "-" ? "standard input" : file, key);
+        members.Take(ReadTable(file, interrupt), file == "-" ? "standard input" : file, key, use);
     if (!refusal.empty()) {
         throw BadInput(refusal);
     }

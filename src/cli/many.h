@@ -3,6 +3,7 @@
 // What the commands over many members share: names and forms of the answers, threads, exit codes.
 
 #include "app/batch.h"
+#include "app/member_cases.h"
 #include "app/member_list.h"
 #include "cli/context.h"
 #include "cli/interrupt.h"
@@ -19,6 +20,9 @@ bool IsFile(const std::string& out);
 void RequireAnswerName(const Options& options, const std::string& out);
 
 TableForm FormOf(const Options& options, const std::string& out);
+
+// program, standard or both.
+Bases BasesOf(const std::string& basis);
 
 // Each line with "kestrum: " in front.
 void ComplainAll(std::string_view lines);
@@ -39,6 +43,6 @@ std::string ReadTable(const std::string& file, const Interrupt& interrupt);
 // A table of members under their keys, which is held. Lines that are left out are told and make it
 // faulty. Throws BadInput.
 MemberList ReadMembers(const std::string& file, const std::string& key, const Interrupt& interrupt,
-                       bool& faulty);
+                       bool& faulty, KeyUse use = KeyUse::required);
 
 }  // namespace kestrum::cli

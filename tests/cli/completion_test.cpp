@@ -79,8 +79,8 @@ TEST_P(Completion, OffersTheCommands)
 {
     EXPECT_THAT(Complete("kestrum "),
                 UnorderedElementsAre("check", "dump", "new", "set", "sections", "fields", "vortex",
-                                     "diagram", "table", "report", "batch", "envelope", "summary",
-                                     "help"));
+                                     "diagram", "table", "report", "batch", "envelope", "optimize",
+                                     "summary", "help"));
     EXPECT_THAT(Complete("kestrum che"), ElementsAre("check"));
     EXPECT_THAT(Complete("kestrum --setup a.dat rep"), ElementsAre("report"));
 }
@@ -89,7 +89,7 @@ TEST_P(Completion, OffersTheOptionsOfEachCommand)
 {
     for (const char* command :
          {"check", "dump", "new", "set", "sections", "fields", "vortex", "diagram", "table",
-          "report", "batch", "envelope", "summary", "help"}) {
+          "report", "batch", "envelope", "optimize", "summary", "help"}) {
         EXPECT_THAT(Complete(std::string("kestrum ") + command + " --"),
                     UnorderedElementsAreArray(Options(command)))
             << command;
