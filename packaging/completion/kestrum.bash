@@ -94,7 +94,7 @@ _kestrum()
     help) ((operands)) || _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope optimize summary' ;;
     sections) ((operands)) || _kestrum_families ;;
     fields) ((operands)) || _kestrum_words "$(kestrum fields --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)" ;;
-    report) if ((operands)); then _kestrum_files kst; else _kestrum_words 'control section vortex'; fi ;;
+    report) if ((operands)); then _kestrum_files kst; else _kestrum_words 'control section vortex full'; fi ;;
     set) if ((operands)); then _kestrum_fields; else _kestrum_files kst; fi ;;
     new) [[ " ${COMP_WORDS[*]:1:COMP_CWORD-1} " != *' --set '* ]] || _kestrum_fields ;;
     batch | envelope | optimize | summary) _kestrum_files ;;

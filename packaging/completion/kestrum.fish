@@ -63,7 +63,7 @@ for command in set vortex diagram table
     complete -c kestrum -n "__kestrum_at $command 0" -k -a '(__fish_complete_suffix .kst)'
 end
 complete -c kestrum -n '__kestrum_at help 0' -a 'check dump new set sections fields vortex diagram table report batch envelope optimize summary'
-complete -c kestrum -n '__kestrum_at report 0' -a 'control section vortex'
+complete -c kestrum -n '__kestrum_at report 0' -a 'control section vortex full'
 complete -c kestrum -n '__kestrum_at sections 0' -a '(__kestrum_families)'
 complete -c kestrum -n '__kestrum_at fields 0' -a '(kestrum fields --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)'
 complete -c kestrum -n __kestrum_fields_at -a '(__kestrum_fields)'

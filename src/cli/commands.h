@@ -58,11 +58,12 @@ struct TableArguments {
 int DetailedTable(const Options& options, const TableArguments& arguments);
 
 struct ReportArguments {
-    std::string kind;  // control, section, vortex
+    std::string kind;  // control, section, vortex, full
     std::vector<std::string> files;
     std::string out;
 };
 int Report(const Options& options, const ReportArguments& arguments);
+int ReportFull(const Options& options, const ReportArguments& arguments);  // kind full
 
 struct BatchArguments {
     std::vector<std::string> inputs;

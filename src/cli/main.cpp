@@ -200,15 +200,17 @@ int Run(int argc, char** argv)
     detailed.callback([&] { exit = DetailedTable(options, table); });
 
     CLI::App& printed = *app.add_subcommand("report", "writes a printed report, A4");
-    printed.add_option("KIND", report.kind, "control, section or vortex")
+    printed.add_option("KIND", report.kind, "control, section, vortex or full")
         ->required()
-        ->check(CLI::IsMember({"control", "section", "vortex"}));
+        ->check(CLI::IsMember({"control", "section", "vortex", "full"}));
     printed
         .add_option("FILE", report.files,
                     "project files, - for standard input; several go into one .pdf")
         ->required();
     AddOutput(printed, report.out, "file to write: .pdf, .svg or .png")->required();
-    printed.callback([&] { exit = Report(options, report); });
+    printed.callback([&] {
+        exit = report.kind == "full" ? ReportFull(options, report) : Report(options, report);
+    });
 
     CLI::App& batch = *app.add_subcommand(
         "batch", "calculates many members and writes one line for each: CSV or NDJSON");

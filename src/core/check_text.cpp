@@ -66,23 +66,10 @@ void ReplaceAll(std::string& text, std::string_view from, std::string_view to)
     }
 }
 
-// Terms are pairs of force and resistance. Those of a sum without signs count with their size.
 std::string Added(const Check& check)
 {
-    const CheckText& texts = TextsOf(check.form);
-    const std::size_t fields = TermsOf(check);
-    auto terms = check.terms;
-    if (texts.sum && fields < terms.size() && terms[fields] == 0) {
-        std::transform(terms.begin(), terms.end(), terms.begin(),
-                       [](double value) { return std::abs(value); });
-    }
-    for (std::size_t term = 0; 2 * term < fields && fields + term < terms.size(); ++term) {
-        const double sign = check.terms[fields + term];
-        if (sign != 0 && terms[2 * term] != 0) {
-            terms[2 * term] *= sign;
-        }
-    }
-    std::string text = Calculation(texts, terms);
+    const auto terms = AddedTerms(check);
+    std::string text = Calculation(TextsOf(check.form), terms);
     ReplaceAll(text, "+-", "-");
     return text;
 }
@@ -154,6 +141,25 @@ std::size_t TermsOf(const Check& check)
 {
     const std::string_view text = TextsOf(check.form).calculation;
     return static_cast<std::size_t>(std::count(text.begin(), text.end(), '{'));
+}
+
+// Terms are pairs of force and resistance. Those of a sum without signs count with their size.
+std::array<double, 9> AddedTerms(const Check& check)
+{
+    const CheckText& texts = TextsOf(check.form);
+    const std::size_t fields = TermsOf(check);
+    auto terms = check.terms;
+    if (texts.sum && fields < terms.size() && terms[fields] == 0) {
+        std::transform(terms.begin(), terms.end(), terms.begin(),
+                       [](double value) { return std::abs(value); });
+    }
+    for (std::size_t term = 0; 2 * term < fields && fields + term < terms.size(); ++term) {
+        const double sign = check.terms[fields + term];
+        if (sign != 0 && terms[2 * term] != 0) {
+            terms[2 * term] *= sign;
+        }
+    }
+    return terms;
 }
 
 RowText ShownTextOf(const Check& check, float irlimit)

@@ -4,6 +4,7 @@
 
 #include "core/check.h"
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,6 +48,9 @@ RowText TextOf(const Check& check, float irlimit);
 // count with either sign, these stand behind the numbers of the calculation, +1 or -1; else every
 // term counts with its size.
 RowText ShownTextOf(const Check& check, float irlimit);
+
+// The terms as they add up in that: with their signs, those of a sum without signs with their size.
+std::array<double, 9> AddedTerms(const Check& check);
 
 // How many of the terms the calculation shows.
 std::size_t TermsOf(const Check& check);

@@ -21,52 +21,19 @@ std::string_view Category(double type)
     return type == 0 ? "G" : type == 1 ? "Q1" : type == 2 ? "Q2" : "";
 }
 
-// One row of a table of loads.
-struct LoadRow {
-    std::string load, value, position, category;
-};
-
 const LoadRow kTitles{"Load", "kN/kNm", "x/x1/x2 (m)", "G/Q"};
 
 constexpr std::string_view kNotTicked = "*";
 
 // Among basic loads only ticked rows act; the others are listed with a mark.
-std::string_view Mark(const ProjectState& s, i16 checked)
+std::string_view StarOf(const ProjectState& s, i16 checked)
 {
     return s.loadcomb == kBasicLoads && checked == 0 ? kNotTicked : "";
 }
 
 std::string CategoryOf(const ProjectState& s, double type, i16 checked)
 {
-    return std::string(Category(type)) + std::string(Mark(s, checked));
-}
-
-// direction: 1 loads along z, 0 along y.
-std::vector<LoadRow> RowsOf(const ProjectState& s, int direction)
-{
-    std::vector<LoadRow> rows;
-    for (std::size_t i = 1; i < s.qload.size(); ++i) {
-        if (s.qload[i] != 0 && s.qdir[i] == direction) {
-            rows.push_back(
-                {"q ", FormatNum(s.qload[i], kLoad), "", CategoryOf(s, s.qtype[i], s.qchecked[i])});
-        }
-    }
-    for (std::size_t i = 1; i < s.qt1.size(); ++i) {
-        if ((s.qt1[i] != 0 || s.qt2[i] != 0) && s.qtdir[i] == static_cast<float>(direction)) {
-            rows.push_back({"q", FormatNum(s.qt1[i], kLoad) + "/" + FormatNum(s.qt2[i], kLoad),
-                            FormatNum(s.qtx1[i], kPosition) + "/" + FormatNum(s.qtx2[i], kPosition),
-                            CategoryOf(s, s.qttype[i], s.qtchecked[i])});
-        }
-    }
-    const char* const moment = direction == 1 ? "My" : "Mz";
-    for (std::size_t i = 1; i < s.pm.size(); ++i) {
-        if (s.pm[i] != 0 && s.pmdir[i] == direction) {
-            rows.push_back({s.pmkind[i] == 1 ? moment : "P", FormatNum(s.pm[i], kLoad),
-                            FormatNum(s.pmx[i], kPosition),
-                            CategoryOf(s, s.pmtype[i], s.pmchecked[i])});
-        }
-    }
-    return rows;
+    return std::string(Category(type)) + std::string(StarOf(s, checked));
 }
 
 // Where the columns of a table stand, and the size of its text.
@@ -166,21 +133,47 @@ void PrintTable(PageWriter& page, std::string_view title, const std::vector<Load
     page.MoveTo(bottom);
 }
 
-// "N = 100.0 (G)    N = 20.0 (Q1)"
-std::string AxialText(const ProjectState& s)
+}  // namespace
+
+std::vector<LoadRow> LoadRowsOf(const ProjectState& s, int direction)
+{
+    std::vector<LoadRow> rows;
+    for (std::size_t i = 1; i < s.qload.size(); ++i) {
+        if (s.qload[i] != 0 && s.qdir[i] == direction) {
+            rows.push_back(
+                {"q ", FormatNum(s.qload[i], kLoad), "", CategoryOf(s, s.qtype[i], s.qchecked[i])});
+        }
+    }
+    for (std::size_t i = 1; i < s.qt1.size(); ++i) {
+        if ((s.qt1[i] != 0 || s.qt2[i] != 0) && s.qtdir[i] == static_cast<float>(direction)) {
+            rows.push_back({"q", FormatNum(s.qt1[i], kLoad) + "/" + FormatNum(s.qt2[i], kLoad),
+                            FormatNum(s.qtx1[i], kPosition) + "/" + FormatNum(s.qtx2[i], kPosition),
+                            CategoryOf(s, s.qttype[i], s.qtchecked[i])});
+        }
+    }
+    const char* const moment = direction == 1 ? "My" : "Mz";
+    for (std::size_t i = 1; i < s.pm.size(); ++i) {
+        if (s.pm[i] != 0 && s.pmdir[i] == direction) {
+            rows.push_back({s.pmkind[i] == 1 ? moment : "P", FormatNum(s.pm[i], kLoad),
+                            FormatNum(s.pmx[i], kPosition),
+                            CategoryOf(s, s.pmtype[i], s.pmchecked[i])});
+        }
+    }
+    return rows;
+}
+
+std::string AxialLoads(const ProjectState& s)
 {
     std::string text;
     for (std::size_t i = 1; i < s.nload.size(); ++i) {
         if (s.nload[i] != 0) {
             text += text.empty() ? "N = " : "    N = ";
             text += FormatNum(s.nload[i], kAxialLoad) + " (" + std::string(Category(s.ntype[i])) +
-                    ")" + std::string(Mark(s, s.nchecked[i]));
+                    ")" + std::string(StarOf(s, s.nchecked[i]));
         }
     }
     return text;
 }
-
-}  // namespace
 
 void PrintLoading(PageWriter& page, const ProjectState& s, double left, double right, bool low)
 {
@@ -189,12 +182,12 @@ void PrintLoading(PageWriter& page, const ProjectState& s, double left, double r
     page.Row();
     page.Write(left, "G=Permanent; Q1/Q2=Variable, Q1 = Main", {}, right);
     page.Row();
-    const std::string axial = AxialText(s);
+    const std::string axial = AxialLoads(s);
     if (!axial.empty()) {
         page.Write(left, axial, {}, right);
         page.Row();
     }
-    const std::vector<LoadRow> z = RowsOf(s, 1), y = RowsOf(s, 0);
+    const std::vector<LoadRow> z = LoadRowsOf(s, 1), y = LoadRowsOf(s, 0);
     page.Row(kSpace);
     PrintTable(page, "Loading in z-direction:", z, left, right, low);
     page.Row(kSpace);

@@ -4,7 +4,21 @@
 
 #include "report/pages.h"
 
+#include <string>
+#include <vector>
+
 namespace kestrum {
+
+// One row of a table of loads; the category has a star where the load does not act.
+struct LoadRow {
+    std::string load, value, position, category;
+};
+
+// Loads along z (direction 1) or y (0) that are not zero.
+std::vector<LoadRow> LoadRowsOf(const ProjectState& s, int direction);
+
+// "N = 100.0 (G)    N = 20.0 (Q1)"
+std::string AxialLoads(const ProjectState& s);
 
 // Loads along the member: axial ones and a table for each direction. Only rows with a value are
 // written. In the column from `left` to `right`; moves below. `low` saves height: a table of more

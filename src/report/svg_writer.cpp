@@ -1,5 +1,7 @@
 #include "report/svg_writer.h"
 
+#include "core/xml_text.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -29,29 +31,6 @@ void Attribute(std::string& out, std::string_view name, double value)
 void Attribute(std::string& out, std::string_view name, std::string_view value)
 {
     out.append(" ").append(name).append("=\"").append(value).append("\"");
-}
-
-void AppendEscaped(std::string& out, std::string_view text)
-{
-    for (const char c : text) {
-        switch (c) {
-        case '&':
-            out.append("&amp;");
-            break;
-        case '<':
-            out.append("&lt;");
-            break;
-        case '>':
-            out.append("&gt;");
-            break;
-        case '"':
-            out.append("&quot;");
-            break;
-        default:
-            // Control characters have no place in XML; a project title may hold some.
-            out.push_back(static_cast<unsigned char>(c) < 0x20 ? ' ' : c);
-        }
-    }
 }
 
 void Points(std::string& out, const std::vector<Point>& points)
@@ -158,7 +137,7 @@ struct SvgVisitor {
             out.append(")\"");
         }
         out.append(" xml:space=\"preserve\">");
-        AppendEscaped(out, text.text);
+        AppendXml(out, text.text);
         out.append("</text>\n");
     }
 };
@@ -194,8 +173,12 @@ std::string_view PaperColour(Ink ink)
 
 std::string WriteSvg(const Drawing& drawing, double pixels_per_unit)
 {
-    std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg "
-                      "xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\"";
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + SvgElement(drawing, pixels_per_unit);
+}
+
+std::string SvgElement(const Drawing& drawing, double pixels_per_unit)
+{
+    std::string out = "<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\"";
     Attribute(out, "width", drawing.width * pixels_per_unit);
     Attribute(out, "height", drawing.height * pixels_per_unit);
     out.append(" viewBox=\"0 0 ");
@@ -203,7 +186,7 @@ std::string WriteSvg(const Drawing& drawing, double pixels_per_unit)
     out.append(" ");
     Append(out, drawing.height);
     out.append("\" font-family=\"Liberation Sans, Arial, sans-serif\">\n<title>");
-    AppendEscaped(out, drawing.title);
+    AppendXml(out, drawing.title);
     out.append("</title>\n");
     for (const Mark& mark : drawing.marks) {
         std::visit(SvgVisitor{out}, mark);

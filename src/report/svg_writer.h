@@ -9,6 +9,8 @@
 namespace kestrum {
 
 std::string WriteSvg(const Drawing& drawing, double pixels_per_unit = 1);
+// The element alone, for a page of HTML.
+std::string SvgElement(const Drawing& drawing, double pixels_per_unit = 1);
 
 // The colour of an ink on paper, "#rrggbb"; the painter uses the same one.
 std::string_view PaperColour(Ink ink);

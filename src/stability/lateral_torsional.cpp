@@ -141,10 +141,16 @@ double AlphaRolled(const Inputs& in, const SectionRecord& section, bool top)
     return stocky ? kC : kD;
 }
 
+// 6.3.2.2 and not 6.3.2.3.
+bool GeneralCurve(const Inputs& in)
+{
+    return Is(in, Kind::plate) || in.ltbcurve != LtbCurve::rolled;
+}
+
 LtReduction Curve(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
                   const Stability& stability, double mcr, float kc, bool top)
 {
-    if (Is(in, Kind::plate) || in.ltbcurve != LtbCurve::rolled) {
+    if (GeneralCurve(in)) {
         return LtCurveGeneral(in, section, resistances, mcr, top);
     }
     return LtCurveRolled(in, section, resistances, stability, mcr, kc, top);
@@ -258,6 +264,11 @@ void Segments(const Inputs& in, MemberInputs& member, const SectionRecord& secti
 }
 
 }  // namespace
+
+double LtImperfection(const Inputs& in, const SectionRecord& section, bool top)
+{
+    return GeneralCurve(in) ? AlphaGeneral(in, section, top) : AlphaRolled(in, section, top);
+}
 
 // Eq (6.56), Table 6.4. There is neither a plateau nor a factor f.
 // Deviation D214: a reduction acts from a slenderness of 0.2 on; 6.3.2.2 (4) allows to leave it out

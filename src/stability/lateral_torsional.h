@@ -20,6 +20,10 @@ struct LtReduction {
     float ffactor;
 };
 
+// Imperfection factor of Table 6.4 or 6.5, by the curve in use. `top`: the top flange is
+// compressed.
+double LtImperfection(const Inputs& in, const SectionRecord& section, bool top);
+
 // 6.3.2.2 and 6.3.2.3 for the critical moment mcr, Nmm. `top`: the top flange is compressed.
 LtReduction LtCurveGeneral(const Inputs& in, const SectionRecord& section,
                            const Resistances& resistances, double mcr, bool top);

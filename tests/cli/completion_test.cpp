@@ -111,7 +111,8 @@ TEST_P(Completion, OffersProjects)
 
 TEST_P(Completion, OffersValues)
 {
-    EXPECT_THAT(Complete("kestrum report "), UnorderedElementsAre("control", "section", "vortex"));
+    EXPECT_THAT(Complete("kestrum report "),
+                UnorderedElementsAre("control", "section", "vortex", "full"));
     EXPECT_THAT(Complete("kestrum check --format "), UnorderedElementsAre("text", "json", "csv"));
     EXPECT_THAT(Complete("kestrum vortex --format "), UnorderedElementsAre("text", "json"));
     EXPECT_THAT(Complete("kestrum batch --format "), UnorderedElementsAre("csv", "json", "ndjson"));

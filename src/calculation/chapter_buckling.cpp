@@ -1,0 +1,102 @@
+#include "calculation/chapters.h"
+#include "calculation/quantities.h"
+
+#include "core/member_choices.h"
+#include "sections/families.h"
+#include "stability/buckling_rows.h"
+
+namespace kestrum {
+
+namespace {
+
+struct Axis {
+    std::string name;
+    double factor, inertia, ncr, lam, chi, nbrd, alpha;
+    Literal curve;
+    double offset;  // of angles with two bolts, BB.1.2
+};
+
+// Squash load of the slenderness in kN.
+Expr Squash(const ProjectState& s, const Quantities& q, bool gross)
+{
+    return (gross || s.classn < 4 ? q.a : Sym("A_eff", s.aeff)) * q.fy;
+}
+
+void AddAxis(const ProjectState& s, const Quantities& q, const Axis& axis, bool gross, Document& d)
+{
+    const std::string& n = axis.name;
+    d.Part("Buckling about " + n);
+    const double length = axis.factor * 1.0 * s.l;
+    d.Add("L_cr," + n, Sym("k_cr," + n, axis.factor) * q.length, length, "m", "6.3.1.3");
+    const Expr ncr = Sym("N_cr," + n, axis.ncr), lam = Sym("~λ_" + n, axis.lam);
+    d.Add("N_cr," + n,
+          Square(Pi()) * q.e * Sym("I_" + n, axis.inertia) / Square(Sym("L_cr," + n, length)) *
+              Ten(-9),
+          axis.ncr, "kN", "6.3.1.2 (1)");
+    const Expr slenderness = Root(Squash(s, q, gross) / (ncr * Ten(3)));
+    const bool bolts = Is(s, Kind::angle) && s.lopt == 2;
+    d.Add("~λ_" + n, bolts ? axis.offset + 0.7 * slenderness : slenderness, axis.lam, "",
+          bolts ? "BB.1.2 (2)" : "6.3.1.2 (1)");
+    if (!(axis.lam > 0.2)) {
+        d.Add("χ_" + n, axis.chi, "", "6.3.1.2 (4)", "slenderness of 0.2 or less");
+    } else {
+        const Expr alpha = Sym("α", axis.alpha);
+        const double phi = 0.5 * (1 + axis.alpha * (axis.lam - 0.2) + axis.lam * axis.lam);
+        d.Add("Φ_" + n, 0.5 * (1 + alpha * (lam - 0.2) + Square(lam)), phi, "", "6.3.1.2 (1)",
+              "curve " + std::string(axis.curve.text()) + ", Table 6.2");
+        const Expr f = Sym("Φ_" + n, phi);
+        d.Add("χ_" + n, Least({Num(1), 1 / (f + Root(Square(f) - Square(lam)))}), axis.chi, "",
+              "6.3.1.2 (1), Eq (6.49)");
+    }
+    d.Add("N_b," + n + ",Rd", Sym("χ_" + n, axis.chi) * Sym("N_c,Rd", s.ncrd) * q.gm0 / q.gm1,
+          axis.nbrd, "kN", "6.3.1.1 (3)");
+}
+
+// Twice the distance of centroid and shear centre is in the polar radius.
+void AddTorsion(const ProjectState& s, Document& d)
+{
+    if (!Traits(s).design.open || s.ncrt == 0) {
+        return;
+    }
+    d.Part("Torsional buckling");
+    d.Add("N_cr,T", s.ncrt, "kN", "6.3.1.4; EN 1993-1-3, 6.2.3 (5)",
+          "D207: no resistance is formed from it");
+    if (s.ncrtf != 0 && s.ncrtf < 9e24) {
+        d.Add("N_cr,TF", s.ncrtf, "kN", "6.3.1.4; EN 1993-1-3, 6.2.3 (7)");
+    }
+}
+
+}  // namespace
+
+void AddFlexuralBuckling(const CalculatedMember& m, Document& d)
+{
+    const ProjectState& s = m.s;
+    if (!m.stages.axial || !m.outcome.designed()) {
+        return;
+    }
+    const Quantities q(s);
+    d.Chapter("Flexural buckling");
+    if (BucklesAboutY(s)) {
+        AddAxis(s, q, {"y", s.ly, s.iy, s.ncry, s.lamy, s.chiy, s.nbyrd, s.alphay, s.curvey, 0.5},
+                false, d);
+    }
+    if (BucklesAboutZ(s)) {
+        AddAxis(s, q, {"z", s.lz, s.iz, s.ncrz, s.lamz, s.chiz, s.nbzrd, s.alphaz, s.curvez, 0.5},
+                false, d);
+    }
+    if (Is(s, Kind::angle)) {
+        if (BucklesAboutY(s)) {
+            AddAxis(s, q,
+                    {"u", s.ly, s.iu, s.ncru, s.lamu, s.chiu, s.nburd, s.alphaz, s.curvez, 0.35},
+                    true, d);
+        }
+        if (BucklesAboutZ(s)) {
+            AddAxis(s, q,
+                    {"v", s.lz, s.iv, s.ncrv, s.lamv, s.chiv, s.nbvrd, s.alphaz, s.curvez, 0.35},
+                    true, d);
+        }
+    }
+    AddTorsion(s, d);
+}
+
+}  // namespace kestrum

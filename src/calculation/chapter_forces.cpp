@@ -1,0 +1,85 @@
+#include "calculation/chapters.h"
+
+#include "report/diagrams.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrum {
+
+namespace {
+
+constexpr double kPicture = 88;  // mm
+
+bool Any(const std::array<float, kDiagramPoints>& values)
+{
+    return std::any_of(values.begin(), values.end(), [](float value) { return value != 0; });
+}
+
+void AddDiagrams(const ProjectState& s, Document& d)
+{
+    const auto add = [&](LoadAxis axis, std::string_view name) {
+        AxisPictures pictures = DrawAll(s, axis);
+        d.Show(
+            {{std::move(pictures.load), "Loads along " + std::string(name), kPicture},
+             {std::move(pictures.moment),
+              axis == LoadAxis::z ? "My, Vz and deflection" : "Mz, Vy and deflection", kPicture}});
+    };
+    const bool z = Any(s.mydiag) || Any(s.vzdiag), y = Any(s.mzdiag) || Any(s.vydiag);
+    if (z || !y) {
+        add(LoadAxis::z, "z");
+    }
+    if (y) {
+        add(LoadAxis::y, "y");
+    }
+}
+
+// Values that are only rounding of the largest are zero.
+Line Force(double value, double largest)
+{
+    constexpr double kRounding = 1e-6;
+    return NumberLine(std::abs(value) <= kRounding * largest ? 0 : value, 5);
+}
+
+template <class Values> double Largest(const Values& values, std::size_t count)
+{
+    double largest = 0;
+    for (std::size_t k = 0; k < count; ++k) {
+        largest = std::max(largest, std::abs(static_cast<double>(values[k])));
+    }
+    return largest;
+}
+
+void AddTable(const ProjectState& s, Document& d)
+{
+    const auto count = static_cast<std::size_t>(s.npts) + 1;
+    TextTable table{.columns = {{"x/L", true},
+                                {"x, m", true},
+                                {"N, kN", true},
+                                {"My, kNm", true},
+                                {"Vz, kN", true},
+                                {"Mz, kNm", true},
+                                {"Vy, kN", true}},
+                    .caption = "Internal forces at the check sections, design values"};
+    const double my = Largest(s.mysec, count), vz = Largest(s.vzsec, count);
+    const double mz = Largest(s.mzsec, count), vy = Largest(s.vysec, count);
+    for (std::size_t k = 0; k < count; ++k) {
+        table.rows.push_back({NumberLine(s.xi[k], 4),
+                              NumberLine(static_cast<double>(s.xi[k]) * s.l, 4), NumberLine(s.ned),
+                              Force(s.mysec[k], my), Force(s.vzsec[k], vz), Force(s.mzsec[k], mz),
+                              Force(s.vysec[k], vy)});
+    }
+    d.Add(std::move(table));
+}
+
+}  // namespace
+
+void AddForces(const CalculatedMember& m, Document& d)
+{
+    const ProjectState& s = m.s;
+    d.Chapter("Internal forces");
+    AddDiagrams(s, d);
+    AddTable(s, d);
+}
+
+}  // namespace kestrum

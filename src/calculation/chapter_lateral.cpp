@@ -1,0 +1,144 @@
+#include "calculation/chapters.h"
+#include "calculation/quantities.h"
+
+#include "core/member_choices.h"
+#include "sections/families.h"
+#include "stability/constants.h"
+#include "stability/lateral_torsional.h"
+
+#include <cmath>
+
+namespace kestrum {
+
+namespace {
+
+bool Single(const ProjectState& s)
+{
+    return Is(s, Kind::i_single);
+}
+
+// C2 zg - C3 zj, mm.
+struct Lever {
+    Expr formula;
+    double value;
+};
+
+Lever LeverOf(const ProjectState& s, bool top)
+{
+    const double zj = !Single(s) ? 0.0 : top ? s.zjtop : s.zjbot;
+    const Expr load = Sym("C_2", s.ltc2) * Sym("z_g", s.zg);
+    const Expr asymmetry = Sym("C_3", s.ltc3) * Sym("z_j", zj);
+    const double value = s.ltc2 * s.zg - s.ltc3 * zj;
+    if (!Single(s)) {
+        return {load, value};
+    }
+    return {load - asymmetry, value};
+}
+
+void AddCriticalMoment(const ProjectState& s, const Quantities& q, bool top, Document& d)
+{
+    const double parts = s.restraints + 1;
+    d.Add("L_LT", Sym("k", s.ltbk) * q.length / Sym("n", parts), s.lt, "m", "",
+          parts > 1 ? "n segments between lateral restraints" : "");
+    const double mcr = s.mcr / 1e6;  // Nmm to kNm
+    if (Is(s, Kind::plate)) {
+        d.Add("M_cr", mcr, "kNm", "", "tripping of the stiffener about its root");
+        return;
+    }
+    d.Add("C_1", s.ltc1, "", "",
+          s.cmanual != kFalse ? "as entered"
+          : parts > 1         ? "by the moments at the ends of the segment"
+                              : "by supports and shape of the moment line");
+    const Lever lever = LeverOf(s, top);
+    const bool eccentric = lever.value != 0;
+    if (s.ltc2 != 0) {
+        d.Add("C_2", s.ltc2, "", "");
+        d.Add("z_g", s.zg, "mm", "", "loads above the shear centre");
+    }
+    if (Single(s)) {
+        d.Add("C_3", s.ltc3, "", "");
+        d.Add("z_j", top ? s.zjtop : s.zjbot, "mm", "", "asymmetry of the section");
+    }
+    if (eccentric) {
+        d.Add("e_g", lever.formula, lever.value, "mm", "");
+    }
+    const double g = s.e / kShearRatio;
+    d.Add("G", q.e / Num(kShearRatio), g, "MPa", "3.2.6 (1)", "ν = 0.3");
+    const Expr iz = Sym("I_z", s.iz), lt2 = Square(Sym("L_LT", s.lt));
+    const Expr euler = Square(Pi()) * q.e * iz;
+    const Expr torsion = lt2 * Sym("G", g) * Sym("I_T", s.it) * Ten(6) / euler;
+    const Expr under = torsion + Sym("I_w", s.iw) / iz;
+    const Expr eg = Sym("e_g", lever.value);
+    const Expr arm = eccentric ? Root(under + Square(eg)) - eg : Root(under);
+    d.Add("M_cr", Sym("C_1", s.ltc1) * euler / lt2 * arm * Ten(-12), mcr, "kNm", "6.3.2.2 (2)");
+}
+
+// mm3, of the compressed side.
+double ModulusOf(const ProjectState& s, bool top)
+{
+    if (Single(s)) {
+        return top ? s.wytop : s.wybot;
+    }
+    return Is(s, Kind::plate) ? s.wybot : s.wyused;
+}
+
+void AddReduction(const ProjectState& s, const Quantities& q, bool top, Document& d)
+{
+    const bool plate = Is(s, Kind::plate), single = Single(s);
+    const double w = ModulusOf(s, top);
+    const double mcr = s.mcr / 1e6;
+    const Expr lam = Sym("~λ_LT", s.lamlt);
+    d.Add("~λ_LT", Root(Sym("W_y", w) * q.fy / (Sym("M_cr", mcr) * Ten(6))), s.lamlt, "",
+          "6.3.2.2 (1)");
+    const bool rolled = !plate && s.ltbcurve == LtbCurve::rolled;
+    if (rolled && !Traits(s).design.rolled_case) {
+        d.Add("χ_LT", s.xlt, "", "6.3.2.3", "no reduction for this section");
+        return;
+    }
+    const double alpha = LtImperfection(s, s, top);
+    const double plateau = !rolled ? 0.2 : single ? s.lamdalt0w : s.lamdalt0;
+    const double beta = !rolled ? 1.0 : single ? s.betaw : s.beta;
+    const double phi = 0.5 * (1 + alpha * (s.lamlt - plateau) + beta * s.lamlt * s.lamlt);
+    const Expr bent = rolled ? Sym("β", beta) * Square(lam) : Square(lam);
+    const Expr from = rolled ? Sym("~λ_LT,0", plateau) : Num(0.2);
+    d.Add("Φ_LT", 0.5 * (1 + Sym("α_LT", alpha) * (lam - from) + bent), phi, "",
+          rolled ? "6.3.2.3 (1), Table 6.5" : "6.3.2.2 (1), Table 6.4");
+    const Expr f = Sym("Φ_LT", phi);
+    std::vector<Expr> least{Num(1), 1 / (f + Root(Square(f) - bent))};
+    if (rolled && !single) {
+        least.push_back(1 / Square(lam));
+    }
+    d.Add("χ_LT", Least(least), s.xlt0, "",
+          rolled ? "6.3.2.3 (1), Eq (6.57)" : "6.3.2.2 (1), Eq (6.56)");
+    if (!rolled) {
+        return;
+    }
+    d.Add("k_c", 1 / Root(Sym("C_1", s.ltc1)), s.kc, "", "6.3.2.3 (2)");
+    d.Add("f", Least({Num(1), 1 - 0.5 * (1 - Sym("k_c", s.kc)) * (1 - 2 * Square(lam - Num(0.8)))}),
+          s.ffactor, "", "6.3.2.3 (2)");
+    d.Add("χ_LT,mod", Least({Sym("χ_LT", s.xlt0) / Sym("f", s.ffactor), 1 / Square(lam), Num(1)}),
+          s.xlt, "", "6.3.2.3 (2), Eq (6.58)");
+}
+
+}  // namespace
+
+void AddLateralBuckling(const CalculatedMember& m, Document& d)
+{
+    const ProjectState& s = m.s;
+    if (!m.stages.lateral || !m.outcome.designed() || s.mydesignf == 0) {
+        return;
+    }
+    const Quantities q(s);
+    const bool top = s.mydesignf > 0;
+    d.Chapter("Lateral torsional buckling");
+    if (s.restraints > 0) {
+        d.Say("The segment that governs is number " + std::to_string(s.beampart) + " of " +
+              std::to_string(s.restraints + 1) + "; all values are of it.");
+    }
+    AddCriticalMoment(s, q, top, d);
+    AddReduction(s, q, top, d);
+    d.Add("M_b,Rd", Sym("χ_LT,mod", s.xlt) * Sym("W_y", ModulusOf(s, top)) * q.fy / q.gm1 * Ten(-6),
+          s.xlt * s.mltrd, "kNm", "6.3.2.1 (3), Eq (6.55)");
+}
+
+}  // namespace kestrum

@@ -1,0 +1,58 @@
+#include "calculation/chapters.h"
+
+#include "document/notation.h"
+#include "report/page_header.h"
+#include "report/page_quantities.h"
+#include "report/section_figure.h"
+
+#include <cmath>
+
+namespace kestrum {
+
+namespace {
+
+// "Wel,y,top" as a symbol with subscript.
+Symbol SymbolOfQuantity(std::string_view name)
+{
+    const bool word = name.size() > 1 && name.find(' ') != std::string_view::npos;
+    const bool plain = name == "alfa" || name == "Surface" || name.size() == 1 || word;
+    if (plain) {
+        return std::string(name);
+    }
+    return std::string(name.substr(0, 1)) + "_" + std::string(name.substr(1));
+}
+
+// "3.692E+7" as printed pages have it is 36.92e6 here.
+Line ValueLine(const std::string& value)
+{
+    const double number = NumberOf(value);
+    return std::isfinite(number) ? NumberLine(number, 6) : Line(value);
+}
+
+TextTable QuantityTable(std::string caption, const std::vector<Quantity>& quantities)
+{
+    TextTable table{.columns = {{"Quantity", false, 1.4}, {"Value", true, 1.4}, {"Unit"}},
+                    .caption = std::move(caption)};
+    for (const Quantity& quantity : quantities) {
+        table.rows.push_back({SymbolOfQuantity(quantity.symbol), ValueLine(quantity.value),
+                              UnitText(quantity.unit)});
+    }
+    return table;
+}
+
+}  // namespace
+
+void AddSection(const CalculatedMember& m, Document& d)
+{
+    d.Chapter("Section");
+    const std::string name = ProfileText(m.library, m.s, false);
+    d.Say(Strong(name));
+    d.Show({{DrawSection(m.s), "Section, dimensions in mm", 85}});
+    std::vector<Quantity> dimensions = DimensionsOf(m.s);
+    const std::vector<Quantity> weights = WeightsOf(m.s);
+    dimensions.insert(dimensions.end(), weights.begin(), weights.end());
+    d.Add(QuantityTable("Dimensions", dimensions));
+    d.Add(QuantityTable("Properties", SectionPropertiesOf(m.s)));
+}
+
+}  // namespace kestrum

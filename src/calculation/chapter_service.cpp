@@ -1,0 +1,131 @@
+#include "calculation/chapters.h"
+#include "calculation/check_formula.h"
+#include "calculation/check_names.h"
+
+#include "analysis/member_forces.h"
+#include "core/load_combination.h"
+#include "core/member_choices.h"
+#include "report/mode_shapes.h"
+#include "service/modal.h"
+#include "service/vortex.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace kestrum {
+
+namespace {
+
+void AddDeflection(const ProjectState& s, CheckId id, double limit, const char* axis, Document& d)
+{
+    const Check& check = s.checklist[id];
+    if (check.empty()) {
+        return;
+    }
+    d.Add("δ_" + std::string(axis) + ",max", Sym("L", s.l) / Sym("n", limit) * Ten(3),
+          check.terms[1], "mm", "EN 1993-1-1, 7.2");
+    AddCheck(d, check);
+}
+
+void AddFrequencies(const CalculatedMember& m, Document& d)
+{
+    const ProjectState& s = m.s;
+    if (s.modal != 1 || s.freq[1] == 0) {
+        return;
+    }
+    d.Part("Natural frequencies of bending about y");
+    d.Add("m", s.modalmass, "kg/m", "", "section and uniform loads; D251, D252");
+    const double stiffness = static_cast<double>(s.e) * s.iy / 1e6;  // N m2
+    for (int mode = 1; mode <= 3; ++mode) {
+        const double f = s.freq[static_cast<std::size_t>(mode)];
+        const double l = s.l;
+        const double c = f / std::sqrt(stiffness / (s.modalmass * l * l * l * l));
+        d.Add("f_" + std::to_string(mode),
+              Sym("c_" + std::to_string(mode), std::round(c * 1000) / 1000) *
+                  Root(Sym("E", s.e) * Sym("I_y", s.iy) * Ten(-6) /
+                       (Sym("m", s.modalmass) * Power(Sym("L", s.l), Num(4)))),
+              f, "Hz", "", "D253");
+    }
+    if (m.standard.vibration) {
+        const standard::Vibration& other = *m.standard.vibration;
+        d.Say("By EN 1990, A1.4.4, with psi Q among the masses:", Paragraph::Kind::remark);
+        d.Add("m_standard", other.mass, "kg/m", "EN 1990, A1.4.4");
+        for (std::size_t mode = 0; mode < standard::kModes; ++mode) {
+            d.Add("f_" + std::to_string(mode + 1) + ",standard", other.freq[mode], "Hz",
+                  "EN 1990, A1.4.4");
+        }
+    }
+    std::vector<Figure> shapes;
+    for (int mode = 1; mode <= 3; ++mode) {
+        constexpr double kWidth = 58;
+        shapes.push_back({DrawModeShape(s, mode), "Mode " + std::to_string(mode), kWidth});
+    }
+    d.Show(std::move(shapes));
+}
+
+}  // namespace
+
+void AddServiceability(const CalculatedMember& m, Document& d)
+{
+    const ProjectState& s = m.s;
+    const bool deflection = DeflectionCounts(s) && m.outcome.designed();
+    const bool frequencies = s.modal == 1 && s.freq[1] != 0;
+    if (!deflection && !frequencies) {
+        return;
+    }
+    d.Chapter("Serviceability");
+    if (deflection) {
+        d.Part("Deflection");
+        AddDeflection(s, CheckId::deflection_z, s.deflimitz, "z", d);
+        AddDeflection(s, CheckId::deflection_y, s.deflimity, "y", d);
+        for (const CheckPair& pair : CheckPairs()) {
+            if (!pair.standard || !IsDeflection(*pair.standard) ||
+                !m.standard.checks[*pair.standard].present) {
+                continue;
+            }
+            const standard::Check& other = m.standard.checks[*pair.standard];
+            const Check* const check = LargestOf(pair, s.checklist);
+            if (check == nullptr || std::abs(other.ir - check->ratio) > 5e-4 * other.ir) {
+                d.Add("IR_standard", other.ir, "", std::string(other.clause),
+                      "EN 1993-1-1 as written, " + NameOf(other.load_case));
+            }
+        }
+    }
+    AddFrequencies(m, d);
+}
+
+void AddReactions(const CalculatedMember& m, Document& d)
+{
+    if (m.s.loadmode != 1 || !m.outcome.designed()) {
+        return;
+    }
+    TextTable table{.columns = {{"Category"},
+                                {"N, kN", true},
+                                {"Rz1, kN", true},
+                                {"Rz2, kN", true},
+                                {"My1, kNm", true},
+                                {"My2, kNm", true},
+                                {"Ry1, kN", true},
+                                {"Ry2, kN", true},
+                                {"Mz1, kNm", true},
+                                {"Mz2, kNm", true}},
+                    .caption = "Characteristic values; R positive where the support pushes up"};
+    constexpr std::string_view kNames[] = {"G", "Q1", "Q2"};
+    for (std::size_t category = 0; category < 3; ++category) {
+        ProjectState s = m.s;
+        s.loadcomb = kUserFactors;
+        s.lfulsg = category == 0 ? 1.0F : 0.0F;
+        s.lfulsq1 = category == 1 ? 1.0F : 0.0F;
+        s.lfulsq2 = category == 2 ? 1.0F : 0.0F;
+        CalcMember(s, nullptr);
+        const auto sum = [&](double a, double b) { return NumberLine(a + b, 5); };
+        table.rows.push_back({kNames[category], NumberLine(s.ned), sum(s.vzdiag[0], 0),
+                              sum(0, -s.vzdiag[50]), NumberLine(s.my0), NumberLine(s.myl),
+                              sum(s.vydiag[0], 0), sum(0, -s.vydiag[50]), NumberLine(s.mz0),
+                              NumberLine(s.mzl)});
+    }
+    d.Chapter("Reactions by category");
+    d.Add(std::move(table));
+}
+
+}  // namespace kestrum

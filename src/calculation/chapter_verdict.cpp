@@ -1,0 +1,103 @@
+#include "calculation/chapters.h"
+#include "calculation/check_formula.h"
+#include "calculation/check_names.h"
+
+#include "core/check_text.h"
+
+#include <cmath>
+
+namespace kestrum {
+
+namespace {
+
+constexpr int kRatioDigits = 4;
+
+std::string RatioText(double ratio)
+{
+    return std::isfinite(ratio) ? ResultText(ratio, kRatioDigits) : "infinite";
+}
+
+void AddBox(const CalculatedMember& m, Document& d)
+{
+    const Outcome& outcome = m.outcome;
+    std::string text = "Rules of the program: " + VerdictText(outcome);
+    if (outcome.rated()) {
+        text += ", IR = " + RatioText(outcome.ir);
+    }
+    if (outcome.designed() && !outcome.control.empty()) {
+        text += " (" + outcome.control + ", " + outcome.clause + ")";
+    }
+    d.Say(text, m.Within() ? Paragraph::Kind::verdict_good : Paragraph::Kind::verdict_bad);
+    if (!outcome.message.empty()) {
+        d.Say(outcome.message);
+    }
+    const standard::StandardResult& result = m.standard;
+    text = "EN 1993-1-1 as written: " + std::string(standard::VerdictOf(result));
+    if (result.rated) {
+        text += ", IR = " + RatioText(result.ir) + " (" +
+                std::string(result.checks[result.governing].clause) + ")";
+    }
+    d.Say(text, result.rated && !result.above ? Paragraph::Kind::verdict_good
+                                              : Paragraph::Kind::verdict_bad);
+    for (const std::string& reason : result.outside) {
+        d.Say("Not covered by the second set of rules: " + reason, Paragraph::Kind::remark);
+    }
+    d.Say("A member is verified where no ratio IR exceeds the limit " +
+              NumberText(static_cast<double>(m.s.irlimit), 3) +
+              ". The rules of the program depart from the standard in numbered places; those "
+              "that act here are listed at the end with what each costs.",
+          Paragraph::Kind::remark);
+}
+
+Line Ratio(double ratio, bool above)
+{
+    return Line().Add(RatioText(ratio), above ? Span::Style::bad : Span::Style::good);
+}
+
+}  // namespace
+
+void AddVerdict(const CalculatedMember& m, Document& d)
+{
+    d.Chapter("Verdict");
+    AddBox(m, d);
+    const bool designed = m.outcome.designed();
+    TextTable table{.columns = {{"Check", false, 2.6},
+                                {"IR, program", true, 1},
+                                {"where", false, 1.6},
+                                {"clause", false, 1.3},
+                                {"IR, standard", true, 1},
+                                {"where", false, 0.9},
+                                {"combination", false, 1.6},
+                                {"clause", false, 1.6}}};
+    for (const CheckPair& pair : CheckPairs()) {
+        const Check* const check = designed ? LargestOf(pair, m.s.checklist) : nullptr;
+        const standard::Check* const other =
+            pair.standard && m.standard.checks[*pair.standard].present
+                ? &m.standard.checks[*pair.standard]
+                : nullptr;
+        if (check == nullptr && other == nullptr) {
+            continue;
+        }
+        std::vector<Line> row{pair.name};
+        if (check != nullptr) {
+            row.insert(row.end(), {Ratio(check->ratio, check->status == kAbove),
+                                   PlaceText(check->place), TextsOf(check->form).clause});
+        } else {
+            row.insert(row.end(), {"-", "", ""});
+        }
+        if (other != nullptr) {
+            row.insert(row.end(),
+                       {Ratio(other->ir, other->ir > m.s.irlimit),
+                        std::isnan(other->place) ? "" : "x/L = " + NumberText(other->place, 3),
+                        NameOf(other->load_case), other->clause});
+        } else {
+            row.insert(row.end(), {"-", "", "", ""});
+        }
+        table.rows.push_back(std::move(row));
+    }
+    if (!table.rows.empty()) {
+        d.Add(std::move(table));
+    }
+}
+
+}  // namespace kestrum

@@ -1,0 +1,171 @@
+#include "calculation/check_formula.h"
+
+#include "core/check_text.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+
+namespace kestrum {
+
+namespace {
+
+// Reads sums, products, quotients and powers of names; each name takes the next number.
+class FormulaReader {
+public:
+    FormulaReader(std::string_view text, std::span<const double> numbers)
+        : text_(text), numbers_(numbers)
+    {
+    }
+
+    Expr Read()
+    {
+        Expr sum = Sum();
+        Skip();
+        const bool whole = at_ == text_.size() || text_.substr(at_) == ")";  // a bracket too many
+        return failed_ || !whole || taken_ != numbers_.size() ? nullptr : sum;
+    }
+
+private:
+    void Skip()
+    {
+        while (at_ < text_.size() && text_[at_] == ' ') {
+            ++at_;
+        }
+    }
+    bool Take(std::string_view any)
+    {
+        Skip();
+        if (at_ < text_.size() && any.find(text_[at_]) != std::string_view::npos) {
+            ++at_;
+            return true;
+        }
+        return false;
+    }
+    Expr Sum()
+    {
+        Expr sum = Product();
+        while (!failed_ && Take("+")) {
+            sum = sum + Product();
+        }
+        return sum;
+    }
+    Expr Product()
+    {
+        Expr product = Factor();
+        for (;;) {
+            if (failed_) {
+                return product;
+            }
+            if (Take("*")) {
+                product = product * Factor();
+            } else if (Take("/")) {
+                product = product / Factor();
+            } else {
+                return product;
+            }
+        }
+    }
+    Expr Factor()
+    {
+        Expr base = Primary();
+        return !failed_ && Take("^") ? Power(base, Primary()) : base;
+    }
+    Expr Primary()
+    {
+        if (Take("([")) {
+            Expr inner = Sum();
+            failed_ = failed_ || !Take(")]");
+            return inner;
+        }
+        const std::size_t start = at_;
+        while (at_ < text_.size() &&
+               (std::isalnum(static_cast<unsigned char>(text_[at_])) != 0 || text_[at_] == ',')) {
+            ++at_;
+        }
+        if (at_ == start || taken_ == numbers_.size()) {
+            failed_ = true;
+            return Num(0);
+        }
+        const Symbol symbol = SymbolOfCheck(text_.substr(start, at_ - start));
+        return std::make_shared<const Term>(
+            Term{.op = Op::symbol, .symbol = symbol, .value = numbers_[taken_++]});
+    }
+
+    std::string_view text_;
+    std::span<const double> numbers_;
+    std::size_t at_ = 0, taken_ = 0;
+    bool failed_ = false;
+};
+
+}  // namespace
+
+Symbol SymbolOfCheck(std::string_view name)
+{
+    if (name == "alfa") {
+        return "α";
+    }
+    if (name == "beta") {
+        return "β";
+    }
+    if (name == "xLT") {
+        return "χ_LT,mod";
+    }
+    if (name == "dz" || name == "dy") {
+        return "δ_" + std::string(name.substr(1));
+    }
+    if (name == "dzMax" || name == "dyMax") {
+        return "δ_" + std::string(name.substr(1, 1)) + ",max";
+    }
+    return std::string(name.substr(0, 1)) + "_" + std::string(name.substr(1));
+}
+
+Expr FormulaOfCheck(const Check& check)
+{
+    if (!IsJudged(check)) {
+        return nullptr;
+    }
+    const std::array<double, 9> terms = AddedTerms(check);
+    const Expr formula =
+        FormulaReader(FormulaOf(check), std::span(terms).first(TermsOf(check))).Read();
+    // A single force counts with its size.
+    return formula != nullptr && Evaluate(formula) < 0 && check.ratio > 0 ? Size(formula) : formula;
+}
+
+std::string PlaceText(const CheckPlace& place)
+{
+    const auto part = [&](int number) {
+        return number == 0 ? std::string("0")
+               : number == place.parts
+                   ? std::string("L")
+                   : std::to_string(number) + "L/" + std::to_string(place.parts);
+    };
+    switch (place.kind) {
+    case CheckPlace::Kind::section:
+        return "at x/L = " + NumberText(place.x, 4);
+    case CheckPlace::Kind::point:
+        return "at x/L = " + NumberText(place.x, 4) + ", point " + std::to_string(place.number);
+    case CheckPlace::Kind::segment:
+        return "between " + part(place.number - 1) + " and " + part(place.number);
+    default:
+        return {};
+    }
+}
+
+void AddCheck(Document& d, const Check& check, Line remark)
+{
+    if (!IsJudged(check)) {
+        return;
+    }
+    const std::string place = PlaceText(check.place);
+    Line behind(place);
+    if (!remark.Empty()) {
+        behind += Line(place.empty() ? "" : "; ") + remark;
+    }
+    d.Add("IR", FormulaOfCheck(check), check.ratio, "", std::string(TextsOf(check.form).clause),
+          behind + Line(place.empty() && remark.Empty() ? "" : "  ") +
+              Line().Add(check.status == kAbove ? "ABOVE LIMIT" : "within limit",
+                         check.status == kAbove ? Span::Style::bad : Span::Style::good));
+}
+
+}  // namespace kestrum

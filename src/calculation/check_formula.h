@@ -1,0 +1,25 @@
+#pragma once
+
+// The formula of a check with its numbers, from the texts of core/check_list.inc and the terms that
+// the calculation left.
+
+#include "core/check.h"
+#include "document/document.h"
+
+#include <string_view>
+
+namespace kestrum {
+
+// "N_b,y,Rd" of the text "Nb,y,Rd", "χ_LT" of "xLT", "α" of "alfa".
+Symbol SymbolOfCheck(std::string_view name);
+
+// Null for a remark, and for texts whose names and numbers do not pair.
+Expr FormulaOfCheck(const Check& check);
+
+// "IR = formula = numbers = ratio [clause]", and where it holds.
+void AddCheck(Document& d, const Check& check, Line remark = {});
+
+// "at x = 0.50 L", "between 1L/3 and 2L/3"; empty for the whole member.
+std::string PlaceText(const CheckPlace& place);
+
+}  // namespace kestrum

@@ -1,0 +1,24 @@
+#pragma once
+
+// The checks of both sets of rules under common names, so that they stand side by side.
+
+#include "core/check.h"
+#include "standard/result.h"
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace kestrum {
+
+struct CheckPair {
+    std::string_view name;
+    std::vector<CheckId> program;  // the largest of them counts
+    std::optional<standard::CheckId> standard;
+};
+const std::vector<CheckPair>& CheckPairs();
+
+// The judged check of the pair with the largest ratio, null without one.
+const Check* LargestOf(const CheckPair& pair, const CheckList& list);
+
+}  // namespace kestrum

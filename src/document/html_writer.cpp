@@ -1,0 +1,232 @@
+#include "document/html_writer.h"
+
+#include "core/xml_text.h"
+#include "document/base64.h"
+#include "document/mathml.h"
+#include "document/notation.h"
+#include "report/svg_writer.h"
+
+#include <span>
+
+namespace kestrum {
+
+namespace {
+
+#include "document/html_style.inc"
+
+constexpr double kPixelsPerMm = 96 / 25.4;
+
+std::string IdOf(std::size_t block)
+{
+    return "s" + std::to_string(block);
+}
+
+class HtmlWriter {
+public:
+    explicit HtmlWriter(const Document& document) : document_(document) {}
+
+    std::string Take()
+    {
+        Head();
+        Contents();
+        for (std::size_t i = 0; i < document_.blocks.size(); ++i) {
+            at_ = i;
+            std::visit(*this, document_.blocks[i]);
+        }
+        out_ += "<footer>" + XmlText(document_.head.footer) + "</footer>\n</body>\n</html>\n";
+        return std::move(out_);
+    }
+
+    void operator()(const Heading& heading)
+    {
+        const std::string name = "h" + std::to_string(heading.level);
+        out_ += "<" + name + " id=\"" + IdOf(at_) + "\"" + (new_page_ ? " class=\"new\"" : "") +
+                ">" + XmlText(heading.text) + "</" + name + ">\n";
+        new_page_ = false;
+    }
+    void operator()(const Paragraph& paragraph)
+    {
+        constexpr std::string_view kClasses[] = {"", " class=\"verdict good\"",
+                                                 " class=\"verdict bad\"", " class=\"remark\""};
+        out_.append("<p").append(kClasses[static_cast<std::size_t>(paragraph.kind)]).append(">");
+        Text(paragraph.text);
+        out_ += "</p>\n";
+    }
+    void operator()(const TextTable& table)
+    {
+        out_ += "<div class=\"scroll\"><table>\n";
+        if (!table.caption.empty()) {
+            out_ += "<caption>" + XmlText(table.caption) + "</caption>\n";
+        }
+        std::vector<Line> titles;
+        for (const TextTable::Column& column : table.columns) {
+            titles.push_back(column.title);
+        }
+        out_ += "<thead>";
+        Row(table, titles, "th", 0);
+        out_ += "</thead>\n<tbody>\n";
+        std::size_t member = 0;
+        for (const std::vector<Line>& row : table.rows) {
+            Row(table, row, "td", table.contents ? ++member : 0);
+        }
+        out_ += "</tbody>\n</table></div>\n";
+    }
+    void operator()(const Equation& equation)
+    {
+        out_ += "<div class=\"eq\">";
+        for (const std::string& part : MathMlParts(equation, document_.head.decimal)) {
+            out_ += "<math displaystyle=\"true\">" + part + "</math>";
+        }
+        if (!equation.remark.Empty()) {
+            out_ += "<span class=\"note\">";
+            Text(equation.remark);
+            out_ += "</span>";
+        }
+        if (!equation.clause.empty()) {
+            out_ += "<span class=\"clause\">[" + XmlText(equation.clause) + "]</span>";
+        }
+        out_ += "</div>\n";
+    }
+    void operator()(const FigureRow& row)
+    {
+        out_ += "<div class=\"figures\">\n";
+        for (const Figure& figure : row.figures) {
+            out_ += "<figure style=\"max-width:" +
+                    std::to_string(static_cast<int>(figure.width * kPixelsPerMm)) + "px\">" +
+                    SvgElement(figure.drawing, kPixelsPerMm) + "<figcaption>" +
+                    XmlText(figure.caption) + "</figcaption></figure>\n";
+        }
+        out_ += "</div>\n";
+    }
+    void operator()(const PageBreak&) { new_page_ = true; }
+
+private:
+    void Head()
+    {
+        const DocumentHead& head = document_.head;
+        out_ = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+               "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
+               "<title>" +
+               XmlText(head.title) + "</title>\n";
+        if (!head.author.empty()) {
+            out_ += "<meta name=\"author\" content=\"" + XmlText(head.author) + "\">\n";
+        }
+        out_.append("<style>").append(kStyle).append("</style>\n</head>\n<body>\n");
+        out_ += "<header class=\"doc\"><div>";
+        if (!head.logo.bytes.empty()) {
+            out_ += "<img alt=\"" + XmlText(head.company) + "\" src=\"data:image/" +
+                    (head.logo.svg ? "svg+xml" : "png") + ";base64," + Base64(head.logo.bytes) +
+                    "\">";
+        }
+        out_ += "<dl>";
+        Entry("Company", head.company);
+        Entry("Project", head.project);
+        Entry("Identification", head.ident);
+        Entry("Project number", head.projectnumber);
+        out_ += "</dl></div><dl>";
+        Entry("Author", head.author);
+        Entry("Checker", head.checker);
+        Entry("Revision", head.revision);
+        Entry("Date", head.date);
+        out_ += "</dl></header>\n";
+    }
+    void Entry(std::string_view name, const std::string& value)
+    {
+        if (!value.empty()) {
+            out_.append("<dt>").append(name).append("</dt><dd>");
+            AppendXml(out_, value);
+            out_ += "</dd>";
+        }
+    }
+    void Contents()
+    {
+        out_ += "<nav><ul>\n";
+        for (std::size_t i = 0; i < document_.blocks.size(); ++i) {
+            const auto* const heading = std::get_if<Heading>(&document_.blocks[i]);
+            if (heading != nullptr && heading->level <= 2) {
+                members_ += heading->level == 1 ? IdOf(i) + " " : "";
+                out_ +=
+                    "<li><a href=\"#" + IdOf(i) + "\">" + XmlText(heading->text) + "</a></li>\n";
+            }
+        }
+        out_ += "</ul></nav>\n";
+    }
+    // Id of the n-th heading of level 1, from 1.
+    std::string MemberId(std::size_t number) const
+    {
+        std::size_t at = 0;
+        for (; number > 1; --number) {
+            at = members_.find(' ', at) + 1;
+        }
+        return members_.substr(at, members_.find(' ', at) - at);
+    }
+    void Row(const TextTable& table, std::span<const Line> cells, std::string_view name,
+             std::size_t member)
+    {
+        out_ += "<tr>";
+        for (std::size_t i = 0; i < table.columns.size(); ++i) {
+            out_.append("<").append(name).append(table.columns[i].right ? " class=\"r\">" : ">");
+            const bool link = member > 0 && i == 0;
+            out_ += link ? "<a href=\"#" + MemberId(member) + "\">" : "";
+            if (i < cells.size()) {
+                Text(cells[i]);
+            }
+            out_ += link ? "</a>" : "";
+            out_.append("</").append(name).append(">");
+        }
+        out_ += "</tr>\n";
+    }
+    void Text(const Line& line)
+    {
+        for (const Span& span : line.spans) {
+            switch (span.style) {
+            case Span::Style::strong:
+                out_ += "<b>" + XmlText(span.text) + "</b>";
+                break;
+            case Span::Style::subscript:
+                out_ += "<sub>" + XmlText(span.text) + "</sub>";
+                break;
+            case Span::Style::number:
+                Number(span.text);
+                break;
+            case Span::Style::good:
+                out_ += "<b class=\"good\">" + XmlText(span.text) + "</b>";
+                break;
+            case Span::Style::bad:
+                out_ += "<b class=\"bad\">" + XmlText(span.text) + "</b>";
+                break;
+            case Span::Style::bar:
+                out_ +=
+                    "<span style=\"text-decoration:overline\">" + XmlText(span.text) + "</span>";
+                break;
+            case Span::Style::plain:
+                AppendXml(out_, span.text);
+                break;
+            }
+        }
+    }
+    void Number(const std::string& number)
+    {
+        const std::string text = NumberInLine(number, document_.head.decimal);
+        const std::size_t power = text.find('^');
+        out_ += text.substr(0, power);
+        if (power != std::string::npos) {
+            out_ += "<sup>" + text.substr(power + 1) + "</sup>";
+        }
+    }
+
+    const Document& document_;
+    std::string out_;
+    std::string members_;  // ids of the headings of level 1, each with a blank behind it
+    std::size_t at_ = 0;
+    bool new_page_ = false;
+};
+
+}  // namespace
+
+std::string WriteHtml(const Document& document)
+{
+    return HtmlWriter(document).Take();
+}
+
+}  // namespace kestrum

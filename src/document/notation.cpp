@@ -1,0 +1,188 @@
+#include "document/notation.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrum {
+
+namespace {
+
+constexpr std::string_view kBarAbove = "\xCC\x85";  // combining overline
+
+int RankOf(const Term& term)
+{
+    switch (term.op) {
+    case Op::add:
+    case Op::subtract:
+        return 1;
+    case Op::multiply:
+    case Op::divide:
+        return 2;
+    case Op::power:
+        return 3;
+    default:
+        return 4;
+    }
+}
+
+struct InLine {
+    bool numbers;
+    int digits;
+    char decimal;
+
+    std::string operator()(const Expr& expr) const;
+    std::string Operand(const Term& outer, const Expr& inner, bool left) const
+    {
+        const std::string text = (*this)(inner);
+        // A negative number behind an operator.
+        const bool negative = numbers && text.starts_with('-') && !(left && RankOf(outer) < 3);
+        // A number with a power of ten is a product.
+        const bool product = inner->op == Op::symbol && text.find("·10^") != std::string::npos &&
+                             (outer.op == Op::power || (outer.op == Op::divide && !left));
+        return negative || product || NeedsBrackets(outer, *inner, left) ? "(" + text + ")" : text;
+    }
+    std::string List(const Term& term) const
+    {
+        std::string text;
+        for (const Expr& part : term.parts) {
+            text += (text.empty() ? "" : "; ") + (*this)(part);
+        }
+        return text;
+    }
+};
+
+std::string InLine::operator()(const Expr& expr) const
+{
+    const Term& term = *expr;
+    if (!numbers) {
+        if (const Expr* const rest = WithoutScale(term)) {
+            return (*this)(*rest);
+        }
+    }
+    const auto binary = [&](std::string_view sign) {
+        return Operand(term, term.parts[0], true) + std::string(sign) +
+               Operand(term, term.parts[1], false);
+    };
+    switch (term.op) {
+    case Op::symbol:
+        return numbers ? NumberInLine(NumberText(term.value, digits), decimal)
+                       : SymbolInLine(term.symbol);
+    case Op::constant:
+        return term.text.empty() ? NumberInLine(NumberText(term.value, 15), decimal) : term.text;
+    case Op::scale:
+        return "10^" + std::to_string(static_cast<int>(term.value));
+    case Op::add:
+        return binary(" + ");
+    case Op::subtract:
+        return binary(" - ");
+    case Op::multiply:
+        return binary("·");
+    case Op::divide:
+        return binary("/");
+    case Op::power:
+        return binary("^");
+    case Op::root:
+        return "√(" + List(term) + ")";
+    case Op::size:
+        return "|" + List(term) + "|";
+    case Op::least:
+        return "min(" + List(term) + ")";
+    case Op::largest:
+        return "max(" + List(term) + ")";
+    case Op::cosine:
+        return "cos(" + List(term) + "°)";
+    case Op::sine:
+        return "sin(" + List(term) + "°)";
+    }
+    return {};
+}
+
+}  // namespace
+
+bool NeedsBrackets(const Term& outer, const Term& inner, bool left)
+{
+    const int rank = RankOf(inner), around = RankOf(outer);
+    if (around == 4 || rank > around) {
+        return false;
+    }
+    if (rank < around) {
+        return true;
+    }
+    // a - (b + c), a/(b c), (a^b)^c
+    return outer.op == Op::power ||
+           (!left && (outer.op == Op::subtract || outer.op == Op::divide ||
+                      (outer.op == Op::multiply && inner.op == Op::divide)));
+}
+
+const Expr* WithoutScale(const Term& term)
+{
+    if (term.op != Op::multiply && term.op != Op::divide) {
+        return nullptr;
+    }
+    if (term.parts[1]->op == Op::scale) {
+        return &term.parts[0];
+    }
+    return term.op == Op::multiply && term.parts[0]->op == Op::scale ? &term.parts[1] : nullptr;
+}
+
+std::string NumberInLine(std::string_view number, char decimal)
+{
+    std::string text(number);
+    std::replace(text.begin(), text.end(), '.', decimal);
+    const std::size_t e = text.find('e');
+    return e == std::string::npos ? text : text.substr(0, e) + "·10^" + text.substr(e + 1);
+}
+
+std::string SymbolInLine(const Symbol& symbol)
+{
+    return symbol.letter + (symbol.bar ? std::string(kBarAbove) : "") +
+           (symbol.subscript.empty() ? "" : "_" + symbol.subscript);
+}
+
+std::string FormulaInLine(const Expr& expr, char decimal)
+{
+    return InLine{false, 0, decimal}(expr);
+}
+
+std::string CalculationInLine(const Expr& expr, int digits, char decimal)
+{
+    return InLine{true, digits, decimal}(expr);
+}
+
+std::string UnitText(std::string_view unit)
+{
+    // mm2, mm3, mm4, mm6: the digit behind a letter is raised.
+    std::string text;
+    for (const char c : unit) {
+        const bool raised = !text.empty() && (c == '2' || c == '3' || c == '4' || c == '6');
+        text += !raised    ? std::string(1, c)
+                : c == '2' ? "²"
+                : c == '3' ? "³"
+                : c == '4' ? "⁴"
+                           : "⁶";
+    }
+    return text;
+}
+
+std::string PlainText(const Line& line, char decimal)
+{
+    std::string text;
+    for (const Span& span : line.spans) {
+        switch (span.style) {
+        case Span::Style::number:
+            text += NumberInLine(span.text, decimal);
+            break;
+        case Span::Style::subscript:
+            text += "_" + span.text;
+            break;
+        case Span::Style::bar:
+            text += span.text + std::string(kBarAbove);
+            break;
+        default:
+            text += span.text;
+        }
+    }
+    return text;
+}
+
+}  // namespace kestrum

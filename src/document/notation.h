@@ -1,0 +1,26 @@
+#pragma once
+
+// Formulas in a line of text: "Φ = 0.5·(1 + α·(λ̄_y - 0.2) + λ̄_y^2)", with symbols or with the
+// numbers of an equation.
+
+#include "document/document.h"
+
+namespace kestrum {
+
+// Whether an operand needs brackets: `left` where it comes first.
+bool NeedsBrackets(const Term& outer, const Term& inner, bool left);
+
+// A product or quotient by a scale is its other operand alone in a formula; null for any other.
+const Expr* WithoutScale(const Term& term);
+
+// "36.92·10^6" for "36.92e6", with the decimal sign.
+std::string NumberInLine(std::string_view number, char decimal);
+
+std::string SymbolInLine(const Symbol& symbol);
+std::string FormulaInLine(const Expr& expr, char decimal);
+std::string CalculationInLine(const Expr& expr, int digits, char decimal);
+
+// "kN", "kN/m²".
+std::string UnitText(std::string_view unit);
+
+}  // namespace kestrum

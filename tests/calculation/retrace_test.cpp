@@ -1,0 +1,149 @@
+// Every equation of a report, calculated from its printed numbers, gives its printed result, and
+// that is the value of the record.
+
+#include "calculation/calculation_report.h"
+
+#include "core/project_file.h"
+#include "document/markdown_writer.h"
+#include "support/member.h"
+#include "support/printed_formula.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace kestrum {
+namespace {
+
+namespace fs = std::filesystem;
+
+ProjectState ProjectOf(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    ProjectState s = MemberOf("");
+    EXPECT_FALSE(ReadProject(s, bytes)) << path;
+    return s;
+}
+
+// Grade S355, no national annex.
+constexpr const char* kSettings = "annexcode=EU fykindex=2 e=210000 gammam0=1 gammam1=1 neta=1.2 "
+                                  "psi1index=6 psi2index=2 deflimity=300 deflimitz=300 ";
+
+struct Printed {
+    std::string symbol, calculation, value;  // no calculation: the value alone
+};
+
+// "- `N = A·f_y = 5383·355·10^-3 = 1911.0 kN` \[6.2.3\]"
+std::vector<Printed> PrintedOf(const std::string& markdown)
+{
+    std::vector<Printed> all;
+    std::size_t at = 0;
+    while ((at = markdown.find("\n- `", at)) != std::string::npos) {
+        at += 4;
+        const std::string text = markdown.substr(at, markdown.find('`', at) - at);
+        std::vector<std::string> parts;
+        for (std::size_t from = 0, to = 0; to != std::string::npos; from = to + 3) {
+            to = text.find(" = ", from);
+            parts.push_back(text.substr(from, to == std::string::npos ? to : to - from));
+        }
+        const std::string& last = parts.back();
+        all.push_back({parts.front(), parts.size() > 2 ? parts[parts.size() - 2] : "",
+                       last.substr(0, last.find(' '))});
+    }
+    return all;
+}
+
+std::vector<Printed> ReportOf(const ProjectState& s)
+{
+    return PrintedOf(WriteMarkdown(CalculationReport(DeliveredTables(), s)));
+}
+
+TEST(Retrace, EveryEquationOfTheExamplesGivesItsResult)
+{
+    std::size_t equations = 0;
+    for (const char* const folder : {"/examples", "/examples/deviations"}) {
+        for (const auto& entry : fs::directory_iterator(std::string(KESTRUM_SOURCE) + folder)) {
+            if (entry.path().extension() != ".kst") {
+                continue;
+            }
+            SCOPED_TRACE(entry.path().filename().string());
+            for (const Printed& printed : ReportOf(ProjectOf(entry.path()))) {
+                if (printed.calculation.empty()) {
+                    continue;
+                }
+                ++equations;
+                const double result = PocketCalculator(printed.value).Value();
+                EXPECT_LE(std::abs(PocketCalculator(printed.calculation).Value() - result),
+                          LastDigit(printed.value) * (1 + 1e-9))
+                    << printed.symbol << " = " << printed.calculation << " = " << printed.value;
+            }
+        }
+    }
+    EXPECT_GT(equations, 1500U);
+}
+
+// A ratio without its formula would be one that nobody can retrace.
+TEST(Retrace, EveryRatioOfTheProgramHasItsFormula)
+{
+    for (const auto& entry : fs::directory_iterator(KESTRUM_SOURCE "/examples")) {
+        if (entry.path().extension() != ".kst") {
+            continue;
+        }
+        for (const Printed& printed : ReportOf(ProjectOf(entry.path()))) {
+            EXPECT_FALSE(printed.symbol == "IR" && printed.calculation.empty())
+                << entry.path().filename() << ": " << printed.value;
+        }
+    }
+}
+
+// Of a rolled I section in compression and bending about both axes all values of the stability
+// stage are retraced, and are those of the record.
+TEST(Retrace, ResultsAreThoseOfTheRecord)
+{
+    const std::string member =
+        "family=1 row.hea=6 l=5 nload[1]=150 qload[1]=8 qload[2]=2 qdir[2]=0 "
+        "ltb=1 loadlevel=1 ";
+    for (const char* const method : {"method=1", "method=2"}) {
+        const ProjectState input = MemberOf(kSettings + member + method);
+        ProjectState s = input;
+        ASSERT_TRUE(Calculate(DeliveredTables(), s)) << FailureText(s.failure);
+        ASSERT_GT(s.ned, 0);
+        std::map<std::string, Printed> found;
+        for (const Printed& printed : ReportOf(input)) {
+            found[printed.symbol] = printed;
+        }
+        const std::map<std::string, double> record = {
+            {"N_c,Rd", s.ncrd},      {"M_y,Rd", s.myrd},    {"M_z,Rd", s.mzrd},
+            {"V_pl,z,Rd", s.vplzrd}, {"N_cr,y", s.ncry},    {"N_cr,z", s.ncrz},
+            {"χ_y", s.chiy},         {"χ_z", s.chiz},       {"N_b,y,Rd", s.nbyrd},
+            {"N_b,z,Rd", s.nbzrd},   {"M_cr", s.mcr / 1e6}, {"χ_LT", s.xlt0},
+            {"χ_LT,mod", s.xlt},     {"k_yy", s.kyy},       {"k_yz", s.kyz},
+            {"k_zy", s.kzy},         {"k_zz", s.kzz},       {"A_v,z", s.avz}};
+        for (const auto& [symbol, value] : record) {
+            ASSERT_TRUE(found.contains(symbol)) << symbol;
+            const Printed& printed = found[symbol];
+            EXPECT_FALSE(printed.calculation.empty()) << symbol << " has no formula";
+            EXPECT_NEAR(PocketCalculator(printed.value).Value(), value, LastDigit(printed.value))
+                << symbol;
+        }
+    }
+}
+
+// The report of a member that fails says so and stops there.
+TEST(CalculationReport, OfAnUnstableMemberHasItsVerdict)
+{
+    const ProjectState s =
+        MemberOf(std::string(kSettings) + "family=1 row.hea=0 l=12 nload[1]=5000 qload[1]=5");
+    const std::string text = WriteMarkdown(CalculationReport(DeliveredTables(), s));
+    EXPECT_NE(text.find("unstable"), std::string::npos);
+    EXPECT_EQ(text.find("N_b,y,Rd"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kestrum

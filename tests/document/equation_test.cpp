@@ -1,0 +1,143 @@
+// Formulas, the numbers they are printed with, and what they give.
+
+#include "document/document.h"
+#include "document/html_writer.h"
+#include "document/markdown_writer.h"
+#include "document/notation.h"
+#include "support/printed_formula.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace kestrum {
+namespace {
+
+TEST(NumberText, KeepsSoManySignificantDigits)
+{
+    EXPECT_EQ(NumberText(0.730512, 4), "0.7305");
+    EXPECT_EQ(NumberText(355, 5), "355");
+    EXPECT_EQ(NumberText(9.5F, 5), "9.5");
+    EXPECT_EQ(NumberText(-12.3456, 4), "-12.35");
+    EXPECT_EQ(NumberText(0, 5), "0");
+    EXPECT_EQ(NumberText(99999.6, 5), "100000");
+    EXPECT_EQ(NumberText(285406.0, 4), "285406") << "no digit before the point is lost";
+}
+
+TEST(NumberText, LargeAndSmallNumbersHavePowersOfAThousand)
+{
+    EXPECT_EQ(NumberText(36920000, 5), "36.92e6");
+    EXPECT_EQ(NumberText(999999.9, 5), "1e6");
+    EXPECT_EQ(NumberText(0.00041412, 5), "414.12e-6");
+    EXPECT_EQ(NumberText(-487e9, 5), "-487e9");
+    EXPECT_EQ(NumberText(0.0051824, 5), "0.0051824");
+}
+
+TEST(NumberText, ResultsKeepTheirZeros)
+{
+    EXPECT_EQ(ResultText(0.5, 4), "0.5000");
+    EXPECT_EQ(ResultText(1.0, 5), "1.0000");
+}
+
+TEST(NumberText, OfNoNumberIsEmpty)
+{
+    EXPECT_EQ(NumberText(std::numeric_limits<double>::infinity(), 5), "");
+    EXPECT_EQ(NumberText(std::numeric_limits<double>::quiet_NaN(), 5), "");
+}
+
+TEST(LastDigitOf, FollowsDecimalsAndPower)
+{
+    EXPECT_DOUBLE_EQ(LastDigitOf("0.7305"), 1e-4);
+    EXPECT_DOUBLE_EQ(LastDigitOf("355"), 1);
+    EXPECT_DOUBLE_EQ(LastDigitOf("36.92e6"), 1e4);
+}
+
+// 1/3 + 1/3 = 2/3 = 0.66667; 0.33333 twice is 0.66666, one off, 0.333333 twice 0.666666.
+TEST(Equation, NumbersHaveFewDigitsWhereTheseGiveTheResult)
+{
+    const Equation equation =
+        EquationOf("c", Sym("a", 1.0 / 3) + Sym("b", 1.0 / 3), 2.0 / 3, "", "");
+    ASSERT_NE(equation.formula, nullptr);
+    EXPECT_EQ(equation.value, "0.66667");
+    EXPECT_EQ(equation.digits, 6);
+    EXPECT_EQ(EquationOf("c", Sym("a", 1.5) * Sym("b", 2), 3, "", "").digits, 5);
+}
+
+// 1.0001234 - 1 = 0.0001234: five digits of the first number would leave 0.0001.
+TEST(Equation, ADifferenceTakesMoreDigits)
+{
+    const Equation equation = EquationOf("c", Sym("a", 1.0001234) - Sym("b", 1), 0.0001234, "", "");
+    ASSERT_NE(equation.formula, nullptr);
+    EXPECT_GE(equation.digits, 8);
+    EXPECT_EQ(CalculationInLine(equation.formula, equation.digits, '.'), "1.0001234 - 1");
+}
+
+TEST(Equation, AFormulaThatDoesNotGiveTheValueIsNotPrinted)
+{
+    EXPECT_EQ(EquationOf("c", Sym("a", 2) * Sym("b", 3), 6.01, "", "").formula, nullptr);
+    EXPECT_NE(EquationOf("c", Sym("a", 2) * Sym("b", 3), 6.0, "", "").formula, nullptr);
+}
+
+TEST(Notation, BracketsFollowTheOperators)
+{
+    const Expr a = Sym("a", 2), b = Sym("b", 3), c = Sym("c", 4);
+    EXPECT_EQ(FormulaInLine(a * (b + c), '.'), "a·(b + c)");
+    EXPECT_EQ(FormulaInLine(a - (b - c), '.'), "a - (b - c)");
+    EXPECT_EQ(FormulaInLine(a / (b * c), '.'), "a/(b·c)");
+    EXPECT_EQ(FormulaInLine(a / b / c, '.'), "a/b/c");
+    EXPECT_EQ(FormulaInLine(Power(a * b, c), '.'), "(a·b)^c");
+    EXPECT_EQ(FormulaInLine(a + b * c, '.'), "a + b·c");
+    EXPECT_EQ(CalculationInLine(a - Sym("n", -3), 5, '.'), "2 - (-3)");
+    EXPECT_EQ(CalculationInLine(a / Sym("I", 2e6), 5, '.'), "2/(2·10^6)");
+}
+
+TEST(Notation, UnitsScaleTheNumbersOnly)
+{
+    const Expr force = Sym("A", 5383) * Sym("f_y", 355) * Ten(-3);
+    EXPECT_EQ(FormulaInLine(force, '.'), "A·f_y");
+    EXPECT_EQ(CalculationInLine(force, 5, '.'), "5383·355·10^-3");
+    EXPECT_DOUBLE_EQ(Evaluate(force), 1910.965);
+}
+
+// Every kind of operation: the printed text gives what the tree gives.
+TEST(Notation, TheTextGivesTheValueOfTheTree)
+{
+    const Expr a = Sym("a", -2.25), b = Sym("b", 3.5e7), c = Sym("c", 0.125);
+    const Expr all[] = {Size(a) + Root(c) * Num(2),
+                        Least({a, c, b}) - Largest({a, c}),
+                        Square(a) / b * Ten(9),
+                        Power(c, Num(3)) / (a * c),
+                        Cosine(Sym("α", 30)) - Sine(Sym("α", 30)),
+                        Square(b) / Square(a),
+                        Pi() * (c - (a - b))};
+    for (const Expr& expr : all) {
+        const std::string text = CalculationInLine(expr, 15, '.');
+        const double value = Evaluate(expr);
+        EXPECT_NEAR(PocketCalculator(text).Value(), value, 1e-12 * std::abs(value)) << text;
+    }
+}
+
+TEST(Writers, TextsOfTheUserAreNoMarkup)
+{
+    Document d;
+    d.head.project = "<b>A & B</b> | x*y";
+    d.Say("a < b & \"c\"");
+    const std::string html = WriteHtml(d);
+    EXPECT_EQ(html.find("<b>A"), std::string::npos);
+    EXPECT_NE(html.find("&lt;b&gt;A &amp; B"), std::string::npos);
+    EXPECT_NE(html.find("a &lt; b &amp; &quot;c&quot;"), std::string::npos);
+    EXPECT_NE(WriteMarkdown(d).find("\\| x\\*y"), std::string::npos);
+}
+
+TEST(Writers, TheDecimalSignIsThatOfTheDocument)
+{
+    Document d;
+    d.head.decimal = ',';
+    d.Add("c", Sym("a", 1.5) * Sym("b", 2), 3, "kN", "6.2.4");
+    EXPECT_NE(WriteMarkdown(d).find("1,5·2 = 3,0000 kN` \\[6.2.4\\]"), std::string::npos);
+    EXPECT_NE(WriteHtml(d).find("<mn>1,5</mn>"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kestrum
