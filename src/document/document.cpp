@@ -78,27 +78,27 @@ Equation EquationOf(const Symbol& symbol, const Expr& formula, double value, std
 
 void Document::Member(std::string title)
 {
-    blocks.emplace_back(std::in_place_type<Heading>, 1, std::move(title));
+    blocks.emplace_back(std::in_place_type<Heading>, Heading{1, std::move(title)});
 }
 
 void Document::Chapter(std::string title)
 {
-    blocks.emplace_back(std::in_place_type<Heading>, 2, std::move(title));
+    blocks.emplace_back(std::in_place_type<Heading>, Heading{2, std::move(title)});
 }
 
 void Document::Part(std::string title)
 {
-    blocks.emplace_back(std::in_place_type<Heading>, 3, std::move(title));
+    blocks.emplace_back(std::in_place_type<Heading>, Heading{3, std::move(title)});
 }
 
 void Document::Say(Line text, Paragraph::Kind kind)
 {
-    blocks.emplace_back(std::in_place_type<Paragraph>, std::move(text), kind);
+    blocks.emplace_back(std::in_place_type<Paragraph>, Paragraph{std::move(text), kind});
 }
 
 void Document::Show(std::vector<Figure> figures)
 {
-    blocks.emplace_back(std::in_place_type<FigureRow>, std::move(figures));
+    blocks.emplace_back(std::in_place_type<FigureRow>, FigureRow{std::move(figures)});
 }
 
 void Document::Add(TextTable table)
