@@ -19,9 +19,9 @@ static int report(const kestrum_result *result)
            kestrum_result_ratio(result, KESTRUM_BASIS_PROGRAM),
            kestrum_result_governing(result, KESTRUM_BASIS_PROGRAM),
            kestrum_result_clause(result, KESTRUM_BASIS_PROGRAM));
-    for (size_t i = 0; i < kestrum_result_checks(result); ++i) {
+    for (size_t i = 0; i < kestrum_result_checks(result, KESTRUM_BASIS_PROGRAM); ++i) {
         kestrum_check check;
-        if (kestrum_result_check(result, i, &check, NULL) == KESTRUM_OK) {
+        if (kestrum_result_check(result, KESTRUM_BASIS_PROGRAM, i, &check, NULL) == KESTRUM_OK) {
             printf("%-20s %.3f  %s\n", check.check, check.ratio, check.clause);
         }
     }

@@ -43,7 +43,9 @@ typedef enum kestrum_code {
 enum {
     KESTRUM_BASIS_PROGRAM = 1,  /* those of Kestrum EC3, with its listed deviations */
     KESTRUM_BASIS_STANDARD = 2, /* EN 1993-1-1 as written */
-    KESTRUM_BASIS_BOTH = 3
+    KESTRUM_BASIS_BOTH = 3,
+    /* With both bases of a member: what each deviation costs, which takes many calculations. */
+    KESTRUM_COSTS = 4
 };
 
 typedef enum kestrum_status {
@@ -63,6 +65,7 @@ typedef struct kestrum_catalogue kestrum_catalogue;
 typedef struct kestrum_member kestrum_member;
 typedef struct kestrum_result kestrum_result;
 typedef struct kestrum_table kestrum_table;
+typedef struct kestrum_envelope kestrum_envelope;
 
 /* "1.3.1" */
 KESTRUM_API const char *kestrum_version(void);
@@ -127,7 +130,8 @@ KESTRUM_API kestrum_code kestrum_member_read_project(kestrum_member *member, con
 KESTRUM_API kestrum_code kestrum_member_project(const kestrum_member *member, kestrum_text **out,
                                                 kestrum_error **error);
 
-/* Calculates. A member that cannot be calculated is no error but a result with its status. */
+/* Calculates. A member that cannot be calculated is no error but a result with its status. `basis`
+ * is one, both, or KESTRUM_BASIS_BOTH | KESTRUM_COSTS. */
 KESTRUM_API kestrum_code kestrum_member_check(const kestrum_member *member, unsigned basis,
                                               kestrum_result **out, kestrum_error **error);
 KESTRUM_API void kestrum_result_free(kestrum_result *result);
@@ -138,7 +142,8 @@ KESTRUM_API kestrum_status kestrum_result_status(const kestrum_result *result, u
 KESTRUM_API double kestrum_result_ratio(const kestrum_result *result, unsigned basis);
 /* "within limits, 2 notes on the unsafe side" */
 KESTRUM_API const char *kestrum_result_verdict(const kestrum_result *result, unsigned basis);
-/* Check and clause of the largest ratio: "ltb", "6.3.2". */
+/* Check and clause of the largest ratio: the formula by the rules of the program, the name of the
+ * check by the standard; "My,Ed/My,Rd" or "section_My", "6.2.5". */
 KESTRUM_API const char *kestrum_result_governing(const kestrum_result *result, unsigned basis);
 KESTRUM_API const char *kestrum_result_clause(const kestrum_result *result, unsigned basis);
 /* Why there is no ratio, or what the rules do not cover; empty where there is nothing to say. */
@@ -154,26 +159,44 @@ typedef struct kestrum_failure {
 } kestrum_failure;
 KESTRUM_API kestrum_failure kestrum_result_failure(const kestrum_result *result);
 
-/* The checks by EN 1993-1-1 as written. */
+/* The checks of one basis that have a ratio. Texts last as long as the result. */
 typedef struct kestrum_check {
     const char *check;     /* "section_My", "flexural_z", "ltb", "eq661", "deflection_z" */
+    const char *formula;   /* by the rules of the program: "My,Ed/My,Rd"; else empty */
     const char *clause;    /* of EN 1993-1-1 unless it says so */
-    const char *load_case; /* the combination of actions: "6.10 G + Q1" */
-    double place;          /* x/L; NaN for a check of the whole member */
-    double ratio;
+    const char *load_case; /* by the standard the combination: "6.10 G + Q1"; else empty */
+    double place;          /* x/L; NaN for a check of the whole member or of a segment */
+    double ratio, limit;
+    int point;             /* of the section, from 1; 0 for none */
+    int segment, segments; /* between restraints, from 1, and their number; 0 for none */
 } kestrum_check;
-KESTRUM_API size_t kestrum_result_checks(const kestrum_result *result);
-KESTRUM_API kestrum_code kestrum_result_check(const kestrum_result *result, size_t index,
-                                              kestrum_check *out, kestrum_error **error);
+KESTRUM_API size_t kestrum_result_checks(const kestrum_result *result, unsigned basis);
+KESTRUM_API kestrum_code kestrum_result_check(const kestrum_result *result, unsigned basis,
+                                              size_t index, kestrum_check *out,
+                                              kestrum_error **error);
 
 /* Deviations of the program from the standard, on the unsafe side, that act in its result. */
 typedef struct kestrum_note {
     const char *id; /* "D201" */
     const char *text;
+    double cost; /* with KESTRUM_COSTS, that of the deviation below; else, and without one, NaN */
 } kestrum_note;
 KESTRUM_API size_t kestrum_result_notes(const kestrum_result *result);
 KESTRUM_API kestrum_code kestrum_result_note(const kestrum_result *result, size_t index,
                                              kestrum_note *out, kestrum_error **error);
+
+/* With KESTRUM_COSTS: deviations that change a ratio of the standard when this one alone is taken
+ * by the program's rule, the largest cost first. */
+typedef struct kestrum_deviation {
+    const char *id;
+    const char *text;
+    double cost;    /* the standard's largest ratio less that with the program's rule */
+    double without; /* the largest ratio with the program's rule; both NaN where there is none */
+    int unsafe;     /* some check comes out lower by the program's rule, or is missing */
+} kestrum_deviation;
+KESTRUM_API size_t kestrum_result_deviations(const kestrum_result *result);
+KESTRUM_API kestrum_code kestrum_result_deviation(const kestrum_result *result, size_t index,
+                                                  kestrum_deviation *out, kestrum_error **error);
 
 /* Any field of the calculation by its name, inputs and intermediate values: "kyy", "mcr". */
 KESTRUM_API kestrum_code kestrum_result_number(const kestrum_result *result, const char *name,
@@ -227,6 +250,57 @@ KESTRUM_API const char *kestrum_table_words(const kestrum_table *table, size_t r
                                             kestrum_words which);
 /* The column whose input is refused; column_count for none, or where several contradict. */
 KESTRUM_API size_t kestrum_table_refused(const kestrum_table *table, size_t row);
+
+/* Members under internal forces that another program has found. Each row of the forces is a
+ * station: a member, a case, a place and what acts there. The stations of a case run from 0 to the
+ * length of the member, every line is straight between two of them, and two at one place are the
+ * sides of a jump; rows may come in any order. N is positive in compression, Vz = dMy/dx, Vy =
+ * dMz/dx. Loads and end forces of the members are put aside, and there is neither deflection
+ * control nor modal analysis. */
+typedef struct kestrum_forces {
+    size_t rows;
+    const size_t *member;    /* row of the members; null: all of the first one */
+    const size_t *load_case; /* any number; null: one case of each member */
+    const double *x;         /* m */
+    const double *n, *vy, *vz, *my, *mz, *mx; /* kN, kNm; null for 0 */
+} kestrum_forces;
+
+/* The worst case of each member. Members are columns as in kestrum_table_check: without columns,
+ * one member is `base`. What is wrong with a member or a case is an answer, see the faults; only a
+ * name that is none and a member that is none fail. */
+KESTRUM_API kestrum_code kestrum_envelope_check(const kestrum_member *base,
+                                                const kestrum_column *columns, size_t column_count,
+                                                size_t members, const kestrum_forces *forces,
+                                                unsigned basis, unsigned threads,
+                                                kestrum_envelope **out, kestrum_error **error);
+KESTRUM_API void kestrum_envelope_free(kestrum_envelope *envelope);
+KESTRUM_API size_t kestrum_envelope_members(const kestrum_envelope *envelope);
+
+/* A case without a ratio is worse than every ratio; of equal ones the first row counts. Texts last
+ * as long as the envelope. */
+typedef struct kestrum_worst {
+    kestrum_status status;
+    double ratio; /* NEd/Ncr of an unstable member; NaN where there is none */
+    double x;     /* m; NaN for a check of the whole member */
+    size_t row;   /* of the forces, the first of its case; their number for none */
+    size_t cases, above, failed; /* number of cases, of those above the limit, without a ratio */
+    const char *verdict, *governing, *clause, *message;
+    const char *notes; /* separated by "; " */
+} kestrum_worst;
+KESTRUM_API kestrum_code kestrum_envelope_worst(const kestrum_envelope *envelope, size_t member,
+                                                unsigned basis, kestrum_worst *out,
+                                                kestrum_error **error);
+
+/* Members that cannot be calculated, then cases whose stations are none; the first thousand. */
+typedef struct kestrum_fault {
+    size_t member;
+    size_t column; /* the input that is refused; column_count for none */
+    size_t row;    /* of the forces; their number for none */
+    const char *text;
+} kestrum_fault;
+KESTRUM_API size_t kestrum_envelope_faults(const kestrum_envelope *envelope);
+KESTRUM_API kestrum_code kestrum_envelope_fault(const kestrum_envelope *envelope, size_t index,
+                                                kestrum_fault *out, kestrum_error **error);
 
 #ifdef __cplusplus
 }

@@ -190,16 +190,28 @@ private:
     std::shared_ptr<kestrum_catalogue> handle_;
 };
 
-// A check of EN 1993-1-1 as written.
+// A check that has a ratio.
 struct Check {
-    std::string check, clause, load_case;
-    double place;  // x/L; NaN for a check of the whole member
-    double ratio;
+    std::string check;
+    std::string formula;    // by the rules of the program
+    std::string clause;     // of EN 1993-1-1 unless it says so
+    std::string load_case;  // by the standard
+    double place;           // x/L; NaN for a check of the whole member or of a segment
+    double ratio, limit;
+    int point, segment, segments;  // from 1; 0 for none
 };
 
 // A deviation of the program, on the unsafe side, that acts in its result.
 struct Note {
     std::string id, text;
+    double cost;  // with Options::costs, see Deviation; NaN for none
+};
+
+// What the standard's largest ratio loses when one deviation alone is taken by the program's rule.
+struct Deviation {
+    std::string id, text;
+    double cost, without;  // without: the ratio that is left; both NaN where there is none
+    bool unsafe;           // some check comes out lower, or is missing
 };
 
 struct Failure {
@@ -245,13 +257,15 @@ public:
         const kestrum_failure f = kestrum_result_failure(get());
         return {f.stage, f.cause, f.quantity, f.value, f.limit, f.unit};
     }
-    std::vector<Check> checks() const
+    std::vector<Check> checks(Basis basis = Basis::program) const
     {
+        const auto which = static_cast<unsigned>(basis);
         std::vector<Check> list;
         kestrum_check c{};
-        for (std::size_t i = 0; i < kestrum_result_checks(get()); ++i) {
-            if (kestrum_result_check(get(), i, &c, nullptr) == KESTRUM_OK) {
-                list.push_back({c.check, c.clause, c.load_case, c.place, c.ratio});
+        for (std::size_t i = 0; i < kestrum_result_checks(get(), which); ++i) {
+            if (kestrum_result_check(get(), which, i, &c, nullptr) == KESTRUM_OK) {
+                list.push_back({c.check, c.formula, c.clause, c.load_case, c.place, c.ratio,
+                                c.limit, c.point, c.segment, c.segments});
             }
         }
         return list;
@@ -262,7 +276,19 @@ public:
         kestrum_note n{};
         for (std::size_t i = 0; i < kestrum_result_notes(get()); ++i) {
             if (kestrum_result_note(get(), i, &n, nullptr) == KESTRUM_OK) {
-                list.push_back({n.id, n.text});
+                list.push_back({n.id, n.text, n.cost});
+            }
+        }
+        return list;
+    }
+    // With Options::costs, the largest cost first.
+    std::vector<Deviation> deviations() const
+    {
+        std::vector<Deviation> list;
+        kestrum_deviation d{};
+        for (std::size_t i = 0; i < kestrum_result_deviations(get()); ++i) {
+            if (kestrum_result_deviation(get(), i, &d, nullptr) == KESTRUM_OK) {
+                list.push_back({d.id, d.text, d.cost, d.without, d.unsafe != 0});
             }
         }
         return list;
@@ -310,6 +336,7 @@ private:
 
 struct Options {
     Basis basis = Basis::both;
+    bool costs = false;  // of the deviations; with both bases, takes many calculations
 };
 
 // Inputs of a member; copies are independent.
@@ -409,12 +436,14 @@ public:
 
     Result check(Options options = {}) const
     {
-        return Result(detail::Sure(detail::Answered<kestrum_result, kestrum_result_free>(
-                                       [&](auto** out, auto** e) {
-                                           return kestrum_member_check(
-                                               get(), static_cast<unsigned>(options.basis), out, e);
-                                       }))
-                          .release());
+        const bool costs = options.costs && options.basis == Basis::both;
+        const unsigned what = static_cast<unsigned>(options.basis) | (costs ? unsigned{KESTRUM_COSTS} : 0U);
+        return Result(
+            detail::Sure(detail::Answered<kestrum_result, kestrum_result_free>(
+                             [&](auto** out, auto** e) {
+                                 return kestrum_member_check(get(), what, out, e);
+                             }))
+                .release());
     }
 
     const kestrum_member* get() const { return handle_.get(); }
@@ -434,6 +463,19 @@ struct Column {
     const char* const* texts = nullptr;
 };
 
+namespace detail {
+
+inline std::vector<kestrum_column> Listed(const std::vector<Column>& columns)
+{
+    std::vector<kestrum_column> list;
+    for (const Column& column : columns) {
+        list.push_back({column.name.c_str(), column.numbers, column.texts});
+    }
+    return list;
+}
+
+}  // namespace detail
+
 struct TableOptions {
     Basis basis = Basis::both;
     std::vector<std::string> fields = {};  // values to keep
@@ -447,11 +489,8 @@ public:
     static Expected<Table> check(const Member& base, const std::vector<Column>& columns,
                                  std::size_t rows, const TableOptions& options = {})
     {
-        std::vector<kestrum_column> list;
+        const std::vector<kestrum_column> list = detail::Listed(columns);
         std::vector<const char*> fields;
-        for (const Column& column : columns) {
-            list.push_back({column.name.c_str(), column.numbers, column.texts});
-        }
         for (const std::string& field : options.fields) {
             fields.push_back(field.c_str());
         }
@@ -499,6 +538,107 @@ private:
     }
     std::shared_ptr<kestrum_table> handle_;
     std::size_t columns_;
+};
+
+// Stations of members under cases, as columns; see kestrum_forces for units and signs.
+using Forces = kestrum_forces;
+
+// The worst case of a member in one basis.
+struct Worst {
+    Status status;
+    double ratio;  // NEd/Ncr of an unstable member; NaN where there is none
+    double x;      // m; NaN for a check of the whole member
+    std::size_t row;                   // of the forces, the first of the case; their number for none
+    std::size_t cases, above, failed;  // number of cases, of those above the limit, without a ratio
+    std::string verdict, governing, clause, message, notes;
+};
+
+// A member that cannot be calculated, or stations that do not run from end to end.
+struct Fault {
+    std::size_t member;
+    std::size_t column;  // the input that is refused; their number for none
+    std::size_t row;     // of the forces; their number for none
+    std::string text;
+};
+
+struct EnvelopeOptions {
+    Basis basis = Basis::both;
+    unsigned threads = 0;  // 0: all cores
+};
+
+// Many members under internal forces that another program has found; copies share the answers.
+class Envelope {
+public:
+    // Members are columns as in Table::check. Fails for a name that is none and for a member that
+    // is none.
+    static Expected<Envelope> check(const Member& base, const std::vector<Column>& columns,
+                                    std::size_t members, const Forces& forces,
+                                    const EnvelopeOptions& options = {})
+    {
+        const std::vector<kestrum_column> list = detail::Listed(columns);
+        auto made = detail::Answered<kestrum_envelope, kestrum_envelope_free>(
+            [&](auto** out, auto** e) {
+                return kestrum_envelope_check(base.get(), list.data(), list.size(), members,
+                                              &forces, static_cast<unsigned>(options.basis),
+                                              options.threads, out, e);
+            });
+        if (!made) {
+            return made.error();
+        }
+        return Envelope(std::move(*made));
+    }
+    // One member.
+    static Expected<Envelope> check(const Member& member, const Forces& forces,
+                                    const EnvelopeOptions& options = {})
+    {
+        return check(member, {}, 1, forces, options);
+    }
+
+    std::size_t members() const { return kestrum_envelope_members(get()); }
+    // Of a basis that was asked for.
+    Expected<Worst> worst(std::size_t member, Basis basis = Basis::program) const
+    {
+        kestrum_worst w{};
+        const std::optional<Error> error = detail::Done([&](auto** e) {
+            return kestrum_envelope_worst(get(), member, static_cast<unsigned>(basis), &w, e);
+        });
+        if (error) {
+            return *error;
+        }
+        return Worst{static_cast<Status>(w.status),
+                     w.ratio,
+                     w.x,
+                     w.row,
+                     w.cases,
+                     w.above,
+                     w.failed,
+                     w.verdict,
+                     w.governing,
+                     w.clause,
+                     w.message,
+                     w.notes};
+    }
+    // The first thousand, those of the members first.
+    std::vector<Fault> faults() const
+    {
+        std::vector<Fault> list;
+        kestrum_fault f{};
+        for (std::size_t i = 0; i < kestrum_envelope_faults(get()); ++i) {
+            if (kestrum_envelope_fault(get(), i, &f, nullptr) == KESTRUM_OK) {
+                list.push_back({f.member, f.column, f.row, f.text});
+            }
+        }
+        return list;
+    }
+
+    const kestrum_envelope* get() const { return handle_.get(); }
+
+private:
+    explicit Envelope(detail::Handle<kestrum_envelope, kestrum_envelope_free> handle)
+        : handle_(std::move(handle))
+    {
+    }
+    std::shared_ptr<kestrum_envelope> handle_;
 };
 
 }  // namespace v1

@@ -5,8 +5,6 @@
 
 namespace kestrum::library {
 
-namespace {
-
 kestrum_status StatusOf(Verdict verdict)
 {
     switch (verdict) {
@@ -22,10 +20,14 @@ kestrum_status StatusOf(Verdict verdict)
         return KESTRUM_LOADS_DROPPED;
     case Verdict::nothing_acts:
         return KESTRUM_NOTHING_ACTS;
+    case Verdict::bad:
+        return KESTRUM_BAD_INPUT;
     default:
         return KESTRUM_NOT_CHECKED;
     }
 }
+
+namespace {
 
 // Adds to a list of sentences.
 void Append(std::string& list, std::string_view text)

@@ -16,6 +16,7 @@
 #include <memory>
 #include <new>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -50,12 +51,20 @@ struct Answer {
 };
 
 struct StoredCheck {
-    std::string check, clause, load_case;
+    std::string check, formula, clause, load_case;
     double place, ratio;
+    int point = 0, segment = 0, segments = 0;
 };
 
 struct StoredNote {
     std::string id, text;
+    double cost = std::numeric_limits<double>::quiet_NaN();
+};
+
+struct StoredDeviation {
+    std::string id, text;
+    double cost, without;
+    bool unsafe;
 };
 
 struct StoredFailure {
@@ -65,6 +74,7 @@ struct StoredFailure {
 // The field of an input; refuses a name that is none.
 AssignTarget TargetOf(std::string_view name);
 FieldRef FieldOf(std::string_view name);
+kestrum_status StatusOf(Verdict verdict);
 Answer ProgramAnswer(const Outcome& outcome);
 Answer StandardAnswer(const standard::StandardResult& standard);
 void RequireBasis(unsigned basis);
@@ -75,8 +85,9 @@ struct kestrum_result {
     kestrum::ProjectState state;  // after the pass by the rules of the program
     kestrum::library::Answer program, standard;
     kestrum::library::StoredFailure failure;
-    std::vector<kestrum::library::StoredCheck> checks;
+    std::vector<kestrum::library::StoredCheck> checks, checks_standard;
     std::vector<kestrum::library::StoredNote> notes;
+    std::vector<kestrum::library::StoredDeviation> deviations;
 };
 
 namespace kestrum::library {
@@ -148,6 +159,8 @@ template <class Work> kestrum_code Guarded(kestrum_error** error, Work work) noe
     } catch (Refusal& refusal) {
         return Report(error, std::move(refusal));
     } catch (const std::bad_alloc&) {
+        return Report(error, {KESTRUM_NO_MEMORY, {}});
+    } catch (const std::length_error&) {
         return Report(error, {KESTRUM_NO_MEMORY, {}});
     } catch (...) {
         return Report(error, {KESTRUM_INTERNAL, {}});

@@ -1,5 +1,6 @@
 // A check of a member behind the interface.
 
+#include "core/check_text.h"
 #include "core/field_table.h"
 #include "engine/calculate.h"
 #include "library/handles.h"
@@ -8,7 +9,9 @@
 #include "report/section_figure.h"
 #include "report/state_json.h"
 #include "report/svg_writer.h"
+#include "standard/costs.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace {
@@ -24,6 +27,30 @@ using kestrum::library::RequiredOut;
 using kestrum::library::RequiredText;
 using kestrum::standard::StandardResult;
 
+kestrum::library::StoredCheck StoredOf(const ProjectState& s, kestrum::CheckId id)
+{
+    using Kind = kestrum::CheckPlace::Kind;
+    const kestrum::Check& check = s.checklist[id];
+    const kestrum::CheckPlace& place = check.place;
+    kestrum::library::StoredCheck stored{std::string(kestrum::NameOf(id)),
+                                         kestrum::FormulaOf(check),
+                                         std::string(kestrum::TextsOf(check.form).clause),
+                                         {},
+                                         std::numeric_limits<double>::quiet_NaN(),
+                                         check.ratio};
+    if (place.kind == Kind::section || place.kind == Kind::point) {
+        stored.place = place.x;
+    }
+    if (place.kind == Kind::point) {
+        stored.point = place.number;
+    }
+    if (place.kind == Kind::segment) {
+        stored.segment = place.number;
+        stored.segments = place.parts;
+    }
+    return stored;
+}
+
 void TakeProgram(const Outcome& outcome, kestrum_result& result)
 {
     result.program = kestrum::library::ProgramAnswer(outcome);
@@ -32,6 +59,11 @@ void TakeProgram(const Outcome& outcome, kestrum_result& result)
         result.failure = {std::string(kestrum::StageName(failure.stage)),
                           std::string(kestrum::CauseName(failure.cause)),
                           std::string(failure.quantity), std::string(failure.unit)};
+    }
+    if (outcome.designed()) {
+        for (const kestrum::CheckId id : kestrum::RatedChecks(result.state)) {
+            result.checks.push_back(StoredOf(result.state, id));
+        }
     }
     for (const kestrum::DesignNote& note : kestrum::DesignNotes(result.state)) {
         result.notes.push_back({std::string(note.id), std::string(note.text)});
@@ -45,24 +77,51 @@ void TakeStandard(const StandardResult& standard, kestrum_result& result)
         const auto id = static_cast<kestrum::standard::CheckId>(i);
         const kestrum::standard::Check& check = standard.checks[id];
         if (check.present) {
-            result.checks.push_back({std::string(kestrum::standard::NameOf(id)),
-                                     std::string(check.clause), NameOf(check.load_case),
-                                     check.place, check.ir});
+            result.checks_standard.push_back({std::string(kestrum::standard::NameOf(id)),
+                                              {},
+                                              std::string(check.clause),
+                                              NameOf(check.load_case),
+                                              check.place,
+                                              check.ir});
         }
+    }
+}
+
+// Of the notes as far as their deviation changes the standard's result.
+void TakeCosts(const StandardResult& standard, kestrum_result& result)
+{
+    for (const kestrum::standard::DeviationCost& at : standard.deviations) {
+        const std::string id(NameOf(at.deviation));
+        for (auto& note : result.notes) {
+            note.cost = note.id == id ? at.cost : note.cost;
+        }
+        result.deviations.push_back(
+            {id, std::string(TextOf(at.deviation)), at.cost, at.without, at.unsafe});
     }
 }
 
 kestrum_result Checked(const kestrum_member& member, unsigned basis)
 {
-    kestrum::library::RequireBasis(basis);
+    const bool costs = basis == (KESTRUM_BASIS_BOTH | KESTRUM_COSTS);
+    if (!costs) {
+        kestrum::library::RequireBasis(basis);
+    }
+    const kestrum::Library& library = *member.library;
     kestrum_result result;
     result.state = member.state;
+    StandardResult standard;
     if ((basis & KESTRUM_BASIS_STANDARD) != 0) {
-        TakeStandard(kestrum::standard::CalculateStandard(*member.library, result.state), result);
+        standard = kestrum::standard::CalculateStandard(library, member.state);
+        TakeStandard(standard, result);
     }
     // The rules of the program also fill the record that values and pictures are read from.
-    const bool well = kestrum::Calculate(*member.library, result.state);
+    const bool well = kestrum::Calculate(library, result.state);
     TakeProgram(kestrum::OutcomeOf(result.state, well), result);
+    if (costs) {
+        kestrum::standard::CalculateCosts(library, member.state, well ? &result.state : nullptr,
+                                          standard);
+        TakeCosts(standard, result);
+    }
     return result;
 }
 
@@ -73,6 +132,15 @@ const Answer& AnswerOf(const kestrum_result* result, unsigned basis)
         return kNoAnswer;
     }
     return basis == KESTRUM_BASIS_STANDARD ? result->standard : result->program;
+}
+
+// Of one basis; none of any other.
+const auto& ChecksOf(const kestrum_result& result, unsigned basis)
+{
+    static const std::vector<kestrum::library::StoredCheck> kNone;
+    return basis == KESTRUM_BASIS_PROGRAM    ? result.checks
+           : basis == KESTRUM_BASIS_STANDARD ? result.checks_standard
+                                             : kNone;
 }
 
 template <class List> const auto& Row(const List& list, size_t index)
@@ -170,18 +238,22 @@ kestrum_failure kestrum_result_failure(const kestrum_result* result)
             result->state.failure.limit,      result->failure.unit.c_str()};
 }
 
-size_t kestrum_result_checks(const kestrum_result* result)
+size_t kestrum_result_checks(const kestrum_result* result, unsigned basis)
 {
-    return result == nullptr ? 0 : result->checks.size();
+    return result == nullptr ? 0 : ChecksOf(*result, basis).size();
 }
 
-kestrum_code kestrum_result_check(const kestrum_result* result, size_t index, kestrum_check* out,
-                                  kestrum_error** error)
+kestrum_code kestrum_result_check(const kestrum_result* result, unsigned basis, size_t index,
+                                  kestrum_check* out, kestrum_error** error)
 {
     return Guarded(error, [&] {
-        const auto& check = Row(Required(result, "result").checks, index);
-        RequiredOut(out, "out") = {check.check.c_str(), check.clause.c_str(),
-                                   check.load_case.c_str(), check.place, check.ratio};
+        const kestrum_result& of = Required(result, "result");
+        const auto& check = Row(ChecksOf(of, basis), index);
+        RequiredOut(out, "out") = {check.check.c_str(),  check.formula.c_str(),
+                                   check.clause.c_str(), check.load_case.c_str(),
+                                   check.place,          check.ratio,
+                                   of.state.irlimit,     check.point,
+                                   check.segment,        check.segments};
     });
 }
 
@@ -195,7 +267,22 @@ kestrum_code kestrum_result_note(const kestrum_result* result, size_t index, kes
 {
     return Guarded(error, [&] {
         const auto& note = Row(Required(result, "result").notes, index);
-        RequiredOut(out, "out") = {note.id.c_str(), note.text.c_str()};
+        RequiredOut(out, "out") = {note.id.c_str(), note.text.c_str(), note.cost};
+    });
+}
+
+size_t kestrum_result_deviations(const kestrum_result* result)
+{
+    return result == nullptr ? 0 : result->deviations.size();
+}
+
+kestrum_code kestrum_result_deviation(const kestrum_result* result, size_t index,
+                                      kestrum_deviation* out, kestrum_error** error)
+{
+    return Guarded(error, [&] {
+        const auto& at = Row(Required(result, "result").deviations, index);
+        RequiredOut(out, "out") = {at.id.c_str(), at.text.c_str(), at.cost, at.without,
+                                   at.unsafe ? 1 : 0};
     });
 }
 

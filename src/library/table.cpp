@@ -1,15 +1,9 @@
 // Many members, a row each, on all cores.
 
 #include "engine/calculate.h"
-#include "library/handles.h"
-#include "report/state_json.h"
+#include "library/rows.h"
 
-#include <algorithm>
 #include <array>
-#include <atomic>
-#include <cmath>
-#include <exception>
-#include <thread>
 #include <unordered_set>
 
 struct kestrum_table {
@@ -33,18 +27,13 @@ using kestrum::FieldRef;
 using kestrum::ProjectState;
 using kestrum::library::Answer;
 using kestrum::library::Answered;
-using kestrum::library::FloatingPoint;
-using kestrum::library::Refusal;
 using kestrum::library::Required;
 using kestrum::library::RequiredText;
 
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 struct Plan {
-    const kestrum_member& base;
-    std::vector<kestrum::AssignTarget> targets;
-    const kestrum_column* columns;
-    std::size_t column_count;
+    kestrum::library::MemberRows members;
     std::vector<FieldRef> fields;
     unsigned basis;
 };
@@ -58,8 +47,6 @@ public:
     void Row(std::size_t row);
 
 private:
-    bool Fill(std::size_t row);
-    std::string Assign(kestrum::AssignRun& run, std::size_t column, std::size_t row) const;
     void Refuse(std::size_t row, std::size_t column, const std::string& why);
     void Keep(std::size_t basis, std::size_t row, const Answer& answer, const std::string& notes);
     const char* Kept(const std::string& text) { return texts_.insert(text).first->c_str(); }
@@ -70,21 +57,6 @@ private:
     std::unordered_set<std::string>& texts_;
     ProjectState s_;
 };
-
-std::string Worker::Assign(kestrum::AssignRun& run, std::size_t column, std::size_t row) const
-{
-    const kestrum_column& from = plan_.columns[column];
-    if (from.texts != nullptr) {
-        const char* const text = from.texts[row];
-        return text == nullptr ? std::string() : run.Assign(plan_.targets[column], text);
-    }
-    const double number = from.numbers[row];
-    if (std::isnan(number)) {
-        return {};
-    }
-    return std::isfinite(number) ? run.Assign(plan_.targets[column], kestrum::JsonNumber(number))
-                                 : std::string("not a finite number");
-}
 
 void Worker::Keep(std::size_t basis, std::size_t row, const Answer& answer,
                   const std::string& notes)
@@ -110,44 +82,21 @@ void Worker::Refuse(std::size_t row, std::size_t column, const std::string& why)
     }
 }
 
-bool Worker::Fill(std::size_t row)
-{
-    s_ = plan_.base.state;
-    kestrum::AssignRun run(*plan_.base.library, s_, {kestrum::Assignment::checked});
-    for (std::size_t i = 0; i < plan_.column_count; ++i) {
-        if (const std::string refusal = Assign(run, i, row); !refusal.empty()) {
-            Refuse(row, i, std::string(plan_.columns[i].name) + ": " + refusal);
-            return false;
-        }
-    }
-    const kestrum::Refused refused = run.Finish();
-    if (refused.empty()) {
-        return true;
-    }
-    const auto* const end = plan_.columns + plan_.column_count;
-    const auto* const at = std::find_if(plan_.columns, end, [&](const kestrum_column& column) {
-        return refused.name == column.name;
-    });
-    Refuse(row, static_cast<std::size_t>(at - plan_.columns),
-           refused.name + (refused.name.empty() ? "" : ": ") + refused.what);
-    return false;
-}
-
 void Worker::Row(std::size_t row)
 {
-    if (!Fill(row)) {
-        return;
+    if (const auto refused = plan_.members.Fill(row, s_)) {
+        return Refuse(row, refused->column, refused->why);
     }
+    const kestrum::Library& library = plan_.members.library();
     if (Asks(KESTRUM_BASIS_STANDARD)) {
         Keep(1, row,
-             kestrum::library::StandardAnswer(
-                 kestrum::standard::CalculateStandard(*plan_.base.library, s_)),
+             kestrum::library::StandardAnswer(kestrum::standard::CalculateStandard(library, s_)),
              {});
     }
     if (!Asks(KESTRUM_BASIS_PROGRAM) && plan_.fields.empty()) {
         return;
     }
-    const bool well = kestrum::Calculate(*plan_.base.library, s_);
+    const bool well = kestrum::Calculate(library, s_);
     const kestrum::Outcome outcome = kestrum::OutcomeOf(s_, well);
     if (Asks(KESTRUM_BASIS_PROGRAM)) {
         std::string notes;
@@ -162,70 +111,10 @@ void Worker::Row(std::size_t row)
     }
 }
 
-// Each thread takes some rows at a time; what stops one stops all.
-class Crew {
-public:
-    Crew(const Plan& plan, kestrum_table& table) : plan_(plan), table_(table) {}
-    void Run(unsigned threads);
-
-private:
-    void Work(std::size_t thread);
-
-    const Plan& plan_;
-    kestrum_table& table_;
-    std::atomic<std::size_t> next_{0};
-    std::vector<std::exception_ptr> faults_;
-};
-
-void Crew::Work(std::size_t thread)
-{
-    constexpr std::size_t kRowsAtATime = 32;
-    const FloatingPoint usual;
-    try {
-        Worker worker(plan_, table_, table_.texts[thread]);
-        for (std::size_t row; (row = next_.fetch_add(kRowsAtATime)) < table_.rows;) {
-            const std::size_t end = std::min(row + kRowsAtATime, table_.rows);
-            for (; row < end; ++row) {
-                worker.Row(row);
-            }
-        }
-    } catch (...) {
-        faults_[thread] = std::current_exception();
-        next_ = table_.rows;
-    }
-}
-
-void Crew::Run(unsigned threads)
-{
-    constexpr unsigned kMost = 256;
-    constexpr std::size_t kFew = 64;  // rows that one thread has done before another has begun
-    const unsigned wanted = threads > 0 ? threads : std::thread::hardware_concurrency();
-    const std::size_t count = table_.rows < kFew ? 1 : std::clamp(wanted, 1U, kMost);
-    table_.texts.resize(count);
-    faults_.resize(count);
-    std::vector<std::thread> others;
-    try {
-        for (std::size_t i = 1; i < count; ++i) {
-            others.emplace_back([this, i] { Work(i); });
-        }
-    } catch (const std::exception&) {
-        // Fewer threads than wanted do the same work.
-    }
-    Work(0);
-    for (std::thread& other : others) {
-        other.join();
-    }
-    for (const std::exception_ptr& fault : faults_) {
-        if (fault) {
-            std::rethrow_exception(fault);
-        }
-    }
-}
-
 void Reserve(kestrum_table& table, const Plan& plan, std::size_t rows)
 {
     table.rows = rows;
-    table.refused.assign(rows, plan.column_count);
+    table.refused.assign(rows, plan.members.columns());
     table.numbers.assign(plan.fields.size(), std::vector<double>(rows, kNone));
     for (const std::size_t basis : {0U, 1U}) {
         if ((plan.basis & (1U << basis)) != 0) {
@@ -234,6 +123,21 @@ void Reserve(kestrum_table& table, const Plan& plan, std::size_t rows)
             table.of[basis].words.resize(rows);
         }
     }
+}
+
+void Fill(const Plan& plan, unsigned threads, kestrum_table& table)
+{
+    constexpr std::size_t kRowsAtATime = 32;
+    table.texts.resize(kestrum::library::ThreadsFor(threads, table.rows));
+    kestrum::library::ShareOut(
+        table.texts.size(), table.rows, kRowsAtATime, [&](std::size_t thread) {
+            return [worker = std::make_shared<Worker>(plan, table, table.texts[thread])](
+                       std::size_t row, std::size_t end) {
+                for (; row < end; ++row) {
+                    worker->Row(row);
+                }
+            };
+        });
 }
 
 const kestrum_table::Column* ColumnOf(const kestrum_table* table, unsigned basis)
@@ -254,22 +158,14 @@ kestrum_code kestrum_table_check(const kestrum_member* base, const kestrum_colum
 {
     return Answered(out, error, [&] {
         kestrum::library::RequireBasis(basis);
-        Plan plan{Required(base, "base"), {}, columns, column_count, {}, basis};
-        for (size_t i = 0; i < column_count; ++i) {
-            const kestrum_column& column = (&Required(columns, "columns"))[i];
-            plan.targets.push_back(
-                kestrum::library::TargetOf(RequiredText(column.name, "column name")));
-            if (rows > 0 && column.numbers == nullptr && column.texts == nullptr) {
-                throw Refusal{KESTRUM_NULL, std::string(column.name) + ": no entries", column.name};
-            }
-        }
+        Plan plan{{Required(base, "base"), columns, column_count, rows}, {}, basis};
         for (size_t i = 0; i < field_count; ++i) {
             plan.fields.push_back(kestrum::library::FieldOf(
                 RequiredText(fields == nullptr ? nullptr : fields[i], "field name")));
         }
         kestrum_table table;
         Reserve(table, plan, rows);
-        Crew(plan, table).Run(threads);
+        Fill(plan, threads, table);
         return table;
     });
 }

@@ -173,6 +173,19 @@ double DeflectionRatio(const ProjectState& s)
                     s.checklist.row(ResultRow::deflection_y).ratio);
 }
 
+std::vector<CheckId> RatedChecks(const ProjectState& s)
+{
+    std::vector<CheckId> ids;
+    for (std::size_t i = 1; i < kChecks; ++i) {
+        const auto id = static_cast<CheckId>(i);
+        const bool deflection = RowOf(id) >= ResultRow::deflection_z;
+        if (IsJudged(s.checklist[id]) && (!deflection || DeflectionCounts(s))) {
+            ids.push_back(id);
+        }
+    }
+    return ids;
+}
+
 Outcome OutcomeOf(const ProjectState& s, bool well)
 {
     if (FindRoutines(s.family) == nullptr) {

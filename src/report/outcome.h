@@ -12,6 +12,7 @@
 namespace kestrum {
 
 struct ProjectState;
+enum class CheckId : std::uint8_t;
 
 enum class Verdict : std::uint8_t {
     within,         // every ratio is within the limit
@@ -65,6 +66,10 @@ bool DeflectionCounts(const ProjectState& s);
 
 // The larger ratio of the deflection control; 0 where it is no part of the result.
 double DeflectionRatio(const ProjectState& s);
+
+// What was checked and has a ratio, in the order of the list; checks of a deflection that is no
+// part of the result are left out.
+std::vector<CheckId> RatedChecks(const ProjectState& s);
 
 // After a pass; `well` as Calculate returned it.
 Outcome OutcomeOf(const ProjectState& s, bool well);

@@ -185,13 +185,8 @@ std::string RowsJson(const ProjectState& state)
 std::string ChecksJson(const ProjectState& s)
 {
     std::string list;
-    for (std::size_t i = 1; i < kChecks; ++i) {
-        const auto id = static_cast<CheckId>(i);
-        const Check& check = s.checklist[id];
-        const bool deflection = RowOf(id) >= ResultRow::deflection_z;
-        if (IsJudged(check) && (!deflection || DeflectionCounts(s))) {
-            list += (list.empty() ? "" : ",\n    ") + CheckJson(s, id);
-        }
+    for (const CheckId id : RatedChecks(s)) {
+        list += (list.empty() ? "" : ",\n    ") + CheckJson(s, id);
     }
     return "[" + list + "]";
 }

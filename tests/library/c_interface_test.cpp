@@ -74,7 +74,27 @@ TEST_F(CInterface, NullPointersAreErrors)
     expect_null(kestrum_member_project(nullptr, &text, &error), "member");
     expect_null(kestrum_member_check(nullptr, KESTRUM_BASIS_BOTH, &nothing, &error), "member");
     expect_null(kestrum_member_check(member, KESTRUM_BASIS_BOTH, nullptr, &error), "out");
-    expect_null(kestrum_result_check(result, 0, nullptr, &error), "out");
+    expect_null(kestrum_result_check(result, KESTRUM_BASIS_STANDARD, 0, nullptr, &error), "out");
+    expect_null(kestrum_result_deviation(nullptr, 0, nullptr, &error), "result");
+    kestrum_envelope* frame = nullptr;
+    const kestrum_forces forces{1,       nullptr, nullptr, nullptr, nullptr,
+                                nullptr, nullptr, nullptr, nullptr, nullptr};
+    const auto envelope = [&](const kestrum_member* base, const kestrum_forces* acting,
+                              kestrum_envelope** out) {
+        return kestrum_envelope_check(base, nullptr, 0, 1, acting, KESTRUM_BASIS_BOTH, 1, out,
+                                      &error);
+    };
+    expect_null(envelope(nullptr, &forces, &frame), "base");
+    expect_null(envelope(member, nullptr, &frame), "forces");
+    expect_null(envelope(member, &forces, &frame), "x");
+    expect_null(envelope(member, &forces, nullptr), "out");
+    expect_null(kestrum_envelope_check(member, nullptr, 1, 1, &forces, KESTRUM_BASIS_BOTH, 1,
+                                       &frame, &error),
+                "columns");
+    expect_null(kestrum_envelope_worst(nullptr, 0, KESTRUM_BASIS_PROGRAM, nullptr, &error),
+                "envelope");
+    expect_null(kestrum_envelope_fault(nullptr, 0, nullptr, &error), "envelope");
+    EXPECT_EQ(frame, nullptr);
     expect_null(kestrum_result_number(nullptr, "l", &number, &error), "result");
     expect_null(kestrum_result_json(nullptr, &text, &error), "result");
     expect_null(kestrum_result_panel(nullptr, &text, &error), "result");
@@ -93,7 +113,12 @@ TEST_F(CInterface, NullHandlesHaveEmptyAnswers)
     EXPECT_EQ(kestrum_result_status(nullptr, KESTRUM_BASIS_PROGRAM), KESTRUM_NOT_CHECKED);
     EXPECT_TRUE(std::isnan(kestrum_result_ratio(nullptr, KESTRUM_BASIS_PROGRAM)));
     EXPECT_STREQ(kestrum_result_failure(nullptr).stage, "");
-    EXPECT_EQ(kestrum_result_checks(nullptr) + kestrum_result_notes(nullptr), 0U);
+    EXPECT_EQ(kestrum_result_checks(nullptr, KESTRUM_BASIS_PROGRAM) + kestrum_result_notes(nullptr),
+              0U);
+    EXPECT_EQ(kestrum_result_deviations(nullptr) + kestrum_envelope_members(nullptr) +
+                  kestrum_envelope_faults(nullptr),
+              0U);
+    kestrum_envelope_free(nullptr);
     kestrum_error_free(nullptr);
     kestrum_text_free(nullptr);
     kestrum_result_free(nullptr);
@@ -106,12 +131,17 @@ TEST_F(CInterface, WrongSizesBasesAndNamesAreErrors)
     kestrum_check check;
     kestrum_note note;
     kestrum_result* other = nullptr;
-    EXPECT_EQ(kestrum_result_check(result, kestrum_result_checks(result), &check, nullptr),
+    EXPECT_EQ(kestrum_result_check(result, KESTRUM_BASIS_STANDARD,
+                                   kestrum_result_checks(result, KESTRUM_BASIS_STANDARD), &check,
+                                   nullptr),
               KESTRUM_UNKNOWN_NAME);
     EXPECT_EQ(kestrum_result_note(result, std::numeric_limits<size_t>::max(), &note, nullptr),
               KESTRUM_UNKNOWN_NAME);
     EXPECT_EQ(kestrum_member_check(member, 0, &other, nullptr), KESTRUM_REFUSED);
-    EXPECT_EQ(kestrum_member_check(member, 4, &other, nullptr), KESTRUM_REFUSED);
+    EXPECT_EQ(kestrum_member_check(member, KESTRUM_COSTS, &other, nullptr), KESTRUM_REFUSED);
+    EXPECT_EQ(kestrum_member_check(member, 8, &other, nullptr), KESTRUM_REFUSED);
+    EXPECT_EQ(kestrum_result_checks(result, KESTRUM_BASIS_BOTH), 0U);
+    EXPECT_EQ(kestrum_result_deviations(result), 0U);  // not asked for
     EXPECT_EQ(kestrum_result_diagram_svg(result, 'x', &text, nullptr), KESTRUM_REFUSED);
     EXPECT_EQ(kestrum_result_number(result, "ident", &number, nullptr), KESTRUM_REFUSED);
     EXPECT_EQ(kestrum_result_number(result, "qload[99]", &number, nullptr), KESTRUM_UNKNOWN_NAME);
@@ -125,9 +155,10 @@ TEST_F(CInterface, TheResultSaysWhatWasChecked)
 {
     EXPECT_EQ(kestrum_result_status(result, KESTRUM_BASIS_PROGRAM), KESTRUM_WITHIN);
     bool found = false;
-    for (size_t i = 0; i < kestrum_result_checks(result); ++i) {
+    for (size_t i = 0; i < kestrum_result_checks(result, KESTRUM_BASIS_STANDARD); ++i) {
         kestrum_check check;
-        ASSERT_EQ(kestrum_result_check(result, i, &check, nullptr), KESTRUM_OK);
+        ASSERT_EQ(kestrum_result_check(result, KESTRUM_BASIS_STANDARD, i, &check, nullptr),
+                  KESTRUM_OK);
         if (std::string(check.check) == "section_N") {
             found = true;
             EXPECT_STREQ(check.clause, "6.2.4");

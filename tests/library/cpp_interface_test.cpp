@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -92,6 +93,60 @@ TEST(CppInterface, TheMomentOfASimpleBeamIsThatOfTheFormula)
     EXPECT_NE(result.panel()->find("SECTION CONTROL"), std::string::npos);
 }
 
+// 45 kNm at midspan upon My,Rd = Wpl fy = 628.4 cm3 * 235 MPa = 147.7 kNm (6.2.5), and
+// V = q L/2 = 30 kN upon Av fy/sqrt(3) = 2567 mm2 * 135.7 MPa = 348.3 kN (6.2.6).
+TEST(CppInterface, TheChecksOfTheProgramAreThoseOfTheFormulas)
+{
+    Member beam = Beam();
+    ASSERT_FALSE(beam.set("steel", "S235"));
+    const kestrum::Result result = beam.check();
+    double largest = 0;
+    std::size_t found = 0;
+    for (const kestrum::Check& check : result.checks()) {
+        largest = std::max(largest, check.ratio);
+        EXPECT_EQ(check.limit, 1.0);
+        EXPECT_FALSE(check.clause.empty()) << check.check;
+        if (check.check == "section_My") {
+            ++found;
+            EXPECT_EQ(check.formula, "My,Ed/My,Rd");
+            EXPECT_EQ(check.clause, "6.2.5");
+            EXPECT_NEAR(check.place, 0.5, 1e-6);
+            EXPECT_NEAR(check.ratio, 45 / 147.7, 2e-4);
+        }
+        if (check.check == "section_Vz") {
+            ++found;
+            EXPECT_NEAR(check.ratio, 30 / 348.3, 2e-4);
+        }
+        if (check.check == "ltb") {
+            ++found;
+            EXPECT_TRUE(std::isnan(check.place));
+            EXPECT_EQ(check.segments, 3);  // two restraints
+        }
+    }
+    EXPECT_EQ(found, 3U);
+    EXPECT_EQ(largest, result.ratio());
+    for (const kestrum::Check& check : result.checks(Basis::standard)) {
+        EXPECT_FALSE(check.load_case.empty()) << check.check;
+    }
+    EXPECT_TRUE(result.checks(Basis::both).empty());
+}
+
+TEST(CppInterface, ACostIsTheDifferenceOfTwoRatios)
+{
+    const Member beam = Beam();
+    EXPECT_TRUE(beam.check().deviations().empty());
+    const kestrum::Result result = beam.check({Basis::both, true});
+    EXPECT_EQ(result.ratio(), beam.check().ratio());
+    ASSERT_FALSE(result.deviations().empty());
+    for (const kestrum::Deviation& at : result.deviations()) {
+        EXPECT_NEAR(at.cost, result.ratio(Basis::standard) - at.without, 1e-12) << at.id;
+        EXPECT_FALSE(at.text.empty());
+        for (const kestrum::Note& note : result.notes()) {
+            EXPECT_TRUE(note.id != at.id || note.cost == at.cost) << at.id;
+        }
+    }
+}
+
 TEST(CppInterface, ARefusedValueLeavesTheMemberAsItWas)
 {
     Member member = Beam();
@@ -162,10 +217,11 @@ TEST(CppInterface, AnUnstableMemberIsAResultAndNoError)
 TEST(CppInterface, TheBasisOfTheProgramAloneLeavesTheStandardOut)
 {
     const kestrum::Result result = Beam().check({Basis::program});
-    EXPECT_TRUE(result.checks().empty());
+    EXPECT_FALSE(result.checks().empty());
+    EXPECT_TRUE(result.checks(Basis::standard).empty());
     EXPECT_TRUE(std::isnan(result.ratio(Basis::standard)));
     EXPECT_EQ(result.status(Basis::standard), Status::not_checked);
-    EXPECT_FALSE(Beam().check().checks().empty());
+    EXPECT_FALSE(Beam().check().checks(Basis::standard).empty());
 }
 
 TEST(CppInterface, ManyThreadsGiveTheResultOfOne)

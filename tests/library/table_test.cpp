@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <random>
 #include <set>
 #include <string>
@@ -140,6 +142,199 @@ TEST(Table, NamesThatAreNoneFailBeforeAnyRow)
     const auto empty = Table::check(base, {{"l", v}}, 0);
     ASSERT_TRUE(empty);
     EXPECT_EQ(empty->rows(), 0U);
+}
+
+// --- Members under forces ------------------------------------------------------------------------
+
+// A tie of an HEB 200, A = 7808 mm2, S235, takes 7808 * 0.235 = 1834.9 kN.
+constexpr double kTieForce = 7808 * 0.235;
+
+Member Tie()
+{
+    Member tie(Builtin());
+    EXPECT_FALSE(tie.set({{"section", "HEB 200"}, {"steel", "S235"}, {"l", "4"}}));
+    return tie;
+}
+
+// Two stations for each pull, which is a case of its own.
+struct Pulls {
+    void Add(std::size_t of, double pull, double l = 4)
+    {
+        for (const double at : {0.0, l}) {
+            member.push_back(of);
+            load_case.push_back(cases);
+            x.push_back(at);
+            n.push_back(-pull);
+        }
+        ++cases;
+    }
+    kestrum::Forces Columns() const
+    {
+        kestrum::Forces forces{};
+        forces.rows = x.size();
+        forces.member = member.data();
+        forces.load_case = load_case.data();
+        forces.x = x.data();
+        forces.n = n.data();
+        return forces;
+    }
+
+    std::vector<std::size_t> member, load_case;
+    std::vector<double> x, n;
+    std::size_t cases = 0;
+};
+
+TEST(Frame, TheWorstCaseOfEachMemberCounts)
+{
+    Pulls pulls;
+    pulls.Add(1, 50);
+    pulls.Add(0, 100);
+    pulls.Add(0, 2000);
+    pulls.Add(0, 1900);
+    const std::vector<double> l = {4, 4, 4};
+    const auto frame = kestrum::Envelope::check(Tie(), {{"l", l}}, 3, pulls.Columns());
+    ASSERT_TRUE(frame) << frame.error().text;
+    ASSERT_EQ(frame->members(), 3U);
+    for (const Basis basis : {Basis::program, Basis::standard}) {
+        const auto worst = frame->worst(0, basis);
+        ASSERT_TRUE(worst);
+        EXPECT_EQ(worst->status, Status::above);
+        EXPECT_NEAR(worst->ratio, 2000 / kTieForce, 1e-4);
+        EXPECT_EQ(worst->row, 4U);
+        EXPECT_EQ(worst->clause, "6.2.3");
+        EXPECT_EQ(worst->cases, 3U);
+        EXPECT_EQ(worst->above, 2U);
+        EXPECT_EQ(worst->failed, 0U);
+        EXPECT_NEAR(frame->worst(1, basis)->ratio, 50 / kTieForce, 1e-5);
+        EXPECT_EQ(frame->worst(2, basis)->status, Status::not_checked);
+        EXPECT_EQ(frame->worst(2, basis)->message, "no forces");
+    }
+    EXPECT_TRUE(frame->faults().empty());
+    EXPECT_EQ(frame->worst(3).error().code, KESTRUM_UNKNOWN_NAME);
+    EXPECT_EQ(frame->worst(0, Basis::both).error().code, KESTRUM_REFUSED);
+}
+
+// Beams with end moments: rows in any order, on any number of threads, and one member at a time
+// give the same.
+TEST(Frame, NeitherOrderNorThreadsNorCompanyChangeTheWorstCase)
+{
+    constexpr std::size_t kMembers = 3, kCases = 40, kStations = 5;
+    std::mt19937 random(5);
+    std::vector<std::size_t> member, load_case;
+    std::vector<double> x, n, my;
+    for (std::size_t i = 0; i < kMembers * kCases * kStations; ++i) {
+        member.push_back(i / (kCases * kStations));
+        load_case.push_back(i / kStations % kCases);
+        x.push_back(static_cast<double>(i % kStations));
+        n.push_back(static_cast<double>(100 * load_case.back()) / kCases);
+        const double most = 4.0 * static_cast<double>(load_case.back());
+        my.push_back(std::uniform_real_distribution<>(-most, most)(random));
+    }
+    const auto check = [&](const Member& base, const std::vector<std::size_t>& order,
+                           std::size_t members, unsigned threads) {
+        std::vector<std::size_t> m, c;
+        std::vector<double> at, axial, moment;
+        for (const std::size_t row : order) {
+            m.push_back(member[row] % members);
+            c.push_back(load_case[row]);
+            at.push_back(x[row]);
+            axial.push_back(n[row]);
+            moment.push_back(my[row]);
+        }
+        kestrum::Forces forces{};
+        forces.rows = order.size();
+        forces.member = members == 1 ? nullptr : m.data();
+        forces.load_case = c.data();
+        forces.x = at.data();
+        forces.n = axial.data();
+        forces.my = moment.data();
+        return kestrum::Envelope::check(base, {}, members, forces, {Basis::both, threads});
+    };
+    std::vector<std::size_t> order(member.size());
+    std::iota(order.begin(), order.end(), 0U);
+    Member beam(Builtin());
+    ASSERT_FALSE(beam.set({{"section", "IPE 240"}, {"steel", "S235"}, {"l", "4"}}));
+    const auto one = check(beam, order, kMembers, 1);
+    const auto four = check(beam, order, kMembers, 4);
+    std::vector<std::size_t> mixed = order;
+    std::shuffle(mixed.begin(), mixed.end(), random);
+    const auto shuffled = check(beam, mixed, kMembers, 4);
+    ASSERT_TRUE(one && four && shuffled);
+    for (std::size_t i = 0; i < kMembers; ++i) {
+        const std::size_t first = i * kCases * kStations;
+        const std::vector<std::size_t> own(&order[first], &order[first] + kCases * kStations);
+        const auto alone = check(beam, own, 1, 1);
+        for (const Basis basis : {Basis::program, Basis::standard}) {
+            const auto worst = one->worst(i, basis);
+            EXPECT_EQ(worst->cases, kCases);
+            EXPECT_GT(worst->above, 0U);
+            EXPECT_LT(worst->above, kCases);
+            for (const auto& other : {four->worst(i, basis), shuffled->worst(i, basis)}) {
+                EXPECT_EQ(other->ratio, worst->ratio);
+                EXPECT_EQ(other->governing, worst->governing);
+                EXPECT_EQ(other->above, worst->above);
+                EXPECT_EQ(other->notes, worst->notes);
+            }
+            EXPECT_EQ(four->worst(i, basis)->row, worst->row);
+            EXPECT_EQ(load_case[mixed[shuffled->worst(i, basis)->row]], load_case[worst->row]);
+            EXPECT_EQ(alone->worst(0, basis)->ratio, worst->ratio);
+        }
+    }
+}
+
+TEST(Frame, FaultsNameTheirMemberColumnAndRow)
+{
+    Pulls pulls;
+    pulls.Add(0, 10);
+    pulls.Add(1, 10);
+    pulls.Add(2, 10);
+    pulls.Add(2, 5000, 3);  // does not reach the end
+    pulls.Add(3, kNone);
+    const std::vector<double> l = {4, -1, 4, 4};
+    const auto frame = kestrum::Envelope::check(Tie(), {{"l", l}}, 4, pulls.Columns());
+    ASSERT_TRUE(frame) << frame.error().text;
+    EXPECT_EQ(frame->worst(0)->status, Status::within);
+    EXPECT_EQ(frame->worst(1)->status, Status::bad_input);
+    EXPECT_TRUE(std::isnan(frame->worst(1)->ratio));
+    EXPECT_EQ(frame->worst(1)->row, pulls.x.size());
+    EXPECT_EQ(frame->worst(2)->status, Status::bad_input);  // though one case is within
+    EXPECT_EQ(frame->worst(2)->row, 6U);
+    EXPECT_EQ(frame->worst(2)->failed, 1U);
+    EXPECT_EQ(frame->worst(3)->status, Status::bad_input);
+    const auto faults = frame->faults();
+    ASSERT_EQ(faults.size(), 3U);
+    EXPECT_EQ(faults[0].member, 1U);
+    EXPECT_EQ(faults[0].column, 0U);
+    EXPECT_EQ(faults[0].row, pulls.x.size());
+    EXPECT_EQ(faults[0].text.substr(0, 3), "l: ");
+    EXPECT_EQ(faults[1].member, 2U);
+    EXPECT_EQ(faults[1].column, 1U);
+    EXPECT_EQ(faults[1].row, 7U);
+    EXPECT_NE(faults[1].text.find("is not the end of the member of 4 m"), std::string::npos);
+    EXPECT_EQ(faults[2].member, 3U);
+    EXPECT_EQ(kestrum_envelope_fault(frame->get(), 3, nullptr, nullptr), KESTRUM_UNKNOWN_NAME);
+}
+
+TEST(Frame, MembersAndNamesThatAreNoneFail)
+{
+    Pulls pulls;
+    pulls.Add(2, 10);
+    const kestrum::Forces forces = pulls.Columns();
+    const auto stranger = kestrum::Envelope::check(Tie(), {}, 2, forces);
+    EXPECT_EQ(stranger.error().code, KESTRUM_UNKNOWN_NAME);
+    EXPECT_EQ(stranger.error().text, "row 0: member 2 of 2");
+    const auto unknown = kestrum::Envelope::check(Tie(), {{"qlaod[1]", pulls.x}}, 3, forces);
+    EXPECT_EQ(unknown.error().nearest, "qload");
+    EXPECT_EQ(kestrum::Envelope::check(Tie(), {}, 3, forces, {static_cast<Basis>(4)}).error().code,
+              KESTRUM_REFUSED);
+    kestrum_envelope* frame = nullptr;
+    const std::size_t most = std::numeric_limits<std::size_t>::max();
+    EXPECT_EQ(kestrum_envelope_check(Tie().get(), nullptr, 0, most, &forces, KESTRUM_BASIS_BOTH, 1,
+                                     &frame, nullptr),
+              KESTRUM_NO_MEMORY);
+    const auto none = kestrum::Envelope::check(Tie(), {}, 0, kestrum::Forces{});
+    ASSERT_TRUE(none);
+    EXPECT_EQ(none->members(), 0U);
 }
 
 TEST(Table, PlacesBeyondTheRowsAreEmpty)

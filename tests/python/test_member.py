@@ -22,7 +22,9 @@ def test_the_moment_of_a_simple_beam_is_that_of_the_formula():
     assert result["mymax"] == pytest.approx(10 * 6**2 / 8, abs=1e-4)  # q L^2 / 8
     assert result.status == "within"
     assert 0 < result.ir < 1 and 0 < result.ir_standard < 1
-    assert {check.check for check in result.checks} >= {"section_My", "ltb", "deflection_z"}
+    assert {check.check for check in result.checks} == {"section_My", "section_Vz", "ltb"}
+    assert {check.check for check in result.checks_standard} >= {"section_My", "ltb", "deflection_z"}
+    assert max(check.ratio for check in result.checks) == result.ir
 
 
 def test_inputs_read_back():

@@ -12,10 +12,12 @@ rules of the program with its listed deviations, ``ir_standard`` by EN 1993-1-1 
 
 from ._errors import InputError
 from ._kestrum import Catalogue, version as __version__
-from ._member import Check, Member, Note, Picture, Result
+from ._member import Check, Deviation, Failure, Member, Note, Picture, Result
 from ._batch import batch
+from ._envelope import envelope
 
-__all__ = ["Catalogue", "Check", "InputError", "Member", "Note", "Picture", "Result", "batch", "saf", "__version__"]
+__all__ = ["Catalogue", "Check", "Deviation", "Failure", "InputError", "Member", "Note", "Picture", "Result", "batch",
+           "envelope", "saf", "__version__"]
 
 
 def __getattr__(name):

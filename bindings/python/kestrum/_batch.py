@@ -1,45 +1,9 @@
 """Many members: columns in, columns out."""
 
-from . import _errors, _kestrum
+from . import _columns, _kestrum
 from ._member import Member, STATUSES, basis_number
 
 _WORDS = (("verdict", 0), ("check", 1), ("clause", 2), ("message", 3))
-
-
-def _column(name, values):
-    """Numbers as an array of doubles with NaN for what is missing, texts as a list with None."""
-    import numpy  # only here: it takes longer to load than all of this package
-
-    if hasattr(values, "to_numpy") and not isinstance(values.dtype, numpy.dtype):  # of pandas itself
-        values = values.to_numpy(dtype=object, na_value=None)
-    if numpy.ma.isMaskedArray(values):
-        values = values.astype(float).filled(numpy.nan) if values.dtype.kind in "fiub" else values.filled(None)
-    array = numpy.asarray(values)
-    if array.ndim != 1:
-        raise _errors.InputError(f"{name}: one value for each member is expected", name, column=name)
-    if array.dtype.kind in "fiub":
-        return numpy.ascontiguousarray(array, dtype=numpy.float64)
-    entries = array.tolist()
-    missing = [entry is None or entry != entry for entry in entries]
-    if all(missing or isinstance(entry, (int, float)) for entry, missing in zip(entries, missing)):
-        return numpy.array([numpy.nan if gone else float(entry) for entry, gone in zip(entries, missing)])
-    if array.dtype.kind not in "OUS":
-        raise _errors.InputError(f"{name}: numbers or texts are expected", name, column=name)
-    texts = []
-    for row, (entry, gone) in enumerate(zip(entries, missing)):
-        if not (gone or isinstance(entry, (str, int, float))):
-            raise _errors.InputError(f"{name}: row {row}: {entry!r} is neither a number nor a text", name, row=row,
-                                     column=name)
-        texts.append(None if gone else str(entry))
-    return texts
-
-
-def _is_input(member, name):
-    try:
-        member.text(name)
-        return True, ""
-    except _errors.InputError as error:
-        return False, error.nearest
 
 
 def batch(table, basis="both", fields=(), base=None, keep=(), jobs=0, errors="raise"):
@@ -60,39 +24,21 @@ def batch(table, basis="both", fields=(), base=None, keep=(), jobs=0, errors="ra
     ``ir`` (NaN where there is none), ``check``, ``clause``, ``message`` and ``notes`` by the rules of the program, the
     same with ``_standard`` by EN 1993-1-1 as written, and the fields.
     """
-    if errors not in ("raise", "keep"):
-        raise _errors.InputError(f"errors={errors!r}: 'raise' or 'keep' is expected", "errors")
+    _columns.require_errors(errors)
     number = basis_number(basis)
     base = Member() if base is None else base
-    frame = table if hasattr(table, "columns") and hasattr(table, "index") else None
-    names = [str(name) for name in (frame.columns if frame is not None else table)]
-    rows = len(frame) if frame is not None else (len(next(iter(table.values()))) if table else 0)
-    columns, passed = [], []
-    for name, key in zip(names, frame.columns if frame is not None else table):
-        known, nearest = _is_input(base._member, name) if name not in keep else (False, "")
-        if not known and nearest and name not in keep:
-            raise _errors.InputError(f"{name}: no such input; did you mean {nearest}?", name, nearest, column=name)
-        if known:
-            column = _column(name, table[key])
-            if len(column) != rows:
-                raise _errors.InputError(f"{name}: {len(column)} values, {rows} are expected", name, column=name)
-            columns.append((name, column))
-        else:
-            passed.append(key)
+    rows, columns, passed = _columns.inputs_of(table, base._member, keep)
     answers = _kestrum.Table(base._member, columns, rows, number, list(fields), jobs)
     refused = answers.first_refused() if errors == "raise" else None
     if refused:
-        row, column, text = refused
-        label = frame.index[row] if frame is not None else row
-        name = columns[column][0] if column is not None else None
-        raise _errors.InputError(f"row {label}: {text}", name or "", row=row, column=name)
-    return _answer(table, frame, passed, answers, number, fields)
+        _columns.refuse(table, refused, columns)
+    return _columns.answer_of(table, passed, _answers(answers, number, fields))
 
 
-def _answer(table, frame, passed, answers, basis, fields):
+def _answers(answers, basis, fields):
     import numpy
 
-    out = {key: table[key] for key in passed}
+    out = {}
     for bit, suffix in ((1, ""), (2, "_standard")):
         if not basis & bit:
             continue
@@ -104,6 +50,4 @@ def _answer(table, frame, passed, answers, basis, fields):
             out["notes"] = numpy.array(answers.words(bit, 4), dtype=object)
     for index, field in enumerate(fields):
         out[field] = answers.field(index)
-    if frame is None:
-        return out
-    return type(frame)(out, index=frame.index)
+    return out

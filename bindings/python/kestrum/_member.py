@@ -66,20 +66,48 @@ def settings_of(inputs):
 
 
 class Check(NamedTuple):
-    """A check by EN 1993-1-1 as written; ``place`` is x/L, NaN for a check of the whole member."""
+    """A check that has a ratio.
+
+    check      "section_My", "flexural_z", "ltb", "eq661", "deflection_z"
+    formula    by the rules of the program, "My,Ed/My,Rd"; else ""
+    clause     of EN 1993-1-1 unless it says so
+    load_case  by the standard the combination of actions, "6.10 G + Q1"; else ""
+    place      x/L; NaN for a check of the whole member or of a segment
+    ratio, limit
+    point      of the section, from 1; 0 for none
+    segment, segments   between restraints, from 1, and their number; 0 for none
+    """
 
     check: str
+    formula: str
     clause: str
     load_case: str
     place: float
     ratio: float
+    limit: float
+    point: int
+    segment: int
+    segments: int
 
 
 class Note(NamedTuple):
-    """A deviation of the program on the unsafe side that acts in its result."""
+    """A deviation of the program on the unsafe side that acts in its result; its cost, see Deviation, where
+    ``check(costs=True)`` has found one, else NaN."""
 
     id: str
     text: str
+    cost: float
+
+
+class Deviation(NamedTuple):
+    """What the standard's largest ratio loses when this deviation alone is taken by the program's rule, and what is left
+    of it; both NaN where there is none. ``unsafe``: some check comes out lower, or is missing."""
+
+    id: str
+    text: str
+    cost: float
+    without: float
+    unsafe: bool
 
 
 class Failure(NamedTuple):
@@ -113,8 +141,10 @@ class Result:
     status, ir, check, clause, verdict, message     by the rules of the program
     status_standard, ir_standard, check_standard, clause_standard, verdict_standard, message_standard
                                                     by EN 1993-1-1 as written
-    checks   those of EN 1993-1-1 as written        notes    deviations on the unsafe side that act
-    failure  what stopped the calculation, or None
+    checks, checks_standard     every check with a ratio
+    notes       deviations on the unsafe side that act
+    deviations  with ``check(costs=True)``, those that change the standard's ratios, the largest cost first
+    failure     what stopped the calculation, or None
 
     Ratios are None where there is none. ``result["mcr"]`` is an intermediate value by its name.
     """
@@ -129,8 +159,9 @@ class Result:
             setattr(self, "clause" + suffix, result.clause(basis))
             setattr(self, "verdict" + suffix, result.verdict(basis))
             setattr(self, "message" + suffix, result.message(basis))
-        self.checks = [Check(*check) for check in result.checks()]
+            setattr(self, "checks" + suffix, [Check(*check) for check in result.checks(basis)])
         self.notes = [Note(*note) for note in result.notes()]
+        self.deviations = [Deviation(*deviation) for deviation in result.deviations()]
         failure = result.failure()
         self.failure = Failure(*failure) if failure else None
 
@@ -239,9 +270,12 @@ class Member:
             out.write(self.project())
         os.replace(draft, path)
 
-    def check(self, basis="both"):
-        """Calculates by the rules of the "program", by the "standard" as written, or by "both"."""
-        return Result(self._member.check(basis_number(basis)), self.project())
+    def check(self, basis="both", costs=False):
+        """Calculates by the rules of the "program", by the "standard" as written, or by "both"; then, where asked, what
+        each deviation of the program costs, which takes many times as long."""
+        if costs and basis != "both":
+            raise _errors.InputError("costs are the differences of both bases: basis='both' is expected", "costs")
+        return Result(self._member.check(basis_number(basis), bool(costs)), self.project())
 
     def __reduce__(self):
         return _from_project, (self.project(),)
