@@ -7,6 +7,8 @@
 #include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
 
+#include <iterator>
+#include <limits>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -204,103 +206,250 @@ private:
 using Doubles = py::array_t<double, py::array::c_style | py::array::forcecast>;
 using Places = py::array_t<std::size_t, py::array::c_style | py::array::forcecast>;
 
+// Forces as the library takes them: arrays by the names of the columns, member and case as whole
+// numbers. None are the members' own loads.
+class Acting {
+public:
+    Acting(std::size_t rows, const py::object& columns)
+    {
+        if (columns.is_none()) {
+            return;
+        }
+        const py::dict given = columns;
+        forces_ = kestrum::Forces{rows,
+                                  Column<Places>(given, rows, "member"),
+                                  Column<Places>(given, rows, "case"),
+                                  Column<Doubles>(given, rows, "x"),
+                                  Column<Doubles>(given, rows, "N"),
+                                  Column<Doubles>(given, rows, "Vy"),
+                                  Column<Doubles>(given, rows, "Vz"),
+                                  Column<Doubles>(given, rows, "My"),
+                                  Column<Doubles>(given, rows, "Mz"),
+                                  Column<Doubles>(given, rows, "Mx")};
+    }
+    const kestrum::Forces* get() const { return forces_ ? &*forces_ : nullptr; }
+
+private:
+    template <class Array>
+    const typename Array::value_type* Column(const py::dict& given, std::size_t rows,
+                                             const char* name)
+    {
+        if (!given.contains(name)) {
+            return nullptr;
+        }
+        const auto array = given[name].cast<Array>();
+        if (array.ndim() != 1 || static_cast<std::size_t>(array.size()) != rows) {
+            throw py::value_error(std::string("column ") + name + " has another length");
+        }
+        kept_.push_back(array);
+        return array.data();
+    }
+
+    std::vector<py::array> kept_;  // as long as the library reads them
+    std::optional<kestrum::Forces> forces_;
+};
+
+// Columns of worst cases.
+class WorstColumns {
+public:
+    explicit WorstColumns(std::size_t rows)
+        : status_(Size(rows)), ratio_(Size(rows)), x_(Size(rows)), row_(Size(rows)),
+          cases_(Size(rows)), above_(Size(rows)), failed_(Size(rows)), verdict_(rows), check_(rows),
+          clause_(rows), message_(rows), notes_(rows)
+    {
+    }
+    void Set(std::size_t i, const kestrum::Worst& worst)
+    {
+        const auto at = Size(i);
+        status_.mutable_at(at) = static_cast<int>(worst.status);
+        ratio_.mutable_at(at) = worst.ratio;
+        x_.mutable_at(at) = worst.x;
+        row_.mutable_at(at) = worst.row;
+        cases_.mutable_at(at) = worst.cases;
+        above_.mutable_at(at) = worst.above;
+        failed_.mutable_at(at) = worst.failed;
+        verdict_.Set(i, worst.verdict);
+        check_.Set(i, worst.governing);
+        clause_.Set(i, worst.clause);
+        message_.Set(i, worst.message);
+        notes_.Set(i, worst.notes);
+    }
+    py::dict columns() const
+    {
+        py::dict columns;
+        columns["status"] = status_;
+        columns["ir"] = ratio_;
+        columns["x"] = x_;
+        columns["row"] = row_;
+        columns["cases"] = cases_;
+        columns["above"] = above_;
+        columns["failed"] = failed_;
+        columns["verdict"] = verdict_.list();
+        columns["check"] = check_.list();
+        columns["clause"] = clause_.list();
+        columns["message"] = message_.list();
+        columns["notes"] = notes_.list();
+        return columns;
+    }
+
+private:
+    static py::ssize_t Size(std::size_t rows) { return static_cast<py::ssize_t>(rows); }
+
+    py::array_t<int> status_;
+    py::array_t<double> ratio_, x_;
+    py::array_t<std::size_t> row_, cases_, above_, failed_;
+    Texts verdict_, check_, clause_, message_, notes_;
+};
+
+// Member, column of the members or None, row of the forces or None, and why.
+py::list FaultsOf(const std::vector<kestrum::Fault>& faults, std::size_t columns, std::size_t rows)
+{
+    const auto place = [](std::size_t at, std::size_t none) {
+        return at < none ? py::object(py::int_(at)) : py::object(py::none());
+    };
+    py::list list;
+    for (const kestrum::Fault& fault : faults) {
+        list.append(py::make_tuple(fault.member, place(fault.column, columns),
+                                   place(fault.row, rows), fault.text));
+    }
+    return list;
+}
+
 class EnvelopeOf {
 public:
-    // Forces are arrays by the names of the columns; member and case are whole numbers.
     EnvelopeOf(const Member& base, const Inputs& inputs, std::size_t members, std::size_t rows,
                const py::dict& acting, unsigned basis, unsigned threads)
         : rows_(rows), columns_(inputs.size())
     {
         const Columns columns(inputs, members);
-        std::vector<py::array> kept;  // as long as the library reads them
-        const auto column = [&](const char* name, auto type) {
-            using Array = decltype(type);
-            using Entry = typename Array::value_type;
-            if (!acting.contains(name)) {
-                return static_cast<const Entry*>(nullptr);
-            }
-            const auto array = acting[name].cast<Array>();
-            if (array.ndim() != 1 || static_cast<std::size_t>(array.size()) != rows) {
-                throw py::value_error(std::string("column ") + name + " has another length");
-            }
-            kept.push_back(array);
-            return array.data();
-        };
-        const kestrum::Forces forces{rows,
-                                     column("member", Places()),
-                                     column("case", Places()),
-                                     column("x", Doubles()),
-                                     column("N", Doubles()),
-                                     column("Vy", Doubles()),
-                                     column("Vz", Doubles()),
-                                     column("My", Doubles()),
-                                     column("Mz", Doubles()),
-                                     column("Mx", Doubles())};
+        const Acting forces(rows, acting);
         auto checked = [&] {
             const py::gil_scoped_release free;
-            return kestrum::Envelope::check(base, columns.list(), members, forces,
+            return kestrum::Envelope::check(base, columns.list(), members, *forces.get(),
                                             {static_cast<Basis>(basis), threads});
         }();
         envelope_ = Value(std::move(checked));
     }
 
-    // Columns of the worst cases, a row for each member.
+    // A row for each member.
     py::dict Worst(unsigned basis) const
     {
-        const std::size_t members = envelope_->members();
-        const auto size = static_cast<py::ssize_t>(members);
-        py::array_t<int> status(size);
-        py::array_t<double> ratio(size), x(size);
-        py::array_t<std::size_t> row(size), cases(size), above(size), failed(size);
-        Texts verdict(members), check(members), clause(members), message(members), notes(members);
-        for (std::size_t i = 0; i < members; ++i) {
-            const kestrum::Worst worst = Value(envelope_->worst(i, static_cast<Basis>(basis)));
-            const auto at = static_cast<py::ssize_t>(i);
-            status.mutable_at(at) = static_cast<int>(worst.status);
-            ratio.mutable_at(at) = worst.ratio;
-            x.mutable_at(at) = worst.x;
-            row.mutable_at(at) = worst.row;
-            cases.mutable_at(at) = worst.cases;
-            above.mutable_at(at) = worst.above;
-            failed.mutable_at(at) = worst.failed;
-            verdict.Set(i, worst.verdict);
-            check.Set(i, worst.governing);
-            clause.Set(i, worst.clause);
-            message.Set(i, worst.message);
-            notes.Set(i, worst.notes);
+        WorstColumns columns(envelope_->members());
+        for (std::size_t i = 0; i < envelope_->members(); ++i) {
+            columns.Set(i, Value(envelope_->worst(i, static_cast<Basis>(basis))));
         }
-        py::dict columns;
-        columns["status"] = status;
-        columns["ir"] = ratio;
-        columns["x"] = x;
-        columns["row"] = row;
-        columns["cases"] = cases;
-        columns["above"] = above;
-        columns["failed"] = failed;
-        columns["verdict"] = verdict.list();
-        columns["check"] = check.list();
-        columns["clause"] = clause.list();
-        columns["message"] = message.list();
-        columns["notes"] = notes.list();
-        return columns;
+        return columns.columns();
     }
 
-    // Member, column of the members or None, row of the forces or None, and why.
-    py::list Faults() const
-    {
-        const auto place = [](std::size_t at, std::size_t none) {
-            return at < none ? py::object(py::int_(at)) : py::object(py::none());
-        };
-        py::list list;
-        for (const kestrum::Fault& fault : envelope_->faults()) {
-            list.append(py::make_tuple(fault.member, place(fault.column, columns_),
-                                       place(fault.row, rows_), fault.text));
-        }
-        return list;
-    }
+    py::list Faults() const { return FaultsOf(envelope_->faults(), columns_, rows_); }
 
 private:
     std::optional<kestrum::Envelope> envelope_;
+    std::size_t rows_, columns_;
+};
+
+kestrum::Wishes WishesOf(const py::dict& asked, unsigned threads)
+{
+    kestrum::Wishes wishes;
+    wishes.by = static_cast<kestrum::Objective>(asked["by"].cast<int>());
+    wishes.basis = static_cast<Basis>(asked["basis"].cast<unsigned>());
+    wishes.steels = asked["steels"].cast<std::vector<std::string>>();
+    wishes.max_ir = asked["max_ir"].cast<double>();
+    wishes.max_h = asked["max_h"].cast<double>();
+    wishes.max_b = asked["max_b"].cast<double>();
+    wishes.top = asked["top"].cast<std::size_t>();
+    wishes.threads = threads;
+    return wishes;
+}
+
+class SelectionOf {
+public:
+    SelectionOf(const Member& base, const Inputs& inputs, std::size_t members, std::size_t rows,
+                const py::object& acting, const std::vector<std::size_t>& group,
+                const kestrum::Pool& pool, const py::dict& wishes, unsigned threads)
+        : rows_(rows), columns_(inputs.size())
+    {
+        const Columns columns(inputs, members);
+        const Acting forces(rows, acting);
+        const kestrum::Wishes asked = WishesOf(wishes, threads);
+        auto checked = [&] {
+            const py::gil_scoped_release free;
+            return kestrum::Selection::check(base, columns.list(), members, forces.get(), pool,
+                                             asked, group);
+        }();
+        selection_ = Value(std::move(checked));
+    }
+
+    // A row for each section found, one without a section for a member that has none.
+    py::dict Choices() const
+    {
+        py::dict columns;
+        for (const char* const name : kNames) {
+            columns[name] = py::list();
+        }
+        const auto put = [&](std::size_t member, std::size_t rank, const kestrum::Choice* choice,
+                             const std::optional<kestrum::Choice>& lighter) {
+            const py::object none = py::none();
+            const py::float_ nothing(std::numeric_limits<double>::quiet_NaN());
+            const py::object values[] = {
+                py::int_(member),
+                py::int_(rank),
+                choice != nullptr ? py::object(py::str(choice->section)) : none,
+                choice != nullptr ? py::object(py::str(choice->steel)) : none,
+                choice ? py::float_(choice->mass) : nothing,
+                choice ? py::float_(choice->h) : nothing,
+                choice ? py::float_(choice->b) : nothing,
+                choice ? py::float_(choice->surface) : nothing,
+                choice ? py::float_(choice->price) : nothing,
+                lighter ? py::object(py::str(lighter->section)) : none,
+                py::str(lighter ? lighter->why : ""),
+                py::str(selection_->message(member))};
+            for (std::size_t i = 0; i < std::size(kNames); ++i) {
+                columns[kNames[i]].cast<py::list>().append(values[i]);
+            }
+        };
+        for (std::size_t member = 0; member < selection_->members(); ++member) {
+            const auto found = selection_->found(member);
+            if (found.empty()) {
+                put(member, 0, nullptr, std::nullopt);
+            }
+            for (std::size_t rank = 0; rank < found.size(); ++rank) {
+                put(member, rank + 1, &found[rank],
+                    rank == 0 ? selection_->lighter(member) : std::nullopt);
+            }
+        }
+        return columns;
+    }
+
+    // What the sections give, in the same rows.
+    py::dict Worst(unsigned basis) const
+    {
+        std::vector<kestrum::Worst> list;
+        for (std::size_t member = 0; member < selection_->members(); ++member) {
+            const std::size_t found = kestrum_selection_found(selection_->get(), member);
+            for (std::size_t rank = 0; rank < found; ++rank) {
+                list.push_back(Value(selection_->worst(member, rank, static_cast<Basis>(basis))));
+            }
+            if (found == 0) {
+                constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+                list.push_back({kestrum::Status::not_checked, kNone, kNone, rows_, 0, 0, 0, "", "",
+                                "", "", ""});
+            }
+        }
+        WorstColumns columns(list.size());
+        for (std::size_t i = 0; i < list.size(); ++i) {
+            columns.Set(i, list[i]);
+        }
+        return columns.columns();
+    }
+
+    py::list Faults() const { return FaultsOf(selection_->faults(), columns_, rows_); }
+
+private:
+    static constexpr const char* kNames[] = {"member", "rank",    "section", "steel",
+                                             "mass",   "h",       "b",       "surface",
+                                             "price",  "lighter", "lighter_fails", "message"};
+    std::optional<kestrum::Selection> selection_;
     std::size_t rows_, columns_;
 };
 
@@ -398,4 +547,18 @@ PYBIND11_MODULE(_kestrum, m)
                       unsigned, unsigned>())
         .def("worst", &EnvelopeOf::Worst)
         .def("faults", &EnvelopeOf::Faults);
+
+    py::class_<kestrum::Pool>(m, "Pool")
+        .def(py::init<const Catalogue&>())
+        .def("add", [](kestrum::Pool& p, const std::string& word) { Check(p.add(word)); })
+        .def("range", [](kestrum::Pool& p, const std::string& text) { Check(p.range(text)); })
+        .def("prices", [](kestrum::Pool& p, const std::string& table) { Check(p.prices(table)); });
+
+    py::class_<SelectionOf>(m, "Selection")
+        .def(py::init<const Member&, const Inputs&, std::size_t, std::size_t, const py::object&,
+                      const std::vector<std::size_t>&, const kestrum::Pool&, const py::dict&,
+                      unsigned>())
+        .def("choices", &SelectionOf::Choices)
+        .def("worst", &SelectionOf::Worst)
+        .def("faults", &SelectionOf::Faults);
 }

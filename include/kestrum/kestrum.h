@@ -66,6 +66,8 @@ typedef struct kestrum_member kestrum_member;
 typedef struct kestrum_result kestrum_result;
 typedef struct kestrum_table kestrum_table;
 typedef struct kestrum_envelope kestrum_envelope;
+typedef struct kestrum_pool kestrum_pool;
+typedef struct kestrum_selection kestrum_selection;
 
 /* "1.3.1" */
 KESTRUM_API const char *kestrum_version(void);
@@ -301,6 +303,77 @@ typedef struct kestrum_fault {
 KESTRUM_API size_t kestrum_envelope_faults(const kestrum_envelope *envelope);
 KESTRUM_API kestrum_code kestrum_envelope_fault(const kestrum_envelope *envelope, size_t index,
                                                 kestrum_fault *out, kestrum_error **error);
+
+/* Sections to choose from: families by number or name, series ("UB"), single sections ("IPE 300",
+ * "CHS 114.3x5"), "all"; for families of plates the sizes of each dimension, "p21.isth=300:900:50"
+ * (from, to, step), "p21.istb1=200,250", "p21.isttw=plates", or "p21.isttw" for that of the member.
+ * Prices are a CSV table under the names section, price/kg or price/m, and steel where they differ.
+ * A refused word leaves the pool as it was; ranges are checked when the pool is used. */
+KESTRUM_API kestrum_code kestrum_pool_new(const kestrum_catalogue *catalogue, kestrum_pool **out,
+                                          kestrum_error **error);
+KESTRUM_API void kestrum_pool_free(kestrum_pool *pool);
+KESTRUM_API kestrum_code kestrum_pool_add(kestrum_pool *pool, const char *word,
+                                          kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_pool_range(kestrum_pool *pool, const char *range,
+                                            kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_pool_prices(kestrum_pool *pool, const char *table,
+                                             kestrum_error **error);
+
+typedef enum kestrum_objective {
+    KESTRUM_BY_MASS = 0,
+    KESTRUM_BY_DEPTH = 1,
+    KESTRUM_BY_PRICE = 2,
+    KESTRUM_BY_SURFACE = 3 /* to be painted */
+} kestrum_objective;
+
+typedef struct kestrum_wishes {
+    kestrum_objective by; /* the smallest is chosen */
+    unsigned basis;       /* within limits in each of these */
+    double max_ir;        /* 0 for the limit of the member alone */
+    double max_h, max_b;  /* mm, over all; 0 for none */
+    size_t top;           /* how many are wanted; 0 for one */
+    const char *const *steels; /* grades to choose from; none for that of the member */
+    size_t steel_count;
+} kestrum_wishes;
+
+/* The lightest section of the pool that passes, for each member or, where `group` is not null, one
+ * for all members of the same number. Members are columns as in kestrum_table_check; they are under
+ * `forces`, or with null under their own loads. Each section is rated, none is inferred. A member
+ * that cannot be calculated leaves its group without a section and is one of the faults. */
+KESTRUM_API kestrum_code kestrum_select(const kestrum_member *base, const kestrum_column *columns,
+                                        size_t column_count, size_t members,
+                                        const kestrum_forces *forces, const size_t *group,
+                                        const kestrum_pool *pool, const kestrum_wishes *wishes,
+                                        unsigned threads, kestrum_selection **out,
+                                        kestrum_error **error);
+KESTRUM_API void kestrum_selection_free(kestrum_selection *selection);
+KESTRUM_API size_t kestrum_selection_members(const kestrum_selection *selection);
+/* How many sections were found for a member, at most `top`, and why there is none. */
+KESTRUM_API size_t kestrum_selection_found(const kestrum_selection *selection, size_t member);
+KESTRUM_API const char *kestrum_selection_message(const kestrum_selection *selection,
+                                                  size_t member);
+
+/* A section with its figures. Texts last as long as the selection. */
+typedef struct kestrum_choice {
+    const char *section, *steel;
+    const char *why;            /* "ratio 0.931 (My,Ed/My,Rd, 6.2.5)" */
+    double mass, h, b, surface; /* kg/m, mm over all, m2/m */
+    double price;               /* for a metre; NaN for none */
+} kestrum_choice;
+/* By its rank from 0, and what it gives in a basis that was asked for. */
+KESTRUM_API kestrum_code kestrum_selection_choice(const kestrum_selection *selection,
+                                                  size_t member, size_t rank, kestrum_choice *out,
+                                                  kestrum_error **error);
+KESTRUM_API kestrum_code kestrum_selection_worst(const kestrum_selection *selection, size_t member,
+                                                 size_t rank, unsigned basis, kestrum_worst *out,
+                                                 kestrum_error **error);
+/* The next lighter section, which fails; KESTRUM_UNKNOWN_NAME where there is none. */
+KESTRUM_API kestrum_code kestrum_selection_lighter(const kestrum_selection *selection,
+                                                   size_t member, kestrum_choice *out,
+                                                   kestrum_error **error);
+KESTRUM_API size_t kestrum_selection_faults(const kestrum_selection *selection);
+KESTRUM_API kestrum_code kestrum_selection_fault(const kestrum_selection *selection, size_t index,
+                                                 kestrum_fault *out, kestrum_error **error);
 
 #ifdef __cplusplus
 }

@@ -561,6 +561,39 @@ struct Fault {
     std::string text;
 };
 
+namespace detail {
+
+inline Worst Taken(const kestrum_worst& w)
+{
+    return {static_cast<Status>(w.status),
+            w.ratio,
+            w.x,
+            w.row,
+            w.cases,
+            w.above,
+            w.failed,
+            w.verdict,
+            w.governing,
+            w.clause,
+            w.message,
+            w.notes};
+}
+
+// `count` and `at` are functions of the handle.
+template <class T, class Count, class At> std::vector<Fault> Faults(T* handle, Count count, At at)
+{
+    std::vector<Fault> list;
+    kestrum_fault f{};
+    for (std::size_t i = 0; i < count(handle); ++i) {
+        if (at(handle, i, &f, nullptr) == KESTRUM_OK) {
+            list.push_back({f.member, f.column, f.row, f.text});
+        }
+    }
+    return list;
+}
+
+}  // namespace detail
+
 struct EnvelopeOptions {
     Basis basis = Basis::both;
     unsigned threads = 0;  // 0: all cores
@@ -605,30 +638,12 @@ public:
         if (error) {
             return *error;
         }
-        return Worst{static_cast<Status>(w.status),
-                     w.ratio,
-                     w.x,
-                     w.row,
-                     w.cases,
-                     w.above,
-                     w.failed,
-                     w.verdict,
-                     w.governing,
-                     w.clause,
-                     w.message,
-                     w.notes};
+        return detail::Taken(w);
     }
     // The first thousand, those of the members first.
     std::vector<Fault> faults() const
     {
-        std::vector<Fault> list;
-        kestrum_fault f{};
-        for (std::size_t i = 0; i < kestrum_envelope_faults(get()); ++i) {
-            if (kestrum_envelope_fault(get(), i, &f, nullptr) == KESTRUM_OK) {
-                list.push_back({f.member, f.column, f.row, f.text});
-            }
-        }
-        return list;
+        return detail::Faults(get(), kestrum_envelope_faults, kestrum_envelope_fault);
     }
 
     const kestrum_envelope* get() const { return handle_.get(); }
@@ -639,6 +654,168 @@ private:
     {
     }
     std::shared_ptr<kestrum_envelope> handle_;
+};
+
+// Sections to choose from; kestrum_pool_new says which words there are.
+class Pool {
+public:
+    explicit Pool(const Catalogue& catalogue)
+        : handle_(detail::Sure(detail::Answered<kestrum_pool, kestrum_pool_free>(
+              [&](auto** out, auto** e) { return kestrum_pool_new(catalogue.get(), out, e); })))
+    {
+    }
+
+    // Nothing, or why the word is refused; the pool is then as it was.
+    std::optional<Error> add(const std::string& word)
+    {
+        return detail::Done(
+            [&](auto** e) { return kestrum_pool_add(handle_.get(), word.c_str(), e); });
+    }
+    std::optional<Error> range(const std::string& range)
+    {
+        return detail::Done(
+            [&](auto** e) { return kestrum_pool_range(handle_.get(), range.c_str(), e); });
+    }
+    std::optional<Error> prices(const std::string& table)
+    {
+        return detail::Done(
+            [&](auto** e) { return kestrum_pool_prices(handle_.get(), table.c_str(), e); });
+    }
+
+    const kestrum_pool* get() const { return handle_.get(); }
+
+private:
+    detail::Handle<kestrum_pool, kestrum_pool_free> handle_;
+};
+
+// What a section is chosen by, the smallest first.
+enum class Objective {
+    mass = KESTRUM_BY_MASS,
+    depth = KESTRUM_BY_DEPTH,
+    price = KESTRUM_BY_PRICE,
+    surface = KESTRUM_BY_SURFACE
+};
+
+struct Wishes {
+    Objective by = Objective::mass;
+    Basis basis = Basis::both;             // within limits in each of these
+    std::vector<std::string> steels = {};  // grades to choose from; none for that of the member
+    double max_ir = 0;                     // 0 for the limit of the member alone
+    double max_h = 0, max_b = 0;           // mm, over all; 0 for none
+    std::size_t top = 1;                   // how many are wanted
+    unsigned threads = 0;                  // 0: all cores
+};
+
+// A section with its figures.
+struct Choice {
+    std::string section, steel;
+    std::string why;                   // "ratio 0.931 (My,Ed/My,Rd, 6.2.5)"
+    double mass, h, b, surface;        // kg/m, mm over all, m2/m
+    double price;                      // for a metre; NaN for none
+};
+
+// The lightest section that passes, of each member or each group; copies share the answers.
+class Selection {
+public:
+    // Members are columns as in Table::check, under `forces` or, with null, their own loads.
+    // Members with the same number in `group` get one section; empty: each its own.
+    static Expected<Selection> check(const Member& base, const std::vector<Column>& columns,
+                                     std::size_t members, const Forces* forces, const Pool& pool,
+                                     const Wishes& wishes = {},
+                                     const std::vector<std::size_t>& group = {})
+    {
+        if (!group.empty() && group.size() != members) {
+            return Error{KESTRUM_REFUSED, "group: a number for each member is expected", "group",
+                         "", 0};
+        }
+        const std::vector<kestrum_column> list = detail::Listed(columns);
+        std::vector<const char*> steels;
+        for (const std::string& steel : wishes.steels) {
+            steels.push_back(steel.c_str());
+        }
+        const kestrum_wishes asked{static_cast<kestrum_objective>(wishes.by),
+                                   static_cast<unsigned>(wishes.basis),
+                                   wishes.max_ir,
+                                   wishes.max_h,
+                                   wishes.max_b,
+                                   wishes.top,
+                                   steels.data(),
+                                   steels.size()};
+        auto made = detail::Answered<kestrum_selection, kestrum_selection_free>(
+            [&](auto** out, auto** e) {
+                return kestrum_select(base.get(), list.data(), list.size(), members, forces,
+                                      group.empty() ? nullptr : group.data(), pool.get(), &asked,
+                                      wishes.threads, out, e);
+            });
+        if (!made) {
+            return made.error();
+        }
+        return Selection(std::move(*made));
+    }
+    // One member under its own loads.
+    static Expected<Selection> check(const Member& member, const Pool& pool,
+                                     const Wishes& wishes = {})
+    {
+        return check(member, {}, 1, nullptr, pool, wishes);
+    }
+
+    std::size_t members() const { return kestrum_selection_members(get()); }
+    // The sections that pass, the lightest first, at most Wishes::top.
+    std::vector<Choice> found(std::size_t member) const
+    {
+        std::vector<Choice> list;
+        kestrum_choice c{};
+        for (std::size_t i = 0; i < kestrum_selection_found(get(), member); ++i) {
+            if (kestrum_selection_choice(get(), member, i, &c, nullptr) == KESTRUM_OK) {
+                list.push_back(Taken(c));
+            }
+        }
+        return list;
+    }
+    // What such a section gives, in a basis that was asked for.
+    Expected<Worst> worst(std::size_t member, std::size_t rank, Basis basis = Basis::program) const
+    {
+        kestrum_worst w{};
+        const std::optional<Error> error = detail::Done([&](auto** e) {
+            return kestrum_selection_worst(get(), member, rank, static_cast<unsigned>(basis), &w,
+                                           e);
+        });
+        if (error) {
+            return *error;
+        }
+        return detail::Taken(w);
+    }
+    // The next lighter section, which fails.
+    std::optional<Choice> lighter(std::size_t member) const
+    {
+        kestrum_choice c{};
+        if (kestrum_selection_lighter(get(), member, &c, nullptr) != KESTRUM_OK) {
+            return std::nullopt;
+        }
+        return Taken(c);
+    }
+    // Why there is no section.
+    std::string message(std::size_t member) const
+    {
+        return kestrum_selection_message(get(), member);
+    }
+    std::vector<Fault> faults() const
+    {
+        return detail::Faults(get(), kestrum_selection_faults, kestrum_selection_fault);
+    }
+
+    const kestrum_selection* get() const { return handle_.get(); }
+
+private:
+    explicit Selection(detail::Handle<kestrum_selection, kestrum_selection_free> handle)
+        : handle_(std::move(handle))
+    {
+    }
+    static Choice Taken(const kestrum_choice& c)
+    {
+        return {c.section, c.steel, c.why, c.mass, c.h, c.b, c.surface, c.price};
+    }
+    std::shared_ptr<kestrum_selection> handle_;
 };
 
 }  // namespace v1

@@ -15,9 +15,10 @@ from ._kestrum import Catalogue, version as __version__
 from ._member import Check, Deviation, Failure, Member, Note, Picture, Result
 from ._batch import batch
 from ._envelope import envelope
+from ._optimize import optimize
 
 __all__ = ["Catalogue", "Check", "Deviation", "Failure", "InputError", "Member", "Note", "Picture", "Result", "batch",
-           "envelope", "saf", "__version__"]
+           "envelope", "optimize", "saf", "__version__"]
 
 
 def __getattr__(name):

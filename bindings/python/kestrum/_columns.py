@@ -108,12 +108,23 @@ def inputs_of(table, member, keep=()):
     return rows, inputs, others
 
 
-def answer_of(table, passed, answers):
-    """The columns passed through and the answers, in the form of the table."""
+def answer_of(table, passed, answers, rows=None, before=None):
+    """The columns passed through, those of `before` and the answers, in the form of the table. `rows` are those of the
+    table that the answers belong to, where they are others."""
     frame = frame_of(table)
-    out = {key: table[key] for key in passed}
-    out.update(answers)
-    return out if frame is None else type(frame)(out, index=frame.index)
+    out = {**{key: table[key] for key in passed}, **(before or {})}
+    if rows is not None:
+        import numpy
+
+        out = {key: values.take(rows) if hasattr(values, "take") else numpy.asarray(values, dtype=object)[rows]
+               for key, values in out.items()}
+    if frame is None:
+        return {**out, **answers}
+    index = frame.index if rows is None else frame.index.take(rows)
+    answer = type(frame)(out, index=index)
+    for name, values in answers.items():
+        answer[name] = values
+    return answer
 
 
 def refuse(table, fault, inputs):

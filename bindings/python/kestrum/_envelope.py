@@ -38,16 +38,14 @@ def envelope(members, forces, basis="both", base=None, key=None, keep=(), sign="
     """
     _columns.require_errors(errors)
     number = basis_number(basis)
-    if sign not in _SIGNS:
-        raise _errors.InputError(f"sign={sign!r}: 'compression+' or 'tension+' is expected", "sign")
     if isinstance(members, Member):
         table, base, rows, inputs, passed, places = {}, members, 1, [], [], None
     else:
         table, base = members, Member() if base is None else base
         rows, inputs, passed = _columns.inputs_of(table, base._member, keep)
-        places = _places(table, rows, key)
-    acting = _Forces(forces, places, errors)
-    answers = _kestrum.Envelope(base._member, inputs, rows, *acting.columns(_SIGNS[sign]), number, jobs)
+        places = places_of(table, rows, key)
+    acting = Forces(forces, places, errors)
+    answers = _kestrum.Envelope(base._member, inputs, rows, *acting.columns(sign), number, jobs)
     if errors == "raise":
         for member, column, row, text in answers.faults():
             if row is None:
@@ -59,7 +57,7 @@ def envelope(members, forces, basis="both", base=None, key=None, keep=(), sign="
     return _columns.answer_of(table, passed, worst)
 
 
-def _places(members, rows, key):
+def places_of(members, rows, key):
     """Row of each member by its key."""
     names = {str(name): name for name in _columns.keys_of(members)}
     if key is not None and str(key) not in names:
@@ -82,7 +80,7 @@ def _nearest(name, names):
     return next(iter(difflib.get_close_matches(name, list(names), 1)), "")
 
 
-class _Forces:
+class Forces:
     """The stations. `places` are the rows of the members by their keys; None for one member without a key."""
 
     def __init__(self, table, places, errors):
@@ -157,13 +155,15 @@ class _Forces:
             self._refuse(row, name, f"{name}: {text!r} is no number")
 
     def columns(self, sign):
-        """What the extension takes: member, case, and the numbers of the rows that count."""
+        """What the extension takes: how many rows count, and their member, case and numbers."""
         import numpy
 
+        if sign not in _SIGNS:
+            raise _errors.InputError(f"sign={sign!r}: 'compression+' or 'tension+' is expected", "sign")
         pick = slice(None) if len(self._all) == self._rows else self._all
         out = {name: values[pick] for name, values in self._numbers.items()}
-        if sign < 0 and "N" in out:
-            out["N"] = -out["N"]
+        if "N" in out:
+            out["N"] = _SIGNS[sign] * out["N"]
         if self._member is not None:
             out["member"] = self._member[pick].astype(numpy.uintp)
         if self._cases is not None:
