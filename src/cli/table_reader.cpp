@@ -15,6 +15,8 @@ namespace kestrum::cli {
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{1} << 16;
+// The first chunks are short, so that a short table is spread over the cores as well.
+constexpr std::size_t kFirstChunk = std::size_t{1} << 11;
 constexpr std::string_view kBlank = " \t\r\n";
 
 // What is there already; a pipe is not waited for until it is full. Nothing at the end, less than
@@ -47,7 +49,7 @@ TableReader::TableReader(const std::string& name, Columns& columns, const Interr
                          bool keepothers)
     : name_(name == "-" ? "standard input" : name),
       file_(name == "-" ? stdin : OpenFile(Utf8Path(name), "rb")), interrupt_(interrupt),
-      keepothers_(keepothers), columns_(columns)
+      keepothers_(keepothers), columns_(columns), piece_(kFirstChunk)
 {
     if (!file_) {
         Stop(name_ + ": " + std::generic_category().message(errno));
@@ -139,13 +141,15 @@ bool TableReader::SetForm()
 }
 
 // The length of the members at the front that are there to their ends.
-std::size_t TableReader::WholeMembers() const
+// The end of the last whole member within so many bytes; 0 without one.
+std::size_t TableReader::WholeMembers(std::size_t most) const
 {
-    if (ended_ || form_ == TableForm::ndjson) {
-        return ended_ ? rest_.size() : rest_.rfind('\n') + 1;
+    const std::string_view text = std::string_view(rest_).substr(0, most);
+    const bool last = ended_ && text.size() == rest_.size();
+    if (last || form_ == TableForm::ndjson) {
+        return last ? text.size() : text.rfind('\n') + 1;
     }
     const std::string_view separator = columns_.back()->separator();
-    const std::string_view text = rest_;
     for (std::size_t whole = 0;;) {
         const std::size_t end = RecordEnd(text.substr(whole), separator, false);
         if (end == std::string_view::npos) {
@@ -177,10 +181,15 @@ bool TableReader::Next(BatchChunk& chunk)
         if (!std::exchange(unseen_, false) && !ReadOn()) {
             continue;
         }
-        const std::size_t whole = fault_.empty() ? WholeMembers() : 0;
+        std::size_t whole = fault_.empty() ? WholeMembers(piece_) : 0;
+        if (whole == 0 && fault_.empty()) {
+            whole = WholeMembers(rest_.size());
+        }
         chunk.lines.assign(rest_, 0, whole);
         rest_.erase(0, whole);
-        if (ended_) {
+        unseen_ = whole > 0 && !rest_.empty();
+        piece_ = std::min(2 * piece_, kBlock);
+        if (ended_ && !unseen_) {
             file_.reset();
             const bool open = array_ && !array_->closed() && fault_.empty();
             fault_ = open ? name_ + ": the array is not closed" : fault_;

@@ -55,7 +55,7 @@ private:
     void Decode(std::string_view bytes);
     std::string Append(std::string_view bytes);
     bool SetForm();
-    std::size_t WholeMembers() const;
+    std::size_t WholeMembers(std::size_t most) const;
     void Stop(std::string fault);
 
     bool ReadOn();
@@ -68,6 +68,7 @@ private:
     TableDecoder decoder_;
     bool ended_ = false;
     bool unseen_ = false;  // read, but not yet looked through for members
+    std::size_t piece_;    // bytes of the next chunk
     bool known_ = false;   // whether its form and columns are
     TableForm form_ = TableForm::csv;
     std::optional<JsonArray> array_;  // of a table that is one

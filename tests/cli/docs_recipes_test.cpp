@@ -101,6 +101,23 @@ TEST_F(Recipes, ThoseOfEnvelopeAnswerEachMember)
     EXPECT_EQ(Answers(said.out), 21);
 }
 
+TEST_F(Recipes, ThoseOfOptimizeFindASection)
+{
+    std::filesystem::copy(KESTRUM_SOURCE "/examples", Path("examples"),
+                          std::filesystem::copy_options::recursive);
+    Write("members.csv", "l,qload[1]\n6,12\n4,20\n");
+    ASSERT_EQ(Kestrum("new -o girder.kst --family 21 --set l=18 --set 'qload[1]=30'").exit, 0);
+    const std::vector<std::string> blocks = Blocks("docs/optimize.md");
+    ASSERT_EQ(blocks.size(), 2U);
+    for (const std::string& block : blocks) {
+        const Said said = Run(block);
+        EXPECT_EQ(said.exit, 0) << said.err;
+        EXPECT_THAT(said.out, HasSubstr("\n1. "));
+    }
+    EXPECT_THAT(Read("chosen.csv"), HasSubstr("\nC4,"));
+    EXPECT_EQ(Kestrum("check lighter.kst").exit, 0);
+}
+
 TEST_F(Recipes, ThoseOfSummaryWriteEachForm)
 {
     if (!std::filesystem::exists(KESTRUM_BIN "/kestrum-render.so")) {
