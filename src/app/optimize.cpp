@@ -152,7 +152,9 @@ std::string WhyText(const RatedCandidate& rated, Bases bases)
         return std::string(VerdictWord(answer.refused)) + ": " + answer.refusal;
     }
     if (bases == Bases::both && answer.standard.any) {
-        const bool governs = RatioOf(answer.standard) > RatioOf(answer.program);
+        // The program keeps single precision: ratios that differ by that are one.
+        constexpr double kSingle = 2e-6;
+        const bool governs = RatioOf(answer.standard) > (1 + kSingle) * RatioOf(answer.program);
         return governs ? "standard: " + WhyOf(answer.standard) : WhyOf(answer.program);
     }
     return WhyOf(bases == Bases::standard ? answer.standard : answer.program);
