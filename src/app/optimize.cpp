@@ -142,6 +142,7 @@ std::optional<SectionFigures> FiguresOf(const Library& library, const ProjectSta
     figures.h = section.h + (family.kind == Kind::hat ? 1.0 * section.tbot : 0);
     figures.b = std::max({section.b, section.btop, section.bbot});
     figures.surface = section.surface;
+    figures.area = section.a;
     return figures;
 }
 
@@ -191,6 +192,35 @@ CaseRater::CaseRater(const Library& library, const ProjectState& member, std::sp
     : SectionRater(member), cases_(cases), program_(library, Bases::program, false),
       standard_(library, Bases::standard, false)
 {
+    constexpr double kN = 1e3, kNmm = 1e6;
+    for (const CaseRows& rows : cases) {
+        for (const Station& at : rows.stations) {
+            n_ = std::max(n_, std::abs(at.n) * kN);
+            my_ = std::max(my_, std::abs(at.my) * kNmm);
+            mz_ = std::max(mz_, std::abs(at.mz) * kNmm);
+        }
+    }
+}
+
+// Both bases check every station (of a member with check points of its own the program does not).
+// There
+//   N/NRd <= limit needs A fy/gammaM0 >= N/limit, since no resistance to an axial force exceeds
+//   that
+//     of the whole section in tension, EN 1993-1-1, 6.2.3 and 6.2.4;
+//   M/Mc,Rd <= limit needs Wpl fy/gammaM0 >= M/limit, since Wel and Weff do not exceed Wpl, 6.2.5.
+// Wpl is the integral of |z - m| over the area, m the axis that halves it. Such an m makes the
+// integral least, so that it is no larger about the middle of the height, where |z - m| <= h/2:
+//   Wpl,y <= A h/2, and likewise Wpl,z <= A b/2.
+// A moment that the family does not carry fails the section too, unless it is a hundredth of the
+// elastic resistance, far below the bound.
+bool CaseRater::MayPass(const SectionFigures& figures, double strength, double limit) const
+{
+    if (member().cpmode == 1) {
+        return true;
+    }
+    constexpr double kSingle = 1 + 1e-5;  // the record keeps single precision
+    const double most = figures.area * strength * limit * kSingle;
+    return n_ <= most && my_ <= most * figures.h / 2 && mz_ <= most * figures.b / 2;
 }
 
 // False when the section fails and that was enough to know.
@@ -292,6 +322,30 @@ bool Optimizer::Fits(const SectionFigures& figures) const
     return figures.h <= wishes_.max_h && figures.b <= wishes_.max_b;
 }
 
+// By bounds alone. Figures of tables are left to the ratings: the standard basis corrects some.
+bool Optimizer::MayPass(const Candidate& candidate, std::size_t steel,
+                        const SectionFigures& figures) const
+{
+    if (pool_.HasRow(candidate)) {
+        return true;
+    }
+    const std::size_t steels = std::max<std::size_t>(wishes_.steels.size(), 1);
+    for (std::size_t i = 0; i < group_.size(); ++i) {
+        const ProjectState& s = states_[i * steels + steel];
+        const bool listed = s.fykindex >= 0 && s.fykindex < LastMaterial(library_);
+        const auto grade = static_cast<std::size_t>(s.fykindex);
+        const double fy =
+            listed ? std::max(library_.materials[grade].fy40, library_.materials[grade].fyover)
+                   : s.fyk;
+        const double limit = std::min<double>(s.irlimit, wishes_.max_ir);
+        const double gammam0 = std::min(s.gammam0, 1.0);  // a pass takes that of the annex, no less
+        if (!group_[i]->MayPass(figures, fy / gammam0, limit)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 // The candidates in the order of the objective. Members of a group may differ in what turns or
 // weighs a section: the first one orders, each has to be within the sizes.
 void Optimizer::Rank(OptimizeAnswer& answer)
@@ -323,7 +377,7 @@ void Optimizer::Rank(OptimizeAnswer& answer)
                     pool_.NameOf(library_, probes_[0], candidates[i]) + " has no price";
                 return ranked_.clear();
             }
-            ranked_.push_back({*value, i, k});
+            ranked_.push_back({*value, i, k, !MayPass(candidates[i], k, *first)});
         }
     }
     std::stable_sort(ranked_.begin(), ranked_.end(), [](const Ranked& a, const Ranked& b) {
@@ -390,6 +444,9 @@ void Optimizer::Search(OptimizeAnswer& answer)
         for (; next < ranked_.size() && ranked_[next].value == ranked_[i].value &&
                ranked_[next].steel == ranked_[i].steel;
              ++next) {
+            if (ranked_[next].hopeless) {
+                continue;
+            }
             RatedCandidate rated = Rate(ranked_[next], false);
             if (rated.passes) {
                 passing.push_back(Named(ranked_[next], std::move(rated)));

@@ -56,6 +56,7 @@ struct SectionFigures {
     double mass = 0;                   // kg/m
     double h = 0, b = 0;               // mm, over all
     double surface = 0;                // m2/m
+    double area = 0;                   // mm2
     std::optional<double> price = {};  // for a metre
 };
 
@@ -99,6 +100,14 @@ public:
     // As read or set, with the section that it has now.
     const ProjectState& member() const { return member_; }
 
+    // False where no section with these figures, whatever its shape, has a ratio of `limit` or
+    // less; true says nothing. `strength` is fy/gammaM0, MPa.
+    virtual bool MayPass(const SectionFigures& /*figures*/, double /*strength*/,
+                         double /*limit*/) const
+    {
+        return true;
+    }
+
     // `s` is the member with a section; what it holds afterwards is nobody's. `thorough`: all that
     // can be said; else the answer may end with the first case or basis in which the section fails
     // or exceeds max_ir.
@@ -130,6 +139,7 @@ class CaseRater : public SectionRater {
 public:
     // The cases must last; their stations are put in order.
     CaseRater(const Library& library, const ProjectState& member, std::span<CaseRows> cases);
+    bool MayPass(const SectionFigures& figures, double strength, double limit) const override;
     MemberAnswer Rate(ProjectState& s, Bases bases, double max_ir, bool thorough) override;
 
 private:
@@ -138,7 +148,8 @@ private:
 
     std::span<CaseRows> cases_;
     MemberCases program_, standard_;
-    std::size_t first_ = 0;  // the case in which the last section failed
+    double n_ = 0, my_ = 0, mz_ = 0;  // largest sizes of all stations, N and Nmm
+    std::size_t first_ = 0;           // the case in which the last section failed
 };
 
 class Optimizer {
@@ -165,10 +176,13 @@ private:
         double value;
         std::uint32_t candidate;
         std::uint16_t steel;
+        bool hopeless;  // known to fail without a rating
     };
     void TakeMembers(std::span<SectionRater* const> group);
     ProjectState& With(std::size_t member, const Ranked& ranked);
     bool Fits(const SectionFigures& figures) const;
+    bool MayPass(const Candidate& candidate, std::size_t steel,
+                 const SectionFigures& figures) const;
     std::optional<double> PriceOf(std::size_t candidate, int steel, double mass);
     void Rank(OptimizeAnswer& answer);
     std::optional<double> ValueOf(std::size_t candidate, int steel, const SectionFigures& figures);

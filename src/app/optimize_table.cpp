@@ -103,7 +103,15 @@ void OptimizeWorker::Group(OptimizePiece& piece, const MemberGroup& group)
             raters.push_back(taken.rater.get());
         }
     }
-    const OptimizeAnswer answer = raters.empty() ? OptimizeAnswer{} : optimizer_.Choose(raters);
+    OptimizeAnswer answer;
+    const auto missing = std::find_if(members.begin(), members.end(),
+                                      [](const Taken& taken) { return !taken.rater; });
+    if (missing == members.end()) {
+        answer = optimizer_.Choose(raters);
+    } else {
+        answer.message = "member \"" + plan_.members.Key(missing->member) +
+                         "\" of its group: " + missing->refusal;
+    }
     for (const Taken& taken : members) {
         Answer(piece, group, taken, taken.rater ? &answer : nullptr);
     }

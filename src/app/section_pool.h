@@ -82,6 +82,12 @@ public:
     std::string NameOf(const Library& library, const ProjectState& s,
                        const Candidate& candidate) const;
 
+    // Whether the figures are those of a profile table, of stiffened plates in part.
+    bool HasRow(const Candidate& candidate) const
+    {
+        return entries_[candidate.entry].table.has_value();
+    }
+
     // For a steel (a row of the material list).
     std::optional<Price> PriceOf(const Candidate& candidate, int steel) const;
 

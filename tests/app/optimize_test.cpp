@@ -9,7 +9,10 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <span>
 #include <sstream>
+#include <tuple>
+#include <utility>
 
 namespace kestrum {
 namespace {
@@ -409,6 +412,202 @@ TEST(Optimize, ChoosesByWhatIsAsked)
         const double rate = rated.name == "HEA 160" ? 0.5 : rated.name.starts_with("HEA") ? 1 : 2;
         EXPECT_DOUBLE_EQ(rated.figures.price.value(), rate * rated.figures.mass) << rated.name;
     }
+}
+
+// --- Grids ---------------------------------------------------------------------------------------
+
+// Counts ratings; without the bounds that leave sections out.
+class CountingRater : public CaseRater {
+public:
+    CountingRater(const ProjectState& member, std::span<CaseRows> cases, bool bounded)
+        : CaseRater(Tables(), member, cases), bounded_(bounded)
+    {
+    }
+    bool MayPass(const SectionFigures& figures, double strength, double limit) const override
+    {
+        return !bounded_ || CaseRater::MayPass(figures, strength, limit);
+    }
+    MemberAnswer Rate(ProjectState& s, Bases bases, double max_ir, bool thorough) override
+    {
+        ++ratings;
+        return CaseRater::Rate(s, bases, max_ir, thorough);
+    }
+    int ratings = 0;
+
+private:
+    bool bounded_;
+};
+
+std::vector<CaseRows> RandomCases(Members& members, double l, double size)
+{
+    std::vector<CaseRows> cases(2);
+    for (CaseRows& rows : cases) {
+        const double n = members.Between(-size, size), m0 = members.Between(-size, size) / 5,
+                     m1 = members.Between(-size, size) / 5, z = members.Between(0, size) / 100;
+        rows.name = "U";
+        for (int i = 0; i <= 4; ++i) {
+            const double t = i / 4.0;
+            rows.stations.push_back({.x = t * l,
+                                     .n = n,
+                                     .vy = 0,
+                                     .vz = (m1 - m0) / l,
+                                     .my = m0 + t * (m1 - m0),
+                                     .mz = z,
+                                     .mx = 0});
+            rows.lines.push_back(1);
+        }
+    }
+    return cases;
+}
+
+// The bounds leave out nothing that would pass.
+TEST(Optimize, APrunedGridGivesWhatTheWholeGridGives)
+{
+    Members members(23);
+    const SectionPool pool =
+        PoolOf({"21", "23", "CHS", "28"},
+               {"p21.isth=100:400:100", "p21.istb1=100,200", "p21.isttw=6,10", "p21.isttf=8,15,25",
+                "p23.isth=100,200", "p23.istb1=100,200", "p23.isttw=6,10", "p23.isttf=10",
+                "p31.istd=tubes:60:200", "p31.isttw=5,10", "p28.isth=50,100", "p28.isttw=10,20"},
+               "p23.ista");
+    int bounded_ratings = 0, ratings = 0, found = 0;
+    for (int i = 0; i < kMembers / 10; ++i) {
+        ProjectState s = UnloadedMember(Tables());
+        SetFields(s, "l=4 ltb=0 p23.ista=0");
+        const std::vector<CaseRows> cases = RandomCases(members, s.l, members.Between(50, 2500));
+        OptimizeWishes wishes;
+        wishes.bases = i % 3 == 0 ? Bases::both : i % 3 == 1 ? Bases::program : Bases::standard;
+        wishes.max_ir = i % 2 == 0 ? 0.8 : 1.0;
+        wishes.top = 2;
+        OptimizeAnswer answer[2];
+        for (const bool bounded : {false, true}) {
+            std::vector<CaseRows> own = cases;
+            CountingRater member(s, own, bounded);
+            SectionRater* group[] = {&member};
+            answer[bounded ? 1 : 0] = Optimizer(Tables(), pool, wishes).Choose(group);
+            (bounded ? bounded_ratings : ratings) += member.ratings;
+        }
+        ASSERT_EQ(answer[0].found.size(), answer[1].found.size());
+        for (std::size_t k = 0; k < answer[0].found.size(); ++k) {
+            EXPECT_EQ(answer[0].found[k].name, answer[1].found[k].name);
+            EXPECT_EQ(answer[0].found[k].ir, answer[1].found[k].ir);
+        }
+        ASSERT_EQ(answer[0].lighter.has_value(), answer[1].lighter.has_value());
+        if (answer[0].lighter) {
+            EXPECT_EQ(answer[0].lighter->name, answer[1].lighter->name);
+        }
+        EXPECT_EQ(answer[0].message, answer[1].message);
+        found += answer[0].found.empty() ? 0 : 1;
+    }
+    EXPECT_GT(found, 0);
+    EXPECT_LT(bounded_ratings, ratings * 3 / 4);
+}
+
+// 3 heights, 2 widths, 2 webs, the 3 plates from 8 to 12 mm of which the flange is one.
+TEST(SectionPool, HoldsEveryCombination)
+{
+    const SectionPool pool = PoolOf({"21"}, {"p21.isth=200:300:50", "p21.istb1=100,150",
+                                             "p21.isttw=5,6", "p21.isttf=plates:8:12"});
+    EXPECT_EQ(pool.candidates().size(), 3U * 2 * 2 * 3);
+    ProjectState s = UnloadedMember(Tables());
+    ASSERT_TRUE(pool.Apply(Tables(), s, pool.candidates().back()));
+    EXPECT_EQ(s.family, 21);
+    EXPECT_EQ(s.p21.isth, 300);
+    EXPECT_EQ(s.p21.istb1, 150);
+    EXPECT_EQ(s.p21.isttw, 6);
+    EXPECT_EQ(s.p21.isttf, 12);
+    EXPECT_EQ(pool.NameOf(Tables(), s, pool.candidates().back()), "I 300x150x6x12");
+    // A of two flanges 150 x 12 and a web 276 x 6.
+    EXPECT_EQ(FiguresOf(Tables(), s)->area, 2 * 150 * 12 + 276 * 6);
+}
+
+TEST(SectionPool, KeepsTheDimensionsOfTheMember)
+{
+    const SectionPool pool = PoolOf({"28"}, {"p28.isttw=10,20"}, "p28.isth");
+    ProjectState s = UnloadedMember(Tables());
+    SetFields(s, "p28.isth=77");
+    ASSERT_TRUE(pool.Apply(Tables(), s, pool.candidates().front()));
+    EXPECT_EQ(s.p28.isth, 77);
+    EXPECT_EQ(s.p28.isttw, 10);
+}
+
+TEST(SectionPool, HoldsASectionOnce)
+{
+    EXPECT_EQ(PoolOf({"IPE 300", "ipe", "IPE300", "4"}).candidates().size(),
+              PoolOf({"IPE"}).candidates().size());
+    EXPECT_EQ(PoolOf({"HEB200", "HE 200 B"}).candidates().size(), 1U);
+    EXPECT_EQ(PoolOf({"CHS 114.3x5", "CHS 114.3X5.0", "CHS 114.3x6.3"}).candidates().size(), 2U);
+}
+
+TEST(SectionPool, RefusesSizesThatAreNone)
+{
+    for (const auto& [range, why] : {std::pair("p21.isth=300:200:50", "expected FROM:TO:STEP"),
+                                     {"p21.isth=200:300:0", "expected FROM:TO:STEP"},
+                                     {"p21.isth=200:300:nan", "expected FROM:TO:STEP"},
+                                     {"p21.isth=1e9:2e9:1", "more than 255 sizes"},
+                                     {"p21.isth=inf", "expected FROM:TO:STEP"},
+                                     {"p21.isth=10", "h >= 20"},
+                                     {"p21.isth=plates:200:300", "no sizes"}}) {
+        SectionPool pool;
+        ASSERT_EQ(pool.Add(Tables(), "21"), "");
+        ASSERT_EQ(pool.Range(range), "");
+        ASSERT_EQ(pool.Range("p21.istb1=100"), "");
+        EXPECT_THAT(pool.Finish(Tables()), HasSubstr(why)) << range;
+    }
+    SectionPool pool;
+    EXPECT_THAT(pool.Range("p21.isth"), HasSubstr("expected FIELD="));
+    ASSERT_EQ(pool.Range("p21.isth=200"), "");
+    EXPECT_EQ(pool.Range("p21.isth=300"), "p21.isth: is given twice");
+    EXPECT_EQ(pool.Finish(Tables()), "the pool is empty");
+}
+
+TEST(SectionPool, NamesTheLineOfAPriceAtFault)
+{
+    for (const auto& [text, why] :
+         {std::pair("section;price/kg\nIPE;1,2\nFOO;1\n", "p.csv:3: FOO: no such family"),
+          {"price/kg\n1\n", "p.csv:1: no column section"},
+          {"section,cost\nIPE,1\n", "p.csv:1: column \"cost\""},
+          {"section,price/kg,price/m\nIPE,1,2\n", "p.csv:1: column \"price/m\""},
+          {"section,price/kg\n\nIPE,-1\n", "p.csv:3: price: \"-1\" is no number"},
+          {"section,price/kg\nIPE,nan\n", "p.csv:2: price: \"nan\" is no number"},
+          {"section,price/kg\nIPE\n", "p.csv:2: fewer cells than columns"},
+          {"section,price/kg\nIPE,1,2\n", "p.csv:2: more cells than columns"},
+          {"section,price/kg\nIPE,1\n4,2\n", "p.csv:3: 4: has a price already"},
+          {"section,price/kg,steel\nIPE,1,S999\n", "p.csv:2: steel: \"S999\""},
+          {"section,price/kg\n\"IPE,1\n", "p.csv:2: a quote is not closed"},
+          {"", "p.csv:1: "}}) {
+        SectionPool pool;
+        EXPECT_THAT(pool.AddPrices(Tables(), text, "p.csv"), HasSubstr(why)) << text;
+    }
+}
+
+// What names a section or a steel closer comes first.
+TEST(SectionPool, TakesTheClosestPrice)
+{
+    SectionPool pool;
+    ASSERT_EQ(pool.AddPrices(Tables(),
+                             "section,price/m,steel\nIPE,1,\nIPE,2,S355\nIPE 300,3,\n"
+                             "HEA,4,S235\n",
+                             "p.csv"),
+              "");
+    ASSERT_EQ(pool.Finish(Tables()), "");
+    const auto price = [&](std::string_view name, std::string_view steel) {
+        for (const Candidate& candidate : pool.candidates()) {
+            if (pool.NameOf(Tables(), {}, candidate) == name) {
+                const auto& list = Tables().materials;
+                const auto at = std::find_if(list.begin(), list.end(),
+                                             [&](const Material& m) { return m.name == steel; });
+                const auto found = pool.PriceOf(candidate, static_cast<int>(at - list.begin()));
+                return found ? found->value : -1;
+            }
+        }
+        return -2.0;
+    };
+    EXPECT_EQ(price("IPE 200", "S235"), 1);
+    EXPECT_EQ(price("IPE 200", "S355"), 2);
+    EXPECT_EQ(price("IPE 300", "S355"), 3);
+    EXPECT_EQ(price("HEA 200", "S235"), 4);
+    EXPECT_EQ(price("HEA 200", "S355"), -1);
 }
 
 }  // namespace

@@ -84,6 +84,18 @@ TEST_F(OptimizeCommand, GivesAGroupOfAFrameOneSection)
     EXPECT_EQ(Kestrum("envelope chosen.csv '" + frame + "forces.csv' --basis program -q").exit, 0);
 }
 
+// What one of them lacks the others cannot make good.
+TEST_F(OptimizeCommand, LeavesAGroupWithAMemberAtFault)
+{
+    Write("m.csv", "id,l,qload[1],set\na,6,12,x\nb,6,wide,x\nc,6,12,y\n");
+    const Said said = Kestrum("optimize m.csv --pool IPE --group set -q");
+    EXPECT_EQ(said.exit, 2);
+    EXPECT_THAT(said.err, HasSubstr("m.csv:3: qload[1]: "));
+    EXPECT_THAT(said.out, HasSubstr("\na,not checked,,"));
+    EXPECT_THAT(said.out, HasSubstr("member \"\"b\"\" of its group: qload[1]"));
+    EXPECT_THAT(said.out, HasSubstr("\nc,within limits,0."));
+}
+
 TEST_F(OptimizeCommand, NamesBadInput)
 {
     Write("m.csv", "l,qload[1]\n6,12\n");
