@@ -66,7 +66,7 @@ _kestrum()
     --basis) _kestrum_words 'program standard both'; return ;;
     --by) _kestrum_words 'mass depth price surface'; return ;;
     --pool) _kestrum_files; return ;;
-    --fields | --group | --jobs | --keep | --key | --map | --max-b | --max-h | --max-ir | --memory | --range | --steel | --top) return ;;
+    --fields | --group | --jobs | --keep | --shard | --key | --map | --max-b | --max-h | --max-ir | --memory | --range | --steel | --top) return ;;
     esac
     [[ $cur != = && $prev != = ]] || return # the value of a field
 
@@ -75,9 +75,10 @@ _kestrum()
         case $command in
         '') options+=' --version' ;;
         check) options+=' --basis --loadcase --notes --no-notes --exit-zero --csv-safe --format --json' ;;
-        batch) options+=' --output --base --fields --jobs --resume --sign --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json' ;;
-        envelope) options+=' --output --basis --key --map --sign --swap-axes --all --top --memory --base --jobs --resume --raw --exit-zero --csv-safe --no-csv-safe --format --json' ;;
+        batch) options+=' --output --base --fields --shard --jobs --resume --sign --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json' ;;
+        envelope) options+=' --output --basis --key --map --sign --swap-axes --all --top --memory --base --shard --jobs --resume --raw --exit-zero --csv-safe --no-csv-safe --format --json' ;;
         optimize) options+=' --output --pool --range --keep --steel --by --max-ir --max-h --max-b --top --basis --group --key --map --sign --swap-axes --memory --base --jobs --raw --exit-zero --format --json' ;;
+        merge) options+=' --output' ;;
         summary) options+=' --output --members --key --base --raw --top' ;;
         dump) options+=' --inputs' ;;
         new) options+=' --output --family --set --sign --raw' ;;
@@ -90,14 +91,14 @@ _kestrum()
         return
     fi
     case $command in
-    '') _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope optimize summary help' ;;
-    help) ((operands)) || _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope optimize summary' ;;
+    '') _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope optimize merge summary help' ;;
+    help) ((operands)) || _kestrum_words 'check dump new set sections fields vortex diagram table report batch envelope optimize merge summary' ;;
     sections) ((operands)) || _kestrum_families ;;
     fields) ((operands)) || _kestrum_words "$(kestrum fields --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)" ;;
     report) if ((operands)); then _kestrum_files kst; else _kestrum_words 'control section vortex full'; fi ;;
     set) if ((operands)); then _kestrum_fields; else _kestrum_files kst; fi ;;
     new) [[ " ${COMP_WORDS[*]:1:COMP_CWORD-1} " != *' --set '* ]] || _kestrum_fields ;;
-    batch | envelope | optimize | summary) _kestrum_files ;;
+    batch | envelope | optimize | merge | summary) _kestrum_files ;;
     *) _kestrum_files kst ;;
     esac
 }

@@ -1,5 +1,5 @@
 # fish completion for kestrum
-set -g __kestrum_commands check dump new set sections fields vortex diagram table report batch envelope optimize summary help
+set -g __kestrum_commands check dump new set sections fields vortex diagram table report batch envelope optimize merge summary help
 
 function __kestrum_families
     kestrum sections --format csv 2>/dev/null | tail -n +2 | string replace -a '"' '' | string replace -r ',[^,]*,[^,]*,' \t
@@ -55,6 +55,7 @@ complete -c kestrum -n $none -a report -d 'Write a printed report'
 complete -c kestrum -n $none -a batch -d 'Calculate many members'
 complete -c kestrum -n $none -a envelope -d 'Worst case of each member of a frame'
 complete -c kestrum -n $none -a optimize -d 'Lightest section that passes'
+complete -c kestrum -n $none -a merge -d 'Join the answers of shards'
 complete -c kestrum -n $none -a summary -d 'Sort the answers by ratio'
 complete -c kestrum -n $none -a help -d 'Print the help of a command'
 
@@ -62,12 +63,12 @@ complete -c kestrum -n '__kestrum_at check; or __kestrum_at dump; or __kestrum_a
 for command in set vortex diagram table
     complete -c kestrum -n "__kestrum_at $command 0" -k -a '(__fish_complete_suffix .kst)'
 end
-complete -c kestrum -n '__kestrum_at help 0' -a 'check dump new set sections fields vortex diagram table report batch envelope optimize summary'
+complete -c kestrum -n '__kestrum_at help 0' -a 'check dump new set sections fields vortex diagram table report batch envelope optimize merge summary'
 complete -c kestrum -n '__kestrum_at report 0' -a 'control section vortex full'
 complete -c kestrum -n '__kestrum_at sections 0' -a '(__kestrum_families)'
 complete -c kestrum -n '__kestrum_at fields 0' -a '(kestrum fields --format csv 2>/dev/null | tail -n +2 | cut -d, -f1)'
 complete -c kestrum -n __kestrum_fields_at -a '(__kestrum_fields)'
-complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope; or __kestrum_at optimize; or __kestrum_at summary' -F
+complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope; or __kestrum_at optimize; or __kestrum_at merge; or __kestrum_at summary' -F
 
 complete -c kestrum -n '__kestrum_at check' -l loadcase -d 'Governing load case'
 complete -c kestrum -n '__kestrum_at check' -l notes -d 'Notes on deviations'
@@ -89,7 +90,7 @@ complete -c kestrum -n '__kestrum_at dump' -l inputs -d 'Inputs alone'
 complete -c kestrum -n '__kestrum_at new' -l family -x -a '(__kestrum_families)' -d 'Section family'
 complete -c kestrum -n '__kestrum_at new' -l set -x -a '(__kestrum_fields)' -d 'Value of a field'
 complete -c kestrum -n '__kestrum_at diagram' -l axis -x -a 'z y' -d 'Axis of the loads'
-for command in new set diagram table report batch envelope optimize summary
+for command in new set diagram table report batch envelope optimize merge summary
     complete -c kestrum -n "__kestrum_at $command" -s o -l output -rF -d 'File to write'
 end
 for command in new set batch envelope optimize
@@ -102,6 +103,7 @@ complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope; or __kestr
 complete -c kestrum -n '__kestrum_at batch' -l keep-columns -d 'Other columns pass through'
 complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope' -l resume -d 'Go on behind the answers'
 complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at optimize; or __kestrum_at summary' -l key -x -d 'Column of the keys'
+complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope' -l shard -x -d 'Part of the members'
 complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at optimize' -l map -x -d 'What a column is'
 complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at optimize' -l swap-axes -d 'Exchange y and z'
 complete -c kestrum -n '__kestrum_at envelope' -l all -d 'A line for each case'

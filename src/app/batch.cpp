@@ -471,8 +471,9 @@ void RememberRemarks(std::vector<BatchChunk::Word>& words, const LineExtras& ext
 }
 
 BatchWorker::BatchWorker(const Library& library, const ProjectState& base, const AnswerForm& form,
-                         Manner manner)
-    : library_(library), base_(base), start_(StartState(library)), form_(form), manner_(manner)
+                         Manner manner, Shard shard)
+    : library_(library), base_(base), start_(StartState(library)), form_(form), manner_(manner),
+      shard_(shard)
 {
 }
 
@@ -491,7 +492,10 @@ void BatchWorker::Work(BatchChunk& chunk)
     place_ = chunk.place;
     if (!chunk.files.empty()) {
         for (const std::string& file : chunk.files) {
-            File(chunk, file);
+            if (shard_.Has(place_)) {
+                File(chunk, file);
+            }
+            ++place_;
         }
         return;
     }
@@ -505,7 +509,11 @@ void BatchWorker::Lines(BatchChunk& chunk)
     for (std::size_t number = chunk.line; !rest.empty();) {
         const std::string_view line = NextMember(chunk, rest);
         if (!line.empty()) {
-            Line(chunk, line, row++, number);
+            if (shard_.Has(place_)) {
+                Line(chunk, line, row, number);
+            }
+            ++row;
+            ++place_;
         }
         if (number > 0) {
             number += 1 + static_cast<std::size_t>(std::count(line.begin(), line.end(), '\n'));
@@ -591,7 +599,7 @@ void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string
         }
     }
     form_.AppendLine(chunk.out, member, s_, outcome, extras_, standard ? &*standard : nullptr);
-    chunk.tally.Add(place_++, member, outcome.verdict, outcome.ir);
+    chunk.tally.Add(place_, member, outcome.verdict, outcome.ir);
 }
 
 }  // namespace kestrum

@@ -5,6 +5,7 @@
 
 #include "app/assign.h"
 #include "app/member_table.h"
+#include "app/shard.h"
 #include "core/csv_cell.h"
 #include "core/library.h"
 #include "core/project_state.h"
@@ -181,8 +182,9 @@ std::string_view NextMember(const BatchChunk& chunk, std::string_view& rest);
 // holds a whole member and is read onto the record after a start.
 class BatchWorker {
 public:
+    // Of the members of a chunk it calculates those of the shard.
     BatchWorker(const Library& library, const ProjectState& base, const AnswerForm& form,
-                Manner manner);
+                Manner manner, Shard shard = {});
     void Work(BatchChunk& chunk);
 
 private:
@@ -196,6 +198,7 @@ private:
     const ProjectState start_;  // what a project file is read onto
     const AnswerForm& form_;
     Manner manner_;
+    Shard shard_;
     JsonKeys keys_;
     LineExtras extras_;
     ProjectState s_, read_;

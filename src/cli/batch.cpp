@@ -59,6 +59,9 @@ BatchOrigin OriginOf(const Options& options, const BatchArguments& arguments)
                 sources.push_back({name + *file, *file});
             }
         }
+        if (!arguments.shard.empty()) {
+            sources.push_back({kShardSource + arguments.shard, ""});
+        }
         how += arguments.raw ? " --raw" : "";
         how += arguments.tensionpositive ? " --sign tension+" : "";
         how += arguments.keep_columns ? " --keep-columns" : "";
@@ -89,6 +92,7 @@ int Batch(const Options& options, const BatchArguments& arguments)
     if (arguments.resume && (arguments.out.empty() || arguments.out == "-")) {
         throw BadInput("--resume needs -o with the file of the earlier run");
     }
+    const Shard shard = ShardOf(arguments.shard, arguments.out);
     const ProjectState base = BaseOf(library, arguments.base);
 
     const Interrupt interrupt;
@@ -101,15 +105,16 @@ int Batch(const Options& options, const BatchArguments& arguments)
     const BatchOrigin origin = OriginOf(options, arguments);
     Tally tally;
     const std::size_t earlier = arguments.resume ? output.TakeUp(form, tally, origin) : 0;
-    input.Skip(earlier);
+    input.Skip(shard.Behind(earlier));
     output.Begin(form, origin);
 
     const Manner manner(arguments.raw ? Assignment::raw : Assignment::checked,
                         arguments.tensionpositive);
     std::vector<OrderedRun<BatchChunk>::Work> work;
     for (unsigned i = 0; i < Threads(arguments.jobs); ++i) {
-        work.emplace_back([worker = std::make_shared<BatchWorker>(library, base, form, manner)](
-                              BatchChunk& chunk) { worker->Work(chunk); });
+        work.emplace_back(
+            [worker = std::make_shared<BatchWorker>(library, base, form, manner, shard)](
+                BatchChunk& chunk) { worker->Work(chunk); });
     }
     {
         Progress progress("members");
@@ -134,7 +139,11 @@ int Batch(const Options& options, const BatchArguments& arguments)
         ComplainAll(output.Suspend(tally.Members()));
         interrupt.End();
     }
-    output.Finish();
+    ShardOrder order;
+    for (std::size_t i = 0; i < tally.Members(); ++i) {
+        order.Add(shard.index + i * shard.count);
+    }
+    output.Finish(arguments.shard.empty() ? nullptr : &order);
     if (!options.quiet) {
         std::cerr << PrintableLines(tally.Summary());
     }

@@ -103,6 +103,22 @@ BatchOrigin::BatchOrigin(const std::vector<BatchSource>& sources, const std::str
     }
 }
 
+bool BatchOrigin::ReadShardOf(const std::string& stored, Shard& shard, std::string& common)
+{
+    std::string_view rest = stored;
+    bool found = false;
+    common = TakeLine(rest);
+    while (!rest.empty()) {
+        const std::string_view line = TakeLine(rest), name = NameIn(line);
+        if (name.starts_with(kShardSource)) {
+            found = ReadShard(name.substr(std::string_view(kShardSource).size()), shard);
+        } else {
+            common.append("\n").append(line.substr(0, line.size() - name.size()));
+        }
+    }
+    return found && common.starts_with(kHead);
+}
+
 std::string BatchOrigin::Differs(const std::string& stored) const
 {
     std::string_view mine = text_, other = stored;

@@ -15,6 +15,9 @@ struct BatchSource {
     std::string name, path;  // "--base" and its file
 };
 
+// Name of a source that is none: which part of a run it is.
+constexpr const char* kShardSource = "--shard ";
+
 class BatchOrigin {
 public:
     // Name, size and hash of each source: a file, a folder of projects, "-" for standard input,
@@ -23,6 +26,11 @@ public:
 
     // As it is stored, a line each.
     const std::string& text() const { return text_; }
+
+    // Of the stored text of a shard: which one it is, and what all shards of a run have in common:
+    // options, sizes and hashes, not the names, under which each machine may have the files. False
+    // for another text.
+    static bool ReadShardOf(const std::string& stored, Shard& shard, std::string& common);
 
     // The first difference to what was stored: "members.csv is not what it was". Empty without any.
     std::string Differs(const std::string& stored) const;

@@ -73,7 +73,7 @@ private:
 
 }  // namespace
 
-BatchOutput::BatchOutput(const std::string& name, bool resume) : name_(name)
+BatchOutput::BatchOutput(const std::string& name, bool resume, bool kept) : name_(name), kept_(kept)
 {
     if (name.empty() || name == "-") {
         name_ = "standard output";
@@ -143,6 +143,7 @@ void BatchOutput::Fail(const std::string& fault) const
 
 std::size_t BatchOutput::TakeUp(const AnswerLines& form, Tally& tally, const BatchOrigin& origin)
 {
+    origin_ = origin.text();
     const std::string name = Utf8Name(written_);
     answers_ = true;  // whatever it is, it stays
     Reader reader(name, form, tally);
@@ -177,6 +178,7 @@ std::size_t BatchOutput::TakeUp(const AnswerLines& form, Tally& tally, const Bat
 
 void BatchOutput::Begin(const AnswerLines& form, const BatchOrigin& origin)
 {
+    origin_ = origin.text();
     if (taken_up_) {
         return;
     }
@@ -201,7 +203,7 @@ void BatchOutput::Write(std::string_view text)
         Complain(name_ + ": goes on behind its answers; nothing says what they belong to");
         strange_ = false;
     }
-    answers_ = answers_ || !text.empty();
+    answers_ = answers_ || (kept_ && !text.empty());
     Put(text);
 }
 
@@ -226,7 +228,12 @@ std::string BatchOutput::Suspend(std::size_t members)
                                       "; the same command with --resume goes on");
 }
 
-void BatchOutput::Finish()
+std::string ShardName(const std::string& answers)
+{
+    return Utf8Name(TargetOf(answers)) + ".shard";
+}
+
+void BatchOutput::Finish(const ShardOrder* order)
 {
     answers_ = true;
     if (!regular_) {
@@ -236,11 +243,17 @@ void BatchOutput::Finish()
         }
         return;
     }
-    const std::string fault = part_.Finish();
+    std::string fault = part_.Finish();
+    std::error_code ignored;
+    const std::string shard = ShardName(name_);
+    if (order == nullptr) {
+        fs::remove(Utf8Path(shard), ignored);  // of answers that are no more
+    } else if (fault.empty()) {
+        fault = WriteWholeFile(shard, origin_ + kOrderHead + order->Text());
+    }
     if (!fault.empty()) {
         Fail(fault);
     }
-    std::error_code ignored;
     fs::remove(Utf8Path(OriginName()), ignored);
 }
 

@@ -16,11 +16,17 @@
 
 namespace kestrum::cli {
 
+// Between what a shard belongs to and its order.
+constexpr const char* kOrderHead = "order\n";
+
+// The name of the file that comes with the answers of a shard.
+std::string ShardName(const std::string& answers);
+
 class BatchOutput {
 public:
-    // "-" or an empty name is standard output. A file is this run's alone from here on. Throws
-    // BadInput, as does all that follows.
-    BatchOutput(const std::string& name, bool resume);
+    // "-" or an empty name is standard output. A file is this run's alone from here on. What is
+    // not `kept` leaves nothing when it ends early. Throws BadInput, as does all that follows.
+    BatchOutput(const std::string& name, bool resume, bool kept = true);
     ~BatchOutput();
     BatchOutput(const BatchOutput&) = delete;
     BatchOutput& operator=(const BatchOutput&) = delete;
@@ -35,8 +41,9 @@ public:
     // What is written is handed over at once.
     void Write(std::string_view text);
 
-    // All is answered: the file gets its name.
-    void Finish();
+    // All is answered: the file gets its name. The answers of a shard come with a file NAME.shard,
+    // which says what they belong to and where they stand in the whole run.
+    void Finish(const ShardOrder* order = nullptr);
 
     // The user stopped the run behind so many members. Returns how to go on, a line.
     std::string Suspend(std::size_t members);
@@ -49,12 +56,14 @@ private:
     [[noreturn]] void Fail(const std::string& fault) const;
 
     std::string name_;               // for messages
+    std::string origin_;             // what the answers belong to
     std::filesystem::path target_;   // the file in the end; empty for standard output
     std::filesystem::path written_;  // where the answers go until then
     PartFile part_;
     FileLock lock_;                // on what the name holds already
     std::FILE* device_ = nullptr;  // instead of a file
     bool regular_ = false;         // a file, no device
+    const bool kept_;              // for a later run to go on from
     bool taken_up_ = false;
     bool answers_ = false;  // whether there is anything to go on from
     bool strange_ = false;  // taken up, but nothing says what the answers belong to

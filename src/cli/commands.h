@@ -70,7 +70,8 @@ struct BatchArguments {
     std::string out;   // empty: standard output
     std::string base;  // project that tables start from; empty: the default one
     std::vector<std::string> fields = {"control", "clause", "message", "notes", "dropped"};
-    int jobs = 0;  // threads; 0: one a core
+    std::string shard;  // "2/8": part of the members; empty: all
+    int jobs = 0;       // threads; 0: one a core
     bool resume = false;
     bool raw = false;
     bool tensionpositive = false;  // nload, ne and ned are given and answered so
@@ -95,6 +96,7 @@ struct FrameArguments {
 struct EnvelopeArguments : FrameArguments {
     std::string out;             // empty: standard output
     std::string basis = "both";  // or program, or standard
+    std::string shard;           // "2/8": part of the members; empty: all
     int jobs = 0;                // threads; 0: one a core
     int top = 0;                 // so many worst cases of each member
     bool all = false;            // a line for each case
@@ -118,6 +120,12 @@ struct OptimizeArguments : FrameArguments {
     bool exit_zero = false;
 };
 int Optimize(const Options& options, const OptimizeArguments& arguments);
+
+struct MergeArguments {
+    std::vector<std::string> parts;
+    std::string out;  // empty: standard output
+};
+int Merge(const Options& options, const MergeArguments& arguments);
 
 struct SummaryArguments {
     std::string answers;

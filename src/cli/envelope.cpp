@@ -55,6 +55,9 @@ BatchOrigin OriginOf(const Options& options, const EnvelopeArguments& arguments)
             how += " --map " + pair;
         }
         how += " --data " + options.data;
+        if (!arguments.shard.empty()) {
+            sources.push_back({kShardSource + arguments.shard, ""});
+        }
     }
     return {sources, how};
 }
@@ -62,8 +65,10 @@ BatchOrigin OriginOf(const Options& options, const EnvelopeArguments& arguments)
 // Puts the parts of a member together and writes its line when it is whole.
 class Emitter {
 public:
-    Emitter(const EnvelopePlan& plan, const EnvelopeForm& form, std::size_t earlier)
-        : plan_(plan), form_(form), earlier_(earlier), seen_(plan.members.size())
+    Emitter(const EnvelopePlan& plan, const EnvelopeForm& form, std::size_t earlier,
+            const ForceReader& forces, Shard shard)
+        : plan_(plan), form_(form), earlier_(earlier), forces_(forces), shard_(shard),
+          seen_(plan.members.size())
     {
     }
 
@@ -74,7 +79,7 @@ public:
         }
         seen_[answer.member] = true;
         if (plan_.all) {
-            return Write(answer);
+            return Write(answer, forces_.PlaceOf(answer.member));
         }
         if (held_.empty() || plan_.top > 0) {
             held_.push_back(std::move(answer));
@@ -92,7 +97,7 @@ public:
             Cut();
         }
         for (const MemberAnswer& answer : held_) {
-            Write(answer);
+            Write(answer, forces_.PlaceOf(answer.member));
         }
         held_.clear();
     }
@@ -101,7 +106,7 @@ public:
     void Rest(EnvelopeWorker& worker)
     {
         for (std::size_t member = 0; member < seen_.size(); ++member) {
-            if (seen_[member]) {
+            if (seen_[member] || !shard_.Has(member)) {
                 continue;
             }
             MemberAnswer answer;
@@ -109,23 +114,22 @@ public:
             answer.refusal = worker.RefusalOf(member);
             answer.refused = answer.refusal.empty() ? Verdict::not_checked : Verdict::bad;
             answer.refusal = answer.refusal.empty() ? "no forces" : answer.refusal;
-            Write(answer);
+            Write(answer, seen_.size() + member);  // behind all that have rows
         }
     }
-
-    // Members whose answers stand there from an earlier run.
-    void MarkSeen(std::size_t member) { seen_[member] = true; }
 
     std::string TakeText() { return std::exchange(text_, {}); }
     const Tally& tally() const { return tally_; }
     std::size_t written() const { return place_; }
-    void StartAt(std::size_t place) { place_ = place; }
+    const ShardOrder& order() const { return order_; }
     void Count(const Tally& earlier) { tally_.Add(earlier); }
 
 private:
-    void Write(const MemberAnswer& answer)
+    // `in_run` is the place of the member in the whole run.
+    void Write(const MemberAnswer& answer, std::size_t in_run)
     {
         const std::size_t place = place_++;
+        order_.Add(in_run);
         if (place < earlier_) {
             return;
         }
@@ -152,6 +156,9 @@ private:
     const EnvelopePlan& plan_;
     const EnvelopeForm& form_;
     std::size_t earlier_;  // answers of an earlier run
+    const ForceReader& forces_;
+    const Shard shard_;
+    ShardOrder order_;
     std::vector<bool> seen_;
     std::vector<MemberAnswer> held_;
     std::string text_;
@@ -175,6 +182,7 @@ int Envelope(const Options& options, const EnvelopeArguments& arguments)
     const CsvTexts texts =
         arguments.csv_safe.value_or(IsFile(arguments.out)) ? CsvTexts::safe : CsvTexts::plain;
     const EnvelopeForm form(FormOf(options, arguments.out), BasesOf(arguments.basis), texts);
+    const Shard shard = ShardOf(arguments.shard, arguments.out);
     const ProjectState base = BaseOf(library, arguments.base);
 
     const Interrupt interrupt;
@@ -183,6 +191,7 @@ int Envelope(const Options& options, const EnvelopeArguments& arguments)
     constexpr std::size_t kMega = std::size_t{1} << 20;
     ForceReader forces(arguments.forces, manner, members,
                        kMega * static_cast<std::size_t>(arguments.memory), interrupt);
+    forces.SetShard(shard);
     Tell(options, forces);
 
     BatchOutput output(arguments.out, arguments.resume);
@@ -194,7 +203,7 @@ int Envelope(const Options& options, const EnvelopeArguments& arguments)
     plan.manner = Manner(arguments.raw ? Assignment::raw : Assignment::checked);
     plan.all = arguments.all;
     plan.top = static_cast<std::size_t>(arguments.top);
-    Emitter emitter(plan, form, earlier);
+    Emitter emitter(plan, form, earlier, forces, shard);
     emitter.Count(before);
 
     Progress scanned("rows looked through");
@@ -250,7 +259,7 @@ int Envelope(const Options& options, const EnvelopeArguments& arguments)
     EnvelopeWorker last(plan, forces.columns(), forces.name());
     emitter.Rest(last);
     output.Write(emitter.TakeText());
-    output.Finish();
+    output.Finish(arguments.shard.empty() ? nullptr : &emitter.order());
     if (!options.quiet) {
         std::cerr << Amount(rows, "rows, ") << Amount(cases, "cases, ")
                   << PrintableLines(emitter.tally().Summary());

@@ -17,6 +17,12 @@ namespace {
 
 constexpr std::size_t kPiece = std::size_t{1} << 18;
 
+std::uint32_t PlaceIn(const MemberList& members, const std::string& key)
+{
+    const std::size_t at = members.Find(key);
+    return at != MemberList::kNone ? static_cast<std::uint32_t>(at) : kNobody;
+}
+
 std::size_t Hash(std::string_view text)
 {
     return std::hash<std::string_view>()(text);
@@ -27,7 +33,7 @@ std::size_t Hash(std::string_view text)
 ForceReader::ForceReader(const std::string& name, const ForceManner& manner,
                          const MemberList& members, std::size_t memory, const Interrupt& interrupt)
     : file_(name), members_(members), memory_(memory), interrupt_(interrupt),
-      stream_(std::make_unique<TextStream>(name, interrupt))
+      stream_(std::make_unique<TextStream>(name, interrupt)), places_(members.size())
 {
     name_ = stream_->name();
     std::error_code fault;
@@ -146,7 +152,7 @@ void ForceReader::SortRows(const std::function<void()>& show)
     sorter_.emplace(memory_);
     std::string_view record, member, load_case;
     std::string key;
-    std::size_t at = MemberList::kNone;
+    std::uint32_t at = kNobody;
     for (std::size_t rows = 1, line = line_; TakeNext(*stream_, record); line = line_, ++rows) {
         if (rows % kNow == 0) {
             show();
@@ -157,11 +163,12 @@ void ForceReader::SortRows(const std::function<void()>& show)
         columns_.Keys(record, member, load_case);
         if (member != key) {
             key = member;
-            at = members_.Find(key);
+            at = PlaceIn(members_, key);
         }
-        const bool known = at != MemberList::kNone;
-        sorter_->Add({known ? static_cast<std::uint32_t>(at) : kNobody, line,
-                      known ? load_case : std::string_view{}, record});
+        const bool known = at != kNobody;
+        if (known ? shard_.Has(at) : shard_.index == 0) {
+            sorter_->Add({at, line, known ? load_case : std::string_view{}, record});
+        }
     }
     if (!interrupt_.raised()) {
         sorter_->Close();
@@ -186,14 +193,15 @@ bool ForceReader::Scan(const std::function<void()>& show)
     return !interrupt_.raised();
 }
 
-// The rows of a member that is answered already are left out.
-bool ForceReader::Skipped(std::uint32_t member, bool fresh)
+// The rows of another member begin.
+void ForceReader::Enter(std::uint32_t member)
 {
-    if (fresh) {
-        dropping_ = member != kNobody && skip_ > 0;
-        skip_ -= dropping_ ? 1 : 0;
+    if (member == kNobody) {
+        dropping_ = shard_.index != 0;
+        return;
     }
-    return dropping_;
+    places_[member] = sorter_ ? member : seen_++;
+    dropping_ = !shard_.Has(member);
 }
 
 bool ForceReader::NextSorted(ForcePiece& piece)
@@ -215,7 +223,10 @@ bool ForceReader::NextSorted(ForcePiece& piece)
             case_ = row.load_case;
             any_ = true;
         }
-        if (Skipped(row.member, !same_member)) {
+        if (!same_member) {
+            Enter(row.member);
+        }
+        if (dropping_) {
             continue;
         }
         if (border && piece.lines.size() >= kPiece) {
@@ -254,9 +265,9 @@ bool ForceReader::NextStreamed(ForcePiece& piece)
                 member_ = m;
                 case_ = c;
             }
-            const std::size_t at =
-                border && !same_member ? members_.Find(member_) : MemberList::kNone;
-            Skipped(at == MemberList::kNone ? kNobody : 0, border && !same_member);
+            if (border && !same_member) {
+                Enter(PlaceIn(members_, member_));
+            }
             front = member_ + columns_.separator()[0] + case_ + columns_.separator()[0];
             if (!record.starts_with(front)) {
                 front.clear();  // other columns come first

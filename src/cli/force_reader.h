@@ -8,6 +8,7 @@
 #include "app/envelope.h"
 #include "app/force_table.h"
 #include "app/member_list.h"
+#include "app/shard.h"
 #include "cli/force_order.h"
 #include "cli/text_stream.h"
 
@@ -17,6 +18,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kestrum::cli {
 
@@ -35,8 +37,12 @@ public:
 
     bool Next(ForcePiece& piece);
 
-    // Leaves the rows of the first members out whose answers are there.
-    void Skip(std::size_t members) { skip_ = members; }
+    // Of the members those of the shard; rows of strangers are handed on in the first one.
+    void SetShard(Shard shard) { shard_ = shard; }
+
+    // The place of a member that was handed on: in the order of the rows, or, where they had to be
+    // sorted, of the table of members.
+    std::size_t PlaceOf(std::size_t member) const { return places_[member]; }
 
     const ForceColumns& columns() const { return columns_; }
     const std::string& name() const { return name_; }
@@ -54,7 +60,7 @@ private:
     bool NextSorted(ForcePiece& piece);
     bool NextStreamed(ForcePiece& piece);
     void Reopen();
-    bool Skipped(std::uint32_t member, bool fresh);
+    void Enter(std::uint32_t member);
 
     std::string file_, name_;
     const MemberList& members_;
@@ -69,7 +75,9 @@ private:
     std::size_t at_ = 0;    // of text_ that is taken
     std::size_t line_ = 1;  // of the next record
     bool ended_ = false;    // nothing is left to read
-    std::size_t skip_ = 0;
+    Shard shard_;
+    std::vector<std::size_t> places_;  // another thread reads those of members handed on
+    std::size_t seen_ = 0;             // members
     std::atomic<std::uintmax_t> taken_ = 0;
     std::uintmax_t whole_ = 0;
     // Of a row taken for a piece that was full.
@@ -79,7 +87,7 @@ private:
     std::string member_, case_;  // of the last row taken
     std::uint32_t place_ = 0;    // of its member, of sorted rows
     bool any_ = false;
-    bool dropping_ = false;  // rows of a member that is answered already
+    bool dropping_ = false;  // rows of a member that is another's
 };
 
 }  // namespace kestrum::cli

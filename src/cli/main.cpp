@@ -118,6 +118,7 @@ int Run(int argc, char** argv)
     EnvelopeArguments frame;
     OptimizeArguments search;
     SummaryArguments summed;
+    MergeArguments merged;
 
     CLI::App& check =
         *app.add_subcommand("check", "calculates and prints the result panel of each file");
@@ -228,6 +229,7 @@ int Run(int argc, char** argv)
         ->delimiter(',')
         ->allow_extra_args(false)  // what follows are inputs
         ->capture_default_str();
+    batch.add_option("--shard", many.shard, "I/N: part I of N of the members, for `kestrum merge`");
     batch.add_option("--jobs", many.jobs, "threads; one for each core without it")
         ->check(CLI::Range(1, 256));
     batch.add_flag("--resume", many.resume, "goes on behind the answers that -o holds already");
@@ -264,6 +266,8 @@ int Run(int argc, char** argv)
     envelope.add_flag("--all", frame.all, "a line for each member and case");
     envelope.add_option("--top", frame.top, "the worst cases of each member, so many lines")
         ->check(CLI::Range(1, 1000000));
+    envelope.add_option("--shard", frame.shard,
+                        "I/N: part I of N of the members, for `kestrum merge`");
     envelope.add_option("--jobs", frame.jobs, "threads; one for each core without it")
         ->check(CLI::Range(1, 256));
     envelope.add_flag("--resume", frame.resume, "goes on behind the answers that -o holds already");
@@ -277,6 +281,14 @@ int Run(int argc, char** argv)
     envelope.callback([&] { exit = Envelope(options, frame); });
 
     AddOptimize(app, options, search, exit);
+
+    CLI::App& merge = *app.add_subcommand(
+        "merge", "joins the answers of all shards of a run of batch or envelope");
+    merge.add_option("parts", merged.parts, "answers written with --shard, in any order")
+        ->required()
+        ->type_name("PARTS");
+    AddOutput(merge, merged.out, "file to write; standard output without it");
+    merge.callback([&] { exit = Merge(options, merged); });
 
     CLI::App& summary = *app.add_subcommand(
         "summary", "sorts the answers of batch or envelope by ratio: table, workbook or pages");

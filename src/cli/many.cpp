@@ -63,6 +63,18 @@ void ComplainAll(std::string_view lines)
     }
 }
 
+Shard ShardOf(const std::string& text, const std::string& out)
+{
+    Shard shard;
+    if (!text.empty() && !ReadShard(text, shard)) {
+        throw BadInput("--shard " + text + ": expected I/N, the first of four is 1/4");
+    }
+    if (!text.empty() && !IsFile(out)) {
+        throw BadInput("--shard needs -o with a file, for `kestrum merge`");
+    }
+    return shard;
+}
+
 int ExitOf(const Tally& tally, bool faulty)
 {
     int exit = faulty ? kBadInput : kAllWithin;

@@ -5,6 +5,7 @@
 #include "app/batch.h"
 #include "app/member_cases.h"
 #include "app/member_list.h"
+#include "app/shard.h"
 #include "cli/context.h"
 #include "cli/interrupt.h"
 
@@ -26,6 +27,9 @@ Bases BasesOf(const std::string& basis);
 
 // Each line with "kestrum: " in front.
 void ComplainAll(std::string_view lines);
+
+// "2/8" of --shard. Throws BadInput; a shard needs a file for its answers.
+Shard ShardOf(const std::string& text, const std::string& out);
 
 int ExitOf(const Tally& tally, bool faulty);
 

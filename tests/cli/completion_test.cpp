@@ -80,7 +80,7 @@ TEST_P(Completion, OffersTheCommands)
     EXPECT_THAT(Complete("kestrum "),
                 UnorderedElementsAre("check", "dump", "new", "set", "sections", "fields", "vortex",
                                      "diagram", "table", "report", "batch", "envelope", "optimize",
-                                     "summary", "help"));
+                                     "merge", "summary", "help"));
     EXPECT_THAT(Complete("kestrum che"), ElementsAre("check"));
     EXPECT_THAT(Complete("kestrum --setup a.dat rep"), ElementsAre("report"));
 }
@@ -89,7 +89,7 @@ TEST_P(Completion, OffersTheOptionsOfEachCommand)
 {
     for (const char* command :
          {"check", "dump", "new", "set", "sections", "fields", "vortex", "diagram", "table",
-          "report", "batch", "envelope", "optimize", "summary", "help"}) {
+          "report", "batch", "envelope", "optimize", "merge", "summary", "help"}) {
         EXPECT_THAT(Complete(std::string("kestrum ") + command + " --"),
                     UnorderedElementsAreArray(Options(command)))
             << command;

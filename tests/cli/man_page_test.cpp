@@ -30,7 +30,7 @@ TEST_F(ManPage, NamesEveryOptionOfEveryCommand)
     int options = 0;
     for (const char* command :
          {"", "check", "dump", "new", "set", "sections", "fields", "vortex", "diagram", "table",
-          "report", "batch", "envelope", "optimize", "summary", "help"}) {
+          "report", "batch", "envelope", "optimize", "merge", "summary", "help"}) {
         EXPECT_THAT(page, HasSubstr(std::string("\n.BR ") + command));
         std::istringstream help(Kestrum(std::string(command) + " --help").out);
         std::smatch found;
