@@ -82,6 +82,7 @@ if [ "${1:-}" = --full ]; then
     tools/build-docs build/release
     say "The windows on an X display"
     tools/check-display build/release || die "the desktop does not work on an X display"
+    tools/check-slurm build/release || die "the array of docs/scale.md does not answer as one run does"
     tools/check-packages build/release
     tools/check-windows
     tools/check-bare

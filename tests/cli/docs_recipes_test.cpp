@@ -118,6 +118,19 @@ TEST_F(Recipes, ThoseOfOptimizeFindASection)
     EXPECT_EQ(Kestrum("check lighter.kst").exit, 0);
 }
 
+// That of Slurm is run by tools/check-slurm.
+TEST_F(Recipes, PartsByHandHaveTheBytesOfOneRun)
+{
+    for (const char* table : {"members.csv", "forces.csv"}) {
+        std::filesystem::copy(std::string(KESTRUM_SOURCE "/examples/frames/") + table, Path(table));
+    }
+    const Said said = Run(Blocks("docs/scale.md").front());
+    EXPECT_EQ(said.exit, 0) << said.err;
+    ASSERT_EQ(Kestrum("envelope members.csv forces.csv -q -o whole.csv").exit, 0);
+    EXPECT_EQ(Read("worst.csv"), Read("whole.csv"));
+    EXPECT_EQ(Answers(Read("worst.csv")), 7);
+}
+
 TEST_F(Recipes, ThoseOfSummaryWriteEachForm)
 {
     if (!std::filesystem::exists(KESTRUM_BIN "/kestrum-render.so")) {
