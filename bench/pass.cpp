@@ -4,6 +4,8 @@
 #include "members.h"
 #include "standard/standard.h"
 
+#include "app/member_table.h"
+#include "app/optimize.h"
 #include "engine/prepared.h"
 #include "standard/station_cases.h"
 
@@ -11,6 +13,7 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -44,6 +47,41 @@ bool RunCases(std::string_view name, int count)
     return name == kCases[0] || name == kCases[1];
 }
 
+// The lightest section of all rows of the profile tables, and of the rows of one, for a beam; a
+// member of a table by the name of its section and by its row.
+constexpr std::array<std::string_view, 5> kSearches = {"lightest_all_program", "lightest_all_both",
+                                                       "lightest_hea_program", "line_by_name",
+                                                       "line_by_row"};
+
+bool RunSearches(std::string_view name, int count)
+{
+    ProjectState s = Default();
+    s.l = 6;
+    if (name.starts_with("line")) {
+        const bool named = name == "line_by_name";
+        MemberColumns columns;
+        columns.TakeHeader(named ? "section,l,qload[1]" : "family,row.rhs,l,qload[1]");
+        const std::string line = named ? "RHS 500x300x20,7.2,12.5" : "7,157,7.2,12.5";
+        for (int i = 0; i < count; ++i) {
+            ProjectState member = s;
+            columns.Apply(Delivered(), member, line, Assignment::checked);
+        }
+        return named || name == "line_by_row";
+    }
+    SectionPool pool;
+    pool.Add(Delivered(), name.find("hea") != std::string_view::npos ? "HEA" : "all");
+    pool.Finish(Delivered());
+    OptimizeWishes wishes;
+    wishes.bases = name.ends_with("both") ? Bases::both : Bases::program;
+    Optimizer optimizer(Delivered(), pool, wishes);
+    LoadRater member(Delivered(), s);
+    SectionRater* group[] = {&member};
+    for (int i = 0; i < count; ++i) {
+        optimizer.Choose(group);
+    }
+    return std::find(kSearches.begin(), kSearches.end(), name) != kSearches.end();
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -71,7 +109,10 @@ int main(int argc, char** argv)
     }
     if (wanted.empty()) {
         std::for_each(kCases.begin(), kCases.end(), [](auto name) { std::puts(name.data()); });
+        std::for_each(kSearches.begin(), kSearches.end(),
+                      [](auto name) { std::puts(name.data()); });
         return 0;
     }
-    return RunCases(wanted, count) ? 0 : 2;
+    const bool search = wanted.starts_with("lightest") || wanted.starts_with("line");
+    return (search ? RunSearches(wanted, count) : RunCases(wanted, count)) ? 0 : 2;
 }
