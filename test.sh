@@ -82,6 +82,9 @@ if [ "${1:-}" = --full ]; then
     tools/build-docs build/release
     say "The windows on an X display"
     tools/check-display build/release || die "the desktop does not work on an X display"
+    say "A cluster of two processes"
+    PYTHONPATH=build/release/python PYTHONDONTWRITEBYTECODE=1 KESTRUM_SOURCE=$(pwd) \
+        /usr/bin/python3 -m pytest -q -p no:cacheprovider tests/cluster || die "kestrum.dask failed on a cluster"
     tools/check-slurm build/release || die "the array of docs/scale.md does not answer as one run does"
     tools/check-packages build/release
     tools/check-windows

@@ -23,7 +23,7 @@ __all__ = ["Catalogue", "Check", "Deviation", "Failure", "InputError", "Member",
 
 def __getattr__(name):
     """Modules that need more than numpy are loaded when they are asked for."""
-    if name == "saf":
+    if name in ("dask", "saf"):
         import importlib
 
         return importlib.import_module("." + name, __name__)
