@@ -20,24 +20,6 @@ constexpr std::array<std::string_view, 16> kChoices{
     "bucklingcasez", "ltb",       "ltbcase",  "restraints",  "loadcomb", "safetyclass",
     "psi1index",     "psi2index", "webstiff", "modal"};
 
-std::vector<FieldRef> Changed(ProjectState before, ProjectState after)
-{
-    std::vector<FieldRef> changed;
-    for (const Field& field : AllFields()) {
-        if (field.role == FieldRole::derived) {
-            continue;
-        }
-        for (int index = field.first; index <= field.last; ++index) {
-            const bool text = field.kind == FieldKind::text;
-            if (text ? TextOf(before, field) != TextOf(after, field)
-                     : NumberOf(before, field, index) != NumberOf(after, field, index)) {
-                changed.push_back({&field, index});
-            }
-        }
-    }
-    return changed;
-}
-
 std::string Shortest(float value)
 {
     std::array<char, 40> digits{};
@@ -73,6 +55,24 @@ std::string FieldText(const ProjectState& before, const ProjectState& after, con
 
 }  // namespace
 
+std::vector<FieldRef> ChangedInputs(const ProjectState& before, const ProjectState& after)
+{
+    std::vector<FieldRef> changed;
+    for (const Field& field : AllFields()) {
+        if (field.role == FieldRole::derived) {
+            continue;
+        }
+        for (int index = field.first; index <= field.last; ++index) {
+            const bool text = field.kind == FieldKind::text;
+            if (text ? TextOf(before, field) != TextOf(after, field)
+                     : NumberOf(before, field, index) != NumberOf(after, field, index)) {
+                changed.push_back({&field, index});
+            }
+        }
+    }
+    return changed;
+}
+
 bool InputsDiffer(const ProjectState& before, const ProjectState& after)
 {
     return static_cast<const Inputs&>(before) != static_cast<const Inputs&>(after) ||
@@ -82,7 +82,7 @@ bool InputsDiffer(const ProjectState& before, const ProjectState& after)
 
 std::string_view TypedText(const ProjectState& before, const ProjectState& after)
 {
-    const std::vector<FieldRef> changed = Changed(before, after);
+    const std::vector<FieldRef> changed = ChangedInputs(before, after);
     return changed.size() == 1 && changed[0].field->kind == FieldKind::text ? changed[0].field->name
                                                                             : std::string_view{};
 }
@@ -90,7 +90,7 @@ std::string_view TypedText(const ProjectState& before, const ProjectState& after
 std::string ChangeText(const Library& library, const ProjectState& before,
                        const ProjectState& after)
 {
-    const std::vector<FieldRef> changed = Changed(before, after);
+    const std::vector<FieldRef> changed = ChangedInputs(before, after);
     const auto find = [&](std::string_view name) {
         return std::find_if(changed.begin(), changed.end(),
                             [&](const FieldRef& ref) { return ref.field->name == name; });

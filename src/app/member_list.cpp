@@ -28,26 +28,33 @@ bool Holds(const std::vector<std::string>& names, std::string_view wanted)
 
 }  // namespace
 
+std::optional<std::size_t> KeyColumn(const std::vector<std::string>& names)
+{
+    for (const std::string_view name : kKeyNames) {
+        const auto at = std::find(names.begin(), names.end(), name);
+        if (at != names.end()) {
+            return static_cast<std::size_t>(at - names.begin());
+        }
+    }
+    return std::nullopt;
+}
+
 std::string MemberList::ChooseKey(std::string_view header, const std::string& key, KeyUse use)
 {
     const std::vector<std::string> names = NamesOf(header);
-    std::string chosen = key;
-    for (const std::string_view name : kKeyNames) {
-        chosen = chosen.empty() && Holds(names, name) ? std::string(name) : chosen;
-    }
     if (Holds(names, "x") && Holds(names, "case")) {
         return "looks like a table of forces; the members come first";
     }
-    if (chosen.empty() && use == KeyUse::optional) {
-        key_ = kNone;
-        return {};
+    if (key.empty()) {
+        const std::optional<std::size_t> column = KeyColumn(names);
+        key_ = column.value_or(kNone);
+        return column || use == KeyUse::optional
+                   ? std::string{}
+                   : "no column of keys (member, id, key, name, ident); --key says which one it is";
     }
-    if (chosen.empty()) {
-        return "no column of keys (member, id, key, name, ident); --key says which one it is";
-    }
-    const auto at = std::find(names.begin(), names.end(), chosen);
+    const auto at = std::find(names.begin(), names.end(), key);
     if (at == names.end()) {
-        return "--key " + chosen + ": there is no such column";
+        return "--key " + key + ": there is no such column";
     }
     key_ = static_cast<std::size_t>(at - names.begin());
     return {};

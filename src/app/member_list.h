@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,6 +19,10 @@ namespace kestrum {
 
 // Whether a table may do without a column of keys; its members are then numbered from 1.
 enum class KeyUse : std::uint8_t { required, optional };
+
+// The column of keys where none is named: `member`, `id`, `key`, `name` or `ident`, the first that
+// is there; nothing without one.
+std::optional<std::size_t> KeyColumn(const std::vector<std::string>& names);
 
 class MemberList {
 public:

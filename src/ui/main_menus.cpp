@@ -169,6 +169,9 @@ void MainWindow::BuildFileMenu(QMenu* menu)
     AddAction(menu, QStringLiteral("mnusaveas"), tr("Save &As..."),
               Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { SaveFileAs(desk_.session, desk_.store); });
     menu->addSeparator();
+    AddAction(menu, QStringLiteral("mnumembers"), tr("Table of &members"),
+              Qt::CTRL | Qt::SHIFT | Qt::Key_M, [this] { OpenMembers(); });
+    menu->addSeparator();
     for (int report = 0; report < kReports; ++report) {
         AddAction(menu, QStringLiteral("mnuprint%1%1").arg(report),
                   tr("Print: ") + ReportEntry(report, kPrintLetters), {},

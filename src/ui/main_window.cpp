@@ -6,6 +6,7 @@
 #include "ui/form_dock.h"
 #include "ui/forms.h"
 #include "ui/main_panels.h"
+#include "ui/members_window.h"
 #include "ui/status_banner.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -179,6 +180,16 @@ void MainWindow::ShowFree(Form* form)
     form->FocusFirst();
 }
 
+MembersWindow& MainWindow::OpenMembers()
+{
+    if (members_ == nullptr) {
+        members_ = new MembersWindow(desk_, this);
+    }
+    members_->show();
+    members_->activateWindow();
+    return *members_;
+}
+
 void MainWindow::CloseForms()
 {
     dock_->Clear();
@@ -316,8 +327,14 @@ void MainWindow::ShowLoadRow(std::string_view box, int row)
     }
 }
 
+// Nothing is asked about the project, whose unsaved work the next start offers; about an edited
+// table of members it is.
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (members_ != nullptr && members_->isVisible() && !members_->close()) {
+        event->ignore();
+        return;
+    }
     CloseForms();
     desk_.store.settings().setValue(QLatin1String(kGeometryKey), saveGeometry());
     event->accept();

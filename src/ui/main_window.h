@@ -20,6 +20,7 @@ class QAction;
 namespace kestrum {
 
 class FormDock;
+class MembersWindow;
 class Workspace;
 
 class MainWindow final : public QMainWindow {
@@ -42,6 +43,9 @@ public:
 
     // A file from outside: dropped, or opened by the platform.
     void OpenProject(const QString& path);
+
+    // The table of members; shown, made when it is asked for first.
+    MembersWindow& OpenMembers();
 
     // Every form by its name.
     static std::vector<std::string_view> FormNames();
@@ -89,6 +93,7 @@ private:
     FinderWindow* finder_ = nullptr;
     Workspace* workspace_ = nullptr;
     FormDock* dock_ = nullptr;
+    MembersWindow* members_ = nullptr;
     bool looking_ = false;  // at the file on the disk
     std::vector<QAction*> recent_;
     std::map<std::string, Form*, std::less<>> forms_;

@@ -11,6 +11,7 @@
 #include "sections/family_table.h"
 #include "sections/load_library.h"
 #include "ui/main_window.h"
+#include "ui/members_window.h"
 #include "ui/qt_surroundings.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -18,6 +19,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QLineEdit>
 #include <QTemporaryDir>
 
@@ -136,6 +138,21 @@ void TakeMain(Photographer& camera, Desk& desk, const QString& suffix)
     }
 }
 
+// The members of the example of a frame.
+void TakeMembers(Photographer& camera, MainWindow& window, const QString& name)
+{
+    if (!camera.Wanted(name)) {
+        return;
+    }
+    MembersWindow& members = window.OpenMembers();
+    members.OpenTable(KESTRUM_SOURCE "/examples/frames/members.csv");
+    while (members.busy()) {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    camera.Take(members, name);
+    members.close();
+}
+
 void TakeForms(Photographer& camera, Desk& desk, const QString& suffix)
 {
     desk.store.settings().setValue(QStringLiteral("Forms/Docked"), false);
@@ -169,6 +186,7 @@ void TakeForms(Photographer& camera, Desk& desk, const QString& suffix)
         }
         ChooseFamily(desk.session, 1);
     }
+    TakeMembers(camera, window, QStringLiteral("members") + suffix);
     const QString name = QStringLiteral("form-finder") + suffix;
     if (camera.Wanted(name)) {
         window.findChild<QAction*>(QStringLiteral("mnufind"))->trigger();
