@@ -181,7 +181,7 @@ LightestLine FindLightestLine(const LineSource& source, std::string_view record,
         }
     }
     line.refusal = line.refusal.empty() ? pool.Finish(*source.library) : line.refusal;
-    if (line.refusal.empty() && pool.HasDimensions()) {
+    if (line.refusal.empty() && !pool.Fields().empty()) {
         line.refusal = "plates have no name that a table can hold";
     }
     if (!line.refusal.empty()) {

@@ -33,7 +33,8 @@ namespace kestrum {
 
 namespace {
 
-constexpr int kPoll = 30;  // ms
+constexpr int kPoll = 30;          // ms
+constexpr int kRatioLetters = 14;  // "1.24 > limit"
 constexpr QSize kStartSize(980, 560);
 constexpr char kGeometry[] = "Members/Geometry";
 const auto kFilter = QStringLiteral("CSV (*.csv *.txt);;* (*)");
@@ -422,6 +423,10 @@ bool MembersWindow::OpenTable(const std::string& path)
     model_.ForgetRatings();
     Refresh();
     view_->resizeColumnsToContents();
+    const int letter = view_->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    view_->setColumnWidth(MembersModel::kRatio, kRatioLetters * letter);
+    view_->setColumnWidth(MembersModel::kStandard, kRatioLetters * letter);
+    view_->setColumnWidth(MembersModel::kGoverns, 2 * kRatioLetters * letter);
     view_->setCurrentIndex(proxy_->index(0, MembersModel::kFirst));
     return true;
 }

@@ -21,6 +21,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -138,7 +139,7 @@ void TakeMain(Photographer& camera, Desk& desk, const QString& suffix)
     }
 }
 
-// The members of the example of a frame.
+// The members of the example of a frame, under its forces.
 void TakeMembers(Photographer& camera, MainWindow& window, const QString& name)
 {
     if (!camera.Wanted(name)) {
@@ -146,6 +147,10 @@ void TakeMembers(Photographer& camera, MainWindow& window, const QString& name)
     }
     MembersWindow& members = window.OpenMembers();
     members.OpenTable(KESTRUM_SOURCE "/examples/frames/members.csv");
+    members.choosefile = [](const QString&, bool) {
+        return std::optional<std::string>(KESTRUM_SOURCE "/examples/frames/forces.csv");
+    };
+    members.findChild<QPushButton*>(QStringLiteral("memberforces"))->click();
     while (members.busy()) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
@@ -186,7 +191,7 @@ void TakeForms(Photographer& camera, Desk& desk, const QString& suffix)
         }
         ChooseFamily(desk.session, 1);
     }
-    TakeMembers(camera, window, QStringLiteral("members") + suffix);
+    TakeMembers(camera, window, QStringLiteral("form-members") + suffix);
     const QString name = QStringLiteral("form-finder") + suffix;
     if (camera.Wanted(name)) {
         window.findChild<QAction*>(QStringLiteral("mnufind"))->trigger();
