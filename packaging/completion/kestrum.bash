@@ -40,7 +40,7 @@ _kestrum()
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         if [[ $after ]]; then
             after= # the value of an option
-        elif [[ $word == --@(data|setup|color|format|family|axis|output|base|basis|by|fields|group|jobs|keep|key|map|max-b|max-h|max-ir|memory|pool|range|set|sign|steel|top) || $word == -o ]]; then
+        elif [[ $word == --@(author|checker|company|date|decimal|logo|office|projectnumber|revision|data|setup|color|format|family|axis|output|base|basis|by|fields|group|jobs|keep|key|map|max-b|max-h|max-ir|memory|pool|range|set|sign|steel|top) || $word == -o ]]; then
             after=$word
         elif [[ $word != -* || $word == - ]]; then
             if [[ $command ]]; then operands=$((operands + 1)); else command=$word; fi
@@ -64,6 +64,9 @@ _kestrum()
     --setup | -o | --output | --members) _kestrum_files; return ;;
     --set) _kestrum_fields; return ;;
     --basis) _kestrum_words 'program standard both'; return ;;
+    --decimal) _kestrum_words 'point comma'; return ;;
+    --logo | --office) _kestrum_files; return ;;
+    --author | --checker | --company | --date | --projectnumber | --revision) return ;;
     --by) _kestrum_words 'mass depth price surface'; return ;;
     --pool) _kestrum_files; return ;;
     --fields | --group | --jobs | --keep | --shard | --key | --map | --max-b | --max-h | --max-ir | --memory | --range | --steel | --top) return ;;
@@ -85,7 +88,8 @@ _kestrum()
         set) options+=' --output --sign --raw --dry-run' ;;
         sections | fields | vortex) options+=' --format --json' ;;
         diagram) options+=' --axis --output' ;;
-        table | report) options+=' --output' ;;
+        table) options+=' --output' ;;
+        report) options+=' --output --company --logo --projectnumber --author --checker --revision --date --decimal --office --reproducible' ;;
         esac
         _kestrum_words "$options"
         return

@@ -1,13 +1,20 @@
 #include "calculation/calculation_report.h"
 
 #include "calculation/chapters.h"
+#include "core/version.h"
 #include "engine/calculate.h"
 #include "report/page_header.h"
 #include "standard/costs.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
 namespace kestrum {
 
 namespace {
+
+constexpr int kRatioDigits = 4;
 
 CalculatedMember CalculateMember(const Library& library, const ProjectState& project)
 {
@@ -25,21 +32,19 @@ CalculatedMember CalculateMember(const Library& library, const ProjectState& pro
     return m;
 }
 
-}  // namespace
-
-Document CalculationReport(const Library& library, const ProjectState& project)
+std::string TitleOf(const CalculatedMember& m)
 {
-    const CalculatedMember m = CalculateMember(library, project);
-    Document d;
-    d.head.project = project.projname;
-    d.head.ident = project.ident;
-    d.head.title = "Calculation report: " + ProfileText(library, m.s, false);
-    d.Member(d.head.title);
+    return ProfileText(m.library, m.s, false);
+}
+
+void AddMember(const CalculatedMember& m, Document& d)
+{
     AddVerdict(m, d);
     AddInputs(m, d);
     AddSection(m, d);
     AddActions(m, d);
     if (m.outcome.designed()) {
+        AddClasses(m, d);
         AddForces(m, d);
         AddResistances(m, d);
     }
@@ -51,6 +56,95 @@ Document CalculationReport(const Library& library, const ProjectState& project)
     AddServiceability(m, d);
     AddReactions(m, d);
     AddNotes(m, d);
+}
+
+std::string RatioText(bool rated, double ratio)
+{
+    return rated && std::isfinite(ratio) ? ResultText(ratio, kRatioDigits) : "-";
+}
+
+// Cover, contents, and the members by their ratios, the largest first; those without one on top.
+void AddFront(std::span<const ReportedMember> members,
+              const std::vector<CalculatedMember>& calculated, Document& d)
+{
+    d.Cover("Calculation report");
+    if (!d.head.project.empty()) {
+        d.Say(Strong(d.head.project));
+    }
+    d.Say(std::to_string(members.size()) + " members");
+    d.Chapter("Contents");
+    TextTable contents{.columns = {{"Member"}, {"Section"}, {"File"}, {"page", true}},
+                       .contents = true};
+    std::vector<std::size_t> order;
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        contents.rows.push_back(
+            {members[i].project.ident, TitleOf(calculated[i]), members[i].file, "      "});
+        order.push_back(i);
+    }
+    d.Add(std::move(contents));
+    const auto ratio = [&](std::size_t i) {
+        const Outcome& outcome = calculated[i].outcome;
+        return outcome.rated() ? outcome.ir : std::numeric_limits<double>::infinity();
+    };
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::size_t a, std::size_t b) { return ratio(a) > ratio(b); });
+    d.Chapter("Summary, largest ratio first");
+    TextTable summary{.columns = {{"Member"},
+                                  {"Section"},
+                                  {"IR, program", true},
+                                  {"check"},
+                                  {"verdict"},
+                                  {"IR, standard", true},
+                                  {"verdict"}}};
+    for (const std::size_t i : order) {
+        const CalculatedMember& m = calculated[i];
+        summary.rows.push_back({members[i].project.ident, TitleOf(m),
+                                RatioText(m.outcome.rated(), m.outcome.ir), m.outcome.control,
+                                VerdictText(m.outcome), RatioText(m.standard.rated, m.standard.ir),
+                                standard::VerdictOf(m.standard)});
+    }
+    d.Add(std::move(summary));
+}
+
+std::string FooterOf(std::span<const ReportedMember> members)
+{
+    std::string text = "Kestrum EC3 " + std::string(kVersion);
+    if (members.size() == 1 && !members[0].file.empty()) {
+        text += ", " + members[0].file + ", SHA-256 " + members[0].digest;
+    }
+    return text;
+}
+
+}  // namespace
+
+Document CalculationReport(const Library& library, std::span<const ReportedMember> members,
+                           DocumentHead head)
+{
+    Document d;
+    d.head = std::move(head);
+    std::vector<CalculatedMember> calculated;
+    for (const ReportedMember& member : members) {
+        calculated.push_back(CalculateMember(library, member.project));
+    }
+    const bool book = members.size() > 1;
+    d.head.project = members.front().project.projname;
+    d.head.ident = book ? "" : members.front().project.ident;
+    d.head.title = "Calculation report" + (book ? "" : ": " + TitleOf(calculated.front()));
+    d.head.footer = FooterOf(members);
+    if (book) {
+        AddFront(members, calculated, d);
+    }
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        if (book) {
+            d.NewPage();
+            const std::string& ident = members[i].project.ident;
+            d.Member((ident.empty() ? "" : ident + ": ") + TitleOf(calculated[i]));
+            d.Say(members[i].file + ", SHA-256 " + members[i].digest, Paragraph::Kind::remark);
+        } else {
+            d.Member(d.head.title);
+        }
+        AddMember(calculated[i], d);
+    }
     AddClauses(d);
     return d;
 }

@@ -1,16 +1,26 @@
 #pragma once
 
-// The calculation report of a member: everything that a checker needs to retrace the result, by the
-// rules of the program and by EN 1993-1-1 as written.
+// The calculation report: everything that a checker needs to retrace the result, by the rules of
+// the program and by EN 1993-1-1 as written. Several members make a book with a cover, a list of
+// contents and a summary.
 
 #include "core/library.h"
+#include "core/project_state.h"
 #include "document/document.h"
+
+#include <span>
+#include <string>
 
 namespace kestrum {
 
-struct ProjectState;
+struct ReportedMember {
+    std::string file{};    // its name without folders; empty: none
+    std::string digest{};  // SHA-256 of the file
+    ProjectState project;  // as read
+};
 
-// `project` as read; it is not changed.
-Document CalculationReport(const Library& library, const ProjectState& project);
+// `head` without what comes from the members.
+Document CalculationReport(const Library& library, std::span<const ReportedMember> members,
+                           DocumentHead head = {});
 
 }  // namespace kestrum

@@ -52,11 +52,9 @@ void AddLoadTable(const ProjectState& s, int direction, Document& d)
     if (rows.empty()) {
         return;
     }
-    TextTable table{.columns = {{"Load", false, 0.6},
-                                {"kN/m, kN, kNm", true, 1.2},
-                                {"x, x1/x2 (m)", true, 1.2},
-                                {"Category", false, 0.8}},
-                    .caption = direction == 1 ? "Loads along z" : "Loads along y"};
+    TextTable table{
+        .columns = {{"Load"}, {"kN/m, kN, kNm", true}, {"x, x1/x2 (m)", true}, {"Category"}},
+        .caption = direction == 1 ? "Loads along z" : "Loads along y"};
     for (const LoadRow& row : rows) {
         table.rows.push_back({row.load, row.value, row.position, row.category});
     }

@@ -9,7 +9,7 @@ namespace kestrum {
 
 namespace {
 
-constexpr double kPicture = 88;  // mm
+constexpr double kPicture = 85;  // mm
 
 bool Any(const std::array<float, kDiagramPoints>& values)
 {

@@ -18,10 +18,7 @@ std::string MaterialName(const CalculatedMember& m)
 
 class Values {
 public:
-    Values()
-    {
-        table_.columns = {{"Quantity", false, 3}, {"", false, 0.8}, {"Value", true, 1.6}, {"Unit"}};
-    }
+    Values() { table_.columns = {{"Quantity"}, {""}, {"Value", true}, {"Unit"}}; }
     void Text(std::string_view name, std::string_view value)
     {
         table_.rows.push_back({name, "", value, ""});
@@ -62,10 +59,10 @@ TextTable MaterialTable(const CalculatedMember& m)
     values.Number("Partial factor of sections", "γ_M0", s.gammam0);
     values.Number("Partial factor of instability", "γ_M1", s.gammam1);
     values.Number("Factor of the shear area", "η", s.neta);
-    values.Text("Classes 1 and 2 designed elastically", YesNo(s.checkelastic != kFalse));
+    values.Text("Elastic design of classes 1, 2", YesNo(s.checkelastic != kFalse));
     values.Text("Linear interaction only", YesNo(s.checkconsercontrol != kFalse));
-    values.Text("Local buckling of flanges left out", YesNo(s.checkflangebuck != kFalse));
-    values.Text("Local buckling of webs left out", YesNo(s.checkwebbuck != kFalse));
+    values.Text("Flange buckling left out", YesNo(s.checkflangebuck != kFalse));
+    values.Text("Web buckling left out", YesNo(s.checkwebbuck != kFalse));
     values.Text("Interaction factors", s.method == Method::annex_a ? "Annex A" : "Annex B");
     return values.Take("Basis of design");
 }
@@ -81,10 +78,10 @@ TextTable MemberTable(const CalculatedMember& m)
     }
     values.Text("Rigid end posts", YesNo(s.endstiff == 1));
     values.Text("Transverse stiffeners", YesNo(s.webstiff == 1));
-    values.Number("Spacing of transverse stiffeners", "a", s.webstiffa, "mm");
+    values.Number("Spacing of stiffeners", "a", s.webstiffa, "mm");
     values.Number("Factor of the buckling length, y", "k_cr,y", s.ly);
     values.Number("Factor of the buckling length, z", "k_cr,z", s.lz);
-    values.Text("Lateral torsional buckling checked", YesNo(s.ltb == 1));
+    values.Text("Lateral torsional buckling", YesNo(s.ltb == 1));
     if (s.ltb == 1) {
         values.Number("Factor of its length", "k", s.ltbk);
         values.Number("Lateral restraints in the span", "", s.restraints);
@@ -94,8 +91,8 @@ TextTable MemberTable(const CalculatedMember& m)
         values.Text("Level of the loads", level < std::size(kLevels) ? kLevels[level] : "");
         values.Text("Curves", s.ltbcurve == LtbCurve::rolled ? "6.3.2.3" : "6.3.2.2");
     }
-    values.Number("Limit of the deflection along z, L/n", "n", s.deflimitz);
-    values.Number("Limit of the deflection along y, L/n", "n", s.deflimity);
+    values.Number("Limit of deflection z, L/n", "n", s.deflimitz);
+    values.Number("Limit of deflection y, L/n", "n", s.deflimity);
     return values.Take("Member");
 }
 

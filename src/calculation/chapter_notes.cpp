@@ -43,8 +43,7 @@ void AddNotes(const CalculatedMember& m, Document& d)
                                : "The second set of rules gives no result to compare with.");
         return;
     }
-    TextTable table{
-        .columns = {{"Number", false, 0.7}, {"Cost", true, 0.8}, {"Departure", false, 7}}};
+    TextTable table{.columns = {{"Number"}, {"Cost", true}, {"Departure"}}};
     for (const standard::DeviationCost& cost : m.standard.deviations) {
         table.rows.push_back({NameOf(cost.deviation), CostText(cost.cost), TextOf(cost.deviation)});
     }
@@ -71,7 +70,7 @@ void AddClauses(Document& d)
     }
     d.Chapter("Clauses used");
     d.Say("EN 1993-1-1 unless another standard is named.", Paragraph::Kind::remark);
-    TextTable table{.columns = {{"Clause", false, 2}, {"for", false, 5}}};
+    TextTable table{.columns = {{"Clause"}, {"for"}}};
     for (const auto& [clause, symbols] : clauses) {
         std::string list;
         for (const std::string& symbol : symbols) {

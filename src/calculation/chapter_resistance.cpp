@@ -84,14 +84,14 @@ void AddShear(const ProjectState& s, const Quantities& q, Document& d)
     const bool slender = s.hw > 0 && s.tw > 0 && !(s.hw / s.tw < 72 * s.eps / s.neta);
     const Expr area = Sym("A_v,z", s.avz);
     d.Add("A_v,z", slender ? q.hw * q.tw : ShearArea(s, q), s.avz, "mm2", "6.2.6 (3)");
-    d.Add("V_pl,z,Rd", area * q.fy / Root(Num(3)) / q.gm0 * Ten(kToKn), s.vplzrd, "kN",
+    d.Add("V_pl,z,Rd", area * q.fy / (Root(Num(3)) * q.gm0) * Ten(kToKn), s.vplzrd, "kN",
           "6.2.6 (2), Eq (6.18)");
     if (s.vbrd != s.vplzrd) {
         d.Add("V_z,Rd", s.vbrd, "kN", slender ? "EN 1993-1-5, 5.2" : "6.2.6");
     }
     if (s.avy != 0) {
         d.Add("A_v,y", 2 * q.b * q.tf, s.avy, "mm2", "6.2.6 (3)");
-        d.Add("V_pl,y,Rd", Sym("A_v,y", s.avy) * q.fy / Root(Num(3)) / q.gm0 * Ten(kToKn), s.vyrd,
+        d.Add("V_pl,y,Rd", Sym("A_v,y", s.avy) * q.fy / (Root(Num(3)) * q.gm0) * Ten(kToKn), s.vyrd,
               "kN", "6.2.6 (2), Eq (6.18)", "for the test of half the resistance");
         d.Add("V_y,Rd", Sym("V_pl,y,Rd", s.vyrd) / Num(1.5), s.vcyrd, "kN", "6.2.6",
               "of the ratio; D152");

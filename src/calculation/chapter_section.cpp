@@ -31,7 +31,7 @@ Line ValueLine(const std::string& value)
 
 TextTable QuantityTable(std::string caption, const std::vector<Quantity>& quantities)
 {
-    TextTable table{.columns = {{"Quantity", false, 1.4}, {"Value", true, 1.4}, {"Unit"}},
+    TextTable table{.columns = {{"Quantity"}, {"Value", true}, {"Unit"}},
                     .caption = std::move(caption)};
     for (const Quantity& quantity : quantities) {
         table.rows.push_back({SymbolOfQuantity(quantity.symbol), ValueLine(quantity.value),
@@ -45,9 +45,7 @@ TextTable QuantityTable(std::string caption, const std::vector<Quantity>& quanti
 void AddSection(const CalculatedMember& m, Document& d)
 {
     d.Chapter("Section");
-    const std::string name = ProfileText(m.library, m.s, false);
-    d.Say(Strong(name));
-    d.Show({{DrawSection(m.s), "Section, dimensions in mm", 85}});
+    d.Show({{DrawSection(m.s), ProfileText(m.library, m.s, false) + ", dimensions in mm", 75}});
     std::vector<Quantity> dimensions = DimensionsOf(m.s);
     const std::vector<Quantity> weights = WeightsOf(m.s);
     dimensions.insert(dimensions.end(), weights.begin(), weights.end());

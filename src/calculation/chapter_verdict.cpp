@@ -61,14 +61,14 @@ void AddVerdict(const CalculatedMember& m, Document& d)
     d.Chapter("Verdict");
     AddBox(m, d);
     const bool designed = m.outcome.designed();
-    TextTable table{.columns = {{"Check", false, 2.6},
-                                {"IR, program", true, 1},
-                                {"where", false, 1.6},
-                                {"clause", false, 1.3},
-                                {"IR, standard", true, 1},
-                                {"where", false, 0.9},
-                                {"combination", false, 1.6},
-                                {"clause", false, 1.6}}};
+    TextTable table{.columns = {{"Check"},
+                                {"IR, program", true},
+                                {"where"},
+                                {"clause"},
+                                {"IR, standard", true},
+                                {"where"},
+                                {"combination"},
+                                {"clause"}}};
     for (const CheckPair& pair : CheckPairs()) {
         const Check* const check = designed ? LargestOf(pair, m.s.checklist) : nullptr;
         const standard::Check* const other =

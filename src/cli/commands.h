@@ -4,6 +4,7 @@
 
 #include "cli/context.h"
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -61,6 +62,10 @@ struct ReportArguments {
     std::string kind;  // control, section, vortex, full
     std::vector<std::string> files;
     std::string out;
+    // Of the calculation report: what the office writes on it, by the names of its file.
+    std::map<std::string, std::string> head;
+    std::string office;  // that file; empty: the one of the user
+    bool reproducible = false;
 };
 int Report(const Options& options, const ReportArguments& arguments);
 int ReportFull(const Options& options, const ReportArguments& arguments);  // kind full

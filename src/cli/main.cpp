@@ -208,7 +208,21 @@ int Run(int argc, char** argv)
         .add_option("FILE", report.files,
                     "project files, - for standard input; several go into one .pdf")
         ->required();
-    AddOutput(printed, report.out, "file to write: .pdf, .svg or .png")->required();
+    AddOutput(printed, report.out, "file to write: .pdf, .svg or .png; full: .html and .md too")
+        ->required();
+    for (const auto& [name, what] :
+         {std::pair{"company", "company"}, std::pair{"logo", "PNG or SVG file of its logo"},
+          std::pair{"projectnumber", "number of the project"}, std::pair{"author", "author"},
+          std::pair{"checker", "checker"}, std::pair{"revision", "revision"},
+          std::pair{"date", "date in place of today"},
+          std::pair{"decimal", "decimal sign of the numbers: point or comma"}}) {
+        printed.add_option("--" + std::string(name), report.head[name],
+                           "full: " + std::string(what));
+    }
+    printed.add_option("--office", report.office,
+                       "full: file with lines name = text for these options");
+    printed.add_flag("--reproducible", report.reproducible,
+                     "full: no date but a given one, the same bytes each time");
     printed.callback([&] {
         exit = report.kind == "full" ? ReportFull(options, report) : Report(options, report);
     });

@@ -121,12 +121,12 @@ void CheckDrawingName(const std::string& path)
 }
 
 void WriteDrawings(const std::vector<Drawing>& pages, const DrawingScale& scale,
-                   const std::string& path)
+                   const std::string& path, const PdfExtras* extras)
 {
     CheckDrawingName(path);
     const std::string ending = EndingOf(path);
     if (ending != ".pdf" && pages.size() > 1) {
-        WriteDrawings({Stacked(pages)}, scale, path);
+        WriteDrawings({Stacked(pages)}, scale, path, extras);
         return;
     }
     if (ending == ".svg") {
@@ -136,7 +136,7 @@ void WriteDrawings(const std::vector<Drawing>& pages, const DrawingScale& scale,
         }
         return;
     }
-    const RenderJob job{&pages, &path, ending == ".pdf", scale.mm, scale.png_pixels};
+    const RenderJob job{&pages, &path, ending == ".pdf", scale.mm, scale.png_pixels, extras};
     const std::string fault = Renderer()(&job);
     if (!fault.empty()) {
         throw BadInput(fault);

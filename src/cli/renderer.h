@@ -8,6 +8,10 @@
 #include <string>
 #include <vector>
 
+namespace kestrum {
+struct PdfExtras;
+}
+
 namespace kestrum::cli {
 
 // What one unit of the drawings is on paper and on a screen.
@@ -23,6 +27,6 @@ void CheckDrawingName(const std::string& path);
 // PDF takes all pages, SVG and PNG show them below each other. Throws BadInput: name, renderer
 // missing, file not writable.
 void WriteDrawings(const std::vector<Drawing>& pages, const DrawingScale& scale,
-                   const std::string& path);
+                   const std::string& path, const PdfExtras* extras = nullptr);
 
 }  // namespace kestrum::cli

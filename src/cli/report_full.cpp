@@ -1,30 +1,165 @@
 #include "cli/commands.h"
 
 #include "calculation/calculation_report.h"
+#include "cli/print_stamp.h"
+#include "cli/renderer.h"
 #include "core/file_io.h"
 #include "core/project_state.h"
+#include "core/sha256.h"
 #include "document/html_writer.h"
 #include "document/markdown_writer.h"
+#include "document/office.h"
+#include "document/page_layout.h"
+#include "render/pdf_extras.h"
+#include "sections/load_library.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <string_view>
 
 namespace kestrum::cli {
 
+namespace {
+
+constexpr DrawingScale kScale{.mm = 1, .svg_pixels = 96 / 25.4, .png_pixels = 150 / 25.4};
+
+void WriteText(const std::string& text, const std::string& path)
+{
+    const std::string fault = WriteWholeFile(path, text);
+    if (!fault.empty()) {
+        throw BadInput(path + ": " + fault);
+    }
+}
+
+void RequireEnding(const std::string& path)
+{
+    constexpr std::string_view kEndings[] = {".html", ".md", ".pdf", ".svg", ".png"};
+    const std::string ending = EndingOf(path);
+    if (std::find(std::begin(kEndings), std::end(kEndings), ending) == std::end(kEndings)) {
+        throw BadInput(path + ": the name has to end in .pdf, .html, .md, .svg or .png");
+    }
+}
+
+std::string ReadFile(const std::string& path)
+{
+    std::string bytes;
+    const std::string fault = ReadWholeFile(path, bytes);
+    if (!fault.empty()) {
+        throw BadInput(path + ": " + fault);
+    }
+    return bytes;
+}
+
+void ReadOfficeFile(const std::string& path, Office& office)
+{
+    if (const auto fault = ReadOffice(ReadFile(path), office)) {
+        throw BadInput(FaultText(path, *fault));
+    }
+}
+
+// The file given, else that of the user where there is one; then what the options say.
+Office OfficeOf(const ReportArguments& arguments)
+{
+    Office office;
+    const std::string own = UserDataFolder() + "/" + std::string(kOfficeFile);
+    std::error_code ignored;
+    if (!arguments.office.empty()) {
+        ReadOfficeFile(arguments.office, office);
+    } else if (std::filesystem::is_regular_file(own, ignored)) {
+        ReadOfficeFile(own, office);
+    }
+    for (const auto& [name, value] : arguments.head) {
+        const std::string fault = value.empty() ? std::string() : SetOffice(office, name, value);
+        if (!fault.empty()) {
+            throw BadInput("--" + name + ": " + fault);
+        }
+    }
+    return office;
+}
+
+DocumentHead HeadOf(const ReportArguments& arguments)
+{
+    const Office office = OfficeOf(arguments);
+    DocumentHead head;
+    TakeOffice(office, head);
+    if (head.date.empty() && !arguments.reproducible) {
+        head.date = StampOfNow().date;
+    }
+    if (!office.logo.empty()) {
+        const std::string fault = ReadLogo(ReadFile(office.logo), head.logo);
+        if (!fault.empty()) {
+            throw BadInput(office.logo + ": " + fault);
+        }
+    }
+    return head;
+}
+
+ReportedMember MemberOf(const Library& library, const std::string& file)
+{
+    ReportedMember member{.project = OpenProject(library, file)};
+    if (file != "-") {
+        const std::size_t folder = file.find_last_of("/\\");
+        member.file = folder == std::string::npos ? file : file.substr(folder + 1);
+        member.digest = Sha256(ReadFile(file));
+    }
+    return member;
+}
+
+// Bookmarks of cover, members and chapters, and the links of the contents.
+PdfExtras ExtrasOf(const LaidOut& laid, const Document& document, bool reproducible)
+{
+    const Logo& logo = document.head.logo;
+    PdfExtras extras{.author = document.head.author,
+                     .logo = logo.svg ? std::string() : logo.bytes,
+                     .reproducible = reproducible};
+    std::vector<std::size_t> members;
+    for (const PlacedHeading& heading : laid.headings) {
+        if (heading.level > 2) {
+            continue;
+        }
+        if (heading.level == 1) {
+            members.push_back(extras.marks.size());
+        }
+        const int depth = heading.level == 2 && !members.empty() ? 1 : 0;
+        extras.marks.push_back({depth, heading.text, heading.page, heading.y});
+    }
+    for (const PlacedLink& link : laid.links) {
+        if (link.member <= members.size()) {
+            extras.links.push_back({link.page, link.at.left, link.at.top, link.at.right,
+                                    link.at.bottom, members[link.member - 1]});
+        }
+    }
+    return extras;
+}
+
+}  // namespace
+
 int ReportFull(const Options& options, const ReportArguments& arguments)
 {
-    const std::string ending = EndingOf(arguments.out);
-    if (ending != ".html" && ending != ".md") {
-        throw BadInput(arguments.out + ": the name has to end in .html or .md");
+    RequireEnding(arguments.out);
+    for (const std::string& file : arguments.files) {
+        SpareInput(arguments.out, file);
     }
-    if (arguments.files.size() > 1) {
-        throw BadInput(arguments.out + ": the calculation report is of one project");
-    }
-    SpareInput(arguments.out, arguments.files.front());
+    const DocumentHead head = HeadOf(arguments);
     const Library library = LoadTables(options);
-    const ProjectState s = OpenProject(library, arguments.files.front());
-    const Document document = CalculationReport(library, s);
-    const std::string fault = WriteWholeFile(
-        arguments.out, ending == ".html" ? WriteHtml(document) : WriteMarkdown(document));
-    if (!fault.empty()) {
-        throw BadInput(arguments.out + ": " + fault);
+    std::vector<ReportedMember> members;
+    for (const std::string& file : arguments.files) {
+        members.push_back(MemberOf(library, file));
+    }
+    const Document document = CalculationReport(library, members, head);
+    const std::string ending = EndingOf(arguments.out);
+    if (ending == ".html") {
+        WriteText(WriteHtml(document), arguments.out);
+    } else if (ending == ".md") {
+        WriteText(WriteMarkdown(document), arguments.out);
+    } else {
+        if (document.head.logo.svg) {
+            Hint(options, "the logo is an SVG, which the HTML report shows; pages take a PNG");
+        }
+        const LaidOut laid = LayOut(document);
+        const PdfExtras extras = ExtrasOf(laid, document, arguments.reproducible);
+        WriteDrawings(laid.pages, kScale, arguments.out, &extras);
     }
     return kAllWithin;
 }

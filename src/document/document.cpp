@@ -76,6 +76,11 @@ Equation EquationOf(const Symbol& symbol, const Expr& formula, double value, std
     return equation;
 }
 
+void Document::Cover(std::string title)
+{
+    blocks.emplace_back(std::in_place_type<Heading>, Heading{0, std::move(title)});
+}
+
 void Document::Member(std::string title)
 {
     blocks.emplace_back(std::in_place_type<Heading>, Heading{1, std::move(title)});

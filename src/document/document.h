@@ -50,7 +50,7 @@ Line NumberLine(double value, int digits = 5);
 std::string PlainText(const Line& line, char decimal = '.');
 
 struct Heading {
-    int level;  // 1 document or member, 2 chapter, 3 part of a chapter
+    int level;  // 0 cover, 1 member, 2 chapter, 3 part of a chapter
     std::string text;
 };
 
@@ -69,7 +69,7 @@ struct TextTable {
     std::vector<Column> columns{};
     std::vector<std::vector<Line>> rows{};
     std::string caption{};
-    bool contents = false;  // first cells refer to headings of level 1, last ones to their pages
+    bool contents = false;  // row n leads to member n and ends with its page
 };
 
 // symbol = formula = numbers = value unit [clause]
@@ -118,7 +118,8 @@ struct Document {
     DocumentHead head{};
     std::vector<Block> blocks{};
 
-    void Member(std::string title);  // heading of level 1
+    void Cover(std::string title);
+    void Member(std::string title);
     void Chapter(std::string title);
     void Part(std::string title);
     void Say(Line text, Paragraph::Kind kind = Paragraph::Kind::plain);

@@ -6,6 +6,7 @@
 #include "document/notation.h"
 #include "report/svg_writer.h"
 
+#include <algorithm>
 #include <span>
 
 namespace kestrum {
@@ -39,7 +40,7 @@ public:
 
     void operator()(const Heading& heading)
     {
-        const std::string name = "h" + std::to_string(heading.level);
+        const std::string name = "h" + std::to_string(std::max(heading.level, 1));
         out_ += "<" + name + " id=\"" + IdOf(at_) + "\"" + (new_page_ ? " class=\"new\"" : "") +
                 ">" + XmlText(heading.text) + "</" + name + ">\n";
         new_page_ = false;
@@ -143,7 +144,7 @@ private:
         out_ += "<nav><ul>\n";
         for (std::size_t i = 0; i < document_.blocks.size(); ++i) {
             const auto* const heading = std::get_if<Heading>(&document_.blocks[i]);
-            if (heading != nullptr && heading->level <= 2) {
+            if (heading != nullptr && heading->level >= 1 && heading->level <= 2) {
                 members_ += heading->level == 1 ? IdOf(i) + " " : "";
                 out_ +=
                     "<li><a href=\"#" + IdOf(i) + "\">" + XmlText(heading->text) + "</a></li>\n";

@@ -2,6 +2,7 @@
 
 #include "document/notation.h"
 
+#include <algorithm>
 #include <span>
 
 namespace kestrum {
@@ -24,8 +25,8 @@ public:
 
     void operator()(const Heading& heading)
     {
-        out_ += "\n" + std::string(static_cast<std::size_t>(heading.level), '#') + " " +
-                Escaped(heading.text) + "\n\n";
+        out_ += "\n" + std::string(static_cast<std::size_t>(std::max(heading.level, 1)), '#') +
+                " " + Escaped(heading.text) + "\n\n";
     }
     void operator()(const Paragraph& paragraph)
     {

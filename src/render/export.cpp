@@ -12,6 +12,8 @@
 #include <QPdfWriter>
 #include <QString>
 
+#include <algorithm>
+
 namespace kestrum {
 
 namespace {
@@ -33,12 +35,29 @@ QPageLayout LayoutOf(const Drawing& page, double mm_per_unit)
                        QPageLayout::Portrait, QMarginsF(0, 0, 0, 0));
 }
 
+// In the middle of the head of a page.
+void PaintLogo(QPainter& painter, const QImage& logo, double scale)
+{
+    constexpr double kTop = 9, kMiddle = 108, kMostWidth = 40, kMostHeight = 12;  // mm
+    const double factor =
+        std::min(kMostWidth * scale / logo.width(), kMostHeight * scale / logo.height());
+    const QSizeF size(logo.width() * factor, logo.height() * factor);
+    painter.drawImage(QRectF(QPointF(kMiddle * scale - size.width() / 2, kTop * scale), size),
+                      logo);
+}
+
 }  // namespace
 
-std::string WritePdf(const std::vector<Drawing>& pages, double mm_per_unit, const std::string& path)
+std::string WritePdf(const std::vector<Drawing>& pages, double mm_per_unit, const std::string& path,
+                     const PdfExtras* extras)
 {
     if (pages.empty()) {
         return path + ": there is no page to write";
+    }
+    QImage logo;
+    if (extras != nullptr && !extras->logo.empty() &&
+        !logo.loadFromData(QByteArray::fromStdString(extras->logo))) {
+        return path + ": the logo is no PNG that can be read";
     }
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
@@ -56,9 +75,15 @@ std::string WritePdf(const std::vector<Drawing>& pages, double mm_per_unit, cons
                 writer.newPage();
             }
             Paint(painter, pages[i], scale, {0, 0}, PaperColours());
+            if (!logo.isNull()) {
+                PaintLogo(painter, logo, scale);
+            }
         }
     }
-    return Save(buffer.data(), path);
+    if (extras == nullptr) {
+        return Save(buffer.data(), path);
+    }
+    return Save(QByteArray::fromStdString(WithExtras(buffer.data().toStdString(), *extras)), path);
 }
 
 std::string WritePng(const Drawing& drawing, double pixels_per_unit, const std::string& path)

@@ -33,7 +33,7 @@ extern "C" const char* KestrumRender(const kestrum::RenderJob* job)
         qputenv("QT_QPA_PLATFORM", "offscreen");
         static const QGuiApplication application(arguments, argument_list);
     }
-    problem = job->pdf ? kestrum::WritePdf(*job->pages, job->mm_per_unit, *job->path)
+    problem = job->pdf ? kestrum::WritePdf(*job->pages, job->mm_per_unit, *job->path, job->extras)
                        : kestrum::WritePng(job->pages->front(), job->pixels_per_unit, *job->path);
     return problem.c_str();
 }

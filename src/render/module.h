@@ -4,6 +4,7 @@
 // types may pass. The module is `kestrum-render` beside the program or in the package's library
 // folder.
 
+#include "render/pdf_extras.h"
 #include "report/drawing.h"
 
 #include <string>
@@ -17,6 +18,7 @@ struct RenderJob {
     bool pdf;
     double mm_per_unit;      // PDF
     double pixels_per_unit;  // PNG
+    const PdfExtras* extras = nullptr;
 };
 
 }  // namespace kestrum

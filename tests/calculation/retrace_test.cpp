@@ -59,9 +59,15 @@ std::vector<Printed> PrintedOf(const std::string& markdown)
     return all;
 }
 
+std::string MarkdownOf(const ProjectState& s)
+{
+    const ReportedMember member{.project = s};
+    return WriteMarkdown(CalculationReport(DeliveredTables(), {&member, 1}));
+}
+
 std::vector<Printed> ReportOf(const ProjectState& s)
 {
-    return PrintedOf(WriteMarkdown(CalculationReport(DeliveredTables(), s)));
+    return PrintedOf(MarkdownOf(s));
 }
 
 TEST(Retrace, EveryEquationOfTheExamplesGivesItsResult)
@@ -140,7 +146,7 @@ TEST(CalculationReport, OfAnUnstableMemberHasItsVerdict)
 {
     const ProjectState s =
         MemberOf(std::string(kSettings) + "family=1 row.hea=0 l=12 nload[1]=5000 qload[1]=5");
-    const std::string text = WriteMarkdown(CalculationReport(DeliveredTables(), s));
+    const std::string text = MarkdownOf(s);
     EXPECT_NE(text.find("unstable"), std::string::npos);
     EXPECT_EQ(text.find("N_b,y,Rd"), std::string::npos);
 }

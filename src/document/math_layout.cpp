@@ -1,0 +1,294 @@
+#include "document/math_layout.h"
+
+#include "document/notation.h"
+
+#include <algorithm>
+
+namespace kestrum {
+
+namespace {
+
+constexpr double kAbove = 0.74, kBelow = 0.22;  // of letters, in parts of their size
+constexpr double kSmall = 0.72;                 // raised and lowered signs
+constexpr double kAxis = 0.27;                  // fraction bars above the base line
+constexpr double kRule = 0.05;                  // thickness of bars
+
+// Moves everything of `part` behind `box`, raised by `up`.
+void Append(MathBox& box, const MathBox& part, double up = 0)
+{
+    Drawing moved;
+    PlaceBox(moved, part, {box.width, -up});
+    box.marks.insert(box.marks.end(), moved.marks.begin(), moved.marks.end());
+    box.width += part.width;
+    box.above = std::max(box.above, part.above + up);
+    box.below = std::max(box.below, part.below - up);
+}
+
+MathBox TextBox(const std::string& text, double size, bool italic = false, bool bold = false,
+                Ink ink = Ink::text)
+{
+    MathBox box{TextWidth(text, size, bold), kAbove * size, kBelow * size, {}};
+    TextMark mark;
+    mark.text = text;
+    mark.size = size;
+    mark.bold = bold;
+    mark.italic = italic;
+    mark.ink = ink;
+    box.marks.emplace_back(std::move(mark));
+    return box;
+}
+
+void AddRule(MathBox& box, Point from, Point to, double size)
+{
+    box.marks.emplace_back(LineMark{from, to, Ink::text, kRule * size, false});
+}
+
+MathBox BarredBox(MathBox box, double size)
+{
+    constexpr double kLift = 0.82;
+    AddRule(box, {0, -kLift * size}, {box.width, -kLift * size}, size);
+    box.above = std::max(box.above, (kLift + kRule) * size);
+    return box;
+}
+
+MathBox SymbolBox(const Symbol& symbol, double size)
+{
+    MathBox box = TextBox(symbol.letter, size, true);
+    if (symbol.bar) {
+        box = BarredBox(std::move(box), size);
+    }
+    if (!symbol.subscript.empty()) {
+        Append(box, TextBox(symbol.subscript, kSmall * size), -0.2 * size);
+    }
+    return box;
+}
+
+MathBox NumberBox(std::string_view number, double size, char decimal, bool bold = false,
+                  Ink ink = Ink::text)
+{
+    const std::string text = NumberInLine(number, decimal);
+    const std::size_t power = text.find('^');
+    MathBox box = TextBox(text.substr(0, power), size, false, bold, ink);
+    if (power != std::string::npos) {
+        Append(box, TextBox(text.substr(power + 1), kSmall * size, false, bold, ink), 0.35 * size);
+    }
+    return box;
+}
+
+struct Setter {
+    bool numbers;
+    int digits;
+    char decimal;
+
+    MathBox Set(const Expr& expr, double size) const;
+
+private:
+    MathBox Text(std::string_view text, double size) const
+    {
+        return TextBox(std::string(text), size);
+    }
+    // Round brackets and bars of the height of what they hold.
+    MathBox Bracketed(const MathBox& inner, double size, std::string_view open,
+                      std::string_view close) const
+    {
+        const double high = std::max(1.0, (inner.above + inner.below) / (1.1 * size));
+        const double middle = (inner.above - inner.below) / 2;
+        const double big = high * size;
+        const double up = middle - (kAbove - kBelow) / 2 * big;
+        MathBox box;
+        Append(box, Text(open, big), up);
+        Append(box, inner);
+        Append(box, Text(close, big), up);
+        box.above = std::max(inner.above, kAbove * size);
+        box.below = std::max(inner.below, kBelow * size);
+        return box;
+    }
+    MathBox Operand(const Term& outer, const Expr& inner, bool left, double size) const
+    {
+        const MathBox box = Set(inner, size);
+        const bool first = left && outer.op != Op::power;
+        const bool negative = numbers && inner->op == Op::symbol && inner->value < 0 && !first;
+        const bool product = numbers && outer.op == Op::power && left && inner->op == Op::symbol &&
+                             NumberText(inner->value, digits).find('e') != std::string::npos;
+        const bool fraction = inner->op == Op::divide && outer.op != Op::power;
+        const bool brackets = !fraction && NeedsBrackets(outer, *inner, left);
+        return negative || product || brackets ? Bracketed(box, size, "(", ")") : box;
+    }
+    MathBox Between(const Term& term, std::string_view sign, double size) const
+    {
+        MathBox box = Operand(term, term.parts[0], true, size);
+        Append(box, Text(sign, size));
+        Append(box, Operand(term, term.parts[1], false, size));
+        return box;
+    }
+    MathBox List(const Term& term, double size) const
+    {
+        MathBox box;
+        for (const Expr& part : term.parts) {
+            if (box.width > 0) {
+                Append(box, Text("; ", size));
+            }
+            Append(box, Set(part, size));
+        }
+        return box;
+    }
+    MathBox Function(std::string_view name, const Term& term, double size) const
+    {
+        MathBox box = Text(name, size);
+        Append(box, Bracketed(List(term, size), size, "(", ")"));
+        return box;
+    }
+    MathBox Fraction(const Term& term, double size) const
+    {
+        constexpr double kNested = 0.92;
+        const MathBox top = Set(term.parts[0], kNested * size);
+        const MathBox bottom = Set(term.parts[1], kNested * size);
+        const double gap = 0.12 * size, side = 0.12 * size;
+        const double width = std::max(top.width, bottom.width) + 2 * side;
+        const double axis = kAxis * size;
+        Drawing d;
+        PlaceBox(d, top, {(width - top.width) / 2, -axis - gap - top.below});
+        PlaceBox(d, bottom, {(width - bottom.width) / 2, -axis + gap + bottom.above});
+        MathBox box{width + 0.08 * size, axis + gap + top.below + top.above,
+                    bottom.above + bottom.below + gap - axis, std::move(d.marks)};
+        AddRule(box, {0, -axis}, {width, -axis}, size);
+        return box;
+    }
+    MathBox RootOf(const MathBox& inner, double size) const
+    {
+        const double sign = 0.55 * size, gap = 0.14 * size;
+        const double top = inner.above + gap, low = inner.below;
+        MathBox box;
+        box.width = sign;
+        Append(box, inner);
+        box.width += 0.08 * size;
+        box.above = top + kRule * size;
+        AddRule(box, {0.02 * size, -0.3 * size}, {0.14 * size, -0.36 * size}, size);
+        AddRule(box, {0.14 * size, -0.36 * size}, {0.3 * size, low}, size);
+        AddRule(box, {0.3 * size, low}, {sign - 0.04 * size, -top}, size);
+        AddRule(box, {sign - 0.04 * size, -top}, {box.width, -top}, size);
+        return box;
+    }
+    MathBox PowerOfTen(int exponent, double size) const
+    {
+        MathBox box = Text("10", size);
+        Append(box, Text(std::to_string(exponent), kSmall * size), 0.35 * size);
+        return box;
+    }
+    MathBox PowerOf(const Term& term, double size) const
+    {
+        MathBox box = Operand(term, term.parts[0], true, size);
+        const MathBox exponent = Set(term.parts[1], kSmall * size);
+        Append(box, exponent, std::max(0.38 * size, box.above - 0.45 * size));
+        return box;
+    }
+};
+
+MathBox Setter::Set(const Expr& expr, double size) const
+{
+    const Term& term = *expr;
+    if (!numbers) {
+        if (const Expr* const rest = WithoutScale(term)) {
+            return Set(*rest, size);
+        }
+    }
+    switch (term.op) {
+    case Op::symbol:
+        return numbers ? NumberBox(NumberText(term.value, digits), size, decimal)
+                       : SymbolBox(term.symbol, size);
+    case Op::constant:
+        return term.text.empty() ? NumberBox(NumberText(term.value, 15), size, decimal)
+                                 : Text(term.text, size);
+    case Op::scale:
+        return PowerOfTen(static_cast<int>(term.value), size);
+    case Op::add:
+        return Between(term, " + ", size);
+    case Op::subtract:
+        return Between(term, " − ", size);
+    case Op::multiply:
+        return Between(term, "·", size);
+    case Op::divide:
+        return Fraction(term, size);
+    case Op::power:
+        return PowerOf(term, size);
+    case Op::root:
+        return RootOf(List(term, size), size);
+    case Op::size:
+        return Bracketed(List(term, size), size, "|", "|");
+    case Op::least:
+        return Function("min", term, size);
+    case Op::largest:
+        return Function("max", term, size);
+    case Op::cosine:
+        return Function("cos", term, size);
+    case Op::sine:
+        return Function("sin", term, size);
+    }
+    return {};
+}
+
+}  // namespace
+
+std::vector<MathBox> EquationBoxes(const Equation& equation, double size, char decimal)
+{
+    MathBox first = SymbolBox(equation.symbol, size);
+    const MathBox equals = TextBox(" = ", size);
+    MathBox value = equals;
+    Append(value, NumberBox(equation.value, size, decimal));
+    if (!equation.unit.empty()) {
+        Append(value, TextBox(" " + UnitText(equation.unit), size));
+    }
+    if (equation.formula == nullptr) {
+        Append(first, value);
+        return {first};
+    }
+    const Setter symbols{false, 0, decimal}, numbers{true, equation.digits, decimal};
+    std::vector<MathBox> boxes;
+    Append(first, equals);
+    Append(first, symbols.Set(equation.formula, size));
+    boxes.push_back(std::move(first));
+    if (HasSymbols(equation.formula)) {
+        MathBox second = equals;
+        Append(second, numbers.Set(equation.formula, size));
+        boxes.push_back(std::move(second));
+    }
+    boxes.push_back(std::move(value));
+    return boxes;
+}
+
+MathBox LineBox(const Line& line, double size, char decimal, Ink ink, bool bold)
+{
+    MathBox box;
+    for (const Span& span : line.spans) {
+        switch (span.style) {
+        case Span::Style::number:
+            Append(box, NumberBox(span.text, size, decimal, bold, ink));
+            break;
+        case Span::Style::subscript:
+            Append(box, TextBox(span.text, kSmall * size, false, bold, ink), -0.2 * size);
+            break;
+        case Span::Style::bar:
+            Append(box, BarredBox(TextBox(span.text, size, false, bold, ink), size));
+            break;
+        case Span::Style::good:
+            Append(box, TextBox(span.text, size, false, true, Ink::good));
+            break;
+        case Span::Style::bad:
+            Append(box, TextBox(span.text, size, false, true, Ink::bad));
+            break;
+        default:
+            Append(box,
+                   TextBox(span.text, size, false, bold || span.style == Span::Style::strong, ink));
+        }
+    }
+    return box;
+}
+
+void PlaceBox(Drawing& drawing, const MathBox& box, Point at, double scale)
+{
+    Drawing part;
+    part.marks = box.marks;
+    Place(drawing, part, at, scale);
+}
+
+}  // namespace kestrum

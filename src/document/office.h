@@ -1,0 +1,39 @@
+#pragma once
+
+// What an office writes on its reports, and the small file in which it keeps that: a line
+// `name = text` for each, in UTF-8; empty lines and those that begin with # are passed over.
+//   company, logo (path of a PNG or SVG file), projectnumber, author, checker, revision, date,
+//   decimal (point or comma)
+
+#include "core/file_notation.h"
+#include "document/document.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kestrum {
+
+struct Office {
+    std::string company{}, logo{}, projectnumber{}, author{}, checker{}, revision{}, date{};
+    std::string decimal{};  // "point", "comma" or empty
+
+    bool operator==(const Office&) const = default;
+};
+
+constexpr std::string_view kOfficeFile = "office.txt";
+
+// Sets what the file names. A fault leaves what was read before it.
+std::optional<FileFault> ReadOffice(std::string_view bytes, Office& office);
+
+// Empty, or what is wrong with a single value: its name and what is allowed.
+std::string SetOffice(Office& office, std::string_view name, std::string_view value);
+
+// Empty, or why the bytes are no PNG or SVG that can be shown.
+std::string ReadLogo(std::string bytes, Logo& logo);
+
+// All but the logo.
+void TakeOffice(const Office& office, DocumentHead& head);
+
+}  // namespace kestrum

@@ -1,0 +1,376 @@
+#include "document/page_layout.h"
+
+#include "document/math_layout.h"
+#include "document/table_layout.h"
+#include "document/text_flow.h"
+#include "report/figure_tools.h"
+
+#include <algorithm>
+
+namespace kestrum {
+
+namespace {
+
+constexpr double kPaperWidth = 210, kPaperHeight = 297;
+constexpr double kLeft = 20, kRight = 196, kTop = 30, kBottom = 280;
+constexpr double kWidth = kRight - kLeft;
+constexpr double kText = 3.1, kSmallText = TableLayout::kText, kFormula = 3.3;
+constexpr double kLine = 1.35;  // of the size, from base line to base line
+constexpr double kHeadText = 2.6;
+
+class Layout {
+public:
+    explicit Layout(const Document& document) : document_(document) { NewPage(); }
+
+    LaidOut Take()
+    {
+        for (std::size_t i = 0; i < document_.blocks.size(); ++i) {
+            next_ = i + 1 < document_.blocks.size() ? &document_.blocks[i + 1] : nullptr;
+            skip_ = false;
+            std::visit(*this, document_.blocks[i]);
+            i += skip_ ? 1 : 0;
+        }
+        FillPageNumbers();
+        for (std::size_t i = 0; i < out_.pages.size(); ++i) {
+            HeadAndFoot(i);
+        }
+        return std::move(out_);
+    }
+
+    void operator()(const Heading& heading)
+    {
+        constexpr double kSizes[] = {8, 5.2, 4.0, 3.3}, kBefore[] = {20, 4, 6, 3};
+        constexpr double kFollows = 16;  // mm of what follows
+        const auto level = static_cast<std::size_t>(std::clamp(heading.level, 0, 3));
+        const double size = kSizes[level];
+        y_ += y_ > kTop ? kBefore[level] : 0;
+        const auto* const figures = next_ == nullptr ? nullptr : std::get_if<FigureRow>(next_);
+        Need(size * kLine + (figures == nullptr ? kFollows : HeightOf(*figures) + 3));
+        out_.headings.push_back({heading.level, heading.text, out_.pages.size() - 1, y_});
+        Wrapped(Strong(heading.text), size, kLeft, kWidth);
+        if (level == 2) {
+            AddLine(Page(), {kLeft, y_ + 0.3}, {kRight, y_ + 0.3}, Ink::faint);
+            y_ += 0.8;
+        }
+        y_ += 1;
+    }
+    void operator()(const Paragraph& paragraph)
+    {
+        using Kind = Paragraph::Kind;
+        if (paragraph.kind == Kind::verdict_good || paragraph.kind == Kind::verdict_bad) {
+            Verdict(paragraph);
+            return;
+        }
+        const bool remark = paragraph.kind == Kind::remark;
+        Wrapped(paragraph.text, remark ? kSmallText : kText, kLeft, kWidth,
+                remark ? Ink::faint : Ink::text);
+        y_ += 1;
+    }
+    void operator()(const TextTable& table)
+    {
+        constexpr double kBetween = 6, kCaption = 6;
+        const char decimal = document_.head.decimal;
+        const TableLayout layout = LayOutTable(table, kWidth, decimal);
+        const auto* const other = next_ == nullptr ? nullptr : std::get_if<TextTable>(next_);
+        if (other != nullptr) {
+            const TableLayout beside = LayOutTable(*other, kWidth, decimal);
+            const double height = std::max(layout.Height(), beside.Height()) + kCaption;
+            if (layout.Width() + kBetween + beside.Width() <= kWidth && height <= kBottom - kTop) {
+                Need(height);
+                const double top = y_;
+                PrintTable(table, layout, kLeft);
+                const double below = y_;
+                y_ = top;
+                PrintTable(*other, beside, kLeft + layout.Width() + kBetween);
+                y_ = std::max(y_, below);
+                skip_ = true;
+                return;
+            }
+        }
+        PrintTable(table, layout, kLeft);
+    }
+    void operator()(const Equation& equation)
+    {
+        constexpr double kIndent = 3, kInner = 8, kSpace = 1.3, kApart = 3;
+        const MathBox clause =
+            LineBox(equation.clause.empty() ? Line() : Line("[" + equation.clause + "]"),
+                    kSmallText, document_.head.decimal, Ink::faint);
+        const MathBox remark =
+            LineBox(equation.remark, kSmallText, document_.head.decimal, Ink::faint);
+        std::vector<MathBox> boxes = EquationBoxes(equation, kFormula, document_.head.decimal);
+        if (!equation.remark.Empty()) {
+            MathBox apart = remark;
+            apart.width += kApart;
+            boxes.push_back(std::move(apart));
+        }
+        // Lines of boxes; a line begins with the sign of equality.
+        std::vector<std::vector<const MathBox*>> lines(1);
+        double width = kIndent;
+        for (const MathBox& box : boxes) {
+            if (width + box.width > kWidth && !lines.back().empty()) {
+                lines.emplace_back();
+                width = kInner;
+            }
+            lines.back().push_back(&box);
+            width += box.width;
+        }
+        const bool clause_fits = width + 3 + clause.width <= kWidth;
+        double height = 0;
+        for (const auto& line : lines) {
+            height += HeightOf(line) + kSpace;
+        }
+        Need(height + (clause_fits ? 0 : kSmallText * kLine));
+        double base = y_;
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            double above = 0, below = 0, x = kLeft + (i == 0 ? kIndent : kInner);
+            for (const MathBox* const box : lines[i]) {
+                above = std::max(above, box->above);
+                below = std::max(below, box->below);
+            }
+            base = y_ + above;
+            for (const MathBox* const box : lines[i]) {
+                const double room = kRight - x;
+                const double scale = box->width > room ? room / box->width : 1;
+                const bool apart = box == &boxes.back() && !equation.remark.Empty();
+                PlaceBox(Page(), *box, {apart ? x + kApart : x, base}, scale);
+                x += box->width;
+            }
+            y_ = base + below + kSpace;
+        }
+        if (!clause_fits && clause.width > 0) {
+            y_ += kSmallText;
+            base = y_;
+            y_ += 0.4 * kSmallText;
+        }
+        PlaceBox(Page(), clause, {kRight - clause.width, base});
+    }
+    void operator()(const FigureRow& row)
+    {
+        constexpr double kGap = 4;
+        double x = kLeft, height = 0;
+        for (std::size_t from = 0, i = 0; i <= row.figures.size(); ++i) {
+            const bool last = i == row.figures.size();
+            const double width = last ? 0 : WidthOf(row.figures[i]);
+            if (last || x + width > kRight + 0.1) {
+                PrintFigures(row, from, i, height, kGap);
+                from = i;
+                x = kLeft;
+                height = 0;
+            }
+            if (!last) {
+                x += width + kGap;
+                height = std::max(height, HeightOf(row.figures[i]));
+            }
+        }
+    }
+    void operator()(const PageBreak&)
+    {
+        if (y_ > kTop) {
+            NewPage();
+        }
+    }
+
+private:
+    Drawing& Page() { return out_.pages.back(); }
+    void NewPage()
+    {
+        Drawing page;
+        page.width = kPaperWidth;
+        page.height = kPaperHeight;
+        page.title = document_.head.title;
+        out_.pages.push_back(std::move(page));
+        y_ = kTop;
+    }
+    void Need(double height)
+    {
+        if (y_ + height > kBottom && y_ > kTop) {
+            NewPage();
+        }
+    }
+    // Writes the text in lines of the width; moves below.
+    void Wrapped(const Line& text, double size, double x, double width, Ink ink = Ink::text)
+    {
+        for (const Line& line : WrapLine(text, size, width, document_.head.decimal)) {
+            Need(size * kLine);
+            y_ += size;
+            PlaceBox(Page(), LineBox(line, size, document_.head.decimal, ink), {x, y_});
+            y_ += (kLine - 1) * size;
+        }
+    }
+    void Verdict(const Paragraph& paragraph)
+    {
+        constexpr double kPadding = 2, kSize = 3.6;
+        const bool good = paragraph.kind == Paragraph::Kind::verdict_good;
+        Line text;
+        for (const Span& span : paragraph.text.spans) {
+            text.Add(span.text, good ? Span::Style::good : Span::Style::bad);
+        }
+        const std::vector<Line> lines =
+            WrapLine(text, kSize, kWidth - 2 * kPadding, document_.head.decimal);
+        const double height = static_cast<double>(lines.size()) * kSize * kLine + 2 * kPadding - 1;
+        Need(height + 1.5);
+        PolygonMark frame;
+        frame.rings = {{{kLeft, y_}, {kRight, y_}, {kRight, y_ + height}, {kLeft, y_ + height}}};
+        frame.filled = false;
+        frame.outline = good ? Ink::good : Ink::bad;
+        frame.width = 0.4;
+        Page().marks.emplace_back(std::move(frame));
+        const double end = y_ + height;
+        y_ += kPadding - 0.5;
+        Wrapped(text, kSize, kLeft + kPadding, kWidth - 2 * kPadding);
+        y_ = end + 1.5;
+    }
+
+    // --- Tables ----------------------------------------------------------------------------------
+
+    void PrintTable(const TextTable& table, const TableLayout& layout, double x)
+    {
+        constexpr double kFirstRows = 12, kBelow = 3;
+        const char decimal = document_.head.decimal;
+        if (!table.caption.empty()) {
+            Need(kText * kLine + kFirstRows);
+            Wrapped(Strong(table.caption), kText, x, kRight - x);
+        }
+        Need(kFirstRows);
+        for (std::size_t row = 0; row < layout.rows.size(); ++row) {
+            if (row > 0 && y_ + layout.heights[row] > kBottom) {
+                NewPage();
+                PrintRow(Page(), table, layout, 0, {x, y_}, decimal);
+                y_ += layout.heights[0];
+            }
+            if (table.contents && row > 0) {
+                const double right = x + layout.Width();
+                out_.links.push_back({out_.pages.size() - 1,
+                                      {x, y_, right, y_ + layout.heights[row]},
+                                      row,
+                                      right - 1});
+            }
+            PrintRow(Page(), table, layout, row, {x, y_}, decimal);
+            y_ += layout.heights[row];
+        }
+        y_ += kBelow;
+    }
+    // Numbers of the pages in a list of contents, once they are known.
+    void FillPageNumbers()
+    {
+        for (const PlacedLink& link : out_.links) {
+            std::size_t member = 0;
+            for (const PlacedHeading& heading : out_.headings) {
+                member += heading.level == 1 ? 1 : 0;
+                if (heading.level == 1 && member == link.member) {
+                    TextMark mark;
+                    mark.at = {link.number, link.at.top + kSmallText + 0.3};
+                    mark.text = std::to_string(heading.page + 1);
+                    mark.size = kSmallText;
+                    mark.align = Align::right;
+                    out_.pages[link.page].marks.emplace_back(std::move(mark));
+                }
+            }
+        }
+    }
+
+    // --- Figures ---------------------------------------------------------------------------------
+
+    static double WidthOf(const Figure& figure) { return std::min(figure.width, kWidth); }
+    static double HeightOf(const Figure& figure)
+    {
+        return figure.drawing.height * WidthOf(figure) / figure.drawing.width + kSmallText * kLine;
+    }
+    static double HeightOf(const FigureRow& row)
+    {
+        double height = 0;
+        for (const Figure& figure : row.figures) {
+            height = std::max(height, HeightOf(figure));
+        }
+        return height;
+    }
+    static double HeightOf(const std::vector<const MathBox*>& line)
+    {
+        double above = 0, below = 0;
+        for (const MathBox* const box : line) {
+            above = std::max(above, box->above);
+            below = std::max(below, box->below);
+        }
+        return above + below;
+    }
+    void PrintFigures(const FigureRow& row, std::size_t from, std::size_t to, double height,
+                      double gap)
+    {
+        if (from == to) {
+            return;
+        }
+        Need(height + 2);
+        double x = kLeft;
+        for (std::size_t i = from; i < to; ++i) {
+            const Figure& figure = row.figures[i];
+            const double width = WidthOf(figure);
+            Place(Page(), figure.drawing, {x, y_}, width / figure.drawing.width);
+            const MathBox caption = LineBox(figure.caption, kSmallText, '.', Ink::faint);
+            PlaceBox(Page(), caption, {x, y_ + height - 0.3 * kSmallText});
+            x += width + gap;
+        }
+        y_ += height + 2;
+    }
+
+    // --- Head and foot ---------------------------------------------------------------------------
+
+    void HeadAndFoot(std::size_t number)
+    {
+        Drawing& page = out_.pages[number];
+        const DocumentHead& head = document_.head;
+        const auto write = [&](double x, double y, const std::string& text, Align align, bool bold,
+                               Ink ink) {
+            TextMark mark;
+            mark.at = {x, y};
+            mark.text = FitText(text, kHeadText, bold, kWidth / 2 - 2);
+            mark.size = kHeadText;
+            mark.align = align;
+            mark.bold = bold;
+            mark.ink = ink;
+            page.marks.emplace_back(std::move(mark));
+        };
+        const auto joined = [](std::string_view name, const std::string& value) {
+            return value.empty() ? std::string() : std::string(name) + value + "   ";
+        };
+        const double row = kHeadText * 1.4;
+        double y = 13;
+        write(kLeft, y, head.company.empty() ? "Kestrum EC3" : head.company, Align::left, true,
+              Ink::text);
+        write(kRight, y,
+              joined("Project no. ", head.projectnumber) + joined("Rev. ", head.revision) +
+                  head.date,
+              Align::right, false, Ink::text);
+        y += row;
+        write(kLeft, y, head.project, Align::left, false, Ink::text);
+        write(kRight, y, joined("Author ", head.author) + joined("Checker ", head.checker),
+              Align::right, false, Ink::text);
+        y += row;
+        write(kLeft, y, head.ident, Align::left, false, Ink::text);
+        AddLine(page, {kLeft, y + 1.5}, {kRight, y + 1.5}, Ink::text, 0.25);
+        AddLine(page, {kLeft, 284}, {kRight, 284}, Ink::faint, 0.15);
+        TextMark foot;
+        foot.at = {kLeft, 284 + row};
+        foot.text = FitText(head.footer, 2.2, false, kWidth - 24);
+        foot.size = 2.2;
+        foot.ink = Ink::faint;
+        page.marks.emplace_back(std::move(foot));
+        write(kRight, 284 + row,
+              "page " + std::to_string(number + 1) + " of " + std::to_string(out_.pages.size()),
+              Align::right, false, Ink::text);
+    }
+
+    const Document& document_;
+    LaidOut out_;
+    const Block* next_ = nullptr;
+    bool skip_ = false;  // the next block stands already
+    double y_ = kTop;
+};
+
+}  // namespace
+
+LaidOut LayOut(const Document& document)
+{
+    return Layout(document).Take();
+}
+
+}  // namespace kestrum

@@ -1,0 +1,146 @@
+// Documents on pages, and what offices write on them.
+
+#include "document/office.h"
+#include "document/page_layout.h"
+#include "document/text_flow.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+namespace kestrum {
+namespace {
+
+// A document of `members` with more rows and equations than a page holds.
+Document LongDocument(int members)
+{
+    Document d;
+    d.head.project = std::string(300, 'W');  // wider than the page
+    d.head.footer = std::string(400, 'm');
+    d.Cover("Book");
+    TextTable contents{.columns = {{"Member"}, {"page", true}}, .contents = true};
+    for (int i = 0; i < members; ++i) {
+        contents.rows.push_back({"Member " + std::to_string(i), "     "});
+    }
+    d.Add(std::move(contents));
+    for (int i = 0; i < members; ++i) {
+        d.NewPage();
+        d.Member("Member " + std::to_string(i));
+        d.Chapter("Chapter");
+        TextTable table{.columns = {{"Long"}, {"x", true}}, .caption = "Rows"};
+        for (int row = 0; row < 90; ++row) {
+            table.rows.push_back(
+                {std::string(60, 'a') + " " + std::string(250, 'W'), NumberLine(row * 1e7)});
+        }
+        d.Add(std::move(table));
+        const Expr a = Sym("a", 2.5), b = Sym("~λ_b,y,Rd", 3e7);
+        d.Add("c", Root(a * Square(b) / (1 + a)) + Least({a / b, Size(b - a)}),
+              std::sqrt(2.5 * 9e14 / 3.5) + 2.5 / 3e7, "mm2", "EN 1993-1-5, 4.4 (2)",
+              "a remark behind it");
+    }
+    return d;
+}
+
+TEST(PageLayout, NothingLeavesThePage)
+{
+    const LaidOut laid = LayOut(LongDocument(2));
+    ASSERT_GT(laid.pages.size(), 4U);
+    const Bounds paper{15, 8, 200, 292};
+    for (const Drawing& page : laid.pages) {
+        for (const Mark& mark : page.marks) {
+            EXPECT_TRUE(BoundsOf(mark).Inside(paper));
+        }
+    }
+}
+
+TEST(PageLayout, EachPageHasItsNumber)
+{
+    const LaidOut laid = LayOut(LongDocument(1));
+    for (std::size_t i = 0; i < laid.pages.size(); ++i) {
+        const std::string number =
+            "page " + std::to_string(i + 1) + " of " + std::to_string(laid.pages.size());
+        bool found = false;
+        for (const Mark& mark : laid.pages[i].marks) {
+            const auto* const text = std::get_if<TextMark>(&mark);
+            found = found || (text != nullptr && text->text == number);
+        }
+        EXPECT_TRUE(found) << number;
+    }
+}
+
+TEST(PageLayout, TheContentsLeadToTheMembers)
+{
+    const LaidOut laid = LayOut(LongDocument(3));
+    ASSERT_EQ(laid.links.size(), 3U);
+    std::vector<std::size_t> pages;
+    for (const PlacedHeading& heading : laid.headings) {
+        if (heading.level == 1) {
+            pages.push_back(heading.page);
+        }
+    }
+    ASSERT_EQ(pages.size(), 3U);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(laid.links[i].page, 0U);
+        EXPECT_EQ(laid.links[i].member, i + 1);
+        EXPECT_GT(pages[i], i == 0 ? 0 : pages[i - 1]);
+        const std::string number = std::to_string(pages[i] + 1);
+        bool found = false;
+        for (const Mark& mark : laid.pages[0].marks) {
+            const auto* const text = std::get_if<TextMark>(&mark);
+            found = found ||
+                    (text != nullptr && text->text == number && text->at.y > laid.links[i].at.top &&
+                     text->at.y < laid.links[i].at.bottom);
+        }
+        EXPECT_TRUE(found) << number;
+    }
+}
+
+TEST(WrapLine, KeepsEveryLetterAndTheWidth)
+{
+    const std::string text = "one two three " + std::string(80, 'M') + " four";
+    std::string all;
+    for (const Line& line : WrapLine(text, 3, 40, '.')) {
+        EXPECT_LE(TextWidth(PlainText(line), 3), 40 + TextWidth(" ", 3));
+        all += PlainText(line);
+    }
+    EXPECT_EQ(all, text);
+}
+
+TEST(Office, ReadsItsLines)
+{
+    Office office;
+    EXPECT_FALSE(
+        ReadOffice("# ours\r\n\r\n company = Hansen & Co \r\ndecimal=comma\nauthor=J. H.", office));
+    EXPECT_EQ(office.company, "Hansen & Co");
+    EXPECT_EQ(office.author, "J. H.");
+    DocumentHead head;
+    TakeOffice(office, head);
+    EXPECT_EQ(head.decimal, ',');
+}
+
+TEST(Office, AFaultNamesLineAndField)
+{
+    Office office;
+    const auto unknown = ReadOffice("company=A\nauthro=B\n", office);
+    ASSERT_TRUE(unknown);
+    EXPECT_EQ(unknown->line, 2);
+    EXPECT_NE(unknown->what.find("authro"), std::string::npos);
+    const auto sign = ReadOffice("\n\ndecimal=;\n", office);
+    ASSERT_TRUE(sign);
+    EXPECT_EQ(sign->line, 3);
+    EXPECT_NE(sign->what.find("decimal"), std::string::npos);
+    EXPECT_EQ(ReadOffice("company\n", office)->line, 1);
+}
+
+TEST(Office, ALogoIsPngOrSvg)
+{
+    Logo logo;
+    EXPECT_EQ(ReadLogo("GIF89a", logo), "neither PNG nor SVG");
+    EXPECT_EQ(ReadLogo("\x89PNG\r\n\x1a\n", logo), "neither PNG nor SVG") << "cut off";
+    EXPECT_EQ(ReadLogo("<svg xmlns='http://www.w3.org/2000/svg'/>", logo), "");
+    EXPECT_TRUE(logo.svg);
+}
+
+}  // namespace
+}  // namespace kestrum
