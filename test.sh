@@ -87,6 +87,9 @@ if [ "${1:-}" = --full ]; then
         /usr/bin/python3 -m pytest -q -p no:cacheprovider tests/cluster || die "kestrum.dask failed on a cluster"
     tools/check-slurm build/release || die "the array of docs/scale.md does not answer as one run does"
     tools/check-packages build/release
+    tools/check-abi build/release/src/library/libkestrum.so || die "programs built with this version would not run with the library"
+    tools/check-pip || die "pip cannot install the Python package"
+    KESTRUM_FULL=1 ctest --preset release -R "^python/" || die "the Python package fails with many rows"
     tools/check-windows
     tools/check-bare
 fi

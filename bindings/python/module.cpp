@@ -34,6 +34,55 @@ PyObject* input_error = nullptr;  // kestrum.InputError
     throw py::error_already_set();
 }
 
+// A text of Python that the library can take: no zero inside, which would end it, and whole letters.
+struct Word {
+    std::string text;
+};
+
+Word WordOf(py::handle value)
+{
+    const auto refuse = [&](const char* what) {
+        const auto shown = py::repr(value).cast<std::string>();
+        Raise({KESTRUM_REFUSED, shown + ": " + what, shown, "", 0});
+    };
+    if (!PyUnicode_Check(value.ptr())) {
+        refuse("a text is expected");
+    }
+    Py_ssize_t size = 0;
+    const char* const utf8 = PyUnicode_AsUTF8AndSize(value.ptr(), &size);
+    if (utf8 == nullptr) {
+        PyErr_Clear();
+        refuse("half a letter in a text");
+    }
+    Word word{std::string(utf8, static_cast<std::size_t>(size))};
+    if (word.text.find('\0') != std::string::npos) {
+        refuse("a zero in a text");
+    }
+    return word;
+}
+
+std::vector<std::string> TextsOf(const std::vector<Word>& words)
+{
+    std::vector<std::string> texts;
+    for (const Word& word : words) {
+        texts.push_back(word.text);
+    }
+    return texts;
+}
+
+}  // namespace
+
+template <> struct pybind11::detail::type_caster<Word> {
+    PYBIND11_TYPE_CASTER(Word, const_name("str"));
+    bool load(handle from, bool)
+    {
+        value = WordOf(from);
+        return true;
+    }
+};
+
+namespace {
+
 void Check(const std::optional<Error>& error)
 {
     if (error) {
@@ -49,14 +98,18 @@ template <class T> T Value(kestrum::Expected<T> expected)
     return std::move(*expected);
 }
 
-Catalogue Opened(const std::string& folder)
+Catalogue Opened(const Word& folder)
 {
-    return Value(Catalogue::open(folder));
+    return Value(Catalogue::open(folder.text));
 }
 
 // Sets inputs that depend on each other; returns the remarks.
-std::string SetAll(Member& member, const Member::Settings& settings)
+std::string SetAll(Member& member, const std::vector<std::pair<Word, Word>>& given)
 {
+    Member::Settings settings;
+    for (const auto& [name, value] : given) {
+        settings.emplace_back(name.text, value.text);
+    }
     std::string remarks;
     Check(member.set(settings, &remarks));
     return remarks;
@@ -88,13 +141,13 @@ Entries EntriesOf(const std::string& name, const py::object& values)
     const auto list = values.cast<py::list>();
     entries.texts.reserve(list.size());  // so that no text moves
     for (const py::handle& value : list) {
-        entries.texts.push_back(value.is_none() ? std::string() : value.cast<std::string>());
+        entries.texts.push_back(value.is_none() ? std::string() : WordOf(value).text);
         entries.pointers.push_back(value.is_none() ? nullptr : entries.texts.back().c_str());
     }
     return entries;
 }
 
-using Inputs = std::vector<std::pair<std::string, py::object>>;
+using Inputs = std::vector<std::pair<Word, py::object>>;
 
 // Columns of inputs as the library takes them, and the entries that they point to.
 class Columns {
@@ -103,15 +156,15 @@ public:
     {
         entries_.reserve(inputs.size());  // so that no column moves
         for (const auto& [name, values] : inputs) {
-            entries_.push_back(EntriesOf(name, values));
+            entries_.push_back(EntriesOf(name.text, values));
             const Entries& last = entries_.back();
             const bool texts = !last.pointers.empty();
             if ((texts ? last.pointers.size() : static_cast<std::size_t>(last.numbers.size())) !=
                 rows) {
-                throw py::value_error("column " + name + " has another length");
+                throw py::value_error("column " + name.text + " has another length");
             }
-            list_.push_back(texts ? kestrum::Column(name, last.pointers.data())
-                                  : kestrum::Column(name, last.numbers.data()));
+            list_.push_back(texts ? kestrum::Column(name.text, last.pointers.data())
+                                  : kestrum::Column(name.text, last.numbers.data()));
         }
     }
     const std::vector<kestrum::Column>& list() const { return list_; }
@@ -139,10 +192,11 @@ private:
 class TableOf {
 public:
     TableOf(const Member& base, const Inputs& inputs, std::size_t rows, unsigned basis,
-            const std::vector<std::string>& fields, unsigned threads)
+            const std::vector<Word>& names, unsigned threads)
         : rows_(rows)
     {
         const Columns columns(inputs, rows);
+        const std::vector<std::string> fields = TextsOf(names);
         auto checked = [&] {
             const py::gil_scoped_release free;
             return kestrum::Table::check(base, columns.list(), rows,
@@ -353,7 +407,7 @@ kestrum::Wishes WishesOf(const py::dict& asked, unsigned threads)
     kestrum::Wishes wishes;
     wishes.by = static_cast<kestrum::Objective>(asked["by"].cast<int>());
     wishes.basis = static_cast<Basis>(asked["basis"].cast<unsigned>());
-    wishes.steels = asked["steels"].cast<std::vector<std::string>>();
+    wishes.steels = TextsOf(asked["steels"].cast<std::vector<Word>>());
     wishes.max_ir = asked["max_ir"].cast<double>();
     wishes.max_h = asked["max_h"].cast<double>();
     wishes.max_b = asked["max_b"].cast<double>();
@@ -504,14 +558,14 @@ PYBIND11_MODULE(_kestrum, m)
         .def_static("builtin", &Catalogue::builtin)
         .def_static("open", &Opened)
         .def("sections",
-             [](const Catalogue& c, const std::string& family) { return Value(c.sections(family)); });
+             [](const Catalogue& c, const Word& family) { return Value(c.sections(family.text)); });
 
     py::class_<Member>(m, "Member")
         .def(py::init<const Catalogue&>())
         .def("copy", [](const Member& member) { return Member(member); })
         .def("set", &SetAll)
-        .def("number", [](const Member& s, const std::string& name) { return Value(s.number(name)); })
-        .def("text", [](const Member& s, const std::string& name) { return Value(s.text(name)); })
+        .def("number", [](const Member& s, const Word& name) { return Value(s.number(name.text)); })
+        .def("text", [](const Member& s, const Word& name) { return Value(s.text(name.text)); })
         .def("project", [](const Member& member) { return py::bytes(member.project()); })
         .def("read_project", [](Member& s, const std::string& bytes) { Check(s.read_project(bytes)); })
         .def("check", &Checked);
@@ -527,7 +581,7 @@ PYBIND11_MODULE(_kestrum, m)
         .def("notes", &NotesOf)
         .def("deviations", &DeviationsOf)
         .def("failure", &FailureOf)
-        .def("value", [](const Result& r, const std::string& name) { return Value(r.value(name)); })
+        .def("value", [](const Result& r, const Word& name) { return Value(r.value(name.text)); })
         .def("json", &Result::json)
         .def("panel", [](const Result& r) { return Value(r.panel()); })
         .def("diagram_svg", [](const Result& r, char axis) { return Value(r.diagram_svg(axis)); })
@@ -535,7 +589,7 @@ PYBIND11_MODULE(_kestrum, m)
 
     py::class_<TableOf>(m, "Table")
         .def(py::init<const Member&, const Inputs&, std::size_t, unsigned,
-                      const std::vector<std::string>&, unsigned>())
+                      const std::vector<Word>&, unsigned>())
         .def("statuses", &TableOf::Statuses)
         .def("ratios", &TableOf::Ratios)
         .def("field", &TableOf::Field)
@@ -550,9 +604,9 @@ PYBIND11_MODULE(_kestrum, m)
 
     py::class_<kestrum::Pool>(m, "Pool")
         .def(py::init<const Catalogue&>())
-        .def("add", [](kestrum::Pool& p, const std::string& word) { Check(p.add(word)); })
-        .def("range", [](kestrum::Pool& p, const std::string& text) { Check(p.range(text)); })
-        .def("prices", [](kestrum::Pool& p, const std::string& table) { Check(p.prices(table)); });
+        .def("add", [](kestrum::Pool& p, const Word& word) { Check(p.add(word.text)); })
+        .def("range", [](kestrum::Pool& p, const Word& text) { Check(p.range(text.text)); })
+        .def("prices", [](kestrum::Pool& p, const Word& table) { Check(p.prices(table.text)); });
 
     py::class_<SelectionOf>(m, "Selection")
         .def(py::init<const Member&, const Inputs&, std::size_t, std::size_t, const py::object&,

@@ -113,7 +113,7 @@ def test_a_basis_alone_has_its_columns_alone():
     ({}, {"x": [0, 4, 0, 4000]}, 3, "x", "lies off the member of 4 m"),  # in mm
     ({}, {"member": ["T0", "T0", "X", "X"]}, 2, "member", "member 'X' is not among the members"),
     ({}, {"member": ["T0", "T0", None, None]}, 2, "member", "is not among the members"),
-    ({}, {"Nn": [0, 0, 0, 0], "N": None}, None, "Nn", "did you mean N?"),
+    ({}, {"Myy": [0, 0, 0, 0]}, None, "Myy", "did you mean My?"),
     ({}, {"n": [0, 0, 0, 0]}, None, "n", "column N is there twice"),
     ({}, {"x": None}, None, "x", "no column x"),
     ({}, {"N": [0, 0]}, None, "N", "2 values, 4 are expected"),

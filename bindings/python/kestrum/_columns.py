@@ -3,6 +3,7 @@
 import numbers
 
 from . import _errors
+from ._member import text_of
 
 
 def frame_of(table):
@@ -47,6 +48,8 @@ def entries_of(name, values):
         values = values.astype(float).filled(numpy.nan) if values.dtype.kind in "fiub" else values.filled(None)
     try:
         array = numpy.asarray(values)
+        if array.dtype.kind in "US" and not hasattr(values, "dtype"):  # a list, of which some were no texts
+            array = numpy.array(values, dtype=object)
     except ValueError:  # lists of unequal length
         array = numpy.empty((0, 0))
     if array.ndim != 1:
@@ -63,13 +66,14 @@ def column(name, values):
         return numpy.ascontiguousarray(array, dtype=numpy.float64)
     if array.dtype.kind not in "OU":
         raise _errors.InputError(f"{name}: numbers or texts are expected", name, column=name)
-    entries = [None if _missing(entry) else entry for entry in array.tolist()]
+    entries = [None if _missing(entry) else entry.item() if isinstance(entry, numpy.generic) else entry
+               for entry in array.tolist()]
     for row, entry in enumerate(entries):
         if not (entry is None or isinstance(entry, (str, numbers.Real))):
             raise _errors.InputError(f"{name}: row {row}: {entry!r} is neither a number nor a text", name, row=row,
                                      column=name)
     if any(isinstance(entry, str) for entry in entries):
-        return [entry if entry is None or isinstance(entry, str) else str(entry) for entry in entries]
+        return [None if entry is None else text_of(name, entry) for entry in entries]
     return numpy.array([numpy.nan if entry is None else _float(name, row, entry) for row, entry in enumerate(entries)])
 
 
@@ -80,13 +84,20 @@ def _float(name, row, entry):
         raise _errors.InputError(f"{name}: row {row}: not a finite number", name, row=row, column=name) from None
 
 
+def nearest_of(name, names):
+    """What may be meant by a name; short names have to be closer than they mostly are by chance."""
+    import difflib
+
+    return next(iter(difflib.get_close_matches(name, list(names), 1, 0.8)), "")
+
+
 def is_input(member, name):
     """Whether the name is an input, and else what may be meant by it."""
     try:
         member.text(name)
         return True, ""
     except _errors.InputError as error:
-        return False, error.nearest
+        return False, nearest_of(name.partition("[")[0], [error.nearest])
 
 
 def inputs_of(table, member, keep=()):

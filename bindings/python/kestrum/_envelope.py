@@ -1,6 +1,5 @@
 """Members under internal forces that another program has found."""
 
-import difflib
 import warnings
 
 from . import _columns, _errors, _kestrum
@@ -42,7 +41,7 @@ def envelope(members, forces, basis="both", base=None, key=None, keep=(), sign="
         table, base, rows, inputs, passed, places = {}, members, 1, [], [], None
     else:
         table, base = members, Member() if base is None else base
-        rows, inputs, passed = _columns.inputs_of(table, base._member, keep)
+        rows, inputs, passed = _columns.inputs_of(table, base._member, (*keep, str(key)))
         places = places_of(table, rows, key)
     acting = Forces(forces, places, errors)
     answers = _kestrum.Envelope(base._member, inputs, rows, *acting.columns(sign), number, jobs)
@@ -61,7 +60,7 @@ def places_of(members, rows, key):
     """Row of each member by its key."""
     names = {str(name): name for name in _columns.keys_of(members)}
     if key is not None and str(key) not in names:
-        raise _errors.InputError(f"key={key!r}: no such column", "key", _nearest(str(key), names))
+        raise _errors.InputError(f"key={key!r}: no such column", "key", _columns.nearest_of(str(key), names))
     chosen = str(key) if key is not None else next((name for name in _KEYS if name in names), None)
     if chosen is not None:
         keys = _columns.entries_of(chosen, members[names[chosen]]).tolist()
@@ -74,10 +73,6 @@ def places_of(members, rows, key):
             raise _errors.InputError(f"row {_columns.label_of(members, row)}: member {name!r} is there twice",
                                      chosen or "", row=row, column=chosen)
     return places
-
-
-def _nearest(name, names):
-    return next(iter(difflib.get_close_matches(name, list(names), 1)), "")
 
 
 class Forces:
@@ -94,7 +89,7 @@ class Forces:
                 raise _errors.InputError(f"forces: column {name} is there twice", name, column=str(key))
             self._keys[name] = key
         for name in self._keys:
-            nearest = "" if name in _KNOWN.values() else _nearest(name, _KNOWN.values())
+            nearest = "" if name in _KNOWN.values() else _columns.nearest_of(name, _KNOWN.values())
             if nearest and nearest not in self._keys:
                 raise _errors.InputError(f"forces: {name}: no such column; did you mean {nearest}?", name, nearest,
                                          column=name)

@@ -1,11 +1,6 @@
 """One member and its result."""
 
-import html
-import json
 import os
-import shutil
-import subprocess
-import tempfile
 import warnings
 from typing import NamedTuple
 
@@ -38,7 +33,7 @@ def text_of(name, value):
     if isinstance(value, str):
         return value
     if isinstance(value, bool):
-        return "true" if value else "false"
+        return "1" if value else "0"
     try:
         if isinstance(value, (bytes, bytearray)):
             raise TypeError
@@ -170,6 +165,8 @@ class Result:
 
     def json(self):
         """All values of the calculation by their names."""
+        import json  # here and below: what few scripts use would double the time of `import kestrum`
+
         return json.loads(self._result.json())
 
     def panel(self):
@@ -189,6 +186,10 @@ class Result:
 
         The program ``kestrum`` prints it; it must be installed.
         """
+        import shutil
+        import subprocess
+        import tempfile
+
         program = shutil.which("kestrum")
         if program is None:
             raise FileNotFoundError("the program kestrum, which prints reports, is not installed")
@@ -210,6 +211,8 @@ class Result:
         return f"<kestrum.Result {self.verdict or self.verdict_standard}{', ' if ratios else ''}{ratios}>"
 
     def _repr_html_(self):
+        import html
+
         if self.failure:
             return f"<p><b>{html.escape(self.verdict)}</b>: {html.escape(self.message)}</p>"
         return (f'<div style="display:flex;gap:1em;align-items:flex-start"><div style="width:16em">'

@@ -41,7 +41,7 @@ def optimize(members, pool, by="mass", forces=None, group=None, basis="both", st
         table, base, rows, inputs, passed = {}, members, 1, [], []
     else:
         table, base = members, Member() if base is None else base
-        rows, inputs, passed = _columns.inputs_of(table, base._member, keep)
+        rows, inputs, passed = _columns.inputs_of(table, base._member, (*keep, str(key), str(group)))
     acting = None
     if forces is not None:
         places = None if isinstance(members, Member) else _envelope.places_of(table, rows, key)
