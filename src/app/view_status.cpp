@@ -3,11 +3,13 @@
 #include "app/aside.h"
 #include "app/locale_text.h"
 #include "app/view_section.h"
+#include "app/view_standard.h"
 #include "core/load_combination.h"
 #include "core/number_format.h"
 #include "core/project_state.h"
 #include "report/kept_values.h"
 #include "report/panel_text.h"
+#include "report/standard_text.h"
 #include "sections/families.h"
 
 #include <algorithm>
@@ -80,13 +82,29 @@ std::string LateralText(const Session& session)
                                      : "its control is switched off.");
 }
 
+// The standard's verdict; of a file that was read in part it is not the file's either.
+void AddStandard(StatusView& view, const Session& session, const standard::StandardResult& result)
+{
+    if (session.halfread()) {
+        return;
+    }
+    view.standard = std::string("EN 1993-1-1 as written: ");
+    if (result.rated) {
+        view.standard += std::string(standard::VerdictOf(result)) + ":  ";
+    }
+    view.standard += StandardWords(result);
+    view.standardkind = result.above    ? StatusKind::bad
+                        : !result.rated ? StatusKind::caution
+                                        : StatusKind::good;
+}
+
 }  // namespace
 
-StatusView StatusOf(const Session& session)
+StatusView StatusOf(const Session& session, const standard::StandardResult* standard)
 {
     const Outcome& outcome = session.outcome();
     const ProjectState& s = session.state();
-    StatusView view{KindOf(outcome), HeadOf(outcome), FactsOf(session), {}};
+    StatusView view{KindOf(outcome), HeadOf(outcome), FactsOf(session), {}, {}, {}};
     const auto add = [&](std::string text) { view.lines.push_back(std::move(text)); };
     if (session.halfread()) {
         view.kind = StatusKind::bad;
@@ -121,17 +139,30 @@ StatusView StatusOf(const Session& session)
     if (!view.lines.empty()) {
         view.kind = std::max(view.kind, StatusKind::caution);
     }
+    if (standard != nullptr) {
+        AddStandard(view, session, *standard);
+    }
     return view;
 }
 
-std::string ResultsAsText(const Session& session)
+std::string ResultsAsText(const Session& session, const standard::StandardResult* standard)
 {
-    const StatusView status = StatusOf(session);
+    const StatusView status = StatusOf(session, standard);
     std::string text = session.title() + "\n" + status.facts + "\n" + status.head + "\n";
+    text += status.standard.empty() ? "" : status.standard + "\n";
     for (const std::string& line : status.lines) {
         text += line + "\n";
     }
-    return ForLocale(text + "\n" + PanelText(session.shown()), session.decimalcomma());
+    text += "\n" + PanelText(session.shown());
+    if (standard != nullptr && !session.halfread()) {
+        for (const StandardGroup& group : StandardGroups(session.shown(), *standard)) {
+            text += group.present ? GroupText(group) + "\n" : "";
+        }
+        for (const DeviationRow& row : DeviationRows(*standard, true, nullptr)) {
+            text += row.id + " " + row.cost + (row.cost.empty() ? "" : "  ") + row.text + "\n";
+        }
+    }
+    return ForLocale(std::move(text), session.decimalcomma());
 }
 
 }  // namespace kestrum

@@ -5,6 +5,7 @@
 // report/outcome.
 
 #include "app/session.h"
+#include "standard/standard.h"
 
 #include <cstdint>
 #include <string>
@@ -21,11 +22,16 @@ struct StatusView {
     std::string head;                // "within limits, 1 note on the unsafe side:  IR 0.63, ..."
     std::string facts;               // "HEA 200,  42.3 kg/m,  254 kg,  EN 1990 Eq 6.10a/b"
     std::vector<std::string> lines;  // the gravest first
+    // The same verdict by EN 1993-1-1 as written: "within limits:  IR 0.71, ..."; empty: unknown.
+    StatusKind standardkind = StatusKind::good;
+    std::string standard{};
 };
 
-StatusView StatusOf(const Session& session);
+// `standard`: the result by EN 1993-1-1 as written, where there is one.
+StatusView StatusOf(const Session& session, const standard::StandardResult* standard = nullptr);
 
-// Verdict, facts and result panel as plain text, for the clipboard.
-std::string ResultsAsText(const Session& session);
+// Verdict, facts, result panel and deviations as plain text, for the clipboard.
+std::string ResultsAsText(const Session& session,
+                          const standard::StandardResult* standard = nullptr);
 
 }  // namespace kestrum

@@ -2,10 +2,14 @@
 
 // A member in the standard basis: made once, checked under any number of combinations or cases.
 
+#include "analysis/member_forces.h"
+#include "core/arithmetic_trap.h"
 #include "core/library.h"
+#include "core/project_state.h"
 #include "standard/lines.h"
 #include "standard/resistance.h"
 #include "standard/result.h"
+#include "standard/section.h"
 
 #include <span>
 #include <string>
@@ -27,10 +31,36 @@ struct Member {
 // where the standard basis has no result for the member.
 std::string PrepareState(const Library& library, ProjectState& s, const Basis& basis);
 
+// Calls `use` with the member, unless there is a reason why the standard basis has no result for
+// it.
+template <class Use>
+std::string WithMember(const Library& library, const ProjectState& project, const Basis& basis,
+                       const ProjectState* program, const Use& use)
+{
+    ProjectState s = project;
+    std::string reason = PrepareState(library, s, basis);
+    if (reason.empty()) {
+        MakeCheckSections(s, s);
+        use(Member{library,
+                   s,
+                   basis,
+                   program,
+                   Prepare(SectionOf(library, s, basis), basis),
+                   LoadsOf(s, basis),
+                   {s.xi.data(), static_cast<std::size_t>(s.npts) + 1}});
+        ArmTrap();
+    }
+    return reason;
+}
+
 // Section and member checks of one combination. False where the numerical solution does not take
 // the member.
 bool CheckStrength(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
                    Checks& checks);
+
+// The combinations of serviceability; none with given end forces.
+LoadCases ServiceCasesOf(const Member& m);
+void CheckService(const Member& m, const LoadCase& load_case, Checks& checks);
 
 // What takes the program's rule because the standard basis has no other.
 void NameOutside(const Library& library, const Member& m, std::vector<std::string>& outside);

@@ -103,19 +103,18 @@ void CheckDeflection(const Member& m, const LoadCase& load_case, Axis axis, Chec
                 load_case);
 }
 
-void CheckService(const Member& m, Checks& checks)
+}  // namespace
+
+LoadCases ServiceCasesOf(const Member& m)
 {
-    if (m.s.loadmode != 1) {
-        return;
-    }
-    const LoadCases cases = ServiceCases(m.s, m.loads.present, m.basis);
-    for (std::size_t i = 0; i < cases.count; ++i) {
-        CheckDeflection(m, cases.at[i], Axis::y, checks);
-        CheckDeflection(m, cases.at[i], Axis::z, checks);
-    }
+    return m.s.loadmode == 1 ? ServiceCases(m.s, m.loads.present, m.basis) : LoadCases{};
 }
 
-}  // namespace
+void CheckService(const Member& m, const LoadCase& load_case, Checks& checks)
+{
+    CheckDeflection(m, load_case, Axis::y, checks);
+    CheckDeflection(m, load_case, Axis::z, checks);
+}
 
 void NameOutsideOfKind(const Library& library, const Member& m, const Checks& checks,
                        std::vector<std::string>& outside)
@@ -228,42 +227,38 @@ std::string_view VerdictOf(const StandardResult& result)
 StandardResult CalculateStandard(const Library& library, const ProjectState& project,
                                  const Basis& basis, const ProjectState* program)
 {
-    ProjectState s = project;
     StandardResult result;
-    const std::string reason = PrepareState(library, s, basis);
+    const auto calculate = [&](const Member& member) {
+        const ProjectState& s = member.s;
+        if (s.modal == 1) {
+            result.vibration = VibrationOf(s);
+        }
+        const LoadCases cases = StrengthCases(s, member.loads.present, basis);
+        for (std::size_t i = 0; i < cases.count; ++i) {
+            const CombinedLines lines = LinesOf(s, member.loads, cases.at[i].factors, basis);
+            if (!CheckStrength(member, cases.at[i], lines, result.checks)) {
+                result.outside.push_back("lateral torsional buckling has no numerical solution "
+                                         "here");
+                return;
+            }
+        }
+        const LoadCases service = ServiceCasesOf(member);
+        for (std::size_t i = 0; i < service.count; ++i) {
+            CheckService(member, service.at[i], result.checks);
+        }
+        NameOutside(library, member, result.outside);
+        NameOutsideOfKind(library, member, result.checks, result.outside);
+        Govern(s, result);
+        result.met = basis.met();
+        if (!result.rated) {
+            result.outside.push_back("no load acts");
+        }
+    };
+    const std::string reason = WithMember(library, project, basis, program, calculate);
     if (!reason.empty()) {
         result.outside.push_back(reason);
         result.met = basis.met();
-        return result;
     }
-    if (s.modal == 1) {
-        result.vibration = VibrationOf(s);
-    }
-    MakeCheckSections(s, s);
-    const Member member{library,
-                        s,
-                        basis,
-                        program,
-                        Prepare(SectionOf(library, s, basis), basis),
-                        LoadsOf(s, basis),
-                        {s.xi.data(), static_cast<std::size_t>(s.npts) + 1}};
-    const LoadCases cases = StrengthCases(s, member.loads.present, basis);
-    for (std::size_t i = 0; i < cases.count; ++i) {
-        const CombinedLines lines = LinesOf(s, member.loads, cases.at[i].factors, basis);
-        if (!CheckStrength(member, cases.at[i], lines, result.checks)) {
-            result.outside.push_back("lateral torsional buckling has no numerical solution here");
-            return result;
-        }
-    }
-    CheckService(member, result.checks);
-    NameOutside(library, member, result.outside);
-    NameOutsideOfKind(library, member, result.checks, result.outside);
-    Govern(s, result);
-    result.met = basis.met();
-    if (!result.rated) {
-        result.outside.push_back("no load acts");
-    }
-    ArmTrap();
     return result;
 }
 

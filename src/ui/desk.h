@@ -11,11 +11,14 @@
 
 namespace kestrum {
 
+class StandardDesk;
+
 struct Desk {
     Session& session;
     QtSettings& store;
     std::string helppath = {};  // folder of the manuals, ends with a separator
     std::function<void(std::string_view form)> open = [](std::string_view) {};
+    StandardDesk* standard = nullptr;  // of the main window, while there is one
 };
 
 }  // namespace kestrum

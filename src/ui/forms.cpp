@@ -58,6 +58,8 @@ const std::vector<FormMaker>& AllForms()
         {"infoendsupport", MakeInfoEndSupport, Open},
         {"sectionpicture", MakeSectionPicture, Open},
         {"compare", MakeCompare, OpenCompare, false, true},
+        {"deviation", MakeDeviation, Open},
+        {"combinations", MakeCombinations, Open, false, true},
     };
     return forms;
 }

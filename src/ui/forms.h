@@ -40,6 +40,8 @@ Form* MakeInfoVipping(Desk& desk, QWidget* parent);
 Form* MakeInfoKestrum(Desk& desk, QWidget* parent);
 Form* MakeInfoEndSupport(Desk& desk, QWidget* parent);
 Form* MakeCompare(Desk& desk, QWidget* parent);
+Form* MakeDeviation(Desk& desk, QWidget* parent);
+Form* MakeCombinations(Desk& desk, QWidget* parent);
 Form* MakeSectionPicture(Desk& desk, QWidget* parent);
 
 // The form of a section family.

@@ -9,6 +9,7 @@
 #include "sections/family_table.h"
 #include "ui/form_dock.h"
 #include "ui/main_window.h"
+#include "ui/standard_desk.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -139,6 +140,8 @@ void MainWindow::BuildMenus()
     BuildProfileMenu(add("mnustiff", tr("&Profiles")));
     BuildPrintMenu(add("mnuprint", tr("P&rint")));
     QMenu* const view = add("mnuview", tr("&View"));
+    AddAction(view, QStringLiteral("mnucombinations"), tr("&Combinations by EN 1993-1-1"),
+              Qt::CTRL | Qt::Key_L, [this] { OpenForm("combinations"); });
     QAction* const dark =
         AddAction(view, QStringLiteral("mnudark"), tr("&Dark colours"), Qt::CTRL | Qt::Key_D, {});
     dark->setCheckable(true);
@@ -215,8 +218,10 @@ void MainWindow::BuildEditMenu(QMenu* menu)
               [this] { OpenForm("compare"); });
     menu->addSeparator();
     AddAction(menu, QStringLiteral("mnucopyresults"), tr("&Copy results"),
-              Qt::CTRL | Qt::SHIFT | Qt::Key_C,
-              [this] { QApplication::clipboard()->setText(ToQt(ResultsAsText(desk_.session))); });
+              Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] {
+                  QApplication::clipboard()->setText(
+                      ToQt(ResultsAsText(desk_.session, &standard_->result())));
+              });
     AddAction(menu, QStringLiteral("mnufind"), tr("&Find..."), Qt::CTRL | Qt::Key_K,
               [this] { OpenFinder(); });
     bind_.Follow([this, undo, redo](const ProjectState&) {

@@ -3,9 +3,9 @@
 #include "app/locale_text.h"
 #include "app/section_commands.h"
 #include "app/view_diagram.h"
+#include "app/view_standard.h"
 #include "core/project_state.h"
 #include "engine/calculate.h"
-#include "report/design_notes.h"
 #include "report/diagrams.h"
 #include "report/section_figure.h"
 #include "sections/family_table.h"
@@ -13,6 +13,7 @@
 #include "ui/lists.h"
 #include "ui/picture_menu.h"
 #include "ui/result_panel.h"
+#include "ui/standard_desk.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -144,15 +145,16 @@ QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis,
 
 // --- Results -------------------------------------------------------------------------------------
 
-QGroupBox* PanelGroup(Binder& bind, Desk& desk)
+QGroupBox* ResultsGroup(Binder& bind, Desk& desk)
 {
     QGroupBox* const group = Group(QStringLiteral("fr4"), QObject::tr("Results "));
     QVBoxLayout* const column = ColumnOf(group);
     auto* const panel = new ResultPanel;
     bind.Follow([panel, &desk](const ProjectState&) {
-        panel->Show(desk.session.shown(), desk.session.decimalcomma());
+        panel->Show(desk.session.shown(), desk.standard->shown(), desk.session.decimalcomma());
         panel->SetFaded(desk.session.halfread());
     });
+    panel->opened = [&desk] { desk.open("combinations"); };
     column->addWidget(panel, 1);
     auto* const error = new QLabel(ToQt(kCalculationError));
     error->setObjectName(QStringLiteral("txtError"));
@@ -166,31 +168,69 @@ QGroupBox* PanelGroup(Binder& bind, Desk& desk)
     return group;
 }
 
-// What the user should know about the result; there only when there is something to know.
+// The deviations that act, with what each costs, and the notes on the result. There only when there
+// is something to know.
+class DeviationList {
+public:
+    DeviationList(Desk& desk, QGroupBox* group, QListWidget* list)
+        : desk_(desk), group_(group), list_(list)
+    {
+    }
+
+    void Show()
+    {
+        const StandardDesk& standard = *desk_.standard;
+        rows_ = DeviationRows(standard.result(), standard.costed(), standard.program());
+        const int row = list_->currentRow();
+        list_->clear();
+        for (const DeviationRow& at : rows_) {
+            const std::string cost = !at.cost.empty() ? " " + at.cost
+                                     : at.acts        ? ", other checks"
+                                                      : "";
+            auto* const item = new QListWidgetItem(
+                ToQt(ForLocale(at.id + cost + ": " + at.text, desk_.session.decimalcomma())),
+                list_);
+            item->setToolTip(at.acts ? item->text() + QLatin1Char('\n') +
+                                           QObject::tr("Enter or a double click explains it")
+                                     : item->text());
+        }
+        list_->setCurrentRow(std::min(row, list_->count() - 1));
+        group_->setTitle(QObject::tr("Deviations (%1)").arg(rows_.size()));
+        group_->setVisible(!rows_.empty());
+    }
+
+    void Explain(int row)
+    {
+        if (row >= 0 && row < static_cast<int>(rows_.size()) &&
+            rows_[static_cast<std::size_t>(row)].acts) {
+            desk_.standard->chosen = rows_[static_cast<std::size_t>(row)].acts;
+            desk_.open("deviation");
+        }
+    }
+
+private:
+    Desk& desk_;
+    QGroupBox* group_;
+    QListWidget* list_;
+    std::vector<DeviationRow> rows_;
+};
+
 QGroupBox* NotesGroup(Binder& bind, Desk& desk)
 {
-    QGroupBox* const group = Group(QStringLiteral("frnotes"), QObject::tr("Design notes"));
+    QGroupBox* const group = Group(QStringLiteral("frnotes"), QObject::tr("Deviations"));
     QVBoxLayout* const column = ColumnOf(group);
     auto* const list = new QListWidget;
     list->setObjectName(QStringLiteral("lstNotes"));
-    list->setAccessibleName(QObject::tr("Design notes of the current result"));
+    list->setAccessibleName(QObject::tr("Deviations from EN 1993-1-1 that act, with what each adds "
+                                        "to its ratio, and notes on the result"));
     list->setWordWrap(true);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setMinimumSize(80, 40);
-    bind.Follow([list, group, &desk](const ProjectState&) {
-        const std::vector<DesignNote> notes =
-            desk.session.failed() ? std::vector<DesignNote>{} : DesignNotes(desk.session.shown());
-        list->clear();
-        for (const DesignNote& note : notes) {
-            auto* const item = new QListWidgetItem(
-                ToQt(ForLocale(std::string(note.id) + ": " + std::string(note.text),
-                               desk.session.decimalcomma())),
-                list);
-            item->setToolTip(item->text());
-        }
-        group->setTitle(QObject::tr("Design notes (%1)").arg(notes.size()));
-        group->setVisible(!notes.empty());
-    });
+    const auto shown = std::make_shared<DeviationList>(desk, group, list);
+    bind.Follow([shown](const ProjectState&) { shown->Show(); });
+    desk.standard->costs = [shown] { shown->Show(); };
+    QObject::connect(list, &QListWidget::itemActivated, list,
+                     [shown, list](QListWidgetItem* item) { shown->Explain(list->row(item)); });
     column->addWidget(list);
     return group;
 }
@@ -277,7 +317,7 @@ QWidget* ResultGroup(Binder& bind, Desk& desk)
     auto* const host = new QWidget;
     auto* const row = new QHBoxLayout(host);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(PanelGroup(bind, desk), 10);
+    row->addWidget(ResultsGroup(bind, desk), 10);
     row->addWidget(NotesGroup(bind, desk), 3);
     return host;
 }

@@ -7,6 +7,7 @@
 #include "ui/forms.h"
 #include "ui/main_panels.h"
 #include "ui/members_window.h"
+#include "ui/standard_desk.h"
 #include "ui/status_banner.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -55,11 +56,13 @@ QString DroppedPath(const QMimeData* data)
 }  // namespace
 
 MainWindow::MainWindow(Desk& desk, QWidget* parent)
-    : QMainWindow(parent), desk_(desk), bind_(desk.session, "kestrum")
+    : QMainWindow(parent), desk_(desk), standard_(std::make_unique<StandardDesk>(desk.session)),
+      bind_(desk.session, "kestrum")
 {
     setObjectName(QStringLiteral("kestrum"));
     setAcceptDrops(true);
     desk_.open = [this](std::string_view form) { OpenForm(form); };
+    desk_.standard = standard_.get();
 
     auto* const host = new QWidget;
     auto* const column = new QVBoxLayout(host);
@@ -76,7 +79,7 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
     right->setChildrenCollapsible(false);
     auto* const status = new StatusBanner;
     bind_.Follow([this, status](const ProjectState&) {
-        status->Show(StatusOf(desk_.session), desk_.session.decimalcomma());
+        status->Show(StatusOf(desk_.session, &standard_->result()), desk_.session.decimalcomma());
     });
     auto* const resulthost = new QWidget;
     auto* const results = new QVBoxLayout(resulthost);
@@ -111,6 +114,7 @@ MainWindow::~MainWindow()
     desk_.session.changed = [] {};
     desk_.session.showrow = [](std::string_view, int) {};
     desk_.open = [](std::string_view) {};
+    desk_.standard = nullptr;
 }
 
 void MainWindow::Start(std::string_view commandline)
@@ -212,6 +216,7 @@ std::vector<std::string_view> MainWindow::FormNames()
 
 void MainWindow::Refresh()
 {
+    standard_->Follow();
     bind_.Refresh();
     for (const auto& [name, form] : forms_) {
         if (form->isVisible()) {

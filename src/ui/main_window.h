@@ -11,6 +11,7 @@
 #include <QMainWindow>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -86,6 +87,7 @@ private:
     void ShowFree(Form* form);
 
     Desk& desk_;
+    std::unique_ptr<StandardDesk> standard_;
     Binder bind_;
     QMenu* filemenu_ = nullptr;
     QAction* recentend_ = nullptr;

@@ -1,17 +1,24 @@
 #include "ui/result_panel.h"
 
 #include "app/locale_text.h"
-#include "app/view_panel.h"
 #include "core/project_state.h"
 #include "report/panel_text.h"
 #include "ui/picture.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QtMath>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace kestrum {
 
@@ -27,7 +34,9 @@ constexpr double kBarEnd = 1.25;    // utilisation at the end of a bar
 constexpr double kSizeStep = 0.25;
 constexpr double kSmallest = 0.72, kLargest = 1.4;  // font size over that of the system
 constexpr double kPointsPerInch = 72;
-constexpr int kEdge = 4;  // pixels above and below in all
+constexpr int kEdge = 4;                  // pixels above and below in all
+constexpr double kStandardColumn = 0.44;  // of the width: where the standard's ratios begin
+constexpr float kChosen = 0.15F;          // opacity of what marks the line
 
 QFont FontOf(const TextRun& run, QFont font)
 {
@@ -64,24 +73,35 @@ public:
         return width;
     }
 
-    // `utilisation` holds a value for each line.
-    void PaintBlock(QPainter& painter, const QPalette& palette, const PanelBlock& block,
-                    const std::optional<double>* utilisation, double down) const
+    void PaintBlock(QPainter& painter, const QPalette& palette, const PanelGroup& group,
+                    double down) const
     {
+        const PanelBlock& block = group.block;
         const Columns columns = ColumnsOf(block);
         const double column = ResultColumn(columns);
-        for (const PanelLine& line : block) {
+        for (std::size_t i = 0; i < block.size(); ++i) {
+            const PanelLine& line = block[i];
             const double y = Baseline(line, down);
-            if (*utilisation) {
-                PaintBar(painter, palette, y, **utilisation, IsAbove(line));
+            if (group.utilisation[i]) {
+                PaintBar(painter, palette, {0, y}, *group.utilisation[i], IsAbove(line));
             }
             const bool head = !line.left.empty() && line.left.front().underline;
+            const bool beside = i == 0 && group.standard.present;
             const double from = head ? 0 : start_;
-            const double room = line.result.empty() ? room_ - from : column - size_ - from;
+            const double to = beside ? StandardColumn(block) - size_ : room_;
+            const double room = line.result.empty() ? to - from : column - size_ - from;
             PaintRuns(painter, palette, {from, y}, room, line.left);
             PaintRuns(painter, palette, {column, y}, columns.results, line.result);
-            ++utilisation;
+            if (beside) {
+                PaintStandard(painter, palette, {StandardColumn(block), y}, group.standard);
+            }
         }
+    }
+
+    // Where a line of the block lies.
+    QRectF LineRect(const PanelLine& line, double down) const
+    {
+        return {0, Baseline(line, down) - size_, room_, size_ * kLineStep};
     }
 
     // Whether a line of the block runs into the lower right corner.
@@ -117,6 +137,30 @@ private:
     double ResultColumn(const Columns& columns) const
     {
         return std::max(start_, std::min(columns.result, room_ - columns.results));
+    }
+
+    // Behind the head of the block.
+    double StandardColumn(const PanelBlock& block) const
+    {
+        return std::max(room_ * kStandardColumn, WidthOf(block.front().left, font_) + size_);
+    }
+
+    void PaintStandard(QPainter& painter, const QPalette& palette, QPointF at,
+                       const StandardGroup& standard) const
+    {
+        PaintBar(painter, palette, at, standard.utilisation, standard.above);
+        const i16 colour = standard.above ? kAbove : kWithin;
+        const std::vector<TextRun> ratio{{.text = "EN 1993-1-1: "},
+                                         {.text = standard.ratio, .bold = true, .colour = colour}};
+        at.rx() += start_;
+        PaintRuns(painter, palette, at, room_ - at.x(), ratio);
+        at.rx() += WidthOf(ratio, font_) + size_ / 2;
+        if (room_ - at.x() > 4 * size_) {
+            painter.setPen(palette.color(QPalette::Text));
+            painter.setFont(font_);
+            painter.drawText(at, QFontMetricsF(font_).elidedText(ToQt(standard.source),
+                                                                 Qt::ElideRight, room_ - at.x()));
+        }
     }
 
     double Baseline(const PanelLine& line, double down) const
@@ -159,11 +203,11 @@ private:
     }
 
     // The ratio against its limit, which the small line marks.
-    void PaintBar(QPainter& painter, const QPalette& palette, double y, double utilisation,
+    void PaintBar(QPainter& painter, const QPalette& palette, QPointF at, double utilisation,
                   bool above) const
     {
         const double width = size_ * kBarWidth;
-        const QRectF track(0, y - size_ * 0.68, width, size_ * 0.6);
+        const QRectF track(at.x(), at.y() - size_ * 0.68, width, size_ * 0.6);
         const double part = std::clamp(utilisation, 0.0, kBarEnd) / kBarEnd;
         const InkColours colours = ColoursOf(palette);
         painter.setPen(Qt::NoPen);
@@ -172,7 +216,7 @@ private:
         painter.setBrush(colours(above ? Ink::bad : Ink::good));
         painter.drawRect(QRectF(track.topLeft(), QSizeF(width * part, track.height())));
         painter.setPen(QPen(palette.color(QPalette::Text), 1));
-        const double limit = width / kBarEnd;
+        const double limit = at.x() + width / kBarEnd;
         painter.drawLine(QPointF(limit, track.top() - 2), QPointF(limit, track.bottom() + 2));
     }
 
@@ -183,19 +227,19 @@ private:
 };
 
 // Height of the panel in lines.
-double LinesOf(const std::vector<PanelBlock>& blocks)
+double LinesOf(const std::vector<PanelGroup>& groups)
 {
-    return blocks.empty() || blocks.back().empty()
+    return groups.empty() || groups.back().block.empty()
                ? 1
-               : blocks.back().back().y + kLastLine +
-                     kBlockGap * static_cast<double>(blocks.size() - 1);
+               : groups.back().block.back().y + kLastLine +
+                     kBlockGap * static_cast<double>(groups.size() - 1);
 }
 
 // Which font size the lines get in the width that there is.
 class Fitting {
 public:
-    Fitting(const std::vector<PanelBlock>& blocks, double width, int dpi)
-        : blocks_(blocks), width_(width), dpi_(dpi)
+    Fitting(const std::vector<PanelGroup>& groups, double width, int dpi)
+        : groups_(groups), width_(width), dpi_(dpi)
     {
     }
 
@@ -211,8 +255,8 @@ public:
     bool Fits(double size) const
     {
         const Layout layout = At(size);
-        return std::all_of(blocks_.begin(), blocks_.end(), [&](const PanelBlock& block) {
-            return layout.WidthOfBlock(block) <= width_;
+        return std::all_of(groups_.begin(), groups_.end(), [&](const PanelGroup& group) {
+            return layout.WidthOfBlock(group.block) <= width_;
         });
     }
 
@@ -220,7 +264,7 @@ public:
     double SizeFor(double height) const
     {
         const double smallest = kSmallest * SystemFontSize(), largest = kLargest * SystemFontSize();
-        double size = std::clamp(height / (LinesOf(blocks_) * kLineStep), smallest, largest);
+        double size = std::clamp(height / (LinesOf(groups_) * kLineStep), smallest, largest);
         while (size > smallest && !Fits(size)) {
             size = std::max(smallest, size - kSizeStep);
         }
@@ -231,31 +275,54 @@ public:
     {
         const Layout layout = At(size);
         double down = -kBlockGap;
-        return std::any_of(blocks_.begin(), blocks_.end(), [&](const PanelBlock& block) {
+        return std::any_of(groups_.begin(), groups_.end(), [&](const PanelGroup& group) {
             down += kBlockGap;
-            return layout.Reaches(block, down, corner);
+            return layout.Reaches(group.block, down, corner);
         });
     }
 
 private:
-    const std::vector<PanelBlock>& blocks_;
+    const std::vector<PanelGroup>& groups_;
     double width_;
     int dpi_;
 };
 
 // A ratio above the limit says so also to those who do not see its colour.
-std::vector<PanelBlock> InWords(std::vector<PanelBlock> blocks)
+void SetInWords(PanelBlock& block)
 {
-    for (PanelBlock& block : blocks) {
-        for (PanelLine& line : block) {
-            for (std::vector<TextRun>* const runs : {&line.left, &line.result}) {
-                for (TextRun& run : *runs) {
-                    run.text += AboveWord(run.colour);
-                }
+    for (PanelLine& line : block) {
+        for (std::vector<TextRun>* const runs : {&line.left, &line.result}) {
+            for (TextRun& run : *runs) {
+                run.text += AboveWord(run.colour);
             }
         }
     }
-    return blocks;
+}
+
+std::string Joined(const PanelGroup& group, std::size_t line)
+{
+    std::string text;
+    for (const std::vector<TextRun>* const runs :
+         {&group.block[line].left, &group.block[line].result}) {
+        for (const TextRun& run : *runs) {
+            text += run.text;
+        }
+    }
+    const bool beside = line == 0 && group.standard.present;
+    return text + (beside ? "  " + GroupText(group.standard) : "");
+}
+
+std::string RatioOf(const PanelGroup& group, std::size_t line)
+{
+    for (const std::vector<TextRun>* const runs :
+         {&group.block[line].left, &group.block[line].result}) {
+        for (const TextRun& run : *runs) {
+            if (run.colour != 0) {
+                return run.text;
+            }
+        }
+    }
+    return line == 0 && group.standard.present ? group.standard.ratio : std::string();
 }
 
 }  // namespace
@@ -264,16 +331,29 @@ ResultPanel::ResultPanel(QWidget* parent) : QWidget(parent)
 {
     setObjectName(QStringLiteral("pic_result"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Results"));
 }
 
-void ResultPanel::Show(const ProjectState& s, bool decimalcomma)
+void ResultPanel::Show(const ProjectState& s, const standard::StandardResult& result,
+                       bool decimalcomma)
 {
-    blocks_ = InWords(ForLocale(ShowResults(s), decimalcomma));
-    utilisation_ = PanelUtilisation(s);
-    setAccessibleName(tr("Results"));
-    setAccessibleDescription(ToQt(ForLocale(PanelText(s), decimalcomma)));
+    groups_ = PanelGroups(s, result);
+    QString description = ToQt(ForLocale(PanelText(s), decimalcomma));
+    for (PanelGroup& group : groups_) {
+        SetInWords(group.block);
+        group.block =
+            std::move(ForLocale(std::vector<PanelBlock>{std::move(group.block)}, decimalcomma)[0]);
+        group.standard.ratio = ForLocale(std::move(group.standard.ratio), decimalcomma);
+        group.standard.source = ForLocale(std::move(group.standard.source), decimalcomma);
+        if (group.standard.present) {
+            description += ToQt(group.block[0].left[0].text) + QLatin1Char(' ') +
+                           ToQt(GroupText(group.standard)) + QLatin1Char('\n');
+        }
+    }
+    setAccessibleDescription(description);
+    Choose(chosen_);
     updateGeometry();
-    update();
 }
 
 void ResultPanel::SetFaded(bool faded)
@@ -288,7 +368,7 @@ QSize ResultPanel::minimumSizeHint() const
     constexpr double kNarrowest = 25;  // font sizes
     const double size = SystemFontSize();
     return {qCeil(kNarrowest * size),
-            qCeil(LinesOf(blocks_) * kLineStep * kSmallest * size) + kEdge +
+            qCeil(LinesOf(groups_) * kLineStep * kSmallest * size) + kEdge +
                 (corner_ != nullptr ? corner_->sizeHint().height() + kGap : 0)};
 }
 
@@ -314,24 +394,147 @@ void ResultPanel::paintEvent(QPaintEvent*)
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
 
-    const Fitting fitting(blocks_, width() - 2.0 * kMargin, logicalDpiY());
-    double size = fitting.SizeFor(height() - kEdge);
-    if (corner_ != nullptr) {
-        const QPointF corner(corner_->x() - kMargin, corner_->y() - kEdge / 2.0);
-        size = fitting.Reaches(size, corner) ? fitting.SizeFor(corner.y()) : size;
-    }
+    const Fitting fitting(groups_, width() - 2.0 * kMargin, logicalDpiY());
+    const double size = FontSize();
     setToolTip(fitting.Fits(size) ? QString() : accessibleDescription());  // what was cut, whole
-
     painter.translate(kMargin, kEdge / 2);
     painter.setOpacity(faded_ ? kFaded : 1);
-    const std::optional<double>* utilisation = utilisation_.data();
     const Layout layout = fitting.At(size);
     double down = 0;
-    for (const PanelBlock& block : blocks_) {
-        layout.PaintBlock(painter, palette(), block, utilisation, down);
-        utilisation += block.size();
+    int number = 0;
+    for (const PanelGroup& group : groups_) {
+        for (const PanelLine& line : group.block) {
+            if (number++ == chosen_ && hasFocus()) {
+                QColor mark = palette().color(QPalette::Highlight);
+                mark.setAlphaF(kChosen);
+                painter.fillRect(layout.LineRect(line, down), mark);
+            }
+        }
+        layout.PaintBlock(painter, palette(), group, down);
         down += kBlockGap;
     }
+}
+
+// As large as the room allows, also beside the corner.
+double ResultPanel::FontSize() const
+{
+    const Fitting fitting(groups_, width() - 2.0 * kMargin, logicalDpiY());
+    const double size = fitting.SizeFor(height() - kEdge);
+    if (corner_ == nullptr) {
+        return size;
+    }
+    const QPointF corner(corner_->x() - kMargin, corner_->y() - kEdge / 2.0);
+    return fitting.Reaches(size, corner) ? fitting.SizeFor(corner.y()) : size;
+}
+
+int ResultPanel::LineAt(QPointF at) const
+{
+    const Layout layout = Fitting(groups_, width() - 2.0 * kMargin, logicalDpiY()).At(FontSize());
+    double down = 0;
+    int number = 0;
+    for (const PanelGroup& group : groups_) {
+        for (const PanelLine& line : group.block) {
+            if (layout.LineRect(line, down).bottom() + kEdge / 2.0 > at.y()) {
+                return number;
+            }
+            ++number;
+        }
+        down += kBlockGap;
+    }
+    return std::max(0, number - 1);
+}
+
+// The name follows the line, so that a reader of the screen speaks it.
+void ResultPanel::Choose(int line)
+{
+    int lines = 0;
+    for (const PanelGroup& group : groups_) {
+        lines += static_cast<int>(group.block.size());
+    }
+    chosen_ = std::clamp(line, 0, std::max(0, lines - 1));
+    setAccessibleName(hasFocus() ? tr("Results: ") + TextOf(Part::line) : tr("Results"));
+    update();
+}
+
+QString ResultPanel::TextOf(Part part) const
+{
+    QString text;
+    int number = 0;
+    for (const PanelGroup& group : groups_) {
+        for (std::size_t i = 0; i < group.block.size(); ++i, ++number) {
+            if (part == Part::all) {
+                text += ToQt(Joined(group, i)) + QLatin1Char('\n');
+            } else if (number == chosen_) {
+                return ToQt(part == Part::value ? RatioOf(group, i) : Joined(group, i)).trimmed();
+            }
+        }
+    }
+    return text;
+}
+
+void ResultPanel::mousePressEvent(QMouseEvent* event)
+{
+    Choose(LineAt(event->position()));
+}
+
+void ResultPanel::mouseDoubleClickEvent(QMouseEvent*)
+{
+    opened();
+}
+
+void ResultPanel::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Up:
+        return Choose(chosen_ - 1);
+    case Qt::Key_Down:
+        return Choose(chosen_ + 1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return opened();
+    default:
+        if (event->matches(QKeySequence::Copy)) {
+            return QApplication::clipboard()->setText(TextOf(Part::line));
+        }
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void ResultPanel::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        Choose(LineAt(event->pos()));
+    }
+    const QString value = TextOf(Part::value), line = TextOf(Part::line), all = TextOf(Part::all);
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("resultmenu"));
+    QAction* const copyvalue = menu.addAction(tr("Copy &value"));
+    copyvalue->setEnabled(!value.isEmpty());
+    const QAction* const copyline = menu.addAction(tr("Copy &row"));
+    const QAction* const copyall = menu.addAction(tr("Copy &all"));
+    menu.addSeparator();
+    const QAction* const cases = menu.addAction(tr("&Combinations..."));
+    const QAction* const chosen = menu.exec(event->globalPos());
+    if (chosen == cases) {
+        opened();
+    } else if (chosen != nullptr) {
+        QApplication::clipboard()->setText(chosen == copyvalue  ? value
+                                           : chosen == copyline ? line
+                                           : chosen == copyall  ? all
+                                                                : QString());
+    }
+}
+
+void ResultPanel::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    Choose(chosen_);
+}
+
+void ResultPanel::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    Choose(chosen_);
 }
 
 }  // namespace kestrum

@@ -1,12 +1,14 @@
 #pragma once
 
-// The result panel `pic_result`: the control blocks with a bar beside every ratio.
+// The result panel `pic_result`: the control blocks with a bar beside every ratio, and beside every
+// block the bar and the ratio of EN 1993-1-1 as written. Arrow keys walk through its lines; the
+// right button and the menu key copy them as text.
 
-#include "report/panel.h"
+#include "app/view_standard.h"
 
 #include <QWidget>
 
-#include <optional>
+#include <functional>
 #include <vector>
 
 namespace kestrum {
@@ -19,7 +21,7 @@ class ResultPanel final : public QWidget {
 public:
     explicit ResultPanel(QWidget* parent = nullptr);
 
-    void Show(const ProjectState& s, bool decimalcomma);
+    void Show(const ProjectState& s, const standard::StandardResult& result, bool decimalcomma);
     // Results that are not those of the project in hand.
     void SetFaded(bool faded);
 
@@ -29,14 +31,31 @@ public:
     // A widget in the lower right corner.
     void SetCorner(QWidget* corner);
 
+    // Enter or a double click: the combinations behind a ratio of the standard.
+    std::function<void()> opened = [] {};
+
+    // The ratio of a line; the line; all of it. Lines count through all blocks.
+    enum class Part { value, line, all };
+    QString TextOf(Part part) const;
+    void Choose(int line);
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    std::vector<PanelBlock> blocks_;
-    std::vector<std::optional<double>> utilisation_;  // a line each
+    int LineAt(QPointF at) const;
+    double FontSize() const;
+
+    std::vector<PanelGroup> groups_;
     QWidget* corner_ = nullptr;
+    int chosen_ = 0;  // line
     bool faded_ = false;
 };
 

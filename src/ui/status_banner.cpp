@@ -14,6 +14,7 @@
 #include <QtMath>
 
 #include <algorithm>
+#include <utility>
 
 namespace kestrum {
 
@@ -81,7 +82,8 @@ QTextBrowser* LineBox()
 }  // namespace
 
 StatusBanner::StatusBanner(QWidget* parent)
-    : QFrame(parent), sign_(new QLabel), head_(new QLabel), facts_(new QLabel), lines_(LineBox())
+    : QFrame(parent), sign_(new QLabel), head_(new QLabel), standardsign_(new QLabel),
+      standard_(new QLabel), facts_(new QLabel), lines_(LineBox())
 {
     setObjectName(QStringLiteral("status"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -92,6 +94,10 @@ StatusBanner::StatusBanner(QWidget* parent)
     QFont bold = head_->font();
     bold.setBold(true);
     head_->setFont(bold);
+    standard_->setObjectName(QStringLiteral("statusstandard"));
+    standard_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    standard_->setTextFormat(Qt::PlainText);
+    standard_->setWordWrap(true);
     facts_->setObjectName(QStringLiteral("statusfacts"));
     facts_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     facts_->setTextFormat(Qt::PlainText);
@@ -105,7 +111,9 @@ StatusBanner::StatusBanner(QWidget* parent)
     grid->addWidget(sign_, 0, 0, Qt::AlignTop);
     grid->addWidget(head_, 0, 1);
     grid->addWidget(facts_, 0, 2);
-    grid->addWidget(lines_, 1, 1, 1, 2);
+    grid->addWidget(standardsign_, 1, 0, Qt::AlignTop);
+    grid->addWidget(standard_, 1, 1, 1, 2);
+    grid->addWidget(lines_, 2, 1, 1, 2);
     grid->setColumnStretch(1, 3);
     grid->setColumnStretch(2, 2);
     connect(lines_->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged,
@@ -121,7 +129,12 @@ void StatusBanner::Show(const StatusView& view, bool decimalcomma)
     }
     const QString text = lines.join(QLatin1Char('\n'));
     kind_ = view.kind;
-    ShowSign();
+    standardkind_ = view.standardkind;
+    ShowSigns();
+    standard_->setText(ToQt(ForLocale(view.standard, decimalcomma)));
+    standard_->setToolTip(standard_->text());
+    standard_->setVisible(!view.standard.empty());
+    standardsign_->setVisible(!view.standard.empty());
     head_->setText(head);
     facts_->setText(ToQt(ForLocale(view.facts, decimalcomma)));
     facts_->setToolTip(facts_->text());
@@ -129,22 +142,26 @@ void StatusBanner::Show(const StatusView& view, bool decimalcomma)
         lines_->setPlainText(text);
     }
     lines_->setVisible(!lines.isEmpty());
-    setAccessibleName(tr("Verdict: ") + head);
+    setAccessibleName(
+        tr("Verdict: ") + head +
+        (view.standard.empty() ? QString() : QStringLiteral(". ") + standard_->text()));
     setAccessibleDescription(text);
     lines_->setToolTip(text);
     update();
 }
 
-void StatusBanner::ShowSign()
+void StatusBanner::ShowSigns()
 {
     const double ratio = devicePixelRatioF();
-    QPixmap sign(QSize(kSign, kSign) * ratio);
-    sign.setDevicePixelRatio(ratio);
-    sign.fill(Qt::transparent);
-    QPainter painter(&sign);
-    PaintSign(painter, kind_, palette());
-    painter.end();
-    sign_->setPixmap(sign);
+    for (const auto& [label, kind] : {std::pair(sign_, kind_), {standardsign_, standardkind_}}) {
+        QPixmap sign(QSize(kSign, kSign) * ratio);
+        sign.setDevicePixelRatio(ratio);
+        sign.fill(Qt::transparent);
+        QPainter painter(&sign);
+        PaintSign(painter, kind, palette());
+        painter.end();
+        label->setPixmap(sign);
+    }
 }
 
 // As many lines as there are, up to a few.
@@ -159,7 +176,7 @@ void StatusBanner::changeEvent(QEvent* event)
 {
     QFrame::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        ShowSign();
+        ShowSigns();
     }
 }
 

@@ -25,12 +25,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void ShowSign();
+    void ShowSigns();
     void FitHeight();
 
-    StatusKind kind_ = StatusKind::good;
+    StatusKind kind_ = StatusKind::good, standardkind_ = StatusKind::good;
     QLabel* sign_;
     QLabel* head_;
+    QLabel* standardsign_;
+    QLabel* standard_;
     QLabel* facts_;
     QTextBrowser* lines_;
 };

@@ -4,11 +4,17 @@
 #include "app/view_member.h"
 #include "app/view_panel.h"
 #include "app/view_section.h"
+#include "app/view_standard.h"
 #include "core/annexes.h"
+#include "core/load_combination.h"
 #include "core/project_state.h"
+#include "engine/calculate.h"
+#include "engine/new_project.h"
 #include "report/panel.h"
 #include "report/section_figure.h"
+#include "report/standard_text.h"
 #include "sections/family_table.h"
+#include "standard/costs.h"
 #include "support/rows.h"
 
 #include <algorithm>
@@ -336,6 +342,108 @@ TEST(PanelBars, TheLargestIsTheWorstRow)
     ASSERT_TRUE(LargestUtilisation(s).has_value());
     EXPECT_NEAR(*LargestUtilisation(s), worst, 1e-6);
     EXPECT_FALSE(LargestUtilisation(ProjectState{}).has_value());
+}
+
+// The standard's result
+
+// A beam of 6 m under 10 kN/m permanent and 5 kN/m variable load, Eq 6.10 of the European annex.
+ProjectState Beam()
+{
+    ProjectState s{};
+    StartUp(DeliveredTables(), s);
+    s.l = 6;
+    s.nload = {};
+    s.qload[1] = 10;
+    s.qload[2] = 5;
+    s.qtype[2] = 1;
+    s.loadcomb = kEq610;
+    s.checksls = kTrue;
+    Calculate(DeliveredTables(), s);
+    return s;
+}
+
+TEST(StandardGroups, TheLargestOfThemIsTheResult)
+{
+    const ProjectState s = Beam();
+    const auto result = standard::CalculateStandard(DeliveredTables(), s);
+    double largest = 0;
+    for (const StandardGroup& group : StandardGroups(s, result)) {
+        EXPECT_TRUE(group.present);
+        largest = std::max(largest, group.utilisation);
+    }
+    EXPECT_NEAR(largest, result.ir / s.irlimit, 1e-12);
+    ProjectState without = s;
+    without.checksls = kFalse;
+    EXPECT_FALSE(StandardGroups(without, result)[2].present);
+}
+
+TEST(StandardGroups, StandBesideTheBlocksOfEveryFamily)
+{
+    for (const FamilyTraits& family : Families()) {
+        const ProjectState s = Calculated(family.id);
+        const auto result = standard::CalculateStandard(DeliveredTables(), s);
+        std::size_t present = 0, beside = 0;
+        for (const StandardGroup& group : StandardGroups(s, result)) {
+            present += group.present ? 1 : 0;
+        }
+        for (const PanelGroup& group : PanelGroups(s, result)) {
+            ASSERT_FALSE(group.block.empty());
+            EXPECT_EQ(group.utilisation.size(), group.block.size()) << family.id;
+            EXPECT_FALSE(group.utilisation[0].has_value());
+            beside += group.standard.present ? 1 : 0;
+        }
+        EXPECT_EQ(beside, present) << family.id;
+    }
+}
+
+// EN 1990, Table A1.2(B): 1.35 and 1.0 on permanent actions, 1.5 on the variable one or none.
+TEST(Combinations, HaveTheirFactorsAndOneGoverns)
+{
+    const ProjectState s = Beam();
+    const auto result = standard::CalculateStandard(DeliveredTables(), s);
+    std::set<std::string> factors;
+    int governing = 0;
+    for (const CombinationRow& row : CombinationRows(DeliveredTables(), s)) {
+        factors.insert(row.g + " " + row.q1);
+        governing += row.governs ? 1 : 0;
+        if (row.governs) {
+            EXPECT_EQ(row.ratio, RatioFigure(result.ir, result.above) + "  governs");
+            EXPECT_EQ(row.check, WordsOf(result.governing));
+        }
+    }
+    EXPECT_EQ(governing, 1);
+    EXPECT_EQ(factors, (std::set<std::string>{"1.35 1.50", "1.35 0.00", "1.00 1.50", "1.00 0.00",
+                                              "1.00 1.00"}));
+}
+
+TEST(Deviations, AreListedByCostAndExplained)
+{
+    const ProjectState s = Calculated(26);  // a T section, with a moment of its own weight
+    ProjectState loaded = s;
+    loaded.nload[1] = 300;
+    loaded.selfweight = 1;
+    ASSERT_TRUE(Calculate(DeliveredTables(), loaded));
+    const ProjectState given = AsGiven(loaded);
+    auto result = standard::CalculateStandard(DeliveredTables(), given);
+    const auto notes = DeviationRows(result, false, &loaded);
+    standard::CalculateCosts(DeliveredTables(), given, &loaded, result);
+    const auto rows = DeviationRows(result, true, &loaded);
+    ASSERT_FALSE(result.deviations.empty());
+    for (const DeviationRow& note : notes) {
+        EXPECT_FALSE(note.acts);
+        EXPECT_TRUE(std::any_of(rows.begin(), rows.end(),
+                                [&](const DeviationRow& row) { return row.id == note.id; }));
+    }
+    ASSERT_TRUE(rows[0].acts);
+    EXPECT_EQ(*rows[0].acts, result.deviations[0].deviation);
+    const Explanation why =
+        Explain(DeliveredTables(), given, &loaded, result, result.deviations[0].deviation);
+    EXPECT_EQ(why.head, rows[0].id);
+    ASSERT_GT(why.checks.size(), 1U);
+    EXPECT_EQ(why.checks[0].written, RatioFigure(result.ir, result.above));
+    EXPECT_EQ(why.checks[0].program,
+              RatioFigure(result.deviations[0].without, result.deviations[0].without > 1));
+    EXPECT_FALSE(why.checks[1].clause.empty());
 }
 
 // Help

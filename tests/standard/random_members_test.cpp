@@ -2,11 +2,12 @@
 
 #include "core/project_state.h"
 #include "engine/calculate.h"
-#include "standard/standard.h"
+#include "standard/cases.h"
 #include "support/random_project.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestrum {
@@ -66,6 +67,26 @@ TEST(RandomMembers, TheProjectThatAPassWasGivenHasTheSameResultBehindIt)
         EXPECT_EQ(before.outside, behind.outside);
     }
     EXPECT_GT(dropped, kMembers / 20);
+}
+
+// The result is the envelope of its combinations.
+TEST(RandomMembers, NoCombinationByItselfIsAboveTheResult)
+{
+    constexpr int kMembers = 300;
+    int several = 0;
+    for (int seed = 0; seed < kMembers; ++seed) {
+        SCOPED_TRACE(seed);
+        const ProjectState s = RandomProject(FirstSeed() + static_cast<std::uint64_t>(seed));
+        const auto result = standard::CalculateStandard(DeliveredTables(), s);
+        const auto cases = standard::CalculateCases(DeliveredTables(), s);
+        several += cases.size() > 2 ? 1 : 0;
+        double largest = 0;
+        for (const standard::CaseResult& at : cases) {
+            largest = std::max(largest, at.counts ? at.ir : 0);
+        }
+        EXPECT_EQ(largest, result.rated ? result.ir : 0);
+    }
+    EXPECT_GT(several, kMembers / 10);
 }
 
 }  // namespace

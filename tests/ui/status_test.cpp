@@ -4,11 +4,15 @@
 
 #include "core/project_file.h"
 #include "ui/result_panel.h"
+#include "ui/standard_desk.h"
 #include "ui/status_banner.h"
 #include "ui/text.h"
 
+#include <QClipboard>
 #include <QFile>
 #include <QLabel>
+#include <QListWidget>
+#include <QTableWidget>
 #include <QTextBrowser>
 
 namespace kestrum {
@@ -74,6 +78,73 @@ TEST_F(Status, ShowsCauseAndDroppedLoadsInSight)
     EXPECT_GE(lines.height(), lines.fontMetrics().height());
     EXPECT_EQ(FromQt(Find<QWidget>(QStringLiteral("status")).accessibleDescription()),
               FromQt(Lines()));
+}
+
+// --- EN 1993-1-1 as written
+// ------------------------------------------------------------------------
+
+TEST_F(Status, ShowsTheStandardsVerdictBelowTheProgramsAndFollows)
+{
+    auto& line = Find<QLabel>(QStringLiteral("statusstandard"));
+    EXPECT_TRUE(line.isVisible());
+    const QString before = line.text();
+    EXPECT_TRUE(before.startsWith(QStringLiteral("EN 1993-1-1 as written: within limits:  IR ")));
+    session.edit().qload[1] = 400;
+    session.Calculate();
+    EXPECT_TRUE(
+        line.text().startsWith(QStringLiteral("EN 1993-1-1 as written: above limit:  IR ")));
+    EXPECT_TRUE(line.text().contains(QStringLiteral(" ABOVE, ")));
+    EXPECT_TRUE(Find<QWidget>(QStringLiteral("status")).accessibleName().contains(line.text()));
+    auto& panel = Find<ResultPanel>(QStringLiteral("pic_result"));
+    EXPECT_EQ(panel.accessibleDescription().count(QStringLiteral("EN 1993-1-1: ")), 3);
+}
+
+// The costs come behind the result; what they were for a project before is dropped.
+TEST_F(Status, DeviationsGetTheirCostsAndAreExplained)
+{
+    Choose(QStringLiteral("CboLoadComb"), 0);
+    session.edit().nload[1] = 300;
+    session.edit().qload[1] = 5;
+    session.edit().qdir[1] = 0;
+    session.edit().ltb = 1;
+    session.Calculate();
+    QTRY_VERIFY(desk.standard->costed());
+    auto& list = Find<QListWidget>(QStringLiteral("lstNotes"));
+    ASSERT_FALSE(desk.standard->result().deviations.empty());
+    ASSERT_GT(list.count(), 0);
+    const auto rows = DeviationRows(desk.standard->result(), true, desk.standard->program());
+    ASSERT_EQ(list.count(), static_cast<int>(rows.size()));
+    EXPECT_TRUE(list.item(0)->text().startsWith(ToQt(rows[0].id)));
+    list.setFocus();
+    list.setCurrentRow(0);
+    QTest::keyClick(&list, Qt::Key_Return);
+    auto& table = Find<QTableWidget>(QStringLiteral("deviationchecks"));
+    EXPECT_TRUE(table.isVisible());
+    EXPECT_GT(table.rowCount(), 1);
+    session.edit().l = 3;
+    session.Calculate();
+    EXPECT_FALSE(desk.standard->costed());
+    QTRY_VERIFY(desk.standard->costed());
+}
+
+TEST_F(Status, PanelIsReadAndCopiedFromTheKeyboard)
+{
+    auto& panel = Find<ResultPanel>(QStringLiteral("pic_result"));
+    panel.setFocus();
+    panel.Choose(0);
+    QTest::keyClick(&panel, Qt::Key_Down);
+    const QString line = panel.TextOf(ResultPanel::Part::line);
+    EXPECT_TRUE(line.startsWith(QStringLiteral("IR = ")));
+    EXPECT_EQ(panel.accessibleName(), QStringLiteral("Results: ") + line);
+    EXPECT_TRUE(line.contains(panel.TextOf(ResultPanel::Part::value)));
+    EXPECT_TRUE(panel.TextOf(ResultPanel::Part::all).contains(line));
+    QTest::keyClick(&panel, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), line);
+    QTest::keyClick(&panel, Qt::Key_Return);
+    auto& table = Find<QTableWidget>(QStringLiteral("combinationtable"));
+    EXPECT_TRUE(table.isVisible());
+    EXPECT_GT(table.rowCount(), 0);
+    EXPECT_EQ(table.selectionModel()->selectedRows().size(), 1);
 }
 
 // Grey until the next good file, also through calculations in between.

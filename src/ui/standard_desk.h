@@ -1,0 +1,49 @@
+#pragma once
+
+// The result by EN 1993-1-1 as written for the project, for all windows: calculated behind every
+// pass, at once. What the deviations cost follows from a thread of its own.
+
+#include "core/project_state.h"
+#include "standard/standard.h"
+#include "ui/latest_job.h"
+
+#include <functional>
+
+namespace kestrum {
+
+class Session;
+
+class StandardDesk {
+public:
+    explicit StandardDesk(const Session& session) : session_(session) {}
+
+    // After every change of the session, before windows are refreshed.
+    void Follow();
+
+    // With its deviations as soon as they are costed.
+    const standard::StandardResult& result() const { return result_; }
+    bool costed() const { return costed_; }
+    // That of the last project whose pass ended well, for what is drawn from Session::shown.
+    const standard::StandardResult& shown() const { return shown_; }
+    // The project that it is of, as the pass was given it.
+    const ProjectState& given() const { return given_; }
+    // The record after the program's pass; null where that failed.
+    const ProjectState* program() const;
+
+    // The costs have come in.
+    std::function<void()> costs = [] {};
+
+    // The deviation that the user wants to have explained.
+    std::optional<Dev> chosen{};
+
+private:
+    void AskForCosts();
+
+    const Session& session_;
+    ProjectState given_{};
+    standard::StandardResult result_{}, shown_{};
+    bool calculated_ = false, costed_ = false, failed_ = false;
+    LatestJob job_;
+};
+
+}  // namespace kestrum
