@@ -33,4 +33,13 @@ std::string DeflectionReading(const ProjectState& s, LoadAxis axis, double x)
     return (z ? "dz = " : "dy = ") + FormatNum(deflection, "0.0") + " mm";
 }
 
+std::string UtilisationReading(const Utilisation& along, double x)
+{
+    const double part = (x - kMemberStart) / kMemberWidth;
+    if (!(part >= 0 && part <= 1)) {
+        return {};
+    }
+    return UtilisationText(along, static_cast<std::size_t>(std::lround(part * kSteps)));
+}
+
 }  // namespace kestrum

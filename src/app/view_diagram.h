@@ -5,6 +5,7 @@
 
 #include "core/project_state.h"
 #include "report/load_drawing.h"
+#include "report/utilisation_figure.h"
 
 #include <optional>
 #include <string>
@@ -18,5 +19,8 @@ double StepReading(std::optional<double> x, int steps);
 // Deflection at the place, "dz = 3.2 mm", beside what HoverText tells of moment and shear force;
 // empty outside the member, and with given end forces, which have none.
 std::string DeflectionReading(const ProjectState& s, LoadAxis axis, double x);
+
+// Utilisation at the place by both bases, "IR = 0.23, EN 1993-1-1 0.31"; empty outside the member.
+std::string UtilisationReading(const Utilisation& along, double x);
 
 }  // namespace kestrum

@@ -50,4 +50,17 @@ std::vector<CaseResult> CalculateCases(const Library& library, const ProjectStat
     return results;
 }
 
+std::optional<AlongMember> SectionUtilisation(const Library& library, const ProjectState& s)
+{
+    AlongMember largest{};
+    const Basis basis = Basis::Standard();
+    const std::string reason = WithMember(library, s, basis, nullptr, [&](const Member& member) {
+        const LoadCases cases = StrengthCases(member.s, member.loads.present, basis);
+        for (std::size_t i = 0; i < cases.count; ++i) {
+            KeepLargestAlong(member, cases.at[i], largest);
+        }
+    });
+    return reason.empty() ? std::optional(largest) : std::nullopt;
+}
+
 }  // namespace kestrum::standard

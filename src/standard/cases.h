@@ -1,9 +1,12 @@
 #pragma once
 
-// Every combination of a member by itself: what the largest ratios of all of them are made of.
+// What the largest ratios of a member are made of: every combination by itself, and the utilisation
+// along the member.
 
+#include "engine/utilisation.h"
 #include "standard/standard.h"
 
+#include <optional>
 #include <vector>
 
 namespace kestrum::standard {
@@ -20,5 +23,9 @@ struct CaseResult {
 // Strength, then serviceability; empty where the standard basis does not cover the project, `s` as
 // read.
 std::vector<CaseResult> CalculateCases(const Library& library, const ProjectState& s);
+
+// The largest ratio of the section checks, EN 1993-1-1, 6.2, of all strength combinations at each
+// point of the diagrams; nothing where the standard basis does not cover the project.
+std::optional<AlongMember> SectionUtilisation(const Library& library, const ProjectState& s);
 
 }  // namespace kestrum::standard

@@ -58,6 +58,9 @@ std::string WithMember(const Library& library, const ProjectState& project, cons
 bool CheckStrength(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
                    Checks& checks);
 
+// The largest section ratio of one combination at even places, kept where it is larger.
+void KeepLargestAlong(const Member& m, const LoadCase& load_case, std::span<double> largest);
+
 // The combinations of serviceability; none with given end forces.
 LoadCases ServiceCasesOf(const Member& m);
 void CheckService(const Member& m, const LoadCase& load_case, Checks& checks);

@@ -365,6 +365,7 @@ public:
     void AtProgramPlaces();
     void Everywhere();
     void Refine(const Checks& checks);
+    double LargestAt(std::size_t piece, double x) const;
     const std::array<Peak, kSectionChecks>& Peaks() const { return peaks_; }
 
 private:
@@ -391,6 +392,15 @@ Ratios Walk::RatiosAt(std::size_t piece, double x) const
                         lines_.Shear(Axis::y, piece, x) * kN,
                         lines_.Shear(Axis::z, piece, x) * kN};
     return Place(member_, classes_, f, basis_).All(lines_.grid.Length());
+}
+
+double Walk::LargestAt(std::size_t piece, double x) const
+{
+    double largest = 0;
+    for (const Ratio& ratio : RatiosAt(piece, x)) {
+        largest = std::max(largest, OrInfinite(ratio.ir));
+    }
+    return largest;
 }
 
 void Walk::Take(std::size_t piece, double x)
@@ -501,6 +511,22 @@ void CheckSections(const SectionMember& member, const CombinedLines& lines, cons
         if (peak.ir >= 0) {
             checks.Keep(static_cast<CheckId>(i), peak.ir, peak.clause, peak.x / lines.grid.Length(),
                         load_case);
+        }
+    }
+}
+
+void KeepLargestAlong(const SectionMember& member, const CombinedLines& lines,
+                      const Classes& classes, const Basis& basis, std::span<double> largest)
+{
+    const Walk walk(member, lines, classes, basis);
+    const LineGrid& grid = lines.grid;
+    const auto last = static_cast<double>(largest.size() - 1);
+    for (std::size_t j = 0; j < largest.size(); ++j) {
+        const double x = grid.Length() * static_cast<double>(j) / last;
+        for (std::size_t piece = 0; piece < grid.pieces; ++piece) {
+            if (grid.x[piece] <= x && x <= grid.x[piece + 1]) {
+                largest[j] = std::max(largest[j], walk.LargestAt(piece, x));
+            }
         }
     }
 }

@@ -28,4 +28,9 @@ struct Classes {
 void CheckSections(const SectionMember& member, const CombinedLines& lines, const Classes& classes,
                    const LoadCase& load_case, Checks& checks, const Basis& basis);
 
+// The largest ratio of these checks at even places from end to end, on both sides of a jump; each
+// is kept in `largest` where it is larger.
+void KeepLargestAlong(const SectionMember& member, const CombinedLines& lines,
+                      const Classes& classes, const Basis& basis, std::span<double> largest);
+
 }  // namespace kestrum::standard

@@ -69,18 +69,33 @@ double FlangeLoadOf(const Member& m, const LoadFactors& factors, const CombinedL
 
 }  // namespace
 
+namespace {
+
+SectionMember SectionMemberOf(const Member& m, const LoadCase& load_case,
+                              const CombinedLines& lines)
+{
+    return {m.section, ShearInputsOf(m.s), m.s.supportcase == SupportCase::cantilever,
+            FlangeLoadOf(m, load_case.factors, lines), m.places};
+}
+
+}  // namespace
+
 bool CheckStrength(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
                    Checks& checks)
 {
     const ActingForces forces = ActingIn(lines);
     const Classes classes = ClassesOf(m.section.q, forces, m.basis);
-    const SectionMember member{m.section, ShearInputsOf(m.s),
-                               m.s.supportcase == SupportCase::cantilever,
-                               FlangeLoadOf(m, load_case.factors, lines), m.places};
-    CheckSections(member, lines, classes, load_case, checks, m.basis);
+    CheckSections(SectionMemberOf(m, load_case, lines), lines, classes, load_case, checks, m.basis);
     return CheckMember({m.library, m.s, m.basis, m.program, m.section, m.loads, load_case, lines,
                         classes, forces.sagging || forces.hogging, forces.mz},
                        checks);
+}
+
+void KeepLargestAlong(const Member& m, const LoadCase& load_case, std::span<double> largest)
+{
+    const CombinedLines lines = LinesOf(m.s, m.loads, load_case.factors, m.basis);
+    const Classes classes = ClassesOf(m.section.q, ActingIn(lines), m.basis);
+    KeepLargestAlong(SectionMemberOf(m, load_case, lines), lines, classes, m.basis, largest);
 }
 
 namespace {

@@ -43,7 +43,7 @@ void FitTable(QTableWidget* table, int rows)
         width += table->columnWidth(i);
     }
     const int row = table->verticalHeader()->defaultSectionSize();
-    table->setMinimumSize(std::min(width, 100 * table->fontMetrics().averageCharWidth()),
+    table->setMinimumSize(std::min(width, 150 * table->fontMetrics().averageCharWidth()),
                           (rows + 2) * row);
 }
 

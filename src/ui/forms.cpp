@@ -59,7 +59,7 @@ const std::vector<FormMaker>& AllForms()
         {"sectionpicture", MakeSectionPicture, Open},
         {"compare", MakeCompare, OpenCompare, false, true},
         {"deviation", MakeDeviation, Open},
-        {"combinations", MakeCombinations, Open, false, true},
+        {"combinations", MakeCombinations, Open},
     };
     return forms;
 }

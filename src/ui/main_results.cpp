@@ -43,12 +43,12 @@ constexpr int kNarrowestDiagram = 220;
 // The place that the diagrams of both axes are read at, a line through all of them.
 class Reading {
 public:
-    explicit Reading(const Session& session) : session_(session) {}
+    explicit Reading(const Desk& desk) : desk_(desk), session_(desk.session) {}
 
     void Add(Picture* picture) { pictures_.push_back(picture); }
-    void Add(LoadAxis axis, QLabel* forces, QLabel* deflection)
+    void Add(LoadAxis axis, QLabel* forces, QLabel* deflection, Picture* moment)
     {
-        labels_.push_back({axis, forces, deflection});
+        labels_.push_back({axis, forces, deflection, moment});
     }
 
     void Read(std::optional<double> x)
@@ -76,6 +76,11 @@ public:
         for (const Labels& at : labels_) {
             at.forces->setText(x_ ? text(HoverText(s, at.axis, *x_)) : QString());
             at.deflection->setText(x_ ? text(DeflectionReading(s, at.axis, *x_)) : QString());
+            const QString used =
+                x_ ? text(UtilisationReading(desk_.standard->along(), *x_)) : QString();
+            at.moment->SetReading(x_, used);
+            at.moment->setAccessibleDescription(at.forces->text() + at.deflection->text() +
+                                                QLatin1Char(' ') + used);
         }
     }
 
@@ -83,7 +88,9 @@ private:
     struct Labels {
         LoadAxis axis;
         QLabel *forces, *deflection;
+        Picture* moment;
     };
+    const Desk& desk_;
     const Session& session_;
     std::vector<Picture*> pictures_;
     std::vector<Labels> labels_;
@@ -102,20 +109,22 @@ QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis,
     Picture* const load =
         bind.ResultFigure(z ? QStringLiteral("PicLoadZ") : QStringLiteral("PicLoadY"),
                           [axis](const ProjectState& s) { return DrawAll(s, axis).load; });
-    Picture* const moment =
-        bind.ResultFigure(z ? QStringLiteral("PicMy") : QStringLiteral("PicMz"),
-                          [axis](const ProjectState& s) { return DrawAll(s, axis).moment; });
+    Picture* const moment = bind.ResultFigure(z ? QStringLiteral("PicMy") : QStringLiteral("PicMz"),
+                                              [axis, &desk](const ProjectState& s) {
+                                                  return WithUtilisation(DrawAll(s, axis).moment,
+                                                                         desk.standard->along());
+                                              });
     auto* const forces = new QLabel;
     forces->setObjectName(z ? QStringLiteral("hoverz") : QStringLiteral("hovery"));
     forces->setMinimumHeight(forces->fontMetrics().height());
     auto* const deflection = new QLabel;
     deflection->setObjectName(z ? QStringLiteral("readingz") : QStringLiteral("readingy"));
-    reading->Add(axis, forces, deflection);
+    reading->Add(axis, forces, deflection, moment);
+    reading->Add(load);
     const auto open = [&desk] {
         desk.open(desk.session.state().loadmode == 1 ? "Loading" : "endforce");
     };
     for (Picture* const picture : {load, moment}) {
-        reading->Add(picture);
         picture->clicked = open;
         picture->stepped = [reading](int steps) { reading->Step(steps); };
         picture->hovered = [reading](Point at) { reading->Read(at.x); };
@@ -129,12 +138,12 @@ QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis,
                                         "move the reading, the right button copies"));
     }
     load->setAccessibleName(z ? QObject::tr("Loads along z") : QObject::tr("Loads along y"));
-    moment->setAccessibleName(z ? QObject::tr("Moment, shear and deflection along z")
-                                : QObject::tr("Moment, shear and deflection along y"));
+    moment->setAccessibleName(z ? QObject::tr("Moment, shear, deflection and utilisation along z")
+                                : QObject::tr("Moment, shear, deflection and utilisation along y"));
     load->SetLargestScale(kLoadScale);
     moment->SetStretch(kDiagramStretch);
-    column->addWidget(load, 40);
-    column->addWidget(moment, 55);
+    column->addWidget(load, 36);
+    column->addWidget(moment, 64);
     auto* const row = new QHBoxLayout;
     row->addWidget(forces);
     row->addWidget(deflection);
@@ -305,7 +314,7 @@ QWidget* DiagramPanel(Binder& bind, Desk& desk)
     auto* const host = new QWidget;
     auto* const row = new QHBoxLayout(host);
     row->setContentsMargins(0, 0, 0, 0);
-    const auto reading = std::make_shared<Reading>(desk.session);
+    const auto reading = std::make_shared<Reading>(desk);
     row->addWidget(DiagramGroup(bind, desk, LoadAxis::z, reading));
     row->addWidget(DiagramGroup(bind, desk, LoadAxis::y, reading));
     bind.Follow([reading](const ProjectState&) { reading->Show(); });

@@ -164,13 +164,31 @@ void Picture::paintEvent(QPaintEvent*)
         painter.setOpacity(1);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DashLine));
         painter.drawLine(QPointF(x, 2), QPointF(x, height() - 2));
+        PaintWords(painter, x);
     }
 }
 
-void Picture::SetReading(std::optional<double> x)
+// Beside the line, over whatever is drawn there.
+void Picture::PaintWords(QPainter& painter, double x) const
 {
-    if (reading_ != x) {
+    if (words_.isEmpty()) {
+        return;
+    }
+    constexpr int kBeside = 4, kAround = 2;
+    const QSize size = painter.fontMetrics().size(Qt::TextSingleLine, words_);
+    const bool right = x + kBeside + size.width() + kAround < width();
+    const QRectF box(right ? x + kBeside : x - kBeside - size.width(),
+                     height() - size.height() - kBeside, size.width(), size.height());
+    painter.fillRect(box.adjusted(-kAround, 0, kAround, 0), palette().color(QPalette::Base));
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(box, Qt::AlignCenter, words_);
+}
+
+void Picture::SetReading(std::optional<double> x, const QString& words)
+{
+    if (reading_ != x || words_ != words) {
         reading_ = x;
+        words_ = words;
         update();
     }
 }

@@ -33,8 +33,8 @@ public:
     // A drawing of results that are not those of the project in hand.
     void SetFaded(bool faded);
 
-    // A line across the drawing at x, in its units; none without a value.
-    void SetReading(std::optional<double> x);
+    // A line across the drawing at x, in its units, with words at its foot; none without a value.
+    void SetReading(std::optional<double> x, const QString& words = {});
 
     // What the right mouse button and the menu key open, for the drawing in sight.
     std::function<void(const Drawing& drawing, QPoint at)> menu;
@@ -66,6 +66,7 @@ private:
         QPointF origin;
     };
     void RenderCache();
+    void PaintWords(QPainter& painter, double x) const;
     Fit FitInto(QSizeF room, double largest) const;
 
     Drawing drawing_;
@@ -74,6 +75,7 @@ private:
     double largest_ = 1e9;
     bool faded_ = false;
     std::optional<double> reading_;
+    QString words_;  // at the foot of the reading
 };
 
 class PictureButton final : public QToolButton {

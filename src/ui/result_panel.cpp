@@ -105,11 +105,14 @@ public:
     }
 
     // Whether a line of the block runs into the lower right corner.
-    bool Reaches(const PanelBlock& block, double down, QPointF corner) const
+    bool Reaches(const PanelGroup& group, double down, QPointF corner) const
     {
+        const PanelBlock& block = group.block;
         const Columns columns = ColumnsOf(block);
         return std::any_of(block.begin(), block.end(), [&](const PanelLine& line) {
-            const double right = line.result.empty()
+            const bool beside = group.standard.present && &line == &block.front();
+            const double right = beside ? room_
+                                 : line.result.empty()
                                      ? start_ + WidthOf(line.left, font_)
                                      : ResultColumn(columns) + WidthOf(line.result, font_);
             return Baseline(line, down) + size_ * kUnderline > corner.y() && right > corner.x();
@@ -277,7 +280,7 @@ public:
         double down = -kBlockGap;
         return std::any_of(groups_.begin(), groups_.end(), [&](const PanelGroup& group) {
             down += kBlockGap;
-            return layout.Reaches(group.block, down, corner);
+            return layout.Reaches(group, down, corner);
         });
     }
 

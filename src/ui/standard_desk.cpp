@@ -2,6 +2,7 @@
 
 #include "app/session.h"
 #include "engine/calculate.h"
+#include "standard/cases.h"
 #include "standard/costs.h"
 
 #include <memory>
@@ -23,6 +24,10 @@ void StandardDesk::Follow()
     result_ = standard::CalculateStandard(session_.library(), given_);
     if (!failed_) {
         shown_ = result_;
+        const Library& library = session_.library();
+        along_ = {SectionUtilisation(library, session_.state()),
+                  result_.rated ? standard::SectionUtilisation(library, given_) : std::nullopt,
+                  given_.irlimit};
     }
     AskForCosts();
 }

@@ -4,6 +4,7 @@
 // pass, at once. What the deviations cost follows from a thread of its own.
 
 #include "core/project_state.h"
+#include "report/utilisation_figure.h"
 #include "standard/standard.h"
 #include "ui/latest_job.h"
 
@@ -25,6 +26,8 @@ public:
     bool costed() const { return costed_; }
     // That of the last project whose pass ended well, for what is drawn from Session::shown.
     const standard::StandardResult& shown() const { return shown_; }
+    // Utilisation along the member of that project, by both bases.
+    const Utilisation& along() const { return along_; }
     // The project that it is of, as the pass was given it.
     const ProjectState& given() const { return given_; }
     // The record after the program's pass; null where that failed.
@@ -42,6 +45,7 @@ private:
     const Session& session_;
     ProjectState given_{};
     standard::StandardResult result_{}, shown_{};
+    Utilisation along_{};
     bool calculated_ = false, costed_ = false, failed_ = false;
     LatestJob job_;
 };

@@ -350,7 +350,7 @@ TEST(PanelBars, TheLargestIsTheWorstRow)
 ProjectState Beam()
 {
     ProjectState s{};
-    StartUp(DeliveredTables(), s);
+    StartUp(Tables(), s);
     s.l = 6;
     s.nload = {};
     s.qload[1] = 10;
@@ -358,14 +358,14 @@ ProjectState Beam()
     s.qtype[2] = 1;
     s.loadcomb = kEq610;
     s.checksls = kTrue;
-    Calculate(DeliveredTables(), s);
+    Calculate(Tables(), s);
     return s;
 }
 
 TEST(StandardGroups, TheLargestOfThemIsTheResult)
 {
     const ProjectState s = Beam();
-    const auto result = standard::CalculateStandard(DeliveredTables(), s);
+    const auto result = standard::CalculateStandard(Tables(), s);
     double largest = 0;
     for (const StandardGroup& group : StandardGroups(s, result)) {
         EXPECT_TRUE(group.present);
@@ -381,7 +381,7 @@ TEST(StandardGroups, StandBesideTheBlocksOfEveryFamily)
 {
     for (const FamilyTraits& family : Families()) {
         const ProjectState s = Calculated(family.id);
-        const auto result = standard::CalculateStandard(DeliveredTables(), s);
+        const auto result = standard::CalculateStandard(Tables(), s);
         std::size_t present = 0, beside = 0;
         for (const StandardGroup& group : StandardGroups(s, result)) {
             present += group.present ? 1 : 0;
@@ -400,10 +400,10 @@ TEST(StandardGroups, StandBesideTheBlocksOfEveryFamily)
 TEST(Combinations, HaveTheirFactorsAndOneGoverns)
 {
     const ProjectState s = Beam();
-    const auto result = standard::CalculateStandard(DeliveredTables(), s);
+    const auto result = standard::CalculateStandard(Tables(), s);
     std::set<std::string> factors;
     int governing = 0;
-    for (const CombinationRow& row : CombinationRows(DeliveredTables(), s)) {
+    for (const CombinationRow& row : CombinationRows(Tables(), s)) {
         factors.insert(row.g + " " + row.q1);
         governing += row.governs ? 1 : 0;
         if (row.governs) {
@@ -422,11 +422,11 @@ TEST(Deviations, AreListedByCostAndExplained)
     ProjectState loaded = s;
     loaded.nload[1] = 300;
     loaded.selfweight = 1;
-    ASSERT_TRUE(Calculate(DeliveredTables(), loaded));
+    ASSERT_TRUE(Calculate(Tables(), loaded));
     const ProjectState given = AsGiven(loaded);
-    auto result = standard::CalculateStandard(DeliveredTables(), given);
+    auto result = standard::CalculateStandard(Tables(), given);
     const auto notes = DeviationRows(result, false, &loaded);
-    standard::CalculateCosts(DeliveredTables(), given, &loaded, result);
+    standard::CalculateCosts(Tables(), given, &loaded, result);
     const auto rows = DeviationRows(result, true, &loaded);
     ASSERT_FALSE(result.deviations.empty());
     for (const DeviationRow& note : notes) {
@@ -437,7 +437,7 @@ TEST(Deviations, AreListedByCostAndExplained)
     ASSERT_TRUE(rows[0].acts);
     EXPECT_EQ(*rows[0].acts, result.deviations[0].deviation);
     const Explanation why =
-        Explain(DeliveredTables(), given, &loaded, result, result.deviations[0].deviation);
+        Explain(Tables(), given, &loaded, result, result.deviations[0].deviation);
     EXPECT_EQ(why.head, rows[0].id);
     ASSERT_GT(why.checks.size(), 1U);
     EXPECT_EQ(why.checks[0].written, RatioFigure(result.ir, result.above));

@@ -89,5 +89,55 @@ TEST(RandomMembers, NoCombinationByItselfIsAboveTheResult)
     EXPECT_GT(several, kMembers / 10);
 }
 
+// Along the member no section is used more than the largest of the section checks, and that is
+// reached where no force peaks between the points. Both bases.
+TEST(Utilisation, NeverExceedsTheSectionControl)
+{
+    constexpr int kMembers = 150;
+    int reached = 0, drawn = 0;
+    for (int seed = 0; seed < kMembers; ++seed) {
+        SCOPED_TRACE(seed);
+        ProjectState s = RandomProject(FirstSeed() + static_cast<std::uint64_t>(seed));
+        const auto result = standard::CalculateStandard(DeliveredTables(), s);
+        const auto along = standard::SectionUtilisation(DeliveredTables(), s);
+        EXPECT_EQ(along.has_value(), result.rated || result.outside.back() == "no load acts" ||
+                                         result.outside.back().starts_with("lateral"));
+        double largest = 0;
+        for (std::size_t i = 0; i < standard::kSectionChecks; ++i) {
+            largest = std::max(largest, result.checks.best[i].ir);
+        }
+        if (result.rated) {
+            const double most = *std::max_element(along->begin(), along->end());
+            EXPECT_LE(most, largest * (1 + 1e-9) + 1e-9);
+            reached += most > 0.9 * largest ? 1 : 0;
+            ++drawn;
+        }
+    }
+    EXPECT_GT(reached, drawn / 2);
+}
+
+// A beam under a uniform load: the ratio of the moment is a parabola, w(x) = 4 x (1 - x) of its
+// middle; the shear of a short beam takes over at the supports.
+TEST(Utilisation, OfAUniformLoadFollowsTheMoment)
+{
+    ProjectState s = MemberOf("");
+    s.nload = {};
+    s.qload[1] = 10;
+    s.ltb = 0;
+    ASSERT_TRUE(Calculate(DeliveredTables(), s));
+    const auto along = SectionUtilisation(DeliveredTables(), s);
+    const auto written = standard::SectionUtilisation(DeliveredTables(), s);
+    ASSERT_TRUE(along && written);
+    EXPECT_NEAR((*along)[25], s.irsection, 1e-6);
+    for (const std::size_t j : {10U, 15U, 20U, 30U}) {
+        const double x = static_cast<double>(j) / 50;
+        EXPECT_NEAR((*along)[j] / (*along)[25], 4 * x * (1 - x), 1e-5);
+        EXPECT_NEAR((*written)[j] / (*written)[25], 4 * x * (1 - x), 1e-9);
+        EXPECT_NEAR((*along)[j], (*along)[50 - j], 1e-9);
+    }
+    EXPECT_GT((*along)[0], 0);  // shear
+    EXPECT_NEAR((*along)[0], (*along)[50], 1e-6);
+}
+
 }  // namespace
 }  // namespace kestrum

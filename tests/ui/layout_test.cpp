@@ -185,7 +185,7 @@ TEST_F(LayoutDesktop, ResultsStayClearOfTheButtonInTheirCorner)
     ResultPanel panel;
     auto* const corner = new QPushButton(QStringLiteral("More Results"));
     panel.SetCorner(corner);
-    panel.Show(session.shown(), false);
+    panel.Show(session.shown(), {}, false);
     panel.show();
     corner->hide();
     for (const int width : {360, 430, 520, 700}) {
@@ -210,7 +210,7 @@ TEST_F(LayoutDesktop, ShortenedResultsAreTheirOwnTooltip)
     session.edit().qdir[2] = 0;
     session.Calculate();
     ResultPanel panel;
-    panel.Show(session.shown(), false);
+    panel.Show(session.shown(), {}, false);
     panel.resize(360, 200);
     panel.grab();
     EXPECT_TRUE(panel.toolTip().contains(QStringLiteral("kyz*Mz,Ed/Mz,Rd")));

@@ -272,6 +272,8 @@ TEST_F(Program, DiagramReadsOutAndOpensTheLoads)
                HoverText(session.shown(), LoadAxis::y, x);
     };
     EXPECT_TRUE(other(51));
+    EXPECT_THAT(FromQt(Find<QWidget>(QStringLiteral("PicMy")).accessibleDescription()),
+                testing::ContainsRegex("IR = 0\\.[0-9]+, EN 1993-1-1 0\\.[0-9]+"));
     EXPECT_TRUE(Find<QLabel>(QStringLiteral("readingz")).text().startsWith("dz = "));
     QTest::keyClick(&picture, Qt::Key_Right);
     EXPECT_TRUE(other(51 + 1.4));

@@ -89,6 +89,7 @@ TEST_F(Status, ShowsTheStandardsVerdictBelowTheProgramsAndFollows)
     EXPECT_TRUE(line.isVisible());
     const QString before = line.text();
     EXPECT_TRUE(before.startsWith(QStringLiteral("EN 1993-1-1 as written: within limits:  IR ")));
+    session.edit().checksls = kTrue;
     session.edit().qload[1] = 400;
     session.Calculate();
     EXPECT_TRUE(
