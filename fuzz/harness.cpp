@@ -1,5 +1,6 @@
 #include "harness.h"
 #include "core/project_state.h"
+#include "harness_tools.h"
 
 #include "app/assign_run.h"
 #include "app/batch.h"
@@ -35,31 +36,6 @@
 namespace kestrum::fuzz {
 
 namespace {
-
-void Require(bool holds, const char* what)
-{
-    if (!holds) {
-        std::fputs(what, stderr);
-        std::fputs("\n", stderr);
-        std::abort();
-    }
-}
-
-const Library& Delivered()
-{
-    static const Library kLibrary = LoadLibrary(KESTRUM_SHARE);
-    return kLibrary;
-}
-
-const ProjectState& Default()
-{
-    static const ProjectState kDefault = [] {
-        ProjectState s{};
-        StartUp(Delivered(), s);
-        return s;
-    }();
-    return kDefault;
-}
 
 // A pass that ends well leaves numbers, and texts that can be made.
 void CalculateAndShow(const Library& library, ProjectState& s)
@@ -415,15 +391,16 @@ void Members(std::string_view bytes)
 
 std::span<const Target> Targets()
 {
-    static constexpr std::array<Target, 9> kTargets{{{"project_file", ProjectFile},
-                                                     {"setup_file", SetupFile},
-                                                     {"material_list", MaterialList},
-                                                     {"profile_tables", ProfileTables},
-                                                     {"numbers", Numbers},
-                                                     {"assignments", Assignments},
-                                                     {"member_tables", MemberTables},
-                                                     {"force_tables", ForceTables},
-                                                     {"members", Members}}};
+    static constexpr std::array<Target, 10> kTargets{{{"project_file", ProjectFile},
+                                                      {"setup_file", SetupFile},
+                                                      {"material_list", MaterialList},
+                                                      {"profile_tables", ProfileTables},
+                                                      {"numbers", Numbers},
+                                                      {"assignments", Assignments},
+                                                      {"member_tables", MemberTables},
+                                                      {"force_tables", ForceTables},
+                                                      {"section_pools", SectionPools},
+                                                      {"members", Members}}};
     return kTargets;
 }
 

@@ -16,6 +16,7 @@ void Numbers(std::string_view bytes);
 void Assignments(std::string_view bytes);   // NAME=VALUE, one a line; !NAME=VALUE unchecked
 void MemberTables(std::string_view bytes);  // CSV or NDJSON of the batch
 void ForceTables(std::string_view bytes);   // CSV of the envelope, members a, b and c
+void SectionPools(std::string_view bytes);  // +WORD, =RANGE and -FIELD lines, then a list of prices
 void Members(std::string_view bytes);       // fields set by number: calculated, written, read
 
 struct Target {
