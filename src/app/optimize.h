@@ -20,6 +20,7 @@
 
 #include "app/member_cases.h"
 #include "app/section_pool.h"
+#include "app/section_rater.h"
 #include "core/library.h"
 #include "core/project_state.h"
 
@@ -52,17 +53,6 @@ struct OptimizeWishes {
     std::size_t top = 1;                                     // how many that pass are wanted
 };
 
-struct SectionFigures {
-    double mass = 0;                   // kg/m
-    double h = 0, b = 0;               // mm, over all
-    double surface = 0;                // m2/m
-    double area = 0;                   // mm2
-    std::optional<double> price = {};  // for a metre
-};
-
-// The figures of the section that the record has; nothing where it has no properties.
-std::optional<SectionFigures> FiguresOf(const Library& library, const ProjectState& s);
-
 // A section with what it gives.
 struct RatedCandidate {
     Candidate candidate{};
@@ -90,67 +80,6 @@ struct OptimizeAnswer {
 
 // "ratio 1.234 (My,Ed/Mc,Rd, 6.2.5)", of cases with the case; the verdict where there is no ratio.
 std::string WhyText(const RatedCandidate& rated, Bases bases);
-
-// A member asked about sections. Not for two threads at once.
-class SectionRater {
-public:
-    explicit SectionRater(const ProjectState& member) : member_(member) {}
-    virtual ~SectionRater() = default;
-
-    // As read or set, with the section that it has now.
-    const ProjectState& member() const { return member_; }
-
-    // False where no section with these figures, whatever its shape, has a ratio of `limit` or
-    // less; true says nothing. `strength` is fy/gammaM0, MPa.
-    virtual bool MayPass(const SectionFigures& /*figures*/, double /*strength*/,
-                         double /*limit*/) const
-    {
-        return true;
-    }
-
-    // `s` is the member with a section; what it holds afterwards is nobody's. `thorough`: all that
-    // can be said; else the answer may end with the first case or basis in which the section fails
-    // or exceeds max_ir.
-    virtual MemberAnswer Rate(ProjectState& s, Bases bases, double max_ir, bool thorough) = 0;
-
-protected:
-    SectionRater(const SectionRater&) = default;
-    SectionRater& operator=(const SectionRater&) = default;
-
-private:
-    ProjectState member_;
-};
-
-// Under its own loads or end forces.
-class LoadRater : public SectionRater {
-public:
-    LoadRater(const Library& library, const ProjectState& member)
-        : SectionRater(member), library_(library)
-    {
-    }
-    MemberAnswer Rate(ProjectState& s, Bases bases, double max_ir, bool thorough) override;
-
-private:
-    const Library& library_;
-};
-
-// Under cases of internal forces; its own loads are put aside.
-class CaseRater : public SectionRater {
-public:
-    // The cases must last; their stations are put in order.
-    CaseRater(const Library& library, const ProjectState& member, std::span<CaseRows> cases);
-    bool MayPass(const SectionFigures& figures, double strength, double limit) const override;
-    MemberAnswer Rate(ProjectState& s, Bases bases, double max_ir, bool thorough) override;
-
-private:
-    bool Run(MemberCases& member, const ProjectState& s, Bases bases, double max_ir, bool thorough,
-             MemberAnswer& answer);
-
-    std::span<CaseRows> cases_;
-    MemberCases program_, standard_;
-    double n_ = 0, my_ = 0, mz_ = 0;  // largest sizes of all stations, N and Nmm
-    std::size_t first_ = 0;           // the case in which the last section failed
-};
 
 class Optimizer {
 public:

@@ -4,10 +4,9 @@
 #include "app/batch.h"
 #include "app/cell_reader.h"
 #include "app/choices.h"
-#include "app/commercial_sizes.h"
 #include "app/field_hint.h"
 #include "app/input_boxes.h"
-#include "app/table_record.h"
+#include "app/size_list.h"
 #include "app/unloaded_member.h"
 #include "sections/family_table.h"
 #include "sections/section_names.h"
@@ -22,37 +21,6 @@
 namespace kestrum {
 
 namespace {
-
-std::string Shortest(float value)
-{
-    std::string text;
-    AppendNumber(text, value);
-    return text;
-}
-
-// A size as it is typed: a finite number above 0.
-std::optional<double> SizeOf(std::string_view text)
-{
-    text = Trimmed(text);
-    double value = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, fault] = std::from_chars(text.data(), end, value);
-    const bool good = fault == std::errc{} && stop == end && std::isfinite(value) && value >= 0;
-    return good ? std::optional(value) : std::nullopt;
-}
-
-std::vector<std::string_view> Parts(std::string_view text, char separator)
-{
-    std::vector<std::string_view> parts;
-    for (;;) {
-        const std::size_t end = std::min(text.find(separator), text.size());
-        parts.push_back(text.substr(0, end));
-        if (end == text.size()) {
-            return parts;
-        }
-        text.remove_prefix(end + 1);
-    }
-}
 
 bool IsThickness(std::string_view field)
 {
@@ -77,70 +45,6 @@ bool IsOfPlates(const FamilyTraits& family)
 {
     return family.kind != Kind::general &&
            (family.input == SectionInput::dimensions || family.input == SectionInput::stiffener);
-}
-
-template <class Sizes>
-void AddSizes(const Sizes& sizes, double least, double most, std::vector<std::string>& texts)
-{
-    for (const float size : sizes) {
-        if (size >= least && size <= most) {
-            texts.push_back(Shortest(size));
-        }
-    }
-}
-
-// The sizes that a list by name has, "plates" or "plates:6:30". False for another spec.
-bool AddListed(std::string_view spec, bool diameter, std::vector<std::string>& texts)
-{
-    const std::vector<std::string_view> parts = Parts(spec, ':');
-    const auto least = parts.size() == 3 ? SizeOf(parts[1]) : std::optional(0.0);
-    const auto most = parts.size() == 3 ? SizeOf(parts[2])
-                                        : std::optional(std::numeric_limits<double>::infinity());
-    if ((parts.size() != 1 && parts.size() != 3) || !least || !most) {
-        return false;
-    }
-    if (parts[0] == "plates") {
-        AddSizes(kPlateThicknesses, *least, *most, texts);
-        return true;
-    }
-    if (parts[0] == "tubes" && diameter) {
-        AddSizes(kTubeDiameters, *least, *most, texts);
-        return true;
-    }
-    if (parts[0] == "tubes") {
-        AddSizes(kTubeWalls, *least, *most, texts);
-        return true;
-    }
-    return false;
-}
-
-// "300:900:50" or "6,8,10". False for another spec.
-bool AddNumbers(std::string_view spec, std::vector<std::string>& texts)
-{
-    const std::vector<std::string_view> parts = Parts(spec, ':');
-    if (parts.size() == 3) {
-        const auto from = SizeOf(parts[0]), to = SizeOf(parts[1]), step = SizeOf(parts[2]);
-        if (!from || !to || !step || *step <= 0 || *to < *from) {
-            return false;
-        }
-        constexpr double kRounding = 1e-9;  // of a step
-        for (std::size_t i = 0; i <= SectionPool::kMostSizes; ++i) {
-            const double size = *from + static_cast<double>(i) * *step;
-            if (size > *to + kRounding * *step) {
-                break;
-            }
-            texts.push_back(Shortest(static_cast<float>(size)));
-        }
-        return true;
-    }
-    for (const std::string_view part : Parts(spec, ',')) {
-        const auto size = SizeOf(part);
-        if (!size || texts.size() > SectionPool::kMostSizes) {
-            return false;
-        }
-        texts.push_back(Shortest(static_cast<float>(*size)));
-    }
-    return true;
 }
 
 }  // namespace
@@ -195,8 +99,8 @@ std::string SectionPool::Find(const Library& library, std::string_view word,
     } else if (const auto tube = TubeOfName(word)) {
         Entry entry{.family = static_cast<i16>(tube->family), .single = true};
         entry.sizes.resize(2);
-        entry.sizes[0].texts = {Shortest(tube->diameter)};
-        entry.sizes[1].texts = {Shortest(tube->wall)};
+        entry.sizes[0].texts = {SizeText(tube->diameter)};
+        entry.sizes[1].texts = {SizeText(tube->wall)};
         found.push_back(std::move(entry));
     } else if (const auto section = SectionOfName(library, word, 0)) {
         found.push_back({.family = static_cast<i16>(section->family),
@@ -231,143 +135,6 @@ std::string SectionPool::Add(const Library& library, std::string_view word)
         }
     }
     return refusal;
-}
-
-// --- Prices --------------------------------------------------------------------------------------
-
-std::string SectionPool::AddPrices(const Library& library, std::string_view text,
-                                   const std::string& name)
-{
-    constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-    std::size_t section = kNone, price = kNone, steel = kNone;
-    bool per_metre = false;
-    if (text.starts_with("\xEF\xBB\xBF")) {
-        text.remove_prefix(3);
-    }
-    std::size_t line = 1;
-    const auto take = [&](std::string_view separators) {
-        const char* const before = text.data();
-        const std::string_view record = TakeRecord(text, separators);
-        line += static_cast<std::size_t>(std::count(before, text.data(), '\n'));
-        return record;
-    };
-    const auto at = [&name](std::size_t number, const std::string& what) {
-        return name + ":" + std::to_string(number) + ": " + what;
-    };
-    const std::string_view header = take(kAnySeparator);
-    const char separator = SeparatorOf(header);
-    std::size_t count = 0;
-    for (CellReader cells(header, separator); cells.Next(); ++count) {
-        const std::string_view column = Trimmed(cells.cell());
-        const bool per_kg = column == "price/kg";
-        std::size_t* const place = column == "section"             ? &section
-                                   : column == "steel"             ? &steel
-                                   : per_kg || column == "price/m" ? &price
-                                                                   : nullptr;
-        if (place == nullptr || *place != kNone) {
-            return at(1, "column \"" + std::string(column) + "\": expected section, price/kg or " +
-                             "price/m, and steel, each once");
-        }
-        *place = count;
-        per_metre = per_metre || column == "price/m";
-    }
-    if (section == kNone) {
-        return at(1, "no column section");
-    }
-    while (!text.empty()) {
-        const std::size_t number = line;
-        const std::string_view record = take({&separator, 1});
-        if (Trimmed(record).empty()) {
-            continue;
-        }
-        std::vector<std::string> cells;
-        CellReader reader(record, separator);
-        while (record.size() <= kLongestLine && reader.Next()) {
-            cells.emplace_back(Trimmed(reader.cell()));
-        }
-        if (!reader.fault().empty() || cells.size() != count) {
-            return at(number, !reader.fault().empty() ? std::string(reader.fault())
-                              : cells.size() < count  ? "fewer cells than columns"
-                                                      : "more cells than columns");
-        }
-        const auto cell = [&](std::size_t column) {
-            return column == kNone ? std::string{} : cells[column];
-        };
-        const std::string refusal = AddPriceLine(library, {cell(section), cell(price), cell(steel)},
-                                                 price == kNone, per_metre);
-        if (!refusal.empty()) {
-            return at(number, refusal);
-        }
-    }
-    return entries_.empty() ? at(1, "holds no sections") : std::string{};
-}
-
-std::string SectionPool::AddPriceLine(const Library& library,
-                                      const std::array<std::string, 3>& cells, bool unpriced,
-                                      bool per_metre)
-{
-    const auto& [word, price, steel] = cells;
-    PriceLine line{.word = word};
-    std::string refusal = word.empty() ? std::string("no section") : Find(library, word, line.of);
-    if (!refusal.empty()) {
-        return refusal;
-    }
-    refusal = Add(library, word);
-    if (!refusal.empty() || unpriced) {
-        return refusal;
-    }
-    if (!steel.empty()) {
-        const auto named = ValueOfName(library, *FindChoice("fykindex"), steel);
-        if (!named) {
-            return "steel: \"" + steel + "\": no such name in the list";
-        }
-        line.steel = *named;
-    }
-    std::string digits = price;
-    std::replace(digits.begin(), digits.end(), ',', '.');
-    const auto value = SizeOf(digits);
-    if (!value) {
-        return "price: \"" + price + "\" is no number of 0 and above";
-    }
-    line.price = {*value, per_metre};
-    for (const PriceLine& other : prices_) {
-        const bool same =
-            other.steel == line.steel && other.of.size() == line.of.size() &&
-            std::equal(other.of.begin(), other.of.end(), line.of.begin(),
-                       [](const Entry& a, const Entry& b) { return Covers(a, b) && Covers(b, a); });
-        if (same) {
-            return word + ": has a price already";
-        }
-    }
-    prices_.push_back(std::move(line));
-    return {};
-}
-
-bool SectionPool::Prices(const Entry& entry, const Entry& of, i16 row)
-{
-    Entry one = of;
-    one.row = of.table ? std::optional(row) : std::nullopt;
-    return Covers(entry, one) || (!entry.single && !entry.table && entry.family == of.family);
-}
-
-std::optional<Price> SectionPool::PriceOf(const Candidate& candidate, int steel) const
-{
-    const Entry& entry = entries_[candidate.entry];
-    const PriceLine* best = nullptr;
-    std::pair<bool, bool> closest;
-    for (const PriceLine& line : prices_) {
-        const auto prices = [&](const Entry& of) { return Prices(of, entry, candidate.row); };
-        if ((line.steel != -1 && line.steel != steel) ||
-            std::none_of(line.of.begin(), line.of.end(), prices)) {
-            continue;
-        }
-        const std::pair close(line.of.front().single || line.of.front().row, line.steel != -1);
-        if (best == nullptr || close > closest) {
-            best = &line;
-            closest = close;
-        }
-    }
-    return best != nullptr ? std::optional(best->price) : std::nullopt;
 }
 
 // --- Dimensions ----------------------------------------------------------------------------------
@@ -416,7 +183,8 @@ std::string SectionPool::FillSizes(const Library& library, const Entry& entry, S
     if (spec.empty()) {
         return {};
     }
-    if (!AddListed(spec, tube && !wall, sizes.texts) && !AddNumbers(spec, sizes.texts)) {
+    const TubeSize size = !tube ? TubeSize::none : wall ? TubeSize::wall : TubeSize::diameter;
+    if (!AddSizes(spec, size, sizes.texts)) {
         return name + "=" + spec + ": expected FROM:TO:STEP, sizes with commas between, or plates";
     }
     if (sizes.texts.empty() || sizes.texts.size() > kMostSizes) {

@@ -37,8 +37,8 @@ struct Price {
 
 class SectionPool {
 public:
-    // A pool may hold so many sections, a dimension so many sizes.
-    static constexpr std::size_t kMost = 1000000, kMostSizes = 255;
+    // A pool may hold so many sections.
+    static constexpr std::size_t kMost = 1000000;
 
     // A family by number, caption or short name, a series ("UB"), a section ("IPE 300",
     // "CHS 114.3x5"), or `all`: every family with a table of its own sections. Returns why there is
