@@ -15,6 +15,7 @@
 #include "core/file_io.h"
 #include "core/number_format.h"
 #include "core/utf8_text.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -166,6 +167,17 @@ void SpareInputs(const OptimizeArguments& arguments)
     }
 }
 
+// A section that cannot buckle laterally has switched the check off; one that can needs it.
+void TellLateral(const Options& options, const ProjectState& before, const ProjectState& s)
+{
+    constexpr auto kOff = LateralBuckling::off;
+    if (before.ltb == 0 && Traits(before).design.lateral == kOff &&
+        Traits(s).design.lateral != kOff) {
+        Hint(options, "lateral torsional buckling is off in the project, whose section cannot have "
+                      "it, and is not checked for the section chosen either; ltb=1 has it checked");
+    }
+}
+
 int OptimizeProject(const Options& options, const OptimizeArguments& arguments)
 {
     for (const auto& [option, given] :
@@ -178,7 +190,7 @@ int OptimizeProject(const Options& options, const OptimizeArguments& arguments)
     SpareInputs(arguments);
     const Interrupt interrupt;
     const Library library = LoadTables(options);
-    ProjectState project = OpenProject(library, arguments.members);
+    const ProjectState project = OpenProject(library, arguments.members);
     const SectionPool pool = PoolOf(library, arguments, std::to_string(project.family), interrupt);
     Optimizer optimizer(library, pool, WishesOf(library, arguments));
     Require("--by", optimizer.refusal());
@@ -205,9 +217,11 @@ int OptimizeProject(const Options& options, const OptimizeArguments& arguments)
         Complain(arguments.members + ": " + answer.message);
         return kSomeAbove;
     }
+    ProjectState chosen = project;
+    optimizer.Give(chosen, answer.found.front());
+    TellLateral(options, project, chosen);
     if (!arguments.out.empty()) {
-        optimizer.Give(project, answer.found.front());
-        SaveProject(project, arguments.out);
+        SaveProject(chosen, arguments.out);
     }
     return kAllWithin;
 }

@@ -11,6 +11,7 @@ namespace kestrum {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 class OptimizeCommand : public CommandLine {
@@ -34,6 +35,15 @@ TEST_F(OptimizeCommand, WritesTheProjectWithItsSection)
     EXPECT_THAT(Kestrum("check chosen.kst --format csv --exit-zero").out,
                 HasSubstr("within limits"));
     EXPECT_THAT(Kestrum("set chosen.kst --dry-run section='IPE 180'").out, StartsWith("nothing"));
+}
+
+// A hollow section switches lateral torsional buckling off; an I section needs it.
+TEST_F(OptimizeCommand, TellsThatLateralBucklingIsOff)
+{
+    EXPECT_THAT(Kestrum("optimize beam.kst --pool IPE").err, Not(HasSubstr("lateral")));
+    ASSERT_EQ(Kestrum("set beam.kst family=SHS").exit, 0);
+    EXPECT_THAT(Kestrum("optimize beam.kst --pool IPE").err, HasSubstr("ltb=1 has it checked"));
+    EXPECT_THAT(Kestrum("optimize beam.kst").err, Not(HasSubstr("lateral")));
 }
 
 TEST_F(OptimizeCommand, SaysWhichComesNearestWhereNonePasses)
