@@ -19,6 +19,7 @@ cmake --build "$place/api" >"$place/log" || { cat "$place/log"; exit 1; }
 "$place/api/beam" >"$place/beam.txt"
 grep -q '^IPE [0-9]* passes$' "$place/beam.txt"
 "$place/api/column" | grep -q '^within limits'
+"$place/api/frame" | grep -q '^all columns: HE[AB] [0-9]*, '
 
 # The header alone as C99 and C++17, and the same programs by pkg-config.
 export PKG_CONFIG_PATH PKG_CONFIG_SYSROOT_DIR=
