@@ -364,6 +364,12 @@ std::string SummaryCsv(const MemberSummary& summary, CsvTexts texts)
             AppendNumber(out, value);
         }
     };
+    const auto single = [&](double value, bool wanted) {  // as the fields of a member are
+        out.append(wanted ? "," : "");
+        if (wanted && std::isfinite(value)) {
+            AppendNumber(out, static_cast<float>(value));
+        }
+    };
     const auto result = [&](const SummaryResult& each) {
         text(each.verdict);
         number(each.ir);
@@ -382,10 +388,10 @@ std::string SummaryCsv(const MemberSummary& summary, CsvTexts texts)
         }
         text(member.section, summary.has_section);
         text(member.section_before, summary.has_before);
-        number(member.weight_before, summary.has_before);
+        single(member.weight_before, summary.has_before);
         number(member.MassBefore(), summary.has_before);
-        number(member.weight, summary.has_mass);
-        number(member.length, summary.has_mass);
+        single(member.weight, summary.has_mass);
+        single(member.length, summary.has_mass);
         number(member.Mass(), summary.has_mass);
         text(member.notes);
         text(member.message);

@@ -305,7 +305,8 @@ int Run(int argc, char** argv)
     merge.callback([&] { exit = Merge(options, merged); });
 
     CLI::App& summary = *app.add_subcommand(
-        "summary", "sorts the answers of batch or envelope by ratio: table, workbook or pages");
+        "summary",
+        "sorts the answers of batch, envelope or optimize by ratio: table, workbook or pages");
     summary.add_option("answers", summed.answers, "answers as CSV; - is standard input")
         ->required()
         ->type_name("ANSWERS");
