@@ -208,7 +208,8 @@ int Run(int argc, char** argv)
         .add_option("FILE", report.files,
                     "project files, - for standard input; several go into one .pdf")
         ->required();
-    AddOutput(printed, report.out, "file to write: .pdf, .svg or .png; full: .html and .md too")
+    AddOutput(printed, report.out,
+              "file to write: .pdf, .svg or .png; full: .html, .odt and .md too")
         ->required();
     for (const auto& [name, what] :
          {std::pair{"company", "company"}, std::pair{"logo", "PNG or SVG file of its logo"},

@@ -8,13 +8,12 @@
 #include "core/sha256.h"
 #include "document/html_writer.h"
 #include "document/markdown_writer.h"
+#include "document/odt_writer.h"
 #include "document/office.h"
 #include "document/page_layout.h"
 #include "render/pdf_extras.h"
-#include "sections/load_library.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
 #include <string_view>
 
@@ -34,10 +33,10 @@ void WriteText(const std::string& text, const std::string& path)
 
 void RequireEnding(const std::string& path)
 {
-    constexpr std::string_view kEndings[] = {".html", ".md", ".pdf", ".svg", ".png"};
+    constexpr std::string_view kEndings[] = {".html", ".md", ".odt", ".pdf", ".svg", ".png"};
     const std::string ending = EndingOf(path);
     if (std::find(std::begin(kEndings), std::end(kEndings), ending) == std::end(kEndings)) {
-        throw BadInput(path + ": the name has to end in .pdf, .html, .md, .svg or .png");
+        throw BadInput(path + ": the name has to end in .pdf, .html, .odt, .md, .svg or .png");
     }
 }
 
@@ -51,10 +50,10 @@ std::string ReadFile(const std::string& path)
     return bytes;
 }
 
-void ReadOfficeFile(const std::string& path, Office& office)
+void Require(const std::string& fault)
 {
-    if (const auto fault = ReadOffice(ReadFile(path), office)) {
-        throw BadInput(FaultText(path, *fault));
+    if (!fault.empty()) {
+        throw BadInput(fault);
     }
 }
 
@@ -62,13 +61,8 @@ void ReadOfficeFile(const std::string& path, Office& office)
 Office OfficeOf(const ReportArguments& arguments)
 {
     Office office;
-    const std::string own = UserDataFolder() + "/" + std::string(kOfficeFile);
-    std::error_code ignored;
-    if (!arguments.office.empty()) {
-        ReadOfficeFile(arguments.office, office);
-    } else if (std::filesystem::is_regular_file(own, ignored)) {
-        ReadOfficeFile(own, office);
-    }
+    Require(arguments.office.empty() ? ReadUserOffice(office)
+                                     : ReadOfficeFile(arguments.office, office));
     for (const auto& [name, value] : arguments.head) {
         const std::string fault = value.empty() ? std::string() : SetOffice(office, name, value);
         if (!fault.empty()) {
@@ -80,17 +74,10 @@ Office OfficeOf(const ReportArguments& arguments)
 
 DocumentHead HeadOf(const ReportArguments& arguments)
 {
-    const Office office = OfficeOf(arguments);
     DocumentHead head;
-    TakeOffice(office, head);
+    Require(kestrum::HeadOf(OfficeOf(arguments), head));
     if (head.date.empty() && !arguments.reproducible) {
         head.date = StampOfNow().date;
-    }
-    if (!office.logo.empty()) {
-        const std::string fault = ReadLogo(ReadFile(office.logo), head.logo);
-        if (!fault.empty()) {
-            throw BadInput(office.logo + ": " + fault);
-        }
     }
     return head;
 }
@@ -153,6 +140,8 @@ int ReportFull(const Options& options, const ReportArguments& arguments)
         WriteText(WriteHtml(document), arguments.out);
     } else if (ending == ".md") {
         WriteText(WriteMarkdown(document), arguments.out);
+    } else if (ending == ".odt") {
+        WriteText(WriteOdt(document), arguments.out);
     } else {
         if (document.head.logo.svg) {
             Hint(options, "the logo is an SVG, which the HTML report shows; pages take a PNG");

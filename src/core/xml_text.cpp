@@ -1,8 +1,12 @@
 #include "core/xml_text.h"
 
+#include "core/utf8_text.h"
+
 namespace kestrum {
 
-void AppendXml(std::string& out, std::string_view text)
+namespace {
+
+void AppendUtf8Text(std::string& out, std::string_view text)
 {
     for (const char c : text) {
         switch (c) {
@@ -21,6 +25,17 @@ void AppendXml(std::string& out, std::string_view text)
         default:
             out.push_back(static_cast<unsigned char>(c) < 0x20 ? ' ' : c);
         }
+    }
+}
+
+}  // namespace
+
+void AppendXml(std::string& out, std::string_view text)
+{
+    if (IsUtf8(text)) {
+        AppendUtf8Text(out, text);
+    } else {
+        AppendUtf8Text(out, AsUtf8(text));
     }
 }
 

@@ -1,9 +1,13 @@
 #include "document/office.h"
 
+#include "core/file_io.h"
+#include "core/utf8_path.h"
 #include "core/utf8_text.h"
+#include "sections/load_library.h"
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 
 namespace kestrum {
 
@@ -119,6 +123,40 @@ void TakeOffice(const Office& office, DocumentHead& head)
     head.revision = office.revision;
     head.date = office.date;
     head.decimal = office.decimal == "comma" ? ',' : '.';
+}
+
+std::string ReadOfficeFile(const std::string& path, Office& office)
+{
+    std::string bytes;
+    const std::string fault = ReadWholeFile(path, bytes);
+    if (!fault.empty()) {
+        return path + ": " + fault;
+    }
+    const std::optional<FileFault> line = ReadOffice(bytes, office);
+    return line ? FaultText(path, *line) : std::string();
+}
+
+std::string ReadUserOffice(Office& office)
+{
+    const std::string folder = UserDataFolder();
+    const std::string path = folder + "/" + std::string(kOfficeFile);
+    std::error_code ignored;
+    const bool there = !folder.empty() && std::filesystem::is_regular_file(Utf8Path(path), ignored);
+    return there ? ReadOfficeFile(path, office) : std::string();
+}
+
+std::string HeadOf(const Office& office, DocumentHead& head)
+{
+    TakeOffice(office, head);
+    if (office.logo.empty()) {
+        return {};
+    }
+    std::string bytes;
+    std::string fault = ReadWholeFile(office.logo, bytes);
+    if (fault.empty()) {
+        fault = ReadLogo(std::move(bytes), head.logo);
+    }
+    return fault.empty() ? fault : office.logo + ": " + fault;
 }
 
 }  // namespace kestrum

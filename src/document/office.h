@@ -36,4 +36,11 @@ std::string ReadLogo(std::string bytes, Logo& logo);
 // All but the logo.
 void TakeOffice(const Office& office, DocumentHead& head);
 
+// These read files and return what is wrong, with the name of the file; empty where nothing is.
+std::string ReadOfficeFile(const std::string& path, Office& office);
+// office.txt in the data folder of the user, where there is one.
+std::string ReadUserOffice(Office& office);
+// With the logo.
+std::string HeadOf(const Office& office, DocumentHead& head);
+
 }  // namespace kestrum

@@ -230,30 +230,46 @@ double UnequalAngleMoment(const ProjectState& s, const StandardSection& q, bool 
     return euler * (std::sqrt(section.git / euler + zj * zj) + zj);
 }
 
-double NumericalMoment(const LateralCase& m, double moment)
+// The member as the numerical solution takes it.
+struct NumericalModel {
+    LineOf line;
+    LateralSection section;
+    Ends ends;
+    std::array<double, kMaxHeld> held{};
+    std::size_t restraints;
+
+    LateralSupports Supports() const { return {ends.start, ends.end, {held.data(), restraints}}; }
+};
+
+NumericalModel ModelOf(const LateralCase& m, bool sagging)
 {
-    const bool sagging = moment > 0;
     const ProjectState& s = m.s;
     const StandardSection& q = m.p.q;
     const CombinedLines& lines = m.lines;
     const Ends ends = EndsOf(s);
-    LineOf line(lines, 0, lines.grid.Length(), ends.stretch);
+    NumericalModel model{LineOf(lines, 0, lines.grid.Length(), ends.stretch),
+                         SectionFor(q),
+                         ends,
+                         {},
+                         static_cast<std::size_t>(std::max<int>(s.restraints, 0))};
     const double level = LoadLevel(s, q);
     double above = level - q.centre_z;
     if (SenseOfLoads(m) < 0) {
         above = m.basis.pick(Dev::d213, -above, above);
     }
-    line.AddLevels(m.loads, m.factors, above + q.centre_z, q.centre_z);
-    std::array<double, kMaxHeld> held{};
-    const auto restraints = static_cast<std::size_t>(std::max<int>(s.restraints, 0));
-    for (std::size_t i = 0; i < std::min(restraints, kMaxHeld); ++i) {
-        held[i] = line.At(lines.grid.Length() * static_cast<double>(i + 1) /
-                          static_cast<double>(restraints + 1));
+    model.line.AddLevels(m.loads, m.factors, above + q.centre_z, q.centre_z);
+    for (std::size_t i = 0; i < std::min(model.restraints, kMaxHeld); ++i) {
+        model.held[i] = model.line.At(lines.grid.Length() * static_cast<double>(i + 1) /
+                                      static_cast<double>(model.restraints + 1));
     }
-    LateralSection section = SectionFor(q);
-    section.zj = sagging ? q.zj : q.zj_hogging;
-    const double alpha =
-        m.p.solved.Factor(section, {ends.start, ends.end, {held.data(), restraints}}, line.Line());
+    model.section.zj = sagging ? q.zj : q.zj_hogging;
+    return model;
+}
+
+double NumericalMoment(const LateralCase& m, double moment)
+{
+    const NumericalModel model = ModelOf(m, moment > 0);
+    const double alpha = m.p.solved.Factor(model.section, model.Supports(), model.line.Line());
     return alpha * std::abs(moment) * kNmm;
 }
 
@@ -406,6 +422,19 @@ LateralResult LateralBucklingOf(const LateralCase& m)
     Reduce(s, q, r, m.basis);
     r.resistance = r.chi * resistance / q.gammam1;
     return r;
+}
+
+std::optional<BucklingShape> BucklingShapeOf(const LateralCase& m)
+{
+    const LineExtreme most = m.lines.LargestMoment(Axis::y);
+    if (most.value == 0 || m.p.q.Angle()) {
+        return std::nullopt;
+    }
+    const NumericalModel model = ModelOf(m, most.value > 0);
+    BucklingShape shape{};
+    const double alpha =
+        CriticalLoadFactor(model.section, model.Supports(), model.line.Line(), &shape);
+    return std::isfinite(alpha) ? std::optional(shape) : std::nullopt;
 }
 
 }  // namespace kestrum::standard

@@ -2,8 +2,11 @@
 
 // Lateral torsional buckling of the whole member under its real moment line, EN 1993-1-1, 6.3.2.
 
+#include "clauses/critical_moment.h"
 #include "standard/lines.h"
 #include "standard/resistance.h"
+
+#include <optional>
 
 namespace kestrum::standard {
 
@@ -34,6 +37,9 @@ struct LateralCase {
 // Of a line with a moment; the numerical solution, or the closed formula with the user's C factors.
 // Deviations D201, D213 to D216, D233 to D235, D238, D239.
 LateralResult LateralBucklingOf(const LateralCase& m);
+
+// The shape that goes with the numerical solution; nothing without one.
+std::optional<BucklingShape> BucklingShapeOf(const LateralCase& m);
 
 // Critical moment of uniform moment, Annex A: k up to 1 counts as 1, kNm.
 double UniformCriticalMoment(const ProjectState& s, const StandardSection& q);

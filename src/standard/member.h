@@ -6,6 +6,7 @@
 #include "core/arithmetic_trap.h"
 #include "core/library.h"
 #include "core/project_state.h"
+#include "standard/effective.h"
 #include "standard/lines.h"
 #include "standard/resistance.h"
 #include "standard/result.h"
@@ -52,6 +53,8 @@ std::string WithMember(const Library& library, const ProjectState& project, cons
     }
     return reason;
 }
+// What acts somewhere on the member.
+ActingForces ActingIn(const CombinedLines& lines);
 
 // Section and member checks of one combination. False where the numerical solution does not take
 // the member.

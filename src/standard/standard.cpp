@@ -21,16 +21,6 @@ namespace kestrum::standard {
 
 namespace {
 
-constexpr double kNothing = 1e-9;  // kNm: a moment that is a rounding of none
-
-ActingForces ActingIn(const CombinedLines& lines)
-{
-    const LineExtremes y = ExtremesOfMoment(lines.grid, lines.y.m);
-    const LineExtremes z = ExtremesOfMoment(lines.grid, lines.z.m);
-    return {lines.n * 1e3, y.most.value > kNothing,
-            y.least.value<-kNothing, z.most.value> kNothing || z.least.value < -kNothing};
-}
-
 ShearInputs ShearInputsOf(const ProjectState& s)
 {
     const bool stiffened = s.webstiff == 1 && s.webstiffa > 0;
@@ -67,10 +57,6 @@ double FlangeLoadOf(const Member& m, const LoadFactors& factors, const CombinedL
     return both ? sum * m.s.flangeload / 100 : sum;
 }
 
-}  // namespace
-
-namespace {
-
 SectionMember SectionMemberOf(const Member& m, const LoadCase& load_case,
                               const CombinedLines& lines)
 {
@@ -79,6 +65,15 @@ SectionMember SectionMemberOf(const Member& m, const LoadCase& load_case,
 }
 
 }  // namespace
+
+ActingForces ActingIn(const CombinedLines& lines)
+{
+    constexpr double kNothing = 1e-9;  // kNm: a moment that is a rounding of none
+    const LineExtremes y = ExtremesOfMoment(lines.grid, lines.y.m);
+    const LineExtremes z = ExtremesOfMoment(lines.grid, lines.z.m);
+    return {lines.n * 1e3, y.most.value > kNothing,
+            y.least.value<-kNothing, z.most.value> kNothing || z.least.value < -kNothing};
+}
 
 bool CheckStrength(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
                    Checks& checks)

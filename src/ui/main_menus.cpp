@@ -7,6 +7,7 @@
 #include "core/project_state.h"
 #include "render/export.h"
 #include "sections/family_table.h"
+#include "ui/calculation_preview.h"
 #include "ui/form_dock.h"
 #include "ui/main_window.h"
 #include "ui/standard_desk.h"
@@ -321,6 +322,8 @@ void MainWindow::BuildPrintMenu(QMenu* menu)
                   QKeySequence(kKeys[static_cast<std::size_t>(report)]),
                   [this, report] { PrintReport(desk_.session, static_cast<Report>(report)); });
     }
+    AddAction(menu, QStringLiteral("mnucalculation"), tr("Calculation &report..."), {},
+              [this] { PreviewCalculation(this, desk_.session); });
     menu->addSeparator();
     for (int report = 0; report < kReports; ++report) {
         AddAction(menu, QStringLiteral("mnupdf%1").arg(report),

@@ -1,7 +1,7 @@
 #include "ui/qt_surroundings.h"
 
-#include "render/painter.h"
 #include "ui/document_program.h"
+#include "ui/print_pages.h"
 #include "ui/text.h"
 
 #include <QApplication>
@@ -11,13 +11,10 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QMessageBox>
-#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QUrl>
-
-#include <algorithm>
 
 namespace kestrum {
 
@@ -149,20 +146,7 @@ bool QtSurroundings::Print(const std::vector<Drawing>& pages)
     if (pages.empty() || dialog.exec() != QDialog::Accepted) {
         return false;
     }
-    QPainter painter;
-    if (!painter.begin(&printer)) {
-        return false;
-    }
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        if (i > 0 && !printer.newPage()) {
-            return false;
-        }
-        const QRectF paper = printer.pageLayout().fullRectPixels(printer.resolution());
-        const double scale =
-            std::min(paper.width() / pages[i].width, paper.height() / pages[i].height);
-        Paint(painter, pages[i], scale, {0, 0}, PaperColours());
-    }
-    return painter.end();
+    return PrintPages(printer, pages);
 }
 
 bool QtSurroundings::OpenDocument(const std::string& path)

@@ -5,6 +5,8 @@
 
 #include "core/project_file.h"
 #include "document/markdown_writer.h"
+#include "standard/lateral_study.h"
+#include "standard/standard.h"
 #include "support/member.h"
 #include "support/printed_formula.h"
 
@@ -122,7 +124,7 @@ TEST(Retrace, ResultsAreThoseOfTheRecord)
         ASSERT_GT(s.ned, 0);
         std::map<std::string, Printed> found;
         for (const Printed& printed : ReportOf(input)) {
-            found[printed.symbol] = printed;
+            found.try_emplace(printed.symbol, printed);  // those of the program come first
         }
         const std::map<std::string, double> record = {
             {"N_c,Rd", s.ncrd},      {"M_y,Rd", s.myrd},    {"M_z,Rd", s.mzrd},
@@ -139,6 +141,25 @@ TEST(Retrace, ResultsAreThoseOfTheRecord)
                 << symbol;
         }
     }
+}
+
+// A restraint holds the shear centre and the twist of the buckled member, and its ends do.
+TEST(LateralStudy, TheShapeIsZeroWhereTheMemberIsHeld)
+{
+    const ProjectState s =
+        MemberOf(std::string(kSettings) + "family=4 row.ipe=10 l=10 qload[1]=10 ltb=1 "
+                                          "restraints=1 loadlevel=2 loadmode=1 nload[1]=0");
+    const auto result = standard::CalculateStandard(DeliveredTables(), s);
+    const standard::Check& check = result.checks[standard::CheckId::ltb];
+    ASSERT_TRUE(check.present);
+    const auto study = standard::LateralStudyOf(DeliveredTables(), s, check.load_case);
+    ASSERT_TRUE(study && study->shape);
+    for (const std::size_t held : {0U, 25U, 50U}) {
+        EXPECT_NEAR(study->shape->v[held], 0, 1e-6 * std::abs(study->shape->v[12]));
+        EXPECT_NEAR(study->shape->phi[held], 0, 1e-6);
+    }
+    EXPECT_GT(std::abs(study->shape->phi[12]), 0.1);
+    EXPECT_NEAR(study->result.checked / study->result.resistance, check.ir, 1e-9);
 }
 
 // The report of a member that fails says so and stops there.

@@ -1,8 +1,10 @@
 // Documents on pages, and what offices write on them.
 
+#include "document/odt_writer.h"
 #include "document/office.h"
 #include "document/page_layout.h"
 #include "document/text_flow.h"
+#include "document/zip.h"
 
 #include <gtest/gtest.h>
 
@@ -105,6 +107,37 @@ TEST(WrapLine, KeepsEveryLetterAndTheWidth)
         all += PlainText(line);
     }
     EXPECT_EQ(all, text);
+}
+
+// The check value of CRC-32 in the catalogue of parametrised CRC algorithms.
+TEST(Zip, HasTheChecksumOfThePublishedExample)
+{
+    EXPECT_EQ(Crc32("123456789"), 0xCBF43926U);
+}
+
+// APPNOTE 4.3: headers of files, directory and its end, each with its signature.
+TEST(Zip, HoldsItsFilesAsTheyAre)
+{
+    ZipWriter zip;
+    zip.Add("mimetype", "application/x");
+    zip.Add("a/b.xml", "<a/>");
+    const std::string bytes = zip.Take();
+    EXPECT_EQ(bytes.substr(0, 4), "PK\x03\x04");
+    EXPECT_EQ(bytes.substr(30, 21), "mimetypeapplication/x");
+    const std::size_t end = bytes.find("PK\x05\x06");
+    ASSERT_EQ(end + 22, bytes.size());
+    EXPECT_EQ(bytes[end + 10], 2);  // files
+    const std::size_t directory = bytes.find("PK\x01\x02");
+    EXPECT_EQ(static_cast<unsigned char>(bytes[end + 16]), directory);
+}
+
+TEST(Odt, HoldsTextFormulasAndPagesOfTheDocument)
+{
+    const std::string bytes = WriteOdt(LongDocument(1));
+    EXPECT_EQ(bytes.substr(30, 47), "mimetypeapplication/vnd.oasis.opendocument.text");
+    EXPECT_NE(bytes.find("Formula1/content.xml"), std::string::npos);
+    EXPECT_NE(bytes.find("<text:page-count/>"), std::string::npos);
+    EXPECT_NE(bytes.find("text:outline-level=\"2\">Chapter</text:h>"), std::string::npos);
 }
 
 TEST(Office, ReadsItsLines)

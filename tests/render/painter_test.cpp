@@ -93,6 +93,49 @@ TEST(WritePdf, WritesOnePageADrawingWithTitleAndCreator)
     EXPECT_TRUE(bytes.contains("/Count 2"));
 }
 
+QByteArray PdfOf(const PdfExtras& extras)
+{
+    const QTemporaryDir folder;
+    const std::string path = folder.filePath(QStringLiteral("x.pdf")).toStdString();
+    EXPECT_EQ(WritePdf({Sample(), Sample()}, 1.0, path, &extras), "");
+    QFile file(QString::fromStdString(path));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+// PDF 1.4, 3.4.5: the appended part points at objects by their places in the file.
+TEST(WritePdf, AppendsBookmarksLinksAndTheAuthor)
+{
+    PdfExtras extras;
+    extras.marks = {{0, "First", 0, 20}, {1, "Second \u03c7", 1, 50}};
+    extras.links = {{0, 20, 30, 60, 35, 1}};
+    extras.author = "J. Hansen";
+    const QByteArray bytes = PdfOf(extras);
+    EXPECT_TRUE(bytes.contains("/Subtype /Link"));
+    EXPECT_TRUE(bytes.contains("<FEFF004A002E002000480061006E00730065006E>"));  // J. Hansen
+    EXPECT_TRUE(bytes.contains("03C7>"));                                       // chi
+    // Every object of the last table begins where the table says.
+    const auto table = bytes.lastIndexOf("\nxref\n");
+    const QList<QByteArray> lines = bytes.mid(table + 6).split('\n');
+    int objects = 0;
+    for (qsizetype i = 0; i + 1 < lines.size() && !lines[i].startsWith("trailer"); i += 2) {
+        const QByteArray number = lines[i].split(' ').first();
+        const qsizetype offset = lines[i + 1].left(10).toLongLong();
+        EXPECT_EQ(bytes.mid(offset, number.size() + 6), number + " 0 obj");
+        ++objects;
+    }
+    EXPECT_EQ(objects, 7);  // catalogue, author, list of annotations, link, outline, two bookmarks
+}
+
+TEST(WritePdf, ReproducibleFilesHoldNoTime)
+{
+    PdfExtras extras;
+    extras.reproducible = true;
+    EXPECT_TRUE(PdfOf(extras).contains("/CreationDate (D:20000101000000"));
+    extras.reproducible = false;
+    EXPECT_FALSE(PdfOf(extras).contains("/CreationDate (D:20000101000000"));
+}
+
 TEST(WritePng, HasTheAskedResolution)
 {
     const QTemporaryDir folder;

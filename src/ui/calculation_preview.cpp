@@ -1,0 +1,64 @@
+#include "ui/calculation_preview.h"
+
+#include "app/session.h"
+#include "calculation/calculation_report.h"
+#include "core/file_io.h"
+#include "core/project_file.h"
+#include "core/project_state.h"
+#include "core/sha256.h"
+#include "document/office.h"
+#include "document/page_layout.h"
+#include "ui/print_pages.h"
+
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+
+namespace kestrum {
+
+namespace {
+
+// With name and digest of the file that holds the project as it is.
+ReportedMember MemberOf(const Session& session)
+{
+    ReportedMember member{.project = session.state()};
+    std::string bytes;
+    const std::string& path = member.project.filename;
+    ProjectState saved = member.project;
+    if (ReadWholeFile(path, bytes).empty() && WriteProject(saved) == bytes) {
+        member.file = path.substr(path.find_last_of("/\\") + 1);
+        member.digest = Sha256(bytes);
+    }
+    return member;
+}
+
+}  // namespace
+
+void PreviewCalculation(QWidget* parent, Session& session)
+{
+    Office office;
+    DocumentHead head;
+    std::string fault = ReadUserOffice(office);
+    if (fault.empty()) {
+        fault = HeadOf(office, head);
+    }
+    if (!fault.empty()) {
+        session.surroundings().Warn(fault);
+        return;
+    }
+    if (head.date.empty()) {
+        head.date = session.surroundings().Date();
+    }
+    const ReportedMember member = MemberOf(session);
+    const LaidOut laid =
+        LayOut(CalculationReport(session.library(), {&member, 1}, std::move(head)));
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setFullPage(true);
+    QPrintPreviewDialog preview(&printer, parent);
+    preview.setObjectName(QStringLiteral("calculationpreview"));
+    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested,
+                     [&laid](QPrinter* paper) { PrintPages(*paper, laid.pages); });
+    preview.exec();
+}
+
+}  // namespace kestrum
