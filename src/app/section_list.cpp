@@ -5,9 +5,11 @@
 #include "core/number_format.h"
 #include "engine/calculate.h"
 #include "sections/family_table.h"
+#include "standard/standard.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <tuple>
 #include <utility>
 
@@ -70,6 +72,8 @@ bool Before(const RatedSection& a, const RatedSection& b, SectionOrder order)
         // Unstable is worse than any ratio of a resistance.
         return std::tuple(a.verdict == Verdict::unstable, a.ir) <
                std::tuple(b.verdict == Verdict::unstable, b.ir);
+    case SectionOrder::standard:
+        return a.standard.ir < b.standard.ir;
     case SectionOrder::control:
         return a.control < b.control;
     }
@@ -100,6 +104,26 @@ std::string RatioText(const RatedSection& section)
     default:
         return std::string(VerdictWord(section.verdict));
     }
+}
+
+std::string StandardRatioText(const RatedSection& section)
+{
+    const StandardRating& standard = section.standard;
+    if (!standard.known) {
+        return {};
+    }
+    if (!standard.rated) {
+        return "not covered";
+    }
+    return (std::isfinite(standard.ir) ? FormatNum(standard.ir, "0.00") : "infinite") +
+           (standard.above ? " > limit" : "");
+}
+
+StandardRating RateByStandard(const Library& library, ProjectState given, i16 row)
+{
+    given.row[static_cast<std::size_t>(TableOf(given))] = row;
+    const standard::StandardResult result = standard::CalculateStandard(library, given);
+    return {true, result.rated, result.above, result.ir};
 }
 
 std::vector<RatedSection> RateSections(const Library& library, const ProjectState& s)
@@ -135,6 +159,9 @@ void SortSections(std::vector<RatedSection>& sections, SectionOrder order, bool 
             if (ranks && Rated(a) != Rated(b)) {
                 return Rated(a);
             }
+            if (order == SectionOrder::standard && a.standard.rated != b.standard.rated) {
+                return a.standard.rated;
+            }
             return descending ? Before(b, a, order) : Before(a, b, order);
         });
 }
@@ -159,32 +186,54 @@ std::vector<SectionGroup> SectionGroups(const ProjectState& s)
     return groups;
 }
 
-std::optional<FoundSection> FindLightest(const Library& library, const ProjectState& s,
-                                         std::span<const int> families)
+namespace {
+
+// The member in a family, with a series of it.
+ProjectState MemberIn(const ProjectState& s, const FoundSection& section)
 {
-    std::optional<FoundSection> best;
+    ProjectState member = s;
+    member.family = static_cast<i16>(section.family);
+    if (section.series != 0) {
+        member.*TraitsOf(section.family).series = section.series;
+    }
+    return member;
+}
+
+bool Lighter(const FoundSection& a, const FoundSection& b)
+{
+    return std::tuple(a.section.mass, a.section.ir) < std::tuple(b.section.mass, b.section.ir);
+}
+
+}  // namespace
+
+std::optional<FoundSection> FindLightest(const Library& library, const ProjectState& s,
+                                         std::span<const int> families, bool both)
+{
+    std::vector<FoundSection> passing;
     for (const int id : families) {
         const FamilyTraits& family = TraitsOf(id);
-        ProjectState member = s;
-        member.family = static_cast<i16>(id);
         for (std::size_t i = 0; i < family.tables.size(); ++i) {
-            const i16 series = family.series != nullptr ? static_cast<i16>(i + 1) : i16{0};
-            if (series != 0) {
-                member.*family.series = series;
-            }
+            FoundSection found{id, family.series != nullptr ? static_cast<i16>(i + 1) : i16{0},
+                               Table{}, RatedSection{}};
+            const ProjectState member = MemberIn(s, found);
+            found.table = TableOf(member);
             for (RatedSection& section : RateSections(library, member)) {
-                if (section.passes() &&
-                    (!best || std::tuple(section.mass, section.ir) <
-                                  std::tuple(best->section.mass, best->section.ir))) {
-                    best = FoundSection{id, series, TableOf(member), std::move(section)};
+                if (section.passes()) {
+                    found.section = std::move(section);
+                    passing.push_back(found);
                 }
             }
         }
     }
-    return best;
+    std::stable_sort(passing.begin(), passing.end(), Lighter);
+    const ProjectState given = AsGiven(s);
+    const auto first = std::find_if(passing.begin(), passing.end(), [&](const FoundSection& found) {
+        return !both || RateByStandard(library, MemberIn(given, found), found.section.row).passes();
+    });
+    return first != passing.end() ? std::optional(*first) : std::nullopt;
 }
 
-bool ChooseLightest(Session& session, const SectionGroup& group)
+bool ChooseLightest(Session& session, const SectionGroup& group, bool both)
 {
     ProjectState member = session.state();
     if (session.lateraloff() != 0) {
@@ -192,9 +241,10 @@ bool ChooseLightest(Session& session, const SectionGroup& group)
         FollowLateralTick(member);
     }
     const std::optional<FoundSection> found =
-        FindLightest(session.library(), member, group.families);
+        FindLightest(session.library(), member, group.families, both);
     if (!found) {
-        session.surroundings().Warn("No section passes: " + group.name);
+        session.surroundings().Warn((both ? "No section passes by both: " : "No section passes: ") +
+                                    group.name);
         return false;
     }
     ProjectState& s = session.edit();

@@ -15,6 +15,15 @@
 
 namespace kestrum {
 
+// The result by EN 1993-1-1 as written, which takes longer than that of the program.
+struct StandardRating {
+    bool known = false;  // calculated yet
+    bool rated = false, above = false;
+    double ir = 0;
+
+    bool passes() const { return rated && !above; }
+};
+
 struct RatedSection {
     i16 row = 0;         // of the table
     std::string name{};  // "HEA 200"
@@ -23,12 +32,19 @@ struct RatedSection {
     Verdict verdict = Verdict::bad;
     double ir = 0;          // as the outcome has it
     std::string control{};  // that governs: "NEd/NRd"
+    StandardRating standard{};
 
     bool passes() const { return verdict == Verdict::within; }
 };
 
 // "0.63"; "1.24 > limit", for those who do not see a colour; the verdict of a row without a ratio.
 std::string RatioText(const RatedSection& section);
+
+// The same of the standard's result; empty as long as it is not known.
+std::string StandardRatioText(const RatedSection& section);
+
+// The row of the table by EN 1993-1-1 as written; `given` as a pass was given the project.
+StandardRating RateByStandard(const Library& library, ProjectState given, i16 row);
 
 // All rows of the table of the family and series in hand; none for a family without tables.
 std::vector<RatedSection> RateSections(const Library& library, const ProjectState& s);
@@ -37,7 +53,7 @@ std::vector<RatedSection> RateSections(const Library& library, const ProjectStat
 // finds IPE 220.
 bool Finds(std::string_view typed, std::string_view name);
 
-enum class SectionOrder : std::uint8_t { table, mass, height, ratio, control };
+enum class SectionOrder : std::uint8_t { table, mass, height, ratio, standard, control };
 
 // Rows of one value stay in the order of the table; rows without a ratio come last.
 void SortSections(std::vector<RatedSection>& sections, SectionOrder order, bool descending);
@@ -59,12 +75,13 @@ struct FoundSection {
 };
 
 // The lightest section within all limits that carries every load given; nothing when there is none.
-// Of two with one mass the one with the smaller ratio.
+// Of two with one mass the one with the smaller ratio. `both`: within all limits by EN 1993-1-1 as
+// written, too.
 std::optional<FoundSection> FindLightest(const Library& library, const ProjectState& s,
-                                         std::span<const int> families);
+                                         std::span<const int> families, bool both = false);
 
 // Takes it for the member; says so when there is none. The control of lateral torsional buckling
 // that a family has switched off in between is on again for those that need it.
-bool ChooseLightest(Session& session, const SectionGroup& group);
+bool ChooseLightest(Session& session, const SectionGroup& group, bool both = false);
 
 }  // namespace kestrum

@@ -4,7 +4,9 @@
 #include "app/section_commands.h"
 #include "app/section_list.h"
 #include "core/number_format.h"
+#include "engine/calculate.h"
 #include "sections/family_table.h"
+#include "ui/latest_job.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -20,16 +22,17 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace kestrum {
 
 namespace {
 
-enum Column { kName, kMass, kHeight, kRatio, kControl, kColumns };
-constexpr SectionOrder kOrders[kColumns] = {SectionOrder::table, SectionOrder::mass,
-                                            SectionOrder::height, SectionOrder::ratio,
-                                            SectionOrder::control};
+enum Column { kName, kMass, kHeight, kRatio, kStandard, kControl, kColumns };
+constexpr SectionOrder kOrders[kColumns] = {SectionOrder::table,    SectionOrder::mass,
+                                            SectionOrder::height,   SectionOrder::ratio,
+                                            SectionOrder::standard, SectionOrder::control};
 constexpr int kBarRole = Qt::UserRole, kAboveRole = Qt::UserRole + 1;
 
 class SectionModel final : public QAbstractTableModel {
@@ -43,6 +46,30 @@ public:
     {
         all_ = std::move(sections);
         Arrange();
+    }
+
+    // Ratings of the rows from `first` on.
+    void SetStandard(std::size_t first, const std::vector<StandardRating>& ratings)
+    {
+        for (std::size_t i = 0; i < ratings.size() && first + i < all_.size(); ++i) {
+            all_[first + i].standard = ratings[i];
+        }
+        for (RatedSection& section : shown_) {
+            section.standard = all_[static_cast<std::size_t>(section.row)].standard;
+        }
+        if (column_ == kStandard) {
+            Arrange();
+        } else if (!shown_.empty()) {
+            emit dataChanged(index(0, kStandard), index(rowCount({}) - 1, kStandard));
+        }
+    }
+
+    // The ratings that are known, for a list of the same member.
+    void KeepStandard(std::vector<RatedSection>& sections) const
+    {
+        for (std::size_t i = 0; i < std::min(sections.size(), all_.size()); ++i) {
+            sections[i].standard = all_[i].standard;
+        }
     }
 
     void Filter(std::string typed)
@@ -85,15 +112,17 @@ public:
         }
         if (role == Qt::DisplayRole) {
             const QString titles[kColumns] = {QObject::tr("Section"), QObject::tr("kg/m"),
-                                              QObject::tr("h mm"), QObject::tr("IR"),
-                                              QObject::tr("Governs")};
+                                              QObject::tr("h mm"),    QObject::tr("IR"),
+                                              QObject::tr("EN 1993"), QObject::tr("Governs")};
             return titles[section];
         }
         if (role == Qt::ToolTipRole) {
             const QString meanings[kColumns] = {
                 QObject::tr("Sections of the table; click to sort"),
-                QObject::tr("Mass of the section"), QObject::tr("Height of the section"),
+                QObject::tr("Mass of the section"),
+                QObject::tr("Height of the section"),
                 QObject::tr("Governing ratio of the member with this section"),
+                QObject::tr("Largest ratio by EN 1993-1-1 as written"),
                 QObject::tr("Control that governs")};
             return meanings[section];
         }
@@ -107,12 +136,14 @@ public:
         case Qt::DisplayRole:
             return ToQt(ForLocale(TextOf(section, index.column()), decimalcomma_));
         case Qt::ToolTipRole:
-            return ToQt(
-                ForLocale(section.name + ":  IR " + RatioText(section) + ",  " + section.control,
-                          decimalcomma_));
+            return ToQt(ForLocale(section.name + ":  IR " + RatioText(section) + ",  " +
+                                      section.control + WrittenText(section),
+                                  decimalcomma_));
         case Qt::AccessibleTextRole:
             return index.column() == kName
-                       ? ToQt(ForLocale(section.name + ", IR " + RatioText(section), decimalcomma_))
+                       ? ToQt(ForLocale(section.name + ", IR " + RatioText(section) +
+                                            WrittenText(section),
+                                        decimalcomma_))
                        : data(index, Qt::DisplayRole);
         case Qt::TextAlignmentRole:
             return QVariant::fromValue(Qt::Alignment(
@@ -120,15 +151,22 @@ public:
                 (index.column() == kName || index.column() == kControl ? Qt::AlignLeft
                                                                        : Qt::AlignRight)));
         case kBarRole:
-            return section.ir;
+            return index.column() == kStandard ? section.standard.ir : section.ir;
         case kAboveRole:
-            return !section.passes();
+            return index.column() == kStandard ? !section.standard.passes() : !section.passes();
         default:
             return {};
         }
     }
 
 private:
+    // For the ears and the tip, behind the program's ratio.
+    static std::string WrittenText(const RatedSection& section)
+    {
+        const std::string ratio = StandardRatioText(section);
+        return ratio.empty() ? "" : ",  EN 1993-1-1: " + ratio;
+    }
+
     static std::string TextOf(const RatedSection& section, int column)
     {
         switch (column) {
@@ -140,6 +178,8 @@ private:
             return FormatNum(section.height, "#0");
         case kRatio:
             return RatioText(section);
+        case kStandard:
+            return StandardRatioText(section);
         default:
             return section.control;
         }
@@ -209,7 +249,17 @@ protected:
     }
 };
 
-void PrepareView(QTableView& view, const QString& name)
+// Wants all of its columns to be seen, and can do with less: what governs is cut first.
+class SectionView final : public QTableView {
+public:
+    using QTableView::QTableView;
+
+    int wanted = 0;  // width
+
+    QSize sizeHint() const override { return {wanted, QTableView::sizeHint().height()}; }
+};
+
+void PrepareView(SectionView& view, const QString& name)
 {
     view.setObjectName(name);
     view.setAccessibleName(QObject::tr("Sections of the table"));
@@ -225,14 +275,17 @@ void PrepareView(QTableView& view, const QString& name)
     view.horizontalHeader()->setHighlightSections(false);
     view.horizontalHeader()->setStretchLastSection(true);
     const int letter = view.fontMetrics().horizontalAdvance(QLatin1Char('0'));
-    const int widths[kColumns] = {17, 7, 7, 11, 9};  // digits
+    const int widths[kColumns] = {15, 6, 6, 11, 11, 2};  // digits
     int sum = 0;
     for (int i = 0; i < kColumns; ++i) {
         view.setColumnWidth(i, widths[i] * letter);
         sum += widths[i] * letter;
     }
-    view.setMinimumWidth(sum + 24);
+    constexpr int kFrame = 24, kGoverns = 9;  // pixels around, digits of the last column
+    view.setMinimumWidth(sum + kFrame);
+    view.wanted = sum + kFrame + kGoverns * letter;
     view.setItemDelegateForColumn(kRatio, new RatioBar(&view));
+    view.setItemDelegateForColumn(kStandard, new RatioBar(&view));
 }
 
 // Where the lightest section is looked for, and the button that takes it.
@@ -256,20 +309,73 @@ QLayout* LightestRow(Binder& bind)
             groups->addItems(names);
         }
     });
+    auto* const both = new QCheckBox(QObject::tr("by &both"));
+    both->setObjectName(QStringLiteral("lightestboth"));
+    both->setToolTip(QObject::tr("Within all limits by EN 1993-1-1 as written, too"));
     QPushButton* const take = bind.Button(
-        QStringLiteral("lightest"), QObject::tr("&Lightest that passes"), [&bind, groups] {
+        QStringLiteral("lightest"), QObject::tr("&Lightest that passes"), [&bind, groups, both] {
             const auto all = SectionGroups(bind.session().state());
             const auto at = static_cast<std::size_t>(groups->currentIndex());
             if (at < all.size()) {
-                ChooseLightest(bind.session(), all[at]);
+                ChooseLightest(bind.session(), all[at], both->isChecked());
             }
         });
     take->setToolTip(QObject::tr("Takes the lightest section within all limits by the rules of the "
                                  "program; read its notes, too"));
     row->addWidget(groups, 1);
+    row->addWidget(both);
     row->addWidget(take);
     return row;
 }
+
+// The standard's ratings of a list, which follow on a thread of their own, some rows at a time.
+class StandardColumn {
+public:
+    StandardColumn(const Session& session, SectionModel* model)
+        : session_(session), model_(model), job_(new LatestJob(model))
+    {
+    }
+
+    void Show(std::vector<RatedSection> sections)
+    {
+        ProjectState given = AsGiven(session_.state());
+        given.row[static_cast<std::size_t>(TableOf(given))] = 0;  // the choice rates nothing anew
+        const auto inputs = [](const ProjectState& s) -> const Inputs& { return s; };
+        const bool same = given_ != nullptr && inputs(*given_) == inputs(given);
+        if (same) {
+            model_->KeepStandard(sections);
+        }
+        const std::size_t rows = sections.size();
+        model_->Show(std::move(sections));
+        if (!same) {
+            given_ = std::make_shared<const ProjectState>(std::move(given));
+            Ask(rows);
+        }
+    }
+
+private:
+    void Ask(std::size_t rows)
+    {
+        job_->Run([model = model_, given = given_, rows, &library = session_.library()](
+                      const LatestJob::Outdated& outdated, const LatestJob::Hand& hand) {
+            constexpr std::size_t kAtATime = 16;
+            for (std::size_t first = 0; first < rows && !outdated(); first += kAtATime) {
+                std::vector<StandardRating> ratings;
+                for (std::size_t i = first; i < std::min(rows, first + kAtATime); ++i) {
+                    ratings.push_back(RateByStandard(library, *given, static_cast<i16>(i)));
+                }
+                hand([model, first, ratings = std::move(ratings)] {
+                    model->SetStandard(first, ratings);
+                });
+            }
+        });
+    }
+
+    const Session& session_;
+    SectionModel* model_;
+    LatestJob* job_;
+    std::shared_ptr<const ProjectState> given_;
+};
 
 }  // namespace
 
@@ -284,7 +390,7 @@ QWidget* SectionTable(Binder& bind, const QString& name)
     search->setAccessibleName(QObject::tr("Search in the sections"));
     search->setPlaceholderText(QObject::tr("Search: 45 finds 450"));
     search->setClearButtonEnabled(true);
-    auto* const view = new QTableView;
+    auto* const view = new SectionView;
     auto* const model = new SectionModel(bind.session().decimalcomma(), view);
     view->setModel(model);
     PrepareView(*view, name);
@@ -303,9 +409,10 @@ QWidget* SectionTable(Binder& bind, const QString& name)
         }
         view->viewport()->update();
     };
-    bind.Follow([&bind, model, mark](const ProjectState& s) {
+    const auto standard = std::make_shared<StandardColumn>(bind.session(), model);
+    bind.Follow([&bind, standard, mark](const ProjectState& s) {
         if (HasTable(s.family)) {
-            model->Show(RateSections(bind.session().library(), s));
+            standard->Show(RateSections(bind.session().library(), s));
             mark(s);
         }
     });

@@ -5,6 +5,7 @@
 #include "app/session_fixture.h"
 #include "engine/calculate.h"
 #include "sections/family_table.h"
+#include "standard/standard.h"
 
 #include <gmock/gmock.h>
 
@@ -192,6 +193,42 @@ TEST(SectionList, OffersTheFamilyInHandThenItsKind)
     EXPECT_THAT(groups[1].families, ::testing::IsSupersetOf({1, 2, 3, 4}));
     ChooseFamily(program.session, 21);
     EXPECT_TRUE(SectionGroups(program.state()).empty());
+}
+
+// The rating of a row is the standard's result of the member with that row.
+TEST(StandardRatings, AreTheResultOfTheMemberWithTheRow)
+{
+    Program program;
+    const ProjectState& s = program.state();
+    for (RatedSection section : RateSections(Tables(), s)) {
+        ProjectState member = s;
+        member.row[static_cast<std::size_t>(TableOf(s))] = section.row;
+        const auto result = standard::CalculateStandard(Tables(), member);
+        EXPECT_EQ(StandardRatioText(section), "");
+        section.standard = RateByStandard(Tables(), s, section.row);
+        EXPECT_EQ(section.standard.ir, result.ir) << section.name;
+        EXPECT_EQ(section.standard.passes(), result.rated && !result.above);
+        EXPECT_EQ(StandardRatioText(section).ends_with(" > limit"), result.above);
+    }
+}
+
+// What passes by both is no lighter than what passes by the program alone.
+TEST(Lightest, ByBothIsNeverLighter)
+{
+    Program program;
+    for (const float load : {5.0F, 20.0F, 60.0F}) {
+        program.session.edit().qload[1] = load;
+        program.session.edit().restraints = 2;
+        program.session.Calculate();
+        const std::vector<int> families{1, 4, 5};
+        const auto one = FindLightest(Tables(), program.state(), families);
+        const auto both = FindLightest(Tables(), program.state(), families, true);
+        ASSERT_TRUE(one && both);
+        EXPECT_GE(both->section.mass, one->section.mass);
+        ProjectState member = program.state();
+        member.family = static_cast<i16>(both->family);
+        EXPECT_TRUE(RateByStandard(Tables(), member, both->section.row).passes());
+    }
 }
 
 }  // namespace

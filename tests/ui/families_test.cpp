@@ -160,7 +160,13 @@ TEST_F(FamilyForms, SectionsAreRatedWithEveryChange)
     Click(QStringLiteral("p04i"));
     const QAbstractItemModel& list = *Find<QTableView>(QStringLiteral("lstp04")).model();
     const QString before = list.index(list.rowCount() - 1, 3).data().toString();
+    // The standard's ratings follow without the window waiting for them.
+    const auto rated = [&list](int row) { return !list.index(row, 4).data().toString().isEmpty(); };
+    QTRY_VERIFY(rated(0) && rated(list.rowCount() - 1));
+    const QString written = list.index(list.rowCount() - 1, 4).data().toString();
     Type(Find<BoxEdit>(QStringLiteral("il")), QStringLiteral("12"));
+    QTRY_VERIFY(rated(list.rowCount() - 1) &&
+                list.index(list.rowCount() - 1, 4).data().toString() != written);
     EXPECT_NE(list.index(list.rowCount() - 1, 3).data().toString(), before);
     Click(QStringLiteral("lightest"), &Find<Form>(QStringLiteral("p04")));
     EXPECT_LE(session.outcome().ir, 1.0);
