@@ -190,8 +190,8 @@ std::string SectionPool::FillSizes(const Library& library, const Entry& entry, S
     if (sizes.texts.empty() || sizes.texts.size() > kMostSizes) {
         return name + "=" + spec + (sizes.texts.empty() ? ": no sizes" : ": more than 255 sizes");
     }
+    ProjectState s = UnloadedMember(library);
     for (const std::string& text : sizes.texts) {
-        ProjectState s = UnloadedMember(library);
         // Limits that depend on other dimensions are seen with these, in Apply.
         const bool tied = sizes.target.box->rule != BoxRule::plain;
         const std::string refusal =
