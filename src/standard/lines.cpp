@@ -252,22 +252,33 @@ EndFixity FixityOf(const ProjectState& s)
     }
 }
 
+namespace {
+
+// The deviation by which the program leaves given end forces out of its control.
+Dev LeftOutBy(const ProjectState& s)
+{
+    return Is(s, Kind::flat) ? Dev::d178 : Is(s, Kind::tee) ? Dev::d106 : Dev::d189;
+}
+
+}  // namespace
+
 CombinedLines LinesOf(const ProjectState& s, const MemberLoads& loads, const LoadFactors& factors,
                       const Basis& basis)
 {
     CombinedLines lines{};
     lines.grid = loads.grid;
     if (s.loadmode != 1) {
-        const Actions& taken = Traits(s).carries.ends;
-        const Dev dropped = Is(s, Kind::flat) ? Dev::d178 : Dev::d189;
-        const bool z = s.mz1 != 0 || s.mz2 != 0 || s.vy1 != 0 || s.vy2 != 0;
-        lines.n = taken.n || (s.ne != 0 && basis.departs(dropped)) ? s.ne : 0;
-        lines.y = GivenPlane(loads.grid, s.my1, s.my2, s.vz1, s.vz2);
-        if (taken.z || (z && basis.departs(dropped))) {
-            lines.z = GivenPlane(loads.grid, s.mz1, s.mz2, s.vy1, s.vy2);
-        } else {
-            lines.z = GivenPlane(loads.grid, 0, 0, 0, 0);
-        }
+        const Actions& taken = Traits(s).carries.loads;
+        const Dev left = LeftOutBy(s);
+        const auto given = [&](bool takes, double m1, double m2, double v1, double v2) {
+            const bool any = m1 != 0 || m2 != 0 || v1 != 0 || v2 != 0;
+            const bool acts = takes || (any && basis.departs(left));
+            return acts ? GivenPlane(loads.grid, m1, m2, v1, v2)
+                        : GivenPlane(loads.grid, 0, 0, 0, 0);
+        };
+        lines.n = taken.n || (s.ne != 0 && basis.departs(left)) ? s.ne : 0;
+        lines.y = given(taken.y, s.my1, s.my2, s.vz1, s.vz2);
+        lines.z = given(taken.z, s.mz1, s.mz2, s.vy1, s.vy2);
         return lines;
     }
     const EndFixity ends = FixityOf(s);

@@ -310,7 +310,7 @@ void Member::Interaction(Checks& checks)
         return;
     }
     // D231: the program does not combine the moments of a T with its axial force.
-    if (q_.kind == Kind::tee && !b_.departs(Dev::d231)) {
+    if (q_.kind == Kind::tee && (bends_y_ || bends_z_) && !b_.departs(Dev::d231)) {
         return;
     }
     const double flexural = ncr_.LeastFlexural();
