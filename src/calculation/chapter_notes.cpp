@@ -2,7 +2,6 @@
 
 #include "report/design_notes.h"
 
-#include <algorithm>
 #include <cmath>
 #include <map>
 #include <set>
@@ -53,16 +52,19 @@ void AddNotes(const CalculatedMember& m, Document& d)
 // Clauses in the order of their numbers, each with the symbols that were found by it.
 void AddClauses(Document& d)
 {
-    std::map<std::string, std::vector<std::string>> clauses;
+    struct Found {
+        std::set<std::string> names;
+        Line symbols;
+    };
+    std::map<std::string, Found> clauses;
     for (const Block& block : d.blocks) {
         const auto* const equation = std::get_if<Equation>(&block);
         if (equation == nullptr || equation->clause.empty()) {
             continue;
         }
-        std::vector<std::string>& symbols = clauses[equation->clause];
-        const std::string symbol = PlainText(Line(equation->symbol));
-        if (std::find(symbols.begin(), symbols.end(), symbol) == symbols.end()) {
-            symbols.push_back(symbol);
+        Found& found = clauses[equation->clause];
+        if (found.names.insert(PlainText(Line(equation->symbol))).second) {
+            found.symbols += Line(found.symbols.Empty() ? "" : ", ") + Line(equation->symbol);
         }
     }
     if (clauses.empty()) {
@@ -71,12 +73,8 @@ void AddClauses(Document& d)
     d.Chapter("Clauses used");
     d.Say("EN 1993-1-1 unless another standard is named.", Paragraph::Kind::remark);
     TextTable table{.columns = {{"Clause"}, {"for"}}};
-    for (const auto& [clause, symbols] : clauses) {
-        std::string list;
-        for (const std::string& symbol : symbols) {
-            list += (list.empty() ? "" : "; ") + symbol;
-        }
-        table.rows.push_back({clause, list});
+    for (auto& [clause, found] : clauses) {
+        table.rows.push_back({clause, std::move(found.symbols)});
     }
     d.Add(std::move(table));
 }
