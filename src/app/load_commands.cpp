@@ -46,22 +46,24 @@ void OpenEndForcesFromMenu(Session& session)
     OpenEndForces(session);
 }
 
-void RotateCategory(Session& session, LoadRow kind, int row)
+void RotateCategory(Session& session, LoadRow kind, int row, int steps)
 {
     ProjectState& s = session.edit();
-    switch (kind) {
-    case LoadRow::axial:
-        Rotate(s.ntype.at(At(row)));
-        break;
-    case LoadRow::uniform:
-        Rotate(s.qtype.at(At(row)));
-        break;
-    case LoadRow::trapezoid:
-        Rotate(s.qttype.at(At(row)));
-        break;
-    case LoadRow::point:
-        Rotate(s.pmtype.at(At(row)));
-        break;
+    for (int i = 0; i < steps; ++i) {
+        switch (kind) {
+        case LoadRow::axial:
+            Rotate(s.ntype.at(At(row)));
+            break;
+        case LoadRow::uniform:
+            Rotate(s.qtype.at(At(row)));
+            break;
+        case LoadRow::trapezoid:
+            Rotate(s.qttype.at(At(row)));
+            break;
+        case LoadRow::point:
+            Rotate(s.pmtype.at(At(row)));
+            break;
+        }
     }
     session.Calculate();
 }

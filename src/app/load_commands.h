@@ -14,7 +14,8 @@ void OpenEndForcesFromMenu(Session& session);
 
 enum class LoadRow : std::uint8_t { axial, uniform, trapezoid, point };
 
-void RotateCategory(Session& session, LoadRow kind, int row);    // G, Q1, Q2, G
+// Some steps on, G, Q1, Q2, G: one for each press, or as far as the one that is pointed at.
+void RotateCategory(Session& session, LoadRow kind, int row, int steps = 1);
 void ToggleDirection(Session& session, LoadRow kind, int row);   // Z, Y
 void TogglePointKind(Session& session, int row);                 // P, M
 void TickRow(Session& session, LoadRow kind, int row, bool on);  // part of the basic loads

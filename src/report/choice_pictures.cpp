@@ -58,6 +58,38 @@ void AddPin(Drawing& d, Point at)
 
 }  // namespace
 
+Drawing EndForcePicture(const std::string& moment, const std::string& shear)
+{
+    constexpr double kFrom = 30, kTo = 70, kAxis = 15, kArrow = 9, kHead = 1.6, kRadius = 4,
+                     kText = 3.2, kStroke = 0.45;
+    Drawing d = Picture(100, 30, "Positive end forces");
+    AddLine(d, {kFrom, kAxis}, {kTo, kAxis}, Ink::member, kBold);
+    for (const double side : {-1.0, 1.0}) {
+        const std::string end = side < 0 ? "1" : "2";
+        const double x = side < 0 ? kFrom : kTo;
+        AddTurn(d, {x + side * 8, kAxis}, kRadius, side > 0, Ink::load, kStroke);
+        AddText(d, {{x + side * 8, kAxis - 7}, moment + end, kText, Align::centre});
+        // Up on the left end, down on the right one.
+        const double half = kArrow / 2;
+        AddArrow(d, {x - side * 2, kAxis - side * half}, {x - side * 2, kAxis + side * half},
+                 Ink::load, kStroke, kHead);
+        AddText(d, {{x - side * 4, kAxis - 3.4},
+                    shear + end,
+                    kText,
+                    side < 0 ? Align::left : Align::right});
+        AddArrow(d, {x + side * (14 + kArrow), kAxis}, {x + side * 14, kAxis}, Ink::load, kStroke,
+                 kHead);
+        AddText(d, {{x + side * (14 + half), kAxis - 2.4}, "N", kText, Align::centre});
+    }
+    std::vector<Point> sag;
+    for (int i = 0; i <= kSteps; ++i) {
+        const double t = static_cast<double>(i) / kSteps;
+        sag.push_back({kFrom + t * (kTo - kFrom), kAxis + 6 * std::sin(pi * t)});
+    }
+    AddCurve(d, std::move(sag), Ink::moment);
+    return d;
+}
+
 double BuckledShape(int choice, double x)
 {
     switch (choice) {

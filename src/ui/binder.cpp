@@ -7,7 +7,10 @@
 
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <QWheelEvent>
 
 namespace kestrum {
@@ -125,13 +128,14 @@ QPushButton* Binder::Button(const QString& name, const QString& text, std::funct
     return button;
 }
 
-QPushButton* Binder::Rotor(const QString& name, const QString& meaning, From<std::string> text,
-                           std::function<void(Session&)> press)
+QPushButton* Binder::Rotor(const QString& name, const QString& meaning, From<QStringList> choices,
+                           From<std::string> text, std::function<void(Session&, int steps)> press)
 {
-    QPushButton* const button = Button(name, {}, [this, press] { press(session_); });
-    button->setFixedWidth(button->fontMetrics().horizontalAdvance(QStringLiteral("QQQ")) + 12);
-    Follow([button, meaning, text](const ProjectState& s) {
-        button->setText(ToQt(text(s)));
+    auto* const button = new ChoiceButton(name);
+    QObject::connect(button, &QPushButton::clicked, button,
+                     [this, button, press] { press(session_, button->steps()); });
+    Follow([button, meaning, choices, text](const ProjectState& s) {
+        button->Show(choices(s), ToQt(text(s)));
         button->setAccessibleName(meaning + QStringLiteral(": ") + button->text());
     });
     return button;
@@ -199,6 +203,70 @@ void PressButton::keyPressEvent(QKeyEvent* event)
         click();
     } else {
         QPushButton::keyPressEvent(event);
+    }
+}
+
+ChoiceButton::ChoiceButton(const QString& name)
+{
+    setObjectName(name);
+    setAutoDefault(false);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void ChoiceButton::Show(const QStringList& choices, const QString& chosen)
+{
+    choices_ = choices;
+    setText(chosen);
+    updateGeometry();
+    update();
+}
+
+QSize ChoiceButton::sizeHint() const
+{
+    constexpr int kFrame = 6;
+    const int right = choices_.isEmpty() ? 0 : RoomOf(choices_.size() - 1).right();
+    return {right + kFrame, PressButton::sizeHint().height()};
+}
+
+// All as wide as the widest, so that the choices of rows stand below each other.
+QRect ChoiceButton::RoomOf(qsizetype choice) const
+{
+    constexpr int kAround = 8, kEdge = 3;
+    const int width = fontMetrics().horizontalAdvance(QStringLiteral("Q2")) + kAround;
+    return {kEdge + static_cast<int>(choice) * width, kEdge, width, height() - 2 * kEdge};
+}
+
+void ChoiceButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    for (qsizetype i = 0; i < choices_.size(); ++i) {
+        if (RoomOf(i).contains(event->position().toPoint())) {
+            const qsizetype all = choices_.size(), on = i - choices_.indexOf(text());
+            steps_ = on == 0 ? 1 : static_cast<int>((on + all) % all);
+        }
+    }
+    PressButton::mouseReleaseEvent(event);
+    steps_ = 1;
+}
+
+void ChoiceButton::paintEvent(QPaintEvent*)
+{
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    painter.drawControl(QStyle::CE_PushButtonBevel, option);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPalette& colours = palette();
+    const auto group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+    for (qsizetype i = 0; i < choices_.size(); ++i) {
+        const bool chosen = choices_.at(i) == text();
+        if (chosen) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(colours.color(group, QPalette::Highlight));
+            painter.drawRoundedRect(QRectF(RoomOf(i)).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+        }
+        painter.setPen(
+            colours.color(group, chosen ? QPalette::HighlightedText : QPalette::PlaceholderText));
+        painter.drawText(RoomOf(i), Qt::AlignCenter, choices_.at(i));
     }
 }
 

@@ -46,10 +46,11 @@ public:
                                  From<bool> is, std::function<void(Session&)> choose);
     QComboBox* List(const QString& name, const QStringList& entries, From<int> is, To<int> choose);
     QPushButton* Button(const QString& name, const QString& text, std::function<void()> press);
-    // A button whose caption follows the record, such as "G", "Q1", "Q2"; `meaning` for those who
-    // do not see where it stands.
-    QPushButton* Rotor(const QString& name, const QString& meaning, From<std::string> text,
-                       std::function<void(Session&)> press);
+    // A button with choices, such as "G", "Q1", "Q2", of which the record has one; a press goes on
+    // by one, with the mouse to the one under it. `meaning` for those who do not see where it
+    // stands.
+    QPushButton* Rotor(const QString& name, const QString& meaning, From<QStringList> choices,
+                       From<std::string> text, std::function<void(Session&, int steps)> press);
 
     // A text with the decimal separator of the locale; a value stands at the right and can be
     // copied.
@@ -77,7 +78,7 @@ private:
 };
 
 // A button that Enter presses, too, although it is nobody's default.
-class PressButton final : public QPushButton {
+class PressButton : public QPushButton {
     Q_OBJECT
 
 public:
@@ -85,6 +86,31 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+};
+
+// All choices side by side, the one that counts set off.
+class ChoiceButton final : public PressButton {
+    Q_OBJECT
+
+public:
+    explicit ChoiceButton(const QString& name);
+
+    void Show(const QStringList& choices, const QString& chosen);
+    // From the one that counts to the one that was pressed.
+    int steps() const { return steps_; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QRect RoomOf(qsizetype choice) const;
+
+    QStringList choices_;
+    int steps_ = 1;
 };
 
 // A list that the mouse wheel changes only while it has the focus.

@@ -126,6 +126,7 @@ void FormDock::Take(Form* form)
     if (forms_.empty()) {
         back_ = QApplication::focusWidget();
     }
+    show();  // a tab bar that was never shown has no height for its first tab
     if (!Holds(form)) {
         form->SetDocked(true, this);
         form->hide();
@@ -137,7 +138,7 @@ void FormDock::Take(Form* form)
                              form->windowTitle().trimmed());
         switching_ = false;
     }
-    show();
+    tabs_->updateGeometry();
     const auto at = std::find(forms_.begin(), forms_.end(), form) - forms_.begin();
     tabs_->setCurrentIndex(static_cast<int>(at));
     ShowTab(static_cast<int>(at));

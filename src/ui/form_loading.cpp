@@ -67,6 +67,22 @@ QString LoadName(const RowNames& names, int row)
     return QObject::tr(names.what) + QLatin1Char(' ') + QString::number(row);
 }
 
+QStringList Categories()
+{
+    QStringList names;
+    for (const double category : {0.0, 1.0, 2.0}) {
+        names << ToQt(CategoryName(category));
+    }
+    return names;
+}
+
+QStringList Directions(const ProjectState& s, LoadRow kind, int row)
+{
+    const bool moment = kind == LoadRow::point && s.pmkind[static_cast<std::size_t>(row)] == 1;
+    return moment ? QStringList{QStringLiteral("My"), QStringLiteral("Mz")}
+                  : QStringList{QStringLiteral("Z"), QStringLiteral("Y")};
+}
+
 // Tick at the left, category and direction behind the boxes.
 void AddTick(Binder& bind, QGridLayout* grid, int at, const RowNames& names, int row)
 {
@@ -86,19 +102,25 @@ void AddButtons(Binder& bind, QGridLayout* grid, int at, int column, const RowNa
 {
     QPushButton* const category = bind.Rotor(
         RowName(names.category, row), QObject::tr("Category of %1").arg(LoadName(names, row)),
+        [](const ProjectState&) { return Categories(); },
         [names, row](const ProjectState& s) {
             return std::string(CategoryName(names.chosen(s, static_cast<std::size_t>(row))));
         },
-        [kind = names.kind, row](Session& session) { RotateCategory(session, kind, row); });
+        [kind = names.kind, row](Session& session, int steps) {
+            RotateCategory(session, kind, row, steps);
+        });
     category->setToolTip(QObject::tr("G permanent, Q1 leading variable, Q2 other variable"));
     grid->addWidget(category, at, column);
     if (names.direction != nullptr) {
         QPushButton* const direction = bind.Rotor(
             RowName(names.direction, row), QObject::tr("Direction of %1").arg(LoadName(names, row)),
+            [kind = names.kind, row](const ProjectState& s) { return Directions(s, kind, row); },
             [kind = names.kind, row](const ProjectState& s) {
                 return std::string(DirectionText(s, kind, row));
             },
-            [kind = names.kind, row](Session& session) { ToggleDirection(session, kind, row); });
+            [kind = names.kind, row](Session& session, int) {
+                ToggleDirection(session, kind, row);
+            });
         direction->setToolTip(QObject::tr("Direction of the load"));
         grid->addWidget(direction, at, column + 1);
     }
@@ -196,8 +218,11 @@ QGroupBox* PointGroup(Binder& bind)
         AddTick(bind, grid, row, kPoint, row);
         QPushButton* const kind = bind.Rotor(
             RowName("ipm_pm", row), QObject::tr("Force or moment of %1").arg(LoadName(kPoint, row)),
+            [](const ProjectState&) {
+                return QStringList{QStringLiteral("P"), QStringLiteral("M")};
+            },
             [row](const ProjectState& s) { return std::string(PointKindText(s, row)); },
-            [row](Session& session) { TogglePointKind(session, row); });
+            [row](Session& session, int) { TogglePointKind(session, row); });
         kind->setToolTip(QObject::tr("Force P or moment M"));
         grid->addWidget(kind, row, 1);
         grid->addWidget(bind.Box("ipm", row), row, 2);

@@ -19,8 +19,11 @@ namespace kestrum {
 
 namespace {
 
+constexpr QSize kSigns(330, 96);
+
 QGroupBox* EndForceGroup(Binder& bind, const QString& name, const QString& title,
-                         std::initializer_list<std::string_view> ids)
+                         std::initializer_list<std::string_view> ids, const char* moment,
+                         const char* shear)
 {
     QGroupBox* const group = Group(name, title);
     QGridLayout* const grid = GridOf(group);
@@ -29,6 +32,14 @@ QGroupBox* EndForceGroup(Binder& bind, const QString& name, const QString& title
         bind.BoxRow(grid, row / 2, *FindBox("endforce", id), row % 2 * 3);
         ++row;
     }
+    auto* const signs = new Picture(QStringLiteral("signs") + QLatin1Char(name.back().toLatin1()));
+    signs->Show(EndForcePicture(moment, shear));
+    signs->setAccessibleName(
+        QObject::tr("Positive: moments that bend the member downwards, shear forces up on end 1 "
+                    "and down on end 2, compression"));
+    signs->setToolTip(signs->accessibleName());
+    signs->setMinimumSize(kSigns);
+    grid->addWidget(signs, 2, 0, 1, 7);
     grid->setColumnStretch(6, 1);
     return group;
 }
@@ -84,10 +95,10 @@ Form* MakeEndForce(Desk& desk, QWidget* parent)
     grid->setColumnStretch(4, 1);
     QGroupBox* const y =
         EndForceGroup(bind, QStringLiteral("frmy"), QObject::tr("About the y axis"),
-                      {"imy1", "imy2", "ivz1", "ivz2"});
+                      {"imy1", "imy2", "ivz1", "ivz2"}, "My", "Vz");
     QGroupBox* const z =
         EndForceGroup(bind, QStringLiteral("frmz"), QObject::tr("About the z axis"),
-                      {"imz1", "imz2", "ivy1", "ivy2"});
+                      {"imz1", "imz2", "ivy1", "ivy2"}, "Mz", "Vy");
     bind.ShowWhen(axial, [](const ProjectState& s) { return Traits(s).carries.offered.n; });
     bind.ShowWhen(y, [](const ProjectState& s) { return Traits(s).carries.offered.y; });
     bind.ShowWhen(z, [](const ProjectState& s) { return Traits(s).carries.offered.z; });

@@ -27,9 +27,9 @@ RecoveryBar::RecoveryBar(Desk& desk, QWidget* parent)
     row->setContentsMargins(kMargin, kGap, kMargin, kGap);
     row->setSpacing(kGap);
     row->addWidget(text_, 1);
-    QPushButton* const restore = AddButton("recoveryrestore", tr("Restore"));
-    QPushButton* const discard = AddButton("recoverydiscard", tr("Discard"));
-    QPushButton* const later = AddButton("recoverylater", tr("Later"));
+    QPushButton* const restore = AddButton("recoveryrestore", tr("Re&store"));
+    QPushButton* const discard = AddButton("recoverydiscard", tr("Disc&ard"));
+    QPushButton* const later = AddButton("recoverylater", tr("La&ter"));
     restore->setToolTip(tr("Makes it the project in hand; Undo goes back to the one before"));
     discard->setToolTip(tr("Deletes it"));
     later->setToolTip(tr("Keeps it for the next start"));

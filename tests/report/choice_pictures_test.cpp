@@ -4,6 +4,8 @@
 
 #include "report/drawing_checks.h"
 
+#include <gmock/gmock.h>
+
 #include <algorithm>
 #include <numbers>
 
@@ -23,6 +25,33 @@ TEST(ChoicePictures, AreInsideTheirExtent)
     for (const Drawing& d : all) {
         EXPECT_TRUE(BoundsOf(d).Inside({0, 0, d.width, d.height})) << d.title;
     }
+}
+
+// Sagging at both ends turns them against each other; the shear forces of the inside point up on
+// end 1 and down on end 2; compression points at the member from both sides.
+TEST(EndForcePicture, ShowsThePositiveSigns)
+{
+    const Drawing d = EndForcePicture("My", "Vz");
+    std::vector<std::string> texts;
+    double up = 0, down = 0, inward = 0;
+    for (const Mark& mark : d.marks) {
+        if (const auto* const text = std::get_if<TextMark>(&mark)) {
+            texts.push_back(text->text);
+        }
+        const auto* const line = std::get_if<LineMark>(&mark);
+        if (line == nullptr || line->ink != Ink::load) {
+            continue;
+        }
+        const bool left = line->from.x < d.width / 2;
+        up += left && line->to.y < line->from.y;
+        down += !left && line->to.y > line->from.y;
+        inward += line->to.y == line->from.y &&
+                  (left ? line->to.x > line->from.x : line->to.x < line->from.x);
+    }
+    EXPECT_EQ(up, 1);
+    EXPECT_EQ(down, 1);
+    EXPECT_EQ(inward, 2);
+    EXPECT_THAT(texts, ::testing::UnorderedElementsAre("My1", "My2", "Vz1", "Vz2", "N", "N"));
 }
 
 TEST(BucklingPicture, TellsTheLengthFactor)

@@ -37,6 +37,8 @@ TEST_F(Docking, LeavesInputsDiagramsAndResultsInSight)
         EXPECT_TRUE(Seen(name)) << name;
     }
     EXPECT_EQ(form.window(), window.get());
+    EXPECT_GE(Tabs().height(), Tabs().fontMetrics().height());
+    EXPECT_TRUE(Tabs().rect().contains(Tabs().tabRect(0)));
     Type(Find<BoxEdit>(QStringLiteral("iq_1"), &form), QStringLiteral("12"));
     EXPECT_EQ(state().qload[1], 12.0F);
     Click(QStringLiteral("ok"), &form);

@@ -73,6 +73,22 @@ TEST_F(Forms, LoadingRotatesAndTogglesItsRows)
     EXPECT_EQ(Caption(QStringLiteral("ipm_yz_8"), form), QStringLiteral("Mz"));
 }
 
+// The mouse goes to the choice under it in one step of Undo.
+TEST_F(Forms, ChoicesOfALoadAreSeenAndPointedAt)
+{
+    Form& form = Open("Loading");
+    auto& category = Find<QPushButton>(QStringLiteral("iq_gq_1"), &form);
+    const QPoint last(category.width() - 8, category.height() / 2);
+    QTest::mouseClick(&category, Qt::LeftButton, Qt::NoModifier, last);
+    Settle();
+    EXPECT_EQ(category.text(), QStringLiteral("Q2"));
+    session.Undo();
+    EXPECT_EQ(category.text(), QStringLiteral("G"));
+    QTest::mouseClick(&category, Qt::LeftButton, Qt::NoModifier, QPoint(8, last.y()));
+    Settle();
+    EXPECT_EQ(category.text(), QStringLiteral("Q1"));  // as by the key
+}
+
 TEST_F(Forms, LoadingShowsWhatGoesWithTheCombination)
 {
     Form& form = Open("Loading");
