@@ -208,8 +208,7 @@ def kills(folder, count):
         behind.append(round((entered[-1][1] - left) * 1000))
         if left + 1e-6 < owed:
             raise SystemExit(f"kestrum: kill {number}: {left} is left, {owed} was entered a second before")
-    print(f"{count} kills: nothing older than a second is lost; at most {max(behind)} steps of "
-          f"{len(entered)} in the last run")
+    print(f"{count} kills: nothing older than a second is lost, at most the last {max(behind)} values")
 
 
 if __name__ == "__main__":
