@@ -11,21 +11,6 @@ namespace kestrum {
 
 namespace {
 
-void ClearInvalidEndForces(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
-{
-    const Actions& takes = Traits(in).carries.loads;
-    const Actions& carried = Traits(in).carries.ends;
-    OpenDropped(in, outcome);
-    NoteDroppedEndForces(in, outcome, !takes.n, !takes.y, !takes.z);
-    if (!carried.y) {
-        loads.my1 = loads.my2 = loads.vz1 = loads.vz2 = 0;
-    }
-    if (!carried.z) {
-        loads.mz1 = loads.mz2 = loads.vy1 = loads.vy2 = 0;
-    }
-    CloseDropped(in, outcome);
-}
-
 void FillDiagram(std::array<float, kDiagramPoints>& line, double end1, double end2)
 {
     for (std::size_t j = 0; j < line.size(); ++j) {
@@ -55,18 +40,16 @@ double Lowest(const std::array<float, kDiagramPoints>& line)
 
 }  // namespace
 
-void CalcEndForceMode(const Inputs& in, LoadInputs& loads, Forces& forces, Stability& stability,
-                      PassOutcome& outcome)
+void CalcEndForceMode(const Inputs& in, Forces& forces)
 {
-    ClearInvalidEndForces(in, loads, outcome);
-    FillSections(forces, forces.mysec, loads.my1, loads.my2);
-    FillSections(forces, forces.mzsec, loads.mz1, loads.mz2);
-    FillSections(forces, forces.vzsec, loads.vz1, loads.vz2);
-    FillSections(forces, forces.vysec, loads.vy1, loads.vy2);
-    FillDiagram(forces.mydiag, loads.my1, loads.my2);
-    FillDiagram(forces.mzdiag, loads.mz1, loads.mz2);
-    FillDiagram(forces.vzdiag, loads.vz1, loads.vz2);
-    FillDiagram(forces.vydiag, loads.vy1, loads.vy2);
+    FillSections(forces, forces.mysec, in.my1, in.my2);
+    FillSections(forces, forces.mzsec, in.mz1, in.mz2);
+    FillSections(forces, forces.vzsec, in.vz1, in.vz2);
+    FillSections(forces, forces.vysec, in.vy1, in.vy2);
+    FillDiagram(forces.mydiag, in.my1, in.my2);
+    FillDiagram(forces.mzdiag, in.mz1, in.mz2);
+    FillDiagram(forces.vzdiag, in.vz1, in.vz2);
+    FillDiagram(forces.vydiag, in.vy1, in.vy2);
 
     forces.mymax = Highest(forces.mydiag, 0);
     forces.mymin = Lowest(forces.mydiag);
@@ -82,11 +65,11 @@ void CalcEndForceMode(const Inputs& in, LoadInputs& loads, Forces& forces, Stabi
     SetEndRatios(forces);
     SetZeroCrossings(in, forces);
     SetLargestMoments(forces);
-    forces.ned = Traits(in).carries.ends.n ? loads.ne : 0;
+    forces.ned = Traits(in).carries.ends.n ? in.ne : 0;
     forces.qsum = 0;
     forces.hasyloads = kTrue;
     forces.haszloads = kTrue;
-    SetDesignMoments(forces, stability);
+    SetDesignMoments(forces);
 }
 
 }  // namespace kestrum

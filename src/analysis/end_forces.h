@@ -4,16 +4,12 @@
 
 #include "core/state/forces.h"
 #include "core/state/inputs.h"
-#include "core/state/load_inputs.h"
-#include "core/state/pass_outcome.h"
-#include "core/state/stability.h"
 
 namespace kestrum {
 
 // Forces along the member, extremes, quarter points, crossings, end ratios and design moments from
-// ne, my1 .. vz2; empties the end forces that the family cannot carry (deviation D106). Needs the
-// check sections. Deflections, positions of extremes and the moment shapes stay as they are.
-void CalcEndForceMode(const Inputs& in, LoadInputs& loads, Forces& forces, Stability& stability,
-                      PassOutcome& outcome);
+// ne, my1 .. vz2. Needs the check sections. Deflections, positions of extremes and the moment shapes
+// stay as they are.
+void CalcEndForceMode(const Inputs& in, Forces& forces);
 
 }  // namespace kestrum

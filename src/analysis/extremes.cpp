@@ -202,10 +202,9 @@ bool CurvedHalf(const Diagram& m, Half half)
     return !(value > chord - width && value < chord + width);  // a level line counts as curved
 }
 
-void SetDesignMoments(Forces& forces, Stability& stability)
+void SetDesignMoments(Forces& forces)
 {
     forces.mydesign = std::abs(forces.mymax) > std::abs(forces.mymin) ? forces.mymax : forces.mymin;
-    stability.mydesignf = F32(forces.mydesign);
     forces.mzdesign = F32(LargerSize(forces.mzmax, forces.mzmin));
 }
 

@@ -6,7 +6,6 @@
 
 #include "core/state/forces.h"
 #include "core/state/inputs.h"
-#include "core/state/stability.h"
 
 namespace kestrum {
 
@@ -18,7 +17,7 @@ void FindExtremes(const Inputs& in, Forces& forces);
 
 // mydesign: the extreme of My that is larger in size, with its sign (a tie gives the lowest).
 // mzdesign: the size of the larger extreme of Mz.
-void SetDesignMoments(Forces& forces, Stability& stability);
+void SetDesignMoments(Forces& forces);
 
 // The parts of FindExtremes that need the diagrams of the moments only.
 void SetQuarterPoints(Forces& forces);

@@ -15,14 +15,14 @@ void ClearTrapezoid(LoadInputs& loads, std::size_t k)
 }
 
 // A load that starts on the member ends on it; its end value stays as entered.
-void CutTrapezoid(const Inputs& in, LoadInputs& loads, PassOutcome& outcome, std::size_t k)
+void CutTrapezoid(const Inputs& in, LoadInputs& loads, DroppedLoads& dropped, std::size_t k)
 {
     if (loads.qt1[k] != 0 || loads.qt2[k] != 0) {
         if (loads.qtx1[k] < in.l || loads.qtx2[k] < in.l) {
             loads.qtx1[k] = loads.qtx1[k] > in.l ? in.l : loads.qtx1[k];
             loads.qtx2[k] = loads.qtx2[k] > in.l ? in.l : loads.qtx2[k];
         } else {
-            NoteDroppedTrapezoid(in, outcome, k, DropReason::position);
+            NoteDroppedTrapezoid(in, dropped, k, DropReason::position);
             ClearTrapezoid(loads, k);
         }
     }
@@ -30,7 +30,7 @@ void CutTrapezoid(const Inputs& in, LoadInputs& loads, PassOutcome& outcome, std
         loads.qtx1[k] = loads.qtx2[k] = 0;
     }
     if (loads.qtx1[k] == 0 && loads.qtx2[k] == 0) {
-        NoteDroppedTrapezoid(in, outcome, k, DropReason::position);
+        NoteDroppedTrapezoid(in, dropped, k, DropReason::position);
         loads.qt1[k] = loads.qt2[k] = 0;
     }
 }
@@ -59,10 +59,10 @@ LoadCheck CheckOrder(const Inputs& in)
     return {};
 }
 
-LoadCheck CutTrapezoids(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
+LoadCheck CutTrapezoids(const Inputs& in, LoadInputs& loads, DroppedLoads& dropped)
 {
     for (std::size_t k = 1; k <= 3; ++k) {
-        CutTrapezoid(in, loads, outcome, k);
+        CutTrapezoid(in, loads, dropped, k);
     }
     return CheckSigns(in);
 }
@@ -92,11 +92,11 @@ float LengthInMm(const Inputs& in)
     return F32(in.l * 1000.0);
 }
 
-LoadCheck CheckLoadPositions(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
+LoadCheck CheckLoadPositions(const Inputs& in, LoadInputs& loads, DroppedLoads& dropped)
 {
-    OpenDropped(in, outcome);
-    const LoadCheck check = CutTrapezoids(in, loads, outcome);
-    CloseDropped(in, outcome);
+    OpenDropped(in, dropped);
+    const LoadCheck check = CutTrapezoids(in, loads, dropped);
+    CloseDropped(in, dropped);
     return check;
 }
 
@@ -107,20 +107,20 @@ LoadCheck CheckTrapezoids(const Inputs& in)
 }
 
 LoadCheck ValidateLoads(const Inputs& in, MemberInputs& member, LoadInputs& loads,
-                        PassOutcome& outcome)
+                        DroppedLoads& dropped)
 {
-    OpenDropped(in, outcome);
-    LoadCheck check = CutTrapezoids(in, loads, outcome);
+    OpenDropped(in, dropped);
+    LoadCheck check = CutTrapezoids(in, loads, dropped);
     for (std::size_t k = 1; k <= 8; ++k) {
         if (!PointLoadStands(in, k)) {
-            NoteDroppedPoint(in, outcome, k, DropReason::position);
+            NoteDroppedPoint(in, dropped, k, DropReason::position);
             loads.pm[k] = 0;
         }
         if (loads.pm[k] == 0) {
             loads.pmx[k] = 0;
         }
     }
-    CloseDropped(in, outcome);
+    CloseDropped(in, dropped);
     if (check.ok) {
         check = CheckOrder(in);
     }

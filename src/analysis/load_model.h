@@ -2,11 +2,11 @@
 
 // The load table: what its rows may hold, and the command that empties chosen rows.
 
+#include "core/dropped_loads.h"
 #include "core/literal.h"
 #include "core/state/inputs.h"
 #include "core/state/load_inputs.h"
 #include "core/state/member_inputs.h"
-#include "core/state/pass_outcome.h"
 
 namespace kestrum {
 
@@ -29,10 +29,10 @@ float LengthInMm(const Inputs& in);
 // takes web stiffeners away that are farther apart than the member is long. Not ok: the form stays
 // open; all other rows are settled all the same.
 LoadCheck ValidateLoads(const Inputs& in, MemberInputs& member, LoadInputs& loads,
-                        PassOutcome& outcome);
+                        DroppedLoads& dropped);
 
 // The part for the trapezoidal rows alone, after an edit of one of them.
-LoadCheck CheckLoadPositions(const Inputs& in, LoadInputs& loads, PassOutcome& outcome);
+LoadCheck CheckLoadPositions(const Inputs& in, LoadInputs& loads, DroppedLoads& dropped);
 
 // What the whole check would tell of the trapezoidal rows as they stand; changes nothing.
 LoadCheck CheckTrapezoids(const Inputs& in);

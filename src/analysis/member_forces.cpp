@@ -1,11 +1,9 @@
 #include "analysis/member_forces.h"
 
-#include "analysis/end_forces.h"
 #include "analysis/extremes.h"
 #include "analysis/load_table.h"
 #include "core/arithmetic_trap.h"
 #include "core/load_combination.h"
-#include "core/project_state.h"
 #include "sections/families.h"
 
 #include <algorithm>
@@ -15,20 +13,6 @@
 namespace kestrum {
 
 namespace {
-
-// Whether loads bend the member about y and about z.
-void MarkLoadedAxes(const Inputs& in, Forces& forces, const LoadTable& table)
-{
-    forces.hasyloads = kFalse;
-    forces.haszloads = kFalse;
-    for (int i = 0; i < table.count; ++i) {
-        const ActingLoad& load = table.load[static_cast<std::size_t>(i)];
-        if (load.checked || in.loadcomb != kBasicLoads) {
-            forces.hasyloads = load.axis == BendingAxis::y ? kTrue : forces.hasyloads;
-            forces.haszloads = load.axis == BendingAxis::z ? kTrue : forces.haszloads;
-        }
-    }
-}
 
 // From E I d [kNm3] to d [mm]. Without a section there are forces only; a section without
 // stiffness fails.
@@ -112,112 +96,6 @@ void Combine(const Inputs& in, const AnnexFactors& annex, const SectionRecord& s
     forces.vysec = z.vsec;
 }
 
-void CombineAndSearch(ProjectState& s, const LoadTable& table, int loadcomb)
-{
-    Combine(s, s, s, s, table, loadcomb);
-    FindExtremes(s, s);
-    SetDesignMoments(s, s);
-}
-
-// The largest utilisation of section and member in a combination.
-double UtilisationOf(ProjectState& s, const LoadTable& table, int loadcomb,
-                     void (*control)(ProjectState&))
-{
-    CombineAndSearch(s, table, loadcomb);
-    s.irsection = 0;
-    s.maxirbuckling = 0;
-    CheckTrap();
-    control(s);
-    CheckTrap();
-    return std::max(s.irsection, s.maxirbuckling);
-}
-
-// Eq 6.10a or 6.10b, whichever uses the member more; a tie gives 6.10b. An overload of the flange
-// in 6.10b takes the flange loading (hsqopt) from 6.10a as well.
-void CombineGoverning(ProjectState& s, const LoadTable& table, void (*control)(ProjectState&))
-{
-    double ir610a = UtilisationOf(s, table, kEq610a, control);
-    if (s.errorflag != 0) {
-        return;
-    }
-    const i16 option = s.hsqopt;
-    const double ir610b = UtilisationOf(s, table, kEq610b, control);
-    if (s.errorflag != 0) {
-        return;
-    }
-    if (s.hsqopt != option) {
-        ir610a = UtilisationOf(s, table, kEq610a, control);
-    }
-    s.governing = ir610a > ir610b ? 1 : 2;
-    CombineAndSearch(s, table, s.governing == 1 ? kEq610a : kEq610b);
-}
-
-void ClearAxialLoads(LoadInputs& loads, PassOutcome& outcome)
-{
-    for (std::size_t k = 1; k <= 3; ++k) {
-        if (loads.nload[k] != 0) {
-            NoteDropped(outcome, {.field = "nload",
-                                  .row = static_cast<i16>(k),
-                                  .value = loads.nload[k],
-                                  .category = KeptNumber(loads.ntype[k])});
-        }
-    }
-    loads.nload = {};
-}
-
-void NoteUniform(const Inputs& in, PassOutcome& outcome, std::size_t k)
-{
-    if (in.qload[k] != 0) {
-        NoteDropped(outcome, {.field = "qload",
-                              .row = static_cast<i16>(k),
-                              .value = in.qload[k],
-                              .category = in.qtype[k],
-                              .direction = in.qdir[k]});
-    }
-}
-
-void ClearTransverseLoads(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
-{
-    for (std::size_t k = 1; k <= 4; ++k) {
-        NoteUniform(in, outcome, k);
-    }
-    for (std::size_t k = 1; k <= 3; ++k) {
-        NoteDroppedTrapezoid(in, outcome, k, DropReason::family);
-    }
-    for (std::size_t k = 1; k <= 8; ++k) {
-        NoteDroppedPoint(in, outcome, k, DropReason::family);
-    }
-    std::fill(loads.qload.begin() + 1, loads.qload.end(), 0.0F);
-    loads.qt1 = loads.qt2 = loads.qtx1 = loads.qtx2 = {};
-    loads.pm = loads.pmx = {};
-}
-
-void ClearLoadsAboutZ(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
-{
-    for (std::size_t k = 1; k <= 4; ++k) {
-        if (loads.qdir[k] == 0) {
-            NoteUniform(in, outcome, k);
-            loads.qload[k] = 0;
-        }
-        loads.qdir[k] = 1;
-    }
-    for (std::size_t k = 1; k <= 3; ++k) {
-        if (loads.qtdir[k] == 0) {
-            NoteDroppedTrapezoid(in, outcome, k, DropReason::family);
-            loads.qt1[k] = loads.qt2[k] = 0;
-            loads.qtdir[k] = 1;
-        }
-    }
-    for (std::size_t k = 1; k <= 8; ++k) {
-        if (loads.pmdir[k] == 0) {
-            NoteDroppedPoint(in, outcome, k, DropReason::family);
-            loads.pm[k] = loads.pmx[k] = 0;
-            loads.pmtype[k] = 0;
-            loads.pmdir[k] = 1;
-        }
-    }
-}
-
 }  // namespace
 
 void MakeCheckSections(const Inputs& in, Forces& forces)
@@ -245,50 +123,25 @@ void MakeCheckSections(const Inputs& in, Forces& forces)
     forces.npts = static_cast<i16>(last);
 }
 
-void ClearInvalidLoads(const Inputs& in, LoadInputs& loads, PassOutcome& outcome)
+void MarkLoadedAxes(const Inputs& in, const LoadTable& table, Forces& forces)
 {
-    OpenDropped(in, outcome);
-    const Actions& carried = Traits(in).carries.loads;
-    if (!carried.n) {
-        ClearAxialLoads(loads, outcome);
-    }
-    if (!carried.y) {
-        ClearTransverseLoads(in, loads, outcome);
-    } else if (!carried.z) {
-        ClearLoadsAboutZ(in, loads, outcome);
-    }
-    CloseDropped(in, outcome);
-}
-
-void SetSelfweight(LoadInputs& loads, const SectionRecord& section)
-{
-    constexpr double kWeightOfMass = 0.01;  // kN per kg, D103
-    const bool included = loads.selfweight == 1;
-    loads.qload[0] = included ? F32(section.weight * kWeightOfMass) : 0;
-    loads.qchecked[0] = included ? kTrue : kFalse;
-    if (included) {
-        loads.qdir[0] = 1;
-        loads.qtype[0] = 0;
+    forces.hasyloads = kFalse;
+    forces.haszloads = kFalse;
+    for (int i = 0; i < table.count; ++i) {
+        const ActingLoad& load = table.load[static_cast<std::size_t>(i)];
+        if (load.checked || in.loadcomb != kBasicLoads) {
+            forces.hasyloads = load.axis == BendingAxis::y ? kTrue : forces.hasyloads;
+            forces.haszloads = load.axis == BendingAxis::z ? kTrue : forces.haszloads;
+        }
     }
 }
 
-void CalcMember(ProjectState& s, void (*control)(ProjectState&))
+void AnalyseCombination(const Inputs& in, const AnnexFactors& annex, const SectionRecord& section,
+                        const LoadTable& table, int loadcomb, Forces& forces)
 {
-    MakeCheckSections(s, s);
-    if (s.loadmode != 1) {
-        CalcEndForceMode(s, s, s, s, s);
-        return;
-    }
-    ClearInvalidLoads(s, s, s);
-    SetSelfweight(s, s);
-    LoadTable table;
-    FillTable(s, SpanOf(s, s), table);
-    MarkLoadedAxes(s, s, table);
-    if (s.loadcomb == kEq610ab) {
-        CombineGoverning(s, table, control);
-    } else {
-        CombineAndSearch(s, table, s.loadcomb);
-    }
+    Combine(in, annex, section, forces, table, loadcomb);
+    FindExtremes(in, forces);
+    SetDesignMoments(forces);
 }
 
 }  // namespace kestrum

@@ -318,7 +318,7 @@ void StationLines::FillDeflections(const Inputs& in, const SectionRecord& sectio
 }
 
 void StationLines::Fill(const Inputs& in, const SectionRecord& section,
-                        std::span<const Station> stations, Forces& forces, Stability& stability)
+                        std::span<const Station> stations, Forces& forces)
 {
     const Actions& takes = Traits(in).carries.loads;
     if (!takes.n || !takes.y || !takes.z) {
@@ -346,7 +346,7 @@ void StationLines::Fill(const Inputs& in, const SectionRecord& section,
     if (sections_.size() > kCheckSections) {
         WidenExtremes(Sections().subspan(kCheckSections), forces);
     }
-    SetDesignMoments(forces, stability);
+    SetDesignMoments(forces);
 }
 
 }  // namespace kestrum

@@ -15,7 +15,6 @@
 #include "core/state/forces.h"
 #include "core/state/inputs.h"
 #include "core/state/section_record.h"
-#include "core/state/stability.h"
 
 #include <array>
 #include <cstddef>
@@ -76,7 +75,7 @@ public:
     // too. The stations have passed CheckStations. What the family cannot carry (D106) counts as 0:
     // Covers tells.
     void Fill(const Inputs& in, const SectionRecord& section, std::span<const Station> stations,
-              Forces& forces, Stability& stability);
+              Forces& forces);
 
     // Eleven even sections, a pair at each jump and every other station; the user's own check
     // points instead where the member has them.

@@ -46,7 +46,7 @@ std::vector<StepPoint> PlacesOf(const Inputs& in, float direction)
 }
 
 // The lines of all loads at some of the places, in the order of the places.
-void Evaluate(const Inputs& in, const AnnexFactors& annex, const Forces& forces, BendingAxis axis,
+void Evaluate(const Inputs& in, const AnnexFactors& annex, const Carry& carry, const Forces& forces, BendingAxis axis,
               StepPoint* points, std::size_t count)
 {
     Span span = SpanOf(in, forces);
@@ -60,7 +60,7 @@ void Evaluate(const Inputs& in, const AnnexFactors& annex, const Forces& forces,
     const bool governed = in.loadcomb == kEq610ab;
     const LoadFactors factors = StrengthFactors(in, annex,
                                                 !governed              ? in.loadcomb
-                                                : annex.governing == 1 ? kEq610a
+                                                : carry.governing == 1 ? kEq610a
                                                                        : kEq610b);
     for (int i = 0; i < table.count; ++i) {
         const ActingLoad& load = table.load[static_cast<std::size_t>(i)];
@@ -77,7 +77,7 @@ void Evaluate(const Inputs& in, const AnnexFactors& annex, const Forces& forces,
 
 }  // namespace
 
-std::vector<StepPoint> StepPoints(const Inputs& in, const AnnexFactors& annex, const Forces& forces,
+std::vector<StepPoint> StepPoints(const Inputs& in, const AnnexFactors& annex, const Carry& carry, const Forces& forces,
                                   BendingAxis axis)
 {
     if (in.loadmode != 1 || !(in.l > 0) || axis == BendingAxis::none) {
@@ -86,7 +86,7 @@ std::vector<StepPoint> StepPoints(const Inputs& in, const AnnexFactors& annex, c
     std::vector<StepPoint> points = PlacesOf(in, axis == BendingAxis::y ? 1.0F : 0.0F);
     for (std::size_t first = 0; first < points.size(); first += kCheckSections) {
         const std::size_t left = points.size() - first;
-        Evaluate(in, annex, forces, axis, &points[first],
+        Evaluate(in, annex, carry, forces, axis, &points[first],
                  std::min<std::size_t>(left, kCheckSections));
     }
     return points;

@@ -166,7 +166,7 @@ bool RowTicksShown(const ProjectState& s)
 CloseOutcome CloseLoading(Session& session)
 {
     ProjectState& s = session.edit();
-    const LoadCheck check = ValidateLoads(s, s, s, s);
+    const LoadCheck check = ValidateLoads(s, s, s, s.dropped);
     if (!check.message.empty()) {
         session.surroundings().Warn(check.message.text());
     }

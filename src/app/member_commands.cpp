@@ -40,7 +40,7 @@ void ChooseSupport(Session& session, int supportcase)
     ProjectState& s = session.edit();
     s.supportcase = Number(supportcase);
     FollowSupport(s);
-    session.Tell(ValidateLoads(s, s, s, s));
+    session.Tell(ValidateLoads(s, s, s, s.dropped));
     session.Calculate();
 }
 

@@ -37,7 +37,7 @@ bool IsTrapezoid(const Box& box)
 LoadCheck CheckFinishedRows(ProjectState& s)
 {
     const ProjectState before = s;
-    const LoadCheck check = CheckLoadPositions(s, s, s);
+    const LoadCheck check = CheckLoadPositions(s, s, s.dropped);
     for (std::size_t k = 1; k <= 3; ++k) {
         const bool loaded = before.qt1[k] != 0 || before.qt2[k] != 0;
         const bool placed = before.qtx1[k] != 0 || before.qtx2[k] != 0;
@@ -255,7 +255,7 @@ BoxOutcome Session::CommitBox(const Box& box, int index, std::string_view text)
         surroundings_.Warn(outcome.message);
     }
     if (ChecksLoads(box) || IsTrapezoid(box)) {
-        Tell(ChecksLoads(box) ? ValidateLoads(state_, state_, state_, state_)
+        Tell(ChecksLoads(box) ? ValidateLoads(state_, state_, state_, state_.dropped)
                               : CheckFinishedRows(state_));
     }
     Calculate();

@@ -1,7 +1,7 @@
 #include "core/dropped_loads.h"
 
 #include "core/failure.h"
-#include "core/project_state.h"
+#include "core/state/inputs.h"
 
 #include <algorithm>
 #include <bit>
@@ -25,15 +25,15 @@ struct EndForce {
     bool moment;
 };
 
-constexpr std::array<EndForce, 9> kEndForces = {{{"ne", &ProjectState::ne, -1, false},
-                                                 {"my1", &ProjectState::my1, 1, true},
-                                                 {"my2", &ProjectState::my2, 1, true},
-                                                 {"vz1", &ProjectState::vz1, 1, false},
-                                                 {"vz2", &ProjectState::vz2, 1, false},
-                                                 {"mz1", &ProjectState::mz1, 0, true},
-                                                 {"mz2", &ProjectState::mz2, 0, true},
-                                                 {"vy1", &ProjectState::vy1, 0, false},
-                                                 {"vy2", &ProjectState::vy2, 0, false}}};
+constexpr std::array<EndForce, 9> kEndForces = {{{"ne", &LoadInputs::ne, -1, false},
+                                                 {"my1", &LoadInputs::my1, 1, true},
+                                                 {"my2", &LoadInputs::my2, 1, true},
+                                                 {"vz1", &LoadInputs::vz1, 1, false},
+                                                 {"vz2", &LoadInputs::vz2, 1, false},
+                                                 {"mz1", &LoadInputs::mz1, 0, true},
+                                                 {"mz2", &LoadInputs::mz2, 0, true},
+                                                 {"vy1", &LoadInputs::vy1, 0, false},
+                                                 {"vy2", &LoadInputs::vy2, 0, false}}};
 
 // An end force that was only passed over, not emptied.
 bool StillThere(const Inputs& in, const DroppedLoad& load)
@@ -153,9 +153,8 @@ std::string Place(const DroppedLoad& load)
 
 }  // namespace
 
-void OpenDropped(const Inputs& in, PassOutcome& outcome)
+void OpenDropped(const Inputs& in, DroppedLoads& dropped)
 {
-    DroppedLoads& dropped = outcome.dropped;
     const bool changed = dropped.count > 0 && dropped.table != TableOf(in);
     const auto first = dropped.load.begin(), last = first + dropped.count;
     const auto end = std::remove_if(
@@ -164,14 +163,13 @@ void OpenDropped(const Inputs& in, PassOutcome& outcome)
     std::fill(end, last, DroppedLoad{});
 }
 
-void CloseDropped(const Inputs& in, PassOutcome& outcome)
+void CloseDropped(const Inputs& in, DroppedLoads& dropped)
 {
-    outcome.dropped.table = outcome.dropped.count > 0 ? TableOf(in) : 0;
+    dropped.table = dropped.count > 0 ? TableOf(in) : 0;
 }
 
-void NoteDropped(PassOutcome& outcome, const DroppedLoad& load)
+void NoteDropped(DroppedLoads& dropped, const DroppedLoad& load)
 {
-    DroppedLoads& dropped = outcome.dropped;
     const auto first = dropped.load.begin(), end = first + dropped.count;
     const auto at = std::find_if(first, end, [&load](const DroppedLoad& other) {
         return other.field == load.field && other.row == load.row;
@@ -184,10 +182,10 @@ void NoteDropped(PassOutcome& outcome, const DroppedLoad& load)
     }
 }
 
-void NoteDroppedPoint(const Inputs& in, PassOutcome& outcome, std::size_t k, DropReason reason)
+void NoteDroppedPoint(const Inputs& in, DroppedLoads& dropped, std::size_t k, DropReason reason)
 {
     if (in.pm[k] != 0) {
-        NoteDropped(outcome, {.field = kPoint,
+        NoteDropped(dropped, {.field = kPoint,
                               .row = static_cast<i16>(k),
                               .reason = reason,
                               .value = in.pm[k],
@@ -203,10 +201,10 @@ std::int16_t KeptNumber(float kept)
     return kept == 0 ? 0 : kept == 1 ? 1 : kept == 2 ? 2 : -1;
 }
 
-void NoteDroppedTrapezoid(const Inputs& in, PassOutcome& outcome, std::size_t k, DropReason reason)
+void NoteDroppedTrapezoid(const Inputs& in, DroppedLoads& dropped, std::size_t k, DropReason reason)
 {
     if (in.qt1[k] != 0 || in.qt2[k] != 0) {
-        NoteDropped(outcome, {.field = kTrapezoid,
+        NoteDropped(dropped, {.field = kTrapezoid,
                               .row = static_cast<i16>(k),
                               .reason = reason,
                               .value = in.qt1[k],
@@ -218,13 +216,13 @@ void NoteDroppedTrapezoid(const Inputs& in, PassOutcome& outcome, std::size_t k,
     }
 }
 
-void NoteDroppedEndForces(const Inputs& in, PassOutcome& outcome, bool axial, bool transverse,
+void NoteDroppedEndForces(const Inputs& in, DroppedLoads& dropped, bool axial, bool transverse,
                           bool sideways)
 {
     for (const EndForce& end : kEndForces) {
         const bool refused = end.direction < 0 ? axial : end.direction == 1 ? transverse : sideways;
         if (refused && in.*end.force != 0) {
-            NoteDropped(outcome, {.field = end.name,
+            NoteDropped(dropped, {.field = end.name,
                                   .value = in.*end.force,
                                   .direction = end.direction,
                                   .moment = end.moment});
@@ -232,19 +230,19 @@ void NoteDroppedEndForces(const Inputs& in, PassOutcome& outcome, bool axial, bo
     }
 }
 
-std::vector<DroppedLoad> DroppedNow(const Inputs& in, const PassOutcome& outcome)
+std::vector<DroppedLoad> DroppedNow(const Inputs& in, const DroppedLoads& dropped)
 {
     std::vector<DroppedLoad> loads;
-    std::copy_if(outcome.dropped.load.begin(), outcome.dropped.load.begin() + outcome.dropped.count,
+    std::copy_if(dropped.load.begin(), dropped.load.begin() + dropped.count,
                  std::back_inserter(loads),
                  [&in](const DroppedLoad& load) { return IsEndForce(load) == (in.loadmode != 1); });
     return loads;
 }
 
-void PutDroppedBack(LoadInputs& loads, const PassOutcome& outcome)
+void PutDroppedBack(LoadInputs& loads, const DroppedLoads& dropped)
 {
-    for (std::int16_t i = 0; i < outcome.dropped.count; ++i) {
-        const DroppedLoad& load = outcome.dropped.load[static_cast<std::size_t>(i)];
+    for (std::int16_t i = 0; i < dropped.count; ++i) {
+        const DroppedLoad& load = dropped.load[static_cast<std::size_t>(i)];
         if (!IsEndForce(load)) {
             PutRowBack(loads, load);
             continue;

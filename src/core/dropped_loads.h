@@ -18,8 +18,6 @@ namespace kestrum {
 
 struct Inputs;
 struct LoadInputs;
-struct PassOutcome;
-struct ProjectState;
 
 enum class DropReason : std::uint8_t {
     family,   // the section family cannot take such a load
@@ -50,30 +48,30 @@ struct DroppedLoads {
 
 // Forgets the record when the loads are no longer those it left, and end forces that are still
 // there. To be called before loads are emptied, and CloseDropped after it.
-void OpenDropped(const Inputs& in, PassOutcome& outcome);
-void CloseDropped(const Inputs& in, PassOutcome& outcome);
+void OpenDropped(const Inputs& in, DroppedLoads& dropped);
+void CloseDropped(const Inputs& in, DroppedLoads& dropped);
 
 // Notes a load; one of the same row replaces it.
-void NoteDropped(PassOutcome& outcome, const DroppedLoad& load);
+void NoteDropped(DroppedLoads& dropped, const DroppedLoad& load);
 
 // Notes row k of the point loads, unless it is empty.
-void NoteDroppedPoint(const Inputs& in, PassOutcome& outcome, std::size_t k, DropReason reason);
+void NoteDroppedPoint(const Inputs& in, DroppedLoads& dropped, std::size_t k, DropReason reason);
 
 // Row k of the trapezoidal loads in the same way.
-void NoteDroppedTrapezoid(const Inputs& in, PassOutcome& outcome, std::size_t k, DropReason reason);
+void NoteDroppedTrapezoid(const Inputs& in, DroppedLoads& dropped, std::size_t k, DropReason reason);
 
 // A category or direction of a row that keeps it in single precision; -1 for none of the list.
 std::int16_t KeptNumber(float kept);
 
 // Notes the end forces that a section does not take, unless they are 0. `transverse`: My and Vz.
-void NoteDroppedEndForces(const Inputs& in, PassOutcome& outcome, bool axial, bool transverse,
+void NoteDroppedEndForces(const Inputs& in, DroppedLoads& dropped, bool axial, bool transverse,
                           bool sideways);
 
 // The noted loads that the way of loading (loadmode) would have used.
-std::vector<DroppedLoad> DroppedNow(const Inputs& in, const PassOutcome& outcome);
+std::vector<DroppedLoad> DroppedNow(const Inputs& in, const DroppedLoads& dropped);
 
 // Puts all noted loads back into the rows that they were taken from.
-void PutDroppedBack(LoadInputs& loads, const PassOutcome& outcome);
+void PutDroppedBack(LoadInputs& loads, const DroppedLoads& dropped);
 
 // "nload[1]: axial force 3000 kN (G), not taken by this section family".
 std::string DroppedText(const DroppedLoad& load);

@@ -8,6 +8,7 @@
 // project.
 
 #include "core/state/annex_factors.h"
+#include "core/state/carry.h"
 #include "core/state/forces.h"
 #include "core/state/identification.h"
 #include "core/state/inputs.h"
@@ -21,8 +22,7 @@
 namespace kestrum {
 
 // What a pass finds.
-struct Results : AnnexFactors,
-                 SectionRecord,
+struct Results : SectionRecord,
                  Resistances,
                  Forces,
                  SectionChecks,
@@ -32,7 +32,7 @@ struct Results : AnnexFactors,
     bool operator==(const Results&) const = default;
 };
 
-struct ProjectState : Identification, Inputs, Results {
+struct ProjectState : Identification, Inputs, AnnexFactors, Results, Carry {
     bool operator==(const ProjectState&) const = default;
 };
 

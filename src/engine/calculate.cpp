@@ -1,9 +1,9 @@
 #include "engine/calculate.h"
 
-#include "analysis/member_forces.h"
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
 #include "engine/control_dispatch.h"
+#include "engine/member_analysis.h"
 #include "engine/section_dispatch.h"
 #include "engine/validate.h"
 #include "service/deflection_control.h"
@@ -191,7 +191,7 @@ bool Calculate(const Library& library, ProjectState& s)
 ProjectState AsGiven(const ProjectState& s)
 {
     ProjectState given = s;
-    PutDroppedBack(given, given);
+    PutDroppedBack(given, given.dropped);
     if (s.flangeoverload) {
         constexpr i16 kConsidered = 0;
         given.hsqopt = kConsidered;

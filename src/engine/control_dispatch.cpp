@@ -1,10 +1,10 @@
 #include "engine/control_dispatch.h"
 
-#include "analysis/member_forces.h"
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
 #include "design/section_control.h"
 #include "engine/family_routines.h"
+#include "engine/settle_inputs.h"
 #include "sections/families.h"
 #include "stability/buckling_control.h"
 
@@ -75,7 +75,7 @@ void CalcSectionControl(ProjectState& s)
         return;
     }
     if (Is(s, Kind::tee)) {
-        ClearInvalidLoads(s, s, s);  // end forces do not pass the clearing of the analysis
+        ClearInvalidLoads(s, s, s.dropped);  // end forces do not pass the clearing of the analysis
     }
     if (routines->control_without_n) {
         s.ned = 0;
@@ -83,8 +83,7 @@ void CalcSectionControl(ProjectState& s)
     s.failure.stage = Stage::section_control;
     routines->control(s, s, s, s, s, s);
     if (s.flangeoverload) {
-        constexpr i16 kNotConsidered = 1;
-        s.hsqopt = kNotConsidered;  // from here on
+        SettleFlangeLoading(s);
     }
     CheckTrap();
     RequireResistances(s);
@@ -98,6 +97,7 @@ void CalcBucklingControl(ProjectState& s)
     }
     s.failure.stage = Stage::buckling_control;
     if (routines->buckling != nullptr && (!routines->compressed_only || s.ned > 0)) {
+        SettleLoadLevel(s, s);
         routines->buckling(s, s, s, s, s, s, s, s);
     }
 }

@@ -14,9 +14,9 @@ struct FamilyRoutines {
                        SectionChecks& checks);
     void (*control)(const Inputs& in, SectionRecord& section, Resistances& resistances,
                     const Forces& forces, SectionChecks& checks, PassOutcome& outcome);
-    void (*buckling)(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                     Resistances& resistances, Forces& forces, SectionChecks& checks,
-                     Stability& stability, PassOutcome& outcome);  // null: none
+    void (*buckling)(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                     Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry,
+                     PassOutcome& outcome);  // null: none
     bool control_without_n;  // N is cleared before the control
     bool compressed_only;    // no buckling control unless N is compression
 };

@@ -4,6 +4,7 @@
 #include "core/load_combination.h"
 #include "design/section_control.h"
 #include "engine/control_dispatch.h"
+#include "engine/member_analysis.h"
 #include "engine/section_dispatch.h"
 #include "engine/validate.h"
 
@@ -188,7 +189,8 @@ void StationRun::Pass(std::span<const Station> stations)
     ProjectState& s = *s_;
     ArmTrap();
     s.failure.stage = Stage::forces;
-    lines_.Fill(s, s, stations, s, s);
+    lines_.Fill(s, s, stations, s);
+    HandOnDesignMoment(s, s);
     CheckTrap();
     ClearControl(s);
     Sections();

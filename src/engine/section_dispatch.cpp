@@ -1,35 +1,13 @@
 #include "engine/section_dispatch.h"
 
 #include "core/arithmetic_trap.h"
-#include "core/material.h"
-#include "core/member_choices.h"
 #include "core/project_state.h"
-#include "design/hat_beam_section.h"
 #include "engine/family_routines.h"
+#include "engine/settle_inputs.h"
 #include "sections/families.h"
 #include "sections/whole_section.h"
 
 namespace kestrum {
-
-namespace {
-
-void SetLateralBuckling(ProjectState& s, LateralBuckling lateral)
-{
-    if (lateral == LateralBuckling::off) {
-        s.ltb = 0;
-        s.restraints = 0;
-        s.ltbavail = kFalse;
-        return;
-    }
-    if (lateral != LateralBuckling::unchanged) {
-        s.ltbavail = kTrue;
-    }
-    if (lateral != LateralBuckling::on) {
-        s.ltbcurve = LtbCurve::general;
-    }
-}
-
-}  // namespace
 
 void CalcSection(const Library& library, ProjectState& s)
 {
@@ -49,15 +27,12 @@ void CalcSection(const Library& library, ProjectState& s)
         throw;
     }
     RequireWholeSection(s, s);
-    SetMaterial(library, s, s, s.fykindex);  // after the properties: tmax chooses the strength
-    if (Is(s, Kind::hat) && UpgradeNeedsWebBuckling(s, s)) {
-        s.checkwebbuck = kFalse;
-    }
+    SettleMaterial(library, s, s, s);
     if (routines->effective != nullptr) {
         routines->effective(s, s);
     }
     routines->resistance(s, s, s, s);
-    SetLateralBuckling(s, family.design.lateral);
+    SettleLateralBuckling(s, s);
 }
 
 }  // namespace kestrum

@@ -1,6 +1,6 @@
 #include "report/design_note_trial.h"
 
-#include "analysis/member_forces.h"
+#include "engine/member_analysis.h"
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
 #include "engine/control_dispatch.h"
@@ -104,12 +104,12 @@ bool TorsionRaisesAnnexA(const ProjectState& s, double ncrtf)
     ProjectState with = s, without = s;
     with.ncrtf = ncrtf;
     if (Guarded(with, [](ProjectState& copy) {
-            KFactorsAnnexA(copy, copy, copy, copy, copy, copy);
+            KFactorsAnnexA(copy, copy, copy, copy, copy, copy, copy);
         }).section[0] == kUnbounded) {
         return true;
     }
     Guarded(without,
-            [](ProjectState& copy) { KFactorsAnnexA(copy, copy, copy, copy, copy, copy); });
+            [](ProjectState& copy) { KFactorsAnnexA(copy, copy, copy, copy, copy, copy, copy); });
     return Above(with.kyy, without.kyy) || Above(with.kzy, without.kzy) ||
            Above(with.kyz, without.kyz) || Above(with.kzz, without.kzz);
 }

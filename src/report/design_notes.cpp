@@ -23,7 +23,7 @@ namespace {
 
 bool LoadsDropped(const ProjectState& s)
 {
-    const std::vector<DroppedLoad> loads = DroppedNow(s, s);
+    const std::vector<DroppedLoad> loads = DroppedNow(s, s.dropped);
     return std::any_of(loads.begin(), loads.end(),
                        [](const DroppedLoad& load) { return load.reason == DropReason::family; });
 }

@@ -339,7 +339,7 @@ constexpr NoteRule kSections[] = {
     {"D177", [](const ProjectState& s) { return Is(s, Kind::flat) && s.ned < 0 && PlasticNMy(s); }},
     {"D178",
      [](const ProjectState& s) {
-         const std::vector<DroppedLoad> loads = DroppedNow(s, s);
+         const std::vector<DroppedLoad> loads = DroppedNow(s, s.dropped);
          return Is(s, Kind::flat) &&
                 std::any_of(loads.begin(), loads.end(),
                             [](const DroppedLoad& load) { return load.direction == 0; });

@@ -183,7 +183,7 @@ AxisSteps StepsOf(const ProjectState& s, LoadAxis axis)
 {
     AxisSteps steps;
     for (const StepPoint& point :
-         StepPoints(s, s, s, axis == LoadAxis::z ? BendingAxis::y : BendingAxis::z)) {
+         StepPoints(s, s, s, s, axis == LoadAxis::z ? BendingAxis::y : BendingAxis::z)) {
         steps.m.push_back({point.at, point.m});
         steps.v.push_back({point.at, point.v});
     }

@@ -99,7 +99,7 @@ Outcome Finished(const ProjectState& s)
 
 void AddDropped(const ProjectState& s, bool well, Outcome& outcome)
 {
-    for (const DroppedLoad& load : DroppedNow(s, s)) {
+    for (const DroppedLoad& load : DroppedNow(s, s.dropped)) {
         outcome.dropped.push_back(DroppedText(load));
     }
     if (!well || outcome.dropped.empty()) {

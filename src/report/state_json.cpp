@@ -227,7 +227,7 @@ std::string DroppedJson(const ProjectState& s)
 {
     constexpr std::array<std::string_view, 3> kCategories = {"G", "Q1", "Q2"};
     std::string list;
-    for (const DroppedLoad& load : DroppedNow(s, s)) {
+    for (const DroppedLoad& load : DroppedNow(s, s.dropped)) {
         const bool listed = load.category >= 0 && load.category < 3;
         list += (list.empty() ? "" : ",\n    ") + std::string("{\"field\": ") +
                 JsonText(load.field) + ", \"row\": " + std::to_string(load.row) +

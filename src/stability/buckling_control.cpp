@@ -37,16 +37,16 @@ void CloseStage(const SectionChecks& checks, Stability& stability)
     stability.maxirbuckling = std::max({checks.irrow4, checks.irrow5, checks.irrow6});
 }
 
-void ControlLateralTorsional(const Inputs& in, MemberInputs& member, const SectionRecord& section,
+void ControlLateralTorsional(const Inputs& in, const SectionRecord& section,
                              const Resistances& resistances, const Forces& forces,
-                             SectionChecks& checks, Stability& stability)
+                             SectionChecks& checks, Stability& stability, Carry& carry)
 {
-    if (member.ltb != 1) {
+    if (in.ltb != 1) {
         return;
     }
-    LateralTorsionalBuckling(in, member, section, resistances, forces, stability);
+    LateralTorsionalBuckling(in, section, resistances, forces, stability, carry);
     if (stability.mydesignf != 0) {
-        LateralTorsionalRow(in, checks, stability);
+        LateralTorsionalRow(in, checks, stability, carry);
     }
 }
 
@@ -91,8 +91,7 @@ void TakeClassOfSide(const Inputs& in, SectionRecord& section, const Forces& for
 }
 
 // kyy .. kzz; false when the axial force is above an elastic critical force.
-bool InteractionFactors(const Inputs& in, SectionRecord& section, const Resistances& resistances,
-                        Forces& forces, Stability& stability, PassOutcome& outcome, bool lateral)
+bool InteractionFactors(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, Stability& stability, Carry& carry, PassOutcome& outcome, bool lateral)
 {
     TakeClassOfSide(in, section, forces);
     if (in.method != Method::annex_a) {
@@ -101,7 +100,7 @@ bool InteractionFactors(const Inputs& in, SectionRecord& section, const Resistan
         } else {
             CmAnnexBForces(stability);
         }
-        KFactorsAnnexB(in, section, forces, stability);
+        KFactorsAnnexB(in, section, forces, stability, carry);
         return true;
     }
     if (in.loadmode == 1) {
@@ -110,20 +109,19 @@ bool InteractionFactors(const Inputs& in, SectionRecord& section, const Resistan
         CmAnnexAForces(forces, stability);
     }
     if (lateral) {
-        LtUniformMcr(in, section, resistances, forces, stability);
+        LtUniformMcr(in, section, resistances, forces, stability, carry);
     }
-    KFactorsAnnexA(in, section, resistances, forces, stability, outcome);
+    KFactorsAnnexA(in, section, resistances, forces, stability, carry, outcome);
     return outcome.errorflag != -1;
 }
 
 // kyy .. kzz and kvv, kvu of an angle.
-bool AngleFactors(const Inputs& in, SectionRecord& section, const Resistances& resistances,
-                  Forces& forces, Stability& stability, PassOutcome& outcome)
+bool AngleFactors(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, Stability& stability, Carry& carry, PassOutcome& outcome)
 {
     if (in.method == Method::annex_a) {
         stability.lam0 = 1.0f;  // D226
     }
-    if (!InteractionFactors(in, section, resistances, forces, stability, outcome, false)) {
+    if (!InteractionFactors(in, section, resistances, forces, stability, carry, outcome, false)) {
         return false;
     }
     if (in.loadmode == 1) {
@@ -143,33 +141,33 @@ bool AngleFactors(const Inputs& in, SectionRecord& section, const Resistances& r
 //
 // Deviation D230: the terms have no additional moment NEd eN of class 4; Eq (6.61) and (6.62) add
 // it where the effective section shifts the centroid.
-void BeamColumn(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                const Resistances& resistances, Forces& forces, SectionChecks& checks,
-                Stability& stability, PassOutcome& outcome, bool lateral,
+void BeamColumn(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry,
+                PassOutcome& outcome, bool lateral,
                 const MomentResistances& resistance)
 {
     StartStage(forces, checks, stability);
     if (lateral) {
-        ControlLateralTorsional(in, member, section, resistances, forces, checks, stability);
+        ControlLateralTorsional(in, section, resistances, forces, checks, stability, carry);
     }
-    BucklingCurves(in, section, stability);
-    BucklingResistance(in, section, resistances, stability);
+    BucklingCurves(in, section, carry);
+    BucklingResistance(in, section, resistances, carry, stability);
     if (forces.ned > 0 && !NoBucklingAtAll(in, checks)) {
-        AxialRows(in, forces, checks, stability);
+        AxialRows(in, forces, checks, stability, carry);
         if (HasMoment(forces)) {
-            if (!InteractionFactors(in, section, resistances, forces, stability, outcome,
+            if (!InteractionFactors(in, section, resistances, forces, stability, carry, outcome,
                                     lateral)) {
                 return;
             }
-            AddMomentTerms(in, forces, checks, stability, resistance, false);
+            AddMomentTerms(in, forces, checks, stability, carry, resistance, false);
         } else if (MayIgnoreBuckling(forces, stability)) {
             IgnoreBuckling(checks);
         }
     } else if (forces.ned == 0 && forces.mydesign != 0 && forces.mzdesign != 0) {
-        if (!InteractionFactors(in, section, resistances, forces, stability, outcome, lateral)) {
+        if (!InteractionFactors(in, section, resistances, forces, stability, carry, outcome, lateral)) {
             return;
         }
-        BendingRows(in, forces, checks, stability, resistance);
+        BendingRows(in, forces, checks, stability, carry, resistance);
     }
     CloseStage(checks, stability);
 }
@@ -189,30 +187,23 @@ void ClearBucklingRows(SectionChecks& checks, Stability& stability)
 //   in   ned [kN], mydesign, mzdesign [kNm], ly, lz, ltb, method, loadmode, section, resistances
 //   out  rows, irrow4..6, maxirbuckling, errorflag, all values of the stability stage
 // Deviations D230, D232: see above.
-void BucklingControlRolledI(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                            Resistances& resistances, Forces& forces, SectionChecks& checks,
-                            Stability& stability, PassOutcome& outcome)
+void BucklingControlRolledI(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome)
 {
-    BeamColumn(in, member, section, resistances, forces, checks, stability, outcome, true,
+    BeamColumn(in, section, resistances, forces, checks, stability, carry, outcome, true,
                {resistances.myrdm1, resistances.mzrdm1});
 }
 
 // The same without lateral torsional buckling.
-void BucklingControlHollow(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                           Resistances& resistances, Forces& forces, SectionChecks& checks,
-                           Stability& stability, PassOutcome& outcome)
+void BucklingControlHollow(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome)
 {
-    BeamColumn(in, member, section, resistances, forces, checks, stability, outcome, false,
+    BeamColumn(in, section, resistances, forces, checks, stability, carry, outcome, false,
                {resistances.myrdm1, resistances.mzrdm1});
 }
 
 // The same with class and resistance of the compressed side.
-void BucklingControlWeldedI(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                            Resistances& resistances, Forces& forces, SectionChecks& checks,
-                            Stability& stability, PassOutcome& outcome)
+void BucklingControlWeldedI(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome)
 {
-    BeamColumn(
-        in, member, section, resistances, forces, checks, stability, outcome, true,
+    BeamColumn(in, section, resistances, forces, checks, stability, carry, outcome, true,
         {forces.mydesign > 0 ? resistances.mytoprd : resistances.mybotrd, resistances.mzrdm1});
 }
 
@@ -220,24 +211,22 @@ void BucklingControlWeldedI(const Inputs& in, MemberInputs& member, SectionRecor
 //
 // Deviation D229: lateral torsional buckling is controlled beside an axial compression only; 6.3.2
 // asks for it in any case.
-void BucklingControlFlatBar(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                            Resistances& resistances, Forces& forces, SectionChecks& checks,
-                            Stability& stability, PassOutcome& outcome)
+void BucklingControlFlatBar(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome)
 {
     StartStage(forces, checks, stability);
-    ControlLateralTorsional(in, member, section, resistances, forces, checks, stability);
-    BucklingCurves(in, section, stability);
-    BucklingResistance(in, section, resistances, stability);
+    ControlLateralTorsional(in, section, resistances, forces, checks, stability, carry);
+    BucklingCurves(in, section, carry);
+    BucklingResistance(in, section, resistances, carry, stability);
     if (!NoBucklingAtAll(in, checks)) {
         if (forces.mydesign != 0) {
-            if (!InteractionFactors(in, section, resistances, forces, stability, outcome, true)) {
+            if (!InteractionFactors(in, section, resistances, forces, stability, carry, outcome, true)) {
                 return;
             }
-            FlatBarRows(in, resistances, forces, checks, stability);
+            FlatBarRows(in, resistances, forces, checks, stability, carry);
         } else if (MayIgnoreBuckling(forces, stability)) {
             IgnoreBuckling(checks);
         } else {
-            AxialRows(in, forces, checks, stability);
+            AxialRows(in, forces, checks, stability, carry);
         }
     }
     CloseStage(checks, stability);
@@ -245,28 +234,26 @@ void BucklingControlFlatBar(const Inputs& in, MemberInputs& member, SectionRecor
 
 // EN 1993-1-1, 6.3.1, 6.3.3: about y and z, and about v with the moments of the principal axes. The
 // axial force must not exceed the critical forces of the principal axes, with or without moments.
-void BucklingControlAngle(const Inputs& in, MemberInputs&, SectionRecord& section,
-                          Resistances& resistances, Forces& forces, SectionChecks& checks,
-                          Stability& stability, PassOutcome& outcome)
+void BucklingControlAngle(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome)
 {
     StartStage(forces, checks, stability);
-    BucklingCurves(in, section, stability);
-    BucklingResistance(in, section, resistances, stability);
+    BucklingCurves(in, section, carry);
+    BucklingResistance(in, section, resistances, carry, stability);
     if (ExceedsCriticalForce(forces, outcome,
                              {{"Ncr,v", stability.ncrv}, {"Ncr,u", stability.ncru}})) {
         return;
     }
     if (!NoBucklingAtAll(in, checks)) {
-        AxialRows(in, forces, checks, stability);
+        AxialRows(in, forces, checks, stability, carry);
         if (HasMoment(forces)) {
-            if (!AngleFactors(in, section, resistances, forces, stability, outcome)) {
+            if (!AngleFactors(in, section, resistances, forces, stability, carry, outcome)) {
                 return;
             }
-            resistances.myaxrd =
+            stability.myaxrd =
                 std::min(resistances.mry1, resistances.mry2) * in.gammam0 / in.gammam1;
-            resistances.mzaxrd =
+            stability.mzaxrd =
                 std::min(resistances.mrz1, resistances.mrz2) * in.gammam0 / in.gammam1;
-            AddMomentTerms(in, forces, checks, stability, {resistances.myaxrd, resistances.mzaxrd},
+            AddMomentTerms(in, forces, checks, stability, carry, {stability.myaxrd, stability.mzaxrd},
                            true);
         }
         if (BucklesAboutZ(in)) {
@@ -284,15 +271,13 @@ void BucklingControlAngle(const Inputs& in, MemberInputs&, SectionRecord& sectio
 //
 // Deviation D231: moments of the self-weight are not combined with the axial force; 6.3.3 combines
 // them.
-void BucklingControlT(const Inputs& in, MemberInputs&, SectionRecord& section,
-                      Resistances& resistances, Forces& forces, SectionChecks& checks,
-                      Stability& stability, PassOutcome&)
+void BucklingControlT(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome&)
 {
     StartStage(forces, checks, stability);
-    BucklingCurves(in, section, stability);
-    BucklingResistance(in, section, resistances, stability);
+    BucklingCurves(in, section, carry);
+    BucklingResistance(in, section, resistances, carry, stability);
     if (!NoBucklingAtAll(in, checks)) {
-        AxialRows(in, forces, checks, stability);
+        AxialRows(in, forces, checks, stability, carry);
         if (MayIgnoreBuckling(forces, stability)) {
             IgnoreBuckling(checks);
         }
@@ -301,12 +286,10 @@ void BucklingControlT(const Inputs& in, MemberInputs&, SectionRecord& section,
 }
 
 // EN 1993-1-1, 6.3.2.
-void BucklingControlPlate(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                          Resistances& resistances, Forces& forces, SectionChecks& checks,
-                          Stability& stability, PassOutcome&)
+void BucklingControlPlate(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome&)
 {
     StartStage(forces, checks, stability);
-    ControlLateralTorsional(in, member, section, resistances, forces, checks, stability);
+    ControlLateralTorsional(in, section, resistances, forces, checks, stability, carry);
     CloseStage(checks, stability);
 }
 

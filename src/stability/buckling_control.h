@@ -7,9 +7,9 @@
 // elastic critical force, where the interaction cannot be formed, sets errorflag to -1 and leaves
 // at once.
 
+#include "core/state/carry.h"
 #include "core/state/forces.h"
 #include "core/state/inputs.h"
-#include "core/state/member_inputs.h"
 #include "core/state/pass_outcome.h"
 #include "core/state/resistances.h"
 #include "core/state/section_checks.h"
@@ -21,29 +21,12 @@ namespace kestrum {
 // Empties the three rows and their ratios, for a member without this control.
 void ClearBucklingRows(SectionChecks& checks, Stability& stability);
 
-void BucklingControlRolledI(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                            Resistances& resistances, Forces& forces, SectionChecks& checks,
-                            Stability& stability,
-                            PassOutcome& outcome);  // I sections, channels, general profile
-void BucklingControlHollow(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                           Resistances& resistances, Forces& forces, SectionChecks& checks,
-                           Stability& stability,
-                           PassOutcome& outcome);  // hollow sections, box, tube
-void BucklingControlWeldedI(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                            Resistances& resistances, Forces& forces, SectionChecks& checks,
-                            Stability& stability, PassOutcome& outcome);  // single-symmetric I
-void BucklingControlFlatBar(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                            Resistances& resistances, Forces& forces, SectionChecks& checks,
-                            Stability& stability, PassOutcome& outcome);  // with compression only
-void BucklingControlAngle(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                          Resistances& resistances, Forces& forces, SectionChecks& checks,
-                          Stability& stability, PassOutcome& outcome);  // with compression only
-void BucklingControlT(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                      Resistances& resistances, Forces& forces, SectionChecks& checks,
-                      Stability& stability, PassOutcome& outcome);  // with compression only
-void BucklingControlPlate(const Inputs& in, MemberInputs& member, SectionRecord& section,
-                          Resistances& resistances, Forces& forces, SectionChecks& checks,
-                          Stability& stability,
-                          PassOutcome& outcome);  // lateral torsional buckling only
+void BucklingControlRolledI(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // I sections, channels, general profile
+void BucklingControlHollow(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // hollow sections, box, tube
+void BucklingControlWeldedI(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // single-symmetric I
+void BucklingControlFlatBar(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // with compression only
+void BucklingControlAngle(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // with compression only
+void BucklingControlT(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // with compression only
+void BucklingControlPlate(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // lateral torsional buckling only
 
 }  // namespace kestrum

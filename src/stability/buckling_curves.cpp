@@ -110,16 +110,16 @@ const Curve* Chosen(int choice, const Curve* automatic)
 //   in   bcy, bcz, family, b, h, tf, tw, tmax [mm], fyk [MPa], weldopt, tubehot
 //   out  curvey, curvez, alphay, alphaz [-]
 // Deviations D203, D204, D205: see above.
-void BucklingCurves(const Inputs& in, const SectionRecord& section, Stability& stability)
+void BucklingCurves(const Inputs& in, const SectionRecord& section, Carry& carry)
 {
     const Pair automatic = Automatic(in, section);
     if (const Curve* y = Chosen(in.bcy, automatic.y)) {
-        stability.curvey = y->name;
-        stability.alphay = y->alpha;
+        carry.curvey = y->name;
+        carry.alphay = y->alpha;
     }
     if (const Curve* z = Chosen(in.bcz, automatic.z)) {
-        stability.curvez = z->name;
-        stability.alphaz = F32(z->alpha);
+        carry.curvez = z->name;
+        carry.alphaz = F32(z->alpha);
     }
 }
 

@@ -32,7 +32,7 @@ double ConnectedLeg(const Inputs& in, double lam, double offset)
 // Deviation D206: the slenderness about v and u rests on the gross area in class 4 too; 6.3.1.2 (1)
 // takes the effective one.
 void PrincipalAxes(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
-                   Stability& stability)
+                   const Carry& carry, Stability& stability)
 {
     const double area = section.a;
     const double squash = in.fyk * area;
@@ -40,8 +40,8 @@ void PrincipalAxes(const Inputs& in, const SectionRecord& section, const Resista
     stability.ncru = EulerForce(in, in.ly, section.iu);
     stability.lamv = ConnectedLeg(in, std::sqrt(squash / (stability.ncrv * 1000.0)), 0.35);
     stability.lamu = ConnectedLeg(in, std::sqrt(squash / (stability.ncru * 1000.0)), 0.35);
-    stability.chiv = ReductionFactor(stability.lamv, stability.alphaz);
-    stability.chiu = ReductionFactor(stability.lamu, stability.alphaz);
+    stability.chiv = ReductionFactor(stability.lamv, carry.alphaz);
+    stability.chiu = ReductionFactor(stability.lamu, carry.alphaz);
     stability.nbvrd = stability.chiv * resistances.nrdm1;
     stability.nburd = stability.chiu * resistances.nrdm1;
 }
@@ -83,9 +83,10 @@ double ShearCentreDistanceSquared(const Inputs& in, const SectionRecord& section
 // is buckling about z that couples.
 // Deviation D228: the length is that of the last lateral torsional calculation, of whatever member;
 // 6.3.1.4 takes the member's own torsional length.
-void StoreTorsionalForces(const Inputs& in, const SectionRecord& section, Stability& stability)
+void StoreTorsionalForces(const Inputs& in, const SectionRecord& section, const Carry& carry,
+                          Stability& stability)
 {
-    const TorsionalForces forces = TorsionalForcesAt(in, section, stability, stability.lt);
+    const TorsionalForces forces = TorsionalForcesAt(in, section, stability, carry.lt);
     stability.ncrt = forces.ncrt;
     stability.ncrtf = forces.ncrtf;
 }
@@ -138,25 +139,25 @@ double ReductionFactor(double lam, double alpha)
 // Deviation D237: ly and lz are the factors as chosen, 1.0 after the choice of a cantilever; the
 // critical force of 6.3.1.2 (1) then belongs to a member that is held at both ends.
 void BucklingResistance(const Inputs& in, const SectionRecord& section,
-                        const Resistances& resistances, Stability& stability)
+                        const Resistances& resistances, const Carry& carry, Stability& stability)
 {
     stability.ncry = EulerForce(in, in.ly, section.iy);
     stability.lamy =
         ConnectedLeg(in, std::sqrt(SquashForce(in, section) / (stability.ncry * 1000.0)), 0.5);
-    stability.chiy = ReductionFactor(stability.lamy, stability.alphay);
+    stability.chiy = ReductionFactor(stability.lamy, carry.alphay);
     stability.nbyrd = stability.chiy * resistances.nrdm1;
 
     stability.ncrz = EulerForce(in, in.lz, section.iz);
     stability.lamz =
         ConnectedLeg(in, std::sqrt(SquashForce(in, section) / (stability.ncrz * 1000.0)), 0.5);
-    stability.chiz = ReductionFactor(stability.lamz, stability.alphaz);
+    stability.chiz = ReductionFactor(stability.lamz, carry.alphaz);
     stability.nbzrd = stability.chiz * resistances.nrdm1;
 
     stability.lammax = std::max(stability.lamy, stability.lamz);
     if (Is(in, Kind::angle)) {
-        PrincipalAxes(in, section, resistances, stability);
+        PrincipalAxes(in, section, resistances, carry, stability);
     }
-    StoreTorsionalForces(in, section, stability);
+    StoreTorsionalForces(in, section, carry, stability);
 }
 
 }  // namespace kestrum

@@ -4,6 +4,7 @@
 // factors and buckling resistances about y and z, for angles also about v and u, and the elastic
 // critical forces of torsional and torsional-flexural buckling.
 
+#include "core/state/carry.h"
 #include "core/state/inputs.h"
 #include "core/state/resistances.h"
 #include "core/state/section_record.h"
@@ -26,6 +27,6 @@ TorsionalForces TorsionalForcesAt(const Inputs& in, const SectionRecord& section
                                   const Stability& stability, double length);
 
 void BucklingResistance(const Inputs& in, const SectionRecord& section,
-                        const Resistances& resistances, Stability& stability);
+                        const Resistances& resistances, const Carry& carry, Stability& stability);
 
 }  // namespace kestrum

@@ -53,10 +53,10 @@ Axis AxisY(const Inputs& in, SectionChecks& checks, const Stability& stability)
             stability.kyy, stability.kyz, BucklesAboutY(in)};
 }
 
-Axis AxisZ(const Inputs& in, SectionChecks& checks, const Stability& stability)
+Axis AxisZ(const Inputs& in, SectionChecks& checks, const Stability& stability, const Carry& carry)
 {
     return {kChecksZ,      checks.irrow5, stability.nbzrd,
-            stability.kzy, stability.kzz, BucklesAboutZ(in)};
+            stability.kzy, carry.kzz, BucklesAboutZ(in)};
 }
 
 // The check in its row, with the terms in their order.
@@ -73,13 +73,13 @@ Check& Take(const Inputs& in, SectionChecks& checks, CheckId id, CheckForm form,
 }
 
 // The governing segment where there are restraints.
-CheckPlace SegmentOf(const Inputs& in)
+CheckPlace SegmentOf(const Inputs& in, const Carry& carry)
 {
     if (in.restraints == 0) {
         return {};
     }
     return {.kind = CheckPlace::Kind::segment,
-            .number = in.beampart,
+            .number = carry.beampart,
             .parts = static_cast<i16>(in.restraints + 1)};
 }
 
@@ -126,18 +126,19 @@ bool BucklesAboutZ(const Inputs& in)
     return in.lz > kNoBuckling;
 }
 
-void LateralTorsionalRow(const Inputs& in, SectionChecks& checks, const Stability& stability)
+void LateralTorsionalRow(const Inputs& in, SectionChecks& checks, const Stability& stability,
+                         const Carry& carry)
 {
     checks.irrow6 = std::abs(stability.mydesignf / (stability.xlt * stability.mltrd));
     Take(in, checks, CheckId::ltb, CheckForm::ltb, checks.irrow6,
          {stability.mydesignf, stability.xlt, stability.mltrd})
-        .place = SegmentOf(in);
+        .place = SegmentOf(in, carry);
 }
 
 void AxialRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
-               const Stability& stability)
+               const Stability& stability, const Carry& carry)
 {
-    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability)}) {
+    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability, carry)}) {
         if (axis.buckles) {
             axis.sum = std::abs(forces.ned / axis.nbrd);
             Take(in, checks, axis.ids.flexural, axis.ids.axial, axis.sum, {forces.ned, axis.nbrd});
@@ -146,19 +147,19 @@ void AxialRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
 }
 
 void AddMomentTerms(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                    const Stability& stability, const MomentResistances& resistance, bool angle)
+                    const Stability& stability, const Carry& carry, const MomentResistances& resistance, bool angle)
 {
-    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability)}) {
+    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability, carry)}) {
         AddMomentTerms(in, forces, checks, stability, axis,
                        angle ? axis.ids.angle : axis.ids.general, resistance);
     }
 }
 
 void BendingRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                 const Stability& stability, const MomentResistances& resistance)
+                 const Stability& stability, const Carry& carry, const MomentResistances& resistance)
 {
     const double my = std::abs(forces.mydesign);
-    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability)}) {
+    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability, carry)}) {
         axis.sum = axis.kmy * my / (stability.xlt * resistance.my) +
                    axis.kmz * forces.mzdesign / resistance.mz;
         Take(
@@ -168,10 +169,10 @@ void BendingRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
 }
 
 void FlatBarRows(const Inputs& in, const Resistances& resistances, const Forces& forces,
-                 SectionChecks& checks, const Stability& stability)
+                 SectionChecks& checks, const Stability& stability, const Carry& carry)
 {
     const double my = std::abs(forces.mydesign);
-    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability)}) {
+    for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability, carry)}) {
         if (axis.buckles) {
             axis.sum = std::abs(forces.ned / axis.nbrd) +
                        axis.kmy * my / (stability.xlt * resistances.myrdm1);

@@ -4,6 +4,7 @@
 // irrow5 of the axes y and z, irrow6 of lateral torsional buckling or, in angles, of the axis v.
 // The factors must be in the record before a check is taken.
 
+#include "core/state/carry.h"
 #include "core/state/forces.h"
 #include "core/state/inputs.h"
 #include "core/state/resistances.h"
@@ -23,25 +24,26 @@ bool BucklesAboutY(const Inputs& in);
 bool BucklesAboutZ(const Inputs& in);
 
 // Lateral torsional buckling, 6.3.2, with the place of the governing segment.
-void LateralTorsionalRow(const Inputs& in, SectionChecks& checks, const Stability& stability);
+void LateralTorsionalRow(const Inputs& in, SectionChecks& checks, const Stability& stability,
+                         const Carry& carry);
 
 // NEd/Nb,Rd of the axes that buckle, 6.3.1.
 void AxialRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
-               const Stability& stability);
+               const Stability& stability, const Carry& carry);
 
 // The moment terms of 6.3.3 behind the axial ones. `angle`: in the form of angles, which ends in
 // "=". Deviation D236: an axis without buckling has no row here either; Eq (6.61) and (6.62) still
 // hold for it with chi = 1 and combine the axial force with lateral torsional buckling.
 void AddMomentTerms(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                    const Stability& stability, const MomentResistances& resistance, bool angle);
+                    const Stability& stability, const Carry& carry, const MomentResistances& resistance, bool angle);
 
 // Bending about both axes without axial force; the length factors are not asked.
 void BendingRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                 const Stability& stability, const MomentResistances& resistance);
+                 const Stability& stability, const Carry& carry, const MomentResistances& resistance);
 
 // Axial force and My of a flat bar, Eq (6.61), (6.62).
 void FlatBarRows(const Inputs& in, const Resistances& resistances, const Forces& forces,
-                 SectionChecks& checks, const Stability& stability);
+                 SectionChecks& checks, const Stability& stability, const Carry& carry);
 
 // Buckling of an angle about v, with the moments of the principal axes or without.
 void AngleRow(const Inputs& in, const SectionRecord& section, const Resistances& resistances,

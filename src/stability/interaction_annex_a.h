@@ -2,6 +2,7 @@
 
 // Interaction factors of members in bending and compression, EN 1993-1-1, 6.3.3 and Annex A.
 
+#include "core/state/carry.h"
 #include "core/state/forces.h"
 #include "core/state/inputs.h"
 #include "core/state/pass_outcome.h"
@@ -37,6 +38,7 @@ void CmAnnexAForces(const Forces& forces, Stability& stability);
 
 // cmy .. kzz; a force above a critical one sets errorflag and leaves.
 void KFactorsAnnexA(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
-                    const Forces& forces, Stability& stability, PassOutcome& outcome);
+                    const Forces& forces, Stability& stability, Carry& carry,
+                    PassOutcome& outcome);
 
 }  // namespace kestrum

@@ -106,26 +106,26 @@ void CmAnnexBForces(Stability& stability)
 // value of the run before, 0 after a start, and kyz with it. Deviation D225: kzy has no branch for
 // lamz below 0.4 (0.6 + lamz in Table B.2).
 void KFactorsAnnexB(const Inputs& in, const SectionRecord& section, const Forces& forces,
-                    Stability& stability)
+                    Stability& stability, Carry& carry)
 {
     const double ny = forces.ned / stability.nbyrd;
     const double nz = forces.ned / stability.nbzrd;
     if (section.classmy > 2) {
         stability.kyy = Capped(stability.cmy, 0.6 * stability.lamy, 0.6, ny);
         stability.kzy = in.ltb == 1 ? KzyTorsion(stability, 0.05, nz) : 0.8 * stability.kyy;
-        stability.kzz = Capped(stability.cmz, 0.6 * stability.lamz, 0.6, nz);
-        stability.kyz = stability.kzz;
+        carry.kzz = Capped(stability.cmz, 0.6 * stability.lamz, 0.6, nz);
+        stability.kyz = carry.kzz;
         return;
     }
     stability.kyy = Capped(stability.cmy, stability.lamy - 0.2, 0.8, ny);
     stability.kzy = in.ltb == 1 ? KzyTorsion(stability, 0.1, nz) : 0.6 * stability.kyy;
     const InteractionColumn column = Traits(in).design.interaction;  // others have no plastic kzz
     if (column == InteractionColumn::i_section) {
-        stability.kzz = Capped(stability.cmz, 2.0 * stability.lamz - 0.6, 1.4, nz);
+        carry.kzz = Capped(stability.cmz, 2.0 * stability.lamz - 0.6, 1.4, nz);
     } else if (column == InteractionColumn::hollow) {
-        stability.kzz = Capped(stability.cmz, stability.lamz - 0.2, 0.8, nz);
+        carry.kzz = Capped(stability.cmz, stability.lamz - 0.2, 0.8, nz);
     }
-    stability.kyz = 0.6 * stability.kzz;
+    stability.kyz = 0.6 * carry.kzz;
 }
 
 }  // namespace kestrum

@@ -2,6 +2,7 @@
 
 // Interaction factors of members in bending and compression, EN 1993-1-1, 6.3.3 and Annex B.
 
+#include "core/state/carry.h"
 #include "core/state/forces.h"
 #include "core/state/inputs.h"
 #include "core/state/section_record.h"
@@ -15,6 +16,6 @@ void CmAnnexBForces(Stability& stability);
 
 // kyy, kyz, kzy, kzz.
 void KFactorsAnnexB(const Inputs& in, const SectionRecord& section, const Forces& forces,
-                    Stability& stability);
+                    Stability& stability, Carry& carry);
 
 }  // namespace kestrum

@@ -28,21 +28,16 @@ double Quotient(double a, double b)
 // zload and zg, mm; positive above the centroid and the shear centre.
 // Deviation D213: the sign follows the level only. Under uplift a load on the bottom flange
 // destabilises, and is taken as stabilising here.
-void SetLoadLevel(const Inputs& in, MemberInputs& member, const SectionRecord& section,
-                  Stability& stability)
+void SetLoadLevel(const Inputs& in, const SectionRecord& section, Stability& stability)
 {
     stability.zload = 0.0;
     stability.zg = 0.0;
-    if (Is(in, Kind::plate)) {
-        return;
-    }
-    if (Is(in, Kind::general)) {
-        member.loadlevel = 2;
+    if (Is(in, Kind::plate, Kind::general)) {
         return;
     }
     const double h = section.h;
     const bool single = IsSingle(in);
-    switch (member.loadlevel) {
+    switch (in.loadlevel) {
     case 1:
         stability.zload = single ? h - section.zcog : h / 2.0;
         break;
@@ -50,7 +45,7 @@ void SetLoadLevel(const Inputs& in, MemberInputs& member, const SectionRecord& s
         stability.zload = single ? -static_cast<double>(section.zcog) : -h / 2.0;
         break;
     case 4:
-        stability.zload = member.za;
+        stability.zload = in.za;
         break;
     default:
         break;
@@ -176,9 +171,9 @@ void Complete(const Inputs& in, const SectionRecord& section, const Resistances&
     piece.resistance = SideResistance(in, resistances, top);
 }
 
-void Keep(MemberInputs& member, Stability& stability, const Piece& piece)
+void Keep(const Piece& piece, Stability& stability, Carry& carry)
 {
-    member.beampart = piece.number;
+    carry.beampart = piece.number;
     stability.mydesignf = piece.moment;
     stability.mltrd = piece.resistance;
     stability.ltc1 = piece.c1;
@@ -192,18 +187,18 @@ void Keep(MemberInputs& member, Stability& stability, const Piece& piece)
     stability.ffactor = piece.reduction.ffactor;
 }
 
-void WholeMember(const Inputs& in, MemberInputs& member, const SectionRecord& section,
-                 const Resistances& resistances, const Forces& forces, Stability& stability)
+void WholeMember(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+                 const Forces& forces, Stability& stability, Carry& carry)
 {
     const CFactors c = LtCFactors(in, forces);
     const bool top = stability.mydesignf > 0;
-    stability.lt = F32(static_cast<double>(member.ltbk) * member.l);
+    carry.lt = F32(static_cast<double>(in.ltbk) * in.l);
     Piece piece{0, stability.mydesignf, c.c1, c.c2, c.c3, 0, 0, {}, 0};
     piece.mcr =
         CriticalMoment(in, section, c.c1, c.c2 * stability.zg - Asymmetry(in, section, c.c3, top),
-                       stability.lt * 1000.0);
+                       carry.lt * 1000.0);
     Complete(in, section, resistances, stability, piece, top);
-    Keep(member, stability, piece);
+    Keep(piece, stability, carry);
 }
 
 // The diagram point nearest to restraint i of n + 1 equal parts.
@@ -213,7 +208,8 @@ std::size_t PointAt(int i, int parts)
 }
 
 Piece Segment(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
-              const Forces& forces, Stability& stability, int number, double& ratio)
+              const Forces& forces, Stability& stability, const Carry& carry, int number,
+              double& ratio)
 {
     const int parts = in.restraints + 1;
     const float first = forces.mydiag[PointAt(number - 1, parts)];
@@ -230,7 +226,7 @@ Piece Segment(const Inputs& in, const SectionRecord& section, const Resistances&
     piece.c1 = SegmentC1(r, k);
     piece.c3 = SegmentC3(r, k, top ? section.psiftop : section.psifbot);
     piece.mcr = CriticalMoment(in, section, piece.c1, -Asymmetry(in, section, piece.c3, top),
-                               stability.lt * 1000.0);
+                               carry.lt * 1000.0);
     Complete(in, section, resistances, stability, piece, top);
     ratio = std::abs(big / (piece.reduction.xlt * piece.resistance));
 
@@ -247,18 +243,18 @@ Piece Segment(const Inputs& in, const SectionRecord& section, const Resistances&
 // Deviation D233: C1 and C3 are those of a straight moment line between the ends of the segment,
 // and the load level does not count (C2 = 0), whatever loads act there; 6.3.2.2 (2) takes the
 // loading conditions and the real moment distribution.
-void Segments(const Inputs& in, MemberInputs& member, const SectionRecord& section,
-              const Resistances& resistances, const Forces& forces, Stability& stability)
+void Segments(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
+              const Forces& forces, Stability& stability, Carry& carry)
 {
-    const auto restraints = static_cast<int>(CheckedIndex(member.restraints, kSegments - 1));
-    stability.lt = F32(static_cast<double>(member.ltbk) * member.l / (restraints + 1));
+    const auto restraints = static_cast<int>(CheckedIndex(in.restraints, kSegments - 1));
+    carry.lt = F32(static_cast<double>(in.ltbk) * in.l / (restraints + 1));
     double highest = 0.0;
     for (int number = 1; number <= restraints + 1; ++number) {
         double ratio = 0.0;
-        const Piece piece = Segment(in, section, resistances, forces, stability, number, ratio);
+        const Piece piece = Segment(in, section, resistances, forces, stability, carry, number, ratio);
         if (ratio >= highest) {  // the last of equal ratios
             highest = ratio;
-            Keep(member, stability, piece);
+            Keep(piece, stability, carry);
         }
     }
 }
@@ -325,15 +321,15 @@ LtReduction LtCurveRolled(const Inputs& in, const SectionRecord& section,
 //   out  beampart, mydesignf, mltrd [kNm], ltc1..3, kc, lt [m], zg, zload [mm], mcr [Nmm], lamlt,
 //        xlt0, xlt, ffactor, segc1, segc3, segmcr
 // Deviations D201, D213, D233, D235: see above. More than five restraints stop the pass.
-void LateralTorsionalBuckling(const Inputs& in, MemberInputs& member, const SectionRecord& section,
+void LateralTorsionalBuckling(const Inputs& in, const SectionRecord& section,
                               const Resistances& resistances, const Forces& forces,
-                              Stability& stability)
+                              Stability& stability, Carry& carry)
 {
-    SetLoadLevel(in, member, section, stability);
-    if (in.loadmode == 1 && member.restraints == 0) {
-        WholeMember(in, member, section, resistances, forces, stability);
+    SetLoadLevel(in, section, stability);
+    if (in.loadmode == 1 && in.restraints == 0) {
+        WholeMember(in, section, resistances, forces, stability, carry);
     } else {
-        Segments(in, member, section, resistances, forces, stability);
+        Segments(in, section, resistances, forces, stability, carry);
     }
 }
 
@@ -341,14 +337,14 @@ void LateralTorsionalBuckling(const Inputs& in, MemberInputs& member, const Sect
 //   in   ltbk, l [m], restraints, section, myrdm1 [kNm], gammam1, mymid [kNm]
 //   out  lt [m], mcr0 [Nmm], lam0
 void LtUniformMcr(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
-                  const Forces& forces, Stability& stability)
+                  const Forces& forces, Stability& stability, Carry& carry)
 {
     const double k = (in.ltbk - 0.5) / 0.5;
     const double c1 = 1.05 + k * (1.0 - 1.05);
     const double c3 = 1.019 + k * (1.0 - 1.019);
-    stability.lt = F32(static_cast<double>(in.ltbk) * in.l / (in.restraints + 1));
+    carry.lt = F32(static_cast<double>(in.ltbk) * in.l / (in.restraints + 1));
     stability.mcr0 = CriticalMoment(in, section, c1, -Asymmetry(in, section, c3, forces.mymid > 0),
-                                    stability.lt * 1000.0);
+                                    carry.lt * 1000.0);
     stability.lam0 = F32(std::sqrt(in.gammam1 * resistances.myrdm1 / stability.mcr0 * 1e6));
 }
 

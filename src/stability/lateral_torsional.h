@@ -5,9 +5,9 @@
 // with C factors by support case; any other is cut into segments at its restraints, and the segment
 // with the highest ratio supplies all values.
 
+#include "core/state/carry.h"
 #include "core/state/forces.h"
 #include "core/state/inputs.h"
-#include "core/state/member_inputs.h"
 #include "core/state/resistances.h"
 #include "core/state/section_record.h"
 #include "core/state/stability.h"
@@ -31,12 +31,12 @@ LtReduction LtCurveRolled(const Inputs& in, const SectionRecord& section,
                           const Resistances& resistances, const Stability& stability, double mcr,
                           float kc, bool top);
 
-void LateralTorsionalBuckling(const Inputs& in, MemberInputs& member, const SectionRecord& section,
+void LateralTorsionalBuckling(const Inputs& in, const SectionRecord& section,
                               const Resistances& resistances, const Forces& forces,
-                              Stability& stability);
+                              Stability& stability, Carry& carry);
 
 // mcr0 and lam0 of EN 1993-1-1, Annex A: the member under uniform moment.
 void LtUniformMcr(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
-                  const Forces& forces, Stability& stability);
+                  const Forces& forces, Stability& stability, Carry& carry);
 
 }  // namespace kestrum

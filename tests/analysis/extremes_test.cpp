@@ -92,15 +92,14 @@ TEST(DesignMoments, KeepTheSignOfMyAndTheSizeOfMz)
     s.mymin = -7;
     s.mzmax = 2;
     s.mzmin = -3;
-    SetDesignMoments(s, s);
+    SetDesignMoments(s);
     EXPECT_EQ(s.mydesign, -7);
-    EXPECT_EQ(s.mydesignf, -7);
     EXPECT_EQ(s.mzdesign, 3);
     s.mymax = 7;  // a tie gives the lowest
-    SetDesignMoments(s, s);
+    SetDesignMoments(s);
     EXPECT_EQ(s.mydesign, -7);
     s.mymax = 7.5;
-    SetDesignMoments(s, s);
+    SetDesignMoments(s);
     EXPECT_EQ(s.mydesign, 7.5);
 }
 

@@ -17,7 +17,7 @@ TEST(ValidateLoads, AnEmptyTableIsInOrder)
 {
     ProjectState s = Member(0, kLength);
     const ProjectState before = s;
-    EXPECT_EQ(ValidateLoads(s, s, s, s), LoadCheck{});
+    EXPECT_EQ(ValidateLoads(s, s, s, s.dropped), LoadCheck{});
     EXPECT_EQ(s, before);
 }
 
@@ -48,7 +48,7 @@ TEST(ValidateLoads, AForceNeverStandsOnASupportAMomentOnAPinnedEndOnly)
             s.pmkind[8] = c.moment;
             s.pm[8] = 10;
             s.pmx[8] = a;
-            EXPECT_TRUE(ValidateLoads(s, s, s, s).ok);  // without a message
+            EXPECT_TRUE(ValidateLoads(s, s, s, s.dropped).ok);  // without a message
             EXPECT_EQ(s.pm[8], stays ? 10 : 0);
             EXPECT_EQ(s.pmx[8], stays ? a : 0);
         }
@@ -59,7 +59,7 @@ TEST(ValidateLoads, APositionWithoutALoadIsForgotten)
 {
     ProjectState s = Member(0, kLength);
     s.pmx[3] = 2;
-    ValidateLoads(s, s, s, s);
+    ValidateLoads(s, s, s, s.dropped);
     EXPECT_EQ(s.pmx[3], 0);
 }
 
@@ -99,7 +99,7 @@ TEST(ValidateLoads, TrapezoidsAreCutEmptiedOrRefused)
             SCOPED_TRACE(testing::Message() << c.name << ", row " << row);
             ProjectState s = Member(0, kLength);
             AddTrapezoid(s, row, c.q1, c.q2, c.x1, c.x2);
-            const LoadCheck check = ValidateLoads(s, s, s, s);
+            const LoadCheck check = ValidateLoads(s, s, s, s.dropped);
             EXPECT_EQ(check.message.text(), c.message);
             EXPECT_EQ(check.ok, check.message.empty());
             if (!check.ok) {
@@ -124,7 +124,7 @@ TEST(CheckLoadPositions, ATriangleOfEitherSignHasOneSign)
         s.qt1[1] = q1;
         s.qt2[1] = q2;
         s.qtx2[1] = 6;
-        EXPECT_TRUE(CheckLoadPositions(s, s, s).ok) << q1 << " to " << q2;
+        EXPECT_TRUE(CheckLoadPositions(s, s, s.dropped).ok) << q1 << " to " << q2;
     }
 }
 
@@ -134,10 +134,10 @@ TEST(ValidateLoads, TheFirstFaultIsNamedAndSignsComeBeforeOrder)
     AddTrapezoid(s, 1, 3, 4, 2, 1);
     AddTrapezoid(s, 2, -3, 4, 1, 2);
     AddTrapezoid(s, 3, 3, -4, 1, 2);
-    EXPECT_EQ(ValidateLoads(s, s, s, s).row, 2);
+    EXPECT_EQ(ValidateLoads(s, s, s, s.dropped).row, 2);
     s.qt1[2] = s.qt1[3] = 0;
     s.qt2[3] = 0;
-    EXPECT_EQ(ValidateLoads(s, s, s, s).row, 1);
+    EXPECT_EQ(ValidateLoads(s, s, s, s.dropped).row, 1);
 }
 
 TEST(ValidateLoads, AFaultLeavesNoOtherRowUnsettled)
@@ -147,7 +147,7 @@ TEST(ValidateLoads, AFaultLeavesNoOtherRowUnsettled)
     AddForce(s, 1, 10, 5);
     s.cp[2] = 9;
     s.webstiffa = 6000;
-    EXPECT_FALSE(ValidateLoads(s, s, s, s).ok);
+    EXPECT_FALSE(ValidateLoads(s, s, s, s.dropped).ok);
     EXPECT_EQ(s.pm[1], 0);
     EXPECT_EQ(s.cp[2], 5);
     EXPECT_EQ(s.webstiffa, 2500);
@@ -157,7 +157,7 @@ TEST(ValidateLoads, CheckPointsAreCutToTheMember)
 {
     ProjectState s = Member(0, kLength);
     s.cp = {0, 1, 5, 5.5F};
-    ValidateLoads(s, s, s, s);
+    ValidateLoads(s, s, s, s.dropped);
     EXPECT_EQ(s.cp, (Rows<float, 3>{0, 1, 5, 5}));
 }
 
@@ -166,15 +166,15 @@ TEST(ValidateLoads, StiffenersFartherApartThanTheMemberIsLongGoAway)
     ProjectState s = Member(0, kLength);
     s.webstiff = 1;
     s.webstiffa = 5000;  // exactly the length
-    ValidateLoads(s, s, s, s);
+    ValidateLoads(s, s, s, s.dropped);
     EXPECT_EQ(s.webstiff, 1);
     EXPECT_EQ(s.webstiffa, 5000);
     s.l = 4;
-    ValidateLoads(s, s, s, s);
+    ValidateLoads(s, s, s, s.dropped);
     EXPECT_EQ(s.webstiff, 0);
     EXPECT_EQ(s.webstiffa, 2000);
     s.l = 1;  // also without stiffeners
-    ValidateLoads(s, s, s, s);
+    ValidateLoads(s, s, s, s.dropped);
     EXPECT_EQ(s.webstiffa, 500);
 }
 
@@ -185,7 +185,7 @@ TEST(ValidateLoads, StiffenersAsFarApartAsTheMemberIsLongStayAtAnyLength)
         ProjectState s = Member(0, l);
         s.webstiff = 1;
         s.webstiffa = std::round(1000 * l);  // as typed, mm
-        ValidateLoads(s, s, s, s);
+        ValidateLoads(s, s, s, s.dropped);
         EXPECT_EQ(s.webstiff, 1);
         EXPECT_EQ(s.webstiffa, std::round(1000 * l));
     }
@@ -199,7 +199,7 @@ TEST(CheckLoadPositions, SettlesTrapezoidsOnly)
     AddForce(s, 1, 10, 5);
     s.cp[1] = 9;
     s.webstiffa = 9000;
-    EXPECT_TRUE(CheckLoadPositions(s, s, s).ok);
+    EXPECT_TRUE(CheckLoadPositions(s, s, s.dropped).ok);
     EXPECT_EQ(s.qtx2[1], 5);
     EXPECT_EQ(s.pm[1], 10);
     EXPECT_EQ(s.cp[1], 9);
@@ -207,7 +207,7 @@ TEST(CheckLoadPositions, SettlesTrapezoidsOnly)
     s.qt1[3] = -1;
     s.qt2[3] = 1;
     s.qtx2[3] = 1;
-    EXPECT_EQ(CheckLoadPositions(s, s, s).row, 3);
+    EXPECT_EQ(CheckLoadPositions(s, s, s.dropped).row, 3);
 }
 
 ProjectState FullTable()

@@ -3,9 +3,9 @@
 // A member to load in the tests: E I = 16800 kNm2 about y and 4200 kNm2 about z, all load
 // factors 1.
 
-#include "analysis/member_forces.h"
 #include "core/load_combination.h"
 #include "core/project_state.h"
+#include "engine/member_analysis.h"
 
 #include <array>
 #include <cstddef>

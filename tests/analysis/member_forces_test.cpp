@@ -2,6 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
+#include "engine/settle_inputs.h"
 
 #include <gtest/gtest.h>
 
@@ -285,7 +286,7 @@ TEST(InvalidLoads, OtherFamiliesKeepAllRows)
     for (const int family : {0, 1, 6, 10, 22, 23, 31, 41, 55, 103}) {
         ProjectState s = Loaded(0);
         s.family = static_cast<i16>(family);
-        ClearInvalidLoads(s, s, s);
+        ClearInvalidLoads(s, s, s.dropped);
         ProjectState given = Loaded(0);
         given.family = s.family;
         EXPECT_EQ(s, given) << family;

@@ -16,14 +16,13 @@ using test::Member;
 
 struct Lines {
     Forces forces{};
-    Stability stability{};
     StationLines lines;
 };
 
 Lines LinesOf(const ProjectState& s, const std::vector<Station>& stations)
 {
     Lines out;
-    out.lines.Fill(s, s, stations, out.forces, out.stability);
+    out.lines.Fill(s, s, stations, out.forces);
     return out;
 }
 
@@ -176,13 +175,12 @@ TEST(Stations, NewPlacesAreFoundAgain)
 {
     const ProjectState s = Member(0);
     Lines one = LinesOf(s, {{.x = 0}, {.x = 3, .my = 10}, {.x = 6}});
-    one.lines.Fill(s, s, std::vector<Station>{{.x = 0}, {.x = 1.5, .my = 10}, {.x = 6}}, one.forces,
-                   one.stability);
+    one.lines.Fill(s, s, std::vector<Station>{{.x = 0}, {.x = 1.5, .my = 10}, {.x = 6}}, one.forces);
     EXPECT_FLOAT_EQ(one.forces.mydiag[25], 10 * 3 / 4.5F);
     ProjectState longer = s;
     longer.l = 12;
     one.lines.Fill(longer, longer, std::vector<Station>{{.x = 0}, {.x = 1.5, .my = 9}, {.x = 12}},
-                   one.forces, one.stability);
+                   one.forces);
     EXPECT_FLOAT_EQ(one.forces.mydiag[25], 9 * 6 / 10.5F);
 }
 

@@ -20,7 +20,7 @@ TEST(StepPoints, HoldBothSidesOfAForce)
 {
     ProjectState s = test::Member(0, 5);
     test::AddForce(s, 1, 10, 1.25F);
-    const std::vector<StepPoint> points = StepPoints(s, s, s, BendingAxis::y);
+    const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
     ASSERT_THAT(points, SizeIs(2));
     EXPECT_NEAR(points[0].at, 0.25, 1e-8);
     EXPECT_LT(points[0].at, 0.25);
@@ -29,7 +29,7 @@ TEST(StepPoints, HoldBothSidesOfAForce)
     EXPECT_NEAR(points[1].v, -2.5, 1e-6);
     EXPECT_NEAR(points[0].m, 9.375, 1e-5);
     EXPECT_NEAR(points[1].m, 9.375, 1e-5);
-    EXPECT_THAT(StepPoints(s, s, s, BendingAxis::z), IsEmpty());
+    EXPECT_THAT(StepPoints(s, s, s, s, BendingAxis::z), IsEmpty());
 }
 
 // M = 8 kNm at 2 m of 5 m: V = -8/5, M = -1.6 2 = -3.2 before and 4.8 kNm behind it.
@@ -37,7 +37,7 @@ TEST(StepPoints, JumpAtAMoment)
 {
     ProjectState s = test::Member(0, 5);
     test::AddMoment(s, 1, 8, 2);
-    const std::vector<StepPoint> points = StepPoints(s, s, s, BendingAxis::y);
+    const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
     ASSERT_THAT(points, SizeIs(2));
     EXPECT_NEAR(points[0].m, -3.2, 1e-5);
     EXPECT_NEAR(points[1].m, 4.8, 1e-5);
@@ -50,7 +50,7 @@ TEST(StepPoints, GoDownByTheForceOfEachStrip)
 {
     ProjectState s = test::Member(2, 5);
     test::AddTrapezoid(s, 1, 6, 6, 1, 4);
-    const std::vector<StepPoint> points = StepPoints(s, s, s, BendingAxis::y);
+    const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
     ASSERT_THAT(points, SizeIs(40));
     for (std::size_t i = 0; i < points.size(); i += 2) {
         const double strip = static_cast<double>(i) / 2;
@@ -72,7 +72,7 @@ TEST(StepPoints, CoverEveryRowInAscendingOrder)
     for (std::size_t k = 1; k <= 3; ++k) {
         test::AddTrapezoid(s, k, 1, 2, 0, 8.9F);
     }
-    const std::vector<StepPoint> points = StepPoints(s, s, s, BendingAxis::y);
+    const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
     EXPECT_THAT(points, SizeIs(2 * (8 + 60)));
     EXPECT_TRUE(std::is_sorted(
         points.begin(), points.end(),
@@ -86,7 +86,7 @@ TEST(StepPoints, LieOnTheMember)
     test::AddForce(s, 1, 10, 0);
     test::AddForce(s, 2, 10, 5);
     test::AddForce(s, 3, 10, 7);
-    const std::vector<StepPoint> points = StepPoints(s, s, s, BendingAxis::y);
+    const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
     ASSERT_THAT(points, SizeIs(2));
     EXPECT_GT(points[0].at, 0);
     EXPECT_LT(points[1].at, 1);
@@ -103,15 +103,15 @@ TEST(StepPoints, FollowTheCombination)
     s.xi610b = 0.85F;
     s.kfig = 1;
     s.governing = 1;
-    EXPECT_NEAR(StepPoints(s, s, s, BendingAxis::y)[0].v, 1.35 * 5, 1e-5);
+    EXPECT_NEAR(StepPoints(s, s, s, s, BendingAxis::y)[0].v, 1.35 * 5, 1e-5);
     s.governing = 2;
-    EXPECT_NEAR(StepPoints(s, s, s, BendingAxis::y)[0].v, 0.85 * 1.35 * 5, 1e-5);
+    EXPECT_NEAR(StepPoints(s, s, s, s, BendingAxis::y)[0].v, 0.85 * 1.35 * 5, 1e-5);
     s.loadcomb = kBasicLoads;
-    EXPECT_THAT(StepPoints(s, s, s, BendingAxis::y), IsEmpty());
+    EXPECT_THAT(StepPoints(s, s, s, s, BendingAxis::y), IsEmpty());
     s.pmchecked[1] = kTrue;
-    EXPECT_NEAR(StepPoints(s, s, s, BendingAxis::y)[0].v, 5, 1e-5);
+    EXPECT_NEAR(StepPoints(s, s, s, s, BendingAxis::y)[0].v, 5, 1e-5);
     s.loadmode = 0;
-    EXPECT_THAT(StepPoints(s, s, s, BendingAxis::y), IsEmpty());
+    EXPECT_THAT(StepPoints(s, s, s, s, BendingAxis::y), IsEmpty());
 }
 
 TEST(StepPoints, MeetTheStoredLinesInEverySupportCase)
@@ -122,7 +122,7 @@ TEST(StepPoints, MeetTheStoredLinesInEverySupportCase)
         test::AddForce(s, 1, 10, 1.23F);
         test::AddMoment(s, 2, -6, 3.35F);
         CalcMember(s, nullptr);
-        const std::vector<StepPoint> points = StepPoints(s, s, s, BendingAxis::y);
+        const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
         ASSERT_THAT(points, SizeIs(4));
         for (std::size_t i = 0; i < points.size(); ++i) {
             // Straight lines between the loads: from the next point of the diagram on that side.

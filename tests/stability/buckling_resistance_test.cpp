@@ -17,7 +17,7 @@ constexpr double kPi2 = std::numbers::pi * std::numbers::pi;
 void Resist(ProjectState& s)
 {
     BucklingCurves(s, s, s);
-    BucklingResistance(s, s, s, s);
+    BucklingResistance(s, s, s, s, s);
 }
 
 TEST(ReductionFactor, IsOneUpToTheSlenderness02)

@@ -18,7 +18,7 @@ ProjectState Loaded()
     members::UniformLoad(s, 2);
     s.ned = 50;
     BucklingCurves(s, s, s);
-    BucklingResistance(s, s, s, s);
+    BucklingResistance(s, s, s, s, s);
     return s;
 }
 

@@ -26,15 +26,15 @@ ProjectState Heb200BeamColumn()
     s.loadlevel = 1;
     LateralTorsionalBuckling(s, s, s, s, s, s);
     BucklingCurves(s, s, s);
-    BucklingResistance(s, s, s, s);
+    BucklingResistance(s, s, s, s, s);
     return s;
 }
 
 void Factors(ProjectState& s)
 {
     CmAnnexALoads(s, s, s, s);
-    LtUniformMcr(s, s, s, s, s);
-    KFactorsAnnexA(s, s, s, s, s, s);
+    LtUniformMcr(s, s, s, s, s, s);
+    KFactorsAnnexA(s, s, s, s, s, s, s);
 }
 
 // By hand: Cmy0 1 + 0.03 100/4722 = 1.0006; Mcr0 321.08, lam0 sqrt(228.09/321.08) = 0.8428 > L0 =
@@ -80,7 +80,7 @@ ProjectState Eccs5()
     s.mz0 = s.mzmaxabs = 25;
     s.mzlinear = kTrue;
     BucklingCurves(s, s, s);
-    BucklingResistance(s, s, s, s);
+    BucklingResistance(s, s, s, s, s);
     s.kc = static_cast<float>(1 / std::sqrt(1.2));  // C1 of the publication
     s.xlt = 0.826;
     return s;
@@ -202,9 +202,9 @@ TEST(KFactorsAnnexA, ClosedSectionsHaveNoTorsionalTerm)
     s.kc = 1;
     s.lam0 = 5;  // of an open section before
     BucklingCurves(s, s, s);
-    BucklingResistance(s, s, s, s);
+    BucklingResistance(s, s, s, s, s);
     CmAnnexALoads(s, s, s, s);
-    KFactorsAnnexA(s, s, s, s, s, s);
+    KFactorsAnnexA(s, s, s, s, s, s, s);
     EXPECT_EQ(s.lam0, 0.0f);
     EXPECT_EQ(s.cmlt, 1.0f);
     EXPECT_EQ(s.cmy, s.cmy0);
@@ -262,7 +262,7 @@ TEST(KFactorsAnnexA, D219AxialRatioRestsOnGammaM0)
     s.gammam1 = 1.1f;
     const double lam0 = s.lam0;
     CmAnnexALoads(s, s, s, s);
-    KFactorsAnnexA(s, s, s, s, s, s);
+    KFactorsAnnexA(s, s, s, s, s, s, s);
     EXPECT_EQ(s.npl, npl);
     EXPECT_NEAR(s.clt, clt * double(1.1f), clt * 1e-9);
     EXPECT_EQ(s.lam0, static_cast<float>(lam0));
@@ -283,7 +283,7 @@ TEST(KFactorsAnnexA, UsesTheEffectiveModulusInClass4)
     single.kc = 1;
     single.classmy = 4;
     BucklingCurves(single, single, single);
-    BucklingResistance(single, single, single, single);
+    BucklingResistance(single, single, single, single, single);
     Factors(single);
     EXPECT_NEAR(single.epsy, 31.25e3 * 18720 / 100 / 3.0e6, 1e-6);
     single.mydesign = -31.25;

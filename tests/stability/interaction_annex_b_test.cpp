@@ -17,7 +17,7 @@ ProjectState Heb200BeamColumn()
     s.ned = 100;
     s.ltb = 1;
     BucklingCurves(s, s, s);
-    BucklingResistance(s, s, s, s);
+    BucklingResistance(s, s, s, s, s);
     return s;
 }
 
@@ -27,7 +27,7 @@ TEST(KFactorsAnnexB, WorksOutAHeb200)
 {
     ProjectState s = Heb200BeamColumn();
     CmAnnexBLoads(s, s, s);
-    KFactorsAnnexB(s, s, s, s);
+    KFactorsAnnexB(s, s, s, s, s);
     EXPECT_DOUBLE_EQ(s.cmy, 0.95);
     EXPECT_EQ(s.cmlt, 0.95f);
     EXPECT_NEAR(s.kyy, 0.9760, 5e-5);
@@ -155,13 +155,13 @@ TEST(KFactorsAnnexB, AreCmOrOneWithoutAxialForce)
         s.ned = 0;
         s.classmy = cls;
         CmAnnexBLoads(s, s, s);
-        KFactorsAnnexB(s, s, s, s);
+        KFactorsAnnexB(s, s, s, s, s);
         EXPECT_DOUBLE_EQ(s.kyy, s.cmy);
         EXPECT_DOUBLE_EQ(s.kzz, s.cmz);
         EXPECT_DOUBLE_EQ(s.kzy, 1.0);
         EXPECT_DOUBLE_EQ(s.kyz, cls == 1 ? 0.6 * s.cmz : s.cmz);
         s.ltb = 0;
-        KFactorsAnnexB(s, s, s, s);
+        KFactorsAnnexB(s, s, s, s, s);
         EXPECT_DOUBLE_EQ(s.kzy, (cls == 1 ? 0.6 : 0.8) * s.cmy);
     }
 }
@@ -181,7 +181,7 @@ TEST(KFactorsAnnexB, FollowsTheTables)
         s.lamz = lamz;
         s.cmy = s.cmz = 0.9;
         s.cmlt = 0.75f;
-        KFactorsAnnexB(s, s, s, s);
+        KFactorsAnnexB(s, s, s, s, s);
         return s;
     };
     const ProjectState i = run(2, 1, 1, 0.5, 0.8);
@@ -215,10 +215,10 @@ TEST(KFactorsAnnexB, D223ClassOfMyPicksTheColumnForBothMoments)
 {
     ProjectState s = Heb200BeamColumn();
     CmAnnexBLoads(s, s, s);
-    KFactorsAnnexB(s, s, s, s);
+    KFactorsAnnexB(s, s, s, s, s);
     const double plastic = s.kyz;
     s.classmz = 4;
-    KFactorsAnnexB(s, s, s, s);
+    KFactorsAnnexB(s, s, s, s, s);
     EXPECT_EQ(s.kyz, plastic);
 }
 
@@ -228,16 +228,16 @@ TEST(KFactorsAnnexB, D224SingleSymmetricIHasNoPlasticKzz)
     s.ned = 100;
     s.classmy = 2;
     BucklingCurves(s, s, s);
-    BucklingResistance(s, s, s, s);
+    BucklingResistance(s, s, s, s, s);
     CmAnnexBLoads(s, s, s);
-    KFactorsAnnexB(s, s, s, s);
+    KFactorsAnnexB(s, s, s, s, s);
     EXPECT_EQ(s.kzz, 0.0);
     EXPECT_EQ(s.kyz, 0.0);
     s.kzz = 0.7;  // of a run before
-    KFactorsAnnexB(s, s, s, s);
+    KFactorsAnnexB(s, s, s, s, s);
     EXPECT_EQ(s.kzz, 0.7);
     s.classmy = 3;
-    KFactorsAnnexB(s, s, s, s);
+    KFactorsAnnexB(s, s, s, s, s);
     EXPECT_NE(s.kzz, 0.7);
 }
 
@@ -248,7 +248,7 @@ TEST(KFactorsAnnexB, D225NoBranchBelowTheSlenderness04)
     s.lamz = 0.3;
     s.nbzrd = 200;
     s.cmlt = 0.75f;
-    KFactorsAnnexB(s, s, s, s);
+    KFactorsAnnexB(s, s, s, s, s);
     EXPECT_NEAR(s.kzy, 0.97, 1e-12);
 }
 

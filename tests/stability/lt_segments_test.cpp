@@ -203,13 +203,13 @@ TEST(Segments, MoreThanFiveRestraintsStopThePass)
 TEST(LtUniformMcr, GivesTheSlendernessOfUniformMoment)
 {
     ProjectState s = members::Heb200();
-    LtUniformMcr(s, s, s, s, s);
+    LtUniformMcr(s, s, s, s, s, s);
     EXPECT_NEAR(s.mcr0, Mcr(s, 1.0, 0, 5000), s.mcr0 * 1e-6);
     EXPECT_NEAR(s.lam0, 0.8428, 5e-5);
     EXPECT_EQ(s.lt, 5.0f);
     s.ltbk = 0.5f;
     s.restraints = 1;
-    LtUniformMcr(s, s, s, s, s);
+    LtUniformMcr(s, s, s, s, s, s);
     EXPECT_EQ(s.lt, 1.25f);
     EXPECT_NEAR(s.mcr0, Mcr(s, 1.05, 0, 1250), s.mcr0 * 1e-6);
 }
@@ -219,7 +219,7 @@ TEST(LtUniformMcr, CoversEveryFamilyWithTheCheck)
     for (const int family : {1, 5, 15, 16, 21, 28, 41, 101, 102, 103}) {
         ProjectState s = members::Heb200();
         s.family = static_cast<i16>(family);
-        LtUniformMcr(s, s, s, s, s);
+        LtUniformMcr(s, s, s, s, s, s);
         EXPECT_GT(s.mcr0, 0) << family;
     }
 }
@@ -228,10 +228,10 @@ TEST(LtUniformMcr, TakesTheSideOfTheMidMomentInTheSingleSymmetricI)
 {
     ProjectState s = members::Single600();
     s.mymid = 10;
-    LtUniformMcr(s, s, s, s, s);
+    LtUniformMcr(s, s, s, s, s, s);
     EXPECT_NEAR(s.mcr0, Mcr(s, 1.0, -double(s.zjtop), 5000), s.mcr0 * 1e-6);
     s.mymid = 0;
-    LtUniformMcr(s, s, s, s, s);
+    LtUniformMcr(s, s, s, s, s, s);
     EXPECT_NEAR(s.mcr0, Mcr(s, 1.0, -double(s.zjbot), 5000), s.mcr0 * 1e-6);
 }
 

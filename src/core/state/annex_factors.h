@@ -15,7 +15,6 @@ struct AnnexFactors {
     float xi610b;   // reduction of G in Eq 6.10b
     double kfig;    // class factor on G
     float kfiq;     // class factor on Q
-    i16 governing;  // after selector 3: 1 Eq 6.10a, 2 Eq 6.10b
 };
 
 }  // namespace kestrum

@@ -29,7 +29,6 @@ struct MemberInputs {
     i16 ltbcase;     // 1..4
     float ltbk;      // length factor k (kz = kw)
     i16 restraints;  // number of lateral restraints of the compression flange
-    i16 beampart;    // governing segment, 1..restraints + 1
     i16 cmanual;     // bool: C factors c1..c3 are used
     i16 c1alt;       // bool: alternative calculation of C1
     i16 ltbcurve;    // 2 general case 6.3.2.2, 3 rolled or welded 6.3.2.3

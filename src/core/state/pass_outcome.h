@@ -2,7 +2,6 @@
 
 // How the last pass ended.
 
-#include "core/dropped_loads.h"
 #include "core/failure.h"
 #include "core/state/types.h"
 
@@ -15,7 +14,6 @@ struct PassOutcome {
     bool calculationerror;  // the pass ended in the one message
     bool flangeoverload;    // the pass has switched the flange loading off (family 24, 25)
     Failure failure;        // why it ended so; the step that runs while a pass is on its way
-    DroppedLoads dropped;   // loads that were emptied; outlives a pass
 };
 
 }  // namespace kestrum

@@ -25,7 +25,6 @@ struct Resistances {
     double mry1, mry2, mrz1, mrz2;  // angles: elastic, at the points
     double mrely, mrelz;
     Rows<double, 3> mru, mrv;
-    double myaxrd, mzaxrd;  // angles: of the stability lines, gammaM1
 };
 
 }  // namespace kestrum

@@ -2,7 +2,6 @@
 
 // Buckling, lateral torsional buckling and interaction.
 
-#include "core/literal.h"
 #include "core/state/types.h"
 
 namespace kestrum {
@@ -10,9 +9,6 @@ namespace kestrum {
 struct Stability {
     bool operator==(const Stability&) const = default;
 
-    Literal curvey, curvez;
-    double alphay;
-    float alphaz;
     double ncry, ncrz, ncrv, ncru, ncrt, ncrtf;
     double lamy, lamz, lamv, lamu, lammax;
     double chiy, chiz, chiv, chiu;
@@ -20,7 +16,6 @@ struct Stability {
     double maxirbuckling;
     double ltc1, ltc2, ltc3;  // C factors in use
     float kc;
-    float lt;          // lateral torsional buckling length, m
     double zg, zload;  // load above the shear centre, above the centroid, mm
     double mcr, mcr0;  // Nmm
     float lamlt, lam0;
@@ -35,7 +30,8 @@ struct Stability {
     float wy, wz;
     double npl, blt, clt, dlt, elt;
     double cyy, cyz, czy, czz;
-    double kyy, kyz, kzy, kzz, kvv, kvu;
+    double kyy, kyz, kzy, kvv, kvu;
+    double myaxrd, mzaxrd;  // moment resistances of angles, gammaM1
 };
 
 }  // namespace kestrum

@@ -1,0 +1,24 @@
+#include "core/held_state.h"
+
+#include "core/project_state.h"
+
+namespace kestrum {
+
+HeldState::HeldState() : state_(std::make_unique<ProjectState>()) {}
+
+HeldState::HeldState(const ProjectState& state) : state_(std::make_unique<ProjectState>(state)) {}
+
+HeldState::HeldState(const HeldState& other) : HeldState(*other) {}
+
+HeldState::HeldState(HeldState&& other) noexcept = default;
+
+HeldState& HeldState::operator=(const HeldState& other)
+{
+    return *this = HeldState(other);
+}
+
+HeldState& HeldState::operator=(HeldState&& other) noexcept = default;
+
+HeldState::~HeldState() = default;
+
+}  // namespace kestrum
