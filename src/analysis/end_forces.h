@@ -8,8 +8,8 @@
 namespace kestrum {
 
 // Forces along the member, extremes, quarter points, crossings, end ratios and design moments from
-// ne, my1 .. vz2. Needs the check sections. Deflections, positions of extremes and the moment shapes
-// stay as they are.
+// ne, my1 .. vz2. Needs the check sections. Deflections, positions of extremes and the moment
+// shapes stay as they are.
 void CalcEndForceMode(const Inputs& in, Forces& forces);
 
 }  // namespace kestrum

@@ -46,8 +46,8 @@ std::vector<StepPoint> PlacesOf(const Inputs& in, float direction)
 }
 
 // The lines of all loads at some of the places, in the order of the places.
-void Evaluate(const Inputs& in, const AnnexFactors& annex, const Carry& carry, const Forces& forces, BendingAxis axis,
-              StepPoint* points, std::size_t count)
+void Evaluate(const Inputs& in, const AnnexFactors& annex, const Carry& carry, const Forces& forces,
+              BendingAxis axis, StepPoint* points, std::size_t count)
 {
     Span span = SpanOf(in, forces);
     span.sections = static_cast<int>(count);
@@ -77,8 +77,8 @@ void Evaluate(const Inputs& in, const AnnexFactors& annex, const Carry& carry, c
 
 }  // namespace
 
-std::vector<StepPoint> StepPoints(const Inputs& in, const AnnexFactors& annex, const Carry& carry, const Forces& forces,
-                                  BendingAxis axis)
+std::vector<StepPoint> StepPoints(const Inputs& in, const AnnexFactors& annex, const Carry& carry,
+                                  const Forces& forces, BendingAxis axis)
 {
     if (in.loadmode != 1 || !(in.l > 0) || axis == BendingAxis::none) {
         return {};

@@ -19,7 +19,7 @@ struct StepPoint {
 // Just before and just behind every point force, moment and strip of a trapezoidal load (D101) that
 // bends about the axis, in ascending order, under the combination in force: with Eq 6.10a and 6.10b
 // the governing one. Empty with given end forces.
-std::vector<StepPoint> StepPoints(const Inputs& in, const AnnexFactors& annex, const Carry& carry, const Forces& forces,
-                                  BendingAxis axis);
+std::vector<StepPoint> StepPoints(const Inputs& in, const AnnexFactors& annex, const Carry& carry,
+                                  const Forces& forces, BendingAxis axis);
 
 }  // namespace kestrum

@@ -4,6 +4,7 @@
 #include "app/session.h"
 #include "app/state_text.h"
 #include "core/file_io.h"
+#include "core/project_state.h"
 #include "core/sha256.h"
 #include "core/utf8_path.h"
 #include "engine/new_project.h"
@@ -54,7 +55,7 @@ std::string Read(std::string_view text, UnsavedWork& work)
     }
     work.digest = NextLine(text);
     work.halfread = NextLine(text) == "half";
-    const std::string fault = ReadStateText(work.state, text);
+    const std::string fault = ReadStateText(*work.state, text);
     return fault.empty() ? fault : "cannot be read: " + fault;
 }
 
@@ -196,7 +197,7 @@ std::vector<LeftWork> FindLeftWork(const std::string& folder)
         if (work.path.ends_with(kEnding) &&
             work.lock->Take(work.path, std::chrono::milliseconds(0)).empty() &&
             ReadLockedFile(work.path, bytes).empty() && Read(bytes, content).empty()) {
-            work.project = content.state.filename;
+            work.project = content.state->filename;
             found.emplace_back(time, std::move(work));
         }
     }
@@ -223,7 +224,7 @@ bool TakeUp(Session& session, LeftWork& work)
         return false;
     }
     session.BeginDocument("unsaved work", true);
-    session.edit() = content.state;
+    session.edit() = *content.state;
     if (content.halfread) {
         session.edit().filename = kNewFile;  // the file must not be overwritten with half of it
     }

@@ -7,7 +7,7 @@
 // left behind, and the next start offers it.
 
 #include "core/file_lock.h"
-#include "core/project_state.h"
+#include "core/held_state.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -27,7 +27,7 @@ class Session;
 // What is set aside of a project: all inputs, also those of other families and of the other mode of
 // loading, which its file does not hold.
 struct UnsavedWork {
-    ProjectState state{};
+    HeldState state{};
     std::string digest;  // of its file as this program knows it, DiskFile::Digest
     bool halfread = false;
 };

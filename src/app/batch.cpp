@@ -524,14 +524,14 @@ void BatchWorker::Lines(BatchChunk& chunk)
 void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row,
                        std::size_t number)
 {
-    s_ = base_;
+    *s_ = base_;
     extras_ = {};
     const bool csv = chunk.form == TableForm::csv;
     std::string refusal = "the line is too long";
     if (line.size() <= kLongestLine) {
         refusal = Printable(
-            csv ? chunk.columns->Apply(library_, s_, line, manner_, &extras_)
-                : ApplyJsonLine(library_, s_, line, manner_, keys_, form_.keepsothers(), extras_));
+            csv ? chunk.columns->Apply(library_, *s_, line, manner_, &extras_)
+                : ApplyJsonLine(library_, *s_, line, manner_, keys_, form_.keepsothers(), extras_));
     }
     if (!refusal.empty() || !extras_.remarks.empty()) {
         std::string place = chunk.table;
@@ -555,14 +555,14 @@ void BatchWorker::Line(BatchChunk& chunk, std::string_view line, std::size_t row
 
 void BatchWorker::File(BatchChunk& chunk, const std::string& name)
 {
-    s_ = start_;
+    *s_ = *start_;
     extras_ = {};
-    s_.filename = name;
+    s_->filename = name;
     const std::string member = Printable(name);
     std::string refusal = ReadWholeFile(name, chunk.lines);
     if (!refusal.empty()) {
         chunk.fault += member + ": " + refusal + "\n";
-    } else if (const auto fault = ReadProject(s_, chunk.lines)) {
+    } else if (const auto fault = ReadProject(*s_, chunk.lines)) {
         refusal = fault->what;
         chunk.fault += FaultText(member, *fault) + "\n";
     }
@@ -575,14 +575,14 @@ void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string
     std::optional<standard::StandardResult> standard;
     if (refusal.empty()) {
         if (form_.asks_costs()) {
-            read_ = s_;  // the pass empties rows of some families
+            *read_ = *s_;  // the pass empties rows of some families
         }
         if (form_.asks_standard()) {
             standard = standard::CalculateStandard(library_, s_);
         }
-        const bool well = Calculate(library_, s_);
+        const bool well = Calculate(library_, *s_);
         if (form_.asks_costs()) {
-            standard::CalculateCosts(library_, read_, well ? &s_ : nullptr, *standard);
+            standard::CalculateCosts(library_, read_, well ? &*s_ : nullptr, *standard);
         }
         outcome = OutcomeOf(s_, well);
         if (outcome.verdict == Verdict::not_checked) {  // one that failed says so in its line

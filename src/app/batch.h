@@ -7,8 +7,8 @@
 #include "app/member_table.h"
 #include "app/shard.h"
 #include "core/csv_cell.h"
+#include "core/held_state.h"
 #include "core/library.h"
-#include "core/project_state.h"
 #include "report/outcome.h"
 #include "standard/costs.h"
 
@@ -195,13 +195,13 @@ private:
 
     const Library& library_;
     const ProjectState& base_;
-    const ProjectState start_;  // what a project file is read onto
+    const HeldState start_;  // what a project file is read onto
     const AnswerForm& form_;
     Manner manner_;
     Shard shard_;
     JsonKeys keys_;
     LineExtras extras_;
-    ProjectState s_, read_;
+    HeldState s_, read_;
     std::size_t place_ = 0;
     std::string member_;
 };

@@ -3,6 +3,7 @@
 #include "app/view_section.h"
 #include "core/annexes.h"
 #include "core/field_table.h"
+#include "core/project_state.h"
 #include "sections/family_table.h"
 
 #include <algorithm>

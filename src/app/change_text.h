@@ -5,12 +5,13 @@
 
 #include "core/field_table.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <string>
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // Whether the user has changed an input.
 bool InputsDiffer(const ProjectState& before, const ProjectState& after);

@@ -3,6 +3,7 @@
 #include "app/view_section.h"
 #include "core/check_text.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 
 #include <array>
 #include <cstddef>
@@ -37,7 +38,7 @@ std::string RatioOf(const Snapshot& design, ResultRow row)
 
 std::string Mass(const Snapshot& design, double length, std::string_view format)
 {
-    return design.failed ? std::string(kNone) : FormatNum(design.state.weight * length, format);
+    return design.failed ? std::string(kNone) : FormatNum(design.state->weight * length, format);
 }
 
 std::string Governs(const Snapshot& design)
@@ -52,8 +53,8 @@ std::vector<ComparedRow> Compare(const Library& library, const Snapshot& a, cons
     std::vector<ComparedRow> rows{
         {"Section", SectionName(library, a.state), SectionName(library, b.state)},
         {"kg/m", Mass(a, 1, "#0.0"), Mass(b, 1, "#0.0")},
-        {"kg", Mass(a, a.state.l, "#0"), Mass(b, b.state.l, "#0")},
-        {"Length m", FormatNum(a.state.l, "0.000"), FormatNum(b.state.l, "0.000")},
+        {"kg", Mass(a, a.state->l, "#0"), Mass(b, b.state->l, "#0")},
+        {"Length m", FormatNum(a.state->l, "0.000"), FormatNum(b.state->l, "0.000")},
         {"Verdict", VerdictText(a.outcome), VerdictText(b.outcome)},
         {"Governs", Governs(a), Governs(b)}};
     for (std::size_t i = 0; i < kResultRows; ++i) {

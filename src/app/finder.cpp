@@ -7,6 +7,7 @@
 #include "app/section_list.h"
 #include "core/field_table.h"
 #include "core/parse_num.h"
+#include "core/project_state.h"
 #include "sections/family_table.h"
 
 #include <algorithm>

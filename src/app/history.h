@@ -4,7 +4,8 @@
 // kinds of loading. A step goes back to exactly what was there, results included; nothing is
 // calculated again.
 
-#include "core/project_state.h"
+#include "core/held_state.h"
+#include "core/state/types.h"
 #include "report/outcome.h"
 
 #include <cstddef>
@@ -16,7 +17,7 @@ namespace kestrum {
 
 // The project at one moment with all that a window shows of it.
 struct Snapshot {
-    ProjectState state{}, shown{};  // in hand; of the last pass that ended well
+    HeldState state{}, shown{};  // in hand; of the last pass that ended well
     Outcome outcome{};
     i16 lateraloff = 0;
     bool failed = false;

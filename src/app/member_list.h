@@ -5,7 +5,6 @@
 
 #include "app/member_table.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -16,6 +15,8 @@
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // Whether a table may do without a column of keys; its members are then numbered from 1.
 enum class KeyUse : std::uint8_t { required, optional };

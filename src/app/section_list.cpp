@@ -3,6 +3,7 @@
 #include "app/consequences.h"
 #include "app/field_hint.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "sections/family_table.h"
 #include "standard/standard.h"

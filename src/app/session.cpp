@@ -7,6 +7,7 @@
 #include "app/member_commands.h"
 #include "core/annexes.h"
 #include "core/field_table.h"
+#include "core/project_state.h"
 #include "core/utf8_path.h"
 #include "design/hat_beam_section.h"
 #include "engine/calculate.h"
@@ -56,9 +57,9 @@ LoadCheck CheckFinishedRows(ProjectState& s)
 Session::Session(const Library& library, Surroundings& surroundings, bool decimalcomma)
     : library_(library), surroundings_(surroundings), decimalcomma_(decimalcomma)
 {
-    StartUp(library_, state_);
-    shown_ = state_;
-    title_ = TitleStem() + ": " + state_.filename;
+    StartUp(library_, *state_);
+    *shown_ = *state_;
+    title_ = TitleStem() + ": " + state_->filename;
     std::error_code unknown;
     curdir = Utf8Name(std::filesystem::current_path(unknown));
     history_.Renew(Present());
@@ -71,14 +72,14 @@ void Session::Calculate()
     }
     calculating_ = true;
     Record();
-    const i16 lateral = state_.ltb;
-    failed_ = !kestrum::Calculate(library_, state_);
+    const i16 lateral = state_->ltb;
+    failed_ = !kestrum::Calculate(library_, *state_);
     outcome_ = OutcomeOf(state_, !failed_);
-    lateraloff_ = state_.ltb != 0 ? i16{0} : lateral != 0 ? state_.family : lateraloff_;
+    lateraloff_ = state_->ltb != 0 ? i16{0} : lateral != 0 ? state_->family : lateraloff_;
     if (!failed_) {
-        shown_ = state_;
+        *shown_ = *state_;
     }
-    const bool overloaded = state_.flangeoverload;
+    const bool overloaded = state_->flangeoverload;
     Publish();
     calculating_ = false;
     if (overloaded) {
@@ -129,7 +130,7 @@ Snapshot Session::Present() const
 void Session::LayDown()
 {
     Document& document = documents_[document_];
-    document.name = state_.filename;
+    document.name = state_->filename;
     document.fault = filefault;
     document.disk = disk;
 }
@@ -147,7 +148,7 @@ void Session::BeginDocument(std::string what, bool unsaved)
 
 void Session::Restore(const Snapshot& snapshot)
 {
-    std::string name = state_.filename;
+    std::string name = state_->filename;
     if (snapshot.document != document_) {
         LayDown();
         document_ = snapshot.document;
@@ -158,17 +159,17 @@ void Session::Restore(const Snapshot& snapshot)
         }
         name = document.name;
     }
-    state_ = snapshot.state;
-    shown_ = snapshot.shown;
+    *state_ = *snapshot.state;
+    *shown_ = *snapshot.shown;
     outcome_ = snapshot.outcome;
     lateraloff_ = snapshot.lateraloff;
     failed_ = snapshot.failed;
     title_ = snapshot.title;
-    if (title_.ends_with(state_.filename)) {
-        title_.replace(title_.size() - state_.filename.size(), std::string::npos, name);
+    if (title_.ends_with(state_->filename)) {
+        title_.replace(title_.size() - state_->filename.size(), std::string::npos, name);
     }
-    state_.filename = name;
-    shown_.filename = name;
+    state_->filename = name;
+    shown_->filename = name;
     typing_ = {};
     refused_.reset();
     Publish();
@@ -227,21 +228,21 @@ void Session::Tell(const LoadCheck& check)
 
 void Session::ShowVortex()
 {
-    shown_.vortexcase = state_.vortexcase;
-    shown_.terrain = state_.terrain;
-    shown_.vb = state_.vb;
-    shown_.zh = state_.zh;
-    shown_.stb = state_.stb;
-    shown_.st = state_.st;
-    shown_.vcrit = state_.vcrit;
-    shown_.vm = state_.vm;
+    shown_->vortexcase = state_->vortexcase;
+    shown_->terrain = state_->terrain;
+    shown_->vb = state_->vb;
+    shown_->zh = state_->zh;
+    shown_->stb = state_->stb;
+    shown_->st = state_->st;
+    shown_->vcrit = state_->vcrit;
+    shown_->vm = state_->vm;
 }
 
 BoxOutcome Session::CommitBox(const Box& box, int index, std::string_view text)
 {
     const Field& field = *FindField(box.field);
     const double before = NumberOf(state_, field, index);
-    const BoxOutcome outcome = Commit(state_, box, index, text, decimalcomma_);
+    const BoxOutcome outcome = Commit(*state_, box, index, text, decimalcomma_);
     if (!outcome.taken) {
         surroundings_.Refuse(outcome.message, ForLocale(AllowedText(state_, box), decimalcomma_));
         if (!refused_ || refused_->box != &box || refused_->index != index) {
@@ -255,8 +256,8 @@ BoxOutcome Session::CommitBox(const Box& box, int index, std::string_view text)
         surroundings_.Warn(outcome.message);
     }
     if (ChecksLoads(box) || IsTrapezoid(box)) {
-        Tell(ChecksLoads(box) ? ValidateLoads(state_, state_, state_, state_.dropped)
-                              : CheckFinishedRows(state_));
+        Tell(ChecksLoads(box) ? ValidateLoads(*state_, *state_, *state_, state_->dropped)
+                              : CheckFinishedRows(*state_));
     }
     Calculate();
     if (box.form == "frmVortex") {
@@ -271,7 +272,7 @@ void Session::TakeBack(const Box& box, int index)
         return;
     }
     const Field& field = *FindField(box.field);
-    void* const at = field.locate(state_, index);
+    void* const at = field.locate(*state_, index);
     switch (field.kind) {
     case FieldKind::single:
         *static_cast<float*>(at) = static_cast<float>(refused_->before);
@@ -301,7 +302,7 @@ std::string Session::DataFaults() const
 
 std::string Session::TitleStem() const
 {
-    return "Kestrum EC3" + std::string(AnnexSuffix(state_.annexindex));
+    return "Kestrum EC3" + std::string(AnnexSuffix(state_->annexindex));
 }
 
 }  // namespace kestrum

@@ -9,8 +9,8 @@
 #include "app/history.h"
 #include "app/input_boxes.h"
 #include "app/surroundings.h"
+#include "core/held_state.h"
 #include "core/library.h"
-#include "core/project_state.h"
 #include "report/outcome.h"
 
 #include <cstddef>
@@ -38,13 +38,13 @@ public:
 
     // The project in hand. Handlers write to `edit` and call Calculate; one that runs no pass calls
     // Record and Publish.
-    const ProjectState& state() const { return state_; }
-    ProjectState& edit() { return state_; }
+    const ProjectState& state() const { return *state_; }
+    ProjectState& edit() { return *state_; }
 
     // The state of the last pass that ended well: panel, diagrams and pages are drawn from it.
     // Before the first one it is the project in hand. The vortex control needs no pass: what it
     // takes from the wind and gives joins by ShowVortex.
-    const ProjectState& shown() const { return shown_; }
+    const ProjectState& shown() const { return *shown_; }
     void ShowVortex();
 
     // True while `txtError` is visible: the last pass could not finish and `shown` is an older one.
@@ -147,8 +147,7 @@ private:
     const Library& library_;
     Surroundings& surroundings_;
     bool decimalcomma_;
-    ProjectState state_{};
-    ProjectState shown_{};
+    HeldState state_, shown_;
     Outcome outcome_;
     i16 lateraloff_ = 0;
     bool failed_ = false;

@@ -1,6 +1,7 @@
 #include "app/state_text.h"
 
 #include "core/field_table.h"
+#include "core/project_state.h"
 
 #include <algorithm>
 #include <array>

@@ -3,12 +3,12 @@
 // All fields of the record as text, a line each, and back without loss. Unlike a project file it
 // holds what no family or mode of loading in hand needs; it is read by the program that wrote it.
 
-#include "core/project_state.h"
-
 #include <string>
 #include <string_view>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // "l 5", "qload[2] 12.5", "projname Hall%0A2": numbers as the shortest text that reads back to
 // them, control characters and % of texts by their number. Literals, which a pass sets, are left

@@ -1,6 +1,7 @@
 #include "app/view_diagram.h"
 
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "report/member_drawing.h"
 
 #include <algorithm>

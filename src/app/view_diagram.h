@@ -3,7 +3,6 @@
 // Reading along the member: a place that all diagrams share, moved by the pointer, the wheel and
 // the arrow keys. Places are in units of the pictures (report/member_drawing).
 
-#include "core/project_state.h"
 #include "report/load_drawing.h"
 #include "report/utilisation_figure.h"
 
@@ -11,6 +10,8 @@
 #include <string>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // The stored point that lies `steps` of a fiftieth of the length from the place, kept on the
 // member; without a place the one in the middle.

@@ -13,6 +13,10 @@
 #include <string>
 #include <vector>
 
+namespace kestrum {
+struct ProjectState;
+}
+
 namespace kestrum::cli {
 
 // Exit codes. Of several files the gravest one counts: bad input, then calculation error, then

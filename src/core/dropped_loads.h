@@ -58,7 +58,8 @@ void NoteDropped(DroppedLoads& dropped, const DroppedLoad& load);
 void NoteDroppedPoint(const Inputs& in, DroppedLoads& dropped, std::size_t k, DropReason reason);
 
 // Row k of the trapezoidal loads in the same way.
-void NoteDroppedTrapezoid(const Inputs& in, DroppedLoads& dropped, std::size_t k, DropReason reason);
+void NoteDroppedTrapezoid(const Inputs& in, DroppedLoads& dropped, std::size_t k,
+                          DropReason reason);
 
 // A category or direction of a row that keeps it in single precision; -1 for none of the list.
 std::int16_t KeptNumber(float kept);

@@ -3,9 +3,16 @@
 // Which routines design which kind of section, EN 1993-1-1, section 6. The properties of a family
 // and all else that is asked about it are in its row of sections/families.
 
-#include "core/project_state.h"
-
 namespace kestrum {
+
+struct Carry;
+struct Forces;
+struct Inputs;
+struct PassOutcome;
+struct Resistances;
+struct SectionChecks;
+struct SectionRecord;
+struct Stability;
 
 struct FamilyRoutines {
     void (*effective)(const Inputs& in,
@@ -17,8 +24,8 @@ struct FamilyRoutines {
     void (*buckling)(const Inputs& in, SectionRecord& section, const Resistances& resistances,
                      Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry,
                      PassOutcome& outcome);  // null: none
-    bool control_without_n;  // N is cleared before the control
-    bool compressed_only;    // no buckling control unless N is compression
+    bool control_without_n;                  // N is cleared before the control
+    bool compressed_only;                    // no buckling control unless N is compression
 };
 
 // The routines of a family, or null for a number that names no section (0, 55, unknown).

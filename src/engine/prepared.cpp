@@ -2,6 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/load_combination.h"
+#include "core/project_state.h"
 #include "design/section_control.h"
 #include "engine/control_dispatch.h"
 #include "engine/member_analysis.h"
@@ -101,6 +102,11 @@ void PutLoadsAside(ProjectState& s)
     s.modal = 0;
     s.dropped = {};
     s.governing = 0;
+}
+
+double PreparedMember::Length() const
+{
+    return state->l;
 }
 
 PreparedMember Prepare(const Library& library, const ProjectState& member)

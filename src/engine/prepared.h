@@ -14,19 +14,20 @@
 
 #include "analysis/stations.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <memory>
 #include <span>
 
 namespace kestrum {
 
+struct ProjectState;
+
 // What Prepare hands on; const behind it.
 struct PreparedMember {
     std::shared_ptr<const ProjectState> state;  // behind the section step, without any loads
     bool usable = false;                        // else state->failure says why no case can run
 
-    double Length() const { return state->l; }
+    double Length() const;
 };
 
 // The member as cases of stations see it: no loads or end forces of its own, factors of 1, neither

@@ -1,9 +1,9 @@
 #include "report/design_note_trial.h"
 
-#include "engine/member_analysis.h"
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
 #include "engine/control_dispatch.h"
+#include "engine/member_analysis.h"
 #include "report/design_note_facts.h"
 #include "service/deflection_control.h"
 #include "stability/interaction_annex_a.h"

@@ -91,7 +91,9 @@ void TakeClassOfSide(const Inputs& in, SectionRecord& section, const Forces& for
 }
 
 // kyy .. kzz; false when the axial force is above an elastic critical force.
-bool InteractionFactors(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, Stability& stability, Carry& carry, PassOutcome& outcome, bool lateral)
+bool InteractionFactors(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                        Forces& forces, Stability& stability, Carry& carry, PassOutcome& outcome,
+                        bool lateral)
 {
     TakeClassOfSide(in, section, forces);
     if (in.method != Method::annex_a) {
@@ -116,7 +118,8 @@ bool InteractionFactors(const Inputs& in, SectionRecord& section, const Resistan
 }
 
 // kyy .. kzz and kvv, kvu of an angle.
-bool AngleFactors(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, Stability& stability, Carry& carry, PassOutcome& outcome)
+bool AngleFactors(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                  Forces& forces, Stability& stability, Carry& carry, PassOutcome& outcome)
 {
     if (in.method == Method::annex_a) {
         stability.lam0 = 1.0f;  // D226
@@ -143,8 +146,7 @@ bool AngleFactors(const Inputs& in, SectionRecord& section, const Resistances& r
 // it where the effective section shifts the centroid.
 void BeamColumn(const Inputs& in, SectionRecord& section, const Resistances& resistances,
                 Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry,
-                PassOutcome& outcome, bool lateral,
-                const MomentResistances& resistance)
+                PassOutcome& outcome, bool lateral, const MomentResistances& resistance)
 {
     StartStage(forces, checks, stability);
     if (lateral) {
@@ -164,7 +166,8 @@ void BeamColumn(const Inputs& in, SectionRecord& section, const Resistances& res
             IgnoreBuckling(checks);
         }
     } else if (forces.ned == 0 && forces.mydesign != 0 && forces.mzdesign != 0) {
-        if (!InteractionFactors(in, section, resistances, forces, stability, carry, outcome, lateral)) {
+        if (!InteractionFactors(in, section, resistances, forces, stability, carry, outcome,
+                                lateral)) {
             return;
         }
         BendingRows(in, forces, checks, stability, carry, resistance);
@@ -187,23 +190,30 @@ void ClearBucklingRows(SectionChecks& checks, Stability& stability)
 //   in   ned [kN], mydesign, mzdesign [kNm], ly, lz, ltb, method, loadmode, section, resistances
 //   out  rows, irrow4..6, maxirbuckling, errorflag, all values of the stability stage
 // Deviations D230, D232: see above.
-void BucklingControlRolledI(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome)
+void BucklingControlRolledI(const Inputs& in, SectionRecord& section,
+                            const Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability, Carry& carry, PassOutcome& outcome)
 {
     BeamColumn(in, section, resistances, forces, checks, stability, carry, outcome, true,
                {resistances.myrdm1, resistances.mzrdm1});
 }
 
 // The same without lateral torsional buckling.
-void BucklingControlHollow(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome)
+void BucklingControlHollow(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                           Forces& forces, SectionChecks& checks, Stability& stability,
+                           Carry& carry, PassOutcome& outcome)
 {
     BeamColumn(in, section, resistances, forces, checks, stability, carry, outcome, false,
                {resistances.myrdm1, resistances.mzrdm1});
 }
 
 // The same with class and resistance of the compressed side.
-void BucklingControlWeldedI(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome)
+void BucklingControlWeldedI(const Inputs& in, SectionRecord& section,
+                            const Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability, Carry& carry, PassOutcome& outcome)
 {
-    BeamColumn(in, section, resistances, forces, checks, stability, carry, outcome, true,
+    BeamColumn(
+        in, section, resistances, forces, checks, stability, carry, outcome, true,
         {forces.mydesign > 0 ? resistances.mytoprd : resistances.mybotrd, resistances.mzrdm1});
 }
 
@@ -211,7 +221,9 @@ void BucklingControlWeldedI(const Inputs& in, SectionRecord& section, const Resi
 //
 // Deviation D229: lateral torsional buckling is controlled beside an axial compression only; 6.3.2
 // asks for it in any case.
-void BucklingControlFlatBar(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome)
+void BucklingControlFlatBar(const Inputs& in, SectionRecord& section,
+                            const Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability, Carry& carry, PassOutcome& outcome)
 {
     StartStage(forces, checks, stability);
     ControlLateralTorsional(in, section, resistances, forces, checks, stability, carry);
@@ -219,7 +231,8 @@ void BucklingControlFlatBar(const Inputs& in, SectionRecord& section, const Resi
     BucklingResistance(in, section, resistances, carry, stability);
     if (!NoBucklingAtAll(in, checks)) {
         if (forces.mydesign != 0) {
-            if (!InteractionFactors(in, section, resistances, forces, stability, carry, outcome, true)) {
+            if (!InteractionFactors(in, section, resistances, forces, stability, carry, outcome,
+                                    true)) {
                 return;
             }
             FlatBarRows(in, resistances, forces, checks, stability, carry);
@@ -234,7 +247,9 @@ void BucklingControlFlatBar(const Inputs& in, SectionRecord& section, const Resi
 
 // EN 1993-1-1, 6.3.1, 6.3.3: about y and z, and about v with the moments of the principal axes. The
 // axial force must not exceed the critical forces of the principal axes, with or without moments.
-void BucklingControlAngle(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome)
+void BucklingControlAngle(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                          Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry,
+                          PassOutcome& outcome)
 {
     StartStage(forces, checks, stability);
     BucklingCurves(in, section, carry);
@@ -253,8 +268,8 @@ void BucklingControlAngle(const Inputs& in, SectionRecord& section, const Resist
                 std::min(resistances.mry1, resistances.mry2) * in.gammam0 / in.gammam1;
             stability.mzaxrd =
                 std::min(resistances.mrz1, resistances.mrz2) * in.gammam0 / in.gammam1;
-            AddMomentTerms(in, forces, checks, stability, carry, {stability.myaxrd, stability.mzaxrd},
-                           true);
+            AddMomentTerms(in, forces, checks, stability, carry,
+                           {stability.myaxrd, stability.mzaxrd}, true);
         }
         if (BucklesAboutZ(in)) {
             AngleRow(in, section, resistances, forces, checks, stability, HasMoment(forces));
@@ -271,7 +286,9 @@ void BucklingControlAngle(const Inputs& in, SectionRecord& section, const Resist
 //
 // Deviation D231: moments of the self-weight are not combined with the axial force; 6.3.3 combines
 // them.
-void BucklingControlT(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome&)
+void BucklingControlT(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                      Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry,
+                      PassOutcome&)
 {
     StartStage(forces, checks, stability);
     BucklingCurves(in, section, carry);
@@ -286,7 +303,9 @@ void BucklingControlT(const Inputs& in, SectionRecord& section, const Resistance
 }
 
 // EN 1993-1-1, 6.3.2.
-void BucklingControlPlate(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome&)
+void BucklingControlPlate(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                          Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry,
+                          PassOutcome&)
 {
     StartStage(forces, checks, stability);
     ControlLateralTorsional(in, section, resistances, forces, checks, stability, carry);

@@ -21,12 +21,29 @@ namespace kestrum {
 // Empties the three rows and their ratios, for a member without this control.
 void ClearBucklingRows(SectionChecks& checks, Stability& stability);
 
-void BucklingControlRolledI(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // I sections, channels, general profile
-void BucklingControlHollow(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // hollow sections, box, tube
-void BucklingControlWeldedI(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // single-symmetric I
-void BucklingControlFlatBar(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // with compression only
-void BucklingControlAngle(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // with compression only
-void BucklingControlT(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // with compression only
-void BucklingControlPlate(const Inputs& in, SectionRecord& section, const Resistances& resistances, Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry, PassOutcome& outcome);  // lateral torsional buckling only
+void BucklingControlRolledI(const Inputs& in, SectionRecord& section,
+                            const Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability, Carry& carry,
+                            PassOutcome& outcome);  // I sections, channels, general profile
+void BucklingControlHollow(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                           Forces& forces, SectionChecks& checks, Stability& stability,
+                           Carry& carry, PassOutcome& outcome);  // hollow sections, box, tube
+void BucklingControlWeldedI(const Inputs& in, SectionRecord& section,
+                            const Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability, Carry& carry,
+                            PassOutcome& outcome);  // single-symmetric I
+void BucklingControlFlatBar(const Inputs& in, SectionRecord& section,
+                            const Resistances& resistances, Forces& forces, SectionChecks& checks,
+                            Stability& stability, Carry& carry,
+                            PassOutcome& outcome);  // with compression only
+void BucklingControlAngle(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                          Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry,
+                          PassOutcome& outcome);  // with compression only
+void BucklingControlT(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                      Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry,
+                      PassOutcome& outcome);  // with compression only
+void BucklingControlPlate(const Inputs& in, SectionRecord& section, const Resistances& resistances,
+                          Forces& forces, SectionChecks& checks, Stability& stability, Carry& carry,
+                          PassOutcome& outcome);  // lateral torsional buckling only
 
 }  // namespace kestrum

@@ -55,8 +55,7 @@ Axis AxisY(const Inputs& in, SectionChecks& checks, const Stability& stability)
 
 Axis AxisZ(const Inputs& in, SectionChecks& checks, const Stability& stability, const Carry& carry)
 {
-    return {kChecksZ,      checks.irrow5, stability.nbzrd,
-            stability.kzy, carry.kzz, BucklesAboutZ(in)};
+    return {kChecksZ, checks.irrow5, stability.nbzrd, stability.kzy, carry.kzz, BucklesAboutZ(in)};
 }
 
 // The check in its row, with the terms in their order.
@@ -147,7 +146,8 @@ void AxialRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
 }
 
 void AddMomentTerms(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                    const Stability& stability, const Carry& carry, const MomentResistances& resistance, bool angle)
+                    const Stability& stability, const Carry& carry,
+                    const MomentResistances& resistance, bool angle)
 {
     for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability, carry)}) {
         AddMomentTerms(in, forces, checks, stability, axis,
@@ -156,7 +156,8 @@ void AddMomentTerms(const Inputs& in, const Forces& forces, SectionChecks& check
 }
 
 void BendingRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                 const Stability& stability, const Carry& carry, const MomentResistances& resistance)
+                 const Stability& stability, const Carry& carry,
+                 const MomentResistances& resistance)
 {
     const double my = std::abs(forces.mydesign);
     for (const Axis& axis : {AxisY(in, checks, stability), AxisZ(in, checks, stability, carry)}) {

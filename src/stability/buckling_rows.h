@@ -35,11 +35,13 @@ void AxialRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
 // "=". Deviation D236: an axis without buckling has no row here either; Eq (6.61) and (6.62) still
 // hold for it with chi = 1 and combine the axial force with lateral torsional buckling.
 void AddMomentTerms(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                    const Stability& stability, const Carry& carry, const MomentResistances& resistance, bool angle);
+                    const Stability& stability, const Carry& carry,
+                    const MomentResistances& resistance, bool angle);
 
 // Bending about both axes without axial force; the length factors are not asked.
 void BendingRows(const Inputs& in, const Forces& forces, SectionChecks& checks,
-                 const Stability& stability, const Carry& carry, const MomentResistances& resistance);
+                 const Stability& stability, const Carry& carry,
+                 const MomentResistances& resistance);
 
 // Axial force and My of a flat bar, Eq (6.61), (6.62).
 void FlatBarRows(const Inputs& in, const Resistances& resistances, const Forces& forces,

@@ -191,8 +191,7 @@ void CmAnnexAForces(const Forces& forces, Stability& stability)
 // effective area in class 4); Table A.1 takes gammaM1. Deviation D220: at NEd = Ncr the factor of
 // the axis itself takes its limit, other divisors 1e-9; the standard divides by zero.
 void KFactorsAnnexA(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
-                    const Forces& forces, Stability& stability, Carry& carry,
-                    PassOutcome& outcome)
+                    const Forces& forces, Stability& stability, Carry& carry, PassOutcome& outcome)
 {
     stability.alt = std::max(0.0, 1.0 - static_cast<double>(section.it) / section.iy);
     stability.epsy = forces.ned == 0 ? 0.0

@@ -38,7 +38,6 @@ void CmAnnexAForces(const Forces& forces, Stability& stability);
 
 // cmy .. kzz; a force above a critical one sets errorflag and leaves.
 void KFactorsAnnexA(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
-                    const Forces& forces, Stability& stability, Carry& carry,
-                    PassOutcome& outcome);
+                    const Forces& forces, Stability& stability, Carry& carry, PassOutcome& outcome);
 
 }  // namespace kestrum

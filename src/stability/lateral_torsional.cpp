@@ -251,7 +251,8 @@ void Segments(const Inputs& in, const SectionRecord& section, const Resistances&
     double highest = 0.0;
     for (int number = 1; number <= restraints + 1; ++number) {
         double ratio = 0.0;
-        const Piece piece = Segment(in, section, resistances, forces, stability, carry, number, ratio);
+        const Piece piece =
+            Segment(in, section, resistances, forces, stability, carry, number, ratio);
         if (ratio >= highest) {  // the last of equal ratios
             highest = ratio;
             Keep(piece, stability, carry);

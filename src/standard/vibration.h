@@ -3,8 +3,6 @@
 // Natural frequencies and vortex shedding by the standards as written: EN 1990, A1.4.4, and EN
 // 1991-1-4, Annexes E and F. Bending about y.
 
-#include "core/project_state.h"
-
 #include <array>
 #include <cstddef>
 #include <optional>

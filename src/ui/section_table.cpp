@@ -4,6 +4,7 @@
 #include "app/section_commands.h"
 #include "app/section_list.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "sections/family_table.h"
 #include "ui/latest_job.h"

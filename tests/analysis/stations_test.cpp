@@ -175,7 +175,8 @@ TEST(Stations, NewPlacesAreFoundAgain)
 {
     const ProjectState s = Member(0);
     Lines one = LinesOf(s, {{.x = 0}, {.x = 3, .my = 10}, {.x = 6}});
-    one.lines.Fill(s, s, std::vector<Station>{{.x = 0}, {.x = 1.5, .my = 10}, {.x = 6}}, one.forces);
+    one.lines.Fill(s, s, std::vector<Station>{{.x = 0}, {.x = 1.5, .my = 10}, {.x = 6}},
+                   one.forces);
     EXPECT_FLOAT_EQ(one.forces.mydiag[25], 10 * 3 / 4.5F);
     ProjectState longer = s;
     longer.l = 12;

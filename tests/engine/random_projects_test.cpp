@@ -76,7 +76,8 @@ void OpenInto(ProjectState& s, const ProjectState& from)
     static_cast<AnnexFactors&>(s) = from;
 }
 
-// What is shown again where a pass does not find it: deflections with given end forces, frequencies.
+// What is shown again where a pass does not find it: deflections with given end forces,
+// frequencies.
 void ForgetWhatIsShownAgain(ProjectState& s)
 {
     s.checklist.Clear<ResultRow::deflection_z, ResultRow::deflection_y>();

@@ -12,9 +12,9 @@ struct AnnexFactors {
     float g610g, g610q1, g610q2;
     float g610ag, g610aq1, g610aq2;
     float g610bg;
-    float xi610b;   // reduction of G in Eq 6.10b
-    double kfig;    // class factor on G
-    float kfiq;     // class factor on Q
+    float xi610b;  // reduction of G in Eq 6.10b
+    double kfig;   // class factor on G
+    float kfiq;    // class factor on Q
 };
 
 }  // namespace kestrum
