@@ -7,11 +7,9 @@
 // A value-initialised record (`ProjectState s{};`) is the state of the program before its first
 // project.
 
-#include "core/state/annex_factors.h"
+#include "core/project_inputs.h"
 #include "core/state/carry.h"
 #include "core/state/forces.h"
-#include "core/state/identification.h"
-#include "core/state/inputs.h"
 #include "core/state/pass_outcome.h"
 #include "core/state/resistances.h"
 #include "core/state/section_checks.h"
@@ -32,7 +30,7 @@ struct Results : SectionRecord,
     bool operator==(const Results&) const = default;
 };
 
-struct ProjectState : Identification, Inputs, AnnexFactors, Results, Carry {
+struct ProjectState : ProjectInputs, Results, Carry {
     bool operator==(const ProjectState&) const = default;
 };
 

@@ -2,6 +2,7 @@
 
 #include "clauses/critical_moment.h"
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 #include "engine/prepared.h"
 #include "standard/member.h"
 

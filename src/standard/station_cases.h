@@ -14,7 +14,6 @@
 
 #include "analysis/stations.h"
 #include "core/library.h"
-#include "core/project_state.h"
 #include "standard/result.h"
 
 #include <memory>
@@ -22,6 +21,10 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+namespace kestrum {
+struct ProjectState;
+}
 
 namespace kestrum::standard {
 

@@ -1,6 +1,7 @@
 #include "standard/vibration.h"
 
 #include "core/member_choices.h"
+#include "core/project_state.h"
 #include "service/vortex.h"
 #include "standard/lines.h"
 

@@ -7,6 +7,10 @@
 #include <cstddef>
 #include <optional>
 
+namespace kestrum {
+struct ProjectState;
+}
+
 namespace kestrum::standard {
 
 constexpr std::size_t kModes = 3;
