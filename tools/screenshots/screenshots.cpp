@@ -8,6 +8,7 @@
 #include "app/load_commands.h"
 #include "app/member_commands.h"
 #include "app/section_commands.h"
+#include "core/project_state.h"
 #include "sections/family_table.h"
 #include "sections/load_library.h"
 #include "ui/main_window.h"
