@@ -2,9 +2,9 @@
 #include "calculation/check_formula.h"
 #include "calculation/check_names.h"
 
-#include "analysis/member_forces.h"
 #include "core/load_combination.h"
 #include "core/member_choices.h"
+#include "engine/member_analysis.h"
 #include "report/mode_shapes.h"
 #include "service/modal.h"
 #include "service/vortex.h"
