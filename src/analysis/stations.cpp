@@ -134,7 +134,7 @@ std::string StationFaultText(const StationCheck& check, std::span<const Station>
     case StationFault::no_station:
         return "no stations";
     case StationFault::not_finite:
-        return "a force that is no number";
+        return "a force that is not a number";
     case StationFault::not_rising:
         return "x falls to " + ShortNumber(stations[check.row].x) + " m";
     case StationFault::off_member:
@@ -144,7 +144,7 @@ std::string StationFaultText(const StationCheck& check, std::span<const Station>
     case StationFault::short_of_end:
         return "the last station " + x + " is not the end of the member" + of;
     case StationFault::repeated:
-        return "the station " + x + " stands there again (a jump has two rows, inside)";
+        return "the station " + x + " is repeated (a jump has two rows, inside the member)";
     }
     return {};
 }

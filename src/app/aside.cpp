@@ -51,7 +51,7 @@ std::string_view NextLine(std::string_view& text)
 std::string Read(std::string_view text, UnsavedWork& work)
 {
     if (NextLine(text) != kHead) {
-        return "is no unsaved work of this version";
+        return "is not unsaved work of this version";
     }
     work.digest = NextLine(text);
     work.halfread = NextLine(text) == "half";

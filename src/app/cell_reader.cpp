@@ -69,7 +69,7 @@ bool CellReader::Quoted()
     }
     rest_.remove_prefix(at);
     if (!rest_.empty() && rest_.front() != separator_) {
-        fault_ = "text behind a closing quote";
+        fault_ = "text after a closing quote";
         return false;
     }
     ended_ = rest_.empty();

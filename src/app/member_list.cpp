@@ -142,8 +142,8 @@ void MemberList::TakeMember(std::string_view record, std::size_t line, std::size
     }
     const auto [at, fresh] = places_.try_emplace(key, members_.size());
     if (!fresh) {
-        return fault("member \"" + key + "\" stands in line " +
-                     std::to_string(members_[at->second].line) + " already, which holds");
+        return fault("member \"" + key + "\" is in line " +
+                     std::to_string(members_[at->second].line) + " already, which is used");
     }
     members_.push_back({std::move(key), line, row, record});
 }

@@ -54,7 +54,7 @@ bool IsOther(std::string_view name)
 void TellPassed(LineExtras& extras, const std::string& name, const std::string& hint)
 {
     if (!hint.empty()) {
-        extras.remarks.push_back({name, "is no field and passed through" + hint});
+        extras.remarks.push_back({name, "is not a field and is passed through" + hint});
     }
 }
 
@@ -302,7 +302,7 @@ std::string MemberColumns::TakeHeader(std::string_view line, bool keepothers)
                         refusal + (may ? " (--keep-columns passes it through)" : ""));
         }
         if (std::any_of(columns_.begin(), columns_.end(), same)) {
-            return Told(column.name, "stands in two columns");
+            return Told(column.name, "is in two columns");
         }
         columns_.push_back(std::move(column));
     }

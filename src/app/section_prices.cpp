@@ -104,7 +104,7 @@ std::string SectionPool::AddPriceLine(const Library& library,
     std::replace(digits.begin(), digits.end(), ',', '.');
     const auto value = SizeOfText(digits);
     if (!value) {
-        return "price: \"" + price + "\" is no number of 0 and above";
+        return "price: \"" + price + "\" is not a number of 0 or more";
     }
     line.price = {*value, per_metre};
     for (const PriceLine& other : prices_) {

@@ -17,11 +17,11 @@ struct Foreign {
 
 using namespace std::string_view_literals;
 constexpr Foreign kForeign[] = {
-    {"PK\x03\x04", "a spreadsheet or archive (XLSX, ODS, ZIP), no table; save its sheet as CSV"},
-    {"\xD0\xCF\x11\xE0", "a spreadsheet (XLS), no table; save its sheet as CSV"},
-    {"\x1F\x8B", "compressed, no table; unpack it first"},
-    {"\xFF\xFE\0\0"sv, "UTF-32, no table that can be read; save it as UTF-8"},
-    {"\0\0\xFE\xFF"sv, "UTF-32, no table that can be read; save it as UTF-8"},
+    {"PK\x03\x04", "a spreadsheet or archive (XLSX, ODS, ZIP), not a table; save its sheet as CSV"},
+    {"\xD0\xCF\x11\xE0", "a spreadsheet (XLS), not a table; save its sheet as CSV"},
+    {"\x1F\x8B", "compressed, not a table; unpack it first"},
+    {"\xFF\xFE\0\0"sv, "UTF-32, not a readable table; save it as UTF-8"},
+    {"\0\0\xFE\xFF"sv, "UTF-32, not a readable table; save it as UTF-8"},
 };
 
 constexpr std::string_view kMarks[] = {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"};

@@ -38,7 +38,7 @@ constexpr Rule kRules[] = {
     {" psi1index psi2index ", [](const ProjectState& s) { return !PsiShown(s); },
      "the combination has no psi (loadcomb 4 and 5)"},
     {" safetyclass ", [](const ProjectState& s) { return ShownClassFrame(s) == ClassFrame::none; },
-     "annex or combination know no classes"},
+     "the annex or the combination has no classes"},
     {" ltbcase ltbk restraints ltbcurve loadlevel za cmanual c1alt c1 c2 c3 ",
      [](const ProjectState& s) { return s.ltb == 0; },
      "lateral torsional buckling is off (ltb 0)"},
@@ -51,7 +51,7 @@ constexpr Rule kRules[] = {
      "own check points go with cpmode 1"},
     {" p24.hsqc ", [](const ProjectState&) { return true; }, "the file keeps p25.istc in its place"},
     {" beampart ", [](const ProjectState&) { return true; }, "the calculation sets it"},
-    {" uflimit ", [](const ProjectState&) { return true; }, "no control reads it"},
+    {" uflimit ", [](const ProjectState&) { return true; }, "no check uses it"},
 };
 
 // clang-format on

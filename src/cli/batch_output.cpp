@@ -35,7 +35,7 @@ public:
         bytes_ += taken;
         text.erase(0, taken);
         if (text.size() > kLongestLine) {
-            throw BadInput(name_ + ": no answers of such a run; cannot be taken up");
+            throw BadInput(name_ + ": not the answers of such a run; cannot be resumed");
         }
     }
 
@@ -59,7 +59,7 @@ private:
                 return;
             }
         }
-        throw BadInput(name_ + ": no answers of such a run; cannot be taken up");
+        throw BadInput(name_ + ": not the answers of such a run; cannot be resumed");
     }
 
     const std::string name_;
@@ -200,7 +200,7 @@ void BatchOutput::Begin(const AnswerLines& form, const BatchOrigin& origin)
 void BatchOutput::Write(std::string_view text)
 {
     if (strange_ && !text.empty()) {
-        Complain(name_ + ": goes on behind its answers; nothing says what they belong to");
+        Complain(name_ + ": continues after its answers; nothing says what they belong to");
         strange_ = false;
     }
     answers_ = answers_ || (kept_ && !text.empty());
@@ -225,7 +225,7 @@ std::string BatchOutput::Suspend(std::size_t members)
     }
     return told + (members == 0 ? ""
                                 : ", kept in " + Utf8Name(written_) +
-                                      "; the same command with --resume goes on");
+                                      "; the same command with --resume continues");
 }
 
 std::string ShardName(const std::string& answers)

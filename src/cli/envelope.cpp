@@ -215,7 +215,8 @@ int Envelope(const Options& options, const EnvelopeArguments& arguments)
         interrupt.End();
     }
     if (!forces.sorted()) {
-        Hint(options, forces.name() + ": members or cases do not stand together: sorted with " +
+        Hint(options, forces.name() +
+                          ": the rows of a member or case are not together: sorted with " +
                           std::to_string(arguments.memory) + " MB" +
                           (forces.runs() > 0 ? ", " + Amount(forces.runs(), "parts on disk") : ""));
     }

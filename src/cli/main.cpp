@@ -247,11 +247,11 @@ int Run(int argc, char** argv)
     batch.add_option("--shard", many.shard, "I/N: part I of N of the members, for `kestrum merge`");
     batch.add_option("--jobs", many.jobs, "threads; one for each core without it")
         ->check(CLI::Range(1, 256));
-    batch.add_flag("--resume", many.resume, "goes on behind the answers that -o holds already");
+    batch.add_flag("--resume", many.resume, "continues after the answers already in -o");
     batch.add_flag("--raw", many.raw, "stores the values unchecked");
     AddSign(batch, many.tensionpositive);
     batch.add_flag("--keep-columns", many.keep_columns,
-                   "columns that are no fields pass through to the answer");
+                   "columns that are not fields are passed through to the answer");
     batch.add_flag("--exit-zero", many.exit_zero,
                    "exit 0 when each member has its answer, whatever the verdicts");
     batch.add_flag_callback(
@@ -279,13 +279,13 @@ int Run(int argc, char** argv)
         ->check(CLI::IsMember({"program", "standard", "both"}));
     AddFrame(envelope, frame);
     envelope.add_flag("--all", frame.all, "a line for each member and case");
-    envelope.add_option("--top", frame.top, "the worst cases of each member, so many lines")
+    envelope.add_option("--top", frame.top, "this many worst cases of each member")
         ->check(CLI::Range(1, 1000000));
     envelope.add_option("--shard", frame.shard,
                         "I/N: part I of N of the members, for `kestrum merge`");
     envelope.add_option("--jobs", frame.jobs, "threads; one for each core without it")
         ->check(CLI::Range(1, 256));
-    envelope.add_flag("--resume", frame.resume, "goes on behind the answers that -o holds already");
+    envelope.add_flag("--resume", frame.resume, "continues after the answers already in -o");
     envelope.add_flag("--exit-zero", frame.exit_zero, "exit 0 whatever the verdicts");
     envelope.add_flag_callback(
         "--csv-safe", [&] { frame.csv_safe = true; },

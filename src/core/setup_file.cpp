@@ -46,7 +46,7 @@ std::optional<FileFault> ReadSetup(ProjectState& s, std::string_view bytes)
     }
     if (!bytes.ends_with('\n') && !bytes.ends_with('\r')) {
         const auto line = 1 + std::count(bytes.begin(), bytes.end(), '\n');
-        return FileFault{static_cast<int>(line), "expected a line end behind the last value"};
+        return FileFault{static_cast<int>(line), "expected a line end after the last value"};
     }
     return std::nullopt;
 }

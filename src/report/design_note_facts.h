@@ -27,7 +27,7 @@ bool LateralControlled(const ProjectState& s);
 bool WebBucklesInShear(const ProjectState& s);
 
 // Critical forces for the torsional length of the member itself, whatever length the record holds:
-// between its lateral restraints where lateral torsional buckling is controlled, else the whole
+// between its lateral restraints where lateral torsional buckling is checked, else the whole
 // member (EN 1993-1-1, 6.3.1.4).
 TorsionalForces OwnTorsionalForces(const ProjectState& s);
 

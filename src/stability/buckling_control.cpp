@@ -219,7 +219,7 @@ void BucklingControlWeldedI(const Inputs& in, SectionRecord& section,
 
 // EN 1993-1-1, 6.3.1 to 6.3.3 for bending about y.
 //
-// Deviation D229: lateral torsional buckling is controlled beside an axial compression only; 6.3.2
+// Deviation D229: lateral torsional buckling is checked beside an axial compression only; 6.3.2
 // asks for it in any case.
 void BucklingControlFlatBar(const Inputs& in, SectionRecord& section,
                             const Resistances& resistances, Forces& forces, SectionChecks& checks,

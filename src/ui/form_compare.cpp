@@ -40,9 +40,9 @@ Form* MakeCompare(Desk& desk, QWidget* parent)
     Binder& bind = form->bind();
     auto* const table = new QTableWidget(0, 3);
     table->setObjectName(QStringLiteral("comparison"));
-    table->setAccessibleName(QObject::tr("The pinned design and the one in hand"));
+    table->setAccessibleName(QObject::tr("The pinned design and the current one"));
     table->setHorizontalHeaderLabels(
-        {QString(), QObject::tr("A, pinned"), QObject::tr("B, in hand")});
+        {QString(), QObject::tr("A, pinned"), QObject::tr("B, current")});
     table->verticalHeader()->hide();
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + kGap);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);

@@ -70,7 +70,7 @@ TEST(MemberList, LinesThatCannotBeMembersAreNamed)
     EXPECT_EQ(list.size(), 2U);  // what is wrong with the rest of B2 is said when it is set
     EXPECT_THAT(list.faults(),
                 ElementsAre("m.csv:3: no key",
-                            "m.csv:5: member \"B1\" stands in line 2 already, which holds"));
+                            "m.csv:5: member \"B1\" is in line 2 already, which is used"));
     ProjectState s = StartState(Delivered());
     EXPECT_EQ(list.Apply(1, Delivered(), s, Assignment::checked), "fewer cells than columns");
 }

@@ -72,7 +72,7 @@ TEST(WithoutEffect, TellsWhichChoiceWouldHaveToBeMade)
     EXPECT_EQ(Why("loadlevel=2", "za"), "za goes with loadlevel 4");
     EXPECT_EQ(Why("cpmode=0", "cp[1]"), "own check points go with cpmode 1");
     EXPECT_EQ(Why("loadcomb=0 annexcode=EU", "safetyclass"),
-              "annex or combination know no classes");
+              "the annex or the combination has no classes");
     EXPECT_EQ(Why("loadcomb=0 annexcode=SW", "safetyclass"), "");
     EXPECT_EQ(Why("family=24", "p24.hsqc"), "the file keeps p25.istc in its place");
 }

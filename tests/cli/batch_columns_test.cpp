@@ -92,11 +92,11 @@ TEST_F(BatchColumns, ThatMayBeMeantForAFieldAreTold)
     Write("t.csv", "l,familly\n3,4\n3,4\n");
     const Said said = Kestrum("batch --keep-columns t.csv");
     EXPECT_THAT(said.err,
-                HasSubstr("familly: is no field and passed through; did you mean family?"));
+                HasSubstr("familly: is not a field and is passed through; did you mean family?"));
     EXPECT_THAT(said.out, HasSubstr("did you mean family?"));
     Write("t.ndjson", "{\"l\":3,\"familly\":4}\n");
     EXPECT_THAT(Kestrum("batch --json --keep-columns t.ndjson").err,
-                HasSubstr("familly: is no field and passed through; did you mean family?"));
+                HasSubstr("familly: is not a field and is passed through; did you mean family?"));
 }
 
 TEST_F(BatchColumns, OfSeveralTablesAreThoseOfTheFirst)

@@ -56,7 +56,7 @@ TEST_F(BatchFiles, AStoppedRunSaysHowToGoOn)
     const Said said = Shell(Begun("-o o.csv") + "answered o.csv.part; kill -INT $p; wait $p");
     EXPECT_EQ(said.exit, 130);
     EXPECT_THAT(said.err, HasSubstr("stopped: 1 members answered, kept in "));
-    EXPECT_THAT(said.err, HasSubstr("o.csv.part; the same command with --resume goes on\n"));
+    EXPECT_THAT(said.err, HasSubstr("o.csv.part; the same command with --resume continues\n"));
     EXPECT_FALSE(fs::exists(Path("o.csv")));
     const std::string all =
         "printf 'l,qload[1]\\n5,9\\n6,9\\n7,9\\n' | " + kProgram + "batch -q - ";

@@ -116,7 +116,7 @@ TEST_F(OptimizeCommand, NamesBadInput)
     };
     for (const auto& [arguments, message] : {
              Case{"beam.kst --pool FOO", "--pool: FOO: no such family or section"},
-             {"beam.kst --pool p.csv", "p.csv:3: price: \"abc\" is no number of 0 and above"},
+             {"beam.kst --pool p.csv", "p.csv:3: price: \"abc\" is not a number of 0 or more"},
              {"beam.kst --pool empty.csv", "empty.csv:1: holds no sections"},
              {"beam.kst --pool 21", "p21.isth: its sizes are missing"},
              {"beam.kst --pool 41", "has no list to choose from"},

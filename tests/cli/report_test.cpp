@@ -111,7 +111,7 @@ TEST_F(Reports, SummaryRefusesWhatItCannotUse)
     refused("- --members - <a.csv", "standard input cannot be both tables");
     refused("m.csv", "m.csv:1: no answers: there is no column \"member\"");
     refused("a.csv -o nowhere/a.svg", "nowhere/a.svg: ");
-    refused("a.csv --members m.csv -o s.csv", "m.csv:3: member \"B1\" stands in line 2 already");
+    refused("a.csv --members m.csv -o s.csv", "m.csv:3: member \"B1\" is in line 2 already");
     EXPECT_THAT(Read("s.csv"), HasSubstr("\n1,B1,within limits,0.5,"));  // the rest is there
     EXPECT_EQ(Kestrum("summary - <a.csv").out,
               "order,member,verdict,ir,control,clause,notes,message\n1,1,within limits,0.5,,,,\n");

@@ -142,7 +142,7 @@ TEST(SetupFile, WantsALineEndBehindTheLastValue)
     const std::optional<FileFault> fault = ReadSetup(s, bytes);
     ASSERT_TRUE(fault);
     EXPECT_EQ(fault->line, 30);
-    EXPECT_EQ(fault->what, "expected a line end behind the last value");
+    EXPECT_EQ(fault->what, "expected a line end after the last value");
     EXPECT_FALSE(ReadSetup(s, bytes + "\n"));
     EXPECT_FALSE(ReadSetup(s, bytes + "\r"));
 }
