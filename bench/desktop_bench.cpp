@@ -3,6 +3,7 @@
 
 #include "app/section_list.h"
 #include "app/state_text.h"
+#include "core/project_state.h"
 #include "sections/families.h"
 #include "sections/load_library.h"
 #include "ui/main_window.h"

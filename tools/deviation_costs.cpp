@@ -8,6 +8,7 @@
 
 #include "app/assign.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "realistic_member.h"

@@ -1,5 +1,6 @@
 #include "app/envelope.h"
 
+#include "core/project_state.h"
 #include "engine/new_project.h"
 #include "sections/load_library.h"
 

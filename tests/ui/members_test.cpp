@@ -4,6 +4,7 @@
 #include "ui/desktop.h"
 
 #include "core/file_io.h"
+#include "core/project_state.h"
 #include "ui/members_window.h"
 #include "ui/text.h"
 
