@@ -67,7 +67,7 @@ TEST(MembersSheet, KeepsWhatWasNotEdited)
 TEST(MembersSheet, RefusesWhatIsNoTableOfMembers)
 {
     MembersSheet sheet = Sheet(kThree);
-    EXPECT_THAT(sheet.Take("l,l\n1,2\n", "x.csv"), HasSubstr("x.csv:1: l: stands in two columns"));
+    EXPECT_THAT(sheet.Take("l,l\n1,2\n", "x.csv"), HasSubstr("x.csv:1: l: is in two columns"));
     EXPECT_THAT(sheet.Take("PK\x03\x04...", "x.xlsx"), HasSubstr("save its sheet as CSV"));
     EXPECT_THAT(sheet.Take("{\"l\": 6}", "x.csv"), HasSubstr("not from JSON"));
     EXPECT_EQ(sheet.rows(), 3U);  // what was there stays
@@ -122,7 +122,7 @@ TEST(MembersSheet, SaysWhyATextDoesNotFit)
 {
     MembersSheet sheet = Sheet(kThree);
     EXPECT_THAT(sheet.Paste({{0}, 3, 1}, "1\t2\n"), HasSubstr("only 1 from here on"));
-    EXPECT_THAT(sheet.AddColumn("l"), HasSubstr("stands in two columns"));
+    EXPECT_THAT(sheet.AddColumn("l"), HasSubstr("is in two columns"));
     EXPECT_FALSE(sheet.CanUndo());
     EXPECT_EQ(sheet.Copy({{0, 1}, 1, 2}), "IPE 300\t6\nIPE 200\t6\n");
 }

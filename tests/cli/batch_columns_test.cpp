@@ -134,7 +134,7 @@ TEST_F(BatchColumns, AreTakenUpWithTheAnswers)
     }
     Write("o.csv", whole);
     EXPECT_THAT(Kestrum("batch -q --fields l t.csv -o o.csv --resume").err,
-                HasSubstr("cannot be taken up"));
+                HasSubstr("cannot be resumed"));
 }
 
 // A member is answered as soon as it is there, the line of names included.

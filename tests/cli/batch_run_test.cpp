@@ -201,7 +201,7 @@ TEST_F(BatchRun, LeavesAloneWhatIsNoAnswer)
     Write("o.csv.part", "a letter\n");
     const Said said = Kestrum("batch t.csv --resume -o o.csv");
     EXPECT_EQ(said.exit, 2);
-    EXPECT_THAT(said.err, HasSubstr("o.csv.part: no answers of such a run"));
+    EXPECT_THAT(said.err, HasSubstr("o.csv.part: not the answers of such a run"));
     EXPECT_EQ(Read("o.csv.part"), "a letter\n");
     EXPECT_EQ(Read("o.csv"), "answers of last week");
 }

@@ -114,7 +114,7 @@ TEST_F(EnvelopeCommand, TheOrderOfRowsChangesNothing)
     Forces("t.csv", turned);
     const Said said = Kestrum("envelope m.csv t.csv -o t_a.csv");
     EXPECT_EQ(said.exit, 0);
-    EXPECT_THAT(said.err, HasSubstr("do not stand together: sorted with 256 MB"));
+    EXPECT_THAT(said.err, HasSubstr("are not together: sorted with 256 MB"));
     EXPECT_EQ(Read("t_a.csv"), Read("a.csv"));
     // In no order at all.
     std::shuffle(rows.begin(), rows.end(), std::mt19937(5));
@@ -182,7 +182,7 @@ TEST_F(EnvelopeCommand, WhatIsMissingIsNamedAndTheRestAnswered)
     EXPECT_THAT(Read("a.csv"), HasSubstr("no forces"));
 }
 
-// The whole set twice: the same case stands there again.
+// The whole set twice: the same case is repeated.
 TEST_F(EnvelopeCommand, RepeatedCasesAreNamed)
 {
     Lines rows = Rows(1, 2);
@@ -192,7 +192,7 @@ TEST_F(EnvelopeCommand, RepeatedCasesAreNamed)
     Write("m.csv", Members(1));
     const Said said = Kestrum("envelope m.csv f.csv");
     EXPECT_EQ(said.exit, 2);
-    EXPECT_THAT(said.err, HasSubstr("case \"U100\": the station x 0 m stands there again"));
+    EXPECT_THAT(said.err, HasSubstr("case \"U100\": the station x 0 m is repeated"));
     EXPECT_THAT(said.out, HasSubstr("B0,bad input,"));
 }
 

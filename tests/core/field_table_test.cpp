@@ -63,7 +63,7 @@ TEST(FieldTable, HoldsEveryFieldOfTheRecordOnce)
     for (const char* const slice :
          {"Identification", "Settings", "MemberInputs", "LoadInputs", "SectionForms",
           "AnnexFactors", "SectionRecord", "Resistances", "Forces", "SectionChecks", "Stability",
-          "Service", "PassOutcome"}) {
+          "Service", "PassOutcome", "Carry"}) {
         for (const std::string& name : Declared(slice)) {
             EXPECT_TRUE(declared.insert(name).second) << name << " stands in two slices";
         }
