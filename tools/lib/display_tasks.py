@@ -61,14 +61,14 @@ class Desktop:
         run("xdotool", "type", "--delay", "8", text)
         self.keys(*keys)
 
-    def find(self, words):
-        """Ctrl+K."""
+    def find(self, words, then="^Kestrum EC3.*: "):
+        """Ctrl+K; `then` is the window that the finding leads to."""
         self.keys("ctrl+k")
         self.activate("^Find$")
         self.text(words)
         time.sleep(0.2)
         self.keys("Return")
-        self.activate("^Kestrum EC3.*: ")
+        self.activate(then)
 
     def save(self):
         self.keys("ctrl+s")
@@ -146,8 +146,7 @@ def tasks(folder):
     desktop.activate("first.kst")
     print("7 a file opened: done")
     report = home / "report.pdf"
-    desktop.find("pdf: section and stability")
-    desktop.activate("Export as PDF")
+    desktop.find("pdf: section and stability", "Export as PDF")
     desktop.keys("ctrl+a")
     desktop.text(str(report), "Return")
     wait("report", lambda: report.exists() and report.stat().st_size > 1000)
