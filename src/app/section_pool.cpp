@@ -175,20 +175,21 @@ std::string SectionPool::FillSizes(const Library& library, const Entry& entry, S
         return name + ": its sizes are missing; --range " + name + "=FROM:TO:STEP gives them, " +
                "--keep " + name + " leaves the member's own";
     }
-    std::string spec = tube ? "tubes" : "plates";
+    std::string wanted = tube ? "tubes" : "plates";
     if (given != given_.end()) {
         given->used = true;
-        spec = given->spec;
+        wanted = given->wanted;
     }
-    if (spec.empty()) {
+    if (wanted.empty()) {
         return {};
     }
     const TubeSize size = !tube ? TubeSize::none : wall ? TubeSize::wall : TubeSize::diameter;
-    if (!AddSizes(spec, size, sizes.texts)) {
-        return name + "=" + spec + ": expected FROM:TO:STEP, sizes with commas between, or plates";
+    if (!AddSizes(wanted, size, sizes.texts)) {
+        return name + "=" + wanted +
+               ": expected FROM:TO:STEP, sizes with commas between, or plates";
     }
     if (sizes.texts.empty() || sizes.texts.size() > kMostSizes) {
-        return name + "=" + spec + (sizes.texts.empty() ? ": no sizes" : ": more than 255 sizes");
+        return name + "=" + wanted + (sizes.texts.empty() ? ": no sizes" : ": more than 255 sizes");
     }
     ProjectState s = UnloadedMember(library);
     for (const std::string& text : sizes.texts) {

@@ -108,7 +108,7 @@ private:
         bool tied = false;           // boxes whose limits depend on other dimensions
     };
     struct Given {
-        std::string field, spec;  // empty spec: kept
+        std::string field, wanted;  // empty: kept
         bool used = false;
     };
     // Whose price it is: the entries that a word adds, any steel or one.

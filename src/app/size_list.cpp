@@ -53,10 +53,10 @@ void AddWithin(const Sizes& sizes, double least, double most, std::vector<std::s
     }
 }
 
-// The sizes that a list by name has, "plates" or "plates:6:30". False for another spec.
-bool AddListed(std::string_view spec, TubeSize tube, std::vector<std::string>& texts)
+// The sizes that a list by name has, "plates" or "plates:6:30". False for another list.
+bool AddListed(std::string_view wanted, TubeSize tube, std::vector<std::string>& texts)
 {
-    const std::vector<std::string_view> parts = Parts(spec, ':');
+    const std::vector<std::string_view> parts = Parts(wanted, ':');
     const auto least = parts.size() == 3 ? SizeOfText(parts[1]) : std::optional(0.0);
     const auto most = parts.size() == 3 ? SizeOfText(parts[2])
                                         : std::optional(std::numeric_limits<double>::infinity());
@@ -78,10 +78,10 @@ bool AddListed(std::string_view spec, TubeSize tube, std::vector<std::string>& t
     return false;
 }
 
-// "300:900:50" or "6,8,10". False for another spec.
-bool AddNumbers(std::string_view spec, std::vector<std::string>& texts)
+// "300:900:50" or "6,8,10". False for another list.
+bool AddNumbers(std::string_view wanted, std::vector<std::string>& texts)
 {
-    const std::vector<std::string_view> parts = Parts(spec, ':');
+    const std::vector<std::string_view> parts = Parts(wanted, ':');
     if (parts.size() == 3) {
         const auto from = SizeOfText(parts[0]), to = SizeOfText(parts[1]),
                    step = SizeOfText(parts[2]);
@@ -98,7 +98,7 @@ bool AddNumbers(std::string_view spec, std::vector<std::string>& texts)
         }
         return true;
     }
-    for (const std::string_view part : Parts(spec, ',')) {
+    for (const std::string_view part : Parts(wanted, ',')) {
         const auto size = SizeOfText(part);
         if (!size || texts.size() > kMostSizes) {
             return false;
