@@ -1,6 +1,6 @@
 #!/bin/sh
 # Installs what is missing, builds and runs all tests. What this script runs is what CI runs.
-#   ./test.sh              release build with all tests, sanitizer build with all but the tests of formulas and the
+#   ./test.sh              release build with all tests, sanitizer build with the tests of files, inputs and passes and the
 #                          fuzz smoke run, format check
 #   ./test.sh --full       the same, then the second compiler, static analysis, coverage, manuals, packages
 #                          and the Windows build
