@@ -327,7 +327,7 @@ typedef enum kestrum_objective {
 } kestrum_objective;
 
 typedef struct kestrum_wishes {
-    kestrum_objective by; /* the smallest is chosen */
+    unsigned by;          /* kestrum_objective; the smallest is chosen */
     unsigned basis;       /* within limits in each of these */
     double max_ir;        /* 0 for the limit of the member alone */
     double max_h, max_b;  /* mm, over all; 0 for none */

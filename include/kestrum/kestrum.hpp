@@ -733,7 +733,7 @@ public:
         for (const std::string& steel : wishes.steels) {
             steels.push_back(steel.c_str());
         }
-        const kestrum_wishes asked{static_cast<kestrum_objective>(wishes.by),
+        const kestrum_wishes asked{static_cast<unsigned>(wishes.by),
                                    static_cast<unsigned>(wishes.basis),
                                    wishes.max_ir,
                                    wishes.max_h,

@@ -65,7 +65,7 @@ double Limit(double given, const char* field)
 kestrum::OptimizeWishes WishesOf(const kestrum::Library& library, const kestrum_wishes& given)
 {
     kestrum::library::RequireBasis(given.basis);
-    if (given.by < KESTRUM_BY_MASS || given.by > KESTRUM_BY_SURFACE) {
+    if (given.by > KESTRUM_BY_SURFACE) {
         throw Refusal{KESTRUM_REFUSED, "by: an objective is expected", "by"};
     }
     kestrum::OptimizeWishes wishes;
