@@ -6,7 +6,6 @@
 #include "app/table_text.h"
 #include "core/number_format.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <optional>
@@ -17,10 +16,8 @@ namespace kestrum {
 
 std::string ForceCases::Take(std::string_view bytes, const std::string& name)
 {
-    TableDecoder decoder;
     std::string text;
-    std::string refusal = decoder.Add(bytes, text);
-    refusal = refusal.empty() ? decoder.End(text) : refusal;
+    std::string refusal = DecodeTable(bytes, text);
     if (!refusal.empty()) {
         return name + " " + refusal;
     }
@@ -32,6 +29,8 @@ std::string ForceCases::Take(std::string_view bytes, const std::string& name)
     if (!refusal.empty()) {
         return name + ":1: " + refusal;
     }
+    // Rows of a case need not be together; a search for each would take the square of the cases.
+    std::unordered_map<std::string, std::unordered_map<std::string, std::size_t>> places;
     ForceRow row;
     for (std::size_t line = 2; !rest.empty(); ++line) {
         const std::string_view record = TakeRecord(rest, columns.separator());
@@ -43,17 +42,19 @@ std::string ForceCases::Take(std::string_view bytes, const std::string& name)
             }
             continue;
         }
-        std::vector<CaseRows>& cases = cases_[std::string(row.member)];
-        auto at = std::find_if(cases.begin(), cases.end(),
-                               [&](const CaseRows& rows) { return rows.name == row.load_case; });
-        if (at == cases.end()) {
-            at = cases.insert(at, CaseRows{std::string(row.load_case), line, {}, {}, {}});
+        const std::string member(row.member);
+        std::vector<CaseRows>& cases = cases_[member];
+        const auto [place, fresh] =
+            places[member].try_emplace(std::string(row.load_case), cases.size());
+        if (fresh) {
+            cases.push_back(CaseRows{place->first, line, {}, {}, {}});
         }
-        if (!fault.empty() && at->fault.empty()) {
-            at->fault = "line " + std::to_string(line) + ": " + fault;
+        CaseRows& rows = cases[place->second];
+        if (!fault.empty() && rows.fault.empty()) {
+            rows.fault = "line " + std::to_string(line) + ": " + fault;
         }
-        at->stations.push_back(row.at);
-        at->lines.push_back(line);
+        rows.stations.push_back(row.at);
+        rows.lines.push_back(line);
     }
     return cases_.empty() ? name + ": holds no forces" : std::string{};
 }

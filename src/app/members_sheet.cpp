@@ -128,10 +128,8 @@ std::string MembersSheet::SetColumns(std::vector<std::string> columns)
 
 std::string MembersSheet::Take(std::string_view bytes, const std::string& name)
 {
-    TableDecoder decoder;
     std::string text;
-    std::string refusal = decoder.Add(bytes, text);
-    refusal = refusal.empty() ? decoder.End(text) : refusal;
+    std::string refusal = DecodeTable(bytes, text);
     if (!refusal.empty()) {
         return name + " " + refusal;
     }

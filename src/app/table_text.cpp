@@ -100,6 +100,13 @@ std::string TableDecoder::End(std::string& text)
     return {};
 }
 
+std::string DecodeTable(std::string_view bytes, std::string& text)
+{
+    TableDecoder decoder;
+    const std::string refusal = decoder.Add(bytes, text);
+    return refusal.empty() ? decoder.End(text) : refusal;
+}
+
 void TableDecoder::Take(std::string_view bytes, std::string& text)
 {
     if (encoding_ == Encoding::bytes) {

@@ -38,4 +38,7 @@ private:
     std::string decoded_;  // of UTF-16, before its line ends
 };
 
+// A whole table. Returns why the bytes are none, or nothing.
+std::string DecodeTable(std::string_view bytes, std::string& text);
+
 }  // namespace kestrum
