@@ -1,4 +1,5 @@
 #include "calculation/chapters.h"
+#include "calculation/parts.h"
 #include "calculation/quantities.h"
 
 #include "core/member_choices.h"
@@ -25,7 +26,6 @@ Expr Squash(const ProjectState& s, const Quantities& q, bool gross)
 void AddAxis(const ProjectState& s, const Quantities& q, const Axis& axis, bool gross, Document& d)
 {
     const std::string& n = axis.name;
-    d.Part("Buckling about " + n);
     const double length = axis.factor * 1.0 * s.l;
     d.Add("L_cr," + n, Sym("k_cr," + n, axis.factor) * q.length, length, "m", "6.3.1.3");
     const Expr ncr = Sym("N_cr," + n, axis.ncr), lam = Sym("~λ_" + n, axis.lam);
@@ -52,7 +52,6 @@ void AddAxis(const ProjectState& s, const Quantities& q, const Axis& axis, bool 
           axis.nbrd, "kN", "6.3.1.1 (3)");
 }
 
-// Twice the distance of centroid and shear centre is in the polar radius.
 void AddTorsion(const ProjectState& s, Document& d)
 {
     if (!Traits(s).design.open || s.ncrt == 0) {
@@ -68,32 +67,41 @@ void AddTorsion(const ProjectState& s, Document& d)
 
 }  // namespace
 
+void AddFlexuralBuckling(const ProjectState& s, char axis, Document& d)
+{
+    const Quantities q(s);
+    switch (axis) {
+    case 'y':
+        AddAxis(s, q, {"y", s.ly, s.iy, s.ncry, s.lamy, s.chiy, s.nbyrd, s.alphay, s.curvey, 0.5},
+                false, d);
+        return;
+    case 'z':
+        AddAxis(s, q, {"z", s.lz, s.iz, s.ncrz, s.lamz, s.chiz, s.nbzrd, s.alphaz, s.curvez, 0.5},
+                false, d);
+        return;
+    case 'u':
+        AddAxis(s, q, {"u", s.ly, s.iu, s.ncru, s.lamu, s.chiu, s.nburd, s.alphaz, s.curvez, 0.35},
+                true, d);
+        return;
+    default:
+        AddAxis(s, q, {"v", s.lz, s.iv, s.ncrv, s.lamv, s.chiv, s.nbvrd, s.alphaz, s.curvez, 0.35},
+                true, d);
+    }
+}
+
 void AddFlexuralBuckling(const CalculatedMember& m, Document& d)
 {
     const ProjectState& s = m.s;
     if (!m.stages.axial || !m.outcome.designed()) {
         return;
     }
-    const Quantities q(s);
     d.Chapter("Flexural buckling");
-    if (BucklesAboutY(s)) {
-        AddAxis(s, q, {"y", s.ly, s.iy, s.ncry, s.lamy, s.chiy, s.nbyrd, s.alphay, s.curvey, 0.5},
-                false, d);
-    }
-    if (BucklesAboutZ(s)) {
-        AddAxis(s, q, {"z", s.lz, s.iz, s.ncrz, s.lamz, s.chiz, s.nbzrd, s.alphaz, s.curvez, 0.5},
-                false, d);
-    }
-    if (Is(s, Kind::angle)) {
-        if (BucklesAboutY(s)) {
-            AddAxis(s, q,
-                    {"u", s.ly, s.iu, s.ncru, s.lamu, s.chiu, s.nburd, s.alphaz, s.curvez, 0.35},
-                    true, d);
-        }
-        if (BucklesAboutZ(s)) {
-            AddAxis(s, q,
-                    {"v", s.lz, s.iv, s.ncrv, s.lamv, s.chiv, s.nbvrd, s.alphaz, s.curvez, 0.35},
-                    true, d);
+    const std::string_view axes = Is(s, Kind::angle) ? "yzuv" : "yz";
+    for (const char axis : axes) {
+        const bool about_y = axis == 'y' || axis == 'u';
+        if (about_y ? BucklesAboutY(s) : BucklesAboutZ(s)) {
+            d.Part(std::string("Buckling about ") + axis);
+            AddFlexuralBuckling(s, axis, d);
         }
     }
     AddTorsion(s, d);

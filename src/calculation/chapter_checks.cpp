@@ -1,48 +1,44 @@
 #include "calculation/chapters.h"
 #include "calculation/check_formula.h"
 #include "calculation/check_names.h"
-#include "calculation/quantities.h"
+#include "calculation/parts.h"
+#include "calculation/standard_equations.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestrum {
 
 namespace {
 
-// The ratio of the other set of rules beside that of the program, where they differ.
-void AddStandardRatio(const CalculatedMember& m, const CheckPair& pair, const Check* check,
-                      Document& d)
+// The other set of rules beside that of the program, where they differ.
+void AddStandard(const CalculatedMember& m, const CheckPair& pair, const Check* check, Document& d)
 {
     constexpr double kEqual = 5e-4;
     if (!pair.standard || !m.standard.checks[*pair.standard].present) {
         return;
     }
     const standard::Check& other = m.standard.checks[*pair.standard];
-    if (check != nullptr && std::abs(other.ir - check->ratio) <= kEqual * other.ir) {
-        return;
+    if (check == nullptr || std::abs(other.ir - check->ratio) > kEqual * other.ir) {
+        AddStandardCheck(m.library, m.input, *pair.standard, other, d);
     }
-    std::string where = NameOf(other.load_case);
-    if (!std::isnan(other.place)) {
-        where += ", x/L = " + NumberText(other.place, 4);
-    }
-    d.Add("IR_standard", other.ir, "", std::string(other.clause),
-          "EN 1993-1-1 as written, " + where);
 }
 
-// What leads to the terms of the check at its place: reductions for shear and axial force.
-void AddReductions(const ProjectState& s, const Check& check, Document& d)
+// The equations that do not stand in the document yet.
+void AddNew(Document&& leading, Document& d)
 {
-    const bool y = check.form == CheckForm::n_my_plastic;
-    const bool z = check.form == CheckForm::n_mz_plastic;
-    const bool both = check.form == CheckForm::n_my_mz_plastic;
-    if (!y && !z && !both) {
-        return;
-    }
-    const double n = std::abs(s.ned / s.nplrd);
-    d.Add("n", Size(Sym("N_Ed", s.ned)) / Sym("N_pl,Rd", s.nplrd), n, "", "6.2.9.1 (5)");
-    if (both) {
-        d.Add("α", check.terms[2], "", "6.2.9.1 (6)");
-        d.Add("β", check.terms[5], "", "6.2.9.1 (6)");
+    for (Block& block : leading.blocks) {
+        const auto stands = [&](const Block& other) {
+            const auto* const old = std::get_if<Equation>(&other);
+            const auto& equation = std::get<Equation>(block);
+            return old != nullptr && old->value == equation.value &&
+                   PlainText(Line(old->symbol)) == PlainText(Line(equation.symbol)) &&
+                   (old->formula == nullptr) == (equation.formula == nullptr);
+        };
+        if (std::holds_alternative<Equation>(block) &&
+            std::none_of(d.blocks.begin(), d.blocks.end(), stands)) {
+            d.blocks.push_back(std::move(block));
+        }
     }
 }
 
@@ -58,11 +54,13 @@ void AddPair(const CalculatedMember& m, const CheckPair& pair, Document& d)
     for (const CheckId id : pair.program) {
         if (designed) {
             const Check& one = m.s.checklist[id];
-            AddReductions(m.s, one, d);
+            Document leading;
+            AddReducedResistances(m.s, one, leading);
+            AddNew(std::move(leading), d);
             AddCheck(d, one);
         }
     }
-    AddStandardRatio(m, pair, check, d);
+    AddStandard(m, pair, check, d);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "calculation/chapters.h"
+#include "calculation/parts.h"
 
 #include "core/member_choices.h"
 #include "report/stages.h"
@@ -225,22 +226,25 @@ void AddAngleFactors(const Factors& f)
 
 }  // namespace
 
-void AddInteraction(const CalculatedMember& m, Document& d)
+void AddInteractionFactors(const ProjectState& s, Document& d)
 {
-    const ProjectState& s = m.s;
-    if (!m.stages.interaction || !m.outcome.designed()) {
-        return;
-    }
-    const bool annex_a = s.method == Method::annex_a;
-    d.Chapter(annex_a ? "Interaction factors, Annex A" : "Interaction factors, Annex B");
     const Factors f{s, d};
-    if (annex_a) {
+    if (s.method == Method::annex_a) {
         AddAnnexA(f);
     } else {
         AddAnnexB(f);
     }
     if (Is(s, Kind::angle)) {
         AddAngleFactors(f);
+    }
+}
+
+void AddInteraction(const CalculatedMember& m, Document& d)
+{
+    if (m.stages.interaction && m.outcome.designed()) {
+        d.Chapter(m.s.method == Method::annex_a ? "Interaction factors, Annex A"
+                                                : "Interaction factors, Annex B");
+        AddInteractionFactors(m.s, d);
     }
 }
 

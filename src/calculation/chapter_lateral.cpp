@@ -1,4 +1,5 @@
 #include "calculation/chapters.h"
+#include "calculation/parts.h"
 #include "calculation/quantities.h"
 #include "calculation/shape_figure.h"
 
@@ -122,21 +123,6 @@ void AddReduction(const ProjectState& s, const Quantities& q, bool top, Document
           s.xlt, "", "6.3.2.3 (2), Eq (6.58)");
 }
 
-void AddByProgram(const ProjectState& s, Document& d)
-{
-    const Quantities q(s);
-    const bool top = s.mydesignf > 0;
-    d.Part("By the rules of the program");
-    if (s.restraints > 0) {
-        d.Say("The segment that governs is number " + std::to_string(s.beampart) + " of " +
-              std::to_string(s.restraints + 1) + "; all values are of it.");
-    }
-    AddCriticalMoment(s, q, top, d);
-    AddReduction(s, q, top, d);
-    d.Add("M_b,Rd", Sym("χ_LT,mod", s.xlt) * Sym("W_y", ModulusOf(s, top)) * q.fy / q.gm1 * Ten(-6),
-          s.xlt * s.mltrd, "kNm", "6.3.2.1 (3), Eq (6.55)");
-}
-
 // The whole member under its real moment line, in the combination that governs.
 void AddByStandard(const CalculatedMember& m, const standard::Check& check, Document& d)
 {
@@ -171,6 +157,20 @@ void AddByStandard(const CalculatedMember& m, const standard::Check& check, Docu
 
 }  // namespace
 
+void AddLateralBuckling(const ProjectState& s, Document& d)
+{
+    const Quantities q(s);
+    const bool top = s.mydesignf > 0;
+    if (s.restraints > 0) {
+        d.Say("The segment that governs is number " + std::to_string(s.beampart) + " of " +
+              std::to_string(s.restraints + 1) + "; all values are of it.");
+    }
+    AddCriticalMoment(s, q, top, d);
+    AddReduction(s, q, top, d);
+    d.Add("M_b,Rd", Sym("χ_LT,mod", s.xlt) * Sym("W_y", ModulusOf(s, top)) * q.fy / q.gm1 * Ten(-6),
+          s.xlt * s.mltrd, "kNm", "6.3.2.1 (3), Eq (6.55)");
+}
+
 void AddLateralBuckling(const CalculatedMember& m, Document& d)
 {
     const ProjectState& s = m.s;
@@ -181,7 +181,8 @@ void AddLateralBuckling(const CalculatedMember& m, Document& d)
     }
     d.Chapter("Lateral torsional buckling");
     if (program) {
-        AddByProgram(s, d);
+        d.Part("By the rules of the program");
+        AddLateralBuckling(s, d);
     }
     if (check.present) {
         AddByStandard(m, check, d);

@@ -1,7 +1,14 @@
 #include "calculation/chapters.h"
+#include "calculation/check_formula.h"
+#include "calculation/parts.h"
 #include "calculation/quantities.h"
 
+#include "core/check_text.h"
+#include "core/member_choices.h"
+#include "design/welded_side.h"
 #include "sections/families.h"
+
+#include <cmath>
 
 namespace kestrum {
 
@@ -19,15 +26,6 @@ Expr Modulus(std::string_view axis, double used, double plastic, double elastic,
     return Sym("W_" + name + (name.empty() ? "" : ",") + std::string(axis), used);
 }
 
-void AddAxial(const ProjectState& s, const Quantities& q, Document& d)
-{
-    d.Part("Axial force");
-    d.Add("N_t,Rd", Resistance(q.a, q.fy, q.gm0, kToKn), s.nplrd, "kN", "6.2.3 (2), Eq (6.6)");
-    const bool effective = s.classn == 4;
-    d.Add("N_c,Rd", Resistance(effective ? Sym("A_eff", s.aeff) : q.a, q.fy, q.gm0, kToKn), s.ncrd,
-          "kN", effective ? "6.2.4 (2), Eq (6.11)" : "6.2.4 (2), Eq (6.10)");
-}
-
 std::string ClauseOfClass(int cls)
 {
     return cls <= 2   ? "6.2.5 (2), Eq (6.13)"
@@ -35,23 +33,9 @@ std::string ClauseOfClass(int cls)
                       : "6.2.5 (2), Eq (6.15)";
 }
 
-void AddBending(const ProjectState& s, const Quantities& q, bool z, Document& d)
-{
-    d.Part("Bending");
-    d.Add("M_y,Rd",
-          Resistance(Modulus("y", s.wyused, s.wply, s.wely, s.weffy), q.fy, q.gm0, kToKnm), s.myrd,
-          "kNm", ClauseOfClass(s.classmy));
-    if (z) {
-        d.Add("M_z,Rd",
-              Resistance(Modulus("z", s.wzused, s.wplz, s.welz, s.weffz), q.fy, q.gm0, kToKnm),
-              s.mzrd, "kNm", ClauseOfClass(s.classmz));
-    }
-}
-
 // Each sign of the moment has its modulus.
 void AddSides(const ProjectState& s, const Quantities& q, Document& d)
 {
-    d.Part("Bending");
     d.Say("The top flange is compressed by sagging moments, the bottom flange by hogging ones.",
           Paragraph::Kind::remark);
     d.Add("M_y,Rd,top", Resistance(Sym("W_y,top", s.wytop), q.fy, q.gm1, kToKnm), s.mytoprd, "kNm",
@@ -61,61 +45,212 @@ void AddSides(const ProjectState& s, const Quantities& q, Document& d)
 }
 
 // 6.2.6 (3).
-Expr ShearArea(const ProjectState& s, const Quantities& q)
+Expr ShearAreaZ(const ProjectState& s, const Quantities& q)
 {
     const Expr r = Sym("r", s.r), least = q.eta * q.hw * q.tw;
+    switch (Traits(s).kind) {
+    case Kind::box:
+    case Kind::hat:
+    case Kind::box_unequal: {
+        const Expr webs = 2 * q.hw * q.tw;
+        return s.avz > 2.0 * s.hw * s.tw * (1 + 1e-6) ? q.eta * webs : webs;
+    }
+    case Kind::angle:
+        return (q.h - q.tw) * q.tw;
+    case Kind::flat:
+        return q.h * q.tw;
+    case Kind::tube:
+        return 2 * q.a / Pi();
+    case Kind::general:
+        return Sym("A_w", s.aweb) * q.eta;
+    default:
+        break;
+    }
     switch (Traits(s).design.shear_area) {
     case ShearArea::rolled_i:
         return Largest({q.a - 2 * q.b * q.tf + (q.tw + 2 * r) * q.tf, least});
     case ShearArea::channel:
         return q.a - 2 * q.b * q.tf + (q.tw + r) * q.tf;
-    case ShearArea::web:
-        return least;
     case ShearArea::hollow:
         return q.a * q.h / (q.b + q.h);
     default:
-        return nullptr;
+        return least;
     }
 }
 
-void AddShear(const ProjectState& s, const Quantities& q, Document& d)
+Expr ShearAreaY(const ProjectState& s, const Quantities& q)
 {
-    d.Part("Shear");
-    const bool slender = s.hw > 0 && s.tw > 0 && !(s.hw / s.tw < 72 * s.eps / s.neta);
-    const Expr area = Sym("A_v,z", s.avz);
-    d.Add("A_v,z", slender ? q.hw * q.tw : ShearArea(s, q), s.avz, "mm2", "6.2.6 (3)");
-    d.Add("V_pl,z,Rd", area * q.fy / (Root(Num(3)) * q.gm0) * Ten(kToKn), s.vplzrd, "kN",
-          "6.2.6 (2), Eq (6.18)");
-    if (s.vbrd != s.vplzrd) {
-        d.Add("V_z,Rd", s.vbrd, "kN", slender ? "EN 1993-1-5, 5.2" : "6.2.6");
+    switch (Traits(s).kind) {
+    case Kind::box:
+        return 2 * Sym("b_w", s.bw) * q.tf;
+    case Kind::hollow:
+        return q.a * q.b / (q.b + q.h);
+    case Kind::angle:
+        return (q.b - q.tw) * q.tw;
+    case Kind::flat:
+        return q.h * q.tw;
+    case Kind::tube:
+        return 2 * q.a / Pi();
+    case Kind::i_single:
+    case Kind::hat:
+    case Kind::box_unequal:
+    case Kind::plate:
+        return Sym("b_top", s.btop) * Sym("t_top", s.ttop) +
+               Sym("b_bot", s.bbot) * Sym("t_bot", s.tbot);
+    case Kind::tee:
+        return q.b * q.tf;
+    case Kind::general:
+        return nullptr;
+    default:
+        return 2 * q.b * q.tf;
     }
-    if (s.avy != 0) {
-        d.Add("A_v,y", 2 * q.b * q.tf, s.avy, "mm2", "6.2.6 (3)");
-        d.Add("V_pl,y,Rd", Sym("A_v,y", s.avy) * q.fy / (Root(Num(3)) * q.gm0) * Ten(kToKn), s.vyrd,
-              "kN", "6.2.6 (2), Eq (6.18)", "for the test of half the resistance");
-        d.Add("V_y,Rd", Sym("V_pl,y,Rd", s.vyrd) / Num(1.5), s.vcyrd, "kN", "6.2.6",
-              "of the ratio; D152");
+}
+
+bool SlenderInShear(const ProjectState& s)
+{
+    return s.hw > 0 && s.tw > 0 && !(s.hw / s.tw < 72 * s.eps / s.neta);
+}
+
+// EN 1993-1-5, 5.2 to 5.4, at the section of the check.
+void AddShearBuckling(const ProjectState& s, const Quantities& q, Document& d)
+{
+    Expr lam = q.hw / (86.4 * q.tw * q.eps);
+    if (s.webstiff != 0) {
+        const Expr ratio = Square(q.hw / Sym("a", s.webstiffa));
+        const Expr k = Step(d, "k_τ", s.webstiffa >= s.hw ? 5.34 + 4 * ratio : 4 + 5.34 * ratio, "",
+                            "EN 1993-1-5, A.3 (1)");
+        lam = Step(d, "~λ_w", q.hw / (37.4 * q.tw * q.eps * Root(k)), "",
+                   "EN 1993-1-5, 5.3 (3), Eq (5.6)");
+    } else {
+        lam = Step(d, "~λ_w", lam, "", "EN 1993-1-5, 5.3 (3), Eq (5.5)");
+    }
+    const double slenderness = Evaluate(lam);
+    const bool rigid = s.endstiff != 0 && slenderness >= 1.08;
+    const Expr chi = Step(d, "χ_w",
+                          rigid                         ? 1.37 / (0.7 + lam)
+                          : slenderness < 0.83 / s.neta ? q.eta
+                                                        : 0.83 / lam,
+                          "", "EN 1993-1-5, Table 5.1", rigid ? "rigid end post" : "");
+    const Expr webs = Webs(s) == 2 ? 2 * q.hw * q.tw : q.hw * q.tw;
+    const Expr strength = webs * q.fy / (Root(Num(3)) * q.gm1) * Ten(kToKn);
+    const Expr web = Step(d, "V_bw,Rd", chi * strength, "kN", "EN 1993-1-5, 5.2 (1), Eq (5.2)");
+    const Check& check = s.checklist[CheckId::vz];
+    if (!IsJudged(check)) {
+        return;
+    }
+    constexpr double kRounding = 1e-6;
+    const double total = check.terms[1], flanges = total - Evaluate(web);
+    const Line place(PlaceText(check.place));
+    if (s.checkwebbuck == kTrue) {
+        d.Add("V_z,Rd", Sym("V_pl,z,Rd", s.vplzrd), total, "kN", "6.2.6", "web buckling left out");
+    } else if (std::abs(total - Evaluate(q.eta * strength)) <= kRounding * total) {
+        d.Add("V_z,Rd", q.eta * strength, total, "kN", "EN 1993-1-5, 5.2 (1), Eq (5.1)",
+              "upper limit");
+    } else if (flanges > kRounding * total) {
+        d.Add("V_bf,Rd", flanges, "kN", "EN 1993-1-5, 5.4 (1), Eq (5.8)", place);
+        d.Add("V_z,Rd", web + Sym("V_bf,Rd", flanges), total, "kN",
+              "EN 1993-1-5, 5.2 (1), Eq (5.1)", place);
     }
 }
 
 }  // namespace
 
+void AddAxialResistance(const ProjectState& s, Document& d)
+{
+    const Quantities q(s);
+    d.Add("N_pl,Rd", Resistance(q.a, q.fy, q.gm0, kToKn), s.nplrd, "kN", "6.2.3 (2), Eq (6.6)");
+    if (!(s.ned < 0)) {
+        const bool effective = s.classn == 4 || Is(s, Kind::tee);
+        d.Add("N_c,Rd", Resistance(effective ? Sym("A_eff", s.aeff) : q.a, q.fy, q.gm0, kToKn),
+              s.ncrd, "kN", effective ? "6.2.4 (2), Eq (6.11)" : "6.2.4 (2), Eq (6.10)");
+    }
+}
+
+void AddMomentResistanceY(const ProjectState& s, Document& d)
+{
+    const Quantities q(s);
+    if (Traits(s).carries.offered.n) {
+        d.Add("M_y,Rd",
+              Resistance(Modulus("y", s.wyused, s.wply, s.wely, s.weffy), q.fy, q.gm0, kToKnm),
+              s.myrd, "kNm", ClauseOfClass(s.classmy));
+    }
+    if (Traits(s).lists.sides) {
+        AddSides(s, q, d);
+    }
+}
+
+void AddMomentResistanceZ(const ProjectState& s, Document& d)
+{
+    if (s.mzrd == 0 || !Traits(s).carries.offered.n) {
+        return;
+    }
+    const Quantities q(s);
+    d.Add("M_z,Rd",
+          Resistance(Modulus("z", s.wzused, s.wplz, s.welz, s.weffz), q.fy, q.gm0, kToKnm), s.mzrd,
+          "kNm", ClauseOfClass(s.classmz));
+}
+
+void AddShearResistanceZ(const ProjectState& s, Document& d)
+{
+    const Quantities q(s);
+    const bool web = s.hw > 0 && s.tw > 0 && !Is(s, Kind::flat) && !Is(s, Kind::tube) &&
+                     !Is(s, Kind::angle) && !Is(s, Kind::general);
+    const bool slender = web && SlenderInShear(s);
+    const Expr area = Sym("A_v,z", s.avz);
+    d.Add("A_v,z",
+          !slender       ? ShearAreaZ(s, q)
+          : Webs(s) == 2 ? 2 * q.hw * q.tw
+                         : q.hw * q.tw,
+          s.avz, "mm2", "6.2.6 (3)");
+    const Expr plastic = Step(d, "V_pl,z,Rd", area * q.fy / (Root(Num(3)) * q.gm0) * Ten(kToKn),
+                              "kN", "6.2.6 (2), Eq (6.18)");
+    if (Is(s, Kind::angle) || Is(s, Kind::flat)) {
+        d.Add("V_z,Rd", plastic / Num(1.5), s.vzrd, "kN", "6.2.6 (4)",
+              "parabola of the shear stress");
+    } else if (slender) {
+        AddShearBuckling(s, q, d);
+    } else if (s.vbrd != s.vplzrd) {
+        d.Add("V_z,Rd", s.vbrd, "kN", "6.2.6");
+    }
+}
+
+void AddShearResistanceY(const ProjectState& s, Document& d)
+{
+    if (s.avy == 0) {
+        return;
+    }
+    const Quantities q(s);
+    d.Add("A_v,y", ShearAreaY(s, q), s.avy, "mm2", "6.2.6 (3)");
+    const Expr plastic =
+        Step(d, "V_pl,y,Rd", Sym("A_v,y", s.avy) * q.fy / (Root(Num(3)) * q.gm0) * Ten(kToKn), "kN",
+             "6.2.6 (2), Eq (6.18)");
+    const double value = Evaluate(plastic);
+    const bool parabola = std::abs(s.vcyrd * 1.5 - value) <= 1e-6 * value;
+    if (parabola) {
+        const bool elastic = Is(s, Kind::angle) || Is(s, Kind::flat);
+        d.Add("V_y,Rd", plastic / Num(1.5), s.vcyrd, "kN", elastic ? "6.2.6 (4)" : "6.2.6",
+              elastic ? "parabola of the shear stress"
+                      : "of the ratio; the test of half the resistance takes V_pl,y,Rd; D152");
+    } else if (s.vcyrd != 0 && std::abs(s.vcyrd - value) > 1e-6 * value) {
+        d.Add("V_y,Rd", s.vcyrd, "kN", "EN 1993-1-5, 5.2", "the flanges buckle in shear");
+    }
+}
+
 void AddResistances(const CalculatedMember& m, Document& d)
 {
     const ProjectState& s = m.s;
-    const Quantities q(s);
     const FamilyTraits& family = Traits(s);
     d.Chapter("Resistances of the section");
     if (family.carries.offered.n) {
-        AddAxial(s, q, d);
+        d.Part("Axial force");
+        AddAxialResistance(s, d);
     }
-    if (family.carries.offered.n) {
-        AddBending(s, q, s.mzrd != 0, d);
-    }
-    if (family.lists.sides) {
-        AddSides(s, q, d);
-    }
-    AddShear(s, q, d);
+    d.Part("Bending");
+    AddMomentResistanceY(s, d);
+    AddMomentResistanceZ(s, d);
+    d.Part("Shear");
+    AddShearResistanceZ(s, d);
+    AddShearResistanceY(s, d);
 }
 
 }  // namespace kestrum

@@ -1,6 +1,8 @@
 #include "calculation/chapters.h"
 #include "calculation/check_formula.h"
 #include "calculation/check_names.h"
+#include "calculation/parts.h"
+#include "calculation/standard_equations.h"
 
 #include "core/load_combination.h"
 #include "core/member_choices.h"
@@ -15,17 +17,6 @@
 namespace kestrum {
 
 namespace {
-
-void AddDeflection(const ProjectState& s, CheckId id, double limit, const char* axis, Document& d)
-{
-    const Check& check = s.checklist[id];
-    if (check.empty()) {
-        return;
-    }
-    d.Add("δ_" + std::string(axis) + ",max", Sym("L", s.l) / Sym("n", limit) * Ten(3),
-          check.terms[1], "mm", "EN 1993-1-1, 7.2");
-    AddCheck(d, check);
-}
 
 void AddFrequencies(const CalculatedMember& m, Document& d)
 {
@@ -65,6 +56,16 @@ void AddFrequencies(const CalculatedMember& m, Document& d)
 
 }  // namespace
 
+void AddDeflectionLimit(const ProjectState& s, char axis, Document& d)
+{
+    const Check& check = s.checklist[axis == 'z' ? CheckId::deflection_z : CheckId::deflection_y];
+    const double limit = axis == 'z' ? s.deflimitz : s.deflimity;
+    if (!check.empty()) {
+        d.Add(std::string("δ_") + axis + ",max", Sym("L", s.l) / Sym("n", limit) * Ten(3),
+              check.terms[1], "mm", "EN 1993-1-1, 7.2");
+    }
+}
+
 void AddServiceability(const CalculatedMember& m, Document& d)
 {
     const ProjectState& s = m.s;
@@ -76,8 +77,10 @@ void AddServiceability(const CalculatedMember& m, Document& d)
     d.Chapter("Serviceability");
     if (deflection) {
         d.Part("Deflection");
-        AddDeflection(s, CheckId::deflection_z, s.deflimitz, "z", d);
-        AddDeflection(s, CheckId::deflection_y, s.deflimity, "y", d);
+        AddDeflectionLimit(s, 'z', d);
+        AddCheck(d, s.checklist[CheckId::deflection_z]);
+        AddDeflectionLimit(s, 'y', d);
+        AddCheck(d, s.checklist[CheckId::deflection_y]);
         for (const CheckPair& pair : CheckPairs()) {
             if (!pair.standard || !IsDeflection(*pair.standard) ||
                 !m.standard.checks[*pair.standard].present) {
@@ -86,8 +89,7 @@ void AddServiceability(const CalculatedMember& m, Document& d)
             const standard::Check& other = m.standard.checks[*pair.standard];
             const Check* const check = LargestOf(pair, s.checklist);
             if (check == nullptr || std::abs(other.ir - check->ratio) > 5e-4 * other.ir) {
-                d.Add("IR_standard", other.ir, "", std::string(other.clause),
-                      "EN 1993-1-1 as written, " + NameOf(other.load_case));
+                AddStandardCheck(m.library, m.input, *pair.standard, other, d);
             }
         }
     }

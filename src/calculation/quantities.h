@@ -3,7 +3,7 @@
 // Values of the record that many formulas share, with their symbols.
 
 #include "core/project_state.h"
-#include "document/expression.h"
+#include "document/document.h"
 
 namespace kestrum {
 
@@ -25,6 +25,15 @@ struct Quantities {
 inline Expr Resistance(const Expr& area, const Expr& strength, const Expr& factor, int exponent)
 {
     return area * strength / factor * Ten(exponent);
+}
+
+// A step on the way to a value of the record: adds the equation and gives its result a name.
+inline Expr Step(Document& d, std::string_view symbol, const Expr& formula, std::string unit,
+                 std::string clause, Line remark = {})
+{
+    const double value = Evaluate(formula);
+    d.Add(symbol, formula, value, std::move(unit), std::move(clause), std::move(remark));
+    return Sym(symbol, value);
 }
 
 }  // namespace kestrum

@@ -188,7 +188,7 @@ private:
                 out_ += "<sub>" + XmlText(span.text) + "</sub>";
                 break;
             case Span::Style::number:
-                Number(span.text);
+                out_ += RichNumber(span.text, document_.head.decimal);
                 break;
             case Span::Style::good:
                 out_ += "<b class=\"good\">" + XmlText(span.text) + "</b>";
@@ -204,15 +204,6 @@ private:
                 AppendXml(out_, span.text);
                 break;
             }
-        }
-    }
-    void Number(const std::string& number)
-    {
-        const std::string text = NumberInLine(number, document_.head.decimal);
-        const std::size_t power = text.find('^');
-        out_ += text.substr(0, power);
-        if (power != std::string::npos) {
-            out_ += "<sup>" + text.substr(power + 1) + "</sup>";
         }
     }
 

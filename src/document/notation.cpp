@@ -29,6 +29,16 @@ struct InLine {
     bool numbers;
     int digits;
     char decimal;
+    bool rich = false;
+
+    std::string Number(std::string_view number) const
+    {
+        return rich ? RichNumber(number, decimal) : NumberInLine(number, decimal);
+    }
+    std::string Raised(const std::string& text) const
+    {
+        return rich ? "<sup>" + text + "</sup>" : "^" + text;
+    }
 
     std::string operator()(const Expr& expr) const;
     std::string Operand(const Term& outer, const Expr& inner, bool left) const
@@ -37,7 +47,7 @@ struct InLine {
         // A negative number behind an operator.
         const bool negative = numbers && text.starts_with('-') && !(left && RankOf(outer) < 3);
         // A number with a power of ten is a product.
-        const bool product = inner->op == Op::symbol && text.find("·10^") != std::string::npos &&
+        const bool product = inner->op == Op::symbol && text.find("·10") != std::string::npos &&
                              (outer.op == Op::power || (outer.op == Op::divide && !left));
         return negative || product || NeedsBrackets(outer, *inner, left) ? "(" + text + ")" : text;
     }
@@ -65,12 +75,13 @@ std::string InLine::operator()(const Expr& expr) const
     };
     switch (term.op) {
     case Op::symbol:
-        return numbers ? NumberInLine(NumberText(term.value, digits), decimal)
+        return numbers ? Number(NumberText(term.value, digits))
+               : rich  ? RichSymbol(term.symbol)
                        : SymbolInLine(term.symbol);
     case Op::constant:
-        return term.text.empty() ? NumberInLine(NumberText(term.value, 15), decimal) : term.text;
+        return term.text.empty() ? Number(NumberText(term.value, 15)) : term.text;
     case Op::scale:
-        return "10^" + std::to_string(static_cast<int>(term.value));
+        return "10" + Raised(std::to_string(static_cast<int>(term.value)));
     case Op::add:
         return binary(" + ");
     case Op::subtract:
@@ -80,7 +91,7 @@ std::string InLine::operator()(const Expr& expr) const
     case Op::divide:
         return binary("/");
     case Op::power:
-        return binary("^");
+        return Operand(term, term.parts[0], true) + Raised(Operand(term, term.parts[1], false));
     case Op::root:
         return "√(" + List(term) + ")";
     case Op::size:
@@ -147,6 +158,31 @@ std::string FormulaInLine(const Expr& expr, char decimal)
 std::string CalculationInLine(const Expr& expr, int digits, char decimal)
 {
     return InLine{true, digits, decimal}(expr);
+}
+
+std::string RichNumber(std::string_view number, char decimal)
+{
+    const std::string text = NumberInLine(number, decimal);
+    const std::size_t power = text.find('^');
+    return power == std::string::npos
+               ? text
+               : text.substr(0, power) + "<sup>" + text.substr(power + 1) + "</sup>";
+}
+
+std::string RichSymbol(const Symbol& symbol)
+{
+    return symbol.letter + (symbol.bar ? std::string(kBarAbove) : "") +
+           (symbol.subscript.empty() ? "" : "<sub>" + symbol.subscript + "</sub>");
+}
+
+std::string RichFormula(const Expr& expr, char decimal)
+{
+    return InLine{false, 0, decimal, true}(expr);
+}
+
+std::string RichCalculation(const Expr& expr, int digits, char decimal)
+{
+    return InLine{true, digits, decimal, true}(expr);
 }
 
 std::string UnitText(std::string_view unit)

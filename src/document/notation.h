@@ -20,6 +20,12 @@ std::string SymbolInLine(const Symbol& symbol);
 std::string FormulaInLine(const Expr& expr, char decimal);
 std::string CalculationInLine(const Expr& expr, int digits, char decimal);
 
+// The same as rich text with <sub> and <sup>.
+std::string RichNumber(std::string_view number, char decimal);
+std::string RichSymbol(const Symbol& symbol);
+std::string RichFormula(const Expr& expr, char decimal);
+std::string RichCalculation(const Expr& expr, int digits, char decimal);
+
 // "kN", "kN/m²".
 std::string UnitText(std::string_view unit);
 

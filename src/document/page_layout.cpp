@@ -1,5 +1,6 @@
 #include "document/page_layout.h"
 
+#include "document/equation_layout.h"
 #include "document/math_layout.h"
 #include "document/table_layout.h"
 #include "document/text_flow.h"
@@ -14,7 +15,7 @@ namespace {
 constexpr double kPaperWidth = 210, kPaperHeight = 297;
 constexpr double kLeft = 20, kRight = 196, kTop = 30, kBottom = 280;
 constexpr double kWidth = kRight - kLeft;
-constexpr double kText = 3.1, kSmallText = TableLayout::kText, kFormula = 3.3;
+constexpr double kText = 3.1, kSmallText = TableLayout::kText;
 constexpr double kLine = 1.35;  // of the size, from base line to base line
 constexpr double kHeadText = 2.6;
 
@@ -91,58 +92,10 @@ public:
     }
     void operator()(const Equation& equation)
     {
-        constexpr double kIndent = 3, kInner = 8, kSpace = 1.3, kApart = 3;
-        const MathBox clause =
-            LineBox(equation.clause.empty() ? Line() : Line("[" + equation.clause + "]"),
-                    kSmallText, document_.head.decimal, Ink::faint);
-        const MathBox remark =
-            LineBox(equation.remark, kSmallText, document_.head.decimal, Ink::faint);
-        std::vector<MathBox> boxes = EquationBoxes(equation, kFormula, document_.head.decimal);
-        if (!equation.remark.Empty()) {
-            MathBox apart = remark;
-            apart.width += kApart;
-            boxes.push_back(std::move(apart));
-        }
-        // Lines of boxes; a line begins with the sign of equality.
-        std::vector<std::vector<const MathBox*>> lines(1);
-        double width = kIndent;
-        for (const MathBox& box : boxes) {
-            if (width + box.width > kWidth && !lines.back().empty()) {
-                lines.emplace_back();
-                width = kInner;
-            }
-            lines.back().push_back(&box);
-            width += box.width;
-        }
-        const bool clause_fits = width + 3 + clause.width <= kWidth;
-        double height = 0;
-        for (const auto& line : lines) {
-            height += HeightOf(line) + kSpace;
-        }
-        Need(height + (clause_fits ? 0 : kSmallText * kLine));
-        double base = y_;
-        for (std::size_t i = 0; i < lines.size(); ++i) {
-            double above = 0, below = 0, x = kLeft + (i == 0 ? kIndent : kInner);
-            for (const MathBox* const box : lines[i]) {
-                above = std::max(above, box->above);
-                below = std::max(below, box->below);
-            }
-            base = y_ + above;
-            for (const MathBox* const box : lines[i]) {
-                const double room = kRight - x;
-                const double scale = box->width > room ? room / box->width : 1;
-                const bool apart = box == &boxes.back() && !equation.remark.Empty();
-                PlaceBox(Page(), *box, {apart ? x + kApart : x, base}, scale);
-                x += box->width;
-            }
-            y_ = base + below + kSpace;
-        }
-        if (!clause_fits && clause.width > 0) {
-            y_ += kSmallText;
-            base = y_;
-            y_ += 0.4 * kSmallText;
-        }
-        PlaceBox(Page(), clause, {kRight - clause.width, base});
+        const EquationLayout layout(equation, kWidth, document_.head.decimal);
+        Need(layout.Height());
+        layout.Place(Page(), {kLeft, y_});
+        y_ += layout.Height();
     }
     void operator()(const FigureRow& row)
     {
@@ -283,15 +236,6 @@ private:
             height = std::max(height, HeightOf(figure));
         }
         return height;
-    }
-    static double HeightOf(const std::vector<const MathBox*>& line)
-    {
-        double above = 0, below = 0;
-        for (const MathBox* const box : line) {
-            above = std::max(above, box->above);
-            below = std::max(below, box->below);
-        }
-        return above + below;
     }
     void PrintFigures(const FigureRow& row, std::size_t from, std::size_t to, double height,
                       double gap)

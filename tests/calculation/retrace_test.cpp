@@ -3,6 +3,8 @@
 
 #include "calculation/calculation_report.h"
 
+#include "calculation/check_equations.h"
+#include "core/check_text.h"
 #include "core/project_file.h"
 #include "document/markdown_writer.h"
 #include "standard/lateral_study.h"
@@ -12,10 +14,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -160,6 +164,80 @@ TEST(LateralStudy, TheShapeIsZeroWhereTheMemberIsHeld)
     }
     EXPECT_GT(std::abs(study->shape->phi[12]), 0.1);
     EXPECT_NEAR(study->result.checked / study->result.resistance, check.ir, 1e-9);
+}
+
+// Headings of the theory manual by the names that its PDF gives them: "bending-with-shear".
+std::set<std::string> HeadingsOfTheManual()
+{
+    std::set<std::string> names;
+    for (const auto& entry : fs::directory_iterator(KESTRUM_SOURCE "/docs/theory")) {
+        std::ifstream file(entry.path());
+        for (std::string line; std::getline(file, line);) {
+            const std::size_t text = line.find_first_not_of('#');
+            if (text == 0 || text == std::string::npos || line[text] != ' ') {
+                continue;
+            }
+            std::string name;
+            for (const char c : line.substr(text + 1)) {
+                const auto letter = static_cast<unsigned char>(c);
+                name += c == ' ' ? "-"
+                        : std::isalnum(letter) != 0
+                            ? std::string(1, static_cast<char>(std::tolower(letter)))
+                            : std::string();
+            }
+            names.insert(name);
+        }
+    }
+    return names;
+}
+
+TEST(CheckEquations, EveryCheckNamesAHeadingOfTheManual)
+{
+    const std::set<std::string> headings = HeadingsOfTheManual();
+    for (std::size_t i = 1; i < kChecks; ++i) {
+        const auto id = static_cast<CheckId>(i);
+        EXPECT_TRUE(headings.contains(std::string(ManualAnchor(id)))) << NameOf(id);
+    }
+}
+
+// Every judged check of the examples has its equations, and the ratio of the record as the last.
+TEST(CheckEquations, EndWithTheRatioOfTheCheck)
+{
+    std::size_t nodes = 0;
+    for (const auto& entry : fs::directory_iterator(KESTRUM_SOURCE "/examples")) {
+        if (entry.path().extension() != ".kst") {
+            continue;
+        }
+        ProjectState s = ProjectOf(entry.path());
+        ASSERT_TRUE(Calculate(DeliveredTables(), s));
+        for (std::size_t i = 1; i < kChecks; ++i) {
+            const auto id = static_cast<CheckId>(i);
+            const CheckNode node = EquationsOf(s, id);
+            ASSERT_EQ(node.equations.empty(), !IsJudged(s.checklist[id])) << NameOf(id);
+            if (!node.equations.empty()) {
+                ++nodes;
+                const Equation& last = node.equations.back();
+                EXPECT_EQ(PlainText(Line(last.symbol)), "IR");
+                EXPECT_NEAR(NumberOf(last.value), s.checklist[id].ratio, LastDigitOf(last.value));
+                EXPECT_FALSE(node.name.empty());
+            }
+        }
+    }
+    EXPECT_GT(nodes, 150U);
+}
+
+// 1911 = 5383·355/1000.
+TEST(CheckEquations, AreWrittenAsRichText)
+{
+    const Equation equation =
+        EquationOf("N_pl,Rd", Sym("A", 5383) * Sym("f_y", 355) * Ten(-3), 1910.965, "kN", "6.2.3");
+    EXPECT_EQ(RichText({&equation, 1}, ','),
+              "<p>N<sub>pl,Rd</sub> = A·f<sub>y</sub> = 5383·355·10<sup>-3</sup> = "
+              "<b>1911,0</b> kN [6.2.3]</p>\n");
+    const Drawing drawing = DrawEquations({&equation, 1}, 120);
+    EXPECT_GT(drawing.height, 3);
+    EXPECT_GE(BoundsOf(drawing).left, 0);
+    EXPECT_LE(BoundsOf(drawing).right, 120);
 }
 
 // The report of a member that fails says so and stops there.

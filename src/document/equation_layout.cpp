@@ -1,0 +1,77 @@
+#include "document/equation_layout.h"
+
+#include "document/table_layout.h"
+
+#include <algorithm>
+
+namespace kestrum {
+
+namespace {
+
+constexpr double kFormula = 3.3, kSmallText = TableLayout::kText;
+constexpr double kIndent = 3, kInner = 8, kSpace = 1.3, kApart = 3, kLine = 1.35;
+
+}  // namespace
+
+EquationLayout::EquationLayout(const Equation& equation, double width, char decimal) : width_(width)
+{
+    clause_ = LineBox(equation.clause.empty() ? Line() : Line("[" + equation.clause + "]"),
+                      kSmallText, decimal, Ink::faint);
+    std::vector<MathBox> boxes = EquationBoxes(equation, kFormula, decimal);
+    if (!equation.remark.Empty()) {
+        MathBox remark;
+        remark.width = kApart;
+        const MathBox text = LineBox(equation.remark, kSmallText, decimal, Ink::faint);
+        Drawing moved;
+        PlaceBox(moved, text, {kApart, 0});
+        remark.marks = std::move(moved.marks);
+        remark.width += text.width;
+        remark.above = text.above;
+        remark.below = text.below;
+        boxes.push_back(std::move(remark));
+    }
+    Break(boxes);
+    for (Row& row : rows_) {
+        for (const MathBox& box : row.boxes) {
+            row.above = std::max(row.above, box.above);
+            row.below = std::max(row.below, box.below);
+        }
+        height_ += row.above + row.below + kSpace;
+    }
+    clause_below_ = rows_.back().width + kApart + clause_.width > width_;
+    height_ += clause_below_ && clause_.width > 0 ? kSmallText * kLine : 0;
+}
+
+// Lines of boxes; a line begins with the sign of equality.
+void EquationLayout::Break(std::vector<MathBox>& boxes)
+{
+    rows_.push_back({.indent = kIndent, .width = kIndent});
+    for (MathBox& box : boxes) {
+        if (rows_.back().width + box.width > width_ && !rows_.back().boxes.empty()) {
+            rows_.push_back({.indent = kInner, .width = kInner});
+        }
+        rows_.back().width += box.width;
+        rows_.back().boxes.push_back(std::move(box));
+    }
+}
+
+void EquationLayout::Place(Drawing& drawing, Point upper_left) const
+{
+    double y = upper_left.y, base = y;
+    for (const Row& row : rows_) {
+        double x = upper_left.x + row.indent;
+        base = y + row.above;
+        for (const MathBox& box : row.boxes) {
+            const double room = upper_left.x + width_ - x;
+            PlaceBox(drawing, box, {x, base}, box.width > room ? room / box.width : 1);
+            x += box.width;
+        }
+        y = base + row.below + kSpace;
+    }
+    if (clause_below_) {
+        base = y + kSmallText;
+    }
+    PlaceBox(drawing, clause_, {upper_left.x + width_ - clause_.width, base});
+}
+
+}  // namespace kestrum
