@@ -65,6 +65,7 @@ _kestrum()
     --set) _kestrum_fields; return ;;
     --basis) _kestrum_words 'program standard both'; return ;;
     --decimal) _kestrum_words 'point comma'; return ;;
+    --delimiter) _kestrum_words 'comma semicolon tab'; return ;;
     --logo | --office) _kestrum_files; return ;;
     --author | --checker | --company | --date | --projectnumber | --revision) return ;;
     --by) _kestrum_words 'mass depth price surface'; return ;;
@@ -77,18 +78,19 @@ _kestrum()
         local options='--help --data --setup --color --quiet'
         case $command in
         '') options+=' --version' ;;
-        check) options+=' --basis --loadcase --notes --no-notes --exit-zero --csv-safe --format --json' ;;
-        batch) options+=' --output --base --fields --shard --jobs --resume --sign --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json' ;;
-        envelope) options+=' --output --basis --key --map --sign --swap-axes --all --top --memory --base --shard --jobs --resume --raw --exit-zero --csv-safe --no-csv-safe --format --json' ;;
-        optimize) options+=' --output --pool --range --keep --steel --by --max-ir --max-h --max-b --top --basis --group --key --map --sign --swap-axes --memory --base --jobs --raw --exit-zero --format --json' ;;
+        check) options+=' --basis --loadcase --notes --no-notes --exit-zero --csv-safe --format --json --delimiter --decimal' ;;
+        batch) options+=' --output --base --fields --shard --jobs --resume --sign --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json --delimiter --decimal' ;;
+        envelope) options+=' --output --basis --key --map --sign --swap-axes --all --top --memory --base --shard --jobs --resume --raw --exit-zero --csv-safe --no-csv-safe --format --json --delimiter --decimal' ;;
+        optimize) options+=' --output --pool --range --keep --steel --by --max-ir --max-h --max-b --top --basis --group --key --map --sign --swap-axes --memory --base --jobs --raw --exit-zero --format --json --delimiter --decimal' ;;
         merge) options+=' --output' ;;
-        summary) options+=' --output --members --key --base --raw --top' ;;
+        summary) options+=' --output --members --key --base --raw --top --delimiter --decimal' ;;
         dump) options+=' --inputs' ;;
         new) options+=' --output --family --set --sign --raw' ;;
         set) options+=' --output --sign --raw --dry-run' ;;
-        sections | fields | vortex) options+=' --format --json' ;;
+        sections | fields) options+=' --format --json --delimiter --decimal' ;;
+        vortex) options+=' --format --json' ;;
         diagram) options+=' --axis --output' ;;
-        table) options+=' --output' ;;
+        table) options+=' --output --delimiter --decimal' ;;
         report) options+=' --output --company --logo --projectnumber --author --checker --revision --date --decimal --office --reproducible' ;;
         esac
         _kestrum_words "$options"

@@ -96,6 +96,10 @@ complete -c kestrum -n '__kestrum_at batch; or __kestrum_at envelope' -l format 
 for command in check sections fields vortex batch envelope optimize
     complete -c kestrum -n "__kestrum_at $command" -l json -d 'Short for --format json'
 end
+for command in check sections fields table batch envelope optimize summary
+    complete -c kestrum -n "__kestrum_at $command" -l delimiter -x -a 'comma semicolon tab' -d 'Between the cells of a CSV'
+    complete -c kestrum -n "__kestrum_at $command" -l decimal -x -a 'point comma' -d 'Decimal sign of a CSV'
+end
 complete -c kestrum -n '__kestrum_at dump' -l inputs -d 'Inputs alone'
 complete -c kestrum -n '__kestrum_at new' -l family -x -a '(__kestrum_families)' -d 'Section family'
 complete -c kestrum -n '__kestrum_at new' -l set -x -a '(__kestrum_fields)' -d 'Value of a field'

@@ -15,8 +15,8 @@ namespace kestrum {
 // A line from its cells: of a CSV in the order of the columns, of an object with their names.
 class AnswerLine {
 public:
-    AnswerLine(std::string& out, TableForm form, CsvTexts texts)
-        : out_(out), json_(form == TableForm::ndjson), texts_(texts)
+    AnswerLine(std::string& out, TableForm form, const CsvForm& csv)
+        : out_(out), json_(form == TableForm::ndjson), csv_(csv)
     {
         out_.append(json_ ? "{" : "");
     }
@@ -26,14 +26,18 @@ public:
         if (json_) {
             out_.append(JsonText(text));
         } else {
-            AppendCell(out_, text, texts_);
+            AppendCell(out_, text, csv_.texts);
         }
     }
     template <class T> void Number(std::string_view name, T value, bool given = true)
     {
         Name(name);
         if (given) {
+            const std::size_t first = out_.size();
             AppendNumber(out_, value);
+            if (!json_) {
+                SetPoint(out_, first, csv_);
+            }
         } else {
             out_.append(json_ ? "null" : "");
         }
@@ -57,7 +61,7 @@ public:
 private:
     void Name(std::string_view name)
     {
-        out_.append(first_ ? "" : ",");
+        out_.append(first_ ? 0 : 1, json_ ? ',' : csv_.delimiter);
         first_ = false;
         if (json_) {
             out_.append("\"").append(name).append("\":");
@@ -66,7 +70,7 @@ private:
 
     std::string& out_;
     bool json_;
-    CsvTexts texts_;
+    CsvForm csv_;
     bool first_ = true;
 };
 

@@ -129,7 +129,15 @@ public:
         const std::size_t place = places_[static_cast<std::size_t>(cell)];
         return place != kNone ? cells_[place] : nothing_;
     }
-    std::optional<double> Number(Cell cell) const { return NumberIn(Text(cell)); }
+    // With a decimal comma where no comma stands between the cells.
+    std::optional<double> Number(Cell cell) const
+    {
+        std::string digits = Text(cell);
+        if (separator_ != ',') {
+            std::replace(digits.begin(), digits.end(), ',', '.');
+        }
+        return NumberIn(digits);
+    }
 
     std::string_view separator() const { return {&separator_, 1}; }
 
@@ -337,7 +345,7 @@ std::size_t AnswerTable::AddMembers(const MemberList& list, const Library& libra
     return strangers;
 }
 
-std::string SummaryCsv(const MemberSummary& summary, CsvTexts texts)
+std::string SummaryCsv(const MemberSummary& summary, const CsvForm& csv)
 {
     std::string out = "order,member,verdict,ir,control,clause";
     const std::string place =
@@ -351,24 +359,25 @@ std::string SummaryCsv(const MemberSummary& summary, CsvTexts texts)
     out += std::string(summary.has_section ? ",section" : "") +
            (summary.has_before ? ",section_before,mass_before,kg_before" : "") +
            (summary.has_mass ? ",mass,l,kg" : "") + ",notes,message\n";
+    out = CsvNames(out, csv);
 
     const auto text = [&](const std::string& value, bool wanted = true) {
         if (wanted) {
-            out.push_back(',');
-            AppendCell(out, value, texts);
+            out.push_back(csv.delimiter);
+            AppendCell(out, value, csv.texts);
         }
     };
-    const auto number = [&](double value, bool wanted = true) {
-        out.append(wanted ? "," : "");
+    const auto put = [&](auto value, bool wanted) {
+        out.append(wanted ? 1 : 0, csv.delimiter);
         if (wanted && std::isfinite(value)) {
+            const std::size_t first = out.size();
             AppendNumber(out, value);
+            SetPoint(out, first, csv);
         }
     };
+    const auto number = [&](double value, bool wanted = true) { put(value, wanted); };
     const auto single = [&](double value, bool wanted) {  // as the fields of a member are
-        out.append(wanted ? "," : "");
-        if (wanted && std::isfinite(value)) {
-            AppendNumber(out, static_cast<float>(value));
-        }
+        put(static_cast<float>(value), wanted);
     };
     const auto result = [&](const SummaryResult& each) {
         text(each.verdict);

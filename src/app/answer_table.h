@@ -33,6 +33,6 @@ struct AnswerTable {
 };
 
 // The members as a CSV in their order, in the columns of the answers.
-std::string SummaryCsv(const MemberSummary& summary, CsvTexts texts);
+std::string SummaryCsv(const MemberSummary& summary, const CsvForm& csv);
 
 }  // namespace kestrum

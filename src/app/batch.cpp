@@ -34,11 +34,11 @@ template <class T> void AppendShortest(std::string& out, T value)
 
 // Takes a text off the front of an answer line: plain, or in quotes with every quote
 // doubled (CSV) or behind a backslash (JSON).
-bool TakeText(std::string_view& line, bool csv, std::string& text)
+bool TakeText(std::string_view& line, bool csv, char delimiter, std::string& text)
 {
     text.clear();
     if (!line.starts_with('"')) {
-        const std::size_t end = line.find(',');
+        const std::size_t end = line.find(delimiter);
         text = line.substr(0, end);
         line.remove_prefix(text.size());
         return csv && end != std::string_view::npos;
@@ -111,10 +111,10 @@ std::string AnswerForm::Find(Item& item) const
 }
 
 std::string AnswerForm::Choose(TableForm form, const std::vector<std::string>& names,
-                               const Library* library, CsvTexts texts)
+                               const Library* library, CsvForm csv)
 {
     form_ = form;
-    texts_ = texts;
+    csv_ = csv;
     library_ = library;
     items_.clear();
     for (const std::string& name : names) {
@@ -169,13 +169,13 @@ std::string AnswerForm::Header() const
     if (form_ == TableForm::ndjson) {
         return {};
     }
-    std::string line = "member,verdict,ir";
+    std::string line = CsvNames("member,verdict,ir", csv_);
     for (const Item& item : items_) {
-        line += ",";
+        line += csv_.delimiter;
         AppendCell(line, item.name);
     }
     for (const std::string& name : others_) {
-        line += ",";
+        line += csv_.delimiter;
         AppendCell(line, KeptName(name));
     }
     return line + "\n";
@@ -231,7 +231,16 @@ void AnswerForm::AppendDeviations(std::string& out, const standard::StandardResu
     if (form_ == TableForm::ndjson) {
         out.append("[").append(list).append("]");
     } else {
-        AppendCell(out, list, texts_);
+        AppendCell(out, list, csv_.texts);
+    }
+}
+
+template <class T> void AnswerForm::AppendDecimal(std::string& out, T value) const
+{
+    const std::size_t first = out.size();
+    AppendNumber(out, value);
+    if (form_ == TableForm::csv) {
+        SetPoint(out, first, csv_);
     }
 }
 
@@ -249,7 +258,7 @@ void AnswerForm::AppendStandard(std::string& out, Special what,
         return;
     }
     if (what == Special::ir_standard) {
-        return AppendNumber(out, result->ir);
+        return AppendDecimal(out, result->ir);
     }
     const std::string_view text = what == Special::standard_check
                                       ? standard::NameOf(result->governing)
@@ -257,7 +266,7 @@ void AnswerForm::AppendStandard(std::string& out, Special what,
     if (json) {
         out.append(JsonText(text));
     } else {
-        AppendCell(out, text, texts_);
+        AppendCell(out, text, csv_.texts);
     }
 }
 
@@ -269,7 +278,7 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
         if (json) {
             out.append(JsonText(value));
         } else {
-            AppendCell(out, value, texts_);
+            AppendCell(out, value, csv_.texts);
         }
     };
     switch (item.special) {
@@ -310,9 +319,9 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
     if (!std::isfinite(value)) {
         out.append(json ? "null" : "");
     } else if (field.kind == FieldKind::single) {
-        AppendNumber(out, static_cast<float>(value));
+        AppendDecimal(out, static_cast<float>(value));
     } else {
-        AppendNumber(out, value);
+        AppendDecimal(out, value);
     }
 }
 
@@ -328,8 +337,8 @@ void AnswerForm::AppendKept(std::string& out, const std::vector<LineExtras::Kept
     for (const std::string& name : others_) {
         const auto at = std::find_if(kept.begin(), kept.end(),
                                      [&](const LineExtras::Kept& k) { return k.name == name; });
-        out.push_back(',');
-        AppendCell(out, at != kept.end() ? at->value : "", texts_);
+        out.push_back(csv_.delimiter);
+        AppendCell(out, at != kept.end() ? at->value : "", csv_.texts);
     }
 }
 
@@ -338,15 +347,15 @@ void AnswerForm::AppendLine(std::string& out, std::string_view member, const Pro
                             const standard::StandardResult* standard) const
 {
     if (form_ == TableForm::csv) {
-        AppendCell(out, member, texts_);
-        out.push_back(',');
+        AppendCell(out, member, csv_.texts);
+        out.push_back(csv_.delimiter);
         AppendCell(out, VerdictText(outcome));
-        out.push_back(',');
+        out.push_back(csv_.delimiter);
         if (outcome.rated()) {
-            AppendNumber(out, outcome.ir);
+            AppendDecimal(out, outcome.ir);
         }
         for (const Item& item : items_) {
-            out.push_back(',');
+            out.push_back(csv_.delimiter);
             AppendItem(out, item, s, outcome, standard);
         }
         AppendKept(out, extras.kept);
@@ -372,18 +381,20 @@ bool AnswerLines::ReadBack(std::string_view line, std::string& member, Verdict& 
                            double& ir) const
 {
     const bool csv = form_ == TableForm::csv;
-    const std::string_view head = csv ? "" : "{\"member\":", before = csv ? "," : ",\"verdict\":",
-                           behind = csv ? "," : ",\"ir\":";
+    const std::string_view delimiter{&csv_.delimiter, 1};
+    const std::string_view head = csv ? "" : "{\"member\":",
+                           before = csv ? delimiter : ",\"verdict\":",
+                           behind = csv ? delimiter : ",\"ir\":";
     if (!line.starts_with(head)) {
         return false;
     }
     line.remove_prefix(head.size());
-    if (!TakeText(line, csv, member) || !line.starts_with(before)) {
+    if (!TakeText(line, csv, csv_.delimiter, member) || !line.starts_with(before)) {
         return false;
     }
     line.remove_prefix(before.size());
     std::string written;
-    if (!TakeText(line, csv, written) || !line.starts_with(behind)) {
+    if (!TakeText(line, csv, csv_.delimiter, written) || !line.starts_with(behind)) {
         return false;
     }
     const std::optional<Verdict> known = VerdictOf(written);
@@ -392,8 +403,10 @@ bool AnswerLines::ReadBack(std::string_view line, std::string& member, Verdict& 
     }
     verdict = *known;
     line.remove_prefix(behind.size());
+    std::string digits(line.substr(0, line.find(csv ? csv_.delimiter : ',')));
+    std::replace(digits.begin(), digits.end(), ',', '.');
     ir = 0;
-    std::from_chars(line.data(), line.data() + line.size(), ir);
+    std::from_chars(digits.data(), digits.data() + digits.size(), ir);
     return true;
 }
 

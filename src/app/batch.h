@@ -31,7 +31,7 @@ enum class TableForm : std::uint8_t { csv, ndjson };
 // Lines that begin with member, verdict and ratio, whatever stands behind.
 class AnswerLines {
 public:
-    explicit AnswerLines(TableForm form) : form_(form) {}
+    explicit AnswerLines(TableForm form, CsvForm csv = {}) : form_(form), csv_(csv) {}
     virtual ~AnswerLines() = default;
 
     // The first line of a CSV with its line end; nothing for NDJSON.
@@ -47,6 +47,7 @@ protected:
     AnswerLines& operator=(const AnswerLines&) = default;
 
     TableForm form_ = TableForm::csv;
+    CsvForm csv_{};
 };
 
 // The fields of an answer line behind member, verdict and ratio.
@@ -59,7 +60,7 @@ public:
     // annex by name, and FIELD.name for the name of a value. Names of sections and steels come from
     // the library, which must last. Returns why a name cannot be, or nothing.
     std::string Choose(TableForm form, const std::vector<std::string>& names,
-                       const Library* library = nullptr, CsvTexts texts = CsvTexts::plain);
+                       const Library* library = nullptr, CsvForm csv = {});
 
     // Axial forces are answered with tension positive.
     void SetTensionPositive(bool tension) { tensionpositive_ = tension; }
@@ -106,6 +107,7 @@ private:
     std::string Find(Item& item) const;
     void AppendItem(std::string& out, const Item& item, const ProjectState& s,
                     const Outcome& outcome, const standard::StandardResult* standard) const;
+    template <class T> void AppendDecimal(std::string& out, T value) const;
     void AppendDeviations(std::string& out, const standard::StandardResult& result) const;
     void AppendStandard(std::string& out, Special what,
                         const standard::StandardResult* result) const;
@@ -116,7 +118,6 @@ private:
     template <class Texts>
     void AppendList(std::string& out, const Texts& texts, std::string_view between) const;
 
-    CsvTexts texts_ = CsvTexts::plain;
     std::vector<Item> items_;
     bool tensionpositive_ = false;
     bool keepothers_ = false;

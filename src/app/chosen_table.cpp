@@ -2,15 +2,15 @@
 
 #include "app/batch.h"
 #include "app/cell_reader.h"
-#include "core/csv_cell.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace kestrum {
 
-ChosenTable::ChosenTable(const MemberList& members, const SectionPool& pool, bool steel)
-    : members_(members), pool_(pool), steel_(steel)
+ChosenTable::ChosenTable(const MemberList& members, const SectionPool& pool, bool steel,
+                         CsvForm csv)
+    : members_(members), pool_(pool), steel_(steel), csv_(csv)
 {
     for (CellReader cells(members.header(), members.separator()); cells.Next();) {
         AddColumn(std::string(Trimmed(cells.cell())), true);
@@ -50,7 +50,7 @@ std::string ChosenTable::Header() const
 {
     std::string line;
     for (const Column& column : columns_) {
-        line += line.empty() ? "" : ",";
+        line.append(line.empty() ? 0 : 1, csv_.delimiter);
         AppendCell(line, column.name);
     }
     return line + "\n";
@@ -75,6 +75,7 @@ std::string ChosenTable::ValueOf(const Column& column, const RatedCandidate& cho
     const std::vector<std::string> fields = pool_.FieldsOf(chosen.candidate);
     if (!named && std::find(fields.begin(), fields.end(), column.field->name) != fields.end()) {
         AppendNumber(text, static_cast<float>(NumberOf(s, *column.field)));
+        SetPoint(text, 0, csv_);
     }
     return text;
 }
@@ -85,7 +86,7 @@ void ChosenTable::AppendLine(std::string& out, std::size_t member, const RatedCa
     CellReader cells(members_.RecordOf(member), members_.separator());
     bool first = true;
     for (const Column& column : columns_) {
-        out += first ? "" : ",";
+        out.append(first ? 0 : 1, csv_.delimiter);
         first = false;
         const bool given = column.own && cells.Next();
         const bool kept = chosen == nullptr || column.role == Role::other ||

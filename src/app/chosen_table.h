@@ -5,6 +5,7 @@
 
 #include "app/member_list.h"
 #include "app/optimize.h"
+#include "core/csv_cell.h"
 
 #include <string>
 #include <string_view>
@@ -15,7 +16,7 @@ namespace kestrum {
 class ChosenTable {
 public:
     // `steel`: the grades were chosen too.
-    ChosenTable(const MemberList& members, const SectionPool& pool, bool steel);
+    ChosenTable(const MemberList& members, const SectionPool& pool, bool steel, CsvForm csv = {});
 
     // The columns of the table, and behind them those that the sections need and it has not.
     std::string Header() const;
@@ -40,6 +41,7 @@ private:
     const MemberList& members_;
     const SectionPool& pool_;
     bool steel_;
+    CsvForm csv_;
     std::vector<Column> columns_;
 };
 

@@ -34,7 +34,7 @@ std::string EnvelopeForm::Header() const
     if (bases_ == Bases::both) {
         line += ",above_standard,failed_standard";
     }
-    return line + ",notes,message\n";
+    return CsvNames(line + ",notes,message\n", csv_);
 }
 
 void EnvelopeForm::AppendLine(std::string& out, std::string_view member,
@@ -43,7 +43,7 @@ void EnvelopeForm::AppendLine(std::string& out, std::string_view member,
     const bool by_standard = bases_ == Bases::standard;
     const WorstCase& worst = by_standard ? answer.standard : answer.program;
     const EnvelopeCounts& n = answer.counts;
-    AnswerLine line(out, form(), texts_);
+    AnswerLine line(out, form(), csv_);
     line.Text("member", member);
     line.Text("verdict", VerdictWord(answer.VerdictIn(bases_)));
     line.Number("ir", worst.ir, answer.RatedIn(bases_) && std::isfinite(worst.ir));

@@ -18,8 +18,7 @@ namespace kestrum {
 // The lines of the answers.
 class EnvelopeForm : public AnswerLines {
 public:
-    EnvelopeForm(TableForm form, Bases bases, CsvTexts texts)
-        : AnswerLines(form), bases_(bases), texts_(texts)
+    EnvelopeForm(TableForm form, Bases bases, CsvForm csv) : AnswerLines(form, csv), bases_(bases)
     {
     }
     std::string Header() const override;
@@ -28,7 +27,6 @@ public:
 
 private:
     Bases bases_;
-    CsvTexts texts_;
 };
 
 struct EnvelopePlan {

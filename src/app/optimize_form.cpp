@@ -49,10 +49,11 @@ std::string OptimizeForm::Header() const
     if (form() == TableForm::ndjson) {
         return {};
     }
-    return "member,verdict,ir,control,clause,case,x" +
-           std::string(bases_ == Bases::both ? kBasis : "") +
-           ",group,rank,section,steel,mass,h,b,surface,price,section_before,steel_before,"
-           "mass_before,lighter,lighter_fails,notes,message\n";
+    return CsvNames("member,verdict,ir,control,clause,case,x" +
+                        std::string(bases_ == Bases::both ? kBasis : "") +
+                        ",group,rank,section,steel,mass,h,b,surface,price,section_before,"
+                        "steel_before,mass_before,lighter,lighter_fails,notes,message\n",
+                    csv_);
 }
 
 void OptimizeForm::AppendLine(std::string& out, const OptimizedMember& of,
@@ -64,7 +65,7 @@ void OptimizeForm::AppendLine(std::string& out, const OptimizedMember& of,
     const MemberAnswer& member = own != nullptr ? *own : kNone;
     const bool by_standard = bases_ == Bases::standard;
     const WorstCase& worst = by_standard ? member.standard : member.program;
-    AnswerLine line(out, form(), texts_);
+    AnswerLine line(out, form(), csv_);
     line.Text("member", of.key);
     line.Text("verdict", VerdictWord(own != nullptr        ? own->VerdictIn(bases_)
                                      : !of.refusal.empty() ? of.refused

@@ -25,8 +25,7 @@ struct OptimizedMember {
 
 class OptimizeForm : public AnswerLines {
 public:
-    OptimizeForm(TableForm form, Bases bases, CsvTexts texts)
-        : AnswerLines(form), bases_(bases), texts_(texts)
+    OptimizeForm(TableForm form, Bases bases, CsvForm csv) : AnswerLines(form, csv), bases_(bases)
     {
     }
     std::string Header() const override;
@@ -48,7 +47,6 @@ private:
                     const RatedCandidate* rated, std::size_t rank) const;
 
     Bases bases_;
-    CsvTexts texts_;
 };
 
 }  // namespace kestrum

@@ -45,7 +45,7 @@ void SpareInputs(const BatchInput& input, const BatchArguments& arguments)
 }
 
 // Nothing for answers that nobody can take up.
-BatchOrigin OriginOf(const Options& options, const BatchArguments& arguments)
+BatchOrigin OriginOf(const Options& options, const BatchArguments& arguments, const CsvForm& csv)
 {
     std::vector<BatchSource> sources;
     std::string how = KESTRUM_VERSION;
@@ -69,7 +69,7 @@ BatchOrigin OriginOf(const Options& options, const BatchArguments& arguments)
         for (const std::string& field : arguments.fields) {
             how += field + ",";
         }
-        how += " --data " + options.data;
+        how += " --data " + options.data + CsvOptions(csv);
     }
     return {sources, how};
 }
@@ -81,10 +81,9 @@ int Batch(const Options& options, const BatchArguments& arguments)
     RequireAnswerName(options, arguments.out);
     const Library library = LoadTables(options);
     AnswerForm form;
-    const CsvTexts texts =
-        arguments.csv_safe.value_or(IsFile(arguments.out)) ? CsvTexts::safe : CsvTexts::plain;
+    const CsvForm csv = CsvFormFor(options, arguments.out, arguments.csv_safe);
     const std::string refusal =
-        form.Choose(FormOf(options, arguments.out), arguments.fields, &library, texts);
+        form.Choose(FormOf(options, arguments.out), arguments.fields, &library, csv);
     form.SetTensionPositive(arguments.tensionpositive);
     if (!refusal.empty()) {
         throw BadInput("--fields " + refusal);
@@ -102,7 +101,7 @@ int Batch(const Options& options, const BatchArguments& arguments)
         form.KeepOthers(input.OtherColumns());
     }
     BatchOutput output(arguments.out, arguments.resume);
-    const BatchOrigin origin = OriginOf(options, arguments);
+    const BatchOrigin origin = OriginOf(options, arguments, csv);
     Tally tally;
     const std::size_t earlier = arguments.resume ? output.TakeUp(form, tally, origin) : 0;
     input.Skip(shard.Behind(earlier));

@@ -123,25 +123,27 @@ template <class Texts> std::string Joined(const Texts& texts, std::string_view b
     return joined;
 }
 
-std::string CsvOf(const Answer& answer, CsvTexts texts)
+std::string CsvOf(const Answer& answer, const CsvForm& csv)
 {
     const Outcome& outcome = answer.outcome;
     std::string text;
-    AppendCell(text, answer.file, texts);
-    text += ",";
-    AppendCell(text, VerdictText(outcome), texts);
-    text += ",";
-    if (outcome.designed()) {
-        text += JsonNumber(answer.section) + "," + JsonNumber(answer.buckling) + "," +
-                JsonNumber(answer.deflection);
-    } else {
-        text += ",,";
-    }
-    text += "," + (outcome.rated() ? JsonNumber(outcome.ir) : "");
+    const auto number = [&](double value, bool known) {
+        text += csv.delimiter;
+        const std::size_t first = text.size();
+        text += known ? JsonNumber(value) : "";
+        SetPoint(text, first, csv);
+    };
+    AppendCell(text, answer.file, csv.texts);
+    text += csv.delimiter;
+    AppendCell(text, VerdictText(outcome), csv.texts);
+    number(answer.section, outcome.designed());
+    number(answer.buckling, outcome.designed());
+    number(answer.deflection, outcome.designed());
+    number(outcome.ir, outcome.rated());
     for (const std::string& cell :
          {outcome.message, Joined(outcome.notes, " "), Joined(outcome.dropped, "; ")}) {
-        text += ",";
-        AppendCell(text, cell, texts);
+        text += csv.delimiter;
+        AppendCell(text, cell, csv.texts);
     }
     return text;
 }
@@ -196,12 +198,12 @@ void PrintJson(const std::vector<Answer>& answers)
     Print("[" + out + "]\n");
 }
 
-void PrintCsv(const std::vector<Answer>& answers, CsvTexts texts)
+void PrintCsv(const std::vector<Answer>& answers, const CsvForm& csv)
 {
-    std::string out =
-        "file,verdict,irsection,maxirbuckling,irdeflection,ir,message,notes,dropped\n";
+    std::string out = CsvNames(
+        "file,verdict,irsection,maxirbuckling,irdeflection,ir,message,notes,dropped\n", csv);
     for (const Answer& answer : answers) {
-        out += CsvOf(answer, texts) + "\n";
+        out += CsvOf(answer, csv) + "\n";
     }
     Print(out);
 }
@@ -210,6 +212,8 @@ void PrintCsv(const std::vector<Answer>& answers, CsvTexts texts)
 
 int Check(const Options& options, const CheckArguments& arguments)
 {
+    const CsvForm csv = CsvFormOf(options, arguments.csv_safe ? CsvTexts::safe : CsvTexts::plain,
+                                  options.format == Format::csv);
     const Library library = LoadTables(options);
     std::vector<Answer> answers;
     answers.reserve(arguments.files.size());
@@ -224,7 +228,7 @@ int Check(const Options& options, const CheckArguments& arguments)
         PrintJson(answers);
         break;
     case Format::csv:
-        PrintCsv(answers, arguments.csv_safe ? CsvTexts::safe : CsvTexts::plain);
+        PrintCsv(answers, csv);
         break;
     case Format::text:
         PrintText(answers, arguments, Coloured(options.color));

@@ -103,6 +103,32 @@ ProjectState Project(const Library& library, const std::string& file, const std:
 
 }  // namespace
 
+CsvForm CsvFormOf(const Options& options, CsvTexts texts, bool written)
+{
+    if (!written && (!options.delimiter.empty() || !options.decimal.empty())) {
+        throw BadInput(std::string(options.delimiter.empty() ? "--decimal" : "--delimiter") +
+                       " is of a CSV, and none is written");
+    }
+    CsvForm form(texts);
+    form.point = options.decimal == "comma" ? ',' : '.';
+    form.delimiter = options.delimiter == "tab"                                ? '\t'
+                     : options.delimiter == "semicolon"                        ? ';'
+                     : options.delimiter.empty() && options.decimal == "comma" ? ';'
+                                                                               : ',';
+    if (form.delimiter == ',' && form.point == ',') {
+        throw BadInput("--decimal comma needs another delimiter than a comma");
+    }
+    return form;
+}
+
+std::string CsvOptions(const CsvForm& form)
+{
+    return std::string(form.delimiter == ','   ? ""
+                       : form.delimiter == ';' ? " --delimiter semicolon"
+                                               : " --delimiter tab") +
+           (form.point == ',' ? " --decimal comma" : "");
+}
+
 Library LoadTables(const Options& options)
 {
     if (!options.data.empty() && !std::filesystem::is_directory(Utf8Path(options.data))) {

@@ -4,6 +4,7 @@
 // and the messages of failure.
 
 #include "cli/terminal.h"
+#include "core/csv_cell.h"
 #include "core/file_lock.h"
 #include "core/library.h"
 #include "core/project_state.h"
@@ -36,7 +37,17 @@ struct Options {
     Format format = Format::text;
     Color color = Color::automatic;
     bool quiet = false;  // no hints, no summary
+    // Of a CSV that is written: comma, semicolon or tab; point or comma. Empty: not asked for.
+    std::string delimiter, decimal;
 };
+
+// How a CSV is to be written. Numbers with a comma have semicolons between them unless another
+// delimiter is asked for. Throws BadInput for two commas, and where no CSV is written that could
+// follow what is asked for.
+CsvForm CsvFormOf(const Options& options, CsvTexts texts, bool written = true);
+
+// What of it decides what is in an answer, as options; nothing for the usual form.
+std::string CsvOptions(const CsvForm& form);
 
 // Tables, materials and setup. Throws BadInput when the folder or the setup cannot be read.
 Library LoadTables(const Options& options);

@@ -33,7 +33,7 @@ void RequireInputs(const EnvelopeArguments& arguments)
     }
 }
 
-BatchOrigin OriginOf(const Options& options, const EnvelopeArguments& arguments)
+BatchOrigin OriginOf(const Options& options, const EnvelopeArguments& arguments, const CsvForm& csv)
 {
     std::vector<BatchSource> sources;
     std::string how = std::string(KESTRUM_VERSION) + " envelope";
@@ -54,7 +54,7 @@ BatchOrigin OriginOf(const Options& options, const EnvelopeArguments& arguments)
         for (const std::string& pair : arguments.map) {
             how += " --map " + pair;
         }
-        how += " --data " + options.data;
+        how += " --data " + options.data + CsvOptions(csv);
         if (!arguments.shard.empty()) {
             sources.push_back({kShardSource + arguments.shard, ""});
         }
@@ -179,9 +179,8 @@ int Envelope(const Options& options, const EnvelopeArguments& arguments)
     RequireInputs(arguments);
     const ForceManner manner = MannerOf(arguments);
     const Library library = LoadTables(options);
-    const CsvTexts texts =
-        arguments.csv_safe.value_or(IsFile(arguments.out)) ? CsvTexts::safe : CsvTexts::plain;
-    const EnvelopeForm form(FormOf(options, arguments.out), BasesOf(arguments.basis), texts);
+    const CsvForm csv = CsvFormFor(options, arguments.out, arguments.csv_safe);
+    const EnvelopeForm form(FormOf(options, arguments.out), BasesOf(arguments.basis), csv);
     const Shard shard = ShardOf(arguments.shard, arguments.out);
     const ProjectState base = BaseOf(library, arguments.base);
 
@@ -195,7 +194,7 @@ int Envelope(const Options& options, const EnvelopeArguments& arguments)
     Tell(options, forces);
 
     BatchOutput output(arguments.out, arguments.resume);
-    const BatchOrigin origin = OriginOf(options, arguments);
+    const BatchOrigin origin = OriginOf(options, arguments, csv);
     Tally before;
     const std::size_t earlier = arguments.resume ? output.TakeUp(form, before, origin) : 0;
 

@@ -33,23 +33,25 @@ std::string TextOf(const std::vector<FieldFacts>& all, bool one)
     return text;
 }
 
-std::string CsvOf(const std::vector<FieldFacts>& all)
+std::string CsvOf(const std::vector<FieldFacts>& all, const CsvForm& csv)
 {
-    std::string text = "name,type,first,last,unit,role,values,limits,since,meaning\n";
-    const auto cell = [&text](std::string_view what, char behind) {
+    std::string text =
+        CsvNames("name,type,first,last,unit,role,values,limits,since,meaning\n", csv);
+    const auto cell = [&](std::string_view what, char behind) {
         AppendCell(text, what);
         text.push_back(behind);
     };
+    const char next = csv.delimiter;
     for (const FieldFacts& facts : all) {
-        cell(facts.name, ',');
-        cell(facts.type, ',');
-        cell(facts.rows ? std::to_string(facts.first) : "", ',');
-        cell(facts.rows ? std::to_string(facts.last) : "", ',');
-        cell(facts.unit, ',');
-        cell(facts.role, ',');
-        cell(facts.values, ',');
-        cell(facts.limits, ',');
-        cell(facts.since != 0 ? std::to_string(facts.since) : "", ',');
+        cell(facts.name, next);
+        cell(facts.type, next);
+        cell(facts.rows ? std::to_string(facts.first) : "", next);
+        cell(facts.rows ? std::to_string(facts.last) : "", next);
+        cell(facts.unit, next);
+        cell(facts.role, next);
+        cell(facts.values, next);
+        cell(facts.limits, next);
+        cell(facts.since != 0 ? std::to_string(facts.since) : "", next);
         cell(facts.meaning, '\n');
     }
     return text;
@@ -112,13 +114,14 @@ std::vector<FieldFacts> Wanted(const Library& library, const std::string& name)
 
 int Fields(const Options& options, const std::string& name)
 {
+    const CsvForm csv = CsvFormOf(options, CsvTexts::plain, options.format == Format::csv);
     const std::vector<FieldFacts> facts = Wanted(LoadTables(options), name);
     switch (options.format) {
     case Format::json:
         Print(JsonOf(facts));
         break;
     case Format::csv:
-        Print(CsvOf(facts));
+        Print(CsvOf(facts, csv));
         break;
     case Format::text:
         Print(TextOf(facts, !name.empty()));

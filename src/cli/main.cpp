@@ -73,6 +73,7 @@ void AddOptimize(CLI::App& app, Options& options, OptimizeArguments& search, int
         ->check(CLI::Range(1, 256));
     optimize.add_flag("--exit-zero", search.exit_zero, "exit 0 whatever the verdicts");
     AddFormat(optimize, options, kAllFormats);
+    AddCsv(optimize, options);
     optimize.callback([&] { exit = Optimize(options, search); });
 }
 
@@ -139,6 +140,7 @@ int Run(int argc, char** argv)
                     "follows the program's ratio unless it is standard")
         ->check(CLI::IsMember({"program", "standard", "both"}));
     AddFormat(check, options, kAllFormats);
+    AddCsv(check, options);
     check.callback([&] { exit = Check(options, checked); });
 
     CLI::App& dump = *app.add_subcommand("dump", "calculates and prints the whole state as JSON");
@@ -170,12 +172,14 @@ int Run(int argc, char** argv)
         *app.add_subcommand("sections", "lists the families, or the table rows of one");
     sections.add_option("FAMILY", family, "family number");
     AddFormat(sections, options, kAllFormats);
+    AddCsv(sections, options);
     sections.callback([&] { exit = Sections(options, family); });
 
     CLI::App& fields = *app.add_subcommand(
         "fields", "explains the fields, or one: meaning, unit, values with their names, limits");
     fields.add_option("NAME", field, "canonical name, as `kestrum set` takes it");
     AddFormat(fields, options, kAllFormats);
+    AddCsv(fields, options);
     fields.callback([&] { exit = Fields(options, field); });
 
     CLI::App& vortex =
@@ -198,6 +202,7 @@ int Run(int argc, char** argv)
     detailed.add_option("FILE", table.file, "project file, - for standard input")->required();
     AddOutput(detailed, table.out,
               "file to write: .xlsx or .csv; text on standard output without it");
+    AddCsv(detailed, options);
     detailed.callback([&] { exit = DetailedTable(options, table); });
 
     CLI::App& printed = *app.add_subcommand("report", "writes a printed report, A4");
@@ -261,6 +266,7 @@ int Run(int argc, char** argv)
     batch.add_flag_callback(
         "--no-csv-safe", [&many] { many.csv_safe = false; }, "texts as they are, also in a file");
     AddFormat(batch, options, kTableFormats);
+    AddCsv(batch, options);
     batch.callback([&] { exit = Batch(options, many); });
 
     CLI::App& envelope = *app.add_subcommand(
@@ -293,6 +299,7 @@ int Run(int argc, char** argv)
     envelope.add_flag_callback(
         "--no-csv-safe", [&] { frame.csv_safe = false; }, "leaves them as they are");
     AddFormat(envelope, options, kTableFormats);
+    AddCsv(envelope, options);
     envelope.callback([&] { exit = Envelope(options, frame); });
 
     AddOptimize(app, options, search, exit);
@@ -321,6 +328,7 @@ int Run(int argc, char** argv)
     summary.add_flag("--raw", summed.raw, "takes the values of that table unchecked");
     summary.add_option("--top", summed.top, "lists so many members; all are counted")
         ->check(CLI::Range(1, 1000000000));
+    AddCsv(summary, options);
     summary.callback([&] { exit = Summary(options, summed); });
 
     CLI::App& help = *app.add_subcommand("help", "prints the help of a command");

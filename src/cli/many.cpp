@@ -49,6 +49,12 @@ TableForm FormOf(const Options& options, const std::string& out)
     return options.format == Format::json || IsJsonName(out) ? TableForm::ndjson : TableForm::csv;
 }
 
+CsvForm CsvFormFor(const Options& options, const std::string& out, std::optional<bool> safe)
+{
+    return CsvFormOf(options, safe.value_or(IsFile(out)) ? CsvTexts::safe : CsvTexts::plain,
+                     FormOf(options, out) == TableForm::csv);
+}
+
 Bases BasesOf(const std::string& basis)
 {
     return basis == "program"    ? Bases::program

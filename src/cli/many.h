@@ -22,6 +22,10 @@ void RequireAnswerName(const Options& options, const std::string& out);
 
 TableForm FormOf(const Options& options, const std::string& out);
 
+// Of answers: of a file texts are safe for a spreadsheet unless it is said otherwise. Throws
+// BadInput.
+CsvForm CsvFormFor(const Options& options, const std::string& out, std::optional<bool> safe);
+
 // program, standard or both.
 Bases BasesOf(const std::string& basis);
 

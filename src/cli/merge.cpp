@@ -1,5 +1,6 @@
 // The answers of shards put together as one run would have written them.
 
+#include "app/cell_reader.h"
 #include "cli/batch_output.h"
 #include "cli/commands.h"
 #include "cli/many.h"
@@ -101,10 +102,20 @@ using Parts = std::vector<std::unique_ptr<Part>>;
 // Answers under the line of names of the parts.
 class MergedForm : public AnswerLines {
 public:
-    explicit MergedForm(const Part& part) : AnswerLines(part.form()), header_(part.header()) {}
+    explicit MergedForm(const Part& part)
+        : AnswerLines(part.form(), CsvOf(part.header())), header_(part.header())
+    {
+    }
     std::string Header() const override { return header_; }
 
 private:
+    static CsvForm CsvOf(std::string_view header)
+    {
+        CsvForm csv;
+        csv.delimiter = SeparatorOf(header);
+        return csv;
+    }
+
     std::string header_;
 };
 

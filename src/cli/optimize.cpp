@@ -187,6 +187,7 @@ int OptimizeProject(const Options& options, const OptimizeArguments& arguments)
             throw BadInput(std::string(option) + " goes with a table of members");
         }
     }
+    const CsvForm csv = CsvFormOf(options, CsvTexts::plain, options.format == Format::csv);
     SpareInputs(arguments);
     const Interrupt interrupt;
     const Library library = LoadTables(options);
@@ -203,7 +204,7 @@ int OptimizeProject(const Options& options, const OptimizeArguments& arguments)
     } else if (!options.quiet) {
         const bool json = options.format == Format::json;
         const OptimizeForm form(json ? TableForm::ndjson : TableForm::csv, optimizer.wishes().bases,
-                                CsvTexts::plain);
+                                csv);
         std::string lines = form.Header();
         form.AppendLines(lines,
                          {.key = arguments.members,
@@ -334,6 +335,8 @@ std::string SummaryOf(const MemberList& members, const TableAnswers& answers, Ta
 int OptimizeTable(const Options& options, const OptimizeArguments& arguments)
 {
     RequireTables(arguments);
+    const CsvForm csv = CsvFormOf(options, CsvTexts::plain,
+                                  options.format != Format::json || !arguments.out.empty());
     SpareInputs(arguments);
     if (!arguments.out.empty() && arguments.out != "-" && !IsTable(arguments.out)) {
         throw BadInput(arguments.out + ": a table of members has a name that ends in .csv");
@@ -354,9 +357,8 @@ int OptimizeTable(const Options& options, const OptimizeArguments& arguments)
         interrupt.End();
     }
     const bool json = options.format == Format::json;
-    const OptimizeForm form(json ? TableForm::ndjson : TableForm::csv, wishes.bases,
-                            CsvTexts::plain);
-    const ChosenTable chosen(members, pool, !wishes.steels.empty());
+    const OptimizeForm form(json ? TableForm::ndjson : TableForm::csv, wishes.bases, csv);
+    const ChosenTable chosen(members, pool, !wishes.steels.empty(), csv);
     OptimizePlan plan{library, base, members, pool, wishes};
     plan.manner = Manner(arguments.raw ? Assignment::raw : Assignment::checked,
                          arguments.tensionpositive && !frame);

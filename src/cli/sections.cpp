@@ -76,12 +76,13 @@ std::string TextOf(const std::vector<Line>& lines)
     return out;
 }
 
-std::string CsvOf(const std::vector<Line>& lines, bool families)
+std::string CsvOf(const std::vector<Line>& lines, bool families, const CsvForm& csv)
 {
-    std::string out = families ? "family,form,text,name\n" : "row,series,text\n";
+    const std::string next(1, csv.delimiter);
+    std::string out = CsvNames(families ? "family,form,text,name\n" : "row,series,text\n", csv);
     for (const Line& line : lines) {
-        out += std::to_string(line.number) + "," + line.series + ",\"" + line.text + "\"";
-        out += (families ? ",\"" + line.name + "\"" : "") + "\n";
+        out += std::to_string(line.number) + next + line.series + next + "\"" + line.text + "\"";
+        out += (families ? next + "\"" + line.name + "\"" : "") + "\n";
     }
     return out;
 }
@@ -103,6 +104,7 @@ std::string JsonOf(const std::vector<Line>& lines, bool families)
 
 int Sections(const Options& options, const std::string& family)
 {
+    const CsvForm csv = CsvFormOf(options, CsvTexts::plain, options.format == Format::csv);
     const bool families = family.empty();
     const std::vector<Line> lines =
         families ? FamilyLines() : RowLines(LoadTables(options), Wanted(family));
@@ -111,7 +113,7 @@ int Sections(const Options& options, const std::string& family)
         Print(JsonOf(lines, families));
         break;
     case Format::csv:
-        Print(CsvOf(lines, families));
+        Print(CsvOf(lines, families, csv));
         break;
     case Format::text:
         Print(TextOf(lines));

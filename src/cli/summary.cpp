@@ -46,14 +46,15 @@ std::string WriteXlsx(const MemberSummary&, const std::string&)
 }
 #endif
 
-void WriteSummary(const SummaryArguments& arguments, const MemberSummary& summary)
+void WriteSummary(const SummaryArguments& arguments, const CsvForm& csv,
+                  const MemberSummary& summary)
 {
     const std::string ending = EndingOf(arguments.out);
     std::string fault;
     if (arguments.out.empty()) {
-        Print(SummaryCsv(summary, CsvTexts::plain));
+        Print(SummaryCsv(summary, csv));
     } else if (ending == ".csv") {
-        fault = WriteWholeFile(arguments.out, SummaryCsv(summary, CsvTexts::safe));
+        fault = WriteWholeFile(arguments.out, SummaryCsv(summary, csv));
     } else if (ending == ".xlsx") {
         fault = WriteXlsx(summary, arguments.out);
     } else {
@@ -78,6 +79,9 @@ std::string CountText(const MemberSummary& summary, ResultOf basis)
 int Summary(const Options& options, const SummaryArguments& arguments)
 {
     RequireNames(arguments);
+    const std::string& out = arguments.out;
+    const CsvForm csv = CsvFormOf(options, out.empty() ? CsvTexts::plain : CsvTexts::safe,
+                                  out.empty() || EndingOf(out) == ".csv");
     const Interrupt interrupt;
     bool faulty = false;
     AnswerTable answers;
@@ -101,7 +105,7 @@ int Summary(const Options& options, const SummaryArguments& arguments)
         }
     }
     answers.summary.top = static_cast<std::size_t>(arguments.top);
-    WriteSummary(arguments, answers.summary);
+    WriteSummary(arguments, csv, answers.summary);
     if (!options.quiet) {
         const MemberSummary& summary = answers.summary;
         std::cerr << (summary.both ? "program: " : "")

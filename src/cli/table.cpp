@@ -35,9 +35,9 @@ void WriteXlsx(const std::vector<DetailedRow>&, const std::string& path)
 }
 #endif
 
-void WriteCsv(const std::vector<DetailedRow>& rows, const std::string& path)
+void WriteCsv(const std::vector<DetailedRow>& rows, const CsvForm& csv, const std::string& path)
 {
-    const std::string fault = WriteWholeFile(path, DetailedCsv(rows));
+    const std::string fault = WriteWholeFile(path, DetailedCsv(rows, csv));
     if (!fault.empty()) {
         throw BadInput(path + ": " + fault);
     }
@@ -51,6 +51,7 @@ int DetailedTable(const Options& options, const TableArguments& arguments)
     if (!arguments.out.empty() && ending != ".xlsx" && ending != ".csv") {
         throw BadInput(arguments.out + ": the name has to end in .xlsx or .csv");
     }
+    const CsvForm csv = CsvFormOf(options, CsvTexts::plain, ending == ".csv");
     SpareInput(arguments.out, arguments.file);
     const Library library = LoadTables(options);
     ProjectState s = OpenProject(library, arguments.file);
@@ -65,7 +66,7 @@ int DetailedTable(const Options& options, const TableArguments& arguments)
     if (ending == ".xlsx") {
         WriteXlsx(rows, arguments.out);
     } else if (ending == ".csv") {
-        WriteCsv(rows, arguments.out);
+        WriteCsv(rows, csv, arguments.out);
     } else {
         Print(DetailedText(rows));
     }

@@ -106,6 +106,21 @@ void AddFormat(CLI::App& command, Options& options, const Formats& formats)
         "--json", [&options] { options.format = Format::json; }, "short for --format json");
 }
 
+void AddCsv(CLI::App& command, Options& options)
+{
+    command
+        .add_option("--delimiter", options.delimiter,
+                    "what stands between the cells of a CSV; a comma without it")
+        ->type_name("comma|semicolon|tab")
+        ->check(CLI::IsMember({"comma", "semicolon", "tab"}).description(""));
+    command
+        .add_option("--decimal", options.decimal,
+                    "decimal sign of the numbers of a CSV; with a comma semicolons stand between "
+                    "the cells")
+        ->type_name("point|comma")
+        ->check(CLI::IsMember({"point", "comma"}).description(""));
+}
+
 void AddColor(CLI::App& app, Options& options)
 {
     static const std::vector<std::pair<std::string, Color>> kWords{

@@ -18,6 +18,9 @@ using Formats = std::vector<std::pair<std::string, Format>>;
 // --format with these words, and --json. `formats` is kept by reference.
 void AddFormat(CLI::App& command, Options& options, const Formats& formats);
 
+// --delimiter and --decimal of a CSV.
+void AddCsv(CLI::App& command, Options& options);
+
 // --color with its words.
 void AddColor(CLI::App& app, Options& options);
 

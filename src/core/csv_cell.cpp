@@ -61,6 +61,21 @@ void AppendCell(std::string& out, std::string_view text, CsvTexts texts)
     AppendQuoted(out, Printable(line), texts);
 }
 
+std::string CsvNames(std::string_view names, const CsvForm& form)
+{
+    std::string line(names);
+    std::replace(line.begin(), line.end(), ',', form.delimiter);
+    return line;
+}
+
+void SetPoint(std::string& out, std::size_t first, const CsvForm& form)
+{
+    const std::size_t at = form.point != '.' ? out.find('.', first) : std::string::npos;
+    if (at != std::string::npos) {
+        out[at] = form.point;
+    }
+}
+
 std::string_view WithoutMark(std::string_view text)
 {
     return text.starts_with('\'') && Runs(text.substr(1)) ? text.substr(1) : text;

@@ -140,11 +140,11 @@ std::string Trimmed(const std::string& text)
 
 using Fields = std::array<std::string, 4>;
 
-std::string CsvLine(const Fields& fields)
+std::string CsvLine(const Fields& fields, const CsvForm& csv)
 {
     std::string line;
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        line += i > 0 ? "," : "";
+        line.append(i > 0 ? 1 : 0, csv.delimiter);
         AppendCell(line, fields[i]);
     }
     return line + "\r\n";
@@ -206,12 +206,15 @@ std::string DetailedText(const std::vector<DetailedRow>& rows)
     return out;
 }
 
-std::string DetailedCsv(const std::vector<DetailedRow>& rows)
+std::string DetailedCsv(const std::vector<DetailedRow>& rows, const CsvForm& csv)
 {
-    std::string out = CsvLine(HeadingFields());
+    std::string out = CsvLine(HeadingFields(), csv);
     for (const DetailedRow& row : rows) {
-        out += CsvLine(
-            {row.parameter, row.number ? Trimmed(row.value) : row.value, row.unit, row.reference});
+        std::string value = row.number ? Trimmed(row.value) : row.value;
+        if (row.number) {
+            SetPoint(value, 0, csv);
+        }
+        out += CsvLine({row.parameter, std::move(value), row.unit, row.reference}, csv);
     }
     return out;
 }

@@ -3,6 +3,8 @@
 // The detailed results: every intermediate value of the stability control in one table of four
 // columns, as data. The window, the terminal, the CSV file and the spreadsheet show the same rows.
 
+#include "core/csv_cell.h"
+
 #include <array>
 #include <optional>
 #include <string>
@@ -38,6 +40,6 @@ std::string DetailedText(const std::vector<DetailedRow>& rows);
 
 // The same as RFC 4180 asks: lines end in CR LF, fields with a comma or a quote stand in quotes.
 // Numbers carry no blanks.
-std::string DetailedCsv(const std::vector<DetailedRow>& rows);
+std::string DetailedCsv(const std::vector<DetailedRow>& rows, const CsvForm& csv = {});
 
 }  // namespace kestrum

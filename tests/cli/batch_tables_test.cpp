@@ -148,6 +148,48 @@ TEST_F(BatchTables, AFileHoldsNothingThatASpreadsheetRuns)
     EXPECT_EQ(Read("p.csv"), plain);
 }
 
+// A spreadsheet with a decimal comma splits at semicolons. 12.5 kN/m over 5.5 m: the inputs come
+// back as they are typed there, texts keep their points.
+TEST_F(BatchTables, DelimiterAndDecimalSignAreChosen)
+{
+    Write("t.csv", "ident,l,qload[1]\nB 1.5,5.5,12.5\na;b,5,9\n");
+    const std::string fields = "batch -q t.csv --fields ident,l,qload[1],clause ";
+    const std::string usual = Kestrum(fields).out;
+    const std::string comma = Kestrum(fields + "--decimal comma").out;
+    EXPECT_THAT(comma, ::testing::StartsWith("member;verdict;ir;ident;l;qload[1];clause\n"));
+    EXPECT_THAT(comma, HasSubstr(";B 1.5;5,5;12,5;"));
+    EXPECT_THAT(comma, HasSubstr(";\"a;b\";5;9;"));
+    EXPECT_THAT(comma, Not(HasSubstr("clause;\"")));
+    const std::string tab = Kestrum(fields + "--delimiter tab").out;
+    EXPECT_THAT(tab, HasSubstr("\tB 1.5\t5.5\t12.5\t"));
+    EXPECT_EQ(Kestrum(fields + "--delimiter comma --decimal point").out, usual);
+
+    for (const char* refused : {"--decimal comma --delimiter comma", "--json --decimal comma",
+                                "--delimiter ';'", "--decimal ,"}) {
+        EXPECT_EQ(Kestrum(fields + refused).exit, 2) << refused;
+    }
+}
+
+TEST_F(BatchTables, AnswersWithDecimalCommasAreReadBack)
+{
+    Write("t.csv", "ident,l,qload[1]\nB 1.5,5.5,12.5\na;b,5,9\n");
+    const std::string batch = "batch -q t.csv --fields ident,l ";
+    ASSERT_EQ(Kestrum(batch + "-o o.csv").exit, 0);
+    ASSERT_EQ(Kestrum(batch + "--decimal comma -o p.csv").exit, 0);
+    EXPECT_EQ(Kestrum("summary -q p.csv").out, Kestrum("summary -q o.csv").out);
+    const std::string whole = Read("p.csv");
+    EXPECT_EQ(Kestrum(batch + "--decimal comma -o p.csv --resume").exit, 0);
+    EXPECT_EQ(Read("p.csv"), whole);
+    EXPECT_EQ(Kestrum(batch + "-o p.csv --resume").exit, 2);
+    for (const char* part : {"1", "2"}) {
+        const std::string name(part);
+        ASSERT_EQ(
+            Kestrum(batch + "--decimal comma --shard " + name + "/2 -o " + name + ".csv").exit, 0);
+    }
+    ASSERT_EQ(Kestrum("merge 1.csv 2.csv -o m.csv").exit, 0);
+    EXPECT_EQ(Read("m.csv"), whole);
+}
+
 // Control characters of names and identifiers are a way to forge what a terminal shows.
 TEST_F(BatchTables, NothingThatATerminalObeysIsPrinted)
 {
