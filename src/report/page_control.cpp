@@ -367,22 +367,27 @@ void Modal(PageWriter& page, const ProjectState& s)
     page.Row();
 }
 
-// --- Sheets -------------------------------------------------------------------------------------
+// --- Pages --------------------------------------------------------------------------------------
 
-// What stands on the first sheet; the rest goes on further ones.
+// What stands on the first page; the rest goes on further ones.
 struct Plan {
     bool low;  // saves height for the figures
     bool notes;
+    Costs costs;
     Figures figures;
     Legibility least;
 };
 
 // From the most comfortable to the one that always fits.
-constexpr Plan kPlans[] = {{false, true, Figures::all, Legibility::good},
-                           {true, true, Figures::all, Legibility::small},
-                           {true, false, Figures::all, Legibility::small},
-                           {true, false, Figures::diagrams, Legibility::small},
-                           {true, false, Figures::none, Legibility::none}};
+constexpr Plan kPlans[] = {{false, true, Costs::whole, Figures::all, Legibility::good},
+                           {true, true, Costs::whole, Figures::all, Legibility::good},
+                           {true, true, Costs::brief, Figures::all, Legibility::good},
+                           {true, true, Costs::whole, Figures::all, Legibility::small},
+                           {true, true, Costs::brief, Figures::all, Legibility::small},
+                           {true, true, Costs::elsewhere, Figures::all, Legibility::small},
+                           {true, false, Costs::elsewhere, Figures::all, Legibility::small},
+                           {true, false, Costs::elsewhere, Figures::diagrams, Legibility::small},
+                           {true, false, Costs::elsewhere, Figures::none, Legibility::none}};
 
 struct Control {
     const Library& library;
@@ -391,63 +396,71 @@ struct Control {
     Outcome outcome;
     std::vector<DesignNote> notes;
     NoteList list;  // of the notes
+    StandardPart standard;
 };
 
-void BelowFigures(PageWriter& page, const Control& control, bool notes)
+// `standard` is printed as far as the plan has it here.
+void BelowFigures(PageWriter& page, const Control& control, const Plan& plan,
+                  StandardPart& standard)
 {
     StabilityParameters(page, control.s);
     Results(page, control.s);
     Modal(page, control.s);
     PrintVerdict(page, control.outcome);
-    if (notes) {
+    if (plan.notes) {
         PrintNotes(page, control.list, 0);
     } else if (!control.notes.empty()) {
-        page.WriteBold(kPageLeft, NoteNumbers(control.notes) + " (sheet 2)");
+        page.WriteBold(kPageLeft, NoteNumbers(control.notes) + " (page 2)");
         page.Row();
+    }
+    if (plan.costs != Costs::elsewhere) {
+        standard.Print(page, plan.costs);
     }
 }
 
 // Height of what stands below the figures, to the base line of its last row.
-double HeightBelow(const Control& control, bool notes)
+double HeightBelow(const Control& control, const Plan& plan)
 {
-    constexpr double kSafety = 0.1;  // mm
+    constexpr double kSafety = 0.1;   // mm
+    constexpr double kLastRow = 0.9;  // of a list
     PageWriter trial("");
+    StandardPart standard = control.standard;
     const double top = trial.y();
-    BelowFigures(trial, control, notes);
-    return trial.y() - top - kPageRow + kSafety;
+    BelowFigures(trial, control, plan, standard);
+    return trial.y() - top - kLastRow * kPageRow + kSafety;
 }
 
-void PointToSheet2(PageWriter& page, Figures printed)
+void PointToPage2(PageWriter& page, Figures printed)
 {
     if (printed != Figures::all) {
         page.Write(kPageLeft, printed == Figures::diagrams
-                                  ? "Figures of the loads: sheet 2"
-                                  : "Figures of the loads, diagrams: sheet 2");
+                                  ? "Figures of the loads: page 2"
+                                  : "Figures of the loads, diagrams: page 2");
         page.Row(1 + kPageSpace);
     }
 }
 
-// The first sheet. False where the figures come out smaller than planned.
-bool WriteFirst(PageWriter& page, const Control& control, const Plan& plan)
+// The first page. False where the figures come out smaller than planned.
+bool WriteFirst(PageWriter& page, const Control& control, const Plan& plan, StandardPart& standard)
 {
     PageHeader(page, control.library, control.s, control.stamp, kDesignTitle);
     General(page, control.s);
     ShortProfile(page, control.library, control.s);
     GeometryAndLoading(page, control.s, plan.low);
-    PointToSheet2(page, plan.figures);
+    PointToPage2(page, plan.figures);
     if (plan.figures != Figures::none) {
         const Legibility reached =
-            PrintFigures(page, control.s, plan.figures, HeightBelow(control, plan.notes));
+            PrintFigures(page, control.s, plan.figures, HeightBelow(control, plan));
         if (reached > plan.least) {
             return false;
         }
     }
-    BelowFigures(page, control, plan.notes);
+    BelowFigures(page, control, plan, standard);
     return true;
 }
 
-// What the first sheet does not hold.
-void WriteFurther(std::vector<PageWriter>& sheets, const std::string& title, const Control& control,
+// What the first page does not hold.
+void WriteFurther(std::vector<PageWriter>& pages, const std::string& title, const Control& control,
                   const Plan& plan, StandardPart& standard)
 {
     const Figures left = plan.figures == Figures::all        ? Figures::none
@@ -457,7 +470,7 @@ void WriteFurther(std::vector<PageWriter>& sheets, const std::string& title, con
     std::size_t line = plan.notes ? lines : 0;
     bool figures = left != Figures::none;
     while (figures || line < lines || !standard.done()) {
-        PageWriter& page = sheets.emplace_back(title);
+        PageWriter& page = pages.emplace_back(title);
         PageHeader(page, control.library, control.s, control.stamp, kDesignTitle);
         if (figures && PrintFigures(page, control.s, left, 0) == Legibility::none) {
             page.Miss("figures of the loads");
@@ -470,20 +483,6 @@ void WriteFurther(std::vector<PageWriter>& sheets, const std::string& title, con
     }
 }
 
-PrintedReport Bound(std::vector<PageWriter> sheets)
-{
-    PrintedReport report;
-    for (std::size_t i = 0; i < sheets.size(); ++i) {
-        if (sheets.size() > 1) {
-            SheetNumber(sheets[i], i + 1, sheets.size());
-        }
-        PrintedReport sheet = sheets[i].Take();
-        report.pages.push_back(std::move(sheet.pages.front()));
-        report.missing.insert(report.missing.end(), sheet.missing.begin(), sheet.missing.end());
-    }
-    return report;
-}
-
 }  // namespace
 
 PrintedReport PrintControl(const Library& library, const ProjectState& s, const PrintStamp& stamp)
@@ -491,19 +490,28 @@ PrintedReport PrintControl(const Library& library, const ProjectState& s, const 
     const std::string title = "Section and stability control";
     std::vector<DesignNote> notes = DesignNotes(s);
     NoteList list = ListOf(notes);
-    const Control control{library, s, stamp, OutcomeOf(s, true), std::move(notes), std::move(list)};
-    std::vector<PageWriter> sheets;
+    const Outcome outcome = OutcomeOf(s, true);
+    const Control control{library,
+                          s,
+                          stamp,
+                          outcome,
+                          std::move(notes),
+                          std::move(list),
+                          StandardPart(library, s, outcome)};
+    std::vector<PageWriter> pages;
     for (const Plan& plan : kPlans) {
         PageWriter page(title);
-        if (WriteFirst(page, control, plan)) {
-            StandardPart standard(library, s, control.outcome);
-            standard.PrintIfRoom(page, plan.notes);
-            sheets.push_back(std::move(page));
-            WriteFurther(sheets, title, control, plan, standard);
+        StandardPart standard = control.standard;
+        if (WriteFirst(page, control, plan, standard)) {
+            if (plan.costs == Costs::elsewhere) {
+                standard.PrintLineIfRoom(page);
+            }
+            pages.push_back(std::move(page));
+            WriteFurther(pages, title, control, plan, standard);
             break;
         }
     }
-    return Bound(std::move(sheets));
+    return Bound(std::move(pages));
 }
 
 }  // namespace kestrum

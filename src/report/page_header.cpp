@@ -16,10 +16,11 @@ namespace {
 constexpr std::string_view kProgram = "Kestrum EC3";
 constexpr std::string_view kMaker = "Kestrum EC3, free software under the MIT licence";
 
-constexpr std::string_view kPageNumber = "1/1";  // of every report
+constexpr std::string_view kPageNumber = "1/1";  // of a report that fits its page
 
 constexpr double kRightColumn = 136, kRightValue = 148;
 constexpr double kLargeText = 5;
+constexpr Point kNumberPlace{kRightValue, kPageTop + kLargeText};
 constexpr std::size_t kProjectCharacters = 46, kIdentCharacters = 39, kFileCharacters = 40;
 
 // Dimensions as in "300x200x12.5".
@@ -137,14 +138,22 @@ std::string FileText(std::string_view filename)
     return std::string(fits ? filename : filename.substr(filename.find_last_of("/\\") + 1));
 }
 
-void SheetNumber(PageWriter& page, std::size_t sheet, std::size_t sheets)
+PrintedReport Bound(std::vector<PageWriter> pages)
 {
-    constexpr double kGap = 2;
-    const double y = page.y();
-    page.MoveTo(kPageTop + kLargeText);
-    page.Write(kRightValue + TextWidth(kPageNumber, kPageText) + kGap,
-               "(sheet " + std::to_string(sheet) + " of " + std::to_string(sheets) + ")");
-    page.MoveTo(y);
+    PrintedReport report;
+    const std::string count = std::to_string(pages.size());
+    for (PageWriter& page : pages) {
+        PrintedReport one = page.Take();
+        Drawing& sheet = report.pages.emplace_back(std::move(one.pages.front()));
+        for (Mark& mark : sheet.marks) {
+            auto* const text = std::get_if<TextMark>(&mark);
+            if (text != nullptr && text->text == kPageNumber && text->at == kNumberPlace) {
+                text->text = std::to_string(report.pages.size()) + "/" + count;
+            }
+        }
+        report.missing.insert(report.missing.end(), one.missing.begin(), one.missing.end());
+    }
+    return report;
 }
 
 void PageHeader(PageWriter& page, const Library& library, const ProjectState& s,

@@ -14,8 +14,8 @@ constexpr std::string_view kVortexTitle = "Vortex shedding according to EN 1991-
 void PageHeader(PageWriter& page, const Library& library, const ProjectState& s,
                 const PrintStamp& stamp, std::string_view title);
 
-// What a report of several sheets writes next to the number of its page: "(sheet 1 of 2)".
-void SheetNumber(PageWriter& page, std::size_t sheet, std::size_t sheets);
+// The pages as a report. Their heads say "1/1" until it is known how many there are.
+PrintedReport Bound(std::vector<PageWriter> pages);
 
 // The path, or behind its last folder when it is longer than 40 characters.
 std::string FileText(std::string_view filename);

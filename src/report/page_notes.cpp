@@ -38,11 +38,6 @@ void NoteList::Add(std::string id, std::string_view sentence)
     } while (!sentence.empty());
 }
 
-double NoteList::Height() const
-{
-    return lines.empty() ? 0 : (kSpace + 1 + kLine * static_cast<double>(lines.size())) * kPageRow;
-}
-
 NoteList ListOf(const std::vector<DesignNote>& notes)
 {
     NoteList list{kHead, kPageLeft + 11};
@@ -58,8 +53,10 @@ std::size_t PrintNotes(PageWriter& page, const NoteList& list, std::size_t first
         return first;
     }
     page.Row(kSpace);
-    page.WriteBold(kPageLeft, list.head);
-    page.Row();
+    if (!list.head.empty()) {
+        page.WriteBold(kPageLeft, list.head);
+        page.Row();
+    }
     const TextStyle plain{.size = kPageSmallText}, bold{.bold = true, .size = kPageSmallText};
     for (; first < list.lines.size() && page.Room() >= 0; ++first) {
         page.Write(kPageLeft, list.lines[first].id, bold, list.text);

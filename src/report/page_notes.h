@@ -18,13 +18,11 @@ struct NoteLine {
     std::string text;
 };
 struct NoteList {
-    std::string_view head;
-    double text;  // x where the sentences begin
+    std::string_view head;  // may be empty
+    double text;            // x where the sentences begin
     std::vector<NoteLine> lines{};
 
     void Add(std::string id, std::string_view sentence);
-    // Height with its heading, as PrintNotes moves.
-    double Height() const;
 };
 NoteList ListOf(const std::vector<DesignNote>& notes);
 

@@ -3,6 +3,7 @@
 #include "report/page_header.h"
 #include "report/page_notes.h"
 #include "report/page_quantities.h"
+#include "report/page_standard.h"
 #include "report/section_figure.h"
 #include "sections/families.h"
 
@@ -30,7 +31,8 @@ PrintedReport PrintProperties(const Library& library, const ProjectState& s,
                               const PrintStamp& stamp)
 {
     constexpr double kFigure = 88;  // width and height of the section's picture on the page
-    PageWriter page("Section property and capacity");
+    const std::string title = "Section property and capacity";
+    PageWriter page(title);
     PageHeader(page, library, s, stamp, kDesignTitle);
     MaterialRow(page, s);
 
@@ -58,9 +60,18 @@ PrintedReport PrintProperties(const Library& library, const ProjectState& s,
     page.Write(cls, ClassText(s));
     page.Row();
     page.Quantities(CapacitiesOf(s), 2, kPageLeft, right);
+    for (const std::string& line : MomentSidesText(s)) {
+        page.Write(kPageLeft, line, {.size = kPageSmallText}, right);
+        page.Row();
+    }
     page.MoveTo(std::max(page.y(), top + kFigure));
-    PrintNotes(page, ListOf(DesignNotes(s)), 0);
-    return page.Take();
+    const auto next = [&] {
+        PageWriter further(title);
+        PageHeader(further, library, s, stamp, kDesignTitle);
+        return further;
+    };
+    return WithNotes(std::move(page), DesignNotes(s), RatiosText(library, s, OutcomeOf(s, true)),
+                     next);
 }
 
 }  // namespace kestrum

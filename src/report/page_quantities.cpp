@@ -185,7 +185,8 @@ bool BendsAboutYOnly(const ProjectState& s)
     return !Traits(s).carries.offered.n;
 }
 
-// 23 is a class 3 web upgraded to class 2.
+constexpr i16 kWebAsClass2 = 23;  // class of a section with a class 3 web upgraded
+
 bool IsClassFour(const ProjectState& s)
 {
     return ShownClassMy(s) == 4 || (!BendsAboutYOnly(s) && (s.classn == 4 || s.classmz == 4));
@@ -213,6 +214,11 @@ constexpr Line kPointMoments[] = {
     {"Mu,Rd,1", AtPoint<&S::mru, 1>, "#0.0", kKnm}, {"Mu,Rd,2", AtPoint<&S::mru, 2>, "#0.0", kKnm},
     {"Mu,Rd,3", AtPoint<&S::mru, 3>, "#0.0", kKnm}, {"Mv,Rd,1", AtPoint<&S::mrv, 1>, "#0.0", kKnm},
     {"Mv,Rd,2", AtPoint<&S::mrv, 2>, "#0.0", kKnm}, {"Mv,Rd,3", AtPoint<&S::mrv, 3>, "#0.0", kKnm}};
+// About the legs: of the points at which the check takes them.
+constexpr Line kLegMoments[] = {{"My,Rd,1", Of<&S::mry1>, "#0.0", kKnm},
+                                {"My,Rd,2/3", Of<&S::mry2>, "#0.0", kKnm},
+                                {"Mz,Rd,1/2", Of<&S::mrz1>, "#0.0", kKnm},
+                                {"Mz,Rd,3", Of<&S::mrz2>, "#0.0", kKnm}};
 constexpr Line kMoments[] = {{"My,Rd", Of<&S::myrd>, "#0.0", kKnm},
                              {"Mz,Rd", Of<&S::mzrd>, "#0.0", kKnm}};
 constexpr Line kMomentY[] = {{"My,Rd", Of<&S::myrd>, "#0.0", kKnm}};
@@ -220,6 +226,9 @@ constexpr Line kMomentSides[] = {{"My,Rd,top (gm1)", Of<&S::mytoprd>, "#0.0", kK
                                  {"My,Rd,bottom (gm1)", Of<&S::mybotrd>, "#0.0", kKnm}};
 constexpr Line kShear[] = {{"Vz,Rd", Of<&S::vbrd>, "#0.0", kKn},
                            {"Vy,Rd", Of<&S::vcyrd>, "#0.0", kKn}};
+// Of angles the record keeps for Vy another value than that of its check.
+constexpr Line kLegShear[] = {{"Vz,Rd", Of<&S::vzrd>, "#0.0", kKn},
+                              {"Vy,Rd", Of<&S::vyrd>, "#0.0", kKn}};
 constexpr Line kShearZ[] = {{"Vz,Rd", Of<&S::vbrd>, "#0.0", kKn}};
 constexpr Line kShearAreas[] = {{"Av,z", Of<&S::avz>, kWhole, kMm2},
                                 {"Av,y", Of<&S::avy>, kWhole, kMm2}};
@@ -307,6 +316,19 @@ std::string ClassText(const ProjectState& s)
            " (N/My/Mz)";
 }
 
+std::vector<std::string> MomentSidesText(const ProjectState& s)
+{
+    if (!Is(s, Kind::i_single)) {
+        return {};
+    }
+    const auto line = [](std::string_view side, std::string_view sign, i16 cls) {
+        return "My,Rd," + std::string(side) + ": My " + std::string(sign) + ", " +
+               std::string(side) + " flange compressed, class " +
+               (cls == kWebAsClass2 ? "3, web as class 2" : std::to_string(cls));
+    };
+    return {line("top", "positive", s.classmytop), line("bottom", "negative", s.classmybot)};
+}
+
 std::vector<Quantity> CapacitiesOf(const ProjectState& s)
 {
     List list(s);
@@ -325,6 +347,7 @@ std::vector<Quantity> CapacitiesOf(const ProjectState& s)
     list.Add(kAxial);
     list.Add(kMoments);
     if (Is(s, Kind::angle)) {
+        list.Add(kLegMoments);
         list.Add(kPointMoments);
     } else {
         list.Add(kPlasticMoments);
@@ -333,7 +356,7 @@ std::vector<Quantity> CapacitiesOf(const ProjectState& s)
             list.Add(kEffectiveMoments);
         }
     }
-    list.Add(kShear);
+    list.Add(Is(s, Kind::angle) ? kLegShear : kShear);
     list.Add(kShearAreas);
     if (Is(s, Kind::i_single)) {
         list.Add(kMomentSides);

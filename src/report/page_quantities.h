@@ -27,4 +27,7 @@ std::string_view ClassHeading(const ProjectState& s);
 std::string ClassText(const ProjectState& s);
 std::vector<Quantity> CapacitiesOf(const ProjectState& s);
 
+// Sign and class of the two moment resistances of family 22; empty for others.
+std::vector<std::string> MomentSidesText(const ProjectState& s);
+
 }  // namespace kestrum

@@ -1,28 +1,41 @@
 #pragma once
 
-// What the page of the control says of EN 1993-1-1 as written: a line with the largest ratio of
-// both, and the deviations that act with what each of them costs. It takes the room that the page
-// has left and moves nothing; the rest goes on a further sheet.
+// What the pages say of EN 1993-1-1 as written: a line with the largest ratio of both, and on the
+// page of the control the deviations that act with what each of them costs.
 
 #include "core/library.h"
 #include "report/outcome.h"
 #include "report/page_notes.h"
 
+#include <cstdint>
+#include <functional>
 #include <string>
 
 namespace kestrum {
 
 struct ProjectState;
 
+// "Program: IR 0.73, ... By EN 1993-1-1 as written: ...", of a state after a pass.
+std::string RatiosText(const Library& library, const ProjectState& s, const Outcome& outcome);
+
+// Notes and a line of text below what a page shows, on further pages of `next` where it has no
+// room.
+PrintedReport WithNotes(PageWriter page, const std::vector<DesignNote>& notes, std::string line,
+                        const std::function<PageWriter()>& next);
+
+// How the deviations are listed: each with its sentence; numbers and costs alone; on another page.
+enum class Costs : std::uint8_t { whole, brief, elsewhere };
+
 class StandardPart {
 public:
     // `s` after a pass, with its outcome.
     StandardPart(const Library& library, const ProjectState& s, const Outcome& outcome);
 
-    // Below all else: the line, and behind it the whole list unless `list` is to follow elsewhere,
-    // each as far as it fits.
-    void PrintIfRoom(PageWriter& page, bool list);
-    // On a further sheet: what is left, as far as the page reaches.
+    // Below all else, whatever room there is.
+    void Print(PageWriter& page, Costs costs);
+    // The line alone, where it fits.
+    void PrintLineIfRoom(PageWriter& page);
+    // On a further page: what is left, as far as it reaches.
     void PrintRest(PageWriter& page);
     bool done() const { return line_.empty() && next_ == list_.lines.size(); }
 
@@ -30,7 +43,7 @@ private:
     void PrintLine(PageWriter& page);
 
     std::string line_;  // empty when it is printed
-    NoteList list_;
+    NoteList list_, brief_;
     std::size_t next_ = 0;  // line of the list
 };
 

@@ -2,6 +2,7 @@
 #include "core/project_state.h"
 #include "report/page_header.h"
 #include "report/page_notes.h"
+#include "report/page_standard.h"
 #include "report/section_figure.h"
 #include "sections/families.h"
 #include "service/vortex.h"
@@ -85,7 +86,8 @@ void ResultBlock(PageWriter& page, const ProjectState& s)
 PrintedReport PrintVortex(const Library& library, const ProjectState& s, const PrintStamp& stamp)
 {
     constexpr double kFigure = 80;
-    PageWriter page("Vortex shedding");
+    const std::string title = "Vortex shedding";
+    PageWriter page(title);
     PageHeader(page, library, s, stamp, kVortexTitle);
     const Drawing figure = DrawSection(s);
     const double bottom = page.y() + kFigure + kPageRow;
@@ -94,8 +96,13 @@ PrintedReport PrintVortex(const Library& library, const ProjectState& s, const P
     WindBlock(page, s);
     ResultBlock(page, s);
     page.MoveTo(std::max(page.y(), bottom));
-    PrintNotes(page, ListOf(DesignNotes(s)), 0);
-    return page.Take();
+    const auto next = [&] {
+        PageWriter further(title);
+        PageHeader(further, library, s, stamp, kVortexTitle);
+        return further;
+    };
+    return WithNotes(std::move(page), DesignNotes(s), RatiosText(library, s, OutcomeOf(s, true)),
+                     next);
 }
 
 }  // namespace kestrum

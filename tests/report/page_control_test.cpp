@@ -1,7 +1,9 @@
 #include "report/pages.h"
 
 #include "core/annexes.h"
+#include "core/file_io.h"
 #include "core/load_combination.h"
+#include "core/project_file.h"
 #include "core/project_state.h"
 #include "report/design_notes.h"
 #include "report/outcome.h"
@@ -168,8 +170,8 @@ TEST(PageControl, FullTablesOfOneDirectionKeepEveryPicture)
 }
 
 // Values with too many digits for two tables side by side: one below the other, and room is short.
-// The figures of the loads go on a second sheet, and the first says so.
-TEST(PageControl, FullTablesOfBothDirectionsPutTheLoadsOnASecondSheet)
+// The figures of the loads go on a second page, and the first says so.
+TEST(PageControl, FullTablesOfBothDirectionsPutTheLoadsOnASecondPage)
 {
     const ProjectState s = Designed(2, [](ProjectState& p) {
         FillTables(p);
@@ -186,10 +188,10 @@ TEST(PageControl, FullTablesOfBothDirectionsPutTheLoadsOnASecondSheet)
     ExpectLegible(report);
     EXPECT_THAT(report.missing, IsEmpty());
     ASSERT_THAT(report.pages, testing::SizeIs(2));
-    EXPECT_THAT(LinesOf(report.pages[0]), Contains("Kestrum EC3Page:1/1(sheet 1 of 2)"));
-    EXPECT_THAT(LinesOf(report.pages[0]), Contains("Figures of the loads: sheet 2"));
+    EXPECT_THAT(LinesOf(report.pages[0]), Contains("Kestrum EC3Page:1/2"));
+    EXPECT_THAT(LinesOf(report.pages[0]), Contains("Figures of the loads: page 2"));
     EXPECT_THAT(LinesOf(report.pages[0]), Contains(HasSubstr("My/Vz/Deflection (kNm/kN/mm)")));
-    EXPECT_THAT(LinesOf(report.pages[1]), Contains("Kestrum EC3Page:1/1(sheet 2 of 2)"));
+    EXPECT_THAT(LinesOf(report.pages[1]), Contains("Kestrum EC3Page:2/2"));
     for (const char* label : {"0.11 kN/m (G) ", "11111.5/12345.5 kN/m (G) ", "0.31 kN (G) "}) {
         EXPECT_THAT(LinesOf(report.pages[1]), Contains(HasSubstr(label)));
     }
@@ -250,6 +252,25 @@ TEST(PageControl, RandomMembersKeepEveryTextAndFigure)
             }
         }
     }
+}
+
+// Three notes and three lines on the costs below full figures: what the deviations cost fits the
+// page in short, so that no second one is needed for it.
+TEST(PageControl, AFewLinesOnCostsTakeNoSecondPage)
+{
+    ProjectState s{};
+    StartUp(Delivered(), s);
+    std::string bytes;
+    ASSERT_EQ(ReadWholeFile(KESTRUM_SOURCE "/examples/f022_crane_girder.kst", bytes), "");
+    ASSERT_FALSE(ReadProject(s, bytes));
+    ASSERT_TRUE(Calculate(Delivered(), s));
+    const PrintedReport report = PrintControl(Delivered(), s, kStamp);
+    ASSERT_THAT(report.pages, testing::SizeIs(1));
+    EXPECT_THAT(report.missing, IsEmpty());
+    ExpectLegible(report);
+    EXPECT_THAT(LinesOf(report), Contains("Kestrum EC3Page:1/1"));
+    EXPECT_THAT(LinesOf(report), Contains(StartsWith("Deviations from EN 1993-1-1 that act")));
+    EXPECT_THAT(LinesOf(report), Contains(HasSubstr("In checks that do not govern: D")));
 }
 
 // Axial force and loads in both directions, as most pages have them.

@@ -1,6 +1,7 @@
 #include "report/pages.h"
 
 #include "core/load_combination.h"
+#include "core/number_format.h"
 #include "core/project_state.h"
 #include "report/page_checks.h"
 #include "report/page_header.h"
@@ -112,6 +113,35 @@ TEST(Pages, VortexOfEveryFamilyCovered)
     }
 }
 
+// Each page ends with the largest ratios of both sets of rules.
+TEST(Pages, BothRatiosStandBelowTheProperties)
+{
+    const std::vector<std::string> lines =
+        LinesOf(PrintProperties(Delivered(), Designed(1), kStamp));
+    EXPECT_THAT(lines, Contains(testing::AllOf(StartsWith("Program: IR "),
+                                               HasSubstr("By EN 1993-1-1 as written: IR "))));
+}
+
+// Elastic shear of each leg, EN 1993-1-1, 6.2.6 (4): a parabola, two thirds of (c - t) t
+// fy/sqrt(3).
+TEST(Pages, AnglesShowTheResistancesThatTheirChecksUse)
+{
+    const ProjectState s = Designed(11);
+    ASSERT_GT(s.h, s.b);
+    const auto leg = [&s](double c) {
+        return FormatNum((c - s.tw) * s.tw * s.fyk / std::sqrt(3.0) / 1.5 / 1000, "#0.0");
+    };
+    std::string all;
+    for (const std::string& line : LinesOf(PrintProperties(Delivered(), s, kStamp))) {
+        all += line + "\n";
+    }
+    EXPECT_THAT(all, HasSubstr("Vz,Rd=" + leg(s.h) + "kN"));
+    EXPECT_THAT(all, HasSubstr("Vy,Rd=" + leg(s.b) + "kN"));
+    for (const char* moment : {"My,Rd,1=", "My,Rd,2/3=", "Mz,Rd,1/2=", "Mz,Rd,3="}) {
+        EXPECT_THAT(all, HasSubstr(moment));
+    }
+}
+
 // Resistances of five digits: 1800/600/400/12/40/30, S355, has A = 56760 mm2, Nt,Rd = 20149.8 kN
 // and My,Rd above 10000 kNm. The columns make room for them.
 TEST(Pages, LongValuesKeepTheirUnits)
@@ -123,6 +153,12 @@ TEST(Pages, LongValuesKeepTheirUnits)
     ExpectLegible(report);
     const std::vector<std::string> lines = LinesOf(report);
     EXPECT_THAT(lines, Contains(StartsWith("Nt,Rd=20149.8kN")));
+    // c/t of the web is 144.2. Half the area is the top flange and 365 mm of web, alpha = 0.211,
+    // and the limits are 36*0.8136/0.211 = 138.8 and 41.5*0.8136/0.211 = 160.0. The centroid lies
+    // 716.8 mm below the top: compressed at the bottom psi = -0.643, limit 42*0.8136/(0.67 -
+    // 0.33*0.643).
+    EXPECT_THAT(lines, Contains("My,Rd,top: My positive, top flange compressed, class 2"));
+    EXPECT_THAT(lines, Contains("My,Rd,bottom: My negative, bottom flange compressed, class 4"));
     EXPECT_THAT(lines, Contains(testing::EndsWith("kNm")));
     for (const std::string& line : lines) {
         EXPECT_THAT(line, Not(HasSubstr("...")));
