@@ -1,5 +1,6 @@
 #include "app/view_diagram.h"
 
+#include "core/load_combination.h"
 #include "core/number_format.h"
 #include "core/project_state.h"
 #include "report/member_drawing.h"
@@ -32,6 +33,13 @@ std::string DeflectionReading(const ProjectState& s, LoadAxis axis, double x)
     const auto at = static_cast<std::size_t>(std::lround(part * kSteps));
     const float deflection = z ? s.dzdiag.at(at) : s.dydiag.at(at);
     return (z ? "dz = " : "dy = ") + FormatNum(deflection, "0.0") + " mm";
+}
+
+void NameCombinations(const ProjectState& s, Utilisation& along)
+{
+    const bool all = s.loadmode == 1 && s.loadcomb >= kEq610 && s.loadcomb <= kEq610ab;
+    along.programof = all ? LoadCombinationName(s.loadcomb) : "";
+    along.standardof = all ? "all combinations" : "";
 }
 
 std::string UtilisationReading(const Utilisation& along, double x)

@@ -21,7 +21,11 @@ double StepReading(std::optional<double> x, int steps);
 // empty outside the member, and with given end forces, which have none.
 std::string DeflectionReading(const ProjectState& s, LoadAxis axis, double x);
 
-// Utilisation at the place by both bases, "IR = 0.23, EN 1993-1-1 0.31"; empty outside the member.
+// What the curves are of: the program's of the combination that is chosen, the standard's of the
+// worst of all combinations, EN 1990, 6.4.3.2; nothing is said where both are of the same one.
+void NameCombinations(const ProjectState& s, Utilisation& along);
+
+// Utilisation at the place by both bases, "IR = 0.23, EN 1993-1-1: 0.31"; empty outside the member.
 std::string UtilisationReading(const Utilisation& along, double x);
 
 }  // namespace kestrum

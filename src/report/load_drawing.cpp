@@ -92,16 +92,16 @@ std::vector<PointLoad> PointLoads(const ProjectState& s, i16 direction)
     return loads;
 }
 
-double Across(double relative)
+double Across(const MemberSpan& span, double relative)
 {
-    return kMemberStart + std::clamp(relative, 0.0, 1.0) * kMemberWidth;
+    return span.At(std::clamp(relative, 0.0, 1.0));
 }
 
 // Centre of a label so that all of it stays in the picture.
-double LabelCentre(double x, const std::string& label)
+double LabelCentre(const MemberSpan& span, double x, const std::string& label)
 {
     const double half = TextWidth(label, kLabelSize) / 2 + 0.5;
-    return std::clamp(x, half, kPictureWidth - half);
+    return std::clamp(x, half, span.Picture() - half);
 }
 
 void AddLabel(Drawing& d, Point at, const std::string& label)
@@ -123,10 +123,10 @@ double PitchOf(const LineLoad& load)
 }
 
 // The band of a line load on the line `base`, high as its values, with arrows in their direction.
-void AddBand(Drawing& d, const LineLoad& load, double base)
+void AddBand(Drawing& d, const MemberSpan& span, const LineLoad& load, double base)
 {
     constexpr double kPitch = 5;
-    const double x1 = Across(load.from), x2 = Across(load.to);
+    const double x1 = Across(span, load.from), x2 = Across(span, load.to);
     const double most = std::max(std::abs(load.q1), std::abs(load.q2));
     const auto height = [&](double t) {
         return kBand * std::abs(load.q1 + t * (load.q2 - load.q1)) / most;
@@ -146,18 +146,18 @@ void AddBand(Drawing& d, const LineLoad& load, double base)
             AddArrow(d, down ? high : low, down ? low : high, Ink::load, kThin, 1.1);
         }
     }
-    AddLabel(d, {LabelCentre(middle, load.label), base - (inside ? 0.75 : kBand + 0.9)},
+    AddLabel(d, {LabelCentre(span, middle, load.label), base - (inside ? 0.75 : kBand + 0.9)},
              load.label);
 }
 
 // The lowest row of labels in which each finds room, counted from 0.
-std::vector<int> LabelRows(const std::vector<PointLoad>& loads)
+std::vector<int> LabelRows(const MemberSpan& span, const std::vector<PointLoad>& loads)
 {
     std::vector<double> end;  // right end of each row
     std::vector<int> rows;
     for (const PointLoad& load : loads) {
         const double half = TextWidth(load.label, kLabelSize) / 2;
-        const double centre = LabelCentre(Across(load.at), load.label);
+        const double centre = LabelCentre(span, Across(span, load.at), load.label);
         std::size_t row = 0;
         while (row < end.size() && end[row] > centre - half) {
             ++row;
@@ -171,9 +171,9 @@ std::vector<int> LabelRows(const std::vector<PointLoad>& loads)
     return rows;
 }
 
-void AddPoint(Drawing& d, const PointLoad& load, double y)
+void AddPoint(Drawing& d, const MemberSpan& span, const PointLoad& load, double y)
 {
-    const double x = Across(load.at);
+    const double x = Across(span, load.at);
     if (load.moment) {
         AddTurn(d, {x, y}, kTurn, load.value > 0, Ink::load, kWeight);
         return;
@@ -182,10 +182,10 @@ void AddPoint(Drawing& d, const PointLoad& load, double y)
     AddArrow(d, load.value > 0 ? top : foot, load.value > 0 ? foot : top, Ink::load, 0.35, 2);
 }
 
-Drawing Picture(double height, std::string title)
+Drawing Picture(const MemberSpan& span, double height, std::string title)
 {
     Drawing d;
-    d.width = kPictureWidth;
+    d.width = span.Picture();
     d.height = height;
     d.title = std::move(title);
     return d;
@@ -204,12 +204,12 @@ void AddHeads(Drawing& d, const ProjectState& s, std::string_view heading)
 
 constexpr double kFoot = kMemberBelow + 4;  // member, dimension line, axial force
 
-Drawing WithLoads(const ProjectState& s, LoadAxis axis)
+Drawing WithLoads(const ProjectState& s, LoadAxis axis, const MemberSpan& span)
 {
     const i16 direction = axis == LoadAxis::z ? 1 : 0;
     const std::vector<LineLoad> lines = LineLoads(s, direction);
     const std::vector<PointLoad> points = PointLoads(s, direction);
-    const std::vector<int> rows = LabelRows(points);
+    const std::vector<int> rows = LabelRows(span, points);
     const int most = rows.empty() ? 0 : *std::max_element(rows.begin(), rows.end()) + 1;
     const double bands =
         std::accumulate(lines.begin(), lines.end(), 0.0,
@@ -217,22 +217,22 @@ Drawing WithLoads(const ProjectState& s, LoadAxis axis)
     const double pointzone = points.empty() ? 0.6 : kArrow + most * kRow + 1;
     const double y = kHead + std::max(bands + pointzone, kMemberAbove);
 
-    Drawing d = Picture(y + kFoot, axis == LoadAxis::z ? "Loads, z-axis" : "Loads, y-axis");
+    Drawing d = Picture(span, y + kFoot, axis == LoadAxis::z ? "Loads, z-axis" : "Loads, y-axis");
     AddHeads(d, s, "Lateral Load");
-    AddMember(d, s, y);
+    AddMember(d, s, y, span);
     double base = y - pointzone;
     for (const LineLoad& load : lines) {
-        AddBand(d, load, base);
+        AddBand(d, span, load, base);
         base -= PitchOf(load);
     }
     for (std::size_t i = 0; i < points.size(); ++i) {
-        AddPoint(d, points[i], y);
-        AddLabel(
-            d,
-            {LabelCentre(Across(points[i].at), points[i].label), y - kArrow - 0.9 - rows[i] * kRow},
-            points[i].label);
+        AddPoint(d, span, points[i], y);
+        AddLabel(d,
+                 {LabelCentre(span, Across(span, points[i].at), points[i].label),
+                  y - kArrow - 0.9 - rows[i] * kRow},
+                 points[i].label);
     }
-    DrawAxial(d, s, y);
+    DrawAxial(d, s, y, span);
     return d;
 }
 
@@ -241,10 +241,9 @@ struct EndForces {
     std::string m, v;  // "My", "Vz"
 };
 
-void AddEnd(Drawing& d, double x, double y, float m, float v, const std::string& mtext,
+void AddEnd(Drawing& d, double x, double y, bool left, float m, float v, const std::string& mtext,
             const std::string& vtext)
 {
-    const bool left = x < kPictureWidth / 2;
     const double side = left ? 1 : -1;
     if (m != 0) {  // a sagging moment turns the left end clockwise
         AddTurn(d, {x, y}, kEndTurn, (m > 0) != left, Ink::moment, kWeight);
@@ -265,24 +264,19 @@ void AddEnd(Drawing& d, double x, double y, float m, float v, const std::string&
     AddText(d, std::move(text));
 }
 
-Drawing WithEndForces(const ProjectState& s, LoadAxis axis)
+Drawing WithEndForces(const ProjectState& s, LoadAxis axis, const MemberSpan& span)
 {
     const bool z = axis == LoadAxis::z;
     const EndForces ends = z ? EndForces{s.my1, s.my2, s.vz1, s.vz2, "My", "Vz"}
                              : EndForces{s.mz1, s.mz2, s.vy1, s.vy2, "Mz", "Vy"};
     const double y = kHead + kEndZone;
-    Drawing d = Picture(y + kFoot, z ? "End forces, z-axis" : "End forces, y-axis");
+    Drawing d = Picture(span, y + kFoot, z ? "End forces, z-axis" : "End forces, y-axis");
     AddHeads(d, s, "Endforces");
-    AddMember(d, s, y);
-    AddEnd(d, kMemberStart, y, ends.m1, ends.v1, ends.m + "1", ends.v + "1");
-    AddEnd(d, kMemberStart + kMemberWidth, y, ends.m2, ends.v2, ends.m + "2", ends.v + "2");
-    DrawAxial(d, s, y);
+    AddMember(d, s, y, span);
+    AddEnd(d, span.At(0), y, true, ends.m1, ends.v1, ends.m + "1", ends.v + "1");
+    AddEnd(d, span.At(1), y, false, ends.m2, ends.v2, ends.m + "2", ends.v + "2");
+    DrawAxial(d, s, y, span);
     return d;
-}
-
-Drawing DrawLoads(const ProjectState& s, LoadAxis axis)
-{
-    return s.loadmode == 1 ? WithLoads(s, axis) : WithEndForces(s, axis);
 }
 
 }  // namespace
@@ -305,21 +299,26 @@ std::string AxialLoadText(const ProjectState& s)
     return text;
 }
 
-void DrawAxial(Drawing& d, const ProjectState& s, double y)
+void DrawAxial(Drawing& d, const ProjectState& s, double y, const MemberSpan& span)
 {
     if (s.ned == 0) {
         return;
     }
-    const Point inner{kMemberStart + kMemberWidth + 3, y}, outer{inner.x + 10, y};
+    const Point inner{span.At(1) + 3, y}, outer{inner.x + 10, y};
     const bool compression = s.ned > 0;
     AddArrow(d, compression ? outer : inner, compression ? inner : outer, Ink::load, 0.35, 2);
-    TextMark name{{kPictureWidth - 0.1, y - 1.4}, "Axial Load", kLabelSize};
+    TextMark name{{span.Picture() - 0.1, y - 1.4}, "Axial Load", kLabelSize};
     name.align = Align::right;
     name.ink = Ink::load;
     AddText(d, std::move(name));
-    AddText(d, {{kMemberStart, y + kMemberBelow + 2},
+    AddText(d, {{span.At(0), y + kMemberBelow + 2},
                 " Axial force (kN) " + FormatNum(s.ned, "#0.0"),
                 kLabelSize});
+}
+
+Drawing DrawLoads(const ProjectState& s, LoadAxis axis, const MemberSpan& span)
+{
+    return s.loadmode == 1 ? WithLoads(s, axis, span) : WithEndForces(s, axis, span);
 }
 
 Drawing DrawLoadZ(const ProjectState& s)

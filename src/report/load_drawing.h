@@ -15,10 +15,11 @@ enum class LoadAxis : std::uint8_t { z, y };
 
 Drawing DrawLoadZ(const ProjectState& s);
 Drawing DrawLoadY(const ProjectState& s);
+Drawing DrawLoads(const ProjectState& s, LoadAxis axis, const MemberSpan& span = {});
 
 // Arrow of the axial force at the right end of a member at the height y, and its design value below
 // the dimension line. Nothing without an axial force.
-void DrawAxial(Drawing& d, const ProjectState& s, double y);
+void DrawAxial(Drawing& d, const ProjectState& s, double y, const MemberSpan& span = {});
 
 // " (G) ", " (Q1) " or " (Q2) ".
 std::string CategoryText(double category);

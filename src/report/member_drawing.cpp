@@ -9,38 +9,38 @@ namespace kestrum {
 namespace {
 
 constexpr double kSupport = 3.6;  // height of a support
-constexpr double kEnd = kMemberStart + kMemberWidth;
 
-void AddSpringText(Drawing& d, const ProjectState& s, Support support, double x, double y)
+void AddSpringText(Drawing& d, const ProjectState& s, Support support, double x, double y,
+                   Align align)
 {
     if (support == Support::spring) {
         TextMark text{{x, y}, FormatNum(1.0 * s.spring, "#0") + " %", kLabelSize};
-        text.align = x < kEnd ? Align::right : Align::left;
+        text.align = align;
         AddText(d, std::move(text));
     }
 }
 
 }  // namespace
 
-void AddMember(Drawing& d, const ProjectState& s, double y)
+void AddMember(Drawing& d, const ProjectState& s, double y, const MemberSpan& span)
 {
     const EndSupports ends = SupportsOf(s.supportcase);
-    const double start = kMemberStart;
-    AddLine(d, {start, y}, {kEnd, y}, Ink::member, 0.6);
+    const double start = span.At(0), end = span.At(1);
+    AddLine(d, {start, y}, {end, y}, Ink::member, 0.6);
     AddSupport(d, {start, y}, ends.left, -1, kSupport);
-    AddSupport(d, {kEnd, y}, ends.right, 1, kSupport);
-    AddSpringText(d, s, ends.left, start - 4, y + 4);
-    AddSpringText(d, s, ends.right, kEnd + 4, y + 4);
+    AddSupport(d, {end, y}, ends.right, 1, kSupport);
+    AddSpringText(d, s, ends.left, start - 4, y + 4, Align::right);
+    AddSpringText(d, s, ends.right, end + 4, y + 4, Align::left);
 
     const double dim = y + 8.5;
-    for (const double x : {start, kEnd}) {
+    for (const double x : {start, end}) {
         AddLine(d, {x, dim - 1.2}, {x, dim + 1.2}, Ink::faint);
     }
-    const double middle = (start + kEnd) / 2;
+    const double middle = (start + end) / 2;
     const std::string length = "L = " + FormatNum(s.l, "#0.000") + " m";
     const double half = TextWidth(length, kLabelSize) / 2 + 1;
     AddArrow(d, {middle - half, dim}, {start, dim}, Ink::faint, kThin, 1.4);
-    AddArrow(d, {middle + half, dim}, {kEnd, dim}, Ink::faint, kThin, 1.4);
+    AddArrow(d, {middle + half, dim}, {end, dim}, Ink::faint, kThin, 1.4);
     TextMark text{{middle, dim + 0.35 * kLabelSize}, length, kLabelSize};
     text.align = Align::centre;
     AddText(d, std::move(text));

@@ -13,10 +13,8 @@ namespace kestrum {
 
 namespace {
 
-constexpr double kBand = 19.5;     // height of the curve with its texts
-constexpr double kCurve = 12;      // of the largest ordinate, upwards
-constexpr double kFoot = 17.3;     // of the axis, below the top of the band
-constexpr double kTextLine = 3.2;  // base line of the legend
+constexpr double kTextLine = 3.2;  // base line of the legend, from the top
+constexpr double kFoot = 1;        // below the axis
 constexpr double kWidth = 0.35;
 constexpr Ink kProgramInk = Ink::member, kStandardInk = Ink::load;
 
@@ -49,63 +47,80 @@ std::string RatioText(double ratio)
     return std::isfinite(ratio) ? FormatNum(ratio, "0.00") : "infinite";
 }
 
-std::string LegendText(std::string_view name, const std::optional<AlongMember>& along, double limit)
+std::string LegendText(std::string name, const std::string& of,
+                       const std::optional<AlongMember>& along, double limit)
 {
+    name += of.empty() ? ": " : " (" + of + "): ";
     if (!along) {
-        return std::string(name) + ": none";
+        return name + "none";
     }
     const double largest = LargestOf(along);
-    return std::string(name) + " " + RatioText(largest) + (largest > limit ? " ABOVE" : "");
+    return name + RatioText(largest) + (largest > limit ? " ABOVE" : "");
 }
 
-// A stroke of the curve's colour and the words behind it; the x where the next may begin.
-double AddLegend(Drawing& d, double x, double y, Ink ink, const std::string& words)
+constexpr double kStroke = 4, kBeside = 1, kBehind = 3;  // of an entry of the legend
+
+double LegendWidth(const std::string& words)
 {
-    constexpr double kStroke = 4, kGap = 1, kBehind = 4;
+    return kStroke + kBeside + TextWidth(words, kLabelSize) + kBehind;
+}
+
+// A stroke of the curve's colour and the words behind it.
+void AddLegend(Drawing& d, double x, double y, Ink ink, const std::string& words)
+{
     AddLine(d, {x, y - kLabelSize / 3}, {x + kStroke, y - kLabelSize / 3}, ink, kWidth);
-    const double text = x + kStroke + kGap;
-    AddText(d, {{text, y}, words, kLabelSize});
-    return text + TextWidth(words, kLabelSize) + kBehind;
+    AddText(d, {{x + kStroke + kBeside, y}, words, kLabelSize});
+}
+
+// Both entries side by side, without what they are of where there is no room for it.
+void AddLegends(Drawing& d, const Utilisation& along, double y)
+{
+    constexpr double kStart = 8;
+    const auto words = [&](bool whole) {
+        return std::pair(
+            LegendText("program", whole ? along.programof : "", along.program, along.limit),
+            LegendText("EN 1993-1-1", whole ? along.standardof : "", along.standard, along.limit));
+    };
+    const auto [program, standard] = words(true);
+    const bool fits = kStart + LegendWidth(program) + LegendWidth(standard) - kBehind < d.width;
+    const auto shown = fits ? std::pair(program, standard) : words(false);
+    AddLegend(d, kStart, y, kProgramInk, shown.first);
+    AddLegend(d, kStart + LegendWidth(shown.first), y, kStandardInk, shown.second);
 }
 
 }  // namespace
 
-Drawing WithUtilisation(Drawing picture, const Utilisation& along)
+void AddUtilisation(Drawing& d, const Utilisation& along, const MemberSpan& span, double top,
+                    double height)
 {
-    const double top = picture.height;
-    const double axis = top + kFoot, start = kMemberStart, end = kMemberStart + kMemberWidth;
+    const double axis = top + height - kFoot;
+    const double curve = std::max(1.0, height - kUtilisationAround);
     const double most = LargestFinite(along);
-    const auto height = [&](double ratio) {
-        return most > 0 ? axis - kCurve * Finite(ratio, most) / most : axis;
+    const auto y = [&](double ratio) {
+        return most > 0 ? axis - curve * Finite(ratio, most) / most : axis;
     };
-    picture.height = top + kBand;
     TextMark heading{{1, top + kTextLine}, "IR", kHeadingSize};
     heading.bold = true;
-    AddText(picture, std::move(heading));
-    AddLine(picture, {start, axis}, {end, axis}, Ink::member, kThin);
-    AddLine(picture, {start, height(along.limit)}, {end, height(along.limit)}, Ink::bad, kThin,
-            true);
-    AddText(picture, {{end + 1, height(along.limit) + kLabelSize / 3},
-                      FormatNum(along.limit, "0.00"),
-                      kLabelSize});
+    AddText(d, std::move(heading));
+    AddLine(d, {span.At(0), axis}, {span.At(1), axis}, Ink::member, kThin);
+    AddLine(d, {span.At(0), y(along.limit)}, {span.At(1), y(along.limit)}, Ink::bad, kThin, true);
+    AddText(d, {{span.At(1) + 1, y(along.limit) + kLabelSize / 3},
+                FormatNum(along.limit, "0.00"),
+                kLabelSize});
     const auto draw = [&](const std::optional<AlongMember>& line, Ink ink) {
         if (!line) {
             return;
         }
         std::vector<Point> points;
         for (std::size_t j = 0; j < line->size(); ++j) {
-            const double x = start + kMemberWidth * static_cast<double>(j) / (kDiagramPoints - 1);
-            points.push_back({x, height((*line)[j])});
+            points.push_back(
+                {span.At(static_cast<double>(j) / (kDiagramPoints - 1)), y((*line)[j])});
         }
-        AddCurve(picture, std::move(points), ink, kWidth);
+        AddCurve(d, std::move(points), ink, kWidth);
     };
     draw(along.program, kProgramInk);
     draw(along.standard, kStandardInk);
-    const double next = AddLegend(picture, start, top + kTextLine, kProgramInk,
-                                  LegendText("program", along.program, along.limit));
-    AddLegend(picture, next, top + kTextLine, kStandardInk,
-              LegendText("EN 1993-1-1", along.standard, along.limit));
-    return picture;
+    AddLegends(d, along, top + kTextLine);
 }
 
 std::string UtilisationText(const Utilisation& along, std::size_t point)
@@ -115,7 +130,7 @@ std::string UtilisationText(const Utilisation& along, std::size_t point)
         text = "IR = " + RatioText(along.program->at(point));
     }
     if (along.standard) {
-        text += (text.empty() ? "" : ", ") + std::string("EN 1993-1-1 ") +
+        text += (text.empty() ? "" : ", ") + std::string("EN 1993-1-1: ") +
                 RatioText(along.standard->at(point));
     }
     return text;

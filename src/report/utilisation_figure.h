@@ -6,6 +6,7 @@
 
 #include "engine/utilisation.h"
 #include "report/drawing.h"
+#include "report/member_drawing.h"
 
 #include <cstddef>
 #include <string>
@@ -15,12 +16,17 @@ namespace kestrum {
 struct Utilisation {
     std::optional<AlongMember> program{}, standard{};
     double limit = 1;
+    // What each is of: the combination in force, "EN 1990 Eq 6.10"; the worst of all of them.
+    std::string programof{}, standardof{};
 };
 
-// The picture of an axis (report/diagrams) with the curves below.
-Drawing WithUtilisation(Drawing picture, const Utilisation& along);
+constexpr double kUtilisationAround = 5.4;  // height of the band that is not the curves
 
-// "IR = 0.23, EN 1993-1-1 0.31" at a stored point.
+// The curves as a band of a picture along the member, `height` high from `top` on.
+void AddUtilisation(Drawing& d, const Utilisation& along, const MemberSpan& span, double top,
+                    double height);
+
+// "IR = 0.23, EN 1993-1-1: 0.31" at a stored point.
 std::string UtilisationText(const Utilisation& along, std::size_t point);
 
 }  // namespace kestrum

@@ -4,6 +4,7 @@
 #include "app/locale_text.h"
 #include "app/view_member.h"
 #include "ui/text.h"
+#include "ui/theme.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -20,13 +21,16 @@ namespace {
 
 constexpr QRgb kFocusGreen = 65280;  // pure green
 
-// Black on green and white on dark green: readable in every palette.
+// Black on green, what is selected white on dark green; in a dark window the other way round, which
+// does not dazzle.
 QPalette FocusPalette(QPalette palette)
 {
-    palette.setColor(QPalette::Base, QColor::fromRgb(kFocusGreen));
-    palette.setColor(QPalette::Text, Qt::black);
-    palette.setColor(QPalette::Highlight, QColor(0x0b, 0x4f, 0x1b));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
+    const QColor deep(0x0b, 0x4f, 0x1b);
+    const bool dark = IsDark(palette);
+    palette.setColor(QPalette::Base, dark ? deep : QColor::fromRgb(kFocusGreen));
+    palette.setColor(QPalette::Text, dark ? Qt::white : Qt::black);
+    palette.setColor(QPalette::Highlight, dark ? QColor(0x6f, 0xe0, 0x8a) : deep);
+    palette.setColor(QPalette::HighlightedText, dark ? Qt::black : Qt::white);
     return palette;
 }
 

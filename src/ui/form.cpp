@@ -270,6 +270,7 @@ QHBoxLayout* Form::AddButtons(const QString& okname)
     QPushButton* const ok = bind_.Button(okname, tr("&OK"), [this] { accept(); });
     ok->setMinimumWidth(90);
     row->setContentsMargins(kMargin, 0, kMargin, kMargin - kGap);
+    row->setSpacing(kGap);  // not that of the column
     row->addStretch(1);
     row->addWidget(ok);
     static_cast<QVBoxLayout*>(layout())->addLayout(row);  // below what is scrolled

@@ -48,7 +48,7 @@ Form* MakeAbout(Desk& desk, QWidget* parent)
     auto* const column = new QVBoxLayout;
     auto* const name = new QLabel(QStringLiteral("Kestrum EC3"));
     QFont large = name->font();
-    large.setPointSizeF(large.pointSizeF() * 1.7);
+    large.setPointSizeF(large.pointSizeF() * kTitleText);
     large.setBold(true);
     name->setFont(large);
     column->addWidget(name);

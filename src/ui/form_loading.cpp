@@ -247,6 +247,7 @@ Form* MakeLoading(Desk& desk, QWidget* parent)
     columns->setSpacing(kGap);
     auto* const left = new QVBoxLayout;
     auto* const pair = new QHBoxLayout;
+    pair->setSpacing(kGap);
     pair->addWidget(SimpleGroup(bind, QStringLiteral("frN"), QObject::tr("Axial loads"),
                                 QStringLiteral("N (kN)"), "inn", kAxial, 3));
     pair->addWidget(SimpleGroup(bind, QStringLiteral("frq"), QObject::tr("Uniform loads"),

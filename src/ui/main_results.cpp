@@ -7,6 +7,7 @@
 #include "core/project_state.h"
 #include "engine/calculate.h"
 #include "report/diagrams.h"
+#include "report/pane_diagrams.h"
 #include "report/section_figure.h"
 #include "sections/family_table.h"
 #include "ui/form.h"
@@ -17,6 +18,7 @@
 #include "ui/text.h"
 #include "ui/theme.h"
 
+#include <QApplication>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -25,6 +27,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -34,8 +37,6 @@ namespace kestrum {
 
 namespace {
 
-constexpr double kLoadScale = 5.2;  // pixels per unit at most, for texts of ordinary size
-constexpr double kDiagramStretch = 1.7;
 constexpr int kNarrowestDiagram = 220;
 
 // --- Diagrams ------------------------------------------------------------------------------------
@@ -76,6 +77,8 @@ public:
         for (const Labels& at : labels_) {
             at.forces->setText(x_ ? text(HoverText(s, at.axis, *x_)) : QString());
             at.deflection->setText(x_ ? text(DeflectionReading(s, at.axis, *x_)) : QString());
+            at.forces->setVisible(!at.forces->text().isEmpty());
+            at.deflection->setVisible(!at.deflection->text().isEmpty());
             const QString used =
                 x_ ? text(UtilisationReading(desk_.standard->along(), *x_)) : QString();
             at.moment->SetReading(x_, used);
@@ -97,6 +100,39 @@ private:
     std::optional<double> x_;
 };
 
+// Of the last good pass, faded while that is not the file's.
+Picture* Pane(Binder& bind, const QString& name, const std::function<Drawing(PaneRoom)>& draw)
+{
+    auto* const picture = new Picture(name);
+    bind.Follow([picture, draw, &session = bind.session()](const ProjectState&) {
+        picture->ShowPane([draw, &session](PaneRoom room) {
+            return ForLocale(draw(room), session.decimalcomma());
+        });
+        picture->SetFaded(session.halfread());
+    });
+    return picture;
+}
+
+// Words that come and go on the upper edge of a picture, over whatever is drawn there.
+void LayOver(QWidget& picture, std::initializer_list<QLabel*> labels)
+{
+    auto* const column = new QVBoxLayout(&picture);
+    column->setContentsMargins(2, 2, 2, 2);
+    column->setSpacing(0);
+    QFont font = QApplication::font();
+    font.setPointSizeF(font.pointSizeF() * kDiagramText);
+    for (QLabel* const label : labels) {
+        label->setFont(font);
+        label->setAlignment(Qt::AlignCenter);
+        label->setAutoFillBackground(true);
+        label->setBackgroundRole(QPalette::Base);
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        label->setAttribute(Qt::WA_TransparentForMouseEvents);
+        column->addWidget(label);
+    }
+    column->addStretch(1);
+}
+
 QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis,
                         const std::shared_ptr<Reading>& reading)
 {
@@ -106,17 +142,15 @@ QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis,
                                      : QObject::tr("Loading/Moment/Shear/Deflection - Y-axis  "));
     group->setMinimumWidth(kNarrowestDiagram);  // less than its title with a large font
     QVBoxLayout* const column = ColumnOf(group);
-    Picture* const load =
-        bind.ResultFigure(z ? QStringLiteral("PicLoadZ") : QStringLiteral("PicLoadY"),
-                          [axis](const ProjectState& s) { return DrawAll(s, axis).load; });
-    Picture* const moment = bind.ResultFigure(z ? QStringLiteral("PicMy") : QStringLiteral("PicMz"),
-                                              [axis, &desk](const ProjectState& s) {
-                                                  return WithUtilisation(DrawAll(s, axis).moment,
-                                                                         desk.standard->along());
-                                              });
+    Picture* const load = Pane(
+        bind, z ? QStringLiteral("PicLoadZ") : QStringLiteral("PicLoadY"),
+        [&desk, axis](PaneRoom room) { return DrawPaneLoads(desk.session.shown(), axis, room); });
+    Picture* const moment = Pane(
+        bind, z ? QStringLiteral("PicMy") : QStringLiteral("PicMz"), [&desk, axis](PaneRoom room) {
+            return DrawPaneCurves(desk.session.shown(), axis, desk.standard->along(), room);
+        });
     auto* const forces = new QLabel;
     forces->setObjectName(z ? QStringLiteral("hoverz") : QStringLiteral("hovery"));
-    forces->setMinimumHeight(forces->fontMetrics().height());
     auto* const deflection = new QLabel;
     deflection->setObjectName(z ? QStringLiteral("readingz") : QStringLiteral("readingy"));
     reading->Add(axis, forces, deflection, moment);
@@ -140,16 +174,30 @@ QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis,
     load->setAccessibleName(z ? QObject::tr("Loads along z") : QObject::tr("Loads along y"));
     moment->setAccessibleName(z ? QObject::tr("Moment, shear, deflection and utilisation along z")
                                 : QObject::tr("Moment, shear, deflection and utilisation along y"));
-    load->SetLargestScale(kLoadScale);
-    moment->SetStretch(kDiagramStretch);
-    column->addWidget(load, 36);
-    column->addWidget(moment, 64);
-    auto* const row = new QHBoxLayout;
-    row->addWidget(forces);
-    row->addWidget(deflection);
-    row->addStretch(1);
-    column->addLayout(row);
+    column->addWidget(load);  // ShareHeight has their shares
+    column->addWidget(moment);
+    LayOver(*moment, {forces, deflection});
     return group;
+}
+
+// An axis without anything to see leaves its room to the other one. The loads have the height that
+// they need beside the curves, the same in both axes.
+void ShareRoom(const QWidget& host, const ProjectState& s)
+{
+    constexpr double kCurves = 75, kLeast = 30, kMost = 60;  // units of the pictures
+    const bool y = IsAxisLoaded(s, LoadAxis::y), z = IsAxisLoaded(s, LoadAxis::z) || !y;
+    double loads = kLeast;
+    for (const auto& [axis, seen] : {std::pair(LoadAxis::z, z), std::pair(LoadAxis::y, y)}) {
+        loads = seen ? std::max(loads, DrawPaneLoads(s, axis, {}).height) : loads;
+    }
+    for (const auto& [name, seen] :
+         {std::pair(QStringLiteral("fr2"), z), std::pair(QStringLiteral("fr3"), y)}) {
+        auto* const group = host.findChild<QWidget*>(name);
+        auto* const column = static_cast<QVBoxLayout*>(group->layout());
+        column->setStretch(0, qRound(std::min(loads, kMost)));
+        column->setStretch(1, qRound(kCurves));
+        group->setVisible(seen);
+    }
 }
 
 // --- Results -------------------------------------------------------------------------------------
@@ -233,6 +281,7 @@ QGroupBox* NotesGroup(Binder& bind, Desk& desk)
     list->setAccessibleName(QObject::tr("Deviations from EN 1993-1-1 that act, with what each adds "
                                         "to its ratio, and notes on the result"));
     list->setWordWrap(true);
+    list->setAlternatingRowColors(true);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setMinimumSize(80, 40);
     const auto shown = std::make_shared<DeviationList>(desk, group, list);
@@ -318,6 +367,9 @@ QWidget* DiagramPanel(Binder& bind, Desk& desk)
     row->addWidget(DiagramGroup(bind, desk, LoadAxis::z, reading));
     row->addWidget(DiagramGroup(bind, desk, LoadAxis::y, reading));
     bind.Follow([reading](const ProjectState&) { reading->Show(); });
+    bind.Follow([host, &session = desk.session](const ProjectState&) {
+        ShareRoom(*host, session.shown());
+    });
     return host;
 }
 
@@ -326,8 +378,8 @@ QWidget* ResultGroup(Binder& bind, Desk& desk)
     auto* const host = new QWidget;
     auto* const row = new QHBoxLayout(host);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(ResultsGroup(bind, desk), 10);
-    row->addWidget(NotesGroup(bind, desk), 3);
+    row->addWidget(ResultsGroup(bind, desk), 11);
+    row->addWidget(NotesGroup(bind, desk), 4);
     return host;
 }
 

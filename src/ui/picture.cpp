@@ -17,38 +17,12 @@ namespace kestrum {
 
 namespace {
 
-constexpr double kSmallestText = 0.75;  // over the size of the system font
-
 double FittingScale(const Drawing& drawing, QSizeF room)
 {
     if (drawing.width <= 0 || drawing.height <= 0) {
         return 0;
     }
     return std::min(room.width() / drawing.width, room.height() / drawing.height);
-}
-
-// The same drawing, wider; its texts stay as wide as they are.
-Drawing Widened(Drawing drawing, double factor)
-{
-    drawing.width *= factor;
-    const auto widen = [factor](Point& p) { p.x *= factor; };
-    for (Mark& mark : drawing.marks) {
-        if (auto* const line = std::get_if<LineMark>(&mark)) {
-            widen(line->from);
-            widen(line->to);
-        } else if (auto* const polygon = std::get_if<PolygonMark>(&mark)) {
-            for (auto& ring : polygon->rings) {
-                std::for_each(ring.begin(), ring.end(), widen);
-            }
-        } else if (auto* const curve = std::get_if<PolylineMark>(&mark)) {
-            std::for_each(curve->points.begin(), curve->points.end(), widen);
-        } else if (auto* const circle = std::get_if<CircleMark>(&mark)) {
-            widen(circle->centre);
-        } else {
-            widen(std::get<TextMark>(mark).at);
-        }
-    }
-    return drawing;
 }
 
 // Small texts grow towards a size that can be read, as far as they keep clear of each other.
@@ -115,16 +89,33 @@ void Picture::Show(Drawing drawing)
     update();
 }
 
-Picture::Fit Picture::FitInto(QSizeF room, double largest) const
+void Picture::ShowPane(std::function<Drawing(PaneRoom)> lay)
+{
+    lay_ = std::move(lay);
+    cache_ = {};
+    update();
+}
+
+// What needs more than there is, such as many loads above each other, is drawn smaller.
+void Picture::LayOut()
+{
+    const double unit = kDiagramText * SystemFontSize() / kLabelSize;
+    PaneRoom room{width() / unit, height() / unit};
+    span_ = room.Span();
+    drawing_ = lay_(room);
+    const double over = std::max(drawing_.width / room.width, drawing_.height / room.height);
+    if (over > 1) {
+        room = {room.width * over, room.height * over};
+        span_ = room.Span();
+        drawing_ = lay_(room);
+    }
+}
+
+Picture::Fit Picture::FitInto(QSizeF room) const
 {
     Fit fit;
-    if (drawing_.width <= 0 || drawing_.height <= 0) {
-        return fit;
-    }
-    const double sx = room.width() / drawing_.width, sy = room.height() / drawing_.height;
-    fit.stretch = std::clamp(sx / sy, 1.0, stretch_);
-    fit.scale = std::min({sx / fit.stretch, sy, largest});
-    fit.origin = QPointF((room.width() - drawing_.width * fit.stretch * fit.scale) / 2,
+    fit.scale = FittingScale(drawing_, room);
+    fit.origin = QPointF((room.width() - drawing_.width * fit.scale) / 2,
                          (room.height() - drawing_.height * fit.scale) / 2);
     return fit;
 }
@@ -133,12 +124,17 @@ void Picture::RenderCache()
 {
     const double ratio = devicePixelRatioF();
     const QSizeF room = QSizeF(size()) * ratio;
-    const Fit fit = FitInto(room, largest_ * ratio);
+    if (lay_) {
+        LayOut();
+    }
+    const Fit fit = FitInto(room);
     cache_ = QPixmap(room.toSize().expandedTo({1, 1}));
     cache_.fill(Qt::transparent);
     if (fit.scale > 0) {
-        Drawing shown = Widened(drawing_, fit.stretch);
-        EnlargeTexts(shown, fit.scale, kSmallestText * SystemFontSize() * ratio);
+        Drawing shown = drawing_;
+        if (!lay_) {
+            EnlargeTexts(shown, fit.scale, kFigureText * SystemFontSize() * ratio);
+        }
         QPainter painter(&cache_);
         Paint(painter, shown, fit.scale, fit.origin, ColoursOf(palette()));
     }
@@ -158,9 +154,10 @@ void Picture::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
     painter.setOpacity(faded_ ? kFaded : 1);
     painter.drawPixmap(0, 0, cache_);
-    const Fit fit = FitInto(QSizeF(size()), largest_);
+    const Fit fit = FitInto(QSizeF(size()));
     if (reading_ && fit.scale > 0) {
-        const double x = fit.origin.x() + *reading_ * fit.stretch * fit.scale;
+        const double part = (*reading_ - kMemberStart) / kMemberWidth;
+        const double x = fit.origin.x() + span_.At(part) * fit.scale;
         painter.setOpacity(1);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DashLine));
         painter.drawLine(QPointF(x, 2), QPointF(x, height() - 2));
@@ -201,10 +198,11 @@ void Picture::SetFaded(bool faded)
 
 void Picture::mouseMoveEvent(QMouseEvent* event)
 {
-    const Fit fit = FitInto(QSizeF(size()), largest_);
+    const Fit fit = FitInto(QSizeF(size()));
     if (hovered && fit.scale > 0) {
         const QPointF p = (event->position() - fit.origin) / fit.scale;
-        hovered({p.x() / fit.stretch, p.y()});
+        const double part = (p.x() - kMemberStart) / span_.length;
+        hovered({kMemberStart + part * kMemberWidth, p.y()});
     }
 }
 

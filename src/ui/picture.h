@@ -1,9 +1,11 @@
 #pragma once
 
-// A drawing in a window, as large as fits, in the colours of the palette; a button with a drawing.
+// A drawing in a window, as large as fits or laid out for the room that there is, in the colours of
+// the palette; a button with a drawing.
 
 #include "render/painter.h"
 #include "report/drawing.h"
+#include "report/pane_diagrams.h"
 
 #include <QPixmap>
 #include <QToolButton>
@@ -25,21 +27,21 @@ public:
 
     void Show(Drawing drawing);
 
-    // A diagram may be wider than drawn, up to this factor.
-    void SetStretch(double most) { stretch_ = most; }
-    // Device-independent pixels per unit at most, so that a small drawing is not blown up.
-    void SetLargestScale(double largest) { largest_ = largest; }
+    // A drawing along the member that is laid out for the room, in every size with texts of the
+    // size of kDiagramText.
+    void ShowPane(std::function<Drawing(PaneRoom room)> lay);
 
     // A drawing of results that are not those of the project in hand.
     void SetFaded(bool faded);
 
-    // A line across the drawing at x, in its units, with words at its foot; none without a value.
+    // A line across a pane at x with words at its foot; none without a value. Places on the member
+    // are told in the units of report/member_drawing whatever its length in the pane.
     void SetReading(std::optional<double> x, const QString& words = {});
 
     // What the right mouse button and the menu key open, for the drawing in sight.
     std::function<void(const Drawing& drawing, QPoint at)> menu;
 
-    // Point under the mouse in units of the drawing; nothing (not a number) when it leaves.
+    // Point under the mouse in units of the drawing, x as for the reading.
     std::function<void(Point)> hovered;
     std::function<void()> left;
     std::function<void()> clicked;
@@ -60,19 +62,20 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    // How the drawing lies in the widget: pixels per unit, after stretching in x.
+    // How the drawing lies in the widget: pixels per unit.
     struct Fit {
-        double scale = 0, stretch = 1;
+        double scale = 0;
         QPointF origin;
     };
+    void LayOut();
     void RenderCache();
     void PaintWords(QPainter& painter, double x) const;
-    Fit FitInto(QSizeF room, double largest) const;
+    Fit FitInto(QSizeF room) const;
 
     Drawing drawing_;
+    std::function<Drawing(PaneRoom)> lay_;
+    MemberSpan span_;  // of the pane as it is laid out
     QPixmap cache_;
-    double stretch_ = 1;
-    double largest_ = 1e9;
     bool faded_ = false;
     std::optional<double> reading_;
     QString words_;  // at the foot of the reading

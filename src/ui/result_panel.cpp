@@ -31,8 +31,6 @@ constexpr double kBarWidth = 4;     // font sizes
 constexpr double kBarGap = 0.8;     // font sizes between bar and text
 constexpr double kUnderline = 0.2;  // font sizes below the baseline
 constexpr double kBarEnd = 1.25;    // utilisation at the end of a bar
-constexpr double kSizeStep = 0.25;
-constexpr double kSmallest = 0.72, kLargest = 1.4;  // font size over that of the system
 constexpr double kPointsPerInch = 72;
 constexpr int kEdge = 4;                  // pixels above and below in all
 constexpr double kStandardColumn = 0.44;  // of the width: where the standard's ratios begin
@@ -88,35 +86,31 @@ public:
             const bool head = !line.left.empty() && line.left.front().underline;
             const bool beside = i == 0 && group.standard.present;
             const double from = head ? 0 : start_;
-            const double to = beside ? StandardColumn(block) - size_ : room_;
+            const double to = beside ? StandardColumn(group) - size_ : room_;
             const double room = line.result.empty() ? to - from : column - size_ - from;
             PaintRuns(painter, palette, {from, y}, room, line.left);
             PaintRuns(painter, palette, {column, y}, columns.results, line.result);
             if (beside) {
-                PaintStandard(painter, palette, {StandardColumn(block), y}, group.standard);
+                PaintStandard(painter, palette, {StandardColumn(group), y}, group.standard);
             }
         }
+    }
+
+    double room() const { return room_; }
+
+    // Whether a line of the block would stand where the corner is, if that were in its height.
+    bool Reaches(const PanelGroup& group, const PanelLine& line, double corner) const
+    {
+        const Columns columns = ColumnsOf(group.block);
+        const bool beside = group.standard.present && &line == &group.block.front();
+        return beside || corner < (line.result.empty() ? start_ + WidthOf(line.left, font_)
+                                                       : ResultColumn(columns) + columns.results);
     }
 
     // Where a line of the block lies.
     QRectF LineRect(const PanelLine& line, double down) const
     {
         return {0, Baseline(line, down) - size_, room_, size_ * kLineStep};
-    }
-
-    // Whether a line of the block runs into the lower right corner.
-    bool Reaches(const PanelGroup& group, double down, QPointF corner) const
-    {
-        const PanelBlock& block = group.block;
-        const Columns columns = ColumnsOf(block);
-        return std::any_of(block.begin(), block.end(), [&](const PanelLine& line) {
-            const bool beside = group.standard.present && &line == &block.front();
-            const double right = beside ? room_
-                                 : line.result.empty()
-                                     ? start_ + WidthOf(line.left, font_)
-                                     : ResultColumn(columns) + WidthOf(line.result, font_);
-            return Baseline(line, down) + size_ * kUnderline > corner.y() && right > corner.x();
-        });
     }
 
 private:
@@ -142,19 +136,26 @@ private:
         return std::max(start_, std::min(columns.result, room_ - columns.results));
     }
 
-    // Behind the head of the block.
-    double StandardColumn(const PanelBlock& block) const
+    // Behind the head of the block, which gives way where there is no room for bar and ratio.
+    double StandardColumn(const PanelGroup& group) const
     {
-        return std::max(room_ * kStandardColumn, WidthOf(block.front().left, font_) + size_);
+        const double behind =
+            std::max(room_ * kStandardColumn, WidthOf(group.block.front().left, font_) + size_);
+        return std::min(behind, room_ - start_ - WidthOf(StandardRuns(group.standard), font_));
+    }
+
+    static std::vector<TextRun> StandardRuns(const StandardGroup& standard)
+    {
+        return {
+            {.text = "EN 1993-1-1: "},
+            {.text = standard.ratio, .bold = true, .colour = standard.above ? kAbove : kWithin}};
     }
 
     void PaintStandard(QPainter& painter, const QPalette& palette, QPointF at,
                        const StandardGroup& standard) const
     {
         PaintBar(painter, palette, at, standard.utilisation, standard.above);
-        const i16 colour = standard.above ? kAbove : kWithin;
-        const std::vector<TextRun> ratio{{.text = "EN 1993-1-1: "},
-                                         {.text = standard.ratio, .bold = true, .colour = colour}};
+        const std::vector<TextRun> ratio = StandardRuns(standard);
         at.rx() += start_;
         PaintRuns(painter, palette, at, room_ - at.x(), ratio);
         at.rx() += WidthOf(ratio, font_) + size_ / 2;
@@ -178,18 +179,20 @@ private:
                std::any_of(line.result.begin(), line.result.end(), above);
     }
 
-    // A calculation that is too long loses its middle, never its end.
+    // A calculation that is too long loses its middle, never its end; a head its last words.
     void PaintRuns(QPainter& painter, const QPalette& palette, QPointF at, double room,
                    const std::vector<TextRun>& runs) const
     {
         const InkColours colours = ColoursOf(palette);
+        const double end = at.x() + room;
         for (const TextRun& run : runs) {
             const QFont font = FontOf(run, font_);
             const QFontMetricsF metrics(font);
             QString text = ToQt(run.text);
             constexpr double kRounding = 0.5;
-            if (runs.size() == 1 && metrics.horizontalAdvance(text) > room + kRounding) {
-                text = metrics.elidedText(text, Qt::ElideMiddle, room);
+            if (run.colour == 0 && at.x() + metrics.horizontalAdvance(text) > end + kRounding) {
+                text = metrics.elidedText(text, runs.size() == 1 ? Qt::ElideMiddle : Qt::ElideRight,
+                                          end - at.x());
             }
             painter.setFont(font);
             painter.setPen(run.colour == kWithin  ? colours(Ink::good)
@@ -238,57 +241,16 @@ double LinesOf(const std::vector<PanelGroup>& groups)
                      kBlockGap * static_cast<double>(groups.size() - 1);
 }
 
-// Which font size the lines get in the width that there is.
-class Fitting {
-public:
-    Fitting(const std::vector<PanelGroup>& groups, double width, int dpi)
-        : groups_(groups), width_(width), dpi_(dpi)
-    {
-    }
-
-    Layout At(double size) const
-    {
-        QFont font(QStringLiteral("Liberation Sans"));
-        font.setStyleHint(QFont::SansSerif);
-        font.setHintingPreference(QFont::PreferNoHinting);  // widths grow with the size
-        font.setPointSizeF(size * kPointsPerInch / dpi_);
-        return {font, size, width_};
-    }
-
-    bool Fits(double size) const
-    {
-        const Layout layout = At(size);
-        return std::all_of(groups_.begin(), groups_.end(), [&](const PanelGroup& group) {
-            return layout.WidthOfBlock(group.block) <= width_;
-        });
-    }
-
-    // As large as height and width allow.
-    double SizeFor(double height) const
-    {
-        const double smallest = kSmallest * SystemFontSize(), largest = kLargest * SystemFontSize();
-        double size = std::clamp(height / (LinesOf(groups_) * kLineStep), smallest, largest);
-        while (size > smallest && !Fits(size)) {
-            size = std::max(smallest, size - kSizeStep);
-        }
-        return size;
-    }
-
-    bool Reaches(double size, QPointF corner) const
-    {
-        const Layout layout = At(size);
-        double down = -kBlockGap;
-        return std::any_of(groups_.begin(), groups_.end(), [&](const PanelGroup& group) {
-            down += kBlockGap;
-            return layout.Reaches(group, down, corner);
-        });
-    }
-
-private:
-    const std::vector<PanelGroup>& groups_;
-    double width_;
-    int dpi_;
-};
+// The lines as they stand in a width: their letters have one size, whatever there is to tell.
+Layout LayoutIn(double width, int dpi)
+{
+    const double size = kPanelText * SystemFontSize();
+    QFont font(QStringLiteral("Liberation Sans"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setHintingPreference(QFont::PreferNoHinting);  // widths grow with the size
+    font.setPointSizeF(size * kPointsPerInch / dpi);
+    return {font, size, width};
+}
 
 // A ratio above the limit says so also to those who do not see its colour.
 void SetInWords(PanelBlock& block)
@@ -365,14 +327,28 @@ void ResultPanel::SetFaded(bool faded)
     update();
 }
 
+// Beside the last lines, where they leave room for it.
+bool ResultPanel::CornerBelow() const
+{
+    const Layout layout = LayoutIn(width() - 2.0 * kMargin, logicalDpiY());
+    const double corner = width() - 2.0 * kMargin - corner_->sizeHint().width();
+    const double high = corner_->sizeHint().height() / (kPanelText * SystemFontSize() * kLineStep);
+    const double last = groups_.empty() ? 0 : groups_.back().block.back().y;
+    return std::any_of(groups_.begin(), groups_.end(), [&](const PanelGroup& group) {
+        return std::any_of(group.block.begin(), group.block.end(), [&](const PanelLine& line) {
+            return line.y > last - high - 1 && layout.Reaches(group, line, corner);
+        });
+    });
+}
+
 // Low enough for a small screen, but no line is lost, nor hidden by the corner.
 QSize ResultPanel::minimumSizeHint() const
 {
-    constexpr double kNarrowest = 25;  // font sizes
-    const double size = SystemFontSize();
+    constexpr double kNarrowest = 30;  // font sizes
+    const double size = kPanelText * SystemFontSize();
     return {qCeil(kNarrowest * size),
-            qCeil(LinesOf(groups_) * kLineStep * kSmallest * size) + kEdge +
-                (corner_ != nullptr ? corner_->sizeHint().height() + kGap : 0)};
+            qCeil(LinesOf(groups_) * kLineStep * size) + kEdge +
+                (corner_ != nullptr && CornerBelow() ? corner_->sizeHint().height() + kGap : 0)};
 }
 
 void ResultPanel::SetCorner(QWidget* corner)
@@ -384,6 +360,7 @@ void ResultPanel::SetCorner(QWidget* corner)
 void ResultPanel::resizeEvent(QResizeEvent*)
 {
     if (corner_ != nullptr) {
+        updateGeometry();  // the lines may leave room for it now
         corner_->adjustSize();
         corner_->move(width() - corner_->width() - kGap, height() - corner_->height() - kGap);
     }
@@ -397,12 +374,13 @@ void ResultPanel::paintEvent(QPaintEvent*)
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
 
-    const Fitting fitting(groups_, width() - 2.0 * kMargin, logicalDpiY());
-    const double size = FontSize();
-    setToolTip(fitting.Fits(size) ? QString() : accessibleDescription());  // what was cut, whole
+    const Layout layout = LayoutIn(width() - 2.0 * kMargin, logicalDpiY());
+    const bool whole = std::all_of(groups_.begin(), groups_.end(), [&](const PanelGroup& group) {
+        return layout.WidthOfBlock(group.block) <= layout.room();
+    });
+    setToolTip(whole ? QString() : accessibleDescription());  // what was cut, whole
     painter.translate(kMargin, kEdge / 2);
     painter.setOpacity(faded_ ? kFaded : 1);
-    const Layout layout = fitting.At(size);
     double down = 0;
     int number = 0;
     for (const PanelGroup& group : groups_) {
@@ -418,21 +396,9 @@ void ResultPanel::paintEvent(QPaintEvent*)
     }
 }
 
-// As large as the room allows, also beside the corner.
-double ResultPanel::FontSize() const
-{
-    const Fitting fitting(groups_, width() - 2.0 * kMargin, logicalDpiY());
-    const double size = fitting.SizeFor(height() - kEdge);
-    if (corner_ == nullptr) {
-        return size;
-    }
-    const QPointF corner(corner_->x() - kMargin, corner_->y() - kEdge / 2.0);
-    return fitting.Reaches(size, corner) ? fitting.SizeFor(corner.y()) : size;
-}
-
 int ResultPanel::LineAt(QPointF at) const
 {
-    const Layout layout = Fitting(groups_, width() - 2.0 * kMargin, logicalDpiY()).At(FontSize());
+    const Layout layout = LayoutIn(width() - 2.0 * kMargin, logicalDpiY());
     double down = 0;
     int number = 0;
     for (const PanelGroup& group : groups_) {

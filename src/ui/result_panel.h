@@ -51,7 +51,7 @@ protected:
 
 private:
     int LineAt(QPointF at) const;
-    double FontSize() const;
+    bool CornerBelow() const;
 
     std::vector<PanelGroup> groups_;
     QWidget* corner_ = nullptr;

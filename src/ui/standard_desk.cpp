@@ -1,6 +1,7 @@
 #include "ui/standard_desk.h"
 
 #include "app/session.h"
+#include "app/view_diagram.h"
 #include "engine/calculate.h"
 #include "standard/cases.h"
 #include "standard/costs.h"
@@ -28,6 +29,7 @@ void StandardDesk::Follow()
         along_ = {SectionUtilisation(library, session_.state()),
                   result_.rated ? standard::SectionUtilisation(library, given_) : std::nullopt,
                   given_.irlimit};
+        NameCombinations(given_, along_);
     }
     AskForCosts();
 }

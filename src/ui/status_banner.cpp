@@ -67,6 +67,14 @@ void PaintSign(QPainter& painter, StatusKind kind, const QPalette& palette)
     }
 }
 
+// Broken only between facts: "x/L = 0.49" and "ULS/SLS" stay whole.
+QString Unbroken(QString text)
+{
+    constexpr char16_t kNoBreak = 0x00a0, kJoin = 0x2060;
+    text.replace(QStringLiteral(" = "), QString(kNoBreak) + QLatin1Char('=') + kNoBreak);
+    return text.replace(QLatin1Char('/'), QLatin1Char('/') + QString(kJoin));
+}
+
 QTextBrowser* LineBox()
 {
     auto* const box = new QTextBrowser;
@@ -102,20 +110,18 @@ StatusBanner::StatusBanner(QWidget* parent)
     facts_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     facts_->setTextFormat(Qt::PlainText);
     facts_->setWordWrap(true);
-    facts_->setAlignment(Qt::AlignRight | Qt::AlignTop);
     facts_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // however long a name is
-    auto* const grid = new QGridLayout(this);
+    grid_ = new QGridLayout(this);
+    QGridLayout* const grid = grid_;
     grid->setContentsMargins(kStripe + kGap, kGap, kGap, kGap);
     grid->setHorizontalSpacing(kGap);
     grid->setVerticalSpacing(2);
     grid->addWidget(sign_, 0, 0, Qt::AlignTop);
     grid->addWidget(head_, 0, 1);
-    grid->addWidget(facts_, 0, 2);
     grid->addWidget(standardsign_, 1, 0, Qt::AlignTop);
     grid->addWidget(standard_, 1, 1, 1, 2);
-    grid->addWidget(lines_, 2, 1, 1, 2);
-    grid->setColumnStretch(1, 3);
-    grid->setColumnStretch(2, 2);
+    grid->addWidget(lines_, 3, 1, 1, 2);
+    PlaceFacts();
     connect(lines_->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged,
             this, &StatusBanner::FitHeight);
 }
@@ -131,20 +137,22 @@ void StatusBanner::Show(const StatusView& view, bool decimalcomma)
     kind_ = view.kind;
     standardkind_ = view.standardkind;
     ShowSigns();
-    standard_->setText(ToQt(ForLocale(view.standard, decimalcomma)));
-    standard_->setToolTip(standard_->text());
+    const QString standard = ToQt(ForLocale(view.standard, decimalcomma));
+    standard_->setText(Unbroken(standard));
+    standard_->setToolTip(standard);
     standard_->setVisible(!view.standard.empty());
     standardsign_->setVisible(!view.standard.empty());
     head_->setText(head);
-    facts_->setText(ToQt(ForLocale(view.facts, decimalcomma)));
-    facts_->setToolTip(facts_->text());
+    const QString facts = ToQt(ForLocale(view.facts, decimalcomma));
+    facts_->setText(Unbroken(facts));
+    facts_->setToolTip(facts);
+    PlaceFacts();
     if (lines_->toPlainText() != text) {
         lines_->setPlainText(text);
     }
     lines_->setVisible(!lines.isEmpty());
-    setAccessibleName(
-        tr("Verdict: ") + head +
-        (view.standard.empty() ? QString() : QStringLiteral(". ") + standard_->text()));
+    setAccessibleName(tr("Verdict: ") + head +
+                      (view.standard.empty() ? QString() : QStringLiteral(". ") + standard));
     setAccessibleDescription(text);
     lines_->setToolTip(text);
     update();
@@ -162,6 +170,32 @@ void StatusBanner::ShowSigns()
         painter.end();
         label->setPixmap(sign);
     }
+}
+
+// At the right of the head where both fit side by side, else below in a line of their own.
+void StatusBanner::PlaceFacts()
+{
+    constexpr int kBetween = 4 * kGap;
+    const auto width = [](const QLabel* label) {
+        return label->fontMetrics().size(Qt::TextSingleLine, label->text()).width();
+    };
+    const int room = this->width() - 2 * kGap - kStripe - kSign - 2 * kGap;
+    const bool beside = width(head_) + kBetween + width(facts_) <= room;
+    grid_->removeWidget(facts_);
+    facts_->setAlignment((beside ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignTop);
+    if (beside) {
+        grid_->addWidget(facts_, 0, 2);
+    } else {
+        grid_->addWidget(facts_, 2, 1, 1, 2);
+    }
+    grid_->setColumnStretch(1, width(head_));  // so that neither is broken
+    grid_->setColumnStretch(2, beside ? width(facts_) : 0);
+}
+
+void StatusBanner::resizeEvent(QResizeEvent* event)
+{
+    QFrame::resizeEvent(event);
+    PlaceFacts();
 }
 
 // As many lines as there are, up to a few.

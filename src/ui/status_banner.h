@@ -7,6 +7,7 @@
 
 #include <QFrame>
 
+class QGridLayout;
 class QLabel;
 class QTextBrowser;
 
@@ -23,12 +24,15 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void ShowSigns();
     void FitHeight();
+    void PlaceFacts();
 
     StatusKind kind_ = StatusKind::good, standardkind_ = StatusKind::good;
+    QGridLayout* grid_ = nullptr;
     QLabel* sign_;
     QLabel* head_;
     QLabel* standardsign_;

@@ -4,6 +4,7 @@
 #include "core/project_state.h"
 #include "engine/engine_fixture.h"
 #include "report/drawing_checks.h"
+#include "report/pane_diagrams.h"
 
 #include <gmock/gmock.h>
 
@@ -414,6 +415,102 @@ TEST(Diagrams, AreLegibleForEveryFamily)
         SCOPED_TRACE(family);
         ASSERT_TRUE(EndsWell(s));
         ExpectAllLegible(s);
+    }
+}
+
+// A pane is filled from edge to edge; the member has what its surroundings, 102 - 70 units, leave.
+TEST(Pane, IsFilledByItsCurves)
+{
+    const ProjectState s = Calculated();
+    for (const PaneRoom room : {PaneRoom{102, 60}, PaneRoom{160, 90}, PaneRoom{300, 200}}) {
+        const Drawing d = DrawPaneCurves(s, LoadAxis::z, {}, room);
+        EXPECT_DOUBLE_EQ(d.width, room.width);
+        EXPECT_NEAR(d.height, room.height, 1e-9);
+        for (const PolylineMark& curve : ResultCurves(d)) {
+            EXPECT_DOUBLE_EQ(curve.points.front().x, 16);
+            EXPECT_DOUBLE_EQ(curve.points.back().x, room.width - 16);
+        }
+        ExpectLegible(d);
+        EXPECT_DOUBLE_EQ(DrawPaneLoads(s, LoadAxis::z, room).width, room.width);
+    }
+}
+
+// M = 31.25 kNm all on one side, V = 25 kN on both: each curve has the same height in all, its axis
+// where that leaves it.
+TEST(Pane, GivesEveryCurveTheSameHeight)
+{
+    const std::vector<PolylineMark> curves =
+        ResultCurves(DrawPaneCurves(Calculated(), LoadAxis::z, {}, {160, 90}));
+    ASSERT_EQ(curves.size(), 3U);
+    std::vector<double> heights;
+    for (const PolylineMark& curve : curves) {
+        const auto [top, bottom] =
+            std::minmax_element(curve.points.begin(), curve.points.end(),
+                                [](const Point& a, const Point& b) { return a.y < b.y; });
+        heights.push_back(bottom->y - top->y);
+    }
+    EXPECT_NEAR(heights[0], heights[1], 1e-4);
+    EXPECT_NEAR(heights[0], heights[2], 1e-4);
+}
+
+TEST(Pane, NamesUnitsAndSigns)
+{
+    std::vector<std::string> texts;
+    for (const Mark& mark : DrawPaneCurves(Calculated(), LoadAxis::z, {}, {160, 90}).marks) {
+        if (const auto* const text = std::get_if<TextMark>(&mark)) {
+            texts.push_back(text->text);
+        }
+    }
+    for (const char* const text : {"M", "kNm", "V", "kN", "d", "mm", "+", "\u2212",
+                                   "My/Vz/Deflection (kNm/kN/mm)", "31.3  x=2.500 m"}) {
+        EXPECT_THAT(texts, testing::Contains(text));
+    }
+}
+
+TEST(Pane, SaysOfWhichCombinationsTheUtilisationIs)
+{
+    Utilisation along{AlongMember{}, AlongMember{}, 1, "EN 1990 Eq 6.10", "all combinations"};
+    along.program->at(3) = 0.25;
+    along.standard->at(4) = 0.5;
+    const auto legend = [&](double width) {
+        std::string all;
+        for (const Mark& mark :
+             DrawPaneCurves(Calculated(), LoadAxis::z, along, {width, 90}).marks) {
+            const auto* const text = std::get_if<TextMark>(&mark);
+            all += text != nullptr ? text->text + "\n" : "";
+        }
+        return all;
+    };
+    EXPECT_THAT(legend(160), HasSubstr("program (EN 1990 Eq 6.10): 0.25"));
+    EXPECT_THAT(legend(160), HasSubstr("EN 1993-1-1 (all combinations): 0.50"));
+    EXPECT_THAT(legend(80), HasSubstr("program: 0.25"));  // no room for it
+}
+
+TEST(Pane, KnowsAnAxisWithoutAnythingToSee)
+{
+    ProjectState s = Calculated();
+    EXPECT_TRUE(IsAxisLoaded(s, LoadAxis::z));
+    EXPECT_FALSE(IsAxisLoaded(s, LoadAxis::y));
+    s.pm[1] = 2;
+    s.pmx[1] = 1;
+    s.pmdir[1] = 0;
+    EXPECT_TRUE(IsAxisLoaded(s, LoadAxis::y));  // also before a pass
+}
+
+TEST(Pane, IsLegibleForEveryKindOfLoading)
+{
+    for (int kinds = 0; kinds < 1 << 4; ++kinds) {
+        ProjectState s = Plain();
+        s.loadcomb = kEq610;
+        s.supportcase = 1;
+        s.row[0] = 20;
+        Load(s, kinds, 1);
+        SCOPED_TRACE(kinds);
+        ASSERT_TRUE(EndsWell(s));
+        for (const double width : {102.0, 200.0}) {
+            ExpectLegible(DrawPaneLoads(s, LoadAxis::z, {width, 0}));
+            ExpectLegible(DrawPaneCurves(s, LoadAxis::z, {}, {width, 110}));
+        }
     }
 }
 

@@ -31,6 +31,9 @@ public:
 
 TEST_F(Docking, LeavesInputsDiagramsAndResultsInSight)
 {
+    session.edit().qload[2] = 3;
+    session.edit().qdir[2] = 0;
+    session.Calculate();
     Form& form = Open("Loading");
     ASSERT_TRUE(Beside(form));
     for (const char* const name : {"il", "PicMy", "PicMz", "CmdResult", "iq_1"}) {

@@ -273,7 +273,7 @@ TEST_F(Program, DiagramReadsOutAndOpensTheLoads)
     };
     EXPECT_TRUE(other(51));
     EXPECT_THAT(FromQt(Find<QWidget>(QStringLiteral("PicMy")).accessibleDescription()),
-                testing::ContainsRegex("IR = 0\\.[0-9]+, EN 1993-1-1 0\\.[0-9]+"));
+                testing::ContainsRegex("IR = 0\\.[0-9]+, EN 1993-1-1: 0\\.[0-9]+"));
     EXPECT_TRUE(Find<QLabel>(QStringLiteral("readingz")).text().startsWith("dz = "));
     QTest::keyClick(&picture, Qt::Key_Right);
     EXPECT_TRUE(other(51 + 1.4));
