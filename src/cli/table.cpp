@@ -1,12 +1,14 @@
 #include "cli/commands.h"
 
+#include "app/detailed_book.h"
+#include "cli/print_stamp.h"
 #include "core/file_io.h"
 #include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "report/detailed_table.h"
 #ifdef KESTRUM_SPREADSHEET
-#include "spreadsheet/detailed_xlsx.h"
+#include "spreadsheet/book_xlsx.h"
 #endif
 
 #include <string_view>
@@ -21,15 +23,15 @@ std::string Failure(const std::string& path, const std::string& reason)
 }
 
 #ifdef KESTRUM_SPREADSHEET
-void WriteXlsx(const std::vector<DetailedRow>& rows, const std::string& path)
+void WriteXlsx(const std::vector<BookSheet>& book, const std::string& path)
 {
-    const std::string fault = WriteDetailedXlsx(rows, path);
+    const std::string fault = WriteBookXlsx(book, path);
     if (!fault.empty()) {
         throw BadInput(Failure(path, fault));
     }
 }
 #else
-void WriteXlsx(const std::vector<DetailedRow>&, const std::string& path)
+void WriteXlsx(const std::vector<BookSheet>&, const std::string& path)
 {
     throw BadInput(Failure(path, "built without libxlsxwriter; .csv needs nothing more"));
 }
@@ -64,7 +66,8 @@ int DetailedTable(const Options& options, const TableArguments& arguments)
     }
     const std::vector<DetailedRow> rows = FillDetailedResult(s);
     if (ending == ".xlsx") {
-        WriteXlsx(rows, arguments.out);
+        WriteXlsx(DetailedBook(library, s, OriginOf(arguments.file), StampOfNow().date),
+                  arguments.out);
     } else if (ending == ".csv") {
         WriteCsv(rows, csv, arguments.out);
     } else {

@@ -12,12 +12,17 @@ namespace kestrum {
 
 namespace {
 
-using Value = std::string (*)(const ProjectState&, std::string_view);
+// A value as it is printed, and itself.
+struct Shown {
+    std::string text;
+    std::optional<double> number{};
+};
+using Value = Shown (*)(const ProjectState&, std::string_view);
 
 // A field of the record through a pattern; the field's type decides how many digits count.
-template <auto Field> std::string Of(const ProjectState& s, std::string_view pattern)
+template <auto Field> Shown Of(const ProjectState& s, std::string_view pattern)
 {
-    return FormatNum(s.*Field, pattern);
+    return {FormatNum(s.*Field, pattern), s.*Field};
 }
 
 struct Line {
@@ -74,10 +79,10 @@ constexpr Line kSingleI[] = {
     {"b2", Of<&S::bbot>, kTenth, kMm},    {"tw", Of<&S::tw>, kTenth, kMm},
     {"tf1", Of<&S::ttop>, kTenth, kMm},   {"tf2", Of<&S::tbot>, kTenth, kMm},
     {"ez-el", Of<&S::zcog>, kTenth, kMm}, {"ez-pl", Of<&S::zpl>, kTenth, kMm}};
-std::string HsqOverhang(const ProjectState& s, std::string_view pattern)
+Shown HsqOverhang(const ProjectState& s, std::string_view pattern)
 {
-    const bool onesided = Traits(s).shape.lower == LowerFlange::one_side;
-    return FormatNum(onesided ? s.p25.istc : s.p24.hsqc, pattern);
+    const float c = Traits(s).shape.lower == LowerFlange::one_side ? s.p25.istc : s.p24.hsqc;
+    return {FormatNum(c, pattern), c};
 }
 constexpr Line kHsq[] = {{"h", Of<&S::h>, kTenth, kMm},      {"b1", Of<&S::btop>, kTenth, kMm},
                          {"b2", Of<&S::bbot>, kTenth, kMm},  {"tw", Of<&S::tw>, kTenth, kMm},
@@ -205,10 +210,10 @@ constexpr Line kEffectiveMoments[] = {{"Meff,y,Rd", Of<&S::meffyrd>, "#0.0", kKn
 
 // Angles: at the three points, from the principal axes. A point on the axis has no limit (0).
 template <auto Field, std::size_t Point>
-std::string AtPoint(const ProjectState& s, std::string_view pattern)
+Shown AtPoint(const ProjectState& s, std::string_view pattern)
 {
     const double value = (s.*Field)[Point];
-    return value == 0 ? std::string("N/A") : FormatNum(value, pattern);
+    return value == 0 ? Shown{"N/A"} : Shown{FormatNum(value, pattern), value};
 }
 constexpr Line kPointMoments[] = {
     {"Mu,Rd,1", AtPoint<&S::mru, 1>, "#0.0", kKnm}, {"Mu,Rd,2", AtPoint<&S::mru, 2>, "#0.0", kKnm},
@@ -241,8 +246,9 @@ public:
     {
         std::transform(lines.begin(), lines.end(), std::back_inserter(quantities_),
                        [this](const Line& line) {
-                           return Quantity{std::string(line.symbol), line.value(s_, line.pattern),
-                                           std::string(line.unit)};
+                           Shown shown = line.value(s_, line.pattern);
+                           return Quantity{std::string(line.symbol), std::move(shown.text),
+                                           std::string(line.unit), shown.number};
                        });
     }
     std::vector<Quantity> Take() { return std::move(quantities_); }

@@ -5,6 +5,7 @@
 
 #include "report/drawing.h"
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -36,6 +37,7 @@ struct TextStyle {
 // One line of a table of values: "h", "190", "mm" for "h = 190 mm".
 struct Quantity {
     std::string symbol, value, unit;
+    std::optional<double> number{};  // behind the value
 };
 
 class PageWriter {

@@ -1,11 +1,9 @@
 #include "ui/calculation_preview.h"
 
+#include "app/project_origin.h"
 #include "app/session.h"
 #include "calculation/calculation_report.h"
-#include "core/file_io.h"
-#include "core/project_file.h"
 #include "core/project_state.h"
-#include "core/sha256.h"
 #include "document/office.h"
 #include "document/page_layout.h"
 #include "ui/print_pages.h"
@@ -21,13 +19,9 @@ namespace {
 ReportedMember MemberOf(const Session& session)
 {
     ReportedMember member{.project = session.state()};
-    std::string bytes;
-    const std::string& path = member.project.filename;
-    ProjectState saved = member.project;
-    if (ReadWholeFile(path, bytes).empty() && WriteProject(saved) == bytes) {
-        member.file = path.substr(path.find_last_of("/\\") + 1);
-        member.digest = Sha256(bytes);
-    }
+    ProjectOrigin origin = OriginOf(member.project);
+    member.file = std::move(origin.file);
+    member.digest = std::move(origin.digest);
     return member;
 }
 

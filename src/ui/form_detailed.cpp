@@ -1,3 +1,4 @@
+#include "app/detailed_book.h"
 #include "app/locale_text.h"
 #include "core/file_io.h"
 #include "core/project_state.h"
@@ -16,7 +17,7 @@
 #include <QVBoxLayout>
 
 #ifdef KESTRUM_SPREADSHEET
-#include "spreadsheet/detailed_xlsx.h"
+#include "spreadsheet/book_xlsx.h"
 #endif
 
 namespace kestrum {
@@ -57,16 +58,19 @@ void Fill(QTableWidget* table, const std::vector<DetailedRow>& rows, const Sessi
 #ifdef KESTRUM_SPREADSHEET
 const auto kTableFile = QStringLiteral("Kestrum EC3 results XXXXXX.xlsx");
 
-std::string WriteTable(const std::vector<DetailedRow>& rows, const std::string& path)
+std::string WriteTable(Session& session, const std::string& path)
 {
-    return WriteDetailedXlsx(rows, path);
+    const ProjectState& s = session.shown();
+    return WriteBookXlsx(DetailedBook(session.library(), s, OriginOf(session.state()),
+                                      session.surroundings().Date()),
+                         path);
 }
 #else
 const auto kTableFile = QStringLiteral("Kestrum EC3 results XXXXXX.csv");
 
-std::string WriteTable(const std::vector<DetailedRow>& rows, const std::string& path)
+std::string WriteTable(Session& session, const std::string& path)
 {
-    return WriteWholeFile(path, DetailedCsv(rows));
+    return WriteWholeFile(path, DetailedCsv(FillDetailedResult(session.shown())));
 }
 #endif
 
@@ -83,7 +87,7 @@ QString NewTableFile()
 void CopyToSpreadsheet(Session& session)
 {
     const QString path = NewTableFile();
-    if (path.isEmpty() || !WriteTable(FillDetailedResult(session.shown()), FromQt(path)).empty() ||
+    if (path.isEmpty() || !WriteTable(session, FromQt(path)).empty() ||
         !session.surroundings().OpenDocument(FromQt(path))) {
         QFile::remove(path);
         session.surroundings().Warn(kSpreadsheetFailure);

@@ -66,6 +66,41 @@ TEST_F(Reports, TableWritesASpreadsheetWithNumbers)
     EXPECT_THAT(Shell("unzip -p a.xlsx xl/styles.xml"), HasSubstr("formatCode=\"#0.000\""));
 }
 
+// What the table belongs to is on sheets of its own, and other sheets can refer to it by name.
+TEST_F(Reports, TheSpreadsheetSaysWhatItBelongsTo)
+{
+    ASSERT_EQ(Kestrum("new --set l=7.25 --set 'projname=Hall & yard' -o a.kst").exit, 0);
+    const Said said = Kestrum("table a.kst -o a.xlsx");
+    if (said.err.find("built without libxlsxwriter") != std::string::npos || !Has("unzip")) {
+        GTEST_SKIP() << "built without libxlsxwriter, or no unzip";
+    }
+    ASSERT_EQ(said.exit, 0) << said.err;
+    const std::string book = Shell("unzip -p a.xlsx xl/workbook.xml");
+    EXPECT_THAT(book, ::testing::ContainsRegex("\"Detailed results\".*\"Project\".*\"Ratios\".*"
+                                               "\"Inputs\".*\"Section\""));
+    for (const char* name : {"ir_program", "ir_standard", "in_l", "section_Iy", "detail_Ncr_y",
+                             "_xlnm.Print_Area", "_xlnm.Print_Titles"}) {
+        EXPECT_THAT(book, HasSubstr("name=\"" + std::string(name) + "\"")) << name;
+    }
+    // The named cell of an input holds its value.
+    const std::string key = "name=\"in_l\">'Inputs'!$B$";
+    const std::size_t at = book.find(key);
+    ASSERT_NE(at, std::string::npos);
+    const std::string row = book.substr(at + key.size(), book.find('<', at) - at - key.size());
+    EXPECT_THAT(Shell("unzip -p a.xlsx xl/worksheets/sheet4.xml"),
+                HasSubstr("<c r=\"B" + row + "\"><v>7.25</v></c>"));
+    const std::string texts = Shell("unzip -p a.xlsx xl/sharedStrings.xml");
+    for (const std::string& text :
+         {std::string("Hall &amp; yard"), std::string("a.kst"),
+          Shell("sha256sum a.kst").substr(0, 64), std::string("EN 1993-1-1")}) {
+        EXPECT_THAT(texts, HasSubstr(text));
+    }
+    for (const char* sheet : {"1", "2", "3", "4", "5"}) {
+        EXPECT_THAT(Shell("unzip -p a.xlsx xl/worksheets/sheet" + std::string(sheet) + ".xml"),
+                    HasSubstr("orientation=\"landscape\""));
+    }
+}
+
 TEST_F(Reports, SummaryIsAWorkbookWithBarsAndFilters)
 {
     Write("a.csv", "member,verdict,ir,ir_standard,notes,message\n"

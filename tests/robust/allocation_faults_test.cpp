@@ -18,7 +18,8 @@
 #include "support/counted_memory.h"
 #include "support/temporary_folder.h"
 #ifdef KESTRUM_SPREADSHEET
-#include "spreadsheet/detailed_xlsx.h"
+#include "app/detailed_book.h"
+#include "spreadsheet/book_xlsx.h"
 #endif
 
 #include <gtest/gtest.h>
@@ -145,7 +146,8 @@ TEST(AllocationFaults, ASpreadsheetIsTheOldOneOrWhole)
     setenv("TMPDIR", folder.path().c_str(), 1);
     ProjectState s = Started();
     ASSERT_TRUE(Calculate(Delivered(), s));
-    const auto write = [&] { return WriteDetailedXlsx(FillDetailedResult(s), file); };
+    const std::vector<BookSheet> book{DetailedBook(Delivered(), s, {}, "2026-01-01").front()};
+    const auto write = [&] { return WriteBookXlsx(book, file); };
     WriteBytes(file, "old");
     const long failures = FailEach([&write] { write(); },
                                    [&] {
