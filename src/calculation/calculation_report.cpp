@@ -45,6 +45,7 @@ void AddMember(const CalculatedMember& m, Document& d)
     AddActions(m, d);
     if (m.outcome.designed()) {
         AddClasses(m, d);
+        AddEffectiveSection(m, d);
         AddForces(m, d);
         AddResistances(m, d);
     }

@@ -20,7 +20,7 @@ void AddStandard(const CalculatedMember& m, const CheckPair& pair, const Check* 
     }
     const standard::Check& other = m.standard.checks[*pair.standard];
     if (check == nullptr || std::abs(other.ir - check->ratio) > kEqual * other.ir) {
-        AddStandardCheck(m.library, m.input, *pair.standard, other, d);
+        AddStandardCheck(m.library, m.input, m.standard, *pair.standard, d);
     }
 }
 

@@ -124,33 +124,30 @@ void AddReduction(const ProjectState& s, const Quantities& q, bool top, Document
 }
 
 // The whole member under its real moment line, in the combination that governs.
-void AddByStandard(const CalculatedMember& m, const standard::Check& check, Document& d)
+void AddByStandard(const CalculatedMember& m, const standard::Check& check,
+                   const standard::LateralStudy& study, Document& d)
 {
-    const auto study = standard::LateralStudyOf(m.library, m.input, check.load_case);
-    if (!study) {
-        return;
-    }
-    const standard::LateralResult& r = study->result;
+    const standard::LateralResult& r = study.result;
     d.Part("By EN 1993-1-1 as written");
     d.Say("Combination " + NameOf(check.load_case) +
           "; the critical moment is a numerical solution for the whole member with its loads, "
           "supports and restraints.");
     d.Add("M_y,Ed", r.checked, "kNm", "", Line("at x/L = ") + NumberLine(r.place, 4));
     d.Add("M_cr", r.mcr, "kNm", "6.3.2.2 (2)");
-    d.Add("M_Rk", study->characteristic, "kNm", "", "of the compressed side");
-    d.Add("~λ_LT", Root(Sym("M_Rk", study->characteristic) / Sym("M_cr", r.mcr)), r.lam, "",
+    d.Add("M_Rk", study.characteristic, "kNm", "", "of the compressed side");
+    d.Add("~λ_LT", Root(Sym("M_Rk", study.characteristic) / Sym("M_cr", r.mcr)), r.lam, "",
           "6.3.2.2 (1)");
     d.Add("C_1", r.c1, "", "");
     d.Add("k_c", r.kc, "", "6.3.2.3 (2)");
     d.Add("χ_LT", r.chi, "", std::string(r.clause));
     d.Add("M_b,Rd",
-          Sym("χ_LT", r.chi) * Sym("M_Rk", study->characteristic) / Sym("γ_M1", m.s.gammam1),
+          Sym("χ_LT", r.chi) * Sym("M_Rk", study.characteristic) / Sym("γ_M1", m.s.gammam1),
           r.resistance, "kNm", "6.3.2.1 (3), Eq (6.55)");
     d.Add("IR", Sym("M_y,Ed", r.checked) / Sym("M_b,Rd", r.resistance), check.ir, "",
           "6.3.2.1 (1), Eq (6.54)");
-    if (study->shape) {
+    if (study.shape) {
         d.Show(
-            {{DrawBucklingShape(m.s, *study->shape),
+            {{DrawBucklingShape(m.s, *study.shape),
               "Buckling shape at the critical moment, each curve to its own largest value", 100}});
     }
 }
@@ -176,7 +173,11 @@ void AddLateralBuckling(const CalculatedMember& m, Document& d)
     const ProjectState& s = m.s;
     const bool program = m.stages.lateral && m.outcome.designed() && s.mydesignf != 0;
     const standard::Check& check = m.standard.checks[standard::CheckId::ltb];
-    if (!program && !check.present) {
+    std::optional<standard::LateralStudy> study;
+    if (check.present) {
+        study = standard::LateralStudyOf(m.library, m.input, check.load_case);
+    }
+    if (!program && !study) {
         return;
     }
     d.Chapter("Lateral torsional buckling");
@@ -184,8 +185,8 @@ void AddLateralBuckling(const CalculatedMember& m, Document& d)
         d.Part("By the rules of the program");
         AddLateralBuckling(s, d);
     }
-    if (check.present) {
-        AddByStandard(m, check, d);
+    if (study) {
+        AddByStandard(m, check, *study, d);
     }
 }
 

@@ -252,10 +252,32 @@ void Reduced::Add(const Terms& terms)
     Exponents(terms);
 }
 
+// Angles: the elastic resistances at the point of the check, 6.2.1 (5).
+void AddPointResistances(const ProjectState& s, const Check& check, Document& d)
+{
+    const Quantities q(s);
+    const auto point = static_cast<std::size_t>(std::clamp<int>(check.place.number, 1, 3));
+    const std::string number = std::to_string(point);
+    const auto add = [&](const char* symbol, const std::string& modulus, double w, double value) {
+        d.Add(symbol, Resistance(Sym(modulus + number, w), q.fy, q.gm0, kToKnm), value, "kNm",
+              "6.2.1 (5)");
+    };
+    if (check.form == CheckForm::leg_axes) {
+        add("M_y,Rd", "W_y,", point == 1 ? s.wy1 : s.wy2, check.terms[3]);
+        add("M_z,Rd", "W_z,", point == 3 ? s.wz2 : s.wz1, check.terms[5]);
+    } else if (check.form == CheckForm::principal_axes) {
+        add("M_u,Rd", "W_u,", s.wu[point], check.terms[3]);
+        add("M_v,Rd", "W_v,", s.wv[point], check.terms[5]);
+    } else if (check.form == CheckForm::heel) {
+        add("M_v,Rd", "W_v,", s.wv[point], check.terms[3]);
+    }
+}
+
 }  // namespace
 
 void AddReducedResistances(const ProjectState& s, const Check& check, Document& d)
 {
+    AddPointResistances(s, check, d);
     const auto* const terms = std::find_if(std::begin(kTerms), std::end(kTerms),
                                            [&](const Terms& t) { return t.form == check.form; });
     if (terms != std::end(kTerms)) {

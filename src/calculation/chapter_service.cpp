@@ -89,7 +89,7 @@ void AddServiceability(const CalculatedMember& m, Document& d)
             const standard::Check& other = m.standard.checks[*pair.standard];
             const Check* const check = LargestOf(pair, s.checklist);
             if (check == nullptr || std::abs(other.ir - check->ratio) > 5e-4 * other.ir) {
-                AddStandardCheck(m.library, m.input, *pair.standard, other, d);
+                AddStandardCheck(m.library, m.input, m.standard, *pair.standard, d);
             }
         }
     }

@@ -29,6 +29,7 @@ void AddVerdict(const CalculatedMember& m, Document& d);
 void AddInputs(const CalculatedMember& m, Document& d);
 void AddSection(const CalculatedMember& m, Document& d);
 void AddClasses(const CalculatedMember& m, Document& d);
+void AddEffectiveSection(const CalculatedMember& m, Document& d);
 void AddActions(const CalculatedMember& m, Document& d);
 void AddForces(const CalculatedMember& m, Document& d);
 void AddResistances(const CalculatedMember& m, Document& d);

@@ -53,6 +53,10 @@ void AddLeading(const ProjectState& s, CheckId check, Document& d)
     case CheckId::mz:
         AddMomentResistanceZ(s, d);
         break;
+    case CheckId::leg_axes:
+    case CheckId::principal_axes:
+        AddAxialResistance(s, d);
+        break;
     case CheckId::my_mz:
     case CheckId::n_my:
     case CheckId::n_mz:
@@ -158,13 +162,13 @@ CheckNode EquationsOf(const ProjectState& s, CheckId id)
 }
 
 CheckNode EquationsOf(const Library& library, const ProjectState& input, const ProjectState& s,
-                      const standard::Checks& checks, CheckId id)
+                      const standard::StandardResult& result, CheckId id)
 {
     CheckNode node = EquationsOf(s, id);
     const CheckPair* const pair = PairOf(id);
-    if (pair != nullptr && pair->standard && checks[*pair->standard].present) {
+    if (pair != nullptr && pair->standard && result.checks[*pair->standard].present) {
         Document d;
-        AddStandardCheck(library, input, *pair->standard, checks[*pair->standard], d);
+        AddStandardCheck(library, input, result, *pair->standard, d);
         node.standard = EquationsIn(std::move(d));
     }
     return node;

@@ -7,7 +7,7 @@
 #include "core/library.h"
 #include "core/project_state.h"
 #include "document/document.h"
-#include "standard/result.h"
+#include "standard/standard.h"
 
 #include <span>
 #include <string>
@@ -27,9 +27,10 @@ struct CheckNode {
 // checked.
 CheckNode EquationsOf(const ProjectState& s, CheckId check);
 
-// Both sets of rules. `input`: the project as the passes were given it; `checks`: of the standard.
+// Both sets of rules. `input`: the project as the passes were given it; `result`: of the standard,
+// with the costs of the departures where they are known.
 CheckNode EquationsOf(const Library& library, const ProjectState& input, const ProjectState& s,
-                      const standard::Checks& checks, CheckId check);
+                      const standard::StandardResult& result, CheckId check);
 
 // Heading of the theory manual that explains the check, as its PDF names it (#nameddest=...).
 std::string_view ManualAnchor(CheckId check);

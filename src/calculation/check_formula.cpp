@@ -126,8 +126,10 @@ Expr FormulaOfCheck(const Check& check)
         return nullptr;
     }
     const std::array<double, 9> terms = AddedTerms(check);
-    const Expr formula =
-        FormulaReader(FormulaOf(check), std::span(terms).first(TermsOf(check))).Read();
+    // Mu does not stress the heel, and has no number there.
+    const std::string text =
+        check.form == CheckForm::heel ? "NEd/NRd+Mv,Ed/Mv,Rd" : FormulaOf(check);
+    const Expr formula = FormulaReader(text, std::span(terms).first(TermsOf(check))).Read();
     // A single force counts with its size.
     return formula != nullptr && Evaluate(formula) < 0 && check.ratio > 0 ? Size(formula) : formula;
 }

@@ -1,18 +1,369 @@
 #include "calculation/standard_equations.h"
 
+#include "calculation/quantities.h"
+#include "calculation/standard_member.h"
+
+#include "core/member_choices.h"
+#include "standard/check_study.h"
+
+#include <algorithm>
 #include <cmath>
 
 namespace kestrum {
 
-void AddStandardCheck(const Library&, const ProjectState&, standard::CheckId,
-                      const standard::Check& check, Document& d)
+namespace {
+
+using standard::CheckStudy;
+using standard::SectionTerms;
+using standard::StandardSection;
+
+constexpr double kNewton = 1e3, kNmm = 1e6;
+constexpr int kToKn = -3, kToKnm = -6;
+
+// "D201 +0.0409": what the departures of the program change in this ratio.
+std::string CostsOf(const standard::StandardResult& result, standard::CheckId id)
 {
+    constexpr double kShown = 5e-5;  // less is no cost to name
+    const double ir = result.checks[id].ir;
+    std::string text;
+    for (const standard::DeviationCost& cost : result.deviations) {
+        const double with = cost.ratios[static_cast<std::size_t>(id)];
+        if (std::abs(with - ir) < kShown) {
+            continue;
+        }
+        text += text.empty() ? "" : ", ";
+        text += std::string(NameOf(cost.deviation)) + " ";
+        if (with == 0) {
+            text += "(no such check with it)";
+        } else {
+            text += (ir > with ? "+" : "-") + NumberText(std::abs(ir - with), 3);
+        }
+    }
+    return text.empty() ? text : "cost of departures: " + text;
+}
+
+class AtSection {
+public:
+    AtSection(const CheckStudy& study, standard::CheckId id, double ir, Document& d)
+        : t_(*study.at_section), q_(study.section), id_(id), ir_(ir), d_(d)
+    {
+    }
+    // The formula of the ratio, after what leads to it; null where it is told by its value alone.
+    Expr Ratio();
+
+private:
+    Expr Force(const char* symbol, double value, double unit) const
+    {
+        return Sym(symbol, std::abs(value) / unit);
+    }
+    Expr Strength() const { return Sym("f_y", q_.fy) / Sym("γ_M0", q_.gammam0); }
+    Expr Axial();
+    Expr Shear(bool z);
+    Expr Bending(bool y);
+    Expr Combined();
+    Expr Linear();
+    Expr Plastic();
+    Expr Web();
+    void Rho(bool z);
+    Expr Corner(const standard::CornerTerms& corner);
+    Expr Whole(const char* symbol, const char* modulus, double value, bool moment,
+               const char* clause);
+    Expr Value(const char* symbol, double value, const char* unit, const char* clause);
+
+    const SectionTerms& t_;
+    const StandardSection& q_;
+    standard::CheckId id_;
+    double ir_;
+    Document& d_;
+};
+
+Expr AtSection::Value(const char* symbol, double value, const char* unit, const char* clause)
+{
+    d_.Add(symbol, value, unit, clause);
+    return Sym(symbol, value);
+}
+
+// A resistance that shear may have reduced.
+Expr AtSection::Whole(const char* symbol, const char* modulus, double value, bool moment,
+                      const char* clause)
+{
+    const double unit = moment ? kNmm : kNewton;
+    if (t_.rho.z > 0 || t_.rho.y > 0) {
+        return Value(symbol, value / unit, moment ? "kNm" : "kN", "6.2.8, 6.2.10");
+    }
+    d_.Add(symbol,
+           Sym(modulus, value * q_.gammam0 / q_.fy) * Strength() * Ten(moment ? kToKnm : kToKn),
+           value / unit, moment ? "kNm" : "kN", clause, "class " + std::to_string(t_.classes.all));
+    return Sym(symbol, value / unit);
+}
+
+// Elastic stress of the worst corner about the principal axes, 6.2.1 (5).
+Expr AtSection::Corner(const standard::CornerTerms& c)
+{
+    if (!(c.a > 0)) {
+        return nullptr;
+    }
+    d_.Say("The worst corner is w from the u axis and s along it.", Paragraph::Kind::remark);
+    const auto mm = [](double x) { return std::abs(x) < 1e-9 ? 0 : x; };  // a corner on the axis
+    Expr stress = Sym("M_u,Ed", c.mu / kNmm) * Ten(6) * Sym("w", mm(c.w)) / Sym("I_u", c.iu) -
+                  Sym("M_v,Ed", c.mv / kNmm) * Ten(6) * Sym("s", mm(c.s)) / Sym("I_v", c.iv);
+    if (c.n != 0) {
+        stress =
+            Sym("N_Ed", c.n / kNewton) * Ten(3) / Sym(c.a == q_.a ? "A" : "A_eff", c.a) + stress;
+    }
+    const Expr sigma = Step(d_, "σ", Size(stress), "MPa", "6.2.1 (5)");
+    Expr strength = Strength();
+    if (c.rho > 0) {
+        d_.Add("ρ", c.rho, "", "6.2.8 (3)");
+        strength = strength * (1 - Sym("ρ", c.rho));
+    }
+    return sigma / strength;
+}
+
+Expr AtSection::Axial()
+{
+    const bool whole = t_.n < 0 || t_.area == q_.a;
+    const Expr area = whole ? Sym("A", q_.a) : Sym("A_eff", t_.area);
+    const Expr resistance = Step(d_, "N_Rd", area * Strength() * Ten(kToKn), "kN",
+                                 t_.n < 0 ? "6.2.3 (2)" : "6.2.4 (2)");
+    return Force("N_Ed", t_.n, kNewton) / resistance;
+}
+
+Expr AtSection::Shear(bool z)
+{
+    const standard::ShearResistance& r = z ? t_.along_z : t_.along_y;
+    const std::string axis = z ? "z" : "y";
+    Expr v = z ? Force("V_z,Ed", t_.vz, kNewton) : Force("V_y,Ed", t_.vy, kNewton);
+    if (q_.kind == Kind::tube && t_.vy != 0) {
+        v = Step(
+            d_, "V_Ed",
+            Root(Square(Force("V_z,Ed", t_.vz, kNewton)) + Square(Force("V_y,Ed", t_.vy, kNewton))),
+            "kN", "6.2.6");
+    }
+    const std::string symbol = "V_" + axis + ",Rd";
+    if (r.slender) {
+        d_.Add("V_bw,Rd", r.web / kNewton, "kN", "EN 1993-1-5, 5.2 (1)");
+        d_.Add(symbol, r.total / kNewton, "kN", "EN 1993-1-5, 5.2 (1), Eq (5.1)",
+               "with the part of the flanges, not above the plastic one");
+    } else {
+        const Expr area = Sym("A_v," + axis, z ? q_.avz : q_.avy);
+        d_.Add(symbol,
+               area * Sym("f_y", q_.fy) / (Root(Num(3)) * Sym("γ_M0", q_.gammam0)) * Ten(kToKn),
+               r.total / kNewton, "kN", "6.2.6 (2), Eq (6.18)");
+    }
+    return v / Sym(symbol, r.total / kNewton);
+}
+
+// 6.2.8 (3).
+void AtSection::Rho(bool z)
+{
+    const double rho = z ? t_.rho.z : t_.rho.y;
+    if (rho == 0) {
+        return;
+    }
+    const double v = z ? t_.vz : t_.vy, r = z ? t_.along_z.total : t_.along_y.web;
+    d_.Add(z ? "ρ_z" : "ρ_y",
+           Least({Num(1), Square(2 * Force(z ? "V_z,Ed" : "V_y,Ed", v, kNewton) /
+                                     Sym(z ? "V_z,Rd" : "V_y,Rd", r / kNewton) -
+                                 Num(1))}),
+           rho, "", "6.2.8 (3)");
+}
+
+Expr AtSection::Bending(bool y)
+{
+    const bool tube = q_.kind == Kind::tube && t_.mz != 0;
+    Expr m = y ? Force("M_y,Ed", t_.my, kNmm) : Force("M_z,Ed", t_.mz, kNmm);
+    if (tube) {
+        m = Step(d_, "M_Ed",
+                 Root(Square(Force("M_y,Ed", t_.my, kNmm)) + Square(Force("M_z,Ed", t_.mz, kNmm))),
+                 "kNm", "6.2.5");
+    }
+    if (q_.Angle()) {
+        return Corner(y ? t_.my_corner : t_.mz_corner);
+    }
+    Rho(true);
+    Rho(false);
+    const int cls = y ? t_.classes.my : t_.classes.mz;
+    const double resistance = y ? t_.moment_y : t_.moment_z;
+    const bool reduced = t_.rho.z > 0 || t_.rho.y > 0;
+    const char* const kind = cls <= 2 && !q_.elastic ? "pl" : cls <= 3 ? "el" : "eff";
+    const std::string axis = y ? "y" : "z", symbol = (reduced ? "M_V," : "M_") + axis + ",Rd";
+    if (reduced) {
+        d_.Add(symbol, resistance / kNmm, "kNm", "6.2.8");
+    } else {
+        d_.Add(symbol,
+               Sym(std::string("W_") + kind + "," + axis, resistance * q_.gammam0 / q_.fy) *
+                   Strength() * Ten(kToKnm),
+               resistance / kNmm, "kNm", "6.2.5 (2)", "class " + std::to_string(cls));
+    }
+    return m / Sym(symbol, resistance / kNmm);
+}
+
+Expr AtSection::Linear()
+{
+    const standard::ReducedResistance& r = t_.beside_shear;
+    Expr sum;
+    const auto add = [&](const Expr& part) { sum = sum == nullptr ? part : sum + part; };
+    const Expr n = Force("N_Ed", t_.n, kNewton);
+    if (t_.n != 0) {
+        add(n / Whole("N_Rd", t_.n > 0 && t_.classes.all == 4 ? "A_eff" : "A", r.n, false,
+                      "6.2.1 (7)"));
+    }
+    const auto shifted = [&](Expr moment, double shift, const char* symbol) {
+        if (shift == 0) {
+            return moment;
+        }
+        d_.Add(symbol, shift, "mm", "6.2.9.3 (2)");
+        return moment + n * Sym(symbol, shift) * Ten(-3);
+    };
+    const bool plastic = t_.classes.all <= 2 && !q_.elastic;
+    const std::string kind = plastic ? "W_pl," : t_.classes.all <= 3 ? "W_el," : "W_eff,";
+    const Expr my = shifted(Force("M_y,Ed", t_.my, kNmm), t_.shift_y, "e_N,y");
+    const Expr mz = shifted(Force("M_z,Ed", t_.mz, kNmm), t_.shift_z, "e_N,z");
+    if (q_.kind == Kind::tube) {
+        add(Root(Square(my) + Square(mz)) /
+            Whole("M_Rd", (kind + "y").c_str(), r.my, true, "6.2.1 (7)"));
+        return sum;
+    }
+    if (t_.my != 0 || t_.shift_y != 0) {
+        add(my / Whole("M_y,Rd", (kind + "y").c_str(), r.my, true, "6.2.1 (7)"));
+    }
+    if (t_.mz != 0 || t_.shift_z != 0) {
+        add(mz / Whole("M_z,Rd", (kind + "z").c_str(), r.mz, true, "6.2.1 (7)"));
+    }
+    return sum;
+}
+
+Expr AtSection::Plastic()
+{
+    using Rule = SectionTerms::Rule;
+    const standard::ReducedResistance& r = t_.beside_shear;
+    Expr n;
+    if (t_.n != 0) {
+        const Expr resistance = Whole("N_Rd", "A", r.n, false, "6.2.9.1 (5)");
+        n = Step(d_, "n", Force("N_Ed", t_.n, kNewton) / resistance, "", "6.2.9.1 (5)");
+    }
+    const auto moment = [&](bool y) {
+        const double plastic = y ? r.my : r.mz, left = y ? t_.mny : t_.mnz;
+        const char* const whole = y ? "M_y,Rd" : "M_z,Rd";
+        const Expr m = Whole(whole, y ? "W_pl,y" : "W_pl,z", plastic, true, "6.2.9.1");
+        const char* const symbol = y ? "M_N,y,Rd" : "M_N,z,Rd";
+        Expr formula = m;
+        const bool reduced = n != nullptr && std::abs(left - plastic) > 1e-9 * plastic;
+        if (reduced && t_.rule == Rule::tube) {
+            formula = m * (1 - Power(n, Num(1.7)));
+        } else if (reduced && t_.rule == Rule::flat) {
+            formula = m * (1 - Square(n));
+        } else if (reduced) {
+            const double share = std::min(y ? t_.web_y : t_.web_z, 0.5);
+            const Expr a = Sym(y ? "a" : "a_z", share);
+            d_.Add(y ? "a" : "a_z", share, "", "6.2.9.1 (5)");
+            formula = y || t_.rule == Rule::closed ? Least({m, m * (1 - n) / (1 - 0.5 * a)})
+                                                   : m * (1 - Square((n - a) / (1 - a)));
+        }
+        d_.Add(symbol, formula, left / kNmm, "kNm", "6.2.9.1");
+        return (y ? Force("M_y,Ed", t_.my, kNmm) : Force("M_z,Ed", t_.mz, kNmm)) /
+               Sym(symbol, left / kNmm);
+    };
+    if (t_.rule == Rule::tube) {
+        moment(true);
+        return Root(Square(Force("M_y,Ed", t_.my, kNmm)) + Square(Force("M_z,Ed", t_.mz, kNmm))) /
+               Sym("M_N,y,Rd", t_.mny / kNmm);
+    }
+    if (t_.alpha > 0) {
+        const Expr y = moment(true), z = moment(false);
+        d_.Add("α", t_.alpha, "", "6.2.9.1 (6)");
+        d_.Add("β", t_.beta, "", "6.2.9.1 (6)");
+        return Power(y, Sym("α", t_.alpha)) + Power(z, Sym("β", t_.beta));
+    }
+    if (t_.my != 0 && t_.mz != 0) {
+        const Expr y = moment(true);
+        return y + moment(false);
+    }
+    return moment(t_.my != 0);
+}
+
+Expr AtSection::Combined()
+{
+    using Rule = SectionTerms::Rule;
+    if (q_.Angle()) {
+        return Corner(t_.corner);
+    }
+    if (t_.across > 0 || t_.rule == Rule::none) {
+        return nullptr;
+    }
+    Rho(true);
+    Rho(false);
+    return t_.rule == Rule::linear ? Linear() : Plastic();
+}
+
+// EN 1993-1-5, 7.1 (1).
+Expr AtSection::Web()
+{
+    const Expr eta =
+        Step(d_, "~η_3",
+             Force("V_z,Ed", t_.vz, kNewton) /
+                 Value("V_bw,Rd", t_.along_z.web / kNewton, "kN", "EN 1993-1-5, 5.2 (1)"),
+             "", "EN 1993-1-5, 7.1 (1)");
+    const Expr mf = Value("M_f,Rd", t_.flanges / kNmm, "kNm", "EN 1993-1-5, 7.1 (1)");
+    const Expr mpl = Value("M_pl,Rd", t_.whole / kNmm, "kNm", "EN 1993-1-5, 7.1 (1)");
+    return Force("M_y,Ed", t_.my, kNmm) / mpl +
+           Largest({Num(0), 1 - mf / mpl}) * Square(2 * eta - Num(1));
+}
+
+Expr AtSection::Ratio()
+{
+    switch (id_) {
+    case standard::CheckId::section_n:
+        return Axial();
+    case standard::CheckId::section_vz:
+        return Shear(true);
+    case standard::CheckId::section_vy:
+        return Shear(false);
+    case standard::CheckId::section_my:
+        return Bending(true);
+    case standard::CheckId::section_mz:
+        return Bending(false);
+    case standard::CheckId::section_nm:
+        return Combined();
+    default:
+        return Web();
+    }
+}
+
+// L/n.
+Expr DeflectionRatio(const ProjectState& input, const CheckStudy& study, bool z, Document& d)
+{
+    const double n = z ? input.deflimitz : input.deflimity;
+    const std::string symbol = z ? "δ_z" : "δ_y";
+    const Expr limit =
+        Step(d, symbol + ",max", Sym("L", input.l) / Sym("n", n) * Ten(3), "mm", "EN 1990, A1.4");
+    return Sym(symbol, std::abs(study.deflection->largest)) / limit;
+}
+
+}  // namespace
+
+void AddStandardCheck(const Library& library, const ProjectState& input,
+                      const standard::StandardResult& result, standard::CheckId id, Document& d)
+{
+    const standard::Check& check = result.checks[id];
+    d.Say("By EN 1993-1-1 as written:", Paragraph::Kind::remark);
+    const auto study = standard::CheckStudyOf(library, input, id, check);
+    Expr ratio;
+    if (study && study->at_section) {
+        ratio = AtSection(*study, id, check.ir, d).Ratio();
+    } else if (study && study->of_member) {
+        ratio = StandardMemberRatio(input, *study, id, d);
+    } else if (study && study->deflection) {
+        ratio = DeflectionRatio(input, *study, id == standard::CheckId::deflection_z, d);
+    }
     std::string where = NameOf(check.load_case);
     if (!std::isnan(check.place)) {
         where += ", x/L = " + NumberText(check.place, 4);
     }
-    d.Add("IR_standard", check.ir, "", std::string(check.clause),
-          "EN 1993-1-1 as written, " + where);
+    const std::string costs = CostsOf(result, id);
+    d.Add("IR_standard", ratio, check.ir, "", std::string(check.clause),
+          where + (costs.empty() ? "" : "; " + costs));
 }
 
 }  // namespace kestrum

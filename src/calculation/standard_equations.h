@@ -5,12 +5,13 @@
 #include "core/library.h"
 #include "core/project_state.h"
 #include "document/document.h"
-#include "standard/result.h"
+#include "standard/standard.h"
 
 namespace kestrum {
 
-// What leads to the ratio of the check, and the ratio. `input`: as read.
-void AddStandardCheck(const Library& library, const ProjectState& input, standard::CheckId id,
-                      const standard::Check& check, Document& d);
+// What leads to the ratio of the check, and the ratio with the departures of the program that
+// change it. `input`: as read.
+void AddStandardCheck(const Library& library, const ProjectState& input,
+                      const standard::StandardResult& result, standard::CheckId id, Document& d);
 
 }  // namespace kestrum

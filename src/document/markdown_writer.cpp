@@ -33,10 +33,12 @@ public:
         const bool strong = paragraph.kind == Paragraph::Kind::verdict_good ||
                             paragraph.kind == Paragraph::Kind::verdict_bad;
         const std::string text = Escaped(PlainText(paragraph.text, document_.head.decimal));
+        EndList();
         out_ += (strong ? "**" + text + "**" : text) + "\n\n";
     }
     void operator()(const TextTable& table)
     {
+        EndList();
         if (!table.caption.empty()) {
             out_ += "**" + Escaped(table.caption) + "**\n\n";
         }
@@ -78,6 +80,13 @@ public:
     void operator()(const PageBreak&) {}
 
 private:
+    // What follows a line of a list would be part of it.
+    void EndList()
+    {
+        if (!out_.ends_with("\n\n")) {
+            out_ += "\n";
+        }
+    }
     void Head()
     {
         const DocumentHead& head = document_.head;

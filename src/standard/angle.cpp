@@ -138,7 +138,8 @@ PrincipalMoments TurnMoments(const AngleSection& angle, double my, double mz)
     return {my * angle.cosine + mz * angle.sine, mz * angle.cosine - my * angle.sine};
 }
 
-double AngleUse(const StandardSection& q, const AngleSection& angle, const AngleForces& f)
+double AngleUse(const StandardSection& q, const AngleSection& angle, const AngleForces& f,
+                CornerTerms* worst)
 {
     const double beside = std::max(0.0, f.n);
     double largest = 0;
@@ -149,6 +150,9 @@ double AngleUse(const StandardSection& q, const AngleSection& angle, const Angle
             const double stress = f.n / angle.a + m.u * at.w / angle.iu - m.v * at.s / angle.iv;
             const double rho = std::max(at.upright ? f.rho_z : 0.0, at.lying ? f.rho_y : 0.0);
             const double use = stress == 0 ? 0 : std::abs(stress) * q.gammam0 / (q.fy * (1 - rho));
+            if (worst != nullptr && use > largest) {
+                *worst = {f.n, m.u, m.v, angle.a, angle.iu, angle.iv, at.w, at.s, rho};
+            }
             largest = std::max(largest, use);
         }
         if (!angle.Shifted()) {

@@ -47,7 +47,15 @@ struct AngleForces {
 };
 // Largest stress of the corners as share of the strength fy/gammaM0. Where the legs are not whole,
 // a compressive N acts beside the centroid, in the unfavourable sense (6.2.9.3 (2)).
-double AngleUse(const StandardSection& q, const AngleSection& angle, const AngleForces& f);
+// `worst`, where it is asked for, takes what stands behind it.
+struct CornerTerms {
+    double n, mu, mv;  // N, Nmm
+    double a, iu, iv;
+    double w, s;  // of the corner
+    double rho;
+};
+double AngleUse(const StandardSection& q, const AngleSection& angle, const AngleForces& f,
+                CornerTerms* worst = nullptr);
 
 // Sum about y and z that the program has beside it (D182); n as share of its resistance.
 double AngleSumByAxes(const StandardSection& q, double n, double my, double mz);

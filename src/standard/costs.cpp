@@ -98,8 +98,11 @@ void CalculateCosts(const Library& library, const ProjectState& project,
         if (difference.any || result.rated != back.rated) {
             const double without = back.rated ? back.ir : kNone;
             const double cost = result.rated && back.rated ? result.ir - back.ir : kNone;
-            result.deviations.push_back(
-                {deviation, without, cost, difference.higher || !result.rated});
+            DeviationCost& found = result.deviations.emplace_back(
+                DeviationCost{deviation, without, cost, difference.higher || !result.rated, {}});
+            for (std::size_t k = 0; k < kCheckIds; ++k) {
+                found.ratios[k] = RatioOf(back.checks, static_cast<CheckId>(k));
+            }
         }
     }
     std::stable_sort(result.deviations.begin(), result.deviations.end(), Costlier);

@@ -256,7 +256,10 @@ int EnteredClass(const StandardSection& q, const ActingForces& f, const Basis& b
 // Gross section less strips.
 class Reduced {
 public:
-    explicit Reduced(const StandardSection& q) : a_(q.a), iy_(q.iy), iz_(q.iz) {}
+    explicit Reduced(const StandardSection& q, std::vector<LostPart>* lost = nullptr)
+        : a_(q.a), iy_(q.iy), iz_(q.iz), lost_(lost)
+    {
+    }
 
     void Lose(double y, double z, double wide, double high)
     {
@@ -266,6 +269,9 @@ public:
         sz_ -= strip * y;
         iy_ -= strip * (z * z + high * high / 12);
         iz_ -= strip * (y * y + wide * wide / 12);
+        if (lost_ != nullptr) {
+            lost_->push_back({y, z, wide, high});
+        }
     }
     double Zc() const { return sy_ / a_; }
     double Yc() const { return sz_ / a_; }
@@ -277,6 +283,7 @@ public:
 private:
     double a_, iy_, iz_;
     double sy_ = 0, sz_ = 0;
+    std::vector<LostPart>* lost_;
 };
 
 // Loses the part of a wall from `from` to `to`, shares of its width from its start.
@@ -430,9 +437,9 @@ int ClassInCompression(const StandardSection& q, const Basis& basis)
     return ClassOf(q, {1, false, false, false}, basis);
 }
 
-EffectiveSection EffectiveInCompression(const StandardSection& q)
+EffectiveSection EffectiveInCompression(const StandardSection& q, std::vector<LostPart>* lost)
 {
-    Reduced reduced(q);
+    Reduced reduced(q, lost);
     for (std::size_t i = 0; i < q.wall_count; ++i) {
         ReduceWall(q, q.walls[i], 1, 1, reduced);
     }
@@ -452,10 +459,11 @@ double WeldOfPlate(const StandardSection& q, const Wall& wall, const Basis& basi
 
 }  // namespace
 
-EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging, const Basis& basis)
+EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging, const Basis& basis,
+                                 std::vector<LostPart>* lost)
 {
     const double sign = sagging ? 1 : -1;
-    Reduced reduced(q);
+    Reduced reduced(q, lost);
     for (std::size_t i = 0; i < q.wall_count; ++i) {
         if (!q.walls[i].Upright() && q.walls[i].z0 * sign > 0) {
             ReduceWall(q, q.walls[i], 1, 1, reduced);

@@ -5,6 +5,8 @@
 
 #include "standard/section.h"
 
+#include <vector>
+
 namespace kestrum::standard {
 
 // What acts somewhere on the member in a combination.
@@ -30,8 +32,15 @@ struct EffectiveSection {
     double yc, zc;  // shift of the centroid
     double iy, iz;  // about its own centroid
 };
-EffectiveSection EffectiveInCompression(const StandardSection& q);
-EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging, const Basis& basis);
+// A rectangle that does not count, by its middle from the centroid of the gross section.
+struct LostPart {
+    double y, z, wide, high;
+};
+// `lost`, where it is asked for, takes the parts that do not count.
+EffectiveSection EffectiveInCompression(const StandardSection& q,
+                                        std::vector<LostPart>* lost = nullptr);
+EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging, const Basis& basis,
+                                 std::vector<LostPart>* lost = nullptr);
 EffectiveSection EffectiveAboutZ(const StandardSection& q, bool right_compressed);
 
 // All of class 4, once for a member.

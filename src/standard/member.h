@@ -8,9 +8,11 @@
 #include "core/project_state.h"
 #include "standard/effective.h"
 #include "standard/lines.h"
+#include "standard/member_checks.h"
 #include "standard/resistance.h"
 #include "standard/result.h"
 #include "standard/section.h"
+#include "standard/section_checks.h"
 
 #include <span>
 #include <string>
@@ -61,12 +63,23 @@ ActingForces ActingIn(const CombinedLines& lines);
 bool CheckStrength(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
                    Checks& checks);
 
+// What stands behind the ratios of one combination: of a section check at x in m, of the member.
+SectionTerms SectionTermsOf(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
+                            CheckId id, double x);
+MemberTerms MemberTermsOf(const Member& m, const LoadCase& load_case, const CombinedLines& lines);
+
 // The largest section ratio of one combination at even places, kept where it is larger.
 void KeepLargestAlong(const Member& m, const LoadCase& load_case, std::span<double> largest);
 
 // The combinations of serviceability; none with given end forces.
 LoadCases ServiceCasesOf(const Member& m);
 void CheckService(const Member& m, const LoadCase& load_case, Checks& checks);
+
+// The largest deflection with its sign, its limit in mm, and its place x/L.
+struct DeflectionTerms {
+    double largest, limit, place;
+};
+DeflectionTerms DeflectionOf(const Member& m, const CombinedLines& lines, Axis axis);
 
 // What takes the program's rule because the standard basis has no other.
 void NameOutside(const Library& library, const Member& m, std::vector<std::string>& outside);

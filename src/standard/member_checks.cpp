@@ -1,11 +1,7 @@
 #include "standard/member_checks.h"
 
-#include "clauses/annex_a.h"
-#include "clauses/annex_b.h"
 #include "core/member_choices.h"
 #include "core/project_state.h"
-#include "standard/column.h"
-#include "standard/lateral.h"
 #include "standard/moment_shape.h"
 #include "standard/tripping.h"
 
@@ -28,8 +24,8 @@ constexpr double kSwayCm = 0.9;  // Table B.3, members that buckle in a sway mod
 
 class Member {
 public:
-    explicit Member(const MemberCase& m)
-        : m_(m), b_(m.basis), p_(m.section), q_(m.section.q), cls_(m.classes.all),
+    Member(const MemberCase& m, MemberTerms* told)
+        : m_(m), told_(told), b_(m.basis), p_(m.section), q_(m.section.q), cls_(m.classes.all),
           n_(m.lines.n * kN), bends_y_(m.my), bends_z_(m.mz),
           my_(std::abs(m.lines.LargestMoment(Axis::y).value) * kNmm),
           mz_(std::abs(m.lines.LargestMoment(Axis::z).value) * kNmm)
@@ -38,6 +34,7 @@ public:
     bool Check(Checks& checks);
 
 private:
+    void Tell() const;
     void Keep(Checks& checks, CheckId id, double ir, std::string_view clause) const
     {
         checks.Keep(id, ir, clause, kWholeMember, m_.load_case);
@@ -75,6 +72,7 @@ private:
     LateralResult Lateral() const;
 
     const MemberCase& m_;
+    MemberTerms* told_;  // null where nobody asks
     const Basis& b_;
     const PreparedSection& p_;
     const StandardSection& q_;
@@ -107,6 +105,9 @@ void Member::Column(Checks& checks) const
 {
     const ColumnCurves curves = CurvesOf(m_.library, m_.s, q_, b_);
     const Reductions r = ReductionsOf(p_, ncr_, curves, p_.class_n);
+    if (told_ != nullptr) {
+        told_->column = r;
+    }
     if (MayBeLeftOut(r) && !b_.departs(Dev::d232)) {
         return;
     }
@@ -250,7 +251,12 @@ InteractionFactors Member::AnnexA() const
     }
     const auto factors = [&](bool plastic) {
         in.plastic = plastic;
-        return clauses::FactorsOfAnnexA(in).k;
+        const clauses::AnnexAFactors found = clauses::FactorsOfAnnexA(in);
+        if (told_ != nullptr) {
+            told_->a = in;
+            told_->found_a = found;
+        }
+        return found.k;
     };
     // D218: the program picks the column of each moment by its own class.
     const bool plastic = Plastic(cls_);
@@ -285,6 +291,9 @@ InteractionFactors Member::AnnexB() const
     if (in.twists && in.plastic && in.lamz < 0.4) {
         in.low_slenderness = b_.departs(Dev::d225);
     }
+    if (told_ != nullptr) {
+        told_->b = in;
+    }
     return clauses::FactorsOfAnnexB(in);
 }
 
@@ -300,6 +309,11 @@ void Member::Outside(Checks& checks) const
     const double mrz = ModulusZ(p_, cls_) * q_.fy / q_.gammam1;
     const double ir = n_ * q_.gammam1 / (least * chi_.squash) + kyy * (my_ + ShiftY()) / mry +
                       kzz * (mz_ + ShiftZ()) / mrz;
+    if (told_ != nullptr) {
+        told_->k = {kyy, 0, 0, kzz};
+        told_->wy = wy;
+        told_->wz = ModulusZ(p_, cls_);
+    }
     Keep(checks, CheckId::interaction_outside, ir, "interaction outside 6.3.3");
 }
 
@@ -332,6 +346,12 @@ void Member::Interaction(Checks& checks)
     const double wy = ModulusY(p_, cls_, lateral_.moment >= 0);
     const double my = my_ * q_.gammam1 / (lateral_.chi * wy * q_.fy);
     const double mz = mz_ * q_.gammam1 / (ModulusZ(p_, cls_) * q_.fy);
+    if (told_ != nullptr) {
+        told_->k = k;
+        told_->annex_a = annex_a;
+        told_->wy = wy;
+        told_->wz = ModulusZ(p_, cls_);
+    }
     // D236: an axis without buckling has no row in the program.
     const bool row_y = std::isfinite(ncr_.y) || n_ == 0 || b_.departs(Dev::d236);
     const bool row_z = std::isfinite(ncr_.z) || n_ == 0 || b_.departs(Dev::d236);
@@ -402,14 +422,33 @@ bool Member::Check(Checks& checks)
                     lateral_.place, m_.load_case);
     }
     Interaction(checks);
+    Tell();
     return true;
+}
+
+void Member::Tell() const
+{
+    if (told_ == nullptr) {
+        return;
+    }
+    told_->n = n_;
+    told_->my = my_;
+    told_->mz = mz_;
+    told_->cls = cls_;
+    told_->twists = ColumnTwists();
+    told_->ncr = ncr_;
+    told_->curves = CurvesOf(m_.library, m_.s, q_, b_);
+    told_->interaction = chi_;
+    told_->lateral = lateral_;
+    told_->shift_y = ShiftY();
+    told_->shift_z = ShiftZ();
 }
 
 }  // namespace
 
-bool CheckMember(const MemberCase& member, Checks& checks)
+bool CheckMember(const MemberCase& member, Checks& checks, MemberTerms* told)
 {
-    return Member(member).Check(checks);
+    return Member(member, told).Check(checks);
 }
 
 }  // namespace kestrum::standard

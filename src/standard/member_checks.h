@@ -3,7 +3,11 @@
 // Buckling of the member, EN 1993-1-1, 6.3: flexural, torsional, lateral torsional, and N with
 // bending by 6.3.3.
 
+#include "clauses/annex_a.h"
+#include "clauses/annex_b.h"
 #include "core/library.h"
+#include "standard/column.h"
+#include "standard/lateral.h"
 #include "standard/lines.h"
 #include "standard/resistance.h"
 #include "standard/result.h"
@@ -24,8 +28,28 @@ struct MemberCase {
     bool my, mz;
 };
 
+// What stands behind the ratios of the member. N, Nmm, mm.
+struct MemberTerms {
+    double n, my, mz;  // largest sizes; of angles about u and v
+    int cls;           // of the combination
+    bool twists;       // torsional buckling takes part
+    CriticalForces ncr;
+    ColumnCurves curves;
+    Reductions column;       // class of N alone
+    Reductions interaction;  // class of the combination
+    LateralResult lateral;
+    double shift_y, shift_z;  // NEd eN
+    double wy, wz;            // of the moment resistances
+    clauses::InteractionFactors k;
+    bool annex_a;
+    clauses::AnnexAInputs a;
+    clauses::AnnexAFactors found_a;
+    clauses::AnnexBInputs b;
+};
+
 // Deviations D207, D208, D217 to D219, D221 to D223, D225, D229, D230, D232, D236, D240.
 // False where the numerical solution does not take the member (more than 16 restraints).
-bool CheckMember(const MemberCase& member, Checks& checks);
+// `told`, where it is asked for, takes the terms.
+bool CheckMember(const MemberCase& member, Checks& checks, MemberTerms* told = nullptr);
 
 }  // namespace kestrum::standard

@@ -34,9 +34,9 @@ double Used(double force, double resistance)
 class Place {
 public:
     Place(const SectionMember& member, const Classes& classes, const ForcesAt& f,
-          const Basis& basis)
+          const Basis& basis, SectionTerms* told = nullptr)
         : member_(member), p_(member.section), q_(member.section.q), classes_(classes),
-          cls_(classes.all), f_(f), basis_(basis)
+          cls_(classes.all), f_(f), basis_(basis), told_(told)
     {
     }
     Ratios All(double length);
@@ -51,6 +51,12 @@ private:
     bool Shifted() const;
     void Linear(const ReducedResistance& r);
     void Plastic(const ReducedResistance& r, double n);
+    struct Both {
+        double y = 0, z = 0;
+    };
+    void TellPlastic(SectionTerms::Rule rule, const ReducedResistance& r, double n,
+                     const Both& webs, const Both& moments,
+                     const clauses::BiaxialExponents& exponents);
     void PlasticI(const ReducedResistance& r, double n);
     void PlasticClosed(const ReducedResistance& r, double n);
     void WebAndMoment(double length);
@@ -66,6 +72,7 @@ private:
     int cls_;
     ForcesAt f_;
     const Basis& basis_;
+    SectionTerms* told_;  // takes what stands behind the ratios, where somebody asks
     ShearResistance z_{}, y_{};
     ShearShares rho_{};
     Ratios ratios_{};
@@ -76,6 +83,9 @@ void Place::Axial()
     if (f_.n > 0) {
         const double area = CompressedArea(p_, p_.class_n);
         At(CheckId::section_n) = {f_.n * q_.gammam0 / (area * q_.fy), "6.2.4"};
+        if (told_ != nullptr) {
+            told_->area = area;
+        }
     } else if (f_.n < 0) {
         At(CheckId::section_n) = {-f_.n * q_.gammam0 / (q_.a * q_.fy), "6.2.3"};
     }
@@ -118,6 +128,14 @@ void Place::Moments()
     const ReducedResistance r = ResistanceBeside(p_, cls_y, rho_, f_.n > 0, sagging, basis_);
     const std::string_view clause = rho_.z > 0 || rho_.y > 0 ? "6.2.8" : "6.2.5";
     const double enough = 1e-9;  // of a moment that is a rounding of none, kNm
+    const double mz = cls_z == cls_y || q_.kind == Kind::tube || !(std::abs(f_.mz) > enough)
+                          ? r.mz
+                          : ResistanceBeside(p_, cls_z, rho_, f_.n > 0, sagging, basis_).mz;
+    if (told_ != nullptr) {
+        told_->classes = {cls_, cls_y, cls_z};
+        told_->moment_y = r.my;
+        told_->moment_z = mz;
+    }
     if (q_.kind == Kind::tube && std::hypot(f_.my, f_.mz) > enough) {  // bends about one axis
         At(CheckId::section_my) = {std::hypot(f_.my, f_.mz) / r.my, clause};
         return;
@@ -126,8 +144,6 @@ void Place::Moments()
         At(CheckId::section_my) = {std::abs(f_.my) / r.my, clause};
     }
     if (std::abs(f_.mz) > enough) {
-        const double mz =
-            cls_z == cls_y ? r.mz : ResistanceBeside(p_, cls_z, rho_, f_.n > 0, sagging, basis_).mz;
         At(CheckId::section_mz) = {std::abs(f_.mz) / mz, clause};
     }
 }
@@ -154,6 +170,12 @@ double Place::LinearSum(const ReducedResistance& r) const
         my += f_.n * p_.effective.eny;
         mz += f_.n * p_.effective.enz;
     }
+    if (told_ != nullptr) {
+        told_->rule = SectionTerms::Rule::linear;
+        told_->beside_shear = r;
+        told_->shift_y = Shifted() ? p_.effective.eny : 0;
+        told_->shift_z = Shifted() ? p_.effective.enz : 0;
+    }
     const double moments =
         q_.kind == Kind::tube ? Used(std::hypot(my, mz), r.my) : Used(my, r.my) + Used(mz, r.mz);
     return Used(f_.n, r.n) + moments;
@@ -167,6 +189,25 @@ void Place::Linear(const ReducedResistance& r)
                                    : cls_ == 4 ? "6.2.9.3"
                                    : elastic   ? "6.2.9.2"
                                                : "6.2.1 (7)"};
+}
+
+void Place::TellPlastic(SectionTerms::Rule rule, const ReducedResistance& r, double n,
+                        const Both& webs, const Both& moments,
+                        const clauses::BiaxialExponents& exponents)
+{
+    if (told_ == nullptr) {
+        return;
+    }
+    const bool both = f_.my != 0 && f_.mz != 0;
+    told_->rule = rule;
+    told_->beside_shear = r;
+    told_->share = n;
+    told_->web_y = webs.y;
+    told_->web_z = webs.z;
+    told_->mny = moments.y;
+    told_->mnz = moments.z;
+    told_->alpha = both ? exponents.alpha : 0;
+    told_->beta = both ? exponents.beta : 0;
 }
 
 void Place::PlasticI(const ReducedResistance& r, double n)
@@ -185,6 +226,7 @@ void Place::PlasticI(const ReducedResistance& r, double n)
         mny = basis_.pick(Dev::d180, std::min(r.my, r.my * (1 - n) / (1 - 0.5 * a)), mny);
     }
     const bool both = f_.my != 0 && f_.mz != 0;
+    TellPlastic(SectionTerms::Rule::i_section, r, n, {a, a}, {mny, mnz}, clauses::ExponentsOfI(n));
     const double ir = both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, clauses::ExponentsOfI(n))
                            : std::max(Used(f_.my, mny), Used(f_.mz, mnz));
     At(CheckId::section_nm) = {ir, both ? "Eq 6.41" : "6.2.9.1"};
@@ -214,9 +256,10 @@ void Place::PlasticClosed(const ReducedResistance& r, double n)
     const double mny = clauses::ReducedMomentHollow(r.my, n, aw);
     const double mnz = clauses::ReducedMomentHollow(r.mz, n, af);
     const bool both = f_.my != 0 && f_.mz != 0;
-    const double ir =
-        both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, ExponentsOfClosed(n, basis_))
-             : std::max(Used(f_.my, mny), Used(f_.mz, mnz));
+    const clauses::BiaxialExponents exponents = ExponentsOfClosed(n, basis_);
+    TellPlastic(SectionTerms::Rule::closed, r, n, {aw, af}, {mny, mnz}, exponents);
+    const double ir = both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, exponents)
+                           : std::max(Used(f_.my, mny), Used(f_.mz, mnz));
     At(CheckId::section_nm) = {ir, both ? "Eq 6.41" : "6.2.9.1"};
 }
 
@@ -224,12 +267,15 @@ void Place::Plastic(const ReducedResistance& r, double n)
 {
     if (q_.kind == Kind::tube) {
         const double mn = clauses::ReducedMomentTube(r.my, n);
+        TellPlastic(SectionTerms::Rule::tube, r, n, {}, {mn, mn}, {});
         At(CheckId::section_nm) = {Used(std::hypot(f_.my, f_.mz), mn), "6.2.9.1 (2)"};
     } else if (q_.kind == Kind::flat) {
         // D177: beside a tension the program leaves the moment resistance whole.
         const double least = clauses::ReducedMomentFlat(r.my, n);
         const double mny = f_.n < 0 ? basis_.pick(Dev::d177, r.my, least) : least;
-        const double sum = Used(f_.my, mny) + Used(f_.mz, clauses::ReducedMomentFlat(r.mz, n));
+        const double mnz = clauses::ReducedMomentFlat(r.mz, n);
+        TellPlastic(SectionTerms::Rule::flat, r, n, {}, {mny, mnz}, {});
+        const double sum = Used(f_.my, mny) + Used(f_.mz, mnz);
         At(CheckId::section_nm) = {sum, "6.2.9.1 (3)"};
     } else if (!q_.Closed()) {
         PlasticI(r, n);
@@ -269,21 +315,22 @@ void Place::Combined()
 void Place::AngleMoments()
 {
     const AngleSection& angle = p_.AngleOf(cls_);
-    const auto use = [&](double n, double my, double mz) {
+    const auto use = [&](double n, double my, double mz, CornerTerms SectionTerms::*terms) {
         const AngleSection& acting = n < 0 ? p_.whole_angle : angle;
-        return AngleUse(q_, acting, {n, my, mz, rho_.z, rho_.y});
+        return AngleUse(q_, acting, {n, my, mz, rho_.z, rho_.y},
+                        told_ == nullptr ? nullptr : &(told_->*terms));
     };
     const std::string_view clause = rho_.z > 0 || rho_.y > 0 ? "6.2.8" : "6.2.5";
     const double enough = 1e-9;  // of a moment that is a rounding of none, kNm
     if (std::abs(f_.my) > enough) {
-        At(CheckId::section_my) = {use(0, f_.my, 0), clause};
+        At(CheckId::section_my) = {use(0, f_.my, 0, &SectionTerms::my_corner), clause};
     }
     if (std::abs(f_.mz) > enough) {
-        At(CheckId::section_mz) = {use(0, 0, f_.mz), clause};
+        At(CheckId::section_mz) = {use(0, 0, f_.mz, &SectionTerms::mz_corner), clause};
     }
     const int acting = (f_.n != 0) + (f_.my != 0) + (f_.mz != 0);
     if (acting > 1 || (cls_ == 4 && f_.n > 0)) {
-        double ir = use(f_.n, f_.my, f_.mz);
+        double ir = use(f_.n, f_.my, f_.mz, &SectionTerms::corner);
         // D182: the program has the sum about y and z beside it, which leaves out their coupling.
         const double n = Used(f_.n, (f_.n > 0 ? CompressedArea(p_, cls_) : q_.a) * q_.fy);
         ir = basis_.pick(
@@ -302,6 +349,9 @@ void Place::LoadedFlange()
     }
     const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0, basis_);
     const double across = FlangePlate(q_, member_.flange_load);
+    if (told_ != nullptr) {
+        told_->across = across;
+    }
     At(CheckId::section_nm) = {FlangeUnderBoth(LinearSum(r), across, basis_), "6.2.1 (5)"};
 }
 
@@ -327,6 +377,11 @@ void Place::WebAndMoment(double length)
     if (eta3 <= 0.5 || my < mf || !(mpl > 0)) {
         return;
     }
+    if (told_ != nullptr) {
+        told_->eta3 = eta3;
+        told_->flanges = mf;
+        told_->whole = mpl;
+    }
     const double over = 2 * eta3 - 1;
     const double ir = my / mpl + std::max(0.0, 1 - mf / mpl) * over * over;
     At(CheckId::section_mv) = {ir, "EN 1993-1-5, 7.1"};
@@ -336,6 +391,12 @@ Ratios Place::All(double length)
 {
     Axial();
     Shear();
+    if (told_ != nullptr) {
+        told_->classes = classes_;
+        told_->along_z = z_;
+        told_->along_y = y_;
+        told_->rho = rho_;
+    }
     if (q_.Angle()) {
         AngleMoments();
         return ratios_;
@@ -383,15 +444,19 @@ private:
 
 constexpr int kEvenSections = 50;
 
+ForcesAt ForcesOf(const CombinedLines& lines, std::size_t piece, double x)
+{
+    return {x,
+            lines.Axial(piece, x) * kN,
+            lines.Moment(Axis::y, piece, x) * kNmm,
+            lines.Moment(Axis::z, piece, x) * kNmm,
+            lines.Shear(Axis::y, piece, x) * kN,
+            lines.Shear(Axis::z, piece, x) * kN};
+}
+
 Ratios Walk::RatiosAt(std::size_t piece, double x) const
 {
-    const ForcesAt f = {x,
-                        lines_.Axial(piece, x) * kN,
-                        lines_.Moment(Axis::y, piece, x) * kNmm,
-                        lines_.Moment(Axis::z, piece, x) * kNmm,
-                        lines_.Shear(Axis::y, piece, x) * kN,
-                        lines_.Shear(Axis::z, piece, x) * kN};
-    return Place(member_, classes_, f, basis_).All(lines_.grid.Length());
+    return Place(member_, classes_, ForcesOf(lines_, piece, x), basis_).All(lines_.grid.Length());
 }
 
 double Walk::LargestAt(std::size_t piece, double x) const
@@ -513,6 +578,35 @@ void CheckSections(const SectionMember& member, const CombinedLines& lines, cons
                         load_case);
         }
     }
+}
+
+SectionTerms SectionTermsAt(const SectionMember& member, const CombinedLines& lines,
+                            const Classes& classes, const Basis& basis, double x, CheckId id)
+{
+    constexpr double kSame = 1e-9;  // of the length
+    const double length = lines.grid.Length();
+    SectionTerms worst{};
+    double largest = -1;
+    for (std::size_t piece = 0; piece < lines.grid.pieces; ++piece) {
+        if (lines.grid.x[piece] > x + kSame * length ||
+            lines.grid.x[piece + 1] < x - kSame * length) {
+            continue;
+        }
+        const ForcesAt f = ForcesOf(lines, piece, x);
+        SectionTerms terms{};
+        terms.n = f.n;
+        terms.my = f.my;
+        terms.mz = f.mz;
+        terms.vz = f.vz;
+        terms.vy = f.vy;
+        const Ratios ratios = Place(member, classes, f, basis, &terms).All(length);
+        const double ir = ratios[static_cast<std::size_t>(id)].ir;
+        if (ir > largest) {
+            largest = ir;
+            worst = terms;
+        }
+    }
+    return worst;
 }
 
 void KeepLargestAlong(const SectionMember& member, const CombinedLines& lines,

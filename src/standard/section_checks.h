@@ -7,6 +7,7 @@
 #include "standard/resistance.h"
 #include "standard/result.h"
 
+#include <cstdint>
 #include <span>
 
 namespace kestrum::standard {
@@ -23,6 +24,31 @@ struct SectionMember {
 struct Classes {
     int all, my, mz;
 };
+
+// What stands behind the ratios at one place. N, Nmm, mm; 0 where a check does not take part.
+struct SectionTerms {
+    enum class Rule : std::uint8_t { none, linear, i_section, closed, tube, flat, corners };
+
+    double n, my, mz, vz, vy;  // acting, with their signs
+    Classes classes;           // of the moments alone and of all forces
+    double area;               // of NEd alone
+    ShearResistance along_z, along_y;
+    ShearShares rho;
+    double moment_y, moment_z;  // resistances of the moments alone
+    Rule rule;                  // of all forces together
+    ReducedResistance beside_shear;
+    double shift_y, shift_z;     // eN of class 4, sizes
+    double share, web_y, web_z;  // n and a of 6.2.9.1
+    double mny, mnz;
+    double alpha, beta;                        // exponents; 0: one moment alone
+    double across;                             // use of a loaded flange across the member
+    double eta3, flanges, whole;               // EN 1993-1-5, 7.1
+    CornerTerms my_corner, mz_corner, corner;  // of angles: each moment alone, all forces
+};
+
+// At the place x in m where the check has its largest ratio; of both sides of a jump the worse.
+SectionTerms SectionTermsAt(const SectionMember& member, const CombinedLines& lines,
+                            const Classes& classes, const Basis& basis, double x, CheckId id);
 
 // Deviations D109, D153, D163, D164, D170, D171, D176 to D178, D190, D198.
 void CheckSections(const SectionMember& member, const CombinedLines& lines, const Classes& classes,

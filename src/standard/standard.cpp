@@ -9,8 +9,6 @@
 #include "engine/section_dispatch.h"
 #include "engine/validate.h"
 #include "standard/member.h"
-#include "standard/member_checks.h"
-#include "standard/section_checks.h"
 
 #include <algorithm>
 #include <array>
@@ -75,15 +73,42 @@ ActingForces ActingIn(const CombinedLines& lines)
             y.least.value<-kNothing, z.most.value> kNothing || z.least.value < -kNothing};
 }
 
+namespace {
+
+MemberCase MemberCaseOf(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
+                        const ActingForces& forces, const Classes& classes)
+{
+    return {m.library, m.s,       m.basis, m.program, m.section,
+            m.loads,   load_case, lines,   classes,   forces.sagging || forces.hogging,
+            forces.mz};
+}
+
+}  // namespace
+
 bool CheckStrength(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
                    Checks& checks)
 {
     const ActingForces forces = ActingIn(lines);
     const Classes classes = ClassesOf(m.section.q, forces, m.basis);
     CheckSections(SectionMemberOf(m, load_case, lines), lines, classes, load_case, checks, m.basis);
-    return CheckMember({m.library, m.s, m.basis, m.program, m.section, m.loads, load_case, lines,
-                        classes, forces.sagging || forces.hogging, forces.mz},
-                       checks);
+    return CheckMember(MemberCaseOf(m, load_case, lines, forces, classes), checks);
+}
+
+SectionTerms SectionTermsOf(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
+                            CheckId id, double x)
+{
+    const Classes classes = ClassesOf(m.section.q, ActingIn(lines), m.basis);
+    return SectionTermsAt(SectionMemberOf(m, load_case, lines), lines, classes, m.basis, x, id);
+}
+
+MemberTerms MemberTermsOf(const Member& m, const LoadCase& load_case, const CombinedLines& lines)
+{
+    const ActingForces forces = ActingIn(lines);
+    const Classes classes = ClassesOf(m.section.q, forces, m.basis);
+    MemberTerms terms{};
+    Checks checks;
+    CheckMember(MemberCaseOf(m, load_case, lines, forces, classes), checks, &terms);
+    return terms;
 }
 
 void KeepLargestAlong(const Member& m, const LoadCase& load_case, std::span<double> largest)
@@ -93,24 +118,28 @@ void KeepLargestAlong(const Member& m, const LoadCase& load_case, std::span<doub
     KeepLargestAlong(SectionMemberOf(m, load_case, lines), lines, classes, m.basis, largest);
 }
 
-namespace {
-
 // EN 1990, A1.4: L/n.
-void CheckDeflection(const Member& m, const LoadCase& load_case, Axis axis, Checks& checks)
+DeflectionTerms DeflectionOf(const Member& m, const CombinedLines& lines, Axis axis)
 {
-    const CombinedLines lines = LinesOf(m.s, m.loads, load_case.factors, m.basis);
     const StandardSection& q = m.section.q;
     const DeflectionLine line(lines.grid, lines.Of(axis).m,
                               m.s.supportcase == SupportCase::cantilever, q.e,
                               axis == Axis::y ? q.iy : q.iz);
     const LineExtreme largest = line.Largest();
-    if (largest.value == 0) {
-        return;
+    return {largest.value, m.s.l * 1000.0 / (axis == Axis::y ? m.s.deflimitz : m.s.deflimity),
+            largest.x / lines.grid.Length()};
+}
+
+namespace {
+
+void CheckDeflection(const Member& m, const LoadCase& load_case, Axis axis, Checks& checks)
+{
+    const CombinedLines lines = LinesOf(m.s, m.loads, load_case.factors, m.basis);
+    const DeflectionTerms terms = DeflectionOf(m, lines, axis);
+    if (terms.largest != 0) {
+        checks.Keep(axis == Axis::y ? CheckId::deflection_z : CheckId::deflection_y,
+                    std::abs(terms.largest) / terms.limit, "EN 1990, A1.4", terms.place, load_case);
     }
-    const double limit = m.s.l * 1000.0 / (axis == Axis::y ? m.s.deflimitz : m.s.deflimity);
-    checks.Keep(axis == Axis::y ? CheckId::deflection_z : CheckId::deflection_y,
-                std::abs(largest.value) / limit, "EN 1990, A1.4", largest.x / lines.grid.Length(),
-                load_case);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "standard/result.h"
 #include "standard/vibration.h"
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,7 @@ struct DeviationCost {
     double without;  // largest ratio with the program's rule; NaN where there is no result
     double cost;     // the standard's largest ratio less that; NaN where one of both is missing
     bool unsafe;     // some check comes out lower by the program's rule, or is missing
+    std::array<double, kCheckIds> ratios;  // of each check with the program's rule; 0 without it
 };
 
 struct StandardResult {

@@ -1,0 +1,22 @@
+#pragma once
+
+// The effective section of class 4 told in full: its values and the parts that do not count.
+
+#include "core/library.h"
+#include "standard/effective.h"
+
+#include <optional>
+
+namespace kestrum::standard {
+
+struct EffectiveStudy {
+    EffectiveValues values;
+    EffectiveSection compressed;
+    std::vector<LostPart> compression{}, sagging{}, hogging{};
+    bool doubly_symmetric;
+};
+
+// `project` as read. Nothing for angles and for what the standard basis does not cover.
+std::optional<EffectiveStudy> EffectiveStudyOf(const Library& library, const ProjectState& project);
+
+}  // namespace kestrum::standard
