@@ -124,15 +124,13 @@ std::string ValuesOf(const Library& library, const Field& field, const Choice* c
 
 }  // namespace
 
-std::string BoxLimits(std::string_view field)
+std::string LimitsOf(const Field& field)
 {
-    const Box* const box = BoxOfField(field);
+    const Box* const box = BoxOfField(field.name);
     std::string text;
-    if (box != nullptr) {
-        AddLimit(text, BoundWords(box->lower, "above", "at least"));
-        AddLimit(text, BoundWords(box->upper, "below", "at most"));
-        AddLimit(text, RuleWords(box->rule));
-    }
+    AddLimit(text, BoundWords(field.limits.lower, "above", "at least"));
+    AddLimit(text, BoundWords(field.limits.upper, "below", "at most"));
+    AddLimit(text, box != nullptr ? RuleWords(box->rule) : std::string_view{});
     return text;
 }
 
@@ -150,8 +148,21 @@ FieldFacts FactsOf(const Library& library, const Field& field)
     facts.since = field.since;
     facts.choice = field.role == FieldRole::input ? ChoiceOf(field) : nullptr;
     facts.values = ValuesOf(library, field, facts.choice);
-    facts.limits = field.role == FieldRole::input ? BoxLimits(field.name) : std::string{};
+    facts.limits = field.role == FieldRole::input ? LimitsOf(field) : std::string{};
+    for (const FilePlace& place : field.file) {
+        if (field.role == FieldRole::input && place.part != FilePart::none) {
+            facts.places.push_back(place);
+        }
+    }
     return facts;
+}
+
+std::string_view PartName(FilePart part)
+{
+    constexpr std::string_view kNames[] = {"",          "titles", "settings", "member",
+                                           "endforces", "axial",  "uniform",  "trapezoidal",
+                                           "point",     "family", "section",  "tail"};
+    return kNames[static_cast<std::size_t>(part)];
 }
 
 const Field* FieldMeant(std::string_view name)

@@ -22,7 +22,8 @@ struct FieldFacts {
     int since = 0;
     const Choice* choice = nullptr;  // the list of values
     std::string values;              // in words: "0 G, 1 Q1"; empty where any number goes
-    std::string limits;              // of the box: "at least 0.05"; empty without
+    std::string limits;              // "at least 0.05"; empty without
+    std::vector<FilePlace> places;   // in the project file
 };
 
 FieldFacts FactsOf(const Library& library, const Field& field);
@@ -31,10 +32,13 @@ FieldFacts FactsOf(const Library& library, const Field& field);
 // series and row in one; described as the family). Null for none.
 const Field* FieldMeant(std::string_view name);
 
+// "settings", "axial" ..
+std::string_view PartName(FilePart part);
+
 // A few lines for a reader.
 std::string FactsText(const FieldFacts& facts);
 
-// The limits of a box in words, whatever the project.
-std::string BoxLimits(std::string_view field);
+// The limits of a field in words, whatever the project.
+std::string LimitsOf(const Field& field);
 
 }  // namespace kestrum

@@ -18,15 +18,15 @@ namespace kestrum {
 namespace {
 
 // Limits are given in decimals, the value was read as a float: both count as floats.
-bool Within(double value, const Box& box)
+bool Within(double value, const Limits& limits)
 {
     const float x = static_cast<float>(value);
-    const float low = static_cast<float>(box.lower.value);
-    const float high = static_cast<float>(box.upper.value);
-    const bool above = box.lower.kind == Bound::Kind::none ||
-                       (box.lower.kind == Bound::Kind::strict ? x > low : x >= low);
-    const bool below = box.upper.kind == Bound::Kind::none ||
-                       (box.upper.kind == Bound::Kind::strict ? x < high : x <= high);
+    const float low = static_cast<float>(limits.lower.value);
+    const float high = static_cast<float>(limits.upper.value);
+    const bool above = limits.lower.kind == Bound::Kind::none ||
+                       (limits.lower.kind == Bound::Kind::strict ? x > low : x >= low);
+    const bool below = limits.upper.kind == Bound::Kind::none ||
+                       (limits.upper.kind == Bound::Kind::strict ? x < high : x <= high);
     return above && below && x == x;
 }
 
@@ -168,7 +168,7 @@ BoxOutcome Commit(ProjectState& s, const Box& box, int index, std::string_view t
         return {false, kMismatch};
     }
     const double value = NumberOf(s, *field, index);
-    if (!Within(value, box)) {
+    if (!Within(value, field->limits)) {
         return {false, box.message};
     }
     if (const auto refusal = Related(s, box, value)) {
@@ -187,11 +187,12 @@ std::string LimitText(const ProjectState& s, const Box& box)
         text += (text.empty() ? "" : " and ") + std::string(word) + " " +
                 Shortest(static_cast<float>(value));
     };
-    if (box.lower.kind != Bound::Kind::none) {
-        add(box.lower.kind == Bound::Kind::strict ? "above" : "at least", box.lower.value);
+    const auto [lower, upper] = FindField(box.field)->limits;
+    if (lower.kind != Bound::Kind::none) {
+        add(lower.kind == Bound::Kind::strict ? "above" : "at least", lower.value);
     }
-    if (box.upper.kind != Bound::Kind::none) {
-        add(box.upper.kind == Bound::Kind::strict ? "below" : "at most", box.upper.value);
+    if (upper.kind != Bound::Kind::none) {
+        add(upper.kind == Bound::Kind::strict ? "below" : "at most", upper.value);
     }
     if (const RelatedBound bound = BoundOf(s, box); bound.side != RelatedBound::Side::none) {
         add(bound.side == RelatedBound::Side::below    ? "below"
@@ -219,7 +220,7 @@ std::string BoxText(const ProjectState& s, const Box& box, int index)
                 : std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
         return {digits.data(), end};
     }
-    if (box.field == "fyk" && Within(value, box)) {
+    if (box.field == "fyk" && Within(value, field.limits)) {
         return FormatNum(static_cast<float>(value), "#000");  // as the material selection writes it
     }
     return field.kind == FieldKind::single ? FormatNum(static_cast<float>(value), box.format)

@@ -1,7 +1,7 @@
 #pragma once
 
-// Every numeric input box of the program: which field it writes, how it shows it, what it accepts
-// and what it says when it refuses. Desktop, command line and batch take their limits from here.
+// Every numeric input box of the program: which field it writes, how it shows it, what it asks of
+// other fields and what it says when it refuses. The limits of the value itself are the field's.
 
 #include <cstdint>
 #include <span>
@@ -12,13 +12,7 @@ namespace kestrum {
 
 struct ProjectState;
 
-struct Bound {
-    enum class Kind : std::uint8_t { none, inclusive, strict };
-    Kind kind = Kind::none;
-    double value = 0;
-};
-
-// What a box does beside its two bounds.
+// What a box does beside the limits of its field.
 enum class BoxRule : std::uint8_t {
     plain,
     position,     // 0 to the member length, or 0 to 1 of it; a bad one becomes 0
@@ -36,7 +30,6 @@ struct Box {
     std::string_view id;      // its name there; two windows may use one name
     std::string_view field;   // of the record, or of each row of an array
     std::string_view format;  // empty: as entered
-    Bound lower, upper;
     std::string_view message;
     std::string_view other = {};  // instead: relative positions, the second half of a rule
     BoxRule rule = BoxRule::plain;

@@ -8,7 +8,7 @@ namespace kestrum {
 
 const Box& LoadDistanceBox()
 {
-    static constexpr Box kBox{"vipping", "iza", "za", "#0.0", {}, {}, ""};
+    static constexpr Box kBox{"vipping", "iza", "za", "#0.0", ""};
     return kBox;
 }
 

@@ -75,6 +75,21 @@ std::string ChoiceJson(const FieldFacts& facts)
     return "[" + list + "]";
 }
 
+// [{"part": "settings", "line": 3}]; a block of a family has its number and, for the row of a
+// series, the series.
+std::string PlacesJson(const std::vector<FilePlace>& places)
+{
+    std::string list;
+    for (const FilePlace& place : places) {
+        list += list.empty() ? "{\"part\": " : ", {\"part\": ";
+        list += JsonText(PartName(place.part)) + ", \"line\": " + std::to_string(place.line);
+        list += place.block != 0 ? ", \"family\": " + std::to_string(place.block) : "";
+        list += place.choice != 0 ? ", \"choice\": " + std::to_string(place.choice) : "";
+        list += "}";
+    }
+    return "[" + list + "]";
+}
+
 std::string JsonOf(const std::vector<FieldFacts>& all)
 {
     std::string text;
@@ -88,6 +103,7 @@ std::string JsonOf(const std::vector<FieldFacts>& all)
         text += ", \"unit\": " + JsonText(facts.unit) + ", \"role\": " + JsonText(facts.role);
         text += ", \"values\": " + JsonText(facts.values) + ", \"list\": " + ChoiceJson(facts);
         text += ", \"limits\": " + JsonText(facts.limits);
+        text += ", \"file\": " + PlacesJson(facts.places);
         text += ", \"since\": " + (facts.since != 0 ? std::to_string(facts.since) : "null");
         text += ", \"meaning\": " + JsonText(facts.meaning) + "}";
     }

@@ -6,16 +6,69 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <functional>
+#include <limits>
+#include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace kestrum {
 
 namespace {
 
-constexpr FieldRole kIn = FieldRole::input;
-constexpr FieldRole kSetup = FieldRole::setup;
-constexpr FieldRole kOut = FieldRole::derived;
+// What keeps a field.
+struct Kept {
+    FieldRole role;
+    std::array<FilePlace, 2> file;
+};
+
+constexpr Kept kOut{FieldRole::derived, {}};
+
+using enum FilePart;
+
+constexpr Kept At(FilePart part, int line)
+{
+    return {FieldRole::input, {{{part, line}}}};
+}
+
+constexpr Kept SetupOnly(int line)
+{
+    return {FieldRole::setup, {{{settings, line}}}};
+}
+
+// Lines of the block of a family: the series, the row of a table, the boxes of the form, the rest.
+constexpr int front = 1, kRowLine = 2, kFormLine = 3, behind = 4;
+
+constexpr Kept Of(int number, int line, int choice = 0)
+{
+    return {FieldRole::input, {{{section, line, number, choice}}}};
+}
+
+constexpr Kept Twice(const Kept& first, const Kept& second)
+{
+    return {first.role, {first.file[0], second.file[0]}};
+}
+
+constexpr Limits AtLeast(double low)
+{
+    return {{Bound::Kind::inclusive, low}, {}};
+}
+
+constexpr Limits Above(double low)
+{
+    return {{Bound::Kind::strict, low}, {}};
+}
+
+constexpr Limits Within(double low, double high)
+{
+    return {{Bound::Kind::inclusive, low}, {Bound::Kind::inclusive, high}};
+}
+
+constexpr Limits Between(double low, double high)
+{
+    return {{Bound::Kind::strict, low}, {Bound::Kind::strict, high}};
+}
 
 template <class T> constexpr FieldKind KindOf()
 {
@@ -39,98 +92,117 @@ template <class T> constexpr FieldKind KindOf()
 template <auto Member>
 using Declared = std::remove_cvref_t<decltype(std::declval<ProjectState&>().*Member)>;
 
-// What the list says of a field beside its place.
+// What the list says of a field beside its type.
 struct Described {
     std::string_view unit, meaning, values = {};
+    Limits limits = {};
 };
 
-template <auto Member>
-constexpr Field Scalar(std::string_view name, FieldRole role, const Described& described)
+constexpr Field Single(std::string_view name, FieldKind kind, const Kept& kept,
+                       void* (*locate)(ProjectState&, int), const Described& described)
 {
-    return {name,
-            KindOf<Declared<Member>>(),
-            role,
-            FieldShape::scalar,
-            0,
-            0,
-            [](ProjectState& s, int) -> void* { return &(s.*Member); },
-            described.unit,
-            described.meaning,
-            described.values};
+    return {.name = name,
+            .kind = kind,
+            .role = kept.role,
+            .shape = FieldShape::scalar,
+            .first = 0,
+            .last = 0,
+            .locate = locate,
+            .unit = described.unit,
+            .meaning = described.meaning,
+            .values = described.values,
+            .limits = described.limits,
+            .file = kept.file};
 }
 
+template <auto Member>
+constexpr Field Scalar(std::string_view name, const Kept& kept, const Described& described)
+{
+    return Single(
+        name, KindOf<Declared<Member>>(), kept,
+        [](ProjectState& s, int) -> void* { return &(s.*Member); }, described);
+}
+
+// A box of a section form, "p22.isth" of family 22.
 template <auto Form, auto Member>
 constexpr Field OfForm(std::string_view name, const Described& described)
 {
     using Value = std::remove_cvref_t<decltype(std::declval<ProjectState&>().*Form.*Member)>;
-    return {name,
-            KindOf<Value>(),
-            kIn,
-            FieldShape::scalar,
-            0,
-            0,
-            [](ProjectState& s, int) -> void* { return &(s.*Form.*Member); },
-            described.unit,
-            described.meaning,
-            described.values};
+    const int number = (name[1] - '0') * 10 + (name[2] - '0');
+    return Single(
+        name, KindOf<Value>(), Of(number, kFormLine),
+        [](ProjectState& s, int) -> void* { return &(s.*Form.*Member); }, described);
 }
 
-template <Table Of> constexpr Field OfTable(std::string_view name, std::string_view meaning)
+template <Table Of>
+constexpr Field OfTable(std::string_view name, std::string_view meaning, const Kept& kept)
 {
-    return {name,
-            FieldKind::integer,
-            kIn,
-            FieldShape::scalar,
-            0,
-            0,
-            [](ProjectState& s, int) -> void* { return &s.row[static_cast<std::size_t>(Of)]; },
-            "",
-            meaning,
-            kRowValues};
+    return Single(
+        name, FieldKind::integer, kept,
+        [](ProjectState& s, int) -> void* { return &s.row[static_cast<std::size_t>(Of)]; },
+        {"", meaning, kRowValues});
 }
 
 template <auto Member>
-constexpr Field Array(std::string_view name, FieldRole role, FieldShape shape, int first,
+constexpr Field Array(std::string_view name, const Kept& kept, FieldShape shape, int first,
                       const Described& described)
 {
     using Store = Declared<Member>;
-    return {name,
-            KindOf<typename Store::value_type>(),
-            role,
-            shape,
-            first,
-            static_cast<int>(std::tuple_size_v<Store>) - 1,
-            [](ProjectState& s, int index) -> void* {
-                return &(s.*Member)[static_cast<std::size_t>(index)];
-            },
-            described.unit,
-            described.meaning,
-            described.values};
+    Field field = Single(
+        name, KindOf<typename Store::value_type>(), kept,
+        [](ProjectState& s, int index) -> void* {
+            return &(s.*Member)[static_cast<std::size_t>(index)];
+        },
+        described);
+    field.shape = shape;
+    field.first = first;
+    field.last = static_cast<int>(std::tuple_size_v<Store>) - 1;
+    return field;
 }
 
-constexpr Field Since(int version, Field field)
+using Older = void (*)(ProjectState& s);
+
+constexpr Field Since(int version, Older older, Field field)
 {
     field.since = version;
+    field.older = older;
     return field;
+}
+
+constexpr Field Changed(int version, Older older, Field field)
+{
+    field.changed = version;
+    field.older = older;
+    return field;
+}
+
+// A list of choices that got a new first one.
+template <auto Member> constexpr void Next(ProjectState& s)
+{
+    if (s.*Member < std::numeric_limits<i16>::max()) {
+        ++(s.*Member);
+    }
 }
 
 constexpr FieldShape kRows = FieldShape::array;
 
-#define SCALAR(name, role, ...) Scalar<&ProjectState::name>(#name, role, {__VA_ARGS__})
-#define FIELD(name, role, unit, meaning) SCALAR(name, role, unit, meaning)
-#define PICK(name, role, values, meaning) SCALAR(name, role, "", meaning, values)
-#define TICK(name, role, meaning) SCALAR(name, role, "", meaning, kTruthValues)
+#define SCALAR(name, kept, ...) Scalar<&ProjectState::name>(#name, kept, {__VA_ARGS__})
+#define FIELD(name, kept, unit, meaning, ...)                                                      \
+    SCALAR(name, kept, unit, meaning, "" __VA_OPT__(, ) __VA_ARGS__)
+#define PICK(name, kept, values, meaning) SCALAR(name, kept, "", meaning, values)
+#define TICK(name, kept, meaning) SCALAR(name, kept, "", meaning, kTruthValues)
 #define BOXED(form, box, ...)                                                                      \
     OfForm<&ProjectState::form, &decltype(ProjectState::form)::box>(#form "." #box, {__VA_ARGS__})
-#define FORM(form, box, unit, meaning) BOXED(form, box, unit, meaning)
+#define FORM(form, box, unit, meaning, ...)                                                        \
+    BOXED(form, box, unit, meaning, "" __VA_OPT__(, ) __VA_ARGS__)
 #define FORMPICK(form, box, values, meaning) BOXED(form, box, "", meaning, values)
-#define TABLE(name, family, meaning, ...)                                                          \
-    OfTable<Table::name>("row." #name, "row of the table: " meaning),
-#define ARRAY(name, role, first, ...)                                                              \
-    Array<&ProjectState::name>(#name, role, kRows, first, {__VA_ARGS__})
-#define ROWS(name, role, first, unit, meaning) ARRAY(name, role, first, unit, meaning)
-#define PICKROWS(name, role, first, values, meaning) ARRAY(name, role, first, "", meaning, values)
-#define TICKROWS(name, role, first, meaning) ARRAY(name, role, first, "", meaning, kTruthValues)
+#define TABLE(name, family, choice, meaning, ...)                                                  \
+    OfTable<Table::name>("row." #name, "row of the table: " meaning, Of(family, kRowLine, choice)),
+#define ARRAY(name, kept, first, ...)                                                              \
+    Array<&ProjectState::name>(#name, kept, kRows, first, {__VA_ARGS__})
+#define ROWS(name, kept, first, unit, meaning) ARRAY(name, kept, first, unit, meaning)
+#define PICKROWS(name, kept, first, values, meaning) ARRAY(name, kept, first, "", meaning, values)
+#define TICKROWS(name, kept, first, meaning) ARRAY(name, kept, first, "", meaning, kTruthValues)
 #define SECTIONS(name, unit, meaning)                                                              \
     Array<&ProjectState::name>(#name, kOut, FieldShape::checksections, 0, {unit, meaning})
 
@@ -192,6 +264,50 @@ constexpr auto kForms = [] {
     return ranges;
 }();
 
+constexpr std::size_t PlacesInFiles()
+{
+    std::size_t places = 0;
+    for (const Field& field : kFields) {
+        for (const FilePlace& place : field.file) {
+            places += place.part != none ? 1U : 0U;
+        }
+    }
+    return places;
+}
+
+constexpr bool Precedes(const FileField& a, const FileField& b)
+{
+    const auto key = [](const FileField& at) {
+        return std::tuple(at.place.part, at.place.block, at.place.line, at.field);
+    };
+    return key(a) < key(b);
+}
+
+// Every place of every field, in the order of the files.
+constexpr auto kFiled = [] {
+    std::array<FileField, PlacesInFiles()> filed{};
+    std::size_t used = 0;
+    for (const Field& field : kFields) {
+        for (const FilePlace& place : field.file) {
+            if (place.part != none) {
+                filed[used++] = {&field, place};
+            }
+        }
+    }
+    std::sort(filed.begin(), filed.end(), Precedes);
+    return filed;
+}();
+
+std::span<const FileField> FiledBetween(FilePart part, int number)
+{
+    const auto at = [](const FileField& each) {
+        return std::pair(each.place.part, each.place.block);
+    };
+    const auto [begin, end] =
+        std::ranges::equal_range(kFiled, std::pair(part, number), std::less{}, at);
+    return {begin, end};
+}
+
 // Places in kFields, sorted by name.
 const std::vector<std::size_t>& ByName()
 {
@@ -223,6 +339,16 @@ std::span<const Field> FieldsOfForm(std::string_view form)
         }
     }
     return {};
+}
+
+std::span<const FileField> FieldsOfPart(FilePart part)
+{
+    return FiledBetween(part, 0);
+}
+
+std::span<const FileField> BlockOfFamily(int family)
+{
+    return FiledBetween(section, family);
 }
 
 std::span<const Field> AllFields()

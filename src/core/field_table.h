@@ -1,11 +1,14 @@
 #pragma once
 
-// Every field of the record under its canonical name, with type, place, role, unit, meaning and
-// values. The dump, the assignment of single fields, the batch columns, `kestrum fields` and the
-// documents walk this table. Fields of the section forms have dotted names ("p22.isth"), and so
-// have the table rows ("row.hea"). The result rows are no fields.
+// Every field of the record under its canonical name, with type, place, role, unit, meaning,
+// values, limits and places in the project file. The dump, the assignment of single fields, the
+// batch columns, `kestrum fields` and the documents walk this table. Fields of the section forms
+// have dotted names ("p22.isth"), and so have the table rows ("row.hea"). The result rows are no
+// fields.
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -36,6 +39,39 @@ enum class FieldShape {
     checksections,  // elements 0..npts count
 };
 
+// The parts of the project file, in its order. The stored setup is the part `settings`.
+enum class FilePart : std::uint8_t {
+    none,
+    titles,
+    settings,
+    member,
+    endforces,    // with loadmode 0
+    axial,        // with loadmode 1, row by row
+    uniform,      //
+    trapezoidal,  //
+    point,        //
+    family,
+    section,  // the block of the chosen family
+    tail
+};
+
+struct FilePlace {
+    FilePart part = FilePart::none;
+    int line = 0;    // its order in the part
+    int block = 0;   // part `section`: family of the block
+    int choice = 0;  // there: value of the block's first field with which it is there; 0: always
+};
+
+struct Bound {
+    enum class Kind : std::uint8_t { none, inclusive, strict };
+    Kind kind = Kind::none;
+    double value = 0;
+};
+
+struct Limits {
+    Bound lower, upper;
+};
+
 struct Field {
     std::string_view name;
     FieldKind kind;
@@ -49,7 +85,11 @@ struct Field {
     // Of a field with a list of values: "0 name,other name|1 .." or "1..3"; kFamilyValues,
     // kSteelValues and kRowValues for lists that depend on the tables. Empty: typed.
     std::string_view values = {};
-    int since = 0;  // first version of the project file that holds it; 0: all that are read
+    Limits limits = {};
+    std::array<FilePlace, 2> file = {};  // of an input; a few stand in the project file twice
+    int since = 0;    // first version of the project file that holds it; 0: all that are read
+    int changed = 0;  // version that gave its value another meaning; 0: none
+    void (*older)(ProjectState& s) = nullptr;  // sets it from a file before `since` or `changed`
 };
 
 constexpr std::string_view kFamilyValues = "*family";
@@ -62,6 +102,18 @@ std::span<const Field> AllFields();
 
 // The boxes of one section form ("p22"): "p22.isth" and so on; none for an unknown form.
 std::span<const Field> FieldsOfForm(std::string_view form);
+
+struct FileField {
+    const Field* field;
+    FilePlace place;
+};
+
+// The fields of a part of the project file in the order of their lines. The part `settings` holds
+// those of the stored setup too.
+std::span<const FileField> FieldsOfPart(FilePart part);
+
+// The same of the block of a family; none for a number without a block.
+std::span<const FileField> BlockOfFamily(int family);
 
 // The field of this name, or null.
 const Field* FindField(std::string_view name);

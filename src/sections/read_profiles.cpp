@@ -27,7 +27,7 @@ constexpr TableShape Shape(Table table, std::string_view file, std::string_view 
     {                                                                                              \
         __VA_ARGS__                                                                                \
     }
-#define TABLE(name, family, meaning, series, columns, key, reserved, start, to_end)                \
+#define TABLE(name, family, choice, meaning, series, columns, key, reserved, start, to_end)        \
     Shape(Table::name, #name ".dat", series, columns, key, reserved, start, to_end),
 constexpr std::array<TableShape, kTables> kShapes = {{
 #include "core/profile_tables.inc"

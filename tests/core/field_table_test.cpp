@@ -10,6 +10,7 @@
 #include <regex>
 #include <set>
 #include <string>
+#include <tuple>
 
 namespace kestrum {
 namespace {
@@ -181,6 +182,24 @@ TEST(FieldTable, TellsWhatAFileKeeps)
         arrays += field.role == FieldRole::input && field.shape == FieldShape::array ? 1 : 0;
     }
     EXPECT_EQ(arrays, 3 + 4 + 7 + 6 + 1);
+}
+
+// What the project keeps has a line there, and no two values of a part or block share one but the
+// boxes of a form, which follow the list.
+TEST(FieldTable, EveryInputHasItsOwnLineInTheFile)
+{
+    std::set<std::tuple<FilePart, int, int, int>> lines;
+    for (const Field& field : AllFields()) {
+        EXPECT_EQ(field.role != FieldRole::derived, field.file[0].part != FilePart::none)
+            << field.name;
+        const bool box = !FieldsOfForm(field.name.substr(0, field.name.find('.'))).empty();
+        for (const FilePlace& at : field.file) {
+            EXPECT_TRUE(box || at.part == FilePart::none ||
+                        lines.emplace(at.part, at.block, at.choice, at.line).second)
+                << field.name;
+        }
+        EXPECT_EQ(field.older != nullptr, field.since + field.changed > 0) << field.name;
+    }
 }
 
 TEST(FieldTable, CheckSectionsEndAtTheLastOneUsed)
