@@ -269,22 +269,15 @@ std::string AnswerTable::Take(std::string_view text, const std::string& table)
     if (text[first] == '{' || text[first] == '[') {
         return table + ": answers are read from a CSV, not from JSON";
     }
-    std::size_t line = 1, next = 1;
-    const auto take = [&](std::string_view separators) {
-        const char* const before = text.data();
-        const std::string_view record = TakeRecord(text, separators);
-        line = next;
-        next += static_cast<std::size_t>(std::count(before, text.data(), '\n'));
-        return record;
-    };
+    RecordWalk walk(text);
     Record record;
-    std::string fault = record.TakeHeader(take(kAnySeparator));
+    std::string fault = record.TakeHeader(walk.Next(kAnySeparator));
     summary = EmptySummary(record);
     const bool optimized = record.Has(Cell::lighter);
     by_number = !record.Has(Cell::cases) && !optimized;
     std::unordered_map<std::string, std::size_t> places;
-    while (fault.empty() && !text.empty()) {
-        const std::string_view cells = take(record.separator());
+    while (fault.empty() && !walk.done()) {
+        const std::string_view cells = walk.Next(record.separator());
         if (cells.empty()) {
             continue;
         }
@@ -302,7 +295,7 @@ std::string AnswerTable::Take(std::string_view text, const std::string& table)
         }
     }
     if (!fault.empty()) {
-        return Printable(table + ":" + std::to_string(line) + ": " + fault);
+        return Printable(table + ":" + std::to_string(walk.line()) + ": " + fault);
     }
     summary.Sort();
     return summary.members.empty() ? table + ": holds no answers" : std::string{};

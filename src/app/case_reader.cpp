@@ -31,17 +31,12 @@ void CaseReader::Read(ForcePiece& piece)
     piece.fault.clear();
     piece.faults = piece.rows = piece.cases = 0;
     open_ = false;
-    std::string_view rest = piece.lines;
-    std::size_t line = piece.line;
-    for (std::size_t i = 0; !rest.empty(); ++i) {
-        const char* const before = rest.data();
-        const std::string_view record = TakeRecord(rest, columns_.separator());
-        const std::size_t number = i < piece.numbers.size() ? piece.numbers[i] : line;
+    RecordWalk walk(piece.lines, piece.line);
+    for (std::size_t i = 0; !walk.done(); ++i) {
+        const std::string_view record = walk.Next(columns_.separator());
         if (!record.empty()) {
-            Record(piece, record, number);
+            Record(piece, record, i < piece.numbers.size() ? piece.numbers[i] : walk.line());
         }
-        const bool several = record.find('\n') != std::string_view::npos;
-        line += several ? static_cast<std::size_t>(std::count(before, rest.data(), '\n')) : 1;
     }
     CloseMember(piece);
 }

@@ -68,30 +68,22 @@ std::string MemberList::Take(std::string text, const std::string& table, const s
     members_.clear();
     places_.clear();
     faults_.clear();
-    std::string_view rest = text_;
-    const std::size_t first = rest.find_first_not_of(" \t\r\n");
-    if (first != std::string_view::npos && (rest[first] == '{' || rest[first] == '[')) {
+    const std::size_t first = text_.find_first_not_of(" \t\r\n");
+    if (first != std::string::npos && (text_[first] == '{' || text_[first] == '[')) {
         return table_ + ": members are read from a CSV, not from JSON";
     }
-    std::size_t line = 1;
-    const auto take = [&](std::string_view separators) {
-        const char* const before = rest.data();
-        const std::string_view record = TakeRecord(rest, separators);
-        line += static_cast<std::size_t>(std::count(before, rest.data(), '\n'));
-        return record;
-    };
-    header_ = take(kAnySeparator);
+    RecordWalk walk(text_);
+    header_ = walk.Next(kAnySeparator);
     std::string refusal = ChooseKey(header_, key, use);
     refusal = refusal.empty() ? columns_.TakeHeader(header_, true) : refusal;
     if (!refusal.empty()) {
         return table_ + ":1: " + refusal;
     }
-    for (std::size_t row = 0; !rest.empty();) {
-        const std::size_t number = line;
-        const std::string_view record = take(columns_.separator());
+    for (std::size_t row = 0; !walk.done();) {
+        const std::string_view record = walk.Next(columns_.separator());
         row += record.empty() ? 0 : 1;
         if (!Trimmed(record).empty()) {
-            TakeMember(record, number, row);
+            TakeMember(record, walk.line(), row);
         }
     }
     return members_.empty() ? table_ + ": holds no members" : std::string{};

@@ -23,17 +23,18 @@ std::string ForceCases::Take(std::string_view bytes, const std::string& name)
     }
     name_ = name;
     cases_.clear();
-    std::string_view rest = text;
+    RecordWalk walk(text);
     ForceColumns columns;
-    refusal = columns.TakeHeader(TakeRecord(rest, kAnySeparator), {});
+    refusal = columns.TakeHeader(walk.Next(kAnySeparator), {});
     if (!refusal.empty()) {
         return name + ":1: " + refusal;
     }
     // Rows of a case need not be together; a search for each would take the square of the cases.
     std::unordered_map<std::string, std::unordered_map<std::string, std::size_t>> places;
     ForceRow row;
-    for (std::size_t line = 2; !rest.empty(); ++line) {
-        const std::string_view record = TakeRecord(rest, columns.separator());
+    while (!walk.done()) {
+        const std::string_view record = walk.Next(columns.separator());
+        const std::size_t line = walk.line();
         const std::string fault(columns.Parse(record, row));
         if (row.member.empty() || row.load_case.empty()) {
             if (record.find_first_not_of(" \t,;") != std::string_view::npos) {

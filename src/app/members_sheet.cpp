@@ -134,9 +134,6 @@ std::string MembersSheet::Take(std::string_view bytes, const std::string& name)
         return name + " " + refusal;
     }
     std::string_view rest = text;
-    if (rest.starts_with(kMark)) {
-        rest.remove_prefix(kMark.size());
-    }
     if (rest.starts_with('{') || rest.starts_with('[')) {
         return name + ": members are read from a CSV, not from JSON";
     }

@@ -21,17 +21,11 @@ std::string SectionPool::AddPrices(const Library& library, std::string_view text
     if (text.starts_with("\xEF\xBB\xBF")) {
         text.remove_prefix(3);
     }
-    std::size_t line = 1;
-    const auto take = [&](std::string_view separators) {
-        const char* const before = text.data();
-        const std::string_view record = TakeRecord(text, separators);
-        line += static_cast<std::size_t>(std::count(before, text.data(), '\n'));
-        return record;
-    };
+    RecordWalk walk(text);
     const auto at = [&name](std::size_t number, const std::string& what) {
         return name + ":" + std::to_string(number) + ": " + what;
     };
-    const std::string_view header = take(kAnySeparator);
+    const std::string_view header = walk.Next(kAnySeparator);
     const char separator = SeparatorOf(header);
     std::size_t count = 0;
     for (CellReader cells(header, separator); cells.Next(); ++count) {
@@ -51,9 +45,9 @@ std::string SectionPool::AddPrices(const Library& library, std::string_view text
     if (section == kNone) {
         return at(1, "no column section");
     }
-    while (!text.empty()) {
-        const std::size_t number = line;
-        const std::string_view record = take({&separator, 1});
+    while (!walk.done()) {
+        const std::string_view record = walk.Next({&separator, 1});
+        const std::size_t number = walk.line();
         if (Trimmed(record).empty()) {
             continue;
         }

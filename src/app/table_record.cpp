@@ -88,6 +88,15 @@ std::string_view TakeRecord(std::string_view& text, std::string_view separators)
     return record;
 }
 
+std::string_view RecordWalk::Next(std::string_view separators)
+{
+    const char* const before = rest_.data();
+    const std::string_view record = TakeRecord(rest_, separators);
+    line_ = next_;
+    next_ += static_cast<std::size_t>(std::count(before, rest_.data(), '\n'));
+    return record;
+}
+
 std::string_view TakeLine(std::string_view& text)
 {
     const std::size_t end = std::min(text.find('\n'), text.size());

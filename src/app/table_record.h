@@ -28,6 +28,20 @@ std::size_t RecordEnd(std::string_view text, std::string_view separators, bool w
 // Takes the next record off the front of a whole text, without its line end.
 std::string_view TakeRecord(std::string_view& text, std::string_view separators);
 
+// The records of a whole text one after the other, and the lines on which they begin.
+class RecordWalk {
+public:
+    explicit RecordWalk(std::string_view text, std::size_t line = 1) : rest_(text), next_(line) {}
+
+    bool done() const { return rest_.empty(); }
+    std::string_view Next(std::string_view separators);
+    std::size_t line() const { return line_; }  // of the record taken last
+
+private:
+    std::string_view rest_;
+    std::size_t line_ = 0, next_;
+};
+
 // The next line of a text without its line end, taken off the front.
 std::string_view TakeLine(std::string_view& text);
 

@@ -233,6 +233,10 @@ TEST(MembersRating, OfForcesIsTheWorstCase)
     EXPECT_THAT(GoverningText(RateLine(source, sheet.Record(1), "B2")),
                 HasSubstr("f.csv has no forces of member \"B2\""));
     ForceCases bad;
+    // The second record begins on line 4: the first holds a line end.
+    ASSERT_EQ(bad.Take("member,case,x,N,note\nB1,U,0,1,\"two\nlines\"\nB1,U,1,one,\n", "f.csv"),
+              "");
+    EXPECT_THAT(bad.Of("B1")->front().fault, ::testing::StartsWith("line 4: "));
     EXPECT_THAT(bad.Take("member,case,x,N\n,U,0,1\n", "f.csv"), HasSubstr("f.csv:2: "));
     EXPECT_THAT(bad.Take("a,b\n1,2\n", "f.csv"), HasSubstr("f.csv:1: "));
 }
