@@ -272,6 +272,11 @@ void AssignRun::BringAlong()
     BringStiffeners();
 }
 
+std::string Refused::Text() const
+{
+    return name + (text.empty() ? "" : "=" + text) + (name.empty() ? "" : ": ") + what;
+}
+
 Refused AssignRun::Finish()
 {
     Refused refused = TakeSection();

@@ -20,6 +20,7 @@ struct Refused {
     std::string name, text, what;
 
     bool empty() const { return what.empty(); }
+    std::string Text() const;  // "l=7: what", "what" without a name
 };
 
 // How values are taken: through the limits or not, and the sign of axial forces as given. Of those

@@ -230,6 +230,16 @@ std::optional<i16> ValueOfName(const Library& library, const Choice& choice, std
     return at != choice.named.end() ? std::optional(at->value) : std::nullopt;
 }
 
+std::string FindSteel(const Library& library, std::string_view name, i16& steel)
+{
+    const Choice& grades = *FindChoice("fykindex");
+    const std::optional<i16> found = ValueOfName(library, grades, name);
+    steel = found.value_or(-1);
+    return found ? std::string{}
+                 : "no such name in the list " + Offered(library, grades) +
+                       NameHint(library, grades, name);
+}
+
 std::string NameOfValue(const Library& library, const Choice& choice, int value)
 {
     if (!Offers(library, choice, value)) {

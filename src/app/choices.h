@@ -48,6 +48,9 @@ std::string Offered(const Library& library, const Choice& choice);
 // not count. Nothing for unknown names and for names of several values.
 std::optional<i16> ValueOfName(const Library& library, const Choice& choice, std::string_view name);
 
+// The steel of this name. Returns "no such name in the list ..", or nothing.
+std::string FindSteel(const Library& library, std::string_view name, i16& steel);
+
 // The name of a value: "cantilever"; empty where it has none.
 std::string NameOfValue(const Library& library, const Choice& choice, int value);
 

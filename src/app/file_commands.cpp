@@ -134,8 +134,8 @@ bool OpenPath(Session& session, SettingsStore& store, const std::string& path)
         return false;  // nothing was read: the project in hand stays
     }
     const bool again = path == session.state().filename && !session.halfread();
-    ProjectState opened = StartState(session.library());
-    const std::optional<FileFault> fault = ReadProject(opened, bytes);
+    ProjectState opened{};
+    const std::optional<FileFault> fault = ReadFresh(session.library(), opened, bytes);
     session.BeginDocument("opening of " + FileName(path));
     if (fault) {
         ReadProject(session.edit(), bytes);  // what comes before the fault replaces what it can

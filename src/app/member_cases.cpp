@@ -2,6 +2,7 @@
 
 #include "core/check_text.h"
 #include "core/failure.h"
+#include "design/resistance.h"
 #include "engine/prepared.h"
 #include "report/state_json.h"
 #include "sections/families.h"
@@ -30,7 +31,7 @@ double Square(double x)
 double YieldTorque(const ProjectState& s)
 {
     constexpr double kNmm = 1e6;
-    const double tau = s.fyk / std::sqrt(3.0);
+    const double tau = ShearStrength(s);
     const double wall = s.tf > 0 ? std::min(s.tw, s.tf) : s.tw;
     if (Is(s, Kind::tube)) {
         constexpr double kQuarterPi = 0.7853981633974483;

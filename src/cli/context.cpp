@@ -93,11 +93,11 @@ std::string ReadAll(const std::string& file)
 
 ProjectState Project(const Library& library, const std::string& file, const std::string& bytes)
 {
-    ProjectState s = StartState(library);
-    s.filename = file;
-    if (const auto fault = ReadProject(s, bytes)) {
+    ProjectState s{};
+    if (const auto fault = ReadFresh(library, s, bytes)) {
         throw BadInput(FaultText(file, *fault));
     }
+    s.filename = file;
     return s;
 }
 

@@ -60,12 +60,6 @@ void TellBrought(const Options& options, const Library& library, const ProjectSt
     }
 }
 
-std::string Refusal(const Refused& refused)
-{
-    return refused.name + (refused.text.empty() ? "" : "=" + refused.text) +
-           (refused.name.empty() ? "" : ": ") + refused.what;
-}
-
 void Apply(const Options& options, const Library& library, ProjectState& s,
            const std::vector<Change>& changes, Manner manner)
 {
@@ -83,7 +77,7 @@ void Apply(const Options& options, const Library& library, ProjectState& s,
         }
     }
     if (const Refused refused = run.Finish(); !refused.empty()) {
-        throw BadInput(Refusal(refused));
+        throw BadInput(refused.Text());
     }
     TellBrought(options, library, before, s, changes);
     for (const Remark& remark : run.Remarks()) {

@@ -96,14 +96,8 @@ OptimizeWishes WishesOf(const Library& library, const OptimizeArguments& argumen
     wishes.max_h = SizeOf("--max-h", arguments.max_h);
     wishes.max_b = SizeOf("--max-b", arguments.max_b);
     wishes.top = static_cast<std::size_t>(arguments.top);
-    const Choice& grades = *FindChoice("fykindex");
     for (const std::string& name : arguments.steel) {
-        const auto steel = ValueOfName(library, grades, name);
-        if (!steel) {
-            throw BadInput("--steel " + name + ": no such name in the list " +
-                           Offered(library, grades) + NameHint(library, grades, name));
-        }
-        wishes.steels.push_back(*steel);
+        Require("--steel " + name, FindSteel(library, name, wishes.steels.emplace_back()));
     }
     return wishes;
 }

@@ -3,6 +3,7 @@
 #include "core/arithmetic_trap.h"
 #include "design/class_i.h"
 #include "design/local_buckling.h"
+#include "design/resistance.h"
 #include "design/section_control.h"
 #include "design/shear.h"
 #include "sections/families.h"
@@ -13,18 +14,6 @@
 namespace kestrum {
 
 namespace {
-
-// Shear yield stress, MPa.
-double ShearYield(const Inputs& in)
-{
-    return in.fyk / std::sqrt(3.0);
-}
-
-// Moment resistance in kNm of a modulus in mm3.
-double Moment(const Inputs& in, double w)
-{
-    return w * in.fyk / in.gammam0 / 1e6;
-}
 
 bool Plastic(const Inputs& in, i16 cls)
 {
@@ -136,13 +125,13 @@ void CalcVzrd(const Inputs& in, const SectionRecord& section, Resistances& resis
 {
     if (StockyInShear(in, section, section.hw, section.tw)) {
         resistances.avz = area;
-        resistances.vzrd = resistances.avz * ShearYield(in) / in.gammam0 / 1000;
+        resistances.vzrd = ShearResistance(in, resistances.avz);
     } else {
         resistances.avz = 1.0 * section.tw * section.hw;
         const double chi = ChiWeb(in, WebSlenderness(section, section.hw, section.tw));
-        resistances.vzrd = resistances.avz * chi * ShearYield(in) / in.gammam1 / 1000;
+        resistances.vzrd = resistances.avz * chi * ShearStrength(in) / in.gammam1 / 1000;
     }
-    resistances.vplzrd = resistances.avz * ShearYield(in) / in.gammam0 / 1000;
+    resistances.vplzrd = ShearResistance(in, resistances.avz);
 }
 
 // EN 1993-1-1, 6.2.3 to 6.2.6.
@@ -154,12 +143,12 @@ void CalcResistanceI(const Inputs& in, SectionRecord& section, Resistances& resi
     const double h = section.h, b = section.b, tf = section.tf;
     resistances.mfrd = (h - tf) * tf * b * in.fyk / in.gammam0 / 1e6;
     resistances.mfzrd = (b * b / 4 + b * b / 4) * tf * in.fyk / in.gammam0 / 1e6;
-    resistances.mplyrd = Moment(in, section.wply);
-    resistances.melyrd = Moment(in, section.wely);
-    resistances.meffyrd = Moment(in, section.weffy);
-    resistances.mplzrd = Moment(in, section.wplz);
-    resistances.melzrd = Moment(in, section.welz);
-    resistances.meffzrd = Moment(in, section.weffz);
+    resistances.mplyrd = MomentResistance(in, section.wply);
+    resistances.melyrd = MomentResistance(in, section.wely);
+    resistances.meffyrd = MomentResistance(in, section.weffy);
+    resistances.mplzrd = MomentResistance(in, section.wplz);
+    resistances.melzrd = MomentResistance(in, section.welz);
+    resistances.meffzrd = MomentResistance(in, section.weffz);
 
     section.classn = CalcClassY(in, section, checks, 10, 0);
     section.classmy = CalcClassY(in, section, checks, 0, 10);
@@ -172,15 +161,15 @@ void CalcResistanceI(const Inputs& in, SectionRecord& section, Resistances& resi
         ModulusByClass(in, section.classmy, section.wply, section.wely, section.weffy);
     resistances.wzused =
         ModulusByClass(in, section.classmz, section.wplz, section.welz, section.weffz);
-    resistances.myrd = Moment(in, resistances.wyused);
-    resistances.mzrd = Moment(in, resistances.wzused);
+    resistances.myrd = MomentResistance(in, resistances.wyused);
+    resistances.mzrd = MomentResistance(in, resistances.wzused);
     resistances.nrdm1 = resistances.ncrd * in.gammam0 / in.gammam1;
     resistances.myrdm1 = resistances.myrd * in.gammam0 / in.gammam1;
     resistances.mzrdm1 = resistances.mzrd * in.gammam0 / in.gammam1;
 
     CalcVzrd(in, section, resistances, PlasticShearArea(in, section));
     resistances.avy = 2 * b * tf;
-    resistances.vyrd = resistances.avy * ShearYield(in) / in.gammam0 / 1000;
+    resistances.vyrd = ShearResistance(in, resistances.avy);
 }
 
 // EN 1993-1-5, 5.2 to 5.4.
@@ -200,9 +189,9 @@ void CalcVbrd(const Inputs& in, const SectionRecord& section, Resistances& resis
         const double hw = section.hw, tw = section.tw, b = section.b, tf = section.tf;
         resistances.avz = tw * hw;
         const double chi = ChiWebEndPost(in, WebSlendernessStiffened(in, section, hw, tw));
-        const double web = chi * resistances.avz * ShearYield(in) / in.gammam1 / 1000;
+        const double web = chi * resistances.avz * ShearStrength(in) / in.gammam1 / 1000;
         resistances.mfrd *= 1 - std::abs(forces.ned) / (2 * b * tf * in.fyk / in.gammam0);
-        const double most = in.neta * hw * tw * ShearYield(in) / in.gammam1 / 1000;
+        const double most = in.neta * hw * tw * ShearStrength(in) / in.gammam1 / 1000;
         resistances.vbrd =
             std::min(web + FlangeShear(in, resistances, checks, hw, tw, b, tf), most);
     }
@@ -221,7 +210,7 @@ void CalcShearZ(const Inputs& in, const SectionRecord& section, Resistances& res
 {
     CalcVbrd(in, section, resistances, forces, checks);
     resistances.avy = 2.0 * section.b * section.tf;
-    resistances.vcyrd = 1 / 1.5 * resistances.avy * ShearYield(in) / in.gammam0 / 1000;
+    resistances.vcyrd = 1 / 1.5 * resistances.avy * ShearStrength(in) / in.gammam0 / 1000;
 }
 
 // EN 1993-1-1, 6.2.8 (5), Eq (6.30): the web loses rho of its part of the modulus.
@@ -233,10 +222,10 @@ void ReduceMy(const Inputs& in, const SectionRecord& section, const Resistances&
     const double strip = 1.0 * section.hw * section.hw * section.tw *
                          ShearReduction(checks.vzed, resistances.vzrd);  // mm3
     if (Plastic(in, checks.classmyuse)) {
-        checks.myrdv = resistances.mplyrd - Moment(in, strip / 4);
+        checks.myrdv = resistances.mplyrd - MomentResistance(in, strip / 4);
     } else {
         checks.myrdv = (checks.classmyuse == 4 ? resistances.meffyrd : resistances.melyrd) -
-                       Moment(in, strip / 6);
+                       MomentResistance(in, strip / 6);
     }
     checks.myrdv = std::min(checks.myrdv, resistances.myrd);
 }
@@ -253,10 +242,10 @@ void ReduceMz(const Inputs& in, const SectionRecord& section, const Resistances&
     const double strip = 1.0 * section.b * section.b * section.tf *
                          ShearReduction(checks.vyed, resistances.vyrd);  // mm3
     if (Plastic(in, checks.classmyuse)) {
-        checks.mzrdv = resistances.mplzrd - Moment(in, strip / 4);
+        checks.mzrdv = resistances.mplzrd - MomentResistance(in, strip / 4);
     } else {
         checks.mzrdv = (checks.classmyuse == 4 ? resistances.meffzrd : resistances.melzrd) -
-                       Moment(in, strip / 6);
+                       MomentResistance(in, strip / 6);
     }
     checks.mzrdv = std::min(checks.mzrdv, resistances.mzrd);
 }

@@ -3,6 +3,7 @@
 #include "core/annexes.h"
 #include "core/load_combination.h"
 #include "core/member_choices.h"
+#include "core/project_file.h"
 #include "core/project_state.h"
 #include "core/setup_file.h"
 #include "engine/calculate.h"
@@ -206,6 +207,12 @@ ProjectState StartState(const Library& library)
     ProjectState s{};
     StartUp(library, s);
     return s;
+}
+
+std::optional<FileFault> ReadFresh(const Library& library, ProjectState& s, std::string_view bytes)
+{
+    s = StartState(library);
+    return ReadProject(s, bytes);
 }
 
 }  // namespace kestrum

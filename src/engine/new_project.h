@@ -2,7 +2,11 @@
 
 // The state of a new project and of the program at its start.
 
+#include "core/file_notation.h"
 #include "core/library.h"
+
+#include <optional>
+#include <string_view>
 
 namespace kestrum {
 
@@ -21,5 +25,8 @@ void StartUp(const Library& library, ProjectState& s);
 // left in it, neither a result that a pass keeps nor a row, section form or curve parameter that
 // the file does not hold, and a file gives the same result whatever was open before.
 ProjectState StartState(const Library& library);
+
+// The project of a file, read onto that. A fault leaves what comes before it.
+std::optional<FileFault> ReadFresh(const Library& library, ProjectState& s, std::string_view bytes);
 
 }  // namespace kestrum

@@ -44,10 +44,7 @@ void SetAll(kestrum_member& member, const kestrum_setting* settings, size_t coun
         }
     }
     if (const kestrum::Refused refused = run.Finish(); !refused.empty()) {
-        const std::string value = refused.text.empty() ? "" : "=" + refused.text;
-        throw Refusal{KESTRUM_REFUSED,
-                      refused.name + value + (refused.name.empty() ? "" : ": ") + refused.what,
-                      refused.name};
+        throw Refusal{KESTRUM_REFUSED, refused.Text(), refused.name};
     }
     for (const kestrum::Remark& remark : run.Remarks()) {
         remarks += remark.name + ": " + remark.what + "\n";
@@ -105,8 +102,8 @@ std::string TextOf(const Library& library, const ProjectState& s, const Input& i
 
 ProjectState ReadBack(const Library& library, std::string_view bytes)
 {
-    ProjectState s = kestrum::StartState(library);
-    if (const auto fault = kestrum::ReadProject(s, bytes)) {
+    ProjectState s{};
+    if (const auto fault = kestrum::ReadFresh(library, s, bytes)) {
         throw Refusal{KESTRUM_BAD_FILE,
                       "line " + std::to_string(fault->line) + ": " + fault->what,
                       {},

@@ -75,17 +75,12 @@ kestrum::OptimizeWishes WishesOf(const kestrum::Library& library, const kestrum_
     wishes.max_h = Limit(given.max_h, "max_h");
     wishes.max_b = Limit(given.max_b, "max_b");
     wishes.top = std::max<std::size_t>(given.top, 1);
-    const kestrum::Choice& grades = *kestrum::FindChoice("fykindex");
     for (std::size_t i = 0; i < given.steel_count; ++i) {
         const std::string name = RequiredText((&Required(given.steels, "steels"))[i], "steel");
-        const auto steel = ValueOfName(library, grades, name);
-        if (!steel) {
-            throw Refusal{KESTRUM_UNKNOWN_NAME,
-                          "steel " + name + ": no such name in the list" +
-                              NameHint(library, grades, name),
-                          "steel"};
+        const std::string refusal = FindSteel(library, name, wishes.steels.emplace_back());
+        if (!refusal.empty()) {
+            throw Refusal{KESTRUM_UNKNOWN_NAME, "steel " + name + ": " + refusal, "steel"};
         }
-        wishes.steels.push_back(*steel);
     }
     return wishes;
 }

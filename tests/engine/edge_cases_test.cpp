@@ -42,6 +42,21 @@ TEST(EdgeCases, AnAngleAboveItsCriticalForceAboutYHasNoFactorsOfAnnexA)
     EXPECT_GT(s.maxirbuckling, 1);
 }
 
+// Its loads act at the centroid, since a general profile has no flange for them to act on; the
+// input says so when lateral torsional buckling has been calculated.
+TEST(EdgeCases, AGeneralProfileIsLoadedAtTheCentroid)
+{
+    const auto level = [](const std::string& fields) {
+        ProjectState s = Unloaded(fields + " qload[1]=1");
+        EXPECT_TRUE(Calculate(DeliveredTables(), s)) << fields;
+        return s.loadlevel;
+    };
+    EXPECT_EQ(level("family=41 ltb=1 loadlevel=1"), 2);
+    EXPECT_EQ(level("family=41 ltb=1 loadlevel=4 za=100"), 2);
+    EXPECT_EQ(level("family=41 ltb=0 loadlevel=1"), 1);
+    EXPECT_EQ(level("family=4 ltb=1 loadlevel=1"), 1);
+}
+
 TEST(EdgeCases, AnUnknownCombinationHasNoText)
 {
     ProjectState s = Unloaded("");
