@@ -7,7 +7,7 @@ set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
-# The programs run without the compiler's own libraries beside them.
+# The programs run without the compiler's own libraries next to them.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
 
 # Tools of this machine, libraries of the other one; header-only packages may come from here.

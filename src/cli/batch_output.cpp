@@ -166,9 +166,9 @@ std::size_t BatchOutput::TakeUp(const AnswerLines& form, Tally& tally, const Bat
         strange_ = true;
     } else if (!ReadWholeFile(OriginName(), stored).empty()) {
         throw BadInput(name + ": nothing says what its answers belong to (" + OriginName() +
-                       "); delete it to begin anew");
+                       "); delete it to start again");
     } else if (const std::string other = origin.Differs(stored); !other.empty()) {
-        throw BadInput(name + ": cannot be taken up: " + other + "; delete it to begin anew");
+        throw BadInput(name + ": cannot be resumed: " + other + "; delete it to start again");
     }
     if (!part_.Cut(reader.bytes())) {
         throw BadInput(name + ": " + std::generic_category().message(errno));

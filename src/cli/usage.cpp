@@ -110,12 +110,12 @@ void AddCsv(CLI::App& command, Options& options)
 {
     command
         .add_option("--delimiter", options.delimiter,
-                    "what stands between the cells of a CSV; a comma without it")
+                    "what separates the cells of a CSV; a comma without it")
         ->type_name("comma|semicolon|tab")
         ->check(CLI::IsMember({"comma", "semicolon", "tab"}).description(""));
     command
         .add_option("--decimal", options.decimal,
-                    "decimal sign of the numbers of a CSV; with a comma semicolons stand between "
+                    "decimal sign of the numbers of a CSV; with a comma semicolons separate "
                     "the cells")
         ->type_name("point|comma")
         ->check(CLI::IsMember({"point", "comma"}).description(""));

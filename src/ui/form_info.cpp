@@ -112,7 +112,7 @@ Form* MakeInfoVipping(Desk& desk, QWidget* parent)
             "<p>A loaded member without restraints takes its C factors by supports and moment "
             "shape. With restraints of the compression flange, or with given end forces, every "
             "part "
-            "between two restraints is controlled with its own end moments, and the worst one "
+            "between two restraints is checked with its own end moments, and the worst one "
             "governs.</p>"
             "<p>The restraints divide the member evenly.</p>"),
         &picture);

@@ -30,7 +30,7 @@ RecoveryBar::RecoveryBar(Desk& desk, QWidget* parent)
     QPushButton* const restore = AddButton("recoveryrestore", tr("Re&store"));
     QPushButton* const discard = AddButton("recoverydiscard", tr("Disc&ard"));
     QPushButton* const later = AddButton("recoverylater", tr("La&ter"));
-    restore->setToolTip(tr("Makes it the project in hand; Undo goes back to the one before"));
+    restore->setToolTip(tr("Makes it the current project; Undo goes back to the one before"));
     discard->setToolTip(tr("Deletes it"));
     later->setToolTip(tr("Keeps it for the next start"));
     for (QPushButton* const button : {restore, discard, later}) {

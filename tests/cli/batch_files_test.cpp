@@ -93,7 +93,7 @@ TEST_F(BatchFiles, ARunGoesOnWithItsOwnInputsOnly)
     };
     stop("--base base.kst");
     const std::string part = Read("o.csv.part");
-    const std::string refusal = "o.csv.part: cannot be taken up: ";
+    const std::string refusal = "o.csv.part: cannot be resumed: ";
     // Another length of the same size.
     Write("t.csv", "l\n5\n7\n");
     Said said = resumed("--base base.kst");

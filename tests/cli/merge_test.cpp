@@ -184,7 +184,7 @@ TEST_F(Merging, APartGoesOnWhereItWasStopped)
           "sed -i '/^order$/,$d' part3.csv.part.inputs");
     const Said other = Kestrum("batch t.csv --quiet --shard 3/3 --resume -o part3.csv");
     EXPECT_EQ(other.exit, 2);
-    EXPECT_THAT(other.err, HasSubstr("cannot be taken up"));
+    EXPECT_THAT(other.err, HasSubstr("cannot be resumed"));
 }
 
 TEST_F(Merging, WhatIsNotAllOfOneRunIsRefused)

@@ -213,7 +213,7 @@ def main(arguments=None):
     parser = argparse.ArgumentParser(
         prog="python3 -m kestrum.saf",
         description="Writes the members and the internal forces of a Structural Analysis Format workbook as the two "
-                    "tables that kestrum envelope takes. What has no place there is told on standard error.")
+                    "tables that kestrum envelope takes. What has no place there is reported on standard error.")
     parser.add_argument("workbook", metavar="MODEL.xlsx")
     parser.add_argument("-o", "--output", nargs=2, required=True, metavar=("MEMBERS.csv", "FORCES.csv"))
     given = parser.parse_args(arguments)
