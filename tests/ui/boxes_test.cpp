@@ -32,7 +32,7 @@ QStringList TextsFor(const Box& box, bool comma)
     const Field& field = *FindField(box.field);
     QStringList texts{QStringLiteral("abc"), QString(), Number(12.5, comma),
                       QStringLiteral("40000")};
-    for (const Bound& bound : {box.lower, box.upper}) {
+    for (const Bound& bound : {field.limits.lower, field.limits.upper}) {
         if (bound.kind != Bound::Kind::none) {
             const double step = field.kind == FieldKind::integer
                                     ? 1
