@@ -99,16 +99,14 @@ bool Same(double a, double b)
     return a == b || std::abs(a / b - 1) <= kSingle;
 }
 
-// Whether the deviations that the pass came across change the largest ratio neither by themselves
-// nor together.
+// Whether the deviations change the largest ratio neither all together nor those that the pass came
+// across by themselves.
 bool NoneActs(const Library& library, const ProjectState& s, const ProjectState* program,
               const standard::StandardResult& result)
 {
     Basis all = Basis::Standard();
     for (std::size_t i = 0; i < kDeviations; ++i) {
-        if (result.met[i]) {
-            all.SwitchBack(static_cast<Dev>(i));
-        }
+        all.SwitchBack(static_cast<Dev>(i));
     }
     const standard::StandardResult back = standard::CalculateStandard(library, s, all, program);
     if (!back.rated || !Same(back.ir, result.ir)) {

@@ -192,7 +192,7 @@ private:
 class TableOf {
 public:
     TableOf(const Member& base, const Inputs& inputs, std::size_t rows, unsigned basis,
-            const std::vector<Word>& names, unsigned threads)
+            const std::vector<Word>& names, unsigned threads, bool notes)
         : rows_(rows)
     {
         const Columns columns(inputs, rows);
@@ -200,7 +200,7 @@ public:
         auto checked = [&] {
             const py::gil_scoped_release free;
             return kestrum::Table::check(base, columns.list(), rows,
-                                         {static_cast<Basis>(basis), fields, threads});
+                                         {static_cast<Basis>(basis), fields, threads, notes});
         }();
         table_ = Value(std::move(checked));
     }
@@ -589,7 +589,7 @@ PYBIND11_MODULE(_kestrum, m)
 
     py::class_<TableOf>(m, "Table")
         .def(py::init<const Member&, const Inputs&, std::size_t, unsigned,
-                      const std::vector<Word>&, unsigned>())
+                      const std::vector<Word>&, unsigned, bool>())
         .def("statuses", &TableOf::Statuses)
         .def("ratios", &TableOf::Ratios)
         .def("field", &TableOf::Field)

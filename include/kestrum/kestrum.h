@@ -44,7 +44,8 @@ enum {
     KESTRUM_BASIS_PROGRAM = 1,  /* those of Kestrum EC3, with its listed deviations */
     KESTRUM_BASIS_STANDARD = 2, /* EN 1993-1-1 as written */
     KESTRUM_BASIS_BOTH = 3,
-    /* With both bases of a member: what each deviation costs, which takes many calculations. */
+    /* With both bases of a member: what each deviation costs; with any basis of a table: KESTRUM_NOTES,
+     * the deviations that act. Takes many calculations. */
     KESTRUM_COSTS = 4
 };
 
@@ -246,7 +247,7 @@ typedef enum kestrum_words {
     KESTRUM_GOVERNING = 1,
     KESTRUM_CLAUSE = 2,
     KESTRUM_MESSAGE = 3,
-    KESTRUM_NOTES = 4 /* numbers of the deviations, "D201 D233" */
+    KESTRUM_NOTES = 4 /* numbers of the deviations, "D201 D233"; with KESTRUM_COSTS */
 } kestrum_words;
 KESTRUM_API const char *kestrum_table_words(const kestrum_table *table, size_t row, unsigned basis,
                                             kestrum_words which);

@@ -480,6 +480,7 @@ struct TableOptions {
     Basis basis = Basis::both;
     std::vector<std::string> fields = {};  // values to keep
     unsigned threads = 0;                  // 0: all cores
+    bool notes = false;                    // which deviations act, at some ten times the time
 };
 
 // Many members, a row each; copies share the answers.
@@ -495,9 +496,11 @@ public:
             fields.push_back(field.c_str());
         }
         auto table = detail::Answered<kestrum_table, kestrum_table_free>([&](auto** out, auto** e) {
-            return kestrum_table_check(base.get(), list.data(), list.size(), rows,
-                                       static_cast<unsigned>(options.basis), fields.data(),
-                                       fields.size(), options.threads, out, e);
+            const unsigned basis =
+                static_cast<unsigned>(options.basis) |
+                (options.notes ? static_cast<unsigned>(KESTRUM_COSTS) : 0U);
+            return kestrum_table_check(base.get(), list.data(), list.size(), rows, basis,
+                                       fields.data(), fields.size(), options.threads, out, e);
         });
         if (!table) {
             return table.error();

@@ -205,14 +205,23 @@ bool AnswerForm::asks_standard() const
 {
     return std::any_of(items_.begin(), items_.end(), [](const Item& item) {
         return item.special == Special::ir_standard || item.special == Special::standard_check ||
-               item.special == Special::standard_clause || item.special == Special::deviations;
+               item.special == Special::standard_clause || MeasuresDeviations(item.special);
     });
 }
 
 bool AnswerForm::asks_costs() const
 {
     return std::any_of(items_.begin(), items_.end(),
-                       [](const Item& item) { return item.special == Special::deviations; });
+                       [](const Item& item) { return MeasuresDeviations(item.special); });
+}
+
+void AnswerForm::AppendNotes(std::string& out, const std::vector<DesignNote>& notes) const
+{
+    std::vector<std::string_view> numbers;
+    for (const DesignNote& note : notes) {
+        numbers.push_back(note.id);
+    }
+    AppendList(out, numbers, " ");
 }
 
 // "D233 0.123", or an object with id and cost: largest first.
@@ -294,7 +303,7 @@ void AnswerForm::AppendItem(std::string& out, const Item& item, const ProjectSta
     case Special::message:
         return text(outcome.message);
     case Special::notes:
-        return AppendList(out, outcome.notes, " ");
+        return AppendNotes(out, outcome.notes);
     case Special::dropped:
         return AppendList(out, outcome.dropped, "; ");
     case Special::section:
@@ -445,7 +454,7 @@ std::size_t Tally::Members() const
     return sum;
 }
 
-std::string Tally::Summary() const
+std::string Tally::Summary(std::string_view remark) const
 {
     std::string text;
     AppendNumber(text, Members());
@@ -457,7 +466,7 @@ std::string Tally::Summary() const
             text.append(" ").append(VerdictWord(static_cast<Verdict>(i)));
         }
     }
-    text += "\n";
+    text.append(remark).append("\n");
     for (const Worst& worst : worst_) {
         text += "  ";
         if (worst.ir <= std::numeric_limits<float>::max()) {
@@ -596,6 +605,7 @@ void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string
         const bool well = Calculate(library_, *s_);
         if (form_.asks_costs()) {
             standard::CalculateCosts(library_, read_, well ? &*s_ : nullptr, *standard);
+            KeepNotes(*standard, *s_);
         }
         outcome = OutcomeOf(s_, well);
         if (outcome.verdict == Verdict::not_checked) {  // one that failed says so in its line

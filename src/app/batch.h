@@ -81,7 +81,7 @@ public:
 
     // A field is of the result by the standard as written, which AppendLine then needs.
     bool asks_standard() const;
-    // One is what the deviations cost.
+    // One is what the deviations cost, or which of them act.
     bool asks_costs() const;
 
 private:
@@ -104,10 +104,15 @@ private:
         Special special;
         FieldRef ref;
     };
+    static bool MeasuresDeviations(Special special)
+    {
+        return special == Special::notes || special == Special::deviations;
+    }
     std::string Find(Item& item) const;
     void AppendItem(std::string& out, const Item& item, const ProjectState& s,
                     const Outcome& outcome, const standard::StandardResult* standard) const;
     template <class T> void AppendDecimal(std::string& out, T value) const;
+    void AppendNotes(std::string& out, const std::vector<DesignNote>& notes) const;
     void AppendDeviations(std::string& out, const standard::StandardResult& result) const;
     void AppendStandard(std::string& out, Special what,
                         const standard::StandardResult* result) const;
@@ -134,8 +139,8 @@ public:
     std::size_t Count(Verdict verdict) const { return count_[static_cast<std::size_t>(verdict)]; }
     std::size_t Members() const;
 
-    // A line of counts and one for each of the worst members.
-    std::string Summary() const;
+    // A line of counts, which ends with the remark, and one for each of the worst members.
+    std::string Summary(std::string_view remark = {}) const;
 
 private:
     struct Worst {

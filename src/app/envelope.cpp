@@ -140,6 +140,9 @@ void EnvelopeWorker::Take(ForcePiece& piece, CaseRows& rows)
 
 void EnvelopeWorker::Close(ForcePiece& piece)
 {
+    for (MemberAnswer& answer : kept_) {
+        cases_.Measure(answer.program);
+    }
     std::move(kept_.begin(), kept_.end(), std::back_inserter(piece.answers));
     kept_.clear();
 }

@@ -6,10 +6,12 @@
 #include "engine/prepared.h"
 #include "report/state_json.h"
 #include "sections/families.h"
+#include "standard/costs.h"
 #include "standard/station_cases.h"
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -199,6 +201,7 @@ struct MemberCases::Prepared {
     std::optional<standard::StationCases> standard{};
     double yield_torque = 0;
     double length = 0;
+    ProjectState read{};  // the member before any pass
     StationRun run{};
 };
 
@@ -224,6 +227,7 @@ void MemberCases::Prepare(const ProjectState& member)
 {
     Prepared& p = *prepared_;
     p.refusal.clear();
+    p.read = member;
     p.program = kestrum::Prepare(library_, member);
     if (!p.program.usable) {
         return Refuse(FailureText(p.program.state->failure));
@@ -326,7 +330,28 @@ void MemberCases::Program(const CaseRows& rows, const MemberAnswer* worst, Membe
     mine.clause = std::move(outcome.clause);
     mine.x = mine.failed ? kNowhere : PlaceOf(s);
     mine.message = std::move(outcome.message);
-    mine.notes.insert(mine.notes.begin(), outcome.notes.begin(), outcome.notes.end());
+    if (well && !every_) {
+        mine.stations = rows.stations;
+    }
+}
+
+void MemberCases::Measure(WorstCase& program)
+{
+    Prepared& p = *prepared_;
+    const std::vector<Station> stations = std::exchange(program.stations, {});
+    if (stations.empty() || !p.run.Case(p.program, stations)) {
+        return;
+    }
+    ProjectState s = p.run.state();
+    const standard::Calculation by = [&](const Basis& basis) {
+        return standard::StationCases(library_, p.read, basis, &s).ResultOf(stations);
+    };
+    standard::StandardResult result = by(Basis::Standard());
+    standard::CalculateCosts(by, result);
+    KeepNotes(result, s);
+    const std::vector<DesignNote> notes = DesignNotes(s);
+    std::transform(notes.begin(), notes.end(), std::inserter(program.notes, program.notes.begin()),
+                   [](const DesignNote& note) { return std::string(note.id); });
 }
 
 void MemberCases::Standard(const CaseRows& rows, const MemberAnswer* worst, MemberAnswer& answer)

@@ -33,6 +33,7 @@ struct WorstCase {
     double x = kNowhere;   // m; nowhere for the whole member
     std::string load_case{}, control{}, clause{}, message{};
     std::vector<std::string> notes{};
+    std::vector<Station> stations{};  // whose notes are not measured yet
 
     bool Worse(bool other_failed, double other_ir, std::size_t other_line) const;
 };
@@ -102,6 +103,10 @@ public:
     // The answer of one case, whose stations are put in order. `worst`, of the cases before it,
     // may be null. `fault` is filled where the stations are none.
     MemberAnswer Answer(CaseRows& rows, const MemberAnswer* worst, CaseFault& fault);
+
+    // Finds which deviations act in the worst case by the program, one of the prepared member's;
+    // nothing where every case is put into words.
+    void Measure(WorstCase& program);
 
 private:
     struct Prepared;

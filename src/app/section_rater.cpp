@@ -47,7 +47,9 @@ WorstCase WorstOf(Outcome outcome)
     worst.control = std::move(outcome.control);
     worst.clause = std::move(outcome.clause);
     worst.message = std::move(outcome.message);
-    worst.notes.assign(outcome.notes.begin(), outcome.notes.end());
+    for (const DesignNote& note : outcome.notes) {
+        worst.notes.emplace_back(note.id);
+    }
     return worst;
 }
 
@@ -128,6 +130,7 @@ MemberAnswer LoadRater::Rate(ProjectState& s, Bases bases, double max_ir, bool t
             answer.program = {.any = true, .verdict = Verdict::above, .failed = !well, .ir = ratio};
             return answer;
         }
+        MeasureNotes(library_, s);
         answer.program = WorstOf(OutcomeOf(s, well));
         if (!thorough && !Passes(answer.program, max_ir)) {
             return answer;
@@ -194,6 +197,9 @@ bool CaseRater::Run(MemberCases& member, const ProjectState& s, Bases bases, dou
         }
     }
     const bool passes = Passes(all, bases, max_ir);
+    if (thorough || passes) {
+        member.Measure(all.program);
+    }
     const std::size_t cases = std::max(answer.counts.cases, all.counts.cases);
     answer.Add(std::move(all));
     answer.counts.cases = cases;

@@ -87,6 +87,18 @@ void Session::Calculate()
     }
 }
 
+void Session::TakeNotes(const standard::StandardResult& measured)
+{
+    KeepNotes(measured, *state_);
+    outcome_ = OutcomeOf(state_, !failed_);
+    if (!failed_) {
+        shown_->acting = state_->acting;
+    }
+    if (!refused_) {
+        history_.Renew(Present());
+    }
+}
+
 void Session::Record()
 {
     const Snapshot& before = history_.now();

@@ -68,6 +68,10 @@ public:
     // says so.
     void Calculate();
 
+    // Which deviations act in the last pass, for its notes: many passes, which a window has made on
+    // a thread of its own. Until then the outcome has no notes.
+    void TakeNotes(const standard::StandardResult& measured);
+
     // What leaving a numeric box does: reads the text, stores and checks the value, tells the user
     // when it is refused, otherwise recalculates. The outcome tells the window whether to take the
     // focus back.

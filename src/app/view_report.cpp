@@ -2,6 +2,7 @@
 
 #include "app/member_commands.h"
 #include "core/project_state.h"
+#include "report/design_notes.h"
 #include "report/pages.h"
 #include "service/vortex.h"
 
@@ -33,6 +34,9 @@ ProjectState Printed(const Session& session)
     s.filename = session.state().filename;
     s.projname = session.state().projname;
     s.ident = session.state().ident;
+    if (!s.acting) {
+        MeasureNotes(session.library(), s);
+    }
     return s;
 }
 

@@ -25,9 +25,10 @@ CalculatedMember CalculateMember(const Library& library, const ProjectState& pro
                        .standard = {},
                        .stages = {}};
     const bool well = Calculate(library, m.s);
-    m.outcome = OutcomeOf(m.s, well);
     m.standard = standard::CalculateStandard(library, project);
     standard::CalculateCosts(library, project, well ? &m.s : nullptr, m.standard);
+    KeepNotes(m.standard, m.s);
+    m.outcome = OutcomeOf(m.s, well);
     m.stages = StagesOf(m.s);
     return m;
 }

@@ -1,7 +1,6 @@
 #include "calculation/chapters.h"
 
 #include "core/load_combination.h"
-#include "report/design_note_facts.h"
 #include "report/diagrams.h"
 #include "report/page_loading.h"
 
@@ -18,7 +17,7 @@ void AddFactor(Document& d, std::string_view symbol, const Expr& formula, double
 // The factors on G, Q1 and Q2 of the strength combination in force.
 void AddStrength(const ProjectState& s, Document& d)
 {
-    const int rule = StrengthCombination(s);
+    const int rule = StrengthCombination(s, s.governing);
     const LoadFactors f = StrengthFactors(s, s, rule);
     const Expr kg = Sym("K_FI,G", s.kfig), kq = Sym("K_FI,Q", s.kfiq);
     const Expr psi1 = Sym("ψ_Q1", s.psi1), psi2 = Sym("ψ_Q2", s.psi2);

@@ -28,7 +28,7 @@ struct Answer {
     std::optional<standard::StandardResult> standard{};
 };
 
-Answer CheckFile(const Library& library, const std::string& file, bool by_standard)
+Answer CheckFile(const Library& library, const std::string& file, const CheckArguments& arguments)
 {
     Answer answer{.file = file};
     try {
@@ -42,9 +42,12 @@ Answer CheckFile(const Library& library, const std::string& file, bool by_standa
     ProjectState& s = answer.state;
     const ProjectState read = s;
     const bool well = Calculate(library, s);
-    if (by_standard) {
+    if (arguments.basis != "program") {
         answer.standard = standard::CalculateStandard(library, read);
         standard::CalculateCosts(library, read, well ? &s : nullptr, *answer.standard);
+        KeepNotes(*answer.standard, s);
+    } else if (!arguments.no_notes) {
+        MeasureNotes(library, s);
     }
     answer.outcome = OutcomeOf(s, well);
     if (answer.outcome.designed()) {
@@ -56,10 +59,10 @@ Answer CheckFile(const Library& library, const std::string& file, bool by_standa
 }
 
 // One line for each deviation from the standard that acts in the result.
-std::string NotesText(const ProjectState& s)
+std::string NotesText(const std::vector<DesignNote>& notes)
 {
     std::string text;
-    for (const DesignNote& note : DesignNotes(s)) {
+    for (const DesignNote& note : notes) {
         text += "note " + std::string(note.id) + ": " + std::string(note.text) + "\n";
     }
     return text;
@@ -77,7 +80,7 @@ std::string TextOf(const Answer& answer, const CheckArguments& parts, bool colou
     if (outcome.designed()) {
         text += PanelText(answer.state, parts.loadcase, coloured ? PaintedRatio : nullptr);
         text += answer.state.flangeoverload ? std::string(kFlangeOverload) + "\n" : "";
-        text += parts.no_notes ? "" : NotesText(answer.state);
+        text += parts.no_notes ? "" : NotesText(outcome.notes);
     } else if (answer.read) {
         text += outcome.message + "\n";
     }
@@ -141,7 +144,7 @@ std::string CsvOf(const Answer& answer, const CsvForm& csv)
     number(answer.deflection, outcome.designed());
     number(outcome.ir, outcome.rated());
     for (const std::string& cell :
-         {outcome.message, Joined(outcome.notes, " "), Joined(outcome.dropped, "; ")}) {
+         {outcome.message, NumbersOf(outcome.notes), Joined(outcome.dropped, "; ")}) {
         text += csv.delimiter;
         AppendCell(text, cell, csv.texts);
     }
@@ -218,7 +221,7 @@ int Check(const Options& options, const CheckArguments& arguments)
     std::vector<Answer> answers;
     answers.reserve(arguments.files.size());
     for (const std::string& file : arguments.files) {
-        answers.push_back(CheckFile(library, file, arguments.basis != "program"));
+        answers.push_back(CheckFile(library, file, arguments));
     }
     if (options.quiet) {
         return ExitOf(answers, arguments);

@@ -74,7 +74,7 @@ struct BatchArguments {
     std::vector<std::string> inputs;
     std::string out;   // empty: standard output
     std::string base;  // project that tables start from; empty: the default one
-    std::vector<std::string> fields = {"control", "clause", "message", "notes", "dropped"};
+    std::vector<std::string> fields = {"control", "clause", "message", "dropped"};
     std::string shard;  // "2/8": part of the members; empty: all
     int jobs = 0;       // threads; 0: one a core
     bool resume = false;

@@ -3,6 +3,7 @@
 #include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
+#include "report/design_notes.h"
 #include "report/outcome.h"
 #include "report/state_json.h"
 
@@ -35,6 +36,7 @@ int DumpFile(const Library& library, const std::string& file, bool inputs,
         return kAllWithin;
     }
     const bool well = Calculate(library, s);
+    MeasureNotes(library, s);
     objects.push_back(WithOwnData(library, StateJson(s)));
     if (!well) {
         Complain(file + ": " + std::string(kCalculationError));

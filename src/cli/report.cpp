@@ -5,6 +5,7 @@
 #include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
+#include "report/design_notes.h"
 #include "report/outcome.h"
 #include "report/pages.h"
 #include "service/vortex.h"
@@ -33,6 +34,7 @@ int PrintFile(const Library& library, const ReportArguments& arguments, const st
         Complain(file + ": " + std::string(kCalculationError));
         return kFailedPass;
     }
+    MeasureNotes(library, s);
     PrintedReport report = vortex                        ? PrintVortex(library, s, StampOfNow())
                            : arguments.kind == "section" ? PrintProperties(library, s, StampOfNow())
                                                          : PrintControl(library, s, StampOfNow());

@@ -70,7 +70,7 @@ std::string DeviationsJson(const StandardResult& result)
         text += (text.empty() ? "" : ", ") +
                 ("{\"id\": " + JsonText(NameOf(at.deviation)) + ", \"cost\": " + Number(at.cost) +
                  ", \"without\": " + Number(at.without) + ", \"unsafe\": ") +
-                (at.unsafe ? "true" : "false") + ", \"text\": " + JsonText(TextOf(at.deviation)) +
+                (at.unsafe() ? "true" : "false") + ", \"text\": " + JsonText(TextOf(at.deviation)) +
                 "}";
     }
     return "[" + text + "]";

@@ -26,10 +26,8 @@ std::string RestraintText(const ProjectState& s)
 std::string NotesText(const ProjectState& s)
 {
     std::string text;
-    for (const NoteRule& rule : ServiceNoteRules()) {
-        if (rule.acts(s)) {
-            text += "note " + std::string(rule.id) + ": " + std::string(rule.Text()) + "\n";
-        }
+    for (const DesignNote& note : VortexNotes(s)) {
+        text += "note " + std::string(note.id) + ": " + std::string(note.text) + "\n";
     }
     return text;
 }
@@ -77,6 +75,9 @@ int Vortex(const Options& options, const std::string& file)
     if (!Calculate(library, s) || !ControlVortices(s)) {
         Complain(file + ": " + std::string(kCalculationError));
         return kFailedPass;
+    }
+    if (options.format == Format::json) {
+        MeasureNotes(library, s);
     }
     Print(options.format == Format::json ? JsonOf(s) : TextOf(s));
     return VortexAccepted(s) ? kAllWithin : kSomeAbove;

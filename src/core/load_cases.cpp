@@ -70,7 +70,7 @@ void AddEquation(LoadCases& cases, const Equation& eq, const ActionsPresent& pre
 }
 
 // A factor as the tables write it, with two decimals; the record keeps it in single precision.
-double AsWritten(float factor)
+double AsWritten(double factor)
 {
     return std::round(factor * 100.0) / 100.0;
 }
@@ -94,9 +94,10 @@ LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present, co
                        StrengthFactors(s, s, s.loadcomb));
     }
     const Annex& annex = AnnexAt(s.annexindex);
-    const bool low = !annex.low_class_in_610 && s.safetyclass == 1;  // counts in every equation
-    const double kg = low ? annex.of_class[0].g : s.kfig;
-    const double kq = low ? annex.of_class[0].q : static_cast<double>(s.kfiq);
+    const bool low = !annex.low_class_in_610 && s.safetyclass == 1;
+    const double kg = low ? basis.pick(Dev::d25, AsWritten(s.kfig), annex.of_class[0].g) : s.kfig;
+    const double kq = low ? basis.pick(Dev::d25, AsWritten(s.kfiq), annex.of_class[0].q)
+                          : static_cast<double>(s.kfiq);
     const double lower = annex.favourable;
     const double psi1 = s.psi1;
     const double psi2 = s.psi2;

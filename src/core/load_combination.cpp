@@ -14,6 +14,9 @@ namespace {
 constexpr double kVariable610b = 1.5;  // Eq 6.10b, in every annex
 
 // K_FI of the reliability, safety or consequences class, EN 1990, B3.3.
+//
+// Deviation D25: Eq 6.10 of an annex without `low_class_in_610`, Denmark, has 1.0 for the lowest
+// class; DS/EN 1990 DK NA counts its 0.9 in every equation.
 ClassFactors FactorsOfClass(const Annex& annex, int safetyclass, int loadcomb)
 {
     if (safetyclass != 1) {
@@ -106,6 +109,14 @@ void ApplyAnnexLoads(const Settings& settings, AnnexFactors& factors, int annexi
     const ClassFactors k = FactorsOfClass(f, settings.safetyclass, settings.loadcomb);
     factors.kfig = k.g;
     factors.kfiq = static_cast<float>(k.q);
+}
+
+int StrengthCombination(const Inputs& in, int governing)
+{
+    if (in.loadcomb != kEq610ab) {
+        return in.loadcomb;
+    }
+    return governing == 1 ? kEq610a : kEq610b;
 }
 
 LoadFactors StrengthFactors(const Inputs& in, const AnnexFactors& annex, int loadcomb)

@@ -42,6 +42,9 @@ struct LoadFactors {
     bool operator==(const LoadFactors&) const = default;
 };
 
+// The strength combination in force; of Eq 6.10a/b the one that `governing` names.
+int StrengthCombination(const Inputs& in, int governing);
+
 // Factors on G, Q1, Q2 of the strength combination 0, 1, 2, 4 or 5; any other combines nothing.
 LoadFactors StrengthFactors(const Inputs& in, const AnnexFactors& annex, int loadcomb);
 

@@ -216,6 +216,13 @@ void CalcShearZ(const Inputs& in, const SectionRecord& section, Resistances& res
 // EN 1993-1-1, 6.2.8 (5), Eq (6.30): the web loses rho of its part of the modulus.
 //   in   classmyuse; vzed, vzrd [kN]; mplyrd, melyrd, meffyrd, myrd [kNm]
 //   out  myrdv [kNm]
+//
+// Deviation D40: webs that may buckle in shear follow 6.2.8 too, with the web's resistance to shear
+// buckling; EN 1993-1-5, 7.1 has an interaction of its own for them.
+// Deviation D41: the strip is hw^2 tw rho/6 in class 3 and 4, which counts to the edge of the web;
+// to the edge of the section it is hw^3 tw rho/(6 h). Closed sections: Vz leaves Mz whole and Vy
+// leaves My, and the strips have the clear width; 6.2.8 (3) reduces the strength of the shear area,
+// which of rolled hollow sections is all of two walls.
 void ReduceMy(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
               const Forces&, SectionChecks& checks)
 {

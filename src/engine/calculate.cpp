@@ -172,6 +172,7 @@ bool Calculate(const Library& library, ProjectState& s)
     s.flangeoverload = false;
     s.calculationerror = false;
     s.failure = {};
+    s.acting.reset();
     try {
         Pass(library, s);
         s.calculationerror = s.errorflag == kAxialOverload;

@@ -49,6 +49,8 @@ constexpr FamilyRoutines kHollow = {.effective = CalcEffectiveHollow,
                                     .buckling = BucklingControlHollow,
                                     .control_without_n = false,
                                     .compressed_only = false};
+// Deviation D243: without compression tubes and angles under both moments have no interaction,
+// Eq (6.61) and (6.62) with NEd = 0.
 constexpr FamilyRoutines kTube = {.effective = nullptr,
                                   .resistance = CalcResistanceTube,
                                   .control = ControlTube,

@@ -133,6 +133,7 @@ void Worker::Work(std::size_t from, std::size_t to)
             worst_ = std::move(answer);
         }
         if (i + 1 == to || plan_.order.cases()[i + 1].member != at.member) {
+            cases_.Measure(worst_->program);
             answers_.Add(at.member, std::move(*worst_), refused_);
             worst_.reset();
         }

@@ -65,7 +65,7 @@ void TakeProgram(const Outcome& outcome, kestrum_result& result)
             result.checks.push_back(StoredOf(result.state, id));
         }
     }
-    for (const kestrum::DesignNote& note : kestrum::DesignNotes(result.state)) {
+    for (const kestrum::DesignNote& note : outcome.notes) {
         result.notes.push_back({std::string(note.id), std::string(note.text)});
     }
 }
@@ -96,7 +96,7 @@ void TakeCosts(const StandardResult& standard, kestrum_result& result)
             note.cost = note.id == id ? at.cost : note.cost;
         }
         result.deviations.push_back(
-            {id, std::string(TextOf(at.deviation)), at.cost, at.without, at.unsafe});
+            {id, std::string(TextOf(at.deviation)), at.cost, at.without, at.unsafe()});
     }
 }
 
@@ -116,12 +116,15 @@ kestrum_result Checked(const kestrum_member& member, unsigned basis)
     }
     // The rules of the program also fill the record that values and pictures are read from.
     const bool well = kestrum::Calculate(library, result.state);
-    TakeProgram(kestrum::OutcomeOf(result.state, well), result);
     if (costs) {
         kestrum::standard::CalculateCosts(library, member.state, well ? &result.state : nullptr,
                                           standard);
-        TakeCosts(standard, result);
+        kestrum::KeepNotes(standard, result.state);
+    } else if ((basis & KESTRUM_BASIS_PROGRAM) != 0) {
+        kestrum::MeasureNotes(library, result.state);
     }
+    TakeProgram(kestrum::OutcomeOf(result.state, well), result);
+    TakeCosts(standard, result);
     return result;
 }
 

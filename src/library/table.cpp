@@ -36,6 +36,7 @@ struct Plan {
     kestrum::library::MemberRows members;
     std::vector<FieldRef> fields;
     unsigned basis;
+    bool notes;
 };
 
 class Worker {
@@ -97,13 +98,12 @@ void Worker::Row(std::size_t row)
         return;
     }
     const bool well = kestrum::Calculate(library, s_);
+    if (plan_.notes) {
+        kestrum::MeasureNotes(library, s_);
+    }
     const kestrum::Outcome outcome = kestrum::OutcomeOf(s_, well);
     if (Asks(KESTRUM_BASIS_PROGRAM)) {
-        std::string notes;
-        for (const std::string_view note : outcome.notes) {
-            notes.append(notes.empty() ? "" : " ").append(note);
-        }
-        Keep(0, row, kestrum::library::ProgramAnswer(outcome), notes);
+        Keep(0, row, kestrum::library::ProgramAnswer(outcome), NumbersOf(outcome.notes));
     }
     for (std::size_t i = 0; well && i < plan_.fields.size(); ++i) {
         table_.numbers[i][row] =
@@ -157,8 +157,10 @@ kestrum_code kestrum_table_check(const kestrum_member* base, const kestrum_colum
                                  kestrum_table** out, kestrum_error** error)
 {
     return Answered(out, error, [&] {
+        const bool notes = (basis & KESTRUM_COSTS) != 0;
+        basis &= ~static_cast<unsigned>(KESTRUM_COSTS);
         kestrum::library::RequireBasis(basis);
-        Plan plan{{Required(base, "base"), columns, column_count, rows}, {}, basis};
+        Plan plan{{Required(base, "base"), columns, column_count, rows}, {}, basis, notes};
         for (size_t i = 0; i < field_count; ++i) {
             plan.fields.push_back(kestrum::library::FieldOf(
                 RequiredText(fields == nullptr ? nullptr : fields[i], "field name")));

@@ -3,9 +3,9 @@
 #include "core/annexes.h"
 #include "core/member_choices.h"
 #include "core/project_state.h"
-#include "report/design_note_facts.h"
 #include "report/stages.h"
 #include "sections/families.h"
+#include "stability/buckling_resistance.h"
 
 #include <cmath>
 
@@ -19,7 +19,7 @@ bool TorsionOfAnotherLength(const ProjectState& s)
     if (!StagesOf(s).axial || !(s.ned > 0) || s.openprofile != kTrue || s.ncrt == 0) {
         return false;
     }
-    return std::abs(OwnTorsionalForces(s).ncrt - s.ncrt) > 1e-6 * s.ncrt;
+    return std::abs(OwnTorsionalForces(s, s, s).ncrt - s.ncrt) > 1e-6 * s.ncrt;
 }
 
 // The automatic curve of British channels (D205); after a start there is none.

@@ -5,7 +5,6 @@
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "engine/validate.h"
-#include "report/design_notes.h"
 
 #include <algorithm>
 #include <array>
@@ -91,9 +90,7 @@ Outcome Finished(const ProjectState& s)
     outcome.verdict = outcome.ir > s.irlimit ? Verdict::above : Verdict::within;
     outcome.control = FormulaOf(*check);
     outcome.clause = TextsOf(check->form).clause;
-    for (const DesignNote& note : DesignNotes(s)) {
-        outcome.notes.push_back(note.id);
-    }
+    outcome.notes = DesignNotes(s);
     return outcome;
 }
 

@@ -3,6 +3,8 @@
 // The outcome of one member, for every face alike: command line, batch, pages, window. Whoever
 // writes a verdict takes it from here and decides nothing again.
 
+#include "report/design_notes.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -40,12 +42,12 @@ int GraverExit(int one, int other);
 
 struct Outcome {
     Verdict verdict = Verdict::bad;
-    double ir = 0;                          // governing ratio; NEd/Ncr of an unstable member
-    std::string control{};                  // formula of the check that governs: "NEd/NRd"
-    std::string clause{};                   // of EN 1993-1-1: "6.2.4"
-    std::string message{};                  // why there is no ratio; empty within and above
-    std::vector<std::string_view> notes{};  // numbers of the deviations on the unsafe side
-    std::vector<std::string> dropped{};     // a text for each dropped load
+    double ir = 0;                       // governing ratio; NEd/Ncr of an unstable member
+    std::string control{};               // formula of the check that governs: "NEd/NRd"
+    std::string clause{};                // of EN 1993-1-1: "6.2.4"
+    std::string message{};               // why there is no ratio; empty within and above
+    std::vector<DesignNote> notes{};     // on the unsafe side; none where nobody measured them
+    std::vector<std::string> dropped{};  // a text for each dropped load
 
     // The result rows hold a result.
     bool designed() const

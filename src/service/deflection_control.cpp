@@ -6,6 +6,9 @@ namespace kestrum {
 
 namespace {
 
+// Deviation D260: angles bend about y and z by Iy and Iz alone; their product of inertia couples
+// both where nothing holds the member sideways (EN 1993-1-1, 5.4.2). Deviation D261: the largest
+// deflection is that of 51 points; the line has its extreme between them (EN 1990, A1.4.3).
 void TakeDeflection(const Inputs& in, double max, double min, i16 limitratio, CheckId id,
                     CheckForm form, SectionChecks& checks)
 {

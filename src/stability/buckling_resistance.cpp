@@ -119,6 +119,14 @@ TorsionalForces TorsionalForcesAt(const Inputs& in, const SectionRecord& section
     return {ncrt, i02 / (2.0 * ip2) * (sum - std::sqrt(std::max(0.0, root)))};
 }
 
+TorsionalForces OwnTorsionalForces(const Inputs& in, const SectionRecord& section,
+                                   const Stability& stability)
+{
+    const double length =
+        in.ltb == 1 ? static_cast<double>(in.ltbk) * in.l / (in.restraints + 1) : in.l;
+    return TorsionalForcesAt(in, section, stability, length);
+}
+
 double ReductionFactor(double lam, double alpha)
 {
     if (!(lam > 0.2)) {

@@ -26,6 +26,12 @@ struct TorsionalForces {
 TorsionalForces TorsionalForcesAt(const Inputs& in, const SectionRecord& section,
                                   const Stability& stability, double length);
 
+// For the torsional length of the member itself, whatever length the record holds: between its
+// lateral restraints where lateral torsional buckling is controlled, else the whole member
+// (EN 1993-1-1, 6.3.1.4).
+TorsionalForces OwnTorsionalForces(const Inputs& in, const SectionRecord& section,
+                                   const Stability& stability);
+
 void BucklingResistance(const Inputs& in, const SectionRecord& section,
                         const Resistances& resistances, const Carry& carry, Stability& stability);
 

@@ -133,6 +133,8 @@ MomentShape ShapeZ(const Forces& forces)
 // Table A.2. in: inertia [mm4].
 // Deviation D217: the deflection is the one of the serviceability combination beside the moment of
 // the strength combination; Table A.2 takes both from the same loads. The factor comes out lower.
+// Deviation D242: lines without end moments take the value of a uniform load where they are curved
+// and that of a point load at mid-span where not; Table A.2 has its general form for other loads.
 double CmLoads(const Inputs& in, const MomentShape& shape, double inertia, double n)
 {
     if (shape.first == 0 && shape.last == 0) {

@@ -138,6 +138,14 @@ PrincipalMoments TurnMoments(const AngleSection& angle, double my, double mz)
     return {my * angle.cosine + mz * angle.sine, mz * angle.cosine - my * angle.sine};
 }
 
+Coupling CouplingOf(const AngleSection& angle, double inertia, bool about_y)
+{
+    const double c = about_y ? angle.cosine : angle.sine;
+    const double s = about_y ? angle.sine : angle.cosine;
+    return {inertia * (c * c / angle.iu + s * s / angle.iv),
+            inertia * angle.cosine * angle.sine * (1 / angle.iu - 1 / angle.iv)};
+}
+
 double AngleUse(const StandardSection& q, const AngleSection& angle, const AngleForces& f,
                 CornerTerms* worst)
 {

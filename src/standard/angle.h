@@ -38,6 +38,13 @@ AngleSection EffectiveAngle(const StandardSection& q, const Basis& basis);
 struct PrincipalMoments {
     double u, v;
 };
+// The curvature about y or z of an angle that is free to move sideways, as that of a moment about
+// the axis alone: `own` times the moment about it and `other` times that about the other axis.
+struct Coupling {
+    double own, other;
+};
+Coupling CouplingOf(const AngleSection& angle, double inertia, bool about_y);
+
 PrincipalMoments TurnMoments(const AngleSection& angle, double my, double mz);
 
 // Forces at a section; what shear takes of the strength of the leg h (Vz) and of the leg b (Vy).

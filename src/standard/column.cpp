@@ -165,13 +165,15 @@ ColumnCurves CurvesOf(const Library& library, const ProjectState& s, const Stand
 }
 
 Reductions ReductionsOf(const PreparedSection& p, const CriticalForces& ncr,
-                        const ColumnCurves& curves, int cls)
+                        const ColumnCurves& curves, int cls, const Basis& basis)
 {
     Reductions r{};
     r.squash = CompressedArea(p, cls) * p.q.fy;
-    r.lamy = std::sqrt(r.squash / ncr.y);
-    r.lamz = std::sqrt(r.squash / ncr.z);
-    r.lamt = std::sqrt(r.squash / ncr.Torsional());
+    // D206: the program's slenderness of angles has the gross area.
+    const double squash = p.q.Angle() ? basis.pick(Dev::d206, p.q.a * p.q.fy, r.squash) : r.squash;
+    r.lamy = std::sqrt(squash / ncr.y);
+    r.lamz = std::sqrt(squash / ncr.z);
+    r.lamt = std::sqrt(squash / ncr.Torsional());
     if (p.q.Angle() && p.q.angle.two_bolts) {  // BB.1.2 (2)
         const double about_z = r.lamz * std::sqrt(p.q.angle.iv / p.q.iz);
         r.lamy = 0.5 + 0.7 * r.lamy;

@@ -39,6 +39,6 @@ struct Reductions {
     }
 };
 Reductions ReductionsOf(const PreparedSection& p, const CriticalForces& ncr,
-                        const ColumnCurves& curves, int cls);
+                        const ColumnCurves& curves, int cls, const Basis& basis);
 
 }  // namespace kestrum::standard

@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
 #include <limits>
+#include <span>
+#include <utility>
+#include <vector>
 
 namespace kestrum::standard {
 
@@ -11,10 +15,14 @@ namespace {
 
 constexpr double kRounding = 1e-6;  // of a ratio
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+constexpr double kMissing = std::numeric_limits<double>::infinity();  // rise
 
 // Checks of one kind, of which a basis makes one or another.
 constexpr std::array kInteraction = {CheckId::eq661, CheckId::eq662, CheckId::interaction_outside,
                                      CheckId::n_above_ncr};
+
+// Rows of 6.3.1, all of them NEd/Nb,Rd: torsional buckling counts where it exceeds the others.
+constexpr std::array kColumn = {CheckId::flexural_y, CheckId::flexural_z, CheckId::torsional};
 
 bool IsInteraction(CheckId id)
 {
@@ -26,10 +34,10 @@ double RatioOf(const Checks& checks, CheckId id)
     return checks[id].present ? checks[id].ir : 0;
 }
 
-double LargestInteraction(const Checks& checks)
+double LargestOf(const Checks& checks, std::span<const CheckId> ids)
 {
     double largest = 0;
-    for (const CheckId id : kInteraction) {
+    for (const CheckId id : ids) {
         largest = std::max(largest, RatioOf(checks, id));
     }
     return largest;
@@ -41,12 +49,16 @@ bool Above(double a, double b)
 }
 
 struct Difference {
-    bool any = false, higher = false;
+    bool any = false;
+    double rise = 0;  // see DeviationCost
 
     void Take(double standard, double program)
     {
-        higher = higher || Above(standard, program);
-        any = any || higher || Above(program, standard);
+        if (Above(standard, program)) {
+            any = true;
+            rise = std::max(rise, standard / program - 1);
+        }
+        any = any || Above(program, standard);
     }
 };
 
@@ -55,15 +67,16 @@ Difference Compare(const Checks& standard, const Checks& program)
     Difference difference;
     for (std::size_t i = 0; i < kCheckIds; ++i) {
         const auto id = static_cast<CheckId>(i);
-        if (!IsInteraction(id)) {
+        if (!IsInteraction(id) && id != CheckId::torsional) {
             difference.Take(RatioOf(standard, id), RatioOf(program, id));
         }
     }
+    difference.Take(LargestOf(standard, kColumn), LargestOf(program, kColumn));
     // The sum outside 6.3.3 and its equations stand for each other; rows of both are compared one
     // by one.
     if (standard[CheckId::interaction_outside].present ||
         program[CheckId::interaction_outside].present) {
-        difference.Take(LargestInteraction(standard), LargestInteraction(program));
+        difference.Take(LargestOf(standard, kInteraction), LargestOf(program, kInteraction));
         return difference;
     }
     for (const CheckId id : kInteraction) {
@@ -81,31 +94,162 @@ bool Costlier(const DeviationCost& a, const DeviationCost& b)
     return a.cost > b.cost;
 }
 
+// Rules of the standard that leave no result: the others are compared without them.
+constexpr std::array kEnding = {Dev::d21, Dev::d22, Dev::d175};
+
+// Roundings that no comparison within kRounding shows.
+constexpr std::array kDigits = {Dev::d186, Dev::d202};
+
+// Deviations that may hide each other: one alone changes nothing where the other rule of the
+// standard governs.
+struct Pair {
+    Dev one, other;
+};
+constexpr std::array kHiding = {Pair{Dev::d27, Dev::d35}, Pair{Dev::d28, Dev::d36},
+                                Pair{Dev::d216, Dev::d235}, Pair{Dev::d238, Dev::d235}};
+
+std::array<double, kCheckIds> RatiosOf(const Checks& checks)
+{
+    std::array<double, kCheckIds> ratios{};
+    for (std::size_t i = 0; i < kCheckIds; ++i) {
+        ratios[i] = RatioOf(checks, static_cast<CheckId>(i));
+    }
+    return ratios;
+}
+
+class Trials {
+public:
+    Trials(const Calculation& calculate, StandardResult& result)
+        : calculate_(calculate), result_(result)
+    {
+    }
+    void Run();
+
+private:
+    struct Trial {
+        Dev deviation;
+        StandardResult back;
+        bool acts;
+    };
+
+    StandardResult With(std::initializer_list<Dev> back) const
+    {
+        Basis basis = Basis::Standard();
+        for (const Dev deviation : back) {
+            basis.SwitchBack(deviation);
+        }
+        for (const Dev deviation : ended_) {
+            basis.SwitchBack(deviation);
+        }
+        return calculate_(basis);
+    }
+    StandardResult Begin();
+    void Alone(const StandardResult& from, Dev deviation);
+    void Together(Dev one, Dev other);
+    bool Take(const StandardResult& from, const StandardResult& back, const DeviationCost& found);
+    Trial* Find(Dev deviation);
+
+    const Calculation& calculate_;
+    StandardResult& result_;
+    std::vector<Dev> ended_;  // that ended the calculation and are switched back in each trial
+    std::vector<Trial> trials_;
+};
+
+// The result that the others are compared with.
+StandardResult Trials::Begin()
+{
+    StandardResult from = result_;
+    for (const Dev deviation : kEnding) {
+        if (!from.rated && from.met[IndexOf(deviation)]) {
+            ended_.push_back(deviation);
+            from = With({});
+        }
+    }
+    if (!from.rated) {
+        ended_.clear();
+    }
+    for (const Dev deviation : ended_) {
+        result_.deviations.push_back({deviation, from.ir, kNone, kMissing, RatiosOf(from.checks)});
+    }
+    return from;
+}
+
+// Whether the rule of the program that `back` has makes it differ; `found` all but the rise.
+bool Trials::Take(const StandardResult& from, const StandardResult& back,
+                  const DeviationCost& found)
+{
+    const Difference difference = Compare(from.checks, back.checks);
+    if (difference.any || from.rated != back.rated) {
+        result_.deviations.push_back(found);
+        result_.deviations.back().rise = from.rated != back.rated ? kMissing : difference.rise;
+        return true;
+    }
+    return false;
+}
+
+void Trials::Alone(const StandardResult& from, Dev deviation)
+{
+    StandardResult back = With({deviation});
+    const double without = back.rated ? back.ir : kNone;
+    const double cost = from.rated && back.rated ? from.ir - back.ir : kNone;
+    const bool acts = Take(from, back, {deviation, without, cost, 0, RatiosOf(back.checks)});
+    trials_.push_back({deviation, std::move(back), acts});
+}
+
+Trials::Trial* Trials::Find(Dev deviation)
+{
+    const auto found =
+        std::find_if(trials_.begin(), trials_.end(),
+                     [deviation](const Trial& trial) { return trial.deviation == deviation; });
+    return found == trials_.end() ? nullptr : &*found;
+}
+
+// Each against the rule of the program in place of the other; it has no cost of its own.
+void Trials::Together(Dev one, Dev other)
+{
+    Trial* const a = Find(one);
+    Trial* const b = Find(other);
+    if (a == nullptr || b == nullptr || (a->acts && b->acts)) {
+        return;
+    }
+    const StandardResult both = With({one, other});
+    for (const auto& [hidden, hiding] : {std::pair{a, b}, std::pair{b, a}}) {
+        const DeviationCost none{hidden->deviation, result_.ir, 0, 0, RatiosOf(result_.checks)};
+        hidden->acts = hidden->acts || Take(hiding->back, both, none);
+    }
+}
+
+void Trials::Run()
+{
+    result_.deviations.clear();
+    const StandardResult from = Begin();
+    for (std::size_t i = 0; i < kDeviations; ++i) {
+        const auto deviation = static_cast<Dev>(i);
+        const auto is = [deviation](Dev other) { return other == deviation; };
+        if (from.met[i] && std::none_of(kDigits.begin(), kDigits.end(), is) &&
+            std::none_of(ended_.begin(), ended_.end(), is)) {
+            Alone(from, deviation);
+        }
+    }
+    for (const Pair& pair : kHiding) {
+        Together(pair.one, pair.other);
+    }
+    std::stable_sort(result_.deviations.begin(), result_.deviations.end(), Costlier);
+}
+
 }  // namespace
 
 void CalculateCosts(const Library& library, const ProjectState& project,
                     const ProjectState* program, StandardResult& result)
 {
-    result.deviations.clear();
-    for (std::size_t i = 0; i < kDeviations; ++i) {
-        if (!result.met[i]) {
-            continue;
-        }
-        const auto deviation = static_cast<Dev>(i);
-        const StandardResult back =
-            CalculateStandard(library, project, Basis::StandardBut(deviation), program);
-        const Difference difference = Compare(result.checks, back.checks);
-        if (difference.any || result.rated != back.rated) {
-            const double without = back.rated ? back.ir : kNone;
-            const double cost = result.rated && back.rated ? result.ir - back.ir : kNone;
-            DeviationCost& found = result.deviations.emplace_back(
-                DeviationCost{deviation, without, cost, difference.higher || !result.rated, {}});
-            for (std::size_t k = 0; k < kCheckIds; ++k) {
-                found.ratios[k] = RatioOf(back.checks, static_cast<CheckId>(k));
-            }
-        }
-    }
-    std::stable_sort(result.deviations.begin(), result.deviations.end(), Costlier);
+    CalculateCosts(
+        [&](const Basis& basis) { return CalculateStandard(library, project, basis, program); },
+        result);
+}
+
+void CalculateCosts(const Calculation& calculate, StandardResult& result)
+{
+    Trials(calculate, result).Run();
 }
 
 }  // namespace kestrum::standard

@@ -5,6 +5,8 @@
 
 #include "standard/standard.h"
 
+#include <functional>
+
 namespace kestrum::standard {
 
 // Fills `result.deviations` with those that act: some ratio differs by more than a rounding.
@@ -14,5 +16,9 @@ namespace kestrum::standard {
 //   program  the record after the program's own pass, or null where that pass failed
 void CalculateCosts(const Library& library, const ProjectState& project,
                     const ProjectState* program, StandardResult& result);
+
+// The same of whatever is calculated by a basis.
+using Calculation = std::function<StandardResult(const Basis&)>;
+void CalculateCosts(const Calculation& calculate, StandardResult& result);
 
 }  // namespace kestrum::standard

@@ -1,5 +1,6 @@
 #include "standard/lines.h"
 
+#include "analysis/load_lines.h"
 #include "clauses/critical_moment.h"
 #include "core/member_choices.h"
 #include "core/project_state.h"
@@ -12,10 +13,10 @@ namespace kestrum::standard {
 
 namespace {
 
-constexpr double kGravity = 0.00981;      // kN per kg
-constexpr double kProgramGravity = 0.01;  // D103
-constexpr std::size_t kMaxOwnLoads = 16;
-constexpr double kOff = 1e-6;  // m; positions are kept in single precision
+constexpr double kGravity = 0.00981;                    // kN per kg
+constexpr double kProgramGravity = 0.01;                // D103
+constexpr std::size_t kMaxOwnLoads = 13 + 3 * kStrips;  // with the strips of D101
+constexpr double kOff = 1e-6;                           // m; positions are kept in single precision
 
 int Category(double kept)
 {
@@ -75,16 +76,36 @@ void AddUniform(const ProjectState& s, Loading& to)
     }
 }
 
+// D101: the program takes a point load in the middle of each of equal strips.
+void AddStrips(const Load& whole, Loading& to)
+{
+    const LineLoad& line = whole.line;
+    Load strip = whole;
+    strip.point = strip.strip = true;
+    for (int n = 0; n < kStrips; ++n) {
+        const double share = (n + 0.5) / kStrips;
+        const double q = line.q1 + share * (line.q2 - line.q1);
+        strip.at = {StripCentre(line.x1, line.x2, n), q * (line.x2 - line.x1) / kStrips, 0};
+        Add(to, strip);
+    }
+}
+
 void AddTrapezoids(const ProjectState& s, Loading& to)
 {
     for (std::size_t k = 1; k <= 3; ++k) {
-        if ((s.qt1[k] != 0 || s.qt2[k] != 0) && Counts(s, s.qtchecked[k])) {
-            Add(to, {Category(s.qttype[k]),
-                     s.qtdir[k] == 1,
-                     false,
-                     false,
-                     {s.qtx1[k], std::min<double>(s.qtx2[k], s.l), s.qt1[k], s.qt2[k]},
-                     {}});
+        if ((s.qt1[k] == 0 && s.qt2[k] == 0) || !Counts(s, s.qtchecked[k])) {
+            continue;
+        }
+        const Load load{Category(s.qttype[k]),
+                        s.qtdir[k] == 1,
+                        false,
+                        false,
+                        {s.qtx1[k], std::min<double>(s.qtx2[k], s.l), s.qt1[k], s.qt2[k]},
+                        {}};
+        if (to.basis.departs(Dev::d101)) {
+            Add(to, load);
+        } else {
+            AddStrips(load, to);
         }
     }
 }
@@ -140,8 +161,8 @@ double AxialForce(const ProjectState& s, const LoadFactors& factors, const Basis
 Plane PlaneOf(const MemberLoads& loads, const LoadFactors& factors, Axis axis,
               const EndFixity& ends)
 {
-    std::array<LineLoad, kMaxOwnLoads> lines{};
-    std::array<PointLoad, kMaxOwnLoads> points{};
+    std::array<LineLoad, kMaxOwnLoads> lines;
+    std::array<PointLoad, kMaxOwnLoads> points;
     std::size_t line_count = 0;
     std::size_t point_count = 0;
     Plane plane{};
@@ -158,8 +179,6 @@ Plane PlaneOf(const MemberLoads& loads, const LoadFactors& factors, Axis axis,
                                    factor * load.line.q2};
         }
     }
-    plane.point_loads = point_count > 0;
-    plane.line_loads = line_count > 0;
     plane.m = MomentsOf(loads.grid, {lines.data(), line_count}, {points.data(), point_count}, ends);
     return plane;
 }

@@ -25,6 +25,7 @@ struct Load {
     bool self_weight;
     LineLoad line;
     PointLoad at;
+    bool strip = false;  // a point load of a trapezoidal one (D101)
 };
 constexpr std::size_t kMaxLoads = 2 * kMaxLinePieces;  // as forces at stations tell of them
 
@@ -37,7 +38,7 @@ struct MemberLoads {
 
 // The reason why the loads cannot be taken: off the member, or ending before they start (D110).
 std::string_view NoLoadsReason(const ProjectState& s);
-// Deviations D103, D106.
+// Deviations D101, D103, D106.
 MemberLoads LoadsOf(const ProjectState& s, const Basis& basis);
 
 enum class Axis { y, z };  // the axis of bending
@@ -47,7 +48,6 @@ struct Plane {
     MomentPolynomials m;
     bool given;     // shear as entered with the end forces
     double v0, v1;  // then from end to end
-    bool point_loads, line_loads;
 };
 
 // Lines of forces at stations that no moment polynomial tells of: from end to end of each piece.

@@ -50,6 +50,18 @@ double LossOfWebsY(const StandardSection& q, bool plastic)
     return plastic ? plates / 4 : plates * height / 12 / (q.h / 2);
 }
 
+// D41: what the program takes.
+double StripOfWebs(const StandardSection& q, bool plastic)
+{
+    return q.webs * q.tw * q.hw * q.hw / (plastic ? 4 : 6);
+}
+
+double StripOfFlanges(const StandardSection& q, bool plastic)
+{
+    const double width = q.b - 2 * q.tw;
+    return 2 * q.top.t * width * width / (plastic ? 4 : 6);
+}
+
 // The webs of closed sections about z: each at its arm.
 double LossOfWebsZ(const StandardSection& q, bool plastic)
 {
@@ -114,11 +126,16 @@ double Slender(const StandardSection& q, double h, double t, const ShearInputs& 
 
 PreparedSection Prepare(const StandardSection& q, const Basis& basis)
 {
-    PreparedSection p{
-        .q = q, .effective = {}, .class_n = 1, .whole_angle = {}, .effective_angle = {}};
+    PreparedSection p{.q = q,
+                      .effective = {},
+                      .class_n = 1,
+                      .whole_angle = {},
+                      .effective_angle = {},
+                      .stocky_area = q.a};
     p.class_n = ClassInCompression(q, basis);
     if (!q.Angle()) {
         p.effective = EffectiveValuesOf(q, basis);
+        p.stocky_area = q.kind == Kind::tee ? basis.pick(Dev::d193, p.effective.a, q.a) : q.a;
         return p;
     }
     p.whole_angle = WholeAngle(q, basis);
@@ -169,7 +186,7 @@ double ModulusZ(const PreparedSection& p, int cls)
 
 double CompressedArea(const PreparedSection& p, int cls)
 {
-    return cls <= 3 ? p.q.a : p.effective.a;
+    return cls <= 3 ? p.stocky_area : p.effective.a;
 }
 
 ReducedResistance ResistanceBeside(const PreparedSection& p, int cls, const ShearShares& rho,
@@ -190,21 +207,22 @@ ReducedResistance ResistanceBeside(const PreparedSection& p, int cls, const Shea
     } else if (q.OfStrips() && plastic) {
         const StripValues left = PlasticBeside(q, rho.z, rho.y);
         a = left.a;
-        wy = left.wy;
+        wy = basis.pick(Dev::d41, wy - rho.z * StripOfWebs(q, plastic), left.wy);
         wz = left.wz;
     } else if (q.OfStrips()) {
         const StripValues loss = ElasticLoss(q, rho.z, rho.y);
         a -= loss.a;
-        wy -= loss.wy;
+        wy -= basis.pick(Dev::d41, rho.z * StripOfWebs(q, plastic), loss.wy);
         wz -= loss.wz;
     } else if (rho.z > 0 || rho.y > 0) {
         a -= basis.pick(Dev::d151, 0.0, rho.z * q.webs * q.hw * q.tw + rho.y * FlangeArea(q));
-        wy -= rho.z * LossOfWebsY(q, plastic);
-        wz -= rho.z * LossOfWebsZ(q, plastic);
+        wy -= rho.z * basis.pick(Dev::d41, StripOfWebs(q, plastic), LossOfWebsY(q, plastic));
+        wz -= basis.pick(Dev::d41, 0.0, rho.z * LossOfWebsZ(q, plastic));
         const double lost_y = rho.y * LossOfFlangesY(q, plastic);
         const double lost_z = rho.y * LossOfFlangesZ(q, plastic);
-        wy -= q.Closed() ? lost_y : basis.pick(Dev::d161, 0.0, lost_y);
-        wz -= q.Closed() ? lost_z : basis.pick(Dev::d161, lost_z / 2, lost_z);
+        wy -= basis.pick(q.Closed() ? Dev::d41 : Dev::d161, 0.0, lost_y);
+        wz -= q.Closed() ? basis.pick(Dev::d41, rho.y * StripOfFlanges(q, plastic), lost_z)
+                         : basis.pick(Dev::d161, lost_z / 2, lost_z);
     }
     const double strength = q.fy / q.gammam0;
     return {std::max(a, 0.0) * strength, std::max(wy, 0.0) * strength,

@@ -14,6 +14,7 @@ struct PreparedSection {
     EffectiveValues effective;
     int class_n;
     AngleSection whole_angle, effective_angle;  // of angles, about u and v
+    double stocky_area;                         // in compression up to class 3, mm2
     mutable SolvedLines solved{};               // of the member; not for two threads at once
 
     const AngleSection& AngleOf(int cls) const { return cls == 4 ? effective_angle : whole_angle; }

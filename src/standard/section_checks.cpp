@@ -110,8 +110,11 @@ void Place::Shear()
     if (vy > 0) {
         At(CheckId::section_vy) = {vy / y_.total, clause(y_)};
     }
-    // Webs that may buckle in shear: EN 1993-1-5, 7.1 takes the place of 6.2.8.
-    rho_.z = z_.slender ? 0 : clauses::ShearReduction(vz, z_.total);
+    rho_.z = clauses::ShearReduction(vz, z_.web);
+    // D40: webs that may buckle in shear, EN 1993-1-5, 7.1 in place of 6.2.8.
+    if (z_.slender && rho_.z > 0 && basis_.departs(Dev::d40)) {
+        rho_.z = 0;
+    }
     rho_.y = clauses::ShearReduction(vy, y_.web);
     // D179: not in the program's angles and general profiles.
     const bool forgotten = q_.Angle() || q_.kind == Kind::general;
@@ -365,7 +368,7 @@ bool Place::NearRigidEndPost(double length) const
 // EN 1993-1-5, 7.1 (1), (2), (4), (5).
 void Place::WebAndMoment(double length)
 {
-    if (!z_.slender || NearRigidEndPost(length)) {
+    if (!z_.slender || rho_.z > 0 || NearRigidEndPost(length)) {
         return;
     }
     const double eta3 = std::abs(f_.vz) / z_.web;

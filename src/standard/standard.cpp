@@ -1,5 +1,6 @@
 #include "standard/standard.h"
 
+#include "analysis/exact_line.h"
 #include "analysis/member_forces.h"
 #include "core/annexes.h"
 #include "core/arithmetic_trap.h"
@@ -118,14 +119,52 @@ void KeepLargestAlong(const Member& m, const LoadCase& load_case, std::span<doub
     KeepLargestAlong(SectionMemberOf(m, load_case, lines), lines, classes, m.basis, largest);
 }
 
+namespace {
+
+// Moments that bend a member by its own second moment of area as it bends. D260: the program leaves
+// the product of inertia of angles out.
+MomentPolynomials BendingOf(const Member& m, const CombinedLines& lines, Axis axis)
+{
+    MomentPolynomials bending = lines.Of(axis).m;
+    if (!m.section.q.Angle() || !m.basis.departs(Dev::d260)) {
+        return bending;
+    }
+    const bool y = axis == Axis::y;
+    const Coupling k = CouplingOf(m.section.whole_angle, y ? m.section.q.iy : m.section.q.iz, y);
+    const MomentPolynomials& across = lines.Of(y ? Axis::z : Axis::y).m;
+    for (std::size_t i = 0; i < lines.grid.pieces; ++i) {
+        for (std::size_t power = 0; power < 4; ++power) {
+            bending.m[i][power] = k.own * bending.m[i][power] + k.other * across.m[i][power];
+        }
+    }
+    return bending;
+}
+
+// D261: the program reads its line at the points of the diagram.
+LineExtreme LargestOf(const DeflectionLine& line, const LineGrid& grid, const Basis& basis)
+{
+    constexpr double kOff = 1e-6;
+    const LineExtreme largest = line.Largest();
+    LineExtreme read;
+    for (int j = 0; j < kDiagramPoints; ++j) {
+        const double x = grid.Length() * j / (kDiagramPoints - 1);
+        const double value = line.At(PieceAt(grid, x), x);
+        read = std::abs(value) > std::abs(read.value) ? LineExtreme{value, x, 0} : read;
+    }
+    const bool same = std::abs(read.value) >= (1 - kOff) * std::abs(largest.value);
+    return same || basis.departs(Dev::d261) ? largest : read;
+}
+
+}  // namespace
+
 // EN 1990, A1.4: L/n.
 DeflectionTerms DeflectionOf(const Member& m, const CombinedLines& lines, Axis axis)
 {
     const StandardSection& q = m.section.q;
-    const DeflectionLine line(lines.grid, lines.Of(axis).m,
-                              m.s.supportcase == SupportCase::cantilever, q.e,
+    const MomentPolynomials bending = BendingOf(m, lines, axis);
+    const DeflectionLine line(lines.grid, bending, m.s.supportcase == SupportCase::cantilever, q.e,
                               axis == Axis::y ? q.iy : q.iz);
-    const LineExtreme largest = line.Largest();
+    const LineExtreme largest = LargestOf(line, lines.grid, m.basis);
     return {largest.value, m.s.l * 1000.0 / (axis == Axis::y ? m.s.deflimitz : m.s.deflimity),
             largest.x / lines.grid.Length()};
 }

@@ -26,8 +26,10 @@ struct DeviationCost {
     Dev deviation;
     double without;  // largest ratio with the program's rule; NaN where there is no result
     double cost;     // the standard's largest ratio less that; NaN where one of both is missing
-    bool unsafe;     // some check comes out lower by the program's rule, or is missing
+    double rise;     // of the ratio of some check from the program's rule to the standard, largest
+                     // of all, as a share of the first; infinite where a check is missing
     std::array<double, kCheckIds> ratios;  // of each check with the program's rule; 0 without it
+    bool unsafe() const { return rise > 0; }
 };
 
 struct StandardResult {

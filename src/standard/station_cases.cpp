@@ -61,10 +61,13 @@ double OffChord(std::span<const Node> nodes, std::size_t from, std::size_t to,
 }  // namespace
 
 struct StationCases::Data {
-    explicit Data(const Library& library) : member{library, s, basis, nullptr, {}, {}, {}} {}
+    Data(const Library& library, const Basis& by, const ProjectState* program)
+        : basis(by), member{library, s, basis, program, {}, {}, {}}
+    {
+    }
 
     ProjectState s{};
-    Basis basis = Basis::Standard();
+    Basis basis;
     Member member;
     std::vector<Node> nodes;
     std::vector<char> kept;  // nodes that stay when there are too many
@@ -280,15 +283,16 @@ void StationCases::Data::FindLoads(Axis axis, double Station::*moment, double St
     }
 }
 
-StationCases::StationCases(const Library& library, const ProjectState& project)
-    : data_(std::make_unique<Data>(library))
+StationCases::StationCases(const Library& library, const ProjectState& project, const Basis& basis,
+                           const ProjectState* program)
+    : data_(std::make_unique<Data>(library, basis, program))
 {
     data_->s = project;
     PutLoadsAside(data_->s);
     reason_ = PrepareState(library, data_->s, data_->basis);
     if (reason_.empty()) {
-        const Basis& basis = data_->basis;
-        data_->member.section = Prepare(SectionOf(library, data_->s, basis), basis);
+        const Basis& by = data_->basis;
+        data_->member.section = Prepare(SectionOf(library, data_->s, by), by);
         NameOutside(library, data_->member, outside_);
     }
     ArmTrap();
@@ -298,19 +302,20 @@ StationCases::~StationCases() = default;
 StationCases::StationCases(StationCases&&) noexcept = default;
 StationCases& StationCases::operator=(StationCases&&) noexcept = default;
 
-StationResult StationCases::Case(std::span<const Station> stations, double enough)
+// False: there is no result, for the reason it names.
+bool StationCases::CheckCase(std::span<const Station> stations, Checks& checks,
+                             StationResult& result)
 {
-    StationResult result;
     Data& d = *data_;
     if (!reason_.empty()) {
         result.reason = reason_;
-        return result;
+        return false;
     }
     if (!d.MakeNodes(stations) ||
         (d.Straighten(stations, &Station::my), d.Straighten(stations, &Station::mz),
          !d.Thin(stations) || !d.MakeGrid())) {
         result.reason = "more stations than the standard basis takes";
-        return result;
+        return false;
     }
     d.FillLines();
     d.member.loads.count = 0;
@@ -318,19 +323,27 @@ StationResult StationCases::Case(std::span<const Station> stations, double enoug
     d.FindLoads(Axis::z, &Station::mz, &Station::vy, d.StraightWithin(stations, &Station::mz));
     d.member.loads.grid = d.lines.grid;
 
-    Checks checks;
-    for (std::size_t i = 0; i < kSectionChecks; ++i) {
-        checks.best[i].ir = enough;  // not present: any ratio takes its place
-    }
     const LoadCase as_given{CaseRule::end_forces, false, CaseVariables::all, {1, 1, 1}};
     const bool solved = CheckStrength(d.member, as_given, d.lines, checks);
     ArmTrap();
     if (!solved) {
         result.reason = "lateral torsional buckling has no numerical solution here";
+    }
+    return solved;
+}
+
+StationResult StationCases::Case(std::span<const Station> stations, double enough)
+{
+    StationResult result;
+    Checks checks;
+    for (std::size_t i = 0; i < kSectionChecks; ++i) {
+        checks.best[i].ir = enough;  // not present: any ratio takes its place
+    }
+    if (!CheckCase(stations, checks, result)) {
         return result;
     }
     std::vector<std::string> named;
-    NameOutsideOfKind(d.member.library, d.member, checks, named);
+    NameOutsideOfKind(data_->member.library, data_->member, checks, named);
     for (std::string& text : named) {
         if (std::find(outside_.begin(), outside_.end(), text) == outside_.end()) {
             outside_.push_back(std::move(text));
@@ -349,6 +362,20 @@ StationResult StationCases::Case(std::span<const Station> stations, double enoug
     if (!result.rated) {
         result.reason = kNoForceActs;
     }
+    return result;
+}
+
+StandardResult StationCases::ResultOf(std::span<const Station> stations)
+{
+    StandardResult result;
+    StationResult reason;
+    if (CheckCase(stations, result.checks, reason)) {
+        for (const Check& check : result.checks.best) {
+            result.rated = result.rated || check.present;
+            result.ir = check.present ? std::max(result.ir, check.ir) : result.ir;
+        }
+    }
+    result.met = data_->basis.met();
     return result;
 }
 

@@ -14,7 +14,7 @@
 
 #include "analysis/stations.h"
 #include "core/library.h"
-#include "standard/result.h"
+#include "standard/standard.h"
 
 #include <memory>
 #include <span>
@@ -41,8 +41,11 @@ struct StationResult {
 
 class StationCases {
 public:
-    // `member` as read or set; its own loads are put aside. `library` must last.
-    StationCases(const Library& library, const ProjectState& member);
+    // `member` as read or set; its own loads are put aside. `library` must last. `program`, for a
+    // basis with deviations switched back, as for CalculateStandard.
+    explicit StationCases(const Library& library, const ProjectState& member,
+                          const Basis& basis = Basis::Standard(),
+                          const ProjectState* program = nullptr);
     ~StationCases();
     StationCases(StationCases&&) noexcept;
     StationCases& operator=(StationCases&&) noexcept;
@@ -56,8 +59,12 @@ public:
     // size of the ratio is uncertain, not that it is below: a caller who looks for the worst case
     // hands in the worst ratio so far.
     StationResult Case(std::span<const Station> stations, double enough = 0);
+    // All checks of a case.
+    StandardResult ResultOf(std::span<const Station> stations);
 
 private:
+    bool CheckCase(std::span<const Station> stations, Checks& checks, StationResult& result);
+
     struct Data;
     std::unique_ptr<Data> data_;
     std::string reason_;

@@ -286,7 +286,7 @@ QGroupBox* NotesGroup(Binder& bind, Desk& desk)
     list->setMinimumSize(80, 40);
     const auto shown = std::make_shared<DeviationList>(desk, group, list);
     bind.Follow([shown](const ProjectState&) { shown->Show(); });
-    desk.standard->costs = [shown] { shown->Show(); };
+    desk.standard->costs.emplace_back([shown] { shown->Show(); });
     QObject::connect(list, &QListWidget::itemActivated, list,
                      [shown, list](QListWidgetItem* item) { shown->Explain(list->row(item)); });
     column->addWidget(list);

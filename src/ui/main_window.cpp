@@ -78,9 +78,11 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
     right->setSizes({kDiagramShare * 10, (100 - kDiagramShare) * 10});
     right->setChildrenCollapsible(false);
     auto* const status = new StatusBanner;
-    bind_.Follow([this, status](const ProjectState&) {
+    const auto show = [this, status] {
         status->Show(StatusOf(desk_.session, &standard_->result()), desk_.session.decimalcomma());
-    });
+    };
+    bind_.Follow([show](const ProjectState&) { show(); });
+    standard_->costs.emplace_back(show);
     auto* const resulthost = new QWidget;
     auto* const results = new QVBoxLayout(resulthost);
     results->setContentsMargins(0, 0, 0, 0);

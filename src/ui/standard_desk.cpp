@@ -16,6 +16,9 @@ void StandardDesk::Follow()
     const ProjectState given = AsGiven(session_.state());
     const auto inputs = [](const ProjectState& s) -> const Inputs& { return s; };
     if (calculated_ && inputs(given) == inputs(given_) && failed_ == session_.failed()) {
+        if (costed_ && !session_.state().acting) {
+            session_.TakeNotes(result_);
+        }
         return;
     }
     given_ = given;
@@ -55,7 +58,10 @@ void StandardDesk::AskForCosts()
         hand([this, job] {
             result_ = std::move(job->result);
             costed_ = true;
-            costs();
+            session_.TakeNotes(result_);
+            for (const auto& show : costs) {
+                show();
+            }
         });
     });
 }

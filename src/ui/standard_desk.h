@@ -9,6 +9,7 @@
 #include "ui/latest_job.h"
 
 #include <functional>
+#include <vector>
 
 namespace kestrum {
 
@@ -16,7 +17,7 @@ class Session;
 
 class StandardDesk {
 public:
-    explicit StandardDesk(const Session& session) : session_(session) {}
+    explicit StandardDesk(Session& session) : session_(session) {}
 
     // After every change of the session, before windows are refreshed.
     void Follow();
@@ -33,8 +34,8 @@ public:
     // The record after the program's pass; null where that failed.
     const ProjectState* program() const;
 
-    // The costs have come in.
-    std::function<void()> costs = [] {};
+    // Shows the costs, and the notes of the session, which have come in.
+    std::vector<std::function<void()>> costs{};
 
     // The deviation that the user wants to have explained.
     std::optional<Dev> chosen{};
@@ -42,7 +43,7 @@ public:
 private:
     void AskForCosts();
 
-    const Session& session_;
+    Session& session_;
     ProjectState given_{};
     standard::StandardResult result_{}, shown_{};
     Utilisation along_{};

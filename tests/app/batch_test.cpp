@@ -40,7 +40,7 @@ TEST(AnswerForm, ReadsBackWhatItWrote)
             for (std::size_t i = 0; i < 2 * kVerdicts; ++i) {
                 const auto written = static_cast<Verdict>(i % kVerdicts);
                 Outcome answer = Answer(written);
-                answer.notes.resize(i / kVerdicts, "D201");
+                answer.notes.resize(i / kVerdicts, {"D201", "told"});
                 std::string line;
                 form.AppendLine(line, name, s, answer);
                 SCOPED_TRACE(line);

@@ -435,7 +435,7 @@ TEST(Vortex, NotesActAtOnce)
     program.edit().family = 31;
     program.session.Calculate();
     const auto noted = [&](std::string_view id) {
-        const std::vector<DesignNote> notes = DesignNotes(program.session.shown());
+        const std::vector<DesignNote> notes = VortexNotes(program.session.shown());
         return std::any_of(notes.begin(), notes.end(),
                            [&](const DesignNote& note) { return note.id == id; });
     };

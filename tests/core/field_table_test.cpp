@@ -46,7 +46,8 @@ std::set<std::string> Declared(const std::string& record)
         for (auto word = std::sregex_iterator(list.begin(), list.end(), name);
              word != std::sregex_iterator(); ++word) {
             const std::string type = (*at)[1];
-            if (type != "CheckList" && type != "Failure" && type != "DroppedLoads") {
+            if (type != "CheckList" && type != "Failure" && type != "DroppedLoads" &&
+                type != "std::optional<std::bitset<kMostDeviations>>") {
                 names.insert(word->str());
             }
         }

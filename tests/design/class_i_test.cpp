@@ -82,6 +82,17 @@ TEST(CalcClassY, TensionWithBendingAtTheLimits)
     EXPECT_EQ(CalcClassY(s, s, s, -11.75F, 10), 4);
 }
 
+// 11.75 MPa of compression and 23.5 MPa of bending: psi -1/3, class 3 up to 42/(0.67 - 0.11) = 75.
+// At yield psi is 2 x 11.75/235 - 1 = -0.9, 112.6.
+TEST(CalcClassY, D42StressRatioOfTheStressesThatAct)
+{
+    ProjectState s = Section(75 * kJustBelow, 1);
+    s.iy = 5e4F;
+    EXPECT_EQ(CalcClassY(s, s, s, 11.75F, 0.0235F), 3);
+    s.d = 75 * kJustAbove;
+    EXPECT_EQ(CalcClassY(s, s, s, 11.75F, 0.0235F), 4);
+}
+
 TEST(CalcClassY, TensionOfTheWholeWebIsClass1)
 {
     ProjectState s = Section(1000, 1);

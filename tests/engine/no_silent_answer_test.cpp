@@ -398,9 +398,9 @@ TEST(Outcome, CountsTheNotes)
 {
     Outcome outcome{.verdict = Verdict::within};
     EXPECT_EQ(VerdictText(outcome), "within limits");
-    outcome.notes = {"D201"};
+    outcome.notes = {{"D201", ""}};
     EXPECT_EQ(VerdictText(outcome), "within limits, 1 note on the unsafe side");
-    outcome.notes = {"D201", "D208"};
+    outcome.notes = {{"D201", ""}, {"D208", ""}};
     EXPECT_EQ(VerdictText(outcome), "within limits, 2 notes on the unsafe side");
     outcome.verdict = Verdict::above;
     EXPECT_EQ(VerdictText(outcome), "above limit");

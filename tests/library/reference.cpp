@@ -19,7 +19,9 @@ Reference ReferenceOf(const std::string& project)
     const auto standard = kestrum::standard::CalculateStandard(library, s);
     Reference reference;
     reference.project = kestrum::WriteProject(s);
-    const kestrum::Outcome outcome = kestrum::OutcomeOf(s, kestrum::Calculate(library, s));
+    const bool well = kestrum::Calculate(library, s);
+    kestrum::MeasureNotes(library, s);
+    const kestrum::Outcome outcome = kestrum::OutcomeOf(s, well);
     reference.ir = outcome.ir;
     reference.control = outcome.control;
     reference.verdict = kestrum::VerdictText(outcome);

@@ -58,10 +58,10 @@ bool Same(double a, double b)
 
 TEST(Table, EachRowHasTheAnswerOfItsMemberAlone)
 {
-    constexpr std::size_t kRows = 300;
+    constexpr std::size_t kRows = 150;
     const RandomMembers members(kRows);
     const auto table = Table::check(Member(Builtin()), members.Columns(), kRows,
-                                    {Basis::both, {"mymax", "irsection"}});
+                                    {Basis::both, {"mymax", "irsection"}, 0, true});
     ASSERT_TRUE(table) << table.error().text;
     ASSERT_EQ(table->rows(), kRows);
     std::set<Status> seen;
@@ -93,12 +93,12 @@ TEST(Table, EachRowHasTheAnswerOfItsMemberAlone)
 
 TEST(Table, TheNumberOfThreadsChangesNothing)
 {
-    constexpr std::size_t kRows = 500;
+    constexpr std::size_t kRows = 200;
     const RandomMembers members(kRows);
     const auto one =
-        Table::check(Member(Builtin()), members.Columns(), kRows, {Basis::both, {}, 1});
+        Table::check(Member(Builtin()), members.Columns(), kRows, {Basis::both, {}, 1, true});
     const auto four =
-        Table::check(Member(Builtin()), members.Columns(), kRows, {Basis::both, {}, 4});
+        Table::check(Member(Builtin()), members.Columns(), kRows, {Basis::both, {}, 4, true});
     ASSERT_TRUE(one && four);
     for (std::size_t i = 0; i < kRows; ++i) {
         for (const Basis basis : {Basis::program, Basis::standard}) {

@@ -31,7 +31,7 @@ def members(rows, seed=3):
 
 def test_rows_are_the_single_members():
     table = members(60)
-    answers = kestrum.batch(table, fields=["mymax"])
+    answers = kestrum.batch(table, fields=["mymax"], notes=True)
     assert list(answers.index) == list(table.index)
     for label, row in table.iterrows():
         result = kestrum.Member(dict(row)).check()

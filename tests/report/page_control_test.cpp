@@ -355,6 +355,7 @@ TEST(PageControl, NotesOnTheUnsafeSideArePrintedWhole)
     s.loadcomb = kEq610a;
     ApplyAnnexLoads(s, s, s.annexindex);
     ASSERT_TRUE(Calculate(Delivered(), s));
+    MeasureNotes(Delivered(), s);
     const std::vector<DesignNote> notes = DesignNotes(s);
     ASSERT_THAT(notes, Contains(testing::Field(&DesignNote::id, "D26")));
     for (const PrintedReport& report :

@@ -244,6 +244,7 @@ ProjectState MuchToShow()
         s.nload[k] = 10;
     }
     EXPECT_TRUE(Calculate(Delivered(), s));
+    MeasureNotes(Delivered(), s);
     CalcVortexFrequency(s, s, s);
     CalcVortex(s, s, s);
     return s;

@@ -7,6 +7,7 @@
 #include "standard/standard_member.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace kestrum {
 namespace {
@@ -76,6 +77,21 @@ TEST(DeviationsOfKinds, D38FlatBarBelowAPlate)
     EndForces(s, 100, 0, 0);
     EXPECT_NEAR(Standard(s, CheckId::section_n), 100 / (3577.94 * 0.235), 1e-5);
     EXPECT_NEAR(Program(s, Dev::d38, CheckId::section_n), 100 / (3619.14 * 0.235), 1e-5);
+}
+
+// Stem of 13.97 t, class 3: the whole area; the program reduces it by rho of lam 0.75 all the same.
+TEST(DeviationsOfKinds, D193EffectiveAreaOfTheTInClassThree)
+{
+    const float web = 12.785F;
+    ProjectState s = Tee(web);
+    EndForces(s, 100, 0, 0);
+    const double c = 185 - web / 2, area = 150 * 15 + 185 * web;
+    const double lam = c / web / (28.4 * std::sqrt(0.43));
+    const double lost = (1 - (lam - 0.188) / (lam * lam)) * c * web;
+    EXPECT_LT(c / web, 14);
+    EXPECT_GT(lost, 2);
+    EXPECT_NEAR(Standard(s, CheckId::section_n), 100 / (area * 0.235), 1e-7);
+    EXPECT_NEAR(Program(s, Dev::d193, CheckId::section_n), 100 / ((area - lost) * 0.235), 1e-7);
 }
 
 // HEA 200 under N and moments of opposite ends, psi -1: Cm = 0.6 - 0.4, at least 0.4; 0.9 in a sway
@@ -179,6 +195,39 @@ TEST(DeviationsOfKinds, D181SlenderLegs)
     s.nload[1] = 20;
     EXPECT_NEAR(Standard(s, CheckId::section_n), 20 / 61.68697, 1e-5);
     EXPECT_NEAR(Program(s, Dev::d181, CheckId::section_n), 20 / (297.7 * 0.235), 1e-5);
+}
+
+// L 50x3 of class 4, 1 m: slenderness about v of the effective area, 61.687 kN; of the gross area,
+// 69.96 kN. Curve b.
+TEST(DeviationsOfKinds, D206SlendernessOfAngles)
+{
+    ProjectState s = Named("L 50x3", 1, 235);
+    s.nload[1] = 20;
+    ProjectState of = s;
+    CalcSection(Delivered(), of);
+    const double ncr = std::numbers::pi * std::numbers::pi * 0.21e-3 * of.iv;  // kN
+    const auto ratio = [&](double squash) {
+        const double lam = std::sqrt(squash / ncr);
+        const double phi = 0.5 * (1 + 0.34 * (lam - 0.2) + lam * lam);
+        return 20 * (phi + std::sqrt(phi * phi - lam * lam)) / 61.68697;
+    };
+    EXPECT_NEAR(Standard(s, CheckId::flexural_z), ratio(61.68697), 1e-5);
+    EXPECT_NEAR(Program(s, Dev::d206, CheckId::flexural_z), ratio(297.7 * 0.235), 1e-5);
+}
+
+// L 100x10, equal legs: free to move sideways the load deflects it as (1/Iu + 1/Iv)/2; as 1/Iy.
+TEST(DeviationsOfKinds, D260DeflectionOfAngles)
+{
+    ProjectState s = Named("L 100x10", 3, 235);
+    s.qload[1] = 0.5F;
+    s.deflimitz = 300;
+    ProjectState of = s;
+    CalcSection(Delivered(), of);
+    const auto ratio = [](double softness) {  // 1/mm4
+        return 5 * 0.5 * std::pow(3000, 4) / (384 * 210000.0) * softness / 10;
+    };
+    EXPECT_NEAR(Standard(s, CheckId::deflection_z), ratio((1 / of.iu + 1 / of.iv) / 2), 1e-6);
+    EXPECT_NEAR(Program(s, Dev::d260, CheckId::deflection_z), ratio(1 / of.iy), 1e-6);
 }
 
 // V at 0.75 of the resistance takes a quarter of the strength of the leg.

@@ -5,6 +5,9 @@
 #include "core/load_combination.h"
 #include "standard/standard_member.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace kestrum {
 namespace {
 
@@ -38,6 +41,16 @@ void ExpectLoads(const ProjectState& s, Dev deviation, double standard, double p
 {
     EXPECT_NEAR(Ratio(s, CheckId::section_my) / PerLoad(), standard, 1e-6 * standard);
     EXPECT_NEAR(Back(s, deviation, CheckId::section_my) / PerLoad(), program, 1e-6 * program);
+}
+
+// Danish class CC1: 0.9 in Eq 6.10 too; 1.0. G 10 with 1.35.
+TEST(DeviationsOfLoads, D25ClassFactorOfEq610)
+{
+    ProjectState s = Beam(kAnnexDk, kEq610);
+    s.safetyclass = 1;
+    ApplyAnnexLoads(s, s, s.annexindex);
+    Uniform(s, 1, 10, 0);
+    ExpectLoads(s, Dev::d25, 0.9 * 13.5, 13.5);
 }
 
 // G 10: 1.35 x 10; Denmark 1.1 x 10.
@@ -193,6 +206,56 @@ TEST(DeviationsOfLoads, D24GermanFactorOfInstability)
     s.gammam1 = 1;
     s.nload[1] = 500;
     EXPECT_NEAR(Ratio(s, CheckId::flexural_z), 1.1 * Back(s, Dev::d24, CheckId::flexural_z), 1e-9);
+}
+
+// Triangle of 12 kN/m at the right end of 6 m, q L^2/(9 sqrt(3)) at L/sqrt(3); twenty point loads
+// of its strips, largest moment under one of them.
+TEST(DeviationsOfLoads, D101TrapezoidalLoadAsPointLoads)
+{
+    ProjectState s = Unloaded(6, 235);
+    s.family = 21;
+    s.p21 = {400, 300, 15, 20};
+    s.qt1[1] = 0;
+    s.qt2[1] = 12;
+    s.qtx1[1] = 0;
+    s.qtx2[1] = 6;
+    double reaction = 0, largest = 0;
+    const auto x = [](int n) { return (n + 0.5) * 0.3; };
+    const auto p = [](int n) { return 12 * (n + 0.5) / 20 * 0.3; };
+    for (int n = 0; n < 20; ++n) {
+        reaction += p(n) * (6 - x(n)) / 6;
+    }
+    for (int at = 0; at < 20; ++at) {
+        double moment = reaction * x(at);
+        for (int n = 0; n < at; ++n) {
+            moment -= p(n) * (x(at) - x(n));
+        }
+        largest = std::max(largest, moment);
+    }
+    const double exact = 12 * 36 / (9 * std::sqrt(3.0));
+    const double ratio = Ratio(s, CheckId::section_my);
+    EXPECT_GT(std::abs(largest / exact - 1), 1e-4);
+    EXPECT_NEAR(Back(s, Dev::d101, CheckId::section_my), ratio * largest / exact, 1e-9);
+}
+
+// 10 kN at 0.3 L of 5 m: P a (L^2 - a^2)^1.5/(9 sqrt(3) L EI); the largest of the line at 51
+// points.
+TEST(DeviationsOfLoads, D261LargestDeflectionBetweenPoints)
+{
+    ProjectState s = Named("HEB 200", 5, 235);
+    s.pm[1] = 10;
+    s.pmx[1] = 1.5F;
+    s.deflimitz = 300;
+    const double ei = 210000 * 56.96e6, a = 1500, l = 5000;
+    const double exact = 1e4 * a * std::pow(l * l - a * a, 1.5) / (9 * std::sqrt(3.0) * l * ei);
+    double read = 0;
+    for (int j = 15; j <= 50; ++j) {
+        const double x = l * j / 50;
+        read = std::max(read, 1e4 * a * (l - x) * (2 * l * x - x * x - a * a) / (6 * l * ei));
+    }
+    EXPECT_GT(exact / read, 1 + 1e-5);
+    EXPECT_NEAR(Ratio(s, CheckId::deflection_z), exact / (l / 300), 1e-7);
+    EXPECT_NEAR(Back(s, Dev::d261, CheckId::deflection_z), read / (l / 300), 1e-7);
 }
 
 }  // namespace

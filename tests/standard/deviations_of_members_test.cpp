@@ -429,6 +429,40 @@ TEST(DeviationsOfMembers, D217DeflectionOfTheSameLoads)
     EXPECT_NEAR(Ratio(s, CheckId::eq661), Back(s, Dev::d217, CheckId::eq661), 1e-12);
 }
 
+// Annex A, elastic column of a closed section, two equal forces: by Table A.2 the deflection of the
+// loads counts. At the third points d = 23 P L^3/(648 EI), M = P L/3, so that Cm,0 = 1 + (23
+// pi^2/216 - 1) n; the program takes 1 + 0.03 n, the line being curved.
+TEST(DeviationsOfMembers, D242GeneralFormOfTableA2)
+{
+    ProjectState s = Named("RHS 100x6.3", 3, 235);
+    s.method = 1;
+    s.checkelastic = kTrue;
+    s.nload[1] = 100;
+    s.pm[1] = s.pm[2] = 5;
+    s.pmx[1] = 1;
+    s.pmx[2] = 2;
+    ProjectState of = s;
+    CalcSection(Delivered(), of);
+    const double ncr = 100e3 / Euler(of.iy, 3000);
+    const double n = Ratio(s, CheckId::flexural_y);
+    const double general = 23 * std::numbers::pi * std::numbers::pi / 216 - 1;
+    EXPECT_NEAR((Ratio(s, CheckId::eq661) - n) / (Back(s, Dev::d242, CheckId::eq661) - n),
+                (1 + general * ncr) / (1 + 0.03 * ncr), 1e-5);
+}
+
+// Tube 200x10 under 20 and 10 kNm, even from end to end, Annex B: My + 0.6 Mz over Mpl,Rd; no row.
+TEST(DeviationsOfMembers, D243TubesUnderBothMoments)
+{
+    ProjectState s = Unloaded(3, 235);
+    s.family = 31;
+    s.p31 = {200, 10};
+    s.method = 2;
+    EndForces(s, 0, 20, 10);
+    const double mpl = (std::pow(200, 3) - std::pow(180, 3)) / 6 * 235e-6;
+    EXPECT_NEAR(Ratio(s, CheckId::eq661), (20 + 0.6 * 10) / mpl, 1e-5);
+    EXPECT_LT(Back(s, Dev::d243, CheckId::eq661), 0);
+}
+
 // Unequal I 300x20, 150x16, web 364x12: torsion couples with buckling about z, in the program about
 // y; polar radius about the shear centre. Curve c.
 TEST(DeviationsOfMembers, D209TorsionCouplesWithBucklingAboutZ)

@@ -611,6 +611,56 @@ TEST(DeviationsOfSections, D32ShearAreaOfAWebWithOneFlange)
     EXPECT_NEAR(SectionIn(s, Basis::StandardBut(Dev::d32)).avz, 1.2 * q.hw * q.tw, 1e-6 * q.avz);
 }
 
+// I 440x200, flanges 20, web 400x5 (80 > 60: slender in shear, class 2 in bending), S235, 6 m:
+// Vbw,Rd = 0.83/lam 235/sqrt(3) 2000 with lam 80/86.4, Mf,Rd 200 20 420 235 = 394.8, Mpl,Rd 47
+// more. At 0.75 Vbw,Rd (2 eta3 - 1)^2 = 0.25: above Mf,Rd EN 1993-1-5, 7.1; the program takes a
+// quarter of the web away.
+TEST(DeviationsOfSections, D40SlenderWebsUnderMomentAndShear)
+{
+    ProjectState s = Unloaded(6, 235);
+    s.family = 21;
+    s.p21 = {440, 200, 5, 20};
+    EndForces(s, 0, 420, 0);
+    const double web = 0.83 / (80 / 86.4) * 235 / kRoot3 * 2;
+    s.vz1 = s.vz2 = static_cast<float>(0.75 * web);
+    const double mf = 394.8, mpl = 441.8;
+    EXPECT_NEAR(Ratio(s, CheckId::section_my), 420 / mpl, 1e-5);
+    EXPECT_NEAR(Ratio(s, CheckId::section_mv), 420 / mpl + (1 - mf / mpl) * 0.25, 1e-5);
+    EXPECT_LT(Back(s, Dev::d40, CheckId::section_mv), 0);
+    EXPECT_NEAR(Back(s, Dev::d40, CheckId::section_my), 420 / (mpl - 0.25 * 47), 1e-5);
+}
+
+// I 440x200, flanges 20, web 400x10, elastic, V 0.75 of 1.2 4000 235/sqrt(3): a quarter of the
+// web's hw^3 tw/(6 h) lost; of hw^2 tw/6.
+TEST(DeviationsOfSections, D41StripOfTheWebInClassThree)
+{
+    ProjectState s = Unloaded(6, 235);
+    s.family = 21;
+    s.p21 = {440, 200, 10, 20};
+    s.checkelastic = kTrue;
+    EndForces(s, 0, 100, 0);
+    s.vz1 = s.vz2 = static_cast<float>(0.75 * 4800 * 0.235 / kRoot3);
+    const double wel = (200 * std::pow(440, 3) - 190 * std::pow(400, 3)) / 12 / 220;
+    const double edge = 10 * std::pow(400, 3) / (6 * 440.0), web = 10 * 400 * 400 / 6.0;
+    EXPECT_NEAR(Ratio(s, CheckId::section_my), 100e6 / ((wel - 0.25 * edge) * 235), 1e-6);
+    EXPECT_NEAR(Back(s, Dev::d41, CheckId::section_my), 100e6 / ((wel - 0.25 * web) * 235), 1e-6);
+}
+
+// SHS 100x6.3, V 0.75 of A/2 235/sqrt(3): a quarter of two walls of 100 mm lost; of 87.4 mm.
+TEST(DeviationsOfSections, D41WallsOfClosedSections)
+{
+    ProjectState s = Named("RHS 100x6.3", 3, 235);
+    EndForces(s, 0, 5, 0);
+    ProjectState of = s;
+    CalcSection(Delivered(), of);
+    s.vz1 = s.vz2 = static_cast<float>(0.75 * of.a / 2 * 0.235 / kRoot3);
+    const auto ratio = [&](double wall) {
+        return 5e6 / ((of.wply - 0.25 * 2 * 6.3 * wall * wall / 4) * 235);
+    };
+    EXPECT_NEAR(Ratio(s, CheckId::section_my), ratio(100), 1e-6);
+    EXPECT_NEAR(Back(s, Dev::d41, CheckId::section_my), ratio(87.4), 1e-6);
+}
+
 // Hat beam under tension: N/(A fy), the plates 200x20, 350x15 and two webs 400x6 have 14050 mm2;
 // the program leaves it out.
 TEST(DeviationsOfSections, D189HatBeamsTakeTheAxialForce)

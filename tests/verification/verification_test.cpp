@@ -137,6 +137,7 @@ ProjectState Solve(const Problem& problem)
 {
     ProjectState s = MemberOf(kUnloaded + problem.fields);
     Calculate(DeliveredTables(), s);
+    MeasureNotes(DeliveredTables(), s);
     if (VortexFamily(s.family)) {
         CalcVortexFrequency(s, s, s);
         CalcVortex(s, s, s);
