@@ -91,7 +91,7 @@ _kestrum()
         vortex) options+=' --format --json' ;;
         diagram) options+=' --axis --output' ;;
         table) options+=' --output --delimiter --decimal' ;;
-        report) options+=' --output --company --logo --projectnumber --author --checker --revision --date --decimal --office --reproducible' ;;
+        report) options+=' --output --company --logo --projectnumber --author --checker --revision --date --decimal --office --vortex --reproducible' ;;
         esac
         _kestrum_words "$options"
         return

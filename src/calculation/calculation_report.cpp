@@ -16,14 +16,15 @@ namespace {
 
 constexpr int kRatioDigits = 4;
 
-CalculatedMember CalculateMember(const Library& library, const ProjectState& project)
+CalculatedMember CalculateMember(const Library& library, const ProjectState& project, bool vortex)
 {
     CalculatedMember m{.library = library,
                        .input = project,
                        .s = project,
                        .outcome = {},
                        .standard = {},
-                       .stages = {}};
+                       .stages = {},
+                       .vortex = vortex};
     const bool well = Calculate(library, m.s);
     m.standard = standard::CalculateStandard(library, project);
     standard::CalculateCosts(library, project, well ? &m.s : nullptr, m.standard);
@@ -56,6 +57,7 @@ void AddMember(const CalculatedMember& m, Document& d)
     AddInteraction(m, d);
     AddMemberChecks(m, d);
     AddServiceability(m, d);
+    AddVortexShedding(m, d);
     AddReactions(m, d);
     AddNotes(m, d);
 }
@@ -126,7 +128,7 @@ Document CalculationReport(const Library& library, std::span<const ReportedMembe
     d.head = std::move(head);
     std::vector<CalculatedMember> calculated;
     for (const ReportedMember& member : members) {
-        calculated.push_back(CalculateMember(library, member.project));
+        calculated.push_back(CalculateMember(library, member.project, member.vortex));
     }
     const bool book = members.size() > 1;
     d.head.project = members.front().project.projname;

@@ -17,6 +17,7 @@ struct ReportedMember {
     std::string file{};    // its name without folders; empty: none
     std::string digest{};  // SHA-256 of the file
     ProjectState project;  // as read
+    bool vortex = false;   // with the control of vortex shedding
 };
 
 // `head` without what comes from the members.

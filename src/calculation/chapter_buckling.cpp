@@ -6,6 +6,8 @@
 #include "sections/families.h"
 #include "stability/buckling_rows.h"
 
+#include <cmath>
+
 namespace kestrum {
 
 namespace {
@@ -58,10 +60,29 @@ void AddTorsion(const ProjectState& s, Document& d)
         return;
     }
     d.Part("Torsional buckling");
-    d.Add("N_cr,T", s.ncrt, "kN", "6.3.1.4; EN 1993-1-3, 6.2.3 (5)",
+    const Quantities q(s);
+    // Distance of centroid and shear centre.
+    const double t = s.tw / 2.0;
+    const double y0 = Is(s, Kind::channel)    ? static_cast<double>(s.ecg) + s.ys
+                      : Is(s, Kind::angle)    ? std::hypot(s.ey - t, s.ez - t)
+                      : Is(s, Kind::i_single) ? static_cast<double>(s.zshear)
+                      : Is(s, Kind::tee)      ? s.zcog - s.tf / 2.0
+                                              : 0.0;
+    const Expr ip2 = Step(d, "i_p^2", (Sym("I_y", s.iy) + Sym("I_z", s.iz)) / q.a, "mm2", "");
+    const Expr i02 = y0 == 0 ? ip2 : Step(d, "i_0^2", ip2 + Square(Sym("y_0", y0)), "mm2", "");
+    const Expr twist = q.e / Num(2.6) * Sym("I_T", s.it);
+    const Expr warping = Square(Pi()) * q.e * Sym("I_w", s.iw) / Square(Sym("L_T", s.lt) * Ten(3));
+    const Expr torsion = s.iw > 0 ? twist + warping : twist;
+    d.Add("N_cr,T", torsion / i02 * Ten(-3), s.ncrt, "kN", "6.3.1.4; EN 1993-1-3, 6.2.3 (5)",
           "D207: no resistance is formed from it");
     if (s.ncrtf != 0 && s.ncrtf < 9e24) {
-        d.Add("N_cr,TF", s.ncrtf, "kN", "6.3.1.4; EN 1993-1-3, 6.2.3 (7)");
+        const bool tee = Is(s, Kind::tee);
+        const Expr flexural = Sym(tee ? "N_cr,z" : "N_cr,y", tee ? s.ncrz : s.ncry);
+        const Expr sum = flexural + Sym("N_cr,T", s.ncrt);
+        d.Add("N_cr,TF",
+              i02 / (2 * ip2) *
+                  (sum - Root(Square(sum) - 4 * (ip2 / i02) * flexural * Sym("N_cr,T", s.ncrt))),
+              s.ncrtf, "kN", "6.3.1.4; EN 1993-1-3, 6.2.3 (7)", tee ? "" : "D209");
     }
 }
 

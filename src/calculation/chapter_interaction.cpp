@@ -44,6 +44,9 @@ void AddCm0(const Factors& f, bool y)
     const double cm0 = y ? s.cmy0 : s.cmz0;
     const Expr n = f.Share(axis, y ? s.ncry : s.ncrz);
     const Expr psi = Sym("ψ_" + axis, shape.psi);
+    f.d.Add("ψ_" + axis, shape.psi, "", std::string(kA2),
+            Line("end moments ") + NumberLine(shape.first) + Line(" and ") +
+                NumberLine(shape.last) + Line(" kNm"));
     const Expr straight = 0.79 + 0.21 * psi + 0.36 * (psi - Num(0.33)) * n;
     const bool loads = s.loadmode == 1;
     Expr formula = straight;
@@ -167,6 +170,81 @@ void AddAnnexA(const Factors& f)
 
 // --- Annex B -------------------------------------------------------------------------------------
 
+// The moment line of one axis as Table B.3 asks about it.
+struct LineOfB {
+    double first, mid, last, psi, end, peak;
+    bool curved, linear;
+
+    bool SpanGoverns() const
+    {
+        return std::abs(mid) > std::abs(first) && std::abs(mid) > std::abs(last);
+    }
+};
+
+LineOfB LineOf(const ProjectState& s, bool y)
+{
+    return y ? LineOfB{s.my0,
+                       s.mymid,
+                       s.myl,
+                       s.psiy,
+                       s.myendratio,
+                       s.mypeakratio,
+                       s.mycurved == kTrue,
+                       s.mylinear == kTrue}
+             : LineOfB{s.mz0,
+                       s.mzmid,
+                       s.mzl,
+                       s.psiz,
+                       s.mzendratio,
+                       s.mzpeakratio,
+                       s.mzcurved == kTrue,
+                       s.mzlinear == kTrue};
+}
+
+// Table B.3; the line with its psi and alpha before it.
+void AddCmB(const Factors& f, bool y)
+{
+    const ProjectState& s = f.s;
+    const std::string axis = y ? "y" : "z";
+    const double cm = y ? s.cmy : s.cmz;
+    if (s.loadmode != 1) {
+        f.d.Add("C_m" + axis, cm, "", std::string(kB3), "given end forces; D222");
+        return;
+    }
+    const LineOfB line = LineOf(s, y), other = LineOf(s, !y);
+    const bool loaded = (y ? s.hasyloads : s.haszloads) != kFalse;
+    const bool span = loaded ? line.SpanGoverns() : other.SpanGoverns();
+    const auto value = [&](const std::string& name, double x, const Line& remark) {
+        f.d.Add(name + "_" + axis, x, "", std::string(kB3), remark);
+        return Sym(name + "_" + axis, x);
+    };
+    const Expr psi =
+        value("ψ", line.psi,
+              Line("moments ") + NumberLine(line.first) + Line(", ") + NumberLine(line.mid) +
+                  Line(" in the middle, ") + NumberLine(line.last) + Line(" kNm"));
+    Expr formula;
+    if (line.linear) {
+        formula = Largest({Num(0.4), 0.6 + 0.4 * psi});
+    } else if (span) {
+        const Expr end = value("α_h", line.end, "end moment over that in the middle");
+        const Expr part = line.curved ? 0.05 * end : 0.1 * end;
+        const Expr turned = line.end < 0 && line.psi < 0 ? part * (1 + 2 * psi) : part;
+        formula = (line.curved ? 0.95 : 0.9) + turned;
+    } else {
+        const Expr peak = value("α_s", line.peak, "moment in the middle over an end moment; D221");
+        if (line.peak >= 0) {
+            formula = Largest({Num(0.4), 0.2 + 0.8 * peak});
+        } else if (line.psi >= 0) {
+            formula = Largest({Num(0.4), (line.curved ? 0.1 : 0.0) - 0.8 * peak});
+        } else if (line.curved) {
+            formula = Largest({Num(0.4), 0.1 * (1 - psi) - 0.8 * peak});
+        } else {
+            formula = Largest({Num(0.4), -0.2 * psi - 0.8 * peak});
+        }
+    }
+    f.Add("C_m" + axis, formula, cm, kB3);
+}
+
 Expr Capped(const Expr& cm, const Expr& slope, double most, const Expr& n)
 {
     return Least({cm * (1 + slope * n), cm * (1 + Num(most) * n)});
@@ -175,9 +253,10 @@ Expr Capped(const Expr& cm, const Expr& slope, double most, const Expr& n)
 void AddAnnexB(const Factors& f)
 {
     const ProjectState& s = f.s;
-    f.d.Add("C_my", s.cmy, "", std::string(kB3));
-    f.d.Add("C_mz", s.cmz, "", std::string(kB3));
-    f.d.Add("C_mLT", s.cmlt, "", std::string(kB3));
+    AddCmB(f, true);
+    AddCmB(f, false);
+    const bool turns = s.cmlt != 1 || s.openprofile == kTrue;
+    f.Add("C_mLT", turns ? Sym("C_my", s.cmy) : nullptr, s.cmlt, kB3);
     const Expr ny = Sym("N_Ed", s.ned) / Sym("N_b,y,Rd", s.nbyrd);
     const Expr nz = Sym("N_Ed", s.ned) / Sym("N_b,z,Rd", s.nbzrd);
     const Expr lamy = Sym("~λ_y", s.lamy), lamz = Sym("~λ_z", s.lamz);

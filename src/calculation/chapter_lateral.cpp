@@ -3,12 +3,15 @@
 #include "calculation/quantities.h"
 #include "calculation/shape_figure.h"
 
+#include "core/arithmetic_trap.h"
 #include "core/member_choices.h"
 #include "sections/families.h"
 #include "stability/constants.h"
 #include "stability/lateral_torsional.h"
+#include "stability/lt_factors.h"
 #include "standard/lateral_study.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestrum {
@@ -38,6 +41,91 @@ Lever LeverOf(const ProjectState& s, bool top)
     return {load - asymmetry, value};
 }
 
+// C1 of a piece between lateral restraints, between two ratios of the table.
+void AddC1OfSegment(const ProjectState& s, Document& d)
+{
+    const auto moment = [&](int number) {
+        const auto at = static_cast<std::size_t>(ToI16(50.0 * number / (s.restraints + 1)));
+        return static_cast<double>(s.mydiag[std::min<std::size_t>(at, s.mydiag.size() - 1)]);
+    };
+    const double first = moment(s.beampart - 1), second = moment(s.beampart);
+    const bool from_first = std::abs(first) >= std::abs(second);
+    const double large = from_first ? first : second, small = from_first ? second : first;
+    const double psi = large == 0 ? 0 : small / large;
+    constexpr double kStep = 0.25;
+    const double upper = 1 - kStep * std::floor((1 - psi) / kStep);
+    const double lower = std::max(upper - kStep, -1.0);
+    d.Add("ψ", Sym("M_2", small) / Sym("M_1", large), psi, "", "",
+          "smaller over larger moment at the ends of the segment");
+    const Expr a = Sym("C_a", SegmentC1(upper, s.ltbk)), b = Sym("C_b", SegmentC1(lower, s.ltbk));
+    d.Add("C_1", a + (b - a) * (Num(upper) - Sym("ψ", psi)) / Num(kStep), s.ltc1, "",
+          "Table of straight moment lines",
+          Line("from ψ = ") + NumberLine(upper) + Line(" and ") + NumberLine(lower));
+}
+
+// C factors of a loaded member without restraints: its table has k = 1 and k = 0.5 (of a cantilever
+// 2 and 1).
+void AddCFactors(const ProjectState& s, Document& d)
+{
+    const double full = s.supportcase == SupportCase::cantilever ? 2 : 1;
+    ProjectState at = s;
+    at.ltbk = static_cast<float>(full);
+    const CFactors one = LtCFactors(at, s);
+    at.ltbk = static_cast<float>(full / 2);
+    const CFactors half = LtCFactors(at, s);
+    const auto add = [&](const char* symbol, double a, double b, double value) {
+        if (value == 0) {
+            return;
+        }
+        const std::string name(symbol);
+        const Expr whole = Sym(name + ",a", a);
+        Expr formula = whole;
+        if (std::abs(s.ltbk - full) > 1e-6) {
+            formula = whole - (Num(full) - Sym("k", s.ltbk)) / Num(full / 2) *
+                                  (whole - Sym(name + ",b", b));
+        }
+        d.Add(symbol, formula, value, "", "Table of supports and loads",
+              Line("k = ") + NumberLine(full) + Line(" (a) and ") + NumberLine(full / 2) +
+                  Line(s.mycurved == kTrue ? " (b), curved moment line"
+                                           : " (b), moment line of straight parts"));
+    };
+    if (s.c1alt != kFalse) {
+        d.Add("C_1", s.ltc1, "", "", "closed form for any moment line");
+    } else {
+        add("C_1", one.c1, half.c1, s.ltc1);
+    }
+    add("C_2", one.c2, half.c2, s.ltc2);
+    if (Single(s)) {
+        add("C_3", one.c3, half.c3, s.ltc3);
+    }
+}
+
+// Tripping of the stiffener about its root.
+void AddPlateMoment(const ProjectState& s, const Quantities& q, Document& d)
+{
+    const double mcr = s.mcr / 1e6;
+    const Expr g = Step(d, "G", q.e / Num(kShearRatio), "MPa", "3.2.6 (1)");
+    const Expr length = Sym("L_LT", s.lt), w = Sym("W_y", s.wybot);
+    const char* const what = "tripping of the stiffener about its root; D196";
+    if (Traits(s).shape.stiffener == Stiffener::flat_bar) {
+        d.Add("M_cr",
+              w * Square(q.tw / q.h) * (2 * Square(q.hw / length * Ten(-3)) + Num(1)) * g * Ten(-6),
+              mcr, "kNm", "", what);
+        return;
+    }
+    const Expr flange = Step(d, "A_f", Sym("t_bot", s.tbot) * Sym("b_bot", s.bbot), "mm2", "");
+    const Expr web = Step(d, "A_w", q.hw * q.tw, "mm2", "");
+    const Expr torsion = Step(d, "σ_T",
+                              (Square(Sym("t_bot", s.tbot) / q.tw) * flange + web) * g *
+                                  Square(q.tw / (q.h - Sym("t_top", s.ttop))) / (3 * flange + web),
+                              "MPa", "", "twist");
+    const Expr bending = Step(d, "σ_B",
+                              Square(Pi()) * q.e * Sym("I_z", s.iz) / (web / Num(3) + flange) /
+                                  Square(length) * Ten(-6),
+                              "MPa", "", "bending sideways");
+    d.Add("M_cr", w * (torsion + bending) * Ten(-6), mcr, "kNm", "", what);
+}
+
 void AddCriticalMoment(const ProjectState& s, const Quantities& q, bool top, Document& d)
 {
     const double parts = s.restraints + 1;
@@ -45,21 +133,29 @@ void AddCriticalMoment(const ProjectState& s, const Quantities& q, bool top, Doc
           parts > 1 ? "n segments between lateral restraints" : "");
     const double mcr = s.mcr / 1e6;  // Nmm to kNm
     if (Is(s, Kind::plate)) {
-        d.Add("M_cr", mcr, "kNm", "", "tripping of the stiffener about its root");
+        AddPlateMoment(s, q, d);
         return;
     }
-    d.Add("C_1", s.ltc1, "", "",
-          s.cmanual != kFalse ? "as entered"
-          : parts > 1         ? "by the moments at the ends of the segment"
-                              : "by supports and shape of the moment line");
+    const bool segments = s.loadmode != 1 || s.restraints > 0;
+    if (segments) {
+        AddC1OfSegment(s, d);
+    } else if (s.cmanual != kFalse) {
+        d.Add("C_1", s.ltc1, "", "", "as entered");
+    } else {
+        AddCFactors(s, d);
+    }
     const Lever lever = LeverOf(s, top);
     const bool eccentric = lever.value != 0;
     if (s.ltc2 != 0) {
-        d.Add("C_2", s.ltc2, "", "");
+        if (s.cmanual != kFalse) {
+            d.Add("C_2", s.ltc2, "", "", "as entered");
+        }
         d.Add("z_g", s.zg, "mm", "", "loads above the shear centre");
     }
     if (Single(s)) {
-        d.Add("C_3", s.ltc3, "", "");
+        if (segments || s.cmanual != kFalse) {
+            d.Add("C_3", s.ltc3, "", "");
+        }
         d.Add("z_j", top ? s.zjtop : s.zjbot, "mm", "", "asymmetry of the section");
     }
     if (eccentric) {

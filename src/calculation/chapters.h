@@ -21,6 +21,7 @@ struct CalculatedMember {
     Outcome outcome;
     standard::StandardResult standard;
     StagesRun stages;
+    bool vortex;  // the control of vortex shedding is asked for
 
     bool Within() const { return outcome.verdict == Verdict::within; }
 };
@@ -39,6 +40,7 @@ void AddFlexuralBuckling(const CalculatedMember& m, Document& d);
 void AddInteraction(const CalculatedMember& m, Document& d);
 void AddMemberChecks(const CalculatedMember& m, Document& d);
 void AddServiceability(const CalculatedMember& m, Document& d);
+void AddVortexShedding(const CalculatedMember& m, Document& d);
 void AddReactions(const CalculatedMember& m, Document& d);
 void AddNotes(const CalculatedMember& m, Document& d);
 // All clauses that the equations so far cite.

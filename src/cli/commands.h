@@ -66,6 +66,7 @@ struct ReportArguments {
     std::map<std::string, std::string> head;
     std::string office;  // that file; empty: the one of the user
     bool reproducible = false;
+    bool vortex = false;  // with the control of vortex shedding
 };
 int Report(const Options& options, const ReportArguments& arguments);
 int ReportFull(const Options& options, const ReportArguments& arguments);  // kind full

@@ -227,6 +227,7 @@ int Run(int argc, char** argv)
     }
     printed.add_option("--office", report.office,
                        "full: file with lines name = text for these options");
+    printed.add_flag("--vortex", report.vortex, "full: with the control of vortex shedding");
     printed.add_flag("--reproducible", report.reproducible,
                      "full: no date but a given one, the same bytes each time");
     printed.callback([&] {

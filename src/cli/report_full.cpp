@@ -133,6 +133,7 @@ int ReportFull(const Options& options, const ReportArguments& arguments)
     std::vector<ReportedMember> members;
     for (const std::string& file : arguments.files) {
         members.push_back(MemberOf(library, file));
+        members.back().vortex = arguments.vortex;
     }
     const Document document = CalculationReport(library, members, head);
     const std::string ending = EndingOf(arguments.out);

@@ -174,6 +174,11 @@ Expr Sine(Expr degrees)
     return Make(Op::sine, {std::move(degrees)});
 }
 
+Expr Logarithm(Expr of)
+{
+    return Make(Op::logarithm, {std::move(of)});
+}
+
 Expr Binary(Op op, Expr a, Expr b)
 {
     return Make(op, {std::move(a), std::move(b)});
@@ -241,6 +246,8 @@ double Evaluate(const Expr& expr, int digits)
         return std::cos(part(0) * kDegree);
     case Op::sine:
         return std::sin(part(0) * kDegree);
+    case Op::logarithm:
+        return std::log(part(0));
     }
     return 0;
 }

@@ -37,7 +37,8 @@ enum class Op : std::uint8_t {
     least,
     largest,
     cosine,  // of degrees
-    sine
+    sine,
+    logarithm  // natural
 };
 
 struct Term;
@@ -63,6 +64,7 @@ Expr Least(std::vector<Expr> of);
 Expr Largest(std::vector<Expr> of);
 Expr Cosine(Expr degrees);
 Expr Sine(Expr degrees);
+Expr Logarithm(Expr of);
 Expr Binary(Op op, Expr a, Expr b);
 
 inline Expr operator+(Expr a, Expr b)

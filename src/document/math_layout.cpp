@@ -223,6 +223,8 @@ MathBox Setter::Set(const Expr& expr, double size) const
         return Function("cos", term, size);
     case Op::sine:
         return Function("sin", term, size);
+    case Op::logarithm:
+        return Function("ln", term, size);
     }
     return {};
 }

@@ -110,6 +110,8 @@ std::string InMathMl::operator()(const Expr& expr) const
         return Function("cos", term);
     case Op::sine:
         return Function("sin", term);
+    case Op::logarithm:
+        return Function("ln", term);
     }
     return {};
 }

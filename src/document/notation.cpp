@@ -104,6 +104,8 @@ std::string InLine::operator()(const Expr& expr) const
         return "cos(" + List(term) + "°)";
     case Op::sine:
         return "sin(" + List(term) + "°)";
+    case Op::logarithm:
+        return "ln(" + List(term) + ")";
     }
     return {};
 }

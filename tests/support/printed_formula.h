@@ -114,6 +114,11 @@ private:
         if (Take("max(")) {
             return List(std::max<double>);
         }
+        if (Take("ln(")) {
+            const double value = Sum();
+            Need(")");
+            return std::log(value);
+        }
         if (Take("cos(")) {
             return std::cos(Angle());
         }
