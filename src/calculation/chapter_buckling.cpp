@@ -68,10 +68,12 @@ void AddTorsion(const ProjectState& s, Document& d)
                       : Is(s, Kind::i_single) ? static_cast<double>(s.zshear)
                       : Is(s, Kind::tee)      ? s.zcog - s.tf / 2.0
                                               : 0.0;
-    const Expr ip2 = Step(d, "i_p^2", (Sym("I_y", s.iy) + Sym("I_z", s.iz)) / q.a, "mm2", "");
-    const Expr i02 = y0 == 0 ? ip2 : Step(d, "i_0^2", ip2 + Square(Sym("y_0", y0)), "mm2", "");
+    const Expr ip2 =
+        Square(Step(d, "i_p", Root((Sym("I_y", s.iy) + Sym("I_z", s.iz)) / q.a), "mm", ""));
+    const Expr i02 =
+        y0 == 0 ? ip2 : Square(Step(d, "i_0", Root(ip2 + Square(Sym("y_0", y0))), "mm", ""));
     const Expr twist = q.e / Num(2.6) * Sym("I_T", s.it);
-    const Expr warping = Square(Pi()) * q.e * Sym("I_w", s.iw) / Square(Sym("L_T", s.lt) * Ten(3));
+    const Expr warping = Square(Pi()) * q.e * Sym("I_w", s.iw) / Square(Sym("L_T", s.lt)) * Ten(-6);
     const Expr torsion = s.iw > 0 ? twist + warping : twist;
     d.Add("N_cr,T", torsion / i02 * Ten(-3), s.ncrt, "kN", "6.3.1.4; EN 1993-1-3, 6.2.3 (5)",
           "D207: no resistance is formed from it");

@@ -11,6 +11,25 @@ namespace kestrum {
 
 namespace {
 
+// All but the equations that stand in the document already.
+void AddNew(Document&& leading, Document& d)
+{
+    for (Block& block : leading.blocks) {
+        const auto* const equation = std::get_if<Equation>(&block);
+        const auto stands = [&](const Block& other) {
+            const auto* const old = std::get_if<Equation>(&other);
+            return old != nullptr && old->value == equation->value &&
+                   PlainText(Line(old->symbol)) == PlainText(Line(equation->symbol)) &&
+                   (old->formula == nullptr) == (equation->formula == nullptr);
+        };
+        const bool ratio = equation != nullptr && equation->symbol.letter == "IR";
+        if (equation == nullptr || ratio ||
+            std::none_of(d.blocks.begin(), d.blocks.end(), stands)) {
+            d.blocks.push_back(std::move(block));
+        }
+    }
+}
+
 // The other set of rules beside that of the program, where they differ.
 void AddStandard(const CalculatedMember& m, const CheckPair& pair, const Check* check, Document& d)
 {
@@ -20,25 +39,9 @@ void AddStandard(const CalculatedMember& m, const CheckPair& pair, const Check* 
     }
     const standard::Check& other = m.standard.checks[*pair.standard];
     if (check == nullptr || std::abs(other.ir - check->ratio) > kEqual * other.ir) {
-        AddStandardCheck(m.library, m.input, m.standard, *pair.standard, d);
-    }
-}
-
-// The equations that do not stand in the document yet.
-void AddNew(Document&& leading, Document& d)
-{
-    for (Block& block : leading.blocks) {
-        const auto stands = [&](const Block& other) {
-            const auto* const old = std::get_if<Equation>(&other);
-            const auto& equation = std::get<Equation>(block);
-            return old != nullptr && old->value == equation.value &&
-                   PlainText(Line(old->symbol)) == PlainText(Line(equation.symbol)) &&
-                   (old->formula == nullptr) == (equation.formula == nullptr);
-        };
-        if (std::holds_alternative<Equation>(block) &&
-            std::none_of(d.blocks.begin(), d.blocks.end(), stands)) {
-            d.blocks.push_back(std::move(block));
-        }
+        Document standard;
+        AddStandardCheck(m.library, m.input, m.standard, *pair.standard, standard);
+        AddNew(std::move(standard), d);
     }
 }
 
@@ -63,6 +66,15 @@ void AddPair(const CalculatedMember& m, const CheckPair& pair, Document& d)
     AddStandard(m, pair, check, d);
 }
 
+// Takes the heading back where nothing stands below it.
+void EndChapter(Document& d)
+{
+    const auto* const heading = std::get_if<Heading>(&d.blocks.back());
+    if (heading != nullptr && heading->level == 2) {
+        d.blocks.pop_back();
+    }
+}
+
 }  // namespace
 
 void AddSectionChecks(const CalculatedMember& m, Document& d)
@@ -73,6 +85,7 @@ void AddSectionChecks(const CalculatedMember& m, Document& d)
             AddPair(m, pair, d);
         }
     }
+    EndChapter(d);
 }
 
 void AddMemberChecks(const CalculatedMember& m, Document& d)
@@ -86,6 +99,7 @@ void AddMemberChecks(const CalculatedMember& m, Document& d)
             AddPair(m, pair, d);
         }
     }
+    EndChapter(d);
 }
 
 }  // namespace kestrum

@@ -131,6 +131,13 @@ std::vector<Plate> PlatesOf(const ProjectState& s)
         const double eps2 = static_cast<double>(s.eps) * s.eps;
         return {{"all", "wall, d/t", s.d, s.tw, 50 * eps2, 70 * eps2, 90 * eps2}};
     }
+    case Kind::tee: {  // D192
+        const auto part = [&](std::string_view action, std::string_view name, double c, double t) {
+            return Plate{action, name, c, t, 10 * s.eps, 11 * s.eps, 15 * s.eps};
+        };
+        return {part(kN, "flange", s.cflange, s.tf), part(kN, "web", s.hw, s.tw),
+                part(kMyTop, "flange", s.cflange, s.tf), part(kMyBottom, "web", s.hw, s.tw)};
+    }
     case Kind::angle:
         return {{kN, "(h + b)/2t", (s.h + s.b) / 2.0, s.tw, 0, 0, 11.5 * s.eps}};
     default:

@@ -124,7 +124,7 @@ Expr Effective::Reduction(const Plate& plate, const std::string& index, const Ex
 {
     const Expr c = Sym("c_" + index, plate.c), t = Sym("t_" + index, plate.t);
     const Expr lam =
-        Step(d_, "~λ_p," + index, c / t / (28.4 * q_.eps * Root(k)), "", std::string(kRho));
+        Step(d_, "~λ_p," + index, c / (28.4 * t * q_.eps * Root(k)), "", std::string(kRho));
     const double slenderness = Evaluate(lam), ratio = Evaluate(psi);
     const bool whole = plate.kept || (plate.outstand ? RhoOutstand(slenderness)
                                                      : RhoInternal(slenderness, ratio)) >= 1;

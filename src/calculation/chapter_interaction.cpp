@@ -215,23 +215,23 @@ void AddCmB(const Factors& f, bool y)
     const bool loaded = (y ? s.hasyloads : s.haszloads) != kFalse;
     const bool span = loaded ? line.SpanGoverns() : other.SpanGoverns();
     const auto value = [&](const std::string& name, double x, const Line& remark) {
-        f.d.Add(name + "_" + axis, x, "", std::string(kB3), remark);
-        return Sym(name + "_" + axis, x);
+        f.d.Add(name + axis, x, "", std::string(kB3), remark);
+        return Sym(name + axis, x);
     };
     const Expr psi =
-        value("ψ", line.psi,
+        value("ψ_", line.psi,
               Line("moments ") + NumberLine(line.first) + Line(", ") + NumberLine(line.mid) +
                   Line(" in the middle, ") + NumberLine(line.last) + Line(" kNm"));
     Expr formula;
     if (line.linear) {
         formula = Largest({Num(0.4), 0.6 + 0.4 * psi});
     } else if (span) {
-        const Expr end = value("α_h", line.end, "end moment over that in the middle");
+        const Expr end = value("α_h,", line.end, "end moment over that in the middle");
         const Expr part = line.curved ? 0.05 * end : 0.1 * end;
         const Expr turned = line.end < 0 && line.psi < 0 ? part * (1 + 2 * psi) : part;
         formula = (line.curved ? 0.95 : 0.9) + turned;
     } else {
-        const Expr peak = value("α_s", line.peak, "moment in the middle over an end moment; D221");
+        const Expr peak = value("α_s,", line.peak, "moment in the middle over an end moment; D221");
         if (line.peak >= 0) {
             formula = Largest({Num(0.4), 0.2 + 0.8 * peak});
         } else if (line.psi >= 0) {

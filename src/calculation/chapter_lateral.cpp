@@ -58,9 +58,9 @@ void AddC1OfSegment(const ProjectState& s, Document& d)
     d.Add("ψ", Sym("M_2", small) / Sym("M_1", large), psi, "", "",
           "smaller over larger moment at the ends of the segment");
     const Expr a = Sym("C_a", SegmentC1(upper, s.ltbk)), b = Sym("C_b", SegmentC1(lower, s.ltbk));
-    d.Add("C_1", a + (b - a) * (Num(upper) - Sym("ψ", psi)) / Num(kStep), s.ltc1, "",
-          "Table of straight moment lines",
-          Line("from ψ = ") + NumberLine(upper) + Line(" and ") + NumberLine(lower));
+    d.Add("C_1", a + (b - a) * (Num(upper) - Sym("ψ", psi)) / Num(kStep), s.ltc1, "", "",
+          Line("table of straight moment lines, ψ = ") + NumberLine(upper) + Line(" and ") +
+              NumberLine(lower));
 }
 
 // C factors of a loaded member without restraints: its table has k = 1 and k = 0.5 (of a cantilever
@@ -84,8 +84,9 @@ void AddCFactors(const ProjectState& s, Document& d)
             formula = whole - (Num(full) - Sym("k", s.ltbk)) / Num(full / 2) *
                                   (whole - Sym(name + ",b", b));
         }
-        d.Add(symbol, formula, value, "", "Table of supports and loads",
-              Line("k = ") + NumberLine(full) + Line(" (a) and ") + NumberLine(full / 2) +
+        d.Add(symbol, formula, value, "", "",
+              Line("table of supports and loads, k = ") + NumberLine(full) + Line(" (a) and ") +
+                  NumberLine(full / 2) +
                   Line(s.mycurved == kTrue ? " (b), curved moment line"
                                            : " (b), moment line of straight parts"));
     };

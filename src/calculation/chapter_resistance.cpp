@@ -19,10 +19,10 @@ constexpr int kToKn = -3, kToKnm = -6;
 // The modulus in use with the name of the one that it is.
 Expr Modulus(std::string_view axis, double used, double plastic, double elastic, double effective)
 {
-    const std::string name = used == plastic     ? "pl"
-                             : used == elastic   ? "el"
-                             : used == effective ? "eff"
-                                                 : "";
+    const std::string name = used == plastic && used != elastic ? "pl"
+                             : used == elastic                  ? "el"
+                             : used == effective                ? "eff"
+                                                                : "";
     return Sym("W_" + name + (name.empty() ? "" : ",") + std::string(axis), used);
 }
 
@@ -229,8 +229,9 @@ void AddShearResistanceY(const ProjectState& s, Document& d)
     if (parabola) {
         const bool elastic = Is(s, Kind::angle) || Is(s, Kind::flat);
         d.Add("V_y,Rd", plastic / Num(1.5), s.vcyrd, "kN", elastic ? "6.2.6 (4)" : "6.2.6",
-              elastic ? "parabola of the shear stress"
-                      : "of the ratio; the test of half the resistance takes V_pl,y,Rd; D152");
+              elastic ? Line("parabola of the shear stress")
+                      : Line("of the ratio; the test of half the resistance takes ") +
+                            Line(Symbol("V_pl,y,Rd")) + Line("; D152"));
     } else if (s.vcyrd != 0 && std::abs(s.vcyrd - value) > 1e-6 * value) {
         d.Add("V_y,Rd", s.vcyrd, "kN", "EN 1993-1-5, 5.2", "the flanges buckle in shear");
     }

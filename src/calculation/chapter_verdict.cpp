@@ -4,6 +4,7 @@
 
 #include "core/check_text.h"
 
+#include <cctype>
 #include <cmath>
 
 namespace kestrum {
@@ -12,9 +13,42 @@ namespace {
 
 constexpr int kRatioDigits = 4;
 
+std::string Lowered(std::string_view name)
+{
+    std::string text(name);
+    text.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(text.front())));
+    return text;
+}
+
 std::string RatioText(double ratio)
 {
+    constexpr double kSmall = 1e-3, kSteps = 1e4;
+    if (ratio > 0 && ratio < kSmall) {
+        return "0.000" + NumberText(std::round(ratio * kSteps), 1);
+    }
     return std::isfinite(ratio) ? ResultText(ratio, kRatioDigits) : "infinite";
+}
+
+// "lateral torsional buckling": the check of the program with the largest ratio.
+std::string GoverningName(const CalculatedMember& m)
+{
+    for (const CheckPair& pair : CheckPairs()) {
+        const Check* const check = LargestOf(pair, m.s.checklist);
+        if (check != nullptr && check->ratio == m.outcome.ir) {
+            return Lowered(pair.name);
+        }
+    }
+    return m.outcome.control;
+}
+
+std::string NameOfStandard(standard::CheckId id)
+{
+    for (const CheckPair& pair : CheckPairs()) {
+        if (pair.standard == id) {
+            return Lowered(pair.name);
+        }
+    }
+    return std::string(NameOf(id));
 }
 
 void AddBox(const CalculatedMember& m, Document& d)
@@ -25,7 +59,7 @@ void AddBox(const CalculatedMember& m, Document& d)
         text += ", IR = " + RatioText(outcome.ir);
     }
     if (outcome.designed() && !outcome.control.empty()) {
-        text += " (" + outcome.control + ", " + outcome.clause + ")";
+        text += " (" + GoverningName(m) + ", " + outcome.clause + ")";
     }
     d.Say(text, m.Within() ? Paragraph::Kind::verdict_good : Paragraph::Kind::verdict_bad);
     if (!outcome.message.empty()) {
@@ -34,7 +68,7 @@ void AddBox(const CalculatedMember& m, Document& d)
     const standard::StandardResult& result = m.standard;
     text = "EN 1993-1-1 as written: " + std::string(standard::VerdictOf(result));
     if (result.rated) {
-        text += ", IR = " + RatioText(result.ir) + " (" +
+        text += ", IR = " + RatioText(result.ir) + " (" + NameOfStandard(result.governing) + ", " +
                 std::string(result.checks[result.governing].clause) + ")";
     }
     d.Say(text, result.rated && !result.above ? Paragraph::Kind::verdict_good

@@ -20,6 +20,14 @@ using standard::StandardSection;
 constexpr double kNewton = 1e3, kNmm = 1e6;
 constexpr int kToKn = -3, kToKnm = -6;
 
+// "0.0409", with four decimals.
+std::string Steps(double cost)
+{
+    constexpr double kOfOne = 1e4;
+    const double steps = std::round(cost * kOfOne);
+    return steps < 10 ? "0.000" + NumberText(steps, 1) : NumberText(steps / kOfOne, 5);
+}
+
 // "D201 +0.0409": what the departures of the program change in this ratio.
 std::string CostsOf(const standard::StandardResult& result, standard::CheckId id)
 {
@@ -36,7 +44,7 @@ std::string CostsOf(const standard::StandardResult& result, standard::CheckId id
         if (with == 0) {
             text += "(no such check with it)";
         } else {
-            text += (ir > with ? "+" : "-") + NumberText(std::abs(ir - with), 3);
+            text += (ir > with ? "+" : "-") + Steps(std::abs(ir - with));
         }
     }
     return text.empty() ? text : "cost of departures: " + text;
@@ -112,12 +120,12 @@ Expr AtSection::Corner(const standard::CornerTerms& c)
             Sym("N_Ed", c.n / kNewton) * Ten(3) / Sym(c.a == q_.a ? "A" : "A_eff", c.a) + stress;
     }
     const Expr sigma = Step(d_, "σ", Size(stress), "MPa", "6.2.1 (5)");
-    Expr strength = Strength();
+    Expr strength = Sym("f_y", q_.fy);
     if (c.rho > 0) {
         d_.Add("ρ", c.rho, "", "6.2.8 (3)");
         strength = strength * (1 - Sym("ρ", c.rho));
     }
-    return sigma / strength;
+    return sigma * Sym("γ_M0", q_.gammam0) / strength;
 }
 
 Expr AtSection::Axial()
@@ -289,11 +297,18 @@ Expr AtSection::Combined()
     if (q_.Angle()) {
         return Corner(t_.corner);
     }
-    if (t_.across > 0 || t_.rule == Rule::none) {
+    if (t_.rule == Rule::none) {
         return nullptr;
     }
     Rho(true);
     Rho(false);
+    if (t_.across > 0) {
+        const Expr along = Step(d_, "η_1", Linear(), "", "6.2.1 (7)", "along the member");
+        d_.Add("η_2", t_.across, "", "6.2.1 (5)",
+               "plate of the loaded flange across the member, load 60 mm from the web; D185");
+        const Expr across = Sym("η_2", t_.across);
+        return Root(Square(along) + Square(across) + along * across);
+    }
     return t_.rule == Rule::linear ? Linear() : Plastic();
 }
 

@@ -1,6 +1,7 @@
 #include "document/equation_layout.h"
 
 #include "document/table_layout.h"
+#include "document/text_flow.h"
 
 #include <algorithm>
 
@@ -18,19 +19,8 @@ EquationLayout::EquationLayout(const Equation& equation, double width, char deci
     clause_ = LineBox(equation.clause.empty() ? Line() : Line("[" + equation.clause + "]"),
                       kSmallText, decimal, Ink::faint);
     std::vector<MathBox> boxes = EquationBoxes(equation, kFormula, decimal);
-    if (!equation.remark.Empty()) {
-        MathBox remark;
-        remark.width = kApart;
-        const MathBox text = LineBox(equation.remark, kSmallText, decimal, Ink::faint);
-        Drawing moved;
-        PlaceBox(moved, text, {kApart, 0});
-        remark.marks = std::move(moved.marks);
-        remark.width += text.width;
-        remark.above = text.above;
-        remark.below = text.below;
-        boxes.push_back(std::move(remark));
-    }
     Break(boxes);
+    AddRemark(equation.remark, decimal);
     for (Row& row : rows_) {
         for (const MathBox& box : row.boxes) {
             row.above = std::max(row.above, box.above);
@@ -51,6 +41,32 @@ void EquationLayout::Break(std::vector<MathBox>& boxes)
             rows_.push_back({.indent = kInner, .width = kInner});
         }
         rows_.back().width += box.width;
+        rows_.back().boxes.push_back(std::move(box));
+    }
+}
+
+// Behind the value where there is room, else in lines of its own.
+void EquationLayout::AddRemark(const Line& remark, char decimal)
+{
+    if (remark.Empty()) {
+        return;
+    }
+    const MathBox whole = LineBox(remark, kSmallText, decimal, Ink::faint);
+    if (rows_.back().width + kApart + whole.width <= width_) {
+        MathBox apart;
+        Drawing moved;
+        PlaceBox(moved, whole, {kApart, 0});
+        apart.marks = std::move(moved.marks);
+        apart.width = kApart + whole.width;
+        apart.above = whole.above;
+        apart.below = whole.below;
+        rows_.back().width += apart.width;
+        rows_.back().boxes.push_back(std::move(apart));
+        return;
+    }
+    for (const Line& line : WrapLine(remark, kSmallText, width_ - kInner, decimal)) {
+        MathBox box = LineBox(line, kSmallText, decimal, Ink::faint);
+        rows_.push_back({.indent = kInner, .width = kInner + box.width});
         rows_.back().boxes.push_back(std::move(box));
     }
 }

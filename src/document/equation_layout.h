@@ -19,6 +19,7 @@ private:
         double indent = 0, width = 0, above = 0, below = 0;
     };
     void Break(std::vector<MathBox>& boxes);
+    void AddRemark(const Line& remark, char decimal);
 
     double width_, height_ = 0;
     std::vector<Row> rows_{};

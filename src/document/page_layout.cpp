@@ -18,6 +18,7 @@ constexpr double kWidth = kRight - kLeft;
 constexpr double kText = 3.1, kSmallText = TableLayout::kText;
 constexpr double kLine = 1.35;  // of the size, from base line to base line
 constexpr double kHeadText = 2.6;
+constexpr double kTogether = 90;  // a table up to this height is not cut
 
 class Layout {
 public:
@@ -26,6 +27,7 @@ public:
     LaidOut Take()
     {
         for (std::size_t i = 0; i < document_.blocks.size(); ++i) {
+            at_ = i;
             next_ = i + 1 < document_.blocks.size() ? &document_.blocks[i + 1] : nullptr;
             skip_ = false;
             std::visit(*this, document_.blocks[i]);
@@ -41,12 +43,10 @@ public:
     void operator()(const Heading& heading)
     {
         constexpr double kSizes[] = {8, 5.2, 4.0, 3.3}, kBefore[] = {20, 4, 6, 3};
-        constexpr double kFollows = 16;  // mm of what follows
         const auto level = static_cast<std::size_t>(std::clamp(heading.level, 0, 3));
         const double size = kSizes[level];
         y_ += y_ > kTop ? kBefore[level] : 0;
-        const auto* const figures = next_ == nullptr ? nullptr : std::get_if<FigureRow>(next_);
-        Need(size * kLine + (figures == nullptr ? kFollows : HeightOf(*figures) + 3));
+        Need(size * kLine + 1 + Following());
         out_.headings.push_back({heading.level, heading.text, out_.pages.size() - 1, y_});
         Wrapped(Strong(heading.text), size, kLeft, kWidth);
         if (level == 2) {
@@ -140,6 +140,32 @@ private:
             NewPage();
         }
     }
+    // Height of what a heading must not stand without: figures, a table that is not cut, the first
+    // lines of anything else; what leads to them with it.
+    double Following() const
+    {
+        constexpr double kLead = 5, kFirst = 11;
+        double height = 0;
+        int texts = 0;
+        for (std::size_t i = at_ + 1; i < document_.blocks.size(); ++i) {
+            const Block& block = document_.blocks[i];
+            if (const auto* const figures = std::get_if<FigureRow>(&block)) {
+                return height + HeightOf(*figures) + 3;
+            }
+            if (const auto* const table = std::get_if<TextTable>(&block)) {
+                const double all = LayOutTable(*table, kWidth, document_.head.decimal).Height();
+                return height + (all <= kTogether ? all + kLead : kFirst + kLead);
+            }
+            const bool text = std::holds_alternative<Paragraph>(block);
+            if ((!text && !std::holds_alternative<Heading>(block)) || (!text && texts > 0) ||
+                texts > 2) {
+                break;
+            }
+            texts += text ? 1 : 0;
+            height += kLead;
+        }
+        return height + kFirst;
+    }
     // Writes the text in lines of the width; moves below.
     void Wrapped(const Line& text, double size, double x, double width, Ink ink = Ink::text)
     {
@@ -181,10 +207,10 @@ private:
         constexpr double kFirstRows = 12, kBelow = 3;
         const char decimal = document_.head.decimal;
         if (!table.caption.empty()) {
-            Need(kText * kLine + kFirstRows);
+            Need(kText * kLine + (layout.Height() <= kTogether ? layout.Height() : kFirstRows));
             Wrapped(Strong(table.caption), kText, x, kRight - x);
         }
-        Need(kFirstRows);
+        Need(layout.Height() <= kTogether ? layout.Height() : kFirstRows);
         for (std::size_t row = 0; row < layout.rows.size(); ++row) {
             if (row > 0 && y_ + layout.heights[row] > kBottom) {
                 NewPage();
@@ -305,6 +331,7 @@ private:
 
     const Document& document_;
     LaidOut out_;
+    std::size_t at_ = 0;  // block in hand
     const Block* next_ = nullptr;
     bool skip_ = false;  // the next block stands already
     double y_ = kTop;
