@@ -19,7 +19,7 @@ std::optional<CheckStudy> CheckStudyOf(const Library& library, const ProjectStat
             study->at_section =
                 SectionTermsOf(m, check.load_case, lines, id, check.place * lines.grid.Length());
         } else {
-            study->of_member = MemberTermsOf(m, check.load_case, lines);
+            study->of_member = MemberTermsOf(m, check.load_case, lines, id);
         }
     });
     return study;

@@ -66,7 +66,8 @@ bool CheckStrength(const Member& m, const LoadCase& load_case, const CombinedLin
 // What stands behind the ratios of one combination: of a section check at x in m, of the member.
 SectionTerms SectionTermsOf(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
                             CheckId id, double x);
-MemberTerms MemberTermsOf(const Member& m, const LoadCase& load_case, const CombinedLines& lines);
+MemberTerms MemberTermsOf(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
+                          CheckId id);
 
 // The largest section ratio of one combination at even places, kept where it is larger.
 void KeepLargestAlong(const Member& m, const LoadCase& load_case, std::span<double> largest);

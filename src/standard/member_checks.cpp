@@ -430,6 +430,10 @@ bool Member::Check(Checks& checks)
     if (n_ > 0) {
         Column(checks);
     }
+    if (told_ != nullptr && told_->column_only) {
+        Tell();
+        return true;
+    }
     if (q_.Angle()) {
         TurnAxes();
     }

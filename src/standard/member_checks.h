@@ -30,6 +30,7 @@ struct MemberCase {
 
 // What stands behind the ratios of the member. N, Nmm, mm.
 struct MemberTerms {
+    bool column_only;  // asked for: buckling under NEd alone
     double n, my, mz;  // largest sizes; of angles about u and v
     int cls;           // of the combination
     bool twists;       // torsional buckling takes part

@@ -102,11 +102,14 @@ SectionTerms SectionTermsOf(const Member& m, const LoadCase& load_case, const Co
     return SectionTermsAt(SectionMemberOf(m, load_case, lines), lines, classes, m.basis, x, id);
 }
 
-MemberTerms MemberTermsOf(const Member& m, const LoadCase& load_case, const CombinedLines& lines)
+MemberTerms MemberTermsOf(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
+                          CheckId id)
 {
     const ActingForces forces = ActingIn(lines);
     const Classes classes = ClassesOf(m.section.q, forces, m.basis);
     MemberTerms terms{};
+    terms.column_only =
+        id == CheckId::flexural_y || id == CheckId::flexural_z || id == CheckId::torsional;
     Checks checks;
     CheckMember(MemberCaseOf(m, load_case, lines, forces, classes), checks, &terms);
     return terms;

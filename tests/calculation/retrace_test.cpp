@@ -11,6 +11,7 @@
 #include "standard/standard.h"
 #include "support/member.h"
 #include "support/printed_formula.h"
+#include "support/report_lines.h"
 
 #include <gtest/gtest.h>
 
@@ -40,30 +41,6 @@ ProjectState ProjectOf(const fs::path& path)
 // Grade S355, no national annex.
 constexpr const char* kSettings = "annexcode=EU fykindex=2 e=210000 gammam0=1 gammam1=1 neta=1.2 "
                                   "psi1index=6 psi2index=2 deflimity=300 deflimitz=300 ";
-
-struct Printed {
-    std::string symbol, calculation, value;  // no calculation: the value alone
-};
-
-// "- `N = A·f_y = 5383·355·10^-3 = 1911.0 kN` \[6.2.3\]"
-std::vector<Printed> PrintedOf(const std::string& markdown)
-{
-    std::vector<Printed> all;
-    std::size_t at = 0;
-    while ((at = markdown.find("\n- `", at)) != std::string::npos) {
-        at += 4;
-        const std::string text = markdown.substr(at, markdown.find('`', at) - at);
-        std::vector<std::string> parts;
-        for (std::size_t from = 0, to = 0; to != std::string::npos; from = to + 3) {
-            to = text.find(" = ", from);
-            parts.push_back(text.substr(from, to == std::string::npos ? to : to - from));
-        }
-        const std::string& last = parts.back();
-        all.push_back({parts.front(), parts.size() > 2 ? parts[parts.size() - 2] : "",
-                       last.substr(0, last.find(' '))});
-    }
-    return all;
-}
 
 std::string MarkdownOf(const ProjectState& s)
 {
