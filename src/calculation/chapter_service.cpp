@@ -120,10 +120,13 @@ void AddReactions(const CalculatedMember& m, Document& d)
         s.lfulsq1 = category == 1 ? 1.0F : 0.0F;
         s.lfulsq2 = category == 2 ? 1.0F : 0.0F;
         CalcMember(s, nullptr);
-        const auto sum = [&](double a, double b) { return NumberLine(a + b, 5); };
-        table.rows.push_back({kNames[category], NumberLine(s.ned), sum(s.vzdiag[0], 0),
-                              sum(0, -s.vzdiag[50]), NumberLine(s.my0), NumberLine(s.myl),
-                              sum(s.vydiag[0], 0), sum(0, -s.vydiag[50]), NumberLine(s.mz0),
+        // The shear line of a cantilever counts from its free end, which is no support.
+        const bool free = s.supportcase == SupportCase::cantilever;
+        const auto first = [&](double v) { return NumberLine(free ? 0 - v : v); };
+        const auto last = [&](double v) { return NumberLine(free ? 0 : 0 - v); };
+        table.rows.push_back({kNames[category], NumberLine(s.ned), first(s.vzdiag[0]),
+                              last(s.vzdiag[50]), NumberLine(s.my0), NumberLine(s.myl),
+                              first(s.vydiag[0]), last(s.vydiag[50]), NumberLine(s.mz0),
                               NumberLine(s.mzl)});
     }
     d.Chapter("Reactions by category");

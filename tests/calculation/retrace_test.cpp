@@ -217,6 +217,20 @@ TEST(CheckEquations, AreWrittenAsRichText)
     EXPECT_LE(BoundsOf(drawing).right, 120);
 }
 
+// By statics, G = 10 kN/m on 4 m: qL/2 at each end of a beam, qL and -qL^2/2 at the clamped end of
+// a cantilever.
+TEST(CalculationReport, ReactionsHoldTheLoads)
+{
+    const std::string member =
+        std::string(kSettings) + "family=1 row.hea=6 l=4 nload[1]=0 qload[1]=10 selfweight=0 ";
+    EXPECT_NE(MarkdownOf(MemberOf(member + "supportcase=0"))
+                  .find("| G | 0 | 20 | 20 | 0 | 0 | 0 | 0 | 0 | 0 |"),
+              std::string::npos);
+    EXPECT_NE(MarkdownOf(MemberOf(member + "supportcase=4"))
+                  .find("| G | 0 | 40 | 0 | -80 | 0 | 0 | 0 | 0 | 0 |"),
+              std::string::npos);
+}
+
 // The report of a member that fails says so and stops there.
 TEST(CalculationReport, OfAnUnstableMemberHasItsVerdict)
 {
