@@ -4,6 +4,7 @@
 #include "document/math_layout.h"
 #include "document/mathml.h"
 #include "document/notation.h"
+#include "document/starmath.h"
 #include "document/table_layout.h"
 #include "document/zip.h"
 #include "report/svg_writer.h"
@@ -107,9 +108,10 @@ public:
         const char decimal = document_.head.decimal;
         const std::vector<MathBox> boxes = EquationBoxes(equation, kSize, decimal);
         const std::vector<std::string> parts = MathMlParts(equation, decimal);
+        const std::vector<std::string> notes = StarMathParts(equation, decimal);
         Open("Standard");
         for (std::size_t i = 0; i < parts.size() && i < boxes.size(); ++i) {
-            Formula(parts[i], boxes[i]);
+            Formula(parts[i], notes[i], boxes[i]);
         }
         body_ += "<text:span text:style-name=\"Small\">  ";
         Text(equation.remark);
@@ -147,13 +149,15 @@ private:
         body_.append("<text:p text:style-name=\"").append(style).append("\">");
     }
     // An object of its own, which word processors edit.
-    void Formula(const std::string& content, const MathBox& box)
+    void Formula(const std::string& content, const std::string& note, const MathBox& box)
     {
         const std::string folder = "Formula" + std::to_string(++formulas_);
         zip_.Add(folder + "/content.xml",
                  std::string(kXml) +
-                     "<math xmlns=\"http://www.w3.org/1998/Math/MathML\" display=\"block\"><mrow>" +
-                     content + "</mrow></math>\n");
+                     "<math xmlns=\"http://www.w3.org/1998/Math/MathML\" display=\"block\">"
+                     "<semantics><mrow>" +
+                     content + "</mrow><annotation encoding=\"StarMath 5.0\">" + XmlText(note) +
+                     "</annotation></semantics></math>\n");
         manifest_ += Entry(folder + "/", "application/vnd.oasis.opendocument.formula") +
                      Entry(folder + "/content.xml", "text/xml");
         body_ += "<draw:frame draw:style-name=\"Inline\" text:anchor-type=\"as-char\" "

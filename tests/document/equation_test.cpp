@@ -4,12 +4,16 @@
 #include "document/html_writer.h"
 #include "document/markdown_writer.h"
 #include "document/notation.h"
+#include "document/starmath.h"
 #include "support/printed_formula.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <string>
+#include <vector>
 
 namespace kestrum {
 namespace {
@@ -137,6 +141,23 @@ TEST(Writers, TheDecimalSignIsThatOfTheDocument)
     d.Add("c", Sym("a", 1.5) * Sym("b", 2), 3, "kN", "6.2.4");
     EXPECT_NE(WriteMarkdown(d).find("1,5·2 = 3,0000 kN` \\[6.2.4\\]"), std::string::npos);
     EXPECT_NE(WriteHtml(d).find("<mn>1,5</mn>"), std::string::npos);
+}
+
+// Each part is whole to the editor: groups close, fractions are groups, nothing stands before "=".
+TEST(StarMath, PartsAreWholeFormulas)
+{
+    const Equation equation =
+        EquationOf("~λ_y", Root(Sym("A", 2) / Sym("B", 8) + Sym("C", 0.75)), 1, "", "");
+    const std::vector<std::string> parts = StarMathParts(equation, '.');
+    ASSERT_EQ(parts.size(), 3U);
+    EXPECT_EQ(parts[1], "{} = {sqrt {{{{{2}} over {{8}}} + {0.75}}}}");
+    EXPECT_TRUE(parts[0].starts_with("{{overline {ital \"λ\"}}_{\"y\"}} = "));
+    for (const std::string& part : parts) {
+        EXPECT_EQ(std::count(part.begin(), part.end(), '{'),
+                  std::count(part.begin(), part.end(), '}'))
+            << part;
+    }
+    EXPECT_EQ(StarMathParts(equation, ',')[2], "{} = {alignc \"1,0000\"}");
 }
 
 }  // namespace
