@@ -26,7 +26,10 @@ void AddDiagrams(const ProjectState& s, Document& d)
               axis == LoadAxis::z ? "My, Vz and deflection" : "Mz, Vy and deflection", kPicture}});
     };
     const bool z = Any(s.mydiag) || Any(s.vzdiag), y = Any(s.mzdiag) || Any(s.vydiag);
-    if (z || !y) {
+    if (!z && !y) {
+        d.Show({{DrawAll(s, LoadAxis::z).load, "Loads", kPicture}});
+    }
+    if (z) {
         add(LoadAxis::z, "z");
     }
     if (y) {

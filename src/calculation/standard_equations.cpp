@@ -112,9 +112,11 @@ Expr AtSection::Corner(const standard::CornerTerms& c)
         return nullptr;
     }
     d_.Say("The worst corner is w from the u axis and s along it.", Paragraph::Kind::remark);
-    const auto mm = [](double x) { return std::abs(x) < 1e-9 ? 0 : x; };  // a corner on the axis
-    Expr stress = Sym("M_u,Ed", c.mu / kNmm) * Ten(6) * Sym("w", mm(c.w)) / Sym("I_u", c.iu) -
-                  Sym("M_v,Ed", c.mv / kNmm) * Ten(6) * Sym("s", mm(c.s)) / Sym("I_v", c.iv);
+    // Roundings of a corner on an axis and of a moment that does not act.
+    const auto clean = [](double x) { return std::abs(x) < 1e-9 ? 0 : x; };
+    const double mu = clean(c.mu / kNmm), mv = clean(c.mv / kNmm);
+    Expr stress = Sym("M_u,Ed", mu) * Ten(6) * Sym("w", clean(c.w)) / Sym("I_u", c.iu) -
+                  Sym("M_v,Ed", mv) * Ten(6) * Sym("s", clean(c.s)) / Sym("I_v", c.iv);
     if (c.n != 0) {
         stress =
             Sym("N_Ed", c.n / kNewton) * Ten(3) / Sym(c.a == q_.a ? "A" : "A_eff", c.a) + stress;
