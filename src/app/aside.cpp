@@ -25,6 +25,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kHead = "kestrum-ec3 unsaved work 1", kEnding = ".unsaved";
+constexpr std::string_view kTableHead = "kestrum-ec3 unsaved table 1";
+constexpr std::size_t kTable = static_cast<std::size_t>(-1);  // the document of the table
 
 // Nobody else's name.
 std::string NewStem()
@@ -38,6 +40,12 @@ std::string TextOf(const UnsavedWork& work)
 {
     return std::string(kHead) + "\n" + work.digest + "\n" + (work.halfread ? "half" : "whole") +
            "\n" + StateText(work.state);
+}
+
+// Head, digest, path, the table.
+std::string TextOf(const UnsavedTable& table)
+{
+    return std::string(kTableHead) + "\n" + table.digest + "\n" + table.path + "\n" + table.text;
 }
 
 std::string_view NextLine(std::string_view& text)
@@ -57,6 +65,17 @@ std::string Read(std::string_view text, UnsavedWork& work)
     work.halfread = NextLine(text) == "half";
     const std::string fault = ReadStateText(*work.state, text);
     return fault.empty() ? fault : "cannot be read: " + fault;
+}
+
+bool Read(std::string_view text, UnsavedTable& table)
+{
+    if (NextLine(text) != kTableHead) {
+        return false;
+    }
+    table.digest = NextLine(text);
+    table.path = NextLine(text);
+    table.text = text;
+    return true;
 }
 
 std::string TimeText(fs::file_time_type time)
@@ -97,12 +116,27 @@ Aside::~Aside()
 
 void Aside::Keep(std::size_t document, std::size_t step, UnsavedWork work)
 {
+    Keep(document, step, Writer([work = std::move(work)] { return TextOf(work); }));
+}
+
+void Aside::KeepTable(std::size_t step, std::function<UnsavedTable()> table)
+{
+    Keep(kTable, step, Writer([table = std::move(table)] { return TextOf(table()); }));
+}
+
+void Aside::DropTable()
+{
+    Drop(kTable);
+}
+
+void Aside::Keep(std::size_t document, std::size_t step, Writer writer)
+{
     const std::scoped_lock lock(mutex_);
     const auto [at, added] = kept_.try_emplace(document, step);
     if (!added && std::exchange(at->second, step) == step) {
         return;
     }
-    waiting_[document] = std::move(work);
+    waiting_[document] = std::move(writer);
     wake_.notify_all();
 }
 
@@ -149,12 +183,12 @@ void Aside::Run()
 }
 
 // Of the thread, without the mutex.
-void Aside::Do(std::size_t document, const std::optional<UnsavedWork>& work)
+void Aside::Do(std::size_t document, const std::optional<Writer>& writer)
 {
     std::string fault;
     try {
         std::unique_ptr<File>& file = files_[document];
-        if (!work) {
+        if (!writer) {
             if (file) {
                 Remove(file->path);
             }
@@ -173,7 +207,7 @@ void Aside::Do(std::size_t document, const std::optional<UnsavedWork>& work)
             fault = file->lock.Take(file->path);
         }
         if (fault.empty()) {
-            fault = file->lock.Write(TextOf(*work));
+            fault = file->lock.Write((*writer)());
         }
         fault = fault.empty() ? fault : file->path + ": " + fault;
     } catch (const std::exception& exception) {
@@ -191,13 +225,19 @@ std::vector<LeftWork> FindLeftWork(const std::string& folder)
          at.increment(fault)) {
         std::error_code unknown;
         const fs::file_time_type time = at->last_write_time(unknown);
-        LeftWork work{Utf8Name(at->path()), {}, TimeText(time), std::make_unique<FileLock>()};
+        LeftWork work{
+            Utf8Name(at->path()), {}, false, TimeText(time), std::make_unique<FileLock>()};
         std::string bytes;
+        if (!work.path.ends_with(kEnding) ||
+            !work.lock->Take(work.path, std::chrono::milliseconds(0)).empty() ||
+            !ReadLockedFile(work.path, bytes).empty()) {
+            continue;
+        }
         UnsavedWork content;
-        if (work.path.ends_with(kEnding) &&
-            work.lock->Take(work.path, std::chrono::milliseconds(0)).empty() &&
-            ReadLockedFile(work.path, bytes).empty() && Read(bytes, content).empty()) {
-            work.project = content.state->filename;
+        UnsavedTable table;
+        work.table = Read(bytes, table);
+        if (work.table || Read(bytes, content).empty()) {
+            work.project = work.table ? table.path : content.state->filename;
             found.emplace_back(time, std::move(work));
         }
     }
@@ -246,6 +286,13 @@ bool TakeUp(Session& session, LeftWork& work)
     }
     Discard(work);
     return true;
+}
+
+std::string ReadTable(const LeftWork& work, UnsavedTable& table)
+{
+    std::string bytes;
+    const std::string fault = ReadLockedFile(work.path, bytes);
+    return !fault.empty() ? fault : Read(bytes, table) ? "" : "holds no table of members";
 }
 
 void Discard(LeftWork& work)

@@ -3,8 +3,8 @@
 // Unsaved work is set aside while it is being done, in a folder of its own, so that a crash, a loss
 // of power or a closing without saving loses nothing. Every project of a window has its file there,
 // written whole, as soon as it holds work that its own file does not, and deleted when it no longer
-// does. The window holds the locks of its files as long as it lives: what nobody holds has been
-// left behind, and the next start offers it.
+// does; so has the table of members. The window holds the locks of its files as long as it lives:
+// what nobody holds has been left behind, and the next start offers it.
 
 #include "core/file_lock.h"
 #include "core/held_state.h"
@@ -12,6 +12,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -32,6 +33,13 @@ struct UnsavedWork {
     bool halfread = false;
 };
 
+// The same of the table of members.
+struct UnsavedTable {
+    std::string path;    // of its file; empty for one that was never saved
+    std::string digest;  // as above
+    std::string text;    // as its file would be
+};
+
 class Aside {
 public:
     // Between two writings; a change is on the disk within this time and that of a writing.
@@ -49,8 +57,11 @@ public:
     // Writes the work of a project of this window, soon and by a thread of its own. Only the newest
     // of what waits is written; a step that is there already is not written again.
     void Keep(std::size_t document, std::size_t step, UnsavedWork work);
+    // The same of the table of members; `table` is called on that thread.
+    void KeepTable(std::size_t step, std::function<UnsavedTable()> table);
     // Its file holds all of it, or the user has dropped it.
     void Drop(std::size_t document);
+    void DropTable();
 
     // Waits until nothing waits.
     void Settle();
@@ -64,13 +75,15 @@ private:
         FileLock lock;
     };
     void Run();
-    void Do(std::size_t document, const std::optional<UnsavedWork>& work);
+    using Writer = std::function<std::string()>;
+    void Keep(std::size_t document, std::size_t step, Writer writer);
+    void Do(std::size_t document, const std::optional<Writer>& writer);
 
     const std::string folder_, stem_;
     mutable std::mutex mutex_;
     std::condition_variable wake_, settled_;
-    std::map<std::size_t, std::optional<UnsavedWork>> waiting_;  // nothing: to be dropped
-    std::map<std::size_t, std::size_t> kept_;                    // document, step
+    std::map<std::size_t, std::optional<Writer>> waiting_;  // nothing: to be dropped
+    std::map<std::size_t, std::size_t> kept_;               // document, step
     std::string problem_;
     bool ending_ = false, busy_ = false;
     std::map<std::size_t, std::unique_ptr<File>> files_;  // of the thread
@@ -80,7 +93,8 @@ private:
 // Work that a window has left behind. Its lock is held, so that no other window offers it.
 struct LeftWork {
     std::string path;     // of the file that holds it
-    std::string project;  // its own file, or "New File"
+    std::string project;  // its own file, or "New File"; of a table its file, or nothing
+    bool table = false;   // of members
     std::string when;     // it was set aside, "2024-05-17 14:05"
     std::unique_ptr<FileLock> lock;
 };
@@ -92,5 +106,8 @@ std::vector<LeftWork> FindLeftWork(const std::string& folder);
 // window has set it aside for itself. False when it cannot be read, which is told.
 bool TakeUp(Session& session, LeftWork& work);
 void Discard(LeftWork& work);
+
+// What was left of a table of members. Returns why it cannot be read, or nothing.
+std::string ReadTable(const LeftWork& work, UnsavedTable& table);
 
 }  // namespace kestrum

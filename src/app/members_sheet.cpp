@@ -159,8 +159,19 @@ std::string MembersSheet::Take(std::string_view bytes, const std::string& name)
                 Row{++taken.ids_, CellsOf(record, taken.separator_), std::string(record)}));
         }
     }
+    taken.steps_ = taken.saved_ = taken.now_.step = steps_ + 1;
     *this = std::move(taken);
     return {};
+}
+
+MembersSheet MembersSheet::Alone() const
+{
+    MembersSheet alone;
+    alone.now_ = now_;
+    alone.separator_ = separator_;
+    alone.crlf_ = crlf_;
+    alone.mark_ = mark_;
+    return alone;
 }
 
 std::string MembersSheet::Joined(const std::vector<std::string>& cells, std::size_t least) const

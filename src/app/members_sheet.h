@@ -77,6 +77,11 @@ public:
 
     bool modified() const { return now_.step != saved_; }
     void MarkSaved() { saved_ = now_.step; }
+    void MarkUnsaved() { saved_ = kNever; }
+    // Of the user, counted through all tables that this one has held.
+    std::uint64_t step() const { return now_.step; }
+    // The table as it is, without its steps, to be kept or written elsewhere.
+    MembersSheet Alone() const;
 
     // How lines are read, and the line itself; both for another thread.
     std::shared_ptr<const MemberColumns> reader() const { return now_.reader; }
@@ -105,6 +110,8 @@ private:
     std::string SetColumns(std::vector<std::string> columns);
     std::string Joined(const std::vector<std::string>& cells, std::size_t least) const;
     std::size_t ColumnFor(const std::string& name);
+
+    static constexpr std::uint64_t kNever = static_cast<std::uint64_t>(-1);
 
     Table now_;
     std::vector<Table> undo_, redo_;

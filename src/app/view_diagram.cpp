@@ -42,6 +42,33 @@ void NameCombinations(const ProjectState& s, Utilisation& along)
     along.standardof = all ? "all combinations" : "";
 }
 
+std::string DiagramTable(const ProjectState& s, LoadAxis axis, const Utilisation& along)
+{
+    const bool z = axis == LoadAxis::z, deflection = s.loadmode == 1;
+    std::string text = z ? "x m\tMy kNm\tVz kN" : "x m\tMz kNm\tVy kN";
+    text += !deflection ? "" : z ? "\tdz mm" : "\tdy mm";
+    text += along.program ? "\tIR" : "";
+    text += along.standard ? "\tEN 1993-1-1" : "";
+    for (std::size_t j = 0; j < kDiagramPoints; ++j) {
+        const auto add = [&text](double value, const char* format) {
+            text += "\t" + FormatNum(value, format);
+        };
+        text += "\n" + FormatNum(s.l * static_cast<double>(j) / kSteps, "0.000");
+        add(z ? s.mydiag[j] : s.mzdiag[j], "0.00");
+        add(z ? s.vzdiag[j] : s.vydiag[j], "0.00");
+        if (deflection) {
+            add(z ? s.dzdiag[j] : s.dydiag[j], "0.00");
+        }
+        if (along.program) {
+            add((*along.program)[j], "0.000");
+        }
+        if (along.standard) {
+            add((*along.standard)[j], "0.000");
+        }
+    }
+    return text + "\n";
+}
+
 std::string UtilisationReading(const Utilisation& along, double x)
 {
     const double part = (x - kMemberStart) / kMemberWidth;

@@ -25,6 +25,10 @@ std::string DeflectionReading(const ProjectState& s, LoadAxis axis, double x);
 // worst of all combinations, EN 1990, 6.4.3.2; nothing is said where both are of the same one.
 void NameCombinations(const ProjectState& s, Utilisation& along);
 
+// The diagrams of an axis as a table of 51 places, columns apart by tabs: "x m", "My kNm", "Vz kN",
+// "dz mm", "IR", "EN 1993-1-1". What is not known has no column.
+std::string DiagramTable(const ProjectState& s, LoadAxis axis, const Utilisation& along);
+
 // Utilisation at the place by both bases, "IR = 0.23, EN 1993-1-1: 0.31"; empty outside the member.
 std::string UtilisationReading(const Utilisation& along, double x);
 

@@ -1,19 +1,15 @@
 #pragma once
 
-// The utilisation behind each line of the result panel, for the bars beside the ratios.
+// The utilisation behind a line of the result panel, for the bar beside its ratio.
 
 #include <optional>
-#include <vector>
 
 namespace kestrum {
 
+struct PanelLine;
 struct ProjectState;
 
-// One entry a line of ShowResults, in its order: the ratio over its limit; nothing for heads and
-// remarks.
-std::vector<std::optional<double>> PanelUtilisation(const ProjectState& s);
-
-// The largest of them; nothing when no row is judged.
-std::optional<double> LargestUtilisation(const ProjectState& s);
+// The ratio of the line's row over its limit; nothing for heads and remarks.
+std::optional<double> UtilisationOf(const ProjectState& s, const PanelLine& line);
 
 }  // namespace kestrum

@@ -32,12 +32,11 @@ bool DeflectionAsked(const ProjectState& s)
 }
 
 // A block of the program with the bars of its lines, or the head of one that it does not have.
-PanelGroup GroupWith(PanelBlock block, const std::vector<std::optional<double>>& utilisation,
-                     std::size_t& at, StandardGroup standard)
+PanelGroup GroupWith(const ProjectState& s, PanelBlock block, StandardGroup standard)
 {
     PanelGroup group{std::move(block), {}, std::move(standard)};
-    for (std::size_t i = 0; i < group.block.size(); ++i, ++at) {
-        group.utilisation.push_back(at < utilisation.size() ? utilisation[at] : std::nullopt);
+    for (const PanelLine& line : group.block) {
+        group.utilisation.push_back(UtilisationOf(s, line));
     }
     return group;
 }
@@ -94,16 +93,13 @@ std::array<StandardGroup, kStandardGroups> StandardGroups(const ProjectState& s,
 std::vector<PanelGroup> PanelGroups(const ProjectState& s, const StandardResult& result)
 {
     const auto standard = StandardGroups(s, result);
-    const std::vector<std::optional<double>> utilisation = PanelUtilisation(s);
     std::vector<PanelGroup> groups;
-    std::size_t at = 0;
     double y = kPanelTop;
     const auto add = [&](PanelBlock block, std::size_t group, std::string_view head) {
-        std::size_t none = utilisation.size();
         if (!block.empty()) {
-            groups.push_back(GroupWith(std::move(block), utilisation, at, standard[group]));
+            groups.push_back(GroupWith(s, std::move(block), standard[group]));
         } else if (standard[group].present) {
-            groups.push_back(GroupWith(HeadAlone(head, y), utilisation, none, standard[group]));
+            groups.push_back(GroupWith(s, HeadAlone(head, y), standard[group]));
         }
     };
     add(DrawSectionBlock(s, y, false), kSection, "SECTION CONTROL:");

@@ -33,7 +33,7 @@ std::array<StandardGroup, kStandardGroups> StandardGroups(const ProjectState& s,
 // A block of the result panel with the group of the standard that stands beside it.
 struct PanelGroup {
     PanelBlock block;
-    std::vector<std::optional<double>> utilisation;  // a line each, see PanelUtilisation
+    std::vector<std::optional<double>> utilisation;  // a line each, see UtilisationOf
     StandardGroup standard;
 };
 

@@ -97,7 +97,8 @@ PanelBlock DrawSectionBlock(const ProjectState& s, double& y, bool page)
         const RowText text = ShownTextOf(check, s.irlimit);
         block.push_back({.y = y,
                          .left = {Plain(text.label + text.calculation)},
-                         .result = Verdict(check, text)});
+                         .result = Verdict(check, text),
+                         .row = row});
         y += kLine;
     }
     if (FlangeLoadingCounts(s)) {
@@ -130,7 +131,8 @@ PanelBlock DrawBuckleBlock(const ProjectState& s, double& y)
         const RowText text = ShownTextOf(check, s.irlimit);
         block.push_back({.y = y,
                          .left = {Plain(axis ? AxisLabel(text) : text.label + text.calculation)},
-                         .result = Verdict(check, text)});
+                         .result = Verdict(check, text),
+                         .row = row});
         y += kLine;
     }
     return block;
@@ -157,7 +159,7 @@ PanelBlock DrawDeflectionBlock(const ProjectState& s, double& y)
         }
         y += 1.1;
         const RowText text = ShownTextOf(check, s.irlimit);
-        PanelLine line{.y = y, .left = {Plain(text.label + text.calculation)}};
+        PanelLine line{.y = y, .left = {Plain(text.label + text.calculation)}, .row = row};
         for (TextRun& run : Verdict(check, text, "      ")) {
             line.left.push_back(std::move(run));
         }

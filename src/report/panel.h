@@ -6,8 +6,10 @@
 // A line has a left part and a part that starts in the result column of its block: one unit beyond
 // the widest left part, at the least kLeastColumn units wide.
 
+#include "core/check.h"
 #include "core/state/types.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,7 +29,8 @@ struct TextRun {
 struct PanelLine {
     double y = 0;  // in lines, from the top of the panel
     std::vector<TextRun> left = {};
-    std::vector<TextRun> result = {};  // in the result column
+    std::vector<TextRun> result = {};   // in the result column
+    std::optional<ResultRow> row = {};  // that the line shows; nothing for heads and remarks
 };
 
 // What stands behind a ratio in words, since a colour alone is lost on paper, in a pipe and to many

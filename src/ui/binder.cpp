@@ -3,6 +3,7 @@
 #include "app/box_help.h"
 #include "app/locale_text.h"
 #include "core/project_state.h"
+#include "ui/picture_menu.h"
 #include "ui/text.h"
 
 #include <QGridLayout>
@@ -161,6 +162,9 @@ QLabel* Binder::Value(const QString& name, From<std::string> text)
 Picture* Binder::Figure(const QString& name, From<Drawing> drawing)
 {
     auto* const picture = new Picture(name);
+    picture->menu = [this, picture, stem = FromQt(name)](const Drawing& shown, QPoint at) {
+        PictureMenu(shown, stem, session_, picture, at);
+    };
     Follow([this, picture, drawing](const ProjectState& s) {
         picture->Show(kestrum::ForLocale(drawing(s), session_.decimalcomma()));
     });

@@ -60,6 +60,7 @@ const std::vector<FormMaker>& AllForms()
         {"compare", MakeCompare, OpenCompare, false, true},
         {"deviation", MakeDeviation, Open},
         {"combinations", MakeCombinations, Open},
+        {"equations", MakeEquations, Open},
     };
     return forms;
 }

@@ -42,6 +42,7 @@ Form* MakeInfoEndSupport(Desk& desk, QWidget* parent);
 Form* MakeCompare(Desk& desk, QWidget* parent);
 Form* MakeDeviation(Desk& desk, QWidget* parent);
 Form* MakeCombinations(Desk& desk, QWidget* parent);
+Form* MakeEquations(Desk& desk, QWidget* parent);
 Form* MakeSectionPicture(Desk& desk, QWidget* parent);
 
 // The form of a section family.

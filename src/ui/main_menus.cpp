@@ -349,8 +349,9 @@ void MainWindow::BuildHelpMenu(QMenu* menu)
 
 void MainWindow::OpenManual(const QString& file)
 {
-    const std::string path = desk_.helppath + FromQt(file);
-    if (!desk_.session.surroundings().OpenDocument(path)) {
+    const std::string place = desk_.helppath + FromQt(file);
+    if (!desk_.session.surroundings().OpenDocument(place)) {
+        const std::string path = place.substr(0, place.rfind("#nameddest="));
         desk_.session.surroundings().Warn(path + ": " +
                                           FromQt(QFileInfo::exists(ToQt(path))
                                                      ? tr("no program opens this kind of file")

@@ -163,8 +163,10 @@ QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis,
         picture->stepped = [reading](int steps) { reading->Step(steps); };
         picture->hovered = [reading](Point at) { reading->Read(at.x); };
         picture->left = [reading] { reading->Read(std::nullopt); };
-        picture->menu = [&desk, picture, z](const Drawing& drawing, QPoint at) {
-            PictureMenu(drawing, z ? "diagram-z" : "diagram-y", desk.session, picture, at);
+        picture->menu = [&desk, picture, axis, z](const Drawing& drawing, QPoint at) {
+            std::string values = DiagramTable(desk.session.shown(), axis, desk.standard->along());
+            PictureMenu(drawing, z ? "diagram-z" : "diagram-y", desk.session, picture, at,
+                        ForLocale(std::move(values), desk.session.decimalcomma()));
         };
         picture->setCursor(Qt::PointingHandCursor);
         picture->setFocusPolicy(Qt::TabFocus);
@@ -202,6 +204,19 @@ void ShareRoom(const QWidget& host, const ProjectState& s)
 
 // --- Results -------------------------------------------------------------------------------------
 
+// A message of several lines is never squeezed, however narrow the window is.
+class Message final : public QLabel {
+public:
+    explicit Message(const QString& text) : QLabel(text) { setWordWrap(true); }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QLabel::resizeEvent(event);
+        setMinimumHeight(heightForWidth(width()));
+    }
+};
+
 QGroupBox* ResultsGroup(Binder& bind, Desk& desk)
 {
     QGroupBox* const group = Group(QStringLiteral("fr4"), QObject::tr("Results "));
@@ -212,10 +227,17 @@ QGroupBox* ResultsGroup(Binder& bind, Desk& desk)
         panel->SetFaded(desk.session.halfread());
     });
     panel->opened = [&desk] { desk.open("combinations"); };
+    panel->picked = [&desk](ResultRow row) {
+        desk.row = row;
+        desk.rowchanged();
+    };
+    panel->explained = [&desk](ResultRow row) {
+        desk.row = row;
+        desk.open("equations");
+    };
     column->addWidget(panel, 1);
-    auto* const error = new QLabel(ToQt(kCalculationError));
+    auto* const error = new Message(ToQt(kCalculationError));
     error->setObjectName(QStringLiteral("txtError"));
-    error->setWordWrap(true);
     error->setStyleSheet(
         QStringLiteral("background: #c62828; color: white; border-radius: 3px; padding: 3px 6px;"));
     bind.ShowWhen(error, [&desk](const ProjectState&) { return desk.session.failed(); });

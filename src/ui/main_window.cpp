@@ -63,6 +63,8 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
     setAcceptDrops(true);
     desk_.open = [this](std::string_view form) { OpenForm(form); };
     desk_.standard = standard_.get();
+    desk_.taketable = [this](LeftWork& work) { return OpenMembers().TakeUp(work); };
+    desk_.manual = [this](const std::string& file) { OpenManual(ToQt(file)); };
 
     auto* const host = new QWidget;
     auto* const column = new QVBoxLayout(host);
@@ -117,6 +119,9 @@ MainWindow::~MainWindow()
     desk_.session.showrow = [](std::string_view, int) {};
     desk_.open = [](std::string_view) {};
     desk_.standard = nullptr;
+    desk_.manual = [](const std::string&) {};
+    desk_.taketable = [](LeftWork&) { return false; };
+    desk_.rowchanged = [] {};
 }
 
 void MainWindow::Start(std::string_view commandline)

@@ -390,6 +390,9 @@ bool MembersWindow::MayLeave()
     case Answer::yes:
         return Save(false);
     case Answer::no:
+        if (desk_.session.aside != nullptr) {
+            desk_.session.aside->DropTable();
+        }
         return true;
     default:
         return false;
@@ -419,6 +422,14 @@ bool MembersWindow::OpenTable(const std::string& path)
     }
     path_ = path;
     disk_.Know(std::move(bytes));
+    digest_.reset();
+    ShowTable();
+    return true;
+}
+
+// A table in place of another one.
+void MembersWindow::ShowTable()
+{
     Cancel();
     model_.ForgetRatings();
     Refresh();
@@ -428,7 +439,6 @@ bool MembersWindow::OpenTable(const std::string& path)
     view_->setColumnWidth(MembersModel::kStandard, kRatioLetters * letter);
     view_->setColumnWidth(MembersModel::kGoverns, 2 * kRatioLetters * letter);
     view_->setCurrentIndex(proxy_->index(0, MembersModel::kFirst));
-    return true;
 }
 
 bool MembersWindow::Save(bool elsewhere)
@@ -452,6 +462,7 @@ bool MembersWindow::Save(bool elsewhere)
     }
     path_ = path;
     disk_.Know(std::move(text));
+    digest_.reset();
     model_.Change([](MembersSheet& sheet) { sheet.MarkSaved(); });
     return true;
 }
@@ -625,6 +636,7 @@ void MembersWindow::Refresh()
     redo_->setEnabled(model_.sheet().CanRedo());
     setWindowTitle(tr("Members: %1[*]").arg(ToQt(TableName())));
     setWindowModified(model_.sheet().modified());
+    SetAside();
     Rate(model_.Unrated());
 }
 

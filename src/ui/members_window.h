@@ -4,6 +4,7 @@
 // as the project and written back; ratios under a table of forces; lightest sections. All
 // calculation runs beside the window and can be cancelled.
 
+#include "app/aside.h"
 #include "app/disk_file.h"
 #include "app/job_queue.h"
 #include "app/member_line.h"
@@ -44,6 +45,9 @@ public:
     // Opens the table of this name; false when it cannot be read, which the user is told.
     bool OpenTable(const std::string& path);
 
+    // The table that an earlier window has left unsaved, in place of the one in hand, unsaved here.
+    bool TakeUp(LeftWork& work);
+
     // Asks about an edited table; false when the user wants to go on with it.
     bool MayLeave();
 
@@ -76,6 +80,8 @@ private:
     const Command* Find(const QKeyEvent& event) const;
     void AskForTable();
     bool Save(bool elsewhere);
+    void ShowTable();
+    void SetAside();
     void Paste();
     void ChooseForces();
     void ChooseSections();
@@ -103,6 +109,7 @@ private:
     std::vector<Command> commands_;
     std::string path_;  // empty: never saved
     DiskFile disk_;
+    std::optional<std::string> digest_;  // of what that knows, once it was asked for
     std::shared_ptr<const ProjectState> base_;
     std::shared_ptr<const ForceCases> forces_;
     MemberLine line_;

@@ -5,6 +5,7 @@
 #include "render/painter.h"
 #include "report/svg_writer.h"
 #include "ui/qt_surroundings.h"
+#include "ui/text.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -67,11 +68,14 @@ std::unique_ptr<QMimeData> CopyAsSvg(const Drawing& drawing)
 }
 
 void PictureMenu(const Drawing& drawing, const std::string& name, Session& session, QWidget* parent,
-                 QPoint at)
+                 QPoint at, const std::string& text)
 {
     QMenu menu(parent);
+    menu.setObjectName(QStringLiteral("picturemenu"));
     const QAction* const picture = menu.addAction(QObject::tr("&Copy picture"));
     const QAction* const svg = menu.addAction(QObject::tr("Copy as &SVG"));
+    QAction* const words = menu.addAction(QObject::tr("Copy as &text"));
+    words->setVisible(!text.empty());
     const QAction* const save = menu.addAction(QObject::tr("Sa&ve picture..."));
     const Drawing copied = drawing;  // a pass may bring another one meanwhile
     const QAction* const chosen = menu.exec(at);
@@ -79,6 +83,8 @@ void PictureMenu(const Drawing& drawing, const std::string& name, Session& sessi
         QApplication::clipboard()->setMimeData(CopyAsPicture(copied).release());
     } else if (chosen == svg) {
         QApplication::clipboard()->setMimeData(CopyAsSvg(copied).release());
+    } else if (chosen == words) {
+        QApplication::clipboard()->setText(ToQt(text));
     } else if (chosen == save) {
         Save(copied, name, session, parent);
     }

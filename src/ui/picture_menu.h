@@ -1,6 +1,7 @@
 #pragma once
 
-// The menu of a picture: copied as a picture or as SVG, saved as a file.
+// The menu of a picture: copied as a picture, as SVG, or as the text that says the same; saved as a
+// file.
 
 #include "app/session.h"
 #include "report/drawing.h"
@@ -15,9 +16,9 @@ class QWidget;
 
 namespace kestrum {
 
-// Opens the menu; `name` is proposed for the file. A failure is told.
+// Opens the menu; `name` is proposed for the file. A failure is told. Without `text` there is none.
 void PictureMenu(const Drawing& drawing, const std::string& name, Session& session, QWidget* parent,
-                 QPoint at);
+                 QPoint at, const std::string& text = {});
 
 // What goes to the clipboard: the picture on white paper, and the SVG document as such and as text.
 std::unique_ptr<QMimeData> CopyAsPicture(const Drawing& drawing);

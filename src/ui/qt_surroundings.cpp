@@ -151,8 +151,14 @@ bool QtSurroundings::Print(const std::vector<Drawing>& pages)
 
 bool QtSurroundings::OpenDocument(const std::string& path)
 {
-    return QFileInfo::exists(ToQt(path)) && HasProgramFor(ToQt(path)) &&
-           QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(path)));
+    const QString whole = ToQt(path);
+    const qsizetype place = whole.lastIndexOf(QLatin1String("#nameddest="));
+    const QString file = place < 0 ? whole : whole.left(place);
+    QUrl url = QUrl::fromLocalFile(file);
+    if (place >= 0) {
+        url.setFragment(whole.mid(place + 1));
+    }
+    return QFileInfo::exists(file) && HasProgramFor(file) && QDesktopServices::openUrl(url);
 }
 
 std::string QtSurroundings::Date()

@@ -30,14 +30,17 @@ RecoveryBar::RecoveryBar(Desk& desk, QWidget* parent)
     QPushButton* const restore = AddButton("recoveryrestore", tr("Re&store"));
     QPushButton* const discard = AddButton("recoverydiscard", tr("Disc&ard"));
     QPushButton* const later = AddButton("recoverylater", tr("La&ter"));
-    restore->setToolTip(tr("Makes it the current project; Undo goes back to the one before"));
+    restore->setToolTip(
+        tr("Makes it the current project, which Undo takes back; a table of members is "
+           "opened in its window"));
     discard->setToolTip(tr("Deletes it"));
     later->setToolTip(tr("Keeps it for the next start"));
     for (QPushButton* const button : {restore, discard, later}) {
         row->addWidget(button);
     }
     connect(restore, &QPushButton::clicked, this, [this] {
-        if (TakeUp(desk_.session, works_.front())) {
+        LeftWork& work = works_.front();
+        if (work.table ? desk_.taketable(work) : TakeUp(desk_.session, work)) {
             DropFirst();
         }
     });
@@ -71,8 +74,10 @@ void RecoveryBar::ShowFirst()
     }
     const LeftWork& work = works_.front();
     const QString project = ToQt(work.project);
-    const QString name =
-        work.project == kNewFile ? tr("a project without a file") : QFileInfo(project).fileName();
+    const QString name = !project.isEmpty() && work.project != kNewFile
+                             ? QFileInfo(project).fileName()
+                         : work.table ? tr("a table of members without a file")
+                                      : tr("a project without a file");
     QString text = tr("Work that was not saved: %1, %2").arg(name, ToQt(work.when));
     if (works_.size() > 1) {
         text += tr("  (1 of %1)").arg(works_.size());

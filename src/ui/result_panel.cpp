@@ -441,26 +441,57 @@ QString ResultPanel::TextOf(Part part) const
     return text;
 }
 
+std::optional<ResultRow> ResultPanel::ChosenRow() const
+{
+    int number = 0;
+    for (const PanelGroup& group : groups_) {
+        for (std::size_t i = 0; i < group.block.size(); ++i, ++number) {
+            if (number == chosen_) {
+                return group.utilisation[i] ? group.block[i].row : std::nullopt;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+void ResultPanel::Open()
+{
+    if (const std::optional<ResultRow> row = ChosenRow()) {
+        explained(*row);
+    } else {
+        opened();
+    }
+}
+
+// As Choose, by the user.
+void ResultPanel::Pick(int line)
+{
+    Choose(line);
+    if (const std::optional<ResultRow> row = ChosenRow()) {
+        picked(*row);
+    }
+}
+
 void ResultPanel::mousePressEvent(QMouseEvent* event)
 {
-    Choose(LineAt(event->position()));
+    Pick(LineAt(event->position()));
 }
 
 void ResultPanel::mouseDoubleClickEvent(QMouseEvent*)
 {
-    opened();
+    Open();
 }
 
 void ResultPanel::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
     case Qt::Key_Up:
-        return Choose(chosen_ - 1);
+        return Pick(chosen_ - 1);
     case Qt::Key_Down:
-        return Choose(chosen_ + 1);
+        return Pick(chosen_ + 1);
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return opened();
+        return Open();
     default:
         if (event->matches(QKeySequence::Copy)) {
             return QApplication::clipboard()->setText(TextOf(Part::line));
@@ -482,10 +513,14 @@ void ResultPanel::contextMenuEvent(QContextMenuEvent* event)
     const QAction* const copyline = menu.addAction(tr("Copy &row"));
     const QAction* const copyall = menu.addAction(tr("Copy &all"));
     menu.addSeparator();
-    const QAction* const cases = menu.addAction(tr("&Combinations..."));
+    QAction* const equations = menu.addAction(tr("&Equations..."));
+    equations->setEnabled(ChosenRow().has_value());
+    const QAction* const cases = menu.addAction(tr("Com&binations..."));
     const QAction* const chosen = menu.exec(event->globalPos());
     if (chosen == cases) {
         opened();
+    } else if (chosen == equations) {
+        Open();
     } else if (chosen != nullptr) {
         QApplication::clipboard()->setText(chosen == copyvalue  ? value
                                            : chosen == copyline ? line

@@ -31,8 +31,12 @@ public:
     // A widget in the lower right corner.
     void SetCorner(QWidget* corner);
 
-    // Enter or a double click: the combinations behind a ratio of the standard.
+    // Enter or a double click: the equations behind a row; on a head, the combinations behind the
+    // ratio of the standard.
+    std::function<void(ResultRow)> explained = [](ResultRow) {};
     std::function<void()> opened = [] {};
+    // A row was chosen.
+    std::function<void(ResultRow)> picked = [](ResultRow) {};
 
     // The ratio of a line; the line; all of it. Lines count through all blocks.
     enum class Part { value, line, all };
@@ -51,6 +55,9 @@ protected:
 
 private:
     int LineAt(QPointF at) const;
+    std::optional<ResultRow> ChosenRow() const;
+    void Open();
+    void Pick(int line);
     bool CornerBelow() const;
 
     std::vector<PanelGroup> groups_;

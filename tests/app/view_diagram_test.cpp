@@ -3,6 +3,7 @@
 #include "app/session_fixture.h"
 #include "report/member_drawing.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestrum {
@@ -38,6 +39,21 @@ TEST(Reading, TellsTheDeflection)
     program.edit().loadmode = 0;
     program.session.Calculate();
     EXPECT_EQ(DeflectionReading(program.session.shown(), LoadAxis::z, PlaceOf(0.5)), "");
+}
+
+// 10 kN/m on 5 m: V = 25 kN at the start, M = 10 2.5^2/2 = 31.25 kNm in the middle, the row behind
+// 25 others and the head.
+TEST(DiagramTable, HasTheValuesOfEveryPlace)
+{
+    Program program;
+    const std::string text = DiagramTable(program.session.shown(), LoadAxis::z, {});
+    EXPECT_EQ(text.substr(0, text.find('\n')), "x m\tMy kNm\tVz kN\tdz mm");
+    EXPECT_NE(text.find("\n0.000\t0.00\t25.00\t0.00\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("\n2.500\t31.25\t0.00\t"), std::string::npos);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 52);
+    const Utilisation along{AlongMember{}, {}, 1};
+    const std::string used = DiagramTable(program.session.shown(), LoadAxis::y, along);
+    EXPECT_EQ(used.substr(0, used.find('\n')), "x m\tMz kNm\tVy kN\tdy mm\tIR");
 }
 
 }  // namespace

@@ -8,12 +8,14 @@
 #include "ui/text.h"
 
 #include <QApplication>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace kestrum {
@@ -36,19 +38,40 @@ bool Scrolled(const QWidget& widget, const QWidget& top)
     return false;
 }
 
-int TextWidthOf(const QWidget& widget)
+// The room that the text of a widget needs at least; a text of several lines needs its height in
+// the width that it has.
+QSize NeedOf(const QWidget& widget)
 {
+    const QFontMetrics metrics = widget.fontMetrics();
     if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
-        return label->wordWrap() ? 0 : label->fontMetrics().size(0, label->text()).width();
+        const bool gives = label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
+        if (label->text().isEmpty()) {
+            return {};
+        }
+        return label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
+                                 : QSize(gives ? 0 : metrics.size(0, label->text()).width(),
+                                         label->sizeHint().height());
+    }
+    if (qobject_cast<const QToolButton*>(&widget) != nullptr) {
+        return widget.sizeHint();
     }
     if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) {
-        return button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
+        const bool fixed = button->minimumWidth() == button->maximumWidth();  // "..."
+        return {fixed ? metrics.size(Qt::TextShowMnemonic, button->text()).width()
+                      : button->sizeHint().width(),
+                button->sizeHint().height()};
     }
     if (const auto* const box = qobject_cast<const BoxEdit*>(&widget)) {
         constexpr int kFrame = 4;  // the frame and the cursor's margin
-        return box->fontMetrics().horizontalAdvance(box->text()) + kFrame;
+        return {metrics.horizontalAdvance(box->text()) + kFrame, metrics.height() + kFrame};
     }
-    return 0;
+    if (const auto* const list = qobject_cast<const QComboBox*>(&widget)) {
+        return {0, list->sizeHint().height()};
+    }
+    if (const auto* const group = qobject_cast<const QGroupBox*>(&widget)) {
+        return {metrics.size(Qt::TextShowMnemonic, group->title().trimmed()).width(), 0};
+    }
+    return {};
 }
 
 // What does not fit in a window, by name.
@@ -59,8 +82,14 @@ std::string Misfits(QWidget& top)
         if (!widget->isVisible() || widget->window() != &top) {
             continue;
         }
-        if (TextWidthOf(*widget) > widget->width()) {
-            misfits << NameOf(*widget) + QStringLiteral(" has no room for its text");
+        if (const QSize need = NeedOf(*widget);
+            need.width() > widget->width() || need.height() > widget->height()) {
+            misfits << QStringLiteral("%1 has %2x%3 for %4x%5")
+                           .arg(NameOf(*widget))
+                           .arg(widget->width())
+                           .arg(widget->height())
+                           .arg(need.width())
+                           .arg(need.height());
         }
         if (!Scrolled(*widget, top) &&
             !widget->parentWidget()->rect().contains(widget->geometry())) {
@@ -142,6 +171,11 @@ TEST_P(Layout, OfTheMainWindowHoldsAtItsSmallest)
     PlainDesktop desktop;
     desktop.window->resize(desktop.window->minimumSizeHint());
     Desktop::Settle();
+    EXPECT_EQ(Misfits(*desktop.window), "");
+    desktop.session.edit().nload[1] = 1e6F;  // a calculation that fails tells so in some lines
+    desktop.session.Calculate();
+    Desktop::Settle();
+    ASSERT_TRUE(desktop.session.failed());
     EXPECT_EQ(Misfits(*desktop.window), "");
 }
 
@@ -233,6 +267,6 @@ TEST_F(LayoutDesktop, LongNamesDoNotWidenTheWindow)
     EXPECT_EQ(window->minimumSizeHint().width(), before);
 }
 
-INSTANTIATE_TEST_SUITE_P(FontSizes, Layout, testing::Values(9.0, 14.0, 20.0));
+INSTANTIATE_TEST_SUITE_P(FontSizes, Layout, testing::Values(9.0, 12.0, 16.0, 20.0));
 
 }  // namespace kestrum

@@ -3,6 +3,7 @@
 
 #include "ui/desktop.h"
 
+#include "app/aside.h"
 #include "core/file_io.h"
 #include "core/project_state.h"
 #include "ui/members_window.h"
@@ -10,6 +11,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QTableView>
@@ -232,6 +234,55 @@ TEST_F(Members, SavesWholeAndAsksBeforeWorkIsLost)
     EXPECT_EQ(bytes, kTable);
     script.answer = Answer::no;
     EXPECT_TRUE(members.close());
+}
+
+// What a killed window leaves behind: the lock of its file goes with it.
+TEST_F(Members, UnsavedEditsAreOfferedAtTheNextStart)
+{
+    const std::string state = FromQt(folder.filePath(QStringLiteral("state")));
+    std::string edited;
+    {
+        Aside aside(state);
+        session.aside = &aside;
+        Select(0, Of("l"));
+        QApplication::clipboard()->setText(QStringLiteral("7.5"));
+        Press(Qt::Key_V, Qt::ControlModifier);
+        edited = Text();
+        session.aside = nullptr;
+    }
+    EXPECT_THAT(edited, testing::HasSubstr("B1,IPE 300,S355,7.5,10"));
+    ASSERT_TRUE(members.OpenTable(path));
+    window->OfferWork(FindLeftWork(state));
+    EXPECT_TRUE(Desktop::Find<QLabel>(QStringLiteral("recoverytext"))
+                    .text()
+                    .startsWith(QStringLiteral("Work that was not saved: frame.csv, ")));
+    Click(QStringLiteral("recoveryrestore"));
+    Wait();
+    EXPECT_EQ(Text(), edited);
+    EXPECT_TRUE(members.isWindowModified());
+    EXPECT_TRUE(FindLeftWork(state).empty());
+    Press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(script.questions.empty());  // the file is the one that the edits were made upon
+    std::string bytes;
+    ASSERT_EQ(ReadWholeFile(path, bytes), "");
+    EXPECT_EQ(bytes, edited);
+}
+
+TEST_F(Members, SavedOrDroppedEditsAreNotOffered)
+{
+    const std::string state = FromQt(folder.filePath(QStringLiteral("state")));
+    {
+        Aside aside(state);
+        session.aside = &aside;
+        Press(Qt::Key_Minus, Qt::ControlModifier);
+        Press(Qt::Key_S, Qt::ControlModifier);
+        aside.Settle();
+        Press(Qt::Key_Minus, Qt::ControlModifier);
+        script.answer = Answer::no;
+        EXPECT_TRUE(members.close());
+        session.aside = nullptr;
+    }
+    EXPECT_TRUE(FindLeftWork(state).empty());
 }
 
 }  // namespace kestrum

@@ -4,7 +4,6 @@
 #include "ui/desktop.h"
 
 #include "app/file_commands.h"
-#include "app/view_panel.h"
 #include "core/project_file.h"
 #include "render/export.h"
 #include "report/diagrams.h"
@@ -56,7 +55,6 @@ TEST_F(Program, StartsWithACalculatedDefaultMember)
     EXPECT_EQ(state().family, 1);
     EXPECT_EQ(Find<QLineEdit>(QStringLiteral("il")).text(), QStringLiteral("5.000"));
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Kestrum EC3: New File"));
-    EXPECT_TRUE(LargestUtilisation(session.shown()).has_value());
     EXPECT_FALSE(Find<QLabel>(QStringLiteral("txtError")).isVisible());
     EXPECT_TRUE(Find<ResultPanel>(QStringLiteral("pic_result"))
                     .accessibleDescription()

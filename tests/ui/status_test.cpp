@@ -141,11 +141,43 @@ TEST_F(Status, PanelIsReadAndCopiedFromTheKeyboard)
     EXPECT_TRUE(panel.TextOf(ResultPanel::Part::all).contains(line));
     QTest::keyClick(&panel, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), line);
+    panel.Choose(0);
     QTest::keyClick(&panel, Qt::Key_Return);
     auto& table = Find<QTableWidget>(QStringLiteral("combinationtable"));
     EXPECT_TRUE(table.isVisible());
     EXPECT_GT(table.rowCount(), 0);
     EXPECT_EQ(table.selectionModel()->selectedRows().size(), 1);
+}
+
+// HEA, the default member: M = 10 5^2/8 = 31.25 kNm. The equations follow the row that is chosen
+// and every pass, and name the chapter of the manual.
+TEST_F(Status, ARowOpensItsEquations)
+{
+    auto& panel = Find<ResultPanel>(QStringLiteral("pic_result"));
+    panel.setFocus();
+    panel.Choose(0);
+    QTest::keyClick(&panel, Qt::Key_Down);
+    QTest::keyClick(&panel, Qt::Key_Return);
+    Settle();
+    auto& form = Find<Form>(QStringLiteral("equations"));
+    EXPECT_TRUE(form.isVisible());
+    const auto text = [&](const char* name) {
+        return Find<QWidget>(QLatin1String(name), &form).accessibleDescription();
+    };
+    EXPECT_TRUE(text("equationsprogram").contains(QStringLiteral("31.2")));
+    EXPECT_TRUE(text("equationsprogram").contains(QStringLiteral("[6.2.5")));
+    EXPECT_TRUE(text("equationsstandard").contains(QStringLiteral("[6.2.5")));
+    const QString before = form.windowTitle(), moment = text("equationsprogram");
+    session.edit().qload[1] = 20;
+    session.Calculate();
+    EXPECT_TRUE(text("equationsprogram").contains(QStringLiteral("62.5")));
+    QTest::keyClick(&panel, Qt::Key_Down);
+    EXPECT_NE(form.windowTitle(), before);
+    EXPECT_NE(text("equationsprogram"), moment);
+    Click(QStringLiteral("equationsmanual"), &form);
+    ASSERT_EQ(script.opened.size(), 1U);
+    EXPECT_THAT(script.opened[0],
+                testing::StartsWith("/nowhere/Kestrum EC3 Theory Manual.pdf#nameddest="));
 }
 
 // Grey until the next good file, also through calculations in between.

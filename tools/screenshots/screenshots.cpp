@@ -114,6 +114,7 @@ void FillProject(Session& session)
 
 void TakeMain(Photographer& camera, Desk& desk, const QString& suffix)
 {
+    desk.store.settings().setValue(QStringLiteral("Forms/Docked"), true);
     MainWindow window(desk);
     window.Start({});
     FillProject(desk.session);
