@@ -1,10 +1,18 @@
 #!/bin/sh
 # Installs what is missing, builds, checks the example project, prints the result and opens the desktop
 # where there is a display. Quick when nothing is left to do.
+#   ./run.sh           asks before it installs packages, where somebody is there to answer
+#   ./run.sh --yes     installs them without asking
 set -eu
 cd "$(dirname "$(readlink -f "$0")")" # also when called through a link
 . tools/lib/setup.sh
 
+yes=
+case "${1:-}" in
+"") ;;
+--yes | -y) yes=1 ;;
+*) die "unknown option $1; known is --yes" ;;
+esac
 install_packages build desktop
 
 build=build/release
