@@ -8,6 +8,7 @@
 set -eu
 cd "$(dirname "$(readlink -f "$0")")" # also when called through a link
 . tools/lib/setup.sh
+yes=1 # tests run where nobody answers
 
 # Qt and the tests find their folders on machines without a login session.
 XDG_RUNTIME_DIR=$(mktemp -d)
@@ -57,7 +58,7 @@ tools/check-format || die "run tools/check-format --fix"
 tools/check-families || die "a section family is decided by its number; sections/families.h has its row"
 tools/check-deviations || die "the deviation numbers in code, tests and docs/deviations.md differ"
 
-build_and_test release -DKESTRUM_TESTS=ON -DKESTRUM_BENCH=ON
+build_and_test release -DKESTRUM_TESTS=ON -DKESTRUM_BENCH=ON -DKESTRUM_TESTS_TOGETHER=ON
 tools/check-readme build/release/bin || die "README.md does not tell what the program does"
 tools/field-docs --check build/release/bin/kestrum || die "docs/file-format.md or the schema is not current"
 tools/lib/manual_sources.py check build/release/bin/kestrum || die "docs/theory does not tell what the program shows"
@@ -65,7 +66,7 @@ tools/check-hardening build/release || die "a delivered program is not hardened"
 # Formulas run under the sanitizers in whole passes, in the fuzzers and, with --full, in their own tests.
 formulas=OFF
 [ "${1:-}" != --full ] || formulas=ON
-build_and_test sanitize -DKESTRUM_FORMULA_TESTS=$formulas
+build_and_test sanitize -DKESTRUM_FORMULA_TESTS=$formulas -DKESTRUM_TESTS_TOGETHER=ON
 say "Fuzz smoke run"
 tools/fuzz --smoke || die "a fuzzer found a fault"
 

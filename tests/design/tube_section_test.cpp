@@ -25,7 +25,7 @@ ProjectState Tube(float diameter, float wall, float fyk = 355)
     return s;
 }
 
-void Control(ProjectState& s, const EndForces& forces)
+void ControlUnder(ProjectState& s, const EndForces& forces)
 {
     SetForces(s, forces);
     ControlTube(s, s, s, s, s, s);
@@ -34,7 +34,7 @@ void Control(ProjectState& s, const EndForces& forces)
 TEST(ControlTube, CompressionAndBothMoments)
 {
     ProjectState s = Tube(300, 10);
-    Control(s, {500, 60, 40, 200, 0});
+    ControlUnder(s, {500, 60, 40, 200, 0});
     EXPECT_EQ(s.classn, 1);  // 30 < 50 eps^2 = 33.10
     ExpectDigits(s.nplrd, 3234, "9111*355/1000");
     EXPECT_EQ(s.ncrd, s.nplrd);
@@ -56,7 +56,7 @@ TEST(ControlTube, CompressionAndBothMoments)
 TEST(ControlTube, ExponentsAreTwoWithOneDecimalUnderAxialForce)
 {
     ProjectState s = Tube(300, 10);
-    Control(s, {500, 200, 200, 0, 0});  // 2*(200/286.2)^2 = 0.9767
+    ControlUnder(s, {500, 200, 200, 0, 0});  // 2*(200/286.2)^2 = 0.9767
     ExpectRow(SectionRow(s, 2),
               {0.977,
                "IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
@@ -64,7 +64,7 @@ TEST(ControlTube, ExponentsAreTwoWithOneDecimalUnderAxialForce)
                {200, 286.2, 2, 200, 286.2, 2},
                " (0.00L; Ch 6.2.9)"},
               3);
-    Control(s, {0, 200, 200, 0, 0});  // 2*(200/298.7)^2 = 0.8967
+    ControlUnder(s, {0, 200, 200, 0, 0});  // 2*(200/298.7)^2 = 0.8967
     ExpectRow(SectionRow(s, 2),
               {0.897,
                "IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ",
@@ -77,7 +77,7 @@ TEST(ControlTube, ExponentsAreTwoWithOneDecimalUnderAxialForce)
 TEST(ControlTube, ShearReducesTheMoment)
 {
     ProjectState s = Tube(300, 10);
-    Control(s, {0, 60, 0, 700, 0});
+    ControlUnder(s, {0, 60, 0, 700, 0});
     ExpectDigits(s.myrdv, 289.2, "298.7*(1 - (2*700/1189 - 1)^2), rho = 0.0316");
     EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/MV,y,Rd = ");
     EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.8)");
@@ -86,10 +86,10 @@ TEST(ControlTube, ShearReducesTheMoment)
 TEST(ControlTube, AxialForceAloneIsPlacedAtTheFirstSection)
 {
     ProjectState s = Tube(300, 10);
-    Control(s, {-500, 0, 0, 0, 0});
+    ControlUnder(s, {-500, 0, 0, 0, 0});
     ExpectRow(SectionRow(s, 1),
               {0.1546, "IR = NEd/NRd = ", "{F}/{F} = ", {-500, 3234}, " (0.00L; Ch 6.2.3)"});
-    Control(s, {500, 0, 0, 0, 0});
+    ControlUnder(s, {500, 0, 0, 0, 0});
     EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.4)");
 }
 
@@ -97,7 +97,7 @@ TEST(ControlTube, FullShearLeavesNoMomentAndEndsTheCalculation)
 {
     ProjectState s = Tube(300, 10);
     std::feclearexcept(FE_ALL_EXCEPT);
-    Control(s, {0, 60, 0, 1.1 * s.vzrd, 0});
+    ControlUnder(s, {0, 60, 0, 1.1 * s.vzrd, 0});
     EXPECT_TRUE(std::fetestexcept(FE_DIVBYZERO));
 }
 
@@ -164,7 +164,7 @@ TEST(CalcResistanceTube, D175ClassFourKeepsAreaAndElasticModulus)
     EXPECT_EQ(s.aeff, s.a);
     EXPECT_EQ(s.ncrd, s.nplrd);
     EXPECT_EQ(s.myrd, s.melyrd);
-    Control(s, {1000, 100, 0, 0, 0});
+    ControlUnder(s, {1000, 100, 0, 0, 0});
     EXPECT_NEAR(s.irrow2, 1000 / s.nplrd + 100 / s.melyrd, 1e-9);
 }
 
@@ -172,7 +172,7 @@ TEST(ControlTube, D176ShearForcesActEachForItself)
 {
     ProjectState s = Tube(300, 10);
     const double v = 0.8 * s.vzrd;
-    Control(s, {0, 10, 10, v, v});
+    ControlUnder(s, {0, 10, 10, v, v});
     EXPECT_NEAR(s.irrow3, 0.8, 1e-9);  // the resultant: 1.131
     EXPECT_NEAR(s.myrdv, s.myrd * (1 - 0.36), 1e-9);
     EXPECT_NEAR(s.mzrdv, s.mzrd * (1 - 0.36), 1e-9);
@@ -185,9 +185,9 @@ TEST(TubeLaws, AxesMayBeExchanged)
     for (const float wall : {4.0f, 6.0f, 8.0f, 12.0f}) {
         for (const double n : {-400.0, 0.0, 400.0}) {
             ProjectState s = Tube(300, wall);
-            Control(s, {n, 50, 20, 300, 100});
+            ControlUnder(s, {n, 50, 20, 300, 100});
             ProjectState t = Tube(300, wall);
-            Control(t, {n, 20, 50, 100, 300});
+            ControlUnder(t, {n, 20, 50, 100, 300});
             EXPECT_EQ(s.irrow1, t.irrow1);
             EXPECT_NEAR(s.irrow2, t.irrow2, 1e-12);
             EXPECT_EQ(s.irrow3, t.irrow3);
@@ -200,10 +200,10 @@ TEST(TubeLaws, MomentMayTurnAboutTheAxis)
 {
     ProjectState s = Tube(300, 10);
     const double m = 200;
-    Control(s, {500, 0, m, 0, 0});
+    ControlUnder(s, {500, 0, m, 0, 0});
     const double along = s.irrow2;
     for (const double angle : {0.2, 0.5, 0.785, 1.1}) {
-        Control(s, {500, m * std::cos(angle), m * std::sin(angle), 0, 0});
+        ControlUnder(s, {500, m * std::cos(angle), m * std::sin(angle), 0, 0});
         const double sum =
             s.myed / s.mnyrd * (s.myed / s.mnyrd) + s.mzed / s.mnzrd * (s.mzed / s.mnzrd);
         EXPECT_NEAR(sum, along * along, 1e-6);
