@@ -2,6 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/member_choices.h"
+#include "core/wide.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,46 +33,56 @@ void Take(Extremes& e, double value, double x)
     }
 }
 
-// Four ordinates at a time; the last four take some of those before once more.
-constexpr std::size_t kLanes = 4;
+// Eight ordinates at a time; the last eight take some of those before once more.
+constexpr std::size_t kLanes = 8;
 using Lanes [[gnu::vector_size(kLanes * sizeof(float))]] = float;
-
-Lanes LanesAt(const Diagram& line, std::size_t j)
-{
-    Lanes lanes;
-    std::memcpy(&lanes, &line[j], sizeof lanes);
-    return lanes;
-}
 
 // The largest and the least ordinate, 0 where all lie on the other side.
 struct Bounds {
     float most = 0, least = 0;
 };
 
-// Of the points first to last, four at least.
-Bounds BoundsOf(const Diagram& line, std::size_t first, std::size_t last)
+// Of the points first to last, eight at least.
+KESTRUM_WIDE Bounds BoundsOf(const Diagram& line, std::size_t first, std::size_t last)
 {
-    Lanes most{}, least{};
-    const auto take = [&](Lanes four) {
-        most = four > most ? four : most;
-        least = four < least ? four : least;
+    Lanes most{}, least{}, some;
+    const auto take = [&](const Lanes& high, const Lanes& low) {
+        most = high > most ? high : most;
+        least = low < least ? low : least;
     };
     for (std::size_t j = first; j + kLanes <= last + 1; j += kLanes) {
-        take(LanesAt(line, j));
+        std::memcpy(&some, &line[j], sizeof some);
+        take(some, some);
     }
-    take(LanesAt(line, last + 1 - kLanes));
-    Bounds bounds;
-    for (std::size_t i = 0; i < kLanes; ++i) {
-        bounds.most = std::max(bounds.most, most[i]);
-        bounds.least = std::min(bounds.least, least[i]);
-    }
-    return bounds;
+    std::memcpy(&some, &line[last + 1 - kLanes], sizeof some);
+    take(some, some);
+    // Halves of what is left on each other.
+    take(__builtin_shufflevector(most, most, 4, 5, 6, 7, 0, 1, 2, 3),
+         __builtin_shufflevector(least, least, 4, 5, 6, 7, 0, 1, 2, 3));
+    take(__builtin_shufflevector(most, most, 2, 3, 0, 1, 6, 7, 4, 5),
+         __builtin_shufflevector(least, least, 2, 3, 0, 1, 6, 7, 4, 5));
+    take(__builtin_shufflevector(most, most, 1, 0, 3, 2, 5, 4, 7, 6),
+         __builtin_shufflevector(least, least, 1, 0, 3, 2, 5, 4, 7, 6));
+    return {most[0], least[0]};
 }
 
-// x/L of the first point with this ordinate, which the line has.
+// x/L of the first point with this ordinate, which the line has. Lines often are extreme at an end
+// or in the middle.
 double PlaceOf(const Diagram& line, float ordinate)
 {
-    const auto at = std::find(line.begin(), line.end(), ordinate) - line.begin();
+    std::size_t j = 0;
+#ifdef __SSE__
+    constexpr std::size_t kFour = 4;
+    using Four [[gnu::vector_size(kFour * sizeof(float))]] = float;
+    for (Four some; j + kFour <= line.size(); j += kFour) {
+        std::memcpy(&some, &line[j], sizeof some);
+        if (__builtin_ia32_movmskps(Four(some == ordinate)) != 0) {
+            break;
+        }
+    }
+#endif
+    const auto from = line.begin() + static_cast<std::ptrdiff_t>(j);
+    const auto at = std::find(from, line.end(), ordinate) - line.begin();
     return static_cast<double>(at) / kLast;
 }
 
@@ -271,11 +282,11 @@ void FindExtremes(const Inputs& in, Forces& forces)
     forces.vymin = vy.min;
     forces.xvymax = vy.xmax;
     forces.xvymin = vy.xmin;
-    const Extremes dz = ExtremesOf(forces.dzdiag), dy = ExtremesOf(forces.dydiag);
-    forces.dzmax = dz.max;
-    forces.dzmin = dz.min;
-    forces.dymax = dy.max;
-    forces.dymin = dy.min;
+    const Bounds dz = BoundsOf(forces.dzdiag, 0, kLast), dy = BoundsOf(forces.dydiag, 0, kLast);
+    forces.dzmax = dz.most;
+    forces.dzmin = dz.least;
+    forces.dymax = dy.most;
+    forces.dymin = dy.least;
 
     SetQuarterPoints(forces);
     SetZeroCrossings(in, forces);

@@ -3,6 +3,7 @@
 #include "analysis/beam_formulas.h"
 #include "core/arithmetic_trap.h"
 #include "core/member_choices.h"
+#include "core/wide.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -177,7 +178,7 @@ void AddPointLoads(const Span& span, const std::array<PointResponse, N>& loads, 
     }
 }
 
-void Store(const Span& span, const Sums& sums, LoadLines& lines)
+KESTRUM_WIDE void Store(const Span& span, const Sums& sums, LoadLines& lines)
 {
     std::transform(sums.m.begin(), sums.m.end(), lines.m.begin(), F32);
     std::transform(sums.v.begin(), sums.v.end(), lines.v.begin(), F32);
@@ -192,7 +193,7 @@ void Store(const Span& span, const Sums& sums, LoadLines& lines)
 
 }  // namespace
 
-Span SpanOf(const Inputs& in, const Forces& forces)
+KESTRUM_WIDE Span SpanOf(const Inputs& in, const Forces& forces)
 {
     // The numbers of the points, ready as double.
     static constexpr std::array<double, kDiagramPoints> kPoints = [] {
@@ -216,7 +217,7 @@ Span SpanOf(const Inputs& in, const Forces& forces)
     return span;
 }
 
-void UniformLines(const Span& span, double q, LoadLines& lines)
+KESTRUM_WIDE void UniformLines(const Span& span, double q, LoadLines& lines)
 {
     Sums sums;
     const Shares shares = SharesOf(span);
@@ -231,7 +232,7 @@ void UniformLines(const Span& span, double q, LoadLines& lines)
     Store(span, sums, lines);
 }
 
-void ForceLines(const Span& span, double p, double a, LoadLines& lines)
+KESTRUM_WIDE void ForceLines(const Span& span, double p, double a, LoadLines& lines)
 {
     Sums sums;
     const Shares shares = SharesOf(span);

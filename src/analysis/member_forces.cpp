@@ -4,6 +4,7 @@
 #include "analysis/load_table.h"
 #include "core/arithmetic_trap.h"
 #include "core/load_combination.h"
+#include "core/wide.h"
 #include "sections/families.h"
 
 #include <algorithm>
@@ -36,10 +37,31 @@ void AddFactored(std::array<double, N>& sum, double factor, const std::array<flo
     }
 }
 
+// Forces with the one factor, deflections with the other.
+KESTRUM_WIDE void AddLoad(Sums& sums, const LoadLines& lines, double factor, double deflection)
+{
+    AddFactored(sums.m, factor, lines.m);
+    AddFactored(sums.v, factor, lines.v);
+    AddFactored(sums.msec, factor, lines.msec);
+    AddFactored(sums.vsec, factor, lines.vsec);
+    AddFactored(sums.d, deflection, lines.d);
+}
+
 template <std::size_t N>
 void StoreSingle(const std::array<double, N>& sum, std::array<float, N>& line)
 {
     std::transform(sum.begin(), sum.end(), line.begin(), F32);
+}
+
+KESTRUM_WIDE void StoreDiagrams(const Sums& y, const Sums& z, Forces& forces)
+{
+    StoreSingle(y.m, forces.mydiag);
+    StoreSingle(y.v, forces.vzdiag);
+    StoreSingle(y.d, forces.dzdiag);
+    StoreSingle(z.m, forces.mzdiag);
+    StoreSingle(z.v, forces.vydiag);
+    StoreSingle(z.d, forces.dydiag);
+    StoreSingle(z.msec, forces.mzsec);
 }
 
 // Axial force and the sum of uniform loads.
@@ -77,22 +99,12 @@ void Combine(const Inputs& in, const AnnexFactors& annex, const SectionRecord& s
         }
         Sums& sums = load.axis == BendingAxis::y ? y : z;
         const double factor = FactorOf(strength, load.category);
-        AddFactored(sums.m, factor, load.lines.m);
-        AddFactored(sums.v, factor, load.lines.v);
-        AddFactored(sums.msec, factor, load.lines.msec);
-        AddFactored(sums.vsec, factor, load.lines.vsec);
         const double scale = load.axis == BendingAxis::y ? scaley : scalez;
-        AddFactored(sums.d, FactorOf(service, load.category) * scale, load.lines.d);
+        AddLoad(sums, load.lines, factor, FactorOf(service, load.category) * scale);
     }
-    StoreSingle(y.m, forces.mydiag);
-    StoreSingle(y.v, forces.vzdiag);
-    StoreSingle(y.d, forces.dzdiag);
+    StoreDiagrams(y, z, forces);
     forces.mysec = y.msec;
     forces.vzsec = y.vsec;
-    StoreSingle(z.m, forces.mzdiag);
-    StoreSingle(z.v, forces.vydiag);
-    StoreSingle(z.d, forces.dydiag);
-    StoreSingle(z.msec, forces.mzsec);
     forces.vysec = z.vsec;
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
+#include <utility>
 
 namespace kestrum {
 
@@ -16,6 +17,13 @@ double& Ratio(SectionChecks& checks, ResultRow row)
     return *ratios[static_cast<std::size_t>(row)];
 }
 
+// What was calculated at a check section: the checks of both moments ask again.
+struct Known {
+    static constexpr i16 kUnknown = -1;
+    i16 classy = kUnknown, classz = kUnknown;      // under the axial force
+    i16 reducedy = kUnknown, reducedz = kUnknown;  // class for which the moment was reduced
+};
+
 // The walk at one check section.
 struct Section {
     const Inputs& in;
@@ -25,6 +33,7 @@ struct Section {
     SectionChecks& checks;
     const SectionRoutines& routines;
     double x;  // x/L
+    Known& known;
 
     // Single moments call the resistance "MV" from half the shear resistance on, combinations
     // beyond it.
@@ -53,20 +62,30 @@ struct Section {
     void ReduceMy(i16 cls) const
     {
         checks.classmyuse = cls;
-        routines.reduce_my(in, section, resistances, forces, checks);
+        if (cls != std::exchange(known.reducedy, cls)) {
+            routines.reduce_my(in, section, resistances, forces, checks);
+        }
     }
     void ReduceMz(i16 cls) const
     {
         checks.classmyuse = cls;
-        routines.reduce_mz(in, section, resistances, forces, checks);
+        if (cls != std::exchange(known.reducedz, cls)) {
+            routines.reduce_mz(in, section, resistances, forces, checks);
+        }
     }
     i16 ClassY() const
     {
-        return routines.class_y(in, section, checks, F32(forces.ned), F32(checks.myed));
+        if (known.classy == Known::kUnknown) {
+            known.classy = routines.class_y(in, section, checks, F32(forces.ned), F32(checks.myed));
+        }
+        return known.classy;
     }
     i16 ClassZ() const
     {
-        return routines.class_z(in, section, checks, F32(forces.ned), F32(checks.mzed));
+        if (known.classz == Known::kUnknown) {
+            known.classz = routines.class_z(in, section, checks, F32(forces.ned), F32(checks.mzed));
+        }
+        return known.classz;
     }
 
     // Takes the check with what the shear force reduces in it.
@@ -279,7 +298,9 @@ void ControlSection(const Inputs& in, SectionRecord& section, Resistances& resis
         if (routines.enter) {
             routines.enter(section, checks);
         }
-        const Section at{in, section, resistances, forces, checks, routines, forces.xi[index]};
+        Known known;
+        const Section at{in,     section,  resistances,      forces,
+                         checks, routines, forces.xi[index], known};
         const bool n = forces.ned != 0;
         const bool my = checks.myed != 0;
         const bool mz = checks.mzed != 0;
