@@ -1,11 +1,11 @@
 #include "app/detailed_book.h"
 
-#include "app/batch.h"
 #include "app/choices.h"
 #include "app/field_owner.h"
 #include "app/view_section.h"
 #include "core/check_text.h"
 #include "core/load_cases.h"
+#include "core/parse_num.h"
 #include "core/project_state.h"
 #include "core/version.h"
 #include "engine/calculate.h"
@@ -16,7 +16,6 @@
 #include "standard/standard.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
 namespace kestrum {
@@ -186,16 +185,6 @@ BookSheet Ratios(const ProjectState& s, const BothResults& results)
     return sheet;
 }
 
-// A field in single precision as it was typed: 0.1, not 0.1000000015.
-double AsTyped(float value)
-{
-    std::string digits;
-    AppendNumber(digits, value);
-    double number = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    return number;
-}
-
 // A field of all families or of that of the project.
 bool Concerns(const Field& field, const ProjectState& s)
 {
@@ -220,7 +209,7 @@ BookSheet InputsOf(const Library& library, const ProjectState& s)
             sheet.rows.push_back(
                 {Text(name),
                  text ? Text(TextOf(s, field))
-                      : BookCell{.number = single ? AsTyped(static_cast<float>(value)) : value},
+                      : BookCell{.number = single ? WidenNum(static_cast<float>(value)) : value},
                  Text(field.unit),
                  choice == nullptr ? BookCell{}
                                    : Text(NameOfValue(library, *choice, static_cast<int>(value))),

@@ -80,7 +80,7 @@ Drawing ForLocale(Drawing drawing, bool decimalcomma)
 {
     for (Mark& mark : drawing.marks) {
         auto* const label = std::get_if<TextMark>(&mark);
-        if (decimalcomma && label != nullptr) {
+        if (decimalcomma && label != nullptr && !label->verbatim) {
             label->text = ForLocale(std::move(label->text), true);
         }
     }

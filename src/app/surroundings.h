@@ -44,8 +44,8 @@ public:
     // Print dialog (portrait), then the pages in millimetres. False when cancelled or failed.
     virtual bool Print(const std::vector<Drawing>& pages) = 0;
 
-    // Opens a file with the program that the platform has for it; false when there is none. A place
-    // in a PDF may stand behind it: "manual.pdf#nameddest=shear".
+    // Opens a file with the program that the platform has for it; false when there is none. "#" and
+    // a name behind the file ask for a place in it.
     virtual bool OpenDocument(const std::string& path) = 0;
 
     // Local date and time as the page head shows them.

@@ -1,6 +1,8 @@
 #include "app/view_report.h"
 
+#include "app/locale_text.h"
 #include "app/member_commands.h"
+#include "app/project_origin.h"
 #include "core/project_state.h"
 #include "report/design_notes.h"
 #include "report/pages.h"
@@ -48,10 +50,26 @@ std::string HalfReadWarning(const Session& session)
                : std::string();
 }
 
-PrintedReport DrawReport(Session& session, Report report)
+// A file of the office that cannot be used is told, and the page is printed without it.
+PrintStamp StampOf(Session& session)
 {
-    const PrintStamp stamp{session.surroundings().Date(), session.surroundings().Time(),
-                           HalfReadWarning(session)};
+    PrintStamp stamp{session.surroundings().Date(), session.surroundings().Time(),
+                     HalfReadWarning(session)};
+    const ProjectOrigin origin = OriginOf(session.state());
+    stamp.origin = OriginText(origin.file, origin.digest);
+    Office office;
+    std::string fault = ReadUserOffice(office);
+    if (fault.empty()) {
+        fault = TakeOffice(std::move(office), stamp);
+    }
+    if (!fault.empty()) {
+        session.surroundings().Warn(fault);
+    }
+    return stamp;
+}
+
+PrintedReport DrawReport(Session& session, const PrintStamp& stamp, Report report)
+{
     ProjectState s = Printed(session);
     switch (report) {
     case Report::properties:
@@ -80,8 +98,12 @@ std::string_view ReportName(int report)
 
 std::vector<Drawing> ReportPages(Session& session, Report report)
 {
-    PrintedReport printed = DrawReport(session, report);
+    const PrintStamp stamp = StampOf(session);
+    PrintedReport printed = DrawReport(session, stamp, report);
     TellMissing(session, printed.missing);
+    for (Drawing& page : printed.pages) {
+        page = ForLocale(std::move(page), stamp.office.decimal == "comma");
+    }
     return std::move(printed.pages);
 }
 

@@ -62,7 +62,7 @@ struct ReportArguments {
     std::string kind;  // control, section, vortex, full
     std::vector<std::string> files;
     std::string out;
-    // Of the calculation report: what the office writes on it, by the names of its file.
+    // What the office writes on it, by the names of its file.
     std::map<std::string, std::string> head;
     std::string office;  // that file; empty: the one of the user
     bool reproducible = false;

@@ -222,14 +222,12 @@ int Run(int argc, char** argv)
           std::pair{"checker", "checker"}, std::pair{"revision", "revision"},
           std::pair{"date", "date in place of today"},
           std::pair{"decimal", "decimal sign of the numbers: point or comma"}}) {
-        printed.add_option("--" + std::string(name), report.head[name],
-                           "full: " + std::string(what));
+        printed.add_option("--" + std::string(name), report.head[name], what);
     }
-    printed.add_option("--office", report.office,
-                       "full: file with lines name = text for these options");
+    printed.add_option("--office", report.office, "file with lines name = text for these options");
     printed.add_flag("--vortex", report.vortex, "full: with the control of vortex shedding");
     printed.add_flag("--reproducible", report.reproducible,
-                     "full: no date but a given one, the same bytes each time");
+                     "no date but a given one, the same bytes each time");
     printed.callback([&] {
         exit = report.kind == "full" ? ReportFull(options, report) : Report(options, report);
     });

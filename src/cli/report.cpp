@@ -1,10 +1,14 @@
 #include "cli/commands.h"
 
+#include "app/locale_text.h"
+#include "app/project_origin.h"
 #include "cli/print_stamp.h"
 #include "cli/renderer.h"
+#include "cli/report_office.h"
 #include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
+#include "render/pdf_extras.h"
 #include "report/design_notes.h"
 #include "report/outcome.h"
 #include "report/pages.h"
@@ -18,10 +22,23 @@ namespace kestrum::cli {
 
 namespace {
 
+// Of all pages. Throws BadInput.
+PrintStamp StampOf(const ReportArguments& arguments)
+{
+    PrintStamp stamp = arguments.reproducible ? PrintStamp{} : StampOfNow();
+    const std::string fault = TakeOffice(OfficeOf(arguments), stamp);
+    if (!fault.empty()) {
+        throw BadInput(fault);
+    }
+    return stamp;
+}
+
 // Appends the pages of a file. Returns the exit code. Throws BadInput.
 int PrintFile(const Library& library, const ReportArguments& arguments, const std::string& file,
-              PrintedReport& whole)
+              PrintStamp stamp, PrintedReport& whole)
 {
+    const ProjectOrigin origin = OriginOf(file);
+    stamp.origin = OriginText(origin.file, origin.digest);
     ProjectState s = OpenProject(library, file);
     if (FindRoutines(s.family) == nullptr) {
         throw BadInput(file + ": no section control for this family");
@@ -35,10 +52,12 @@ int PrintFile(const Library& library, const ReportArguments& arguments, const st
         return kFailedPass;
     }
     MeasureNotes(library, s);
-    PrintedReport report = vortex                        ? PrintVortex(library, s, StampOfNow())
-                           : arguments.kind == "section" ? PrintProperties(library, s, StampOfNow())
-                                                         : PrintControl(library, s, StampOfNow());
-    std::move(report.pages.begin(), report.pages.end(), std::back_inserter(whole.pages));
+    PrintedReport report = vortex                        ? PrintVortex(library, s, stamp)
+                           : arguments.kind == "section" ? PrintProperties(library, s, stamp)
+                                                         : PrintControl(library, s, stamp);
+    const bool comma = stamp.office.decimal == "comma";
+    std::transform(report.pages.begin(), report.pages.end(), std::back_inserter(whole.pages),
+                   [comma](Drawing& page) { return ForLocale(std::move(page), comma); });
     for (const std::string& what : report.missing) {
         whole.missing.push_back(arguments.out + ": no room on the page for: " + what +
                                 (arguments.files.size() > 1 ? " (" + file + ")" : ""));
@@ -64,12 +83,13 @@ void RequirePages(const ReportArguments& arguments)
 int Report(const Options& options, const ReportArguments& arguments)
 {
     RequirePages(arguments);
+    const PrintStamp stamp = StampOf(arguments);
     const Library library = LoadTables(options);
     PrintedReport whole;
     int exit = kAllWithin;
     for (const std::string& file : arguments.files) {
         try {
-            exit = GraverExit(exit, PrintFile(library, arguments, file, whole));
+            exit = GraverExit(exit, PrintFile(library, arguments, file, stamp, whole));
         } catch (const BadInput& bad) {
             Complain(bad.what());
             exit = kBadInput;
@@ -78,7 +98,8 @@ int Report(const Options& options, const ReportArguments& arguments)
     if (exit != kAllWithin) {
         return exit;
     }
-    WriteDrawings(whole.pages, kPageScale, arguments.out);
+    const PdfExtras extras{.author = stamp.office.author, .reproducible = arguments.reproducible};
+    WriteDrawings(whole.pages, kPageScale, arguments.out, &extras);
     for (const std::string& what : whole.missing) {
         Complain(what);
     }

@@ -1,15 +1,16 @@
 #include "cli/commands.h"
 
+#include "app/project_origin.h"
 #include "calculation/calculation_report.h"
 #include "cli/print_stamp.h"
 #include "cli/renderer.h"
+#include "cli/report_office.h"
 #include "core/file_io.h"
 #include "core/project_state.h"
-#include "core/sha256.h"
+#include "document/document_head.h"
 #include "document/html_writer.h"
 #include "document/markdown_writer.h"
 #include "document/odt_writer.h"
-#include "document/office.h"
 #include "document/page_layout.h"
 #include "render/pdf_extras.h"
 
@@ -40,36 +41,11 @@ void RequireEnding(const std::string& path)
     }
 }
 
-std::string ReadFile(const std::string& path)
-{
-    std::string bytes;
-    const std::string fault = ReadWholeFile(path, bytes);
-    if (!fault.empty()) {
-        throw BadInput(path + ": " + fault);
-    }
-    return bytes;
-}
-
 void Require(const std::string& fault)
 {
     if (!fault.empty()) {
         throw BadInput(fault);
     }
-}
-
-// The file given, else that of the user where there is one; then what the options say.
-Office OfficeOf(const ReportArguments& arguments)
-{
-    Office office;
-    Require(arguments.office.empty() ? ReadUserOffice(office)
-                                     : ReadOfficeFile(arguments.office, office));
-    for (const auto& [name, value] : arguments.head) {
-        const std::string fault = value.empty() ? std::string() : SetOffice(office, name, value);
-        if (!fault.empty()) {
-            throw BadInput("--" + name + ": " + fault);
-        }
-    }
-    return office;
 }
 
 DocumentHead HeadOf(const ReportArguments& arguments)
@@ -85,21 +61,16 @@ DocumentHead HeadOf(const ReportArguments& arguments)
 ReportedMember MemberOf(const Library& library, const std::string& file)
 {
     ReportedMember member{.project = OpenProject(library, file)};
-    if (file != "-") {
-        const std::size_t folder = file.find_last_of("/\\");
-        member.file = folder == std::string::npos ? file : file.substr(folder + 1);
-        member.digest = Sha256(ReadFile(file));
-    }
+    ProjectOrigin origin = OriginOf(file);
+    member.file = std::move(origin.file);
+    member.digest = std::move(origin.digest);
     return member;
 }
 
 // Bookmarks of cover, members and chapters, and the links of the contents.
 PdfExtras ExtrasOf(const LaidOut& laid, const Document& document, bool reproducible)
 {
-    const Logo& logo = document.head.logo;
-    PdfExtras extras{.author = document.head.author,
-                     .logo = logo.svg ? std::string() : logo.bytes,
-                     .reproducible = reproducible};
+    PdfExtras extras{.author = document.head.author, .reproducible = reproducible};
     std::vector<std::size_t> members;
     for (const PlacedHeading& heading : laid.headings) {
         if (heading.level > 2) {
@@ -144,9 +115,6 @@ int ReportFull(const Options& options, const ReportArguments& arguments)
     } else if (ending == ".odt") {
         WriteText(WriteOdt(document), arguments.out);
     } else {
-        if (document.head.logo.svg) {
-            Hint(options, "the logo is an SVG, which the HTML report shows; pages take a PNG");
-        }
         const LaidOut laid = LayOut(document);
         const PdfExtras extras = ExtrasOf(laid, document, arguments.reproducible);
         WriteDrawings(laid.pages, kScale, arguments.out, &extras);

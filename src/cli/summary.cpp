@@ -58,8 +58,10 @@ void WriteSummary(const SummaryArguments& arguments, const CsvForm& csv,
     } else if (ending == ".xlsx") {
         fault = WriteXlsx(summary, arguments.out);
     } else {
+        PrintStamp stamp = StampOfNow();
+        stamp.origin = OriginText({}, {});
         const PrintedReport report = PrintSummary(
-            summary, StampOfNow(), arguments.answers == "-" ? "standard input" : arguments.answers);
+            summary, stamp, arguments.answers == "-" ? "standard input" : arguments.answers);
         WriteDrawings(report.pages, kPageScale, arguments.out);
     }
     if (!fault.empty()) {

@@ -5,6 +5,7 @@
 
 #include "document/expression.h"
 #include "report/drawing.h"
+#include "report/office.h"
 
 #include <cstdint>
 #include <string>
@@ -97,13 +98,6 @@ struct FigureRow {
 struct PageBreak {};
 
 using Block = std::variant<Heading, Paragraph, TextTable, Equation, FigureRow, PageBreak>;
-
-// A picture file as it was read.
-struct Logo {
-    std::string bytes{};
-    bool svg = false;
-    double width = 0, height = 0;  // of the picture, in its own unit
-};
 
 struct DocumentHead {
     std::string title{};

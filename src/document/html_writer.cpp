@@ -1,7 +1,7 @@
 #include "document/html_writer.h"
 
+#include "core/base64.h"
 #include "core/xml_text.h"
-#include "document/base64.h"
 #include "document/mathml.h"
 #include "document/notation.h"
 #include "report/svg_writer.h"

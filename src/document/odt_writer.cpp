@@ -41,6 +41,11 @@ public:
                      "</office:automatic-styles>\n<office:body><office:text>\n" + body_ +
                      "</office:text></office:body>"
                      "</office:document-content>\n");
+        const Logo& logo = document_.head.logo;
+        if (!logo.bytes.empty()) {
+            zip_.Add(LogoName(), logo.bytes);
+            manifest_ += Entry(LogoName(), logo.svg ? "image/svg+xml" : "image/png");
+        }
         zip_.Add("styles.xml", Styles());
         zip_.Add("meta.xml", Meta());
         zip_.Add("META-INF/manifest.xml",
@@ -220,6 +225,29 @@ private:
             }
         }
     }
+    std::string LogoName() const
+    {
+        return document_.head.logo.svg ? "Pictures/logo.svg" : "Pictures/logo.png";
+    }
+    // A line above the texts of the head.
+    std::string LogoLine() const
+    {
+        constexpr double kMostWidth = 40, kMostHeight = 12;
+        const Logo& logo = document_.head.logo;
+        if (logo.bytes.empty()) {
+            return {};
+        }
+        const bool sized = logo.width > 0 && logo.height > 0;
+        const double scale =
+            sized ? std::min(kMostWidth / logo.width, kMostHeight / logo.height) : kMostHeight;
+        return "<text:p text:style-name=\"Edge\"><draw:frame text:anchor-type=\"as-char\" "
+               "svg:width=\"" +
+               Mm(scale * (sized ? logo.width : 1)) + "\" svg:height=\"" +
+               Mm(scale * (sized ? logo.height : 1)) + "\"><draw:image xlink:href=\"" + LogoName() +
+               "\" xlink:type=\"simple\" xlink:show=\"embed\" xlink:actuate=\"onLoad\"/>"
+               "<svg:title>" +
+               XmlText(document_.head.company) + "</svg:title></draw:frame></text:p>";
+    }
     std::string Styles() const
     {
         const DocumentHead& head = document_.head;
@@ -234,6 +262,7 @@ private:
                std::string(kPageStyles) +
                "<office:master-styles><style:master-page style:name=\"Standard\" "
                "style:page-layout-name=\"A4\"><style:header>" +
+               LogoLine() +
                line(head.company, named("Project no. ", head.projectnumber) +
                                       named("Rev. ", head.revision) + named("", head.date)) +
                line(head.project + (head.ident.empty() ? "" : ", " + head.ident),

@@ -26,6 +26,9 @@ public:
 
     LaidOut Take()
     {
+        if (!document_.head.logo.bytes.empty()) {
+            logo_ = std::make_shared<const std::string>(document_.head.logo.bytes);
+        }
         for (std::size_t i = 0; i < document_.blocks.size(); ++i) {
             at_ = i;
             next_ = i + 1 < document_.blocks.size() ? &document_.blocks[i + 1] : nullptr;
@@ -304,6 +307,14 @@ private:
         };
         const double row = kHeadText * 1.4;
         double y = 13;
+        if (logo_) {
+            constexpr double kLogoTop = 9, kLogoWidth = 40, kLogoHeight = 12;
+            page.pictures.push_back({{(kLeft + kRight - kLogoWidth) / 2, kLogoTop},
+                                     kLogoWidth,
+                                     kLogoHeight,
+                                     logo_,
+                                     head.logo.svg});
+        }
         write(kLeft, y, head.company.empty() ? "Kestrum EC3" : head.company, Align::left, true,
               Ink::text);
         write(kRight, y,
@@ -330,6 +341,7 @@ private:
     }
 
     const Document& document_;
+    std::shared_ptr<const std::string> logo_{};  // of all pages
     LaidOut out_;
     std::size_t at_ = 0;  // block in hand
     const Block* next_ = nullptr;

@@ -12,8 +12,6 @@
 #include <QPdfWriter>
 #include <QString>
 
-#include <algorithm>
-
 namespace kestrum {
 
 namespace {
@@ -35,17 +33,6 @@ QPageLayout LayoutOf(const Drawing& page, double mm_per_unit)
                        QPageLayout::Portrait, QMarginsF(0, 0, 0, 0));
 }
 
-// In the middle of the head of a page.
-void PaintLogo(QPainter& painter, const QImage& logo, double scale)
-{
-    constexpr double kTop = 9, kMiddle = 108, kMostWidth = 40, kMostHeight = 12;  // mm
-    const double factor =
-        std::min(kMostWidth * scale / logo.width(), kMostHeight * scale / logo.height());
-    const QSizeF size(logo.width() * factor, logo.height() * factor);
-    painter.drawImage(QRectF(QPointF(kMiddle * scale - size.width() / 2, kTop * scale), size),
-                      logo);
-}
-
 }  // namespace
 
 std::string WritePdf(const std::vector<Drawing>& pages, double mm_per_unit, const std::string& path,
@@ -54,10 +41,8 @@ std::string WritePdf(const std::vector<Drawing>& pages, double mm_per_unit, cons
     if (pages.empty()) {
         return path + ": there is no page to write";
     }
-    QImage logo;
-    if (extras != nullptr && !extras->logo.empty() &&
-        !logo.loadFromData(QByteArray::fromStdString(extras->logo))) {
-        return path + ": the logo is no PNG that can be read";
+    if (const std::string fault = UnreadablePicture(pages); !fault.empty()) {
+        return path + ": " + fault;
     }
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
@@ -75,9 +60,6 @@ std::string WritePdf(const std::vector<Drawing>& pages, double mm_per_unit, cons
                 writer.newPage();
             }
             Paint(painter, pages[i], scale, {0, 0}, PaperColours());
-            if (!logo.isNull()) {
-                PaintLogo(painter, logo, scale);
-            }
         }
     }
     if (extras == nullptr) {
@@ -93,6 +75,9 @@ std::string WritePng(const Drawing& drawing, double pixels_per_unit, const std::
     QImage image(size, QImage::Format_RGB32);
     if (image.isNull()) {
         return path + ": the picture has no size";
+    }
+    if (const std::string fault = UnreadablePicture({drawing}); !fault.empty()) {
+        return path + ": " + fault;
     }
     image.fill(Qt::white);
     {

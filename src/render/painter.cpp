@@ -2,8 +2,11 @@
 
 #include "report/svg_writer.h"
 
+#include <QBuffer>
 #include <QFont>
 #include <QFontMetricsF>
+#include <QImage>
+#include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
 #include <QString>
@@ -18,6 +21,24 @@ namespace {
 constexpr double kHairline =
     1.0;  // device pixels on screen; printers get the hair of their resolution
 constexpr double kScreenDpi = 96.0;
+
+// An SVG in as many pixels as the box has on the device, within reason.
+QImage ReadPicture(const PlacedPicture& picture, const QSizeF& box)
+{
+    constexpr double kMost = 2400;  // pixels
+    QByteArray bytes = QByteArray::fromStdString(*picture.bytes);
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer, picture.svg ? "svg" : "png");
+    if (picture.svg) {
+        const QSizeF most(std::min(box.width(), kMost), std::min(box.height(), kMost));
+        const QSize own = reader.size();
+        reader.setScaledSize(QSizeF(own.isEmpty() ? QSize(1, 1) : own)
+                                 .scaled(most, Qt::KeepAspectRatio)
+                                 .toSize()
+                                 .expandedTo(QSize(1, 1)));
+    }
+    return reader.read();
+}
 
 class MarkPainter {
 public:
@@ -92,6 +113,20 @@ public:
         painter_.rotate(-text.angle);
         painter_.drawText(QPointF(shift, 0), shown);
         painter_.restore();
+    }
+
+    void Picture(const PlacedPicture& picture) const
+    {
+        const QSizeF box(picture.width * scale_, picture.height * scale_);
+        const QImage image = ReadPicture(picture, box);
+        if (image.isNull()) {
+            return;  // UnreadablePicture says so before
+        }
+        const QSizeF size = QSizeF(image.size()).scaled(box, Qt::KeepAspectRatio);
+        const QPointF corner = Map(picture.corner) + QPointF((box.width() - size.width()) / 2,
+                                                             (box.height() - size.height()) / 2);
+        painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter_.drawImage(QRectF(corner, size), image);
     }
 
 private:
@@ -171,6 +206,22 @@ InkColours DarkColours()
     };
 }
 
+std::string UnreadablePicture(const std::vector<Drawing>& pages)
+{
+    constexpr double kTrial = 64;  // pixels
+    for (const Drawing& page : pages) {
+        for (const PlacedPicture& picture : page.pictures) {
+            if (ReadPicture(picture, {kTrial, kTrial}).isNull()) {
+                const bool none =
+                    picture.svg && !QImageReader::supportedImageFormats().contains("svg");
+                return none ? "the logo is an SVG, which needs the SVG plugin of Qt 6"
+                            : "the logo is no picture that can be read";
+            }
+        }
+    }
+    return {};
+}
+
 void Paint(QPainter& painter, const Drawing& drawing, double scale, QPointF origin,
            const InkColours& colours)
 {
@@ -179,6 +230,9 @@ void Paint(QPainter& painter, const Drawing& drawing, double scale, QPointF orig
     const MarkPainter mark_painter(painter, scale, origin, colours);
     for (const Mark& mark : drawing.marks) {
         std::visit(mark_painter, mark);
+    }
+    for (const PlacedPicture& picture : drawing.pictures) {
+        mark_painter.Picture(picture);
     }
 }
 

@@ -8,6 +8,8 @@
 #include <QPointF>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 class QPainter;
 
@@ -19,6 +21,9 @@ InkColours PaperColours();
 
 // Light inks for a dark window.
 InkColours DarkColours();
+
+// Why a picture of the pages, as a logo, cannot be shown; empty where all can.
+std::string UnreadablePicture(const std::vector<Drawing>& pages);
 
 // Draws with `scale` device pixels per unit of the drawing, its origin at `origin` (device pixels).
 // The painter must be unscaled: coordinates are mapped here and fonts get a size in device pixels,

@@ -27,7 +27,6 @@ struct PdfExtras {
     std::vector<PdfMark> marks{};
     std::vector<PdfLink> links{};
     std::string author{};
-    std::string logo{};  // PNG, in the head of each page
     bool reproducible = false;
 };
 

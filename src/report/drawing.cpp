@@ -188,6 +188,12 @@ void Place(Drawing& target, const Drawing& part, Point offset, double scale)
         std::visit(MoveVisitor{offset, scale}, mark);
         target.marks.push_back(std::move(mark));
     }
+    for (PlacedPicture picture : part.pictures) {
+        MoveVisitor{offset, scale}.Move(picture.corner);
+        picture.width *= scale;
+        picture.height *= scale;
+        target.pictures.push_back(std::move(picture));
+    }
 }
 
 Drawing Stacked(const std::vector<Drawing>& pages)

@@ -9,6 +9,7 @@
 // units.
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -73,15 +74,25 @@ struct TextMark {
     Align align = Align::left;
     bool bold = false, underline = false, italic = false;
     Ink ink = Ink::text;
-    double angle = 0;  // degrees, counterclockwise
+    double angle = 0;       // degrees, counterclockwise
+    bool verbatim = false;  // keeps its points where numbers get a decimal comma
 };
 
 using Mark = std::variant<LineMark, PolygonMark, PolylineMark, CircleMark, TextMark>;
+
+// A picture file, as large as its box allows, in the middle of it.
+struct PlacedPicture {
+    Point corner;  // upper left
+    double width = 0, height = 0;
+    std::shared_ptr<const std::string> bytes{};  // PNG or SVG
+    bool svg = false;
+};
 
 struct Drawing {
     double width = 0, height = 0;  // extent in its own units
     std::string title;
     std::vector<Mark> marks;
+    std::vector<PlacedPicture> pictures{};
 };
 
 // Box around something drawn; empty when right < left.

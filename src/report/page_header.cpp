@@ -129,6 +129,38 @@ std::string ProfileName(const Library& library, const ProjectState& s, bool brie
     }
 }
 
+// Where the head has room: logo, author and checker in its middle, company, number and revision
+// below the file. Leaves the row in hand as it is.
+void OfficeHead(PageWriter& page, const PrintStamp& stamp)
+{
+    constexpr double kLeft = 88, kRight = kRightColumn - 2, kLogoHeight = 9.5;
+    const double row = page.y();
+    const double top = kPageTop + kLargeText;
+    const auto write = [&](double x, double rows, std::string_view text, double right) {
+        page.MoveTo(top + rows * kPageRow);
+        page.Write(x, text, {.verbatim = true}, right);
+    };
+    const auto named = [](std::string_view name, const std::string& value) {
+        return value.empty() ? std::string() : std::string(name) + value + "  ";
+    };
+    const Office& office = stamp.office;
+    write(kLeft, 2.2, named("Author: ", office.author), kRight);
+    write(kLeft, 3.2, named("Checker: ", office.checker), kRight);
+    write(kRightColumn, 4.4, office.company, kPageRight);
+    write(kRightColumn, 5.4,
+          named("Project no. ", office.projectnumber) + named("Rev. ", office.revision),
+          kPageRight);
+    if (!stamp.logo.bytes.empty()) {
+        page.Add({{kLeft, kPageTop},
+                  kRight - kLeft,
+                  kLogoHeight,
+                  std::make_shared<const std::string>(stamp.logo.bytes),
+                  stamp.logo.svg});
+    }
+    page.Foot(stamp.origin);
+    page.MoveTo(row);
+}
+
 }  // namespace
 
 std::string FileText(std::string_view filename)
@@ -156,6 +188,22 @@ PrintedReport Bound(std::vector<PageWriter> pages)
     return report;
 }
 
+std::string TakeOffice(Office office, PrintStamp& stamp)
+{
+    stamp.office = std::move(office);
+    if (!stamp.office.date.empty()) {
+        stamp.date = stamp.office.date;
+        stamp.time.clear();  // of another day
+    }
+    return ReadOfficeLogo(stamp.office, stamp.logo);
+}
+
+std::string OriginText(const std::string& file, const std::string& digest)
+{
+    return std::string(kProgram) + " " + std::string(kVersion) + (file.empty() ? "" : ", " + file) +
+           (digest.empty() ? "" : ", SHA-256 " + digest);
+}
+
 void PageHeader(PageWriter& page, const Library& library, const ProjectState& s,
                 const PrintStamp& stamp, std::string_view title)
 {
@@ -168,7 +216,7 @@ void PageHeader(PageWriter& page, const Library& library, const ProjectState& s,
     page.Row(1.2);
     page.Write(kPageLeft, title, {}, left_end);
     page.Write(kRightColumn, "Date: ");
-    page.Write(kRightValue, stamp.date);
+    page.Write(kRightValue, stamp.date, {.verbatim = true});
     page.Row();
     page.Write(kPageLeft, "Version " + std::string(kVersion) + " ");
     page.Write(kRightColumn, "Time: ");
@@ -176,13 +224,16 @@ void PageHeader(PageWriter& page, const Library& library, const ProjectState& s,
     page.Row();
     page.Write(kPageLeft, kMaker);
     page.Write(kRightColumn, "File: ");
-    page.Write(kRightValue, FileText(s.filename));
+    page.Write(kRightValue, FileText(s.filename), {.verbatim = true});
     page.Row(1.2);
     const double project = page.Write(kPageLeft, "Project: ", {.bold = true});
-    page.Write(project + kWord, FirstCharacters(s.projname, kProjectCharacters), {.bold = true});
+    page.Write(project + kWord, FirstCharacters(s.projname, kProjectCharacters),
+               {.bold = true, .verbatim = true});
     page.Row();
     const double ident = page.Write(kPageLeft, "Identification: ", {.bold = true});
-    page.Write(ident + kWord, FirstCharacters(s.ident, kIdentCharacters), {.bold = true});
+    page.Write(ident + kWord, FirstCharacters(s.ident, kIdentCharacters),
+               {.bold = true, .verbatim = true});
+    OfficeHead(page, stamp);
     page.Rule();
     page.Row(2);
     PrintWrapped(page, stamp.warning, {.bold = true, .ink = Ink::bad});

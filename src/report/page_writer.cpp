@@ -109,8 +109,24 @@ double PageWriter::Write(double x, std::string_view text, TextStyle style, doubl
                                       .align = style.align,
                                       .bold = style.bold,
                                       .underline = style.underline,
-                                      .ink = style.ink});
+                                      .ink = style.ink,
+                                      .verbatim = style.verbatim});
     return style.align == Align::left ? x + width : x;
+}
+
+void PageWriter::Foot(std::string_view text)
+{
+    constexpr double kFootText = 2.2, kWidth = kPageRight - kPageLeft;
+    const TextStyle style{.ink = Ink::faint, .size = kFootText, .verbatim = true};
+    if (!text.empty()) {
+        const bool fits = TextWidth(text, kFootText) <= kWidth;
+        page_.marks.emplace_back(
+            TextMark{.at = {kPageLeft, kPageFoot},
+                     .text = fits ? std::string(text) : Cut(text, style, kWidth),
+                     .size = style.size,
+                     .ink = style.ink,
+                     .verbatim = style.verbatim});
+    }
 }
 
 double PageWriter::WriteBold(double x, std::string_view text, double right)

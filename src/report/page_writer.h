@@ -19,7 +19,8 @@ struct PrintedReport {
 };
 
 constexpr double kPageWidth = 210, kPageHeight = 297;
-constexpr double kPageLeft = 14, kPageRight = 200, kPageTop = 8, kPageBottom = 290.5;
+constexpr double kPageLeft = 14, kPageRight = 200, kPageTop = 5.4, kPageBottom = 287.9;
+constexpr double kPageFoot = 291.3;  // base line of the foot
 constexpr double kPageMiddle = 110;  // where a second column starts
 constexpr double kPageRow = 3.5;     // from one line to the next
 constexpr double kPageSpace = 0.6;   // rows between blocks
@@ -32,6 +33,7 @@ struct TextStyle {
     Align align = Align::left;
     Ink ink = Ink::text;
     double size = kPageText;
+    bool verbatim = false;  // see TextMark
 };
 
 // One line of a table of values: "h", "190", "mm" for "h = 190 mm".
@@ -52,7 +54,9 @@ public:
 
     // Text in the row in hand, cut where it would pass `right`; returns the x behind it.
     double Write(double x, std::string_view text, TextStyle style = {}, double right = kPageRight);
-    // The same, bold.
+    // A line in the foot of the page, cut where it is wider than the page.
+    void Foot(std::string_view text);
+    // The same as Write, bold.
     double WriteBold(double x, std::string_view text, double right = kPageRight);
     // Head of a block, with the rest of its row free; moves on by a row.
     void Heading(double x, std::string_view text);
@@ -66,6 +70,8 @@ public:
 
     // A picture with its upper left corner at the given point. Pictures do not move the row.
     void Picture(const Drawing& picture, Point corner, double scale);
+
+    void Add(PlacedPicture picture) { page_.pictures.push_back(std::move(picture)); }
 
     void Miss(std::string what) { missing_.push_back(std::move(what)); }
     const std::vector<std::string>& Missing() const { return missing_; }

@@ -4,17 +4,29 @@
 // control, vortex shedding. They read the record after a pass that ended well and change nothing.
 
 #include "core/library.h"
+#include "report/office.h"
 #include "report/page_writer.h"
 
 namespace kestrum {
 
 struct ProjectState;
 
-// Date and time of printing as they are to stand in the head: "2024-05-17", "14:05"; a warning that
-// concerns the whole page stands below the head.
+// What stands on each page whatever it shows: date and time of printing as they are to stand in the
+// head, "2024-05-17", "14:05"; a warning below the head that concerns the whole page; in the foot
+// what file the page is of; what the office writes, with its logo.
 struct PrintStamp {
     std::string date, time, warning{};
+    std::string origin{};  // OriginText
+    Office office{};
+    Logo logo{};
 };
+
+// Puts the office on the stamp: with its logo, which is read, and its date in place of that of
+// printing. What is wrong, or nothing.
+std::string TakeOffice(Office office, PrintStamp& stamp);
+
+// "Kestrum EC3 1.3.1, hall.kst, SHA-256 1f0c..."; without what is not known.
+std::string OriginText(const std::string& file, const std::string& digest);
 
 PrintedReport PrintProperties(const Library& library, const ProjectState& s,
                               const PrintStamp& stamp);

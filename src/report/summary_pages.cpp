@@ -143,6 +143,7 @@ private:
         }
         page().Rule();
         page().Row(2.2);
+        page().Foot(stamp_.origin);
     }
 
     // Page numbers and time, when it is known how many pages there are.

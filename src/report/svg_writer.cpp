@@ -1,5 +1,6 @@
 #include "report/svg_writer.h"
 
+#include "core/base64.h"
 #include "core/xml_text.h"
 
 #include <array>
@@ -142,6 +143,18 @@ struct SvgVisitor {
     }
 };
 
+void AppendPicture(std::string& out, const PlacedPicture& picture)
+{
+    out.append("<image");
+    Attribute(out, "x", picture.corner.x);
+    Attribute(out, "y", picture.corner.y);
+    Attribute(out, "width", picture.width);
+    Attribute(out, "height", picture.height);
+    const std::string type = picture.svg ? "svg+xml" : "png";
+    Attribute(out, "href", "data:image/" + type + ";base64," + Base64(*picture.bytes));
+    out.append("/>\n");
+}
+
 }  // namespace
 
 std::string_view PaperColour(Ink ink)
@@ -190,6 +203,9 @@ std::string SvgElement(const Drawing& drawing, double pixels_per_unit)
     out.append("</title>\n");
     for (const Mark& mark : drawing.marks) {
         std::visit(SvgVisitor{out}, mark);
+    }
+    for (const PlacedPicture& picture : drawing.pictures) {
+        AppendPicture(out, picture);
     }
     out.append("</svg>\n");
     return out;

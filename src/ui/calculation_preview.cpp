@@ -4,7 +4,7 @@
 #include "app/session.h"
 #include "calculation/calculation_report.h"
 #include "core/project_state.h"
-#include "document/office.h"
+#include "document/document_head.h"
 #include "document/page_layout.h"
 #include "ui/print_pages.h"
 

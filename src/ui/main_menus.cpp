@@ -10,6 +10,7 @@
 #include "ui/calculation_preview.h"
 #include "ui/form_dock.h"
 #include "ui/main_window.h"
+#include "ui/office_dialog.h"
 #include "ui/standard_desk.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -17,6 +18,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
@@ -71,6 +73,21 @@ QString StepText(const QString& entry, QString name)
     }
     name.replace(QLatin1Char('&'), QLatin1String("&&"));
     return name.isEmpty() ? entry : entry + QLatin1Char(' ') + name;
+}
+
+// The place of the guide that explains the form of a control; its first page for the main window.
+QString GuideTopic(const QWidget* control)
+{
+    for (const QWidget* at = control; at != nullptr; at = at->parentWidget()) {
+        const QString name = at->objectName();
+        if (!name.isEmpty() && (qobject_cast<const QDialog*>(at) != nullptr || name == "members")) {
+            const bool section =
+                name.size() > 1 && name[0] == QLatin1Char('p') && name[1].isDigit();
+            return QStringLiteral("guide/%1.html#form-%2")
+                .arg(section ? QStringLiteral("sections") : QStringLiteral("forms"), name);
+        }
+    }
+    return QStringLiteral("guide/index.html");
 }
 
 QString Plain(QString text)
@@ -324,6 +341,8 @@ void MainWindow::BuildPrintMenu(QMenu* menu)
     }
     AddAction(menu, QStringLiteral("mnucalculation"), tr("Calculation &report..."), {},
               [this] { PreviewCalculation(this, desk_.session); });
+    AddAction(menu, QStringLiteral("mnuoffice"), tr("&Office data..."), {},
+              [this] { OfficeDialog(desk_.session, this).exec(); });
     menu->addSeparator();
     for (int report = 0; report < kReports; ++report) {
         AddAction(menu, QStringLiteral("mnupdf%1").arg(report),
@@ -336,10 +355,10 @@ void MainWindow::BuildHelpMenu(QMenu* menu)
 {
     AddAction(menu, QStringLiteral("mnuUpdate"), tr("&Update Information"), {},
               [this] { OpenManual(QStringLiteral("Kestrum EC3 Update Information.pdf")); });
-    AddAction(menu, QStringLiteral("mnuTheory"), tr("&Theory Manual"), QKeySequence::HelpContents,
+    AddAction(menu, QStringLiteral("mnuTheory"), tr("&Theory Manual"), {},
               [this] { OpenManual(QStringLiteral("Kestrum EC3 Theory Manual.pdf")); });
-    AddAction(menu, QStringLiteral("mnuGuide"), tr("User &Guide"), {},
-              [this] { OpenManual(QStringLiteral("guide/index.html")); });
+    AddAction(menu, QStringLiteral("mnuGuide"), tr("User &Guide"), QKeySequence::HelpContents,
+              [this] { OpenManual(GuideTopic(QApplication::focusWidget())); });
     menu->addSeparator();
     AddAction(menu, QStringLiteral("mnuInfo"), tr("&Information about the program"), {},
               [this] { OpenForm("InfoKESTRUM"); });
@@ -349,11 +368,11 @@ void MainWindow::BuildHelpMenu(QMenu* menu)
 
 void MainWindow::OpenManual(const QString& file)
 {
-    const std::string place = desk_.helppath + FromQt(file);
-    if (!desk_.session.surroundings().OpenDocument(place)) {
-        const std::string path = place.substr(0, place.rfind("#nameddest="));
-        desk_.session.surroundings().Warn(path + ": " +
-                                          FromQt(QFileInfo::exists(ToQt(path))
+    const std::string path = desk_.helppath + FromQt(file);
+    if (!desk_.session.surroundings().OpenDocument(path)) {
+        const std::string document = path.substr(0, path.rfind('#'));
+        desk_.session.surroundings().Warn(document + ": " +
+                                          FromQt(QFileInfo::exists(ToQt(document))
                                                      ? tr("no program opens this kind of file")
                                                      : tr("the manual is not installed")));
     }

@@ -151,13 +151,14 @@ bool QtSurroundings::Print(const std::vector<Drawing>& pages)
 
 bool QtSurroundings::OpenDocument(const std::string& path)
 {
-    const QString whole = ToQt(path);
-    const qsizetype place = whole.lastIndexOf(QLatin1String("#nameddest="));
-    const QString file = place < 0 ? whole : whole.left(place);
-    QUrl url = QUrl::fromLocalFile(file);
-    if (place >= 0) {
-        url.setFragment(whole.mid(place + 1));
+    QString file = ToQt(path), place;
+    if (const qsizetype at = file.lastIndexOf(QLatin1Char('#'));
+        at > 0 && !QFileInfo::exists(file)) {
+        place = file.mid(at + 1);
+        file.truncate(at);
     }
+    QUrl url = QUrl::fromLocalFile(file);
+    url.setFragment(place);
     return QFileInfo::exists(file) && HasProgramFor(file) && QDesktopServices::openUrl(url);
 }
 

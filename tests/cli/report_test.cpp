@@ -233,6 +233,33 @@ TEST_F(Reports, WhatHasNoRoomIsToldAndTheFileStands)
     EXPECT_THAT(Read("a.svg"), HasSubstr("Governing Loadcase:"));
 }
 
+// Head and foot of the three pages: what the office writes, and the digest of the project file.
+TEST_F(Reports, TheOfficeIsOnEachPage)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    Write("logo.svg", "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 60 20'/>");
+    Write("office.txt", "company = Hansen & Co\nauthor = J. H.\nlogo = logo.svg\n");
+    for (const char* kind : {"control", "section"}) {
+        const std::string report = std::string("report ") + kind +
+                                   " a.kst --office office.txt --checker 'M. B.' --projectnumber "
+                                   "4711 --revision C --decimal comma --reproducible -o ";
+        ASSERT_EQ(Kestrum(report + "a.svg").err, "");
+        const std::string page = Read("a.svg");
+        for (const std::string& text :
+             {std::string(">Hansen &amp; Co<"), std::string(">Author: J. H.  <"),
+              std::string(">Checker: M. B.  <"), std::string(">Project no. 4711  Rev. C  <"),
+              "a.kst, SHA-256 " + Shell("sha256sum a.kst").substr(0, 64),
+              std::string("data:image/svg+xml;base64,"), std::string("2,100E+5")}) {
+            EXPECT_THAT(page, HasSubstr(text)) << kind;
+        }
+        EXPECT_THAT(page, Not(::testing::ContainsRegex(">20[0-9][0-9]-[0-9][0-9]-[0-9][0-9]<")));
+        ASSERT_EQ(Kestrum(report + "b.svg").exit, 0);
+        EXPECT_EQ(Read("b.svg"), page);
+    }
+    EXPECT_EQ(Kestrum("report control a.kst --logo a.kst -o c.svg").err,
+              "kestrum: a.kst: neither PNG nor SVG\n");
+}
+
 TEST_F(Reports, ASecondPageIsPartOfThePicture)
 {
     // All rows of all tables, loads in both directions.

@@ -1,7 +1,7 @@
 // Documents on pages, and what offices write on them.
 
+#include "document/document_head.h"
 #include "document/odt_writer.h"
-#include "document/office.h"
 #include "document/page_layout.h"
 #include "document/text_flow.h"
 #include "document/zip.h"
@@ -148,8 +148,10 @@ TEST(Office, ReadsItsLines)
     EXPECT_EQ(office.company, "Hansen & Co");
     EXPECT_EQ(office.author, "J. H.");
     DocumentHead head;
-    TakeOffice(office, head);
+    EXPECT_EQ(HeadOf(office, head), "");
     EXPECT_EQ(head.decimal, ',');
+    // It is written as it is read.
+    EXPECT_EQ(OfficeText(office), "company = Hansen & Co\nauthor = J. H.\ndecimal = comma\n");
 }
 
 TEST(Office, AFaultNamesLineAndField)
@@ -173,6 +175,24 @@ TEST(Office, ALogoIsPngOrSvg)
     EXPECT_EQ(ReadLogo("\x89PNG\r\n\x1a\n", logo), "neither PNG nor SVG") << "cut off";
     EXPECT_EQ(ReadLogo("<svg xmlns='http://www.w3.org/2000/svg'/>", logo), "");
     EXPECT_TRUE(logo.svg);
+    EXPECT_EQ(ReadLogo("<svg viewBox=\"0 0 60,20\"/>", logo), "");
+    EXPECT_EQ(logo.width, 60);
+    EXPECT_EQ(logo.height, 20);
+}
+
+TEST(Office, TheLogoIsInTheHeadOfEachPage)
+{
+    Document document = LongDocument(1);
+    document.head.logo = {"<svg viewBox=\"0 0 60 20\"/>", true, 60, 20};
+    const LaidOut laid = LayOut(document);
+    for (const Drawing& page : laid.pages) {
+        ASSERT_EQ(page.pictures.size(), 1U);
+        EXPECT_TRUE(page.pictures.front().svg);
+    }
+    const std::string odt = WriteOdt(document);
+    EXPECT_NE(odt.find("Pictures/logo.svg"), std::string::npos);
+    EXPECT_NE(odt.find("xlink:href=\"Pictures/logo.svg\""), std::string::npos);
+    EXPECT_NE(odt.find("svg:width=\"36mm\" svg:height=\"12mm\""), std::string::npos);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "render/export.h"
 #include "report/diagrams.h"
 #include "sections/family_table.h"
+#include "ui/office_dialog.h"
 #include "ui/result_panel.h"
 #include "ui/text.h"
 
@@ -168,6 +169,39 @@ TEST_F(Program, ManualsOpenOrAreToldMissing)
     Menu(QStringLiteral("mnuUpdate"));
     ASSERT_EQ(script.warnings.size(), 1U);
     EXPECT_THAT(script.warnings.front(), testing::EndsWith("the manual is not installed"));
+}
+
+TEST_F(Program, TheGuideOpensAtTheTopicOfTheForm)
+{
+    Form* const form = window->OpenForm("setup");
+    ASSERT_NE(form, nullptr);
+    form->FocusFirst();
+    Menu(QStringLiteral("mnuGuide"));
+    EXPECT_THAT(script.opened, testing::ElementsAre("/nowhere/guide/forms.html#form-setup"));
+}
+
+// What is entered stands in the user's file and is there the next time.
+TEST_F(Program, OfficeDataAreKept)
+{
+    const QTemporaryDir folder;
+    const QByteArray before = qgetenv("KESTRUM_DATA");
+    qputenv("KESTRUM_DATA", folder.path().toUtf8());
+    {
+        OfficeDialog dialog(session, nullptr);
+        dialog.findChild<QLineEdit*>(QStringLiteral("officecompany"))->setText("Hansen & Co");
+        dialog.findChild<QLineEdit*>(QStringLiteral("officelogo"))->setText("/nowhere/logo.png");
+        dialog.accept();
+        ASSERT_EQ(script.warnings.size(), 1U);
+        EXPECT_THAT(script.warnings.front(), testing::StartsWith("/nowhere/logo.png: "));
+        dialog.findChild<QLineEdit*>(QStringLiteral("officelogo"))->clear();
+        dialog.findChild<QComboBox*>(QStringLiteral("officedecimal"))->setCurrentIndex(1);
+        dialog.accept();
+        EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    }
+    const OfficeDialog again(session, nullptr);
+    EXPECT_EQ(again.findChild<QLineEdit*>(QStringLiteral("officecompany"))->text(), "Hansen & Co");
+    EXPECT_EQ(again.findChild<QComboBox*>(QStringLiteral("officedecimal"))->currentIndex(), 1);
+    before.isNull() ? qunsetenv("KESTRUM_DATA") : qputenv("KESTRUM_DATA", before);
 }
 
 TEST_F(Program, ErrorShowsOverTheLastGoodPanelAndGoes)

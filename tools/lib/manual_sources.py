@@ -1,24 +1,28 @@
 #!/usr/bin/env python3
 """Makes the parts of the manuals that follow from other files, and checks what the manuals name.
 
-usage: manual_sources.py deviations|verification|check|page|index|links ARGUMENTS
+usage: manual_sources.py deviations|verification|check|clauses|page|index|links ARGUMENTS
   deviations           tables of the deviations from docs/deviations.md
   verification         tables of the verification problems from docs/verification.md
-  check KESTRUM        deviations and fields that docs/theory names exist, and it names every row of the table of details
+  check KESTRUM        deviations and fields that docs/theory names exist, it names every row of the table of details, and
+                       the numbers of its example are those of the program
   page FILE FOLDER     the page without pictures that FOLDER does not hold
   index FOLDER         search.js of the HTML pages in FOLDER
+  clauses FOLDER       marks the paragraphs of the manual's sources in FOLDER that name clauses, and adds an index of them
   links FOLDER         links and pictures of the pages in FOLDER exist, and each form has its picture
 """
 import html.parser
 import json
 import pathlib
 import re
+import shlex
 import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 DEVIATIONS = ROOT / 'docs/deviations.md'
 VERIFICATION = ROOT / 'docs/verification.md'
+EXAMPLE = '87-example.md'
 
 
 def cells(line):
@@ -51,7 +55,8 @@ def deviations():
 
 
 def verification():
-    out, last, inside, shown = [], None, False, []
+    """On pages across: seven columns."""
+    out, last, inside, shown = [r'\across', ''], None, False, []
     for line in VERIFICATION.read_text(encoding='utf-8').splitlines():
         inside = inside or line.startswith('## ')
         if not inside:
@@ -69,7 +74,7 @@ def verification():
                 last = row[0]
             line = '| ' + ' | '.join(row) + ' |'
         out.append(line)
-    print('\n'.join(out))
+    print('\n'.join([*out, '', r'\upright']))
 
 
 def details(kestrum, project):
@@ -86,6 +91,24 @@ def details(kestrum, project):
     return labels
 
 
+def example(kestrum, name, text):
+    """What differs between the numbers of the example, [0.81]{field=chiy}, and those of its own commands."""
+    commands = re.search(r'^```sh\n(kestrum new .*?)```', text, re.M | re.S)[1].replace('\\\n', ' ').splitlines()
+    words = shlex.split(commands[0])
+    project = subprocess.run([kestrum, *words[1:words.index('-o')]], capture_output=True, text=True, check=True).stdout
+
+    def answer(*arguments):
+        return json.loads(subprocess.run([kestrum, *arguments, '-'], input=project, capture_output=True, text=True).stdout)
+    state, standard = answer('dump'), answer('check', '--json')[0]['standard']
+    faults, shown = [], re.findall(r'\[([\d.]+)\]\{(field|standard)=(\w+)(?: scale=([\de.-]+))?\}', text)
+    for number, source, field, scale in shown:
+        value = (state if source == 'field' else standard)[field] * float(scale or 1)
+        digits = len(number.partition('.')[2])
+        if f'{value:.{digits}f}' != number:
+            faults.append(f'{name}: {field} is {value:.{digits + 2}f}, not {number}')
+    return faults if len(shown) > 30 else faults + [f'{name}: numbers of the program are missing']
+
+
 def check(kestrum):
     known = set(re.findall(r'^\| (D\d+) \|', DEVIATIONS.read_text(encoding='utf-8'), re.M))
     project = subprocess.run([kestrum, 'new'], capture_output=True, text=True, check=True).stdout
@@ -99,6 +122,8 @@ def check(kestrum):
             fields = [name for line in text.splitlines() if line.startswith('|')
                       for name in re.findall(r'`(\w+)`', line)]
             faults += [f'{path.name}: the dump has no field {name}' for name in fields if name not in state]
+        if path.name == EXAMPLE:
+            faults += example(kestrum, path.name, text)
         if path.name == '85-details.md':
             told = re.findall(r'^\| `([^`]+)`', text, re.M)
             labels = details(kestrum, project)
@@ -109,10 +134,67 @@ def check(kestrum):
     sys.exit(1 if faults else 0)
 
 
+CLAUSE = re.compile(r'(?:(EN 199\d(?:-\d+)*), )?(Annex [A-Z]|Table [A-Z]?\.?\d+(?:\.\d+)*|Eq \(?\d+\.\d+[a-z]?\)?'
+                    r'|(?<![\d.·])\d\.\d+(?:\.\d+)*(?![\d.·]*\d))')
+
+
+def clauses_of(text):
+    """Standard and clause of each reference of a paragraph: ('EN 1993-1-1', '6.3.2.3')."""
+    found = set()
+    bare = re.sub(r'\$\$.*?\$\$|\$[^$]*\$|`[^`]*`', ' ', text, flags=re.S)
+    for standard, clause in CLAUSE.findall(bare):
+        number = clause[0].isdigit()
+        if number and not standard and clause.count('.') < 2:
+            continue  # any decimal
+        clause = clause.replace('(', '').replace(')', '')
+        of_actions = clause.startswith(('Eq 6.10', 'Eq 6.14')) or clause.startswith('6.4.3')
+        found.add((standard or ('EN 1990' if of_actions else 'EN 1993-1-1'), clause))
+    return found
+
+
+def clause_order(key):
+    standard, clause = key
+    kind = ('Annex', 'Table', 'Eq').index(clause.split()[0]) + 1 if ' ' in clause else 0
+    parts = re.findall(r'\d+|[A-Za-z]+', clause.split()[-1])
+    return standard, kind, [(part.isdigit(), int(part) if part.isdigit() else 0, part) for part in parts]
+
+
+def clauses(folder):
+    places, labels = {}, 0
+    for path in sorted(pathlib.Path(folder).glob('[0-9]*.md')):
+        out, fenced = [], False
+        for block in path.read_text(encoding='utf-8').split('\n\n'):
+            fenced ^= block.count('```') % 2 == 1
+            units = block.split('\n') if block.startswith('|') else [block]
+            for i, unit in enumerate(units):
+                start = re.match(r'\| |[-*] |(?=[\w*\[$])(?!\$\$)', unit)
+                found = clauses_of(unit)
+                if fenced or '```' in unit or not start or not found or unit.startswith(('| -', '|-')):
+                    continue
+                labels += 1
+                units[i] = f'{start[0]}\\phantomsection\\label{{clause{labels}}}{unit[start.end():]}'
+                for key in found:
+                    places.setdefault(key, []).append(labels)
+            out.append('\n'.join(units))
+        path.write_text('\n\n'.join(out), encoding='utf-8')
+    rows = [f'| {standard} | {clause} | ' + ', '.join(rf'\ref{{clause{n}}} (\pageref{{clause{n}}})' for n in numbers) + ' |'
+            for (standard, clause), numbers in sorted(places.items(), key=lambda item: clause_order(item[0]))]
+    (pathlib.Path(folder) / '95-clauses.md').write_text(
+        '# Index by clause\n\nClause of the standard; sections of this manual that refer to it, each with the page of the '
+        'paragraph.\n\n| Standard | Clause | Section (page) |\n|------------|--------------|' + '-' * 60 + '|\n' +
+        '\n'.join(rows) + '\n', encoding='utf-8')
+
+
 def page(path, folder):
     def present(match):
         return match.group(0) if (pathlib.Path(folder) / match.group(1)).exists() else ''
+
+    def anchored(match):
+        """A section, under the names of the forms that it shows: F1 opens it there."""
+        forms = re.findall(r'^!\[[^]]*\]\(pictures/(form-\w+)\.png\)$', match[0], re.M)
+        return ''.join(f'<a id="{form}"></a>\n' for form in forms) + ('\n' if forms else '') + match[0]
     text = pathlib.Path(path).read_text(encoding='utf-8')
+    text = re.sub(r'^#+ .*?(?=^#+ |\Z)', anchored, text, flags=re.M | re.S)
     print(re.sub(r'^!\[[^]]*\]\((pictures/[^)]+)\)\n', present, text, flags=re.M), end='')
 
 
@@ -198,6 +280,9 @@ def links(folder):
                 faults.append(f'{name}: {target} does not exist')
             elif anchor and anchor not in pages[file or name].ids:
                 faults.append(f'{name}: {target} has no such place')
+    known = set().union(*(page.ids for page in pages.values()))
+    faults += [f'no page has a place for {path.stem}' for path in sorted(pathlib.Path(folder, 'pictures').glob('form-*.png'))
+               if path.stem not in known]
     faults += [f'no page shows {path.name}' for path in sorted(pathlib.Path(folder, 'pictures').glob('form-*.png'))
                if f'pictures/{path.name}' not in shown]
     for fault in faults:
@@ -206,8 +291,8 @@ def links(folder):
 
 
 def main():
-    commands = {'deviations': deviations, 'verification': verification, 'check': check, 'page': page, 'index': index,
-                'links': links}
+    commands = {'deviations': deviations, 'verification': verification, 'check': check, 'clauses': clauses,
+                'page': page, 'index': index, 'links': links}
     if len(sys.argv) < 2 or sys.argv[1] not in commands:
         sys.exit(__doc__)
     commands[sys.argv[1]](*sys.argv[2:])

@@ -13,6 +13,7 @@
 #include "sections/load_library.h"
 #include "ui/main_window.h"
 #include "ui/members_window.h"
+#include "ui/office_dialog.h"
 #include "ui/qt_surroundings.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -194,6 +195,12 @@ void TakeForms(Photographer& camera, Desk& desk, const QString& suffix)
         ChooseFamily(desk.session, 1);
     }
     TakeMembers(camera, window, QStringLiteral("form-members") + suffix);
+    const QString office = QStringLiteral("form-office") + suffix;
+    if (camera.Wanted(office)) {
+        OfficeDialog dialog(desk.session, &window);
+        dialog.show();
+        camera.Take(dialog, office);
+    }
     const QString name = QStringLiteral("form-finder") + suffix;
     if (camera.Wanted(name)) {
         window.findChild<QAction*>(QStringLiteral("mnufind"))->trigger();

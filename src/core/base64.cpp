@@ -1,4 +1,4 @@
-#include "document/base64.h"
+#include "core/base64.h"
 
 #include <algorithm>
 

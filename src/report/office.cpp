@@ -1,4 +1,4 @@
-#include "document/office.h"
+#include "report/office.h"
 
 #include "core/file_io.h"
 #include "core/utf8_path.h"
@@ -7,25 +7,21 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <filesystem>
 
 namespace kestrum {
 
 namespace {
 
-struct Entry {
-    std::string_view name;
-    std::string Office::*field;
-};
-
-constexpr std::array<Entry, 8> kEntries{{{"company", &Office::company},
-                                         {"logo", &Office::logo},
-                                         {"projectnumber", &Office::projectnumber},
-                                         {"author", &Office::author},
-                                         {"checker", &Office::checker},
-                                         {"revision", &Office::revision},
-                                         {"date", &Office::date},
-                                         {"decimal", &Office::decimal}}};
+constexpr std::array<OfficeField, 8> kFields{{{"company", &Office::company},
+                                              {"logo", &Office::logo},
+                                              {"projectnumber", &Office::projectnumber},
+                                              {"author", &Office::author},
+                                              {"checker", &Office::checker},
+                                              {"revision", &Office::revision},
+                                              {"date", &Office::date},
+                                              {"decimal", &Office::decimal}}};
 
 std::string_view Trimmed(std::string_view text)
 {
@@ -36,13 +32,45 @@ std::string_view Trimmed(std::string_view text)
                : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
+// Width and height from the view box of an SVG; stay 0 without one.
+void ReadSvgSize(Logo& logo)
+{
+    std::string_view box(logo.bytes);
+    constexpr std::string_view kKey = "viewBox=";
+    const std::size_t at = box.find(kKey);
+    if (at == std::string_view::npos) {
+        return;
+    }
+    box.remove_prefix(std::min(at + kKey.size() + 1, box.size()));  // with the quote
+    std::array<double, 4> numbers{};
+    for (double& number : numbers) {
+        box.remove_prefix(std::min(box.find_first_not_of(" ,\t\r\n"), box.size()));
+        const auto [end, fault] = std::from_chars(box.data(), box.data() + box.size(), number);
+        if (fault != std::errc{}) {
+            return;
+        }
+        box.remove_prefix(static_cast<std::size_t>(end - box.data()));
+    }
+    if (numbers[2] > 0 && numbers[3] > 0) {
+        logo.width = numbers[2];
+        logo.height = numbers[3];
+    }
+}
+
 std::string Names()
 {
     std::string names;
-    for (const Entry& entry : kEntries) {
-        names.append(names.empty() ? "" : ", ").append(entry.name);
+    for (const OfficeField& field : kFields) {
+        names.append(names.empty() ? "" : ", ").append(field.name);
     }
     return names;
+}
+
+// In the data folder of the user; empty where there is none.
+std::string UserFile()
+{
+    const std::string folder = UserDataFolder();
+    return folder.empty() ? folder : folder + "/" + std::string(kOfficeFile);
 }
 
 // Big-endian.
@@ -59,16 +87,35 @@ double NumberAt(std::string_view bytes, std::size_t at)
 
 std::string SetOffice(Office& office, std::string_view name, std::string_view value)
 {
-    const auto* const entry = std::find_if(kEntries.begin(), kEntries.end(),
-                                           [&](const Entry& e) { return e.name == name; });
-    if (entry == kEntries.end()) {
+    const auto* const field = std::find_if(kFields.begin(), kFields.end(),
+                                           [&](const OfficeField& f) { return f.name == name; });
+    if (field == kFields.end()) {
         return "field " + Printable(name) + ": not known; there are " + Names();
     }
     if (name == "decimal" && value != "point" && value != "comma") {
         return "field decimal: expected point or comma, found \"" + Printable(value) + "\"";
     }
-    office.*(entry->field) = AsUtf8(value);
+    office.*(field->value) = AsUtf8(value);
     return {};
+}
+
+std::span<const OfficeField> OfficeFields()
+{
+    return kFields;
+}
+
+std::string OfficeText(const Office& office)
+{
+    std::string text;
+    for (const OfficeField& field : kFields) {
+        std::string value(Trimmed(office.*(field.value)));
+        std::replace(value.begin(), value.end(), '\n', ' ');
+        std::replace(value.begin(), value.end(), '\r', ' ');
+        if (!value.empty()) {
+            text.append(field.name).append(" = ").append(value).append("\n");
+        }
+    }
+    return text;
 }
 
 std::optional<FileFault> ReadOffice(std::string_view bytes, Office& office)
@@ -109,20 +156,10 @@ std::string ReadLogo(std::string bytes, Logo& logo)
     }
     if (bytes.find("<svg") != std::string::npos) {
         logo = {std::move(bytes), true, 0, 0};
+        ReadSvgSize(logo);
         return {};
     }
     return "neither PNG nor SVG";
-}
-
-void TakeOffice(const Office& office, DocumentHead& head)
-{
-    head.company = office.company;
-    head.projectnumber = office.projectnumber;
-    head.author = office.author;
-    head.checker = office.checker;
-    head.revision = office.revision;
-    head.date = office.date;
-    head.decimal = office.decimal == "comma" ? ',' : '.';
 }
 
 std::string ReadOfficeFile(const std::string& path, Office& office)
@@ -138,23 +175,33 @@ std::string ReadOfficeFile(const std::string& path, Office& office)
 
 std::string ReadUserOffice(Office& office)
 {
-    const std::string folder = UserDataFolder();
-    const std::string path = folder + "/" + std::string(kOfficeFile);
+    const std::string path = UserFile();
     std::error_code ignored;
-    const bool there = !folder.empty() && std::filesystem::is_regular_file(Utf8Path(path), ignored);
+    const bool there = !path.empty() && std::filesystem::is_regular_file(Utf8Path(path), ignored);
     return there ? ReadOfficeFile(path, office) : std::string();
 }
 
-std::string HeadOf(const Office& office, DocumentHead& head)
+std::string SaveUserOffice(const Office& office)
 {
-    TakeOffice(office, head);
+    const std::string path = UserFile();
+    if (path.empty()) {
+        return "there is no folder for the data of the user";
+    }
+    std::error_code fault;
+    std::filesystem::create_directories(Utf8Path(path).parent_path(), fault);
+    const std::string problem = fault ? fault.message() : WriteWholeFile(path, OfficeText(office));
+    return problem.empty() ? problem : path + ": " + problem;
+}
+
+std::string ReadOfficeLogo(const Office& office, Logo& logo)
+{
     if (office.logo.empty()) {
         return {};
     }
     std::string bytes;
     std::string fault = ReadWholeFile(office.logo, bytes);
     if (fault.empty()) {
-        fault = ReadLogo(std::move(bytes), head.logo);
+        fault = ReadLogo(std::move(bytes), logo);
     }
     return fault.empty() ? fault : office.logo + ": " + fault;
 }
