@@ -5,6 +5,7 @@
 #include "app/table_record.h"
 #include "app/view_section.h"
 #include "core/csv_cell.h"
+#include "core/project_state.h"
 #include "core/utf8_text.h"
 #include "engine/prepared.h"
 #include "report/outcome.h"

@@ -5,7 +5,6 @@
 #include "app/member_list.h"
 #include "core/csv_cell.h"
 #include "core/library.h"
-#include "core/project_state.h"
 #include "report/member_summary.h"
 
 #include <cstddef>
@@ -14,6 +13,8 @@
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 struct AnswerTable {
     MemberSummary summary{};

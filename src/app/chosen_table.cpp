@@ -2,6 +2,7 @@
 
 #include "app/batch.h"
 #include "app/cell_reader.h"
+#include "core/project_state.h"
 
 #include <algorithm>
 #include <utility>

@@ -92,7 +92,7 @@ void EnvelopeWorker::Open(std::size_t member)
         return;
     }
     prepared_ = member;
-    ProjectState s = plan_.base;
+    HeldState s = plan_.base;
     std::string refusal = plan_.members.Apply(member, plan_.library, s, plan_.manner);
     if (refusal.empty()) {
         cases_.Prepare(s);

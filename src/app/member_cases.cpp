@@ -2,6 +2,7 @@
 
 #include "core/check_text.h"
 #include "core/failure.h"
+#include "core/project_state.h"
 #include "design/resistance.h"
 #include "engine/prepared.h"
 #include "report/state_json.h"

@@ -5,7 +5,6 @@
 
 #include "analysis/stations.h"
 #include "core/library.h"
-#include "core/project_state.h"
 #include "report/outcome.h"
 
 #include <cstddef>
@@ -17,6 +16,8 @@
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 enum class Bases : std::uint8_t { program, standard, both };
 

@@ -1,6 +1,7 @@
 #include "app/member_line.h"
 
 #include "app/file_commands.h"
+#include "core/project_state.h"
 #include "engine/new_project.h"
 
 namespace kestrum {

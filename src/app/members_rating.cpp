@@ -83,7 +83,7 @@ constexpr double kNoLimit = std::numeric_limits<double>::infinity();
 
 // A member of a line with what acts on it.
 struct Line {
-    ProjectState member;
+    HeldState member;
     std::vector<CaseRows> cases{};
     std::unique_ptr<SectionRater> rater{};
     std::string refusal{}, remarks{};
@@ -166,7 +166,7 @@ LineRating RateLine(const LineSource& source, std::string_view record, std::stri
     Line line = Read(source, record, name);
     LineRating rating{line.refusal, line.remarks};
     if (line.refusal.empty()) {
-        ProjectState s = line.member;
+        HeldState s = line.member;
         rating.answer = line.rater->Rate(s, Bases::both, kNoLimit, true);
     }
     return rating;

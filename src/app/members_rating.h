@@ -7,7 +7,6 @@
 #include "app/member_cases.h"
 #include "app/member_table.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <cstddef>
 #include <memory>
@@ -17,6 +16,8 @@
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // The cases of a whole table of forces, by member.
 class ForceCases {

@@ -10,6 +10,7 @@
 #include "app/view_section.h"
 #include "app/without_effect.h"
 #include "core/field_table.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "sections/family_table.h"
 

@@ -5,7 +5,6 @@
 
 #include "app/member_table.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -17,6 +16,8 @@
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 class MembersSheet {
 public:

@@ -5,6 +5,7 @@
 #include "app/view_section.h"
 #include "core/material.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "report/outcome.h"
 
 #include <algorithm>
@@ -172,7 +173,7 @@ void Optimizer::Rank(OptimizeAnswer& answer)
         answer.impossible += whole ? 0 : steels;
         answer.beyond += fits ? 0 : steels;
         for (std::uint16_t k = 0; k < steels && whole && fits; ++k) {
-            const auto value = ValueOf(i, states_[k].fykindex, *first);
+            const auto value = ValueOf(i, states_[k]->fykindex, *first);
             if (!value) {
                 answer.message =
                     pool_.NameOf(library_, probes_[0], candidates[i]) + " has no price";

@@ -21,8 +21,8 @@
 #include "app/member_cases.h"
 #include "app/section_pool.h"
 #include "app/section_rater.h"
+#include "core/held_state.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -126,10 +126,10 @@ private:
     std::string refusal_;
     std::vector<std::vector<std::optional<Price>>> prices_;  // by steel, of each candidate
     std::span<SectionRater* const> group_;
-    std::vector<ProjectState> states_;  // of each member with each steel
-    std::vector<ProjectState> probes_;  // of each member, to look at sections
+    std::vector<HeldState> states_;  // of each member with each steel
+    std::vector<HeldState> probes_;  // of each member, to look at sections
     std::vector<Ranked> ranked_;
-    ProjectState work_;
+    HeldState work_;
 };
 
 }  // namespace kestrum

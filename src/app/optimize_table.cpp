@@ -2,6 +2,7 @@
 
 #include "app/choices.h"
 #include "app/view_section.h"
+#include "core/project_state.h"
 #include "core/utf8_text.h"
 
 #include <algorithm>

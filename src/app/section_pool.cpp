@@ -8,6 +8,7 @@
 #include "app/input_boxes.h"
 #include "app/size_list.h"
 #include "app/unloaded_member.h"
+#include "core/project_state.h"
 #include "sections/family_table.h"
 #include "sections/section_names.h"
 

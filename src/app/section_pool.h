@@ -11,7 +11,6 @@
 
 #include "app/assign.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <array>
 #include <cstddef>
@@ -22,6 +21,8 @@
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 // One section of a pool.
 struct Candidate {

@@ -1,6 +1,7 @@
 #include "app/section_rater.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/prepared.h"
 #include "report/outcome.h"

@@ -4,8 +4,8 @@
 // forces.
 
 #include "app/member_cases.h"
+#include "core/held_state.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <cstddef>
 #include <optional>
@@ -57,7 +57,7 @@ protected:
     SectionRater& operator=(const SectionRater&) = default;
 
 private:
-    ProjectState member_;
+    HeldState member_;
 };
 
 // Under its own loads or end forces.

@@ -8,10 +8,14 @@ namespace kestrum {
 
 std::optional<double> UtilisationOf(const ProjectState& s, const PanelLine& line)
 {
-    if (!line.row || !IsJudged(s.checklist.row(*line.row)) || s.irlimit <= 0) {
+    if (!line.row) {
         return std::nullopt;
     }
-    return s.checklist.row(*line.row).ratio / s.irlimit;
+    const Check& check = s.checklist.row(*line.row);
+    if (!IsJudged(check) || check.limit <= 0) {
+        return std::nullopt;
+    }
+    return check.ratio / check.limit;
 }
 
 }  // namespace kestrum

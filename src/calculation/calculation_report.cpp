@@ -1,6 +1,7 @@
 #include "calculation/calculation_report.h"
 
 #include "calculation/chapters.h"
+#include "core/project_state.h"
 #include "core/version.h"
 #include "engine/calculate.h"
 #include "report/page_header.h"
@@ -82,7 +83,7 @@ void AddFront(std::span<const ReportedMember> members,
     std::vector<std::size_t> order;
     for (std::size_t i = 0; i < members.size(); ++i) {
         contents.rows.push_back(
-            {members[i].project.ident, TitleOf(calculated[i]), members[i].file, "      "});
+            {members[i].project->ident, TitleOf(calculated[i]), members[i].file, "      "});
         order.push_back(i);
     }
     d.Add(std::move(contents));
@@ -102,7 +103,7 @@ void AddFront(std::span<const ReportedMember> members,
                                   {"verdict"}}};
     for (const std::size_t i : order) {
         const CalculatedMember& m = calculated[i];
-        summary.rows.push_back({members[i].project.ident, TitleOf(m),
+        summary.rows.push_back({members[i].project->ident, TitleOf(m),
                                 RatioText(m.outcome.rated(), m.outcome.ir), m.outcome.control,
                                 VerdictText(m.outcome), RatioText(m.standard.rated, m.standard.ir),
                                 standard::VerdictOf(m.standard)});
@@ -131,8 +132,8 @@ Document CalculationReport(const Library& library, std::span<const ReportedMembe
         calculated.push_back(CalculateMember(library, member.project, member.vortex));
     }
     const bool book = members.size() > 1;
-    d.head.project = members.front().project.projname;
-    d.head.ident = book ? "" : members.front().project.ident;
+    d.head.project = members.front().project->projname;
+    d.head.ident = book ? "" : members.front().project->ident;
     d.head.title = "Calculation report" + (book ? "" : ": " + TitleOf(calculated.front()));
     d.head.footer = FooterOf(members);
     if (book) {
@@ -141,7 +142,7 @@ Document CalculationReport(const Library& library, std::span<const ReportedMembe
     for (std::size_t i = 0; i < members.size(); ++i) {
         if (book) {
             d.NewPage();
-            const std::string& ident = members[i].project.ident;
+            const std::string& ident = members[i].project->ident;
             d.Member((ident.empty() ? "" : ident + ": ") + TitleOf(calculated[i]));
             d.Say(members[i].file + ", SHA-256 " + members[i].digest, Paragraph::Kind::remark);
         } else {

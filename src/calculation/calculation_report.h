@@ -4,8 +4,8 @@
 // the program and by EN 1993-1-1 as written. Several members make a book with a cover, a list of
 // contents and a summary.
 
+#include "core/held_state.h"
 #include "core/library.h"
-#include "core/project_state.h"
 #include "document/document.h"
 
 #include <span>
@@ -16,7 +16,7 @@ namespace kestrum {
 struct ReportedMember {
     std::string file{};    // its name without folders; empty: none
     std::string digest{};  // SHA-256 of the file
-    ProjectState project;  // as read
+    HeldState project;     // as read
     bool vortex = false;   // with the control of vortex shedding
 };
 

@@ -5,7 +5,6 @@
 
 #include "core/check.h"
 #include "core/library.h"
-#include "core/project_state.h"
 #include "document/document.h"
 #include "standard/standard.h"
 
@@ -15,6 +14,8 @@
 #include <vector>
 
 namespace kestrum {
+
+struct ProjectState;
 
 struct CheckNode {
     std::string name{};                 // "Bending about y"

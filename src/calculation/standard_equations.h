@@ -3,11 +3,12 @@
 // The checks by EN 1993-1-1 as written with their terms, as the pass of the standard found them.
 
 #include "core/library.h"
-#include "core/project_state.h"
 #include "document/document.h"
 #include "standard/standard.h"
 
 namespace kestrum {
+
+struct ProjectState;
 
 // What leads to the ratio of the check, and the ratio with the departures of the program that
 // change it. `input`: as read.

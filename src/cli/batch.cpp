@@ -7,7 +7,6 @@
 #include "cli/many.h"
 #include "cli/progress.h"
 #include "core/file_target.h"
-#include "core/project_state.h"
 #include "core/utf8_path.h"
 #include "core/utf8_text.h"
 
@@ -95,7 +94,7 @@ int Batch(const Options& options, const BatchArguments& arguments)
         throw BadInput("--resume needs -o with the file of the earlier run");
     }
     const Shard shard = ShardOf(arguments.shard, arguments.out);
-    const ProjectState base = BaseOf(library, arguments.base);
+    const HeldState base = BaseOf(library, arguments.base);
 
     const Interrupt interrupt;
     BatchInput input(arguments.inputs, form, arguments.keep_columns, interrupt);

@@ -91,7 +91,7 @@ std::string ReadAll(const std::string& file)
     return bytes;
 }
 
-ProjectState Project(const Library& library, const std::string& file, const std::string& bytes)
+HeldState Project(const Library& library, const std::string& file, const std::string& bytes)
 {
     ProjectState s{};
     if (const auto fault = ReadFresh(library, s, bytes)) {
@@ -162,13 +162,13 @@ std::string VersionText(const Options& options)
     return version + "\n" + options.data + ": " + (own.empty() ? "data as delivered" : own);
 }
 
-ProjectState OpenProject(const Library& library, const std::string& file)
+HeldState OpenProject(const Library& library, const std::string& file)
 {
     return Project(library, file, ReadAll(file));
 }
 
-ProjectState OpenToChange(const Library& library, const std::string& file, const std::string& out,
-                          FileLock& lock)
+HeldState OpenToChange(const Library& library, const std::string& file, const std::string& out,
+                       FileLock& lock)
 {
     Require(out, lock.Take(out));
     std::error_code fault;

@@ -6,8 +6,8 @@
 #include "cli/terminal.h"
 #include "core/csv_cell.h"
 #include "core/file_lock.h"
+#include "core/held_state.h"
 #include "core/library.h"
-#include "core/project_state.h"
 
 #include <optional>
 #include <stdexcept>
@@ -56,12 +56,12 @@ Library LoadTables(const Options& options);
 std::string VersionText(const Options& options);
 
 // A fresh program with the project of the file, "-" for standard input. Throws BadInput.
-ProjectState OpenProject(const Library& library, const std::string& file);
+HeldState OpenProject(const Library& library, const std::string& file);
 
 // The same for a project that is to be saved to `out`: until the lock is gone no other program
 // changes that file, be it the one read or another. Throws BadInput.
-ProjectState OpenToChange(const Library& library, const std::string& file, const std::string& out,
-                          FileLock& lock);
+HeldState OpenToChange(const Library& library, const std::string& file, const std::string& out,
+                       FileLock& lock);
 
 // Writes the whole file or nothing; standard output without a name. Throws BadInput.
 void SaveProject(ProjectState& s, const std::string& file);

@@ -1,7 +1,6 @@
 #include "cli/commands.h"
 
 #include "cli/renderer.h"
-#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "report/diagrams.h"
 
@@ -18,7 +17,7 @@ int Diagram(const Options& options, const DiagramArguments& arguments)
     CheckDrawingName(arguments.out);
     SpareInput(arguments.out, arguments.file);
     const Library library = LoadTables(options);
-    ProjectState s = OpenProject(library, arguments.file);
+    HeldState s = OpenProject(library, arguments.file);
     if (!Calculate(library, s)) {
         Complain(arguments.file + ": " + std::string(kCalculationError));
         return kFailedPass;

@@ -1,6 +1,6 @@
 #include "cli/commands.h"
 
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "report/design_notes.h"
@@ -30,7 +30,7 @@ std::string WithOwnData(const Library& library, std::string object)
 int DumpFile(const Library& library, const std::string& file, bool inputs,
              std::vector<std::string>& objects)
 {
-    ProjectState s = OpenProject(library, file);
+    HeldState s = OpenProject(library, file);
     if (inputs) {
         objects.push_back(InputsJson(s));
         return kAllWithin;
@@ -41,7 +41,7 @@ int DumpFile(const Library& library, const std::string& file, bool inputs,
     if (!well) {
         Complain(file + ": " + std::string(kCalculationError));
     }
-    return well || FindRoutines(s.family) == nullptr ? kAllWithin : kFailedPass;
+    return well || FindRoutines(InputsOf(s).family) == nullptr ? kAllWithin : kFailedPass;
 }
 
 std::string ListOf(const std::vector<std::string>& objects)

@@ -182,7 +182,7 @@ int Envelope(const Options& options, const EnvelopeArguments& arguments)
     const CsvForm csv = CsvFormFor(options, arguments.out, arguments.csv_safe);
     const EnvelopeForm form(FormOf(options, arguments.out), BasesOf(arguments.basis), csv);
     const Shard shard = ShardOf(arguments.shard, arguments.out);
-    const ProjectState base = BaseOf(library, arguments.base);
+    const HeldState base = BaseOf(library, arguments.base);
 
     const Interrupt interrupt;
     bool faulty = false;

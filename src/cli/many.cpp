@@ -4,6 +4,7 @@
 #include "app/table_record.h"
 #include "app/unloaded_member.h"
 #include "cli/text_stream.h"
+#include "core/project_state.h"
 #include "core/utf8_path.h"
 
 #include <algorithm>
@@ -99,7 +100,7 @@ unsigned Threads(int jobs)
     return std::clamp(wanted, 1U, kMost);
 }
 
-ProjectState BaseOf(const Library& library, const std::string& file)
+HeldState BaseOf(const Library& library, const std::string& file)
 {
     if (!file.empty()) {
         ProjectState s = OpenProject(library, file);

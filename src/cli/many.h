@@ -42,7 +42,7 @@ unsigned Threads(int jobs);
 
 // What a line of a table starts from: a project without loads, or a new one. Of the two kinds of
 // load the base has those that its file holds; a member that begins from nothing has neither.
-ProjectState BaseOf(const Library& library, const std::string& file);
+HeldState BaseOf(const Library& library, const std::string& file);
 
 // A whole table as decoded text, "-" for standard input. Ends the program when the user stops it.
 // Throws BadInput.

@@ -14,6 +14,7 @@
 #include "cli/progress.h"
 #include "core/file_io.h"
 #include "core/number_format.h"
+#include "core/project_state.h"
 #include "core/utf8_text.h"
 #include "sections/families.h"
 
@@ -340,7 +341,7 @@ int OptimizeTable(const Options& options, const OptimizeArguments& arguments)
     const SectionPool pool = PoolOf(library, arguments, {}, interrupt);
     const OptimizeWishes wishes = WishesOf(library, arguments);
     Require("--by", Optimizer(library, pool, wishes).refusal());
-    const ProjectState base = BaseOf(library, arguments.base);
+    const HeldState base = BaseOf(library, arguments.base);
 
     bool faulty = false;
     const bool frame = !arguments.forces.empty();

@@ -5,7 +5,7 @@
 #include "cli/print_stamp.h"
 #include "cli/renderer.h"
 #include "cli/report_office.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "render/pdf_extras.h"
@@ -39,8 +39,8 @@ int PrintFile(const Library& library, const ReportArguments& arguments, const st
 {
     const ProjectOrigin origin = OriginOf(file);
     stamp.origin = OriginText(origin.file, origin.digest);
-    ProjectState s = OpenProject(library, file);
-    if (FindRoutines(s.family) == nullptr) {
+    HeldState s = OpenProject(library, file);
+    if (FindRoutines(InputsOf(s).family) == nullptr) {
         throw BadInput(file + ": no section control for this family");
     }
     const bool vortex = arguments.kind == "vortex";

@@ -6,7 +6,6 @@
 #include "cli/renderer.h"
 #include "cli/report_office.h"
 #include "core/file_io.h"
-#include "core/project_state.h"
 #include "document/document_head.h"
 #include "document/html_writer.h"
 #include "document/markdown_writer.h"

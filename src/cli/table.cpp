@@ -3,7 +3,7 @@
 #include "app/detailed_book.h"
 #include "cli/print_stamp.h"
 #include "core/file_io.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "report/detailed_table.h"
@@ -56,8 +56,8 @@ int DetailedTable(const Options& options, const TableArguments& arguments)
     const CsvForm csv = CsvFormOf(options, CsvTexts::plain, ending == ".csv");
     SpareInput(arguments.out, arguments.file);
     const Library library = LoadTables(options);
-    ProjectState s = OpenProject(library, arguments.file);
-    if (FindRoutines(s.family) == nullptr) {
+    HeldState s = OpenProject(library, arguments.file);
+    if (FindRoutines(InputsOf(s).family) == nullptr) {
         throw BadInput(arguments.file + ": no section control for this family");
     }
     if (!Calculate(library, s)) {

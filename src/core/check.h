@@ -72,13 +72,14 @@ struct CheckPlace {
     bool operator==(const CheckPlace&) const = default;
 };
 
-constexpr std::int16_t kWithin = 2;
-constexpr std::int16_t kAbove = 4;
+constexpr std::int8_t kWithin = 2;
+constexpr std::int8_t kAbove = 4;
 
 struct Check {
     CheckForm form = CheckForm::none;
     bool shear_z = false, shear_y = false;  // Vz reduces My,Rd, Vy reduces Mz,Rd
-    std::int16_t status = kWithin;          // or kAbove the limit
+    std::int8_t status = kWithin;           // or kAbove the limit
+    float limit = 1;                        // of the ratio
     CheckPlace place{};
     double ratio = 0;
     std::array<double, 9> terms{};  // of the calculation; behind them signs, see ShownTextOf
@@ -86,13 +87,13 @@ struct Check {
 
     bool operator==(const Check&) const = default;
     bool empty() const { return form == CheckForm::none; }
+    void Judge(double found, float most)
+    {
+        ratio = found;
+        limit = most;
+        status = found <= most ? kWithin : kAbove;
+    }
 };
-
-// A ratio judged by the limit of ratios.
-constexpr std::int16_t StatusOf(double ratio, float irlimit)
-{
-    return ratio <= irlimit ? kWithin : kAbove;
-}
 
 // Checks stand in the order of their rows, so that the checks of some rows are a range.
 constexpr std::size_t FirstCheckOf(std::size_t row)

@@ -162,14 +162,14 @@ std::array<double, 9> AddedTerms(const Check& check)
     return terms;
 }
 
-RowText ShownTextOf(const Check& check, float irlimit)
+RowText ShownTextOf(const Check& check)
 {
-    RowText text = TextOf(check, irlimit);
+    RowText text = TextOf(check);
     text.calculation = Added(check);
     return text;
 }
 
-RowText TextOf(const Check& check, float irlimit)
+RowText TextOf(const Check& check)
 {
     RowText text;
     if (check.empty()) {
@@ -183,7 +183,7 @@ RowText TextOf(const Check& check, float irlimit)
     text.label = "IR = " + FormulaOf(check) + std::string(texts.end);
     text.calculation = Calculation(texts, check.terms);
     text.result = FormatNum(check.ratio, kRatio);
-    text.limit = " < " + FormatNum(irlimit, kForce) + Reference(check);
+    text.limit = " < " + FormatNum(check.limit, kForce) + Reference(check);
     return text;
 }
 

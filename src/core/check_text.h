@@ -42,12 +42,12 @@ struct RowText {
 };
 
 // An empty check gives empty texts, a remark its label alone.
-RowText TextOf(const Check& check, float irlimit);
+RowText TextOf(const Check& check);
 
 // The same for a reader: a sum is written as it adds up, "55.0/309.8-1.2/4.3". Where terms may
 // count with either sign, these stand behind the numbers of the calculation, +1 or -1; else every
 // term counts with its size.
-RowText ShownTextOf(const Check& check, float irlimit);
+RowText ShownTextOf(const Check& check);
 
 // The terms as they add up in that: with their signs, those of a sum without signs with their size.
 std::array<double, 9> AddedTerms(const Check& check);

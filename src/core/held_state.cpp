@@ -14,11 +14,31 @@ HeldState::HeldState(HeldState&& other) noexcept = default;
 
 HeldState& HeldState::operator=(const HeldState& other)
 {
-    return *this = HeldState(other);
+    return *this = *other;
 }
 
 HeldState& HeldState::operator=(HeldState&& other) noexcept = default;
 
+HeldState& HeldState::operator=(const ProjectState& state)
+{
+    if (state_) {
+        *state_ = state;
+    } else {  // moved from
+        state_ = std::make_unique<ProjectState>(state);
+    }
+    return *this;
+}
+
 HeldState::~HeldState() = default;
+
+ProjectInputs& InputsOf(ProjectState& s)
+{
+    return s;
+}
+
+const ProjectInputs& InputsOf(const ProjectState& s)
+{
+    return s;
+}
 
 }  // namespace kestrum

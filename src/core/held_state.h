@@ -17,12 +17,14 @@ public:
     HeldState(HeldState&& other) noexcept;
     HeldState& operator=(const HeldState& other);
     HeldState& operator=(HeldState&& other) noexcept;
+    HeldState& operator=(const ProjectState& state);
     ~HeldState();
 
     ProjectState& operator*() { return *state_; }
     const ProjectState& operator*() const { return *state_; }
     ProjectState* operator->() { return state_.get(); }
     const ProjectState* operator->() const { return state_.get(); }
+    operator ProjectState&() { return *state_; }
     operator const ProjectState&() const { return *state_; }
 
 private:

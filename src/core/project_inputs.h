@@ -13,4 +13,10 @@ struct ProjectInputs : Identification, Inputs, AnnexFactors {
     bool operator==(const ProjectInputs&) const = default;
 };
 
+struct ProjectState;
+
+// The inputs of a record, for whoever does not know what else is in one.
+ProjectInputs& InputsOf(ProjectState& s);
+const ProjectInputs& InputsOf(const ProjectState& s);
+
 }  // namespace kestrum

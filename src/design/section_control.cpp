@@ -227,8 +227,7 @@ Check* TakeCheck(const Inputs& in, SectionChecks& checks, CheckId id, double ir)
         checks.checklist.Govern(id);
     }
     check = {};
-    check.ratio = ir;
-    check.status = StatusOf(ir, in.irlimit);
+    check.Judge(ir, in.irlimit);
     return &check;
 }
 

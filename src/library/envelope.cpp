@@ -85,7 +85,7 @@ private:
     std::size_t refused_ = 0;                            // its column
     std::optional<MemberAnswer> worst_;                  // of its cases so far
     CaseRows rows_;
-    kestrum::ProjectState s_;
+    kestrum::HeldState s_;
 };
 
 void Worker::Open(std::size_t member)

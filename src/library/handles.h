@@ -4,8 +4,8 @@
 // program: no exception leaves, and the caller's floating-point environment is what it was.
 
 #include "app/assign_run.h"
+#include "core/held_state.h"
 #include "core/library.h"
-#include "core/project_state.h"
 #include "kestrum/kestrum.h"
 #include "report/design_notes.h"
 #include "report/outcome.h"
@@ -38,7 +38,7 @@ struct kestrum_catalogue {
 
 struct kestrum_member {
     std::shared_ptr<const kestrum::Library> library;
-    kestrum::ProjectState state;
+    kestrum::HeldState state;
 };
 
 namespace kestrum::library {
@@ -53,6 +53,7 @@ struct Answer {
 struct StoredCheck {
     std::string check, formula, clause, load_case;
     double place, ratio;
+    float limit;
     int point = 0, segment = 0, segments = 0;
 };
 
@@ -82,7 +83,7 @@ void RequireBasis(unsigned basis);
 }  // namespace kestrum::library
 
 struct kestrum_result {
-    kestrum::ProjectState state;  // after the pass by the rules of the program
+    kestrum::HeldState state;  // after the pass by the rules of the program
     kestrum::library::Answer program, standard;
     kestrum::library::StoredFailure failure;
     std::vector<kestrum::library::StoredCheck> checks, checks_standard;

@@ -5,6 +5,7 @@
 #include "app/unloaded_member.h"
 #include "app/view_section.h"
 #include "core/project_file.h"
+#include "core/project_state.h"
 #include "engine/new_project.h"
 #include "library/handles.h"
 #include "report/state_json.h"

@@ -153,7 +153,7 @@ private:
     std::mutex& mutex_;
     kestrum::library::Faults& faults_;
     kestrum::Optimizer optimizer_;
-    kestrum::ProjectState s_;
+    kestrum::HeldState s_;
     std::vector<std::vector<kestrum::CaseRows>> cases_;
     std::vector<std::unique_ptr<kestrum::SectionRater>> raters_;
 };

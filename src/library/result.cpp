@@ -2,6 +2,7 @@
 
 #include "core/check_text.h"
 #include "core/field_table.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "library/handles.h"
 #include "report/diagrams.h"
@@ -37,7 +38,8 @@ kestrum::library::StoredCheck StoredOf(const ProjectState& s, kestrum::CheckId i
                                          std::string(kestrum::TextsOf(check.form).clause),
                                          {},
                                          std::numeric_limits<double>::quiet_NaN(),
-                                         check.ratio};
+                                         check.ratio,
+                                         check.limit};
     if (place.kind == Kind::section || place.kind == Kind::point) {
         stored.place = place.x;
     }
@@ -54,7 +56,7 @@ kestrum::library::StoredCheck StoredOf(const ProjectState& s, kestrum::CheckId i
 void TakeProgram(const Outcome& outcome, kestrum_result& result)
 {
     result.program = kestrum::library::ProgramAnswer(outcome);
-    const kestrum::Failure& failure = result.state.failure;
+    const kestrum::Failure& failure = result.state->failure;
     if (failure.any()) {
         result.failure = {std::string(kestrum::StageName(failure.stage)),
                           std::string(kestrum::CauseName(failure.cause)),
@@ -82,7 +84,8 @@ void TakeStandard(const StandardResult& standard, kestrum_result& result)
                                               std::string(check.clause),
                                               NameOf(check.load_case),
                                               check.place,
-                                              check.ir});
+                                              check.ir,
+                                              result.state->irlimit});
         }
     }
 }
@@ -117,7 +120,7 @@ kestrum_result Checked(const kestrum_member& member, unsigned basis)
     // The rules of the program also fill the record that values and pictures are read from.
     const bool well = kestrum::Calculate(library, result.state);
     if (costs) {
-        kestrum::standard::CalculateCosts(library, member.state, well ? &result.state : nullptr,
+        kestrum::standard::CalculateCosts(library, member.state, well ? &*result.state : nullptr,
                                           standard);
         kestrum::KeepNotes(standard, result.state);
     } else if ((basis & KESTRUM_BASIS_PROGRAM) != 0) {
@@ -237,8 +240,8 @@ kestrum_failure kestrum_result_failure(const kestrum_result* result)
         return {"", "", "", 0, 0, ""};
     }
     return {result->failure.stage.c_str(),    result->failure.cause.c_str(),
-            result->failure.quantity.c_str(), result->state.failure.value,
-            result->state.failure.limit,      result->failure.unit.c_str()};
+            result->failure.quantity.c_str(), result->state->failure.value,
+            result->state->failure.limit,     result->failure.unit.c_str()};
 }
 
 size_t kestrum_result_checks(const kestrum_result* result, unsigned basis)
@@ -255,7 +258,7 @@ kestrum_code kestrum_result_check(const kestrum_result* result, unsigned basis, 
         RequiredOut(out, "out") = {check.check.c_str(),  check.formula.c_str(),
                                    check.clause.c_str(), check.load_case.c_str(),
                                    check.place,          check.ratio,
-                                   of.state.irlimit,     check.point,
+                                   check.limit,          check.point,
                                    check.segment,        check.segments};
     });
 }

@@ -1,5 +1,6 @@
 #include "library/rows.h"
 
+#include "core/project_state.h"
 #include "report/state_json.h"
 
 #include <algorithm>

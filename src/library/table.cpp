@@ -56,7 +56,7 @@ private:
     const Plan& plan_;
     kestrum_table& table_;
     std::unordered_set<std::string>& texts_;
-    ProjectState s_;
+    kestrum::HeldState s_;
 };
 
 void Worker::Keep(std::size_t basis, std::size_t row, const Answer& answer,

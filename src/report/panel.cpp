@@ -94,7 +94,7 @@ PanelBlock DrawSectionBlock(const ProjectState& s, double& y, bool page)
         if (check.empty()) {
             continue;
         }
-        const RowText text = ShownTextOf(check, s.irlimit);
+        const RowText text = ShownTextOf(check);
         block.push_back({.y = y,
                          .left = {Plain(text.label + text.calculation)},
                          .result = Verdict(check, text),
@@ -128,7 +128,7 @@ PanelBlock DrawBuckleBlock(const ProjectState& s, double& y)
             continue;
         }
         const bool axis = row != ResultRow::lateral;
-        const RowText text = ShownTextOf(check, s.irlimit);
+        const RowText text = ShownTextOf(check);
         block.push_back({.y = y,
                          .left = {Plain(axis ? AxisLabel(text) : text.label + text.calculation)},
                          .result = Verdict(check, text),
@@ -158,7 +158,7 @@ PanelBlock DrawDeflectionBlock(const ProjectState& s, double& y)
             continue;
         }
         y += 1.1;
-        const RowText text = ShownTextOf(check, s.irlimit);
+        const RowText text = ShownTextOf(check);
         PanelLine line{.y = y, .left = {Plain(text.label + text.calculation)}, .row = row};
         for (TextRun& run : Verdict(check, text, "      ")) {
             line.left.push_back(std::move(run));

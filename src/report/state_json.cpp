@@ -72,9 +72,9 @@ std::string FieldJson(const ProjectState& s, const Field& field)
     return "[" + list + "]";
 }
 
-std::string RowJson(const Check& check, float irlimit)
+std::string RowJson(const Check& check)
 {
-    const RowText text = TextOf(check, irlimit);
+    const RowText text = TextOf(check);
     return "{\"label\": " + JsonText(text.label) +
            ", \"calculation\": " + JsonText(text.calculation) +
            ", \"result\": " + JsonText(text.result) + ", \"limit\": " + JsonText(text.limit) +
@@ -86,7 +86,7 @@ std::string RowList(const ProjectState& s, std::span<const ResultRow> rows)
 {
     std::string list;
     for (const ResultRow row : rows) {
-        list += (list.empty() ? "" : ",\n    ") + RowJson(s.checklist.row(row), s.irlimit);
+        list += (list.empty() ? "" : ",\n    ") + RowJson(s.checklist.row(row));
     }
     return "[" + list + "]";
 }
@@ -117,7 +117,7 @@ std::string CheckJson(const ProjectState& s, CheckId id)
     return "{\"check\": " + JsonText(NameOf(id)) + ", \"formula\": " + JsonText(FormulaOf(check)) +
            ", \"clause\": " + JsonText(TextsOf(check.form).clause) +
            ", \"place\": " + PlaceJson(check.place) + ", \"ir\": " + JsonNumber(check.ratio) +
-           ", \"limit\": " + JsonNumber(s.irlimit) +
+           ", \"limit\": " + JsonNumber(check.limit) +
            ", \"governs\": " + (s.checklist.governs(RowOf(id)) == id ? "true" : "false") +
            ", \"terms\": [" + terms + "]}";
 }
@@ -174,8 +174,7 @@ std::string JsonNumber(float value)
 
 std::string RowsJson(const ProjectState& state)
 {
-    ProjectState blank{};
-    blank.irlimit = state.irlimit;
+    const ProjectState blank{};
     const ProjectState& s = state.calculationerror ? blank : state;
     return "{\n  \"section\": " + RowList(s, kSectionRows) +
            ",\n  \"buckling\": " + RowList(s, kBucklingRows) +

@@ -20,8 +20,7 @@ void TakeDeflection(const Inputs& in, double max, double min, i16 limitratio, Ch
     Check& check = checks.checklist.Govern(id);
     check.form = form;
     check.terms = {d, limit};
-    check.ratio = std::abs(d / limit);
-    check.status = StatusOf(check.ratio, in.irlimit);
+    check.Judge(std::abs(d / limit), in.irlimit);
 }
 
 }  // namespace

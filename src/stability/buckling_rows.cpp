@@ -65,8 +65,7 @@ Check& Take(const Inputs& in, SectionChecks& checks, CheckId id, CheckForm form,
     Check& check = checks.checklist.Govern(id);
     check = {};
     check.form = form;
-    check.ratio = ratio;
-    check.status = StatusOf(ratio, in.irlimit);
+    check.Judge(ratio, in.irlimit);
     std::copy(terms.begin(), terms.end(), check.terms.begin());
     return check;
 }
@@ -206,7 +205,7 @@ void NoBuckling(SectionChecks& checks)
 void IgnoreBuckling(SectionChecks& checks)
 {
     CheckList& list = checks.checklist;
-    const i16 status = list.row(ResultRow::buckling_y).status;
+    const std::int8_t status = list.row(ResultRow::buckling_y).status;
     list.Clear<ResultRow::buckling_y, ResultRow::buckling_z>();
     Check& remark = list.Govern(CheckId::no_buckling);
     remark.form = CheckForm::buckling_ignored;

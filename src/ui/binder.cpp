@@ -2,7 +2,6 @@
 
 #include "app/box_help.h"
 #include "app/locale_text.h"
-#include "core/project_state.h"
 #include "ui/picture_menu.h"
 #include "ui/text.h"
 

@@ -3,7 +3,6 @@
 #include "app/project_origin.h"
 #include "app/session.h"
 #include "calculation/calculation_report.h"
-#include "core/project_state.h"
 #include "document/document_head.h"
 #include "document/page_layout.h"
 #include "ui/print_pages.h"

@@ -3,7 +3,7 @@
 #include "app/member_commands.h"
 #include "app/setup_commands.h"
 #include "core/load_combination.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "ui/form.h"
 #include "ui/lists.h"
 #include "ui/text.h"
@@ -17,7 +17,7 @@ QComboBox* CombinationList(Binder& bind)
 {
     QComboBox* const list = bind.List(
         QStringLiteral("CboLoadComb"), CombinationNames(),
-        [](const ProjectState& s) { return s.loadcomb; }, ChooseLoadCombination);
+        [](const ProjectState& s) { return InputsOf(s).loadcomb; }, ChooseLoadCombination);
     list->setAccessibleName(QObject::tr("Load combination"));
     list->setToolTip(QObject::tr("Load combination\nEN 1990, 6.4.3.2"));
     return list;
@@ -28,18 +28,18 @@ QWidget* PsiFrame(Binder& bind, Desk& desk, const QString& infobutton)
     QGroupBox* const group = Group(QStringLiteral("frPsi"), QStringLiteral("ψ"));
     QHBoxLayout* const row = RowOf(group);
     const auto list = [&](int which, const QString& name, const QString& label,
-                          i16 ProjectState::*field) {
+                          i16 ProjectInputs::*field) {
         QComboBox* const psi = bind.List(
             name, PsiNames(bind.session().decimalcomma()),
-            [field](const ProjectState& s) { return s.*field; },
+            [field](const ProjectState& s) { return InputsOf(s).*field; },
             [which](Session& session, int index) { ChoosePsi(session, which, index); });
         psi->setToolTip(QObject::tr("Combination value\nEN 1990, A1.2.2"));
         psi->setAccessibleName(QObject::tr("Combination value of ") + label.left(2));
         row->addWidget(Caption(label, psi));
         row->addWidget(psi);
     };
-    list(1, QStringLiteral("Cbo_Q1_Psi1"), QStringLiteral("Q1 ="), &ProjectState::psi1index);
-    list(2, QStringLiteral("Cbo_Q2_Psi2"), QStringLiteral("Q2 ="), &ProjectState::psi2index);
+    list(1, QStringLiteral("Cbo_Q1_Psi1"), QStringLiteral("Q1 ="), &ProjectInputs::psi1index);
+    list(2, QStringLiteral("Cbo_Q2_Psi2"), QStringLiteral("Q2 ="), &ProjectInputs::psi2index);
     row->addStretch(1);
     row->addWidget(
         bind.Button(infobutton, QObject::tr("&Info"), [&desk] { desk.open("InfoPsi"); }));

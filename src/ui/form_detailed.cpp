@@ -1,7 +1,6 @@
 #include "app/detailed_book.h"
 #include "app/locale_text.h"
 #include "core/file_io.h"
-#include "core/project_state.h"
 #include "report/detailed_table.h"
 #include "ui/forms.h"
 #include "ui/text.h"

@@ -1,6 +1,6 @@
 #include "app/load_commands.h"
 #include "app/setup_commands.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "report/diagrams.h"
 #include "ui/combination_widgets.h"
 #include "ui/forms.h"
@@ -30,32 +30,32 @@ constexpr RowNames kAxial{
     "ch_nn",
     "inn_gq",
     nullptr,
-    [](const ProjectState& s, std::size_t k) { return s.nchecked[k]; },
-    [](const ProjectState& s, std::size_t k) -> double { return s.ntype[k]; }};
+    [](const ProjectState& s, std::size_t k) { return InputsOf(s).nchecked[k]; },
+    [](const ProjectState& s, std::size_t k) -> double { return InputsOf(s).ntype[k]; }};
 constexpr RowNames kUniform{
     LoadRow::uniform,
     QT_TRANSLATE_NOOP("QObject", "uniform load"),
     "ch_q",
     "iq_gq",
     "iq_yz",
-    [](const ProjectState& s, std::size_t k) { return s.qchecked[k]; },
-    [](const ProjectState& s, std::size_t k) -> double { return s.qtype[k]; }};
+    [](const ProjectState& s, std::size_t k) { return InputsOf(s).qchecked[k]; },
+    [](const ProjectState& s, std::size_t k) -> double { return InputsOf(s).qtype[k]; }};
 constexpr RowNames kTrapezoid{
     LoadRow::trapezoid,
     QT_TRANSLATE_NOOP("QObject", "trapezoidal load"),
     "ch_qt",
     "iqt_gq",
     "iqt_yz",
-    [](const ProjectState& s, std::size_t k) { return s.qtchecked[k]; },
-    [](const ProjectState& s, std::size_t k) -> double { return s.qttype[k]; }};
+    [](const ProjectState& s, std::size_t k) { return InputsOf(s).qtchecked[k]; },
+    [](const ProjectState& s, std::size_t k) -> double { return InputsOf(s).qttype[k]; }};
 constexpr RowNames kPoint{
     LoadRow::point,
     QT_TRANSLATE_NOOP("QObject", "point load"),
     "ch_pm",
     "ipm_gq",
     "ipm_yz",
-    [](const ProjectState& s, std::size_t k) { return s.pmchecked[k]; },
-    [](const ProjectState& s, std::size_t k) -> double { return s.pmtype[k]; }};
+    [](const ProjectState& s, std::size_t k) { return InputsOf(s).pmchecked[k]; },
+    [](const ProjectState& s, std::size_t k) -> double { return InputsOf(s).pmtype[k]; }};
 
 QString RowName(const char* name, int row)
 {
@@ -78,7 +78,8 @@ QStringList Categories()
 
 QStringList Directions(const ProjectState& s, LoadRow kind, int row)
 {
-    const bool moment = kind == LoadRow::point && s.pmkind[static_cast<std::size_t>(row)] == 1;
+    const bool moment =
+        kind == LoadRow::point && InputsOf(s).pmkind[static_cast<std::size_t>(row)] == 1;
     return moment ? QStringList{QStringLiteral("My"), QStringLiteral("Mz")}
                   : QStringList{QStringLiteral("Z"), QStringLiteral("Y")};
 }
@@ -153,7 +154,7 @@ QGroupBox* SimpleGroup(Binder& bind, const QString& name, const QString& title, 
 
 // The two options of a coordinate mode, and the heading that follows it.
 QWidget* PositionOptions(Binder& bind, const QString& stem, const QString& loads,
-                         i16 ProjectState::*field, void (*choose)(Session&, bool))
+                         i16 ProjectInputs::*field, void (*choose)(Session&, bool))
 {
     auto* const host = new QWidget;
     auto* const row = new QHBoxLayout(host);
@@ -162,7 +163,9 @@ QWidget* PositionOptions(Binder& bind, const QString& stem, const QString& loads
     const auto option = [&](const QString& name, const QString& text, bool relative) {
         QRadioButton* const button = bind.Option(
             name, text,
-            [field, relative](const ProjectState& s) { return (s.*field != 0) == relative; },
+            [field, relative](const ProjectState& s) {
+                return (InputsOf(s).*field != 0) == relative;
+            },
             [choose, relative](Session& session) { choose(session, relative); });
         button->setAccessibleName(QObject::tr("Positions of %1 as %2").arg(loads, text));
         row->addWidget(button);
@@ -181,7 +184,7 @@ QGroupBox* TrapezoidGroup(Binder& bind)
     for (int i = 0; i < 2; ++i) {
         QLabel* const head =
             bind.Text(QStringLiteral("qtx%1head").arg(i + 1), [i](const ProjectState& s) {
-                std::string text(PositionHeading(s.qtrelative != 0));
+                std::string text(PositionHeading(InputsOf(s).qtrelative != 0));
                 return text.insert(1, i == 0 ? "1" : "2");
             });
         head->setForegroundRole(QPalette::PlaceholderText);
@@ -197,7 +200,7 @@ QGroupBox* TrapezoidGroup(Binder& bind)
         AddButtons(bind, grid, row, column, kTrapezoid, row);
     }
     grid->addWidget(PositionOptions(bind, QStringLiteral("qtx"), QObject::tr("trapezoidal loads"),
-                                    &ProjectState::qtrelative, ChooseTrapezoidRelative),
+                                    &ProjectInputs::qtrelative, ChooseTrapezoidRelative),
                     4, 1, 1, 6);
     grid->setColumnStretch(7, 1);
     return group;
@@ -209,7 +212,7 @@ QGroupBox* PointGroup(Binder& bind)
     QGridLayout* const grid = GridOf(group);
     Heads(grid, 2, {QStringLiteral("kN, kNm")});
     QLabel* const head = bind.Text(QStringLiteral("pmxhead"), [](const ProjectState& s) {
-        return std::string(PositionHeading(s.pmrelative != 0));
+        return std::string(PositionHeading(InputsOf(s).pmrelative != 0));
     });
     head->setForegroundRole(QPalette::PlaceholderText);
     head->setAlignment(Qt::AlignCenter);
@@ -230,7 +233,7 @@ QGroupBox* PointGroup(Binder& bind)
         AddButtons(bind, grid, row, 4, kPoint, row);
     }
     grid->addWidget(PositionOptions(bind, QStringLiteral("pmx"), QObject::tr("point loads"),
-                                    &ProjectState::pmrelative, ChoosePointRelative),
+                                    &ProjectInputs::pmrelative, ChoosePointRelative),
                     9, 1, 1, 5);
     grid->setColumnStretch(6, 1);
     grid->setRowStretch(10, 1);
@@ -256,7 +259,7 @@ Form* MakeLoading(Desk& desk, QWidget* parent)
     left->addWidget(TrapezoidGroup(bind));
     QCheckBox* const weight = bind.Tick(
         QStringLiteral("check_selfweight"), QStringLiteral("Include Selfweight - z-dir"),
-        [](const ProjectState& s) { return s.selfweight == 1; }, TickSelfweight);
+        [](const ProjectState& s) { return InputsOf(s).selfweight == 1; }, TickSelfweight);
     left->addWidget(weight);
     QGroupBox* const combination =
         Group(QStringLiteral("framecomb"), QObject::tr("Load combination"));

@@ -1,7 +1,7 @@
 #include "app/load_commands.h"
 #include "app/member_commands.h"
 #include "app/view_member.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "report/choice_pictures.h"
 #include "sections/families.h"
 #include "ui/forms.h"
@@ -61,7 +61,7 @@ Form* MakeBuckling(Desk& desk, QWidget* parent, Axis axis)
             QStringLiteral("buckling%1%2").arg(y ? QLatin1Char('y') : QLatin1Char('z')).arg(choice),
             {}, BucklingPicture(choice),
             [y, choice](const ProjectState& s) {
-                const int chosen = y ? s.bucklingcasey : s.bucklingcasez;
+                const int chosen = y ? InputsOf(s).bucklingcasey : InputsOf(s).bucklingcasez;
                 return chosen == choice || (choice == 5 && chosen > choice);
             },
             [axis, choice](Session& session) { ChooseBucklingCase(session, axis, choice); });
@@ -99,9 +99,10 @@ Form* MakeEndForce(Desk& desk, QWidget* parent)
     QGroupBox* const z =
         EndForceGroup(bind, QStringLiteral("frmz"), QObject::tr("About the z axis"),
                       {"imz1", "imz2", "ivy1", "ivy2"}, "Mz", "Vy");
-    bind.ShowWhen(axial, [](const ProjectState& s) { return Traits(s).carries.offered.n; });
-    bind.ShowWhen(y, [](const ProjectState& s) { return Traits(s).carries.offered.y; });
-    bind.ShowWhen(z, [](const ProjectState& s) { return Traits(s).carries.offered.z; });
+    bind.ShowWhen(axial,
+                  [](const ProjectState& s) { return Traits(InputsOf(s)).carries.offered.n; });
+    bind.ShowWhen(y, [](const ProjectState& s) { return Traits(InputsOf(s)).carries.offered.y; });
+    bind.ShowWhen(z, [](const ProjectState& s) { return Traits(InputsOf(s)).carries.offered.z; });
     form->body()->addWidget(axial);
     form->body()->addWidget(y);
     form->body()->addWidget(z);
@@ -118,11 +119,11 @@ Form* MakeEndStiff(Desk& desk, QWidget* parent)
     QVBoxLayout* const posts = ColumnOf(post);
     posts->addWidget(bind.Option(
         QStringLiteral("oendstiff0"), QStringLiteral("Non-rigid end post"),
-        [](const ProjectState& s) { return s.endstiff == 0; },
+        [](const ProjectState& s) { return InputsOf(s).endstiff == 0; },
         [](Session& session) { ChooseEndPost(session, 0); }));
     posts->addWidget(bind.Option(
         QStringLiteral("oendstiff1"), QStringLiteral("Rigid end post"),
-        [](const ProjectState& s) { return s.endstiff == 1; },
+        [](const ProjectState& s) { return InputsOf(s).endstiff == 1; },
         [](Session& session) { ChooseEndPost(session, 1); }));
     posts->addWidget(FaintLabel(QStringLiteral("Minimum two webstiffeners at the support")));
 
@@ -130,11 +131,11 @@ Form* MakeEndStiff(Desk& desk, QWidget* parent)
     QVBoxLayout* const webs = ColumnOf(web);
     QRadioButton* const none = bind.Option(
         QStringLiteral("cwebstiff0"), QObject::tr("No vertical web stiffeners"),
-        [](const ProjectState& s) { return s.webstiff == 0; },
+        [](const ProjectState& s) { return InputsOf(s).webstiff == 0; },
         [](Session& session) { ChooseWebStiffeners(session, 0); });
     QRadioButton* const some = bind.Option(
         QStringLiteral("cwebstiff1"), QObject::tr("Vertical web stiffeners"),
-        [](const ProjectState& s) { return s.webstiff == 1; },
+        [](const ProjectState& s) { return InputsOf(s).webstiff == 1; },
         [](Session& session) { ChooseWebStiffeners(session, 1); });
     webs->addWidget(none);
     webs->addWidget(some);
@@ -146,7 +147,7 @@ Form* MakeEndStiff(Desk& desk, QWidget* parent)
     QWidget* const label = row->findChild<QLabel*>(QStringLiteral("iweba_label"));
     label->setObjectName(QStringLiteral("web_a"));
     row->findChild<QLabel*>(QStringLiteral("iweba_unit"))->setObjectName(QStringLiteral("webamm"));
-    bind.ShowWhen(row, [](const ProjectState& s) { return s.webstiff == 1; });
+    bind.ShowWhen(row, [](const ProjectState& s) { return InputsOf(s).webstiff == 1; });
     QObject::connect(some, &QRadioButton::clicked, a, [a] { a->setFocus(Qt::OtherFocusReason); });
     webs->addWidget(row);
 
@@ -192,11 +193,11 @@ Form* MakeCheckPoints(Desk& desk, QWidget* parent)
     QVBoxLayout* const modes = ColumnOf(mode);
     modes->addWidget(bind.Option(
         QStringLiteral("cp_0"), QStringLiteral("11 even distributed points && Max/Min My/Mz "),
-        [](const ProjectState& s) { return s.cpmode == 0; },
+        [](const ProjectState& s) { return InputsOf(s).cpmode == 0; },
         [](Session& session) { ChooseCheckMode(session, 0); }));
     modes->addWidget(bind.Option(
         QStringLiteral("cp_1"), QStringLiteral("Characteristic points"),
-        [](const ProjectState& s) { return s.cpmode == 1; },
+        [](const ProjectState& s) { return InputsOf(s).cpmode == 1; },
         [](Session& session) { ChooseCheckMode(session, 1); }));
     form->body()->addWidget(mode);
 
@@ -209,7 +210,7 @@ Form* MakeCheckPoints(Desk& desk, QWidget* parent)
     for (int i = 1; i <= 3; ++i) {
         count->addWidget(bind.Option(
             QStringLiteral("no_cp%1").arg(i), QString::number(i),
-            [i](const ProjectState& s) { return s.cpcount == i; },
+            [i](const ProjectState& s) { return InputsOf(s).cpcount == i; },
             [i](Session& session) { ChooseCheckCount(session, i); }));
     }
     count->addStretch(1);
@@ -219,11 +220,11 @@ Form* MakeCheckPoints(Desk& desk, QWidget* parent)
     relative->addWidget(FaintLabel(QObject::tr("Positions:")));
     relative->addWidget(bind.Option(
         QStringLiteral("cpabsolute"), QStringLiteral("x (m)"),
-        [](const ProjectState& s) { return s.cprelative == 0; },
+        [](const ProjectState& s) { return InputsOf(s).cprelative == 0; },
         [](Session& session) { ChooseCheckRelative(session, false); }));
     relative->addWidget(bind.Option(
         QStringLiteral("cprelative"), QStringLiteral("x/L"),
-        [](const ProjectState& s) { return s.cprelative != 0; },
+        [](const ProjectState& s) { return InputsOf(s).cprelative != 0; },
         [](Session& session) { ChooseCheckRelative(session, true); }));
     relative->addStretch(1);
     column->addWidget(counts);
@@ -239,12 +240,12 @@ Form* MakeCheckPoints(Desk& desk, QWidget* parent)
         grid->addWidget(label, i, 0);
         grid->addWidget(box, i, 1);
         for (QWidget* const part : {static_cast<QWidget*>(label), static_cast<QWidget*>(box)}) {
-            bind.EnableWhen(part, [i](const ProjectState& s) { return i <= s.cpcount; });
+            bind.EnableWhen(part, [i](const ProjectState& s) { return i <= InputsOf(s).cpcount; });
         }
     }
     grid->setColumnStretch(2, 1);
     column->addWidget(host);
-    bind.EnableWhen(points, [](const ProjectState& s) { return s.cpmode == 1; });
+    bind.EnableWhen(points, [](const ProjectState& s) { return InputsOf(s).cpmode == 1; });
     form->body()->addWidget(points);
     form->body()->addStretch(1);
     form->AddButtons();

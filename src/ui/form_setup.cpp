@@ -3,7 +3,7 @@
 #include "app/view_member.h"
 #include "core/load_combination.h"
 #include "core/member_choices.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "sections/load_library.h"
 #include "ui/combination_widgets.h"
 #include "ui/forms.h"
@@ -45,8 +45,8 @@ QGroupBox* AnnexGroup(Binder& bind)
     QGroupBox* const group = Group(QStringLiteral("frameannex"), QObject::tr("National annex"));
     QVBoxLayout* const column = ColumnOf(group);
     QComboBox* const list = bind.List(
-        QStringLiteral("Cbo1993"), AnnexNames(), [](const ProjectState& s) { return s.annexindex; },
-        ChooseAnnex);
+        QStringLiteral("Cbo1993"), AnnexNames(),
+        [](const ProjectState& s) { return InputsOf(s).annexindex; }, ChooseAnnex);
     list->setAccessibleName(QObject::tr("National annex"));
     column->addWidget(list);
     QLabel* const hint = FaintLabel(ToQt(kAnnexHint));
@@ -79,7 +79,7 @@ QGroupBox* MaterialGroup(Binder& bind)
     const Library& library = bind.session().library();
     QComboBox* const list = bind.List(
         QStringLiteral("cbofyk"), MaterialNames(library),
-        [](const ProjectState& s) { return s.fykindex; }, ChooseMaterial);
+        [](const ProjectState& s) { return InputsOf(s).fykindex; }, ChooseMaterial);
     list->setAccessibleName(QObject::tr("Steel grade"));
     grid->addWidget(list, 0, 0, 1, 3);
     BoxEdit* const strength = bind.BoxRow(grid, 1, BoxNamed("ifyk"));
@@ -99,11 +99,11 @@ QGroupBox* MethodGroup(Binder& bind)
     QVBoxLayout* const column = ColumnOf(group);
     column->addWidget(bind.Option(
         QStringLiteral("rbtnMethod1"), QObject::tr("Method 1 (Annex A)"),
-        [](const ProjectState& s) { return s.method == Method::annex_a; },
+        [](const ProjectState& s) { return InputsOf(s).method == Method::annex_a; },
         [](Session& session) { ChooseMethod(session, Method::annex_a); }));
     column->addWidget(bind.Option(
         QStringLiteral("rbtnMethod2"), QObject::tr("Method 2 (Annex B)"),
-        [](const ProjectState& s) { return s.method == Method::annex_b; },
+        [](const ProjectState& s) { return InputsOf(s).method == Method::annex_b; },
         [](Session& session) { ChooseMethod(session, Method::annex_b); }));
     column->addWidget(FaintLabel(QStringLiteral(" Valid for Double Symmetric Profiles ")));
     column->addStretch(1);
@@ -118,27 +118,27 @@ QGroupBox* OptionGroup(Binder& bind)
         const char* name;
         QString text, meaning;
         Option option;
-        i16 ProjectState::*field;
+        i16 ProjectInputs::*field;
     };
     const Entry entries[] = {
         {"CheckElastic", QStringLiteral("Cross Section Class 1-2:  Elastic design"),
          QObject::tr("Elastic moduli for class 1 and 2 as well\nEN 1993-1-1, 6.2.1 (4)"),
-         Option::elastic, &ProjectState::checkelastic},
+         Option::elastic, &ProjectInputs::checkelastic},
         {"CheckConserControl", QStringLiteral("Conservative control for N+My-Mz "),
          QObject::tr("Linear sum of the utilisations, double symmetric profiles\n"
                      "EN 1993-1-1, 6.2.1 (7)"),
-         Option::conservative, &ProjectState::checkconsercontrol},
+         Option::conservative, &ProjectInputs::checkconsercontrol},
         {"CheckFlangebuck", QStringLiteral("Flange buckling not taken into account"),
          QObject::tr("Class 4: no effective width of the flange\nEN 1993-1-5, 4.4"),
-         Option::flangebuckling, &ProjectState::checkflangebuck},
+         Option::flangebuckling, &ProjectInputs::checkflangebuck},
         {"CheckWebbuck", QStringLiteral("Web buckling not taken into account"),
          QObject::tr("Class 4: no effective width of the web, no shear buckling\n"
                      "EN 1993-1-5, 4.4 and 5"),
-         Option::webbuckling, &ProjectState::checkwebbuck}};
+         Option::webbuckling, &ProjectInputs::checkwebbuck}};
     for (const Entry& entry : entries) {
         QCheckBox* const tick = bind.Tick(
             QLatin1String(entry.name), entry.text,
-            [field = entry.field](const ProjectState& s) { return s.*field != kFalse; },
+            [field = entry.field](const ProjectState& s) { return InputsOf(s).*field != kFalse; },
             [option = entry.option](Session& session, bool on) {
                 TickOption(session, option, on);
             });
@@ -196,17 +196,17 @@ QWidget* ClassFrames(Binder& bind)
     };
     const auto option = [&](QGroupBox* group, const QString& name, const QString& text, int value) {
         group->layout()->addWidget(bind.Option(
-            name, text, [value](const ProjectState& s) { return s.safetyclass == value; },
+            name, text, [value](const ProjectState& s) { return InputsOf(s).safetyclass == value; },
             [value](Session& session) { ChooseClass(session, value); }));
     };
     QGroupBox* const norway = frame(QStringLiteral("frameSclassNorway"), ClassFrame::norway);
     norway->layout()->addWidget(bind.Option(
         QStringLiteral("rbtnSafetyNorwayClass1"), QStringLiteral("1"),
-        [](const ProjectState& s) { return s.safetyclass == 1; },
+        [](const ProjectState& s) { return InputsOf(s).safetyclass == 1; },
         [](Session& session) { ChooseClass(session, 1); }));
     norway->layout()->addWidget(bind.Option(
         QStringLiteral("rbtnSafetyNorwayClass24"), QStringLiteral("2-4"),
-        [](const ProjectState& s) { return s.safetyclass != 1; },
+        [](const ProjectState& s) { return InputsOf(s).safetyclass != 1; },
         [](Session& session) { ChooseClass(session, 2); }));
     QGroupBox* const three = frame(QStringLiteral("frameSclass"), ClassFrame::three);
     for (int i = 1; i <= 3; ++i) {

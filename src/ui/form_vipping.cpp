@@ -1,7 +1,7 @@
 #include "app/member_commands.h"
 #include "app/view_member.h"
 #include "core/member_choices.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "report/choice_pictures.h"
 #include "ui/forms.h"
 #include "ui/text.h"
@@ -28,7 +28,7 @@ QGroupBox* LengthGroup(Binder& bind)
     for (int choice = 1; choice <= captions.size(); ++choice) {
         PictureButton* const button = bind.PictureOption(
             QStringLiteral("latbuckl%1").arg(choice), {}, LateralBucklingPicture(choice),
-            [choice](const ProjectState& s) { return s.ltbcase == choice; },
+            [choice](const ProjectState& s) { return InputsOf(s).ltbcase == choice; },
             [choice](Session& session) { ChooseLateralCase(session, choice); });
         button->SetPictureSize({124, 70});
         button->setToolTip(bind.ForLocale(captions.at(choice - 1)));
@@ -47,11 +47,11 @@ QGroupBox* CurveGroup(Binder& bind)
     QVBoxLayout* const column = ColumnOf(group);
     QRadioButton* const general = bind.Option(
         QStringLiteral("Curve2"), QStringLiteral("General Case (conservative, ch 6.3.2.2)"),
-        [](const ProjectState& s) { return s.ltbcurve == LtbCurve::general; },
+        [](const ProjectState& s) { return InputsOf(s).ltbcurve == LtbCurve::general; },
         [](Session& session) { ChooseLateralCurve(session, LtbCurve::general); });
     QRadioButton* const rolled = bind.Option(
         QStringLiteral("Curve3"), QStringLiteral("Rolled or welded I-sections (ch 6.3.2.3)"),
-        [](const ProjectState& s) { return s.ltbcurve == LtbCurve::rolled; },
+        [](const ProjectState& s) { return InputsOf(s).ltbcurve == LtbCurve::rolled; },
         [](Session& session) { ChooseLateralCurve(session, LtbCurve::rolled); });
     bind.EnableWhen(rolled, [](const ProjectState& s) { return !LateralCurveForced(s); });
     column->addWidget(general);
@@ -70,7 +70,7 @@ QGroupBox* LevelGroup(Binder& bind)
     for (int level = 1; level <= captions.size(); ++level) {
         column->addWidget(bind.Option(
             QStringLiteral("loadl%1").arg(level), captions.at(level - 1),
-            [level](const ProjectState& s) { return s.loadlevel == level; },
+            [level](const ProjectState& s) { return InputsOf(s).loadlevel == level; },
             [level](Session& session) { ChooseLoadLevel(session, level); }));
     }
     auto* const row = new QWidget;
@@ -78,7 +78,7 @@ QGroupBox* LevelGroup(Binder& bind)
     grid->setContentsMargins(20, 0, 0, 0);
     bind.BoxRow(grid, 0, LoadDistanceBox());
     grid->setColumnStretch(3, 1);
-    bind.EnableWhen(row, [](const ProjectState& s) { return s.loadlevel == 4; });
+    bind.EnableWhen(row, [](const ProjectState& s) { return InputsOf(s).loadlevel == 4; });
     column->addWidget(row);
     return group;
 }
@@ -95,16 +95,17 @@ QGroupBox* RestraintGroup(Binder& bind)
     }
     auto* const row = new QHBoxLayout;
     QComboBox* const list = bind.List(
-        QStringLiteral("cbo"), numbers, [](const ProjectState& s) { return s.restraints; },
-        ChooseRestraints);
+        QStringLiteral("cbo"), numbers,
+        [](const ProjectState& s) { return InputsOf(s).restraints; }, ChooseRestraints);
     list->setAccessibleName(QObject::tr("Number of lateral restraints"));
     row->addWidget(Caption(QObject::tr("Number"), list));
     row->addWidget(list);
     row->addStretch(1);
     column->addLayout(row);
     Picture* const picture =
-        bind.Figure(QStringLiteral("piclateralrestraint"),
-                    [](const ProjectState& s) { return LateralRestraintPicture(s.restraints); });
+        bind.Figure(QStringLiteral("piclateralrestraint"), [](const ProjectState& s) {
+            return LateralRestraintPicture(InputsOf(s).restraints);
+        });
     picture->setFixedHeight(64);
     column->addWidget(picture);
     return group;
@@ -116,7 +117,7 @@ QGroupBox* FactorGroup(Binder& bind)
     QVBoxLayout* const column = ColumnOf(group);
     QCheckBox* const manual = bind.Tick(
         QStringLiteral("Cfactor"), QStringLiteral("Manual input of C-factors"),
-        [](const ProjectState& s) { return s.cmanual != kFalse; }, TickManualFactors);
+        [](const ProjectState& s) { return InputsOf(s).cmanual != kFalse; }, TickManualFactors);
     bind.EnableWhen(manual, ManualFactorsOffered);
     column->addWidget(manual);
     column->addWidget(FaintLabel(QStringLiteral("Only valid for loaded member and no restraints")));
@@ -128,12 +129,13 @@ QGroupBox* FactorGroup(Binder& bind)
         bind.BoxRow(grid, at++, *FindBox("vipping", id));
     }
     grid->setColumnStretch(3, 1);
-    bind.EnableWhen(
-        row, [](const ProjectState& s) { return ManualFactorsOffered(s) && s.cmanual != kFalse; });
+    bind.EnableWhen(row, [](const ProjectState& s) {
+        return ManualFactorsOffered(s) && InputsOf(s).cmanual != kFalse;
+    });
     column->addWidget(row);
     column->addWidget(bind.Tick(
         QStringLiteral("C1factor"), QStringLiteral("Alternative calculation of C1"),
-        [](const ProjectState& s) { return s.c1alt != kFalse; }, TickAlternativeC1));
+        [](const ProjectState& s) { return InputsOf(s).c1alt != kFalse; }, TickAlternativeC1));
     column->addStretch(1);
     return group;
 }

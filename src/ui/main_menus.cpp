@@ -4,7 +4,7 @@
 #include "app/section_commands.h"
 #include "app/view_report.h"
 #include "app/view_status.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "render/export.h"
 #include "sections/family_table.h"
 #include "ui/calculation_preview.h"
@@ -385,7 +385,7 @@ void MainWindow::ExportReport(int report)
     if (pages.empty()) {
         return;
     }
-    const std::string& project = desk_.session.state().filename;
+    const std::string& project = InputsOf(desk_.session.state()).filename;
     const std::string proposal =
         project == kNewFile ? "" : FromQt(QFileInfo(ToQt(project)).completeBaseName()) + ".pdf";
     const std::optional<std::string> path =

@@ -4,7 +4,7 @@
 #include "app/section_commands.h"
 #include "app/view_diagram.h"
 #include "app/view_standard.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "engine/calculate.h"
 #include "report/diagrams.h"
 #include "report/pane_diagrams.h"
@@ -156,7 +156,7 @@ QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis,
     reading->Add(axis, forces, deflection, moment);
     reading->Add(load);
     const auto open = [&desk] {
-        desk.open(desk.session.state().loadmode == 1 ? "Loading" : "endforce");
+        desk.open(InputsOf(desk.session.state()).loadmode == 1 ? "Loading" : "endforce");
     };
     for (Picture* const picture : {load, moment}) {
         picture->clicked = open;
@@ -330,7 +330,7 @@ QWidget* FamilyTab(Binder& bind, Desk& desk, MenuGroup group)
         const int id = family.id;
         PictureButton* const button = bind.PictureOption(
             ToQt(family.form) + QLatin1Char('i'), ToQt(family.button), SectionIcon(id),
-            [id](const ProjectState& s) { return s.family == id; },
+            [id](const ProjectState& s) { return InputsOf(s).family == id; },
             [id, &desk, form = family.form](Session& session) {
                 ChooseFamily(session, id);
                 desk.open(form);
@@ -367,7 +367,7 @@ QWidget* FamilyTabs(Binder& bind, Desk& desk)
     tabs->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     // With the family, not with every pass: the user may look through the tabs.
     bind.Follow([tabs, pages, shown = 0](const ProjectState& s) mutable {
-        const FamilyTraits* const family = FindFamily(s.family);
+        const FamilyTraits* const family = FindFamily(InputsOf(s).family);
         if (family == nullptr || family->id == shown) {
             return;
         }

@@ -1,7 +1,6 @@
 #include "ui/main_window.h"
 
 #include "app/file_commands.h"
-#include "core/project_state.h"
 #include "sections/family_table.h"
 #include "ui/form_dock.h"
 #include "ui/forms.h"

@@ -1,7 +1,7 @@
 #include "ui/result_panel.h"
 
 #include "app/locale_text.h"
-#include "core/project_state.h"
+#include "core/check.h"
 #include "report/panel_text.h"
 #include "ui/picture.h"
 #include "ui/text.h"

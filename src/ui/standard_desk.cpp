@@ -2,6 +2,7 @@
 
 #include "app/session.h"
 #include "app/view_diagram.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "standard/cases.h"
 #include "standard/costs.h"
@@ -31,7 +32,7 @@ void StandardDesk::Follow()
         const Library& library = session_.library();
         along_ = {SectionUtilisation(library, session_.state()),
                   result_.rated ? standard::SectionUtilisation(library, given_) : std::nullopt,
-                  given_.irlimit};
+                  given_->irlimit};
         NameCombinations(given_, along_);
     }
     AskForCosts();

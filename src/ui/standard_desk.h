@@ -3,7 +3,7 @@
 // The result by EN 1993-1-1 as written for the project, for all windows: calculated behind every
 // pass, at once. What the deviations cost follows from a thread of its own.
 
-#include "core/project_state.h"
+#include "core/held_state.h"
 #include "report/utilisation_figure.h"
 #include "standard/standard.h"
 #include "ui/latest_job.h"
@@ -44,7 +44,7 @@ private:
     void AskForCosts();
 
     Session& session_;
-    ProjectState given_{};
+    HeldState given_{};
     standard::StandardResult result_{}, shown_{};
     Utilisation along_{};
     bool calculated_ = false, costed_ = false, failed_ = false;

@@ -29,12 +29,12 @@ Check AtSection(CheckForm form, double x)
 
 std::string LimitOf(const Check& check)
 {
-    return TextOf(check, 1.0f).limit;
+    return TextOf(check).limit;
 }
 
 TEST(CheckText, WritesLabelCalculationResultAndLimit)
 {
-    const RowText text = TextOf(Axial(), 1.0f);
+    const RowText text = TextOf(Axial());
     EXPECT_EQ(text.label, "IR = NEd/NRd = ");
     EXPECT_EQ(text.calculation, "100.0/500.1 = ");
     EXPECT_EQ(text.result, "0.20");
@@ -94,7 +94,7 @@ TEST(CheckText, CountsDigitsByThePrecisionOfTheNumber)
     Check check{};
     check.form = CheckForm::ltb;  // {f}/({R}*{F})
     check.terms = {12345.649, 0.00499999998, 12345.649};
-    EXPECT_EQ(TextOf(check, 1.0f).calculation, "12345.7/(0.00*12345.6) = ");
+    EXPECT_EQ(TextOf(check).calculation, "12345.7/(0.00*12345.6) = ");
 }
 
 // Tension of 55 kN, -1.2 and 2.5 kNm at a point where the first moment counts with its own sign and
@@ -104,10 +104,10 @@ TEST(CheckText, ShowsSignedTermsAsTheyAddUp)
     Check check{};
     check.form = CheckForm::leg_axes;
     check.terms = {-55, 300, -1.2, 4, 2.5, 10, -1, 1, -1};
-    EXPECT_EQ(ShownTextOf(check, 1.0f).calculation, "55.0/300.0-1.2/4.0-2.5/10.0 = ");
-    EXPECT_EQ(TextOf(check, 1.0f).calculation, "-55.0/300.0+-1.2/4.0+2.5/10.0 = ");
+    EXPECT_EQ(ShownTextOf(check).calculation, "55.0/300.0-1.2/4.0-2.5/10.0 = ");
+    EXPECT_EQ(TextOf(check).calculation, "-55.0/300.0+-1.2/4.0+2.5/10.0 = ");
     check.terms[0] = 0;
-    EXPECT_EQ(ShownTextOf(check, 1.0f).calculation, "0.0/300.0-1.2/4.0-2.5/10.0 = ");
+    EXPECT_EQ(ShownTextOf(check).calculation, "0.0/300.0-1.2/4.0-2.5/10.0 = ");
 }
 
 // Tension takes part in the linear sum with its size: 50/1000 + 30/120 = 0.30.
@@ -116,29 +116,29 @@ TEST(CheckText, ShowsTensionInASumWithItsSize)
     Check check{};
     check.form = CheckForm::n_my_linear;
     check.terms = {-50, 1000, 30, 120};
-    EXPECT_EQ(ShownTextOf(check, 1.0f).calculation, "50.0/1000.0+30.0/120.0 = ");
+    EXPECT_EQ(ShownTextOf(check).calculation, "50.0/1000.0+30.0/120.0 = ");
     check.form = CheckForm::tension;
     check.terms = {-50, 1000};
-    EXPECT_EQ(ShownTextOf(check, 1.0f).calculation, "-50.0/1000.0 = ");  // tension by its sign
+    EXPECT_EQ(ShownTextOf(check).calculation, "-50.0/1000.0 = ");  // tension by its sign
 }
 
 TEST(CheckText, ShowsACheckWithoutSignsAsItStands)
 {
-    EXPECT_EQ(ShownTextOf(Axial(), 1.0f), TextOf(Axial(), 1.0f));
+    EXPECT_EQ(ShownTextOf(Axial()), TextOf(Axial()));
 }
 
 TEST(CheckText, LeavesResultAndLimitOfARemarkEmpty)
 {
     Check check{};
     check.form = CheckForm::no_buckling;
-    EXPECT_EQ(TextOf(check, 1.0f), (RowText{"No Buckling", "", "", ""}));
+    EXPECT_EQ(TextOf(check), (RowText{"No Buckling", "", "", ""}));
     EXPECT_FALSE(IsJudged(check));
 }
 
 TEST(CheckText, IsEmptyForAnUnusedRow)
 {
-    EXPECT_EQ(TextOf(Check{}, 1.0f), RowText{});
-    EXPECT_EQ(ShownTextOf(Check{}, 1.0f), RowText{});
+    EXPECT_EQ(TextOf(Check{}), RowText{});
+    EXPECT_EQ(ShownTextOf(Check{}), RowText{});
     EXPECT_FALSE(IsJudged(Check{}));
 }
 
@@ -146,11 +146,13 @@ TEST(CheckText, ShowsTheLimitAndTheRatioRounded)
 {
     Check check = Axial();
     check.ratio = 1.000001;
-    EXPECT_EQ(TextOf(check, 0.95f).result, "1.00");
-    EXPECT_EQ(TextOf(check, 0.95f).limit, " < 1.0 (Ch 6.2.4)");  // 0.95 in "0.0"
-    EXPECT_EQ(TextOf(check, 0.9f).limit, " < 0.9 (Ch 6.2.4)");
+    check.limit = 0.95f;
+    EXPECT_EQ(TextOf(check).result, "1.00");
+    EXPECT_EQ(TextOf(check).limit, " < 1.0 (Ch 6.2.4)");  // 0.95 in "0.0"
+    check.limit = 0.9f;
+    EXPECT_EQ(TextOf(check).limit, " < 0.9 (Ch 6.2.4)");
     check.ratio = 12.345;
-    EXPECT_EQ(TextOf(check, 1.0f).result, "12.35");
+    EXPECT_EQ(TextOf(check).result, "12.35");
 }
 
 // A form left out of the table, a clause or a name left empty would leave an answer without it.

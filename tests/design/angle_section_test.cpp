@@ -107,7 +107,7 @@ TEST(ControlAngle, WritesItsTermsAsTheyAddUp)
             const auto sign = [](int digit) { return static_cast<float>(digit % 3 - 1); };
             Control(s, {400 * sign(i), 300 * sign(i / 3), 200 * sign(i / 9), 0, 0});
             for (const std::size_t row : {1U, 2U}) {
-                const ReadSum read = Read(ShownTextOf(SectionRow(s, row), 1).calculation);
+                const ReadSum read = Read(ShownTextOf(SectionRow(s, row)).calculation);
                 if (CalculationOf(SectionRow(s, row)) != "{F}/{F} = ") {  // not N alone
                     EXPECT_NEAR(read.sum, SectionRow(s, row).ratio, read.rounding) << i;
                 }

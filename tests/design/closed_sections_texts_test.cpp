@@ -60,7 +60,7 @@ ProjectState Rolled(int family, Table table, const std::vector<float>& key)
 
 void ExpectTexts(const Check& row, const RowText& expected)
 {
-    const RowText texts = TextOf(row, 1);
+    const RowText texts = TextOf(row);
     EXPECT_EQ(texts.label, expected.label);
     EXPECT_EQ(texts.calculation, expected.calculation);
     EXPECT_EQ(texts.result, expected.result);
@@ -94,7 +94,7 @@ TEST(SectionTexts, Hollow)
     s = Rolled(7, Table::rhs, {400, 120, 6.3f});
     SetForces(s, {0, 0, 0, 100, 0});
     ControlHollow(s, s, s, s, s, s);
-    EXPECT_EQ(TextOf(SectionRow(s, 3), 1).limit,
+    EXPECT_EQ(TextOf(SectionRow(s, 3)).limit,
               " < 1.0 (0.00L; Ch 6.2.6 Support stiffener recommended)");
 }
 

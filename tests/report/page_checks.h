@@ -133,12 +133,12 @@ inline void ExpectLegible(const PrintedReport& report)
 }
 
 // The row stands on the page, whole.
-inline void ExpectRow(const std::vector<std::string>& lines, const Check& row, float limit)
+inline void ExpectRow(const std::vector<std::string>& lines, const Check& row)
 {
     if (row.empty()) {
         return;
     }
-    const RowText text = ShownTextOf(row, limit);
+    const RowText text = ShownTextOf(row);
     const auto at = std::find_if(lines.begin(), lines.end(), [&](const std::string& line) {
         return line.starts_with(text.label) && line.find(text.calculation) != std::string::npos;
     });

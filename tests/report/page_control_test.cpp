@@ -62,7 +62,7 @@ TEST(PageControl, RatiosOfWideRowsKeepTheirText)
     EXPECT_THAT(report.missing, IsEmpty());
     const std::vector<std::string> lines = LinesOf(report);
     for (const Check* row : {&RowY(s), &RowZ(s), &LateralRow(s)}) {
-        const RowText text = TextOf(*row, s.irlimit);
+        const RowText text = TextOf(*row);
         EXPECT_THAT(lines, Contains(HasSubstr(text.result + "  ABOVE" + text.limit)));
     }
 }
@@ -165,7 +165,7 @@ TEST(PageControl, FullTablesOfOneDirectionKeepEveryPicture)
         EXPECT_THAT(texts, Contains(title));
     }
     const std::vector<std::string> lines = LinesOf(report);
-    ExpectRow(lines, RowY(s), s.irlimit);
+    ExpectRow(lines, RowY(s));
     EXPECT_THAT(lines, Contains(StartsWith("Mass m = ")));
 }
 
@@ -198,7 +198,7 @@ TEST(PageControl, FullTablesOfBothDirectionsPutTheLoadsOnASecondPage)
     const std::vector<std::string> lines = LinesOf(report.pages[0]);
     EXPECT_THAT(lines, Contains(GoverningText(s)));
     EXPECT_THAT(lines, Contains(HasSubstr("11111.5/12345.5")));
-    ExpectRow(lines, RowY(s), s.irlimit);
+    ExpectRow(lines, RowY(s));
     EXPECT_THAT(lines, Contains(StartsWith("Mass m = ")));
 }
 

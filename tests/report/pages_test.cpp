@@ -46,16 +46,16 @@ TEST(Pages, ControlOfEveryFamilyIsCompleteAndLegible)
         EXPECT_THAT(lines, Contains(GoverningText(s)));
         EXPECT_THAT(lines, Contains(StartsWith("SECTION CONTROL:")));
         for (const std::size_t i : {1U, 2U, 3U}) {
-            ExpectRow(lines, SectionRow(s, i), s.irlimit);
+            ExpectRow(lines, SectionRow(s, i));
         }
         if (HasBuckleBlock(s.family)) {
-            ExpectRow(lines, RowY(s), s.irlimit);
-            ExpectRow(lines, RowZ(s), s.irlimit);
-            ExpectRow(lines, LateralRow(s), s.irlimit);
+            ExpectRow(lines, RowY(s));
+            ExpectRow(lines, RowZ(s));
+            ExpectRow(lines, LateralRow(s));
         }
         const auto deflection = [&](const Check& row) {
             if (!row.empty()) {
-                const RowText text = TextOf(row, s.irlimit);
+                const RowText text = TextOf(row);
                 EXPECT_THAT(lines,
                             Contains(StartsWith(text.label + text.calculation + text.result)));
             }

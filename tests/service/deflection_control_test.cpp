@@ -41,13 +41,13 @@ TEST(DeflectionControl, ComparesTheDeflectionWithAPartOfTheLength)
 
 TEST(DeflectionControl, IsWrittenWithOneDecimal)
 {
-    const RowText text = TextOf(DeflectionZ(Deflected(15, 0)), 1);
+    const RowText text = TextOf(DeflectionZ(Deflected(15, 0)));
     EXPECT_EQ(text.label, "IR = dz/dzMax = ");
     EXPECT_EQ(text.calculation, "15.0/20.0 = ");
     EXPECT_EQ(text.result, "0.75");
     EXPECT_EQ(text.limit, " < 1.0");
-    EXPECT_EQ(TextOf(DeflectionZ(Deflected(0, -7.25)), 1).calculation, "-7.3/20.0 = ");
-    EXPECT_EQ(TextOf(DeflectionZ(Deflected(40, 0)), 1).limit, " < 1.0");  // the status alone tells
+    EXPECT_EQ(TextOf(DeflectionZ(Deflected(0, -7.25))).calculation, "-7.3/20.0 = ");
+    EXPECT_EQ(TextOf(DeflectionZ(Deflected(40, 0))).limit, " < 1.0");  // the status alone tells
 }
 
 // D258: no precamber is taken off.

@@ -36,7 +36,7 @@ inline const Check& DeflectionY(const SectionChecks& s)
 
 inline std::string LabelOf(const Check& check)
 {
-    return TextOf(check, 1).label;
+    return TextOf(check).label;
 }
 inline std::string CalculationOf(const Check& check)
 {
@@ -50,7 +50,7 @@ inline std::string LimitOf(Check check)
     if (check.place.kind == CheckPlace::Kind::point) {
         check.place.number = 0;
     }
-    const std::string limit = TextOf(check, 1).limit;
+    const std::string limit = TextOf(check).limit;
     return limit.starts_with(head) ? limit.substr(head.size()) : limit;
 }
 
