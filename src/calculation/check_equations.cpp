@@ -153,7 +153,7 @@ CheckNode EquationsOf(const ProjectState& s, CheckId id)
     }
     const CheckPair* const pair = PairOf(id);
     node.name = pair == nullptr ? std::string(NameOf(id)) : std::string(pair->name);
-    node.anchor = ManualAnchor(id);
+    node.anchor = ChapterOf(id);
     Document d;
     AddLeading(s, id, d);
     AddCheck(d, check);
@@ -172,45 +172,6 @@ CheckNode EquationsOf(const Library& library, const ProjectState& input, const P
         node.standard = EquationsIn(std::move(d));
     }
     return node;
-}
-
-std::string_view ManualAnchor(CheckId check)
-{
-    switch (check) {
-    case CheckId::n:
-        return "resistances";
-    case CheckId::my:
-    case CheckId::mz:
-        return "bending-with-shear";
-    case CheckId::vz:
-    case CheckId::vy:
-        return "shear";
-    case CheckId::leg_axes:
-    case CheckId::principal_axes:
-    case CheckId::my_mz:
-        return "the-rows-of-section-control";
-    case CheckId::n_my:
-    case CheckId::n_mz:
-    case CheckId::n_my_mz:
-        return "bending-with-axial-force";
-    case CheckId::flexural_y:
-    case CheckId::flexural_z:
-    case CheckId::flexural_v:
-    case CheckId::no_buckling:
-        return "resistance";
-    case CheckId::ltb:
-        return "critical-moment";
-    case CheckId::eq661:
-    case CheckId::eq662:
-        return "interaction-of-axial-force-and-bending";
-    case CheckId::interaction_v:
-        return "angles";
-    case CheckId::deflection_z:
-    case CheckId::deflection_y:
-        return "deflection-control";
-    default:
-        return {};
-    }
 }
 
 std::string RichText(std::span<const Equation> equations, char decimal)

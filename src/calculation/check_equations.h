@@ -33,9 +33,6 @@ CheckNode EquationsOf(const ProjectState& s, CheckId check);
 CheckNode EquationsOf(const Library& library, const ProjectState& input, const ProjectState& s,
                       const standard::StandardResult& result, CheckId check);
 
-// Heading of the theory manual that explains the check, as its PDF names it (#nameddest=...).
-std::string_view ManualAnchor(CheckId check);
-
 // Rich text of equations, one paragraph each: <p>, <b>, <sub>, <sup>, clause in brackets.
 std::string RichText(std::span<const Equation> equations, char decimal = '.');
 

@@ -2,35 +2,64 @@
 
 #include "core/check_text.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace kestrum {
+
+namespace {
+
+using S = standard::CheckId;
+
+// The order of a report, and which check of the standard goes with those of a title.
+constexpr std::pair<std::string_view, std::optional<S>> kTitles[] = {
+    {"Axial force", S::section_n},
+    {"Bending about y", S::section_my},
+    {"Bending about z", S::section_mz},
+    {"Axial force and bending", S::section_nm},
+    {"Shear along z", S::section_vz},
+    {"Shear along y", S::section_vy},
+    {"Bending and shear of a slender web", S::section_mv},
+    {"Flexural buckling about y", S::flexural_y},
+    {"Flexural buckling about z", S::flexural_z},
+    {"Flexural buckling about v", std::nullopt},
+    {"Torsional and torsional-flexural buckling", S::torsional},
+    {"Lateral torsional buckling", S::ltb},
+    {"Axial force and bending of the member, y", S::eq661},
+    {"Axial force and bending of the member, z", S::eq662},
+    {"Axial force and bending of the member, v", std::nullopt},
+    {"Axial force and bending, section outside 6.3.3", S::interaction_outside},
+    {"Axial force above the critical one", S::n_above_ncr},
+    {"Deflection along z", S::deflection_z},
+    {"Deflection along y", S::deflection_y},
+};
+
+std::vector<CheckPair> Paired()
+{
+    std::vector<CheckPair> pairs;
+    for (const auto& [title, standard] : kTitles) {
+        pairs.push_back({title, {}, standard});
+    }
+    for (std::size_t i = 1; i < kChecks; ++i) {
+        const auto id = static_cast<CheckId>(i);
+        if (TitleOf(id).empty()) {
+            continue;
+        }
+        auto at = std::find_if(pairs.begin(), pairs.end(),
+                               [id](const CheckPair& pair) { return pair.name == TitleOf(id); });
+        if (at == pairs.end()) {
+            at = pairs.insert(at, {TitleOf(id), {}, std::nullopt});
+        }
+        at->program.push_back(id);
+    }
+    return pairs;
+}
+
+}  // namespace
 
 const std::vector<CheckPair>& CheckPairs()
 {
-    using S = standard::CheckId;
-    static const std::vector<CheckPair> kPairs = {
-        {"Axial force", {CheckId::n}, S::section_n},
-        {"Bending about y", {CheckId::my}, S::section_my},
-        {"Bending about z", {CheckId::mz}, S::section_mz},
-        {"Axial force and bending",
-         {CheckId::leg_axes, CheckId::my_mz, CheckId::n_my, CheckId::n_mz, CheckId::n_my_mz,
-          CheckId::principal_axes},
-         S::section_nm},
-        {"Shear along z", {CheckId::vz}, S::section_vz},
-        {"Shear along y", {CheckId::vy}, S::section_vy},
-        {"Bending and shear of a slender web", {}, S::section_mv},
-        {"Flexural buckling about y", {CheckId::flexural_y}, S::flexural_y},
-        {"Flexural buckling about z", {CheckId::flexural_z}, S::flexural_z},
-        {"Flexural buckling about v", {CheckId::flexural_v}, std::nullopt},
-        {"Torsional and torsional-flexural buckling", {}, S::torsional},
-        {"Lateral torsional buckling", {CheckId::ltb}, S::ltb},
-        {"Axial force and bending of the member, y", {CheckId::eq661}, S::eq661},
-        {"Axial force and bending of the member, z", {CheckId::eq662}, S::eq662},
-        {"Axial force and bending of the member, v", {CheckId::interaction_v}, std::nullopt},
-        {"Axial force and bending, section outside 6.3.3", {}, S::interaction_outside},
-        {"Axial force above the critical one", {}, S::n_above_ncr},
-        {"Deflection along z", {CheckId::deflection_z}, S::deflection_z},
-        {"Deflection along y", {CheckId::deflection_y}, S::deflection_y},
-    };
+    static const std::vector<CheckPair> kPairs = Paired();
     return kPairs;
 }
 

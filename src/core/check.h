@@ -17,7 +17,7 @@ namespace kestrum {
 // `none` stands for a row where nothing was checked.
 enum class CheckId : std::uint8_t {
     none,
-#define CHECK(id, row, name) id,
+#define CHECK(id, ...) id,
 #include "core/check_list.inc"
 #undef CHECK
     count
@@ -52,7 +52,7 @@ constexpr ResultRow kDeflectionRows[] = {ResultRow::deflection_z, ResultRow::def
 
 constexpr std::array<ResultRow, kChecks> kRowOfCheck{
     ResultRow{},
-#define CHECK(id, row, name) ResultRow::row,
+#define CHECK(id, row, ...) ResultRow::row,
 #include "core/check_list.inc"
 #undef CHECK
 };

@@ -20,9 +20,13 @@ constexpr CheckText kTexts[] = {
 #undef FORM
 };
 
-constexpr std::string_view kNames[] = {
-    "",
-#define CHECK(id, row, name) name,
+struct CheckNames {
+    std::string_view name, title, chapter;
+};
+
+constexpr CheckNames kNames[] = {
+    {},
+#define CHECK(id, row, name, title, chapter) {name, title, chapter},
 #include "core/check_list.inc"
 #undef CHECK
 };
@@ -118,7 +122,17 @@ const CheckText& TextsOf(CheckForm form)
 
 std::string_view NameOf(CheckId id)
 {
-    return kNames[static_cast<std::size_t>(id)];
+    return kNames[static_cast<std::size_t>(id)].name;
+}
+
+std::string_view TitleOf(CheckId id)
+{
+    return kNames[static_cast<std::size_t>(id)].title;
+}
+
+std::string_view ChapterOf(CheckId id)
+{
+    return kNames[static_cast<std::size_t>(id)].chapter;
 }
 
 bool IsJudged(const Check& check)

@@ -29,6 +29,12 @@ const CheckText& TextsOf(CheckForm form);
 // Name of the check in JSON, "section_My".
 std::string_view NameOf(CheckId id);
 
+// Its title in a report, shared by checks of which the largest counts; empty for a remark.
+std::string_view TitleOf(CheckId id);
+
+// Heading of the theory manual that explains it, as its PDF names it (#nameddest=...).
+std::string_view ChapterOf(CheckId id);
+
 // A check with a ratio: not a remark, not empty.
 bool IsJudged(const Check& check);
 
