@@ -8,6 +8,7 @@
 #include "render/export.h"
 #include "report/diagrams.h"
 #include "sections/family_table.h"
+#include "ui/box_edit.h"
 #include "ui/office_dialog.h"
 #include "ui/result_panel.h"
 #include "ui/text.h"
@@ -173,19 +174,21 @@ TEST_F(Program, ManualsOpenOrAreToldMissing)
 
 TEST_F(Program, TheGuideOpensAtTheTopicOfTheForm)
 {
-    Form* const form = window->OpenForm("setup");
-    ASSERT_NE(form, nullptr);
-    form->FocusFirst();
-    Menu(QStringLiteral("mnuGuide"));
+    Form& form = Open("setup");
+    auto& box = Find<BoxEdit>(QStringLiteral("idef_limitz"), &form);
+    box.setFocus(Qt::TabFocusReason);
+    Settle();
+    QTest::keyClick(&box, Qt::Key_F1);
+    Settle();
     EXPECT_THAT(script.opened, testing::ElementsAre("/nowhere/guide/forms.html#form-setup"));
 }
 
 // What is entered stands in the user's file and is there the next time.
 TEST_F(Program, OfficeDataAreKept)
 {
-    const QTemporaryDir folder;
+    const QTemporaryDir own;
     const QByteArray before = qgetenv("KESTRUM_DATA");
-    qputenv("KESTRUM_DATA", folder.path().toUtf8());
+    qputenv("KESTRUM_DATA", own.path().toUtf8());
     {
         OfficeDialog dialog(session, nullptr);
         dialog.findChild<QLineEdit*>(QStringLiteral("officecompany"))->setText("Hansen & Co");
