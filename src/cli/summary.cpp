@@ -60,6 +60,10 @@ void WriteSummary(const SummaryArguments& arguments, const CsvForm& csv,
     } else {
         PrintStamp stamp = StampOfNow();
         stamp.origin = OriginText({}, {});
+        fault = ReadUserOffice(stamp.office);
+        if (!fault.empty()) {
+            throw BadInput(fault);
+        }
         const PrintedReport report = PrintSummary(
             summary, stamp, arguments.answers == "-" ? "standard input" : arguments.answers);
         WriteDrawings(report.pages, kPageScale, arguments.out);

@@ -12,6 +12,8 @@
 #include <QPdfWriter>
 #include <QString>
 
+#include <optional>
+
 namespace kestrum {
 
 namespace {
@@ -33,6 +35,19 @@ QPageLayout LayoutOf(const Drawing& page, double mm_per_unit)
                        QPageLayout::Portrait, QMarginsF(0, 0, 0, 0));
 }
 
+// While it lives, local time is that of Greenwich: the writer stores the time with its zone, and
+// files of two zones would differ.
+class UniversalTime {
+public:
+    UniversalTime() { qputenv("TZ", "UTC"); }
+    ~UniversalTime() { own_.isNull() ? qunsetenv("TZ") : qputenv("TZ", own_); }
+    UniversalTime(const UniversalTime&) = delete;
+    UniversalTime& operator=(const UniversalTime&) = delete;
+
+private:
+    const QByteArray own_ = qgetenv("TZ");
+};
+
 }  // namespace
 
 std::string WritePdf(const std::vector<Drawing>& pages, double mm_per_unit, const std::string& path,
@@ -43,6 +58,10 @@ std::string WritePdf(const std::vector<Drawing>& pages, double mm_per_unit, cons
     }
     if (const std::string fault = UnreadablePicture(pages); !fault.empty()) {
         return path + ": " + fault;
+    }
+    std::optional<UniversalTime> time;
+    if (extras != nullptr && extras->reproducible) {
+        time.emplace();
     }
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);

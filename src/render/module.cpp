@@ -6,6 +6,7 @@
 #include "render/export.h"
 
 #include <QGuiApplication>
+#include <QHashFunctions>
 
 #include <cstdio>
 
@@ -28,6 +29,9 @@ extern "C" const char* KestrumRender(const kestrum::RenderJob* job)
     static int arguments = 1;
     static char name[] = "kestrum";
     static char* argument_list[] = {name, nullptr};
+    if (job->extras != nullptr && job->extras->reproducible) {
+        QHashSeed::setDeterministicGlobalSeed();  // the order of fonts in the file follows from it
+    }
     if (QGuiApplication::instance() == nullptr) {
         qInstallMessageHandler(KeepQuiet);
         qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -129,6 +129,11 @@ std::string ProfileName(const Library& library, const ProjectState& s, bool brie
     }
 }
 
+std::string Named(std::string_view name, const std::string& value)
+{
+    return value.empty() ? std::string() : std::string(name) + value + "  ";
+}
+
 // Where the head has room: logo, author and checker in its middle, company, number and revision
 // below the file. Leaves the row in hand as it is.
 void OfficeHead(PageWriter& page, const PrintStamp& stamp)
@@ -140,16 +145,11 @@ void OfficeHead(PageWriter& page, const PrintStamp& stamp)
         page.MoveTo(top + rows * kPageRow);
         page.Write(x, text, {.verbatim = true}, right);
     };
-    const auto named = [](std::string_view name, const std::string& value) {
-        return value.empty() ? std::string() : std::string(name) + value + "  ";
-    };
     const Office& office = stamp.office;
-    write(kLeft, 2.2, named("Author: ", office.author), kRight);
-    write(kLeft, 3.2, named("Checker: ", office.checker), kRight);
+    write(kLeft, 2.2, Named("Author: ", office.author), kRight);
+    write(kLeft, 3.2, Named("Checker: ", office.checker), kRight);
     write(kRightColumn, 4.4, office.company, kPageRight);
-    write(kRightColumn, 5.4,
-          named("Project no. ", office.projectnumber) + named("Rev. ", office.revision),
-          kPageRight);
+    write(kRightColumn, 5.4, OfficeNumbers(office), kPageRight);
     if (!stamp.logo.bytes.empty()) {
         page.Add({{kLeft, kPageTop},
                   kRight - kLeft,
@@ -186,6 +186,11 @@ PrintedReport Bound(std::vector<PageWriter> pages)
         report.missing.insert(report.missing.end(), one.missing.begin(), one.missing.end());
     }
     return report;
+}
+
+std::string OfficeNumbers(const Office& office)
+{
+    return Named("Project no. ", office.projectnumber) + Named("Rev. ", office.revision);
 }
 
 std::string TakeOffice(Office office, PrintStamp& stamp)

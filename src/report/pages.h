@@ -25,6 +25,9 @@ struct PrintStamp {
 // printing. What is wrong, or nothing.
 std::string TakeOffice(Office office, PrintStamp& stamp);
 
+// "Project no. 4711  Rev. C  ".
+std::string OfficeNumbers(const Office& office);
+
 // "Kestrum EC3 1.3.1, hall.kst, SHA-256 1f0c..."; without what is not known.
 std::string OriginText(const std::string& file, const std::string& digest);
 

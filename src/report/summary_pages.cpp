@@ -149,6 +149,7 @@ private:
     // Page numbers and time, when it is known how many pages there are.
     PrintedReport Finish()
     {
+        constexpr double kOffice = 88, kNumbers = 30;  // mm: their left, room of the page number
         PrintedReport report;
         for (std::size_t i = 0; i < pages_.size(); ++i) {
             PageWriter& each = pages_[i];
@@ -159,6 +160,10 @@ private:
                        right);
             each.Row(1.2);
             each.Write(kPageRight, stamp_.date + " " + stamp_.time, right);
+            each.MoveTo(kPageTop + 5);
+            each.Write(kOffice, stamp_.office.company, {.bold = true}, kPageRight - kNumbers);
+            each.Row(1.2);
+            each.Write(kOffice, OfficeNumbers(stamp_.office), {}, kPageRight - kNumbers);
             PrintedReport one = each.Take();
             report.pages.push_back(std::move(one.pages.front()));
             report.missing.insert(report.missing.end(), one.missing.begin(), one.missing.end());

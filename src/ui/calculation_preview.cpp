@@ -5,6 +5,7 @@
 #include "calculation/calculation_report.h"
 #include "document/document_head.h"
 #include "document/page_layout.h"
+#include "render/painter.h"
 #include "ui/print_pages.h"
 
 #include <QPrintPreviewDialog>
@@ -44,6 +45,9 @@ void PreviewCalculation(QWidget* parent, Session& session)
     const ReportedMember member = MemberOf(session);
     const LaidOut laid =
         LayOut(CalculationReport(session.library(), {&member, 1}, std::move(head)));
+    if (const std::string unread = UnreadablePicture(laid.pages); !unread.empty()) {
+        session.surroundings().Warn(unread);
+    }
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setFullPage(true);

@@ -1,5 +1,6 @@
 #include "ui/qt_surroundings.h"
 
+#include "render/painter.h"
 #include "ui/document_program.h"
 #include "ui/print_pages.h"
 #include "ui/text.h"
@@ -145,6 +146,9 @@ bool QtSurroundings::Print(const std::vector<Drawing>& pages)
     QPrintDialog dialog(&printer, Parent());
     if (pages.empty() || dialog.exec() != QDialog::Accepted) {
         return false;
+    }
+    if (const std::string fault = UnreadablePicture(pages); !fault.empty()) {
+        Warn(fault);
     }
     return PrintPages(printer, pages);
 }

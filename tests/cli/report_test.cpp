@@ -260,6 +260,26 @@ TEST_F(Reports, TheOfficeIsOnEachPage)
               "kestrum: a.kst: neither PNG nor SVG\n");
 }
 
+// Neither the clock, nor the zone, nor the order in which the toolkit keeps its fonts.
+TEST_F(Reports, ReproducibleFilesAreTheSameEachTime)
+{
+    if (!HasRenderer()) {
+        GTEST_SKIP() << "no renderer";
+    }
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    for (const char* report : {"section a.kst", "full a.kst"}) {
+        std::string first;
+        for (const char* zone : {"UTC", "Asia/Tokyo", "America/Caracas", "UTC"}) {
+            Shell(std::string("TZ=") + zone + " '" KESTRUM_BIN "/kestrum' report " + report +
+                  " --reproducible -o r.pdf 2>&1");
+            const std::string bytes = Read("r.pdf");
+            ASSERT_THAT(bytes, StartsWith("%PDF-"));
+            first = first.empty() ? bytes : first;
+            EXPECT_TRUE(bytes == first) << report << " " << zone;
+        }
+    }
+}
+
 TEST_F(Reports, ASecondPageIsPartOfThePicture)
 {
     // All rows of all tables, loads in both directions.

@@ -131,7 +131,12 @@ TEST(WritePdf, ReproducibleFilesHoldNoTime)
 {
     PdfExtras extras;
     extras.reproducible = true;
-    EXPECT_TRUE(PdfOf(extras).contains("/CreationDate (D:20000101000000"));
+    const QByteArray bytes = PdfOf(extras);
+    EXPECT_TRUE(bytes.contains("/CreationDate (D:20000101000000Z)"));
+    qputenv("TZ", "Asia/Tokyo");
+    EXPECT_EQ(PdfOf(extras), bytes);
+    EXPECT_EQ(qgetenv("TZ"), "Asia/Tokyo");
+    qunsetenv("TZ");
     extras.reproducible = false;
     EXPECT_FALSE(PdfOf(extras).contains("/CreationDate (D:20000101000000"));
 }

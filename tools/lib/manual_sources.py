@@ -48,7 +48,7 @@ def deviations():
         if line.startswith('|'):
             row = [typeset(re.sub(r' \(\[project\].*', '', cell)) for cell in cells(line)[:6]]
             if set(row[0]) <= set('-:'):
-                row = ['-' * n for n in (8, 25, 25, 18, 14, 12)]
+                row = ['-' * n for n in ((8, 25, 25, 18, 14, 12) if len(row) > 2 else (16, 84))]
             line = '| ' + ' | '.join(row) + ' |'
         out.append(line)
     print('\n'.join(out))
