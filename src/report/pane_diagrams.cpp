@@ -27,11 +27,14 @@ constexpr double kSignAside = 2.6;
 struct Curve {
     const ResultCurve& values;
     CurveSteps steps;
-    std::string heading, unit;
+    std::string heading, unit;  // a heading that names its unit itself has a line of its own
     double most = 0, least = 0;
 
     double All() const { return most - least; }
-    double Above() const { return least < 0 ? kFigure : kBesideAxis; }
+    double Above() const
+    {
+        return unit.empty() ? kTitle + kFigure : least < 0 ? kFigure : kBesideAxis;
+    }
     double Below() const { return most > 0 ? kFigure : kBesideAxis; }
 };
 
@@ -56,25 +59,24 @@ Curve WithRange(Curve curve)
 std::vector<Curve> CurvesOf(const ProjectState& s, LoadAxis axis)
 {
     const AxisResults r = ResultsOf(s, axis);
-    const bool loads = s.loadmode == 1;
-    AxisSteps steps = loads ? StepsOf(s, axis) : AxisSteps{};
-    std::vector<Curve> curves;
-    curves.push_back(WithRange(
-        {r.m, std::move(steps.m), "M", "kNm", loads ? r.mmax : 0.0, loads ? r.mmin : 0.0}));
-    curves.push_back(WithRange(
-        {r.v, std::move(steps.v), "V", "kN", loads ? r.vmax : 0.0, loads ? r.vmin : 0.0}));
-    if (loads) {
-        curves.push_back(WithRange({r.d, {}, "d", "mm"}));
+    if (s.loadmode != 1) {
+        return {WithRange({r.m, {}, "Bending moment (" + r.mname + ", kNm)", ""}),
+                WithRange({r.v, {}, "Shear (" + r.vname + ", kN)", ""})};
     }
-    return curves;
+    AxisSteps steps = StepsOf(s, axis);
+    return {WithRange({r.m, std::move(steps.m), "M", "kNm", r.mmax, r.mmin}),
+            WithRange({r.v, std::move(steps.v), "V", "kN", r.vmax, r.vmin}),
+            WithRange({r.d, {}, "d", "mm"})};
 }
 
 // "M" in bold, "kNm" behind it, and which side of the axis is which.
 void AddScale(Drawing& d, const CurveBand& band, double top, const std::string& heading,
               const std::string& unit)
 {
-    const double behind = 1 + TextWidth(heading, kHeadingSize, true) + 1;
-    AddText(d, {{behind, top + kHeadingLine}, unit, kLabelSize});
+    if (!unit.empty()) {
+        const double behind = 1 + TextWidth(heading, kHeadingSize, true) + 1;
+        AddText(d, {{behind, top + kHeadingLine}, unit, kLabelSize});
+    }
     const double x = band.X(0) - kSignAside;
     if (band.reference != 0) {
         AddText(d, {{x, band.axis - 0.3 * kLabelSize}, "\u2212", kLabelSize});
@@ -110,12 +112,10 @@ void AddDeflection(TextPlacer& placer, const ProjectState& s, const CurveBand& b
                below ? 1 : -1);
 }
 
-void AddTitle(Drawing& d, const AxisResults& r, bool loads)
+void AddTitle(Drawing& d, const AxisResults& r)
 {
-    TextMark title{{d.width / 2, 3.6},
-                   loads ? r.mname + "/" + r.vname + "/Deflection (kNm/kN/mm)"
-                         : r.mname + "/" + r.vname + " (kNm/kN)",
-                   kHeadingSize};
+    TextMark title{
+        {d.width / 2, 3.6}, r.mname + "/" + r.vname + "/Deflection (kNm/kN/mm)", kHeadingSize};
     title.align = Align::centre;
     title.bold = true;
     AddText(d, std::move(title));
@@ -156,7 +156,8 @@ Drawing DrawPaneCurves(const ProjectState& s, LoadAxis axis, const Utilisation& 
     const bool loads = s.loadmode == 1;
     const MemberSpan span = room.Span();
     std::vector<Curve> curves = CurvesOf(s, axis);
-    double around = kTitle + kUtilisationAround;
+    const double title = loads ? kTitle : 0;  // given end forces have headings that say it
+    double around = title + kUtilisationAround;
     for (const Curve& curve : curves) {
         around += curve.Above() + curve.Below() + kGap;
     }
@@ -166,10 +167,12 @@ Drawing DrawPaneCurves(const ProjectState& s, LoadAxis axis, const Utilisation& 
     d.width = span.Picture();
     d.height = around + ordinate * count;
     d.title = r.mname + ", " + r.vname;
-    AddTitle(d, r, loads);
+    if (loads) {
+        AddTitle(d, r);
+    }
 
     std::vector<CurveBand> bands;
-    double top = kTitle;
+    double top = title;
     for (Curve& curve : curves) {
         const double height = curve.Above() + ordinate + curve.Below() + kGap;
         bands.push_back(AddBand(d, std::move(curve), top, ordinate, span));

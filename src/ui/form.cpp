@@ -208,6 +208,9 @@ void Form::LayOut(bool docked)
                                   docked ? static_cast<int>(i == 0) : fold->stretches[i]);
         }
     }
+    // At once: the window would otherwise grow for what the form wanted before.
+    body_->activate();
+    layout()->itemAt(0)->widget()->updateGeometry();
 }
 
 void Form::Fold(QGridLayout* grid)

@@ -467,6 +467,27 @@ TEST(Pane, NamesUnitsAndSigns)
     }
 }
 
+TEST(Pane, OfGivenEndForcesHasHeadingsOfItsOwn)
+{
+    ProjectState s = Calculated();
+    s.loadmode = 0;
+    s.my1 = 30;
+    s.vz1 = 6;
+    s.vz2 = -6;
+    ASSERT_TRUE(EndsWell(s));
+    const Drawing d = DrawPaneCurves(s, LoadAxis::z, {}, {160, 90});
+    EXPECT_NEAR(d.height, 90, 1e-9);
+    ExpectLegible(d);
+    std::string texts;
+    for (const Mark& mark : d.marks) {
+        const auto* const text = std::get_if<TextMark>(&mark);
+        texts += text != nullptr ? text->text + "\n" : "";
+    }
+    EXPECT_THAT(texts, HasSubstr("Bending moment (My, kNm)\n"));
+    EXPECT_THAT(texts, HasSubstr("Shear (Vz, kN)\n"));
+    EXPECT_THAT(texts, Not(HasSubstr("Deflection")));
+}
+
 TEST(Pane, SaysOfWhichCombinationsTheUtilisationIs)
 {
     Utilisation along{AlongMember{}, AlongMember{}, 1, "EN 1990 Eq 6.10", "all combinations"};
