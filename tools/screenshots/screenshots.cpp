@@ -8,6 +8,7 @@
 #include "app/load_commands.h"
 #include "app/member_commands.h"
 #include "app/section_commands.h"
+#include "app/view_standard.h"
 #include "core/project_state.h"
 #include "sections/family_table.h"
 #include "sections/load_library.h"
@@ -15,6 +16,7 @@
 #include "ui/members_window.h"
 #include "ui/office_dialog.h"
 #include "ui/qt_surroundings.h"
+#include "ui/standard_desk.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -22,6 +24,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
+#include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -75,7 +78,9 @@ public:
     {
         Settle();
         const QString path = QDir(folder_).filePath(name + QStringLiteral(".png"));
-        if (!window.grab().save(path)) {
+        constexpr int kSmallest = 0;  // file
+        const QImage picture = window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        if (!picture.save(path, "PNG", kSmallest)) {
             std::cerr << FromQt(path) << ": cannot be written\n";
             failed_ = true;
         }
@@ -161,6 +166,18 @@ void TakeMembers(Photographer& camera, MainWindow& window, const QString& name)
     members.close();
 }
 
+// The one that costs most; the costs come from a thread of their own.
+void ChooseDeviation(StandardDesk& standard)
+{
+    while (!standard.costed()) {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    const auto rows = DeviationRows(standard.result(), true, nullptr);
+    if (!rows.empty()) {
+        standard.chosen = rows.front().acts;
+    }
+}
+
 void TakeForms(Photographer& camera, Desk& desk, const QString& suffix)
 {
     desk.store.settings().setValue(QStringLiteral("Forms/Docked"), false);
@@ -183,6 +200,9 @@ void TakeForms(Photographer& camera, Desk& desk, const QString& suffix)
         }
         if (form == "Modal_ns") {
             TickModal(desk.session, true);
+        }
+        if (form == "deviation") {
+            ChooseDeviation(*desk.standard);
         }
         if (Form* const shown = window.OpenForm(form)) {
             camera.Take(*shown, name);
