@@ -98,8 +98,9 @@ std::string RatioText(const RatedSection& section)
 {
     switch (section.verdict) {
     case Verdict::within:
-    case Verdict::loads_dropped:
         return FormatNum(section.ir, "0.00");
+    case Verdict::loads_dropped:  // the ratio of what is left
+        return FormatNum(section.ir, "0.00") + " dropped";
     case Verdict::above:
         return FormatNum(section.ir, "0.00") + " > limit";
     default:

@@ -37,7 +37,8 @@ struct RatedSection {
     bool passes() const { return verdict == Verdict::within; }
 };
 
-// "0.63"; "1.24 > limit", for those who do not see a colour; the verdict of a row without a ratio.
+// "0.63"; "1.24 > limit", for those who do not see a colour; "0.11 dropped" where the section
+// cannot take all loads; the verdict of a row without a ratio.
 std::string RatioText(const RatedSection& section);
 
 // The same of the standard's result; empty as long as it is not known.

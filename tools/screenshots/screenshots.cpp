@@ -27,6 +27,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -166,6 +167,15 @@ void TakeMembers(Photographer& camera, MainWindow& window, const QString& name)
     members.close();
 }
 
+// Larger than the screen of the platform, where the form wants it.
+void ShowWhole(Form& form)
+{
+    Photographer::Settle();
+    const auto* const scroll = form.findChild<QScrollArea*>({}, Qt::FindDirectChildrenOnly);
+    const QSize lack = scroll->widget()->sizeHint() - scroll->viewport()->size();
+    form.resize(form.size() + lack.expandedTo({0, 0}));
+}
+
 // The one that costs most; the costs come from a thread of their own.
 void ChooseDeviation(StandardDesk& standard)
 {
@@ -205,6 +215,7 @@ void TakeForms(Photographer& camera, Desk& desk, const QString& suffix)
             ChooseDeviation(*desk.standard);
         }
         if (Form* const shown = window.OpenForm(form)) {
+            ShowWhole(*shown);
             camera.Take(*shown, name);
             if (form == "endforce") {
                 camera.Take(window, QStringLiteral("main-endforce") + suffix);
