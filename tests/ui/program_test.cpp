@@ -322,6 +322,25 @@ TEST_F(Program, DiagramReadsOutAndOpensTheLoads)
     EXPECT_TRUE(Find<Form>(QStringLiteral("endforce")).isVisible());
 }
 
+TEST_F(Program, AnUnloadedAxisLeavesItsRoomToTheOther)
+{
+    auto &z = Find<QWidget>(QStringLiteral("fr2")), &y = Find<QWidget>(QStringLiteral("fr3"));
+    EXPECT_TRUE(z.isVisible());
+    EXPECT_FALSE(y.isVisible());
+    const int whole = z.width();
+    session.edit().qload[2] = 3;
+    session.edit().qdir[2] = 0;
+    session.Calculate();
+    Settle();
+    EXPECT_TRUE(y.isVisible());
+    EXPECT_LT(z.width(), whole * 2 / 3);
+    session.edit().qload = {};
+    session.Calculate();
+    Settle();
+    EXPECT_TRUE(z.isVisible());  // the axial load has to be seen somewhere
+    EXPECT_FALSE(y.isVisible());
+}
+
 TEST_F(Program, MainWindowChoicesReachTheProject)
 {
     for (int i = 0; i < 6; ++i) {

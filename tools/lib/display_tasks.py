@@ -70,6 +70,10 @@ class Desktop:
         self.keys("Return")
         self.activate(then)
 
+    def width(self):
+        """Of the active window."""
+        return re.search(r"WIDTH=(\d+)", run("xdotool", "getactivewindow", "getwindowgeometry", "--shell").stdout)[1]
+
     def save(self):
         self.keys("ctrl+s")
 
@@ -126,7 +130,11 @@ def tasks(folder):
     desktop.find("ipe 400")
     desktop.save()
     expect("2 a section found by its name", folder, first, family=4)
+    before = desktop.width()
     desktop.keys("F3")
+    time.sleep(1)
+    if desktop.width() != before:
+        raise SystemExit(f"kestrum: docking has made the window {desktop.width()} wide, which was {before}")
     desktop.text("25", "Return", "Return", "Return")
     desktop.text("12.5", "Return", "Escape")
     desktop.save()
