@@ -152,10 +152,12 @@ void StationRun::Start(const PreparedMember& member)
     static_cast<Resistances&>(s) = from;
     static_cast<SectionChecks&>(s) = from;
     static_cast<Stability&>(s) = from;
+    static_cast<Carry&>(s) = from;
     s.errorflag = 0;
     s.flangeoverload = false;
     s.calculationerror = false;
     s.failure = {};
+    nvaried_ = false;
 }
 
 // Sections with the same N at once, as many as the record can hold.

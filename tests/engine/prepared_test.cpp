@@ -181,6 +181,34 @@ TEST(Prepared, VaryingAxialForceIsTakenAtThePlaceAndLargestForBuckling)
     EXPECT_NEAR(run.state().irsection, 200 / run.state().nplrd, 1e-12);
 }
 
+// Torsional buckling of a channel takes the lateral torsional buckling length of its own case
+// (D228), not that of the case before; nor does a case that fails tell of N in the one before.
+TEST(Prepared, TorsionalLengthAndVaryingNAreThoseOfTheCase)
+{
+    for (const i16 ltb : {i16{0}, i16{1}}) {
+        SCOPED_TRACE(ltb);
+        ProjectState s = Bare(16);
+        s.ltb = ltb;
+        s.method = 1;
+        const PreparedMember member = Prepare(Delivered(), s);
+        const std::vector<Station> bent = {{.x = 0, .n = 46, .my = 10},
+                                           {.x = 3, .n = 46, .my = 10}};
+        StationRun fresh, used;
+        ASSERT_TRUE(fresh.Case(member, bent));
+        ASSERT_TRUE(used.Case(member, bent));
+        ASSERT_TRUE(used.Case(member, bent));
+        EXPECT_EQ(fresh.state().ncrt, used.state().ncrt);
+        EXPECT_EQ(fresh.state().maxirbuckling, used.state().maxirbuckling);
+    }
+    const PreparedMember member = Prepare(Delivered(), Bare(2));
+    StationRun run;
+    ASSERT_TRUE(run.Case(member, std::vector<Station>{{.x = 0, .n = 300}, {.x = 3, .n = -200}}));
+    const double beyond = 1e300;  // kNm, no number in single precision
+    EXPECT_FALSE(
+        run.Case(member, std::vector<Station>{{.x = 0, .my = beyond}, {.x = 3, .my = beyond}}));
+    EXPECT_FALSE(run.NVaried());
+}
+
 // Moment where there is no axial force and the other way round: the sections see no interaction.
 TEST(Prepared, NAndMAtDifferentPlacesDoNotMeetInASection)
 {
