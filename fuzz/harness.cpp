@@ -76,73 +76,6 @@ void RequireRepeatable(const ProjectState& s)
     Require(a == b || StateJson(a) == StateJson(b), "two passes of one record differ");
 }
 
-// Takes numbers off the bytes; zeros behind the end.
-class Source {
-public:
-    explicit Source(std::string_view bytes) : rest_(bytes) {}
-
-    bool empty() const { return rest_.empty(); }
-
-    std::uint8_t Byte()
-    {
-        const std::uint8_t byte = rest_.empty() ? 0 : static_cast<std::uint8_t>(rest_.front());
-        rest_.remove_prefix(rest_.empty() ? 0 : 1);
-        return byte;
-    }
-
-    // Often one that tells, else any pattern of bits that is a number.
-    double Number()
-    {
-        constexpr std::array<double, 24> kTelling = {
-            0,    1,     -1,    0.5,    2,    3,     4,     5,     10,      100,   300,   1000,
-            1e-3, 1e-20, 1e-45, 3.4e38, 1e25, -1e25, 32767, 32768, -100000, 12.75, 0.002, 355};
-        const std::uint8_t kind = Byte();
-        if (kind < kTelling.size()) {
-            return kTelling[kind];
-        }
-        if (kind < 160) {
-            return kind - 60;
-        }
-        std::uint32_t bits = 0;
-        for (int i = 0; i < 4; ++i) {
-            bits = bits << 8 | Byte();
-        }
-        float value = 0;
-        std::memcpy(&value, &bits, sizeof value);
-        return std::isfinite(value) ? value : 0;
-    }
-
-private:
-    std::string_view rest_;
-};
-
-std::vector<const Field*> Inputs()
-{
-    std::vector<const Field*> fields;
-    for (const Field& field : AllFields()) {
-        if (field.role == FieldRole::input && field.kind != FieldKind::text) {
-            fields.push_back(&field);
-        }
-    }
-    return fields;
-}
-
-void StoreNumber(ProjectState& s, const Field& field, int index, double value)
-{
-    void* const at = field.locate(s, index);
-    switch (field.kind) {
-    case FieldKind::single:
-        *static_cast<float*>(at) = static_cast<float>(value);
-        break;
-    case FieldKind::real:
-        *static_cast<double*>(at) = value;
-        break;
-    default:
-        *static_cast<i16*>(at) = WholeNum(value).value_or(0);
-        break;
-    }
-}
-
 }  // namespace
 
 void ProjectFile(std::string_view bytes)
@@ -367,18 +300,8 @@ void ForceTables(std::string_view bytes)
 
 void Members(std::string_view bytes)
 {
-    static const std::vector<const Field*> kInputs = Inputs();
-    static const std::vector<int> kFamilies = FamilyNumbers();
     Source source(bytes);
-    ProjectState s = Default();
-    s.family = static_cast<i16>(kFamilies[source.Byte() % kFamilies.size()]);
-    while (!source.empty()) {
-        const std::size_t number = source.Byte() * std::size_t{256} + source.Byte();
-        const Field& field = *kInputs[number % kInputs.size()];
-        const int rows = field.last - field.first + 1;
-        const int index = field.first + (rows > 1 ? source.Byte() % rows : 0);
-        StoreNumber(s, field, index, source.Number());
-    }
+    ProjectState s = MemberOf(source);
     RequireRepeatable(s);
     ProjectState calculated = s;
     CalculateAndShow(Delivered(), calculated);
@@ -391,7 +314,7 @@ void Members(std::string_view bytes)
 
 std::span<const Target> Targets()
 {
-    static constexpr std::array<Target, 10> kTargets{{{"project_file", ProjectFile},
+    static constexpr std::array<Target, 11> kTargets{{{"project_file", ProjectFile},
                                                       {"setup_file", SetupFile},
                                                       {"material_list", MaterialList},
                                                       {"profile_tables", ProfileTables},
@@ -400,7 +323,8 @@ std::span<const Target> Targets()
                                                       {"member_tables", MemberTables},
                                                       {"force_tables", ForceTables},
                                                       {"section_pools", SectionPools},
-                                                      {"members", Members}}};
+                                                      {"members", Members},
+                                                      {"two_routes", TwoRoutes}}};
     return kTargets;
 }
 
