@@ -13,7 +13,7 @@
 // binary table of a CSV or, behind --lists, the file as it stands, and the number of rows of a
 // table, as lines of a C++ array. The third form writes the bytes themselves instead, as a literal.
 
-#include "core/sha256.h"
+#include "core/fingerprint.h"
 
 #include <algorithm>
 #include <bit>
@@ -161,8 +161,8 @@ std::vector<Delivered> DeliveredFiles(std::span<const std::string> words)
 
 std::string DigestLine(const Delivered& delivered)
 {
-    return "{\"" + delivered.name + "\", \"" + kestrum::Sha256(delivered.bytes) + "\", " +
-           std::to_string(delivered.rows) + "},\n";
+    return "{\"" + delivered.name + "\", " + std::to_string(kestrum::Fingerprint(delivered.bytes)) +
+           "U, " + std::to_string(delivered.rows) + "},\n";
 }
 
 // Each byte as three octal digits, so that none runs into the next.

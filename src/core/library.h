@@ -7,6 +7,8 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -40,6 +42,12 @@ struct NamedRow {
     i16 row;
 };
 
+// The names of all rows, sorted. They are made when the first is looked for, in whatever thread.
+struct NamedRows {
+    std::once_flag made;
+    std::vector<NamedRow> rows;
+};
+
 // A profile table or list that is not the delivered one.
 struct OwnFile {
     std::string name;    // "hea.dat"
@@ -62,8 +70,8 @@ struct Library {
     std::vector<Material> materials;
     std::array<ProfileTable, kTables> tables;
     std::vector<CorrectedFigure> corrected;
-    std::vector<NamedRow> rownames;  // sorted by name
-    std::string setup;               // bytes of the stored setup; empty when there is none
+    std::shared_ptr<NamedRows> rownames = std::make_shared<NamedRows>();
+    std::string setup;  // bytes of the stored setup; empty when there is none
 
     std::vector<OwnFile> own;
     std::vector<std::string> faults;  // what the user is to know of files the program found itself

@@ -4,7 +4,6 @@
 #include "core/setup_file.h"
 #include "sections/read_profiles.h"
 #include "sections/second_source.h"
-#include "sections/section_names.h"
 
 #include <algorithm>
 #include <iterator>
@@ -46,7 +45,6 @@ Library BuiltinLibrary()
         const TableShape& shape = ShapeOf(static_cast<Table>(i));
         FillProfile(BytesOf(shape.file), shape, library.tables.at(i));
     }
-    NameRows(library);
     library.corrected = ReadSecondSource(library, BytesOf(kSecondSourceFile));
     library.materials = ReadMaterialList(BytesOf(kMaterialFile));
     library.setup = BytesOf(kSetupFile);

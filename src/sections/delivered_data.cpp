@@ -1,15 +1,19 @@
 #include "sections/delivered_data.h"
 
+#include "core/fingerprint.h"
+
 #include <algorithm>
 #include <iterator>
 
 namespace kestrum {
 
-bool IsDelivered(std::string_view name, std::string_view sha256)
+bool IsDelivered(std::string_view name, std::string_view bytes)
 {
-    return std::any_of(
-        std::begin(kDeliveredFiles), std::end(kDeliveredFiles),
-        [&](const DeliveredFile& file) { return file.name == name && file.sha256 == sha256; });
+    const std::uint64_t fingerprint = Fingerprint(bytes);
+    return std::any_of(std::begin(kDeliveredFiles), std::end(kDeliveredFiles),
+                       [&](const DeliveredFile& file) {
+                           return file.name == name && file.fingerprint == fingerprint;
+                       });
 }
 
 }  // namespace kestrum

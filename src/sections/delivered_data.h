@@ -1,14 +1,16 @@
 #pragma once
 
-// What the delivered data is: the build writes the SHA-256 of every table and of the material list
-// into the program, and how many rows each table has.
+// What the delivered data is: the build writes the fingerprint of every table and of the material
+// list into the program, and how many rows each table has.
 
+#include <cstdint>
 #include <string_view>
 
 namespace kestrum {
 
 struct DeliveredFile {
-    std::string_view name, sha256;
+    std::string_view name;
+    std::uint64_t fingerprint;
     int rows;  // of a table; 0 of other files
 };
 
@@ -27,7 +29,7 @@ constexpr int DeliveredRows(std::string_view name)
     return 0;
 }
 
-// Whether a file of this name is delivered with this SHA-256 (64 hexadecimal digits).
-bool IsDelivered(std::string_view name, std::string_view sha256);
+// Whether a file of this name is delivered with these bytes.
+bool IsDelivered(std::string_view name, std::string_view bytes);
 
 }  // namespace kestrum

@@ -10,7 +10,6 @@
 #include "sections/delivered_data.h"
 #include "sections/read_profiles.h"
 #include "sections/second_source.h"
-#include "sections/section_names.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -126,11 +125,10 @@ Found Find(const std::vector<std::string>& folders, std::string_view name, const
 // Names what is not the delivered file.
 void NoteOwn(Library& library, const Found& found, std::string_view name, std::string_view bytes)
 {
-    const std::string digest = Sha256(bytes);
-    if (found.path.empty() || IsDelivered(name, digest)) {
+    if (found.path.empty() || IsDelivered(name, bytes)) {
         return;
     }
-    library.own.push_back({std::string(name), found.path, digest});
+    library.own.push_back({std::string(name), found.path, Sha256(bytes)});
     if (found.shared && found.whole) {
         library.faults.push_back(found.path + ": is not the file as delivered");
     }
@@ -257,7 +255,6 @@ Library LoadLibrary(const std::vector<std::string>& folders)
 {
     Library library;
     LoadTables(folders, library);
-    NameRows(library);
     LoadSecondSource(folders, library);
     LoadMaterials(folders, library);
     LoadStoredSetup(folders, library);

@@ -108,8 +108,14 @@ Parsed Parse(std::string_view text)
 
 std::optional<i16> RowOfSize(const Library& library, Table table, std::string_view size)
 {
-    for (int row = 0; row < RowCount(table); ++row) {
-        if (RowKey(library, table, row) == size) {
+    // Sizes begin with the number of a column: no text is made of rows that have another one there.
+    float first = 0;
+    std::from_chars(size.data(), size.data() + size.size(), first);
+    const ProfileTable& values = library.tables[static_cast<std::size_t>(table)];
+    const int column = ShapeOf(table).key[0];
+    for (int row = 0; row < std::min(RowCount(table), values.reserved); ++row) {
+        const bool other = column != 0 && values.At(row, column) != first;
+        if (!other && RowKey(library, table, row) == size) {
             return static_cast<i16>(row);
         }
     }
@@ -121,9 +127,16 @@ std::optional<i16> RowOfSize(const Library& library, Table table, std::string_vi
 std::vector<CorrectedFigure> ReadSecondSource(const Library& library, std::string_view bytes)
 {
     std::vector<CorrectedFigure> figures;
+    std::optional<Line> before;
+    std::optional<i16> row;
     while (!bytes.empty()) {
         const auto line = Parse(NextLine(bytes)).line;
-        const auto row = line ? RowOfSize(library, line->table, line->size) : std::nullopt;
+        const bool same =  // the figures of a row stand together
+            line && before && line->table == before->table && line->size == before->size;
+        if (!same) {
+            row = line ? RowOfSize(library, line->table, line->size) : std::nullopt;
+        }
+        before = line;
         if (row) {
             const FigureName& f = line->figure;
             figures.push_back({line->table, *row, f.figure, F32(f.unit * line->ours),

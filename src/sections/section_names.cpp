@@ -40,13 +40,13 @@ std::string_view SquarePrefix(Table table)
     return table == Table::shs ? "SHS" : table == Table::cfshs ? "CFSHS" : "";
 }
 
-void AddNames(Library& library, Table table, int row)
+void AddNames(const Library& library, Table table, int row, std::vector<NamedRow>& names)
 {
     const std::string prefix = CompactName(ShapeOf(table).prefix);  // "IPE A" has a blank
     const std::string key = SectionKey(RowKey(library, table, row));
     const std::string whole = WholeKey(table, key);
     const auto add = [&](const std::string& name) {
-        library.rownames.push_back({name, table, static_cast<i16>(row)});
+        names.push_back({name, table, static_cast<i16>(row)});
     };
     add(prefix + key);
     if (const std::string name = EuropeanName(prefix, key); !name.empty()) {
@@ -59,6 +59,24 @@ void AddNames(Library& library, Table table, int row)
         add(square + key);
         add(square + whole);
     }
+}
+
+// Each row under the name of its list and those in common use.
+const std::vector<NamedRow>& RowNames(const Library& library)
+{
+    NamedRows& names = *library.rownames;
+    std::call_once(names.made, [&] {
+        names.rows.clear();  // of an attempt that failed
+        for (std::size_t i = 0; i < kTables; ++i) {
+            const Table table = static_cast<Table>(i);
+            for (int row = 0; row < RowCount(table); ++row) {
+                AddNames(library, table, row, names.rows);
+            }
+        }
+        std::stable_sort(names.rows.begin(), names.rows.end(),
+                         [](const NamedRow& a, const NamedRow& b) { return a.name < b.name; });
+    });
+    return names.rows;
 }
 
 bool IsStiffener(Table table)
@@ -166,27 +184,15 @@ std::optional<NamedTube> TubeOfName(std::string_view name)
     return whole ? std::optional(found) : std::nullopt;
 }
 
-void NameRows(Library& library)
-{
-    library.rownames.clear();
-    for (std::size_t i = 0; i < kTables; ++i) {
-        const Table table = static_cast<Table>(i);
-        for (int row = 0; row < RowCount(table); ++row) {
-            AddNames(library, table, row);
-        }
-    }
-    std::stable_sort(library.rownames.begin(), library.rownames.end(),
-                     [](const NamedRow& a, const NamedRow& b) { return a.name < b.name; });
-}
-
 std::optional<NamedSection> SectionOfName(const Library& library, std::string_view name, int family)
 {
     const std::string wanted = SectionKey(name);
+    const std::vector<NamedRow>& names = RowNames(library);
     auto at =
-        std::lower_bound(library.rownames.begin(), library.rownames.end(), wanted,
+        std::lower_bound(names.begin(), names.end(), wanted,
                          [](const NamedRow& row, const std::string& n) { return row.name < n; });
     const NamedRow* best = nullptr;
-    for (; at != library.rownames.end() && at->name == wanted; ++at) {
+    for (; at != names.end() && at->name == wanted; ++at) {
         if (FamilyOfTable(at->table).family == family) {
             best = &*at;
             break;
@@ -208,7 +214,7 @@ std::vector<std::string> SectionsNear(const Library& library, std::string_view n
     const std::string wanted = CompactName(name).substr(0, kLongest);
     const std::string letters = wanted.substr(0, wanted.find_first_of("0123456789"));
     std::vector<std::pair<std::size_t, const NamedRow*>> near;
-    for (const NamedRow& row : library.rownames) {
+    for (const NamedRow& row : RowNames(library)) {
         const std::size_t steps = Steps(wanted, row.name);
         const bool series = !letters.empty() && row.name.starts_with(letters);
         if (steps < wanted.size() && steps <= (series ? 3U : 2U)) {

@@ -20,9 +20,6 @@ std::string CompactName(std::string_view name);
 // "SHS120X120X5".
 std::string SectionKey(std::string_view name);
 
-// Fills library.rownames: each row under the name of its list and those in common use.
-void NameRows(Library& library);
-
 struct NamedSection {
     int family;
     int series;  // from 1; 0 for a family without series

@@ -1,6 +1,7 @@
 #include "sections/read_profiles.h"
 
 #include "core/arithmetic_trap.h"
+#include "core/fingerprint.h"
 #include "core/project_state.h"
 #include "core/sha256.h"
 #include "sections/hollow.h"
@@ -189,6 +190,15 @@ TEST(ProfileTables, KeepTheRowsThatTheirSourcesName)
         EXPECT_NE(text.find("`" + checksum + "`"), std::string::npos)
             << "the first " << rows << " rows have the checksum " << checksum;
     }
+}
+
+// Published values of XXH64 with seed 0.
+TEST(Checksum, FingerprintIsThatOfXxHash)
+{
+    EXPECT_EQ(Fingerprint(""), 0xEF46DB3751D8E999U);
+    EXPECT_EQ(Fingerprint("a"), 0xD24EC4F1A98C6E5BU);
+    EXPECT_EQ(Fingerprint("abc"), 0x44BC2CF5AD770999U);
+    EXPECT_EQ(Fingerprint("Nobody inspects the spammish repetition"), 0xFBCEA83C8A378BF1U);
 }
 
 // FIPS 180-4, example of the one-block message.
