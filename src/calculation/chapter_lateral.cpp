@@ -2,6 +2,7 @@
 #include "calculation/parts.h"
 #include "calculation/quantities.h"
 #include "calculation/shape_figure.h"
+#include "calculation/standard_member.h"
 
 #include "core/arithmetic_trap.h"
 #include "core/member_choices.h"
@@ -226,20 +227,13 @@ void AddByStandard(const CalculatedMember& m, const standard::Check& check,
 {
     const standard::LateralResult& r = study.result;
     d.Part("By EN 1993-1-1 as written");
+    const bool entered = m.s.cmanual != kFalse;
     d.Say("Combination " + NameOf(check.load_case) +
-          "; the critical moment is a numerical solution for the whole member with its loads, "
-          "supports and restraints.");
+          (entered ? "; the critical moment is that of the C factors entered."
+                   : "; the critical moment is a numerical solution for the whole member with its "
+                     "loads, supports and restraints."));
     d.Add("M_y,Ed", r.checked, "kNm", "", Line("at x/L = ") + NumberLine(r.place, 4));
-    d.Add("M_cr", r.mcr, "kNm", "6.3.2.2 (2)");
-    d.Add("M_Rk", study.characteristic, "kNm", "", "of the compressed side");
-    d.Add("~λ_LT", Root(Sym("M_Rk", study.characteristic) / Sym("M_cr", r.mcr)), r.lam, "",
-          "6.3.2.2 (1)");
-    d.Add("C_1", r.c1, "", "");
-    d.Add("k_c", r.kc, "", "6.3.2.3 (2)");
-    d.Add("χ_LT", r.chi, "", std::string(r.clause));
-    d.Add("M_b,Rd",
-          Sym("χ_LT", r.chi) * Sym("M_Rk", study.characteristic) / Sym("γ_M1", m.s.gammam1),
-          r.resistance, "kNm", "6.3.2.1 (3), Eq (6.55)");
+    AddStandardLateral(r, m.s.gammam1, d);
     d.Add("IR", Sym("M_y,Ed", r.checked) / Sym("M_b,Rd", r.resistance), check.ir, "",
           "6.3.2.1 (1), Eq (6.54)");
     if (study.shape) {

@@ -110,14 +110,8 @@ Expr OfMember::Torsional()
 
 Expr OfMember::Lateral()
 {
-    const standard::LateralResult& r = t_.lateral;
-    if (r.mcr > 0) {
-        d_.Add("M_cr", r.mcr, "kNm", "6.3.2.2 (2)");
-        d_.Add("~λ_LT", r.lam, "", "6.3.2.2 (1)");
-    }
-    d_.Add("χ_LT", r.chi, "", std::string(r.clause));
-    d_.Add("M_b,Rd", r.resistance, "kNm", "6.3.2.1 (3), Eq (6.55)");
-    return Sym("M_y,Ed", r.checked) / Sym("M_b,Rd", r.resistance);
+    AddStandardLateral(t_.lateral, q_.gammam1, d_);
+    return Sym("M_y,Ed", t_.lateral.checked) / Sym("M_b,Rd", t_.lateral.resistance);
 }
 
 // M_y,Rk of the class over the partial factor, kNm.
@@ -248,7 +242,52 @@ Expr OfMember::Above()
     return N() / Resistance("N_b,Rd", "χ", t_.interaction.Least(t_.twists), t_.interaction);
 }
 
+// 6.3.2.2 and 6.3.2.3: chi from its slenderness.
+void AddLateralReduction(const standard::LateralResult& r, Document& d)
+{
+    const std::string clause(r.clause);
+    const Expr lam = Sym("~λ_LT", r.lam);
+    if (r.lam <= r.plateau) {
+        d.Add("χ_LT", r.chi, "", clause + " (4)",
+              Line("slenderness of ") + NumberLine(r.plateau) + Line(" or less"));
+        return;
+    }
+    const Expr bent = r.rolled ? Sym("β", r.beta) * Square(lam) : Square(lam);
+    const Expr from = r.rolled ? Sym("~λ_LT,0", r.plateau) : Num(0.2);
+    const Expr phi = Step(d, "Φ_LT", 0.5 * (1 + Sym("α_LT", r.alpha) * (lam - from) + bent), "",
+                          r.rolled ? "6.3.2.3 (1), Table 6.5" : "6.3.2.2 (1), Table 6.4");
+    const Expr curve = 1 / (phi + Root(Square(phi) - bent));
+    if (!r.rolled) {
+        d.Add("χ_LT", Least({Num(1), curve}), r.chi, "", "6.3.2.2 (1), Eq (6.56)");
+        return;
+    }
+    const Expr cap = 1 / Square(lam);
+    const Expr chi = Step(d, "χ_LT,0", Least({Num(1), cap, curve}), "", "6.3.2.3 (1), Eq (6.57)");
+    d.Add("C_1", r.c1, "", "", "of the piece that holds the largest moment");
+    const Expr kc = Sym("k_c", r.kc);
+    d.Add("k_c", Least({Num(1), 1 / Root(Sym("C_1", r.c1))}), r.kc, "", "6.3.2.3 (2), Table 6.6");
+    const Expr f =
+        Step(d, "f", Least({Num(1), 1 - 0.5 * (1 - kc) * (1 - 2 * Square(lam - Num(0.8)))}), "",
+             "6.3.2.3 (2)");
+    d.Add("χ_LT", Least({Num(1), cap, chi / f}), r.chi, "", "6.3.2.3 (2), Eq (6.58)");
+}
+
 }  // namespace
+
+void AddStandardLateral(const standard::LateralResult& r, double gammam1, Document& d)
+{
+    if (!(r.mcr > 0) || !(r.chi > 0)) {
+        return;
+    }
+    const double characteristic = r.resistance * gammam1 / r.chi;
+    d.Add("M_cr", r.mcr, "kNm", "6.3.2.2 (2)");
+    d.Add("M_Rk", characteristic, "kNm", "", "of the compressed side");
+    d.Add("~λ_LT", Root(Sym("M_Rk", characteristic) / Sym("M_cr", r.mcr)), r.lam, "",
+          "6.3.2.2 (1)");
+    AddLateralReduction(r, d);
+    d.Add("M_b,Rd", Sym("χ_LT", r.chi) * Sym("M_Rk", characteristic) / Sym("γ_M1", gammam1),
+          r.resistance, "kNm", "6.3.2.1 (3), Eq (6.55)");
+}
 
 Expr StandardMemberRatio(const ProjectState& input, const standard::CheckStudy& study,
                          standard::CheckId id, Document& d)

@@ -300,14 +300,18 @@ void Reduce(const ProjectState& s, const StandardSection& q, LateralResult& r, c
     const bool rolled_case = s.ltbcurve == LtbCurve::rolled && Traits(s).design.rolled_case;
     const double alpha = LateralImperfection(s, q, r.moment > 0, rolled_case, basis);
     if (!rolled_case) {
-        r.chi = clauses::GeneralLateralReduction(r.lam, alpha, basis.pick(Dev::d214, 0.2, plateau));
+        r.alpha = alpha;
+        r.plateau = basis.pick(Dev::d214, 0.2, plateau);
+        r.chi = clauses::GeneralLateralReduction(r.lam, alpha, r.plateau);
         r.clause = "6.3.2.2";
         return;
     }
     const double beta = welded ? s.betaw : s.beta;
-    const double chi = clauses::RolledLateralReduction(
-        r.lam, alpha, own ? plateau : basis.pick(Dev::d215, s.lamdalt0, plateau),
-        own ? beta : basis.pick(Dev::d215, s.beta, beta));
+    r.rolled = true;
+    r.alpha = alpha;
+    r.plateau = own ? plateau : basis.pick(Dev::d215, s.lamdalt0, plateau);
+    r.beta = own ? beta : basis.pick(Dev::d215, s.beta, beta);
+    const double chi = clauses::RolledLateralReduction(r.lam, alpha, r.plateau, r.beta);
     const double f = clauses::MomentShapeFactor(r.lam, r.kc);
     r.chi = std::min({1.0, 1 / (r.lam * r.lam), chi / f});
     r.clause = "6.3.2.3";

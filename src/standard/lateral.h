@@ -19,6 +19,8 @@ struct LateralResult {
     double resistance = 0;  // Mb,Rd, kNm
     double c1 = 1;          // of the piece that holds MEd,max
     double kc = 1;
+    bool rolled = false;  // 6.3.2.3, else 6.3.2.2
+    double alpha = 0, plateau = 0, beta = 1;
     std::string_view clause{};
 };
 

@@ -40,7 +40,9 @@ LateralResult TrippingOf(const ProjectState& s, const PreparedSection& p,
     const double resistance = ModulusY(p, cls, r.moment > 0) * q.fy / kNmm;
     r.lam = std::sqrt(q.fy / stress);
     r.mcr = resistance / (r.lam * r.lam);
-    r.chi = clauses::GeneralLateralReduction(r.lam, Imperfection(s, q), s.lamdalt0);
+    r.alpha = Imperfection(s, q);
+    r.plateau = s.lamdalt0;
+    r.chi = clauses::GeneralLateralReduction(r.lam, r.alpha, r.plateau);
     r.resistance = r.chi * resistance / q.gammam1;
     r.clause = "6.3.2.2";
     return r;
