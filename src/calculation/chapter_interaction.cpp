@@ -1,3 +1,4 @@
+#include "calculation/annex_a_equations.h"
 #include "calculation/chapters.h"
 #include "calculation/parts.h"
 
@@ -8,6 +9,7 @@
 #include "stability/interaction_annex_a.h"
 
 #include <cmath>
+#include <limits>
 
 namespace kestrum {
 
@@ -62,110 +64,67 @@ void AddCm0(const Factors& f, bool y)
     f.Add("C_m" + axis + ",0", formula, cm0, kA2);
 }
 
-// (1 - N/Ncr,z)(1 - N/Ncr,TF); the second factor is 1 where torsion is not coupled.
-Expr FreeZ(const Factors& f)
+AnnexAValues AnnexAOf(const ProjectState& s)
 {
-    const Expr z = 1 - f.Share("z", f.s.ncrz);
-    return f.s.ncrtf < kNeverGoverns ? z * (1 - f.Share("TF", f.s.ncrtf)) : z;
-}
-
-void AddEquivalent(const Factors& f)
-{
-    const ProjectState& s = f.s;
-    AddCm0(f, true);
-    AddCm0(f, false);
-    const double c1 = 1 / (static_cast<double>(s.kc) * s.kc);
-    f.Add("a_LT", Largest({Num(0), 1 - Sym("I_T", s.it) / Sym("I_y", s.iy)}), s.alt, kA1);
-    const double twists = (1 - s.ned / s.ncrz) * (1 - s.ned / s.ncrtf);
-    const double limit = 0.2 * std::sqrt(c1) * std::sqrt(std::sqrt(twists));
-    const Expr lam0 = Sym("~λ_0", s.lam0);
-    f.d.Add("~λ_0", s.lam0, "", std::string(kA1), "under uniform moment");
-    f.Add("~λ_0,lim", 0.2 * Root(Sym("C_1", c1)) * Root(Root(FreeZ(f))), limit, kA1);
-    if (s.lam0 <= limit) {
-        f.Add("C_my", Sym("C_my,0", s.cmy0), s.cmy, kA1);
-        f.d.Add("C_mLT", s.cmlt, "", std::string(kA1));
-    } else {
-        const Expr weight = Root(Sym("ε_y", s.epsy)) * Sym("a_LT", s.alt);
-        if (s.ned != 0) {
-            f.Add("ε_y",
-                  Size(Sym("M_y,Ed", s.mydesign)) * Sym("A", s.a) /
-                      (Sym("N_Ed", s.ned) * Sym(s.classmy <= 3 ? "W_el,y" : "W_eff,y",
-                                                s.classmy <= 3 ? s.wely : s.weffy)) *
-                      Ten(3),
-                  s.epsy, kA1);
-        }
-        f.Add("C_my", Sym("C_my,0", s.cmy0) + (1 - Sym("C_my,0", s.cmy0)) * weight / (1 + weight),
-              s.cmy, kA1);
-        f.Add("C_mLT",
-              Largest({Num(1), Square(Sym("C_my", s.cmy)) * Sym("a_LT", s.alt) / Root(FreeZ(f))}),
-              s.cmlt, kA1);
-    }
-    f.Add("C_mz", Sym("C_mz,0", s.cmz0), s.cmz, kA1);
-}
-
-void AddPlasticFactors(const Factors& f)
-{
-    const ProjectState& s = f.s;
-    const Expr wy = Sym("w_y", s.wy), wz = Sym("w_z", s.wz), npl = Sym("n_pl", s.npl);
-    const Expr lam = Sym("~λ_max", s.lammax), lamz = Sym("~λ_z", s.lamz);
-    const Expr lam0 = Sym("~λ_0", s.lam0), alt = Sym("a_LT", s.alt);
-    const Expr wely = Sym("W_el,y", s.wely), wply = Sym("W_pl,y", s.wply);
-    const Expr welz = Sym("W_el,z", s.welz), wplz = Sym("W_pl,z", s.wplz);
-    f.Add("w_y", Least({Num(1.5), wply / wely}), s.wy, kA1);
-    f.Add("w_z", Least({Num(1.5), wplz / welz}), s.wz, kA1);
-    f.Add("n_pl", Sym("N_Ed", s.ned) / Sym("N_c,Rd", s.ncrd), s.npl, kA1, "D219");
-    f.Add("~λ_max", Largest({Sym("~λ_y", s.lamy), lamz}), s.lammax, kA1);
+    constexpr double kNone = std::numeric_limits<double>::infinity();
     const double factor = s.gammam0 / s.gammam1;
-    const Expr mply = Sym("M_pl,y,Rd", s.mplyrd * factor),
-               mplz = Sym("M_pl,z,Rd", s.mplzrd * factor);
-    const Expr my = Size(Sym("M_y,Ed", s.mydesign)) / (Sym("χ_LT,mod", s.xlt) * mply);
-    const Expr mz = Sym("M_z,Ed", s.mzdesign) / mplz;
-    const Expr cmy = Sym("C_my", s.cmy), cmz = Sym("C_mz", s.cmz);
-    const Expr four = Power(lamz, Num(4)), five = Num(5);
-    f.Add("b_LT", 0.5 * alt * Square(lam0) * my * mz, s.blt, kA1);
-    f.Add("c_LT", 10 * alt * Square(lam0) / (5 + four) * (my / cmy), s.clt, kA1);
-    f.Add("d_LT", 2 * alt * lam0 / (0.1 + four) * (my / cmy) * (mz / cmz), s.dlt, kA1);
-    f.Add("e_LT", 1.7 * alt * lam0 / (0.1 + four) * (my / cmy), s.elt, kA1);
-    const auto both = [&](const Expr& cm, const Expr& w) {
-        return 2 - 1.6 / w * Square(cm) * (lam + Square(lam));
-    };
-    const auto cross = [&](const Expr& cm, const Expr& w) {
-        return 2 - 14 * Square(cm) * Square(lam) / Power(w, five);
-    };
-    f.Add("C_yy",
-          Largest({1 + (wy - Num(1)) * (both(cmy, wy) * npl - Sym("b_LT", s.blt)), wely / wply}),
-          s.cyy, kA1);
-    f.Add("C_yz",
-          Largest({1 + (wz - Num(1)) * (cross(cmz, wz) * npl - Sym("c_LT", s.clt)),
-                   0.6 * Root(wz / wy) * (welz / wplz)}),
-          s.cyz, kA1);
-    f.Add("C_zy",
-          Largest({1 + (wy - Num(1)) * (cross(cmy, wy) * npl - Sym("d_LT", s.dlt)),
-                   0.6 * Root(wy / wz) * (wely / wply)}),
-          s.czy, kA1);
-    f.Add("C_zz",
-          Largest({1 + (wz - Num(1)) * (both(cmz, wz) - Sym("e_LT", s.elt)) * npl, welz / wplz}),
-          s.czz, kA1);
-}
-
-void AddAnnexA(const Factors& f)
-{
-    const ProjectState& s = f.s;
-    AddEquivalent(f);
-    const Expr ny = f.Share("y", s.ncry), nz = f.Share("z", s.ncrz);
-    const Expr muy = Sym("μ_y", s.muy), muz = Sym("μ_z", s.muz);
-    f.Add("μ_y", (1 - ny) / (1 - Sym("χ_y", s.chiy) * ny), s.muy, kA1);
-    f.Add("μ_z", (1 - nz) / (1 - Sym("χ_z", s.chiz) * nz), s.muz, kA1);
-    AddPlasticFactors(f);
-    const Expr cmy = Sym("C_my", s.cmy) * Sym("C_mLT", s.cmlt), cmz = Sym("C_mz", s.cmz);
-    const Expr wy = Sym("w_y", s.wy), wz = Sym("w_z", s.wz);
-    const bool plastic_y = !(s.classmy > 2), plastic_z = !(s.classmz > 2);
-    const Expr kyy = cmy * (muy / (1 - ny)), kzy = cmy * (muz / (1 - ny));
-    const Expr kyz = cmz * (muy / (1 - nz)), kzz = cmz * (muz / (1 - nz));
-    f.Add("k_yy", plastic_y ? kyy / Sym("C_yy", s.cyy) : kyy, s.kyy, kA1);
-    f.Add("k_yz", plastic_z ? kyz / Sym("C_yz", s.cyz) * 0.6 * Root(wz / wy) : kyz, s.kyz, kA1);
-    f.Add("k_zy", plastic_y ? kzy / Sym("C_zy", s.czy) * 0.6 * Root(wy / wz) : kzy, s.kzy, kA1);
-    f.Add("k_zz", plastic_z ? kzz / Sym("C_zz", s.czz) : kzz, s.kzz, kA1);
+    const double torsional = s.ncrtf < kNeverGoverns ? s.ncrtf : kNone;
+    const bool elastic = s.classmy <= 3;
+    return {.ned = s.ned,
+            .ncry = s.ncry,
+            .ncrz = s.ncrz,
+            .ncrt = torsional,
+            .ncrtf = torsional,
+            .my = std::abs(s.mydesign),
+            .mz = std::abs(s.mzdesign),
+            .a = s.a,
+            .it = s.it,
+            .iy = s.iy,
+            .wely = s.wely,
+            .wply = s.wply,
+            .welz = s.welz,
+            .wplz = s.wplz,
+            .a_eps = s.a,
+            .w_eps = elastic ? s.wely : s.weffy,
+            .resistance = s.ncrd,
+            .mply = s.mplyrd * factor,
+            .mplz = s.mplzrd * factor,
+            .chiy = s.chiy,
+            .chiz = s.chiz,
+            .chilt = s.xlt,
+            .lamy = s.lamy,
+            .lamz = s.lamz,
+            .lam0 = s.lam0,
+            .c1 = 1 / (static_cast<double>(s.kc) * s.kc),
+            .cmy0 = s.cmy0,
+            .cmz0 = s.cmz0,
+            .cmy = s.cmy,
+            .cmz = s.cmz,
+            .cmlt = s.cmlt,
+            .twists = true,
+            .plastic_y = !(s.classmy > 2),
+            .plastic_z = !(s.classmz > 2),
+            .kyy = s.kyy,
+            .kyz = s.kyz,
+            .kzy = s.kzy,
+            .kzz = s.kzz,
+            .npl_remark = "D219",
+            .alt = s.alt,
+            .epsy = s.epsy,
+            .muy = s.muy,
+            .muz = s.muz,
+            .wy = s.wy,
+            .wz = s.wz,
+            .npl = s.npl,
+            .lammax = s.lammax,
+            .blt = s.blt,
+            .clt = s.clt,
+            .dlt = s.dlt,
+            .elt = s.elt,
+            .cyy = s.cyy,
+            .cyz = s.cyz,
+            .czy = s.czy,
+            .czz = s.czz};
 }
 
 // --- Annex B -------------------------------------------------------------------------------------
@@ -309,7 +268,9 @@ void AddInteractionFactors(const ProjectState& s, Document& d)
 {
     const Factors f{s, d};
     if (s.method == Method::annex_a) {
-        AddAnnexA(f);
+        AddCm0(f, true);
+        AddCm0(f, false);
+        AddAnnexAFactors(AnnexAOf(s), d);
     } else {
         AddAnnexB(f);
     }

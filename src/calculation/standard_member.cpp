@@ -1,5 +1,6 @@
 #include "calculation/standard_member.h"
 
+#include "calculation/annex_a_equations.h"
 #include "calculation/quantities.h"
 
 #include <cmath>
@@ -129,16 +130,49 @@ Expr OfMember::MomentZ()
 
 void OfMember::AnnexA()
 {
+    const clauses::AnnexAInputs& a = t_.a;
     const clauses::AnnexAFactors& f = t_.found_a;
-    d_.Add("C_my,0", t_.a.cmy0, "", "Table A.2");
-    d_.Add("C_mz,0", t_.a.cmz0, "", "Table A.2");
-    d_.Add("C_my", f.cmy, "", "Table A.1");
-    d_.Add("C_mz", f.cmz, "", "Table A.1");
-    d_.Add("C_mLT", f.cmlt, "", "Table A.1");
-    d_.Add("k_yy", t_.k.kyy, "", "Table A.1");
-    d_.Add("k_yz", t_.k.kyz, "", "Table A.1");
-    d_.Add("k_zy", t_.k.kzy, "", "Table A.1");
-    d_.Add("k_zz", t_.k.kzz, "", "Table A.1");
+    d_.Add("C_my,0", a.cmy0, "", "Table A.2");
+    d_.Add("C_mz,0", a.cmz0, "", "Table A.2");
+    AddAnnexAFactors({.ned = a.ned / kNewton,
+                      .ncry = a.ncry / kNewton,
+                      .ncrz = a.ncrz / kNewton,
+                      .ncrt = a.ncrt / kNewton,
+                      .ncrtf = a.ncrtf / kNewton,
+                      .my = a.my / kNmm,
+                      .mz = a.mz / kNmm,
+                      .a = a.a,
+                      .it = a.it,
+                      .iy = a.iy,
+                      .wely = a.wely,
+                      .wply = a.wply,
+                      .welz = a.welz,
+                      .wplz = a.wplz,
+                      .a_eps = a.a_epsy,
+                      .w_eps = a.w_elastic_y,
+                      .resistance = a.nrk / kNewton,
+                      .mply = a.mply / kNmm,
+                      .mplz = a.mplz / kNmm,
+                      .chiy = a.chiy,
+                      .chiz = a.chiz,
+                      .chilt = a.chilt,
+                      .lamy = a.lamy,
+                      .lamz = a.lamz,
+                      .lam0 = a.lam0,
+                      .c1 = a.c1,
+                      .cmy0 = a.cmy0,
+                      .cmz0 = a.cmz0,
+                      .cmy = f.cmy,
+                      .cmz = f.cmz,
+                      .cmlt = f.cmlt,
+                      .twists = a.twists,
+                      .plastic_y = a.plastic,
+                      .plastic_z = a.plastic,
+                      .kyy = t_.k.kyy,
+                      .kyz = t_.k.kyz,
+                      .kzy = t_.k.kzy,
+                      .kzz = t_.k.kzz},
+                     d_);
 }
 
 Expr Capped(const Expr& cm, const Expr& slope, double most, const Expr& n)
