@@ -104,7 +104,7 @@ void AddFront(std::span<const ReportedMember> members,
     for (const std::size_t i : order) {
         const CalculatedMember& m = calculated[i];
         summary.rows.push_back({members[i].project->ident, TitleOf(m),
-                                RatioText(m.outcome.rated(), m.outcome.ir), m.outcome.control,
+                                RatioText(m.outcome.rated(), m.outcome.ir), GoverningName(m),
                                 VerdictText(m.outcome), RatioText(m.standard.rated, m.standard.ir),
                                 standard::VerdictOf(m.standard)});
     }

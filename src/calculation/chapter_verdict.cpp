@@ -29,18 +29,6 @@ std::string RatioText(double ratio)
     return std::isfinite(ratio) ? ResultText(ratio, kRatioDigits) : "infinite";
 }
 
-// "lateral torsional buckling": the check of the program with the largest ratio.
-std::string GoverningName(const CalculatedMember& m)
-{
-    for (const CheckPair& pair : CheckPairs()) {
-        const Check* const check = LargestOf(pair, m.s.checklist);
-        if (check != nullptr && check->ratio == m.outcome.ir) {
-            return Lowered(pair.name);
-        }
-    }
-    return m.outcome.control;
-}
-
 std::string NameOfStandard(standard::CheckId id)
 {
     for (const CheckPair& pair : CheckPairs()) {
@@ -89,6 +77,17 @@ Line Ratio(double ratio, bool above)
 }
 
 }  // namespace
+
+std::string GoverningName(const CalculatedMember& m)
+{
+    for (const CheckPair& pair : CheckPairs()) {
+        const Check* const check = LargestOf(pair, m.s.checklist);
+        if (check != nullptr && check->ratio == m.outcome.ir) {
+            return Lowered(pair.name);
+        }
+    }
+    return m.outcome.control;
+}
 
 void AddVerdict(const CalculatedMember& m, Document& d)
 {

@@ -26,6 +26,9 @@ struct CalculatedMember {
     bool Within() const { return outcome.verdict == Verdict::within; }
 };
 
+// "lateral torsional buckling": the check of the program with the largest ratio.
+std::string GoverningName(const CalculatedMember& m);
+
 void AddVerdict(const CalculatedMember& m, Document& d);
 void AddInputs(const CalculatedMember& m, Document& d);
 void AddSection(const CalculatedMember& m, Document& d);

@@ -66,6 +66,10 @@ public:
             return;
         }
         const bool remark = paragraph.kind == Kind::remark;
+        if (next_ != nullptr && std::holds_alternative<Equation>(*next_)) {
+            constexpr double kEquation = 14;  // what leads to an equation stands with it
+            Need(kText * kLine + kEquation);
+        }
         Wrapped(paragraph.text, remark ? kSmallText : kText, kLeft, kWidth,
                 remark ? Ink::faint : Ink::text);
         y_ += 1;
