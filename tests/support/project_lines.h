@@ -297,4 +297,22 @@ inline std::vector<Block> SectionBlocks()
     };
 }
 
+inline bool HasBlock(int family)
+{
+    const auto blocks = SectionBlocks();
+    return std::any_of(blocks.begin(), blocks.end(),
+                       [family](const Block& block) { return block.family == family; });
+}
+
+// The first block of the family.
+inline Block BlockOf(int family)
+{
+    for (Block& block : SectionBlocks()) {
+        if (block.family == family) {
+            return block;
+        }
+    }
+    throw std::invalid_argument("no block of family " + std::to_string(family));
+}
+
 }  // namespace project_lines
