@@ -3,6 +3,7 @@
 
 #include "calculation/check_equations.h"
 #include "core/check_text.h"
+#include "core/project_state.h"
 #include "ui/forms.h"
 #include "ui/picture_menu.h"
 #include "ui/standard_desk.h"
