@@ -19,8 +19,7 @@ void Show(ProjectState& s, CheckId id, CheckForm form, std::array<double, 9> ter
     Check& check = s.checklist.Govern(id);
     check.form = form;
     check.terms = terms;
-    check.ratio = ratio;
-    check.status = StatusOf(ratio, s.irlimit);
+    check.Judge(ratio, s.irlimit);
 }
 
 ProjectState Designed()
