@@ -94,6 +94,8 @@ void CalcResistanceTube(const Inputs& in, SectionRecord& section, Resistances& r
 //
 // Deviation D176: the shear forces of the two directions act each for itself, in the shear ratio as
 // in the reduction of the moments; on a tube the standard's resistance is that of their resultant.
+// The moments are summed, or their squares beside an axial force in class 1 and 2, where the
+// standard has their resultant too.
 void ControlTube(const Inputs& in, SectionRecord& section, Resistances& resistances,
                  const Forces& forces, SectionChecks& checks, PassOutcome&)
 {

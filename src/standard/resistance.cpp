@@ -201,9 +201,10 @@ ReducedResistance ResistanceBeside(const PreparedSection& p, int cls, const Shea
         // nothing is lost
     } else if (ShearedWhole(q)) {
         const double left = 1 - std::max(rho.z, rho.y);
-        a *= left;
-        wy *= left;
-        wz *= left;
+        const bool apart = q.kind == Kind::tube && rho.z != rho.y && !basis.departs(Dev::d176);
+        a *= basis.pick(Dev::d151, 1.0, left);
+        wy *= apart ? 1 - rho.z : left;
+        wz *= apart ? 1 - rho.y : left;
     } else if (q.OfStrips() && plastic) {
         const StripValues left = PlasticBeside(q, rho.z, rho.y);
         a = left.a;

@@ -47,6 +47,7 @@ private:
     void Shear();
     void Moments();
     void Combined();
+    bool BendsAboutOneAxis() const;
     bool HasFormula() const;
     bool Shifted() const;
     void Linear(const ReducedResistance& r);
@@ -135,11 +136,11 @@ void Place::Moments()
                           ? r.mz
                           : ResistanceBeside(p_, cls_z, rho_, f_.n > 0, sagging, basis_).mz;
     if (told_ != nullptr) {
-        told_->classes = {cls_, cls_y, cls_z};
+        told_->classes = {cls_, cls_y, cls_z, classes_.beside};
         told_->moment_y = r.my;
         told_->moment_z = mz;
     }
-    if (q_.kind == Kind::tube && std::hypot(f_.my, f_.mz) > enough) {  // bends about one axis
+    if (BendsAboutOneAxis() && std::hypot(f_.my, f_.mz) > enough) {
         At(CheckId::section_my) = {std::hypot(f_.my, f_.mz) / r.my, clause};
         return;
     }
@@ -149,6 +150,14 @@ void Place::Moments()
     if (std::abs(f_.mz) > enough) {
         At(CheckId::section_mz) = {std::abs(f_.mz) / mz, clause};
     }
+}
+
+// A tube bends about the axis of the resultant. D176: the program takes both moments apart, each
+// beside its own shear force.
+bool Place::BendsAboutOneAxis() const
+{
+    const bool alike = (f_.my == 0 || f_.mz == 0) && rho_.z == rho_.y;
+    return q_.kind == Kind::tube && (alike || basis_.departs(Dev::d176));
 }
 
 // NEd eN of class 4 counts. D164: not to the program's channels, D198: not to its unequal I and T.
@@ -180,7 +189,7 @@ double Place::LinearSum(const ReducedResistance& r) const
         told_->shift_z = Shifted() ? p_.effective.enz : 0;
     }
     const double moments =
-        q_.kind == Kind::tube ? Used(std::hypot(my, mz), r.my) : Used(my, r.my) + Used(mz, r.mz);
+        BendsAboutOneAxis() ? Used(std::hypot(my, mz), r.my) : Used(my, r.my) + Used(mz, r.mz);
     return Used(f_.n, r.n) + moments;
 }
 
@@ -270,8 +279,13 @@ void Place::Plastic(const ReducedResistance& r, double n)
 {
     if (q_.kind == Kind::tube) {
         const double mn = clauses::ReducedMomentTube(r.my, n);
+        const double mnz = clauses::ReducedMomentTube(r.mz, n);
         TellPlastic(SectionTerms::Rule::tube, r, n, {}, {mn, mn}, {});
-        At(CheckId::section_nm) = {Used(std::hypot(f_.my, f_.mz), mn), "6.2.9.1 (2)"};
+        const bool both = f_.my != 0 && f_.mz != 0;
+        const double apart = both ? clauses::BiaxialSum(f_.my, mn, f_.mz, mnz, {2, 2})
+                                  : std::max(Used(f_.my, mn), Used(f_.mz, mnz));
+        const double ir = BendsAboutOneAxis() ? Used(std::hypot(f_.my, f_.mz), mn) : apart;
+        At(CheckId::section_nm) = {ir, "6.2.9.1 (2)"};
     } else if (q_.kind == Kind::flat) {
         // D177: beside a tension the program leaves the moment resistance whole.
         const double least = clauses::ReducedMomentFlat(r.my, n);
@@ -304,9 +318,10 @@ void Place::Combined()
     if (!(my && mz) && !(f_.n != 0 && (my || mz)) && !Shifted()) {
         return;
     }
-    const ReducedResistance r = ResistanceBeside(p_, cls_, rho_, f_.n > 0, f_.my >= 0, basis_);
+    const int cls = my && mz ? basis_.pick(Dev::d153, classes_.beside, cls_) : cls_;
+    const ReducedResistance r = ResistanceBeside(p_, cls, rho_, f_.n > 0, f_.my >= 0, basis_);
     const double n = Used(f_.n, r.n);
-    const bool plastic = cls_ <= 2 && !q_.elastic && !q_.linear;
+    const bool plastic = cls <= 2 && !q_.elastic && !q_.linear;
     if (plastic && n < 1 && HasFormula()) {
         Plastic(r, n);
     } else {

@@ -22,7 +22,8 @@ struct SectionMember {
 
 // The classes of a combination: of all its forces, and of each moment by itself (D153).
 struct Classes {
-    int all, my, mz;
+    int all, my, mz;  // of all forces; of each moment alone
+    int beside;       // N with My or N with Mz, the worse of both
 };
 
 // What stands behind the ratios at one place. N, Nmm, mm; 0 where a check does not take part.

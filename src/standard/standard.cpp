@@ -31,10 +31,16 @@ Classes ClassesOf(const StandardSection& q, const ActingForces& f, const Basis& 
     const int all = ClassOf(q, f, basis);
     const bool alone = f.n == 0 && !(f.mz && (f.sagging || f.hogging));
     if (alone) {
-        return {all, all, all};
+        return {all, all, all, all};
     }
-    return {all, ClassOf(q, {0, f.sagging, f.hogging, false}, basis),
-            ClassOf(q, {0, false, false, f.mz}, basis)};
+    Classes classes{all, ClassOf(q, {0, f.sagging, f.hogging, false}, basis),
+                    ClassOf(q, {0, false, false, f.mz}, basis), all};
+    if (f.mz && (f.sagging || f.hogging)) {
+        classes.beside = f.n == 0 ? std::max(classes.my, classes.mz)
+                                  : std::max(ClassOf(q, {f.n, f.sagging, f.hogging, false}, basis),
+                                             ClassOf(q, {f.n, false, false, true}, basis));
+    }
+    return classes;
 }
 
 // Loads over the whole length that rest on the lower flange of a hat beam, N/mm.

@@ -36,7 +36,8 @@ LateralResult TrippingOf(const ProjectState& s, const PreparedSection& p,
     r.place = most.x / lines.grid.Length();
     const double length = static_cast<double>(s.ltbk) * s.l * kMm / (s.restraints + 1);
     const double stress = PlateMcr(s, s, length) / s.wybot;
-    // The rule of the program as a whole: the resistance of the section, whichever edge is compressed.
+    // The rule of the program as a whole: the resistance of the section, whichever edge is
+    // compressed.
     const double resistance = ModulusY(p, cls, r.moment > 0) * q.fy / kNmm;
     r.lam = std::sqrt(q.fy / stress);
     r.mcr = resistance / (r.lam * r.lam);

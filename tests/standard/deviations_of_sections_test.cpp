@@ -205,6 +205,24 @@ TEST(DeviationsOfSections, D176ShearForcesOfATubeHaveOneResultant)
     EXPECT_NEAR(Back(s, Dev::d176, CheckId::section_vz), each, 1e-5);
 }
 
+// The same tube, Wpl (200^3 - 180^3)/6 = 361333, Wel pi (200^4 - 180^4)/(32 200) = 270098: the
+// resultant of 30 and 40 kNm is 50. Squares in class 1: 30^2 + 40^2; elastic sum: 70.
+TEST(DeviationsOfSections, D176MomentsOfATubeHaveOneResultant)
+{
+    ProjectState s = Unloaded(4, 235);
+    s.family = 31;
+    s.p31 = {200, 10};
+    EndForces(s, 0, 30, 40);
+    const double plastic = 1e6 / (361333.3 * 235), elastic = 1e6 / (270098.4 * 235);
+    EXPECT_NEAR(Ratio(s, CheckId::section_my), 50 * plastic, 1e-5);
+    EXPECT_NEAR(Back(s, Dev::d176, CheckId::section_mz), 40 * plastic, 1e-5);
+    EXPECT_NEAR(Ratio(s, CheckId::section_nm), 50 * plastic, 1e-5);
+    EXPECT_NEAR(Back(s, Dev::d176, CheckId::section_nm), 2500 * plastic * plastic, 1e-5);
+    s.checkelastic = kTrue;
+    EXPECT_NEAR(Ratio(s, CheckId::section_nm), 50 * elastic, 1e-5);
+    EXPECT_NEAR(Back(s, Dev::d176, CheckId::section_nm), 70 * elastic, 1e-5);
+}
+
 // --- Slender webs, EN 1993-1-5 -------------------------------------------------------------------
 
 struct Sheared {
