@@ -52,8 +52,8 @@ std::string CostsOf(const standard::StandardResult& result, standard::CheckId id
 
 class AtSection {
 public:
-    AtSection(const CheckStudy& study, standard::CheckId id, double ir, Document& d)
-        : t_(*study.at_section), q_(study.section), id_(id), ir_(ir), d_(d)
+    AtSection(const CheckStudy& study, standard::CheckId id, Document& d)
+        : t_(*study.at_section), q_(study.section), id_(id), d_(d)
     {
     }
     // The formula of the ratio, after what leads to it; null where it is told by its value alone.
@@ -81,7 +81,6 @@ private:
     const SectionTerms& t_;
     const StandardSection& q_;
     standard::CheckId id_;
-    double ir_;
     Document& d_;
 };
 
@@ -368,7 +367,7 @@ void AddStandardCheck(const Library& library, const ProjectState& input,
     const auto study = standard::CheckStudyOf(library, input, id, check);
     Expr ratio;
     if (study && study->at_section) {
-        ratio = AtSection(*study, id, check.ir, d).Ratio();
+        ratio = AtSection(*study, id, d).Ratio();
     } else if (study && study->of_member) {
         ratio = StandardMemberRatio(input, *study, id, d);
     } else if (study && study->deflection) {
