@@ -81,7 +81,7 @@ _kestrum()
         check) options+=' --basis --loadcase --notes --no-notes --exit-zero --csv-safe --format --json --delimiter --decimal' ;;
         batch) options+=' --output --base --fields --shard --jobs --resume --sign --raw --keep-columns --exit-zero --csv-safe --no-csv-safe --format --json --delimiter --decimal' ;;
         envelope) options+=' --output --basis --key --map --sign --swap-axes --all --top --memory --base --shard --jobs --resume --raw --exit-zero --csv-safe --no-csv-safe --format --json --delimiter --decimal' ;;
-        optimize) options+=' --output --pool --range --keep --steel --by --max-ir --max-h --max-b --top --basis --group --key --map --sign --swap-axes --memory --base --jobs --raw --exit-zero --format --json --delimiter --decimal' ;;
+        optimize) options+=' --output --pool --range --keep --steel --by --max-ir --max-h --max-b --top --basis --group --key --map --sign --swap-axes --memory --base --jobs --raw --notes --exit-zero --format --json --delimiter --decimal' ;;
         merge) options+=' --output' ;;
         summary) options+=' --output --members --key --base --raw --top --delimiter --decimal' ;;
         dump) options+=' --inputs' ;;

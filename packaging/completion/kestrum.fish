@@ -124,6 +124,7 @@ complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at optimize' -l swap
 complete -c kestrum -n '__kestrum_at envelope' -l all -d 'A line for each case'
 complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at optimize; or __kestrum_at summary' -l top -x -d 'How many'
 complete -c kestrum -n '__kestrum_at envelope; or __kestrum_at optimize' -l memory -x -d 'MB to sort in'
+complete -c kestrum -n '__kestrum_at optimize' -l notes -d 'Measures which deviations act in each section chosen'
 complete -c kestrum -n '__kestrum_at optimize' -l exit-zero -d 'Exit 0 whatever the verdicts'
 complete -c kestrum -n '__kestrum_at optimize' -l pool -rF -d 'What to choose from'
 complete -c kestrum -n '__kestrum_at optimize' -l range -x -d 'Sizes of a dimension'

@@ -1,6 +1,7 @@
 #include "app/choices.h"
 
 #include "app/field_hint.h"
+#include "core/project_state.h"
 #include "sections/family_table.h"
 #include "sections/section_names.h"
 
@@ -48,13 +49,12 @@ std::vector<NamedValue> NamedValues(std::string_view list)
     return values;
 }
 
-// The place of "row.hea" among the tables is that of its field among those of rows.
+// The table whose chosen row the field holds, by its place in the record.
 Table TableOfRow(const Field& field)
 {
-    const auto fields = AllFields();
-    const auto first = std::find_if(fields.begin(), fields.end(),
-                                    [](const Field& each) { return each.name.starts_with(kRow); });
-    return static_cast<Table>(&field - &*first);
+    ProjectState s{};
+    const i16* const row = static_cast<const i16*>(field.locate(s, 0));
+    return static_cast<Table>(row - s.row.data());
 }
 
 Choice ChoiceFrom(const Field& field)

@@ -78,7 +78,7 @@ void OptimizeWorker::Take(OptimizePiece& piece, Taken& taken) const
     }
     RememberRemarks(piece.words, extras, plan_.members.table(), place);
     if (plan_.forces == nullptr) {
-        taken.rater = std::make_unique<LoadRater>(plan_.library, taken.s);
+        taken.rater = std::make_unique<LoadRater>(plan_.library, taken.s, plan_.notes);
         return;
     }
     std::vector<CaseRows>& cases = plan_.forces->CasesOf(taken.member);
@@ -87,7 +87,7 @@ void OptimizeWorker::Take(OptimizePiece& piece, Taken& taken) const
         taken.refusal = "no forces";
         return;
     }
-    taken.rater = std::make_unique<CaseRater>(plan_.library, taken.s, cases);
+    taken.rater = std::make_unique<CaseRater>(plan_.library, taken.s, cases, plan_.notes);
 }
 
 void OptimizeWorker::Group(OptimizePiece& piece, const MemberGroup& group)

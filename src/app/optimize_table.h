@@ -40,6 +40,7 @@ struct OptimizePlan {
     Manner manner{Assignment::checked};
     CaseStore* forces = nullptr;  // null: the members' own loads
     const ChosenTable* chosen = nullptr;
+    bool notes = false;  // measured in each section that is chosen
 };
 
 // The members that shall have one section.

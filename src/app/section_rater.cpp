@@ -131,7 +131,9 @@ MemberAnswer LoadRater::Rate(ProjectState& s, Bases bases, double max_ir, bool t
             answer.program = {.any = true, .verdict = Verdict::above, .failed = !well, .ir = ratio};
             return answer;
         }
-        MeasureNotes(library_, s);
+        if (notes()) {
+            MeasureNotes(library_, s);
+        }
         answer.program = WorstOf(OutcomeOf(s, well));
         if (!thorough && !Passes(answer.program, max_ir)) {
             return answer;
@@ -143,8 +145,9 @@ MemberAnswer LoadRater::Rate(ProjectState& s, Bases bases, double max_ir, bool t
     return answer;
 }
 
-CaseRater::CaseRater(const Library& library, const ProjectState& member, std::span<CaseRows> cases)
-    : SectionRater(member), cases_(cases), program_(library, Bases::program, false),
+CaseRater::CaseRater(const Library& library, const ProjectState& member, std::span<CaseRows> cases,
+                     bool notes)
+    : SectionRater(member, notes), cases_(cases), program_(library, Bases::program, false),
       standard_(library, Bases::standard, false)
 {
     constexpr double kN = 1e3, kNmm = 1e6;
@@ -198,7 +201,7 @@ bool CaseRater::Run(MemberCases& member, const ProjectState& s, Bases bases, dou
         }
     }
     const bool passes = Passes(all, bases, max_ir);
-    if (thorough || passes) {
+    if (notes() && (thorough || passes)) {
         member.Measure(all.program);
     }
     const std::size_t cases = std::max(answer.counts.cases, all.counts.cases);

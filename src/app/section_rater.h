@@ -33,7 +33,12 @@ double RatioIn(const MemberAnswer& answer, Bases bases);
 // A member asked about sections. Not for two threads at once.
 class SectionRater {
 public:
-    explicit SectionRater(const ProjectState& member) : member_(member) {}
+    // `notes`: which deviations act in what passes is measured, which takes longer than the search
+    // among a few sections.
+    explicit SectionRater(const ProjectState& member, bool notes = true)
+        : member_(member), notes_(notes)
+    {
+    }
     virtual ~SectionRater() = default;
 
     // As read or set, with the section that it has now.
@@ -55,16 +60,18 @@ public:
 protected:
     SectionRater(const SectionRater&) = default;
     SectionRater& operator=(const SectionRater&) = default;
+    bool notes() const { return notes_; }
 
 private:
     HeldState member_;
+    bool notes_;
 };
 
 // Under its own loads or end forces.
 class LoadRater : public SectionRater {
 public:
-    LoadRater(const Library& library, const ProjectState& member)
-        : SectionRater(member), library_(library)
+    LoadRater(const Library& library, const ProjectState& member, bool notes = true)
+        : SectionRater(member, notes), library_(library)
     {
     }
     MemberAnswer Rate(ProjectState& s, Bases bases, double max_ir, bool thorough) override;
@@ -77,7 +84,8 @@ private:
 class CaseRater : public SectionRater {
 public:
     // The cases must last; their stations are put in order.
-    CaseRater(const Library& library, const ProjectState& member, std::span<CaseRows> cases);
+    CaseRater(const Library& library, const ProjectState& member, std::span<CaseRows> cases,
+              bool notes = true);
     bool MayPass(const SectionFigures& figures, double strength, double limit) const override;
     MemberAnswer Rate(ProjectState& s, Bases bases, double max_ir, bool thorough) override;
 

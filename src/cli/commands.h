@@ -122,7 +122,8 @@ struct OptimizeArguments : FrameArguments {
     std::string group;           // column of a table
     std::optional<double> max_ir, max_h, max_b;
     int top = 1;
-    int jobs = 0;  // threads; 0: one a core
+    int jobs = 0;        // threads; 0: one a core
+    bool notes = false;  // of a table: measured in what is chosen
     bool exit_zero = false;
 };
 int Optimize(const Options& options, const OptimizeArguments& arguments);

@@ -71,6 +71,8 @@ void AddOptimize(CLI::App& app, Options& options, OptimizeArguments& search, int
     AddFrame(optimize, search);
     optimize.add_option("--jobs", search.jobs, "threads; one for each core without it")
         ->check(CLI::Range(1, 256));
+    optimize.add_flag("--notes", search.notes,
+                      "of a table: measures which deviations act in each section chosen");
     optimize.add_flag("--exit-zero", search.exit_zero, "exit 0 whatever the verdicts");
     AddFormat(optimize, options, kAllFormats);
     AddCsv(optimize, options);

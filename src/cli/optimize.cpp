@@ -358,6 +358,7 @@ int OptimizeTable(const Options& options, const OptimizeArguments& arguments)
     plan.manner = Manner(arguments.raw ? Assignment::raw : Assignment::checked,
                          arguments.tensionpositive && !frame);
     plan.forces = forces.get();
+    plan.notes = arguments.notes;
     plan.chosen = arguments.out.empty() ? nullptr : &chosen;
     const TableAnswers answers = RunTable(options, arguments, plan, form, interrupt);
     if (interrupt.raised()) {
@@ -378,7 +379,10 @@ int OptimizeTable(const Options& options, const OptimizeArguments& arguments)
     }
     Print(lines);
     Tally tally;
-    const std::string summary = SummaryOf(members, answers, tally);
+    std::string summary = SummaryOf(members, answers, tally);
+    if (!plan.notes) {
+        summary += "deviations on the unsafe side not looked for (--notes)\n";
+    }
     if (!options.quiet) {
         std::cerr << PrintableLines(summary);
     }
