@@ -54,6 +54,19 @@ TEST_F(OptimizeCommand, SaysWhichComesNearestWhereNonePasses)
     EXPECT_EQ(Read("chosen.kst"), "");
 }
 
+// Flanges of HEM are over 16 mm thick, where EN 10025-2 has 345 MPa and Table 3.1 has 355 (D37).
+TEST_F(OptimizeCommand, MeasuresTheNotesOfATableWhereTheyAreAskedFor)
+{
+    Kestrum("new -q -o uk.kst --family HEM --set annex=UK --set ltb=0 --set steel=S355");
+    Write("m.csv", "l,\"qload[1]\",section\n8,60,HEM 300\n");
+    const std::string search = "optimize m.csv --base uk.kst --pool HEM --basis program";
+    const Said measured = Kestrum(search + " --notes"), quick = Kestrum(search);
+    EXPECT_THAT(measured.out, HasSubstr(",D37,"));
+    EXPECT_THAT(measured.err, Not(HasSubstr("not looked for")));
+    EXPECT_THAT(quick.out, Not(HasSubstr("D37")));
+    EXPECT_THAT(quick.err, HasSubstr("deviations on the unsafe side not looked for (--notes)\n"));
+}
+
 // What is read back are the sections that were chosen, with their ratios.
 TEST_F(OptimizeCommand, WritesTheTableWithItsSections)
 {
