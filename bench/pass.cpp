@@ -74,7 +74,7 @@ bool RunSearches(std::string_view name, int count)
     OptimizeWishes wishes;
     wishes.bases = name.ends_with("both") ? Bases::both : Bases::program;
     Optimizer optimizer(Delivered(), pool, wishes);
-    LoadRater member(Delivered(), s);
+    LoadRater member(Delivered(), s, false);
     SectionRater* group[] = {&member};
     for (int i = 0; i < count; ++i) {
         optimizer.Choose(group);
