@@ -4,7 +4,6 @@
 
 #include "core/field_table.h"
 #include "core/library.h"
-#include "core/parse_num.h"
 #include "core/project_state.h"
 #include "engine/new_project.h"
 #include "sections/families.h"
@@ -98,22 +97,6 @@ inline std::vector<const Field*> Inputs()
     return fields;
 }
 
-inline void StoreNumber(ProjectState& s, const Field& field, int index, double value)
-{
-    void* const at = field.locate(s, index);
-    switch (field.kind) {
-    case FieldKind::single:
-        *static_cast<float*>(at) = static_cast<float>(value);
-        break;
-    case FieldKind::real:
-        *static_cast<double*>(at) = value;
-        break;
-    default:
-        *static_cast<i16*>(at) = WholeNum(value).value_or(0);
-        break;
-    }
-}
-
 // A member of any family with fields set by number, until the bytes end.
 inline ProjectState MemberOf(Source& source)
 {
@@ -126,7 +109,9 @@ inline ProjectState MemberOf(Source& source)
         const Field& field = *kInputs[number % kInputs.size()];
         const int rows = field.last - field.first + 1;
         const int index = field.first + (rows > 1 ? source.Byte() % rows : 0);
-        StoreNumber(s, field, index, source.Number());
+        if (!PutNumber(s, field, index, source.Number())) {
+            PutNumber(s, field, index, 0);
+        }
     }
     return s;
 }

@@ -69,26 +69,9 @@ bool FitsSingle(double value)
 // Stores a number in a field of any numeric kind.
 std::string StoreNumber(ProjectState& s, const FieldRef& ref, double value)
 {
-    void* const at = ref.field->locate(s, ref.index);
-    switch (ref.field->kind) {
-    case FieldKind::single:
-        if (!FitsSingle(value)) {
-            return std::string(kOutOfRange);
-        }
-        *static_cast<float*>(at) = static_cast<float>(value);
-        return {};
-    case FieldKind::real:
-        *static_cast<double*>(at) = value;
-        return {};
-    default: {
-        const std::optional<i16> whole = WholeNum(value);
-        if (!whole) {
-            return std::string(kOutOfRange);
-        }
-        *static_cast<i16*>(at) = *whole;
-        return {};
-    }
-    }
+    const bool fits = ref.field->kind != FieldKind::single || FitsSingle(value);
+    return fits && PutNumber(s, *ref.field, ref.index, value) ? std::string()
+                                                              : std::string(kOutOfRange);
 }
 
 // "EU, NO, .. and UD"

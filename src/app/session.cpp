@@ -283,18 +283,7 @@ void Session::TakeBack(const Box& box, int index)
     if (!refused_ || refused_->box != &box || refused_->index != index) {
         return;
     }
-    const Field& field = *FindField(box.field);
-    void* const at = field.locate(*state_, index);
-    switch (field.kind) {
-    case FieldKind::single:
-        *static_cast<float*>(at) = static_cast<float>(refused_->before);
-        break;
-    case FieldKind::real:
-        *static_cast<double*>(at) = refused_->before;
-        break;
-    default:
-        *static_cast<i16*>(at) = static_cast<i16>(refused_->before);
-    }
+    PutNumber(*state_, *FindField(box.field), index, refused_->before);
     refused_.reset();
     if (InputsDiffer(history_.now().state, state_)) {
         Calculate();  // something else has run a pass with the refused value

@@ -1,6 +1,7 @@
 #include "core/field_table.h"
 
 #include "core/field_words.h"
+#include "core/parse_num.h"
 
 #include <algorithm>
 #include <array>
@@ -246,6 +247,26 @@ double NumberOf(const ProjectState& s, const Field& field, int index)
         return *static_cast<const bool*>(at) ? 1 : 0;
     default:
         return 0;
+    }
+}
+
+bool PutNumber(ProjectState& s, const Field& field, int index, double value)
+{
+    void* const at = field.locate(s, index);
+    switch (field.kind) {
+    case FieldKind::single:
+        *static_cast<float*>(at) = static_cast<float>(value);
+        return true;
+    case FieldKind::real:
+        *static_cast<double*>(at) = value;
+        return true;
+    default: {
+        const std::optional<i16> whole = WholeNum(value);
+        if (whole) {
+            *static_cast<i16*>(at) = *whole;
+        }
+        return whole.has_value();
+    }
     }
 }
 

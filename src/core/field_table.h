@@ -136,6 +136,10 @@ std::optional<FieldRef> ResolveField(std::string_view name);
 // Value of a numeric or truth field (truth: 0 or 1).
 double NumberOf(const ProjectState& s, const Field& field, int index = 0);
 
+// Puts a number there. False, and nothing put, where the field is a whole number and the value does
+// not fit.
+bool PutNumber(ProjectState& s, const Field& field, int index, double value);
+
 // Value of a text or literal field.
 std::string_view TextOf(const ProjectState& s, const Field& field);
 

@@ -140,12 +140,7 @@ void CalcResistanceHollow(const Inputs& in, SectionRecord& section, Resistances&
     const double a = section.a, h = section.h, b = section.b, tf = section.tf;
     resistances.mfrd = MomentResistance(in, (h - tf) * tf * b);
     resistances.mfzrd = MomentResistance(in, (b * b / 4 + b * b / 4) * tf);
-    resistances.mplyrd = MomentResistance(in, section.wply);
-    resistances.melyrd = MomentResistance(in, section.wely);
-    resistances.meffyrd = MomentResistance(in, section.weffy);
-    resistances.mplzrd = MomentResistance(in, section.wplz);
-    resistances.melzrd = MomentResistance(in, section.welz);
-    resistances.meffzrd = MomentResistance(in, section.weffz);
+    SetMomentResistances(in, section, resistances);
 
     section.classn =
         CalcClassHollowY(in, section, checks, 10, 0);  // the size of 10 only picks the case

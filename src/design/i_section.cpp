@@ -143,12 +143,7 @@ void CalcResistanceI(const Inputs& in, SectionRecord& section, Resistances& resi
     const double h = section.h, b = section.b, tf = section.tf;
     resistances.mfrd = (h - tf) * tf * b * in.fyk / in.gammam0 / 1e6;
     resistances.mfzrd = (b * b / 4 + b * b / 4) * tf * in.fyk / in.gammam0 / 1e6;
-    resistances.mplyrd = MomentResistance(in, section.wply);
-    resistances.melyrd = MomentResistance(in, section.wely);
-    resistances.meffyrd = MomentResistance(in, section.weffy);
-    resistances.mplzrd = MomentResistance(in, section.wplz);
-    resistances.melzrd = MomentResistance(in, section.welz);
-    resistances.meffzrd = MomentResistance(in, section.weffz);
+    SetMomentResistances(in, section, resistances);
 
     section.classn = CalcClassY(in, section, checks, 10, 0);
     section.classmy = CalcClassY(in, section, checks, 0, 10);

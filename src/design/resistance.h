@@ -5,6 +5,7 @@
 
 #include "core/state/inputs.h"
 #include "core/state/resistances.h"
+#include "core/state/section_record.h"
 
 #include <cmath>
 
@@ -20,6 +21,18 @@ inline double AxialResistance(const Inputs& in, double area)
 inline double MomentResistance(const Inputs& in, double modulus)
 {
     return modulus * in.fyk / in.gammam0 / 1e6;
+}
+
+// mplyrd to meffzrd of both axes, plastic, elastic and effective.
+inline void SetMomentResistances(const Inputs& in, const SectionRecord& section,
+                                 Resistances& resistances)
+{
+    resistances.mplyrd = MomentResistance(in, section.wply);
+    resistances.melyrd = MomentResistance(in, section.wely);
+    resistances.meffyrd = MomentResistance(in, section.weffy);
+    resistances.mplzrd = MomentResistance(in, section.wplz);
+    resistances.melzrd = MomentResistance(in, section.welz);
+    resistances.meffzrd = MomentResistance(in, section.weffz);
 }
 
 // Yield stress in shear, MPa.

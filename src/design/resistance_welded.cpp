@@ -92,12 +92,7 @@ void StoreResistances(const Inputs& in, SectionRecord& section, Resistances& res
 {
     section.classmy = std::max(section.classmytop, section.classmybot);
     section.classflange = section.classweb = section.classn;
-    resistances.mplyrd = MomentResistance(in, section.wply);
-    resistances.melyrd = MomentResistance(in, section.wely);
-    resistances.meffyrd = MomentResistance(in, section.weffy);
-    resistances.mplzrd = MomentResistance(in, section.wplz);
-    resistances.melzrd = MomentResistance(in, section.welz);
-    resistances.meffzrd = MomentResistance(in, section.weffz);
+    SetMomentResistances(in, section, resistances);
     resistances.nplrd = AxialResistance(in, section.a);
     resistances.ncrd = AxialResistance(in, section.classn == 4 ? section.aeff : section.a);
     resistances.nrdm1 = resistances.ncrd * in.gammam0 / in.gammam1;
