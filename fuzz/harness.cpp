@@ -226,7 +226,7 @@ void MemberTables(std::string_view bytes)
     chunk.lines = bytes;
     std::size_t members = 0;
     while (!bytes.empty()) {
-        members += TakeLine(bytes).empty() ? 0 : 1;
+        members += NextMember(chunk, bytes).empty() ? 0 : 1;
     }
 
     BatchWorker worker(Delivered(), Default(), answers, how);

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstddef>
+#include <span>
 
 namespace kestrum {
 
@@ -16,6 +17,12 @@ constexpr i16 kPinnedCase = 2;
 
 // Length factors of lateral torsional buckling by ltbcase; 5 comes from files only.
 constexpr std::array<float, 6> kLateralFactor{0, 2.0F, 1.0F, 0.7F, 0.5F, 1.0F};
+
+// A file may hold a case that no picture has; it brings nothing.
+bool IsCase(std::span<const float> factors, int chosen)
+{
+    return chosen >= 1 && chosen < static_cast<int>(factors.size());
+}
 
 void ResetBucklingCase(i16& chosen, float& factor)
 {
@@ -40,8 +47,10 @@ void FollowSupport(ProjectState& s)
 
 void FollowBucklingCase(ProjectState& s, Axis axis)
 {
-    (axis == Axis::y ? s.ly : s.lz) =
-        BucklingFactor(axis == Axis::y ? s.bucklingcasey : s.bucklingcasez);
+    const i16 chosen = axis == Axis::y ? s.bucklingcasey : s.bucklingcasez;
+    if (IsCase(kBucklingFactor, chosen)) {
+        (axis == Axis::y ? s.ly : s.lz) = BucklingFactor(chosen);
+    }
 }
 
 void FollowLateralTick(ProjectState& s)
@@ -49,14 +58,16 @@ void FollowLateralTick(ProjectState& s)
     if (s.ltb == 0) {
         s.restraints = 0;
         s.ltbk = kBucklingOff;
-    } else if (s.ltbcase >= 1 && s.ltbcase <= 5) {
+    } else {
         FollowLateralCase(s);
     }
 }
 
 void FollowLateralCase(ProjectState& s)
 {
-    s.ltbk = kLateralFactor.at(static_cast<std::size_t>(s.ltbcase));
+    if (IsCase(kLateralFactor, s.ltbcase)) {
+        s.ltbk = kLateralFactor.at(static_cast<std::size_t>(s.ltbcase));
+    }
 }
 
 void FollowWebStiffeners(ProjectState& s)

@@ -1,5 +1,6 @@
 #include "app/assign_run.h"
 
+#include "app/consequences.h"
 #include "app/member_commands.h"
 #include "app/session_fixture.h"
 #include "core/project_state.h"
@@ -175,4 +176,19 @@ TEST(AssignRun, TellsTheUnitBesideWhatIsNoNumber)
 }
 
 }  // namespace
+TEST(AssignRun, CaseThatNoPictureHasBringsNothing)
+{
+    ProjectState s = MemberOf("");
+    s.bucklingcasey = 77;
+    s.ly = 0.8F;
+    FollowBucklingCase(s, Axis::y);
+    EXPECT_EQ(s.ly, 0.8F);
+    s.ltb = 1;
+    s.ltbcase = -3;
+    s.ltbk = 0.6F;
+    FollowLateralTick(s);
+    FollowLateralCase(s);
+    EXPECT_EQ(s.ltbk, 0.6F);
+}
+
 }  // namespace kestrum
