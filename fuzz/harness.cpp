@@ -314,7 +314,7 @@ void Members(std::string_view bytes)
 
 std::span<const Target> Targets()
 {
-    static constexpr std::array<Target, 11> kTargets{{{"project_file", ProjectFile},
+    static constexpr std::array<Target, 14> kTargets{{{"project_file", ProjectFile},
                                                       {"setup_file", SetupFile},
                                                       {"material_list", MaterialList},
                                                       {"profile_tables", ProfileTables},
@@ -324,7 +324,10 @@ std::span<const Target> Targets()
                                                       {"force_tables", ForceTables},
                                                       {"section_pools", SectionPools},
                                                       {"members", Members},
-                                                      {"two_routes", TwoRoutes}}};
+                                                      {"two_routes", TwoRoutes},
+                                                      {"c_interface", CInterface},
+                                                      {"left_work", LeftBehind},
+                                                      {"office_settings", OfficeSettings}}};
     return kTargets;
 }
 

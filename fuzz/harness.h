@@ -18,7 +18,10 @@ void MemberTables(std::string_view bytes);  // CSV or NDJSON of the batch
 void ForceTables(std::string_view bytes);   // CSV of the envelope, members a, b and c
 void SectionPools(std::string_view bytes);  // +WORD, =RANGE and -FIELD lines, then a list of prices
 void Members(std::string_view bytes);       // fields set by number: calculated, written, read
-void TwoRoutes(std::string_view bytes);     // stations, then a member as in Members
+void CInterface(std::string_view bytes);    // a project, or NAME=VALUE lines behind a byte
+void LeftBehind(std::string_view bytes);    // a file of unsaved work, or of an unsaved table
+void OfficeSettings(std::string_view bytes);  // or a logo
+void TwoRoutes(std::string_view bytes);       // stations, then a member as in Members
 
 struct Target {
     std::string_view name;  // of program, seeds and finds

@@ -10,6 +10,7 @@
 #include "core/load_combination.h"
 #include "core/parse_num.h"
 #include "core/project_state.h"
+#include "core/utf8_text.h"
 #include "sections/family_table.h"
 #include "sections/section_names.h"
 
@@ -125,7 +126,7 @@ std::string AssignText(ProjectState& s, const FieldRef& ref, std::string_view te
     if (text.find_first_of(forbidden) != std::string_view::npos) {
         return "a line end or quote cannot be stored";
     }
-    *static_cast<std::string*>(ref.field->locate(s, 0)) = text;
+    *static_cast<std::string*>(ref.field->locate(s, 0)) = AsUtf8(text);  // as its file reads
     return {};
 }
 

@@ -42,13 +42,19 @@ std::string Quoted(std::string_view cell, char separator)
     return out + "\"";
 }
 
-std::vector<std::string> CellsOf(std::string_view record, char separator)
+// A record whose quotes cannot be meant is one cell, so that nothing of it is lost.
+std::vector<std::string> CellsOf(std::string_view record, char separator, bool* sound = nullptr)
 {
     std::vector<std::string> cells;
-    for (CellReader reader(record, separator); reader.Next();) {
+    CellReader reader(record, separator);
+    while (reader.Next()) {
         cells.emplace_back(reader.cell());
     }
-    return cells;
+    const bool read = reader.fault().empty();
+    if (sound != nullptr) {
+        *sound = read;
+    }
+    return read ? cells : std::vector<std::string>{std::string(record)};
 }
 
 // The column for a field: a rolled section is named, whatever of it has changed.
@@ -134,6 +140,9 @@ std::string MembersSheet::Take(std::string_view bytes, const std::string& name)
     if (!refusal.empty()) {
         return name + " " + refusal;
     }
+    if (text.find('\0') != std::string::npos) {  // it would be taken for UTF-16 when written
+        return name + ": holds a zero byte, it is no table";
+    }
     std::string_view rest = text;
     if (rest.starts_with('{') || rest.starts_with('[')) {
         return name + ": members are read from a CSV, not from JSON";
@@ -156,8 +165,9 @@ std::string MembersSheet::Take(std::string_view bytes, const std::string& name)
     while (!rest.empty()) {
         const std::string_view record = TakeRecord(rest, {&taken.separator_, 1});
         if (!Trimmed(record).empty()) {
-            taken.now_.rows.push_back(std::make_shared<Row>(
-                Row{++taken.ids_, CellsOf(record, taken.separator_), std::string(record)}));
+            Row row{++taken.ids_, {}, std::string(record)};
+            row.cells = CellsOf(record, taken.separator_, &row.sound);
+            taken.now_.rows.push_back(std::make_shared<Row>(std::move(row)));
         }
     }
     taken.steps_ = taken.saved_ = taken.now_.step = steps_ + 1;
@@ -188,9 +198,8 @@ std::string MembersSheet::Joined(const std::vector<std::string>& cells, std::siz
 std::string MembersSheet::Record(std::size_t row) const
 {
     const Row& line = At(row);
-    return line.record.empty() || line.cells.size() < columns().size()
-               ? Joined(line.cells, columns().size())
-               : line.record;
+    const bool fewer = line.sound && line.cells.size() < columns().size();
+    return line.record.empty() || fewer ? Joined(line.cells, columns().size()) : line.record;
 }
 
 std::string MembersSheet::Text() const

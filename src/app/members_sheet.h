@@ -27,6 +27,7 @@ public:
         std::uint64_t id = 0;
         std::vector<std::string> cells{};
         std::string record{};  // as it was read; empty for an edited one
+        bool sound = true;  // false: the quotes of the record cannot be meant; it is the one cell
     };
 
     // Cells of some columns of lines, in the order in which the user sees these.

@@ -3,6 +3,7 @@
 #include "app/choices.h"
 #include "core/annexes.h"
 #include "core/field_table.h"
+#include "core/project_file.h"
 #include "core/project_state.h"
 #include "sections/family_table.h"
 #include "support/member.h"
@@ -267,6 +268,17 @@ TEST(Assign, TellsWhoOverrulesAValue)
     s.annexindex = kAnnexNk;
     s.loadcomb = 1;
     EXPECT_EQ(OverruledBy(kLibrary, s, "loadcomb"), "set by the national annex NK");
+}
+
+// A text in Latin-1 is what its project file would read.
+TEST(Assign, TextIsStoredAsItsFileReads)
+{
+    ProjectState s = MemberOf("");
+    EXPECT_EQ(Set(s, "projname", "Halle f\xFCr Stahl"), "");
+    EXPECT_EQ(s.projname, "Halle f\xC3\xBCr Stahl");
+    ProjectState read{};
+    ASSERT_FALSE(ReadProject(read, WriteProject(s)));
+    EXPECT_EQ(read.projname, s.projname);
 }
 
 }  // namespace

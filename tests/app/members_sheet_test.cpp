@@ -70,6 +70,8 @@ TEST(MembersSheet, RefusesWhatIsNoTableOfMembers)
     EXPECT_THAT(sheet.Take("l,l\n1,2\n", "x.csv"), HasSubstr("x.csv:1: l: is in two columns"));
     EXPECT_THAT(sheet.Take("PK\x03\x04...", "x.xlsx"), HasSubstr("save its sheet as CSV"));
     EXPECT_THAT(sheet.Take("{\"l\": 6}", "x.csv"), HasSubstr("not from JSON"));
+    EXPECT_THAT(sheet.Take(std::string_view("l,i\0d\n1,2\n", 10), "x.csv"),
+                HasSubstr("holds a zero byte"));
     EXPECT_EQ(sheet.rows(), 3U);  // what was there stays
 }
 
@@ -174,6 +176,22 @@ TEST(MembersSheet, WrittenLineGivesTheMember)
         sheet.Undo();
         EXPECT_EQ(sheet.Text(), before);
     }
+}
+
+// A line with a slip of the quotes is refused by a check; in the file it stays as it was, and after
+// an edit its text is in a cell.
+TEST(MembersSheet, LineWhoseQuotesCannotBeMeantIsKept)
+{
+    const std::string text = "member,section,l\nB1,IPE 200,5\nB2,\"IPE 300\" x,6\nB3,\"HEA 200,7\n";
+    MembersSheet sheet = Sheet(text);
+    ASSERT_EQ(sheet.rows(), 3U);
+    EXPECT_EQ(sheet.Text(), text);
+    EXPECT_EQ(sheet.Cell(1, 0), "B2,\"IPE 300\" x,6");
+    ProjectState s = *Base();
+    EXPECT_EQ(sheet.Member(Tables(), 1, s), "text after a closing quote");
+    sheet.Set(1, 2, "8");
+    EXPECT_EQ(sheet.Text(),
+              "member,section,l\nB1,IPE 200,5\n\"B2,\"\"IPE 300\"\" x,6\",,8\nB3,\"HEA 200,7\n");
 }
 
 // Nothing is written that the line says already, in whatever words.
