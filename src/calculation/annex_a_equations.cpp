@@ -46,14 +46,15 @@ void AnnexA::Equivalent()
 {
     alt_ = Add("a_LT", Largest({Num(0), 1 - Sym("I_T", v_.it) / Sym("I_y", v_.iy)}), v_.alt);
     lam0_ = Sym("~λ_0", v_.lam0);
-    d_.Add("~λ_0", v_.lam0, "", kA1, "under uniform moment");
     const Expr limit = 0.2 * Root(Sym("C_1", v_.c1)) * Root(Root(Free("N_cr,TF", v_.ncrtf)));
     double most = AnnexAValues::kUnknown;
     Add("~λ_0,lim", limit, most);
     const Expr cmy0 = Sym("C_my,0", v_.cmy0);
     if (!v_.twists || v_.lam0 <= most) {
         Add("C_my", cmy0, v_.cmy);
-        d_.Add("C_mLT", v_.cmlt, "", kA1);
+        d_.Add("C_mLT", v_.cmlt, "", kA1,
+               v_.twists ? Line(Symbol("~λ_0")) + Line(" is within its limit")
+                         : Line("does not twist"));
     } else {
         Expr weight = Num(0);
         if (v_.ned != 0) {

@@ -1,8 +1,10 @@
 #include "calculation/chapters.h"
+#include "calculation/check_names.h"
 
 #include "core/load_combination.h"
 #include "report/diagrams.h"
 #include "report/page_loading.h"
+#include "standard/cases.h"
 
 namespace kestrum {
 
@@ -39,10 +41,16 @@ void AddStrength(const ProjectState& s, Document& d)
         AddFactor(d, "F_Q2", 1.5 * kq * psi2, f.q2, "EN 1990, Eq (6.10b)");
         return;
     default:
-        d.Add("F_G", f.g, "", "");
-        d.Add("F_Q1", f.q1, "", "");
-        d.Add("F_Q2", f.q2, "", "");
+        for (const auto& [symbol, factor] :
+             {std::pair{"F_G", f.g}, {"F_Q1", f.q1}, {"F_Q2", f.q2}}) {
+            d.Add(symbol, factor, "", "", rule == kUserFactors ? "as entered" : "basic loads");
+        }
     }
+}
+
+bool SameCase(const LoadCase& a, const LoadCase& b)
+{
+    return a.rule == b.rule && a.favourable == b.favourable && a.variables == b.variables;
 }
 
 void AddLoadTable(const ProjectState& s, int direction, Document& d)
@@ -76,7 +84,57 @@ void AddEndForces(const ProjectState& s, Document& d)
     d.Add(std::move(table));
 }
 
+// The arrangements of EN 1990 with what each gives, and the checks that it governs.
+void AddCases(const CalculatedMember& m, Document& d)
+{
+    const std::vector<standard::CaseResult> cases = standard::CalculateCases(m.library, m.input);
+    if (cases.empty()) {
+        return;
+    }
+    d.Part("Combinations by EN 1990 as written");
+    d.Say("Every arrangement is calculated for itself; each check keeps the one with its largest "
+          "ratio, which stands at the check.",
+          Paragraph::Kind::remark);
+    TextTable table{.columns = {{"Combination"},
+                                {"G", true},
+                                {"Q1", true},
+                                {"Q2", true},
+                                {"largest IR", true},
+                                {"of its check"},
+                                {"governs"}}};
+    for (const standard::CaseResult& one : cases) {
+        std::string governs;
+        for (std::size_t i = 0; i < standard::kCheckIds; ++i) {
+            const standard::Check& check = m.standard.checks.best[i];
+            if (check.present && SameCase(check.load_case, one.load_case)) {
+                governs +=
+                    (governs.empty() ? "" : "; ") + NameInText(static_cast<standard::CheckId>(i));
+            }
+        }
+        const LoadFactors& f = one.load_case.factors;
+        table.rows.push_back({NameOf(one.load_case), NumberLine(f.g), NumberLine(f.q1),
+                              NumberLine(f.q2), one.rated ? ResultText(one.ir, 4) : "-",
+                              one.rated ? NameInText(one.governing) : "", governs});
+    }
+    d.Add(std::move(table));
+}
+
 }  // namespace
+
+std::string CombinationOf(const ProjectState& s, bool service)
+{
+    if (s.loadmode != 1) {
+        return "end forces";
+    }
+    const int rule = StrengthCombination(s, s.governing);
+    if (rule == kUserFactors) {
+        return service ? "SLS factors" : "ULS factors";
+    }
+    if (rule == kBasicLoads) {
+        return "basic loads";
+    }
+    return service ? "6.14a" : rule == kEq610 ? "6.10" : rule == kEq610a ? "6.10a" : "6.10b";
+}
 
 void AddActions(const CalculatedMember& m, Document& d)
 {
@@ -96,10 +154,15 @@ void AddActions(const CalculatedMember& m, Document& d)
         d.Say(s.selfweight == 1
                   ? "Self-weight of the member is included: " + NumberText(s.qload[0], 4) + " kN/m."
                   : "Self-weight of the member is not included.");
-        d.Part("Combination of the strength checks");
+        d.Part("Combination by the rules of the program");
         d.Say(GoverningText(s));
+        d.Say(s.loadcomb == kEq610ab
+                  ? "Eq (6.10a) and (6.10b) were both calculated; the one with the larger ratio "
+                    "governs, and all ratios of the program are of it."
+                  : "All ratios of the program are of this combination.");
         AddStrength(s, d);
     }
+    AddCases(m, d);
     for (const std::string& load : m.outcome.dropped) {
         d.Say(Line().Add("Not in this result: " + load, Span::Style::bad));
     }

@@ -20,7 +20,7 @@ void AddNew(Document&& leading, Document& d)
             const auto* const old = std::get_if<Equation>(&other);
             return old != nullptr && old->value == equation->value &&
                    PlainText(Line(old->symbol)) == PlainText(Line(equation->symbol)) &&
-                   (old->formula == nullptr) == (equation->formula == nullptr);
+                   (old->formula != nullptr || equation->formula == nullptr);
         };
         const bool ratio = equation != nullptr && equation->symbol.letter == "IR";
         if (equation == nullptr || ratio ||
@@ -60,7 +60,7 @@ void AddPair(const CalculatedMember& m, const CheckPair& pair, Document& d)
             Document leading;
             AddReducedResistances(m.s, one, leading);
             AddNew(std::move(leading), d);
-            AddCheck(d, one);
+            AddCheck(d, one, CombinationOf(m.s, false));
         }
     }
     AddStandard(m, pair, check, d);

@@ -1,6 +1,7 @@
 #include "calculation/chapters.h"
 #include "calculation/effective_figure.h"
 #include "calculation/quantities.h"
+#include "calculation/standard_effective.h"
 
 #include "core/member_choices.h"
 #include "design/local_buckling.h"
@@ -51,6 +52,7 @@ private:
         double i;
     };
     void Modulus(const Bent& bent, const std::string& axis, double value, double least);
+    void Tip(const WeldedSide& side, double value);
     bool Boxed() const { return Is(s_, Kind::hollow) || Is(s_, Kind::box); }
 
     const ProjectState& s_;
@@ -225,6 +227,33 @@ void Effective::Modulus(const Bent& b, const std::string& axis, double value, do
            "6.2.5 (2), Eq (6.15)");
 }
 
+// The bar of a plate with its tip compressed loses the end of it.
+void Effective::Tip(const WeldedSide& side, double value)
+{
+    const Expr e = Sym("e", side.edge), tw = q_.tw, hw = q_.hw;
+    d_.Say(Line("Centroid of the gross section e = ") + NumberLine(side.edge) +
+               Line(" mm from the tip, which is compressed."),
+           Paragraph::Kind::remark);
+    Expr area = q_.a, first = q_.a * e, second = Sym("I_y", s_.iy) + q_.a * Square(e);
+    if (s_.checkwebbuck != kTrue) {
+        const Expr psi = Step(d_, "ψ", (e - hw) / e, "", "EN 1993-1-5, Table 4.2");
+        const Expr k =
+            Step(d_, "k_σ", 0.57 - 0.21 * psi + 0.07 * Square(psi), "", "EN 1993-1-5, Table 4.2");
+        const Expr rho = Reduction({"", s_.d, s_.tw, true, false, 1}, "w", psi, k);
+        const Expr w =
+            Step(d_, "w", (1 - rho) * e, "mm", "EN 1993-1-5, Table 4.2", "lost at the tip");
+        const Expr lost = Step(d_, "ΔA_w", w * tw, "mm2", "");
+        second = second - lost * (Square(w) / Num(12) + Square(w / Num(2)));
+        first = first - lost * w / Num(2);
+        area = area - lost;
+    }
+    area = Step(d_, "A_eff,y,bot", area, "mm2", "");
+    const Expr z = Step(d_, "z_eff", first / area, "mm", "", "from the tip");
+    const Expr i = Step(d_, "I_eff,y,bot", second - area * Square(z), "mm4", "");
+    d_.Add("W_eff,y,bot", Least({i / z, i / (Sym("h", s_.h) - z)}), value, "mm3",
+           "6.2.5 (2), Eq (6.15)", "tip compressed");
+}
+
 void Effective::BendingY()
 {
     const Kind kind = Traits(s_).kind;
@@ -268,7 +297,7 @@ void Effective::BendingY()
         const double value =
             top ? std::min(s_.weffytop1, s_.weffytop2) : std::min(s_.weffybot1, s_.weffybot2);
         if (bar && !top) {
-            d_.Add("W_eff,y,bot", value, "mm3", "6.2.5 (2), Eq (6.15)", "tip compressed");
+            Tip(BottomSide(s_, s_), value);
             continue;
         }
         const WeldedSide side = top ? TopSide(s_, s_) : BottomSide(s_, s_);
@@ -357,7 +386,10 @@ void AddEffectiveSection(const CalculatedMember& m, Document& d)
         "Plates lose the part of their compressed width that buckles, EN 1993-1-5, 4.4; lengths in "
         "mm, distances from the compressed edge.",
         Paragraph::Kind::remark);
-    AddEffectiveFigures(m, d);
+    const auto study = standard::EffectiveStudyOf(m.library, m.input);
+    if (study) {
+        AddEffectiveFigures(s, *study, d);
+    }
     Effective effective(s, d);
     if (n && Traits(s).carries.offered.n) {
         effective.Compression();
@@ -367,6 +399,10 @@ void AddEffectiveSection(const CalculatedMember& m, Document& d)
     }
     if (z) {
         effective.BendingZ();
+    }
+    if (study) {
+        d.Part("By EN 1993-1-1 as written");
+        AddStandardEffective(*study, {.compression = n, .bending_y = y}, d);
     }
 }
 

@@ -1,11 +1,13 @@
 #include "calculation/annex_a_equations.h"
 #include "calculation/chapters.h"
 #include "calculation/parts.h"
+#include "calculation/quantities.h"
 
 #include "core/member_choices.h"
 #include "report/stages.h"
 #include "sections/families.h"
 #include "stability/buckling_resistance.h"
+#include "stability/constants.h"
 #include "stability/interaction_annex_a.h"
 
 #include <cmath>
@@ -35,6 +37,17 @@ struct Factors {
     }
 };
 
+// The smaller over the larger of two end moments; null without any.
+Expr RatioOfEnds(double first, double last, double psi)
+{
+    const bool from_first = std::abs(first) >= std::abs(last);
+    const double large = from_first ? first : last, small = from_first ? last : first;
+    const bool turned = large != 0 && std::abs(small / large - psi) > 1e-6;
+    return large == 0 ? nullptr
+                      : Sym(turned ? "M_1" : "M_2", turned ? large : small) /
+                            Sym(turned ? "M_2" : "M_1", turned ? small : large);
+}
+
 // --- Annex A -------------------------------------------------------------------------------------
 
 // Cm,0 of one axis. D217.
@@ -46,7 +59,8 @@ void AddCm0(const Factors& f, bool y)
     const double cm0 = y ? s.cmy0 : s.cmz0;
     const Expr n = f.Share(axis, y ? s.ncry : s.ncrz);
     const Expr psi = Sym("ψ_" + axis, shape.psi);
-    f.d.Add("ψ_" + axis, shape.psi, "", std::string(kA2),
+    f.d.Add("ψ_" + axis, RatioOfEnds(shape.first, shape.last, shape.psi), shape.psi, "",
+            std::string(kA2),
             Line("end moments ") + NumberLine(shape.first) + Line(" and ") +
                 NumberLine(shape.last) + Line(" kNm"));
     const Expr straight = 0.79 + 0.21 * psi + 0.36 * (psi - Num(0.33)) * n;
@@ -62,6 +76,36 @@ void AddCm0(const Factors& f, bool y)
         formula = 1 + (ratio - Num(1)) * n;
     }
     f.Add("C_m" + axis + ",0", formula, cm0, kA2);
+}
+
+// Slenderness under uniform moment, with C1 from 1 to 1.05 by the factor of the length.
+void AddUniformSlenderness(const Factors& f)
+{
+    const ProjectState& s = f.s;
+    if (s.ltb != 1 || s.mcr0 == 0 || s.openprofile == kFalse || Is(s, Kind::angle, Kind::plate)) {
+        f.d.Add("~λ_0", s.lam0, "", std::string(kA1),
+                Is(s, Kind::angle) ? "D226" : "does not twist");
+        return;
+    }
+    const Expr k = Sym("k", s.ltbk), e = Sym("E", s.e), iz = Sym("I_z", s.iz);
+    const double factor = (static_cast<double>(s.ltbk) - 0.5) / 0.5;
+    const Expr euler = Square(Pi()) * e * iz / Square(Sym("L_LT", s.lt)) * Ten(-6);
+    Expr arm = e / Num(kShearRatio) * Sym("I_T", s.it) / euler + Sym("I_w", s.iw) / iz;
+    if (Is(s, Kind::i_single)) {
+        const double zj = s.mymid > 0 ? s.zjtop : s.zjbot;
+        const Expr lever =
+            Step(f.d, "e_0", Sym("C_3,0", 1.019 + factor * (1 - 1.019)) * Sym("z_j", zj), "mm",
+                 std::string(kA1));
+        arm = Root(arm + Square(lever)) + lever;
+    } else {
+        arm = Root(arm);
+    }
+    const Expr c1 = Step(f.d, "C_1,0", 1.05 - 0.05 * (k - Num(0.5)) / Num(0.5), "",
+                         std::string(kA1), "uniform moment");
+    const double mcr0 = s.mcr0 / 1e6;
+    f.d.Add("M_cr,0", c1 * euler * arm * Ten(-6), mcr0, "kNm", std::string(kA1), "uniform moment");
+    f.Add("~λ_0", Root(Sym("γ_M1", s.gammam1) * Sym("M_y,Rd,1", s.myrdm1) / Sym("M_cr,0", mcr0)),
+          s.lam0, kA1, Line(Symbol("M_y,Rd,1")) + Line(" with ") + Line(Symbol("γ_M1")));
 }
 
 AnnexAValues AnnexAOf(const ProjectState& s)
@@ -173,24 +217,31 @@ void AddCmB(const Factors& f, bool y)
     const LineOfB line = LineOf(s, y), other = LineOf(s, !y);
     const bool loaded = (y ? s.hasyloads : s.haszloads) != kFalse;
     const bool span = loaded ? line.SpanGoverns() : other.SpanGoverns();
-    const auto value = [&](const std::string& name, double x, const Line& remark) {
-        f.d.Add(name + axis, x, "", std::string(kB3), remark);
+    const auto value = [&](const std::string& name, const Expr& formula_of, double x,
+                           const Line& remark) {
+        f.d.Add(name + axis, formula_of, x, "", std::string(kB3), remark);
         return Sym(name + axis, x);
     };
+    const auto quotient = [](double above, double below) {
+        return above == 0 || !std::isfinite(below) ? nullptr
+                                                   : Sym("M_a", above) / Sym("M_b", below);
+    };
     const Expr psi =
-        value("ψ_", line.psi,
+        value("ψ_", RatioOfEnds(line.first, line.last, line.psi), line.psi,
               Line("moments ") + NumberLine(line.first) + Line(", ") + NumberLine(line.mid) +
                   Line(" in the middle, ") + NumberLine(line.last) + Line(" kNm"));
     Expr formula;
     if (line.linear) {
         formula = Largest({Num(0.4), 0.6 + 0.4 * psi});
     } else if (span) {
-        const Expr end = value("α_h,", line.end, "end moment over that in the middle");
+        const Expr end = value("α_h,", quotient(line.end * line.mid, line.mid), line.end,
+                               "end moment over that in the middle");
         const Expr part = line.curved ? 0.05 * end : 0.1 * end;
         const Expr turned = line.end < 0 && line.psi < 0 ? part * (1 + 2 * psi) : part;
         formula = (line.curved ? 0.95 : 0.9) + turned;
     } else {
-        const Expr peak = value("α_s,", line.peak, "moment in the middle over an end moment; D221");
+        const Expr peak = value("α_s,", quotient(line.mid, line.mid / line.peak), line.peak,
+                                "moment in the middle over an end moment; D221");
         if (line.peak >= 0) {
             formula = Largest({Num(0.4), 0.2 + 0.8 * peak});
         } else if (line.psi >= 0) {
@@ -215,7 +266,8 @@ void AddAnnexB(const Factors& f)
     AddCmB(f, true);
     AddCmB(f, false);
     const bool turns = s.cmlt != 1 || s.openprofile == kTrue;
-    f.Add("C_mLT", turns ? Sym("C_my", s.cmy) : nullptr, s.cmlt, kB3);
+    f.Add("C_mLT", turns ? Sym("C_my", s.cmy) : nullptr, s.cmlt, kB3,
+          turns ? "" : "does not twist");
     const Expr ny = Sym("N_Ed", s.ned) / Sym("N_b,y,Rd", s.nbyrd);
     const Expr nz = Sym("N_Ed", s.ned) / Sym("N_b,z,Rd", s.nbzrd);
     const Expr lamy = Sym("~λ_y", s.lamy), lamz = Sym("~λ_z", s.lamz);
@@ -270,6 +322,7 @@ void AddInteractionFactors(const ProjectState& s, Document& d)
     if (s.method == Method::annex_a) {
         AddCm0(f, true);
         AddCm0(f, false);
+        AddUniformSlenderness(f);
         AddAnnexAFactors(AnnexAOf(s), d);
     } else {
         AddAnnexB(f);

@@ -2,7 +2,7 @@
 #include "calculation/parts.h"
 #include "calculation/quantities.h"
 #include "calculation/shape_figure.h"
-#include "calculation/standard_member.h"
+#include "calculation/standard_lateral.h"
 
 #include "core/arithmetic_trap.h"
 #include "core/member_choices.h"
@@ -42,8 +42,12 @@ Lever LeverOf(const ProjectState& s, bool top)
     return {load - asymmetry, value};
 }
 
-// C1 of a piece between lateral restraints, between two ratios of the table.
-void AddC1OfSegment(const ProjectState& s, Document& d)
+// End moments of the segment that governs, their ratio.
+struct SegmentMoments {
+    double large, small, psi;
+};
+
+SegmentMoments MomentsOfSegment(const ProjectState& s)
 {
     const auto moment = [&](int number) {
         const auto at = static_cast<std::size_t>(ToI16(50.0 * number / (s.restraints + 1)));
@@ -52,7 +56,36 @@ void AddC1OfSegment(const ProjectState& s, Document& d)
     const double first = moment(s.beampart - 1), second = moment(s.beampart);
     const bool from_first = std::abs(first) >= std::abs(second);
     const double large = from_first ? first : second, small = from_first ? second : first;
-    const double psi = large == 0 ? 0 : small / large;
+    return {large, small, large == 0 ? 0 : small / large};
+}
+
+// C3 of a piece between lateral restraints: a table of psi and of the share psi_f of the flanges.
+void AddC3OfSegment(const ProjectState& s, bool top, Document& d)
+{
+    const double psi = MomentsOfSegment(s).psi, share = top ? s.psiftop : s.psifbot;
+    const Expr whole = Sym("C_3,a", SegmentC3(psi, 1, share));
+    const Expr half = Sym("C_3,b", SegmentC3(psi, 0.5, share));
+    d.Add("C_3", half + (Sym("k", s.ltbk) - Num(0.5)) / Num(0.5) * (whole - half), s.ltc3, "", "",
+          Line("table of straight moment lines and of ") + Line(Symbol("ψ_f")) + Line(" = ") +
+              NumberLine(share, 4) + Line(" of the flanges, k = 1 (a) and 0.5 (b)"));
+}
+
+void AddLoadLevel(const ProjectState& s, Document& d)
+{
+    Expr level;
+    if (s.loadlevel == 1 || s.loadlevel == 3) {
+        const bool up = s.loadlevel == 1;
+        const Expr h = Sym("h", s.h), centroid = Sym("z_cog", s.zcog);
+        level = !Single(s) ? (up ? h / Num(2) : Num(0) - h / Num(2))
+                           : (up ? h - centroid : Num(0) - centroid) - Sym("z_s", s.zshear);
+    }
+    d.Add("z_g", level, s.zg, "mm", "", "loads above the shear centre");
+}
+
+// C1 of a piece between lateral restraints, between two ratios of the table.
+void AddC1OfSegment(const ProjectState& s, Document& d)
+{
+    const auto [large, small, psi] = MomentsOfSegment(s);
     constexpr double kStep = 0.25;
     const double upper = 1 - kStep * std::floor((1 - psi) / kStep);
     const double lower = std::max(upper - kStep, -1.0);
@@ -152,11 +185,13 @@ void AddCriticalMoment(const ProjectState& s, const Quantities& q, bool top, Doc
         if (s.cmanual != kFalse) {
             d.Add("C_2", s.ltc2, "", "", "as entered");
         }
-        d.Add("z_g", s.zg, "mm", "", "loads above the shear centre");
+        AddLoadLevel(s, d);
     }
     if (Single(s)) {
-        if (segments || s.cmanual != kFalse) {
-            d.Add("C_3", s.ltc3, "", "");
+        if (segments) {
+            AddC3OfSegment(s, top, d);
+        } else if (s.cmanual != kFalse) {
+            d.Add("C_3", s.ltc3, "", "", "as entered");
         }
         d.Add("z_j", top ? s.zjtop : s.zjbot, "mm", "", "asymmetry of the section");
     }
@@ -221,6 +256,67 @@ void AddReduction(const ProjectState& s, const Quantities& q, bool top, Document
           s.xlt, "", "6.3.2.3 (2), Eq (6.58)");
 }
 
+std::string_view NameOfEnd(LateralEnd end)
+{
+    return end == LateralEnd::fork      ? "fork (sideways and twist held)"
+           : end == LateralEnd::clamped ? "clamped (sideways, twist, rotation and warping held)"
+                                        : "free";
+}
+
+// Method, what it was given, and the closed formula that bounds it.
+void AddNumerical(const standard::LateralResult& r, const standard::NumericalStudy& n, Document& d)
+{
+    d.Say("Numerical solution for the elastic critical moment of the whole member: a chain of beam "
+          "elements with the lateral deflection v of the shear centre and the twist φ. The member "
+          "buckles at the smallest factor α on its moments M and loads q, P for which the energy "
+          "½∫(EIz v''² + EIw φ''² + GIT φ'²) + α[∫(M v'' φ + M zj φ'²) − ½Σ q zg φ²] is no longer "
+          "positive.",
+          Paragraph::Kind::remark);
+    std::string ends = "Ends: " + std::string(NameOfEnd(n.start)) + ", " +
+                       std::string(NameOfEnd(n.end)) +
+                       "; lateral restraints inside: " + std::to_string(n.restraints) + ".";
+    d.Say(ends);
+    if (n.stretch != 1) {
+        d.Say(Line("The moment line is stretched over ") + NumberLine(n.stretch) + Line(" L."));
+    }
+    TextTable given{.columns = {{"EIz, Nmm²", true},
+                                {"EIw, Nmm⁴", true},
+                                {"GIT, Nmm²", true},
+                                {"zj, mm", true},
+                                {"zg, mm", true}},
+                    .caption = "Given to the solution"};
+    given.rows.push_back({NumberLine(n.section.eiz), NumberLine(n.section.eiw),
+                          NumberLine(n.section.git), NumberLine(n.section.zj),
+                          NumberLine(n.level)});
+    d.Add(std::move(given));
+    TextTable moments{.columns = {{"x/L"}}, .caption = "Moment line My, kNm"};
+    std::vector<Line> row{"My"};
+    for (std::size_t i = 0; i < n.moments.size(); ++i) {
+        moments.columns.push_back(
+            {NumberLine(static_cast<double>(i) / static_cast<double>(n.moments.size() - 1)), true});
+        const bool rounding = std::abs(n.moments[i]) < 1e-6 * std::abs(r.moment);
+        row.push_back(NumberLine(rounding ? 0 : n.moments[i], 4));
+    }
+    moments.rows.push_back(std::move(row));
+    d.Add(std::move(moments));
+}
+
+// Closed form of the same ends under uniform moment, loads in the shear centre.
+void AddUniform(const standard::LateralResult& r, const standard::NumericalStudy& n,
+                const standard::StandardSection& q, double length, Document& d)
+{
+    const Expr l = Sym("L", length), e = Sym("E", q.e);
+    Expr torsion = e / Num(kShearRatio) * Sym("I_T", q.it);
+    if (n.section.eiw > 0) {
+        torsion = torsion + Square(Pi() / l) * e * Sym("I_w", n.section.eiw / q.e) * Ten(-6);
+    }
+    d.Add("M_cr,0", Pi() / l * Root(e * Sym("I_z", q.iz) * torsion) * Ten(-9), n.uniform, "kNm", "",
+          "check: closed form for uniform moment between forks over L");
+    d.Add("C", Sym("M_cr", r.mcr) / Sym("M_cr,0", n.uniform), r.mcr / n.uniform, "", "",
+          "numerical over closed form; 1 under uniform moment, about 1.13 under a uniform load and "
+          "1.36 under a load at mid-span in the shear centre of a beam on two forks");
+}
+
 // The whole member under its real moment line, in the combination that governs.
 void AddByStandard(const CalculatedMember& m, const standard::Check& check,
                    const standard::LateralStudy& study, Document& d)
@@ -229,16 +325,18 @@ void AddByStandard(const CalculatedMember& m, const standard::Check& check,
     d.Part("By EN 1993-1-1 as written");
     const bool entered = m.s.cmanual != kFalse;
     d.Say("Combination " + NameOf(check.load_case) +
-          (entered ? "; the critical moment is that of the C factors entered."
-                   : "; the critical moment is a numerical solution for the whole member with its "
-                     "loads, supports and restraints."));
+          (entered ? "; the critical moment is that of the C factors entered." : "."));
     d.Add("M_y,Ed", r.checked, "kNm", "", Line("at x/L = ") + NumberLine(r.place, 4));
-    AddStandardLateral(r, m.s.gammam1, d);
+    if (study.numerical && r.critical.route == standard::CriticalRoute::numerical) {
+        AddNumerical(r, *study.numerical, d);
+    }
+    AddStandardLateral(m.input, r, study.section, d);
     d.Add("IR", Sym("M_y,Ed", r.checked) / Sym("M_b,Rd", r.resistance), check.ir, "",
           "6.3.2.1 (1), Eq (6.54)");
-    if (study.shape) {
+    if (study.numerical) {
+        AddUniform(r, *study.numerical, study.section, m.s.l, d);
         d.Show(
-            {{DrawBucklingShape(m.s, *study.shape),
+            {{DrawBucklingShape(m.s, study.numerical->shape),
               "Buckling shape at the critical moment, each curve to its own largest value", 100}});
     }
 }
@@ -255,7 +353,10 @@ void AddLateralBuckling(const ProjectState& s, Document& d)
     }
     AddCriticalMoment(s, q, top, d);
     AddReduction(s, q, top, d);
-    d.Add("M_b,Rd", Sym("χ_LT,mod", s.xlt) * Sym("W_y", ModulusOf(s, top)) * q.fy / q.gm1 * Ten(-6),
+    const bool plate = Is(s, Kind::plate);  // has one modulus for its slenderness, two resistances
+    const Expr w = plate ? Sym(top ? "W_y,top" : "W_y,bot", top ? s.wytop : s.wybot)
+                         : Sym("W_y", ModulusOf(s, top));
+    d.Add("M_b,Rd", Sym(plate ? "χ_LT" : "χ_LT,mod", s.xlt) * w * q.fy / q.gm1 * Ten(-6),
           s.xlt * s.mltrd, "kNm", "6.3.2.1 (3), Eq (6.55)");
 }
 

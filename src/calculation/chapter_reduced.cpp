@@ -225,14 +225,15 @@ void Reduced::Exponents(const Terms& terms)
         return;
     }
     const double alpha = check_.terms[2], beta = check_.terms[5];
-    const Expr n = s_.ned == 0 ? Expr() : AxialShare();
+    const Expr n = s_.ned == 0 ? Sym("n", 0) : AxialShare();
     Expr rising, least;
-    if (n != nullptr && (Is(s_, Kind::hollow) || Is(s_, Kind::box))) {
+    const bool closed = Is(s_, Kind::hollow, Kind::box);
+    if (closed) {
         rising = least = Least({Num(6), 1.66 / (1 - 1.13 * Square(n))});
-    } else if (n != nullptr && !Is(s_, Kind::tube)) {
+    } else if (!Is(s_, Kind::tube)) {
         rising = Largest({Num(1), 5 * n});
     }
-    d_.Add("α", least, alpha, "", "6.2.9.1 (6)");
+    d_.Add("α", least, alpha, "", "6.2.9.1 (6)", closed ? "" : "fixed by the kind of section");
     d_.Add("β", rising, beta, "", "6.2.9.1 (6)");
 }
 

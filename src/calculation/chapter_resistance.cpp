@@ -100,7 +100,7 @@ Expr ShearAreaY(const ProjectState& s, const Quantities& q)
     case Kind::tee:
         return q.b * q.tf;
     case Kind::general:
-        return nullptr;
+        return Sym("A_f", s.aflange);
     default:
         return 2 * q.b * q.tf;
     }
@@ -111,26 +111,116 @@ bool SlenderInShear(const ProjectState& s)
     return s.hw > 0 && s.tw > 0 && !(s.hw / s.tw < 72 * s.eps / s.neta);
 }
 
-// EN 1993-1-5, 5.2 to 5.4, at the section of the check.
-void AddShearBuckling(const ProjectState& s, const Quantities& q, Document& d)
+// The flange that the tension field takes: of unequal ones that with the smaller b t².
+struct FieldFlange {
+    double b, t;
+};
+
+FieldFlange FieldFlangeOf(const ProjectState& s)
 {
-    Expr lam = q.hw / (86.4 * q.tw * q.eps);
+    if (!Traits(s).lists.sides || Is(s, Kind::i_single)) {
+        return {s.b, s.tf};
+    }
+    const bool top = 1.0 * s.btop * s.ttop * s.ttop < 1.0 * s.bbot * s.tbot * s.tbot;
+    return top ? FieldFlange{s.btop, s.ttop} : FieldFlange{s.bbot, s.tbot};
+}
+
+// Mf,Rd at the check section of this number, counted from 1.
+Expr FlangeMoment(const ProjectState& s, const Quantities& q, int number, Document& d)
+{
+    const Expr strength = q.fy / q.gm0 * Ten(kToKnm);
+    const bool elastic = Is(s, Kind::i_single, Kind::hat, Kind::plate);
+    const Expr tw = Webs(s) == 2 ? 2 * q.tw : q.tw;
+    const Expr arm = q.h - (Sym("t_top", s.ttop) + Sym("t_bot", s.tbot)) / Num(2);
+    Expr moment = elastic ? (Sym("W_el,y", s.wely) - tw * Square(q.hw) / Num(6)) * strength
+                  : Is(s, Kind::box_unequal)
+                      ? Least({Sym("b_top", s.btop) * Sym("t_top", s.ttop),
+                               Sym("b_bot", s.bbot) * Sym("t_bot", s.tbot)}) *
+                            arm * strength
+                      : (q.h - q.tf) * q.tf * q.b * strength;
+    Line remark(elastic ? "D31" : "");
+    if (s.ned != 0 && !Traits(s).lists.sides) {  // once for each section so far, in kN
+        const Expr share = 1 - Size(q.ned) / (2 * q.b * q.tf * q.fy / q.gm0);
+        moment = moment * Power(share, Num(number));
+        remark = "the power counts the check sections; D154";
+    }
+    return Step(d, "M_f,Rd", moment, "kNm", "EN 1993-1-5, 5.4 (2)", std::move(remark));
+}
+
+// EN 1993-1-5, 5.4 (1).
+void AddFlangeShear(const ProjectState& s, const Quantities& q, const Check& check, double value,
+                    Document& d)
+{
+    const FieldFlange flange = FieldFlangeOf(s);
+    const Expr bf = Sym("b_f", flange.b), tf = Square(Sym("t_f", flange.t));
+    const Expr tw = Webs(s) == 2 ? 2 * q.tw : q.tw;
+    const Expr c = Step(
+        d, "c", Sym("a", s.webstiffa) * (0.25 + 1.6 * bf * tf * q.fy / (tw * Square(q.hw) * q.fy)),
+        "mm", "EN 1993-1-5, 5.4 (1)");
+    Expr formula = bf * tf * q.fy / (c * q.gm1) * Ten(kToKn);
+    for (std::size_t k = 0; k <= static_cast<std::size_t>(s.npts); ++k) {
+        const double moment = std::abs(s.mysec[k]);
+        if (static_cast<double>(s.xi[k]) == check.place.x && moment > 0) {
+            const Expr mf = FlangeMoment(s, q, static_cast<int>(k) + 1, d);
+            formula = formula * (1 - Square(Sym("M_y,Ed", moment) / mf));
+        }
+    }
+    d.Add("V_bf,Rd", formula, value, "kN", "EN 1993-1-5, 5.4 (1), Eq (5.8)",
+          PlaceText(check.place));
+}
+
+// chi_w of a plate of height h and thickness t, EN 1993-1-5, 5.3.
+Expr ShearFactor(const ProjectState& s, const Quantities& q, const Expr& h, const Expr& t,
+                 const std::string& index, Document& d)
+{
+    Expr lam = h / (86.4 * t * q.eps);
     if (s.webstiff != 0) {
-        const Expr ratio = Square(q.hw / Sym("a", s.webstiffa));
-        const Expr k = Step(d, "k_τ", s.webstiffa >= s.hw ? 5.34 + 4 * ratio : 4 + 5.34 * ratio, "",
-                            "EN 1993-1-5, A.3 (1)");
-        lam = Step(d, "~λ_w", q.hw / (37.4 * q.tw * q.eps * Root(k)), "",
+        const Expr ratio = Square(h / Sym("a", s.webstiffa));
+        const Expr k =
+            Step(d, "k_τ", s.webstiffa >= Evaluate(h) ? 5.34 + 4 * ratio : 4 + 5.34 * ratio, "",
+                 "EN 1993-1-5, A.3 (1)");
+        lam = Step(d, "~λ_" + index, h / (37.4 * t * q.eps * Root(k)), "",
                    "EN 1993-1-5, 5.3 (3), Eq (5.6)");
     } else {
-        lam = Step(d, "~λ_w", lam, "", "EN 1993-1-5, 5.3 (3), Eq (5.5)");
+        lam = Step(d, "~λ_" + index, lam, "", "EN 1993-1-5, 5.3 (3), Eq (5.5)");
     }
     const double slenderness = Evaluate(lam);
     const bool rigid = s.endstiff != 0 && slenderness >= 1.08;
-    const Expr chi = Step(d, "χ_w",
-                          rigid                         ? 1.37 / (0.7 + lam)
-                          : slenderness < 0.83 / s.neta ? q.eta
-                                                        : 0.83 / lam,
-                          "", "EN 1993-1-5, Table 5.1", rigid ? "rigid end post" : "");
+    return Step(d, "χ_" + index,
+                rigid                         ? 1.37 / (0.7 + lam)
+                : slenderness < 0.83 / s.neta ? q.eta
+                                              : 0.83 / lam,
+                "", "EN 1993-1-5, Table 5.1", rigid ? "rigid end post" : "");
+}
+
+bool Boxed(const ProjectState& s)
+{
+    return Is(s, Kind::hollow, Kind::box);
+}
+
+// Two webs, or two flanges, of hollow sections and box columns; nothing of the other walls, D174.
+void AddWallShear(const ProjectState& s, const Quantities& q, bool z, Document& d)
+{
+    const double value = z ? s.vbrd : s.vcyrd;
+    if (s.checkwebbuck == kTrue) {
+        d.Add(z ? "V_z,Rd" : "V_y,Rd", z ? Sym("V_pl,z,Rd", s.vplzrd) : Sym("V_pl,y,Rd", s.vplyrd),
+              value, "kN", "6.2.6", "buckling left out");
+        return;
+    }
+    const Expr h = z ? q.hw : Sym("b_w", s.bw), t = z ? q.tw : q.tf;
+    const Expr chi = ShearFactor(s, q, h, t, z ? "w" : "f", d);
+    const Expr area = z ? Sym("A_v,z", s.avz) : Sym("A_v,y", s.avy);
+    const Expr strength = q.fy / Root(Num(3)) * Ten(kToKn);
+    d.Add(z ? "V_z,Rd" : "V_y,Rd",
+          Least({chi * area * strength / (z ? q.gm1 : q.gm0),
+                 2 * q.eta * h * q.tw * strength / q.gm1}),
+          value, "kN", "EN 1993-1-5, 5.2 (1)", z ? "" : "D172");
+}
+
+// EN 1993-1-5, 5.2 to 5.4, at the section of the check.
+void AddShearBuckling(const ProjectState& s, const Quantities& q, Document& d)
+{
+    const Expr chi = ShearFactor(s, q, q.hw, q.tw, "w", d);
     const Expr webs = Webs(s) == 2 ? 2 * q.hw * q.tw : q.hw * q.tw;
     const Expr strength = webs * q.fy / (Root(Num(3)) * q.gm1) * Ten(kToKn);
     const Expr web = Step(d, "V_bw,Rd", chi * strength, "kN", "EN 1993-1-5, 5.2 (1), Eq (5.2)");
@@ -147,7 +237,7 @@ void AddShearBuckling(const ProjectState& s, const Quantities& q, Document& d)
         d.Add("V_z,Rd", q.eta * strength, total, "kN", "EN 1993-1-5, 5.2 (1), Eq (5.1)",
               "upper limit");
     } else if (flanges > kRounding * total) {
-        d.Add("V_bf,Rd", flanges, "kN", "EN 1993-1-5, 5.4 (1), Eq (5.8)", place);
+        AddFlangeShear(s, q, check, flanges, d);
         d.Add("V_z,Rd", web + Sym("V_bf,Rd", flanges), total, "kN",
               "EN 1993-1-5, 5.2 (1), Eq (5.1)", place);
     }
@@ -198,15 +288,17 @@ void AddShearResistanceZ(const ProjectState& s, Document& d)
     const bool slender = web && SlenderInShear(s);
     const Expr area = Sym("A_v,z", s.avz);
     d.Add("A_v,z",
-          !slender       ? ShearAreaZ(s, q)
-          : Webs(s) == 2 ? 2 * q.hw * q.tw
-                         : q.hw * q.tw,
+          !slender || Boxed(s) ? ShearAreaZ(s, q)
+          : Webs(s) == 2       ? 2 * q.hw * q.tw
+                               : q.hw * q.tw,
           s.avz, "mm2", "6.2.6 (3)");
     const Expr plastic = Step(d, "V_pl,z,Rd", area * q.fy / (Root(Num(3)) * q.gm0) * Ten(kToKn),
                               "kN", "6.2.6 (2), Eq (6.18)");
     if (Is(s, Kind::angle) || Is(s, Kind::flat)) {
         d.Add("V_z,Rd", plastic / Num(1.5), s.vzrd, "kN", "6.2.6 (4)",
               "parabola of the shear stress");
+    } else if (slender && Boxed(s)) {
+        AddWallShear(s, q, true, d);
     } else if (slender) {
         AddShearBuckling(s, q, d);
     } else if (s.vbrd != s.vplzrd) {
@@ -225,15 +317,16 @@ void AddShearResistanceY(const ProjectState& s, Document& d)
         Step(d, "V_pl,y,Rd", Sym("A_v,y", s.avy) * q.fy / (Root(Num(3)) * q.gm0) * Ten(kToKn), "kN",
              "6.2.6 (2), Eq (6.18)");
     const double value = Evaluate(plastic);
-    const bool parabola = std::abs(s.vcyrd * 1.5 - value) <= 1e-6 * value;
+    const double used = Is(s, Kind::angle) ? s.vyrd : s.vcyrd;
+    const bool parabola = std::abs(used * 1.5 - value) <= 1e-6 * value;
     if (parabola) {
         const bool elastic = Is(s, Kind::angle) || Is(s, Kind::flat);
-        d.Add("V_y,Rd", plastic / Num(1.5), s.vcyrd, "kN", elastic ? "6.2.6 (4)" : "6.2.6",
+        d.Add("V_y,Rd", plastic / Num(1.5), used, "kN", elastic ? "6.2.6 (4)" : "6.2.6",
               elastic ? Line("parabola of the shear stress")
                       : Line("of the ratio; the test of half the resistance takes ") +
                             Line(Symbol("V_pl,y,Rd")) + Line("; D152"));
-    } else if (s.vcyrd != 0 && std::abs(s.vcyrd - value) > 1e-6 * value) {
-        d.Add("V_y,Rd", s.vcyrd, "kN", "EN 1993-1-5, 5.2", "the flanges buckle in shear");
+    } else if (used != 0 && std::abs(used - value) > 1e-6 * value) {
+        AddWallShear(s, q, false, d);
     }
 }
 

@@ -78,9 +78,9 @@ void AddServiceability(const CalculatedMember& m, Document& d)
     if (deflection) {
         d.Part("Deflection");
         AddDeflectionLimit(s, 'z', d);
-        AddCheck(d, s.checklist[CheckId::deflection_z]);
+        AddCheck(d, s.checklist[CheckId::deflection_z], CombinationOf(s, true));
         AddDeflectionLimit(s, 'y', d);
-        AddCheck(d, s.checklist[CheckId::deflection_y]);
+        AddCheck(d, s.checklist[CheckId::deflection_y], CombinationOf(s, true));
         for (const CheckPair& pair : CheckPairs()) {
             if (!pair.standard || !IsDeflection(*pair.standard) ||
                 !m.standard.checks[*pair.standard].present) {

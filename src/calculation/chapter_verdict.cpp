@@ -4,7 +4,6 @@
 
 #include "core/check_text.h"
 
-#include <cctype>
 #include <cmath>
 
 namespace kestrum {
@@ -13,13 +12,6 @@ namespace {
 
 constexpr int kRatioDigits = 4;
 
-std::string Lowered(std::string_view name)
-{
-    std::string text(name);
-    text.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(text.front())));
-    return text;
-}
-
 std::string RatioText(double ratio)
 {
     constexpr double kSmall = 1e-3, kSteps = 1e4;
@@ -27,16 +19,6 @@ std::string RatioText(double ratio)
         return "0.000" + NumberText(std::round(ratio * kSteps), 1);
     }
     return std::isfinite(ratio) ? ResultText(ratio, kRatioDigits) : "infinite";
-}
-
-std::string NameOfStandard(standard::CheckId id)
-{
-    for (const CheckPair& pair : CheckPairs()) {
-        if (pair.standard == id) {
-            return Lowered(pair.name);
-        }
-    }
-    return std::string(NameOf(id));
 }
 
 void AddBox(const CalculatedMember& m, Document& d)
@@ -56,7 +38,7 @@ void AddBox(const CalculatedMember& m, Document& d)
     const standard::StandardResult& result = m.standard;
     text = "EN 1993-1-1 as written: " + std::string(standard::VerdictOf(result));
     if (result.rated) {
-        text += ", IR = " + RatioText(result.ir) + " (" + NameOfStandard(result.governing) + ", " +
+        text += ", IR = " + RatioText(result.ir) + " (" + NameInText(result.governing) + ", " +
                 std::string(result.checks[result.governing].clause) + ")";
     }
     d.Say(text, result.rated && !result.above ? Paragraph::Kind::verdict_good
@@ -83,7 +65,7 @@ std::string GoverningName(const CalculatedMember& m)
     for (const CheckPair& pair : CheckPairs()) {
         const Check* const check = LargestOf(pair, m.s.checklist);
         if (check != nullptr && check->ratio == m.outcome.ir) {
-            return Lowered(pair.name);
+            return InText(pair.name);
         }
     }
     return m.outcome.control;
@@ -97,6 +79,7 @@ void AddVerdict(const CalculatedMember& m, Document& d)
     TextTable table{.columns = {{"Check"},
                                 {"IR, program", true},
                                 {"where"},
+                                {"combination"},
                                 {"clause"},
                                 {"IR, standard", true},
                                 {"where"},
@@ -113,10 +96,12 @@ void AddVerdict(const CalculatedMember& m, Document& d)
         }
         std::vector<Line> row{pair.name};
         if (check != nullptr) {
-            row.insert(row.end(), {Ratio(check->ratio, check->status == kAbove),
-                                   PlaceText(check->place), TextsOf(check->form).clause});
+            row.insert(row.end(),
+                       {Ratio(check->ratio, check->status == kAbove), PlaceText(check->place),
+                        CombinationOf(m.s, pair.standard && IsDeflection(*pair.standard)),
+                        TextsOf(check->form).clause});
         } else {
-            row.insert(row.end(), {"-", "", ""});
+            row.insert(row.end(), {"-", "", "", ""});
         }
         if (other != nullptr) {
             row.insert(row.end(),

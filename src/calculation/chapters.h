@@ -29,6 +29,9 @@ struct CalculatedMember {
 // "lateral torsional buckling": the check of the program with the largest ratio.
 std::string GoverningName(const CalculatedMember& m);
 
+// The combination of the program's checks, short: "6.10b", "end forces"; `service`: of deflections.
+std::string CombinationOf(const ProjectState& s, bool service);
+
 void AddVerdict(const CalculatedMember& m, Document& d);
 void AddInputs(const CalculatedMember& m, Document& d);
 void AddSection(const CalculatedMember& m, Document& d);

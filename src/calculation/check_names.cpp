@@ -3,6 +3,7 @@
 #include "core/check_text.h"
 
 #include <algorithm>
+#include <cctype>
 #include <utility>
 
 namespace kestrum {
@@ -61,6 +62,23 @@ const std::vector<CheckPair>& CheckPairs()
 {
     static const std::vector<CheckPair> kPairs = Paired();
     return kPairs;
+}
+
+std::string InText(std::string_view title)
+{
+    std::string text(title);
+    text.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(text.front())));
+    return text;
+}
+
+std::string NameInText(standard::CheckId id)
+{
+    for (const CheckPair& pair : CheckPairs()) {
+        if (pair.standard == id) {
+            return InText(pair.name);
+        }
+    }
+    return std::string(standard::NameOf(id));
 }
 
 const Check* LargestOf(const CheckPair& pair, const CheckList& list)

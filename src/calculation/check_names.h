@@ -6,6 +6,7 @@
 #include "standard/result.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -17,6 +18,11 @@ struct CheckPair {
     std::optional<standard::CheckId> standard;
 };
 const std::vector<CheckPair>& CheckPairs();
+
+// "flexural buckling about y": the check of the standard in running text.
+std::string NameInText(standard::CheckId id);
+// The same of a title.
+std::string InText(std::string_view title);
 
 // The judged check of the pair with the largest ratio, null without one.
 const Check* LargestOf(const CheckPair& pair, const CheckList& list);

@@ -3,7 +3,6 @@
 #include "report/figure_tools.h"
 #include "report/section_outline.h"
 #include "sections/families.h"
-#include "standard/effective_study.h"
 
 #include <algorithm>
 #include <cmath>
@@ -61,41 +60,26 @@ Drawing DrawEffective(const ProjectState& s, const std::vector<LostPart>& lost, 
 
 }  // namespace
 
-void AddEffectiveFigures(const CalculatedMember& m, Document& d)
+void AddEffectiveFigures(const ProjectState& s, const standard::EffectiveStudy& study, Document& d)
 {
-    const auto study = standard::EffectiveStudyOf(m.library, m.input);
-    if (!study) {
-        return;
-    }
-    const ProjectState& s = m.s;
     std::vector<Figure> figures;
-    if (s.classn == 4 && !study->compression.empty()) {
-        const bool shifts = !study->doubly_symmetric;
+    if (s.classn == 4 && !study.compression.empty()) {
+        const bool shifts = study.Shifts();
         figures.push_back(
-            {DrawEffective(s, study->compression, shifts ? study->compressed.yc : 0,
-                           shifts ? study->compressed.zc : 0),
+            {DrawEffective(s, study.compression, shifts ? study.compressed.yc : 0,
+                           shifts ? study.compressed.zc : 0),
              shifts ? "Compression; centroid grey, that of what counts red" : "Compression", 58});
     }
-    if (!study->sagging.empty()) {
-        figures.push_back({DrawEffective(s, study->sagging, 0, 0), "Sagging My", 58});
+    if (!study.sagging.empty()) {
+        figures.push_back({DrawEffective(s, study.sagging, 0, 0), "Sagging My", 58});
     }
-    if (!study->hogging.empty() && !study->doubly_symmetric) {
-        figures.push_back({DrawEffective(s, study->hogging, 0, 0), "Hogging My", 58});
+    if (!study.hogging.empty() && study.Shifts()) {
+        figures.push_back({DrawEffective(s, study.hogging, 0, 0), "Hogging My", 58});
     }
-    if (figures.empty()) {
-        return;
-    }
-    d.Say("What does not count has a red edge, by EN 1993-1-5, 4.4 as written.",
-          Paragraph::Kind::remark);
-    d.Show(std::move(figures));
-    const standard::EffectiveValues& v = study->values;
-    if (s.classn == 4 && !study->doubly_symmetric) {
-        if (v.eny > 0) {
-            d.Add("e_N,y", v.eny, "mm", "6.2.9.3 (2)", "shift of the centroid along z");
-        }
-        if (v.enz > 0) {
-            d.Add("e_N,z", v.enz, "mm", "6.2.9.3 (2)", "shift of the centroid along y");
-        }
+    if (!figures.empty()) {
+        d.Say("What does not count has a red edge, by EN 1993-1-5, 4.4 as written.",
+              Paragraph::Kind::remark);
+        d.Show(std::move(figures));
     }
 }
 

@@ -3,12 +3,13 @@
 // The effective section of class 4 as a picture: the parts that count, those that are lost, and how
 // far the centroid moves.
 
-#include "calculation/chapters.h"
+#include "core/project_state.h"
+#include "document/document.h"
+#include "standard/effective_study.h"
 
 namespace kestrum {
 
-// In compression, and under each sign of My that acts; nothing where the standard basis does not
-// take the section.
-void AddEffectiveFigures(const CalculatedMember& m, Document& d);
+// In compression, and under each sign of My that acts.
+void AddEffectiveFigures(const ProjectState& s, const standard::EffectiveStudy& study, Document& d);
 
 }  // namespace kestrum

@@ -2,6 +2,7 @@
 
 #include "calculation/quantities.h"
 #include "calculation/standard_member.h"
+#include "calculation/standard_shear.h"
 
 #include "core/member_choices.h"
 #include "standard/check_study.h"
@@ -72,11 +73,12 @@ private:
     Expr Linear();
     Expr Plastic();
     Expr Web();
+    Expr ShareOfPlates(bool y) const;
+    void AddSheared(const std::string& symbol, std::string_view whole, double left, bool moment);
     void Rho(bool z);
     Expr Corner(const standard::CornerTerms& corner);
     Expr Whole(const char* symbol, const char* modulus, double value, bool moment,
                const char* clause);
-    Expr Value(const char* symbol, double value, const char* unit, const char* clause);
 
     const SectionTerms& t_;
     const StandardSection& q_;
@@ -84,10 +86,31 @@ private:
     Document& d_;
 };
 
-Expr AtSection::Value(const char* symbol, double value, const char* unit, const char* clause)
+// Area or modulus in which the parts that carry shear have the strength (1 - ρ) fy: of I sections
+// about y by Eq (6.30), of bars and tubes the whole.
+void AtSection::AddSheared(const std::string& symbol, std::string_view whole, double left,
+                           bool moment)
 {
-    d_.Add(symbol, value, unit, clause);
-    return Sym(symbol, value);
+    const bool y = whole.ends_with(",y"), plastic = whole.starts_with("W_pl");
+    const Expr rho_z = Sym("ρ_z", t_.rho.z), rho_y = Sym("ρ_y", t_.rho.y);
+    Expr formula;
+    const auto from = [&](double all) { return Sym(whole, all); };
+    if (q_.kind == Kind::flat || q_.kind == Kind::tube || q_.kind == Kind::general) {
+        const bool by_z = t_.rho.z >= t_.rho.y;
+        const double rho = by_z ? t_.rho.z : t_.rho.y;
+        formula = rho < 1 ? from(left / (1 - rho)) * (1 - Sym(by_z ? "ρ_z" : "ρ_y", rho)) : nullptr;
+    } else if (moment && y && plastic && t_.rho.y == 0 && !q_.Closed()) {
+        const Expr web = Square(Sym("h_w", q_.hw)) * Sym("t_w", q_.tw);
+        formula = from(q_.wply) - rho_z * web / Num(4);
+    } else if (moment && plastic && !y && !q_.Closed()) {
+        formula = from(q_.wplz) - rho_y * Sym("t_f", q_.top.t) * Square(Sym("b", q_.b)) / Num(2);
+    } else if (!moment) {
+        const Expr web = Sym("h_w", q_.hw) * Sym("t_w", q_.tw);
+        formula = from(q_.a) - rho_z * (q_.webs > 1 ? Num(q_.webs) * web : web) -
+                  rho_y * 2 * Sym("b", q_.b) * Sym("t_f", q_.top.t);
+    }
+    d_.Add(symbol, formula, left, moment ? "mm3" : "mm2", "6.2.8 (3), (5)",
+           "parts that carry shear with (1 - ρ) of their strength");
 }
 
 // A resistance that shear may have reduced.
@@ -96,7 +119,12 @@ Expr AtSection::Whole(const char* symbol, const char* modulus, double value, boo
 {
     const double unit = moment ? kNmm : kNewton;
     if (t_.rho.z > 0 || t_.rho.y > 0) {
-        return Value(symbol, value / unit, moment ? "kNm" : "kN", "6.2.8, 6.2.10");
+        const std::string reduced = std::string(modulus) + ",V";
+        AddSheared(reduced, modulus, value * q_.gammam0 / q_.fy, moment);
+        d_.Add(symbol,
+               Sym(reduced, value * q_.gammam0 / q_.fy) * Strength() * Ten(moment ? kToKnm : kToKn),
+               value / unit, moment ? "kNm" : "kN", "6.2.8, 6.2.10");
+        return Sym(symbol, value / unit);
     }
     d_.Add(symbol,
            Sym(modulus, value * q_.gammam0 / q_.fy) * Strength() * Ten(moment ? kToKnm : kToKn),
@@ -151,14 +179,14 @@ Expr AtSection::Shear(bool z)
     }
     const std::string symbol = "V_" + axis + ",Rd";
     if (r.slender) {
-        d_.Add("V_bw,Rd", r.web / kNewton, "kN", "EN 1993-1-5, 5.2 (1)");
-        d_.Add(symbol, r.total / kNewton, "kN", "EN 1993-1-5, 5.2 (1), Eq (5.1)",
-               "with the part of the flanges, not above the plastic one");
+        const double total = r.total / kNewton;
+        if (z && t_.shear) {
+            BucklingEquations(t_, q_, d_).AddWeb(symbol, total);
+        } else {
+            BucklingEquations(t_, q_, d_).AddFlanges(symbol, total);
+        }
     } else {
-        const Expr area = Sym("A_v," + axis, z ? q_.avz : q_.avy);
-        d_.Add(symbol,
-               area * Sym("f_y", q_.fy) / (Root(Num(3)) * Sym("γ_M0", q_.gammam0)) * Ten(kToKn),
-               r.total / kNewton, "kN", "6.2.6 (2), Eq (6.18)");
+        d_.Add(symbol, PlasticShear(q_, z), r.total / kNewton, "kN", "6.2.6 (2), Eq (6.18)");
     }
     return v / Sym(symbol, r.total / kNewton);
 }
@@ -198,7 +226,11 @@ Expr AtSection::Bending(bool y)
     const char* const kind = cls <= 2 && !q_.elastic ? "pl" : cls <= 3 ? "el" : "eff";
     const std::string axis = y ? "y" : "z", symbol = (reduced ? "M_V," : "M_") + axis + ",Rd";
     if (reduced) {
-        d_.Add(symbol, resistance / kNmm, "kNm", "6.2.8");
+        const std::string whole = std::string("W_") + kind + "," + axis;
+        const double left = resistance * q_.gammam0 / q_.fy;
+        AddSheared(whole + ",V", whole, left, true);
+        d_.Add(symbol, Sym(whole + ",V", left) * Strength() * Ten(kToKnm), resistance / kNmm, "kNm",
+               "6.2.8");
     } else {
         d_.Add(symbol,
                Sym(std::string("W_") + kind + "," + axis, resistance * q_.gammam0 / q_.fy) *
@@ -243,6 +275,16 @@ Expr AtSection::Linear()
     return sum;
 }
 
+// a of 6.2.9.1 (5): what is no flange (about z: no web) of the whole area.
+Expr AtSection::ShareOfPlates(bool y) const
+{
+    const Expr area = Sym("A", q_.a);
+    Expr out = y || t_.rule != SectionTerms::Rule::closed
+                   ? 2 * Sym("b", q_.b) * Sym("t_f", q_.top.t)
+                   : 2 * Sym("h", q_.kind == Kind::box ? q_.hw : q_.h) * Sym("t_w", q_.tw);
+    return Least({Num(0.5), (area - out) / area});
+}
+
 Expr AtSection::Plastic()
 {
     using Rule = SectionTerms::Rule;
@@ -266,7 +308,7 @@ Expr AtSection::Plastic()
         } else if (reduced) {
             const double share = std::min(y ? t_.web_y : t_.web_z, 0.5);
             const Expr a = Sym(y ? "a" : "a_z", share);
-            d_.Add(y ? "a" : "a_z", share, "", "6.2.9.1 (5)");
+            d_.Add(y ? "a" : "a_z", ShareOfPlates(y), share, "", "6.2.9.1 (5)");
             formula = y || t_.rule == Rule::closed ? Least({m, m * (1 - n) / (1 - 0.5 * a)})
                                                    : m * (1 - Square((n - a) / (1 - a)));
         }
@@ -281,8 +323,12 @@ Expr AtSection::Plastic()
     }
     if (t_.alpha > 0) {
         const Expr y = moment(true), z = moment(false);
-        d_.Add("α", t_.alpha, "", "6.2.9.1 (6)");
-        d_.Add("β", t_.beta, "", "6.2.9.1 (6)");
+        const bool closed = t_.rule == Rule::closed;
+        const Expr share = n == nullptr ? Sym("n", 0) : n;
+        const Expr hollow = Least({Num(6), 1.66 / (1 - 1.13 * Square(share))});
+        d_.Add("α", closed ? hollow : nullptr, t_.alpha, "", "6.2.9.1 (6)",
+               closed ? "" : "I and H sections");
+        d_.Add("β", closed ? hollow : Largest({Num(1), 5 * share}), t_.beta, "", "6.2.9.1 (6)");
         return Power(y, Sym("α", t_.alpha)) + Power(z, Sym("β", t_.beta));
     }
     if (t_.my != 0 && t_.mz != 0) {
@@ -305,8 +351,11 @@ Expr AtSection::Combined()
     Rho(false);
     if (t_.across > 0) {
         const Expr along = Step(d_, "η_1", Linear(), "", "6.2.1 (7)", "along the member");
-        d_.Add("η_2", t_.across, "", "6.2.1 (5)",
-               "plate of the loaded flange across the member, load 60 mm from the web; D185");
+        d_.Add("η_2",
+               4 * Sym("q", t_.flange_load) * Num(60) /
+                   (Strength() * Square(Sym("t_bot", q_.bottom.t))),
+               t_.across, "", "6.2.1 (5)",
+               "plate of the loaded flange across the member, q N/mm at 60 mm from the web; D185");
         const Expr across = Sym("η_2", t_.across);
         return Root(Square(along) + Square(across) + along * across);
     }
@@ -316,13 +365,12 @@ Expr AtSection::Combined()
 // EN 1993-1-5, 7.1 (1).
 Expr AtSection::Web()
 {
+    BucklingEquations buckling(t_, q_, d_);
+    const Expr web = t_.shear ? buckling.Web() : Sym("V_bw,Rd", t_.along_z.web / kNewton);
     const Expr eta =
-        Step(d_, "~η_3",
-             Force("V_z,Ed", t_.vz, kNewton) /
-                 Value("V_bw,Rd", t_.along_z.web / kNewton, "kN", "EN 1993-1-5, 5.2 (1)"),
-             "", "EN 1993-1-5, 7.1 (1)");
-    const Expr mf = Value("M_f,Rd", t_.flanges / kNmm, "kNm", "EN 1993-1-5, 7.1 (1)");
-    const Expr mpl = Value("M_pl,Rd", t_.whole / kNmm, "kNm", "EN 1993-1-5, 7.1 (1)");
+        Step(d_, "~η_3", Force("V_z,Ed", t_.vz, kNewton) / web, "", "EN 1993-1-5, 7.1 (1)");
+    const Expr mf = buckling.FlangeMoment(t_.flanges);
+    const Expr mpl = buckling.WholeMoment();
     return Force("M_y,Ed", t_.my, kNmm) / mpl +
            Largest({Num(0), 1 - mf / mpl}) * Square(2 * eta - Num(1));
 }

@@ -2,6 +2,7 @@
 
 #include "calculation/annex_a_equations.h"
 #include "calculation/quantities.h"
+#include "calculation/standard_lateral.h"
 
 #include <cmath>
 
@@ -34,10 +35,15 @@ private:
     Expr Squash(const standard::Reductions& r) const { return Sym("N_Rk", r.squash / kNewton); }
     Expr Resistance(const char* symbol, const char* chi, double reduction,
                     const standard::Reductions& r);
+    Expr LateralReduction();
     Expr MomentY();
     Expr MomentZ();
     void AnnexA();
     void AnnexB();
+    void AddTorsionalForces();
+    void UniformSlenderness();
+    Expr CmA(bool y, double ncr);
+    Expr CmB(const char* symbol, const standard::CmTerms& terms, double cm);
 
     const ProjectState& in_;
     const MemberTerms& t_;
@@ -72,8 +78,16 @@ Expr OfMember::Column(bool y)
         d_.Add("N_cr," + n,
                Square(Pi()) * Sym("E", q_.e) * Sym("I_" + n, inertia) / Square(length) * Ten(-9),
                ncr / kNewton, "kN", "6.3.1.2 (1)");
-        d_.Add("~λ_" + n, Root(Squash(t_.column) / Sym("N_cr," + n, ncr / kNewton)), lam, "",
-               angle && q_.angle.two_bolts ? "BB.1.2 (2)" : "6.3.1.2 (1)");
+        const Expr slenderness = Root(Squash(t_.column) / Sym("N_cr," + n, ncr / kNewton));
+        if (!angle || !q_.angle.two_bolts) {
+            d_.Add("~λ_" + n, slenderness, lam, "", "6.3.1.2 (1)");
+        } else if (y) {
+            d_.Add("~λ_y", 0.5 + 0.7 * slenderness, lam, "", "BB.1.2 (2)");
+        } else {
+            const Expr about_z = slenderness * Root(Sym("I_v", inertia) / Sym("I_z", q_.iz));
+            d_.Add("~λ_v", Largest({0.5 + 0.7 * about_z, 0.35 + 0.7 * slenderness}), lam, "",
+                   "BB.1.2 (2)");
+        }
     }
     const std::string symbol = "χ_" + n;
     if (lam > 0.2) {
@@ -85,17 +99,67 @@ Expr OfMember::Column(bool y)
         d_.Add(symbol, Least({Num(1), 1 / (phi + Root(Square(phi) - Square(slenderness)))}), chi,
                "", "6.3.1.2 (1), Eq (6.49)");
     } else {
-        d_.Add(symbol, chi, "", "6.3.1.2 (4)");
+        d_.Add(symbol, chi, "", "6.3.1.2 (4)",
+               std::isfinite(ncr) ? "slenderness of 0.2 or less"
+                                  : "does not buckle about this axis");
     }
     return N() / Resistance(("N_b," + n + ",Rd").c_str(), symbol.c_str(), chi, t_.column);
 }
 
+// Ncr,T, and Ncr,TF where the shear centre is not the centroid.
+void OfMember::AddTorsionalForces()
+{
+    const standard::TorsionTerms& at = t_.torsion;
+    const bool angle = q_.Angle();
+    const Expr ip2 = (Sym("I_y", q_.iy) + Sym("I_z", q_.iz)) / Sym("A", q_.a);
+    const Expr y0 = Sym(angle ? "u_0" : "y_0", std::abs(at.y));
+    const Expr z0 = Sym(angle ? "v_0" : "z_0", std::abs(at.z));
+    Expr polar = ip2;
+    if (at.y != 0) {
+        polar = polar + Square(y0);
+    }
+    if (at.z != 0) {
+        polar = polar + Square(z0);
+    }
+    const Expr i0 = Step(d_, "i_0", Root(polar), "mm", "EN 1993-1-3, 6.2.3 (5)",
+                         at.y != 0 || at.z != 0 ? "with the distance of the shear centre" : "");
+    Expr stiffness = Sym("E", q_.e) / Num(2.6) * Sym("I_T", q_.it);
+    if (at.iw > 0) {
+        stiffness = stiffness + Square(Pi()) * Sym("E", q_.e) * Sym("I_w", at.iw) /
+                                    Square(Sym("L_T", at.length));
+    }
+    d_.Add("N_cr,T", stiffness / Square(i0) * Ten(kToKn), t_.ncr.t / kNewton, "kN",
+           "6.3.1.4; EN 1993-1-3, 6.2.3 (5)");
+    if (!std::isfinite(t_.ncr.tf) || (at.y == 0 && at.z == 0)) {
+        return;
+    }
+    const Expr torsion = Sym("N_cr,T", t_.ncr.t / kNewton);
+    const Expr about_y = Sym(angle ? "N_cr,u" : "N_cr,y", at.about_y / kNewton);
+    const Expr about_z = Sym(angle ? "N_cr,v" : "N_cr,z", t_.ncr.z / kNewton);
+    const Expr result = Sym("N_cr,TF", t_.ncr.tf / kNewton);
+    Expr formula, remark_of;
+    if (at.y == 0 || at.z == 0) {  // the axis of symmetry couples
+        const Expr flexural = at.y == 0 ? about_z : about_y;
+        const Expr beta =
+            Step(d_, "β", 1 - Square((at.y == 0 ? z0 : y0) / i0), "", "EN 1993-1-3, 6.2.3 (7)");
+        const Expr sum = flexural + torsion;
+        formula =
+            2 * flexural * torsion / (sum + Root(Square(sum) - 4 * beta * flexural * torsion));
+    } else {
+        const auto part = [&](const Expr& distance, const Expr& flexural, double ncr) {
+            return std::isfinite(ncr) ? Square(distance) / (flexural - result) : nullptr;
+        };
+        const Expr of_y = part(y0, about_y, at.about_y), of_z = part(z0, about_z, t_.ncr.z);
+        const Expr coupled = of_y == nullptr ? of_z : of_z == nullptr ? of_y : of_y + of_z;
+        formula = coupled == nullptr ? nullptr : torsion - Square(result / i0) * coupled;
+    }
+    d_.Add("N_cr,TF", formula, t_.ncr.tf / kNewton, "kN", "6.3.1.4; EN 1993-1-3, 6.2.3 (7)",
+           at.y == 0 || at.z == 0 ? "" : "smallest root of this equation");
+}
+
 Expr OfMember::Torsional()
 {
-    d_.Add("N_cr,T", t_.ncr.t / kNewton, "kN", "6.3.1.4; EN 1993-1-3, 6.2.3 (5)");
-    if (std::isfinite(t_.ncr.tf)) {
-        d_.Add("N_cr,TF", t_.ncr.tf / kNewton, "kN", "6.3.1.4; EN 1993-1-3, 6.2.3 (7)");
-    }
+    AddTorsionalForces();
     const double least = t_.ncr.Torsional();
     d_.Add("~λ_T", Root(Squash(t_.column) / Sym("N_cr", least / kNewton)), t_.column.lamt, "",
            "6.3.1.4 (2), Eq (6.52)");
@@ -105,14 +169,27 @@ Expr OfMember::Torsional()
             Step(d_, "Φ_T", 0.5 * (1 + alpha * (lam - Num(0.2)) + Square(lam)), "", "6.3.1.2 (1)");
         d_.Add("χ_T", Least({Num(1), 1 / (phi + Root(Square(phi) - Square(lam)))}), t_.column.chit,
                "", "6.3.1.2 (1), Eq (6.49)");
+    } else {
+        d_.Add("χ_T", t_.column.chit, "", "6.3.1.2 (4)", "slenderness of 0.2 or less");
     }
     return N() / Resistance("N_b,T,Rd", "χ_T", t_.column.chit, t_.column);
 }
 
 Expr OfMember::Lateral()
 {
-    AddStandardLateral(t_.lateral, q_.gammam1, d_);
+    AddStandardLateral(in_, t_.lateral, q_, d_);
     return Sym("M_y,Ed", t_.lateral.checked) / Sym("M_b,Rd", t_.lateral.resistance);
+}
+
+// What leads to chi_LT, and chi_LT; 1 where the member cannot twist or has no moment about y.
+Expr OfMember::LateralReduction()
+{
+    if (t_.lateral.mcr > 0) {
+        AddStandardLateral(in_, t_.lateral, q_, d_);
+    } else {
+        d_.Add("χ_LT", t_.lateral.chi, "", "6.3.2.1 (2)", "no lateral torsional buckling");
+    }
+    return Sym("χ_LT", t_.lateral.chi);
 }
 
 // M_y,Rk of the class over the partial factor, kNm.
@@ -128,12 +205,59 @@ Expr OfMember::MomentZ()
                 "6.3.3, Table 6.7");
 }
 
+// Table A.2; null without a moment.
+Expr OfMember::CmA(bool y, double ncr)
+{
+    const standard::CmTerms& terms = y ? t_.cm_y : t_.cm_z;
+    const std::string axis = y ? "y" : "z";
+    if (terms.moment == 0 || !std::isfinite(ncr)) {
+        return nullptr;
+    }
+    const Expr n = N() / Sym("N_cr," + axis, ncr / kNewton);
+    if (terms.span.straight) {
+        d_.Add("ψ_" + axis, Sym("M_2", terms.span.psi * terms.span.mh) / Sym("M_1", terms.span.mh),
+               terms.span.psi, "", "Table A.2", "of the end moments");
+        const Expr psi = Sym("ψ_" + axis, terms.span.psi);
+        return 0.79 + 0.21 * psi + 0.36 * (psi - Num(0.33)) * n;
+    }
+    const Expr stiffness = Square(Pi()) * Sym("E", q_.e) * Sym("I_" + axis, y ? q_.iy : q_.iz);
+    const Expr ratio =
+        stiffness * Sym(y ? "δ_z" : "δ_y", std::abs(terms.deflection)) /
+        (Square(Sym("L", in_.l)) * Sym("M_" + axis + ",Ed", std::abs(terms.moment))) * Ten(-12);
+    const Expr formula = 1 + (ratio - Num(1)) * n;
+    return formula;
+}
+
+// Slenderness under uniform moment, Annex A.
+void OfMember::UniformSlenderness()
+{
+    const standard::UniformMomentTerms& u = t_.uniform;
+    const Expr length = Sym("L_0", u.length);
+    const Expr eiz =
+        Sym("E", q_.e) * Sym(q_.Angle() ? "I_v" : "I_z", q_.Angle() ? q_.angle.iv : q_.iz);
+    Expr torsion = Sym("E", q_.e) / Num(2.6) * Sym("I_T", q_.it);
+    if (u.eiw > 0) {
+        torsion = torsion + Square(Pi() / length) * Sym("E", q_.e) * Sym("I_w", u.eiw / q_.e);
+    }
+    d_.Add("M_cr,0", Pi() / length * Root(eiz * torsion) * Ten(kToKnm), u.mcr, "kNm", "Table A.1",
+           "uniform moment, between the restraints");
+    d_.Add(
+        "~λ_0",
+        Root(Sym("W_y,c", t_.compressed) * Sym("f_y", q_.fy) * Ten(kToKnm) / Sym("M_cr,0", u.mcr)),
+        t_.a.lam0, "", "Table A.1", "under uniform moment");
+}
+
 void OfMember::AnnexA()
 {
     const clauses::AnnexAInputs& a = t_.a;
     const clauses::AnnexAFactors& f = t_.found_a;
-    d_.Add("C_my,0", a.cmy0, "", "Table A.2");
-    d_.Add("C_mz,0", a.cmz0, "", "Table A.2");
+    d_.Add("C_my,0", CmA(true, a.ncry), a.cmy0, "", "Table A.2",
+           t_.my > 0 ? "" : "no moment about this axis");
+    d_.Add("C_mz,0", CmA(false, a.ncrz), a.cmz0, "", "Table A.2",
+           t_.mz > 0 ? "" : "no moment about this axis");
+    if (a.twists) {
+        UniformSlenderness();
+    }
     AddAnnexAFactors({.ned = a.ned / kNewton,
                       .ncry = a.ncry / kNewton,
                       .ncrz = a.ncrz / kNewton,
@@ -180,14 +304,55 @@ Expr Capped(const Expr& cm, const Expr& slope, double most, const Expr& n)
     return Least({cm * (1 + slope * n), cm * (1 + Num(most) * n)});
 }
 
+// Table B.3: the column of line loads, that of point loads, or the larger of both.
+Expr OfMember::CmB(const char* symbol, const standard::CmTerms& terms, double cm)
+{
+    const standard::SpanMoments& span = terms.span;
+    Expr formula;
+    Line remark;
+    if (terms.sway && cm == 0.9) {
+        remark = Line("buckles in a sway mode");
+    } else if (span.mh == 0 && span.ms == 0) {
+        remark = Line("no moment about this axis");
+    } else {
+        const Expr psi = Sym("ψ", span.psi), mh = Sym("M_h", span.mh), ms = Sym("M_s", span.ms);
+        remark = Line("ψ = ") + NumberLine(span.psi, 4) + Line(" of the end moments");
+        const bool ends = std::abs(span.mh) >= std::abs(span.ms);
+        const auto column = [&](bool point) {
+            if (!ends) {
+                const Expr part = Num(point ? 0.1 : 0.05) * (mh / ms);
+                const bool turned = span.mh / span.ms < 0 && span.psi < 0;
+                return Num(point ? 0.9 : 0.95) + (turned ? part * (1 + 2 * psi) : part);
+            }
+            const Expr share = ms / mh;
+            if (span.ms / span.mh >= 0) {
+                return 0.2 + 0.8 * share;
+            }
+            if (span.psi >= 0) {
+                return point ? Num(0) - 0.8 * share : 0.1 - 0.8 * share;
+            }
+            return (point ? Num(-0.2) * psi : 0.1 * (1 - psi)) - 0.8 * share;
+        };
+        std::vector<Expr> of{Num(0.4)};
+        if (span.straight) {
+            of.push_back(0.6 + 0.4 * psi);
+        } else {
+            for (const bool point : {true, false}) {
+                if (point ? terms.points : terms.lines) {
+                    of.push_back(column(point));
+                }
+            }
+        }
+        formula = Largest(of);
+    }
+    d_.Add(symbol, formula, cm, "", "Table B.3", std::move(remark));
+    return Sym(symbol, cm);
+}
+
 void OfMember::AnnexB()
 {
     const clauses::AnnexBInputs& b = t_.b;
-    const auto value = [&](const char* symbol, double x) {
-        d_.Add(symbol, x, "", "Table B.3");
-        return Sym(symbol, x);
-    };
-    const Expr cmy = value("C_my", b.cmy), cmz = value("C_mz", b.cmz);
+    const Expr cmy = CmB("C_my", t_.cm_y, b.cmy), cmz = CmB("C_mz", t_.cm_z, b.cmz);
     const Expr ny = Sym("n_y", b.ny), nz = Sym("n_z", b.nz);
     const Expr lamy = Sym("~λ_y", b.lamy), lamz = Sym("~λ_z", b.lamz);
     d_.Add("k_yy",
@@ -204,7 +369,8 @@ void OfMember::AnnexB()
         d_.Add("k_zy", Num(b.plastic ? 0.6 : 0.8) * kyy, t_.k.kzy, "", kB1);
         return;
     }
-    const Expr factor = Num(b.plastic ? 0.1 : 0.05) / (value("C_mLT", b.cmlt) - Num(0.25)) * nz;
+    const Expr factor =
+        Num(b.plastic ? 0.1 : 0.05) / (CmB("C_mLT", t_.cm_lt, b.cmlt) - Num(0.25)) * nz;
     const bool low = b.plastic && b.lamz < 0.4;
     d_.Add("k_zy",
            low ? Least({0.6 + lamz, 1 - factor * lamz}) : Largest({1 - factor * lamz, 1 - factor}),
@@ -228,8 +394,7 @@ Expr OfMember::Interaction(bool y)
     }
     const Expr gamma = Sym("γ_M1", q_.gammam1);
     if (t_.my > 0) {
-        const Expr chi = Sym("χ_LT", t_.lateral.chi);
-        d_.Add("χ_LT", t_.lateral.chi, "", std::string(t_.lateral.clause));
+        const Expr chi = LateralReduction();
         const Expr k = y ? Sym("k_yy", t_.k.kyy) : Sym("k_zy", t_.k.kzy);
         add(k * Sym("M_y,Ed", t_.my / kNmm) * gamma / (chi * MomentY()));
     }
@@ -254,15 +419,18 @@ Expr OfMember::Outside()
                  "6.3.3 (1)");
         Expr acting = Sym(moment, m / kNmm);
         if (extra > 0) {
-            d_.Add(shift, extra / kNmm, "kNm", "6.2.9.3 (2)", "from the shift of the centroid");
+            const bool y = shift == std::string_view("ΔM_y");
+            const double e = extra / t_.n;
+            d_.Add(shift, N() * Sym(y ? "e_N,y" : "e_N,z", e) * Ten(-3), extra / kNmm, "kNm",
+                   "6.2.9.3 (2)", "from the shift of the centroid");
             acting = acting + Sym(shift, extra / kNmm);
         }
         sum = sum + k * acting * gamma / resistance;
     };
     if (t_.my > 0 || t_.shift_y > 0) {
-        d_.Add("χ_LT", t_.lateral.chi, "", std::string(t_.lateral.clause));
+        const Expr chi = LateralReduction();
         add("k_yy", "χ_y", r.chiy, "N_cr,y", t_.ncr.y, "M_y,Ed", t_.my, "ΔM_y", t_.shift_y,
-            Sym("χ_LT", t_.lateral.chi) * MomentY());
+            chi * MomentY());
     }
     if (t_.mz > 0 || t_.shift_z > 0) {
         add("k_zz", "χ_z", r.chiz, "N_cr,z", t_.ncr.z, "M_z,Ed", t_.mz, "ΔM_z", t_.shift_z,
@@ -276,52 +444,7 @@ Expr OfMember::Above()
     return N() / Resistance("N_b,Rd", "χ", t_.interaction.Least(t_.twists), t_.interaction);
 }
 
-// 6.3.2.2 and 6.3.2.3: chi from its slenderness.
-void AddLateralReduction(const standard::LateralResult& r, Document& d)
-{
-    const std::string clause(r.clause);
-    const Expr lam = Sym("~λ_LT", r.lam);
-    if (r.lam <= r.plateau) {
-        d.Add("χ_LT", r.chi, "", clause + " (4)",
-              Line("slenderness of ") + NumberLine(r.plateau) + Line(" or less"));
-        return;
-    }
-    const Expr bent = r.rolled ? Sym("β", r.beta) * Square(lam) : Square(lam);
-    const Expr from = r.rolled ? Sym("~λ_LT,0", r.plateau) : Num(0.2);
-    const Expr phi = Step(d, "Φ_LT", 0.5 * (1 + Sym("α_LT", r.alpha) * (lam - from) + bent), "",
-                          r.rolled ? "6.3.2.3 (1), Table 6.5" : "6.3.2.2 (1), Table 6.4");
-    const Expr curve = 1 / (phi + Root(Square(phi) - bent));
-    if (!r.rolled) {
-        d.Add("χ_LT", Least({Num(1), curve}), r.chi, "", "6.3.2.2 (1), Eq (6.56)");
-        return;
-    }
-    const Expr cap = 1 / Square(lam);
-    const Expr chi = Step(d, "χ_LT,0", Least({Num(1), cap, curve}), "", "6.3.2.3 (1), Eq (6.57)");
-    d.Add("C_1", r.c1, "", "", "of the piece that holds the largest moment");
-    const Expr kc = Sym("k_c", r.kc);
-    d.Add("k_c", Least({Num(1), 1 / Root(Sym("C_1", r.c1))}), r.kc, "", "6.3.2.3 (2), Table 6.6");
-    const Expr f =
-        Step(d, "f", Least({Num(1), 1 - 0.5 * (1 - kc) * (1 - 2 * Square(lam - Num(0.8)))}), "",
-             "6.3.2.3 (2)");
-    d.Add("χ_LT", Least({Num(1), cap, chi / f}), r.chi, "", "6.3.2.3 (2), Eq (6.58)");
-}
-
 }  // namespace
-
-void AddStandardLateral(const standard::LateralResult& r, double gammam1, Document& d)
-{
-    if (!(r.mcr > 0) || !(r.chi > 0)) {
-        return;
-    }
-    const double characteristic = r.resistance * gammam1 / r.chi;
-    d.Add("M_cr", r.mcr, "kNm", "6.3.2.2 (2)");
-    d.Add("M_Rk", characteristic, "kNm", "", "of the compressed side");
-    d.Add("~λ_LT", Root(Sym("M_Rk", characteristic) / Sym("M_cr", r.mcr)), r.lam, "",
-          "6.3.2.2 (1)");
-    AddLateralReduction(r, d);
-    d.Add("M_b,Rd", Sym("χ_LT", r.chi) * Sym("M_Rk", characteristic) / Sym("γ_M1", gammam1),
-          r.resistance, "kNm", "6.3.2.1 (3), Eq (6.55)");
-}
 
 Expr StandardMemberRatio(const ProjectState& input, const standard::CheckStudy& study,
                          standard::CheckId id, Document& d)

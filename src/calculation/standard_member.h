@@ -8,9 +8,6 @@
 
 namespace kestrum {
 
-// Critical moment, slenderness, reduction and Mb,Rd of lateral torsional buckling.
-void AddStandardLateral(const standard::LateralResult& r, double gammam1, Document& d);
-
 // Adds what leads to the ratio of a check of the member and returns its formula; null where it is
 // told by its value alone.
 Expr StandardMemberRatio(const ProjectState& input, const standard::CheckStudy& study,

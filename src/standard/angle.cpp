@@ -50,21 +50,35 @@ Inertia InertiaOf(const StandardSection& q)
             -(q.angle.iu - q.angle.iv) * sine * cosine};
 }
 
+constexpr double kUniform = 0.43;  // EN 1993-1-5, Table 4.2
+
 // Length of a leg that counts.
 double EffectiveLeg(const StandardSection& q, double leg)
 {
     if (q.whole_flanges) {
         return leg;
     }
-    constexpr double kUniform = 0.43;  // EN 1993-1-5, Table 4.2
     const double lam = clauses::PlateSlenderness(leg, q.tw, q.eps, kUniform);
     return leg * clauses::RhoOutstand(lam);
 }
 
-// Lost rectangle, middle from the centroid of the gross section.
-struct Lost {
-    double y, z, wide, high;
-};
+// The tip that a leg loses; `upright`: the leg h.
+LostPart LostTip(const StandardSection& q, double leg, double kept, bool upright)
+{
+    const double t = q.tw, tip = leg - kept;
+    const double along = (leg + kept) / 2 - (upright ? q.below : q.left);
+    const double across = t / 2 - (upright ? q.left : q.below);
+    return {upright ? across : along,
+            upright ? along : across,
+            upright ? t : tip,
+            upright ? tip : t,
+            leg,
+            t,
+            1,
+            kUniform,
+            clauses::PlateSlenderness(leg, t, q.eps, kUniform),
+            kept / leg};
+}
 
 }  // namespace
 
@@ -90,7 +104,8 @@ AngleSection WholeAngle(const StandardSection& q, const Basis& basis)
     return angle;
 }
 
-AngleSection EffectiveAngle(const StandardSection& q, const Basis& basis)
+AngleSection EffectiveAngle(const StandardSection& q, const Basis& basis,
+                            std::vector<LostPart>* lost)
 {
     AngleSection angle = WholeAngle(q, basis);
     const LegLengths legs = {EffectiveLeg(q, q.h), EffectiveLeg(q, q.b)};
@@ -105,13 +120,13 @@ AngleSection EffectiveAngle(const StandardSection& q, const Basis& basis)
                    (straight_b - EffectiveLeg(q, straight_b)) * t;
         return angle;
     }
-    const std::array<Lost, 2> lost = {
-        {{t / 2 - q.left, (q.h + legs.h) / 2 - q.below, t, q.h - legs.h},
-         {(q.b + legs.b) / 2 - q.left, t / 2 - q.below, q.b - legs.b, t}}};
     Inertia i = InertiaOf(q);
     double sy = 0, sz = 0;
-    for (const Lost& part : lost) {
-        const double area = part.wide * part.high;
+    for (const LostPart& part : {LostTip(q, q.h, legs.h, true), LostTip(q, q.b, legs.b, false)}) {
+        const double area = part.Area();
+        if (lost != nullptr && area > 0) {
+            lost->push_back(part);
+        }
         angle.a -= area;
         sy -= area * part.y;
         sz -= area * part.z;

@@ -7,6 +7,7 @@
 #include "standard/section.h"
 
 #include <array>
+#include <vector>
 
 namespace kestrum::standard {
 
@@ -32,7 +33,9 @@ struct AngleSection {
 AngleSection WholeAngle(const StandardSection& q, const Basis& basis);
 // EN 1993-1-5, 4.4 (2): each leg by its whole length, in uniform compression. Deviation D181: the
 // program reduces the straight parts of the legs, and the area only.
-AngleSection EffectiveAngle(const StandardSection& q, const Basis& basis);
+// `lost`, where it is asked for, takes the parts that do not count.
+AngleSection EffectiveAngle(const StandardSection& q, const Basis& basis,
+                            std::vector<LostPart>* lost = nullptr);
 
 // Of a pair of moments about y and z.
 struct PrincipalMoments {

@@ -123,6 +123,28 @@ ColumnCurves Automatic(const ProjectState& s, const ColumnCurves& curves, const 
 
 }  // namespace
 
+TorsionTerms TorsionTermsOf(const ProjectState& s, const StandardSection& q, const Basis& basis)
+{
+    const bool held = s.ltb == 1 && s.restraints > 0;
+    TorsionTerms t{.length = s.l * kMm / (held ? s.restraints + 1 : 1),
+                   .i0_squared = q.PolarSquared(),
+                   .iw = q.Warps() ? q.iw : 0,
+                   .about_y = EulerOf(s, q, s.ly, q.Angle() ? q.angle.iu : q.iy, basis),
+                   .y = q.centre_y,
+                   .z = q.centre_z};
+    if (q.Angle()) {  // the u axis is one of symmetry where the legs are equal
+        const double cosine = std::cos(q.angle.alfa);
+        const double sine = std::sin(q.angle.alfa);
+        t.y = q.centre_y * cosine + q.centre_z * sine;
+        t.z = q.angle.equal ? 0 : q.centre_z * cosine - q.centre_y * sine;
+    } else if (q.kind == Kind::i_single) {
+        // D209: the program couples torsion of the unequal I with buckling about y.
+        t.y = basis.pick(Dev::d209, q.centre_z, q.centre_y);
+        t.z = basis.pick(Dev::d209, 0.0, q.centre_z);
+    }
+    return t;
+}
+
 CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q, const Basis& basis)
 {
     CriticalForces ncr{};
@@ -133,27 +155,9 @@ CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q,
     if (!ncr.twists) {
         return ncr;
     }
-    const bool held = s.ltb == 1 && s.restraints > 0;
-    const double length = s.l * kMm / (held ? s.restraints + 1 : 1);
-    const double i0 = q.PolarSquared();
-    ncr.t = clauses::TorsionalLoad(q.e, q.it, q.Warps() ? q.iw : 0, i0, length);
-    if (q.Angle()) {  // the u axis is one of symmetry where the legs are equal
-        const double cosine = std::cos(q.angle.alfa);
-        const double sine = std::sin(q.angle.alfa);
-        const double along = q.centre_y * cosine + q.centre_z * sine;
-        const double from = q.angle.equal ? 0 : q.centre_z * cosine - q.centre_y * sine;
-        const double about_u = EulerOf(s, q, s.ly, q.angle.iu, basis);
-        ncr.tf = clauses::TorsionalFlexuralLoad({about_u, ncr.z, ncr.t}, {along, from}, i0);
-        return ncr;
-    }
-    // D209: the program couples torsion of the unequal I with buckling about y.
-    double y = q.centre_y;
-    double z = q.centre_z;
-    if (q.kind == Kind::i_single) {
-        y = basis.pick(Dev::d209, z, y);
-        z = basis.pick(Dev::d209, 0.0, z);
-    }
-    ncr.tf = clauses::TorsionalFlexuralLoad({ncr.y, ncr.z, ncr.t}, {y, z}, i0);
+    const TorsionTerms t = TorsionTermsOf(s, q, basis);
+    ncr.t = clauses::TorsionalLoad(q.e, q.it, t.iw, t.i0_squared, t.length);
+    ncr.tf = clauses::TorsionalFlexuralLoad({t.about_y, ncr.z, ncr.t}, {t.y, t.z}, t.i0_squared);
     return ncr;
 }
 

@@ -15,6 +15,15 @@ struct CriticalForces {
     double Torsional() const { return t < tf ? t : tf; }
     double LeastFlexural() const { return y < z ? y : z; }
 };
+// What stands behind the torsional loads. mm; of angles the axes are u and v.
+struct TorsionTerms {
+    double length, i0_squared, iw;
+    double about_y;  // Ncr of flexural buckling about y, N
+    double y, z;     // shear centre from the centroid
+};
+// Deviation D209.
+TorsionTerms TorsionTermsOf(const ProjectState& s, const StandardSection& q, const Basis& basis);
+
 // Deviations D202, D209.
 CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q,
                                 const Basis& basis);

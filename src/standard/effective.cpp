@@ -261,16 +261,16 @@ public:
     {
     }
 
-    void Lose(double y, double z, double wide, double high)
+    void Lose(const LostPart& part)
     {
-        const double strip = wide * high;
+        const double strip = part.Area();
         a_ -= strip;
-        sy_ -= strip * z;
-        sz_ -= strip * y;
-        iy_ -= strip * (z * z + high * high / 12);
-        iz_ -= strip * (y * y + wide * wide / 12);
+        sy_ -= strip * part.z;
+        sz_ -= strip * part.y;
+        iy_ -= strip * (part.z * part.z + part.high * part.high / 12);
+        iz_ -= strip * (part.y * part.y + part.wide * part.wide / 12);
         if (lost_ != nullptr) {
-            lost_->push_back({y, z, wide, high});
+            lost_->push_back(part);
         }
     }
     double Zc() const { return sy_ / a_; }
@@ -286,14 +286,20 @@ private:
     std::vector<LostPart>* lost_;
 };
 
+// A wall as it buckles.
+struct Buckled {
+    double psi, k_sigma, lam, rho;
+};
+
 // Loses the part of a wall from `from` to `to`, shares of its width from its start.
-void LosePart(Reduced& reduced, const Wall& wall, double from, double to)
+void LosePart(Reduced& reduced, const Wall& wall, const Buckled& by, double from, double to)
 {
     const double middle = (from + to) / 2;
     const double y = wall.y0 + middle * (wall.y1 - wall.y0);
     const double z = wall.z0 + middle * (wall.z1 - wall.z0);
     const double length = (to - from) * wall.Width();
-    reduced.Lose(y, z, wall.Upright() ? wall.t : length, wall.Upright() ? length : wall.t);
+    reduced.Lose({y, z, wall.Upright() ? wall.t : length, wall.Upright() ? length : wall.t,
+                  wall.Width(), wall.t, by.psi, by.k_sigma, by.lam, by.rho});
 }
 
 // Stresses at the start and at the end, the larger above 0.
@@ -303,17 +309,19 @@ void ReduceInternal(const StandardSection& q, const Wall& wall, double start, do
     const bool from_start = start >= end;
     const double psi = from_start ? end / start : start / end;
     const double c = wall.Width();
-    const double lam = PlateSlenderness(c, wall.t, q.eps, BucklingFactorInternal(psi));
-    const EffectiveInternal w = EffectiveWidths(c, psi, RhoInternal(lam, psi));
+    const double k = BucklingFactorInternal(psi);
+    const double lam = PlateSlenderness(c, wall.t, q.eps, k);
+    const Buckled by{psi, k, lam, RhoInternal(lam, psi)};
+    const EffectiveInternal w = EffectiveWidths(c, psi, by.rho);
     if (w.hole <= 0) {
         return;
     }
     const double from = w.near / c;
     const double to = (w.near + w.hole) / c;
     if (from_start) {
-        LosePart(reduced, wall, from, to);
+        LosePart(reduced, wall, by, from, to);
     } else {
-        LosePart(reduced, wall, 1 - to, 1 - from);
+        LosePart(reduced, wall, by, 1 - to, 1 - from);
     }
 }
 
@@ -322,18 +330,20 @@ void ReduceOutstand(const StandardSection& q, const Wall& wall, double root, dou
                     Reduced& reduced)
 {
     const double c = wall.Width();
-    const double lam = PlateSlenderness(c, wall.t, q.eps, BucklingFactorOutstand(tip, root));
+    const double k = BucklingFactorOutstand(tip, root);
+    const double lam = PlateSlenderness(c, wall.t, q.eps, k);
     const double rho = RhoOutstand(lam);
     if (rho >= 1) {
         return;
     }
-    const double low = std::min(root, tip);
-    const double compressed = low >= 0 ? 1 : std::max(root, tip) / (std::max(root, tip) - low);
+    const double low = std::min(root, tip), high = std::max(root, tip);
+    const double compressed = low >= 0 ? 1 : high / (high - low);
+    const Buckled by{low / high, k, lam, rho};
     const double lost = (1 - rho) * compressed;
     if (tip >= root) {
-        LosePart(reduced, wall, 1 - lost, 1);
+        LosePart(reduced, wall, by, 1 - lost, 1);
     } else {
-        LosePart(reduced, wall, compressed - lost, compressed);
+        LosePart(reduced, wall, by, compressed - lost, compressed);
     }
 }
 

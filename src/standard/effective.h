@@ -32,10 +32,6 @@ struct EffectiveSection {
     double yc, zc;  // shift of the centroid
     double iy, iz;  // about its own centroid
 };
-// A rectangle that does not count, by its middle from the centroid of the gross section.
-struct LostPart {
-    double y, z, wide, high;
-};
 // `lost`, where it is asked for, takes the parts that do not count.
 EffectiveSection EffectiveInCompression(const StandardSection& q,
                                         std::vector<LostPart>* lost = nullptr);

@@ -9,15 +9,20 @@ std::optional<EffectiveStudy> EffectiveStudyOf(const Library& library, const Pro
     std::optional<EffectiveStudy> study;
     WithMember(library, project, Basis::Standard(), nullptr, [&](const Member& m) {
         const StandardSection& q = m.section.q;
+        study = EffectiveStudy{.section = q,
+                               .values = m.section.effective,
+                               .compressed = {},
+                               .sagged = {},
+                               .hogged = {},
+                               .angle = {}};
         if (q.Angle()) {
+            study->angle = EffectiveAngle(q, m.basis, &study->compression);
+            study->compressed = {study->angle.a, study->angle.yc, study->angle.zc, 0, 0};
             return;
         }
-        study = EffectiveStudy{.values = m.section.effective,
-                               .compressed = {},
-                               .doubly_symmetric = q.DoublySymmetric()};
         study->compressed = EffectiveInCompression(q, &study->compression);
-        EffectiveAboutY(q, true, m.basis, &study->sagging);
-        EffectiveAboutY(q, false, m.basis, &study->hogging);
+        study->sagged = EffectiveAboutY(q, true, m.basis, &study->sagging);
+        study->hogged = EffectiveAboutY(q, false, m.basis, &study->hogging);
     });
     return study;
 }

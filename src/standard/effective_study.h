@@ -3,6 +3,7 @@
 // The effective section of class 4 told in full: its values and the parts that do not count.
 
 #include "core/library.h"
+#include "standard/angle.h"
 #include "standard/effective.h"
 
 #include <optional>
@@ -10,13 +11,17 @@
 namespace kestrum::standard {
 
 struct EffectiveStudy {
+    StandardSection section;
     EffectiveValues values;
     EffectiveSection compressed;
     std::vector<LostPart> compression{}, sagging{}, hogging{};
-    bool doubly_symmetric;
+    EffectiveSection sagged, hogged;
+    AngleSection angle;  // of angles, in compression
+
+    bool Shifts() const { return !section.DoublySymmetric(); }
 };
 
-// `project` as read. Nothing for angles and for what the standard basis does not cover.
+// `project` as read. Nothing for what the standard basis does not cover.
 std::optional<EffectiveStudy> EffectiveStudyOf(const Library& library, const ProjectState& project);
 
 }  // namespace kestrum::standard

@@ -203,7 +203,7 @@ double SenseOfLoads(const LateralCase& m)
 }
 
 // Closed formula with the C factors of the user, Nmm.
-double ClosedMoment(const LateralCase& m, bool sagging)
+double ClosedMoment(const LateralCase& m, bool sagging, CriticalTerms& terms)
 {
     const ProjectState& s = m.s;
     const StandardSection& q = m.p.q;
@@ -213,6 +213,7 @@ double ClosedMoment(const LateralCase& m, bool sagging)
     const double level = LoadLevel(s, q) - q.centre_z;
     const double zg = sense < 0 ? m.basis.pick(Dev::d213, level, -level) : sense * level;
     const double zj = sagging ? q.zj : -q.zj_hogging;
+    terms = {.route = CriticalRoute::closed, .length = length, .zg = zg, .zj = zj};
     const double lever = s.c2 * zg - s.c3 * zj;
     const double euler = clauses::EulerLoad(q.e, q.iz, length);
     return s.c1 * euler *
@@ -221,12 +222,14 @@ double ClosedMoment(const LateralCase& m, bool sagging)
 
 // Unequal angles lie outside the model of the numerical solution, which bends in a plane of
 // symmetry: uniform moment about u, Nmm.
-double UnequalAngleMoment(const ProjectState& s, const StandardSection& q, bool positive)
+double UnequalAngleMoment(const ProjectState& s, const StandardSection& q, bool positive,
+                          CriticalTerms& terms)
 {
     const LateralSection section = SectionFor(q);
     const double length = s.ltbk * s.l * kMm;
     const double euler = clauses::EulerLoad(q.e, q.angle.iv, length);
     const double zj = positive ? AsymmetryOfAngle(q) : -AsymmetryOfAngle(q);
+    terms = {.route = CriticalRoute::angle, .length = length, .zj = zj};
     return euler * (std::sqrt(section.git / euler + zj * zj) + zj);
 }
 
@@ -237,6 +240,7 @@ struct NumericalModel {
     Ends ends;
     std::array<double, kMaxHeld> held{};
     std::size_t restraints;
+    double above;  // loads above the shear centre, mm
 
     LateralSupports Supports() const { return {ends.start, ends.end, {held.data(), restraints}}; }
 };
@@ -251,12 +255,14 @@ NumericalModel ModelOf(const LateralCase& m, bool sagging)
                          SectionFor(q),
                          ends,
                          {},
-                         static_cast<std::size_t>(std::max<int>(s.restraints, 0))};
+                         static_cast<std::size_t>(std::max<int>(s.restraints, 0)),
+                         0};
     const double level = LoadLevel(s, q);
     double above = level - q.centre_z;
     if (SenseOfLoads(m) < 0) {
         above = m.basis.pick(Dev::d213, -above, above);
     }
+    model.above = above;
     model.line.AddLevels(m.loads, m.factors, above + q.centre_z, q.centre_z);
     for (std::size_t i = 0; i < std::min(model.restraints, kMaxHeld); ++i) {
         model.held[i] = model.line.At(lines.grid.Length() * static_cast<double>(i + 1) /
@@ -266,10 +272,11 @@ NumericalModel ModelOf(const LateralCase& m, bool sagging)
     return model;
 }
 
-double NumericalMoment(const LateralCase& m, double moment)
+double NumericalMoment(const LateralCase& m, double moment, CriticalTerms& terms)
 {
     const NumericalModel model = ModelOf(m, moment > 0);
     const double alpha = m.p.solved.Factor(model.section, model.Supports(), model.line.Line());
+    terms = {.route = CriticalRoute::numerical, .factor = alpha};
     return alpha * std::abs(moment) * kNmm;
 }
 
@@ -337,22 +344,23 @@ double ProgramMoment(const LateralCase& m, double x)
     return m.program->segmcr[static_cast<std::size_t>(number)];
 }
 
-double CriticalMomentOf(const LateralCase& m, const LineExtreme& most)
+double CriticalMomentOf(const LateralCase& m, const LineExtreme& most, CriticalTerms& terms)
 {
     if (m.p.q.Angle()) {  // no C factors are entered for it
-        return m.p.q.angle.equal ? NumericalMoment(m, most.value)
-                                 : UnequalAngleMoment(m.s, m.p.q, most.value > 0);
+        return m.p.q.angle.equal ? NumericalMoment(m, most.value, terms)
+                                 : UnequalAngleMoment(m.s, m.p.q, most.value > 0, terms);
     }
     if (m.s.cmanual != kFalse) {
-        return ClosedMoment(m, most.value > 0);
+        return ClosedMoment(m, most.value > 0, terms);
     }
     if (!m.basis.departs(FormulaOf(m.s)) && m.program != nullptr) {
         const double formula = ProgramMoment(m, most.x);
         if (formula > 0) {  // else the program's pass had no control
+            terms.route = CriticalRoute::program;
             return formula;
         }
     }
-    return NumericalMoment(m, most.value);
+    return NumericalMoment(m, most.value, terms);
 }
 
 // MEd,max. D201: the program sees the moments at the ends of its segments only.
@@ -388,10 +396,12 @@ HoldingPieces PiecesHolding(const ProjectState& s, double x)
     return {{first * each, 0}, {(first + 1) * each, 0}, 1};
 }
 
-double UniformCriticalMoment(const ProjectState& s, const StandardSection& q)
+UniformMomentTerms UniformCriticalMoment(const ProjectState& s, const StandardSection& q)
 {
     const double k = std::max(1.0, static_cast<double>(s.ltbk));
-    return UniformMoment(SectionFor(q), k * s.l * kMm / (s.restraints + 1)) / kNmm;
+    const double length = k * s.l * kMm / (s.restraints + 1);
+    const LateralSection section = SectionFor(q);
+    return {length, section.eiw, UniformMoment(section, length) / kNmm};
 }
 
 LateralResult LateralBucklingOf(const LateralCase& m)
@@ -404,7 +414,7 @@ LateralResult LateralBucklingOf(const LateralCase& m)
     r.place = most.x / m.lines.grid.Length();
     r.checked = CheckedMoment(m, most);
     const bool sagging = r.moment > 0;
-    r.mcr = CriticalMomentOf(m, most) / kNmm;
+    r.mcr = CriticalMomentOf(m, most, r.critical) / kNmm;
     if (!(r.mcr > 0)) {
         return r;  // no resistance
     }
@@ -419,26 +429,42 @@ LateralResult LateralBucklingOf(const LateralCase& m)
             m.basis.pick(Dev::d216, 1 / std::sqrt(c1), std::min(1.0, 1 / std::sqrt(c1)));
         const double kc = table ? m.basis.pick(Dev::d235, by_c1, *table) : by_c1;
         r.c1 = i == 0 ? c1 : std::min(r.c1, c1);
+        r.tabulated = i == 0 || kc > r.kc ? table.has_value() : r.tabulated;
         r.kc = i == 0 ? kc : std::max(r.kc, kc);
     }
-    const double resistance = ModulusYCompressed(m.p, m.cls, sagging) * q.fy / kNmm;
+    r.modulus = ModulusYCompressed(m.p, m.cls, sagging);
+    const double resistance = r.modulus * q.fy / kNmm;
     r.lam = std::sqrt(resistance / r.mcr);
     Reduce(s, q, r, m.basis);
     r.resistance = r.chi * resistance / q.gammam1;
     return r;
 }
 
-std::optional<BucklingShape> BucklingShapeOf(const LateralCase& m)
+std::optional<NumericalStudy> NumericalStudyOf(const LateralCase& m)
 {
     const LineExtreme most = m.lines.LargestMoment(Axis::y);
     if (most.value == 0 || m.p.q.Angle()) {
         return std::nullopt;
     }
     const NumericalModel model = ModelOf(m, most.value > 0);
-    BucklingShape shape{};
+    NumericalStudy study{.section = model.section,
+                         .start = model.ends.start,
+                         .end = model.ends.end,
+                         .stretch = model.ends.stretch,
+                         .level = model.above,
+                         .restraints = model.restraints,
+                         .moments = {},
+                         .uniform =
+                             UniformMoment(model.section, m.lines.grid.Length() * kMm) / kNmm,
+                         .shape = {}};
     const double alpha =
-        CriticalLoadFactor(model.section, model.Supports(), model.line.Line(), &shape);
-    return std::isfinite(alpha) ? std::optional(shape) : std::nullopt;
+        CriticalLoadFactor(model.section, model.Supports(), model.line.Line(), &study.shape);
+    for (std::size_t i = 0; i < study.moments.size(); ++i) {
+        const double x = m.lines.grid.Length() * static_cast<double>(i) /
+                         static_cast<double>(study.moments.size() - 1);
+        study.moments[i] = m.lines.Moment(Axis::y, PieceAt(m.lines.grid, x), x);
+    }
+    return std::isfinite(alpha) ? std::optional(study) : std::nullopt;
 }
 
 }  // namespace kestrum::standard

@@ -10,16 +10,35 @@
 
 namespace kestrum::standard {
 
+// Where the critical moment comes from.
+enum class CriticalRoute {
+    none,
+    numerical,
+    closed,   // with the user's C factors
+    angle,    // unequal legs, uniform moment about u
+    program,  // the program's formula, where its deviation is switched back
+    tripping  // of a stiffener about its root
+};
+struct CriticalTerms {
+    CriticalRoute route = CriticalRoute::none;
+    double factor = 0;                  // numerical: Mcr over the largest moment
+    double stress = 0;                  // tripping, MPa
+    double length = 0, zg = 0, zj = 0;  // of the closed formulas, mm
+};
+
 struct LateralResult {
     double moment = 0;   // MEd,max with its sign, kNm
     double checked = 0;  // the moment that is checked, its size, kNm
     double place = 0;    // x/L
     double mcr = 0;      // kNm
+    CriticalTerms critical{};
+    double modulus = 0;  // of the compressed side, mm3
     double lam = 0, chi = 1;
     double resistance = 0;  // Mb,Rd, kNm
     double c1 = 1;          // of the piece that holds MEd,max
     double kc = 1;
-    bool rolled = false;  // 6.3.2.3, else 6.3.2.2
+    bool tabulated = false;  // kc is a value of Table 6.6
+    bool rolled = false;     // 6.3.2.3, else 6.3.2.2
     double alpha = 0, plateau = 0, beta = 1;
     std::string_view clause{};
 };
@@ -40,11 +59,27 @@ struct LateralCase {
 // Deviations D201, D213 to D216, D233 to D235, D238, D239.
 LateralResult LateralBucklingOf(const LateralCase& m);
 
-// The shape that goes with the numerical solution; nothing without one.
-std::optional<BucklingShape> BucklingShapeOf(const LateralCase& m);
+// What the numerical solution was given, and the shape that goes with it.
+struct NumericalStudy {
+    LateralSection section;
+    LateralEnd start, end;
+    double stretch;  // the moment line over k L, for ends that are neither fork nor clamped
+    double level;    // loads above the shear centre, mm
+    std::size_t restraints;
+    std::array<double, 11> moments;  // kNm, at tenths of the length
+    double uniform;                  // Mcr of uniform moment between the ends by formula, kNm
+    BucklingShape shape;
+};
+// Nothing where the critical moment is none.
+std::optional<NumericalStudy> NumericalStudyOf(const LateralCase& m);
 
-// Critical moment of uniform moment, Annex A: k up to 1 counts as 1, kNm.
-double UniformCriticalMoment(const ProjectState& s, const StandardSection& q);
+// Critical moment of uniform moment, Annex A: k up to 1 counts as 1.
+struct UniformMomentTerms {
+    double length;  // mm
+    double eiw;     // warping stiffness that counts, Nmm4
+    double mcr;     // kNm
+};
+UniformMomentTerms UniformCriticalMoment(const ProjectState& s, const StandardSection& q);
 
 // The pieces between lateral restraints that hold MEd,max: one, or both beside a restraint.
 struct HoldingPieces {

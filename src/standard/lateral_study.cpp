@@ -19,7 +19,7 @@ std::optional<LateralStudy> LateralStudyOf(const Library& library, const Project
                               m.loads, load_case.factors, lines,   cls};
         const LateralResult result = LateralBucklingOf(one);
         if (result.mcr > 0 && result.chi > 0) {
-            study = {result, result.resistance * q.gammam1 / result.chi, BucklingShapeOf(one)};
+            study = {q, result, NumericalStudyOf(one)};
         }
     });
     return study;

@@ -1,7 +1,7 @@
 #pragma once
 
-// Lateral torsional buckling of one combination told in full: its values, and the shape in which
-// the member buckles.
+// Lateral torsional buckling of one combination told in full: its values, and what the
+// numerical solution was given and found.
 
 #include "clauses/critical_moment.h"
 #include "core/library.h"
@@ -13,9 +13,9 @@
 namespace kestrum::standard {
 
 struct LateralStudy {
+    StandardSection section;
     LateralResult result;
-    double characteristic;                 // MRk of the compressed side, kNm
-    std::optional<BucklingShape> shape{};  // of the numerical solution
+    std::optional<NumericalStudy> numerical{};
 };
 
 // `project` as read. Nothing for members without such a check here: plates with a stiffener, angles

@@ -52,7 +52,7 @@ private:
     double ShapeCm(Axis axis, double n) const;
     double CmA(Axis axis, double inertia, double ncr) const;
     double LoadedCm(const SpanMoments& span, bool point) const;
-    double CmB(Axis axis, double x0, double x1) const;
+    double CmB(Axis axis, double x0, double x1, CmTerms MemberTerms::*terms) const;
     double CmLtB() const;
     bool Shifted() const
     {
@@ -155,6 +155,12 @@ double Member::CmA(Axis axis, double inertia, double ncr) const
         return 1;
     }
     const SpanMoments span = SpanMomentsOf(m_.lines, axis, 0, length);
+    CmTerms* const terms = told_ == nullptr  ? nullptr
+                           : axis == Axis::y ? &told_->cm_y
+                                             : &told_->cm_z;
+    if (terms != nullptr) {
+        *terms = {.span = span, .moment = most.value};
+    }
     if (span.straight) {
         return clauses::CmStraight(span.psi, n);
     }
@@ -166,6 +172,9 @@ double Member::CmA(Axis axis, double inertia, double ncr) const
     const double deflection = b_.pick(
         Dev::d217, [&] { return ServiceDeflection(axis, inertia); },
         [&] { return DeflectionOf(m_.lines, axis, inertia); });
+    if (terms != nullptr) {
+        terms->deflection = deflection;
+    }
     const double mm = length * 1e3;
     const double euler = std::numbers::pi * std::numbers::pi * q_.e * inertia / (mm * mm);
     return clauses::CmGeneral(euler, deflection, most.value * kNmm, n);
@@ -188,9 +197,12 @@ double Member::LoadedCm(const SpanMoments& span, bool point) const
 }
 
 // Table B.3; loads of both kinds take the larger of its columns.
-double Member::CmB(Axis axis, double x0, double x1) const
+double Member::CmB(Axis axis, double x0, double x1, CmTerms MemberTerms::*terms) const
 {
     const SpanMoments span = SpanMomentsOf(m_.lines, axis, x0, x1);
+    if (told_ != nullptr) {
+        told_->*terms = {.span = span};
+    }
     if (span.straight) {
         const double cm = clauses::EquivalentMomentStraight(span.psi);
         return m_.s.loadmode != 1 ? b_.pick(Dev::d222, 0.6, cm) : cm;
@@ -209,22 +221,25 @@ double Member::CmB(Axis axis, double x0, double x1) const
             lines = lines || (load.line.x2 > x0 + 1e-6 && load.line.x1 < x1 - 1e-6);
         }
     }
-    double cm = 0;
-    if (points) {
-        cm = LoadedCm(span, true);
+    lines = lines || !points;
+    if (told_ != nullptr) {
+        (told_->*terms).lines = lines;
+        (told_->*terms).points = points;
     }
-    if (lines || !points) {
-        cm = std::max(cm, LoadedCm(span, false));
-    }
-    return cm;
+    const double cm = points ? LoadedCm(span, true) : 0;
+    return lines ? std::max(cm, LoadedCm(span, false)) : cm;
 }
 
 double Member::CmLtB() const
 {
     const HoldingPieces pieces = PiecesHolding(m_.s, lateral_.place * m_.lines.grid.Length());
-    double cm = 0;
-    for (std::size_t i = 0; i < pieces.count; ++i) {
-        cm = std::max(cm, CmB(Axis::y, pieces.x0[i], pieces.x1[i]));
+    double cm = CmB(Axis::y, pieces.x0[0], pieces.x1[0], &MemberTerms::cm_lt);
+    if (pieces.count > 1) {
+        const double other = CmB(Axis::y, pieces.x0[1], pieces.x1[1], &MemberTerms::cm_lt);
+        if (cm > other && told_ != nullptr) {  // the terms of the larger one
+            CmB(Axis::y, pieces.x0[0], pieces.x1[0], &MemberTerms::cm_lt);
+        }
+        cm = std::max(cm, other);
     }
     return cm;
 }
@@ -263,8 +278,13 @@ InteractionFactors Member::AnnexA() const
     in.lamz = chi_.lamz;
     in.c1 = lateral_.c1;
     if (in.twists) {
-        const double mrk = ModulusYCompressed(p_, cls_, lateral_.moment >= 0) * q_.fy;
-        in.lam0 = std::sqrt(mrk / (UniformCriticalMoment(m_.s, q_) * kNmm));
+        const double w = ModulusYCompressed(p_, cls_, lateral_.moment >= 0);
+        const UniformMomentTerms uniform = UniformCriticalMoment(m_.s, q_);
+        in.lam0 = std::sqrt(w * q_.fy / (uniform.mcr * kNmm));
+        if (told_ != nullptr) {
+            told_->uniform = uniform;
+            told_->compressed = w;
+        }
     }
     const auto factors = [&](bool plastic) {
         in.plastic = plastic;
@@ -295,8 +315,8 @@ InteractionFactors Member::AnnexB() const
         bends_y_ ? b_.pick(Dev::d223, Plastic(m_.classes.my), Plastic(cls_)) : Plastic(cls_);
     in.hollow = q_.Closed();
     in.twists = Twists() && bends_y_;
-    in.cmy = bends_y_ ? CmB(Axis::y, 0, length) : 1;
-    in.cmz = bends_z_ ? CmB(Axis::z, 0, length) : 1;
+    in.cmy = bends_y_ ? CmB(Axis::y, 0, length, &MemberTerms::cm_y) : 1;
+    in.cmz = bends_z_ ? CmB(Axis::z, 0, length, &MemberTerms::cm_z) : 1;
     in.cmlt = in.twists ? CmLtB() : 1;
     // D241: the program does not ask for the sway mode.
     in.cmy = m_.s.ly > 1 ? b_.pick(Dev::d241, in.cmy, kSwayCm) : in.cmy;
@@ -310,6 +330,8 @@ InteractionFactors Member::AnnexB() const
     }
     if (told_ != nullptr) {
         told_->b = in;
+        told_->cm_y.sway = m_.s.ly > 1;
+        told_->cm_z.sway = m_.s.lz > 1;
     }
     return clauses::FactorsOfAnnexB(in);
 }
@@ -462,6 +484,7 @@ void Member::Tell() const
     told_->cls = cls_;
     told_->twists = ColumnTwists();
     told_->ncr = ncr_;
+    told_->torsion = TorsionTermsOf(m_.s, q_, b_);
     told_->curves = CurvesOf(m_.library, m_.s, q_, b_);
     told_->interaction = chi_;
     told_->lateral = lateral_;

@@ -9,6 +9,7 @@
 #include "standard/column.h"
 #include "standard/lateral.h"
 #include "standard/lines.h"
+#include "standard/moment_shape.h"
 #include "standard/resistance.h"
 #include "standard/result.h"
 #include "standard/section_checks.h"
@@ -28,6 +29,14 @@ struct MemberCase {
     bool my, mz;
 };
 
+// What stands behind an equivalent moment factor of one axis. kNm, mm.
+struct CmTerms {
+    SpanMoments span{};
+    double deflection = 0, moment = 0;   // Table A.2, general line: both of the same loads
+    bool lines = false, points = false;  // Table B.3: the columns that count
+    bool sway = false;
+};
+
 // What stands behind the ratios of the member. N, Nmm, mm.
 struct MemberTerms {
     bool column_only;  // asked for: buckling under NEd alone
@@ -39,8 +48,12 @@ struct MemberTerms {
     Reductions column;       // class of N alone
     Reductions interaction;  // class of the combination
     LateralResult lateral;
-    double shift_y, shift_z;  // NEd eN
-    double wy, wz;            // of the moment resistances
+    TorsionTerms torsion;
+    CmTerms cm_y, cm_z, cm_lt;
+    UniformMomentTerms uniform;  // of lambda_0, Annex A
+    double compressed;           // its modulus, mm3
+    double shift_y, shift_z;     // NEd eN
+    double wy, wz;               // of the moment resistances
     clauses::InteractionFactors k;
     bool annex_a;
     clauses::AnnexAInputs a;

@@ -233,8 +233,8 @@ ReducedResistance ResistanceBeside(const PreparedSection& p, int cls, const Shea
 namespace {
 
 // Vbf,Rd: the weaker flange, at most 15 eps tf on each side of the web.
-double FlangePart(const PreparedSection& p, const ShearInputs& in, double n, double my,
-                  const Basis& basis)
+void AddFlangePart(const PreparedSection& p, const ShearInputs& in, double n, double my,
+                   const Basis& basis, ShearTerms& terms)
 {
     const StandardSection& q = p.q;
     const bool single = q.kind == Kind::i_single;
@@ -252,36 +252,55 @@ double FlangePart(const PreparedSection& p, const ShearInputs& in, double n, dou
     if (in.entered > 0) {
         spacing = basis.pick(single || q.OfStrips() ? Dev::d199 : Dev::d159, in.entered, spacing);
     }
-    return clauses::FlangeShear({weaker.b, weaker.t}, q.hw, q.webs * q.tw, spacing, q.fy, q.gammam1,
-                                std::abs(my), FlangeMoment(p, n, my, basis));
+    terms.flange = weaker;
+    terms.spacing = spacing;
+    terms.mf = FlangeMoment(p, n, my, basis);
+    terms.flanges = clauses::FlangeShear({weaker.b, weaker.t}, q.hw, q.webs * q.tw, spacing, q.fy,
+                                         q.gammam1, std::abs(my), terms.mf);
 }
 
-double WebPart(const StandardSection& q, const ShearInputs& in, double k)
+ShearTerms WebTerms(const StandardSection& q, const ShearInputs& in, double k)
 {
-    const double lam = clauses::WebSlenderness(q.hw, q.tw, q.eps, k);
-    const double factor = clauses::WebFactor(lam, q.eta, in.rigid_end_post);
-    return q.webs * clauses::WebShear(factor, q.hw, q.tw, q.fy, q.gammam1);
+    ShearTerms terms{};
+    terms.k = k;
+    terms.lam = clauses::WebSlenderness(q.hw, q.tw, q.eps, k);
+    terms.factor = clauses::WebFactor(terms.lam, q.eta, in.rigid_end_post);
+    terms.web = q.webs * clauses::WebShear(terms.factor, q.hw, q.tw, q.fy, q.gammam1);
+    return terms;
 }
 
 }  // namespace
+
+std::optional<ShearTerms> ShearTermsAlongZ(const PreparedSection& p, const ShearInputs& in,
+                                           double n, double my, const Basis& basis)
+{
+    const StandardSection& q = p.q;
+    const double k = ShearedWhole(q) || q.Angle() ? 0 : Slender(q, q.hw, q.tw, in);
+    if (k == 0) {
+        return std::nullopt;
+    }
+    ShearTerms terms = WebTerms(q, in, k);
+    if (!q.Closed() || q.OfStrips()) {
+        AddFlangePart(p, in, n, my, basis, terms);
+    }
+    terms.limit = q.webs * clauses::ShearBucklingLimit(q.eta, q.hw, q.tw, q.fy, q.gammam1);
+    return terms;
+}
 
 ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, double n, double my,
                             const Basis& basis)
 {
     const StandardSection& q = p.q;
     const double plastic = clauses::PlasticShear(q.avz, q.fy, q.gammam0);
-    const double k = ShearedWhole(q) || q.Angle() ? 0 : Slender(q, q.hw, q.tw, in);
-    if (k == 0) {
+    const std::optional<ShearTerms> terms = ShearTermsAlongZ(p, in, n, my, basis);
+    if (!terms) {
         return {plastic, plastic, false};
     }
-    const double web = WebPart(q, in, k);
-    const bool flanges = !q.Closed() || q.OfStrips();
-    const double flange = flanges ? FlangePart(p, in, n, my, basis) : 0;
-    const double limit = q.webs * clauses::ShearBucklingLimit(q.eta, q.hw, q.tw, q.fy, q.gammam1);
-    const double total = std::min({web + flange, limit, plastic});
+    const double web = terms->web;
+    const double total = std::min({web + terms->flanges, terms->limit, plastic});
     // D158: the program's test for high shear does not see the stiffeners.
     const double tested =
-        in.stiffened ? basis.pick(Dev::d158, WebPart(q, in, clauses::kUnstiffenedFactor), web)
+        in.stiffened ? basis.pick(Dev::d158, WebTerms(q, in, clauses::kUnstiffenedFactor).web, web)
                      : web;
     return {total, std::min(tested, plastic), true};
 }
@@ -317,13 +336,17 @@ ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in, con
     return {total, total, true};
 }
 
+FlangeAreas FlangeAreasUnder(const PreparedSection& p, double n, double my)
+{
+    const Flange top = FlangeUnder(p.q, n, my, true);
+    const Flange bottom = FlangeUnder(p.q, n, my, false);
+    return {top.b * top.t, bottom.b * bottom.t};
+}
+
 double FlangeMoment(const PreparedSection& p, double n, double my, const Basis& basis)
 {
     const StandardSection& q = p.q;
-    const Flange top = FlangeUnder(q, n, my, true);
-    const Flange bottom = FlangeUnder(q, n, my, false);
-    const double area_top = top.b * top.t;
-    const double area_bottom = bottom.b * bottom.t;
+    const auto [area_top, area_bottom] = FlangeAreasUnder(p, n, my);
     const double arm = q.h - (q.top.t + q.bottom.t) / 2;
     double moment = std::min(area_top, area_bottom) * arm * q.fy / q.gammam0;
     if (q.kind == Kind::i_single || q.kind == Kind::hat ||
@@ -343,10 +366,7 @@ double FlangeMoment(const PreparedSection& p, double n, double my, const Basis& 
 double FlangeAndWebMoment(const PreparedSection& p, double n, double my)
 {
     const StandardSection& q = p.q;
-    const Flange top = FlangeUnder(q, n, my, true);
-    const Flange bottom = FlangeUnder(q, n, my, false);
-    const double area_top = top.b * top.t;
-    const double area_bottom = bottom.b * bottom.t;
+    const auto [area_top, area_bottom] = FlangeAreasUnder(p, n, my);
     const double web = q.webs * q.tw;
     const double a = area_top + area_bottom + web * q.hw;
     // Plastic axis of the plates, from the lower edge of the web.

@@ -6,6 +6,8 @@
 #include "standard/effective.h"
 #include "standard/solved_lines.h"
 
+#include <optional>
+
 namespace kestrum::standard {
 
 // The section with all that depends on it alone; made once for a member.
@@ -53,11 +55,31 @@ struct ShearResistance {
     double web;    // Vbw,Rd of slender webs, else that of 6.2.6
     bool slender;  // EN 1993-1-5, 5.1 (2)
 };
+// What stands behind the resistance of a web that buckles, EN 1993-1-5, 5.2 to 5.4. N, mm.
+struct ShearTerms {
+    double k, lam, factor;  // k_tau, slenderness and chi_w
+    double web;             // Vbw,Rd
+    Flange flange;          // the weaker one, as it counts
+    double spacing, mf;     // of the stiffeners; Mf,Rd
+    double flanges;         // Vbf,Rd
+    double limit;           // of both parts together, Eq (5.1)
+};
+// Nothing where the web is stocky or carries no shear by itself. Deviations D30, D31, D154, D159,
+// D190, D199.
+std::optional<ShearTerms> ShearTermsAlongZ(const PreparedSection& p, const ShearInputs& in,
+                                           double n, double my, const Basis& basis);
+
 // Along z; n and my (sizes) enter the part of the flanges.
 // Deviations D30, D31, D152, D154, D158, D159, D172, D190, D199.
 ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, double n, double my,
                             const Basis& basis);
 ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in, const Basis& basis);
+
+// Areas of both flanges beside N and My: a compressed one counts with its effective area.
+struct FlangeAreas {
+    double top, bottom;
+};
+FlangeAreas FlangeAreasUnder(const PreparedSection& p, double n, double my);
 
 // EN 1993-1-5, 7.1: moment of the flanges, reduced by N, and of flanges and whole web. A flange
 // that is compressed counts with its effective area, a stretched one as a whole.

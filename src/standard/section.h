@@ -47,6 +47,17 @@ struct Flange {
     double b, t;
 };
 
+// A rectangle of a plate of class 4 that does not count, by its middle from the centroid of the
+// gross section, and the plate that loses it.
+struct LostPart {
+    double y, z, wide, high;
+    double c, t;
+    double psi, k_sigma;  // stress ratio of its edges, buckling factor
+    double lam, rho;
+
+    double Area() const { return wide * high; }
+};
+
 struct StandardSection {
     Kind kind;
     double fy, eps, e, eta;

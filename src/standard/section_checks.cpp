@@ -413,6 +413,10 @@ Ratios Place::All(double length)
         told_->classes = classes_;
         told_->along_z = z_;
         told_->along_y = y_;
+        told_->shear = ShearTermsAlongZ(p_, member_.shear, f_.n, f_.my, basis_);
+        told_->flange_areas = FlangeAreasUnder(p_, f_.n, f_.my);
+        told_->rigid_end_post = member_.shear.rigid_end_post;
+        told_->flange_load = std::abs(member_.flange_load);
         told_->rho = rho_;
     }
     if (q_.Angle()) {

@@ -8,6 +8,7 @@
 #include "standard/result.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 namespace kestrum::standard {
@@ -34,6 +35,9 @@ struct SectionTerms {
     Classes classes;           // of the moments alone and of all forces
     double area;               // of NEd alone
     ShearResistance along_z, along_y;
+    std::optional<ShearTerms> shear;  // of webs that buckle
+    bool rigid_end_post;
+    double flange_load;  // on a lower flange beside the webs, N/mm
     ShearShares rho;
     double moment_y, moment_z;  // resistances of the moments alone
     Rule rule;                  // of all forces together
@@ -41,9 +45,10 @@ struct SectionTerms {
     double shift_y, shift_z;     // eN of class 4, sizes
     double share, web_y, web_z;  // n and a of 6.2.9.1
     double mny, mnz;
-    double alpha, beta;                        // exponents; 0: one moment alone
-    double across;                             // use of a loaded flange across the member
-    double eta3, flanges, whole;               // EN 1993-1-5, 7.1
+    double alpha, beta;           // exponents; 0: one moment alone
+    double across;                // use of a loaded flange across the member
+    double eta3, flanges, whole;  // EN 1993-1-5, 7.1
+    FlangeAreas flange_areas;
     CornerTerms my_corner, mz_corner, corner;  // of angles: each moment alone, all forces
 };
 

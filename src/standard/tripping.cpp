@@ -41,6 +41,8 @@ LateralResult TrippingOf(const ProjectState& s, const PreparedSection& p,
     const double resistance = ModulusY(p, cls, r.moment > 0) * q.fy / kNmm;
     r.lam = std::sqrt(q.fy / stress);
     r.mcr = resistance / (r.lam * r.lam);
+    r.critical = {.route = CriticalRoute::tripping, .stress = stress, .length = length};
+    r.modulus = resistance * kNmm / q.fy;
     r.alpha = Imperfection(s, q);
     r.plateau = s.lamdalt0;
     r.chi = clauses::GeneralLateralReduction(r.lam, r.alpha, r.plateau);

@@ -1,0 +1,15 @@
+#pragma once
+
+// Lateral torsional buckling by EN 1993-1-1 as written with its terms.
+
+#include "core/project_state.h"
+#include "document/document.h"
+#include "standard/lateral.h"
+
+namespace kestrum {
+
+// Critical moment, slenderness, reduction and Mb,Rd of lateral torsional buckling.
+void AddStandardLateral(const ProjectState& input, const standard::LateralResult& r,
+                        const standard::StandardSection& q, Document& d);
+
+}  // namespace kestrum
