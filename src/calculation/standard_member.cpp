@@ -14,6 +14,7 @@ using standard::MemberTerms;
 using standard::StandardSection;
 
 constexpr double kNewton = 1e3, kNmm = 1e6;
+constexpr double kNoMoment = 1;  // Nmm: a rounding of none
 constexpr int kToKn = -3, kToKnm = -6;
 constexpr const char* kB1 = "Table B.1";
 
@@ -418,7 +419,7 @@ Expr OfMember::Outside()
             Step(d_, factor, 1 / (1 - Sym(chi, reduction) * N() / Sym(critical, ncr / kNewton)), "",
                  "6.3.3 (1)");
         Expr acting = Sym(moment, m / kNmm);
-        if (extra > 0) {
+        if (extra > kNoMoment) {
             const bool y = shift == std::string_view("ΔM_y");
             const double e = extra / t_.n;
             d_.Add(shift, N() * Sym(y ? "e_N,y" : "e_N,z", e) * Ten(-3), extra / kNmm, "kNm",
@@ -427,12 +428,12 @@ Expr OfMember::Outside()
         }
         sum = sum + k * acting * gamma / resistance;
     };
-    if (t_.my > 0 || t_.shift_y > 0) {
+    if (t_.my > kNoMoment || t_.shift_y > kNoMoment) {
         const Expr chi = LateralReduction();
         add("k_yy", "χ_y", r.chiy, "N_cr,y", t_.ncr.y, "M_y,Ed", t_.my, "ΔM_y", t_.shift_y,
             chi * MomentY());
     }
-    if (t_.mz > 0 || t_.shift_z > 0) {
+    if (t_.mz > kNoMoment || t_.shift_z > kNoMoment) {
         add("k_zz", "χ_z", r.chiz, "N_cr,z", t_.ncr.z, "M_z,Ed", t_.mz, "ΔM_z", t_.shift_z,
             MomentZ());
     }
