@@ -217,7 +217,7 @@ void CInterface(std::string_view bytes)
                               text.substr(std::min(equals + 1, text.size())));
     }
     OneByOne(settings);
-    AllAtOnce(settings, KESTRUM_BASIS_BOTH | (costs ? KESTRUM_COSTS : 0U));
+    AllAtOnce(settings, KESTRUM_BASIS_BOTH | (costs ? unsigned{KESTRUM_COSTS} : 0U));
 }
 
 }  // namespace kestrum::fuzz
