@@ -80,6 +80,7 @@ std::size_t ForceCases::cases() const
 namespace {
 
 constexpr double kNoLimit = std::numeric_limits<double>::infinity();
+constexpr bool kNotes = false;  // no column has them, and they take longer than both ratios
 
 // A member of a line with what acts on it.
 struct Line {
@@ -102,10 +103,10 @@ Line Read(const LineSource& source, std::string_view record, std::string_view na
         return line;
     }
     if (source.forces == nullptr) {
-        line.rater = std::make_unique<LoadRater>(*source.library, line.member);
+        line.rater = std::make_unique<LoadRater>(*source.library, line.member, kNotes);
     } else if (const std::vector<CaseRows>* const cases = source.forces->Of(name)) {
         line.cases = *cases;
-        line.rater = std::make_unique<CaseRater>(*source.library, line.member, line.cases);
+        line.rater = std::make_unique<CaseRater>(*source.library, line.member, line.cases, kNotes);
     } else {
         line.refusal =
             source.forces->name() + " has no forces of member \"" + std::string(name) + "\"";

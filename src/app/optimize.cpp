@@ -156,7 +156,7 @@ void Optimizer::Rank(OptimizeAnswer& answer)
     const std::size_t steels = std::max<std::size_t>(wishes_.steels.size(), 1);
     const auto& candidates = pool_.candidates();
     answer.offered = candidates.size() * steels;
-    for (std::uint32_t i = 0; i < candidates.size(); ++i) {
+    for (std::uint32_t i = 0; i < candidates.size() && !stopped(); ++i) {
         std::optional<SectionFigures> first;
         bool whole = true, fits = true;
         for (std::size_t member = 0; member < group_.size() && whole && fits; ++member) {
@@ -246,7 +246,7 @@ void Optimizer::Search(OptimizeAnswer& answer)
         for (; next < ranked_.size() && ranked_[next].value == ranked_[i].value &&
                ranked_[next].steel == ranked_[i].steel;
              ++next) {
-            if (ranked_[next].hopeless) {
+            if (ranked_[next].hopeless || stopped()) {
                 continue;
             }
             RatedCandidate rated = Rate(ranked_[next], false);
@@ -281,6 +281,9 @@ void Optimizer::FindBest(OptimizeAnswer& answer)
     const Ranked* best = nullptr;
     RatedCandidate kept;
     for (const Ranked& ranked : ranked_) {
+        if (best != nullptr && stopped()) {
+            break;
+        }
         RatedCandidate rated = Rate(ranked, true);
         if (best == nullptr || rated.ir < kept.ir) {
             best = &ranked;
@@ -309,11 +312,15 @@ OptimizeAnswer Optimizer::Choose(std::span<SectionRater* const> group)
         const std::string_view why =
             answer.beyond > 0 ? "no section is within the sizes asked" : "no section is possible";
         answer.message = answer.message.empty() ? why : answer.message;
-        return answer;
+    } else {
+        Search(answer);
+        if (answer.found.empty()) {
+            FindBest(answer);
+        }
     }
-    Search(answer);
-    if (answer.found.empty()) {
-        FindBest(answer);
+    if (stopped()) {
+        answer = {};
+        answer.message = "the search was stopped";
     }
     return answer;
 }

@@ -26,6 +26,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <optional>
 #include <span>
@@ -99,6 +100,9 @@ public:
     void Give(ProjectState& s, const RatedCandidate& rated) const;
 
     const OptimizeWishes& wishes() const { return wishes_; }
+
+    // Asked for every section; true ends the search, which has found nothing then.
+    std::function<bool()> stopped = [] { return false; };
 
 private:
     struct Ranked {

@@ -1,6 +1,5 @@
 #include "app/section_list.h"
 
-#include "app/consequences.h"
 #include "app/field_hint.h"
 #include "core/number_format.h"
 #include "core/project_state.h"
@@ -9,7 +8,6 @@
 #include "standard/standard.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <tuple>
 #include <utility>
@@ -17,27 +15,6 @@
 namespace kestrum {
 
 namespace {
-
-struct KindName {
-    Kind kind;
-    std::string_view name;
-};
-constexpr std::array<KindName, 5> kKinds{{{Kind::i_rolled, "I and H sections"},
-                                          {Kind::hollow, "hollow sections"},
-                                          {Kind::channel, "channels"},
-                                          {Kind::angle, "angles"},
-                                          {Kind::plate, "stiffened plates"}}};
-
-std::vector<int> FamiliesOf(Kind kind)
-{
-    std::vector<int> families;
-    for (const FamilyTraits& family : Families()) {
-        if (family.kind == kind && HasTable(family.id)) {
-            families.push_back(family.id);
-        }
-    }
-    return families;
-}
 
 RatedSection Rate(const Library& library, ProjectState s, Table table, i16 row)
 {
@@ -166,101 +143,6 @@ void SortSections(std::vector<RatedSection>& sections, SectionOrder order, bool 
             }
             return descending ? Before(b, a, order) : Before(a, b, order);
         });
-}
-
-std::vector<SectionGroup> SectionGroups(const ProjectState& s)
-{
-    std::vector<SectionGroup> groups;
-    const FamilyTraits* const family = FindFamily(s.family);
-    if (family == nullptr || !HasTable(s.family)) {
-        return groups;
-    }
-    groups.push_back({std::string(family->text), {family->id}});
-    const auto add = [&](bool own) {
-        for (const auto& [kind, name] : kKinds) {
-            if ((kind == family->kind) == own) {
-                groups.push_back({std::string(name), FamiliesOf(kind)});
-            }
-        }
-    };
-    add(true);
-    add(false);
-    return groups;
-}
-
-namespace {
-
-// The member in a family, with a series of it.
-ProjectState MemberIn(const ProjectState& s, const FoundSection& section)
-{
-    ProjectState member = s;
-    member.family = static_cast<i16>(section.family);
-    if (section.series != 0) {
-        member.*TraitsOf(section.family).series = section.series;
-    }
-    return member;
-}
-
-bool Lighter(const FoundSection& a, const FoundSection& b)
-{
-    return std::tuple(a.section.mass, a.section.ir) < std::tuple(b.section.mass, b.section.ir);
-}
-
-}  // namespace
-
-std::optional<FoundSection> FindLightest(const Library& library, const ProjectState& s,
-                                         std::span<const int> families, bool both)
-{
-    std::vector<FoundSection> passing;
-    for (const int id : families) {
-        const FamilyTraits& family = TraitsOf(id);
-        for (std::size_t i = 0; i < family.tables.size(); ++i) {
-            FoundSection found{id, family.series != nullptr ? static_cast<i16>(i + 1) : i16{0},
-                               Table{}, RatedSection{}};
-            const ProjectState member = MemberIn(s, found);
-            found.table = TableOf(member);
-            for (RatedSection& section : RateSections(library, member)) {
-                if (section.passes()) {
-                    found.section = std::move(section);
-                    passing.push_back(found);
-                }
-            }
-        }
-    }
-    std::stable_sort(passing.begin(), passing.end(), Lighter);
-    const ProjectState given = AsGiven(s);
-    const auto first = std::find_if(passing.begin(), passing.end(), [&](const FoundSection& found) {
-        return !both || RateByStandard(library, MemberIn(given, found), found.section.row).passes();
-    });
-    return first != passing.end() ? std::optional(*first) : std::nullopt;
-}
-
-bool ChooseLightest(Session& session, const SectionGroup& group, bool both)
-{
-    ProjectState member = session.state();
-    if (session.lateraloff() != 0) {
-        member.ltb = 1;
-        FollowLateralTick(member);
-    }
-    const std::optional<FoundSection> found =
-        FindLightest(session.library(), member, group.families, both);
-    if (!found) {
-        session.surroundings().Warn((both ? "No section passes by both: " : "No section passes: ") +
-                                    group.name);
-        return false;
-    }
-    ProjectState& s = session.edit();
-    s.family = static_cast<i16>(found->family);
-    if (found->series != 0) {
-        s.*TraitsOf(found->family).series = found->series;
-    }
-    s.row[static_cast<std::size_t>(found->table)] = found->section.row;
-    if (TraitsOf(found->family).design.lateral != LateralBuckling::off) {
-        s.ltb = member.ltb;
-        s.ltbk = member.ltbk;
-    }
-    session.Calculate();
-    return true;
 }
 
 }  // namespace kestrum

@@ -4,11 +4,10 @@
 // with the loads, lengths and settings as they stand. For choosing a section with the answer in
 // view.
 
-#include "app/session.h"
+#include "core/library.h"
+#include "report/outcome.h"
 
 #include <cstdint>
-#include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,31 +57,5 @@ enum class SectionOrder : std::uint8_t { table, mass, height, ratio, standard, c
 
 // Rows of one value stay in the order of the table; rows without a ratio come last.
 void SortSections(std::vector<RatedSection>& sections, SectionOrder order, bool descending);
-
-// Families among which a section is looked for.
-struct SectionGroup {
-    std::string name;  // "HEA", "I and H sections"
-    std::vector<int> families;
-};
-
-// The family in hand, all of its kind, then the other kinds that tables have.
-std::vector<SectionGroup> SectionGroups(const ProjectState& s);
-
-struct FoundSection {
-    int family = 0;
-    i16 series = 0;  // 0: the family has none
-    Table table{};
-    RatedSection section;
-};
-
-// The lightest section within all limits that carries every load given; nothing when there is none.
-// Of two with one mass the one with the smaller ratio. `both`: within all limits by EN 1993-1-1 as
-// written, too.
-std::optional<FoundSection> FindLightest(const Library& library, const ProjectState& s,
-                                         std::span<const int> families, bool both = false);
-
-// Takes it for the member; says so when there is none. The control of lateral torsional buckling
-// that a family has switched off in between is on again for those that need it.
-bool ChooseLightest(Session& session, const SectionGroup& group, bool both = false);
 
 }  // namespace kestrum

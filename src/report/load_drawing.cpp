@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace kestrum {
@@ -15,14 +17,24 @@ namespace kestrum {
 namespace {
 
 constexpr double kHead = 9;                    // the two lines on top
+constexpr double kFoot = kMemberBelow + 4;     // member, dimension line, axial force
 constexpr double kBand = 3.4;                  // height of a line load
-constexpr double kUniformPitch = 4.6;          // with its label inside
-constexpr double kTrapezoidPitch = 7.2;        // with its label above
 constexpr double kArrow = 7;                   // a point force
 constexpr double kTurn = 2.2, kEndTurn = 2.6;  // radius of a moment
 constexpr double kRow = 3.2;                   // of labels
 constexpr double kEndZone = 14;
 constexpr double kWeight = 0.25;
+
+// Heights of a picture of loads.
+struct Pitches {
+    double head, second;  // both lines on top; of the second one
+    double uniform;       // a line load with its label inside
+    double above;         // a label above a line load
+    double arrow;         // a point force
+    double dimension, foot;
+};
+constexpr Pitches kWide{kHead, 7.2, 4.6, 2.6, kArrow, kDimension, kFoot};
+constexpr Pitches kClose{7.8, 7.2, 3.9, 2.6, 4.8, 6.8, 9};
 
 // One load to draw; the ends are relative positions. A point load has one end.
 struct LineLoad {
@@ -117,13 +129,26 @@ bool IsUniform(const LineLoad& load)
     return load.q1 == load.q2 && load.from == 0 && load.to == 1;
 }
 
-double PitchOf(const LineLoad& load)
+// Where the label of a band has room to the right or left of it; nothing where there is none.
+std::optional<double> Aside(const MemberSpan& span, const LineLoad& load)
 {
-    return IsUniform(load) ? kUniformPitch : kTrapezoidPitch;
+    constexpr double kBetween = 1;
+    const double half = TextWidth(load.label, kLabelSize) / 2;
+    const double x1 = Across(span, std::min(load.from, load.to)) - kBetween - half;
+    const double x2 = Across(span, std::max(load.from, load.to)) + kBetween + half;
+    return x2 + half < span.Picture() ? std::optional(x2)
+           : x1 - half > 0            ? std::optional(x1)
+                                      : std::nullopt;
+}
+
+// The label of a band that is not uniform stands above it, in a close picture beside it.
+bool HasLabelAbove(const MemberSpan& span, const LineLoad& load, LoadRows rows)
+{
+    return !IsUniform(load) && (rows == LoadRows::wide || !Aside(span, load));
 }
 
 // The band of a line load on the line `base`, high as its values, with arrows in their direction.
-void AddBand(Drawing& d, const MemberSpan& span, const LineLoad& load, double base)
+void AddBand(Drawing& d, const MemberSpan& span, const LineLoad& load, double base, LoadRows rows)
 {
     constexpr double kPitch = 5;
     const double x1 = Across(span, load.from), x2 = Across(span, load.to);
@@ -146,7 +171,9 @@ void AddBand(Drawing& d, const MemberSpan& span, const LineLoad& load, double ba
             AddArrow(d, down ? high : low, down ? low : high, Ink::load, kThin, 1.1);
         }
     }
-    AddLabel(d, {LabelCentre(span, middle, load.label), base - (inside ? 0.75 : kBand + 0.9)},
+    const bool above = HasLabelAbove(span, load, rows);
+    const double centre = inside || above ? middle : *Aside(span, load);
+    AddLabel(d, {LabelCentre(span, centre, load.label), base - (above ? kBand + 0.9 : 0.75)},
              load.label);
 }
 
@@ -171,14 +198,14 @@ std::vector<int> LabelRows(const MemberSpan& span, const std::vector<PointLoad>&
     return rows;
 }
 
-void AddPoint(Drawing& d, const MemberSpan& span, const PointLoad& load, double y)
+void AddPoint(Drawing& d, const MemberSpan& span, const PointLoad& load, double y, double arrow)
 {
     const double x = Across(span, load.at);
     if (load.moment) {
         AddTurn(d, {x, y}, kTurn, load.value > 0, Ink::load, kWeight);
         return;
     }
-    const Point foot{x, y - 0.4}, top{x, y - kArrow};
+    const Point foot{x, y - 0.4}, top{x, y - arrow};
     AddArrow(d, load.value > 0 ? top : foot, load.value > 0 ? foot : top, Ink::load, 0.35, 2);
 }
 
@@ -191,48 +218,93 @@ Drawing Picture(const MemberSpan& span, double height, std::string title)
     return d;
 }
 
-void AddHeads(Drawing& d, const ProjectState& s, std::string_view heading)
+void AddHeads(Drawing& d, const std::string& heading, const std::string& below, double second)
 {
-    TextMark head{{1, 3.6}, std::string(heading), kHeadingSize};
+    TextMark head{{1, 3.6}, heading, kHeadingSize};
     head.bold = true;
     AddText(d, std::move(head));
-    const std::string axial = AxialLoadText(s);
-    if (s.loadmode == 1 && !axial.empty()) {
-        AddText(d, {{1, 7.2}, axial, kLabelSize});
+    if (!below.empty()) {
+        AddText(d, {{1, second}, below, kLabelSize});
     }
 }
 
-constexpr double kFoot = kMemberBelow + 4;  // member, dimension line, axial force
+// Arrow at the right end of a member at the height y; nothing without an axial force.
+void AddAxialArrow(Drawing& d, const ProjectState& s, double y, const MemberSpan& span)
+{
+    if (s.ned == 0) {
+        return;
+    }
+    const Point inner{span.At(1) + 3, y}, outer{inner.x + 10, y};
+    const bool compression = s.ned > 0;
+    AddArrow(d, compression ? outer : inner, compression ? inner : outer, Ink::load, 0.35, 2);
+    TextMark name{{span.Picture() - 0.1, y - 1.4}, "Axial Load", kLabelSize};
+    name.align = Align::right;
+    name.ink = Ink::load;
+    AddText(d, std::move(name));
+}
 
-Drawing WithLoads(const ProjectState& s, LoadAxis axis, const MemberSpan& span)
+// The design value, below the dimension line of a member at the height y.
+void AddAxialForce(Drawing& d, const std::string& force, double y, const MemberSpan& span)
+{
+    if (!force.empty()) {
+        AddText(d, {{span.At(0), y + kMemberBelow + 2}, " " + force, kLabelSize});
+    }
+}
+
+std::string AxialForceText(const ProjectState& s)
+{
+    return s.ned == 0 ? "" : "Axial force (kN) " + FormatNum(s.ned, "#0.0");
+}
+
+Drawing WithLoads(const ProjectState& s, LoadAxis axis, const MemberSpan& span, LoadRows rows)
 {
     const i16 direction = axis == LoadAxis::z ? 1 : 0;
     const std::vector<LineLoad> lines = LineLoads(s, direction);
     const std::vector<PointLoad> points = PointLoads(s, direction);
-    const std::vector<int> rows = LabelRows(span, points);
-    const int most = rows.empty() ? 0 : *std::max_element(rows.begin(), rows.end()) + 1;
+    const std::vector<int> labels = LabelRows(span, points);
+    const int most = labels.empty() ? 0 : *std::max_element(labels.begin(), labels.end()) + 1;
+    const Pitches& pitch = rows == LoadRows::wide ? kWide : kClose;
+    const auto height = [&](const LineLoad& load) {
+        return pitch.uniform + (HasLabelAbove(span, load, rows) ? pitch.above : 0);
+    };
     const double bands =
         std::accumulate(lines.begin(), lines.end(), 0.0,
-                        [](double sum, const LineLoad& load) { return sum + PitchOf(load); });
-    const double pointzone = points.empty() ? 0.6 : kArrow + most * kRow + 1;
-    const double y = kHead + std::max(bands + pointzone, kMemberAbove);
+                        [&](double sum, const LineLoad& load) { return sum + height(load); });
+    // A label beside the lowest band keeps clear of the words at the axial force.
+    constexpr double kWords = 4.4;
+    const bool beside =
+        rows == LoadRows::close && !lines.empty() && !IsUniform(lines.front()) && s.ned != 0;
+    const double pointzone = !points.empty() ? pitch.arrow + most * kRow + 1
+                             : beside        ? kWords
+                                             : 0.6;
+    const double y = pitch.head + std::max(bands + pointzone, kMemberAbove);
 
-    Drawing d = Picture(span, y + kFoot, axis == LoadAxis::z ? "Loads, z-axis" : "Loads, y-axis");
-    AddHeads(d, s, "Lateral Load");
-    AddMember(d, s, y, span);
+    // In a close picture the axial force joins the axial loads, if the line has room for it.
+    const std::string loads = AxialLoadText(s), force = AxialForceText(s);
+    const std::string line = loads + "  " + force;
+    const bool joined = rows == LoadRows::close && !force.empty() &&
+                        TextWidth(line, kLabelSize) < span.Picture() - 2;
+    const bool alone = !force.empty() && !joined;
+    Drawing d = Picture(span, y + (alone ? kFoot : pitch.foot),
+                        axis == LoadAxis::z ? "Loads, z-axis" : "Loads, y-axis");
+    AddHeads(d, "Lateral Load", joined ? line : loads, pitch.second);
+    AddMember(d, s, y, span, pitch.dimension);
     double base = y - pointzone;
     for (const LineLoad& load : lines) {
-        AddBand(d, span, load, base);
-        base -= PitchOf(load);
+        AddBand(d, span, load, base, rows);
+        base -= height(load);
     }
     for (std::size_t i = 0; i < points.size(); ++i) {
-        AddPoint(d, span, points[i], y);
+        AddPoint(d, span, points[i], y, pitch.arrow);
         AddLabel(d,
                  {LabelCentre(span, Across(span, points[i].at), points[i].label),
-                  y - kArrow - 0.9 - rows[i] * kRow},
+                  y - pitch.arrow - 0.9 - labels[i] * kRow},
                  points[i].label);
     }
-    DrawAxial(d, s, y, span);
+    AddAxialArrow(d, s, y, span);
+    if (alone) {
+        AddAxialForce(d, force, y, span);
+    }
     return d;
 }
 
@@ -271,11 +343,12 @@ Drawing WithEndForces(const ProjectState& s, LoadAxis axis, const MemberSpan& sp
                              : EndForces{s.mz1, s.mz2, s.vy1, s.vy2, "Mz", "Vy"};
     const double y = kHead + kEndZone;
     Drawing d = Picture(span, y + kFoot, z ? "End forces, z-axis" : "End forces, y-axis");
-    AddHeads(d, s, "Endforces");
+    AddHeads(d, "Endforces", {}, 0);
     AddMember(d, s, y, span);
     AddEnd(d, span.At(0), y, true, ends.m1, ends.v1, ends.m + "1", ends.v + "1");
     AddEnd(d, span.At(1), y, false, ends.m2, ends.v2, ends.m + "2", ends.v + "2");
-    DrawAxial(d, s, y, span);
+    AddAxialArrow(d, s, y, span);
+    AddAxialForce(d, AxialForceText(s), y, span);
     return d;
 }
 
@@ -299,26 +372,9 @@ std::string AxialLoadText(const ProjectState& s)
     return text;
 }
 
-void DrawAxial(Drawing& d, const ProjectState& s, double y, const MemberSpan& span)
+Drawing DrawLoads(const ProjectState& s, LoadAxis axis, const MemberSpan& span, LoadRows rows)
 {
-    if (s.ned == 0) {
-        return;
-    }
-    const Point inner{span.At(1) + 3, y}, outer{inner.x + 10, y};
-    const bool compression = s.ned > 0;
-    AddArrow(d, compression ? outer : inner, compression ? inner : outer, Ink::load, 0.35, 2);
-    TextMark name{{span.Picture() - 0.1, y - 1.4}, "Axial Load", kLabelSize};
-    name.align = Align::right;
-    name.ink = Ink::load;
-    AddText(d, std::move(name));
-    AddText(d, {{span.At(0), y + kMemberBelow + 2},
-                " Axial force (kN) " + FormatNum(s.ned, "#0.0"),
-                kLabelSize});
-}
-
-Drawing DrawLoads(const ProjectState& s, LoadAxis axis, const MemberSpan& span)
-{
-    return s.loadmode == 1 ? WithLoads(s, axis, span) : WithEndForces(s, axis, span);
+    return s.loadmode == 1 ? WithLoads(s, axis, span, rows) : WithEndForces(s, axis, span);
 }
 
 Drawing DrawLoadZ(const ProjectState& s)

@@ -13,13 +13,13 @@ namespace kestrum {
 // The axis along which lateral loads act: z loads bend about y (My, Vz, dz), y loads about z.
 enum class LoadAxis : std::uint8_t { z, y };
 
+// How much height the loads take: in a low pane they stand closer, with letters of the same size.
+enum class LoadRows : std::uint8_t { wide, close };
+
 Drawing DrawLoadZ(const ProjectState& s);
 Drawing DrawLoadY(const ProjectState& s);
-Drawing DrawLoads(const ProjectState& s, LoadAxis axis, const MemberSpan& span = {});
-
-// Arrow of the axial force at the right end of a member at the height y, and its design value below
-// the dimension line. Nothing without an axial force.
-void DrawAxial(Drawing& d, const ProjectState& s, double y, const MemberSpan& span = {});
+Drawing DrawLoads(const ProjectState& s, LoadAxis axis, const MemberSpan& span = {},
+                  LoadRows rows = LoadRows::wide);
 
 // " (G) ", " (Q1) " or " (Q2) ".
 std::string CategoryText(double category);

@@ -22,7 +22,8 @@ void AddSpringText(Drawing& d, const ProjectState& s, Support support, double x,
 
 }  // namespace
 
-void AddMember(Drawing& d, const ProjectState& s, double y, const MemberSpan& span)
+void AddMember(Drawing& d, const ProjectState& s, double y, const MemberSpan& span,
+               double dimension)
 {
     const EndSupports ends = SupportsOf(s.supportcase);
     const double start = span.At(0), end = span.At(1);
@@ -32,7 +33,7 @@ void AddMember(Drawing& d, const ProjectState& s, double y, const MemberSpan& sp
     AddSpringText(d, s, ends.left, start - 4, y + 4, Align::right);
     AddSpringText(d, s, ends.right, end + 4, y + 4, Align::left);
 
-    const double dim = y + 8.5;
+    const double dim = y + dimension;
     for (const double x : {start, end}) {
         AddLine(d, {x, dim - 1.2}, {x, dim + 1.2}, Ink::faint);
     }

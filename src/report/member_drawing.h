@@ -28,7 +28,9 @@ constexpr double kHeadingSize = 3.1;  // of headings
 // The member at the height y: line, supports, dimension line with "L = 5.000 m". Takes
 // kMemberAbove above y and kMemberBelow below.
 constexpr double kMemberAbove = 5, kMemberBelow = 12;
-void AddMember(Drawing& d, const ProjectState& s, double y, const MemberSpan& span = {});
+constexpr double kDimension = 8.5;  // of the dimension line, below y
+void AddMember(Drawing& d, const ProjectState& s, double y, const MemberSpan& span = {},
+               double dimension = kDimension);
 
 // The member alone.
 Drawing DrawMember(const ProjectState& s);

@@ -15,7 +15,7 @@ namespace kestrum {
 namespace {
 
 constexpr double kShortest = 34;      // member
-constexpr double kTitle = 4.8;        // height of the title line
+constexpr double kTitle = 5.6;        // height of the title line
 constexpr double kLowest = 2.5;       // curve
 constexpr double kGap = 1.6;          // between bands
 constexpr double kFigure = 3.5;       // height of a figure beyond a curve
@@ -146,7 +146,9 @@ MemberSpan PaneRoom::Span() const
 
 Drawing DrawPaneLoads(const ProjectState& s, LoadAxis axis, PaneRoom room)
 {
-    return DrawLoads(s, axis, room.Span());
+    Drawing wide = DrawLoads(s, axis, room.Span());
+    const bool low = room.height > 0 && wide.height > room.height;
+    return low ? DrawLoads(s, axis, room.Span(), LoadRows::close) : wide;
 }
 
 Drawing DrawPaneCurves(const ProjectState& s, LoadAxis axis, const Utilisation& along,
@@ -157,7 +159,8 @@ Drawing DrawPaneCurves(const ProjectState& s, LoadAxis axis, const Utilisation& 
     const MemberSpan span = room.Span();
     std::vector<Curve> curves = CurvesOf(s, axis);
     const double title = loads ? kTitle : 0;  // given end forces have headings that say it
-    double around = title + kUtilisationAround;
+    const double utilisation = UtilisationAround(along, span);
+    double around = title + utilisation;
     for (const Curve& curve : curves) {
         around += curve.Above() + curve.Below() + kGap;
     }
@@ -178,7 +181,7 @@ Drawing DrawPaneCurves(const ProjectState& s, LoadAxis axis, const Utilisation& 
         bands.push_back(AddBand(d, std::move(curve), top, ordinate, span));
         top += height;
     }
-    AddUtilisation(d, along, span, top, ordinate + kUtilisationAround);
+    AddUtilisation(d, along, span, top, ordinate + utilisation);
 
     TextPlacer placer(d);
     placer.AvoidAll();

@@ -15,7 +15,8 @@ struct PaneRoom {
     MemberSpan Span() const;  // not below a shortest member, which is wider than the room
 };
 
-// The loads, as high as they need to be.
+// The loads, as high as they need to be; in a low room they stand closer. A room without a height
+// has all that they need.
 Drawing DrawPaneLoads(const ProjectState& s, LoadAxis axis, PaneRoom room);
 
 // The curves; higher than the room where the bands would be too low to be read.

@@ -72,29 +72,55 @@ void AddLegend(Drawing& d, double x, double y, Ink ink, const std::string& words
     AddText(d, {{x + kStroke + kBeside, y}, words, kLabelSize});
 }
 
-// Both entries side by side, without what they are of where there is no room for it.
-void AddLegends(Drawing& d, const Utilisation& along, double y)
+struct Legend {
+    std::string program, standard;
+    bool twolines;
+};
+
+constexpr double kLegendStart = 8;
+
+// Both entries side by side, or one below the other where there is no room for that. Without what
+// they are of where a line has no room for it either.
+Legend LegendOf(const Utilisation& along, double width)
 {
-    constexpr double kStart = 8;
     const auto words = [&](bool whole) {
-        return std::pair(
+        return Legend{
             LegendText("program", whole ? along.programof : "", along.program, along.limit),
-            LegendText("EN 1993-1-1", whole ? along.standardof : "", along.standard, along.limit));
+            LegendText("EN 1993-1-1", whole ? along.standardof : "", along.standard, along.limit),
+            false};
     };
-    const auto [program, standard] = words(true);
-    const bool fits = kStart + LegendWidth(program) + LegendWidth(standard) - kBehind < d.width;
-    const auto shown = fits ? std::pair(program, standard) : words(false);
-    AddLegend(d, kStart, y, kProgramInk, shown.first);
-    AddLegend(d, kStart + LegendWidth(shown.first), y, kStandardInk, shown.second);
+    const double room = width - kLegendStart + kBehind;
+    Legend legend = words(true);
+    const double first = LegendWidth(legend.program), second = LegendWidth(legend.standard);
+    if (first + second < room) {
+        return legend;
+    }
+    legend.twolines = true;
+    const bool named = !along.programof.empty() || !along.standardof.empty();
+    return named && std::max(first, second) < room ? legend : words(false);
+}
+
+void AddLegends(Drawing& d, const Legend& legend, double y)
+{
+    AddLegend(d, kLegendStart, y, kProgramInk, legend.program);
+    const Point second = legend.twolines ? Point{kLegendStart, y + kTextLine}
+                                         : Point{kLegendStart + LegendWidth(legend.program), y};
+    AddLegend(d, second.x, second.y, kStandardInk, legend.standard);
 }
 
 }  // namespace
+
+double UtilisationAround(const Utilisation& along, const MemberSpan& span)
+{
+    constexpr double kOneLine = 6.4;
+    return kOneLine + (LegendOf(along, span.Picture()).twolines ? kTextLine : 0);
+}
 
 void AddUtilisation(Drawing& d, const Utilisation& along, const MemberSpan& span, double top,
                     double height)
 {
     const double axis = top + height - kFoot;
-    const double curve = std::max(1.0, height - kUtilisationAround);
+    const double curve = std::max(1.0, height - UtilisationAround(along, span));
     const double most = LargestFinite(along);
     const auto y = [&](double ratio) {
         return most > 0 ? axis - curve * Finite(ratio, most) / most : axis;
@@ -120,7 +146,7 @@ void AddUtilisation(Drawing& d, const Utilisation& along, const MemberSpan& span
     };
     draw(along.program, kProgramInk);
     draw(along.standard, kStandardInk);
-    AddLegends(d, along, top + kTextLine);
+    AddLegends(d, LegendOf(along, span.Picture()), top + kTextLine);
 }
 
 std::string UtilisationText(const Utilisation& along, std::size_t point)

@@ -20,7 +20,9 @@ struct Utilisation {
     std::string programof{}, standardof{};
 };
 
-constexpr double kUtilisationAround = 5.4;  // height of the band that is not the curves
+// Height of the band that is not the curves: a legend that is too long for the picture takes two
+// lines.
+double UtilisationAround(const Utilisation& along, const MemberSpan& span);
 
 // The curves as a band of a picture along the member, `height` high from `top` on.
 void AddUtilisation(Drawing& d, const Utilisation& along, const MemberSpan& span, double top,

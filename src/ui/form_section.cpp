@@ -9,6 +9,7 @@
 #include "sections/family_table.h"
 #include "sections/read_profiles.h"
 #include "ui/forms.h"
+#include "ui/lightest_row.h"
 #include "ui/section_table.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -292,6 +293,9 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
         middle->addWidget(FaintLabel(bind.ForLocale(ToQt(note))));
     }
     AddFamilyOptions(middle, bind, family);
+    if (QGroupBox* const search = PlateSearch(bind, family)) {
+        middle->addWidget(search);
+    }
     columns->addLayout(middle, 0, 1);
     columns->setColumnStretch(1, 1);
 

@@ -17,6 +17,8 @@ namespace kestrum {
 
 namespace {
 
+constexpr double kInset = 2;  // pixels between the frame of a picture and its drawing
+
 double FittingScale(const Drawing& drawing, QSizeF room)
 {
     if (drawing.width <= 0 || drawing.height <= 0) {
@@ -100,7 +102,7 @@ void Picture::ShowPane(std::function<Drawing(PaneRoom)> lay)
 void Picture::LayOut()
 {
     const double unit = kDiagramText * SystemFontSize() / kLabelSize;
-    PaneRoom room{width() / unit, height() / unit};
+    PaneRoom room{(width() - 2 * kInset) / unit, (height() - 2 * kInset) / unit};
     span_ = room.Span();
     drawing_ = lay_(room);
     const double over = std::max(drawing_.width / room.width, drawing_.height / room.height);
@@ -111,10 +113,12 @@ void Picture::LayOut()
     }
 }
 
+// Clear of the frame: letters may be wider than the drawing takes them for.
 Picture::Fit Picture::FitInto(QSizeF room) const
 {
+    const double inset = 2 * kInset * room.width() / std::max(1, width());
     Fit fit;
-    fit.scale = FittingScale(drawing_, room);
+    fit.scale = FittingScale(drawing_, room - QSizeF(inset, inset));
     fit.origin = QPointF((room.width() - drawing_.width * fit.scale) / 2,
                          (room.height() - drawing_.height * fit.scale) / 2);
     return fit;

@@ -8,6 +8,7 @@
 #include "engine/calculate.h"
 #include "sections/family_table.h"
 #include "ui/latest_job.h"
+#include "ui/lightest_row.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -289,46 +290,6 @@ void PrepareView(SectionView& view, const QString& name)
     view.setItemDelegateForColumn(kStandard, new RatioBar(&view));
 }
 
-// Where the lightest section is looked for, and the button that takes it.
-QLayout* LightestRow(Binder& bind)
-{
-    auto* const row = new QHBoxLayout;
-    auto* const groups = new ListBox;
-    groups->setObjectName(QStringLiteral("cbolightest"));
-    groups->setAccessibleName(QObject::tr("Where the lightest section is looked for"));
-    groups->setToolTip(groups->accessibleName());
-    groups->setFocusPolicy(Qt::StrongFocus);
-    groups->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    groups->setMinimumContentsLength(6);
-    bind.Follow([groups](const ProjectState& s) {
-        QStringList names;
-        for (const SectionGroup& group : SectionGroups(s)) {
-            names << ToQt(group.name);
-        }
-        if (groups->count() != names.size() || groups->itemText(0) != names.value(0)) {
-            groups->clear();
-            groups->addItems(names);
-        }
-    });
-    auto* const both = new QCheckBox(QObject::tr("by &both"));
-    both->setObjectName(QStringLiteral("lightestboth"));
-    both->setToolTip(QObject::tr("Within all limits by EN 1993-1-1 as written, too"));
-    QPushButton* const take = bind.Button(
-        QStringLiteral("lightest"), QObject::tr("&Lightest that passes"), [&bind, groups, both] {
-            const auto all = SectionGroups(bind.session().state());
-            const auto at = static_cast<std::size_t>(groups->currentIndex());
-            if (at < all.size()) {
-                ChooseLightest(bind.session(), all[at], both->isChecked());
-            }
-        });
-    take->setToolTip(QObject::tr("Takes the lightest section within all limits by the rules of the "
-                                 "program; read its notes, too"));
-    row->addWidget(groups, 1);
-    row->addWidget(both);
-    row->addWidget(take);
-    return row;
-}
-
 // The standard's ratings of a list, which follow on a thread of their own, some rows at a time.
 class StandardColumn {
 public:
@@ -442,7 +403,7 @@ QWidget* SectionTable(Binder& bind, const QString& name)
     };
     column->addWidget(search);
     column->addWidget(view, 1);
-    column->addLayout(LightestRow(bind));
+    column->addWidget(LightestRow(bind));
     return host;
 }
 

@@ -118,83 +118,6 @@ TEST(SectionList, SaysInWordsWhatDoesNotPass)
     EXPECT_EQ(RatioText({0, "", 0, 0, Verdict::not_checked, 0, ""}), "not checked");
 }
 
-// No lighter row of any of the families passes, and the one that is taken does.
-TEST(SectionList, TakesTheLightestThatPasses)
-{
-    Program program;
-    program.Type("Loading", "iq", "25");
-    const SectionGroup group{"I and H", {1, 2, 3, 4}};
-    ASSERT_TRUE(ChooseLightest(program.session, group));
-    EXPECT_EQ(program.session.outcome().verdict, Verdict::within);
-    const double taken = program.state().weight;
-    int lighter = 0;
-    for (const int family : group.families) {
-        ProjectState member = program.state();
-        member.family = static_cast<i16>(family);
-        for (const RatedSection& section : RateSections(Tables(), member)) {
-            lighter += section.mass < taken ? 1 : 0;
-            EXPECT_FALSE(section.passes() && section.mass < taken) << section.name;
-        }
-    }
-    EXPECT_GT(lighter, 5);
-    program.session.Undo();
-    EXPECT_EQ(program.state().family, 1);
-}
-
-// More load never asks for less steel.
-TEST(SectionList, LightestGrowsWithTheLoad)
-{
-    Program program;
-    double before = 0;
-    for (const char* const load : {"1", "5", "20", "60", "150"}) {
-        program.Type("Loading", "iq", load);
-        const auto found = FindLightest(Tables(), program.state(), std::vector<int>{4});
-        ASSERT_TRUE(found) << load;
-        EXPECT_GE(found->section.mass, before) << load;
-        before = found->section.mass;
-    }
-}
-
-TEST(SectionList, SaysThatNoSectionPasses)
-{
-    Program program;
-    program.Type("Loading", "iq", "90000");
-    const ProjectState before = program.state();
-    EXPECT_FALSE(ChooseLightest(program.session, SectionGroups(program.state()).front()));
-    EXPECT_THAT(program.Told(), ElementsAre("No section passes: HEA"));
-    EXPECT_TRUE(program.state() == before);
-}
-
-// A hollow section in between switches the control off; an I section is not chosen without it.
-TEST(SectionList, ControlsLateralTorsionalBucklingOfWhatNeedsIt)
-{
-    Program program;
-    program.Type("kestrum", "il", "9");
-    program.Type("Loading", "iq", "12");
-    const auto with = FindLightest(Tables(), program.state(), std::vector<int>{4});
-    ASSERT_TRUE(with);
-    ChooseFamily(program.session, 6);
-    ASSERT_EQ(program.state().ltb, 0);
-    ASSERT_TRUE(ChooseLightest(program.session, {"IPE", {4}}));
-    EXPECT_EQ(program.state().ltb, 1);
-    EXPECT_EQ(program.state().row[static_cast<std::size_t>(Table::ipe)], with->section.row);
-    TickLateralBuckling(program.session, false);  // the user's own choice holds
-    ASSERT_TRUE(ChooseLightest(program.session, {"IPE", {4}}));
-    EXPECT_EQ(program.state().ltb, 0);
-}
-
-TEST(SectionList, OffersTheFamilyInHandThenItsKind)
-{
-    Program program;
-    auto groups = SectionGroups(program.state());
-    ASSERT_GE(groups.size(), 3U);
-    EXPECT_EQ(groups[0].name, "HEA");
-    EXPECT_EQ(groups[1].name, "I and H sections");
-    EXPECT_THAT(groups[1].families, ::testing::IsSupersetOf({1, 2, 3, 4}));
-    ChooseFamily(program.session, 21);
-    EXPECT_TRUE(SectionGroups(program.state()).empty());
-}
-
 // The rating of a row is the standard's result of the member with that row.
 TEST(StandardRatings, AreTheResultOfTheMemberWithTheRow)
 {
@@ -209,25 +132,6 @@ TEST(StandardRatings, AreTheResultOfTheMemberWithTheRow)
         EXPECT_EQ(section.standard.ir, result.ir) << section.name;
         EXPECT_EQ(section.standard.passes(), result.rated && !result.above);
         EXPECT_EQ(StandardRatioText(section).ends_with(" > limit"), result.above);
-    }
-}
-
-// What passes by both is no lighter than what passes by the program alone.
-TEST(Lightest, ByBothIsNeverLighter)
-{
-    Program program;
-    for (const float load : {5.0F, 20.0F, 60.0F}) {
-        program.session.edit().qload[1] = load;
-        program.session.edit().restraints = 2;
-        program.session.Calculate();
-        const std::vector<int> families{1, 4, 5};
-        const auto one = FindLightest(Tables(), program.state(), families);
-        const auto both = FindLightest(Tables(), program.state(), families, true);
-        ASSERT_TRUE(one && both);
-        EXPECT_GE(both->section.mass, one->section.mass);
-        ProjectState member = program.state();
-        member.family = static_cast<i16>(both->family);
-        EXPECT_TRUE(RateByStandard(Tables(), member, both->section.row).passes());
     }
 }
 

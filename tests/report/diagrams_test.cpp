@@ -504,6 +504,9 @@ TEST(Pane, SaysOfWhichCombinationsTheUtilisationIs)
     };
     EXPECT_THAT(legend(160), HasSubstr("program (EN 1990 Eq 6.10): 0.25"));
     EXPECT_THAT(legend(160), HasSubstr("EN 1993-1-1 (all combinations): 0.50"));
+    EXPECT_THAT(legend(80), HasSubstr("program (EN 1990 Eq 6.10): 0.25"));  // in two lines
+    EXPECT_THAT(legend(80), HasSubstr("EN 1993-1-1 (all combinations): 0.50"));
+    along.programof = std::string(60, 'x');
     EXPECT_THAT(legend(80), HasSubstr("program: 0.25"));  // no room for it
 }
 
@@ -529,7 +532,11 @@ TEST(Pane, IsLegibleForEveryKindOfLoading)
         SCOPED_TRACE(kinds);
         ASSERT_TRUE(EndsWell(s));
         for (const double width : {102.0, 200.0}) {
-            ExpectLegible(DrawPaneLoads(s, LoadAxis::z, {width, 0}));
+            const Drawing wide = DrawPaneLoads(s, LoadAxis::z, {width, 0});
+            const Drawing close = DrawPaneLoads(s, LoadAxis::z, {width, 20});
+            ExpectLegible(wide);
+            ExpectLegible(close);
+            EXPECT_LT(close.height, 0.85 * wide.height);
             ExpectLegible(DrawPaneCurves(s, LoadAxis::z, {}, {width, 110}));
         }
     }

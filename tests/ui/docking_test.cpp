@@ -11,6 +11,8 @@
 #include <QTabBar>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace kestrum {
 
 class Docking : public Desktop {
@@ -67,6 +69,47 @@ TEST_F(Docking, TakesThePlaceOfTheInputsInANarrowWindow)
     EXPECT_FALSE(form.isVisible());
     EXPECT_TRUE(length.isVisible());
     EXPECT_EQ(QApplication::focusWidget(), &length);
+}
+
+// Not for a moment, either: a window manager takes each size that the window asks for.
+TEST_F(Docking, NeverWidensTheWindow)
+{
+    class Widths final : public QObject {
+    public:
+        explicit Widths(QWidget& watched) : watched_(watched) { watched.installEventFilter(this); }
+        int widest = 0, most = 0;  // that the window had, that it needs at least
+
+    protected:
+        bool eventFilter(QObject* object, QEvent* event) override
+        {
+            if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) {
+                widest = std::max(widest, watched_.width());
+                most = std::max(most, watched_.minimumSizeHint().width());
+            }
+            return QObject::eventFilter(object, event);
+        }
+
+    private:
+        QWidget& watched_;
+    };
+    int docked = 0;
+    for (const int width : {window->minimumSizeHint().width() + 40, 1280, 1366}) {
+        window->resize(width, kNarrow.height());
+        Settle();
+        ASSERT_EQ(window->width(), width);
+        Widths widths(*window);
+        for (const char* const name : {"Loading", "endstiff", "bucklingy", "vipping", "p01"}) {
+            const Form& form = Open(name);
+            docked += form.isWindow() ? 0 : 1;
+            Settle();
+            EXPECT_LE(window->minimumSizeHint().width(), width) << name;
+            window->CloseForms();
+            Settle();
+        }
+        EXPECT_LE(widths.widest, width);
+        EXPECT_LE(widths.most, width);
+    }
+    EXPECT_GE(docked, 8);
 }
 
 TEST_F(Docking, NeedsRoomOrIsAWindowOfItsOwn)

@@ -168,9 +168,43 @@ TEST_F(FamilyForms, SectionsAreRatedWithEveryChange)
     QTRY_VERIFY(rated(list.rowCount() - 1) &&
                 list.index(list.rowCount() - 1, 4).data().toString() != written);
     EXPECT_NE(list.index(list.rowCount() - 1, 3).data().toString(), before);
-    Click(QStringLiteral("lightest"), &Find<Form>(QStringLiteral("p04")));
+}
+
+// The answer names the next lighter one and holds until the member changes.
+TEST_F(FamilyForms, TheLightestSectionIsTakenFromTheTables)
+{
+    Click(QStringLiteral("p04i"));
+    Form& form = Find<Form>(QStringLiteral("p04"));
+    Type(Find<BoxEdit>(QStringLiteral("il")), QStringLiteral("8"));
+    ASSERT_GT(session.outcome().ir, 1.0);
+    const auto& answer = Find<QLabel>(QStringLiteral("lightestanswer"), &form);
+    Click(QStringLiteral("lightest"), &form);
+    QTRY_VERIFY(answer.text().contains(QStringLiteral("fails: ratio 1.")));
     EXPECT_LE(session.outcome().ir, 1.0);
+    EXPECT_TRUE(answer.text().startsWith(ToQt(SectionName(session.library(), state()))));
     EXPECT_TRUE(script.warnings.empty());
+    Type(Find<BoxEdit>(QStringLiteral("il")), QStringLiteral("9"));
+    EXPECT_TRUE(answer.text().isEmpty());
+}
+
+// Sizes are tried as they are typed; what cannot be read is told by the name of its box.
+TEST_F(FamilyForms, TheLightestPlatesAreFoundOverTheirSizes)
+{
+    Click(QStringLiteral("p21i"));
+    Form& form = Find<Form>(QStringLiteral("p21"));
+    const float before = state().weight;
+    auto& heights = Find<QLineEdit>(QStringLiteral("tryisth"), &form);
+    heights.setText(QStringLiteral("many"));
+    Click(QStringLiteral("lightest"), &form);
+    QTRY_VERIFY(!script.warnings.empty());
+    EXPECT_NE(script.warnings.back().find("h=many: expected FROM:TO:STEP"), std::string::npos);
+    heights.setText(QStringLiteral("160:400:20"));
+    QTest::keyClick(&heights, Qt::Key_Return);
+    QTRY_VERIFY(state().weight < before);
+    EXPECT_LE(session.outcome().ir, 1.0);
+    EXPECT_FALSE(Find<QLabel>(QStringLiteral("lightestanswer"), &form).text().isEmpty());
+    session.Undo();
+    EXPECT_EQ(state().weight, before);
 }
 
 TEST_F(FamilyForms, AxesOfRectangularSectionsAreExchanged)
