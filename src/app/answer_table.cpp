@@ -5,7 +5,7 @@
 #include "app/table_record.h"
 #include "app/view_section.h"
 #include "core/csv_cell.h"
-#include "core/project_state.h"
+#include "core/held_state.h"
 #include "core/utf8_text.h"
 #include "engine/prepared.h"
 #include "report/outcome.h"
@@ -320,7 +320,7 @@ std::size_t AnswerTable::AddMembers(const MemberList& list, const Library& libra
             continue;
         }
         member.name = AsAnswered(list.Key(at->second));
-        ProjectState s = base;
+        HeldState s = base;
         if (!list.Apply(at->second, library, s, manner).empty()) {
             continue;
         }
@@ -330,9 +330,7 @@ std::size_t AnswerTable::AddMembers(const MemberList& list, const Library& libra
         const PreparedMember prepared = Prepare(library, s);
         if (prepared.usable) {
             member.length = prepared.Length();
-            member.weight = std::isfinite(member.weight)
-                                ? member.weight
-                                : static_cast<double>(prepared.state->weight);
+            member.weight = std::isfinite(member.weight) ? member.weight : prepared.Mass();
         }
     }
     summary.has_section = summary.has_mass = true;

@@ -4,7 +4,7 @@
 #include "app/session.h"
 #include "app/state_text.h"
 #include "core/file_io.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "core/sha256.h"
 #include "core/utf8_path.h"
 #include "engine/new_project.h"
@@ -237,7 +237,7 @@ std::vector<LeftWork> FindLeftWork(const std::string& folder)
         UnsavedTable table;
         work.table = Read(bytes, table);
         if (work.table || Read(bytes, content).empty()) {
-            work.project = work.table ? table.path : content.state->filename;
+            work.project = work.table ? table.path : InputsOf(content.state).filename;
             found.emplace_back(time, std::move(work));
         }
     }
@@ -264,12 +264,13 @@ bool TakeUp(Session& session, LeftWork& work)
         return false;
     }
     session.BeginDocument("unsaved work", true);
-    session.edit() = *content.state;
+    session.Replace(content.state);
     if (content.halfread) {
-        session.edit().filename = kNewFile;  // the file must not be overwritten with half of it
+        InputsOf(session.edit()).filename =
+            kNewFile;  // the file must not be overwritten with half of it
     }
     session.BeginProject();
-    const std::string& project = session.state().filename;
+    const std::string& project = InputsOf(session.state()).filename;
     std::string ondisk;
     session.disk.Forget();
     if (project != kNewFile && ReadWholeFile(project, ondisk).empty() &&

@@ -9,7 +9,7 @@
 #include "core/field_table.h"
 #include "core/load_combination.h"
 #include "core/parse_num.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "core/utf8_text.h"
 #include "sections/family_table.h"
 #include "sections/section_names.h"
@@ -110,10 +110,11 @@ std::string AssignAnnex(ProjectState& s, std::string_view name, Assignment how)
         return "no such annex; there are " + AnnexCodes();
     }
     const i16 index = named.value_or(AnnexIndexFromCode(name));
-    s.annexcode = named ? AnnexCodeFromIndex(index) : name;
-    s.annexindex = index;
-    ApplyAnnexMaterial(s, index);
-    ApplyAnnexLoads(s, s, index);
+    ProjectInputs& in = InputsOf(s);
+    in.annexcode = named ? AnnexCodeFromIndex(index) : name;
+    in.annexindex = index;
+    ApplyAnnexMaterial(in, index);
+    ApplyAnnexLoads(in, in, index);
     return {};
 }
 
@@ -131,7 +132,7 @@ std::string AssignText(ProjectState& s, const FieldRef& ref, std::string_view te
 }
 
 // The series that goes with the name of a family: "UC".
-void AssignSeries(ProjectState& s, int family, int series)
+void AssignSeries(ProjectInputs& s, int family, int series)
 {
     if (series != 0) {
         s.*TraitsOf(family).series = static_cast<i16>(series);
@@ -148,7 +149,7 @@ std::string AssignChoice(const Library& library, ProjectState& s, const FieldRef
     }
     if (const auto named = ValueOfName(library, choice, text)) {
         if (choice.values == kFamilyValues) {
-            AssignSeries(s, *named, FamiliesOfName(text).front().series);
+            AssignSeries(InputsOf(s), *named, FamiliesOfName(text).front().series);
         }
         return StoreNumber(s, ref, *named);
     }
@@ -233,7 +234,7 @@ std::string OfRow(std::string_view field, std::size_t row, std::string_view what
     return std::string(field) + "[" + std::to_string(row) + "]: " + std::string(what);
 }
 
-std::string MisplacedTrapezoid(const ProjectState& s)
+std::string MisplacedTrapezoid(const ProjectInputs& s)
 {
     for (std::size_t k = 1; k <= 3; ++k) {
         const bool loaded = s.qt1[k] != 0 || s.qt2[k] != 0;
@@ -253,8 +254,9 @@ std::string MisplacedTrapezoid(const ProjectState& s)
 
 }  // namespace
 
-std::string MisplacedLoad(const ProjectState& s)
+std::string MisplacedLoad(const ProjectState& member)
 {
+    const ProjectInputs& s = InputsOf(member);
     for (std::size_t k = 1; k <= 8; ++k) {
         if (s.pmx[k] > s.l) {
             return OfRow("pmx", k, kBeyond);
@@ -303,9 +305,10 @@ std::string FindTarget(std::string_view name, AssignTarget& target)
     return {};
 }
 
-std::string AssignSection(const Library& library, ProjectState& s, std::string_view name,
+std::string AssignSection(const Library& library, ProjectState& member, std::string_view name,
                           bool familygiven)
 {
+    ProjectInputs& s = InputsOf(member);
     const auto found = SectionOfName(library, name, s.family);
     const auto tube = found ? std::nullopt : TubeOfName(name);
     const auto otherfamily = [&s, familygiven](int family) {
@@ -371,8 +374,9 @@ std::string AssignTo(const Library& library, ProjectState& s, const AssignTarget
         const std::optional<double> value = WholeNumber(text);
         refusal = value ? StoreNumber(s, ref, *value) : std::string(kNoNumber);
     }
-    SetPsi(s);
-    ApplyAnnexLoads(s, s, s.annexindex);  // safetyclass and loadcomb take part
+    ProjectInputs& in = InputsOf(s);
+    SetPsi(in);
+    ApplyAnnexLoads(in, in, in.annexindex);  // safetyclass and loadcomb take part
     return refusal;
 }
 
@@ -384,8 +388,9 @@ std::string AssignField(const Library& library, ProjectState& s, std::string_vie
     return refusal.empty() ? AssignTo(library, s, target, text, how) : refusal;
 }
 
-std::string OverruledBy(const Library& library, const ProjectState& s, std::string_view name)
+std::string OverruledBy(const Library& library, const ProjectState& member, std::string_view name)
 {
+    const ProjectInputs& s = InputsOf(member);
     if ((name == "gammam0" || name == "gammam1" || name == "neta") && s.annexindex != kAnnexUd) {
         return "set by the national annex " + std::string(AnnexCodeFromIndex(s.annexindex));
     }

@@ -1,7 +1,5 @@
 #include "app/box_help.h"
 
-#include "core/project_state.h"
-
 #include <algorithm>
 #include <iterator>
 

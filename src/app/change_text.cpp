@@ -3,7 +3,7 @@
 #include "app/view_section.h"
 #include "core/annexes.h"
 #include "core/field_table.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "sections/family_table.h"
 
 #include <algorithm>
@@ -76,9 +76,9 @@ std::vector<FieldRef> ChangedInputs(const ProjectState& before, const ProjectSta
 
 bool InputsDiffer(const ProjectState& before, const ProjectState& after)
 {
-    return static_cast<const Inputs&>(before) != static_cast<const Inputs&>(after) ||
-           before.projname != after.projname || before.ident != after.ident ||
-           before.annexindex != after.annexindex;
+    const ProjectInputs &a = InputsOf(before), &b = InputsOf(after);
+    return static_cast<const Inputs&>(a) != static_cast<const Inputs&>(b) ||
+           a.projname != b.projname || a.ident != b.ident || a.annexindex != b.annexindex;
 }
 
 std::string_view TypedText(const ProjectState& before, const ProjectState& after)
@@ -92,6 +92,7 @@ std::string ChangeText(const Library& library, const ProjectState& before,
                        const ProjectState& after)
 {
     const std::vector<FieldRef> changed = ChangedInputs(before, after);
+    const i16 family = InputsOf(after).family;
     const auto find = [&](std::string_view name) {
         return std::find_if(changed.begin(), changed.end(),
                             [&](const FieldRef& ref) { return ref.field->name == name; });
@@ -100,16 +101,16 @@ std::string ChangeText(const Library& library, const ProjectState& before,
         return ref.field->values == kRowValues;
     });
     if (find("family") != changed.end() || row != changed.end()) {
-        const FamilyTraits* const family = FindFamily(after.family);
-        return "section " + (HasTable(after.family) ? SectionName(library, after)
-                             : family != nullptr    ? std::string(family->text)
-                                                    : std::string{});
+        const FamilyTraits* const traits = FindFamily(family);
+        return "section " + (HasTable(family)    ? SectionName(library, after)
+                             : traits != nullptr ? std::string(traits->text)
+                                                 : std::string{});
     }
     if (find("annexcode") != changed.end()) {
-        return "annex " + std::string(AnnexName(after.annexindex));
+        return "annex " + std::string(AnnexName(InputsOf(after).annexindex));
     }
     if (find("loadmode") != changed.end()) {
-        return after.loadmode == 1 ? "loads along the member" : "given end forces";
+        return InputsOf(after).loadmode == 1 ? "loads along the member" : "given end forces";
     }
     for (const std::string_view choice : kChoices) {
         if (const auto at = find(choice); at != changed.end()) {

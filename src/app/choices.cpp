@@ -1,7 +1,8 @@
 #include "app/choices.h"
 
 #include "app/field_hint.h"
-#include "core/project_state.h"
+#include "core/held_state.h"
+#include "core/project_inputs.h"
 #include "sections/family_table.h"
 #include "sections/section_names.h"
 
@@ -52,9 +53,9 @@ std::vector<NamedValue> NamedValues(std::string_view list)
 // The table whose chosen row the field holds, by its place in the record.
 Table TableOfRow(const Field& field)
 {
-    ProjectState s{};
+    HeldState s;
     const i16* const row = static_cast<const i16*>(field.locate(s, 0));
-    return static_cast<Table>(row - s.row.data());
+    return static_cast<Table>(row - InputsOf(s).row.data());
 }
 
 Choice ChoiceFrom(const Field& field)

@@ -2,7 +2,7 @@
 
 #include "app/batch.h"
 #include "app/cell_reader.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 
 #include <algorithm>
 #include <utility>
@@ -69,7 +69,7 @@ std::string ChosenTable::ValueOf(const Column& column, const RatedCandidate& cho
     case Role::steel:
         return chosen.steelname;
     case Role::family:
-        return named ? text : std::to_string(s.family);
+        return named ? text : std::to_string(InputsOf(s).family);
     default:
         break;
     }

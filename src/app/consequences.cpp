@@ -1,7 +1,7 @@
 #include "app/consequences.h"
 
 #include "analysis/load_model.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 
 #include <array>
 #include <cstddef>
@@ -39,39 +39,44 @@ float BucklingFactor(int bucklingcase)
     return kBucklingFactor.at(static_cast<std::size_t>(bucklingcase));
 }
 
-void FollowSupport(ProjectState& s)
+void FollowSupport(ProjectState& member)
 {
+    ProjectInputs& s = InputsOf(member);
     ResetBucklingCase(s.bucklingcasey, s.ly);
     ResetBucklingCase(s.bucklingcasez, s.lz);
 }
 
-void FollowBucklingCase(ProjectState& s, Axis axis)
+void FollowBucklingCase(ProjectState& member, Axis axis)
 {
+    ProjectInputs& s = InputsOf(member);
     const i16 chosen = axis == Axis::y ? s.bucklingcasey : s.bucklingcasez;
     if (IsCase(kBucklingFactor, chosen)) {
         (axis == Axis::y ? s.ly : s.lz) = BucklingFactor(chosen);
     }
 }
 
-void FollowLateralTick(ProjectState& s)
+void FollowLateralTick(ProjectState& member)
 {
+    ProjectInputs& s = InputsOf(member);
     if (s.ltb == 0) {
         s.restraints = 0;
         s.ltbk = kBucklingOff;
     } else {
-        FollowLateralCase(s);
+        FollowLateralCase(member);
     }
 }
 
-void FollowLateralCase(ProjectState& s)
+void FollowLateralCase(ProjectState& member)
 {
+    ProjectInputs& s = InputsOf(member);
     if (IsCase(kLateralFactor, s.ltbcase)) {
         s.ltbk = kLateralFactor.at(static_cast<std::size_t>(s.ltbcase));
     }
 }
 
-void FollowWebStiffeners(ProjectState& s)
+void FollowWebStiffeners(ProjectState& member)
 {
+    ProjectInputs& s = InputsOf(member);
     if (s.webstiff == 0) {
         s.webstiffa = LengthInMm(s);
     } else {

@@ -2,7 +2,7 @@
 
 #include "app/choices.h"
 #include "app/view_section.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "sections/family_table.h"
 #include "sections/section_names.h"
 
@@ -38,8 +38,8 @@ constexpr Owning kOwners[] = {
      [](const FamilyTraits& family) {
          return family.kind == Kind::hat && family.shape.lower == LowerFlange::both_sides;
      }},
-    {"series101", [](const FamilyTraits& f) { return f.series == &ProjectState::series101; }},
-    {"series103", [](const FamilyTraits& f) { return f.series == &ProjectState::series103; }},
+    {"series101", [](const FamilyTraits& f) { return f.series == &SectionForms::series101; }},
+    {"series103", [](const FamilyTraits& f) { return f.series == &SectionForms::series103; }},
     {"p41ident", [](const FamilyTraits& f) { return f.kind == Kind::general; }},
 };
 
@@ -69,7 +69,8 @@ Owner OwnerWhere(const auto& owns)
 
 bool Owner::Has(const ProjectState& s) const
 {
-    const bool family = s.family == families[0] || s.family == families[1];
+    const i16 id = InputsOf(s).family;
+    const bool family = id == families[0] || id == families[1];
     return !any() || (family && (series == 0 || series == SeriesOf(s)));
 }
 
@@ -96,8 +97,9 @@ Owner OwnerOf(const Field& field)
 
 i16 SeriesOf(const ProjectState& s)
 {
-    const bool series = Traits(s).series != nullptr;
-    return static_cast<i16>(series ? FamilyOfTable(TableOf(s)).series : 0);
+    const ProjectInputs& in = InputsOf(s);
+    const bool series = Traits(in).series != nullptr;
+    return static_cast<i16>(series ? FamilyOfTable(TableOf(in)).series : 0);
 }
 
 std::string OwnerName(const Owner& owner)
@@ -135,8 +137,9 @@ double InSignOf(const Field& field, double value, bool tensionpositive)
     return tensionpositive && IsAxial(field) ? 0 - value : value;  // 0 stays without a sign
 }
 
-void ClearLoads(ProjectState& s, LoadKind kind)
+void ClearLoads(ProjectState& member, LoadKind kind)
 {
+    ProjectInputs& s = InputsOf(member);
     if (kind == LoadKind::endforce) {
         s.ne = s.my1 = s.my2 = s.vy1 = s.vy2 = s.mz1 = s.mz2 = s.vz1 = s.vz2 = 0;
         return;

@@ -6,8 +6,9 @@
 #include "app/locale_text.h"
 #include "app/section_list.h"
 #include "core/field_table.h"
+#include "core/held_state.h"
 #include "core/parse_num.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "sections/family_table.h"
 
 #include <algorithm>
@@ -77,7 +78,7 @@ bool Belongs(const ProjectState& s, const Box& box)
     const bool ofsection =
         std::any_of(Families().begin(), Families().end(),
                     [&](const FamilyTraits& family) { return family.form == box.form; });
-    const FamilyTraits* const family = FindFamily(s.family);
+    const FamilyTraits* const family = FindFamily(InputsOf(s).family);
     return !ofsection || (family != nullptr && family->form == box.form);
 }
 
@@ -187,7 +188,7 @@ std::vector<Finding> FindByWords(const Session& session, std::string_view typed)
 
 bool Take(Session& session, const Finding& finding)
 {
-    ProjectState s = session.state();
+    HeldState s = session.state();
     std::string refusal;
     if (finding.kind == Finding::Kind::section) {
         refusal = AssignSection(session.library(), s, finding.name, false);
@@ -209,7 +210,7 @@ bool Take(Session& session, const Finding& finding)
             ForLocale(finding.text + ": " + refusal, session.decimalcomma()));
         return false;
     }
-    session.edit() = std::move(s);
+    session.Replace(s);
     session.Calculate();
     return true;
 }

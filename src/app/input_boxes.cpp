@@ -6,7 +6,7 @@
 #include "core/field_table.h"
 #include "core/number_format.h"
 #include "core/parse_num.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 
 #include <algorithm>
 #include <array>
@@ -55,9 +55,10 @@ BoxOutcome CommitPosition(ProjectState& s, const Box& box, const Field& field, i
                           float typed)
 {
     const bool relative = EditsRelative(s, box);
-    const float upper = relative ? 1.0f : s.l;
+    const float length = InputsOf(s).l;
+    const float upper = relative ? 1.0f : length;
     const bool good = typed >= 0 && typed <= upper;
-    const double x = !good ? 0.0 : relative ? static_cast<double>(typed) * s.l : typed;
+    const double x = !good ? 0.0 : relative ? static_cast<double>(typed) * length : typed;
     Store(s, field, index, static_cast<float>(x));
     return {good, good ? std::string_view{} : relative ? box.other : box.message};
 }
@@ -76,7 +77,7 @@ struct RelatedBound {
     }
 };
 
-RelatedBound BoundOf(const ProjectState& s, const Box& box)
+RelatedBound BoundOf(const ProjectInputs& s, const Box& box)
 {
     using enum RelatedBound::Side;
     switch (box.rule) {
@@ -98,7 +99,7 @@ RelatedBound BoundOf(const ProjectState& s, const Box& box)
 }
 
 // Nothing when the rule is kept.
-std::optional<std::string_view> Related(const ProjectState& s, const Box& box, double value)
+std::optional<std::string_view> Related(const ProjectInputs& s, const Box& box, double value)
 {
     const bool kept = BoundOf(s, box).Kept(F32(value));
     return kept ? std::nullopt : std::optional(box.other.empty() ? box.message : box.other);
@@ -112,7 +113,7 @@ std::string Shortest(float value)
 }
 
 // The overhang of the top flange follows a narrower flange.
-BoxOutcome FitOverhang(ProjectState& s)
+BoxOutcome FitOverhang(ProjectInputs& s)
 {
     const float most = F32(s.p27.istb1 / 2 - s.p27.isttw);
     if (s.p27.istc <= most) {
@@ -147,10 +148,11 @@ const Box* BoxOfField(std::string_view field)
 
 bool EditsRelative(const ProjectState& s, const Box& box)
 {
+    const ProjectInputs& in = InputsOf(s);
     if (box.field == "pmx") {
-        return s.pmrelative != 0;
+        return in.pmrelative != 0;
     }
-    return box.field == "cp" ? s.cprelative != 0 : s.qtrelative != 0;
+    return box.field == "cp" ? in.cprelative != 0 : in.qtrelative != 0;
 }
 
 BoxOutcome Commit(ProjectState& s, const Box& box, int index, std::string_view text,
@@ -171,16 +173,16 @@ BoxOutcome Commit(ProjectState& s, const Box& box, int index, std::string_view t
     if (!Within(value, field->limits)) {
         return {false, box.message};
     }
-    if (const auto refusal = Related(s, box, value)) {
+    if (const auto refusal = Related(InputsOf(s), box, value)) {
         return {false, *refusal};
     }
-    return box.rule == BoxRule::boxtop ? FitOverhang(s) : BoxOutcome{};
+    return box.rule == BoxRule::boxtop ? FitOverhang(InputsOf(s)) : BoxOutcome{};
 }
 
 std::string LimitText(const ProjectState& s, const Box& box)
 {
     if (box.rule == BoxRule::position) {
-        return "0 to " + Shortest(EditsRelative(s, box) ? 1.0F : s.l);
+        return "0 to " + Shortest(EditsRelative(s, box) ? 1.0F : InputsOf(s).l);
     }
     std::string text;
     const auto add = [&text](const char* word, double value) {
@@ -194,7 +196,8 @@ std::string LimitText(const ProjectState& s, const Box& box)
     if (upper.kind != Bound::Kind::none) {
         add(upper.kind == Bound::Kind::strict ? "below" : "at most", upper.value);
     }
-    if (const RelatedBound bound = BoundOf(s, box); bound.side != RelatedBound::Side::none) {
+    if (const RelatedBound bound = BoundOf(InputsOf(s), box);
+        bound.side != RelatedBound::Side::none) {
         add(bound.side == RelatedBound::Side::below    ? "below"
             : bound.side == RelatedBound::Side::atmost ? "at most"
                                                        : "at least",
@@ -207,8 +210,9 @@ std::string BoxText(const ProjectState& s, const Box& box, int index)
 {
     const Field& field = *FindField(box.field);
     double value = NumberOf(s, field, index);
-    if (box.rule == BoxRule::position && EditsRelative(s, box) && s.l != 0) {
-        return FormatNum(value / s.l, box.format);
+    const float length = InputsOf(s).l;
+    if (box.rule == BoxRule::position && EditsRelative(s, box) && length != 0) {
+        return FormatNum(value / length, box.format);
     }
     if (box.format.empty()) {
         std::array<char, 40> digits{};

@@ -1,7 +1,8 @@
 #include "app/member_line.h"
 
 #include "app/file_commands.h"
-#include "core/project_state.h"
+#include "core/held_state.h"
+#include "core/project_inputs.h"
 #include "engine/new_project.h"
 
 namespace kestrum {
@@ -9,7 +10,7 @@ namespace kestrum {
 bool MemberLine::Open(Session& session, const MembersSheet& sheet, std::size_t row,
                       const ProjectState& base, const std::string& table)
 {
-    ProjectState member = base;
+    HeldState member = base;
     const std::string refusal = sheet.Member(session.library(), row, member);
     const std::string name = sheet.NameOf(row);
     if (!refusal.empty()) {
@@ -17,8 +18,8 @@ bool MemberLine::Open(Session& session, const MembersSheet& sheet, std::size_t r
         return false;
     }
     session.BeginDocument("member " + name);
-    session.edit() = member;
-    session.edit().filename = kNewFile;
+    session.Replace(member);
+    InputsOf(session.edit()).filename = kNewFile;
     session.BeginProject();
     session.disk.Forget();
     session.SetTitle(session.TitleStem() + ": member " + name + " of " + table);

@@ -6,7 +6,7 @@
 #include "core/annexes.h"
 #include "core/json_scan.h"
 #include "core/load_combination.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "core/utf8_text.h"
 
 #include <algorithm>
@@ -38,8 +38,9 @@ std::string Told(std::string_view name, std::string_view what)
 std::string Settle(ProjectState& s, AssignRun& run)
 {
     const Refused refused = run.Finish();
-    ApplyAnnexMaterial(s, s.annexindex);
-    ApplyAnnexLoads(s, s, s.annexindex);
+    ProjectInputs& in = InputsOf(s);
+    ApplyAnnexMaterial(in, in.annexindex);
+    ApplyAnnexLoads(in, in, in.annexindex);
     return refused.name.empty() ? refused.what : Told(refused.name, refused.what);
 }
 

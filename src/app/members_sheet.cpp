@@ -10,7 +10,8 @@
 #include "app/view_section.h"
 #include "app/without_effect.h"
 #include "core/field_table.h"
-#include "core/project_state.h"
+#include "core/held_state.h"
+#include "core/project_inputs.h"
 #include "engine/calculate.h"
 #include "sections/family_table.h"
 
@@ -94,7 +95,7 @@ std::string CellText(const Library& library, const ProjectState& s, const std::s
         return SectionName(library, s);
     }
     if (column == kSteel) {
-        return NameOfValue(library, *FindChoice("fykindex"), s.fykindex);
+        return NameOfValue(library, *FindChoice("fykindex"), InputsOf(s).fykindex);
     }
     if (column == kAnnex) {
         return std::string(TextOf(s, *FindField("annexcode")));
@@ -430,12 +431,13 @@ std::string MembersSheet::Write(const Library& library, std::size_t row, const P
                                 const ProjectState& wanted)
 {
     const Table before = now_;
-    const FamilyTraits* const family = FindFamily(wanted.family);
-    const bool table = HasTable(wanted.family) && family->input != SectionInput::stiffener;
-    ProjectState given = base;
+    const FamilyTraits* const family = FindFamily(InputsOf(wanted).family);
+    const bool table =
+        HasTable(InputsOf(wanted).family) && family->input != SectionInput::stiffener;
+    HeldState given = base;
     std::string refusal;
     const auto differing = [&] {
-        ProjectState now = base;
+        HeldState now = base;
         refusal = Member(library, row, now);
         if (refusal.empty()) {
             Calculate(library, now);  // which also moves inputs, as it has moved those wanted

@@ -2,7 +2,8 @@
 
 #include "app/choices.h"
 #include "app/view_section.h"
-#include "core/project_state.h"
+#include "core/held_state.h"
+#include "core/project_inputs.h"
 #include "core/utf8_text.h"
 
 #include <algorithm>
@@ -42,7 +43,7 @@ std::vector<MemberGroup> GroupsOf(const MemberList& members, std::size_t column)
 // A member of a group as it was read.
 struct OptimizeWorker::Taken {
     std::size_t member;
-    ProjectState s;
+    HeldState s;
     std::string refusal;
     std::unique_ptr<SectionRater> rater{};
     std::size_t place = 0;  // among those of the group that can be calculated
@@ -123,7 +124,8 @@ void OptimizeWorker::Answer(OptimizePiece& piece, const MemberGroup& group, cons
 {
     OptimizePiece::Answer one{.member = taken.member};
     const std::string section = SectionName(plan_.library, taken.s);
-    const std::string steel = NameOfValue(plan_.library, *FindChoice("fykindex"), taken.s.fykindex);
+    const std::string steel =
+        NameOfValue(plan_.library, *FindChoice("fykindex"), InputsOf(taken.s).fykindex);
     OptimizedMember of{.key = plan_.members.Key(taken.member),
                        .group = group.name,
                        .member = taken.place,
@@ -138,12 +140,13 @@ void OptimizeWorker::Answer(OptimizePiece& piece, const MemberGroup& group, cons
     one.verdict = form_.VerdictFor(of, answer);
     const RatedCandidate* const chosen =
         answer != nullptr && !answer->found.empty() ? &answer->found.front() : nullptr;
-    ProjectState s = taken.s;
+    HeldState s = taken.s;
     if (chosen != nullptr) {
         optimizer_.Give(s, *chosen);
+        const double length = InputsOf(s).l;
         one.ir = form_.RatioOf(chosen->answers[taken.place]);
-        one.after = chosen->figures.mass * s.l;
-        one.before = of.figures ? of.figures->mass * s.l : 0;
+        one.after = chosen->figures.mass * length;
+        one.before = of.figures ? of.figures->mass * length : 0;
     }
     if (plan_.chosen != nullptr) {
         plan_.chosen->AppendLine(one.chosen, taken.member, chosen, s);

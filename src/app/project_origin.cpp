@@ -1,8 +1,9 @@
 #include "app/project_origin.h"
 
 #include "core/file_io.h"
+#include "core/held_state.h"
 #include "core/project_file.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "core/sha256.h"
 
 namespace kestrum {
@@ -19,9 +20,10 @@ ProjectOrigin OriginOf(const std::string& path, const std::string& bytes)
 ProjectOrigin OriginOf(const ProjectState& s)
 {
     std::string bytes;
-    ProjectState saved = s;
-    const bool same = ReadWholeFile(s.filename, bytes).empty() && WriteProject(saved) == bytes;
-    return same ? OriginOf(s.filename, bytes) : ProjectOrigin{};
+    HeldState saved = s;
+    const bool same =
+        ReadWholeFile(InputsOf(s).filename, bytes).empty() && WriteProject(saved) == bytes;
+    return same ? OriginOf(InputsOf(s).filename, bytes) : ProjectOrigin{};
 }
 
 ProjectOrigin OriginOf(const std::string& path)

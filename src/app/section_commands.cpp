@@ -1,6 +1,6 @@
 #include "app/section_commands.h"
 
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 
 namespace kestrum {
 
@@ -15,20 +15,20 @@ i16 Number(int value)
 
 void ChooseFamily(Session& session, int family)
 {
-    session.edit().family = Number(family);
+    InputsOf(session.edit()).family = Number(family);
     session.Calculate();
 }
 
 void ChooseRow(Session& session, Table table, int row)
 {
-    session.edit().row.at(static_cast<std::size_t>(table)) = Number(row);
+    InputsOf(session.edit()).row.at(static_cast<std::size_t>(table)) = Number(row);
     session.Calculate();
 }
 
 void ChooseSeries(Session& session, int series)
 {
-    ProjectState& s = session.edit();
-    if (i16 ProjectState::*const chosen = Traits(s).series; chosen != nullptr) {
+    ProjectInputs& s = InputsOf(session.edit());
+    if (i16 SectionForms::*const chosen = Traits(s).series; chosen != nullptr) {
         s.*chosen = Number(series);
     }
     session.Calculate();
@@ -36,7 +36,7 @@ void ChooseSeries(Session& session, int series)
 
 void ChooseSectionOption(Session& session, SectionOption option, int value)
 {
-    ProjectState& s = session.edit();
+    ProjectInputs& s = InputsOf(session.edit());
     switch (option) {
     case SectionOption::rectaxis:
         s.rectaxis = Number(value);
@@ -62,12 +62,13 @@ void ChooseSectionOption(Session& session, SectionOption option, int value)
 
 void ToggleRectangularAxis(Session& session)
 {
-    ChooseSectionOption(session, SectionOption::rectaxis, session.state().rectaxis == 1 ? 2 : 1);
+    ChooseSectionOption(session, SectionOption::rectaxis,
+                        InputsOf(session.state()).rectaxis == 1 ? 2 : 1);
 }
 
 void ChooseGeneralClass(Session& session, Effect effect, int classnumber)
 {
-    FormP41& p41 = session.edit().p41;
+    FormP41& p41 = InputsOf(session.edit()).p41;
     (effect == Effect::n    ? p41.opn
      : effect == Effect::my ? p41.opmy
                             : p41.opmz) = Number(classnumber);
@@ -76,7 +77,7 @@ void ChooseGeneralClass(Session& session, Effect effect, int classnumber)
 
 void SetGeneralIdent(Session& session, std::string_view text)
 {
-    session.edit().p41ident = text;
+    InputsOf(session.edit()).p41ident = text;
     session.Calculate();
 }
 

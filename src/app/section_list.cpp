@@ -98,9 +98,10 @@ std::string StandardRatioText(const RatedSection& section)
            (standard.above ? " > limit" : "");
 }
 
-StandardRating RateByStandard(const Library& library, ProjectState given, i16 row)
+StandardRating RateByStandard(const Library& library, HeldState given, i16 row)
 {
-    given.row[static_cast<std::size_t>(TableOf(given))] = row;
+    ProjectInputs& in = InputsOf(given);
+    in.row[static_cast<std::size_t>(TableOf(in))] = row;
     const standard::StandardResult result = standard::CalculateStandard(library, given);
     return {true, result.rated, result.above, result.ir};
 }

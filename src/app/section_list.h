@@ -4,6 +4,7 @@
 // with the loads, lengths and settings as they stand. For choosing a section with the answer in
 // view.
 
+#include "core/held_state.h"
 #include "core/library.h"
 #include "report/outcome.h"
 
@@ -44,7 +45,7 @@ std::string RatioText(const RatedSection& section);
 std::string StandardRatioText(const RatedSection& section);
 
 // The row of the table by EN 1993-1-1 as written; `given` as a pass was given the project.
-StandardRating RateByStandard(const Library& library, ProjectState given, i16 row);
+StandardRating RateByStandard(const Library& library, HeldState given, i16 row);
 
 // All rows of the table of the family and series in hand; none for a family without tables.
 std::vector<RatedSection> RateSections(const Library& library, const ProjectState& s);

@@ -8,7 +8,8 @@
 #include "app/input_boxes.h"
 #include "app/size_list.h"
 #include "app/unloaded_member.h"
-#include "core/project_state.h"
+#include "core/held_state.h"
+#include "core/project_inputs.h"
 #include "sections/family_table.h"
 #include "sections/section_names.h"
 
@@ -192,7 +193,7 @@ std::string SectionPool::FillSizes(const Library& library, const Entry& entry, S
     if (sizes.texts.empty() || sizes.texts.size() > kMostSizes) {
         return name + "=" + wanted + (sizes.texts.empty() ? ": no sizes" : ": more than 255 sizes");
     }
-    ProjectState s = UnloadedMember(library);
+    HeldState s = UnloadedMember(library);
     for (const std::string& text : sizes.texts) {
         // Limits that depend on other dimensions are seen with these, in Apply.
         const bool tied = sizes.target.box->rule != BoxRule::plain;
@@ -345,12 +346,13 @@ std::vector<std::string> SectionPool::Fields() const
 bool SectionPool::Apply(const Library& library, ProjectState& s, const Candidate& candidate) const
 {
     const Entry& entry = entries_[candidate.entry];
-    s.family = entry.family;
+    ProjectInputs& in = InputsOf(s);
+    in.family = entry.family;
     if (entry.series != 0) {
-        s.*TraitsOf(entry.family).series = entry.series;
+        in.*TraitsOf(entry.family).series = entry.series;
     }
     if (entry.table) {
-        s.row[static_cast<std::size_t>(*entry.table)] = candidate.row;
+        in.row[static_cast<std::size_t>(*entry.table)] = candidate.row;
     }
     AssignRun run(library, s, Assignment::checked);
     for (std::size_t k = 0; k < entry.sizes.size(); ++k) {

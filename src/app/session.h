@@ -40,6 +40,7 @@ public:
     // Record and Publish.
     const ProjectState& state() const { return *state_; }
     ProjectState& edit() { return *state_; }
+    void Replace(const ProjectState& s) { state_ = s; }
 
     // The state of the last pass that ended well: panel, diagrams and pages are drawn from it.
     // Before the first one it is the project in hand. The vortex control needs no pass: what it

@@ -3,7 +3,7 @@
 #include "core/annexes.h"
 #include "core/file_io.h"
 #include "core/load_combination.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "core/setup_file.h"
 #include "core/utf8_path.h"
 
@@ -23,7 +23,7 @@ i16 Number(int value)
 
 void ChooseAnnex(Session& session, int annexindex)
 {
-    ProjectState& s = session.edit();
+    ProjectInputs& s = InputsOf(session.edit());
     s.annexindex = Number(annexindex);
     s.annexcode = AnnexCodeFromIndex(annexindex);
     session.SetTitle(session.TitleStem() + ": " + s.filename);
@@ -34,25 +34,25 @@ void ChooseAnnex(Session& session, int annexindex)
 
 bool AnnexParametersOpen(const ProjectState& s)
 {
-    return s.annexindex == kAnnexUd;
+    return InputsOf(s).annexindex == kAnnexUd;
 }
 
 ClassFrame ShownClassFrame(const ProjectState& s)
 {
-    if (s.loadcomb >= kUserFactors || ClassCaption(s).empty()) {
+    if (InputsOf(s).loadcomb >= kUserFactors || ClassCaption(s).empty()) {
         return ClassFrame::none;
     }
-    return s.annexindex == kAnnexNo ? ClassFrame::norway : ClassFrame::three;
+    return InputsOf(s).annexindex == kAnnexNo ? ClassFrame::norway : ClassFrame::three;
 }
 
 std::string_view ClassCaption(const ProjectState& s)
 {
-    return AnnexClassName(s.annexindex);
+    return AnnexClassName(InputsOf(s).annexindex);
 }
 
 void ChooseClass(Session& session, int safetyclass)
 {
-    ProjectState& s = session.edit();
+    ProjectInputs& s = InputsOf(session.edit());
     s.safetyclass = Number(safetyclass);
     ApplyAnnexLoads(s, s, s.annexindex);
     session.Calculate();
@@ -60,7 +60,7 @@ void ChooseClass(Session& session, int safetyclass)
 
 void ChoosePsi(Session& session, int which, int index)
 {
-    ProjectState& s = session.edit();
+    ProjectInputs& s = InputsOf(session.edit());
     (which == 1 ? s.psi1index : s.psi2index) = Number(index);
     SetPsi(s);
     ApplyAnnexLoads(s, s, s.annexindex);
@@ -69,23 +69,23 @@ void ChoosePsi(Session& session, int which, int index)
 
 bool UserFactorsShown(const ProjectState& s)
 {
-    return s.loadcomb == kUserFactors;
+    return InputsOf(s).loadcomb == kUserFactors;
 }
 
 bool PsiShown(const ProjectState& s)
 {
-    return s.loadcomb < kUserFactors;
+    return InputsOf(s).loadcomb < kUserFactors;
 }
 
 void ChooseMethod(Session& session, int method)
 {
-    session.edit().method = Number(method);
+    InputsOf(session.edit()).method = Number(method);
     session.Calculate();
 }
 
 void TickOption(Session& session, Option option, bool on)
 {
-    ProjectState& s = session.edit();
+    ProjectInputs& s = InputsOf(session.edit());
     i16& field = option == Option::elastic          ? s.checkelastic
                  : option == Option::conservative   ? s.checkconsercontrol
                  : option == Option::flangebuckling ? s.checkflangebuck
@@ -99,9 +99,9 @@ bool SaveAsDefault(Session& session, const std::string& folder)
     const std::string path = folder + "/" + std::string(kSetupFile);
     std::error_code fault;
     std::filesystem::create_directories(Utf8Path(folder), fault);
-    ProjectState& s = session.edit();
+    ProjectInputs& s = InputsOf(session.edit());
     s.annexcode = AnnexCodeFromIndex(s.annexindex);
-    const std::string problem = WriteWholeFile(path, WriteSetup(s));
+    const std::string problem = WriteWholeFile(path, WriteSetup(session.edit()));
     if (!problem.empty()) {
         session.surroundings().Warn(path + ": " + problem);
     }

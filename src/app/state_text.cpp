@@ -1,7 +1,8 @@
 #include "app/state_text.h"
 
 #include "core/field_table.h"
-#include "core/project_state.h"
+#include "core/held_state.h"
+#include "core/state/types.h"
 
 #include <algorithm>
 #include <array>
@@ -109,7 +110,7 @@ bool ReadValue(std::string_view text, const Field& field, void* at)
 
 std::string StateText(const ProjectState& s)
 {
-    ProjectState record = s;  // a field is located in one that may be written
+    HeldState record = s;  // a field is located in one that may be written
     std::string text;
     for (const Field& field : AllFields()) {
         if (field.kind == FieldKind::literal) {

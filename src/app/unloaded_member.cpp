@@ -1,17 +1,17 @@
 #include "app/unloaded_member.h"
 
 #include "app/field_owner.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "engine/new_project.h"
 
 namespace kestrum {
 
-ProjectState UnloadedMember(const Library& library)
+HeldState UnloadedMember(const Library& library)
 {
-    ProjectState s = StartState(library);
+    HeldState s = StartState(library);
     ClearLoads(s, LoadKind::load);
     ClearLoads(s, LoadKind::endforce);
-    s.ident.clear();
+    InputsOf(s).ident.clear();
     return s;
 }
 

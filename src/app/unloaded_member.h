@@ -2,13 +2,12 @@
 
 // The member that tables and other programs begin from.
 
+#include "core/held_state.h"
 #include "core/library.h"
 
 namespace kestrum {
 
-struct ProjectState;
-
 // A new project without its example loads and its identification.
-ProjectState UnloadedMember(const Library& library);
+HeldState UnloadedMember(const Library& library);
 
 }  // namespace kestrum

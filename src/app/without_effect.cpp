@@ -6,7 +6,7 @@
 #include "app/setup_commands.h"
 #include "core/field_table.h"
 #include "core/load_combination.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 
 #include <algorithm>
 #include <iterator>
@@ -25,9 +25,9 @@ struct Rule {
 
 // clang-format off
 constexpr Rule kRules[] = {
-    {" nload qload qt1 qt2 pm selfweight ", [](const ProjectState& s) { return s.loadmode == 0; },
+    {" nload qload qt1 qt2 pm selfweight ", [](const ProjectState& s) { return InputsOf(s).loadmode == 0; },
      "the member has given end forces (loadmode 0)"},
-    {" ne my1 my2 mz1 mz2 vy1 vy2 vz1 vz2 ", [](const ProjectState& s) { return s.loadmode == 1; },
+    {" ne my1 my2 mz1 mz2 vy1 vy2 vz1 vz2 ", [](const ProjectState& s) { return InputsOf(s).loadmode == 1; },
      "the member has loads (loadmode 1)"},
     {" spring ", [](const ProjectState& s) { return !SpringShown(s); },
      "no support has springs (supportcase 3 or 5)"},
@@ -40,14 +40,14 @@ constexpr Rule kRules[] = {
     {" safetyclass ", [](const ProjectState& s) { return ShownClassFrame(s) == ClassFrame::none; },
      "the annex or the combination has no classes"},
     {" ltbcase ltbk restraints ltbcurve loadlevel za cmanual c1alt c1 c2 c3 ",
-     [](const ProjectState& s) { return s.ltb == 0; },
+     [](const ProjectState& s) { return InputsOf(s).ltb == 0; },
      "lateral torsional buckling is off (ltb 0)"},
     {" cmanual c1 c2 c3 ", [](const ProjectState& s) { return !ManualFactorsOffered(s); },
      "own C factors go with loads and without restraints"},
-    {" c1 c2 c3 ", [](const ProjectState& s) { return s.cmanual == kFalse; },
+    {" c1 c2 c3 ", [](const ProjectState& s) { return InputsOf(s).cmanual == kFalse; },
      "own C factors go with cmanual"},
-    {" za ", [](const ProjectState& s) { return s.loadlevel != 4; }, "za goes with loadlevel 4"},
-    {" cpcount cp ", [](const ProjectState& s) { return s.cpmode != 1; },
+    {" za ", [](const ProjectState& s) { return InputsOf(s).loadlevel != 4; }, "za goes with loadlevel 4"},
+    {" cpcount cp ", [](const ProjectState& s) { return InputsOf(s).cpmode != 1; },
      "own check points go with cpmode 1"},
     {" p24.hsqc ", [](const ProjectState&) { return true; }, "the file keeps p25.istc in its place"},
     {" beampart ", [](const ProjectState&) { return true; }, "the calculation sets it"},
@@ -77,7 +77,7 @@ std::string Unticked(const ProjectState& s, const FieldRef& ref)
                                 {" qt1 qt2 ", "qtchecked"},
                                 {" pm ", "pmchecked"}};
     for (const Ticks& ticks : kTicks) {
-        if (s.loadcomb == kBasicLoads && Names(ticks.loads, ref.field->name) &&
+        if (InputsOf(s).loadcomb == kBasicLoads && Names(ticks.loads, ref.field->name) &&
             NumberOf(s, *FindField(ticks.tick), ref.index) == 0) {
             return "basic loads (loadcomb 5) are those of ticked rows (" + std::string(ticks.tick) +
                    ")";
@@ -121,7 +121,7 @@ std::string WhyIdle(const Library& library, const ProjectState& s, const FieldRe
         return {};
     }
     if ((rules & kOwned) != 0 && !OwnerOf(*ref.field).Has(s)) {
-        return "the family is " + std::to_string(s.family);
+        return "the family is " + std::to_string(InputsOf(s).family);
     }
     for (std::size_t i = 0; i < std::size(kRules); ++i) {
         if ((rules & (1U << i)) != 0 && kRules[i].idle(s)) {

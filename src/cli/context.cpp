@@ -4,7 +4,7 @@
 #include "core/arithmetic_trap.h"
 #include "core/file_io.h"
 #include "core/project_file.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "core/setup_file.h"
 #include "core/utf8_path.h"
 #include "core/utf8_text.h"
@@ -93,11 +93,11 @@ std::string ReadAll(const std::string& file)
 
 HeldState Project(const Library& library, const std::string& file, const std::string& bytes)
 {
-    ProjectState s{};
+    HeldState s;
     if (const auto fault = ReadFresh(library, s, bytes)) {
         throw BadInput(FaultText(file, *fault));
     }
-    s.filename = file;
+    InputsOf(s).filename = file;
     return s;
 }
 
@@ -144,7 +144,7 @@ Library LoadTables(const Options& options)
     }
     if (!options.setup.empty()) {
         library.setup = ReadAll(options.setup);
-        ProjectState scratch{};
+        HeldState scratch;
         if (const auto fault = ReadSetup(scratch, library.setup)) {
             throw BadInput(FaultText(options.setup, *fault));
         }
@@ -197,23 +197,11 @@ void SaveChanged(ProjectState& s, const std::string& file, FileLock& lock)
 
 void RequireVortexFamily(const ProjectState& s, const std::string& file)
 {
-    if (!VortexFamily(s.family)) {
-        const std::string_view refusal = VortexRefusal(s.family);
+    const int family = InputsOf(s).family;
+    if (!VortexFamily(family)) {
+        const std::string_view refusal = VortexRefusal(family);
         throw BadInput(file + ": " + std::string(refusal.empty() ? "no such family" : refusal));
     }
-}
-
-bool ControlVortices(ProjectState& s)
-{
-    try {
-        ArmTrap();
-        CalcVortexFrequency(s, s, s);
-        CalcVortex(s, s, s);
-        CheckTrap();
-    } catch (const CalculationStop&) {
-        return false;
-    }
-    return true;
 }
 
 std::string EndingOf(const std::string& name)

@@ -3,7 +3,7 @@
 #include "app/assign_run.h"
 #include "app/choices.h"
 #include "cli/commands.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "core/utf8_text.h"
 #include "engine/new_project.h"
 #include "report/state_json.h"
@@ -63,7 +63,7 @@ void TellBrought(const Options& options, const Library& library, const ProjectSt
 void Apply(const Options& options, const Library& library, ProjectState& s,
            const std::vector<Change>& changes, Manner manner)
 {
-    const ProjectState before = s;
+    const HeldState before = s;
     AssignRun run(library, s, manner);
     std::vector<AssignTarget> targets(changes.size());
     for (std::size_t i = 0; i < changes.size(); ++i) {
@@ -157,12 +157,12 @@ std::string Differences(const ProjectState& before, const ProjectState& s, bool 
 int New(const Options& options, const NewArguments& arguments)
 {
     const Library library = LoadTables(options);
-    ProjectState s = StartState(library);
+    HeldState s = StartState(library);
     std::vector<Change> changes = SplitAll(arguments.set);
     if (!arguments.family.empty()) {
         changes.insert(changes.begin(), {"family", arguments.family});
     }
-    s.ident.clear();
+    InputsOf(s).ident.clear();
     DropExamples(options, s, changes);
     Apply(options, library, s, changes,
           Manner(arguments.raw ? Assignment::raw : Assignment::checked, arguments.tensionpositive));
@@ -176,11 +176,11 @@ int Set(const Options& options, const SetArguments& arguments)
     const std::string out = arguments.out.empty() ? arguments.file : arguments.out;
     const bool file = out != "-" && !arguments.dry_run;
     FileLock lock;
-    ProjectState s = file ? OpenToChange(library, arguments.file, out, lock)
-                          : OpenProject(library, arguments.file);
+    HeldState s = file ? OpenToChange(library, arguments.file, out, lock)
+                       : OpenProject(library, arguments.file);
     // The file has the loads of its mode; those of the other one are examples.
-    ClearLoads(s, s.loadmode == 1 ? LoadKind::endforce : LoadKind::load);
-    const ProjectState before = s;
+    ClearLoads(s, InputsOf(s).loadmode == 1 ? LoadKind::endforce : LoadKind::load);
+    const HeldState before = s;
     Apply(options, library, s, SplitAll(arguments.set),
           Manner(arguments.raw ? Assignment::raw : Assignment::checked, arguments.tensionpositive));
     if (arguments.dry_run) {

@@ -4,7 +4,7 @@
 #include "app/table_record.h"
 #include "app/unloaded_member.h"
 #include "cli/text_stream.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "core/utf8_path.h"
 
 #include <algorithm>
@@ -103,8 +103,8 @@ unsigned Threads(int jobs)
 HeldState BaseOf(const Library& library, const std::string& file)
 {
     if (!file.empty()) {
-        ProjectState s = OpenProject(library, file);
-        ClearLoads(s, s.loadmode == 1 ? LoadKind::endforce : LoadKind::load);
+        HeldState s = OpenProject(library, file);
+        ClearLoads(s, InputsOf(s).loadmode == 1 ? LoadKind::endforce : LoadKind::load);
         return s;
     }
     return UnloadedMember(library);

@@ -13,8 +13,9 @@
 #include "cli/many.h"
 #include "cli/progress.h"
 #include "core/file_io.h"
+#include "core/held_state.h"
 #include "core/number_format.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "core/utf8_text.h"
 #include "sections/families.h"
 
@@ -166,8 +167,8 @@ void SpareInputs(const OptimizeArguments& arguments)
 void TellLateral(const Options& options, const ProjectState& before, const ProjectState& s)
 {
     constexpr auto kOff = LateralBuckling::off;
-    if (before.ltb == 0 && Traits(before).design.lateral == kOff &&
-        Traits(s).design.lateral != kOff) {
+    if (InputsOf(before).ltb == 0 && Traits(InputsOf(before)).design.lateral == kOff &&
+        Traits(InputsOf(s)).design.lateral != kOff) {
         Hint(options, "lateral torsional buckling is off in the project, whose section cannot have "
                       "it, and is not checked for the section chosen either; ltb=1 has it checked");
     }
@@ -186,8 +187,9 @@ int OptimizeProject(const Options& options, const OptimizeArguments& arguments)
     SpareInputs(arguments);
     const Interrupt interrupt;
     const Library library = LoadTables(options);
-    const ProjectState project = OpenProject(library, arguments.members);
-    const SectionPool pool = PoolOf(library, arguments, std::to_string(project.family), interrupt);
+    const HeldState project = OpenProject(library, arguments.members);
+    const SectionPool pool =
+        PoolOf(library, arguments, std::to_string(InputsOf(project).family), interrupt);
     Optimizer optimizer(library, pool, WishesOf(library, arguments));
     Require("--by", optimizer.refusal());
     LoadRater member(library, project);
@@ -213,7 +215,7 @@ int OptimizeProject(const Options& options, const OptimizeArguments& arguments)
         Complain(arguments.members + ": " + answer.message);
         return kSomeAbove;
     }
-    ProjectState chosen = project;
+    HeldState chosen = project;
     optimizer.Give(chosen, answer.found.front());
     TellLateral(options, project, chosen);
     if (!arguments.out.empty()) {

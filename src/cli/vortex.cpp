@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/standard_output.h"
+#include "core/arithmetic_trap.h"
 #include "core/project_state.h"
 #include "engine/calculate.h"
 #include "report/design_notes.h"
@@ -66,6 +67,19 @@ std::string JsonOf(const ProjectState& s)
 }
 
 }  // namespace
+
+bool ControlVortices(ProjectState& s)
+{
+    try {
+        ArmTrap();
+        CalcVortexFrequency(s, s, s);
+        CalcVortex(s, s, s);
+        CheckTrap();
+    } catch (const CalculationStop&) {
+        return false;
+    }
+    return true;
+}
 
 int Vortex(const Options& options, const std::string& file)
 {

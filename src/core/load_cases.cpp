@@ -1,7 +1,7 @@
 #include "core/load_cases.h"
 
 #include "core/annexes.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 
 #include <algorithm>
 #include <cmath>
@@ -84,7 +84,7 @@ LoadCases OneCase(CaseRule rule, const LoadFactors& factors)
 
 }  // namespace
 
-LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present, const Basis& basis)
+LoadCases StrengthCases(const ProjectInputs& s, const ActionsPresent& present, const Basis& basis)
 {
     if (s.loadmode != 1) {
         return OneCase(CaseRule::end_forces, {1, 1, 1});
@@ -128,7 +128,7 @@ LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present, co
     return cases;
 }
 
-LoadCases ServiceCases(const ProjectState& s, const ActionsPresent& present, const Basis& basis)
+LoadCases ServiceCases(const ProjectInputs& s, const ActionsPresent& present, const Basis& basis)
 {
     if (s.loadcomb == kUserFactors || s.loadcomb == kBasicLoads) {
         return OneCase(s.loadcomb == kUserFactors ? CaseRule::user : CaseRule::basic,

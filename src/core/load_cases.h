@@ -16,6 +16,8 @@ namespace kestrum {
 enum class CaseRule { eq610, eq610a, eq610b, user, basic, end_forces, characteristic };
 enum class CaseVariables { none, q1, q2, q1_leads, q2_leads, all };
 
+struct ProjectInputs;
+
 struct LoadCase {
     CaseRule rule;
     bool favourable;  // permanent actions with their lower factor
@@ -37,12 +39,12 @@ struct ActionsPresent {
 
 // Strength. Selectors 4 and 5 and given end forces are the user's own factors: one case.
 // Deviations D23, D26, D27, D28, D35, D36.
-LoadCases StrengthCases(const ProjectState& s, const ActionsPresent& present,
+LoadCases StrengthCases(const ProjectInputs& s, const ActionsPresent& present,
                         const Basis& basis = Basis::Standard());
 
 // Serviceability, characteristic combination, EN 1990, Eq (6.14b).
 // Deviations D35, D36.
-LoadCases ServiceCases(const ProjectState& s, const ActionsPresent& present,
+LoadCases ServiceCases(const ProjectInputs& s, const ActionsPresent& present,
                        const Basis& basis = Basis::Standard());
 
 // "6.10a G sup + Q1 + psi0 Q2", "6.14b G + Q2", "user factors", "basic loads", "end forces".

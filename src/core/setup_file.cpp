@@ -1,10 +1,11 @@
 #include "core/setup_file.h"
 
 #include "core/file_layout.h"
+#include "core/held_state.h"
 #include "core/load_combination.h"
 #include "core/member_choices.h"
 #include "core/project_file.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 
 #include <algorithm>
 
@@ -46,7 +47,8 @@ std::string WriteSetup(ProjectState& s)
 
 std::string DeliveredSetup()
 {
-    ProjectState s{};
+    HeldState state;
+    ProjectInputs& s = InputsOf(state);
     s.annexcode = "EU";
     s.gammam0 = 1, s.gammam1 = 1, s.neta = 1.2F, s.method = Method::annex_a;
     s.lamdalt0 = 0.4F, s.beta = 0.75, s.lamdalt0w = 0.4F, s.betaw = 0.75;
@@ -55,7 +57,7 @@ std::string DeliveredSetup()
     s.safetyclass = 3, s.psi1index = 6, s.psi2index = 6;
     s.lfulsg = 1, s.lfulsq1 = 1.3F, s.lfulsq2 = 0.7F;
     s.lfslsg = 1, s.lfslsq1 = 1, s.lfslsq2 = 1;
-    return WriteSetup(s);
+    return WriteSetup(state);
 }
 
 }  // namespace kestrum

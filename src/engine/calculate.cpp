@@ -189,7 +189,7 @@ bool Calculate(const Library& library, ProjectState& s)
     return !s.calculationerror;
 }
 
-ProjectState AsGiven(const ProjectState& s)
+HeldState AsGiven(const ProjectState& s)
 {
     ProjectState given = s;
     PutDroppedBack(given, given.dropped);

@@ -2,13 +2,12 @@
 
 // The driver: one pass of the whole calculation over the record.
 
+#include "core/held_state.h"
 #include "core/library.h"
 
 #include <string_view>
 
 namespace kestrum {
-
-struct ProjectState;
 
 // The one message of a pass that could not finish, whatever the reason.
 constexpr std::string_view kCalculationError =
@@ -22,6 +21,6 @@ bool Calculate(const Library& library, ProjectState& s);
 
 // The project as the last pass found it: with the loads that the section cannot take and the flange
 // loading that was switched off.
-ProjectState AsGiven(const ProjectState& s);
+HeldState AsGiven(const ProjectState& s);
 
 }  // namespace kestrum

@@ -202,7 +202,7 @@ void StartUp(const Library& library, ProjectState& s)
     LoadSetup(library, s);
 }
 
-ProjectState StartState(const Library& library)
+HeldState StartState(const Library& library)
 {
     ProjectState s{};
     StartUp(library, s);

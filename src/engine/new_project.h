@@ -3,6 +3,7 @@
 // The state of a new project and of the program at its start.
 
 #include "core/file_notation.h"
+#include "core/held_state.h"
 #include "core/library.h"
 
 #include <optional>
@@ -24,7 +25,7 @@ void StartUp(const Library& library, ProjectState& s);
 // What a project file is read onto: the record after a start. So nothing of an earlier project is
 // left in it, neither a result that a pass keeps nor a row, section form or curve parameter that
 // the file does not hold, and a file gives the same result whatever was open before.
-ProjectState StartState(const Library& library);
+HeldState StartState(const Library& library);
 
 // The project of a file, read onto that. A fault leaves what comes before it.
 std::optional<FileFault> ReadFresh(const Library& library, ProjectState& s, std::string_view bytes);

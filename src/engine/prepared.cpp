@@ -109,6 +109,11 @@ double PreparedMember::Length() const
     return state->l;
 }
 
+double PreparedMember::Mass() const
+{
+    return state->weight;
+}
+
 PreparedMember Prepare(const Library& library, const ProjectState& member)
 {
     auto state = std::make_shared<ProjectState>(member);

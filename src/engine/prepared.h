@@ -28,6 +28,7 @@ struct PreparedMember {
     bool usable = false;                        // else state->failure says why no case can run
 
     double Length() const;
+    double Mass() const;  // kg/m
 };
 
 // The member as cases of stations see it: no loads or end forces of its own, factors of 1, neither

@@ -4,8 +4,8 @@
 #include "app/field_hint.h"
 #include "app/unloaded_member.h"
 #include "app/view_section.h"
+#include "core/held_state.h"
 #include "core/project_file.h"
-#include "core/project_state.h"
 #include "engine/new_project.h"
 #include "library/handles.h"
 #include "report/state_json.h"
@@ -31,7 +31,7 @@ using kestrum::library::TargetOf;
 void SetAll(kestrum_member& member, const kestrum_setting* settings, size_t count,
             std::string& remarks)
 {
-    ProjectState s = member.state;
+    kestrum::HeldState s = member.state;
     kestrum::AssignRun run(*member.library, s, {kestrum::Assignment::checked});
     std::vector<AssignTarget> targets(count);
     for (size_t i = 0; i < count; ++i) {
@@ -101,9 +101,9 @@ std::string TextOf(const Library& library, const ProjectState& s, const Input& i
                                            : kestrum::JsonNumber(value);
 }
 
-ProjectState ReadBack(const Library& library, std::string_view bytes)
+kestrum::HeldState ReadBack(const Library& library, std::string_view bytes)
 {
-    ProjectState s{};
+    kestrum::HeldState s;
     if (const auto fault = kestrum::ReadFresh(library, s, bytes)) {
         throw Refusal{KESTRUM_BAD_FILE,
                       "line " + std::to_string(fault->line) + ": " + fault->what,
@@ -222,7 +222,7 @@ kestrum_code kestrum_member_project(const kestrum_member* member, kestrum_text**
                                     kestrum_error** error)
 {
     return Answered(out, error, [&] {
-        ProjectState s = Required(member, "member").state;
+        kestrum::HeldState s = Required(member, "member").state;
         return kestrum_text{kestrum::WriteProject(s)};
     });
 }

@@ -1,7 +1,7 @@
 #include "report/diagrams.h"
 
 #include "core/number_format.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "report/curve_band.h"
 
 #include <algorithm>
@@ -138,7 +138,7 @@ AxisPictures DrawAll(const ProjectState& s, LoadAxis axis)
 {
     const bool z = axis == LoadAxis::z;
     return {z ? DrawLoadZ(s) : DrawLoadY(s),
-            s.loadmode == 1 ? WithLoads(s, axis) : WithEndForces(s, axis)};
+            InputsOf(s).loadmode == 1 ? WithLoads(s, axis) : WithEndForces(s, axis)};
 }
 
 Drawing DrawSheet(const ProjectState& s, LoadAxis axis)
@@ -148,8 +148,8 @@ Drawing DrawSheet(const ProjectState& s, LoadAxis axis)
     Drawing sheet;
     sheet.width = kPictureWidth;
     sheet.height = kTop + pictures.load.height + pictures.moment.height;
-    sheet.title = std::string(s.loadmode == 1 ? "Loading/Moment/Shear/Deflection"
-                                              : "Endforces/Moment/Shear") +
+    sheet.title = std::string(InputsOf(s).loadmode == 1 ? "Loading/Moment/Shear/Deflection"
+                                                        : "Endforces/Moment/Shear") +
                   (axis == LoadAxis::z ? " - Z-axis" : " - Y-axis");
     TextMark title{{1, 4.6}, sheet.title, 3.6};
     title.bold = true;
@@ -166,7 +166,7 @@ std::string DeflectionText(const ProjectState& s, double largest)
         return {};
     }
     return "Deflection: " + FormatNum(largest, "#0.0") + " mm  = l/" +
-           FormatNum(s.l * 1000.0 / largest, "#0");
+           FormatNum(InputsOf(s).l * 1000.0 / largest, "#0");
 }
 
 std::string HoverText(const ProjectState& s, LoadAxis axis, double x)
@@ -184,7 +184,7 @@ std::string HoverText(const ProjectState& s, LoadAxis axis, double x)
     const auto j = static_cast<std::size_t>(whole);
     const AxisResults r = ResultsOf(s, axis);
     // The shear force carries the unit of the moment as well.
-    return " x = " + FormatNum(part * s.l, "0.000 m") + "  " + r.mname + " = " +
+    return " x = " + FormatNum(part * InputsOf(s).l, "0.000 m") + "  " + r.mname + " = " +
            FormatNum(r.m[j], "0.0 kNm") + "  " + r.vname + " = " + FormatNum(r.v[j], "0.0 kNm") +
            " ";
 }

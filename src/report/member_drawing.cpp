@@ -1,7 +1,7 @@
 #include "report/member_drawing.h"
 
 #include "core/number_format.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "report/figure_tools.h"
 
 namespace kestrum {
@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kSupport = 3.6;  // height of a support
 
-void AddSpringText(Drawing& d, const ProjectState& s, Support support, double x, double y,
+void AddSpringText(Drawing& d, const ProjectInputs& s, Support support, double x, double y,
                    Align align)
 {
     if (support == Support::spring) {
@@ -22,7 +22,7 @@ void AddSpringText(Drawing& d, const ProjectState& s, Support support, double x,
 
 }  // namespace
 
-void AddMember(Drawing& d, const ProjectState& s, double y, const MemberSpan& span,
+void AddMember(Drawing& d, const ProjectInputs& s, double y, const MemberSpan& span,
                double dimension)
 {
     const EndSupports ends = SupportsOf(s.supportcase);
@@ -47,8 +47,9 @@ void AddMember(Drawing& d, const ProjectState& s, double y, const MemberSpan& sp
     AddText(d, std::move(text));
 }
 
-Drawing DrawMember(const ProjectState& s)
+Drawing DrawMember(const ProjectState& member)
 {
+    const ProjectInputs& s = InputsOf(member);
     Drawing d;
     d.width = kPictureWidth;
     d.height = kMemberAbove + kMemberBelow;

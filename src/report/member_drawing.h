@@ -6,6 +6,7 @@
 
 namespace kestrum {
 
+struct ProjectInputs;
 struct ProjectState;
 
 // Units of the pictures along the member.
@@ -29,7 +30,7 @@ constexpr double kHeadingSize = 3.1;  // of headings
 // kMemberAbove above y and kMemberBelow below.
 constexpr double kMemberAbove = 5, kMemberBelow = 12;
 constexpr double kDimension = 8.5;  // of the dimension line, below y
-void AddMember(Drawing& d, const ProjectState& s, double y, const MemberSpan& span = {},
+void AddMember(Drawing& d, const ProjectInputs& s, double y, const MemberSpan& span = {},
                double dimension = kDimension);
 
 // The member alone.

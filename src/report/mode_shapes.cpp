@@ -1,7 +1,7 @@
 #include "report/mode_shapes.h"
 
 #include "core/member_choices.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "report/figure_tools.h"
 
 #include <algorithm>
@@ -63,8 +63,9 @@ double ModeShape(int supportcase, int mode, double x)
     return most == 0 ? 0 : Unscaled(supportcase, index, x) / most;
 }
 
-Drawing DrawModeShape(const ProjectState& s, int mode)
+Drawing DrawModeShape(const ProjectState& member, int mode)
 {
+    const ProjectInputs& s = InputsOf(member);
     constexpr double kAxis = 8, kSwing = 6;
     Drawing d;
     d.width = kPictureWidth;

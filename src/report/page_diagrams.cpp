@@ -1,6 +1,5 @@
 #include "report/page_diagrams.h"
 
-#include "core/project_state.h"
 #include "report/diagrams.h"
 
 #include <algorithm>

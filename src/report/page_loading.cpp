@@ -2,7 +2,7 @@
 
 #include "core/load_combination.h"
 #include "core/number_format.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -26,12 +26,12 @@ const LoadRow kTitles{"Load", "kN/kNm", "x/x1/x2 (m)", "G/Q"};
 constexpr std::string_view kNotTicked = "*";
 
 // Among basic loads only ticked rows act; the others are listed with a mark.
-std::string_view StarOf(const ProjectState& s, i16 checked)
+std::string_view StarOf(const ProjectInputs& s, i16 checked)
 {
     return s.loadcomb == kBasicLoads && checked == 0 ? kNotTicked : "";
 }
 
-std::string CategoryOf(const ProjectState& s, double type, i16 checked)
+std::string CategoryOf(const ProjectInputs& s, double type, i16 checked)
 {
     return std::string(Category(type)) + std::string(StarOf(s, checked));
 }
@@ -135,7 +135,7 @@ void PrintTable(PageWriter& page, std::string_view title, const std::vector<Load
 
 }  // namespace
 
-std::vector<LoadRow> LoadRowsOf(const ProjectState& s, int direction)
+std::vector<LoadRow> LoadRowsOf(const ProjectInputs& s, int direction)
 {
     std::vector<LoadRow> rows;
     for (std::size_t i = 1; i < s.qload.size(); ++i) {
@@ -162,7 +162,7 @@ std::vector<LoadRow> LoadRowsOf(const ProjectState& s, int direction)
     return rows;
 }
 
-std::string AxialLoads(const ProjectState& s)
+std::string AxialLoads(const ProjectInputs& s)
 {
     std::string text;
     for (std::size_t i = 1; i < s.nload.size(); ++i) {
@@ -175,7 +175,7 @@ std::string AxialLoads(const ProjectState& s)
     return text;
 }
 
-void PrintLoading(PageWriter& page, const ProjectState& s, double left, double right, bool low)
+void PrintLoading(PageWriter& page, const ProjectInputs& s, double left, double right, bool low)
 {
     constexpr double kSpace = 0.3;
     page.WriteBold(left, "Loading information: (kN/kNm/m)", right);
@@ -200,7 +200,7 @@ void PrintLoading(PageWriter& page, const ProjectState& s, double left, double r
     }
 }
 
-void PrintLoadOptions(PageWriter& page, const ProjectState& s, double left, double right)
+void PrintLoadOptions(PageWriter& page, const ProjectInputs& s, double left, double right)
 {
     page.Write(left,
                s.selfweight == 1 ? "Selfweight of member included "
@@ -212,7 +212,7 @@ void PrintLoadOptions(PageWriter& page, const ProjectState& s, double left, doub
     page.Row();
 }
 
-void PrintEndForces(PageWriter& page, const ProjectState& s, double left, double right)
+void PrintEndForces(PageWriter& page, const ProjectInputs& s, double left, double right)
 {
     const auto force = [](std::string_view name, float value, std::string_view unit) {
         return Quantity{std::string(name), FormatNum(value, kLoad), std::string(unit)};

@@ -1,6 +1,6 @@
 #include "report/page_standard.h"
 
-#include "core/project_state.h"
+#include "core/held_state.h"
 #include "engine/calculate.h"
 #include "report/page_header.h"
 #include "report/standard_text.h"
@@ -118,7 +118,7 @@ PrintedReport WithNotes(PageWriter page, const std::vector<DesignNote>& notes, s
 StandardPart::StandardPart(const Library& library, const ProjectState& s, const Outcome& outcome)
     : list_{}, brief_{}
 {
-    const ProjectState given = AsGiven(s);
+    const HeldState given = AsGiven(s);
     standard::StandardResult result = standard::CalculateStandard(library, given);
     standard::CalculateCosts(library, given, &s, result);
     line_ = LineOf(result, outcome);

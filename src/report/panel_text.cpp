@@ -1,6 +1,5 @@
 #include "report/panel_text.h"
 
-#include "core/project_state.h"
 #include "report/panel.h"
 
 #include <algorithm>

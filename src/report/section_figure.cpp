@@ -1,7 +1,7 @@
 #include "report/section_figure.h"
 
 #include "core/number_format.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "report/figure_tools.h"
 
 #include <algorithm>
@@ -201,7 +201,8 @@ Drawing DrawSection(const ProjectState& s)
     }
     AddSection(d, o, false);
     if (o.symbolic) {
-        AddNote(d, s.p41ident.empty() ? "General Profile" : s.p41ident);
+        const std::string& ident = InputsOf(s).p41ident;
+        AddNote(d, ident.empty() ? "General Profile" : ident);
     }
     return d;
 }

@@ -1,6 +1,5 @@
 #include "sections/families.h"
 
-#include "core/project_state.h"
 #include "sections/angles.h"
 #include "sections/channels.h"
 #include "sections/family_rules.h"
@@ -22,7 +21,7 @@ namespace {
 
 using enum MenuGroup;
 using Input = SectionInput;
-using State = ProjectState;
+using State = SectionForms;
 
 // One table of its own per family.
 template <Table kTable> constexpr std::array<Table, 1> kOne = {kTable};

@@ -1,9 +1,9 @@
 #include "sections/load_library.h"
 
 #include "core/file_io.h"
+#include "core/held_state.h"
 #include "core/material.h"
 #include "core/program_path.h"
-#include "core/project_state.h"
 #include "core/setup_file.h"
 #include "core/sha256.h"
 #include "core/utf8_path.h"
@@ -190,7 +190,7 @@ void LoadSecondSource(const std::vector<std::string>& folders, Library& library)
 void LoadStoredSetup(const std::vector<std::string>& folders, Library& library)
 {
     const auto check = [](const std::string& path, const std::string& bytes) {
-        ProjectState scratch{};
+        HeldState scratch;
         const auto fault = ReadSetup(scratch, bytes);
         return fault ? FaultText(path, *fault) : std::string();
     };

@@ -4,7 +4,8 @@
 #include "app/locale_text.h"
 #include "app/section_commands.h"
 #include "app/view_section.h"
-#include "core/project_state.h"
+#include "core/held_state.h"
+#include "core/project_inputs.h"
 #include "report/section_figure.h"
 #include "sections/family_table.h"
 #include "sections/read_profiles.h"
@@ -40,7 +41,7 @@ QWidget* SeriesOptions(Binder& bind, const FamilyTraits& family)
         ++i;
         row->addWidget(bind.Option(
             QStringLiteral("prof%1").arg(i), ToQt(ShapeOf(table).prefix),
-            [i, chosen = family.series](const ProjectState& s) { return s.*chosen == i; },
+            [i, chosen = family.series](const ProjectState& s) { return InputsOf(s).*chosen == i; },
             [i](Session& session) { ChooseSeries(session, i); }));
     }
     row->addStretch(1);
@@ -56,14 +57,16 @@ struct OptionText {
 };
 
 void AddOptions(QVBoxLayout* column, Binder& bind, const QString& title, SectionOption option,
-                i16 ProjectState::*field, std::initializer_list<OptionText> texts)
+                i16 SectionForms::*field, std::initializer_list<OptionText> texts)
 {
     QGroupBox* const group = Group({}, title);
     QHBoxLayout* const row = RowOf(group);
     for (const OptionText& text : texts) {
         row->addWidget(bind.Option(
             QLatin1String(text.name), text.text,
-            [field, value = text.value](const ProjectState& s) { return s.*field == value; },
+            [field, value = text.value](const ProjectState& s) {
+                return InputsOf(s).*field == value;
+            },
             [option, value = text.value](Session& session) {
                 ChooseSectionOption(session, option, value);
             }));
@@ -83,30 +86,30 @@ void AddFamilyOptions(QVBoxLayout* column, Binder& bind, int family)
     }
     if (HasOption(family, SectionOption::bolts)) {
         AddOptions(column, bind, QObject::tr("Connection by one leg"), SectionOption::bolts,
-                   &ProjectState::lopt,
+                   &SectionForms::lopt,
                    {{"opt_l10_1", QStringLiteral("One bolt"), 1},
                     {"opt_l10_2", QStringLiteral("Two bolts"), 2}});
     }
     if (HasOption(family, SectionOption::weld)) {
-        AddOptions(column, bind, QObject::tr("Welds"), SectionOption::weld, &ProjectState::weldopt,
+        AddOptions(column, bind, QObject::tr("Welds"), SectionOption::weld, &SectionForms::weldopt,
                    {{"oweld0", QObject::tr("Normal"), 0},
                     {"oweld1", QObject::tr("Thick (a > 0.5 tf)"), 1}});
     }
     if (HasOption(family, SectionOption::tube)) {
         AddOptions(column, bind, QObject::tr("Manufacture"), SectionOption::tube,
-                   &ProjectState::tubehot,
+                   &SectionForms::tubehot,
                    {{"opthot", QObject::tr("Hot finished"), 1},
                     {"optcold", QObject::tr("Cold formed"), 2}});
     }
     if (HasOption(family, SectionOption::hsqload)) {
         AddOptions(column, bind, QStringLiteral("Consider flange loading (valid for q-load)"),
-                   SectionOption::hsqload, &ProjectState::hsqopt,
+                   SectionOption::hsqload, &SectionForms::hsqopt,
                    {{"opthsq0", QStringLiteral("Yes"), 0}, {"opthsq1", QStringLiteral("No"), 1}});
     }
     if (HasOption(family, SectionOption::upgrade)) {
         AddOptions(
             column, bind, QStringLiteral("Upgrade section class if Class 3 web (Ch 6.2.2.24)"),
-            SectionOption::upgrade, &ProjectState::class23,
+            SectionOption::upgrade, &SectionForms::class23,
             {{"OptClass23Y", QStringLiteral("Y"), 0}, {"OptClass23N", QStringLiteral("N"), 1}});
     }
 }
@@ -128,8 +131,8 @@ QWidget* GeneralIdent(Binder& bind)
         }
     });
     bind.Follow([box](const ProjectState& s) {
-        if (!box->isModified() && box->text() != ToQt(s.p41ident)) {
-            box->setText(ToQt(s.p41ident));
+        if (!box->isModified() && box->text() != ToQt(InputsOf(s).p41ident)) {
+            box->setText(ToQt(InputsOf(s).p41ident));
         }
     });
     row->addWidget(Caption(QObject::tr("Identification"), box));
@@ -159,7 +162,7 @@ QGroupBox* GeneralClasses(Binder& bind)
                 QStringLiteral("op%1%2").arg(QLatin1String(row.name)).arg(number),
                 number == 1 ? QStringLiteral("1-2") : QStringLiteral("3"),
                 [field = row.field, number](const ProjectState& s) {
-                    return s.p41.*field == number;
+                    return InputsOf(s).p41.*field == number;
                 },
                 [effect = row.effect, number](Session& session) {
                     ChooseGeneralClass(session, effect, number);
@@ -188,8 +191,8 @@ QGroupBox* ValueGroup(Binder& bind, const QString& name, const QString& title,
 {
     QGroupBox* const group = Group(name, title);
     QGridLayout* const grid = GridOf(group);
-    ProjectState probe{};
-    probe.family = static_cast<i16>(family);
+    HeldState probe;
+    InputsOf(probe).family = static_cast<i16>(family);
     int row = 0;
     for (const ShownValue& value : values(probe)) {
         auto* const label = new QLabel(ToQt(value.label) + QStringLiteral(" ="));
@@ -246,7 +249,7 @@ Form* MakeSection(Desk& desk, QWidget* parent, int family)
 {
     const FamilyTraits& info = *FindFamily(family);
     auto* const form = new Form(desk, info.form, ToQt(SectionTitle(family)).trimmed(), parent);
-    form->belongs = [family](const ProjectState& s) { return s.family == family; };
+    form->belongs = [family](const ProjectState& s) { return InputsOf(s).family == family; };
     Binder& bind = form->bind();
     auto* const columns = new QGridLayout;
     columns->setSpacing(kGap);

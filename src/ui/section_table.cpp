@@ -3,8 +3,9 @@
 #include "app/locale_text.h"
 #include "app/section_commands.h"
 #include "app/section_list.h"
+#include "core/held_state.h"
 #include "core/number_format.h"
-#include "core/project_state.h"
+#include "core/project_inputs.h"
 #include "engine/calculate.h"
 #include "sections/family_table.h"
 #include "ui/latest_job.h"
@@ -300,17 +301,17 @@ public:
 
     void Show(std::vector<RatedSection> sections)
     {
-        ProjectState given = AsGiven(session_.state());
-        given.row[static_cast<std::size_t>(TableOf(given))] = 0;  // the choice rates nothing anew
-        const auto inputs = [](const ProjectState& s) -> const Inputs& { return s; };
-        const bool same = given_ != nullptr && inputs(*given_) == inputs(given);
+        HeldState given = AsGiven(session_.state());
+        ProjectInputs& in = InputsOf(given);
+        in.row[static_cast<std::size_t>(TableOf(in))] = 0;  // the choice rates nothing anew
+        const bool same = given_ != nullptr && static_cast<const Inputs&>(InputsOf(**given_)) == in;
         if (same) {
             model_->KeepStandard(sections);
         }
         const std::size_t rows = sections.size();
         model_->Show(std::move(sections));
         if (!same) {
-            given_ = std::make_shared<const ProjectState>(std::move(given));
+            given_ = std::make_shared<const HeldState>(std::move(given));
             Ask(rows);
         }
     }
@@ -336,7 +337,7 @@ private:
     const Session& session_;
     SectionModel* model_;
     LatestJob* job_;
-    std::shared_ptr<const ProjectState> given_;
+    std::shared_ptr<const HeldState> given_;
 };
 
 }  // namespace
@@ -358,7 +359,8 @@ QWidget* SectionTable(Binder& bind, const QString& name)
     PrepareView(*view, name);
 
     // The line of the row in hand, without choosing it anew.
-    const auto mark = [view, model](const ProjectState& s) {
+    const auto mark = [view, model](const ProjectState& member) {
+        const ProjectInputs& s = InputsOf(member);
         const QSignalBlocker quiet(view->selectionModel());
         const int row = s.row[static_cast<std::size_t>(TableOf(s))];
         const int line = model->LineOf(row);
@@ -373,14 +375,14 @@ QWidget* SectionTable(Binder& bind, const QString& name)
     };
     const auto standard = std::make_shared<StandardColumn>(bind.session(), model);
     bind.Follow([&bind, standard, mark](const ProjectState& s) {
-        if (HasTable(s.family)) {
+        if (HasTable(InputsOf(s).family)) {
             standard->Show(RateSections(bind.session().library(), s));
             mark(s);
         }
     });
     QObject::connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, view,
                      [&bind, model](const QModelIndex& now) {
-                         const ProjectState& s = bind.session().state();
+                         const ProjectInputs& s = InputsOf(bind.session().state());
                          if (now.isValid()) {
                              ChooseRow(bind.session(), TableOf(s), model->At(now.row()).row);
                          }
