@@ -344,6 +344,7 @@ TEST(LateralKernel, Curves)
     ExpectSame(GeneralLateralReduction(0.9, 0.34, 0.4), 0.6611821946, "general case");
     ExpectSame(RolledLateralReduction(1.1, 0.34, 0.4, 0.75), 0.6385708441, "rolled");
     ExpectSame(RolledLateralReduction(2.4, 0.1, 0.2, 0.75), 1 / (2.4 * 2.4), "at most 1/lam^2");
+    EXPECT_EQ(GeneralLateralReduction(0.1, 0.34, 0.05), 1) << "the formula is above 1 here";
     EXPECT_EQ(RolledLateralReduction(0.39, 0.34, 0.4, 0.75), 1);
     EXPECT_LT(RolledLateralReduction(0.45, 0.34, 0.4, 0.75), 1);
 }
@@ -377,6 +378,8 @@ TEST(PlateKernel, FactorsBetweenThoseOfTheTables)
     EXPECT_NEAR(BucklingFactorOutstand(0.4, 1), 0.578 / 0.74, kExact);
     EXPECT_NEAR(BucklingFactorOutstand(-0.5, 1), 1.7 + 2.5 + 17.1 * 0.25, kExact);
     EXPECT_NEAR(BucklingFactorOutstand(-3, 1), 23.8, kExact);
+    EXPECT_NEAR(BucklingFactorOutstand(80, 200), 0.578 / 0.74, kExact) << "stresses in MPa";
+    EXPECT_NEAR(BucklingFactorOutstand(200, -100), 0.57 + 0.21 * 0.5 + 0.07 * 0.25, kExact);
     EXPECT_NEAR(PlateSlenderness(500, 8, 0.81, 7.81), 62.5 / (28.4 * 0.81 * std::sqrt(7.81)),
                 kExact);
 }
@@ -441,6 +444,7 @@ TEST(ShearKernel, ReductionOfTheYieldStrength)
 {
     EXPECT_NEAR(ShearReduction(80, 100), 0.36, kExact);
     EXPECT_NEAR(ShearReduction(-51, 100), 0.0004, kExact);
+    EXPECT_NEAR(ShearReduction(50.2, 100), 0.000016, kExact);
     EXPECT_EQ(ShearReduction(49, 100), 0);
 }
 
