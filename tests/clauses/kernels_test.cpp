@@ -132,6 +132,17 @@ TEST(AnnexAKernel, MomentAlone)
     EXPECT_EQ(FactorsOfAnnexA(in).cmlt, 1);
 }
 
+// w_y is 1.5 at most: with Wpl,y = 2 Wel,y as with 1.5 Wel,y but for the least value of Cyy.
+TEST(AnnexAKernel, ShapeFactorCountsUpToOneAndAHalf)
+{
+    AnnexAInputs in = Twisting();
+    in.wply = 1800e3;
+    AnnexAInputs most = Twisting();
+    most.wply = 1350e3;
+    EXPECT_EQ(FactorsOfAnnexA(in).k.kyy, FactorsOfAnnexA(most).k.kyy);
+    EXPECT_EQ(FactorsOfAnnexA(in).k.kyz, FactorsOfAnnexA(most).k.kyz);
+}
+
 // psi -0.4, n 0.3: 0.79 - 0.084 - 0.36 x 0.73 x 0.3. 2 x 3/5 = 1.2: 1 + 0.2 x 0.3.
 TEST(AnnexAKernel, EquivalentMoments)
 {
@@ -276,6 +287,11 @@ TEST(ClassifyKernel, PartsBetweenTheirCases)
     EXPECT_EQ(ClassOfInternal(83.18 * t * e, t, e, 0.7, -0.5), 4);
     EXPECT_EQ(ClassOfInternal(52.36 * t * e, t, e, 1, 0.4), 3);
     EXPECT_EQ(ClassOfInternal(52.38 * t * e, t, e, 1, 0.4), 4);
+    EXPECT_EQ(ClassOfInternal(33.1 * t * e, t, e, 1.3, 1), 2) << "a share is 1 at most";
+    // alpha 0.502: 396/5.526 = 71.66, 456/5.526 = 82.52; 36/alpha and 41.5/alpha would
+    // be 71.71, 82.67.
+    EXPECT_EQ(ClassOfInternal(71.68 * t * e, t, e, 0.502, -1), 2);
+    EXPECT_EQ(ClassOfInternal(82.6 * t * e, t, e, 0.502, -1), 3);
     EXPECT_EQ(ClassOfInternal(89.9 * t * e, t, e, 0.4, -1.5), 1);
     EXPECT_EQ(ClassOfInternal(90.1 * t * e, t, e, 0.4, -1.5), 2);
     EXPECT_EQ(ClassOfInternal(103.7 * t * e, t, e, 0.4, -1.5), 2);
@@ -313,6 +329,12 @@ TEST(FlexuralKernel, ImperfectionsOfTable61)
     EXPECT_EQ(Imperfection(BucklingCurve::b), 0.34);
     EXPECT_EQ(Imperfection(BucklingCurve::c), 0.49);
     EXPECT_EQ(Imperfection(BucklingCurve::d), 0.76);
+}
+
+TEST(FlexuralKernel, PlateauEndsAtASlendernessOfOneFifth)
+{
+    EXPECT_EQ(BucklingReduction(0.2, 0.76), 1);
+    EXPECT_LT(BucklingReduction(0.201, 0.76), 0.9995);
 }
 
 // (80769.23 x 210000 + pi^2 210000 x 1.7e11/4500^2)/9500.
@@ -393,6 +415,7 @@ TEST(PlateKernel, ReductionFactors)
     EXPECT_NEAR(RhoInternal(1.4, -4), 1 / 1.4, kExact);
     EXPECT_EQ(RhoInternal(0.9999, -4), 1);
     EXPECT_NEAR(RhoOutstand(1.2), 1.012 / 1.44, kExact);
+    EXPECT_EQ(RhoOutstand(0.7481), 1) << "Eq (4.3) is 1.0008 here";
     EXPECT_NEAR(RhoOutstand(0.76), 0.572 / 0.5776, kExact);
 }
 
@@ -404,6 +427,7 @@ TEST(PlateKernel, EffectiveWidths)
     EXPECT_NEAR(pressed.far, 700 - 700 * 2 / 4.6, 1e-9);
     EXPECT_NEAR(pressed.hole, 300, 1e-9);
     EXPECT_EQ(pressed.tension, 0);
+    EXPECT_EQ(EffectiveWidths(1000, 1.2, 0.7).near, 350) << "psi is 1 at most";
     const EffectiveInternal bent = EffectiveWidths(900, -0.5, 0.7);
     EXPECT_NEAR(bent.near, 0.4 * 420, 1e-9);
     EXPECT_NEAR(bent.far, 0.6 * 420, 1e-9);
