@@ -2,7 +2,7 @@
 
 // One line of an answer, CSV or NDJSON, from its cells.
 
-#include "app/batch.h"
+#include "app/answer_form.h"
 #include "core/csv_cell.h"
 #include "report/state_json.h"
 

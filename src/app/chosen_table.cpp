@@ -1,6 +1,6 @@
 #include "app/chosen_table.h"
 
-#include "app/batch.h"
+#include "app/answer_form.h"
 #include "app/cell_reader.h"
 #include "core/project_inputs.h"
 

@@ -1,6 +1,7 @@
 #include "app/envelope.h"
 
 #include "app/answer_line.h"
+#include "core/held_state.h"
 #include "report/outcome.h"
 
 #include <cmath>

@@ -3,7 +3,7 @@
 // Members of a frame under all cases of a table of forces: the worst case of each. Reads and writes
 // texts only; the command line brings files, threads and the order of the rows.
 
-#include "app/batch.h"
+#include "app/answer_form.h"
 #include "app/case_reader.h"
 #include "app/member_cases.h"
 #include "app/member_list.h"

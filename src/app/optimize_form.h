@@ -3,7 +3,7 @@
 // The answers of a search for sections as lines: for each member one for each section that was
 // found, or one that says why there is none.
 
-#include "app/batch.h"
+#include "app/answer_form.h"
 #include "app/optimize.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 #include "app/section_pool.h"
 
+#include "app/answer_form.h"
 #include "app/assign_run.h"
-#include "app/batch.h"
 #include "app/cell_reader.h"
 #include "app/choices.h"
 #include "app/field_hint.h"
