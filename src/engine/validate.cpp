@@ -208,7 +208,7 @@ void CheckPointLoads(const ProjectState& s, Findings& in)
 {
     for (std::size_t k = 1; k <= 8; ++k) {
         const int row = static_cast<int>(k);
-        in.Finite("pm", s.pm[k], "kN", row);
+        in.Finite("pm", s.pm[k], s.pmkind[k] == 1 ? "kNm" : "kN", row);
         if (s.pm[k] != 0 && Counts(s, s.pmchecked[k])) {
             Position(s, k, in);
             in.Require(Listed(s.pmkind[k], 2), "pmkind", s.pmkind[k], "0 (force) or 1 (moment)", {},

@@ -297,6 +297,35 @@ QGroupBox* Group(const QString& name, const QString& title)
     return group;
 }
 
+QGroupBox* NarrowGroup(const QString& name, const QString& title)
+{
+    class Narrow final : public QGroupBox {
+    public:
+        explicit Narrow(const QString& title) : QGroupBox(title), whole_(title)
+        {
+            setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        }
+
+    protected:
+        void resizeEvent(QResizeEvent* event) override
+        {
+            QGroupBox::resizeEvent(event);
+            constexpr int kAround = 2 * (8 + 4);  // left of the title and around it
+            const int room = width() - kAround;
+            const bool fits = fontMetrics().horizontalAdvance(whole_.trimmed()) <= room;
+            setTitle(fits ? whole_
+                          : fontMetrics().elidedText(whole_.trimmed(), Qt::ElideMiddle, room));
+            setToolTip(fits ? QString() : whole_.trimmed());
+        }
+
+    private:
+        QString whole_;
+    };
+    auto* const group = new Narrow(title);
+    group->setObjectName(name);
+    return group;
+}
+
 QGridLayout* GridOf(QWidget* host)
 {
     auto* const grid = new QGridLayout(host);

@@ -92,6 +92,8 @@ void FollowFocus(QScrollArea* area);
 
 // Layouts with the common distances.
 QGroupBox* Group(const QString& name, const QString& title);
+// Narrower than its title, where it must be: the title then loses its middle.
+QGroupBox* NarrowGroup(const QString& name, const QString& title);
 QGridLayout* GridOf(QWidget* host);
 QHBoxLayout* RowOf(QWidget* host);
 QVBoxLayout* ColumnOf(QWidget* host);

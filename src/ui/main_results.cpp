@@ -137,10 +137,11 @@ QGroupBox* DiagramGroup(Binder& bind, Desk& desk, LoadAxis axis,
                         const std::shared_ptr<Reading>& reading)
 {
     const bool z = axis == LoadAxis::z;
-    QGroupBox* const group = Group(z ? QStringLiteral("fr2") : QStringLiteral("fr3"),
-                                   z ? QObject::tr("Loading/Moment/Shear/Deflection - Z-axis  ")
-                                     : QObject::tr("Loading/Moment/Shear/Deflection - Y-axis  "));
-    group->setMinimumWidth(kNarrowestDiagram);  // less than its title with a large font
+    QGroupBox* const group =
+        NarrowGroup(z ? QStringLiteral("fr2") : QStringLiteral("fr3"),
+                    z ? QObject::tr("Loading/Moment/Shear/Deflection - Z-axis  ")
+                      : QObject::tr("Loading/Moment/Shear/Deflection - Y-axis  "));
+    group->setMinimumWidth(kNarrowestDiagram);
     QVBoxLayout* const column = ColumnOf(group);
     Picture* const load = Pane(
         bind, z ? QStringLiteral("PicLoadZ") : QStringLiteral("PicLoadY"),
@@ -306,6 +307,9 @@ QGroupBox* NotesGroup(Binder& bind, Desk& desk)
     list->setAlternatingRowColors(true);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setMinimumSize(80, 40);
+    QFont letters = list->font();
+    letters.setPointSizeF(letters.pointSizeF() * kPanelText);
+    list->setFont(letters);
     const auto shown = std::make_shared<DeviationList>(desk, group, list);
     bind.Follow([shown](const ProjectState&) { shown->Show(); });
     desk.standard->costs.emplace_back([shown] { shown->Show(); });
@@ -386,8 +390,8 @@ QWidget* DiagramPanel(Binder& bind, Desk& desk)
     auto* const row = new QHBoxLayout(host);
     row->setContentsMargins(0, 0, 0, 0);
     const auto reading = std::make_shared<Reading>(desk);
-    row->addWidget(DiagramGroup(bind, desk, LoadAxis::z, reading));
-    row->addWidget(DiagramGroup(bind, desk, LoadAxis::y, reading));
+    row->addWidget(DiagramGroup(bind, desk, LoadAxis::z, reading), 1);
+    row->addWidget(DiagramGroup(bind, desk, LoadAxis::y, reading), 1);
     bind.Follow([reading](const ProjectState&) { reading->Show(); });
     bind.Follow([host, &session = desk.session](const ProjectState&) {
         ShareRoom(*host, session.shown());

@@ -21,6 +21,8 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTimer>
 #include <QUrl>
@@ -40,6 +42,65 @@ constexpr double kStartWidth = 1024, kStartHeight = 768 * 0.965;  // at the reso
 constexpr double kStartDpi = 96;
 constexpr QSize kComfortable(1280, 770);  // if the screen has room for it
 constexpr double kScreenShare = 0.965;    // of its height, without the frame of the window
+
+// All of the window below its menus. With large letters on a small screen it is scrolled; elsewhere
+// the window is never smaller than what it holds.
+class WholeWindow final : public QScrollArea {
+public:
+    explicit WholeWindow(QWidget* content)
+    {
+        setObjectName(QStringLiteral("wholewindow"));
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        setWidget(content);
+        FollowFocus(this);
+    }
+
+    QSize minimumSizeHint() const override
+    {
+        constexpr int kMenuLines = 2;  // menu and title of the window
+        QSize least = widget()->minimumSizeHint();
+        const QSize screen = this->screen()->availableSize();
+        const QSize room(screen.width(), qFloor(screen.height() * kScreenShare) -
+                                             kMenuLines * fontMetrics().height());
+        if (least.height() > room.height()) {
+            least.rwidth() += verticalScrollBar()->sizeHint().width();
+        }
+        return least.boundedTo(room);
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QScrollArea::resizeEvent(event);
+        Fit();
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+            updateGeometry();
+            Fit();
+        }
+        return QScrollArea::eventFilter(watched, event);
+    }
+
+private:
+    // Not left to the area, which asks anew on every resize: lines that break need more height in
+    // less width, so that bar and content would push each other to and fro.
+    void Fit()
+    {
+        const QSize least = widget()->minimumSizeHint();
+        QSize room = maximumViewportSize();
+        if (least.height() > room.height()) {
+            room.rwidth() -= verticalScrollBar()->sizeHint().width();
+        }
+        if (least.width() > room.width()) {
+            room.rheight() -= horizontalScrollBar()->sizeHint().height();
+        }
+        widget()->resize(room.expandedTo(least));
+    }
+};
 
 QString DroppedPath(const QMimeData* data)
 {
@@ -97,7 +158,7 @@ MainWindow::MainWindow(Desk& desk, QWidget* parent)
     column->insertWidget(0, FamilyTabs(bind_, desk_));  // last, so that Tab begins with the inputs
     recovery_ = new RecoveryBar(desk_);
     column->insertWidget(0, recovery_);
-    setCentralWidget(host);
+    setCentralWidget(new WholeWindow(host));
     qApp->installEventFilter(new UndoKeys(this));
 
     BuildMenus();

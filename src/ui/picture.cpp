@@ -284,11 +284,14 @@ void PictureButton::Show(Drawing drawing)
     update();
 }
 
+// As large as a picture that is chosen by needs to be; somewhat larger beside large letters.
 QSize PictureButton::sizeHint() const
 {
+    constexpr double kUsualLetters = 16, kMost = 1.35;
+    const QSize picture = picture_ * std::clamp(SystemFontSize() / kUsualLetters, 1.0, kMost);
     const int line = text().isEmpty() ? 0 : fontMetrics().height() + 2;
     const int words = text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(text());
-    return {std::max(picture_.width(), words) + 10, picture_.height() + line + 8};
+    return {std::max(picture.width(), words) + 10, picture.height() + line + 8};
 }
 
 void PictureButton::keyPressEvent(QKeyEvent* event)

@@ -304,6 +304,7 @@ void ResultPanel::Show(const ProjectState& s, const standard::StandardResult& re
                        bool decimalcomma)
 {
     groups_ = PanelGroups(s, result);
+    below_.reset();
     QString description = ToQt(ForLocale(PanelText(s), decimalcomma));
     for (PanelGroup& group : groups_) {
         SetInWords(group.block);
@@ -330,15 +331,20 @@ void ResultPanel::SetFaded(bool faded)
 // Beside the last lines, where they leave room for it.
 bool ResultPanel::CornerBelow() const
 {
+    if (below_ && below_->width == width()) {
+        return below_->below;
+    }
     const Layout layout = LayoutIn(width() - 2.0 * kMargin, logicalDpiY());
     const double corner = width() - 2.0 * kMargin - corner_->sizeHint().width();
     const double high = corner_->sizeHint().height() / (kPanelText * SystemFontSize() * kLineStep);
     const double last = groups_.empty() ? 0 : groups_.back().block.back().y;
-    return std::any_of(groups_.begin(), groups_.end(), [&](const PanelGroup& group) {
+    const bool below = std::any_of(groups_.begin(), groups_.end(), [&](const PanelGroup& group) {
         return std::any_of(group.block.begin(), group.block.end(), [&](const PanelLine& line) {
             return line.y > last - high - 1 && layout.Reaches(group, line, corner);
         });
     });
+    below_ = {width(), below};
+    return below;
 }
 
 // Low enough for a small screen, but no line is lost, nor hidden by the corner.
@@ -354,6 +360,7 @@ QSize ResultPanel::minimumSizeHint() const
 void ResultPanel::SetCorner(QWidget* corner)
 {
     corner_ = corner;
+    below_.reset();
     corner_->setParent(this);
 }
 

@@ -60,6 +60,12 @@ private:
     void Pick(int line);
     bool CornerBelow() const;
 
+    // Layouts ask for the least size over and over, and measuring the lines takes long.
+    struct Below {
+        int width;
+        bool below;
+    };
+    mutable std::optional<Below> below_;  // none since the lines have changed
     std::vector<PanelGroup> groups_;
     QWidget* corner_ = nullptr;
     int chosen_ = 0;  // line

@@ -22,7 +22,12 @@ namespace {
 
 constexpr int kMostLines = 4;  // in sight; the rest is scrolled
 constexpr int kStripe = 4;     // pixels at the left edge, in the colour of the sign
-constexpr int kSign = 16;      // pixels
+constexpr int kSign = 16;      // pixels, beside small letters
+int SignSize()
+{
+    return std::max(kSign, qRound(SystemFontSize()));
+}
+
 constexpr QRgb kAmber = 0xffb26a00, kLightAmber = 0xffffb74d;
 
 QColor ColourOf(StatusKind kind, const QPalette& palette)
@@ -162,10 +167,11 @@ void StatusBanner::ShowSigns()
 {
     const double ratio = devicePixelRatioF();
     for (const auto& [label, kind] : {std::pair(sign_, kind_), {standardsign_, standardkind_}}) {
-        QPixmap sign(QSize(kSign, kSign) * ratio);
+        QPixmap sign(QSize(SignSize(), SignSize()) * ratio);
         sign.setDevicePixelRatio(ratio);
         sign.fill(Qt::transparent);
         QPainter painter(&sign);
+        painter.scale(1.0 * SignSize() / kSign, 1.0 * SignSize() / kSign);
         PaintSign(painter, kind, palette());
         painter.end();
         label->setPixmap(sign);
@@ -179,7 +185,7 @@ void StatusBanner::PlaceFacts()
     const auto width = [](const QLabel* label) {
         return label->fontMetrics().size(Qt::TextSingleLine, label->text()).width();
     };
-    const int room = this->width() - 2 * kGap - kStripe - kSign - 2 * kGap;
+    const int room = this->width() - 2 * kGap - kStripe - SignSize() - 2 * kGap;
     const bool beside = width(head_) + kBetween + width(facts_) <= room;
     grid_->removeWidget(facts_);
     facts_->setAlignment((beside ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignTop);

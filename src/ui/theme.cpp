@@ -8,6 +8,8 @@
 #include <QSettings>
 #include <QStyleOption>
 
+#include <algorithm>
+
 namespace kestrum {
 
 namespace {
@@ -59,6 +61,18 @@ QPalette Make(const Tones& t)
 class Outlined final : public QProxyStyle {
 public:
     Outlined() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    // Ticks and options grow with the letters beside them.
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override
+    {
+        constexpr double kOfLetters = 0.9;
+        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+        const bool indicator = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight ||
+                               metric == PM_ExclusiveIndicatorWidth ||
+                               metric == PM_ExclusiveIndicatorHeight;
+        return indicator ? std::max(usual, qRound(kOfLetters * SystemFontSize())) : usual;
+    }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override

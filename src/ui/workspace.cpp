@@ -22,6 +22,7 @@ class InputScroll final : public QScrollArea {
 public:
     explicit InputScroll(QWidget* input)
     {
+        setObjectName(QStringLiteral("inputscroll"));
         setWidget(input);
         setWidgetResizable(true);
         setFrameShape(QFrame::NoFrame);

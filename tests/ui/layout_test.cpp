@@ -169,6 +169,9 @@ TEST_F(LayoutDesktop, ScrollsFormsThatAreTallerThanTheScreen)
 TEST_P(Layout, OfTheMainWindowHoldsAtItsSmallest)
 {
     PlainDesktop desktop;
+    desktop.session.edit().qload[2] = 3;  // about both axes, side by side
+    desktop.session.edit().qdir[2] = 0;
+    desktop.session.Calculate();
     desktop.window->resize(desktop.window->minimumSizeHint());
     Desktop::Settle();
     EXPECT_EQ(Misfits(*desktop.window), "");
@@ -179,12 +182,31 @@ TEST_P(Layout, OfTheMainWindowHoldsAtItsSmallest)
     EXPECT_EQ(Misfits(*desktop.window), "");
 }
 
+// Very large letters on a small screen: the window stays within it, and what has the focus is
+// scrolled to.
+TEST_P(Layout, OfTheMainWindowStaysWithinTheScreen)
+{
+    PlainDesktop desktop;
+    MainWindow& window = *desktop.window;
+    const QSize screen = window.screen()->availableSize();
+    EXPECT_LE(window.minimumSizeHint().width(), screen.width());
+    EXPECT_LE(window.minimumSizeHint().height(), screen.height());
+    window.resize(screen);
+    Desktop::Settle();
+    for (const char* const name : {"iproj", "il", "CmdResult", "pic_result"}) {
+        auto& widget = desktop.Find<QWidget>(QLatin1String(name));
+        widget.setFocus(Qt::TabFocusReason);
+        Desktop::Settle();
+        EXPECT_FALSE(widget.visibleRegion().isEmpty()) << name;
+    }
+}
+
 // With an ordinary font all inputs stand side by side with their results from the start.
 TEST_F(LayoutDesktop, ShowsAllInputsInTheFirstWindow)
 {
     window->resize(1280, 770);
     Settle();
-    auto* const inputs = window->findChild<QScrollArea*>();
+    auto* const inputs = window->findChild<QScrollArea*>(QStringLiteral("inputscroll"));
     ASSERT_NE(inputs, nullptr);
     EXPECT_EQ(inputs->verticalScrollBar()->maximum(), 0);
 }
@@ -196,7 +218,7 @@ TEST_F(LayoutDesktop, ScrollsItsInputsWithoutCuttingThem)
     other.resize(1024, 741);
     other.show();
     Settle();
-    auto* const inputs = other.findChild<QScrollArea*>();
+    auto* const inputs = other.findChild<QScrollArea*>(QStringLiteral("inputscroll"));
     ASSERT_GT(inputs->verticalScrollBar()->maximum(), 0);
     EXPECT_GE(inputs->viewport()->width(), inputs->widget()->minimumSizeHint().width());
 }
