@@ -4,6 +4,7 @@
 #include "engine/new_project.h"
 #include "sections/families.h"
 
+#include <cmath>
 #include <random>
 #include <vector>
 
@@ -138,6 +139,38 @@ ProjectState RandomMember(const Library& library, std::size_t number)
     RollSection(dice, library, s);
     RollLoads(dice, s);
     return s;
+}
+
+void MakePlain(ProjectState& s, std::size_t number)
+{
+    const ProjectState rolled = s;
+    s.selfweight = 0;
+    s.qload = {};
+    s.qt1 = s.qt2 = {};
+    s.pm = {};
+    s.nload = {};
+    s.my1 = s.my2 = s.mz1 = s.mz2 = s.vz1 = s.vz2 = s.vy1 = s.vy2 = s.ne = 0;
+    s.checkelastic = s.checkconsercontrol = kFalse;
+    s.bcy = s.bcz = 0;
+    s.ltb = 0;
+    s.restraints = 0;
+    s.webstiff = 0;
+    s.cpmode = 0;
+    s.hsqopt = 1;
+    s.supportcase = 0;
+    s.loadmode = number % 2 == 0 ? 0 : 1;
+    if (s.loadmode == 1) {
+        s.loadcomb = 4;
+        s.lfulsg = s.lfulsq1 = s.lfulsq2 = s.lfslsg = s.lfslsq1 = s.lfslsq2 = 1;
+        s.nload[1] = number % 4 == 1 ? rolled.nload[1] : 0;
+        s.qload[1] = number % 4 == 3 ? 1 + std::abs(rolled.nload[2]) / 5 : 0;
+        s.qdir[1] = 1;
+        return;
+    }
+    s.ne = number % 3 == 0 ? rolled.ne : 0;
+    s.my1 = s.my2 = number % 5 < 2 ? rolled.my1 : 0;
+    s.vz1 = s.vz2 = number % 5 == 2 ? rolled.vz1 : 0;
+    s.mz1 = s.mz2 = number % 7 == 3 ? rolled.mz1 / 5 : 0;
 }
 
 }  // namespace kestrum

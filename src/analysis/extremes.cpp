@@ -254,6 +254,7 @@ void SetEndRatios(Forces& forces)
     forces.psiz = EndRatio(forces.mz0, forces.mzl);
 }
 
+// Deviation D249: of 51 points and the check sections; the line may be larger between them.
 void SetLargestMoments(Forces& forces)
 {
     forces.mymaxabs = LargerSize(forces.mymax, forces.mymin);

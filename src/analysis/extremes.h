@@ -11,8 +11,9 @@ namespace kestrum {
 
 // All of them, for a member with loads. From the diagrams, the check sections and supportcase.
 //
-// Deviation D107: a moment line counts as curved (mycurved, mzcurved) by its right half alone; EN
-// 1993-1-1, Table B.3 and the factors C1 look at the whole line.
+// Deviation D107: a moment line counts as curved (mycurved, mzcurved) by its right half alone and
+// as straight (mylinear, mzlinear) by its middle; EN 1993-1-1, Tables A.2 and B.3 and the factors
+// C1 look at the whole line.
 void FindExtremes(const Inputs& in, Forces& forces);
 
 // mydesign: the extreme of My that is larger in size, with its sign (a tie gives the lowest).

@@ -220,7 +220,7 @@ Expr AtSection::Bending(bool y)
     }
     Rho(true);
     Rho(false);
-    const int cls = y ? t_.classes.my : t_.classes.mz;
+    const int cls = y ? t_.classes.my.At(t_.my >= 0) : t_.classes.mz;
     const double resistance = y ? t_.moment_y : t_.moment_z;
     const bool reduced = t_.rho.z > 0 || t_.rho.y > 0;
     const char* const kind = cls <= 2 && !q_.elastic ? "pl" : cls <= 3 ? "el" : "eff";

@@ -73,9 +73,11 @@ AnnexAFactors FactorsOfAnnexA(const AnnexAInputs& in)
     f.cmlt = 1;
     if (in.twists && in.lam0 > limit) {
         const double epsy = in.ned > 0 ? in.my / in.ned * in.a_epsy / in.w_elastic_y : 0;
-        // Without an axial force the moment fills the root: its limit is Cmy = 1.
-        const double root = in.ned > 0 ? std::sqrt(epsy) * alt : 0;
-        f.cmy = in.ned > 0 ? in.cmy0 + (1 - in.cmy0) * root / (1 + root) : (alt > 0 ? 1 : in.cmy0);
+        const double root = std::sqrt(epsy) * alt;
+        f.cmy = in.cmy0 + (1 - in.cmy0) * root / (1 + root);
+        if (in.bends_only && alt > 0) {  // the limit of the fraction
+            f.cmy = 1;
+        }
         f.cmlt = std::max(1.0, f.cmy * f.cmy * alt / std::sqrt((1 - nz) * (1 - in.ned / in.ncrt)));
     }
     const double muy = (1 - ny) / (1 - in.chiy * ny);

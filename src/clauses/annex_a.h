@@ -18,6 +18,7 @@ double CmGeneral(double euler, double delta, double moment, double n);
 struct AnnexAInputs {
     bool plastic;             // class 1 or 2
     bool twists;              // susceptible to torsional deformations
+    bool bends_only;          // epsilon_y without an axial force is beyond bounds
     double ned;               // compression, N
     double ncry, ncrz, ncrt;  // critical forces, N; ncrt torsional
     double ncrtf;             // torsional-flexural, of double-symmetric sections that of torsion

@@ -7,10 +7,11 @@ namespace kestrum::clauses {
 
 double BucklingFactorInternal(double psi)
 {
+    constexpr double kRounding = 1e-9;
     if (psi >= 0) {
         return 8.2 / (1.05 + std::min(psi, 1.0));
     }
-    if (psi > -1) {
+    if (psi > -1 - kRounding) {  // 23.88 in bending alone, of which the table prints 23.9
         return 7.81 - 6.29 * psi + 9.78 * psi * psi;
     }
     const double p = std::max(psi, -3.0);

@@ -1,10 +1,12 @@
 #include "cli/commands.h"
 
 #include "cli/standard_output.h"
+#include "core/check_text.h"
 #include "core/csv_cell.h"
 #include "core/project_state.h"
 #include "core/utf8_text.h"
 #include "engine/calculate.h"
+#include "report/check_key.h"
 #include "report/design_notes.h"
 #include "report/outcome.h"
 #include "report/panel_text.h"
@@ -99,6 +101,9 @@ std::string JsonOf(const Answer& answer)
                        ", \"exit\": " + std::to_string(ExitCode(outcome.verdict)) +
                        ", \"verdict\": " + JsonText(VerdictText(outcome)) +
                        ", \"ir\": " + (outcome.rated() ? JsonNumber(outcome.ir) : "null");
+    if (const auto id = GoverningCheckId(answer.state); id && outcome.designed()) {
+        text += ", " + KeyJson(NameOf(*id)) + ", \"clause\": " + JsonText(outcome.clause);
+    }
     text += answer.standard ? ", \"standard\": " + StandardJson(*answer.standard) : "";
     if (!outcome.message.empty()) {
         text += ", \"message\": " + JsonText(outcome.message);

@@ -1,11 +1,13 @@
 #include "cli/standard_output.h"
 
 #include "core/number_format.h"
+#include "report/check_key.h"
 #include "report/standard_text.h"
 #include "report/state_json.h"
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace kestrum::cli {
 
@@ -20,23 +22,59 @@ std::string Number(double value)
     return std::isfinite(value) ? JsonNumber(value) : "null";
 }
 
-// The words between check, place and combination of a ratio.
-std::string Members(CheckId id, const Check& check)
+// Clause, ratio, place and combination of a check.
+std::string Members(const Check& check)
 {
-    return "\"check\": " + JsonText(standard::NameOf(id)) +
-           ", \"clause\": " + JsonText(check.clause) + ", \"ir\": " + Number(check.ir) +
+    return "\"clause\": " + JsonText(check.clause) + ", \"ir\": " + Number(check.ir) +
            ", \"place\": " + Number(check.place) +
            ", \"case\": " + JsonText(NameOf(check.load_case));
 }
 
+std::string Members(CheckId id, const Check& check)
+{
+    return KeyJson(standard::NameOf(id)) + ", " + Members(check);
+}
+
+// One kind of check by its largest ratio, with all of its parts where it has such.
+std::string KindJson(const StandardResult& result, const std::vector<CheckId>& kind)
+{
+    const auto larger = [&](CheckId a, CheckId b) {
+        return result.checks[a].ir < result.checks[b].ir;
+    };
+    const CheckId largest = *std::max_element(kind.begin(), kind.end(), larger);
+    std::string parts;
+    for (const CheckId id : kind) {
+        const CheckKey key = KeyOf(standard::NameOf(id));
+        if (!key.part.empty()) {
+            parts += (parts.empty() ? "" : ", ") + ("{\"part\": " + JsonText(key.part)) + ", " +
+                     Members(result.checks[id]) + "}";
+        }
+    }
+    return "{" + Members(largest, result.checks[largest]) +
+           (parts.empty() ? "" : ", \"parts\": [" + parts + "]") + "}";
+}
+
 std::string ChecksJson(const StandardResult& result)
 {
-    std::string text;
+    std::vector<std::vector<CheckId>> kinds;
     for (std::size_t i = 0; i < standard::kCheckIds; ++i) {
         const auto id = static_cast<CheckId>(i);
-        if (result.checks[id].present) {
-            text += (text.empty() ? "{" : ", {") + Members(id, result.checks[id]) + "}";
+        if (!result.checks[id].present) {
+            continue;
         }
+        const std::string_view check = KeyOf(standard::NameOf(id)).check;
+        const auto same = std::find_if(kinds.begin(), kinds.end(), [&](const auto& kind) {
+            return KeyOf(standard::NameOf(kind.front())).check == check;
+        });
+        if (same == kinds.end()) {
+            kinds.push_back({id});
+        } else {
+            same->push_back(id);
+        }
+    }
+    std::string text;
+    for (const auto& kind : kinds) {
+        text += (text.empty() ? "" : ", ") + KindJson(result, kind);
     }
     return "[" + text + "]";
 }

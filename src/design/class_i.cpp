@@ -39,7 +39,8 @@ i16 FlangeInCompression(double slenderness, double eps)
 // Classes 3 and 4 of a web with the stress ratio psi.
 //
 // Deviation D42: psi is the ratio of the stresses that act; Table 5.2 is meant for the distribution
-// at yield, psi = 2 NEd/(A fy) - 1, which is lower as long as N and My do not reach it.
+// at yield, psi = 2 NEd/(A fy) - 1, which is lower as long as N and My do not reach it. What
+// tension keeps from compression altogether has class 1 here, and its class by the standard basis.
 // Deviation D155: one formula for every psi; the standard takes 62 eps (1 - psi) sqrt(-psi) from
 // psi = -1 down.
 bool ElasticWeb(double slenderness, double eps, double psi)

@@ -62,6 +62,8 @@ double EffectiveModulus(const SectionRecord& section, const BentBox& box)
     return (edge - a3 * z * z) / z;
 }
 
+// Deviation D45: walls that buckle count with the area of 6.2.6, `area`; EN 1993-1-5, 5.2 (1) takes
+// c t of both.
 // Resistance to shear of two walls of clear width c and thickness t, EN 1993-1-1, 6.2.6 and EN
 // 1993-1-5, 5.3 where they buckle. Stiffeners do not count in it (D158).
 double WallShear(const Inputs& in, const SectionRecord& section, double c, double t, double area)

@@ -168,6 +168,8 @@ void CalcResistanceI(const Inputs& in, SectionRecord& section, Resistances& resi
 }
 
 // EN 1993-1-5, 5.2 to 5.4.
+// Deviation D47: vbrd of a web that may buckle is not held to the plastic resistance, which 6.2.6
+// (6) asks for as well.
 //   in   hw, tw, b, tf, webstiffa [mm]; ned [kN]; myed, mfrd [kNm]; vzrd [kN]
 //   out  vbrd [kN]; avz [mm2]; shearnote
 //
@@ -253,6 +255,8 @@ void ReduceMz(const Inputs& in, const SectionRecord& section, const Resistances&
 }
 
 // EN 1993-1-1, 6.2.9.1 (4), Eq (6.33), (6.34); (5), Eq (6.36).
+// Deviation D44: beyond nplrd the moment resistance is below 0 and the ratio too, which no row
+// takes; the axial force alone is above its limit there.
 //   in   ned, nplrd [kN]; myrdv [kNm]
 //   out  mnyrd [kNm]; below 0 for ned beyond nplrd
 void CalcMNy(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
@@ -292,9 +296,10 @@ void ExponentsI(const Resistances& resistances, const Forces& forces, SectionChe
 
 // EN 1993-1-1, 6.2.
 //
-// Deviation D153: moments alone and both moments together keep the classes of the single moments;
-// the class under N and M enters the combinations with N only. The standard classifies the section
-// under all its forces, 5.5.2.
+// Deviation D153: moments alone, both moments together and the checks of the member keep the
+// classes of the single forces; the class under N and one moment enters the combinations with N
+// only, each moment with its own, and no resistance exceeds that of the moment alone. The standard
+// classifies the section under all its forces, 5.5.2.
 void ControlRolledI(const Inputs& in, SectionRecord& section, Resistances& resistances,
                     const Forces& forces, SectionChecks& checks, PassOutcome&)
 {

@@ -54,6 +54,8 @@ struct Section {
         return routines.shear_labels && checks.vyed > 0.5 * resistances.vyrd;
     }
 
+    // Deviation D43: elastic design (checkelastic) does not ask for the linear sum of 6.2.9.2; the
+    // elastic resistances enter the formulas of classes 1 and 2.
     bool Plastic(i16 classy, i16 classz) const
     {
         return classy <= 2 && classz <= 2 && in.checkconsercontrol != kTrue;
@@ -171,7 +173,8 @@ void ControlNMz(const Section& at)
             {at.forces.ned, at.checks.nrdint, at.checks.mzed, at.checks.mzrdv});
 }
 
-// Axial force with bending about both axes.
+// Axial force with bending about both axes. Deviation D48: the checks of N with each moment stay in
+// the result beside it; Eq (6.41) takes their place.
 void ControlNMyMz(const Section& at)
 {
     const i16 classy = at.ClassY();

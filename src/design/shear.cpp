@@ -14,6 +14,8 @@ double ShearReduction(double v, double vrd)
     return std::min(1.0, excess * excess);
 }
 
+// Deviation D46: 72 eps/eta with stiffeners too; EN 1993-1-5, 5.1 (2) has 31 eps sqrt(k_tau)/eta
+// for webs with stiffeners.
 bool StockyInShear(const Inputs& in, const SectionRecord& section, double hw, double t)
 {
     return hw / t < 72.0 * section.eps / in.neta;

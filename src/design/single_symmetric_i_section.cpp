@@ -40,21 +40,6 @@ double EffectiveModulusZ(const Inputs& in, const SectionRecord& section)
 
 // --- Routines of the control
 
-i16 ClassY(const Inputs& in, SectionRecord& section, const SectionChecks& checks, float n, float m)
-{
-    return ClassWelded(in, section, n, checks.mysigned > 0 ? m : -m);
-}
-
-// The worse of the two flanges, which is also the one that classflange tells of.
-i16 ClassZ(const Inputs& in, SectionRecord& section, const SectionChecks&, float n, float m)
-{
-    const i16 top = CalcClassZ(in, section, n, m, section.ctop, section.ttop, section.btop);
-    const i16 topflange = section.classflange;
-    const i16 bottom = CalcClassZ(in, section, n, m, section.cbot, section.tbot, section.bbot);
-    section.classflange = std::max(topflange, section.classflange);
-    return std::max(top, bottom);
-}
-
 void ReduceMySingleI(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
                      const Forces&, SectionChecks& checks)
 {
@@ -68,6 +53,21 @@ void EnterSection(SectionRecord& section, const SectionChecks& checks)
 }
 
 }  // namespace
+
+i16 ClassSingleIY(const Inputs& in, SectionRecord& section, const SectionChecks& checks, float n,
+                  float m)
+{
+    return ClassWelded(in, section, n, checks.mysigned > 0 ? m : -m);
+}
+
+i16 ClassSingleIZ(const Inputs& in, SectionRecord& section, const SectionChecks&, float n, float m)
+{
+    const i16 top = CalcClassZ(in, section, n, m, section.ctop, section.ttop, section.btop);
+    const i16 topflange = section.classflange;
+    const i16 bottom = CalcClassZ(in, section, n, m, section.cbot, section.tbot, section.bbot);
+    section.classflange = std::max(topflange, section.classflange);
+    return std::max(top, bottom);
+}
 
 // EN 1993-1-5, 4.4.
 //   in   section record; eps; checkflangebuck, checkwebbuck
@@ -125,7 +125,7 @@ void CalcResistanceSingleI(const Inputs& in, SectionRecord& section, Resistances
 {
     section.classmytop = ClassWelded(in, section, 0, 10);
     section.classmybot = ClassWelded(in, section, 0, -10);
-    section.classmz = ClassZ(in, section, checks, 0, 10);
+    section.classmz = ClassSingleIZ(in, section, checks, 0, 10);
     section.classn = ClassWelded(in, section, 10, 0);
     StoreResistances(in, section, resistances);
     resistances.mfrd = ElasticFlangeMoment(in, section, resistances);
@@ -140,8 +140,8 @@ void ControlSingleI(const Inputs& in, SectionRecord& section, Resistances& resis
                     const Forces& forces, SectionChecks& checks, PassOutcome&)
 {
     constexpr SectionRoutines kRoutines{
-        .class_y = ClassY,
-        .class_z = ClassZ,
+        .class_y = ClassSingleIY,
+        .class_z = ClassSingleIZ,
         .reduce_my = ReduceMySingleI,
         .reduce_mz = ReduceMz,
         .reduce_mny = CalcMNy,

@@ -19,6 +19,13 @@ void CalcEffectiveSingleI(const Inputs& in, SectionRecord& section);
 // Class with n [kN], positive in compression, and My [kNm], positive when it compresses the top.
 i16 ClassWelded(const Inputs& in, const SectionRecord& section, float n, float m);
 
+// Classes of the control: with n and the size of My, whose sign the checks hold, and with n and Mz,
+// the worse of the two flanges, which is also the one that classflange tells of.
+i16 ClassSingleIY(const Inputs& in, SectionRecord& section, const SectionChecks& checks, float n,
+                  float m);
+i16 ClassSingleIZ(const Inputs& in, SectionRecord& section, const SectionChecks& checks, float n,
+                  float m);
+
 void CalcResistanceSingleI(const Inputs& in, SectionRecord& section, Resistances& resistances,
                            SectionChecks& checks);
 void ControlSingleI(const Inputs& in, SectionRecord& section, Resistances& resistances,

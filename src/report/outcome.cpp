@@ -5,6 +5,7 @@
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "engine/validate.h"
+#include "report/check_key.h"
 
 #include <algorithm>
 #include <array>
@@ -18,15 +19,16 @@ constexpr std::string_view kNothingActs = "no load acts on the member";
 constexpr std::string_view kNoRow = "forces act, and no check applies to them";
 constexpr auto kStrengthRows = static_cast<std::size_t>(ResultRow::deflection_z);
 
-// The check with the largest ratio of all rows, the first of several; null where there is none.
-const Check* GoverningCheck(const ProjectState& s)
+// The check with the largest ratio of all rows, the first of several; `none` where there is none.
+CheckId LargestCheck(const ProjectState& s)
 {
     const std::size_t rows = DeflectionCounts(s) ? kResultRows : kStrengthRows;
-    const Check* most = nullptr;
+    CheckId most = CheckId::none;
     for (std::size_t row = 0; row < rows; ++row) {
-        const Check& check = s.checklist.row(static_cast<ResultRow>(row));
-        if (IsJudged(check) && (most == nullptr || check.ratio > most->ratio)) {
-            most = &check;
+        const CheckId id = s.checklist.governs(static_cast<ResultRow>(row));
+        const Check& check = s.checklist[id];
+        if (IsJudged(check) && (most == CheckId::none || check.ratio > s.checklist[most].ratio)) {
+            most = id;
         }
     }
     return most;
@@ -79,8 +81,8 @@ Outcome Finished(const ProjectState& s)
         outcome.message = FailureText(rows.fault[0]);
         return outcome;
     }
-    const Check* const check = GoverningCheck(s);
-    if (check == nullptr) {
+    const CheckId id = LargestCheck(s);
+    if (id == CheckId::none) {
         const bool acts = ForcesAct(s);
         outcome.verdict = acts ? Verdict::not_checked : Verdict::nothing_acts;
         outcome.message = acts ? kNoRow : kNothingActs;
@@ -88,8 +90,9 @@ Outcome Finished(const ProjectState& s)
     }
     outcome.ir = GoverningRatio(s);
     outcome.verdict = outcome.ir > s.irlimit ? Verdict::above : Verdict::within;
-    outcome.control = FormulaOf(*check);
-    outcome.clause = TextsOf(check->form).clause;
+    const Check& check = s.checklist[id];
+    outcome.control = FormulaOf(check);
+    outcome.clause = TextsOf(check.form).clause;
     outcome.notes = DesignNotes(s);
     return outcome;
 }
@@ -153,6 +156,12 @@ int GraverExit(int one, int other)
     return kGravity[static_cast<std::size_t>(one)] < kGravity[static_cast<std::size_t>(other)]
                ? other
                : one;
+}
+
+std::optional<CheckId> GoverningCheckId(const ProjectState& s)
+{
+    const CheckId id = LargestCheck(s);
+    return id == CheckId::none ? std::nullopt : std::optional(id);
 }
 
 // Given end forces have no deflection: the rows are those of the last calculation with loads.

@@ -1,4 +1,5 @@
 #include "report/state_json.h"
+#include "report/check_key.h"
 
 #include "core/check_text.h"
 #include "core/field_table.h"
@@ -114,7 +115,7 @@ std::string CheckJson(const ProjectState& s, CheckId id)
     for (std::size_t i = 0; i < TermsOf(check); ++i) {
         terms += (i > 0 ? ", " : "") + JsonNumber(check.terms[i]);
     }
-    return "{\"check\": " + JsonText(NameOf(id)) + ", \"formula\": " + JsonText(FormulaOf(check)) +
+    return "{" + KeyJson(NameOf(id)) + ", \"formula\": " + JsonText(FormulaOf(check)) +
            ", \"clause\": " + JsonText(TextsOf(check.form).clause) +
            ", \"place\": " + PlaceJson(check.place) + ", \"ir\": " + JsonNumber(check.ratio) +
            ", \"limit\": " + JsonNumber(check.limit) +

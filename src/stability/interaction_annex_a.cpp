@@ -191,7 +191,11 @@ void CmAnnexAForces(const Forces& forces, Stability& stability)
 // Deviation D218: the column of Table A.1 is taken for each moment by its own class; the standard
 // has one class for the section under all forces. Deviation D219: npl rests on gammaM0 (and on the
 // effective area in class 4); Table A.1 takes gammaM1. Deviation D220: at NEd = Ncr the factor of
-// the axis itself takes its limit, other divisors 1e-9; the standard divides by zero.
+// the axis itself takes its limit, other divisors 1e-9; the standard divides by zero. Deviation
+// D219 also: the moments of the auxiliary terms rest on gammaM1; Mpl,Rd of Table A.1 on gammaM0.
+// Deviation D246: without an axial force epsilon_y counts 0, so that Cmy = Cmy,0; it grows without
+// bounds there and Cmy to 1. Deviation D247: epsilon_y of class 4 has the whole area, and the
+// modulus by the class of My; Table A.1 has Aeff and Weff,y of the section.
 void KFactorsAnnexA(const Inputs& in, const SectionRecord& section, const Resistances& resistances,
                     const Forces& forces, Stability& stability, Carry& carry, PassOutcome& outcome)
 {

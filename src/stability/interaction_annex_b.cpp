@@ -104,7 +104,8 @@ void CmAnnexBForces(Stability& stability)
 // Deviation D223: the class of My alone picks the column; the standard takes the class of the
 // section. Deviation D224: the single-symmetric I (22) has no kzz in class 1 and 2; it keeps the
 // value of the run before, 0 after a start, and kyz with it. Deviation D225: kzy has no branch for
-// lamz below 0.4 (0.6 + lamz in Table B.2).
+// lamz below 0.4 (0.6 + lamz in Table B.2). Deviation D248: above a critical force the factors go
+// on; 6.3.3 holds for members that have not buckled.
 void KFactorsAnnexB(const Inputs& in, const SectionRecord& section, const Forces& forces,
                     Stability& stability, Carry& carry)
 {

@@ -335,6 +335,9 @@ void LateralTorsionalBuckling(const Inputs& in, const SectionRecord& section,
 }
 
 // EN 1993-1-1, Annex A: lambda_0 of the uniform moment, with C1 from 1 (k = 1) to 1.05 (k = 0.5).
+// Deviation D244: over the effective length for k below 1; Table A.1 has the uniform moment of the
+// member. Deviation D245: also where lateral torsional buckling is not controlled; members that
+// cannot twist have lambda_0 = 0.
 //   in   ltbk, l [m], restraints, section, myrdm1 [kNm], gammam1, mymid [kNm]
 //   out  lt [m], mcr0 [Nmm], lam0
 void LtUniformMcr(const Inputs& in, const SectionRecord& section, const Resistances& resistances,

@@ -22,9 +22,16 @@ void SetCorners(const StandardSection& q, const LegLengths& legs, AngleSection& 
 {
     angle.cosine = std::cos(angle.alfa);
     angle.sine = std::sin(angle.alfa);
+    // D55: the program counts from the heel of the table, whose distance from the v axis is rounded
+    // by itself.
+    const double cosine = std::cos(q.angle.alfa);
+    const double sine = std::sin(q.angle.alfa);
+    const double to_u = q.angle.equal ? 0 : q.below * cosine - q.left * sine;
+    const double left = basis.pick(Dev::d55, q.angle.to_v * cosine - to_u * sine, q.left);
+    const double below = basis.pick(Dev::d55, q.angle.to_v * sine + to_u * cosine, q.below);
     const auto corner = [&](double y, double z, bool upright, bool lying) {
-        const double u = y - q.left - angle.yc;
-        const double v = z - q.below - angle.zc;
+        const double u = y - left - angle.yc;
+        const double v = z - below - angle.zc;
         return AngleCorner{u * angle.cosine + v * angle.sine, v * angle.cosine - u * angle.sine,
                            upright, lying};
     };
@@ -91,7 +98,8 @@ void SetAngle(const ProjectState& s, StandardSection& q)
     const double heel = q.tw / 2;  // where the middles of the legs meet
     q.centre_y = heel - q.left;
     q.centre_z = heel - q.below;
-    q.angle = {s.iu, s.iv, s.alfa * std::numbers::pi / 180, Traits(s).shape.equal, s.lopt == 2};
+    q.angle = {s.iu,        s.iv, s.alfa * std::numbers::pi / 180, Traits(s).shape.equal,
+               s.lopt == 2, s.v1};
     // 6.2.6 (4): the parabola over a leg.
     q.avz = (q.h - q.tw) * q.tw / 1.5;
     q.avy = (q.b - q.tw) * q.tw / 1.5;

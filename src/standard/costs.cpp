@@ -106,7 +106,8 @@ struct Pair {
     Dev one, other;
 };
 constexpr std::array kHiding = {Pair{Dev::d27, Dev::d35}, Pair{Dev::d28, Dev::d36},
-                                Pair{Dev::d216, Dev::d235}, Pair{Dev::d238, Dev::d235}};
+                                Pair{Dev::d216, Dev::d235}, Pair{Dev::d238, Dev::d235},
+                                Pair{Dev::d40, Dev::d158}};
 
 std::array<double, kCheckIds> RatiosOf(const Checks& checks)
 {

@@ -396,12 +396,20 @@ HoldingPieces PiecesHolding(const ProjectState& s, double x)
     return {{first * each, 0}, {(first + 1) * each, 0}, 1};
 }
 
-UniformMomentTerms UniformCriticalMoment(const ProjectState& s, const StandardSection& q)
+UniformMomentTerms UniformCriticalMoment(const ProjectState& s, const StandardSection& q,
+                                         const Basis& basis)
 {
-    const double k = std::max(1.0, static_cast<double>(s.ltbk));
-    const double length = k * s.l * kMm / (s.restraints + 1);
+    const double k = s.ltbk;
     const LateralSection section = SectionFor(q);
-    return {length, section.eiw, UniformMoment(section, length) / kNmm};
+    const auto terms = [&](double factor, double c1) {
+        const double length = factor * s.l * kMm / (s.restraints + 1);
+        return UniformMomentTerms{length, section.eiw, c1 * UniformMoment(section, length) / kNmm};
+    };
+    // D244: kL for every k, with C1 from 1.05 (k = 0.5) to 1 (k = 1) and on in a straight line.
+    if (k != 1 && !basis.departs(Dev::d244)) {
+        return terms(k, 1.05 - 0.05 * (k - 0.5) / 0.5);
+    }
+    return terms(std::max(1.0, k), 1);
 }
 
 LateralResult LateralBucklingOf(const LateralCase& m)

@@ -73,13 +73,14 @@ struct NumericalStudy {
 // Nothing where the critical moment is none.
 std::optional<NumericalStudy> NumericalStudyOf(const LateralCase& m);
 
-// Critical moment of uniform moment, Annex A: k up to 1 counts as 1.
+// Critical moment of uniform moment, Annex A: k up to 1 counts as 1. Deviation D244.
 struct UniformMomentTerms {
     double length;  // mm
     double eiw;     // warping stiffness that counts, Nmm4
     double mcr;     // kNm
 };
-UniformMomentTerms UniformCriticalMoment(const ProjectState& s, const StandardSection& q);
+UniformMomentTerms UniformCriticalMoment(const ProjectState& s, const StandardSection& q,
+                                         const Basis& basis);
 
 // The pieces between lateral restraints that hold MEd,max: one, or both beside a restraint.
 struct HoldingPieces {

@@ -252,6 +252,17 @@ MemberLoads LoadsOf(const ProjectState& s, const Basis& basis)
     return loads;
 }
 
+LineExtreme LargestAtPoints(const DeflectionLine& line, const LineGrid& grid)
+{
+    LineExtreme read;
+    for (int j = 0; j < kDiagramPoints; ++j) {
+        const double x = grid.Length() * j / (kDiagramPoints - 1);
+        const double value = line.At(PieceAt(grid, x), x);
+        read = std::abs(value) > std::abs(read.value) ? LineExtreme{value, x, 0} : read;
+    }
+    return read;
+}
+
 EndFixity FixityOf(const ProjectState& s)
 {
     const double share = s.spring / 100.0;

@@ -73,6 +73,9 @@ struct CombinedLines {
     LineExtreme LargestMoment(Axis axis) const;  // in size
 };
 
+// The largest of a deflection at the points of the program's diagram (D217, D261).
+LineExtreme LargestAtPoints(const DeflectionLine& line, const LineGrid& grid);
+
 EndFixity FixityOf(const ProjectState& s);
 // Deviations D178, D189: end forces that the family does not take.
 CombinedLines LinesOf(const ProjectState& s, const MemberLoads& loads, const LoadFactors& factors,

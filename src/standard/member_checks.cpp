@@ -22,13 +22,32 @@ constexpr double kNmm = 1e6;
 constexpr double kStocky = 0.2;  // 6.3.1.2 (4)
 constexpr double kSwayCm = 0.9;  // Table B.3, members that buckle in a sway mode
 
+// The largest moment, size. D249: the program reads its line at the points of the diagram and at
+// its check sections.
+double LargestOf(const MemberCase& m, Axis axis)
+{
+    constexpr double kOff = 1e-6;  // the places are in single precision
+    const LineGrid& grid = m.lines.grid;
+    const double largest = std::abs(m.lines.LargestMoment(axis).value);
+    double read = 0;
+    const auto take = [&](double x) {
+        read = std::max(read, std::abs(m.lines.Moment(axis, PieceAt(grid, x), x)));
+    };
+    for (int j = 0; j < kDiagramPoints; ++j) {
+        take(grid.Length() * j / (kDiagramPoints - 1));
+    }
+    for (const float place : m.places) {
+        take(std::min(place * grid.Length(), grid.Length()));
+    }
+    return read >= (1 - kOff) * largest ? largest : m.basis.pick(Dev::d249, read, largest);
+}
+
 class Member {
 public:
     Member(const MemberCase& m, MemberTerms* told)
         : m_(m), told_(told), b_(m.basis), p_(m.section), q_(m.section.q), cls_(m.classes.all),
-          n_(m.lines.n * kN), bends_y_(m.my), bends_z_(m.mz),
-          my_(std::abs(m.lines.LargestMoment(Axis::y).value) * kNmm),
-          mz_(std::abs(m.lines.LargestMoment(Axis::z).value) * kNmm)
+          n_(m.lines.n * kN), bends_y_(m.my), bends_z_(m.mz), my_(LargestOf(m, Axis::y) * kNmm),
+          mz_(LargestOf(m, Axis::z) * kNmm)
     {
     }
     bool Check(Checks& checks);
@@ -44,14 +63,30 @@ private:
              double squash) const;
     void Interaction(Checks& checks);
     void Outside(Checks& checks) const;
-    bool Plastic(int cls) const { return cls <= 2 && !q_.elastic; }
+    // D43: the program takes the plastic columns for an elastic design as well.
+    bool Plastic(int cls) const { return cls <= 2 && (!q_.elastic || !b_.departs(Dev::d43)); }
+    // D153: the program buckles each force with the class that it has alone.
+    int ClassOfN() const { return b_.pick(Dev::d153, p_.class_n, cls_); }
+    int ClassY() const { return bends_y_ ? b_.pick(Dev::d153, ClassOfMy(), cls_) : cls_; }
+    int ClassZ() const { return bends_z_ ? b_.pick(Dev::d153, m_.classes.mz, cls_) : cls_; }
+    int ClassOfMy() const { return m_.classes.my.At(lateral_.moment >= 0); }
+    bool CountsTwist() const;
     InteractionFactors AnnexA() const;
     InteractionFactors AnnexB() const;
-    double DeflectionOf(const CombinedLines& lines, Axis axis, double inertia) const;
+    DeflectionLine LineOfDeflection(const CombinedLines& lines, Axis axis, double inertia) const;
     double ServiceDeflection(Axis axis, double inertia) const;
     double ShapeCm(Axis axis, double n) const;
+    struct ShapeRead {
+        bool straight;
+        double psi;
+    };
+    ShapeRead ProgramShape(Axis axis, const SpanMoments& span) const;
     double CmA(Axis axis, double inertia, double ncr) const;
-    double LoadedCm(const SpanMoments& span, bool point) const;
+    struct Cm {
+        double standard, smaller_end;
+    };
+    static Cm LoadedCm(const SpanMoments& span, bool point);
+    double OwnCm(Axis axis, const Cm& cm) const;
     double CmB(Axis axis, double x0, double x1, CmTerms MemberTerms::*terms) const;
     double CmLtB() const;
     bool Shifted() const
@@ -119,19 +154,18 @@ void Member::Column(Checks& checks) const
     }
 }
 
-double Member::DeflectionOf(const CombinedLines& lines, Axis axis, double inertia) const
+DeflectionLine Member::LineOfDeflection(const CombinedLines& lines, Axis axis, double inertia) const
 {
-    return DeflectionLine(lines.grid, lines.Of(axis).m, m_.s.supportcase == SupportCase::cantilever,
-                          q_.e, inertia)
-        .Largest()
-        .value;
+    return {lines.grid, lines.Of(axis).m, m_.s.supportcase == SupportCase::cantilever, q_.e,
+            inertia};
 }
 
-// D217: of the program's serviceability combination.
+// D217: of the program's serviceability combination, read at the points of the diagram.
 double Member::ServiceDeflection(Axis axis, double inertia) const
 {
     const LoadFactors factors = ServiceFactors(m_.s, m_.s.loadcomb);
-    return DeflectionOf(LinesOf(m_.s, m_.loads, factors, b_), axis, inertia);
+    const CombinedLines lines = LinesOf(m_.s, m_.loads, factors, b_);
+    return LargestAtPoints(LineOfDeflection(lines, axis, inertia), lines.grid).value;
 }
 
 // D242: Table A.2 of a uniform load or of a point load at mid-span, whatever the loads; 0 where the
@@ -143,6 +177,18 @@ double Member::ShapeCm(Axis axis, double n) const
     }
     const bool curved = (axis == Axis::y ? m_.program->mycurved : m_.program->mzcurved) == kTrue;
     return curved ? clauses::CmUniformLoad(n) : clauses::CmPointLoad(n);
+}
+
+// D107: the shape of the line as the program reads it; that of the standard where its pass failed
+// or the end moments are given.
+Member::ShapeRead Member::ProgramShape(Axis axis, const SpanMoments& span) const
+{
+    const ProjectState* const p = m_.program;
+    if (p == nullptr || m_.s.loadmode != 1) {
+        return {span.straight, span.psi};
+    }
+    return axis == Axis::y ? ShapeRead{p->mylinear == kTrue, p->psiy}
+                           : ShapeRead{p->mzlinear == kTrue, p->psiz};
 }
 
 // Table A.2, Cm,0 of the whole member; deflection and moment of the same loads.
@@ -161,6 +207,10 @@ double Member::CmA(Axis axis, double inertia, double ncr) const
     if (terms != nullptr) {
         *terms = {.span = span, .moment = most.value};
     }
+    const ShapeRead read = ProgramShape(axis, span);
+    if (read.straight != span.straight && !b_.departs(Dev::d107)) {
+        return read.straight ? clauses::CmStraight(read.psi, n) : 1;
+    }
     if (span.straight) {
         return clauses::CmStraight(span.psi, n);
     }
@@ -171,7 +221,7 @@ double Member::CmA(Axis axis, double inertia, double ncr) const
     }
     const double deflection = b_.pick(
         Dev::d217, [&] { return ServiceDeflection(axis, inertia); },
-        [&] { return DeflectionOf(m_.lines, axis, inertia); });
+        [&] { return LineOfDeflection(m_.lines, axis, inertia).Largest().value; });
     if (terms != nullptr) {
         terms->deflection = deflection;
     }
@@ -181,11 +231,11 @@ double Member::CmA(Axis axis, double inertia, double ncr) const
 }
 
 // D221: the program's ratios take the smaller end moment.
-double Member::LoadedCm(const SpanMoments& span, bool point) const
+Member::Cm Member::LoadedCm(const SpanMoments& span, bool point)
 {
     const double standard = clauses::EquivalentMomentLoaded(span.mh, span.ms, span.psi, point);
     if (span.ms == 0 || span.mh == 0) {
-        return standard;
+        return {standard, standard};
     }
     const double small = span.mh * span.psi;
     const bool ends_govern = span.mh * span.mh >= span.ms * span.ms;
@@ -193,7 +243,7 @@ double Member::LoadedCm(const SpanMoments& span, bool point) const
         ends_govern
             ? clauses::EquivalentMomentOfEnds(small == 0 ? 0 : span.ms / small, span.psi, point)
             : clauses::EquivalentMomentOfSpan(small / span.ms, span.psi, point);
-    return b_.pick(Dev::d221, program, standard);
+    return {standard, program};
 }
 
 // Table B.3; loads of both kinds take the larger of its columns.
@@ -226,8 +276,34 @@ double Member::CmB(Axis axis, double x0, double x1, CmTerms MemberTerms::*terms)
         (told_->*terms).lines = lines;
         (told_->*terms).points = points;
     }
-    const double cm = points ? LoadedCm(span, true) : 0;
-    return lines ? std::max(cm, LoadedCm(span, false)) : cm;
+    Cm cm{};
+    const auto take = [&](bool point) {
+        const Cm found = LoadedCm(span, point);
+        cm = {std::max(cm.standard, found.standard), std::max(cm.smaller_end, found.smaller_end)};
+    };
+    if (points) {
+        take(true);
+    }
+    if (lines) {
+        take(false);
+    }
+    const bool whole = x0 == 0 && x1 == m_.lines.grid.Length();
+    return whole ? OwnCm(axis, cm) : b_.pick(Dev::d221, cm.smaller_end, cm.standard);
+}
+
+// D107: the program's factor of the whole member by the shape that it reads, where neither this one
+// nor D221 gives it.
+double Member::OwnCm(Axis axis, const Cm& cm) const
+{
+    constexpr double kSame = 1e-6;
+    const double standard = b_.pick(Dev::d221, cm.smaller_end, cm.standard);
+    if (m_.program == nullptr || m_.s.loadmode != 1) {
+        return standard;
+    }
+    const double own = axis == Axis::y ? m_.program->cmy : m_.program->cmz;
+    const bool other =
+        own > 0 && std::abs(own - cm.standard) > kSame && std::abs(own - cm.smaller_end) > kSame;
+    return other && !b_.departs(Dev::d107) ? own : standard;
 }
 
 double Member::CmLtB() const
@@ -244,11 +320,18 @@ double Member::CmLtB() const
     return cm;
 }
 
+// Susceptible to torsional deformations, 6.3.3 (2). D245: the program counts the slenderness of
+// uniform moment of open sections where lateral torsional buckling is not controlled as well.
+bool Member::CountsTwist() const
+{
+    const bool held = !Twists() && !q_.Closed() && !q_.Angle();
+    return Twists() || (held && !b_.departs(Dev::d245));
+}
+
 InteractionFactors Member::AnnexA() const
 {
-    const double strength = q_.fy / q_.gammam0;
     clauses::AnnexAInputs in{};
-    in.twists = Twists();
+    in.twists = CountsTwist();
     in.ned = n_;
     in.ncry = ncr_.y;
     in.ncrz = ncr_.z;
@@ -256,13 +339,18 @@ InteractionFactors Member::AnnexA() const
     in.ncrt = in.twists ? b_.pick(Dev::d208, kNever, ncr_.t) : ncr_.t;
     in.ncrtf = in.twists ? b_.pick(Dev::d208, kNever, ncr_.tf) : ncr_.tf;
     in.nrk = chi_.squash / b_.pick(Dev::d219, q_.gammam0, q_.gammam1);
+    const double strength = q_.fy / b_.pick(Dev::d219, q_.gammam1, q_.gammam0);
     in.my = my_;
     in.mz = mz_;
     in.a = q_.a;
     in.it = q_.it;
     in.iy = q_.iy;
-    in.w_elastic_y = cls_ == 4 ? ModulusY(p_, 4, lateral_.moment >= 0) : q_.LeastWely();
-    in.a_epsy = CompressedArea(p_, cls_);
+    // D247: the program takes the whole area, and the modulus by the class of My.
+    const double effective = ModulusY(p_, 4, lateral_.moment >= 0);
+    const auto modulus = [&](int cls) { return cls == 4 ? effective : q_.LeastWely(); };
+    in.w_elastic_y = b_.pick(Dev::d247, modulus(ClassOfMy()), modulus(cls_));
+    in.a_epsy = b_.pick(Dev::d247, q_.a, CompressedArea(p_, cls_));
+    in.bends_only = n_ == 0 && in.twists && bends_y_ && b_.departs(Dev::d246);
     in.wely = q_.LeastWely();
     in.wply = q_.wply;
     in.welz = q_.LeastWelz();
@@ -278,8 +366,8 @@ InteractionFactors Member::AnnexA() const
     in.lamz = chi_.lamz;
     in.c1 = lateral_.c1;
     if (in.twists) {
-        const double w = ModulusYCompressed(p_, cls_, lateral_.moment >= 0);
-        const UniformMomentTerms uniform = UniformCriticalMoment(m_.s, q_);
+        const double w = ModulusYCompressed(p_, ClassY(), lateral_.moment >= 0);
+        const UniformMomentTerms uniform = UniformCriticalMoment(m_.s, q_, b_);
         in.lam0 = std::sqrt(w * q_.fy / (uniform.mcr * kNmm));
         if (told_ != nullptr) {
             told_->uniform = uniform;
@@ -297,7 +385,7 @@ InteractionFactors Member::AnnexA() const
     };
     // D218: the program picks the column of each moment by its own class.
     const bool plastic = Plastic(cls_);
-    const bool plastic_y = bends_y_ ? b_.pick(Dev::d218, Plastic(m_.classes.my), plastic) : plastic;
+    const bool plastic_y = bends_y_ ? b_.pick(Dev::d218, Plastic(ClassOfMy()), plastic) : plastic;
     const bool plastic_z = bends_z_ ? b_.pick(Dev::d218, Plastic(m_.classes.mz), plastic) : plastic;
     const InteractionFactors y = factors(plastic_y);
     if (plastic_z == plastic_y) {
@@ -311,8 +399,8 @@ InteractionFactors Member::AnnexB() const
 {
     const double length = m_.lines.grid.Length();
     clauses::AnnexBInputs in{};
-    in.plastic =
-        bends_y_ ? b_.pick(Dev::d223, Plastic(m_.classes.my), Plastic(cls_)) : Plastic(cls_);
+    const int of_my = bends_y_ ? ClassOfMy() : ClassOf(q_, {0, true, false, false}, b_);
+    in.plastic = b_.pick(Dev::d223, Plastic(of_my), Plastic(cls_));
     in.hollow = q_.Closed();
     in.twists = Twists() && bends_y_;
     in.cmy = bends_y_ ? CmB(Axis::y, 0, length, &MemberTerms::cm_y) : 1;
@@ -343,15 +431,17 @@ void Member::Outside(Checks& checks) const
     const double kyy = 1 / (1 - chi_.chiy * n_ / ncr_.y);
     const double kzz = 1 / (1 - chi_.chiz * n_ / ncr_.z);
     const bool sagging = lateral_.moment >= 0;
-    const double wy = std::min(ModulusY(p_, cls_, sagging), ModulusYCompressed(p_, cls_, sagging));
+    const double wy =
+        std::min(ModulusY(p_, ClassY(), sagging), ModulusYCompressed(p_, ClassY(), sagging));
+    const double wz = ModulusZ(p_, ClassZ());
     const double mry = lateral_.chi * wy * q_.fy / q_.gammam1;
-    const double mrz = ModulusZ(p_, cls_) * q_.fy / q_.gammam1;
+    const double mrz = wz * q_.fy / q_.gammam1;
     const double ir = n_ * q_.gammam1 / (least * chi_.squash) + kyy * (my_ + ShiftY()) / mry +
                       kzz * (mz_ + ShiftZ()) / mrz;
     if (told_ != nullptr) {
         told_->k = {kyy, 0, 0, kzz};
         told_->wy = wy;
-        told_->wz = ModulusZ(p_, cls_);
+        told_->wz = wz;
     }
     Keep(checks, CheckId::interaction_outside, ir, "interaction outside 6.3.3");
 }
@@ -373,7 +463,9 @@ void Member::Interaction(Checks& checks)
     const double flexural = ncr_.LeastFlexural();
     const double torsional = ncr_.Torsional();
     const bool twists = torsional < flexural && ColumnTwists();
-    if (n_ >= (twists ? torsional : flexural)) {
+    // D248: the factors of Annex B go on beyond the critical force in the program.
+    const bool beyond = n_ >= (twists ? torsional : flexural);
+    if (beyond && (m_.s.method == Method::annex_a || b_.departs(Dev::d248))) {
         const double resistance = chi_.Least(ColumnTwists()) * chi_.squash / q_.gammam1;
         Keep(checks, CheckId::n_above_ncr, n_ / resistance, "6.3.3");
         return;
@@ -386,14 +478,15 @@ void Member::Interaction(Checks& checks)
     const InteractionFactors k = annex_a ? AnnexA() : AnnexB();
     const double ny = n_ * q_.gammam1 / (chi_.chiy * chi_.squash);
     const double nz = n_ * q_.gammam1 / (chi_.chiz * chi_.squash);
-    const double wy = ModulusY(p_, cls_, lateral_.moment >= 0);
+    const double wy = ModulusY(p_, ClassY(), lateral_.moment >= 0);
+    const double wz = ModulusZ(p_, ClassZ());
     const double my = my_ * q_.gammam1 / (lateral_.chi * wy * q_.fy);
-    const double mz = mz_ * q_.gammam1 / (ModulusZ(p_, cls_) * q_.fy);
+    const double mz = mz_ * q_.gammam1 / (wz * q_.fy);
     if (told_ != nullptr) {
         told_->k = k;
         told_->annex_a = annex_a;
         told_->wy = wy;
-        told_->wz = ModulusZ(p_, cls_);
+        told_->wz = wz;
     }
     // D236: an axis without buckling has no row in the program.
     const bool row_y = std::isfinite(ncr_.y) || n_ == 0 || b_.departs(Dev::d236);
@@ -439,16 +532,16 @@ LateralResult Member::Lateral() const
 {
     static const MemberLoads kNone{};  // those of an angle count in the shear centre
     if (q_.kind == Kind::plate) {
-        return TrippingOf(m_.s, p_, m_.lines, cls_);
+        return TrippingOf(m_.s, p_, m_.lines, ClassY());
     }
     return LateralBucklingOf({m_.s, b_, m_.program, p_, q_.Angle() ? kNone : m_.loads,
-                              m_.load_case.factors, q_.Angle() ? turned_ : m_.lines, cls_});
+                              m_.load_case.factors, q_.Angle() ? turned_ : m_.lines, ClassY()});
 }
 
 bool Member::Check(Checks& checks)
 {
     ncr_ = CriticalForcesOf(m_.s, q_, b_);
-    chi_ = ReductionsOf(p_, ncr_, CurvesOf(m_.library, m_.s, q_, b_), cls_, b_);
+    chi_ = ReductionsOf(p_, ncr_, CurvesOf(m_.library, m_.s, q_, b_), ClassOfN(), b_);
     if (n_ > 0) {
         Column(checks);
     }

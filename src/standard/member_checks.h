@@ -14,6 +14,8 @@
 #include "standard/result.h"
 #include "standard/section_checks.h"
 
+#include <span>
+
 namespace kestrum::standard {
 
 struct MemberCase {
@@ -27,6 +29,7 @@ struct MemberCase {
     const CombinedLines& lines;
     Classes classes;
     bool my, mz;
+    std::span<const float> places;  // the program's check sections, x/L
 };
 
 // What stands behind an equivalent moment factor of one axis. kNm, mm.
@@ -61,8 +64,8 @@ struct MemberTerms {
     clauses::AnnexBInputs b;
 };
 
-// Deviations D207, D208, D217 to D219, D221 to D223, D225, D229, D230, D232, D236, D240.
-// False where the numerical solution does not take the member (more than 16 restraints).
+// Deviations D43, D153, D207, D208, D217 to D219, D221 to D223, D225, D229, D230, D232, D236, D240
+// to D247. False where the numerical solution does not take the member (more than 16 restraints).
 // `told`, where it is asked for, takes the terms.
 bool CheckMember(const MemberCase& member, Checks& checks, MemberTerms* told = nullptr);
 

@@ -113,13 +113,18 @@ bool ShearedWhole(const StandardSection& q)
     return q.kind == Kind::flat || q.kind == Kind::tube || q.kind == Kind::general;
 }
 
-double Slender(const StandardSection& q, double h, double t, const ShearInputs& in)
+// The buckling factor of a web that may buckle in shear, EN 1993-1-5, 5.1 (2); 0 for others. D46:
+// the program asks without the stiffeners.
+double Slender(const StandardSection& q, double h, double t, const ShearInputs& in,
+               const Basis& basis)
 {
-    const double k =
-        in.stiffened ? clauses::ShearBucklingFactor(h, in.entered) : clauses::kUnstiffenedFactor;
-    const double limit =
-        in.stiffened ? 31 * q.eps * std::sqrt(k) / q.eta : clauses::StockyWebLimit(q.eps, q.eta);
-    return h / t > limit ? k : 0;
+    const bool bare = h / t > clauses::StockyWebLimit(q.eps, q.eta);
+    if (!in.stiffened) {
+        return bare ? clauses::kUnstiffenedFactor : 0;
+    }
+    const double k = clauses::ShearBucklingFactor(h, in.entered);
+    const bool slender = h / t > 31 * q.eps * std::sqrt(k) / q.eta;
+    return basis.pick(Dev::d46, bare, slender) ? k : 0;
 }
 
 }  // namespace
@@ -259,14 +264,27 @@ void AddFlangePart(const PreparedSection& p, const ShearInputs& in, double n, do
                                          q.gammam1, std::abs(my), terms.mf);
 }
 
-ShearTerms WebTerms(const StandardSection& q, const ShearInputs& in, double k)
+// D45: the program's walls of hollow sections that buckle in shear keep the shear area of 6.2.6.
+double CountedWalls(const StandardSection& q, double area, double walls, const Basis& basis)
+{
+    return q.kind == Kind::hollow ? basis.pick(Dev::d45, area, walls) / walls : 1;
+}
+
+ShearTerms WebTerms(const StandardSection& q, const ShearInputs& in, double k, const Basis& basis)
 {
     ShearTerms terms{};
     terms.k = k;
     terms.lam = clauses::WebSlenderness(q.hw, q.tw, q.eps, k);
     terms.factor = clauses::WebFactor(terms.lam, q.eta, in.rigid_end_post);
-    terms.web = q.webs * clauses::WebShear(terms.factor, q.hw, q.tw, q.fy, q.gammam1);
+    const double webs = q.webs * CountedWalls(q, q.avz, q.webs * q.hw * q.tw, basis);
+    terms.web = webs * clauses::WebShear(terms.factor, q.hw, q.tw, q.fy, q.gammam1);
     return terms;
+}
+
+// 6.2.6 (6): shear buckling in addition to the plastic resistance. D47: the program drops that.
+double HeldTo(double plastic, double buckling, const Basis& basis)
+{
+    return basis.pick(Dev::d47, buckling, std::min(buckling, plastic));
 }
 
 }  // namespace
@@ -275,11 +293,11 @@ std::optional<ShearTerms> ShearTermsAlongZ(const PreparedSection& p, const Shear
                                            double n, double my, const Basis& basis)
 {
     const StandardSection& q = p.q;
-    const double k = ShearedWhole(q) || q.Angle() ? 0 : Slender(q, q.hw, q.tw, in);
+    const double k = ShearedWhole(q) || q.Angle() ? 0 : Slender(q, q.hw, q.tw, in, basis);
     if (k == 0) {
         return std::nullopt;
     }
-    ShearTerms terms = WebTerms(q, in, k);
+    ShearTerms terms = WebTerms(q, in, k, basis);
     if (!q.Closed() || q.OfStrips()) {
         AddFlangePart(p, in, n, my, basis, terms);
     }
@@ -297,12 +315,13 @@ ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, dou
         return {plastic, plastic, false};
     }
     const double web = terms->web;
-    const double total = std::min({web + terms->flanges, terms->limit, plastic});
-    // D158: the program's test for high shear does not see the stiffeners.
+    const double total = HeldTo(plastic, std::min(web + terms->flanges, terms->limit), basis);
+    // D158: the program's test for high shear sees neither stiffeners nor a rigid end post.
+    ShearInputs bare = in;
+    bare.rigid_end_post = false;
     const double tested =
-        in.stiffened ? basis.pick(Dev::d158, WebTerms(q, in, clauses::kUnstiffenedFactor).web, web)
-                     : web;
-    return {total, std::min(tested, plastic), true};
+        basis.pick(Dev::d158, WebTerms(q, bare, clauses::kUnstiffenedFactor, basis).web, web);
+    return {total, HeldTo(plastic, tested, basis), true};
 }
 
 ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in, const Basis& basis)
@@ -324,15 +343,16 @@ ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in, con
     }
     const double t = q.top.t;
     const ShearInputs unstiffened{0, in.supports, false, in.rigid_end_post};
-    const double k = Slender(q, width, t, unstiffened);
+    const double k = Slender(q, width, t, unstiffened, basis);
     if (k == 0) {
         return {plastic, plastic, false};
     }
     const double lam = clauses::WebSlenderness(width, t, q.eps, k);
     const double factor = clauses::WebFactor(lam, q.eta, in.rigid_end_post);
     const double gamma = basis.pick(Dev::d172, q.gammam0, q.gammam1);
-    const double web = 2 * clauses::WebShear(factor, width, t, q.fy, gamma);
-    const double total = std::min(web, plastic);
+    const double walls = 2 * CountedWalls(q, q.avy, 2 * width * t, basis);
+    const double web = walls * clauses::WebShear(factor, width, t, q.fy, gamma);
+    const double total = HeldTo(plastic, web, basis);
     return {total, total, true};
 }
 

@@ -70,7 +70,7 @@ std::optional<ShearTerms> ShearTermsAlongZ(const PreparedSection& p, const Shear
                                            double n, double my, const Basis& basis);
 
 // Along z; n and my (sizes) enter the part of the flanges.
-// Deviations D30, D31, D152, D154, D158, D159, D172, D190, D199.
+// Deviations D30, D31, D45 to D47, D152, D154, D158, D159, D172, D190, D199.
 ShearResistance ShearAlongZ(const PreparedSection& p, const ShearInputs& in, double n, double my,
                             const Basis& basis);
 ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in, const Basis& basis);

@@ -233,6 +233,19 @@ void SetGeneral(const ProjectState& s, StandardSection& q)
     q.entered = {s.classn, s.classmy, s.classmz};
 }
 
+// The British tables print the elastic moduli, with three or four digits as all else: these count,
+// and not the quotients of other roundings. A corrected second moment takes its modulus along.
+void SetPrintedModuli(const ProjectState& s, StandardSection& q)
+{
+    constexpr double kSingle = 1e-6;  // the tables without them: quotients in single precision
+    const auto printed = [](double modulus, double inertia, double quotient) {
+        const bool own = std::abs(modulus / quotient - 1) > kSingle;
+        return own ? modulus * inertia : 0;
+    };
+    q.printed_wely = printed(s.wely, q.iy / s.iy, s.iy / std::max(q.above, q.below));
+    q.printed_welz = printed(s.welz, q.iz / s.iz, s.iz / std::max(q.left, q.right));
+}
+
 void AddWalls(const ProjectState& s, StandardSection& q, const Basis& basis)
 {
     constexpr double kAlmost = 1 - 1e-5;
@@ -328,6 +341,9 @@ StandardSection SectionOf(const Library& library, const ProjectState& s, const B
     q.gammam0 = s.gammam0;
     q.gammam1 = GammaM1(s, basis);
     q.elastic = s.checkelastic == kTrue;
+    if (q.elastic && q.kind == Kind::flat) {
+        q.elastic = basis.pick(Dev::d43, false, true);
+    }
     q.linear = s.checkconsercontrol == kTrue;
     q.whole_flanges = s.checkflangebuck == kTrue;
     q.whole_webs = s.checkwebbuck == kTrue;
@@ -353,6 +369,9 @@ StandardSection SectionOf(const Library& library, const ProjectState& s, const B
         SetPlates(s, q, basis);
     } else if (q.kind == Kind::angle) {
         SetAngle(s, q);
+    }
+    if (Is(s, Kind::i_rolled, Kind::channel)) {
+        SetPrintedModuli(s, q);
     }
     AddWalls(s, q, basis);
     SetShearAreas(s, q, basis);

@@ -71,10 +71,11 @@ struct StandardSection {
     double above, below, left, right;  // edges from the centroid, sizes
     double a, iy, iz, it, iw;
     double wply, wplz;
-    double avz, avy;            // shear areas, 6.2.6 (3)
-    double centre_y, centre_z;  // shear centre from the centroid, sizes with sign
-    double zj;                  // z upwards; under hogging moments it counts as -zj_hogging
-    double zj_hogging;          // zj, but by the formula of the program (D57)
+    double printed_wely, printed_welz;  // of tables that have them; else 0
+    double avz, avy;                    // shear areas, 6.2.6 (3)
+    double centre_y, centre_z;          // shear centre from the centroid, sizes with sign
+    double zj;                          // z upwards; under hogging moments it counts as -zj_hogging
+    double zj_hogging;                  // zj, but by the formula of the program (D57)
     std::array<Wall, kMaxWalls> walls;
     std::size_t wall_count;
     std::array<Strip, kMaxStrips> strips;  // T, hat beams, unequal boxes, stiffened plates
@@ -87,6 +88,7 @@ struct StandardSection {
         double iu, iv, alfa;  // mm4, radians from y to u
         bool equal;
         bool two_bolts;  // in one leg at the ends, BB.1.2
+        double to_v;     // from the heel to the v axis, by the table
     } angle;
 
     bool Closed() const
@@ -111,9 +113,15 @@ struct StandardSection {
         return ISection() || kind == Kind::hollow || kind == Kind::box || kind == Kind::tube ||
                kind == Kind::flat || kind == Kind::general;
     }
-    double Wely(bool sagging) const { return iy / (sagging ? above : below); }
-    double LeastWely() const { return iy / (above > below ? above : below); }
-    double LeastWelz() const { return iz / (left > right ? left : right); }
+    double Wely(bool sagging) const
+    {
+        return printed_wely > 0 ? printed_wely : iy / (sagging ? above : below);
+    }
+    double LeastWely() const { return Wely(above > below); }
+    double LeastWelz() const
+    {
+        return printed_welz > 0 ? printed_welz : iz / (left > right ? left : right);
+    }
     double PolarSquared() const
     {
         return (iy + iz) / a + centre_y * centre_y + centre_z * centre_z;
@@ -127,7 +135,7 @@ bool Covered(const ProjectState& s);
 // no value: Table 3.1 ends at 80 mm and, for MH and MLH grades, at 40 mm.
 // Deviations D21, D22, D175.
 std::string_view NoSectionReason(const Library& library, const ProjectState& s, const Basis& basis);
-// Deviations D20, D21, D24, D29, D51, D53, D54, D57, D169, D186.
+// Deviations D20, D21, D24, D29, D43, D51, D53, D54, D57, D169, D186.
 StandardSection SectionOf(const Library& library, const ProjectState& s, const Basis& basis);
 
 }  // namespace kestrum::standard

@@ -3,6 +3,7 @@
 #include "clauses/bending.h"
 #include "clauses/shear.h"
 #include "standard/plates.h"
+#include "standard/program_class.h"
 
 #include <algorithm>
 #include <cmath>
@@ -49,8 +50,14 @@ private:
     void Combined();
     bool BendsAboutOneAxis() const;
     bool HasFormula() const;
+    bool PlasticFormula(int cls) const;
+    struct ClassesHere {
+        int n, my, mz;
+    };
+    ClassesHere CombinedClasses() const;
+    void HoldToSingleMoments(ReducedResistance& r, const ClassesHere& cls) const;
     bool Shifted() const;
-    void Linear(const ReducedResistance& r);
+    void Linear(const ReducedResistance& r, int cls);
     void Plastic(const ReducedResistance& r, double n);
     struct Both {
         double y = 0, z = 0;
@@ -58,6 +65,7 @@ private:
     void TellPlastic(SectionTerms::Rule rule, const ReducedResistance& r, double n,
                      const Both& webs, const Both& moments,
                      const clauses::BiaxialExponents& exponents);
+    double WithEachMoment(double sum, double mny, double mnz) const;
     void PlasticI(const ReducedResistance& r, double n);
     void PlasticClosed(const ReducedResistance& r, double n);
     void WebAndMoment(double length);
@@ -127,7 +135,7 @@ void Place::Shear()
 void Place::Moments()
 {
     const bool sagging = f_.my >= 0;
-    const int cls_y = basis_.pick(Dev::d153, classes_.my, cls_);
+    const int cls_y = basis_.pick(Dev::d153, classes_.my.At(sagging), cls_);
     const int cls_z = basis_.pick(Dev::d153, classes_.mz, cls_);
     const ReducedResistance r = ResistanceBeside(p_, cls_y, rho_, f_.n > 0, sagging, basis_);
     const std::string_view clause = rho_.z > 0 || rho_.y > 0 ? "6.2.8" : "6.2.5";
@@ -136,7 +144,7 @@ void Place::Moments()
                           ? r.mz
                           : ResistanceBeside(p_, cls_z, rho_, f_.n > 0, sagging, basis_).mz;
     if (told_ != nullptr) {
-        told_->classes = {cls_, cls_y, cls_z, classes_.beside};
+        told_->classes = {cls_, {cls_y, cls_y}, cls_z, classes_.n_my, classes_.n_mz};
         told_->moment_y = r.my;
         told_->moment_z = mz;
     }
@@ -193,14 +201,14 @@ double Place::LinearSum(const ReducedResistance& r) const
     return Used(f_.n, r.n) + moments;
 }
 
-void Place::Linear(const ReducedResistance& r)
+void Place::Linear(const ReducedResistance& r, int cls)
 {
     const double ir = LinearSum(r);
-    const bool elastic = cls_ >= 3 || q_.elastic;
-    At(CheckId::section_nm) = {ir, q_.linear   ? "6.2.1 (7)"
-                                   : cls_ == 4 ? "6.2.9.3"
-                                   : elastic   ? "6.2.9.2"
-                                               : "6.2.1 (7)"};
+    const bool elastic = cls >= 3 || q_.elastic;
+    At(CheckId::section_nm) = {ir, q_.linear  ? "6.2.1 (7)"
+                                   : cls == 4 ? "6.2.9.3"
+                                   : elastic  ? "6.2.9.2"
+                                              : "6.2.1 (7)"};
 }
 
 void Place::TellPlastic(SectionTerms::Rule rule, const ReducedResistance& r, double n,
@@ -239,9 +247,21 @@ void Place::PlasticI(const ReducedResistance& r, double n)
     }
     const bool both = f_.my != 0 && f_.mz != 0;
     TellPlastic(SectionTerms::Rule::i_section, r, n, {a, a}, {mny, mnz}, clauses::ExponentsOfI(n));
-    const double ir = both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, clauses::ExponentsOfI(n))
-                           : std::max(Used(f_.my, mny), Used(f_.mz, mnz));
-    At(CheckId::section_nm) = {ir, both ? "Eq 6.41" : "6.2.9.1"};
+    const double sum =
+        both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, clauses::ExponentsOfI(n)) : 0;
+    At(CheckId::section_nm) = {WithEachMoment(sum, mny, mnz), both ? "Eq 6.41" : "6.2.9.1"};
+}
+
+// Eq (6.41) of both moments, the ratio of a single one. D48: the program keeps the ratios of the
+// single moments beside the sum, which is lower as long as it is below 1.
+double Place::WithEachMoment(double sum, double mny, double mnz) const
+{
+    const double each = std::max(Used(f_.my, mny), Used(f_.mz, mnz));
+    const bool both = f_.my != 0 && f_.mz != 0;
+    if (!both) {
+        return each;
+    }
+    return f_.n == 0 ? sum : basis_.pick(Dev::d48, std::max(sum, each), sum);
 }
 
 // 6.2.9.1 (6). D171: the program's exponent turns negative near the squash load.
@@ -270,9 +290,8 @@ void Place::PlasticClosed(const ReducedResistance& r, double n)
     const bool both = f_.my != 0 && f_.mz != 0;
     const clauses::BiaxialExponents exponents = ExponentsOfClosed(n, basis_);
     TellPlastic(SectionTerms::Rule::closed, r, n, {aw, af}, {mny, mnz}, exponents);
-    const double ir = both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, exponents)
-                           : std::max(Used(f_.my, mny), Used(f_.mz, mnz));
-    At(CheckId::section_nm) = {ir, both ? "Eq 6.41" : "6.2.9.1"};
+    const double sum = both ? clauses::BiaxialSum(f_.my, mny, f_.mz, mnz, exponents) : 0;
+    At(CheckId::section_nm) = {WithEachMoment(sum, mny, mnz), both ? "Eq 6.41" : "6.2.9.1"};
 }
 
 void Place::Plastic(const ReducedResistance& r, double n)
@@ -281,10 +300,12 @@ void Place::Plastic(const ReducedResistance& r, double n)
         const double mn = clauses::ReducedMomentTube(r.my, n);
         const double mnz = clauses::ReducedMomentTube(r.mz, n);
         TellPlastic(SectionTerms::Rule::tube, r, n, {}, {mn, mn}, {});
-        const bool both = f_.my != 0 && f_.mz != 0;
-        const double apart = both ? clauses::BiaxialSum(f_.my, mn, f_.mz, mnz, {2, 2})
-                                  : std::max(Used(f_.my, mn), Used(f_.mz, mnz));
-        const double ir = BendsAboutOneAxis() ? Used(std::hypot(f_.my, f_.mz), mn) : apart;
+        const auto apart = [&] {
+            const double squares = clauses::BiaxialSum(f_.my, mn, f_.mz, mnz, {2, 2});
+            const double each = std::max(Used(f_.my, mn), Used(f_.mz, mnz));
+            return f_.n != 0 ? std::max(squares, each) : squares;
+        };
+        const double ir = BendsAboutOneAxis() ? Used(std::hypot(f_.my, f_.mz), mn) : apart();
         At(CheckId::section_nm) = {ir, "6.2.9.1 (2)"};
     } else if (q_.kind == Kind::flat) {
         // D177: beside a tension the program leaves the moment resistance whole.
@@ -318,15 +339,66 @@ void Place::Combined()
     if (!(my && mz) && !(f_.n != 0 && (my || mz)) && !Shifted()) {
         return;
     }
-    const int cls = my && mz ? basis_.pick(Dev::d153, classes_.beside, cls_) : cls_;
-    const ReducedResistance r = ResistanceBeside(p_, cls, rho_, f_.n > 0, f_.my >= 0, basis_);
+    const ClassesHere cls = CombinedClasses();
+    const auto beside = [&](int of) {
+        return ResistanceBeside(p_, of, rho_, f_.n > 0, f_.my >= 0, basis_);
+    };
+    const int worst = std::max(my || !mz ? cls.my : 1, mz ? cls.mz : 1);
+    ReducedResistance r = beside(cls.my);
+    r.mz = cls.mz != cls.my ? beside(cls.mz).mz : r.mz;
+    HoldToSingleMoments(r, cls);
     const double n = Used(f_.n, r.n);
-    const bool plastic = cls <= 2 && !q_.elastic && !q_.linear;
-    if (plastic && n < 1 && HasFormula()) {
+    const bool plastic = PlasticFormula(worst) && HasFormula();
+    if (plastic && n < 1) {
         Plastic(r, n);
-    } else {
-        Linear(r);
+        return;
     }
+    if (plastic && !basis_.departs(Dev::d44)) {  // the program's formulas leave no ratio there
+        return;
+    }
+    r.n = cls.n != cls.my ? beside(cls.n).n : r.n;
+    Linear(r, worst);
+}
+
+// D153: no moment resistance of the program exceeds that of the moment alone, where a tension
+// betters the class.
+void Place::HoldToSingleMoments(ReducedResistance& r, const ClassesHere& cls) const
+{
+    const int my = classes_.my.At(f_.my >= 0);
+    const bool y = f_.my != 0 && my > cls.my;
+    const bool z = f_.mz != 0 && classes_.mz > cls.mz;
+    if (!(y || z) || basis_.departs(Dev::d153)) {
+        return;
+    }
+    const auto alone = [&](int of) {
+        return ResistanceBeside(p_, of, {}, f_.n > 0, f_.my >= 0, basis_);
+    };
+    r.my = y ? std::min(r.my, alone(my).my) : r.my;
+    r.mz = z ? std::min(r.mz, alone(classes_.mz).mz) : r.mz;
+}
+
+// D153: the program sums N of its own class and each moment with the class that it has, alone or
+// with N; D42: that with N by the stresses here.
+Place::ClassesHere Place::CombinedClasses() const
+{
+    int all = cls_;
+    int y = classes_.n_my.At(f_.my >= 0);
+    int z = classes_.n_mz;
+    if (f_.n != 0 && ClassedByStresses(q_) && !basis_.departs(Dev::d42)) {
+        const ProgramClasses here = ProgramClassesUnder(*member_.state, f_.n, f_.my, f_.mz);
+        y = here.my;
+        z = here.mz;
+        all = std::max(f_.my != 0 ? y : 1, f_.mz != 0 ? z : 1);
+    }
+    return {basis_.pick(Dev::d153, p_.class_n, all), basis_.pick(Dev::d153, y, all),
+            basis_.pick(Dev::d153, z, all)};
+}
+
+// D43: the program combines the elastic resistances of an elastic design by the formulas of
+// classes 1 and 2.
+bool Place::PlasticFormula(int cls) const
+{
+    return cls <= 2 && !q_.linear && (!q_.elastic || !basis_.departs(Dev::d43));
 }
 
 // Stresses of the corners about the principal axes, 6.2.1 (5).

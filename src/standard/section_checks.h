@@ -19,12 +19,22 @@ struct SectionMember {
     bool cantilever;                // the other end is no support
     double flange_load;             // hat beams: on the lower flange beside the webs, N/mm
     std::span<const float> places;  // the program's check sections, x/L
+    const ProjectState* state;      // after the program's section step (D42)
 };
 
 // The classes of a combination: of all its forces, and of each moment by itself (D153).
 struct Classes {
-    int all, my, mz;  // of all forces; of each moment alone
-    int beside;       // N with My or N with Mz, the worse of both
+    // Of My, which two unequal flanges make depend on its sign.
+    struct BySign {
+        int sagging, hogging;
+        int At(bool sags) const { return sags ? sagging : hogging; }
+    };
+
+    int all;    // of all forces
+    BySign my;  // of each moment alone
+    int mz;
+    BySign n_my;  // of N with each moment
+    int n_mz;
 };
 
 // What stands behind the ratios at one place. N, Nmm, mm; 0 where a check does not take part.
@@ -56,7 +66,7 @@ struct SectionTerms {
 SectionTerms SectionTermsAt(const SectionMember& member, const CombinedLines& lines,
                             const Classes& classes, const Basis& basis, double x, CheckId id);
 
-// Deviations D109, D153, D163, D164, D170, D171, D176 to D178, D190, D198.
+// Deviations D42 to D44, D48, D109, D153, D163, D164, D170, D171, D176 to D178, D190, D198.
 void CheckSections(const SectionMember& member, const CombinedLines& lines, const Classes& classes,
                    const LoadCase& load_case, Checks& checks, const Basis& basis);
 

@@ -29,18 +29,24 @@ ShearInputs ShearInputsOf(const ProjectState& s)
 Classes ClassesOf(const StandardSection& q, const ActingForces& f, const Basis& basis)
 {
     const int all = ClassOf(q, f, basis);
-    const bool alone = f.n == 0 && !(f.mz && (f.sagging || f.hogging));
+    const bool one_sign = !(f.sagging && f.hogging && q.UnequalFlanges());
+    const bool alone = f.n == 0 && !(f.mz && (f.sagging || f.hogging)) && one_sign;
     if (alone) {
-        return {all, all, all, all};
+        return {all, {all, all}, all, {all, all}, all};
     }
-    Classes classes{all, ClassOf(q, {0, f.sagging, f.hogging, false}, basis),
-                    ClassOf(q, {0, false, false, f.mz}, basis), all};
-    if (f.mz && (f.sagging || f.hogging)) {
-        classes.beside = f.n == 0 ? std::max(classes.my, classes.mz)
-                                  : std::max(ClassOf(q, {f.n, f.sagging, f.hogging, false}, basis),
-                                             ClassOf(q, {f.n, false, false, true}, basis));
+    const auto my = [&](double n) {
+        const int worse = ClassOf(q, {n, f.sagging, f.hogging, false}, basis);
+        if (!f.sagging || !f.hogging || !q.UnequalFlanges()) {
+            return Classes::BySign{worse, worse};
+        }
+        return Classes::BySign{ClassOf(q, {n, true, false, false}, basis),
+                               ClassOf(q, {n, false, true, false}, basis)};
+    };
+    const int mz = ClassOf(q, {0, false, false, f.mz}, basis);
+    if (f.n == 0) {
+        return {all, my(0), mz, my(0), mz};
     }
-    return classes;
+    return {all, my(0), mz, my(f.n), ClassOf(q, {f.n, false, false, f.mz}, basis)};
 }
 
 // Loads over the whole length that rest on the lower flange of a hat beam, N/mm.
@@ -65,8 +71,12 @@ double FlangeLoadOf(const Member& m, const LoadFactors& factors, const CombinedL
 SectionMember SectionMemberOf(const Member& m, const LoadCase& load_case,
                               const CombinedLines& lines)
 {
-    return {m.section, ShearInputsOf(m.s), m.s.supportcase == SupportCase::cantilever,
-            FlangeLoadOf(m, load_case.factors, lines), m.places};
+    return {m.section,
+            ShearInputsOf(m.s),
+            m.s.supportcase == SupportCase::cantilever,
+            FlangeLoadOf(m, load_case.factors, lines),
+            m.places,
+            &m.s};
 }
 
 }  // namespace
@@ -87,7 +97,7 @@ MemberCase MemberCaseOf(const Member& m, const LoadCase& load_case, const Combin
 {
     return {m.library, m.s,       m.basis, m.program, m.section,
             m.loads,   load_case, lines,   classes,   forces.sagging || forces.hogging,
-            forces.mz};
+            forces.mz, m.places};
 }
 
 }  // namespace
@@ -152,14 +162,9 @@ MomentPolynomials BendingOf(const Member& m, const CombinedLines& lines, Axis ax
 // D261: the program reads its line at the points of the diagram.
 LineExtreme LargestOf(const DeflectionLine& line, const LineGrid& grid, const Basis& basis)
 {
-    constexpr double kOff = 1e-6;
+    constexpr double kOff = 1e-9;
     const LineExtreme largest = line.Largest();
-    LineExtreme read;
-    for (int j = 0; j < kDiagramPoints; ++j) {
-        const double x = grid.Length() * j / (kDiagramPoints - 1);
-        const double value = line.At(PieceAt(grid, x), x);
-        read = std::abs(value) > std::abs(read.value) ? LineExtreme{value, x, 0} : read;
-    }
+    const LineExtreme read = LargestAtPoints(line, grid);
     const bool same = std::abs(read.value) >= (1 - kOff) * std::abs(largest.value);
     return same || basis.departs(Dev::d261) ? largest : read;
 }

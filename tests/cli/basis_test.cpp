@@ -6,11 +6,16 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <set>
+#include <string>
+
 namespace kestrum {
 namespace {
 
 using nlohmann::json;
 using ::testing::HasSubstr;
+using ::testing::IsSubsetOf;
+using ::testing::IsSupersetOf;
 using ::testing::Not;
 using ::testing::StartsWith;
 
@@ -23,17 +28,31 @@ TEST_F(Basis, JsonHoldsBothResults)
     const json alone = json::parse(Kestrum("check --basis program --json a.kst").out)[0];
     EXPECT_FALSE(alone.contains("standard"));
     EXPECT_EQ(answer["ir"], alone["ir"]);
+    bool largest = false;  // that of the program stands at the member
+    for (const json& check : answer["checks"]) {
+        largest = largest || (check["ir"] == answer["ir"] && check["check"] == answer["check"] &&
+                              check["clause"] == answer["clause"]);
+    }
+    EXPECT_TRUE(largest);
     const json& standard = answer["standard"];
     EXPECT_EQ(standard["verdict"], "within limits");
     EXPECT_TRUE(standard["outside"].empty());
     bool governs = false;
+    std::set<std::string> kinds;
     for (const json& check : standard["checks"]) {
         EXPECT_TRUE(check["ir"].is_number());
         EXPECT_FALSE(check["clause"].get<std::string>().empty());
         EXPECT_FALSE(check["case"].get<std::string>().empty());
         governs = governs || (check["check"] == standard["check"] && check["ir"] == standard["ir"]);
+        EXPECT_TRUE(kinds.insert(check["check"].get<std::string>()).second) << check;
+        for (const json& part : check.value("parts", json::array())) {
+            EXPECT_LE(part["ir"], check["ir"]);
+        }
     }
     EXPECT_TRUE(governs);
+    EXPECT_THAT(kinds, IsSubsetOf({"section", "flexural_y", "flexural_z", "torsional", "ltb",
+                                   "eq661", "eq662", "deflection_z", "deflection_y"}));
+    EXPECT_THAT(kinds, IsSupersetOf({"section", "flexural_y", "flexural_z"}));
     for (const json& at : standard["deviations"]) {
         EXPECT_THAT(at["id"].get<std::string>(), StartsWith("D"));
         EXPECT_FALSE(at["text"].get<std::string>().empty());

@@ -111,7 +111,8 @@ TEST_F(Commands, CheckHasJsonAndCsv)
     ASSERT_EQ(list.size(), 2U);
     EXPECT_EQ(list[0]["exit"], 0);
     EXPECT_EQ(list[0]["rows"]["section"].size(), 3U);
-    EXPECT_EQ(list[0]["checks"][0]["check"], "section_N");  // compression of 1 kN
+    EXPECT_EQ(list[0]["checks"][0]["check"], "section");
+    EXPECT_EQ(list[0]["checks"][0]["part"], "N");  // compression of 1 kN
     EXPECT_EQ(list[0]["checks"][0]["clause"], "6.2.4");
     EXPECT_EQ(list[1]["exit"], 2);
     const Said csv = Kestrum("check --format csv a.kst");

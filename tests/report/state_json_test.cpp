@@ -179,10 +179,14 @@ TEST(ChecksJson, HoldsEachCheckWithClausePlaceAndTerms)
     list.Govern(CheckId::no_buckling).form = CheckForm::no_buckling;  // a remark, no check
     const json checks = json::parse(ChecksJson(s));
     ASSERT_EQ(checks.size(), 3U);
-    EXPECT_EQ(checks[0], json::parse(R"({"check": "section_My", "formula": "My,Ed/MV,y,Rd",
+    EXPECT_EQ(checks[0],
+              json::parse(R"({"check": "section", "part": "My", "formula": "My,Ed/MV,y,Rd",
         "clause": "6.2.8", "place": {"x": 0.5}, "ir": 0.75, "limit": 1, "governs": true,
         "terms": [60, 80]})"));
-    EXPECT_EQ(checks[1]["check"], "section_Mz");
+    EXPECT_EQ(checks[1]["check"], "section");
+    EXPECT_EQ(checks[1]["part"], "Mz");
+    EXPECT_EQ(checks[2]["check"], "ltb");
+    EXPECT_FALSE(checks[2].contains("part"));
     EXPECT_EQ(checks[1]["governs"], false);
     EXPECT_EQ(checks[2]["place"], json::parse(R"({"segment": 2, "segments": 3})"));
 }
