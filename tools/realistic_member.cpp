@@ -226,6 +226,17 @@ void RollLoads(Dice& dice, double l, Entries& in)
     }
 }
 
+// What few engineers choose; last, so that the rest of a member does not depend on it.
+void RollChoices(Dice& dice, Entries& in)
+{
+    if (dice.Happens(15)) {
+        in.push_back({"checkelastic", "true"});
+    }
+    if (dice.Happens(50)) {
+        in.push_back({"safetyclass", dice.Of({"1", "2", "3"})});
+    }
+}
+
 }  // namespace
 
 Entries RealisticMember(const Library& library, unsigned seed)
@@ -235,6 +246,7 @@ Entries RealisticMember(const Library& library, unsigned seed)
     const double h = RollSection(dice, library, inputs);
     const double l = RollMember(dice, h, inputs);
     RollLoads(dice, l, inputs);
+    RollChoices(dice, inputs);
     return inputs;
 }
 
