@@ -15,13 +15,14 @@ namespace {
 static_assert(kDeviations <= kMostDeviations);
 
 // Rises of a ratio that are told: more than a rounding, and of what lies between the check sections
-// (D109) what an engineer would add a section for.
+// (D109) or points (D249) what an engineer would add a section for.
 constexpr double kTold = 1e-5;
 constexpr double kMissed = 0.01;
 
 bool Speaks(const standard::DeviationCost& at)
 {
-    return at.rise > (at.deviation == Dev::d109 ? kMissed : kTold);
+    const bool between = at.deviation == Dev::d109 || at.deviation == Dev::d249;
+    return at.rise > (between ? kMissed : kTold);
 }
 
 std::vector<DesignNote> NotesOf(const Deviations& acting)

@@ -384,7 +384,8 @@ Place::ClassesHere Place::CombinedClasses() const
     int all = cls_;
     int y = classes_.n_my.At(f_.my >= 0);
     int z = classes_.n_mz;
-    if (f_.n != 0 && ClassedByStresses(q_) && !basis_.departs(Dev::d42)) {
+    const bool bent = f_.my != 0 || f_.mz != 0;
+    if (f_.n != 0 && bent && ClassedByStresses(q_) && !basis_.departs(Dev::d42)) {
         const ProgramClasses here = ProgramClassesUnder(*member_.state, f_.n, f_.my, f_.mz);
         y = here.my;
         z = here.mz;

@@ -126,6 +126,8 @@ TEST(AnnexAKernel, MomentAlone)
 {
     AnnexAInputs in = Twisting();
     in.ned = 0;
+    EXPECT_EQ(FactorsOfAnnexA(in).cmy, 0.93);  // eps_y taken as 0, as the program has it
+    in.bends_only = true;
     EXPECT_EQ(FactorsOfAnnexA(in).cmy, 1);
     in.it = 13e6;  // above Iy
     EXPECT_EQ(FactorsOfAnnexA(in).cmy, 0.93);
