@@ -4,6 +4,7 @@
 #include "report/check_key.h"
 #include "report/standard_text.h"
 #include "report/state_json.h"
+#include "standard/costs.h"
 
 #include <algorithm>
 #include <cmath>
@@ -30,6 +31,18 @@ std::string Members(const Check& check)
            ", \"case\": " + JsonText(NameOf(check.load_case));
 }
 
+// The deviations that act in the check: its ratio is another one by the program's rule.
+std::string ActingJson(const StandardResult& result, CheckId id)
+{
+    std::string text;
+    for (const standard::DeviationCost& at : result.deviations) {
+        if (standard::ActsIn(result, at, id)) {
+            text += (text.empty() ? "" : ", ") + JsonText(NameOf(at.deviation));
+        }
+    }
+    return "[" + text + "]";
+}
+
 std::string Members(CheckId id, const Check& check)
 {
     return KeyJson(standard::NameOf(id)) + ", " + Members(check);
@@ -47,10 +60,12 @@ std::string KindJson(const StandardResult& result, const std::vector<CheckId>& k
         const CheckKey key = KeyOf(standard::NameOf(id));
         if (!key.part.empty()) {
             parts += (parts.empty() ? "" : ", ") + ("{\"part\": " + JsonText(key.part)) + ", " +
-                     Members(result.checks[id]) + "}";
+                     Members(result.checks[id]) + ", \"deviations\": " + ActingJson(result, id) +
+                     "}";
         }
     }
     return "{" + Members(largest, result.checks[largest]) +
+           ", \"deviations\": " + ActingJson(result, largest) +
            (parts.empty() ? "" : ", \"parts\": [" + parts + "]") + "}";
 }
 

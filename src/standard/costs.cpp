@@ -253,4 +253,11 @@ void CalculateCosts(const Calculation& calculate, StandardResult& result)
     Trials(calculate, result).Run();
 }
 
+bool ActsIn(const StandardResult& result, const DeviationCost& at, CheckId id)
+{
+    const double standard = RatioOf(result.checks, id);
+    const double program = at.ratios[static_cast<std::size_t>(id)];
+    return Above(standard, program) || Above(program, standard);
+}
+
 }  // namespace kestrum::standard

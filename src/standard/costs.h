@@ -21,4 +21,8 @@ void CalculateCosts(const Library& library, const ProjectState& project,
 using Calculation = std::function<StandardResult(const Basis&)>;
 void CalculateCosts(const Calculation& calculate, StandardResult& result);
 
+// Whether a deviation of the result acts in the check: with the program's rule its ratio is another
+// one.
+bool ActsIn(const StandardResult& result, const DeviationCost& at, CheckId id);
+
 }  // namespace kestrum::standard

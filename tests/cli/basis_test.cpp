@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <set>
 #include <string>
 
@@ -84,6 +85,12 @@ TEST_F(Basis, TheExitFollowsTheStandardWhereItIsAsked)
     EXPECT_TRUE(first["unsafe"]);
     EXPECT_NEAR(first["cost"], standard["ir"].get<double>() - first["without"].get<double>(),
                 1e-12);
+    // Whether the check is made at all concerns no other one.
+    for (const json& check : standard["checks"]) {
+        const json& acting = check["deviations"];
+        const bool d229 = std::find(acting.begin(), acting.end(), "D229") != acting.end();
+        EXPECT_EQ(d229, check["check"] == "ltb") << check["check"];
+    }
     EXPECT_THAT(said.out, HasSubstr("  D229 +"));
     EXPECT_THAT(Kestrum("check --basis program a.kst").out, Not(HasSubstr("as written")));
 }
