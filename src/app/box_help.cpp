@@ -159,12 +159,12 @@ std::string TooltipOf(const Box& box)
 std::string AllowedText(const ProjectState& s, const Box& box)
 {
     const std::string limits = LimitText(s, box);
-    if (limits.empty()) {
-        return "Allowed: a number";
-    }
     const bool relative = box.rule == BoxRule::position && EditsRelative(s, box);
-    const std::string_view unit = relative ? "of the length" : Trimmed(HelpOf(box).unit);
-    return "Allowed: " + limits + (unit.empty() ? "" : " ") + std::string(unit);
+    const std::string unit(relative ? "of the length" : Trimmed(HelpOf(box).unit));
+    if (limits.empty()) {
+        return "Allowed: a number" + (unit.empty() ? "" : ", " + unit);
+    }
+    return "Allowed: " + limits + (unit.empty() ? "" : " ") + unit;
 }
 
 std::string AccessibleNameOf(const Box& box)

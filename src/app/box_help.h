@@ -25,8 +25,8 @@ const BoxHelp& HelpOf(const Box& box);
 // Tooltip: meaning with unit, limits, clause, one below the other.
 std::string TooltipOf(const Box& box);
 
-// What the box takes, with the unit: "Allowed: at least 0.05 m". "Allowed: a number" without
-// limits.
+// What the box takes, with the unit: "Allowed: at least 0.05 m"; "Allowed: a number, kN"
+// without limits.
 std::string AllowedText(const ProjectState& s, const Box& box);
 
 // For screen readers: meaning and unit.

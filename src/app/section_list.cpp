@@ -94,7 +94,10 @@ std::string StandardRatioText(const RatedSection& section)
     if (!standard.rated) {
         return "not covered";
     }
-    return (std::isfinite(standard.ir) ? FormatNum(standard.ir, "0.00") : "infinite") +
+    constexpr double kMost = 100;  // larger ones say nothing more
+    return (!std::isfinite(standard.ir) ? "infinite"
+            : standard.ir >= kMost      ? "100+"
+                                        : FormatNum(standard.ir, "0.00")) +
            (standard.above ? " > limit" : "");
 }
 

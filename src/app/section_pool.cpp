@@ -188,7 +188,7 @@ std::string SectionPool::FillSizes(const Library& library, const Entry& entry, S
     const TubeSize size = !tube ? TubeSize::none : wall ? TubeSize::wall : TubeSize::diameter;
     if (!AddSizes(wanted, size, sizes.texts)) {
         return name + "=" + wanted +
-               ": expected FROM:TO:STEP, sizes with commas between, or plates";
+               ": expected FROM:TO:STEP, sizes with commas between, or plates, all in mm";
     }
     if (sizes.texts.empty() || sizes.texts.size() > kMostSizes) {
         return name + "=" + wanted + (sizes.texts.empty() ? ": no sizes" : ": more than 255 sizes");

@@ -46,10 +46,11 @@ void Require(const std::string& option, const std::string& refusal)
     }
 }
 
-double SizeOf(const std::string& option, const std::optional<double>& given)
+double SizeOf(const std::string& option, const std::optional<double>& given,
+              const std::string& unit = {})
 {
     if (given && !(*given > 0 && std::isfinite(*given))) {
-        throw BadInput(option + ": expected a number above 0");
+        throw BadInput(option + ": expected a number above 0" + unit);
     }
     return given.value_or(std::numeric_limits<double>::infinity());
 }
@@ -95,8 +96,8 @@ OptimizeWishes WishesOf(const Library& library, const OptimizeArguments& argumen
     wishes.by = ObjectiveOf(arguments.by);
     wishes.bases = BasesOf(arguments.basis);
     wishes.max_ir = SizeOf("--max-ir", arguments.max_ir);
-    wishes.max_h = SizeOf("--max-h", arguments.max_h);
-    wishes.max_b = SizeOf("--max-b", arguments.max_b);
+    wishes.max_h = SizeOf("--max-h", arguments.max_h, ", in mm");
+    wishes.max_b = SizeOf("--max-b", arguments.max_b, ", in mm");
     wishes.top = static_cast<std::size_t>(arguments.top);
     for (const std::string& name : arguments.steel) {
         Require("--steel " + name, FindSteel(library, name, wishes.steels.emplace_back()));

@@ -12,6 +12,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <vector>
 
 namespace kestrum {
 
@@ -27,16 +28,16 @@ double FittingScale(const Drawing& drawing, QSizeF room)
     return std::min(room.width() / drawing.width, room.height() / drawing.height);
 }
 
-// Small texts grow towards a size that can be read, as far as they keep clear of each other.
-void EnlargeTexts(Drawing& drawing, double scale, double smallest)
+constexpr double kHalfHeight = 0.36;  // of the capitals, font sizes above the base line
+
+// Texts of at least this size, by a factor of `most` at the most.
+Drawing WithTexts(Drawing drawing, double scale, double smallest, double most)
 {
-    constexpr double kMost = 1.3;
-    constexpr double kHalfHeight = 0.36;  // of the capitals: growing both ways
     constexpr double kEdge = 0.8;
     for (Mark& mark : drawing.marks) {
         if (auto* const text = std::get_if<TextMark>(&mark)) {
             const double factor = smallest / std::max(1e-6, text->size * scale);
-            const double grown = text->size * std::clamp(factor, 1.0, kMost);
+            const double grown = text->size * std::clamp(factor, 1.0, most);
             text->at.y += (grown - text->size) * kHalfHeight;
             text->size = grown;
             const Bounds box = BoundsOf(*text);
@@ -44,6 +45,75 @@ void EnlargeTexts(Drawing& drawing, double scale, double smallest)
             text->at.x += std::max(0.0, kEdge - box.left) - std::max(0.0, box.right - room);
         }
     }
+    return drawing;
+}
+
+bool Touches(const LineMark& line, const Bounds& box)
+{
+    double from = 0, to = 1;  // part of the line within the box
+    const auto cut = [&](double start, double way, double least, double most) {
+        if (way == 0) {
+            from = start < least || start > most ? 2 : from;
+            return;
+        }
+        const double a = (least - start) / way, b = (most - start) / way;
+        from = std::max(from, std::min(a, b));
+        to = std::min(to, std::max(a, b));
+    };
+    cut(line.from.x, line.to.x - line.from.x, box.left, box.right);
+    cut(line.from.y, line.to.y - line.from.y, box.top, box.bottom);
+    return from < to;
+}
+
+// Where a line would strike the text out; one below or above the letters may come closer.
+Bounds MiddleOf(const TextMark& text)
+{
+    constexpr double kBand = 0.2;  // font sizes above and below
+    Bounds box = BoundsOf(text);
+    const double middle = text.at.y - kHalfHeight * text.size;
+    box.top = middle - kBand * text.size;
+    box.bottom = middle + kBand * text.size;
+    return box;
+}
+
+// Of each other, and of the lines that they kept clear of before they grew.
+bool TextsAreClear(const Drawing& drawing, const Drawing& before)
+{
+    std::vector<Bounds> boxes;
+    for (std::size_t i = 0; i < drawing.marks.size(); ++i) {
+        const auto* const text = std::get_if<TextMark>(&drawing.marks[i]);
+        if (text == nullptr) {
+            continue;
+        }
+        const Bounds box = BoundsOf(*text);
+        const Bounds middle = MiddleOf(*text);
+        const Bounds was = MiddleOf(std::get<TextMark>(before.marks[i]));
+        const auto meets = [&](const Bounds& other) { return box.Overlaps(other); };
+        const auto crosses = [&](const Mark& mark) {
+            const auto* const line = std::get_if<LineMark>(&mark);
+            return line != nullptr && Touches(*line, middle) && !Touches(*line, was);
+        };
+        if (box.top < 0 || box.bottom > drawing.height ||
+            std::any_of(boxes.begin(), boxes.end(), meets) ||
+            std::any_of(drawing.marks.begin(), drawing.marks.end(), crosses)) {
+            return false;
+        }
+        boxes.push_back(box);
+    }
+    return true;
+}
+
+// Small texts grow towards a size that can be read, as far as they keep clear of each other.
+Drawing EnlargeTexts(const Drawing& drawing, double scale, double smallest)
+{
+    for (const double most : {2.0, 1.85, 1.7, 1.6, 1.5, 1.4}) {
+        Drawing grown = WithTexts(drawing, scale, smallest, most);
+        if (TextsAreClear(grown, drawing)) {
+            return grown;
+        }
+    }
+    constexpr double kAlways = 1.3;
+    return WithTexts(drawing, scale, smallest, kAlways);
 }
 
 // The drawing in its middle; painted at the resolution of the screen, since the painter maps
@@ -135,12 +205,10 @@ void Picture::RenderCache()
     cache_ = QPixmap(room.toSize().expandedTo({1, 1}));
     cache_.fill(Qt::transparent);
     if (fit.scale > 0) {
-        Drawing shown = drawing_;
-        if (!lay_) {
-            EnlargeTexts(shown, fit.scale, kFigureText * SystemFontSize() * ratio);
-        }
+        const double smallest = kFigureText * SystemFontSize() * ratio;
         QPainter painter(&cache_);
-        Paint(painter, shown, fit.scale, fit.origin, ColoursOf(palette()));
+        Paint(painter, lay_ ? drawing_ : EnlargeTexts(drawing_, fit.scale, smallest), fit.scale,
+              fit.origin, ColoursOf(palette()));
     }
     cache_.setDevicePixelRatio(ratio);
 }

@@ -1,4 +1,6 @@
 #include "app/box_cases.h"
+#include "app/box_help.h"
+#include "app/cell_reader.h"
 #include "core/field_table.h"
 #include "core/project_state.h"
 
@@ -81,6 +83,23 @@ TEST(InputBoxes, LoadsAndEndForcesTakeAnyNumber)
                 << box->id << " " << text;
         }
     }
+}
+
+// Whatever is refused, the user reads what is allowed in the unit of the box.
+TEST(InputBoxes, WhatIsAllowedHasItsUnit)
+{
+    const ProjectState s = Roomy();
+    int with = 0;
+    for (const Box& box : InputBoxes()) {
+        SCOPED_TRACE(std::string(box.form) + "." + std::string(box.id));
+        if (!FindField(box.field)->unit.empty()) {
+            ++with;
+            const std::string_view unit = Trimmed(HelpOf(box).unit);
+            EXPECT_FALSE(unit.empty());
+            EXPECT_TRUE(AllowedText(s, box).ends_with(unit)) << AllowedText(s, box);
+        }
+    }
+    EXPECT_GT(with, 80);
 }
 
 TEST(InputBoxes, AllOfThemHaveTheirLimitsTested)

@@ -118,6 +118,15 @@ TEST(SectionList, SaysInWordsWhatDoesNotPass)
     EXPECT_EQ(RatioText({0, "", 0, 0, Verdict::not_checked, 0, ""}), "not checked");
 }
 
+TEST(StandardRatings, HaveNoFiguresWithoutMeaning)
+{
+    RatedSection section;
+    section.standard = {true, true, true, 99.994};
+    EXPECT_EQ(StandardRatioText(section), "99.99 > limit");
+    section.standard.ir = 1.4e9;
+    EXPECT_EQ(StandardRatioText(section), "100+ > limit");
+}
+
 // The rating of a row is the standard's result of the member with that row.
 TEST(StandardRatings, AreTheResultOfTheMemberWithTheRow)
 {

@@ -282,7 +282,7 @@ TEST(Undo, SaysWhatIsAllowedWithItsUnit)
     session.CommitBox(*FindBox("Loading", "inn"), 1, "abc");
     EXPECT_EQ(desk.told, (Texts{" L >= 0.050 |Allowed: at least 0,05 m",
                                 " 50 <= fyk <= 2000 |Allowed: at least 50 and at most 2000 MPa",
-                                "Input string mismatch |Allowed: a number"}));
+                                "Input string mismatch |Allowed: a number, kN"}));
 }
 
 TEST(Undo, KnowsWhatTheFileHolds)
