@@ -28,11 +28,19 @@ double LargestOf(const MemberCase& m, Axis axis)
 {
     constexpr double kOff = 1e-6;  // the places are in single precision
     const LineGrid& grid = m.lines.grid;
-    const double largest = std::abs(m.lines.LargestMoment(axis).value);
+    const LineExtreme most = m.lines.LargestMoment(axis);
+    const double largest = std::abs(most.value);
     double read = 0;
     const auto take = [&](double x) {
         read = std::max(read, std::abs(m.lines.Moment(axis, PieceAt(grid, x), x)));
     };
+    const double point = most.x / grid.Length() * (kDiagramPoints - 1);
+    if (std::abs(point - std::round(point)) < kOff) {  // as a rule: an end, the middle
+        take(most.x);
+        if (read >= (1 - kOff) * largest) {
+            return largest;
+        }
+    }
     for (int j = 0; j < kDiagramPoints; ++j) {
         take(grid.Length() * j / (kDiagramPoints - 1));
     }
