@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace kestrum::standard {
 
@@ -16,72 +17,54 @@ std::array<double, kTerms> TermsOf(const MomentPiece& piece)
             piece.qz0 * h, piece.qz1 * h};
 }
 
+// The largest of all terms of a line, in size.
+double LargestTerm(const MomentLine& line)
+{
+    double largest = 0;
+    for (const MomentPiece& piece : line.pieces) {
+        for (const double term : TermsOf(piece)) {
+            largest = std::fmax(largest, std::abs(term));
+        }
+    }
+    for (const PointTorque& point : line.points) {
+        largest = std::fmax(largest, std::abs(point.pz));
+    }
+    return largest;
+}
+
+// The largest term of what is solved, Nmm: moments as members have them.
+constexpr double kUnit = 0x1p27;
+
+// A term over the largest one; so coarse that multiples have the same however they were rounded.
+double Scaled(double term, double largest)
+{
+    constexpr double kGrid = 0x1p40;
+    return std::nearbyint(term / largest * kGrid) / kGrid * kUnit;
+}
+
+MomentPiece Scaled(const MomentPiece& piece, double largest)
+{
+    const double h = piece.x1 - piece.x0;
+    std::array<double, kTerms> terms = TermsOf(piece);
+    for (double& term : terms) {
+        term = Scaled(term, largest);
+    }
+    return {piece.x0,
+            piece.x1,
+            {terms[0], terms[1] / h, terms[2] / (h * h), terms[3] / (h * h * h)},
+            terms[4] / h,
+            terms[5] / h};
+}
+
+template <class Array> auto First(const Array& values, std::size_t count)
+{
+    return std::span(values).first(count);
+}
+
 }  // namespace
 
-bool SolvedLines::Entry::Fits(const LateralSection& other, const LateralSupports& supports,
-                              const MomentLine& line) const
-{
-    const auto same_pieces = [](const MomentPiece& a, const MomentPiece& b) {
-        return a.x0 == b.x0 && a.x1 == b.x1;
-    };
-    const auto same_points = [](const PointTorque& a, const PointTorque& b) { return a.x == b.x; };
-    return section.eiz == other.eiz && section.eiw == other.eiw && section.git == other.git &&
-           section.zj == other.zj && start == supports.start && end == supports.end &&
-           length == line.length &&
-           std::equal(held.begin(), held.begin() + static_cast<std::ptrdiff_t>(held_count),
-                      supports.held.begin(), supports.held.end()) &&
-           std::equal(pieces.begin(), pieces.begin() + static_cast<std::ptrdiff_t>(piece_count),
-                      line.pieces.begin(), line.pieces.end(), same_pieces) &&
-           std::equal(points.begin(), points.begin() + static_cast<std::ptrdiff_t>(point_count),
-                      line.points.begin(), line.points.end(), same_points);
-}
-
-double SolvedLines::Entry::MultipleOf(const MomentLine& line) const
-{
-    constexpr double kRounding = 1e-12;
-    double largest = 0;
-    double multiple = 0;
-    const auto lead = [&](double kept, double now) {
-        if (std::abs(kept) > largest) {
-            largest = std::abs(kept);
-            multiple = now / kept;
-        }
-    };
-    for (std::size_t i = 0; i < piece_count; ++i) {
-        const auto kept = TermsOf(pieces[i]);
-        const auto now = TermsOf(line.pieces[i]);
-        for (std::size_t k = 0; k < kTerms; ++k) {
-            lead(kept[k], now[k]);
-        }
-    }
-    for (std::size_t i = 0; i < point_count; ++i) {
-        lead(points[i].pz, line.points[i].pz);
-    }
-    if (!(multiple > 0)) {
-        return 0;
-    }
-    const auto off = [&](double kept, double now) {
-        return std::abs(now - multiple * kept) > kRounding * multiple * largest;
-    };
-    for (std::size_t i = 0; i < piece_count; ++i) {
-        const auto kept = TermsOf(pieces[i]);
-        const auto now = TermsOf(line.pieces[i]);
-        for (std::size_t k = 0; k < kTerms; ++k) {
-            if (off(kept[k], now[k])) {
-                return 0;
-            }
-        }
-    }
-    for (std::size_t i = 0; i < point_count; ++i) {
-        if (off(points[i].pz, line.points[i].pz)) {
-            return 0;
-        }
-    }
-    return multiple;
-}
-
 void SolvedLines::Entry::Keep(const LateralSection& other, const LateralSupports& supports,
-                              const MomentLine& line)
+                              const MomentLine& line, double largest)
 {
     section = other;
     start = supports.start;
@@ -91,32 +74,58 @@ void SolvedLines::Entry::Keep(const LateralSection& other, const LateralSupports
     piece_count = line.pieces.size();
     point_count = line.points.size();
     std::copy(supports.held.begin(), supports.held.end(), held.begin());
-    std::copy(line.pieces.begin(), line.pieces.end(), pieces.begin());
-    std::copy(line.points.begin(), line.points.end(), points.begin());
+    std::transform(line.pieces.begin(), line.pieces.end(), pieces.begin(),
+                   [&](const MomentPiece& piece) { return Scaled(piece, largest); });
+    std::transform(line.points.begin(), line.points.end(), points.begin(),
+                   [&](const PointTorque& point) {
+                       return PointTorque{point.x, Scaled(point.pz, largest)};
+                   });
+}
+
+bool SolvedLines::Entry::Is(const Entry& other) const
+{
+    const auto same_piece = [](const MomentPiece& a, const MomentPiece& b) {
+        return a.x0 == b.x0 && a.x1 == b.x1 && a.m == b.m && a.qz0 == b.qz0 && a.qz1 == b.qz1;
+    };
+    const auto same_point = [](const PointTorque& a, const PointTorque& b) {
+        return a.x == b.x && a.pz == b.pz;
+    };
+    return section.eiz == other.section.eiz && section.eiw == other.section.eiw &&
+           section.git == other.section.git && section.zj == other.section.zj &&
+           start == other.start && end == other.end && length == other.length &&
+           std::ranges::equal(First(held, held_count), First(other.held, other.held_count)) &&
+           std::ranges::equal(First(pieces, piece_count), First(other.pieces, other.piece_count),
+                              same_piece) &&
+           std::ranges::equal(First(points, point_count), First(other.points, other.point_count),
+                              same_point);
+}
+
+double SolvedLines::Entry::Solve() const
+{
+    return CriticalLoadFactor(section, {start, end, First(held, held_count)},
+                              {length, First(pieces, piece_count), First(points, point_count)});
 }
 
 double SolvedLines::Factor(const LateralSection& section, const LateralSupports& supports,
                            const MomentLine& line)
 {
-    for (std::size_t i = 0; i < std::min(solved_, kKept); ++i) {
-        const Entry& entry = entries_[i];
-        const double multiple = entry.Fits(section, supports, line) ? entry.MultipleOf(line) : 0;
-        if (multiple > 0) {
-            return entry.alpha / multiple;
-        }
+    const double largest = LargestTerm(line);
+    if (!(largest > 0) || !std::isfinite(largest) || supports.held.size() > kMaxHeld ||
+        line.pieces.size() > kMaxLinePieces || line.points.size() > kMaxLoads) {
+        return CriticalLoadFactor(section, supports, line);
     }
-    const double alpha = CriticalLoadFactor(section, supports, line);
-    Entry& entry = entries_[solved_ % kKept];
+    Entry asked;
+    asked.Keep(section, supports, line, largest);
+    const auto kept = First(entries_, std::min(solved_, kKept));
+    const auto found =
+        std::ranges::find_if(kept, [&](const Entry& entry) { return entry.Is(asked); });
+    if (found != kept.end()) {
+        return found->alpha * kUnit / largest;
+    }
+    asked.alpha = asked.Solve();
+    entries_[solved_ % kKept] = asked;
     ++solved_;
-    if (supports.held.size() <= kMaxHeld && line.pieces.size() <= kMaxLinePieces &&
-        line.points.size() <= kMaxLoads) {
-        entry.Keep(section, supports, line);
-        entry.alpha = alpha;
-    } else {
-        entry.piece_count = 0;
-        entry.length = 0;
-    }
-    return alpha;
+    return asked.alpha * kUnit / largest;
 }
 
 }  // namespace kestrum::standard

@@ -1,8 +1,9 @@
 #pragma once
 
-// Critical load factors of a member that are solved already. A moment line that is a positive
-// multiple of one of them, loads above the shear centre and all, has its factor divided by the
-// multiple: arrangements of one category differ by their load factor only.
+// Critical load factors of a member that are solved already. Moment lines that are positive
+// multiples of each other, loads above the shear centre and all, share one solution: arrangements
+// of one category differ by their load factor only. What is solved is the line over its largest
+// term, so that a factor depends on its own line only and not on those before.
 
 #include "clauses/critical_moment.h"
 #include "standard/lines.h"
@@ -14,12 +15,13 @@ namespace kestrum::standard {
 
 class SolvedLines {
 public:
-    // As CriticalLoadFactor, solved where none of the last lines tells it.
+    // As CriticalLoadFactor, solved where the solution is not among the last ones.
     double Factor(const LateralSection& section, const LateralSupports& supports,
                   const MomentLine& line);
     std::size_t Solved() const { return solved_; }  // times
 
 private:
+    // A line over its largest term, with its member.
     struct Entry {
         LateralSection section;
         LateralEnd start, end;
@@ -29,11 +31,10 @@ private:
         std::array<MomentPiece, kMaxLinePieces> pieces;
         std::array<PointTorque, kMaxLoads> points;
 
-        bool Fits(const LateralSection& other, const LateralSupports& supports,
-                  const MomentLine& line) const;
-        double MultipleOf(const MomentLine& line) const;  // 0 where it is none
         void Keep(const LateralSection& other, const LateralSupports& supports,
-                  const MomentLine& line);
+                  const MomentLine& line, double largest);
+        bool Is(const Entry& other) const;
+        double Solve() const;
     };
     static constexpr std::size_t kKept = 6;
 
