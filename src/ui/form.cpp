@@ -310,8 +310,8 @@ QGroupBox* NarrowGroup(const QString& name, const QString& title)
         void resizeEvent(QResizeEvent* event) override
         {
             QGroupBox::resizeEvent(event);
-            constexpr int kAround = 2 * (8 + 4);  // left of the title and around it
-            const int room = width() - kAround;
+            constexpr int kEdges = 2 * (8 + 4);  // left of the title and around it
+            const int room = width() - kEdges;
             const bool fits = fontMetrics().horizontalAdvance(whole_.trimmed()) <= room;
             setTitle(fits ? whole_
                           : fontMetrics().elidedText(whole_.trimmed(), Qt::ElideMiddle, room));
