@@ -63,6 +63,9 @@ tools/check-readme build/release/bin || die "README.md does not tell what the pr
 tools/field-docs --check build/release/bin/kestrum || die "docs/file-format.md or the schema is not current"
 tools/lib/manual_sources.py check build/release/bin/kestrum || die "docs/theory does not tell what the program shows"
 tools/check-hardening build/release || die "a delivered program is not hardened"
+reports=8
+[ "${1:-}" != --full ] || reports=500
+tools/check-reports build/release/bin/kestrum $reports || die "a report of a random member is not whole"
 # Formulas run under the sanitizers in whole passes, in the fuzzers and, with --full, in their own tests.
 formulas=OFF
 [ "${1:-}" != --full ] || formulas=ON

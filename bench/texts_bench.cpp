@@ -63,7 +63,8 @@ BENCHMARK(DiagramsAsSvg);
 // The pages of the reports, drawn but not yet written.
 void ReportDrawn(benchmark::State& run,
                  PrintedReport (*print)(const Library& library, const ProjectState& s,
-                                        const PrintStamp& stamp))
+                                        const PrintStamp& stamp,
+                                        const standard::StandardResult* known))
 {
     ProjectState s = AllRows();
     s.family = 6;  // with vortex shedding
@@ -72,7 +73,7 @@ void ReportDrawn(benchmark::State& run,
     CalcVortex(s, s, s);
     const PrintStamp stamp{"2024-05-17", "14:05"};
     for ([[maybe_unused]] auto _ : run) {
-        benchmark::DoNotOptimize(print(Delivered(), s, stamp));
+        benchmark::DoNotOptimize(print(Delivered(), s, stamp, nullptr));
     }
 }
 BENCHMARK_CAPTURE(ReportDrawn, properties, PrintProperties);

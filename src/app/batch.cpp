@@ -6,6 +6,7 @@
 #include "core/utf8_text.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
+#include "report/both_bases.h"
 #include "report/state_json.h"
 
 #include <algorithm>
@@ -131,16 +132,17 @@ void BatchWorker::Finish(BatchChunk& chunk, std::string_view member, std::string
     Outcome outcome;
     std::optional<standard::StandardResult> standard;
     if (refusal.empty()) {
+        bool well = false;
         if (form_.asks_costs()) {
             *read_ = *s_;  // the pass empties rows of some families
-        }
-        if (form_.asks_standard()) {
-            standard = standard::CalculateStandard(library_, s_);
-        }
-        const bool well = Calculate(library_, *s_);
-        if (form_.asks_costs()) {
-            standard::CalculateCosts(library_, read_, well ? &*s_ : nullptr, *standard);
-            KeepNotes(*standard, *s_);
+            BothBases both = CalculateBoth(library_, read_, s_);
+            well = both.well;
+            standard = std::move(both.standard);
+        } else {
+            if (form_.asks_standard()) {
+                standard = standard::CalculateStandard(library_, s_);
+            }
+            well = Calculate(library_, *s_);
         }
         outcome = OutcomeOf(s_, well);
         if (outcome.verdict == Verdict::not_checked) {  // one that failed says so in its line

@@ -4,6 +4,7 @@
 #include "app/member_commands.h"
 #include "app/project_origin.h"
 #include "core/project_state.h"
+#include "report/both_bases.h"
 #include "report/design_notes.h"
 #include "report/pages.h"
 #include "service/vortex.h"
@@ -30,16 +31,22 @@ void TellMissing(Session& session, const std::vector<std::string>& missing)
 }
 
 // The last good pass under the names that the project has now: they change without a pass.
-ProjectState Printed(const Session& session)
+struct PrintedProject {
+    ProjectState s;
+    std::optional<standard::StandardResult> known{};  // where it was calculated for the notes
+};
+
+PrintedProject Printed(const Session& session)
 {
-    ProjectState s = session.shown();
+    PrintedProject printed{session.shown()};
+    ProjectState& s = printed.s;
     s.filename = session.state().filename;
     s.projname = session.state().projname;
     s.ident = session.state().ident;
     if (!s.acting) {
-        MeasureNotes(session.library(), s);
+        printed.known = MeasureStandard(session.library(), s);
     }
-    return s;
+    return printed;
 }
 
 // Of a file that was read in part the results on the page are those of another project.
@@ -70,19 +77,21 @@ PrintStamp StampOf(Session& session)
 
 PrintedReport DrawReport(Session& session, const PrintStamp& stamp, Report report)
 {
-    ProjectState s = Printed(session);
+    PrintedProject printed = Printed(session);
+    ProjectState& s = printed.s;
+    const standard::StandardResult* const known = printed.known ? &*printed.known : nullptr;
     switch (report) {
     case Report::properties:
-        return PrintProperties(session.library(), s, stamp);
+        return PrintProperties(session.library(), s, stamp, known);
     case Report::control:
-        return PrintControl(session.library(), s, stamp);
+        return PrintControl(session.library(), s, stamp, known);
     case Report::vortex:
         if (!VortexFamily(s.family)) {
             TellVortexRefusal(session, s.family);
             return {};
         }
         UpdateVortex(s);
-        return PrintVortex(session.library(), s, stamp);
+        return PrintVortex(session.library(), s, stamp, known);
     }
     return {};
 }

@@ -3,9 +3,8 @@
 #include "calculation/chapters.h"
 #include "core/project_state.h"
 #include "core/version.h"
-#include "engine/calculate.h"
+#include "report/both_bases.h"
 #include "report/page_header.h"
-#include "standard/costs.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,11 +25,9 @@ CalculatedMember CalculateMember(const Library& library, const ProjectState& pro
                        .standard = {},
                        .stages = {},
                        .vortex = vortex};
-    const bool well = Calculate(library, m.s);
-    m.standard = standard::CalculateStandard(library, project);
-    standard::CalculateCosts(library, project, well ? &m.s : nullptr, m.standard);
-    KeepNotes(m.standard, m.s);
-    m.outcome = OutcomeOf(m.s, well);
+    BothBases both = CalculateBoth(library, project, m.s);
+    m.standard = std::move(both.standard);
+    m.outcome = OutcomeOf(m.s, both.well);
     m.stages = StagesOf(m.s);
     return m;
 }

@@ -100,8 +100,8 @@ void AddCases(const CalculatedMember& m, Document& d)
                                 {"Q1", true},
                                 {"Q2", true},
                                 {"largest IR", true},
-                                {"of its check"},
-                                {"governs"}}};
+                                {"of its check", false, 1.5},
+                                {"governs", false, 2.5}}};
     for (const standard::CaseResult& one : cases) {
         std::string governs;
         for (std::size_t i = 0; i < standard::kCheckIds; ++i) {

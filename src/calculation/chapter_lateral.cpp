@@ -303,15 +303,16 @@ void AddNumerical(const standard::LateralResult& r, const standard::NumericalStu
 
 // Closed form of the same ends under uniform moment, loads in the shear centre.
 void AddUniform(const standard::LateralResult& r, const standard::NumericalStudy& n,
-                const standard::StandardSection& q, double length, Document& d)
+                const standard::StandardSection& q, Document& d)
 {
-    const Expr l = Sym("L", length), e = Sym("E", q.e);
+    const Expr l = Sym(n.restraints > 0 ? "L_piece" : "L", n.piece), e = Sym("E", q.e);
     Expr torsion = e / Num(kShearRatio) * Sym("I_T", q.it);
     if (n.section.eiw > 0) {
         torsion = torsion + Square(Pi() / l) * e * Sym("I_w", n.section.eiw / q.e) * Ten(-6);
     }
     d.Add("M_cr,0", Pi() / l * Root(e * Sym("I_z", q.iz) * torsion) * Ten(-9), n.uniform, "kNm", "",
-          "check: closed form for uniform moment between forks over L");
+          n.restraints > 0 ? "check: closed form for uniform moment on a piece between forks"
+                           : "check: closed form for uniform moment between forks over L");
     d.Add("C", Sym("M_cr", r.mcr) / Sym("M_cr,0", n.uniform), r.mcr / n.uniform, "", "",
           "numerical over closed form; 1 under uniform moment, about 1.13 under a uniform load and "
           "1.36 under a load at mid-span in the shear centre of a beam on two forks");
@@ -334,7 +335,7 @@ void AddByStandard(const CalculatedMember& m, const standard::Check& check,
     d.Add("IR", Sym("M_y,Ed", r.checked) / Sym("M_b,Rd", r.resistance), check.ir, "",
           "6.3.2.1 (1), Eq (6.54)");
     if (study.numerical) {
-        AddUniform(r, *study.numerical, study.section, m.s.l, d);
+        AddUniform(r, *study.numerical, study.section, d);
         d.Show(
             {{DrawBucklingShape(m.s, study.numerical->shape),
               "Buckling shape at the critical moment, each curve to its own largest value", 100}});

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <map>
 #include <set>
+#include <utility>
 
 namespace kestrum {
 
@@ -72,8 +73,14 @@ void AddClauses(Document& d)
     }
     d.Chapter("Clauses used");
     d.Say("EN 1993-1-1 unless another standard is named.", Paragraph::Kind::remark);
-    TextTable table{.columns = {{"Clause"}, {"for"}}};
+    const TextTable empty{.columns = {{"Clause"}, {"for"}}};
+    TextTable table = empty;
+    constexpr std::size_t kFew = 12;  // rows of one table; more stand in two side by side
+    const std::size_t half = clauses.size() <= kFew ? clauses.size() : (clauses.size() + 1) / 2;
     for (auto& [clause, found] : clauses) {
+        if (table.rows.size() == half) {
+            d.Add(std::exchange(table, empty));
+        }
         table.rows.push_back({clause, std::move(found.symbols)});
     }
     d.Add(std::move(table));

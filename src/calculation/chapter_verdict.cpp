@@ -76,7 +76,7 @@ void AddVerdict(const CalculatedMember& m, Document& d)
     d.Chapter("Verdict");
     AddBox(m, d);
     const bool designed = m.outcome.designed();
-    TextTable table{.columns = {{"Check"},
+    TextTable table{.columns = {{"Check", false, 2.5},
                                 {"IR, program", true},
                                 {"where"},
                                 {"combination"},

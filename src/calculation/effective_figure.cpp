@@ -65,10 +65,9 @@ void AddEffectiveFigures(const ProjectState& s, const standard::EffectiveStudy& 
     std::vector<Figure> figures;
     if (s.classn == 4 && !study.compression.empty()) {
         const bool shifts = study.Shifts();
-        figures.push_back(
-            {DrawEffective(s, study.compression, shifts ? study.compressed.yc : 0,
-                           shifts ? study.compressed.zc : 0),
-             shifts ? "Compression; centroid grey, that of what counts red" : "Compression", 58});
+        figures.push_back({DrawEffective(s, study.compression, shifts ? study.compressed.yc : 0,
+                                         shifts ? study.compressed.zc : 0),
+                           "Compression", 58});
     }
     if (!study.sagging.empty()) {
         figures.push_back({DrawEffective(s, study.sagging, 0, 0), "Sagging My", 58});
@@ -77,7 +76,8 @@ void AddEffectiveFigures(const ProjectState& s, const standard::EffectiveStudy& 
         figures.push_back({DrawEffective(s, study.hogging, 0, 0), "Hogging My", 58});
     }
     if (!figures.empty()) {
-        d.Say("What does not count has a red edge, by EN 1993-1-5, 4.4 as written.",
+        d.Say("What does not count has a red edge, by EN 1993-1-5, 4.4 as written. The centroid is "
+              "grey, that of what counts in compression red.",
               Paragraph::Kind::remark);
         d.Show(std::move(figures));
     }

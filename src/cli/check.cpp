@@ -6,6 +6,7 @@
 #include "core/project_state.h"
 #include "core/utf8_text.h"
 #include "engine/calculate.h"
+#include "report/both_bases.h"
 #include "report/check_key.h"
 #include "report/design_notes.h"
 #include "report/outcome.h"
@@ -42,14 +43,17 @@ Answer CheckFile(const Library& library, const std::string& file, const CheckArg
     }
     answer.read = true;
     ProjectState& s = answer.state;
-    const ProjectState read = s;
-    const bool well = Calculate(library, s);
+    bool well = false;
     if (arguments.basis != "program") {
-        answer.standard = standard::CalculateStandard(library, read);
-        standard::CalculateCosts(library, read, well ? &s : nullptr, *answer.standard);
-        KeepNotes(*answer.standard, s);
-    } else if (!arguments.no_notes) {
-        MeasureNotes(library, s);
+        const ProjectState read = s;
+        BothBases both = CalculateBoth(library, read, s);
+        well = both.well;
+        answer.standard = std::move(both.standard);
+    } else {
+        well = Calculate(library, s);
+        if (!arguments.no_notes) {
+            MeasureNotes(library, s);
+        }
     }
     answer.outcome = OutcomeOf(s, well);
     if (answer.outcome.designed()) {

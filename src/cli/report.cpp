@@ -9,6 +9,7 @@
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "render/pdf_extras.h"
+#include "report/both_bases.h"
 #include "report/design_notes.h"
 #include "report/outcome.h"
 #include "report/pages.h"
@@ -51,10 +52,11 @@ int PrintFile(const Library& library, const ReportArguments& arguments, const st
         Complain(file + ": " + std::string(kCalculationError));
         return kFailedPass;
     }
-    MeasureNotes(library, s);
-    PrintedReport report = vortex                        ? PrintVortex(library, s, stamp)
-                           : arguments.kind == "section" ? PrintProperties(library, s, stamp)
-                                                         : PrintControl(library, s, stamp);
+    const standard::StandardResult known = MeasureStandard(library, s);
+    PrintedReport report = vortex ? PrintVortex(library, s, stamp, &known)
+                           : arguments.kind == "section"
+                               ? PrintProperties(library, s, stamp, &known)
+                               : PrintControl(library, s, stamp, &known);
     const bool comma = stamp.office.decimal == "comma";
     std::transform(report.pages.begin(), report.pages.end(), std::back_inserter(whole.pages),
                    [comma](Drawing& page) { return ForLocale(std::move(page), comma); });

@@ -65,7 +65,7 @@ struct TextTable {
     struct Column {
         Line title{};
         bool right = false;  // numbers
-        double share = 1;    // of the width
+        double share = 1;    // of the width, where not all columns have what they ask for
     };
     std::vector<Column> columns{};
     std::vector<std::vector<Line>> rows{};

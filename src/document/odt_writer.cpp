@@ -63,7 +63,11 @@ public:
     {
         const std::string level = std::to_string(std::clamp(heading.level, 1, 3));
         body_ += "<text:h text:style-name=\"" + (break_ ? "Break" : "Heading_20_" + level) +
-                 "\" text:outline-level=\"" + level + "\">" + XmlText(heading.text) + "</text:h>\n";
+                 "\" text:outline-level=\"" + level + "\">";
+        if (heading.level == 1) {
+            body_ += "<text:bookmark text:name=\"" + MemberName(++members_) + "\"/>";
+        }
+        body_ += XmlText(heading.text) + "</text:h>\n";
         break_ = false;
     }
     void operator()(const Paragraph& paragraph)
@@ -98,10 +102,11 @@ public:
             titles.push_back(column.title);
         }
         body_ += "<table:table-header-rows>";
-        Row(table, titles, "Head");
+        Row(table, titles, "Head", 0);
         body_ += "</table:table-header-rows>";
+        int member = 0;
         for (const std::vector<Line>& row : table.rows) {
-            Row(table, row, "Body");
+            Row(table, row, "Body", table.contents ? ++member : 0);
         }
         body_ += "</table:table>\n";
         Open("Standard");
@@ -131,7 +136,7 @@ public:
             manifest_ += Entry(name, "image/svg+xml");
             const double width = std::min(figure.width, kWidth);
             const double height = figure.drawing.height * width / figure.drawing.width;
-            Open("Standard");
+            Open("Caption");  // stays with what follows
             body_ += "<draw:frame text:anchor-type=\"as-char\" svg:width=\"" + Mm(width) +
                      "\" svg:height=\"" + Mm(height) + "\"><draw:image xlink:href=\"" + name +
                      "\" xlink:type=\"simple\" xlink:show=\"embed\" xlink:actuate=\"onLoad\"/>"
@@ -172,15 +177,24 @@ private:
                  "\" xlink:type=\"simple\" xlink:show=\"embed\" xlink:actuate=\"onLoad\"/>"
                  "</draw:frame> ";
     }
-    void Row(const TextTable& table, std::span<const Line> cells, std::string_view style)
+    void Row(const TextTable& table, std::span<const Line> cells, std::string_view style,
+             int member)
     {
         body_ += "<table:table-row>";
         for (std::size_t i = 0; i < table.columns.size(); ++i) {
             body_.append("<table:table-cell table:style-name=\"").append(style).append("\">");
             Open(table.columns[i].right ? "Right" : "Cell");
-            if (i < cells.size()) {
+            const bool link = member > 0 && i == 0;
+            body_ +=
+                link ? "<text:a xlink:type=\"simple\" xlink:href=\"#" + MemberName(member) + "\">"
+                     : "";
+            if (member > 0 && i + 1 == table.columns.size()) {
+                body_ += "<text:bookmark-ref text:reference-format=\"page\" text:ref-name=\"" +
+                         MemberName(member) + "\">-</text:bookmark-ref>";
+            } else if (i < cells.size()) {
                 Text(cells[i]);
             }
+            body_ += link ? "</text:a>" : "";
             body_ += "</text:p></table:table-cell>";
         }
         body_ += "</table:table-row>";
@@ -225,6 +239,8 @@ private:
             }
         }
     }
+    // The name of a heading that the list of contents leads to, from 1.
+    static std::string MemberName(int member) { return "member-" + std::to_string(member); }
     std::string LogoName() const
     {
         return document_.head.logo.svg ? "Pictures/logo.svg" : "Pictures/logo.png";
@@ -286,6 +302,7 @@ private:
     ZipWriter zip_;
     std::string body_, columns_, manifest_;
     int tables_ = 0, pictures_ = 0, formulas_ = 0;
+    int members_ = 0;  // headings of level 1
     bool break_ = false;
 };
 

@@ -106,6 +106,15 @@ std::vector<Line> WrapLine(const Line& line, double size, double width, char dec
     return lines;
 }
 
+double WidestWord(const Line& line, double size, char decimal)
+{
+    double widest = 0;
+    for (const Line& word : WordsOf(line)) {
+        widest = std::max(widest, WidthOf(word, size, decimal));
+    }
+    return widest;
+}
+
 std::string FitText(const std::string& text, double size, bool bold, double width)
 {
     if (text.empty() || TextWidth(text, size, bold) <= width) {

@@ -10,6 +10,9 @@ namespace kestrum {
 // its own, broken between letters.
 std::vector<Line> WrapLine(const Line& line, double size, double width, char decimal);
 
+// Of the widest word, which no line need break.
+double WidestWord(const Line& line, double size, char decimal);
+
 // The text cut to the width, with three points where something is missing.
 std::string FitText(const std::string& text, double size, bool bold, double width);
 

@@ -5,6 +5,7 @@
 #include "core/project_state.h"
 #include "engine/calculate.h"
 #include "library/handles.h"
+#include "report/both_bases.h"
 #include "report/diagrams.h"
 #include "report/panel_text.h"
 #include "report/section_figure.h"
@@ -113,18 +114,23 @@ kestrum_result Checked(const kestrum_member& member, unsigned basis)
     kestrum_result result;
     result.state = member.state;
     StandardResult standard;
-    if ((basis & KESTRUM_BASIS_STANDARD) != 0) {
-        standard = kestrum::standard::CalculateStandard(library, member.state);
-        TakeStandard(standard, result);
-    }
-    // The rules of the program also fill the record that values and pictures are read from.
-    const bool well = kestrum::Calculate(library, result.state);
+    bool well = false;
     if (costs) {
-        kestrum::standard::CalculateCosts(library, member.state, well ? &*result.state : nullptr,
-                                          standard);
-        kestrum::KeepNotes(standard, result.state);
-    } else if ((basis & KESTRUM_BASIS_PROGRAM) != 0) {
-        kestrum::MeasureNotes(library, result.state);
+        kestrum::BothBases both = kestrum::CalculateBoth(library, member.state, result.state);
+        well = both.well;
+        standard = std::move(both.standard);
+    } else {
+        // The rules of the program also fill the record that values and pictures are read from.
+        well = kestrum::Calculate(library, result.state);
+        if ((basis & KESTRUM_BASIS_STANDARD) != 0) {
+            standard = kestrum::standard::CalculateStandard(library, member.state);
+        }
+        if ((basis & KESTRUM_BASIS_PROGRAM) != 0) {
+            kestrum::MeasureNotes(library, result.state);
+        }
+    }
+    if ((basis & KESTRUM_BASIS_STANDARD) != 0) {
+        TakeStandard(standard, result);
     }
     TakeProgram(kestrum::OutcomeOf(result.state, well), result);
     TakeCosts(standard, result);

@@ -2,7 +2,7 @@
 
 #include "core/basis.h"
 #include "core/project_state.h"
-#include "engine/calculate.h"
+#include "report/both_bases.h"
 #include "report/design_note_facts.h"
 #include "standard/costs.h"
 
@@ -51,10 +51,7 @@ Deviations Facts(const ProjectState& s, std::span<const NoteFact> facts)
 
 void MeasureNotes(const Library& library, ProjectState& s)
 {
-    const ProjectState given = AsGiven(s);
-    standard::StandardResult result = standard::CalculateStandard(library, given);
-    standard::CalculateCosts(library, given, s.calculationerror ? nullptr : &s, result);
-    KeepNotes(result, s);
+    MeasureStandard(library, s);
 }
 
 void KeepNotes(const standard::StandardResult& measured, ProjectState& s)

@@ -485,7 +485,8 @@ void WriteFurther(std::vector<PageWriter>& pages, const std::string& title, cons
 
 }  // namespace
 
-PrintedReport PrintControl(const Library& library, const ProjectState& s, const PrintStamp& stamp)
+PrintedReport PrintControl(const Library& library, const ProjectState& s, const PrintStamp& stamp,
+                           const standard::StandardResult* known)
 {
     const std::string title = "Section and stability control";
     std::vector<DesignNote> notes = DesignNotes(s);
@@ -497,7 +498,7 @@ PrintedReport PrintControl(const Library& library, const ProjectState& s, const 
                           outcome,
                           std::move(notes),
                           std::move(list),
-                          StandardPart(library, s, outcome)};
+                          StandardPart(library, s, outcome, known)};
     std::vector<PageWriter> pages;
     for (const Plan& plan : kPlans) {
         PageWriter page(title);

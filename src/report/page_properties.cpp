@@ -28,7 +28,7 @@ void MaterialRow(PageWriter& page, const ProjectState& s)
 }  // namespace
 
 PrintedReport PrintProperties(const Library& library, const ProjectState& s,
-                              const PrintStamp& stamp)
+                              const PrintStamp& stamp, const standard::StandardResult* known)
 {
     constexpr double kFigure = 88;  // width and height of the section's picture on the page
     const std::string title = "Section property and capacity";
@@ -70,8 +70,8 @@ PrintedReport PrintProperties(const Library& library, const ProjectState& s,
         PageHeader(further, library, s, stamp, kDesignTitle);
         return further;
     };
-    return WithNotes(std::move(page), DesignNotes(s), RatiosText(library, s, OutcomeOf(s, true)),
-                     next);
+    return WithNotes(std::move(page), DesignNotes(s),
+                     RatiosText(library, s, OutcomeOf(s, true), known), next);
 }
 
 }  // namespace kestrum

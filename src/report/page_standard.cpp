@@ -89,9 +89,11 @@ std::string LineOf(const standard::StandardResult& result, const Outcome& outcom
 
 }  // namespace
 
-std::string RatiosText(const Library& library, const ProjectState& s, const Outcome& outcome)
+std::string RatiosText(const Library& library, const ProjectState& s, const Outcome& outcome,
+                       const standard::StandardResult* known)
 {
-    return LineOf(standard::CalculateStandard(library, AsGiven(s)), outcome);
+    return LineOf(known != nullptr ? *known : standard::CalculateStandard(library, AsGiven(s)),
+                  outcome);
 }
 
 PrintedReport WithNotes(PageWriter page, const std::vector<DesignNote>& notes, std::string line,
@@ -115,12 +117,17 @@ PrintedReport WithNotes(PageWriter page, const std::vector<DesignNote>& notes, s
     return Bound(std::move(pages));
 }
 
-StandardPart::StandardPart(const Library& library, const ProjectState& s, const Outcome& outcome)
+StandardPart::StandardPart(const Library& library, const ProjectState& s, const Outcome& outcome,
+                           const standard::StandardResult* known)
     : list_{}, brief_{}
 {
-    const HeldState given = AsGiven(s);
-    standard::StandardResult result = standard::CalculateStandard(library, given);
-    standard::CalculateCosts(library, given, &s, result);
+    standard::StandardResult own;
+    if (known == nullptr) {
+        const HeldState given = AsGiven(s);
+        own = standard::CalculateStandard(library, given);
+        standard::CalculateCosts(library, given, &s, own);
+    }
+    const standard::StandardResult& result = known != nullptr ? *known : own;
     line_ = LineOf(result, outcome);
     const CostList costs = CostsOf(result);
     list_ = WholeOf(costs, result, outcome);

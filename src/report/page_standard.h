@@ -16,7 +16,9 @@ namespace kestrum {
 struct ProjectState;
 
 // "Program: IR 0.73, ... By EN 1993-1-1 as written: ...", of a state after a pass.
-std::string RatiosText(const Library& library, const ProjectState& s, const Outcome& outcome);
+// `known`: the result of the standard; null: calculated here.
+std::string RatiosText(const Library& library, const ProjectState& s, const Outcome& outcome,
+                       const standard::StandardResult* known);
 
 // Notes and a line of text below what a page shows, on further pages of `next` where it has no
 // room.
@@ -28,8 +30,10 @@ enum class Costs : std::uint8_t { whole, brief, elsewhere };
 
 class StandardPart {
 public:
-    // `s` after a pass, with its outcome.
-    StandardPart(const Library& library, const ProjectState& s, const Outcome& outcome);
+    // `s` after a pass, with its outcome. `known`: the result of the standard with its costs; null:
+    // calculated here.
+    StandardPart(const Library& library, const ProjectState& s, const Outcome& outcome,
+                 const standard::StandardResult* known);
 
     // Below all else, whatever room there is.
     void Print(PageWriter& page, Costs costs);

@@ -83,7 +83,8 @@ void ResultBlock(PageWriter& page, const ProjectState& s)
 
 }  // namespace
 
-PrintedReport PrintVortex(const Library& library, const ProjectState& s, const PrintStamp& stamp)
+PrintedReport PrintVortex(const Library& library, const ProjectState& s, const PrintStamp& stamp,
+                          const standard::StandardResult* known)
 {
     constexpr double kFigure = 80;
     const std::string title = "Vortex shedding";
@@ -101,8 +102,8 @@ PrintedReport PrintVortex(const Library& library, const ProjectState& s, const P
         PageHeader(further, library, s, stamp, kVortexTitle);
         return further;
     };
-    return WithNotes(std::move(page), DesignNotes(s), RatiosText(library, s, OutcomeOf(s, true)),
-                     next);
+    return WithNotes(std::move(page), DesignNotes(s),
+                     RatiosText(library, s, OutcomeOf(s, true), known), next);
 }
 
 }  // namespace kestrum

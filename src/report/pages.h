@@ -2,6 +2,8 @@
 
 // The three printed reports, one page each: section property and capacity, section and stability
 // control, vortex shedding. They read the record after a pass that ended well and change nothing.
+// `known`: the result of the standard for it with the costs of the departures, where somebody has
+// it; else the pages calculate it.
 
 #include "core/library.h"
 #include "report/office.h"
@@ -10,6 +12,9 @@
 namespace kestrum {
 
 struct ProjectState;
+namespace standard {
+struct StandardResult;
+}
 
 // What stands on each page whatever it shows: date and time of printing as they are to stand in the
 // head, "2024-05-17", "14:05"; a warning below the head that concerns the whole page; in the foot
@@ -32,9 +37,12 @@ std::string OfficeNumbers(const Office& office);
 std::string OriginText(const std::string& file, const std::string& digest);
 
 PrintedReport PrintProperties(const Library& library, const ProjectState& s,
-                              const PrintStamp& stamp);
-PrintedReport PrintControl(const Library& library, const ProjectState& s, const PrintStamp& stamp);
+                              const PrintStamp& stamp,
+                              const standard::StandardResult* known = nullptr);
+PrintedReport PrintControl(const Library& library, const ProjectState& s, const PrintStamp& stamp,
+                           const standard::StandardResult* known = nullptr);
 // For the families of vortex shedding, after CalcVortexFrequency and CalcVortex.
-PrintedReport PrintVortex(const Library& library, const ProjectState& s, const PrintStamp& stamp);
+PrintedReport PrintVortex(const Library& library, const ProjectState& s, const PrintStamp& stamp,
+                          const standard::StandardResult* known = nullptr);
 
 }  // namespace kestrum

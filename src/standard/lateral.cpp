@@ -455,6 +455,8 @@ std::optional<NumericalStudy> NumericalStudyOf(const LateralCase& m)
         return std::nullopt;
     }
     const NumericalModel model = ModelOf(m, most.value > 0);
+    const double piece =
+        m.lines.grid.Length() / static_cast<double>(std::max<int>(m.s.restraints, 0) + 1);
     NumericalStudy study{.section = model.section,
                          .start = model.ends.start,
                          .end = model.ends.end,
@@ -462,8 +464,8 @@ std::optional<NumericalStudy> NumericalStudyOf(const LateralCase& m)
                          .level = model.above,
                          .restraints = model.restraints,
                          .moments = {},
-                         .uniform =
-                             UniformMoment(model.section, m.lines.grid.Length() * kMm) / kNmm,
+                         .piece = piece,
+                         .uniform = UniformMoment(model.section, piece * kMm) / kNmm,
                          .shape = {}};
     const double alpha =
         CriticalLoadFactor(model.section, model.Supports(), model.line.Line(), &study.shape);

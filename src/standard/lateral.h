@@ -67,7 +67,8 @@ struct NumericalStudy {
     double level;    // loads above the shear centre, mm
     std::size_t restraints;
     std::array<double, 11> moments;  // kNm, at tenths of the length
-    double uniform;                  // Mcr of uniform moment between the ends by formula, kNm
+    double piece;                    // length between restraints, m
+    double uniform;                  // Mcr of uniform moment on it by formula, kNm
     BucklingShape shape;
 };
 // Nothing where the critical moment is none.

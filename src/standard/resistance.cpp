@@ -97,13 +97,21 @@ double LossOfFlangesY(const StandardSection& q, bool plastic)
 }
 
 // Effective where the outer fibre is compressed.
-Flange FlangeUnder(const StandardSection& q, double n, double my, bool top)
+Flange FlangeUnder(const PreparedSection& p, double n, double my, bool top)
 {
+    const StandardSection& q = p.q;
     const double bending = top ? my * q.above / q.iy : -my * q.below / q.iy;
     if (n / q.a + bending > 0) {
-        return EffectiveFlange(q, top);
+        return top ? p.pressed_top : p.pressed_bottom;
     }
     return top ? q.top : q.bottom;
+}
+
+// A web that may buckle in shear, stiffened or not: only there do flanges count by themselves.
+bool MayBuckleInShear(const StandardSection& q)
+{
+    constexpr double kLeastFactor = 4;  // of k_tau
+    return !q.Angle() && q.hw > 0 && q.hw / q.tw > 31 * q.eps * std::sqrt(kLeastFactor) / q.eta;
 }
 
 // The bar and the tube carry shear with the whole section; where the web of the general profile
@@ -136,8 +144,14 @@ PreparedSection Prepare(const StandardSection& q, const Basis& basis)
                       .class_n = 1,
                       .whole_angle = {},
                       .effective_angle = {},
-                      .stocky_area = q.a};
+                      .stocky_area = q.a,
+                      .pressed_top = q.top,
+                      .pressed_bottom = q.bottom};
     p.class_n = ClassInCompression(q, basis);
+    if (MayBuckleInShear(q)) {
+        p.pressed_top = EffectiveFlange(q, true);
+        p.pressed_bottom = EffectiveFlange(q, false);
+    }
     if (!q.Angle()) {
         p.effective = EffectiveValuesOf(q, basis);
         p.stocky_area = q.kind == Kind::tee ? basis.pick(Dev::d193, p.effective.a, q.a) : q.a;
@@ -358,8 +372,8 @@ ShearResistance ShearAlongY(const PreparedSection& p, const ShearInputs& in, con
 
 FlangeAreas FlangeAreasUnder(const PreparedSection& p, double n, double my)
 {
-    const Flange top = FlangeUnder(p.q, n, my, true);
-    const Flange bottom = FlangeUnder(p.q, n, my, false);
+    const Flange top = FlangeUnder(p, n, my, true);
+    const Flange bottom = FlangeUnder(p, n, my, false);
     return {top.b * top.t, bottom.b * bottom.t};
 }
 
