@@ -63,15 +63,17 @@ void BucklingEquations::AddWeb(const std::string& symbol, double total)
     if (s.flanges > 0) {
         const Expr tf = Square(Sym("t_f", s.flange.t)), bf = Sym("b_f", s.flange.b);
         const Expr webs = q_.webs > 1 ? Num(q_.webs) * tw : tw;
-        const Expr mf = FlangeMoment(s.mf);
         const Expr c = Step(
             d_, "c", Sym("a", s.spacing) * (0.25 + 1.6 * bf * tf * fy / (webs * Square(hw) * fy)),
             "mm", "EN 1993-1-5, 5.4 (1)");
-        d_.Add("V_bf,Rd",
-               bf * tf * fy / (c * gamma) * (1 - Square(Force("M_y,Ed", t_.my, kNmm) / mf)) *
-                   Ten(kToKn),
-               s.flanges / kNewton, "kN", "EN 1993-1-5, 5.4 (1), Eq (5.8)",
-               "flange up to 15 ε tf on each side of the web");
+        Expr part = bf * tf * fy / (c * gamma);
+        constexpr double kNoMoment = 1;  // Nmm: a rounding of none
+        if (std::abs(t_.my) > kNoMoment) {
+            const Expr used = Force("M_y,Ed", t_.my, kNmm) / FlangeMoment(s.mf);
+            part = part * (1 - Square(used));
+        }
+        d_.Add("V_bf,Rd", part * Ten(kToKn), s.flanges / kNewton, "kN",
+               "EN 1993-1-5, 5.4 (1), Eq (5.8)", "flange up to 15 ε tf on each side of the web");
         least = {web + Sym("V_bf,Rd", s.flanges / kNewton)};
     }
     const Expr webs = q_.webs > 1 ? Num(q_.webs) * hw * tw : hw * tw;
