@@ -6,6 +6,7 @@
 #include "core/project_state.h"
 #include "sections/families.h"
 #include "sections/load_library.h"
+#include "support/silent_surroundings.h"
 #include "ui/main_window.h"
 
 #include <benchmark/benchmark.h>
@@ -21,23 +22,6 @@
 
 namespace kestrum {
 namespace {
-
-// Nobody is there to answer.
-class Silent final : public Surroundings {
-public:
-    Answer Ask(std::string_view) override { return Answer::cancel; }
-    DiskAnswer AskAboutDisk(std::string_view) override { return DiskAnswer::later; }
-    void Warn(std::string_view) override {}
-    std::optional<std::string> ChooseFileToOpen(const std::string&) override { return {}; }
-    std::optional<std::string> ChooseFileToSave(const std::string&, const std::string&) override
-    {
-        return {};
-    }
-    bool Print(const std::vector<Drawing>&) override { return false; }
-    bool OpenDocument(const std::string&) override { return false; }
-    std::string Date() override { return {}; }
-    std::string Time() override { return {}; }
-};
 
 // Everything from the tables on disk to the painted window.
 struct Program {
@@ -58,7 +42,7 @@ struct Program {
     }
 
     Library library;
-    Silent silent;
+    SilentSurroundings silent;
     QtSettings store;
     Session session;
     Desk desk;
@@ -100,7 +84,7 @@ BENCHMARK(LeaveABoxToNewPanel)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 void SectionsRated(benchmark::State& state)
 {
     const Library library = LoadLibrary(std::string(KESTRUM_SHARE));
-    Silent silent;
+    SilentSurroundings silent;
     Session session(library, silent, false);
     session.Calculate();
     std::int64_t rows = 0;
@@ -118,7 +102,7 @@ BENCHMARK(SectionsRated)->Unit(benchmark::kMillisecond);
 void WorkAsText(benchmark::State& state)
 {
     const Library library = LoadLibrary(std::string(KESTRUM_SHARE));
-    Silent silent;
+    SilentSurroundings silent;
     Session session(library, silent, false);
     session.Calculate();
     for (auto _ : state) {

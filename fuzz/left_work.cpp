@@ -6,6 +6,7 @@
 #include "app/aside.h"
 #include "app/members_sheet.h"
 #include "app/session.h"
+#include "support/silent_surroundings.h"
 
 #include <unistd.h>
 
@@ -18,23 +19,6 @@ namespace kestrum::fuzz {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Nobody is there.
-class Silence final : public Surroundings {
-public:
-    Answer Ask(std::string_view) override { return Answer::cancel; }
-    DiskAnswer AskAboutDisk(std::string_view) override { return DiskAnswer::later; }
-    void Warn(std::string_view) override {}
-    std::optional<std::string> ChooseFileToOpen(const std::string&) override { return {}; }
-    std::optional<std::string> ChooseFileToSave(const std::string&, const std::string&) override
-    {
-        return {};
-    }
-    bool Print(const std::vector<Drawing>&) override { return false; }
-    bool OpenDocument(const std::string&) override { return false; }
-    std::string Date() override { return "2024-05-17"; }
-    std::string Time() override { return "14:05"; }
-};
 
 // A folder of this process, gone at its end.
 class Folder {
@@ -88,8 +72,8 @@ void LeftBehind(std::string_view bytes)
             RequireSheetRepeats(table.text);
             continue;
         }
-        Silence silence;
-        Session session(Delivered(), silence, false);
+        SilentSurroundings nobody;
+        Session session(Delivered(), nobody, false);
         Require(TakeUp(session, work), "work is offered that cannot be read");
         Require(!fs::exists(path), "work is offered again");
         session.Calculate();

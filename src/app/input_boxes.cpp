@@ -33,22 +33,7 @@ bool Within(double value, const Limits& limits)
 // False when a whole number is out of range; nothing is stored then.
 bool Store(ProjectState& s, const Field& field, int index, float value)
 {
-    void* const at = field.locate(s, index);
-    switch (field.kind) {
-    case FieldKind::single:
-        *static_cast<float*>(at) = value;
-        return true;
-    case FieldKind::real:
-        *static_cast<double*>(at) = WidenNum(value);
-        return true;
-    default: {
-        const std::optional<i16> whole = WholeNum(value);
-        if (whole) {
-            *static_cast<i16*>(at) = *whole;
-        }
-        return whole.has_value();
-    }
-    }
+    return PutNumber(s, field, index, field.kind == FieldKind::real ? WidenNum(value) : value);
 }
 
 BoxOutcome CommitPosition(ProjectState& s, const Box& box, const Field& field, int index,
