@@ -45,16 +45,15 @@ public:
 
     void operator()(const Heading& heading)
     {
-        constexpr double kSizes[] = {8, 5.2, 4.0, 3.3}, kBefore[] = {20, 4, 6, 3};
-        const auto level = static_cast<std::size_t>(std::clamp(heading.level, 0, 3));
+        const std::size_t level = LevelOf(heading);
         const double size = kSizes[level];
         y_ += y_ > kTop ? kBefore[level] : 0;
-        Need(size * kLine + 1 + Following());
+        Need(HeightOf(heading) - kBefore[level] + Following());
         out_.headings.push_back({heading.level, heading.text, out_.pages.size() - 1, y_});
         Wrapped(Strong(heading.text), size, kLeft, kWidth);
         if (level == 2) {
             AddLine(Page(), {kLeft, y_ + 0.3}, {kRight, y_ + 0.3}, Ink::faint);
-            y_ += 0.8;
+            y_ += kRule;
         }
         y_ += 1;
     }
@@ -131,6 +130,18 @@ public:
     }
 
 private:
+    static constexpr double kSizes[] = {8, 5.2, 4.0, 3.3}, kBefore[] = {20, 4, 6, 3}, kRule = 0.8;
+    static std::size_t LevelOf(const Heading& heading)
+    {
+        return static_cast<std::size_t>(std::clamp(heading.level, 0, 3));
+    }
+    // Of one line, with the room above it.
+    static double HeightOf(const Heading& heading)
+    {
+        const std::size_t level = LevelOf(heading);
+        return kBefore[level] + kSizes[level] * kLine + (level == 2 ? kRule : 0) + 1;
+    }
+
     Drawing& Page() { return out_.pages.back(); }
     void NewPage()
     {
@@ -164,12 +175,12 @@ private:
                 return height + (all <= kTogether ? all + kLead : kFirst + kLead);
             }
             const bool text = std::holds_alternative<Paragraph>(block);
-            if ((!text && !std::holds_alternative<Heading>(block)) || (!text && texts > 0) ||
-                texts > 2) {
+            const auto* const heading = std::get_if<Heading>(&block);
+            if ((!text && heading == nullptr) || (!text && texts > 0) || texts > 2) {
                 break;
             }
             texts += text ? 1 : 0;
-            height += kLead;
+            height += text ? kLead : HeightOf(*heading);
         }
         return height + kFirst;
     }

@@ -8,8 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
+#include <variant>
 
 namespace kestrum {
 namespace {
@@ -52,6 +54,49 @@ TEST(PageLayout, NothingLeavesThePage)
     for (const Drawing& page : laid.pages) {
         for (const Mark& mark : page.marks) {
             EXPECT_TRUE(BoundsOf(mark).Inside(paper));
+        }
+    }
+}
+
+// `lines` of text, then a chapter whose first part begins with a formula, a table or a text.
+Document HeadingsBelow(int lines, int begins_with)
+{
+    Document d;
+    for (int i = 0; i < lines; ++i) {
+        d.Say("A line of text.");
+    }
+    d.Chapter("Chapter");
+    d.Part("Part");
+    if (begins_with == 0) {
+        const Expr a = Sym("a", 2.5), b = Sym("b", 3);
+        d.Add("c", Root(a / (1 + a / b)) + Least({a / b, b / a}), 1.0, "mm2", "6.3.1.2 (1)");
+    } else if (begins_with == 1) {
+        d.Add(TextTable{.columns = {{"Plate"}}, .rows = {{"web"}, {"flange"}}});
+    } else {
+        d.Say("A line of text.");
+    }
+    return d;
+}
+
+// What stands on a page below the last heading of it, above the foot.
+bool HasTextBelow(const LaidOut& laid, const PlacedHeading& heading)
+{
+    constexpr double kLetters = 4.5, kFoot = 281;
+    const auto& marks = laid.pages[heading.page].marks;
+    return std::any_of(marks.begin(), marks.end(), [&](const Mark& mark) {
+        const auto* const text = std::get_if<TextMark>(&mark);
+        return text != nullptr && text->at.y > heading.y + kLetters && text->at.y < kFoot;
+    });
+}
+
+TEST(PageLayout, NoHeadingStandsAloneAtTheFootOfAPage)
+{
+    for (const int begins_with : {0, 1, 2}) {
+        for (int lines = 0; lines < 70; ++lines) {
+            const LaidOut laid = LayOut(HeadingsBelow(lines, begins_with));
+            ASSERT_EQ(laid.headings.size(), 2U);
+            EXPECT_EQ(laid.headings[0].page, laid.headings[1].page) << lines;
+            EXPECT_TRUE(HasTextBelow(laid, laid.headings[1])) << lines << ' ' << begins_with;
         }
     }
 }
