@@ -18,17 +18,6 @@ using standard::MemberTerms;
 using standard::StandardSection;
 
 constexpr double kPi = std::numbers::pi;
-const double kRoot3 = std::sqrt(3.0);
-
-// Welded I of 4 m, S235: h, b, tw, tf.
-ProjectState WeldedI(float h, float b, float tw, float tf)
-{
-    ProjectState s = Unloaded(4, 235);
-    s.family = 21;
-    s.p21 = {h, b, tw, tf};
-    EndForces(s, 0, 0, 0);
-    return s;
-}
 
 ProjectState FlatBar(float h, float t)
 {

@@ -16,18 +16,6 @@ using standard::ActingForces;
 using standard::CheckId;
 using standard::StandardSection;
 
-const double kRoot3 = std::sqrt(3.0);
-
-// Welded I: h, b, tw, tf.
-ProjectState WeldedI(float h, float b, float tw, float tf)
-{
-    ProjectState s = Unloaded(4, 235);
-    s.family = 21;
-    s.p21 = {h, b, tw, tf};
-    EndForces(s, 0, 0, 0);
-    return s;
-}
-
 // h, b, tw, tf, overhang.
 ProjectState Box(float h, float b, float tw, float tf, float out = 0)
 {

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 
 namespace kestrum {
@@ -97,5 +98,17 @@ inline double Back(const ProjectState& s, Dev deviation, standard::CheckId id)
                                              well ? &program : nullptr),
                  id);
 }
+
+// Welded I of 4 m, S235, under given end forces: h, b, tw, tf.
+inline ProjectState WeldedI(float h, float b, float tw, float tf)
+{
+    ProjectState s = Unloaded(4, 235);
+    s.family = 21;
+    s.p21 = {h, b, tw, tf};
+    EndForces(s, 0, 0, 0);
+    return s;
+}
+
+inline const double kRoot3 = std::sqrt(3.0);
 
 }  // namespace kestrum
