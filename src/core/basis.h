@@ -5,37 +5,11 @@
 // for a routine. The basis remembers which deviations it met, and can have single ones switched
 // back to the program's rule, which is how the cost of each is found.
 
-#include <bitset>
-#include <cstddef>
-#include <cstdint>
-#include <optional>
-#include <string_view>
+#include "core/deviation.h"
+
 #include <type_traits>
 
 namespace kestrum {
-
-// The numbered deviations of docs/deviations.md.
-enum class Dev : std::uint8_t {
-#define KESTRUM_DEVIATION(number, text) d##number,
-#include "core/deviation_list.inc"
-#undef KESTRUM_DEVIATION
-};
-
-constexpr std::size_t kDeviations = 0
-#define KESTRUM_DEVIATION(number, text) +1
-#include "core/deviation_list.inc"
-#undef KESTRUM_DEVIATION
-    ;
-
-using Deviations = std::bitset<kDeviations>;
-
-std::string_view NameOf(Dev deviation);  // "D161"
-std::string_view TextOf(Dev deviation);  // one sentence
-std::optional<Dev> DeviationOf(std::string_view name);
-constexpr std::size_t IndexOf(Dev deviation)
-{
-    return static_cast<std::size_t>(deviation);
-}
 
 class Basis {
 public:

@@ -3,7 +3,7 @@
 // Deviations that the basis does not switch (docs/deviations.md, "What each one costs"): a fact of
 // the record says whether they act.
 
-#include "core/basis.h"
+#include "core/deviation.h"
 
 #include <span>
 

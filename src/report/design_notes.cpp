@@ -1,6 +1,6 @@
 #include "report/design_notes.h"
 
-#include "core/basis.h"
+#include "core/deviation.h"
 #include "core/project_state.h"
 #include "report/both_bases.h"
 #include "report/design_note_facts.h"

@@ -1,6 +1,6 @@
 #include "report/member_summary.h"
 
-#include "core/basis.h"
+#include "core/deviation.h"
 
 #include <algorithm>
 #include <cmath>

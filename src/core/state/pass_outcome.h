@@ -11,7 +11,7 @@
 
 namespace kestrum {
 
-constexpr std::size_t kMostDeviations = 192;  // places in core/deviation_list.inc
+constexpr std::size_t kMostDeviations = 192;  // places in core/deviation.h
 
 struct PassOutcome {
     bool operator==(const PassOutcome&) const = default;
