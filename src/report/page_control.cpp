@@ -512,7 +512,7 @@ PrintedReport PrintControl(const Library& library, const ProjectState& s, const 
             break;
         }
     }
-    return Bound(std::move(pages));
+    return Bind(std::move(pages));
 }
 
 }  // namespace kestrum

@@ -170,7 +170,7 @@ std::string FileText(std::string_view filename)
     return std::string(fits ? filename : filename.substr(filename.find_last_of("/\\") + 1));
 }
 
-PrintedReport Bound(std::vector<PageWriter> pages)
+PrintedReport Bind(std::vector<PageWriter> pages)
 {
     PrintedReport report;
     const std::string count = std::to_string(pages.size());

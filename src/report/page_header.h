@@ -15,7 +15,7 @@ void PageHeader(PageWriter& page, const Library& library, const ProjectState& s,
                 const PrintStamp& stamp, std::string_view title);
 
 // The pages as a report. Their heads say "1/1" until it is known how many there are.
-PrintedReport Bound(std::vector<PageWriter> pages);
+PrintedReport Bind(std::vector<PageWriter> pages);
 
 // The path, or behind its last folder when it is longer than 40 characters.
 std::string FileText(std::string_view filename);

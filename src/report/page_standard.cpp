@@ -114,7 +114,7 @@ PrintedReport WithNotes(PageWriter page, const std::vector<DesignNote>& notes, s
     }
     pages.back().Row(kSpaceAbove);
     PrintWrapped(pages.back(), line, kLineStyle);
-    return Bound(std::move(pages));
+    return Bind(std::move(pages));
 }
 
 StandardPart::StandardPart(const Library& library, const ProjectState& s, const Outcome& outcome,

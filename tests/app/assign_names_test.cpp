@@ -4,7 +4,7 @@
 #include "app/choices.h"
 #include "core/project_state.h"
 #include "sections/family_table.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -31,7 +31,7 @@ std::string Text(const std::vector<Remark>& remarks)
 std::string SetAll(ProjectState& s, const Values& values, Manner manner = Assignment::checked,
                    std::string* remarks = nullptr)
 {
-    AssignRun run(DeliveredTables(), s, manner);
+    AssignRun run(Delivered(), s, manner);
     for (const auto& [name, text] : values) {
         AssignTarget target;
         std::string refusal = FindTarget(name, target);
@@ -50,12 +50,12 @@ std::string SetAll(ProjectState& s, const Values& values, Manner manner = Assign
 std::string RowOf(const ProjectState& s)
 {
     const Table table = TableOf(s);
-    return RowName(DeliveredTables(), table, s.row[static_cast<std::size_t>(table)]);
+    return RowName(Delivered(), table, s.row[static_cast<std::size_t>(table)]);
 }
 
 TEST(AssignNames, AMemberIsWrittenInNames)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     EXPECT_EQ(SetAll(s, {{"family", "ipe"},
                          {"section", "IPE 300"},
                          {"steel", "s355"},
@@ -97,7 +97,7 @@ TEST(AssignNames, AMemberIsWrittenInNames)
 // Every name of every list gives its value back, and every value of a list has a name.
 TEST(AssignNames, NamesAndValuesAgree)
 {
-    const Library& library = DeliveredTables();
+    const Library& library = Delivered();
     std::size_t named = 0;
     for (const Field& field : AllFields()) {
         const Choice* const choice = ChoiceOf(field);
@@ -115,7 +115,7 @@ TEST(AssignNames, NamesAndValuesAgree)
 
 TEST(AssignNames, ASectionBringsFamilyAndSeries)
 {
-    ProjectState s = MemberOf("family=22");
+    ProjectState s = Member("family=22");
     EXPECT_EQ(SetAll(s, {{"section", "UC 203x203x60"}}), "");
     EXPECT_EQ(s.family, 101);
     EXPECT_EQ(s.series101, 2);
@@ -127,7 +127,7 @@ TEST(AssignNames, ASectionBringsFamilyAndSeries)
 
 TEST(AssignNames, UnknownNamesAreRefusedWithTheNearest)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     const ProjectState before = s;
     EXPECT_TRUE(SetAll(s, {{"section", "IPE 310"}})
                     .starts_with("section: no such section; `kestrum sections "
@@ -158,14 +158,14 @@ TEST(AssignNames, ADimensionOrRowChoosesTheFamily)
         {{{"row.rhs", "1"}, {"rectaxis", "2"}}, 7},
     };
     for (const auto& [values, family] : chosen) {
-        ProjectState s = MemberOf("family=15");
+        ProjectState s = Member("family=15");
         EXPECT_EQ(SetAll(s, values), "") << family;
         EXPECT_EQ(s.family, family);
     }
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     EXPECT_EQ(SetAll(s, {{"row.uc", "4"}}), "");
     EXPECT_EQ(s.series101, 2);
-    s = MemberOf("family=15");
+    s = Member("family=15");
     EXPECT_EQ(SetAll(s, {{"row.ipe", "3"}}, Assignment::raw), "");
     EXPECT_EQ(s.family, 15);
 }
@@ -197,9 +197,9 @@ TEST(AssignNames, ContradictionsAreRefusedByName)
          "selfweight: a load, the member has given end forces (loadmode 0)"},
     };
     for (const auto& [values, text] : refused) {
-        ProjectState s = MemberOf("");
+        ProjectState s = Member();
         EXPECT_EQ(SetAll(s, values), text);
-        s = MemberOf("");
+        s = Member();
         EXPECT_EQ(SetAll(s, values, Assignment::raw).find("of family 4 IPE, the family is 21"),
                   std::string::npos);
     }
@@ -208,7 +208,7 @@ TEST(AssignNames, ContradictionsAreRefusedByName)
 // Zeros fill the cells of a table; they are no forces.
 TEST(AssignNames, GivenForcesChooseTheMode)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     EXPECT_EQ(SetAll(s, {{"ne", "0"}, {"qload[1]", "4"}}), "");
     EXPECT_EQ(s.loadmode, 1);
     EXPECT_EQ(SetAll(s, {{"my1", "7"}, {"qload[1]", "0"}}), "");
@@ -223,7 +223,7 @@ TEST(AssignNames, GivenForcesChooseTheMode)
 
 TEST(AssignNames, WhatHasNoEffectIsToldOfWhatWasGiven)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     std::string said;
     EXPECT_EQ(
         SetAll(s, {{"spring", "20"}, {"l", "4"}, {"gammam0", "1.2"}}, Assignment::checked, &said),
@@ -237,7 +237,7 @@ TEST(AssignNames, WhatHasNoEffectIsToldOfWhatWasGiven)
 
 TEST(AssignNames, AsksWhetherTheUnitIsMeant)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     std::string said;
     EXPECT_EQ(SetAll(s, {{"l", "6000"}}, Assignment::checked, &said), "");
     EXPECT_EQ(said, "l: is 6000 m meant? The unit is m\n");
@@ -252,7 +252,7 @@ TEST(AssignNames, AsksWhetherTheUnitIsMeant)
 // Compression is positive in the record; a table that says otherwise means the axial forces alone.
 TEST(AssignNames, TensionMayBePositive)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     const Manner tension(Assignment::checked, true);
     EXPECT_EQ(SetAll(s,
                      {{"nload[1]", "50"},
@@ -276,7 +276,7 @@ TEST(AssignNames, TensionMayBePositive)
 
 TEST(AssignNames, AMessageOfABoxHasValueLimitAndUnit)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     EXPECT_EQ(SetAll(s, {{"l", "0.01"}}), "l:  L >= 0.050 (0.01 m is given; at least 0.05 m)");
     EXPECT_EQ(SetAll(s, {{"spring", "150"}}),
               "spring:  1 < Spring-restraint  > 99 (150 % is given; at least 1 and at most 99 %)");

@@ -4,7 +4,7 @@
 #include "app/member_commands.h"
 #include "app/session_fixture.h"
 #include "core/project_state.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <functional>
 #include <string>
@@ -15,7 +15,7 @@ namespace {
 // Sets fields parted by blanks as one run.
 Refused SetAll(ProjectState& s, const std::string& lines, Assignment how = Assignment::checked)
 {
-    AssignRun run(DeliveredTables(), s, how);
+    AssignRun run(Delivered(), s, how);
     std::istringstream stream(lines);
     for (std::string word; stream >> word;) {
         const std::size_t equals = word.find('=');
@@ -36,7 +36,7 @@ std::string Told(const Refused& refused)
 
 ProjectState After(const std::string& before, const std::string& lines)
 {
-    ProjectState s = MemberOf(before);
+    ProjectState s = Member(before);
     EXPECT_EQ(Told(SetAll(s, lines)), "") << lines;
     return s;
 }
@@ -85,7 +85,7 @@ TEST(AssignRun, LeavesWhatTheWindowLeaves)
           "webstiffa=800 ltbcase=3 ltbk=0.7"}) {
         for (const Made& choice : choices) {
             Program program;
-            program.session.edit() = MemberOf(project);
+            program.session.edit() = Member(project);
             choice.made(program.session);
             EXPECT_EQ(Choices(After(project, choice.assignment)), Choices(program.state()))
                 << project << ": " << choice.assignment;
@@ -143,7 +143,7 @@ TEST(AssignRun, TheSameCaseKeepsItsOwnFactor)
 
 TEST(AssignRun, RawValuesBringNothingAlong)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     EXPECT_EQ(SetAll(s, "ltb=0 bucklingcasey=1 supportcase=3 webstiff=1", Assignment::raw).what,
               "");
     EXPECT_EQ(s.ltbk, 1.0F);
@@ -160,7 +160,7 @@ TEST(AssignRun, ValuesWaitForTheFieldsTheyDependOn)
     EXPECT_EQ(s.webstiffa, 7000);
     EXPECT_EQ(s.p25.istb1, 500);
 
-    s = MemberOf("");
+    s = Member();
     EXPECT_EQ(Told(SetAll(s, "pmx[1]=9 l=8")), "pmx[1]: 0 < x <= l (9 m is given; 0 to 8 m)");
     EXPECT_EQ(Told(SetAll(s, "p25.istb1=800 p25.istb2=700")),
               "p25.istb1: 5 < b1 < (b2-c) (800 mm is given; above 5 and below 685 mm)");
@@ -170,7 +170,7 @@ TEST(AssignRun, ValuesWaitForTheFieldsTheyDependOn)
 
 TEST(AssignRun, TellsTheUnitBesideWhatIsNoNumber)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     EXPECT_EQ(SetAll(s, "l=5m").what, "Input string mismatch (a number is expected, in m)");
     EXPECT_EQ(SetAll(s, "ly=x").what, "Input string mismatch (a number is expected)");
 }
@@ -178,7 +178,7 @@ TEST(AssignRun, TellsTheUnitBesideWhatIsNoNumber)
 }  // namespace
 TEST(AssignRun, CaseThatNoPictureHasBringsNothing)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     s.bucklingcasey = 77;
     s.ly = 0.8F;
     FollowBucklingCase(s, Axis::y);

@@ -6,7 +6,7 @@
 #include "core/project_file.h"
 #include "core/project_state.h"
 #include "sections/family_table.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -77,7 +77,7 @@ TEST(Assign, TakesProfilesAndSteelsByName)
     EXPECT_EQ(SetRaw(s, "fykindex", "S235"), "");
     EXPECT_EQ(s.fykindex, 0);
     const auto set = [&s](const char* name, const char* text) {
-        return AssignField(DeliveredTables(), s, name, text, Assignment::checked);
+        return AssignField(Delivered(), s, name, text, Assignment::checked);
     };
     for (const char* name : {"IPE 400", "IPE400", " ipe  400 "}) {
         s.row[static_cast<std::size_t>(Table::ipe)] = 0;
@@ -92,7 +92,7 @@ TEST(Assign, TakesProfilesAndSteelsByName)
     EXPECT_TRUE(set("row.ipe", "HEA 200").starts_with("no such name"));
     EXPECT_EQ(set("row.ipe", "99"), "not in the list (0 to 17, see `kestrum sections 4`)");
     EXPECT_EQ(set("row.uc", "UC 203x203x46"), "");
-    EXPECT_EQ(RowName(DeliveredTables(), Table::uc, s.row[static_cast<std::size_t>(Table::uc)]),
+    EXPECT_EQ(RowName(Delivered(), Table::uc, s.row[static_cast<std::size_t>(Table::uc)]),
               "UC 203x203x46");
 }
 
@@ -102,8 +102,8 @@ TEST(Assign, EveryProfileIsFoundByItsName)
     for (const Field& field : AllFields()) {
         const std::optional<Table> table = TableOfField(field.name);
         for (int row = 0; table && row < RowCount(*table); ++row) {
-            const std::string name = RowName(DeliveredTables(), *table, row);
-            EXPECT_EQ(ValueOfName(DeliveredTables(), *FindChoice(field.name), name), row) << name;
+            const std::string name = RowName(Delivered(), *table, row);
+            EXPECT_EQ(ValueOfName(Delivered(), *FindChoice(field.name), name), row) << name;
         }
     }
 }
@@ -273,7 +273,7 @@ TEST(Assign, TellsWhoOverrulesAValue)
 // A text in Latin-1 is what its project file would read.
 TEST(Assign, TextIsStoredAsItsFileReads)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     EXPECT_EQ(Set(s, "projname", "Halle f\xFCr Stahl"), "");
     EXPECT_EQ(s.projname, "Halle f\xC3\xBCr Stahl");
     ProjectState read{};

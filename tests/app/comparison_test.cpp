@@ -12,7 +12,7 @@ namespace {
 
 ComparedRow Row(const Session& session, std::string_view what)
 {
-    const auto rows = Compare(Tables(), *session.pinned(), session.history().now());
+    const auto rows = Compare(Delivered(), *session.pinned(), session.history().now());
     const auto at = std::find_if(rows.begin(), rows.end(),
                                  [&](const ComparedRow& row) { return row.what == what; });
     return at != rows.end() ? *at : ComparedRow{};

@@ -2,7 +2,7 @@
 
 #include "core/project_state.h"
 #include "engine/new_project.h"
-#include "sections/load_library.h"
+#include "support/delivered.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,12 +17,6 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::HasSubstr;
-
-const Library& Delivered()
-{
-    static const Library kLibrary = LoadLibrary(KESTRUM_SHARE);
-    return kLibrary;
-}
 
 constexpr const char* kHeader = "member,case,x,N,Vy,Vz,My,Mz,Mx";
 

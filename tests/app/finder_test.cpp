@@ -27,10 +27,10 @@ TEST(Finder, TakesASectionByItsName)
         const Finding found = First(program, typed);
         EXPECT_EQ(found.kind, Finding::Kind::section);
         ASSERT_TRUE(Take(program.session, found)) << typed;
-        EXPECT_EQ(SectionName(Tables(), program.state()), name);
+        EXPECT_EQ(SectionName(Delivered(), program.state()), name);
     }
     program.session.Undo();
-    EXPECT_EQ(SectionName(Tables(), program.state()), "HEB 200");
+    EXPECT_EQ(SectionName(Delivered(), program.state()), "HEB 200");
 }
 
 // The factor is the user's own from then on, as if he had chosen so and typed it.

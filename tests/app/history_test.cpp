@@ -10,7 +10,7 @@
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "report/state_json.h"
-#include "support/member.h"
+#include "support/members.h"
 #include "support/temporary_folder.h"
 
 namespace kestrum {
@@ -36,7 +36,7 @@ std::vector<std::string> WriteMembers(const TemporaryFolder& folder)
 {
     std::vector<std::string> paths;
     for (const char* fields : kMembers) {
-        ProjectState s = MemberOf(fields);
+        ProjectState s = Member(fields);
         paths.push_back(folder.File(std::to_string(paths.size()) + ".kst"));
         WriteBytes(paths.back(), WriteProject(s));
     }
@@ -46,10 +46,10 @@ std::vector<std::string> WriteMembers(const TemporaryFolder& folder)
 // What the file gives in a program that has just started.
 std::string Fresh(const std::string& path)
 {
-    ProjectState s = StartState(Tables());
+    ProjectState s = StartState(Delivered());
     EXPECT_FALSE(ReadProject(s, ReadBytes(path)));
     s.filename = path;
-    Calculate(Tables(), s);
+    Calculate(Delivered(), s);
     return StateJson(s);
 }
 
@@ -88,7 +88,7 @@ std::string BatchOf(const std::vector<std::string>& files, const ProjectState& b
     AnswerForm form;
     EXPECT_EQ(form.Choose(TableForm::csv, {"irsection", "maxirbuckling", "lt", "alphay", "kzz"}),
               "");
-    BatchWorker worker(Tables(), base, form, Assignment::checked);
+    BatchWorker worker(Delivered(), base, form, Assignment::checked);
     BatchChunk chunk;
     chunk.files = files;
     worker.Work(chunk);
@@ -99,7 +99,7 @@ TEST(History, BatchMembersDoNotSeeEachOtherNorTheBase)
 {
     const TemporaryFolder folder;
     const std::vector<std::string> paths = WriteMembers(folder);
-    const ProjectState start = StartState(Tables());
+    const ProjectState start = StartState(Delivered());
     std::string alone;
     for (const std::string& path : paths) {
         alone += BatchOf({path}, start);
@@ -108,7 +108,7 @@ TEST(History, BatchMembersDoNotSeeEachOtherNorTheBase)
     for (const std::string& base : paths) {
         ProjectState s = start;
         ASSERT_FALSE(ReadProject(s, ReadBytes(base)));
-        Calculate(Tables(), s);
+        Calculate(Delivered(), s);
         EXPECT_EQ(BatchOf(paths, s), alone) << base;
     }
 }

@@ -41,7 +41,7 @@ TEST(Lightest, TakesTheLightestThatPasses)
     for (const int family : group.families) {
         ProjectState member = program.state();
         member.family = static_cast<i16>(family);
-        for (const RatedSection& section : RateSections(Tables(), member)) {
+        for (const RatedSection& section : RateSections(Delivered(), member)) {
             lighter += section.mass < taken ? 1 : 0;
             EXPECT_FALSE(section.passes() && section.mass < taken) << section.name;
         }
@@ -132,7 +132,7 @@ TEST(Lightest, ByBothIsNeverLighter)
         ASSERT_TRUE(ChooseLightest(program.session, {group, {}, true}));
         EXPECT_GE(program.state().weight, one);
         const i16 row = program.state().row[static_cast<std::size_t>(TableOf(program.state()))];
-        EXPECT_TRUE(RateByStandard(Tables(), program.state(), row).passes());
+        EXPECT_TRUE(RateByStandard(Delivered(), program.state(), row).passes());
     }
 }
 
@@ -162,7 +162,7 @@ TEST(Lightest, TriesTheSizesOfPlates)
                 s.p21.isth = h;
                 s.p21.istb1 = b;
                 s.p21.isttf = t;
-                const bool well = Calculate(Tables(), s);
+                const bool well = Calculate(Delivered(), s);
                 const bool passes = OutcomeOf(s, well).verdict == Verdict::within;
                 lightest = passes ? std::min<double>(lightest, s.weight) : lightest;
                 failing += passes ? 0 : 1;

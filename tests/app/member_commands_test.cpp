@@ -138,7 +138,7 @@ TEST(ChooseMaterial, SetsTheStrengthOfTheGrade)
     EXPECT_TRUE(program.Calculates([&] { ChooseMaterial(program.session, 7); }));  // S460 N/NL
     EXPECT_EQ(program.state().fyk, 460);
     EXPECT_EQ(program.state().neta, 1.2F);
-    EXPECT_FALSE(StrengthOpen(Tables(), program.state()));
+    EXPECT_FALSE(StrengthOpen(Delivered(), program.state()));
 }
 
 TEST(ChooseMaterial, TheLastRowKeepsTheStrengthAndOpensItsBox)
@@ -146,7 +146,7 @@ TEST(ChooseMaterial, TheLastRowKeepsTheStrengthAndOpensItsBox)
     Program program;
     ChooseMaterial(program.session, 26);
     EXPECT_EQ(program.state().fyk, 355);
-    EXPECT_TRUE(StrengthOpen(Tables(), program.state()));
+    EXPECT_TRUE(StrengthOpen(Delivered(), program.state()));
     program.Type("kestrum", "ifyk", "400");
     EXPECT_EQ(program.state().fyk, 400);
 }
@@ -168,7 +168,7 @@ TEST(ChooseMaterial, TheShearFactorFollowsAcross460WithTheAnnexStep)
 
 TEST(ChooseMaterial, AListOfFiveRowsHasFourGrades)
 {
-    Library library = Tables();
+    Library library = Delivered();
     library.materials.resize(5);
     ProjectState s{};
     s.fykindex = 3;

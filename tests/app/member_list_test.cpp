@@ -2,7 +2,7 @@
 
 #include "core/project_state.h"
 #include "engine/new_project.h"
-#include "sections/load_library.h"
+#include "support/delivered.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,12 +12,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-
-const Library& Delivered()
-{
-    static const Library kLibrary = LoadLibrary(KESTRUM_SHARE);
-    return kLibrary;
-}
 
 TEST(MemberList, FindsMembersByTheirKeys)
 {

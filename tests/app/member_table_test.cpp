@@ -3,7 +3,7 @@
 #include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ namespace {
 const Library& WithHighStrength()
 {
     static const Library kLibrary = [] {
-        Library library = DeliveredTables();
+        Library library = Delivered();
         library.materials.insert(library.materials.end() - 1, {"S690", 690, 650});
         return library;
     }();

@@ -9,7 +9,7 @@
 #include "engine/calculate.h"
 #include "report/outcome.h"
 #include "sections/family_table.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gmock/gmock.h>
 
@@ -21,11 +21,6 @@ namespace {
 
 using ::testing::HasSubstr;
 
-const Library& Tables()
-{
-    return DeliveredTables();
-}
-
 MembersSheet Sheet(std::string_view text)
 {
     MembersSheet sheet;
@@ -35,12 +30,12 @@ MembersSheet Sheet(std::string_view text)
 
 std::shared_ptr<const ProjectState> Base()
 {
-    return std::make_shared<const ProjectState>(UnloadedMember(Tables()));
+    return std::make_shared<const ProjectState>(UnloadedMember(Delivered()));
 }
 
 LineSource SourceOf(const MembersSheet& sheet)
 {
-    return {&Tables(), Base(), sheet.reader(), nullptr};
+    return {&Delivered(), Base(), sheet.reader(), nullptr};
 }
 
 constexpr std::string_view kThree = "id,section,l,qload[1]\nB1,IPE 300,6,10\nB2,IPE 200,6,10\n"
@@ -60,7 +55,7 @@ TEST(MembersSheet, KeepsWhatWasNotEdited)
     EXPECT_TRUE(sheet.modified());
     EXPECT_EQ(sheet.Text(), text.substr(0, text.find("B2")) + "B2;8;\"two\nlines\"\r\n");
     ProjectState s = *Base();
-    EXPECT_EQ(sheet.Member(Tables(), 0, s), "");
+    EXPECT_EQ(sheet.Member(Delivered(), 0, s), "");
     EXPECT_EQ(s.l, 6.0F);
 }
 
@@ -134,7 +129,7 @@ bool Same(const ProjectState& one, const ProjectState& other)
 {
     const std::vector<FieldRef> changed = ChangedInputs(one, other);
     return std::all_of(changed.begin(), changed.end(), [&](const FieldRef& ref) {
-        return !WithoutEffect(Tables(), other, IndexedName(*ref.field, ref.index)).empty();
+        return !WithoutEffect(Delivered(), other, IndexedName(*ref.field, ref.index)).empty();
     });
 }
 
@@ -147,7 +142,7 @@ TEST(MembersSheet, WrittenLineGivesTheMember)
         MembersSheet sheet = Sheet(kThree);
         const std::string before = sheet.Text();
         ProjectState wanted = *Base();
-        ASSERT_EQ(sheet.Member(Tables(), 0, wanted), "");
+        ASSERT_EQ(sheet.Member(Delivered(), 0, wanted), "");
         for (const auto& [name, text] :
              {std::pair<std::string, std::string>{"family", std::to_string(family.id)},
               {"l", "7.25"},
@@ -157,20 +152,21 @@ TEST(MembersSheet, WrittenLineGivesTheMember)
               {"steel", "S275"},
               {"supportcase", "2"},
               {"ident", "roof, \"B1\""}}) {
-            ASSERT_EQ(AssignField(Tables(), wanted, name, text, Assignment::checked), "") << name;
+            ASSERT_EQ(AssignField(Delivered(), wanted, name, text, Assignment::checked), "")
+                << name;
         }
-        Calculate(Tables(), wanted);
-        EXPECT_EQ(sheet.Write(Tables(), 0, *Base(), wanted), "");
+        Calculate(Delivered(), wanted);
+        EXPECT_EQ(sheet.Write(Delivered(), 0, *Base(), wanted), "");
         ProjectState given = *Base();
-        ASSERT_EQ(sheet.Member(Tables(), 0, given), "");
-        Calculate(Tables(), given);
+        ASSERT_EQ(sheet.Member(Delivered(), 0, given), "");
+        Calculate(Delivered(), given);
         EXPECT_EQ(given.l, 7.25F);
         EXPECT_TRUE(Same(given, wanted));
         // The file holds it, too, and the other lines are what they were.
         MembersSheet again = Sheet(sheet.Text());
         ProjectState read = *Base();
-        ASSERT_EQ(again.Member(Tables(), 0, read), "");
-        Calculate(Tables(), read);
+        ASSERT_EQ(again.Member(Delivered(), 0, read), "");
+        Calculate(Delivered(), read);
         EXPECT_TRUE(Same(read, wanted));
         EXPECT_EQ(sheet.At(1).record, "B2,IPE 200,6,10");
         sheet.Undo();
@@ -188,7 +184,7 @@ TEST(MembersSheet, LineWhoseQuotesCannotBeMeantIsKept)
     EXPECT_EQ(sheet.Text(), text);
     EXPECT_EQ(sheet.Cell(1, 0), "B2,\"IPE 300\" x,6");
     ProjectState s = *Base();
-    EXPECT_EQ(sheet.Member(Tables(), 1, s), "text after a closing quote");
+    EXPECT_EQ(sheet.Member(Delivered(), 1, s), "text after a closing quote");
     sheet.Set(1, 2, "8");
     EXPECT_EQ(sheet.Text(),
               "member,section,l\nB1,IPE 200,5\n\"B2,\"\"IPE 300\"\" x,6\",,8\nB3,\"HEA 200,7\n");
@@ -200,13 +196,13 @@ TEST(MembersSheet, WritesOnlyWhatHasChanged)
     MembersSheet sheet = Sheet("id,section,l,steel\nB1,ipe300,6.00,S 355\n");
     const std::string before = sheet.Text();
     ProjectState wanted = *Base();
-    ASSERT_EQ(sheet.Member(Tables(), 0, wanted), "");
-    Calculate(Tables(), wanted);
-    EXPECT_EQ(sheet.Write(Tables(), 0, *Base(), wanted), "");
+    ASSERT_EQ(sheet.Member(Delivered(), 0, wanted), "");
+    Calculate(Delivered(), wanted);
+    EXPECT_EQ(sheet.Write(Delivered(), 0, *Base(), wanted), "");
     EXPECT_EQ(sheet.Text(), before);
     EXPECT_FALSE(sheet.CanUndo());
-    ASSERT_EQ(AssignField(Tables(), wanted, "section", "IPE 330", Assignment::checked), "");
-    EXPECT_EQ(sheet.Write(Tables(), 0, *Base(), wanted), "");
+    ASSERT_EQ(AssignField(Delivered(), wanted, "section", "IPE 330", Assignment::checked), "");
+    EXPECT_EQ(sheet.Write(Delivered(), 0, *Base(), wanted), "");
     EXPECT_EQ(sheet.Text(), "id,section,l,steel\nB1,IPE 330,6.00,S 355\n");
 }
 
@@ -217,8 +213,8 @@ TEST(MembersRating, IsThatOfTheMember)
     for (std::size_t row = 0; row < sheet.rows(); ++row) {
         const LineRating rating = RateLine(SourceOf(sheet), sheet.Record(row), sheet.NameOf(row));
         ProjectState s = *Base();
-        ASSERT_EQ(sheet.Member(Tables(), row, s), "");
-        const Outcome outcome = OutcomeOf(s, Calculate(Tables(), s));
+        ASSERT_EQ(sheet.Member(Delivered(), row, s), "");
+        const Outcome outcome = OutcomeOf(s, Calculate(Delivered(), s));
         EXPECT_EQ(rating.answer.program.verdict, outcome.verdict) << row;
         EXPECT_EQ(rating.answer.program.ir, outcome.ir) << row;
         EXPECT_EQ(rating.rated(), outcome.rated()) << row;

@@ -2,7 +2,7 @@
 
 #include "app/batch.h"
 #include "app/unloaded_member.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gmock/gmock.h>
 
@@ -26,17 +26,12 @@ constexpr int kMembers = 20;
 constexpr int kMembers = 300;
 #endif
 
-const Library& Tables()
-{
-    return DeliveredTables();
-}
-
 SectionPool PoolOf(const std::vector<std::string>& words,
                    const std::vector<std::string>& ranges = {}, const std::string& keep = {})
 {
     SectionPool pool;
     for (const std::string& word : words) {
-        EXPECT_EQ(pool.Add(Tables(), word), "");
+        EXPECT_EQ(pool.Add(Delivered(), word), "");
     }
     for (const std::string& range : ranges) {
         EXPECT_EQ(pool.Range(range), "");
@@ -44,15 +39,15 @@ SectionPool PoolOf(const std::vector<std::string>& words,
     if (!keep.empty()) {
         EXPECT_EQ(pool.Keep(keep), "");
     }
-    EXPECT_EQ(pool.Finish(Tables()), "");
+    EXPECT_EQ(pool.Finish(Delivered()), "");
     return pool;
 }
 
 OptimizeAnswer Choose(const SectionPool& pool, const ProjectState& s,
                       const OptimizeWishes& wishes = {})
 {
-    Optimizer optimizer(Tables(), pool, wishes);
-    LoadRater member(Tables(), s);
+    Optimizer optimizer(Delivered(), pool, wishes);
+    LoadRater member(Delivered(), s);
     SectionRater* group[] = {&member};
     return optimizer.Choose(group);
 }
@@ -60,7 +55,7 @@ OptimizeAnswer Choose(const SectionPool& pool, const ProjectState& s,
 // A beam of 6 m with 12 kN/m that is held laterally.
 ProjectState Beam()
 {
-    ProjectState s = UnloadedMember(Tables());
+    ProjectState s = UnloadedMember(Delivered());
     SetFields(s, "l=6 qload[1]=12 ltb=0");
     return s;
 }
@@ -116,17 +111,17 @@ struct Rated {
 std::vector<Rated> BruteForce(const std::vector<std::string>& names, const std::string& line,
                               Bases bases)
 {
-    const ProjectState base = UnloadedMember(Tables());
+    const ProjectState base = UnloadedMember(Delivered());
     AnswerForm form;
     const bool both = bases != Bases::program;
     EXPECT_EQ(form.Choose(TableForm::csv,
                           both ? std::vector<std::string>{"weight", "ir_standard"}
                                : std::vector<std::string>{"weight"},
-                          &Tables()),
+                          &Delivered()),
               "");
     MemberColumns columns;
     EXPECT_EQ(columns.TakeHeader(std::string("section,") + kColumns), "");
-    BatchWorker worker(Tables(), base, form, Manner(Assignment::checked));
+    BatchWorker worker(Delivered(), base, form, Manner(Assignment::checked));
     BatchChunk chunk;
     chunk.columns = &columns;
     chunk.row = chunk.line = 1;
@@ -172,9 +167,9 @@ std::vector<std::string> NamesOf(const SectionPool& pool)
 {
     std::vector<std::string> names;
     for (const Candidate& candidate : pool.candidates()) {
-        ProjectState s = UnloadedMember(Tables());
-        pool.Apply(Tables(), s, candidate);
-        names.push_back(pool.NameOf(Tables(), s, candidate));
+        ProjectState s = UnloadedMember(Delivered());
+        pool.Apply(Delivered(), s, candidate);
+        names.push_back(pool.NameOf(Delivered(), s, candidate));
     }
     return names;
 }
@@ -194,10 +189,10 @@ TEST(Optimize, EqualsEverySectionThroughTheBatch)
         const SectionPool pool = PoolOf(words);
         const std::vector<Rated> expected = BruteForce(NamesOf(pool), line, bases);
 
-        ProjectState s = UnloadedMember(Tables());
+        ProjectState s = UnloadedMember(Delivered());
         MemberColumns columns;
         ASSERT_EQ(columns.TakeHeader(kColumns), "");
-        ASSERT_EQ(columns.Apply(Tables(), s, line, Manner(Assignment::checked)), "");
+        ASSERT_EQ(columns.Apply(Delivered(), s, line, Manner(Assignment::checked)), "");
         OptimizeWishes wishes;
         wishes.bases = bases;
         wishes.top = 3;
@@ -239,7 +234,7 @@ TEST(Optimize, TakesTheSteelsThatAreNamed)
     ProjectState s = Beam();
     SetFields(s, "loadcomb=5");
     const auto grade = [](std::string_view name) {
-        const auto& list = Tables().materials;
+        const auto& list = Delivered().materials;
         const auto at = std::find_if(list.begin(), list.end(),
                                      [&](const Material& m) { return m.name == name; });
         return static_cast<i16>(at - list.begin());
@@ -259,7 +254,7 @@ TEST(Optimize, TakesTheSteelsThatAreNamed)
     EXPECT_EQ(answer.found[1].name + answer.found[1].steelname, "IPE 200S355");
     EXPECT_EQ(answer.found[2].name + answer.found[2].steelname, "IPE 220S235");  // named first
     ProjectState given = s;
-    Optimizer(Tables(), pool, wishes).Give(given, answer.found[0]);
+    Optimizer(Delivered(), pool, wishes).Give(given, answer.found[0]);
     EXPECT_EQ(given.fykindex, grade("S355"));
     EXPECT_EQ(given.fyk, 355);
     EXPECT_EQ(given.family, 4);
@@ -316,12 +311,12 @@ TEST(Optimize, MoreFreedomIsNeverHeavier)
     Members members(11);
     const SectionPool small = PoolOf({"IPE"}), large = PoolOf({"IPE", "HEA", "RHS"});
     for (int i = 0; i < kMembers / 10; ++i) {
-        ProjectState s = UnloadedMember(Tables());
+        ProjectState s = UnloadedMember(Delivered());
         MemberColumns columns;
         ASSERT_EQ(columns.TakeHeader(kColumns), "");
         const std::string line = members.Line();
         SCOPED_TRACE(line);
-        ASSERT_EQ(columns.Apply(Tables(), s, line, Manner(Assignment::checked)), "");
+        ASSERT_EQ(columns.Apply(Delivered(), s, line, Manner(Assignment::checked)), "");
         OptimizeWishes wishes;
         wishes.bases = Bases::program;
         const auto mass = [&](const SectionPool& pool) {
@@ -357,8 +352,8 @@ TEST(Optimize, OneSectionForAGroupPassesForEach)
     SetFields(column, "qload[1]=1 nload[1]=400 l=8");
     const SectionPool pool = PoolOf({"IPE", "HEA"});
     const OptimizeWishes wishes;
-    Optimizer optimizer(Tables(), pool, wishes);
-    LoadRater a(Tables(), light), b(Tables(), heavy), c(Tables(), column);
+    Optimizer optimizer(Delivered(), pool, wishes);
+    LoadRater a(Delivered(), light), b(Delivered(), heavy), c(Delivered(), column);
     SectionRater* group[] = {&a, &b, &c};
     const OptimizeAnswer answer = optimizer.Choose(group);
     ASSERT_EQ(answer.found.size(), 1U);
@@ -367,7 +362,7 @@ TEST(Optimize, OneSectionForAGroupPassesForEach)
     for (SectionRater* member : group) {
         ProjectState s = member->member();
         optimizer.Give(s, answer.found[0]);
-        LoadRater rater(Tables(), s);
+        LoadRater rater(Delivered(), s);
         const RatedCandidate present = optimizer.Present(rater);
         EXPECT_TRUE(present.passes);
         EXPECT_LE(present.ir, answer.found[0].ir);
@@ -381,9 +376,9 @@ TEST(Optimize, OneSectionForAGroupPassesForEach)
 TEST(Optimize, ChoosesByWhatIsAsked)
 {
     SectionPool pool;
-    ASSERT_EQ(pool.AddPrices(Tables(), "section,price/kg\nIPE,2\nHEA,1\nHE 160 A,0.5\n", "p.csv"),
-              "");
-    ASSERT_EQ(pool.Finish(Tables()), "");
+    ASSERT_EQ(
+        pool.AddPrices(Delivered(), "section,price/kg\nIPE,2\nHEA,1\nHE 160 A,0.5\n", "p.csv"), "");
+    ASSERT_EQ(pool.Finish(Delivered()), "");
     OptimizeWishes all;
     all.bases = Bases::program;
     all.top = 1000;
@@ -420,7 +415,7 @@ TEST(Optimize, ChoosesByWhatIsAsked)
 class CountingRater : public CaseRater {
 public:
     CountingRater(const ProjectState& member, std::span<CaseRows> cases, bool bounded)
-        : CaseRater(Tables(), member, cases), bounded_(bounded)
+        : CaseRater(Delivered(), member, cases), bounded_(bounded)
     {
     }
     bool MayPass(const SectionFigures& figures, double strength, double limit) const override
@@ -472,7 +467,7 @@ TEST(Optimize, APrunedGridGivesWhatTheWholeGridGives)
                "p23.ista");
     int bounded_ratings = 0, ratings = 0, found = 0;
     for (int i = 0; i < kMembers / 10; ++i) {
-        ProjectState s = UnloadedMember(Tables());
+        ProjectState s = UnloadedMember(Delivered());
         SetFields(s, "l=4 ltb=0 p23.ista=0");
         const std::vector<CaseRows> cases = RandomCases(members, s.l, members.Between(50, 2500));
         OptimizeWishes wishes;
@@ -484,7 +479,7 @@ TEST(Optimize, APrunedGridGivesWhatTheWholeGridGives)
             std::vector<CaseRows> own = cases;
             CountingRater member(s, own, bounded);
             SectionRater* group[] = {&member};
-            answer[bounded ? 1 : 0] = Optimizer(Tables(), pool, wishes).Choose(group);
+            answer[bounded ? 1 : 0] = Optimizer(Delivered(), pool, wishes).Choose(group);
             (bounded ? bounded_ratings : ratings) += member.ratings;
         }
         ASSERT_EQ(answer[0].found.size(), answer[1].found.size());
@@ -509,24 +504,24 @@ TEST(SectionPool, HoldsEveryCombination)
     const SectionPool pool = PoolOf({"21"}, {"p21.isth=200:300:50", "p21.istb1=100,150",
                                              "p21.isttw=5,6", "p21.isttf=plates:8:12"});
     EXPECT_EQ(pool.candidates().size(), 3U * 2 * 2 * 3);
-    ProjectState s = UnloadedMember(Tables());
-    ASSERT_TRUE(pool.Apply(Tables(), s, pool.candidates().back()));
+    ProjectState s = UnloadedMember(Delivered());
+    ASSERT_TRUE(pool.Apply(Delivered(), s, pool.candidates().back()));
     EXPECT_EQ(s.family, 21);
     EXPECT_EQ(s.p21.isth, 300);
     EXPECT_EQ(s.p21.istb1, 150);
     EXPECT_EQ(s.p21.isttw, 6);
     EXPECT_EQ(s.p21.isttf, 12);
-    EXPECT_EQ(pool.NameOf(Tables(), s, pool.candidates().back()), "I 300x150x6x12");
+    EXPECT_EQ(pool.NameOf(Delivered(), s, pool.candidates().back()), "I 300x150x6x12");
     // A of two flanges 150 x 12 and a web 276 x 6.
-    EXPECT_EQ(FiguresOf(Tables(), s)->area, 2 * 150 * 12 + 276 * 6);
+    EXPECT_EQ(FiguresOf(Delivered(), s)->area, 2 * 150 * 12 + 276 * 6);
 }
 
 TEST(SectionPool, KeepsTheDimensionsOfTheMember)
 {
     const SectionPool pool = PoolOf({"28"}, {"p28.isttw=10,20"}, "p28.isth");
-    ProjectState s = UnloadedMember(Tables());
+    ProjectState s = UnloadedMember(Delivered());
     SetFields(s, "p28.isth=77");
-    ASSERT_TRUE(pool.Apply(Tables(), s, pool.candidates().front()));
+    ASSERT_TRUE(pool.Apply(Delivered(), s, pool.candidates().front()));
     EXPECT_EQ(s.p28.isth, 77);
     EXPECT_EQ(s.p28.isttw, 10);
 }
@@ -549,16 +544,16 @@ TEST(SectionPool, RefusesSizesThatAreNone)
                                      {"p21.isth=10", "h >= 20"},
                                      {"p21.isth=plates:200:300", "no sizes"}}) {
         SectionPool pool;
-        ASSERT_EQ(pool.Add(Tables(), "21"), "");
+        ASSERT_EQ(pool.Add(Delivered(), "21"), "");
         ASSERT_EQ(pool.Range(range), "");
         ASSERT_EQ(pool.Range("p21.istb1=100"), "");
-        EXPECT_THAT(pool.Finish(Tables()), HasSubstr(why)) << range;
+        EXPECT_THAT(pool.Finish(Delivered()), HasSubstr(why)) << range;
     }
     SectionPool pool;
     EXPECT_THAT(pool.Range("p21.isth"), HasSubstr("expected FIELD="));
     ASSERT_EQ(pool.Range("p21.isth=200"), "");
     EXPECT_EQ(pool.Range("p21.isth=300"), "p21.isth: is given twice");
-    EXPECT_EQ(pool.Finish(Tables()), "the pool is empty");
+    EXPECT_EQ(pool.Finish(Delivered()), "the pool is empty");
 }
 
 TEST(SectionPool, NamesTheLineOfAPriceAtFault)
@@ -577,7 +572,7 @@ TEST(SectionPool, NamesTheLineOfAPriceAtFault)
           {"section,price/kg\n\"IPE,1\n", "p.csv:2: a quote is not closed"},
           {"", "p.csv:1: "}}) {
         SectionPool pool;
-        EXPECT_THAT(pool.AddPrices(Tables(), text, "p.csv"), HasSubstr(why)) << text;
+        EXPECT_THAT(pool.AddPrices(Delivered(), text, "p.csv"), HasSubstr(why)) << text;
     }
 }
 
@@ -585,16 +580,16 @@ TEST(SectionPool, NamesTheLineOfAPriceAtFault)
 TEST(SectionPool, TakesTheClosestPrice)
 {
     SectionPool pool;
-    ASSERT_EQ(pool.AddPrices(Tables(),
+    ASSERT_EQ(pool.AddPrices(Delivered(),
                              "section,price/m,steel\nIPE,1,\nIPE,2,S355\nIPE 300,3,\n"
                              "HEA,4,S235\n",
                              "p.csv"),
               "");
-    ASSERT_EQ(pool.Finish(Tables()), "");
+    ASSERT_EQ(pool.Finish(Delivered()), "");
     const auto price = [&](std::string_view name, std::string_view steel) {
         for (const Candidate& candidate : pool.candidates()) {
-            if (pool.NameOf(Tables(), {}, candidate) == name) {
-                const auto& list = Tables().materials;
+            if (pool.NameOf(Delivered(), {}, candidate) == name) {
+                const auto& list = Delivered().materials;
                 const auto at = std::find_if(list.begin(), list.end(),
                                              [&](const Material& m) { return m.name == steel; });
                 const auto found = pool.PriceOf(candidate, static_cast<int>(at - list.begin()));

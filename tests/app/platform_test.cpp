@@ -1,6 +1,6 @@
 #include "app/platform.h"
 
-#include "sections/load_library.h"
+#include "support/delivered.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

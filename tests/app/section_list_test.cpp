@@ -34,7 +34,7 @@ TEST(SectionList, RatesEveryRowAsIfItWereChosen)
             continue;
         }
         ChooseFamily(program.session, family);
-        const auto sections = RateSections(Tables(), program.state());
+        const auto sections = RateSections(Delivered(), program.state());
         const Table table = TableOf(program.state());
         ASSERT_EQ(static_cast<int>(sections.size()), RowCount(table));
         for (const RatedSection& section : sections) {
@@ -47,7 +47,7 @@ TEST(SectionList, RatesEveryRowAsIfItWereChosen)
         }
     }
     ChooseFamily(program.session, 21);
-    EXPECT_TRUE(RateSections(Tables(), program.state()).empty());
+    EXPECT_TRUE(RateSections(Delivered(), program.state()).empty());
 }
 
 // Masses and heights of EN 10365: IPE 300 has 42.2 kg/m and 300 mm, HEA 200 190 mm.
@@ -55,18 +55,18 @@ TEST(SectionList, GivesMassAndHeight)
 {
     Program program;
     ChooseFamily(program.session, 4);
-    const auto sections = RateSections(Tables(), program.state());
+    const auto sections = RateSections(Delivered(), program.state());
     EXPECT_NEAR(Named(sections, "IPE 300").mass, 42.2, 0.1);
     EXPECT_EQ(Named(sections, "IPE 300").height, 300);
     ChooseFamily(program.session, 1);
-    EXPECT_EQ(Named(RateSections(Tables(), program.state()), "HEA 200").height, 190);
+    EXPECT_EQ(Named(RateSections(Delivered(), program.state()), "HEA 200").height, 190);
 }
 
 TEST(SectionList, LeavesTheMemberAlone)
 {
     Program program;
     const ProjectState before = program.state();
-    RateSections(Tables(), program.state());
+    RateSections(Delivered(), program.state());
     EXPECT_TRUE(program.state() == before);
 }
 
@@ -132,12 +132,12 @@ TEST(StandardRatings, AreTheResultOfTheMemberWithTheRow)
 {
     Program program;
     const ProjectState& s = program.state();
-    for (RatedSection section : RateSections(Tables(), s)) {
+    for (RatedSection section : RateSections(Delivered(), s)) {
         ProjectState member = s;
         member.row[static_cast<std::size_t>(TableOf(s))] = section.row;
-        const auto result = standard::CalculateStandard(Tables(), member);
+        const auto result = standard::CalculateStandard(Delivered(), member);
         EXPECT_EQ(StandardRatioText(section), "");
-        section.standard = RateByStandard(Tables(), s, section.row);
+        section.standard = RateByStandard(Delivered(), s, section.row);
         EXPECT_EQ(section.standard.ir, result.ir) << section.name;
         EXPECT_EQ(section.standard.passes(), result.rated && !result.above);
         EXPECT_EQ(StandardRatioText(section).ends_with(" > limit"), result.above);

@@ -6,7 +6,7 @@
 #include "core/field_table.h"
 #include "core/project_state.h"
 #include "core/recent_files.h"
-#include "sections/load_library.h"
+#include "support/delivered.h"
 
 #include <gtest/gtest.h>
 
@@ -102,19 +102,13 @@ private:
     std::map<std::string, std::string> values_;
 };
 
-inline const Library& Tables()
-{
-    static const Library kLibrary = LoadLibrary(KESTRUM_SHARE);
-    return kLibrary;
-}
-
 // A started program, with the pass that showing its window runs.
 struct Program {
     ScriptedSurroundings desk;
     MemoryStore store;
     Session session;
 
-    explicit Program(bool decimalcomma = false) : session(Tables(), desk, decimalcomma)
+    explicit Program(bool decimalcomma = false) : session(Delivered(), desk, decimalcomma)
     {
         session.Calculate();
     }

@@ -127,7 +127,7 @@ double Typed(std::string text, const Box& box)
 void Prepare(Program& program, const Box& box)
 {
     if (box.field == "fyk") {
-        ChooseMaterial(program.session, LastMaterial(Tables()));
+        ChooseMaterial(program.session, LastMaterial(Delivered()));
     }
 }
 

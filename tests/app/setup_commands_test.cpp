@@ -205,7 +205,7 @@ TEST(SaveAsDefault, IsWhatTheNextStartReads)
     program.Type("setup", "idef_limity", "250");
     const std::string data = folder.File("data/of the user");  // made when it is missing
     EXPECT_TRUE(SaveAsDefault(program.session, data));
-    Library library = Tables();
+    Library library = Delivered();
     library.setup = ReadBytes(data + "/" + std::string(kSetupFile));
     ProjectState next{};
     StartUp(library, next);

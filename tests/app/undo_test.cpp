@@ -276,7 +276,7 @@ TEST(Undo, SaysWhatIsAllowedWithItsUnit)
         std::string Date() override { return {}; }
         std::string Time() override { return {}; }
     } desk;
-    Session session(Tables(), desk, true);
+    Session session(Delivered(), desk, true);
     session.CommitBox(*FindBox("kestrum", "il"), 0, "0,01");
     session.CommitBox(*FindBox("setup", "ifyk"), 0, "20");
     session.CommitBox(*FindBox("Loading", "inn"), 1, "abc");

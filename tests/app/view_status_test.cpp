@@ -52,7 +52,7 @@ TEST(Status, SaysWhatIsBeingLookedAt)
     OpenEndForcesFromMenu(program.session);
     EXPECT_THAT(program.Status().facts, HasSubstr("given end forces"));
     ChooseFamily(program.session, 21);
-    EXPECT_THAT(program.Status().facts, StartsWith(SectionName(Tables(), program.state())));
+    EXPECT_THAT(program.Status().facts, StartsWith(SectionName(Delivered(), program.state())));
 }
 
 TEST(Status, CopiesVerdictAndPanel)
@@ -63,7 +63,7 @@ TEST(Status, CopiesVerdictAndPanel)
     EXPECT_THAT(text, HasSubstr(program.Head()));
     EXPECT_THAT(text, ::testing::EndsWith(PanelText(program.session.shown())));
     Member comma;
-    Session german(Tables(), comma.desk, true);
+    Session german(Delivered(), comma.desk, true);
     german.Calculate();
     EXPECT_THAT(ResultsAsText(german), HasSubstr("88,3 kg/m"));
 }
@@ -201,7 +201,7 @@ TEST(Status, SaysThatTheFileIsGone)
 // A damaged setup that the start has found, for as long as the program runs.
 TEST(Status, SaysWhatTheStartCouldNotUse)
 {
-    Library library = Tables();
+    Library library = Delivered();
     library.faults = {"/data/KestrumEC3Setup.dat: line 9: is damaged; the delivered one counts"};
     ScriptedSurroundings desk;
     Session session(library, desk, false);

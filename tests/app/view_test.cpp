@@ -139,7 +139,7 @@ TEST(SectionForm, ShowsAPublishedProfile)
 {
     Program program;
     int row = 0;
-    while (RowName(Tables(), Table::hea, row) != "HEA 200") {
+    while (RowName(Delivered(), Table::hea, row) != "HEA 200") {
         ASSERT_LT(++row, RowCount(Table::hea));
     }
     ChooseRow(program.session, Table::hea, row);
@@ -159,7 +159,7 @@ TEST(SectionForm, ShowsAPublishedProfile)
     const auto capacities = SectionCapacities(s);
     EXPECT_NEAR(std::stod(ValueOf(capacities, "ontd")), 1911, 2);
     EXPECT_NEAR(std::stod(ValueOf(capacities, "omyd")), 152.5, 0.2);
-    EXPECT_EQ(SectionName(Tables(), s), "HEA 200");
+    EXPECT_EQ(SectionName(Delivered(), s), "HEA 200");
 }
 
 // About z a stiffened plate shows its stiffener alone: 100x16 and 284x11.5, see the printed page.
@@ -180,7 +180,7 @@ TEST(SectionForm, ShowsTheSmallerModuliOfAnAngle)
     program.edit().nload[1] = 1;
     ChooseFamily(program.session, 10);
     int row = 0;
-    while (RowName(Tables(), Table::l1, row).find("100x10") == std::string::npos) {
+    while (RowName(Delivered(), Table::l1, row).find("100x10") == std::string::npos) {
         ASSERT_LT(++row, RowCount(Table::l1));
     }
     ChooseRow(program.session, Table::l1, row);
@@ -218,7 +218,7 @@ TEST(SectionForm, EveryFamilyHasATitleAndFilledValues)
         SCOPED_TRACE(family.id);
         const ProjectState s = Calculated(family.id);
         EXPECT_FALSE(SectionTitle(family.id).empty());
-        EXPECT_FALSE(SectionName(Tables(), s).empty());
+        EXPECT_FALSE(SectionName(Delivered(), s).empty());
         for (const auto& values :
              {SectionDimensions(s), SectionProperties(s), SectionCapacities(s)}) {
             std::set<std::string_view> ids;
@@ -350,7 +350,7 @@ TEST(PanelBars, BelongToTheirRows)
 ProjectState Beam()
 {
     ProjectState s{};
-    StartUp(Tables(), s);
+    StartUp(Delivered(), s);
     s.l = 6;
     s.nload = {};
     s.qload[1] = 10;
@@ -358,14 +358,14 @@ ProjectState Beam()
     s.qtype[2] = 1;
     s.loadcomb = kEq610;
     s.checksls = kTrue;
-    Calculate(Tables(), s);
+    Calculate(Delivered(), s);
     return s;
 }
 
 TEST(StandardGroups, TheLargestOfThemIsTheResult)
 {
     const ProjectState s = Beam();
-    const auto result = standard::CalculateStandard(Tables(), s);
+    const auto result = standard::CalculateStandard(Delivered(), s);
     double largest = 0;
     for (const StandardGroup& group : StandardGroups(s, result)) {
         EXPECT_TRUE(group.present);
@@ -381,7 +381,7 @@ TEST(StandardGroups, StandBesideTheBlocksOfEveryFamily)
 {
     for (const FamilyTraits& family : Families()) {
         const ProjectState s = Calculated(family.id);
-        const auto result = standard::CalculateStandard(Tables(), s);
+        const auto result = standard::CalculateStandard(Delivered(), s);
         std::size_t present = 0, beside = 0;
         for (const StandardGroup& group : StandardGroups(s, result)) {
             present += group.present ? 1 : 0;
@@ -400,10 +400,10 @@ TEST(StandardGroups, StandBesideTheBlocksOfEveryFamily)
 TEST(Combinations, HaveTheirFactorsAndOneGoverns)
 {
     const ProjectState s = Beam();
-    const auto result = standard::CalculateStandard(Tables(), s);
+    const auto result = standard::CalculateStandard(Delivered(), s);
     std::set<std::string> factors;
     int governing = 0;
-    for (const CombinationRow& row : CombinationRows(Tables(), s)) {
+    for (const CombinationRow& row : CombinationRows(Delivered(), s)) {
         factors.insert(row.g + " " + row.q1);
         governing += row.governs ? 1 : 0;
         if (row.governs) {
@@ -422,11 +422,11 @@ TEST(Deviations, AreListedByCostAndExplained)
     ProjectState loaded = s;
     loaded.nload[1] = 300;
     loaded.selfweight = 1;
-    ASSERT_TRUE(Calculate(Tables(), loaded));
+    ASSERT_TRUE(Calculate(Delivered(), loaded));
     const ProjectState given = AsGiven(loaded);
-    auto result = standard::CalculateStandard(Tables(), given);
+    auto result = standard::CalculateStandard(Delivered(), given);
     const auto notes = DeviationRows(result, false, &loaded);
-    standard::CalculateCosts(Tables(), given, &loaded, result);
+    standard::CalculateCosts(Delivered(), given, &loaded, result);
     const auto rows = DeviationRows(result, true, &loaded);
     ASSERT_FALSE(result.deviations.empty());
     for (const DeviationRow& note : notes) {
@@ -437,7 +437,7 @@ TEST(Deviations, AreListedByCostAndExplained)
     ASSERT_TRUE(rows[0].acts);
     EXPECT_EQ(*rows[0].acts, result.deviations[0].deviation);
     const Explanation why =
-        Explain(Tables(), given, &loaded, result, result.deviations[0].deviation);
+        Explain(Delivered(), given, &loaded, result, result.deviations[0].deviation);
     EXPECT_EQ(why.head, rows[0].id);
     ASSERT_GT(why.checks.size(), 1U);
     EXPECT_EQ(why.checks[0].written, RatioFigure(result.ir, result.above));

@@ -1,6 +1,6 @@
 #include "app/without_effect.h"
 
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@ namespace {
 
 std::string Why(const std::string& project, const char* name)
 {
-    return WithoutEffect(DeliveredTables(), MemberOf(project), name);
+    return WithoutEffect(Delivered(), Member(project), name);
 }
 
 TEST(WithoutEffect, IsSilentAboutWhatCounts)

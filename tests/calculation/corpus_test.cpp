@@ -7,7 +7,7 @@
 #include "document/markdown_writer.h"
 #include "document/odt_writer.h"
 #include "document/page_layout.h"
-#include "support/member.h"
+#include "support/members.h"
 #include "support/printed_formula.h"
 #include "support/report_lines.h"
 #include "tools/random_member.h"
@@ -68,11 +68,11 @@ void ExpectOnPaper(const LaidOut& laid)
 ProjectState MemberOfNumber(std::size_t number)
 {
     if (number % 3 == 0) {
-        return RandomMember(DeliveredTables(), number);
+        return RandomMember(Delivered(), number);
     }
-    ProjectState s = MemberOf("qload[1]=0 nload[1]=0");
-    for (const Entry& entry : RealisticMember(DeliveredTables(), static_cast<unsigned>(number))) {
-        AssignField(DeliveredTables(), s, entry.name, entry.value, Assignment::checked);
+    ProjectState s = Member("qload[1]=0 nload[1]=0");
+    for (const Entry& entry : RealisticMember(Delivered(), static_cast<unsigned>(number))) {
+        AssignField(Delivered(), s, entry.name, entry.value, Assignment::checked);
     }
     return s;
 }
@@ -84,7 +84,7 @@ TEST(Corpus, RandomMembersAreReportedInEveryForm)
         SCOPED_TRACE(number);
         ReportedMember member{.project = MemberOfNumber(number)};
         member.vortex = number % 2 == 0;
-        const Document document = CalculationReport(DeliveredTables(), {&member, 1});
+        const Document document = CalculationReport(Delivered(), {&member, 1});
         for (const Printed& printed : PrintedOf(WriteMarkdown(document))) {
             if (printed.calculation.empty()) {
                 continue;

@@ -4,7 +4,7 @@
 #include "document/html_writer.h"
 #include "document/odt_writer.h"
 #include "document/page_layout.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gmock/gmock.h>
 
@@ -43,13 +43,13 @@ Document Book()
                               "deflimity=300 deflimitz=300 loadmode=1 ";
     const std::array<ReportedMember, 3> members{
         ReportedMember{.file = "a.kst",
-                       .project = MemberOf(steel + "family=1 row.hea=6 l=5 "
-                                                   "nload[1]=150 qload[1]=8 ltb=1")},
+                       .project = Member(steel + "family=1 row.hea=6 l=5 "
+                                                 "nload[1]=150 qload[1]=8 ltb=1")},
         ReportedMember{.file = "b & <c>.kst",
-                       .project = MemberOf(steel + "family=4 row.ipe=10 l=8 qload[1]=9 ltb=1")},
+                       .project = Member(steel + "family=4 row.ipe=10 l=8 qload[1]=9 ltb=1")},
         ReportedMember{.file = "c.kst",
-                       .project = MemberOf(steel + "family=10 row.l1=50 l=2 nload[1]=20")}};
-    return CalculationReport(DeliveredTables(), members);
+                       .project = Member(steel + "family=10 row.l1=50 l=2 nload[1]=20")}};
+    return CalculationReport(Delivered(), members);
 }
 
 TEST(Links, OfHtmlLeadToTargetsThatExist)

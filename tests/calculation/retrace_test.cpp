@@ -9,7 +9,7 @@
 #include "document/markdown_writer.h"
 #include "standard/lateral_study.h"
 #include "standard/standard.h"
-#include "support/member.h"
+#include "support/members.h"
 #include "support/printed_formula.h"
 #include "support/report_lines.h"
 
@@ -33,7 +33,7 @@ ProjectState ProjectOf(const fs::path& path)
 {
     std::ifstream file(path, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     EXPECT_FALSE(ReadProject(s, bytes)) << path;
     return s;
 }
@@ -45,7 +45,7 @@ constexpr const char* kSettings = "annexcode=EU fykindex=2 e=210000 gammam0=1 ga
 std::string MarkdownOf(const ProjectState& s)
 {
     const ReportedMember member{.project = s};
-    return WriteMarkdown(CalculationReport(DeliveredTables(), {&member, 1}));
+    return WriteMarkdown(CalculationReport(Delivered(), {&member, 1}));
 }
 
 std::vector<Printed> ReportOf(const ProjectState& s)
@@ -167,9 +167,9 @@ TEST(Retrace, ResultsAreThoseOfTheRecord)
         "family=1 row.hea=6 l=5 nload[1]=150 qload[1]=8 qload[2]=2 qdir[2]=0 "
         "ltb=1 loadlevel=1 ";
     for (const char* const method : {"method=1", "method=2"}) {
-        const ProjectState input = MemberOf(kSettings + member + method);
+        const ProjectState input = Member(kSettings + member + method);
         ProjectState s = input;
-        ASSERT_TRUE(Calculate(DeliveredTables(), s)) << FailureText(s.failure);
+        ASSERT_TRUE(Calculate(Delivered(), s)) << FailureText(s.failure);
         ASSERT_GT(s.ned, 0);
         std::map<std::string, Printed> found;
         for (const Printed& printed : ReportOf(input)) {
@@ -196,12 +196,12 @@ TEST(Retrace, ResultsAreThoseOfTheRecord)
 TEST(LateralStudy, TheShapeIsZeroWhereTheMemberIsHeld)
 {
     const ProjectState s =
-        MemberOf(std::string(kSettings) + "family=4 row.ipe=10 l=10 qload[1]=10 ltb=1 "
-                                          "restraints=1 loadlevel=2 loadmode=1 nload[1]=0");
-    const auto result = standard::CalculateStandard(DeliveredTables(), s);
+        Member(std::string(kSettings) + "family=4 row.ipe=10 l=10 qload[1]=10 ltb=1 "
+                                        "restraints=1 loadlevel=2 loadmode=1 nload[1]=0");
+    const auto result = standard::CalculateStandard(Delivered(), s);
     const standard::Check& check = result.checks[standard::CheckId::ltb];
     ASSERT_TRUE(check.present);
-    const auto study = standard::LateralStudyOf(DeliveredTables(), s, check.load_case);
+    const auto study = standard::LateralStudyOf(Delivered(), s, check.load_case);
     ASSERT_TRUE(study && study->numerical);
     const BucklingShape& shape = study->numerical->shape;
     for (const std::size_t held : {0U, 25U, 50U}) {
@@ -255,7 +255,7 @@ TEST(CheckEquations, EndWithTheRatioOfTheCheck)
             continue;
         }
         ProjectState s = ProjectOf(entry.path());
-        ASSERT_TRUE(Calculate(DeliveredTables(), s));
+        ASSERT_TRUE(Calculate(Delivered(), s));
         for (std::size_t i = 1; i < kChecks; ++i) {
             const auto id = static_cast<CheckId>(i);
             const CheckNode node = EquationsOf(s, id);
@@ -292,10 +292,10 @@ TEST(CalculationReport, ReactionsHoldTheLoads)
 {
     const std::string member =
         std::string(kSettings) + "family=1 row.hea=6 l=4 nload[1]=0 qload[1]=10 selfweight=0 ";
-    EXPECT_NE(MarkdownOf(MemberOf(member + "supportcase=0"))
+    EXPECT_NE(MarkdownOf(Member(member + "supportcase=0"))
                   .find("| G | 0 | 20 | 20 | 0 | 0 | 0 | 0 | 0 | 0 |"),
               std::string::npos);
-    EXPECT_NE(MarkdownOf(MemberOf(member + "supportcase=4"))
+    EXPECT_NE(MarkdownOf(Member(member + "supportcase=4"))
                   .find("| G | 0 | 40 | 0 | -80 | 0 | 0 | 0 | 0 | 0 |"),
               std::string::npos);
 }
@@ -304,7 +304,7 @@ TEST(CalculationReport, ReactionsHoldTheLoads)
 TEST(CalculationReport, OfAnUnstableMemberHasItsVerdict)
 {
     const ProjectState s =
-        MemberOf(std::string(kSettings) + "family=1 row.hea=0 l=12 nload[1]=5000 qload[1]=5");
+        Member(std::string(kSettings) + "family=1 row.hea=0 l=12 nload[1]=5000 qload[1]=5");
     const std::string text = MarkdownOf(s);
     EXPECT_NE(text.find("unstable"), std::string::npos);
     EXPECT_EQ(text.find("\n## Flexural buckling\n"), std::string::npos);

@@ -2,8 +2,7 @@
 
 #include "core/project_state.h"
 #include "design/hollow_section.h"
-#include "sections/hollow.h"
-#include "support/welded_design.h"
+#include "support/welded.h"
 
 #include <gtest/gtest.h>
 
@@ -16,22 +15,22 @@ using namespace kestrum;
 // chi 1.042, Vbw 2392; c = 5000*(0.25 + 384000/6272000) = 1556, Vbf 54.75.
 TEST(UnequalBox, DefaultResistances)
 {
-    ProjectState s = welded::Prepared(27);
+    Member s = welded::Default(27).Designed();
     EXPECT_EQ(s.classmytop, 1);
     EXPECT_EQ(s.classmybot, 1);
     EXPECT_NEAR(s.myrd, 3027, 1);
     EXPECT_NEAR(s.mfrd, 580 * 20 * 600 * 355e-6, 1e-6 * s.mfrd);
     EXPECT_NEAR(s.vzrd, 2392, 1);
-    welded::Control(s, {0, 0, 0, 100, 0});
+    Control(s, {0, 0, 0, 100, 0});
     EXPECT_NEAR(s.vbrd, 2446, 1);
     EXPECT_EQ(s.flangefactor, 0);
 }
 
 TEST(UnequalBox, EqualFlangesGiveEqualSigns)
 {
-    ProjectState s = welded::Default(27);
+    Member s = welded::Default(27);
     s.p27 = {900, 700, 700, 6, 12, 12, 50};
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(s.classmytop, s.classmybot);
     EXPECT_FLOAT_EQ(s.weffytop1, s.weffybot1);
     EXPECT_FLOAT_EQ(s.weffytop2, s.weffybot2);
@@ -47,16 +46,13 @@ TEST(UnequalBox, EqualFlangesAreTheDoubleSymmetricBox)
         float tw, tf;
     };
     for (const Case c : {Case{20, 25}, Case{6, 25}, Case{6, 12}}) {
-        ProjectState s = welded::Default(27);
+        Member s = welded::Default(27);
         s.p27 = {700, 600, 600, c.tw, c.tf, c.tf, 30};
         s.neta = 1;
-        welded::Prepare(s);
-        ProjectState twin = welded::Default(23);
+        Design(s);
+        Member twin = welded::Default(23).Section(FormP23{700, 600, c.tw, c.tf, 30});
         twin.neta = 1;
-        twin.p23 = {700, 600, c.tw, c.tf, 30};
-        PropertiesBox(Library{}, twin, twin);
-        CalcEffectiveHollow(twin, twin);
-        CalcResistanceHollow(twin, twin, twin, twin);
+        Design(twin);
         const auto near = [&](double a, double b, double rel) {
             EXPECT_NEAR(a, b, rel * std::abs(b)) << c.tw << ' ' << c.tf;
         };
@@ -78,31 +74,31 @@ TEST(UnequalBox, EqualFlangesAreTheDoubleSymmetricBox)
 // Unequal flanges: the weaker one, 500*10 = 5000 against 600*20, on the arm 600 - 5 - 10.
 TEST(UnequalBox, FlangeMomentTakesTheWeakerFlange)
 {
-    ProjectState s = welded::Default(27);
+    Member s = welded::Default(27);
     s.p27 = {600, 600, 500, 10, 20, 10, 60};
-    welded::Prepare(s);
+    Design(s);
     EXPECT_NEAR(s.mfrd, 5000 * 585 * 355e-6, 1e-6 * s.mfrd);
 }
 
 // Overhangs of 200/20 = 10 are class 3 in S355 (9.2 eps limit 2, 11.4 limit 3).
 TEST(UnequalBox, OutstandsAreClassified)
 {
-    ProjectState s = welded::Default(27);
+    Member s = welded::Default(27);
     s.p27 = {600, 900, 900, 20, 20, 20, 200};
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(ClassBox(s, s, true), 3);
     s.p27.istc = 140;  // 7 < 9 eps = 7.3, but 580/20 = 29: class 2
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(ClassBox(s, s, true), 2);
 }
 
 // No upgrade of a class 3 web: that is for the hat beams.
 TEST(UnequalBox, KnowsNoUpgrade)
 {
-    ProjectState s = welded::Default(27);
+    Member s = welded::Default(27);
     s.p27 = {800, 500, 500, 8, 20, 20, 25};  // d/tw 95: between 83 eps = 67.5 and 124 eps = 100.9
     s.class23 = 0;
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(s.classmytop, 3);
     EXPECT_EQ(s.wytop, s.wely);
 }
@@ -110,9 +106,9 @@ TEST(UnequalBox, KnowsNoUpgrade)
 // Neither a stored flange loading nor its option touches the box.
 TEST(UnequalBox, FlangeLoadingIsNotAsked)
 {
-    ProjectState s = welded::Prepared(27);
+    Member s = welded::Default(27).Designed();
     s.qsum = 1e6;
-    welded::Control(s, {0, 100, 0, 10, 0});
+    Control(s, {0, 100, 0, 10, 0});
     EXPECT_NEAR(s.irrow1, 100 / (s.wytop * 355e-6), 1e-6);
     EXPECT_FALSE(s.flangeoverload);
     EXPECT_EQ(s.hsqopt, 0);
@@ -120,9 +116,9 @@ TEST(UnequalBox, FlangeLoadingIsNotAsked)
 
 TEST(UnequalBox, D189AxialForceAndBendingAboutZAreNotControlled)
 {
-    ProjectState with = welded::Prepared(27), without = welded::Prepared(27);
-    welded::Control(with, {5000, 1000, 400, 300, 200});
-    welded::Control(without, {0, 1000, 0, 300, 0});
+    Member with = welded::Default(27).Designed(), without = welded::Default(27).Designed();
+    Control(with, {5000, 1000, 400, 300, 200});
+    Control(without, {0, 1000, 0, 300, 0});
     EXPECT_EQ(with.irsection, without.irsection);
     EXPECT_EQ(with.vbrd, without.vbrd);
     EXPECT_TRUE(with.checklist == without.checklist);

@@ -4,7 +4,7 @@
 #include "core/project_state.h"
 #include "design/class_i.h"
 
-#include "support/end_forces.h"
+#include "support/members.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -19,8 +19,7 @@ constexpr float kJustAbove = 1 + 1e-6F;
 // second moments are so large that moments give no stress, unless a test sets others.
 ProjectState Section(float web, float flange)
 {
-    ProjectState s{};
-    SetSteel(s, 235);
+    ProjectState s = Member::Bare().Steel(235);
     s.h = 102;
     s.b = 100;
     s.tf = 1;

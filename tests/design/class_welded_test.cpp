@@ -1,7 +1,7 @@
 #include "design/class_welded.h"
 
 #include "core/project_state.h"
-#include "support/welded_design.h"
+#include "support/welded.h"
 
 #include <gtest/gtest.h>
 
@@ -71,9 +71,9 @@ TEST(ClassWelded, WebInBendingLimitsBelongToTheBetterClass)
 // 0.7749, the limit 40.89.
 TEST(ClassWelded, D165AlphaRefersToTheClearWeb)
 {
-    ProjectState s = welded::Default(22);
+    Member s = welded::Default(22);
     s.p22.isttw = 13.3F;
-    welded::Prepare(s);
+    Design(s);
     EXPECT_NEAR(TopSide(s, s).alpha, 0.7684, 5e-5);
     EXPECT_EQ(s.classmytop, 2);
     EXPECT_EQ(ClassWebBent(s, 0.7749, -0.6), 3);
@@ -95,9 +95,9 @@ TEST(ClassWelded, SymmetryWithinAResidueTakesTheFormOfPureBending)
 
 TEST(ClassWelded, WebInTensionIsClassOne)
 {
-    ProjectState s = welded::Default(22);
+    Member s = welded::Default(22);
     s.p22 = {300, 600, 100, 10, 60, 10};  // elastic axis in the top flange
-    welded::Prepare(s);
+    Design(s);
     EXPECT_FALSE(TopSide(s, s).webin > 0);
     EXPECT_EQ(ClassWebBent(s, TopSide(s, s)), 1);
     EXPECT_EQ(s.classmytop, 1);
@@ -106,8 +106,8 @@ TEST(ClassWelded, WebInTensionIsClassOne)
 TEST(WeldedSide, ShareOfBothSidesIsTheWholeWeb)
 {
     for (const int family : welded::kFamilies) {
-        ProjectState s = welded::Default(family);
-        welded::Properties(s);
+        Member s = welded::Default(family);
+        Measure(s);
         const WeldedSide top = TopSide(s, s), bottom = BottomSide(s, s);
         EXPECT_NEAR(top.alpha + bottom.alpha, 1, 1e-6) << family;
         EXPECT_NEAR(top.webin + top.webout, s.hw, 1e-4) << family;
@@ -120,8 +120,8 @@ TEST(WeldedSide, ShareOfBothSidesIsTheWholeWeb)
 // (315 - 127.6 - 25)/275 by hand.
 TEST(WeldedSide, HatBeamCountsTheBottomFlange)
 {
-    ProjectState s = welded::Default(24);
-    welded::Properties(s);
+    Member s = welded::Default(24);
+    Measure(s);
     EXPECT_NEAR(TopSide(s, s).alpha, 0.5905, 3e-4);
     EXPECT_NEAR(TopSide(s, s).edge + TopSide(s, s).opposite, 315, 1e-4);
 }

@@ -10,8 +10,7 @@
 #include "sections/angles.h"
 #include "sections/hollow.h"
 #include "sections/simple.h"
-#include "support/end_forces.h"
-#include "support/sections.h"
+#include "support/members.h"
 
 #include <cstdlib>
 #include <new>
@@ -71,7 +70,7 @@ TEST(ClosedSections, TakeNoMemory)
 {
     const Library& library = Delivered();
     for (const Family& f : kFamilies) {
-        ProjectState s = OfFamily(f.family);
+        Member s = Member::Bare(f.family).Steel(355);
         s.p23 = {.isth = 600, .istb1 = 600, .isttw = 10, .isttf = 20, .ista = 50};
         s.p28 = {.isth = 150, .isttw = 12};
         s.p31 = {.istd = 300, .isttw = 10};
@@ -89,7 +88,6 @@ TEST(ClosedSections, TakeNoMemory)
                  .istwelz = 6e5f,
                  .istwply = 4.4e6f,
                  .istwplz = 9e5f};
-        SetSteel(s, 355);
         SetForces(s, {-20, 1, 0.5, 5, 3});
 
         const long before = g_allocations;

@@ -9,11 +9,7 @@
 #include "design/general_section.h"
 #include "design/hollow_section.h"
 #include "design/tube_section.h"
-#include "sections/angles.h"
-#include "sections/hollow.h"
-#include "sections/read_profiles.h"
-#include "sections/simple.h"
-#include "support/end_forces.h"
+#include "support/members.h"
 #include "support/rows.h"
 
 #include <gtest/gtest.h>
@@ -22,41 +18,6 @@
 
 namespace kestrum {
 namespace {
-
-// A family with the row chosen whose first columns are `key`.
-ProjectState Rolled(int family, Table table, const std::vector<float>& key)
-{
-    static const Library library = [] {
-        Library l;
-        l.tables = ReadProfiles(KESTRUM_SHARE);
-        return l;
-    }();
-    ProjectState s{};
-    s.family = static_cast<i16>(family);
-    s.rectaxis = 1;
-    SetSteel(s, 355);
-    const ProfileTable& rows = library.tables[static_cast<std::size_t>(table)];
-    for (int row = 0; row < ShapeOf(table).rows; ++row) {
-        bool found = true;
-        for (std::size_t i = 0; i < key.size(); ++i) {
-            found = found && rows.At(row, static_cast<int>(i) + 1) == key[i];
-        }
-        if (found) {
-            s.row[static_cast<std::size_t>(table)] = static_cast<i16>(row);
-            if (family == 10) {
-                PropertiesAngle(library, s, s);
-                CalcResistanceAngle(s, s, s, s);
-            } else {
-                PropertiesHollow(library, s, s);
-                CalcEffectiveHollow(s, s);
-                CalcResistanceHollow(s, s, s, s);
-            }
-            return s;
-        }
-    }
-    ADD_FAILURE() << "no such row";
-    return s;
-}
 
 void ExpectTexts(const Check& row, const RowText& expected)
 {
@@ -69,98 +30,81 @@ void ExpectTexts(const Check& row, const RowText& expected)
 
 TEST(SectionTexts, Hollow)
 {
-    ProjectState s = Rolled(6, Table::shs, {300, 6.3f});
-    SetForces(s, {500, 50, 30, 100, 50});
-    ControlHollow(s, s, s, s, s, s);
+    ProjectState s = Member::Bare().Section("SHS 300x6.3").Steel(355).Designed();
+    Control(s, {500, 50, 30, 100, 50});
     ExpectTexts(SectionRow(s, 1),
                 {"IR = NEd/NRd = ", "500.0/2151.6 = ", "0.23", " < 1.0 (0.00L; Ch 6.2.4)"});
 
-    s = Rolled(7, Table::rhs, {200, 100, 8});
-    SetForces(s, {0, 40, 10, 100, 20});
-    ControlHollow(s, s, s, s, s, s);
+    s = Member::Bare().Section("RHS 200x100x8").Steel(355).Designed();
+    Control(s, {0, 40, 10, 100, 20});
     ExpectTexts(SectionRow(s, 2), {"IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ",
                                    "[40.0/100.1]^1.66+(10.0/61.0)^1.66 = ", "0.27",
                                    " < 1.0 (0.00L; Ch 6.2.5/6.2.9)"});
     ExpectTexts(SectionRow(s, 3),
                 {"IR = Vz,Ed/Vz,Rd = ", "100.0/611.5 = ", "0.16", " < 1.0 (0.00L; Ch 6.2.6)"});
 
-    s = Rolled(8, Table::cfshs, {100, 100, 5});
-    SetForces(s, {-150, 15, 15, 0, 0});
-    ControlHollow(s, s, s, s, s, s);
+    s = Member::Bare(8).Row("100x5").Steel(355).Designed();
+    Control(s, {-150, 15, 15, 0, 0});
     ExpectTexts(SectionRow(s, 2),
                 {"IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
                  "(15.0/22.9)^1.77+(15.0/22.9)^1.77 = ", "0.95", " < 1.0 (0.00L; Ch 6.2.9)"});
 
-    s = Rolled(7, Table::rhs, {400, 120, 6.3f});
-    SetForces(s, {0, 0, 0, 100, 0});
-    ControlHollow(s, s, s, s, s, s);
+    s = Member::Bare().Section("RHS 400x120x6.3").Steel(355).Designed();
+    Control(s, {0, 0, 0, 100, 0});
     EXPECT_EQ(TextOf(SectionRow(s, 3)).limit,
               " < 1.0 (0.00L; Ch 6.2.6 Support stiffener recommended)");
 }
 
 TEST(SectionTexts, Tube)
 {
-    ProjectState s{};
-    s.p31 = {.istd = 300, .isttw = 10};
-    SetSteel(s, 355);
-    PropertiesTube(Library{}, s, s);
-    CalcResistanceTube(s, s, s, s);
-    SetForces(s, {500, 200, 200, 0, 0});
-    ControlTube(s, s, s, s, s, s);
+    ProjectState s =
+        Member::Bare().Section(FormP31{.istd = 300, .isttw = 10}).Steel(355).Designed();
+    Control(s, {500, 200, 200, 0, 0});
     ExpectTexts(SectionRow(s, 2),
                 {"IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
                  "(200.0/286.2)^2.0+(200.0/286.2)^2.0 = ", "0.98", " < 1.0 (0.00L; Ch 6.2.9)"});
-    SetForces(s, {0, 200, 200, 0, 0});
-    ControlTube(s, s, s, s, s, s);
+    Control(s, {0, 200, 200, 0, 0});
     ExpectTexts(SectionRow(s, 2), {"IR = [My,Ed/My,Rd]^alfa + [Mz,Ed/Mz,Rd]^beta = ",
                                    "[200.0/298.7]^2.00+(200.0/298.7)^2.00 = ", "0.90",
                                    " < 1.0 (0.00L; Ch 6.2.5/6.2.9)"});
-    SetForces(s, {-500, 0, 0, 0, 0});
-    ControlTube(s, s, s, s, s, s);
+    Control(s, {-500, 0, 0, 0, 0});
     ExpectTexts(SectionRow(s, 1),
                 {"IR = NEd/NRd = ", "-500.0/3234.3 = ", "0.15", " < 1.0 (0.00L; Ch 6.2.3)"});
 }
 
 TEST(SectionTexts, FlatBar)
 {
-    ProjectState s{};
-    s.p28 = {.isth = 150, .isttw = 12};
-    SetSteel(s, 235);
-    PropertiesFlatBar(Library{}, s, s);
-    CalcResistanceFlatBar(s, s, s, s);
-    SetForces(s, {0, 8, 0, 100, 0});
-    ControlFlatBar(s, s, s, s, s, s);
+    ProjectState s =
+        Member::Bare().Section(FormP28{.isth = 150, .isttw = 12}).Steel(235).Designed();
+    Control(s, {0, 8, 0, 100, 0});
     ExpectTexts(SectionRow(s, 1),
                 {"IR = My,Ed/MV,y,Rd = ", "8.0/15.0 = ", "0.53", " < 1.0 (0.00L; Ch 6.2.8)"});
     ExpectTexts(SectionRow(s, 2), {});
-    SetForces(s, {100, 0, 0, 0, 0});
-    ControlFlatBar(s, s, s, s, s, s);
+    Control(s, {100, 0, 0, 0, 0});
     ExpectTexts(SectionRow(s, 1),
                 {"IR = NEd/NRd = ", "100.0/423.0 = ", "0.24", " < 1.0 (Ch 6.2.4)"});
 }
 
 TEST(SectionTexts, General)
 {
-    ProjectState s{};
-    s.p41 = {.opn = 1,
-             .opmy = 1,
-             .opmz = 1,
-             .istax = 18720,
-             .istay = 12000,
-             .istaz = 6720,
-             .istix = 1.923e6f,
-             .istiy = 1.185e9f,
-             .istiz = 9.008e7f,
-             .istiw = 7.569e12f,
-             .istwely = 3.951e6f,
-             .istwelz = 6.005e5f,
-             .istwply = 4.421e6f,
-             .istwplz = 9.202e5f};
-    SetSteel(s, 355);
-    PropertiesGeneral(Library{}, s, s);
-    CalcResistanceGeneral(s, s, s, s);
-    SetForces(s, {2000, 600, 200, 500, 400});
-    ControlGeneral(s, s, s, s, s, s);
+    ProjectState s = Member::Bare()
+                         .Section(FormP41{.opn = 1,
+                                          .opmy = 1,
+                                          .opmz = 1,
+                                          .istax = 18720,
+                                          .istay = 12000,
+                                          .istaz = 6720,
+                                          .istix = 1.923e6f,
+                                          .istiy = 1.185e9f,
+                                          .istiz = 9.008e7f,
+                                          .istiw = 7.569e12f,
+                                          .istwely = 3.951e6f,
+                                          .istwelz = 6.005e5f,
+                                          .istwply = 4.421e6f,
+                                          .istwplz = 9.202e5f})
+                         .Steel(355)
+                         .Designed();
+    Control(s, {2000, 600, 200, 500, 400});
     ExpectTexts(SectionRow(s, 2),
                 {"IR = (My,Ed/MN,y,Rd)^alfa  + (Mz,Ed/MN,z,Rd)^beta = ",
                  "(600.0/1337.1)^2.00+(200.0/326.7)^1.50 = ", "0.68", " < 1.0 (0.00L; Ch 6.2.9)"});
@@ -170,9 +114,8 @@ TEST(SectionTexts, General)
 
 TEST(SectionTexts, Angle)
 {
-    ProjectState s = Rolled(10, Table::l1, {100, 10});
-    SetForces(s, {100, 3, 1, 30, 40});
-    ControlAngle(s, s, s, s, s, s);
+    ProjectState s = Member::Bare().Section("L 100x10").Steel(355).Designed();
+    Control(s, {100, 3, 1, 30, 40});
     ExpectTexts(SectionRow(s, 1),
                 {"IR = NEd/NRd+My,Ed/My,Rd+Mz,Ed/Mz,Rd = ", "100.0/679.8+3.0/22.2+1.0/22.2 = ",
                  "0.33", " < 1.0 (0.00L, point: 2, Ch 6.2.1)"});
@@ -183,8 +126,7 @@ TEST(SectionTexts, Angle)
                 {"IR = Vy,Ed/Vy,Rd = ", "40.0/123.0 = ", "0.33", " < 1.0 (0.00L; Ch 6.2.6)"});
 
     // The heel of equal legs has no term of Mu.
-    SetForces(s, {100, -2, 2, 0, 0});
-    ControlAngle(s, s, s, s, s, s);
+    Control(s, {100, -2, 2, 0, 0});
     ExpectTexts(SectionRow(s, 2),
                 {"IR = NEd/NRd+Mu,Ed/Mu,Rd+Mv,Ed/Mv,Rd = ", "100.0/679.8+2.8/6.5 = ", "0.58",
                  " < 1.0 (0.00L, point: 2, Ch 6.2.1)"});

@@ -1,7 +1,9 @@
 #include "design/effective_welded.h"
 
 #include "core/project_state.h"
-#include "support/welded_design.h"
+#include "design/box_section.h"
+#include "design/single_symmetric_i_section.h"
+#include "support/welded.h"
 
 #include <gtest/gtest.h>
 
@@ -12,12 +14,9 @@ using namespace kestrum;
 namespace {
 
 // 1000 x 6 web with flanges 300 x 12 and 400 x 12, the top compressed.
-ProjectState SlenderI()
+Member SlenderI()
 {
-    ProjectState s = welded::Default(22);
-    s.p22 = {1000, 300, 400, 6, 12, 12};
-    welded::Properties(s);
-    return s;
+    return welded::Default(22).Section(FormP22{1000, 300, 400, 6, 12, 12}).Measured();
 }
 
 }  // namespace
@@ -53,9 +52,9 @@ TEST(EffectiveWelded, D183DividesByTheAreaLessTheFlangeLossOnly)
 // z2 951.9, Ieff 3.284e9, W 3.450e6. Wpl about 25.3: 6.317e6.
 TEST(EffectiveWelded, D183ExceedsThePlasticModulusWithASlenderWeb)
 {
-    ProjectState s = welded::Default(22);
+    Member s = welded::Default(22);
     s.p22 = {1200, 200, 400, 5, 12, 30};
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(s.classmytop, 4);
     EXPECT_NEAR(s.wytop, 9.203e6, 0.005e6);
     EXPECT_NEAR(s.wply, 6.317e6, 0.003e6);
@@ -67,11 +66,11 @@ TEST(EffectiveWelded, D183ExceedsThePlasticModulusWithASlenderWeb)
 TEST(EffectiveWelded, SwitchesKeepTheGrossSection)
 {
     for (const int family : welded::kFamilies) {
-        ProjectState s = welded::Default(family);
+        Member s = welded::Default(family);
         s.checkflangebuck = kTrue;
         s.checkwebbuck = kTrue;
-        welded::SetStrength(s, 690);
-        welded::Prepare(s);
+        s.Steel(690);
+        Design(s);
         EXPECT_EQ(s.aeff, s.a) << family;
         EXPECT_NEAR(s.weffy, s.wely, 2e-6 * s.wely) << family;
         EXPECT_NEAR(std::min(s.weffytop1, s.weffybot1),
@@ -97,9 +96,9 @@ TEST(EffectiveWelded, EachSwitchKeepsItsOwnPlates)
 // A thick top flange holds the neutral axis: 1 mm of compressed web remains, nothing buckles.
 TEST(EffectiveWelded, NeutralAxisInTheFlangeLeavesTheWebWhole)
 {
-    ProjectState s = welded::Default(22);
+    Member s = welded::Default(22);
     s.p22 = {300, 600, 100, 10, 60, 10};
-    welded::Properties(s);
+    Measure(s);
     ASSERT_LT(s.h - s.zcog, s.ttop);
     std::feclearexcept(FE_ALL_EXCEPT);
     CalcEffectiveSingleI(s, s);
@@ -111,9 +110,9 @@ TEST(EffectiveWelded, NeutralAxisInTheFlangeLeavesTheWebWhole)
 // Below a root of the slenderness formulas nothing is gained: stocky parts keep rho = 1.
 TEST(EffectiveWelded, StockyPartsAreNotEnlarged)
 {
-    ProjectState s = welded::Default(22);
+    Member s = welded::Default(22);
     s.p22 = {120, 60, 60, 20, 25, 25};
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(s.aeff, s.a);
 }
 
@@ -121,14 +120,14 @@ TEST(EffectiveWelded, StockyPartsAreNotEnlarged)
 TEST(EffectiveWelded, WebWithinItsWeldsRaisesNothing)
 {
     for (const int family : {22, 24, 25, 27, 51, 56}) {
-        ProjectState s = welded::Default(family);
+        Member s = welded::Default(family);
         s.p22.isth = 45;
         s.p24.isth = s.p25.isth = 30;
         s.p27.isth = 45;
         s.p51.isth = 6;
         s.p56.isth = 25;
         std::feclearexcept(FE_ALL_EXCEPT);
-        welded::Prepare(s);
+        Design(s);
         ASSERT_LT(s.d, 0) << family;
         EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO | FE_INVALID), 0) << family;
         EXPECT_EQ(s.checkwebbuck, 0);
@@ -139,9 +138,9 @@ TEST(EffectiveWelded, WebWithinItsWeldsRaisesNothing)
 // By hand: lambda = 20/(28.4*0.8136*0.6557) = 1.320, rho = 1.132/1.742 = 0.6497.
 TEST(EffectiveWelded, UnlikeOverhangsOfTheOneSidedBeam)
 {
-    ProjectState s = welded::Default(25);
+    Member s = welded::Default(25);
     s.p25.istb2 = 615;
-    welded::Properties(s);
+    Measure(s);
     EXPECT_FLOAT_EQ(s.cbotout, 300);
     EXPECT_NEAR(FlangeLoss(s, s, BottomFlange(s, s)), (1 - 0.6497) * 300 * 15, 2);
 }
@@ -150,9 +149,9 @@ TEST(EffectiveWelded, UnlikeOverhangsOfTheOneSidedBeam)
 // lambda 53/(28.4*0.8136*2) = 1.147, rho = 0.927/1.316 = 0.7046.
 TEST(EffectiveWelded, InnerPartOfTheBoxFlange)
 {
-    ProjectState s = welded::Default(27);
+    Member s = welded::Default(27);
     s.p27.isttf1 = 10;
-    welded::Properties(s);
+    Measure(s);
     EXPECT_NEAR(FlangeLoss(s, s, TopFlange(s, s)), (1 - 0.7046) * 530 * 10, 3);
 }
 
@@ -161,10 +160,10 @@ TEST(EffectiveWelded, InnerPartOfTheBoxFlange)
 // 110.4/112.9 = 0.9777, rho = (0.9777 - 0.11)/0.9559 = 0.9077, strip 0.0923*276 = 25.5 each.
 TEST(EffectiveWelded, BothWebsOfTheBoxLoseTheirStrip)
 {
-    ProjectState s = welded::Default(27);
+    Member s = welded::Default(27);
     s.p27.isttw = 5;
     s.p27.isttf1 = s.p27.isttf2 = 25;  // flanges whole: 540/25 = 21.6
-    welded::Properties(s);
+    Measure(s);
     ASSERT_EQ(FlangeLoss(s, s, TopFlange(s, s)), 0);
     CalcEffectiveBox(s, s);
     const double d = 550 - 8, hc = d / 2;

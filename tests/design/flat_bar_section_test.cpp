@@ -3,9 +3,8 @@
 #include "core/project_state.h"
 #include "design/flat_bar_section.h"
 
-#include "sections/simple.h"
+#include "support/members.h"
 #include "support/rows.h"
-#include "support/sections.h"
 #include "support/worked.h"
 
 #include <cfenv>
@@ -13,25 +12,9 @@
 namespace kestrum {
 namespace {
 
-ProjectState Bar(float height, float thickness, float fyk = 235)
-{
-    ProjectState s = OfFamily(28);
-    s.p28 = {.isth = height, .isttw = thickness};
-    SetSteel(s, fyk);
-    PropertiesFlatBar(Library{}, s, s);
-    CalcResistanceFlatBar(s, s, s, s);
-    return s;
-}
-
-void Control(ProjectState& s, const EndForces& forces)
-{
-    SetForces(s, forces);
-    ControlFlatBar(s, s, s, s, s, s);
-}
-
 TEST(ControlFlatBar, MomentBesideShear)
 {
-    ProjectState s = Bar(150, 12);
+    ProjectState s = Member::Bare().Section(FormP28{150, 12}).Steel(235).Designed();
     Control(s, {0, 8, 0, 100, 0});
     EXPECT_EQ(s.classn, 1);
     EXPECT_EQ(s.classmy, 1);
@@ -57,7 +40,8 @@ TEST(ControlFlatBar, FullShearLeavesNoMomentWhateverTheSize)
     };
     for (const Size size :
          {Size{150, 12}, {123.6F, 16.3F}, {60.5F, 8.2F}, {99.9F, 7.3F}, {33.3F, 3.1F}}) {
-        ProjectState s = Bar(size.height, size.thickness);
+        ProjectState s =
+            Member::Bare().Section(FormP28{size.height, size.thickness}).Steel(235).Designed();
         for (const double excess : {1.0, 1.5}) {
             std::feclearexcept(FE_ALL_EXCEPT);
             Control(s, {0, 0.01F, 0, static_cast<float>(excess * s.vzrd + 0.01), 0});
@@ -69,7 +53,7 @@ TEST(ControlFlatBar, FullShearLeavesNoMomentWhateverTheSize)
 
 TEST(ControlFlatBar, AxialForceAlone)
 {
-    ProjectState s = Bar(150, 12);
+    ProjectState s = Member::Bare().Section(FormP28{150, 12}).Steel(235).Designed();
     Control(s, {100, 0, 0, 0, 0});
     ExpectRow(SectionRow(s, 1),
               {0.2364, "IR = NEd/NRd = ", "{F}/{F} = ", {100, 423}, " (Ch 6.2.4)"});
@@ -79,7 +63,7 @@ TEST(ControlFlatBar, AxialForceAlone)
 
 TEST(ControlFlatBar, D177CompressionWithMomentEndsTheCalculation)
 {
-    ProjectState s = Bar(150, 12);
+    ProjectState s = Member::Bare().Section(FormP28{150, 12}).Steel(235).Designed();
     std::feclearexcept(FE_ALL_EXCEPT);
     Control(s, {10, 0, 0, 50, 0});  // no moment: nothing to divide
     EXPECT_FALSE(std::fetestexcept(FE_DIVBYZERO));
@@ -90,7 +74,7 @@ TEST(ControlFlatBar, D177CompressionWithMomentEndsTheCalculation)
 
 TEST(ControlFlatBar, D177TensionLeavesTheMomentResistance)
 {
-    ProjectState s = Bar(150, 12);
+    ProjectState s = Member::Bare().Section(FormP28{150, 12}).Steel(235).Designed();
     Control(s, {-300, 8, 0, 0, 0});
     // The standard: 15.86*(1 - (300/423)^2) = 7.884.
     ExpectRow(SectionRow(s, 2),
@@ -101,7 +85,7 @@ TEST(ControlFlatBar, D177TensionLeavesTheMomentResistance)
 
 TEST(ControlFlatBar, ConservativeControlAddsTheRatios)
 {
-    ProjectState s = Bar(150, 12);
+    ProjectState s = Member::Bare().Section(FormP28{150, 12}).Steel(235).Designed();
     s.checkconsercontrol = kTrue;
     std::feclearexcept(FE_ALL_EXCEPT);
     Control(s, {10, 8, 0, 100, 0});
@@ -116,7 +100,7 @@ TEST(ControlFlatBar, ConservativeControlAddsTheRatios)
 
 TEST(ControlFlatBar, D178MomentAndShearOfTheWeakAxisAreNotControlled)
 {
-    ProjectState s = Bar(150, 12);
+    ProjectState s = Member::Bare().Section(FormP28{150, 12}).Steel(235).Designed();
     Control(s, {0, 0, 100, 0, 1000});
     EXPECT_EQ(s.irsection, 0);
     EXPECT_TRUE(SectionRow(s, 1).empty());
@@ -125,7 +109,7 @@ TEST(ControlFlatBar, D178MomentAndShearOfTheWeakAxisAreNotControlled)
 
 TEST(CalcResistanceFlatBar, StaysPlasticUnderElasticDesign)
 {
-    ProjectState s = Bar(150, 12);
+    ProjectState s = Member::Bare().Section(FormP28{150, 12}).Steel(235).Designed();
     s.checkelastic = kTrue;
     CalcResistanceFlatBar(s, s, s, s);
     EXPECT_EQ(s.myrd, s.mplyrd);
@@ -135,7 +119,7 @@ TEST(CalcResistanceFlatBar, StaysPlasticUnderElasticDesign)
 
 TEST(CalcResistanceFlatBar, ValuesForTheStabilityControl)
 {
-    ProjectState s = Bar(150, 12);
+    ProjectState s = Member::Bare().Section(FormP28{150, 12}).Steel(235).Designed();
     s.gammam0 = 1.1;
     s.gammam1 = 1.2f;
     CalcResistanceFlatBar(s, s, s, s);
@@ -146,9 +130,9 @@ TEST(CalcResistanceFlatBar, ValuesForTheStabilityControl)
 
 TEST(FlatBarLaws, ResistancesGrowWithThickness)
 {
-    ProjectState thin = Bar(100, 4);
+    ProjectState thin = Member::Bare().Section(FormP28{100, 4}).Steel(235).Designed();
     for (float t = 5; t < 100; t += 1) {
-        const ProjectState s = Bar(100, t);
+        const ProjectState s = Member::Bare().Section(FormP28{100, t}).Steel(235).Designed();
         EXPECT_GT(s.nplrd, thin.nplrd);
         EXPECT_GT(s.myrd, thin.myrd);
         EXPECT_GT(s.vbrd, thin.vbrd);

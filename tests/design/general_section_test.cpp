@@ -5,10 +5,8 @@
 #include "design/general_section.h"
 
 #include "design/i_section.h"
-#include "sections/rolled_i.h"
-#include "sections/simple.h"
+#include "support/members.h"
 #include "support/rows.h"
-#include "support/sections.h"
 #include "support/worked.h"
 
 namespace kestrum {
@@ -30,20 +28,9 @@ constexpr FormP41 kEntered{.opn = 3,
                            .istwply = 4.421e6f,
                            .istwplz = 9.202e5f};
 
-ProjectState General(const FormP41& entered = kEntered)
+Member General(const FormP41& entered = kEntered)
 {
-    ProjectState s = OfFamily(41);
-    s.p41 = entered;
-    SetSteel(s, 355);
-    PropertiesGeneral(Library{}, s, s);
-    CalcResistanceGeneral(s, s, s, s);
-    return s;
-}
-
-void Control(ProjectState& s, const EndForces& forces)
-{
-    SetForces(s, forces);
-    ControlGeneral(s, s, s, s, s, s);
+    return Member::Bare().Section(entered).Steel(355).Designed();
 }
 
 TEST(ControlGeneral, CompressionAndBothMoments)
@@ -171,12 +158,10 @@ TEST(ControlGeneral, D173ClassOfCompressionPlaysNoPart)
 // which an I divides by 1.5 (D152), is away.
 TEST(GeneralLaws, EqualsTheWeldedIOfItsProperties)
 {
-    ProjectState i = OfFamily(21);
-    i.p21 = {.isth = 600, .istb1 = 300, .isttw = 12, .isttf = 20};
-    SetSteel(i, 355);
-    PropertiesWeldedI(Library{}, i, i);
-    CalcEffectiveI(i, i);
-    CalcResistanceI(i, i, i, i);
+    Member i = Member::Bare()
+                   .Section(FormP21{.isth = 600, .istb1 = 300, .isttw = 12, .isttf = 20})
+                   .Steel(355)
+                   .Designed();
 
     ProjectState g = General({.opn = 3,
                               .opmy = 1,
@@ -198,9 +183,10 @@ TEST(GeneralLaws, EqualsTheWeldedIOfItsProperties)
     EXPECT_NEAR(g.vzrd, i.vzrd, 1e-6 * i.vzrd);
     EXPECT_NEAR(g.vyrd, i.vyrd, 1e-6 * i.vyrd);
 
-    for (const EndForces& f : {EndForces{0, 600, 100, 300, 0}, EndForces{-2000, 600, 100, 300, 0},
-                               EndForces{-4000, 600, 100, 0, 0}, EndForces{-2500, 900, 0, 600, 0},
-                               EndForces{-3000, 0, 150, 0, 0}}) {
+    for (const SectionForces& f :
+         {SectionForces{0, 600, 100, 300, 0}, SectionForces{-2000, 600, 100, 300, 0},
+          SectionForces{-4000, 600, 100, 0, 0}, SectionForces{-2500, 900, 0, 600, 0},
+          SectionForces{-3000, 0, 150, 0, 0}}) {
         SCOPED_TRACE(f.n);
         SetForces(i, f);
         ControlRolledI(i, i, i, i, i, i);
@@ -213,7 +199,7 @@ TEST(GeneralLaws, EqualsTheWeldedIOfItsProperties)
     }
 
     // D152: the ratio of Vy.
-    const EndForces sideways{0, 0, 0, 0, 100};
+    const SectionForces sideways{0, 0, 0, 0, 100};
     SetForces(i, sideways);
     ControlRolledI(i, i, i, i, i, i);
     Control(g, sideways);

@@ -2,7 +2,7 @@
 
 #include "core/project_state.h"
 #include "support/rows.h"
-#include "support/welded_design.h"
+#include "support/welded.h"
 
 #include <gtest/gtest.h>
 
@@ -13,23 +13,23 @@ using namespace kestrum;
 namespace {
 
 // The one-sided beam with mflange = 1.75*400*30^2/6 = 105000 Nmm/mm and the line load q, kN/m.
-ProjectState Loaded(double q)
+Member Loaded(double q)
 {
-    ProjectState s = welded::Default(25);
+    Member s = welded::Default(25);
     s.p25.isttf2 = 30;
-    welded::SetStrength(s, 400);
-    welded::Prepare(s);
+    s.Steel(400);
+    Design(s);
     s.qsum = q;
     return s;
 }
 
 // Webs of class 3 and stocky flanges, 6.2.2.4 in force.
-ProjectState Upgraded(float h)
+Member Upgraded(float h)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.p24.isth = h;
     s.class23 = 0;
-    welded::Prepare(s);
+    Design(s);
     return s;
 }
 
@@ -39,7 +39,7 @@ ProjectState Upgraded(float h)
 // above d/tw 44.5; W 2.519e6; Av 2*1.2*1650.
 TEST(Hsq, DefaultResistances)
 {
-    const ProjectState s = welded::Prepared(24);
+    const Member s = welded::Default(24).Designed();
     EXPECT_EQ(s.classmytop, 1);
     EXPECT_EQ(s.classmybot, 1);
     EXPECT_NEAR(s.myrd, 894.2, 0.2);
@@ -52,7 +52,7 @@ TEST(Hsq, DefaultResistances)
 // Family 25: alpha top 0.3407 class 1; bottom 0.6593: 42.56 < 44.5 < 49.0, class 2.
 TEST(Hsq, OneSidedDefaultResistances)
 {
-    const ProjectState s = welded::Prepared(25);
+    const Member s = welded::Default(25).Designed();
     EXPECT_EQ(s.classmytop, 1);
     EXPECT_EQ(s.classmybot, 2);
     EXPECT_NEAR(s.myrd, 803.8, 0.2);
@@ -62,27 +62,27 @@ TEST(Hsq, OneSidedDefaultResistances)
 // (sqrt(0.7425) + 1.1)/2 = 0.9808.
 TEST(FlangeLoading, FactorOfTheDefaultBeams)
 {
-    ProjectState s = welded::Prepared(24);
+    Member s = welded::Default(24).Designed();
     s.qsum = 200;
-    welded::Control(s, {0, 100, 0, 50, 0});
+    Control(s, {0, 100, 0, 50, 0});
     const double factor = (std::sqrt(1 - 6000 / 23296.875) + 1.1) / 2;
     EXPECT_NEAR(s.flangefactor, factor, 1e-6);
     EXPECT_NEAR(s.myrd, 894.2 * factor, 0.2);  // 877.1
     EXPECT_NEAR(s.mytoprd, s.myrd, 1e-9);      // with gammaM1 alike
     EXPECT_NEAR(s.irrow1, 100 / (s.wytop * 355e-6 * factor), 1e-6);
 
-    ProjectState one = welded::Prepared(25);
+    Member one = welded::Default(25).Designed();
     one.qsum = 100;  // all of it on the one flange
-    welded::Control(one, {0, 100, 0, 50, 0});
+    Control(one, {0, 100, 0, 50, 0});
     EXPECT_NEAR(one.flangefactor, factor, 1e-6);
 }
 
 TEST(FlangeLoading, HalfTheShareHalvesTheLoad)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.p24.isttf2 = 30;
-    welded::SetStrength(s, 400);
-    welded::Prepare(s);
+    s.Steel(400);
+    Design(s);
     s.flangeload = 50;
     for (const double q : {400.0, 1000.0, 1700.0}) {
         s.qsum = 2 * q;
@@ -115,14 +115,14 @@ TEST(FlangeLoading, UpliftCountsAsLoad)
 TEST(FlangeLoading, OverloadedFlangeIsReportedAndTheRunGoesOn)
 {
     ProjectState s = Loaded(1750.1);
-    welded::Control(s, {0, 100, 0, 50, 0});
+    Control(s, {0, 100, 0, 50, 0});
     EXPECT_TRUE(s.flangeoverload);
     EXPECT_EQ(s.flangefactor, 1);
     EXPECT_NEAR(s.irrow1, 100 / (s.wytop * 400e-6), 1e-6);
     EXPECT_EQ(kFlangeOverload, " Flange overloaded! Program removes flangeloading ");
     // It stays off, and a second control of the same pass keeps the message.
     s.qsum = 10000;
-    welded::Control(s, {0, 100, 0, 50, 0});
+    Control(s, {0, 100, 0, 50, 0});
     EXPECT_TRUE(s.flangeoverload);
     EXPECT_EQ(s.flangefactor, 1);
 }
@@ -131,15 +131,15 @@ TEST(FlangeLoading, OverloadedFlangeIsReportedAndTheRunGoesOn)
 TEST(FlangeLoading, FactorFollowsTheLoadOfTheControl)
 {
     ProjectState s = Loaded(1500);
-    welded::Control(s, {0, 100, 0, 50, 0});
+    Control(s, {0, 100, 0, 50, 0});
     const double loaded = s.irrow1, resistance = s.mytoprd;
     s.qsum = 0;
-    welded::Control(s, {0, 100, 0, 50, 0});
+    Control(s, {0, 100, 0, 50, 0});
     EXPECT_EQ(s.flangefactor, 1);
     EXPECT_LT(s.irrow1, loaded);
     EXPECT_GT(s.mytoprd, resistance);
     s.qsum = 1500;
-    welded::Control(s, {0, 100, 0, 50, 0});
+    Control(s, {0, 100, 0, 50, 0});
     EXPECT_EQ(s.irrow1, loaded);
     EXPECT_EQ(s.mytoprd, resistance);
 }
@@ -148,7 +148,7 @@ TEST(FlangeLoading, OptionOffLeavesTheResistance)
 {
     ProjectState s = Loaded(1500);
     s.hsqopt = 1;
-    welded::Control(s, {0, 100, 0, 50, 0});
+    Control(s, {0, 100, 0, 50, 0});
     EXPECT_EQ(s.flangefactor, 1);
     EXPECT_FALSE(s.flangeoverload);
 }
@@ -158,7 +158,7 @@ TEST(FlangeLoading, D185ArmOfSixtyMillimetresWhateverTheSection)
 {
     ProjectState narrow = Loaded(1000), wide = Loaded(1000);
     wide.p25.istb2 = 900;
-    welded::Prepare(wide);
+    Design(wide);
     EXPECT_EQ(FlangeFactor(narrow, narrow, narrow, narrow), FlangeFactor(wide, wide, wide, wide));
     EXPECT_DOUBLE_EQ(FlangeFactor(narrow, narrow, narrow, narrow),
                      (std::sqrt(1 - 60000.0 / 105000) + 1.1) / 2);
@@ -176,9 +176,9 @@ TEST(FlangeLoading, D191FlangeResistsBeyondItsPlasticMoment)
 // The factor multiplies once, with and without shear.
 TEST(HsqControl, ShearAndFlangeLoadingReduceOnce)
 {
-    ProjectState s = welded::Prepared(24);
+    Member s = welded::Default(24).Designed();
     s.qsum = 200;
-    welded::Control(s, {0, 100, 0, 0.9 * s.vzrd, 0});
+    Control(s, {0, 100, 0, 0.9 * s.vzrd, 0});
     const double factor = s.flangefactor, rho = 0.8 * 0.8;
     const double strip = 275.0 * 275 * 12 * rho;
     EXPECT_NEAR(s.myrdv, (s.wply - strip / 4) * 355e-6 * factor, 1e-6 * s.myrdv);
@@ -189,16 +189,16 @@ TEST(HsqControl, ShearAndFlangeLoadingReduceOnce)
 // Exactly half the shear resistance keeps the plain text.
 TEST(HsqControl, TextOfReducedShearNeedsMoreThanHalf)
 {
-    ProjectState s = welded::Prepared(24);
-    welded::Control(s, {0, 100, 0, 0.5 * s.vzrd, 0});
+    Member s = welded::Default(24).Designed();
+    Control(s, {0, 100, 0, 0.5 * s.vzrd, 0});
     EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/My,Rd = ");
     EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.5)");
 }
 
 TEST(HsqControl, RowsOfMyAndVzOnly)
 {
-    ProjectState s = welded::Prepared(24);
-    welded::Control(s, {0, -100, 70, -80, 90});
+    Member s = welded::Default(24).Designed();
+    Control(s, {0, -100, 70, -80, 90});
     EXPECT_NEAR(s.irrow1, 100 / (s.wybot * 355e-6), 1e-6);
     EXPECT_EQ(SectionRow(s, 1).terms[0], 100);  // the size of My
     EXPECT_TRUE(SectionRow(s, 2).empty());
@@ -210,7 +210,7 @@ TEST(HsqControl, RowsOfMyAndVzOnly)
 
 TEST(HsqControl, WorstSectionGovernsAndZeroMomentIsSkipped)
 {
-    ProjectState s = welded::Prepared(24);
+    Member s = welded::Default(24).Designed();
     s.npts = 2;
     s.xi = {0, 0.5F, 1};
     s.mysec = {0, 120, -60};
@@ -225,10 +225,10 @@ TEST(HsqControl, WorstSectionGovernsAndZeroMomentIsSkipped)
 // Two slender webs with the weaker flange (540*15^2 = 121500 against 300*25^2 = 187500).
 TEST(HsqControl, ShearBucklingOfBothWebs)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.p24.isth = 600;
-    welded::Prepare(s);
-    welded::Control(s, {0, 0, 0, 100, 0});
+    Design(s);
+    Control(s, {0, 0, 0, 100, 0});
     const double hw = 575, lambda = hw / (86.4 * s.eps * 6), chi = 0.83 / lambda;
     ASSERT_GT(lambda, 0.83 / 1.2);
     const double web = chi * 2 * hw * 6 * 0.355 / std::sqrt(3.0);
@@ -240,14 +240,14 @@ TEST(HsqControl, ShearBucklingOfBothWebs)
 
 TEST(HsqControl, D199StiffenerSpacingCountsWithoutStiffeners)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.p24.isth = 600;
-    welded::Prepare(s);
+    Design(s);
     ASSERT_EQ(s.webstiff, 0);
-    welded::Control(s, {0, 0, 0, 100, 0});
+    Control(s, {0, 0, 0, 100, 0});
     const double wide = s.vbrd - s.vzrd;
     s.webstiffa = 2500;
-    welded::Control(s, {0, 0, 0, 100, 0});
+    Control(s, {0, 0, 0, 100, 0});
     EXPECT_NEAR(s.vbrd - s.vzrd, 2 * wide, 1e-6);
 }
 
@@ -256,9 +256,9 @@ TEST(HsqControl, D199StiffenerSpacingCountsWithoutStiffeners)
 // flange: 3000*605*355 = 644.3 kNm.
 TEST(HsqControl, D31FlangeMomentExceedsThatOfTheWeakerFlange)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.p24 = {600, 300, 900, 6, 10, 20, 5};
-    welded::Prepare(s);
+    Design(s);
     EXPECT_NEAR(s.mfrd, 813.9, 0.1);
     EXPECT_GT(s.mfrd, 1.2 * 644.3);
 }
@@ -285,25 +285,25 @@ TEST(HsqUpgrade, StaysOffByOptionAndInElasticDesign)
 {
     ProjectState s = Upgraded(500);
     s.class23 = 1;
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(s.classmytop, 3);
     EXPECT_EQ(s.wytop, s.wely);
     EXPECT_EQ(s.wplplus, s.wply);
     s.class23 = 0;
     s.checkelastic = kTrue;
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(s.classmytop, 3);
     EXPECT_EQ(s.wytop, s.wely);
 }
 
 TEST(HsqUpgrade, NeedsAWebThatBuckles)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.class23 = 0;
-    welded::Prepare(s);
+    Design(s);
     EXPECT_FALSE(UpgradeNeedsWebBuckling(s, s));  // no class 3 web, no upgrade
     s.p24.isth = 500;
-    welded::Prepare(s);
+    Design(s);
     EXPECT_TRUE(UpgradeNeedsWebBuckling(s, s));
 }
 
@@ -311,10 +311,10 @@ TEST(HsqUpgrade, NeedsAWebThatBuckles)
 // A0 = 3600 + 2343 < 18000; hole = 270 - 2*97.63 = 74.7.
 TEST(HsqUpgrade, NoTensionInTheWebGivesTheLargestHole)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.p24 = {282, 300, 900, 6, 12, 20, 5};
     s.class23 = 0;
-    welded::Prepare(s);
+    Design(s);
     ASSERT_EQ(s.classmytop, 23);
     const double keep = 20 * std::sqrt(235.0 / 355) * 6;
     const double hole = 270 - 2 * keep;
@@ -326,10 +326,10 @@ TEST(HsqUpgrade, NoTensionInTheWebGivesTheLargestHole)
 // it 35.587 mm up the flange, whose parts are 35.587 and 20.413 high.
 TEST(HsqUpgrade, D33AxisIsHeldInTheWeb)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.p24 = {446, 160, 380, 8, 10, 56, 5};
     s.class23 = 0;
-    welded::Prepare(s);
+    Design(s);
     ASSERT_EQ(s.classmytop, 23);
     const double axis = 35.587;
     const double standard = 380 * (axis * axis + 20.413 * 20.413) / 2 +
@@ -360,7 +360,7 @@ TEST(HsqUpgrade, ShearTakesThePlasticStrip)
 {
     ProjectState s = Upgraded(420);
     ASSERT_EQ(s.classmytop, 23);
-    welded::Control(s, {0, 100, 0, 0.9 * s.vzrd, 0});
+    Control(s, {0, 100, 0, 0.9 * s.vzrd, 0});
     const double hw = 395, rho = 0.64;
     EXPECT_NEAR(s.myrdv, (s.wplplus - hw * hw * 12 * rho / 4) * 355e-6, 1e-5 * s.myrdv);
 }
@@ -368,13 +368,13 @@ TEST(HsqUpgrade, ShearTakesThePlasticStrip)
 // A flange of class 3 forbids the upgrade.
 TEST(HsqUpgrade, NeedsAFlangeOfClass2)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.p24 = {330, 300, 540, 6, 9, 15, 5};  // 288/9 = 32 between 38 eps = 30.9 and 42 eps = 34.2
     s.class23 = 0;
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(s.classmytop, 3);
     s.p24.isttf1 = 10;  // 28.8: class 2
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(s.classmytop, 23);
 }
 
@@ -382,9 +382,9 @@ TEST(HsqUpgrade, NeedsAFlangeOfClass2)
 // moment they are not asked.
 TEST(HsqClass, D184BottomOutstandsAreNotClassified)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.p24 = {300, 100, 800, 10, 20, 5, 5};
-    welded::Prepare(s);
+    Design(s);
     EXPECT_LE(ClassHsq(s, s, false), 2);
     EXPECT_EQ(s.classn, 4);  // shown for N, where all parts count
     EXPECT_EQ(s.wybot, s.wply);
@@ -393,17 +393,17 @@ TEST(HsqClass, D184BottomOutstandsAreNotClassified)
 // Elastic axis in the compressed flange.
 TEST(HsqClass, WebWithoutCompressionIsClass1)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.p24 = {120, 300, 300, 6, 60, 5, 5};
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(ClassHsq(s, s, true), 1);
 }
 
 TEST(HsqClass, Class4TakesTheEffectiveModulusOfTheSign)
 {
-    ProjectState s = welded::Default(24);
+    Member s = welded::Default(24);
     s.p24.isttf1 = 6;  // 288/6 = 48 > 42 eps
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(s.classmytop, 4);
     EXPECT_EQ(s.wytop, std::min(s.weffytop1, s.weffytop2));
     EXPECT_LT(s.weffytop1, s.wyeltop);

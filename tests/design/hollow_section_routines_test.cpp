@@ -5,7 +5,7 @@
 #include "core/project_state.h"
 #include "design/hollow_section.h"
 
-#include "support/hollow.h"
+#include "support/members.h"
 #include "support/rows.h"
 #include "support/worked.h"
 
@@ -40,7 +40,11 @@ double NetModulus(double height, double area, double inertia, std::initializer_l
 TEST(CalcEffectiveHollow, SlenderBoxLosesStripsOfFlangeAndWebs)
 {
     // 1500x800, webs 8 mm, flanges 12 mm. eps = 0.81362. Straight web 1468 mm, flange 684 mm.
-    const ProjectState s = Box({.isth = 1500, .istb1 = 800, .isttw = 8, .isttf = 12, .ista = 50});
+    const ProjectState s =
+        Member::Bare()
+            .Section(FormP23{.isth = 1500, .istb1 = 800, .isttw = 8, .isttf = 12, .ista = 50})
+            .Steel(355)
+            .Designed();
     ASSERT_EQ(s.d, 1468);
     ASSERT_EQ(s.cflange, 684);
     const double eps = std::sqrt(235.0 / 355.0);
@@ -88,7 +92,7 @@ TEST(CalcEffectiveHollow, SlenderBoxLosesStripsOfFlangeAndWebs)
 TEST(CalcEffectiveHollow, SwitchesKeepFlangesAndWebsWhole)
 {
     const FormP23 plates{.isth = 1500, .istb1 = 800, .isttw = 8, .isttf = 12, .ista = 50};
-    ProjectState s = Box(plates);
+    ProjectState s = Member::Bare().Section(plates).Steel(355).Designed();
     const float slender = s.aeff;
     s.checkflangebuck = kTrue;
     CalcEffectiveHollow(s, s);
@@ -106,7 +110,11 @@ TEST(CalcEffectiveHollow, SwitchesKeepFlangesAndWebsWhole)
 
 TEST(CalcEffectiveHollow, BoxWithoutOverhang)
 {
-    const ProjectState s = Box({.isth = 600, .istb1 = 500, .isttw = 10, .isttf = 20, .ista = 0});
+    const ProjectState s =
+        Member::Bare()
+            .Section(FormP23{.isth = 600, .istb1 = 500, .isttw = 10, .isttf = 20, .ista = 0})
+            .Steel(355)
+            .Designed();
     EXPECT_EQ(s.cflange, 480);
     EXPECT_EQ(s.bw, 480);
     ExpectDigits(s.it, 2 * 490.0 * 490 * 580 * 580 / (490 / 20.0 + 580 / 10.0), "Bredt", 6);
@@ -118,7 +126,11 @@ TEST(CalcEffectiveHollow, BoxWithoutOverhang)
 
 TEST(CalcEffectiveHollow, ThinWebHasAWeldLegOfFourMillimetres)
 {
-    const ProjectState s = Box({.isth = 400, .istb1 = 300, .isttw = 6, .isttf = 12, .ista = 20});
+    const ProjectState s =
+        Member::Bare()
+            .Section(FormP23{.isth = 400, .istb1 = 300, .isttw = 6, .isttf = 12, .ista = 20})
+            .Steel(355)
+            .Designed();
     EXPECT_EQ(s.r, 4);
     EXPECT_EQ(s.d, 400 - 2 * (4 + 12));
 }
@@ -127,7 +139,11 @@ TEST(CalcEffectiveHollow, D169OverhangOfTheBoxIsNotReduced)
 {
     // Outstand of 300 mm by 10 mm: lambda = 30/(28.4 eps sqrt(0.43)) = 1.98, rho 0.457 by the
     // standard.
-    const ProjectState s = Box({.isth = 400, .istb1 = 1000, .isttw = 20, .isttf = 10, .ista = 300});
+    const ProjectState s =
+        Member::Bare()
+            .Section(FormP23{.isth = 400, .istb1 = 1000, .isttw = 20, .isttf = 10, .ista = 300})
+            .Steel(355)
+            .Designed();
     const double lamf = 36 / (28.4 * s.eps * 2);
     const double flange = (1 - (lamf - 0.22) / (lamf * lamf)) * 360 * 10;
     EXPECT_NEAR(s.aeff, s.a - 2 * flange, 0.01);  // the inner part of the flanges only
@@ -137,7 +153,7 @@ TEST(CalcEffectiveHollow, D169OverhangOfTheBoxIsNotReduced)
 
 TEST(CalcShearHollow, StockyWallsTakeThePlasticShear)
 {
-    ProjectState s = Rolled(7, "200x100x8");
+    Member s = Member::Bare().Section("RHS 200x100x8").Steel(355).Designed();
     CalcShearHollow(s, s, s, s, s);
     EXPECT_EQ(s.vbrd, s.vzrd);
     EXPECT_EQ(s.vbrd, s.vplzrd);
@@ -149,7 +165,7 @@ TEST(CalcShearHollow, StockyWallsTakeThePlasticShear)
 // 0.87475, chi_w = 0.83/0.87475 = 0.94884.
 TEST(CalcShearHollow, SlenderWebBuckles)
 {
-    ProjectState s = Rolled(7, "400x120x6.3");
+    Member s = Member::Bare().Section("RHS 400x120x6.3").Steel(355).Designed();
     const double area = s.a * 400.0 / 520;
     ExpectDigits(s.vzrd, area * 0.94884 * 355 / std::sqrt(3.0) / 1000, "chi_w Av fy/sqrt(3)");
     ExpectDigits(s.vplzrd, area * 355 / std::sqrt(3.0) / 1000, "Av fy/sqrt(3)");
@@ -169,9 +185,12 @@ TEST(CalcShearHollow, SlenderWebBuckles)
 }
 
 // Box 1200x1000, webs 8, flanges 10 mm, bo 0: hw/tw = 147.5, bw/tf = 98.4, both above 58.58.
-ProjectState ThinBox()
+Member ThinBox()
 {
-    return Box({.isth = 1200, .istb1 = 1000, .isttw = 8, .isttf = 10, .ista = 0});
+    return Member::Bare()
+        .Section(FormP23{.isth = 1200, .istb1 = 1000, .isttw = 8, .isttf = 10, .ista = 0})
+        .Steel(355)
+        .Designed();
 }
 
 TEST(CalcShearHollow, StiffenersAndEndPostsOfTheBox)
@@ -228,7 +247,11 @@ TEST(CalcShearHollow, D172UpperLimitOfTheFlangesCountsTheWebThickness)
 {
     // Webs of 3 mm beside flanges of 10 mm: 2 bw tw = 2*994*3 limits, although the flanges take
     // 2*994*10*chi_w, chi_w = 0.83/(99.4/(86.4 eps)) = 0.58698, which stays below eta.
-    ProjectState s = Box({.isth = 600, .istb1 = 1000, .isttw = 3, .isttf = 10, .ista = 0});
+    ProjectState s =
+        Member::Bare()
+            .Section(FormP23{.isth = 600, .istb1 = 1000, .isttw = 3, .isttf = 10, .ista = 0})
+            .Steel(355)
+            .Designed();
     CalcShearHollow(s, s, s, s, s);
     ExpectDigits(s.vyrd, 0.58698 * 2 * 994 * 10 * 355 / std::sqrt(3.0) / 1000, "flanges");
     ExpectDigits(s.vcyrd, 2 * 994 * 3 * 355 / std::sqrt(3.0) / 1000, "limit");
@@ -252,7 +275,7 @@ TEST(CalcShearHollow, D174WallsBesideAddNothing)
 
 TEST(ReduceHollow, StripsOfBothWalls)
 {
-    ProjectState s = Rolled(7, "200x100x8");  // hw 184, bw 84
+    Member s = Member::Bare().Section("RHS 200x100x8").Steel(355).Designed();  // hw 184, bw 84
     s.classmyuse = 1;
     s.vzed = 0.75 * s.vzrd;  // rho = 0.25
     ReduceMyHollow(s, s, s, s, s);
@@ -275,7 +298,7 @@ TEST(ReduceHollow, StripsOfBothWalls)
 
 TEST(ReduceHollow, HalfTheShearResistanceReducesNothing)
 {
-    ProjectState s = Rolled(7, "200x100x8");
+    Member s = Member::Bare().Section("RHS 200x100x8").Steel(355).Designed();
     Control(s, {0, 40, 0, 0.5 * s.vzrd, 0});
     EXPECT_EQ(s.myrdv, s.myrd);
     EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/MV,y,Rd = ");
@@ -284,7 +307,7 @@ TEST(ReduceHollow, HalfTheShearResistanceReducesNothing)
 
 TEST(CalcMNHollow, FollowsTheAreasOfTheWalls)
 {
-    ProjectState s = Rolled(7, "200x100x8");
+    Member s = Member::Bare().Section("RHS 200x100x8").Steel(355).Designed();
     s.ned = 0.4 * s.nplrd;
     s.myrdv = s.myrd;
     s.mzrdv = s.mzrd;
@@ -302,7 +325,11 @@ TEST(CalcMNHollow, D170FlangesOfTheBoxCountWithTheWebThickness)
 {
     // a = 35200, 2 b tw = 12000: aw = 0.65909 held at 0.5, factor 1/0.75 = 1.3333. The standard:
     // 2 b tf = 24000, aw = 0.31818, factor 1/0.84091 = 1.1892.
-    ProjectState s = Box({.isth = 600, .istb1 = 600, .isttw = 10, .isttf = 20, .ista = 50});
+    ProjectState s =
+        Member::Bare()
+            .Section(FormP23{.isth = 600, .istb1 = 600, .isttw = 10, .isttf = 20, .ista = 50})
+            .Steel(355)
+            .Designed();
     s.ned = 0.4 * s.nplrd;
     s.myrdv = 1;
     CalcMNyHollow(s, s, s, s, s);

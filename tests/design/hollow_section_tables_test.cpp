@@ -4,8 +4,7 @@
 #include "core/project_state.h"
 #include "design/hollow_section.h"
 
-#include "support/end_forces.h"
-#include "support/hollow.h"
+#include "support/members.h"
 
 namespace kestrum {
 namespace {
@@ -13,9 +12,9 @@ namespace {
 TEST(HollowTables, SquareResistsTheSameAboutBothAxes)
 {
     for (const int family : {6, 8}) {
-        ProjectState s = OfFamily(family);
+        Member s = Member::Bare(family).Steel(355);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
-            ChooseRow(s, row);
+            s.Row(row);
             SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             Design(s);
             EXPECT_EQ(s.classmy, s.classmz);
@@ -37,9 +36,9 @@ TEST(HollowTables, SquareResistsTheSameAboutBothAxes)
 TEST(HollowTables, SquareUnderAxialForceResistsTheSameAboutBothAxes)
 {
     for (const int family : {6, 8}) {
-        ProjectState s = OfFamily(family);
+        Member s = Member::Bare(family).Steel(355);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
-            ChooseRow(s, row);
+            s.Row(row);
             SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             Design(s);
             for (const double share : {-0.6, -0.1, 0.05, 0.2, 0.5, 0.8}) {
@@ -58,9 +57,9 @@ TEST(HollowTables, SquareUnderAxialForceResistsTheSameAboutBothAxes)
 TEST(HollowTables, ExchangedAxesExchangeTheResistances)
 {
     for (const int family : {7, 9}) {
-        ProjectState s = OfFamily(family);
+        Member s = Member::Bare(family).Steel(355);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
-            ChooseRow(s, row);
+            s.Row(row);
             SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             s.rectaxis = 1;
             Design(s);
@@ -80,9 +79,9 @@ TEST(HollowTables, ResistancesArePositiveAndGrowWithThickness)
 {
     for (const int family : {6, 7, 8, 9}) {
         ProjectState thin{};
-        ProjectState s = OfFamily(family);
+        Member s = Member::Bare(family).Steel(355);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
-            ChooseRow(s, row);
+            s.Row(row);
             SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
             Design(s);
             CalcShearHollow(s, s, s, s, s);

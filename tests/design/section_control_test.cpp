@@ -5,7 +5,7 @@
 #include "design/section_control.h"
 
 #include "core/arithmetic_trap.h"
-#include "support/end_forces.h"
+#include "support/members.h"
 #include "support/rows.h"
 
 #include <cmath>
@@ -58,10 +58,9 @@ i16 Class3(const Inputs&, SectionRecord&, const SectionChecks&, float, float)
     return 3;
 }
 
-ProjectState State(const EndForces& forces)
+ProjectState State(const SectionForces& forces)
 {
-    ProjectState s{};
-    SetSteel(s, 235);
+    ProjectState s = Member::Bare().Steel(235);
     s.classmy = s.classmz = 1;
     s.nplrd = 2000;
     s.ncrd = 1000;
@@ -73,7 +72,7 @@ ProjectState State(const EndForces& forces)
 
 struct TextCase {
     const char* name;
-    EndForces f;
+    SectionForces f;
     i16 pure;  // class of the single moments
     ClassRoutine cls;
     i16 conservative;
@@ -536,8 +535,7 @@ TEST(ControlSection, StopsAtAnIndexBeyondTheSections)
 // My governs its row first, then Mz; the list keeps the largest of both.
 TEST(TakeCheck, KeepsTheLargestOfEachCheckAndOfItsRow)
 {
-    ProjectState s{};
-    SetSteel(s, 235);
+    ProjectState s = Member::Bare().Steel(235);
     Check* const my = TakeCheck(s, s, CheckId::my, 0.5);
     ASSERT_NE(my, nullptr);
     FillAtSection(*my, CheckForm::my, {5, 10}, 0.25);
@@ -560,8 +558,7 @@ TEST(TakeCheck, KeepsTheLargestOfEachCheckAndOfItsRow)
 // What a check held before is gone when it is taken again.
 TEST(TakeCheck, ClearsTheCheck)
 {
-    ProjectState s{};
-    SetSteel(s, 235);
+    ProjectState s = Member::Bare().Steel(235);
     Check* const before = TakeCheck(s, s, CheckId::vz, 0.5);
     before->note = "left";
     before->terms[8] = 7;

@@ -4,20 +4,13 @@
 #include "design/shear.h"
 
 #include "design/i_section.h"
-#include "support/end_forces.h"
+#include "support/members.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
 
 namespace kestrum {
 namespace {
-
-ProjectState Steel(float fyk)
-{
-    ProjectState s{};
-    SetSteel(s, fyk);
-    return s;
-}
 
 TEST(ShearReduction, StartsBeyondHalfTheResistance)
 {
@@ -30,7 +23,7 @@ TEST(ShearReduction, StartsBeyondHalfTheResistance)
 
 TEST(StockyInShear, ExcludesTheLimit)
 {
-    ProjectState s = Steel(235);
+    ProjectState s = Member::Bare().Steel(235);
     EXPECT_TRUE(StockyInShear(s, s, 71.9, 1));
     EXPECT_FALSE(StockyInShear(s, s, 72, 1));
     EXPECT_FALSE(StockyInShear(s, s, 72.1, 1));
@@ -41,7 +34,7 @@ TEST(StockyInShear, ExcludesTheLimit)
 
 TEST(WebSlenderness, TakesPanelsLongerAndShorterThanTheWeb)
 {
-    ProjectState s = Steel(235);
+    ProjectState s = Member::Bare().Steel(235);
     s.webstiffa = 1000;
     EXPECT_NEAR(WebSlendernessStiffened(s, s, 1000, 10), 100 / 86.4, 1e-12);  // webstiff off
     s.webstiff = 1;
@@ -67,7 +60,7 @@ TEST(ChiWeb, FollowsTable5_1)
         {1.08, 0.83 / 1.08, 1.37 / 1.78},
         {2.0, 0.415, 1.37 / 2.7},
     };
-    ProjectState s = Steel(235);
+    ProjectState s = Member::Bare().Steel(235);
     for (const Case& c : cases) {
         s.endstiff = 0;
         EXPECT_NEAR(ChiWeb(s, c.lambda), c.soft, 1e-12) << c.lambda;
@@ -82,7 +75,7 @@ TEST(ChiWeb, FollowsTable5_1)
 
 TEST(ChiWeb, FallsWithSlenderness)
 {
-    ProjectState s = Steel(235);
+    ProjectState s = Member::Bare().Steel(235);
     s.neta = 1.2F;
     for (const i16 post : {i16{0}, i16{1}}) {
         s.endstiff = post;
@@ -100,7 +93,7 @@ TEST(ChiWeb, FallsWithSlenderness)
 // 18.833, lambda_w 0.631, chi_w 1.20, greatest resistance 2951.4 kN.
 TEST(CalcVbrd, MatchesThePublishedStiffenedWeb)
 {
-    ProjectState s = Steel(355);
+    ProjectState s = Member::Bare().Steel(355);
     s.neta = 1.2F;
     s.webstiff = 1;
     s.webstiffa = 600;
@@ -123,7 +116,7 @@ TEST(CalcVbrd, MatchesThePublishedStiffenedWeb)
 // 1339.2; Vbf = 300*400*355/1339.2 (1 - r^2)/1000 = 31.81 (1 - r^2).
 TEST(FlangeShear, CountsOnlyBelowTheMomentOfTheFlanges)
 {
-    ProjectState s = Steel(355);
+    ProjectState s = Member::Bare().Steel(355);
     s.mfrd = 2513.4;
     const double full = FlangeShear(s, s, s, 1160, 8, 300, 20);
     EXPECT_NEAR(full, 31.81, 0.005);
@@ -140,7 +133,7 @@ TEST(FlangeShear, CountsOnlyBelowTheMomentOfTheFlanges)
 // Vbf = 7.05.
 TEST(FlangeShear, D30CountsTheWholeWidthOfTheFlange)
 {
-    ProjectState s = Steel(355);
+    ProjectState s = Member::Bare().Steel(355);
     s.mfrd = 2000;
     EXPECT_NEAR(FlangeShear(s, s, s, 1160, 8, 600, 10), 16.45, 0.005);
     EXPECT_NEAR(FlangeShear(s, s, s, 1160, 8, 30 * s.eps * 10 + 8, 10), 7.05, 0.005);
@@ -149,7 +142,7 @@ TEST(FlangeShear, D30CountsTheWholeWidthOfTheFlange)
 // Deviation D159.
 TEST(FlangeShear, D159TakesTheStiffenerSpacingWithoutStiffeners)
 {
-    ProjectState s = Steel(355);
+    ProjectState s = Member::Bare().Steel(355);
     s.mfrd = 2513.4;
     s.webstiff = 0;
     const double at5000 = FlangeShear(s, s, s, 1160, 8, 300, 20);

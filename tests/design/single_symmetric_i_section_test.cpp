@@ -3,9 +3,8 @@
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
 #include "design/i_section.h"
-#include "sections/rolled_i.h"
 #include "support/rows.h"
-#include "support/welded_design.h"
+#include "support/welded.h"
 
 #include <gtest/gtest.h>
 
@@ -15,17 +14,13 @@ using namespace kestrum;
 
 namespace {
 
-ProjectState Unequal(const FormP22& form, float fyk = 355)
+Member Unequal(const FormP22& form, float fyk = 355)
 {
-    ProjectState s = welded::Default(22);
-    s.p22 = form;
-    welded::SetStrength(s, fyk);
-    welded::Prepare(s);
-    return s;
+    return welded::Default(22).Section(form).Steel(fyk).Designed();
 }
 
 // Plastic with either sign.
-ProjectState Stocky()
+Member Stocky()
 {
     return Unequal({600, 200, 400, 20, 24, 30}, 235);
 }
@@ -37,7 +32,7 @@ ProjectState Stocky()
 // class 3; compression 45.67 > 42*0.8136 = 34.2, class 4, rho_w 0.7867.
 TEST(SingleSymmetricI, DefaultClassesAndResistances)
 {
-    const ProjectState s = welded::Prepared(22);
+    const Member s = welded::Default(22).Designed();
     EXPECT_EQ(s.classmytop, 3);
     EXPECT_EQ(s.classmybot, 3);
     EXPECT_EQ(s.classmy, 3);
@@ -73,7 +68,7 @@ TEST(SingleSymmetricI, ModulusOfTheSignFollowsTheClass)
 
     ProjectState elastic = s;
     elastic.checkelastic = kTrue;
-    welded::Prepare(elastic);
+    Design(elastic);
     EXPECT_EQ(elastic.wytop, elastic.wely);
     EXPECT_EQ(elastic.wybot,
               elastic.weffybot1 < elastic.weffybot2 ? elastic.weffybot1 : elastic.weffybot2);
@@ -81,28 +76,28 @@ TEST(SingleSymmetricI, ModulusOfTheSignFollowsTheClass)
 
 TEST(SingleSymmetricI, SignResistancesTakeGammaM1)
 {
-    ProjectState s = welded::Default(22);
+    Member s = welded::Default(22);
     s.p22 = {800, 400, 200, 8, 30, 15};
     s.gammam0 = 1.05;
     s.gammam1 = 1.25F;
-    welded::Prepare(s);
+    Design(s);
     EXPECT_NEAR(s.mytoprd, s.wytop * 355e-6 / 1.25, 1e-6 * s.mytoprd);
     EXPECT_NEAR(s.mybotrd, s.wybot * 355e-6 / 1.25, 1e-6 * s.mybotrd);
     EXPECT_EQ(s.myrdm1, std::min(s.mytoprd, s.mybotrd));
     EXPECT_NEAR(s.myrd, s.wyused * 355e-6 / 1.05, 1e-6 * s.myrd);
     EXPECT_NEAR(s.nrdm1, s.ncrd * 1.05 / 1.25, 1e-6 * s.nrdm1);
     // The control takes gammaM0.
-    welded::Control(s, {0, 100, 0, 0, 0});
+    Control(s, {0, 100, 0, 0, 0});
     EXPECT_NEAR(s.irrow1, 100 / (s.wytop * 355e-6 / 1.05), 1e-6);
 }
 
 TEST(SingleSymmetricI, ControlTakesTheResistanceOfTheSign)
 {
     ProjectState s = Unequal({800, 400, 200, 8, 30, 15});
-    welded::Control(s, {0, 200, 0, 0, 0});
+    Control(s, {0, 200, 0, 0, 0});
     EXPECT_NEAR(s.irrow1, 200 / (s.wytop * 355e-6), 1e-6);
     EXPECT_EQ(SectionRow(s, 1).terms[0], 200);
-    welded::Control(s, {0, -200, 0, 0, 0});
+    Control(s, {0, -200, 0, 0, 0});
     EXPECT_NEAR(s.irrow1, 200 / (s.wybot * 355e-6), 1e-6);
     EXPECT_EQ(SectionRow(s, 1).terms[0], 200);
     EXPECT_EQ(s.classmy, 4);  // the worse sign stands after the control
@@ -121,8 +116,8 @@ TEST(SingleSymmetricI, TurnedUpsideDownExchangesTheSigns)
     EXPECT_EQ(up.ncrd, down.ncrd);
     EXPECT_NEAR(up.vzrd, down.vzrd, 1e-9);
     for (const double m : {300.0, -300.0}) {
-        welded::Control(up, {400, m, 20, 100, 30});
-        welded::Control(down, {400, -m, 20, 100, 30});
+        Control(up, {400, m, 20, 100, 30});
+        Control(down, {400, -m, 20, 100, 30});
         EXPECT_NEAR(up.irrow1, down.irrow1, 1e-4 * up.irrow1);
         EXPECT_NEAR(up.irrow2, down.irrow2, 1e-4 * up.irrow2);
         EXPECT_NEAR(up.irrow3, down.irrow3, 1e-6 * up.irrow3);
@@ -143,11 +138,7 @@ TEST(SingleSymmetricI, EqualFlangesGiveEqualSigns)
 TEST(SingleSymmetricI, EqualFlangesAreTheDoubleSymmetricSection)
 {
     ProjectState s = Unequal({600, 300, 300, 20, 30, 30});
-    ProjectState twin = welded::Default(21);
-    twin.p21 = {600, 300, 20, 30};
-    PropertiesWeldedI(Library{}, twin, twin);
-    CalcEffectiveI(twin, twin);
-    CalcResistanceI(twin, twin, twin, twin);
+    Member twin = welded::Default(21).Section(FormP21{600, 300, 20, 30}).Designed();
     const auto near = [](double a, double b, double rel) { EXPECT_NEAR(a, b, rel * std::abs(b)); };
     near(s.a, twin.a, 1e-6);
     near(s.iy, twin.iy, 1e-6);
@@ -166,14 +157,14 @@ TEST(SingleSymmetricI, EqualFlangesAreTheDoubleSymmetricSection)
     near(s.ncrd, twin.ncrd, 1e-6);
     near(s.vzrd, twin.vzrd, 1e-6);
     near(s.vyrd, twin.vyrd, 1e-6);
-    const welded::SectionForces cases[] = {{0, 500, 100, 1500, 300},
-                                           {900, 500, 100, 200, 30},
-                                           {-900, 500, 0, 200, 0},
-                                           {900, 0, 100, 0, 3000},
-                                           {2500, -700, 80, 2000, 50}};
-    for (const welded::SectionForces& f : cases) {
-        welded::Control(s, f);
-        welded::SetForces(twin, f);
+    const SectionForces cases[] = {{0, 500, 100, 1500, 300},
+                                   {900, 500, 100, 200, 30},
+                                   {-900, 500, 0, 200, 0},
+                                   {900, 0, 100, 0, 3000},
+                                   {2500, -700, 80, 2000, 50}};
+    for (const SectionForces& f : cases) {
+        Control(s, f);
+        SetForces(twin, f);
         ControlRolledI(twin, twin, twin, twin, twin, twin);
         near(s.irrow1, twin.irrow1, 1e-4);
         near(s.irrow2, twin.irrow2, 1e-4);
@@ -190,10 +181,10 @@ TEST(SingleSymmetricI, EqualFlangesAreTheDoubleSymmetricSection)
 TEST(SingleSymmetricI, HalfTheShearResistanceShowsTheReducedText)
 {
     ProjectState s = Stocky();
-    welded::Control(s, {0, 100, 0, 0.5 * s.vzrd, 0});
+    Control(s, {0, 100, 0, 0.5 * s.vzrd, 0});
     EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/MV,y,Rd = ");
     EXPECT_NEAR(s.irrow1, 100 / (s.wply * 235e-6), 1e-6);
-    welded::Control(s, {0, 100, 0, 0.49 * s.vzrd, 0});
+    Control(s, {0, 100, 0, 0.49 * s.vzrd, 0});
     EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = My,Ed/My,Rd = ");
 }
 
@@ -202,12 +193,12 @@ TEST(SingleSymmetricI, ShearReducesTheMoment)
 {
     ProjectState s = Stocky();
     ASSERT_LE(s.classmytop, 2);
-    welded::Control(s, {0, 100, 0, 0.8 * s.vzrd, 0});
+    Control(s, {0, 100, 0, 0.8 * s.vzrd, 0});
     const double rho = 0.6 * 0.6, strip = 546.0 * 546 * 20 * rho;
     EXPECT_NEAR(s.myrdv, (s.wply - strip / 4) * 235e-6, 1e-5 * s.myrdv);
     s.checkelastic = kTrue;
-    welded::Prepare(s);
-    welded::Control(s, {0, 100, 0, 0.8 * s.vzrd, 0});
+    Design(s);
+    Control(s, {0, 100, 0, 0.8 * s.vzrd, 0});
     EXPECT_NEAR(s.myrdv, (s.wely - strip / 6) * 235e-6, 1e-5 * s.myrdv);
 }
 
@@ -218,7 +209,7 @@ TEST(SingleSymmetricI, CombinationTakesTheClassOfTheSection)
     ProjectState s = Unequal({800, 400, 200, 8, 30, 15});
     ASSERT_LE(s.classmytop, 2);
     ASSERT_EQ(ClassWelded(s, s, 3000, 10), 4);
-    welded::Control(s, {3000, 200, 0, 0, 0});
+    Control(s, {3000, 200, 0, 0, 0});
     const double weff = std::min(s.weffytop1, s.weffytop2);
     EXPECT_NEAR(s.irrow2, 3000 / s.ncrd + 200 / (weff * 355e-6), 1e-5);
     EXPECT_EQ(LabelOf(SectionRow(s, 2)), "IR = NEd/NRd+My,Ed/My,Rd = ");
@@ -231,7 +222,7 @@ TEST(SingleSymmetricI, ClassOfTheFlangeIsThatOfTheWorseOne)
     for (const FormP22& form :
          {FormP22{600, 200, 400, 12, 20, 20}, FormP22{600, 400, 200, 12, 20, 20}}) {
         ProjectState s = Unequal(form);
-        welded::Control(s, {100, 0, 50, 0, 0});
+        Control(s, {100, 0, 50, 0, 0});
         EXPECT_EQ(s.classflange, 3);
     }
 }
@@ -242,13 +233,13 @@ TEST(SingleSymmetricI, ReducedMomentIsHeldAtTheResistanceOfTheSign)
     ProjectState s = Unequal({800, 400, 200, 8, 30, 15});
     ASSERT_EQ(s.classmybot, 4);
     ASSERT_EQ(ClassWelded(s, s, -6000, -10), 1);  // tension over the whole web
-    welded::Control(s, {-6000, -50, 0, 0, 0});
+    Control(s, {-6000, -50, 0, 0, 0});
     EXPECT_LE(s.myrdv, s.wybot * 355e-6 * (1 + 1e-6));
 }
 
 TEST(ClassOfN, CasesOfTheAxialForce)
 {
-    const ProjectState s = welded::Prepared(22);
+    const Member s = welded::Default(22).Designed();
     EXPECT_EQ(ClassWelded(s, s, 0, 0), 1);
     EXPECT_EQ(ClassWelded(s, s, -100, 0), 1);
     EXPECT_EQ(ClassWelded(s, s, 100, 0), 4);
@@ -276,7 +267,7 @@ TEST(SingleSymmetricI, D190AxialReductionTakesMeanFlanges)
     const double a = 16800 + 546.0 * 20;
     EXPECT_FLOAT_EQ(s.a, static_cast<float>(a));
     ASSERT_LE(ClassWelded(s, s, 2000, 10), 2);
-    welded::Control(s, {2000, 100, 0, 0, 0});
+    Control(s, {2000, 100, 0, 0, 0});
     const double n = 2000 / (a * 0.235), aw = (a - 16200) / a;
     EXPECT_NEAR(s.mnyrd, s.wply * 235e-6 * (1 - n) / (1 - 0.5 * aw), 1e-5 * s.mnyrd);
 }
@@ -291,7 +282,7 @@ TEST(SingleSymmetricI, D190AxialForceEntersAsInADoublySymmetricSection)
     ProjectState s = Unequal({600, 100, 400, 15, 20, 20}, 235);
     EXPECT_NEAR(s.zcog, 205.4, 0.05);
     ASSERT_EQ(ClassWelded(s, s, 940, 300), 2);
-    welded::Control(s, {940, 300, 0, 0, 0});
+    Control(s, {940, 300, 0, 0, 0});
     EXPECT_NEAR(s.mnyrd, 3.476 * 235, 0.1);
     EXPECT_GT(s.mnyrd, 1.2 * 2.829 * 235);
 }
@@ -315,8 +306,8 @@ TEST(SingleSymmetricI, SlenderWebRecommendsStiffeners)
 {
     ProjectState s = Unequal({1200, 300, 300, 8, 20, 20});
     s.neta = 1.2F;
-    welded::Prepare(s);
-    welded::Control(s, {0, 0, 0, 300, 0});
+    Design(s);
+    Control(s, {0, 0, 0, 300, 0});
     const double chi = 0.83 / (1160 / (86.4 * s.eps * 8));
     const double web = chi * 9280 * 0.355 / std::sqrt(3.0);
     EXPECT_NEAR(s.vzrd, web, 1e-5 * web);
@@ -324,7 +315,7 @@ TEST(SingleSymmetricI, SlenderWebRecommendsStiffeners)
     EXPECT_NEAR(s.vbrd, web + 300 * 400 * 0.355 / c, 1e-5 * web);
     EXPECT_EQ(SectionRow(s, 3).note.text(), " Support stiffener recommended)");
     s.checkwebbuck = kTrue;
-    welded::Control(s, {0, 0, 0, 300, 0});
+    Control(s, {0, 0, 0, 300, 0});
     EXPECT_EQ(s.vbrd, s.vplzrd);
 }
 
@@ -332,17 +323,17 @@ TEST(SingleSymmetricI, SlenderWebRecommendsStiffeners)
 // alone still makes no combination.
 TEST(SingleSymmetricI, D198ShiftOfTheCentroidGivesNoMoment)
 {
-    ProjectState s = welded::Prepared(22);
+    Member s = welded::Default(22).Designed();
     ASSERT_EQ(s.classn, 4);
-    welded::Control(s, {3000, 0, 0, 0, 0});
+    Control(s, {3000, 0, 0, 0, 0});
     EXPECT_NEAR(s.irrow1, 3000 / s.ncrd, 1e-9);
     EXPECT_EQ(s.irrow2, 0);
 }
 
 TEST(SingleSymmetricI, NoForcesLeaveTheRowsEmpty)
 {
-    ProjectState s = welded::Prepared(22);
-    welded::Control(s, {0, 0, 0, 0, 0});
+    Member s = welded::Default(22).Designed();
+    Control(s, {0, 0, 0, 0, 0});
     EXPECT_EQ(s.irsection, 0);
     for (std::size_t row = 1; row <= 3; ++row) {
         EXPECT_TRUE(SectionRow(s, row).empty());

@@ -3,7 +3,7 @@
 #include "core/project_state.h"
 #include "design/effective_welded.h"
 #include "support/rows.h"
-#include "support/welded_design.h"
+#include "support/welded.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ using namespace kestrum;
 // 0.5288*290*100)/4933 = 47.57, Ieff 1.980e7, W = Ieff/(210 - 47.57) = 1.219e5.
 TEST(FlatBarPlate, PlateCompressed)
 {
-    const ProjectState s = welded::Prepared(51);
+    const Member s = welded::Default(51).Designed();
     EXPECT_EQ(s.classmytop, 4);
     EXPECT_NEAR(s.weffytop1, 1.980e7 / 47.57, 0.001e6);
     EXPECT_NEAR(s.weffytop2, 1.219e5, 60);
@@ -28,7 +28,7 @@ TEST(FlatBarPlate, PlateCompressed)
 // Ieff 1.247e7, W 6.661e4.
 TEST(FlatBarPlate, BarCompressed)
 {
-    const ProjectState s = welded::Prepared(51);
+    const Member s = welded::Default(51).Designed();
     EXPECT_EQ(s.classmybot, 4);
     EXPECT_NEAR(s.weffybot1, 6.661e4, 40);
     EXPECT_NEAR(s.weffybot2, 1.247e7 / (210 - 187.2), 1e3);
@@ -37,9 +37,9 @@ TEST(FlatBarPlate, BarCompressed)
 
 TEST(FlatBarPlate, BarInTensionKeepsItsArea)
 {
-    ProjectState s = welded::Default(51);
+    Member s = welded::Default(51);
     s.p51 = {400, 300, 6, 20};  // plate (300 - 6 - 8)/2/20 = 7.15 whole
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(s.classmytop, 1);
     EXPECT_NEAR(s.weffytop2, s.wyelbot, 1e-5 * s.wyelbot);
     EXPECT_LT(s.weffybot1, s.wyelbot);
@@ -49,10 +49,10 @@ TEST(FlatBarPlate, BarInTensionKeepsItsArea)
 TEST(FlatBarPlate, ClassOfTheTipIncludesItsLimits)
 {
     const auto cls = [](double d) {
-        ProjectState s = welded::Default(51);
+        Member s = welded::Default(51);
         s.p51 = {d + 10, 300, 10, 20};  // weld legs of 5
-        welded::SetStrength(s, 235);
-        welded::Prepare(s);
+        s.Steel(235);
+        Design(s);
         return s.classmybot;
     };
     EXPECT_EQ(cls(90), 1);
@@ -67,7 +67,7 @@ TEST(FlatBarPlate, ClassOfTheTipIncludesItsLimits)
 TEST(AnglePlate, DefaultClasses)
 {
     for (const int family : {52, 53}) {
-        const ProjectState s = welded::Prepared(family);
+        const Member s = welded::Default(family).Designed();
         EXPECT_EQ(s.classmytop, 4) << family;
         EXPECT_EQ(s.classmybot, 1) << family;
         EXPECT_FLOAT_EQ(s.wybot, s.wply) << family;
@@ -78,7 +78,7 @@ TEST(AnglePlate, DefaultClasses)
 // Defaults of a plate 300 x 20 with the T 580: class 1 for either sign.
 TEST(TPlate, DefaultIsTheDoubleSymmetricI)
 {
-    const ProjectState s = welded::Prepared(56);
+    const Member s = welded::Default(56).Designed();
     EXPECT_EQ(s.classmytop, 1);
     EXPECT_EQ(s.classmybot, 1);
     EXPECT_NEAR(s.myrd, 4.4208 * 355, 0.01);
@@ -90,9 +90,9 @@ TEST(TPlate, DefaultIsTheDoubleSymmetricI)
 
 TEST(TPlate, EqualFlangesGiveEqualSigns)
 {
-    ProjectState s = welded::Default(56);
+    Member s = welded::Default(56);
     s.p56 = {985, 300, 300, 6, 15, 15};
-    welded::Prepare(s);
+    Design(s);
     ASSERT_EQ(s.classmytop, 4);
     EXPECT_NEAR(s.weffytop1, s.weffybot1, 1e-5 * s.weffytop1);
     EXPECT_NEAR(s.weffytop2, s.weffybot2, 1e-5 * s.weffytop2);
@@ -101,9 +101,9 @@ TEST(TPlate, EqualFlangesGiveEqualSigns)
 // The compressed part of the web counts from the flange itself, without the weld leg.
 TEST(TPlate, D195CompressedWebCountsFromTheFlange)
 {
-    ProjectState s = welded::Default(56);
+    Member s = welded::Default(56);
     s.p56 = {985, 300, 300, 6, 15, 15};
-    welded::Prepare(s);
+    Design(s);
     const EffectiveScheme between{.leg = s.r, .webbuckles = true, .netcentroid = true};
     const EffectiveScheme ours{.leg = 0, .webbuckles = true, .netcentroid = true};
     const double standard =
@@ -118,17 +118,17 @@ TEST(TPlate, D195CompressedWebCountsFromTheFlange)
 // One outstand of the angle, none of the bulb, two of the T.
 TEST(StiffenerFlange, OutstandsThatBuckle)
 {
-    ProjectState s = welded::Default(53);
+    Member s = welded::Default(53);
     s.p53.istb2 = 300;
-    welded::Prepare(s);
+    Design(s);
     const Flange angle = BottomFlange(s, s);
     EXPECT_FLOAT_EQ(static_cast<float>(angle.left), 300 - 11.5F - 5.75F);
     EXPECT_EQ(angle.right, 0);
     EXPECT_EQ(s.classmybot, 4);  // 282.75/16 = 17.7 > 14 eps
     EXPECT_LT(s.weffybot1, s.wyelbot);
-    ProjectState bulb = welded::Prepared(54);
+    Member bulb = welded::Default(54).Designed();
     EXPECT_EQ(FlangeLoss(bulb, bulb, BottomFlange(bulb, bulb)), 0);
-    ProjectState tee = welded::Prepared(56);
+    Member tee = welded::Default(56).Designed();
     EXPECT_EQ(BottomFlange(tee, tee).left, BottomFlange(tee, tee).right);
 }
 
@@ -136,13 +136,13 @@ TEST(StiffenerFlange, OutstandsThatBuckle)
 // then is class 1.
 TEST(StiffenerFlange, ThickPlateIsClassifiedThoughItHoldsTheAxis)
 {
-    ProjectState s = welded::Default(54);
+    Member s = welded::Default(54);
     s.p54 = {600, 40};
-    welded::Prepare(s);
+    Design(s);
     ASSERT_LT(TopSide(s, s).webin, 0);
     EXPECT_EQ(s.classmytop, 1);  // 292.5/40 = 7.31 below 9 eps = 7.32
     s.p54 = {600, 30};           // 292.5/30 = 9.75: class 3
-    welded::Prepare(s);
+    Design(s);
     ASSERT_LT(TopSide(s, s).webin, 0);
     EXPECT_EQ(s.classmytop, 3);
 }
@@ -151,7 +151,7 @@ TEST(StiffenerFlange, ThickPlateIsClassifiedThoughItHoldsTheAxis)
 // 183.7.
 TEST(PlateMcr, D196FlatBarTrips)
 {
-    const ProjectState s = welded::Prepared(51);
+    const Member s = welded::Default(51).Designed();
     EXPECT_NEAR(PlateMcr(s, s, 5000) / s.wybot, 183.7, 0.1);
     // One stress for either sign, with the modulus of the compressed stiffener.
     ASSERT_NE(s.wytop, s.wybot);
@@ -161,7 +161,7 @@ TEST(PlateMcr, D196FlatBarTrips)
 // bending pi^2 210000*4.508e7/8240/5000^2 = 453.6 with the stiffener's own second moment.
 TEST(PlateMcr, TStiffener)
 {
-    const ProjectState s = welded::Prepared(56);
+    const Member s = welded::Default(56).Designed();
     EXPECT_NEAR(PlateMcr(s, s, 5000) / s.wybot, 32.7 + 453.6, 0.1);
 }
 
@@ -169,7 +169,7 @@ TEST(PlateMcr, TStiffener)
 // ((16/11.5)^2 1600 + 3266) 80769 (11.5/300)^2/8066 = 93.6.
 TEST(PlateMcr, AngleStiffener)
 {
-    const ProjectState s = welded::Prepared(53);
+    const Member s = welded::Default(53).Designed();
     EXPECT_NEAR(PlateMcr(s, s, 5000) / s.wybot, 201, 0.5);
     const double torsion = PlateMcr(s, s, 1e9) / s.wybot;
     EXPECT_NEAR(torsion, 93.6, 0.1);
@@ -178,7 +178,7 @@ TEST(PlateMcr, AngleStiffener)
 TEST(PlateMcr, FallsWithTheLength)
 {
     for (const int family : {51, 52, 53, 54, 56}) {
-        const ProjectState s = welded::Prepared(family);
+        const Member s = welded::Default(family).Designed();
         double before = PlateMcr(s, s, 500);
         for (double length = 1000; length <= 12000; length += 500) {
             const double mcr = PlateMcr(s, s, length);
@@ -190,10 +190,10 @@ TEST(PlateMcr, FallsWithTheLength)
 
 TEST(PlateControl, SignsTakeTheirOwnResistance)
 {
-    ProjectState s = welded::Prepared(51);
-    welded::Control(s, {0, 10, 0, 5, 0});
+    Member s = welded::Default(51).Designed();
+    Control(s, {0, 10, 0, 5, 0});
     EXPECT_NEAR(s.irrow1, 10 / 43.28, 2e-4);
-    welded::Control(s, {0, -10, 0, 5, 0});
+    Control(s, {0, -10, 0, 5, 0});
     EXPECT_NEAR(s.irrow1, 10 / 23.65, 5e-4);
     EXPECT_TRUE(SectionRow(s, 2).empty());
     EXPECT_NEAR(s.irrow3, 5 / s.vbrd, 1e-9);
@@ -202,10 +202,10 @@ TEST(PlateControl, SignsTakeTheirOwnResistance)
 // Elastic: one web, hw^2 tw rho/6, held at the resistance without shear.
 TEST(PlateControl, ShearReducesTheMomentByOneWeb)
 {
-    ProjectState s = welded::Prepared(56);
+    Member s = welded::Default(56).Designed();
     s.checkelastic = kTrue;
-    welded::Prepare(s);
-    welded::Control(s, {0, 10, 0, 0.9 * s.vzrd, 0});
+    Design(s);
+    Control(s, {0, 10, 0, 0.9 * s.vzrd, 0});
     const double strip = 560.0 * 560 * 12 * 0.64;
     EXPECT_NEAR(s.myrdv, (s.wely - strip / 6) * 355e-6, 1e-5 * s.myrdv);
 }
@@ -214,17 +214,17 @@ TEST(PlateControl, ShearReducesTheMomentByOneWeb)
 // 200*10^2 against 600*10^2.
 TEST(PlateControl, FlangePartOfShearBuckling)
 {
-    ProjectState bar = welded::Default(51);
+    Member bar = welded::Default(51);
     bar.p51.isth = 700;
-    welded::Prepare(bar);
-    welded::Control(bar, {0, 0, 0, 10, 0});
+    Design(bar);
+    Control(bar, {0, 0, 0, 10, 0});
     EXPECT_EQ(bar.vbrd, bar.vzrd);
     EXPECT_EQ(SectionRow(bar, 3).note.text(), " Support stiffener recommended)");
 
-    ProjectState tee = welded::Default(56);
+    Member tee = welded::Default(56);
     tee.p56 = {710, 600, 200, 8, 10, 10};
-    welded::Prepare(tee);
-    welded::Control(tee, {0, 0, 0, 10, 0});
+    Design(tee);
+    Control(tee, {0, 0, 0, 10, 0});
     const double c = 5000 * (0.25 + 1.6 * 20000 / (700.0 * 700 * 8));
     EXPECT_NEAR(tee.vbrd - tee.vzrd, 20000 * 0.355 / c, 1e-4);
 }
@@ -232,11 +232,11 @@ TEST(PlateControl, FlangePartOfShearBuckling)
 // The angle's flange stands aside; bent about y it counts like a T of the same plates.
 TEST(PlateControl, D197OneSidedFlangeBendsAboutY)
 {
-    ProjectState angle = welded::Default(53), tee = welded::Default(56);
+    Member angle = welded::Default(53), tee = welded::Default(56);
     angle.p53 = {316, 600, 60, 12, 20, 16};
     tee.p56 = {316, 600, 60, 12, 20, 16};
-    welded::Prepare(angle);
-    welded::Prepare(tee);
+    Design(angle);
+    Design(tee);
     EXPECT_EQ(angle.iy, tee.iy);
     EXPECT_EQ(angle.melyrd, tee.melyrd);
     EXPECT_NE(angle.iz, tee.iz);

@@ -2,7 +2,7 @@
 
 #include "core/project_state.h"
 #include "support/rows.h"
-#include "support/welded_design.h"
+#include "support/welded.h"
 
 #include <gtest/gtest.h>
 
@@ -13,13 +13,10 @@ using namespace kestrum;
 namespace {
 
 // eps = 1; web hw thick 10, flange outstand c by 10.
-ProjectState Of(double hw, double c)
+Member Of(double hw, double c)
 {
-    ProjectState s = welded::Default(26);
-    s.p26 = {hw + 10, 2 * c + 20, 10, 10};  // weld leg 5 on both sides of the web of 10
-    welded::SetStrength(s, 235);
-    welded::Prepare(s);
-    return s;
+    // weld leg 5 on both sides of the web of 10
+    return welded::Default(26).Section(FormP26{hw + 10, 2 * c + 20, 10, 10}).Steel(235).Designed();
 }
 
 }  // namespace
@@ -28,7 +25,7 @@ ProjectState Of(double hw, double c)
 // rho 0.6779, aeff = 3900 - 1900*0.3221 = 3288; flange 90/10 = 9 class 3.
 TEST(TSection, DefaultResistances)
 {
-    const ProjectState s = welded::Prepared(26);
+    const Member s = welded::Default(26).Designed();
     EXPECT_EQ(s.classn, 4);
     EXPECT_EQ(s.classmytop, 3);
     EXPECT_EQ(s.classmybot, 4);
@@ -71,27 +68,27 @@ TEST(TSection, D193CompressionTakesTheEffectiveAreaInClass3)
 
 TEST(TSection, SwitchesKeepTheGrossArea)
 {
-    ProjectState s = welded::Default(26);
+    Member s = welded::Default(26);
     s.p26 = {300, 400, 8, 8};
-    welded::Prepare(s);
+    Design(s);
     const float reduced = s.aeff;
     s.checkwebbuck = kTrue;
-    welded::Prepare(s);
+    Design(s);
     EXPECT_GT(s.aeff, reduced);
     EXPECT_LT(s.aeff, s.a);
     s.checkflangebuck = kTrue;
-    welded::Prepare(s);
+    Design(s);
     EXPECT_EQ(s.aeff, s.a);
 }
 
 TEST(TSection, AxialRowNamesThePlaceAndTheClause)
 {
-    ProjectState s = welded::Prepared(26);
-    welded::Control(s, {500, 0, 0, 0, 0});
+    Member s = welded::Default(26).Designed();
+    Control(s, {500, 0, 0, 0, 0});
     EXPECT_NEAR(s.irrow1, 500 / s.ncrd, 1e-9);
     EXPECT_EQ(LabelOf(SectionRow(s, 1)), "IR = NEd/NRd = ");
     EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.4)");
-    welded::Control(s, {-500, 0, 0, 0, 0});
+    Control(s, {-500, 0, 0, 0, 0});
     EXPECT_NEAR(s.irrow1, 500 / s.nplrd, 1e-9);
     EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.3)");
 }
@@ -102,14 +99,14 @@ TEST(TSection, MomentTakesTheClassOfItsCompressedPart)
     ProjectState s = Of(160, 50);
     ASSERT_EQ(s.classmytop, 1);
     ASSERT_EQ(s.classmybot, 4);
-    welded::Control(s, {0, 2, 0, 1, 0});
+    Control(s, {0, 2, 0, 1, 0});
     EXPECT_NEAR(s.irrow1, 2 / (s.wply * 235e-6), 1e-6);
     EXPECT_NEAR(s.irrow3, 1 / s.vbrd, 1e-9);
-    welded::Control(s, {0, -2, 0, 1, 0});
+    Control(s, {0, -2, 0, 1, 0});
     EXPECT_NEAR(s.irrow1, 2 / (s.weffy * 235e-6), 1e-5);
     s.checkelastic = kTrue;
-    welded::Prepare(s);
-    welded::Control(s, {0, 2, 0, 1, 0});
+    Design(s);
+    Control(s, {0, 2, 0, 1, 0});
     EXPECT_NEAR(s.irrow1, 2 / (s.wely * 235e-6), 1e-6);
     EXPECT_EQ(s.classmy, 4);
 }
@@ -119,7 +116,7 @@ TEST(TSection, D194AxialForceAndMomentAreSummed)
 {
     ProjectState s = Of(90, 50);
     ASSERT_EQ(s.classn, 1);
-    welded::Control(s, {100, 3, 0, 1, 0});
+    Control(s, {100, 3, 0, 1, 0});
     EXPECT_NEAR(s.irrow2, 100 / s.ncrd + 3 / (s.wply * 235e-6), 1e-6);
     EXPECT_EQ(LabelOf(SectionRow(s, 2)), "IR = NEd/NRd+My,Ed/My,Rd = ");
     EXPECT_EQ(LimitOf(SectionRow(s, 2)), " (0.00L; Ch 6.2.1/6.2.9)");
@@ -128,16 +125,16 @@ TEST(TSection, D194AxialForceAndMomentAreSummed)
 // 200/200/10/10: the standard has 10*(200 - 5) = 1950.
 TEST(TSection, D32ShearAreaTakesEta)
 {
-    EXPECT_NEAR(welded::Prepared(26).avz, 1.2 * 1900, 1e-3);
-    EXPECT_NEAR(welded::Prepared(51).avz, 1.2 * 2000, 1e-3);  // 10*(210 - 5) = 2050
+    EXPECT_NEAR(welded::Default(26).Designed().avz, 1.2 * 1900, 1e-3);
+    EXPECT_NEAR(welded::Default(51).Designed().avz, 1.2 * 2000, 1e-3);  // 10*(210 - 5) = 2050
 }
 
 TEST(TSection, SlenderWebHasNoFlangePart)
 {
-    ProjectState s = welded::Default(26);
+    Member s = welded::Default(26);
     s.p26.isth = 900;
-    welded::Prepare(s);
-    welded::Control(s, {0, 0, 0, 10, 0});
+    Design(s);
+    Control(s, {0, 0, 0, 10, 0});
     EXPECT_EQ(s.vbrd, s.vzrd);
     EXPECT_EQ(SectionRow(s, 3).note.text(), " Support stiffener recommended)");
 }

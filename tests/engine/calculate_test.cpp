@@ -3,9 +3,9 @@
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
 #include "engine/control_dispatch.h"
-#include "engine/engine_fixture.h"
 #include "engine/section_dispatch.h"
 #include "sections/families.h"
+#include "support/members.h"
 #include "support/rows.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ namespace {
 
 TEST(Calculate, DefaultProjectIsDesigned)
 {
-    ProjectState s = Fresh();
+    Member s;
     EXPECT_TRUE(EndsWell(s));
     EXPECT_FALSE(s.calculationerror);
     EXPECT_EQ(s.errorflag, 0);
@@ -34,7 +34,7 @@ TEST(Calculate, EveryFamilyIsDesignedFromItsDefaults)
 {
     for (const int family : FamilyNumbers()) {
         SCOPED_TRACE(family);
-        ProjectState s = Plain(static_cast<i16>(family));
+        Member s = Member().Family(family).BasicLoads();
         s.l = 2;
         s.nload[1] = 1;
         s.qload[1] = 1;
@@ -46,9 +46,9 @@ TEST(Calculate, EveryFamilyIsDesignedFromItsDefaults)
 }
 
 // A column with some bending: HEA 200, L = 10 m, beyond its elastic critical force about z.
-ProjectState Overloaded(i16 method)
+Member Overloaded(i16 method)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.row[0] = 5;
     s.l = 10;
     s.nload[1] = 1e4f;
@@ -58,7 +58,7 @@ ProjectState Overloaded(i16 method)
 
 TEST(Calculate, AxialOverloadStopsTheFactorsOfMethod1)
 {
-    ProjectState s = Overloaded(1);
+    Member s = Overloaded(1);
     EXPECT_FALSE(EndsWell(s));
     EXPECT_EQ(s.errorflag, -1);
     EXPECT_TRUE(s.calculationerror);
@@ -68,7 +68,7 @@ TEST(Calculate, AxialOverloadStopsTheFactorsOfMethod1)
 
 TEST(Calculate, AxialOverloadIsCalculatedOnByMethod2)
 {
-    ProjectState s = Overloaded(2);
+    Member s = Overloaded(2);
     EXPECT_TRUE(EndsWell(s));
     EXPECT_EQ(s.errorflag, 0);
     EXPECT_GT(s.maxirbuckling, 1);
@@ -76,7 +76,7 @@ TEST(Calculate, AxialOverloadIsCalculatedOnByMethod2)
 
 TEST(Calculate, AxialOverloadWithoutMomentIsCalculatedOn)
 {
-    ProjectState s = Overloaded(1);
+    Member s = Overloaded(1);
     s.qload[1] = 0;
     EXPECT_TRUE(EndsWell(s));
     EXPECT_GT(s.maxirbuckling, 1);
@@ -84,7 +84,7 @@ TEST(Calculate, AxialOverloadWithoutMomentIsCalculatedOn)
 
 TEST(Calculate, AxialForceEqualToTheCriticalForceIsNoOverload)
 {
-    ProjectState s = Overloaded(1);
+    Member s = Overloaded(1);
     s.method = 2;
     ASSERT_TRUE(EndsWell(s));
     s.method = 1;
@@ -103,7 +103,7 @@ TEST(Calculate, AxialForceEqualToTheCriticalForceIsNoOverload)
 TEST(Calculate, AngleOverloadStopsInBothMethods)
 {
     for (const i16 method : std::initializer_list<i16>{1, 2}) {
-        ProjectState s = Plain(10);
+        Member s = Member().Family(10).BasicLoads();
         s.method = method;
         s.l = 10;
         s.nload[1] = 1e4f;
@@ -114,14 +114,14 @@ TEST(Calculate, AngleOverloadStopsInBothMethods)
 
 TEST(Calculate, TheNextValidInputRecovers)
 {
-    ProjectState failed = Overloaded(1);
+    Member failed = Overloaded(1);
     ASSERT_FALSE(EndsWell(failed));
     failed.nload[1] = 10;
     EXPECT_TRUE(EndsWell(failed));
     EXPECT_FALSE(failed.calculationerror);
     EXPECT_EQ(failed.errorflag, 0);
 
-    ProjectState straight = Overloaded(1);
+    Member straight = Overloaded(1);
     straight.nload[1] = 10;
     ASSERT_TRUE(EndsWell(straight));
     EXPECT_EQ(failed.irsection, straight.irsection);
@@ -132,7 +132,7 @@ TEST(Calculate, FailureInTheSectionStep)
 {
     for (const i16 row :
          std::initializer_list<i16>{24, 28, 29, 32767, -1}) {  // read 24, reserved 29
-        ProjectState s = Plain();
+        Member s = Member().BasicLoads();
         s.row[0] = row;
         EXPECT_FALSE(EndsWell(s)) << row;
         EXPECT_TRUE(s.calculationerror) << row;
@@ -142,7 +142,7 @@ TEST(Calculate, FailureInTheSectionStep)
 
 TEST(Calculate, FailureInTheAnalysisStep)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.l = 0;
     EXPECT_FALSE(EndsWell(s));
     s.l = 5;
@@ -150,7 +150,7 @@ TEST(Calculate, FailureInTheAnalysisStep)
     s.qload[2] = 3e38f;
     s.qchecked[2] = kTrue;
     EXPECT_FALSE(EndsWell(s));
-    s = Plain();
+    s = Member().BasicLoads();
     s.qload[1] = std::numeric_limits<float>::quiet_NaN();  // raises no flag of its own
     EXPECT_FALSE(EndsWell(s));
 }
@@ -158,7 +158,7 @@ TEST(Calculate, FailureInTheAnalysisStep)
 TEST(Calculate, FailureInTheControlStep)
 {
     // A flat bar with axial force and moment has no interaction formula but the linear one.
-    ProjectState s = Plain(28);
+    Member s = Member().Family(28).BasicLoads();
     s.nload[1] = 1;
     EXPECT_FALSE(EndsWell(s));
     EXPECT_EQ(s.errorflag, 0);
@@ -168,7 +168,7 @@ TEST(Calculate, FailureInTheControlStep)
 
 TEST(Calculate, FailureInTheFirstOfTwoCombinations)
 {
-    ProjectState s = Plain(28);
+    Member s = Member().Family(28).BasicLoads();
     s.nload[1] = 1;
     s.loadcomb = 3;
     s.governing = 7;
@@ -178,7 +178,7 @@ TEST(Calculate, FailureInTheFirstOfTwoCombinations)
 
 TEST(Calculate, FailureInTheDeflectionStep)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.deflimitz = 0;
     EXPECT_FALSE(EndsWell(s));
     s.deflimitz = 300;
@@ -187,7 +187,7 @@ TEST(Calculate, FailureInTheDeflectionStep)
 
 TEST(Calculate, FailureInTheModalStep)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.modal = 1;
     s.qload[1] = -1000;  // its mass outweighs the member's
     EXPECT_FALSE(EndsWell(s));
@@ -197,7 +197,7 @@ TEST(Calculate, FailureInTheModalStep)
 
 TEST(Calculate, LeavesNoStatusFlagBehind)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.row[0] = 24;
     EXPECT_FALSE(EndsWell(s));
     EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO | FE_OVERFLOW | FE_INVALID), 0);
@@ -206,7 +206,7 @@ TEST(Calculate, LeavesNoStatusFlagBehind)
 TEST(Calculate, ANumberWithoutSectionDesignsNothing)
 {
     for (const i16 family : std::initializer_list<i16>{0, 55, 999, -1, 12}) {
-        ProjectState s = Plain();
+        Member s = Member().BasicLoads();
         ASSERT_TRUE(EndsWell(s));
         s.family = family;
         s.fyk = 123;
@@ -224,7 +224,7 @@ TEST(Calculate, ANumberWithoutSectionDesignsNothing)
 
 TEST(CalcSection, ClosedFamilySwitchesLateralTorsionalBucklingOffForGood)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.restraints = 2;
     ASSERT_TRUE(EndsWell(s));
     EXPECT_EQ(s.ltb, 1);
@@ -244,7 +244,7 @@ TEST(CalcSection, LateralTorsionalBucklingByFamily)
 {
     for (const int family : FamilyNumbers()) {
         SCOPED_TRACE(family);
-        ProjectState s = Plain(static_cast<i16>(family));
+        Member s = Member().Family(family).BasicLoads();
         s.restraints = 1;
         s.ltbavail = 7;
         CalcSection(Delivered(), s);
@@ -271,7 +271,7 @@ TEST(CalcSection, OpenProfilesByFamily)
 TEST(CalcControl, WithoutCompressionTheBucklingRowsAreEmpty)
 {
     for (const i16 family : std::initializer_list<i16>{10, 11, 26, 28, 31}) {
-        ProjectState s = Plain(family);
+        Member s = Member().Family(family).BasicLoads();
         s.l = 1;
         s.qload[1] = 0.5f;
         s.nload[1] = family == 28 ? 0.0f : 1.0f;
@@ -286,7 +286,7 @@ TEST(CalcControl, WithoutCompressionTheBucklingRowsAreEmpty)
 
 TEST(CalcControl, TCarriesAxialLoadsOnly)
 {
-    ProjectState s = Plain(26);
+    Member s = Member().Family(26).BasicLoads();
     s.pm[1] = 5;
     s.pmx[1] = 1;
     s.pmdir[1] = 0;
@@ -305,7 +305,7 @@ TEST(CalcControl, TCarriesAxialLoadsOnly)
 TEST(CalcControl, HsqAndPlatesHaveNoAxialForce)
 {
     for (const i16 family : std::initializer_list<i16>{24, 25, 51, 52, 53, 54, 56}) {
-        ProjectState s = Plain(family);
+        Member s = Member().Family(family).BasicLoads();
         ASSERT_TRUE(EndsWell(s)) << family;
         EXPECT_EQ(s.ned, 0) << family;
     }

@@ -2,8 +2,8 @@
 
 #include "core/load_combination.h"
 #include "core/project_state.h"
-#include "engine/engine_fixture.h"
 #include "sections/families.h"
+#include "support/members.h"
 #include "support/rows.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ constexpr i16 kVariable1 = 1;
 // The default member with all loads of one category.
 ProjectState OfCategory(i16 category)
 {
-    ProjectState s = Fresh();
+    Member s;
     s.ntype[1] = category;
     s.qtype[1] = category;
     return s;
@@ -86,7 +86,7 @@ TEST(Eq610ab, EqualUtilisationIsNamedEq610b)
 // axial force of 6.10a.
 TEST(Eq610ab, BucklingDecidesAgainstTheSection)
 {
-    ProjectState loads = Fresh();
+    Member loads;
     loads.l = 10;
     loads.ntype[1] = kPermanent;
     loads.nload[1] = 500;
@@ -124,7 +124,7 @@ TEST(Eq610ab, LeavesTheWorseOfBothInEveryFamily)
 // kN/m. Whichever combination is beyond, the loading leaves the resistance of both.
 TEST(Eq610ab, FlangeOverloadInOneOfThemRemovesTheLoadingFromBoth)
 {
-    ProjectState loads = Fresh();
+    Member loads;
     loads.family = 25;
     loads.qload[1] = 141;
     loads.qtype[1] = kPermanent;

@@ -1,7 +1,7 @@
 // Deviations from the standard that show in a whole pass.
 
 #include "core/project_state.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -10,10 +10,10 @@
 namespace kestrum {
 namespace {
 
-ProjectState Solved(const std::string& fields)
+Member Solved(const std::string& fields)
 {
-    ProjectState s = MemberOf(kUnloaded + fields);
-    EXPECT_TRUE(Calculate(DeliveredTables(), s)) << fields;
+    Member s = Member(kUnloaded + fields);
+    EXPECT_TRUE(Calculate(Delivered(), s)) << fields;
     return s;
 }
 
@@ -21,7 +21,7 @@ ProjectState Solved(const std::string& fields)
 // Table A1.2(B) has it, 6.75 x 8 = 54 kNm. In serviceability likewise.
 TEST(LoadFactors, D35VariableLoadsKeepTheirFactorWhereTheyRelieve)
 {
-    const ProjectState s = Solved("loadcomb=0 l=8 qload[1]=5 qload[2]=-3 qtype[2]=1 checksls=true");
+    const Member s = Solved("loadcomb=0 l=8 qload[1]=5 qload[2]=-3 qtype[2]=1 checksls=true");
     EXPECT_NEAR(s.mymax, 18, 1e-4);
     EXPECT_NEAR(s.dzmax, 2.0 / 5 * Solved("loadcomb=0 l=8 qload[1]=5").dzmax, 1e-4);
 }
@@ -30,7 +30,7 @@ TEST(LoadFactors, D35VariableLoadsKeepTheirFactorWhereTheyRelieve)
 // with Q2 leading 1.5 (0.7 x 2 + 8) 8 = 112.8 kNm.
 TEST(LoadFactors, D36Q1AloneLeads)
 {
-    const ProjectState s = Solved(
+    const Member s = Solved(
         "loadcomb=2 psi1index=6 psi2index=4 l=8 qload[1]=2 qtype[1]=1 qload[2]=8 qtype[2]=2");
     EXPECT_NEAR(s.mymax, 72, 1e-4);
 }
@@ -52,15 +52,15 @@ TEST(SingleSymmetricI, D57AsymmetryIsApproximate)
 // free tip leaves a quarter of it, 769 kN.
 TEST(SupportCase, D237CantileverKeepsTheBucklingFactors)
 {
-    const ProjectState s = Solved("row.hea=5 l=3 supportcase=4 nload[1]=100");
+    const Member s = Solved("row.hea=5 l=3 supportcase=4 nload[1]=100");
     EXPECT_NEAR(s.ncrz, 3077, 1);
     EXPECT_NEAR(Solved("row.hea=5 l=3 supportcase=4 nload[1]=100 lz=2").ncrz, 769, 1);
 }
 
 TEST(Box, D29ShearAreasHaveNoEta)
 {
-    ProjectState s = MemberOf(std::string(kUnloaded) + "family=23 p23.isttw=20 p23.ista=0");
-    ASSERT_TRUE(Calculate(DeliveredTables(), s));
+    Member s = Member(std::string(kUnloaded) + "family=23 p23.isttw=20 p23.ista=0");
+    ASSERT_TRUE(Calculate(Delivered(), s));
     ASSERT_GT(s.neta, 1);
     EXPECT_NEAR(s.avz, 22400, 0.1);    // 2 x 560 x 20
     EXPECT_NEAR(s.vzrd, 4591.1, 0.1);  // 22400 x 355/sqrt(3)/1000

@@ -2,7 +2,7 @@
 
 #include "core/load_combination.h"
 #include "core/project_state.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -13,16 +13,16 @@
 namespace kestrum {
 namespace {
 
-ProjectState Unloaded(const std::string& fields)
+Member Unloaded(const std::string& fields)
 {
-    return MemberOf(kUnloaded + fields);
+    return Member(kUnloaded + fields);
 }
 
 TEST(EdgeCases, ANumberThatIsNoneEndsThePass)
 {
-    ProjectState s = Unloaded("family=41 qload[1]=1");
+    Member s = Unloaded("family=41 qload[1]=1");
     s.p41.istwply = std::numeric_limits<float>::quiet_NaN();
-    EXPECT_FALSE(Calculate(DeliveredTables(), s));
+    EXPECT_FALSE(Calculate(Delivered(), s));
     EXPECT_TRUE(s.calculationerror);
 }
 
@@ -31,14 +31,14 @@ TEST(EdgeCases, ANumberThatIsNoneEndsThePass)
 TEST(EdgeCases, AnAngleAboveItsCriticalForceAboutYHasNoFactorsOfAnnexA)
 {
     const std::string angle = "family=10 row.l1=41 l=2 ly=3 lz=0.5 qload[1]=1 nload[1]=120 ";
-    ProjectState s = Unloaded(angle + "method=1");
-    EXPECT_FALSE(Calculate(DeliveredTables(), s));
+    Member s = Unloaded(angle + "method=1");
+    EXPECT_FALSE(Calculate(Delivered(), s));
     EXPECT_EQ(s.errorflag, -1);
     EXPECT_LT(s.ncry, s.ned);
     EXPECT_GT(s.ncru, s.ned);
     EXPECT_GT(s.ncrv, s.ned);
     s = Unloaded(angle + "method=2");
-    EXPECT_TRUE(Calculate(DeliveredTables(), s));
+    EXPECT_TRUE(Calculate(Delivered(), s));
     EXPECT_GT(s.maxirbuckling, 1);
 }
 
@@ -47,8 +47,8 @@ TEST(EdgeCases, AnAngleAboveItsCriticalForceAboutYHasNoFactorsOfAnnexA)
 TEST(EdgeCases, AGeneralProfileIsLoadedAtTheCentroid)
 {
     const auto level = [](const std::string& fields) {
-        ProjectState s = Unloaded(fields + " qload[1]=1");
-        EXPECT_TRUE(Calculate(DeliveredTables(), s)) << fields;
+        Member s = Unloaded(fields + " qload[1]=1");
+        EXPECT_TRUE(Calculate(Delivered(), s)) << fields;
         return s.loadlevel;
     };
     EXPECT_EQ(level("family=41 ltb=1 loadlevel=1"), 2);
@@ -59,7 +59,7 @@ TEST(EdgeCases, AGeneralProfileIsLoadedAtTheCentroid)
 
 TEST(EdgeCases, AnUnknownCombinationHasNoText)
 {
-    ProjectState s = Unloaded("");
+    Member s = Unloaded("");
     s.loadcomb = 9;
     s.checksls = kFalse;
     const std::string text = GoverningText(s);
@@ -70,9 +70,9 @@ TEST(EdgeCases, AnUnknownCombinationHasNoText)
 
 TEST(EdgeCases, AnUnknownSupportCaseHasNoCriticalMoment)
 {
-    ProjectState s = Unloaded("qload[1]=1");
+    Member s = Unloaded("qload[1]=1");
     s.supportcase = 9;
-    Calculate(DeliveredTables(), s);  // whatever its outcome, it ends
+    Calculate(Delivered(), s);  // whatever its outcome, it ends
     EXPECT_EQ(s.ltc1, 0);
 }
 

@@ -3,8 +3,8 @@
 #include "core/annexes.h"
 #include "core/project_state.h"
 #include "engine/calculate.h"
-#include "engine/engine_fixture.h"
 #include "sections/families.h"
+#include "support/members.h"
 #include "support/rows.h"
 
 #include <gtest/gtest.h>
@@ -18,9 +18,9 @@ namespace kestrum {
 namespace {
 
 // A flat bar on edge, with the linear interaction that its section control has.
-ProjectState Bar(float n)
+Member Bar(float n)
 {
-    ProjectState s = Plain(28);
+    Member s = Member().Family(28).BasicLoads();
     s.l = 2;
     s.nload[1] = n;
     s.qload[1] = 2;
@@ -30,13 +30,13 @@ ProjectState Bar(float n)
 
 TEST(FlatBar, D229LateralTorsionalBucklingIsControlledBesideCompressionOnly)
 {
-    ProjectState compressed = Bar(0.01f);
+    Member compressed = Bar(0.01f);
     ASSERT_TRUE(EndsWell(compressed));
     EXPECT_FALSE(LateralRow(compressed).empty());
     EXPECT_GT(compressed.irrow6, 0);
     EXPECT_LT(compressed.xlt, 1);
     for (const float n : {0.0f, -0.01f}) {  // nothing of it beside bending alone or tension
-        ProjectState s = Bar(n);
+        Member s = Bar(n);
         ASSERT_TRUE(EndsWell(s));
         EXPECT_EQ(s.mydesign, compressed.mydesign);
         EXPECT_TRUE(LateralRow(s).empty()) << n;
@@ -47,10 +47,10 @@ TEST(FlatBar, D229LateralTorsionalBucklingIsControlledBesideCompressionOnly)
 
 TEST(FlatBar, LoadsInYAreTakenAwayAndTheAxialForceStays)
 {
-    ProjectState s = Bar(5);
+    Member s = Bar(5);
     s.qload[2] = 1;
     s.qdir[2] = 0;
-    ProjectState without = Bar(5);
+    Member without = Bar(5);
     ASSERT_TRUE(EndsWell(s));
     ASSERT_TRUE(EndsWell(without));
     EXPECT_EQ(s.qload[2], 0);
@@ -62,7 +62,7 @@ TEST(FlatBar, LoadsInYAreTakenAwayAndTheAxialForceStays)
 TEST(TSection, WithoutCompressionThereIsNoBuckling)
 {
     for (const float n : {0.0f, -10.0f}) {
-        ProjectState s = Plain(26);
+        Member s = Member().Family(26).BasicLoads();
         s.selfweight = 1;
         s.nload[1] = 10;
         ASSERT_TRUE(EndsWell(s));
@@ -77,7 +77,7 @@ TEST(TSection, WithoutCompressionThereIsNoBuckling)
 
 TEST(RolledI, TensionLeavesTheLateralTorsionalRowToGovern)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.nload[1] = -50;
     ASSERT_TRUE(EndsWell(s));
     EXPECT_TRUE(RowY(s).empty() && RowZ(s).empty());
@@ -90,7 +90,7 @@ TEST(RolledI, TensionLeavesTheLateralTorsionalRowToGovern)
 // and a second pass changes nothing.
 TEST(Hsq, UpgradeOfOneSignCountsForTheOtherInTheSamePass)
 {
-    ProjectState s = Plain(24);
+    Member s = Member().Family(24).BasicLoads();
     s.p24.isth = 640;
     s.class23 = 0;
     s.checkwebbuck = kTrue;
@@ -113,7 +113,7 @@ TEST(SameAboutBothAxes, LoadsMayTurn)
     for (const i16 family : std::initializer_list<i16>{6, 8, 31}) {
         for (const i16 method : std::initializer_list<i16>{1, 2}) {
             SCOPED_TRACE(family);
-            ProjectState down = Plain(family);
+            Member down = Member().Family(family).BasicLoads();
             down.l = 4;
             down.nload[1] = 50;
             down.qload[1] = 3;
@@ -140,7 +140,7 @@ TEST(Rectangle, MayTurnWithItsLoad)
 {
     for (const i16 family : std::initializer_list<i16>{7, 9}) {
         SCOPED_TRACE(family);
-        ProjectState upright = Plain(family);
+        Member upright = Member().Family(family).BasicLoads();
         upright.l = 4;
         upright.nload[1] = 50;
         upright.qload[1] = 3;
@@ -167,7 +167,7 @@ TEST(SymmetricMember, LoadMayStandOnEitherSide)
 {
     for (const i16 supportcase : std::initializer_list<i16>{0, 2, 3}) {
         SCOPED_TRACE(supportcase);
-        ProjectState left = Plain();
+        Member left = Member().BasicLoads();
         left.supportcase = supportcase;
         left.restraints = 1;
         left.qload[1] = 0;
@@ -193,7 +193,7 @@ TEST(EveryFamily, TwiceTheLoadIsTwiceTheMomentAndTheDeflection)
 {
     for (const int family : FamilyNumbers()) {
         SCOPED_TRACE(family);
-        ProjectState s = Plain(static_cast<i16>(family));
+        Member s = Member().Family(family).BasicLoads();
         s.l = 3;
         s.nload[1] = 0;
         s.qload[1] = 0.5f;
@@ -217,7 +217,7 @@ TEST(EveryFamily, EndMomentsMayBeSwapped)
     for (const int family : FamilyNumbers()) {
         for (const i16 method : std::initializer_list<i16>{1, 2}) {
             SCOPED_TRACE(family);
-            ProjectState s = Plain(static_cast<i16>(family));
+            Member s = Member().Family(family).BasicLoads();
             s.loadmode = 0;
             s.method = method;
             s.l = 2;
@@ -245,7 +245,7 @@ TEST(EveryFamily, MoreRestraintsNeverLowerTheResistanceForUniformMoment)
             double before = 0;
             for (i16 restraints = 0; restraints <= 5; ++restraints) {
                 SCOPED_TRACE(std::to_string(family) + ", restraints " + std::to_string(restraints));
-                ProjectState s = Plain(static_cast<i16>(family));
+                Member s = Member().Family(family).BasicLoads();
                 s.loadmode = 0;
                 s.l = 8;
                 s.ne = 0.01f;
@@ -271,7 +271,7 @@ TEST(EveryFamily, MoreRestraintsNeverLowerTheResistanceForUniformMoment)
 
 TEST(GivenEndForces, KeepTheDeflectionRowsOfTheLastLoadedPass)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     ASSERT_TRUE(EndsWell(s));
     const Check row = DeflectionZ(s);
     ASSERT_FALSE(row.empty());
@@ -289,7 +289,7 @@ TEST(AnnexB, CmLtKeepsAwayFromItsPole)
             for (const float place : {0.5f, 2.5f, 4.0f}) {
                 for (const float moment : {-60.0f, 0.0f, 60.0f}) {
                     SCOPED_TRACE(std::to_string(family) + " " + std::to_string(supportcase));
-                    ProjectState s = Plain(family);
+                    Member s = Member().Family(family).BasicLoads();
                     s.supportcase = supportcase;
                     s.method = 2;
                     s.pm[1] = 30;
@@ -314,7 +314,7 @@ TEST(EveryFamily, PartialFactorDividesTheResistances)
 {
     for (const int family : FamilyNumbers()) {
         SCOPED_TRACE(family);
-        ProjectState s = Plain(static_cast<i16>(family));
+        Member s = Member().Family(family).BasicLoads();
         s.annexcode = "UD";
         s.annexindex = AnnexIndexFromCode(s.annexcode);
         s.l = 2;

@@ -1,7 +1,7 @@
 #include "engine/new_project.h"
 
 #include "core/project_state.h"
-#include "engine/engine_fixture.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@ namespace {
 
 TEST(StartUp, GivesTheDefaultsAndTheDeliveredSetup)
 {
-    const ProjectState s = Fresh();
+    const ProjectState s = Member();
     EXPECT_EQ(s.filename, "New File");
     EXPECT_EQ(s.projname, "Project");
     EXPECT_EQ(s.ident, "Test");
@@ -66,7 +66,7 @@ TEST(StartUp, WithoutTablesNothingCrashes)
 
 TEST(NewProject, KeepsTheDesignSettings)
 {
-    ProjectState s = Fresh();
+    Member s;
     s.gammam0 = 1.3;
     s.method = 2;
     s.loadcomb = 1;
@@ -93,7 +93,7 @@ TEST(NewProject, KeepsTheDesignSettings)
 
 TEST(NewProject, PutsEveryLoadRowBack)
 {
-    const ProjectState s = Fresh();
+    const ProjectState s = Member();
     for (std::size_t i = 1; i <= 8; ++i) {
         EXPECT_EQ(s.pmchecked[i], i == 1 ? kTrue : kFalse);
         EXPECT_EQ(s.pmdir[i], 1);
@@ -116,7 +116,7 @@ TEST(NewProject, PutsEveryLoadRowBack)
 
 TEST(NewProject, PutsEverySectionFormBack)
 {
-    const ProjectState s = Fresh();
+    const ProjectState s = Member();
     EXPECT_EQ(s.p24.hsqc, 5);
     EXPECT_EQ(s.p25.istc, 15);
     EXPECT_EQ(s.p53.isttw, 11.5);

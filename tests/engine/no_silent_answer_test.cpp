@@ -3,11 +3,11 @@
 
 #include "core/field_table.h"
 #include "core/project_state.h"
-#include "engine/engine_fixture.h"
 #include "engine/validate.h"
 #include "report/outcome.h"
 #include "report/state_json.h"
 #include "sections/families.h"
+#include "support/members.h"
 #include "support/random_project.h"
 #include "support/rows.h"
 
@@ -30,7 +30,7 @@ Outcome Ended(ProjectState& s)
 // h - 2 tf = 100 - 2 x 60 = -20 mm.
 TEST(ImpossibleSection, FlangesThickerThanTheSection)
 {
-    ProjectState s = Plain(21);
+    Member s = Member().Family(21).BasicLoads();
     s.p21.isth = 100;
     s.p21.isttf = 60;
     const Outcome outcome = Ended(s);
@@ -69,7 +69,7 @@ TEST(ImpossibleSection, IsNamedInEveryFamilyOfDimensions)
     };
     for (const Overlap& overlap : overlaps) {
         SCOPED_TRACE(testing::Message() << overlap.family << " " << overlap.part);
-        ProjectState s = Plain(overlap.family);
+        Member s = Member().Family(overlap.family).BasicLoads();
         overlap.spoil(s);
         const Outcome outcome = Ended(s);
         EXPECT_EQ(outcome.verdict, Verdict::not_checked);
@@ -80,7 +80,7 @@ TEST(ImpossibleSection, IsNamedInEveryFamilyOfDimensions)
 TEST(ImpossibleSection, NoRowOfATableIsOne)
 {
     for (const FamilyTraits& family : Families()) {
-        ProjectState s = Plain(static_cast<i16>(family.id));
+        Member s = Member().Family(family.id).BasicLoads();
         for (std::size_t table = 0; table < kTables; ++table) {
             for (int row = 0; row < Delivered().tables[table].rows; ++row) {
                 s.row[table] = static_cast<i16>(row);
@@ -105,7 +105,7 @@ TEST(AbsurdInputs, NeverEndWithinLimitsWithoutAResistance)
     int within = 0, stopped = 0;
     for (int i = 0; i < kMembers; ++i) {
         const FamilyTraits& family = Families()[static_cast<std::size_t>(i) % Families().size()];
-        ProjectState s = Plain(static_cast<i16>(family.id));
+        Member s = Member().Family(family.id).BasicLoads();
         for (const Field& field : AllFields()) {
             const bool form =
                 field.name.starts_with('p') && field.name.find('.') != std::string::npos;
@@ -240,7 +240,7 @@ TEST(Validate, NamesEachInputThatCannotBeCalculated)
     };
     for (const BadField& field : fields) {
         SCOPED_TRACE(field.name);
-        ProjectState s = Plain();
+        Member s = Member().BasicLoads();
         s.annexindex = 8;  // the user's own factors
         field.spoil(s);
         const Outcome outcome = Ended(s);
@@ -254,7 +254,7 @@ TEST(Validate, NamesEachInputThatCannotBeCalculated)
 
 TEST(Validate, NamesAllOfThem)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.loadcomb = 6;
     s.l = -1;
     EXPECT_EQ(Ended(s).message, "input: loadcomb = 6, allowed: 0 to 5; "
@@ -264,11 +264,11 @@ TEST(Validate, NamesAllOfThem)
 TEST(Validate, LetsEveryDefaultThrough)
 {
     for (const FamilyTraits& family : Families()) {
-        const ProjectState s = Plain(static_cast<i16>(family.id));
+        const Member s = Member().Family(family.id).BasicLoads();
         EXPECT_EQ(Validate(s, &Delivered()).count, 0) << family.id;
     }
     // Agreed meanings: the user's own strength, no buckling, no entry chosen.
-    ProjectState s = Fresh();
+    Member s;
     s.fykindex = -1;
     s.ly = 0.001F;
     s.lz = 0;
@@ -281,7 +281,7 @@ TEST(Validate, LetsEveryDefaultThrough)
 
 TEST(DroppedLoads, AreNamedAndLiveUntilTheLoadsChange)
 {
-    ProjectState s = Plain(27);
+    Member s = Member().Family(27).BasicLoads();
     s.l = 6;
     s.nload[1] = 3000;
     s.ntype[1] = 1;
@@ -310,7 +310,7 @@ TEST(DroppedLoads, AreNamedAndLiveUntilTheLoadsChange)
 
 TEST(DroppedLoads, TakeAllOfAT)
 {
-    ProjectState s = Plain(26);
+    Member s = Member().Family(26).BasicLoads();
     s.qt1[1] = 5;
     s.qt2[1] = 8;
     s.qtx2[1] = 2;
@@ -328,7 +328,7 @@ TEST(DroppedLoads, TakeAllOfAT)
 
 TEST(DroppedLoads, HoldEndForces)
 {
-    ProjectState s = Plain(51);
+    Member s = Member().Family(51).BasicLoads();
     s.loadmode = 0;
     s.ne = 40;
     s.mz2 = 3;
@@ -347,7 +347,7 @@ TEST(DroppedLoads, HoldEndForces)
 // NEd above Ncr,z of an HEA 200 of 12 m: pi^2 x 210000 x 1336e4 / 12000^2 = 192.3 kN.
 TEST(Failure, OfAnUnstableMemberHasStageCauseAndNumbers)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.row[0] = 5;  // HEA 200
     s.l = 12;
     s.method = 1;
@@ -368,7 +368,7 @@ TEST(Failure, OfAnUnstableMemberHasStageCauseAndNumbers)
 // stays: the larger of the two signs.
 TEST(Pass, KeepsTheClassOfUnequalFlangesWithoutInteraction)
 {
-    ProjectState s = Plain(22);
+    Member s = Member().Family(22).BasicLoads();
     s.p22.istb1 = 500;  // c/t = (500 - 12)/2 - 6 over 10: class 4 on top
     s.p22.isttf1 = 10;
     s.nload = {};
@@ -383,7 +383,7 @@ TEST(Pass, KeepsTheClassOfUnequalFlangesWithoutInteraction)
 
 TEST(Outcome, NothingActs)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.nload = {};
     s.qload = {};
     const Outcome outcome = Ended(s);

@@ -5,8 +5,8 @@
 #include "core/load_combination.h"
 #include "core/project_file.h"
 #include "core/project_state.h"
-#include "engine/engine_fixture.h"
 #include "sections/families.h"
+#include "support/members.h"
 #include "support/rows.h"
 
 #include <gtest/gtest.h>
@@ -53,7 +53,7 @@ namespace {
 
 ProjectState Loaded(i16 family)
 {
-    ProjectState s = Fresh();
+    Member s;
     s.family = family;
     s.l = 3;
     s.loadcomb = 3;
@@ -101,7 +101,7 @@ TEST(Pass, AllocatesNothing)
 // not hold and whose places and mass still count.
 void Open(ProjectState& s, const std::string& file)
 {
-    const ProjectState start = Fresh();
+    const ProjectState start = Member();
     s.pmx = start.pmx;
     s.qload = start.qload;
     ASSERT_FALSE(ReadProject(s, file));
@@ -161,7 +161,7 @@ TEST(Pass, GivesTheSameAfterAnyOtherProject)
                 inputs.method = method;
                 inputs.loadmode = loadmode;
                 const std::string file = WriteProject(inputs);
-                ProjectState fresh = Fresh();
+                Member fresh;
                 Open(fresh, file);
                 ASSERT_TRUE(EndsWell(fresh));
                 for (const int first : FamilyNumbers()) {

@@ -1,8 +1,8 @@
 #include "engine/prepared.h"
 
 #include "core/load_combination.h"
-#include "engine/engine_fixture.h"
 #include "sections/families.h"
+#include "support/members.h"
 #include "support/rows.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ constexpr double kLastBits = 2e-6;
 
 ProjectState Bare(i16 family)
 {
-    ProjectState s = Fresh();
+    Member s;
     s.family = family;
     s.loadcomb = kUserFactors;
     s.lfulsg = s.lfulsq1 = s.lfulsq2 = s.lfslsg = s.lfslsq1 = s.lfslsq2 = 1;

@@ -44,7 +44,7 @@ template <class Law> void ForProjects(int count, Law law)
 
 bool Works(ProjectState& s)
 {
-    return Calculate(DeliveredTables(), s);
+    return Calculate(Delivered(), s);
 }
 
 // What a user sees of the result, and the values behind it.
@@ -193,7 +193,7 @@ TEST(RandomProjects, GiveTheSameWhenCalculatedAgain)
 TEST(RandomProjects, AreBuiltAgainFromTheirInputs)
 {
     ForProjects(kProjects / 10, [](ProjectState s) {
-        ProjectState rebuilt = MemberOf("");
+        Member rebuilt;
         for (const Field& field : AllFields()) {
             if (field.role != FieldRole::input) {
                 continue;
@@ -205,8 +205,8 @@ TEST(RandomProjects, AreBuiltAgainFromTheirInputs)
                 const std::string value = field.kind == FieldKind::text
                                               ? std::string(TextOf(s, field))
                                               : JsonNumber(NumberOf(s, field, i));
-                EXPECT_EQ(AssignField(DeliveredTables(), rebuilt, random_project::NameOf(field, i),
-                                      value, Assignment::raw),
+                EXPECT_EQ(AssignField(Delivered(), rebuilt, random_project::NameOf(field, i), value,
+                                      Assignment::raw),
                           "")
                     << field.name;
             }
@@ -222,10 +222,10 @@ TEST(RandomProjects, AreWrittenReadAndWrittenAlike)
 {
     ForProjects(kProjects, [](ProjectState s) {
         const std::string bytes = WriteProject(s);
-        ProjectState read = MemberOf("");
+        Member read;
         EXPECT_FALSE(ReadProject(read, bytes).has_value());
         const std::string again = WriteProject(read);
-        ProjectState third = MemberOf("");
+        Member third;
         EXPECT_FALSE(ReadProject(third, again).has_value());
         EXPECT_EQ(WriteProject(third), again);
         if (s.family != 24) {  // its last value is written from the form of family 25
@@ -316,7 +316,7 @@ TEST(RandomProjects, NotesChangeNothingElse)
     ForProjects(kProjects / 10, [](ProjectState s) {
         Works(s);
         ProjectState noted = s;
-        MeasureNotes(DeliveredTables(), noted);
+        MeasureNotes(Delivered(), noted);
         EXPECT_EQ(DesignNotes(noted).empty(), NotesJson(noted) == "[]");
         if (noted.calculationerror) {
             EXPECT_TRUE(DesignNotes(noted).empty());

@@ -1,8 +1,8 @@
 // Every row of every profile table through a whole pass with the loads of a new project.
 
 #include "core/project_state.h"
-#include "engine/engine_fixture.h"
 #include "sections/family_table.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +38,7 @@ std::vector<Choice> Choices()
 
 ProjectState OfRow(const Choice& choice, int row)
 {
-    ProjectState s = Fresh();
+    Member s;
     s.family = choice.family;
     if (choice.family == 101) {
         s.series101 = choice.series;

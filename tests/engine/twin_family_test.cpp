@@ -33,8 +33,8 @@ Pair Members(std::uint64_t seed)
     pair.hea.family = kHea;
     pair.twin = pair.hea;
     pair.twin.family = kTwin;
-    Calculate(DeliveredTables(), pair.hea);
-    Calculate(DeliveredTables(), pair.twin);
+    Calculate(Delivered(), pair.hea);
+    Calculate(Delivered(), pair.twin);
     return pair;
 }
 
@@ -42,8 +42,8 @@ Pair Members(std::uint64_t seed)
 std::string Faces(const ProjectState& s)
 {
     std::string text = PanelText(s, true) + DetailedText(FillDetailedResult(s));
-    for (const PrintedReport& report : {PrintControl(DeliveredTables(), s, kStamp),
-                                        PrintProperties(DeliveredTables(), s, kStamp)}) {
+    for (const PrintedReport& report :
+         {PrintControl(Delivered(), s, kStamp), PrintProperties(Delivered(), s, kStamp)}) {
         for (const Drawing& page : report.pages) {
             text += WriteSvg(page);
         }
@@ -58,7 +58,7 @@ std::string Faces(const ProjectState& s)
             text += std::string(value.label) + value.value + std::string(value.unit) + "\n";
         }
     }
-    text += SectionName(DeliveredTables(), s) + std::string(SectionTitle(s.family)) +
+    text += SectionName(Delivered(), s) + std::string(SectionTitle(s.family)) +
             std::string(VortexRefusal(s.family));
     return text;
 }
@@ -77,7 +77,7 @@ TEST(TwinOfHea, IsAFamily)
     ASSERT_NE(FindFamily(kTwin), nullptr);
     EXPECT_EQ(Families().back().id, kTwin);
     EXPECT_EQ(FamilyNumbers().back(), kTwin);
-    EXPECT_EQ(TableOf(MemberOf("family=199")), Table::hea);
+    EXPECT_EQ(TableOf(Member("family=199")), Table::hea);
 }
 
 TEST(TwinOfHea, HasTheSameFieldsAndFaces)
@@ -100,8 +100,8 @@ TEST(TwinOfHea, HasTheSameInputsWithoutEffect)
 {
     const Pair pair = Members(FirstSeed());
     for (const Field& field : AllFields()) {
-        const std::string twin = WithoutEffect(DeliveredTables(), pair.twin, field.name);
-        const std::string hea = WithoutEffect(DeliveredTables(), pair.hea, field.name);
+        const std::string twin = WithoutEffect(Delivered(), pair.twin, field.name);
+        const std::string hea = WithoutEffect(Delivered(), pair.hea, field.name);
         EXPECT_EQ(twin.ends_with("199") ? "the family is 1" : twin, hea) << field.name;
     }
 }
@@ -114,7 +114,7 @@ TEST(TwinOfHea, HasTheSameFile)
         const std::string file = WriteProject(pair.twin);
         ASSERT_EQ(AsHea(file, "\n", "\r\n"), WriteProject(pair.hea));
 
-        ProjectState twin = MemberOf(""), hea = twin;
+        Member twin = Member(), hea = twin;
         ASSERT_FALSE(ReadProject(twin, file).has_value());
         ASSERT_FALSE(ReadProject(hea, WriteProject(pair.hea)).has_value());
         EXPECT_EQ(twin.row[0], pair.twin.row[0]);  // that of Table::hea

@@ -5,7 +5,7 @@
 #include "report/design_notes.h"
 
 #include "service/vortex.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -251,11 +251,11 @@ bool Shows(const ProjectState& s, std::string_view id)
 }
 
 // After a pass, and after a vortex control where the family has one.
-ProjectState Calculated(const std::string& lines)
+Member Calculated(const std::string& lines)
 {
-    ProjectState s = MemberOf(kUnloaded + lines);
-    EXPECT_TRUE(Calculate(DeliveredTables(), s)) << lines;
-    MeasureNotes(DeliveredTables(), s);
+    Member s = Member(kUnloaded + lines);
+    EXPECT_TRUE(Calculate(Delivered(), s)) << lines;
+    MeasureNotes(Delivered(), s);
     if (s.family == 31) {
         CalcVortexFrequency(s, s, s);
         CalcVortex(s, s, s);
@@ -280,9 +280,9 @@ TEST(DesignNotes, StayAwayWhereItDoesNot)
 // The uniform moment of Annex A leaves the torsional length behind for the next calculation.
 TEST(DesignNotes, D228GoesWithTheSecondCalculation)
 {
-    ProjectState s = Calculated("family=5 ltb=0 nload[1]=100 qload[1]=5");
+    Member s = Calculated("family=5 ltb=0 nload[1]=100 qload[1]=5");
     EXPECT_TRUE(Shows(s, "D228"));
-    EXPECT_TRUE(Calculate(DeliveredTables(), s));
+    EXPECT_TRUE(Calculate(Delivered(), s));
     EXPECT_FALSE(Shows(s, "D228"));
 }
 
@@ -319,22 +319,22 @@ TEST(DesignNotes, HaveACaseEach)
 
 TEST(DesignNotes, NoneAfterAFailedPass)
 {
-    ProjectState s = MemberOf(std::string(kUnloaded) + "nload[1]=1e7 qload[1]=5 ltbk=2");
-    EXPECT_FALSE(Calculate(DeliveredTables(), s));
+    Member s = Member(std::string(kUnloaded) + "nload[1]=1e7 qload[1]=5 ltbk=2");
+    EXPECT_FALSE(Calculate(Delivered(), s));
     EXPECT_TRUE(DesignNotes(s).empty());
 }
 
 TEST(DesignNotes, OwnStrengthIsTheLastMaterial)
 {
-    EXPECT_EQ(DeliveredTables().materials.size(), 27U);
+    EXPECT_EQ(Delivered().materials.size(), 27U);
 }
 
 TEST(DesignNotes, AllSectionsWithoutLoadsAreSilentButForTheirSteel)
 {
     for (const char* family :
          {"1", "5", "6", "10", "22", "23", "24", "26", "27", "28", "51", "103"}) {
-        ProjectState s = MemberOf(std::string(kUnloaded) + "family=" + family);
-        ASSERT_TRUE(Calculate(DeliveredTables(), s)) << family;
+        Member s = Member(std::string(kUnloaded) + "family=" + family);
+        ASSERT_TRUE(Calculate(Delivered(), s)) << family;
         EXPECT_TRUE(DesignNotes(s).empty()) << family << ' ' << DesignNotes(s).front().id;
     }
 }

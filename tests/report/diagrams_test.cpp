@@ -2,9 +2,9 @@
 
 #include "core/load_combination.h"
 #include "core/project_state.h"
-#include "engine/engine_fixture.h"
 #include "report/drawing_checks.h"
 #include "report/pane_diagrams.h"
+#include "support/members.h"
 
 #include <gmock/gmock.h>
 
@@ -20,9 +20,9 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 
 // HEA, 5 m, q = 10 kN/m along z, basic loads: M = 10 25/8 = 31.25 kNm, V = 25 kN.
-ProjectState Calculated(i16 supportcase = 0)
+Member Calculated(i16 supportcase = 0)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.supportcase = supportcase;
     s.spring = 50;
     EXPECT_TRUE(EndsWell(s));
@@ -92,7 +92,7 @@ TEST(MomentDiagram, NamesZeroCrossings)
 // A cantilever: M = -q L2/2 = -125 kNm at its fixed end.
 TEST(MomentDiagram, OfACantileverHasItsExtremeAtTheStart)
 {
-    const ProjectState s = Calculated(4);
+    const Member s = Calculated(4);
     const Drawing d = DrawMyVz(s);
     const std::vector<Point> p = ResultCurves(d)[0].points;
     EXPECT_NEAR(p[1].y, p[0].y - 10, 1e-6);
@@ -101,7 +101,7 @@ TEST(MomentDiagram, OfACantileverHasItsExtremeAtTheStart)
 
 TEST(MomentDiagram, IsFlatWithoutMomentAndDividesByNothing)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.qload = {};
     ASSERT_TRUE(EndsWell(s));
     std::feclearexcept(FE_ALL_EXCEPT);
@@ -120,7 +120,7 @@ TEST(MomentDiagram, IsFlatWithoutMomentAndDividesByNothing)
 
 TEST(MomentDiagram, ShowsSelfweightAlone)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.qload = {};
     s.selfweight = 1;
     ASSERT_TRUE(EndsWell(s));
@@ -131,7 +131,7 @@ TEST(MomentDiagram, ShowsSelfweightAlone)
 
 TEST(MomentDiagram, OfTheOtherAxisReadsTheOtherResults)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.qdir[1] = 0;
     s.qload[1] = 4;  // M = 4 25/8 = 12.5 kNm about z
     s.qload[2] = s.qload[3] = s.qload[4] = 0;
@@ -145,7 +145,7 @@ TEST(MomentDiagram, OfTheOtherAxisReadsTheOtherResults)
 // at one place, and the moment has its peak there, not beside it.
 TEST(ShearDiagram, StepsAtThePlaceOfAForce)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.qload = {};
     s.pm[1] = 10;
     s.pmx[1] = 1.23F;
@@ -175,7 +175,7 @@ TEST(ShearDiagram, StepsAtThePlaceOfAForce)
 // its strips fall into the grid by chance.
 TEST(ShearDiagram, HasNoTeethThatTheLoadDoesNotHave)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.qload = {};
     s.qt1[1] = s.qt2[1] = 10;
     s.qtx1[1] = 0.33F;
@@ -199,7 +199,7 @@ TEST(ShearDiagram, HasNoTeethThatTheLoadDoesNotHave)
 // the band of the curve.
 TEST(MomentDiagram, KeepsPeaksBetweenThePointsInItsBand)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.l = 50;
     s.qload = {};
     s.nload = {};
@@ -228,7 +228,7 @@ TEST(DeflectionText, GivesSizeAndPartOfTheLength)
 
 TEST(EndForceDiagram, IsStraightWithItsOwnTitlesAndReference)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.loadmode = 0;
     s.my1 = -20;
     s.my2 = 40;
@@ -252,7 +252,7 @@ TEST(EndForceDiagram, IsStraightWithItsOwnTitlesAndReference)
 // 2.35 in single precision lies below the half, but was entered as one.
 TEST(EndForceDiagram, RoundsAsTheEndForcesBesideIt)
 {
-    ProjectState s = Plain();
+    Member s = Member().BasicLoads();
     s.loadmode = 0;
     s.my1 = 2.35F;
     s.my2 = -1.05F;
@@ -265,7 +265,7 @@ TEST(EndForceDiagram, RoundsAsTheEndForcesBesideIt)
 
 TEST(DrawAll, FollowsTheModeOfLoading)
 {
-    ProjectState s = Calculated();
+    Member s = Calculated();
     EXPECT_TRUE(HasText(DrawAll(s, LoadAxis::z).load, "Lateral Load"));
     EXPECT_TRUE(HasText(DrawAll(s, LoadAxis::z).moment, "My/Vz/Deflection (kNm/kN/mm)"));
     EXPECT_TRUE(HasText(DrawAll(s, LoadAxis::y).moment, "Mz/Vy/Deflection (kNm/kN/mm)"));
@@ -365,7 +365,7 @@ TEST(Diagrams, AreLegibleForEverySupportAndKindOfLoading)
     for (i16 supportcase = 0; supportcase <= 5; ++supportcase) {
         for (int kinds = 0; kinds < 1 << 4; ++kinds) {
             for (const i16 direction : {kFalse, i16{1}}) {
-                ProjectState s = Plain();
+                Member s = Member().BasicLoads();
                 s.loadcomb = kEq610;
                 s.supportcase = supportcase;
                 s.spring = 50;
@@ -385,7 +385,7 @@ TEST(Diagrams, AreLegibleForGivenEndForces)
     for (i16 supportcase = 0; supportcase <= 5; ++supportcase) {
         for (const float m1 : {-1234.5F, 0.0F, 20.0F}) {
             for (const float m2 : {-30.0F, 0.0F, 9876.5F}) {
-                ProjectState s = Plain();
+                Member s = Member().BasicLoads();
                 s.row[0] = 20;
                 s.supportcase = supportcase;
                 s.spring = 50;
@@ -408,7 +408,7 @@ TEST(Diagrams, AreLegibleForEveryFamily)
     constexpr i16 kFamilies[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 15, 16,  21,  22, 23,
                                  24, 25, 26, 27, 28, 31, 41, 51, 52, 53, 54, 56, 101, 102, 103};
     for (const i16 family : kFamilies) {
-        ProjectState s = Plain(family);
+        Member s = Member().Family(family).BasicLoads();
         Load(s, 15, 1);
         s.nload = {};
         s.l = 5;
@@ -421,7 +421,7 @@ TEST(Diagrams, AreLegibleForEveryFamily)
 // A pane is filled from edge to edge; the member has what its surroundings, 102 - 70 units, leave.
 TEST(Pane, IsFilledByItsCurves)
 {
-    const ProjectState s = Calculated();
+    const Member s = Calculated();
     for (const PaneRoom room : {PaneRoom{102, 60}, PaneRoom{160, 90}, PaneRoom{300, 200}}) {
         const Drawing d = DrawPaneCurves(s, LoadAxis::z, {}, room);
         EXPECT_DOUBLE_EQ(d.width, room.width);
@@ -469,7 +469,7 @@ TEST(Pane, NamesUnitsAndSigns)
 
 TEST(Pane, OfGivenEndForcesHasHeadingsOfItsOwn)
 {
-    ProjectState s = Calculated();
+    Member s = Calculated();
     s.loadmode = 0;
     s.my1 = 30;
     s.vz1 = 6;
@@ -512,7 +512,7 @@ TEST(Pane, SaysOfWhichCombinationsTheUtilisationIs)
 
 TEST(Pane, KnowsAnAxisWithoutAnythingToSee)
 {
-    ProjectState s = Calculated();
+    Member s = Calculated();
     EXPECT_TRUE(IsAxisLoaded(s, LoadAxis::z));
     EXPECT_FALSE(IsAxisLoaded(s, LoadAxis::y));
     s.pm[1] = 2;
@@ -524,7 +524,7 @@ TEST(Pane, KnowsAnAxisWithoutAnythingToSee)
 TEST(Pane, IsLegibleForEveryKindOfLoading)
 {
     for (int kinds = 0; kinds < 1 << 4; ++kinds) {
-        ProjectState s = Plain();
+        Member s = Member().BasicLoads();
         s.loadcomb = kEq610;
         s.supportcase = 1;
         s.row[0] = 20;

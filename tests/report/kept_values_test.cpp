@@ -3,7 +3,7 @@
 #include "core/project_state.h"
 #include "report/kept_values.h"
 
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -24,12 +24,12 @@ bool Keeps(const ProjectState& s, const std::string& field)
 void Change(ProjectState& s, const std::string& fields)
 {
     SetFields(s, fields);
-    EXPECT_TRUE(Calculate(DeliveredTables(), s)) << fields;
+    EXPECT_TRUE(Calculate(Delivered(), s)) << fields;
 }
 
-ProjectState Calculated(const std::string& fields)
+Member Calculated(const std::string& fields)
 {
-    ProjectState s = MemberOf(kUnloaded);
+    Member s = Member(kUnloaded);
     Change(s, fields);
     return s;
 }
@@ -47,7 +47,7 @@ TEST(KeptValues, NoneAfterAStart)
 // Length 4 m; the control is switched off, the member made 6 m long: Ncr,T is still that of 4 m.
 TEST(KeptValues, TorsionalLengthOfAnEarlierControl)
 {
-    ProjectState s = Calculated("family=5 l=4 method=2 nload[1]=100 qload[1]=5");
+    Member s = Calculated("family=5 l=4 method=2 nload[1]=100 qload[1]=5");
     EXPECT_FALSE(Keeps(s, "ncrtf"));
     Change(s, "ltb=0");
     EXPECT_FALSE(Keeps(s, "ncrtf"));  // still the member's own length
@@ -59,7 +59,7 @@ TEST(KeptValues, TorsionalLengthOfAnEarlierControl)
 
 TEST(KeptValues, CurveOfTheSectionBefore)
 {
-    ProjectState s = Calculated("family=5 nload[1]=100");
+    Member s = Calculated("family=5 nload[1]=100");
     Change(s, "family=103");
     EXPECT_TRUE(Keeps(s, "curvez"));
     Change(s, "bcy=4 bcz=4");
@@ -80,7 +80,7 @@ TEST(KeptValues, FactorOfTheMemberBefore)
 
 TEST(KeptValues, ShearFactorOfTheStrengthBefore)
 {
-    ProjectState s = Calculated("fykindex=26 fyk=355 qload[1]=5");
+    Member s = Calculated("fykindex=26 fyk=355 qload[1]=5");
     EXPECT_FALSE(Keeps(s, "neta"));
     Change(s, "fyk=690");
     EXPECT_TRUE(Keeps(s, "neta"));
@@ -90,7 +90,7 @@ TEST(KeptValues, ShearFactorOfTheStrengthBefore)
 
 TEST(KeptValues, DeflectionOfTheLastLoadedMember)
 {
-    ProjectState s = Calculated("qload[1]=5 checksls=true");
+    Member s = Calculated("qload[1]=5 checksls=true");
     EXPECT_FALSE(Keeps(s, "deflinez"));
     Change(s, "loadmode=0 my1=20");
     EXPECT_TRUE(Keeps(s, "deflinez"));
@@ -100,9 +100,9 @@ TEST(KeptValues, DeflectionOfTheLastLoadedMember)
 
 TEST(KeptValues, AFailedPassIsOlderAsAWhole)
 {
-    ProjectState s = Calculated("qload[1]=5 checksls=true");
+    Member s = Calculated("qload[1]=5 checksls=true");
     SetFields(s, "loadmode=0 my1=20 ne=90000 method=1");
-    EXPECT_FALSE(Calculate(DeliveredTables(), s));
+    EXPECT_FALSE(Calculate(Delivered(), s));
     EXPECT_TRUE(KeptValues(s).empty());
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/project_state.h"
 #include "report/drawing_checks.h"
+#include "support/members.h"
 
 #include <gmock/gmock.h>
 
@@ -12,14 +13,6 @@ namespace kestrum {
 namespace {
 
 using ::testing::IsEmpty;
-
-ProjectState Member()
-{
-    ProjectState s{};
-    s.l = 5;
-    s.loadmode = 1;
-    return s;
-}
 
 // Tips of the arrows: the first corner of every filled triangle.
 std::vector<Point> Tips(const Drawing& d, Ink ink)
@@ -54,7 +47,7 @@ TEST(DrawMember, SpansSeventyUnitsFrom16AndNamesItsLength)
 TEST(DrawMember, TellsThePercentageOfEachSpring)
 {
     const auto springs = [](i16 supportcase) {
-        ProjectState s = Member();
+        Member s = Member::Bare();
         s.supportcase = supportcase;
         s.spring = 35;
         const std::vector<std::string> texts = TextsOf(DrawMember(s));
@@ -71,7 +64,7 @@ TEST(DrawMember, DiffersBetweenTheSupportCases)
 {
     std::vector<std::size_t> marks;
     for (i16 supportcase = 0; supportcase <= 5; ++supportcase) {
-        ProjectState s = Member();
+        Member s = Member::Bare();
         s.supportcase = supportcase;
         const Bounds all = BoundsOf(DrawMember(s));
         EXPECT_TRUE(all.Inside({0, 0, 102, 17})) << supportcase;
@@ -82,7 +75,7 @@ TEST(DrawMember, DiffersBetweenTheSupportCases)
 
 TEST(DrawLoad, NamesEveryKindWithValueAndCategory)
 {
-    ProjectState s = Member();
+    Member s = Member::Bare();
     s.qload[1] = 10;
     s.qdir[1] = 1;
     s.qt1[1] = 5;
@@ -113,7 +106,7 @@ TEST(DrawLoad, NamesEveryKindWithValueAndCategory)
 // The label of a uniform load stands in its band; the arrows leave it free.
 TEST(DrawLoad, KeepsArrowsOffTheLabelInABand)
 {
-    ProjectState s = Member();
+    Member s = Member::Bare();
     s.qload[1] = 12345.125F;
     s.qload[2] = 2;
     s.qdir[1] = s.qdir[2] = 1;
@@ -134,7 +127,7 @@ TEST(DrawLoad, KeepsArrowsOffTheLabelInABand)
 
 TEST(DrawLoad, ShowsSmallLoadsWithAllTheirDigits)
 {
-    ProjectState s = Member();
+    Member s = Member::Bare();
     s.qload[1] = 0.35F;
     s.qload[2] = 2;
     s.qt1[1] = 0.125F;
@@ -153,7 +146,7 @@ TEST(DrawLoad, ShowsSmallLoadsWithAllTheirDigits)
 
 TEST(DrawLoad, PutsAPointForceAtItsPlaceInItsDirection)
 {
-    ProjectState s = Member();
+    Member s = Member::Bare();
     s.pm[1] = 25;
     s.pmx[1] = 2;
     s.pmdir[1] = 1;
@@ -169,7 +162,7 @@ TEST(DrawLoad, PutsAPointForceAtItsPlaceInItsDirection)
 
 TEST(DrawLoad, LeavesOutWhatIsNotCheckedAmongBasicLoads)
 {
-    ProjectState s = Member();
+    Member s = Member::Bare();
     s.loadcomb = 5;
     s.qload[1] = 10;
     s.qload[2] = 20;
@@ -181,7 +174,7 @@ TEST(DrawLoad, LeavesOutWhatIsNotCheckedAmongBasicLoads)
 
 TEST(AxialLoad, IsTheSumOfItsRowsByCategory)
 {
-    ProjectState s = Member();
+    Member s = Member::Bare();
     EXPECT_THAT(AxialLoadText(s), IsEmpty());
     s.nload[1] = 100;
     s.nload[3] = 20;
@@ -204,7 +197,7 @@ TEST(AxialLoad, HasOneSignBeforeEachRow)
 
 TEST(DrawAxial, PointsAtTheMemberInCompression)
 {
-    ProjectState s = Member();
+    Member s = Member::Bare();
     s.ned = 123.45;
     const std::vector<Point> push = Tips(DrawLoadZ(s), Ink::load);
     EXPECT_TRUE(HasText(DrawLoadZ(s), " Axial force (kN) 123.5"));
@@ -222,7 +215,7 @@ TEST(DrawAxial, KeepsItsNameOffSupportAndEndMoment)
 {
     for (i16 supportcase = 0; supportcase <= 5; ++supportcase) {
         for (const float moment : {0.0F, 40.0F, -40.0F}) {
-            ProjectState s = Member();
+            Member s = Member::Bare();
             s.loadmode = 0;
             s.supportcase = supportcase;
             s.ned = 10;
@@ -247,7 +240,7 @@ TEST(DrawAxial, KeepsItsNameOffSupportAndEndMoment)
 
 TEST(DrawLoad, ShowsTheEndForcesInTheirMode)
 {
-    ProjectState s = Member();
+    Member s = Member::Bare();
     s.loadmode = 0;
     s.my1 = -20;
     s.vz2 = 7.5F;
@@ -260,7 +253,7 @@ TEST(DrawLoad, ShowsTheEndForcesInTheirMode)
 
 TEST(DrawLoad, StandsAMemberWithoutLength)
 {
-    ProjectState s = Member();
+    Member s = Member::Bare();
     s.l = 0;
     s.qt1[1] = s.qt2[1] = 5;
     s.qtdir[1] = 1;

@@ -9,7 +9,7 @@
 #include "engine/new_project.h"
 #include "report/pages.h"
 #include "report/panel.h"
-#include "sections/load_library.h"
+#include "support/members.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,17 +22,10 @@ namespace kestrum {
 
 inline const PrintStamp kStamp{"2024-05-17", "14:05"};
 
-inline const Library& Delivered()
-{
-    static const Library kLibrary = LoadLibrary(KESTRUM_SHARE);
-    return kLibrary;
-}
-
 // A short member under small loads in both directions, so that every family carries them.
 inline ProjectState Designed(int family, void (*change)(ProjectState&) = nullptr)
 {
-    ProjectState s{};
-    StartUp(Delivered(), s);
+    Member s;
     s.family = static_cast<i16>(family);
     s.projname = "Hall 7";
     s.ident = "B-101";

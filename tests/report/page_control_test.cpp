@@ -258,8 +258,7 @@ TEST(PageControl, RandomMembersKeepEveryTextAndFigure)
 // page in short, so that no second one is needed for it.
 TEST(PageControl, AFewLinesOnCostsTakeNoSecondPage)
 {
-    ProjectState s{};
-    StartUp(Delivered(), s);
+    Member s;
     std::string bytes;
     ASSERT_EQ(ReadWholeFile(KESTRUM_SOURCE "/examples/f022_crane_girder.kst", bytes), "");
     ASSERT_FALSE(ReadProject(s, bytes));

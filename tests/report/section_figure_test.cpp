@@ -1,10 +1,10 @@
 #include "report/section_figure.h"
 
 #include "core/project_state.h"
-#include "engine/engine_fixture.h"
 #include "engine/section_dispatch.h"
 #include "report/drawing_checks.h"
 #include "sections/family_table.h"
+#include "support/members.h"
 
 #include <gmock/gmock.h>
 
@@ -19,7 +19,7 @@ constexpr i16 kGeneral = 41;
 
 ProjectState Section(i16 family)
 {
-    ProjectState s = Fresh();
+    Member s;
     s.family = family;
     CalcSection(Delivered(), s);
     return s;
@@ -143,7 +143,7 @@ TEST(DrawSection, IsToScale)
 
 TEST(DrawSection, ShowsAxesAndFigures)
 {
-    ProjectState s = Fresh();
+    Member s;
     s.family = 21;
     s.p21 = {300, 150, 7.5F, 10};
     CalcSection(Delivered(), s);
@@ -201,7 +201,7 @@ TEST(SectionFigures, AreLegibleAndInsideForEveryFamily)
 
 TEST(SectionFigures, StayLegibleForExtremeProportions)
 {
-    ProjectState s = Fresh();
+    Member s;
     s.family = 22;
     for (const FormP22& form : {FormP22{2000, 60, 900, 8, 8, 60}, FormP22{60, 800, 20, 6, 5, 5},
                                 FormP22{1234.5F, 567.8F, 999.9F, 12.34F, 56.78F, 11.11F}}) {

@@ -7,8 +7,8 @@
 #include "core/field_table.h"
 #include "core/load_combination.h"
 #include "core/project_file.h"
-#include "engine/engine_fixture.h"
 #include "sections/families.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -24,7 +24,7 @@ using nlohmann::json;
 // What the program has in hand after a project was opened and calculated.
 ProjectState Opened(ProjectState inputs)
 {
-    ProjectState s = Fresh();
+    Member s;
     EXPECT_FALSE(ReadProject(s, WriteProject(inputs)));
     EndsWell(s);
     return s;
@@ -93,7 +93,7 @@ void ExpectWholeState(const ProjectState& s)
 
 TEST(StateJson, HoldsTheDefaultProject)
 {
-    ExpectWholeState(Opened(Fresh()));
+    ExpectWholeState(Opened(Member()));
 }
 
 TEST(StateJson, HoldsAProjectOfEveryFamilyInBothLoadModes)
@@ -101,7 +101,7 @@ TEST(StateJson, HoldsAProjectOfEveryFamilyInBothLoadModes)
     for (const int family : FamilyNumbers()) {
         for (const i16 loadmode : std::initializer_list<i16>{0, 1}) {
             SCOPED_TRACE(family);
-            ProjectState s = Fresh();
+            Member s;
             s.family = static_cast<i16>(family);
             s.loadmode = loadmode;
             s.modal = 1;
@@ -119,7 +119,7 @@ TEST(StateJson, HoldsEveryAnnexWithEverySelector)
     for (int annex = 0; annex < kAnnexes; ++annex) {
         for (i16 selector = kEq610; selector <= kBasicLoads; ++selector) {
             SCOPED_TRACE(std::string(AnnexCodeFromIndex(annex)) + " " + std::to_string(selector));
-            ProjectState s = Fresh();
+            Member s;
             s.annexcode = AnnexCodeFromIndex(annex);
             s.annexindex = static_cast<i16>(annex);
             s.loadcomb = selector;
@@ -133,17 +133,17 @@ TEST(StateJson, HoldsEveryAnnexWithEverySelector)
 
 TEST(StateJson, HoldsPassesThatFailedAndNumbersWithoutSection)
 {
-    ProjectState overloaded = Fresh();
+    Member overloaded;
     overloaded.nload[1] = 1e6f;
     EXPECT_TRUE(Opened(overloaded).calculationerror);
     ExpectWholeState(Opened(overloaded));
-    ProjectState shapeless = Fresh();
+    Member shapeless;
     shapeless.l = 0;
     const ProjectState failed = Opened(shapeless);  // infinite values on the way
     EXPECT_TRUE(failed.calculationerror);
     EXPECT_TRUE(json::accept(StateJson(failed)));
     for (const i16 family : std::initializer_list<i16>{0, 55, 999}) {
-        ProjectState s = Fresh();
+        Member s;
         s.family = family;
         ExpectWholeState(Opened(s));
     }
@@ -151,7 +151,7 @@ TEST(StateJson, HoldsPassesThatFailedAndNumbersWithoutSection)
 
 TEST(StateJson, TextsOfAnyKindAreQuoted)
 {
-    ProjectState s = Fresh();
+    Member s;
     s.projname = "Hall \"3\", back\\slash\ttab, \xc3\xa6\xc3\xb8\xc3\xa5";
     const json state = json::parse(StateJson(s));
     EXPECT_EQ(state["projname"], s.projname);
@@ -195,7 +195,7 @@ TEST(ChecksJson, HoldsEachCheckWithClausePlaceAndTerms)
 TEST(ChecksJson, GoverningChecksAreThoseOfTheRows)
 {
     for (const FamilyTraits& family : Families()) {
-        ProjectState s = Fresh();
+        Member s;
         s.family = static_cast<i16>(family.id);
         s.checksls = kTrue;
         s.nload[1] = 20;
@@ -239,7 +239,7 @@ TEST(ChecksJson, LeavesOutADeflectionThatIsNoPartOfTheResult)
 
 TEST(InputsJson, HoldsWhatTheFileKeepsAndNothingElse)
 {
-    const json inputs = json::parse(InputsJson(Opened(Fresh())));
+    const json inputs = json::parse(InputsJson(Opened(Member())));
     for (const Field& field : AllFields()) {
         EXPECT_EQ(inputs.contains(std::string(field.name)), field.role == FieldRole::input)
             << field.name;

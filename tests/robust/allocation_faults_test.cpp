@@ -13,9 +13,9 @@
 #include "report/panel_text.h"
 #include "report/state_json.h"
 #include "report/svg_writer.h"
-#include "sections/load_library.h"
 #include "service/vortex.h"
 #include "support/counted_memory.h"
+#include "support/members.h"
 #include "support/temporary_folder.h"
 #ifdef KESTRUM_SPREADSHEET
 #include "app/detailed_book.h"
@@ -36,19 +36,6 @@ namespace {
 
 using counted_memory::failat;
 using counted_memory::requests;
-
-const Library& Delivered()
-{
-    static const Library kLibrary = LoadLibrary(KESTRUM_SHARE);
-    return kLibrary;
-}
-
-ProjectState Started()
-{
-    ProjectState s{};
-    StartUp(Delivered(), s);
-    return s;
-}
 
 // The sanitizers make each act ten times as long: there every request up to the 32nd fails, then
 // one of each few.
@@ -92,7 +79,7 @@ long FilesIn(const TemporaryFolder& folder)
 
 TEST(AllocationFaults, APassAllocatesNothing)
 {
-    ProjectState s = Started();
+    ProjectState s = Member();
     requests = 0;
     EXPECT_TRUE(Calculate(Delivered(), s));
     EXPECT_EQ(requests, 0);
@@ -102,12 +89,12 @@ TEST(AllocationFaults, OpeningFailsWholeAndSucceedsAgain)
 {
     const TemporaryFolder folder;
     const std::string file = folder.File("x.kst");
-    ProjectState s = Started();
+    ProjectState s = Member();
     const std::string bytes = WriteProject(s);
     ASSERT_EQ(WriteWholeFile(file, bytes), "");
     const auto open = [&file] {
         std::string read;
-        ProjectState opened = Started();
+        ProjectState opened = Member();
         const std::string problem = ReadWholeFile(file, read);
         return problem.empty() && !ReadProject(opened, read) && WriteProject(opened) == read;
     };
@@ -120,7 +107,7 @@ TEST(AllocationFaults, SavingKeepsTheOldFileOrWritesTheNewOne)
     const TemporaryFolder folder;
     const std::string file = folder.File("x.kst");
     const std::string old(5000, 'o');
-    ProjectState s = Started();
+    ProjectState s = Member();
     const std::string fresh = WriteProject(s);
     WriteBytes(file, old);
     const auto save = [&] { return WriteWholeFile(file, WriteProject(s)); };
@@ -144,7 +131,7 @@ TEST(AllocationFaults, ASpreadsheetIsTheOldOneOrWhole)
     const TemporaryFolder folder;
     const std::string file = folder.File("x.xlsx");
     setenv("TMPDIR", folder.path().c_str(), 1);
-    ProjectState s = Started();
+    ProjectState s = Member();
     ASSERT_TRUE(Calculate(Delivered(), s));
     const std::vector<BookSheet> book{DetailedBook(Delivered(), s, {}, "2026-01-01").front()};
     const auto write = [&] { return WriteBookXlsx(book, file); };
@@ -231,7 +218,7 @@ const std::vector<Product> kProducts = {
 
 ProjectState MuchToShow()
 {
-    ProjectState s = Started();
+    ProjectState s = Member();
     s.family = 6;
     s.checksls = kTrue;
     s.modal = 1;

@@ -8,8 +8,8 @@
 #include "engine/calculate.h"
 #include "engine/new_project.h"
 #include "report/state_json.h"
-#include "sections/load_library.h"
 #include "support/counted_memory.h"
+#include "support/members.h"
 #include "support/project_lines.h"
 
 #include <gtest/gtest.h>
@@ -158,22 +158,9 @@ private:
     std::function<void(const std::string&)> take_;
 };
 
-const Library& Delivered()
-{
-    static const Library kLibrary = LoadLibrary(KESTRUM_SHARE);
-    return kLibrary;
-}
-
-ProjectState Started()
-{
-    ProjectState s{};
-    StartUp(Delivered(), s);
-    return s;
-}
-
 std::string ResultOf(const std::string& bytes)
 {
-    ProjectState s = Started();
+    ProjectState s = Member();
     EXPECT_FALSE(ReadProject(s, bytes));
     Calculate(Delivered(), s);
     return StateJson(s);
@@ -183,7 +170,7 @@ TEST(MalformedFiles, EndWithAMessageOrAResult)
 {
     const bool full = std::getenv("KESTRUM_FULL") != nullptr;
     const std::size_t step = full ? 1 : 23;
-    const ProjectState started = Started();
+    const ProjectState started = Member();
     const std::string good = Joined(DefaultProject());
     const std::string expected = ResultOf(good);
     const std::size_t before = most = held;

@@ -267,7 +267,7 @@ std::string InHand(const ProjectState& s)
 [[noreturn]] void Edit(const std::string& folder, int pipe, unsigned seed)
 {
     ScriptedSurroundings desk;
-    Session session(Tables(), desk, false);
+    Session session(Delivered(), desk, false);
     Aside aside(folder);
     session.aside = &aside;
     std::mt19937 random(seed);

@@ -2,7 +2,8 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
-#include "support/sections.h"
+#include "support/members.h"
+#include "support/worked.h"
 
 #include <cmath>
 #include <numbers>
@@ -13,11 +14,9 @@ namespace {
 using std::numbers::pi;
 using std::numbers::sqrt2;
 
-ProjectState AngleOf(int family, std::string_view key)
+Member AngleOf(int family, std::string_view key)
 {
-    ProjectState s = Chosen(family, key);
-    PropertiesAngle(Delivered(), s, s);
-    return s;
+    return Member::Bare(family).Row(key).Measured();
 }
 
 // L 100x10: A 1915, e 28.22, v1 39.92, Iy 176.7, Iu 280.3, Iv 73.01 cm4, r 12, by hand.
@@ -116,9 +115,9 @@ TEST(UnequalAngle, PointsLieAtMidThicknessOfTheTipsD55)
 // All rows: the points are on their sides of the axes.
 TEST(UnequalAngle, DistancesArePositive)
 {
-    ProjectState s = OfFamily(11);
+    Member s = Member::Bare(11);
     for (int row = 0; row < RowCount(Table::l2); ++row) {
-        ChooseRow(s, row);
+        s.Row(row);
         PropertiesAngle(Delivered(), s, s);
         for (const float distance : {s.u1, s.u2, s.v1, s.v2, s.v3, s.cu}) {
             EXPECT_GT(distance, 0) << RowName(Delivered(), Table::l2, row);
@@ -129,8 +128,8 @@ TEST(UnequalAngle, DistancesArePositive)
 TEST(Angle, BehindTheTableDividesByZero)
 {
     for (const auto& [family, row] : {std::pair{10, 62}, {11, 49}}) {
-        ProjectState s = OfFamily(family);
-        ChooseRow(s, row);
+        Member s = Member::Bare(family);
+        s.Row(row);
         ArmTrap();
         PropertiesAngle(Delivered(), s, s);
         EXPECT_THROW(CheckTrap(), CalculationStop) << family;

@@ -1,7 +1,8 @@
 #include "sections/channels.h"
 
 #include "core/project_state.h"
-#include "support/sections.h"
+#include "support/members.h"
+#include "support/worked.h"
 
 #include <numbers>
 
@@ -13,7 +14,7 @@ using std::numbers::pi;
 // UPE 300: h 300, b 100, tw 9.5, tf 15, r 15, e 28.9, by hand; surface published as 0.968 m2/m.
 TEST(Upe, DerivesGeometryAndModuli)
 {
-    ProjectState s = Chosen(5, "300");
+    Member s = Member::Bare().Section("UPE 300");
     PropertiesUpe(Delivered(), s, s);
     EXPECT_EQ(s.hw, 270);
     EXPECT_EQ(s.d, 240);
@@ -39,7 +40,7 @@ TEST(Upe, DerivesGeometryAndModuli)
 // D54: ecg + ys is tw/2 longer than the 60.35 mm from centroid to shear centre.
 TEST(Upe, CountsTheShearCentreFromTheMiddleOfTheWebD54)
 {
-    ProjectState s = Chosen(5, "300");
+    Member s = Member::Bare().Section("UPE 300");
     PropertiesUpe(Delivered(), s, s);
     ExpectWorked(s.ys, 36.2, "ys");
     ExpectWorked(1.0 * s.ecg + s.ys - s.tw / 2.0, 60.35, "centroid to shear centre");
@@ -49,7 +50,7 @@ TEST(Upe, CountsTheShearCentreFromTheMiddleOfTheWebD54)
 // m2/m.
 TEST(Unp, DerivesGeometryAndModuli)
 {
-    ProjectState s = Chosen(16, "240");
+    Member s = Member::Bare().Section("UNP 240");
     PropertiesUnp(Delivered(), s, s);
     EXPECT_EQ(s.hw, 214);
     EXPECT_EQ(s.d, 188);
@@ -73,7 +74,7 @@ TEST(Unp, DerivesGeometryAndModuli)
 // toes lose 6.5 - 6.5 pi/4.
 TEST(Unp, SurfaceTakesOneSlopeOffTheWebD52)
 {
-    ProjectState s = Chosen(16, "240");
+    Member s = Member::Bare().Section("UNP 240");
     PropertiesUnp(Delivered(), s, s);
     const double toes = 2 * 6.5 * (1 - pi / 4);
     ExpectWorked(s.surface,
@@ -84,7 +85,7 @@ TEST(Unp, SurfaceTakesOneSlopeOffTheWebD52)
 // CH 76x38x7 with toe radius: e 1.12 cm, shear centre 2.07 cm from the centroid.
 TEST(BritishChannel, ReadsChWithToeRadius)
 {
-    ProjectState s = Chosen(103, "76x38x7");
+    Member s = Member::Bare(103).Row("76x38x7");
     PropertiesBritishChannel(Delivered(), s, s);
     ExpectWorked(s.hw, 62.6, "hw");          // 76.2 - 2 6.8
     ExpectWorked(s.d, 38.6, "d");            // 62.6 - 2 12
@@ -109,7 +110,7 @@ TEST(BritishChannel, ReadsChWithToeRadius)
 // The modulus about z is the table's 3.78 cm3 and not Iz/(b - e) = 101000/26.9 = 3755 mm3.
 TEST(BritishChannel, KeepsTheTablesModulus)
 {
-    ProjectState s = Chosen(103, "76x38x7");
+    Member s = Member::Bare(103).Row("76x38x7");
     PropertiesBritishChannel(Delivered(), s, s);
     ExpectWorked(s.welz, 3780, "welz");
 }
@@ -117,7 +118,7 @@ TEST(BritishChannel, KeepsTheTablesModulus)
 // PFC has no toe radius: its columns stand one to the left of those of CH.
 TEST(BritishChannel, ReadsPfcWithoutToeRadius)
 {
-    ProjectState s = Chosen(103, "100x50x10", 2);
+    Member s = Member::Bare(103, 2).Row("100x50x10");
     PropertiesBritishChannel(Delivered(), s, s);
     EXPECT_EQ(s.r, 9);
     EXPECT_EQ(s.r2, 0);
@@ -138,7 +139,7 @@ TEST(BritishChannel, ReadsPfcWithoutToeRadius)
 
 TEST(BritishChannel, WeightIsIndependentOfTheDensity)
 {
-    ProjectState s = Chosen(103, "100x50x10", 2);
+    Member s = Member::Bare(103, 2).Row("100x50x10");
     s.density = 1;
     PropertiesBritishChannel(Delivered(), s, s);
     ExpectWorked(s.weight, 10.2, "weight");

@@ -1,7 +1,7 @@
 #include "sections/family_table.h"
 
 #include "core/arithmetic_trap.h"
-#include "support/sections.h"
+#include "support/members.h"
 
 #include <set>
 #include <sstream>
@@ -83,23 +83,23 @@ TEST(Families, ReservedNumberHasNoInput)
 
 TEST(TableOf, FollowsFamilyAndSeries)
 {
-    EXPECT_EQ(TableOf(OfFamily(1)), Table::hea);
-    EXPECT_EQ(TableOf(OfFamily(9)), Table::cfrhs);
-    EXPECT_EQ(TableOf(OfFamily(52)), Table::l3);
-    EXPECT_EQ(TableOf(OfFamily(54)), Table::hp);
-    EXPECT_EQ(TableOf(OfFamily(101, 1)), Table::ub);
-    EXPECT_EQ(TableOf(OfFamily(101, 2)), Table::uc);
-    EXPECT_EQ(TableOf(OfFamily(101, 3)), Table::ubp);
-    EXPECT_EQ(TableOf(OfFamily(102)), Table::j);
-    EXPECT_EQ(TableOf(OfFamily(103, 1)), Table::ch);
-    EXPECT_EQ(TableOf(OfFamily(103, 2)), Table::pfc);
+    EXPECT_EQ(TableOf(Member::Bare(1)), Table::hea);
+    EXPECT_EQ(TableOf(Member::Bare(9)), Table::cfrhs);
+    EXPECT_EQ(TableOf(Member::Bare(52)), Table::l3);
+    EXPECT_EQ(TableOf(Member::Bare(54)), Table::hp);
+    EXPECT_EQ(TableOf(Member::Bare(101, 1)), Table::ub);
+    EXPECT_EQ(TableOf(Member::Bare(101, 2)), Table::uc);
+    EXPECT_EQ(TableOf(Member::Bare(101, 3)), Table::ubp);
+    EXPECT_EQ(TableOf(Member::Bare(102)), Table::j);
+    EXPECT_EQ(TableOf(Member::Bare(103, 1)), Table::ch);
+    EXPECT_EQ(TableOf(Member::Bare(103, 2)), Table::pfc);
 }
 
 TEST(TableOf, TakesAnUnknownSeriesAsTheFirst)
 {
     for (const int series : {-1, 0, 4, 77}) {
-        EXPECT_EQ(TableOf(OfFamily(101, series)), Table::ub);
-        EXPECT_EQ(TableOf(OfFamily(103, series)), Table::ch);
+        EXPECT_EQ(TableOf(Member::Bare(101, series)), Table::ub);
+        EXPECT_EQ(TableOf(Member::Bare(103, series)), Table::ch);
     }
 }
 
@@ -107,7 +107,7 @@ TEST(TableOf, StopsWithoutTable)
 {
     for (const int family : {0, 21, 31, 55}) {
         EXPECT_FALSE(HasTable(family));
-        EXPECT_THROW(TableOf(OfFamily(family)), CalculationStop) << family;
+        EXPECT_THROW(TableOf(Member::Bare(family)), CalculationStop) << family;
     }
 }
 

@@ -2,7 +2,8 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
-#include "support/sections.h"
+#include "support/members.h"
+#include "support/worked.h"
 
 #include <cmath>
 #include <numbers>
@@ -12,12 +13,11 @@ namespace {
 
 using std::numbers::pi;
 
-ProjectState HollowOf(int family, std::string_view key, i16 rectaxis = 1)
+Member HollowOf(int family, std::string_view key, i16 rectaxis = 1)
 {
-    ProjectState s = Chosen(family, key);
+    Member s = Member::Bare(family).Row(key);
     s.rectaxis = rectaxis;
-    PropertiesHollow(Delivered(), s, s);
-    return s;
+    return s.Measured();
 }
 
 // CFRHS 50x30x2, by hand: r 4, ri 2.
@@ -143,12 +143,9 @@ TEST(Hollow, SurfaceHasCornersOfTwoAndAHalfWallsD52)
     ExpectWorked(HollowOf(9, "200x100x8").surface, (120 + 320 + 40 * pi) / 1000, "cold");
 }
 
-ProjectState BoxOf(float h, float b, float tw, float tf, float bo)
+Member BoxOf(float h, float b, float tw, float tf, float bo)
 {
-    ProjectState s = OfFamily(23);
-    s.p23 = {h, b, tw, tf, bo};
-    PropertiesBox(Delivered(), s, s);
-    return s;
+    return Member::Bare().Section(FormP23{h, b, tw, tf, bo}).Measured();
 }
 
 // 600x600x10x20 with overhangs of 50 mm, by plates: bb = 490, hh = 580.

@@ -5,7 +5,7 @@
 #include "core/sha256.h"
 #include "sections/read_profiles.h"
 #include "sections/second_source.h"
-#include "support/sections.h"
+#include "support/members.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>

@@ -6,7 +6,7 @@
 #include "core/sha256.h"
 #include "sections/hollow.h"
 #include "sections/rolled_i.h"
-#include "support/sections.h"
+#include "support/members.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -263,14 +263,14 @@ TEST_F(DataFolder, StaleBytesBehindTheLastRowAreIgnored)
 // A row between those read and those reserved is zero: its divisions mark the flags.
 TEST(ChosenRow, BehindTheTableDividesByZero)
 {
-    ProjectState s = OfFamily(1);
-    ChooseRow(s, 24);
+    Member s = Member::Bare();
+    s.Row(24);
     ArmTrap();
     PropertiesRolledI(Delivered(), s, s);
     EXPECT_THROW(CheckTrap(), CalculationStop);
 
-    s = OfFamily(7);
-    ChooseRow(s, 165);
+    s = Member::Bare(7);
+    s.Row(165);
     ArmTrap();
     PropertiesHollow(Delivered(), s, s);
     EXPECT_THROW(CheckTrap(), CalculationStop);
@@ -279,16 +279,16 @@ TEST(ChosenRow, BehindTheTableDividesByZero)
 
 TEST(ChosenRow, BeyondTheReservedRowsStopsThePass)
 {
-    ProjectState s = OfFamily(1);
-    ChooseRow(s, 29);
+    Member s = Member::Bare();
+    s.Row(29);
     EXPECT_THROW(PropertiesRolledI(Delivered(), s, s), CalculationStop);
-    ChooseRow(s, -1);
+    s.Row(-1);
     EXPECT_THROW(PropertiesRolledI(Delivered(), s, s), CalculationStop);
 }
 
 TEST(ChosenRow, WithoutTablesStopsThePass)
 {
-    ProjectState s = OfFamily(1);
+    Member s = Member::Bare();
     EXPECT_THROW(PropertiesRolledI(Library{}, s, s), CalculationStop);
 }
 

@@ -2,7 +2,8 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
-#include "support/sections.h"
+#include "support/members.h"
+#include "support/worked.h"
 
 #include <cmath>
 #include <numbers>
@@ -16,7 +17,7 @@ using std::numbers::pi;
 // cm3, 0.561 m2/m.
 TEST(RolledI, DerivesGeometryAndPlasticModuli)
 {
-    ProjectState s = Chosen(1, "100");
+    Member s = Member::Bare().Section("HEA 100");
     PropertiesRolledI(Delivered(), s, s);
     EXPECT_EQ(s.h, 96);
     EXPECT_EQ(s.b, 100);
@@ -48,7 +49,7 @@ TEST(RolledI, DerivesGeometryAndPlasticModuli)
 // The height of IPE is its size key too: IPE 600, published Wpl 3512 and 485.6 cm3.
 TEST(RolledI, ReadsIpeWithoutKeyColumn)
 {
-    ProjectState s = Chosen(4, "600");
+    Member s = Member::Bare().Section("IPE 600");
     PropertiesRolledI(Delivered(), s, s);
     EXPECT_EQ(s.h, 600);
     EXPECT_EQ(s.b, 220);
@@ -64,7 +65,7 @@ TEST(RolledI, ReadsIpeWithoutKeyColumn)
 TEST(RolledI, TakesTheSeriesOfTheFamily)
 {
     for (const auto& [family, depth] : {std::pair{1, 190.0F}, {2, 200.0F}, {3, 220.0F}}) {
-        ProjectState s = Chosen(family, "200");
+        Member s = Member::Bare(family).Row("200");
         PropertiesRolledI(Delivered(), s, s);
         EXPECT_EQ(s.h, depth);
     }
@@ -73,14 +74,14 @@ TEST(RolledI, TakesTheSeriesOfTheFamily)
 // tmax is the flange of rolled sections; exactly 40 mm stays exactly 40 mm.
 TEST(RolledI, ThicknessOfFortyIsExact)
 {
-    ProjectState s = Chosen(3, "1000");  // HEM 1000: tf 40, tw 21
+    Member s = Member::Bare().Section("HEM 1000");  // tf 40, tw 21
     PropertiesRolledI(Delivered(), s, s);
     EXPECT_EQ(s.tmax, 40.0F);
 }
 
 TEST(RolledI, WeightFollowsTheDensity)
 {
-    ProjectState s = Chosen(1, "200");
+    Member s = Member::Bare().Section("HEA 200");
     s.density = 8000;
     PropertiesRolledI(Delivered(), s, s);
     ExpectWorked(s.weight, 5383 * 8000e-6, "weight");
@@ -89,7 +90,7 @@ TEST(RolledI, WeightFollowsTheDensity)
 // INP 240: h 240, b 106, tf 13.1, tw 8.7, A 46.1 cm2, by hand; surface published as 0.844 m2/m.
 TEST(Inp, ReadsPlasticModuliAndTapersTheSurface)
 {
-    ProjectState s = Chosen(15, "240");
+    Member s = Member::Bare().Section("INP 240");
     PropertiesInp(Delivered(), s, s);
     ExpectWorked(s.r, 8.7, "r");
     ExpectWorked(s.hw, 213.8, "hw");
@@ -111,16 +112,16 @@ TEST(Inp, ReadsPlasticModuliAndTapersTheSurface)
 // D51: INP and the British series take half the flange for the outstand.
 TEST(HalfFlange, StandsForTheOutstandOfTheseSeriesD51)
 {
-    ProjectState s = Chosen(15, "240");
+    Member s = Member::Bare().Section("INP 240");
     PropertiesInp(Delivered(), s, s);
     EXPECT_EQ(s.cflange, 53);
     EXPECT_GT(s.cflange, (s.b - s.tw - 2 * s.r) / 2);
 
-    s = Chosen(101, "838x292x176");
+    s = Member::Bare(101).Row("838x292x176");
     PropertiesBritishI(Delivered(), s, s);
     ExpectWorked(s.cflange, 145.85, "UB");
 
-    s = Chosen(102, "76x76x13");
+    s = Member::Bare(102).Row("76x76x13");
     PropertiesBritishI(Delivered(), s, s);
     ExpectWorked(s.cflange, 38.1, "J");
 }
@@ -128,7 +129,7 @@ TEST(HalfFlange, StandsForTheOutstandOfTheseSeriesD51)
 // UB 838x292x176: everything but the web height is the table's.
 TEST(BritishI, TakesMassSurfaceAndModuliFromTheTable)
 {
-    ProjectState s = Chosen(101, "838x292x176");
+    Member s = Member::Bare(101).Row("838x292x176");
     PropertiesBritishI(Delivered(), s, s);
     EXPECT_EQ(s.weight, 175.9F);
     EXPECT_EQ(s.surface, 2.778F);
@@ -149,7 +150,7 @@ TEST(BritishI, TakesMassSurfaceAndModuliFromTheTable)
 TEST(BritishI, WeightIsIndependentOfTheDensity)
 {
     for (const int series : {1, 2, 3}) {
-        ProjectState s = OfFamily(101, series);
+        Member s = Member::Bare(101, series);
         s.density = 1;
         PropertiesBritishI(Delivered(), s, s);
         EXPECT_GT(s.weight, 10);
@@ -158,10 +159,10 @@ TEST(BritishI, WeightIsIndependentOfTheDensity)
 
 TEST(BritishI, ReadsTheSeriesChosen)
 {
-    ProjectState s = Chosen(101, "254x254x167", 2);
+    Member s = Member::Bare(101, 2).Row("254x254x167");
     PropertiesBritishI(Delivered(), s, s);
     ExpectWorked(s.weight, 167.1, "UC");
-    s = Chosen(101, "356x368x174", 3);
+    s = Member::Bare(101, 3).Row("356x368x174");
     PropertiesBritishI(Delivered(), s, s);
     ExpectWorked(s.weight, 173.9, "UBP");
 }
@@ -169,7 +170,7 @@ TEST(BritishI, ReadsTheSeriesChosen)
 // J 76x76x13: h 76.2, tf 8.4, r 9.4, by hand.
 TEST(BritishI, JoistGeometryIsThatOfTheOthers)
 {
-    ProjectState s = Chosen(102, "76x76x13");
+    Member s = Member::Bare(102).Row("76x76x13");
     PropertiesBritishI(Delivered(), s, s);
     ExpectWorked(s.hw, 59.4, "hw");
     ExpectWorked(s.d, 40.6, "d");
@@ -178,12 +179,9 @@ TEST(BritishI, JoistGeometryIsThatOfTheOthers)
     ExpectWorked(s.wplz, 22400, "wplz");
 }
 
-ProjectState Welded(float h, float b, float tw, float tf)
+Member Welded(float h, float b, float tw, float tf)
 {
-    ProjectState s = OfFamily(21);
-    s.p21 = {h, b, tw, tf};
-    PropertiesWeldedI(Delivered(), s, s);
-    return s;
+    return Member::Bare().Section(FormP21{h, b, tw, tf}).Measured();
 }
 
 // 600x300x12x20 by plates.

@@ -6,8 +6,8 @@
 #include "core/sha256.h"
 #include "sections/channels.h"
 #include "sections/rolled_i.h"
+#include "support/members.h"
 #include "support/rolled_outline.h"
-#include "support/sections.h"
 #include "support/torsion.h"
 
 #include <gmock/gmock.h>
@@ -46,23 +46,13 @@ const Library& Corrected()
 }
 
 // The section of a table row, its properties calculated.
-ProjectState RowState(Table table, int row)
+Member RowState(Table table, int row)
 {
-    ProjectState s = table == Table::upe  ? OfFamily(5)
-                     : table == Table::j  ? OfFamily(102)
-                     : table == Table::ch ? OfFamily(103, 1)
-                                          : OfFamily(101, table == Table::ub   ? 1
-                                                          : table == Table::uc ? 2
-                                                                               : 3);
-    ChooseRow(s, row);
-    const auto properties = table == Table::upe  ? PropertiesUpe
-                            : table == Table::ch ? PropertiesBritishChannel
-                                                 : PropertiesBritishI;
-    properties(Delivered(), s, s);
-    return s;
+    const NamedFamily family = FamilyOfTable(table);
+    return Member::Bare(family.family, family.series).Row(row).Measured();
 }
 
-ProjectState RowState(Table table, std::string_view size)
+Member RowState(Table table, std::string_view size)
 {
     return RowState(table, RowOf(table, size));
 }
@@ -137,7 +127,7 @@ TEST(SecondSource, OtherRowsKeepTheirFigures)
     EXPECT_EQ(CorrectedOf(s, SectionFigure::it), s.it);
     const ProjectState joist = RowState(Table::j, "254x203x82");
     EXPECT_EQ(CorrectedOf(joist, SectionFigure::a), joist.a);
-    EXPECT_EQ(SecondSource(Corrected(), OfFamily(21), SectionFigure::it, 5), 5);
+    EXPECT_EQ(SecondSource(Corrected(), Member::Bare(21), SectionFigure::it, 5), 5);
 }
 
 // Prandtl's stress function on the outline: within 0.8 % of every corrected It. The toe radius of

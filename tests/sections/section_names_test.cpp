@@ -4,7 +4,7 @@
 #include "sections/section_names.h"
 
 #include "sections/family_table.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -15,9 +15,9 @@ namespace {
 
 std::string Found(const char* name, int family = 0)
 {
-    const auto found = SectionOfName(DeliveredTables(), name, family);
+    const auto found = SectionOfName(Delivered(), name, family);
     return found ? std::to_string(found->family) + "/" + std::to_string(found->series) + " " +
-                       RowName(DeliveredTables(), found->table, found->row)
+                       RowName(Delivered(), found->table, found->row)
                  : "none";
 }
 
@@ -45,11 +45,11 @@ TEST(SectionNames, EveryRowIsFoundUnderItsListedName)
     for (const FamilyTraits& info : Families()) {
         for (const Table table : info.tables) {
             for (int row = 0; row < RowCount(table); ++row) {
-                const std::string name = RowName(DeliveredTables(), table, row);
-                const auto found = SectionOfName(DeliveredTables(), name, info.id);
+                const std::string name = RowName(Delivered(), table, row);
+                const auto found = SectionOfName(Delivered(), name, info.id);
                 ASSERT_TRUE(found) << name;
                 EXPECT_EQ(found->table, table) << name;
-                EXPECT_EQ(RowName(DeliveredTables(), table, found->row), name);
+                EXPECT_EQ(RowName(Delivered(), table, found->row), name);
             }
         }
     }
@@ -87,12 +87,12 @@ TEST(SectionNames, TubesGoByDiameterAndWall)
 
 TEST(SectionNames, OfferTheNearest)
 {
-    const std::vector<std::string> near = SectionsNear(DeliveredTables(), "IPE 310");
+    const std::vector<std::string> near = SectionsNear(Delivered(), "IPE 310");
     ASSERT_FALSE(near.empty());
     EXPECT_LE(near.size(), 3U);
     EXPECT_TRUE(near[0].starts_with("IPE 3")) << near[0];
-    EXPECT_TRUE(SectionsNear(DeliveredTables(), "nonsense of a name").empty());
-    EXPECT_TRUE(SectionsNear(DeliveredTables(), std::string(100000, 'x')).empty());
+    EXPECT_TRUE(SectionsNear(Delivered(), "nonsense of a name").empty());
+    EXPECT_TRUE(SectionsNear(Delivered(), std::string(100000, 'x')).empty());
 }
 
 std::string Families(const char* name)

@@ -8,7 +8,7 @@
 #include "sections/hollow.h"
 #include "sections/rolled_i.h"
 #include "sections/simple.h"
-#include "support/sections.h"
+#include "support/members.h"
 
 namespace kestrum {
 namespace {
@@ -45,9 +45,9 @@ const Routine kRoutines[] = {
     {41, 1, PropertiesGeneral},
 };
 
-ProjectState Inputs(const Routine& routine)
+Member Inputs(const Routine& routine)
 {
-    ProjectState s = OfFamily(routine.family, routine.series);
+    Member s = Member::Bare(routine.family, routine.series);
     s.p21 = {600, 300, 12, 20};
     s.p23 = {600, 600, 10, 20, 50};
     s.p28 = {150, 12};

@@ -2,7 +2,8 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
-#include "support/sections.h"
+#include "support/members.h"
+#include "support/worked.h"
 
 #include <cmath>
 #include <numbers>
@@ -12,12 +13,9 @@ namespace {
 
 using std::numbers::pi;
 
-ProjectState BarOf(float h, float t)
+Member BarOf(float h, float t)
 {
-    ProjectState s = OfFamily(28);
-    s.p28 = {h, t};
-    PropertiesFlatBar(Delivered(), s, s);
-    return s;
+    return Member::Bare().Section(FormP28{h, t}).Measured();
 }
 
 // 150x12, by hand.
@@ -65,7 +63,7 @@ TEST(FlatBar, WithoutThicknessDividesByZero)
 // 300x10, by hand: di 280.
 TEST(Tube, IsARing)
 {
-    ProjectState s = OfFamily(31);
+    Member s = Member::Bare(31);
     s.p31 = {300, 10};
     PropertiesTube(Delivered(), s, s);
     const double i = pi / 64 * (std::pow(300, 4) - std::pow(280, 4));
@@ -96,18 +94,15 @@ TEST(Tube, IsARing)
 // The wall is what selects the strength: 40 mm is still up to 40 mm.
 TEST(Tube, WallSelectsTheStrength)
 {
-    ProjectState s = OfFamily(31);
+    Member s = Member::Bare(31);
     s.p31 = {500, 40};
     PropertiesTube(Delivered(), s, s);
     EXPECT_EQ(s.tmax, 40);
 }
 
-ProjectState GeneralOf(const FormP41& form)
+Member GeneralOf(const FormP41& form)
 {
-    ProjectState s = OfFamily(41);
-    s.p41 = form;
-    PropertiesGeneral(Delivered(), s, s);
-    return s;
+    return Member::Bare().Section(form).Measured();
 }
 
 // The values of a welded I 600x300x12x20, entered.

@@ -8,9 +8,9 @@
 #include "sections/channels.h"
 #include "sections/hollow.h"
 #include "sections/rolled_i.h"
+#include "support/members.h"
 #include "support/outline.h"
 #include "support/rolled_outline.h"
-#include "support/sections.h"
 
 #include <algorithm>
 #include <cmath>
@@ -184,10 +184,10 @@ TEST_P(TableGeometry, FiguresAreThoseOfTheDimensions)
 {
     const Series& series = GetParam();
     std::map<std::string, double> differing;
-    ProjectState s = OfFamily(series.family, series.series);
+    Member s = Member::Bare(series.family, series.series);
     const Table table = TableOf(s);
     for (int row = 0; row < RowCount(table); ++row) {
-        ChooseRow(s, row);
+        s.Row(row);
         series.properties(Delivered(), s, s);
         for (const Compared& c : Compare(s, series.exact(s))) {
             if (!(std::abs(c.figure / c.exact - 1) <= series.tolerance)) {
@@ -221,10 +221,10 @@ INSTANTIATE_TEST_SUITE_P(, TableGeometry, testing::ValuesIn(kSeries), NameOf);
 // Principal axis of unequal angles: tan alfa and the heel's distance v1 as tabulated.
 TEST(TableGeometryOfAngles, PrincipalAxisIsThatOfTheOutline)
 {
-    ProjectState s = OfFamily(11);
+    Member s = Member::Bare(11);
     for (int row = 0; row < RowCount(Table::l2); ++row) {
         SCOPED_TRACE(RowName(Delivered(), Table::l2, row));
-        ChooseRow(s, row);
+        s.Row(row);
         PropertiesAngle(Delivered(), s, s);
         const Properties p = Of(Angle(s, ToeOfAngle(s)));
         const double alfa = 0.5 * std::atan2(-2 * p.iyz, p.iy - p.iz);
@@ -235,10 +235,10 @@ TEST(TableGeometryOfAngles, PrincipalAxisIsThatOfTheOutline)
 
 TEST(TableGeometryOfAngles, HeelOfEqualLegsLiesAtTheCentroidTimesRootTwo)
 {
-    ProjectState s = OfFamily(10);
+    Member s = Member::Bare(10);
     for (int row = 0; row < RowCount(Table::l1); ++row) {
         SCOPED_TRACE(RowName(Delivered(), Table::l1, row));
-        ChooseRow(s, row);
+        s.Row(row);
         PropertiesAngle(Delivered(), s, s);
         // Both are given to 0.01 mm.
         EXPECT_NEAR(s.v1, s.ey * std::numbers::sqrt2, 0.005 * (1 + std::numbers::sqrt2) + 1e-4);
@@ -252,10 +252,10 @@ TEST(TableGeometryOfChannels, CentroidIsThatOfTheOutline)
         if (series.family != 5 && series.family != 16 && series.family != 103) {
             continue;
         }
-        ProjectState s = OfFamily(series.family, series.series);
+        Member s = Member::Bare(series.family, series.series);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
             SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
-            ChooseRow(s, row);
+            s.Row(row);
             series.properties(Delivered(), s, s);
             const double limit = s.family == 16 && s.h == 400 ? 0.3
                                  : series.tolerance > 0.01    ? 0.03 * s.ecg
@@ -302,10 +302,10 @@ TEST(TableGeometryOfBritishSeries, MassIsThatOfTheArea)
         if (series.family < 101) {
             continue;
         }
-        ProjectState s = OfFamily(series.family, series.series);
+        Member s = Member::Bare(series.family, series.series);
         for (int row = 0; row < RowCount(TableOf(s)); ++row) {
             SCOPED_TRACE(RowName(Delivered(), TableOf(s), row));
-            ChooseRow(s, row);
+            s.Row(row);
             series.properties(Delivered(), s, s);
             const double mass = s.a * 7850e-6;
             if (RowKey(Delivered(), TableOf(s), row) == "203x152x52" && s.family == 102) {

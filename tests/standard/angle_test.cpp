@@ -13,31 +13,31 @@ namespace {
 
 using standard::CheckId;
 
-ProjectState Equal(float length)
+Member Equal(float length)
 {
-    return Named("L 100x10", length, 235);
+    return Unloaded(length, 235).Section("L 100x10");
 }
 
 // D182, D55: My 2 kNm about y and z with their product of inertia: stresses at the five corners
 // -77.3 (heel), 95.3 and 105.5 (upper tip), 24.0 and 41.3 (lower tip); 105.468/235.
 TEST(Angle, StressesAreThoseOfTheCorners)
 {
-    ProjectState s = Equal(3);
-    EndForces(s, 0, 2, 0);
+    Member s = Equal(3);
+    s.EndForces(0, 2, 0);
     EXPECT_NEAR(Ratio(s, CheckId::section_my), 0.448801, 1e-5);
-    EndForces(s, -50, 2, 0);  // stretched: the heel, 77.304 + 50000/1915
+    s.EndForces(-50, 2, 0);  // stretched: the heel, 77.304 + 50000/1915
     EXPECT_NEAR(Ratio(s, CheckId::section_nm), (77.3045 + 26.1097) / 235, 1e-5);
 }
 
 // The reflection in the u axis turns My into -Mz and Mz into -My.
 TEST(Angle, EqualLegsAreSymmetric)
 {
-    ProjectState s = Equal(3);
-    EndForces(s, 20, 1.5F, 0.4F);
+    Member s = Equal(3);
+    s.EndForces(20, 1.5F, 0.4F);
     const double one = Ratio(s, CheckId::section_nm);
-    EndForces(s, 20, -0.4F, -1.5F);
+    s.EndForces(20, -0.4F, -1.5F);
     EXPECT_NEAR(Ratio(s, CheckId::section_nm), one, 1e-6);
-    EndForces(s, 20, -1.5F, 0.4F);
+    s.EndForces(20, -1.5F, 0.4F);
     EXPECT_GT(std::abs(Ratio(s, CheckId::section_nm) - one), 0.01);
 }
 
@@ -45,8 +45,8 @@ TEST(Angle, EqualLegsAreSymmetric)
 // the strength of that leg is gone.
 TEST(Angle, ShearReducesTheStrengthOfItsLeg)
 {
-    ProjectState s = Equal(3);
-    EndForces(s, 0, 2, 0);
+    Member s = Equal(3);
+    s.EndForces(0, 2, 0);
     s.vz1 = s.vz2 = 0.75F * 81.4064F;
     EXPECT_NEAR(Ratio(s, CheckId::section_vz), 0.75, 1e-5);
     EXPECT_NEAR(Ratio(s, CheckId::section_my), 0.448801 / 0.75, 1e-4);
@@ -56,7 +56,7 @@ TEST(Angle, ShearReducesTheStrengthOfItsLeg)
 // 0.58147: Ncr,TF 551.77 kN, 0.33710. BB.1.2, two bolts in a leg: v 0.35 + 0.7 1.6360: 0.64596.
 TEST(Angle, BucklesAboutPrincipalAxes)
 {
-    ProjectState s = Equal(3);
+    Member s = Equal(3);
     s.nload[1] = 100;
     const auto result = Rated(s);
     EXPECT_NEAR(Ratio(result, CheckId::flexural_y), 0.393538, 1e-5);
@@ -70,12 +70,12 @@ TEST(Angle, BucklesAboutPrincipalAxes)
 // Wu = Iu/(100/sqrt 2) = 39640, lam 0.5636; without a reduction up to 0.4 (0.2 here), curve d.
 TEST(Angle, EqualAngleBucklesLaterallyAboutU)
 {
-    ProjectState s = Equal(3);
+    Member s = Equal(3);
     s.lamdalt0 = 0.2F;
-    EndForces(s, 0, 2, 0);
+    s.EndForces(0, 2, 0);
     EXPECT_NEAR(Ratio(s, CheckId::ltb), 0.206542, 2e-4);
     // Mv alone does not buckle it: Mu = 0 with Mz = -My.
-    EndForces(s, 0, 2, -2);
+    s.EndForces(0, 2, -2);
     EXPECT_LT(Ratio(s, CheckId::ltb), 0);
 }
 
@@ -84,7 +84,7 @@ TEST(Angle, EqualAngleBucklesLaterallyAboutU)
 // heel or the tips at 113.2 MPa.
 TEST(Angle, SlenderLegsShiftTheCentroid)
 {
-    ProjectState s = Named("L 50x3", 1, 235);
+    Member s = Unloaded(1, 235).Section("L 50x3");
     s.nload[1] = 20;
     const auto result = Rated(s);
     EXPECT_NEAR(Ratio(result, CheckId::section_n), 20 / 61.68697, 1e-5);
@@ -94,7 +94,7 @@ TEST(Angle, SlenderLegsShiftTheCentroid)
 // zj = ws - integral of (s^2 + w^2) w dA/(2 Iu), here over the solid legs in squares of 0.5 mm.
 TEST(Angle, AsymmetryOfUnequalLegs)
 {
-    ProjectState s = Named("L 150x75x9", 3, 235);
+    Member s = Unloaded(3, 235).Section("L 150x75x9");
     CalcSection(Delivered(), s);
     const standard::StandardSection q = standard::SectionOf(Delivered(), s, Basis::Standard());
     const double cosine = std::cos(q.angle.alfa);
@@ -118,7 +118,7 @@ TEST(Angle, AsymmetryOfUnequalLegs)
 
 TEST(Angle, EqualLegsHaveNoAsymmetry)
 {
-    ProjectState s = Equal(3);
+    Member s = Equal(3);
     CalcSection(Delivered(), s);
     EXPECT_NEAR(standard::AsymmetryOfAngle(standard::SectionOf(Delivered(), s, Basis::Standard())),
                 0, 0.01);
@@ -127,10 +127,9 @@ TEST(Angle, EqualLegsHaveNoAsymmetry)
 // Unequal legs: the moment that compresses the larger part has the larger critical moment.
 TEST(Angle, UnequalLegsBuckleByTheSignOfTheMoment)
 {
-    ProjectState s = Named("L 150x75x9", 4, 235);
-    EndForces(s, 0, 5, 0);
+    Member s = Unloaded(4, 235).Section("L 150x75x9").EndForces(0, 5, 0);
     const double up = Ratio(s, CheckId::ltb);
-    EndForces(s, 0, -5, 0);
+    s.EndForces(0, -5, 0);
     const double down = Ratio(s, CheckId::ltb);
     EXPECT_GT(up, 0);
     EXPECT_GT(std::abs(up - down), 0.01 * up);

@@ -68,7 +68,7 @@ TEST(DeviationCosts, EachActsAndCostsWhatTheDocumentSays)
         const std::string& number = row.first;
         const Told& told = row.second;
         SCOPED_TRACE("D" + number + kRemedy);
-        ProjectState s = Unloaded(1, 235);
+        Member s = Unloaded(1, 235);
         ASSERT_FALSE(ReadProject(s, ReadAll(kFolder / ("d" + number + ".kst"))));
         ProjectState program = s;
         ASSERT_TRUE(Calculate(Delivered(), program));

@@ -19,13 +19,9 @@ using standard::StandardSection;
 
 constexpr double kPi = std::numbers::pi;
 
-ProjectState FlatBar(float h, float t)
+Member FlatBar(float h, float t)
 {
-    ProjectState s = Unloaded(1, 235);
-    s.family = 28;
-    s.p28 = {h, t};
-    EndForces(s, 0, 0, 0);
-    return s;
+    return Unloaded(1, 235).Section(FormP28{h, t}).EndForces(0, 0, 0);
 }
 
 double Euler(double inertia, double length)
@@ -57,8 +53,7 @@ MemberTerms TermsOf(const ProjectState& s, const Basis& basis)
 // whole.
 TEST(DeviationsOfCombinations, D42StressesThatAct)
 {
-    ProjectState s = WeldedI(630, 300, 10, 15);
-    EndForces(s, 1410, 10, 0);
+    Member s = Unloaded(4, 235).Section(FormP21{630, 300, 10, 15}).EndForces(1410, 10, 0);
     const double iy = (300 * std::pow(630, 3) - 290 * std::pow(600, 3)) / 12;
     const double m = 10e6 / (iy / 315 * 235);
     ProjectState of = s;
@@ -75,10 +70,7 @@ TEST(DeviationsOfCombinations, D42StressesThatAct)
 // the program Wpl,y for My and the effective modulus for Mz.
 TEST(DeviationsOfCombinations, D153EachMomentWithItsOwnClass)
 {
-    ProjectState s = Unloaded(4, 235);
-    s.family = 23;
-    s.p23 = {600, 300, 8, 16, 0};
-    EndForces(s, 0, 200, 50);
+    Member s = Unloaded(4, 235).Section(FormP23{600, 300, 8, 16, 0}).EndForces(0, 200, 50);
     const double iy = (300 * std::pow(600, 3) - 284 * std::pow(568, 3)) / 12;
     const double wpl = 2 * 4800 * 292 + 2 * 8 * 568 * 568 / 4.0;
     const double elastic = 200e6 / (iy / 300 * 235);
@@ -93,8 +85,7 @@ TEST(DeviationsOfCombinations, D153EachMomentWithItsOwnClass)
 // and My is reduced from Mpl; the program starts from the elastic resistance of My alone.
 TEST(DeviationsOfCombinations, D153TensionDoesNotBetterTheMoment)
 {
-    ProjectState s = WeldedI(630, 300, 5, 15);
-    EndForces(s, -846, 300, 0);
+    Member s = Unloaded(4, 235).Section(FormP21{630, 300, 5, 15}).EndForces(-846, 300, 0);
     const double iy = (300 * std::pow(630, 3) - 295 * std::pow(600, 3)) / 12;
     const double wpl = 2 * 4500 * 307.5 + 5 * 600 * 600 / 4.0;
     const double rest = (1 - 846e3 / (12000 * 235)) / (1 - 0.5 * 0.25);
@@ -108,9 +99,9 @@ TEST(DeviationsOfCombinations, D153TensionDoesNotBetterTheMoment)
 // by 6.2.9.1 (5) with them.
 TEST(DeviationsOfCombinations, D43ElasticResistancesInPlasticFormulas)
 {
-    ProjectState s = WeldedI(400, 300, 15, 20);
+    Member s = Unloaded(4, 235).Section(FormP21{400, 300, 15, 20}).EndForces(0, 0, 0);
     s.checkelastic = kTrue;
-    EndForces(s, -1500, 200, 0);
+    s.EndForces(-1500, 200, 0);
     const double iy = (300 * std::pow(400, 3) - 285 * std::pow(360, 3)) / 12;
     const double n = 1500e3 / (17400 * 235);
     const double m = 200e6 / (iy / 200 * 235);
@@ -123,10 +114,10 @@ TEST(DeviationsOfCombinations, D43ElasticResistancesInPlasticFormulas)
 // one.
 TEST(DeviationsOfCombinations, D43ElasticDesignInTheColumnsOfAnnexB)
 {
-    ProjectState s = Named("RHS 100x6.3", 2, 235);
+    Member s = Unloaded(2, 235).Section("RHS 100x6.3");
     s.method = 2;
     s.checkelastic = kTrue;
-    EndForces(s, 100, 5, 0);
+    s.EndForces(100, 5, 0);
     const MemberTerms terms = TermsOf(s, Basis::Standard());
     const double lam = terms.interaction.lamy;
     const double n = Ratio(s, CheckId::flexural_y);
@@ -138,9 +129,9 @@ TEST(DeviationsOfCombinations, D43ElasticDesignInTheColumnsOfAnnexB)
 // Bar 100x10: h^2 t/6; the program designs it plastically, h^2 t/4.
 TEST(DeviationsOfCombinations, D43FlatBarStaysPlastic)
 {
-    ProjectState s = FlatBar(100, 10);
+    Member s = FlatBar(100, 10);
     s.checkelastic = kTrue;
-    EndForces(s, 0, 2, 0);
+    s.EndForces(0, 2, 0);
     EXPECT_NEAR(Ratio(s, CheckId::section_my), 2e6 / (100000 / 6.0 * 235), 1e-6);
     EXPECT_NEAR(Back(s, Dev::d43, CheckId::section_my), 2e6 / (25000 * 235.0), 1e-6);
 }
@@ -148,8 +139,9 @@ TEST(DeviationsOfCombinations, D43FlatBarStaysPlastic)
 // A tension of 1.1 Npl,Rd: the sum of the ratios; the program has none.
 TEST(DeviationsOfCombinations, D44BeyondTheAxialResistance)
 {
-    ProjectState s = WeldedI(400, 300, 15, 20);
-    EndForces(s, static_cast<float>(-1.1 * 17400 * 0.235), 100, 0);
+    Member s = Unloaded(4, 235)
+                   .Section(FormP21{400, 300, 15, 20})
+                   .EndForces(static_cast<float>(-1.1 * 17400 * 0.235), 100, 0);
     const double m = Ratio(s, CheckId::section_my);
     EXPECT_NEAR(Ratio(s, CheckId::section_nm), 1.1 + m, 1e-6);
     EXPECT_EQ(Back(s, Dev::d44, CheckId::section_nm), -1);
@@ -160,8 +152,7 @@ TEST(DeviationsOfCombinations, D44BeyondTheAxialResistance)
 // My 300, Mz 1: Eq (6.41) has the square of the first; the program the ratio itself.
 TEST(DeviationsOfCombinations, D48RatiosOfTheSingleMoments)
 {
-    ProjectState s = WeldedI(400, 300, 15, 20);
-    EndForces(s, -1500, 300, 1);
+    Member s = Unloaded(4, 235).Section(FormP21{400, 300, 15, 20}).EndForces(-1500, 300, 1);
     const double n = 1500e3 / (17400 * 235);
     const double wpl = 2 * 6000 * 190 + 15 * 360 * 360 / 4.0;
     const double my = 300e6 / (wpl * 235) * (1 - 0.5 * 5400 / 17400) / (1 - n);
@@ -180,9 +171,9 @@ TEST(DeviationsOfCombinations, D48RatiosOfTheSingleMoments)
 // the program drops.
 TEST(DeviationsOfCombinations, D45D47WallsThatBuckleInShear)
 {
-    ProjectState s = Named("RHS 400x8", 4, 460);
+    Member s = Unloaded(4, 460).Section("RHS 400x8");
     s.neta = 1.2F;
-    EndForces(s, 0, 0, 0);
+    s.EndForces(0, 0, 0);
     s.vz1 = s.vz2 = 100;
     ProjectState of = s;
     CalcSection(Delivered(), of);
@@ -209,11 +200,11 @@ TEST(DeviationsOfCombinations, D45D47WallsThatBuckleInShear)
 // and takes the limit eta hw tw.
 TEST(DeviationsOfCombinations, D46StiffenedWebsThatDoNotBuckle)
 {
-    ProjectState s = Named("HEA 1000", 6, 460);
+    Member s = Unloaded(6, 460).Section("HEA 1000");
     s.neta = 1.2F;
     s.webstiff = 1;
     s.webstiffa = 600;
-    EndForces(s, 0, 0, 0);
+    s.EndForces(0, 0, 0);
     s.vz1 = s.vz2 = 1000;
     ProjectState of = s;
     CalcSection(Delivered(), of);
@@ -228,7 +219,7 @@ TEST(DeviationsOfCombinations, D46StiffenedWebsThatDoNotBuckle)
 // Bar 100x10, EIw = 0, 1 m with k = 0.5: pi/L sqrt(EIz GIt) of the whole length; 1.05 of the half.
 TEST(DeviationsOfCombinations, D244UniformMomentOfTheWholeLength)
 {
-    ProjectState s = FlatBar(100, 10);
+    Member s = FlatBar(100, 10);
     s.ltbk = 0.5F;
     CalcSection(Delivered(), s);
     const StandardSection q = standard::SectionOf(Delivered(), s, Basis::Standard());
@@ -243,10 +234,10 @@ TEST(DeviationsOfCombinations, D244UniformMomentOfTheWholeLength)
 // 1; the program goes from lambda0 to Cmy and CmLT of members that twist, with Ncr,T.
 TEST(DeviationsOfCombinations, D245HeldMembersDoNotTwist)
 {
-    ProjectState s = Named("HEA 200", 6, 235);
+    Member s = Unloaded(6, 235).Section("HEA 200");
     s.method = 1;
     s.checkelastic = kTrue;
-    EndForces(s, 200, 20, 0);
+    s.EndForces(200, 20, 0);
     const MemberTerms held = TermsOf(s, Basis::Standard());
     const MemberTerms twists = TermsOf(s, Basis::StandardBut(Dev::d245));
     const double n = 200e3 / Euler(36.92e6, 6000);
@@ -268,11 +259,11 @@ TEST(DeviationsOfCombinations, D245HeldMembersDoNotTwist)
 // program takes Cmy,0 = 0.79. CmLT is 1 either way (aLT below 1).
 TEST(DeviationsOfCombinations, D246MomentsWithoutAnAxialForce)
 {
-    ProjectState s = Named("HEA 200", 6, 235);
+    Member s = Unloaded(6, 235).Section("HEA 200");
     s.method = 1;
     s.ltb = 1;
     s.checkelastic = kTrue;
-    EndForces(s, 0, 20, 2);
+    s.EndForces(0, 20, 2);
     s.my2 = 0;
     EXPECT_EQ(TermsOf(s, Basis::Standard()).k.kyy, 1);
     EXPECT_NEAR(TermsOf(s, Basis::StandardBut(Dev::d246)).k.kyy, 0.79, 1e-6);
@@ -282,9 +273,9 @@ TEST(DeviationsOfCombinations, D246MomentsWithoutAnAxialForce)
 // too. Aeff of N; the program's epsilon_y has A 12000 mm2 and Wel,y.
 TEST(DeviationsOfCombinations, D247EpsilonOfClassFour)
 {
-    ProjectState s = WeldedI(630, 300, 5, 15);
+    Member s = Unloaded(4, 235).Section(FormP21{630, 300, 5, 15}).EndForces(0, 0, 0);
     s.method = 1;
-    EndForces(s, 564, 100, 0);
+    s.EndForces(564, 100, 0);
     ProjectState of = s;
     CalcSection(Delivered(), of);
     const double lam = of.d / 5.0 / 56.8;
@@ -303,9 +294,9 @@ TEST(DeviationsOfCombinations, D247EpsilonOfClassFour)
 // program goes on with kyy and kzy.
 TEST(DeviationsOfCombinations, D248BeyondTheCriticalForce)
 {
-    ProjectState s = Named("HEA 200", 30, 235);
+    Member s = Unloaded(30, 235).Section("HEA 200");
     s.method = 2;
-    EndForces(s, 400, 5, 0);
+    s.EndForces(400, 5, 0);
     ASSERT_GT(400e3, Euler(13.36e6, 30000));
     const double nz = Ratio(s, CheckId::flexural_z);
     EXPECT_NEAR(Ratio(s, CheckId::n_above_ncr), nz, 1e-12);
@@ -321,7 +312,7 @@ TEST(DeviationsOfCombinations, D248BeyondTheCriticalForce)
 // a check section nor one of 51 points: at 0.38 L it is 0.0703.
 TEST(DeviationsOfCombinations, D249LargestMomentBetweenPoints)
 {
-    ProjectState s = Named("HEA 200", 4, 235);
+    Member s = Unloaded(4, 235).Section("HEA 200");
     s.nload[1] = 10;
     s.qt1[1] = s.qt2[1] = 10;
     s.qtx1[1] = 0;
@@ -337,7 +328,7 @@ TEST(DeviationsOfCombinations, D249LargestMomentBetweenPoints)
 // end moments 0.
 TEST(DeviationsOfCombinations, D107StraightByTheMiddle)
 {
-    ProjectState s = Named("RHS 100x6.3", 2, 235);
+    Member s = Unloaded(2, 235).Section("RHS 100x6.3");
     s.method = 1;
     s.supportcase = 4;
     s.nload[1] = 50;
@@ -358,8 +349,8 @@ TEST(DeviationsOfCombinations, D107StraightByTheMiddle)
 // left of the area; with all of it.
 TEST(DeviationsOfCombinations, D151BarsAndTubesLoseArea)
 {
-    ProjectState s = FlatBar(100, 10);
-    EndForces(s, -100, 1, 0);
+    Member s = FlatBar(100, 10);
+    s.EndForces(-100, 1, 0);
     s.vz1 = s.vz2 = static_cast<float>(0.75 * 1000 / 1.5 * 235 / kRoot3 / 1000);
     const auto ir = [](double area) {
         const double n = 100e3 / (area * 235);

@@ -13,9 +13,9 @@ namespace {
 
 using standard::CheckId;
 
-ProjectState Beam(int annex, i16 selector)
+Member Beam(int annex, i16 selector)
 {
-    ProjectState s = Named("HEB 300", 8, 235);
+    Member s = Unloaded(8, 235).Section("HEB 300");
     s.annexindex = static_cast<i16>(annex);
     s.loadcomb = selector;
     s.safetyclass = 2;
@@ -32,7 +32,7 @@ void Uniform(ProjectState& s, std::size_t row, float q, i16 category)
 // Bending ratio of the factored load of 1 kN/m.
 double PerLoad()
 {
-    ProjectState s = Named("HEB 300", 8, 235);
+    Member s = Unloaded(8, 235).Section("HEB 300");
     s.qload[1] = 1;
     return Ratio(s, CheckId::section_my);
 }
@@ -46,7 +46,7 @@ void ExpectLoads(const ProjectState& s, Dev deviation, double standard, double p
 // Danish class CC1: 0.9 in Eq 6.10 too; 1.0. G 10 with 1.35.
 TEST(DeviationsOfLoads, D25ClassFactorOfEq610)
 {
-    ProjectState s = Beam(kAnnexDk, kEq610);
+    Member s = Beam(kAnnexDk, kEq610);
     s.safetyclass = 1;
     ApplyAnnexLoads(s, s, s.annexindex);
     Uniform(s, 1, 10, 0);
@@ -56,14 +56,14 @@ TEST(DeviationsOfLoads, D25ClassFactorOfEq610)
 // G 10: 1.35 x 10; Denmark 1.1 x 10.
 TEST(DeviationsOfLoads, D23PermanentLoadsOfEq610)
 {
-    ProjectState s = Beam(kAnnexDk, kEq610);
+    Member s = Beam(kAnnexDk, kEq610);
     Uniform(s, 1, 10, 0);
     ExpectLoads(s, Dev::d23, 13.5, 11);
 }
 
 TEST(DeviationsOfLoads, D26PermanentLoadsOfEq610aInTheUsersAnnex)
 {
-    ProjectState s = Beam(kAnnexUd, kEq610a);
+    Member s = Beam(kAnnexUd, kEq610a);
     Uniform(s, 1, 10, 0);
     ExpectLoads(s, Dev::d26, 13.5, 11);
 }
@@ -71,7 +71,7 @@ TEST(DeviationsOfLoads, D26PermanentLoadsOfEq610aInTheUsersAnnex)
 // G 5, Q -10: 1.0 x 5 - 15; 1.35 x 5 - 15 = -8.25.
 TEST(DeviationsOfLoads, D27FavourablePermanentLoads)
 {
-    ProjectState s = Beam(kAnnexEu, kEq610);
+    Member s = Beam(kAnnexEu, kEq610);
     Uniform(s, 1, 5, 0);
     Uniform(s, 2, -10, 1);
     ExpectLoads(s, Dev::d27, 10, 8.25);
@@ -80,7 +80,7 @@ TEST(DeviationsOfLoads, D27FavourablePermanentLoads)
 // Q1 10 leads, Q2 5 with its 0.6, 15 + 4.5; with the 0.2 of Q1, 15 + 1.5.
 TEST(DeviationsOfLoads, D28CombinationValueOfTheOtherLoad)
 {
-    ProjectState s = Beam(kAnnexEu, kEq610);
+    Member s = Beam(kAnnexEu, kEq610);
     s.psi1 = 0.2F;
     s.psi2 = 0.6F;
     Uniform(s, 1, 10, 1);
@@ -91,7 +91,7 @@ TEST(DeviationsOfLoads, D28CombinationValueOfTheOtherLoad)
 // G 5, Q -3: 6.75 without Q; 6.75 - 4.5.
 TEST(DeviationsOfLoads, D35VariableLoadsThatRelieve)
 {
-    ProjectState s = Beam(kAnnexEu, kEq610);
+    Member s = Beam(kAnnexEu, kEq610);
     Uniform(s, 1, 5, 0);
     Uniform(s, 2, -3, 1);
     ExpectLoads(s, Dev::d35, 6.75, 2.25);
@@ -100,7 +100,7 @@ TEST(DeviationsOfLoads, D35VariableLoadsThatRelieve)
 // Eq 6.10b, psi 0.7 and 0.5: 1.5 (0.7 x 2 + 8); 1.5 (2 + 0.5 x 8).
 TEST(DeviationsOfLoads, D36EachVariableLoadLeads)
 {
-    ProjectState s = Beam(kAnnexEu, kEq610b);
+    Member s = Beam(kAnnexEu, kEq610b);
     s.psi1 = 0.7F;
     s.psi2 = 0.5F;
     Uniform(s, 1, 2, 1);
@@ -111,7 +111,7 @@ TEST(DeviationsOfLoads, D36EachVariableLoadLeads)
 // HEB 300 of the table, 117 kg/m: 117 x 0.00981; 117 x 0.01.
 TEST(DeviationsOfLoads, D103WeightOfAKilogram)
 {
-    ProjectState s = Beam(kAnnexEu, kUserFactors);
+    Member s = Beam(kAnnexEu, kUserFactors);
     s.selfweight = 1;
     const double standard = Ratio(s, CheckId::section_my);
     EXPECT_NEAR(standard / Back(s, Dev::d103, CheckId::section_my), 0.981, 1e-9);
@@ -121,7 +121,7 @@ TEST(DeviationsOfLoads, D103WeightOfAKilogram)
 // at 0.375 L; 0.4 x 0.375 - 0.4^2/2 = 0.07 at the check section 0.4 L.
 TEST(DeviationsOfLoads, D109ExtremesBetweenCheckSections)
 {
-    ProjectState s = Beam(kAnnexEu, kUserFactors);
+    Member s = Beam(kAnnexEu, kUserFactors);
     s.qt1[1] = s.qt2[1] = 10;
     s.qtx1[1] = 0;
     s.qtx2[1] = 4;
@@ -129,18 +129,15 @@ TEST(DeviationsOfLoads, D109ExtremesBetweenCheckSections)
     ExpectLoads(s, Dev::d109, 8 * 0.703125, 8 * 0.7);
 }
 
-ProjectState Bar()
+Member Bar()
 {
-    ProjectState s = Unloaded(2, 235);
-    s.family = 28;
-    s.p28 = {200, 20};
-    return s;
+    return Unloaded(2, 235).Section(FormP28{200, 20});
 }
 
 // 200x20: Wpl,z 200 x 20^2/4 = 20000 mm3, 4.7 kNm; 4 kN/m x 2^2/8 = 2 kNm.
 TEST(DeviationsOfLoads, D106BarsBendAcrossTheirThickness)
 {
-    ProjectState s = Bar();
+    Member s = Bar();
     s.qload[1] = 4;
     s.qdir[1] = 0;
     EXPECT_NEAR(Ratio(s, CheckId::section_mz), 2 / 4.7, 1e-6);
@@ -149,27 +146,24 @@ TEST(DeviationsOfLoads, D106BarsBendAcrossTheirThickness)
 
 TEST(DeviationsOfLoads, D178BarsTakeEndMomentsAcrossTheirThickness)
 {
-    ProjectState s = Bar();
-    EndForces(s, 0, 0, 2);
+    Member s = Bar();
+    s.EndForces(0, 0, 2);
     EXPECT_NEAR(Ratio(s, CheckId::section_mz), 2 / 4.7, 1e-6);
     EXPECT_LT(Back(s, Dev::d178, CheckId::section_mz), 0);
 }
 
-ProjectState WeldedI(float tf, float fy)
+Member WeldedI(float tf, float fy)
 {
-    ProjectState s = Unloaded(4, fy);
-    s.family = 21;
-    s.p21 = {400, 300, 15, tf};
-    return s;
+    return Unloaded(4, fy).Section(FormP21{400, 300, 15, tf});
 }
 
 // 690 MPa: eta 1.0; 1.2 as left from another steel. hw 360, tw 15.
 TEST(DeviationsOfLoads, D20ShearAreaFactorOfHighStrengthSteel)
 {
-    ProjectState s = WeldedI(20, 690);
+    Member s = WeldedI(20, 690);
     s.annexindex = kAnnexEu;
     s.neta = 1.2F;
-    EndForces(s, 0, 0, 0);
+    s.EndForces(0, 0, 0);
     s.vz1 = s.vz2 = 500;
     const double area = 360 * 15;
     EXPECT_NEAR(Ratio(s, CheckId::section_vz), 500e3 * std::sqrt(3) / (area * 690), 1e-6);
@@ -180,7 +174,7 @@ TEST(DeviationsOfLoads, D20ShearAreaFactorOfHighStrengthSteel)
 // S355 H over 40 mm: 335 MPa; 355. A = 2 x 300 x 50 + 300 x 15 = 34500 mm2 in tension.
 TEST(DeviationsOfLoads, D21StrengthOfHollowSectionSteelOver40Mm)
 {
-    ProjectState s = WeldedI(50, 355);
+    Member s = WeldedI(50, 355);
     s.fykindex = 17;
     s.nload[1] = -1000;
     EXPECT_NEAR(Ratio(s, CheckId::section_n), 1e6 / (34500 * 335.0), 1e-5);
@@ -191,7 +185,7 @@ TEST(DeviationsOfLoads, D21StrengthOfHollowSectionSteelOver40Mm)
 // MPa of S355 over 40 mm.
 TEST(DeviationsOfLoads, D22ThicknessAbove80Mm)
 {
-    ProjectState s = WeldedI(90, 355);
+    Member s = WeldedI(90, 355);
     s.fykindex = 2;
     s.nload[1] = -1000;
     EXPECT_FALSE(Rated(s).rated);
@@ -201,7 +195,7 @@ TEST(DeviationsOfLoads, D22ThicknessAbove80Mm)
 // Germany: 1.1 against 1.0 in every row of 6.3.1.
 TEST(DeviationsOfLoads, D24GermanFactorOfInstability)
 {
-    ProjectState s = Named("HEB 300", 8, 235);
+    Member s = Unloaded(8, 235).Section("HEB 300");
     s.annexindex = kAnnexGe;
     s.gammam1 = 1;
     s.nload[1] = 500;
@@ -212,9 +206,7 @@ TEST(DeviationsOfLoads, D24GermanFactorOfInstability)
 // of its strips, largest moment under one of them.
 TEST(DeviationsOfLoads, D101TrapezoidalLoadAsPointLoads)
 {
-    ProjectState s = Unloaded(6, 235);
-    s.family = 21;
-    s.p21 = {400, 300, 15, 20};
+    Member s = Unloaded(6, 235).Section(FormP21{400, 300, 15, 20});
     s.qt1[1] = 0;
     s.qt2[1] = 12;
     s.qtx1[1] = 0;
@@ -242,7 +234,7 @@ TEST(DeviationsOfLoads, D101TrapezoidalLoadAsPointLoads)
 // points.
 TEST(DeviationsOfLoads, D261LargestDeflectionBetweenPoints)
 {
-    ProjectState s = Named("HEB 200", 5, 235);
+    Member s = Unloaded(5, 235).Section("HEB 200");
     s.pm[1] = 10;
     s.pmx[1] = 1.5F;
     s.deflimitz = 300;

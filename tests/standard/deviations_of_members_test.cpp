@@ -20,9 +20,9 @@ using standard::CheckId;
 //   Annex B  kyy = Cmy (1 + (lam - 0.2) n) with Cmy = 1 for equal end moments, just below 1 here
 TEST(DeviationsOfMembers, D240ChannelsTakeTheInteractionOfISections)
 {
-    ProjectState s = Named("UPE 200", 0.2F, 235);
+    Member s = Unloaded(0.2F, 235).Section("UPE 200");
     s.method = 2;
-    EndForces(s, 200, 20, 0);
+    s.EndForces(200, 20, 0);
     const auto standard = Rated(s);
     EXPECT_NEAR(Ratio(standard, CheckId::interaction_outside), 200 / 681.5 + 20 / 51.7, 2e-3);
     EXPECT_LT(Ratio(standard, CheckId::eq661), 0);
@@ -44,9 +44,9 @@ double Chi(double lam, double alpha)
     return 1 / (phi + std::sqrt(phi * phi - lam * lam));
 }
 
-ProjectState Column(std::string_view name, float length, float fy, float n)
+Member Column(std::string_view name, float length, float fy, float n)
 {
-    ProjectState s = Named(name, length, fy);
+    Member s = Unloaded(length, fy).Section(name);
     s.nload[1] = n;
     return s;
 }
@@ -68,7 +68,7 @@ void ExpectCurves(const ProjectState& s, Dev deviation, CheckId id, double stand
 // HEB 200, 450 MPa typed, h/b below 1.2: curves b and c; a and a of S460.
 TEST(DeviationsOfMembers, D203CurvesOfS460)
 {
-    const ProjectState s = Column("HEB 200", 5, 450, 500);
+    const Member s = Column("HEB 200", 5, 450, 500);
     ExpectCurves(s, Dev::d203, CheckId::flexural_y, 0.34, 0.21);
     ExpectCurves(s, Dev::d203, CheckId::flexural_z, 0.49, 0.21);
 }
@@ -76,9 +76,7 @@ TEST(DeviationsOfMembers, D203CurvesOfS460)
 // Box 300x300x12 with thick welds, 25 t: curve c; b.
 TEST(DeviationsOfMembers, D204BoxesWithThickWelds)
 {
-    ProjectState s = Unloaded(6, 235);
-    s.family = 23;
-    s.p23 = {300, 300, 12, 12, 0};
+    Member s = Unloaded(6, 235).Section(FormP23{300, 300, 12, 12, 0});
     s.weldopt = 1;
     s.nload[1] = 500;
     ExpectCurves(s, Dev::d204, CheckId::flexural_y, 0.49, 0.34);
@@ -87,7 +85,7 @@ TEST(DeviationsOfMembers, D204BoxesWithThickWelds)
 // British channels: curve c; after a start of the program none, an imperfection factor of 0.
 TEST(DeviationsOfMembers, D205CurveOfBritishChannels)
 {
-    ProjectState s = Column("PFC 200x75x23", 4, 235, 100);
+    Member s = Column("PFC 200x75x23", 4, 235, 100);
     s.alphay = s.alphaz = 0;
     ExpectCurves(s, Dev::d205, CheckId::flexural_z, 0.49, 0);
 }
@@ -96,7 +94,7 @@ TEST(DeviationsOfMembers, D205CurveOfBritishChannels)
 // ratio of a slender column follows with 1/Ncr at most.
 TEST(DeviationsOfMembers, D202PiOfSinglePrecision)
 {
-    const ProjectState s = Column("HEB 200", 20, 235, 100);
+    const Member s = Column("HEB 200", 20, 235, 100);
     const double rise = Ratio(s, CheckId::flexural_z) / Back(s, Dev::d202, CheckId::flexural_z) - 1;
     EXPECT_GT(rise, 1e-8);
     EXPECT_LT(rise, 5.7e-8);
@@ -114,7 +112,7 @@ double Torsional(double it, double iw, double i0_squared, double length)
 // buckling about z; the program has no row.
 TEST(DeviationsOfMembers, D207TorsionalBucklingIsChecked)
 {
-    const ProjectState s = Column("HEB 200", 5, 235, 500);
+    const Member s = Column("HEB 200", 5, 235, 500);
     const double ncr = Torsional(0.595e6, 171e9, (56.96e6 + 20.03e6) / 7808, 5000);
     const double squash = 7808 * 235.0;
     EXPECT_NEAR(Ratio(s, CheckId::torsional), 500e3 / (Chi(std::sqrt(squash / ncr), 0.49) * squash),
@@ -126,7 +124,7 @@ TEST(DeviationsOfMembers, D207TorsionalBucklingIsChecked)
 // row.
 TEST(DeviationsOfMembers, D232LightColumnsKeepTheirRows)
 {
-    const ProjectState s = Column("HEB 200", 5, 235, 10);
+    const Member s = Column("HEB 200", 5, 235, 10);
     const double squash = 7808 * 235.0;
     const double lam = std::sqrt(squash / Euler(20.03e6, 5000));
     EXPECT_NEAR(Ratio(s, CheckId::flexural_z), 10e3 / (Chi(lam, 0.49) * squash), 1e-7);
@@ -135,9 +133,9 @@ TEST(DeviationsOfMembers, D232LightColumnsKeepTheirRows)
 
 // --- Lateral torsional buckling ------------------------------------------------------------------
 
-ProjectState Beam(std::string_view name, float length, float q)
+Member Beam(std::string_view name, float length, float q)
 {
-    ProjectState s = Named(name, length, 235);
+    Member s = Unloaded(length, 235).Section(name);
     s.ltb = 1;
     s.qload[1] = q;
     return s;
@@ -180,7 +178,7 @@ double ShapeFactor(double kc, double lam)
 // Held at the third points: q L^2/8 at mid-span between them; 8/9 of it at them.
 TEST(DeviationsOfMembers, D201MomentBetweenTheRestraints)
 {
-    ProjectState s = Beam("IPE 300", 6, 10);
+    Member s = Beam("IPE 300", 6, 10);
     s.restraints = 2;
     EXPECT_NEAR(Back(s, Dev::d201, CheckId::ltb) / Ratio(s, CheckId::ltb), 8.0 / 9, 1e-9);
 }
@@ -189,7 +187,7 @@ TEST(DeviationsOfMembers, D201MomentBetweenTheRestraints)
 // program has no row without compression.
 TEST(DeviationsOfMembers, D229BarsBuckleInBendingAlone)
 {
-    ProjectState s = Beam("HEB 200", 6, 0.5F);
+    Member s = Beam("HEB 200", 6, 0.5F);
     s.family = 28;
     s.p28 = {200, 10};
     s.ltbcurve = 2;
@@ -207,7 +205,7 @@ TEST(DeviationsOfMembers, D229BarsBuckleInBendingAlone)
 // General case, slenderness between 0.2 and lamLT0 = 0.4: no reduction; curve a from 0.2 on.
 TEST(DeviationsOfMembers, D214PlateauOfTheGeneralCase)
 {
-    ProjectState s = Beam("HEB 300", 3.5F, 10);
+    Member s = Beam("HEB 300", 3.5F, 10);
     s.ltbcurve = 2;
     s.lamdalt0 = 0.4F;
     const double section = Ratio(s, CheckId::section_my);
@@ -219,7 +217,7 @@ TEST(DeviationsOfMembers, D214PlateauOfTheGeneralCase)
 // Welded I 400x150x8x12, S235, 8 m: lamLT0 0.2 and beta 1.0 of welded sections; 0.4 and 0.75.
 TEST(DeviationsOfMembers, D215ParametersOfWeldedSections)
 {
-    ProjectState s = Beam("HEB 300", 8, 5);
+    Member s = Beam("HEB 300", 8, 5);
     s.family = 21;
     s.p21 = {400, 150, 8, 12};
     s.ltbcurve = 3;
@@ -237,7 +235,7 @@ TEST(DeviationsOfMembers, D215ParametersOfWeldedSections)
 // HEB 1000, h/b 3.33: curve d; c, in Eq (6.57). C1 of a parabola is 1.131, kc = 1/sqrt(C1).
 TEST(DeviationsOfMembers, D239TallSectionsOfTheBritishAnnex)
 {
-    ProjectState s = Beam("HEB 1000", 20, 5);
+    Member s = Beam("HEB 1000", 20, 5);
     s.ltbcurve = 3;
     s.annexindex = kAnnexUk;
     const double resistance = PlasticMoment(s);
@@ -256,7 +254,7 @@ TEST(DeviationsOfMembers, D239TallSectionsOfTheBritishAnnex)
 // solution. IPE 300, h/b 2: curve b.
 TEST(DeviationsOfMembers, D235CorrectionFactorOfTable66)
 {
-    ProjectState s = Beam("IPE 300", 8, 10);
+    Member s = Beam("IPE 300", 8, 10);
     s.supportcase = 2;
     s.ltbcurve = 3;
     s.lamdalt0 = 0.4F;
@@ -275,7 +273,7 @@ TEST(DeviationsOfMembers, D235CorrectionFactorOfTable66)
 // keeps the sign of the level and has 129.8 kNm, as downwards on the bottom. Refined solution.
 TEST(DeviationsOfMembers, D213LoadLevelUnderUplift)
 {
-    ProjectState s = Beam("HEA 200", 8, -10);
+    Member s = Beam("HEA 200", 8, -10);
     s.loadlevel = 3;
     s.ltbcurve = 2;
     s.lamdalt0 = 0.2F;
@@ -292,7 +290,7 @@ TEST(DeviationsOfMembers, D213LoadLevelUnderUplift)
 // the reference value is 106.5 kNm.
 TEST(DeviationsOfMembers, D234CriticalMomentByTheTable)
 {
-    ProjectState s = Beam("HEA 200", 8, 5);
+    Member s = Beam("HEA 200", 8, 5);
     s.ltbcurve = 2;
     s.lamdalt0 = 0.2F;
     const auto lam = [&](double mcr) { return std::sqrt(429.5e3 * 235 / (mcr * 1e6)); };
@@ -309,7 +307,7 @@ TEST(DeviationsOfMembers, D234CriticalMomentByTheTable)
 // Annex B, members that do not twist: kzy = 0.6 kyy, Cmy 0.95 of a parabola.
 TEST(DeviationsOfMembers, D236BothEquationsStay)
 {
-    ProjectState s = Column("HEB 200", 5, 235, 200);
+    Member s = Column("HEB 200", 5, 235, 200);
     s.qload[1] = 5;
     s.lz = 0.001F;
     s.method = 2;
@@ -327,9 +325,9 @@ TEST(DeviationsOfMembers, D236BothEquationsStay)
 // with it: the rest is the ratio of N alone.
 TEST(DeviationsOfMembers, D222FactorOfEndMoments)
 {
-    ProjectState s = Named("RHS 100x6.3", 3, 235);
+    Member s = Unloaded(3, 235).Section("RHS 100x6.3");
     s.method = 2;
-    EndForces(s, 100, 20, 0);
+    s.EndForces(100, 20, 0);
     s.my2 = 10;
     const double n = Ratio(s, CheckId::flexural_y);
     const double standard = Ratio(s, CheckId::eq661) - n;
@@ -354,11 +352,11 @@ struct AnnexAOfEvenMoment {
 // Eq (6.61) goes with 1/Cyy.
 TEST(DeviationsOfMembers, D219AxialRatioOfAnnexA)
 {
-    ProjectState s = Named("RHS 100x6.3", 3, 235);
+    Member s = Unloaded(3, 235).Section("RHS 100x6.3");
     s.method = 1;
     s.gammam0 = 1;
     s.gammam1 = 1.1F;
-    EndForces(s, 100, 10, 0);
+    s.EndForces(100, 10, 0);
     ProjectState of = s;
     CalcSection(Delivered(), of);
     const double squash = 1.0 * of.a * 235;
@@ -374,10 +372,10 @@ TEST(DeviationsOfMembers, D219AxialRatioOfAnnexA)
 // Stocky about z, Annex B, members that twist: kzy at most 0.6 + lamz; without this branch larger.
 TEST(DeviationsOfMembers, D225BranchOfLowSlenderness)
 {
-    ProjectState s = Named("HEB 300", 1, 235);
+    Member s = Unloaded(1, 235).Section("HEB 300");
     s.method = 2;
     s.ltb = 1;
-    EndForces(s, 500, 100, 0);
+    s.EndForces(500, 100, 0);
     const double n = Ratio(s, CheckId::flexural_z);
     const double standard = Ratio(s, CheckId::eq662) - n;
     const double program = Back(s, Dev::d225, CheckId::eq662) - n;
@@ -395,7 +393,7 @@ TEST(DeviationsOfMembers, D225BranchOfLowSlenderness)
 // 0.5; the smaller end moment is 0, alpha_s counts 0, Cm 0.4.
 TEST(DeviationsOfMembers, D221RatiosOfTheLargerEndMoment)
 {
-    ProjectState s = Named("RHS 100x6.3", 3, 235);
+    Member s = Unloaded(3, 235).Section("RHS 100x6.3");
     s.method = 2;
     s.supportcase = 1;
     s.nload[1] = 100;
@@ -411,7 +409,7 @@ TEST(DeviationsOfMembers, D221RatiosOfTheLargerEndMoment)
 // pi^2/184.6. A closed section has Cmy = Cmy,0.
 TEST(DeviationsOfMembers, D217DeflectionOfTheSameLoads)
 {
-    ProjectState s = Named("RHS 100x6.3", 3, 235);
+    Member s = Unloaded(3, 235).Section("RHS 100x6.3");
     s.method = 1;
     s.checkelastic = kTrue;
     s.supportcase = 1;
@@ -435,7 +433,7 @@ TEST(DeviationsOfMembers, D217DeflectionOfTheSameLoads)
 // pi^2/216 - 1) n; the program takes 1 + 0.03 n, the line being curved.
 TEST(DeviationsOfMembers, D242GeneralFormOfTableA2)
 {
-    ProjectState s = Named("RHS 100x6.3", 3, 235);
+    Member s = Unloaded(3, 235).Section("RHS 100x6.3");
     s.method = 1;
     s.checkelastic = kTrue;
     s.nload[1] = 100;
@@ -454,11 +452,9 @@ TEST(DeviationsOfMembers, D242GeneralFormOfTableA2)
 // Tube 200x10 under 20 and 10 kNm, even from end to end, Annex B: My + 0.6 Mz over Mpl,Rd; no row.
 TEST(DeviationsOfMembers, D243TubesUnderBothMoments)
 {
-    ProjectState s = Unloaded(3, 235);
-    s.family = 31;
-    s.p31 = {200, 10};
+    Member s = Unloaded(3, 235).Section(FormP31{200, 10});
     s.method = 2;
-    EndForces(s, 0, 20, 10);
+    s.EndForces(0, 20, 10);
     const double mpl = (std::pow(200, 3) - std::pow(180, 3)) / 6 * 235e-6;
     EXPECT_NEAR(Ratio(s, CheckId::eq661), (20 + 0.6 * 10) / mpl, 1e-5);
     EXPECT_LT(Back(s, Dev::d243, CheckId::eq661), 0);
@@ -468,9 +464,7 @@ TEST(DeviationsOfMembers, D243TubesUnderBothMoments)
 // y; polar radius about the shear centre. Curve c.
 TEST(DeviationsOfMembers, D209TorsionCouplesWithBucklingAboutZ)
 {
-    ProjectState s = Unloaded(5, 235);
-    s.family = 22;
-    s.p22 = {400, 300, 150, 12, 20, 16};
+    Member s = Unloaded(5, 235).Section(FormP22{400, 300, 150, 12, 20, 16});
     s.nload[1] = 500;
     const double a = 6000 + 4368 + 2400, zc = (6000 * 10 + 4368 * 202 + 2400 * 392.0) / a;
     const double iy = 300 * 8000.0 / 12 + 6000 * std::pow(zc - 10, 2) + 12 * std::pow(364, 3) / 12 +
@@ -494,19 +488,17 @@ TEST(DeviationsOfMembers, D209TorsionCouplesWithBucklingAboutZ)
 
 // Web 600x10, flanges 300x15: class 3 under N with My, class 1 under My alone. Annex B, equal end
 // moments: 1 + 0.6 lam n of class 3; 1 + (lam - 0.2) n. lam is 0.16, chi 1, n 1410/3525.
-ProjectState ClassThreeByTheAxialForce(i16 method)
+Member ClassThreeByTheAxialForce(i16 method)
 {
-    ProjectState s = Unloaded(4, 235);
-    s.family = 21;
-    s.p21 = {630, 300, 10, 15};
+    Member s = Unloaded(4, 235).Section(FormP21{630, 300, 10, 15});
     s.method = method;
-    EndForces(s, 1410, 100, 0);
+    s.EndForces(1410, 100, 0);
     return s;
 }
 
 TEST(DeviationsOfMembers, D223ClassOfTheSectionPicksTheColumnOfAnnexB)
 {
-    const ProjectState s = ClassThreeByTheAxialForce(2);
+    const Member s = ClassThreeByTheAxialForce(2);
     const double n = 0.4;
     const double iy = (300 * std::pow(630, 3) - 290 * std::pow(600, 3)) / 12;
     const double lam = std::sqrt(15000 * 235 / Euler(iy, 4000));
@@ -519,7 +511,7 @@ TEST(DeviationsOfMembers, D223ClassOfTheSectionPicksTheColumnOfAnnexB)
 // Cyy. chi_y is 1.
 TEST(DeviationsOfMembers, D218ClassOfTheSectionPicksTheColumnOfAnnexA)
 {
-    const ProjectState s = ClassThreeByTheAxialForce(1);
+    const Member s = ClassThreeByTheAxialForce(1);
     const double iy = (300 * std::pow(630, 3) - 290 * std::pow(600, 3)) / 12;
     const double wel = iy / 315, wpl = 300 * 15 * 615.0 + 10 * 600.0 * 600 / 4;
     const double iz = 2 * 15 * std::pow(300, 3) / 12 + 600 * 1000.0 / 12;
@@ -534,7 +526,7 @@ TEST(DeviationsOfMembers, D218ClassOfTheSectionPicksTheColumnOfAnnexA)
 // program takes Ncr,TF = 1e25.
 TEST(DeviationsOfMembers, D208TorsionalForceOfDoublySymmetricSections)
 {
-    ProjectState s = ClassThreeByTheAxialForce(1);
+    Member s = ClassThreeByTheAxialForce(1);
     s.l = 8;
     s.ltb = 1;
     ProjectState of = s;
@@ -550,7 +542,7 @@ TEST(DeviationsOfMembers, D208TorsionalForceOfDoublySymmetricSections)
 // at 100/sqrt(2) from u. The program has no row.
 TEST(DeviationsOfMembers, D226AnglesBuckleLaterally)
 {
-    ProjectState s = Named("L 100x10", 3, 235);
+    Member s = Unloaded(3, 235).Section("L 100x10");
     s.qload[1] = 0.5F;
     s.ltbcurve = 2;
     s.lamdalt0 = 0.2F;
@@ -568,7 +560,7 @@ TEST(DeviationsOfMembers, D226AnglesBuckleLaterally)
 // 1.507 kc above 1 makes it fall below.
 TEST(DeviationsOfMembers, D216CorrectionFactorIsAtMostOne)
 {
-    ProjectState s = Beam("IPE 400", 14, 1);
+    Member s = Beam("IPE 400", 14, 1);
     s.annexindex = kAnnexUk;
     s.lamdalt0 = 0.2F;  // so that 1/lam^2 does not govern
     s.beta = 1;
@@ -593,7 +585,7 @@ TEST(DeviationsOfMembers, D216CorrectionFactorIsAtMostOne)
 // of the straight line from 0 to q L^2/8.
 TEST(DeviationsOfMembers, D233CriticalMomentBetweenRestraints)
 {
-    ProjectState s = Beam("HEA 200", 8, 5);
+    Member s = Beam("HEA 200", 8, 5);
     s.ltbcurve = 2;
     s.lamdalt0 = 0.2F;
     s.restraints = 1;
@@ -613,7 +605,7 @@ TEST(DeviationsOfMembers, D233CriticalMomentBetweenRestraints)
 // pinned beam of 2 L under a point load, 1.35 pi/2 of it. Curve d.
 TEST(DeviationsOfMembers, D238CriticalMomentOfACantilever)
 {
-    ProjectState s = Beam("HEB 200", 2, 1);
+    Member s = Beam("HEB 200", 2, 1);
     s.family = 28;
     s.p28 = {200, 10};
     s.supportcase = 4;

@@ -15,10 +15,9 @@ using standard::kCheckIds;
 using standard::StandardResult;
 
 // A loaded member of each covered kind.
-ProjectState Loaded(int family)
+Member Loaded(int family)
 {
-    ProjectState s = Unloaded(6, 355);
-    s.family = static_cast<i16>(family);
+    Member s = Unloaded(6, 355).Family(family);
     s.nload[1] = 40;
     s.qload[1] = 3;
     s.qload[2] = 2;
@@ -74,7 +73,7 @@ TEST(Laws, TwoRowsActAsOne)
 {
     for (const int family : kCovered) {
         SCOPED_TRACE(family);
-        ProjectState one = Loaded(family);
+        Member one = Loaded(family);
         ProjectState two = one;
         two.qload[1] = 1;
         two.qload[4] = 2;
@@ -88,7 +87,7 @@ TEST(Laws, TheMirroredMemberHasTheSameRatios)
 {
     for (const int family : kCovered) {
         SCOPED_TRACE(family);
-        ProjectState left = Loaded(family);
+        Member left = Loaded(family);
         ProjectState right = left;
         right.pmx[1] = 4.5F;
         ExpectSame(Rated(left), Rated(right), 1e-6);
@@ -99,7 +98,7 @@ TEST(Laws, APassLeavesNothingBehind)
 {
     for (const int family : kCovered) {
         SCOPED_TRACE(family);
-        ProjectState s = Loaded(family);
+        Member s = Loaded(family);
         const StandardResult before = Rated(s);
         const Actions carried = TraitsOf(family).carries.loads;
         if (carried.n && carried.y && carried.z) {  // of others the pass empties rows
@@ -115,7 +114,7 @@ TEST(Laws, AHeavierLoadNeverLowersARatio)
 {
     for (const int family : kCovered) {
         SCOPED_TRACE(family);
-        const ProjectState light = Loaded(family);
+        const Member light = Loaded(family);
         ProjectState heavy = light;
         heavy.loadcomb = kUserFactors;
         double last = 0;
@@ -132,7 +131,7 @@ TEST(Laws, ARestraintMoreNeverRaisesLateralTorsionalBuckling)
 {
     for (const int family : {1, 4, 5, 21, 22, 28, 41, 51, 56}) {
         SCOPED_TRACE(family);
-        ProjectState s = Loaded(family);
+        Member s = Loaded(family);
         s.pm[1] = 0;
         double last = 1e9;
         for (i16 restraints = 0; restraints <= 5; ++restraints) {
@@ -154,8 +153,7 @@ TEST(Laws, PlatesWithoutADepartureAgreeWithTheProgram)
 {
     for (const int family : {24, 25, 27, 52, 53, 54, 56}) {
         SCOPED_TRACE(family);
-        ProjectState s = Unloaded(5, 355);
-        s.family = static_cast<i16>(family);
+        Member s = Unloaded(5, 355).Family(family);
         s.hsqopt = 1;
         s.qload[1] = 4;
         const StandardResult result = Rated(s);
@@ -169,12 +167,11 @@ TEST(Laws, TheSignOfAMomentIsNoMatterToSymmetricSections)
 {
     for (const int family : {1, 4, 5, 7, 21, 23, 28, 31, 41}) {
         SCOPED_TRACE(family);
-        ProjectState s = Unloaded(5, 355);
-        s.family = static_cast<i16>(family);
+        Member s = Unloaded(5, 355).Family(family);
         s.ltb = 1;
-        EndForces(s, 30, 8, 0);
+        s.EndForces(30, 8, 0);
         const StandardResult up = Rated(s);
-        EndForces(s, 30, -8, 0);
+        s.EndForces(30, -8, 0);
         ExpectSame(up, Rated(s), 1e-9);
     }
 }
@@ -183,7 +180,7 @@ TEST(Laws, TheSignOfAMomentIsNoMatterToSymmetricSections)
 // keeps sections and pi in single precision.
 TEST(Laws, WithoutADepartureBothAgree)
 {
-    ProjectState s = Named("HEA 200", 5, 355);
+    Member s = Unloaded(5, 355).Section("HEA 200");
     s.nload[1] = 300;
     const StandardResult result = Rated(s);
     ASSERT_TRUE(Calculate(Delivered(), s));

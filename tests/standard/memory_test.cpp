@@ -12,8 +12,7 @@ TEST(Memory, APassTakesNone)
 {
     for (const int family : {1, 5, 7, 10, 21, 22, 23, 24, 27, 56}) {
         SCOPED_TRACE(family);
-        ProjectState s = Unloaded(6, 355);
-        s.family = static_cast<i16>(family);
+        Member s = Unloaded(6, 355).Family(family);
         s.hsqopt = 1;
         s.nload[1] = 20;
         s.qload[1] = 3;

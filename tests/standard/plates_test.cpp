@@ -13,13 +13,6 @@ namespace {
 
 using standard::CheckId;
 
-ProjectState OfFamily(int family, float length, float fy)
-{
-    ProjectState s = Unloaded(length, fy);
-    s.family = static_cast<i16>(family);
-    return s;
-}
-
 standard::StandardSection SectionFor(ProjectState& s)
 {
     CalcSection(Delivered(), s);
@@ -27,11 +20,9 @@ standard::StandardSection SectionFor(ProjectState& s)
 }
 
 // T 200x150, web 10, flange 15, S235: A 4100, centroid 52.622 below the flange, Iy 1.5471e7.
-ProjectState Tee()
+Member Tee()
 {
-    ProjectState s = OfFamily(26, 3, 235);
-    s.p26 = {.isth = 200, .istb1 = 150, .isttw = 10, .isttf1 = 15};
-    return s;
+    return Unloaded(3, 235).Section(FormP26{.isth = 200, .istb1 = 150, .isttw = 10, .isttf1 = 15});
 }
 
 // EN 1993-1-1, Table 5.2: the stem of 180 mm (weld 5) has c/t 18 > 14: class 4.
@@ -39,8 +30,8 @@ ProjectState Tee()
 //   eN = 299.92 (147.378 - 15.0)/3800.08 = 10.448; W 104975, Mc,Rd 24.669
 TEST(Plates, TeeOfClassFourShiftsItsCentroid)
 {
-    ProjectState s = Tee();
-    EndForces(s, 100, 0, 0);
+    Member s = Tee();
+    s.EndForces(100, 0, 0);
     const auto result = Rated(s);
     EXPECT_NEAR(Ratio(result, CheckId::section_n), 100 / 893.018, 1e-5);
     EXPECT_NEAR(Ratio(result, CheckId::section_nm), 0.154334, 1e-5);
@@ -49,17 +40,17 @@ TEST(Plates, TeeOfClassFourShiftsItsCentroid)
 // D192: the stem 178/13 = 13.7 is within 14 eps: class 3. D193: gross area, 150 15 + 185 13 = 4655.
 TEST(Plates, TeeOfClassThreeKeepsItsArea)
 {
-    ProjectState s = Tee();
+    Member s = Tee();
     s.p26.isttw = 13;  // weld 6.5, c 178.5: 13.73
-    EndForces(s, 100, 0, 0);
+    s.EndForces(100, 0, 0);
     EXPECT_NEAR(Ratio(s, CheckId::section_n), 100 / (4655 * 0.235), 1e-6);
 }
 
 // D32: Av = tw (h - tf/2) = 10 192.5 = 1925: Vpl,Rd 261.18 kN.
 TEST(Plates, ShearAreaOfAWebWithOneFlange)
 {
-    ProjectState s = Tee();
-    EndForces(s, 0, 0, 0);
+    Member s = Tee();
+    s.EndForces(0, 0, 0);
     s.vz1 = s.vz2 = 100;
     EXPECT_NEAR(Ratio(s, CheckId::section_vz), 100 / 261.179, 1e-5);
 }
@@ -67,7 +58,7 @@ TEST(Plates, ShearAreaOfAWebWithOneFlange)
 // D231, 6.2.1 (7): N and the moments of the self-weight add up; the flange is of class 1.
 TEST(Plates, TeeSumsAxialForceAndMoment)
 {
-    ProjectState s = Tee();
+    Member s = Tee();
     s.nload[1] = -100;
     s.selfweight = 1;
     const auto result = Rated(s);
@@ -77,11 +68,15 @@ TEST(Plates, TeeSumsAxialForceAndMoment)
 }
 
 // Hat beam, S355: top 200x20, webs 400x6, bottom 350x15.
-ProjectState Hat()
+Member Hat()
 {
-    ProjectState s = OfFamily(24, 4, 355);
-    s.p24 = {
-        .isth = 420, .istb1 = 200, .istb2 = 350, .isttw = 6, .isttf1 = 20, .isttf2 = 15, .hsqc = 5};
+    Member s = Unloaded(4, 355).Section(FormP24{.isth = 420,
+                                                .istb1 = 200,
+                                                .istb2 = 350,
+                                                .isttw = 6,
+                                                .isttf1 = 20,
+                                                .isttf2 = 15,
+                                                .hsqc = 5});
     s.hsqopt = 1;
     s.class23 = 1;
     return s;
@@ -93,8 +88,8 @@ ProjectState Hat()
 //   kNm
 TEST(Plates, HatBeamWithUpgradedWebs)
 {
-    ProjectState s = Hat();
-    EndForces(s, 0, 500, 0);
+    Member s = Hat();
+    s.EndForces(0, 500, 0);
     const double elastic = Ratio(s, CheckId::section_my);
     s.class23 = 0;
     EXPECT_NEAR(Ratio(s, CheckId::section_my), 500 / 782.760, 1e-5);
@@ -105,7 +100,7 @@ TEST(Plates, HatBeamWithUpgradedWebs)
 // 4 mm, 75/4 = 18.75 > 14 eps, the flange is of class 4 and cannot be upgraded.
 TEST(Plates, OutstandsOfTheHatBeamHaveAClass)
 {
-    ProjectState s = Hat();
+    Member s = Hat();
     s.p24.isttf2 = 4;
     const auto q = SectionFor(s);
     EXPECT_EQ(standard::ClassOfPressedFlange(q, false, Basis::Standard()), 4);
@@ -116,7 +111,7 @@ TEST(Plates, OutstandsOfTheHatBeamHaveAClass)
 // 0.15023; with the utilisation a along the beam sqrt(a^2 + 0.15023^2 + 0.15023 a).
 TEST(Plates, LoadedFlangeOfTheHatBeam)
 {
-    ProjectState s = Hat();
+    Member s = Hat();
     s.qload[1] = 100;
     s.flangeload = 50;
     s.hsqopt = 0;
@@ -133,9 +128,9 @@ TEST(Plates, BoxOfUnequalFlangesSumsAllForces)
 {
     for (const int family : {24, 25, 27, 51, 52, 53, 54, 56}) {
         SCOPED_TRACE(family);
-        ProjectState s = OfFamily(family, 3, 235);
+        Member s = Unloaded(3, 235).Family(family);
         s.hsqopt = 1;
-        EndForces(s, -50, 5, 3);
+        s.EndForces(-50, 5, 3);
         const auto result = Rated(s);
         EXPECT_GT(Ratio(result, CheckId::section_mz), 0);
         EXPECT_NEAR(Ratio(result, CheckId::section_nm),
@@ -150,14 +145,13 @@ TEST(Plates, BoxOfUnequalFlangesSumsAllForces)
 //   Wpl = 10000 335 + 12000 240 + 20 (325^2 + 225^2)/2 = 7.7925e6
 TEST(Plates, PlasticModulusIsThatOfTheExactAxis)
 {
-    ProjectState s = OfFamily(27, 3, 235);
-    s.p27 = {.isth = 600,
-             .istb1 = 500,
-             .istb2 = 400,
-             .isttw = 10,
-             .isttf1 = 20,
-             .isttf2 = 30,
-             .istc = 50};
+    Member s = Unloaded(3, 235).Section(FormP27{.isth = 600,
+                                                .istb1 = 500,
+                                                .istb2 = 400,
+                                                .isttw = 10,
+                                                .isttf1 = 20,
+                                                .isttf2 = 30,
+                                                .istc = 50});
     const auto q = SectionFor(s);
     EXPECT_NEAR(q.wply, 7.7925e6, 1e-3);
     // webs at 195 mm: 20 500^2/4 + 30 400^2/4 + 2 5500 195
@@ -169,14 +163,13 @@ TEST(Plates, PlasticModulusIsThatOfTheExactAxis)
 //   W = 10000 (600 - 10 - 27.5) + 400 (27.5^2 + 2.5^2)/2
 TEST(Plates, WebsWithoutStrengthLeaveTheFlanges)
 {
-    ProjectState s = OfFamily(27, 3, 235);
-    s.p27 = {.isth = 600,
-             .istb1 = 500,
-             .istb2 = 400,
-             .isttw = 10,
-             .isttf1 = 20,
-             .isttf2 = 30,
-             .istc = 50};
+    Member s = Unloaded(3, 235).Section(FormP27{.isth = 600,
+                                                .istb1 = 500,
+                                                .istb2 = 400,
+                                                .isttw = 10,
+                                                .isttf1 = 20,
+                                                .isttf2 = 30,
+                                                .istc = 50});
     const auto left = standard::PlasticBeside(SectionFor(s), 1, 0);
     EXPECT_NEAR(left.a, 22000, 1e-6);
     EXPECT_NEAR(left.wy, 10000 * 562.5 + 200 * (27.5 * 27.5 + 2.5 * 2.5), 1e-3);
@@ -185,8 +178,8 @@ TEST(Plates, WebsWithoutStrengthLeaveTheFlanges)
 // Unequal I: shear centre hs I2/(I1 + I2) below the upper flange, Iw = hs^2 I1 I2/(I1 + I2).
 TEST(Plates, TorsionOfAGirderOnAPlate)
 {
-    ProjectState s = OfFamily(56, 3, 235);
-    s.p56 = {.isth = 580, .istb1 = 300, .istb2 = 200, .isttw = 12, .isttf1 = 20, .isttf2 = 16};
+    Member s = Unloaded(3, 235).Section(
+        FormP56{.isth = 580, .istb1 = 300, .istb2 = 200, .isttw = 12, .isttf1 = 20, .isttf2 = 16});
     const auto q = SectionFor(s);
     const double hs = 582;
     const double upper = 20.0 * 300 * 300 * 300 / 12;
@@ -199,7 +192,7 @@ TEST(Plates, TorsionOfAGirderOnAPlate)
 // Without its plate an angle is left: shear centre where web and flange meet, no warping.
 TEST(Plates, TorsionOfAnAngleOnAVanishingPlate)
 {
-    ProjectState s = OfFamily(53, 3, 235);
+    Member s = Unloaded(3, 235).Family(53);
     s.btop = 12;
     s.ttop = 0.01F;
     s.bbot = 100;
@@ -220,12 +213,12 @@ TEST(Plates, TorsionOfAnAngleOnAVanishingPlate)
 // plate, where the rule of the program stands as well, with the resistance of the section.
 TEST(Plates, StiffenersTripAsInTheProgram)
 {
-    ProjectState s = OfFamily(51, 5, 355);
+    Member s = Unloaded(5, 355).Family(51);
     s.ltb = 1;
-    EndForces(s, 0, 10, 0);
+    s.EndForces(0, 10, 0);
     const auto sagging = Rated(s);
     EXPECT_NEAR(Ratio(sagging, CheckId::ltb), Ratio(sagging, CheckId::section_my) / 0.30862, 1e-5);
-    EndForces(s, 0, -10, 0);
+    s.EndForces(0, -10, 0);
     const auto result = Rated(s);
     EXPECT_NEAR(Ratio(result, CheckId::ltb), Ratio(result, CheckId::section_my) / 0.30862, 1e-5);
     bool named = false;
@@ -241,9 +234,9 @@ TEST(Plates, StiffenersTripAsInTheProgram)
 //   (D173)
 TEST(General, ClassOfAllForcesAndShareOfTheWeb)
 {
-    ProjectState s = OfFamily(41, 3, 235);
+    Member s = Unloaded(3, 235).Family(41);
     s.p41.istaz = 12000;
-    EndForces(s, -1759.68F, 500, 0);
+    s.EndForces(-1759.68F, 500, 0);
     EXPECT_NEAR(Ratio(s, CheckId::section_nm), 500 / (0.8 * 1038.935), 1e-5);
     s.ne = 1759.68F;
     EXPECT_NEAR(Ratio(s, CheckId::section_nm), 0.4 + 500 / 928.485, 1e-5);
@@ -253,8 +246,7 @@ TEST(General, ClassOfAllForcesAndShareOfTheWeb)
 // known.
 TEST(General, ShearReducesTheMoment)
 {
-    ProjectState s = OfFamily(41, 3, 235);
-    EndForces(s, 0, 500, 0);
+    Member s = Unloaded(3, 235).Family(41).EndForces(0, 500, 0);
     s.vz1 = s.vz2 = static_cast<float>(0.75 * 1.2 * 6720 * 235 / std::sqrt(3.0) / 1000);
     const auto result = Rated(s);
     EXPECT_NEAR(Ratio(result, CheckId::section_vz), 0.75, 1e-6);

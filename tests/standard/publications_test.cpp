@@ -15,7 +15,7 @@ constexpr double kPrinted = 0.005;  // of three printed digits
 // chi y 0.808: Nb,y 2830; chi z 0.6705 by Eq (6.49), Nb,z 2348.
 TEST(Publications, ColumnHeb300)
 {
-    ProjectState s = Named("HEB 300", 8, 235);
+    Member s = Unloaded(8, 235).Section("HEB 300");
     s.lz = 0.7F;
     s.nload[1] = 2000;
     EXPECT_NEAR(Ratio(s, CheckId::flexural_y), 2000 / 2830.0, kPrinted * 0.7);
@@ -25,7 +25,7 @@ TEST(Publications, ColumnHeb300)
 // SCI P364, example 9: UKC 356x368x129, fy 345, L 6.0, NEd 3500: Nc,Rd 5658, Nb,z 3678.
 TEST(Publications, ColumnUkc356x368x129)
 {
-    ProjectState s = Named("UC 356x368x129", 6, 345);
+    Member s = Unloaded(6, 345).Section("UC 356x368x129");
     s.nload[1] = 3500;
     EXPECT_NEAR(Ratio(s, CheckId::section_n), 3500 / 5658.0, kPrinted * 0.62);
     EXPECT_NEAR(Ratio(s, CheckId::flexural_z), 3500 / 3678.0, kPrinted * 0.95);
@@ -35,9 +35,7 @@ TEST(Publications, ColumnUkc356x368x129)
 // 2110: Nc,Rd 2616, Nb,Rd 2297.
 TEST(Publications, ColumnChs244x10)
 {
-    ProjectState s = Unloaded(4, 355);
-    s.family = 31;
-    s.p31 = {244.5F, 10};
+    Member s = Unloaded(4, 355).Section(FormP31{244.5F, 10});
     s.tubehot = 1;
     s.nload[1] = 2110;
     EXPECT_NEAR(Ratio(s, CheckId::section_n), 2110 / 2616.0, kPrinted * 0.8);
@@ -47,7 +45,7 @@ TEST(Publications, ColumnChs244x10)
 // The same, example 6.10: UKC 305x305x240, fy 265, Lcr,y 2.94, Lcr,z 4.20: Nb,y 8024, Nb,z 6450.
 TEST(Publications, ColumnUkc305x305x240)
 {
-    ProjectState s = Named("UC 305x305x240", 4.2F, 265);
+    Member s = Unloaded(4.2F, 265).Section("UC 305x305x240");
     s.ly = 0.7F;
     s.nload[1] = 1000;
     EXPECT_NEAR(Ratio(s, CheckId::flexural_y), 1000 / 8024.0, kPrinted * 0.125);
@@ -57,7 +55,7 @@ TEST(Publications, ColumnUkc305x305x240)
 // JRC workshop, Brussels 2014, example 1: HEB 340, S355, Lcr 4.335, NEd 3326: Nb,z 4186.2.
 TEST(Publications, ColumnHeb340)
 {
-    ProjectState s = Named("HEB 340", 4.335F, 355);
+    Member s = Unloaded(4.335F, 355).Section("HEB 340");
     s.nload[1] = 3326;
     EXPECT_NEAR(Ratio(s, CheckId::flexural_z), 3326 / 4186.2, kPrinted * 0.8);
 }
@@ -66,8 +64,7 @@ TEST(Publications, ColumnHeb340)
 // sum of Eq (6.41) 0.157 with MN,Rd = 0.69 Mc,Rd.
 TEST(Publications, BiaxialBendingOfShs150x6)
 {
-    ProjectState s = Named("SHS 150x6.3", 3, 355);
-    EndForces(s, 600, 20, 5);
+    Member s = Unloaded(3, 355).Section("SHS 150x6.3").EndForces(600, 20, 5);
     EXPECT_NEAR(Ratio(s, CheckId::section_nm), 0.157, 0.001);
 }
 
@@ -76,7 +73,7 @@ TEST(Publications, BiaxialBendingOfShs150x6)
 // C1 1.127 and C2 0.454, the exact solution 1.13 and 0.457.
 TEST(Publications, BeamIpe330)
 {
-    ProjectState s = Named("IPE 330", 5.7F, 235);
+    Member s = Unloaded(5.7F, 235).Section("IPE 330");
     s.qload[1] = 22.28F;
     s.ltb = 1;
     s.ltbcurve = 3;
@@ -89,7 +86,7 @@ TEST(Publications, BeamIpe330)
 // 11600; with A 11552 of EN 10365 Av is 5987 and Vpl,Rd 1237 5987/6035 = 1227.2.
 TEST(Publications, ShearOfIpe500)
 {
-    ProjectState s = Named("IPE 500", 4, 355);
+    Member s = Unloaded(4, 355).Section("IPE 500");
     s.qload[1] = 100;  // V 200
     EXPECT_NEAR(Ratio(s, CheckId::section_vz), 200 / 1227.2, kPrinted * 0.16);
 }
@@ -100,7 +97,7 @@ TEST(Publications, ShearOfIpe500)
 // My is 1.166 198.8/516 (1/0.826 - 1/0.867) = 0.0257 less: 0.934.
 TEST(Publications, BeamColumnIpe500)
 {
-    ProjectState s = Named("IPE 500", 3.75F, 235);
+    Member s = Unloaded(3.75F, 235).Section("IPE 500");
     s.nload[1] = 500;
     s.qload[1] = 170;
     s.pmkind[1] = s.pmkind[2] = s.pmkind[3] = 1;

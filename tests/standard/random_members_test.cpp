@@ -24,7 +24,7 @@ TEST(RandomMembers, EveryMemberHasARatioOrAReason)
     for (int seed = 0; seed < kMembers; ++seed) {
         SCOPED_TRACE(seed);
         const ProjectState s = RandomProject(FirstSeed() + static_cast<std::uint64_t>(seed));
-        const standard::StandardResult result = standard::CalculateStandard(DeliveredTables(), s);
+        const standard::StandardResult result = standard::CalculateStandard(Delivered(), s);
         EXPECT_TRUE(result.rated || !result.outside.empty());
         double largest = 0;
         for (std::size_t i = 0; i < kCheckIds; ++i) {
@@ -57,10 +57,10 @@ TEST(RandomMembers, TheProjectThatAPassWasGivenHasTheSameResultBehindIt)
         SCOPED_TRACE(seed);
         const ProjectState read = RandomProject(FirstSeed() + static_cast<std::uint64_t>(seed));
         ProjectState s = read;
-        Calculate(DeliveredTables(), s);
+        Calculate(Delivered(), s);
         dropped += s.dropped.count > 0 ? 1 : 0;
-        const auto before = standard::CalculateStandard(DeliveredTables(), read);
-        const auto behind = standard::CalculateStandard(DeliveredTables(), AsGiven(s));
+        const auto before = standard::CalculateStandard(Delivered(), read);
+        const auto behind = standard::CalculateStandard(Delivered(), AsGiven(s));
         EXPECT_EQ(before.rated, behind.rated);
         EXPECT_EQ(before.ir, behind.ir);
         EXPECT_EQ(before.governing, behind.governing);
@@ -77,8 +77,8 @@ TEST(RandomMembers, NoCombinationByItselfIsAboveTheResult)
     for (int seed = 0; seed < kMembers; ++seed) {
         SCOPED_TRACE(seed);
         const ProjectState s = RandomProject(FirstSeed() + static_cast<std::uint64_t>(seed));
-        const auto result = standard::CalculateStandard(DeliveredTables(), s);
-        const auto cases = standard::CalculateCases(DeliveredTables(), s);
+        const auto result = standard::CalculateStandard(Delivered(), s);
+        const auto cases = standard::CalculateCases(Delivered(), s);
         several += cases.size() > 2 ? 1 : 0;
         double largest = 0;
         for (const standard::CaseResult& at : cases) {
@@ -98,8 +98,8 @@ TEST(Utilisation, NeverExceedsTheSectionControl)
     for (int seed = 0; seed < kMembers; ++seed) {
         SCOPED_TRACE(seed);
         ProjectState s = RandomProject(FirstSeed() + static_cast<std::uint64_t>(seed));
-        const auto result = standard::CalculateStandard(DeliveredTables(), s);
-        const auto along = standard::SectionUtilisation(DeliveredTables(), s);
+        const auto result = standard::CalculateStandard(Delivered(), s);
+        const auto along = standard::SectionUtilisation(Delivered(), s);
         EXPECT_EQ(along.has_value(), result.rated || result.outside.back() == "no load acts" ||
                                          result.outside.back().starts_with("lateral"));
         double largest = 0;
@@ -120,13 +120,13 @@ TEST(Utilisation, NeverExceedsTheSectionControl)
 // middle; the shear of a short beam takes over at the supports.
 TEST(Utilisation, OfAUniformLoadFollowsTheMoment)
 {
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     s.nload = {};
     s.qload[1] = 10;
     s.ltb = 0;
-    ASSERT_TRUE(Calculate(DeliveredTables(), s));
-    const auto along = SectionUtilisation(DeliveredTables(), s);
-    const auto written = standard::SectionUtilisation(DeliveredTables(), s);
+    ASSERT_TRUE(Calculate(Delivered(), s));
+    const auto along = SectionUtilisation(Delivered(), s);
+    const auto written = standard::SectionUtilisation(Delivered(), s);
     ASSERT_TRUE(along && written);
     EXPECT_NEAR((*along)[25], s.irsection, 1e-6);
     for (const std::size_t j : {10U, 15U, 20U, 30U}) {

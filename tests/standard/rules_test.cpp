@@ -16,7 +16,7 @@ using standard::CheckId;
 // -10 kN/m, not 1.35 G with 1.5 Q, -8.25 kN/m.
 TEST(Rules, FavourablePermanentLoadsKeepTheirLowerFactor)
 {
-    ProjectState s = Named("HEB 300", 8, 235);
+    Member s = Unloaded(8, 235).Section("HEB 300");
     s.qload[1] = 5;
     s.qload[2] = -10;
     s.qtype[2] = 1;
@@ -32,11 +32,9 @@ TEST(Rules, FavourablePermanentLoadsKeepTheirLowerFactor)
 // 6.2.9.1 (3): bar 200x20, fy 235: Npl 940 kN, Mpl 47 kNm; n 0.5 leaves 47 (1 - 0.25) = 35.25.
 TEST(Rules, FlatBarKeepsAMomentBesideAnAxialForce)
 {
-    ProjectState s = Unloaded(1, 235);
-    s.family = 28;
-    s.p28 = {200, 20};
+    Member s = Unloaded(1, 235).Section(FormP28{200, 20});
     for (const float n : {470.0F, -470.0F}) {
-        EndForces(s, n, 20, 0);
+        s.EndForces(n, 20, 0);
         EXPECT_NEAR(Ratio(s, CheckId::section_nm), 20 / 35.25, 1e-6);
     }
 }
@@ -44,8 +42,7 @@ TEST(Rules, FlatBarKeepsAMomentBesideAnAxialForce)
 // 6.2.1 (7): a channel has no formula of its own for N and My.
 TEST(Rules, ChannelsSumTheRatios)
 {
-    ProjectState s = Named("UPE 200", 3, 235);
-    EndForces(s, -200, 20, 0);
+    Member s = Unloaded(3, 235).Section("UPE 200").EndForces(-200, 20, 0);
     const auto result = Rated(s);
     EXPECT_NEAR(Ratio(result, CheckId::section_nm),
                 Ratio(result, CheckId::section_n) + Ratio(result, CheckId::section_my), 1e-12);
@@ -57,9 +54,7 @@ TEST(Rules, ChannelsSumTheRatios)
 //   = 3455.7 A = 12100, Aeff = 5264.5 mm2; NRd 1237.2 kN
 TEST(Rules, BoxOfClassFourLosesThePartsThatBuckle)
 {
-    ProjectState s = Unloaded(3, 235);
-    s.family = 23;
-    s.p23 = {610, 610, 5, 5, 0};
+    Member s = Unloaded(3, 235).Section(FormP23{610, 610, 5, 5, 0});
     s.nload[1] = 500;
     EXPECT_NEAR(Ratio(s, CheckId::section_n), 500 / 1237.2, 1e-4);
 }
@@ -67,9 +62,7 @@ TEST(Rules, BoxOfClassFourLosesThePartsThatBuckle)
 // 6.3.2.2 (2): z_j = z_s - integral of (y^2 + z^2) z dA/(2 Iy), here summed in strips of 0.01 mm.
 TEST(Rules, AsymmetryOfAnUnequalI)
 {
-    ProjectState s = Unloaded(6, 355);
-    s.family = 22;
-    s.p22 = {500, 300, 150, 10, 20, 15};
+    Member s = Unloaded(6, 355).Section(FormP22{500, 300, 150, 10, 20, 15});
     CalcSection(Delivered(), s);
     const standard::StandardSection q = standard::SectionOf(Delivered(), s, Basis::Standard());
     double integral = 0;
@@ -87,9 +80,7 @@ TEST(Rules, AsymmetryOfAnUnequalI)
 // Table 3.1 ends at 80 mm.
 TEST(Rules, BeyondTheTableOfStrengthsThereIsNoRatio)
 {
-    ProjectState s = Unloaded(6, 355);
-    s.family = 21;
-    s.p21 = {900, 400, 30, 100};
+    Member s = Unloaded(6, 355).Section(FormP21{900, 400, 30, 100});
     s.qload[1] = 10;
     EXPECT_TRUE(Rated(s).rated);  // a strength of the user's own
     s.fykindex = 1;
@@ -102,7 +93,7 @@ TEST(Rules, BeyondTheTableOfStrengthsThereIsNoRatio)
 // What the program does not check is not checked by the standard either.
 TEST(Rules, InputsThatCannotBeCalculatedHaveNoRatio)
 {
-    ProjectState s = Named("IPE 300", 6, 235);
+    Member s = Unloaded(6, 235).Section("IPE 300");
     s.qload[1] = 1;
     EXPECT_TRUE(Rated(s).rated);
     s.supportcase = 9;
@@ -117,8 +108,7 @@ TEST(Rules, InputsThatCannotBeCalculatedHaveNoRatio)
 // Table 5.2, sheet 3: 90 eps^2 is the end of class 3.
 TEST(Rules, TubesOfClassFourHaveNoRatio)
 {
-    ProjectState s = Unloaded(6, 235);
-    s.family = 31;
+    Member s = Unloaded(6, 235).Family(31);
     s.qload[1] = 1;
     s.p31 = {450, 5};  // 90
     EXPECT_TRUE(Rated(s).rated);
@@ -129,7 +119,7 @@ TEST(Rules, TubesOfClassFourHaveNoRatio)
 // A load off the member is refused, not calculated.
 TEST(Rules, LoadsOffTheMemberAreRefused)
 {
-    ProjectState s = Named("IPE 300", 6, 235);
+    Member s = Unloaded(6, 235).Section("IPE 300");
     s.pm[1] = 10;
     s.pmdir[1] = 1;
     s.pmx[1] = 6.5F;
@@ -146,12 +136,10 @@ TEST(Rules, LoadsOffTheMemberAreRefused)
 //   eta3 = 0.85648: 260/337.26 + (1 - 234.58/337.26) 0.71297^2 = 0.92568
 TEST(Rules, SlenderWebsCombineMomentAndShear)
 {
-    ProjectState s = Unloaded(5, 235);
-    s.family = 21;
-    s.p21 = {500, 300, 6, 8};
+    Member s = Unloaded(5, 235).Section(FormP21{500, 300, 6, 8});
     s.endstiff = 0;
     s.webstiff = 0;
-    EndForces(s, 0, 260, 0);
+    s.EndForces(0, 260, 0);
     s.vz1 = s.vz2 = 300;
     EXPECT_NEAR(Ratio(s, CheckId::section_mv), 0.92568, 2e-5);
     s.my1 = s.my2 = 230;  // the flanges alone carry it
@@ -162,7 +150,7 @@ TEST(Rules, SlenderWebsCombineMomentAndShear)
 // = 195.5 kN.
 TEST(Rules, AxialForceAboveTheCriticalForceFails)
 {
-    ProjectState s = Named("IPE 300", 8, 235);
+    Member s = Unloaded(8, 235).Section("IPE 300");
     s.nload[1] = 250;
     s.qload[1] = 1;
     const auto result = Rated(s);

@@ -36,10 +36,9 @@ double LateralRatio(double m, double length, double wply, double fy, double iz, 
     return m / (Chi(std::sqrt(wply * fy / mcr), 0.76) * wply * fy);
 }
 
-ProjectState Channel(std::string_view name, float length, float moment)
+Member Channel(std::string_view name, float length, float moment)
 {
-    ProjectState s = Named(name, length, 235);
-    EndForces(s, 0, moment, 0);
+    Member s = Unloaded(length, 235).Section(name).EndForces(0, moment, 0);
     s.ltb = 1;
     return s;
 }
@@ -48,7 +47,7 @@ ProjectState Channel(std::string_view name, float length, float moment)
 // Orange Book and the ArcelorMittal programme.
 TEST(SectionFigures, D58TorsionConstantOfUpe300)
 {
-    const ProjectState s = Channel("UPE 300", 6, 40);
+    const Member s = Channel("UPE 300", 6, 40);
     const auto ratio = [](double it) {
         return LateralRatio(40e6, 6000, 613e3, 235, 538e4, it, 75.5e9);
     };
@@ -62,7 +61,7 @@ TEST(SectionFigures, D58TorsionConstantOfUpe300)
 // Ncr,T = (G It + pi^2 E Iw/L^2) A/(Iy + Iz).
 TEST(SectionFigures, D59TorsionConstantOfBritishSections)
 {
-    ProjectState s = Named("UBP 305x305x79", 12, 235);
+    Member s = Unloaded(12, 235).Section("UBP 305x305x79");
     s.nload[1] = 400;
     s.ly = s.lz = 0.3F;
     const auto ratio = [](double it) {
@@ -80,7 +79,7 @@ TEST(SectionFigures, D59TorsionConstantOfBritishSections)
 // and 66.7 by finite elements.
 TEST(SectionFigures, D60TorsionAndWarpingOfTaperedChannels)
 {
-    const ProjectState s = Channel("CH 305x102x46", 6, 40);
+    const Member s = Channel("CH 305x102x46", 6, 40);
     const auto ratio = [](double it, double iw) {
         return LateralRatio(40e6, 6000, 627.4e3, 235, 472e4, it, iw);
     };
@@ -92,8 +91,7 @@ TEST(SectionFigures, D60TorsionAndWarpingOfTaperedChannels)
 // CH 305x102x46: 59.3 cm2 of the outline, 58.1 in the table; 1000/(A fy).
 TEST(SectionFigures, D61AreaOfThreeTaperedChannels)
 {
-    ProjectState s = Named("CH 305x102x46", 1, 235);
-    EndForces(s, 1000, 0, 0);
+    Member s = Unloaded(1, 235).Section("CH 305x102x46").EndForces(1000, 0, 0);
     EXPECT_NEAR(Ratio(s, CheckId::section_n), 1000 / (59.3 * 23.5), 1e-6);
     EXPECT_NEAR(WithTheTable(s, Dev::d61, CheckId::section_n), 1000 / (58.1 * 23.5), 1e-6);
 }
@@ -101,8 +99,7 @@ TEST(SectionFigures, D61AreaOfThreeTaperedChannels)
 // J 203x152x52: A 66.6 and 65.93 cm2, Wpl,y 541 and 534, Wpl,z 176 and 179 cm3.
 TEST(SectionFigures, D62JoistThatContradictsItsMass)
 {
-    ProjectState s = Named("J 203x152x52", 1, 235);
-    EndForces(s, 500, 20, 10);
+    Member s = Unloaded(1, 235).Section("J 203x152x52").EndForces(500, 20, 10);
     EXPECT_NEAR(Ratio(s, CheckId::section_n), 500 / (66.6 * 23.5), 1e-6);
     EXPECT_NEAR(WithTheTable(s, Dev::d62, CheckId::section_n), 500 / (65.93 * 23.5), 1e-6);
     EXPECT_NEAR(Ratio(s, CheckId::section_my), 20 / (541 * 0.235), 1e-6);

@@ -33,9 +33,9 @@ std::vector<Station> Uniform(double l, double n, double q, int pieces)
     return stations;
 }
 
-ProjectState Beam(std::string_view name, float length, i16 method)
+Member Beam(std::string_view name, float length, i16 method)
 {
-    ProjectState s = Named(name, length, 235);
+    Member s = Unloaded(length, 235).Section(name);
     s.ltb = 1;
     s.ltbcurve = 3;
     s.method = method;
@@ -51,10 +51,10 @@ TEST(StationCases, StraightLinesGiveTheResultOfEndForces)
     std::uniform_real_distribution<float> end(-60, 60), axial(-200, 300);
     for (int turn = 0; turn < 60; ++turn) {
         SCOPED_TRACE(turn);
-        ProjectState s = Beam(turn % 3 == 0   ? "IPE 300"
-                              : turn % 3 == 1 ? "HEB 200"
-                                              : "UPE 200",
-                              5, turn % 2 == 0 ? 1 : 2);
+        Member s = Beam(turn % 3 == 0   ? "IPE 300"
+                        : turn % 3 == 1 ? "HEB 200"
+                                        : "UPE 200",
+                        5, turn % 2 == 0 ? 1 : 2);
         s.restraints = turn % 4 == 3 ? 2 : 0;
         s.loadlevel = static_cast<i16>(1 + turn % 3);
         s.loadmode = 0;
@@ -88,7 +88,7 @@ TEST(StationCases, AForceGivesTheResultOfTheLoadAtEveryLevel)
     for (const i16 level : {i16{1}, i16{2}, i16{3}}) {
         for (const float a : {1.5F, 2.4F, 4.1F}) {
             SCOPED_TRACE(std::to_string(level) + " at " + std::to_string(a));
-            ProjectState s = Beam("IPE 300", 6, 2);
+            Member s = Beam("IPE 300", 6, 2);
             s.loadlevel = level;
             s.pm[1] = 30;
             s.pmx[1] = a;
@@ -112,7 +112,7 @@ TEST(StationCases, UniformLoadsComeWithinTheChordErrorAtEveryLevel)
     for (const i16 level : {i16{1}, i16{2}, i16{3}}) {
         for (const i16 method : {i16{1}, i16{2}}) {
             SCOPED_TRACE(level);
-            ProjectState s = Beam("IPE 330", 7, method);
+            Member s = Beam("IPE 330", 7, method);
             s.loadlevel = level;
             s.qload[1] = 9;
             s.nload[1] = 80;
@@ -129,7 +129,7 @@ TEST(StationCases, UniformLoadsComeWithinTheChordErrorAtEveryLevel)
 // A load on the top flange lowers the critical moment: it is found in the lines.
 TEST(StationCases, TheLevelOfTheLoadsActs)
 {
-    ProjectState s = Beam("IPE 300", 8, 2);
+    Member s = Beam("IPE 300", 8, 2);
     const auto ratio = [&](i16 level) {
         s.loadlevel = level;
         return RatedAt(s, Uniform(8, 0, 8, 10)).ir;
@@ -141,7 +141,7 @@ TEST(StationCases, TheLevelOfTheLoadsActs)
 // Four digits of a table bend a straight line: they must not make a loaded one of it.
 TEST(StationCases, RoundedStraightLinesAreStraight)
 {
-    ProjectState s = Beam("HEB 200", 4, 2);
+    Member s = Beam("HEB 200", 4, 2);
     s.ly = s.lz = 1;
     std::vector<Station> rounded, exact;
     for (int i = 0; i <= 10; ++i) {
@@ -155,7 +155,7 @@ TEST(StationCases, RoundedStraightLinesAreStraight)
 // 6.2.4 at the place; 6.3 under the largest compression.
 TEST(StationCases, VaryingAxialForce)
 {
-    ProjectState s = Beam("HEB 200", 4, 2);
+    Member s = Beam("HEB 200", 4, 2);
     const StationResult varied = RatedAt(s, {{.x = 0, .n = 800}, {.x = 4, .n = -900}});
     const StationResult even = RatedAt(s, {{.x = 0, .n = 800}, {.x = 4, .n = 800}});
     EXPECT_DOUBLE_EQ(varied.ir, even.ir);  // flexural buckling about z
@@ -169,7 +169,7 @@ TEST(StationCases, VaryingAxialForce)
 // A thousand stations of a parabola are no more than a few chords.
 TEST(StationCases, ManyStationsAreThinnedWhereTheyBendLittle)
 {
-    ProjectState s = Beam("IPE 300", 6, 2);
+    Member s = Beam("IPE 300", 6, 2);
     s.qload[1] = 5;
     const auto whole = Rated(s);
     const StationResult many = RatedAt(s, Uniform(6, 0, 5, 1000));
@@ -202,7 +202,7 @@ TEST(StationCases, NoForceGivesNoRatio)
 
 TEST(StationCases, AFloorLeavesLargerRatiosAsTheyAre)
 {
-    ProjectState s = Beam("IPE 300", 6, 1);
+    Member s = Beam("IPE 300", 6, 1);
     StationCases cases(Delivered(), s);
     const auto stations = Uniform(6, 150, 9, 10);
     const double ir = cases.Case(stations).ir;

@@ -18,9 +18,9 @@ constexpr double kPi = std::numbers::pi;
 constexpr double kWeight = 53.83e-4 * 7850;  // HEA 200, kg/m
 constexpr double kStiffness = 210e9 * 3692e-8;
 
-ProjectState Beam(i16 supports)
+Member Beam(i16 supports)
 {
-    ProjectState s = Named("HEA 200", 6, 235);
+    Member s = Unloaded(6, 235).Section("HEA 200");
     s.supportcase = supports;
     s.modal = 1;
     return s;
@@ -43,7 +43,7 @@ double Even(double root, double mass)
 // of the cantilever.
 TEST(Vibration, EvenMassHasTheFrequenciesOfBeamTheory)
 {
-    ProjectState s = Beam(0);
+    Member s = Beam(0);
     EXPECT_NEAR(First(s, 0), Even(kPi, kWeight), 1e-4 * First(s, 0));
     EXPECT_NEAR(First(s, 1), 4 * First(s, 0), 1e-9);
     EXPECT_NEAR(First(s, 2), 9 * First(s, 0), 1e-9);
@@ -56,7 +56,7 @@ TEST(Vibration, EvenMassHasTheFrequenciesOfBeamTheory)
 // D251, D252: G 2 and Q1 -3 kN/m with psi 0.7 sideways move (2 + 2.1)/9.81 t/m.
 TEST(Vibration, EveryRowMovesWhateverItsDirection)
 {
-    ProjectState s = Beam(0);
+    Member s = Beam(0);
     s.qload[1] = 2;
     s.qload[2] = -3;
     s.qtype[2] = 1;
@@ -74,7 +74,7 @@ TEST(Vibration, EveryRowMovesWhateverItsDirection)
 // 2 M; at the tip of a cantilever with four times it.
 TEST(Vibration, PointLoadsArePointMasses)
 {
-    ProjectState s = Beam(0);
+    Member s = Beam(0);
     s.pm[1] = -10;
     s.pmx[1] = 3;
     s.pmdir[1] = 1;
@@ -96,9 +96,9 @@ TEST(Vibration, PartsOfALoadMoveAsTheWhole)
     for (const int held : {0, 1, 2, 4}) {
         const auto supports = static_cast<i16>(held);
         SCOPED_TRACE(supports);
-        ProjectState whole = Beam(supports);
+        Member whole = Beam(supports);
         whole.qload[1] = 5;
-        ProjectState parts = Beam(supports);
+        Member parts = Beam(supports);
         parts.qt1[1] = parts.qt2[1] = parts.qt1[2] = parts.qt2[2] = 5;
         parts.qtdir[1] = parts.qtdir[2] = 1;
         parts.qtx2[1] = parts.qtx1[2] = 2.5F;
@@ -109,11 +109,9 @@ TEST(Vibration, PartsOfALoadMoveAsTheWhole)
     }
 }
 
-ProjectState Tube()
+Member Tube()
 {
-    ProjectState s = Unloaded(6, 235);
-    s.family = 31;
-    s.p31 = {200, 8};
+    Member s = Unloaded(6, 235).Section(FormP31{200, 8});
     s.supportcase = 0;
     s.vortexcase = 2;
     s.terrain = 3;
@@ -134,7 +132,7 @@ void Control(ProjectState& s)
 // kg/m, pi/(2 36) sqrt(4.67762e6/1057.25) = 2.9023 Hz; vcrit = 0.2 2.9023/0.18 = 3.22478 m/s.
 TEST(Vortex, ByTheMemberThatStandsThere)
 {
-    ProjectState s = Tube();
+    Member s = Tube();
     s.qload[1] = 10;
     Control(s);
     const auto v = VortexSheddingOf(s);
@@ -149,7 +147,7 @@ TEST(Vortex, ByTheMemberThatStandsThere)
 // against pi.
 TEST(Vortex, WithoutADepartureBothAgree)
 {
-    ProjectState s = Tube();
+    Member s = Tube();
     s.terrain = 2;
     s.vortexcase = 0;
     Control(s);
@@ -157,7 +155,7 @@ TEST(Vortex, WithoutADepartureBothAgree)
     ASSERT_TRUE(v);
     EXPECT_NEAR(v->vm, s.vm, 1e-5);
     EXPECT_NEAR(v->freq, s.freq[1] * std::pow(kPi / 3.14, 2), 1e-5);
-    ProjectState beam = Named("HEA 200", 6, 235);
+    Member beam = Unloaded(6, 235).Section("HEA 200");
     EXPECT_FALSE(VortexSheddingOf(beam));
 }
 

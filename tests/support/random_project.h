@@ -9,7 +9,7 @@
 #include "core/field_table.h"
 #include "core/project_state.h"
 #include "report/state_json.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <cmath>
 #include <cstdint>
@@ -106,7 +106,7 @@ inline std::string Chosen(Dice& dice, const Choice& choice)
 {
     for (;;) {
         const int value = dice.Whole(choice.lowest, std::min<int>(choice.highest, 120));
-        if (Offers(DeliveredTables(), choice, value)) {
+        if (Offers(Delivered(), choice, value)) {
             return choice.truth ? (value != 0 ? "true" : "false") : std::to_string(value);
         }
     }
@@ -124,7 +124,7 @@ inline std::string NameOf(const Field& field, int index)
 inline ProjectState RandomProject(std::uint64_t seed)
 {
     Dice dice(seed);
-    ProjectState s = MemberOf("");
+    ProjectState s = Member();
     for (const Field& field : AllFields()) {
         if (field.role != FieldRole::input || field.kind == FieldKind::text) {
             continue;
@@ -136,12 +136,12 @@ inline ProjectState RandomProject(std::uint64_t seed)
             }
             const std::string value = choice != nullptr ? random_project::Chosen(dice, *choice)
                                                         : random_project::Typed(dice, s, field, i);
-            AssignField(DeliveredTables(), s, random_project::NameOf(field, i), value,
+            AssignField(Delivered(), s, random_project::NameOf(field, i), value,
                         Assignment::checked);
         }
     }
     const std::string annex(AnnexCodeFromIndex(dice.Whole(0, kAnnexes - 1)));
-    AssignField(DeliveredTables(), s, "annexcode", annex, Assignment::checked);
+    AssignField(Delivered(), s, "annexcode", annex, Assignment::checked);
     if (s.family == 28 && dice.Happens(0.7)) {
         s.checkconsercontrol = kTrue;  // its plastic interaction fails beside compression
     }

@@ -3,7 +3,6 @@
 // Numbers and result rows worked by hand are known to so many digits: a value must agree to half a
 // unit of the last one.
 
-#include "support/end_forces.h"
 #include "support/rows.h"
 
 #include <gtest/gtest.h>
@@ -14,6 +13,8 @@
 
 namespace kestrum {
 
+inline const double kRoot3 = std::sqrt(3.0);
+
 inline void ExpectDigits(double value, double worked, const char* what, int digits = 4)
 {
     if (worked == 0) {
@@ -22,6 +23,12 @@ inline void ExpectDigits(double value, double worked, const char* what, int digi
     }
     const double last = std::pow(10.0, std::floor(std::log10(std::abs(worked))) - (digits - 1));
     EXPECT_NEAR(value, worked, 0.50001 * last) << what;
+}
+
+// Equal in the digits of an expectation worked to five digits.
+inline void ExpectWorked(double value, double expected, const char* what, double relative = 1e-4)
+{
+    EXPECT_NEAR(value, expected, relative * std::abs(expected)) << what;
 }
 
 struct WorkedRow {

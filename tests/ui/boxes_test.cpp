@@ -55,7 +55,7 @@ public:
     void OpenEverything()
     {
         ProjectState& s = session.edit();
-        s.fykindex = static_cast<i16>(Tables().materials.size() - 1);
+        s.fykindex = static_cast<i16>(Delivered().materials.size() - 1);
         s.annexindex = kAnnexUd;
         s.annexcode = "UD";
         s.loadcomb = 4;

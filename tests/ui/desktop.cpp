@@ -1,6 +1,6 @@
 #include "ui/desktop.h"
 
-#include "sections/load_library.h"
+#include "support/delivered.h"
 #include "ui/theme.h"
 
 #include <QAction>
@@ -36,19 +36,13 @@ void BringToFront(QWidget& window)
 
 Desktop::Desktop(bool decimalcomma, std::string commandline)
     : store(folder.filePath(QStringLiteral("settings.ini"))),
-      session(Tables(), script, decimalcomma), desk{session, store, "/nowhere/"},
+      session(Delivered(), script, decimalcomma), desk{session, store, "/nowhere/"},
       window(std::make_unique<MainWindow>(desk))
 {
     store.settings().setValue(QStringLiteral("Forms/Docked"), false);  // docking_test has them so
     window->Start(commandline);
     window->show();
     BringToFront(*window);
-}
-
-const Library& Desktop::Tables()
-{
-    static const Library library = LoadLibrary(std::string(KESTRUM_SHARE));
-    return library;
 }
 
 void Desktop::Settle()

@@ -3,6 +3,7 @@
 // The desktop of the tests: the real windows over surroundings that answer as they are told.
 
 #include "core/project_state.h"
+#include "support/delivered.h"
 #include "ui/main_window.h"
 
 #include <QAbstractButton>
@@ -62,8 +63,6 @@ public:
 class Desktop : public testing::Test {
 public:
     explicit Desktop(bool decimalcomma = false, std::string commandline = {});
-
-    static const Library& Tables();
 
     template <class T> T& Find(const QString& name, QWidget* in = nullptr)
     {

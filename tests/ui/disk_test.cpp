@@ -28,7 +28,7 @@ public:
     void Write(float length)
     {
         Script other;
-        Session project(Tables(), other, false);
+        Session project(Delivered(), other, false);
         project.edit().l = length;
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -88,7 +88,7 @@ TEST_F(Disk, OffersWorkThatWasNotSaved)
     const std::string state = FromQt(folder.filePath(QStringLiteral("state")));
     for (const float length : {8.0F, 9.0F, 10.0F}) {
         Script other;
-        Session before(Tables(), other, false);
+        Session before(Delivered(), other, false);
         Aside aside(state);
         before.aside = &aside;
         before.edit().l = length;

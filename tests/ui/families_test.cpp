@@ -94,7 +94,7 @@ TEST_F(FamilyForms, EveryInputOfEveryFormCanBeChanged)
                 const Table table = TableOf(state());
                 EXPECT_EQ(state().row[static_cast<std::size_t>(table)], row);
                 EXPECT_EQ(FromQt(list->currentIndex().data().toString()),
-                          RowName(Tables(), table, row));
+                          RowName(Delivered(), table, row));
             }
         }
         for (QRadioButton* const option : Reachable<QRadioButton>(&form)) {
@@ -144,7 +144,7 @@ TEST_F(FamilyForms, SectionsAreSearchedAndSorted)
     Settle();
     EXPECT_TRUE(view.hasFocus());
     EXPECT_EQ(FromQt(list.index(0, 0).data().toString()),
-              RowName(Tables(), Table::ipe, state().row[static_cast<std::size_t>(Table::ipe)]));
+              RowName(Delivered(), Table::ipe, state().row[static_cast<std::size_t>(Table::ipe)]));
     search.clear();
     EXPECT_EQ(list.rowCount(), all);
     EXPECT_EQ(view.currentIndex().data().toString(), QStringLiteral("IPE 450"));

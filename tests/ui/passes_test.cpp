@@ -54,7 +54,7 @@ TEST_F(Passes, ClosingAFormOfInputsCalculates)
 TEST_F(Passes, ClosingTheSetupCatchesUpWithTheMaterial)
 {
     ProjectState& s = session.edit();
-    s.fykindex = static_cast<i16>(Tables().materials.size() - 1);
+    s.fykindex = static_cast<i16>(Delivered().materials.size() - 1);
     s.fyk = 500;
     s.neta = 1.0F;
     session.Calculate();

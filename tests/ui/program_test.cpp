@@ -33,7 +33,7 @@ namespace {
 QString WriteSample(const QTemporaryDir& folder)
 {
     Script script;
-    Session session(Desktop::Tables(), script, false);
+    Session session(Delivered(), script, false);
     session.edit().l = 7.5F;
     session.edit().family = 4;
     session.edit().projname = "Sample";

@@ -55,7 +55,7 @@ TEST_F(RealMessages, LeaveTheFocusInARefusedBox)
 {
     QtSurroundings platform;
     platform.SetWindow(window.get());
-    Session own(Tables(), platform, false);
+    Session own(Delivered(), platform, false);
     Desk other{own, store};
     MainWindow main(other);
     main.Start({});
@@ -83,7 +83,7 @@ TEST_F(RealMessages, LeadBackToTheFormOfARefusedBox)
 {
     QtSurroundings platform;
     platform.SetWindow(window.get());
-    Session own(Tables(), platform, false);
+    Session own(Delivered(), platform, false);
     Desk other{own, store};
     MainWindow main(other);
     main.Start({});
@@ -200,7 +200,7 @@ TEST_F(RealMessages, SayThatThereIsNoSpreadsheetProgram)
     const ApplicationFolder only(data.path());
     QtSurroundings platform;
     platform.SetWindow(window.get());
-    Session own(Tables(), platform, false);
+    Session own(Delivered(), platform, false);
     Desk other{own, store};
     MainWindow main(other);
     main.Start({});

@@ -9,7 +9,7 @@
 #include "service/vortex.h"
 #include "standard/standard.h"
 #include "standard/vibration.h"
-#include "support/member.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -137,9 +137,9 @@ const std::vector<Chapter>& Manual()
 
 ProjectState Solve(const Problem& problem)
 {
-    ProjectState s = MemberOf(kUnloaded + problem.fields);
-    Calculate(DeliveredTables(), s);
-    MeasureNotes(DeliveredTables(), s);
+    ProjectState s = Member(kUnloaded + problem.fields);
+    Calculate(Delivered(), s);
+    MeasureNotes(Delivered(), s);
     if (VortexFamily(s.family)) {
         CalcVortexFrequency(s, s, s);
         CalcVortex(s, s, s);
@@ -238,8 +238,8 @@ Outcome Compare(const ByTheStandard& result, const StandardExpectation& e)
 
 ByTheStandard SolveByTheStandard(const Problem& problem)
 {
-    const ProjectState s = MemberOf(kUnloaded + problem.fields);
-    return {standard::CalculateStandard(DeliveredTables(), s),
+    const ProjectState s = Member(kUnloaded + problem.fields);
+    return {standard::CalculateStandard(Delivered(), s),
             VortexFamily(s.family) ? standard::VortexSheddingOf(Solve(problem)) : std::nullopt};
 }
 
@@ -303,7 +303,7 @@ TEST(Verification, NumbersAreUniqueAndEveryFamilyHasAProblem)
                 const std::set<std::string> kinds{"closed-form", "hand", "published", "table"};
                 EXPECT_TRUE(kinds.count(e.kind)) << problem.number << ' ' << e.kind;
             }
-            families.insert(MemberOf(problem.fields).family);
+            families.insert(Member(problem.fields).family);
         }
     }
     EXPECT_GE(numbers.size(), 150U);
