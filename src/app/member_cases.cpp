@@ -8,6 +8,7 @@
 #include "report/state_json.h"
 #include "sections/families.h"
 #include "standard/costs.h"
+#include "standard/solved_lines.h"
 #include "standard/station_cases.h"
 
 #include <algorithm>
@@ -344,8 +345,9 @@ void MemberCases::Measure(WorstCase& program)
         return;
     }
     ProjectState s = p.run.state();
+    standard::SolvedLines solved;
     const standard::Calculation by = [&](const Basis& basis) {
-        return standard::StationCases(library_, p.read, basis, &s).ResultOf(stations);
+        return standard::StationCases(library_, p.read, basis, &s, &solved).ResultOf(stations);
     };
     standard::StandardResult result = by(Basis::Standard());
     standard::CalculateCosts(by, result);

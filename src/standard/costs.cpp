@@ -1,5 +1,7 @@
 #include "standard/costs.h"
 
+#include "standard/solved_lines.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -243,8 +245,11 @@ void Trials::Run()
 void CalculateCosts(const Library& library, const ProjectState& project,
                     const ProjectState* program, StandardResult& result)
 {
+    SolvedLines solved;
     CalculateCosts(
-        [&](const Basis& basis) { return CalculateStandard(library, project, basis, program); },
+        [&](const Basis& basis) {
+            return CalculateStandard(library, project, basis, program, solved);
+        },
         result);
 }
 

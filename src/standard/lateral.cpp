@@ -164,16 +164,17 @@ double LargestBetween(const CombinedLines& lines, double x0, double x1)
 
 // Of a piece alone: loads in the shear centre, zj 0, forks; the member's own ends without
 // restraints.
-double PieceC1(const ProjectState& s, const PreparedSection& p, const CombinedLines& lines,
-               double x0, double x1)
+double PieceC1(const LateralCase& m, double x0, double x1)
 {
-    const StandardSection& q = p.q;
+    const ProjectState& s = m.s;
+    const StandardSection& q = m.p.q;
+    const CombinedLines& lines = m.lines;
     LateralSection section = SectionFor(q);
     section.zj = 0;
     const bool whole = s.restraints == 0;
     const Ends ends = whole ? EndsOf(s) : Ends{};
     const LineOf line(lines, x0, x1, ends.stretch);
-    const double alpha = p.solved.Factor(section, {ends.start, ends.end, {}}, line.Line());
+    const double alpha = m.solved.Factor(section, {ends.start, ends.end, {}}, line.Line());
     const double effective = whole && s.supportcase != SupportCase::cantilever ? s.ltbk : 1;
     return alpha * LargestBetween(lines, x0, x1) * kNmm /
            UniformMoment(section, effective * (x1 - x0) * kMm);
@@ -275,7 +276,7 @@ NumericalModel ModelOf(const LateralCase& m, bool sagging)
 double NumericalMoment(const LateralCase& m, double moment, CriticalTerms& terms)
 {
     const NumericalModel model = ModelOf(m, moment > 0);
-    const double alpha = m.p.solved.Factor(model.section, model.Supports(), model.line.Line());
+    const double alpha = m.solved.Factor(model.section, model.Supports(), model.line.Line());
     terms = {.route = CriticalRoute::numerical, .factor = alpha};
     return alpha * std::abs(moment) * kNmm;
 }
@@ -429,8 +430,7 @@ LateralResult LateralBucklingOf(const LateralCase& m)
     const HoldingPieces pieces = PiecesHolding(s, most.x);
     const bool always_c1 = s.annexindex == kAnnexUk;
     for (std::size_t i = 0; i < pieces.count; ++i) {
-        const double c1 =
-            s.cmanual != kFalse ? s.c1 : PieceC1(s, m.p, m.lines, pieces.x0[i], pieces.x1[i]);
+        const double c1 = s.cmanual != kFalse ? s.c1 : PieceC1(m, pieces.x0[i], pieces.x1[i]);
         const auto table =
             always_c1 ? std::nullopt : TabulatedKc(m.lines, Axis::y, pieces.x0[i], pieces.x1[i]);
         const double by_c1 =

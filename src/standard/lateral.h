@@ -5,6 +5,7 @@
 #include "clauses/critical_moment.h"
 #include "standard/lines.h"
 #include "standard/resistance.h"
+#include "standard/solved_lines.h"
 
 #include <optional>
 
@@ -49,6 +50,7 @@ struct LateralCase {
     const Basis& basis;
     const ProjectState* program;  // the record after the program's pass, or null
     const PreparedSection& p;
+    SolvedLines& solved;
     const MemberLoads& loads;
     const LoadFactors& factors;
     const CombinedLines& lines;

@@ -15,7 +15,7 @@ std::optional<LateralStudy> LateralStudyOf(const Library& library, const Project
         }
         const CombinedLines lines = LinesOf(m.s, m.loads, load_case.factors, m.basis);
         const int cls = ClassOf(q, ActingIn(lines), m.basis);
-        const LateralCase one{m.s,     m.basis,           nullptr, m.section,
+        const LateralCase one{m.s,     m.basis,           nullptr, m.section, m.solved,
                               m.loads, load_case.factors, lines,   cls};
         const LateralResult result = LateralBucklingOf(one);
         if (result.mcr > 0 && result.chi > 0) {

@@ -13,6 +13,7 @@
 #include "standard/result.h"
 #include "standard/section.h"
 #include "standard/section_checks.h"
+#include "standard/solved_lines.h"
 
 #include <span>
 #include <string>
@@ -25,6 +26,7 @@ struct Member {
     const ProjectState& s;
     const Basis& basis;
     const ProjectState* program;  // the record after the program's pass, or null
+    SolvedLines& solved;          // not for two threads at once
     PreparedSection section;
     MemberLoads loads;
     std::span<const float> places;  // the program's check sections, x/L
@@ -35,10 +37,10 @@ struct Member {
 std::string PrepareState(const Library& library, ProjectState& s, const Basis& basis);
 
 // Calls `use` with the member, unless there is a reason why the standard basis has no result for
-// it.
+// it. `solved`: of this and other passes of like members.
 template <class Use>
 std::string WithMember(const Library& library, const ProjectState& project, const Basis& basis,
-                       const ProjectState* program, const Use& use)
+                       const ProjectState* program, SolvedLines& solved, const Use& use)
 {
     ProjectState s = project;
     std::string reason = PrepareState(library, s, basis);
@@ -48,6 +50,7 @@ std::string WithMember(const Library& library, const ProjectState& project, cons
                    s,
                    basis,
                    program,
+                   solved,
                    Prepare(SectionOf(library, s, basis), basis),
                    LoadsOf(s, basis),
                    {s.xi.data(), static_cast<std::size_t>(s.npts) + 1}});
@@ -55,6 +58,14 @@ std::string WithMember(const Library& library, const ProjectState& project, cons
     }
     return reason;
 }
+template <class Use>
+std::string WithMember(const Library& library, const ProjectState& project, const Basis& basis,
+                       const ProjectState* program, const Use& use)
+{
+    SolvedLines solved;
+    return WithMember(library, project, basis, program, solved, use);
+}
+
 // What acts somewhere on the member.
 ActingForces ActingIn(const CombinedLines& lines);
 

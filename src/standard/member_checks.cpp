@@ -542,7 +542,7 @@ LateralResult Member::Lateral() const
     if (q_.kind == Kind::plate) {
         return TrippingOf(m_.s, p_, m_.lines, ClassY());
     }
-    return LateralBucklingOf({m_.s, b_, m_.program, p_, q_.Angle() ? kNone : m_.loads,
+    return LateralBucklingOf({m_.s, b_, m_.program, p_, m_.solved, q_.Angle() ? kNone : m_.loads,
                               m_.load_case.factors, q_.Angle() ? turned_ : m_.lines, ClassY()});
 }
 

@@ -24,6 +24,7 @@ struct MemberCase {
     const Basis& basis;
     const ProjectState* program;  // the record after the program's pass, or null
     const PreparedSection& section;
+    SolvedLines& solved;
     const MemberLoads& loads;
     const LoadCase& load_case;
     const CombinedLines& lines;

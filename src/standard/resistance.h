@@ -4,7 +4,6 @@
 
 #include "standard/angle.h"
 #include "standard/effective.h"
-#include "standard/solved_lines.h"
 
 #include <optional>
 
@@ -18,7 +17,6 @@ struct PreparedSection {
     AngleSection whole_angle, effective_angle;  // of angles, about u and v
     double stocky_area;                         // in compression up to class 3, mm2
     Flange pressed_top, pressed_bottom;         // as they count where they are compressed
-    mutable SolvedLines solved{};               // of the member; not for two threads at once
 
     const AngleSection& AngleOf(int cls) const { return cls == 4 ? effective_angle : whole_angle; }
 };

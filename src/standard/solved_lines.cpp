@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <span>
 
 namespace kestrum::standard {
@@ -116,14 +117,18 @@ double SolvedLines::Factor(const LateralSection& section, const LateralSupports&
     }
     Entry asked;
     asked.Keep(section, supports, line, largest);
-    const auto kept = First(entries_, std::min(solved_, kKept));
+    asked.last_asked = ++asked_;
+    const auto kept = std::span(entries_).first(std::min(solved_, kKept));
     const auto found =
         std::ranges::find_if(kept, [&](const Entry& entry) { return entry.Is(asked); });
     if (found != kept.end()) {
+        found->last_asked = asked_;
         return found->alpha * kUnit / largest;
     }
     asked.alpha = asked.Solve();
-    entries_[solved_ % kKept] = asked;
+    Entry& place = solved_ < kKept ? entries_[solved_]
+                                   : *std::ranges::min_element(entries_, {}, &Entry::last_asked);
+    place = asked;
     ++solved_;
     return asked.alpha * kUnit / largest;
 }

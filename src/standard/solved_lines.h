@@ -15,7 +15,7 @@ namespace kestrum::standard {
 
 class SolvedLines {
 public:
-    // As CriticalLoadFactor, solved where the solution is not among the last ones.
+    // As CriticalLoadFactor, solved where the solution is not among those asked for last.
     double Factor(const LateralSection& section, const LateralSupports& supports,
                   const MomentLine& line);
     std::size_t Solved() const { return solved_; }  // times
@@ -27,6 +27,7 @@ private:
         LateralEnd start, end;
         std::array<double, kMaxHeld> held;
         double length, alpha;
+        std::size_t last_asked;
         std::size_t held_count, piece_count, point_count;
         std::array<MomentPiece, kMaxLinePieces> pieces;
         std::array<PointTorque, kMaxLoads> points;
@@ -36,10 +37,11 @@ private:
         bool Is(const Entry& other) const;
         double Solve() const;
     };
-    static constexpr std::size_t kKept = 6;
+    static constexpr std::size_t kKept = 8;
 
     std::array<Entry, kKept> entries_;  // the first `solved_` are filled
     std::size_t solved_ = 0;
+    std::size_t asked_ = 0;
 };
 
 }  // namespace kestrum::standard

@@ -10,6 +10,7 @@
 #include "engine/section_dispatch.h"
 #include "engine/validate.h"
 #include "standard/member.h"
+#include "standard/solved_lines.h"
 
 #include <algorithm>
 #include <array>
@@ -95,9 +96,19 @@ namespace {
 MemberCase MemberCaseOf(const Member& m, const LoadCase& load_case, const CombinedLines& lines,
                         const ActingForces& forces, const Classes& classes)
 {
-    return {m.library, m.s,       m.basis, m.program, m.section,
-            m.loads,   load_case, lines,   classes,   forces.sagging || forces.hogging,
-            forces.mz, m.places};
+    return {m.library,
+            m.s,
+            m.basis,
+            m.program,
+            m.section,
+            m.solved,
+            m.loads,
+            load_case,
+            lines,
+            classes,
+            forces.sagging || forces.hogging,
+            forces.mz,
+            m.places};
 }
 
 }  // namespace
@@ -317,7 +328,8 @@ std::string_view VerdictOf(const StandardResult& result)
 }
 
 StandardResult CalculateStandard(const Library& library, const ProjectState& project,
-                                 const Basis& basis, const ProjectState* program)
+                                 const Basis& basis, const ProjectState* program,
+                                 SolvedLines& solved)
 {
     StandardResult result;
     const auto calculate = [&](const Member& member) {
@@ -346,12 +358,19 @@ StandardResult CalculateStandard(const Library& library, const ProjectState& pro
             result.outside.push_back("no load acts");
         }
     };
-    const std::string reason = WithMember(library, project, basis, program, calculate);
+    const std::string reason = WithMember(library, project, basis, program, solved, calculate);
     if (!reason.empty()) {
         result.outside.push_back(reason);
         result.met = basis.met();
     }
     return result;
+}
+
+StandardResult CalculateStandard(const Library& library, const ProjectState& project,
+                                 const Basis& basis, const ProjectState* program)
+{
+    SolvedLines solved;
+    return CalculateStandard(library, project, basis, program, solved);
 }
 
 }  // namespace kestrum::standard

@@ -21,6 +21,8 @@ struct ProjectState;
 
 namespace kestrum::standard {
 
+class SolvedLines;
+
 // What a deviation of the program costs: the standard against the standard with it switched back.
 struct DeviationCost {
     Dev deviation;
@@ -49,6 +51,9 @@ struct StandardResult {
 StandardResult CalculateStandard(const Library& library, const ProjectState& s,
                                  const Basis& basis = Basis::Standard(),
                                  const ProjectState* program = nullptr);
+// The same; what `solved` has of like members, such as those of other bases, is not solved again.
+StandardResult CalculateStandard(const Library& library, const ProjectState& s, const Basis& basis,
+                                 const ProjectState* program, SolvedLines& solved);
 
 // "within limits", "above limit", "not covered".
 std::string_view VerdictOf(const StandardResult& result);

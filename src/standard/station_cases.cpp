@@ -61,13 +61,15 @@ double OffChord(std::span<const Node> nodes, std::size_t from, std::size_t to,
 }  // namespace
 
 struct StationCases::Data {
-    Data(const Library& library, const Basis& by, const ProjectState* program)
-        : basis(by), member{library, s, basis, program, {}, {}, {}}
+    Data(const Library& library, const Basis& by, const ProjectState* program, SolvedLines* solved)
+        : basis(by), member{library, s,  basis, program, solved != nullptr ? *solved : own_solved,
+                            {},      {}, {}}
     {
     }
 
     ProjectState s{};
     Basis basis;
+    SolvedLines own_solved;
     Member member;
     std::vector<Node> nodes;
     std::vector<char> kept;  // nodes that stay when there are too many
@@ -284,8 +286,8 @@ void StationCases::Data::FindLoads(Axis axis, double Station::*moment, double St
 }
 
 StationCases::StationCases(const Library& library, const ProjectState& project, const Basis& basis,
-                           const ProjectState* program)
-    : data_(std::make_unique<Data>(library, basis, program))
+                           const ProjectState* program, SolvedLines* solved)
+    : data_(std::make_unique<Data>(library, basis, program, solved))
 {
     data_->s = project;
     PutLoadsAside(data_->s);

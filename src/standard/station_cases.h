@@ -42,10 +42,11 @@ struct StationResult {
 class StationCases {
 public:
     // `member` as read or set; its own loads are put aside. `library` must last. `program`, for a
-    // basis with deviations switched back, as for CalculateStandard.
+    // basis with deviations switched back, and `solved`, which must last, as for
+    // CalculateStandard.
     explicit StationCases(const Library& library, const ProjectState& member,
                           const Basis& basis = Basis::Standard(),
-                          const ProjectState* program = nullptr);
+                          const ProjectState* program = nullptr, SolvedLines* solved = nullptr);
     ~StationCases();
     StationCases(StationCases&&) noexcept;
     StationCases& operator=(StationCases&&) noexcept;

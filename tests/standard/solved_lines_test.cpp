@@ -68,5 +68,19 @@ TEST(SolvedLines, OtherLinesAreNot)
     EXPECT_DOUBLE_EQ(FactorOf(lines, 1), one);
 }
 
+// The passes for the costs of deviations ask for the line of the member again and again, and for
+// many others once.
+TEST(SolvedLines, LineOfEveryPassIsKept)
+{
+    SolvedLines lines;
+    FactorOf(lines, 1);
+    constexpr int kOthers = 20;
+    for (int i = 2; i < kOthers + 2; ++i) {
+        FactorOf(lines, 1, i);
+        FactorOf(lines, 1);
+    }
+    EXPECT_EQ(lines.Solved(), kOthers + 1U);
+}
+
 }  // namespace
 }  // namespace kestrum
