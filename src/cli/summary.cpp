@@ -4,12 +4,10 @@
 #include "cli/commands.h"
 #include "cli/many.h"
 #include "cli/print_stamp.h"
+#include "cli/workbooks.h"
 #include "core/file_io.h"
 #include "core/utf8_text.h"
 #include "report/summary_pages.h"
-#ifdef KESTRUM_SPREADSHEET
-#include "spreadsheet/summary_xlsx.h"
-#endif
 
 #include <iostream>
 
@@ -34,18 +32,6 @@ void RequireNames(const SummaryArguments& arguments)
     }
 }
 
-#ifdef KESTRUM_SPREADSHEET
-std::string WriteXlsx(const MemberSummary& summary, const std::string& path)
-{
-    return WriteSummaryXlsx(summary, path);
-}
-#else
-std::string WriteXlsx(const MemberSummary&, const std::string&)
-{
-    return "built without libxlsxwriter; .csv needs nothing more";
-}
-#endif
-
 void WriteSummary(const SummaryArguments& arguments, const CsvForm& csv,
                   const MemberSummary& summary)
 {
@@ -56,7 +42,7 @@ void WriteSummary(const SummaryArguments& arguments, const CsvForm& csv,
     } else if (ending == ".csv") {
         fault = WriteWholeFile(arguments.out, SummaryCsv(summary, csv));
     } else if (ending == ".xlsx") {
-        fault = WriteXlsx(summary, arguments.out);
+        fault = WriteBook(summary, arguments.out);
     } else {
         PrintStamp stamp = StampOfNow();
         stamp.origin = OriginText({}, {});

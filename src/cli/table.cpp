@@ -2,14 +2,12 @@
 
 #include "app/detailed_book.h"
 #include "cli/print_stamp.h"
+#include "cli/workbooks.h"
 #include "core/file_io.h"
 #include "core/project_inputs.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "report/detailed_table.h"
-#ifdef KESTRUM_SPREADSHEET
-#include "spreadsheet/book_xlsx.h"
-#endif
 
 #include <string_view>
 
@@ -22,20 +20,13 @@ std::string Failure(const std::string& path, const std::string& reason)
     return path + ":" + std::string(kSpreadsheetFailure) + "(" + reason + ")";
 }
 
-#ifdef KESTRUM_SPREADSHEET
 void WriteXlsx(const std::vector<BookSheet>& book, const std::string& path)
 {
-    const std::string fault = WriteBookXlsx(book, path);
+    const std::string fault = WriteBook(book, path);
     if (!fault.empty()) {
         throw BadInput(Failure(path, fault));
     }
 }
-#else
-void WriteXlsx(const std::vector<BookSheet>&, const std::string& path)
-{
-    throw BadInput(Failure(path, "built without libxlsxwriter; .csv needs nothing more"));
-}
-#endif
 
 void WriteCsv(const std::vector<DetailedRow>& rows, const CsvForm& csv, const std::string& path)
 {

@@ -66,6 +66,32 @@ TEST_F(Reports, TableWritesASpreadsheetWithNumbers)
     EXPECT_THAT(Shell("unzip -p a.xlsx xl/styles.xml"), HasSubstr("formatCode=\"#0.000\""));
 }
 
+// A copy of the program has no module beside it; what needs none goes on.
+TEST_F(Reports, TableSaysThatTheModuleOfWorkbooksIsMissing)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst").exit, 0);
+    std::filesystem::create_directory(Path("bin"));
+    std::filesystem::copy_file(KESTRUM_BIN "/kestrum", Path("bin/kestrum"));
+    const auto table = [this](const std::string& out) {
+        const std::string command = "'" + Path("bin/kestrum") +
+                                    "' --data '" KESTRUM_SHARE "' table '" + Path("a.kst") +
+                                    "' -o '" + Path(out) + "' 2>'" + Path("err") + "'";
+        return WEXITSTATUS(std::system(command.c_str()));
+    };
+    EXPECT_EQ(table("a.xlsx"), 2);
+    if (Read("err").find("built without libxlsxwriter") != std::string::npos) {
+        GTEST_SKIP() << "built without libxlsxwriter";
+    }
+    EXPECT_THAT(Read("err"), HasSubstr("workbooks need the module kestrum-spreadsheet.so"));
+    EXPECT_THAT(Read("err"), HasSubstr(".csv needs nothing more"));
+    EXPECT_FALSE(std::filesystem::exists(Path("a.xlsx")));
+    EXPECT_EQ(table("a.csv"), 0);
+
+    Write("bin/kestrum-spreadsheet.so", "no library");
+    EXPECT_EQ(table("a.xlsx"), 2);
+    EXPECT_THAT(Read("err"), HasSubstr("cannot be loaded"));
+}
+
 // What the table belongs to is on sheets of its own, and other sheets can refer to it by name.
 TEST_F(Reports, TheSpreadsheetSaysWhatItBelongsTo)
 {
