@@ -93,7 +93,7 @@ template <class Check> void ForEachCase(Check check)
     for (int supportcase = 0; supportcase < kSupportCases; ++supportcase) {
         for (const LoadCase& load : LoadCases()) {
             SCOPED_TRACE(testing::Message() << "support case " << supportcase << ", " << load.name);
-            ProjectState s = Member(supportcase);
+            Member s = Beam(supportcase);
             s.spring = 37;
             load.apply(s);
             Analyse(s);
@@ -195,7 +195,7 @@ TEST(BeamFormulas, GiveTheTextbookValues)
                             {2, -30, 15, -30, 2.008929},
                             {4, -180, -45, 0, 34.15179}};
     for (const Spot& spot : uniform) {
-        ProjectState s = Member(spot.supportcase);
+        Member s = Beam(spot.supportcase);
         s.qload[1] = 10;
         Analyse(s);
         EXPECT_NEAR(s.mydiag[0], spot.start, 1e-4) << spot.supportcase;
@@ -210,7 +210,7 @@ TEST(BeamFormulas, GiveTheTextbookValues)
                           {2, -9, 9, -9, 0.8035714},
                           {4, -36, 0, 0, 6.428571}};
     for (const Spot& spot : force) {
-        ProjectState s = Member(spot.supportcase);
+        Member s = Beam(spot.supportcase);
         AddForce(s, 1, 12, 3);
         Analyse(s);
         EXPECT_NEAR(s.mydiag[0], spot.start, 1e-4) << spot.supportcase;
@@ -223,7 +223,7 @@ TEST(BeamFormulas, GiveTheTextbookValues)
 // D105: the shear of a cantilever is negative under a load that points down.
 TEST(BeamFormulas, CantileverShearHasTheOppositeSign)
 {
-    ProjectState q = Member(4, 4);
+    Member q = Beam(4, 4);
     q.qload[1] = 10;
     Analyse(q);
     EXPECT_FLOAT_EQ(q.vzdiag[0], -40);
@@ -235,14 +235,14 @@ TEST(BeamFormulas, CantileverShearHasTheOppositeSign)
 
 TEST(BeamFormulas, ForceAtTheTipOfACantileverReachesTheLastPoint)
 {
-    ProjectState tip = Member(4, 4);
+    Member tip = Beam(4, 4);
     AddForce(tip, 1, 9, 4);
     Analyse(tip);
     EXPECT_FLOAT_EQ(tip.vzdiag[50], -9);
     EXPECT_FLOAT_EQ(tip.mydiag[50], 0);
     EXPECT_FLOAT_EQ(tip.mydiag[0], -36);
 
-    ProjectState inner = Member(4, 4);
+    Member inner = Beam(4, 4);
     AddForce(inner, 1, 9, 3.5F);
     Analyse(inner);
     EXPECT_FLOAT_EQ(inner.vzdiag[50], 0);
@@ -253,7 +253,7 @@ TEST(BeamFormulas, MomentOnAPinnedEndStandsInTheDiagram)
 {
     for (const auto& [a, start, end] :
          {std::array{0.0F, 7.0F, 0.0F}, std::array{4.0F, 0.0F, -7.0F}}) {
-        ProjectState s = Member(0, 4);
+        Member s = Beam(0, 4);
         AddMoment(s, 3, 7, a);
         Analyse(s);
         EXPECT_FLOAT_EQ(s.mydiag[0], start);
@@ -267,7 +267,7 @@ TEST(BeamFormulas, MomentOnAPinnedEndStandsInTheDiagram)
 TEST(BeamFormulas, PointOnTheForceTakesItsSide)
 {
     const auto shear = [](int supportcase) {
-        ProjectState s = Member(supportcase, 5);
+        Member s = Beam(supportcase, 5);
         AddForce(s, 1, 16, 2.5F);
         Analyse(s);
         return std::pair<double, double>{s.vzdiag[25], s.vzsec[5]};
@@ -282,7 +282,7 @@ TEST(BeamFormulas, PointOnTheForceTakesItsSide)
 TEST(BeamFormulas, PointOnTheMomentTakesItsSide)
 {
     const auto moment = [](int supportcase) {
-        ProjectState s = Member(supportcase, 5);
+        Member s = Beam(supportcase, 5);
         AddMoment(s, 1, 16, 2.5F);
         Analyse(s);
         return std::pair<double, double>{s.mydiag[25], s.mysec[5]};
@@ -298,7 +298,7 @@ TEST(BeamFormulas, ForceOnASupportBendsNothing)
 {
     for (const int supportcase : {0, 1, 2}) {
         for (const float a : {0.0F, 4.0F}) {
-            ProjectState s = Member(supportcase, 4);
+            Member s = Beam(supportcase, 4);
             AddForce(s, 1, 20, a);
             Analyse(s);
             EXPECT_LT(Largest(s.mydiag), 1e-5);
@@ -311,7 +311,7 @@ TEST(BeamFormulas, ForceOnASupportBendsNothing)
 // Moments at the two ends of a fixed beam stand on the supports and bend nothing between.
 TEST(BeamFormulas, MomentOnAFixedEndStaysThere)
 {
-    ProjectState s = Member(2, 4);
+    Member s = Beam(2, 4);
     AddMoment(s, 1, 7, 0);
     Analyse(s);
     EXPECT_FLOAT_EQ(s.mydiag[0], -7);  // M0 = -Mo(2 + 0 - 1)

@@ -56,7 +56,7 @@ TEST(Combination, EachKindOfLoadTakesTheFactorOfItsCategory)
                          << "selector " << selector.loadcomb << ", category " << category);
             const auto c = static_cast<i16>(category);
             for (const int kind : {0, 1, 2, 3, 4}) {
-                ProjectState s = WithFactors(Member(0));
+                ProjectState s = WithFactors(Beam(0));
                 s.loadcomb = static_cast<i16>(selector.loadcomb);
                 switch (kind) {
                 case 0:
@@ -130,7 +130,7 @@ TEST(Combination, BasicLoadsTakeCheckedRowsOnly)
 
 TEST(Combination, LeavesOddCategoriesAndDirectionsOut)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.nload[1] = 10;
     s.ntype[1] = 3;
     s.qload[1] = 10;
@@ -171,7 +171,7 @@ void Control(ProjectState& s)
 // G 100 kN and 10 kN/m. Eq 6.10a: 135 kN, 13.5*36/8 = 60.75; 6.10b: 114.75 kN, 51.6375.
 ProjectState WorseOfTwo()
 {
-    ProjectState s = WithFactors(Member(0));
+    ProjectState s = WithFactors(Beam(0));
     s.loadcomb = kEq610ab;
     s.nload[1] = 100;
     s.qload[1] = 10;

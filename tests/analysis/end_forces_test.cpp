@@ -8,9 +8,9 @@
 namespace kestrum::test {
 namespace {
 
-ProjectState WithEndForces(int family = 1)
+Member WithEndForces(int family = 1)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.family = static_cast<i16>(family);
     s.loadmode = 0;
     s.ne = 120;
@@ -27,7 +27,7 @@ ProjectState WithEndForces(int family = 1)
 
 TEST(EndForces, RunStraightFromEndToEnd)
 {
-    ProjectState s = WithEndForces();
+    Member s = WithEndForces();
     Analyse(s);
     EXPECT_EQ(s.ned, 120);
     EXPECT_EQ(s.npts, 10);
@@ -45,7 +45,7 @@ TEST(EndForces, RunStraightFromEndToEnd)
 
 TEST(EndForces, ExtremesStartAtZeroButTheHighestShear)
 {
-    ProjectState s = WithEndForces();
+    Member s = WithEndForces();
     Analyse(s);
     EXPECT_EQ(s.mymax, 10);
     EXPECT_EQ(s.mymin, -30);
@@ -63,7 +63,7 @@ TEST(EndForces, ExtremesStartAtZeroButTheHighestShear)
 
 TEST(EndForces, GiveQuarterPointsAndEndRatios)
 {
-    ProjectState s = WithEndForces();
+    Member s = WithEndForces();
     Analyse(s);
     EXPECT_EQ(s.my0, 10);
     EXPECT_NEAR(s.myq1, 0, 1e-6);
@@ -80,7 +80,7 @@ TEST(EndForces, GiveQuarterPointsAndEndRatios)
 TEST(EndForces, CrossingsOnlyWithRestrainedEnds)
 {
     for (int supportcase = 0; supportcase < kSupportCases; ++supportcase) {
-        ProjectState s = WithEndForces();
+        Member s = WithEndForces();
         s.supportcase = static_cast<i16>(supportcase);
         s.my2 = -10;
         s.mz2 = -2;
@@ -95,7 +95,7 @@ TEST(EndForces, CrossingsOnlyWithRestrainedEnds)
 
 TEST(EndForces, ATSectionTakesTheAxialForceOnlyD106)
 {
-    ProjectState s = WithEndForces(26);
+    Member s = WithEndForces(26);
     Analyse(s);
     EXPECT_EQ(s.ned, 120);
     EXPECT_EQ(Largest(s.mydiag) + Largest(s.mzdiag) + Largest(s.vzdiag) + Largest(s.vydiag), 0);
@@ -109,7 +109,7 @@ TEST(EndForces, ATSectionTakesTheAxialForceOnlyD106)
 TEST(EndForces, SectionsBentAboutYOnlyLoseMzAndVyD106)
 {
     for (const int family : {24, 25, 27, 28}) {
-        ProjectState s = WithEndForces(family);
+        Member s = WithEndForces(family);
         Analyse(s);
         EXPECT_EQ(s.mz1 + s.mz2 + s.vy1 + s.vy2, 0) << family;
         EXPECT_EQ(Largest(s.mzdiag) + Largest(s.vydiag), 0) << family;
@@ -117,7 +117,7 @@ TEST(EndForces, SectionsBentAboutYOnlyLoseMzAndVyD106)
         EXPECT_EQ(s.ned, family == 27 ? 0 : 120) << family;
     }
     for (const int family : {1, 51, 56}) {
-        ProjectState s = WithEndForces(family);
+        Member s = WithEndForces(family);
         Analyse(s);
         EXPECT_EQ(s.mz2, 8) << family;
     }
@@ -125,7 +125,7 @@ TEST(EndForces, SectionsBentAboutYOnlyLoseMzAndVyD106)
 
 TEST(EndForces, LeaveTheResultsOfTheLoadedMember)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.qload[1] = 10;
     Analyse(s);
     const ProjectState loaded = s;
@@ -146,7 +146,7 @@ TEST(EndForces, LeaveTheResultsOfTheLoadedMember)
 
 TEST(EndForces, WorkAtChosenPoints)
 {
-    ProjectState s = WithEndForces();
+    Member s = WithEndForces();
     s.cpmode = 1;
     s.cpcount = 2;
     s.cp = {0, 1.5F, 4.5F, 0};
@@ -159,7 +159,7 @@ TEST(EndForces, WorkAtChosenPoints)
 
 TEST(EndForces, ZeroForcesFailNothing)
 {
-    ProjectState s = Member(2);
+    Member s = Beam(2);
     s.loadmode = 0;
     ArmTrap();
     Analyse(s);

@@ -48,7 +48,7 @@ TEST(Extremes, TheFirstOfEqualValuesStays)
 
 TEST(Extremes, TheDiagramWinsOverAnEqualSection)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.mydiag[30] = 8;
     s.mysec[0] = 8;
     s.xi[0] = 0.55F;
@@ -62,7 +62,7 @@ TEST(Extremes, TheDiagramWinsOverAnEqualSection)
 
 TEST(Extremes, LookAtTheSectionsInUseOnly)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.npts = 1;
     s.vzsec[1] = 3;
     s.vzsec[2] = 9;
@@ -74,7 +74,7 @@ TEST(Extremes, LookAtTheSectionsInUseOnly)
 
 TEST(Extremes, DeflectionsHaveSizesOnly)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.dzdiag[7] = -5;
     s.dzdiag[9] = 4;
     s.dydiag[3] = 2;
@@ -122,7 +122,7 @@ TEST(QuarterPoints, LieBetweenTheirNeighbours)
 // points is straight: off by less than (h2/8) M''/M' = (1/2500/8)*2/0.577.
 TEST(ZeroCrossings, OfAFixedBeam)
 {
-    ProjectState s = Member(2);
+    Member s = Beam(2);
     s.qload[1] = 10;
     Analyse(s);
     EXPECT_NEAR(s.x0my1, (3 - std::sqrt(3.0)) / 6, 1.8e-4);
@@ -202,14 +202,14 @@ TEST(Shape, TheBandAroundTheChordIsOpen)
 // D107: a uniform load on the left half bends the left half of the line only.
 TEST(Shape, TheRightHalfAloneDecidesD107)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     AddTrapezoid(s, 1, 10, 10, 0, 3);
     Analyse(s);
     EXPECT_TRUE(CurvedHalf(s.mydiag, Half::left));
     EXPECT_FALSE(CurvedHalf(s.mydiag, Half::right));
     EXPECT_EQ(s.mycurved, kFalse);
 
-    s = Member(0);
+    s = Beam(0);
     AddTrapezoid(s, 1, 10, 10, 3, 6);
     Analyse(s);
     EXPECT_FALSE(CurvedHalf(s.mydiag, Half::left));

@@ -10,9 +10,9 @@
 namespace kestrum::test {
 namespace {
 
-ProjectState Spring(int supportcase, int percent, void (*apply)(ProjectState&))
+Member Spring(int supportcase, int percent, void (*apply)(ProjectState&))
 {
-    ProjectState s = Member(supportcase);
+    Member s = Beam(supportcase);
     s.spring = static_cast<i16>(percent);
     apply(s);
     Analyse(s);
@@ -60,9 +60,9 @@ void ExpectMix(const ProjectState& mixed, const ProjectState& free, const Projec
 TEST(SpringSupports, MixTheLimitsByPercentD102)
 {
     for (const auto apply : {ApplyUniform, ApplyForce, ApplyMoment, ApplyTrapezoid}) {
-        const ProjectState pinned = Spring(0, 50, apply);
-        const ProjectState propped = Spring(1, 50, apply);
-        const ProjectState fixed = Spring(2, 50, apply);
+        const Member pinned = Spring(0, 50, apply);
+        const Member propped = Spring(1, 50, apply);
+        const Member fixed = Spring(2, 50, apply);
         for (const int percent : {1, 37, 50, 99}) {
             SCOPED_TRACE(percent);
             ExpectMix(Spring(3, percent, apply), pinned, fixed);
@@ -74,7 +74,7 @@ TEST(SpringSupports, MixTheLimitsByPercentD102)
 // -qL2/24 = -10*36/24 = -15; half of 5qL4/384EI = 10.04464 and qL4/384EI = 2.008929 mm.
 TEST(SpringSupports, HalfFixityGivesHalfTheEndMoment)
 {
-    const ProjectState s = Spring(3, 50, ApplyUniform);
+    const Member s = Spring(3, 50, ApplyUniform);
     EXPECT_FLOAT_EQ(s.mydiag[0], -15);
     EXPECT_FLOAT_EQ(s.mydiag[50], -15);
     EXPECT_NEAR(s.dzdiag[25], (10.04464 + 2.008929) / 2, 1e-5);
@@ -82,7 +82,7 @@ TEST(SpringSupports, HalfFixityGivesHalfTheEndMoment)
 
 TEST(SpringSupports, OnePercentDiffersByOnePercentOfTheDifference)
 {
-    const ProjectState s = Spring(5, 1, ApplyUniform);
+    const Member s = Spring(5, 1, ApplyUniform);
     EXPECT_NEAR(s.mydiag[50], -0.01 * 45, 1e-6);        // qL2/8 = 45
     EXPECT_NEAR(s.vzdiag[0], 30 - 0.01 * 7.5, 1e-5);    // qL/2 = 30, 3qL/8 = 22.5
     EXPECT_NEAR(s.vzdiag[50], -30 - 0.01 * 7.5, 1e-5);  // 5qL/8 = 37.5
@@ -91,7 +91,7 @@ TEST(SpringSupports, OnePercentDiffersByOnePercentOfTheDifference)
 // D104: with 30 percent, 0.7 Mo + 0.3 (-Mo) = 0.4 Mo on the support; beside it 0.7 Mo.
 TEST(SpringSupports, MomentOnTheSupportMixesTheEndValuesD104)
 {
-    ProjectState s = Member(3);
+    Member s = Beam(3);
     s.spring = 30;
     AddMoment(s, 1, 10, 0);
     Analyse(s);
@@ -112,7 +112,7 @@ TEST(SpringSupports, MomentOnTheSupportMixesTheEndValuesD104)
 TEST(TrapezoidalLoad, LiesWithinItsStripsOfTheExactLines)
 {
     const double q1 = 3, q2 = 11, x1 = 0.7F, x2 = 5.2F;
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     AddTrapezoid(s, 1, 3, 11, 0.7F, 5.2F);
     Analyse(s);
 
@@ -142,7 +142,7 @@ TEST(TrapezoidalLoad, LiesWithinItsStripsOfTheExactLines)
 TEST(TrapezoidalLoad, EvenOneComesCloseToTheUniformLoad)
 {
     for (int supportcase = 0; supportcase < kSupportCases; ++supportcase) {
-        ProjectState q = Member(supportcase), qt = Member(supportcase);
+        Member q = Beam(supportcase), qt = Beam(supportcase);
         q.qload[1] = 10;
         AddTrapezoid(qt, 1, 10, 10, 0, 6);
         Analyse(q);
@@ -154,7 +154,7 @@ TEST(TrapezoidalLoad, EvenOneComesCloseToTheUniformLoad)
             EXPECT_NEAR(qt.dzdiag[j], q.dzdiag[j], 2e-3 * Largest(q.dzdiag)) << supportcase;
         }
     }
-    ProjectState fixed = Member(2);
+    Member fixed = Beam(2);
     AddTrapezoid(fixed, 1, 10, 10, 0, 6);
     Analyse(fixed);
     EXPECT_NEAR(fixed.mydiag[0], -30 * (1 + 1.0 / 800), 1e-4);
@@ -162,7 +162,7 @@ TEST(TrapezoidalLoad, EvenOneComesCloseToTheUniformLoad)
 
 TEST(TrapezoidalLoad, TheDirectionOfEntryDoesNotMatterForTheLines)
 {
-    ProjectState up = Member(1), down = Member(1);
+    Member up = Beam(1), down = Beam(1);
     AddTrapezoid(up, 1, 2, 8, 1, 5);
     AddTrapezoid(down, 1, -8, -2, 5, 1);  // x2 below x1: the strips have a negative width
     Analyse(up);
@@ -177,7 +177,7 @@ TEST(TrapezoidalLoad, TheDirectionOfEntryDoesNotMatterForTheLines)
 // the reaction R0 - P at the last point.
 TEST(LoadOffTheMember, GoesThroughTheFormulasD110)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     AddForce(s, 1, 30, 9);
     Analyse(s);
     EXPECT_FLOAT_EQ(s.vzdiag[0], -15);
@@ -190,7 +190,7 @@ TEST(LoadOffTheMember, GoesThroughTheFormulasD110)
 // The check section of an empty row at 0.999*9 = 8.991 m: M = 30 x - 5 x2 = 269.73 - 404.19.
 TEST(LoadOffTheMember, ItsCheckSectionsLeaveTheMemberTooD110)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.qload[1] = 10;
     AddForce(s, 1, 0, 9);
     Analyse(s);
@@ -214,7 +214,7 @@ TEST(Lines, MirrorWithTheLoad)
     };
     for (const int supportcase : {0, 2, 3}) {
         for (const Pair& pair : pairs) {
-            ProjectState s = Member(supportcase), mirrored = Member(supportcase);
+            Member s = Beam(supportcase), mirrored = Beam(supportcase);
             pair.apply(s);
             pair.mirror(mirrored);
             Analyse(s);
@@ -231,7 +231,7 @@ TEST(Lines, MirrorWithTheLoad)
 TEST(Lines, DeflectionVanishesAtTheSupports)
 {
     for (int supportcase = 0; supportcase < kSupportCases; ++supportcase) {
-        ProjectState s = Member(supportcase);
+        Member s = Beam(supportcase);
         s.qload[1] = 3;
         AddForce(s, 1, 5, 1.9F);
         AddMoment(s, 2, 4, 2.9F);

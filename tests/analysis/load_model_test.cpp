@@ -15,7 +15,7 @@ constexpr float kLength = 5;
 
 TEST(ValidateLoads, AnEmptyTableIsInOrder)
 {
-    ProjectState s = Member(0, kLength);
+    Member s = Beam(0, kLength);
     const ProjectState before = s;
     EXPECT_EQ(ValidateLoads(s, s, s, s.dropped), LoadCheck{});
     EXPECT_EQ(s, before);
@@ -44,7 +44,7 @@ TEST(ValidateLoads, AForceNeverStandsOnASupportAMomentOnAPinnedEndOnly)
         for (const auto& [a, stays] : positions) {
             SCOPED_TRACE(testing::Message() << "support case " << c.supportcase << ", moment "
                                             << c.moment << ", at " << a);
-            ProjectState s = Member(c.supportcase, kLength);
+            Member s = Beam(c.supportcase, kLength);
             s.pmkind[8] = c.moment;
             s.pm[8] = 10;
             s.pmx[8] = a;
@@ -57,7 +57,7 @@ TEST(ValidateLoads, AForceNeverStandsOnASupportAMomentOnAPinnedEndOnly)
 
 TEST(ValidateLoads, APositionWithoutALoadIsForgotten)
 {
-    ProjectState s = Member(0, kLength);
+    Member s = Beam(0, kLength);
     s.pmx[3] = 2;
     ValidateLoads(s, s, s, s.dropped);
     EXPECT_EQ(s.pmx[3], 0);
@@ -97,7 +97,7 @@ TEST(ValidateLoads, TrapezoidsAreCutEmptiedOrRefused)
     for (const TrapezoidCase& c : kTrapezoids) {
         for (const std::size_t row : {1U, 2U, 3U}) {
             SCOPED_TRACE(testing::Message() << c.name << ", row " << row);
-            ProjectState s = Member(0, kLength);
+            Member s = Beam(0, kLength);
             AddTrapezoid(s, row, c.q1, c.q2, c.x1, c.x2);
             const LoadCheck check = ValidateLoads(s, s, s, s.dropped);
             EXPECT_EQ(check.message.text(), c.message);
@@ -130,7 +130,7 @@ TEST(CheckLoadPositions, ATriangleOfEitherSignHasOneSign)
 
 TEST(ValidateLoads, TheFirstFaultIsNamedAndSignsComeBeforeOrder)
 {
-    ProjectState s = Member(0, kLength);
+    Member s = Beam(0, kLength);
     AddTrapezoid(s, 1, 3, 4, 2, 1);
     AddTrapezoid(s, 2, -3, 4, 1, 2);
     AddTrapezoid(s, 3, 3, -4, 1, 2);
@@ -142,7 +142,7 @@ TEST(ValidateLoads, TheFirstFaultIsNamedAndSignsComeBeforeOrder)
 
 TEST(ValidateLoads, AFaultLeavesNoOtherRowUnsettled)
 {
-    ProjectState s = Member(0, kLength);
+    Member s = Beam(0, kLength);
     AddTrapezoid(s, 1, 3, -4, 1, 2);
     AddForce(s, 1, 10, 5);
     s.cp[2] = 9;
@@ -155,7 +155,7 @@ TEST(ValidateLoads, AFaultLeavesNoOtherRowUnsettled)
 
 TEST(ValidateLoads, CheckPointsAreCutToTheMember)
 {
-    ProjectState s = Member(0, kLength);
+    Member s = Beam(0, kLength);
     s.cp = {0, 1, 5, 5.5F};
     ValidateLoads(s, s, s, s.dropped);
     EXPECT_EQ(s.cp, (Rows<float, 3>{0, 1, 5, 5}));
@@ -163,7 +163,7 @@ TEST(ValidateLoads, CheckPointsAreCutToTheMember)
 
 TEST(ValidateLoads, StiffenersFartherApartThanTheMemberIsLongGoAway)
 {
-    ProjectState s = Member(0, kLength);
+    Member s = Beam(0, kLength);
     s.webstiff = 1;
     s.webstiffa = 5000;  // exactly the length
     ValidateLoads(s, s, s, s.dropped);
@@ -182,7 +182,7 @@ TEST(ValidateLoads, StiffenersAsFarApartAsTheMemberIsLongStayAtAnyLength)
 {
     for (const float l : {4.1F, 4.3F, 7.7F, 12.3F}) {  // above or below the decimal as floats
         SCOPED_TRACE(l);
-        ProjectState s = Member(0, l);
+        Member s = Beam(0, l);
         s.webstiff = 1;
         s.webstiffa = std::round(1000 * l);  // as typed, mm
         ValidateLoads(s, s, s, s.dropped);
@@ -193,7 +193,7 @@ TEST(ValidateLoads, StiffenersAsFarApartAsTheMemberIsLongStayAtAnyLength)
 
 TEST(CheckLoadPositions, SettlesTrapezoidsOnly)
 {
-    ProjectState s = Member(0, kLength);
+    Member s = Beam(0, kLength);
     AddTrapezoid(s, 1, 3, 4, 2, 6);
     AddTrapezoid(s, 2, 3, 4, 2, 1);
     AddForce(s, 1, 10, 5);
@@ -210,9 +210,9 @@ TEST(CheckLoadPositions, SettlesTrapezoidsOnly)
     EXPECT_EQ(CheckLoadPositions(s, s, s.dropped).row, 3);
 }
 
-ProjectState FullTable()
+Member FullTable()
 {
-    ProjectState s = Member(0, kLength);
+    Member s = Beam(0, kLength);
     s.nload.fill(5);
     s.ntype.fill(2);
     s.qload.fill(5);
@@ -236,9 +236,9 @@ ProjectState FullTable()
 
 TEST(RemoveCheckedLoads, WithoutATickKeepsTheTableAndResetsTheSwitches)
 {
-    ProjectState s = FullTable();
+    Member s = FullTable();
     RemoveCheckedLoads(s, s);
-    ProjectState expected = FullTable();
+    Member expected = FullTable();
     expected.pmrelative = expected.qtrelative = expected.selfweight = 0;
     expected.loadlevel = 1;
     EXPECT_EQ(s, expected);
@@ -246,7 +246,7 @@ TEST(RemoveCheckedLoads, WithoutATickKeepsTheTableAndResetsTheSwitches)
 
 TEST(RemoveCheckedLoads, EmptiesTheTickedRowsAndKeepsTheTicks)
 {
-    ProjectState s = FullTable();
+    Member s = FullTable();
     s.nchecked[2] = s.qchecked[4] = s.qtchecked[1] = kTrue;
     s.pmchecked[8] = 1;
     ProjectState expected = s;
@@ -268,7 +268,7 @@ TEST(RemoveCheckedLoads, EmptiesTheTickedRowsAndKeepsTheTicks)
 
 TEST(RemoveCheckedLoads, NeverTouchesTheSelfweightRow)
 {
-    ProjectState s = FullTable();
+    Member s = FullTable();
     s.qchecked[0] = kTrue;
     RemoveCheckedLoads(s, s);
     EXPECT_EQ(s.qload[0], 5);

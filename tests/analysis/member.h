@@ -3,9 +3,8 @@
 // A member to load in the tests: E I = 16800 kNm2 about y and 4200 kNm2 about z, all load
 // factors 1.
 
-#include "core/load_combination.h"
-#include "core/project_state.h"
 #include "engine/member_analysis.h"
+#include "support/members.h"
 
 #include <array>
 #include <cstddef>
@@ -15,23 +14,12 @@ namespace kestrum::test {
 constexpr double kStiffnessY = 16800;  // kNm2
 constexpr int kSupportCases = 6;
 
-inline ProjectState Member(int supportcase, float l = 6)
+inline Member Beam(int supportcase, float l = 6)
 {
-    ProjectState s{};
-    s.family = 1;
-    s.l = l;
-    s.supportcase = static_cast<i16>(supportcase);
+    Member s = Member::Bare().Length(l).Supports(supportcase);
     s.spring = 50;
-    s.e = 210000;
     s.iy = 8e7F;
     s.iz = 2e7F;
-    s.loadmode = 1;
-    s.loadcomb = kUserFactors;
-    s.lfulsg = s.lfulsq1 = s.lfulsq2 = 1;
-    s.lfslsg = s.lfslsq1 = s.lfslsq2 = 1;
-    s.qdir.fill(1);
-    s.qtdir.fill(1);
-    s.pmdir.fill(1);
     return s;
 }
 
@@ -80,9 +68,9 @@ template <class Line> double Largest(const Line& line)
 }
 
 // A row of each kind, about both axes, in all categories.
-inline ProjectState Loaded(int supportcase)
+inline Member Loaded(int supportcase)
 {
-    ProjectState s = Member(supportcase);
+    Member s = Beam(supportcase);
     s.nload = {0, 100, 20, 3};
     s.ntype = {0, 0, 1, 2};
     s.qload = {0, 4, 3, 2, 1};

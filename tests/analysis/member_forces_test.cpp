@@ -39,7 +39,7 @@ namespace {
 
 TEST(CheckSections, ElevenEvenPoints)
 {
-    const ProjectState s = Analysed(Member(0));
+    const ProjectState s = Analysed(Beam(0));
     ASSERT_EQ(s.npts, 10);
     for (std::size_t k = 0; k <= 10; ++k) {
         EXPECT_FLOAT_EQ(s.xi[k], static_cast<float>(k) / 10.0F);
@@ -48,7 +48,7 @@ TEST(CheckSections, ElevenEvenPoints)
 
 TEST(CheckSections, APointLoadAddsAPairAroundIt)
 {
-    ProjectState s = Member(0, 4);
+    Member s = Beam(0, 4);
     AddForce(s, 1, 10, 2);
     Analyse(s);
     ASSERT_EQ(s.npts, 12);
@@ -61,7 +61,7 @@ TEST(CheckSections, APointLoadAddsAPairAroundIt)
 
 TEST(CheckSections, APointLoadOnAnEndAddsNone)
 {
-    ProjectState s = Member(4, 4);
+    Member s = Beam(4, 4);
     AddForce(s, 1, 10, 4);
     AddMoment(s, 2, 10, 0);
     Analyse(s);
@@ -70,7 +70,7 @@ TEST(CheckSections, APointLoadOnAnEndAddsNone)
 
 TEST(CheckSections, EveryPositionCountsInTheOrderOfTheRows)
 {
-    ProjectState s = Member(0, 4);
+    Member s = Beam(0, 4);
     AddForce(s, 3, 10, 3);
     s.pmx[5] = 1;  // a position without a load
     Analyse(s);
@@ -87,7 +87,7 @@ TEST(CheckSections, EveryPositionCountsInTheOrderOfTheRows)
 
 TEST(CheckSections, ChosenPointsReplaceTheEvenOnes)
 {
-    ProjectState s = Member(0, 4);
+    Member s = Beam(0, 4);
     AddForce(s, 1, 10, 2);
     s.cpmode = 1;
     s.cp = {0, 1, 3, 2};
@@ -104,7 +104,7 @@ TEST(CheckSections, ChosenPointsReplaceTheEvenOnes)
 // D109: what the points miss stays in the extremes of the diagram and is not controlled.
 TEST(CheckSections, ChosenPointsNarrowTheSectionControlOnlyD109)
 {
-    ProjectState s = Member(0, 4);
+    Member s = Beam(0, 4);
     s.qload[1] = 10;
     s.cpmode = 1;
     s.cpcount = 1;
@@ -117,7 +117,7 @@ TEST(CheckSections, ChosenPointsNarrowTheSectionControlOnlyD109)
 // qL2/8 = 20, qL/2 = 20.
 TEST(CalcMember, PinnedBeamWithUniformLoad)
 {
-    ProjectState s = Member(0, 4);
+    Member s = Beam(0, 4);
     s.qload[1] = 10;
     Analyse(s);
     EXPECT_DOUBLE_EQ(s.mymax, 20);
@@ -132,7 +132,7 @@ TEST(CalcMember, PinnedBeamWithUniformLoad)
 TEST(CalcMember, WithoutLoadsEverythingIsZeroAndNothingFails)
 {
     for (int supportcase = 0; supportcase < kSupportCases; ++supportcase) {
-        ProjectState s = Member(supportcase);
+        Member s = Beam(supportcase);
         ArmTrap();
         Analyse(s);
         EXPECT_NO_THROW(CheckTrap());
@@ -147,7 +147,7 @@ TEST(CalcMember, WithoutLoadsEverythingIsZeroAndNothingFails)
 
 TEST(CalcMember, LoadsInYBendAboutZ)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.qload[1] = 10;
     s.qdir[1] = 0;
     Analyse(s);
@@ -215,7 +215,7 @@ TEST(CalcMember, SectionsAndDiagramAgreeWhereTheyMeet)
 // D103: 42 kg/m weigh 0.42 kN/m.
 TEST(Selfweight, IsAUniformLoadOfCategoryGInZD103)
 {
-    ProjectState s = Member(0, 4);
+    Member s = Beam(0, 4);
     s.weight = 42;
     s.selfweight = 1;
     s.qtype[0] = 2;
@@ -296,7 +296,7 @@ TEST(InvalidLoads, OtherFamiliesKeepAllRows)
 TEST(CalcMember, ASectionWithoutStiffnessFails)
 {
     for (const int missing : {0, 1, 2}) {
-        ProjectState s = Member(0);
+        Member s = Beam(0);
         s.qload[1] = 10;
         s.e = missing == 0 ? 0 : s.e;
         s.iy = missing == 1 ? 0 : s.iy;
@@ -311,7 +311,7 @@ TEST(CalcMember, ASectionWithoutStiffnessFails)
 TEST(CalcMember, WithoutASectionThereAreForcesAndNoDeflection)
 {
     for (const int family : {0, 55, 77}) {
-        ProjectState s = Member(0);
+        Member s = Beam(0);
         s.family = static_cast<i16>(family);
         s.e = s.iy = s.iz = 0;
         s.qload[1] = 10;

@@ -12,7 +12,7 @@
 namespace kestrum {
 namespace {
 
-using test::Member;
+using test::Beam;
 
 struct Lines {
     Forces forces{};
@@ -63,9 +63,9 @@ TEST(Stations, FaultsNameThePlace)
 
 TEST(Stations, AreStraightBetween)
 {
-    const Lines one = LinesOf(Member(0), {{.x = 0, .n = 5, .my = 10, .mz = -4},
-                                          {.x = 3, .n = 5, .my = 40, .mz = -4},
-                                          {.x = 6, .n = 5, .my = -20, .mz = 2}});
+    const Lines one = LinesOf(Beam(0), {{.x = 0, .n = 5, .my = 10, .mz = -4},
+                                        {.x = 3, .n = 5, .my = 40, .mz = -4},
+                                        {.x = 6, .n = 5, .my = -20, .mz = 2}});
     EXPECT_FLOAT_EQ(one.forces.mydiag[0], 10);
     EXPECT_FLOAT_EQ(one.forces.mydiag[10], 10 + 30 * 1.2F / 3);  // x = 1.2 m
     EXPECT_FLOAT_EQ(one.forces.mydiag[25], 40);
@@ -81,10 +81,10 @@ TEST(Stations, AreStraightBetween)
 
 TEST(Stations, TwoAtAPlaceAreAJump)
 {
-    const Lines one = LinesOf(Member(0), {{.x = 0, .vz = 8},
-                                          {.x = 2.4, .vz = 8, .my = 19.2},
-                                          {.x = 2.4, .vz = -4, .my = 14.4},
-                                          {.x = 6, .vz = -4}});
+    const Lines one = LinesOf(Beam(0), {{.x = 0, .vz = 8},
+                                        {.x = 2.4, .vz = 8, .my = 19.2},
+                                        {.x = 2.4, .vz = -4, .my = 14.4},
+                                        {.x = 6, .vz = -4}});
     EXPECT_FLOAT_EQ(one.forces.vzdiag[19], 8);
     EXPECT_FLOAT_EQ(one.forces.vzdiag[20], -4);  // the right side at 2.4 m
     EXPECT_FLOAT_EQ(one.forces.mydiag[20], 14.4F);
@@ -97,10 +97,10 @@ TEST(Stations, TwoAtAPlaceAreAJump)
 TEST(Stations, BetweenTheEvenSectionsAreCheckedToo)
 {
     const std::vector<Station> stations = {{.x = 0}, {.x = 2.47, .my = 9}, {.x = 3}, {.x = 6}};
-    const Lines one = LinesOf(Member(0), stations);
+    const Lines one = LinesOf(Beam(0), stations);
     ASSERT_EQ(one.lines.Sections().size(), 12U);
     EXPECT_DOUBLE_EQ(one.forces.mymax, 9);
-    ProjectState own = Member(0);
+    Member own = Beam(0);
     own.cpmode = 1;
     own.cpcount = 1;
     own.cp[1] = 3;
@@ -109,13 +109,13 @@ TEST(Stations, BetweenTheEvenSectionsAreCheckedToo)
 
 TEST(Stations, LargestCompressionIsThatOfTheCase)
 {
-    EXPECT_EQ(LinesOf(Member(0), {{.x = 0, .n = -3}, {.x = 6, .n = 12}}).forces.ned, 12);
-    EXPECT_EQ(LinesOf(Member(0), {{.x = 0, .n = -3}, {.x = 6, .n = -8}}).forces.ned, -3);
+    EXPECT_EQ(LinesOf(Beam(0), {{.x = 0, .n = -3}, {.x = 6, .n = 12}}).forces.ned, 12);
+    EXPECT_EQ(LinesOf(Beam(0), {{.x = 0, .n = -3}, {.x = 6, .n = -8}}).forces.ned, -3);
 }
 
 TEST(Stations, AnAxisCountsAsLoadedWhereForcesBendAboutIt)
 {
-    const Lines one = LinesOf(Member(0), {{.x = 0, .mz = 1}, {.x = 6}});
+    const Lines one = LinesOf(Beam(0), {{.x = 0, .mz = 1}, {.x = 6}});
     EXPECT_EQ(one.forces.hasyloads, kFalse);
     EXPECT_EQ(one.forces.haszloads, kTrue);
 }
@@ -123,7 +123,7 @@ TEST(Stations, AnAxisCountsAsLoadedWhereForcesBendAboutIt)
 // Uniform moment: d = M l^2/(8 EI) in the middle; of a cantilever M l^2/(2 EI) at the tip, upwards.
 TEST(Stations, DeflectionsOfAnnexABelongToTheMoments)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.method = Method::annex_a;
     const std::vector<Station> even = {{.x = 0, .my = 20}, {.x = 6, .my = 20}};
     const double middle = 20.0 * 36 / 8 / test::kStiffnessY * 1000;  // mm
@@ -138,7 +138,7 @@ TEST(Stations, DeflectionsOfAnnexABelongToTheMoments)
 // A triangle on two supports: P l^3/(48 EI).
 TEST(Stations, DeflectionUnderAForceInTheMiddle)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.method = Method::annex_a;
     const std::vector<Station> force = {{.x = 0}, {.x = 3, .my = 15}, {.x = 6}};  // P 10 kN
     EXPECT_NEAR(LinesOf(s, force).forces.dzdiag[25], 10.0 * 216 / 48 / test::kStiffnessY * 1000,
@@ -147,7 +147,7 @@ TEST(Stations, DeflectionUnderAForceInTheMiddle)
 
 TEST(Stations, SteepestFallOfShearIsTheLoadOfHatBeams)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.family = 24;
     const Lines one = LinesOf(
         s, {{.x = 0, .vz = 30}, {.x = 2, .vz = 20}, {.x = 2, .vz = -2}, {.x = 6, .vz = -10}});
@@ -156,7 +156,7 @@ TEST(Stations, SteepestFallOfShearIsTheLoadOfHatBeams)
 
 TEST(Stations, WhatTheFamilyDoesNotCarryCountsAsNothingAndIsTold)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.family = 24;  // My and Vz only
     const std::vector<Station> stations = {{.x = 0, .n = 7, .my = 3, .mz = -2}, {.x = 6, .vy = 4}};
     const Lines one = LinesOf(s, stations);
@@ -168,12 +168,12 @@ TEST(Stations, WhatTheFamilyDoesNotCarryCountsAsNothingAndIsTold)
     EXPECT_EQ(beyond.n, 7);
     EXPECT_EQ(beyond.y, 0);
     EXPECT_EQ(beyond.z, 4);
-    EXPECT_FALSE(NotCarriedBy(Member(0), stations).any());
+    EXPECT_FALSE(NotCarriedBy(Beam(0), stations).any());
 }
 
 TEST(Stations, NewPlacesAreFoundAgain)
 {
-    const ProjectState s = Member(0);
+    const Member s = Beam(0);
     Lines one = LinesOf(s, {{.x = 0}, {.x = 3, .my = 10}, {.x = 6}});
     one.lines.Fill(s, s, std::vector<Station>{{.x = 0}, {.x = 1.5, .my = 10}, {.x = 6}},
                    one.forces);

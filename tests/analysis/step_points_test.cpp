@@ -18,7 +18,7 @@ using ::testing::SizeIs;
 // P = 10 kN at 1.25 m of 5 m: R0 = 10 3.75/5 = 7.5 kN, RL = 2.5 kN, M = 7.5 1.25 = 9.375 kNm.
 TEST(StepPoints, HoldBothSidesOfAForce)
 {
-    ProjectState s = test::Member(0, 5);
+    Member s = test::Beam(0, 5);
     test::AddForce(s, 1, 10, 1.25F);
     const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
     ASSERT_THAT(points, SizeIs(2));
@@ -35,7 +35,7 @@ TEST(StepPoints, HoldBothSidesOfAForce)
 // M = 8 kNm at 2 m of 5 m: V = -8/5, M = -1.6 2 = -3.2 before and 4.8 kNm behind it.
 TEST(StepPoints, JumpAtAMoment)
 {
-    ProjectState s = test::Member(0, 5);
+    Member s = test::Beam(0, 5);
     test::AddMoment(s, 1, 8, 2);
     const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
     ASSERT_THAT(points, SizeIs(2));
@@ -48,7 +48,7 @@ TEST(StepPoints, JumpAtAMoment)
 // 20 strips: each lowers the shear by its force, q dx = 6 (4 - 1)/20 = 0.9 kN.
 TEST(StepPoints, GoDownByTheForceOfEachStrip)
 {
-    ProjectState s = test::Member(2, 5);
+    Member s = test::Beam(2, 5);
     test::AddTrapezoid(s, 1, 6, 6, 1, 4);
     const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
     ASSERT_THAT(points, SizeIs(40));
@@ -65,7 +65,7 @@ TEST(StepPoints, GoDownByTheForceOfEachStrip)
 // More places than one round of the check sections takes: 8 forces and 3 trapezoids.
 TEST(StepPoints, CoverEveryRowInAscendingOrder)
 {
-    ProjectState s = test::Member(1, 9);
+    Member s = test::Beam(1, 9);
     for (std::size_t k = 1; k <= 8; ++k) {
         test::AddForce(s, k, 1, static_cast<float>(k));
     }
@@ -82,7 +82,7 @@ TEST(StepPoints, CoverEveryRowInAscendingOrder)
 // On a support only the side on the member counts; off the member there is none.
 TEST(StepPoints, LieOnTheMember)
 {
-    ProjectState s = test::Member(0, 5);
+    Member s = test::Beam(0, 5);
     test::AddForce(s, 1, 10, 0);
     test::AddForce(s, 2, 10, 5);
     test::AddForce(s, 3, 10, 7);
@@ -95,7 +95,7 @@ TEST(StepPoints, LieOnTheMember)
 // The factor of G: 1.35 in Eq 6.10a, 0.85 1.35 in Eq 6.10b; V = P/2.
 TEST(StepPoints, FollowTheCombination)
 {
-    ProjectState s = test::Member(0, 4);
+    Member s = test::Beam(0, 4);
     test::AddForce(s, 1, 10, 2);
     s.loadcomb = kEq610ab;
     s.g610ag = 1.35F;
@@ -118,7 +118,7 @@ TEST(StepPoints, MeetTheStoredLinesInEverySupportCase)
 {
     for (int supportcase = 0; supportcase < test::kSupportCases; ++supportcase) {
         SCOPED_TRACE(supportcase);
-        ProjectState s = test::Member(supportcase, 5);
+        Member s = test::Beam(supportcase, 5);
         test::AddForce(s, 1, 10, 1.23F);
         test::AddMoment(s, 2, -6, 3.35F);
         CalcMember(s, nullptr);

@@ -3,6 +3,7 @@
 #include "core/arithmetic_trap.h"
 #include "core/check_text.h"
 #include "core/project_state.h"
+#include "support/members.h"
 #include "support/rows.h"
 
 #include <gtest/gtest.h>
@@ -10,11 +11,9 @@
 namespace kestrum {
 namespace {
 
-ProjectState Deflected(double dzmax, double dzmin, double dymax = 0, double dymin = 0)
+Member Deflected(double dzmax, double dzmin, double dymax = 0, double dymin = 0)
 {
-    ProjectState s{};
-    s.l = 6;
-    s.irlimit = 1;
+    Member s = Member::Bare().Length(6);
     s.deflimitz = 300;
     s.deflimity = 200;
     s.dzmax = dzmax;
@@ -28,7 +27,7 @@ ProjectState Deflected(double dzmax, double dzmin, double dymax = 0, double dymi
 // 6000/300 = 20 mm, 15/20 = 0.75.
 TEST(DeflectionControl, ComparesTheDeflectionWithAPartOfTheLength)
 {
-    const ProjectState s = Deflected(15, 0);
+    const Member s = Deflected(15, 0);
     EXPECT_EQ(LabelOf(DeflectionZ(s)), "IR = dz/dzMax = ");
     EXPECT_EQ(CalculationOf(DeflectionZ(s)), "{F}/{F} = ");
     EXPECT_EQ(DeflectionZ(s).terms[0], 15);
@@ -58,7 +57,7 @@ TEST(DeflectionControl, JudgesTheWholeDeflectionD258)
 
 TEST(DeflectionControl, TreatsTheAxesAlike)
 {
-    const ProjectState s = Deflected(0, 0, 0, -45);  // 6000/200 = 30
+    const Member s = Deflected(0, 0, 0, -45);  // 6000/200 = 30
     EXPECT_TRUE(DeflectionZ(s).empty());
     EXPECT_EQ(LabelOf(DeflectionY(s)), "IR = dy/dyMax = ");
     EXPECT_EQ(DeflectionY(s).terms[0], -45);
@@ -69,7 +68,7 @@ TEST(DeflectionControl, TreatsTheAxesAlike)
 
 TEST(DeflectionControl, AnUpwardDeflectionKeepsItsSignAndHasAPositiveRatio)
 {
-    const ProjectState s = Deflected(0, -10);
+    const Member s = Deflected(0, -10);
     EXPECT_EQ(DeflectionZ(s).terms[0], -10);
     EXPECT_EQ(DeflectionZ(s).ratio, 0.5);
 }
@@ -90,7 +89,7 @@ TEST(DeflectionControl, ARatioOfOneIsWithinTheLimit)
 
 TEST(DeflectionControl, WithoutDeflectionNothingIsChecked)
 {
-    ProjectState s = Deflected(40, 0);
+    Member s = Deflected(40, 0);
     EXPECT_EQ(DeflectionZ(s).status, kAbove);
     s.dzmax = 0;
     s.deflimitz = 0;  // not used without a deflection
@@ -102,7 +101,7 @@ TEST(DeflectionControl, WithoutDeflectionNothingIsChecked)
 
 TEST(DeflectionControl, AMissingLimitFails)
 {
-    ProjectState s = Deflected(0, 0);
+    Member s = Deflected(0, 0);
     s.dzmax = 1;
     s.deflimitz = 0;
     ArmTrap();

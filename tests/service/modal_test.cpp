@@ -2,6 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -9,12 +10,9 @@ namespace kestrum {
 namespace {
 
 // HEA 100 with 5 kN/m on 5 m.
-ProjectState Member(int supportcase)
+Member Beam(int supportcase)
 {
-    ProjectState s{};
-    s.supportcase = static_cast<i16>(supportcase);
-    s.l = 5;
-    s.e = 210000;
+    Member s = Member::Bare().Supports(supportcase);
     s.iy = 3.492e6F;
     s.weight = 16.67F;
     s.qload[1] = 5;
@@ -30,7 +28,7 @@ ProjectState Analysed(ProjectState s)
 // m = 16.67 + 510 = 526.67; sqrt(733320/(625*526.67)) = 1.4926; times 1.57, 6.28, 14.1.
 TEST(Modal, PinnedBeam)
 {
-    const ProjectState s = Analysed(Member(0));
+    const ProjectState s = Analysed(Beam(0));
     EXPECT_NEAR(s.modalmass, 526.67, 1e-3);
     EXPECT_NEAR(s.freq[1], 2.3434, 1e-4);
     EXPECT_NEAR(s.freq[2], 9.3734, 1e-4);
@@ -39,7 +37,7 @@ TEST(Modal, PinnedBeam)
 
 TEST(Modal, WithoutLoadsTheMassIsThatOfTheProfile)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.qload[1] = 0;
     EXPECT_EQ(Analysed(s).modalmass, 16.67F);
 }
@@ -47,7 +45,7 @@ TEST(Modal, WithoutLoadsTheMassIsThatOfTheProfile)
 // D252: 102 kg/m; 1000/9.81 = 101.94.
 TEST(Modal, AKilonewtonPerMetreAdds102KilogramsD252)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.weight = 0;
     s.qload[1] = 1;
     EXPECT_EQ(Analysed(s).modalmass, 102);
@@ -56,7 +54,7 @@ TEST(Modal, AKilonewtonPerMetreAdds102KilogramsD252)
 // D251: 2 + 3 + 4 - 1 = 8 kN/m whatever category and direction; no other row.
 TEST(Modal, EveryUniformRowCountsPlainAndNoOtherD251)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.weight = 0;
     s.qload = {9, 2, 3, 4, -1};
     s.qtype = {0, 0, 1, 2, 0};
@@ -69,9 +67,9 @@ TEST(Modal, EveryUniformRowCountsPlainAndNoOtherD251)
 
 TEST(Modal, ALoadInYLeavesTheFrequencyAboutY)
 {
-    ProjectState s = Member(0);
+    Member s = Beam(0);
     s.qdir[1] = 0;
-    EXPECT_EQ(Analysed(s).freq, Analysed(Member(0)).freq);
+    EXPECT_EQ(Analysed(s).freq, Analysed(Beam(0)).freq);
 }
 
 // D253: within 0.3 % of lambda2/(2 pi) with lambda of the exact frequency equations of a beam:
@@ -83,7 +81,7 @@ TEST(Modal, ConstantsLieCloseToBeamTheoryD253)
                                                            {2, {3.5608, 9.8155, 19.242}},
                                                            {4, {0.5596, 3.5069, 9.8194}}};
     for (const auto& [supportcase, constants] : exact) {
-        ProjectState s = Member(supportcase);
+        Member s = Beam(supportcase);
         s.qload[1] = 0;
         s.weight = 210000;
         s.iy = 1e6F;
@@ -93,18 +91,18 @@ TEST(Modal, ConstantsLieCloseToBeamTheoryD253)
             EXPECT_NEAR(s.freq[n + 1], constants[n], 0.003 * constants[n]);
         }
     }
-    EXPECT_NEAR(Analysed(Member(2)).freq[1] / Analysed(Member(0)).freq[1], 3.56 / 1.57, 1e-6);
+    EXPECT_NEAR(Analysed(Beam(2)).freq[1] / Analysed(Beam(0)).freq[1], 3.56 / 1.57, 1e-6);
 }
 
 TEST(Modal, SpringsHaveNoFrequencies)
 {
-    ProjectState both = Member(3);
+    Member both = Beam(3);
     both.freq = {0, 1, 2, 3};
     CalcModal(both, both, both);
     EXPECT_NEAR(both.modalmass, 526.67, 1e-3);
     EXPECT_EQ(both.freq, (Rows<float, 3>{0, 1, 2, 3}));
 
-    ProjectState one = Member(5);
+    Member one = Beam(5);
     const ProjectState before = one;
     CalcModal(one, one, one);
     EXPECT_EQ(one, before);
@@ -113,7 +111,7 @@ TEST(Modal, SpringsHaveNoFrequencies)
 TEST(Modal, AMassOfZeroOrBelowFails)
 {
     for (const float q : {-0.5F, 0.0F}) {
-        ProjectState s = Member(0);
+        Member s = Beam(0);
         s.weight = 0;
         s.qload[1] = q;
         ArmTrap();
@@ -126,7 +124,7 @@ TEST(Modal, AMassOfZeroOrBelowFails)
 // 1/2.3434 = 0.4267 s.
 TEST(Modal, TextsShowFrequencyAndPeriod)
 {
-    const ProjectState s = Analysed(Member(0));
+    const ProjectState s = Analysed(Beam(0));
     EXPECT_EQ(MassText(s), "Mass: m = 527 kg/m");
     EXPECT_EQ(ModeText(s, 1), "Mode 1: 2.34 Hz/0.43s");
     EXPECT_EQ(ModeText(s, 2), "Mode 2: 9.37 Hz/0.11s");
@@ -135,10 +133,10 @@ TEST(Modal, TextsShowFrequencyAndPeriod)
 
 TEST(Modal, TextsAreEmptyBeforeTheFirstCalculation)
 {
-    const ProjectState s = Analysed(Member(3));
+    const ProjectState s = Analysed(Beam(3));
     EXPECT_EQ(MassText(s), "Mass: m = 527 kg/m");
     EXPECT_EQ(ModeText(s, 1), "");
-    EXPECT_EQ(MassText(Member(5)), "");
+    EXPECT_EQ(MassText(Beam(5)), "");
     EXPECT_THROW(ModeText(s, 4), CalculationStop);
 }
 

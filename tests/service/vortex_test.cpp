@@ -2,6 +2,7 @@
 
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -11,17 +12,13 @@ namespace kestrum {
 namespace {
 
 // Tube 300x10, 12 m, fixed-pinned, vb 25 m/s, z 10 m, category II. A = pi 290 10 = 9110.6 mm2.
-ProjectState Tube()
+Member Tube()
 {
-    ProjectState s{};
-    s.family = 31;
-    s.p31 = {300, 10};
+    Member s = Member::Bare().Section(FormP31{300, 10}).Length(12);
     s.h = s.b = 300;
     s.tw = s.tf = 10;
     s.iy = 9.589e7F;
     s.weight = 71.52F;
-    s.e = 210000;
-    s.l = 12;
     s.vortexcase = 1;
     s.terrain = 2;
     s.vb = 25;
@@ -29,10 +26,9 @@ ProjectState Tube()
     return s;
 }
 
-ProjectState Box(float h, float b)
+Member Box(float h, float b)
 {
-    ProjectState s = Tube();
-    s.family = 7;
+    Member s = Tube().Family(7);
     s.h = h;
     s.b = b;
     return s;
@@ -63,17 +59,17 @@ TEST(Vortex, FrequencyFollowsTheSupportD255)
 {
     const double exact[] = {3.1416, 3.9266, 4.7300, 1.8751};
     for (std::size_t i = 0; i < 4; ++i) {
-        ProjectState s = Tube();
+        Member s = Tube();
         s.vortexcase = static_cast<i16>(i);
         CalcVortexFrequency(s, s, s);
         const double theory = exact[i] * exact[i] * 530.60 / (2 * 3.14159265 * 144);
         EXPECT_NEAR(s.freq[1], theory, 0.006 * theory) << i;
     }
-    ProjectState truss = Tube();
+    Member truss = Tube();
     truss.vortexcase = 4;
     CalcVortexFrequency(truss, truss, truss);
     EXPECT_NEAR(truss.freq[1], 4.23 * 4.23 * 530.60 / 904.78, 2e-3);
-    ProjectState cantilever = Tube();
+    Member cantilever = Tube();
     cantilever.vortexcase = 3;
     CalcVortexFrequency(cantilever, cantilever, cantilever);
     EXPECT_NEAR(cantilever.freq[1], 1.88 * 1.88 * 530.60 / 904.78, 1e-3);
@@ -82,7 +78,7 @@ TEST(Vortex, FrequencyFollowsTheSupportD255)
 // D256: loads on the member change nothing.
 TEST(Vortex, MassIsThatOfTheSectionD256)
 {
-    ProjectState loaded = Tube();
+    Member loaded = Tube();
     loaded.qload.fill(20);
     EXPECT_EQ(Calculated(loaded).freq[1], Calculated(Tube()).freq[1]);
 }
@@ -116,7 +112,7 @@ TEST(Vortex, BoxesTakeHeightAcrossAndWidthAlongTheWind)
 
 double MeanSpeed(int terrain, float z)
 {
-    ProjectState s = Tube();
+    Member s = Tube();
     s.terrain = static_cast<i16>(terrain);
     s.zh = z;
     s.freq[1] = 1;
@@ -176,7 +172,7 @@ TEST(Vortex, CoversBoxesAndTubes)
 TEST(Vortex, ACaseOutsideItsListStopsThePass)
 {
     for (const i16 index : {i16{-1}, i16{5}}) {
-        ProjectState s = Tube();
+        Member s = Tube();
         s.vortexcase = index;
         EXPECT_THROW(CalcVortexFrequency(s, s, s), CalculationStop);
         s = Tube();
@@ -250,7 +246,7 @@ TEST(Vortex, GridNamesTheFamily)
                                                  {9, "CFRHS 200x100x6.3"},
                                                  {23, "Box 200x100x6.3x12.0"}};
     for (const auto& [family, name] : names) {
-        ProjectState s = Box(200, 100);
+        Member s = Box(200, 100);
         s.family = static_cast<i16>(family);
         s.tw = 6.3F;
         s.tf = 12;

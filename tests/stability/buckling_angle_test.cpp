@@ -23,7 +23,7 @@ using members::UniformLoad;
 // L 100x100x10, L 2, N alone: v governs, N/277.2.
 TEST(Angle, ChecksTheWeakAxisInPureCompression)
 {
-    ProjectState s = members::Angle100();
+    Member s = members::Angle100();
     s.ned = 100;
     BucklingControlAngle(s, s, s, s, s, s, s, s);
     EXPECT_NEAR(s.maxirbuckling, 100 / 277.2, 1e-4);
@@ -36,7 +36,7 @@ TEST(Angle, ChecksTheWeakAxisInPureCompression)
 // The limit itself is no overload, on either principal axis.
 TEST(Angle, MayCarryItsCriticalForce)
 {
-    ProjectState s = members::Angle100();
+    Member s = members::Angle100();
     s.ned = 100;
     BucklingControlAngle(s, s, s, s, s, s, s, s);
     s.ned = s.ncrv;
@@ -56,7 +56,7 @@ TEST(Angle, MayCarryItsCriticalForce)
 TEST(Angle, WritesTheInteractionRows)
 {
     for (const i16 method : kMethods) {
-        ProjectState s = members::Angle100();
+        Member s = members::Angle100();
         s.method = method;
         s.ned = 100;
         UniformLoad(s, 4);  // My 2
@@ -80,7 +80,7 @@ TEST(Angle, WritesTheInteractionRows)
 
 TEST(Angle, EqualsSignStandsBehindTheLastTerm)
 {
-    ProjectState s = members::Angle100();
+    Member s = members::Angle100();
     s.ned = 100;
     UniformLoad(s, 4);
     BucklingControlAngle(s, s, s, s, s, s, s, s);
@@ -93,7 +93,7 @@ TEST(Angle, AxialForceAboveACriticalForceStops)
 {
     for (const i16 method : kMethods) {
         for (const double my : {0.0, 1.0}) {
-            ProjectState s = members::Angle100();
+            Member s = members::Angle100();
             s.method = method;
             s.mydesign = s.mymid = s.mymaxabs = my;
             s.ned = 379;
@@ -112,7 +112,7 @@ TEST(Angle, AxialForceAboveACriticalForceStops)
 
 TEST(Angle, D226SlendernessOfUniformMomentIsOne)
 {
-    ProjectState s = members::Angle100();
+    Member s = members::Angle100();
     s.method = 1;
     s.ned = 50;
     UniformLoad(s, 4);
@@ -126,7 +126,7 @@ TEST(Angle, D226SlendernessOfUniformMomentIsOne)
 // 0.04 Ncr,z = 36.6 and 0.04 Ncr,v = 15.1: between them the v axis keeps all rows.
 TEST(Angle, IgnoresBucklingOnlyWhenVAllowsItToo)
 {
-    ProjectState s = members::Angle100();
+    Member s = members::Angle100();
     s.ned = 20;
     BucklingControlAngle(s, s, s, s, s, s, s, s);
     EXPECT_FALSE(RowZ(s).empty());
@@ -141,7 +141,7 @@ TEST(Angle, IgnoresBucklingOnlyWhenVAllowsItToo)
 
 TEST(Angle, WithoutBucklingLengthAboutZTheVRowIsMissing)
 {
-    ProjectState s = members::Angle100();
+    Member s = members::Angle100();
     s.ned = 100;
     s.lz = 0.001f;
     BucklingControlAngle(s, s, s, s, s, s, s, s);

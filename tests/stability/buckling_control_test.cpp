@@ -82,7 +82,7 @@ TEST(RolledI, WritesOnlyTheMomentsThatAct)
 
 TEST(RolledI, WritesTheAxialRows)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.ned = 500;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
     EXPECT_EQ(LabelOf(RowY(s)), "IR = NEd/Nb,y,Rd ");
@@ -96,10 +96,9 @@ TEST(RolledI, WritesTheAxialRows)
 // Steel Buildings in Europe, Multi-storey Part 4, A.5: 2000/2348 = 0.852.
 TEST(RolledI, MatchesPublishedHeb300)
 {
-    ProjectState s{};
-    members::FillCommon(s, 2, 235);
-    members::FillSection(s, {300, 300, 11, 19, 14900, 2.517e8, 8.56e7, 1.85e6, 1.688e12, 1.678e6,
-                             1.869e6, 570900, 870100});
+    Member s = members::Of(2, 235,
+                           {300, 300, 11, 19, 14900, 2.517e8, 8.56e7, 1.85e6, 1.688e12, 1.678e6,
+                            1.869e6, 570900, 870100});
     s.l = 8.0f;
     s.lz = 0.7f;
     s.ned = 2000;
@@ -109,7 +108,7 @@ TEST(RolledI, MatchesPublishedHeb300)
 
 TEST(RolledI, StatusFollowsTheUnroundedRatio)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.ned = 1;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
     s.ned = s.nbzrd;
@@ -164,7 +163,7 @@ TEST(RolledI, OneBucklingLengthGivesOneRow)
 // N is above 0.04 Ncr, so that only the slenderness below 0.2 can leave buckling out.
 TEST(RolledI, IgnoresBucklingOfAShortColumn)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.ned = 2800;  // above Nc,Rd 2772.6
     s.iy = s.iz = 1e6f;
     s.l = 1.0f;
@@ -185,7 +184,7 @@ TEST(RolledI, IgnoresBucklingOfAShortColumn)
 // Area, strength and second moment for which 25 fy A equals Ncr to the last bit.
 TEST(RolledI, IgnoresBucklingAtTheSlenderness02Itself)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.l = 1.0f;
     s.iy = s.iz = 1421000.0f;
     s.a = 229.139862f;
@@ -204,7 +203,7 @@ TEST(RolledI, IgnoresBucklingAtTheSlenderness02Itself)
 
 TEST(RolledI, IgnoresBucklingUpTo4PercentOfTheCriticalForce)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.ned = 1;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
     const double limit = 0.04 * std::min(s.ncry, s.ncrz);
@@ -218,7 +217,7 @@ TEST(RolledI, IgnoresBucklingUpTo4PercentOfTheCriticalForce)
 
 TEST(RolledI, D232AnyMomentKeepsBuckling)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.ned = 10;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
     EXPECT_EQ(s.maxirbuckling, 0);
@@ -277,7 +276,7 @@ TEST(RolledI, AxialForceAboveACriticalForceStopsAnnexAWithMoments)
     EXPECT_EQ(b.errorflag, 0);
     EXPECT_GT(b.maxirbuckling, 1);
 
-    ProjectState column = members::Heb200();
+    Member column = members::Heb200();
     column.method = 1;
     column.ned = 1700;
     BucklingControlRolledI(column, column, column, column, column, column, column, column);
@@ -315,7 +314,7 @@ TEST(RolledI, WithoutTheControlNothingIsReduced)
 TEST(RolledI, NamesTheGoverningSegment)
 {
     const auto limit = [](double first, double last) {
-        ProjectState s = members::Heb200();
+        Member s = members::Heb200();
         s.ltb = 1;
         s.restraints = 2;
         EndMoments(s, first, last);
@@ -325,7 +324,7 @@ TEST(RolledI, NamesTheGoverningSegment)
     EXPECT_EQ(limit(50, 0), " < 1.0 (0 - L/3;  (Ch 6.3.2))");
     EXPECT_EQ(limit(0, 50), " < 1.0 (2L/3 -  L;  (Ch 6.3.2))");
 
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.ltb = 1;
     s.l = 15.0f;
     s.restraints = 2;
@@ -336,7 +335,7 @@ TEST(RolledI, NamesTheGoverningSegment)
 
 TEST(RolledI, EndForcesWithoutRestraintsNameNoSegment)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.ltb = 1;
     EndMoments(s, 50, 0);
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
@@ -345,7 +344,7 @@ TEST(RolledI, EndForcesWithoutRestraintsNameNoSegment)
 
 TEST(RolledI, WritesWholeTexts)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.ned = 500;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
     const RowText z = TextOf(RowZ(s));
@@ -385,7 +384,7 @@ TEST(RolledI, SwappedEndMomentsGiveTheSame)
 
 TEST(RolledI, D207TorsionalBucklingIsNotPartOfTheAxialRows)
 {
-    ProjectState s = members::Upe300();
+    Member s = members::Upe300();
     s.l = 2.0f;
     s.lt = 6.0f;  // long in torsion
     s.ned = 500;

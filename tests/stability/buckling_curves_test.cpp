@@ -78,7 +78,7 @@ TEST(BucklingCurves, TakesTheChosenCurve)
     } kCases[] = {{1, "a0", 0.13}, {2, "a", 0.21}, {3, "b", 0.34}, {4, "c", 0.49},
                   {5, "d", 0.76},  {9, "d", 0.76}, {-1, "d", 0.76}};
     for (const auto& c : kCases) {
-        ProjectState s = members::Heb200();
+        Member s = members::Heb200();
         s.bcy = c.choice;
         s.bcz = c.choice;
         BucklingCurves(s, s, s);
@@ -91,7 +91,7 @@ TEST(BucklingCurves, TakesTheChosenCurve)
 
 TEST(BucklingCurves, ChoosesEachAxisForItself)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.bcy = 1;
     BucklingCurves(s, s, s);
     EXPECT_EQ(s.curvey.text(), "a0");
@@ -112,7 +112,7 @@ TEST(BucklingCurves, ColdTubeTakesC)
 TEST(BucklingCurves, D203HighStrengthBeginsAbove440)
 {
     for (const int family : {2, 6, 31}) {
-        ProjectState s = members::Heb200();
+        Member s = members::Heb200();
         s.family = static_cast<i16>(family);
         s.tubehot = 1;
         s.fyk = 440;
@@ -149,7 +149,7 @@ TEST(BucklingCurves, D204BoxTakesBWithThickWeldsOrSlenderPlates)
 
 TEST(BucklingCurves, D205BritishChannelKeepsTheCurveOfTheRunBefore)
 {
-    ProjectState s = members::Upe300();
+    Member s = members::Upe300();
     BucklingCurves(s, s, s);
     s.family = 103;
     BucklingCurves(s, s, s);

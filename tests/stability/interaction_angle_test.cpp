@@ -12,19 +12,18 @@
 namespace kestrum {
 namespace {
 
-ProjectState Loaded()
+Member Loaded()
 {
-    ProjectState s = members::Angle100();
+    Member s = members::Angle100();
     members::UniformLoad(s, 2);
     s.ned = 50;
-    BucklingCurves(s, s, s);
-    BucklingResistance(s, s, s, s, s);
+    members::ResistBuckling(s);
     return s;
 }
 
 TEST(CmAngleLoads, TakeTheShapesOfYAndZWithThePrincipalForces)
 {
-    ProjectState s = Loaded();
+    Member s = Loaded();
     s.mzl = -1;
     s.mzmaxabs = 1;
     s.mzlinear = kTrue;
@@ -36,7 +35,7 @@ TEST(CmAngleLoads, TakeTheShapesOfYAndZWithThePrincipalForces)
 
 TEST(CmAngleForces, TakeTheLinearFormula)
 {
-    ProjectState s = Loaded();
+    Member s = Loaded();
     s.psiy = 1;
     s.psiz = 0;
     CmAngleForces(s, s);
@@ -47,7 +46,7 @@ TEST(CmAngleForces, TakeTheLinearFormula)
 // kvv = cmv mu/(1 - n) with mu/(1 - n) = 1/(1 - chi n); kvu = cmu muz/(1 - NEd/Ncr,u).
 TEST(KAngleAnnexA, D226HasNoTorsionalTerm)
 {
-    ProjectState s = Loaded();
+    Member s = Loaded();
     s.cmv = 0.9;
     s.cmu = 0.8;
     s.muz = 0.95;
@@ -60,7 +59,7 @@ TEST(KAngleAnnexA, D226HasNoTorsionalTerm)
 
 TEST(KAngleAnnexA, FinishesAtTheCriticalForce)
 {
-    ProjectState s = Loaded();
+    Member s = Loaded();
     s.cmv = s.cmu = s.muz = 1;
     s.ncrv = s.ncru = s.ned;
     KAngleAnnexA(s, s);
@@ -70,7 +69,7 @@ TEST(KAngleAnnexA, FinishesAtTheCriticalForce)
 
 TEST(KAngleAnnexB, D227BothFactorsAreThoseOfV)
 {
-    ProjectState s = Loaded();
+    Member s = Loaded();
     s.cmv = 0.9;
     s.cmu = 0.5;
     s.lamv = 0.8;
@@ -85,7 +84,7 @@ TEST(KAngleAnnexB, D227BothFactorsAreThoseOfV)
 // 45 degrees, My 4, Mz 2: both 6/sqrt(2) = 4.2426; smallest point resistances 14.81 and 6.493.
 TEST(AnglePrincipalMoments, AddAsSizes)
 {
-    ProjectState s = members::Angle100();
+    Member s = members::Angle100();
     s.mydesign = -4;
     s.mzdesign = 2;
     const PrincipalMoments m = AnglePrincipalMoments(s, s, s, s);
@@ -99,7 +98,7 @@ TEST(AnglePrincipalMoments, AddAsSizes)
 
 TEST(AnglePrincipalMoments, TurnByTheAngle)
 {
-    ProjectState s = members::Angle100();
+    Member s = members::Angle100();
     s.alfa = 30;
     s.mydesign = 10;
     const PrincipalMoments m = AnglePrincipalMoments(s, s, s, s);

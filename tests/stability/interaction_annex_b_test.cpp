@@ -10,14 +10,13 @@
 namespace kestrum {
 namespace {
 
-ProjectState Heb200BeamColumn()
+Member Heb200BeamColumn()
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     members::UniformLoad(s, 10);
     s.ned = 100;
     s.ltb = 1;
-    BucklingCurves(s, s, s);
-    BucklingResistance(s, s, s, s, s);
+    members::ResistBuckling(s);
     return s;
 }
 
@@ -25,7 +24,7 @@ ProjectState Heb200BeamColumn()
 // = 0.9760; kzy 1 - 0.1/(0.95 - 0.25) 0.0920 = 0.9869 (lamz 1.292 is above 1).
 TEST(KFactorsAnnexB, WorksOutAHeb200)
 {
-    ProjectState s = Heb200BeamColumn();
+    Member s = Heb200BeamColumn();
     CmAnnexBLoads(s, s, s);
     KFactorsAnnexB(s, s, s, s, s);
     EXPECT_DOUBLE_EQ(s.cmy, 0.95);
@@ -46,7 +45,7 @@ class CmTable : public testing::TestWithParam<CmCase> {};
 TEST_P(CmTable, GivesTheFactor)
 {
     const CmCase& c = GetParam();
-    ProjectState s = Heb200BeamColumn();
+    Member s = Heb200BeamColumn();
     s.mycurved = c.curved ? kTrue : kFalse;
     s.mylinear = c.linear ? kTrue : kFalse;
     s.my0 = c.first;
@@ -84,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(
 // A mid moment equal to an end moment is not the larger one.
 TEST(CmAnnexBLoads, SpanGovernsStrictly)
 {
-    ProjectState s = Heb200BeamColumn();
+    Member s = Heb200BeamColumn();
     s.my0 = s.myl = -40;
     s.mymid = 40;
     s.psiy = 1;
@@ -99,13 +98,13 @@ TEST(CmAnnexBLoads, SpanGovernsStrictly)
 
 TEST(CmAnnexBLoads, TakesTheShapeOfTheOtherAxisWithoutLoads)
 {
-    ProjectState s = Heb200BeamColumn();
+    Member s = Heb200BeamColumn();
     s.mzcurved = kFalse;
     CmAnnexBLoads(s, s, s);  // loads in z only
     EXPECT_DOUBLE_EQ(s.cmz, 0.95);
     EXPECT_EQ(s.mzcurved, kTrue);
 
-    ProjectState y = Heb200BeamColumn();
+    Member y = Heb200BeamColumn();
     y.hasyloads = kFalse;
     y.haszloads = kTrue;
     y.mzcurved = kFalse;
@@ -117,7 +116,7 @@ TEST(CmAnnexBLoads, TakesTheShapeOfTheOtherAxisWithoutLoads)
 
 TEST(CmAnnexBLoads, ClosedSectionsHaveNoCmLt)
 {
-    ProjectState s = members::Shs150();
+    Member s = members::Shs150();
     members::UniformLoad(s, 10);
     CmAnnexBLoads(s, s, s);
     EXPECT_EQ(s.cmlt, 1.0f);
@@ -127,7 +126,7 @@ TEST(CmAnnexBLoads, ClosedSectionsHaveNoCmLt)
 // 0.
 TEST(CmAnnexBLoads, D221RatiosTakeTheSmallerEndMoment)
 {
-    ProjectState s = Heb200BeamColumn();
+    Member s = Heb200BeamColumn();
     s.my0 = 0;
     s.myl = -31.25;
     s.mymid = 15.625;
@@ -151,7 +150,7 @@ TEST(KFactorsAnnexB, AreCmOrOneWithoutAxialForce)
 {
     constexpr i16 kClasses[] = {1, 3};
     for (const i16 cls : kClasses) {
-        ProjectState s = Heb200BeamColumn();
+        Member s = Heb200BeamColumn();
         s.ned = 0;
         s.classmy = cls;
         CmAnnexBLoads(s, s, s);
@@ -213,7 +212,7 @@ TEST(KFactorsAnnexB, FollowsTheTables)
 
 TEST(KFactorsAnnexB, D223ClassOfMyPicksTheColumnForBothMoments)
 {
-    ProjectState s = Heb200BeamColumn();
+    Member s = Heb200BeamColumn();
     CmAnnexBLoads(s, s, s);
     KFactorsAnnexB(s, s, s, s, s);
     const double plastic = s.kyz;
@@ -224,11 +223,10 @@ TEST(KFactorsAnnexB, D223ClassOfMyPicksTheColumnForBothMoments)
 
 TEST(KFactorsAnnexB, D224SingleSymmetricIHasNoPlasticKzz)
 {
-    ProjectState s = members::Single600();
+    Member s = members::Single600();
     s.ned = 100;
     s.classmy = 2;
-    BucklingCurves(s, s, s);
-    BucklingResistance(s, s, s, s, s);
+    members::ResistBuckling(s);
     CmAnnexBLoads(s, s, s);
     KFactorsAnnexB(s, s, s, s, s);
     EXPECT_EQ(s.kzz, 0.0);
@@ -244,7 +242,7 @@ TEST(KFactorsAnnexB, D224SingleSymmetricIHasNoPlasticKzz)
 // lamz 0.3, n_z 0.5: 1 - 0.1 0.3/0.5 0.5 = 0.97; Table B.2 allows 0.6 + 0.3 = 0.9.
 TEST(KFactorsAnnexB, D225NoBranchBelowTheSlenderness04)
 {
-    ProjectState s = Heb200BeamColumn();
+    Member s = Heb200BeamColumn();
     s.lamz = 0.3;
     s.nbzrd = 200;
     s.cmlt = 0.75f;

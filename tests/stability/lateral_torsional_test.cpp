@@ -29,7 +29,7 @@ double Mcr(const ProjectState& s, double c1, double lever, double length)
 // f 0.9729, chi mod 0.7849.
 TEST(WholeMember, WorksOutAHeb200)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     UniformLoad(s, 10);
     s.loadlevel = 1;
     LateralTorsionalBuckling(s, s, s, s, s, s);
@@ -48,12 +48,11 @@ TEST(WholeMember, WorksOutAHeb200)
     EXPECT_EQ(s.mydesignf, 31.25f);
 }
 
-ProjectState Ipe330()
+Member Ipe330()
 {
-    ProjectState s{};
-    members::FillCommon(s, 4, 235);
-    members::FillSection(s, {330, 160, 7.5, 11.5, 6260, 1.177e8, 7.881e6, 281500, 1.991e11, 713100,
-                             804300, 98520, 153700});
+    Member s = members::Of(4, 235,
+                           {330, 160, 7.5, 11.5, 6260, 1.177e8, 7.881e6, 281500, 1.991e11, 713100,
+                            804300, 98520, 153700});
     s.l = 5.7f;
     return s;
 }
@@ -63,7 +62,7 @@ ProjectState Ipe330()
 // 113.42, 1.2909, 0.4790, f 0.9857, 0.4859, Mb,Rd 91.85.
 TEST(WholeMember, MatchesPublishedIpe330)
 {
-    ProjectState s = Ipe330();
+    Member s = Ipe330();
     UniformLoad(s, 22.28);
     s.loadlevel = 1;
     LateralTorsionalBuckling(s, s, s, s, s, s);
@@ -82,7 +81,7 @@ TEST(WholeMember, MatchesPublishedIpe330)
 // Fixed ends, q: Table 6.6 has kc 0.90. Here 1/sqrt(2.578) = 0.6228.
 TEST(WholeMember, D235FactorKcFollowsC1)
 {
-    ProjectState s = Ipe330();
+    Member s = Ipe330();
     s.supportcase = 2;
     UniformLoad(s, 22.28);
     LateralTorsionalBuckling(s, s, s, s, s, s);
@@ -95,7 +94,7 @@ TEST(WholeMember, D235FactorKcFollowsC1)
 // The same with the publication's own factors, entered by hand.
 TEST(WholeMember, MatchesPublishedIpe330WithItsFactors)
 {
-    ProjectState s = Ipe330();
+    Member s = Ipe330();
     UniformLoad(s, 22.28);
     s.loadlevel = 1;
     s.cmanual = kTrue;
@@ -111,10 +110,9 @@ TEST(WholeMember, MatchesPublishedIpe330WithItsFactors)
 // 120.7, lam 1.28, chi 0.53, Mb,Rd 105.7 without f.
 TEST(WholeMember, MatchesPublishedUb305)
 {
-    ProjectState s{};
-    members::FillCommon(s, 101, 275);
-    members::FillSection(s, {306.6, 165.7, 6.7, 11.8, 5870, 9.899e7, 8.96e6, 222000, 1.95e11,
-                             646000, 720000, 108000, 166000});
+    Member s = members::Of(101, 275,
+                           {306.6, 165.7, 6.7, 11.8, 5870, 9.899e7, 8.96e6, 222000, 1.95e11, 646000,
+                            720000, 108000, 166000});
     s.l = 7.613f;
     s.mydesign = 50;
     s.mydesignf = 50;
@@ -131,7 +129,7 @@ TEST(WholeMember, MatchesPublishedUb305)
 // Mcr 868.5, lam 1.121, 0.4937, f 0.9781, 0.5047; level 1: zg 525.6, Mcr 551.8, 0.3732.
 TEST(WholeMember, WorksOutTheSingleSymmetricI)
 {
-    ProjectState s = members::Single600();
+    Member s = members::Single600();
     s.l = 6.0f;
     UniformLoad(s, 50);
     LateralTorsionalBuckling(s, s, s, s, s, s);
@@ -153,7 +151,7 @@ TEST(WholeMember, WorksOutTheSingleSymmetricI)
 
 TEST(WholeMember, TakesTheCompressedSideOfTheSingleSymmetricI)
 {
-    ProjectState s = members::Single600();
+    Member s = members::Single600();
     s.mybotrd = 800;
     UniformLoad(s, -10);
     LateralTorsionalBuckling(s, s, s, s, s, s);
@@ -169,7 +167,7 @@ TEST(WholeMember, PutsTheLoadAtItsLevel)
         double single, twin;  // zload of the single-symmetric I, of the HEB
     } kCases[] = {{1, 600 - 238.03, 100}, {2, 0, 0}, {3, -238.03, -100}, {4, 40, 40}};
     for (const auto& c : kCases) {
-        ProjectState s = members::Single600();
+        Member s = members::Single600();
         UniformLoad(s, 10);
         s.loadlevel = c.level;
         s.za = 40;
@@ -177,7 +175,7 @@ TEST(WholeMember, PutsTheLoadAtItsLevel)
         EXPECT_NEAR(s.zload, c.single, 1e-4);
         EXPECT_NEAR(s.zg, c.single - double(s.zshear), 1e-4);
 
-        ProjectState h = members::Heb200();
+        Member h = members::Heb200();
         UniformLoad(h, 10);
         h.loadlevel = c.level;
         h.za = 40;
@@ -189,7 +187,7 @@ TEST(WholeMember, PutsTheLoadAtItsLevel)
 
 TEST(WholeMember, GeneralProfileIsLoadedAtItsCentroid)
 {
-    ProjectState s = members::Welded600();
+    Member s = members::Welded600();
     s.family = 41;
     s.loadlevel = 1;
     UniformLoad(s, 10);
@@ -201,11 +199,11 @@ TEST(WholeMember, GeneralProfileIsLoadedAtItsCentroid)
 // sign of zg is not turned.
 TEST(WholeMember, D213LoadLevelKeepsItsSignUnderUplift)
 {
-    ProjectState down = members::Heb200();
+    Member down = members::Heb200();
     UniformLoad(down, 10);
     down.loadlevel = 3;
     LateralTorsionalBuckling(down, down, down, down, down, down);
-    ProjectState up = members::Heb200();
+    Member up = members::Heb200();
     UniformLoad(up, -10);
     up.loadlevel = 3;
     LateralTorsionalBuckling(up, up, up, up, up, up);
@@ -216,7 +214,7 @@ TEST(WholeMember, D213LoadLevelKeepsItsSignUnderUplift)
 
 TEST(WholeMember, IsCalculatedWithoutMomentToo)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     LateralTorsionalBuckling(s, s, s, s, s, s);
     EXPECT_GT(s.mcr, 0);
     EXPECT_LT(s.xlt, 1);
@@ -238,7 +236,7 @@ class LtCurve : public testing::TestWithParam<AlphaCase> {};
 TEST_P(LtCurve, TakesItsImperfectionFactor)
 {
     const AlphaCase& c = GetParam();
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.family = static_cast<i16>(c.family);
     s.h = c.h;
     s.b = c.b;
@@ -290,7 +288,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(LtCurveRolled, DoesNothingForOtherFamilies)
 {
     for (const int family : {5, 16, 28, 103}) {
-        ProjectState s = members::Heb200();
+        Member s = members::Heb200();
         s.family = static_cast<i16>(family);
         const LtReduction r = LtCurveRolled(s, s, s, s, 1e6, 0.94f, true);
         EXPECT_EQ(r.xlt, 1.0);
@@ -301,7 +299,7 @@ TEST(LtCurveRolled, DoesNothingForOtherFamilies)
 
 TEST(LtCurveGeneral, D214ReducesFromTheSlenderness02On)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     EXPECT_LT(LtCurveGeneral(s, s, s, s.wyused * 355 / (0.3 * 0.3), true).xlt, 1.0);
     EXPECT_EQ(LtCurveRolled(s, s, s, s, s.wyused * 355 / (0.3 * 0.3), 1.0f, true).xlt, 1.0);
 }
@@ -312,7 +310,7 @@ TEST(LtCurves, FallWithSlendernessAndNeverExceedOne)
         double general = 1.0;
         double rolled = 1.0;
         for (double lam = 0.05; lam < 4; lam += 0.01) {
-            const ProjectState s = members::Heb200();
+            const Member s = members::Heb200();
             const double mcr = s.wyused * 355 / (lam * lam);
             const LtReduction g = LtCurveGeneral(s, s, s, mcr, true);
             const LtReduction r = LtCurveRolled(s, s, s, s, mcr, kc, true);
@@ -329,7 +327,7 @@ TEST(LtCurves, FallWithSlendernessAndNeverExceedOne)
 // 1.022; 1/(1.022 + sqrt(1.0445 - 0.75)) = 0.6392. Curve d, alpha 0.76: phi = 1.103, 0.5583.
 TEST(LtCurveRolled, D239BritishAnnexKeepsCurveCForTallSections)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.annexindex = kAnnexUk;
     s.h = 990;
     s.b = 300;
@@ -338,7 +336,7 @@ TEST(LtCurveRolled, D239BritishAnnexKeepsCurveCForTallSections)
 
 TEST(LtCurveRolled, D215WeldedDoubleSymmetricTakesTheRolledParameters)
 {
-    ProjectState s = members::Welded600();
+    Member s = members::Welded600();
     const double mcr = s.wyused * 355;
     const double before = LtCurveRolled(s, s, s, s, mcr, 1.0f, true).xlt;
     s.lamdalt0w = 0.2f;
@@ -347,7 +345,7 @@ TEST(LtCurveRolled, D215WeldedDoubleSymmetricTakesTheRolledParameters)
     s.family = 41;
     EXPECT_EQ(LtCurveRolled(s, s, s, s, mcr, 1.0f, true).xlt, before);
 
-    ProjectState single = members::Single600();
+    Member single = members::Single600();
     const double single_mcr = single.wytop * 355.0;
     const double single_before =
         LtCurveRolled(single, single, single, single, single_mcr, 1.0f, true).xlt;
@@ -361,7 +359,7 @@ TEST(LtCurveRolled, D215WeldedDoubleSymmetricTakesTheRolledParameters)
 // 10.24) = -0.8031, and the factor turns negative.
 TEST(LtCurveRolled, D216FactorFFallsBelowOneWithKcAboveOne)
 {
-    const ProjectState s = members::Single600();
+    const Member s = members::Single600();
     const float kc = static_cast<float>(1 / std::sqrt(0.712));
     const LtReduction at2 = LtCurveRolled(s, s, s, s, s.wytop * 355.0 / 4, kc, true);
     EXPECT_NEAR(at2.ffactor, 0.8260, 5e-4);
@@ -374,7 +372,7 @@ TEST(LtCurveRolled, D216FactorFFallsBelowOneWithKcAboveOne)
 
 TEST(Curve, IsGeneralForAnyOptionBut3)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     UniformLoad(s, 10);
     s.ltbcurve = 2;
     LateralTorsionalBuckling(s, s, s, s, s, s);
@@ -391,7 +389,7 @@ TEST(Curve, IsGeneralForAnyOptionBut3)
 // lam 1.148, 0.3977, MRd 23.96.
 TEST(WholeMember, WorksOutAFlatBar)
 {
-    ProjectState s = members::FlatBar150();
+    Member s = members::FlatBar150();
     UniformLoad(s, 8);
     s.loadlevel = 1;
     LateralTorsionalBuckling(s, s, s, s, s, s);

@@ -11,10 +11,9 @@
 namespace kestrum {
 namespace {
 
-ProjectState Member(int supportcase, bool curved, float k, int spring = 0)
+Member Span(int supportcase, bool curved, float k, int spring = 0)
 {
-    ProjectState s{};
-    s.supportcase = static_cast<i16>(supportcase);
+    Member s = Member::Bare().Supports(supportcase);
     s.mycurved = curved ? kTrue : kFalse;
     s.ltbk = k;
     s.spring = static_cast<i16>(spring);
@@ -36,7 +35,7 @@ TEST_P(SupportFactors, FollowTheTable)
 {
     const FactorCase& c = GetParam();
     const CFactors f = [&] {
-        ProjectState s = Member(c.supportcase, c.curved, c.k, c.spring);
+        Member s = Span(c.supportcase, c.curved, c.k, c.spring);
         return LtCFactors(s, s);
     }();
     EXPECT_NEAR(f.c1, c.c1, 1e-6);
@@ -74,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(LtCFactors, D210FixedEndsUnderUniformLoadHave2578)
 {
     const CFactors c = [&] {
-        ProjectState s = Member(2, true, 1.0f);
+        Member s = Span(2, true, 1.0f);
         return LtCFactors(s, s);
     }();
     EXPECT_EQ(c.c1, 2.578);
@@ -86,14 +85,14 @@ TEST(LtCFactors, D211ValuesRunOnBeyondKOne)
 {
     EXPECT_NEAR(
         [&] {
-            ProjectState s = Member(2, true, 2.0f);
+            Member s = Span(2, true, 2.0f);
             return LtCFactors(s, s);
         }()
             .c1,
         6.310, 1e-9);
     EXPECT_NEAR(
         [&] {
-            ProjectState s = Member(0, true, 2.0f);
+            Member s = Span(0, true, 2.0f);
             return LtCFactors(s, s);
         }()
             .c1,
@@ -104,7 +103,7 @@ TEST(LtCFactors, D211ValuesRunOnBeyondKOne)
 // straight line has 1.35, that of a level line, which counts as curved, 1.12 instead of 1.
 TEST(LtCFactors, D234MomentsOnPinnedEndsKeepTheRowOfTheSupport)
 {
-    ProjectState s = Member(0, false, 1.0f);
+    Member s = Span(0, false, 1.0f);
     members::EndMoments(s, 100, 90);
     EXPECT_EQ(LtCFactors(s, s).c1, 1.35);
     EXPECT_NEAR(SegmentC1(0.9, 1.0), 1.056, 1e-9);
@@ -117,7 +116,7 @@ TEST(LtCFactors, D234MomentsOnPinnedEndsKeepTheRowOfTheSupport)
 // A cantilever with k = 1 looks up with k = 0.5.
 TEST(LtCFactors, CantileverLooksUpWithHalfTheFactor)
 {
-    ProjectState s = Member(4, true, 1.0f);
+    Member s = Span(4, true, 1.0f);
     s.my0 = -100;
     s.mymid = -25;  // q: a quarter of the end moment at the middle
     EXPECT_NEAR(LtCFactors(s, s).c1, 1.05, 1e-9);
@@ -128,7 +127,7 @@ TEST(LtCFactors, CantileverLooksUpWithHalfTheFactor)
 
 TEST(LtCFactors, CantileverTakesTheUniformRowForASwollenMiddleOnly)
 {
-    ProjectState s = Member(4, false, 2.0f);
+    Member s = Span(4, false, 2.0f);
     s.my0 = -100;
     s.mymid = -60;  // exactly 1.2 times the mean
     EXPECT_NEAR(LtCFactors(s, s).c1, 1.35, 1e-9);
@@ -138,7 +137,7 @@ TEST(LtCFactors, CantileverTakesTheUniformRowForASwollenMiddleOnly)
 
 TEST(LtCFactors, TakesManualValues)
 {
-    ProjectState s = Member(0, true, 1.0f);
+    Member s = Span(0, true, 1.0f);
     s.cmanual = kTrue;
     s.c1 = 1.5;
     s.c2 = 0.7;
@@ -151,7 +150,7 @@ TEST(LtCFactors, TakesManualValues)
 
 TEST(LtCFactors, ClosedFormReplacesC1Only)
 {
-    ProjectState s = Member(0, true, 1.0f);
+    Member s = Span(0, true, 1.0f);
     s.c1alt = kTrue;
     EXPECT_NEAR(LtCFactors(s, s).c1, 1.12, 1e-9);  // no moment: the table
     s.mymaxabs = s.mymax = 10;
@@ -165,7 +164,7 @@ TEST(LtCFactors, ClosedFormReplacesC1Only)
 // Parabola sampled at 0, 12, 25, 38, 50 of 50: M2 = M4 = 4 0.24 0.76 = 0.7296.
 TEST(LtAlternativeC1, GivesTheHandValues)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     members::UniformLoad(s, 8);
     const double m = 0.7296 * 0.7296;
     EXPECT_NEAR(LtAlternativeC1(s, s), std::sqrt(21.0 / (1 + 10 * m + 10)), 1e-6);
@@ -180,7 +179,7 @@ TEST(LtAlternativeC1, GivesTheHandValues)
 // C1 = sqrt(w + ((1 - w)/2)^2) + (1 - w)/2.
 TEST(LtAlternativeC1, UsesTheLengthFactor)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     members::EndMoments(s, 10, 10);
     s.ltbk = 0.5f;
     const double w = std::sqrt(0.5);
@@ -190,9 +189,9 @@ TEST(LtAlternativeC1, UsesTheLengthFactor)
 
 TEST(LtAlternativeC1, DoesNotDependOnTheSignOfTheMoments)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     members::UniformLoad(s, 8);
-    ProjectState up = members::Heb200();
+    Member up = members::Heb200();
     members::UniformLoad(up, -8);
     EXPECT_DOUBLE_EQ(LtAlternativeC1(s, s), LtAlternativeC1(up, up));
 }

@@ -32,7 +32,7 @@ double Mcr(const ProjectState& s, double c1, double lever, double length)
 // of the largest; the middle segment has r = 1, C1 = 1.
 TEST(Segments, TakeTheDiagramPointsAtTheRestraints)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     s.l = 15.0f;
     UniformLoad(s, 5);
     s.restraints = 2;
@@ -54,7 +54,7 @@ TEST(Segments, TakeTheDiagramPointsAtTheRestraints)
 // The largest moment, 31.25 at the middle, is not the moment of the check.
 TEST(Segments, D201MissTheMomentBetweenTheRestraints)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     UniformLoad(s, 10);
     s.restraints = 2;
     LateralTorsionalBuckling(s, s, s, s, s, s);
@@ -67,7 +67,7 @@ TEST(Segments, D201MissTheMomentBetweenTheRestraints)
 // count.
 TEST(Segments, D233TakeAStraightMomentLineAndNoLoadLevel)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     UniformLoad(s, 10);
     s.restraints = 1;
     s.loadlevel = 1;
@@ -81,7 +81,7 @@ TEST(Segments, D233TakeAStraightMomentLineAndNoLoadLevel)
 // Three restraints: 12.5 and 37.5 round to the even points 12 and 38.
 TEST(Segments, RoundHalfPointsToEven)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     EndMoments(s, 0, 50);
     s.restraints = 3;
     LateralTorsionalBuckling(s, s, s, s, s, s);
@@ -95,7 +95,7 @@ TEST(Segments, RoundHalfPointsToEven)
 
 TEST(Segments, EndForcesAreOneSegmentWithoutRestraints)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     EndMoments(s, 40, 20);
     LateralTorsionalBuckling(s, s, s, s, s, s);
     EXPECT_EQ(s.beampart, 1);
@@ -106,7 +106,7 @@ TEST(Segments, EndForcesAreOneSegmentWithoutRestraints)
 
 TEST(Segments, ManualFactorsActOnTheWholeMemberOnly)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     EndMoments(s, 40, 40);
     s.cmanual = kTrue;
     s.c1 = 3;
@@ -116,13 +116,13 @@ TEST(Segments, ManualFactorsActOnTheWholeMemberOnly)
 
 TEST(Segments, TheLastOfEqualRatiosGoverns)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     EndMoments(s, 40, 40);
     s.restraints = 3;
     LateralTorsionalBuckling(s, s, s, s, s, s);
     EXPECT_EQ(s.beampart, 4);
 
-    ProjectState unloaded = members::Heb200();
+    Member unloaded = members::Heb200();
     unloaded.restraints = 2;
     LateralTorsionalBuckling(unloaded, unloaded, unloaded, unloaded, unloaded, unloaded);
     EXPECT_EQ(unloaded.beampart, 3);
@@ -131,7 +131,7 @@ TEST(Segments, TheLastOfEqualRatiosGoverns)
 
 TEST(Segments, KeepTheMomentWithItsSign)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     EndMoments(s, -60, 30);
     LateralTorsionalBuckling(s, s, s, s, s, s);
     EXPECT_EQ(s.mydesignf, -60.0f);
@@ -141,7 +141,7 @@ TEST(Segments, KeepTheMomentWithItsSign)
 // r = -1: mean 0 counts as hogging, and of equal sizes the first end gives the sign.
 TEST(Segments, OpposedMomentsTakeTheBottomSide)
 {
-    ProjectState s = members::Single600();
+    Member s = members::Single600();
     s.mybotrd = 900;
     EndMoments(s, 100, -100);
     LateralTorsionalBuckling(s, s, s, s, s, s);
@@ -173,11 +173,11 @@ TEST(Segments, MoreRestraintsNeverLowerTheResistanceForUniformMoment)
 TEST(Segments, SwappedEndMomentsGiveTheSame)
 {
     for (int n = 0; n <= 5; ++n) {
-        ProjectState s = members::Heb200();
+        Member s = members::Heb200();
         s.restraints = static_cast<i16>(n);
         EndMoments(s, 45, -12);
         LateralTorsionalBuckling(s, s, s, s, s, s);
-        ProjectState t = members::Heb200();
+        Member t = members::Heb200();
         t.restraints = static_cast<i16>(n);
         EndMoments(t, -12, 45);
         LateralTorsionalBuckling(t, t, t, t, t, t);
@@ -189,7 +189,7 @@ TEST(Segments, SwappedEndMomentsGiveTheSame)
 
 TEST(Segments, MoreThanFiveRestraintsStopThePass)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     EndMoments(s, 40, 40);
     s.restraints = 5;
     EXPECT_NO_THROW(LateralTorsionalBuckling(s, s, s, s, s, s));
@@ -202,7 +202,7 @@ TEST(Segments, MoreThanFiveRestraintsStopThePass)
 // HEB 200, k 1: C1 = 1; k 0.5: 1.05. lam0 = sqrt(MRd/Mcr0); by hand Mcr0 321.08, lam0 0.8428.
 TEST(LtUniformMcr, GivesTheSlendernessOfUniformMoment)
 {
-    ProjectState s = members::Heb200();
+    Member s = members::Heb200();
     LtUniformMcr(s, s, s, s, s, s);
     EXPECT_NEAR(s.mcr0, Mcr(s, 1.0, 0, 5000), s.mcr0 * 1e-6);
     EXPECT_NEAR(s.lam0, 0.8428, 5e-5);
@@ -217,7 +217,7 @@ TEST(LtUniformMcr, GivesTheSlendernessOfUniformMoment)
 TEST(LtUniformMcr, CoversEveryFamilyWithTheCheck)
 {
     for (const int family : {1, 5, 15, 16, 21, 28, 41, 101, 102, 103}) {
-        ProjectState s = members::Heb200();
+        Member s = members::Heb200();
         s.family = static_cast<i16>(family);
         LtUniformMcr(s, s, s, s, s, s);
         EXPECT_GT(s.mcr0, 0) << family;
@@ -226,7 +226,7 @@ TEST(LtUniformMcr, CoversEveryFamilyWithTheCheck)
 
 TEST(LtUniformMcr, TakesTheSideOfTheMidMomentInTheSingleSymmetricI)
 {
-    ProjectState s = members::Single600();
+    Member s = members::Single600();
     s.mymid = 10;
     LtUniformMcr(s, s, s, s, s, s);
     EXPECT_NEAR(s.mcr0, Mcr(s, 1.0, -double(s.zjtop), 5000), s.mcr0 * 1e-6);

@@ -1,10 +1,11 @@
 #pragma once
 
-// Members for the stability tests, filled by hand: section values as printed in the usual tables,
-// resistances by area or modulus times fy. Factors gammaM 1.0, E 210000, no driver and no section
-// routine in between.
+// Members for the stability tests: section values as printed in the usual tables, resistances by
+// area or modulus times fy, no driver and no section routine in between.
 
-#include "core/project_state.h"
+#include "stability/buckling_curves.h"
+#include "stability/buckling_resistance.h"
+#include "support/members.h"
 #include "support/rows.h"
 
 #include <algorithm>
@@ -15,52 +16,11 @@
 
 namespace kestrum::members {
 
-// What every member has: recommended values of the standard, one span of 5 m, all switches at rest.
-inline void FillCommon(ProjectState& s, int family, double fyk)
+// Curves and resistances of flexural buckling.
+inline void ResistBuckling(ProjectState& s)
 {
-    s.family = static_cast<i16>(family);
-    s.gammam0 = 1.0;
-    s.gammam1 = 1.0f;
-    s.e = 210000.0f;
-    s.fyk = static_cast<float>(fyk);
-    s.irlimit = 1.0f;
-    s.lamdalt0 = 0.4f;
-    s.beta = 0.75;
-    s.lamdalt0w = 0.4f;
-    s.betaw = 0.75;
-    s.l = 5.0f;
-    s.ly = 1.0f;
-    s.lz = 1.0f;
-    s.ltbk = 1.0f;
-    s.ltbcurve = 3;
-    s.loadlevel = 2;
-    s.loadmode = 1;
-    s.method = 2;
-    s.classn = 1;
-    s.classmy = 1;
-    s.classmz = 1;
-    s.openprofile = kTrue;
-    s.hasyloads = kTrue;
-    s.haszloads = kFalse;
-    s.mycurved = kTrue;
-    s.mzcurved = kTrue;
-    s.bcy = s.bcz = 0;
-    s.ltb = 0;
-    s.restraints = 0;
-    s.cmanual = s.c1alt = kFalse;
-    s.weldopt = 0;
-    s.lopt = 1;
-    s.errorflag = 0;
-    s.ned = 0;
-    s.mydesign = 0;
-    s.mzdesign = 0;
-    s.psiy = s.psiz = 0;
-    s.mylinear = s.mzlinear = kFalse;
-    s.my0 = s.mymid = s.myl = s.mymaxabs = s.mymax = s.mymin = 0;
-    s.mz0 = s.mzmid = s.mzl = s.mzmaxabs = 0;
-    s.myendratio = s.mypeakratio = s.mzendratio = s.mzpeakratio = 0;
-    s.mydiag.fill(0.0f);
-    s.weldopt = 0;
+    BucklingCurves(s, s, s);
+    BucklingResistance(s, s, s, s, s);
 }
 
 struct Section {
@@ -69,8 +29,16 @@ struct Section {
     double wely, wply, welz, wplz;
 };
 
-inline void FillSection(ProjectState& s, const Section& p)
+// A member of this section, all of class 1, bent about y by loads in the shear centre.
+inline Member Of(int family, float fyk, const Section& p)
 {
+    Member s = Member::Bare(family).Steel(fyk);
+    s.ltbcurve = 3;
+    s.loadlevel = 2;
+    s.method = 2;
+    s.lopt = 1;
+    s.classn = s.classmy = s.classmz = 1;
+    s.openprofile = s.hasyloads = s.mycurved = s.mzcurved = kTrue;
     s.h = static_cast<float>(p.h);
     s.b = static_cast<float>(p.b);
     s.tw = static_cast<float>(p.tw);
@@ -90,6 +58,7 @@ inline void FillSection(ProjectState& s, const Section& p)
     s.nplrd = s.ncrd = s.nrdm1 = p.a * s.fyk / 1000.0;
     s.mplyrd = s.myrd = s.myrdm1 = p.wply * s.fyk / 1e6;
     s.mplzrd = s.mzrd = s.mzrdm1 = p.wplz * s.fyk / 1e6;
+    return s;
 }
 
 constexpr Section kHeb200{200,   200,     9,      15,     7810,   56.96e6, 20.03e6,
@@ -101,38 +70,21 @@ constexpr Section kUpe300{300,   100,    9.5,    15,     5660,  78.2e6, 5.68e6,
 constexpr Section kTube244{244.5,    244.5, 10,     10,     7367,   50.731e6, 50.731e6,
                            1.0146e8, 0,     414980, 550240, 414980, 550240};
 
-inline void FillHeb200(ProjectState& s)
+inline Member Heb200()
 {
-    FillCommon(s, 2, 355);
-    FillSection(s, kHeb200);
+    return Of(2, 355, kHeb200);
 }
 
-inline void FillShs150(ProjectState& s)
+inline Member Shs150()
 {
-    FillCommon(s, 6, 355);
-    FillSection(s, kShs150);
+    Member s = Of(6, 355, kShs150);
     s.openprofile = kFalse;
-}
-
-inline ProjectState Heb200()
-{
-    ProjectState s{};
-    FillHeb200(s);
     return s;
 }
 
-inline ProjectState Shs150()
+inline Member Upe300()
 {
-    ProjectState s{};
-    FillShs150(s);
-    return s;
-}
-
-inline ProjectState Upe300()
-{
-    ProjectState s{};
-    FillCommon(s, 5, 355);
-    FillSection(s, kUpe300);
+    Member s = Of(5, 355, kUpe300);
     s.ecg = 28.9f;
     s.ys = 36.2f;
     s.ltbcurve = 2;
@@ -140,12 +92,11 @@ inline ProjectState Upe300()
 }
 
 // Welded double-symmetric I 600x300x12x20.
-inline ProjectState Welded600()
+inline Member Welded600()
 {
-    ProjectState s{};
-    FillCommon(s, 21, 355);
-    FillSection(s, {600, 300, 12, 20, 18720, 1.185e9, 9.008e7, 1.923e6, 7.569e12, 3.951e6, 4.421e6,
-                    600500, 920200});
+    Member s = Of(21, 355,
+                  {600, 300, 12, 20, 18720, 1.185e9, 9.008e7, 1.923e6, 7.569e12, 3.951e6, 4.421e6,
+                   600500, 920200});
     return s;
 }
 
@@ -155,12 +106,11 @@ inline ProjectState Welded600()
 // -163.6; psif (Itop - Ibot)/(Itop + Ibot) = -7/9; zjtop (2/9 - 1) 0.5 580 = -225.6, zjbot (16/9 -
 // 1) 0.4 580 = 180.4; Iw 1.3333e7 1.0667e8/1.2e8 580^2 = 3.987e12; Wel 3.076e6 (top), 4.677e6
 // (bottom).
-inline ProjectState Single600()
+inline Member Single600()
 {
-    ProjectState s{};
-    FillCommon(s, 22, 355);
-    FillSection(s, {600, 300, 12, 20, 18720, 1.1134e9, 1.2008e8, 1.923e6, 3.9872e12, 3.0758e6,
-                    4.087e6, 600400, 1.02016e6});
+    Member s = Of(22, 355,
+                  {600, 300, 12, 20, 18720, 1.1134e9, 1.2008e8, 1.923e6, 3.9872e12, 3.0758e6,
+                   4.087e6, 600400, 1.02016e6});
     s.btop = 200;
     s.ttop = 20;
     s.bbot = 400;
@@ -184,12 +134,11 @@ inline ProjectState Single600()
 }
 
 // L 100x100x10: A 1915, Iy = Iz 176.7e4, Iu 280.3e4, Iv 73.0e4, e 28.22.
-inline ProjectState Angle100()
+inline Member Angle100()
 {
-    ProjectState s{};
-    FillCommon(s, 10, 355);
-    FillSection(
-        s, {100, 100, 10, 10, 1915, 1.767e6, 1.767e6, 63330, 5.556e7, 24620, 24620, 24620, 24620});
+    Member s =
+        Of(10, 355,
+           {100, 100, 10, 10, 1915, 1.767e6, 1.767e6, 63330, 5.556e7, 24620, 24620, 24620, 24620});
     s.iu = 2.803e6f;
     s.iv = 0.730e6f;
     s.ey = s.ez = 28.22f;
@@ -206,11 +155,10 @@ inline ProjectState Angle100()
 }
 
 // Flat bar 150x12, S235: A 1800, Iy 12 150^3/12, Iz 150 12^3/12 = 21600, It 150 12^3/3 = 86400.
-inline ProjectState FlatBar150()
+inline Member FlatBar150()
 {
-    ProjectState s{};
-    FillCommon(s, 28, 355);
-    FillSection(s, {150, 12, 12, 0, 1800, 3.375e6, 21600, 86400, 0, 45000, 67500, 3600, 5400});
+    Member s =
+        Of(28, 355, {150, 12, 12, 0, 1800, 3.375e6, 21600, 86400, 0, 45000, 67500, 3600, 5400});
     s.ltbcurve = 2;
     s.l = 1.0f;
     return s;
@@ -263,9 +211,9 @@ constexpr i16 kMethods[] = {1, 2};
 constexpr int kFailures = FE_DIVBYZERO | FE_INVALID | FE_OVERFLOW;
 
 // HEB 200, S355, L 5, pinned, q 10 on the top flange, N 100.
-inline ProjectState BeamColumn(i16 method)
+inline Member BeamColumn(i16 method)
 {
-    ProjectState s = Heb200();
+    Member s = Heb200();
     UniformLoad(s, 10);
     s.ned = 100;
     s.ltb = 1;
