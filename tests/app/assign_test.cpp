@@ -200,17 +200,14 @@ TEST(Assign, TextsKeepToOneLine)
     EXPECT_EQ(Set(s, "p41ident", ""), "");
 }
 
-ProjectState OfFourMetres()
+Member OfFourMetres()
 {
-    ProjectState s{};
-    s.l = 4;
-    s.loadmode = 1;
-    return s;
+    return Member::Bare().Length(4);
 }
 
 TEST(MisplacedLoad, TellsWhatLiesBeyondTheMember)
 {
-    ProjectState s = OfFourMetres();
+    Member s = OfFourMetres();
     EXPECT_EQ(MisplacedLoad(s), "");
     s.pmx[8] = 4;
     EXPECT_EQ(MisplacedLoad(s), "");
@@ -239,7 +236,7 @@ TEST(MisplacedLoad, TellsWhatLiesBeyondTheMember)
 
 TEST(MisplacedLoad, TellsOfTrapezoidalLoadsThatTheLoadFormWouldNotLeave)
 {
-    ProjectState s = OfFourMetres();
+    Member s = OfFourMetres();
     s.qt1[3] = 5;
     s.qt2[3] = 5;
     s.qtx1[3] = 3;

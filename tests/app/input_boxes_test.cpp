@@ -3,6 +3,7 @@
 #include "app/cell_reader.h"
 #include "core/field_table.h"
 #include "core/project_state.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -11,31 +12,6 @@
 
 namespace kestrum {
 namespace {
-
-// A record in which every rule that looks at other fields has room.
-ProjectState Roomy()
-{
-    ProjectState s{};
-    s.l = 5;
-    s.p23 = {.isth = 600, .istb1 = 600, .isttw = 10, .isttf = 20, .ista = 50};
-    s.p24 = {
-        .isth = 300, .istb1 = 300, .istb2 = 540, .isttw = 6, .isttf1 = 25, .isttf2 = 15, .hsqc = 5};
-    s.p25 = {.isth = 300,
-             .istb1 = 300,
-             .istb2 = 430,
-             .isttw = 6,
-             .isttf1 = 25,
-             .isttf2 = 15,
-             .istc = 15};
-    s.p27 = {.isth = 600,
-             .istb1 = 600,
-             .istb2 = 600,
-             .isttw = 10,
-             .isttf1 = 20,
-             .isttf2 = 20,
-             .istc = 25};
-    return s;
-}
 
 int FirstRow(const Box& box)
 {
@@ -53,13 +29,13 @@ void Check(const BoxCase& c)
 {
     SCOPED_TRACE(std::string(c.form) + "." + c.id);
     for (const char* text : c.good) {
-        ProjectState s = Roomy();
+        Member s;
         const BoxOutcome outcome = Enter(s, c.form, c.id, text);
         EXPECT_TRUE(outcome.taken) << text;
         EXPECT_EQ(outcome.message, "") << text;
     }
     for (const char* text : c.bad) {
-        ProjectState s = Roomy();
+        Member s;
         const BoxOutcome outcome = Enter(s, c.form, c.id, text);
         EXPECT_FALSE(outcome.taken) << text;
         EXPECT_EQ(outcome.message, c.message) << text;
@@ -78,7 +54,7 @@ TEST(InputBoxes, LoadsAndEndForcesTakeAnyNumber)
     for (const Box* const box : FreeBoxes()) {
         ASSERT_NE(box, nullptr);
         for (const char* text : {"-1000", "0", "", "1E6"}) {
-            ProjectState s = Roomy();
+            Member s;
             EXPECT_TRUE(Commit(s, *box, FirstRow(*box), text, false).taken)
                 << box->id << " " << text;
         }
@@ -88,7 +64,7 @@ TEST(InputBoxes, LoadsAndEndForcesTakeAnyNumber)
 // Whatever is refused, the user reads what is allowed in the unit of the box.
 TEST(InputBoxes, WhatIsAllowedHasItsUnit)
 {
-    const ProjectState s = Roomy();
+    const Member s;
     int with = 0;
     for (const Box& box : InputBoxes()) {
         SCOPED_TRACE(std::string(box.form) + "." + std::string(box.id));
@@ -126,14 +102,14 @@ TEST(InputBoxes, EveryOneNamesAFieldAndNoTwoShareAPlace)
 
 TEST(InputBoxes, ARefusedValueStaysInTheRecord)
 {
-    ProjectState s = Roomy();
+    Member s;
     EXPECT_FALSE(Enter(s, "kestrum", "il", "0.0499").taken);
     EXPECT_EQ(s.l, 0.0499f);
 }
 
 TEST(InputBoxes, ARefusedPositionBecomesZero)
 {
-    ProjectState s = Roomy();
+    Member s;
     s.pmx[1] = 2;
     EXPECT_FALSE(Enter(s, "Loading", "ipmx", "7").taken);
     EXPECT_EQ(s.pmx[1], 0);
@@ -141,7 +117,7 @@ TEST(InputBoxes, ARefusedPositionBecomesZero)
 
 TEST(InputBoxes, RelativePositionsAreKeptInMetres)
 {
-    ProjectState s = Roomy();
+    Member s;
     s.qtrelative = s.pmrelative = s.cprelative = 1;
     EXPECT_TRUE(Enter(s, "Loading", "iqtx1", "0.5").taken);
     EXPECT_EQ(s.qtx1[1], 2.5f);
@@ -156,7 +132,7 @@ TEST(InputBoxes, RelativePositionsAreKeptInMetres)
 
 TEST(InputBoxes, RubbishIsReportedUnderACommaLocaleOnly)
 {
-    ProjectState s = Roomy();
+    Member s;
     const Box& box = *FindBox("kestrum", "il");
     const BoxOutcome comma = Commit(s, box, 0, "abc", true);
     EXPECT_FALSE(comma.taken);
@@ -171,7 +147,7 @@ TEST(InputBoxes, RubbishIsReportedUnderACommaLocaleOnly)
 
 TEST(InputBoxes, WholeNumbersAreRoundedHalvesToTheEvenOne)
 {
-    ProjectState s = Roomy();
+    Member s;
     EXPECT_TRUE(Enter(s, "kestrum", "ispring", "98.5").taken);
     EXPECT_EQ(s.spring, 98);
     EXPECT_TRUE(Enter(s, "kestrum", "ispring", "1.5").taken);
@@ -182,7 +158,7 @@ TEST(InputBoxes, WholeNumbersAreRoundedHalvesToTheEvenOne)
 
 TEST(InputBoxes, DoubleFieldsTakeTheDecimalThatWasTyped)
 {
-    ProjectState s = Roomy();
+    Member s;
     EXPECT_TRUE(Enter(s, "setup", "igammam0", "1.05").taken);
     EXPECT_EQ(s.gammam0, 1.05);
     EXPECT_TRUE(Enter(s, "p53", "isttw", "11.7").taken);
@@ -191,7 +167,7 @@ TEST(InputBoxes, DoubleFieldsTakeTheDecimalThatWasTyped)
 
 TEST(InputBoxes, RulesFollowTheOtherFieldsOfTheForm)
 {
-    ProjectState s = Roomy();
+    Member s;
     s.p25.istc = 200;  // 430 - 200 leaves 230
     EXPECT_FALSE(Enter(s, "p25", "istb1", "230").taken);
     EXPECT_TRUE(Enter(s, "p25", "istb1", "229").taken);
@@ -201,7 +177,7 @@ TEST(InputBoxes, RulesFollowTheOtherFieldsOfTheForm)
 
 TEST(InputBoxes, RulesCountInTheDigitsThatAreTyped)
 {
-    ProjectState s = Roomy();
+    Member s;
     s.l = 4.3F;  // a little more than 4300 mm as a float
     EXPECT_FALSE(Enter(s, "endstiff", "iweba", "4300").taken);
     EXPECT_TRUE(Enter(s, "endstiff", "iweba", "4299").taken);
@@ -219,7 +195,7 @@ TEST(InputBoxes, RulesCountInTheDigitsThatAreTyped)
 
 TEST(InputBoxes, ANarrowerTopFlangeMovesTheOverhang)
 {
-    ProjectState s = Roomy();  // tw 10, c 25
+    Member s;  // tw 10, c 25
     EXPECT_EQ(Enter(s, "p27", "istb1", "70").message, "");
     EXPECT_EQ(s.p27.istc, 25);  // 70/2 - 10 is just enough
     const BoxOutcome moved = Enter(s, "p27", "istb1", "60");
@@ -233,7 +209,7 @@ TEST(InputBoxes, ANarrowerTopFlangeMovesTheOverhang)
 
 TEST(InputBoxes, ShowTheirFormat)
 {
-    ProjectState s = Roomy();
+    Member s;
     s.fyk = 50;
     s.e = 210000;
     s.p52.istb1 = 612.5;

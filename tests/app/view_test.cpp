@@ -15,6 +15,7 @@
 #include "report/standard_text.h"
 #include "sections/family_table.h"
 #include "standard/costs.h"
+#include "support/members.h"
 #include "support/rows.h"
 
 #include <algorithm>
@@ -347,24 +348,14 @@ TEST(PanelBars, BelongToTheirRows)
 // The standard's result
 
 // A beam of 6 m under 10 kN/m permanent and 5 kN/m variable load, Eq 6.10 of the European annex.
-ProjectState Beam()
+Member Beam()
 {
-    ProjectState s{};
-    StartUp(Delivered(), s);
-    s.l = 6;
-    s.nload = {};
-    s.qload[1] = 10;
-    s.qload[2] = 5;
-    s.qtype[2] = 1;
-    s.loadcomb = kEq610;
-    s.checksls = kTrue;
-    Calculate(Delivered(), s);
-    return s;
+    return Member("l=6 nload[1]=0 qload[2]=5 qtype[2]=1 loadcomb=0 checksls=true").Calculated();
 }
 
 TEST(StandardGroups, TheLargestOfThemIsTheResult)
 {
-    const ProjectState s = Beam();
+    const Member s = Beam();
     const auto result = standard::CalculateStandard(Delivered(), s);
     double largest = 0;
     for (const StandardGroup& group : StandardGroups(s, result)) {
@@ -399,7 +390,7 @@ TEST(StandardGroups, StandBesideTheBlocksOfEveryFamily)
 // EN 1990, Table A1.2(B): 1.35 and 1.0 on permanent actions, 1.5 on the variable one or none.
 TEST(Combinations, HaveTheirFactorsAndOneGoverns)
 {
-    const ProjectState s = Beam();
+    const Member s = Beam();
     const auto result = standard::CalculateStandard(Delivered(), s);
     std::set<std::string> factors;
     int governing = 0;

@@ -1,6 +1,7 @@
 #include "core/annexes.h"
 #include "core/load_combination.h"
 #include "core/project_state.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -135,19 +136,6 @@ const AnnexCase kAnnexCases[] = {
      "ULS: Eq 6.10b: LC = 0.85*1.35*G + 1.5*Q1 + 1.5*0.3*Q2"},
 };
 
-ProjectState Annexed(int annexindex, i16 safetyclass)
-{
-    ProjectState s{};
-    s.annexindex = static_cast<i16>(annexindex);
-    s.safetyclass = safetyclass;
-    s.loadcomb = kEq610a;
-    s.psi1index = 6;
-    s.psi2index = 2;
-    SetPsi(s);
-    ApplyAnnexLoads(s, s, annexindex);
-    return s;
-}
-
 // DIN EN 1993-1-1/NA gives 1.1 for members whose instability is checked.
 TEST(Annexes, D24GermanPartialFactorOfInstabilityIs1_0)
 {
@@ -194,7 +182,7 @@ TEST(Annexes, SetTheirLoadFactors)
 {
     for (const AnnexCase& c : kAnnexCases) {
         SCOPED_TRACE(c.code);
-        const ProjectState s = Annexed(AnnexIndexFromCode(c.code), 2);
+        const ProjectState s = Member::Bare().Annex(AnnexIndexFromCode(c.code), kEq610a, 2);
         EXPECT_EQ(s.g610g, c.loads.g610g);
         EXPECT_EQ(s.g610q1, c.loads.g610q1);
         EXPECT_EQ(s.g610q2, c.loads.g610q2);
@@ -204,7 +192,8 @@ TEST(Annexes, SetTheirLoadFactors)
         EXPECT_EQ(s.g610bg, c.loads.g610bg);
         EXPECT_EQ(s.xi610b, c.loads.xi);
         for (i16 safetyclass = 0; safetyclass <= 3; ++safetyclass) {
-            const ProjectState classed = Annexed(AnnexIndexFromCode(c.code), safetyclass);
+            const ProjectState classed =
+                Member::Bare().Annex(AnnexIndexFromCode(c.code), kEq610a, safetyclass);
             EXPECT_EQ(classed.kfig, c.g[safetyclass]) << safetyclass;
             EXPECT_EQ(classed.kfiq, static_cast<float>(c.q[safetyclass])) << safetyclass;
         }
@@ -215,7 +204,8 @@ TEST(Annexes, NameTheirFactorsInTheTexts)
 {
     for (const AnnexCase& c : kAnnexCases) {
         SCOPED_TRACE(c.code);
-        const ProjectState s = Annexed(AnnexIndexFromCode(c.code), c.safetyclass);
+        const ProjectState s =
+            Member::Bare().Annex(AnnexIndexFromCode(c.code), kEq610a, c.safetyclass);
         EXPECT_EQ(CombText610(s), c.eq610);
         EXPECT_EQ(CombText610a(s), c.eq610a);
         EXPECT_EQ(CombText610b(s), c.eq610b);

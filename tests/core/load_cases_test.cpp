@@ -4,6 +4,7 @@
 
 #include "core/annexes.h"
 #include "core/project_state.h"
+#include "support/members.h"
 
 #include <gtest/gtest.h>
 
@@ -14,18 +15,9 @@
 namespace kestrum {
 namespace {
 
-ProjectState Project(int annex, int loadcomb, int safetyclass = 2)
+Member Project(int annex, int loadcomb, int safetyclass = 2)
 {
-    ProjectState s{};
-    s.annexindex = static_cast<i16>(annex);
-    s.loadcomb = static_cast<i16>(loadcomb);
-    s.safetyclass = static_cast<i16>(safetyclass);
-    s.loadmode = 1;
-    s.psi1index = 6;  // 0.7
-    s.psi2index = 4;  // 0.5
-    SetPsi(s);
-    ApplyAnnexLoads(s, s, annex);
-    return s;
+    return Member::Bare().Annex(annex, loadcomb, safetyclass, 6, 4);  // psi1 0.7, psi2 0.5
 }
 
 constexpr ActionsPresent kAll{true, true, true};
@@ -71,7 +63,7 @@ TEST(StrengthCases, Equation610LetsEachVariableLoadLeadOnce)
 
 TEST(StrengthCases, CategoriesWithoutLoadsGiveNoCases)
 {
-    const ProjectState s = Project(kAnnexEu, kEq610);
+    const Member s = Project(kAnnexEu, kEq610);
     EXPECT_EQ(Names(StrengthCases(s, {true, true, false})),
               (std::vector<std::string>{"6.10 G sup", "6.10 G sup + Q1", "6.10 G inf",
                                         "6.10 G inf + Q1"}));
@@ -114,7 +106,7 @@ TEST(StrengthCases, EqualCasesCountOnce)
 
 TEST(StrengthCases, OwnFactorsAndEndForcesAreOneCase)
 {
-    ProjectState s = Project(kAnnexEu, kUserFactors);
+    Member s = Project(kAnnexEu, kUserFactors);
     s.lfulsg = 1.2f;
     s.lfulsq1 = 1.4f;
     s.lfulsq2 = 0.3f;

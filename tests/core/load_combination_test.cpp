@@ -3,6 +3,7 @@
 #include "core/annexes.h"
 #include "core/number_format.h"
 #include "core/project_state.h"
+#include "support/members.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,19 +15,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-ProjectState Annexed(int annexindex, i16 safetyclass, i16 loadcomb)
-{
-    ProjectState s{};
-    s.annexindex = static_cast<i16>(annexindex);
-    s.safetyclass = safetyclass;
-    s.loadcomb = loadcomb;
-    s.psi1index = 6;
-    s.psi2index = 2;
-    SetPsi(s);
-    ApplyAnnexLoads(s, s, annexindex);
-    return s;
-}
 
 TEST(LoadFactors, PsiFollowsTheListIndex)
 {
@@ -47,10 +35,12 @@ TEST(LoadFactors, PsiFollowsTheListIndex)
 TEST(LoadFactors, DanishClass1IsNotReducedInEq610)
 {
     for (i16 loadcomb = 0; loadcomb <= 3; ++loadcomb) {
-        EXPECT_EQ(Annexed(kAnnexDk, 1, loadcomb).kfig, loadcomb == 0 ? 1.0 : 0.9) << loadcomb;
-        EXPECT_EQ(Annexed(kAnnexDk, 1, loadcomb).kfiq, loadcomb == 0 ? 1.0f : 0.9f) << loadcomb;
-        EXPECT_EQ(Annexed(kAnnexDk, 3, loadcomb).kfig, 1.1) << loadcomb;
-        EXPECT_EQ(Annexed(kAnnexFi, 1, loadcomb).kfig, 0.9) << loadcomb;
+        EXPECT_EQ(Member::Bare().Annex(kAnnexDk, loadcomb, 1).kfig, loadcomb == 0 ? 1.0 : 0.9)
+            << loadcomb;
+        EXPECT_EQ(Member::Bare().Annex(kAnnexDk, loadcomb, 1).kfiq, loadcomb == 0 ? 1.0f : 0.9f)
+            << loadcomb;
+        EXPECT_EQ(Member::Bare().Annex(kAnnexDk, loadcomb, 3).kfig, 1.1) << loadcomb;
+        EXPECT_EQ(Member::Bare().Annex(kAnnexFi, loadcomb, 1).kfig, 0.9) << loadcomb;
     }
 }
 
@@ -72,13 +62,13 @@ void ExpectFactors(const LoadFactors& f, double g, double q1, double q2)
 TEST(LoadFactors, OfTheStrengthCombinations)
 {
     // By hand, psi1 = 0.7, psi2 = 0.3.
-    const ProjectState eu = Annexed(0, 3, 0);
+    const Member eu = Member::Bare().Annex(0, 0, 3);
     ExpectFactors(StrengthFactors(eu, eu, 0), 1.35, 1.5, 1.05);
     ExpectFactors(StrengthFactors(eu, eu, 1), 1.35, 1.05, 0.45);
     ExpectFactors(StrengthFactors(eu, eu, 2), 1.1475, 1.5, 0.45);
     ExpectFactors(StrengthFactors(eu, eu, 5), 1, 1, 1);
 
-    const ProjectState fi = Annexed(kAnnexFi, 3, 2);
+    const Member fi = Member::Bare().Annex(kAnnexFi, 2, 3);
     ExpectFactors(StrengthFactors(fi, fi, 0), 1.21, 1.65, 1.155);
     ExpectFactors(StrengthFactors(fi, fi, 1), 1.485, 0, 0);
     ExpectFactors(StrengthFactors(fi, fi, 2), 1.265, 1.65, 0.495);
@@ -88,7 +78,7 @@ TEST(LoadFactors, SwedishClass1Eq610aCarriesPermanentLoadsAlone)
 {
     ExpectFactors(
         [&] {
-            ProjectState s = Annexed(kAnnexSw, 1, 1);
+            Member s = Member::Bare().Annex(kAnnexSw, 1, 1);
             return StrengthFactors(s, s, 1);
         }(),
         1.35 * 0.83, 0, 0);
@@ -98,7 +88,7 @@ TEST(LoadFactors, NorwegianClass1ReducesVariableLoadsOnly)
 {
     ExpectFactors(
         [&] {
-            ProjectState s = Annexed(kAnnexNo, 1, 0);
+            Member s = Member::Bare().Annex(kAnnexNo, 0, 1);
             return StrengthFactors(s, s, 0);
         }(),
         1.35, 1.35, 0.945);
@@ -106,7 +96,7 @@ TEST(LoadFactors, NorwegianClass1ReducesVariableLoadsOnly)
 
 TEST(LoadFactors, UserFactorsAndServiceability)
 {
-    ProjectState s = Annexed(0, 3, 4);
+    Member s = Member::Bare().Annex(0, 4, 3);
     s.lfulsg = 1.2f;
     s.lfulsq1 = 1.3f;
     s.lfulsq2 = 0.7f;
@@ -123,7 +113,7 @@ TEST(LoadFactors, UserFactorsAndServiceability)
 
 TEST(LoadFactors, UnknownSelectorCombinesNothing)
 {
-    const ProjectState s = Annexed(0, 3, 0);
+    const Member s = Member::Bare().Annex(0, 0, 3);
     for (const int loadcomb : {-1, 6, 32767}) {
         EXPECT_EQ(StrengthFactors(s, s, loadcomb), (LoadFactors{0, 0, 0}));
         EXPECT_EQ(ServiceFactors(s, loadcomb), (LoadFactors{0, 0, 0}));
@@ -137,14 +127,14 @@ TEST(LoadFactors, D23DanishAndFinnishEq610TakesPermanentWith1_1)
 {
     EXPECT_EQ(
         [&] {
-            ProjectState s = Annexed(kAnnexDk, 2, 0);
+            Member s = Member::Bare().Annex(kAnnexDk, 0, 2);
             return StrengthFactors(s, s, 0);
         }()
             .g,
         static_cast<double>(1.1f));
     EXPECT_EQ(
         [&] {
-            ProjectState s = Annexed(kAnnexFi, 2, 0);
+            Member s = Member::Bare().Annex(kAnnexFi, 0, 2);
             return StrengthFactors(s, s, 0);
         }()
             .g,
@@ -153,7 +143,7 @@ TEST(LoadFactors, D23DanishAndFinnishEq610TakesPermanentWith1_1)
 
 TEST(LoadFactors, D26UserDefinedEq610aTakesPermanentWith1_1)
 {
-    const ProjectState s = Annexed(kAnnexUd, 3, 1);
+    const Member s = Member::Bare().Annex(kAnnexUd, 1, 3);
     EXPECT_EQ(StrengthFactors(s, s, 1).g, static_cast<double>(1.1f));
     EXPECT_EQ(CombText610a(s), "ULS: Eq 6.10a: LC = 1.35*G + 1.5*0.7*Q1 + 1.5*0.3*Q2");
 }
@@ -163,7 +153,7 @@ TEST(LoadFactors, D27OneFactorOnPermanentLoads)
     // A relieving permanent load of 10 against a variable one of 20: -13.5 + 30; the standard, -10
     // + 30.
     const LoadFactors f = [&] {
-        ProjectState s = Annexed(0, 3, 0);
+        Member s = Member::Bare().Annex(0, 0, 3);
         return StrengthFactors(s, s, 0);
     }();
     EXPECT_NEAR(-10 * f.g + 20 * f.q1, 16.5, 1e-5);
@@ -171,7 +161,7 @@ TEST(LoadFactors, D27OneFactorOnPermanentLoads)
 
 TEST(LoadFactors, D28Eq610TakesPsi1OnQ2)
 {
-    const ProjectState s = Annexed(0, 3, 0);  // psi1 0.7, psi2 0.3
+    const Member s = Member::Bare().Annex(0, 0, 3);  // psi1 0.7, psi2 0.3
     EXPECT_NEAR(StrengthFactors(s, s, 0).q2, 1.5 * 0.7, 1e-6);
 }
 
@@ -181,7 +171,7 @@ TEST(CombinationTexts, NameTheFactorOfTheClass)
     for (int annex = 0; annex < kAnnexes; ++annex) {
         for (i16 safetyclass = 1; safetyclass <= 3; ++safetyclass) {
             for (i16 loadcomb = kEq610; loadcomb <= kEq610b; ++loadcomb) {
-                const ProjectState s = Annexed(annex, safetyclass, loadcomb);
+                const Member s = Member::Bare().Annex(annex, loadcomb, safetyclass);
                 const std::string text = loadcomb == kEq610    ? CombText610(s)
                                          : loadcomb == kEq610a ? CombText610a(s)
                                                                : CombText610b(s);
@@ -213,7 +203,7 @@ TEST(CombinationTexts, OfTheUserFactorsHaveTwoDecimals)
 
 TEST(CombinationTexts, ListFollowsTheSelector)
 {
-    ProjectState s = Annexed(0, 3, 0);
+    Member s = Member::Bare().Annex(0, 0, 3);
     EXPECT_THAT(ShowCombination(s), ElementsAre(CombText610(s), CombText614(s)));
     s.loadcomb = 1;
     EXPECT_THAT(ShowCombination(s), ElementsAre(CombText610a(s), CombText614(s)));
@@ -241,7 +231,7 @@ TEST(CombinationTexts, SelectorNames)
 
 TEST(GoverningText, NamesTheCombinationInForce)
 {
-    ProjectState s = Annexed(0, 3, 0);
+    Member s = Member::Bare().Annex(0, 0, 3);
     const std::string head = "Governing Loadcase: EN1990 ";
     EXPECT_EQ(GoverningText(s), head + CombText610(s));
     s.checksls = kTrue;
@@ -258,7 +248,7 @@ TEST(GoverningText, NamesTheCombinationInForce)
 
 TEST(GoverningText, NamesTheWorseOfTwoCombinations)
 {
-    ProjectState s = Annexed(0, 3, 3);
+    Member s = Member::Bare().Annex(0, 3, 3);
     s.governing = 1;
     EXPECT_EQ(GoverningText(s), "Governing Loadcase: EN1990 " + CombText610a(s));
     s.governing = 2;

@@ -48,10 +48,7 @@ TEST(Calculate, EveryFamilyIsDesignedFromItsDefaults)
 // A column with some bending: HEA 200, L = 10 m, beyond its elastic critical force about z.
 Member Overloaded(i16 method)
 {
-    Member s = Member().BasicLoads();
-    s.row[0] = 5;
-    s.l = 10;
-    s.nload[1] = 1e4f;
+    Member s = Member().BasicLoads().Row(5).Length(10).Axial(1e4f);
     s.method = method;
     return s;
 }

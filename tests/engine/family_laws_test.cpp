@@ -20,10 +20,7 @@ namespace {
 // A flat bar on edge, with the linear interaction that its section control has.
 Member Bar(float n)
 {
-    Member s = Member().Family(28).BasicLoads();
-    s.l = 2;
-    s.nload[1] = n;
-    s.qload[1] = 2;
+    Member s = Member().Family(28).BasicLoads().Length(2).Axial(n).Load(2);
     s.checkconsercontrol = kTrue;
     return s;
 }

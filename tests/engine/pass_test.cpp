@@ -51,20 +51,16 @@ std::size_t allocations = 0;
 namespace kestrum {
 namespace {
 
-ProjectState Loaded(i16 family)
+Member Loaded(i16 family)
 {
-    Member s;
-    s.family = family;
-    s.l = 3;
+    Member s = Member().Family(family).Length(3).Axial(1).Load(1);
     s.loadcomb = 3;
     s.checksls = kTrue;
     s.selfweight = 1;
     s.modal = 1;
-    s.nload[1] = 1;
     s.ne = 1;
     s.my1 = 1;
     s.vz1 = 0;
-    s.qload[1] = 1;
     s.qload[2] = 0.5f;
     s.qdir[2] = 0;
     s.pm[1] = 2;
@@ -82,7 +78,7 @@ TEST(Pass, AllocatesNothing)
     for (const int family : FamilyNumbers()) {
         for (const i16 method : std::initializer_list<i16>{1, 2}) {
             for (const i16 loadmode : std::initializer_list<i16>{0, 1}) {
-                ProjectState s = Loaded(static_cast<i16>(family));
+                Member s = Loaded(static_cast<i16>(family));
                 s.method = method;
                 s.loadmode = loadmode;
                 const std::size_t before = allocations;
@@ -157,7 +153,7 @@ TEST(Pass, GivesTheSameAfterAnyOtherProject)
     for (const int second : FamilyNumbers()) {
         for (const i16 method : std::initializer_list<i16>{1, 2}) {
             for (const i16 loadmode : std::initializer_list<i16>{0, 1}) {
-                ProjectState inputs = Loaded(static_cast<i16>(second));
+                Member inputs = Loaded(static_cast<i16>(second));
                 inputs.method = method;
                 inputs.loadmode = loadmode;
                 const std::string file = WriteProject(inputs);
@@ -168,7 +164,7 @@ TEST(Pass, GivesTheSameAfterAnyOtherProject)
                     SCOPED_TRACE(std::to_string(second) + " after " + std::to_string(first) +
                                  ", method " + std::to_string(method) + ", load mode " +
                                  std::to_string(loadmode));
-                    ProjectState s = Loaded(static_cast<i16>(first));
+                    Member s = Loaded(static_cast<i16>(first));
                     s.method = static_cast<i16>(3 - method);
                     s.loadmode = static_cast<i16>(1 - loadmode);
                     s.annexcode = "DK";

@@ -19,21 +19,11 @@ namespace {
 // in a pass with loads and not at all in stations: 1e-6 is a few last bits of what follows.
 constexpr double kLastBits = 2e-6;
 
-ProjectState Bare(i16 family)
+Member Bare(i16 family)
 {
-    Member s;
-    s.family = family;
-    s.loadcomb = kUserFactors;
-    s.lfulsg = s.lfulsq1 = s.lfulsq2 = s.lfslsg = s.lfslsq1 = s.lfslsq2 = 1;
-    s.l = 3;
-    s.supportcase = 0;
-    s.selfweight = 0;
-    s.nload = {};
-    s.qload = {};
+    Member s = Member().Family(family).Unloaded().Length(3);
     s.checksls = kFalse;
     s.checkconsercontrol = family == 28 ? kTrue : kFalse;  // flat bar: the linear form
-    s.qdir.fill(1);
-    s.pmdir.fill(1);
     return s;
 }
 
@@ -109,7 +99,7 @@ TEST(Prepared, UniformLoadsGiveTheResultOfTheLoads)
     for (const int family : FamilyNumbers()) {
         for (int turn = 0; turn < 8; ++turn) {
             SCOPED_TRACE(std::to_string(family) + " turn " + std::to_string(turn));
-            ProjectState s = Bare(static_cast<i16>(family));
+            Member s = Bare(static_cast<i16>(family));
             s.method = turn % 2 == 0 ? 1 : 2;
             s.restraints = turn % 4 < 2 ? 0 : 2;
             s.ltb = 1;
@@ -138,7 +128,7 @@ TEST(Prepared, AForceGivesTheResultOfTheLoadFromFourStations)
     std::uniform_real_distribution<double> share(0.05, 0.95), size(1, 20);
     for (int turn = 0; turn < 60; ++turn) {
         SCOPED_TRACE(turn);
-        ProjectState s = Bare(turn % 2 == 0 ? 1 : 6);
+        Member s = Bare(turn % 2 == 0 ? 1 : 6);
         s.method = turn % 4 < 2 ? 1 : 2;
         s.pmkind[1] = 0;
         s.pm[1] = static_cast<float>(size(random));
@@ -154,7 +144,7 @@ TEST(Prepared, AForceGivesTheResultOfTheLoadFromFourStations)
 // A parabola lies above its chords by q dx^2/8 at the most: 1 percent of q l^2/8 with ten of them.
 TEST(Prepared, TenthsOfAParabolaComeWithinTheChordError)
 {
-    ProjectState s = Bare(4);
+    Member s = Bare(4);
     s.qload[1] = 6;
     s.nload[1] = 40;
     StationRun run;
@@ -187,7 +177,7 @@ TEST(Prepared, TorsionalLengthAndVaryingNAreThoseOfTheCase)
 {
     for (const i16 ltb : {i16{0}, i16{1}}) {
         SCOPED_TRACE(ltb);
-        ProjectState s = Bare(16);
+        Member s = Bare(16);
         s.ltb = ltb;
         s.method = 1;
         const PreparedMember member = Prepare(Delivered(), s);
@@ -262,7 +252,7 @@ TEST(Prepared, MoreStationsThanTheRecordHoldsChangeNothingOfAStraightLine)
 
 TEST(Prepared, CompressionAboveACriticalForceIsAFailedCase)
 {
-    ProjectState s = Bare(1);
+    Member s = Bare(1);
     s.l = 10;
     s.method = 1;
     const PreparedMember member = Prepare(Delivered(), s);
@@ -278,7 +268,7 @@ TEST(Prepared, CompressionAboveACriticalForceIsAFailedCase)
 
 TEST(Prepared, AMemberThatCannotBeCalculatedSaysWhy)
 {
-    ProjectState s = Bare(1);
+    Member s = Bare(1);
     s.l = -1;
     const PreparedMember member = Prepare(Delivered(), s);
     EXPECT_FALSE(member.usable);

@@ -36,17 +36,9 @@ std::vector<Choice> Choices()
     return choices;
 }
 
-ProjectState OfRow(const Choice& choice, int row)
+Member OfRow(const Choice& choice, int row)
 {
-    Member s;
-    s.family = choice.family;
-    if (choice.family == 101) {
-        s.series101 = choice.series;
-    } else if (choice.family == 103) {
-        s.series103 = choice.series;
-    }
-    s.row[static_cast<std::size_t>(choice.table)] = static_cast<i16>(row);
-    return s;
+    return Member().Family(choice.family, choice.series).Row(row);
 }
 
 void ForEveryRow(const std::function<void(const Choice&, int)>& test)
@@ -85,7 +77,7 @@ TEST(EveryTableRow, IsDesignedOrItsAxialForceIsAboveACriticalForce)
     int designed = 0;
     ForEveryRow([&designed](const Choice& choice, int row) {
         for (const i16 method : std::initializer_list<i16>{1, 2}) {
-            ProjectState s = OfRow(choice, row);
+            Member s = OfRow(choice, row);
             s.method = method;
             const bool well = EndsWell(s);
             if (well) {
@@ -104,7 +96,7 @@ TEST(EveryTableRow, IsDesignedOrItsAxialForceIsAboveACriticalForce)
 TEST(EveryTableRow, ResistsEveryForce)
 {
     ForEveryRow([](const Choice& choice, int row) {
-        ProjectState s = OfRow(choice, row);
+        Member s = OfRow(choice, row);
         s.nload[1] = IsPlate(s) ? 0.0f : 0.001f;
         s.qload[1] = 0.001f;
         ASSERT_TRUE(EndsWell(s));
@@ -136,7 +128,7 @@ TEST(EveryTableRow, ThickerOnesOfASizeResistMore)
     std::map<std::string, ProjectState> thinner;  // the last one of a size
     int compared = 0;
     ForEveryRow([&thinner, &compared](const Choice& choice, int row) {
-        ProjectState s = OfRow(choice, row);
+        Member s = OfRow(choice, row);
         s.nload[1] = 0;
         s.qload[1] = 0;
         ASSERT_TRUE(EndsWell(s));

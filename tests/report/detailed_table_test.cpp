@@ -3,7 +3,7 @@
 #include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
-#include "sections/load_library.h"
+#include "support/members.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,15 +19,11 @@ using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 // An I section under N, My and Mz, Annex A, with lateral torsional buckling.
-ProjectState Column()
+Member Column()
 {
-    ProjectState s{};
-    s.family = 1;
-    s.loadmode = 1;
+    Member s = Member::Bare();
     s.method = 1;
     s.ltb = 1;
-    s.ly = 1;
-    s.lz = 1;
     s.ned = 100;
     s.mydesign = 30;
     s.mzdesign = 3;
@@ -67,7 +63,7 @@ TEST(DetailedTable, HasAllRowsOfMethodOneInOrder)
 
 TEST(DetailedTable, MethodTwoLeavesOutTheTermsOfAnnexA)
 {
-    ProjectState s = Column();
+    Member s = Column();
     s.method = 2;
     const std::vector<DetailedRow> rows = FillDetailedResult(s);
     const std::vector<std::string> names = Parameters(rows);
@@ -87,7 +83,7 @@ TEST(DetailedTable, MethodTwoLeavesOutTheTermsOfAnnexA)
 
 TEST(DetailedTable, ValuesHaveFormatUnitAndReference)
 {
-    ProjectState s = Column();
+    Member s = Column();
     s.mcr = 736.94e6;  // Nmm
     s.lamlt = 0.7794F;
     s.kyy = 1.0049;
@@ -115,7 +111,7 @@ TEST(DetailedTable, ValuesHaveFormatUnitAndReference)
 
 TEST(DetailedTable, ReductionBeforeAndAfterTheFactorF)
 {
-    ProjectState s = Column();
+    Member s = Column();
     s.xlt0 = 0.81;
     s.xlt = 0.84;
     const std::vector<DetailedRow> rows = FillDetailedResult(s);
@@ -125,7 +121,7 @@ TEST(DetailedTable, ReductionBeforeAndAfterTheFactorF)
 
 TEST(DetailedTable, MomentShapeIsThatOfTheLoads)
 {
-    ProjectState s = Column();
+    Member s = Column();
     s.mycurved = kTrue;
     std::vector<DetailedRow> rows = FillDetailedResult(s);
     EXPECT_EQ(rows[1].value, "q-load");
@@ -143,7 +139,7 @@ TEST(DetailedTable, MomentShapeIsThatOfTheLoads)
 
 TEST(DetailedTable, NoTorsionalFlexuralForceIsNotApplicable)
 {
-    ProjectState s = Column();
+    Member s = Column();
     s.ncrtf = 0;
     EXPECT_EQ(Find(FillDetailedResult(s), " NcrTF").value, "N/A");
     s.ncrtf = 1e25;  // shear centre in the centroid
@@ -204,7 +200,7 @@ TEST(DetailedTable, ValuesOfAnEarlierMemberAreNotShown)
     };
     for (const Unused& unused : cases) {
         SCOPED_TRACE(unused.what);
-        ProjectState s = Column();
+        Member s = Column();
         s.mcr = s.mcr0 = 5e8;
         s.ncry = s.ncrz = s.ncrt = 500;
         unused.change(s);
@@ -221,10 +217,7 @@ TEST(DetailedTable, ValuesOfAnEarlierMemberAreNotShown)
 // Ncr = pi^2 E I/L^2 of the default member, 5 m long.
 TEST(DetailedTable, FollowsAPass)
 {
-    const Library library = LoadLibrary(KESTRUM_SHARE);
-    ProjectState s{};
-    StartUp(library, s);
-    ASSERT_TRUE(Calculate(library, s));
+    const Member s = Member().Calculated();
     const std::vector<DetailedRow> rows = FillDetailedResult(s);
     const double euler = 9.8696044 * 210000.0 * s.iy / (5000.0 * 5000.0) / 1000;
     ASSERT_TRUE(Find(rows, " Ncr,y").number);
@@ -234,7 +227,7 @@ TEST(DetailedTable, FollowsAPass)
 
 TEST(DetailedTable, CsvQuotesAndEndsLinesAsTheRuleAsks)
 {
-    ProjectState s = Column();
+    Member s = Column();
     s.avz = 3725.4;
     const std::string csv = DetailedCsv(FillDetailedResult(s));
     EXPECT_THAT(csv, StartsWith(" Parameter,Value,unit, Reference\r\n Moment shape,,,\r\n"));

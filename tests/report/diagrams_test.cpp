@@ -22,11 +22,7 @@ using ::testing::Not;
 // HEA, 5 m, q = 10 kN/m along z, basic loads: M = 10 25/8 = 31.25 kNm, V = 25 kN.
 Member Calculated(i16 supportcase = 0)
 {
-    Member s = Member().BasicLoads();
-    s.supportcase = supportcase;
-    s.spring = 50;
-    EXPECT_TRUE(EndsWell(s));
-    return s;
+    return Member().BasicLoads().Supports(supportcase).Calculated();
 }
 
 TEST(MomentDiagram, RunsFrom16To86AndItsLargestOrdinateIsTenUnits)
@@ -273,10 +269,9 @@ TEST(DrawAll, FollowsTheModeOfLoading)
     EXPECT_TRUE(HasText(DrawAll(s, LoadAxis::y).moment, "Shear (Vy, kN)"));
 }
 
-ProjectState Counted()
+Member Counted()
 {
-    ProjectState s{};
-    s.l = 5;
+    Member s = Member::Bare();
     for (std::size_t j = 0; j < s.mydiag.size(); ++j) {
         s.mydiag[j] = static_cast<float>(j);
         s.vzdiag[j] = -static_cast<float>(j);
@@ -288,7 +283,7 @@ ProjectState Counted()
 
 TEST(HoverText, ReadsTheNearestPoint)
 {
-    const ProjectState s = Counted();
+    const Member s = Counted();
     EXPECT_EQ(HoverText(s, LoadAxis::z, 16), " x = 0.000 m  My = 0.0 kNm  Vz = 0.0 kNm ");
     EXPECT_EQ(HoverText(s, LoadAxis::z, 51), " x = 2.500 m  My = 25.0 kNm  Vz = -25.0 kNm ");
     EXPECT_EQ(HoverText(s, LoadAxis::y, 51), " x = 2.500 m  Mz = 100.0 kNm  Vy = 0.3 kNm ");
@@ -297,14 +292,14 @@ TEST(HoverText, ReadsTheNearestPoint)
 // 3.5 units are 2.5 intervals, 10.5 units are 7.5.
 TEST(HoverText, TakesTheEvenPointHalfWay)
 {
-    const ProjectState s = Counted();
+    const Member s = Counted();
     EXPECT_THAT(HoverText(s, LoadAxis::z, 19.5), HasSubstr("My = 2.0 kNm"));
     EXPECT_THAT(HoverText(s, LoadAxis::z, 26.5), HasSubstr("My = 8.0 kNm"));
 }
 
 TEST(HoverText, IsEmptyOutsideTheMember)
 {
-    const ProjectState s = Counted();
+    const Member s = Counted();
     EXPECT_THAT(HoverText(s, LoadAxis::z, std::nextafter(86.0, 0.0)), HasSubstr("My = 50.0 kNm"));
     EXPECT_THAT(HoverText(s, LoadAxis::z, 86), IsEmpty());
     EXPECT_THAT(HoverText(s, LoadAxis::z, 15.999), IsEmpty());

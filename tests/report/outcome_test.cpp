@@ -3,7 +3,7 @@
 #include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/new_project.h"
-#include "sections/load_library.h"
+#include "support/members.h"
 #include "support/rows.h"
 
 #include <gtest/gtest.h>
@@ -17,22 +17,16 @@ namespace {
 // left over belongs to the loads of before and must not judge the end forces.
 TEST(Outcome, DeflectionOfEarlierLoadsDoesNotJudgeEndForces)
 {
-    const Library library = LoadLibrary(std::string(KESTRUM_SHARE));
-    ProjectState s = StartState(library);
-    s.family = 1;
-    s.row[static_cast<std::size_t>(Table::hea)] = 10;
-    s.nload[1] = 0;
-    s.qload[1] = 50;
-    s.l = 9;
+    Member s = Member().Row(10).Length(9).Axial(0).Load(50);
     s.checksls = kTrue;
-    const bool loaded = Calculate(library, s);
+    const bool loaded = Calculate(Delivered(), s);
     ASSERT_TRUE(loaded);
     ASSERT_GT(DeflectionZ(s).ratio, 1);
     EXPECT_EQ(OutcomeOf(s, loaded).verdict, Verdict::above);
     s.loadmode = 0;
     s.ne = 1;
     s.my1 = s.my2 = s.mz1 = s.mz2 = s.vy1 = s.vy2 = s.vz1 = s.vz2 = 0;
-    const bool well = Calculate(library, s);
+    const bool well = Calculate(Delivered(), s);
     ASSERT_TRUE(well);
     ASSERT_FALSE(DeflectionZ(s).empty());
     const Outcome outcome = OutcomeOf(s, well);

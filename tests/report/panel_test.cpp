@@ -3,6 +3,7 @@
 #include "core/load_combination.h"
 #include "core/project_state.h"
 #include "report/panel_text.h"
+#include "support/members.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,12 +23,9 @@ void Show(ProjectState& s, CheckId id, CheckForm form, std::array<double, 9> ter
     check.Judge(ratio, s.irlimit);
 }
 
-ProjectState Designed()
+Member Designed()
 {
-    ProjectState s{};
-    s.family = 1;
-    s.irlimit = 1;
-    s.l = 5;
+    Member s = Member::Bare();
     s.deflimity = 300;
     s.deflimitz = 250;
     Show(s, CheckId::n, CheckForm::compression, {1, 2}, 0.5);
@@ -35,9 +33,9 @@ ProjectState Designed()
     return s;
 }
 
-ProjectState Buckling()
+Member Buckling()
 {
-    ProjectState s = Designed();
+    Member s = Designed();
     Show(s, CheckId::flexural_y, CheckForm::flexural_y, {1, 2}, 0.5);
     return s;
 }
@@ -71,7 +69,7 @@ TEST(Panel, SectionBlockHasHeadRowsAndColours)
 
 TEST(Panel, GoverningLoadCaseStandsOnThePageOnly)
 {
-    const ProjectState s = Designed();
+    const Member s = Designed();
     double y = kPanelTop;
     const PanelBlock page = DrawSectionBlock(s, y, true);
     EXPECT_EQ(Text(page[0].left), GoverningText(s));
@@ -82,7 +80,7 @@ TEST(Panel, GoverningLoadCaseStandsOnThePageOnly)
 
 TEST(Panel, CheckPointsStandInTheHeadOfTheirMode)
 {
-    ProjectState s = Designed();
+    Member s = Designed();
     s.cpcount = 2;
     s.cp = {0, 2, 3, 4};
     double y = 0;
@@ -100,7 +98,7 @@ TEST(Panel, CheckPointsStandInTheHeadOfTheirMode)
 
 TEST(Panel, HatBeamTellsOfTheFlangeLoadingThatLowersItsResistance)
 {
-    ProjectState s = Designed();
+    Member s = Designed();
     s.flangefactor = 0.9808F;
     for (const i16 family : {i16{24}, i16{25}}) {
         s.family = family;
@@ -123,7 +121,7 @@ TEST(Panel, HatBeamTellsOfTheFlangeLoadingThatLowersItsResistance)
 
 TEST(Panel, BuckleRowsJoinLabelNumbersAndRatio)
 {
-    ProjectState s = Designed();
+    Member s = Designed();
     Show(s, CheckId::flexural_y, CheckForm::flexural_y, {100, 500}, 0.2);
     Show(s, CheckId::ltb, CheckForm::ltb, {10, 0.9, 50}, 0.22);
     double y = 4;
@@ -141,7 +139,7 @@ TEST(Panel, BuckleRowsJoinLabelNumbersAndRatio)
 
 TEST(Panel, BuckleHeadTellsOfLateralTorsionalBuckling)
 {
-    ProjectState s = Buckling();
+    Member s = Buckling();
     s.ltb = 1;
     double y = 0;
     EXPECT_EQ(Text(DrawBuckleBlock(s, y)[0].left),
@@ -152,7 +150,7 @@ TEST(Panel, BuckleHeadTellsOfLateralTorsionalBuckling)
 
 TEST(Panel, ARemarkStandsAlone)
 {
-    ProjectState s = Designed();
+    Member s = Designed();
     Show(s, CheckId::no_buckling, CheckForm::no_buckling, {}, 0);
     double y = 0;
     const PanelBlock block = DrawBuckleBlock(s, y);
@@ -163,7 +161,7 @@ TEST(Panel, ARemarkStandsAlone)
 // With given end forces no deflection is calculated; the block is that of an earlier member.
 TEST(Panel, DeflectionOfAnEarlierMemberSaysSo)
 {
-    ProjectState s = Designed();
+    Member s = Designed();
     Show(s, CheckId::deflection_z, CheckForm::deflection_z, {10, 20}, 0.5);
     s.loadmode = 0;
     double y = 7;
@@ -174,7 +172,7 @@ TEST(Panel, DeflectionOfAnEarlierMemberSaysSo)
 
 TEST(Panel, DeflectionOfZStandsBeforeY)
 {
-    ProjectState s = Designed();
+    Member s = Designed();
     s.checksls = kTrue;
     Show(s, CheckId::deflection_z, CheckForm::deflection_z, {10, 20}, 0.5);
     Show(s, CheckId::deflection_y, CheckForm::deflection_y, {30, 20}, 1.5);
@@ -193,7 +191,7 @@ TEST(Panel, DeflectionOfZStandsBeforeY)
 
 TEST(Panel, WithoutDeflectionControlNeitherBlockNorServiceText)
 {
-    ProjectState s = Designed();
+    Member s = Designed();
     Show(s, CheckId::deflection_z, CheckForm::deflection_z, {10, 20}, 0.5);
     EXPECT_THAT(PanelText(s, true), Not(HasSubstr("DEFLECTION")));
     EXPECT_THAT(PanelText(s, true), Not(HasSubstr("SLS")));
@@ -204,7 +202,7 @@ TEST(Panel, WithoutDeflectionControlNeitherBlockNorServiceText)
 
 TEST(Panel, AngleInTensionHasNoBucklingHead)
 {
-    ProjectState s = Designed();
+    Member s = Designed();
     s.family = 10;
     EXPECT_THAT(PanelText(s), Not(HasSubstr("BUCKLING")));
 }
@@ -217,7 +215,7 @@ TEST(Panel, SomeFamiliesHaveNoBucklingBlock)
     for (const int family : {0, 24, 25, 27, 104, 999}) {
         EXPECT_FALSE(HasBuckleBlock(family)) << family;
     }
-    ProjectState s = Buckling();
+    Member s = Buckling();
     s.family = 27;
     EXPECT_THAT(PanelText(s), Not(HasSubstr("BUCKLING")));
 }
@@ -234,7 +232,7 @@ TEST(PanelText, RatiosStandInOneColumnBehindTheWidestLabel)
 
 TEST(PanelText, ColumnFollowsTheSecondRowWhenItStandsAlone)
 {
-    ProjectState s = Designed();
+    Member s = Designed();
     s.checklist = {};
     Show(s, CheckId::n_my, CheckForm::n_my_plastic, {1, 4}, 0.25);
     EXPECT_EQ(PanelText(s),
@@ -244,7 +242,7 @@ TEST(PanelText, ColumnFollowsTheSecondRowWhenItStandsAlone)
 // Rows of angles with moments end in " = " themselves.
 TEST(Panel, WritesTheSignInFrontOfAnAxisResultOnce)
 {
-    ProjectState s = Designed();
+    Member s = Designed();
     Show(s, CheckId::eq661, CheckForm::eq661_mz_angle, {55, 80, 0.1, 2, 9}, 0.7);
     Show(s, CheckId::flexural_z, CheckForm::flexural_z, {55, 80}, 0.7);
     double y = 0;

@@ -17,10 +17,9 @@ constexpr i16 kFamilies[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 15, 16,
                              24, 25, 26, 27, 28, 31, 41, 51, 52, 53, 54, 56, 101, 102, 103};
 constexpr i16 kGeneral = 41;
 
-ProjectState Section(i16 family)
+Member Section(i16 family)
 {
-    Member s;
-    s.family = family;
+    Member s = Member().Family(family);
     CalcSection(Delivered(), s);
     return s;
 }
@@ -43,7 +42,7 @@ TEST(SectionOutline, EnclosesTheAreaOfTheSection)
         if (family == kGeneral) {
             continue;
         }
-        ProjectState s = Section(family);
+        Member s = Section(family);
         const bool series = family == 101 || family == 103;
         for (i16 number = 1; number <= (family == 101 ? 3 : series ? 2 : 1); ++number) {
             s.series101 = s.series103 = number;
@@ -135,7 +134,7 @@ TEST(SectionOutline, IsEmptyWithoutASection)
 
 TEST(DrawSection, IsToScale)
 {
-    ProjectState s = Section(1);
+    Member s = Section(1);
     const Bounds steel = BoundsOf(Mark(MarksOf<PolygonMark>(DrawSection(s))[0]));
     const double ratio = (steel.bottom - steel.top) / (steel.right - steel.left);
     EXPECT_NEAR(ratio, s.h / s.b, 1e-6);
@@ -188,7 +187,7 @@ TEST(SectionFigures, AreLegibleAndInsideForEveryFamily)
 {
     for (const i16 family : kFamilies) {
         SCOPED_TRACE(family);
-        const ProjectState s = Section(family);
+        const Member s = Section(family);
         EXPECT_FALSE(DrawSection(s).marks.empty());
         ExpectLegible(DrawSection(s));
         ExpectLegible(DrawSectionLetters(family));

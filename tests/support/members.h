@@ -78,10 +78,11 @@ public:
 
     // --- Section --------------------------------------------------------------------------------
 
+    // `series` of a family of several tables, from 1; 0 where there is one.
     Member& Family(int number, int series = 1)
     {
         family = static_cast<i16>(number);
-        series101 = series103 = static_cast<i16>(series);
+        series101 = series103 = static_cast<i16>(std::max(series, 1));
         return *this;
     }
     Member& Row(int index)
@@ -97,7 +98,7 @@ public:
     {
         const auto found = SectionOfName(Delivered(), name, family);
         EXPECT_TRUE(found) << name;
-        return found ? Family(found->family, std::max(found->series, 1)).Row(found->row) : *this;
+        return found ? Family(found->family, found->series).Row(found->row) : *this;
     }
 
     // By dimensions; mm.
@@ -149,6 +150,19 @@ public:
     Member& BasicLoads()
     {
         loadcomb = kBasicLoads;
+        return *this;
+    }
+    // The combination of an annex in a class of consequences; psi1 and psi2 by their place in the
+    // list.
+    Member& Annex(int index, int combination, int consequences, int first = 6, int second = 2)
+    {
+        annexindex = static_cast<i16>(index);
+        loadcomb = static_cast<i16>(combination);
+        safetyclass = static_cast<i16>(consequences);
+        psi1index = static_cast<i16>(first);
+        psi2index = static_cast<i16>(second);
+        SetPsi(*this);
+        ApplyAnnexLoads(*this, *this, index);
         return *this;
     }
     // No load at all, and the factors 1.
