@@ -13,6 +13,7 @@
 #include "standard/lateral_study.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace kestrum {
@@ -97,6 +98,27 @@ void AddC1OfSegment(const ProjectState& s, Document& d)
               NumberLine(lower));
 }
 
+// C1 of any moment line by its largest moment and those at the quarters of the length.
+void AddC1OfAnyLine(const ProjectState& s, Document& d)
+{
+    constexpr std::array<std::size_t, 5> kPlaces{0, 12, 25, 38, 50};
+    std::array<Expr, 5> moments;
+    for (std::size_t i = 0; i < moments.size(); ++i) {
+        moments[i] = Sym("M_" + std::to_string(i), s.mydiag[kPlaces[i]]);
+    }
+    const bool sagging = std::abs(s.mymax) > std::abs(s.mymin);
+    const Expr most = Sym("M_max", sagging ? s.mymax : s.mymin), k = Sym("k", s.ltbk);
+    const auto& [m0, m1, m2, m3, m4] = moments;
+    const Expr squares = Square(most) + (1 - k) * (Square(m0) + Square(m4)) +
+                         5 * k * (Square(m1) + Square(m3)) + Num(10) / k * Square(m2);
+    const Expr a1 = Step(d, "A_1", squares / ((3 - 2 * k + 10 * k + Num(10) / k) * Square(most)),
+                         "", "", "My at x = 0, L/4, L/2, 3L/4, L and the largest one");
+    const Expr a2 = Step(d, "A_2", Size((m0 + 2 * m1 + 3 * m2 + 2 * m3 + m4) / (9 * most)), "", "");
+    const Expr root = Root(k), part = (1 - root) / Num(2) * a2;
+    d.Add("C_1", (Root(root * a1 + Square(part)) + part) / a1, s.ltc1, "", "",
+          "closed form for any moment line");
+}
+
 // C factors of a loaded member without restraints: its table has k = 1 and k = 0.5 (of a cantilever
 // 2 and 1).
 void AddCFactors(const ProjectState& s, Document& d)
@@ -124,8 +146,8 @@ void AddCFactors(const ProjectState& s, Document& d)
                   Line(s.mycurved == kTrue ? " (b), curved moment line"
                                            : " (b), moment line of straight parts"));
     };
-    if (s.c1alt != kFalse) {
-        d.Add("C_1", s.ltc1, "", "", "closed form for any moment line");
+    if (s.c1alt != kFalse && s.mymaxabs != 0) {
+        AddC1OfAnyLine(s, d);
     } else {
         add("C_1", one.c1, half.c1, s.ltc1);
     }
@@ -161,6 +183,21 @@ void AddPlateMoment(const ProjectState& s, const Quantities& q, Document& d)
     d.Add("M_cr", w * (torsion + bending) * Ten(-6), mcr, "kNm", "", what);
 }
 
+// D57: by the share of the compressed flange in the flanges' moments of inertia about z.
+void AddAsymmetry(const ProjectState& s, bool top, Document& d)
+{
+    const auto inertia = [&](const char* t, double thickness, const char* b, double width) {
+        return Sym(t, thickness) * Power(Sym(b, width), Num(3)) / Num(12);
+    };
+    const Expr of_top = Step(d, "I_top", inertia("t_top", s.ttop, "b_top", s.btop), "mm4", "");
+    const Expr of_bottom = Step(d, "I_bot", inertia("t_bot", s.tbot, "b_bot", s.bbot), "mm4", "");
+    const Expr beta = Step(d, "β_f", (top ? of_top : of_bottom) / (of_top + of_bottom), "", "",
+                           "of the compressed flange");
+    const Expr between = Sym("h", s.h) - (Sym("t_top", s.ttop) + Sym("t_bot", s.tbot)) / Num(2);
+    d.Add("z_j", Num(beta->value > 0.5 ? 0.4 : 0.5) * (2 * beta - Num(1)) * between,
+          top ? s.zjtop : s.zjbot, "mm", "", "asymmetry of the section; D57");
+}
+
 void AddCriticalMoment(const ProjectState& s, const Quantities& q, bool top, Document& d)
 {
     const double parts = s.restraints + 1;
@@ -193,7 +230,7 @@ void AddCriticalMoment(const ProjectState& s, const Quantities& q, bool top, Doc
         } else if (s.cmanual != kFalse) {
             d.Add("C_3", s.ltc3, "", "", "as entered");
         }
-        d.Add("z_j", top ? s.zjtop : s.zjbot, "mm", "", "asymmetry of the section");
+        AddAsymmetry(s, top, d);
     }
     if (eccentric) {
         d.Add("e_g", lever.formula, lever.value, "mm", "");
@@ -331,7 +368,7 @@ void AddByStandard(const CalculatedMember& m, const standard::Check& check,
     if (study.numerical && r.critical.route == standard::CriticalRoute::numerical) {
         AddNumerical(r, *study.numerical, d);
     }
-    AddStandardLateral(m.input, r, study.section, d);
+    AddStandardLateral(m.input, r, study.numerical ? &*study.numerical : nullptr, study.section, d);
     d.Add("IR", Sym("M_y,Ed", r.checked) / Sym("M_b,Rd", r.resistance), check.ir, "",
           "6.3.2.1 (1), Eq (6.54)");
     if (study.numerical) {

@@ -145,6 +145,9 @@ Expr Reduced::BesideShear(bool y, double wanted, bool known)
             w = w - StripOf(y, rho) / Num(modulus.divisor);
         }
         Expr moment = Resistance(w, q_.fy, q_.gm0, kToKnm);
+        if (y && Is(s_, Kind::hat) && s_.flangefactor != 1) {
+            moment = Sym("k_f", s_.flangefactor) * moment;
+        }
         if (first == nullptr) {
             first = moment;
         }

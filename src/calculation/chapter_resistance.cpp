@@ -33,15 +33,41 @@ std::string ClauseOfClass(int cls)
                       : "6.2.5 (2), Eq (6.15)";
 }
 
+// Hat beams: what the loads on the bottom flange bend across it leaves for the moment; null where
+// it leaves all.
+Expr FlangeFactor(const ProjectState& s, const Quantities& q, Document& d)
+{
+    if (!Is(s, Kind::hat) || s.flangefactor == 1) {
+        return nullptr;
+    }
+    const Expr lever = Num(60);  // mm
+    Expr load = Sym("q_sum", std::abs(s.qsum));
+    if (Traits(s).shape.lower == LowerFlange::both_sides) {
+        load = Sym("s_f", s.flangeload / 100.0) * load;
+    }
+    const Expr acting = Step(d, "m_q", load * lever, "Nmm/mm", "", "load on the flange, 60 mm out");
+    const Expr resisting =
+        Step(d, "m_f", 1.75 * q.fy / q.gm0 * Square(Sym("t_bot", s.tbot)) / Num(6), "Nmm/mm", "",
+             "of the bottom flange");
+    d.Add("k_f", Least({Num(1), (Root(1 - acting / resisting) + Num(1.1)) * 0.5}), s.flangefactor,
+          "", "", "bottom flange that its loads bend across");
+    return Sym("k_f", s.flangefactor);
+}
+
 // Each sign of the moment has its modulus.
 void AddSides(const ProjectState& s, const Quantities& q, Document& d)
 {
     d.Say("The top flange is compressed by sagging moments, the bottom flange by hogging ones.",
           Paragraph::Kind::remark);
-    d.Add("M_y,Rd,top", Resistance(Sym("W_y,top", s.wytop), q.fy, q.gm1, kToKnm), s.mytoprd, "kNm",
-          ClauseOfClass(s.classmytop), "sagging, with γM1");
-    d.Add("M_y,Rd,bot", Resistance(Sym("W_y,bot", s.wybot), q.fy, q.gm1, kToKnm), s.mybotrd, "kNm",
-          ClauseOfClass(s.classmybot), "hogging, with γM1");
+    const Expr factor = FlangeFactor(s, q, d);
+    const auto moment = [&](const char* name, double w) {
+        const Expr whole = Resistance(Sym(name, w), q.fy, q.gm1, kToKnm);
+        return factor == nullptr ? whole : factor * whole;
+    };
+    d.Add("M_y,Rd,top", moment("W_y,top", s.wytop), s.mytoprd, "kNm", ClauseOfClass(s.classmytop),
+          "sagging, with γM1");
+    d.Add("M_y,Rd,bot", moment("W_y,bot", s.wybot), s.mybotrd, "kNm", ClauseOfClass(s.classmybot),
+          "hogging, with γM1");
 }
 
 // 6.2.6 (3).

@@ -3,6 +3,7 @@
 #include "calculation/check_names.h"
 #include "calculation/parts.h"
 #include "calculation/standard_equations.h"
+#include "calculation/standard_vibration.h"
 
 #include "core/load_combination.h"
 #include "core/member_choices.h"
@@ -25,7 +26,20 @@ void AddFrequencies(const CalculatedMember& m, Document& d)
         return;
     }
     d.Part("Natural frequencies of bending about y");
-    d.Add("m", s.modalmass, "kg/m", "", "section and uniform loads; D251, D252");
+    Expr loads;
+    for (std::size_t k = 1; k <= 4; ++k) {
+        if (s.qload[k] != 0) {
+            const Expr q = Sym("q_" + std::to_string(k), s.qload[k]);
+            loads = loads == nullptr ? q : loads + q;
+        }
+    }
+    const Expr section = Sym("m_0", s.weight);
+    d.Add("m", loads == nullptr ? section : section + Num(102) * (loads), s.modalmass, "kg/m", "",
+          "section and uniform loads, kN/m; D251, D252");
+    if (!std::isfinite(s.freq[1])) {
+        d.Say("The mass is not above 0: no frequency.", Paragraph::Kind::remark);
+        return;
+    }
     const double stiffness = static_cast<double>(s.e) * s.iy / 1e6;  // N m2
     for (int mode = 1; mode <= 3; ++mode) {
         const double f = s.freq[static_cast<std::size_t>(mode)];
@@ -40,10 +54,12 @@ void AddFrequencies(const CalculatedMember& m, Document& d)
     if (m.standard.vibration) {
         const standard::Vibration& other = *m.standard.vibration;
         d.Say("By EN 1990, A1.4.4, with psi Q among the masses:", Paragraph::Kind::remark);
-        d.Add("m_standard", other.mass, "kg/m", "EN 1990, A1.4.4");
+        const auto study = standard::VibrationStudyOf(m.library, m.input).value();
+        AddMovedLoads(study, standard::kModes, d);
+        AddMeanMass(s, study, other.mass, d);
         for (std::size_t mode = 0; mode < standard::kModes; ++mode) {
-            d.Add("f_" + std::to_string(mode + 1) + ",standard", other.freq[mode], "Hz",
-                  "EN 1990, A1.4.4");
+            AddStandardFrequency(s, study, mode, "f_" + std::to_string(mode + 1) + ",standard",
+                                 other.freq[mode], "EN 1990, A1.4.4", d);
         }
     }
     std::vector<Figure> shapes;

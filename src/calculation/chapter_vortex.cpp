@@ -1,8 +1,14 @@
 #include "calculation/chapters.h"
 #include "calculation/quantities.h"
+#include "calculation/standard_vibration.h"
 
+#include "core/member_choices.h"
+#include "sections/families.h"
 #include "service/vortex.h"
 #include "standard/vibration.h"
+
+#include <array>
+#include <cmath>
 
 namespace kestrum {
 
@@ -14,6 +20,49 @@ bool InLists(const ProjectState& s)
 {
     return s.vortexcase >= 0 && static_cast<std::size_t>(s.vortexcase) < kVortexSupports.size() &&
            s.terrain >= 0 && static_cast<std::size_t>(s.terrain) < kTerrains.size();
+}
+
+// Table E.1; straight lines between its values for rectangles.
+void AddStrouhal(const ProjectState& s, Document& d)
+{
+    constexpr const char* kTable = "EN 1991-1-4, Table E.1";
+    if (Traits(s).strouhal == Strouhal::circle) {
+        d.Add("St", Num(0.18), s.st, "", kTable, "circle");
+        return;
+    }
+    struct Value {
+        double ratio, st;
+    };
+    constexpr std::array<Value, 6> kRectangle{
+        {{1, 0.12}, {2, 0.06}, {3, 0.06}, {3.5, 0.15}, {5, 0.11}, {10, 0.09}}};
+    const double ratio = static_cast<double>(s.b) / s.h;
+    if (ratio <= kRectangle.front().ratio || ratio > kRectangle.back().ratio) {
+        d.Add("St", Num(ratio > 1 ? kRectangle.back().st : kRectangle.front().st), s.st, "", kTable,
+              Line("end of the table, d/b = ") + NumberLine(ratio, 4));
+        return;
+    }
+    std::size_t next = 1;
+    while (ratio > kRectangle[next].ratio) {
+        ++next;
+    }
+    const Value &from = kRectangle[next - 1], &to = kRectangle[next];
+    const Expr share =
+        (Sym("d", s.b) / Sym("b", s.h) - Num(from.ratio)) / (Num(to.ratio) - Num(from.ratio));
+    d.Add("St", Num(from.st) + share * (Num(to.st) - Num(from.st)), s.st, "", kTable,
+          "d along, b across the wind, mm");
+}
+
+// EN 1991-1-4, 4.3.1, without orography.
+void AddMeanWind(const ProjectState& s, double roughness, const char* symbol, double value,
+                 Document& d)
+{
+    const Terrain& terrain = kTerrains[static_cast<std::size_t>(s.terrain)];
+    const Expr z0 = Sym("z_0", roughness);
+    const Expr kr = Step(d, "k_r", 0.19 * Power(z0 / Num(0.05), Num(0.07)), "", kWind,
+                         Line("terrain ") + Line(terrain.name));
+    const double z = s.zh <= terrain.zmin ? terrain.zmin : static_cast<double>(s.zh);
+    const Expr cr = Step(d, "c_r", kr * Logarithm(Sym("z", z) / z0), "", kWind);
+    d.Add(symbol, cr * Sym("v_b", s.vb), value, "m/s", kWind);
 }
 
 void AddByProgram(const ProjectState& s, Document& d)
@@ -28,15 +77,10 @@ void AddByProgram(const ProjectState& s, Document& d)
               Root(stiffness / Sym("m", s.weight)),
           s.freq[1], "Hz", "EN 1991-1-4, F.2", "mass of the section alone; D255, D256");
     const double b = s.stb;
-    d.Add("St", s.st, "", "EN 1991-1-4, Table E.1");
+    AddStrouhal(s, d);
     d.Add("v_crit", Sym("b", b) * Sym("f", s.freq[1]) / Sym("St", s.st), s.vcrit, "m/s",
           "EN 1991-1-4, E.1.3.1 (1), Eq (E.2)");
-    const Expr z0 = Sym("z_0", terrain.z0);
-    const Expr kr = Step(d, "k_r", 0.19 * Power(z0 / Num(0.05), Num(0.07)), "", kWind,
-                         Line("terrain ") + Line(terrain.name));
-    const double z = s.zh <= terrain.zmin ? terrain.zmin : static_cast<double>(s.zh);
-    const Expr cr = Step(d, "c_r", kr * Logarithm(Sym("z", z) / z0), "", kWind);
-    d.Add("v_m", cr * Sym("v_b", s.vb), s.vm, "m/s", kWind);
+    AddMeanWind(s, terrain.z0, "v_m", s.vm, d);
     const double limit = 1.25 * s.vm;
     d.Add("v_lim", 1.25 * Sym("v_m", s.vm), limit, "m/s", "EN 1991-1-4, E.1.2 (2)",
           Line().Add(VortexAccepted(s) ? "below v_crit: no further study"
@@ -52,9 +96,12 @@ void AddByStandard(const ProjectState& s, Document& d)
     }
     d.Say("By EN 1991-1-4 as written, supports of the member and all mass that moves:",
           Paragraph::Kind::remark);
-    d.Add("f_standard", other->freq, "Hz", "EN 1991-1-4, F.2");
-    d.Add("v_crit,standard", other->vcrit, "m/s", "EN 1991-1-4, E.1.3.1 (1), Eq (E.2)");
-    d.Add("v_m,standard", other->vm, "m/s", kWind);
+    const auto study = standard::VortexStudyOf(s).value();
+    AddMovedLoads(study, 1, d);
+    AddStandardFrequency(s, study, 0, "f_standard", other->freq, "EN 1991-1-4, F.2", d);
+    d.Add("v_crit,standard", Sym("b", s.stb) * Sym("f_standard", other->freq) / Sym("St", s.st),
+          other->vcrit, "m/s", "EN 1991-1-4, E.1.3.1 (1), Eq (E.2)");
+    AddMeanWind(s, other->z0, "v_m,standard", other->vm, d);
     d.Add("v_lim,standard", 1.25 * Sym("v_m,standard", other->vm), 1.25 * other->vm, "m/s",
           "EN 1991-1-4, E.1.2 (2)",
           Line().Add(other->accepted ? "below v_crit" : "not below v_crit",

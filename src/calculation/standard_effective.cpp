@@ -63,6 +63,7 @@ private:
     Expr One(std::size_t i) const;
     Expr Sum(const std::vector<Expr>& parts) const;
     Expr First(bool z) const;
+    Expr Turned(const Expr& yc, const Expr& zc);
 
     const EffectiveStudy& study_;
     const standard::StandardSection& q_;
@@ -174,12 +175,45 @@ void Effective::Shift()
                     "centroid from that of the gross section");
     };
     const Expr zc = centre("z_c", z), yc = centre("y_c", y);
-    const standard::AngleSection& turned = study_.angle;
-    constexpr double kDegrees = 180 / std::numbers::pi;
-    d_.Add("α", turned.alfa * kDegrees, "°", "", "from y to the axis u of the effective section");
-    const Expr alpha = Sym("α", turned.alfa * kDegrees);
+    const Expr alpha = Turned(yc, zc);
     add("e_N,y", zc * Cosine(alpha) - yc * Sine(alpha), v.eny, "shift of the centroid along v");
     add("e_N,z", yc * Cosine(alpha) + zc * Sine(alpha), v.enz, "shift of the centroid along u");
+}
+
+// The angle from y to the axis u of the effective section of an angle; `yc`, `zc` its centroid.
+Expr Effective::Turned(const Expr& yc, const Expr& zc)
+{
+    constexpr double kDegrees = 180 / std::numbers::pi;
+    const auto& whole = q_.angle;
+    const Expr iu = Sym("I_u", whole.iu), iv = Sym("I_v", whole.iv);
+    const Expr at = Sym("α_0", whole.alfa * kDegrees);
+    const Expr gross_y = iu * Square(Cosine(at)) + iv * Square(Sine(at));
+    const Expr gross_z = iu * Square(Sine(at)) + iv * Square(Cosine(at));
+    const Expr gross_yz = (iv - iu) * Sine(at) * Cosine(at);
+    const char* const gross = "gross section";
+    Expr iy = Step(d_, "I_y", gross_y, "mm4", "", gross);
+    Expr iz = Step(d_, "I_z", gross_z, "mm4", "", gross);
+    Expr iyz = Step(d_, "I_yz", gross_yz, "mm4", "", gross);
+    for (std::size_t i = 0; i < groups_.size(); ++i) {
+        const std::string n = std::to_string(i + 1);
+        const LostPart& part = groups_[i].part;
+        const auto extent = [&](double size) {
+            return size == part.t ? Sym("t_" + n, size) : Sym("w_" + n, LengthOf(part));
+        };
+        const Expr y = Sym("y_" + n, part.y), z = Sym("z_" + n, part.z);
+        iy = iy - One(i) * (Square(z) + Square(extent(part.high)) / Num(12));
+        iz = iz - One(i) * (Square(y) + Square(extent(part.wide)) / Num(12));
+        iyz = iyz - One(i) * y * z;
+    }
+    iy = Step(d_, "I_y,eff", iy - area_ * Square(zc), "mm4", "EN 1993-1-5, 4.4 (3)");
+    iz = Step(d_, "I_z,eff", iz - area_ * Square(yc), "mm4", "EN 1993-1-5, 4.4 (3)");
+    iyz = Step(d_, "I_yz,eff", iyz - area_ * yc * zc, "mm4", "EN 1993-1-5, 4.4 (3)");
+    const double alpha = study_.angle.alfa * kDegrees;
+    if (std::abs(std::abs(alpha) - 45) > 1e-4) {  // else both moments are one
+        Step(d_, "tan 2α", 2 * iyz / (iz - iy), "", "");
+    }
+    d_.Add("α", alpha, "°", "", "from y to the axis u of the effective section");
+    return Sym("α", alpha);
 }
 
 void Effective::Modulus(bool sagging, const EffectiveSection& whole, double value)

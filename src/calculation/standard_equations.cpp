@@ -44,6 +44,8 @@ std::string CostsOf(const standard::StandardResult& result, standard::CheckId id
         text += std::string(NameOf(cost.deviation)) + " ";
         if (with == 0) {
             text += "(no such check with it)";
+        } else if (!std::isfinite(with) || !std::isfinite(ir)) {
+            text += std::isfinite(with) ? "(finite with it)" : "(infinite with it)";
         } else {
             text += (ir > with ? "+" : "-") + Steps(std::abs(ir - with));
         }
@@ -54,7 +56,7 @@ std::string CostsOf(const standard::StandardResult& result, standard::CheckId id
 class AtSection {
 public:
     AtSection(const CheckStudy& study, standard::CheckId id, Document& d)
-        : t_(*study.at_section), q_(study.section), id_(id), d_(d)
+        : t_(*study.at_section), q_(study.section), effective_(study.effective), id_(id), d_(d)
     {
     }
     // The formula of the ratio, after what leads to it; null where it is told by its value alone.
@@ -74,6 +76,7 @@ private:
     Expr Plastic();
     Expr Web();
     Expr ShareOfPlates(bool y) const;
+    Expr LostInShear(const bool* y, bool plastic) const;
     void AddSheared(const std::string& symbol, std::string_view whole, double left, bool moment);
     void Rho(bool z);
     Expr Corner(const standard::CornerTerms& corner);
@@ -82,9 +85,52 @@ private:
 
     const SectionTerms& t_;
     const StandardSection& q_;
+    const standard::EffectiveValues& effective_;
     standard::CheckId id_;
     Document& d_;
 };
+
+// What the walls that carry the shear lose of the modulus about an axis, of the area where `y` is
+// not given: webs by rho_z, flanges by rho_y. Null where the plates are counted one by one.
+Expr AtSection::LostInShear(const bool* y, bool plastic) const
+{
+    if (q_.OfStrips() || q_.kind == Kind::i_single) {
+        return nullptr;
+    }
+    const bool hollow = q_.kind == Kind::hollow, corners = hollow && plastic;
+    const Expr h = Sym("h", q_.h), b = Sym("b", q_.b), tw = Sym("t_w", q_.tw);
+    const Expr tf = Sym("t_f", q_.top.t), clear = Sym("h_w", q_.hw);
+    const Expr high = corners ? h : clear;
+    const Expr wide = !hollow || plastic ? b : b - 2 * tw;
+    const Expr web = q_.webs > 1 ? Num(q_.webs) * tw : tw;
+    const Expr rho_z = Sym("ρ_z", t_.rho.z), rho_y = Sym("ρ_y", t_.rho.y);
+    Expr lost;
+    const auto add = [&](double rho, const Expr& part) {
+        if (rho > 0) {
+            lost = lost == nullptr ? part : lost + part;
+        }
+    };
+    if (y == nullptr) {
+        add(t_.rho.z, rho_z * web * clear);
+        add(t_.rho.y, rho_y * 2 * b * tf);
+    } else if (*y) {
+        const Expr arm = (h - tf) / Num(2), flanges = 2 * wide * tf;
+        add(t_.rho.z, plastic ? rho_z * web * Square(high) / Num(4)
+                              : rho_z * web * Power(high, Num(3)) / (6 * h));
+        add(t_.rho.y, plastic ? rho_y * flanges * arm : rho_y * flanges * Square(arm) * 2 / h);
+    } else {
+        const Expr arm = (b - tw) / Num(2);
+        if (q_.Closed()) {
+            add(t_.rho.z,
+                plastic ? rho_z * web * high * arm : rho_z * web * high * Square(arm) * 2 / b);
+        }
+        const Expr squares = 2 * tf * Square(wide);
+        add(t_.rho.y, plastic  ? rho_y * squares / Num(4)
+                      : hollow ? rho_y * squares * wide / (6 * b)
+                               : rho_y * squares / Num(6));
+    }
+    return lost;
+}
 
 // Area or modulus in which the parts that carry shear have the strength (1 - ρ) fy: of I sections
 // about y by Eq (6.30), of bars and tubes the whole.
@@ -92,25 +138,27 @@ void AtSection::AddSheared(const std::string& symbol, std::string_view whole, do
                            bool moment)
 {
     const bool y = whole.ends_with(",y"), plastic = whole.starts_with("W_pl");
-    const Expr rho_z = Sym("ρ_z", t_.rho.z), rho_y = Sym("ρ_y", t_.rho.y);
     Expr formula;
-    const auto from = [&](double all) { return Sym(whole, all); };
     if (q_.kind == Kind::flat || q_.kind == Kind::tube || q_.kind == Kind::general) {
         const bool by_z = t_.rho.z >= t_.rho.y;
         const double rho = by_z ? t_.rho.z : t_.rho.y;
-        formula = rho < 1 ? from(left / (1 - rho)) * (1 - Sym(by_z ? "ρ_z" : "ρ_y", rho)) : nullptr;
-    } else if (moment && y && plastic && t_.rho.y == 0 && !q_.Closed()) {
-        const Expr web = Square(Sym("h_w", q_.hw)) * Sym("t_w", q_.tw);
-        formula = from(q_.wply) - rho_z * web / Num(4);
-    } else if (moment && plastic && !y && !q_.Closed()) {
-        formula = from(q_.wplz) - rho_y * Sym("t_f", q_.top.t) * Square(Sym("b", q_.b)) / Num(2);
-    } else if (!moment) {
-        const Expr web = Sym("h_w", q_.hw) * Sym("t_w", q_.tw);
-        formula = from(q_.a) - rho_z * (q_.webs > 1 ? Num(q_.webs) * web : web) -
-                  rho_y * 2 * Sym("b", q_.b) * Sym("t_f", q_.top.t);
+        if (rho < 1) {
+            formula = Sym(whole, left / (1 - rho)) * (1 - Sym(by_z ? "ρ_z" : "ρ_y", rho));
+        }
+    } else if (const Expr lost = LostInShear(moment ? &y : nullptr, plastic)) {
+        const bool effective = whole.find("eff") != std::string_view::npos, sagging = t_.my >= 0;
+        const standard::EffectiveValues& e = effective_;
+        const double all = !moment     ? (effective ? e.a : q_.a)
+                           : plastic   ? (y ? q_.wply : q_.wplz)
+                           : effective ? (y ? (sagging ? e.wy_sagging : e.wy_hogging) : e.wz)
+                           : y         ? (sagging ? e.wy3_sagging : e.wy3_hogging)
+                                       : q_.LeastWelz();
+        formula = Largest({Num(0), Sym(whole, all) - lost});
     }
     d_.Add(symbol, formula, left, moment ? "mm3" : "mm2", "6.2.8 (3), (5)",
-           "parts that carry shear with (1 - ρ) of their strength");
+           formula != nullptr ? "parts that carry shear with (1 - ρ) of their strength"
+                              : "plate by plate, those that carry shear with (1 - ρ) of their "
+                                "strength");
 }
 
 // A resistance that shear may have reduced.
@@ -254,7 +302,7 @@ Expr AtSection::Linear()
         if (shift == 0) {
             return moment;
         }
-        d_.Add(symbol, shift, "mm", "6.2.9.3 (2)");
+        d_.Add(symbol, shift, "mm", "6.2.9.3 (2)", "shift of the centroid, effective section");
         return moment + n * Sym(symbol, shift) * Ten(-3);
     };
     const bool plastic = t_.classes.all <= 2 && !q_.elastic;
@@ -424,6 +472,9 @@ void AddStandardCheck(const Library& library, const ProjectState& input,
     std::string where = NameOf(check.load_case);
     if (!std::isnan(check.place)) {
         where += ", x/L = " + NumberText(check.place, 4);
+    }
+    if (std::isinf(check.ir)) {
+        where += ", nothing is left of the resistance";
     }
     const std::string costs = CostsOf(result, id);
     d.Add("IR_standard", ratio, check.ir, "", std::string(check.clause),

@@ -2,19 +2,109 @@
 
 #include "calculation/quantities.h"
 
+#include <array>
 #include <cmath>
 
 namespace kestrum {
 
 namespace {
 
+using clauses::MomentShape;
 using standard::StandardSection;
 
 constexpr double kNmm = 1e6;
 constexpr int kToKnm = -6;
 
+// The factor by the energies of its shape: what the member stores over what its loads give.
+void AddFactor(double factor, const standard::NumericalStudy* study, const char* clause,
+               Document& d)
+{
+    struct Energy {
+        const char* symbol;
+        double value;
+    };
+    const auto sum = [](const std::array<Energy, 3>& energies) {
+        double all = 0;
+        for (const Energy& energy : energies) {
+            all += std::abs(energy.value);
+        }
+        Expr formula;
+        for (const Energy& energy : energies) {
+            if (std::abs(energy.value) > 1e-9 * all) {
+                const Expr part = Sym(energy.symbol, energy.value / 1e3);  // Nm
+                formula = formula == nullptr ? part : formula + part;
+            }
+        }
+        return formula;
+    };
+    Expr formula;
+    Line remark("numerical solution");
+    if (study != nullptr) {
+        const BucklingShape& shape = study->shape;
+        formula = sum({{{"U_v", shape.bending}, {"U_w", shape.warping}, {"U_T", shape.torsion}}}) /
+                  sum({{{"A_M", shape.moments}, {"A_j", shape.asymmetry}, {"A_g", shape.levels}}});
+        remark += Line("; energies of its shape in Nm, largest twist 1 rad: stored by bending "
+                       "sideways, warping, torsion over given by moments, asymmetry, load level");
+    }
+    d.Add("α_cr", formula, factor, "", clause, std::move(remark));
+}
+
+// Table 6.6.
+void AddTabulatedKc(const standard::TabulatedShape& row, Document& d)
+{
+    const auto name = [&]() -> const char* {
+        switch (row.shape) {
+        case MomentShape::straight:
+            return "straight moment line, ψ = smaller over larger end moment";
+        case MomentShape::uniform_pinned:
+            return "row: parabola, no end moments";
+        case MomentShape::uniform_fixed:
+            return "row: parabola, both ends fixed";
+        case MomentShape::uniform_one_end_fixed:
+            return "row: parabola, one end fixed";
+        case MomentShape::point_pinned:
+            return "row: point load, no end moments";
+        case MomentShape::point_fixed:
+            return "row: point load, both ends fixed";
+        case MomentShape::point_one_end_fixed:
+            return "row: point load, one end fixed";
+        }
+        return "";
+    };
+    const bool straight = row.shape == MomentShape::straight;
+    const Expr formula = straight ? 1 / (1.33 - 0.33 * Sym("ψ", row.psi)) : Num(row.Kc());
+    d.Add("k_c", formula, row.Kc(), "", "6.3.2.3 (2), Table 6.6", name());
+}
+
+// kc by C1 of the piece that holds the largest moment, between forks.
+void AddKcOfPiece(const standard::LateralResult& r, const StandardSection& q, Document& d)
+{
+    const standard::PieceTerms& piece = r.piece;
+    if (piece.length > 0) {
+        const Expr l = Sym("L_1", piece.length / 1e3), e = Sym("E", q.e);
+        const Expr inertia = Sym(q.Angle() ? "I_v" : "I_z", q.Angle() ? q.angle.iv : q.iz);
+        Expr torsion = e / Num(2.6) * Sym("I_T", q.it);
+        if (q.Warps()) {
+            torsion = torsion + Square(Pi() / l) * e * Sym("I_w", q.iw) * Ten(-6);
+        }
+        d.Add("M_cr,0,1", Pi() / l * Root(e * inertia * torsion) * Ten(-9), piece.uniform, "kNm",
+              "", "uniform moment on the piece alone that holds the largest moment");
+        d.Add("C_1",
+              Sym("α_cr,1", piece.factor) * Sym("M_1", piece.moment) /
+                  Sym("M_cr,0,1", piece.uniform),
+              piece.c1, "", "",
+              Line(Symbol("α_cr,1")) +
+                  Line(": numerical solution of this piece, loads in the shear centre, on its "
+                       "largest moment ") +
+                  Line(Symbol("M_1")));
+    } else {
+        d.Add("C_1", piece.c1, "", "", "as entered");
+    }
+    d.Add("k_c", Least({Num(1), 1 / Root(Sym("C_1", piece.c1))}), r.kc, "", "6.3.2.3 (2)");
+}
+
 // 6.3.2.2 and 6.3.2.3: chi from its slenderness.
-void AddLateralReduction(const standard::LateralResult& r, Document& d)
+void AddLateralReduction(const standard::LateralResult& r, const StandardSection& q, Document& d)
 {
     const std::string clause(r.clause);
     const Expr lam = Sym("~λ_LT", r.lam);
@@ -36,11 +126,9 @@ void AddLateralReduction(const standard::LateralResult& r, Document& d)
     const Expr chi = Step(d, "χ_LT,0", Least({Num(1), cap, curve}), "", "6.3.2.3 (1), Eq (6.57)");
     const Expr kc = Sym("k_c", r.kc);
     if (r.tabulated) {
-        d.Add("k_c", r.kc, "", "6.3.2.3 (2), Table 6.6", "shape of the moment line in the table");
+        AddTabulatedKc(*r.tabulated, d);
     } else {
-        d.Add("C_1", r.c1, "", "",
-              "numerical, of the piece alone that holds the largest moment, between forks");
-        d.Add("k_c", Least({Num(1), 1 / Root(Sym("C_1", r.c1))}), r.kc, "", "6.3.2.3 (2)");
+        AddKcOfPiece(r, q, d);
     }
     const Expr f =
         Step(d, "f", Least({Num(1), 1 - 0.5 * (1 - kc) * (1 - 2 * Square(lam - Num(0.8)))}), "",
@@ -49,8 +137,8 @@ void AddLateralReduction(const standard::LateralResult& r, Document& d)
 }
 
 // By the route that the calculation took.
-void AddCritical(const ProjectState& in, const standard::LateralResult& r, const StandardSection& q,
-                 Document& d)
+void AddCritical(const ProjectState& in, const standard::LateralResult& r,
+                 const standard::NumericalStudy* study, const StandardSection& q, Document& d)
 {
     using Route = standard::CriticalRoute;
     constexpr const char* kClause = "6.3.2.2 (2)";
@@ -64,8 +152,7 @@ void AddCritical(const ProjectState& in, const standard::LateralResult& r, const
     const Expr twist = e / Num(2.6) * Sym("I_T", q.it) / euler;
     switch (t.route) {
     case Route::numerical:
-        d.Add("α_cr", t.factor, "", kClause,
-              "numerical solution: factor on the loads at which the member buckles sideways");
+        AddFactor(t.factor, study, kClause, d);
         add(Sym("α_cr", t.factor) * Sym("M_y,max", std::abs(r.moment)),
             q.Angle() ? "moments about u" : "");
         return;
@@ -97,19 +184,20 @@ void AddCritical(const ProjectState& in, const standard::LateralResult& r, const
 }  // namespace
 
 void AddStandardLateral(const ProjectState& input, const standard::LateralResult& r,
-                        const StandardSection& q, Document& d)
+                        const standard::NumericalStudy* study, const StandardSection& q,
+                        Document& d)
 {
     if (!(r.mcr > 0) || !(r.chi > 0)) {
         return;
     }
     const double gammam1 = q.gammam1;
     const double characteristic = r.modulus * q.fy / kNmm;
-    AddCritical(input, r, q, d);
+    AddCritical(input, r, study, q, d);
     d.Add("M_Rk", Sym("W_y,c", r.modulus) * Sym("f_y", q.fy) * Ten(kToKnm), characteristic, "kNm",
           "6.3.2.2 (1)", "of the compressed side");
     d.Add("~λ_LT", Root(Sym("M_Rk", characteristic) / Sym("M_cr", r.mcr)), r.lam, "",
           "6.3.2.2 (1)");
-    AddLateralReduction(r, d);
+    AddLateralReduction(r, q, d);
     d.Add("M_b,Rd", Sym("χ_LT", r.chi) * Sym("M_Rk", characteristic) / Sym("γ_M1", gammam1),
           r.resistance, "kNm", "6.3.2.1 (3), Eq (6.55)");
 }

@@ -10,6 +10,7 @@ namespace kestrum {
 
 // Critical moment, slenderness, reduction and Mb,Rd of lateral torsional buckling.
 void AddStandardLateral(const ProjectState& input, const standard::LateralResult& r,
-                        const standard::StandardSection& q, Document& d);
+                        const standard::NumericalStudy* study, const standard::StandardSection& q,
+                        Document& d);
 
 }  // namespace kestrum

@@ -178,7 +178,7 @@ Expr OfMember::Torsional()
 
 Expr OfMember::Lateral()
 {
-    AddStandardLateral(in_, t_.lateral, q_, d_);
+    AddStandardLateral(in_, t_.lateral, t_.numerical ? &*t_.numerical : nullptr, q_, d_);
     return Sym("M_y,Ed", t_.lateral.checked) / Sym("M_b,Rd", t_.lateral.resistance);
 }
 
@@ -186,7 +186,7 @@ Expr OfMember::Lateral()
 Expr OfMember::LateralReduction()
 {
     if (t_.lateral.mcr > 0) {
-        AddStandardLateral(in_, t_.lateral, q_, d_);
+        AddStandardLateral(in_, t_.lateral, t_.numerical ? &*t_.numerical : nullptr, q_, d_);
     } else {
         d_.Add("χ_LT", t_.lateral.chi, "", "6.3.2.1 (2)", "no lateral torsional buckling");
     }

@@ -57,7 +57,7 @@ double Narrow(LateralProblem& problem, double lo, double hi)
 }  // namespace
 
 double CriticalLoadFactor(const LateralSection& section, const LateralSupports& supports,
-                          const MomentLine& line, BucklingShape* shape)
+                          const MomentLine& line)
 {
     const bool hangs = supports.start == LateralEnd::free ||
                        (supports.end == LateralEnd::free && supports.start != LateralEnd::clamped);
@@ -87,11 +87,13 @@ double CriticalLoadFactor(const LateralSection& section, const LateralSupports& 
             hi = half;
         }
     }
-    const double alpha = Narrow(problem, lo, hi);
-    if (shape != nullptr) {
-        problem.FindShape(alpha, *shape);
-    }
-    return alpha;
+    return Narrow(problem, lo, hi);
+}
+
+BucklingShape BucklingShapeAt(double factor, const LateralSection& section,
+                              const LateralSupports& supports, const MomentLine& line)
+{
+    return LateralProblem(section, supports, line).ShapeAtFactor(factor);
 }
 
 }  // namespace kestrum

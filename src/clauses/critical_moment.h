@@ -56,16 +56,24 @@ struct MomentLine {
 
 constexpr std::size_t kShapePoints = 51;  // x = j L/50
 
-// The buckled member; the largest twist is 1 rad, v goes with it in mm.
+// The buckled member; the largest twist is 1 rad, v goes with it in mm. Its energies in Nmm: what
+// the member stores, and what the loads give at the factor 1. The factor is the quotient of both
+// sums.
 struct BucklingShape {
     std::array<double, kShapePoints> v, phi;
+    double bending, warping, torsion;   // 1/2 EIz v''^2, 1/2 EIw phi''^2, 1/2 GIt phi'^2
+    double moments, asymmetry, levels;  // -M v'' phi, -M zj phi'^2, 1/2 q zg phi^2
 };
 
-// The smallest factor above 0; infinite where no factor buckles the member (no moment). A shape is
-// filled where one is asked for and the factor is finite. NaN for what the model does not take:
-// more restraints than kMaxHeld, a free start, a free end without a clamped start, no moment line.
+// The smallest factor above 0; infinite where no factor buckles the member (no moment). NaN for
+// what the model does not take: more restraints than kMaxHeld, a free start, a free end without a
+// clamped start, no moment line.
 constexpr std::size_t kMaxHeld = 16;
 double CriticalLoadFactor(const LateralSection& section, const LateralSupports& supports,
-                          const MomentLine& line, BucklingShape* shape = nullptr);
+                          const MomentLine& line);
+
+// The shape that goes with a finite factor.
+BucklingShape BucklingShapeAt(double factor, const LateralSection& section,
+                              const LateralSupports& supports, const MomentLine& line);
 
 }  // namespace kestrum

@@ -167,15 +167,18 @@ void LateralProblem::AddElement(std::size_t element, std::size_t& piece)
     }
 }
 
+std::size_t LateralProblem::NodeAt(double x) const
+{
+    const auto* const begin = mesh_.x.data();
+    const auto* const end = begin + mesh_.elements + 1;
+    const auto node = static_cast<std::size_t>(std::lower_bound(begin, end, x - 1e-9) - begin);
+    return std::min(node, mesh_.elements);
+}
+
 void LateralProblem::AddPoints()
 {
     for (const PointTorque& point : line_.points) {
-        const double x = point.x / length_;
-        const auto* const begin = mesh_.x.data();
-        const auto* const end = begin + mesh_.elements + 1;
-        auto node = static_cast<std::size_t>(std::lower_bound(begin, end, x - 1e-9) - begin);
-        node = std::min(node, mesh_.elements);
-        k1_[Twist(node)][0] -= point.pz * length_ / section_.git;
+        k1_[Twist(NodeAt(point.x / length_))][0] -= point.pz * length_ / section_.git;
     }
 }
 

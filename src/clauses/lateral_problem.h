@@ -68,11 +68,12 @@ public:
     };
     Count At(double alpha);
 
-    void FindShape(double alpha, BucklingShape& shape);
+    BucklingShape ShapeAtFactor(double alpha);
 
 private:
     std::size_t Twist(std::size_t node) const { return warps_ ? 2 * node : 3 * node + 1; }
     std::size_t FirstOf(std::size_t element) const { return Twist(element); }
+    std::size_t NodeAt(double x) const;
     Action ActionAt(const MomentPiece& piece, double x) const;
     void PlaceRedundants(const LateralSupports& supports);
     double Redundant(std::size_t i, double x) const;
@@ -90,9 +91,14 @@ private:
     };
     Reactions ReactionsOf(double alpha, const TwistVector& phi) const;
     double TwistAt(std::size_t element, double t, const TwistVector& phi) const;
+    double CurvatureAt(double alpha, double mu, double twist, const Reactions& lambda,
+                       double x) const;
     void AddCurvature(double alpha, const TwistVector& phi, const Reactions& lambda,
                       std::size_t element, double t, Curvature& sum) const;
-    void Deflect(double alpha, const TwistVector& phi, BucklingShape& shape) const;
+    void Deflect(double alpha, const TwistVector& phi, const Reactions& lambda,
+                 BucklingShape& shape) const;
+    void AddEnergies(double alpha, const TwistVector& phi, const Reactions& lambda,
+                     BucklingShape& shape) const;
 
     const LateralSection& section_;
     const MomentLine& line_;

@@ -46,6 +46,17 @@ double LateralProblem::TwistAt(std::size_t element, double t, const TwistVector&
     return twist;
 }
 
+// v'' that makes the energy least.
+double LateralProblem::CurvatureAt(double alpha, double mu, double twist, const Reactions& lambda,
+                                   double x) const
+{
+    double curve = -alpha * mu * twist;
+    for (std::size_t r = 0; r < redundants_; ++r) {
+        curve += lambda[r] * Redundant(r, x);
+    }
+    return curve;
+}
+
 // Adds the integrals of v'' and x v'' over the first share t of an element.
 void LateralProblem::AddCurvature(double alpha, const TwistVector& phi, const Reactions& lambda,
                                   std::size_t element, double t, Curvature& sum) const
@@ -58,19 +69,16 @@ void LateralProblem::AddCurvature(double alpha, const TwistVector& phi, const Re
         while (piece + 1 < line_.pieces.size() && line_.pieces[piece].x1 < x * length_) {
             ++piece;
         }
-        double curve = -alpha * ActionAt(line_.pieces[piece], x).mu *
-                       TwistAt(element, kGaussPlace[p] * t, phi);
-        for (std::size_t r = 0; r < redundants_; ++r) {
-            curve += lambda[r] * Redundant(r, x);
-        }
+        const double curve = CurvatureAt(alpha, ActionAt(line_.pieces[piece], x).mu,
+                                         TwistAt(element, kGaussPlace[p] * t, phi), lambda, x);
         sum.bend += curve * kGaussWeight[p] * t * h;
         sum.moment += curve * x * kGaussWeight[p] * t * h;
     }
 }
 
-void LateralProblem::Deflect(double alpha, const TwistVector& phi, BucklingShape& shape) const
+void LateralProblem::Deflect(double alpha, const TwistVector& phi, const Reactions& lambda,
+                             BucklingShape& shape) const
 {
-    const Reactions lambda = ReactionsOf(alpha, phi);
     std::array<Curvature, kMaxElements + 1> upto{};
     for (std::size_t e = 0; e < mesh_.elements; ++e) {
         upto[e + 1] = upto[e];
@@ -94,7 +102,44 @@ void LateralProblem::Deflect(double alpha, const TwistVector& phi, BucklingShape
     }
 }
 
-void LateralProblem::FindShape(double alpha, BucklingShape& shape)
+void LateralProblem::AddEnergies(double alpha, const TwistVector& phi, const Reactions& lambda,
+                                 BucklingShape& shape) const
+{
+    const double unit = section_.git / (2 * length_);  // Nmm
+    std::size_t piece = 0;
+    for (std::size_t e = 0; e < mesh_.elements; ++e) {
+        const double h = mesh_.x[e + 1] - mesh_.x[e];
+        for (std::size_t p = 0; p < kGaussPoints; ++p) {
+            const double x = mesh_.x[e] + kGaussPlace[p] * h;
+            while (piece + 1 < line_.pieces.size() && line_.pieces[piece].x1 < x * length_) {
+                ++piece;
+            }
+            const Action a = ActionAt(line_.pieces[piece], x);
+            const ShapeAt n = ShapesOf(warps_, kGaussPlace[p], h);
+            double twist = 0, slope = 0, bend = 0;
+            for (std::size_t i = 0; i < 4; ++i) {
+                const double at = phi[FirstOf(e) + i];
+                twist += n.value[i] * at;
+                slope += n.slope[i] * at;
+                bend += n.bend[i] * at;
+            }
+            const double curve = CurvatureAt(alpha, a.mu, twist, lambda, x);
+            const double weight = unit * kGaussWeight[p] * h;
+            shape.bending += weight * curve * curve;
+            shape.warping += weight * warping_ * bend * bend;
+            shape.torsion += weight * slope * slope;
+            shape.moments -= weight * 2 * a.mu * curve * twist;
+            shape.asymmetry -= weight * a.mzj * slope * slope;
+            shape.levels += weight * a.qz * twist * twist;
+        }
+    }
+    for (const PointTorque& point : line_.points) {
+        const double twist = phi[Twist(NodeAt(point.x / length_))];
+        shape.levels += point.pz * twist * twist / 2;
+    }
+}
+
+BucklingShape LateralProblem::ShapeAtFactor(double alpha)
 {
     const double below = alpha * (1 - 1e-7);  // S itself has no inverse at the factor
     At(below);
@@ -113,7 +158,11 @@ void LateralProblem::FindShape(double alpha, BucklingShape& shape)
             phi[i] /= largest;
         }
     }
-    Deflect(alpha, phi, shape);
+    BucklingShape shape{};
+    const Reactions lambda = ReactionsOf(alpha, phi);
+    Deflect(alpha, phi, lambda, shape);
+    AddEnergies(alpha, phi, lambda, shape);
+    return shape;
 }
 
 }  // namespace kestrum

@@ -58,12 +58,13 @@ Line NumberLine(double value, int digits)
 Equation EquationOf(const Symbol& symbol, const Expr& formula, double value, std::string unit,
                     std::string clause, Line remark)
 {
+    const bool infinite = std::isinf(value) && value > 0;
     Equation equation{.symbol = symbol,
-                      .value = ResultText(value, kResultDigits),
+                      .value = infinite ? "∞" : ResultText(value, kResultDigits),
                       .unit = std::move(unit),
                       .clause = std::move(clause),
                       .remark = std::move(remark)};
-    if (formula == nullptr || equation.value.empty()) {
+    if (formula == nullptr || !std::isfinite(value)) {
         return equation;
     }
     for (int digits = kResultDigits; digits <= kMostDigits; ++digits) {

@@ -164,7 +164,7 @@ double LargestBetween(const CombinedLines& lines, double x0, double x1)
 
 // Of a piece alone: loads in the shear centre, zj 0, forks; the member's own ends without
 // restraints.
-double PieceC1(const LateralCase& m, double x0, double x1)
+PieceTerms PieceAlone(const LateralCase& m, double x0, double x1)
 {
     const ProjectState& s = m.s;
     const StandardSection& q = m.p.q;
@@ -176,8 +176,9 @@ double PieceC1(const LateralCase& m, double x0, double x1)
     const LineOf line(lines, x0, x1, ends.stretch);
     const double alpha = m.solved.Factor(section, {ends.start, ends.end, {}}, line.Line());
     const double effective = whole && s.supportcase != SupportCase::cantilever ? s.ltbk : 1;
-    return alpha * LargestBetween(lines, x0, x1) * kNmm /
-           UniformMoment(section, effective * (x1 - x0) * kMm);
+    const double length = effective * (x1 - x0) * kMm;
+    const double moment = LargestBetween(lines, x0, x1), uniform = UniformMoment(section, length);
+    return {alpha * moment * kNmm / uniform, length, alpha, moment, uniform / kNmm};
 }
 
 // Resultant of the loads along z: its sign is that of the load level's effect.
@@ -430,14 +431,16 @@ LateralResult LateralBucklingOf(const LateralCase& m)
     const HoldingPieces pieces = PiecesHolding(s, most.x);
     const bool always_c1 = s.annexindex == kAnnexUk;
     for (std::size_t i = 0; i < pieces.count; ++i) {
-        const double c1 = s.cmanual != kFalse ? s.c1 : PieceC1(m, pieces.x0[i], pieces.x1[i]);
-        const auto table =
-            always_c1 ? std::nullopt : TabulatedKc(m.lines, Axis::y, pieces.x0[i], pieces.x1[i]);
-        const double by_c1 =
-            m.basis.pick(Dev::d216, 1 / std::sqrt(c1), std::min(1.0, 1 / std::sqrt(c1)));
-        const double kc = table ? m.basis.pick(Dev::d235, by_c1, *table) : by_c1;
-        r.c1 = i == 0 ? c1 : std::min(r.c1, c1);
-        r.tabulated = i == 0 || kc > r.kc ? table.has_value() : r.tabulated;
+        const PieceTerms piece = s.cmanual != kFalse ? PieceTerms{.c1 = s.c1}
+                                                     : PieceAlone(m, pieces.x0[i], pieces.x1[i]);
+        const auto table = always_c1
+                               ? std::nullopt
+                               : TabulatedShapeOf(m.lines, Axis::y, pieces.x0[i], pieces.x1[i]);
+        const double by_c1 = m.basis.pick(Dev::d216, 1 / std::sqrt(piece.c1),
+                                          std::min(1.0, 1 / std::sqrt(piece.c1)));
+        const double kc = table ? m.basis.pick(Dev::d235, by_c1, table->Kc()) : by_c1;
+        r.piece = i == 0 || piece.c1 < r.piece.c1 ? piece : r.piece;
+        r.tabulated = i == 0 || kc > r.kc ? table : r.tabulated;
         r.kc = i == 0 ? kc : std::max(r.kc, kc);
     }
     r.modulus = ModulusYCompressed(m.p, m.cls, sagging);
@@ -451,7 +454,7 @@ LateralResult LateralBucklingOf(const LateralCase& m)
 std::optional<NumericalStudy> NumericalStudyOf(const LateralCase& m)
 {
     const LineExtreme most = m.lines.LargestMoment(Axis::y);
-    if (most.value == 0 || m.p.q.Angle()) {
+    if (most.value == 0) {
         return std::nullopt;
     }
     const NumericalModel model = ModelOf(m, most.value > 0);
@@ -467,14 +470,18 @@ std::optional<NumericalStudy> NumericalStudyOf(const LateralCase& m)
                          .piece = piece,
                          .uniform = UniformMoment(model.section, piece * kMm) / kNmm,
                          .shape = {}};
-    const double alpha =
-        CriticalLoadFactor(model.section, model.Supports(), model.line.Line(), &study.shape);
+    const MomentLine line = model.line.Line();
+    const double alpha = m.solved.Factor(model.section, model.Supports(), line);
+    if (!std::isfinite(alpha)) {
+        return std::nullopt;
+    }
+    study.shape = BucklingShapeAt(alpha, model.section, model.Supports(), line);
     for (std::size_t i = 0; i < study.moments.size(); ++i) {
         const double x = m.lines.grid.Length() * static_cast<double>(i) /
                          static_cast<double>(study.moments.size() - 1);
         study.moments[i] = m.lines.Moment(Axis::y, PieceAt(m.lines.grid, x), x);
     }
-    return std::isfinite(alpha) ? std::optional(study) : std::nullopt;
+    return study;
 }
 
 }  // namespace kestrum::standard

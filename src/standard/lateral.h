@@ -4,6 +4,7 @@
 
 #include "clauses/critical_moment.h"
 #include "standard/lines.h"
+#include "standard/moment_shape.h"
 #include "standard/resistance.h"
 #include "standard/solved_lines.h"
 
@@ -27,6 +28,15 @@ struct CriticalTerms {
     double length = 0, zg = 0, zj = 0;  // of the closed formulas, mm
 };
 
+// C1 of the piece that holds MEd,max: its critical moment alone, over that of uniform moment.
+struct PieceTerms {
+    double c1 = 1;
+    double length = 0;   // over which the uniform moment acts, mm; 0 where C1 is entered
+    double factor = 0;   // on its moments at which it buckles
+    double moment = 0;   // its largest moment, kNm
+    double uniform = 0;  // kNm
+};
+
 struct LateralResult {
     double moment = 0;   // MEd,max with its sign, kNm
     double checked = 0;  // the moment that is checked, its size, kNm
@@ -36,10 +46,10 @@ struct LateralResult {
     double modulus = 0;  // of the compressed side, mm3
     double lam = 0, chi = 1;
     double resistance = 0;  // Mb,Rd, kNm
-    double c1 = 1;          // of the piece that holds MEd,max
+    PieceTerms piece{};
     double kc = 1;
-    bool tabulated = false;  // kc is a value of Table 6.6
-    bool rolled = false;     // 6.3.2.3, else 6.3.2.2
+    std::optional<TabulatedShape> tabulated{};  // kc is a value of Table 6.6
+    bool rolled = false;                        // 6.3.2.3, else 6.3.2.2
     double alpha = 0, plateau = 0, beta = 1;
     std::string_view clause{};
 };

@@ -113,6 +113,7 @@ private:
     }
     void TurnAxes();
     bool LateralControlled() const;
+    LateralCase OfLateral() const;
     LateralResult Lateral() const;
 
     const MemberCase& m_;
@@ -372,7 +373,7 @@ InteractionFactors Member::AnnexA() const
     in.chilt = lateral_.chi;
     in.lamy = chi_.lamy;
     in.lamz = chi_.lamz;
-    in.c1 = lateral_.c1;
+    in.c1 = lateral_.piece.c1;
     if (in.twists) {
         const double w = ModulusYCompressed(p_, ClassY(), lateral_.moment >= 0);
         const UniformMomentTerms uniform = UniformCriticalMoment(m_.s, q_, b_);
@@ -536,14 +537,24 @@ bool Member::LateralControlled() const
     return bends_y_ && Twists() && (!bar_alone || b_.departs(Dev::d229));
 }
 
-LateralResult Member::Lateral() const
+LateralCase Member::OfLateral() const
 {
     static const MemberLoads kNone{};  // those of an angle count in the shear centre
-    if (q_.kind == Kind::plate) {
-        return TrippingOf(m_.s, p_, m_.lines, ClassY());
-    }
-    return LateralBucklingOf({m_.s, b_, m_.program, p_, m_.solved, q_.Angle() ? kNone : m_.loads,
-                              m_.load_case.factors, q_.Angle() ? turned_ : m_.lines, ClassY()});
+    return {m_.s,
+            b_,
+            m_.program,
+            p_,
+            m_.solved,
+            q_.Angle() ? kNone : m_.loads,
+            m_.load_case.factors,
+            q_.Angle() ? turned_ : m_.lines,
+            ClassY()};
+}
+
+LateralResult Member::Lateral() const
+{
+    return q_.kind == Kind::plate ? TrippingOf(m_.s, p_, m_.lines, ClassY())
+                                  : LateralBucklingOf(OfLateral());
 }
 
 bool Member::Check(Checks& checks)
@@ -589,6 +600,9 @@ void Member::Tell() const
     told_->curves = CurvesOf(m_.library, m_.s, q_, b_);
     told_->interaction = chi_;
     told_->lateral = lateral_;
+    if (lateral_.critical.route == CriticalRoute::numerical) {
+        told_->numerical = NumericalStudyOf(OfLateral());
+    }
     told_->shift_y = ShiftY();
     told_->shift_z = ShiftZ();
 }

@@ -52,6 +52,7 @@ struct MemberTerms {
     Reductions column;       // class of N alone
     Reductions interaction;  // class of the combination
     LateralResult lateral;
+    std::optional<NumericalStudy> numerical;  // where it gave the critical moment
     TorsionTerms torsion;
     CmTerms cm_y, cm_z, cm_lt;
     UniformMomentTerms uniform;  // of lambda_0, Annex A

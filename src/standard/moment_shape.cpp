@@ -1,7 +1,5 @@
 #include "standard/moment_shape.h"
 
-#include "clauses/lateral_torsional.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -82,7 +80,8 @@ std::array<double, kShapeSamples> SampledMoments(const CombinedLines& lines, Axi
     return m;
 }
 
-std::optional<double> TabulatedKc(const CombinedLines& lines, Axis axis, double x0, double x1)
+std::optional<TabulatedShape> TabulatedShapeOf(const CombinedLines& lines, Axis axis, double x0,
+                                               double x1)
 {
     const auto m = SampledMoments(lines, axis, x0, x1);
     double largest = 0;
@@ -92,15 +91,14 @@ std::optional<double> TabulatedKc(const CombinedLines& lines, Axis axis, double 
     if (IsStraight(m, largest)) {
         const bool first = std::abs(m.front()) >= std::abs(m.back());
         const double big = first ? m.front() : m.back();
-        return clauses::CorrectionFactor(MomentShape::straight,
-                                         (first ? m.back() : m.front()) / big);
+        return TabulatedShape{MomentShape::straight, (first ? m.back() : m.front()) / big};
     }
     for (const MomentShape shape : {MomentShape::uniform_pinned, MomentShape::uniform_fixed,
                                     MomentShape::uniform_one_end_fixed, MomentShape::point_pinned,
                                     MomentShape::point_fixed, MomentShape::point_one_end_fixed}) {
         for (const double scale : {largest, -largest}) {
             if (Fits(m, largest, shape, false, scale) || Fits(m, largest, shape, true, scale)) {
-                return clauses::CorrectionFactor(shape, 0);
+                return TabulatedShape{shape, 0};
             }
         }
     }

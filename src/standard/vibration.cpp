@@ -4,6 +4,7 @@
 #include "core/project_state.h"
 #include "service/vortex.h"
 #include "standard/lines.h"
+#include "standard/member.h"
 
 #include <algorithm>
 #include <cmath>
@@ -93,6 +94,17 @@ bool Even(const LineLoad& load, double l)
     return load.q1 == load.q2 && load.x1 == 0 && load.x2 == l;
 }
 
+// Mass of one load that moves with the mode, kg.
+double MovedBy(const Load& load, double factor, double l, const ModeShape& shape)
+{
+    if (load.point) {
+        const double phi = shape.At(load.at.x / l);
+        return factor * std::abs(load.at.force) * phi * phi * kNewton / kGravity;
+    }
+    return Even(load.line, l) ? factor * std::abs(load.line.q1) * l * kNewton / kGravity
+                              : factor * Moved(load.line, l, shape);
+}
+
 // Mass of the mode, kg: that of a member whose every point moves as its mean square.
 double MovedMass(const ProjectState& s, const MemberLoads& loads, const ModeShape& shape)
 {
@@ -100,20 +112,19 @@ double MovedMass(const ProjectState& s, const MemberLoads& loads, const ModeShap
     double mass = s.weight * l;
     for (std::size_t i = 0; i < loads.count; ++i) {
         const Load& load = loads.load[i];
-        if (load.self_weight) {
-            continue;
-        }
-        const double factor = MassFactor(s, load.category);
-        if (load.point) {
-            const double phi = shape.At(load.at.x / l);
-            mass += factor * std::abs(load.at.force) * phi * phi * kNewton / kGravity;
-        } else if (Even(load.line, l)) {
-            mass += factor * std::abs(load.line.q1) * l * kNewton / kGravity;
-        } else {
-            mass += factor * Moved(load.line, l, shape);
+        if (!load.self_weight) {
+            mass += MovedBy(load, MassFactor(s, load.category), l, shape);
         }
     }
     return mass;
+}
+
+// kN.
+double SizeOf(const Load& load)
+{
+    return load.point ? std::abs(load.at.force)
+                      : (std::abs(load.line.q1) + std::abs(load.line.q2)) / 2 *
+                            (load.line.x2 - load.line.x1);
 }
 
 double AllMass(const ProjectState& s, const MemberLoads& loads)
@@ -122,10 +133,7 @@ double AllMass(const ProjectState& s, const MemberLoads& loads)
     for (std::size_t i = 0; i < loads.count; ++i) {
         const Load& load = loads.load[i];
         if (!load.self_weight) {
-            const double size = load.point ? std::abs(load.at.force)
-                                           : (std::abs(load.line.q1) + std::abs(load.line.q2)) / 2 *
-                                                 (load.line.x2 - load.line.x1);
-            mass += MassFactor(s, load.category) * size * kNewton / kGravity;
+            mass += MassFactor(s, load.category) * SizeOf(load) * kNewton / kGravity;
         }
     }
     return mass;
@@ -139,15 +147,46 @@ double Frequency(const ProjectState& s, double root, double mass)
     return root * root * std::sqrt(stiffness / (mass * l * l * l)) / (2 * std::numbers::pi);
 }
 
+constexpr i16 kTruss = 4;
+
 double FirstFrequency(const ProjectState& s)
 {
-    constexpr i16 kTruss = 4;
     const MemberLoads loads = LoadsOf(s, Basis::Standard());
     if (s.vortexcase == kTruss) {
         return Frequency(s, kVortexSupports[kTruss].n, AllMass(s, loads));
     }
     const ModeShape shape(HeldAs(s).value_or(Held::pinned), 0);
     return Frequency(s, shape.Root(), MovedMass(s, loads, shape));
+}
+
+VibrationStudy StudyOf(const ProjectState& s, Held held)
+{
+    const MemberLoads loads = LoadsOf(s, Basis::Standard());
+    const double l = s.l;
+    VibrationStudy study{};
+    for (std::size_t mode = 0; mode < kModes; ++mode) {
+        const ModeShape shape(held, mode);
+        study.root[mode] = shape.Root();
+        study.moved[mode] = MovedMass(s, loads, shape);
+    }
+    for (std::size_t i = 0; i < loads.count; ++i) {
+        const Load& load = loads.load[i];
+        const double size = SizeOf(load);
+        if (load.self_weight || size == 0) {
+            continue;
+        }
+        MovedLoad moved{load.point, load.line.x1, load.line.x2, MassFactor(s, load.category), size,
+                        {}};
+        if (load.point) {
+            moved.x1 = moved.x2 = load.at.x;
+        }
+        for (std::size_t mode = 0; mode < kModes; ++mode) {
+            moved.share[mode] =
+                MovedBy(load, 1, l, ModeShape(held, mode)) * kGravity / kNewton / size;
+        }
+        study.loads.push_back(moved);
+    }
+    return study;
 }
 
 }  // namespace
@@ -167,6 +206,18 @@ std::optional<Vibration> VibrationOf(const ProjectState& s)
     return vibration;
 }
 
+std::optional<VibrationStudy> VibrationStudyOf(const Library& library, const ProjectState& project)
+{
+    std::optional<VibrationStudy> study;
+    WithMember(library, project, Basis::Standard(), nullptr, [&](const Member& member) {
+        const std::optional<Held> held = HeldAs(member.s);
+        if (held && NoLoadsReason(member.s).empty()) {
+            study = StudyOf(member.s, *held);
+        }
+    });
+    return study;
+}
+
 std::optional<VortexShedding> VortexSheddingOf(const ProjectState& s)
 {
     if (!VortexFamily(s.family) || !NoLoadsReason(s).empty()) {
@@ -180,11 +231,28 @@ std::optional<VortexShedding> VortexSheddingOf(const ProjectState& s)
     const double kr = 0.19 * std::pow(z0 / 0.05, 0.07);
     const double z = std::max<double>(s.zh, terrain.zmin);
     VortexShedding result{};
+    result.z0 = z0;
     result.freq = FirstFrequency(s);
     result.vcrit = s.stb * result.freq / s.st;
     result.vm = s.vb * kr * std::log(z / z0);
     result.accepted = result.vcrit > 1.25 * result.vm;
     return result;
+}
+
+std::optional<VibrationStudy> VortexStudyOf(const ProjectState& s)
+{
+    if (!VortexFamily(s.family) || !NoLoadsReason(s).empty()) {
+        return std::nullopt;
+    }
+    VibrationStudy study = StudyOf(s, HeldAs(s).value_or(Held::pinned));
+    if (s.vortexcase == kTruss) {  // all of it moves
+        study.root[0] = kVortexSupports[kTruss].n;
+        study.moved[0] = AllMass(s, LoadsOf(s, Basis::Standard()));
+        for (MovedLoad& load : study.loads) {
+            load.share[0] = 1;
+        }
+    }
+    return study;
 }
 
 }  // namespace kestrum::standard

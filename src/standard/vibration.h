@@ -6,10 +6,12 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <vector>
 
 namespace kestrum {
+struct Library;
 struct ProjectState;
-}
+}  // namespace kestrum
 
 namespace kestrum::standard {
 
@@ -25,8 +27,25 @@ struct Vibration {
 // masses: exact for even mass, else high. None for springs.
 std::optional<Vibration> VibrationOf(const ProjectState& s);
 
+// What the modes of VibrationOf move.
+struct MovedLoad {
+    bool point;
+    double x1, x2;                     // m
+    double factor;                     // 1 of G, psi of Q
+    double size;                       // without sign, kN
+    std::array<double, kModes> share;  // of its mass that moves: mean of phi^2 on the load
+};
+struct VibrationStudy {
+    std::array<double, kModes> root;   // of the frequency equation
+    std::array<double, kModes> moved;  // mass of each mode, kg
+    std::vector<MovedLoad> loads{};    // without the self-weight
+};
+// `project` as read. Nothing where VibrationOf has nothing.
+std::optional<VibrationStudy> VibrationStudyOf(const Library& library, const ProjectState& project);
+
 struct VortexShedding {
     double freq;       // Hz
+    double z0;         // of the terrain, m
     double vcrit, vm;  // m/s
     bool accepted;     // vcrit > 1.25 vm, E.1.2 (2)
 };
@@ -34,5 +53,7 @@ struct VortexShedding {
 // After the section step and the program's own control, whose width and Strouhal number hold
 // (D257). The support is that of the member, springs as pins; a truss keeps its own constant.
 std::optional<VortexShedding> VortexSheddingOf(const ProjectState& s);
+// Of its frequency, in the first mode.
+std::optional<VibrationStudy> VortexStudyOf(const ProjectState& s);
 
 }  // namespace kestrum::standard

@@ -361,9 +361,9 @@ TEST(Bounds, SmallWarpingNearsNoWarping)
 TEST(BuckledShape, OfUniformMomentIsASine)
 {
     const LateralSection s = ByWarping(0.5);
-    BucklingShape shape{};
     const Line line = Straight(1e6, 1e6);
-    const double alpha = CriticalLoadFactor(s, kForks, line.View(), &shape);
+    const double alpha = CriticalLoadFactor(s, kForks, line.View());
+    const BucklingShape shape = BucklingShapeAt(alpha, s, kForks, line.View());
     const double amplitude = alpha * 1e6 * kLength * kLength / (kPi2 * s.eiz);
     for (std::size_t j = 0; j < kShapePoints; ++j) {
         const double sine = std::sin(kPi * static_cast<double>(j) / 50);
@@ -376,9 +376,10 @@ TEST(BuckledShape, KeepsItsRestraintsAndClamps)
 {
     const LateralSection s = ByWarping(0.5);
     const std::vector<double> held = {3200};
-    BucklingShape shape{};
+    const LateralSupports supports{LateralEnd::clamped, LateralEnd::clamped, held};
     const Line line = Uniform(2, 100);
-    CriticalLoadFactor(s, {LateralEnd::clamped, LateralEnd::clamped, held}, line.View(), &shape);
+    const BucklingShape shape =
+        BucklingShapeAt(CriticalLoadFactor(s, supports, line.View()), s, supports, line.View());
     const double largest =
         *std::max_element(shape.v.begin(), shape.v.end(),
                           [](double a, double b) { return std::abs(a) < std::abs(b); });
@@ -387,6 +388,46 @@ TEST(BuckledShape, KeepsItsRestraintsAndClamps)
         EXPECT_NEAR(shape.v[j] / largest, 0, 1e-4);
     }
     EXPECT_LT(std::abs(shape.v[1] / largest), 0.05);  // clamped: it leaves the end without a slope
+}
+
+// The factor is what the shape stores over what the loads give, whatever acts and holds.
+TEST(BuckledShape, EnergiesGiveTheFactor)
+{
+    const std::vector<double> held = {3200};
+    const LateralSupports restrained{LateralEnd::fork, LateralEnd::clamped, held};
+    struct Case {
+        LateralSection section;
+        Line line;
+        LateralSupports supports;
+    };
+    const Case cases[] = {
+        {ByWarping(0.5), Straight(1e6, -4e5), kForks},
+        {ByWarping(0.5, 80), Uniform(2, 100), restrained},
+        {ByWarping(0), MidPoint(3e4, -150), kForks},
+        {ByWarping(2), MidPoint(3e4, 150), {LateralEnd::clamped, LateralEnd::clamped, {}}},
+        {ByWarping(0.8, -40), Straight(2e6, 0), kCantilever},
+    };
+    for (const Case& c : cases) {
+        const double alpha = Factor(c.section, c.line, c.supports);
+        const BucklingShape shape = BucklingShapeAt(alpha, c.section, c.supports, c.line.View());
+        const double stored = shape.bending + shape.warping + shape.torsion;
+        EXPECT_NEAR(stored / (shape.moments + shape.asymmetry + shape.levels) / alpha, 1, 1e-6);
+    }
+}
+
+// Uniform moment with the sines above: EIz v''^2 = (Mcr phi)^2/EIz, mean square of a sine 1/2.
+TEST(BuckledShape, EnergiesOfUniformMomentByHand)
+{
+    const LateralSection s = ByWarping(0.5);
+    const Line line = Straight(1e6, 1e6);
+    const double alpha = Factor(s, line), wave = kPi / kLength, quarter = kLength / 4;
+    const BucklingShape shape = BucklingShapeAt(alpha, s, kForks, line.View());
+    EXPECT_NEAR(shape.bending / (alpha * alpha * 1e12 / s.eiz * quarter), 1, 5e-3);
+    EXPECT_NEAR(shape.warping / (s.eiw * std::pow(wave, 4) * quarter), 1, 5e-3);
+    EXPECT_NEAR(shape.torsion / (s.git * wave * wave * quarter), 1, 5e-3);
+    EXPECT_NEAR(shape.moments / (alpha * 1e12 / s.eiz * 2 * quarter), 1, 5e-3);
+    EXPECT_EQ(shape.levels, 0);
+    EXPECT_EQ(shape.asymmetry, 0);
 }
 
 }  // namespace
