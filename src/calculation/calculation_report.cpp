@@ -101,8 +101,9 @@ void AddFront(std::span<const ReportedMember> members,
     for (const std::size_t i : order) {
         const CalculatedMember& m = calculated[i];
         summary.rows.push_back({members[i].project->ident, TitleOf(m),
-                                RatioText(m.outcome.rated(), m.outcome.ir), GoverningName(m),
-                                VerdictText(m.outcome), RatioText(m.standard.rated, m.standard.ir),
+                                WithNumbers(RatioText(m.outcome.rated(), m.outcome.ir)),
+                                GoverningName(m), VerdictText(m.outcome),
+                                WithNumbers(RatioText(m.standard.rated, m.standard.ir)),
                                 standard::VerdictOf(m.standard)});
     }
     d.Add(std::move(summary));
@@ -115,6 +116,24 @@ std::string FooterOf(std::span<const ReportedMember> members)
         text += ", " + members[0].file + ", SHA-256 " + members[0].digest;
     }
     return text;
+}
+
+// Texts of figures with the decimal sign of the document.
+void SetDecimals(Document& d)
+{
+    for (Block& block : d.blocks) {
+        auto* const row = std::get_if<FigureRow>(&block);
+        if (row == nullptr) {
+            continue;
+        }
+        for (Figure& figure : row->figures) {
+            for (auto& mark : figure.drawing.marks) {
+                if (auto* const text = std::get_if<TextMark>(&mark)) {
+                    text->text = PlainText(WithNumbers(text->text), d.head.decimal);
+                }
+            }
+        }
+    }
 }
 
 }  // namespace
@@ -148,6 +167,9 @@ Document CalculationReport(const Library& library, std::span<const ReportedMembe
         AddMember(calculated[i], d);
     }
     AddClauses(d);
+    if (d.head.decimal != '.') {
+        SetDecimals(d);
+    }
     return d;
 }
 

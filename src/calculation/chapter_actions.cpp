@@ -48,9 +48,25 @@ void AddStrength(const ProjectState& s, Document& d)
     }
 }
 
+// "Eq 6.10: LC = 1.35*G + 1.5*Q1": a number is what multiplies.
+Line WithFactors(const std::string& text)
+{
+    Line line;
+    std::size_t done = 0;
+    for (std::size_t star = text.find('*'); star != std::string::npos;
+         star = text.find('*', star + 1)) {
+        const std::size_t before = text.find_last_not_of("0123456789.", star - 1);
+        line += Line(text.substr(done, before + 1 - done));
+        line += WithNumbers(std::string_view(text).substr(before + 1, star - before - 1));
+        done = star;
+    }
+    return line + Line(text.substr(done));
+}
+
 bool SameCase(const LoadCase& a, const LoadCase& b)
 {
-    return a.rule == b.rule && a.favourable == b.favourable && a.variables == b.variables;
+    return a.rule == b.rule && a.favourable == b.favourable && a.variables == b.variables &&
+           a.factors == b.factors;
 }
 
 void AddLoadTable(const ProjectState& s, int direction, Document& d)
@@ -63,7 +79,8 @@ void AddLoadTable(const ProjectState& s, int direction, Document& d)
         .columns = {{"Load"}, {"kN/m, kN, kNm", true}, {"x, x1/x2 (m)", true}, {"Category"}},
         .caption = direction == 1 ? "Loads along z" : "Loads along y"};
     for (const LoadRow& row : rows) {
-        table.rows.push_back({row.load, row.value, row.position, row.category});
+        table.rows.push_back(
+            {row.load, WithNumbers(row.value), WithNumbers(row.position), row.category});
     }
     d.Add(std::move(table));
 }
@@ -103,17 +120,23 @@ void AddCases(const CalculatedMember& m, Document& d)
                                 {"of its check", false, 1.5},
                                 {"governs", false, 2.5}}};
     for (const standard::CaseResult& one : cases) {
+        const bool service = one.rated && IsDeflection(one.governing);
         std::string governs;
         for (std::size_t i = 0; i < standard::kCheckIds; ++i) {
             const standard::Check& check = m.standard.checks.best[i];
-            if (check.present && SameCase(check.load_case, one.load_case)) {
-                governs +=
-                    (governs.empty() ? "" : "; ") + NameInText(static_cast<standard::CheckId>(i));
+            const auto id = static_cast<standard::CheckId>(i);
+            if (check.present && SameCase(check.load_case, one.load_case) &&
+                IsDeflection(id) == service) {
+                governs += (governs.empty() ? "" : "; ") + NameInText(id);
             }
         }
         const LoadFactors& f = one.load_case.factors;
-        table.rows.push_back({NameOf(one.load_case), NumberLine(f.g), NumberLine(f.q1),
-                              NumberLine(f.q2), one.rated ? ResultText(one.ir, 4) : "-",
+        Line name = LineOf(one.load_case);
+        if (one.load_case.rule == CaseRule::user) {
+            name += Line(service ? ", SLS" : ", ULS");
+        }
+        table.rows.push_back({std::move(name), NumberLine(f.g), NumberLine(f.q1), NumberLine(f.q2),
+                              one.rated ? WithNumbers(ResultText(one.ir, 4)) : Line("-"),
                               one.rated ? NameInText(one.governing) : "", governs});
     }
     d.Add(std::move(table));
@@ -147,15 +170,15 @@ void AddActions(const CalculatedMember& m, Document& d)
               Paragraph::Kind::remark);
         const std::string axial = AxialLoads(s);
         if (!axial.empty()) {
-            d.Say("Axial forces, kN: " + axial);
+            d.Say(WithNumbers("Axial forces, kN: " + axial));
         }
         AddLoadTable(s, 1, d);
         AddLoadTable(s, 0, d);
-        d.Say(s.selfweight == 1
-                  ? "Self-weight of the member is included: " + NumberText(s.qload[0], 4) + " kN/m."
-                  : "Self-weight of the member is not included.");
+        d.Say(s.selfweight == 1 ? Line("Self-weight of the member is included: ") +
+                                      NumberLine(s.qload[0], 4) + Line(" kN/m.")
+                                : Line("Self-weight of the member is not included."));
         d.Part("Combination by the rules of the program");
-        d.Say(GoverningText(s));
+        d.Say(WithFactors(GoverningText(s)));
         d.Say(s.loadcomb == kEq610ab
                   ? "Eq (6.10a) and (6.10b) were both calculated; the one with the larger ratio "
                     "governs, and all ratios of the program are of it."
@@ -164,7 +187,7 @@ void AddActions(const CalculatedMember& m, Document& d)
     }
     AddCases(m, d);
     for (const std::string& load : m.outcome.dropped) {
-        d.Say(Line().Add("Not in this result: " + load, Span::Style::bad));
+        d.Say(WithNumbers("Not in this result: " + load, Span::Style::bad));
     }
 }
 

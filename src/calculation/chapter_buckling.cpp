@@ -40,7 +40,7 @@ void AddAxis(const ProjectState& s, const Quantities& q, const Axis& axis, bool 
     d.Add("~λ_" + n, bolts ? axis.offset + 0.7 * slenderness : slenderness, axis.lam, "",
           bolts ? "BB.1.2 (2)" : "6.3.1.2 (1)");
     if (!(axis.lam > 0.2)) {
-        d.Add("χ_" + n, axis.chi, "", "6.3.1.2 (4)", "slenderness of 0.2 or less");
+        d.Add("χ_" + n, axis.chi, "", "6.3.1.2 (4)", WithNumbers("slenderness of 0.2 or less"));
     } else {
         const Expr alpha = Sym("α", axis.alpha);
         const double phi = 0.5 * (1 + axis.alpha * (axis.lam - 0.2) + axis.lam * axis.lam);

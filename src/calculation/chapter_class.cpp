@@ -177,6 +177,12 @@ Line Optional(const std::optional<double>& value)
     return value ? NumberLine(*value, 4) : Line("");
 }
 
+// A class that no plate of this kind reaches has no limit.
+Line Limit(double limit)
+{
+    return limit > 0 ? NumberLine(limit, 4) : Line("-");
+}
+
 }  // namespace
 
 void AddClasses(const CalculatedMember& m, Document& d)
@@ -201,9 +207,9 @@ void AddClasses(const CalculatedMember& m, Document& d)
         if (Explains(s, plates, plate.action)) {
             table.rows.push_back({plate.action, plate.part, NumberLine(plate.c),
                                   NumberLine(plate.t), NumberLine(plate.c / plate.t, 4),
-                                  Optional(plate.alpha), Optional(plate.psi),
-                                  NumberLine(plate.limit1, 4), NumberLine(plate.limit2, 4),
-                                  NumberLine(plate.limit3, 4), std::to_string(plate.Class())});
+                                  Optional(plate.alpha), Optional(plate.psi), Limit(plate.limit1),
+                                  Limit(plate.limit2), Limit(plate.limit3),
+                                  std::to_string(plate.Class())});
         }
     }
     if (!table.rows.empty()) {

@@ -146,8 +146,8 @@ Expr Effective::Lost(const Plate& plate, const std::string& index, double k_outs
 {
     const double k = plate.outstand ? k_outstand : kInternal;
     d_.Say(Line(plate.name + ": c = ") + NumberLine(plate.c) + Line(" mm, t = ") +
-           NumberLine(plate.t) +
-           Line(plate.outstand ? " mm, outstand, kσ = " : " mm, internal, kσ = ") + NumberLine(k) +
+           NumberLine(plate.t) + Line(plate.outstand ? " mm, outstand, " : " mm, internal, ") +
+           Line(Symbol("k_σ")) + Line(" = ") + NumberLine(k) +
            Line(plate.count > 1 ? ", " + std::to_string(plate.count) + " of them" : ""));
     const Expr rho = Reduction(plate, index, Num(1), Sym("k_σ", k));
     if (Evaluate(rho) >= 1) {

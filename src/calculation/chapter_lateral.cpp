@@ -1,4 +1,5 @@
 #include "calculation/chapters.h"
+#include "calculation/check_names.h"
 #include "calculation/parts.h"
 #include "calculation/quantities.h"
 #include "calculation/shape_figure.h"
@@ -68,7 +69,7 @@ void AddC3OfSegment(const ProjectState& s, bool top, Document& d)
     const Expr half = Sym("C_3,b", SegmentC3(psi, 0.5, share));
     d.Add("C_3", half + (Sym("k", s.ltbk) - Num(0.5)) / Num(0.5) * (whole - half), s.ltc3, "", "",
           Line("table of straight moment lines and of ") + Line(Symbol("ψ_f")) + Line(" = ") +
-              NumberLine(share, 4) + Line(" of the flanges, k = 1 (a) and 0.5 (b)"));
+              NumberLine(share, 4) + WithNumbers(" of the flanges, k = 1 (a) and 0.5 (b)"));
 }
 
 void AddLoadLevel(const ProjectState& s, Document& d)
@@ -236,7 +237,7 @@ void AddCriticalMoment(const ProjectState& s, const Quantities& q, bool top, Doc
         d.Add("e_g", lever.formula, lever.value, "mm", "");
     }
     const double g = s.e / kShearRatio;
-    d.Add("G", q.e / Num(kShearRatio), g, "MPa", "3.2.6 (1)", "ν = 0.3");
+    d.Add("G", q.e / Num(kShearRatio), g, "MPa", "3.2.6 (1)", WithNumbers("ν = 0.3"));
     const Expr iz = Sym("I_z", s.iz), lt2 = Square(Sym("L_LT", s.lt));
     const Expr euler = Square(Pi()) * q.e * iz;
     const Expr torsion = lt2 * Sym("G", g) * Sym("I_T", s.it) * Ten(6) / euler;
@@ -350,9 +351,11 @@ void AddUniform(const standard::LateralResult& r, const standard::NumericalStudy
     d.Add("M_cr,0", Pi() / l * Root(e * Sym("I_z", q.iz) * torsion) * Ten(-9), n.uniform, "kNm", "",
           n.restraints > 0 ? "check: closed form for uniform moment on a piece between forks"
                            : "check: closed form for uniform moment between forks over L");
-    d.Add("C", Sym("M_cr", r.mcr) / Sym("M_cr,0", n.uniform), r.mcr / n.uniform, "", "",
-          "numerical over closed form; 1 under uniform moment, about 1.13 under a uniform load and "
-          "1.36 under a load at mid-span in the shear centre of a beam on two forks");
+    d.Add(
+        "C", Sym("M_cr", r.mcr) / Sym("M_cr,0", n.uniform), r.mcr / n.uniform, "", "",
+        WithNumbers("numerical over closed form; 1 under uniform moment, about 1.13 under a "
+                    "uniform load and 1.36 under a load at mid-span in the shear centre of a beam "
+                    "on two forks"));
 }
 
 // The whole member under its real moment line, in the combination that governs.
@@ -362,8 +365,8 @@ void AddByStandard(const CalculatedMember& m, const standard::Check& check,
     const standard::LateralResult& r = study.result;
     d.Part("By EN 1993-1-1 as written");
     const bool entered = m.s.cmanual != kFalse;
-    d.Say("Combination " + NameOf(check.load_case) +
-          (entered ? "; the critical moment is that of the C factors entered." : "."));
+    d.Say(Line("Combination ") + LineOf(check.load_case) +
+          Line(entered ? "; the critical moment is that of the C factors entered." : "."));
     d.Add("M_y,Ed", r.checked, "kNm", "", Line("at x/L = ") + NumberLine(r.place, 4));
     if (study.numerical && r.critical.route == standard::CriticalRoute::numerical) {
         AddNumerical(r, *study.numerical, d);

@@ -45,7 +45,8 @@ void AddNotes(const CalculatedMember& m, Document& d)
     }
     TextTable table{.columns = {{"Number"}, {"Cost", true}, {"Departure"}}};
     for (const standard::DeviationCost& cost : m.standard.deviations) {
-        table.rows.push_back({NameOf(cost.deviation), CostText(cost.cost), TextOf(cost.deviation)});
+        table.rows.push_back(
+            {NameOf(cost.deviation), WithNumbers(CostText(cost.cost)), TextOf(cost.deviation)});
     }
     d.Add(std::move(table));
 }

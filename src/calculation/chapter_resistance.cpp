@@ -65,9 +65,9 @@ void AddSides(const ProjectState& s, const Quantities& q, Document& d)
         return factor == nullptr ? whole : factor * whole;
     };
     d.Add("M_y,Rd,top", moment("W_y,top", s.wytop), s.mytoprd, "kNm", ClauseOfClass(s.classmytop),
-          "sagging, with γM1");
+          Line("sagging, with ") + Line(Symbol("γ_M1")));
     d.Add("M_y,Rd,bot", moment("W_y,bot", s.wybot), s.mybotrd, "kNm", ClauseOfClass(s.classmybot),
-          "hogging, with γM1");
+          Line("hogging, with ") + Line(Symbol("γ_M1")));
 }
 
 // 6.2.6 (3).
@@ -191,8 +191,7 @@ void AddFlangeShear(const ProjectState& s, const Quantities& q, const Check& che
             formula = formula * (1 - Square(Sym("M_y,Ed", moment) / mf));
         }
     }
-    d.Add("V_bf,Rd", formula, value, "kN", "EN 1993-1-5, 5.4 (1), Eq (5.8)",
-          PlaceText(check.place));
+    d.Add("V_bf,Rd", formula, value, "kN", "EN 1993-1-5, 5.4 (1), Eq (5.8)", PlaceOf(check.place));
 }
 
 // chi_w of a plate of height h and thickness t, EN 1993-1-5, 5.3.
@@ -256,7 +255,7 @@ void AddShearBuckling(const ProjectState& s, const Quantities& q, Document& d)
     }
     constexpr double kRounding = 1e-6;
     const double total = check.terms[1], flanges = total - Evaluate(web);
-    const Line place(PlaceText(check.place));
+    const Line place = PlaceOf(check.place);
     if (s.checkwebbuck == kTrue) {
         d.Add("V_z,Rd", Sym("V_pl,z,Rd", s.vplzrd), total, "kN", "6.2.6", "web buckling left out");
     } else if (std::abs(total - Evaluate(q.eta * strength)) <= kRounding * total) {

@@ -53,7 +53,7 @@ void AddFrequencies(const CalculatedMember& m, Document& d)
     }
     if (m.standard.vibration) {
         const standard::Vibration& other = *m.standard.vibration;
-        d.Say("By EN 1990, A1.4.4, with psi Q among the masses:", Paragraph::Kind::remark);
+        d.Say("By EN 1990, A1.4.4, with ψ Q among the masses:", Paragraph::Kind::remark);
         const auto study = standard::VibrationStudyOf(m.library, m.input).value();
         AddMovedLoads(study, standard::kModes, d);
         AddMeanMass(s, study, other.mass, d);

@@ -12,50 +12,52 @@ namespace {
 
 constexpr int kRatioDigits = 4;
 
-std::string RatioText(double ratio)
+Line RatioLine(double ratio, Span::Style style = Span::Style::plain)
 {
     constexpr double kSmall = 1e-3, kSteps = 1e4;
-    if (ratio > 0 && ratio < kSmall) {
-        return "0.000" + NumberText(std::round(ratio * kSteps), 1);
-    }
-    return std::isfinite(ratio) ? ResultText(ratio, kRatioDigits) : "infinite";
+    return WithNumbers(!std::isfinite(ratio) ? "infinite"
+                       : ratio > 0 && ratio < kSmall
+                           ? "0.000" + NumberText(std::round(ratio * kSteps), 1)
+                           : ResultText(ratio, kRatioDigits),
+                       style);
 }
 
 void AddBox(const CalculatedMember& m, Document& d)
 {
     const Outcome& outcome = m.outcome;
-    std::string text = "Rules of the program: " + VerdictText(outcome);
+    Line text("Rules of the program: " + VerdictText(outcome));
     if (outcome.rated()) {
-        text += ", IR = " + RatioText(outcome.ir);
+        text += Line(", IR = ") + RatioLine(outcome.ir);
     }
     if (outcome.designed() && !outcome.control.empty()) {
-        text += " (" + GoverningName(m) + ", " + outcome.clause + ")";
+        text += Line(" (" + GoverningName(m) + ", " + outcome.clause + ")");
     }
     d.Say(text, m.Within() ? Paragraph::Kind::verdict_good : Paragraph::Kind::verdict_bad);
     if (!outcome.message.empty()) {
         d.Say(outcome.message);
     }
     const standard::StandardResult& result = m.standard;
-    text = "EN 1993-1-1 as written: " + std::string(standard::VerdictOf(result));
+    text = Line("EN 1993-1-1 as written: " + std::string(standard::VerdictOf(result)));
     if (result.rated) {
-        text += ", IR = " + RatioText(result.ir) + " (" + NameInText(result.governing) + ", " +
-                std::string(result.checks[result.governing].clause) + ")";
+        text += Line(", IR = ") + RatioLine(result.ir) +
+                Line(" (" + NameInText(result.governing) + ", " +
+                     std::string(result.checks[result.governing].clause) + ")");
     }
     d.Say(text, result.rated && !result.above ? Paragraph::Kind::verdict_good
                                               : Paragraph::Kind::verdict_bad);
     for (const std::string& reason : result.outside) {
         d.Say("Not covered by the second set of rules: " + reason, Paragraph::Kind::remark);
     }
-    d.Say("A member is verified where no ratio IR exceeds the limit " +
-              NumberText(static_cast<double>(m.s.irlimit), 3) +
-              ". The rules of the program depart from the standard in numbered places; those "
-              "that act here are listed at the end with what each costs.",
+    d.Say(Line("A member is verified where no ratio IR exceeds the limit ") +
+              NumberLine(static_cast<double>(m.s.irlimit), 3) +
+              Line(". The rules of the program depart from the standard in numbered places; those "
+                   "that act here are listed at the end with what each costs."),
           Paragraph::Kind::remark);
 }
 
 Line Ratio(double ratio, bool above)
 {
-    return Line().Add(RatioText(ratio), above ? Span::Style::bad : Span::Style::good);
+    return RatioLine(ratio, above ? Span::Style::bad : Span::Style::good);
 }
 
 }  // namespace
@@ -97,17 +99,18 @@ void AddVerdict(const CalculatedMember& m, Document& d)
         std::vector<Line> row{pair.name};
         if (check != nullptr) {
             row.insert(row.end(),
-                       {Ratio(check->ratio, check->status == kAbove), PlaceText(check->place),
+                       {Ratio(check->ratio, check->status == kAbove), PlaceOf(check->place),
                         CombinationOf(m.s, pair.standard && IsDeflection(*pair.standard)),
                         TextsOf(check->form).clause});
         } else {
             row.insert(row.end(), {"-", "", "", ""});
         }
         if (other != nullptr) {
-            row.insert(row.end(),
-                       {Ratio(other->ir, other->ir > m.s.irlimit),
-                        std::isnan(other->place) ? "" : "x/L = " + NumberText(other->place, 3),
-                        NameOf(other->load_case), other->clause});
+            row.insert(
+                row.end(),
+                {Ratio(other->ir, other->ir > m.s.irlimit),
+                 std::isnan(other->place) ? Line() : Line("x/L = ") + NumberLine(other->place, 3),
+                 LineOf(other->load_case), other->clause});
         } else {
             row.insert(row.end(), {"-", "", "", ""});
         }

@@ -65,6 +65,14 @@ void AddMeanWind(const ProjectState& s, double roughness, const char* symbol, do
     d.Add(symbol, cr * Sym("v_b", s.vb), value, "m/s", kWind);
 }
 
+// What the critical speed is against its limit.
+Line Against(bool below)
+{
+    return Line().Add(below ? "below " : "not below ",
+                      below ? Span::Style::good : Span::Style::bad) +
+           Line(Symbol("v_crit"));
+}
+
 void AddByProgram(const ProjectState& s, Document& d)
 {
     const VortexSupport& support = kVortexSupports[static_cast<std::size_t>(s.vortexcase)];
@@ -83,9 +91,8 @@ void AddByProgram(const ProjectState& s, Document& d)
     AddMeanWind(s, terrain.z0, "v_m", s.vm, d);
     const double limit = 1.25 * s.vm;
     d.Add("v_lim", 1.25 * Sym("v_m", s.vm), limit, "m/s", "EN 1991-1-4, E.1.2 (2)",
-          Line().Add(VortexAccepted(s) ? "below v_crit: no further study"
-                                       : "not below v_crit: to be studied, E.1.5",
-                     VortexAccepted(s) ? Span::Style::good : Span::Style::bad));
+          Against(VortexAccepted(s)) +
+              Line(VortexAccepted(s) ? ": no further study" : ": to be studied, E.1.5"));
 }
 
 void AddByStandard(const ProjectState& s, Document& d)
@@ -103,9 +110,7 @@ void AddByStandard(const ProjectState& s, Document& d)
           other->vcrit, "m/s", "EN 1991-1-4, E.1.3.1 (1), Eq (E.2)");
     AddMeanWind(s, other->z0, "v_m,standard", other->vm, d);
     d.Add("v_lim,standard", 1.25 * Sym("v_m,standard", other->vm), 1.25 * other->vm, "m/s",
-          "EN 1991-1-4, E.1.2 (2)",
-          Line().Add(other->accepted ? "below v_crit" : "not below v_crit",
-                     other->accepted ? Span::Style::good : Span::Style::bad));
+          "EN 1991-1-4, E.1.2 (2)", Against(other->accepted));
 }
 
 }  // namespace

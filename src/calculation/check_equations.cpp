@@ -126,17 +126,18 @@ std::string RichLine(const Line& line, char decimal)
 {
     std::string text;
     for (const Span& span : line.spans) {
+        const std::string content = span.number ? RichNumber(span.text, decimal) : span.text;
         switch (span.style) {
         case Span::Style::subscript:
-            text += "<sub>" + span.text + "</sub>";
+            text += "<sub>" + content + "</sub>";
             break;
         case Span::Style::strong:
         case Span::Style::good:
         case Span::Style::bad:
-            text += "<b>" + span.text + "</b>";
+            text += "<b>" + content + "</b>";
             break;
         default:
-            text += PlainText(Line().Add(span.text, span.style), decimal);
+            text += span.number ? content : PlainText(Line().Add(content, span.style));
         }
     }
     return text;

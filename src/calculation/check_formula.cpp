@@ -134,7 +134,7 @@ Expr FormulaOfCheck(const Check& check)
     return formula != nullptr && Evaluate(formula) < 0 && check.ratio > 0 ? Size(formula) : formula;
 }
 
-std::string PlaceText(const CheckPlace& place)
+Line PlaceOf(const CheckPlace& place)
 {
     const auto part = [&](int number) {
         return number == 0 ? std::string("0")
@@ -144,11 +144,12 @@ std::string PlaceText(const CheckPlace& place)
     };
     switch (place.kind) {
     case CheckPlace::Kind::section:
-        return "at x/L = " + NumberText(place.x, 4);
+        return Line("at x/L = ") + NumberLine(place.x, 4);
     case CheckPlace::Kind::point:
-        return "at x/L = " + NumberText(place.x, 4) + ", point " + std::to_string(place.number);
+        return Line("at x/L = ") + NumberLine(place.x, 4) +
+               Line(", point " + std::to_string(place.number));
     case CheckPlace::Kind::segment:
-        return "between " + part(place.number - 1) + " and " + part(place.number);
+        return Line("between " + part(place.number - 1) + " and " + part(place.number));
     default:
         return {};
     }
@@ -159,15 +160,16 @@ void AddCheck(Document& d, const Check& check, Line remark)
     if (!IsJudged(check)) {
         return;
     }
-    const std::string place = PlaceText(check.place);
-    Line behind(place);
+    Line behind = PlaceOf(check.place);
     if (!remark.Empty()) {
-        behind += Line(place.empty() ? "" : "; ") + remark;
+        behind += Line(behind.Empty() ? "" : "; ") + remark;
+    }
+    if (!behind.Empty()) {
+        behind += Line(", ");
     }
     d.Add("IR", FormulaOfCheck(check), check.ratio, "", std::string(TextsOf(check.form).clause),
-          behind + Line(place.empty() && remark.Empty() ? "" : "  ") +
-              Line().Add(check.status == kAbove ? "ABOVE LIMIT" : "within limit",
-                         check.status == kAbove ? Span::Style::bad : Span::Style::good));
+          behind + Line().Add(check.status == kAbove ? "ABOVE LIMIT" : "within limit",
+                              check.status == kAbove ? Span::Style::bad : Span::Style::good));
 }
 
 }  // namespace kestrum

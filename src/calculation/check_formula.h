@@ -19,7 +19,7 @@ Expr FormulaOfCheck(const Check& check);
 // "IR = formula = numbers = ratio [clause]", and where it holds.
 void AddCheck(Document& d, const Check& check, Line remark = {});
 
-// "at x = 0.50 L", "between 1L/3 and 2L/3"; empty for the whole member.
-std::string PlaceText(const CheckPlace& place);
+// "at x/L = 0.5", "between 1L/3 and 2L/3"; empty for the whole member.
+Line PlaceOf(const CheckPlace& place);
 
 }  // namespace kestrum

@@ -81,6 +81,20 @@ std::string NameInText(standard::CheckId id)
     return std::string(standard::NameOf(id));
 }
 
+Line LineOf(const LoadCase& load_case)
+{
+    const std::string name = NameOf(load_case);
+    constexpr std::string_view kSymbol = "psi0";
+    Line line;
+    std::size_t done = 0;
+    for (std::size_t at = name.find(kSymbol); at != std::string::npos;
+         at = name.find(kSymbol, done)) {
+        line += Line(name.substr(done, at - done)) + Line(Symbol("ψ_0"));
+        done = at + kSymbol.size();
+    }
+    return line + Line(name.substr(done));
+}
+
 const Check* LargestOf(const CheckPair& pair, const CheckList& list)
 {
     const Check* largest = nullptr;

@@ -3,6 +3,8 @@
 // The checks of both sets of rules under common names, so that they stand side by side.
 
 #include "core/check.h"
+#include "core/load_cases.h"
+#include "document/document.h"
 #include "standard/result.h"
 
 #include <optional>
@@ -23,6 +25,9 @@ const std::vector<CheckPair>& CheckPairs();
 std::string NameInText(standard::CheckId id);
 // The same of a title.
 std::string InText(std::string_view title);
+
+// "6.10 G sup + Q1 + ψ0 Q2".
+Line LineOf(const LoadCase& load_case);
 
 // The judged check of the pair with the largest ratio, null without one.
 const Check* LargestOf(const CheckPair& pair, const CheckList& list);

@@ -1,5 +1,6 @@
 #include "calculation/standard_equations.h"
 
+#include "calculation/check_names.h"
 #include "calculation/quantities.h"
 #include "calculation/standard_member.h"
 #include "calculation/standard_shear.h"
@@ -469,16 +470,17 @@ void AddStandardCheck(const Library& library, const ProjectState& input,
     } else if (study && study->deflection) {
         ratio = DeflectionRatio(input, *study, id == standard::CheckId::deflection_z, d);
     }
-    std::string where = NameOf(check.load_case);
+    Line where = LineOf(check.load_case);
     if (!std::isnan(check.place)) {
-        where += ", x/L = " + NumberText(check.place, 4);
+        where += Line(", x/L = ") + NumberLine(check.place, 4);
     }
     if (std::isinf(check.ir)) {
-        where += ", nothing is left of the resistance";
+        where += Line(", nothing is left of the resistance");
     }
-    const std::string costs = CostsOf(result, id);
-    d.Add("IR_standard", ratio, check.ir, "", std::string(check.clause),
-          where + (costs.empty() ? "" : "; " + costs));
+    if (const std::string costs = CostsOf(result, id); !costs.empty()) {
+        where += WithNumbers("; " + costs);
+    }
+    d.Add("IR_standard", ratio, check.ir, "", std::string(check.clause), std::move(where));
 }
 
 }  // namespace kestrum

@@ -101,8 +101,8 @@ Expr OfMember::Column(bool y)
                "", "6.3.1.2 (1), Eq (6.49)");
     } else {
         d_.Add(symbol, chi, "", "6.3.1.2 (4)",
-               std::isfinite(ncr) ? "slenderness of 0.2 or less"
-                                  : "does not buckle about this axis");
+               WithNumbers(std::isfinite(ncr) ? "slenderness of 0.2 or less"
+                                              : "does not buckle about this axis"));
     }
     return N() / Resistance(("N_b," + n + ",Rd").c_str(), symbol.c_str(), chi, t_.column);
 }
@@ -171,7 +171,7 @@ Expr OfMember::Torsional()
         d_.Add("χ_T", Least({Num(1), 1 / (phi + Root(Square(phi) - Square(lam)))}), t_.column.chit,
                "", "6.3.1.2 (1), Eq (6.49)");
     } else {
-        d_.Add("χ_T", t_.column.chit, "", "6.3.1.2 (4)", "slenderness of 0.2 or less");
+        d_.Add("χ_T", t_.column.chit, "", "6.3.1.2 (4)", WithNumbers("slenderness of 0.2 or less"));
     }
     return N() / Resistance("N_b,T,Rd", "χ_T", t_.column.chit, t_.column);
 }

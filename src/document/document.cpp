@@ -27,9 +27,9 @@ Line::Line(const Symbol& symbol)
     }
 }
 
-Line& Line::Add(std::string text, Span::Style style)
+Line& Line::Add(std::string text, Span::Style style, bool number)
 {
-    spans.push_back({std::move(text), style});
+    spans.push_back({std::move(text), style, number});
     return *this;
 }
 
@@ -52,7 +52,34 @@ Line Strong(std::string text)
 
 Line NumberLine(double value, int digits)
 {
-    return Line().Add(NumberText(value, digits), Span::Style::number);
+    return Line().Add(NumberText(value, digits), Span::Style::plain, true);
+}
+
+Line WithNumbers(std::string_view text, Span::Style style)
+{
+    constexpr std::string_view kDigits = "0123456789";
+    Line line;
+    std::size_t done = 0;
+    for (std::size_t point = text.find('.'); point != std::string_view::npos;
+         point = text.find('.', point + 1)) {
+        std::size_t from = point;
+        while (from > done && kDigits.find(text[from - 1]) != std::string_view::npos) {
+            --from;
+        }
+        const std::size_t to = std::min(text.find_first_not_of(kDigits, point + 1), text.size());
+        if (from == point || to == point + 1) {
+            continue;
+        }
+        if (from > done) {
+            line.Add(std::string(text.substr(done, from - done)), style);
+        }
+        line.Add(std::string(text.substr(from, to - from)), style, true);
+        done = to;
+    }
+    if (done < text.size()) {
+        line.Add(std::string(text.substr(done)), style);
+    }
+    return line;
 }
 
 Equation EquationOf(const Symbol& symbol, const Expr& formula, double value, std::string unit,

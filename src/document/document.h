@@ -21,13 +21,13 @@ struct Span {
         plain,
         strong,
         subscript,
-        number,  // written with the decimal sign of the document
-        good,    // within the limit
-        bad,     // above it
-        bar      // a letter with a bar above
+        good,  // within the limit
+        bad,   // above it
+        bar    // a letter with a bar above
     };
     std::string text;
     Style style = Style::plain;
+    bool number = false;  // written with the decimal sign of the document
 };
 
 // A run of text with changes of style.
@@ -40,7 +40,7 @@ struct Line {
     Line(const char* text) : Line(std::string(text)) {}
     Line(const Symbol& symbol);
 
-    Line& Add(std::string text, Span::Style style = Span::Style::plain);
+    Line& Add(std::string text, Span::Style style = Span::Style::plain, bool number = false);
     Line& operator+=(const Line& other);
     bool Empty() const { return spans.empty(); }
 };
@@ -48,6 +48,8 @@ Line operator+(Line a, const Line& b);
 Line Strong(std::string text);
 // A number as it is printed: NumberText.
 Line NumberLine(double value, int digits = 5);
+// A text without numbers of clauses: what has a decimal point in it is a number.
+Line WithNumbers(std::string_view text, Span::Style style = Span::Style::plain);
 std::string PlainText(const Line& line, char decimal = '.');
 
 struct Heading {

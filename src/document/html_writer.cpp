@@ -180,31 +180,33 @@ private:
     void Text(const Line& line)
     {
         for (const Span& span : line.spans) {
-            switch (span.style) {
-            case Span::Style::strong:
-                out_ += "<b>" + XmlText(span.text) + "</b>";
-                break;
-            case Span::Style::subscript:
-                out_ += "<sub>" + XmlText(span.text) + "</sub>";
-                break;
-            case Span::Style::number:
+            const auto [open, close] = Tags(span.style);
+            out_ += open;
+            if (span.number) {
                 out_ += RichNumber(span.text, document_.head.decimal);
-                break;
-            case Span::Style::good:
-                out_ += "<b class=\"good\">" + XmlText(span.text) + "</b>";
-                break;
-            case Span::Style::bad:
-                out_ += "<b class=\"bad\">" + XmlText(span.text) + "</b>";
-                break;
-            case Span::Style::bar:
-                out_ +=
-                    "<span style=\"text-decoration:overline\">" + XmlText(span.text) + "</span>";
-                break;
-            case Span::Style::plain:
-                AppendXml(out_, span.text);
-                break;
+            } else {
+                AppendXml(out_, WithFixedBlanks(span.text));
             }
+            out_ += close;
         }
+    }
+    static std::pair<std::string_view, std::string_view> Tags(Span::Style style)
+    {
+        switch (style) {
+        case Span::Style::strong:
+            return {"<b>", "</b>"};
+        case Span::Style::subscript:
+            return {"<sub>", "</sub>"};
+        case Span::Style::good:
+            return {"<b class=\"good\">", "</b>"};
+        case Span::Style::bad:
+            return {"<b class=\"bad\">", "</b>"};
+        case Span::Style::bar:
+            return {"<span style=\"text-decoration:overline\">", "</span>"};
+        case Span::Style::plain:
+            break;
+        }
+        return {};
     }
 
     const Document& document_;

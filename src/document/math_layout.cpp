@@ -261,26 +261,20 @@ std::vector<MathBox> EquationBoxes(const Equation& equation, double size, char d
 MathBox LineBox(const Line& line, double size, char decimal, Ink ink, bool bold)
 {
     MathBox box;
+    using Style = Span::Style;
     for (const Span& span : line.spans) {
-        switch (span.style) {
-        case Span::Style::number:
-            Append(box, NumberBox(span.text, size, decimal, bold, ink));
-            break;
-        case Span::Style::subscript:
-            Append(box, TextBox(span.text, kSmall * size, false, bold, ink), -0.2 * size);
-            break;
-        case Span::Style::bar:
-            Append(box, BarredBox(TextBox(span.text, size, false, bold, ink), size));
-            break;
-        case Span::Style::good:
-            Append(box, TextBox(span.text, size, false, true, Ink::good));
-            break;
-        case Span::Style::bad:
-            Append(box, TextBox(span.text, size, false, true, Ink::bad));
-            break;
-        default:
-            Append(box,
-                   TextBox(span.text, size, false, bold || span.style == Span::Style::strong, ink));
+        const bool judged = span.style == Style::good || span.style == Style::bad;
+        const bool strong = bold || judged || span.style == Style::strong;
+        const Ink colour = span.style == Style::good  ? Ink::good
+                           : span.style == Style::bad ? Ink::bad
+                                                      : ink;
+        if (span.number) {
+            Append(box, NumberBox(span.text, size, decimal, strong, colour));
+        } else if (span.style == Style::subscript) {
+            Append(box, TextBox(span.text, kSmall * size, false, strong, colour), -0.2 * size);
+        } else {
+            MathBox text = TextBox(span.text, size, false, strong, colour);
+            Append(box, span.style == Style::bar ? BarredBox(std::move(text), size) : text);
         }
     }
     return box;

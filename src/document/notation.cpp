@@ -206,21 +206,30 @@ std::string PlainText(const Line& line, char decimal)
 {
     std::string text;
     for (const Span& span : line.spans) {
-        switch (span.style) {
-        case Span::Style::number:
-            text += NumberInLine(span.text, decimal);
-            break;
-        case Span::Style::subscript:
-            text += "_" + span.text;
-            break;
-        case Span::Style::bar:
-            text += span.text + std::string(kBarAbove);
-            break;
-        default:
-            text += span.text;
-        }
+        text += span.style == Span::Style::subscript ? "_" : "";
+        text += span.number ? NumberInLine(span.text, decimal) : span.text;
+        text += span.style == Span::Style::bar ? kBarAbove : "";
     }
     return text;
+}
+
+bool KeptTogether(std::string_view text, std::size_t blank)
+{
+    return (blank + 1 < text.size() && text[blank + 1] == '=') ||
+           (blank > 0 && text[blank - 1] == '=');
+}
+
+std::string WithFixedBlanks(std::string_view text)
+{
+    std::string out;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == ' ' && KeptTogether(text, i)) {
+            out += "\xC2\xA0";
+        } else {
+            out += text[i];
+        }
+    }
+    return out;
 }
 
 }  // namespace kestrum

@@ -26,6 +26,11 @@ std::string RichSymbol(const Symbol& symbol);
 std::string RichFormula(const Expr& expr, char decimal);
 std::string RichCalculation(const Expr& expr, int digits, char decimal);
 
+// Whether a line is not broken at this blank: beside an equals sign.
+bool KeptTogether(std::string_view text, std::size_t blank);
+// The text with blanks there that no writer breaks at.
+std::string WithFixedBlanks(std::string_view text);
+
 // "kN", "kN/m²".
 std::string UnitText(std::string_view unit);
 

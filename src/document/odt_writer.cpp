@@ -208,36 +208,37 @@ private:
     void Text(const Line& line)
     {
         for (const Span& span : line.spans) {
-            switch (span.style) {
-            case Span::Style::strong:
-                Styled("Strong", span.text);
-                break;
-            case Span::Style::subscript:
-                Styled("Sub", span.text);
-                break;
-            case Span::Style::number: {
-                const std::string text = NumberInLine(span.text, document_.head.decimal);
-                const std::size_t power = text.find('^');
+            const std::string_view style = StyleOf(span.style);
+            const std::string text = span.number ? NumberInLine(span.text, document_.head.decimal)
+                                                 : WithFixedBlanks(span.text);
+            const std::size_t power = span.number ? text.find('^') : std::string::npos;
+            if (style.empty()) {
                 AppendXml(body_, text.substr(0, power));
-                if (power != std::string::npos) {
-                    Styled("Super", text.substr(power + 1));
-                }
-                break;
+            } else {
+                Styled(style, text.substr(0, power));
             }
-            case Span::Style::good:
-                Styled("GoodText", span.text);
-                break;
-            case Span::Style::bad:
-                Styled("BadText", span.text);
-                break;
-            case Span::Style::bar:
-                Styled("Bar", span.text);
-                break;
-            case Span::Style::plain:
-                AppendXml(body_, span.text);
-                break;
+            if (power != std::string::npos) {
+                Styled("Super", text.substr(power + 1));
             }
         }
+    }
+    static std::string_view StyleOf(Span::Style style)
+    {
+        switch (style) {
+        case Span::Style::strong:
+            return "Strong";
+        case Span::Style::subscript:
+            return "Sub";
+        case Span::Style::good:
+            return "GoodText";
+        case Span::Style::bad:
+            return "BadText";
+        case Span::Style::bar:
+            return "Bar";
+        case Span::Style::plain:
+            break;
+        }
+        return {};
     }
     // The name of a heading that the list of contents leads to, from 1.
     static std::string MemberName(int member) { return "member-" + std::to_string(member); }

@@ -7,6 +7,7 @@
 #include "report/figure_tools.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace kestrum {
 
@@ -65,9 +66,12 @@ public:
             return;
         }
         const bool remark = paragraph.kind == Kind::remark;
-        if (next_ != nullptr && std::holds_alternative<Equation>(*next_)) {
-            constexpr double kEquation = 14;  // what leads to an equation stands with it
-            Need(kText * kLine + kEquation);
+        if (remark || (next_ != nullptr && (std::holds_alternative<Equation>(*next_) ||
+                                            std::holds_alternative<TextTable>(*next_)))) {
+            // What leads to an equation or a table stands with it.
+            const std::size_t lines =
+                WrapLine(paragraph.text, kText, kWidth, document_.head.decimal).size();
+            Need(static_cast<double>(lines) * kText * kLine + 1 + Following());
         }
         Wrapped(paragraph.text, remark ? kSmallText : kText, kLeft, kWidth,
                 remark ? Ink::faint : Ink::text);
@@ -171,8 +175,11 @@ private:
                 return height + HeightOf(*figures) + 3;
             }
             if (const auto* const table = std::get_if<TextTable>(&block)) {
-                const double all = LayOutTable(*table, kWidth, document_.head.decimal).Height();
-                return height + (all <= kTogether ? all + kLead : kFirst + kLead);
+                return height + kLead +
+                       StartOf(LayOutTable(*table, kWidth, document_.head.decimal));
+            }
+            if (const auto* const equation = std::get_if<Equation>(&block)) {
+                return height + HeightOf(*equation);
             }
             const bool text = std::holds_alternative<Paragraph>(block);
             const auto* const heading = std::get_if<Heading>(&block);
@@ -200,7 +207,7 @@ private:
         const bool good = paragraph.kind == Paragraph::Kind::verdict_good;
         Line text;
         for (const Span& span : paragraph.text.spans) {
-            text.Add(span.text, good ? Span::Style::good : Span::Style::bad);
+            text.Add(span.text, good ? Span::Style::good : Span::Style::bad, span.number);
         }
         const std::vector<Line> lines =
             WrapLine(text, kSize, kWidth - 2 * kPadding, document_.head.decimal);
@@ -220,17 +227,33 @@ private:
 
     // --- Tables ----------------------------------------------------------------------------------
 
+    // What of a table stands on one page: all of a short one, else the titles with two rows.
+    static constexpr std::size_t kHeadRows = 2;
+    static double StartOf(const TableLayout& layout)
+    {
+        if (layout.Height() <= kTogether) {
+            return layout.Height();
+        }
+        const auto first =
+            static_cast<std::ptrdiff_t>(std::min(kHeadRows + 1, layout.heights.size()));
+        return std::accumulate(layout.heights.begin(), layout.heights.begin() + first, 0.0);
+    }
+
     void PrintTable(const TextTable& table, const TableLayout& layout, double x)
     {
-        constexpr double kFirstRows = 12, kBelow = 3;
+        constexpr double kBelow = 3;
         const char decimal = document_.head.decimal;
+        const double start = StartOf(layout);
         if (!table.caption.empty()) {
-            Need(kText * kLine + (layout.Height() <= kTogether ? layout.Height() : kFirstRows));
+            Need(kText * kLine + start);
             Wrapped(Strong(table.caption), kText, x, kRight - x);
         }
-        Need(layout.Height() <= kTogether ? layout.Height() : kFirstRows);
-        for (std::size_t row = 0; row < layout.rows.size(); ++row) {
-            if (row > 0 && y_ + layout.heights[row] > kBottom) {
+        Need(start);
+        const std::size_t rows = layout.rows.size();
+        for (std::size_t row = 0; row < rows; ++row) {
+            const bool pair = row + 2 == rows && row > kHeadRows;  // the last two stand together
+            const double height = layout.heights[row] + (pair ? layout.heights[row + 1] : 0);
+            if (row > 0 && y_ + height > kBottom) {
                 NewPage();
                 PrintRow(Page(), table, layout, 0, {x, y_}, decimal);
                 y_ += layout.heights[0];
@@ -272,6 +295,10 @@ private:
     static double HeightOf(const Figure& figure)
     {
         return figure.drawing.height * WidthOf(figure) / figure.drawing.width + kSmallText * kLine;
+    }
+    double HeightOf(const Equation& equation) const
+    {
+        return EquationLayout(equation, kWidth, document_.head.decimal).Height();
     }
     static double HeightOf(const FigureRow& row)
     {

@@ -1,6 +1,7 @@
 #include "document/text_flow.h"
 
 #include "document/math_layout.h"
+#include "document/notation.h"
 
 #include <algorithm>
 
@@ -13,13 +14,16 @@ std::vector<Line> WordsOf(const Line& line)
 {
     std::vector<Line> words(1);
     for (const Span& span : line.spans) {
-        if (span.style == Span::Style::number || span.style == Span::Style::subscript) {
+        if (span.number || span.style == Span::Style::subscript) {
             words.back().spans.push_back(span);
             continue;
         }
         std::size_t from = 0;
         while (from < span.text.size()) {
-            const std::size_t blank = span.text.find(' ', from);
+            std::size_t blank = span.text.find(' ', from);
+            while (blank != std::string::npos && KeptTogether(span.text, blank)) {
+                blank = span.text.find(' ', blank + 1);
+            }
             const std::size_t to = blank == std::string::npos ? span.text.size() : blank + 1;
             words.back().Add(span.text.substr(from, to - from), span.style);
             if (blank != std::string::npos) {

@@ -339,6 +339,68 @@ TEST(CalculationReport, ReactionsHoldTheLoads)
               std::string::npos);
 }
 
+// A document has one decimal sign: in texts, tables, equations and figures.
+TEST(CalculationReport, HasTheDecimalSignOfItsDocumentEverywhere)
+{
+    const ProjectState s =
+        MemberOf(std::string(kSettings) +
+                 "family=4 row.ipe=14 l=6.5 nload[1]=12.5 qload[1]=10.5 selfweight=1 "
+                 "pm[1]=20.5 pmx[1]=2.5 ltb=1 loadlevel=1 loadcomb=1 modal=1");
+    const ReportedMember member{.project = s};
+    DocumentHead head;
+    head.decimal = ',';
+    const Document d = CalculationReport(DeliveredTables(), {&member, 1}, head);
+    const std::string text = WriteMarkdown(d);
+    for (const char* const expected : {"x/L = 0,", "IR = 0,", "| q  | 10,5 |", "| 20,5 | 2,500 |",
+                                       "is included: 0,", "1,35\\*", "N = 12,5", "ν = 0,3"}) {
+        EXPECT_NE(text.find(expected), std::string::npos) << expected;
+    }
+    for (const char* const refused : {"x/L = 0.", "IR = 0.", "10.5", "20.5", "12.5", "1.35"}) {
+        EXPECT_EQ(text.find(refused), std::string::npos) << refused;
+    }
+    std::size_t numbers = 0;
+    for (const Block& block : d.blocks) {
+        const auto* const row = std::get_if<FigureRow>(&block);
+        for (std::size_t i = 0; row != nullptr && i < row->figures.size(); ++i) {
+            for (const auto& mark : row->figures[i].drawing.marks) {
+                const auto* const label = std::get_if<TextMark>(&mark);
+                if (label != nullptr) {
+                    EXPECT_EQ(WithNumbers(label->text).spans.size() > 1, false) << label->text;
+                    numbers += label->text.find(',') != std::string::npos ? 1 : 0;
+                }
+            }
+        }
+    }
+    EXPECT_GT(numbers, 3U);
+}
+
+// With the user's factors a deflection is governed by those of service only.
+TEST(CalculationReport, TellsTheUsersFactorsApart)
+{
+    const std::string text =
+        MarkdownOf(MemberOf(std::string(kSettings) + "family=4 row.ipe=10 l=6 qload[1]=10 "
+                                                     "loadcomb=4 lfulsg=1.2 lfslsg=1"));
+    const auto row = [&](const std::string& name) {
+        const std::size_t at = text.find("| " + name + " |");
+        return at == std::string::npos ? "" : text.substr(at, text.find('\n', at) - at);
+    };
+    const std::string strength = row("user factors, ULS"), service = row("user factors, SLS");
+    EXPECT_NE(strength.find("bending about y"), std::string::npos) << strength;
+    EXPECT_EQ(strength.find("deflection"), std::string::npos) << strength;
+    EXPECT_NE(service.find("deflection along z"), std::string::npos) << service;
+    EXPECT_EQ(service.find("bending about y"), std::string::npos) << service;
+}
+
+// ψ0 of a combination stands as the symbol.
+TEST(CalculationReport, NamesPsiByItsLetter)
+{
+    const std::string text = MarkdownOf(MemberOf(
+        std::string(kSettings) + "family=4 row.ipe=10 l=6 qload[1]=10 qload[2]=8 qtype[2]=1 "
+                                 "qload[3]=8 qtype[3]=2 loadcomb=1"));
+    EXPECT_NE(text.find("+ ψ\\_0 Q2"), std::string::npos);
+    EXPECT_EQ(text.find("psi0"), std::string::npos);
+}
+
 // The report of a member that fails says so and stops there.
 TEST(CalculationReport, OfAnUnstableMemberHasItsVerdict)
 {

@@ -1,6 +1,7 @@
 // Documents on pages, and what offices write on them.
 
 #include "document/document_head.h"
+#include "document/notation.h"
 #include "document/odt_writer.h"
 #include "document/page_layout.h"
 #include "document/text_flow.h"
@@ -101,6 +102,35 @@ TEST(PageLayout, NoHeadingStandsAloneAtTheFootOfAPage)
     }
 }
 
+// Rows of a long table on each page that has some.
+TEST(PageLayout, NoRowOfALongTableStandsAlone)
+{
+    constexpr int kRows = 24;
+    for (int lines = 0; lines < 62; ++lines) {
+        Document d;
+        for (int i = 0; i < lines; ++i) {
+            d.Say("A line of text.");
+        }
+        TextTable table{.columns = {{"Title"}}, .caption = "Caption"};
+        for (int row = 0; row < kRows; ++row) {
+            table.rows.push_back({"row"});
+        }
+        d.Add(std::move(table));
+        const LaidOut laid = LayOut(d);
+        std::ptrdiff_t all = 0;
+        for (const Drawing& page : laid.pages) {
+            const auto rows =
+                std::count_if(page.marks.begin(), page.marks.end(), [](const Mark& m) {
+                    const auto* const text = std::get_if<TextMark>(&m);
+                    return text != nullptr && text->text == "row";
+                });
+            EXPECT_NE(rows, 1) << lines;
+            all += rows;
+        }
+        EXPECT_EQ(all, kRows);
+    }
+}
+
 TEST(PageLayout, EachPageHasItsNumber)
 {
     const LaidOut laid = LayOut(LongDocument(1));
@@ -141,6 +171,19 @@ TEST(PageLayout, TheContentsLeadToTheMembers)
         }
         EXPECT_TRUE(found) << number;
     }
+}
+
+TEST(WrapLine, DoesNotBreakBesideAnEqualsSign)
+{
+    for (double width = 8; width < 40; ++width) {
+        for (const Line& line :
+             WrapLine(Line("at x/L = ") + NumberLine(0.5) + Line(", y = 3"), 3, width, '.')) {
+            const std::string text = PlainText(line);
+            EXPECT_FALSE(text.starts_with('=') || text.ends_with("= ")) << text;
+        }
+    }
+    EXPECT_EQ(WithFixedBlanks("at x/L = 0.5"), "at x/L\xC2\xA0=\xC2\xA0"
+                                               "0.5");
 }
 
 TEST(WrapLine, KeepsEveryLetterAndTheWidth)
