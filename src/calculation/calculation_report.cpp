@@ -4,7 +4,6 @@
 #include "core/project_state.h"
 #include "core/version.h"
 #include "report/both_bases.h"
-#include "report/page_header.h"
 
 #include <algorithm>
 #include <cmath>
@@ -30,11 +29,6 @@ CalculatedMember CalculateMember(const Library& library, const ProjectState& pro
     m.outcome = OutcomeOf(m.s, both.well);
     m.stages = StagesOf(m.s);
     return m;
-}
-
-std::string TitleOf(const CalculatedMember& m)
-{
-    return ProfileText(m.library, m.s, false);
 }
 
 void AddMember(const CalculatedMember& m, Document& d)
@@ -80,7 +74,7 @@ void AddFront(std::span<const ReportedMember> members,
     std::vector<std::size_t> order;
     for (std::size_t i = 0; i < members.size(); ++i) {
         contents.rows.push_back(
-            {members[i].project->ident, TitleOf(calculated[i]), members[i].file, "      "});
+            {members[i].project->ident, ProfileOf(calculated[i]), members[i].file, "      "});
         order.push_back(i);
     }
     d.Add(std::move(contents));
@@ -100,7 +94,7 @@ void AddFront(std::span<const ReportedMember> members,
                                   {"verdict"}}};
     for (const std::size_t i : order) {
         const CalculatedMember& m = calculated[i];
-        summary.rows.push_back({members[i].project->ident, TitleOf(m),
+        summary.rows.push_back({members[i].project->ident, ProfileOf(m),
                                 WithNumbers(RatioText(m.outcome.rated(), m.outcome.ir)),
                                 GoverningName(m), VerdictText(m.outcome),
                                 WithNumbers(RatioText(m.standard.rated, m.standard.ir)),
@@ -150,7 +144,7 @@ Document CalculationReport(const Library& library, std::span<const ReportedMembe
     const bool book = members.size() > 1;
     d.head.project = members.front().project->projname;
     d.head.ident = book ? "" : members.front().project->ident;
-    d.head.title = "Calculation report" + (book ? "" : ": " + TitleOf(calculated.front()));
+    d.head.title = "Calculation report" + (book ? "" : ": " + ProfileOf(calculated.front()));
     d.head.footer = FooterOf(members);
     if (book) {
         AddFront(members, calculated, d);
@@ -159,7 +153,7 @@ Document CalculationReport(const Library& library, std::span<const ReportedMembe
         if (book) {
             d.NewPage();
             const std::string& ident = members[i].project->ident;
-            d.Member((ident.empty() ? "" : ident + ": ") + TitleOf(calculated[i]));
+            d.Member((ident.empty() ? "" : ident + ": ") + ProfileOf(calculated[i]));
             d.Say(members[i].file + ", SHA-256 " + members[i].digest, Paragraph::Kind::remark);
         } else {
             d.Member(d.head.title);

@@ -5,6 +5,7 @@
 #include "report/page_quantities.h"
 #include "report/section_figure.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestrum {
@@ -15,8 +16,10 @@ namespace {
 Symbol SymbolOfQuantity(std::string_view name)
 {
     const bool word = name.size() > 1 && name.find(' ') != std::string_view::npos;
-    const bool plain = name == "alfa" || name == "Surface" || name.size() == 1 || word;
-    if (plain) {
+    if (name == "alfa") {
+        return "α";
+    }
+    if (name == "Surface" || name.size() == 1 || word) {
         return std::string(name);
     }
     return std::string(name.substr(0, 1)) + "_" + std::string(name.substr(1));
@@ -35,17 +38,23 @@ TextTable QuantityTable(std::string caption, const std::vector<Quantity>& quanti
                     .caption = std::move(caption)};
     for (const Quantity& quantity : quantities) {
         table.rows.push_back({SymbolOfQuantity(quantity.symbol), ValueLine(quantity.value),
-                              UnitText(quantity.unit)});
+                              quantity.unit == "deg" ? "°" : UnitText(quantity.unit)});
     }
     return table;
 }
 
 }  // namespace
 
+std::string ProfileOf(const CalculatedMember& m)
+{
+    const std::string name = ProfileText(m.library, m.s, false);  // some are set off with blanks
+    return name.substr(std::min(name.find_first_not_of(' '), name.size()));
+}
+
 void AddSection(const CalculatedMember& m, Document& d)
 {
     d.Chapter("Section");
-    d.Show({{DrawSection(m.s), ProfileText(m.library, m.s, false) + ", dimensions in mm", 75}});
+    d.Show({{DrawSection(m.s), ProfileOf(m) + ", dimensions in mm", 75}});
     std::vector<Quantity> dimensions = DimensionsOf(m.s);
     const std::vector<Quantity> weights = WeightsOf(m.s);
     dimensions.insert(dimensions.end(), weights.begin(), weights.end());

@@ -64,7 +64,7 @@ void AddFrequencies(const CalculatedMember& m, Document& d)
     }
     std::vector<Figure> shapes;
     for (int mode = 1; mode <= 3; ++mode) {
-        constexpr double kWidth = 58;
+        constexpr double kWidth = 56;  // three side by side
         shapes.push_back({DrawModeShape(s, mode), "Mode " + std::to_string(mode), kWidth});
     }
     d.Show(std::move(shapes));

@@ -29,6 +29,9 @@ struct CalculatedMember {
 // "lateral torsional buckling": the check of the program with the largest ratio.
 std::string GoverningName(const CalculatedMember& m);
 
+// "HEA 200".
+std::string ProfileOf(const CalculatedMember& m);
+
 // The combination of the program's checks, short: "6.10b", "end forces"; `service`: of deflections.
 std::string CombinationOf(const ProjectState& s, bool service);
 

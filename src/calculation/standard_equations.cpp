@@ -477,6 +477,9 @@ void AddStandardCheck(const Library& library, const ProjectState& input,
     if (std::isinf(check.ir)) {
         where += Line(", nothing is left of the resistance");
     }
+    const bool above = check.ir > input.irlimit;
+    where += Line(", ").Add(above ? "ABOVE LIMIT" : "within limit",
+                            above ? Span::Style::bad : Span::Style::good);
     if (const std::string costs = CostsOf(result, id); !costs.empty()) {
         where += WithNumbers("; " + costs);
     }

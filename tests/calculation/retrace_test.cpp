@@ -391,6 +391,14 @@ TEST(CalculationReport, TellsTheUsersFactorsApart)
     EXPECT_EQ(service.find("bending about y"), std::string::npos) << service;
 }
 
+TEST(CalculationReport, NamesAnAngleAndItsPrincipalAxis)
+{
+    const std::string text = MarkdownOf(MemberOf(std::string(kSettings) + "family=10 row.l1=40 l=2 "
+                                                                          "qload[1]=0.5"));
+    EXPECT_NE(text.find("# Calculation report: L "), std::string::npos);
+    EXPECT_NE(text.find("| α | 45 | ° |"), std::string::npos);
+}
+
 // ψ0 of a combination stands as the symbol.
 TEST(CalculationReport, NamesPsiByItsLetter)
 {
