@@ -1,5 +1,6 @@
 #include "document/math_layout.h"
 
+#include "document/expression_writer.h"
 #include "document/notation.h"
 
 #include <algorithm>
@@ -75,74 +76,41 @@ MathBox NumberBox(std::string_view number, double size, char decimal, bool bold 
     return box;
 }
 
+// In letters of a size.
 struct Setter {
+    using Piece = MathBox;
+    static constexpr bool bars = true;
     bool numbers;
     int digits;
     char decimal;
+    double size;
 
-    MathBox Set(const Expr& expr, double size) const;
-
-private:
-    MathBox Text(std::string_view text, double size) const
+    Setter Of(const Term& term, std::size_t part) const
     {
-        return TextBox(std::string(text), size);
+        constexpr double kNested = 0.92;  // of fractions
+        Setter own = *this;
+        own.size *= term.op == Op::divide               ? kNested
+                    : term.op == Op::power && part == 1 ? kSmall
+                                                        : 1;
+        return own;
     }
-    // Round brackets and bars of the height of what they hold.
-    MathBox Bracketed(const MathBox& inner, double size, std::string_view open,
-                      std::string_view close) const
+    MathBox Number(std::string_view number) const { return NumberBox(number, size, decimal); }
+    MathBox Name(const Symbol& symbol) const { return SymbolBox(symbol, size); }
+    MathBox Text(std::string_view text) const { return TextBox(std::string(text), size); }
+    MathBox PowerOfTen(int exponent) const
     {
-        const double high = std::max(1.0, (inner.above + inner.below) / (1.1 * size));
-        const double middle = (inner.above - inner.below) / 2;
-        const double big = high * size;
-        const double up = middle - (kAbove - kBelow) / 2 * big;
-        MathBox box;
-        Append(box, Text(open, big), up);
-        Append(box, inner);
-        Append(box, Text(close, big), up);
-        box.above = std::max(inner.above, kAbove * size);
-        box.below = std::max(inner.below, kBelow * size);
+        MathBox box = Text("10");
+        Append(box, TextBox(std::to_string(exponent), kSmall * size), 0.35 * size);
         return box;
     }
-    MathBox Operand(const Term& outer, const Expr& inner, bool left, double size) const
+    MathBox Joined(MathBox a, JoinSign sign, const MathBox& b) const
     {
-        const MathBox box = Set(inner, size);
-        const bool first = left && outer.op != Op::power;
-        const bool negative = numbers && inner->op == Op::symbol && inner->value < 0 && !first;
-        const bool product = numbers && outer.op == Op::power && left && inner->op == Op::symbol &&
-                             NumberText(inner->value, digits).find('e') != std::string::npos;
-        const bool fraction = inner->op == Op::divide && outer.op != Op::power;
-        const bool brackets = !fraction && NeedsBrackets(outer, *inner, left);
-        return negative || product || brackets ? Bracketed(box, size, "(", ")") : box;
+        Append(a, Text(sign == JoinSign::plus ? " + " : sign == JoinSign::minus ? " − " : "·"));
+        Append(a, b);
+        return a;
     }
-    MathBox Between(const Term& term, std::string_view sign, double size) const
+    MathBox Fraction(const MathBox& top, const MathBox& bottom) const
     {
-        MathBox box = Operand(term, term.parts[0], true, size);
-        Append(box, Text(sign, size));
-        Append(box, Operand(term, term.parts[1], false, size));
-        return box;
-    }
-    MathBox List(const Term& term, double size) const
-    {
-        MathBox box;
-        for (const Expr& part : term.parts) {
-            if (box.width > 0) {
-                Append(box, Text("; ", size));
-            }
-            Append(box, Set(part, size));
-        }
-        return box;
-    }
-    MathBox Function(std::string_view name, const Term& term, double size) const
-    {
-        MathBox box = Text(name, size);
-        Append(box, Bracketed(List(term, size), size, "(", ")"));
-        return box;
-    }
-    MathBox Fraction(const Term& term, double size) const
-    {
-        constexpr double kNested = 0.92;
-        const MathBox top = Set(term.parts[0], kNested * size);
-        const MathBox bottom = Set(term.parts[1], kNested * size);
         const double gap = 0.12 * size, side = 0.12 * size;
         const double width = std::max(top.width, bottom.width) + 2 * side;
         const double axis = kAxis * size;
@@ -154,7 +122,14 @@ private:
         AddRule(box, {0, -axis}, {width, -axis}, size);
         return box;
     }
-    MathBox RootOf(const MathBox& inner, double size) const
+    MathBox Raised(MathBox base, const MathBox& exponent) const
+    {
+        Append(base, exponent, std::max(0.38 * size, base.above - 0.45 * size));
+        return base;
+    }
+    MathBox Bracketed(const MathBox& inner) const { return Between(inner, "(", ")"); }
+    MathBox Size(const MathBox& inner) const { return Between(inner, "|", "|"); }
+    MathBox Root(const MathBox& inner) const
     {
         const double sign = 0.55 * size, gap = 0.14 * size;
         const double top = inner.above + gap, low = inner.below;
@@ -169,65 +144,39 @@ private:
         AddRule(box, {sign - 0.04 * size, -top}, {box.width, -top}, size);
         return box;
     }
-    MathBox PowerOfTen(int exponent, double size) const
+    MathBox Function(std::string_view name, const MathBox& of, bool) const
     {
-        MathBox box = Text("10", size);
-        Append(box, Text(std::to_string(exponent), kSmall * size), 0.35 * size);
+        MathBox box = Text(name);
+        Append(box, Bracketed(of));
         return box;
     }
-    MathBox PowerOf(const Term& term, double size) const
+    MathBox List(std::vector<MathBox> parts) const
     {
-        MathBox box = Operand(term, term.parts[0], true, size);
-        const MathBox exponent = Set(term.parts[1], kSmall * size);
-        Append(box, exponent, std::max(0.38 * size, box.above - 0.45 * size));
+        MathBox box = std::move(parts.front());
+        for (std::size_t i = 1; i < parts.size(); ++i) {
+            Append(box, Text("; "));
+            Append(box, parts[i]);
+        }
+        return box;
+    }
+
+private:
+    // Round brackets and bars of the height of what they hold.
+    MathBox Between(const MathBox& inner, std::string_view open, std::string_view close) const
+    {
+        const double high = std::max(1.0, (inner.above + inner.below) / (1.1 * size));
+        const double middle = (inner.above - inner.below) / 2;
+        const double big = high * size;
+        const double up = middle - (kAbove - kBelow) / 2 * big;
+        MathBox box;
+        Append(box, TextBox(std::string(open), big), up);
+        Append(box, inner);
+        Append(box, TextBox(std::string(close), big), up);
+        box.above = std::max(inner.above, kAbove * size);
+        box.below = std::max(inner.below, kBelow * size);
         return box;
     }
 };
-
-MathBox Setter::Set(const Expr& expr, double size) const
-{
-    const Term& term = *expr;
-    if (!numbers) {
-        if (const Expr* const rest = WithoutScale(term)) {
-            return Set(*rest, size);
-        }
-    }
-    switch (term.op) {
-    case Op::symbol:
-        return numbers ? NumberBox(NumberText(term.value, digits), size, decimal)
-                       : SymbolBox(term.symbol, size);
-    case Op::constant:
-        return term.text.empty() ? NumberBox(NumberText(term.value, 15), size, decimal)
-                                 : Text(term.text, size);
-    case Op::scale:
-        return PowerOfTen(static_cast<int>(term.value), size);
-    case Op::add:
-        return Between(term, " + ", size);
-    case Op::subtract:
-        return Between(term, " − ", size);
-    case Op::multiply:
-        return Between(term, "·", size);
-    case Op::divide:
-        return Fraction(term, size);
-    case Op::power:
-        return PowerOf(term, size);
-    case Op::root:
-        return RootOf(List(term, size), size);
-    case Op::size:
-        return Bracketed(List(term, size), size, "|", "|");
-    case Op::least:
-        return Function("min", term, size);
-    case Op::largest:
-        return Function("max", term, size);
-    case Op::cosine:
-        return Function("cos", term, size);
-    case Op::sine:
-        return Function("sin", term, size);
-    case Op::logarithm:
-        return Function("ln", term, size);
-    }
-    return {};
-}
 
 }  // namespace
 
@@ -244,14 +193,14 @@ std::vector<MathBox> EquationBoxes(const Equation& equation, double size, char d
         Append(first, value);
         return {first};
     }
-    const Setter symbols{false, 0, decimal}, numbers{true, equation.digits, decimal};
+    const Setter symbols{false, 0, decimal, size}, numbers{true, equation.digits, decimal, size};
     std::vector<MathBox> boxes;
     Append(first, equals);
-    Append(first, symbols.Set(equation.formula, size));
+    Append(first, WriteExpression(symbols, equation.formula));
     boxes.push_back(std::move(first));
     if (HasSymbols(equation.formula)) {
         MathBox second = equals;
-        Append(second, numbers.Set(equation.formula, size));
+        Append(second, WriteExpression(numbers, equation.formula));
         boxes.push_back(std::move(second));
     }
     boxes.push_back(std::move(value));

@@ -1,6 +1,7 @@
 #include "document/mathml.h"
 
 #include "core/xml_text.h"
+#include "document/expression_writer.h"
 #include "document/notation.h"
 
 #include <algorithm>
@@ -26,95 +27,53 @@ std::string Sign(std::string_view sign)
     return Element("mo", sign);
 }
 
-std::string Bracketed(const std::string& content, std::string_view open = "(",
-                      std::string_view close = ")")
-{
-    return Row(Sign(open) + content + Sign(close));
-}
-
 struct InMathMl {
+    using Piece = std::string;
+    static constexpr bool bars = true;
     bool numbers;
     int digits;
     char decimal;
 
-    std::string operator()(const Expr& expr) const;
-    std::string Operand(const Term& outer, const Expr& inner, bool left) const
+    const InMathMl& Of(const Term&, std::size_t) const { return *this; }
+    std::string Number(std::string_view number) const { return MathMlNumber(number, decimal); }
+    static std::string Name(const Symbol& symbol) { return MathMlSymbol(symbol); }
+    static std::string Text(std::string_view text) { return Element("mi", text); }
+    static std::string PowerOfTen(int exponent)
     {
-        const std::string content = (*this)(inner);
-        const bool first = left && outer.op != Op::power;
-        const bool negative = numbers && inner->op == Op::symbol && inner->value < 0 && !first;
-        // A number with a power of ten is a product.
-        const bool product =
-            numbers && outer.op == Op::power && left && content.find("<msup>") != std::string::npos;
-        // A fraction is a unit by its bar.
-        const bool fraction = inner->op == Op::divide && outer.op != Op::power;
-        const bool brackets = !fraction && NeedsBrackets(outer, *inner, left);
-        return negative || product || brackets ? Bracketed(content) : content;
+        return "<msup><mn>10</mn><mn>" + std::to_string(exponent) + "</mn></msup>";
     }
-    std::string List(const Term& term) const
+    static std::string Joined(const std::string& a, JoinSign sign, const std::string& b)
+    {
+        return Row(a +
+                   Sign(sign == JoinSign::plus    ? "+"
+                        : sign == JoinSign::minus ? "−"
+                                                  : "·") +
+                   b);
+    }
+    static std::string Fraction(const std::string& a, const std::string& b)
+    {
+        return "<mfrac>" + Row(a) + Row(b) + "</mfrac>";
+    }
+    static std::string Raised(const std::string& base, const std::string& exponent)
+    {
+        return "<msup>" + Row(base) + Row(exponent) + "</msup>";
+    }
+    static std::string Bracketed(const std::string& a) { return Row(Sign("(") + a + Sign(")")); }
+    static std::string Root(const std::string& a) { return Element("msqrt", a); }
+    static std::string Size(const std::string& a) { return Row(Sign("|") + a + Sign("|")); }
+    static std::string Function(std::string_view name, const std::string& a, bool)
+    {
+        return Row(Element("mi", name) + Bracketed(a));
+    }
+    static std::string List(const std::vector<std::string>& parts)
     {
         std::string content;
-        for (const Expr& part : term.parts) {
-            content += (content.empty() ? "" : Sign(";")) + (*this)(part);
+        for (const std::string& part : parts) {
+            content += (content.empty() ? "" : Sign(";")) + part;
         }
         return content;
     }
-    std::string Function(std::string_view name, const Term& term) const
-    {
-        return Row(Element("mi", name) + Bracketed(List(term)));
-    }
 };
-
-std::string InMathMl::operator()(const Expr& expr) const
-{
-    const Term& term = *expr;
-    if (!numbers) {
-        if (const Expr* const rest = WithoutScale(term)) {
-            return (*this)(*rest);
-        }
-    }
-    const auto binary = [&](std::string_view sign) {
-        return Row(Operand(term, term.parts[0], true) + Sign(sign) +
-                   Operand(term, term.parts[1], false));
-    };
-    switch (term.op) {
-    case Op::symbol:
-        return numbers ? MathMlNumber(NumberText(term.value, digits), decimal)
-                       : MathMlSymbol(term.symbol);
-    case Op::constant:
-        return term.text.empty() ? MathMlNumber(NumberText(term.value, 15), decimal)
-                                 : Element("mi", term.text);
-    case Op::scale:
-        return "<msup><mn>10</mn><mn>" + std::to_string(static_cast<int>(term.value)) +
-               "</mn></msup>";
-    case Op::add:
-        return binary("+");
-    case Op::subtract:
-        return binary("−");
-    case Op::multiply:
-        return binary("·");
-    case Op::divide:
-        return "<mfrac>" + Row((*this)(term.parts[0])) + Row((*this)(term.parts[1])) + "</mfrac>";
-    case Op::power:
-        return "<msup>" + Row(Operand(term, term.parts[0], true)) + Row((*this)(term.parts[1])) +
-               "</msup>";
-    case Op::root:
-        return Element("msqrt", List(term));
-    case Op::size:
-        return Bracketed(List(term), "|", "|");
-    case Op::least:
-        return Function("min", term);
-    case Op::largest:
-        return Function("max", term);
-    case Op::cosine:
-        return Function("cos", term);
-    case Op::sine:
-        return Function("sin", term);
-    case Op::logarithm:
-        return Function("ln", term);
-    }
-    return {};
-}
 
 }  // namespace
 
@@ -148,12 +107,12 @@ std::string MathMlSymbol(const Symbol& symbol)
 
 std::string MathMlFormula(const Expr& expr, char decimal)
 {
-    return InMathMl{false, 0, decimal}(expr);
+    return WriteExpression(InMathMl{false, 0, decimal}, expr);
 }
 
 std::string MathMlCalculation(const Expr& expr, int digits, char decimal)
 {
-    return InMathMl{true, digits, decimal}(expr);
+    return WriteExpression(InMathMl{true, digits, decimal}, expr);
 }
 
 std::vector<std::string> MathMlParts(const Equation& equation, char decimal)

@@ -1,5 +1,7 @@
 #include "document/notation.h"
 
+#include "document/expression_writer.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -9,134 +11,52 @@ namespace {
 
 constexpr std::string_view kBarAbove = "\xCC\x85";  // combining overline
 
-int RankOf(const Term& term)
-{
-    switch (term.op) {
-    case Op::add:
-    case Op::subtract:
-        return 1;
-    case Op::multiply:
-    case Op::divide:
-        return 2;
-    case Op::power:
-        return 3;
-    default:
-        return 4;
-    }
-}
-
 struct InLine {
+    using Piece = std::string;
+    static constexpr bool bars = false;
     bool numbers;
     int digits;
     char decimal;
     bool rich = false;
 
+    const InLine& Of(const Term&, std::size_t) const { return *this; }
     std::string Number(std::string_view number) const
     {
         return rich ? RichNumber(number, decimal) : NumberInLine(number, decimal);
     }
-    std::string Raised(const std::string& text) const
+    std::string Name(const Symbol& symbol) const
     {
-        return rich ? "<sup>" + text + "</sup>" : "^" + text;
+        return rich ? RichSymbol(symbol) : SymbolInLine(symbol);
     }
-
-    std::string operator()(const Expr& expr) const;
-    std::string Operand(const Term& outer, const Expr& inner, bool left) const
+    static std::string Text(std::string_view text) { return std::string(text); }
+    std::string PowerOfTen(int exponent) const { return Raised("10", std::to_string(exponent)); }
+    static std::string Joined(const std::string& a, JoinSign sign, const std::string& b)
     {
-        const std::string text = (*this)(inner);
-        // A negative number behind an operator.
-        const bool negative = numbers && text.starts_with('-') && !(left && RankOf(outer) < 3);
-        // A number with a power of ten is a product.
-        const bool product = inner->op == Op::symbol && text.find("·10") != std::string::npos &&
-                             (outer.op == Op::power || (outer.op == Op::divide && !left));
-        return negative || product || NeedsBrackets(outer, *inner, left) ? "(" + text + ")" : text;
+        return a + (sign == JoinSign::plus ? " + " : sign == JoinSign::minus ? " - " : "·") + b;
     }
-    std::string List(const Term& term) const
+    static std::string Fraction(const std::string& a, const std::string& b) { return a + "/" + b; }
+    std::string Raised(const std::string& base, const std::string& exponent) const
+    {
+        return base + (rich ? "<sup>" + exponent + "</sup>" : "^" + exponent);
+    }
+    static std::string Bracketed(const std::string& a) { return "(" + a + ")"; }
+    static std::string Root(const std::string& a) { return "√(" + a + ")"; }
+    static std::string Size(const std::string& a) { return "|" + a + "|"; }
+    static std::string Function(std::string_view name, const std::string& a, bool degrees)
+    {
+        return std::string(name) + "(" + a + (degrees ? "°)" : ")");
+    }
+    static std::string List(const std::vector<std::string>& parts)
     {
         std::string text;
-        for (const Expr& part : term.parts) {
-            text += (text.empty() ? "" : "; ") + (*this)(part);
+        for (const std::string& part : parts) {
+            text += (text.empty() ? "" : "; ") + part;
         }
         return text;
     }
 };
 
-std::string InLine::operator()(const Expr& expr) const
-{
-    const Term& term = *expr;
-    if (!numbers) {
-        if (const Expr* const rest = WithoutScale(term)) {
-            return (*this)(*rest);
-        }
-    }
-    const auto binary = [&](std::string_view sign) {
-        return Operand(term, term.parts[0], true) + std::string(sign) +
-               Operand(term, term.parts[1], false);
-    };
-    switch (term.op) {
-    case Op::symbol:
-        return numbers ? Number(NumberText(term.value, digits))
-               : rich  ? RichSymbol(term.symbol)
-                       : SymbolInLine(term.symbol);
-    case Op::constant:
-        return term.text.empty() ? Number(NumberText(term.value, 15)) : term.text;
-    case Op::scale:
-        return "10" + Raised(std::to_string(static_cast<int>(term.value)));
-    case Op::add:
-        return binary(" + ");
-    case Op::subtract:
-        return binary(" - ");
-    case Op::multiply:
-        return binary("·");
-    case Op::divide:
-        return binary("/");
-    case Op::power:
-        return Operand(term, term.parts[0], true) + Raised(Operand(term, term.parts[1], false));
-    case Op::root:
-        return "√(" + List(term) + ")";
-    case Op::size:
-        return "|" + List(term) + "|";
-    case Op::least:
-        return "min(" + List(term) + ")";
-    case Op::largest:
-        return "max(" + List(term) + ")";
-    case Op::cosine:
-        return "cos(" + List(term) + "°)";
-    case Op::sine:
-        return "sin(" + List(term) + "°)";
-    case Op::logarithm:
-        return "ln(" + List(term) + ")";
-    }
-    return {};
-}
-
 }  // namespace
-
-bool NeedsBrackets(const Term& outer, const Term& inner, bool left)
-{
-    const int rank = RankOf(inner), around = RankOf(outer);
-    if (around == 4 || rank > around) {
-        return false;
-    }
-    if (rank < around) {
-        return true;
-    }
-    // a - (b + c), a/(b c), (a^b)^c
-    return outer.op == Op::power ||
-           (!left && (outer.op == Op::subtract || outer.op == Op::divide ||
-                      (outer.op == Op::multiply && inner.op == Op::divide)));
-}
-
-const Expr* WithoutScale(const Term& term)
-{
-    if (term.op != Op::multiply && term.op != Op::divide) {
-        return nullptr;
-    }
-    if (term.parts[1]->op == Op::scale) {
-        return &term.parts[0];
-    }
-    return term.op == Op::multiply && term.parts[0]->op == Op::scale ? &term.parts[1] : nullptr;
-}
 
 std::string NumberInLine(std::string_view number, char decimal)
 {
@@ -154,12 +74,12 @@ std::string SymbolInLine(const Symbol& symbol)
 
 std::string FormulaInLine(const Expr& expr, char decimal)
 {
-    return InLine{false, 0, decimal}(expr);
+    return WriteExpression(InLine{false, 0, decimal}, expr);
 }
 
 std::string CalculationInLine(const Expr& expr, int digits, char decimal)
 {
-    return InLine{true, digits, decimal}(expr);
+    return WriteExpression(InLine{true, digits, decimal}, expr);
 }
 
 std::string RichNumber(std::string_view number, char decimal)
@@ -179,12 +99,12 @@ std::string RichSymbol(const Symbol& symbol)
 
 std::string RichFormula(const Expr& expr, char decimal)
 {
-    return InLine{false, 0, decimal, true}(expr);
+    return WriteExpression(InLine{false, 0, decimal, true}, expr);
 }
 
 std::string RichCalculation(const Expr& expr, int digits, char decimal)
 {
-    return InLine{true, digits, decimal, true}(expr);
+    return WriteExpression(InLine{true, digits, decimal, true}, expr);
 }
 
 std::string UnitText(std::string_view unit)

@@ -7,12 +7,6 @@
 
 namespace kestrum {
 
-// Whether an operand needs brackets: `left` where it comes first.
-bool NeedsBrackets(const Term& outer, const Term& inner, bool left);
-
-// A product or quotient by a scale is its other operand alone in a formula; null for any other.
-const Expr* WithoutScale(const Term& term);
-
 // "36.92·10^6" for "36.92e6", with the decimal sign.
 std::string NumberInLine(std::string_view number, char decimal);
 

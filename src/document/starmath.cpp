@@ -1,5 +1,6 @@
 #include "document/starmath.h"
 
+#include "document/expression_writer.h"
 #include "document/notation.h"
 
 #include <algorithm>
@@ -19,12 +20,7 @@ std::string Quoted(const std::string& text)
     return "\"" + text + "\"";
 }
 
-std::string Bracketed(const std::string& content)
-{
-    return Group("left ( " + content + " right )");
-}
-
-std::string Number(std::string_view number, char decimal)
+std::string NumberOf(std::string_view number, char decimal)
 {
     std::string text(number);
     std::replace(text.begin(), text.end(), '.', decimal);
@@ -36,7 +32,7 @@ std::string Number(std::string_view number, char decimal)
                                   : Group(digits + " cdot 10^" + Group(text.substr(e + 1)));
 }
 
-std::string Name(const Symbol& symbol)
+std::string NameOf(const Symbol& symbol)
 {
     const std::string letter = "ital " + Quoted(symbol.letter);
     const std::string base = Group(symbol.bar ? "overline " + Group(letter) : letter);
@@ -44,91 +40,63 @@ std::string Name(const Symbol& symbol)
 }
 
 struct InStarMath {
+    using Piece = std::string;
+    static constexpr bool bars = true;
     bool numbers;
     int digits;
     char decimal;
 
-    std::string operator()(const Expr& expr) const;
-    std::string Operand(const Term& outer, const Expr& inner, bool left) const
+    const InStarMath& Of(const Term&, std::size_t) const { return *this; }
+    std::string Number(std::string_view number) const { return NumberOf(number, decimal); }
+    static std::string Name(const Symbol& symbol) { return NameOf(symbol); }
+    static std::string Text(std::string_view text) { return Quoted(std::string(text)); }
+    static std::string PowerOfTen(int exponent)
     {
-        const std::string content = (*this)(inner);
-        const bool first = left && outer.op != Op::power;
-        const bool negative = numbers && inner->op == Op::symbol && inner->value < 0 && !first;
-        const bool product =
-            numbers && outer.op == Op::power && left && content.find("cdot") != std::string::npos;
-        const bool fraction = inner->op == Op::divide && outer.op != Op::power;
-        return negative || product || (!fraction && NeedsBrackets(outer, *inner, left))
-                   ? Bracketed(content)
-                   : content;
+        return Group("10^" + Group(std::to_string(exponent)));
     }
-    std::string List(const Term& term) const
+    static std::string Joined(const std::string& a, JoinSign sign, const std::string& b)
+    {
+        return Group(a +
+                     (sign == JoinSign::plus    ? " + "
+                      : sign == JoinSign::minus ? " - "
+                                                : " cdot ") +
+                     b);
+    }
+    static std::string Fraction(const std::string& a, const std::string& b)
+    {
+        return Group(Group(a) + " over " + Group(b));
+    }
+    static std::string Raised(const std::string& base, const std::string& exponent)
+    {
+        return Group(Group(base) + "^" + Group(exponent));
+    }
+    static std::string Bracketed(const std::string& a) { return Group("left ( " + a + " right )"); }
+    static std::string Root(const std::string& a) { return Group("sqrt " + Group(a)); }
+    static std::string Size(const std::string& a)
+    {
+        return Group("left lline " + a + " right rline");
+    }
+    static std::string Function(std::string_view name, const std::string& a, bool)
+    {
+        return Group("func " + std::string(name) + " " + Bracketed(a));
+    }
+    static std::string List(const std::vector<std::string>& parts)
     {
         std::string content;
-        for (const Expr& part : term.parts) {
-            content += (content.empty() ? "" : " \"; \" ") + (*this)(part);
+        for (const std::string& part : parts) {
+            content += (content.empty() ? "" : " \"; \" ") + part;
         }
         return content;
     }
 };
 
-std::string InStarMath::operator()(const Expr& expr) const
-{
-    const Term& term = *expr;
-    if (!numbers) {
-        if (const Expr* const rest = WithoutScale(term)) {
-            return (*this)(*rest);
-        }
-    }
-    const auto binary = [&](std::string_view sign) {
-        return Group(Operand(term, term.parts[0], true) + " " + std::string(sign) + " " +
-                     Operand(term, term.parts[1], false));
-    };
-    const auto function = [&](std::string_view name) {
-        return Group("func " + std::string(name) + " " + Bracketed(List(term)));
-    };
-    switch (term.op) {
-    case Op::symbol:
-        return numbers ? Number(NumberText(term.value, digits), decimal) : Name(term.symbol);
-    case Op::constant:
-        return term.text.empty() ? Number(NumberText(term.value, 15), decimal) : Quoted(term.text);
-    case Op::scale:
-        return Group("10^" + Group(std::to_string(static_cast<int>(term.value))));
-    case Op::add:
-        return binary("+");
-    case Op::subtract:
-        return binary("-");
-    case Op::multiply:
-        return binary("cdot");
-    case Op::divide:
-        return Group(Group((*this)(term.parts[0])) + " over " + Group((*this)(term.parts[1])));
-    case Op::power:
-        return Group(Group(Operand(term, term.parts[0], true)) + "^" +
-                     Group((*this)(term.parts[1])));
-    case Op::root:
-        return Group("sqrt " + Group(List(term)));
-    case Op::size:
-        return Group("left lline " + List(term) + " right rline");
-    case Op::least:
-        return function("min");
-    case Op::largest:
-        return function("max");
-    case Op::cosine:
-        return function("cos");
-    case Op::sine:
-        return function("sin");
-    case Op::logarithm:
-        return function("ln");
-    }
-    return {};
-}
-
 }  // namespace
 
 std::vector<std::string> StarMathParts(const Equation& equation, char decimal)
 {
-    const std::string symbol = Name(equation.symbol) + " = ";
+    const std::string symbol = NameOf(equation.symbol) + " = ";
     const std::string equals = "{} = ";  // nothing stands before it
-    std::string value = Number(equation.value, decimal);
+    std::string value = NumberOf(equation.value, decimal);
     if (!equation.unit.empty()) {
         value += " " + Quoted(" " + UnitText(equation.unit));
     }
@@ -136,9 +104,9 @@ std::vector<std::string> StarMathParts(const Equation& equation, char decimal)
         return {symbol + value};
     }
     const InStarMath symbols{false, 0, decimal}, numbers{true, equation.digits, decimal};
-    std::vector<std::string> parts{symbol + symbols(equation.formula)};
+    std::vector<std::string> parts{symbol + WriteExpression(symbols, equation.formula)};
     if (HasSymbols(equation.formula)) {
-        parts.push_back(equals + numbers(equation.formula));
+        parts.push_back(equals + WriteExpression(numbers, equation.formula));
     }
     parts.push_back(equals + value);
     return parts;

@@ -177,10 +177,10 @@ TEST(Retrace, ValuesOfMethodsAndTablesHaveTheirEquations)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.member);
-        const ReportedMember member{.project = MemberOf(common + c.member), .vortex = true};
+        const ReportedMember member{.project = Member(common + c.member), .vortex = true};
         std::map<std::string, bool> found;
         for (const Printed& printed :
-             PrintedOf(WriteMarkdown(CalculationReport(DeliveredTables(), {&member, 1})))) {
+             PrintedOf(WriteMarkdown(CalculationReport(Delivered(), {&member, 1})))) {
             const bool formula = !printed.calculation.empty();
             const auto [at, first] = found.try_emplace(printed.symbol, formula);
             at->second = at->second && formula;
@@ -343,13 +343,13 @@ TEST(CalculationReport, ReactionsHoldTheLoads)
 TEST(CalculationReport, HasTheDecimalSignOfItsDocumentEverywhere)
 {
     const ProjectState s =
-        MemberOf(std::string(kSettings) +
-                 "family=4 row.ipe=14 l=6.5 nload[1]=12.5 qload[1]=10.5 selfweight=1 "
-                 "pm[1]=20.5 pmx[1]=2.5 ltb=1 loadlevel=1 loadcomb=1 modal=1");
+        Member(std::string(kSettings) +
+               "family=4 row.ipe=14 l=6.5 nload[1]=12.5 qload[1]=10.5 selfweight=1 "
+               "pm[1]=20.5 pmx[1]=2.5 ltb=1 loadlevel=1 loadcomb=1 modal=1");
     const ReportedMember member{.project = s};
     DocumentHead head;
     head.decimal = ',';
-    const Document d = CalculationReport(DeliveredTables(), {&member, 1}, head);
+    const Document d = CalculationReport(Delivered(), {&member, 1}, head);
     const std::string text = WriteMarkdown(d);
     for (const char* const expected : {"x/L = 0,", "IR = 0,", "| q  | 10,5 |", "| 20,5 | 2,500 |",
                                        "is included: 0,", "1,35\\*", "N = 12,5", "ν = 0,3"}) {
@@ -378,8 +378,8 @@ TEST(CalculationReport, HasTheDecimalSignOfItsDocumentEverywhere)
 TEST(CalculationReport, TellsTheUsersFactorsApart)
 {
     const std::string text =
-        MarkdownOf(MemberOf(std::string(kSettings) + "family=4 row.ipe=10 l=6 qload[1]=10 "
-                                                     "loadcomb=4 lfulsg=1.2 lfslsg=1"));
+        MarkdownOf(Member(std::string(kSettings) + "family=4 row.ipe=10 l=6 qload[1]=10 "
+                                                   "loadcomb=4 lfulsg=1.2 lfslsg=1"));
     const auto row = [&](const std::string& name) {
         const std::size_t at = text.find("| " + name + " |");
         return at == std::string::npos ? "" : text.substr(at, text.find('\n', at) - at);
@@ -393,8 +393,8 @@ TEST(CalculationReport, TellsTheUsersFactorsApart)
 
 TEST(CalculationReport, NamesAnAngleAndItsPrincipalAxis)
 {
-    const std::string text = MarkdownOf(MemberOf(std::string(kSettings) + "family=10 row.l1=40 l=2 "
-                                                                          "qload[1]=0.5"));
+    const std::string text = MarkdownOf(Member(std::string(kSettings) + "family=10 row.l1=40 l=2 "
+                                                                        "qload[1]=0.5"));
     EXPECT_NE(text.find("# Calculation report: L "), std::string::npos);
     EXPECT_NE(text.find("| α | 45 | ° |"), std::string::npos);
 }
@@ -402,9 +402,9 @@ TEST(CalculationReport, NamesAnAngleAndItsPrincipalAxis)
 // ψ0 of a combination stands as the symbol.
 TEST(CalculationReport, NamesPsiByItsLetter)
 {
-    const std::string text = MarkdownOf(MemberOf(
-        std::string(kSettings) + "family=4 row.ipe=10 l=6 qload[1]=10 qload[2]=8 qtype[2]=1 "
-                                 "qload[3]=8 qtype[3]=2 loadcomb=1"));
+    const std::string text = MarkdownOf(
+        Member(std::string(kSettings) + "family=4 row.ipe=10 l=6 qload[1]=10 qload[2]=8 qtype[2]=1 "
+                                        "qload[3]=8 qtype[3]=2 loadcomb=1"));
     EXPECT_NE(text.find("+ ψ\\_0 Q2"), std::string::npos);
     EXPECT_EQ(text.find("psi0"), std::string::npos);
 }
