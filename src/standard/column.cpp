@@ -3,6 +3,7 @@
 #include "clauses/flexural.h"
 #include "core/material.h"
 #include "core/project_state.h"
+#include "standard/units.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,9 +18,8 @@ using clauses::BucklingCurve;
 using clauses::Imperfection;
 
 constexpr double kNoBuckling = 0.002;  // length factors below leave the axis out
-constexpr double kMm = 1e3;
 
-struct Pair {
+struct CurvePair {
     BucklingCurve y, z;
 };
 
@@ -33,39 +33,39 @@ bool IsS460(const Library& library, const ProjectState& s, const StandardSection
     return q.fy >= 460;
 }
 
-Pair RolledI(const StandardSection& q, bool s460)
+CurvePair RolledI(const StandardSection& q, bool s460)
 {
     if (q.h > 1.2 * q.b) {
         if (q.top.t <= 40) {
-            return s460 ? Pair{BucklingCurve::a0, BucklingCurve::a0}
-                        : Pair{BucklingCurve::a, BucklingCurve::b};
+            return s460 ? CurvePair{BucklingCurve::a0, BucklingCurve::a0}
+                        : CurvePair{BucklingCurve::a, BucklingCurve::b};
         }
-        return s460 ? Pair{BucklingCurve::a, BucklingCurve::a}
-                    : Pair{BucklingCurve::b, BucklingCurve::c};
+        return s460 ? CurvePair{BucklingCurve::a, BucklingCurve::a}
+                    : CurvePair{BucklingCurve::b, BucklingCurve::c};
     }
     if (q.top.t <= 100) {
-        return s460 ? Pair{BucklingCurve::a, BucklingCurve::a}
-                    : Pair{BucklingCurve::b, BucklingCurve::c};
+        return s460 ? CurvePair{BucklingCurve::a, BucklingCurve::a}
+                    : CurvePair{BucklingCurve::b, BucklingCurve::c};
     }
-    return s460 ? Pair{BucklingCurve::c, BucklingCurve::c}
-                : Pair{BucklingCurve::d, BucklingCurve::d};
+    return s460 ? CurvePair{BucklingCurve::c, BucklingCurve::c}
+                : CurvePair{BucklingCurve::d, BucklingCurve::d};
 }
 
-Pair Welded(const StandardSection& q)
+CurvePair Welded(const StandardSection& q)
 {
-    return std::max(q.top.t, q.bottom.t) <= 40 ? Pair{BucklingCurve::b, BucklingCurve::c}
-                                               : Pair{BucklingCurve::c, BucklingCurve::d};
+    return std::max(q.top.t, q.bottom.t) <= 40 ? CurvePair{BucklingCurve::b, BucklingCurve::c}
+                                               : CurvePair{BucklingCurve::c, BucklingCurve::d};
 }
 
 // Table 6.2.
-Pair Tabulated(const Library& library, const ProjectState& s, const StandardSection& q,
-               const Basis& basis)
+CurvePair Tabulated(const Library& library, const ProjectState& s, const StandardSection& q,
+                    const Basis& basis)
 {
     constexpr double kProgramsS460 = 440;  // D203: from above this strength on
     const bool s460 = basis.pick(Dev::d203, q.fy > kProgramsS460, IsS460(library, s, q));
-    const Pair hot = s460 ? Pair{BucklingCurve::a0, BucklingCurve::a0}
-                          : Pair{BucklingCurve::a, BucklingCurve::a};
-    const Pair c = {BucklingCurve::c, BucklingCurve::c};
+    const CurvePair hot = s460 ? CurvePair{BucklingCurve::a0, BucklingCurve::a0}
+                               : CurvePair{BucklingCurve::a, BucklingCurve::a};
+    const CurvePair c = {BucklingCurve::c, BucklingCurve::c};
     switch (q.kind) {
     case Kind::i_rolled:
         return RolledI(q, s460);
@@ -81,7 +81,7 @@ Pair Tabulated(const Library& library, const ProjectState& s, const StandardSect
         const bool stocky = q.b / q.top.t < 30 || q.h / q.tw < 30;
         const bool curve_c =
             basis.pick(Dev::d204, !slender && s.weldopt != 1, stocky && s.weldopt == 1);
-        return curve_c ? c : Pair{BucklingCurve::b, BucklingCurve::b};
+        return curve_c ? c : CurvePair{BucklingCurve::b, BucklingCurve::b};
     }
     case Kind::hat:
     case Kind::box_unequal:
@@ -164,7 +164,7 @@ CriticalForces CriticalForcesOf(const ProjectState& s, const StandardSection& q,
 ColumnCurves CurvesOf(const Library& library, const ProjectState& s, const StandardSection& q,
                       const Basis& basis)
 {
-    const Pair pair = Tabulated(library, s, q, basis);
+    const CurvePair pair = Tabulated(library, s, q, basis);
     return Automatic(s, {Chosen(s.bcy, pair.y), Chosen(s.bcz, pair.z)}, basis);
 }
 

@@ -104,12 +104,12 @@ constexpr std::array kDigits = {Dev::d186, Dev::d202};
 
 // Deviations that may hide each other: one alone changes nothing where the other rule of the
 // standard governs.
-struct Pair {
+struct Hiding {
     Dev one, other;
 };
-constexpr std::array kHiding = {Pair{Dev::d27, Dev::d35}, Pair{Dev::d28, Dev::d36},
-                                Pair{Dev::d216, Dev::d235}, Pair{Dev::d238, Dev::d235},
-                                Pair{Dev::d40, Dev::d158}};
+constexpr std::array kHiding = {Hiding{Dev::d27, Dev::d35}, Hiding{Dev::d28, Dev::d36},
+                                Hiding{Dev::d216, Dev::d235}, Hiding{Dev::d238, Dev::d235},
+                                Hiding{Dev::d40, Dev::d158}};
 
 std::array<double, kCheckIds> RatiosOf(const Checks& checks)
 {
@@ -234,7 +234,7 @@ void Trials::Run()
             Alone(from, deviation);
         }
     }
-    for (const Pair& pair : kHiding) {
+    for (const Hiding& pair : kHiding) {
         Together(pair.one, pair.other);
     }
     std::stable_sort(result_.deviations.begin(), result_.deviations.end(), Costlier);

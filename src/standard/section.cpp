@@ -54,7 +54,7 @@ double GammaM1(const ProjectState& s, const Basis& basis)
     return s.annexindex == kAnnexGe ? basis.pick(Dev::d24, s.gammam1, kGermanGammaM1) : s.gammam1;
 }
 
-void Add(StandardSection& q, const Wall& wall)
+void AddWall(StandardSection& q, const Wall& wall)
 {
     if (wall.Width() > 0 && q.wall_count < kMaxWalls) {
         q.walls[q.wall_count++] = wall;
@@ -64,8 +64,8 @@ void Add(StandardSection& q, const Wall& wall)
 // Two outstands of a flange at the height z, from the faces of root or weld to the tips.
 void AddOutstands(StandardSection& q, const Flange& flange, double root, double z)
 {
-    Add(q, {root, z, flange.b / 2, z, flange.t, true});
-    Add(q, {-root, z, -flange.b / 2, z, flange.t, true});
+    AddWall(q, {root, z, flange.b / 2, z, flange.t, true});
+    AddWall(q, {-root, z, -flange.b / 2, z, flange.t, true});
 }
 
 // `half`: the table counts outstands from the middle of the web (D51).
@@ -75,16 +75,16 @@ void AddWallsOfI(StandardSection& q, bool half, const Basis& basis)
     const double root = half ? basis.pick(Dev::d51, 0.0, face) : face;
     AddOutstands(q, q.top, root, q.above - q.top.t / 2);
     AddOutstands(q, q.bottom, root, -q.below + q.bottom.t / 2);
-    Add(q, {0, -q.below + q.bottom.t + q.r, 0, q.above - q.top.t - q.r, q.tw, false});
+    AddWall(q, {0, -q.below + q.bottom.t + q.r, 0, q.above - q.top.t - q.r, q.tw, false});
 }
 
 void AddWallsOfChannel(StandardSection& q)
 {
     const double root = -q.left + q.tw + q.r;
     const double z = (q.h - q.top.t) / 2;
-    Add(q, {root, z, q.right, z, q.top.t, true});
-    Add(q, {root, -z, q.right, -z, q.top.t, true});
-    Add(q, {q.tw / 2 - q.left, -q.d / 2, q.tw / 2 - q.left, q.d / 2, q.tw, false});
+    AddWall(q, {root, z, q.right, z, q.top.t, true});
+    AddWall(q, {root, -z, q.right, -z, q.top.t, true});
+    AddWall(q, {q.tw / 2 - q.left, -q.d / 2, q.tw / 2 - q.left, q.d / 2, q.tw, false});
 }
 
 // `between` clear width of the flanges, `out` overhang beyond the faces of the webs.
@@ -94,8 +94,8 @@ void AddWallsOfBox(StandardSection& q, double between, double out, const Basis& 
     const double z = (q.h - q.top.t) / 2;
     const double y = q.b / 2 - out - q.tw / 2;
     for (const double side : {1.0, -1.0}) {
-        Add(q, {-between / 2, side * z, between / 2, side * z, q.top.t, false});
-        Add(q, {side * y, -q.d / 2, side * y, q.d / 2, q.tw, false});
+        AddWall(q, {-between / 2, side * z, between / 2, side * z, q.top.t, false});
+        AddWall(q, {side * y, -q.d / 2, side * y, q.d / 2, q.tw, false});
         if (overhangs) {
             AddOutstands(q, q.top, q.b / 2 - out, side * z);
         }

@@ -5,6 +5,7 @@
 #include "core/project_state.h"
 #include "engine/prepared.h"
 #include "standard/member.h"
+#include "standard/units.h"
 
 #include <algorithm>
 #include <array>
@@ -110,7 +111,6 @@ bool StationCases::Data::MakeNodes(std::span<const Station> stations)
 double StationCases::Data::StraightWithin(std::span<const Station> stations,
                                           double Station::*moment) const
 {
-    constexpr double kNmm = 1e6;
     const StandardSection& q = member.section.q;
     const double w = moment == &Station::my ? q.LeastWely() : q.LeastWelz();
     return std::max(kStraight * Largest(stations, moment),

@@ -4,6 +4,7 @@
 #include "clauses/lateral_torsional.h"
 #include "core/project_state.h"
 #include "design/stiffened_plate_section.h"
+#include "standard/units.h"
 
 #include <cmath>
 
@@ -26,8 +27,6 @@ double Imperfection(const ProjectState& s, const StandardSection& q)
 LateralResult TrippingOf(const ProjectState& s, const PreparedSection& p,
                          const CombinedLines& lines, int cls)
 {
-    constexpr double kMm = 1e3;
-    constexpr double kNmm = 1e6;
     const StandardSection& q = p.q;
     const LineExtreme most = lines.LargestMoment(Axis::y);
     LateralResult r;
