@@ -1,6 +1,7 @@
 #include "calculation/parts.h"
-#include "calculation/quantities.h"
 
+#include "calculation/quantities.h"
+#include "calculation/units.h"
 #include "core/member_choices.h"
 #include "design/welded_side.h"
 #include "sections/families.h"
@@ -13,8 +14,6 @@
 namespace kestrum {
 
 namespace {
-
-constexpr int kToKnm = -6;
 
 // The forms of the checks that hold moment resistances, with the places of these among the terms.
 struct Terms {

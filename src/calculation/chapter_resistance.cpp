@@ -1,8 +1,9 @@
 #include "calculation/chapters.h"
+
 #include "calculation/check_formula.h"
 #include "calculation/parts.h"
 #include "calculation/quantities.h"
-
+#include "calculation/units.h"
 #include "core/check_text.h"
 #include "core/member_choices.h"
 #include "design/welded_side.h"
@@ -13,8 +14,6 @@
 namespace kestrum {
 
 namespace {
-
-constexpr int kToKn = -3, kToKnm = -6;
 
 // The modulus in use with the name of the one that it is.
 Expr Modulus(std::string_view axis, double used, double plastic, double elastic, double effective)

@@ -4,7 +4,7 @@
 #include "calculation/quantities.h"
 #include "calculation/standard_member.h"
 #include "calculation/standard_shear.h"
-
+#include "calculation/units.h"
 #include "core/member_choices.h"
 #include "standard/check_study.h"
 
@@ -18,9 +18,6 @@ namespace {
 using standard::CheckStudy;
 using standard::SectionTerms;
 using standard::StandardSection;
-
-constexpr double kNewton = 1e3, kNmm = 1e6;
-constexpr int kToKn = -3, kToKnm = -6;
 
 // "0.0409", with four decimals.
 std::string Steps(double cost)

@@ -1,6 +1,7 @@
 #include "calculation/standard_lateral.h"
 
 #include "calculation/quantities.h"
+#include "calculation/units.h"
 
 #include <array>
 #include <cmath>
@@ -11,9 +12,6 @@ namespace {
 
 using clauses::MomentShape;
 using standard::StandardSection;
-
-constexpr double kNmm = 1e6;
-constexpr int kToKnm = -6;
 
 // The factor by the energies of its shape: what the member stores over what its loads give.
 void AddFactor(double factor, const standard::NumericalStudy* study, const char* clause,

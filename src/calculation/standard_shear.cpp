@@ -1,6 +1,7 @@
 #include "calculation/standard_shear.h"
 
 #include "calculation/quantities.h"
+#include "calculation/units.h"
 #include "clauses/shear.h"
 
 #include <algorithm>
@@ -8,13 +9,6 @@
 #include <vector>
 
 namespace kestrum {
-
-namespace {
-
-constexpr double kNewton = 1e3, kNmm = 1e6;
-constexpr int kToKn = -3, kToKnm = -6;
-
-}  // namespace
 
 Expr PlasticShear(const standard::StandardSection& q, bool z)
 {

@@ -15,8 +15,8 @@ namespace {
 
 constexpr double kValueStop = 92;  // values end here, units follow
 
-void Value(PageWriter& page, std::string_view name, std::string_view value,
-           std::string_view unit = {})
+void PrintValue(PageWriter& page, std::string_view name, std::string_view value,
+                std::string_view unit = {})
 {
     page.Write(kPageLeft, name, {}, kValueStop);
     page.Write(kValueStop, value, {.align = Align::right});
@@ -46,16 +46,16 @@ std::string_view TerrainName(int terrain)
 void ProfileBlock(PageWriter& page, const ProjectState& s)
 {
     page.Heading(kPageLeft, "Profile/Member");
-    Value(page, "Material: E =", FormatNum(s.e, "0.000E+0"), "MPa");
-    Value(page, "Profile", Profile(s), "mm");
-    Value(page, "Mass", FormatNum(s.weight, "#0.0"), "kg/m");
-    Value(page, "Iy", FormatNum(s.iy, "0.000E+0"), "mm4");
-    Value(page, "Strouhal number", FormatNum(s.st, "0.00"));
-    Value(page, "L", FormatNum(s.l, "#0.000"), "m ");
-    Value(page, "Natural frequency", FormatNum(s.freq[1], "#0.00"), "Hz ");
-    Value(page, "Member Restraint:", VortexRestraint(s));
+    PrintValue(page, "Material: E =", FormatNum(s.e, "0.000E+0"), "MPa");
+    PrintValue(page, "Profile", Profile(s), "mm");
+    PrintValue(page, "Mass", FormatNum(s.weight, "#0.0"), "kg/m");
+    PrintValue(page, "Iy", FormatNum(s.iy, "0.000E+0"), "mm4");
+    PrintValue(page, "Strouhal number", FormatNum(s.st, "0.00"));
+    PrintValue(page, "L", FormatNum(s.l, "#0.000"), "m ");
+    PrintValue(page, "Natural frequency", FormatNum(s.freq[1], "#0.00"), "Hz ");
+    PrintValue(page, "Member Restraint:", VortexRestraint(s));
     if (VortexSupportDiffers(s)) {
-        Value(page, "but the member itself:", MemberSupport(s));
+        PrintValue(page, "but the member itself:", MemberSupport(s));
     }
     page.Row(0.7);
 }
@@ -63,18 +63,18 @@ void ProfileBlock(PageWriter& page, const ProjectState& s)
 void WindBlock(PageWriter& page, const ProjectState& s)
 {
     page.Heading(kPageLeft, "Wind data");
-    Value(page, "Wind speed vb (10min, 10 m)", FormatNum(s.vb, "#0.0"), "m/s ");
-    Value(page, "Heigth, z", FormatNum(s.zh, "#0.0"), "m");
-    Value(page, "Wind speed Vm", FormatNum(s.vm, "#0.0"), "m/s ");
-    Value(page, "Terrain category", TerrainName(s.terrain));
+    PrintValue(page, "Wind speed vb (10min, 10 m)", FormatNum(s.vb, "#0.0"), "m/s ");
+    PrintValue(page, "Heigth, z", FormatNum(s.zh, "#0.0"), "m");
+    PrintValue(page, "Wind speed Vm", FormatNum(s.vm, "#0.0"), "m/s ");
+    PrintValue(page, "Terrain category", TerrainName(s.terrain));
     page.Row(0.7);
 }
 
 void ResultBlock(PageWriter& page, const ProjectState& s)
 {
     page.Heading(kPageLeft, "Results:");
-    Value(page, "Critical windspeed, Vcrit", FormatNum(s.vcrit, "#0.0"), "m/s ");
-    Value(page, "1.25 Vm", FormatNum(1.25 * s.vm, "#0.0"), "m/s ");
+    PrintValue(page, "Critical windspeed, Vcrit", FormatNum(s.vcrit, "#0.0"), "m/s ");
+    PrintValue(page, "1.25 Vm", FormatNum(1.25 * s.vm, "#0.0"), "m/s ");
     const double x = page.Write(kPageLeft, "Control eq E.1: Vcrit >= 1.25Vm");
     page.Write(x + 2, VortexVerdict(s),
                {.bold = true, .ink = VortexAccepted(s) ? Ink::good : Ink::bad});
