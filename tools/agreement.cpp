@@ -1,8 +1,8 @@
-// Both bases over random members of each family (tools/both_bases.h).
+// Both bases over random members of each family (tools/compare_bases.h).
 //   kestrum-agreement COUNT [SEED]        table, a row for each family
 //   kestrum-agreement COUNT SEED FAMILY   and the members of one family (0: of all) that disagree
 
-#include "both_bases.h"
+#include "compare_bases.h"
 #include "sections/families.h"
 #include "sections/load_library.h"
 

@@ -14,7 +14,6 @@ namespace kestrum {
 namespace {
 
 using Diagram = std::array<float, kDiagramPoints>;
-constexpr int kLast = kDiagramPoints - 1;
 
 struct Extremes {
     double max = 0, min = 0, xmax = 0, xmin = 0;
@@ -83,12 +82,12 @@ double PlaceOf(const Diagram& line, float ordinate)
 #endif
     const auto from = line.begin() + static_cast<std::ptrdiff_t>(j);
     const auto at = std::find(from, line.end(), ordinate) - line.begin();
-    return static_cast<double>(at) / kLast;
+    return static_cast<double>(at) / kLastPoint;
 }
 
 Extremes ExtremesOf(const Diagram& line)
 {
-    const auto [most, least] = BoundsOf(line, 0, kLast);
+    const auto [most, least] = BoundsOf(line, 0, kLastPoint);
     Extremes e;
     e.max = most;
     e.min = least;
@@ -122,7 +121,7 @@ Points PointsOf(const Diagram& m)
     const auto between = [&m](std::size_t j) {
         return (static_cast<double>(m[j]) + static_cast<double>(m[j + 1])) / 2;
     };
-    return {m[0], between(12), m[25], between(37), m[kLast]};
+    return {m[0], between(12), m[25], between(37), m[kLastPoint]};
 }
 
 // Position of the last zero crossing between the points first and last + 1; 0 when there is none.
@@ -141,7 +140,8 @@ float ZeroCrossing(const Diagram& m, std::size_t first, std::size_t last)
         return 0;
     }
     const double from = m[hit], to = m[hit + 1];
-    return F32(static_cast<double>(hit) / kLast + std::abs(from) / std::abs(to - from) / kLast);
+    return F32(static_cast<double>(hit) / kLastPoint +
+               std::abs(from) / std::abs(to - from) / kLastPoint);
 }
 
 // Ratio of the end moments, the smaller over the larger one, in -1..1.
@@ -182,7 +182,7 @@ struct Shape {
 
 Shape ShapeOf(const Diagram& m)
 {
-    const double start = m[0], mid = m[25], end = m[kLast];
+    const double start = m[0], mid = m[25], end = m[kLastPoint];
     Shape shape{};
     shape.curved = CurvedHalf(m, Half::right) ? kTrue : kFalse;  // D107
     shape.endsbig =
@@ -203,7 +203,7 @@ bool CurvedHalf(const Diagram& m, Half half)
 {
     constexpr double kBand = 0.2;
     const int peak = PeakIndex(m);
-    const int support = half == Half::left ? 0 : kLast;
+    const int support = half == Half::left ? 0 : kLastPoint;
     const int test = HalfOf(peak + support);
     const int distance = half == Half::left ? test : test - peak;
     const double slope = peak == support ? 0 : (At(m, support) - At(m, peak)) / (support - peak);
@@ -283,7 +283,8 @@ void FindExtremes(const Inputs& in, Forces& forces)
     forces.vymin = vy.min;
     forces.xvymax = vy.xmax;
     forces.xvymin = vy.xmin;
-    const Bounds dz = BoundsOf(forces.dzdiag, 0, kLast), dy = BoundsOf(forces.dydiag, 0, kLast);
+    const Bounds dz = BoundsOf(forces.dzdiag, 0, kLastPoint),
+                 dy = BoundsOf(forces.dydiag, 0, kLastPoint);
     forces.dzmax = dz.most;
     forces.dzmin = dz.least;
     forces.dymax = dy.most;

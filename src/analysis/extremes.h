@@ -9,6 +9,8 @@
 
 namespace kestrum {
 
+constexpr int kLastPoint = kDiagramPoints - 1;  // of a diagram
+
 // All of them, for a member with loads. From the diagrams, the check sections and supportcase.
 //
 // Deviation D107: a moment line counts as curved (mycurved, mzcurved) by its right half alone and

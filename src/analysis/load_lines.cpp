@@ -1,6 +1,7 @@
 #include "analysis/load_lines.h"
 
 #include "analysis/beam_formulas.h"
+#include "analysis/extremes.h"
 #include "core/arithmetic_trap.h"
 #include "core/member_choices.h"
 #include "core/wide.h"
@@ -13,14 +14,7 @@ namespace kestrum {
 
 namespace {
 
-constexpr int kLast = kDiagramPoints - 1;
-
 // The sum in double precision, before the one rounding.
-struct Sums {
-    std::array<double, kDiagramPoints> m{}, v{}, d{};
-    std::array<double, kCheckSections> msec{}, vsec{};
-};
-
 // Which side of a point load holds where a grid point falls exactly on it. The end points of the
 // diagram show the supports: they belong to the left curve before `first` and to the right one from
 // `last`, wherever the load stands.
@@ -33,11 +27,11 @@ Sides SidesOfForce(Beam beam)
 {
     switch (beam) {
     case Beam::fixed:
-        return {true, false, 1, kLast};
+        return {true, false, 1, kLastPoint};
     case Beam::cantilever:
         return {true, true, 1, kDiagramPoints};  // a force at the tip acts on the last point
     default:
-        return {false, false, 1, kLast};
+        return {false, false, 1, kLastPoint};
     }
 }
 
@@ -45,11 +39,11 @@ Sides SidesOfMoment(Beam beam)
 {
     switch (beam) {
     case Beam::fixed:
-        return {false, false, 1, kLast};
+        return {false, false, 1, kLastPoint};
     case Beam::cantilever:
-        return {true, true, 1, kLast};
+        return {true, true, 1, kLastPoint};
     default:
-        return {false, false, 0, kLast};  // a moment on the pinned end acts on the first point
+        return {false, false, 0, kLastPoint};  // a moment on the pinned end acts on the first point
     }
 }
 
@@ -86,7 +80,7 @@ Shares SharesOf(const Span& span)
 }
 
 void AddToDiagram(const Terms& terms, const std::array<double, kDiagramPoints>& t, int from, int to,
-                  double weight, Sums& sums)
+                  double weight, LineSums& sums)
 {
     for (auto j = static_cast<std::size_t>(from); j < static_cast<std::size_t>(to); ++j) {
         sums.m[j] += weight * terms.M(t[j]);
@@ -95,7 +89,8 @@ void AddToDiagram(const Terms& terms, const std::array<double, kDiagramPoints>& 
     }
 }
 
-void AddToDiagram(const Span& span, const Curve& curve, int from, int to, double weight, Sums& sums)
+void AddToDiagram(const Span& span, const Curve& curve, int from, int to, double weight,
+                  LineSums& sums)
 {
     if (curve.usesx) {
         AddToDiagram(curve.x, span.x, from, to, weight, sums);
@@ -105,7 +100,8 @@ void AddToDiagram(const Span& span, const Curve& curve, int from, int to, double
     }
 }
 
-void AddToSection(const Span& span, const Curve& curve, std::size_t k, double weight, Sums& sums)
+void AddToSection(const Span& span, const Curve& curve, std::size_t k, double weight,
+                  LineSums& sums)
 {
     const double x = span.xs[k], y = span.ys[k];
     sums.msec[k] += weight * (curve.x.M(x) + curve.y.M(y));
@@ -142,7 +138,7 @@ void Add(Curve& sum, const Curve& c)
 // curves of the loads passed and the left curves of those to come.
 template <std::size_t N>
 void AddPointLoads(const Span& span, const std::array<PointResponse, N>& loads, const Sides& sides,
-                   double weight, Sums& sums)
+                   double weight, LineSums& sums)
 {
     std::array<Curve, N + 1> curve{};
     for (std::size_t n = 1; n <= N; ++n) {
@@ -178,7 +174,7 @@ void AddPointLoads(const Span& span, const std::array<PointResponse, N>& loads, 
     }
 }
 
-KESTRUM_WIDE void Store(const Span& span, const Sums& sums, LoadLines& lines)
+KESTRUM_WIDE void Store(const Span& span, const LineSums& sums, LoadLines& lines)
 {
     std::transform(sums.m.begin(), sums.m.end(), lines.m.begin(), F32);
     std::transform(sums.v.begin(), sums.v.end(), lines.v.begin(), F32);
@@ -187,7 +183,7 @@ KESTRUM_WIDE void Store(const Span& span, const Sums& sums, LoadLines& lines)
     std::transform(sums.vsec.begin(), sums.vsec.end(), lines.vsec.begin(), F32);
     lines.d[0] = 0;
     if (span.supportcase != SupportCase::cantilever) {
-        lines.d[kLast] = 0;
+        lines.d[kLastPoint] = 0;
     }
 }
 
@@ -207,7 +203,7 @@ KESTRUM_WIDE Span SpanOf(const Inputs& in, const Forces& forces)
     span.spring = in.spring;
     span.sections = forces.npts + 1;
     for (std::size_t j = 0; j < span.x.size(); ++j) {
-        span.x[j] = kPoints[j] * span.l / kLast;
+        span.x[j] = kPoints[j] * span.l / kLastPoint;
         span.y[j] = span.l - span.x[j];
     }
     for (std::size_t k = 0; k < static_cast<std::size_t>(span.sections); ++k) {
@@ -219,7 +215,7 @@ KESTRUM_WIDE Span SpanOf(const Inputs& in, const Forces& forces)
 
 KESTRUM_WIDE void UniformLines(const Span& span, double q, LoadLines& lines)
 {
-    Sums sums;
+    LineSums sums;
     const Shares shares = SharesOf(span);
     for (std::size_t i = 0; i < static_cast<std::size_t>(shares.count); ++i) {
         const auto& [beam, weight] = shares.share[i];
@@ -234,7 +230,7 @@ KESTRUM_WIDE void UniformLines(const Span& span, double q, LoadLines& lines)
 
 KESTRUM_WIDE void ForceLines(const Span& span, double p, double a, LoadLines& lines)
 {
-    Sums sums;
+    LineSums sums;
     const Shares shares = SharesOf(span);
     for (std::size_t i = 0; i < static_cast<std::size_t>(shares.count); ++i) {
         const auto& [beam, weight] = shares.share[i];
@@ -245,7 +241,7 @@ KESTRUM_WIDE void ForceLines(const Span& span, double p, double a, LoadLines& li
 
 void MomentLines(const Span& span, double moment, double a, LoadLines& lines)
 {
-    Sums sums;
+    LineSums sums;
     const Shares shares = SharesOf(span);
     for (std::size_t i = 0; i < static_cast<std::size_t>(shares.count); ++i) {
         const auto& [beam, weight] = shares.share[i];
@@ -265,7 +261,7 @@ void TrapezoidLines(const Span& span, double q1, double q2, double x1, double x2
 {
     const double dx = (x2 - x1) / kStrips;
     const double dq = (q2 - q1) / kStrips;
-    Sums sums;
+    LineSums sums;
     const Shares shares = SharesOf(span);
     for (std::size_t part = 0; part < static_cast<std::size_t>(shares.count); ++part) {
         const auto& [beam, weight] = shares.share[part];

@@ -46,6 +46,12 @@ struct LoadLines {
     std::array<float, kCheckSections> msec, vsec;
 };
 
+// The same before they are rounded.
+struct LineSums {
+    std::array<double, kDiagramPoints> m{}, v{}, d{};
+    std::array<double, kCheckSections> msec{}, vsec{};
+};
+
 void UniformLines(const Span& span, double q, LoadLines& lines);                // kN/m
 void ForceLines(const Span& span, double p, double a, LoadLines& lines);        // kN, m
 void MomentLines(const Span& span, double moment, double a, LoadLines& lines);  // kNm, m

@@ -24,11 +24,6 @@ double DeflectionScale(const Inputs& in, float inertia)
 }
 
 // Lines of one axis, factored and summed.
-struct Sums {
-    std::array<double, kDiagramPoints> m{}, v{}, d{};
-    std::array<double, kCheckSections> msec{}, vsec{};
-};
-
 template <std::size_t N>
 void AddFactored(std::array<double, N>& sum, double factor, const std::array<float, N>& line)
 {
@@ -38,7 +33,7 @@ void AddFactored(std::array<double, N>& sum, double factor, const std::array<flo
 }
 
 // Forces with the one factor, deflections with the other.
-KESTRUM_WIDE void AddLoad(Sums& sums, const LoadLines& lines, double factor, double deflection)
+KESTRUM_WIDE void AddLoad(LineSums& sums, const LoadLines& lines, double factor, double deflection)
 {
     AddFactored(sums.m, factor, lines.m);
     AddFactored(sums.v, factor, lines.v);
@@ -53,7 +48,7 @@ void StoreSingle(const std::array<double, N>& sum, std::array<float, N>& line)
     std::transform(sum.begin(), sum.end(), line.begin(), F32);
 }
 
-KESTRUM_WIDE void StoreDiagrams(const Sums& y, const Sums& z, Forces& forces)
+KESTRUM_WIDE void StoreDiagrams(const LineSums& y, const LineSums& z, Forces& forces)
 {
     StoreSingle(y.m, forces.mydiag);
     StoreSingle(y.v, forces.vzdiag);
@@ -65,7 +60,8 @@ KESTRUM_WIDE void StoreDiagrams(const Sums& y, const Sums& z, Forces& forces)
 }
 
 // Axial force and the sum of uniform loads.
-void CombineSums(const Inputs& in, Forces& forces, const LoadFactors& strength, bool checkedonly)
+void CombineLineSums(const Inputs& in, Forces& forces, const LoadFactors& strength,
+                     bool checkedonly)
 {
     forces.ned = 0;
     for (std::size_t k = 1; k <= 3; ++k) {
@@ -88,16 +84,16 @@ void Combine(const Inputs& in, const AnnexFactors& annex, const SectionRecord& s
     const LoadFactors strength = StrengthFactors(in, annex, loadcomb);
     const LoadFactors service = ServiceFactors(in, loadcomb);
     const bool checkedonly = loadcomb == kBasicLoads;
-    CombineSums(in, forces, strength, checkedonly);
+    CombineLineSums(in, forces, strength, checkedonly);
 
-    Sums y, z;
+    LineSums y, z;
     const double scaley = DeflectionScale(in, section.iy), scalez = DeflectionScale(in, section.iz);
     for (int i = 0; i < table.count; ++i) {
         const ActingLoad& load = table.load[static_cast<std::size_t>(i)];
         if ((checkedonly && !load.checked) || load.axis == BendingAxis::none) {
             continue;
         }
-        Sums& sums = load.axis == BendingAxis::y ? y : z;
+        LineSums& sums = load.axis == BendingAxis::y ? y : z;
         const double factor = FactorOf(strength, load.category);
         const double scale = load.axis == BendingAxis::y ? scaley : scalez;
         AddLoad(sums, load.lines, factor, FactorOf(service, load.category) * scale);

@@ -13,8 +13,6 @@ namespace kestrum {
 
 namespace {
 
-constexpr int kLast = kDiagramPoints - 1;
-
 bool Finite(const Station& s)
 {
     // A sum of finite values is finite or an overflow, which nothing could carry either.
@@ -200,9 +198,9 @@ void StationLines::FindPlaces(const Inputs& in, std::span<const Station> station
     for (const Station& at : stations) {
         x_.push_back(at.x);
     }
-    for (int j = 0; j <= kLast; ++j) {
+    for (int j = 0; j <= kLastPoint; ++j) {
         diagram_[static_cast<std::size_t>(j)] =
-            ReadingAt(stations, static_cast<double>(j) * l_ / kLast);
+            ReadingAt(stations, static_cast<double>(j) * l_ / kLastPoint);
     }
     places_.clear();
     if (own_points_) {

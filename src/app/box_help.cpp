@@ -1,5 +1,7 @@
 #include "app/box_help.h"
 
+#include "app/cell_reader.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -116,14 +118,6 @@ constexpr BoxHelp kHelp[] = {
 // clang-format on
 
 // Message of a box without the blanks around it.
-std::string_view Trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(' ');
-    return first == std::string_view::npos
-               ? std::string_view{}
-               : text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 }  // namespace
 
 const BoxHelp& HelpOf(const Box& box)

@@ -216,16 +216,6 @@ void ChooseWebStiffeners(Session& session, int webstiff)
     session.Calculate();
 }
 
-void UpdateVortex(ProjectState& s)
-{
-    try {
-        CalcVortexFrequency(s, s, s);
-        CalcVortex(s, s, s);
-    } catch (const CalculationStop&) {
-        // A support case or terrain from a file that no list offers: the values stay.
-    }
-}
-
 void TellVortexRefusal(Session& session, int family)
 {
     if (const std::string_view refusal = VortexRefusal(family); !refusal.empty()) {
@@ -258,7 +248,8 @@ void ChooseTerrain(Session& session, int terrain)
 void RefreshVortex(Session& session)
 {
     session.Record();
-    UpdateVortex(session.edit());
+    ProjectState& s = session.edit();
+    ControlVortices(s, s, s);  // what cannot be calculated keeps its values
     session.ShowVortex();
     session.Publish();
 }

@@ -53,8 +53,7 @@ void ChooseCheckRelative(Session& session, bool relative);
 void ChooseEndPost(Session& session, int endstiff);        // oendstiff0, oendstiff1
 void ChooseWebStiffeners(Session& session, int webstiff);  // cwebstiff0, cwebstiff1
 
-// Vortex shedding. The values of a record, whatever it holds.
-void UpdateVortex(ProjectState& s);
+// Vortex shedding.
 // "Only valid for boxes and tubes", where there is something to tell.
 void TellVortexRefusal(Session& session, int family);
 // Opening asks the family first; false when the form stays closed.

@@ -44,18 +44,20 @@ std::string Quoted(std::string_view cell, char separator)
 }
 
 // A record whose quotes cannot be meant is one cell, so that nothing of it is lost.
-std::vector<std::string> CellsOf(std::string_view record, char separator, bool* sound = nullptr)
+struct Cells {
+    std::vector<std::string> cells;
+    bool sound;  // could be read
+};
+
+Cells CellsOf(std::string_view record, char separator)
 {
     std::vector<std::string> cells;
     CellReader reader(record, separator);
     while (reader.Next()) {
         cells.emplace_back(reader.cell());
     }
-    const bool read = reader.fault().empty();
-    if (sound != nullptr) {
-        *sound = read;
-    }
-    return read ? cells : std::vector<std::string>{std::string(record)};
+    return reader.fault().empty() ? Cells{std::move(cells), true}
+                                  : Cells{{std::string(record)}, false};
 }
 
 }  // namespace
@@ -95,7 +97,7 @@ std::string MembersSheet::Take(std::string_view bytes, const std::string& name)
     taken.ids_ = ids_;  // results of lines that were there are none of these
     const std::string_view header = TakeRecord(rest, kAnySeparator);
     taken.separator_ = SeparatorOf(header);
-    std::vector<std::string> columns = CellsOf(header, taken.separator_);
+    std::vector<std::string> columns = CellsOf(header, taken.separator_).cells;
     for (std::string& column : columns) {
         column = Trimmed(column);
     }
@@ -109,9 +111,9 @@ std::string MembersSheet::Take(std::string_view bytes, const std::string& name)
     while (!rest.empty()) {
         const std::string_view record = TakeRecord(rest, {&taken.separator_, 1});
         if (!Trimmed(record).empty()) {
-            Row row{++taken.ids_, {}, std::string(record)};
-            row.cells = CellsOf(record, taken.separator_, &row.sound);
-            taken.now_.rows.push_back(std::make_shared<Row>(std::move(row)));
+            Cells read = CellsOf(record, taken.separator_);
+            taken.now_.rows.push_back(std::make_shared<Row>(
+                Row{++taken.ids_, std::move(read.cells), std::string(record), read.sound}));
         }
     }
     taken.steps_ = taken.saved_ = taken.now_.step = steps_ + 1;
@@ -232,7 +234,7 @@ std::string MembersSheet::Paste(const Range& at, std::string_view text,
     std::vector<std::vector<std::string>> block;
     std::size_t width = 0;
     while (!text.empty()) {
-        block.push_back(CellsOf(TakeRecord(text, "\t"), '\t'));
+        block.push_back(CellsOf(TakeRecord(text, "\t"), '\t').cells);
         width = std::max(width, block.back().size());
     }
     if (block.empty()) {

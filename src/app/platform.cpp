@@ -1,18 +1,10 @@
 #include "app/platform.h"
 
+#include "app/cell_reader.h"
+
 namespace kestrum {
 
 namespace {
-
-constexpr std::string_view kBlanks = " \t";
-
-std::string_view Trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    return first == std::string_view::npos
-               ? std::string_view{}
-               : text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
-}
 
 std::string_view Parent(std::string_view folder)
 {
@@ -32,7 +24,7 @@ std::string_view BehindProgramName(std::string_view commandline)
         const std::size_t quote = line.find('"', 1);
         end = quote == std::string_view::npos ? line.size() : quote + 1;
     } else {
-        end = line.find_first_of(kBlanks);
+        end = line.find_first_of(" \t");
     }
     return end < line.size() ? Trimmed(line.substr(end)) : std::string_view{};
 }

@@ -90,7 +90,7 @@ PrintedReport DrawReport(Session& session, const PrintStamp& stamp, Report repor
             TellVortexRefusal(session, s.family);
             return {};
         }
-        UpdateVortex(s);
+        ControlVortices(s, s, s);
         return PrintVortex(session.library(), s, stamp, known);
     }
     return {};

@@ -30,13 +30,6 @@ namespace kestrum::cli {
 
 namespace {
 
-void Require(const std::string& file, const std::string& fault)
-{
-    if (!fault.empty()) {
-        throw BadInput(file + ": " + fault);
-    }
-}
-
 // As much as a file may hold.
 std::string ReadStandardInput()
 {
@@ -102,6 +95,20 @@ HeldState Project(const Library& library, const std::string& file, const std::st
 }
 
 }  // namespace
+
+void Require(const std::string& fault)
+{
+    if (!fault.empty()) {
+        throw BadInput(fault);
+    }
+}
+
+void Require(const std::string& of, const std::string& fault)
+{
+    if (!fault.empty()) {
+        throw BadInput(of + ": " + fault);
+    }
+}
 
 CsvForm CsvFormOf(const Options& options, CsvTexts texts, bool written)
 {

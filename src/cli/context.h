@@ -29,6 +29,10 @@ struct BadInput : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// Throws a fault; an empty one is none. `of` names the file or the option that has it.
+void Require(const std::string& fault);
+void Require(const std::string& of, const std::string& fault);
+
 enum class Format { text, json, csv };
 
 struct Options {
@@ -77,9 +81,6 @@ void SpareInput(const std::string& out, const std::string& input);
 
 // Vortex shedding: throws BadInput for a family that the control does not cover.
 void RequireVortexFamily(const ProjectState& s, const std::string& file);
-
-// The control after a pass; false when its arithmetic failed.
-bool ControlVortices(ProjectState& s);
 
 // "kestrum: FILE:LINE: what" on standard error, with nothing that a terminal obeys.
 void Complain(const std::string& what);

@@ -39,13 +39,6 @@ Objective ObjectiveOf(const std::string& by)
                              : Objective::mass;
 }
 
-void Require(const std::string& option, const std::string& refusal)
-{
-    if (!refusal.empty()) {
-        throw BadInput(option + ": " + refusal);
-    }
-}
-
 double SizeOf(const std::string& option, const std::optional<double>& given,
               const std::string& unit = {})
 {

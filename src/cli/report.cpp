@@ -5,7 +5,7 @@
 #include "cli/print_stamp.h"
 #include "cli/renderer.h"
 #include "cli/report_office.h"
-#include "core/project_inputs.h"
+#include "core/project_state.h"
 #include "engine/calculate.h"
 #include "engine/family_routines.h"
 #include "render/pdf_extras.h"
@@ -40,15 +40,16 @@ int PrintFile(const Library& library, const ReportArguments& arguments, const st
 {
     const ProjectOrigin origin = OriginOf(file);
     stamp.origin = OriginText(origin.file, origin.digest);
-    HeldState s = OpenProject(library, file);
-    if (FindRoutines(InputsOf(s).family) == nullptr) {
+    HeldState held = OpenProject(library, file);
+    ProjectState& s = *held;
+    if (FindRoutines(s.family) == nullptr) {
         throw BadInput(file + ": no section control for this family");
     }
     const bool vortex = arguments.kind == "vortex";
     if (vortex) {
         RequireVortexFamily(s, file);
     }
-    if (!Calculate(library, s) || (vortex && !ControlVortices(s))) {
+    if (!Calculate(library, s) || (vortex && !ControlVortices(s, s, s))) {
         Complain(file + ": " + std::string(kCalculationError));
         return kFailedPass;
     }

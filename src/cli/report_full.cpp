@@ -40,13 +40,6 @@ void RequireEnding(const std::string& path)
     }
 }
 
-void Require(const std::string& fault)
-{
-    if (!fault.empty()) {
-        throw BadInput(fault);
-    }
-}
-
 DocumentHead HeadOf(const ReportArguments& arguments)
 {
     DocumentHead head;

@@ -2,17 +2,6 @@
 
 namespace kestrum::cli {
 
-namespace {
-
-void Require(const std::string& fault)
-{
-    if (!fault.empty()) {
-        throw BadInput(fault);
-    }
-}
-
-}  // namespace
-
 Office OfficeOf(const ReportArguments& arguments)
 {
     Office office;

@@ -165,7 +165,7 @@ std::string StandardText(const StandardResult& result, const Outcome& program)
     if (!result.rated) {
         return text;
     }
-    const Check& check = result.checks[result.governing];
+    const standard::Check& check = result.checks[result.governing];
     if (program.rated()) {
         text += "Rules of the program:   IR = " + FormatNum(program.ir, "0.000") + ", " +
                 program.control + " (" + program.clause + ")\n";

@@ -1,7 +1,6 @@
 #include "cli/commands.h"
 
 #include "cli/standard_output.h"
-#include "core/arithmetic_trap.h"
 #include "core/project_state.h"
 #include "engine/calculate.h"
 #include "report/design_notes.h"
@@ -68,25 +67,12 @@ std::string JsonOf(const ProjectState& s)
 
 }  // namespace
 
-bool ControlVortices(ProjectState& s)
-{
-    try {
-        ArmTrap();
-        CalcVortexFrequency(s, s, s);
-        CalcVortex(s, s, s);
-        CheckTrap();
-    } catch (const CalculationStop&) {
-        return false;
-    }
-    return true;
-}
-
 int Vortex(const Options& options, const std::string& file)
 {
     const Library library = LoadTables(options);
     ProjectState s = OpenProject(library, file);
     RequireVortexFamily(s, file);
-    if (!Calculate(library, s) || !ControlVortices(s)) {
+    if (!Calculate(library, s) || !ControlVortices(s, s, s)) {
         Complain(file + ": " + std::string(kCalculationError));
         return kFailedPass;
     }

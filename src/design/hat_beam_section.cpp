@@ -16,7 +16,6 @@ namespace {
 
 constexpr i16 kUpgrade = 0;     // class23
 constexpr i16 kConsidered = 0;  // hsqopt
-constexpr i16 kUpgraded = 23;
 
 // Plastic modulus with 20 eps tw left of the webs at the compressed flange and as much beside the
 // neutral axis, EN 1993-1-1, 6.2.2.4 (1); areas of the compressed and the other flange in mm2.

@@ -14,8 +14,6 @@ namespace kestrum {
 
 namespace {
 
-constexpr i16 kUpgraded = 23;  // class 3 web, class 1 or 2 flange, 6.2.2.4
-
 // Resistance in kN of an area of buckling webs in mm2, EN 1993-1-5, 5.2.
 double BucklingShear(const Inputs& in, double area)
 {

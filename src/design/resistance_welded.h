@@ -11,6 +11,8 @@
 
 namespace kestrum {
 
+constexpr i16 kUpgraded = 23;  // class 3 web, class 1 or 2 flange, 6.2.2.4
+
 // Resistances to N, My and Mz from the classes (classn, classmytop, classmybot, classmz) and the
 // moduli; classmy is the larger of the signs' classes.
 void StoreResistances(const Inputs& in, SectionRecord& section, Resistances& resistances);

@@ -284,6 +284,11 @@ void ControlShear(const Inputs& in, const Resistances& resistances, const Forces
     }
 }
 
+void TakeClassOfSign(SectionRecord& section, const SectionChecks& checks)
+{
+    section.classmy = checks.mysigned > 0 ? section.classmytop : section.classmybot;
+}
+
 void ControlSection(const Inputs& in, SectionRecord& section, Resistances& resistances,
                     const Forces& forces, SectionChecks& checks, const SectionRoutines& routines)
 {

@@ -69,6 +69,9 @@ struct SectionRoutines {
     bool tube_exponents;  // exponents are written ")^2.00" and ")^2.0"
 };
 
+// For `enter`: the class of the sign of My.
+void TakeClassOfSign(SectionRecord& section, const SectionChecks& checks);
+
 // The whole control. Reads ned, npts, xi and the section forces, the record and the switches.
 void ControlSection(const Inputs& in, SectionRecord& section, Resistances& resistances,
                     const Forces& forces, SectionChecks& checks, const SectionRoutines& routines);

@@ -46,12 +46,6 @@ void ReduceMySingleI(const Inputs& in, const SectionRecord& section, const Resis
     checks.myrdv = ReducedMoment(in, section, resistances, checks, checks.classmyuse);
 }
 
-// The class of the sign of My at the section.
-void EnterSection(SectionRecord& section, const SectionChecks& checks)
-{
-    section.classmy = checks.mysigned > 0 ? section.classmytop : section.classmybot;
-}
-
 }  // namespace
 
 i16 ClassSingleIY(const Inputs& in, SectionRecord& section, const SectionChecks& checks, float n,
@@ -148,7 +142,7 @@ void ControlSingleI(const Inputs& in, SectionRecord& section, Resistances& resis
         .reduce_mnz = CalcMNz,
         .shear = CalcVbrd,
         .exponents = ExponentsI,
-        .enter = EnterSection,
+        .enter = TakeClassOfSign,
         .placed_axial = false,
         .shear_labels = true,
         .y_only = false,

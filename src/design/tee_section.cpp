@@ -46,11 +46,6 @@ void ReduceMyT(const Inputs& in, const SectionRecord& section, const Resistances
     checks.myrdv = ReducedMoment(in, section, resistances, checks, section.classmy);
 }
 
-void EnterSection(SectionRecord& section, const SectionChecks& checks)
-{
-    section.classmy = checks.mysigned > 0 ? section.classmytop : section.classmybot;
-}
-
 }  // namespace
 
 // EN 1993-1-5, 4.4. In bending the elastic modulus falls as the area.
@@ -99,7 +94,7 @@ void ControlT(const Inputs& in, SectionRecord& section, Resistances& resistances
         .reduce_mnz = nullptr,
         .shear = CalcShearWelded,
         .exponents = nullptr,
-        .enter = EnterSection,
+        .enter = TakeClassOfSign,
         .placed_axial = true,
         .shear_labels = true,
         .y_only = true,

@@ -8,6 +8,7 @@
 #include "engine/validate.h"
 #include "service/deflection_control.h"
 #include "service/modal.h"
+#include "stability/critical_force.h"
 
 #include <cmath>
 #include <initializer_list>
@@ -16,8 +17,6 @@
 namespace kestrum {
 
 namespace {
-
-constexpr i16 kAxialOverload = -1;  // errorflag
 
 // A value that a step hands on.
 struct Handed {

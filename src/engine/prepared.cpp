@@ -8,6 +8,7 @@
 #include "engine/member_analysis.h"
 #include "engine/section_dispatch.h"
 #include "engine/validate.h"
+#include "stability/critical_force.h"
 
 #include <algorithm>
 #include <array>
@@ -17,8 +18,6 @@
 namespace kestrum {
 
 namespace {
-
-constexpr i16 kAxialOverload = -1;  // errorflag
 
 void PrepareSection(const Library& library, ProjectState& s)
 {

@@ -130,6 +130,19 @@ void CalcVortex(const Inputs& in, const SectionRecord& section, Service& service
     service.vm = F32(in.vb * cr);
 }
 
+bool ControlVortices(const Inputs& in, const SectionRecord& section, Service& service)
+{
+    try {
+        ArmTrap();
+        CalcVortexFrequency(in, section, service);
+        CalcVortex(in, section, service);
+        CheckTrap();
+    } catch (const CalculationStop&) {
+        return false;
+    }
+    return true;
+}
+
 bool VortexAccepted(const Service& service)
 {
     return 1.25 * service.vm < service.vcrit;

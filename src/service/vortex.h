@@ -63,6 +63,9 @@ bool VortexSupportIsStiffer(const Inputs& in);
 // through CalculationStop with a terrain outside the list.
 void CalcVortex(const Inputs& in, const SectionRecord& section, Service& service);
 
+// Both, after a pass: frequency and control. False when their arithmetic failed.
+bool ControlVortices(const Inputs& in, const SectionRecord& section, Service& service);
+
 // Strouhal number of a rectangle, r = d/b (along over across the wind), EN 1991-1-4, Table E.1.
 //
 // Deviation D257: a ratio below 0.5 or above 10 takes the value of the end of the table, which

@@ -13,7 +13,7 @@ bool ExceedsCriticalForce(const Forces& forces, PassOutcome& outcome,
     if (!(forces.ned > least->force)) {
         return false;
     }
-    outcome.errorflag = -1;
+    outcome.errorflag = kAxialOverload;
     outcome.failure = {.stage = outcome.failure.stage,
                        .cause = Cause::critical_force,
                        .quantity = least->name,

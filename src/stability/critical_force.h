@@ -11,12 +11,14 @@
 
 namespace kestrum {
 
+constexpr i16 kAxialOverload = -1;  // of errorflag
+
 struct CriticalForce {
     std::string_view name;  // "Ncr,z"
     double force;           // kN
 };
 
-// True when NEd exceeds one of them: errorflag is set to -1, and the failure of the state names the
+// True when NEd exceeds one of them: errorflag says so, and the failure of the state names the
 // smallest one. NEd equal to a critical force passes.
 bool ExceedsCriticalForce(const Forces& forces, PassOutcome& outcome,
                           std::initializer_list<CriticalForce> critical);

@@ -73,7 +73,7 @@ VortexView FollowVortex(Binder& bind)
     const auto view = std::make_shared<ProjectState>();
     bind.Follow([view](const ProjectState& s) {
         *view = s;
-        UpdateVortex(*view);
+        ControlVortices(*view, *view, *view);
     });
     return view;
 }

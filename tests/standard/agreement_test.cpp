@@ -2,7 +2,7 @@
 // family (kestrum-agreement counts more of them). Every difference between both bases is thus one
 // of the numbered ones.
 
-#include "both_bases.h"
+#include "compare_bases.h"
 #include "sections/families.h"
 #include "standard/standard_member.h"
 

@@ -1,4 +1,4 @@
-#include "both_bases.h"
+#include "compare_bases.h"
 
 #include "engine/calculate.h"
 #include "random_member.h"
