@@ -18,7 +18,7 @@ namespace kestrum::cli {
 
 namespace {
 
-constexpr std::size_t kBlock = std::size_t{1} << 18;
+constexpr std::size_t kTextBlock = std::size_t{1} << 18;
 
 std::string Reason()
 {
@@ -48,12 +48,12 @@ bool TextStream::Read(std::string& text)
     if (ended_ || interrupt_.raised()) {
         return false;
     }
-    block_.resize(kBlock);
+    block_.resize(kTextBlock);
     errno = 0;
     std::size_t got = 0;
     // A pipe is waited for in such a way that the user can stop the program.
 #ifdef _WIN32
-    got = std::fread(block_.data(), 1, kBlock, file_.get());
+    got = std::fread(block_.data(), 1, kTextBlock, file_.get());
     const bool fault = got == 0 && std::ferror(file_.get()) != 0;
 #else
     ssize_t some = 0;
@@ -61,7 +61,7 @@ bool TextStream::Read(std::string& text)
         if (!interrupt_.WaitFor(fileno(file_.get()))) {
             return false;
         }
-        some = ::read(fileno(file_.get()), block_.data(), kBlock);
+        some = ::read(fileno(file_.get()), block_.data(), kTextBlock);
     } while (some < 0 && (errno == EINTR || errno == EAGAIN));
     const bool fault = some < 0;
     got = fault ? 0 : static_cast<std::size_t>(some);

@@ -26,7 +26,7 @@ TextRun Plain(std::string text)
 }
 
 // The ratio in its colour and what follows it, `blanks` between them.
-std::vector<TextRun> Verdict(const Check& check, const RowText& text, const char* blanks = "")
+std::vector<TextRun> VerdictOf(const Check& check, const RowText& text, const char* blanks = "")
 {
     std::vector<TextRun> runs;
     if (!text.result.empty()) {
@@ -97,7 +97,7 @@ PanelBlock DrawSectionBlock(const ProjectState& s, double& y, bool page)
         const RowText text = ShownTextOf(check);
         block.push_back({.y = y,
                          .left = {Plain(text.label + text.calculation)},
-                         .result = Verdict(check, text),
+                         .result = VerdictOf(check, text),
                          .row = row});
         y += kLine;
     }
@@ -131,7 +131,7 @@ PanelBlock DrawBuckleBlock(const ProjectState& s, double& y)
         const RowText text = ShownTextOf(check);
         block.push_back({.y = y,
                          .left = {Plain(axis ? AxisLabel(text) : text.label + text.calculation)},
-                         .result = Verdict(check, text),
+                         .result = VerdictOf(check, text),
                          .row = row});
         y += kLine;
     }
@@ -160,7 +160,7 @@ PanelBlock DrawDeflectionBlock(const ProjectState& s, double& y)
         y += 1.1;
         const RowText text = ShownTextOf(check);
         PanelLine line{.y = y, .left = {Plain(text.label + text.calculation)}, .row = row};
-        for (TextRun& run : Verdict(check, text, "      ")) {
+        for (TextRun& run : VerdictOf(check, text, "      ")) {
             line.left.push_back(std::move(run));
         }
         block.push_back(std::move(line));

@@ -16,7 +16,7 @@ namespace {
 constexpr double kTextLine = 3.2;  // base line of the legend, from the top
 constexpr double kFoot = 1;        // below the axis
 constexpr double kWidth = 0.35;
-constexpr Ink kProgramInk = Ink::member, kStandardInk = Ink::load;
+constexpr Ink kProgramCurve = Ink::member, kStandardCurve = Ink::load;
 
 double LargestOf(const std::optional<AlongMember>& along)
 {
@@ -42,7 +42,7 @@ double LargestFinite(const Utilisation& along)
     return largest;
 }
 
-std::string RatioText(double ratio)
+std::string FigureText(double ratio)
 {
     return std::isfinite(ratio) ? FormatNum(ratio, "0.00") : "infinite";
 }
@@ -55,7 +55,7 @@ std::string LegendText(std::string name, const std::string& of,
         return name + "none";
     }
     const double largest = LargestOf(along);
-    return name + RatioText(largest) + (largest > limit ? " ABOVE" : "");
+    return name + FigureText(largest) + (largest > limit ? " ABOVE" : "");
 }
 
 constexpr double kStroke = 4, kBeside = 1, kBehind = 3;  // of an entry of the legend
@@ -102,10 +102,10 @@ Legend LegendOf(const Utilisation& along, double width)
 
 void AddLegends(Drawing& d, const Legend& legend, double y)
 {
-    AddLegend(d, kLegendStart, y, kProgramInk, legend.program);
+    AddLegend(d, kLegendStart, y, kProgramCurve, legend.program);
     const Point second = legend.twolines ? Point{kLegendStart, y + kTextLine}
                                          : Point{kLegendStart + LegendWidth(legend.program), y};
-    AddLegend(d, second.x, second.y, kStandardInk, legend.standard);
+    AddLegend(d, second.x, second.y, kStandardCurve, legend.standard);
 }
 
 }  // namespace
@@ -144,8 +144,8 @@ void AddUtilisation(Drawing& d, const Utilisation& along, const MemberSpan& span
         }
         AddCurve(d, std::move(points), ink, kWidth);
     };
-    draw(along.program, kProgramInk);
-    draw(along.standard, kStandardInk);
+    draw(along.program, kProgramCurve);
+    draw(along.standard, kStandardCurve);
     AddLegends(d, LegendOf(along, span.Picture()), top + kTextLine);
 }
 
@@ -153,11 +153,11 @@ std::string UtilisationText(const Utilisation& along, std::size_t point)
 {
     std::string text;
     if (along.program) {
-        text = "IR = " + RatioText(along.program->at(point));
+        text = "IR = " + FigureText(along.program->at(point));
     }
     if (along.standard) {
         text += (text.empty() ? "" : ", ") + std::string("EN 1993-1-1: ") +
-                RatioText(along.standard->at(point));
+                FigureText(along.standard->at(point));
     }
     return text;
 }

@@ -20,10 +20,10 @@ template <class T> T* Given(T* made)
     return made != nullptr ? made : throw std::bad_alloc();
 }
 
-struct Formats {
+struct SummaryFormats {
     lxw_format *bold, *ratio, *mass, *above, *wrapped;
 
-    explicit Formats(lxw_workbook* book)
+    explicit SummaryFormats(lxw_workbook* book)
     {
         bold = Given(workbook_add_format(book));
         format_set_bold(bold);
@@ -45,7 +45,7 @@ struct Formats {
 // A sheet from its columns.
 class Sheet {
 public:
-    Sheet(lxw_workbook* book, const Formats& formats, const char* name)
+    Sheet(lxw_workbook* book, const SummaryFormats& formats, const char* name)
         : formats_(formats), sheet_(Given(workbook_add_worksheet(book, name)))
     {
         worksheet_freeze_panes(sheet_, 1, 0);
@@ -91,7 +91,7 @@ public:
     lxw_worksheet* get() const { return sheet_; }
 
 private:
-    const Formats& formats_;
+    const SummaryFormats& formats_;
     lxw_worksheet* sheet_;
     lxw_col_t columns_ = 0;
 };
@@ -104,7 +104,7 @@ struct MemberColumn {
     lxw_color_t bars = 0;  // colour; 0 for none
 };
 
-std::vector<MemberColumn> ResultColumns(const MemberSummary& summary, const Formats& formats,
+std::vector<MemberColumn> ResultColumns(const MemberSummary& summary, const SummaryFormats& formats,
                                         ResultOf basis)
 {
     const bool second = basis == &SummaryMember::standard;
@@ -150,7 +150,7 @@ std::vector<MemberColumn> ResultColumns(const MemberSummary& summary, const Form
     return columns;
 }
 
-std::vector<MemberColumn> ColumnsOf(const MemberSummary& summary, const Formats& formats)
+std::vector<MemberColumn> ColumnsOf(const MemberSummary& summary, const SummaryFormats& formats)
 {
     const auto text = [](std::string SummaryMember::*field) {
         return [field](Sheet& sheet, lxw_row_t row, lxw_col_t column, const SummaryMember& member) {
@@ -193,7 +193,7 @@ std::vector<MemberColumn> ColumnsOf(const MemberSummary& summary, const Formats&
     return columns;
 }
 
-void FillMembers(lxw_workbook* book, const Formats& formats, const MemberSummary& summary)
+void FillMembers(lxw_workbook* book, const SummaryFormats& formats, const MemberSummary& summary)
 {
     Sheet sheet(book, formats, "Members");
     const std::vector<MemberColumn> columns = ColumnsOf(summary, formats);
@@ -222,7 +222,7 @@ void FillMembers(lxw_workbook* book, const Formats& formats, const MemberSummary
     worksheet_fit_to_pages(sheet.get(), 1, 0);
 }
 
-void FillCounts(lxw_workbook* book, const Formats& formats, const MemberSummary& summary)
+void FillCounts(lxw_workbook* book, const SummaryFormats& formats, const MemberSummary& summary)
 {
     Sheet sheet(book, formats, "Counts");
     std::vector<ResultOf> bases{&SummaryMember::result};
@@ -290,7 +290,7 @@ void FillCounts(lxw_workbook* book, const Formats& formats, const MemberSummary&
     worksheet_insert_chart(sheet.get(), 1, static_cast<lxw_col_t>(bases.size() + 2), chart);
 }
 
-void FillNotes(lxw_workbook* book, const Formats& formats, const MemberSummary& summary)
+void FillNotes(lxw_workbook* book, const SummaryFormats& formats, const MemberSummary& summary)
 {
     Sheet sheet(book, formats, "Notes");
     const lxw_col_t note = sheet.Column("Note", 50), members = sheet.Column("Members", 10);
@@ -314,7 +314,7 @@ std::string WriteSummaryXlsx(const MemberSummary& summary, const std::string& pa
                " members; --top N lists the first N";
     }
     return WriteWorkbook(path, summary.Listed(), [&](lxw_workbook* book) {
-        const Formats formats(book);
+        const SummaryFormats formats(book);
         FillMembers(book, formats, summary);
         FillCounts(book, formats, summary);
         FillNotes(book, formats, summary);
