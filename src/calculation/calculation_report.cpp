@@ -122,7 +122,8 @@ void SetDecimals(Document& d)
         }
         for (Figure& figure : row->figures) {
             for (auto& mark : figure.drawing.marks) {
-                if (auto* const text = std::get_if<TextMark>(&mark)) {
+                auto* const text = std::get_if<TextMark>(&mark);
+                if (text != nullptr && !text->verbatim) {
                     text->text = PlainText(WithNumbers(text->text), d.head.decimal);
                 }
             }

@@ -72,12 +72,16 @@ std::string Written(double value, int digits, bool strip)
         return "0";
     }
     constexpr int kLargest = 6, kSmallest = -3;
-    int exponent = ScientificOf(value, digits).exponent;
+    Scientific number = ScientificOf(value, digits);
+    int exponent = number.exponent;
     const bool plain = exponent >= kSmallest && exponent < kLargest;
-    constexpr int kAll = 17;
-    const int whole = plain ? ScientificOf(value, kAll).exponent + 1 : 3;  // before the point
-    const Scientific number = ScientificOf(value, std::max(digits, whole));
-    exponent = number.exponent;
+    constexpr int kAll = 17, kLot = 3;
+    int whole = plain ? exponent + 1 : kLot;  // before the point
+    if (whole > digits) {
+        whole = plain ? ScientificOf(value, kAll).exponent + 1 : kLot;
+        number = ScientificOf(value, std::max(digits, whole));
+        exponent = number.exponent;
+    }
     const int lot =
         plain ? 0 : static_cast<int>(std::floor(static_cast<double>(exponent) / 3.0)) * 3;
     std::string text = Pointed(number.digits, exponent - lot + 1);

@@ -409,6 +409,52 @@ TEST(CalculationReport, NamesPsiByItsLetter)
     EXPECT_EQ(text.find("psi0"), std::string::npos);
 }
 
+// Cells of the rows of a table in the guide, from the row with this title on.
+std::vector<std::vector<std::string>> TableOfTheGuide(const std::string& title)
+{
+    std::ifstream file(KESTRUM_SOURCE "/docs/guide/results.md");
+    std::vector<std::vector<std::string>> rows;
+    bool within = false;
+    for (std::string line; std::getline(file, line);) {
+        within = within ? line.starts_with('|') : line.starts_with("| " + title + " |");
+        if (!within) {
+            continue;
+        }
+        std::vector<std::string> cells;
+        for (std::size_t from = 2, to = 0; (to = line.find(" |", from)) != std::string::npos;
+             from = to + 3) {
+            cells.push_back(line.substr(from, to - from));
+        }
+        rows.push_back(std::move(cells));
+    }
+    return rows;
+}
+
+// Each question of a checker leads to a chapter that the report has, here of a crane girder and of
+// a column.
+TEST(CalculationReport, AnswersTheQuestionsOfTheGuideWhereItSays)
+{
+    const auto rows = TableOfTheGuide("Question");
+    ASSERT_EQ(rows.size(), 12U);  // title, rule, ten questions
+    std::string reports;
+    for (const char* const name :
+         {"/examples/f022_crane_girder.kst", "/examples/f023_box_column.kst"}) {
+        reports += MarkdownOf(ProjectOf(std::string(KESTRUM_SOURCE) + name));
+    }
+    for (std::size_t i = 2; i < rows.size(); ++i) {
+        ASSERT_EQ(rows[i].size(), 3U) << rows[i].front();
+        const std::string& chapters = rows[i][1];
+        for (std::size_t from = 0, to = 0; to != std::string::npos; from = to + 2) {
+            to = chapters.find("; ", from);
+            const std::string chapter =
+                chapters.substr(from, to == std::string::npos ? to : to - from);
+            if (chapter != "foot and head of each page") {
+                EXPECT_NE(reports.find("\n## " + chapter), std::string::npos) << chapter;
+            }
+        }
+    }
+}
+
 // The report of a member that fails says so and stops there.
 TEST(CalculationReport, OfAnUnstableMemberHasItsVerdict)
 {

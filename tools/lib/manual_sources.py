@@ -55,16 +55,21 @@ def deviations():
 
 
 def verification():
-    """On pages across: seven columns."""
-    out, last, inside, shown = [r'\across', ''], None, False, []
+    """On pages across: seven columns of a table of problems, all of any other."""
+    out, last, inside, shown, within = [r'\across', ''], None, False, None, False
     for line in VERIFICATION.read_text(encoding='utf-8').splitlines():
         inside = inside or line.startswith('## ')
         if not inside:
             continue
         if line.startswith('|'):
             row = [typeset(cell) for cell in cells(line)]
-            if row[0] == 'No.':
-                shown = [i for i, head in enumerate(row) if head not in ('Tolerance', 'Kind', 'Deviations')]
+            if not within:  # titles
+                shown = ([i for i, head in enumerate(row) if head not in ('Tolerance', 'Kind', 'Deviations')]
+                         if row[0] == 'No.' else None)
+            within = True
+            if shown is None:
+                out.append(line)
+                continue
             row = [row[i] for i in shown]
             if set(row[0]) <= set('-:'):
                 row = ['-' * n for n in (7, 20, 18, 16, 16, 12, 30)]
@@ -73,6 +78,8 @@ def verification():
             else:
                 last = row[0]
             line = '| ' + ' | '.join(row) + ' |'
+        else:
+            within = False
         out.append(line)
     print('\n'.join([*out, '', r'\upright']))
 
@@ -177,7 +184,7 @@ def clauses(folder):
                     places.setdefault(key, []).append(labels)
             out.append('\n'.join(units))
         path.write_text('\n\n'.join(out), encoding='utf-8')
-    rows = [f'| {standard} | {clause} | ' + ', '.join(rf'\ref{{clause{n}}} (\pageref{{clause{n}}})' for n in numbers) + ' |'
+    rows = [f'| {standard} | {clause} | \\clauses{{}}' + ''.join(rf'\clauseref{{clause{n}}}' for n in numbers) + ' |'
             for (standard, clause), numbers in sorted(places.items(), key=lambda item: clause_order(item[0]))]
     (pathlib.Path(folder) / '95-clauses.md').write_text(
         '# Index by clause\n\nClause of the standard; sections of this manual that refer to it, each with the page of the '
