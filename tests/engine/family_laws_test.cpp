@@ -306,28 +306,54 @@ TEST(AnnexB, CmLtKeepsAwayFromItsPole)
     }
 }
 
-// With an annex of one's own, everything of the strength side that rests on one factor.
+struct NamedResistance {
+    const char* name;
+    double Resistances::*value;
+};
+constexpr NamedResistance kResistances[] = {
+    {"nplrd", &Resistances::nplrd},     {"ncrd", &Resistances::ncrd},
+    {"mplyrd", &Resistances::mplyrd},   {"mplzrd", &Resistances::mplzrd},
+    {"melyrd", &Resistances::melyrd},   {"melzrd", &Resistances::melzrd},
+    {"meffyrd", &Resistances::meffyrd}, {"meffzrd", &Resistances::meffzrd},
+    {"myrd", &Resistances::myrd},       {"mzrd", &Resistances::mzrd},
+    {"nrdm1", &Resistances::nrdm1},     {"myrdm1", &Resistances::myrdm1},
+    {"mzrdm1", &Resistances::mzrdm1},   {"mytoprd", &Resistances::mytoprd},
+    {"mybotrd", &Resistances::mybotrd}, {"vzrd", &Resistances::vzrd},
+    {"vplzrd", &Resistances::vplzrd},   {"vplyrd", &Resistances::vplyrd},
+    {"vbrd", &Resistances::vbrd},       {"vyrd", &Resistances::vyrd},
+    {"vcyrd", &Resistances::vcyrd},     {"mfrd", &Resistances::mfrd},
+    {"mfzrd", &Resistances::mfzrd},     {"mry1", &Resistances::mry1},
+    {"mry2", &Resistances::mry2},       {"mrz1", &Resistances::mrz1},
+    {"mrz2", &Resistances::mrz2},       {"mrely", &Resistances::mrely},
+    {"mrelz", &Resistances::mrelz}};
+
+// With an annex of one's own, everything of the strength side that rests on one factor: in bending
+// about one axis or the other, or both, as far as the family takes loads in y.
 TEST(EveryFamily, PartialFactorDividesTheResistances)
 {
     for (const int family : FamilyNumbers()) {
-        SCOPED_TRACE(family);
-        Member s = Member().Family(family).BasicLoads();
-        s.annexcode = "UD";
-        s.annexindex = AnnexIndexFromCode(s.annexcode);
-        s.l = 2;
-        s.nload[1] = 0;
-        s.qload[1] = 1;
-        ASSERT_TRUE(EndsWell(s));
-        const ProjectState one = s;
-        s.gammam0 = 1.25;
-        s.gammam1 = 1.25f;
-        ASSERT_TRUE(EndsWell(s));
-        EXPECT_NEAR(s.nplrd * 1.25, one.nplrd, 1e-9 * one.nplrd);
-        EXPECT_NEAR(s.myrd * 1.25, one.myrd, 1e-9 * one.myrd);
-        EXPECT_NEAR(s.vzrd * 1.25, one.vzrd, 1e-9 * one.vzrd);
-        EXPECT_NEAR(s.nrdm1 * 1.25, one.nrdm1, 1e-9 * one.nrdm1);
-        EXPECT_NEAR(s.myrdm1 * 1.25, one.myrdm1, 1e-9 * one.myrdm1);
-        EXPECT_NEAR(s.irrow1, 1.25 * one.irrow1, 1e-9 * s.irrow1);
+        for (const bool across : {false, true}) {
+            SCOPED_TRACE(testing::Message() << family << (across ? " with a load in y" : ""));
+            Member s = Member().Family(family).BasicLoads();
+            s.annexcode = "UD";
+            s.annexindex = AnnexIndexFromCode(s.annexcode);
+            s.l = 2;
+            s.nload[1] = 0;
+            s.qload[1] = 1;
+            if (across) {
+                s.qload[2] = 0.5;
+                s.qdir[2] = 0;
+            }
+            ASSERT_TRUE(EndsWell(s));
+            const ProjectState one = s;
+            s.gammam0 = 1.25;
+            s.gammam1 = 1.25f;
+            ASSERT_TRUE(EndsWell(s));
+            for (const auto& [name, value] : kResistances) {
+                EXPECT_NEAR(s.*value * 1.25, one.*value, 1e-9 * one.*value) << name;
+            }
+            EXPECT_NEAR(s.irrow1, 1.25 * one.irrow1, 1e-9 * s.irrow1);
+        }
     }
 }
 
