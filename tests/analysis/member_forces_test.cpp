@@ -129,6 +129,19 @@ TEST(CalcMember, PinnedBeamWithUniformLoad)
     EXPECT_DOUBLE_EQ(s.qsum, 10);
 }
 
+// D101: 20 strips of a triangle from 0 to 10 kN/m over 6 m, each at its middle: the reaction at the
+// lower end is the sum of 10 (i + 0.5)/20 * 0.3 (1 - (i + 0.5)/20) = 60 (1/6 + 1/4800) kN.
+TEST(CalcMember, PinnedBeamWithATriangularLoad)
+{
+    for (const bool rising : {true, false}) {
+        Member s = Beam(0, 6);
+        AddTrapezoid(s, 1, rising ? 0 : 10, rising ? 10 : 0, 0, 6);
+        Analyse(s);
+        EXPECT_NEAR(s.vzdiag[rising ? 0 : 50], rising ? 10.0125 : -10.0125, 1e-4);
+        EXPECT_NEAR(s.vzdiag[rising ? 50 : 0], rising ? -19.9875 : 19.9875, 1e-4);
+    }
+}
+
 TEST(CalcMember, WithoutLoadsEverythingIsZeroAndNothingFails)
 {
     for (int supportcase = 0; supportcase < kSupportCases; ++supportcase) {

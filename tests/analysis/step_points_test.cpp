@@ -62,6 +62,22 @@ TEST(StepPoints, GoDownByTheForceOfEachStrip)
     }
 }
 
+// A load that begins or ends with nothing acts as any other: 0.5 * 6 (4 - 1) = 9 kN in all.
+TEST(StepPoints, TrianglesHaveStripsToo)
+{
+    for (const bool rising : {true, false}) {
+        Member s = test::Beam(2, 5);
+        test::AddTrapezoid(s, 1, rising ? 0 : 6, rising ? 6 : 0, 1, 4);
+        const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
+        ASSERT_THAT(points, SizeIs(40));
+        double all = 0;
+        for (std::size_t i = 0; i < points.size(); i += 2) {
+            all += points[i].v - points[i + 1].v;
+        }
+        EXPECT_NEAR(all, 9, 1e-4) << rising;
+    }
+}
+
 // More places than one round of the check sections takes: 8 forces and 3 trapezoids.
 TEST(StepPoints, CoverEveryRowInAscendingOrder)
 {

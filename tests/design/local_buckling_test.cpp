@@ -23,6 +23,7 @@ TEST(RhoOutstand, StartsToFallAt0_748)
     // just beyond, (0.7481 - 0.188)/0.7481^2 = 1.0008 is held at 1
     EXPECT_EQ(RhoOutstand(0.7481), 1.0);
     EXPECT_NEAR(RhoOutstand(1.0), 0.812, 1e-12);
+    EXPECT_NEAR(RhoOutstand(0.752), 0.997340, 1e-6);  // (0.752 - 0.188)/0.752^2
     EXPECT_NEAR(RhoOutstand(2.0), 1.812 / 4, 1e-12);
 }
 
@@ -32,6 +33,7 @@ TEST(RhoInternal, StartsToFallAt0_673)
     EXPECT_EQ(RhoInternal(0.673), 1.0);
     // (0.6731 - 0.22)/0.6731^2 = 1.00009 is held at 1
     EXPECT_EQ(RhoInternal(0.6731), 1.0);
+    EXPECT_NEAR(RhoInternal(0.676), 0.997864, 1e-6);  // (0.676 - 0.22)/0.676^2
     EXPECT_NEAR(RhoInternal(1.0), 0.78, 1e-12);
     EXPECT_NEAR(RhoInternal(2.0), 1.78 / 4, 1e-12);
 }
