@@ -84,13 +84,13 @@ TEST(Assign, TakesProfilesAndSteelsByName)
         EXPECT_EQ(set("row.ipe", name), "") << name;
         EXPECT_EQ(s.row[static_cast<std::size_t>(Table::ipe)], 13) << name;  // 80, 100 .. 400
     }
-    EXPECT_TRUE(set("row.ipe", "IPE 401")
-                    .starts_with("no such name in the list (0 to 17, see `kestrum sections 4`); "
-                                 "did you mean IPE 400"));
-    EXPECT_TRUE(set("row.ipe", "nothing of the kind")
-                    .ends_with("in the list (0 to 17, see `kestrum sections 4`)"));
+    const std::string list = "in the list (0 to " + std::to_string(RowCount(Table::ipe) - 1) +
+                             ", see `kestrum sections 4`)";
+    EXPECT_TRUE(
+        set("row.ipe", "IPE 401").starts_with("no such name " + list + "; did you mean IPE 400"));
+    EXPECT_TRUE(set("row.ipe", "nothing of the kind").ends_with(list));
     EXPECT_TRUE(set("row.ipe", "HEA 200").starts_with("no such name"));
-    EXPECT_EQ(set("row.ipe", "99"), "not in the list (0 to 17, see `kestrum sections 4`)");
+    EXPECT_EQ(set("row.ipe", "99"), "not " + list);
     EXPECT_EQ(set("row.uc", "UC 203x203x46"), "");
     EXPECT_EQ(RowName(Delivered(), Table::uc, s.row[static_cast<std::size_t>(Table::uc)]),
               "UC 203x203x46");

@@ -1,6 +1,7 @@
 // New projects and changes of fields through the built program.
 
 #include "cli/run.h"
+#include "sections/family_table.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -140,8 +141,9 @@ TEST_F(Edit, SetNamesWhatMayBeMeant)
               "kestrum: famly=4: no such field; did you mean family?\n");
     EXPECT_EQ(Kestrum("set a.kst qload=4").err,
               "kestrum: qload=4: no such field; the list is qload[1] to qload[4]\n");
-    EXPECT_EQ(Kestrum("set a.kst row.ipe=99").err,
-              "kestrum: row.ipe=99: not in the list (0 to 17, see `kestrum sections 4`)\n");
+    EXPECT_EQ(Kestrum("set a.kst row.ipe=99").err, "kestrum: row.ipe=99: not in the list (0 to " +
+                                                       std::to_string(RowCount(Table::ipe) - 1) +
+                                                       ", see `kestrum sections 4`)\n");
     EXPECT_EQ(Kestrum("set a.kst l=5m").err,
               "kestrum: l=5m: Input string mismatch (a number is expected, in m)\n");
     EXPECT_EQ(Kestrum("set a.kst 'row.ipe=ipe 400' family=4").exit, 0);

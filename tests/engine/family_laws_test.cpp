@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <utility>
 
@@ -236,7 +237,7 @@ TEST(EveryFamily, EndMomentsMayBeSwapped)
 
 TEST(EveryFamily, MoreRestraintsNeverLowerTheResistanceForUniformMoment)
 {
-    int controlled = 0;
+    std::map<int, int> controlled;
     for (const int family : FamilyNumbers()) {
         for (const float moment : {2.0f, -2.0f}) {
             double before = 0;
@@ -255,7 +256,7 @@ TEST(EveryFamily, MoreRestraintsNeverLowerTheResistanceForUniformMoment)
                 if (s.irrow6 == 0 || s.mcr == 0) {
                     continue;  // no lateral torsional buckling
                 }
-                ++controlled;
+                ++controlled[family];
                 EXPECT_GE(s.xlt * s.mltrd, before);
                 EXPECT_GT(s.xlt, 0);
                 EXPECT_LE(s.xlt, 1);
@@ -263,7 +264,10 @@ TEST(EveryFamily, MoreRestraintsNeverLowerTheResistanceForUniformMoment)
             }
         }
     }
-    EXPECT_EQ(controlled, 19 * 2 * 6);  // 1 to 5, 15, 16, 21, 22, 28, 41, 51 to 56, 101 to 103
+    for (const int family :
+         {1, 2, 3, 4, 5, 15, 16, 21, 22, 28, 41, 51, 52, 53, 54, 56, 101, 102, 103}) {
+        EXPECT_EQ(controlled[family], 2 * 6) << family;
+    }
 }
 
 TEST(GivenEndForces, KeepTheDeflectionRowsOfTheLastLoadedPass)
