@@ -25,6 +25,8 @@ TEST(ControlHollow, ColdFormedRectangle)
     ExpectDigits(s.nplrd, 104.4, "294*355/1000");
     ExpectDigits(s.myrd, 1.683, "4740*355/1e6");
     ExpectDigits(s.mzrd, 1.182, "3330*355/1e6");
+    ExpectDigits(s.mfrd, 1.022, "48*2*30*355/1e6");
+    ExpectDigits(s.mfzrd, 0.3195, "(30*30/4 + 30*30/4)*2*355/1e6");
     ExpectDigits(s.avz, 183.8, "294*50/80");
     ExpectDigits(s.avy, 110.2, "294*30/80 = 110.25");
     ExpectDigits(s.vzrd, 37.66, "183.75*355/sqrt(3)/1000");

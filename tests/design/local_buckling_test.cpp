@@ -43,6 +43,7 @@ TEST(RhoInternal, TakesTheStressRatio)
     // psi = -1: threshold 0.5 + sqrt(0.14) = 0.874166; (1.275 - 0.11)/1.275^2 = 0.716647
     EXPECT_EQ(RhoInternal(0.874, -1), 1.0);
     EXPECT_NEAR(RhoInternal(1.275, -1), 0.716647, 1e-6);
+    EXPECT_NEAR(RhoInternal(0.8748, -1), 0.999379, 1e-6);  // 0.7648/0.8748^2, just above
     // psi = 1 is uniform compression: (1 - 0.055 * 4)/1 = 0.78
     EXPECT_NEAR(RhoInternal(1.0, 1), 0.78, 1e-12);
     // beyond psi = 1.545 the root of the threshold would be negative; it counts as 0

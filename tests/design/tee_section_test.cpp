@@ -57,6 +57,32 @@ TEST(TSection, D192LimitsOfWebAndFlange)
     }
 }
 
+// S355: eps = 0.81362, the limits 8.136, 8.950 and 12.204.
+TEST(TSection, LimitsFallWithTheStrength)
+{
+    const auto class_of_web = [](double ratio) {
+        return welded::Default(26)
+            .Section(FormP26{ratio * 10 + 10, 120, 10, 10})
+            .Steel(355)
+            .Designed()
+            .classmybot;
+    };
+    EXPECT_EQ(class_of_web(8.13), 1);
+    EXPECT_EQ(class_of_web(8.14), 2);
+    EXPECT_EQ(class_of_web(8.94), 2);
+    EXPECT_EQ(class_of_web(8.96), 3);
+    EXPECT_EQ(class_of_web(12.20), 3);
+    EXPECT_EQ(class_of_web(12.21), 4);
+}
+
+// Flange 20: lambda 20/(28.4*0.6557) = 1.0740, rho = 0.8860/1.1535 = 0.7681, on both sides.
+TEST(TSection, SlenderFlangeLosesAreaOnBothSides)
+{
+    const ProjectState s = Of(50, 200);
+    ASSERT_EQ(s.classn, 4);
+    EXPECT_NEAR(s.a - s.aeff, 2 * 2000 * (1 - 0.7681), 0.5);
+}
+
 // Web 14.5: class 3, lambda 14.5/(28.4*0.6557) = 0.7786, rho = 0.5906/0.6062 = 0.9742.
 TEST(TSection, D193CompressionTakesTheEffectiveAreaInClass3)
 {

@@ -78,6 +78,20 @@ TEST(Angle, WritesTheInteractionRows)
     }
 }
 
+// The moments of the section carry gammaM0, those of the member gammaM1.
+TEST(Angle, MomentsTakeTheFactorOfTheMember)
+{
+    Member s = members::Angle100();
+    s.gammam1 = 1.25f;
+    s.ned = 50;
+    UniformLoad(s, 4);
+    MomentZ(s, 1);
+    BucklingControlAngle(s, s, s, s, s, s, s, s);
+    ASSERT_EQ(s.errorflag, 0);
+    EXPECT_DOUBLE_EQ(s.myaxrd, 8.739 / 1.25);
+    EXPECT_DOUBLE_EQ(s.mzaxrd, 8.739 / 1.25);
+}
+
 TEST(Angle, EqualsSignStandsBehindTheLastTerm)
 {
     Member s = members::Angle100();

@@ -291,6 +291,17 @@ TEST(BucklingResistance, CouplesTorsionWithBucklingAboutZInTSections)
     EXPECT_NEAR(s.ncrtf, 474.1, 0.1);
 }
 
+// L 100x100x10, L 2: the shear centre lies where the middles of the legs meet, 28.22 - 5 = 23.22
+// from the centroid both ways: i02 = 3.534e6/1915 + 2 23.22^2 = 2923.8; NcrT = (80769 63330 + pi^2
+// E 5.556e7/4e6)/i02 = 1759.3.
+TEST(BucklingResistance, TorsionOfAnAngleIsAboutTheCornerOfItsLegs)
+{
+    Member s = members::Angle100();
+    s.lt = 2.0f;
+    members::ResistBuckling(s);
+    EXPECT_NEAR(s.ncrt, 1759.3, 0.1);
+}
+
 TEST(BucklingResistance, LeavesTorsionUndefinedWithoutALength)
 {
     for (ProjectState s : {members::Heb200(), members::Upe300(), members::Angle100()}) {

@@ -60,6 +60,28 @@ TEST(KFactorsAnnexA, WorksOutAHeb200)
     EXPECT_NEAR(s.kzy, 0.5500, 5e-5);
 }
 
+// The same with Mz 10: aLT = 1 - 593e3/56.96e6 = 0.98959, lamz^4 = 1.292^4 = 2.7865;
+// share = 31.25/(1.0002 xLT 228.09), of z 10/(Cmz Mpl,z).
+TEST(KFactorsAnnexA, TermsOfLateralTorsionalBuckling)
+{
+    Member s = Heb200BeamColumn();
+    s.mzdesign = 10;
+    s.mzmaxabs = 10;
+    s.mzlinear = kTrue;
+    Factors(s);
+    const double alt = 1.0 - 593e3 / 56.96e6, lamz4 = 2.7865;
+    const double share = 31.25 / (1.0002 * s.xlt * 228.09);
+    const double share_z = 10.0 / (s.cmz * s.mplzrd);
+    EXPECT_NEAR(alt, 0.98959, 1e-5);
+    const auto near = [](double value, double expected) {
+        EXPECT_NEAR(value, expected, 1e-3 * expected);
+    };
+    near(s.blt, 0.5 * alt * 0.8428 * 0.8428 * share * 1.0002 * 10 / s.mplzrd);
+    near(s.clt, 10 * alt * 0.8428 * 0.8428 / (5 + lamz4) * share);
+    near(s.dlt, 2 * alt * 0.8428 / (0.1 + lamz4) * share * share_z);
+    near(s.elt, 1.7 * alt * 0.8428 / (0.1 + lamz4) * share);
+}
+
 // IPE 500, S235, L 3.75, N 500, My -100 at the ends and 198.8 at the middle, Mz 25 at one end: ECCS
 // No 119, worked example 5. Deflection by hand: 5 170 3750^4/384 - 100e6 3750^2/8 over E Iy
 // = 2.588.

@@ -187,6 +187,17 @@ TEST(LtAlternativeC1, UsesTheLengthFactor)
     EXPECT_NEAR(LtAlternativeC1(s, s), std::sqrt(w + part * part) + part, 1e-12);
 }
 
+// Triangle 1 to 0 with the same weights: A1 = (1 + 0.5 + 2.5 0.76^2 + 20 0.25 + 2.5 0.24^2)/27
+// = 0.29956, A2 = (1 + 2 0.76 + 3 0.5 + 2 0.24)/9 = 0.5, C1 = (sqrt(w A1 + p^2) + p)/A1 with
+// p = (1 - w)/2 A2 = 0.07322: 1.8002.
+TEST(LtAlternativeC1, WeighsAnyLineByTheLengthFactor)
+{
+    Member s = members::Heb200();
+    members::EndMoments(s, 10, 0);
+    s.ltbk = 0.5f;
+    EXPECT_NEAR(LtAlternativeC1(s, s), 1.8002, 1e-4);
+}
+
 TEST(LtAlternativeC1, DoesNotDependOnTheSignOfTheMoments)
 {
     Member s = members::Heb200();
