@@ -290,14 +290,14 @@ void CheckBoxesOfForm(const ProjectState& s, std::string_view form, Findings& in
     }
 }
 
-void CheckOptions(const ProjectState& s, Findings& in)
+void CheckOptions(const ProjectState& s, const FamilyTraits& traits, Findings& in)
 {
-    if (Is(s, Kind::angle)) {
+    if (traits.kind == Kind::angle) {
         in.Within(1, 2, "lopt", s.lopt, "1 or 2");
     }
-    if (Is(s, Kind::hat)) {
+    if (traits.kind == Kind::hat) {
         in.Within(0, 1, "hsqopt", s.hsqopt, "0 or 1");
-        if (s.hsqopt == 0 && Traits(s).form == "p24") {  // the one with a load on either flange
+        if (s.hsqopt == 0 && traits.form == "p24") {  // the one with a load on either flange
             in.Within(50, 90, "flangeload", s.flangeload, "50 to 90", "%");
         }
     }
@@ -321,16 +321,17 @@ InputFaults Validate(const ProjectState& s, const Library* library)
     if (FindRoutines(s.family) == nullptr) {
         return {};
     }
+    const FamilyTraits& traits = Traits(s);
     Findings in;
     CheckSettings(s, library, in);
     CheckCombination(s, in);
     CheckMember(s, in);
-    CheckLateralBuckling(s, Traits(s).design.lateral, in);
+    CheckLateralBuckling(s, traits.design.lateral, in);
     CheckLoads(s, in);
     CheckPoints(s, in);
     CheckRow(s, library, in);
-    CheckOptions(s, in);
-    CheckBoxesOfForm(s, Traits(s).form, in);
+    CheckOptions(s, traits, in);
+    CheckBoxesOfForm(s, traits.form, in);
     return in.faults();
 }
 
