@@ -131,11 +131,13 @@ void AddCases(const CalculatedMember& m, Document& d)
             }
         }
         const LoadFactors& f = one.load_case.factors;
+        const bool loads = m.s.loadmode == 1;  // forces at the ends are design values
+        const auto factor = [&](double value) { return loads ? NumberLine(value) : Line("-"); };
         Line name = LineOf(one.load_case);
         if (one.load_case.rule == CaseRule::user) {
             name += Line(service ? ", SLS" : ", ULS");
         }
-        table.rows.push_back({std::move(name), NumberLine(f.g), NumberLine(f.q1), NumberLine(f.q2),
+        table.rows.push_back({std::move(name), factor(f.g), factor(f.q1), factor(f.q2),
                               one.rated ? WithNumbers(ResultText(one.ir, 4)) : Line("-"),
                               one.rated ? NameInText(one.governing) : "", governs});
     }

@@ -45,7 +45,9 @@ void AddAxis(const ProjectState& s, const Quantities& q, const Axis& axis, bool 
         const Expr alpha = Sym("α", axis.alpha);
         const double phi = 0.5 * (1 + axis.alpha * (axis.lam - 0.2) + axis.lam * axis.lam);
         d.Add("Φ_" + n, 0.5 * (1 + alpha * (lam - 0.2) + Square(lam)), phi, "", "6.3.1.2 (1)",
-              "curve " + std::string(axis.curve.text()) + ", Table 6.2");
+              axis.curve.text().empty()
+                  ? "no curve for this family, α = 0; D205"
+                  : "curve " + std::string(axis.curve.text()) + ", Table 6.2");
         const Expr f = Sym("Φ_" + n, phi);
         d.Add("χ_" + n, Least({Num(1), 1 / (f + Root(Square(f) - Square(lam)))}), axis.chi, "",
               "6.3.1.2 (1), Eq (6.49)");
@@ -68,10 +70,11 @@ void AddTorsion(const ProjectState& s, Document& d)
                       : Is(s, Kind::i_single) ? static_cast<double>(s.zshear)
                       : Is(s, Kind::tee)      ? s.zcog - s.tf / 2.0
                                               : 0.0;
+    const std::string_view offset = Is(s, Kind::i_single) || Is(s, Kind::tee) ? "z_0" : "y_0";
     const Expr ip2 =
         Square(Step(d, "i_p", Root((Sym("I_y", s.iy) + Sym("I_z", s.iz)) / q.a), "mm", ""));
     const Expr i02 =
-        y0 == 0 ? ip2 : Square(Step(d, "i_0", Root(ip2 + Square(Sym("y_0", y0))), "mm", ""));
+        y0 == 0 ? ip2 : Square(Step(d, "i_0", Root(ip2 + Square(Sym(offset, y0))), "mm", ""));
     const Expr twist = q.e / Num(2.6) * Sym("I_T", s.it);
     const Expr warping = Square(Pi()) * q.e * Sym("I_w", s.iw) / Square(Sym("L_T", s.lt)) * Ten(-6);
     const Expr torsion = s.iw > 0 ? twist + warping : twist;

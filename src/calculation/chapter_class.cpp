@@ -45,12 +45,17 @@ Plate Bent(const ProjectState& s, std::string_view action, std::string_view part
     return {action, part, c, t, 72 * s.eps, 83 * s.eps, 124 * s.eps, 0.5, -1.0};
 }
 
+// Half of a flange bent in its plane.
+Plate SidewaysOutstand(const ProjectState& s, std::string_view part, double c, double t)
+{
+    return Outstand(s, kMz, part, c, t, 21 * std::sqrt(kOutstandBending));
+}
+
 std::vector<Plate> PlatesOfI(const ProjectState& s)
 {
-    const double third = 21 * std::sqrt(kOutstandBending);
     return {Outstand(s, kN, "flange", s.cflange, s.tf), Pressed(s, kN, "web", s.d, s.tw),
             Outstand(s, kMy, "flange", s.cflange, s.tf), Bent(s, kMy, "web", s.d, s.tw),
-            Outstand(s, kMz, "flange", s.cflange, s.tf, third)};
+            SidewaysOutstand(s, "flange", s.cflange, s.tf)};
 }
 
 std::vector<Plate> PlatesOfHollow(const ProjectState& s)
@@ -109,6 +114,11 @@ std::vector<Plate> PlatesOfWelded(const ProjectState& s)
     };
     bending(kMyTop, "top flange", top, TopSide(s, s));
     bending(kMyBottom, "bottom flange", bottom, BottomSide(s, s));
+    if (Is(s, Kind::i_single)) {
+        plates.push_back(SidewaysOutstand(s, "top flange", std::max(top.left, top.right), top.t));
+        plates.push_back(
+            SidewaysOutstand(s, "bottom flange", std::max(bottom.left, bottom.right), bottom.t));
+    }
     return plates;
 }
 

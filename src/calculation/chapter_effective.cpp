@@ -375,7 +375,8 @@ void Effective::BendingZ()
 void AddEffectiveSection(const CalculatedMember& m, Document& d)
 {
     const ProjectState& s = m.s;
-    const bool n = s.classn == 4, y = s.classmy == 4 || s.classmytop == 4 || s.classmybot == 4;
+    const bool n = s.classn == 4 && Traits(s).carries.offered.n;
+    const bool y = s.classmy == 4 || s.classmytop == 4 || s.classmybot == 4;
     const bool z = s.classmz == 4;
     const bool entered = Is(s, Kind::general) || Is(s, Kind::tube) || Is(s, Kind::flat);
     if (entered || !(n || y || z)) {
@@ -388,10 +389,10 @@ void AddEffectiveSection(const CalculatedMember& m, Document& d)
         Paragraph::Kind::remark);
     const auto study = standard::EffectiveStudyOf(m.library, m.input);
     if (study) {
-        AddEffectiveFigures(s, *study, d);
+        AddEffectiveFigures(s, *study, n, d);
     }
     Effective effective(s, d);
-    if (n && Traits(s).carries.offered.n) {
+    if (n) {
         effective.Compression();
     }
     if (y) {

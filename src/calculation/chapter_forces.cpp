@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace kestrum {
 
@@ -20,10 +21,11 @@ void AddDiagrams(const ProjectState& s, Document& d)
 {
     const auto add = [&](LoadAxis axis, std::string_view name) {
         AxisPictures pictures = DrawAll(s, axis);
-        d.Show(
-            {{std::move(pictures.load), "Loads along " + std::string(name), kPicture},
-             {std::move(pictures.moment),
-              axis == LoadAxis::z ? "My, Vz and deflection" : "Mz, Vy and deflection", kPicture}});
+        d.Show({{std::move(pictures.load), "Loads along " + std::string(name), kPicture},
+                {std::move(pictures.moment),
+                 std::string(axis == LoadAxis::z ? "My, Vz" : "Mz, Vy") +
+                     (s.loadmode == 1 ? " and deflection" : ""),
+                 kPicture}});
     };
     const bool z = Any(s.mydiag) || Any(s.vzdiag), y = Any(s.mzdiag) || Any(s.vydiag);
     if (!z && !y) {
@@ -66,7 +68,11 @@ void AddTable(const ProjectState& s, Document& d)
                     .caption = "Internal forces at the check sections, design values"};
     const double my = Largest(s.mysec, count), vz = Largest(s.vzsec, count);
     const double mz = Largest(s.mzsec, count), vy = Largest(s.vysec, count);
-    for (std::size_t k = 0; k < count; ++k) {
+    std::vector<std::size_t> along(count);  // those beside point loads come last of all
+    std::iota(along.begin(), along.end(), std::size_t{0});
+    std::stable_sort(along.begin(), along.end(),
+                     [&](std::size_t a, std::size_t b) { return s.xi[a] < s.xi[b]; });
+    for (const std::size_t k : along) {
         table.rows.push_back({NumberLine(s.xi[k], 4),
                               NumberLine(static_cast<double>(s.xi[k]) * s.l, 4), NumberLine(s.ned),
                               Force(s.mysec[k], my), Force(s.vzsec[k], vz), Force(s.mzsec[k], mz),

@@ -5,6 +5,8 @@
 #include "core/member_choices.h"
 #include "service/vortex.h"
 
+#include <cmath>
+
 namespace kestrum {
 
 namespace {
@@ -54,7 +56,7 @@ TextTable MaterialTable(const CalculatedMember& m)
     }
     values.Text("Steel", MaterialName(m));
     values.Number("Yield strength", "f_y", s.fyk, "MPa");
-    values.Number("Thickness that selects it", "t_max", s.tmax, "mm");
+    values.Number("Thickness that selects it", "t_max", std::round(100.0 * s.tmax) / 100, "mm");
     values.Number("Modulus of elasticity", "E", s.e, "MPa");
     values.Number("Partial factor of sections", "γ_M0", s.gammam0);
     values.Number("Partial factor of instability", "γ_M1", s.gammam1);

@@ -2,6 +2,7 @@
 
 #include "report/design_notes.h"
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <set>
@@ -54,9 +55,10 @@ void AddNotes(const CalculatedMember& m, Document& d)
 // Clauses in the order of their numbers, each with the symbols that were found by it.
 void AddClauses(Document& d)
 {
+    constexpr std::size_t kSymbols = 7;  // beside each other: two tables have room on a page
     struct Found {
         std::set<std::string> names;
-        Line symbols;
+        std::vector<Line> rows;
     };
     std::map<std::string, Found> clauses;
     for (const Block& block : d.blocks) {
@@ -66,7 +68,11 @@ void AddClauses(Document& d)
         }
         Found& found = clauses[equation->clause];
         if (found.names.insert(PlainText(Line(equation->symbol))).second) {
-            found.symbols += Line(found.symbols.Empty() ? "" : ", ") + Line(equation->symbol);
+            if (found.names.size() % kSymbols == 1) {
+                found.rows.push_back(Line(equation->symbol));
+            } else {
+                found.rows.back() += Line(", ") + Line(equation->symbol);
+            }
         }
     }
     if (clauses.empty()) {
@@ -77,12 +83,21 @@ void AddClauses(Document& d)
     const TextTable empty{.columns = {{"Clause"}, {"for"}}};
     TextTable table = empty;
     constexpr std::size_t kFew = 12;  // rows of one table; more stand in two side by side
-    const std::size_t half = clauses.size() <= kFew ? clauses.size() : (clauses.size() + 1) / 2;
+    std::size_t rows = 0;
+    for (const auto& [clause, found] : clauses) {
+        rows += found.rows.size();
+    }
+    std::size_t left = rows <= kFew ? rows : (rows + 1) / 2;  // of the first table
     for (auto& [clause, found] : clauses) {
-        if (table.rows.size() == half) {
+        if (left == 0) {
             d.Add(std::exchange(table, empty));
+            left = rows;
         }
-        table.rows.push_back({clause, std::move(found.symbols)});
+        for (Line& symbols : found.rows) {
+            table.rows.push_back(
+                {&symbols == &found.rows.front() ? Line(clause) : Line(), std::move(symbols)});
+        }
+        left -= std::min(left, found.rows.size());
     }
     d.Add(std::move(table));
 }

@@ -120,8 +120,9 @@ Expr ShearAreaY(const ProjectState& s, const Quantities& q)
     case Kind::hat:
     case Kind::box_unequal:
     case Kind::plate:
-        return Sym("b_top", s.btop) * Sym("t_top", s.ttop) +
-               Sym("b_bot", s.bbot) * Sym("t_bot", s.tbot);
+        return s.bbot > 0 ? Sym("b_top", s.btop) * Sym("t_top", s.ttop) +
+                                Sym("b_bot", s.bbot) * Sym("t_bot", s.tbot)
+                          : Sym("b_top", s.btop) * Sym("t_top", s.ttop);
     case Kind::tee:
         return q.b * q.tf;
     case Kind::general:
@@ -274,9 +275,11 @@ void AddAxialResistance(const ProjectState& s, Document& d)
     const Quantities q(s);
     d.Add("N_pl,Rd", Resistance(q.a, q.fy, q.gm0, kToKn), s.nplrd, "kN", "6.2.3 (2), Eq (6.6)");
     if (!(s.ned < 0)) {
-        const bool effective = s.classn == 4 || Is(s, Kind::tee);
+        const bool tee = Is(s, Kind::tee) && s.aeff != s.a;  // in every class
+        const bool effective = s.classn == 4 || tee;
         d.Add("N_c,Rd", Resistance(effective ? Sym("A_eff", s.aeff) : q.a, q.fy, q.gm0, kToKn),
-              s.ncrd, "kN", effective ? "6.2.4 (2), Eq (6.11)" : "6.2.4 (2), Eq (6.10)");
+              s.ncrd, "kN", effective ? "6.2.4 (2), Eq (6.11)" : "6.2.4 (2), Eq (6.10)",
+              tee && s.classn < 4 ? "D193" : "");
     }
 }
 

@@ -4,6 +4,7 @@
 #include "report/page_header.h"
 #include "report/page_quantities.h"
 #include "report/section_figure.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cmath>
@@ -54,7 +55,11 @@ std::string ProfileOf(const CalculatedMember& m)
 void AddSection(const CalculatedMember& m, Document& d)
 {
     d.Chapter("Section");
-    d.Show({{DrawSection(m.s), ProfileOf(m) + ", dimensions in mm", 75}});
+    const bool general = Is(m.s, Kind::general);
+    d.Show(
+        {{DrawSection(m.s),
+          ProfileOf(m) + (general ? ", a symbol: its shape is not entered" : ", dimensions in mm"),
+          75}});
     std::vector<Quantity> dimensions = DimensionsOf(m.s);
     const std::vector<Quantity> weights = WeightsOf(m.s);
     dimensions.insert(dimensions.end(), weights.begin(), weights.end());

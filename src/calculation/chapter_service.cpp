@@ -78,14 +78,14 @@ void AddDeflectionLimit(const ProjectState& s, char axis, Document& d)
     const double limit = axis == 'z' ? s.deflimitz : s.deflimity;
     if (!check.empty()) {
         d.Add(std::string("δ_") + axis + ",max", Sym("L", s.l) / Sym("n", limit) * Ten(3),
-              check.terms[1], "mm", "EN 1993-1-1, 7.2");
+              check.terms[1], "mm", "7.2");
     }
 }
 
 void AddServiceability(const CalculatedMember& m, Document& d)
 {
     const ProjectState& s = m.s;
-    const bool deflection = DeflectionCounts(s) && m.outcome.designed();
+    const bool deflection = s.loadmode == 1 && m.outcome.designed();
     const bool frequencies = s.modal == 1 && s.freq[1] != 0;
     if (!deflection && !frequencies) {
         return;

@@ -119,6 +119,10 @@ void AddVerdict(const CalculatedMember& m, Document& d)
     if (!table.rows.empty()) {
         d.Add(std::move(table));
     }
+    if (designed && m.s.loadmode == 1 && !DeflectionCounts(m.s)) {
+        d.Say("The deflection is not to be checked and does not count in the verdict.",
+              Paragraph::Kind::remark);
+    }
 }
 
 }  // namespace kestrum

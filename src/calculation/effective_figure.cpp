@@ -60,10 +60,11 @@ Drawing DrawEffective(const ProjectState& s, const std::vector<LostPart>& lost, 
 
 }  // namespace
 
-void AddEffectiveFigures(const ProjectState& s, const standard::EffectiveStudy& study, Document& d)
+void AddEffectiveFigures(const ProjectState& s, const standard::EffectiveStudy& study,
+                         bool compression, Document& d)
 {
     std::vector<Figure> figures;
-    if (s.classn == 4 && !study.compression.empty()) {
+    if (compression && !study.compression.empty()) {
         const bool shifts = study.Shifts();
         figures.push_back({DrawEffective(s, study.compression, shifts ? study.compressed.yc : 0,
                                          shifts ? study.compressed.zc : 0),

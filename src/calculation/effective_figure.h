@@ -9,7 +9,8 @@
 
 namespace kestrum {
 
-// In compression, and under each sign of My that acts.
-void AddEffectiveFigures(const ProjectState& s, const standard::EffectiveStudy& study, Document& d);
+// In `compression` where that is asked for, and under each sign of My that acts.
+void AddEffectiveFigures(const ProjectState& s, const standard::EffectiveStudy& study,
+                         bool compression, Document& d);
 
 }  // namespace kestrum

@@ -84,9 +84,14 @@ public:
         const TableLayout layout = LayOutTable(table, kWidth, decimal);
         const auto* const other = next_ == nullptr ? nullptr : std::get_if<TextTable>(next_);
         if (other != nullptr) {
-            const TableLayout beside = LayOutTable(*other, kWidth, decimal);
+            constexpr double kGives = 0.1;  // of its width, the other table
+            const double room = kWidth - kBetween - layout.Width();
+            TableLayout beside = LayOutTable(*other, kWidth, decimal);
+            if (beside.Width() > room && room >= (1 - kGives) * beside.Width()) {
+                beside = LayOutTable(*other, room, decimal);
+            }
             const double height = std::max(layout.Height(), beside.Height()) + kCaption;
-            if (layout.Width() + kBetween + beside.Width() <= kWidth && height <= kBottom - kTop) {
+            if (beside.Width() <= room && height <= kBottom - kTop) {
                 Need(height);
                 const double top = y_;
                 PrintTable(table, layout, kLeft);

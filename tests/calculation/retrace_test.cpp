@@ -455,6 +455,88 @@ TEST(CalculationReport, AnswersTheQuestionsOfTheGuideWhereItSays)
     }
 }
 
+std::string ReportOfExample(const std::string& name)
+{
+    return MarkdownOf(ProjectOf(KESTRUM_SOURCE "/examples/" + name + ".kst"));
+}
+
+bool Has(const std::string& text, const std::string& part)
+{
+    return text.find(part) != std::string::npos;
+}
+
+// A deflection in the table of the verdict has its chapter, checked or not.
+TEST(CalculationReport, RetracesADeflectionThatDoesNotCount)
+{
+    const std::string remark = "The deflection is not to be checked";
+    const std::string not_checked = ReportOfExample("f023_box_column");
+    EXPECT_TRUE(Has(not_checked, "| Deflection along z |"));
+    EXPECT_TRUE(Has(not_checked, remark));
+    EXPECT_TRUE(Has(not_checked, "\n## Serviceability\n"));
+    EXPECT_FALSE(Has(ReportOfExample("f021_welded_girder"), remark));
+    const std::string end_forces = ReportOfExample("f102_joist");
+    EXPECT_FALSE(Has(end_forces, remark));
+    EXPECT_FALSE(Has(end_forces, "\n## Serviceability\n"));
+    EXPECT_FALSE(Has(end_forces, "and deflection"));
+}
+
+// Beams of slabs take no axial force: their class 4 under one is of no use.
+TEST(CalculationReport, HasTheEffectiveSectionOfForcesThatTheFamilyTakes)
+{
+    EXPECT_FALSE(Has(ReportOfExample("f024_hsq_inner_beam"), "## Effective section"));
+    const std::string plate = ReportOfExample("f056_plate_t_girder");
+    EXPECT_TRUE(Has(plate, "Plates that lose a part under sagging My"));
+    EXPECT_FALSE(Has(plate, "Plates that lose a part in compression"));
+    EXPECT_TRUE(
+        Has(ReportOfExample("f022_crane_girder"), "Plates that lose a part in compression"));
+}
+
+// Top flange c/t = (380 - 12 - 2 * 6) / 2 / 24 = 7.417 lies between 9 eps and 10 eps.
+TEST(CalculationReport, ClassesTheFlangesOfAnUnequalIBentSideways)
+{
+    EXPECT_TRUE(
+        Has(ReportOfExample("f022_crane_girder"), "| Mz | top flange | 178 | 24 | 7.417 |"));
+}
+
+TEST(CalculationReport, ListsTheCheckSectionsAlongTheMember)
+{
+    const std::string text = ReportOfExample("f022_crane_girder");
+    const std::size_t three = text.find("\n| 0.3 | 2.7 |"),
+                      load = text.find("\n| 0.3559 | 3.203 |"), four = text.find("\n| 0.4 | 3.6 |");
+    ASSERT_NE(load, std::string::npos);
+    EXPECT_LT(three, load);
+    EXPECT_LT(load, four);
+}
+
+// The curve of British channels is left open by the program.
+TEST(CalculationReport, SaysThatAFamilyHasNoBucklingCurve)
+{
+    const std::string text = ReportOfExample("f103_pfc_edge_beam");
+    EXPECT_FALSE(Has(text, "curve , Table 6.2"));
+    EXPECT_TRUE(Has(text, "no curve for this family"));
+}
+
+// What the checks divide by has been calculated before.
+TEST(CalculationReport, DefinesTheReductionThatTheChecksTake)
+{
+    for (const char* const name : {"f103_pfc_edge_beam", "f051_plate_flat_bar"}) {
+        const std::string text = ReportOfExample(name);
+        EXPECT_TRUE(Has(text, "not modified")) << name;
+    }
+}
+
+// Forces at the ends are design values: no factors stand beside them.
+TEST(CalculationReport, HasNoFactorsOnEndForces)
+{
+    EXPECT_TRUE(Has(ReportOfExample("f102_joist"), "| end forces | - | - | - |"));
+}
+
+TEST(CalculationReport, SaysThatTheShapeOfAGeneralProfileIsASymbol)
+{
+    EXPECT_TRUE(Has(ReportOfExample("f041_general_profile"), "its shape is not entered"));
+    EXPECT_FALSE(Has(ReportOfExample("f041_general_profile"), "dimensions in mm"));
+}
+
 // The report of a member that fails says so and stops there.
 TEST(CalculationReport, OfAnUnstableMemberHasItsVerdict)
 {

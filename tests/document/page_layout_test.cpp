@@ -4,6 +4,7 @@
 #include "document/notation.h"
 #include "document/odt_writer.h"
 #include "document/page_layout.h"
+#include "document/table_layout.h"
 #include "document/text_flow.h"
 #include "document/zip.h"
 
@@ -129,6 +130,51 @@ TEST(PageLayout, NoRowOfALongTableStandsAlone)
         }
         EXPECT_EQ(all, kRows);
     }
+}
+
+// A table of one text in so many words.
+TextTable TableOfWords(const std::string& title, int words)
+{
+    std::string text;
+    for (int i = 0; i < words; ++i) {
+        text += "word ";
+    }
+    return {.columns = {{title}}, .rows = {{text}}};
+}
+
+// The second of two tables begins where the first does.
+bool StandBeside(const TextTable& first, const TextTable& second)
+{
+    Document d;
+    d.Add(first);
+    d.Add(second);
+    const LaidOut laid = LayOut(d);
+    double heights[2] = {};
+    for (const auto& mark : laid.pages.front().marks) {
+        if (const auto* const text = std::get_if<TextMark>(&mark)) {
+            heights[0] = text->text == "First" ? text->at.y : heights[0];
+            heights[1] = text->text == "Second" ? text->at.y : heights[1];
+        }
+    }
+    EXPECT_GT(std::min(heights[0], heights[1]), 0);
+    return heights[0] == heights[1];
+}
+
+// A table that lacks some width breaks its texts to stand beside another; one that lacks much does
+// not.
+TEST(PageLayout, ATableGivesWayALittleToStandBesideAnother)
+{
+    constexpr double kPage = 176, kBetween = 6, kWide = 1000;
+    const TextTable first = TableOfWords("First", 8);
+    const double room = kPage - kBetween - LayOutTable(first, kWide, '.').Width();
+    int narrowed = 0;
+    for (int words = 1; words < 40; ++words) {
+        const TextTable second = TableOfWords("Second", words);
+        const double lacks = LayOutTable(second, kWide, '.').Width() / room - 1;
+        EXPECT_EQ(StandBeside(first, second), lacks < 0.1 / 0.9) << words;
+        narrowed += lacks > 0 && lacks < 0.1 / 0.9 ? 1 : 0;
+    }
+    EXPECT_GT(narrowed, 0);
 }
 
 TEST(PageLayout, EachPageHasItsNumber)
