@@ -416,6 +416,7 @@ TEST(PlateKernel, ReductionFactors)
     EXPECT_LT(RhoInternal(0.7511, 0.4), 1);
     EXPECT_NEAR(RhoInternal(1.4, -4), 1 / 1.4, kExact);
     EXPECT_EQ(RhoInternal(0.9999, -4), 1);
+    EXPECT_NEAR(RhoInternal(1.001, -4), 1 / 1.001, kExact);
     EXPECT_NEAR(RhoOutstand(1.2), 1.012 / 1.44, kExact);
     EXPECT_EQ(RhoOutstand(0.7481), 1) << "Eq (4.3) is 1.0008 here";
     EXPECT_NEAR(RhoOutstand(0.76), 0.572 / 0.5776, kExact);

@@ -7,6 +7,7 @@
 #include "standard/standard_member.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace kestrum {
 namespace {
@@ -66,6 +67,44 @@ TEST(Angle, BucklesAboutPrincipalAxes)
     EXPECT_NEAR(Ratio(s, CheckId::flexural_z), 0.645957, 1e-5);
 }
 
+// BB.1.2, two bolts, L 1, Ncr = pi^2 E I/L^2: y 0.5 + 0.7 lam_y; about v the larger of 0.35 + 0.7
+// 0.545 = 0.732 and, of the leg about z, 0.5 + 0.7 0.3506 = 0.745.
+TEST(Angle, EffectiveSlendernessOfStockyWebMembers)
+{
+    Member s = Equal(1);
+    s.nload[1] = 100;
+    s.lopt = 2;
+    const double squash = 1915 * 235.0;
+    const auto lam = [&](double inertia) {
+        return std::sqrt(squash * 1e6 / (std::numbers::pi * std::numbers::pi * 210000 * inertia));
+    };
+    const auto ratio = [&](double slenderness) {  // curve b
+        const double phi = 0.5 * (1 + 0.34 * (slenderness - 0.2) + slenderness * slenderness);
+        return 100e3 * (phi + std::sqrt(phi * phi - slenderness * slenderness)) / squash;
+    };
+    const double leg = 0.5 + 0.7 * lam(1.767e6);
+    EXPECT_GT(leg, 0.35 + 0.7 * lam(7.301e5) + 0.01);
+    const auto result = Rated(s);
+    EXPECT_NEAR(Ratio(result, CheckId::flexural_y), ratio(leg), 1e-5);
+    EXPECT_NEAR(Ratio(result, CheckId::flexural_z), ratio(leg), 1e-4);
+}
+
+// D182: half of NRd in tension beside Mz, Iz 1.767e6 mm4: -2 kNm adds at the heel, 28.22 mm from
+// the axis, 0.5 + 2e6 28.22/(1.767e6 235) = 0.635920; +2 kNm at the tip, 71.78 mm: 0.845724.
+TEST(Angle, SumByAxesUnderMz)
+{
+    standard::StandardSection q{};
+    q.fy = 235;
+    q.gammam0 = 1;
+    q.iy = q.iz = 1.767e6;
+    q.above = q.right = 71.78;
+    q.below = q.left = 28.22;
+    EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, 0, -2e6), 0.635920, 1e-6);
+    EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, 0, 2e6), 0.845724, 1e-6);
+    q.gammam0 = 1.1;
+    EXPECT_NEAR(standard::AngleSumByAxes(q, 0, 0, 2e6), 1.1 * 0.345724, 1e-6);
+}
+
 // D226, 6.3.2.2: uniform My 2 gives Mu 1.4142; Mcr = pi/L sqrt(EIv GIt) = 29.327 kNm with It 63333,
 // Wu = Iu/(100/sqrt 2) = 39640, lam 0.5636; without a reduction up to 0.4 (0.2 here), curve d.
 TEST(Angle, EqualAngleBucklesLaterallyAboutU)
@@ -114,6 +153,29 @@ TEST(Angle, AsymmetryOfUnequalLegs)
     const double zj = ws - integral / (2 * q.angle.iu);
     EXPECT_GT(std::abs(zj), 20);
     EXPECT_NEAR(standard::AsymmetryOfAngle(q), zj, 0.03 * std::abs(zj));
+}
+
+// The same over the middles of the legs, which the formula takes, in steps of a thousandth.
+TEST(Angle, AsymmetryOfTheMiddlesOfUnequalLegs)
+{
+    Member s = Unloaded(3, 235).Section("L 150x75x9");
+    CalcSection(Delivered(), s);
+    const standard::StandardSection q = standard::SectionOf(Delivered(), s, Basis::Standard());
+    const double cosine = std::cos(q.angle.alfa);
+    const double sine = std::sin(q.angle.alfa);
+    double integral = 0;
+    const auto add = [&](double y, double z, double area) {
+        integral += (y * y + z * z) * (z * cosine - y * sine) * area;
+    };
+    constexpr int kSteps = 1000;
+    const double up = q.h - q.tw / 2, across = q.b - q.tw / 2;
+    for (int i = 0; i < kSteps; ++i) {
+        const double t = (i + 0.5) / kSteps;
+        add(q.centre_y, q.centre_z + t * up, up * q.tw / kSteps);
+        add(q.centre_y + t * across, q.centre_z, across * q.tw / kSteps);
+    }
+    const double zj = q.centre_z * cosine - q.centre_y * sine - integral / (2 * q.angle.iu);
+    EXPECT_NEAR(standard::AsymmetryOfAngle(q), zj, 1e-4 * std::abs(zj));
 }
 
 TEST(Angle, EqualLegsHaveNoAsymmetry)

@@ -228,6 +228,12 @@ TEST(DeviationsOfCombinations, D244UniformMomentOfTheWholeLength)
                 kPi / 1000 * stiffness / 1e6, 1e-6);
     EXPECT_NEAR(standard::UniformCriticalMoment(s, q, Basis::StandardBut(Dev::d244)).mcr,
                 1.05 * kPi / 500 * stiffness / 1e6, 1e-6);
+    s.ltbk = 0.75F;  // half-way: C1 1.025
+    s.restraints = 1;
+    EXPECT_NEAR(standard::UniformCriticalMoment(s, q, Basis::Standard()).mcr,
+                kPi / 500 * stiffness / 1e6, 1e-5);
+    EXPECT_NEAR(standard::UniformCriticalMoment(s, q, Basis::StandardBut(Dev::d244)).mcr,
+                1.025 * kPi / 375 * stiffness / 1e6, 1e-5);
 }
 
 // HEA 200, elastic, even moments, no lateral torsional control: Cmy = Cmy,0 = 1 + 0.2412 n and CmLT

@@ -1,0 +1,97 @@
+// Elements of the numerical critical moment: places as shares of a length of 8000 mm.
+
+#include "clauses/lateral_mesh.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace kestrum {
+namespace {
+
+constexpr double kLength = 8000;
+constexpr double kLayer = 0.002;
+
+// The largest element at all is 0.05.
+constexpr double kCoarse = 0.05;
+
+// Of the elements on both sides of a place of the mesh; 0 where it is none.
+double SmallestBeside(const LateralMesh& mesh, double x)
+{
+    for (std::size_t i = 1; i < mesh.elements; ++i) {
+        if (std::abs(mesh.x[i] - x) < 1e-9) {
+            return std::min(mesh.x[i] - mesh.x[i - 1], mesh.x[i + 1] - mesh.x[i]);
+        }
+    }
+    return 0;
+}
+
+// M = m0 + m1 x + m2 x^2 + m3 x^3 in two pieces that meet at x1; the second one is `jump` larger.
+LateralMesh MeshOfTwo(const std::array<double, 4>& m, double x1, double jump,
+                      std::vector<double> held = {})
+{
+    const double value = m[0] + x1 * (m[1] + x1 * (m[2] + x1 * m[3]));
+    const double slope = m[1] + x1 * (2 * m[2] + 3 * x1 * m[3]);
+    const double bend = m[2] + 3 * x1 * m[3];
+    const std::array<MomentPiece, 2> pieces = {
+        {{0, x1, m, 0, 0}, {x1, kLength, {value + jump, slope, bend, m[3]}, 0, 0}}};
+    return MeshOf({LateralEnd::fork, LateralEnd::fork, held}, {kLength, pieces, {}}, kLayer);
+}
+
+constexpr std::array<double, 4> kCubic = {1e8, 5e4, -20, 1e-3};
+
+// A smooth line has no place where warping is disturbed, wherever it is cut; a jump is one.
+TEST(LateralMesh, JumpsOfTheMomentAreRefined)
+{
+    for (const double x1 : {1200.0, 2800.0, 5600.0}) {
+        SCOPED_TRACE(x1);
+        EXPECT_GT(SmallestBeside(MeshOfTwo(kCubic, x1, 0), x1 / kLength), 0.9 * kCoarse / 2);
+        EXPECT_NEAR(SmallestBeside(MeshOfTwo(kCubic, x1, 1e7), x1 / kLength), kLayer, 1e-9);
+        EXPECT_NEAR(SmallestBeside(MeshOfTwo(kCubic, x1, -1e7), x1 / kLength), kLayer, 1e-9);
+    }
+}
+
+// Three pieces: none of the later ones begins at 0.
+TEST(LateralMesh, PiecesAreMeasuredFromTheirStart)
+{
+    std::vector<MomentPiece> pieces;
+    for (const auto [x0, x1] : {std::array{0.0, 2000.0}, {2000.0, 5000.0}, {5000.0, kLength}}) {
+        const auto& m = kCubic;
+        pieces.push_back({x0,
+                          x1,
+                          {m[0] + x0 * (m[1] + x0 * (m[2] + x0 * m[3])),
+                           m[1] + x0 * (2 * m[2] + 3 * x0 * m[3]), m[2] + 3 * x0 * m[3], m[3]},
+                          0,
+                          0});
+    }
+    const LateralMesh mesh =
+        MeshOf({LateralEnd::fork, LateralEnd::fork, {}}, {kLength, pieces, {}}, kLayer);
+    EXPECT_GT(SmallestBeside(mesh, 0.25), 0.9 * kCoarse / 2);
+    EXPECT_GT(SmallestBeside(mesh, 0.625), 0.9 * kCoarse / 2);
+}
+
+// Beside 1e8 Nmm the rounding of 0.01 Nmm is no jump; beside 1 Nmm it is one.
+TEST(LateralMesh, JumpsAreMeasuredByTheLargestMoment)
+{
+    EXPECT_GT(SmallestBeside(MeshOfTwo({1e8, 0, 0, 0}, 4000, 0.01), 0.5), 0.9 * kCoarse / 2);
+    EXPECT_NEAR(SmallestBeside(MeshOfTwo({1, 0, 0, 0}, 4000, 0.01), 0.5), kLayer, 1e-9);
+}
+
+// Six elements at least between two restraints, none longer than 0.05: 6, 6 and 15.
+TEST(LateralMesh, ElementsBetweenRestraints)
+{
+    const std::vector<double> held = {0.05 * kLength, 0.25 * kLength};
+    const std::array<MomentPiece, 1> pieces = {{{0, kLength, {1e8, 0, 0, 0}, 0, 0}}};
+    const LateralMesh mesh =
+        MeshOf({LateralEnd::fork, LateralEnd::fork, held}, {kLength, pieces, {}}, 0);
+    EXPECT_EQ(mesh.elements, 27U);
+    EXPECT_NEAR(mesh.x[6], 0.05, 1e-12);
+    EXPECT_NEAR(mesh.x[12], 0.25, 1e-12);
+    EXPECT_NEAR(mesh.x[27], 1, 1e-12);
+}
+
+}  // namespace
+}  // namespace kestrum

@@ -1,0 +1,251 @@
+// What single parts do in the routines of the section: classes at their limits, losses beside
+// shear, parts that do not buckle. N, mm, MPa; by hand.
+
+#include "engine/section_dispatch.h"
+#include "standard/effective.h"
+#include "standard/plates.h"
+#include "standard/resistance.h"
+#include "standard/standard_member.h"
+
+#include <cmath>
+#include <cstddef>
+#include <utility>
+
+namespace kestrum {
+namespace {
+
+using standard::ActingForces;
+using standard::ShearShares;
+using standard::StandardSection;
+
+StandardSection SectionOfMember(ProjectState s, const Basis& basis = Basis::Standard())
+{
+    CalcSection(Delivered(), s);
+    return standard::SectionOf(Delivered(), s, basis);
+}
+
+standard::ReducedResistance Beside(const StandardSection& q, int cls, const ShearShares& rho)
+{
+    const Basis basis = Basis::Standard();
+    return ResistanceBeside(Prepare(q, basis), cls, rho, false, true, basis);
+}
+
+// --- Modulus with upgraded webs ------------------------------------------------------------------
+
+// 6.2.2.4 (1): flanges 100x10 and 500x20, webs 2x 400x6, eps 1: 120 mm of each web stay at the
+// pressed flange and at the axis, 12 240 = 2880 mm2. 1000 + 2880 is less than 10000: the axis lies
+// (10000 - 3880)/2/500 = 6.12 mm inside the other flange.
+//   1000 411.12 + 1440 346.12 + 1440 66.12 + 500 (6.12^2 + 13.88^2)/2 = 1062273
+TEST(SectionParts, PlasticAxisInTheFlangeBesideUpgradedWebs)
+{
+    StandardSection q{};
+    q.kind = Kind::hat;
+    q.eps = 1;
+    q.webs = 2;
+    q.tw = 6;
+    q.hw = q.d = 400;
+    q.top = {100, 10};
+    q.bottom = {500, 20};
+    EXPECT_NEAR(standard::UpgradedModulus(q, true, Basis::Standard()), 1062272.8, 0.1);
+    std::swap(q.top, q.bottom);  // upside down
+    EXPECT_NEAR(standard::UpgradedModulus(q, false, Basis::Standard()), 1062272.8, 0.1);
+}
+
+// --- Class ---------------------------------------------------------------------------------------
+
+// The strengths just below and above the one at which a part of slenderness `ratio` is at `limit`
+// times eps.
+struct Strengths {
+    float below, above;
+};
+Strengths At(double limit, double ratio)
+{
+    const double fy = 235 * std::pow(limit / ratio, 2);
+    return {static_cast<float>(0.996 * fy), static_cast<float>(1.004 * fy)};
+}
+
+void ExpectLimit(Member s, const ActingForces& forces, const Strengths& strength, int cls)
+{
+    s.Steel(strength.below);
+    EXPECT_EQ(standard::ClassOf(SectionOfMember(s), forces, Basis::Standard()), cls);
+    s.Steel(strength.above);
+    EXPECT_EQ(standard::ClassOf(SectionOfMember(s), forces, Basis::Standard()), cls + 1);
+}
+
+// Web 560x10 between flanges 200x25 (pressed) and 300x25: of the straight part (A/2 - 5000 - 10 r)
+// /(10 d) is compressed when the section is plastic; 396 eps/(13 alpha - 1).
+TEST(SectionParts, CompressedShareOfAWebBetweenUnequalFlanges)
+{
+    const Member s = Unloaded(4, 235).Section(FormP22{610, 200, 300, 10, 25, 25});
+    const StandardSection q = SectionOfMember(s);
+    ASSERT_GT(q.r, 2);
+    const double alpha = ((5000 + 7500 + 5600) / 2.0 - 5000 - 10 * q.r) / (10 * q.d);
+    ASSERT_GT(alpha, 0.5);
+    ExpectLimit(s, {0, true, false, false}, At(396 / (13 * alpha - 1), q.d / 10), 1);
+}
+
+// The larger flange holds the plastic axis: the whole web is compressed, 33 eps.
+TEST(SectionParts, WebBesideTheFlangeThatHoldsThePlasticAxis)
+{
+    const Member s = Unloaded(4, 235).Section(FormP22{390, 100, 400, 10, 20, 30});
+    const StandardSection q = SectionOfMember(s);
+    ASSERT_GT(400 * 30, 100 * 20 + 340 * 10);
+    ExpectLimit(s, {0, true, false, false}, At(33, q.d / 10), 1);
+}
+
+// T, stem 285x20 below a flange 100x15: hogging compresses the tip; alpha = A/2/(20 c), 9
+// eps/alpha.
+TEST(SectionParts, StemOfATeePressedAtItsTip)
+{
+    const Member s =
+        Unloaded(3, 235).Section(FormP26{.isth = 300, .istb1 = 100, .isttw = 20, .isttf1 = 15});
+    const StandardSection q = SectionOfMember(s);
+    double c = 0;
+    for (std::size_t i = 0; i < q.wall_count; ++i) {
+        c = q.walls[i].Upright() ? q.walls[i].Width() : c;
+    }
+    const double alpha = (1500 + 285 * 20) / 2.0 / (20 * c);
+    ASSERT_LT(alpha, 1);
+    ExpectLimit(s, {0, false, true, false}, At(9 / alpha, c / 20), 1);
+}
+
+// Web of 126 t under My alone, psi about -0.6: beyond 126/1.4 = 90 of the program (D188) as well.
+TEST(SectionParts, ProgramsElasticLimitOfAWebBetweenUnequalFlanges)
+{
+    const StandardSection q =
+        SectionOfMember(Unloaded(4, 235).Section(FormP22{800, 300, 150, 6, 20, 16}));
+    EXPECT_EQ(standard::ClassOf(q, {0, false, true, false}, Basis::Standard()), 4);
+    EXPECT_EQ(standard::ClassOf(q, {0, false, true, false}, Basis::StandardBut(Dev::d188)), 4);
+}
+
+// L 150x75x11: (150 + 75)/22 = 10.2 within 11.5, 150/11 = 13.6 within 15.
+TEST(SectionParts, StockyUnequalAngleIsOfClassThreeByBothRules)
+{
+    const StandardSection q = SectionOfMember(Unloaded(3, 235).Section("L 150x75x11"));
+    const ActingForces pressed{1e3, false, false, false};
+    EXPECT_EQ(standard::ClassOf(q, pressed, Basis::Standard()), 3);
+    EXPECT_EQ(standard::ClassOf(q, pressed, Basis::StandardBut(Dev::d181)), 3);
+}
+
+// --- Beside shear, 6.2.8 (3) ---------------------------------------------------------------------
+
+// I 400 high, flanges 300x20 and 200x16, web 364x12: centroid (3200 8 + 4368 198 + 6000 390)/13568
+// = 238.10 above the lower edge, web 141.90 above and 222.10 below it. Half of the strength of the
+// web is lost: of Wpl 12 (141.90^2 + 222.10^2)/4.
+TEST(SectionParts, WebOfAnUnequalILosesItsPlasticModulus)
+{
+    const StandardSection q =
+        SectionOfMember(Unloaded(4, 235).Section(FormP22{400, 300, 200, 12, 20, 16}));
+    const double below = (3200 * 8 + 4368 * 198 + 6000 * 390) / 13568.0 - 16;
+    const double above = 364 - below;
+    const double lost = 12 * (above * above + below * below) / 2 / 2;
+    EXPECT_NEAR(Beside(q, 1, {0, 0}).my - Beside(q, 1, {0.5, 0}).my, lost * 235, 1e-5 * lost * 235);
+}
+
+// Flanges 300x20 about z: 2 20 300^2/4 of the plastic modulus, /6 of the elastic one.
+TEST(SectionParts, FlangesOfAnILoseTheirModulusAboutZ)
+{
+    const StandardSection q = SectionOfMember(Unloaded(4, 235).Section(FormP21{400, 300, 12, 20}));
+    const double squares = 2 * 20 * 300.0 * 300;
+    for (const int cls : {1, 3}) {
+        const double lost = 0.4 * squares / (cls == 1 ? 4 : 6) * 235;
+        EXPECT_NEAR(Beside(q, cls, {0, 0}).mz - Beside(q, cls, {0, 0.4}).mz, lost, 1e-5 * lost);
+    }
+}
+
+// Box 400x300, webs 12, flanges 20: the webs 360x12 stand 144 mm from the middle.
+TEST(SectionParts, WebsOfABoxLoseTheirModulusAboutZ)
+{
+    const StandardSection q =
+        SectionOfMember(Unloaded(4, 235).Section(FormP23{400, 300, 12, 20, 0}));
+    const double plastic = 0.5 * 2 * 360 * 12 * 144.0 * 235;
+    EXPECT_NEAR(Beside(q, 1, {0, 0}).mz - Beside(q, 1, {0.5, 0}).mz, plastic, 1e-5 * plastic);
+    const double elastic = plastic * 144 / 150;
+    EXPECT_NEAR(Beside(q, 3, {0, 0}).mz - Beside(q, 3, {0.5, 0}).mz, elastic, 1e-5 * elastic);
+}
+
+// Both axes: what half of the strength of every part takes is half of all that the parts have.
+TEST(SectionParts, EveryPartAtHalfItsStrengthLeavesHalf)
+{
+    for (const Member& s : {Unloaded(4, 235).Section(FormP21{400, 300, 12, 20}),
+                            Unloaded(4, 235).Section(FormP23{400, 300, 12, 20, 0})}) {
+        const StandardSection q = SectionOfMember(s);
+        const auto whole = Beside(q, 1, {0, 0}), half = Beside(q, 1, {0.5, 0.5});
+        EXPECT_NEAR(half.n, whole.n / 2, 1e-5 * whole.n);
+        EXPECT_NEAR(half.my, whole.my / 2, 1e-5 * whole.my);
+        EXPECT_NEAR(half.mz, whole.mz / 2, q.ISection() ? 0.01 * whole.mz : 1e-5 * whole.mz);
+    }
+}
+
+// --- Shear buckling of the flanges under Vy, EN 1993-1-5, 5.2 and 5.3 ----------------------------
+
+// Rolled hollow section with walls 4, 400 wide: 392/4 = 98 above 72. lam 98/(86.4 eps), chi_w
+// 0.83/lam without a rigid end post; two walls of 392x4.
+TEST(SectionParts, WideFlangesOfHollowSectionsBuckleUnderVy)
+{
+    standard::PreparedSection p{};
+    StandardSection& q = p.q;
+    q.kind = Kind::hollow;
+    q.fy = 235;
+    q.eps = q.eta = q.gammam0 = q.gammam1 = 1;
+    q.h = 200;
+    q.b = 400;
+    q.tw = 4;
+    q.top = q.bottom = {400, 4};
+    q.avy = 3136;
+    const double lam = 98 / 86.4;
+    ASSERT_GT(lam, 1.08);
+    const double expected = 2 * 0.83 / lam * 392 * 4 * 235 / kRoot3;
+    EXPECT_NEAR(ShearAlongY(p, {0, 4000, false, false}, Basis::Standard()).total, expected,
+                2e-3 * expected);
+}
+
+// D190 switched back: flanges 20 and 16 mm act as two of 18 mm.
+TEST(SectionParts, ProgramsMeanFlangeInShear)
+{
+    const Basis back = Basis::StandardBut(Dev::d190);
+    const StandardSection q =
+        SectionOfMember(Unloaded(4, 235).Section(FormP22{836, 300, 200, 5, 20, 16}));
+    const auto terms = ShearTermsAlongZ(Prepare(q, back), {0, 4000, false, false}, 0, 0, back);
+    ASSERT_TRUE(terms.has_value());
+    EXPECT_NEAR(terms->flange.b, 250, 1e-4);
+    EXPECT_NEAR(terms->flange.t, 18, 1e-5);
+}
+
+// --- Effective section ---------------------------------------------------------------------------
+
+// Web 800x5 (class 4), flanges 200x20: whole where the user leaves out the buckling of webs.
+TEST(SectionParts, WebsLeftOutOfBucklingAreWhole)
+{
+    StandardSection q = SectionOfMember(Unloaded(4, 235).Section(FormP21{840, 200, 5, 20}));
+    EXPECT_LT(standard::EffectiveInCompression(q).a, q.a - 1000);
+    q.whole_webs = true;
+    EXPECT_DOUBLE_EQ(standard::EffectiveInCompression(q).a, q.a);
+    EXPECT_DOUBLE_EQ(standard::EffectiveAboutY(q, true, Basis::Standard()).a, q.a);
+}
+
+// Outstands of 25 t of flanges 400x8 beside a web 300x12: whole likewise.
+TEST(SectionParts, FlangesLeftOutOfBucklingAreWhole)
+{
+    StandardSection q = SectionOfMember(Unloaded(4, 235).Section(FormP21{316, 400, 12, 8}));
+    EXPECT_LT(standard::EffectiveInCompression(q).a, q.a - 1000);
+    q.whole_flanges = true;
+    EXPECT_DOUBLE_EQ(standard::EffectiveInCompression(q).a, q.a);
+}
+
+// D195 is of plates with a web between two flanges only.
+TEST(SectionParts, ProgramsWeldOfPlatesIsNoMatterToOtherSections)
+{
+    const auto expect_same = [](const StandardSection& q, bool sagging) {
+        const auto back = standard::EffectiveAboutY(q, sagging, Basis::StandardBut(Dev::d195));
+        EXPECT_EQ(standard::EffectiveAboutY(q, sagging, Basis::Standard()).iy, back.iy);
+        EXPECT_LT(back.a, q.a);
+    };
+    expect_same(SectionOfMember(Unloaded(4, 235).Section(FormP21{1240, 300, 6, 20})), true);
+    expect_same(SectionOfMember(Unloaded(4, 235).Section(
+                    FormP51{.isth = 300, .istb1 = 600, .isttw = 10, .isttf1 = 20})),
+                false);
+}
+
+}  // namespace
+}  // namespace kestrum
