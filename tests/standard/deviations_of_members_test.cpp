@@ -120,6 +120,24 @@ TEST(DeviationsOfMembers, D207TorsionalBucklingIsChecked)
     EXPECT_LT(Back(s, Dev::d207, CheckId::torsional), 0);
 }
 
+// The same, 6.3.1.4: restraints against twist at the thirds leave a third of the length; without a
+// control of lateral torsional buckling they are not there.
+TEST(DeviationsOfMembers, RestraintsDivideTheLengthOfTorsionalBuckling)
+{
+    Member s = Column("HEB 200", 9, 235, 500);
+    s.ltb = 1;
+    s.restraints = 2;
+    const double squash = 7808 * 235.0;
+    const auto ratio = [&](double length) {
+        const double ncr = Torsional(0.595e6, 171e9, (56.96e6 + 20.03e6) / 7808, length);
+        return 500e3 / (Chi(std::sqrt(squash / ncr), 0.49) * squash);
+    };
+    EXPECT_NEAR(Ratio(s, CheckId::torsional), ratio(3000), 1e-5);
+    s.ltb = 0;
+    EXPECT_NEAR(Ratio(s, CheckId::torsional), ratio(9000), 1e-5);
+    EXPECT_GT(ratio(9000), 1.05 * ratio(3000));
+}
+
 // HEB 200 of 5 m under 10 kN, below 0.04 Ncr,z of 66 kN: NEd/Nb,Rd by curve c; the program has no
 // row.
 TEST(DeviationsOfMembers, D232LightColumnsKeepTheirRows)
