@@ -2,6 +2,7 @@
 
 #include "design/class_limits.h"
 #include "design/local_buckling.h"
+#include "design/stiffened_plate_section.h"
 #include "design/welded_side.h"
 #include "sections/families.h"
 
@@ -65,6 +66,12 @@ std::vector<Plate> PlatesOfHollow(const ProjectState& s)
             Bent(s, kMz, "flange", s.cflange, s.tf),    Pressed(s, kMz, "web", s.d, s.tw)};
 }
 
+// Not those of the bottom flange of a hat. D184.
+bool ClassesOutstands(const ProjectState& s)
+{
+    return !Is(s, Kind::hat);
+}
+
 void AddFlange(const ProjectState& s, std::string_view action, std::string_view name,
                const Flange& flange, std::vector<Plate>& plates)
 {
@@ -72,7 +79,7 @@ void AddFlange(const ProjectState& s, std::string_view action, std::string_view 
         plates.push_back(Pressed(s, action, name, flange.inner, flange.t));
     }
     const double outstand = std::max(flange.left, flange.right);
-    if (outstand > 0) {
+    if (outstand > 0 && ClassesOutstands(s)) {
         plates.push_back(Outstand(s, action, name, outstand, flange.t));
     }
 }
@@ -96,6 +103,22 @@ std::optional<Plate> WebOf(const ProjectState& s, std::string_view action, const
                  psi};
 }
 
+// The flat bar of a stiffened plate with its tip compressed, Table 5.2, sheet 2.
+Plate TipOf(const ProjectState& s)
+{
+    const WeldedSide side = BottomSide(s, s);
+    const double alpha = std::min(1.0, side.alpha), psi = -side.webout / side.edge;
+    return {kMyBottom,
+            "flat bar, tip",
+            s.d,
+            s.tw,
+            9 * s.eps / alpha,
+            10 * s.eps / alpha,
+            21 * s.eps * std::sqrt(KSigmaOutstand(psi)),
+            alpha,
+            psi};
+}
+
 std::vector<Plate> PlatesOfWelded(const ProjectState& s)
 {
     std::vector<Plate> plates;
@@ -113,7 +136,11 @@ std::vector<Plate> PlatesOfWelded(const ProjectState& s)
         }
     };
     bending(kMyTop, "top flange", top, TopSide(s, s));
-    bending(kMyBottom, "bottom flange", bottom, BottomSide(s, s));
+    if (HasFlatBar(s)) {
+        plates.push_back(TipOf(s));
+    } else {
+        bending(kMyBottom, "bottom flange", bottom, BottomSide(s, s));
+    }
     if (Is(s, Kind::i_single)) {
         plates.push_back(SidewaysOutstand(s, "top flange", std::max(top.left, top.right), top.t));
         plates.push_back(
@@ -224,6 +251,10 @@ void AddClasses(const CalculatedMember& m, Document& d)
     }
     if (!table.rows.empty()) {
         d.Add(std::move(table));
+    }
+    if (!ClassesOutstands(s)) {
+        d.Say("The outstands of the bottom flange are not classified. D184",
+              Paragraph::Kind::remark);
     }
     std::string classes;
     const auto add = [&](std::string_view action, i16 cls) {

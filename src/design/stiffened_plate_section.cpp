@@ -15,12 +15,12 @@
 
 namespace kestrum {
 
-namespace {
-
 bool HasFlatBar(const Inputs& in)
 {
     return Traits(in).shape.stiffener == Stiffener::flat_bar;
 }
+
+namespace {
 
 // Area that a flat bar in uniform compression loses, mm2.
 double LostFlatBar(const Inputs& in, const SectionRecord& section)

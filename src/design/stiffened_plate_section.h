@@ -12,6 +12,8 @@
 
 namespace kestrum {
 
+bool HasFlatBar(const Inputs& in);
+
 void CalcEffectivePlate(const Inputs& in, SectionRecord& section);
 
 // Class in bending that compresses the plate, or the stiffener.

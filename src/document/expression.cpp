@@ -262,4 +262,9 @@ bool HasSymbols(const Expr& expr)
            std::any_of(expr->parts.begin(), expr->parts.end(), HasSymbols);
 }
 
+bool HasCalculation(const Expr& expr)
+{
+    return expr->op != Op::symbol && HasSymbols(expr);
+}
+
 }  // namespace kestrum

@@ -133,4 +133,7 @@ double Evaluate(const Expr& expr, int digits = 0);
 // Two expressions in one: an expression that shows no symbol has no formula to print.
 bool HasSymbols(const Expr& expr);
 
+// Numbers stand between formula and result: those of one symbol alone would be the result.
+bool HasCalculation(const Expr& expr);
+
 }  // namespace kestrum

@@ -198,7 +198,7 @@ std::vector<MathBox> EquationBoxes(const Equation& equation, double size, char d
     Append(first, equals);
     Append(first, WriteExpression(symbols, equation.formula));
     boxes.push_back(std::move(first));
-    if (HasSymbols(equation.formula)) {
+    if (HasCalculation(equation.formula)) {
         MathBox second = equals;
         Append(second, WriteExpression(numbers, equation.formula));
         boxes.push_back(std::move(second));

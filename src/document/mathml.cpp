@@ -126,7 +126,7 @@ std::vector<std::string> MathMlParts(const Equation& equation, char decimal)
         return {symbol + value};
     }
     std::vector<std::string> parts;
-    if (HasSymbols(equation.formula)) {
+    if (HasCalculation(equation.formula)) {
         parts.push_back(symbol + Sign("=") + MathMlFormula(equation.formula, decimal));
         parts.push_back(Sign("=") + MathMlCalculation(equation.formula, equation.digits, decimal));
     } else {

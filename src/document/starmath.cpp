@@ -105,7 +105,7 @@ std::vector<std::string> StarMathParts(const Equation& equation, char decimal)
     }
     const InStarMath symbols{false, 0, decimal}, numbers{true, equation.digits, decimal};
     std::vector<std::string> parts{symbol + WriteExpression(symbols, equation.formula)};
-    if (HasSymbols(equation.formula)) {
+    if (HasCalculation(equation.formula)) {
         parts.push_back(equals + WriteExpression(numbers, equation.formula));
     }
     parts.push_back(equals + value);

@@ -498,6 +498,17 @@ TEST(CalculationReport, ClassesTheFlangesOfAnUnequalIBentSideways)
         Has(ReportOfExample("f022_crane_girder"), "| Mz | top flange | 178 | 24 | 7.417 |"));
 }
 
+// The hat by its plate between the webs, 288 / 15 = 19.2; the flat bar as an outstand, 168 / 12
+// = 14.
+TEST(CalculationReport, ClassesTheSideThatAHoggingMomentCompresses)
+{
+    const std::string hat = ReportOfExample("f024_hsq_inner_beam");
+    EXPECT_TRUE(Has(hat, "| My hogging | bottom flange | 288 | 15 | 19.2 |"));
+    EXPECT_TRUE(Has(hat, "The outstands of the bottom flange are not classified"));
+    EXPECT_TRUE(Has(ReportOfExample("f051_plate_flat_bar"),
+                    "| My hogging | flat bar, tip | 168 | 12 | 14 |"));
+}
+
 TEST(CalculationReport, ListsTheCheckSectionsAlongTheMember)
 {
     const std::string text = ReportOfExample("f022_crane_girder");

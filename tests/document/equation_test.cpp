@@ -3,6 +3,8 @@
 #include "document/document.h"
 #include "document/html_writer.h"
 #include "document/markdown_writer.h"
+#include "document/math_layout.h"
+#include "document/mathml.h"
 #include "document/notation.h"
 #include "document/starmath.h"
 #include "support/printed_formula.h"
@@ -158,6 +160,15 @@ TEST(StarMath, PartsAreWholeFormulas)
             << part;
     }
     EXPECT_EQ(StarMathParts(equation, ',')[2], "{} = {alignc \"1,0000\"}");
+}
+
+// "a = b = 2", not "a = b = 2 = 2".
+TEST(Equation, OfOneSymbolHasItsNumberOnce)
+{
+    const Equation equation = EquationOf("a", Sym("b", 2), 2, "mm", "");
+    EXPECT_EQ(StarMathParts(equation, '.').size(), 2U);
+    EXPECT_EQ(MathMlParts(equation, '.').size(), 2U);
+    EXPECT_EQ(EquationBoxes(equation, 3, '.').size(), 2U);
 }
 
 }  // namespace
