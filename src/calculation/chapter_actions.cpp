@@ -120,13 +120,12 @@ void AddCases(const CalculatedMember& m, Document& d)
                                 {"of its check", false, 1.5},
                                 {"governs", false, 2.5}}};
     for (const standard::CaseResult& one : cases) {
-        const bool service = one.rated && IsDeflection(one.governing);
         std::string governs;
         for (std::size_t i = 0; i < standard::kCheckIds; ++i) {
             const standard::Check& check = m.standard.checks.best[i];
             const auto id = static_cast<standard::CheckId>(i);
             if (check.present && SameCase(check.load_case, one.load_case) &&
-                IsDeflection(id) == service) {
+                IsDeflection(id) == one.service) {
                 governs += (governs.empty() ? "" : "; ") + NameInText(id);
             }
         }
@@ -135,7 +134,7 @@ void AddCases(const CalculatedMember& m, Document& d)
         const auto factor = [&](double value) { return loads ? NumberLine(value) : Line("-"); };
         Line name = LineOf(one.load_case);
         if (one.load_case.rule == CaseRule::user) {
-            name += Line(service ? ", SLS" : ", ULS");
+            name += Line(one.service ? ", SLS" : ", ULS");
         }
         table.rows.push_back({std::move(name), factor(f.g), factor(f.q1), factor(f.q2),
                               one.rated ? WithNumbers(ResultText(one.ir, 4)) : Line("-"),

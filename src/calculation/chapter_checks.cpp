@@ -5,7 +5,6 @@
 #include "calculation/standard_equations.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace kestrum {
 
@@ -33,12 +32,10 @@ void AddNew(Document&& leading, Document& d)
 // The other set of rules beside that of the program, where they differ.
 void AddStandard(const CalculatedMember& m, const CheckPair& pair, const Check* check, Document& d)
 {
-    constexpr double kEqual = 5e-4;
     if (!pair.standard || !m.standard.checks[*pair.standard].present) {
         return;
     }
-    const standard::Check& other = m.standard.checks[*pair.standard];
-    if (check == nullptr || std::abs(other.ir - check->ratio) > kEqual * other.ir) {
+    if (check == nullptr || !GiveTheSame(*check, m.standard.checks[*pair.standard])) {
         Document standard;
         AddStandardCheck(m.library, m.input, m.standard, *pair.standard, standard);
         AddNew(std::move(standard), d);
@@ -60,7 +57,7 @@ void AddPair(const CalculatedMember& m, const CheckPair& pair, Document& d)
             Document leading;
             AddReducedResistances(m.s, one, leading);
             AddNew(std::move(leading), d);
-            AddCheck(d, one, CombinationOf(m.s, false));
+            AddCheck(d, one, LateralSymbol(m.s), CombinationOf(m.s, false));
         }
     }
     AddStandard(m, pair, check, d);

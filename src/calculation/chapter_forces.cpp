@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <tuple>
+#include <vector>
 
 namespace kestrum {
 
@@ -55,6 +57,23 @@ template <class Values> double Largest(const Values& values, std::size_t count)
     return largest;
 }
 
+// The check sections along the member. Those beside loads are the last of the record, and loads at
+// one place have the same.
+std::vector<std::size_t> Sections(const ProjectState& s, std::size_t count)
+{
+    const auto place = [&](std::size_t k) {
+        return std::tuple(s.xi[k], s.mysec[k], s.vzsec[k], s.mzsec[k], s.vysec[k]);
+    };
+    std::vector<std::size_t> sections(count);
+    std::iota(sections.begin(), sections.end(), 0U);
+    std::stable_sort(sections.begin(), sections.end(),
+                     [&](std::size_t a, std::size_t b) { return s.xi[a] < s.xi[b]; });
+    sections.erase(std::unique(sections.begin(), sections.end(),
+                               [&](std::size_t a, std::size_t b) { return place(a) == place(b); }),
+                   sections.end());
+    return sections;
+}
+
 void AddTable(const ProjectState& s, Document& d)
 {
     const auto count = static_cast<std::size_t>(s.npts) + 1;
@@ -68,11 +87,7 @@ void AddTable(const ProjectState& s, Document& d)
                     .caption = "Internal forces at the check sections, design values"};
     const double my = Largest(s.mysec, count), vz = Largest(s.vzsec, count);
     const double mz = Largest(s.mzsec, count), vy = Largest(s.vysec, count);
-    std::vector<std::size_t> along(count);  // those beside point loads come last of all
-    std::iota(along.begin(), along.end(), std::size_t{0});
-    std::stable_sort(along.begin(), along.end(),
-                     [&](std::size_t a, std::size_t b) { return s.xi[a] < s.xi[b]; });
-    for (const std::size_t k : along) {
+    for (const std::size_t k : Sections(s, count)) {
         table.rows.push_back({NumberLine(s.xi[k], 4),
                               NumberLine(static_cast<double>(s.xi[k]) * s.l, 4), NumberLine(s.ned),
                               Force(s.mysec[k], my), Force(s.vzsec[k], vz), Force(s.mzsec[k], mz),

@@ -93,6 +93,7 @@ TextTable MemberTable(const CalculatedMember& m)
         values.Text("Level of the loads", level < std::size(kLevels) ? kLevels[level] : "");
         values.Text("Curves", s.ltbcurve == LtbCurve::rolled ? "6.3.2.3" : "6.3.2.2");
     }
+    values.Text("Deflection counts", YesNo(s.checksls != kFalse));
     values.Number("Limit of deflection z, L/n", "n", s.deflimitz);
     values.Number("Limit of deflection y, L/n", "n", s.deflimity);
     return values.Take("Member");

@@ -81,7 +81,7 @@ void AddLoadLevel(const ProjectState& s, Document& d)
         level = !Single(s) ? (up ? h / Num(2) : Num(0) - h / Num(2))
                            : (up ? h - centroid : Num(0) - centroid) - Sym("z_s", s.zshear);
     }
-    d.Add("z_g", level, s.zg, "mm", "", "loads above the shear centre");
+    d.Add("z_g", level, s.zg, "mm", "", "level of the loads, upwards from the shear centre");
 }
 
 // C1 of a piece between lateral restraints, between two ratios of the table.
@@ -256,12 +256,6 @@ double ModulusOf(const ProjectState& s, bool top)
     return Is(s, Kind::plate) ? s.wybot : s.wyused;
 }
 
-// Only 6.3.2.3 (2) modifies the reduction; the checks take the same name everywhere.
-void AddUnmodified(const ProjectState& s, Document& d)
-{
-    d.Add("χ_LT,mod", Sym("χ_LT", s.xlt), s.xlt, "", "", "not modified");
-}
-
 void AddReduction(const ProjectState& s, const Quantities& q, bool top, Document& d)
 {
     const bool plate = Is(s, Kind::plate), single = Single(s);
@@ -273,7 +267,6 @@ void AddReduction(const ProjectState& s, const Quantities& q, bool top, Document
     const bool rolled = !plate && s.ltbcurve == LtbCurve::rolled;
     if (rolled && !Traits(s).design.rolled_case) {
         d.Add("χ_LT", s.xlt, "", "6.3.2.3", "no reduction for this section");
-        AddUnmodified(s, d);
         return;
     }
     const double alpha = LtImperfection(s, s, top);
@@ -292,7 +285,6 @@ void AddReduction(const ProjectState& s, const Quantities& q, bool top, Document
     d.Add("χ_LT", Least(least), s.xlt0, "",
           rolled ? "6.3.2.3 (1), Eq (6.57)" : "6.3.2.2 (1), Eq (6.56)");
     if (!rolled) {
-        AddUnmodified(s, d);
         return;
     }
     d.Add("k_c", 1 / Root(Sym("C_1", s.ltc1)), s.kc, "", "6.3.2.3 (2)");
@@ -405,8 +397,15 @@ void AddLateralBuckling(const ProjectState& s, Document& d)
     const bool plate = Is(s, Kind::plate);  // has one modulus for its slenderness, two resistances
     const Expr w = plate ? Sym(top ? "W_y,top" : "W_y,bot", top ? s.wytop : s.wybot)
                          : Sym("W_y", ModulusOf(s, top));
-    d.Add("M_b,Rd", Sym("χ_LT,mod", s.xlt) * w * q.fy / q.gm1 * Ten(-6), s.xlt * s.mltrd, "kNm",
-          "6.3.2.1 (3), Eq (6.55)");
+    d.Add("M_b,Rd", Sym(LateralSymbol(s), s.xlt) * w * q.fy / q.gm1 * Ten(-6), s.xlt * s.mltrd,
+          "kNm", "6.3.2.1 (3), Eq (6.55)");
+}
+
+std::string_view LateralSymbol(const ProjectState& s)
+{
+    const bool modified = StagesOf(s).lateral && !Is(s, Kind::plate) &&
+                          s.ltbcurve == LtbCurve::rolled && Traits(s).design.rolled_case;
+    return modified ? "χ_LT,mod" : "χ_LT";
 }
 
 void AddLateralBuckling(const CalculatedMember& m, Document& d)

@@ -1,4 +1,5 @@
 #include "calculation/chapters.h"
+#include "calculation/standard_equations.h"
 
 #include "report/design_notes.h"
 
@@ -12,12 +13,12 @@ namespace kestrum {
 
 namespace {
 
-std::string CostText(double cost)
+std::string SignedCost(double cost)
 {
     if (!std::isfinite(cost)) {
         return std::isnan(cost) ? "no value" : cost > 0 ? "+infinite" : "-infinite";
     }
-    const std::string size = NumberText(std::abs(std::round(cost * 1000) / 1000), 4);
+    const std::string size = CostText(std::abs(cost));
     return size == "0" ? "0" : (cost < 0 ? "-" : "+") + size;
 }
 
@@ -47,7 +48,7 @@ void AddNotes(const CalculatedMember& m, Document& d)
     TextTable table{.columns = {{"Number"}, {"Cost", true}, {"Departure"}}};
     for (const standard::DeviationCost& cost : m.standard.deviations) {
         table.rows.push_back(
-            {NameOf(cost.deviation), WithNumbers(CostText(cost.cost)), TextOf(cost.deviation)});
+            {NameOf(cost.deviation), WithNumbers(SignedCost(cost.cost)), TextOf(cost.deviation)});
     }
     d.Add(std::move(table));
 }

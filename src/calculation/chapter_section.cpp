@@ -20,6 +20,9 @@ Symbol SymbolOfQuantity(std::string_view name)
     if (name == "alfa") {
         return "α";
     }
+    if (name == "Ix") {
+        return "I_T";  // EN 1993-1-1, 1.7 and the formulas here
+    }
     if (name == "Surface" || name.size() == 1 || word) {
         return std::string(name);
     }

@@ -10,16 +10,9 @@ namespace kestrum {
 
 namespace {
 
-constexpr int kRatioDigits = 4;
-
 Line RatioLine(double ratio, Span::Style style = Span::Style::plain)
 {
-    constexpr double kSmall = 1e-3, kSteps = 1e4;
-    return WithNumbers(!std::isfinite(ratio) ? "infinite"
-                       : ratio > 0 && ratio < kSmall
-                           ? "0.000" + NumberText(std::round(ratio * kSteps), 1)
-                           : ResultText(ratio, kRatioDigits),
-                       style);
+    return WithNumbers(WrittenRatio(ratio), style);
 }
 
 void AddBox(const CalculatedMember& m, Document& d)
@@ -55,9 +48,12 @@ void AddBox(const CalculatedMember& m, Document& d)
           Paragraph::Kind::remark);
 }
 
-Line Ratio(double ratio, bool above)
+// A ratio that does not count is neither good nor bad.
+Line Ratio(double ratio, bool above, bool counts)
 {
-    return RatioLine(ratio, above ? Span::Style::bad : Span::Style::good);
+    return RatioLine(ratio, !counts ? Span::Style::plain
+                            : above ? Span::Style::bad
+                                    : Span::Style::good);
 }
 
 }  // namespace
@@ -88,6 +84,10 @@ void AddVerdict(const CalculatedMember& m, Document& d)
                                 {"combination"},
                                 {"clause"}}};
     for (const CheckPair& pair : CheckPairs()) {
+        const bool deflection = pair.standard && IsDeflection(*pair.standard);
+        if (deflection && m.s.loadmode != 1) {
+            continue;  // what the record holds is of an earlier pass with loads
+        }
         const Check* const check = designed ? LargestOf(pair, m.s.checklist) : nullptr;
         const standard::Check* const other =
             pair.standard && m.standard.checks[*pair.standard].present
@@ -96,19 +96,19 @@ void AddVerdict(const CalculatedMember& m, Document& d)
         if (check == nullptr && other == nullptr) {
             continue;
         }
+        const bool counts = !deflection || DeflectionCounts(m.s);
         std::vector<Line> row{pair.name};
         if (check != nullptr) {
             row.insert(row.end(),
-                       {Ratio(check->ratio, check->status == kAbove), PlaceOf(check->place),
-                        CombinationOf(m.s, pair.standard && IsDeflection(*pair.standard)),
-                        TextsOf(check->form).clause});
+                       {Ratio(check->ratio, check->status == kAbove, counts), PlaceOf(check->place),
+                        CombinationOf(m.s, deflection), TextsOf(check->form).clause});
         } else {
             row.insert(row.end(), {"-", "", "", ""});
         }
         if (other != nullptr) {
             row.insert(
                 row.end(),
-                {Ratio(other->ir, other->ir > m.s.irlimit),
+                {Ratio(other->ir, other->ir > m.s.irlimit, counts),
                  std::isnan(other->place) ? Line() : Line("x/L = ") + NumberLine(other->place, 3),
                  LineOf(other->load_case), other->clause});
         } else {

@@ -157,7 +157,7 @@ CheckNode EquationsOf(const ProjectState& s, CheckId id)
     node.anchor = ChapterOf(id);
     Document d;
     AddLeading(s, id, d);
-    AddCheck(d, check);
+    AddCheck(d, check, LateralSymbol(s));
     node.equations = EquationsIn(std::move(d));
     return node;
 }

@@ -13,8 +13,8 @@ namespace {
 // Reads sums, products, quotients and powers of names; each name takes the next number.
 class FormulaReader {
 public:
-    FormulaReader(std::string_view text, std::span<const double> numbers)
-        : text_(text), numbers_(numbers)
+    FormulaReader(std::string_view text, std::span<const double> numbers, std::string_view lateral)
+        : text_(text), numbers_(numbers), lateral_(lateral)
     {
     }
 
@@ -87,20 +87,21 @@ private:
             failed_ = true;
             return Num(0);
         }
-        const Symbol symbol = SymbolOfCheck(text_.substr(start, at_ - start));
+        const Symbol symbol = SymbolOfCheck(text_.substr(start, at_ - start), lateral_);
         return std::make_shared<const Term>(
             Term{.op = Op::symbol, .symbol = symbol, .value = numbers_[taken_++]});
     }
 
     std::string_view text_;
     std::span<const double> numbers_;
+    std::string_view lateral_;
     std::size_t at_ = 0, taken_ = 0;
     bool failed_ = false;
 };
 
 }  // namespace
 
-Symbol SymbolOfCheck(std::string_view name)
+Symbol SymbolOfCheck(std::string_view name, std::string_view lateral)
 {
     if (name == "alfa") {
         return "α";
@@ -109,7 +110,7 @@ Symbol SymbolOfCheck(std::string_view name)
         return "β";
     }
     if (name == "xLT") {
-        return "χ_LT,mod";
+        return std::string(lateral);
     }
     if (name == "dz" || name == "dy") {
         return "δ_" + std::string(name.substr(1));
@@ -120,7 +121,7 @@ Symbol SymbolOfCheck(std::string_view name)
     return std::string(name.substr(0, 1)) + "_" + std::string(name.substr(1));
 }
 
-Expr FormulaOfCheck(const Check& check)
+Expr FormulaOfCheck(const Check& check, std::string_view lateral)
 {
     if (!IsJudged(check)) {
         return nullptr;
@@ -129,7 +130,8 @@ Expr FormulaOfCheck(const Check& check)
     // Mu does not stress the heel, and has no number there.
     const std::string text =
         check.form == CheckForm::heel ? "NEd/NRd+Mv,Ed/Mv,Rd" : FormulaOf(check);
-    const Expr formula = FormulaReader(text, std::span(terms).first(TermsOf(check))).Read();
+    const Expr formula =
+        FormulaReader(text, std::span(terms).first(TermsOf(check)), lateral).Read();
     // A single force counts with its size.
     return formula != nullptr && Evaluate(formula) < 0 && check.ratio > 0 ? Size(formula) : formula;
 }
@@ -155,7 +157,7 @@ Line PlaceOf(const CheckPlace& place)
     }
 }
 
-void AddCheck(Document& d, const Check& check, Line remark)
+void AddCheck(Document& d, const Check& check, std::string_view lateral, Line remark)
 {
     if (!IsJudged(check)) {
         return;
@@ -167,7 +169,8 @@ void AddCheck(Document& d, const Check& check, Line remark)
     if (!behind.Empty()) {
         behind += Line(", ");
     }
-    d.Add("IR", FormulaOfCheck(check), check.ratio, "", std::string(TextsOf(check.form).clause),
+    d.Add("IR", FormulaOfCheck(check, lateral), check.ratio, "",
+          std::string(TextsOf(check.form).clause),
           behind + Line().Add(check.status == kAbove ? "ABOVE LIMIT" : "within limit",
                               check.status == kAbove ? Span::Style::bad : Span::Style::good));
 }

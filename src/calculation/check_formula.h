@@ -10,14 +10,15 @@
 
 namespace kestrum {
 
-// "N_b,y,Rd" of the text "Nb,y,Rd", "χ_LT" of "xLT", "α" of "alfa".
-Symbol SymbolOfCheck(std::string_view name);
+// "N_b,y,Rd" of the text "Nb,y,Rd", "α" of "alfa"; `lateral` of "xLT": χ_LT, or χ_LT,mod where
+// 6.3.2.3 (2) modifies it.
+Symbol SymbolOfCheck(std::string_view name, std::string_view lateral);
 
 // Null for a remark, and for texts whose names and numbers do not pair.
-Expr FormulaOfCheck(const Check& check);
+Expr FormulaOfCheck(const Check& check, std::string_view lateral);
 
 // "IR = formula = numbers = ratio [clause]", and where it holds.
-void AddCheck(Document& d, const Check& check, Line remark = {});
+void AddCheck(Document& d, const Check& check, std::string_view lateral, Line remark = {});
 
 // "at x/L = 0.5", "between 1L/3 and 2L/3"; empty for the whole member.
 Line PlaceOf(const CheckPlace& place);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <utility>
 
 namespace kestrum {
@@ -93,6 +94,20 @@ Line LineOf(const LoadCase& load_case)
         done = at + kSymbol.size();
     }
     return line + Line(name.substr(done));
+}
+
+std::string WrittenRatio(double ratio)
+{
+    constexpr double kSmall = 1e-3, kSteps = 1e4;
+    constexpr int kDigits = 4;
+    return !std::isfinite(ratio)         ? "infinite"
+           : ratio > 0 && ratio < kSmall ? "0.000" + NumberText(std::round(ratio * kSteps), 1)
+                                         : ResultText(ratio, kDigits);
+}
+
+bool GiveTheSame(const Check& program, const standard::Check& other)
+{
+    return WrittenRatio(program.ratio) == WrittenRatio(other.ir);
 }
 
 const Check* LargestOf(const CheckPair& pair, const CheckList& list)

@@ -29,6 +29,11 @@ std::string InText(std::string_view title);
 // "6.10 G sup + Q1 + ψ0 Q2".
 Line LineOf(const LoadCase& load_case);
 
+// A ratio with four digits: "0.7158", "1.640", "infinite".
+std::string WrittenRatio(double ratio);
+// Whether both sets of rules give the check the same ratio, as it is written.
+bool GiveTheSame(const Check& program, const standard::Check& other);
+
 // The judged check of the pair with the largest ratio, null without one.
 const Check* LargestOf(const CheckPair& pair, const CheckList& list);
 

@@ -6,6 +6,8 @@
 #include "core/project_state.h"
 #include "document/document.h"
 
+#include <string_view>
+
 namespace kestrum {
 
 // Tension or compression, by the sign of the axial force; with neither both.
@@ -21,6 +23,8 @@ void AddReducedResistances(const ProjectState& s, const Check& check, Document& 
 // Length, critical force, slenderness, reduction, resistance. `axis`: y, z; of angles u, v too.
 void AddFlexuralBuckling(const ProjectState& s, char axis, Document& d);
 void AddLateralBuckling(const ProjectState& s, Document& d);
+// "χ_LT,mod" where 6.3.2.3 (2) modifies the reduction, else "χ_LT".
+std::string_view LateralSymbol(const ProjectState& s);
 // Of the annex in use.
 void AddInteractionFactors(const ProjectState& s, Document& d);
 

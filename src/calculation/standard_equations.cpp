@@ -19,14 +19,6 @@ using standard::CheckStudy;
 using standard::SectionTerms;
 using standard::StandardSection;
 
-// "0.0409", with four decimals.
-std::string Steps(double cost)
-{
-    constexpr double kOfOne = 1e4;
-    const double steps = std::round(cost * kOfOne);
-    return steps < 10 ? "0.000" + NumberText(steps, 1) : NumberText(steps / kOfOne, 5);
-}
-
 // "D201 +0.0409": what the departures of the program change in this ratio.
 std::string CostsOf(const standard::StandardResult& result, standard::CheckId id)
 {
@@ -45,7 +37,7 @@ std::string CostsOf(const standard::StandardResult& result, standard::CheckId id
         } else if (!std::isfinite(with) || !std::isfinite(ir)) {
             text += std::isfinite(with) ? "(finite with it)" : "(infinite with it)";
         } else {
-            text += (ir > with ? "+" : "-") + Steps(std::abs(ir - with));
+            text += (ir > with ? "+" : "-") + CostText(std::abs(ir - with));
         }
     }
     return text.empty() ? text : "cost of departures: " + text;
@@ -452,6 +444,15 @@ Expr DeflectionRatio(const ProjectState& input, const CheckStudy& study, bool z,
 }
 
 }  // namespace
+
+std::string CostText(double size)
+{
+    constexpr double kOfOne = 1e4;  // four decimals, as ratios have them
+    const double steps = std::round(size * kOfOne);
+    return steps == 0   ? "0"
+           : steps < 10 ? "0.000" + NumberText(steps, 1)
+                        : NumberText(steps / kOfOne, 5);
+}
 
 void AddStandardCheck(const Library& library, const ProjectState& input,
                       const standard::StandardResult& result, standard::CheckId id, Document& d)

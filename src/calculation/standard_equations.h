@@ -6,9 +6,14 @@
 #include "document/document.h"
 #include "standard/standard.h"
 
+#include <string>
+
 namespace kestrum {
 
 struct ProjectState;
+
+// "0.0409": the size of what a departure changes in a ratio.
+std::string CostText(double size);
 
 // What leads to the ratio of the check, and the ratio with the departures of the program that
 // change it. `input`: as read.

@@ -66,8 +66,10 @@ public:
             return;
         }
         const bool remark = paragraph.kind == Kind::remark;
-        if (remark || (next_ != nullptr && (std::holds_alternative<Equation>(*next_) ||
-                                            std::holds_alternative<TextTable>(*next_)))) {
+        const bool last = next_ == nullptr || std::holds_alternative<Heading>(*next_);
+        if ((remark && !last) ||
+            (next_ != nullptr && (std::holds_alternative<Equation>(*next_) ||
+                                  std::holds_alternative<TextTable>(*next_)))) {
             // What leads to an equation or a table stands with it.
             const std::size_t lines =
                 WrapLine(paragraph.text, kText, kWidth, document_.head.decimal).size();

@@ -39,8 +39,10 @@ std::vector<CaseResult> CalculateCases(const Library& library, const ProjectStat
             }
         }
         for (std::size_t i = 0; i < service.count; ++i) {
-            CaseResult& result = results.emplace_back(
-                CaseResult{.load_case = service.at[i], .counts = member.s.checksls != kFalse});
+            CaseResult& result =
+                results.emplace_back(CaseResult{.load_case = service.at[i],
+                                                .service = true,
+                                                .counts = member.s.checksls != kFalse});
             CheckService(member, service.at[i], result.checks);
         }
     });

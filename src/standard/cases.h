@@ -13,6 +13,7 @@ namespace kestrum::standard {
 
 struct CaseResult {
     LoadCase load_case{};
+    bool service = false;  // of serviceability
     Checks checks{};
     bool rated = false;   // something is checked
     bool counts = true;   // in the member's largest ratio: not deflections nobody asked for

@@ -103,6 +103,24 @@ TEST(PageLayout, NoHeadingStandsAloneAtTheFootOfAPage)
     }
 }
 
+// A remark that ends a chapter stands with it, though the next chapter begins on another page.
+TEST(PageLayout, ARemarkThatEndsAChapterLeadsToNothing)
+{
+    Document d;
+    d.Chapter("First");
+    d.Say("A remark.", Paragraph::Kind::remark);
+    d.Chapter("Second");
+    Drawing tall;
+    tall.width = 100;
+    tall.height = 150;
+    d.Show({{tall, "Tall", 170}});
+    const LaidOut laid = LayOut(d);
+    ASSERT_EQ(laid.headings.size(), 2U);
+    EXPECT_EQ(laid.headings[0].page, 0U);
+    EXPECT_EQ(laid.headings[1].page, 1U);
+    EXPECT_TRUE(HasTextBelow(laid, laid.headings[0]));
+}
+
 // Rows of a long table on each page that has some.
 TEST(PageLayout, NoRowOfALongTableStandsAlone)
 {
