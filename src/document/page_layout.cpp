@@ -71,9 +71,7 @@ public:
             (next_ != nullptr && (std::holds_alternative<Equation>(*next_) ||
                                   std::holds_alternative<TextTable>(*next_)))) {
             // What leads to an equation or a table stands with it.
-            const std::size_t lines =
-                WrapLine(paragraph.text, kText, kWidth, document_.head.decimal).size();
-            Need(static_cast<double>(lines) * kText * kLine + 1 + Following());
+            Need(HeightOf(paragraph) + Following());
         }
         Wrapped(paragraph.text, remark ? kSmallText : kText, kLeft, kWidth,
                 remark ? Ink::faint : Ink::text);
@@ -153,6 +151,13 @@ private:
         return kBefore[level] + kSizes[level] * kLine + (level == 2 ? kRule : 0) + 1;
     }
 
+    double HeightOf(const Paragraph& paragraph) const
+    {
+        const std::size_t lines =
+            WrapLine(paragraph.text, kText, kWidth, document_.head.decimal).size();
+        return static_cast<double>(lines) * kText * kLine + 1;
+    }
+
     Drawing& Page() { return out_.pages.back(); }
     void NewPage()
     {
@@ -188,13 +193,13 @@ private:
             if (const auto* const equation = std::get_if<Equation>(&block)) {
                 return height + HeightOf(*equation);
             }
-            const bool text = std::holds_alternative<Paragraph>(block);
+            const auto* const text = std::get_if<Paragraph>(&block);
             const auto* const heading = std::get_if<Heading>(&block);
-            if ((!text && heading == nullptr) || (!text && texts > 0) || texts > 2) {
+            if ((text == nullptr && (heading == nullptr || texts > 0)) || texts > 2) {
                 break;
             }
-            texts += text ? 1 : 0;
-            height += text ? kLead : HeightOf(*heading);
+            texts += text != nullptr ? 1 : 0;
+            height += text != nullptr ? HeightOf(*text) : HeightOf(*heading);
         }
         return height + kFirst;
     }

@@ -60,16 +60,23 @@ TEST(PageLayout, NothingLeavesThePage)
     }
 }
 
-// `lines` of text, then a chapter whose first part begins with a formula, a table or a text.
-Document HeadingsBelow(int lines, int begins_with)
+// `lines` of text, then a chapter whose first part begins with a formula, a table, a text, or a
+// remark that leads to a formula.
+Document HeadingsBelow(int lines, int begins_with, double offset)
 {
     Document d;
+    Drawing figure;
+    figure.width = figure.height = offset;
+    d.Show({{figure, "", offset}});
     for (int i = 0; i < lines; ++i) {
         d.Say("A line of text.");
     }
     d.Chapter("Chapter");
     d.Part("Part");
-    if (begins_with == 0) {
+    if (begins_with == 3) {
+        d.Say("A remark.", Paragraph::Kind::remark);
+    }
+    if (begins_with == 0 || begins_with == 3) {
         const Expr a = Sym("a", 2.5), b = Sym("b", 3);
         d.Add("c", Root(a / (1 + a / b)) + Least({a / b, b / a}), 1.0, "mm2", "6.3.1.2 (1)");
     } else if (begins_with == 1) {
@@ -93,9 +100,12 @@ bool HasTextBelow(const LaidOut& laid, const PlacedHeading& heading)
 
 TEST(PageLayout, NoHeadingStandsAloneAtTheFootOfAPage)
 {
-    for (const int begins_with : {0, 1, 2}) {
-        for (int lines = 0; lines < 70; ++lines) {
-            const LaidOut laid = LayOut(HeadingsBelow(lines, begins_with));
+    for (const int begins_with : {0, 1, 2, 3}) {
+        constexpr int kSteps = 25;  // of 0.25 mm, more than a line
+        for (int step = 0; step < 12 * kSteps; ++step) {
+            const int lines = 36 + step / kSteps;
+            const double offset = 1.0 + 0.25 * (step % kSteps);
+            const LaidOut laid = LayOut(HeadingsBelow(lines, begins_with, offset));
             ASSERT_EQ(laid.headings.size(), 2U);
             EXPECT_EQ(laid.headings[0].page, laid.headings[1].page) << lines;
             EXPECT_TRUE(HasTextBelow(laid, laid.headings[1])) << lines << ' ' << begins_with;
