@@ -390,6 +390,29 @@ TEST(BuckledShape, KeepsItsRestraintsAndClamps)
     EXPECT_LT(std::abs(shape.v[1] / largest), 0.05);  // clamped: it leaves the end without a slope
 }
 
+// Read from the other end, with uneven restraints, the member buckles into the mirrored shape.
+TEST(BuckledShape, OfAMirroredMemberIsMirrored)
+{
+    const LateralSection s = ByWarping(0.5);
+    const std::vector<double> held = {1000, 3200, 5600}, mirrored = {2400, 4800, 7000};
+    const auto shape_of = [&](const Line& line, const std::vector<double>& restraints) {
+        const LateralSupports supports{LateralEnd::fork, LateralEnd::fork, restraints};
+        return BucklingShapeAt(Factor(s, line, supports), s, supports, line.View());
+    };
+    const BucklingShape a = shape_of(Straight(1e6, -3e5), held);
+    const BucklingShape b = shape_of(Straight(-3e5, 1e6), mirrored);
+    const auto sizes = [](double x, double y) { return std::abs(x) < std::abs(y); };
+    const double largest = std::abs(*std::max_element(a.v.begin(), a.v.end(), sizes));
+    for (std::size_t j = 0; j < kShapePoints; ++j) {
+        const std::size_t other = kShapePoints - 1 - j;
+        EXPECT_NEAR(std::abs(a.phi[j]), std::abs(b.phi[other]), 1e-4);
+        EXPECT_NEAR(std::abs(a.v[j]), std::abs(b.v[other]), 1e-4 * largest);
+    }
+    EXPECT_NEAR(a.bending / b.bending, 1, 1e-4);
+    EXPECT_NEAR(a.warping / b.warping, 1, 1e-4);
+    EXPECT_NEAR(a.torsion / b.torsion, 1, 1e-4);
+}
+
 // The factor is what the shape stores over what the loads give, whatever acts and holds.
 TEST(BuckledShape, EnergiesGiveTheFactor)
 {

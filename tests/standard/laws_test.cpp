@@ -5,7 +5,9 @@
 #include "sections/families.h"
 #include "standard/standard_member.h"
 
+#include <array>
 #include <cmath>
+#include <string>
 
 namespace kestrum {
 namespace {
@@ -173,6 +175,58 @@ TEST(Laws, TheSignOfAMomentIsNoMatterToSymmetricSections)
         const StandardResult up = Rated(s);
         s.EndForces(30, -8, 0);
         ExpectSame(up, Rated(s), 1e-9);
+    }
+}
+
+// gammaM0 and gammaM1 divide every resistance to a force alone.
+TEST(Laws, PartialFactorsDivideTheResistances)
+{
+    for (const int family : kCovered) {
+        SCOPED_TRACE(family);
+        for (const auto& [n, my, vz] : {std::array{-30.0F, 0.0F, 0.0F},
+                                        {30.0F, 0.0F, 0.0F},
+                                        {0.0F, 3.0F, 0.0F},
+                                        {0.0F, 0.0F, 20.0F}}) {
+            Member s = Unloaded(3, 355).Family(family).EndForces(n, my, 0);
+            s.hsqopt = 1;
+            s.vz1 = s.vz2 = vz;
+            s.gammam0 = s.gammam1 = 1;
+            const StandardResult one = Rated(s);
+            s.gammam0 = s.gammam1 = 1.25F;
+            const StandardResult more = Rated(s);
+            for (const CheckId id :
+                 {CheckId::section_n, CheckId::section_my, CheckId::section_vz, CheckId::flexural_y,
+                  CheckId::flexural_z, CheckId::torsional}) {
+                const double ir = Ratio(one, id);
+                EXPECT_NEAR(Ratio(more, id), ir > 0 ? 1.25 * ir : ir, 1e-6 * std::abs(ir))
+                    << standard::NameOf(id);
+            }
+        }
+    }
+}
+
+// A member turned upside down with its moments is the same member.
+TEST(Laws, UnequalFlangesUpsideDown)
+{
+    const FormP22 shapes[] = {{800, 300, 200, 5, 20, 12}, {500, 250, 400, 10, 16, 8}};
+    for (const FormP22& shape : shapes) {
+        const FormP22 turned{.isth = shape.isth,
+                             .istb1 = shape.istb2,
+                             .istb2 = shape.istb1,
+                             .isttw = shape.isttw,
+                             .isttf1 = shape.isttf2,
+                             .isttf2 = shape.isttf1};
+        for (const float n : {0.0F, 150.0F, -150.0F}) {
+            for (const float my : {120.0F, -120.0F}) {
+                SCOPED_TRACE(std::to_string(n) + " " + std::to_string(my));
+                Member up = Unloaded(6, 355).Section(shape).EndForces(n, my, 0);
+                Member down = Unloaded(6, 355).Section(turned).EndForces(n, -my, 0);
+                up.ltb = down.ltb = 1;
+                up.ltbcurve = down.ltbcurve = 2;
+                up.vz1 = up.vz2 = down.vz1 = down.vz2 = 50;
+                ExpectSame(Rated(up), Rated(down), 1e-5);
+            }
+        }
     }
 }
 

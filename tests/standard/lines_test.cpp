@@ -79,6 +79,34 @@ TEST(Lines, CategoriesOfAxialLoadsAddUp)
     EXPECT_TRUE(present.g && present.q1 && present.q2);
 }
 
+// Each border by itself; rows without a size are no loads, wherever they lie.
+TEST(Lines, LoadsOffTheMemberHaveAReason)
+{
+    Member s = Unloaded(6, 235).Section("IPE 300");
+    const auto trapezoid = [&](float from, float to) {
+        s.qtx1[1] = from;
+        s.qtx2[1] = to;
+        return standard::NoLoadsReason(s);
+    };
+    EXPECT_EQ(trapezoid(4, 7), "");
+    for (const bool at_start : {true, false}) {
+        s.qt1[1] = at_start ? 5.0F : 0.0F;
+        s.qt2[1] = at_start ? 0.0F : 5.0F;
+        EXPECT_EQ(trapezoid(0, 6), "");
+        EXPECT_EQ(trapezoid(-1, 6), "a trapezoidal load lies off the member");
+        EXPECT_EQ(trapezoid(0, 7), "a trapezoidal load lies off the member");
+        EXPECT_EQ(trapezoid(4, 3), "a trapezoidal load ends before it starts");
+    }
+    EXPECT_EQ(trapezoid(0, 6), "");
+    s.pmx[1] = 9;
+    EXPECT_EQ(standard::NoLoadsReason(s), "");
+    s.pm[1] = 5;
+    for (const float x : {-0.1F, 6.1F}) {
+        s.pmx[1] = x;
+        EXPECT_EQ(standard::NoLoadsReason(s), "a point load lies off the member");
+    }
+}
+
 // M = 4 + 3 x + 2 x^2 + x^3 (kNm, m), cut at 1 m: 10 + 10 s + 5 s^2 + s^3.
 standard::CombinedLines Cubic()
 {
@@ -112,6 +140,24 @@ TEST(Lines, StretchedMomentLine)
     const standard::LateralLine line(Cubic(), 1, 3, 2);
     EXPECT_DOUBLE_EQ(line.Line().length, 4000);
     ExpectPiece(line.Line().pieces[0], 0, 4000, {10e6, 5e3, 1.25, 1e-3 / 8});
+}
+
+// 80 mm above the shear centre (level 100, centre 20): 2 kN at 2 m of G, 6 kN/m at 0 m falling to 2
+// at 4 m of Q1 with the factor 1.5, from 1 m to 3 m of the member: 1.5 (5, 3) 80 N and 2000 80 Nmm.
+TEST(Lines, LevelsOfThePartOfALoad)
+{
+    standard::MemberLoads loads{};
+    loads.count = 2;
+    loads.load[0] = {0, true, true, false, {}, {2, 2, 0}};
+    loads.load[1] = {1, true, false, false, {0, 4, 6, 2}, {}};
+    standard::LateralLine line(Cubic(), 1, 3, 1);
+    line.AddLevels(loads, {1, 1.5, 0}, 100, 20);
+    const MomentLine found = line.Line();
+    ASSERT_EQ(found.points.size(), 1U);
+    EXPECT_DOUBLE_EQ(found.points[0].x, 1000);
+    EXPECT_DOUBLE_EQ(found.points[0].pz, 160e3);
+    EXPECT_DOUBLE_EQ(found.pieces[0].qz0, 1.5 * 5 * 80);
+    EXPECT_DOUBLE_EQ(found.pieces[0].qz1, 1.5 * 3 * 80);
 }
 
 }  // namespace

@@ -124,8 +124,26 @@ TEST(Rules, LoadsOffTheMemberAreRefused)
     s.pmdir[1] = 1;
     s.pmx[1] = 6.5F;
     EXPECT_FALSE(Rated(s).rated);
+    s.pmx[1] = -0.5F;
+    EXPECT_FALSE(Rated(s).rated);
     s.pmx[1] = 5;
     EXPECT_TRUE(Rated(s).rated);
+}
+
+// EN 1993-1-5, Table 5.1: web 484x4, lam 484/(4 37.4 sqrt 5.34): 1.37/(0.7 + lam) with a rigid end
+// post, 0.83/lam without; the part of the flanges is the same.
+TEST(Rules, RigidEndPostsRaiseTheShearResistance)
+{
+    Member s = Unloaded(5, 235).Section(FormP21{500, 300, 4, 8}).EndForces(0, 0, 0);
+    s.webstiff = 0;
+    s.vz1 = s.vz2 = 100;
+    s.endstiff = 0;
+    const double bare = 100e3 / Ratio(s, CheckId::section_vz);
+    s.endstiff = 1;
+    const double rigid = 100e3 / Ratio(s, CheckId::section_vz);
+    const double lam = 484 / (4 * 37.4 * std::sqrt(5.34));
+    const double gain = (1.37 / (0.7 + lam) - 0.83 / lam) * 484 * 4 * 235 / kRoot3;
+    EXPECT_NEAR(rigid - bare, gain, 0.01 * gain);
 }
 
 // EN 1993-1-5, 7.1: I 500x300, flanges 8, web 6, S235, V 300 and M 260 all along.

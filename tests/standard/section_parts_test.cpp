@@ -127,6 +127,42 @@ TEST(SectionParts, StockyUnequalAngleIsOfClassThreeByBothRules)
     EXPECT_EQ(standard::ClassOf(q, pressed, Basis::StandardBut(Dev::d181)), 3);
 }
 
+// --- Walls ---------------------------------------------------------------------------------------
+
+// Flanges 300x20 and 200x16 of an I: outstands at their middles, from web or weld to the tips.
+TEST(SectionParts, OutstandsOfAnUnequalI)
+{
+    const StandardSection q =
+        SectionOfMember(Unloaded(4, 235).Section(FormP22{400, 300, 200, 12, 20, 16}));
+    ASSERT_EQ(q.wall_count, 5U);
+    EXPECT_DOUBLE_EQ(q.walls[0].z0, q.above - 10);
+    EXPECT_DOUBLE_EQ(q.walls[0].y1, 150);
+    EXPECT_DOUBLE_EQ(q.walls[2].z0, -q.below + 8);
+    EXPECT_DOUBLE_EQ(q.walls[2].y1, 100);
+}
+
+// Box 400x300, webs 12, flanges 20: flanges 190 from the middle, webs 144.
+TEST(SectionParts, WallsOfABox)
+{
+    const StandardSection q =
+        SectionOfMember(Unloaded(4, 235).Section(FormP23{400, 300, 12, 20, 0}));
+    ASSERT_EQ(q.wall_count, 4U);
+    for (std::size_t i = 0; i < 4; ++i) {
+        const standard::Wall& wall = q.walls[i];
+        EXPECT_DOUBLE_EQ(std::abs(wall.Upright() ? wall.y0 : wall.z0), wall.Upright() ? 144 : 190);
+    }
+}
+
+// UPE 200: the middle of the web stands half its thickness inside the left edge.
+TEST(SectionParts, WebOfAChannel)
+{
+    const StandardSection q = SectionOfMember(Unloaded(4, 235).Section("UPE 200"));
+    ASSERT_EQ(q.wall_count, 3U);
+    EXPECT_NEAR(q.walls[2].y0, -q.left + 3, 1e-5);
+    EXPECT_NEAR(q.walls[2].Width(), q.d, 1e-9);
+    EXPECT_DOUBLE_EQ(q.walls[2].z0, -q.walls[2].z1);
+}
+
 // --- Beside shear, 6.2.8 (3) ---------------------------------------------------------------------
 
 // I 400 high, flanges 300x20 and 200x16, web 364x12: centroid (3200 8 + 4368 198 + 6000 390)/13568
@@ -162,6 +198,23 @@ TEST(SectionParts, WebsOfABoxLoseTheirModulusAboutZ)
     EXPECT_NEAR(Beside(q, 1, {0, 0}).mz - Beside(q, 1, {0.5, 0}).mz, plastic, 1e-5 * plastic);
     const double elastic = plastic * 144 / 150;
     EXPECT_NEAR(Beside(q, 3, {0, 0}).mz - Beside(q, 3, {0.5, 0}).mz, elastic, 1e-5 * elastic);
+}
+
+// Flanges of a hollow section: b x t at (h - t)/2 when plastic, their straight (b - 2 t) when
+// elastic.
+TEST(SectionParts, FlangesOfAHollowSectionLoseTheirModuli)
+{
+    const StandardSection q = SectionOfMember(Unloaded(4, 235).Section("RHS 100x6.3"));
+    const double t = q.top.t, arm = (q.h - t) / 2;
+    for (const int cls : {1, 3}) {
+        const bool plastic = cls == 1;
+        const double b = plastic ? q.b : q.b - 2 * q.tw;
+        const double y = plastic ? 2 * b * t * arm : 2 * b * t * arm * arm / (q.h / 2);
+        const double z = plastic ? 2 * t * b * b / 4 : 2 * t * b * b * b / 12 / (q.b / 2);
+        const auto whole = Beside(q, cls, {0, 0}), left = Beside(q, cls, {0, 0.4});
+        EXPECT_NEAR(whole.my - left.my, 0.4 * y * 235, 1e-6 * y * 235);
+        EXPECT_NEAR(whole.mz - left.mz, 0.4 * z * 235, 1e-6 * z * 235);
+    }
 }
 
 // Both axes: what half of the strength of every part takes is half of all that the parts have.

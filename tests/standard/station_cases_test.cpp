@@ -106,6 +106,26 @@ TEST(StationCases, AForceGivesTheResultOfTheLoadAtEveryLevel)
     }
 }
 
+// More stations on the straight parts of the same line change nothing.
+TEST(StationCases, StationsOnAStraightPartAreNoLoads)
+{
+    Member s = Beam("IPE 300", 6, 2);
+    s.pm[1] = 30;
+    s.pmx[1] = 2;
+    s.nload[1] = 60;
+    const auto whole = Rated(s);
+    std::vector<Station> stations;
+    for (const double x : {0.0, 1.0, 2.0}) {
+        stations.push_back({.x = x, .n = 60, .vz = 20, .my = 20 * x});
+    }
+    for (const double x : {2.0, 3.0, 4.0, 5.0, 6.0}) {
+        stations.push_back({.x = x, .n = 60, .vz = -10, .my = 10 * (6 - x)});
+    }
+    const StationResult result = RatedAt(s, stations);
+    EXPECT_NEAR(result.ir, whole.ir, 1e-5 * whole.ir);
+    EXPECT_EQ(result.governing, whole.governing);
+}
+
 // The chords of a parabola miss 1 percent of its rise with ten of them, a quarter of that with 20.
 TEST(StationCases, UniformLoadsComeWithinTheChordErrorAtEveryLevel)
 {
