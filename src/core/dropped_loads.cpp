@@ -151,6 +151,48 @@ std::string Place(const DroppedLoad& load)
     return load.field == kPoint ? ", x = " + ShortNumber(load.x1) + " m" : "";
 }
 
+// One of the same row is replaced.
+void NoteDropped(DroppedLoads& dropped, const DroppedLoad& load)
+{
+    const auto first = dropped.load.begin(), end = first + dropped.count;
+    const auto at = std::find_if(first, end, [&load](const DroppedLoad& other) {
+        return other.field == load.field && other.row == load.row;
+    });
+    if (at != end) {
+        *at = load;
+    } else if (end != dropped.load.end()) {
+        *end = load;
+        ++dropped.count;
+    }
+}
+
+// A category or direction of a row that keeps it in single precision; -1 for none of the list.
+std::int16_t KeptNumber(float kept)
+{
+    return kept == 0 ? 0 : kept == 1 ? 1 : kept == 2 ? 2 : -1;
+}
+
+void NoteDroppedAxial(const Inputs& in, DroppedLoads& dropped, std::size_t k)
+{
+    if (in.nload[k] != 0) {
+        NoteDropped(dropped, {.field = kAxial,
+                              .row = static_cast<i16>(k),
+                              .value = in.nload[k],
+                              .category = KeptNumber(in.ntype[k])});
+    }
+}
+
+void NoteDroppedUniform(const Inputs& in, DroppedLoads& dropped, std::size_t k)
+{
+    if (in.qload[k] != 0) {
+        NoteDropped(dropped, {.field = kUniform,
+                              .row = static_cast<i16>(k),
+                              .value = in.qload[k],
+                              .category = in.qtype[k],
+                              .direction = in.qdir[k]});
+    }
+}
+
 }  // namespace
 
 void OpenDropped(const Inputs& in, DroppedLoads& dropped)
@@ -168,20 +210,6 @@ void CloseDropped(const Inputs& in, DroppedLoads& dropped)
     dropped.table = dropped.count > 0 ? TableOf(in) : 0;
 }
 
-void NoteDropped(DroppedLoads& dropped, const DroppedLoad& load)
-{
-    const auto first = dropped.load.begin(), end = first + dropped.count;
-    const auto at = std::find_if(first, end, [&load](const DroppedLoad& other) {
-        return other.field == load.field && other.row == load.row;
-    });
-    if (at != end) {
-        *at = load;
-    } else if (end != dropped.load.end()) {
-        *end = load;
-        ++dropped.count;
-    }
-}
-
 void NoteDroppedPoint(const Inputs& in, DroppedLoads& dropped, std::size_t k, DropReason reason)
 {
     if (in.pm[k] != 0) {
@@ -196,11 +224,6 @@ void NoteDroppedPoint(const Inputs& in, DroppedLoads& dropped, std::size_t k, Dr
     }
 }
 
-std::int16_t KeptNumber(float kept)
-{
-    return kept == 0 ? 0 : kept == 1 ? 1 : kept == 2 ? 2 : -1;
-}
-
 void NoteDroppedTrapezoid(const Inputs& in, DroppedLoads& dropped, std::size_t k, DropReason reason)
 {
     if (in.qt1[k] != 0 || in.qt2[k] != 0) {
@@ -213,6 +236,30 @@ void NoteDroppedTrapezoid(const Inputs& in, DroppedLoads& dropped, std::size_t k
                               .x2 = in.qtx2[k],
                               .category = KeptNumber(in.qttype[k]),
                               .direction = KeptNumber(in.qtdir[k])});
+    }
+}
+
+void NoteDroppedLoads(const Inputs& in, DroppedLoads& dropped, bool axial, bool transverse,
+                      bool sideways)
+{
+    const auto refused = [&](auto direction) { return transverse || (sideways && direction == 0); };
+    for (std::size_t k = 1; axial && k <= 3; ++k) {
+        NoteDroppedAxial(in, dropped, k);
+    }
+    for (std::size_t k = 1; k <= 4; ++k) {
+        if (refused(in.qdir[k])) {
+            NoteDroppedUniform(in, dropped, k);
+        }
+    }
+    for (std::size_t k = 1; k <= 3; ++k) {
+        if (refused(in.qtdir[k])) {
+            NoteDroppedTrapezoid(in, dropped, k, DropReason::family);
+        }
+    }
+    for (std::size_t k = 1; k <= 8; ++k) {
+        if (refused(in.pmdir[k])) {
+            NoteDroppedPoint(in, dropped, k, DropReason::family);
+        }
     }
 }
 

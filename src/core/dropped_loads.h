@@ -51,18 +51,17 @@ struct DroppedLoads {
 void OpenDropped(const Inputs& in, DroppedLoads& dropped);
 void CloseDropped(const Inputs& in, DroppedLoads& dropped);
 
-// Notes a load; one of the same row replaces it.
-void NoteDropped(DroppedLoads& dropped, const DroppedLoad& load);
-
-// Notes row k of the point loads, unless it is empty.
+// Notes row k of the point loads, unless it is empty; what was noted of the row is replaced.
 void NoteDroppedPoint(const Inputs& in, DroppedLoads& dropped, std::size_t k, DropReason reason);
 
 // Row k of the trapezoidal loads in the same way.
 void NoteDroppedTrapezoid(const Inputs& in, DroppedLoads& dropped, std::size_t k,
                           DropReason reason);
 
-// A category or direction of a row that keeps it in single precision; -1 for none of the list.
-std::int16_t KeptNumber(float kept);
+// Notes the loads that a section does not take, unless they are 0. `transverse`: all across the
+// member; `sideways`: those in y.
+void NoteDroppedLoads(const Inputs& in, DroppedLoads& dropped, bool axial, bool transverse,
+                      bool sideways);
 
 // Notes the end forces that a section does not take, unless they are 0. `transverse`: My and Vz.
 void NoteDroppedEndForces(const Inputs& in, DroppedLoads& dropped, bool axial, bool transverse,

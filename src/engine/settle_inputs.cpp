@@ -15,65 +15,29 @@ namespace kestrum {
 
 namespace {
 
-void ClearAxialLoads(LoadInputs& loads, DroppedLoads& dropped)
+void ClearTransverseLoads(LoadInputs& loads)
 {
-    for (std::size_t k = 1; k <= 3; ++k) {
-        if (loads.nload[k] != 0) {
-            NoteDropped(dropped, {.field = "nload",
-                                  .row = static_cast<i16>(k),
-                                  .value = loads.nload[k],
-                                  .category = KeptNumber(loads.ntype[k])});
-        }
-    }
-    loads.nload = {};
-}
-
-void NoteUniform(const Inputs& in, DroppedLoads& dropped, std::size_t k)
-{
-    if (in.qload[k] != 0) {
-        NoteDropped(dropped, {.field = "qload",
-                              .row = static_cast<i16>(k),
-                              .value = in.qload[k],
-                              .category = in.qtype[k],
-                              .direction = in.qdir[k]});
-    }
-}
-
-void ClearTransverseLoads(const Inputs& in, LoadInputs& loads, DroppedLoads& dropped)
-{
-    for (std::size_t k = 1; k <= 4; ++k) {
-        NoteUniform(in, dropped, k);
-    }
-    for (std::size_t k = 1; k <= 3; ++k) {
-        NoteDroppedTrapezoid(in, dropped, k, DropReason::family);
-    }
-    for (std::size_t k = 1; k <= 8; ++k) {
-        NoteDroppedPoint(in, dropped, k, DropReason::family);
-    }
     std::fill(loads.qload.begin() + 1, loads.qload.end(), 0.0F);
     loads.qt1 = loads.qt2 = loads.qtx1 = loads.qtx2 = {};
     loads.pm = loads.pmx = {};
 }
 
-void ClearLoadsAboutZ(const Inputs& in, LoadInputs& loads, DroppedLoads& dropped)
+void ClearLoadsAboutZ(LoadInputs& loads)
 {
     for (std::size_t k = 1; k <= 4; ++k) {
         if (loads.qdir[k] == 0) {
-            NoteUniform(in, dropped, k);
             loads.qload[k] = 0;
         }
         loads.qdir[k] = 1;
     }
     for (std::size_t k = 1; k <= 3; ++k) {
         if (loads.qtdir[k] == 0) {
-            NoteDroppedTrapezoid(in, dropped, k, DropReason::family);
             loads.qt1[k] = loads.qt2[k] = 0;
             loads.qtdir[k] = 1;
         }
     }
     for (std::size_t k = 1; k <= 8; ++k) {
         if (loads.pmdir[k] == 0) {
-            NoteDroppedPoint(in, dropped, k, DropReason::family);
             loads.pm[k] = loads.pmx[k] = 0;
             loads.pmtype[k] = 0;
             loads.pmdir[k] = 1;
@@ -137,15 +101,16 @@ void SettleLoads(const Inputs& in, LoadInputs& loads, const SectionRecord& secti
 
 void ClearInvalidLoads(const Inputs& in, LoadInputs& loads, DroppedLoads& dropped)
 {
-    OpenDropped(in, dropped);
     const Actions& carried = Traits(in).carries.loads;
+    OpenDropped(in, dropped);
+    NoteDroppedLoads(in, dropped, !carried.n, !carried.y, !carried.z);
     if (!carried.n) {
-        ClearAxialLoads(loads, dropped);
+        loads.nload = {};
     }
     if (!carried.y) {
-        ClearTransverseLoads(in, loads, dropped);
+        ClearTransverseLoads(loads);
     } else if (!carried.z) {
-        ClearLoadsAboutZ(in, loads, dropped);
+        ClearLoadsAboutZ(loads);
     }
     CloseDropped(in, dropped);
 }
