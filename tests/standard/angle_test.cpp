@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <vector>
 
 namespace kestrum {
 namespace {
@@ -128,6 +129,32 @@ TEST(Angle, SlenderLegsShiftTheCentroid)
     const auto result = Rated(s);
     EXPECT_NEAR(Ratio(result, CheckId::section_n), 20 / 61.68697, 1e-5);
     EXPECT_NEAR(Ratio(result, CheckId::section_nm), 0.48172, 1e-4);
+}
+
+// The parts that both legs lose, and with D181 switched back those of the straight parts alone,
+// here at 355 MPa: 40 mm, lam 40/3/(28.4 eps sqrt 0.43) = 0.880.
+TEST(Angle, PartsThatSlenderLegsLose)
+{
+    Member s = Unloaded(1, 235).Section("L 50x3");
+    CalcSection(Delivered(), s);
+    const Basis basis = Basis::Standard();
+    std::vector<standard::LostPart> lost;
+    EffectiveAngle(standard::SectionOf(Delivered(), s, basis), basis, &lost);
+    ASSERT_EQ(lost.size(), 2U);
+    for (const standard::LostPart& part : lost) {
+        EXPECT_NEAR(part.lam, 0.8950, 1e-4);
+        EXPECT_NEAR(part.rho, 0.88266, 1e-5);
+        EXPECT_NEAR(part.Area(), 17.6, 0.01);
+    }
+    s.Steel(355);
+    CalcSection(Delivered(), s);
+    const auto q = standard::SectionOf(Delivered(), s, basis);
+    const double straight = 50 - 3 - q.r;
+    const double lam = straight / 3 / (28.4 * std::sqrt(235.0 / 355) * std::sqrt(0.43));
+    const double rho = (lam - 0.188) / (lam * lam);
+    ASSERT_LT(rho, 0.95);
+    EXPECT_NEAR(EffectiveAngle(q, Basis::StandardBut(Dev::d181)).a,
+                q.a - 2 * (1 - rho) * straight * 3, 1e-3);
 }
 
 // zj = ws - integral of (s^2 + w^2) w dA/(2 Iu), here over the solid legs in squares of 0.5 mm.

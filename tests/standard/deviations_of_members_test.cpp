@@ -149,6 +149,20 @@ TEST(DeviationsOfMembers, D232LightColumnsKeepTheirRows)
     EXPECT_LT(Back(s, Dev::d232, CheckId::flexural_z), 0);
 }
 
+// The program leaves the rows out for an axial force alone only, and where it is small or the
+// column stocky.
+TEST(DeviationsOfMembers, D232ProgramKeepsTheRowsOfOtherColumns)
+{
+    const Member heavy = Column("HEB 200", 5, 235, 100);  // above 66 kN, lam 1.05
+    EXPECT_GT(Back(heavy, Dev::d232, CheckId::flexural_z), 0);
+    for (const i16 direction : {i16{1}, i16{0}}) {  // of a load: bends about y, about z
+        Member bent = Column("HEB 200", 5, 235, 10);
+        bent.qload[1] = 2;
+        bent.qdir[1] = direction;
+        EXPECT_GT(Back(bent, Dev::d232, CheckId::flexural_z), 0);
+    }
+}
+
 // --- Lateral torsional buckling ------------------------------------------------------------------
 
 Member Beam(std::string_view name, float length, float q)

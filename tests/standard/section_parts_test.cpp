@@ -268,6 +268,48 @@ TEST(SectionParts, ProgramsMeanFlangeInShear)
     EXPECT_NEAR(terms->flange.t, 18, 1e-5);
 }
 
+// Iy 1e8 mm4, edges 200 mm away, A 5000 mm2: 50 kNm make 100 MPa at the edges; the flange that N
+// and My compress counts with its effective area.
+TEST(SectionParts, FlangesCountAsTheyAreStressed)
+{
+    standard::PreparedSection p{};
+    p.q.a = 5000;
+    p.q.iy = 1e8;
+    p.q.above = p.q.below = 200;
+    p.q.top = p.q.bottom = {100, 10};
+    p.pressed_top = {60, 10};
+    p.pressed_bottom = {70, 10};
+    const auto expect = [&](double n, double my, double top, double bottom) {
+        const auto areas = FlangeAreasUnder(p, n, my);
+        EXPECT_EQ(areas.top, top) << n << " " << my;
+        EXPECT_EQ(areas.bottom, bottom) << n << " " << my;
+    };
+    expect(400e3, 50e6, 600, 1000);   // 180 and -20 MPa
+    expect(600e3, 50e6, 600, 700);    // 220 and 20
+    expect(-400e3, 50e6, 600, 1000);  // 20 and -180
+    expect(-600e3, 50e6, 1000, 1000);
+    expect(400e3, -50e6, 1000, 700);
+    expect(600e3, -50e6, 600, 700);
+}
+
+// 6000 mm2 of each flange at 240 mm: 2880 cm3; gammaM0 divides the strength, and N is a share of
+// what is left of it.
+TEST(SectionParts, MomentOfTheFlangesBesideAnAxialForce)
+{
+    const Basis basis = Basis::Standard();
+    StandardSection q = SectionOfMember(Unloaded(4, 235).Section(FormP21{500, 300, 6, 20}));
+    for (const double gamma : {1.0, 1.25}) {
+        q.gammam0 = gamma;
+        const auto p = Prepare(q, basis);
+        const double strength = 235 / gamma;
+        for (const double share : {0.0, 0.4, -0.4}) {
+            const double expected = 6000 * 480 * strength * (1 - std::abs(share));
+            EXPECT_NEAR(FlangeMoment(p, share * 12000 * strength, 0, basis), expected,
+                        1e-6 * expected);
+        }
+    }
+}
+
 // --- Effective section ---------------------------------------------------------------------------
 
 // Web 800x5 (class 4), flanges 200x20: whole where the user leaves out the buckling of webs.
