@@ -48,6 +48,19 @@ TEST(Rules, ChannelsSumTheRatios)
                 Ratio(result, CheckId::section_n) + Ratio(result, CheckId::section_my), 1e-12);
 }
 
+// 6.2.9.1 (5): box 400x200x10, S235: A 11600, flanges 4000 of it: af 0.344828, webs 7600: aw 0.5 at
+// most. Half of Npl: Mpl,z/2/(1 - 0.172414) and Mpl,y/2/0.75.
+//   Wpl,z 2 10 200^2/4 + 7600 95 = 922 cm3; Wpl,y 4000 195 + 2 10 380^2/4 = 1502 cm3
+TEST(Rules, BoxesKeepAMomentBesideAnAxialForce)
+{
+    Member s = Unloaded(1, 235).Section(FormP23{400, 200, 10, 10, 0});
+    const float half = 11600 * 0.235F / 2;
+    s.EndForces(-half, 0, 50);
+    EXPECT_NEAR(Ratio(s, CheckId::section_nm), 50 / (922 * 0.235 * 0.5 / 0.8275862), 1e-5);
+    s.EndForces(-half, 80, 0);
+    EXPECT_NEAR(Ratio(s, CheckId::section_nm), 80 / (1502 * 0.235 * 0.5 / 0.75), 1e-5);
+}
+
 // EN 1993-1-5, 4.4: box 610x610x5, S235. Webs between the welds 592, flanges 600 mm wide.
 //   lam = 592/5/56.8 = 2.084507, rho = (lam - 0.22)/lam^2 = 0.429097, lost 2 592 5 0.570903 =
 //   3379.7 lam = 600/5/56.8 = 2.112676, rho = 0.424046,                      lost 2 600 5 0.575954
