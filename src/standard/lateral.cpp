@@ -61,7 +61,8 @@ void Reduce(const ProjectState& s, const StandardSection& q, LateralResult& r, c
     r.clause = "6.3.2.3";
 }
 
-// MEd,max. D201: the program sees the moments at the ends of its segments only.
+}  // namespace
+
 double CheckedMoment(const LateralCase& m, const LineExtreme& most)
 {
     const double whole = std::abs(most.value);
@@ -77,8 +78,6 @@ double CheckedMoment(const LateralCase& m, const LineExtreme& most)
     const bool same = largest >= whole * (1 - 1e-9);
     return same ? whole : m.basis.pick(Dev::d201, largest, whole);
 }
-
-}  // namespace
 
 HoldingPieces PiecesHolding(const ProjectState& s, double x)
 {

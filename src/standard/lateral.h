@@ -67,6 +67,9 @@ struct LateralCase {
     int cls;
 };
 
+// The size of MEd,max. D201: the program sees the moments at the ends of its segments only.
+double CheckedMoment(const LateralCase& m, const LineExtreme& most);
+
 // Of a line with a moment; the numerical solution, or the closed formula with the user's C factors.
 // Deviations D201, D213 to D216, D233 to D235, D238, D239.
 LateralResult LateralBucklingOf(const LateralCase& m);

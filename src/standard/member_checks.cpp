@@ -119,8 +119,7 @@ LateralCase CaseOf(const MemberBuckling& m)
 // 6.3.2; of plates the tripping of their stiffeners.
 LateralResult Lateral(const MemberBuckling& m)
 {
-    return m.q.kind == Kind::plate ? TrippingOf(m.in.s, m.p, m.in.lines, m.ClassY())
-                                   : LateralBucklingOf(CaseOf(m));
+    return m.q.kind == Kind::plate ? TrippingOf(CaseOf(m)) : LateralBucklingOf(CaseOf(m));
 }
 
 void Tell(const MemberBuckling& m)

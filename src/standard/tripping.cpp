@@ -24,20 +24,20 @@ double Imperfection(const ProjectState& s, const StandardSection& q)
 
 }  // namespace
 
-LateralResult TrippingOf(const ProjectState& s, const PreparedSection& p,
-                         const CombinedLines& lines, int cls)
+LateralResult TrippingOf(const LateralCase& m)
 {
-    const StandardSection& q = p.q;
-    const LineExtreme most = lines.LargestMoment(Axis::y);
+    const ProjectState& s = m.s;
+    const StandardSection& q = m.p.q;
+    const LineExtreme most = m.lines.LargestMoment(Axis::y);
     LateralResult r;
     r.moment = most.value;
-    r.checked = std::abs(most.value);
-    r.place = most.x / lines.grid.Length();
+    r.checked = CheckedMoment(m, most);
+    r.place = most.x / m.lines.grid.Length();
     const double length = static_cast<double>(s.ltbk) * s.l * kMm / (s.restraints + 1);
     const double stress = PlateMcr(s, s, length) / s.wybot;
     // The rule of the program as a whole: the resistance of the section, whichever edge is
     // compressed.
-    const double resistance = ModulusY(p, cls, r.moment > 0) * q.fy / kNmm;
+    const double resistance = ModulusY(m.p, m.cls, r.moment > 0) * q.fy / kNmm;
     r.lam = std::sqrt(q.fy / stress);
     r.mcr = resistance / (r.lam * r.lam);
     r.critical = {.route = CriticalRoute::tripping, .stress = stress, .length = length};

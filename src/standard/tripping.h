@@ -8,8 +8,7 @@
 
 namespace kestrum::standard {
 
-// For MEd,max of either sign.
-LateralResult TrippingOf(const ProjectState& s, const PreparedSection& p,
-                         const CombinedLines& lines, int cls);
+// For MEd,max of either sign. Deviation D201.
+LateralResult TrippingOf(const LateralCase& m);
 
 }  // namespace kestrum::standard

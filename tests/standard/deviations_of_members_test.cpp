@@ -215,6 +215,16 @@ TEST(DeviationsOfMembers, D201MomentBetweenTheRestraints)
     EXPECT_NEAR(Back(s, Dev::d201, CheckId::ltb) / Ratio(s, CheckId::ltb), 8.0 / 9, 1e-9);
 }
 
+// A stiffener trips under the same moments.
+TEST(DeviationsOfMembers, D201MomentBetweenTheRestraintsOfAPlate)
+{
+    Member s = Unloaded(6, 355).Family(51).Load(10);
+    s.ltb = 1;
+    s.restraints = 2;
+    ASSERT_GT(Ratio(s, CheckId::ltb), 0);
+    EXPECT_NEAR(Back(s, Dev::d201, CheckId::ltb) / Ratio(s, CheckId::ltb), 8.0 / 9, 1e-9);
+}
+
 // Bar 200x10, 6 m, in bending alone: q L^3 of 28.3 sqrt(EIz GIt) in the shear centre, curve d; the
 // program has no row without compression.
 TEST(DeviationsOfMembers, D229BarsBuckleInBendingAlone)

@@ -37,7 +37,10 @@ LateralResult Tripping(ProjectState s)
     lines.grid.x = {0, 2, 5};
     lines.y.m.m[0] = {0, -6, 0, 0};
     lines.y.m.m[1] = {-12, 4, 0, 0};
-    return standard::TrippingOf(s, p, lines, 3);
+    const standard::MemberLoads loads{};
+    const LoadFactors factors{1, 1, 1};
+    standard::SolvedLines solved;
+    return standard::TrippingOf({s, basis, nullptr, p, solved, loads, factors, lines, 3});
 }
 
 // Stress (10/210)^2 (1 + 2 (200/5000)^2) 210000/2.6.
