@@ -319,7 +319,7 @@ Expr AtSection::ShareOfPlates(bool y) const
     const Expr area = Sym("A", q_.a);
     Expr out = y || t_.rule != SectionTerms::Rule::closed
                    ? 2 * Sym("b", q_.b) * Sym("t_f", q_.top.t)
-                   : 2 * Sym("h", q_.kind == Kind::box ? q_.hw : q_.h) * Sym("t_w", q_.tw);
+                   : 2 * Sym("h", q_.h) * Sym("t_w", q_.tw);
     return Least({Num(0.5), (area - out) / area});
 }
 

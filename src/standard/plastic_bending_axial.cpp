@@ -86,16 +86,15 @@ void PlasticI(SectionPlace& at, const ReducedResistance& r, double n)
     Keep(at, moments, exponents);
 }
 
-// 6.2.9.1 (5).
+// 6.2.9.1 (5). Eq (6.40) takes h of the whole section from its area, of welded boxes as well.
 void PlasticClosed(SectionPlace& at, const ReducedResistance& r, double n)
 {
     const StandardSection& q = at.q;
-    const double thick_z = q.kind == Kind::box ? q.hw : q.h;
     double flange = q.top.t;
     if (q.kind == Kind::box) {
         flange = at.basis.pick(Dev::d170, q.tw, flange);
     }
-    const Pair webs{(q.a - 2 * q.b * flange) / q.a, (q.a - 2 * thick_z * q.tw) / q.a};
+    const Pair webs{(q.a - 2 * q.b * flange) / q.a, (q.a - 2 * q.h * q.tw) / q.a};
     const Pair moments{clauses::ReducedMomentHollow(r.my, n, webs.y),
                        clauses::ReducedMomentHollow(r.mz, n, webs.z)};
     const clauses::BiaxialExponents exponents = ExponentsOfClosed(n, at.basis);

@@ -48,15 +48,17 @@ TEST(Rules, ChannelsSumTheRatios)
                 Ratio(result, CheckId::section_n) + Ratio(result, CheckId::section_my), 1e-12);
 }
 
-// 6.2.9.1 (5): box 400x200x10, S235: A 11600, flanges 4000 of it: af 0.344828, webs 7600: aw 0.5 at
-// most. Half of Npl: Mpl,z/2/(1 - 0.172414) and Mpl,y/2/0.75.
+// 6.2.9.1 (5): box 400x200x10, S235: A 11600. af (A - 2 h tw)/A with the whole depth, (11600 -
+// 8000)/11600 = 0.310345; aw (A - 2 b tf)/A = 7600/11600, 0.5 at most. Half of Npl:
+// Mpl,z/2/(1 - 0.155172) and Mpl,y/2/0.75.
 //   Wpl,z 2 10 200^2/4 + 7600 95 = 922 cm3; Wpl,y 4000 195 + 2 10 380^2/4 = 1502 cm3
 TEST(Rules, BoxesKeepAMomentBesideAnAxialForce)
 {
     Member s = Unloaded(1, 235).Section(FormP23{400, 200, 10, 10, 0});
     const float half = 11600 * 0.235F / 2;
     s.EndForces(-half, 0, 50);
-    EXPECT_NEAR(Ratio(s, CheckId::section_nm), 50 / (922 * 0.235 * 0.5 / 0.8275862), 1e-5);
+    EXPECT_NEAR(Ratio(s, CheckId::section_nm), 50 / (922 * 0.235 * 0.5 / 0.844828), 1e-5)
+        << "N with Mz of a box: the webs count with the whole depth h";
     s.EndForces(-half, 80, 0);
     EXPECT_NEAR(Ratio(s, CheckId::section_nm), 80 / (1502 * 0.235 * 0.5 / 0.75), 1e-5);
 }
