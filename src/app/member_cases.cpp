@@ -346,11 +346,12 @@ void MemberCases::Measure(WorstCase& program)
     }
     ProjectState s = p.run.state();
     standard::SolvedLines solved;
-    const standard::Calculation by = [&](const Basis& basis) {
+    const auto by = [&](const Basis& basis) {
         return standard::StationCases(library_, p.read, basis, &s, &solved).ResultOf(stations);
     };
     standard::StandardResult result = by(Basis::Standard());
-    standard::CalculateCosts(by, result);
+    standard::CalculateCosts(
+        [&](const Basis& basis, const standard::StandardResult&) { return by(basis); }, result);
     KeepNotes(result, s);
     const std::vector<DesignNote> notes = DesignNotes(s);
     std::transform(notes.begin(), notes.end(), std::inserter(program.notes, program.notes.begin()),

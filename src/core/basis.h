@@ -8,6 +8,7 @@
 #include "core/deviation.h"
 
 #include <type_traits>
+#include <utility>
 
 namespace kestrum {
 
@@ -46,15 +47,22 @@ public:
     bool departs(Dev deviation) const
     {
         met_.set(IndexOf(deviation));
+        since_.set(IndexOf(deviation));
         return !back_[IndexOf(deviation)];
     }
 
     // The deviations that this pass came across.
     const Deviations& met() const { return met_; }
 
+    // Those since the last call.
+    Deviations MetSince() const { return std::exchange(since_, {}); }
+
+    // Whether one of these is switched back.
+    bool Switches(const Deviations& deviations) const { return (back_ & deviations).any(); }
+
 private:
     Deviations back_;
-    mutable Deviations met_;
+    mutable Deviations met_, since_;
 };
 
 }  // namespace kestrum

@@ -123,7 +123,7 @@ std::array<double, kCheckIds> RatiosOf(const Checks& checks)
 class Trials {
 public:
     Trials(const Calculation& calculate, StandardResult& result)
-        : calculate_(calculate), result_(result)
+        : calculate_(calculate), result_(result), from_(result)
     {
     }
     void Run();
@@ -144,37 +144,36 @@ private:
         for (const Dev deviation : ended_) {
             basis.SwitchBack(deviation);
         }
-        return calculate_(basis);
+        return calculate_(basis, from_);
     }
-    StandardResult Begin();
-    void Alone(const StandardResult& from, Dev deviation);
+    void Begin();
+    void Alone(Dev deviation);
     void Together(Dev one, Dev other);
     bool Take(const StandardResult& from, const StandardResult& back, const DeviationCost& found);
     Trial* Find(Dev deviation);
 
     const Calculation& calculate_;
     StandardResult& result_;
+    StandardResult from_;     // that the others are compared with
     std::vector<Dev> ended_;  // that ended the calculation and are switched back in each trial
     std::vector<Trial> trials_;
 };
 
-// The result that the others are compared with.
-StandardResult Trials::Begin()
+void Trials::Begin()
 {
-    StandardResult from = result_;
     for (const Dev deviation : kEnding) {
-        if (!from.rated && from.met[IndexOf(deviation)]) {
+        if (!from_.rated && from_.met[IndexOf(deviation)]) {
             ended_.push_back(deviation);
-            from = With({});
+            from_ = With({});
         }
     }
-    if (!from.rated) {
+    if (!from_.rated) {
         ended_.clear();
     }
     for (const Dev deviation : ended_) {
-        result_.deviations.push_back({deviation, from.ir, kNone, kMissing, RatiosOf(from.checks)});
+        result_.deviations.push_back(
+            {deviation, from_.ir, kNone, kMissing, RatiosOf(from_.checks)});
     }
-    return from;
 }
 
 // Whether the rule of the program that `back` has makes it differ; `found` all but the rise.
@@ -190,12 +189,12 @@ bool Trials::Take(const StandardResult& from, const StandardResult& back,
     return false;
 }
 
-void Trials::Alone(const StandardResult& from, Dev deviation)
+void Trials::Alone(Dev deviation)
 {
     StandardResult back = With({deviation});
     const double without = back.rated ? back.ir : kNone;
-    const double cost = from.rated && back.rated ? from.ir - back.ir : kNone;
-    const bool acts = Take(from, back, {deviation, without, cost, 0, RatiosOf(back.checks)});
+    const double cost = from_.rated && back.rated ? from_.ir - back.ir : kNone;
+    const bool acts = Take(from_, back, {deviation, without, cost, 0, RatiosOf(back.checks)});
     trials_.push_back({deviation, std::move(back), acts});
 }
 
@@ -225,13 +224,13 @@ void Trials::Together(Dev one, Dev other)
 void Trials::Run()
 {
     result_.deviations.clear();
-    const StandardResult from = Begin();
+    Begin();
     for (std::size_t i = 0; i < kDeviations; ++i) {
         const auto deviation = static_cast<Dev>(i);
         const auto is = [deviation](Dev other) { return other == deviation; };
-        if (from.met[i] && std::none_of(kDigits.begin(), kDigits.end(), is) &&
+        if (from_.met[i] && std::none_of(kDigits.begin(), kDigits.end(), is) &&
             std::none_of(ended_.begin(), ended_.end(), is)) {
-            Alone(from, deviation);
+            Alone(deviation);
         }
     }
     for (const Hiding& pair : kHiding) {
@@ -247,8 +246,8 @@ void CalculateCosts(const Library& library, const ProjectState& project,
 {
     SolvedLines solved;
     CalculateCosts(
-        [&](const Basis& basis) {
-            return CalculateStandard(library, project, basis, program, solved);
+        [&](const Basis& basis, const StandardResult& alike) {
+            return CalculateStandard(library, project, basis, program, solved, &alike);
         },
         result);
 }

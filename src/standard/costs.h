@@ -17,8 +17,9 @@ namespace kestrum::standard {
 void CalculateCosts(const Library& library, const ProjectState& project,
                     const ProjectState* program, StandardResult& result);
 
-// The same of whatever is calculated by a basis.
-using Calculation = std::function<StandardResult(const Basis&)>;
+// The same of whatever is calculated by a basis; the second argument is its result by another
+// basis, as in CalculateStandard.
+using Calculation = std::function<StandardResult(const Basis&, const StandardResult&)>;
 void CalculateCosts(const Calculation& calculate, StandardResult& result);
 
 // Whether a deviation of the result acts in the check: with the program's rule its ratio is another

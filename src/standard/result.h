@@ -72,4 +72,12 @@ struct Checks {
     const Check& operator[](CheckId id) const { return best[static_cast<std::size_t>(id)]; }
 };
 
+// The checks of a stage of the calculation stand together.
+struct Stage {
+    std::size_t first, end;
+};
+constexpr Stage kSectionStage{0, kSectionChecks};
+constexpr Stage kBucklingStage{kSectionChecks, static_cast<std::size_t>(CheckId::deflection_z)};
+constexpr Stage kServiceStage{kBucklingStage.end, kCheckIds};
+
 }  // namespace kestrum::standard

@@ -327,32 +327,109 @@ std::string_view VerdictOf(const StandardResult& result)
     return !result.rated ? "not covered" : result.above ? "above limit" : "within limits";
 }
 
+namespace {
+
+// One pass over all combinations. What no deviation switched back reaches is taken from `alike`.
+class Pass {
+public:
+    Pass(const Member& member, const StandardResult* alike, StandardResult& result)
+        : m_(member), result_(result), sections_(Needs(alike, kSectionStage, &Reached::sections)),
+          buckling_(Needs(alike, kBucklingStage, &Reached::buckling)),
+          service_(Needs(alike, kServiceStage, &Reached::service))
+    {
+    }
+    // False where the numerical solution does not take the member.
+    bool Strength();
+    void Service();
+
+private:
+    bool Needs(const StandardResult* alike, const Stage& stage, Deviations Reached::*reached);
+    bool CheckCase(const LoadCase& load_case);
+
+    const Member& m_;
+    StandardResult& result_;
+    const bool sections_, buckling_, service_;  // what has to be calculated
+};
+
+// Whether a stage has to be calculated; else its checks are copied.
+bool Pass::Needs(const StandardResult* alike, const Stage& stage, Deviations Reached::*reached)
+{
+    if (alike == nullptr || !alike->rated ||
+        m_.basis.Switches(alike->reached.member | alike->reached.*reached)) {
+        return true;
+    }
+    for (std::size_t i = stage.first; i < stage.end; ++i) {
+        result_.checks.best[i] = alike->checks.best[i];
+    }
+    return false;
+}
+
+bool Pass::CheckCase(const LoadCase& load_case)
+{
+    const Basis& basis = m_.basis;
+    Reached& reached = result_.reached;
+    const CombinedLines lines = LinesOf(m_.s, m_.loads, load_case.factors, basis);
+    const ActingForces forces = ActingIn(lines);
+    const Classes classes = ClassesOf(m_.section.q, forces, basis);
+    reached.member |= basis.MetSince();
+    if (sections_) {
+        CheckSections(SectionMemberOf(m_, load_case, lines), lines, classes, load_case,
+                      result_.checks, basis);
+        reached.sections |= basis.MetSince();
+    }
+    if (!buckling_) {
+        return true;
+    }
+    const bool solved =
+        CheckMember(MemberCaseOf(m_, load_case, lines, forces, classes), result_.checks);
+    reached.buckling |= basis.MetSince();
+    return solved;
+}
+
+bool Pass::Strength()
+{
+    const LoadCases cases = StrengthCases(m_.s, m_.loads.present, m_.basis);
+    result_.reached.member = m_.basis.MetSince();
+    for (std::size_t i = 0; (sections_ || buckling_) && i < cases.count; ++i) {
+        if (!CheckCase(cases.at[i])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void Pass::Service()
+{
+    if (!service_) {
+        return;
+    }
+    const LoadCases cases = ServiceCasesOf(m_);
+    for (std::size_t i = 0; i < cases.count; ++i) {
+        CheckService(m_, cases.at[i], result_.checks);
+    }
+    result_.reached.service = m_.basis.MetSince();
+}
+
+}  // namespace
+
 StandardResult CalculateStandard(const Library& library, const ProjectState& project,
                                  const Basis& basis, const ProjectState* program,
-                                 SolvedLines& solved)
+                                 SolvedLines& solved, const StandardResult* alike)
 {
     StandardResult result;
     const auto calculate = [&](const Member& member) {
-        const ProjectState& s = member.s;
-        if (s.modal == 1) {
-            result.vibration = VibrationOf(s);
+        if (member.s.modal == 1) {
+            result.vibration = alike != nullptr ? alike->vibration : VibrationOf(member.s);
         }
-        const LoadCases cases = StrengthCases(s, member.loads.present, basis);
-        for (std::size_t i = 0; i < cases.count; ++i) {
-            const CombinedLines lines = LinesOf(s, member.loads, cases.at[i].factors, basis);
-            if (!CheckStrength(member, cases.at[i], lines, result.checks)) {
-                result.outside.push_back("lateral torsional buckling has no numerical solution "
-                                         "here");
-                return;
-            }
+        Pass pass(member, alike, result);
+        if (!pass.Strength()) {
+            result.outside.push_back("lateral torsional buckling has no numerical solution here");
+            return;
         }
-        const LoadCases service = ServiceCasesOf(member);
-        for (std::size_t i = 0; i < service.count; ++i) {
-            CheckService(member, service.at[i], result.checks);
-        }
+        pass.Service();
         NameOutside(library, member, result.outside);
         NameOutsideOfKind(library, member, result.checks, result.outside);
-        Govern(s, result);
+        Govern(member.s, result);
         result.met = basis.met();
         if (!result.rated) {
             result.outside.push_back("no load acts");
@@ -370,7 +447,7 @@ StandardResult CalculateStandard(const Library& library, const ProjectState& pro
                                  const Basis& basis, const ProjectState* program)
 {
     SolvedLines solved;
-    return CalculateStandard(library, project, basis, program, solved);
+    return CalculateStandard(library, project, basis, program, solved, nullptr);
 }
 
 }  // namespace kestrum::standard

@@ -34,6 +34,12 @@ struct DeviationCost {
     bool unsafe() const { return rise > 0; }
 };
 
+// The deviations that a pass came across, by what they change.
+struct Reached {
+    Deviations member;  // section, loads, combinations, classes: all that follows
+    Deviations sections, buckling, service;
+};
+
 struct StandardResult {
     bool rated = false;  // there is a result; else `outside` says why not
     Checks checks{};
@@ -42,6 +48,7 @@ struct StandardResult {
     bool above = false;                       // the limit
     std::vector<std::string> outside{};       // what the standard basis does not cover here
     Deviations met{};                         // that the pass came across
+    Reached reached{};                        // the same by stages
     std::optional<Vibration> vibration{};     // with modal analysis
     std::vector<DeviationCost> deviations{};  // that act, largest cost first; see CalculateCosts
 };
@@ -51,9 +58,12 @@ struct StandardResult {
 StandardResult CalculateStandard(const Library& library, const ProjectState& s,
                                  const Basis& basis = Basis::Standard(),
                                  const ProjectState* program = nullptr);
-// The same; what `solved` has of like members, such as those of other bases, is not solved again.
+// The same; what `solved` has of like members, such as those of other bases, is not solved again,
+// and checks that no deviation switched back reaches are those of `alike`, the member's result by
+// another basis, or null.
 StandardResult CalculateStandard(const Library& library, const ProjectState& s, const Basis& basis,
-                                 const ProjectState* program, SolvedLines& solved);
+                                 const ProjectState* program, SolvedLines& solved,
+                                 const StandardResult* alike);
 
 // "within limits", "above limit", "not covered".
 std::string_view VerdictOf(const StandardResult& result);

@@ -7,6 +7,7 @@
 #include "standard/standard_member.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -19,7 +20,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kFolder = KESTRUM_SOURCE "/examples/deviations";
+const fs::path kExamples = KESTRUM_SOURCE "/examples";
+const fs::path kFolder = kExamples / "deviations";
 constexpr const char* kRemedy =
     "; `tools/check-deviations --costs build/release/bin/kestrum-costs --write` writes the column";
 
@@ -82,6 +84,48 @@ TEST(DeviationCosts, EachActsAndCostsWhatTheDocumentSays)
         EXPECT_NEAR(cost->without, told.program, kTwoDigits);
         EXPECT_NEAR(result.ir, told.standard, kTwoDigits);
     }
+}
+
+std::array<double, standard::kCheckIds> Ratios(const standard::Checks& checks)
+{
+    std::array<double, standard::kCheckIds> ratios{};
+    std::transform(checks.best.begin(), checks.best.end(), ratios.begin(),
+                   [](const standard::Check& check) { return check.present ? check.ir : 0; });
+    return ratios;
+}
+
+// Checks that a deviation does not reach are copied from the standard's result: they are those of a
+// pass that calculates all of them anew.
+TEST(DeviationCosts, CopiedChecksAreThoseOfAWholePass)
+{
+    std::size_t compared = 0;
+    for (const char* folder : {"", "deviations"}) {
+        for (const auto& entry : fs::directory_iterator(kExamples / folder)) {
+            if (entry.path().extension() != ".kst") {
+                continue;
+            }
+            SCOPED_TRACE(entry.path().filename().string());
+            Member s = Unloaded(1, 235);
+            ASSERT_FALSE(ReadProject(s, ReadAll(entry.path())));
+            ProjectState after = s;
+            const ProjectState* const program = Calculate(Delivered(), after) ? &after : nullptr;
+            auto result = standard::CalculateStandard(Delivered(), s);
+            standard::CalculateCosts(Delivered(), s, program, result);
+            for (const standard::DeviationCost& cost : result.deviations) {
+                SCOPED_TRACE(NameOf(cost.deviation));
+                const auto whole = standard::CalculateStandard(
+                    Delivered(), s, Basis::StandardBut(cost.deviation), program);
+                const bool hidden = cost.ratios == Ratios(result.checks);  // by another deviation
+                if (!result.rated || !whole.rated || hidden) {
+                    continue;
+                }
+                EXPECT_EQ(cost.without, whole.ir);
+                EXPECT_EQ(cost.ratios, Ratios(whole.checks));
+                ++compared;
+            }
+        }
+    }
+    EXPECT_GT(compared, 100U);
 }
 
 }  // namespace
