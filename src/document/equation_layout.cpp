@@ -10,7 +10,7 @@ namespace kestrum {
 namespace {
 
 constexpr double kFormula = 3.3, kSmallText = TableLayout::kText;
-constexpr double kIndent = 3, kInner = 8, kSpace = 1.3, kApart = 3, kLine = 1.35;
+constexpr double kIndent = 3, kInner = 8, kContinued = 12, kSpace = 1.3, kApart = 3, kLine = 1.35;
 
 }  // namespace
 
@@ -32,16 +32,30 @@ EquationLayout::EquationLayout(const Equation& equation, double width, char deci
     height_ += clause_below_ && clause_.width > 0 ? kSmallText * kLine : 0;
 }
 
-// Lines of boxes; a line begins with the sign of equality.
+// Lines of boxes; a line begins with the sign of equality, or in what is longer than a line with
+// that of an operation.
 void EquationLayout::Break(std::vector<MathBox>& boxes)
 {
-    rows_.push_back({.indent = kIndent, .width = kIndent});
-    for (MathBox& box : boxes) {
-        if (rows_.back().width + box.width > width_ && !rows_.back().boxes.empty()) {
-            rows_.push_back({.indent = kInner, .width = kInner});
-        }
+    const auto begin = [&](double indent) { rows_.push_back({.indent = indent, .width = indent}); };
+    const auto put = [&](MathBox box) {
         rows_.back().width += box.width;
         rows_.back().boxes.push_back(std::move(box));
+    };
+    begin(kIndent);
+    for (MathBox& box : boxes) {
+        if (rows_.back().width + box.width > width_ && !rows_.back().boxes.empty()) {
+            begin(kInner);
+        }
+        while (rows_.back().width + box.width > width_) {
+            MathBox rest = TakeRest(box, width_ - rows_.back().width);
+            if (rest.marks.empty()) {
+                break;
+            }
+            put(std::move(box));
+            box = std::move(rest);
+            begin(kContinued);
+        }
+        put(std::move(box));
     }
 }
 

@@ -1,5 +1,7 @@
 #include "document/expression_writer.h"
 
+#include <algorithm>
+
 namespace kestrum {
 
 namespace {
@@ -20,16 +22,15 @@ int RankOf(const Term& term)
     }
 }
 
-// a - (b + c), a/(b c), (a^b)^c
+// a - (b + c), a/(b c), (a/b) c, (a^b)^c
 bool Weaker(const Term& outer, const Term& inner, bool left)
 {
     const int rank = RankOf(inner), around = RankOf(outer);
     if (rank != around) {
         return rank < around;
     }
-    return outer.op == Op::power ||
-           (!left && (outer.op == Op::subtract || outer.op == Op::divide ||
-                      (outer.op == Op::multiply && inner.op == Op::divide)));
+    return outer.op == Op::power || inner.op == Op::divide ||
+           (!left && (outer.op == Op::subtract || outer.op == Op::divide));
 }
 
 // Whether what is written begins with a minus.
@@ -45,7 +46,7 @@ bool BeginsNegative(const Term& term, const Reading& reading)
     case Op::multiply:
         return BeginsNegative(*term.parts[0], reading);
     case Op::divide:
-        return !reading.bars && BeginsNegative(*term.parts[0], reading);
+        return reading.bars == 0 && BeginsNegative(*term.parts[0], reading);
     default:
         return false;
     }
@@ -60,10 +61,16 @@ bool IsProduct(const Term& term, const Reading& reading)
 
 }  // namespace
 
+int BarsIn(const Term& outer, bool left, int bars)
+{
+    const bool exponent = outer.op == Op::power && !left;
+    return exponent ? 0 : outer.op == Op::divide ? std::max(bars - 1, 0) : bars;
+}
+
 bool NeedsBrackets(const Term& outer, const Term& inner, bool left, const Reading& reading)
 {
     const bool raised = outer.op == Op::power;
-    if (reading.bars && (outer.op == Op::divide || (raised && !left))) {
+    if ((outer.op == Op::divide && reading.bars > 0) || (reading.set && raised && !left)) {
         return false;  // a bar or its height sets it apart
     }
     if (BeginsNegative(inner, reading) && (!left || raised)) {
@@ -72,7 +79,7 @@ bool NeedsBrackets(const Term& outer, const Term& inner, bool left, const Readin
     if (IsProduct(inner, reading) && (raised || (outer.op == Op::divide && !left))) {
         return true;
     }
-    const bool fraction = reading.bars && inner.op == Op::divide && !raised;
+    const bool fraction = reading.bars > 0 && inner.op == Op::divide && !raised;
     return !fraction && Weaker(outer, inner, left);
 }
 

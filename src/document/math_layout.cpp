@@ -10,9 +10,15 @@ namespace kestrum {
 namespace {
 
 constexpr double kAbove = 0.74, kBelow = 0.22;  // of letters, in parts of their size
-constexpr double kSmall = 0.72;                 // raised and lowered signs
+constexpr double kSmall = 0.72;                 // raised and lowered signs,
+constexpr double kLeast = 2.3;                  // which are legible in print: 6.5 pt
 constexpr double kAxis = 0.27;                  // fraction bars above the base line
 constexpr double kRule = 0.05;                  // thickness of bars
+
+double SmallOf(double size)
+{
+    return std::min(size, std::max(kSmall * size, kLeast));
+}
 
 // Moves everything of `part` behind `box`, raised by `up`.
 void Append(MathBox& box, const MathBox& part, double up = 0)
@@ -20,6 +26,9 @@ void Append(MathBox& box, const MathBox& part, double up = 0)
     Drawing moved;
     PlaceBox(moved, part, {box.width, -up});
     box.marks.insert(box.marks.end(), moved.marks.begin(), moved.marks.end());
+    for (const double at : part.breaks) {
+        box.breaks.push_back(box.width + at);
+    }
     box.width += part.width;
     box.above = std::max(box.above, part.above + up);
     box.below = std::max(box.below, part.below - up);
@@ -28,7 +37,7 @@ void Append(MathBox& box, const MathBox& part, double up = 0)
 MathBox TextBox(const std::string& text, double size, bool italic = false, bool bold = false,
                 Ink ink = Ink::text)
 {
-    MathBox box{TextWidth(text, size, bold), kAbove * size, kBelow * size, {}};
+    MathBox box{TextWidth(text, size, bold), kAbove * size, kBelow * size};
     TextMark mark;
     mark.text = text;
     mark.size = size;
@@ -59,7 +68,7 @@ MathBox SymbolBox(const Symbol& symbol, double size)
         box = BarredBox(std::move(box), size);
     }
     if (!symbol.subscript.empty()) {
-        Append(box, TextBox(symbol.subscript, kSmall * size), -0.2 * size);
+        Append(box, TextBox(symbol.subscript, SmallOf(size)), -0.2 * size);
     }
     return box;
 }
@@ -71,7 +80,7 @@ MathBox NumberBox(std::string_view number, double size, char decimal, bool bold 
     const std::size_t power = text.find('^');
     MathBox box = TextBox(text.substr(0, power), size, false, bold, ink);
     if (power != std::string::npos) {
-        Append(box, TextBox(text.substr(power + 1), kSmall * size, false, bold, ink), 0.35 * size);
+        Append(box, TextBox(text.substr(power + 1), SmallOf(size), false, bold, ink), 0.35 * size);
     }
     return box;
 }
@@ -79,19 +88,22 @@ MathBox NumberBox(std::string_view number, double size, char decimal, bool bold 
 // In letters of a size.
 struct Setter {
     using Piece = MathBox;
-    static constexpr bool bars = true;
+    static constexpr int bars = kBarsInBars;
+    static constexpr bool set = true;
     bool numbers;
     int digits;
     char decimal;
     double size;
 
-    Setter Of(const Term& term, std::size_t part) const
+    Setter Of(const Term& term, std::size_t part, int bars_around) const
     {
         constexpr double kNested = 0.92;  // of fractions
         Setter own = *this;
-        own.size *= term.op == Op::divide               ? kNested
-                    : term.op == Op::power && part == 1 ? kSmall
-                                                        : 1;
+        if (term.op == Op::divide && bars_around > 0) {
+            own.size *= kNested;
+        } else if (term.op == Op::power && part == 1) {
+            own.size = SmallOf(size);
+        }
         return own;
     }
     MathBox Number(std::string_view number) const { return NumberBox(number, size, decimal); }
@@ -100,12 +112,16 @@ struct Setter {
     MathBox PowerOfTen(int exponent) const
     {
         MathBox box = Text("10");
-        Append(box, TextBox(std::to_string(exponent), kSmall * size), 0.35 * size);
+        Append(box, TextBox(std::to_string(exponent), SmallOf(size)), 0.35 * size);
         return box;
     }
     MathBox Joined(MathBox a, JoinSign sign, const MathBox& b) const
     {
-        Append(a, Text(sign == JoinSign::plus ? " + " : sign == JoinSign::minus ? " − " : "·"));
+        constexpr std::string_view kSigns[] = {" + ", " − ", "·", "/"};
+        if (sign != JoinSign::over) {
+            a.breaks.push_back(a.width);
+        }
+        Append(a, Text(kSigns[static_cast<std::size_t>(sign)]));
         Append(a, b);
         return a;
     }
@@ -117,8 +133,10 @@ struct Setter {
         Drawing d;
         PlaceBox(d, top, {(width - top.width) / 2, -axis - gap - top.below});
         PlaceBox(d, bottom, {(width - bottom.width) / 2, -axis + gap + bottom.above});
-        MathBox box{width + 0.08 * size, axis + gap + top.below + top.above,
-                    bottom.above + bottom.below + gap - axis, std::move(d.marks)};
+        MathBox box{.width = width + 0.08 * size,
+                    .above = axis + gap + top.below + top.above,
+                    .below = bottom.above + bottom.below + gap - axis,
+                    .marks = std::move(d.marks)};
         AddRule(box, {0, -axis}, {width, -axis}, size);
         return box;
     }
@@ -136,6 +154,7 @@ struct Setter {
         MathBox box;
         box.width = sign;
         Append(box, inner);
+        box.breaks.clear();
         box.width += 0.08 * size;
         box.above = top + kRule * size;
         AddRule(box, {0.02 * size, -0.3 * size}, {0.14 * size, -0.36 * size}, size);
@@ -155,6 +174,7 @@ struct Setter {
         MathBox box = std::move(parts.front());
         for (std::size_t i = 1; i < parts.size(); ++i) {
             Append(box, Text("; "));
+            box.breaks.push_back(box.width);
             Append(box, parts[i]);
         }
         return box;
@@ -207,6 +227,33 @@ std::vector<MathBox> EquationBoxes(const Equation& equation, double size, char d
     return boxes;
 }
 
+MathBox TakeRest(MathBox& box, double width)
+{
+    const auto behind = std::upper_bound(box.breaks.begin(), box.breaks.end(), width);
+    if (behind == box.breaks.begin()) {
+        return {};
+    }
+    const double at = *(behind - 1);
+    const auto stays = [&](const Mark& mark) {
+        const Bounds bounds = BoundsOf(mark);
+        return (bounds.left + bounds.right) / 2 < at;
+    };
+    MathBox rest{.width = box.width - at, .above = box.above, .below = box.below};
+    for (auto next = behind; next != box.breaks.end(); ++next) {
+        rest.breaks.push_back(*next - at);
+    }
+    const auto first = std::stable_partition(box.marks.begin(), box.marks.end(), stays);
+    Drawing moved;
+    moved.marks.assign(first, box.marks.end());
+    Drawing placed;
+    Place(placed, moved, {-at, 0});
+    rest.marks = std::move(placed.marks);
+    box.marks.erase(first, box.marks.end());
+    box.breaks.clear();
+    box.width = at;
+    return rest;
+}
+
 MathBox LineBox(const Line& line, double size, char decimal, Ink ink, bool bold)
 {
     MathBox box;
@@ -220,7 +267,7 @@ MathBox LineBox(const Line& line, double size, char decimal, Ink ink, bool bold)
         if (span.number) {
             Append(box, NumberBox(span.text, size, decimal, strong, colour));
         } else if (span.style == Style::subscript) {
-            Append(box, TextBox(span.text, kSmall * size, false, strong, colour), -0.2 * size);
+            Append(box, TextBox(span.text, SmallOf(size), false, strong, colour), -0.2 * size);
         } else {
             MathBox text = TextBox(span.text, size, false, strong, colour);
             Append(box, span.style == Style::bar ? BarredBox(std::move(text), size) : text);

@@ -11,10 +11,15 @@ namespace kestrum {
 struct MathBox {
     double width = 0, above = 0, below = 0;
     std::vector<Mark> marks{};
+    std::vector<double> breaks{};  // where a line may end
 };
 
 // The parts of the equation: "N = formula", "= numbers", "= value unit". `size`: of the letters.
 std::vector<MathBox> EquationBoxes(const Equation& equation, double size, char decimal);
+
+// Leaves in the box what has room in `width`, up to the last place where it may be broken, and
+// returns the rest; a box without such a place stays whole and leaves none.
+MathBox TakeRest(MathBox& box, double width);
 
 // A line of text with its changes of style, not wrapped.
 MathBox LineBox(const Line& line, double size, char decimal, Ink ink = Ink::text,

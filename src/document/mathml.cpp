@@ -29,12 +29,13 @@ std::string Sign(std::string_view sign)
 
 struct InMathMl {
     using Piece = std::string;
-    static constexpr bool bars = true;
+    static constexpr int bars = kBarsInBars;
+    static constexpr bool set = true;
     bool numbers;
     int digits;
     char decimal;
 
-    const InMathMl& Of(const Term&, std::size_t) const { return *this; }
+    const InMathMl& Of(const Term&, std::size_t, int) const { return *this; }
     std::string Number(std::string_view number) const { return MathMlNumber(number, decimal); }
     static std::string Name(const Symbol& symbol) { return MathMlSymbol(symbol); }
     static std::string Text(std::string_view text) { return Element("mi", text); }
@@ -44,11 +45,9 @@ struct InMathMl {
     }
     static std::string Joined(const std::string& a, JoinSign sign, const std::string& b)
     {
-        return Row(a +
-                   Sign(sign == JoinSign::plus    ? "+"
-                        : sign == JoinSign::minus ? "−"
-                                                  : "·") +
-                   b);
+        constexpr std::string_view kSigns[] = {"<mo>+</mo>", "<mo>−</mo>", "<mo>·</mo>",
+                                               "<mo lspace=\"0.05em\" rspace=\"0.05em\">/</mo>"};
+        return Row(a + std::string(kSigns[static_cast<std::size_t>(sign)]) + b);
     }
     static std::string Fraction(const std::string& a, const std::string& b)
     {

@@ -13,13 +13,14 @@ constexpr std::string_view kBarAbove = "\xCC\x85";  // combining overline
 
 struct InLine {
     using Piece = std::string;
-    static constexpr bool bars = false;
+    static constexpr int bars = 0;
+    static constexpr bool set = false;
     bool numbers;
     int digits;
     char decimal;
     bool rich = false;
 
-    const InLine& Of(const Term&, std::size_t) const { return *this; }
+    const InLine& Of(const Term&, std::size_t, int) const { return *this; }
     std::string Number(std::string_view number) const
     {
         return rich ? RichNumber(number, decimal) : NumberInLine(number, decimal);
@@ -32,9 +33,9 @@ struct InLine {
     std::string PowerOfTen(int exponent) const { return Raised("10", std::to_string(exponent)); }
     static std::string Joined(const std::string& a, JoinSign sign, const std::string& b)
     {
-        return a + (sign == JoinSign::plus ? " + " : sign == JoinSign::minus ? " - " : "·") + b;
+        constexpr std::string_view kSigns[] = {" + ", " - ", "·", "/"};
+        return a + std::string(kSigns[static_cast<std::size_t>(sign)]) + b;
     }
-    static std::string Fraction(const std::string& a, const std::string& b) { return a + "/" + b; }
     std::string Raised(const std::string& base, const std::string& exponent) const
     {
         return base + (rich ? "<sup>" + exponent + "</sup>" : "^" + exponent);

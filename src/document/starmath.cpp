@@ -41,12 +41,13 @@ std::string NameOf(const Symbol& symbol)
 
 struct InStarMath {
     using Piece = std::string;
-    static constexpr bool bars = true;
+    static constexpr int bars = kBarsInBars;
+    static constexpr bool set = true;
     bool numbers;
     int digits;
     char decimal;
 
-    const InStarMath& Of(const Term&, std::size_t) const { return *this; }
+    const InStarMath& Of(const Term&, std::size_t, int) const { return *this; }
     std::string Number(std::string_view number) const { return NumberOf(number, decimal); }
     static std::string Name(const Symbol& symbol) { return NameOf(symbol); }
     static std::string Text(std::string_view text) { return Quoted(std::string(text)); }
@@ -56,11 +57,8 @@ struct InStarMath {
     }
     static std::string Joined(const std::string& a, JoinSign sign, const std::string& b)
     {
-        return Group(a +
-                     (sign == JoinSign::plus    ? " + "
-                      : sign == JoinSign::minus ? " - "
-                                                : " cdot ") +
-                     b);
+        constexpr std::string_view kSigns[] = {" + ", " - ", " cdot ", " / "};
+        return Group(a + std::string(kSigns[static_cast<std::size_t>(sign)]) + b);
     }
     static std::string Fraction(const std::string& a, const std::string& b)
     {

@@ -1,6 +1,7 @@
 // Formulas, the numbers they are printed with, and what they give.
 
 #include "document/document.h"
+#include "document/equation_layout.h"
 #include "document/html_writer.h"
 #include "document/markdown_writer.h"
 #include "document/math_layout.h"
@@ -91,7 +92,9 @@ TEST(Notation, BracketsFollowTheOperators)
     EXPECT_EQ(FormulaInLine(a * (b + c), '.'), "a·(b + c)");
     EXPECT_EQ(FormulaInLine(a - (b - c), '.'), "a - (b - c)");
     EXPECT_EQ(FormulaInLine(a / (b * c), '.'), "a/(b·c)");
-    EXPECT_EQ(FormulaInLine(a / b / c, '.'), "a/b/c");
+    EXPECT_EQ(FormulaInLine(a / b / c, '.'), "(a/b)/c");
+    EXPECT_EQ(FormulaInLine(a / b * c, '.'), "(a/b)·c");
+    EXPECT_EQ(FormulaInLine(a + b / c, '.'), "a + b/c");
     EXPECT_EQ(FormulaInLine(Power(a * b, c), '.'), "(a·b)^c");
     EXPECT_EQ(FormulaInLine(a + b * c, '.'), "a + b·c");
     EXPECT_EQ(CalculationInLine(a - Sym("n", -3), 5, '.'), "2 - (-3)");
@@ -122,6 +125,92 @@ TEST(Notation, TheTextGivesTheValueOfTheTree)
         const double value = Evaluate(expr);
         EXPECT_NEAR(PocketCalculator(text).Value(), value, 1e-12 * std::abs(value)) << text;
     }
+}
+
+// 2 over (3 over (1 - (4/5)·6)).
+Expr NestedFractions()
+{
+    return Sym("a", 2) / (Sym("b", 3) / (1 - Sym("c", 4) / Sym("d", 5) * Sym("e", 6)));
+}
+
+std::size_t CountOf(std::string_view text, std::string_view word)
+{
+    std::size_t count = 0;
+    for (std::size_t at = text.find(word); at != std::string_view::npos;
+         at = text.find(word, at + word.size())) {
+        ++count;
+    }
+    return count;
+}
+
+TEST(Notation, AThirdFractionInAFractionHasASlash)
+{
+    const Equation equation =
+        EquationOf("f", NestedFractions(), 2 / (3 / (1 - 4 / 5.0 * 6)), "", "");
+    ASSERT_NE(equation.formula, nullptr);
+    const std::string mathml = MathMlFormula(equation.formula, '.');
+    EXPECT_EQ(CountOf(mathml, "<mfrac>"), 2U) << "two bars, one in the other: " << mathml;
+    EXPECT_EQ(CountOf(mathml, ">/</mo>"), 1U) << mathml;
+    const std::string office = StarMathParts(equation, '.')[1];
+    EXPECT_EQ(CountOf(office, " over "), 2U) << office;
+    EXPECT_NE(office.find("left ( {{4} / {5}} right )"), std::string::npos)
+        << "a quotient with a slash has brackets in a product: " << office;
+    const MathBox box = EquationBoxes(equation, 3.3, '.').front();
+    const auto bars = std::count_if(box.marks.begin(), box.marks.end(), [](const Mark& mark) {
+        return std::holds_alternative<LineMark>(mark);
+    });
+    EXPECT_EQ(bars, 2) << "bars on paper";
+}
+
+// a^(b/c): no bar in an exponent.
+TEST(Notation, AFractionInAnExponentHasASlash)
+{
+    const Expr power = Power(Sym("a", 2), Sym("b", 3) / Sym("c", 4));
+    EXPECT_EQ(MathMlFormula(power, '.').find("mfrac"), std::string::npos);
+}
+
+// 6.5 pt in print, whatever stands in what.
+TEST(Notation, NoLetterOfAFormulaIsTooSmallToBeRead)
+{
+    constexpr double kPoint = 25.4 / 72, kFormula = 3.3, kCell = 2.75;
+    const Expr nested = Power(NestedFractions(), Sym("m_y", 2) / Sym("n_z", 3e9));
+    const Equation equation{.symbol = "f_y", .formula = nested, .digits = 5, .value = "1e9"};
+    std::vector<MathBox> boxes = EquationBoxes(equation, kFormula, '.');
+    boxes.push_back(LineBox(Line(Symbol("W_el,y")) + NumberLine(2e9), kCell, '.'));
+    for (const MathBox& box : boxes) {
+        for (const Mark& mark : box.marks) {
+            if (const auto* const text = std::get_if<TextMark>(&mark)) {
+                EXPECT_GE(text->size, 6.5 * kPoint) << text->text;
+            }
+        }
+    }
+}
+
+// A sum of many terms, longer than three lines: every letter has its size, every line its width.
+TEST(EquationLayout, ALongSumIsBrokenAtItsSigns)
+{
+    constexpr double kWidth = 176, kFormula = 3.3;
+    Expr sum = Sym("a_0", 1) / Sym("b_0", 2);
+    double value = 0.5;
+    for (int i = 1; i < 40; ++i) {
+        const std::string number = std::to_string(i);
+        sum = sum + Sym("a_" + number, i) / Sym("b_" + number, 2);
+        value += i / 2.0;
+    }
+    const Equation equation = EquationOf("c", sum, value, "", "6.2.1");
+    ASSERT_NE(equation.formula, nullptr);
+    Drawing paper;
+    EquationLayout(equation, kWidth, '.').Place(paper, {0, 0});
+    std::size_t terms = 0;
+    for (const Mark& mark : paper.marks) {
+        EXPECT_GE(BoundsOf(mark).left, 0);
+        EXPECT_LE(BoundsOf(mark).right, kWidth + 0.1);
+        if (const auto* const text = std::get_if<TextMark>(&mark)) {
+            EXPECT_GE(text->size, text->text == "a" ? 0.9 * kFormula : 2.2) << text->text;
+            terms += text->text == "a" ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(terms, 40U);
 }
 
 TEST(Writers, TextsOfTheUserAreNoMarkup)
