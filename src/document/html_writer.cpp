@@ -55,20 +55,24 @@ public:
     }
     void operator()(const TextTable& table)
     {
-        out_ += "<div class=\"scroll\"><table>\n";
+        const std::vector<std::string> names = NamesInCells(table);
+        constexpr std::size_t kOnePage = 28;  // rows that print on one
+        out_ +=
+            table.rows.size() > kOnePage ? "<div class=\"scroll long\">" : "<div class=\"scroll\">";
+        out_ += names.empty() ? "<table>\n" : "<table class=\"cards\">\n";
         if (!table.caption.empty()) {
-            out_ += "<caption>" + XmlText(table.caption) + "</caption>\n";
+            out_ += "<caption><span>" + XmlText(table.caption) + "</span></caption>\n";
         }
         std::vector<Line> titles;
         for (const TextTable::Column& column : table.columns) {
             titles.push_back(column.title);
         }
         out_ += "<thead>";
-        Row(table, titles, "th", 0);
+        Row(table, titles, "th", {}, 0);
         out_ += "</thead>\n<tbody>\n";
         std::size_t member = 0;
         for (const std::vector<Line>& row : table.rows) {
-            Row(table, row, "td", table.contents ? ++member : 0);
+            Row(table, row, "td", names, table.contents ? ++member : 0);
         }
         out_ += "</tbody>\n</table></div>\n";
     }
@@ -161,12 +165,44 @@ private:
         }
         return members_.substr(at, members_.find(' ', at) - at);
     }
+    static std::size_t LengthOf(const Line& line)
+    {
+        std::size_t length = 0;
+        for (const Span& span : line.spans) {
+            length += span.text.size();
+        }
+        return length;
+    }
+    // Attributes of the cells of a table whose texts a telephone has no room for beside each
+    // other: the title of the column, which it writes above each, and whether a text takes a line
+    // of its own. None for tables of numbers, which it moves sideways.
+    static std::vector<std::string> NamesInCells(const TextTable& table)
+    {
+        constexpr std::size_t kColumns = 5, kText = 16, kOwnLine = 22;
+        std::vector<std::string> names;
+        std::size_t longest = 0;
+        for (std::size_t i = 0; i < table.columns.size(); ++i) {
+            std::size_t most = 0;
+            for (const std::vector<Line>& row : table.rows) {
+                most = std::max(most, i < row.size() ? LengthOf(row[i]) : 0);
+            }
+            longest = i > 0 ? std::max(longest, most) : 0;
+            names.push_back(" data-n=\"" + XmlText(PlainText(table.columns[i].title)) +
+                            (most > kOwnLine ? "\" data-own=\"" : "") + "\"");
+        }
+        if (names.size() < kColumns || longest < kText) {
+            names.clear();
+        }
+        return names;
+    }
+    // `names`: attributes of the cells, or none.
     void Row(const TextTable& table, std::span<const Line> cells, std::string_view name,
-             std::size_t member)
+             std::span<const std::string> names, std::size_t member)
     {
         out_ += "<tr>";
         for (std::size_t i = 0; i < table.columns.size(); ++i) {
-            out_.append("<").append(name).append(table.columns[i].right ? " class=\"r\">" : ">");
+            out_.append("<").append(name).append(names.empty() ? "" : names[i]);
+            out_ += table.columns[i].right ? " class=\"r\">" : ">";
             const bool link = member > 0 && i == 0;
             out_ += link ? "<a href=\"#" + MemberId(member) + "\">" : "";
             if (i < cells.size()) {

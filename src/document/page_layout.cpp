@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
 
 namespace kestrum {
 
@@ -79,31 +80,20 @@ public:
     }
     void operator()(const TextTable& table)
     {
-        constexpr double kBetween = 6, kCaption = 6;
-        const char decimal = document_.head.decimal;
-        const TableLayout layout = LayOutTable(table, kWidth, decimal);
-        const auto* const other = next_ == nullptr ? nullptr : std::get_if<TextTable>(next_);
-        if (other != nullptr) {
-            constexpr double kGives = 0.1;  // of its width, the other table
-            const double room = kWidth - kBetween - layout.Width();
-            TableLayout beside = LayOutTable(*other, kWidth, decimal);
-            if (beside.Width() > room && room >= (1 - kGives) * beside.Width()) {
-                beside = LayOutTable(*other, room, decimal);
-            }
-            const double height = std::max(layout.Height(), beside.Height()) + kCaption;
-            if (beside.Width() <= room && height <= kBottom - kTop) {
-                Need(height);
-                const double top = y_;
-                PrintTable(table, layout, kLeft);
-                const double below = y_;
-                y_ = top;
-                PrintTable(*other, beside, kLeft + layout.Width() + kBetween);
-                y_ = std::max(y_, below);
-                skip_ = true;
-                return;
-            }
+        const Beside tables = TablesAt(at_);
+        if (!tables.second) {
+            PrintTable(table, tables.first, kLeft);
+            return;
         }
-        PrintTable(table, layout, kLeft);
+        Need(tables.height);
+        const double top = y_;
+        PrintTable(table, tables.first, kLeft);
+        const double below = y_;
+        y_ = top;
+        PrintTable(std::get<TextTable>(*next_), *tables.second,
+                   kLeft + tables.first.Width() + kBetween);
+        y_ = std::max(y_, below);
+        skip_ = true;
     }
     void operator()(const Equation& equation)
     {
@@ -186,9 +176,8 @@ private:
             if (const auto* const figures = std::get_if<FigureRow>(&block)) {
                 return height + HeightOf(*figures) + 3;
             }
-            if (const auto* const table = std::get_if<TextTable>(&block)) {
-                return height + kLead +
-                       StartOf(LayOutTable(*table, kWidth, document_.head.decimal));
+            if (std::holds_alternative<TextTable>(block)) {
+                return height + kLead + TablesAt(i).height;
             }
             if (const auto* const equation = std::get_if<Equation>(&block)) {
                 return height + HeightOf(*equation);
@@ -249,6 +238,39 @@ private:
         const auto first =
             static_cast<std::ptrdiff_t>(std::min(kHeadRows + 1, layout.heights.size()));
         return std::accumulate(layout.heights.begin(), layout.heights.begin() + first, 0.0);
+    }
+
+    // A table, and the one below it where both have room beside each other.
+    static constexpr double kBetween = 6;
+    struct Beside {
+        TableLayout first;
+        std::optional<TableLayout> second;
+        double height;  // of what stands on one page
+    };
+    Beside TablesAt(std::size_t block) const
+    {
+        constexpr double kCaption = 6, kGives = 0.1;  // of its width, the second
+        const char decimal = document_.head.decimal;
+        Beside tables{
+            LayOutTable(std::get<TextTable>(document_.blocks[block]), kWidth, decimal), {}, 0};
+        tables.height = StartOf(tables.first);
+        const auto* const other = block + 1 < document_.blocks.size()
+                                      ? std::get_if<TextTable>(&document_.blocks[block + 1])
+                                      : nullptr;
+        if (other == nullptr) {
+            return tables;
+        }
+        const double room = kWidth - kBetween - tables.first.Width();
+        TableLayout second = LayOutTable(*other, kWidth, decimal);
+        if (second.Width() > room && room >= (1 - kGives) * second.Width()) {
+            second = LayOutTable(*other, room, decimal);
+        }
+        const double height = std::max(tables.first.Height(), second.Height()) + kCaption;
+        if (second.Width() <= room && height <= kBottom - kTop) {
+            tables.second = std::move(second);
+            tables.height = height;
+        }
+        return tables;
     }
 
     void PrintTable(const TextTable& table, const TableLayout& layout, double x)

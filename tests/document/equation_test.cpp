@@ -234,6 +234,29 @@ TEST(Writers, TheDecimalSignIsThatOfTheDocument)
     EXPECT_NE(WriteHtml(d).find("<mn>1,5</mn>"), std::string::npos);
 }
 
+// On a telephone each row of texts stands as a card, its values below the titles of their columns;
+// numbers are moved sideways in their box.
+TEST(Html, CellsOfATableOfTextsCarryTheirTitles)
+{
+    Document d;
+    TextTable texts{.columns = {{"Check"}, {Symbol("IR_y"), true}, {"where"}, {"of"}, {"governs"}}};
+    texts.rows.push_back({"Bending", "0.5", "", "6.10a", "bending about y, shear along z"});
+    d.Add(std::move(texts));
+    TextTable numbers{.columns = {{"x"}, {"M"}, {"V"}, {"N"}, {"a"}, {"b"}}, .caption = "Forces"};
+    numbers.rows.push_back({"0", "1", "2", "3", "4", "5"});
+    d.Add(std::move(numbers));
+    const std::string html = WriteHtml(d);
+    EXPECT_EQ(CountOf(html, "<table class=\"cards\">"), 1U);
+    EXPECT_NE(html.find("<td data-n=\"IR_y\" class=\"r\">0.5</td>"), std::string::npos) << html;
+    EXPECT_NE(html.find("<td data-n=\"where\"></td>"), std::string::npos)
+        << "an empty cell keeps its place and shows no title";
+    EXPECT_NE(html.find("<td data-n=\"governs\" data-own=\"\">bending about y"), std::string::npos)
+        << "a long text has a line of its own";
+    EXPECT_NE(html.find("<caption><span>Forces</span></caption>"), std::string::npos)
+        << "the caption stays where the numbers are moved";
+    EXPECT_NE(html.find("<td>5</td>"), std::string::npos);
+}
+
 // Each part is whole to the editor: groups close, fractions are groups, nothing stands before "=".
 TEST(StarMath, PartsAreWholeFormulas)
 {

@@ -61,7 +61,7 @@ TEST(PageLayout, NothingLeavesThePage)
 }
 
 // `lines` of text, then a chapter whose first part begins with a formula, a table, a text, or a
-// remark that leads to a formula.
+// remark that leads to a formula, or to two long tables beside each other.
 Document HeadingsBelow(int lines, int begins_with, double offset)
 {
     Document d;
@@ -73,34 +73,41 @@ Document HeadingsBelow(int lines, int begins_with, double offset)
     }
     d.Chapter("Chapter");
     d.Part("Part");
-    if (begins_with == 3) {
-        d.Say("A remark.", Paragraph::Kind::remark);
+    if (begins_with >= 3) {
+        d.Say("Remark:", Paragraph::Kind::remark);
     }
     if (begins_with == 0 || begins_with == 3) {
         const Expr a = Sym("a", 2.5), b = Sym("b", 3);
         d.Add("c", Root(a / (1 + a / b)) + Least({a / b, b / a}), 1.0, "mm2", "6.3.1.2 (1)");
     } else if (begins_with == 1) {
         d.Add(TextTable{.columns = {{"Plate"}}, .rows = {{"web"}, {"flange"}}});
+    } else if (begins_with == 4) {
+        TextTable clauses{.columns = {{"Clause"}}};
+        clauses.rows.assign(25, {"6.2.3"});
+        d.Add(clauses);
+        d.Add(clauses);
     } else {
         d.Say("A line of text.");
     }
     return d;
 }
 
-// What stands on a page below the last heading of it, above the foot.
+// What stands on a page below the last heading of it, above the foot, and is no remark that leads
+// to more.
 bool HasTextBelow(const LaidOut& laid, const PlacedHeading& heading)
 {
     constexpr double kLetters = 4.5, kFoot = 281;
     const auto& marks = laid.pages[heading.page].marks;
     return std::any_of(marks.begin(), marks.end(), [&](const Mark& mark) {
         const auto* const text = std::get_if<TextMark>(&mark);
-        return text != nullptr && text->at.y > heading.y + kLetters && text->at.y < kFoot;
+        return text != nullptr && text->at.y > heading.y + kLetters && text->at.y < kFoot &&
+               text->text != "Remark:";
     });
 }
 
 TEST(PageLayout, NoHeadingStandsAloneAtTheFootOfAPage)
 {
-    for (const int begins_with : {0, 1, 2, 3}) {
+    for (const int begins_with : {0, 1, 2, 3, 4}) {
         constexpr int kSteps = 25;  // of 0.25 mm, more than a line
         for (int step = 0; step < 12 * kSteps; ++step) {
             const int lines = 36 + step / kSteps;
