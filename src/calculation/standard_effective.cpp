@@ -60,6 +60,7 @@ public:
     void Modulus(bool sagging, const EffectiveSection& whole, double value);
 
 private:
+    bool LosesTipAt(double edge) const;
     Expr One(std::size_t i) const;
     Expr Sum(const std::vector<Expr>& parts) const;
     Expr First(bool z) const;
@@ -216,6 +217,16 @@ Expr Effective::Turned(const Expr& yc, const Expr& zc)
     return Sym("α", alpha);
 }
 
+// Whether an upright outstand loses its tip at the edge `edge` from the centroid.
+bool Effective::LosesTipAt(double edge) const
+{
+    return std::any_of(groups_.begin(), groups_.end(), [&](const Group& group) {
+        const LostPart& part = group.part;
+        const double end = part.z + std::copysign(part.high / 2, edge);
+        return part.wide == part.t && std::abs(end - edge) <= 1e-9 * q_.h;
+    });
+}
+
 void Effective::Modulus(bool sagging, const EffectiveSection& whole, double value)
 {
     const Expr first = First(true);
@@ -234,9 +245,16 @@ void Effective::Modulus(bool sagging, const EffectiveSection& whole, double valu
         up = up - z;
         down = down + z;
     }
+    const bool top_governs = Evaluate(up) >= Evaluate(down);
     d_.Add("I_eff,y", second, whole.iy, "mm4", "EN 1993-1-5, 4.4 (3)");
     d_.Add(sagging ? "W_eff,y" : "W_eff,y,hog", Sym("I_eff,y", whole.iy) / Largest({up, down}),
            value, "mm3", "6.2.5 (2)", "of the edge furthest from the axis");
+    if (LosesTipAt(top_governs ? q_.above : -q_.below)) {
+        d_.Say("This edge is the tip of the whole plate, although the strip there does not count: "
+               "EN 1993-1-5, 4.3 leaves it open, and the strain of the strip that buckles is "
+               "limited as well (safe side).",
+               Paragraph::Kind::remark);
+    }
 }
 
 }  // namespace

@@ -24,7 +24,10 @@ EffectiveSection EffectiveAboutY(const StandardSection& q, bool sagging, const B
                                  std::vector<LostPart>* lost = nullptr);
 EffectiveSection EffectiveAboutZ(const StandardSection& q, bool right_compressed);
 
-// All of class 4, once for a member.
+// All of class 4, once for a member. Moduli are of the edges of the gross section, also where the
+// plate that reaches the edge loses its tip, as the stem of a T does under hogging: EN
+// 1993-1-5, 4.3 leaves it open, and the strain of the strip that buckles is so limited too (safe
+// side). Angles are measured to the ends of their effective legs.
 struct EffectiveValues {
     double a, eny, enz;  // Aeff and the shifts of its centroid along z (My) and y (Mz), sizes
     double wy_sagging, wy_hogging;  // edge furthest from the axis, 6.2.5 (2)

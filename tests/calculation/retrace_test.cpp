@@ -376,6 +376,24 @@ TEST(CalculationReport, HasTheDecimalSignOfItsDocumentEverywhere)
     EXPECT_GT(numbers, 3U);
 }
 
+// The stem of a T that hogging presses loses its tip, and Weff goes to that tip; the flanges of a
+// box keep their edges.
+TEST(CalculationReport, SaysThatAModulusGoesToATipThatDoesNotCount)
+{
+    const std::string common = std::string(kSettings) + "fykindex=2 l=3 loadmode=0 ne=0 my2=-20 ";
+    const char* const sentence = "tip of the whole plate";
+    const std::string tee = MarkdownOf(
+        Member(common + "my1=-20 family=26 p26.isth=320 p26.istb1=200 p26.isttw=10 p26.isttf1=20"));
+    const std::size_t hogging = tee.find("`W_eff,y,hog = ");
+    ASSERT_NE(hogging, std::string::npos);
+    EXPECT_NE(tee.find(sentence, hogging), std::string::npos)
+        << "the reader is not told where the edge of Weff lies";
+    const std::string box = MarkdownOf(
+        Member(common + "my1=-20 family=23 p23.isth=600 p23.istb1=600 p23.isttw=5 p23.isttf=5"));
+    ASSERT_NE(box.find("`W_eff,y = "), std::string::npos);
+    EXPECT_EQ(box.find(sentence), std::string::npos);
+}
+
 // With the user's factors a deflection is governed by those of service only.
 TEST(CalculationReport, TellsTheUsersFactorsApart)
 {

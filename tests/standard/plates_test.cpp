@@ -37,6 +37,24 @@ TEST(Plates, TeeOfClassFourShiftsItsCentroid)
     EXPECT_NEAR(Ratio(result, CheckId::section_nm), 0.154334, 1e-5);
 }
 
+// Hogging presses the tip of a stem, which is of class 4: the modulus goes to the tip of the whole
+// stem all the same. T 320x200, web 10, flange 20, S235, stem 295 below the weld of 5 mm:
+//   A 7000, axis 78.571 below the top, 241.429 above the tip, Iy 6.65190e7
+//   psi = -(78.571 - 25)/241.429 = -0.221893, k = 0.57 + 0.21 0.221893 + 0.07 0.049237 = 0.620044
+//   lam = 29.5/(28.4 0.787429) = 1.319144, rho = 1.131144/1.740142 = 0.650030
+//   lost 0.349970 241.429 = 84.493 mm at the tip, 199.182 below the axis; Aeff 6155.07
+//   axis up by 844.93 199.182/6155.07 = 27.342
+//   Ieff = 6.65190e7 - 844.93 (199.182^2 + 84.493^2/12) - 6155.07 27.342^2 = 2.78935e7
+//   Weff = 2.78935e7/(241.429 + 27.342) = 103782: 24.389 kNm; to the strip that is left 151366
+TEST(Plates, ModulusOfAStemGoesToTheTipThatIsLost)
+{
+    Member s =
+        Unloaded(3, 235).Section(FormP26{.isth = 320, .istb1 = 200, .isttw = 10, .isttf1 = 20});
+    s.EndForces(0, -20, 0);
+    EXPECT_NEAR(Ratio(s, CheckId::section_my), 20 / 24.3887, 1e-5)
+        << "the elastic modulus of class 4 takes another edge than the tip of the whole stem";
+}
+
 // D192: the stem 178/13 = 13.7 is within 14 eps: class 3. D193: gross area, 150 15 + 185 13 = 4655.
 TEST(Plates, TeeOfClassThreeKeepsItsArea)
 {
