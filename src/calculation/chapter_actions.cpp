@@ -126,7 +126,7 @@ void AddCases(const CalculatedMember& m, Document& d)
             const auto id = static_cast<standard::CheckId>(i);
             if (check.present && SameCase(check.load_case, one.load_case) &&
                 IsDeflection(id) == one.service) {
-                governs += (governs.empty() ? "" : "; ") + NameInText(id);
+                governs += (governs.empty() ? "" : "; ") + NameInText(m.s, id);
             }
         }
         const LoadFactors& f = one.load_case.factors;
@@ -138,7 +138,7 @@ void AddCases(const CalculatedMember& m, Document& d)
         }
         table.rows.push_back({std::move(name), factor(f.g), factor(f.q1), factor(f.q2),
                               one.rated ? WithNumbers(ResultText(one.ir, 4)) : Line("-"),
-                              one.rated ? NameInText(one.governing) : "", governs});
+                              one.rated ? NameInText(m.s, one.governing) : "", governs});
     }
     d.Add(std::move(table));
 }

@@ -77,7 +77,7 @@ void EndChapter(Document& d)
 void AddSectionChecks(const CalculatedMember& m, Document& d)
 {
     d.Chapter("Checks of the sections");
-    for (const CheckPair& pair : CheckPairs()) {
+    for (const CheckPair& pair : CheckPairs(m.s)) {
         if (pair.standard && static_cast<std::size_t>(*pair.standard) < standard::kSectionChecks) {
             AddPair(m, pair, d);
         }
@@ -88,7 +88,7 @@ void AddSectionChecks(const CalculatedMember& m, Document& d)
 void AddMemberChecks(const CalculatedMember& m, Document& d)
 {
     d.Chapter("Checks of the member");
-    for (const CheckPair& pair : CheckPairs()) {
+    for (const CheckPair& pair : CheckPairs(m.s)) {
         const bool section =
             pair.standard && static_cast<std::size_t>(*pair.standard) < standard::kSectionChecks;
         const bool deflection = pair.standard && IsDeflection(*pair.standard);

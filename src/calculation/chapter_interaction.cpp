@@ -50,32 +50,45 @@ Expr RatioOfEnds(double first, double last, double psi)
 
 // --- Annex A -------------------------------------------------------------------------------------
 
-// Cm,0 of one axis. D217.
-void AddCm0(const Factors& f, bool y)
+// Cm of Table A.2 by the moments about y or z, of buckling about the axis `about`. D217.
+void AddCm(const Factors& f, bool y, const std::string& symbol, const std::string& about,
+           double inertia, double ncr, double cm)
 {
     const ProjectState& s = f.s;
     const std::string axis = y ? "y" : "z";
     const MomentShape shape = y ? ShapeY(s) : ShapeZ(s);
-    const double cm0 = y ? s.cmy0 : s.cmz0;
-    const Expr n = f.Share(axis, y ? s.ncry : s.ncrz);
+    const Expr n = f.Share(about, ncr);
     const Expr psi = Sym("ψ_" + axis, shape.psi);
-    f.d.Add("ψ_" + axis, RatioOfEnds(shape.first, shape.last, shape.psi), shape.psi, "",
-            std::string(kA2),
-            Line("end moments ") + NumberLine(shape.first) + Line(" and ") +
-                NumberLine(shape.last) + Line(" kNm"));
     const Expr straight = 0.79 + 0.21 * psi + 0.36 * (psi - Num(0.33)) * n;
     const bool loads = s.loadmode == 1;
     Expr formula = straight;
     if (loads && shape.first == 0 && shape.last == 0) {
         formula = shape.curved ? 1 + 0.03 * n : 1 - 0.18 * n;
     } else if (loads && !shape.linear) {
-        const Expr stiffness = Square(Pi()) * Sym("E", s.e) * Sym("I_" + axis, y ? s.iy : s.iz);
+        const Expr stiffness = Square(Pi()) * Sym("E", s.e) * Sym("I_" + about, inertia);
         const Expr ratio = stiffness * Sym(y ? "δ_z" : "δ_y", shape.deflection) /
                            (Square(Sym("L", s.l)) * Sym("M_" + axis + ",Ed", shape.moment)) *
                            Ten(-12);
         formula = 1 + (ratio - Num(1)) * n;
     }
-    f.Add("C_m" + axis + ",0", formula, cm0, kA2);
+    f.Add(symbol, formula, cm, kA2);
+}
+
+void AddEndMoments(const Factors& f, bool y)
+{
+    const MomentShape shape = y ? ShapeY(f.s) : ShapeZ(f.s);
+    f.d.Add(y ? "ψ_y" : "ψ_z", RatioOfEnds(shape.first, shape.last, shape.psi), shape.psi, "",
+            std::string(kA2),
+            Line("end moments ") + NumberLine(shape.first) + Line(" and ") +
+                NumberLine(shape.last) + Line(" kNm"));
+}
+
+void AddCm0(const Factors& f, bool y)
+{
+    const ProjectState& s = f.s;
+    AddEndMoments(f, y);
+    AddCm(f, y, y ? "C_my,0" : "C_mz,0", y ? "y" : "z", y ? s.iy : s.iz, y ? s.ncry : s.ncrz,
+          y ? s.cmy0 : s.cmz0);
 }
 
 // Slenderness under uniform moment, with C1 from 1 to 1.05 by the factor of the length.
@@ -144,7 +157,7 @@ AnnexAValues AnnexAOf(const ProjectState& s)
             .cmz0 = s.cmz0,
             .cmy = s.cmy,
             .cmz = s.cmz,
-            .cmlt = s.cmlt,
+            .cmlt = Is(s, Kind::angle) ? AnnexAValues::kUnknown : s.cmlt,  // that of y and z
             .twists = true,
             .plastic_y = !(s.classmy > 2),
             .plastic_z = !(s.classmz > 2),
@@ -300,16 +313,21 @@ void AddAnnexB(const Factors& f)
 void AddAngleFactors(const Factors& f)
 {
     const ProjectState& s = f.s;
-    if (s.method == Method::annex_a) {
+    const bool annex_a = s.method == Method::annex_a;
+    if (!annex_a) {  // of Annex A here too
+        AddEndMoments(f, false);
+    }
+    AddCm(f, false, "C_mv", "v", s.iv, s.ncrv, s.cmv);
+    if (annex_a) {
         const Expr nv = f.Share("v", s.ncrv), nu = f.Share("u", s.ncru);
-        f.d.Add("C_mv", s.cmv, "", std::string(kA2));
-        f.d.Add("C_mu", s.cmu, "", std::string(kA2));
+        AddCm(f, true, "C_mu", "u", s.iu, s.ncru, s.cmu);
         f.Add("k_vv", Sym("C_mv", s.cmv) / (1 - Sym("χ_v", s.chiv) * nv), s.kvv, kA1);
-        f.Add("k_vu", Sym("C_mu", s.cmu) * Sym("μ_z", s.muz) / (1 - nu), s.kvu, kA1);
+        f.Add("k_vu", Sym("C_mu", s.cmu) * Sym("μ_z", s.muz) / (1 - nu), s.kvu, kA1,
+              Line(Symbol("μ_z")) + Line(" of the axis z, not below that of v; ") +
+                  Line(Symbol("C_mLT")) + Line(" = 1, D226"));
         return;
     }
     const Expr nv = Sym("N_Ed", s.ned) / Sym("N_b,v,Rd", s.nbvrd);
-    f.d.Add("C_mv", s.cmv, "", std::string(kB3));
     f.Add("k_vv", Capped(Sym("C_mv", s.cmv), 0.6 * Sym("~λ_v", s.lamv), 0.6, nv), s.kvv, kB1);
     f.Add("k_vu", Sym("k_vv", s.kvv), s.kvu, kB1, "D227");
 }

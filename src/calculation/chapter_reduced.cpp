@@ -10,6 +10,8 @@
 #include <cmath>
 #include <initializer_list>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace kestrum {
 
@@ -255,6 +257,47 @@ void Reduced::Add(const Terms& terms)
     Exponents(terms);
 }
 
+// Angles: the moments about the principal axes at the place of the check, with their signs.
+void AddPrincipalMoments(const ProjectState& s, const Check& check, Document& d)
+{
+    for (std::size_t k = 0; k <= static_cast<std::size_t>(s.npts); ++k) {
+        if (static_cast<double>(s.xi[k]) != check.place.x) {
+            continue;
+        }
+        const Expr alpha = Sym("α", s.alfa);
+        const Expr my = Sym("M_y,Ed", s.mysec[k]), mz = Sym("M_z,Ed", s.mzsec[k]);
+        Step(d, "M_u,Ed", my * Cosine(alpha) + mz * Sine(alpha), "kNm", "6.2.1 (5)",
+             "turned to the principal axes");
+        Step(d, "M_v,Ed", mz * Cosine(alpha) - my * Sine(alpha), "kNm", "6.2.1 (5)",
+             "turned; in the sum each term has the sign of its stress at the point");
+        return;
+    }
+}
+
+// Angles: those of the member, whose resistances are the least of the points, with γM1.
+void AddPrincipalMomentsOfMember(const ProjectState& s, const Check& check, Document& d)
+{
+    const Quantities q(s);
+    const auto& terms = check.terms;
+    const Expr alpha = Sym("α", s.alfa);
+    const Expr my = Sym("M_y,Ed", std::abs(s.mydesign)), mz = Sym("M_z,Ed", s.mzdesign);
+    const char* const bound = "sum of sizes, an upper bound";
+    d.Add("M_u,Ed", my * Cosine(alpha) + mz * Sine(alpha), terms[6], "kNm", "6.3.3", bound);
+    d.Add("M_v,Ed", my * Sine(alpha) + mz * Cosine(alpha), terms[3], "kNm", "6.3.3", bound);
+    const auto least = [&](const char* symbol, const char* modulus, const auto& of, double value) {
+        std::vector<Expr> moduli;
+        for (std::size_t point = 1; point <= 3; ++point) {
+            if (of[point] != 0) {
+                moduli.push_back(Sym(modulus + std::to_string(point), of[point]));
+            }
+        }
+        d.Add(symbol, Resistance(Least(moduli), q.fy, q.gm1, kToKnm), value, "kNm", "6.2.5 (2)",
+              "least of the points");
+    };
+    least("M_u,Rd", "W_u,", s.wu, terms[7]);
+    least("M_v,Rd", "W_v,", s.wv, terms[4]);
+}
+
 // Angles: the elastic resistances at the point of the check, 6.2.1 (5).
 void AddPointResistances(const ProjectState& s, const Check& check, Document& d)
 {
@@ -269,10 +312,14 @@ void AddPointResistances(const ProjectState& s, const Check& check, Document& d)
         add("M_y,Rd", "W_y,", point == 1 ? s.wy1 : s.wy2, check.terms[3]);
         add("M_z,Rd", "W_z,", point == 3 ? s.wz2 : s.wz1, check.terms[5]);
     } else if (check.form == CheckForm::principal_axes) {
+        AddPrincipalMoments(s, check, d);
         add("M_u,Rd", "W_u,", s.wu[point], check.terms[3]);
         add("M_v,Rd", "W_v,", s.wv[point], check.terms[5]);
     } else if (check.form == CheckForm::heel) {
+        AddPrincipalMoments(s, check, d);
         add("M_v,Rd", "W_v,", s.wv[point], check.terms[3]);
+    } else if (check.form == CheckForm::interaction_v) {
+        AddPrincipalMomentsOfMember(s, check, d);
     }
 }
 

@@ -80,7 +80,7 @@ bool Deflects(const CalculatedMember& m)
                 m.standard.checks[*pair.standard].present);
     };
     return m.s.loadmode == 1 && m.outcome.designed() &&
-           std::any_of(CheckPairs().begin(), CheckPairs().end(), found);
+           std::any_of(CheckPairs(m.s).begin(), CheckPairs(m.s).end(), found);
 }
 
 }  // namespace
@@ -114,7 +114,7 @@ void AddServiceability(const CalculatedMember& m, Document& d)
         AddCheck(d, s.checklist[CheckId::deflection_z], LateralSymbol(s), CombinationOf(s, true));
         AddDeflectionLimit(s, 'y', d);
         AddCheck(d, s.checklist[CheckId::deflection_y], LateralSymbol(s), CombinationOf(s, true));
-        for (const CheckPair& pair : CheckPairs()) {
+        for (const CheckPair& pair : CheckPairs(s)) {
             if (!pair.standard || !IsDeflection(*pair.standard) ||
                 !m.standard.checks[*pair.standard].present) {
                 continue;

@@ -33,7 +33,7 @@ void AddBox(const CalculatedMember& m, Document& d)
     text = Line("EN 1993-1-1 as written: " + std::string(standard::VerdictOf(result)));
     if (result.rated) {
         text += Line(", IR = ") + RatioLine(result.ir) +
-                Line(" (" + NameInText(result.governing) + ", " +
+                Line(" (" + NameInText(m.s, result.governing) + ", " +
                      std::string(result.checks[result.governing].clause) + ")");
     }
     d.Say(text, result.rated && !result.above ? Paragraph::Kind::verdict_good
@@ -60,7 +60,7 @@ Line Ratio(double ratio, bool above, bool counts)
 
 std::string GoverningName(const CalculatedMember& m)
 {
-    for (const CheckPair& pair : CheckPairs()) {
+    for (const CheckPair& pair : CheckPairs(m.s)) {
         const Check* const check = LargestOf(pair, m.s.checklist);
         if (check != nullptr && check->ratio == m.outcome.ir) {
             return InText(pair.name);
@@ -83,7 +83,7 @@ void AddVerdict(const CalculatedMember& m, Document& d)
                                 {"where"},
                                 {"combination"},
                                 {"clause"}}};
-    for (const CheckPair& pair : CheckPairs()) {
+    for (const CheckPair& pair : CheckPairs(m.s)) {
         const bool deflection = pair.standard && IsDeflection(*pair.standard);
         if (deflection && m.s.loadmode != 1) {
             continue;  // what the record holds is of an earlier pass with loads

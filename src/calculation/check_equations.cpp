@@ -112,9 +112,9 @@ std::vector<Equation> EquationsIn(Document&& d)
     return equations;
 }
 
-const CheckPair* PairOf(CheckId check)
+const CheckPair* PairOf(const ProjectState& s, CheckId check)
 {
-    for (const CheckPair& pair : CheckPairs()) {
+    for (const CheckPair& pair : CheckPairs(s)) {
         if (std::find(pair.program.begin(), pair.program.end(), check) != pair.program.end()) {
             return &pair;
         }
@@ -152,7 +152,7 @@ CheckNode EquationsOf(const ProjectState& s, CheckId id)
     if (!IsJudged(check)) {
         return node;
     }
-    const CheckPair* const pair = PairOf(id);
+    const CheckPair* const pair = PairOf(s, id);
     node.name = pair == nullptr ? std::string(NameOf(id)) : std::string(pair->name);
     node.anchor = ChapterOf(id);
     Document d;
@@ -166,7 +166,7 @@ CheckNode EquationsOf(const Library& library, const ProjectState& input, const P
                       const standard::StandardResult& result, CheckId id)
 {
     CheckNode node = EquationsOf(s, id);
-    const CheckPair* const pair = PairOf(id);
+    const CheckPair* const pair = PairOf(s, id);
     if (pair != nullptr && pair->standard && result.checks[*pair->standard].present) {
         Document d;
         AddStandardCheck(library, input, result, *pair->standard, d);

@@ -1,6 +1,8 @@
 #include "calculation/check_names.h"
 
 #include "core/check_text.h"
+#include "core/project_state.h"
+#include "sections/families.h"
 
 #include <algorithm>
 #include <cctype>
@@ -36,11 +38,17 @@ constexpr std::pair<std::string_view, std::optional<S>> kTitles[] = {
     {"Deflection along y", S::deflection_y},
 };
 
-std::vector<CheckPair> Paired()
+std::vector<CheckPair> Paired(bool angle)
 {
+    constexpr std::string_view kAboutV = "Flexural buckling about v";
     std::vector<CheckPair> pairs;
     for (const auto& [title, standard] : kTitles) {
-        pairs.push_back({title, {}, standard});
+        const bool about_z = standard == S::flexural_z;
+        pairs.push_back({title,
+                         {},
+                         angle && about_z            ? std::nullopt
+                         : angle && title == kAboutV ? S::flexural_z
+                                                     : standard});
     }
     for (std::size_t i = 1; i < kChecks; ++i) {
         const auto id = static_cast<CheckId>(i);
@@ -59,10 +67,10 @@ std::vector<CheckPair> Paired()
 
 }  // namespace
 
-const std::vector<CheckPair>& CheckPairs()
+const std::vector<CheckPair>& CheckPairs(const ProjectState& s)
 {
-    static const std::vector<CheckPair> kPairs = Paired();
-    return kPairs;
+    static const std::vector<CheckPair> kPairs = Paired(false), kOfAngles = Paired(true);
+    return Is(s, Kind::angle) ? kOfAngles : kPairs;
 }
 
 std::string InText(std::string_view title)
@@ -72,9 +80,9 @@ std::string InText(std::string_view title)
     return text;
 }
 
-std::string NameInText(standard::CheckId id)
+std::string NameInText(const ProjectState& s, standard::CheckId id)
 {
-    for (const CheckPair& pair : CheckPairs()) {
+    for (const CheckPair& pair : CheckPairs(s)) {
         if (pair.standard == id) {
             return InText(pair.name);
         }

@@ -14,15 +14,18 @@
 
 namespace kestrum {
 
+struct ProjectState;
+
 struct CheckPair {
     std::string_view name;
     std::vector<CheckId> program;  // the largest of them counts
     std::optional<standard::CheckId> standard;
 };
-const std::vector<CheckPair>& CheckPairs();
+// Of angles the standard's buckling across y is that about the principal axis v.
+const std::vector<CheckPair>& CheckPairs(const ProjectState& s);
 
 // "flexural buckling about y": the check of the standard in running text.
-std::string NameInText(standard::CheckId id);
+std::string NameInText(const ProjectState& s, standard::CheckId id);
 // The same of a title.
 std::string InText(std::string_view title);
 

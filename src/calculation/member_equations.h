@@ -7,6 +7,9 @@
 #include "calculation/units.h"
 #include "standard/check_study.h"
 
+#include <string>
+#include <string_view>
+
 namespace kestrum {
 
 class MemberEquations {
@@ -24,9 +27,15 @@ public:
 
 private:
     Expr N() const { return Sym("N_Ed", t_.n / kNewton); }
+    // "M_y,Ed" as it stands, of angles about the principal axes: "M_u,Ed".
+    std::string About(std::string_view symbol) const;
     Expr Squash(const standard::Reductions& r) const { return Sym("N_Rk", r.squash / kNewton); }
-    Expr Resistance(const char* symbol, const char* chi, double reduction,
-                    const standard::Reductions& r);
+    void AddSquash(const standard::Reductions& r);
+    Expr Reduction(bool y, const standard::Reductions& r);
+    Expr TorsionalReduction(const standard::Reductions& r);
+    Expr Resistance(const std::string& symbol, const Expr& chi, const standard::Reductions& r);
+    Expr LeastResistance();
+    Expr Amplified(bool y, const Expr& resistance);
     Expr LateralReduction();
     Expr MomentY();
     Expr MomentZ();

@@ -177,8 +177,8 @@ void Effective::Shift()
     };
     const Expr zc = centre("z_c", z), yc = centre("y_c", y);
     const Expr alpha = Turned(yc, zc);
-    add("e_N,y", zc * Cosine(alpha) - yc * Sine(alpha), v.eny, "shift of the centroid along v");
-    add("e_N,z", yc * Cosine(alpha) + zc * Sine(alpha), v.enz, "shift of the centroid along u");
+    add("e_N,u", zc * Cosine(alpha) - yc * Sine(alpha), v.eny, "shift of the centroid along v");
+    add("e_N,v", yc * Cosine(alpha) + zc * Sine(alpha), v.enz, "shift of the centroid along u");
 }
 
 // The angle from y to the axis u of the effective section of an angle; `yc`, `zc` its centroid.

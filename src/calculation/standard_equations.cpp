@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace kestrum {
 
@@ -69,6 +70,8 @@ private:
     Expr LostInShear(const bool* y, bool plastic) const;
     void AddSheared(const std::string& symbol, std::string_view whole, double left, bool moment);
     void Rho(bool z);
+    Expr AboutLeg(const std::string& symbol, double moment, double n, const char* distance,
+                  double e);
     Expr Corner(const standard::CornerTerms& corner);
     Expr Whole(const char* symbol, const char* modulus, double value, bool moment,
                const char* clause);
@@ -170,16 +173,36 @@ Expr AtSection::Whole(const char* symbol, const char* modulus, double value, boo
     return Sym(symbol, value / unit);
 }
 
+// A moment about y or z, with the axial force next to the centroid of the effective section.
+Expr AtSection::AboutLeg(const std::string& symbol, double moment, double n, const char* distance,
+                         double e)
+{
+    const Expr acting = Sym(symbol + ",Ed", moment / kNmm);
+    return n > 0 && e != 0
+               ? Step(d_, symbol, acting + Force("N_Ed", n, kNewton) * Sym(distance, e) * Ten(-3),
+                      "kNm", "6.2.9.3 (2)", "shift of the centroid, in the unfavourable sense")
+               : acting;
+}
+
 // Elastic stress of the worst corner about the principal axes, 6.2.1 (5).
 Expr AtSection::Corner(const standard::CornerTerms& c)
 {
     if (!(c.a > 0)) {
         return nullptr;
     }
-    d_.Say("The worst corner is w from the u axis and s along it.", Paragraph::Kind::remark);
+    d_.Say("The worst corner is w from the u axis and s along it; moments have the signs that they "
+           "have at this place.",
+           Paragraph::Kind::remark);
     // Roundings of a corner on an axis and of a moment that does not act.
     const auto clean = [](double x) { return std::abs(x) < 1e-9 ? 0 : x; };
+    const Expr my = AboutLeg("M_y", c.my, c.n, "e_z", c.ez);
+    const Expr mz = AboutLeg("M_z", c.mz, c.n, "e_y", c.ey);
+    constexpr double kDegrees = 180 / std::numbers::pi;
+    const Expr alpha = Sym("α", c.alfa * kDegrees);
     const double mu = clean(c.mu / kNmm), mv = clean(c.mv / kNmm);
+    const char* const turned = "turned to the principal axes";
+    d_.Add("M_u,Ed", my * Cosine(alpha) + mz * Sine(alpha), mu, "kNm", "6.2.1 (5)", turned);
+    d_.Add("M_v,Ed", mz * Cosine(alpha) - my * Sine(alpha), mv, "kNm", "6.2.1 (5)", turned);
     Expr stress = Sym("M_u,Ed", mu) * Ten(6) * Sym("w", clean(c.w)) / Sym("I_u", c.iu) -
                   Sym("M_v,Ed", mv) * Ten(6) * Sym("s", clean(c.s)) / Sym("I_v", c.iv);
     if (c.n != 0) {

@@ -1,6 +1,7 @@
 #include "calculation/annex_a_equations.h"
 #include "calculation/member_equations.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestrum {
@@ -17,17 +18,28 @@ Expr Capped(const Expr& cm, const Expr& slope, double most, const Expr& n)
 
 }  // namespace
 
+// Angles bend about u and v; their symbols are those of y and z with these letters.
+std::string MemberEquations::About(std::string_view symbol) const
+{
+    std::string name(symbol);
+    if (q_.Angle()) {
+        std::replace(name.begin(), name.end(), 'y', 'u');
+        std::replace(name.begin(), name.end(), 'z', 'v');
+    }
+    return name;
+}
+
 // M_y,Rk of the class over the partial factor, kNm.
 Expr MemberEquations::MomentY()
 {
-    return Step(d_, "M_y,Rk", Sym("W_y", t_.wy) * Sym("f_y", q_.fy) * Ten(kToKnm), "kNm",
-                "6.3.3, Table 6.7");
+    return Step(d_, About("M_y,Rk"), Sym(About("W_y"), t_.wy) * Sym("f_y", q_.fy) * Ten(kToKnm),
+                "kNm", "6.3.3, Table 6.7");
 }
 
 Expr MemberEquations::MomentZ()
 {
-    return Step(d_, "M_z,Rk", Sym("W_z", t_.wz) * Sym("f_y", q_.fy) * Ten(kToKnm), "kNm",
-                "6.3.3, Table 6.7");
+    return Step(d_, About("M_z,Rk"), Sym(About("W_z"), t_.wz) * Sym("f_y", q_.fy) * Ten(kToKnm),
+                "kNm", "6.3.3, Table 6.7");
 }
 
 // Table A.2; null without a moment.
@@ -204,8 +216,7 @@ Expr MemberEquations::Interaction(bool y)
     Expr sum;
     const auto add = [&](const Expr& part) { sum = sum == nullptr ? part : sum + part; };
     if (t_.n > 0) {
-        add(N() / (y ? Resistance("N_b,y,Rd", "χ_y", r.chiy, r)
-                     : Resistance("N_b,z,Rd", "χ_z", r.chiz, r)));
+        add(N() / Resistance(y ? "N_b,y,Rd" : "N_b,z,Rd", Reduction(y, r), r));
     }
     if (t_.annex_a) {
         AnnexA();
@@ -225,36 +236,49 @@ Expr MemberEquations::Interaction(bool y)
     return sum;
 }
 
+// One moment of the sum outside 6.3.3, amplified by the axial force.
+Expr MemberEquations::Amplified(bool y, const Expr& resistance)
+{
+    const standard::Reductions& r = t_.interaction;
+    const double shift = y ? t_.shift_y : t_.shift_z;
+    Expr acting = Sym(About(y ? "M_y,Ed" : "M_z,Ed"), (y ? t_.my : t_.mz) / kNmm);
+    if (shift > kNoMoment) {
+        const Expr distance = Sym(About(y ? "e_N,y" : "e_N,z"), shift / t_.n);
+        acting = acting + Step(d_, About(y ? "ΔM_y" : "ΔM_z"), N() * distance * Ten(-3), "kNm",
+                               "6.2.9.3 (2)", "from the shift of the centroid");
+    }
+    const Expr share = acting * Sym("γ_M1", q_.gammam1) / resistance;
+    if (t_.n == 0) {
+        return share;
+    }
+    // The critical force of angles about y is below that about u.
+    const Expr chi = y ? Sym("χ_y", r.chiy) : Sym(About("χ_z"), r.chiz);
+    const Expr critical =
+        y ? Sym("N_cr,y", t_.ncr.y / kNewton) : Sym(About("N_cr,z"), t_.ncr.z / kNewton);
+    const Expr k = Step(d_, About(y ? "k_yy" : "k_zz"), 1 / (1 - chi * N() / critical), "",
+                        "6.3.3 (1)", y && q_.Angle() ? "buckling about y, safe for u" : "");
+    return k * share;
+}
+
 // Sections that 6.3.3 (1) leaves out: a linear sum with amplified moments.
 Expr MemberEquations::Outside()
 {
-    const standard::Reductions& r = t_.interaction;
-    const Expr gamma = Sym("γ_M1", q_.gammam1);
-    Expr sum = N() / Resistance("N_b,Rd", "χ", r.Least(t_.twists), r);
-    const auto add = [&](const char* factor, const char* chi, double reduction,
-                         const char* critical, double ncr, const char* moment, double m,
-                         const char* shift, double extra, const Expr& resistance) {
-        const Expr k =
-            Step(d_, factor, 1 / (1 - Sym(chi, reduction) * N() / Sym(critical, ncr / kNewton)), "",
-                 "6.3.3 (1)");
-        Expr acting = Sym(moment, m / kNmm);
-        if (extra > kNoMoment) {
-            const bool y = shift == std::string_view("ΔM_y");
-            const double e = extra / t_.n;
-            d_.Add(shift, N() * Sym(y ? "e_N,y" : "e_N,z", e) * Ten(-3), extra / kNmm, "kNm",
-                   "6.2.9.3 (2)", "from the shift of the centroid");
-            acting = acting + Sym(shift, extra / kNmm);
-        }
-        sum = sum + k * acting * gamma / resistance;
-    };
+    if (q_.Angle()) {
+        d_.Say(Line("Moments about the principal axes u and v, each the largest size along the "
+                    "member whatever its sign."),
+               Paragraph::Kind::remark);
+    }
+    Expr sum;
+    const auto add = [&](const Expr& part) { sum = sum == nullptr ? part : sum + part; };
+    if (t_.n > 0) {
+        add(N() / LeastResistance());
+    }
     if (t_.my > kNoMoment || t_.shift_y > kNoMoment) {
         const Expr chi = LateralReduction();
-        add("k_yy", "χ_y", r.chiy, "N_cr,y", t_.ncr.y, "M_y,Ed", t_.my, "ΔM_y", t_.shift_y,
-            chi * MomentY());
+        add(Amplified(true, chi * MomentY()));
     }
     if (t_.mz > kNoMoment || t_.shift_z > kNoMoment) {
-        add("k_zz", "χ_z", r.chiz, "N_cr,z", t_.ncr.z, "M_z,Ed", t_.mz, "ΔM_z", t_.shift_z,
-            MomentZ());
+        add(Amplified(false, MomentZ()));
     }
     return sum;
 }

@@ -151,7 +151,7 @@ void AddCritical(const ProjectState& in, const standard::LateralResult& r,
     switch (t.route) {
     case Route::numerical:
         AddFactor(t.factor, study, kClause, d);
-        add(Sym("α_cr", t.factor) * Sym("M_y,max", std::abs(r.moment)),
+        add(Sym("α_cr", t.factor) * Sym(q.Angle() ? "M_u,max" : "M_y,max", std::abs(r.moment)),
             q.Angle() ? "moments about u" : "");
         return;
     case Route::closed: {
@@ -191,8 +191,8 @@ void AddStandardLateral(const ProjectState& input, const standard::LateralResult
     const double gammam1 = q.gammam1;
     const double characteristic = r.modulus * q.fy / kNmm;
     AddCritical(input, r, study, q, d);
-    d.Add("M_Rk", Sym("W_y,c", r.modulus) * Sym("f_y", q.fy) * Ten(kToKnm), characteristic, "kNm",
-          "6.3.2.2 (1)", "of the compressed side");
+    d.Add("M_Rk", Sym(q.Angle() ? "W_u,c" : "W_y,c", r.modulus) * Sym("f_y", q.fy) * Ten(kToKnm),
+          characteristic, "kNm", "6.3.2.2 (1)", "of the compressed side");
     d.Add("~λ_LT", Root(Sym("M_Rk", characteristic) / Sym("M_cr", r.mcr)), r.lam, "",
           "6.3.2.2 (1)");
     AddLateralReduction(r, q, d);

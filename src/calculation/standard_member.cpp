@@ -4,37 +4,41 @@
 #include "calculation/standard_lateral.h"
 
 #include <cmath>
+#include <vector>
 
 namespace kestrum {
 
-Expr MemberEquations::Resistance(const char* symbol, const char* chi, double reduction,
+Expr MemberEquations::Resistance(const std::string& symbol, const Expr& chi,
                                  const standard::Reductions& r)
 {
-    return Step(d_, symbol, Sym(chi, reduction) * Squash(r) / Sym("γ_M1", q_.gammam1), "kN",
-                "6.3.1.1 (3)");
+    return Step(d_, symbol, chi * Squash(r) / Sym("γ_M1", q_.gammam1), "kN", "6.3.1.1 (3)");
 }
 
-// 6.3.1; angles buckle about v in place of z.
-Expr MemberEquations::Column(bool y)
+void MemberEquations::AddSquash(const standard::Reductions& r)
+{
+    d_.Add("N_Rk",
+           Sym("f_y", q_.fy) * Sym(r.squash == q_.a * q_.fy ? "A" : "A_eff", r.squash / q_.fy) *
+               Ten(kToKn),
+           r.squash / kNewton, "kN", "6.3.1.1 (3)");
+}
+
+// chi of 6.3.1 with what leads to it; angles buckle about v in place of z.
+Expr MemberEquations::Reduction(bool y, const standard::Reductions& r)
 {
     const bool angle = q_.Angle();
     const std::string n = y ? "y" : angle ? "v" : "z";
-    const double ncr = y ? t_.ncr.y : t_.ncr.z, lam = y ? t_.column.lamy : t_.column.lamz;
-    const double chi = y ? t_.column.chiy : t_.column.chiz;
+    const double ncr = y ? t_.ncr.y : t_.ncr.z, lam = y ? r.lamy : r.lamz;
+    const double chi = y ? r.chiy : r.chiz;
     const double factor = y ? in_.ly : in_.lz;
     const double inertia = y ? q_.iy : angle ? q_.angle.iv : q_.iz;
-    d_.Add("N_Rk",
-           Sym("f_y", q_.fy) *
-               Sym(t_.column.squash == q_.a * q_.fy ? "A" : "A_eff", t_.column.squash / q_.fy) *
-               Ten(kToKn),
-           t_.column.squash / kNewton, "kN", "6.3.1.1 (3)");
+    AddSquash(r);
     if (std::isfinite(ncr)) {
         const Expr length =
             Step(d_, "L_cr," + n, Sym("k_cr," + n, factor) * Sym("L", in_.l), "m", "6.3.1.3");
         d_.Add("N_cr," + n,
                Square(Pi()) * Sym("E", q_.e) * Sym("I_" + n, inertia) / Square(length) * Ten(-9),
                ncr / kNewton, "kN", "6.3.1.2 (1)");
-        const Expr slenderness = Root(Squash(t_.column) / Sym("N_cr," + n, ncr / kNewton));
+        const Expr slenderness = Root(Squash(r) / Sym("N_cr," + n, ncr / kNewton));
         if (!angle || !q_.angle.two_bolts) {
             d_.Add("~λ_" + n, slenderness, lam, "", "6.3.1.2 (1)");
         } else if (y) {
@@ -59,7 +63,12 @@ Expr MemberEquations::Column(bool y)
                WithNumbers(std::isfinite(ncr) ? "slenderness of 0.2 or less"
                                               : "does not buckle about this axis"));
     }
-    return N() / Resistance(("N_b," + n + ",Rd").c_str(), symbol.c_str(), chi, t_.column);
+    return Sym(symbol, chi);
+}
+
+Expr MemberEquations::Column(bool y)
+{
+    return N() / Resistance(y ? "N_b,y,Rd" : About("N_b,z,Rd"), Reduction(y, t_.column), t_.column);
 }
 
 // Ncr,T, and Ncr,TF where the shear centre is not the centroid.
@@ -113,28 +122,46 @@ void MemberEquations::AddTorsionalForces()
            at.y == 0 || at.z == 0 ? "" : "smallest root of this equation");
 }
 
-Expr MemberEquations::Torsional()
+// chi of torsional buckling with what leads to it.
+Expr MemberEquations::TorsionalReduction(const standard::Reductions& r)
 {
     AddTorsionalForces();
     const double least = t_.ncr.Torsional();
-    d_.Add("~λ_T", Root(Squash(t_.column) / Sym("N_cr", least / kNewton)), t_.column.lamt, "",
+    d_.Add("~λ_T", Root(Squash(r) / Sym("N_cr", least / kNewton)), r.lamt, "",
            "6.3.1.4 (2), Eq (6.52)");
-    const Expr lam = Sym("~λ_T", t_.column.lamt), alpha = Sym("α_z", t_.curves.z);
-    if (t_.column.lamt > 0.2) {
+    const Expr lam = Sym("~λ_T", r.lamt), alpha = Sym("α_z", t_.curves.z);
+    if (r.lamt > 0.2) {
         const Expr phi =
             Step(d_, "Φ_T", 0.5 * (1 + alpha * (lam - Num(0.2)) + Square(lam)), "", "6.3.1.2 (1)");
-        d_.Add("χ_T", Least({Num(1), 1 / (phi + Root(Square(phi) - Square(lam)))}), t_.column.chit,
-               "", "6.3.1.2 (1), Eq (6.49)");
+        d_.Add("χ_T", Least({Num(1), 1 / (phi + Root(Square(phi) - Square(lam)))}), r.chit, "",
+               "6.3.1.2 (1), Eq (6.49)");
     } else {
-        d_.Add("χ_T", t_.column.chit, "", "6.3.1.2 (4)", WithNumbers("slenderness of 0.2 or less"));
+        d_.Add("χ_T", r.chit, "", "6.3.1.2 (4)", WithNumbers("slenderness of 0.2 or less"));
     }
-    return N() / Resistance("N_b,T,Rd", "χ_T", t_.column.chit, t_.column);
+    return Sym("χ_T", r.chit);
+}
+
+Expr MemberEquations::Torsional()
+{
+    AddSquash(t_.column);
+    return N() / Resistance("N_b,T,Rd", TorsionalReduction(t_.column), t_.column);
+}
+
+// The lowest resistance of 6.3.1 under the class of the combination.
+Expr MemberEquations::LeastResistance()
+{
+    const standard::Reductions& r = t_.interaction;
+    std::vector<Expr> of{Reduction(true, r), Reduction(false, r)};
+    if (t_.twists) {
+        of.push_back(TorsionalReduction(r));
+    }
+    return Resistance("N_b,Rd", Step(d_, "χ", Least(of), "", "6.3.1.1 (3)"), r);
 }
 
 Expr MemberEquations::Lateral()
 {
     AddStandardLateral(in_, t_.lateral, t_.numerical ? &*t_.numerical : nullptr, q_, d_);
-    return Sym("M_y,Ed", t_.lateral.checked) / Sym("M_b,Rd", t_.lateral.resistance);
+    return Sym(About("M_y,Ed"), t_.lateral.checked) / Sym("M_b,Rd", t_.lateral.resistance);
 }
 
 // What leads to chi_LT, and chi_LT; 1 where the member cannot twist or has no moment about y.
@@ -150,7 +177,7 @@ Expr MemberEquations::LateralReduction()
 
 Expr MemberEquations::Above()
 {
-    return N() / Resistance("N_b,Rd", "χ", t_.interaction.Least(t_.twists), t_.interaction);
+    return N() / LeastResistance();
 }
 
 Expr StandardMemberRatio(const ProjectState& input, const standard::CheckStudy& study,

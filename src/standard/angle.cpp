@@ -182,7 +182,9 @@ double AngleUse(const StandardSection& q, const AngleSection& angle, const Angle
             const double rho = std::max(at.upright ? f.rho_z : 0.0, at.lying ? f.rho_y : 0.0);
             const double use = stress == 0 ? 0 : std::abs(stress) * q.gammam0 / (q.fy * (1 - rho));
             if (worst != nullptr && use > largest) {
-                *worst = {f.n, m.u, m.v, angle.a, angle.iu, angle.iv, at.w, at.s, rho};
+                *worst = {f.n,  f.my,    f.mz,     sense * angle.yc, -sense * angle.zc, m.u,
+                          m.v,  angle.a, angle.iu, angle.iv,         angle.alfa,        at.w,
+                          at.s, rho};
             }
             largest = std::max(largest, use);
         }

@@ -59,8 +59,10 @@ struct AngleForces {
 // a compressive N acts beside the centroid, in the unfavourable sense (6.2.9.3 (2)).
 // `worst`, where it is asked for, takes what stands behind it.
 struct CornerTerms {
-    double n, mu, mv;  // N, Nmm
-    double a, iu, iv;
+    double n, my, mz;  // N, Nmm, with their signs
+    double ey, ez;     // of n beside the centroid, in the sense that is unfavourable
+    double mu, mv;     // of all of them
+    double a, iu, iv, alfa;
     double w, s;  // of the corner
     double rho;
 };

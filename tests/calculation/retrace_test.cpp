@@ -376,6 +376,63 @@ TEST(CalculationReport, HasTheDecimalSignOfItsDocumentEverywhere)
     EXPECT_GT(numbers, 3U);
 }
 
+// Bar 200x20, S235, half of Npl in tension with My 20 kNm: 20/35.25 = 0.5674 with what N leaves of
+// Mpl = 47 kNm; the program leaves all of it (D177), 20/47 = 0.4255, and N alone governs, 0.5.
+TEST(CalculationReport, TellsTheCheckThatADepartureChangesMost)
+{
+    const std::string text = MarkdownOf(
+        Member(std::string(kSettings) + "family=28 p28.isth=200 p28.isttw=20 fykindex=26 fyk=235 "
+                                        "l=1 loadmode=0 ne=-470 my1=20 my2=20 ltb=0"));
+    EXPECT_NE(text.find("| D177 | +0.0674 | +0.1418 | axial force and bending |"),
+              std::string::npos)
+        << text.substr(std::min(text.find("### What each departure costs"), text.size()), 900);
+}
+
+// L 80x40x8 in compression, bent about both legs.
+constexpr const char* kBentAngle = "family=11 section=L_80x40x8 l=1.8 nload[1]=15 qload[1]=4.5 "
+                                   "qload[2]=0.6 qdir[2]=0 loadcomb=4 loadmode=1 ";
+
+// Angles buckle about y and v and bend about u and v: names and symbols are of these axes, and each
+// value has its equation by both annexes.
+TEST(CalculationReport, NamesTheAxesOfAnAngle)
+{
+    for (const char* const method : {"method=1", "method=2"}) {
+        SCOPED_TRACE(method);
+        Member s(std::string(kSettings) + kBentAngle + method);
+        const std::string text = MarkdownOf(s);
+        const std::size_t v = text.find("| Flexural buckling about v |");
+        ASSERT_NE(v, std::string::npos) << "the standard's row about v has another name";
+        EXPECT_NE(text.substr(v, text.find('\n', v) - v).find("6.3.1.1"), std::string::npos);
+        EXPECT_EQ(text.find("| Flexural buckling about z |"), std::string::npos)
+            << "a row about z, while all buckle about v";
+        const std::size_t outside = text.find("### Axial force and bending, section outside 6.3.3");
+        ASSERT_NE(outside, std::string::npos);
+        const std::string sum = text.substr(outside, text.find("\n## ", outside) - outside);
+        for (const char* const symbol :
+             {"`M_u,Rk = W_u", "`M_v,Rk = W_v", "`k_uu = ", "`k_vv = "}) {
+            EXPECT_NE(sum.find(symbol), std::string::npos) << symbol;
+        }
+        EXPECT_EQ(sum.find("M_y"), std::string::npos) << "a moment about u called one about y";
+        for (const Printed& printed : PrintedOf(text)) {
+            EXPECT_TRUE(!printed.calculation.empty() || MayStandAlone(printed))
+                << printed.symbol << " = " << printed.value << printed.remark;
+        }
+    }
+}
+
+// 45 degrees: My alone is My/sqrt 2 about u and -My/sqrt 2 about v where a corner is stressed, and
+// +My/sqrt 2 as a size in the sums of the member. My = 2 2^2/8 = 1 kNm.
+TEST(CalculationReport, TellsTheMomentsOfAnAngleWithTheirSigns)
+{
+    const std::string text =
+        MarkdownOf(Member(std::string(kSettings) + "family=10 section=L_90x9 l=2 nload[1]=15 "
+                                                   "qload[1]=2 loadcomb=4 loadmode=1 method=2"));
+    EXPECT_NE(text.find("1·sin(45°) = -0.70711 kNm"), std::string::npos)
+        << "Mv of the section has lost its sign";
+    EXPECT_NE(text.find("1·sin(45°) + 0·cos(45°) = 0.70711 kNm"), std::string::npos)
+        << "Mv of the member is not the sum of sizes";
+}
+
 // The stem of a T that hogging presses loses its tip, and Weff goes to that tip; the flanges of a
 // box keep their edges.
 TEST(CalculationReport, SaysThatAModulusGoesToATipThatDoesNotCount)
