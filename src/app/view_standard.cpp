@@ -122,8 +122,8 @@ std::vector<DeviationRow> DeviationRows(const StandardResult& result, bool coste
     if (costed) {
         const CostList costs = CostsOf(result);
         for (const CostLine& line : costs.lines) {
-            rows.push_back(
-                {std::string(line.id), line.cost, std::string(line.text), line.deviation});
+            rows.push_back({std::string(line.id), line.cost, std::string(line.text), line.deviation,
+                            line.change});
         }
         for (const standard::DeviationCost& at : result.deviations) {
             const auto same = [&](const CostLine& line) { return line.deviation == at.deviation; };
@@ -131,7 +131,8 @@ std::vector<DeviationRow> DeviationRows(const StandardResult& result, bool coste
                 rows.push_back({std::string(NameOf(at.deviation)),
                                 {},
                                 std::string(TextOf(at.deviation)),
-                                at.deviation});
+                                at.deviation,
+                                LargestChangeText(result, at)});
             }
         }
     }

@@ -48,6 +48,8 @@ struct DeviationRow {
     std::string cost;           // "+0.075"; empty where it does not change the largest ratio
     std::string text;           // one sentence
     std::optional<Dev> acts{};  // there is more to explain
+    std::string change{};       // "section Vz +0.098": the check that it changes most, where the
+                                // cost does not say that
 };
 
 // Deviations that act, largest cost first, then those that touch other checks, then the design

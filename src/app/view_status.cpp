@@ -159,7 +159,8 @@ std::string ResultsAsText(const Session& session, const standard::StandardResult
             text += group.present ? GroupText(group) + "\n" : "";
         }
         for (const DeviationRow& row : DeviationRows(*standard, true, nullptr)) {
-            text += row.id + " " + row.cost + (row.cost.empty() ? "" : "  ") + row.text + "\n";
+            text += row.id + " " + row.cost + (row.cost.empty() ? "" : "  ") +
+                    (row.change.empty() ? "" : "(" + row.change + ")  ") + row.text + "\n";
         }
     }
     return ForLocale(std::move(text), session.decimalcomma());

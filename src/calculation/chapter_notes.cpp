@@ -1,4 +1,5 @@
 #include "calculation/chapters.h"
+#include "calculation/check_names.h"
 #include "calculation/standard_equations.h"
 
 #include "report/design_notes.h"
@@ -22,6 +23,14 @@ std::string SignedCost(double cost)
     return size == "0" ? "0" : (cost < 0 ? "-" : "+") + size;
 }
 
+// The check that the departure changes most.
+std::string CheckOf(const ProjectState& s, const standard::DeviationCost& cost)
+{
+    return std::isnan(cost.change) ? "whether there is a ratio"
+           : cost.change == 0      ? "only together with another departure"
+                                   : NameInText(s, cost.most);
+}
+
 }  // namespace
 
 void AddNotes(const CalculatedMember& m, Document& d)
@@ -37,18 +46,22 @@ void AddNotes(const CalculatedMember& m, Document& d)
         d.Say(Strong(std::string(note.id) + "  ") + Line(note.text));
     }
     d.Part("What each departure costs");
-    d.Say("The largest ratio of the standard, less the one that it has with this one rule of the "
-          "program. A departure that costs nothing touches a check that does not govern.",
+    d.Say("Cost: the largest ratio of the standard, less the one that it has with this one rule of "
+          "the program. A departure that costs little may act in a check that does not govern; the "
+          "check whose own ratio it changes most stands next to it.",
           Paragraph::Kind::remark);
     if (m.standard.deviations.empty()) {
         d.Say(m.standard.rated ? "No departure alone changes the result."
                                : "The second set of rules gives no result to compare with.");
         return;
     }
-    TextTable table{.columns = {{"Number"}, {"Cost", true}, {"Departure"}}};
+    TextTable table{
+        .columns = {
+            {"Number"}, {"Cost", true}, {"Largest change", true}, {"of the check"}, {"Departure"}}};
     for (const standard::DeviationCost& cost : m.standard.deviations) {
-        table.rows.push_back(
-            {NameOf(cost.deviation), WithNumbers(SignedCost(cost.cost)), TextOf(cost.deviation)});
+        table.rows.push_back({NameOf(cost.deviation), WithNumbers(SignedCost(cost.cost)),
+                              WithNumbers(SignedCost(cost.change)), CheckOf(m.s, cost),
+                              TextOf(cost.deviation)});
     }
     d.Add(std::move(table));
 }

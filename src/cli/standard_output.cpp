@@ -116,13 +116,23 @@ std::string VibrationJson(const StandardResult& result)
            "]}";
 }
 
+// The check that the deviation changes most, null where it changes none by itself or there is no
+// value.
+std::string ChangeJson(const standard::DeviationCost& at)
+{
+    return std::isnan(at.change) || at.change == 0 ? "null"
+                                                   : "{" + KeyJson(standard::NameOf(at.most)) +
+                                                         ", \"change\": " + Number(at.change) + "}";
+}
+
 std::string DeviationsJson(const StandardResult& result)
 {
     std::string text;
     for (const standard::DeviationCost& at : result.deviations) {
         text += (text.empty() ? "" : ", ") +
                 ("{\"id\": " + JsonText(NameOf(at.deviation)) + ", \"cost\": " + Number(at.cost) +
-                 ", \"without\": " + Number(at.without) + ", \"unsafe\": ") +
+                 ", \"without\": " + Number(at.without) +
+                 ", \"largest_change\": " + ChangeJson(at) + ", \"unsafe\": ") +
                 (at.unsafe() ? "true" : "false") + ", \"text\": " + JsonText(TextOf(at.deviation)) +
                 "}";
     }

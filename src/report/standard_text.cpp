@@ -100,13 +100,23 @@ std::string CostFigure(double cost)
     return (cost < 0 ? "-" : "+") + FormatNum(size, size < kLarge ? "0.000" : "0");
 }
 
+std::string LargestChangeText(const StandardResult& result, const DeviationCost& at)
+{
+    constexpr double kShown = 5e-4;  // what three decimals tell apart
+    const bool as_cost = at.most == result.governing && std::abs(at.change - at.cost) < kShown;
+    return std::isnan(at.change) || std::abs(at.change) < kShown || as_cost
+               ? ""
+               : std::string(WordsOf(at.most)) + " " + CostFigure(at.change);
+}
+
 CostList CostsOf(const StandardResult& result)
 {
     CostList list;
     for (const DeviationCost& at : result.deviations) {
         const std::string_view name = NameOf(at.deviation);
         if (Shows(at)) {
-            list.lines.push_back({name, CostFigure(at.cost), TextOf(at.deviation), at.deviation});
+            list.lines.push_back({name, CostFigure(at.cost), TextOf(at.deviation), at.deviation,
+                                  LargestChangeText(result, at)});
         } else {
             list.others += (list.others.empty() ? "" : ", ") + std::string(name);
         }

@@ -36,11 +36,17 @@ bool VerdictsDiffer(const standard::StandardResult& result, const Outcome& outco
 // "+0.075"; "+inf"; empty for a cost without a value, which decides whether there is a ratio.
 std::string CostFigure(double cost);
 
+// "section N, My, Mz +0.098": what the deviation changes most, where that is another check than the
+// one that governs, or another change than the cost; else empty.
+std::string LargestChangeText(const standard::StandardResult& result,
+                              const standard::DeviationCost& at);
+
 struct CostLine {
     std::string_view id;  // "D181"
     std::string cost;
     std::string_view text;  // one sentence
     Dev deviation;
+    std::string change;  // as LargestChangeText
 };
 
 // Largest cost first. Deviations that touch checks which do not govern, by numbers: "D207, D103".

@@ -36,13 +36,11 @@ double RatioOf(const Checks& checks, CheckId id)
     return checks[id].present ? checks[id].ir : 0;
 }
 
-double LargestOf(const Checks& checks, std::span<const CheckId> ids)
+CheckId LargestOf(const Checks& checks, std::span<const CheckId> ids)
 {
-    double largest = 0;
-    for (const CheckId id : ids) {
-        largest = std::max(largest, RatioOf(checks, id));
-    }
-    return largest;
+    return *std::max_element(ids.begin(), ids.end(), [&](CheckId a, CheckId b) {
+        return RatioOf(checks, a) < RatioOf(checks, b);
+    });
 }
 
 bool Above(double a, double b)
@@ -52,15 +50,28 @@ bool Above(double a, double b)
 
 struct Difference {
     bool any = false;
-    double rise = 0;  // see DeviationCost
+    double rise = 0, change = 0;  // see DeviationCost
+    CheckId most{};
 
-    void Take(double standard, double program)
+    void Take(CheckId id, double standard, double program)
     {
         if (Above(standard, program)) {
             any = true;
             rise = std::max(rise, standard / program - 1);
         }
         any = any || Above(program, standard);
+        const double by = standard == program ? 0 : standard - program;  // infinite ones too
+        if (std::abs(by) > std::abs(change)) {
+            most = id;
+            change = by;
+        }
+    }
+    // The largest of checks that stand for each other.
+    void TakeLargest(std::span<const CheckId> ids, const Checks& standard, const Checks& program)
+    {
+        const CheckId here = LargestOf(standard, ids), there = LargestOf(program, ids);
+        Take(standard[here].present ? here : there, RatioOf(standard, here),
+             RatioOf(program, there));
     }
 };
 
@@ -70,19 +81,32 @@ Difference Compare(const Checks& standard, const Checks& program)
     for (std::size_t i = 0; i < kCheckIds; ++i) {
         const auto id = static_cast<CheckId>(i);
         if (!IsInteraction(id) && id != CheckId::torsional) {
-            difference.Take(RatioOf(standard, id), RatioOf(program, id));
+            difference.Take(id, RatioOf(standard, id), RatioOf(program, id));
         }
     }
-    difference.Take(LargestOf(standard, kColumn), LargestOf(program, kColumn));
+    difference.TakeLargest(kColumn, standard, program);
     // The sum outside 6.3.3 and its equations stand for each other; rows of both are compared one
     // by one.
     if (standard[CheckId::interaction_outside].present ||
         program[CheckId::interaction_outside].present) {
-        difference.Take(LargestOf(standard, kInteraction), LargestOf(program, kInteraction));
+        difference.TakeLargest(kInteraction, standard, program);
         return difference;
     }
     for (const CheckId id : kInteraction) {
-        difference.Take(RatioOf(standard, id), RatioOf(program, id));
+        difference.Take(id, RatioOf(standard, id), RatioOf(program, id));
+    }
+    return difference;
+}
+
+Difference Compare(const StandardResult& standard, const StandardResult& program)
+{
+    Difference difference = Compare(standard.checks, program.checks);
+    if (standard.rated != program.rated) {
+        difference.any = true;
+        difference.rise = kMissing;
+    }
+    if (!standard.rated || !program.rated) {
+        difference.change = kNone;
     }
     return difference;
 }
@@ -149,7 +173,6 @@ private:
     void Begin();
     void Alone(Dev deviation);
     void Together(Dev one, Dev other);
-    bool Take(const StandardResult& from, const StandardResult& back, const DeviationCost& found);
     Trial* Find(Dev deviation);
 
     const Calculation& calculate_;
@@ -172,21 +195,8 @@ void Trials::Begin()
     }
     for (const Dev deviation : ended_) {
         result_.deviations.push_back(
-            {deviation, from_.ir, kNone, kMissing, RatiosOf(from_.checks)});
+            {deviation, from_.ir, kNone, kMissing, RatiosOf(from_.checks), {}, kNone});
     }
-}
-
-// Whether the rule of the program that `back` has makes it differ; `found` all but the rise.
-bool Trials::Take(const StandardResult& from, const StandardResult& back,
-                  const DeviationCost& found)
-{
-    const Difference difference = Compare(from.checks, back.checks);
-    if (difference.any || from.rated != back.rated) {
-        result_.deviations.push_back(found);
-        result_.deviations.back().rise = from.rated != back.rated ? kMissing : difference.rise;
-        return true;
-    }
-    return false;
 }
 
 void Trials::Alone(Dev deviation)
@@ -194,8 +204,12 @@ void Trials::Alone(Dev deviation)
     StandardResult back = With({deviation});
     const double without = back.rated ? back.ir : kNone;
     const double cost = from_.rated && back.rated ? from_.ir - back.ir : kNone;
-    const bool acts = Take(from_, back, {deviation, without, cost, 0, RatiosOf(back.checks)});
-    trials_.push_back({deviation, std::move(back), acts});
+    const Difference found = Compare(from_, back);
+    if (found.any) {
+        result_.deviations.push_back({deviation, without, cost, found.rise, RatiosOf(back.checks),
+                                      found.most, found.change});
+    }
+    trials_.push_back({deviation, std::move(back), found.any});
 }
 
 Trials::Trial* Trials::Find(Dev deviation)
@@ -206,7 +220,7 @@ Trials::Trial* Trials::Find(Dev deviation)
     return found == trials_.end() ? nullptr : &*found;
 }
 
-// Each against the rule of the program in place of the other; it has no cost of its own.
+// Each against the rule of the program in place of the other; alone it changes nothing.
 void Trials::Together(Dev one, Dev other)
 {
     Trial* const a = Find(one);
@@ -216,8 +230,12 @@ void Trials::Together(Dev one, Dev other)
     }
     const StandardResult both = With({one, other});
     for (const auto& [hidden, hiding] : {std::pair{a, b}, std::pair{b, a}}) {
-        const DeviationCost none{hidden->deviation, result_.ir, 0, 0, RatiosOf(result_.checks)};
-        hidden->acts = hidden->acts || Take(hiding->back, both, none);
+        const Difference found = Compare(hiding->back, both);
+        if (!hidden->acts && found.any) {
+            hidden->acts = true;
+            result_.deviations.push_back(
+                {hidden->deviation, result_.ir, 0, found.rise, RatiosOf(result_.checks), {}, 0});
+        }
     }
 }
 

@@ -31,6 +31,10 @@ struct DeviationCost {
     double rise;     // of the ratio of some check from the program's rule to the standard, largest
                      // of all, as a share of the first; infinite where a check is missing
     std::array<double, kCheckIds> ratios;  // of each check with the program's rule; 0 without it
+    CheckId most{};     // the check whose ratio changes most, whether it governs or not
+    double change = 0;  // the standard's ratio of it less that with the program's rule; never
+                        // smaller than `cost`; infinite where one of both is. 0: the deviation
+                        // acts only together with another one. NaN as `cost`
     bool unsafe() const { return rise > 0; }
 };
 

@@ -264,12 +264,14 @@ public:
         const int row = list_->currentRow();
         list_->clear();
         for (const DeviationRow& at : rows_) {
-            const std::string cost = !at.cost.empty() ? " " + at.cost
-                                     : at.acts        ? ", other checks"
-                                                      : "";
-            auto* const item = new QListWidgetItem(
-                ToQt(ForLocale(at.id + cost + ": " + at.text, desk_.session.decimalcomma())),
-                list_);
+            const std::string cost = !at.cost.empty()               ? " " + at.cost
+                                     : at.acts && at.change.empty() ? ", other checks"
+                                                                    : "";
+            const std::string change = at.change.empty() ? "" : " (" + at.change + ")";
+            auto* const item =
+                new QListWidgetItem(ToQt(ForLocale(at.id + cost + change + ": " + at.text,
+                                                   desk_.session.decimalcomma())),
+                                    list_);
             item->setToolTip(at.acts ? item->text() + QLatin1Char('\n') +
                                            QObject::tr("Enter or a double click explains it")
                                      : item->text());

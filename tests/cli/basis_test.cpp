@@ -58,6 +58,8 @@ TEST_F(Basis, JsonHoldsBothResults)
         EXPECT_THAT(at["id"].get<std::string>(), StartsWith("D"));
         EXPECT_FALSE(at["text"].get<std::string>().empty());
         EXPECT_TRUE(at["cost"].is_number());
+        EXPECT_GE(std::abs(at["largest_change"]["change"].get<double>()) + 1e-12,
+                  std::abs(at["cost"].get<double>()));
     }
 }
 
@@ -85,6 +87,9 @@ TEST_F(Basis, TheExitFollowsTheStandardWhereItIsAsked)
     EXPECT_TRUE(first["unsafe"]);
     EXPECT_NEAR(first["cost"], standard["ir"].get<double>() - first["without"].get<double>(),
                 1e-12);
+    // Without compression the program makes no such check: all of its ratio is the change.
+    EXPECT_EQ(first["largest_change"]["check"], "ltb");
+    EXPECT_NEAR(first["largest_change"]["change"], standard["ir"], 1e-12);
     // Whether the check is made at all concerns no other one.
     for (const json& check : standard["checks"]) {
         const json& acting = check["deviations"];

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -19,6 +20,7 @@ namespace kestrum {
 namespace {
 
 namespace fs = std::filesystem;
+using standard::CheckId;
 
 const fs::path kExamples = KESTRUM_SOURCE "/examples";
 const fs::path kFolder = kExamples / "deviations";
@@ -62,6 +64,70 @@ TEST(DeviationCosts, EveryProjectIsInTheDocument)
         EXPECT_TRUE(column.contains(name.substr(1))) << name;
     }
     EXPECT_EQ(files, column.size());
+}
+
+// The projects of examples/deviations with what acts in them.
+template <class Look> void EachProject(Look look)
+{
+    for (const auto& entry : fs::directory_iterator(kFolder)) {
+        SCOPED_TRACE(entry.path().stem().string());
+        Member s = Unloaded(1, 235);
+        ASSERT_FALSE(ReadProject(s, ReadAll(entry.path())));
+        ProjectState program = s;
+        ASSERT_TRUE(Calculate(Delivered(), program));
+        auto result = standard::CalculateStandard(Delivered(), s);
+        standard::CalculateCosts(Delivered(), s, &program, result);
+        look(result);
+    }
+}
+
+// The largest of several ratios cannot move further than the one of them that moves most; and that
+// is the one that is named. Rows that stand for each other count by the larger of them.
+TEST(DeviationCosts, NoCheckChangesMoreThanTheOneNamed)
+{
+    std::size_t elsewhere = 0;
+    EachProject([&](const standard::StandardResult& result) {
+        for (const standard::DeviationCost& at : result.deviations) {
+            SCOPED_TRACE(NameOf(at.deviation));
+            if (std::isnan(at.change) || at.change == 0) {
+                EXPECT_TRUE(std::isnan(at.cost) || at.cost == 0);
+                continue;
+            }
+            EXPECT_GE(std::abs(at.change), std::abs(at.cost) - 1e-12)
+                << "the largest ratio changes by more than any check";
+            for (std::size_t i = 0; i < standard::kSectionChecks; ++i) {
+                const auto& check = result.checks.best[i];
+                EXPECT_LE(std::abs((check.present ? check.ir : 0) - at.ratios[i]),
+                          std::abs(at.change) + 1e-12)
+                    << standard::NameOf(static_cast<CheckId>(i)) << " changes more";
+            }
+            const auto most = static_cast<std::size_t>(at.most);
+            if (most < standard::kSectionChecks) {
+                EXPECT_EQ(at.change, result.checks.best[most].ir - at.ratios[most]);
+            }
+            elsewhere += at.most != result.governing ? 1 : 0;
+        }
+    });
+    EXPECT_GT(elsewhere, 50U);
+}
+
+// Bar 200x20, S235: Npl 940 kN, Mpl 47 kNm. Half of Npl in tension leaves 47 (1 - 0.25) = 35.25 of
+// it, 20/35.25 = 0.5674; the program leaves 47 (D177), 20/47 = 0.4255: 0.1418 less. The axial force
+// alone, 0.5, then governs: 0.0674 less.
+TEST(DeviationCosts, TellTheCheckThatChangesMost)
+{
+    Member s = Unloaded(1, 235).Section(FormP28{200, 20}).EndForces(-470, 20, 0);
+    auto result = Rated(s);
+    ProjectState program = s;
+    ASSERT_TRUE(Calculate(Delivered(), program));
+    standard::CalculateCosts(Delivered(), s, &program, result);
+    const auto d177 = std::find_if(result.deviations.begin(), result.deviations.end(),
+                                   [](const auto& at) { return at.deviation == Dev::d177; });
+    ASSERT_NE(d177, result.deviations.end());
+    EXPECT_NEAR(d177->cost, 20 / 35.25 - 0.5, 1e-6);
+    EXPECT_EQ(d177->most, CheckId::section_nm) << "N with My is the check that the rule is about";
+    EXPECT_NEAR(d177->change, 20 / 35.25 - 20 / 47.0, 1e-6)
+        << "the cost is that of the largest ratio, not of the check";
 }
 
 TEST(DeviationCosts, EachActsAndCostsWhatTheDocumentSays)
