@@ -31,18 +31,6 @@ void Scale(ProjectState& s, float factor)
     }
 }
 
-// As an engineer leaves a member: the program's ratio between 0.6 and 1.1, roughly.
-void LoadFully(const Library& library, ProjectState& s, std::size_t number)
-{
-    ProjectState tried = s;
-    const bool passed = Calculate(library, tried);
-    const Outcome outcome = OutcomeOf(tried, passed);
-    const double target = 0.6 + 0.5 * static_cast<double>(number % 101) / 100;
-    if (outcome.rated() && outcome.ir > 0 && std::isfinite(outcome.ir)) {
-        Scale(s, static_cast<float>(target / outcome.ir));
-    }
-}
-
 bool Same(double a, double b)
 {
     return a == b || std::abs(a / b - 1) <= kExact;
@@ -53,11 +41,8 @@ bool Same(double a, double b)
 bool NoneActs(const Library& library, const ProjectState& s, const ProjectState* program,
               const standard::StandardResult& result)
 {
-    Basis all = Basis::Standard();
-    for (std::size_t i = 0; i < kDeviations; ++i) {
-        all.SwitchBack(static_cast<Dev>(i));
-    }
-    const standard::StandardResult back = standard::CalculateStandard(library, s, all, program);
+    const standard::StandardResult back =
+        standard::CalculateStandard(library, s, EveryRuleBack(), program);
     if (!back.rated || !Same(back.ir, result.ir)) {
         return false;
     }
@@ -78,14 +63,40 @@ bool NoneActs(const Library& library, const ProjectState& s, const ProjectState*
 
 }  // namespace
 
-void CompareBases(const Library& library, std::size_t number, int family,
-                  const Disagreement& disagreement, BothBases& sum)
+Basis EveryRuleBack()
+{
+    Basis all = Basis::Standard();
+    for (std::size_t i = 0; i < kDeviations; ++i) {
+        all.SwitchBack(static_cast<Dev>(i));
+    }
+    return all;
+}
+
+ProjectState RolledMember(const Library& library, std::size_t number, int family)
 {
     ProjectState s = RandomMember(library, number);
     s.family = static_cast<i16>(family);
     if (number % 2 == 1) {
         MakePlain(s, number / 2);
     }
+    return s;
+}
+
+void LoadFully(const Library& library, ProjectState& s, std::size_t number)
+{
+    ProjectState tried = s;
+    const bool passed = Calculate(library, tried);
+    const Outcome outcome = OutcomeOf(tried, passed);
+    const double target = 0.6 + 0.5 * static_cast<double>(number % 101) / 100;
+    if (outcome.rated() && outcome.ir > 0 && std::isfinite(outcome.ir)) {
+        Scale(s, static_cast<float>(target / outcome.ir));
+    }
+}
+
+void CompareBases(const Library& library, std::size_t number, int family,
+                  const Disagreement& disagreement, BothBases& sum)
+{
+    ProjectState s = RolledMember(library, number, family);
     LoadFully(library, s, number);
     ++sum.members;
     ProjectState designed = s;

@@ -15,6 +15,15 @@
 
 namespace kestrum {
 
+// The standard's checks with every deviation switched back to the program's rule.
+Basis EveryRuleBack();
+
+// A member of the family by its number; plain where that is odd.
+ProjectState RolledMember(const Library& library, std::size_t number, int family);
+
+// As an engineer leaves a member: the program's ratio between 0.6 and 1.1, roughly.
+void LoadFully(const Library& library, ProjectState& s, std::size_t number);
+
 struct BothBases {
     int members = 0, rated = 0, differ = 0, same_rules = 0, disagree = 0;
     double largest = 0;
