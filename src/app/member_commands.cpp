@@ -81,7 +81,7 @@ void ChooseMaterial(Session& session, int index)
 
 bool StrengthOpen(const Library& library, const ProjectState& s)
 {
-    return s.fykindex < 0 || s.fykindex >= LastMaterial(library);
+    return !IsListedGrade(library, s.fykindex);
 }
 
 void ChooseLoadCombination(Session& session, int index)

@@ -81,7 +81,7 @@ std::optional<double> Optimizer::PriceOf(std::size_t candidate, int steel, doubl
     if (!pool_.priced()) {
         return std::nullopt;
     }
-    const bool listed = steel >= 0 && steel < LastMaterial(library_);
+    const bool listed = IsListedGrade(library_, steel);
     auto& prices = prices_[listed ? static_cast<std::size_t>(steel) : prices_.size() - 1];
     if (prices.empty()) {
         for (const Candidate& each : pool_.candidates()) {
@@ -134,7 +134,7 @@ bool Optimizer::MayPass(const Candidate& candidate, std::size_t steel,
     const std::size_t steels = std::max<std::size_t>(wishes_.steels.size(), 1);
     for (std::size_t i = 0; i < group_.size(); ++i) {
         const ProjectState& s = states_[i * steels + steel];
-        const bool listed = s.fykindex >= 0 && s.fykindex < LastMaterial(library_);
+        const bool listed = IsListedGrade(library_, s.fykindex);
         const auto grade = static_cast<std::size_t>(s.fykindex);
         const double fy =
             listed ? std::max(library_.materials[grade].fy40, library_.materials[grade].fyover)

@@ -89,9 +89,14 @@ int LastMaterial(const Library& library)
     return static_cast<int>(library.materials.size()) - 1;
 }
 
+bool IsListedGrade(const Library& library, int index)
+{
+    return index >= 0 && index < LastMaterial(library);
+}
+
 void SetMaterial(const Library& library, Settings& settings, SectionRecord& section, int index)
 {
-    if (index >= 0 && index < LastMaterial(library)) {
+    if (IsListedGrade(library, index)) {
         const Material& material = library.materials[static_cast<std::size_t>(index)];
         settings.fyk = section.tmax <= kThick ? material.fy40 : material.fyover;
     }

@@ -31,6 +31,9 @@ std::optional<FileFault> CheckMaterialList(std::string_view bytes);
 // Index of the last row, the user's own value; -1 for an empty list.
 int LastMaterial(const Library& library);
 
+// Whether the index names a grade of the list; else the strength is a typed one.
+bool IsListedGrade(const Library& library, int index);
+
 // fyk of the row for the thickness tmax (up to 40 mm inclusive, over it); the last row, and any
 // index outside the list, leave fyk as typed. Then fyd = fyk/gammam0 and eps = sqrt(235/fyk).
 //

@@ -27,7 +27,7 @@ struct CurvePair {
 bool IsS460(const Library& library, const ProjectState& s, const StandardSection& q)
 {
     const int index = s.fykindex;
-    if (index >= 0 && index < LastMaterial(library)) {
+    if (IsListedGrade(library, index)) {
         return library.materials[static_cast<std::size_t>(index)].name.starts_with("S460");
     }
     return q.fy >= 460;

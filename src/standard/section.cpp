@@ -27,7 +27,7 @@ constexpr double kOrdinarySteel = 460;
 std::string_view GradeOf(const Library& library, const ProjectState& s)
 {
     const int index = s.fykindex;
-    return index >= 0 && index < LastMaterial(library)
+    return IsListedGrade(library, index)
                ? std::string_view(library.materials[static_cast<std::size_t>(index)].name)
                : std::string_view{};
 }

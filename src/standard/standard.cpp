@@ -225,11 +225,10 @@ void NameOutsideOfKind(const Library& library, const Member& m, const Checks& ch
     const ProjectState& s = m.s;
     const StandardSection& q = m.section.q;
     const bool bends = checks[CheckId::section_my].present;
-    const SectionForm& shape = Traits(s).shape;
     if (q.kind == Kind::general) {
         outside.push_back("shear buckling of a general profile, whose web is not entered: not "
                           "checked");
-        if (s.fykindex >= 0 && s.fykindex < LastMaterial(library)) {
+        if (IsListedGrade(library, s.fykindex)) {
             outside.push_back("general profile with a listed grade: the strength up to 40 mm is "
                               "taken");
         }
@@ -244,7 +243,7 @@ void NameOutsideOfKind(const Library& library, const Member& m, const Checks& ch
         outside.push_back("lateral torsional buckling of an angle: no input for restraints and "
                           "load level, checked without");
     }
-    if (q.OfStrips() && shape.lower == LowerFlange::one_side) {
+    if (Traits(s).shape.lower == LowerFlange::one_side) {
         outside.push_back("one-sided flange: bending about y and z, not about the principal axes");
     }
     if (checks[CheckId::ltb].present && q.kind == Kind::plate) {
@@ -262,8 +261,7 @@ void NameOutside(const Library& library, const Member& m, std::vector<std::strin
                           "webs: taken as the program does");
     }
     constexpr float kUkStep = 16;  // mm
-    if (s.annexindex == kAnnexUk && s.fykindex >= 0 && s.fykindex < LastMaterial(library) &&
-        s.tmax > kUkStep) {
+    if (s.annexindex == kAnnexUk && IsListedGrade(library, s.fykindex) && s.tmax > kUkStep) {
         outside.push_back("strengths by product standard of the British annex: Table 3.1 is taken");
     }
 }
