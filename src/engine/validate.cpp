@@ -2,6 +2,7 @@
 
 #include "core/field_table.h"
 #include "core/load_combination.h"
+#include "core/material.h"
 #include "core/member_choices.h"
 #include "core/project_state.h"
 #include "engine/family_routines.h"
@@ -66,19 +67,13 @@ private:
     InputFaults faults_{};
 };
 
-// Beyond the listed grades; a listed one sets the strength itself.
-bool TakesOwnStrength(const ProjectState& s, const Library& library)
-{
-    return s.fykindex < 0 || s.fykindex + 1 >= static_cast<int>(library.materials.size());
-}
-
 void CheckSettings(const ProjectState& s, const Library* library, Findings& in)
 {
     in.Within(0.5, 1.5, "gammam0", s.gammam0, "0.5 to 1.5");
     in.Within(0.5, 1.5, "gammam1", s.gammam1, "0.5 to 1.5");
     in.Within(1.0, 1.2, "neta", s.neta, "1.0 to 1.2");
     in.Within(1, 2, "method", s.method, "1 or 2");
-    if (library != nullptr && TakesOwnStrength(s, *library)) {
+    if (library != nullptr && !IsListedGrade(*library, s.fykindex)) {
         in.Within(50, 2000, "fyk", s.fyk, "50 to 2000", "MPa");
     }
     in.Require(std::isfinite(s.e) && s.e >= 1000, "e", s.e, "1000 and more", "MPa");
