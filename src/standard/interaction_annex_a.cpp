@@ -82,14 +82,20 @@ double CmA(const MemberBuckling& m, Axis axis, double inertia, double ncr)
     if (span.straight) {
         return clauses::CmStraight(span.psi, n);
     }
-    // D242: lines without end moments by one of two shapes.
-    const double known = ShapeCm(m, axis, n);
-    if (span.mh == 0 && known != 0 && !m.basis.departs(Dev::d242)) {
-        return known;
+    // D242: lines without end moments by one of two shapes. D217 is the rule of all others: the
+    // program asks for a deflection of these only.
+    constexpr double kRounding = 1e-9;
+    const bool free_ends = std::abs(span.mh) <= kRounding * std::abs(most.value);
+    if (free_ends && !m.basis.departs(Dev::d242)) {
+        if (const double known = ShapeCm(m, axis, n); known != 0) {
+            return known;
+        }
     }
-    const double deflection = m.basis.pick(
-        Dev::d217, [&] { return ServiceDeflection(m, axis, inertia); },
-        [&] { return LineOfDeflection(m, m.in.lines, axis, inertia).Largest().value; });
+    const auto own = [&] { return LineOfDeflection(m, m.in.lines, axis, inertia).Largest().value; };
+    const double deflection =
+        free_ends ? own()
+                  : m.basis.pick(
+                        Dev::d217, [&] { return ServiceDeflection(m, axis, inertia); }, own);
     if (terms != nullptr) {
         terms->deflection = deflection;
     }

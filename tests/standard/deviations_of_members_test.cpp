@@ -468,6 +468,10 @@ TEST(DeviationsOfMembers, D217DeflectionOfTheSameLoads)
     s.lfslsg = 1;  // and the deflection is largest at one of the points that the program reads
     s.supportcase = 2;
     EXPECT_NEAR(Ratio(s, CheckId::eq661), Back(s, Dev::d217, CheckId::eq661), 1e-12);
+    s.lfslsg = 0.5F;  // without end moments the program asks for no deflection (D242)
+    s.supportcase = 0;
+    EXPECT_EQ(Ratio(s, CheckId::eq661), Back(s, Dev::d217, CheckId::eq661))
+        << "D217 acts where the program's factor does not rest on a deflection";
 }
 
 // Annex A, elastic column of a closed section, two equal forces: by Table A.2 the deflection of the
