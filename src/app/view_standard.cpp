@@ -130,7 +130,7 @@ std::vector<DeviationRow> DeviationRows(const StandardResult& result, bool coste
             if (std::none_of(costs.lines.begin(), costs.lines.end(), same)) {
                 rows.push_back({std::string(NameOf(at.deviation)),
                                 {},
-                                std::string(TextOf(at.deviation)),
+                                std::string(RuleOf(at.deviation)),
                                 at.deviation,
                                 LargestChangeText(result, at)});
             }
@@ -146,7 +146,7 @@ Explanation Explain(const Library& library, const ProjectState& given, const Pro
                     const StandardResult& result, Dev deviation)
 {
     constexpr double kRounding = 1e-6;  // of a ratio
-    Explanation explanation{std::string(NameOf(deviation)), std::string(TextOf(deviation))};
+    Explanation explanation{std::string(NameOf(deviation)), std::string(RuleOf(deviation))};
     const StandardResult back =
         standard::CalculateStandard(library, given, Basis::StandardBut(deviation), program);
     std::vector<std::pair<double, ExplainedCheck>> checks;

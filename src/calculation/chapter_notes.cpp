@@ -43,7 +43,9 @@ void AddNotes(const CalculatedMember& m, Document& d)
         d.Say("None.");
     }
     for (const DesignNote& note : notes) {
-        d.Say(Strong(std::string(note.id) + "  ") + Line(note.text));
+        const auto deviation = DeviationOf(note.id);
+        d.Say(Strong(std::string(note.id) + "  ") +
+              Line(deviation ? RuleOf(*deviation) : note.text));
     }
     d.Part("What each departure costs");
     d.Say("Cost: the largest ratio of the standard, less the one that it has with this one rule of "
@@ -61,7 +63,7 @@ void AddNotes(const CalculatedMember& m, Document& d)
     for (const standard::DeviationCost& cost : m.standard.deviations) {
         table.rows.push_back({NameOf(cost.deviation), WithNumbers(SignedCost(cost.cost)),
                               WithNumbers(SignedCost(cost.change)), CheckOf(m.s, cost),
-                              TextOf(cost.deviation)});
+                              RuleOf(cost.deviation)});
     }
     d.Add(std::move(table));
 }

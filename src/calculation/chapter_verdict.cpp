@@ -4,11 +4,23 @@
 
 #include "core/check_text.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestrum {
 
 namespace {
+
+const CheckPair* GoverningPair(const CalculatedMember& m)
+{
+    const auto& pairs = CheckPairs(m.s);
+    const auto governs = [&](const CheckPair& pair) {
+        const Check* const check = LargestOf(pair, m.s.checklist);
+        return check != nullptr && check->ratio == m.outcome.ir;
+    };
+    const auto found = std::find_if(pairs.begin(), pairs.end(), governs);
+    return found == pairs.end() ? nullptr : &*found;
+}
 
 Line RatioLine(double ratio, Span::Style style = Span::Style::plain)
 {
@@ -23,7 +35,10 @@ void AddBox(const CalculatedMember& m, Document& d)
         text += Line(", IR = ") + RatioLine(outcome.ir);
     }
     if (outcome.designed() && !outcome.control.empty()) {
-        text += Line(" (" + GoverningName(m) + ", " + outcome.clause + ")");
+        const CheckPair* const pair = GoverningPair(m);
+        text += Line(
+            " (" + GoverningName(m) + ", " +
+            (pair == nullptr ? outcome.clause : ClauseOf(*LargestOf(*pair, m.s.checklist))) + ")");
     }
     d.Say(text, m.Within() ? Paragraph::Kind::verdict_good : Paragraph::Kind::verdict_bad);
     if (!outcome.message.empty()) {
@@ -34,7 +49,7 @@ void AddBox(const CalculatedMember& m, Document& d)
     if (result.rated) {
         text += Line(", IR = ") + RatioLine(result.ir) +
                 Line(" (" + NameInText(m.s, result.governing) + ", " +
-                     std::string(result.checks[result.governing].clause) + ")");
+                     ClauseOf(result.checks[result.governing]) + ")");
     }
     d.Say(text, result.rated && !result.above ? Paragraph::Kind::verdict_good
                                               : Paragraph::Kind::verdict_bad);
@@ -60,13 +75,8 @@ Line Ratio(double ratio, bool above, bool counts)
 
 std::string GoverningName(const CalculatedMember& m)
 {
-    for (const CheckPair& pair : CheckPairs(m.s)) {
-        const Check* const check = LargestOf(pair, m.s.checklist);
-        if (check != nullptr && check->ratio == m.outcome.ir) {
-            return InText(pair.name);
-        }
-    }
-    return m.outcome.control;
+    const CheckPair* const pair = GoverningPair(m);
+    return pair == nullptr ? m.outcome.control : InText(pair->name);
 }
 
 void AddVerdict(const CalculatedMember& m, Document& d)
@@ -97,11 +107,11 @@ void AddVerdict(const CalculatedMember& m, Document& d)
             continue;
         }
         const bool counts = !deflection || DeflectionCounts(m.s);
-        std::vector<Line> row{pair.name};
+        std::vector<Line> row{Line(pair.name)};
         if (check != nullptr) {
             row.insert(row.end(),
                        {Ratio(check->ratio, check->status == kAbove, counts), PlaceOf(check->place),
-                        CombinationOf(m.s, deflection), TextsOf(check->form).clause});
+                        CombinationOf(m.s, deflection), ClauseOf(*check)});
         } else {
             row.insert(row.end(), {"-", "", "", ""});
         }
@@ -110,7 +120,7 @@ void AddVerdict(const CalculatedMember& m, Document& d)
                 row.end(),
                 {Ratio(other->ir, other->ir > m.s.irlimit, counts),
                  std::isnan(other->place) ? Line() : Line("x/L = ") + NumberLine(other->place, 3),
-                 LineOf(other->load_case), other->clause});
+                 LineOf(other->load_case), ClauseOf(*other)});
         } else {
             row.insert(row.end(), {"-", "", "", ""});
         }

@@ -1,5 +1,6 @@
 #include "calculation/check_formula.h"
 
+#include "calculation/check_names.h"
 #include "core/check_text.h"
 
 #include <algorithm>
@@ -169,8 +170,7 @@ void AddCheck(Document& d, const Check& check, std::string_view lateral, Line re
     if (!behind.Empty()) {
         behind += Line(", ");
     }
-    d.Add("IR", FormulaOfCheck(check, lateral), check.ratio, "",
-          std::string(TextsOf(check.form).clause),
+    d.Add("IR", FormulaOfCheck(check, lateral), check.ratio, "", ClauseOf(check),
           behind + Line().Add(check.status == kAbove ? "ABOVE LIMIT" : "within limit",
                               check.status == kAbove ? Span::Style::bad : Span::Style::good));
 }

@@ -5,6 +5,7 @@
 #include "sections/families.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cmath>
 #include <utility>
@@ -44,7 +45,7 @@ std::vector<CheckPair> Paired(bool angle)
     std::vector<CheckPair> pairs;
     for (const auto& [title, standard] : kTitles) {
         const bool about_z = standard == S::flexural_z;
-        pairs.push_back({title,
+        pairs.push_back({std::string(title),
                          {},
                          angle && about_z            ? std::nullopt
                          : angle && title == kAboutV ? S::flexural_z
@@ -58,19 +59,47 @@ std::vector<CheckPair> Paired(bool angle)
         auto at = std::find_if(pairs.begin(), pairs.end(),
                                [id](const CheckPair& pair) { return pair.name == TitleOf(id); });
         if (at == pairs.end()) {
-            at = pairs.insert(at, {TitleOf(id), {}, std::nullopt});
+            at = pairs.insert(at, {std::string(TitleOf(id)), {}, std::nullopt});
         }
         at->program.push_back(id);
     }
     return pairs;
 }
 
+// The lower flange of a hat beam is bent along the member and across it, 6.2.1 (5).
+void NameWithoutAxialForce(bool hat, std::vector<CheckPair>& pairs)
+{
+    constexpr std::string_view kBoth = "Axial force and bending";
+    for (CheckPair& pair : pairs) {
+        if (pair.name.starts_with(kBoth)) {
+            pair.name = (hat && pair.name == kBoth ? "Bending along and across the loaded flange"
+                                                   : "Bending about both axes") +
+                        pair.name.substr(kBoth.size());
+        }
+    }
+}
+
+bool HasAxialForce(const ProjectState& s)
+{
+    return s.loadmode != 1 ? s.ne != 0 : s.nload[1] != 0 || s.nload[2] != 0 || s.nload[3] != 0;
+}
+
 }  // namespace
 
 const std::vector<CheckPair>& CheckPairs(const ProjectState& s)
 {
-    static const std::vector<CheckPair> kPairs = Paired(false), kOfAngles = Paired(true);
-    return Is(s, Kind::angle) ? kOfAngles : kPairs;
+    static const auto kPairs = [] {
+        std::array<std::vector<CheckPair>, 6> pairs;  // of sections, angles and hat beams
+        for (std::size_t i = 0; i < pairs.size(); ++i) {
+            pairs[i] = Paired(i / 2 == 1);
+            if (i % 2 == 1) {
+                NameWithoutAxialForce(i / 2 == 2, pairs[i]);
+            }
+        }
+        return pairs;
+    }();
+    const std::size_t kind = Is(s, Kind::angle) ? 1 : Is(s, Kind::hat) ? 2 : 0;
+    return kPairs[2 * kind + (HasAxialForce(s) ? 0 : 1)];
 }
 
 std::string InText(std::string_view title)
@@ -111,6 +140,18 @@ std::string WrittenRatio(double ratio)
     return !std::isfinite(ratio)         ? "infinite"
            : ratio > 0 && ratio < kSmall ? "0.000" + NumberText(std::round(ratio * kSteps), 1)
                                          : ResultText(ratio, kDigits);
+}
+
+std::string ClauseOf(const Check& check)
+{
+    const CheckText& texts = TextsOf(check.form);
+    const bool interaction = texts.id == CheckId::eq661 || texts.id == CheckId::eq662;
+    return interaction ? "6.3.3" : std::string(texts.clause);
+}
+
+std::string ClauseOf(const standard::Check& check)
+{
+    return std::string(check.clause == "interaction outside 6.3.3" ? "6.2.1 (7)" : check.clause);
 }
 
 bool GiveTheSame(const Check& program, const standard::Check& other)

@@ -17,11 +17,12 @@ namespace kestrum {
 struct ProjectState;
 
 struct CheckPair {
-    std::string_view name;
+    std::string name;
     std::vector<CheckId> program;  // the largest of them counts
     std::optional<standard::CheckId> standard;
 };
-// Of angles the standard's buckling across y is that about the principal axis v.
+// Of angles the standard's buckling across y is that about the principal axis v; without an axial
+// force no name speaks of one.
 const std::vector<CheckPair>& CheckPairs(const ProjectState& s);
 
 // "flexural buckling about y": the check of the standard in running text.
@@ -34,6 +35,11 @@ Line LineOf(const LoadCase& load_case);
 
 // A ratio with four digits: "0.7158", "1.640", "infinite".
 std::string WrittenRatio(double ratio);
+// The clause as a report cites it. The result rows of the program name 6.3.1 where 6.3.3 holds
+// without an axial force; the sum of sections outside 6.3.3 is that of 6.2.1 (7).
+std::string ClauseOf(const Check& check);
+std::string ClauseOf(const standard::Check& check);
+
 // Whether both sets of rules give the check the same ratio, as it is written.
 bool GiveTheSame(const Check& program, const standard::Check& other);
 

@@ -504,7 +504,7 @@ void AddStandardCheck(const Library& library, const ProjectState& input,
     if (const std::string costs = CostsOf(result, id); !costs.empty()) {
         where += WithNumbers("; " + costs);
     }
-    d.Add("IR_standard", ratio, check.ir, "", std::string(check.clause), std::move(where));
+    d.Add("IR_standard", ratio, check.ir, "", ClauseOf(check), std::move(where));
 }
 
 }  // namespace kestrum

@@ -133,7 +133,7 @@ std::string DeviationsJson(const StandardResult& result)
                 ("{\"id\": " + JsonText(NameOf(at.deviation)) + ", \"cost\": " + Number(at.cost) +
                  ", \"without\": " + Number(at.without) +
                  ", \"largest_change\": " + ChangeJson(at) + ", \"unsafe\": ") +
-                (at.unsafe() ? "true" : "false") + ", \"text\": " + JsonText(TextOf(at.deviation)) +
+                (at.unsafe() ? "true" : "false") + ", \"text\": " + JsonText(RuleOf(at.deviation)) +
                 "}";
     }
     return "[" + text + "]";

@@ -36,7 +36,10 @@ constexpr std::size_t kDeviations = IndexOf(Dev::d261) + 1;  // the last one
 using Deviations = std::bitset<kDeviations>;
 
 std::string_view NameOf(Dev deviation);  // "D161"
-std::string_view TextOf(Dev deviation);  // one sentence
+std::string_view TextOf(Dev deviation);  // one sentence, that of the design note
+// The rule alone, for lists with costs and reports: a deviation may act on the other side or by
+// another of its causes than the note is about.
+std::string_view RuleOf(Dev deviation);
 std::optional<Dev> DeviationOf(std::string_view name);
 
 }  // namespace kestrum

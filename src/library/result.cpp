@@ -100,7 +100,7 @@ void TakeCosts(const StandardResult& standard, kestrum_result& result)
             note.cost = note.id == id ? at.cost : note.cost;
         }
         result.deviations.push_back(
-            {id, std::string(TextOf(at.deviation)), at.cost, at.without, at.unsafe()});
+            {id, std::string(RuleOf(at.deviation)), at.cost, at.without, at.unsafe()});
     }
 }
 

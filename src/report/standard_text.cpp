@@ -115,7 +115,7 @@ CostList CostsOf(const StandardResult& result)
     for (const DeviationCost& at : result.deviations) {
         const std::string_view name = NameOf(at.deviation);
         if (Shows(at)) {
-            list.lines.push_back({name, CostFigure(at.cost), TextOf(at.deviation), at.deviation,
+            list.lines.push_back({name, CostFigure(at.cost), RuleOf(at.deviation), at.deviation,
                                   LargestChangeText(result, at)});
         } else {
             list.others += (list.others.empty() ? "" : ", ") + std::string(name);

@@ -376,6 +376,44 @@ TEST(CalculationReport, HasTheDecimalSignOfItsDocumentEverywhere)
     EXPECT_GT(numbers, 3U);
 }
 
+// L 80x40x8 in compression, bent about both legs.
+constexpr const char* kBentAngle = "family=11 section=L_80x40x8 l=1.8 nload[1]=15 qload[1]=4.5 "
+                                   "qload[2]=0.6 qdir[2]=0 loadcomb=4 loadmode=1 ";
+
+// Both moments without an axial force: no check is called one of axial force, and Eq (6.61), (6.62)
+// are those of 6.3.3 by both sets of rules.
+TEST(CalculationReport, NamesBendingAboutBothAxesWithoutAnAxialForce)
+{
+    const std::string text =
+        MarkdownOf(Member(std::string(kSettings) + "family=4 row.ipe=10 l=6 nload[1]=0 qload[1]=3 "
+                                                   "qload[2]=0.4 qdir[2]=0 selfweight=1 ltb=1 "
+                                                   "restraints=2 loadmode=1 method=1"));
+    EXPECT_EQ(text.find("Axial force and bending"), std::string::npos) << "there is no axial force";
+    for (const std::string row :
+         {"Bending about both axes of the member, y", "Bending about both axes of the member, z"}) {
+        const std::size_t at = text.find("### " + row);
+        ASSERT_NE(at, std::string::npos) << row;
+        const std::string part = text.substr(at, text.find("\n##", at + 1) - at);
+        EXPECT_NE(part.find("\\[6.3.3\\]"), std::string::npos) << row;
+        EXPECT_EQ(part.find("\\[6.3.1\\]"), std::string::npos) << row << " by another clause";
+    }
+    const std::size_t costs = text.find("### What each departure costs");
+    ASSERT_NE(text.find("| D103 |", costs), std::string::npos);
+    EXPECT_EQ(text.find("relieves", costs), std::string::npos)
+        << "the self-weight adds to the loads here";
+}
+
+// The sum outside 6.3.3 has a clause, 6.2.1 (7).
+TEST(CalculationReport, CitesTheClauseOfTheSumOutside633)
+{
+    const std::string text = MarkdownOf(Member(std::string(kSettings) + kBentAngle + "method=1"));
+    EXPECT_EQ(text.find("interaction outside"), std::string::npos);
+    const std::size_t row = text.find("| Axial force and bending, section outside 6.3.3 |");
+    ASSERT_NE(row, std::string::npos);
+    EXPECT_NE(text.substr(row, text.find('\n', row) - row).find("| 6.2.1 (7) |"),
+              std::string::npos);
+}
+
 // Bar 200x20, S235, half of Npl in tension with My 20 kNm: 20/35.25 = 0.5674 with what N leaves of
 // Mpl = 47 kNm; the program leaves all of it (D177), 20/47 = 0.4255, and N alone governs, 0.5.
 TEST(CalculationReport, TellsTheCheckThatADepartureChangesMost)
@@ -387,10 +425,6 @@ TEST(CalculationReport, TellsTheCheckThatADepartureChangesMost)
               std::string::npos)
         << text.substr(std::min(text.find("### What each departure costs"), text.size()), 900);
 }
-
-// L 80x40x8 in compression, bent about both legs.
-constexpr const char* kBentAngle = "family=11 section=L_80x40x8 l=1.8 nload[1]=15 qload[1]=4.5 "
-                                   "qload[2]=0.6 qdir[2]=0 loadcomb=4 loadmode=1 ";
 
 // Angles buckle about y and v and bend about u and v: names and symbols are of these axes, and each
 // value has its equation by both annexes.
