@@ -1,5 +1,7 @@
 #include "document/document.h"
 
+#include "document/typeset.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -126,16 +128,28 @@ void Document::Part(std::string title)
 
 void Document::Say(Line text, Paragraph::Kind kind)
 {
-    blocks.emplace_back(std::in_place_type<Paragraph>, Paragraph{std::move(text), kind});
+    blocks.emplace_back(std::in_place_type<Paragraph>, Paragraph{Typeset(text), kind});
 }
 
 void Document::Show(std::vector<Figure> figures)
 {
+    for (Figure& figure : figures) {
+        figure.caption = Typeset(figure.caption);
+    }
     blocks.emplace_back(std::in_place_type<FigureRow>, FigureRow{std::move(figures)});
 }
 
 void Document::Add(TextTable table)
 {
+    table.caption = Typeset(table.caption);
+    for (TextTable::Column& column : table.columns) {
+        column.title = Typeset(column.title);
+    }
+    if (!table.contents) {  // which has the users' own texts
+        for (std::vector<Line>& row : table.rows) {
+            std::transform(row.begin(), row.end(), row.begin(), Typeset);
+        }
+    }
     blocks.emplace_back(std::in_place_type<TextTable>, std::move(table));
 }
 
@@ -149,7 +163,7 @@ bool Document::Add(const Symbol& symbol, const Expr& formula, double value, std:
 {
     blocks.emplace_back(
         std::in_place_type<Equation>,
-        EquationOf(symbol, formula, value, std::move(unit), std::move(clause), std::move(remark)));
+        EquationOf(symbol, formula, value, std::move(unit), std::move(clause), Typeset(remark)));
     return std::get<Equation>(blocks.back()).formula != nullptr;
 }
 

@@ -71,7 +71,7 @@ struct TextTable {
     };
     std::vector<Column> columns{};
     std::vector<std::vector<Line>> rows{};
-    std::string caption{};
+    Line caption{};
     bool contents = false;  // row n leads to member n and ends with its page
 };
 
@@ -88,7 +88,7 @@ struct Equation {
 
 struct Figure {
     Drawing drawing;
-    std::string caption;
+    Line caption;
     double width = 0;  // mm on paper, at most
 };
 
@@ -110,6 +110,7 @@ struct DocumentHead {
     char decimal = '.';
 };
 
+// What is said and shown has the names of quantities in it set as in the formulas.
 struct Document {
     DocumentHead head{};
     std::vector<Block> blocks{};

@@ -60,8 +60,10 @@ public:
         out_ +=
             table.rows.size() > kOnePage ? "<div class=\"scroll long\">" : "<div class=\"scroll\">";
         out_ += names.empty() ? "<table>\n" : "<table class=\"cards\">\n";
-        if (!table.caption.empty()) {
-            out_ += "<caption><span>" + XmlText(table.caption) + "</span></caption>\n";
+        if (!table.caption.Empty()) {
+            out_ += "<caption><span>";
+            Text(table.caption);
+            out_ += "</span></caption>\n";
         }
         std::vector<Line> titles;
         for (const TextTable::Column& column : table.columns) {
@@ -98,8 +100,9 @@ public:
         for (const Figure& figure : row.figures) {
             out_ += "<figure style=\"max-width:" +
                     std::to_string(static_cast<int>(figure.width * kPixelsPerMm)) + "px\">" +
-                    SvgElement(figure.drawing, kPixelsPerMm) + "<figcaption>" +
-                    XmlText(figure.caption) + "</figcaption></figure>\n";
+                    SvgElement(figure.drawing, kPixelsPerMm) + "<figcaption>";
+            Text(figure.caption);
+            out_ += "</figcaption></figure>\n";
         }
         out_ += "</div>\n";
     }

@@ -39,8 +39,8 @@ public:
     void operator()(const TextTable& table)
     {
         EndList();
-        if (!table.caption.empty()) {
-            out_ += "**" + Escaped(table.caption) + "**\n\n";
+        if (!table.caption.Empty()) {
+            out_ += "**" + Escaped(PlainText(table.caption, document_.head.decimal)) + "**\n\n";
         }
         std::vector<Line> titles;
         std::string rule = "|";
@@ -74,7 +74,8 @@ public:
     void operator()(const FigureRow& row)
     {
         for (const Figure& figure : row.figures) {
-            out_ += "\nFigure: " + Escaped(figure.caption) + "\n\n";
+            out_ +=
+                "\nFigure: " + Escaped(PlainText(figure.caption, document_.head.decimal)) + "\n\n";
         }
     }
     void operator()(const PageBreak&) {}

@@ -79,9 +79,10 @@ public:
     }
     void operator()(const TextTable& table)
     {
-        if (!table.caption.empty()) {
+        if (!table.caption.Empty()) {
             Open("Caption");
-            body_ += XmlText(table.caption) + "</text:p>\n";
+            Text(table.caption);
+            body_ += "</text:p>\n";
         }
         const TableLayout layout = LayOutTable(table, kWidth, document_.head.decimal);
         const std::string name = "Table" + std::to_string(++tables_);
@@ -141,9 +142,11 @@ public:
                      "\" svg:height=\"" + Mm(height) + "\"><draw:image xlink:href=\"" + name +
                      "\" xlink:type=\"simple\" xlink:show=\"embed\" xlink:actuate=\"onLoad\"/>"
                      "<svg:title>" +
-                     XmlText(figure.caption) + "</svg:title></draw:frame></text:p>\n";
+                     XmlText(PlainText(figure.caption, document_.head.decimal)) +
+                     "</svg:title></draw:frame></text:p>\n";
             Open("Remark");
-            body_ += XmlText(figure.caption) + "</text:p>\n";
+            Text(figure.caption);
+            body_ += "</text:p>\n";
         }
     }
     void operator()(const PageBreak&) { break_ = true; }

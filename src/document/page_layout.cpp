@@ -193,12 +193,13 @@ private:
         return height + kFirst;
     }
     // Writes the text in lines of the width; moves below.
-    void Wrapped(const Line& text, double size, double x, double width, Ink ink = Ink::text)
+    void Wrapped(const Line& text, double size, double x, double width, Ink ink = Ink::text,
+                 bool bold = false)
     {
         for (const Line& line : WrapLine(text, size, width, document_.head.decimal)) {
             Need(size * kLine);
             y_ += size;
-            PlaceBox(Page(), LineBox(line, size, document_.head.decimal, ink), {x, y_});
+            PlaceBox(Page(), LineBox(line, size, document_.head.decimal, ink, bold), {x, y_});
             y_ += (kLine - 1) * size;
         }
     }
@@ -278,9 +279,9 @@ private:
         constexpr double kBelow = 3;
         const char decimal = document_.head.decimal;
         const double start = StartOf(layout);
-        if (!table.caption.empty()) {
+        if (!table.caption.Empty()) {
             Need(kText * kLine + start);
-            Wrapped(Strong(table.caption), kText, x, kRight - x);
+            Wrapped(table.caption, kText, x, kRight - x, Ink::text, true);
         }
         Need(start);
         const std::size_t rows = layout.rows.size();
@@ -354,7 +355,8 @@ private:
             const Figure& figure = row.figures[i];
             const double width = WidthOf(figure);
             Place(Page(), figure.drawing, {x, y_}, width / figure.drawing.width);
-            const MathBox caption = LineBox(figure.caption, kSmallText, '.', Ink::faint);
+            const MathBox caption =
+                LineBox(figure.caption, kSmallText, document_.head.decimal, Ink::faint);
             PlaceBox(Page(), caption, {x, y_ + height - 0.3 * kSmallText});
             x += width + gap;
         }

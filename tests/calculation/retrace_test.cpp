@@ -698,7 +698,7 @@ TEST(CalculationReport, HasTheEffectiveSectionOfForcesThatTheFamilyTakes)
 {
     EXPECT_FALSE(Has(ReportOfExample("f024_hsq_inner_beam"), "## Effective section"));
     const std::string plate = ReportOfExample("f056_plate_t_girder");
-    EXPECT_TRUE(Has(plate, "Plates that lose a part under sagging My"));
+    EXPECT_TRUE(Has(plate, R"(Plates that lose a part under sagging M\_y)"));
     EXPECT_FALSE(Has(plate, "Plates that lose a part in compression"));
     EXPECT_TRUE(
         Has(ReportOfExample("f022_crane_girder"), "Plates that lose a part in compression"));
@@ -708,7 +708,7 @@ TEST(CalculationReport, HasTheEffectiveSectionOfForcesThatTheFamilyTakes)
 TEST(CalculationReport, ClassesTheFlangesOfAnUnequalIBentSideways)
 {
     EXPECT_TRUE(
-        Has(ReportOfExample("f022_crane_girder"), "| Mz | top flange | 178 | 24 | 7.417 |"));
+        Has(ReportOfExample("f022_crane_girder"), R"(| M\_z | top flange | 178 | 24 | 7.417 |)"));
 }
 
 // The hat by its plate between the webs, 288 / 15 = 19.2; the flat bar as an outstand, 168 / 12
@@ -716,10 +716,25 @@ TEST(CalculationReport, ClassesTheFlangesOfAnUnequalIBentSideways)
 TEST(CalculationReport, ClassesTheSideThatAHoggingMomentCompresses)
 {
     const std::string hat = ReportOfExample("f024_hsq_inner_beam");
-    EXPECT_TRUE(Has(hat, "| My hogging | bottom flange | 288 | 15 | 19.2 |"));
+    EXPECT_TRUE(Has(hat, R"(| M\_y hogging | bottom flange | 288 | 15 | 19.2 |)"));
     EXPECT_TRUE(Has(hat, "The outstands of the bottom flange are not classified"));
     EXPECT_TRUE(Has(ReportOfExample("f051_plate_flat_bar"),
-                    "| My hogging | flat bar, tip | 168 | 12 | 14 |"));
+                    R"(| M\_y hogging | flat bar, tip | 168 | 12 | 14 |)"));
+}
+
+// In texts, titles of columns, captions and notes as in the formulas.
+TEST(CalculationReport, WritesSymbolsAndUnitsOutsideFormulasAsInThem)
+{
+    for (const char* const name : {"f022_crane_girder", "f026_t_chord", "f051_plate_flat_bar",
+                                   "f023_box_column", "f016_unp_cantilever"}) {
+        const std::string text = ReportOfExample(name);
+        for (const char* const plain : {" My ", " My,", "My1", " Mz", " Vz,", "EIz", "GIT", " zj",
+                                        " zg", "m/s2", " hw ", " tw ", " eta", " eps", "gammaM"}) {
+            EXPECT_FALSE(Has(text, plain)) << name << ": \"" << plain << '"';
+        }
+        EXPECT_TRUE(Has(text, R"(M\_y, kNm)")) << name;
+    }
+    EXPECT_TRUE(Has(ReportOfExample("f022_crane_girder"), "10 m/s², 2 % too heavy"));
 }
 
 TEST(CalculationReport, ListsTheCheckSectionsAlongTheMember)
