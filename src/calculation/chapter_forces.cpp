@@ -12,7 +12,9 @@ namespace kestrum {
 
 namespace {
 
-constexpr double kPicture = 85;  // mm
+constexpr double kPicture = 86;  // mm, two beside each other
+// Shorter than elsewhere, so that the figures beside it are as large as the text of tables.
+constexpr MemberSpan kMember{58};
 
 bool Any(const std::array<float, kDiagramPoints>& values)
 {
@@ -22,7 +24,7 @@ bool Any(const std::array<float, kDiagramPoints>& values)
 void AddDiagrams(const ProjectState& s, Document& d)
 {
     const auto add = [&](LoadAxis axis, std::string_view name) {
-        AxisPictures pictures = DrawAll(s, axis);
+        AxisPictures pictures = DrawAll(s, axis, kMember);
         d.Show({{std::move(pictures.load), "Loads along " + std::string(name), kPicture},
                 {std::move(pictures.moment),
                  std::string(axis == LoadAxis::z ? "My, Vz" : "Mz, Vy") +
@@ -31,7 +33,7 @@ void AddDiagrams(const ProjectState& s, Document& d)
     };
     const bool z = Any(s.mydiag) || Any(s.vzdiag), y = Any(s.mzdiag) || Any(s.vydiag);
     if (!z && !y) {
-        d.Show({{DrawAll(s, LoadAxis::z).load, "Loads", kPicture}});
+        d.Show({{DrawAll(s, LoadAxis::z, kMember).load, "Loads", kPicture}});
     }
     if (z) {
         add(LoadAxis::z, "z");

@@ -62,7 +62,7 @@ void AddSection(const CalculatedMember& m, Document& d)
     d.Show(
         {{DrawSection(m.s),
           ProfileOf(m) + (general ? ", a symbol: its shape is not entered" : ", dimensions in mm"),
-          75}});
+          80}});
     std::vector<Quantity> dimensions = DimensionsOf(m.s);
     const std::vector<Quantity> weights = WeightsOf(m.s);
     dimensions.insert(dimensions.end(), weights.begin(), weights.end());

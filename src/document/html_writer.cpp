@@ -98,8 +98,7 @@ public:
     {
         out_ += "<div class=\"figures\">\n";
         for (const Figure& figure : row.figures) {
-            out_ += "<figure style=\"max-width:" +
-                    std::to_string(static_cast<int>(figure.width * kPixelsPerMm)) + "px\">" +
+            out_ += "<figure style=\"--w:" + NumberText(figure.width, 4) + "mm\">" +
                     SvgElement(figure.drawing, kPixelsPerMm) + "<figcaption>";
             Text(figure.caption);
             out_ += "</figcaption></figure>\n";

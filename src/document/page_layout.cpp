@@ -19,7 +19,7 @@ constexpr double kLeft = 20, kRight = 196, kTop = 30, kBottom = 280;
 constexpr double kWidth = kRight - kLeft;
 constexpr double kText = 3.1, kSmallText = TableLayout::kText;
 constexpr double kLine = 1.35;  // of the size, from base line to base line
-constexpr double kHeadText = 2.6;
+constexpr double kHeadText = 2.6, kFootText = 2.3;
 constexpr double kTogether = 90;  // a table up to this height is not cut
 
 class Layout {
@@ -357,7 +357,7 @@ private:
             Place(Page(), figure.drawing, {x, y_}, width / figure.drawing.width);
             const MathBox caption =
                 LineBox(figure.caption, kSmallText, document_.head.decimal, Ink::faint);
-            PlaceBox(Page(), caption, {x, y_ + height - 0.3 * kSmallText});
+            PlaceBox(Page(), caption, {x, y_ + HeightOf(figure) - 0.3 * kSmallText});
             x += width + gap;
         }
         y_ += height + 2;
@@ -409,8 +409,8 @@ private:
         AddLine(page, {kLeft, 284}, {kRight, 284}, Ink::faint, 0.15);
         TextMark foot;
         foot.at = {kLeft, 284 + row};
-        foot.text = FitText(head.footer, 2.2, false, kWidth - 24);
-        foot.size = 2.2;
+        foot.text = FitText(head.footer, kFootText, false, kWidth - 24);
+        foot.size = kFootText;
         foot.ink = Ink::faint;
         page.marks.emplace_back(std::move(foot));
         write(kRight, 284 + row,

@@ -38,29 +38,28 @@ double ReferenceOf(double most, double least, const CurveSteps& steps)
     return reference;
 }
 
-Drawing Picture(double height, const AxisResults& r)
+Drawing Picture(double height, const AxisResults& r, const MemberSpan& span)
 {
     Drawing d;
-    d.width = kPictureWidth;
+    d.width = span.Picture();
     d.height = height;
     d.title = r.mname + ", " + r.vname;
     return d;
 }
 
-Drawing WithLoads(const ProjectState& s, LoadAxis axis)
+Drawing WithLoads(const ProjectState& s, LoadAxis axis, const MemberSpan& span)
 {
     const AxisResults r = ResultsOf(s, axis);
-    Drawing d = Picture(kTitle + 3 * kBandHeight + 4, r);
-    TextMark title{{kPictureWidth / 2, 3.8},
-                   r.mname + "/" + r.vname + "/Deflection (kNm/kN/mm)",
-                   kHeadingSize};
+    Drawing d = Picture(kTitle + 3 * kBandHeight + 4, r, span);
+    TextMark title{
+        {d.width / 2, 3.8}, r.mname + "/" + r.vname + "/Deflection (kNm/kN/mm)", kHeadingSize};
     title.align = Align::centre;
     title.bold = true;
     AddText(d, std::move(title));
 
     const auto top = [](int index) { return kTitle + index * kBandHeight; };
     const auto band = [&](int index, const ResultCurve& curve, CurveSteps at, double reference) {
-        return CurveBand{curve, std::move(at), reference, kOrdinate, top(index) + kBandAxis};
+        return CurveBand{curve, std::move(at), reference, kOrdinate, top(index) + kBandAxis, span};
     };
     AxisSteps steps = StepsOf(s, axis);
     const double mreference = ReferenceOf(r.mmax, r.mmin, steps.m);
@@ -75,7 +74,7 @@ Drawing WithLoads(const ProjectState& s, LoadAxis axis)
     placer.AvoidAll();
     const std::string deflection = DeflectionText(s, r.dmaxabs);
     if (!deflection.empty()) {
-        placer.Add(FigureAt({}, kPictureWidth / 2, d.height - 1.6, deflection), -1);
+        placer.Add(FigureAt(span, d.width / 2, d.height - 1.6, deflection), -1);
     }
     AddExtreme(placer, s, m, LabelOf(r.mmax, r.xmmax), true);
     AddExtreme(placer, s, m, LabelOf(r.mmin, r.xmmin), true);
@@ -86,15 +85,16 @@ Drawing WithLoads(const ProjectState& s, LoadAxis axis)
     return d;
 }
 
-Drawing WithEndForces(const ProjectState& s, LoadAxis axis)
+Drawing WithEndForces(const ProjectState& s, LoadAxis axis, const MemberSpan& span)
 {
     const AxisResults r = ResultsOf(s, axis);
     constexpr double kPitch = kTitle + kBandHeight;  // the headings are too long for the side
-    Drawing d = Picture(2 * kPitch, r);
-    const auto band = [](int index, const ResultCurve& curve) {
+    Drawing d = Picture(2 * kPitch, r, span);
+    const auto band = [&span](int index, const ResultCurve& curve) {
         const double reference =
             std::max(std::abs(1.0 * curve.front()), std::abs(1.0 * curve.back()));
-        return CurveBand{curve, {}, reference, kOrdinate, index * kPitch + kTitle + kBandAxis};
+        return CurveBand{curve, {}, reference, kOrdinate, index * kPitch + kTitle + kBandAxis,
+                         span};
     };
     const CurveBand m = band(0, r.m);
     const CurveBand v = band(1, r.v);
@@ -116,29 +116,28 @@ Drawing WithEndForces(const ProjectState& s, LoadAxis axis)
 
 Drawing DrawMyVz(const ProjectState& s)
 {
-    return WithLoads(s, LoadAxis::z);
+    return WithLoads(s, LoadAxis::z, {});
 }
 
 Drawing DrawMzVy(const ProjectState& s)
 {
-    return WithLoads(s, LoadAxis::y);
+    return WithLoads(s, LoadAxis::y, {});
 }
 
 Drawing DrawEndMyVz(const ProjectState& s)
 {
-    return WithEndForces(s, LoadAxis::z);
+    return WithEndForces(s, LoadAxis::z, {});
 }
 
 Drawing DrawEndMzVy(const ProjectState& s)
 {
-    return WithEndForces(s, LoadAxis::y);
+    return WithEndForces(s, LoadAxis::y, {});
 }
 
-AxisPictures DrawAll(const ProjectState& s, LoadAxis axis)
+AxisPictures DrawAll(const ProjectState& s, LoadAxis axis, const MemberSpan& span)
 {
-    const bool z = axis == LoadAxis::z;
-    return {z ? DrawLoadZ(s) : DrawLoadY(s),
-            InputsOf(s).loadmode == 1 ? WithLoads(s, axis) : WithEndForces(s, axis)};
+    return {DrawLoads(s, axis, span),
+            InputsOf(s).loadmode == 1 ? WithLoads(s, axis, span) : WithEndForces(s, axis, span)};
 }
 
 Drawing DrawSheet(const ProjectState& s, LoadAxis axis)

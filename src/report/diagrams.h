@@ -26,7 +26,7 @@ struct AxisPictures {
     Drawing load;    // PicLoadZ, PicLoadY
     Drawing moment;  // PicMy, PicMz
 };
-AxisPictures DrawAll(const ProjectState& s, LoadAxis axis);
+AxisPictures DrawAll(const ProjectState& s, LoadAxis axis, const MemberSpan& span = {});
 
 // Both pictures of an axis, one below the other.
 Drawing DrawSheet(const ProjectState& s, LoadAxis axis);

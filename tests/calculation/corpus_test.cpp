@@ -7,6 +7,7 @@
 #include "document/markdown_writer.h"
 #include "document/odt_writer.h"
 #include "document/page_layout.h"
+#include "report/drawing_checks.h"
 #include "support/members.h"
 #include "support/printed_formula.h"
 #include "support/report_lines.h"
@@ -64,6 +65,22 @@ void ExpectOnPaper(const LaidOut& laid)
     }
 }
 
+// Figures are read in print: letters of 7 pt, none on another or on a curve.
+void ExpectLegibleFigures(const Document& document)
+{
+    constexpr double kLeast = 7 * 25.4 / 72;
+    for (const Block& block : document.blocks) {
+        const auto* const row = std::get_if<FigureRow>(&block);
+        for (const Figure& figure : row == nullptr ? std::vector<Figure>() : row->figures) {
+            ExpectLegible(figure.drawing);
+            for (const TextMark& text : MarksOf<TextMark>(figure.drawing)) {
+                EXPECT_GE(text.size * figure.width / figure.drawing.width, kLeast)
+                    << PlainText(figure.caption) << ": " << text.text;
+            }
+        }
+    }
+}
+
 // Every third one with inputs that need not be sensible, the others as engineers design them.
 ProjectState MemberOfNumber(std::size_t number)
 {
@@ -98,6 +115,7 @@ TEST(Corpus, RandomMembersAreReportedInEveryForm)
         EXPECT_TRUE(IsNested(WriteHtml(document)));
         EXPECT_TRUE(WriteOdt(document).starts_with("PK"));
         ExpectOnPaper(LayOut(document));
+        ExpectLegibleFigures(document);
     }
     EXPECT_GT(equations, 20 * CorpusSize());
 }
