@@ -6,18 +6,46 @@ const kMost = 12;
 const kBefore = 40;
 const kLength = 180;
 
+const kGreek = {
+  α: 'alpha', β: 'beta', γ: 'gamma', δ: 'delta', ε: 'epsilon', η: 'eta', λ: 'lambda', μ: 'mu', ν: 'nu', ξ: 'xi', π: 'pi',
+  ρ: 'rho', σ: 'sigma', τ: 'tau', φ: 'phi', χ: 'chi', ψ: 'psi', ω: 'omega',
+};
+
+// "Self-weight" is found as selfweight, χ as chi, and each the other way round.
+function folded(text) {
+  return text.toLowerCase().replace(/-/g, '').replace(/[α-ω]/g, (letter) => kGreek[letter] || letter);
+}
+
+// Words begin with what is typed; the middle of one is found by four letters, so that chi is not found in machine.
+const kInside = 4;
+
+function places(text, word) {
+  let starts = 0;
+  let inside = 0;
+  for (let at = text.indexOf(word); at >= 0; at = text.indexOf(word, at + word.length)) {
+    if (at === 0 || !/[a-z0-9]/.test(text[at - 1])) {
+      starts += 1;
+    } else if (word.length >= kInside) {
+      inside += 1;
+    }
+  }
+  return { starts, inside };
+}
+
 function score(section, words) {
-  const title = section.title.toLowerCase();
-  const text = section.text.toLowerCase();
+  const title = folded(section.title);
+  const text = folded(section.text);
+  const kOften = 5;
   let sum = 0;
   for (const word of words) {
-    if (title.includes(word)) {
-      sum += 5;
-    } else if (text.includes(word)) {
-      sum += 1;
-    } else {
+    const above = places(title, word);
+    const below = places(text, word);
+    const found = 20 * Math.min(above.starts, 1) + 10 * Math.min(above.inside, 1) +
+      2 * Math.min(below.starts, kOften) + Math.min(below.inside, 1);
+    if (found === 0) {
       return 0;
     }
+    sum += found;
   }
   return sum;
 }
@@ -68,8 +96,9 @@ const field = document.getElementById('search');
 const list = document.getElementById('hits');
 
 function search() {
-  const words = field.value.toLowerCase().split(/\s+/).filter((word) => word.length > 1);
-  const hits = kPages.map((section) => ({ ...section, score: score(section, words) }))
+  const typed = field.value.toLowerCase().split(/\s+/);
+  const words = typed.filter((word) => folded(word).length > 1);
+  const hits = kPages.map((section) => ({ ...section, score: score(section, words.map(folded)) }))
     .filter((section) => section.score > 0)
     .sort((a, b) => b.score - a.score)
     .slice(0, kMost);

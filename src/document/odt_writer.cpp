@@ -85,10 +85,14 @@ public:
             body_ += "</text:p>\n";
         }
         const TableLayout layout = LayOutTable(table, kWidth, document_.head.decimal);
+        constexpr std::size_t kOnePage = 28;  // rows that stand on one
         const std::string name = "Table" + std::to_string(++tables_);
-        columns_ += "<style:style style:name=\"" + name +
-                    "\" style:family=\"table\"><style:table-properties style:width=\"" +
-                    Mm(layout.Width()) + "\" table:align=\"left\"/></style:style>\n";
+        columns_ +=
+            "<style:style style:name=\"" + name +
+            "\" style:family=\"table\"><style:table-properties style:width=\"" +
+            Mm(layout.Width()) + "\" table:align=\"left\"" +
+            (table.rows.size() > kOnePage ? "" : " style:may-break-between-rows=\"false\"") +
+            "/></style:style>\n";
         body_ += "<table:table table:name=\"" + name + "\" table:style-name=\"" + name + "\">";
         for (std::size_t i = 0; i < layout.widths.size(); ++i) {
             const std::string column = name + "." + std::to_string(i);
@@ -103,11 +107,11 @@ public:
             titles.push_back(column.title);
         }
         body_ += "<table:table-header-rows>";
-        Row(table, titles, "Head", 0);
+        Row(table, titles, true, 0);
         body_ += "</table:table-header-rows>";
         int member = 0;
         for (const std::vector<Line>& row : table.rows) {
-            Row(table, row, "Body", table.contents ? ++member : 0);
+            Row(table, row, false, table.contents ? ++member : 0);
         }
         body_ += "</table:table>\n";
         Open("Standard");
@@ -180,13 +184,13 @@ private:
                  "\" xlink:type=\"simple\" xlink:show=\"embed\" xlink:actuate=\"onLoad\"/>"
                  "</draw:frame> ";
     }
-    void Row(const TextTable& table, std::span<const Line> cells, std::string_view style,
-             int member)
+    void Row(const TextTable& table, std::span<const Line> cells, bool titles, int member)
     {
-        body_ += "<table:table-row>";
+        body_ += "<table:table-row table:style-name=\"Rows\">";
         for (std::size_t i = 0; i < table.columns.size(); ++i) {
-            body_.append("<table:table-cell table:style-name=\"").append(style).append("\">");
-            Open(table.columns[i].right ? "Right" : "Cell");
+            body_ += titles ? "<table:table-cell table:style-name=\"Head\">"
+                            : "<table:table-cell table:style-name=\"Body\">";
+            Open(std::string(titles ? "Title" : "") + (table.columns[i].right ? "Right" : "Cell"));
             const bool link = member > 0 && i == 0;
             body_ +=
                 link ? "<text:a xlink:type=\"simple\" xlink:href=\"#" + MemberName(member) + "\">"

@@ -143,9 +143,10 @@ private:
 
     double HeightOf(const Paragraph& paragraph) const
     {
+        const double size = paragraph.kind == Paragraph::Kind::remark ? kSmallText : kText;
         const std::size_t lines =
-            WrapLine(paragraph.text, kText, kWidth, document_.head.decimal).size();
-        return static_cast<double>(lines) * kText * kLine + 1;
+            WrapLine(paragraph.text, size, kWidth, document_.head.decimal).size();
+        return static_cast<double>(lines) * size * kLine + 1;
     }
 
     Drawing& Page() { return out_.pages.back(); }
@@ -168,8 +169,8 @@ private:
     // lines of anything else; what leads to them with it.
     double Following() const
     {
-        constexpr double kLead = 5, kFirst = 11;
-        double height = 0;
+        constexpr double kFirst = 11, kRounding = 0.01;  // what is added in another order later
+        double height = kRounding;
         int texts = 0;
         for (std::size_t i = at_ + 1; i < document_.blocks.size(); ++i) {
             const Block& block = document_.blocks[i];
@@ -177,7 +178,7 @@ private:
                 return height + HeightOf(*figures) + 3;
             }
             if (std::holds_alternative<TextTable>(block)) {
-                return height + kLead + TablesAt(i).height;
+                return height + TablesAt(i).height;
             }
             if (const auto* const equation = std::get_if<Equation>(&block)) {
                 return height + HeightOf(*equation);
@@ -250,11 +251,14 @@ private:
     };
     Beside TablesAt(std::size_t block) const
     {
-        constexpr double kCaption = 6, kGives = 0.1;  // of its width, the second
+        constexpr double kGives = 0.1;  // of its width, the second
         const char decimal = document_.head.decimal;
-        Beside tables{
-            LayOutTable(std::get<TextTable>(document_.blocks[block]), kWidth, decimal), {}, 0};
-        tables.height = StartOf(tables.first);
+        const auto& table = std::get<TextTable>(document_.blocks[block]);
+        const auto with_caption = [](const TextTable& of, double height) {
+            return height + (of.caption.Empty() ? 0 : kText * kLine);
+        };
+        Beside tables{LayOutTable(table, kWidth, decimal), {}, 0};
+        tables.height = with_caption(table, StartOf(tables.first));
         const auto* const other = block + 1 < document_.blocks.size()
                                       ? std::get_if<TextTable>(&document_.blocks[block + 1])
                                       : nullptr;
@@ -266,7 +270,8 @@ private:
         if (second.Width() > room && room >= (1 - kGives) * second.Width()) {
             second = LayOutTable(*other, room, decimal);
         }
-        const double height = std::max(tables.first.Height(), second.Height()) + kCaption;
+        const double height = std::max(with_caption(table, tables.first.Height()),
+                                       with_caption(*other, second.Height()));
         if (second.Width() <= room && height <= kBottom - kTop) {
             tables.second = std::move(second);
             tables.height = height;

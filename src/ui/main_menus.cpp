@@ -83,8 +83,12 @@ QString GuideTopic(const QWidget* control)
         if (!name.isEmpty() && (qobject_cast<const QDialog*>(at) != nullptr || name == "members")) {
             const bool section =
                 name.size() > 1 && name[0] == QLatin1Char('p') && name[1].isDigit();
+            const bool result = name == "equations";
             return QStringLiteral("guide/%1.html#form-%2")
-                .arg(section ? QStringLiteral("sections") : QStringLiteral("forms"), name);
+                .arg(QLatin1String(section  ? "sections"
+                                   : result ? "results"
+                                            : "forms"),
+                     name);
         }
     }
     return QStringLiteral("guide/index.html");

@@ -309,6 +309,25 @@ TEST(Odt, HoldsTextFormulasAndPagesOfTheDocument)
     EXPECT_NE(bytes.find("text:outline-level=\"2\">Chapter</text:h>"), std::string::npos);
 }
 
+// A table of a few rows stands on one page, a long one has its titles on each; no row is cut.
+TEST(Odt, KeepsShortTablesWhole)
+{
+    Document d;
+    d.Add(TextTable{.columns = {{"Short"}, {"x", true}}, .rows = {{"row", "1"}, {"row", "2"}}});
+    const std::string whole = "style:may-break-between-rows=\"false\"";
+    std::string bytes = WriteOdt(d);
+    EXPECT_NE(bytes.find(whole), std::string::npos);
+    EXPECT_NE(bytes.find("<text:p text:style-name=\"TitleRight\">x</text:p>"), std::string::npos);
+    EXPECT_NE(bytes.find("<text:p text:style-name=\"Right\">1</text:p>"), std::string::npos);
+    EXPECT_NE(bytes.find("<table:table-row table:style-name=\"Rows\">"), std::string::npos);
+    TextTable rows{.columns = {{"Long"}}};
+    rows.rows.assign(60, {"row"});
+    d.blocks.clear();
+    d.Add(std::move(rows));
+    bytes = WriteOdt(d);
+    EXPECT_EQ(bytes.find(whole), std::string::npos) << "it would leave the page";
+}
+
 TEST(Office, ReadsItsLines)
 {
     Office office;

@@ -25,6 +25,9 @@
 #include <QRadioButton>
 #include <QUrl>
 
+#include <string>
+#include <string_view>
+
 namespace kestrum {
 
 namespace {
@@ -181,6 +184,43 @@ TEST_F(Program, TheGuideOpensAtTheTopicOfTheForm)
     QTest::keyClick(&box, Qt::Key_F1);
     Settle();
     EXPECT_THAT(script.opened, testing::ElementsAre("/nowhere/guide/forms.html#form-setup"));
+}
+
+// F1 in each form leads to the section of the guide that has its picture, where its name is a
+// place.
+TEST_F(Program, TheGuideHasATopicForEveryForm)
+{
+    const auto has = [](const std::string& page, const std::string& picture) {
+        QFile file(QString::fromStdString(KESTRUM_SOURCE "/docs/guide/" + page + ".md"));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << page;
+        return file.readAll().contains(("(pictures/" + picture + ".png)").c_str());
+    };
+    session.edit().modal = 1;
+    for (const std::string_view name : MainWindow::FormNames()) {
+        session.edit().family = 6;  // has a vortex form
+        for (const FamilyTraits& family : Families()) {
+            if (family.form == name) {
+                session.edit().family = static_cast<i16>(family.id);
+            }
+        }
+        session.Calculate();
+        SCOPED_TRACE(std::string(name));
+        Form& form = Open(name);
+        form.activateWindow();
+        Settle();
+        script.opened.clear();
+        QTest::keyClick(form.focusWidget() != nullptr ? form.focusWidget() : &form, Qt::Key_F1);
+        Settle();
+        const std::string topic = "form-" + std::string(name);
+        ASSERT_EQ(script.opened.size(), 1U);
+        const std::string place = script.opened.front();
+        const std::string guide = "/nowhere/guide/";
+        const std::size_t end = place.find(".html#" + topic);
+        ASSERT_NE(end, std::string::npos) << place;
+        EXPECT_TRUE(has(place.substr(guide.size(), end - guide.size()), topic))
+            << place << " does not show the form";
+        form.close();
+    }
 }
 
 // What is entered stands in the user's file and is there the next time.

@@ -136,9 +136,33 @@ def check(kestrum):
             labels = details(kestrum, project)
             faults += [f'{path.name}: the table of details has no row {name}' for name in told if name not in labels]
             faults += [f'{path.name}: the row {name} is missing' for name in labels if name not in told]
+    faults += searched()
     for fault in faults:
         print(fault, file=sys.stderr)
     sys.exit(1 if faults else 0)
+
+
+# What users type into the search field of the guide, and the section that must be among what is found.
+SEARCHED = {
+    'hsq': 'Hat beam, slabs on both sides',
+    'selfweight': 'Loading',
+    'psi': 'Setup',
+    'unit': 'Units and signs',
+    'excel': 'More results',
+    'chi': 'The panel',
+}
+
+
+def searched():
+    """The words in the sections of the guide as its search field reads them: without hyphens, from the start of a word."""
+    faults = []
+    for word, title in SEARCHED.items():
+        found = [found for path in sorted((ROOT / 'docs/guide').glob('*.md'))
+                 for found, text in re.findall(r'^#+ (?:\d\. )?(.*?)$(.*?)(?=^#+ |\Z)', path.read_text(encoding='utf-8'), re.M | re.S)
+                 if re.search(r'\b' + word, (found + text).lower().replace('-', ''))]
+        if title not in found:
+            faults.append(f'docs/guide: a search for {word} does not find "{title}", but {found}')
+    return faults
 
 
 CLAUSE = re.compile(r'(?:(EN 199\d(?:-\d+)*), )?(Annex [A-Z]|Table [A-Z]?\.?\d+(?:\.\d+)*|Eq \(?\d+\.\d+[a-z]?\)?'
