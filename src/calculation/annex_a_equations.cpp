@@ -83,7 +83,10 @@ void AnnexA::Plasticity()
         Add("n_pl", Sym("N_Ed", v_.ned) / Sym("N_Rd", v_.resistance), v_.npl, v_.npl_remark);
     const Expr lamz = Sym("~λ_z", v_.lamz);
     const Expr lam = Add("~λ_max", Largest({Sym("~λ_y", v_.lamy), lamz}), v_.lammax);
-    const Expr my = Sym("M_y,Ed", v_.my) / (Sym("χ_LT", v_.chilt) * Sym("M_pl,y,Rd", v_.mply));
+    const Expr strength = Sym("f_y", v_.fy) / Sym(v_.gamma_symbol, v_.gamma) * Ten(-6);
+    d_.Add("M_pl,y,Rd", wply * strength, v_.mply, "kNm", kA1);
+    d_.Add("M_pl,z,Rd", wplz * strength, v_.mplz, "kNm", kA1);
+    const Expr my = Sym("M_y,Ed", v_.my) / (Sym(v_.lateral, v_.chilt) * Sym("M_pl,y,Rd", v_.mply));
     const Expr mz = Sym("M_z,Ed", v_.mz) / Sym("M_pl,z,Rd", v_.mplz);
     const Expr four = Power(lamz, Num(4)), five = Num(5);
     const Expr blt = Add("b_LT", 0.5 * alt_ * Square(lam0_) * my * mz, v_.blt);

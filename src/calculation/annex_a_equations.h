@@ -5,6 +5,7 @@
 #include "document/document.h"
 
 #include <limits>
+#include <string_view>
 
 namespace kestrum {
 
@@ -18,13 +19,16 @@ struct AnnexAValues {
     double a, it, iy, wely, wply, welz, wplz;
     double a_eps, w_eps;  // of eps_y
     double resistance;    // of n_pl
-    double mply, mplz;    // with gamma_M1
+    double mply, mplz;    // with the factor below
+    double fy, gamma;
+    const char* gamma_symbol;
     double chiy, chiz, chilt, lamy, lamz;
     double lam0, c1;
     double cmy0, cmz0, cmy, cmz, cmlt;
     bool twists, plastic_y, plastic_z;
     double kyy, kyz, kzy, kzz;
     const char* npl_remark = "";
+    std::string_view lateral = "χ_LT";  // its symbol
     double alt = kUnknown, epsy = kUnknown, muy = kUnknown, muz = kUnknown;
     double wy = kUnknown, wz = kUnknown, npl = kUnknown, lammax = kUnknown;
     double blt = kUnknown, clt = kUnknown, dlt = kUnknown, elt = kUnknown;

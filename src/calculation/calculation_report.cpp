@@ -39,7 +39,9 @@ void AddMember(const CalculatedMember& m, Document& d)
     AddActions(m, d);
     if (m.outcome.designed()) {
         AddClasses(m, d);
-        AddEffectiveSection(m, d);
+    }
+    AddEffectiveSection(m, d);
+    if (m.outcome.designed()) {
         AddForces(m, d);
         AddResistances(m, d);
     }

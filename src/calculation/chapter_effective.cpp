@@ -370,26 +370,50 @@ void Effective::BendingZ()
     d_.Add("W_eff,z", i / z, s_.weffz, "mm3", "6.2.5 (2), Eq (6.15)", "D160");
 }
 
+// Actions that put the section into class 4 by the standard and are checked, also where they do not
+// by the rules of the program.
+EffectiveStates StatesOf(const CalculatedMember& m, const standard::EffectiveStudy& study)
+{
+    using standard::CheckId;
+    const auto slender = [&](const standard::ActingForces& forces) {
+        return standard::ClassOf(study.section, forces, Basis::Standard()) == 4;
+    };
+    const standard::Checks& checks = m.standard.checks;
+    const standard::Check& n = checks[CheckId::section_n];
+    constexpr double kCompression = 1;  // N
+    return {.compression = n.present && n.clause.starts_with("6.2.4") &&
+                           slender({kCompression, false, false, false}),
+            .bending_y = !study.section.Angle() && checks[CheckId::section_my].present &&
+                         (slender({0, true, false, false}) || slender({0, false, true, false}))};
+}
+
 }  // namespace
 
 void AddEffectiveSection(const CalculatedMember& m, Document& d)
 {
     const ProjectState& s = m.s;
-    const bool n = s.classn == 4 && Traits(s).carries.offered.n;
-    const bool y = s.classmy == 4 || s.classmytop == 4 || s.classmybot == 4;
-    const bool z = s.classmz == 4;
+    const bool designed = m.outcome.designed();  // else the rules of the program have no classes
+    const bool n = designed && s.classn == 4 && Traits(s).carries.offered.n;
+    const bool y = designed && (s.classmy == 4 || s.classmytop == 4 || s.classmybot == 4);
+    const bool z = designed && s.classmz == 4;
     const bool entered = Is(s, Kind::general) || Is(s, Kind::tube) || Is(s, Kind::flat);
-    if (entered || !(n || y || z)) {
+    if (entered) {
         return;
     }
+    const auto study = standard::EffectiveStudyOf(m.library, m.input);
+    EffectiveStates states = study ? StatesOf(m, *study) : EffectiveStates{};
+    if (!(n || y || z || states.compression || states.bending_y)) {
+        return;
+    }
+    states.compression = states.compression || n;
+    states.bending_y = states.bending_y || y;
     d.Chapter("Effective section, class 4");
     d.Say(
         "Plates lose the part of their compressed width that buckles, EN 1993-1-5, 4.4; lengths in "
         "mm, distances from the compressed edge.",
         Paragraph::Kind::remark);
-    const auto study = standard::EffectiveStudyOf(m.library, m.input);
     if (study) {
-        AddEffectiveFigures(s, *study, n, d);
+        AddEffectiveFigures(s, *study, states.compression, d);
     }
     Effective effective(s, d);
     if (n) {
@@ -403,7 +427,7 @@ void AddEffectiveSection(const CalculatedMember& m, Document& d)
     }
     if (study) {
         d.Part("By EN 1993-1-1 as written");
-        AddStandardEffective(*study, {.compression = n, .bending_y = y}, d);
+        AddStandardEffective(*study, states, d);
     }
 }
 

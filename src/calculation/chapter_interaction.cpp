@@ -146,6 +146,9 @@ AnnexAValues AnnexAOf(const ProjectState& s)
             .resistance = s.ncrd,
             .mply = s.mplyrd * factor,
             .mplz = s.mplzrd * factor,
+            .fy = s.fyk,
+            .gamma = s.gammam1,
+            .gamma_symbol = "γ_M1",
             .chiy = s.chiy,
             .chiz = s.chiz,
             .chilt = s.xlt,
@@ -166,6 +169,7 @@ AnnexAValues AnnexAOf(const ProjectState& s)
             .kzy = s.kzy,
             .kzz = s.kzz,
             .npl_remark = "D219",
+            .lateral = LateralSymbol(s),
             .alt = s.alt,
             .epsy = s.epsy,
             .muy = s.muy,
@@ -341,7 +345,13 @@ void AddInteractionFactors(const ProjectState& s, Document& d)
         AddCm0(f, true);
         AddCm0(f, false);
         AddUniformSlenderness(f);
-        AddAnnexAFactors(AnnexAOf(s), d);
+        const AnnexAValues values = AnnexAOf(s);
+        if (!StagesOf(s).lateral) {
+            const char* const why = "no lateral torsional buckling";
+            d.Add("C_1", values.c1, "", std::string(kA1), why);
+            d.Add(std::string(values.lateral), values.chilt, "", "6.3.2.1 (2)", why);
+        }
+        AddAnnexAFactors(values, d);
     } else {
         AddAnnexB(f);
     }

@@ -67,7 +67,17 @@ void AddSection(const CalculatedMember& m, Document& d)
     const std::vector<Quantity> weights = WeightsOf(m.s);
     dimensions.insert(dimensions.end(), weights.begin(), weights.end());
     d.Add(QuantityTable("Dimensions", dimensions));
-    d.Add(QuantityTable("Properties", SectionPropertiesOf(m.s)));
+    std::vector<Quantity> properties = SectionPropertiesOf(m.s);
+    const auto add = [&](const char* symbol, double value, const char* unit) {
+        properties.push_back({symbol, NumberText(value, 6), unit});
+    };
+    if (general) {  // as entered
+        add("Aw", m.s.aweb, "mm2");
+        add("Af", m.s.aflange, "mm2");
+    } else if (m.s.hw > 0 && !Is(m.s, Kind::tube, Kind::flat, Kind::angle)) {
+        add("hw", m.s.hw, "mm");
+    }
+    d.Add(QuantityTable("Properties", properties));
 }
 
 }  // namespace kestrum

@@ -6,11 +6,14 @@
 #include "calculation/standard_shear.h"
 #include "calculation/units.h"
 #include "core/member_choices.h"
+#include "sections/families.h"
 #include "standard/check_study.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
+#include <string>
 
 namespace kestrum {
 
@@ -46,8 +49,10 @@ std::string CostsOf(const standard::StandardResult& result, standard::CheckId id
 
 class AtSection {
 public:
-    AtSection(const CheckStudy& study, standard::CheckId id, Document& d)
-        : t_(*study.at_section), q_(study.section), effective_(study.effective), id_(id), d_(d)
+    AtSection(const ProjectState& input, const LoadFactors& factors, const CheckStudy& study,
+              standard::CheckId id, Document& d)
+        : input_(input), factors_(factors), t_(*study.at_section), q_(study.section),
+          effective_(study.effective), id_(id), d_(d)
     {
     }
     // The formula of the ratio, after what leads to it; null where it is told by its value alone.
@@ -66,6 +71,7 @@ private:
     Expr Linear();
     Expr Plastic();
     Expr Web();
+    void AddFlangeLoad();
     Expr ShareOfPlates(bool y) const;
     Expr LostInShear(const bool* y, bool plastic) const;
     void AddSheared(const std::string& symbol, std::string_view whole, double left, bool moment);
@@ -76,6 +82,8 @@ private:
     Expr Whole(const char* symbol, const char* modulus, double value, bool moment,
                const char* clause);
 
+    const ProjectState& input_;
+    const LoadFactors& factors_;
     const SectionTerms& t_;
     const StandardSection& q_;
     const standard::EffectiveValues& effective_;
@@ -412,6 +420,7 @@ Expr AtSection::Combined()
     Rho(false);
     if (t_.across > 0) {
         const Expr along = Step(d_, "η_1", Linear(), "", "6.2.1 (7)", "along the member");
+        AddFlangeLoad();
         d_.Add("η_2",
                4 * Sym("q", t_.flange_load) * Num(60) /
                    (Strength() * Square(Sym("t_bot", q_.bottom.t))),
@@ -421,6 +430,31 @@ Expr AtSection::Combined()
         return Root(Square(along) + Square(across) + along * across);
     }
     return t_.rule == Rule::linear ? Linear() : Plastic();
+}
+
+// The uniform loads of the combination that rest on one side of the lower flange.
+void AtSection::AddFlangeLoad()
+{
+    constexpr std::array kFactors = {"F_G", "F_Q1", "F_Q2"};
+    const standard::MemberLoads loads = standard::LoadsOf(input_, Basis::Standard());
+    Expr sum;
+    for (std::size_t i = 0; i < loads.count; ++i) {
+        const standard::Load& load = loads.load[i];
+        const bool whole = !load.point && load.line.x1 == 0 && load.line.x2 == input_.l;
+        const double factor = standard::FactorOn(factors_, load.category);
+        if (load.about_y && whole && load.line.q1 == load.line.q2 && factor != 0) {
+            const Expr part = Sym(kFactors[static_cast<std::size_t>(load.category)], factor) *
+                              Sym("q_" + std::to_string(i + 1), load.line.q1);
+            sum = sum == nullptr ? part : sum + part;
+        }
+    }
+    const bool both = Traits(input_).shape.lower == LowerFlange::both_sides;
+    if (sum != nullptr && both) {
+        sum = Sym("p", input_.flangeload) / Num(100) * sum;
+    }
+    d_.Add("q", sum, t_.flange_load, "kN/m", "",
+           both ? "uniform loads, factored; p percent of them on the loaded side"
+                : "uniform loads, factored");
 }
 
 // EN 1993-1-5, 7.1 (1).
@@ -485,7 +519,7 @@ void AddStandardCheck(const Library& library, const ProjectState& input,
     const auto study = standard::CheckStudyOf(library, input, id, check);
     Expr ratio;
     if (study && study->at_section) {
-        ratio = AtSection(*study, id, d).Ratio();
+        ratio = AtSection(input, check.load_case.factors, *study, id, d).Ratio();
     } else if (study && study->of_member) {
         ratio = StandardMemberRatio(input, *study, id, d);
     } else if (study && study->deflection) {

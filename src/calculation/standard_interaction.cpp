@@ -1,5 +1,6 @@
 #include "calculation/annex_a_equations.h"
 #include "calculation/member_equations.h"
+#include "calculation/standard_lateral.h"
 
 #include <algorithm>
 #include <cmath>
@@ -94,6 +95,9 @@ void MemberEquations::AnnexA()
            t_.mz > 0 ? "" : "no moment about this axis");
     if (a.twists) {
         UniformSlenderness();
+        if (t_.lateral.mcr > 0) {
+            AddC1(t_.lateral.piece, q_, d_);
+        }
     }
     AddAnnexAFactors({.ned = a.ned / kNewton,
                       .ncry = a.ncry / kNewton,
@@ -114,6 +118,9 @@ void MemberEquations::AnnexA()
                       .resistance = a.nrk / kNewton,
                       .mply = a.mply / kNmm,
                       .mplz = a.mplz / kNmm,
+                      .fy = q_.fy,
+                      .gamma = q_.gammam0,
+                      .gamma_symbol = "γ_M0",
                       .chiy = a.chiy,
                       .chiz = a.chiz,
                       .chilt = a.chilt,

@@ -74,10 +74,10 @@ void AddTabulatedKc(const standard::TabulatedShape& row, Document& d)
     d.Add("k_c", formula, row.Kc(), "", "6.3.2.3 (2), Table 6.6", name());
 }
 
-// kc by C1 of the piece that holds the largest moment, between forks.
-void AddKcOfPiece(const standard::LateralResult& r, const StandardSection& q, Document& d)
+}  // namespace
+
+void AddC1(const standard::PieceTerms& piece, const StandardSection& q, Document& d)
 {
-    const standard::PieceTerms& piece = r.piece;
     if (piece.length > 0) {
         const Expr l = Sym("L_1", piece.length / 1e3), e = Sym("E", q.e);
         const Expr inertia = Sym(q.Angle() ? "I_v" : "I_z", q.Angle() ? q.angle.iv : q.iz);
@@ -98,6 +98,14 @@ void AddKcOfPiece(const standard::LateralResult& r, const StandardSection& q, Do
     } else {
         d.Add("C_1", piece.c1, "", "", "as entered");
     }
+}
+
+namespace {
+
+void AddKcOfPiece(const standard::LateralResult& r, const StandardSection& q, Document& d)
+{
+    const standard::PieceTerms& piece = r.piece;
+    AddC1(piece, q, d);
     d.Add("k_c", Least({Num(1), 1 / Root(Sym("C_1", piece.c1))}), r.kc, "", "6.3.2.3 (2)");
 }
 

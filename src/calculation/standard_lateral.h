@@ -13,4 +13,7 @@ void AddStandardLateral(const ProjectState& input, const standard::LateralResult
                         const standard::NumericalStudy* study, const standard::StandardSection& q,
                         Document& d);
 
+// C1 of the piece that holds the largest moment, between forks.
+void AddC1(const standard::PieceTerms& piece, const standard::StandardSection& q, Document& d);
+
 }  // namespace kestrum

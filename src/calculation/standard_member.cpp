@@ -2,11 +2,35 @@
 
 #include "calculation/member_equations.h"
 #include "calculation/standard_lateral.h"
+#include "clauses/flexural.h"
 
 #include <cmath>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace kestrum {
+
+namespace {
+
+// "curve c, Table 6.2".
+std::string CurveOf(double imperfection)
+{
+    using clauses::BucklingCurve;
+    constexpr std::pair<BucklingCurve, const char*> kCurves[] = {{BucklingCurve::a0, "a0"},
+                                                                 {BucklingCurve::a, "a"},
+                                                                 {BucklingCurve::b, "b"},
+                                                                 {BucklingCurve::c, "c"},
+                                                                 {BucklingCurve::d, "d"}};
+    for (const auto& [curve, name] : kCurves) {
+        if (clauses::Imperfection(curve) == imperfection) {
+            return "curve " + std::string(name) + ", Table 6.2";
+        }
+    }
+    return {};
+}
+
+}  // namespace
 
 Expr MemberEquations::Resistance(const std::string& symbol, const Expr& chi,
                                  const standard::Reductions& r)
@@ -55,7 +79,7 @@ Expr MemberEquations::Reduction(bool y, const standard::Reductions& r)
                    alpha = Sym("α", y ? t_.curves.y : t_.curves.z);
         const Expr phi =
             Step(d_, "Φ_" + n, 0.5 * (1 + alpha * (slenderness - Num(0.2)) + Square(slenderness)),
-                 "", "6.3.1.2 (1)");
+                 "", "6.3.1.2 (1)", CurveOf(y ? t_.curves.y : t_.curves.z));
         d_.Add(symbol, Least({Num(1), 1 / (phi + Root(Square(phi) - Square(slenderness)))}), chi,
                "", "6.3.1.2 (1), Eq (6.49)");
     } else {
@@ -131,8 +155,8 @@ Expr MemberEquations::TorsionalReduction(const standard::Reductions& r)
            "6.3.1.4 (2), Eq (6.52)");
     const Expr lam = Sym("~λ_T", r.lamt), alpha = Sym("α_z", t_.curves.z);
     if (r.lamt > 0.2) {
-        const Expr phi =
-            Step(d_, "Φ_T", 0.5 * (1 + alpha * (lam - Num(0.2)) + Square(lam)), "", "6.3.1.2 (1)");
+        const Expr phi = Step(d_, "Φ_T", 0.5 * (1 + alpha * (lam - Num(0.2)) + Square(lam)), "",
+                              "6.3.1.2 (1)", CurveOf(t_.curves.z));
         d_.Add("χ_T", Least({Num(1), 1 / (phi + Root(Square(phi) - Square(lam)))}), r.chit, "",
                "6.3.1.2 (1), Eq (6.49)");
     } else {

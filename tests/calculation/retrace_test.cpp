@@ -94,7 +94,7 @@ bool MayStandAlone(const Printed& printed)
         {"C_mLT", {"does not twist", "within its limit"}},
         {"M_f,Rd", {"the whole web is compressed"}},
         {"z_g", {"loads above the shear centre"}},
-        {"C_1", {"as entered"}},
+        {"C_1", {"as entered", "no lateral torsional buckling"}},
         {"C_2", {"as entered"}},
         {"C_3", {"as entered"}},
         {"α", {"fixed by the kind", "from y to the axis u"}},
@@ -138,6 +138,78 @@ TEST(Retrace, ValuesWithoutFormulaSayWhy)
         }
     }
     EXPECT_GT(alone, 20U);
+}
+
+// Formulas of a report, "A·f_y/γ_M0", without their numbers.
+std::vector<std::string> FormulasOf(const std::string& markdown)
+{
+    std::vector<std::string> formulas;
+    for (std::size_t at = 0; (at = markdown.find("\n- `", at)) != std::string::npos; ++at) {
+        const std::size_t first = markdown.find(" = ", at) + 3;
+        const std::size_t next = markdown.find(" = ", first);
+        if (next < markdown.find('`', at + 4)) {
+            formulas.push_back(markdown.substr(first, next - first));
+        }
+    }
+    return formulas;
+}
+
+bool Holds(const std::string& formula, const std::string& symbol)
+{
+    constexpr std::string_view kEnds = "·/()+-^;| ";
+    for (std::size_t at = 0; (at = formula.find(symbol, at)) != std::string::npos; ++at) {
+        const std::string before = " " + formula.substr(0, at);
+        const std::string behind = formula.substr(at + symbol.size()) + " ";
+        if (kEnds.find(behind.front()) != std::string_view::npos &&
+            (kEnds.find(before.back()) != std::string_view::npos || before.ends_with("·"))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// A value that a formula takes has an equation of its own or stands in a table.
+TEST(Retrace, WhatFormulasTakeStandsInTheReport)
+{
+    const std::string common = std::string(kSettings) + "loadmode=1 loadcomb=4 ";
+    const std::vector<std::string> members = {
+        // class 4 by the standard alone, whose outstands are longer; Annex A with a twisting member
+        "family=4 row.ipe=10 l=5 nload[1]=100 qload[1]=5 ltb=1 loadlevel=1 method=1 ltbcurve=1",
+        "family=11 section=L_80x40x8 l=1.8 nload[1]=15 qload[1]=4.5 method=1",
+        "family=24 l=8 nload[1]=0 qload[1]=30",
+        "family=10 section=L_35x3 l=0.7 nload[1]=10 qload[1]=0.5 method=2"};
+    const std::vector<std::string> symbols = {
+        "A_eff", "h_w", "A_w", "A_f", "q",    "χ",         "χ_y",       "χ_z",
+        "χ_v",   "χ_T", "C_1", "k_c", "χ_LT", "M_pl,y,Rd", "M_pl,z,Rd", "N_cr,T"};
+    std::vector<std::string> reports;
+    for (const std::string& member : members) {
+        reports.push_back(MarkdownOf(Member(common + member)));
+    }
+    for (const auto& entry : fs::directory_iterator(KESTRUM_SOURCE "/examples")) {
+        if (entry.path().extension() == ".kst") {
+            reports.push_back(MarkdownOf(ProjectOf(entry.path())));
+        }
+    }
+    std::size_t taken = 0;
+    for (const std::string& text : reports) {
+        SCOPED_TRACE(text.substr(text.find("# Calc"), 60));
+        const std::vector<std::string> formulas = FormulasOf(text);
+        for (const std::string& symbol : symbols) {
+            if (std::none_of(formulas.begin(), formulas.end(),
+                             [&](const std::string& formula) { return Holds(formula, symbol); })) {
+                continue;
+            }
+            ++taken;
+            std::string row = symbol;  // as a cell writes it
+            for (std::size_t at = 0; (at = row.find('_', at)) != std::string::npos; at += 2) {
+                row.insert(at, "\\");
+            }
+            EXPECT_TRUE(text.find("`" + symbol + " = ") != std::string::npos ||
+                        text.find("| " + row + " |") != std::string::npos)
+                << symbol << " comes from nowhere";
+        }
+    }
+    EXPECT_GT(taken, 150U);
 }
 
 // A ratio without its formula would be one that nobody can retrace.
