@@ -57,9 +57,11 @@ void AddNotes(const CalculatedMember& m, Document& d)
                                : "The second set of rules gives no result to compare with.");
         return;
     }
-    TextTable table{
-        .columns = {
-            {"Number"}, {"Cost", true}, {"Largest change", true}, {"of the check"}, {"Departure"}}};
+    TextTable table{.columns = {{"Number"},
+                                {"Cost", true},
+                                {"Largest change", true},
+                                {"of the check", false, 1.5},
+                                {"Departure", false, 3}}};
     for (const standard::DeviationCost& cost : m.standard.deviations) {
         table.rows.push_back({NameOf(cost.deviation), WithNumbers(SignedCost(cost.cost)),
                               WithNumbers(SignedCost(cost.change)), CheckOf(m.s, cost),

@@ -330,6 +330,8 @@ void AddShearResistanceZ(const ProjectState& s, Document& d)
         AddShearBuckling(s, q, d);
     } else if (s.vbrd != s.vplzrd) {
         d.Add("V_z,Rd", s.vbrd, "kN", "6.2.6");
+    } else {
+        d.Add("V_z,Rd", plastic, s.vplzrd, "kN", "6.2.6 (2)");
     }
 }
 
@@ -354,6 +356,8 @@ void AddShearResistanceY(const ProjectState& s, Document& d)
                             Line(Symbol("V_pl,y,Rd")) + Line("; D152"));
     } else if (used != 0 && std::abs(used - value) > 1e-6 * value) {
         AddWallShear(s, q, false, d);
+    } else {
+        d.Add("V_y,Rd", plastic, value, "kN", "6.2.6 (2)");
     }
 }
 

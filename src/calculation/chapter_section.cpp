@@ -71,6 +71,11 @@ void AddSection(const CalculatedMember& m, Document& d)
     const auto add = [&](const char* symbol, double value, const char* unit) {
         properties.push_back({symbol, NumberText(value, 6), unit});
     };
+    const bool sides = std::any_of(properties.begin(), properties.end(),
+                                   [](const Quantity& at) { return at.symbol == "Wel,y,top"; });
+    if (sides) {  // the smaller of both, that of a moment of either sign
+        add("Wel,y", m.s.wely, "mm3");
+    }
     if (general) {  // as entered
         add("Aw", m.s.aweb, "mm2");
         add("Af", m.s.aflange, "mm2");

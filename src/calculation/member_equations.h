@@ -37,8 +37,8 @@ private:
     Expr LeastResistance();
     Expr Amplified(bool y, const Expr& resistance);
     Expr LateralReduction();
-    Expr MomentY();
-    Expr MomentZ();
+    Expr Modulus(bool y);
+    Expr Moment(bool y);
     void AnnexA();
     void AnnexB();
     void AddTorsionalForces();

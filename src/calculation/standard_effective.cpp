@@ -214,7 +214,13 @@ Expr Effective::Turned(const Expr& yc, const Expr& zc)
         Step(d_, "tan 2α", 2 * iyz / (iz - iy), "", "");
     }
     d_.Add("α", alpha, "°", "", "from y to the axis u of the effective section");
-    return Sym("α", alpha);
+    const Expr turned = Sym("α", alpha);
+    const Expr mixed = 2 * iyz * Sine(turned) * Cosine(turned);
+    d_.Add("I_u,eff", iy * Square(Cosine(turned)) + iz * Square(Sine(turned)) - mixed,
+           study_.angle.iu, "mm4", "EN 1993-1-5, 4.4 (3)");
+    d_.Add("I_v,eff", iy * Square(Sine(turned)) + iz * Square(Cosine(turned)) + mixed,
+           study_.angle.iv, "mm4", "EN 1993-1-5, 4.4 (3)");
+    return turned;
 }
 
 // Whether an upright outstand loses its tip at the edge `edge` from the centroid.

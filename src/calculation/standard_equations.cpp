@@ -211,11 +211,12 @@ Expr AtSection::Corner(const standard::CornerTerms& c)
     const char* const turned = "turned to the principal axes";
     d_.Add("M_u,Ed", my * Cosine(alpha) + mz * Sine(alpha), mu, "kNm", "6.2.1 (5)", turned);
     d_.Add("M_v,Ed", mz * Cosine(alpha) - my * Sine(alpha), mv, "kNm", "6.2.1 (5)", turned);
-    Expr stress = Sym("M_u,Ed", mu) * Ten(6) * Sym("w", clean(c.w)) / Sym("I_u", c.iu) -
-                  Sym("M_v,Ed", mv) * Ten(6) * Sym("s", clean(c.s)) / Sym("I_v", c.iv);
+    const bool whole = c.a == q_.a;
+    Expr stress =
+        Sym("M_u,Ed", mu) * Ten(6) * Sym("w", clean(c.w)) / Sym(whole ? "I_u" : "I_u,eff", c.iu) -
+        Sym("M_v,Ed", mv) * Ten(6) * Sym("s", clean(c.s)) / Sym(whole ? "I_v" : "I_v,eff", c.iv);
     if (c.n != 0) {
-        stress =
-            Sym("N_Ed", c.n / kNewton) * Ten(3) / Sym(c.a == q_.a ? "A" : "A_eff", c.a) + stress;
+        stress = Sym("N_Ed", c.n / kNewton) * Ten(3) / Sym(whole ? "A" : "A_eff", c.a) + stress;
     }
     const Expr sigma = Step(d_, "σ", Size(stress), "MPa", "6.2.1 (5)");
     Expr strength = Sym("f_y", q_.fy);

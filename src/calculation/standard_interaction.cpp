@@ -30,16 +30,36 @@ std::string MemberEquations::About(std::string_view symbol) const
     return name;
 }
 
-// M_y,Rk of the class over the partial factor, kNm.
-Expr MemberEquations::MomentY()
+// The modulus of the class by its name in the chapters before.
+Expr MemberEquations::Modulus(bool y)
 {
-    return Step(d_, About("M_y,Rk"), Sym(About("W_y"), t_.wy) * Sym("f_y", q_.fy) * Ten(kToKnm),
-                "kNm", "6.3.3, Table 6.7");
+    const double w = y ? t_.wy : t_.wz;
+    if (q_.Angle()) {
+        const Basis standard = Basis::Standard();
+        const standard::AngleSection angle = t_.cls == 4 ? standard::EffectiveAngle(q_, standard)
+                                                         : standard::WholeAngle(q_, standard);
+        const double inertia = y ? angle.iu : angle.iv;
+        const std::string symbol = std::string(y ? "I_u" : "I_v") + (angle.Shifted() ? ",eff" : "");
+        const char* const modulus = y ? "W_u" : "W_v";
+        d_.Add(modulus, Sym(symbol, inertia) / Sym("e_max", inertia / w), w, "mm3", "6.2.1 (5)",
+               "of the furthest corner");
+        return Sym(modulus, w);
+    }
+    const bool plastic = w == (y ? q_.wply : q_.wplz);
+    const bool elastic = y ? w == q_.Wely(true) || w == q_.Wely(false) : w == q_.LeastWelz();
+    const std::string kind = plastic ? "pl," : elastic ? "el," : t_.cls == 4 ? "eff," : "";
+    const bool sides = elastic && y && q_.above != q_.below;
+    return Sym("W_" + kind + (y ? "y" : "z") +
+                   (!sides               ? ""
+                    : w == q_.Wely(true) ? ",top"
+                                         : ",bot"),
+               w);
 }
 
-Expr MemberEquations::MomentZ()
+// M_Rk of the class, kNm.
+Expr MemberEquations::Moment(bool y)
 {
-    return Step(d_, About("M_z,Rk"), Sym(About("W_z"), t_.wz) * Sym("f_y", q_.fy) * Ten(kToKnm),
+    return Step(d_, About(y ? "M_y,Rk" : "M_z,Rk"), Modulus(y) * Sym("f_y", q_.fy) * Ten(kToKnm),
                 "kNm", "6.3.3, Table 6.7");
 }
 
@@ -234,11 +254,11 @@ Expr MemberEquations::Interaction(bool y)
     if (t_.my > 0) {
         const Expr chi = LateralReduction();
         const Expr k = y ? Sym("k_yy", t_.k.kyy) : Sym("k_zy", t_.k.kzy);
-        add(k * Sym("M_y,Ed", t_.my / kNmm) * gamma / (chi * MomentY()));
+        add(k * Sym("M_y,Ed", t_.my / kNmm) * gamma / (chi * Moment(true)));
     }
     if (t_.mz > 0) {
         const Expr k = y ? Sym("k_yz", t_.k.kyz) : Sym("k_zz", t_.k.kzz);
-        add(k * Sym("M_z,Ed", t_.mz / kNmm) * gamma / MomentZ());
+        add(k * Sym("M_z,Ed", t_.mz / kNmm) * gamma / Moment(false));
     }
     return sum;
 }
@@ -282,10 +302,10 @@ Expr MemberEquations::Outside()
     }
     if (t_.my > kNoMoment || t_.shift_y > kNoMoment) {
         const Expr chi = LateralReduction();
-        add(Amplified(true, chi * MomentY()));
+        add(Amplified(true, chi * Moment(true)));
     }
     if (t_.mz > kNoMoment || t_.shift_z > kNoMoment) {
-        add(Amplified(false, MomentZ()));
+        add(Amplified(false, Moment(false)));
     }
     return sum;
 }

@@ -179,8 +179,9 @@ TEST(Retrace, WhatFormulasTakeStandsInTheReport)
         "family=24 l=8 nload[1]=0 qload[1]=30",
         "family=10 section=L_35x3 l=0.7 nload[1]=10 qload[1]=0.5 method=2"};
     const std::vector<std::string> symbols = {
-        "A_eff", "h_w", "A_w", "A_f", "q",    "χ",         "χ_y",       "χ_z",
-        "χ_v",   "χ_T", "C_1", "k_c", "χ_LT", "M_pl,y,Rd", "M_pl,z,Rd", "N_cr,T"};
+        "A_eff",  "h_w",    "A_w",    "A_f",    "q",         "χ",         "χ_y",    "χ_z",   "χ_v",
+        "χ_T",    "C_1",    "k_c",    "χ_LT",   "M_pl,y,Rd", "M_pl,z,Rd", "N_cr,T", "W_u",   "W_v",
+        "W_pl,y", "W_pl,z", "W_el,y", "W_el,z", "W_eff,y",   "W_eff,z",   "V_z,Rd", "V_y,Rd"};
     std::vector<std::string> reports;
     for (const std::string& member : members) {
         reports.push_back(MarkdownOf(Member(common + member)));
