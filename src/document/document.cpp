@@ -1,5 +1,6 @@
 #include "document/document.h"
 
+#include "core/decimal_points.h"
 #include "document/typeset.h"
 
 #include <algorithm>
@@ -17,6 +18,39 @@ bool Retraces(const Expr& formula, int digits, std::string_view value)
     constexpr double kShare = 0.99;
     const double found = Evaluate(formula, digits);
     return std::abs(found - NumberOf(value)) <= kShare * LastDigitOf(value);
+}
+
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+// The numbers that have these points are spans of their own.
+Line Parted(std::string_view text, const std::vector<std::size_t>& points, Span::Style style)
+{
+    Line line;
+    std::size_t done = 0;
+    for (const std::size_t point : points) {
+        std::size_t from = point, to = point + 1;
+        while (from > done && IsDigit(text[from - 1])) {
+            --from;
+        }
+        while (to < text.size() && IsDigit(text[to])) {
+            ++to;
+        }
+        if (from == point) {
+            continue;  // 1.2.3
+        }
+        if (from > done) {
+            line.Add(std::string(text.substr(done, from - done)), style);
+        }
+        line.Add(std::string(text.substr(from, to - from)), style, true);
+        done = to;
+    }
+    if (done < text.size()) {
+        line.Add(std::string(text.substr(done)), style);
+    }
+    return line;
 }
 
 }  // namespace
@@ -59,29 +93,20 @@ Line NumberLine(double value, int digits)
 
 Line WithNumbers(std::string_view text, Span::Style style)
 {
-    constexpr std::string_view kDigits = "0123456789";
-    Line line;
-    std::size_t done = 0;
+    std::vector<std::size_t> points;
     for (std::size_t point = text.find('.'); point != std::string_view::npos;
          point = text.find('.', point + 1)) {
-        std::size_t from = point;
-        while (from > done && kDigits.find(text[from - 1]) != std::string_view::npos) {
-            --from;
+        const bool within = point > 0 && point + 1 < text.size();
+        if (within && IsDigit(text[point - 1]) && IsDigit(text[point + 1])) {
+            points.push_back(point);
         }
-        const std::size_t to = std::min(text.find_first_not_of(kDigits, point + 1), text.size());
-        if (from == point || to == point + 1) {
-            continue;
-        }
-        if (from > done) {
-            line.Add(std::string(text.substr(done, from - done)), style);
-        }
-        line.Add(std::string(text.substr(from, to - from)), style, true);
-        done = to;
     }
-    if (done < text.size()) {
-        line.Add(std::string(text.substr(done)), style);
-    }
-    return line;
+    return Parted(text, points, style);
+}
+
+Line Sentence(std::string_view text, Span::Style style)
+{
+    return Parted(text, DecimalPoints(text), style);
 }
 
 Equation EquationOf(const Symbol& symbol, const Expr& formula, double value, std::string unit,

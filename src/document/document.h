@@ -50,6 +50,8 @@ Line Strong(std::string text);
 Line NumberLine(double value, int digits = 5);
 // A text without numbers of clauses: what has a decimal point in it is a number.
 Line WithNumbers(std::string_view text, Span::Style style = Span::Style::plain);
+// The same of a text with clauses in it, which keep their points.
+Line Sentence(std::string_view text, Span::Style style = Span::Style::plain);
 std::string PlainText(const Line& line, char decimal = '.');
 
 struct Heading {
