@@ -1,6 +1,7 @@
 #include "calculation/calculation_report.h"
 
 #include "calculation/chapters.h"
+#include "core/load_combination.h"
 #include "core/project_state.h"
 #include "core/version.h"
 #include "report/both_bases.h"
@@ -15,6 +16,20 @@ namespace {
 
 constexpr int kRatioDigits = 4;
 
+// A pass that stops in Eq (6.10a) or (6.10b) leaves open in which of them: by its axial force.
+i16 EquationStopped(const ProjectState& s)
+{
+    const auto missed = [&](int equation) {
+        const LoadFactors f = StrengthFactors(s, s, equation);
+        double n = 0;
+        for (std::size_t i = 1; i < s.nload.size(); ++i) {
+            n += s.nload[i] * (s.ntype[i] == 0 ? f.g : s.ntype[i] == 1 ? f.q1 : f.q2);
+        }
+        return std::abs(n - s.ned);
+    };
+    return missed(kEq610a) <= missed(kEq610b) ? 1 : 2;
+}
+
 CalculatedMember CalculateMember(const Library& library, const ProjectState& project, bool vortex)
 {
     CalculatedMember m{.library = library,
@@ -28,6 +43,9 @@ CalculatedMember CalculateMember(const Library& library, const ProjectState& pro
     m.standard = std::move(both.standard);
     m.outcome = OutcomeOf(m.s, both.well);
     m.stages = StagesOf(m.s);
+    if (m.outcome.verdict == Verdict::unstable && m.s.loadcomb == kEq610ab) {
+        m.s.governing = EquationStopped(m.s);
+    }
     return m;
 }
 
@@ -37,7 +55,7 @@ void AddMember(const CalculatedMember& m, Document& d)
     AddInputs(m, d);
     AddSection(m, d);
     AddActions(m, d);
-    if (m.outcome.designed()) {
+    if (m.HasSection()) {
         AddClasses(m, d);
     }
     AddEffectiveSection(m, d);

@@ -1,9 +1,8 @@
 #include "calculation/chapters.h"
 #include "calculation/check_names.h"
+#include "calculation/given_loads.h"
 
 #include "core/load_combination.h"
-#include "report/diagrams.h"
-#include "report/page_loading.h"
 #include "standard/cases.h"
 
 namespace kestrum {
@@ -48,6 +47,25 @@ void AddStrength(const ProjectState& s, Document& d)
     }
 }
 
+// The same of serviceability, where they are not 1.
+void AddService(const ProjectState& s, Document& d)
+{
+    const LoadFactors f = ServiceFactors(s, s.loadcomb);
+    switch (s.loadcomb) {
+    case kUserFactors:
+        for (const auto& [symbol, factor] :
+             {std::pair{"F_G,SLS", f.g}, {"F_Q1,SLS", f.q1}, {"F_Q2,SLS", f.q2}}) {
+            d.Add(symbol, factor, "", "", "as entered");
+        }
+        return;
+    case kBasicLoads:
+        return;
+    default:
+        d.Add("F_Q2,SLS", Sym("ψ_Q2", s.psi2), f.q2, "", "EN 1990, Eq (6.14)",
+              "deflections; G and Q1 have 1");
+    }
+}
+
 // "Eq 6.10: LC = 1.35*G + 1.5*Q1": a number is what multiplies.
 Line WithFactors(const std::string& text)
 {
@@ -69,38 +87,6 @@ bool SameCase(const LoadCase& a, const LoadCase& b)
            a.factors == b.factors;
 }
 
-void AddLoadTable(const ProjectState& s, int direction, Document& d)
-{
-    const std::vector<LoadRow> rows = LoadRowsOf(s, direction);
-    if (rows.empty()) {
-        return;
-    }
-    TextTable table{
-        .columns = {{"Load"}, {"kN/m, kN, kNm", true}, {"x, x1/x2 (m)", true}, {"Category"}},
-        .caption = direction == 1 ? "Loads along z" : "Loads along y"};
-    for (const LoadRow& row : rows) {
-        table.rows.push_back(
-            {row.load, WithNumbers(row.value), WithNumbers(row.position), row.category});
-    }
-    d.Add(std::move(table));
-}
-
-void AddEndForces(const ProjectState& s, Document& d)
-{
-    TextTable table{.columns = {{"End"},
-                                {"N, kN", true},
-                                {"My, kNm", true},
-                                {"Vz, kN", true},
-                                {"Mz, kNm", true},
-                                {"Vy, kN", true}},
-                    .caption = "Given end forces, design values"};
-    table.rows.push_back({"1", NumberLine(s.ne), NumberLine(s.my1), NumberLine(s.vz1),
-                          NumberLine(s.mz1), NumberLine(s.vy1)});
-    table.rows.push_back({"2", NumberLine(s.ne), NumberLine(s.my2), NumberLine(s.vz2),
-                          NumberLine(s.mz2), NumberLine(s.vy2)});
-    d.Add(std::move(table));
-}
-
 // The arrangements of EN 1990 with what each gives, and the checks that it governs.
 void AddCases(const CalculatedMember& m, Document& d)
 {
@@ -108,17 +94,19 @@ void AddCases(const CalculatedMember& m, Document& d)
     if (cases.empty()) {
         return;
     }
-    d.Part("Combinations by EN 1990 as written");
-    d.Say("Every arrangement is calculated for itself; each check keeps the one with its largest "
-          "ratio, which stands at the check.",
+    const bool loads = m.s.loadmode == 1;
+    d.Part(loads ? "Combinations by EN 1990 as written" : "The case of EN 1993-1-1 as written");
+    d.Say(loads ? "Every arrangement is calculated for itself; each check keeps the one with its "
+                  "largest ratio, which stands at the check."
+                : "Given end forces are design values: one case, without factors.",
           Paragraph::Kind::remark);
-    TextTable table{.columns = {{"Combination"},
-                                {"G", true},
-                                {"Q1", true},
-                                {"Q2", true},
-                                {"largest IR", true},
-                                {"of its check", false, 1.5},
-                                {"governs", false, 2.5}}};
+    TextTable table{.columns = {{loads ? "Combination" : "Case"}}};
+    if (loads) {
+        table.columns.insert(table.columns.end(), {{"G", true}, {"Q1", true}, {"Q2", true}});
+    }
+    table.columns.insert(
+        table.columns.end(),
+        {{"largest IR", true}, {"of its check", false, 1.5}, {"governs", false, 2.5}});
     for (const standard::CaseResult& one : cases) {
         std::string governs;
         for (std::size_t i = 0; i < standard::kCheckIds; ++i) {
@@ -130,15 +118,17 @@ void AddCases(const CalculatedMember& m, Document& d)
             }
         }
         const LoadFactors& f = one.load_case.factors;
-        const bool loads = m.s.loadmode == 1;  // forces at the ends are design values
-        const auto factor = [&](double value) { return loads ? NumberLine(value) : Line("-"); };
         Line name = LineOf(one.load_case);
         if (one.load_case.rule == CaseRule::user) {
             name += Line(one.service ? ", SLS" : ", ULS");
         }
-        table.rows.push_back({std::move(name), factor(f.g), factor(f.q1), factor(f.q2),
-                              one.rated ? WithNumbers(ResultText(one.ir, 4)) : Line("-"),
-                              one.rated ? NameInText(m.s, one.governing) : "", governs});
+        std::vector<Line> row{std::move(name)};
+        if (loads) {
+            row.insert(row.end(), {NumberLine(f.g), NumberLine(f.q1), NumberLine(f.q2)});
+        }
+        row.insert(row.end(), {one.rated ? WithNumbers(ResultText(one.ir, 4)) : Line("-"),
+                               one.rated ? NameInText(m.s, one.governing) : "", governs});
+        table.rows.push_back(std::move(row));
     }
     d.Add(std::move(table));
 }
@@ -160,36 +150,29 @@ std::string CombinationOf(const ProjectState& s, bool service)
     return service ? "6.14a" : rule == kEq610 ? "6.10" : rule == kEq610a ? "6.10a" : "6.10b";
 }
 
-void AddActions(const CalculatedMember& m, Document& d)
+void AddLoading(const CalculatedMember& m, Document& d)
 {
     const ProjectState& s = m.s;
-    d.Chapter("Actions");
+    AddGivenLoads(m, d);
     if (s.loadmode != 1) {
-        AddEndForces(s, d);
-    } else {
-        d.Say("G permanent, Q1 leading variable, Q2 other variable actions; characteristic values.",
-              Paragraph::Kind::remark);
-        const std::string axial = AxialLoads(s);
-        if (!axial.empty()) {
-            d.Say(WithNumbers("Axial forces, kN: " + axial));
-        }
-        AddLoadTable(s, 1, d);
-        AddLoadTable(s, 0, d);
-        d.Say(s.selfweight == 1 ? Line("Self-weight of the member is included: ") +
-                                      NumberLine(s.qload[0], 4) + Line(" kN/m.")
-                                : Line("Self-weight of the member is not included."));
-        d.Part("Combination by the rules of the program");
-        d.Say(WithFactors(GoverningText(s)));
-        d.Say(s.loadcomb == kEq610ab
-                  ? "Eq (6.10a) and (6.10b) were both calculated; the one with the larger ratio "
-                    "governs, and all ratios of the program are of it."
-                  : "All ratios of the program are of this combination.");
-        AddStrength(s, d);
+        return;
     }
+    d.Part("Combination by the rules of the program");
+    d.Say(WithFactors(GoverningText(s)));
+    d.Say(!m.outcome.designed() ? "The calculation of the program stops in this combination."
+          : s.loadcomb == kEq610ab
+              ? "Eq (6.10a) and (6.10b) were both calculated; the one with the larger ratio "
+                "governs, and all ratios of the program are of it."
+              : "All ratios of the program are of this combination.");
+    AddStrength(s, d);
+    AddService(s, d);
+}
+
+void AddActions(const CalculatedMember& m, Document& d)
+{
+    d.Chapter("Actions");
+    AddLoading(m, d);
     AddCases(m, d);
-    for (const std::string& load : m.outcome.dropped) {
-        d.Say(WithNumbers("Not in this result: " + load, Span::Style::bad));
-    }
 }
 
 }  // namespace kestrum

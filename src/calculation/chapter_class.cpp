@@ -182,10 +182,11 @@ std::vector<Plate> PlatesOf(const ProjectState& s)
     }
 }
 
-// 23 marks a web of class 3 that counts as class 2, 6.2.2.4.
+constexpr i16 kUpgraded = 23;  // a web of class 3 that counts as class 2, 6.2.2.4
+
 i16 Plain(i16 cls)
 {
-    constexpr i16 kUpgraded = 23, kUpgradedFrom = 3;
+    constexpr i16 kUpgradedFrom = 3;
     return cls == kUpgraded ? kUpgradedFrom : cls;
 }
 
@@ -259,7 +260,8 @@ void AddClasses(const CalculatedMember& m, Document& d)
     std::string classes;
     const auto add = [&](std::string_view action, i16 cls) {
         classes += (classes.empty() ? "Class under " : ", under ") + std::string(action) + ": " +
-                   std::to_string(Plain(cls));
+                   std::to_string(Plain(cls)) +
+                   (cls == kUpgraded ? " (its web counts as class 2, 6.2.2.4)" : "");
     };
     if (Traits(s).carries.offered.n) {
         add(kN, s.classn);

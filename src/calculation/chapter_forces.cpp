@@ -1,5 +1,6 @@
 #include "calculation/chapters.h"
 
+#include "core/member_choices.h"
 #include "report/diagrams.h"
 
 #include <algorithm>
@@ -25,15 +26,17 @@ void AddDiagrams(const ProjectState& s, Document& d)
 {
     const auto add = [&](LoadAxis axis, std::string_view name) {
         AxisPictures pictures = DrawAll(s, axis, kMember);
-        d.Show({{std::move(pictures.load), "Loads along " + std::string(name), kPicture},
-                {std::move(pictures.moment),
-                 std::string(axis == LoadAxis::z ? "My, Vz" : "Mz, Vy") +
-                     (s.loadmode == 1 ? " and deflection" : ""),
-                 kPicture}});
+        const std::string lines = axis == LoadAxis::z ? "My, Vz" : "Mz, Vy";
+        const bool loads = s.loadmode == 1;
+        d.Show(
+            {{std::move(pictures.load),
+              loads ? "Loads along " + std::string(name) : "Given end forces, " + lines, kPicture},
+             {std::move(pictures.moment), lines + (loads ? " and deflection" : ""), kPicture}});
     };
     const bool z = Any(s.mydiag) || Any(s.vzdiag), y = Any(s.mzdiag) || Any(s.vydiag);
     if (!z && !y) {
-        d.Show({{DrawAll(s, LoadAxis::z, kMember).load, "Loads", kPicture}});
+        d.Show({{DrawAll(s, LoadAxis::z, kMember).load, s.loadmode == 1 ? "Loads" : "Given end forces",
+                 kPicture}});
     }
     if (z) {
         add(LoadAxis::z, "z");
@@ -86,7 +89,9 @@ void AddTable(const ProjectState& s, Document& d)
                                 {"Vz, kN", true},
                                 {"Mz, kNm", true},
                                 {"Vy, kN", true}},
-                    .caption = "Internal forces at the check sections, design values"};
+                    .caption = "Internal forces at the check sections, design values, " +
+                               std::string(s.loadmode == 1 ? "combination " : "") +
+                               CombinationOf(s, false)};
     const double my = Largest(s.mysec, count), vz = Largest(s.vzsec, count);
     const double mz = Largest(s.mzsec, count), vy = Largest(s.vysec, count);
     for (const std::size_t k : Sections(s, count)) {
@@ -98,6 +103,17 @@ void AddTable(const ProjectState& s, Document& d)
     d.Add(std::move(table));
 }
 
+// What the signs in table and diagrams mean. The ratios take the size of a shear force.
+std::string SignsOf(const ProjectState& s)
+{
+    const std::string moments = "My and Mz are positive where they sag; ";
+    return moments + (s.loadmode != 1 ? "V has the sign that was entered."
+                      : s.supportcase == SupportCase::cantilever
+                          ? "V of the cantilever, which is held at x = 0, has the sign opposite to "
+                            "the slope of the moment line: V = -dM/dx."
+                          : "V is the slope of the moment line: V = dM/dx.");
+}
+
 }  // namespace
 
 void AddForces(const CalculatedMember& m, Document& d)
@@ -106,6 +122,7 @@ void AddForces(const CalculatedMember& m, Document& d)
     d.Chapter("Internal forces");
     AddDiagrams(s, d);
     AddTable(s, d);
+    d.Say(SignsOf(s), Paragraph::Kind::remark);
 }
 
 }  // namespace kestrum

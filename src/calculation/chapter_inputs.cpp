@@ -3,8 +3,12 @@
 #include "core/annexes.h"
 #include "core/load_combination.h"
 #include "core/member_choices.h"
+#include "core/project_inputs.h"
+#include "document/notation.h"
+#include "sections/families.h"
 #include "service/vortex.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestrum {
@@ -21,14 +25,14 @@ std::string MaterialName(const CalculatedMember& m)
 class Values {
 public:
     Values() { table_.columns = {{"Quantity"}, {""}, {"Value", true}, {"Unit"}}; }
-    void Text(std::string_view name, std::string_view value)
+    void Text(std::string_view name, const Line& value)
     {
         table_.rows.push_back({name, "", value, ""});
     }
     void Number(std::string_view name, std::string_view symbol, double value,
                 std::string_view unit = {})
     {
-        table_.rows.push_back({name, Symbol(symbol), NumberLine(value, 6), unit});
+        table_.rows.push_back({name, Symbol(symbol), NumberLine(value, 6), UnitText(unit)});
     }
     TextTable Take(std::string caption)
     {
@@ -65,8 +69,114 @@ TextTable MaterialTable(const CalculatedMember& m)
     values.Text("Linear interaction only", YesNo(s.checkconsercontrol != kFalse));
     values.Text("Flange buckling left out", YesNo(s.checkflangebuck != kFalse));
     values.Text("Web buckling left out", YesNo(s.checkwebbuck != kFalse));
+    if (s.loadmode == 1) {
+        values.Text("Load combination", LoadCombinationName(s.loadcomb));
+    }
+    if (s.loadmode == 1 && s.loadcomb >= kEq610 && s.loadcomb <= kEq610ab) {
+        values.Number("Combination factor of Q1", "ψ_Q1", s.psi1);
+        values.Number("Combination factor of Q2", "ψ_Q2", s.psi2);
+    }
     values.Text("Interaction factors", s.method == Method::annex_a ? "Annex A" : "Annex B");
     return values.Take("Basis of design");
+}
+
+Line CurveName(i16 choice)
+{
+    constexpr std::string_view kCurves[] = {"by Table 6.2", "a0", "a", "b", "c", "d"};
+    const auto at = static_cast<std::size_t>(choice);
+    return at < std::size(kCurves) ? kCurves[at] : "";
+}
+
+Line CheckSections(const ProjectInputs& in)
+{
+    constexpr i16 kOwn = 1;
+    if (in.cpmode != kOwn) {
+        return "11 even ones, at point loads, at extremes";
+    }
+    Line line("own, x = ");
+    const int count = std::clamp<int>(in.cpcount, 1, 3);
+    for (int k = 1; k <= count; ++k) {
+        line += Line(k == 1 ? "" : "; ") + NumberLine(in.cp[static_cast<std::size_t>(k)], 6);
+    }
+    return line + Line(" m");
+}
+
+// What only some families ask for. As entered: a pass settles some of it.
+void AddFamilyChoices(const CalculatedMember& m, Values& values)
+{
+    const ProjectInputs& in = InputsOf(m.input);
+    if (Is(in, Kind::angle)) {
+        values.Text("Connection", in.lopt == 2 ? "two bolts or more, BB.1.2" : "one bolt");
+    }
+    if (Is(in, Kind::hat)) {
+        const bool loaded = in.hsqopt == 0;
+        values.Text("Load on the bottom flange", !loaded ? "left out"
+                                                 : m.s.hsqopt != 0
+                                                     ? "counts; left out by the program, overloaded"
+                                                     : "counts");
+        if (loaded && Traits(in).shape.lower == LowerFlange::both_sides) {
+            values.Number("Share of it on one side, at most", "s_f", in.flangeload, "%");
+        }
+        values.Text("Web of class 3 counts as class 2, 6.2.2.4", YesNo(in.class23 == 0));
+    }
+    if (Is(in, Kind::general)) {
+        const auto classed = [&](std::string_view name, i16 entered) {
+            values.Text(name, entered < 3 ? "class 1 or 2" : "class 3");
+        };
+        classed("Class as entered under N", in.p41.opn);
+        classed("Class as entered under My", in.p41.opmy);
+        classed("Class as entered under Mz", in.p41.opmz);
+        values.Number("Shear area along z", "A_v,z", in.p41.istaz, "mm2");
+        values.Number("Shear area along y", "A_v,y", in.p41.istay, "mm2");
+    }
+}
+
+// Parameters of 6.3.2.3, kept apart for rolled and welded sections.
+void AddCurveParameters(const ProjectInputs& in, Values& values)
+{
+    const bool welded = Is(in, Kind::i_welded) || Is(in, Kind::i_single);
+    if (!Is(in, Kind::i_single)) {
+        values.Number("Plateau of the curves, rolled sections", "~λ_LT,0", in.lamdalt0);
+        values.Number("Factor of the curves, rolled sections", "β", in.beta);
+    }
+    if (welded) {
+        values.Number("Plateau of the curves, welded sections", "~λ_LT,0", in.lamdalt0w);
+        values.Number("Factor of the curves, welded sections", "β", in.betaw);
+    }
+}
+
+void AddLateral(const CalculatedMember& m, Values& values)
+{
+    const ProjectInputs& in = InputsOf(m.input);
+    const ProjectState& s = m.s;
+    const bool standard = m.standard.checks[standard::CheckId::ltb].present;
+    values.Text("Lateral torsional buckling", YesNo(s.ltb == 1));
+    if (s.ltb == 1 || standard) {
+        values.Number("Factor of its length", "k", in.ltbk);
+    }
+    if (s.ltb != 1) {
+        return;
+    }
+    values.Number("Lateral restraints in the span", "", s.restraints);
+    constexpr std::string_view kLevels[] = {"", "top flange", "centroid", "bottom flange",
+                                            "as entered"};
+    constexpr std::size_t kEntered = 4;
+    const auto level = static_cast<std::size_t>(s.loadlevel);
+    values.Text("Level of the loads", level < std::size(kLevels) ? kLevels[level] : "");
+    if (level == kEntered) {
+        values.Number("Loads above the centroid", "z_a", in.za, "mm");
+    }
+    if (s.cmanual != kFalse) {
+        values.Number("Factor of the critical moment, as entered", "C_1", in.c1);
+        values.Number("Factor of the critical moment, as entered", "C_2", in.c2);
+        values.Number("Factor of the critical moment, as entered", "C_3", in.c3);
+    }
+    values.Text("C1 by the rules of the program", s.c1alt != kFalse     ? "of the quarter points"
+                                                  : s.cmanual != kFalse ? "as entered"
+                                                                        : "by its tables");
+    const bool rolled = s.ltbcurve == LtbCurve::rolled;
+    values.Text("Curves", rolled ? "6.3.2.3" : "6.3.2.2");
+    AddCurveParameters(in, values);
 }
 
 TextTable MemberTable(const CalculatedMember& m)
@@ -81,18 +191,13 @@ TextTable MemberTable(const CalculatedMember& m)
     values.Text("Rigid end posts", YesNo(s.endstiff == 1));
     values.Text("Transverse stiffeners", YesNo(s.webstiff == 1));
     values.Number("Spacing of stiffeners", "a", s.webstiffa, "mm");
+    AddFamilyChoices(m, values);
     values.Number("Factor of the buckling length, y", "k_cr,y", s.ly);
     values.Number("Factor of the buckling length, z", "k_cr,z", s.lz);
-    values.Text("Lateral torsional buckling", YesNo(s.ltb == 1));
-    if (s.ltb == 1) {
-        values.Number("Factor of its length", "k", s.ltbk);
-        values.Number("Lateral restraints in the span", "", s.restraints);
-        constexpr std::string_view kLevels[] = {"", "top flange", "centroid", "bottom flange",
-                                                "as entered"};
-        const auto level = static_cast<std::size_t>(s.loadlevel);
-        values.Text("Level of the loads", level < std::size(kLevels) ? kLevels[level] : "");
-        values.Text("Curves", s.ltbcurve == LtbCurve::rolled ? "6.3.2.3" : "6.3.2.2");
-    }
+    values.Text("Buckling curve, y", CurveName(s.bcy));
+    values.Text("Buckling curve, z", CurveName(s.bcz));
+    AddLateral(m, values);
+    values.Text("Check sections", CheckSections(InputsOf(m.input)));
     values.Text("Deflection counts", YesNo(s.checksls != kFalse));
     values.Number("Limit of deflection z, L/n", "n", s.deflimitz);
     values.Number("Limit of deflection y, L/n", "n", s.deflimity);

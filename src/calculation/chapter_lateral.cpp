@@ -49,11 +49,17 @@ struct SegmentMoments {
     double large, small, psi;
 };
 
+// The point of the diagram at which the moment of a restraint is read.
+std::size_t PointOf(const ProjectState& s, int restraint)
+{
+    const auto at = static_cast<std::size_t>(ToI16(50.0 * restraint / (s.restraints + 1)));
+    return std::min<std::size_t>(at, s.mydiag.size() - 1);
+}
+
 SegmentMoments MomentsOfSegment(const ProjectState& s)
 {
     const auto moment = [&](int number) {
-        const auto at = static_cast<std::size_t>(ToI16(50.0 * number / (s.restraints + 1)));
-        return static_cast<double>(s.mydiag[std::min<std::size_t>(at, s.mydiag.size() - 1)]);
+        return static_cast<double>(s.mydiag[PointOf(s, number)]);
     };
     const double first = moment(s.beampart - 1), second = moment(s.beampart);
     const bool from_first = std::abs(first) >= std::abs(second);
@@ -350,12 +356,20 @@ void AddUniform(const standard::LateralResult& r, const standard::NumericalStudy
     }
     d.Add("M_cr,0", Pi() / l * Root(e * Sym("I_z", q.iz) * torsion) * Ten(-9), n.uniform, "kNm", "",
           n.restraints > 0 ? "check: closed form for uniform moment on a piece between forks"
-                           : "check: closed form for uniform moment between forks over L");
-    d.Add(
-        "C", Sym("M_cr", r.mcr) / Sym("M_cr,0", n.uniform), r.mcr / n.uniform, "", "",
-        WithNumbers("numerical over closed form; 1 under uniform moment, about 1.13 under a "
-                    "uniform load and 1.36 under a load at mid-span in the shear centre of a beam "
-                    "on two forks"));
+          : n.start == LateralEnd::free || n.end == LateralEnd::free
+              ? "for comparison: closed form for uniform moment on a beam of this length on two "
+                "forks"
+              : "check: closed form for uniform moment between forks over L");
+    // Timoshenko: 4.013 and 12.85/2 of a cantilever without warping, over pi.
+    const bool cantilever = n.start == LateralEnd::free || n.end == LateralEnd::free;
+    d.Add("C", Sym("M_cr", r.mcr) / Sym("M_cr,0", n.uniform), r.mcr / n.uniform, "", "",
+          WithNumbers(cantilever
+                          ? "numerical over closed form of a beam; of a cantilever without warping "
+                            "0.5 under uniform moment, about 1.28 under a load at the tip and 2.05 "
+                            "under a uniform load in the shear centre"
+                          : "numerical over closed form; 1 under uniform moment, about 1.13 under "
+                            "a uniform load and 1.36 under a load at mid-span in the shear centre "
+                            "of a beam on two forks"));
 }
 
 // The whole member under its real moment line, in the combination that governs.
@@ -389,8 +403,15 @@ void AddLateralBuckling(const ProjectState& s, Document& d)
     const Quantities q(s);
     const bool top = s.mydesignf > 0;
     if (s.restraints > 0) {
-        d.Say("The segment that governs is number " + std::to_string(s.beampart) + " of " +
-              std::to_string(s.restraints + 1) + "; all values are of it.");
+        constexpr double kSteps = 50;  // of the diagram
+        const auto place = [&](int restraint) {
+            return NumberLine(static_cast<double>(PointOf(s, restraint)) / kSteps, 3);
+        };
+        d.Say(Line("The segment that governs is number " + std::to_string(s.beampart) + " of " +
+                   std::to_string(s.restraints + 1) +
+                   "; all values are of it. Its end moments are read at x/L = ") +
+              place(s.beampart - 1) + Line(" and ") + place(s.beampart) +
+              Line(", the points of the diagram next to the restraints."));
     }
     AddCriticalMoment(s, q, top, d);
     AddReduction(s, q, top, d);

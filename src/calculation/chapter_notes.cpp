@@ -39,13 +39,15 @@ void AddNotes(const CalculatedMember& m, Document& d)
         m.outcome.designed() ? DesignNotes(m.s) : std::vector<DesignNote>();
     d.Chapter("Notes");
     d.Part("Departures of the program on the unsafe side that act in this result");
-    if (notes.empty()) {
+    if (!m.outcome.designed()) {
+        d.Say("The program has no result here in which one could act.");
+    } else if (notes.empty()) {
         d.Say("None.");
     }
     for (const DesignNote& note : notes) {
         const auto deviation = DeviationOf(note.id);
         d.Say(Strong(std::string(note.id) + "  ") +
-              Line(deviation ? RuleOf(*deviation) : note.text));
+              Sentence(deviation ? RuleOf(*deviation) : note.text));
     }
     d.Part("What each departure costs");
     d.Say("Cost: the largest ratio of the standard, less the one that it has with this one rule of "
@@ -54,7 +56,7 @@ void AddNotes(const CalculatedMember& m, Document& d)
           Paragraph::Kind::remark);
     if (m.standard.deviations.empty()) {
         d.Say(m.standard.rated ? "No departure alone changes the result."
-                               : "The second set of rules gives no result to compare with.");
+                               : "EN 1993-1-1 as written gives no result to compare with.");
         return;
     }
     TextTable table{.columns = {{"Number"},
@@ -65,7 +67,7 @@ void AddNotes(const CalculatedMember& m, Document& d)
     for (const standard::DeviationCost& cost : m.standard.deviations) {
         table.rows.push_back({NameOf(cost.deviation), WithNumbers(SignedCost(cost.cost)),
                               WithNumbers(SignedCost(cost.change)), CheckOf(m.s, cost),
-                              RuleOf(cost.deviation)});
+                              Sentence(RuleOf(cost.deviation))});
     }
     d.Add(std::move(table));
 }

@@ -23,9 +23,6 @@ namespace {
 void AddFrequencies(const CalculatedMember& m, Document& d)
 {
     const ProjectState& s = m.s;
-    if (s.modal != 1 || s.freq[1] == 0) {
-        return;
-    }
     d.Part("Natural frequencies of bending about y");
     Expr loads;
     for (std::size_t k = 1; k <= 4; ++k) {
@@ -76,11 +73,10 @@ bool Deflects(const CalculatedMember& m)
 {
     const auto found = [&](const CheckPair& pair) {
         return pair.standard && IsDeflection(*pair.standard) &&
-               (LargestOf(pair, m.s.checklist) != nullptr ||
+               ((m.outcome.designed() && LargestOf(pair, m.s.checklist) != nullptr) ||
                 m.standard.checks[*pair.standard].present);
     };
-    return m.s.loadmode == 1 && m.outcome.designed() &&
-           std::any_of(CheckPairs(m.s).begin(), CheckPairs(m.s).end(), found);
+    return m.s.loadmode == 1 && std::any_of(CheckPairs(m.s).begin(), CheckPairs(m.s).end(), found);
 }
 
 }  // namespace
@@ -99,7 +95,7 @@ void AddServiceability(const CalculatedMember& m, Document& d)
 {
     const ProjectState& s = m.s;
     const bool deflection = Deflects(m);
-    const bool frequencies = s.modal == 1 && s.freq[1] != 0;
+    const bool frequencies = m.outcome.designed() && s.modal == 1 && s.freq[1] != 0;
     if (!deflection && !frequencies) {
         return;
     }
@@ -110,27 +106,34 @@ void AddServiceability(const CalculatedMember& m, Document& d)
             d.Say("The deflections do not count in the verdict: the project leaves them out.",
                   Paragraph::Kind::remark);
         }
-        AddDeflectionLimit(s, 'z', d);
-        AddCheck(d, s.checklist[CheckId::deflection_z], LateralSymbol(s), CombinationOf(s, true));
-        AddDeflectionLimit(s, 'y', d);
-        AddCheck(d, s.checklist[CheckId::deflection_y], LateralSymbol(s), CombinationOf(s, true));
+        const bool designed = m.outcome.designed();
+        if (designed) {
+            AddDeflectionLimit(s, 'z', d);
+            AddCheck(d, s.checklist[CheckId::deflection_z], LateralSymbol(s),
+                     CombinationOf(s, true));
+            AddDeflectionLimit(s, 'y', d);
+            AddCheck(d, s.checklist[CheckId::deflection_y], LateralSymbol(s),
+                     CombinationOf(s, true));
+        }
         for (const CheckPair& pair : CheckPairs(s)) {
             if (!pair.standard || !IsDeflection(*pair.standard) ||
                 !m.standard.checks[*pair.standard].present) {
                 continue;
             }
-            const Check* const check = LargestOf(pair, s.checklist);
+            const Check* const check = designed ? LargestOf(pair, s.checklist) : nullptr;
             if (check == nullptr || !GiveTheSame(*check, m.standard.checks[*pair.standard])) {
                 AddStandardCheck(m.library, m.input, m.standard, *pair.standard, d);
             }
         }
     }
-    AddFrequencies(m, d);
+    if (frequencies) {
+        AddFrequencies(m, d);
+    }
 }
 
 void AddReactions(const CalculatedMember& m, Document& d)
 {
-    if (m.s.loadmode != 1 || !m.outcome.designed()) {
+    if (m.s.loadmode != 1 || !m.HasSection()) {
         return;
     }
     TextTable table{.columns = {{"Category"},

@@ -41,8 +41,10 @@ void AddBox(const CalculatedMember& m, Document& d)
             (pair == nullptr ? outcome.clause : ClauseOf(*LargestOf(*pair, m.s.checklist))) + ")");
     }
     d.Say(text, m.Within() ? Paragraph::Kind::verdict_good : Paragraph::Kind::verdict_bad);
-    if (!outcome.message.empty()) {
-        d.Say(outcome.message);
+    if (outcome.verdict == Verdict::loads_dropped) {
+        d.Say("The result is one of fewer loads than were given; see Actions.");
+    } else if (!outcome.message.empty()) {
+        d.Say(Sentence(outcome.message));
     }
     const standard::StandardResult& result = m.standard;
     text = Line("EN 1993-1-1 as written: " + std::string(standard::VerdictOf(result)));
@@ -54,7 +56,8 @@ void AddBox(const CalculatedMember& m, Document& d)
     d.Say(text, result.rated && !result.above ? Paragraph::Kind::verdict_good
                                               : Paragraph::Kind::verdict_bad);
     for (const std::string& reason : result.outside) {
-        d.Say("Not covered by the second set of rules: " + reason, Paragraph::Kind::remark);
+        d.Say(Line("Not covered by EN 1993-1-1 as written: ") + Sentence(reason),
+              Paragraph::Kind::remark);
     }
     d.Say(Line("A member is verified where no ratio IR exceeds the limit ") +
               NumberLine(static_cast<double>(m.s.irlimit), 3) +

@@ -23,6 +23,8 @@ struct CalculatedMember {
     StagesRun stages;
     bool vortex;  // the control of vortex shedding is asked for
 
+    // Class, forces and resistances stand: a critical force stops the pass behind them.
+    bool HasSection() const { return outcome.designed() || outcome.verdict == Verdict::unstable; }
     bool Within() const { return outcome.verdict == Verdict::within; }
 };
 
@@ -40,6 +42,8 @@ void AddInputs(const CalculatedMember& m, Document& d);
 void AddSection(const CalculatedMember& m, Document& d);
 void AddClasses(const CalculatedMember& m, Document& d);
 void AddEffectiveSection(const CalculatedMember& m, Document& d);
+// Loads as given and the combination of the program.
+void AddLoading(const CalculatedMember& m, Document& d);
 void AddActions(const CalculatedMember& m, Document& d);
 void AddForces(const CalculatedMember& m, Document& d);
 void AddResistances(const CalculatedMember& m, Document& d);

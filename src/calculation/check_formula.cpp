@@ -140,10 +140,10 @@ Expr FormulaOfCheck(const Check& check, std::string_view lateral)
 Line PlaceOf(const CheckPlace& place)
 {
     const auto part = [&](int number) {
-        return number == 0 ? std::string("0")
-               : number == place.parts
-                   ? std::string("L")
-                   : std::to_string(number) + "L/" + std::to_string(place.parts);
+        return number == 0             ? std::string("0")
+               : number == place.parts ? std::string("L")
+                                       : (number == 1 ? "" : std::to_string(number)) + "L/" +
+                                             std::to_string(place.parts);
     };
     switch (place.kind) {
     case CheckPlace::Kind::section:

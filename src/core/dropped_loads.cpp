@@ -310,15 +310,21 @@ std::string_view DroppedUnit(const DroppedLoad& load)
     return load.field == kUniform || load.field == kTrapezoid ? "kN/m" : "kN";
 }
 
-std::string DroppedText(const DroppedLoad& load)
+std::string LoadText(const DroppedLoad& load)
 {
     constexpr std::array<std::string_view, 3> kCategories = {" (G)", " (Q1)", " (Q2)"};
-    std::string text(load.field);
-    text += load.row > 0 ? "[" + std::to_string(load.row) + "]" : "";
-    text += ": " + Kind(load) + Value(load) + Place(load);
+    std::string text = Kind(load) + Value(load) + Place(load);
     if (load.category >= 0 && load.category < 3) {
         text += kCategories[static_cast<std::size_t>(load.category)];
     }
+    return text;
+}
+
+std::string DroppedText(const DroppedLoad& load)
+{
+    std::string text(load.field);
+    text += load.row > 0 ? "[" + std::to_string(load.row) + "]" : "";
+    text += ": " + LoadText(load);
     return text + (load.reason == DropReason::family ? ", not taken by this section family"
                                                      : ", beyond the member or on a support");
 }
