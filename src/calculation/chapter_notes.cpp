@@ -1,5 +1,6 @@
 #include "calculation/chapters.h"
 #include "calculation/check_names.h"
+#include "calculation/named_departures.h"
 #include "calculation/standard_equations.h"
 
 #include "report/design_notes.h"
@@ -31,24 +32,8 @@ std::string CheckOf(const ProjectState& s, const standard::DeviationCost& cost)
                                    : NameInText(s, cost.most);
 }
 
-}  // namespace
-
-void AddNotes(const CalculatedMember& m, Document& d)
+void AddCosts(const CalculatedMember& m, Document& d)
 {
-    const std::vector<DesignNote> notes =
-        m.outcome.designed() ? DesignNotes(m.s) : std::vector<DesignNote>();
-    d.Chapter("Notes");
-    d.Part("Departures of the program on the unsafe side that act in this result");
-    if (!m.outcome.designed()) {
-        d.Say("The program has no result here in which one could act.");
-    } else if (notes.empty()) {
-        d.Say("None.");
-    }
-    for (const DesignNote& note : notes) {
-        const auto deviation = DeviationOf(note.id);
-        d.Say(Strong(std::string(note.id) + "  ") +
-              Sentence(deviation ? RuleOf(*deviation) : note.text));
-    }
     d.Part("What each departure costs");
     d.Say("Cost: the largest ratio of the standard, less the one that it has with this one rule of "
           "the program. A departure that costs little may act in a check that does not govern; the "
@@ -70,6 +55,48 @@ void AddNotes(const CalculatedMember& m, Document& d)
                               Sentence(RuleOf(cost.deviation))});
     }
     d.Add(std::move(table));
+}
+
+// What an equation names by its number and neither list has.
+void AddNamedOnly(std::set<Dev> named, const std::vector<DesignNote>& notes,
+                  const CalculatedMember& m, Document& d)
+{
+    for (const DesignNote& note : notes) {
+        named.erase(DeviationOf(note.id).value());
+    }
+    for (const standard::DeviationCost& cost : m.standard.deviations) {
+        named.erase(cost.deviation);
+    }
+    if (named.empty()) {
+        return;
+    }
+    d.Part(m.standard.rated ? "Departures named at equations that change no ratio here"
+                            : "Departures named at equations");
+    for (const Dev deviation : named) {
+        d.Say(Strong(std::string(NameOf(deviation)) + "  ") + Sentence(RuleOf(deviation)));
+    }
+}
+
+}  // namespace
+
+void AddNotes(const CalculatedMember& m, Document& d)
+{
+    const std::vector<DesignNote> notes =
+        m.outcome.designed() ? DesignNotes(m.s) : std::vector<DesignNote>();
+    d.Chapter("Notes");
+    d.Part("Departures of the program on the unsafe side that act in this result");
+    if (!m.outcome.designed()) {
+        d.Say("The program has no result here in which one could act.");
+    } else if (notes.empty()) {
+        d.Say("None.");
+    }
+    for (const DesignNote& note : notes) {
+        const auto deviation = DeviationOf(note.id);
+        d.Say(Strong(std::string(note.id) + "  ") +
+              Sentence(deviation ? RuleOf(*deviation) : note.text));
+    }
+    AddCosts(m, d);
+    AddNamedOnly(NamedDepartures(d), notes, m, d);
 }
 
 // Clauses in the order of their numbers, each with the symbols that were found by it.

@@ -1,0 +1,120 @@
+// A symbol in a formula is found in the same report: as the result of an equation, in a table, or in
+// the list of symbols. A departure that is named by its number has its sentence there.
+
+#include "calculation/calculation_report.h"
+#include "calculation/named_departures.h"
+#include "core/deviation.h"
+#include "core/project_file.h"
+#include "document/markdown_writer.h"
+#include "support/members.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <set>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace kestrum {
+namespace {
+
+namespace fs = std::filesystem;
+
+void AddSymbols(const Expr& expression, std::set<std::string>& symbols)
+{
+    if (expression == nullptr) {
+        return;
+    }
+    if (expression->op == Op::symbol) {
+        symbols.insert(PlainText(Line(expression->symbol)));
+    }
+    for (const Expr& part : expression->parts) {
+        AddSymbols(part, symbols);
+    }
+}
+
+std::set<std::string> Undefined(const Document& d)
+{
+    std::set<std::string> used, defined{"π"};
+    for (const Block& block : d.blocks) {
+        if (const auto* const equation = std::get_if<Equation>(&block)) {
+            defined.insert(PlainText(Line(equation->symbol)));
+            AddSymbols(equation->formula, used);
+        } else if (const auto* const table = std::get_if<TextTable>(&block)) {
+            for (const auto& row : table->rows) {
+                for (std::size_t i = 0; i < row.size() && i < 2; ++i) {
+                    defined.insert(PlainText(row[i]));
+                }
+            }
+            for (const TextTable::Column& column : table->columns) {
+                const std::string title = PlainText(column.title);
+                defined.insert(title.substr(0, title.find(',')));
+            }
+        }
+    }
+    std::set<std::string> undefined;
+    std::set_difference(used.begin(), used.end(), defined.begin(), defined.end(),
+                        std::inserter(undefined, undefined.begin()));
+    return undefined;
+}
+
+std::vector<fs::path> Projects()
+{
+    std::vector<fs::path> paths;
+    for (const char* const folder : {"/examples", "/examples/deviations"}) {
+        for (const auto& entry : fs::directory_iterator(std::string(KESTRUM_SOURCE) + folder)) {
+            if (entry.path().extension() == ".kst") {
+                paths.push_back(entry.path());
+            }
+        }
+    }
+    return paths;
+}
+
+Document ReportOf(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    ReportedMember member{.project = Member()};
+    ProjectState s = Member();
+    EXPECT_FALSE(ReadProject(s, bytes)) << path;
+    member.project = s;
+    return CalculationReport(Delivered(), {&member, 1});
+}
+
+TEST(Symbols, OfFormulasAreDefinedInTheSameReport)
+{
+    std::map<std::string, std::string> undefined;
+    for (const fs::path& path : Projects()) {
+        for (const std::string& symbol : Undefined(ReportOf(path))) {
+            undefined[symbol] += " " + path.stem().string();
+        }
+    }
+    for (const auto& [symbol, where] : undefined) {
+        ADD_FAILURE() << symbol << " has no meaning in" << where.substr(0, 120);
+    }
+}
+
+// Numbers of departures, "D207", in the text; of the sentences those in front of them.
+TEST(Departures, NamedByTheirNumberHaveTheirSentence)
+{
+    for (const fs::path& path : Projects()) {
+        SCOPED_TRACE(path.stem().string());
+        const Document d = ReportOf(path);
+        std::string text = WriteMarkdown(d);
+        std::erase(text, '\\');  // in front of signs of the format
+        for (const Dev deviation : NamedDepartures(d)) {
+            const std::string sentence(TextOf(deviation).substr(0, 40));
+            EXPECT_NE(text.find(sentence), std::string::npos)
+                << NameOf(deviation) << " stands in the report without what it is";
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kestrum
