@@ -1,6 +1,7 @@
 #include "calculation/calculation_report.h"
 
 #include "calculation/chapters.h"
+#include "calculation/symbol_list.h"
 #include "core/load_combination.h"
 #include "core/project_state.h"
 #include "core/version.h"
@@ -181,6 +182,7 @@ Document CalculationReport(const Library& library, std::span<const ReportedMembe
         }
         AddMember(calculated[i], d);
     }
+    AddSymbols(d);
     AddClauses(d);
     if (d.head.decimal != '.') {
         SetDecimals(d);

@@ -209,7 +209,7 @@ void AddCriticalMoment(const ProjectState& s, const Quantities& q, bool top, Doc
 {
     const double parts = s.restraints + 1;
     d.Add("L_LT", Sym("k", s.ltbk) * q.length / Sym("n", parts), s.lt, "m", "",
-          parts > 1 ? "n segments between lateral restraints" : "");
+          parts > 1 ? "n segments between lateral restraints" : "n = 1, no restraint inside");
     const double mcr = s.mcr / 1e6;  // Nmm to kNm
     if (Is(s, Kind::plate)) {
         AddPlateMoment(s, q, d);

@@ -37,7 +37,8 @@ std::string ClauseOfClass(int cls)
 // it leaves all.
 Expr FlangeFactor(const ProjectState& s, const Quantities& q, Document& d)
 {
-    if (!Is(s, Kind::hat) || s.flangefactor == 1) {
+    constexpr i16 kConsidered = 0;
+    if (!Is(s, Kind::hat) || s.hsqopt != kConsidered || s.qsum == 0) {
         return nullptr;
     }
     const Expr lever = Num(60);  // mm
@@ -49,6 +50,11 @@ Expr FlangeFactor(const ProjectState& s, const Quantities& q, Document& d)
     const Expr resisting =
         Step(d, "m_f", 1.75 * q.fy / q.gm0 * Square(Sym("t_bot", s.tbot)) / Num(6), "Nmm/mm", "",
              "of the bottom flange");
+    if (s.flangefactor == 1) {
+        d.Say(Line(Symbol("m_q")) + WithNumbers(" is not more than 0.2 ") + Line(Symbol("m_f")) +
+              Line(": the moment resistance is not reduced."));
+        return nullptr;
+    }
     d.Add("k_f", Least({Num(1), (Root(1 - acting / resisting) + Num(1.1)) * 0.5}), s.flangefactor,
           "", "", "bottom flange that its loads bend across");
     return Sym("k_f", s.flangefactor);

@@ -1,6 +1,7 @@
 #include "calculation/given_loads.h"
 
 #include "core/dropped_loads.h"
+#include "core/dropped_text.h"
 #include "core/load_combination.h"
 #include "core/project_inputs.h"
 

@@ -63,6 +63,7 @@ private:
     {
         return Sym(symbol, std::abs(value) / unit);
     }
+    std::string ModulusOf(bool y, int cls) const;
     Expr Strength() const { return Sym("f_y", q_.fy) / Sym("γ_M0", q_.gammam0); }
     Expr Axial();
     Expr Shear(bool z);
@@ -90,6 +91,15 @@ private:
     standard::CheckId id_;
     Document& d_;
 };
+
+// The name of the modulus in use. Webs of class 3 that count as class 2, 6.2.2.4, leave a plastic
+// one.
+std::string AtSection::ModulusOf(bool y, int cls) const
+{
+    const double third = t_.my >= 0 ? effective_.wy3_sagging : effective_.wy3_hogging;
+    const bool upgraded = y && q_.upgrade && third > q_.LeastWely();
+    return cls <= 2 && !q_.elastic ? "pl" : cls > 3 ? "eff" : upgraded ? "pl,eff" : "el";
+}
 
 // What the walls that carry the shear lose of the modulus about an axis, of the area where `y` is
 // not given: webs by rho_z, flanges by rho_y. Null where the plates are counted one by one.
@@ -293,18 +303,18 @@ Expr AtSection::Bending(bool y)
     const int cls = y ? t_.classes.my.At(t_.my >= 0) : t_.classes.mz;
     const double resistance = y ? t_.moment_y : t_.moment_z;
     const bool reduced = t_.rho.z > 0 || t_.rho.y > 0;
-    const char* const kind = cls <= 2 && !q_.elastic ? "pl" : cls <= 3 ? "el" : "eff";
+    const std::string kind = ModulusOf(y, cls);
     const std::string axis = y ? "y" : "z", symbol = (reduced ? "M_V," : "M_") + axis + ",Rd";
     if (reduced) {
-        const std::string whole = std::string("W_") + kind + "," + axis;
+        const std::string whole = "W_" + kind + "," + axis;
         const double left = resistance * q_.gammam0 / q_.fy;
         AddSheared(whole + ",V", whole, left, true);
         d_.Add(symbol, Sym(whole + ",V", left) * Strength() * Ten(kToKnm), resistance / kNmm, "kNm",
                "6.2.8");
     } else {
         d_.Add(symbol,
-               Sym(std::string("W_") + kind + "," + axis, resistance * q_.gammam0 / q_.fy) *
-                   Strength() * Ten(kToKnm),
+               Sym("W_" + kind + "," + axis, resistance * q_.gammam0 / q_.fy) * Strength() *
+                   Ten(kToKnm),
                resistance / kNmm, "kNm", "6.2.5 (2)", "class " + std::to_string(cls));
     }
     return m / Sym(symbol, resistance / kNmm);
@@ -327,20 +337,20 @@ Expr AtSection::Linear()
         d_.Add(symbol, shift, "mm", "6.2.9.3 (2)", "shift of the centroid, effective section");
         return moment + n * Sym(symbol, shift) * Ten(-3);
     };
-    const bool plastic = t_.classes.all <= 2 && !q_.elastic;
-    const std::string kind = plastic ? "W_pl," : t_.classes.all <= 3 ? "W_el," : "W_eff,";
+    const std::string about_y = "W_" + ModulusOf(true, t_.classes.all) + ",y";
+    const std::string about_z = "W_" + ModulusOf(false, t_.classes.all) + ",z";
     const Expr my = shifted(Force("M_y,Ed", t_.my, kNmm), t_.shift_y, "e_N,y");
     const Expr mz = shifted(Force("M_z,Ed", t_.mz, kNmm), t_.shift_z, "e_N,z");
     if (q_.kind == Kind::tube) {
         add(Root(Square(my) + Square(mz)) /
-            Whole("M_Rd", (kind + "y").c_str(), r.my, true, "6.2.1 (7)"));
+            Whole("M_Rd", about_y.c_str(), r.my, true, "6.2.1 (7)"));
         return sum;
     }
     if (t_.my != 0 || t_.shift_y != 0) {
-        add(my / Whole("M_y,Rd", (kind + "y").c_str(), r.my, true, "6.2.1 (7)"));
+        add(my / Whole("M_y,Rd", about_y.c_str(), r.my, true, "6.2.1 (7)"));
     }
     if (t_.mz != 0 || t_.shift_z != 0) {
-        add(mz / Whole("M_z,Rd", (kind + "z").c_str(), r.mz, true, "6.2.1 (7)"));
+        add(mz / Whole("M_z,Rd", about_z.c_str(), r.mz, true, "6.2.1 (7)"));
     }
     return sum;
 }

@@ -1,5 +1,6 @@
 #include "core/dropped_loads.h"
 
+#include "core/dropped_text.h"
 #include "core/failure.h"
 #include "core/state/inputs.h"
 

@@ -73,8 +73,6 @@ std::vector<DroppedLoad> DroppedNow(const Inputs& in, const DroppedLoads& droppe
 // Puts all noted loads back into the rows that they were taken from.
 void PutDroppedBack(LoadInputs& loads, const DroppedLoads& dropped);
 
-// "axial force 3000 kN (G)".
-std::string LoadText(const DroppedLoad& load);
 // "nload[1]: axial force 3000 kN (G), not taken by this section family".
 std::string DroppedText(const DroppedLoad& load);
 std::string_view DroppedUnit(const DroppedLoad& load);
