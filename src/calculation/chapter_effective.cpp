@@ -190,7 +190,7 @@ void Effective::Modulus(const Bent& b, const std::string& axis, double value, do
                Paragraph::Kind::remark);
     }
     const Expr z1 = b.lost == nullptr ? e
-                                      : Step(d_, "z_1", first / rest, "mm", "EN 1993-1-5, 4.4 (3)",
+                                      : Step(d_, "z_a", first / rest, "mm", "EN 1993-1-5, 4.4 (3)",
                                              "axis without what the compressed plate loses");
     const Expr bc = Step(d_, "b_c", z1 - Sym("o", b.off), "mm", "EN 1993-1-5, Table 4.1",
                          "compressed part of the bent plate");

@@ -123,6 +123,11 @@ void AddForces(const CalculatedMember& m, Document& d)
     AddDiagrams(s, d);
     AddTable(s, d);
     d.Say(SignsOf(s), Paragraph::Kind::remark);
+    if (!m.outcome.dropped.empty()) {
+        d.Say("Without the loads that are not in the program's result; see Actions. The checks by "
+              "EN 1993-1-1 as written have forces of their own.",
+              Paragraph::Kind::remark);
+    }
 }
 
 }  // namespace kestrum

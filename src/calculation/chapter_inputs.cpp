@@ -91,7 +91,7 @@ Line CheckSections(const ProjectInputs& in)
 {
     constexpr i16 kOwn = 1;
     if (in.cpmode != kOwn) {
-        return "11 even ones, at point loads, at extremes";
+        return "11 even ones, both sides of point loads";
     }
     Line line("own, x = ");
     const int count = std::clamp<int>(in.cpcount, 1, 3);
@@ -126,8 +126,8 @@ void AddFamilyChoices(const CalculatedMember& m, Values& values)
         classed("Class as entered under N", in.p41.opn);
         classed("Class as entered under My", in.p41.opmy);
         classed("Class as entered under Mz", in.p41.opmz);
-        values.Number("Shear area along z", "A_v,z", in.p41.istaz, "mm2");
-        values.Number("Shear area along y", "A_v,y", in.p41.istay, "mm2");
+        values.Number("Area for shear along z", "A_w", in.p41.istaz, "mm2");
+        values.Number("Area for shear along y", "A_f", in.p41.istay, "mm2");
     }
 }
 

@@ -169,7 +169,7 @@ void AddPlateMoment(const ProjectState& s, const Quantities& q, Document& d)
 {
     const double mcr = s.mcr / 1e6;
     const Expr g = Step(d, "G", q.e / Num(kShearRatio), "MPa", "3.2.6 (1)");
-    const Expr length = Sym("L_LT", s.lt), w = Sym("W_y", s.wybot);
+    const Expr length = Sym("L_LT", s.lt), w = Sym("W_y,bot", s.wybot);
     const char* const what = "tripping of the stiffener about its root; D196";
     if (Traits(s).shape.stiffener == Stiffener::flat_bar) {
         d.Add("M_cr",
@@ -268,8 +268,8 @@ void AddReduction(const ProjectState& s, const Quantities& q, bool top, Document
     const double w = ModulusOf(s, top);
     const double mcr = s.mcr / 1e6;
     const Expr lam = Sym("~λ_LT", s.lamlt);
-    d.Add("~λ_LT", Root(Sym("W_y", w) * q.fy / (Sym("M_cr", mcr) * Ten(6))), s.lamlt, "",
-          "6.3.2.2 (1)");
+    d.Add("~λ_LT", Root(Sym(plate ? "W_y,bot" : "W_y", w) * q.fy / (Sym("M_cr", mcr) * Ten(6))),
+          s.lamlt, "", "6.3.2.2 (1)");
     const bool rolled = !plate && s.ltbcurve == LtbCurve::rolled;
     if (rolled && !Traits(s).design.rolled_case) {
         d.Add("χ_LT", s.xlt, "", "6.3.2.3", "no reduction for this section");

@@ -44,7 +44,7 @@ void AddFrequencies(const CalculatedMember& m, Document& d)
         const double l = s.l;
         const double c = f / std::sqrt(stiffness / (s.modalmass * l * l * l * l));
         d.Add("f_" + std::to_string(mode),
-              Sym("c_" + std::to_string(mode), std::round(c * 1000) / 1000) *
+              Sym("K_" + std::to_string(mode), std::round(c * 1000) / 1000) *
                   Root(Sym("E", s.e) * Sym("I_y", s.iy) * Ten(-6) /
                        (Sym("m", s.modalmass) * Power(Sym("L", s.l), Num(4)))),
               f, "Hz", "", "D253");
@@ -166,6 +166,10 @@ void AddReactions(const CalculatedMember& m, Document& d)
     }
     d.Chapter("Reactions by category");
     d.Add(std::move(table));
+    if (!m.outcome.dropped.empty()) {
+        d.Say("Without the loads that are not in the program's result; see Actions.",
+              Paragraph::Kind::remark);
+    }
 }
 
 }  // namespace kestrum

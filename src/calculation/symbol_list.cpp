@@ -19,10 +19,9 @@ struct Meaning {
 constexpr Meaning kMeanings[] = {
     {"A_M", "work of the moments on the buckling shape, Nm"},
     {"A_eff", "effective area, mm²"},
-    {"A_f", "area for shear along y as entered, mm²"},
     {"A_g", "work of the loads by their level on the buckling shape, Nm"},
     {"A_j", "work of the moments by the asymmetry zj on the buckling shape, Nm"},
-    {"A_w", "area of the webs; of general profiles that for shear along z as entered, mm²"},
+    {"A_w", "area of the webs, mm²"},
     {"C_1", "factor of the moment line; 1 without lateral torsional buckling"},
     {"C_1,a", "C1 of the table for k of the first value named at the equation"},
     {"C_1,b", "C1 of the table for k of the second value named at the equation"},
@@ -37,6 +36,7 @@ constexpr Meaning kMeanings[] = {
     {"I_w", "warping constant, mm⁶"},
     {"K_FI,G", "factor of the reliability class on permanent actions"},
     {"K_FI,Q", "factor of the reliability class on variable actions"},
+    {"K_n", "factor of natural frequency n"},
     {"L_1", "length between restraints of the piece with the largest moment, m"},
     {"L_LT", "length of lateral torsional buckling, m"},
     {"L_T", "length of torsional buckling, m"},
@@ -162,6 +162,23 @@ const Meaning* MeaningOf(std::string_view symbol)
     return found == std::end(kMeanings) ? nullptr : found;
 }
 
+// A meaning with symbols in it, "N_c,Rd in compression".
+Line MeaningLine(std::string_view text)
+{
+    Line line;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find(' ', at), text.size());
+        const std::string_view word = text.substr(at, end - at);
+        const std::size_t size = word.find_last_not_of(",;") + 1;
+        line += word.find('_') == std::string_view::npos
+                    ? Sentence(word)
+                    : Line(Symbol(word.substr(0, size))) + Line(word.substr(size));
+        line += Line(end < text.size() ? " " : "");
+        at = end + 1;
+    }
+    return line;
+}
+
 // "c_n" of "c_1".
 std::string WithoutNumber(std::string symbol)
 {
@@ -256,7 +273,7 @@ void AddSymbols(Document& d)
         }
     }
     for (auto& [meaning, symbols] : rows) {
-        table.rows.push_back({std::move(symbols), Sentence(meaning->text)});
+        table.rows.push_back({std::move(symbols), MeaningLine(meaning->text)});
     }
     if (table.rows.empty()) {
         return;

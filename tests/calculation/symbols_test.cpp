@@ -78,6 +78,19 @@ Document ReportOf(const fs::path& path)
     return CalculationReport(Delivered(), {&member, 1});
 }
 
+// With frequencies and vortex shedding.
+void AddMoving(std::map<std::string, Document>& reports)
+{
+    for (const char* const fields :
+         {"family=4 row.ipe=10 l=6 qload[1]=10 qtx2[1]=3 qtx1[1]=1 qt1[1]=4 qt2[1]=6 pm[1]=20 "
+          "pmx[1]=2 pmtype[1]=1 modal=1",
+          "family=7 l=20 qload[1]=0.5 vortexcase=4", "family=31 l=20 qload[1]=0.5 vortexcase=0"}) {
+        const ReportedMember member{.project = Member(std::string("loadcomb=0 ") + fields),
+                                    .vortex = true};
+        reports.emplace(fields, CalculationReport(Delivered(), {&member, 1}));
+    }
+}
+
 // Of all examples, each by its name.
 const std::map<std::string, Document>& Reports()
 {
@@ -90,6 +103,7 @@ const std::map<std::string, Document>& Reports()
                 }
             }
         }
+        AddMoving(reports);
         return reports;
     }();
     return kReports;
