@@ -66,21 +66,6 @@ void AddService(const ProjectState& s, Document& d)
     }
 }
 
-// "Eq 6.10: LC = 1.35*G + 1.5*Q1": a number is what multiplies.
-Line WithFactors(const std::string& text)
-{
-    Line line;
-    std::size_t done = 0;
-    for (std::size_t star = text.find('*'); star != std::string::npos;
-         star = text.find('*', star + 1)) {
-        const std::size_t before = text.find_last_not_of("0123456789.", star - 1);
-        line += Line(text.substr(done, before + 1 - done));
-        line += WithNumbers(std::string_view(text).substr(before + 1, star - before - 1));
-        done = star;
-    }
-    return line + Line(text.substr(done));
-}
-
 bool SameCase(const LoadCase& a, const LoadCase& b)
 {
     return a.rule == b.rule && a.favourable == b.favourable && a.variables == b.variables &&
@@ -158,7 +143,7 @@ void AddLoading(const CalculatedMember& m, Document& d)
         return;
     }
     d.Part("Combination by the rules of the program");
-    d.Say(WithFactors(GoverningText(s)));
+    d.Say(Sentence(GoverningText(s)));
     d.Say(!m.outcome.designed() ? "The calculation of the program stops in this combination."
           : s.loadcomb == kEq610ab
               ? "Eq (6.10a) and (6.10b) were both calculated; the one with the larger ratio "

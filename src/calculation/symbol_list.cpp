@@ -67,6 +67,7 @@ constexpr Meaning kMeanings[] = {
                 "is the centroid"},
     {"N_cr,y", "critical force of flexural buckling about y, of angles about u, kN"},
     {"N_cr,z", "critical force of flexural buckling about z, of angles about v, kN"},
+    {"Q_n", "sum of load n in the table of loads that count as masses, kN"},
     {"U_T", "energy of torsion in the buckling shape, Nm"},
     {"U_v", "energy of bending sideways in the buckling shape, Nm"},
     {"U_w", "energy of warping in the buckling shape, Nm"},
@@ -108,6 +109,8 @@ constexpr Meaning kMeanings[] = {
     {"h_w", "clear height of the web between the flanges, mm"},
     {"k_cr,u", "factor of the buckling length about u, that of y as entered"},
     {"k_cr,v", "factor of the buckling length about v, that of z as entered"},
+    {"m", "mass of the member, kg/m"},
+    {"m_0", "mass of the section, kg/m"},
     {"n_y", "N_Ed over N_b,y,Rd"},
     {"n_z", "N_Ed over N_b,z,Rd"},
     {"o", "distance of the straight part of the bent plate from the compressed edge, mm"},
@@ -116,6 +119,9 @@ constexpr Meaning kMeanings[] = {
     {"q_sum", "design loads over the whole length, N/mm"},
     {"r", "root radius, mm"},
     {"s", "coordinate of the corner along u, mm"},
+    {"s_n,1", "share of load n in mode 1, in the table of loads that count as masses"},
+    {"s_n,2", "share of load n in mode 2, in the table of loads that count as masses"},
+    {"s_n,3", "share of load n in mode 3, in the table of loads that count as masses"},
     {"t_bot", "thickness of the bottom flange, mm"},
     {"t_f", "thickness of the flange, mm"},
     {"t_fn", "thickness of part n of the flange, mm"},
@@ -124,6 +130,7 @@ constexpr Meaning kMeanings[] = {
     {"t_w", "thickness of the web, of the wall or of the legs, mm"},
     {"u_0", "distance of the shear centre from the centroid along u, mm"},
     {"v_0", "distance of the shear centre from the centroid along v, mm"},
+    {"v_b", "basic wind velocity, m/s"},
     {"w", "distance of the corner from the axis u, mm"},
     {"w_n", "lost width of plate n, mm"},
     {"y_0", "distance of the shear centre from the centroid along y, mm"},
@@ -147,7 +154,9 @@ constexpr Meaning kMeanings[] = {
     {"γ_Q2", "partial factor of other variable actions"},
     {"δ_y", "largest deflection along y, mm; its size"},
     {"δ_z", "largest deflection along z, mm; its size"},
+    {"κ_n", "wave number of mode n by the supports"},
     {"ξ", "reduction of permanent actions in EN 1990, Eq (6.10b)"},
+    {"ψ_n", "combination factor of load n, in the table of loads that count as masses"},
     {"χ", "smallest reduction of flexural, torsional and torsional-flexural buckling"},
     {"χ_LT", "reduction of lateral torsional buckling; 1 where there is none"},
     {"χ_y", "reduction of flexural buckling about y, of angles about u"},
@@ -179,11 +188,15 @@ Line MeaningLine(std::string_view text)
     return line;
 }
 
-// "c_n" of "c_1".
+// "c_n" of "c_1", "s_n,1" of "s_2,1".
 std::string WithoutNumber(std::string symbol)
 {
-    if (symbol.size() > 1 && std::isdigit(static_cast<unsigned char>(symbol.back())) != 0) {
-        symbol.back() = 'n';
+    const auto is_digit = [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; };
+    const std::size_t first = symbol.find('_') + 1;
+    const std::size_t at =
+        symbol.find(',') == first + 1 && is_digit(symbol[first]) ? first : symbol.size() - 1;
+    if (at > 0 && is_digit(symbol[at])) {
+        symbol[at] = 'n';
     }
     return symbol;
 }

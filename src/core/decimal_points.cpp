@@ -34,7 +34,7 @@ bool NamesAReference(std::string_view before)
 // "gives" in "Table 4.1 gives 0.3": what stands behind it is no clause any more.
 bool HasAVerb(std::string_view text)
 {
-    constexpr std::string_view kLinks[] = {"and", "or", "to"};
+    constexpr std::string_view kLinks[] = {"and", "or", "to", "ch", "clause"};
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t from = at;
         while (at < text.size() && IsLetter(text[at])) {
@@ -60,10 +60,11 @@ bool InCitation(std::string_view before)
            !HasAVerb(before.substr(standard));
 }
 
-// The letter that is part of a name, "A1.2"; an x stands between numbers, "150x12.5".
+// The letter that is part of a name, "A1.2", "BB.1.2"; an x stands between numbers, "150x12.5".
 bool BelongsToAName(std::string_view before)
 {
-    return !before.empty() && IsLetter(before.back()) && before.back() != 'x';
+    const char last = before.empty() ? ' ' : before.back();
+    return last == '.' || (IsLetter(last) && last != 'x');
 }
 
 bool IsReference(std::string_view before)

@@ -132,7 +132,7 @@ TEST(Departures, NamedByTheirNumberHaveTheirSentence)
         std::erase(text, '\\');  // in front of signs of the format
         for (const Dev deviation : NamedDepartures(report)) {
             ++named;
-            const std::string sentence(TextOf(deviation).substr(0, 40));
+            const std::string sentence(RuleOf(deviation).substr(0, 40));
             EXPECT_NE(text.find(sentence), std::string::npos)
                 << NameOf(deviation) << " stands in the report without what it is";
         }
