@@ -60,7 +60,7 @@ void AddMember(const CalculatedMember& m, Document& d)
         AddClasses(m, d);
     }
     AddEffectiveSection(m, d);
-    if (m.outcome.designed()) {
+    if (m.HasSection()) {
         AddForces(m, d);
         AddResistances(m, d);
     }

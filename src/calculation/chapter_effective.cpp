@@ -392,10 +392,10 @@ EffectiveStates StatesOf(const CalculatedMember& m, const standard::EffectiveStu
 void AddEffectiveSection(const CalculatedMember& m, Document& d)
 {
     const ProjectState& s = m.s;
-    const bool designed = m.outcome.designed();  // else the rules of the program have no classes
-    const bool n = designed && s.classn == 4 && Traits(s).carries.offered.n;
-    const bool y = designed && (s.classmy == 4 || s.classmytop == 4 || s.classmybot == 4);
-    const bool z = designed && s.classmz == 4;
+    const bool classed = m.HasSection();  // by the rules of the program
+    const bool n = classed && s.classn == 4 && Traits(s).carries.offered.n;
+    const bool y = classed && (s.classmy == 4 || s.classmytop == 4 || s.classmybot == 4);
+    const bool z = classed && s.classmz == 4;
     const bool entered = Is(s, Kind::general) || Is(s, Kind::tube) || Is(s, Kind::flat);
     if (entered) {
         return;

@@ -35,8 +35,8 @@ void AddDiagrams(const ProjectState& s, Document& d)
     };
     const bool z = Any(s.mydiag) || Any(s.vzdiag), y = Any(s.mzdiag) || Any(s.vydiag);
     if (!z && !y) {
-        d.Show({{DrawAll(s, LoadAxis::z, kMember).load, s.loadmode == 1 ? "Loads" : "Given end forces",
-                 kPicture}});
+        d.Show({{DrawAll(s, LoadAxis::z, kMember).load,
+                 s.loadmode == 1 ? "Loads" : "Given end forces", kPicture}});
     }
     if (z) {
         add(LoadAxis::z, "z");

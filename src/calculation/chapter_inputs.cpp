@@ -115,7 +115,7 @@ void AddFamilyChoices(const CalculatedMember& m, Values& values)
                                                      ? "counts; left out by the program, overloaded"
                                                      : "counts");
         if (loaded && Traits(in).shape.lower == LowerFlange::both_sides) {
-            values.Number("Share of it on one side, at most", "s_f", in.flangeload, "%");
+            values.Number("Share of it on one side, at most", "p", in.flangeload, "%");
         }
         values.Text("Web of class 3 counts as class 2, 6.2.2.4", YesNo(in.class23 == 0));
     }

@@ -44,7 +44,7 @@ Expr FlangeFactor(const ProjectState& s, const Quantities& q, Document& d)
     const Expr lever = Num(60);  // mm
     Expr load = Sym("q_sum", std::abs(s.qsum));
     if (Traits(s).shape.lower == LowerFlange::both_sides) {
-        load = Sym("s_f", s.flangeload / 100.0) * load;
+        load = Sym("p", s.flangeload) / Num(100) * load;
     }
     const Expr acting = Step(d, "m_q", load * lever, "Nmm/mm", "", "load on the flange, 60 mm out");
     const Expr resisting =

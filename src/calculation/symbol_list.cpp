@@ -21,6 +21,8 @@ constexpr Meaning kMeanings[] = {
     {"A_eff", "effective area, mm²"},
     {"A_g", "work of the loads by their level on the buckling shape, Nm"},
     {"A_j", "work of the moments by the asymmetry zj on the buckling shape, Nm"},
+    {"A_v,y", "shear area along y, mm²"},
+    {"A_v,z", "shear area along z, mm²"},
     {"A_w", "area of the webs, mm²"},
     {"C_1", "factor of the moment line; 1 without lateral torsional buckling"},
     {"C_1,a", "C1 of the table for k of the first value named at the equation"},
@@ -159,6 +161,7 @@ constexpr Meaning kMeanings[] = {
     {"ψ_n", "combination factor of load n, in the table of loads that count as masses"},
     {"χ", "smallest reduction of flexural, torsional and torsional-flexural buckling"},
     {"χ_LT", "reduction of lateral torsional buckling; 1 where there is none"},
+    {"χ_LT,mod", "modified reduction of lateral torsional buckling, 6.3.2.3 (2)"},
     {"χ_y", "reduction of flexural buckling about y, of angles about u"},
     {"χ_z", "reduction of flexural buckling about z, of angles about v"},
 };
