@@ -107,6 +107,7 @@ constexpr Meaning kMeanings[] = {
     {"c_n", "width of plate n, mm"},
     {"c_w", "width of the bent plate, mm"},
     {"e", "distance of the centroid of the gross section from the compressed edge, mm"},
+    {"e_max", "distance of the furthest corner from the axis, mm"},
     {"h_f", "distance of the centroids of the flanges, mm"},
     {"h_w", "clear height of the web between the flanges, mm"},
     {"k_cr,u", "factor of the buckling length about u, that of y as entered"},
