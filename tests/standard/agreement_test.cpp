@@ -7,6 +7,7 @@
 #include "engine/calculate.h"
 #include "engine/section_dispatch.h"
 #include "sections/families.h"
+#include "sections/family_table.h"
 #include "standard/resistance.h"
 #include "standard/standard_member.h"
 
@@ -269,6 +270,50 @@ TEST(Agreement, EveryEffectiveSectionIsThatOfTheProgram)
             if (!q.ISection()) {  // D160
                 ExpectSame(e.wz, s.weffz, "Weff,z");
             }
+        });
+    }
+}
+
+// Every row of the tables and the section of each form, of a steel in which no web buckles in
+// shear.
+template <class Visit> void ForSections(int family, const Visit& visit)
+{
+    Member s = Member().Unloaded().Family(family).Steel(60);
+    s.neta = 1.2F;
+    const bool listed = HasTable(family);
+    const int rows = listed ? Delivered().tables[static_cast<std::size_t>(TableOf(s))].rows : 1;
+    for (int row = 0; row < rows; ++row) {
+        SCOPED_TRACE(row);
+        ProjectState each = listed ? s.Row(row) : s;
+        CalcSection(Delivered(), each);
+        visit(Both{each, standard::SectionOf(Delivered(), each, EveryRuleBack())});
+    }
+}
+
+TEST(Agreement, EveryGrossSectionIsThatOfTheProgram)
+{
+    for (const int family : FamilyNumbers()) {
+        SCOPED_TRACE(family);
+        ForSections(family, [&](const Both& both) {
+            const auto& [s, q] = both;
+            ExpectSame(q.a, s.a, "A");
+            ExpectSame(q.iy, s.iy, "Iy");
+            ExpectSame(q.it, s.it, "It");
+            if (q.kind != Kind::plate) {  // the stiffener alone there
+                ExpectSame(q.iz, s.iz, "Iz");
+            }
+            if (q.Angle() || q.kind == Kind::flat) {  // sheared elastically, 6.2.6 (4)
+                ExpectSame(1.5 * q.avz, s.avz, "Av,z");
+                ExpectSame(1.5 * q.avy, s.avy, "Av,y");
+                return;
+            }
+            ExpectSame(q.avz, s.avz, "Av,z");
+            ExpectSame(q.avy, s.avy, "Av,y");
+            const auto basis = EveryRuleBack();
+            const auto p = standard::Prepare(q, basis);
+            const standard::ShearInputs in{s.webstiffa, s.l * 1000.0, false, false};
+            ExpectSame(ShearAlongZ(p, in, 0, 0, basis).web, 1e3 * s.vzrd, "Vz,Rd");
+            ExpectSame(ShearAlongY(p, in, basis).web, 1e3 * s.vyrd, "Vy,Rd");
         });
     }
 }

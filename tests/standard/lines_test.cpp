@@ -2,6 +2,7 @@
 
 #include "standard/lines.h"
 
+#include "core/member_choices.h"
 #include "standard/lateral_line.h"
 #include "standard/standard_member.h"
 
@@ -107,6 +108,30 @@ TEST(Lines, LoadsOffTheMemberHaveAReason)
     }
 }
 
+// The last row of each kind counts like the first and is looked at like it.
+TEST(Lines, LastRowsCount)
+{
+    Member s = Unloaded(6, 235).Section("IPE 300");
+    s.nload[3] = 1;
+    s.ntype[3] = 2;
+    s.qload[4] = 1;
+    s.qdir[4] = 1;
+    s.qt1[3] = 1;
+    s.qtx1[3] = 1;
+    s.qtx2[3] = 2;
+    s.pm[8] = 1;
+    s.pmx[8] = 3;
+    const auto loads = LoadsOf(s, Basis::Standard());
+    EXPECT_EQ(loads.count, 3U);
+    EXPECT_TRUE(loads.present.q2);
+    EXPECT_EQ(standard::NoLoadsReason(s), "");
+    s.qtx2[3] = 1;
+    EXPECT_EQ(standard::NoLoadsReason(s), "a trapezoidal load ends before it starts");
+    s.qtx2[3] = 2;
+    s.pmx[8] = 7;
+    EXPECT_EQ(standard::NoLoadsReason(s), "a point load lies off the member");
+}
+
 // M = 4 + 3 x + 2 x^2 + x^3 (kNm, m), cut at 1 m: 10 + 10 s + 5 s^2 + s^3.
 standard::CombinedLines Cubic()
 {
@@ -158,6 +183,115 @@ TEST(Lines, LevelsOfThePartOfALoad)
     EXPECT_DOUBLE_EQ(found.points[0].pz, 160e3);
     EXPECT_DOUBLE_EQ(found.pieces[0].qz0, 1.5 * 5 * 80);
     EXPECT_DOUBLE_EQ(found.pieces[0].qz1, 1.5 * 3 * 80);
+}
+
+// Entered from end to end: Vz 10 and 22 kN, Vy 4 and -8; straight between, a quarter of the way 13
+// and 1.
+TEST(Lines, EnteredShearIsStraight)
+{
+    Member s = Unloaded(6, 235).Section("IPE 300").EndForces(0, 0, 0);
+    s.vz1 = 10;
+    s.vz2 = 22;
+    s.vy1 = 4;
+    s.vy2 = -8;
+    const auto lines = LinesOf(s, LoadsOf(s, Basis::Standard()), {1, 1, 1}, Basis::Standard());
+    EXPECT_NEAR(lines.Shear(standard::Axis::y, 0, 1.5), 13, 1e-12);
+    EXPECT_NEAR(lines.Shear(standard::Axis::z, 0, 1.5), 1, 1e-12);
+}
+
+// Each force at an end by itself acts in the standard where the family does not take it (D178: a
+// flat bar, D106: a T); the program leaves all of them out.
+TEST(Lines, EveryEndForceActsWhateverTheFamilyTakes)
+{
+    const auto acts = [](const ProjectState& s, const Basis& basis) {
+        const auto lines = LinesOf(s, LoadsOf(s, Basis::Standard()), {1, 1, 1}, basis);
+        double sum = std::abs(lines.n);
+        for (const standard::Axis axis : {standard::Axis::y, standard::Axis::z}) {
+            sum += std::abs(lines.LargestMoment(axis).value);
+            sum += std::abs(lines.Shear(axis, 0, 0)) + std::abs(lines.Shear(axis, 0, 6));
+        }
+        return sum > 0;
+    };
+    int left_out = 0;
+    for (const int family : {1, 24, 26, 28}) {
+        for (const char* force : {"ne", "my1", "my2", "vz1", "vz2", "mz1", "mz2", "vy1", "vy2"}) {
+            SCOPED_TRACE(std::string(force) + " " + std::to_string(family));
+            Member s = Unloaded(6, 235).Family(family).EndForces(0, 0, 0);
+            EXPECT_FALSE(acts(s, Basis::Standard()));
+            SetFields(s, std::string(force) + "=5");
+            EXPECT_TRUE(acts(s, Basis::Standard()));
+            const Dev rule = family == 28 ? Dev::d178 : family == 26 ? Dev::d106 : Dev::d189;
+            left_out += acts(s, Basis::StandardBut(rule)) ? 0 : 1;
+        }
+    }
+    EXPECT_GT(left_out, 0);
+}
+
+// D101: 2 kN/m at 1 m rising to 6 at 5 m, in 20 strips of 0.2 m: 2.1 kN/m at 1.1 m are 0.42 kN, 5.9
+// at 4.9 m are 1.18 kN, all of them 16 kN.
+TEST(Lines, StripsOfATrapezoidalLoad)
+{
+    Member s = Unloaded(6, 235).Section("IPE 300");
+    s.qt1[1] = 2;
+    s.qt2[1] = 6;
+    s.qtx1[1] = 1;
+    s.qtx2[1] = 5;
+    const auto loads = LoadsOf(s, Basis::StandardBut(Dev::d101));
+    ASSERT_EQ(loads.count, 20U);
+    double sum = 0;
+    for (std::size_t i = 0; i < loads.count; ++i) {
+        EXPECT_TRUE(loads.load[i].point && loads.load[i].strip);
+        sum += loads.load[i].at.force;
+    }
+    EXPECT_NEAR(sum, 16, 1e-9);
+    EXPECT_NEAR(loads.load[0].at.x, 1.1, 1e-6);
+    EXPECT_NEAR(loads.load[0].at.force, 0.42, 1e-9);
+    EXPECT_NEAR(loads.load[19].at.x, 4.9, 1e-6);
+    EXPECT_NEAR(loads.load[19].at.force, 1.18, 1e-9);
+}
+
+TEST(Lines, RestraintsDivideTheMember)
+{
+    Member s = Unloaded(6, 235).Section("IPE 300");
+    s.restraints = 2;
+    const LineGrid grid = LoadsOf(s, Basis::Standard()).grid;
+    ASSERT_EQ(grid.pieces, 3U);
+    for (std::size_t i = 0; i <= 3; ++i) {
+        EXPECT_NEAR(grid.x[i], 2.0 * static_cast<double>(i), 1e-9);
+    }
+}
+
+TEST(Lines, SpringsByTheirShare)
+{
+    Member s = Unloaded(6, 235);
+    s.spring = 40;
+    const auto fixity = [&](i16 supports) {
+        s.supportcase = supports;
+        const EndFixity ends = standard::FixityOf(s);
+        return std::array{ends.start, ends.end, ends.cantilever ? 1.0 : 0.0};
+    };
+    EXPECT_EQ(fixity(SupportCase::pinned), (std::array{0.0, 0.0, 0.0}));
+    EXPECT_EQ(fixity(SupportCase::pinned_fixed), (std::array{0.0, 1.0, 0.0}));
+    EXPECT_EQ(fixity(SupportCase::fixed), (std::array{1.0, 1.0, 0.0}));
+    EXPECT_EQ(fixity(SupportCase::springs), (std::array{0.4, 0.4, 0.0}));
+    EXPECT_EQ(fixity(SupportCase::cantilever), (std::array{1.0, 0.0, 1.0}));
+    EXPECT_EQ(fixity(SupportCase::pinned_spring), (std::array{0.0, 0.4, 0.0}));
+}
+
+// Forces at stations run from end to end of each piece, 1 to 3 m: half of the way at 2 m.
+TEST(Lines, ForcesAtStationsAreStraightBetweenThem)
+{
+    standard::StationPieces stations{};
+    stations.n[1] = {10, 40};
+    stations.vz[1] = {6, 2};
+    stations.vy[1] = {-3, 5};
+    standard::CombinedLines lines{};
+    lines.grid.pieces = 2;
+    lines.grid.x = {0, 1, 3};
+    lines.stations = &stations;
+    EXPECT_DOUBLE_EQ(lines.Axial(1, 1.5), 17.5);
+    EXPECT_DOUBLE_EQ(lines.Shear(standard::Axis::y, 1, 1.5), 5);
+    EXPECT_DOUBLE_EQ(lines.Shear(standard::Axis::z, 1, 1.5), -1);
 }
 
 }  // namespace
