@@ -150,5 +150,28 @@ TEST(Columns, SlendernessOfAnglesWithTwoBolts)
     EXPECT_TRUE(first && last);
 }
 
+// D232: the program leaves buckling out up to a slenderness of 0.2 about both axes, and up to 0.04
+// of the critical force; the standard never does.
+TEST(Columns, ProgramLeavesOutStockyAndLightOnes)
+{
+    const auto checked = [](float length, double n) {
+        Member s = Unloaded(length, 235).Section("HEA 200");
+        s.nload[1] = static_cast<float>(n);
+        EXPECT_GT(Ratio(s, standard::CheckId::flexural_z), 0);
+        return Back(s, Dev::d232, standard::CheckId::flexural_z) > 0;
+    };
+    Member s = Unloaded(10, 235).Section("HEA 200");
+    const StandardSection q = SectionOfMember(s);
+    const double least = clauses::EulerLoad(q.e, q.iz, 10000) / 1e3;
+    EXPECT_FALSE(checked(10, 0.04 * 0.996 * least));
+    EXPECT_TRUE(checked(10, 0.04 * 1.004 * least));
+    // sqrt(A fy/Ncr) goes with the length. A stocky column is light as well, lam^2 = 0.04 NRk/Ncr,
+    // but for a force above its resistance.
+    const double squash = q.a * 0.235;
+    const double length = 10 * 0.2 / std::sqrt(squash / least);
+    EXPECT_FALSE(checked(static_cast<float>(0.996 * length), 1.2 * squash));
+    EXPECT_TRUE(checked(static_cast<float>(1.004 * length), 1.2 * squash));
+}
+
 }  // namespace
 }  // namespace kestrum

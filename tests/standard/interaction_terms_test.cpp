@@ -102,5 +102,128 @@ TEST(InteractionTerms, MomentsWithoutAnAxialForce)
     EXPECT_FALSE(present(-20, 10, 2));
 }
 
+// --- Equivalent moments, Table B.3
+// -----------------------------------------------------------------
+
+// HEA 200, 4 m on two supports, 60 kN, gammaM1 1.2, Annex B.
+Member Column()
+{
+    Member s = Unloaded(4, 235).Section("HEA 200");
+    s.gammam1 = 1.2F;
+    s.method = 2;
+    s.ltb = 1;
+    s.nload[1] = 60;
+    return s;
+}
+
+// Two uniform loads and one point load at mid-span; the first and the last in z.
+void SetLoads(ProjectState& s, float z, float y, float point)
+{
+    s.qload[1] = z;
+    s.qdir[1] = 1;
+    s.qload[2] = y;
+    s.qdir[2] = 0;
+    s.pm[1] = point;
+    s.pmx[1] = 2;
+    s.pmdir[1] = 1;
+}
+
+clauses::AnnexBInputs FactorsOf(const ProjectState& s)
+{
+    return TermsOf(s, CheckId::eq661).b;
+}
+
+// Without moments at the ends 0.95 under a uniform load, 0.90 under a point load, the larger one
+// under both; a load across the other axis is of no account.
+TEST(InteractionTerms, EquivalentMomentsByTheLoadsThatBend)
+{
+    Member s = Column();
+    SetLoads(s, 3, 0, 0);
+    EXPECT_NEAR(FactorsOf(s).cmy, 0.95, 1e-9);
+    EXPECT_NEAR(FactorsOf(s).cmlt, 0.95, 1e-9);
+    SetLoads(s, 0, 0, 10);
+    EXPECT_NEAR(FactorsOf(s).cmy, 0.9, 1e-9);
+    SetLoads(s, 3, 0, 10);
+    EXPECT_NEAR(FactorsOf(s).cmy, 0.95, 1e-9);
+    SetLoads(s, 0, 1, 10);
+    EXPECT_NEAR(FactorsOf(s).cmy, 0.9, 1e-9);
+    EXPECT_NEAR(FactorsOf(s).cmz, 0.95, 1e-9);
+}
+
+// 0.6 + 0.4 psi of end moments, at least 0.4; 0.9 of members that sway, whatever the moments.
+TEST(InteractionTerms, EquivalentMomentsOfEndMomentsAndOfSway)
+{
+    Member s = Column().EndForces(60, 20, 2);
+    s.my2 = 10;
+    s.mz2 = -2;
+    EXPECT_NEAR(FactorsOf(s).cmy, 0.8, 1e-9);
+    EXPECT_NEAR(FactorsOf(s).cmz, 0.4, 1e-9);
+    s.ly = 1.01F;
+    EXPECT_NEAR(FactorsOf(s).cmy, 0.9, 1e-9);
+    EXPECT_NEAR(FactorsOf(s).cmz, 0.4, 1e-9);
+    s.ly = 1;
+    s.lz = 1.01F;
+    EXPECT_NEAR(FactorsOf(s).cmy, 0.8, 1e-9);
+    EXPECT_NEAR(FactorsOf(s).cmz, 0.9, 1e-9);
+    const MemberTerms t = TermsOf(s, CheckId::eq661);
+    EXPECT_FALSE(t.cm_y.sway);
+    EXPECT_TRUE(t.cm_z.sway);
+}
+
+// A uniform load with a restraint at mid-span: from 0 to M, 3/4 M between: 0.2 + 0.8 0.75 on either
+// side. A point load there leaves straight lines, psi 0: 0.6.
+TEST(InteractionTerms, EquivalentMomentBetweenRestraints)
+{
+    Member s = Column();
+    s.restraints = 1;
+    SetLoads(s, 3, 0, 0);
+    EXPECT_NEAR(FactorsOf(s).cmlt, 0.8, 1e-6);
+    SetLoads(s, 0, 0, 10);
+    EXPECT_NEAR(FactorsOf(s).cmlt, 0.6, 1e-6);
+}
+
+// A point load at 3 m between the restraint at 2 m and the end: 5 kNm at the restraint, 7.5 below
+// the load, 0.90 + 0.10 5/7.5. A hair of a line load counts in its own piece only, with 0.95 + 0.05
+// 5/7.5; one of a point load on the restraint in neither.
+TEST(InteractionTerms, EquivalentMomentByTheLoadsOfThePiece)
+{
+    Member s = Column();
+    s.restraints = 1;
+    SetLoads(s, 0, 0, 10);
+    s.pmx[1] = 3;
+    const auto expect = [&](float x1, float x2, bool lines, double cm) {
+        s.qt1[1] = s.qt2[1] = 1e-4F;
+        s.qtdir[1] = 1;
+        s.qtx1[1] = x1;
+        s.qtx2[1] = x2;
+        const MemberTerms t = TermsOf(s, CheckId::eq661);
+        EXPECT_TRUE(t.cm_lt.points);
+        EXPECT_EQ(t.cm_lt.lines, lines) << x1;
+        EXPECT_NEAR(t.b.cmlt, cm, 1e-4) << x1;
+    };
+    expect(0, 2, false, 0.9 + 0.1 / 1.5);
+    expect(2, 4, true, 0.95 + 0.05 / 1.5);
+    expect(1, 3, true, 0.95 + 0.05 / 1.5);
+    SetLoads(s, 0, 0, 1e-4F);
+    s.qt1[1] = s.qt2[1] = 10;
+    s.qtx1[1] = 2;
+    s.qtx2[1] = 4;
+    const MemberTerms t = TermsOf(s, CheckId::eq661);
+    EXPECT_TRUE(t.cm_lt.lines);
+    EXPECT_FALSE(t.cm_lt.points);
+}
+
+// n = NEd gammaM1/(chi NRk).
+TEST(InteractionTerms, AxialRatiosOfAnnexB)
+{
+    Member s = Column();
+    SetLoads(s, 3, 0, 0);
+    const MemberTerms t = TermsOf(s, CheckId::eq661);
+    EXPECT_NEAR(t.b.ny, 72e3 / (t.interaction.chiy * t.interaction.squash), 1e-7);
+    EXPECT_NEAR(t.b.nz, 72e3 / (t.interaction.chiz * t.interaction.squash), 1e-7);
+    EXPECT_EQ(t.b.lamy, t.interaction.lamy);
+    EXPECT_EQ(t.b.lamz, t.interaction.lamz);
+}
+
 }  // namespace
 }  // namespace kestrum
