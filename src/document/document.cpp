@@ -198,4 +198,15 @@ void Document::Add(const Symbol& symbol, double value, std::string unit, std::st
     Add(symbol, nullptr, value, std::move(unit), std::move(clause), std::move(remark));
 }
 
+bool Document::LeadsOn(std::size_t block) const
+{
+    const auto* const text = std::get_if<Paragraph>(&blocks[block]);
+    if (text == nullptr || block + 1 >= blocks.size()) {
+        return false;
+    }
+    const Block& next = blocks[block + 1];
+    return std::holds_alternative<Equation>(next) || std::holds_alternative<TextTable>(next) ||
+           (text->kind == Paragraph::Kind::remark && !std::holds_alternative<Heading>(next));
+}
+
 }  // namespace kestrum

@@ -132,6 +132,10 @@ struct Document {
     // A value with its clause.
     void Add(const Symbol& symbol, double value, std::string unit, std::string clause,
              Line remark = {});
+
+    // Whether a text leads to the block below it, so that both stand on one page: any to equations
+    // and tables, remarks to all but the next heading.
+    bool LeadsOn(std::size_t block) const;
 };
 
 // With as many digits as its numbers need to give the value within its last digit; without formula

@@ -32,8 +32,8 @@ public:
     std::string Take()
     {
         zip_.Add("mimetype", "application/vnd.oasis.opendocument.text");
-        for (const Block& block : document_.blocks) {
-            std::visit(*this, block);
+        for (; at_ < document_.blocks.size(); ++at_) {
+            std::visit(*this, document_.blocks[at_]);
         }
         zip_.Add("content.xml",
                  std::string(kXml) + "<office:document-content" + std::string(kNamespaces) + ">" +
@@ -73,7 +73,8 @@ public:
     void operator()(const Paragraph& paragraph)
     {
         constexpr std::string_view kStyles[] = {"Standard", "Good", "Bad", "Remark"};
-        Open(kStyles[static_cast<std::size_t>(paragraph.kind)]);
+        const std::string style(kStyles[static_cast<std::size_t>(paragraph.kind)]);
+        Open(document_.LeadsOn(at_) ? style + "Leading" : style);
         Text(paragraph.text);
         body_ += "</text:p>\n";
     }
@@ -310,7 +311,8 @@ private:
     ZipWriter zip_;
     std::string body_, columns_, manifest_;
     int tables_ = 0, pictures_ = 0, formulas_ = 0;
-    int members_ = 0;  // headings of level 1
+    int members_ = 0;     // headings of level 1
+    std::size_t at_ = 0;  // block in hand
     bool break_ = false;
 };
 

@@ -67,11 +67,7 @@ public:
             return;
         }
         const bool remark = paragraph.kind == Kind::remark;
-        const bool last = next_ == nullptr || std::holds_alternative<Heading>(*next_);
-        if ((remark && !last) ||
-            (next_ != nullptr && (std::holds_alternative<Equation>(*next_) ||
-                                  std::holds_alternative<TextTable>(*next_)))) {
-            // What leads to an equation or a table stands with it.
+        if (document_.LeadsOn(at_)) {
             Need(HeightOf(paragraph) + Following());
         }
         Wrapped(paragraph.text, remark ? kSmallText : kText, kLeft, kWidth,

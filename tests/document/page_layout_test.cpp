@@ -328,6 +328,23 @@ TEST(Odt, KeepsShortTablesWhole)
     EXPECT_EQ(bytes.find(whole), std::string::npos) << "it would leave the page";
 }
 
+TEST(Odt, KeepsATextWithWhatItLeadsTo)
+{
+    Document d;
+    d.Say("ends", Paragraph::Kind::remark);
+    d.Chapter("Chapter");
+    d.Say("leads", Paragraph::Kind::remark);
+    d.Say("says");
+    d.Say("heads");
+    d.Add("c", 1, "mm", "6.2.3");
+    const std::string bytes = WriteOdt(d);
+    EXPECT_NE(bytes.find("\"Remark\">ends<"), std::string::npos);
+    EXPECT_NE(bytes.find("\"RemarkLeading\">leads<"), std::string::npos);
+    EXPECT_NE(bytes.find("\"Standard\">says<"), std::string::npos);
+    EXPECT_NE(bytes.find("\"StandardLeading\">heads<"), std::string::npos);
+    EXPECT_NE(bytes.find("style:name=\"RemarkLeading\""), std::string::npos) << "no such style";
+}
+
 TEST(Office, ReadsItsLines)
 {
     Office office;
