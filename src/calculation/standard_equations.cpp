@@ -73,6 +73,7 @@ private:
     Expr Plastic();
     Expr Web();
     void AddFlangeLoad();
+    void AddShearArea();
     Expr ShareOfPlates(bool y) const;
     Expr LostInShear(const bool* y, bool plastic) const;
     void AddSheared(const std::string& symbol, std::string_view whole, double left, bool moment);
@@ -246,6 +247,20 @@ Expr AtSection::Axial()
     return Force("N_Ed", t_.n, kNewton) / resistance;
 }
 
+// The shear area of plates, 6.2.6 (3); those of rolled sections are the same by both sets of rules.
+void AtSection::AddShearArea()
+{
+    const Expr tw = Sym("t_w", q_.tw), hw = Sym("h_w", q_.hw), h = Sym("h", q_.h);
+    const Expr webs = Sym("η", q_.eta) * (q_.webs > 1 ? Num(q_.webs) * hw * tw : hw * tw);
+    const Expr stem = tw * (h - Sym("t_f", q_.top.t) / Num(2));
+    for (const Expr& area : {webs, stem}) {
+        if (std::abs(Evaluate(area) - q_.avz) <= 1e-9 * q_.avz) {
+            d_.Add("A_v,z", area, q_.avz, "mm2", "6.2.6 (3)");
+            return;
+        }
+    }
+}
+
 Expr AtSection::Shear(bool z)
 {
     const standard::ShearResistance& r = z ? t_.along_z : t_.along_y;
@@ -258,6 +273,9 @@ Expr AtSection::Shear(bool z)
             "kN", "6.2.6");
     }
     const std::string symbol = "V_" + axis + ",Rd";
+    if (z) {
+        AddShearArea();
+    }
     if (r.slender) {
         const double total = r.total / kNewton;
         if (z && t_.shear) {

@@ -477,6 +477,15 @@ TEST(CalculationReport, NamesBendingAboutBothAxesWithoutAnAxialForce)
         << "the self-weight adds to the loads here";
 }
 
+// 6.2.6 (3) of a welded T: 12 (150 - 14/2) = 1716 mm2.
+TEST(CalculationReport, HasTheShearAreaOfTheStemByTheStandard)
+{
+    const std::string text =
+        MarkdownOf(ProjectOf(fs::path(KESTRUM_SOURCE) / "examples" / "f026_t_chord.kst"));
+    EXPECT_NE(text.find("12·(150 - 14/2) = 1716.0 mm²"), std::string::npos)
+        << "the shear resistance rests on an area that stands nowhere";
+}
+
 // The sum outside 6.3.3 has a clause, 6.2.1 (7).
 TEST(CalculationReport, CitesTheClauseOfTheSumOutside633)
 {
