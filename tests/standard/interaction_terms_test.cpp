@@ -225,5 +225,31 @@ TEST(InteractionTerms, AxialRatiosOfAnnexB)
     EXPECT_EQ(t.b.lamz, t.interaction.lamz);
 }
 
+// --- Pieces of lateral torsional buckling --------------------------------------------------------
+
+// 10 kN on the restraint at mid-span and 2 kN at a quarter: 11 kNm there, 6.5 below the small load,
+// where the chord has 5.5. The piece with both has the smaller C1 and the larger kc, no row of
+// Table 6.6, and governs from either side; the straight one has 0.752.
+TEST(InteractionTerms, WorsePieceBesideARestraint)
+{
+    const auto lateral = [](float quarter) {
+        Member s = Column();
+        s.nload[1] = 0;
+        s.restraints = 1;
+        SetLoads(s, 0, 0, 10);
+        s.pm[2] = 2;
+        s.pmx[2] = quarter;
+        s.pmdir[2] = 1;
+        return TermsOf(s, CheckId::ltb).lateral;
+    };
+    const standard::LateralResult left = lateral(1), right = lateral(3);
+    EXPECT_NEAR(left.place, 0.5, 1e-9);
+    EXPECT_NEAR(left.piece.c1, right.piece.c1, 1e-6);
+    EXPECT_NEAR(left.kc, right.kc, 1e-6);
+    EXPECT_NEAR(left.kc, 1 / std::sqrt(left.piece.c1), 1e-9);
+    EXPECT_GT(left.kc, 0.76);
+    EXPECT_FALSE(left.tabulated || right.tabulated);
+}
+
 }  // namespace
 }  // namespace kestrum

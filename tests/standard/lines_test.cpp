@@ -159,6 +159,23 @@ TEST(Lines, PartOfAMomentLineInNewtonsAndMillimetres)
     ExpectPiece(line.Line().pieces[0], 0, 2000, {10e6, 10e3, 5, 1e-3});
 }
 
+// Of two pieces that meet at 2 m a part holds those that it touches by more than a point.
+TEST(Lines, PartHoldsThePiecesThatItTouches)
+{
+    standard::CombinedLines lines{};
+    lines.grid.pieces = 2;
+    lines.grid.x = {0, 2, 4};
+    lines.y.m.m[0] = {0, 1, 0, 0};
+    lines.y.m.m[1] = {2, -1, 0, 0};
+    const auto pieces = [&](double x0, double x1) {
+        return standard::LateralLine(lines, x0, x1, 1).Line().pieces.size();
+    };
+    EXPECT_EQ(pieces(0, 1), 1U);
+    EXPECT_EQ(pieces(0, 2), 1U);
+    EXPECT_EQ(pieces(2, 4), 1U);
+    EXPECT_EQ(pieces(1, 3), 2U);
+}
+
 // Twice as long with the same moments.
 TEST(Lines, StretchedMomentLine)
 {
@@ -183,6 +200,27 @@ TEST(Lines, LevelsOfThePartOfALoad)
     EXPECT_DOUBLE_EQ(found.points[0].pz, 160e3);
     EXPECT_DOUBLE_EQ(found.pieces[0].qz0, 1.5 * 5 * 80);
     EXPECT_DOUBLE_EQ(found.pieces[0].qz1, 1.5 * 3 * 80);
+}
+
+// The same of a load from 0.5 m, 6 kN/m, to 4.5 m, 2 kN/m: 5.5 and 3.5 kN/m at the ends of the
+// part, which is stretched to twice its length: loads a quarter, forces half. Loads across and
+// those with the factor 0 have no level.
+TEST(Lines, LevelsOfAStretchedPart)
+{
+    standard::MemberLoads loads{};
+    loads.count = 4;
+    loads.load[0] = {0, true, true, false, {}, {2, 2, 0}};
+    loads.load[1] = {1, true, false, false, {0.5, 4.5, 6, 2}, {}};
+    loads.load[2] = {1, false, false, false, {0.5, 4.5, 6, 2}, {}};
+    loads.load[3] = {2, true, false, false, {0.5, 4.5, 6, 2}, {}};
+    standard::LateralLine line(Cubic(), 1, 3, 2);
+    line.AddLevels(loads, {1, 1.5, 0}, 100, 20);
+    const MomentLine found = line.Line();
+    ASSERT_EQ(found.points.size(), 1U);
+    EXPECT_DOUBLE_EQ(found.points[0].x, 2000);
+    EXPECT_DOUBLE_EQ(found.points[0].pz, 80e3);
+    EXPECT_DOUBLE_EQ(found.pieces[0].qz0, 1.5 * 5.5 * 80 / 4);
+    EXPECT_DOUBLE_EQ(found.pieces[0].qz1, 1.5 * 3.5 * 80 / 4);
 }
 
 // Entered from end to end: Vz 10 and 22 kN, Vy 4 and -8; straight between, a quarter of the way 13
