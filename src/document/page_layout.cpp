@@ -247,7 +247,9 @@ private:
     };
     Beside TablesAt(std::size_t block) const
     {
-        constexpr double kGives = 0.1;  // of its width, the second
+        // What the second gives of its width for that: a little, or what few of its texts take.
+        constexpr double kGives = 0.1, kHalf = 0.5, kGrows = 0.25;  // of its height
+        constexpr double kUnbroken = 1e4;
         const char decimal = document_.head.decimal;
         const auto& table = std::get<TextTable>(document_.blocks[block]);
         const auto with_caption = [](const TextTable& of, double height) {
@@ -263,8 +265,13 @@ private:
         }
         const double room = kWidth - kBetween - tables.first.Width();
         TableLayout second = LayOutTable(*other, kWidth, decimal);
-        if (second.Width() > room && room >= (1 - kGives) * second.Width()) {
-            second = LayOutTable(*other, room, decimal);
+        if (second.Width() > room && room >= kHalf * second.Width()) {
+            TableLayout narrow = LayOutTable(*other, room, decimal);
+            if (room >= (1 - kGives) * second.Width() ||
+                narrow.Height() <=
+                    (1 + kGrows) * LayOutTable(*other, kUnbroken, decimal).Height()) {
+                second = std::move(narrow);
+            }
         }
         const double height = std::max(with_caption(table, tables.first.Height()),
                                        with_caption(*other, second.Height()));

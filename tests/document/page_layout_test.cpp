@@ -212,6 +212,24 @@ TEST(PageLayout, ATableGivesWayALittleToStandBesideAnother)
     EXPECT_GT(narrowed, 0);
 }
 
+// One long text among many short ones is broken for that; many long ones, or numbers, are not.
+TEST(PageLayout, ATableBreaksOneLongTextToStandBesideAnother)
+{
+    const TextTable first = TableOfWords("First", 14);
+    const auto second = [](int long_ones) {
+        TextTable table{.columns = {{"Second"}}};
+        for (int row = 0; row < 20; ++row) {
+            table.rows.push_back({row < long_ones ? "a text that is broken where it has no room "
+                                                    "beside what stands at the left of it"
+                                                  : "short"});
+        }
+        return table;
+    };
+    EXPECT_TRUE(StandBeside(first, second(0)));
+    EXPECT_TRUE(StandBeside(first, second(1)));
+    EXPECT_FALSE(StandBeside(first, second(9)));
+}
+
 TEST(PageLayout, EachPageHasItsNumber)
 {
     const LaidOut laid = LayOut(LongDocument(1));
