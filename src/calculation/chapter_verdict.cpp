@@ -34,7 +34,7 @@ void AddBox(const CalculatedMember& m, Document& d)
     if (outcome.rated()) {
         text += Line(", IR = ") + RatioLine(outcome.ir);
     }
-    if (outcome.designed() && !outcome.control.empty()) {
+    if (outcome.rated() && !outcome.control.empty()) {
         const CheckPair* const pair = GoverningPair(m);
         text += Line(
             " (" + GoverningName(m) + ", " +
