@@ -14,8 +14,9 @@ namespace {
 // Reads sums, products, quotients and powers of names; each name takes the next number.
 class FormulaReader {
 public:
-    FormulaReader(std::string_view text, std::span<const double> numbers, std::string_view lateral)
-        : text_(text), numbers_(numbers), lateral_(lateral)
+    FormulaReader(std::string_view text, std::span<const double> numbers, std::string_view lateral,
+                  bool of_member)
+        : text_(text), numbers_(numbers), lateral_(lateral), of_member_(of_member)
     {
     }
 
@@ -88,7 +89,7 @@ private:
             failed_ = true;
             return Num(0);
         }
-        const Symbol symbol = SymbolOfCheck(text_.substr(start, at_ - start), lateral_);
+        const Symbol symbol = SymbolOfCheck(text_.substr(start, at_ - start), lateral_, of_member_);
         return std::make_shared<const Term>(
             Term{.op = Op::symbol, .symbol = symbol, .value = numbers_[taken_++]});
     }
@@ -96,14 +97,18 @@ private:
     std::string_view text_;
     std::span<const double> numbers_;
     std::string_view lateral_;
+    bool of_member_;
     std::size_t at_ = 0, taken_ = 0;
     bool failed_ = false;
 };
 
 }  // namespace
 
-Symbol SymbolOfCheck(std::string_view name, std::string_view lateral)
+Symbol SymbolOfCheck(std::string_view name, std::string_view lateral, bool of_member)
 {
+    if (of_member && name.starts_with('M') && name.ends_with(",Rd")) {
+        return SymbolOfCheck(std::string(name) + ",1", lateral, false);
+    }
     if (name == "alfa") {
         return "α";
     }
@@ -131,8 +136,11 @@ Expr FormulaOfCheck(const Check& check, std::string_view lateral)
     // Mu does not stress the heel, and has no number there.
     const std::string text =
         check.form == CheckForm::heel ? "NEd/NRd+Mv,Ed/Mv,Rd" : FormulaOf(check);
+    const auto& rows = kBucklingRows;
+    const bool of_member = std::find(std::begin(rows), std::end(rows),
+                                     RowOf(TextsOf(check.form).id)) != std::end(rows);
     const Expr formula =
-        FormulaReader(text, std::span(terms).first(TermsOf(check)), lateral).Read();
+        FormulaReader(text, std::span(terms).first(TermsOf(check)), lateral, of_member).Read();
     // A single force counts with its size.
     return formula != nullptr && Evaluate(formula) < 0 && check.ratio > 0 ? Size(formula) : formula;
 }

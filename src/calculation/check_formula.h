@@ -11,8 +11,9 @@
 namespace kestrum {
 
 // "N_b,y,Rd" of the text "Nb,y,Rd", "α" of "alfa"; `lateral` of "xLT": χ_LT, or χ_LT,mod where
-// 6.3.2.3 (2) modifies it.
-Symbol SymbolOfCheck(std::string_view name, std::string_view lateral);
+// 6.3.2.3 (2) modifies it. The moment resistance of a check of the member, with γ_M1, is
+// "M_y,Rd,1".
+Symbol SymbolOfCheck(std::string_view name, std::string_view lateral, bool of_member);
 
 // Null for a remark, and for texts whose names and numbers do not pair.
 Expr FormulaOfCheck(const Check& check, std::string_view lateral);

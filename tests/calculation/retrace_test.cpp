@@ -659,7 +659,21 @@ TEST(CalculationReport, NamesTheReductionOfTheCurvesInUse)
     const std::string member =
         std::string(kSettings) + "family=4 row.ipe=10 l=5 qload[1]=5 ltb=1 ltbcurve=";
     EXPECT_EQ(MarkdownOf(Member(member + "2")).find("χ_LT,mod"), std::string::npos);
-    EXPECT_NE(MarkdownOf(Member(member + "3")).find("M_y,Ed/(χ_LT,mod·M_y,Rd)"), std::string::npos);
+    EXPECT_NE(MarkdownOf(Member(member + "3")).find("M_y,Ed/(χ_LT,mod·M_y,Rd,1)"),
+              std::string::npos);
+}
+
+// Annex of Denmark: gamma_M0 1.1, gamma_M1 1.2. One name would stand for two resistances.
+TEST(CalculationReport, MomentResistancesOfSectionAndMemberHaveTheirOwnNames)
+{
+    const std::string text =
+        MarkdownOf(ProjectOf(KESTRUM_SOURCE "/examples/f021_welded_girder.kst"));
+    EXPECT_NE(text.find("M_y,Ed/M_y,Rd = 2019.34/3109.96"), std::string::npos);
+    // 3109.96 1.1/1.2 = 2850.80
+    EXPECT_NE(text.find("M_y,Ed/(χ_LT,mod·M_y,Rd,1) = 1938.6/(0.97808·2850.8)"), std::string::npos);
+    EXPECT_NE(text.find("| M\\_y,Rd,1 | resistance to bending about y of the side that is "
+                        "compressed, with γ\\_M1, kNm |"),
+              std::string::npos);
 }
 
 // What both sets of rules give differently in the table of the verdict has both formulas.
