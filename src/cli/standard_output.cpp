@@ -177,8 +177,11 @@ std::string StandardText(const StandardResult& result, const Outcome& program)
     }
     const standard::Check& check = result.checks[result.governing];
     if (program.rated()) {
-        text += "Rules of the program:   IR = " + FormatNum(program.ir, "0.000") + ", " +
-                program.control + " (" + program.clause + ")\n";
+        // Above a critical force there is a ratio without a check.
+        const std::string of = program.control.empty()
+                                   ? VerdictText(program)
+                                   : program.control + " (" + program.clause + ")";
+        text += "Rules of the program:   IR = " + FormatNum(program.ir, "0.000") + ", " + of + "\n";
     }
     text += "EN 1993-1-1 as written: IR = " + FormatNum(check.ir, "0.000") + ", " +
             std::string(standard::NameOf(result.governing)) + " (" + std::string(check.clause) +

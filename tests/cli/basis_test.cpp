@@ -63,6 +63,20 @@ TEST_F(Basis, JsonHoldsBothResults)
     }
 }
 
+// Ncr,y of an IPE 100 of 10 m is pi^2 210 1.71e6/10^2/1e3 = 35.4 kN: no check of the program says
+// so.
+TEST_F(Basis, ARatioAboveTheCriticalForceHasTheVerdictForACheck)
+{
+    ASSERT_EQ(Kestrum("new -o a.kst --family 4 --set row.ipe=1 --set l=10 --set nload[1]=100 "
+                      "--set qload[1]=0.1")
+                  .exit,
+              0);
+    const Said said = Kestrum("check a.kst");
+    EXPECT_THAT(said.out, HasSubstr("Rules of the program:   IR = "));
+    EXPECT_THAT(said.out, HasSubstr(", unstable\n"));
+    EXPECT_THAT(said.out, Not(HasSubstr(",  ()")));
+}
+
 // A slender bar in bending alone: the program checks lateral torsional buckling beside compression
 // only (D229), the standard in any case.
 TEST_F(Basis, TheExitFollowsTheStandardWhereItIsAsked)
