@@ -267,9 +267,10 @@ private:
         TableLayout second = LayOutTable(*other, kWidth, decimal);
         if (second.Width() > room && room >= kHalf * second.Width()) {
             TableLayout narrow = LayOutTable(*other, room, decimal);
-            if (room >= (1 - kGives) * second.Width() ||
-                narrow.Height() <=
-                    (1 + kGrows) * LayOutTable(*other, kUnbroken, decimal).Height()) {
+            if (narrow.whole_words &&
+                (room >= (1 - kGives) * second.Width() ||
+                 narrow.Height() <=
+                     (1 + kGrows) * LayOutTable(*other, kUnbroken, decimal).Height())) {
                 second = std::move(narrow);
             }
         }

@@ -33,8 +33,8 @@ std::vector<Line> TitlesOf(const TextTable& table)
 }
 
 // Columns give way until all fit: no column is wider than its share of a common measure, none
-// narrower than its widest word.
-void Narrow(const TextTable& table, const std::vector<double>& least, double most,
+// narrower than its widest word. False where words have to break.
+bool Narrow(const TextTable& table, const std::vector<double>& least, double most,
             std::vector<double>& widths)
 {
     const std::vector<double> wanted = widths;
@@ -52,13 +52,14 @@ void Narrow(const TextTable& table, const std::vector<double>& least, double mos
         (fit(middle) ? lo : hi) = middle;
     }
     if (fit(lo)) {
-        return;
+        return true;
     }
     // Words wider than the page: all give way alike, and break.
     const double sum = std::accumulate(widths.begin(), widths.end(), 0.0);
     for (double& width : widths) {
         width *= most / sum;
     }
+    return false;
 }
 
 }  // namespace
@@ -95,7 +96,7 @@ TableLayout LayOutTable(const TextTable& table, double most, char decimal)
             }
             least.push_back(word * kBolder + kCellGap);
         }
-        Narrow(table, least, most, layout.widths);
+        layout.whole_words = Narrow(table, least, most, layout.widths);
     }
     for (std::size_t k = 0; k < rows.size(); ++k) {
         const std::vector<Line>& row = rows[k];

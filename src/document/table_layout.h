@@ -12,6 +12,7 @@ struct TableLayout {
     std::vector<double> widths{};
     std::vector<std::vector<std::vector<Line>>> rows{};  // of lines in cells; the first: titles
     std::vector<double> heights{};
+    bool whole_words = true;  // and numbers; false where they had to break
 
     double Width() const;
     double Height() const;  // of all rows

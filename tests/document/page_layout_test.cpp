@@ -230,6 +230,22 @@ TEST(PageLayout, ATableBreaksOneLongTextToStandBesideAnother)
     EXPECT_FALSE(StandBeside(first, second(9)));
 }
 
+// 1192 over two lines would be read as 119 and 2.
+TEST(PageLayout, ATableDoesNotBreakNumbersToStandBesideAnother)
+{
+    constexpr double kPage = 176, kBetween = 6, kWide = 1000;
+    const TextTable first = TableOfWords("First", 8);
+    const double room = kPage - kBetween - LayOutTable(first, kWide, '.').Width();
+    TextTable numbers{.columns = {{"Second"}}};
+    numbers.rows.push_back({"My"});
+    while (LayOutTable(numbers, kWide, '.').Width() <= room) {
+        EXPECT_TRUE(StandBeside(first, numbers));
+        numbers.columns.push_back({"0.1", true});
+        numbers.rows[0].push_back("1192");
+    }
+    EXPECT_FALSE(StandBeside(first, numbers));
+}
+
 TEST(PageLayout, EachPageHasItsNumber)
 {
     const LaidOut laid = LayOut(LongDocument(1));
