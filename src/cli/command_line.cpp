@@ -3,7 +3,6 @@
 #include "cli/usage.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace kestrum::cli {

@@ -1,15 +1,13 @@
 // A document with a decimal comma has no decimal point but in clauses, combinations and names.
 
 #include "calculation/calculation_report.h"
+#include "calculation/example_report.h"
 #include "core/decimal_points.h"
-#include "core/project_file.h"
 #include "support/members.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <string>
 #include <string_view>
@@ -19,16 +17,6 @@ namespace kestrum {
 namespace {
 
 namespace fs = std::filesystem;
-
-Document ReportOf(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    ProjectState s = Member();
-    EXPECT_FALSE(ReadProject(s, bytes)) << path;
-    const ReportedMember member{.project = s};
-    return CalculationReport(Delivered(), {&member, 1});
-}
 
 // Combinations go by the numbers of their equations, the check of deflections by its clause.
 std::string WithoutNames(std::string text)
@@ -97,7 +85,7 @@ TEST(DecimalSign, OfADocumentIsOne)
         for (const auto& entry : fs::directory_iterator(std::string(KESTRUM_SOURCE) + folder)) {
             if (entry.path().extension() == ".kst") {
                 ++reports;
-                for (const Block& block : ReportOf(entry.path()).blocks) {
+                for (const Block& block : DocumentOf(ProjectOf(entry.path())).blocks) {
                     Points(found).Read(block, entry.path().stem().string());
                 }
             }

@@ -2,10 +2,10 @@
 // that is the value of the record.
 
 #include "calculation/calculation_report.h"
+#include "calculation/example_report.h"
 
 #include "calculation/check_equations.h"
 #include "core/check_text.h"
-#include "core/project_file.h"
 #include "document/markdown_writer.h"
 #include "standard/lateral_study.h"
 #include "standard/standard.h"
@@ -31,23 +31,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-ProjectState ProjectOf(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    ProjectState s = Member();
-    EXPECT_FALSE(ReadProject(s, bytes)) << path;
-    return s;
-}
-
 // Grade S355, no national annex.
 constexpr const char* kSettings = "annexcode=EU fykindex=2 e=210000 gammam0=1 gammam1=1 neta=1.2 "
                                   "psi1index=6 psi2index=2 deflimity=300 deflimitz=300 ";
 
 std::string MarkdownOf(const ProjectState& s)
 {
-    const ReportedMember member{.project = s};
-    return WriteMarkdown(CalculationReport(Delivered(), {&member, 1}));
+    return WriteMarkdown(DocumentOf(s));
 }
 
 std::vector<Printed> ReportOf(const ProjectState& s)

@@ -2,16 +2,15 @@
 // in the list of symbols. A departure that is named by its number has its sentence there.
 
 #include "calculation/calculation_report.h"
+#include "calculation/example_report.h"
 #include "calculation/named_departures.h"
 #include "core/deviation.h"
-#include "core/project_file.h"
 #include "support/members.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <map>
 #include <set>
@@ -67,16 +66,6 @@ std::set<std::string> Undefined(const Document& d)
     return undefined;
 }
 
-Document ReportOf(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    ProjectState s = Member();
-    EXPECT_FALSE(ReadProject(s, bytes)) << path;
-    const ReportedMember member{.project = s};
-    return CalculationReport(Delivered(), {&member, 1});
-}
-
 // With frequencies and vortex shedding.
 void AddMoving(std::map<std::string, Document>& reports)
 {
@@ -98,7 +87,7 @@ const std::map<std::string, Document>& Reports()
         for (const char* const folder : {"/examples", "/examples/deviations"}) {
             for (const auto& at : fs::directory_iterator(std::string(KESTRUM_SOURCE) + folder)) {
                 if (at.path().extension() == ".kst") {
-                    reports.emplace(at.path().stem().string(), ReportOf(at.path()));
+                    reports.emplace(at.path().stem().string(), DocumentOf(ProjectOf(at.path())));
                 }
             }
         }
