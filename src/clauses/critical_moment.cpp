@@ -12,46 +12,62 @@ namespace {
 
 constexpr double kExact = 1e-9;  // of the factor, relative
 
-// Narrows lo (none negative) and hi (one negative or more) by Ridders' method, which keeps the
-// bracket; by halves while hi lies behind several factors.
-double Narrow(LateralProblem& problem, double lo, double hi)
+// A factor and what is counted there.
+struct Tried {
+    double alpha;
+    LateralProblem::Count count;
+
+    bool Below() const { return count.negative == 0; }
+};
+
+// Share of the way from `last` to `other`, which bracket the factor, where the parabola through
+// both and the one tried before is 0, with its factor as function of the determinant. Half the way
+// where that parabola turns, or where more than one factor lies below one of them (Chandrupatla,
+// Advances in Engineering Software 28 (1997), p. 145).
+double NextShare(const Tried& last, const Tried& other, const Tried& before)
 {
-    LateralProblem::Count at_lo = problem.At(lo);
-    LateralProblem::Count at_hi = problem.At(hi);
-    const auto take = [&](double alpha, const LateralProblem::Count& count) {
-        if (count.negative == 0) {
-            lo = alpha;
-            at_lo = count;
-        } else {
-            hi = alpha;
-            at_hi = count;
-        }
-    };
-    constexpr int kMostSteps = 200;
-    for (int step = 0; step < kMostSteps && hi - lo > kExact * hi; ++step) {
-        const double middle = 0.5 * (lo + hi);
-        const LateralProblem::Count at_middle = problem.At(middle);
-        double next = middle;
-        if (at_hi.negative == 1 && at_middle.negative <= 1) {
-            const double base = at_lo.log;
-            const double fl = 1;
-            const double fm =
-                at_middle.sign * std::exp(std::clamp(at_middle.log - base, -600.0, 600.0));
-            const double fh = -std::exp(std::clamp(at_hi.log - base, -600.0, 600.0));
-            next = middle + (middle - lo) * fm / std::sqrt(fm * fm - fl * fh);
-        }
-        take(middle, at_middle);
-        if (next > lo && next < hi) {
-            // Aim a little past the estimate, so that the bracket closes from both sides.
-            const double past = next > 0.5 * (lo + hi) ? -0.5 : 0.5;
-            take(next, problem.At(next));
-            const double nudged = next + past * kExact * hi;
-            if (hi - lo > kExact * hi && nudged > lo && nudged < hi) {
-                take(nudged, problem.At(nudged));
-            }
-        }
+    constexpr double kHalf = 0.5;
+    if (std::max({last.count.negative, other.count.negative, before.count.negative}) > 1) {
+        return kHalf;
     }
-    return 0.5 * (lo + hi);
+    const auto over = [](const Tried& a, const Tried& b) {
+        return a.count.sign * b.count.sign *
+               std::exp(std::clamp(a.count.log - b.count.log, -600.0, 600.0));
+    };
+    const double xi = (last.alpha - other.alpha) / (before.alpha - other.alpha);
+    const double a = over(last, other);
+    const double c = over(before, other);
+    const double phi = (a - 1) / (c - 1);
+    if (!(phi * phi < xi && (1 - phi) * (1 - phi) < 1 - xi)) {
+        return kHalf;
+    }
+    const double way = (before.alpha - last.alpha) / (other.alpha - last.alpha);
+    return a / (1 - a) * c / (1 - c) + way * a / (c - a) / (c - 1);
+}
+
+// The factor between lo, below it, and hi.
+double Between(LateralProblem& problem, const Tried& lo, const Tried& hi)
+{
+    Tried last = lo;
+    Tried other = hi;
+    constexpr int kMostSteps = 200;
+    double share = 0.5;
+    for (int step = 0; step < kMostSteps; ++step) {
+        const double alpha = last.alpha + share * (other.alpha - last.alpha);
+        const Tried tried{alpha, problem.At(alpha)};
+        Tried before = last;
+        if (tried.Below() != last.Below()) {
+            before = other;
+            other = last;
+        }
+        last = tried;
+        const double exact = 0.5 * kExact * last.alpha / std::abs(other.alpha - last.alpha);
+        if (!(exact < 0.5)) {
+            break;
+        }
+        share = std::clamp(NextShare(last, other, before), exact, 1 - exact);
+    }
+    return 0.5 * (last.alpha + other.alpha);
 }
 
 }  // namespace
@@ -68,26 +84,22 @@ double CriticalLoadFactor(const LateralSection& section, const LateralSupports& 
     if (!problem.Moves()) {
         return std::numeric_limits<double>::infinity();
     }
-    double hi = problem.FirstGuess();
-    double lo = 0;
+    const auto tried = [&](double alpha) { return Tried{alpha, problem.At(alpha)}; };
     constexpr int kMostDoublings = 60;
-    int turn = 0;
-    for (; problem.At(hi).negative == 0; ++turn) {
+    Tried hi = tried(problem.FirstGuess());
+    Tried lo = hi;
+    for (int turn = 0; hi.Below(); ++turn) {
         if (turn == kMostDoublings) {
             return std::numeric_limits<double>::infinity();
         }
         lo = hi;
-        hi *= 2;
+        hi = tried(2 * hi.alpha);
     }
-    for (turn = 0; lo == 0 && turn < kMostDoublings; ++turn) {
-        const double half = 0.5 * hi;
-        if (problem.At(half).negative == 0) {
-            lo = half;
-        } else {
-            hi = half;
-        }
+    while (!lo.Below()) {  // 0 is
+        hi = lo;
+        lo = tried(0.5 * hi.alpha);
     }
-    return Narrow(problem, lo, hi);
+    return Between(problem, lo, hi);
 }
 
 BucklingShape BucklingShapeAt(double factor, const LateralSection& section,
