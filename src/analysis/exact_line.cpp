@@ -104,7 +104,8 @@ void LineGridMaker::Add(double x)
 MomentPolynomials MomentsOf(const LineGrid& grid, std::span<const LineLoad> lines,
                             std::span<const PointLoad> points, const EndFixity& ends)
 {
-    MomentPolynomials line{};
+    MomentPolynomials line;
+    std::fill_n(line.m.begin(), grid.pieces, std::array<double, 4>{});
     const double length = grid.Length();
     double force = 0;   // of all loads
     double moment = 0;  // of all loads about x = L, sagging at L

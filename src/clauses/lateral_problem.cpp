@@ -10,13 +10,58 @@ namespace kestrum {
 namespace {
 
 // Cubic shapes of an element of length h at the share t of it.
-ShapeAt Hermite(double t, double h)
+constexpr ShapeAt Hermite(double t, double h)
 {
     const double u = 1 - t;
     return {{u * u * (1 + 2 * t), h * t * u * u, t * t * (3 - 2 * t), -h * t * t * u},
             {-6 * t * u / h, u * (1 - 3 * t), 6 * t * u / h, t * (3 * t - 2)},
             {(12 * t - 6) / (h * h), (6 * t - 4) / h, (6 - 12 * t) / (h * h), (6 * t - 2) / h}};
 }
+
+// Without warping each element has slopes of its own, since phi' may jump; the unknowns of an
+// element follow each other in both cases: twist, slope, twist, slope or twist, slope, slope,
+// twist.
+constexpr ShapeAt Ordered(ShapeAt n, bool warps)
+{
+    if (!warps) {
+        std::swap(n.value[2], n.value[3]);
+        std::swap(n.slope[2], n.slope[3]);
+        std::swap(n.bend[2], n.bend[3]);
+    }
+    return n;
+}
+
+// Lower triangle of an element, row by row.
+constexpr std::size_t kPairs = 10;
+using Pairs = std::array<double, kPairs>;
+
+// Products of the shapes of an element of length 1, weighted, at its Gauss points, and their
+// integrals. They are those of length h but for powers of h: of each unknown, which Length() tells,
+// and of the derivatives.
+struct UnitElement {
+    std::array<Pairs, kGaussPoints> values{}, slopes{};
+    Pairs whole_slopes{}, whole_bends{};
+    std::array<bool, 4> slope{};  // unknowns that are slopes
+
+    explicit constexpr UnitElement(bool warps) : slope{false, true, !warps, warps}
+    {
+        for (std::size_t p = 0; p < kGaussPoints; ++p) {
+            const ShapeAt n = Ordered(Hermite(kGaussPlace[p], 1), warps);
+            const double weight = kGaussWeight[p];
+            for (std::size_t i = 0, pair = 0; i < 4; ++i) {
+                for (std::size_t j = 0; j <= i; ++j, ++pair) {
+                    values[p][pair] = weight * n.value[i] * n.value[j];
+                    slopes[p][pair] = weight * n.slope[i] * n.slope[j];
+                    whole_slopes[pair] += slopes[p][pair];
+                    whole_bends[pair] += weight * n.bend[i] * n.bend[j];
+                }
+            }
+        }
+    }
+    double Length(std::size_t unknown, double h) const { return slope[unknown] ? h : 1; }
+};
+
+constexpr UnitElement kWarping(true), kNoWarping(false);
 
 // A pivot of exactly 0 would stop the elimination; a tiny one counts the same.
 double Pivot(double value)
@@ -43,18 +88,9 @@ private:
 
 }  // namespace
 
-// Without warping each element has slopes of its own, since phi' may jump; the unknowns of an
-// element follow each other in both cases: twist, slope, twist, slope or twist, slope, slope,
-// twist.
 ShapeAt ShapesOf(bool warps, double t, double h)
 {
-    ShapeAt n = Hermite(t, h);
-    if (!warps) {
-        std::swap(n.value[2], n.value[3]);
-        std::swap(n.slope[2], n.slope[3]);
-        std::swap(n.bend[2], n.bend[3]);
-    }
-    return n;
+    return Ordered(Hermite(t, h), warps);
 }
 
 LateralProblem::LateralProblem(const LateralSection& section, const LateralSupports& supports,
@@ -63,6 +99,7 @@ LateralProblem::LateralProblem(const LateralSection& section, const LateralSuppo
       start_(supports.start), end_(supports.end), segments_(supports.held.size() + 1)
 {
     warping_ = section.eiw / (section.git * length_ * length_);
+    per_moment_ = length_ / std::sqrt(section.eiz * section.git);
     mesh_ = MeshOf(supports, line, std::sqrt(warping_));
     dofs_ = (warps_ ? 2 : 3) * (mesh_.elements + 1);
     PlaceRedundants(supports);
@@ -76,8 +113,8 @@ Action LateralProblem::ActionAt(const MomentPiece& piece, double x) const
     const double m = piece.m[0] + s * (piece.m[1] + s * (piece.m[2] + s * piece.m[3]));
     const double share = piece.x1 > piece.x0 ? s / (piece.x1 - piece.x0) : 0;
     const double qz = piece.qz0 + share * (piece.qz1 - piece.qz0);
-    return {m * length_ / std::sqrt(section_.eiz * section_.git),
-            2 * m * section_.zj / section_.git, qz * length_ * length_ / section_.git};
+    return {m * per_moment_, 2 * m * section_.zj / section_.git,
+            qz * length_ * length_ / section_.git};
 }
 
 // A line of bending about the weak axis that the redundant reactions can make is straight between
@@ -136,33 +173,51 @@ void LateralProblem::AddElement(std::size_t element, std::size_t& piece)
 {
     const double from = mesh_.x[element];
     const double h = mesh_.x[element + 1] - from;
-    const std::size_t dof = FirstOf(element);
+    const UnitElement& unit = warps_ ? kWarping : kNoWarping;
+    Pairs linear{}, square{};  // in alpha
     for (std::size_t p = 0; p < kGaussPoints; ++p) {
         const double x = from + kGaussPlace[p] * h;
-        const double weight = kGaussWeight[p] * h;
         while (piece + 1 < line_.pieces.size() && line_.pieces[piece].x1 < x * length_) {
             ++piece;
         }
         const Action a = ActionAt(line_.pieces[piece], x);
         largest_mu_ = std::max(largest_mu_, std::abs(a.mu));
-        const ShapeAt n = ShapesOf(warps_, kGaussPlace[p], h);
-        for (std::size_t i = 0; i < 4; ++i) {
-            for (std::size_t j = 0; j <= i; ++j) {
-                const double slopes = n.slope[i] * n.slope[j] * weight;
-                const double values = n.value[i] * n.value[j] * weight;
-                k0_[dof + i][i - j] += warping_ * n.bend[i] * n.bend[j] * weight + slopes;
-                k1_[dof + i][i - j] += a.mzj * slopes - a.qz * values;
-                k2_[dof + i][i - j] += a.mu * a.mu * values;
-            }
+        const double of_slopes = a.mzj / h, of_values = a.qz * h, of_moment = a.mu * a.mu * h;
+        for (std::size_t pair = 0; pair < kPairs; ++pair) {
+            linear[pair] += of_slopes * unit.slopes[p][pair] - of_values * unit.values[p][pair];
+            square[pair] += of_moment * unit.values[p][pair];
         }
-        for (std::size_t r = 0; r < redundants_; ++r) {
-            const double line = Redundant(r, x);
-            for (std::size_t i = 0; i < 4; ++i) {
-                h_[r][dof + i] += a.mu * line * n.value[i] * weight;
-            }
-            for (std::size_t q = 0; q < redundants_; ++q) {
-                c_[r][q] += line * Redundant(q, x) * weight;
-            }
+        AddRedundants(element, p, a.mu);
+    }
+    const std::size_t dof = FirstOf(element);
+    for (std::size_t i = 0, pair = 0; i < 4; ++i) {
+        for (std::size_t j = 0; j <= i; ++j, ++pair) {
+            const double lengths = unit.Length(i, h) * unit.Length(j, h);
+            k0_[dof + i][i - j] += lengths * (warping_ / (h * h * h) * unit.whole_bends[pair] +
+                                              unit.whole_slopes[pair] / h);
+            k1_[dof + i][i - j] += lengths * linear[pair];
+            k2_[dof + i][i - j] += lengths * square[pair];
+        }
+    }
+}
+
+// What a Gauss point of an element adds to H and C.
+void LateralProblem::AddRedundants(std::size_t element, std::size_t point, double mu)
+{
+    if (redundants_ == 0) {
+        return;
+    }
+    const double h = mesh_.x[element + 1] - mesh_.x[element];
+    const double x = mesh_.x[element] + kGaussPlace[point] * h;
+    const double weight = kGaussWeight[point] * h;
+    const Shape value = ShapesOf(warps_, kGaussPlace[point], h).value;
+    for (std::size_t r = 0; r < redundants_; ++r) {
+        const double line = Redundant(r, x);
+        for (std::size_t i = 0; i < 4; ++i) {
+            h_[r][FirstOf(element) + i] += mu * line * value[i] * weight;
+        }
+        for (std::size_t q = 0; q < redundants_; ++q) {
+            c_[r][q] += line * Redundant(q, x) * weight;
         }
     }
 }

@@ -79,6 +79,7 @@ private:
     double Redundant(std::size_t i, double x) const;
     void Assemble();
     void AddElement(std::size_t element, std::size_t& piece);
+    void AddRedundants(std::size_t element, std::size_t point, double mu);
     void AddPoints();
     void Hold(const LateralSupports& supports);
     void HoldOne(std::size_t dof);
@@ -107,7 +108,8 @@ private:
     LateralEnd start_, end_;
     LateralMesh mesh_;
     std::size_t dofs_ = 0;
-    double warping_ = 0;  // w
+    double warping_ = 0;     // w
+    double per_moment_ = 0;  // mu of a moment of 1
     double largest_mu_ = 0;
     TwistBand k0_, k1_, k2_, factor_;
     TwistVector inverse_;  // of the pivots

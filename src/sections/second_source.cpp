@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <span>
 
 namespace kestrum {
 
@@ -106,16 +107,34 @@ Parsed Parse(std::string_view text)
     return {Line{*table, size, *figure, *ours, *corrected}, {}};
 }
 
+// Whether a row has the size: "127x76x13" are the numbers in the columns of its key.
+bool HasSize(const ProfileTable& values, const std::array<int, 3>& columns, int row,
+             std::span<const float> numbers)
+{
+    std::size_t matched = 0;
+    for (const int column : columns) {
+        if (column != 0 &&
+            (matched == numbers.size() || values.At(row, column) != numbers[matched++])) {
+            return false;
+        }
+    }
+    return matched == numbers.size();
+}
+
 std::optional<i16> RowOfSize(const Library& library, Table table, std::string_view size)
 {
-    // Sizes begin with the number of a column: no text is made of rows that have another one there.
-    float first = 0;
-    std::from_chars(size.data(), size.data() + size.size(), first);
+    std::array<float, 3> numbers{};
+    std::size_t count = 0;
+    while (!size.empty()) {
+        const auto number = Positive(Next(size, 'x'));
+        if (!number || count == numbers.size()) {
+            return {};
+        }
+        numbers[count++] = *number;
+    }
     const ProfileTable& values = library.tables[static_cast<std::size_t>(table)];
-    const int column = ShapeOf(table).key[0];
     for (int row = 0; row < std::min(RowCount(table), values.reserved); ++row) {
-        const bool other = column != 0 && values.At(row, column) != first;
-        if (!other && RowKey(library, table, row) == size) {
+        if (HasSize(values, ShapeOf(table).key, row, {numbers.data(), count})) {
             return static_cast<i16>(row);
         }
     }

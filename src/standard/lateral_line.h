@@ -31,9 +31,9 @@ private:
     void AddLine(const LineLoad& load, double times);
 
     double x0_, k_, length_ = 0;
-    std::array<MomentPiece, kMaxLinePieces> pieces_{};
+    std::array<MomentPiece, kMaxLinePieces> pieces_;  // the first `count_`
     std::size_t count_ = 0;
-    std::array<PointTorque, kMaxLoads> points_{};
+    std::array<PointTorque, kMaxLoads> points_;  // the first `point_count_`
     std::size_t point_count_ = 0;
 };
 

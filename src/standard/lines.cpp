@@ -165,7 +165,7 @@ Plane PlaneOf(const MemberLoads& loads, const LoadFactors& factors, Axis axis,
     std::array<PointLoad, kMaxOwnLoads> points;
     std::size_t line_count = 0;
     std::size_t point_count = 0;
-    Plane plane{};
+    Plane plane;
     for (std::size_t i = 0; i < loads.count; ++i) {
         const Load& load = loads.load[i];
         const double factor = FactorOn(factors, load.category);
@@ -192,7 +192,7 @@ double Along(const LineGrid& grid, const std::array<double, 2>& ends, std::size_
 
 Plane GivenPlane(const LineGrid& grid, double m1, double m2, double v1, double v2)
 {
-    Plane plane{};
+    Plane plane;
     const double slope = (m2 - m1) / grid.Length();
     for (std::size_t i = 0; i < grid.pieces; ++i) {
         plane.m.m[i] = {m1 + slope * grid.x[i], slope, 0, 0};
@@ -237,7 +237,7 @@ std::string_view NoLoadsReason(const ProjectState& s)
 
 MemberLoads LoadsOf(const ProjectState& s, const Basis& basis)
 {
-    MemberLoads loads{};
+    MemberLoads loads;
     Loading to{loads, LineGridMaker(s.l), Traits(s).carries.loads, basis};
     if (s.loadmode == 1) {
         AddUniform(s, to);
@@ -295,7 +295,7 @@ Dev LeftOutBy(const ProjectState& s)
 CombinedLines LinesOf(const ProjectState& s, const MemberLoads& loads, const LoadFactors& factors,
                       const Basis& basis)
 {
-    CombinedLines lines{};
+    CombinedLines lines;
     lines.grid = loads.grid;
     if (s.loadmode != 1) {
         const Actions& taken = Traits(s).carries.loads;

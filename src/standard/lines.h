@@ -46,8 +46,8 @@ enum class Axis { y, z };  // the axis of bending
 // Moments and shear forces of one plane.
 struct Plane {
     MomentPolynomials m;
-    bool given;     // shear as entered with the end forces
-    double v0, v1;  // then from end to end
+    bool given = false;     // shear as entered with the end forces
+    double v0 = 0, v1 = 0;  // then from end to end
 };
 
 // Lines of forces at stations that no moment polynomial tells of: from end to end of each piece.
@@ -56,9 +56,10 @@ struct StationPieces {
     double steepest;  // fall of Vz, kN/m
 };
 
+// Only the pieces of the grid are filled, here as everywhere below.
 struct CombinedLines {
     LineGrid grid;
-    double n;  // compression positive; the largest where it varies
+    double n = 0;  // compression positive; the largest where it varies
     Plane y, z;
     const StationPieces* stations = nullptr;  // must last; null where N is constant
 
