@@ -1,5 +1,7 @@
 #include "clauses/critical_moment.h"
 
+#include "clauses/lateral_problem.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -310,6 +312,37 @@ TEST(Laws, ARestraintMoreNeverLowersTheFactor)
             const double alpha = Factor(s, line, {LateralEnd::fork, LateralEnd::fork, held});
             EXPECT_GE(alpha, before * (1 - 1e-4)) << "restraint at " << x;
             before = alpha;
+        }
+    }
+}
+
+// By the definition: the energy is positive definite just below the factor and no longer just
+// above, for lines and supports whose next factor is close, far, or above the first guess.
+TEST(Laws, TheFactorIsTheLeastAtWhichTheEnergyLosesItsDefiniteness)
+{
+    constexpr double kHair = 2e-9;
+    const std::vector<Line> lines = {Straight(1e6, 1e6),  Straight(1e6, -1e6),  Straight(1e6, 0),
+                                     Uniform(10, 150),    Uniform(-3, -150),    MidPoint(2e4, 0),
+                                     MidPoint(-1e4, 200), Straight(1e-3, 2e-3), Straight(4e9, 0)};
+    std::vector<LateralSupports> supports = {kForks, kCantilever};
+    const std::vector<double> places = {2000, 4000, 6000};
+    for (std::size_t first = 0; first < places.size(); ++first) {
+        for (std::size_t count = 1; first + count <= places.size(); ++count) {
+            supports.push_back({LateralEnd::fork, LateralEnd::fork, {&places[first], count}});
+            supports.push_back({LateralEnd::clamped, LateralEnd::clamped, {&places[first], count}});
+        }
+    }
+    for (const double warping : {0.0, 0.3, 3.0}) {
+        const LateralSection section = ByWarping(warping, warping > 1 ? 40 : 0);
+        for (const Line& line : lines) {
+            for (const LateralSupports& held : supports) {
+                const double factor = Factor(section, line, held);
+                LateralProblem problem(section, held, line.View());
+                EXPECT_EQ(problem.At((1 - kHair) * factor).negative, 0)
+                    << factor << " is above a factor; warping " << warping;
+                EXPECT_GT(problem.At((1 + kHair) * factor).negative, 0)
+                    << factor << " is below the least factor; warping " << warping;
+            }
         }
     }
 }
