@@ -30,10 +30,11 @@ build_and_test() { # preset, further cmake arguments
 coverage() {
     build_and_test coverage
     say "Coverage of the calculation"
-    gcovr --root . --filter 'src/(core|clauses|sections|analysis|design|stability|service|standard|engine)/' \
-        --exclude-throw-branches --exclude-unreachable-branches --branches build/coverage | tail -n 60
-    gcovr --root . --filter 'src/(core|clauses|sections|analysis|design|stability|service|standard|engine)/' \
-        --exclude-throw-branches --exclude-unreachable-branches build/coverage | tail -n 60
+    calculating='src/(core|clauses|sections|analysis|design|stability|service|standard|engine|library)/'
+    for counted in --branches --txt; do
+        gcovr --root . --filter "$calculating" --exclude-throw-branches --exclude-unreachable-branches \
+            build/coverage $counted | tail -n 60
+    done
 }
 
 case "${1:-}" in
