@@ -4,8 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace kestrum {
@@ -229,6 +232,232 @@ TEST(StationCases, AFloorLeavesLargerRatiosAsTheyAre)
     EXPECT_EQ(cases.Case(stations, 0.5 * ir).ir, ir);
     EXPECT_EQ(cases.Case(stations, ir).ir, ir);
     EXPECT_LE(cases.Case(stations, 2 * ir).ir, 2 * ir);
+}
+
+// --- Straight lines and loads that are found -----------------------------------------------------
+
+double Interaction(const ProjectState& s, const std::vector<Station>& stations)
+{
+    StationCases cases(Delivered(), s);
+    return cases.ResultOf(stations).checks[CheckId::eq661].ir;
+}
+
+// A line from `start` to 0 that leaves its chord by `off` in the middle.
+std::vector<Station> BentLine(double length, double n, double start, double off,
+                              double Station::*moment)
+{
+    std::vector<Station> stations;
+    for (const double t : {0.0, 0.5, 1.0}) {
+        Station at{.x = length * t, .n = n};
+        at.*moment = start * (1 - t) + (t == 0.5 ? off : 0);
+        stations.push_back(at);
+    }
+    return stations;
+}
+
+// Just within the limit the line counts as the straight one, just beyond it does not.
+void ExpectStraightWithin(double limit, const ProjectState& s, double n, double start,
+                          double Station::*moment)
+{
+    const double l = s.l;
+    const double straight = Interaction(s, BentLine(l, n, start, 0, moment));
+    EXPECT_NEAR(Interaction(s, BentLine(l, n, start, 0.996 * limit, moment)) / straight, 1, 1e-12);
+    EXPECT_GT(std::abs(Interaction(s, BentLine(l, n, start, 1.004 * limit, moment)) - straight),
+              1e-7 * straight);
+}
+
+// 0.2 percent of the largest moment; of small ones 1.1 Nm, but at most a thousandth of the elastic
+// resistance about the same axis.
+TEST(StationCases, HowFarAStraightLineMayBeRounded)
+{
+    Member s = Beam("HEB 200", 4, 2);
+    ExpectStraightWithin(0.002 * 10, s, 500, 10, &Station::my);
+    ExpectStraightWithin(0.002 * 6, s, 500, 6, &Station::mz);
+    ExpectStraightWithin(1.1e-3, s, 500, 0.5, &Station::my);
+    ExpectStraightWithin(1.1e-3, s, 500, 0.5, &Station::mz);
+    Member small = Beam("IPE 80", 1, 2).Measured();
+    ASSERT_LT(small.welz * 235e-6, 1);
+    ExpectStraightWithin(1.1e-3, small, 50, 0.3, &Station::my);
+    ExpectStraightWithin(small.welz * 235e-9, small, 50, 0.3, &Station::mz);
+}
+
+std::vector<Station> Mirrored(const std::vector<Station>& stations)
+{
+    std::vector<Station> other(stations.rbegin(), stations.rend());
+    for (Station& at : other) {
+        at.x = stations.back().x - at.x;
+        at.vz = -at.vz;
+        at.vy = -at.vy;
+    }
+    return other;
+}
+
+// Loads that rise along the member, a force, and half of it loaded evenly beyond the force: seen
+// from the other end the same beam.
+TEST(StationCases, MirroredStationsGiveTheSameRatio)
+{
+    constexpr double l = 8;
+    std::vector<Station> rising, half;
+    for (int i = 0; i <= 4; ++i) {  // 6 x/L: RA = L
+        const double x = l * i / 4;
+        rising.push_back({.x = x, .vz = l - 3 * x * x / l, .my = l * x - x * x * x / l});
+    }
+    // 10 in the middle and 12 on the right half of 4 m: the ends carry 5 + 12 and 5 + 36.
+    for (const double x : {0.0, 4.0}) {
+        half.push_back({.x = x, .vz = 17, .my = 17 * x});
+    }
+    for (const double x : {4.0, 6.0, 8.0}) {
+        half.push_back(
+            {.x = x, .vz = 7 - 12 * (x - 4), .my = 17 * x - 10 * (x - 4) - 6 * (x - 4) * (x - 4)});
+    }
+    ASSERT_NEAR(half.back().my, 0, 1e-9);
+    for (const auto& stations : {rising, half}) {
+        for (const i16 level : {i16{1}, i16{3}}) {
+            Member s = Beam("IPE 300", l, 2);
+            s.loadlevel = level;
+            StationCases cases(Delivered(), s);
+            const auto one = cases.ResultOf(stations), other = cases.ResultOf(Mirrored(stations));
+            const double ltb = one.checks[CheckId::ltb].ir;
+            EXPECT_NEAR(other.checks[CheckId::ltb].ir / ltb, 1, 1e-6);
+        }
+    }
+}
+
+// A force with a moment: the moment line jumps, its straight parts are none the less straight.
+TEST(StationCases, AMomentBesideAForceIsNoLineLoad)
+{
+    for (const i16 level : {i16{1}, i16{3}}) {
+        Member s = Beam("IPE 300", 6, 2);
+        s.loadlevel = level;
+        const auto line = [](bool more) {
+            std::vector<Station> stations;
+            for (const double x : {0.0, 1.0, 3.0}) {
+                if (more || x != 1) {
+                    stations.push_back({.x = x, .n = 60, .vz = 12, .my = 12 * x});
+                }
+            }
+            for (const double x : {3.0, 5.0, 6.0}) {
+                if (more || x != 5) {
+                    stations.push_back({.x = x, .n = 60, .vz = -16, .my = 16 * (6 - x)});
+                }
+            }
+            return stations;
+        };
+        EXPECT_NEAR(RatedAt(s, line(true)).ir, RatedAt(s, line(false)).ir, 2e-7);
+    }
+}
+
+// Restraints between stations: more stations, where they are, change nothing.
+TEST(StationCases, RestraintsNeedNoStations)
+{
+    for (const i16 restraints : {i16{1}, i16{2}, i16{5}}) {
+        SCOPED_TRACE(restraints);
+        Member s = Beam("IPE 300", 6, 2);
+        s.restraints = restraints;
+        const auto line = [&](bool more) {
+            std::vector<Station> stations = {{.x = 0, .n = 60, .vz = -10, .my = 40}};
+            for (int i = 1; i <= restraints && more; ++i) {
+                const double x = 6.0 * i / (restraints + 1);
+                stations.push_back({.x = x, .n = 60, .vz = -10, .my = 40 - 10 * x});
+            }
+            stations.push_back({.x = 6, .n = 60, .vz = -10, .my = -20});
+            return stations;
+        };
+        EXPECT_NEAR(RatedAt(s, line(false)).ir, RatedAt(s, line(true)).ir, 1e-9);
+    }
+}
+
+// 100 stations are taken as they are: a tip 0.004 percent above an even part of the line counts.
+// With one more it is left out.
+TEST(StationCases, AHundredStationsAreTakenAsTheyAre)
+{
+    StationCases cases(Delivered(), Unloaded(6, 235).Section("IPE 300"));
+    const auto ratio = [&](const std::vector<Station>& stations) {
+        return cases.ResultOf(stations).checks[CheckId::section_my].ir;
+    };
+    const double even = ratio({{.x = 0, .my = 40}, {.x = 6, .my = 40}});
+    for (const int pieces : {99, 100}) {
+        std::vector<Station> stations;
+        for (int i = 0; i <= pieces; ++i) {
+            stations.push_back({.x = 6.0 * i / pieces, .my = std::min(40.0, 20.0 + i)});
+        }
+        stations[60].my *= 1 + 4e-5;
+        EXPECT_NEAR(ratio(stations) / even, pieces == 99 ? 1 + 4e-5 : 1, 1e-9) << pieces;
+    }
+}
+
+// More loads than there is room for, forces in both planes at every second of 100 stations and
+// bends between them: those across the member come last and are left out, which lateral torsional
+// buckling does not ask for.
+TEST(StationCases, MoreLoadsThanThereIsRoomFor)
+{
+    std::vector<Station> stations;
+    for (int i = 0; i < 100; ++i) {
+        const double x = 6.0 * i / 99;
+        const double my = 5 + (i % 2 == 0 ? 0.0 : 2.0), mz = 1 + (i % 2 == 0 ? 0.0 : 0.5);
+        stations.push_back({.x = x, .vy = 1, .vz = 1, .my = my, .mz = mz});
+        if (i % 2 == 0 && i > 0) {
+            stations.push_back({.x = x, .vy = -1, .vz = -1, .my = my, .mz = mz});
+        }
+    }
+    Member s = Beam("IPE 300", 6, 2);
+    s.loadlevel = 1;
+    StationCases cases(Delivered(), s);
+    const auto buckles = [&] { return cases.ResultOf(stations).checks[CheckId::ltb].ir; };
+    const double both = buckles();
+    for (Station& at : stations) {
+        at.vy = at.mz = 0;
+    }
+    EXPECT_EQ(both, buckles());
+    EXPECT_GT(both, 0);
+}
+
+// --- What is told --------------------------------------------------------------------------------
+
+TEST(StationCases, AllChecksOfACaseHoldTheGoverningOne)
+{
+    Member s = Beam("IPE 300", 6, 2);
+    StationCases cases(Delivered(), s);
+    const auto stations = Uniform(6, 150, 9, 10);
+    const StationResult worst = cases.Case(stations);
+    const auto all = cases.ResultOf(stations);
+    EXPECT_TRUE(all.rated);
+    EXPECT_EQ(all.ir, worst.ir);
+    EXPECT_EQ(all.checks[worst.governing].ir, worst.ir);
+}
+
+// Of a hat beam the steepest fall of Vz is the load on its flange: as under the uniform load, whose
+// chords reach the whole moment in the middle.
+TEST(StationCases, TheFallOfTheShearForceBendsTheFlangeOfAHatBeam)
+{
+    Member s = Unloaded(6, 355).Section(FormP24{.isth = 420,
+                                                .istb1 = 200,
+                                                .istb2 = 350,
+                                                .isttw = 12,
+                                                .isttf1 = 20,
+                                                .isttf2 = 15,
+                                                .hsqc = 5});
+    s.hsqopt = 0;
+    s.flangeload = 90;
+    s.Load(40);
+    const double whole = Rated(s).checks[CheckId::section_nm].ir;
+    StationCases cases(Delivered(), s);
+    EXPECT_NEAR(cases.ResultOf(Uniform(6, 0, 40, 20)).checks[CheckId::section_nm].ir / whole, 1,
+                1e-6);
+}
+
+// What a case leaves out is named once, however many cases there are.
+TEST(StationCases, WhatIsOutsideIsNamedOnce)
+{
+    const std::string named = "lateral torsional buckling of T sections: no input, not checked";
+    Member s =
+        Unloaded(3, 235).Section(FormP26{.isth = 200, .istb1 = 150, .isttw = 10, .isttf1 = 15});
+    StationCases cases(Delivered(), s);
+    for (int turn = 0; turn < 3; ++turn) {
+        EXPECT_EQ(std::count(cases.outside().begin(), cases.outside().end(), named),
+                  turn == 0 ? 0 : 1);
+        EXPECT_TRUE(cases.Case(Uniform(3, 0, 2, 4)).rated);
+    }
 }
 
 }  // namespace
