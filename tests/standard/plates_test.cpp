@@ -7,6 +7,7 @@
 #include "standard/standard_member.h"
 
 #include <cmath>
+#include <cstddef>
 
 namespace kestrum {
 namespace {
@@ -269,6 +270,123 @@ TEST(General, ShearReducesTheMoment)
     const auto result = Rated(s);
     EXPECT_NEAR(Ratio(result, CheckId::section_vz), 0.75, 1e-6);
     EXPECT_NEAR(Ratio(result, CheckId::section_my), 500 / (0.75 * 1038.935), 1e-5);
+}
+
+// --- Parts of sections of plates -----------------------------------------------------------------
+
+// Webs 6 mm below the edges of a flange 200 wide: 188 between them.
+TEST(Plates, FlangesOfAHatBeamBetweenTheWebs)
+{
+    Member s = Hat();
+    const auto q = SectionFor(s);
+    for (const std::size_t flange : {0U, 1U}) {
+        EXPECT_NEAR(q.walls[flange].Width(), 188, 1e-9);
+        EXPECT_FALSE(q.walls[flange].outstand);
+    }
+}
+
+// The lower flange reaches 30 mm beyond the upper one at its closed side.
+TEST(Plates, OneSidedFlangeOfAHatBeam)
+{
+    Member s = Unloaded(4, 355).Section(FormP25{.isth = 420,
+                                                .istb1 = 200,
+                                                .istb2 = 350,
+                                                .isttw = 6,
+                                                .isttf1 = 20,
+                                                .isttf2 = 15,
+                                                .istc = 30});
+    const auto q = SectionFor(s);
+    EXPECT_NEAR(q.strips[1].y0 - q.strips[0].y0, 30, 1e-9);
+    EXPECT_NEAR(q.strips[0].y1 - q.strips[1].y1, 120, 1e-9);
+}
+
+// The warping constant is what remains of the warping about any pole when the best plane is taken
+// off: here about the heel of the angle that stiffens the plate, where only the plate warps, by the
+// depth times its distance from the web.
+TEST(Plates, WarpingConstantOfAPlateWithAnAngle)
+{
+    Member s = Unloaded(4, 235).Section(
+        FormP53{.isth = 210, .istb1 = 600, .istb2 = 90, .isttw = 10, .isttf1 = 12, .isttf2 = 14});
+    const auto q = SectionFor(s);
+    ASSERT_EQ(q.strip_count, 3U);
+    const double web = (q.strips[1].y0 + q.strips[1].y1) / 2;
+    const double top = (q.strips[0].z0 + q.strips[0].z1) / 2;
+    const double low = (q.strips[2].z0 + q.strips[2].z1) / 2;
+    struct Line {
+        double y0, z0, y1, z1, t;
+    };
+    const Line lines[] = {{q.strips[0].y0, top, q.strips[0].y1, top, 12},
+                          {web, top, web, low, 10},
+                          {q.strips[2].y0, low, q.strips[2].y1, low, 14}};
+    double a = 0, y1 = 0, z1 = 0, w1 = 0, yy = 0, zz = 0, yz = 0, wy = 0, wz = 0, ww = 0;
+    constexpr int kParts = 2000;
+    for (const Line& line : lines) {
+        for (int i = 0; i < kParts; ++i) {
+            const double at = (i + 0.5) / kParts;
+            const double y = line.y0 + at * (line.y1 - line.y0);
+            const double z = line.z0 + at * (line.z1 - line.z0);
+            const double da = line.t * std::hypot(line.y1 - line.y0, line.z1 - line.z0) / kParts;
+            const double w = &line == lines ? (top - low) * (y - web) : 0;
+            a += da;
+            y1 += y * da;
+            z1 += z * da;
+            w1 += w * da;
+            yy += y * y * da;
+            zz += z * z * da;
+            yz += y * z * da;
+            wy += w * y * da;
+            wz += w * z * da;
+            ww += w * w * da;
+        }
+    }
+    yy -= y1 * y1 / a;
+    zz -= z1 * z1 / a;
+    yz -= y1 * z1 / a;
+    wy -= w1 * y1 / a;
+    wz -= w1 * z1 / a;
+    ww -= w1 * w1 / a;
+    const double det = yy * zz - yz * yz;
+    const double plane = (wy * (wy * zz - wz * yz) + wz * (wz * yy - wy * yz)) / det;
+    EXPECT_NEAR(q.iw, ww - plane, 1e-4 * q.iw);
+    EXPECT_GT(q.iw, 0);
+}
+
+// EN 1993-1-5, 5.2: flanges 188x2 and 188x1.5 between the webs, 94 and 125 above 72 eps: 0.83/lam
+// with lam = c/t/86.4, each for itself; one of 72 t is stocky.
+TEST(Plates, FlangesBetweenTwoWebsBuckleInShearEachForItself)
+{
+    standard::StandardSection q{};
+    q.fy = 235;
+    q.eps = q.eta = q.gammam0 = q.gammam1 = 1;
+    q.avy = 5000;
+    q.walls[0] = {-94, 100, 94, 100, 2, false};
+    q.walls[1] = {-94, -100, 94, -100, 1.5, false};
+    q.wall_count = 2;
+    const auto both = ShearOfFlanges(q, {0, 4000, false, false});
+    const double area = 376 * 0.83 / (94 / 86.4) + 282 * 0.83 / (188 / 1.5 / 86.4);
+    EXPECT_TRUE(both.slender);
+    EXPECT_NEAR(both.total, area * 235 / kRoot3, 1e-9 * both.total);
+    q.walls[0] = {-72, 100, 72, 100, 2, false};
+    q.wall_count = 1;
+    const auto stocky = ShearOfFlanges(q, {0, 4000, false, false});
+    EXPECT_FALSE(stocky.slender);
+    EXPECT_NEAR(stocky.total, 5000 * 235 / kRoot3, 1e-9 * stocky.total);
+}
+
+// D191 switched back: of what the load takes of 1.75 times the elastic moment nothing counts up to
+// 0.2 and beyond 1, else (sqrt(1 - used) + 1.1)/2.
+TEST(Plates, ProgramsFactorOfALoadedFlange)
+{
+    const Basis back = Basis::StandardBut(Dev::d191);
+    const auto factor = [&](double used) {
+        return 0.5 / standard::FlangeUnderBoth(0.5, used * 1.75 / 1.5, back);
+    };
+    EXPECT_NEAR(factor(0.195), 1, 1e-12);
+    EXPECT_NEAR(factor(0.3), (std::sqrt(0.7) + 1.1) / 2, 1e-12);
+    EXPECT_NEAR(factor(0.999), (std::sqrt(0.001) + 1.1) / 2, 1e-12);
+    EXPECT_NEAR(factor(1.001), 1, 1e-12);
+    ASSERT_EQ(1.75 / 1.5 * 1.5 / 1.75, 1);
+    EXPECT_NEAR(0.5 / standard::FlangeUnderBoth(0.5, 1.75 / 1.5, back), 0.55, 1e-12);
 }
 
 }  // namespace

@@ -109,6 +109,54 @@ TEST(Vibration, PartsOfALoadMoveAsTheWhole)
     }
 }
 
+// From 2 to 6 kN/m over the right half of a pinned member, u from its beginning: phi^2 = 1 + cos(pi
+// u), and u cos(pi u) has the integral -2/pi^2: 3 (4 - 8/pi^2) of the 12 kN move. All of it is
+// mass.
+TEST(Vibration, LoadsThatRiseOverAPartOfTheMember)
+{
+    Member s = Beam(0);
+    s.qt1[1] = 2;
+    s.qt2[1] = 6;
+    s.qtx1[1] = 3;
+    s.qtx2[1] = 6;
+    s.qtdir[1] = 1;
+    const double moved = 3 * (4 - 8 / (kPi * kPi)) * 1000 / 9.81;
+    EXPECT_NEAR(First(s), Even(kPi, kWeight + moved / 6), 1e-5 * First(s));
+    EXPECT_NEAR(Rated(s).vibration->mass, kWeight + 12000 / 9.81 / 6, 1e-3);
+    const auto study = standard::VibrationStudyOf(Delivered(), s);
+    ASSERT_TRUE(study);
+    ASSERT_EQ(study->loads.size(), 1U);
+    EXPECT_NEAR(study->loads[0].size, 12, 1e-9);
+    EXPECT_NEAR(study->loads[0].share[0], 1 - 2 / (kPi * kPi), 1e-6);
+}
+
+// The self-weight is in the mass of the section, a moment has none.
+TEST(Vibration, TheStudyListsWhatHasAMassOfItsOwn)
+{
+    Member s = Beam(0);
+    s.selfweight = 1;
+    s.qload[1] = 5;
+    s.pm[1] = 7;
+    s.pmx[1] = 3;
+    s.pmkind[1] = 1;
+    const auto study = standard::VibrationStudyOf(Delivered(), s);
+    ASSERT_TRUE(study);
+    ASSERT_EQ(study->loads.size(), 1U);
+    EXPECT_NEAR(study->loads[0].size, 30, 1e-9);
+}
+
+// Springs have no mode, loads that end before they start no mass.
+TEST(Vibration, MembersWithoutAStudy)
+{
+    EXPECT_TRUE(standard::VibrationStudyOf(Delivered(), Beam(4)));
+    EXPECT_FALSE(standard::VibrationStudyOf(Delivered(), Beam(3)));
+    Member s = Beam(0);
+    s.qt1[1] = s.qt2[1] = 5;
+    s.qtx1[1] = 4;
+    s.qtx2[1] = 2;
+    EXPECT_FALSE(standard::VibrationStudyOf(Delivered(), s));
+}
+
 Member Tube()
 {
     Member s = Unloaded(6, 235).Section(FormP31{200, 8});
@@ -157,6 +205,17 @@ TEST(Vortex, WithoutADepartureBothAgree)
     EXPECT_NEAR(v->freq, s.freq[1] * std::pow(kPi / 3.14, 2), 1e-5);
     Member beam = Unloaded(6, 235).Section("HEA 200");
     EXPECT_FALSE(VortexSheddingOf(beam));
+}
+
+TEST(Vortex, NoStudyOfOtherFamiliesOrOfLoadsOffTheMember)
+{
+    Member s = Tube();
+    Control(s);
+    EXPECT_TRUE(standard::VortexStudyOf(s));
+    s.pm[1] = 5;
+    s.pmx[1] = 7;
+    EXPECT_FALSE(standard::VortexStudyOf(s));
+    EXPECT_FALSE(standard::VortexStudyOf(Beam(0).Measured()));
 }
 
 }  // namespace
