@@ -49,6 +49,7 @@ TEST(Lines, TicksCountWithTheBasicLoadsOnly)
             const auto loads = LoadsOf(s, Basis::Standard());
             EXPECT_EQ(loads.count, counts ? 3U : 0U);
             EXPECT_EQ(loads.present.g, counts);
+            EXPECT_EQ(LinesOf(s, loads, {1, 1, 1}, Basis::Standard()).n, counts ? 10 : 0);
         }
     }
 }
@@ -223,6 +224,37 @@ TEST(Lines, LevelsOfAStretchedPart)
     EXPECT_DOUBLE_EQ(found.pieces[0].qz1, 1.5 * 3.5 * 80 / 4);
 }
 
+// A load on the last tenth of a metre has its level there and nowhere before.
+TEST(Lines, LevelOfAShortLoad)
+{
+    standard::CombinedLines lines{};
+    lines.grid.pieces = 3;
+    lines.grid.x = {0, 3, 5.9, 6};
+    standard::MemberLoads loads{};
+    loads.count = 1;
+    loads.load[0] = {0, true, false, false, {5.9, 6, 2, 2}, {}};
+    standard::LateralLine line(lines, 0, 6, 1);
+    line.AddLevels(loads, {1, 1, 1}, 100, 0);
+    const auto pieces = line.Line().pieces;
+    ASSERT_EQ(pieces.size(), 3U);
+    EXPECT_EQ(pieces[0].qz0, 0);
+    EXPECT_EQ(pieces[1].qz1, 0);
+    EXPECT_DOUBLE_EQ(pieces[2].qz0, 200);
+    EXPECT_DOUBLE_EQ(pieces[2].qz1, 200);
+}
+
+// A member that does not bend has no place of its largest deflection.
+TEST(Lines, LargestDeflectionOfAStraightMember)
+{
+    LineGrid grid{};
+    grid.pieces = 1;
+    grid.x = {0, 6};
+    const DeflectionLine line(grid, MomentPolynomials{}, false, 210000, 1e8);
+    const LineExtreme largest = standard::LargestAtPoints(line, grid);
+    EXPECT_EQ(largest.value, 0);
+    EXPECT_EQ(largest.x, 0);
+}
+
 // Entered from end to end: Vz 10 and 22 kN, Vy 4 and -8; straight between, a quarter of the way 13
 // and 1.
 TEST(Lines, EnteredShearIsStraight)
@@ -297,6 +329,8 @@ TEST(Lines, RestraintsDivideTheMember)
     for (std::size_t i = 0; i <= 3; ++i) {
         EXPECT_NEAR(grid.x[i], 2.0 * static_cast<double>(i), 1e-9);
     }
+    s.restraints = static_cast<i16>(kMaxHeld);  // as many as the numerical solution takes
+    EXPECT_EQ(LoadsOf(s, Basis::Standard()).grid.pieces, kMaxHeld + 1);
 }
 
 TEST(Lines, SpringsByTheirShare)
