@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cfenv>
 #include <cmath>
 #include <limits>
 
@@ -473,6 +474,46 @@ TEST(ShearKernel, ReductionOfTheYieldStrength)
     EXPECT_NEAR(ShearReduction(-51, 100), 0.0004, kExact);
     EXPECT_NEAR(ShearReduction(50.2, 100), 0.000016, kExact);
     EXPECT_EQ(ShearReduction(49, 100), 0);
+}
+
+// --- Limits that belong to one side --------------------------------------------------------------
+
+TEST(ClassifyKernel, LimitsBelongToTheBetterClass)
+{
+    EXPECT_EQ(ClassOfAngle(115, 115, 10, 1), 3) << "(115 + 115)/20 = 11.5";
+    EXPECT_EQ(ClassOfAngle(150, 75, 10, 1), 3) << "150/10 = 15";
+    EXPECT_EQ(ClassOfInternal(32.9, 1, 1, 1.3, 1), 1) << "a share is 1 at most: 396/12 = 33";
+}
+
+// psi -0.5: nothing is lost up to 0.5 + sqrt(0.085 + 0.0275) = 0.8354; at 0.9 (0.9 - 0.055 2.5)/
+// 0.81.
+TEST(PlateBucklingKernel, ReductionOfPlatesThatAreMostlyCompressed)
+{
+    EXPECT_EQ(RhoInternal(0.835, -0.5), 1);
+    EXPECT_NEAR(RhoInternal(0.9, -0.5), 0.7625 / 0.81, kExact);
+    EXPECT_NEAR(RhoInternal(0.84, -0.5), 0.7025 / 0.7056, kExact);
+}
+
+// EN 1993-1-5, Table 5.1: from 1.08 on a rigid end post has its own column.
+TEST(ShearKernel, RigidEndPostsCountFromTheirLimitOn)
+{
+    EXPECT_NEAR(WebFactor(1.08, 1, true), 1.37 / 1.78, kExact);
+    EXPECT_NEAR(WebFactor(1.079, 1, true), 0.83 / 1.079, kExact);
+}
+
+// What has no length does not buckle, and what warps not at all adds nothing to that.
+TEST(FlexuralKernel, WithoutLengthThereIsNoBuckling)
+{
+    EXPECT_TRUE(std::isinf(EulerLoad(210000, 1e6, 0)));
+    EXPECT_TRUE(std::isinf(EulerLoad(210000, 0, 0)));
+}
+
+// A division by zero would end a pass: what has no resistance is told without one.
+TEST(BendingKernel, NoResistanceIsNoDivisionByZero)
+{
+    std::feclearexcept(FE_ALL_EXCEPT);
+    EXPECT_TRUE(std::isinf(BiaxialSum(1, 0, 0, 1, {2, 1})));
+    EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO), 0);
 }
 
 }  // namespace
