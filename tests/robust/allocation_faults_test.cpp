@@ -1,5 +1,5 @@
-// Memory that runs out at the k-th request, for every k: the failure leaves as one exception,
-// nothing is lost, and the next try succeeds.
+// Memory that runs out at the k-th request: the failure leaves as one exception, nothing is lost,
+// and the next try succeeds.
 
 #include "app/batch.h"
 #include "core/file_io.h"
@@ -37,15 +37,17 @@ namespace {
 using counted_memory::failat;
 using counted_memory::requests;
 
-// The sanitizers make each act ten times as long: there every request up to the 32nd fails, then
-// one of each few.
+// With KESTRUM_FULL every request fails in turn; otherwise every one up to the 256th, then one of
+// each few. The sanitizers make each act ten times as long: there the 32nd.
 long Next(long k)
 {
 #if defined(KESTRUM_SANITIZED)
-    return k + 1 + k / 32;
+    constexpr long kEach = 32;
 #else
-    return k + 1;
+    constexpr long kEach = 256;
 #endif
+    static const bool full = std::getenv("KESTRUM_FULL") != nullptr;
+    return k + 1 + (full ? 0 : k / kEach);
 }
 
 // Runs the act with a failure at each request in turn until it ends without one; `check` after each

@@ -26,7 +26,8 @@ QString Number(double value, bool comma)
     return comma ? text.replace(QLatin1Char('.'), QLatin1Char(',')) : text;
 }
 
-// Texts around the limits of a box, and some that are none.
+// Texts around the limits of a box, and some that are none; with a decimal comma those that have
+// it.
 QStringList TextsFor(const Box& box, bool comma)
 {
     const Field& field = *FindField(box.field);
@@ -42,7 +43,7 @@ QStringList TextsFor(const Box& box, bool comma)
             }
         }
     }
-    return texts;
+    return comma ? texts.filter(QStringLiteral(",")) : texts;
 }
 
 }  // namespace
