@@ -26,23 +26,22 @@ QString Number(double value, bool comma)
     return comma ? text.replace(QLatin1Char('.'), QLatin1Char(',')) : text;
 }
 
-// Texts around the limits of a box, and some that are none; with a decimal comma those that have
-// it.
+// Texts beyond the limits of a box, and some that are none; with a decimal comma those that have
+// it. The limits themselves are asked of Commit() (app/input_boxes).
 QStringList TextsFor(const Box& box, bool comma)
 {
     const Field& field = *FindField(box.field);
     QStringList texts{QStringLiteral("abc"), QString(), Number(12.5, comma),
                       QStringLiteral("40000")};
-    for (const Bound& bound : {field.limits.lower, field.limits.upper}) {
+    const auto add = [&](const Bound& bound, double sign) {
         if (bound.kind != Bound::Kind::none) {
-            const double step = field.kind == FieldKind::integer
-                                    ? 1
-                                    : std::max(0.01 * std::abs(bound.value), 0.001);
-            for (const double value : {bound.value - step, bound.value, bound.value + step}) {
-                texts << Number(value, comma);
-            }
+            const double step = std::max(0.01 * std::abs(bound.value), 0.001);
+            texts << Number(bound.value + sign * (field.kind == FieldKind::integer ? 1 : step),
+                            comma);
         }
-    }
+    };
+    add(field.limits.lower, -1);
+    add(field.limits.upper, 1);
     return comma ? texts.filter(QStringLiteral(",")) : texts;
 }
 
