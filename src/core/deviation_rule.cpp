@@ -35,7 +35,8 @@ constexpr std::array kRules = {
         "moment; EN 1993-1-1, Table A.2 takes both of the same loads."),
     RULE(233,
         "The critical moment between lateral restraints takes a straight moment line and no load "
-        "level; EN 1993-1-1, 6.3.2.2 (2) takes the real moment line and the loads."),
+        "level, and with end forces too, whatever C factors are entered; EN 1993-1-1, 6.3.2.2 (2) "
+        "takes the real moment line and the loads."),
     RULE(234,
         "The C factors follow the supports and the kind of moment line; EN 1993-1-1, 6.3.2.2 (2) "
         "takes the real moment line, with the moments on the ends."),

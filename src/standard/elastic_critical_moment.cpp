@@ -220,17 +220,20 @@ double CriticalMomentOf(const LateralCase& m, const LineExtreme& most, CriticalT
         return m.p.q.angle.equal ? NumericalMoment(m, most.value, terms)
                                  : UnequalAngleMoment(m.s, m.p.q, most.value > 0, terms);
     }
-    if (m.s.cmanual != kFalse) {
+    const bool entered = m.s.cmanual != kFalse;
+    const Dev formula = FormulaOf(m.s);
+    if (entered && formula != Dev::d233) {
         return ClosedMoment(m, most.value > 0, terms);
     }
-    if (!m.basis.departs(FormulaOf(m.s)) && m.program != nullptr) {
-        const double formula = ProgramMoment(m, most.x);
-        if (formula > 0) {  // else the program's pass had no control
+    // D233: between restraints and with end forces the program does not take entered C factors.
+    if (!m.basis.departs(formula) && m.program != nullptr) {
+        const double of_program = ProgramMoment(m, most.x);
+        if (of_program > 0) {  // else the program's pass had no control
             terms.route = CriticalRoute::program;
-            return formula;
+            return of_program;
         }
     }
-    return NumericalMoment(m, most.value, terms);
+    return entered ? ClosedMoment(m, most.value > 0, terms) : NumericalMoment(m, most.value, terms);
 }
 
 UniformMomentTerms UniformCriticalMoment(const ProjectState& s, const StandardSection& q,

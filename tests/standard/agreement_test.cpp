@@ -154,7 +154,10 @@ ProjectState Bent(std::size_t number, int family)
     s.cpmode = 0;
     s.ltb = 1;
     s.ltbcurve = LtbCurve::general;
-    s.cmanual = kFalse;
+    s.cmanual = number % 5 == 4 ? kTrue : kFalse;  // counts under loads only
+    s.c1 = 1.3F;
+    s.c2 = 0.4F;
+    s.c3 = 0.5F;
     s.restraints = static_cast<i16>(loaded ? 0 : number / 3 % 6);
     s.beampart = 1;
     LoadFully(Delivered(), s, number);

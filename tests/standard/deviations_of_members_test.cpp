@@ -647,6 +647,34 @@ TEST(DeviationsOfMembers, D233CriticalMomentBetweenRestraints)
     EXPECT_NEAR(Back(s, Dev::d233, CheckId::ltb), ratio(1.77), 1e-3);
 }
 
+// The same with C1 1.13 entered, which the standard takes for both halves, k L/2.
+TEST(DeviationsOfMembers, D233EnteredCFactorsBetweenRestraints)
+{
+    Member s = Beam("HEA 200", 8, 5);
+    s.ltbcurve = 2;
+    s.lamdalt0 = 0.2F;
+    s.restraints = 1;
+    s.cmanual = kTrue;
+    s.c1 = 1.13F;
+    s.c2 = s.c3 = 0;
+    const double resistance = PlasticMoment(s);
+    const auto ratio = [&](double c1) {
+        return 40e6 / (Chi(std::sqrt(resistance / (c1 * EvenMoment(s, 4000))), 0.21) * resistance);
+    };
+    EXPECT_NEAR(Ratio(s, CheckId::ltb), ratio(1.13), 1e-5);
+    EXPECT_NEAR(Back(s, Dev::d233, CheckId::ltb), ratio(1.77), 1e-3);
+    // End moments without restraints are one piece, C1 1 by the straight line.
+    s.restraints = 0;
+    s.loadmode = 0;
+    s.qload[1] = 0;
+    s.my1 = s.my2 = 20;
+    const auto whole = [&](double c1) {
+        return 20e6 / (Chi(std::sqrt(resistance / (c1 * EvenMoment(s, 8000))), 0.21) * resistance);
+    };
+    EXPECT_NEAR(Ratio(s, CheckId::ltb), whole(1.13), 1e-5);
+    EXPECT_NEAR(Back(s, Dev::d233, CheckId::ltb), whole(1), 1e-3);
+}
+
 // Cantilever of a bar 200x10 (Iw 0), uniform load in the shear centre: 12.85/2 sqrt(EIz GIt)/L; a
 // pinned beam of 2 L under a point load, 1.35 pi/2 of it. Curve d.
 TEST(DeviationsOfMembers, D238CriticalMomentOfACantilever)
