@@ -516,5 +516,18 @@ TEST(BendingKernel, NoResistanceIsNoDivisionByZero)
     EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO), 0);
 }
 
+// EN 1993-1-5, Table 4.1: 8.2/(1.05 + psi) from psi 0 on, printed 7.81 there.
+TEST(PlateBucklingKernel, FactorOfAStressThatEndsAtTheEdge)
+{
+    EXPECT_NEAR(BucklingFactorInternal(0), 8.2 / 1.05, kExact);
+}
+
+// Flanges that N has used up carry no shear, with a moment or without.
+TEST(ShearKernel, FlangesWithoutMomentResistanceCarryNoShear)
+{
+    EXPECT_EQ(FlangeShear({300, 20}, 1000, 8, 1500, 235, 1, 0, 0), 0);
+    EXPECT_EQ(FlangeShear({300, 20}, 1000, 8, 1500, 235, 1, 5, 0), 0);
+}
+
 }  // namespace
 }  // namespace kestrum::clauses

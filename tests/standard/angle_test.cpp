@@ -7,6 +7,7 @@
 #include "standard/standard_member.h"
 
 #include <cmath>
+#include <cstddef>
 #include <numbers>
 #include <vector>
 
@@ -222,6 +223,134 @@ TEST(Angle, UnequalLegsBuckleByTheSignOfTheMoment)
     const double down = Ratio(s, CheckId::ltb);
     EXPECT_GT(up, 0);
     EXPECT_GT(std::abs(up - down), 0.01 * up);
+}
+
+// --- Sections of two rectangles ------------------------------------------------------------------
+
+// Legs h and b of the thickness t, heel at 0; about the centroid.
+struct TwoLegs {
+    double a, y, z, iy, iz, iyz;
+
+    TwoLegs(double h, double b, double t)
+        : a(h * t + (b - t) * t), y((h * t * t / 2 + (b - t) * t * (b + t) / 2) / a),
+          z((h * t * h / 2 + (b - t) * t * t / 2) / a),
+          iy(t * h * h * h / 3 + (b - t) * t * t * t / 3 - a * z * z),
+          iz(h * t * t * t / 3 + t * (b * b * b - t * t * t) / 3 - a * y * y),
+          iyz(h * t * t / 2 * h / 2 + (b - t) * t * (b + t) / 2 * t / 2 - a * y * z)
+    {
+    }
+    double Mean() const { return (iy + iz) / 2; }
+    double Radius() const { return std::hypot((iy - iz) / 2, iyz); }
+    double Turn() const { return std::atan2(-2 * iyz, iy - iz) / 2; }
+};
+
+standard::StandardSection OfLegs(double h, double b, double t)
+{
+    const TwoLegs legs(h, b, t);
+    standard::StandardSection q{};
+    q.kind = Kind::angle;
+    q.fy = 235;
+    q.eps = q.gammam0 = 1;
+    q.h = h;
+    q.b = b;
+    q.tw = t;
+    q.a = legs.a;
+    q.left = legs.y;
+    q.below = legs.z;
+    q.iy = legs.iy;
+    q.iz = legs.iz;
+    q.angle.alfa = legs.Turn();
+    q.angle.iu = legs.Mean() + legs.Radius();
+    q.angle.iv = legs.Mean() - legs.Radius();
+    q.angle.to_v = legs.y * std::cos(legs.Turn()) + legs.z * std::sin(legs.Turn());
+    return q;
+}
+
+// Where the table's distance of the heel from the v axis is exact, D55 moves no heel; it has the
+// tips at mid-thickness.
+TEST(Angle, ProgramsCornersOfUnequalLegs)
+{
+    const standard::StandardSection q = OfLegs(150, 75, 10);
+    const auto corners = standard::WholeAngle(q, Basis::Standard()).corners;
+    const auto back = standard::WholeAngle(q, Basis::StandardBut(Dev::d55)).corners;
+    EXPECT_NEAR(back[0].s, corners[0].s, 1e-9);
+    EXPECT_NEAR(back[0].w, corners[0].w, 1e-9);
+    for (const std::size_t tip : {1U, 3U}) {
+        for (const std::size_t at : {tip, tip + 1}) {
+            EXPECT_NEAR(back[at].s, (corners[tip].s + corners[tip + 1].s) / 2, 1e-9);
+            EXPECT_NEAR(back[at].w, (corners[tip].w + corners[tip + 1].w) / 2, 1e-9);
+        }
+    }
+}
+
+// EN 1993-1-5, 4.4 (2): legs 150x6 and 75x6 keep the parts of outstands in uniform compression, by
+// their whole lengths; the principal axes are those of what is left.
+TEST(Angle, PrincipalAxesOfSlenderUnequalLegs)
+{
+    const standard::StandardSection q = OfLegs(150, 75, 6);
+    const auto kept = [](double leg) {
+        const double lam = leg / 6 / (28.4 * std::sqrt(0.43));
+        return lam <= 0.748 ? leg : leg * (lam - 0.188) / (lam * lam);
+    };
+    const TwoLegs left(kept(150), kept(75), 6);
+    ASSERT_LT(left.a, q.a - 100);
+    const auto angle = standard::EffectiveAngle(q, Basis::Standard());
+    EXPECT_NEAR(angle.a, left.a, 1e-9 * left.a);
+    EXPECT_NEAR(angle.yc, left.y - q.left, 1e-9 * q.h);
+    EXPECT_NEAR(angle.zc, left.z - q.below, 1e-9 * q.h);
+    EXPECT_NEAR(angle.iu, left.Mean() + left.Radius(), 1e-9 * angle.iu);
+    EXPECT_NEAR(angle.iv, left.Mean() - left.Radius(), 1e-9 * angle.iu);
+    EXPECT_NEAR(angle.alfa, left.Turn(), 1e-9);
+}
+
+// Iu 4, Iv 1, turned by cos 0.8 and sin 0.6, I 2: 2 (0.64/4 + 0.36), 2 (0.36/4 + 0.64) and 2 0.48
+// (1/4 - 1).
+TEST(Angle, CurvaturesOfAnAngleThatIsFreeToMove)
+{
+    standard::AngleSection angle{};
+    angle.iu = 4;
+    angle.iv = 1;
+    angle.cosine = 0.8;
+    angle.sine = 0.6;
+    EXPECT_NEAR(standard::CouplingOf(angle, 2, true).own, 1.04, 1e-12);
+    EXPECT_NEAR(standard::CouplingOf(angle, 2, false).own, 1.46, 1e-12);
+    for (const bool about_y : {true, false}) {
+        EXPECT_NEAR(standard::CouplingOf(angle, 2, about_y).other, -0.72, 1e-12);
+    }
+}
+
+// 6.2.9.3 (2): N 100 beside the centroid by 2 mm, at a corner 50 mm from v on either side: 100e3
+// (1/1000 + 2 50/1e6) of 235 MPa. A tension acts in it.
+TEST(Angle, CompressionActsBesideTheEffectiveCentroid)
+{
+    standard::StandardSection q{};
+    q.fy = 235;
+    q.gammam0 = 1;
+    standard::AngleSection angle{};
+    angle.a = 1000;
+    angle.yc = 2;
+    angle.iu = angle.iv = 1e6;
+    angle.cosine = 1;
+    for (const double side : {-50.0, 50.0}) {
+        angle.corners.fill({side, 0, true, true});
+        EXPECT_NEAR(standard::AngleUse(q, angle, {100e3, 0, 0, 0, 0}), 110 / 235.0, 1e-12);
+        EXPECT_NEAR(standard::AngleUse(q, angle, {-100e3, 0, 0, 0, 0}), 100 / 235.0, 1e-12);
+    }
+}
+
+// D182 beside half of NRd in tension: My of 2 kNm adds 0.345724 at the upper tip or 0.135920 below;
+// -My and Mz both add at the tip of the other leg.
+TEST(Angle, SumByAxesUnderBothMoments)
+{
+    standard::StandardSection q{};
+    q.fy = 235;
+    q.gammam0 = 1;
+    q.iy = q.iz = 1.767e6;
+    q.above = q.right = 71.78;
+    q.below = q.left = 28.22;
+    EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, 2e6, 0), 0.845724, 1e-6);
+    EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, -2e6, 0), 0.635920, 1e-6);
+    EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, -2e6, 2e6), 0.5 + 0.135920 + 0.345724, 1e-6);
 }
 
 }  // namespace

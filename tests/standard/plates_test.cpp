@@ -389,5 +389,39 @@ TEST(Plates, ProgramsFactorOfALoadedFlange)
     EXPECT_NEAR(0.5 / standard::FlangeUnderBoth(0.5, 1.75 / 1.5, back), 0.55, 1e-12);
 }
 
+TEST(Plates, ProgramsFactorOfALoadedFlangeBeginsAtOneFifth)
+{
+    const Basis back = Basis::StandardBut(Dev::d191);
+    const double used = 0.201;
+    EXPECT_NEAR(0.5 / standard::FlangeUnderBoth(0.5, used * 1.75 / 1.5, back),
+                (std::sqrt(1 - used) + 1.1) / 2, 1e-12);
+}
+
+// Flanges 200x20 and 350x15 of class 3 beside Vy: 0.4 (20 200^3 + 15 350^3)/12 over the wider half.
+TEST(Plates, FlangesOfAHatBeamLoseTheirElasticModulusAboutZ)
+{
+    Member s = Hat();
+    const auto q = SectionFor(s);
+    const double inertia = (20 * 8e6 + 15 * std::pow(350, 3)) / 12;
+    EXPECT_NEAR(ElasticLoss(q, 0, 0.4).wz, 0.4 * inertia / 175, 1e-6 * inertia / 175);
+}
+
+// Box with flanges beyond the webs on both sides: eight plates; a flange of class 1 counts whole.
+TEST(Plates, EffectiveFlangesOfABoxWithOverhangs)
+{
+    Member s = Unloaded(4, 235).Section(FormP27{.isth = 1000,
+                                                .istb1 = 400,
+                                                .istb2 = 420,
+                                                .isttw = 6,
+                                                .isttf1 = 20,
+                                                .isttf2 = 25,
+                                                .istc = 40});
+    const auto q = SectionFor(s);
+    ASSERT_EQ(q.wall_count, 8U);
+    for (const bool top : {true, false}) {
+        EXPECT_EQ(standard::EffectiveFlange(q, top).b, top ? q.top.b : q.bottom.b);
+    }
+}
+
 }  // namespace
 }  // namespace kestrum

@@ -245,5 +245,26 @@ TEST(SectionClass, ProgramsLimitOfUnequalAnglesIsTheSumOfBothLegs)
     }
 }
 
+// Without any force nothing is compressed.
+TEST(SectionClass, NoForceNoClass)
+{
+    StandardSection q = Tee();
+    q.eps = 0.1;
+    EXPECT_EQ(ClassOf(q, {0, false, false, false}, Basis::Standard()), 1);
+}
+
+// D166 switched back, a tension of 0.01 A fy beside Mz: psi -1.02, 42/(0.67 - 0.3366) = 125.97 of
+// the program is the lower limit, 62 2.02 sqrt 1.02 = 126.48 that of the standard. alpha (1 -
+// 0.02)/ 2 = 0.49.
+TEST(SectionClass, ProgramsLimitBesideASmallTension)
+{
+    StandardSection q = OfWall(Kind::box, {-100, 150, 100, 150, 5, false});
+    q.a = 4000;
+    const ActingForces f{-0.01 * Squash(q), false, false, true};
+    ExpectLimits(q, f, {36 / 0.49, 41.5 / 0.49, 62 * 2.02 * std::sqrt(1.02)});
+    ExpectLimits(q, f, {36 / 0.49, 41.5 / 0.49, 42 / (0.67 - 0.33 * 1.02)},
+                 Basis::StandardBut(Dev::d166));
+}
+
 }  // namespace
 }  // namespace kestrum

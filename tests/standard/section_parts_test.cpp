@@ -7,8 +7,10 @@
 #include "standard/resistance.h"
 #include "standard/standard_member.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -330,6 +332,41 @@ TEST(SectionParts, FlangesOfWebsThatMayBuckleInShearCountWithTheirEffectiveWidth
         EXPECT_NEAR(p.pressed_top.b, width, 1e-4);
         EXPECT_NEAR(p.pressed_bottom.b, width, 1e-4);
     }
+    q.eta = 1;
+    q.eps = 0.8;  // 62 0.8 = 49.6
+    EXPECT_LT(Prepare(q, Basis::Standard()).pressed_top.b, 399);
+}
+
+// D31 is of sections whose flanges differ.
+TEST(SectionParts, MomentOfEqualFlangesIsOneByBothRules)
+{
+    const Basis back = Basis::StandardBut(Dev::d31);
+    const auto moment = [&](const Member& s) {
+        return FlangeMoment(Prepare(SectionOfMember(s), back), 0, 0, back);
+    };
+    EXPECT_NEAR(moment(Unloaded(4, 235).Section(FormP21{836, 300, 5, 18})), 300 * 18 * 818 * 235.0,
+                1);
+    const Member hat = Unloaded(4, 235).Section(FormP24{.isth = 420,
+                                                        .istb1 = 200,
+                                                        .istb2 = 350,
+                                                        .isttw = 6,
+                                                        .isttf1 = 20,
+                                                        .isttf2 = 15,
+                                                        .hsqc = 5});
+    const StandardSection q = SectionOfMember(hat);
+    const double elastic = (q.LeastWely() - 2 * 6 * 400.0 * 400 / 6) * 235;
+    EXPECT_NEAR(moment(hat), elastic, 1e-6 * elastic);
+}
+
+// The webs of I sections lie on the z axis; those of RHS 100x6.3 at half the width less their
+// thickness, h t each when plastic.
+TEST(SectionParts, WebsAboutZ)
+{
+    const StandardSection i = SectionOfMember(Unloaded(4, 235).Section(FormP21{400, 300, 12, 20}));
+    EXPECT_EQ(Beside(i, 1, {0.5, 0}).mz, Beside(i, 1, {0, 0}).mz);
+    const StandardSection q = SectionOfMember(Unloaded(4, 235).Section("RHS 100x6.3"));
+    const double lost = 0.5 * 2 * q.h * q.tw * (q.b - q.tw) / 2 * 235;
+    EXPECT_NEAR(Beside(q, 1, {0, 0}).mz - Beside(q, 1, {0.5, 0}).mz, lost, 1e-6 * lost);
 }
 
 // D31 switched back: the elastic resistance less that of the web, both over gammaM0.
@@ -470,15 +507,71 @@ TEST(SectionParts, PlatesThatLoseNothingAreNotListed)
     ASSERT_EQ(lost.size(), 1U);
     EXPECT_EQ(lost[0].wide, q.tw);
     EXPECT_GT(lost[0].high, 0);
+    lost.clear();
+    standard::EffectiveInCompression(
+        SectionOfMember(Unloaded(4, 235).Section(FormP21{240, 200, 10, 20})), &lost);
+    EXPECT_TRUE(lost.empty());
+}
+
+// Stem 120x1 pressed at its root, psi -1: k 23.8, lam 120/(28.4 sqrt 23.8) = 0.866; what is lost of
+// the 60 mm in compression lies next to the axis.
+TEST(SectionParts, AStemPressedAtItsRootLosesThePartNextToTheAxis)
+{
+    StandardSection q{};
+    q.kind = Kind::tee;
+    q.eps = 1;
+    q.a = 1e4;
+    q.iy = q.iz = 1e8;
+    q.walls[0] = {0, 60, 0, -60, 1, true};
+    q.wall_count = 1;
+    const double lam = 120 / (28.4 * std::sqrt(23.8));
+    const double part = 60 * (1 - (lam - 0.188) / (lam * lam));
+    std::vector<standard::LostPart> lost;
+    standard::EffectiveAboutY(q, true, Basis::Standard(), &lost);
+    ASSERT_EQ(lost.size(), 1U);
+    EXPECT_NEAR(lost[0].high, part, 1e-9);
+    EXPECT_NEAR(lost[0].z, part / 2, 1e-9);
+}
+
+// Moduli go to the edge furthest from the axis and to the compressed one.
+TEST(SectionParts, ModuliOfTheEffectiveSection)
+{
+    for (const Member& s : {Unloaded(4, 235).Section(FormP21{840, 200, 5, 20}),
+                            Unloaded(4, 235).Section(FormP22{836, 300, 200, 5, 20, 16})}) {
+        const StandardSection q = SectionOfMember(s);
+        const Basis basis = Basis::Standard();
+        const auto values = EffectiveValuesOf(q, basis);
+        const auto sag = EffectiveAboutY(q, true, basis), hog = EffectiveAboutY(q, false, basis);
+        ASSERT_LT(std::min(sag.zc, -hog.zc), -1);
+        const double top = q.above - sag.zc, bottom = q.below + sag.zc;
+        EXPECT_DOUBLE_EQ(values.wy_compressed_sagging, sag.iy / top);
+        EXPECT_DOUBLE_EQ(values.wy_sagging, sag.iy / std::max(top, bottom));
+        const double up = q.above - hog.zc, down = q.below + hog.zc;
+        EXPECT_DOUBLE_EQ(values.wy_compressed_hogging, hog.iy / down);
+        EXPECT_DOUBLE_EQ(values.wy_hogging, hog.iy / std::max(up, down));
+    }
+}
+
+// Flange 400x8 beside a web 300x12: each outstand of 194 less the weld loses its tip in
+// compression; the second moment about z that is left is that of the shorter flange.
+TEST(SectionParts, OutstandsLoseTheirOwnInertiaAboutZ)
+{
+    const StandardSection q = SectionOfMember(Unloaded(4, 235).Section(FormP21{316, 400, 12, 8}));
+    const double c = 194 - q.r;
+    const double lam = c / 8 / (28.4 * std::sqrt(0.43));
+    const double tip = c * (1 - (lam - 0.188) / (lam * lam));
+    const double left = 400 - 2 * tip;
+    const double lost = 2 * 8 * (std::pow(400, 3) - std::pow(left, 3)) / 12;
+    EXPECT_NEAR(standard::EffectiveInCompression(q).iz, q.iz - lost, 1e-6 * q.iz);
 }
 
 // D195 is of slender webs: up to 42 eps nothing is ever lost.
 TEST(SectionParts, ProgramsWeldOfPlatesIsMetBySlenderWebs)
 {
-    for (const double width : {200.0, 500.0}) {
+    for (const double width : {330.0, 340.0}) {  // 33.6 at eps 0.8
         StandardSection q{};
         q.kind = Kind::plate;
-        q.eps = 1;
+        q.eps = 0.8;
         q.a = 1e4;
         q.iy = q.iz = 1e8;
         q.r = 5;
@@ -486,7 +579,7 @@ TEST(SectionParts, ProgramsWeldOfPlatesIsMetBySlenderWebs)
         q.wall_count = 1;
         const Basis basis = Basis::Standard();
         standard::EffectiveAboutY(q, true, basis);
-        EXPECT_EQ(basis.met()[IndexOf(Dev::d195)], width > 420);
+        EXPECT_EQ(basis.met()[IndexOf(Dev::d195)], width > 336);
     }
 }
 
@@ -511,6 +604,66 @@ TEST(SectionParts, FlangesOfClassTwoUpgradeTheWebs)
         ASSERT_GT(upgraded, q.LeastWely());
         EXPECT_EQ(EffectiveValuesOf(q, basis).wy3_sagging, t > 6 ? upgraded : q.LeastWely());
     }
+}
+
+// --- Sections as they are taken from the record --------------------------------------------------
+
+// Box 400x300 whose webs stand 30 mm inside the edges: outstands from 120 to 150 mm.
+TEST(SectionParts, OverhangsOfABox)
+{
+    const StandardSection q =
+        SectionOfMember(Unloaded(4, 235).Section(FormP23{400, 300, 12, 20, 30}));
+    ASSERT_EQ(q.wall_count, 8U);
+    int outstands = 0;
+    for (const standard::Wall& wall : q.walls) {
+        if (wall.outstand) {
+            EXPECT_NEAR(std::abs(wall.y0), 120, 1e-4);
+            EXPECT_NEAR(std::abs(wall.y1), 150, 1e-4);
+            ++outstands;
+        }
+    }
+    EXPECT_EQ(outstands, 4);
+}
+
+// D21 is of one listed grade: a typed strength is that of every thickness.
+TEST(SectionParts, ThickPlatesOfATypedStrengthKeepIt)
+{
+    EXPECT_EQ(SectionOfMember(Unloaded(4, 235).Section(FormP21{500, 300, 30, 50})).fy, 235);
+}
+
+// D20 switched back: eta as entered, to two decimals.
+TEST(SectionParts, ProgramsShearFactorIsTheOneEntered)
+{
+    for (const float eta : {1.0F, 1.1F, 1.2F}) {
+        Member s = Unloaded(4, 235).Section(FormP21{500, 300, 10, 20});
+        s.neta = eta;
+        const double entered = SectionOfMember(s, Basis::StandardBut(Dev::d20)).eta;
+        EXPECT_NEAR(entered, std::round(10.0 * static_cast<double>(eta)) / 10, 1e-12);
+        EXPECT_EQ(SectionOfMember(s).eta, 1.2);
+    }
+}
+
+// Table 3.1 has strengths of MH and MLH grades up to 40 mm, of others up to 80 mm.
+TEST(SectionParts, StrengthsEndAtAThickness)
+{
+    const auto& materials = Delivered().materials;
+    int found = 0;
+    for (std::size_t i = 0; i + 1 < materials.size(); ++i) {
+        const std::string_view name = materials[i].name;
+        const bool fine = name.ends_with("MH/MLH");
+        Member s = Unloaded(4, 235).Section(FormP21{500, 300, 30, 50});
+        s.fykindex = static_cast<i16>(i);
+        const auto refused = [&](float thickness) {
+            s.tmax = thickness;
+            return !standard::NoSectionReason(Delivered(), s, Basis::Standard()).empty();
+        };
+        found += fine ? 1 : 0;
+        EXPECT_FALSE(refused(40)) << name;
+        EXPECT_EQ(refused(40.5F), fine) << name;
+        EXPECT_EQ(refused(80), fine) << name;
+        EXPECT_TRUE(refused(80.5F)) << name;
+    }
+    EXPECT_GT(found, 0);
 }
 
 }  // namespace

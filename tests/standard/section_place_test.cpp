@@ -437,5 +437,52 @@ TEST(SectionPlace, WebsCompressedAllOver)
     EXPECT_LT(ratio(3250e3), 0);
 }
 
+// --- 6.2.9.1 -------------------------------------------------------------------------------------
+
+TEST(SectionPlace, ExponentsAreToldOfTwoMoments)
+{
+    for (const ForcesAt& f :
+         {Moments(20e6, 5e6, 1e5), Moments(20e6, 0, 1e5), Moments(0, 5e6, 1e5)}) {
+        Bench b = Of(Kind::i_rolled);
+        b.At(f, standard::CheckBendingAndAxial);
+        const bool both = f.my != 0 && f.mz != 0;
+        EXPECT_EQ(b.told.alpha, both ? 2 : 0);
+        EXPECT_EQ(b.told.beta, both ? 1 : 0);
+    }
+}
+
+// Web 160x5 with a fifth of its strength beside shear: of A 4000 it takes 640, N/Npl = 95/840; half
+// of the web would carry 100 kN without shear and 20 beside it: MN,y = (1 - n)/(1 - 0.5 0.2) of
+// what 6.2.8 leaves, 5e5 - 0.8 5 160^2/4.
+TEST(SectionPlace, TheWebThatShearWeakensCarriesLessOfTheAxialForce)
+{
+    Bench b = Of(Kind::i_rolled);
+    standard::StandardSection& q = b.p.q;
+    q.top = q.bottom = {100, 16};
+    q.hw = q.d = 160;
+    q.tw = 5;
+    const auto at = b.At(Moments(50e6, 0, 95e3), [](SectionPlace& place) {
+        place.rho.z = 0.8;
+        CheckBendingAndAxial(place);
+    });
+    const double left = (5e5 - 0.8 * 32000) * 250, n = 95.0 / 840;
+    EXPECT_NEAR(Ratio(at, CheckId::section_nm), 50e6 / (left * (1 - n) / 0.9), 1e-9);
+}
+
+// D180 is of general profiles whose axial force is not negligible; this web has more than half of
+// the area.
+TEST(SectionPlace, TheShareOfTheWebIsAQuestionOfGeneralProfiles)
+{
+    const auto met = [](Kind kind, double n) {
+        Bench b = Of(kind);
+        b.p.q.top = b.p.q.bottom = {100, 5};
+        b.At(Moments(1e6, 0, n), standard::CheckBendingAndAxial);
+        return b.Met(Dev::d180);
+    };
+    EXPECT_TRUE(met(Kind::general, 800e3));
+    EXPECT_FALSE(met(Kind::i_rolled, 800e3));
+    EXPECT_FALSE(met(Kind::general, 10e3));
+}
+
 }  // namespace
 }  // namespace kestrum

@@ -218,5 +218,21 @@ TEST(Vortex, NoStudyOfOtherFamiliesOrOfLoadsOffTheMember)
     EXPECT_FALSE(standard::VortexStudyOf(Beam(0).Measured()));
 }
 
+// G 1, Q1 2 with psi 0.7, Q2 3 with psi 0.3 kN/m.
+TEST(Vibration, EachCategoryHasItsFactor)
+{
+    Member s = Beam(0);
+    s.qload[1] = 1;
+    s.qload[2] = 2;
+    s.qload[3] = 3;
+    s.qtype[2] = 1;
+    s.qtype[3] = 2;
+    s.psi1index = s.psi2index = 6;
+    s.psi1 = 0.7F;
+    s.psi2 = 0.3F;
+    s.Measured();
+    EXPECT_NEAR(standard::VibrationOf(s)->mass, s.weight + (1 + 1.4 + 0.9) * 1000 / 9.81, 1e-3);
+}
+
 }  // namespace
 }  // namespace kestrum
