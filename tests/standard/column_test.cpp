@@ -96,6 +96,21 @@ TEST(Columns, ThicknessesOfRolledISections)
     }
 }
 
+// Welded: b and c up to 40 mm, c and d above, by the thicker flange.
+TEST(Columns, ThicknessesOfWeldedISections)
+{
+    for (const float top : {39.0F, 40.0F, 40.5F}) {
+        for (const float bottom : {39.0F, 40.0F, 40.5F}) {
+            const Member s = Unloaded(5, 235).Section(FormP22{500, 300, 250, 20, top, bottom});
+            const auto curves =
+                standard::CurvesOf(Delivered(), s, SectionOfMember(s), Basis::Standard());
+            const bool thick = std::max(top, bottom) > 40;
+            EXPECT_EQ(curves.y, thick ? kC : kB);
+            EXPECT_EQ(curves.z, thick ? kD : kC);
+        }
+    }
+}
+
 TEST(Columns, ChosenCurvesComeBeforeTheTable)
 {
     Member s = Unloaded(5, 235).Section("HEA 200");
@@ -148,6 +163,18 @@ TEST(Columns, SlendernessOfAnglesWithTwoBolts)
         EXPECT_NEAR(bolts.chiz, clauses::BucklingReduction(std::max(z, v), kB), 1e-9);
     }
     EXPECT_TRUE(first && last);
+}
+
+// Length factors up to 0.002 leave the axis out.
+TEST(Columns, LengthsThatLeaveAnAxisOut)
+{
+    const auto critical = [](float k) {
+        Member s = Unloaded(5, 235).Section("HEA 200");
+        s.ly = s.lz = k;
+        return standard::CriticalForcesOf(s, SectionOfMember(s), Basis::Standard());
+    };
+    EXPECT_TRUE(std::isinf(critical(0.00199F).y) && std::isinf(critical(0.00199F).z));
+    EXPECT_TRUE(std::isfinite(critical(0.00201F).y) && std::isfinite(critical(0.00201F).z));
 }
 
 // D232: the program leaves buckling out up to a slenderness of 0.2 about both axes, and up to 0.04

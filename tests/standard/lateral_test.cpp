@@ -149,6 +149,37 @@ TEST(Lateral, D213NeedsAnUplift)
     EXPECT_NE(mcr(-20, 1, back), mcr(-20, 1, Basis::Standard()));
 }
 
+// D233: the critical moment that the program has of each segment; at a restraint that of the left
+// one. Largest of a line that is straight between restraints at 2 and 4 m.
+TEST(Lateral, D233CriticalMomentOfTheSegment)
+{
+    Member s = Beam(LtbCurve::general);
+    s.restraints = 2;
+    ProjectState program = s;
+    program.segmcr[1] = 100e6;  // Nmm
+    program.segmcr[2] = 200e6;
+    program.segmcr[3] = 300e6;
+    const auto mcr = [&](const std::array<double, 4>& at) {
+        Bent bent(s, {});
+        bent.lines.grid.pieces = 3;
+        bent.lines.grid.x = {0, 2, 4, 6};
+        for (std::size_t i = 0; i < 3; ++i) {
+            bent.lines.y.m.m[i] = {at[i], (at[i + 1] - at[i]) / 2, 0, 0};
+        }
+        return bent.Of(Basis::StandardBut(Dev::d233), [&](const standard::LateralCase& m) {
+            const standard::LateralCase with{m.s,     m.basis,   &program, m.p,  m.solved,
+                                             m.loads, m.factors, m.lines,  m.cls};
+            return LateralBucklingOf(with).mcr;
+        });
+    };
+    EXPECT_NEAR(mcr({50, 20, 20, 10}), 100, 1e-9);
+    EXPECT_NEAR(mcr({10, 50, 20, 10}), 100, 1e-9);
+    EXPECT_NEAR(mcr({10, 20, 50, 10}), 200, 1e-9);
+    EXPECT_NEAR(mcr({10, 20, 20, 50}), 300, 1e-9);
+    program.segmcr[2] = 0;  // no control of the program: solved numerically
+    EXPECT_GT(mcr({10, 20, 50, 10}), 1);
+}
+
 // Loads across the member alone leave nothing to study.
 TEST(Lateral, NoStudyWithoutAMomentAboutY)
 {

@@ -125,6 +125,7 @@ TEST(Lines, LastRowsCount)
     const auto loads = LoadsOf(s, Basis::Standard());
     EXPECT_EQ(loads.count, 3U);
     EXPECT_TRUE(loads.present.q2);
+    EXPECT_EQ(LinesOf(s, loads, {0, 0, 1}, Basis::Standard()).n, 1);
     EXPECT_EQ(standard::NoLoadsReason(s), "");
     s.qtx2[3] = 1;
     EXPECT_EQ(standard::NoLoadsReason(s), "a trapezoidal load ends before it starts");
@@ -241,6 +242,17 @@ TEST(Lines, LevelOfAShortLoad)
     EXPECT_EQ(pieces[1].qz1, 0);
     EXPECT_DOUBLE_EQ(pieces[2].qz0, 200);
     EXPECT_DOUBLE_EQ(pieces[2].qz1, 200);
+}
+
+// A couple of 10 in the middle: 5 on either side, of which the sagging one is named.
+TEST(Lines, SaggingMomentOfTwoEqualOnes)
+{
+    standard::CombinedLines lines{};
+    lines.grid.pieces = 2;
+    lines.grid.x = {0, 2, 4};
+    lines.y.m.m[0] = {0, -2.5, 0, 0};
+    lines.y.m.m[1] = {5, -2.5, 0, 0};
+    EXPECT_EQ(lines.LargestMoment(standard::Axis::y).value, 5);
 }
 
 // A member that does not bend has no place of its largest deflection.

@@ -140,5 +140,26 @@ TEST(InteractionRows, D236NeedsAnAxialForce)
     }
 }
 
+// D243 concerns angles and tubes without compression, D231 T sections.
+TEST(InteractionRows, D243AndD231LeaveOthersAlone)
+{
+    const auto kept = [](const Member& section, float n, Dev deviation) {
+        Member s = section;
+        s.method = 2;
+        s.EndForces(n, 2, 1);
+        EXPECT_GT(Ratio(s, CheckId::eq661), 0);
+        return Back(s, deviation, CheckId::eq661) > 0;
+    };
+    const Member tube = Unloaded(3, 235).Section(FormP31{100, 5});
+    const Member beam = Unloaded(3, 235).Section("HEA 100");
+    EXPECT_FALSE(kept(tube, 0, Dev::d243));
+    EXPECT_TRUE(kept(tube, 10, Dev::d243));
+    EXPECT_TRUE(kept(beam, 0, Dev::d243));
+    for (const float n : {0.0F, 10.0F}) {
+        EXPECT_TRUE(kept(tube, n, Dev::d231));
+        EXPECT_TRUE(kept(beam, n, Dev::d231));
+    }
+}
+
 }  // namespace
 }  // namespace kestrum

@@ -189,6 +189,33 @@ TEST(MomentShapes, StraightWhateverTheSize)
     }
 }
 
+// What lies right of the couple is not of the piece on its left.
+TEST(MomentShapes, PieceEndsLeftOfTheCouple)
+{
+    const auto span = SpanMomentsOf(Couple(), Axis::y, 0, 2);
+    EXPECT_DOUBLE_EQ(span.mh, 10);
+    EXPECT_TRUE(span.straight);
+}
+
+// Ends of one size: the first is Mh. Two places as far from the chord: Ms is at the first.
+TEST(MomentShapes, FirstOfEqualMoments)
+{
+    const auto turned = SamplesOf([](double t) { return 10 - 20 * t; });
+    const auto span = SpanMomentsOf(Through(turned), Axis::y, 0, kLength);
+    EXPECT_EQ(span.mh, 10);
+    EXPECT_EQ(span.psi, -1);
+    for (const double bump : {5.0, -5.0}) {  // 10, 15, 10, 5, 10 at whole metres
+        CombinedLines lines{};
+        lines.grid.pieces = 4;
+        lines.grid.x = {0, 1, 2, 3, 4};
+        lines.y.m.m[0] = {10, bump, 0, 0};
+        lines.y.m.m[1] = {10 + bump, -bump, 0, 0};
+        lines.y.m.m[2] = {10, -bump, 0, 0};
+        lines.y.m.m[3] = {10 - bump, bump, 0, 0};
+        EXPECT_EQ(SpanMomentsOf(lines, Axis::y, 0, 4).ms, 10 + bump);
+    }
+}
+
 // The whole member: furthest from the chord, here the axis, right of the couple.
 TEST(MomentShapes, SpanMomentIsFurthestFromTheChord)
 {
