@@ -61,6 +61,9 @@ TEST(ExactLine, UniformLoadOnEverySupport)
     line = m.Line(kCantilever);
     EXPECT_NEAR(At(m, line, 0), -ql2 / 2, 1e-12);
     EXPECT_NEAR(At(m, line, kL), 0, 1e-12);
+    line = m.Line({1, 0, false});  // the propped end at the start
+    EXPECT_NEAR(At(m, line, 0), -ql2 / 8, 1e-12);
+    EXPECT_NEAR(At(m, line, kL), 0, 1e-12);
     line = m.Line({0.5, 0.5, false});  // half of the fixed end's moments
     EXPECT_NEAR(At(m, line, 0), -ql2 / 24, 1e-12);
 }
@@ -75,6 +78,31 @@ TEST(ExactLine, TriangularLoad)
     const MomentPolynomials fixed = m.Line(kFixed);  // -q L^2/30 and -q L^2/20
     EXPECT_NEAR(At(m, fixed, 0), -12 * kL * kL / 30, 1e-12);
     EXPECT_NEAR(At(m, fixed, kL), -12 * kL * kL / 20, 1e-12);
+}
+
+// The same: 12 kN/m at the end, V = 12 at the start and -24 at the end. From -6 to 6 kN/m the
+// reactions are -6 kN: V = -6 + 6 x - x^2, at most 3 kN in the middle, where the load is 0.
+TEST(ExactLine, ShearOfTriangularLoads)
+{
+    Member rising{{{0, kL, 0, 12}}, {}};
+    LineExtremes shear = ExtremesOfShear(rising.Grid(), rising.Line(kPinned));
+    EXPECT_NEAR(shear.most.value, 12, 1e-12);
+    EXPECT_EQ(shear.most.x, 0);
+    EXPECT_NEAR(shear.least.value, -24, 1e-12);
+    EXPECT_EQ(shear.least.x, kL);
+    Member turning{{{0, kL, -6, 6}}, {{1, 0, 0}}};  // two pieces
+    shear = ExtremesOfShear(turning.Grid(), turning.Line(kPinned));
+    EXPECT_NEAR(shear.most.value, 3, 1e-12);
+    EXPECT_NEAR(shear.most.x, 3, 1e-12);
+    EXPECT_EQ(shear.most.piece, 1U);
+}
+
+TEST(ExactLine, TheFirstOfEqualMomentsCounts)
+{
+    Member m = Uniform(8);
+    const LineExtremes extremes = ExtremesOfMoment(m.Grid(), m.Line(kPinned));
+    EXPECT_EQ(extremes.least.value, 0);
+    EXPECT_EQ(extremes.least.x, 0);  // and at the end
 }
 
 // P a b/L; fixed ends -P a b^2/L^2, -P a^2 b/L^2.
@@ -124,6 +152,20 @@ TEST(ExactLine, Deflections)
     EXPECT_NEAR(largest(uniform, kPinned).x, 3, 1e-9);
     Member middle{{}, {{3, 20, 0}}};
     EXPECT_NEAR(largest(middle, kPinned).value, 20 * std::pow(kL, 3) / (48 * ei) * 1e3, 1e-9);
+}
+
+// The middle of an 11 m beam is the middle of one of the eight steps from 0 to 8 m; with E I = 1000
+// kNm2 and 24 kN/m all slopes are whole numbers, 0 in the middle: 5 q L^4/(384 E I).
+TEST(ExactLine, TheDeflectionIsLargestWhereTheSlopeIsExactlyNothing)
+{
+    LineGridMaker maker(11);
+    maker.Add(8);
+    const LineGrid grid = maker.Grid();
+    const LineLoad load{0, 11, 24, 24};
+    const MomentPolynomials line = MomentsOf(grid, {&load, 1}, {}, kPinned);
+    const LineExtreme largest = DeflectionLine(grid, line, false, 1e5, 1e7).Largest();
+    EXPECT_NEAR(largest.x, 5.5, 1e-9);
+    EXPECT_NEAR(largest.value, 5 * 24 * std::pow(11.0, 4) / 384 / 1000 * 1000, 1e-7);
 }
 
 // One load or the same cut in two: the same line.

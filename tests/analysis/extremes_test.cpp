@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestrum::test {
@@ -44,6 +45,32 @@ TEST(Extremes, TheFirstOfEqualValuesStays)
 {
     const ProjectState s = WithMoment([](double j) { return j >= 10 && j <= 40 ? 3 : 0; });
     EXPECT_EQ(s.xmymax, 0.2);
+}
+
+TEST(Extremes, OfALevelLineAreAtItsStart)
+{
+    const ProjectState s = WithMoment([](double) { return 3; });
+    EXPECT_EQ(s.mymax, 3);
+    EXPECT_EQ(s.xmymax, 0);
+    EXPECT_EQ(s.xmzmin, 0);
+}
+
+// The same ordinate at the ends of the other lines, which lie next to it.
+TEST(Extremes, EachLineHasItsOwnPlace)
+{
+    for (std::size_t own = 0; own < 4; ++own) {
+        Member s = Beam(0);
+        std::size_t i = 0;
+        for (auto* const line : {&s.mydiag, &s.vzdiag, &s.mzdiag, &s.vydiag}) {
+            std::fill(line->begin(), line->end(), 1.0F);
+            (*line)[i++ == own ? 20 : 50] = 7;
+        }
+        FindExtremes(s, s);
+        const double x[] = {s.xmymax, s.xvzmax, s.xmzmax, s.xvymax};
+        for (std::size_t line = 0; line < 4; ++line) {
+            EXPECT_EQ(x[line], line == own ? 0.4 : 1.0) << own << line;
+        }
+    }
 }
 
 TEST(Extremes, TheDiagramWinsOverAnEqualSection)
@@ -157,6 +184,28 @@ TEST(ZeroCrossings, TheStartCountsAsNone)
     EXPECT_EQ(WithMoment([](double) { return 0; }, 1).x0my2, 0);
 }
 
+// A half reaches to the point behind the middle, the other to the end.
+TEST(ZeroCrossings, EachHalfIncludesItsLastStep)
+{
+    const ProjectState middle = WithMoment([](double j) { return 25.5 - j; }, 2);
+    EXPECT_FLOAT_EQ(middle.x0my1, 0.51F);
+    EXPECT_FLOAT_EQ(middle.x0my2, 0.51F);
+    const ProjectState end = WithMoment([](double j) { return j - 49.5; }, 2);
+    EXPECT_EQ(end.x0my1, 0);
+    EXPECT_FLOAT_EQ(end.x0my2, 0.99F);
+}
+
+// Where a line reaches zero it crosses it, though it goes on at zero; where it leaves zero too.
+TEST(ZeroCrossings, ALineThatStaysAtZeroCrossesWhereItBends)
+{
+    for (const double sign : {1.0, -1.0}) {
+        const auto reached = [sign](double j) { return sign * std::max(10 - j, 0.0); };
+        EXPECT_FLOAT_EQ(WithMoment(reached, 2).x0my1, 0.2F) << sign;
+        const auto left = [sign](double j) { return sign * std::max(j - 10, 0.0); };
+        EXPECT_FLOAT_EQ(WithMoment(left, 2).x0my1, 0.2F) << sign;
+    }
+}
+
 TEST(EndRatio, IsTheSmallerOverTheLarger)
 {
     const auto ratio = [](double start, double end) {
@@ -192,11 +241,22 @@ TEST(Shape, TheBandAroundTheChordIsOpen)
             .mycurved;
     };
     EXPECT_EQ(curved(38, 15.0), kFalse);
-    EXPECT_EQ(curved(38, 15.2), kTrue);
+    EXPECT_EQ(curved(38, 15.09), kFalse);
+    EXPECT_EQ(curved(38, 15.11), kTrue);
     EXPECT_EQ(curved(38, 10.0), kFalse);
-    EXPECT_EQ(curved(38, 9.8), kTrue);
+    EXPECT_EQ(curved(38, 9.91), kFalse);
+    EXPECT_EQ(curved(38, 9.89), kTrue);
     EXPECT_EQ(curved(37, 20.0), kFalse);  // not the point that is looked at
     EXPECT_EQ(curved(12, 20.0), kFalse);
+}
+
+// Five times the line: chord 62.5, band 0.2 * 13 * 5 = 13.
+TEST(Shape, OnTheEdgeOfTheBandALineIsCurved)
+{
+    for (const double value : {75.5, 49.5}) {
+        EXPECT_EQ(WithMoment([=](double j) { return j == 38 ? value : 5 * Triangle(j); }).mycurved,
+                  kTrue);
+    }
 }
 
 // D107: a uniform load on the left half bends the left half of the line only.
@@ -226,6 +286,20 @@ TEST(Shape, ThePeakIsSoughtInTheMiddleHalf)
     EXPECT_EQ(WithMoment(line).mycurved, kTrue);
     const auto chord = [line](double j) { return j == 32 ? -20.0 : line(j); };
     EXPECT_EQ(WithMoment(chord).mycurved, kFalse);
+}
+
+// The peak is at 38, the last point of the middle half, and the point looked at 44: half of 40.
+TEST(Shape, ThePeakMayBeTheLastPointOfTheMiddleHalf)
+{
+    const auto line = [](double j) { return j == 38 ? -40.0 : j == 44 ? -20.0 : 0.0; };
+    EXPECT_EQ(WithMoment(line).mycurved, kFalse);
+}
+
+// Without a moment in the middle half the chord runs from end to end: through 0 in the middle.
+TEST(Shape, MomentsAtTheEndsAloneHaveNoPeak)
+{
+    const auto line = [](double j) { return j < 5 ? 8.0 : j > 45 ? -8.0 : 0.0; };
+    EXPECT_EQ(WithMoment(line).mycurved, kFalse);
 }
 
 TEST(Shape, EndsAboveTheMiddle)
@@ -264,6 +338,8 @@ TEST(Shape, RatiosTakeTheSmallerEnd)
     EXPECT_EQ(shape(8, 4, 0).mypeakratio, 0);
     EXPECT_EQ(shape(8, 0, 2).myendratio, 0);
     EXPECT_EQ(shape(8, 4, 2).mzendratio, 0.5);
+    EXPECT_EQ(shape(8, 4, -8).myendratio, -2);  // of two equal sizes that of the end
+    EXPECT_EQ(shape(-8, 4, 8).myendratio, 2);
 }
 
 }  // namespace

@@ -269,6 +269,21 @@ TEST(RemoveCheckedLoads, EmptiesTheTickedRowsAndKeepsTheTicks)
     EXPECT_EQ(s, expected);
 }
 
+TEST(RemoveCheckedLoads, EveryTickedRowGoes)
+{
+    Member s = FullTable();
+    s.nchecked.fill(kTrue);
+    s.qchecked.fill(kTrue);
+    s.qtchecked.fill(kTrue);
+    s.pmchecked.fill(kTrue);
+    RemoveCheckedLoads(s, s);
+    for (std::size_t k = 1; k <= 8; ++k) {
+        EXPECT_EQ(s.pm[k], 0) << k;
+        EXPECT_TRUE(k > 4 || s.qload[k] == 0) << k;
+        EXPECT_TRUE(k > 3 || (s.nload[k] == 0 && s.qt1[k] == 0 && s.qt2[k] == 0)) << k;
+    }
+}
+
 TEST(RemoveCheckedLoads, NeverTouchesTheSelfweightRow)
 {
     Member s = FullTable();

@@ -35,7 +35,8 @@ TEST(Stations, RunFromEndToEnd)
 {
     EXPECT_EQ(FaultOf({{.x = 0}, {.x = 6}}), StationFault::none);
     EXPECT_EQ(FaultOf({{.x = 0}, {.x = 2}, {.x = 2}, {.x = 6}}), StationFault::none);
-    EXPECT_EQ(FaultOf({{.x = -0.0009}, {.x = 6.0009}}), StationFault::none);
+    EXPECT_EQ(FaultOf({{.x = -kStationReach}, {.x = 6 + kStationReach}}), StationFault::none);
+    EXPECT_EQ(FaultOf({{.x = kStationReach}, {.x = 6 - kStationReach}}), StationFault::none);
     EXPECT_EQ(FaultOf({}), StationFault::no_station);
     EXPECT_EQ(FaultOf({{.x = 0}, {.x = 6.0011}}), StationFault::off_member);
     EXPECT_EQ(FaultOf({{.x = -0.0011}, {.x = 6}}), StationFault::off_member);
@@ -107,6 +108,74 @@ TEST(Stations, BetweenTheEvenSectionsAreCheckedToo)
     EXPECT_EQ(LinesOf(own, stations).lines.Sections().size(), 1U);
 }
 
+TEST(Stations, ChosenCheckPointsReplaceTheSections)
+{
+    Member own = Beam(0);
+    own.cpmode = 1;
+    own.cp = {0, 1.5F, 3, 4.5F};
+    for (const int count : {1, 2, 3}) {
+        own.cpcount = static_cast<i16>(count);
+        const Lines one = LinesOf(own, {{.x = 0}, {.x = 6, .my = 12}});
+        ASSERT_EQ(one.lines.Sections().size(), static_cast<std::size_t>(count));
+        for (std::size_t k = 0; k < one.lines.Sections().size(); ++k) {
+            const double share = 0.25 * static_cast<double>(k + 1);
+            EXPECT_EQ(one.lines.Sections()[k].xi, share);
+            EXPECT_DOUBLE_EQ(one.lines.Sections()[k].my, 12 * share);
+        }
+    }
+}
+
+// Places are one when they are not further apart than 1e-6 m.
+TEST(Stations, BesideAnEvenSectionIsASectionOfItsOwn)
+{
+    EXPECT_EQ(LinesOf(Beam(0), {{.x = 0}, {.x = 2.4000005}, {.x = 6}}).lines.Sections().size(),
+              11U);
+    EXPECT_EQ(LinesOf(Beam(0), {{.x = 0}, {.x = 2.40001}, {.x = 6}}).lines.Sections().size(), 12U);
+}
+
+// 49 stations between the eleven even places, more than the forces can hold; the largest value of
+// each line stands behind the others, the first of equal ones counts.
+TEST(Stations, ExtremesLookAtEverySection)
+{
+    std::vector<Station> stations = {{.x = 0}};
+    for (int k = 1; k < 50; ++k) {
+        stations.push_back({.x = 0.12 * k + 0.05, .vy = 1, .vz = 2, .my = 3, .mz = 4});
+    }
+    stations.push_back({.x = 6});
+    const Lines level = LinesOf(Beam(0), stations);
+    ASSERT_GT(level.lines.Sections().size(), 41U);
+    EXPECT_EQ(level.forces.mymax, 3);
+    EXPECT_EQ(level.forces.xmymax, 0.04);  // the second point of the diagram, 0.24 m
+    EXPECT_EQ(level.forces.xvymax, 0.04);
+    stations[48] = {.x = stations[48].x, .vy = 2, .vz = 3, .my = 5, .mz = 6};
+    const Lines peak = LinesOf(Beam(0), stations);
+    const double x = static_cast<float>(stations[48].x / 6);
+    EXPECT_EQ(peak.forces.vymax, 2);
+    EXPECT_EQ(peak.forces.vzmax, 3);
+    EXPECT_EQ(peak.forces.mymax, 5);
+    EXPECT_EQ(peak.forces.mzmax, 6);
+    EXPECT_EQ(peak.forces.xvymax, x);
+    EXPECT_EQ(peak.forces.xmymax, x);
+    EXPECT_EQ(peak.forces.mymaxabs, 5);
+}
+
+TEST(Stations, TheForcesHoldTheSections)
+{
+    const Lines one = LinesOf(Beam(0), {{.x = 0, .vy = 1, .vz = 2, .my = 3, .mz = 4},
+                                        {.x = 6, .vy = 5, .vz = 6, .my = 7, .mz = 8}});
+    ASSERT_EQ(one.forces.npts, 10);
+    for (std::size_t k = 0; k < one.lines.Sections().size(); ++k) {
+        const StationSection& at = one.lines.Sections()[k];
+        EXPECT_EQ(one.forces.xi[k], at.xi);
+        EXPECT_EQ(one.forces.vysec[k], at.vy);
+        EXPECT_EQ(one.forces.vzsec[k], at.vz);
+        EXPECT_EQ(one.forces.mysec[k], at.my);
+        EXPECT_EQ(one.forces.mzsec[k], at.mz);
+    }
+    EXPECT_EQ(one.forces.vzsec[0], 2);
+    EXPECT_EQ(one.forces.vysec[0], 1);
+}
+
 TEST(Stations, LargestCompressionIsThatOfTheCase)
 {
     EXPECT_EQ(LinesOf(Beam(0), {{.x = 0, .n = -3}, {.x = 6, .n = 12}}).forces.ned, 12);
@@ -145,6 +214,30 @@ TEST(Stations, DeflectionUnderAForceInTheMiddle)
                 1e-5);
 }
 
+// A moment at one end: M l^2/(16 EI) in the middle; about z I is a quarter.
+TEST(Stations, DeflectionUnderAMomentThatFallsToNothing)
+{
+    Member s = Beam(0);
+    s.method = Method::annex_a;
+    const double middle = 20.0 * 36 / 16 / test::kStiffnessY * 1000;  // mm
+    const Forces y = LinesOf(s, {{.x = 0}, {.x = 6, .my = 20}}).forces;
+    EXPECT_NEAR(y.dzdiag[25], middle, 1e-5);
+    EXPECT_EQ(y.dymaxabs, 0);
+    const Forces z = LinesOf(s, {{.x = 0, .mz = 20}, {.x = 6}}).forces;
+    EXPECT_NEAR(z.dydiag[25], 4 * middle, 1e-4);
+    EXPECT_EQ(z.dzmaxabs, 0);
+}
+
+// The line is held where the stations begin and end: M s (l - s)/(2 EI).
+TEST(Stations, DeflectionCountsFromTheFirstStation)
+{
+    Member s = Beam(0);
+    s.method = Method::annex_a;
+    constexpr double kOff = 0.0009;  // m
+    const Forces forces = LinesOf(s, {{.x = kOff, .my = 20}, {.x = 6, .my = 20}}).forces;
+    EXPECT_NEAR(forces.dzdiag[25], 20.0 * (3 - kOff) * 3 / 2 / test::kStiffnessY * 1000, 1e-6);
+}
+
 TEST(Stations, SteepestFallOfShearIsTheLoadOfHatBeams)
 {
     Member s = Beam(0);
@@ -152,6 +245,11 @@ TEST(Stations, SteepestFallOfShearIsTheLoadOfHatBeams)
     const Lines one = LinesOf(
         s, {{.x = 0, .vz = 30}, {.x = 2, .vz = 20}, {.x = 2, .vz = -2}, {.x = 6, .vz = -10}});
     EXPECT_DOUBLE_EQ(one.forces.qsum, 5);
+    // Of a case with fewer stations than the one before: 30 kN over 6 m.
+    Lines kept = LinesOf(s, {{.x = 0, .vz = 30}, {.x = 2, .vz = 10}, {.x = 6.0005, .vz = -300}});
+    kept.lines.Fill(s, s, std::vector<Station>{{.x = 0, .vz = 15}, {.x = 5.9995, .vz = -15}},
+                    kept.forces);
+    EXPECT_DOUBLE_EQ(kept.forces.qsum, 30 / 5.9995);
 }
 
 TEST(Stations, WhatTheFamilyDoesNotCarryCountsAsNothingAndIsTold)
@@ -169,6 +267,13 @@ TEST(Stations, WhatTheFamilyDoesNotCarryCountsAsNothingAndIsTold)
     EXPECT_EQ(beyond.y, 0);
     EXPECT_EQ(beyond.z, 4);
     EXPECT_FALSE(NotCarriedBy(Beam(0), stations).any());
+    s.family = 28;  // N, My and Vz
+    const Lines flat = LinesOf(s, stations);
+    EXPECT_EQ(flat.forces.ned, 7);
+    EXPECT_EQ(flat.forces.mymax, 3);
+    EXPECT_EQ(flat.forces.mzmin, 0);
+    EXPECT_EQ(flat.forces.vymax, 0);
+    EXPECT_EQ(flat.forces.haszloads, kFalse);
 }
 
 TEST(Stations, NewPlacesAreFoundAgain)
@@ -183,6 +288,37 @@ TEST(Stations, NewPlacesAreFoundAgain)
     one.lines.Fill(longer, longer, std::vector<Station>{{.x = 0}, {.x = 1.5, .my = 9}, {.x = 12}},
                    one.forces);
     EXPECT_FLOAT_EQ(one.forces.mydiag[25], 9 * 6 / 10.5F);
+}
+
+// A case after another one reads its lines as if it were the first.
+TEST(Stations, NothingIsKeptThatTheNextCaseDoesNotShare)
+{
+    const auto same = [](const ProjectState& before, const std::vector<Station>& first,
+                         const ProjectState& now, const std::vector<Station>& next) {
+        Lines kept = LinesOf(before, first);
+        kept.lines.Fill(now, now, next, kept.forces);
+        Lines fresh = LinesOf(now, next);
+        return kept.forces == fresh.forces &&
+               kept.lines.Sections().size() == fresh.lines.Sections().size();
+    };
+    const std::vector<Station> stations = {{.x = 0.0005, .my = 5}, {.x = 3, .my = 9}, {.x = 6}};
+    const std::vector<Station> moved = {{.x = 0, .my = 5}, {.x = 2, .my = 9}, {.x = 6.0005}};
+    Member own = Beam(0);
+    own.cpmode = 1;
+    own.cpcount = 2;
+    own.cp = {0, 1, 2, 4};
+    Member two = own, three = own, longer = own;
+    two.cp[2] = 2.5F;
+    three.cpcount = 3;
+    longer.l = 6.0008F;
+    EXPECT_TRUE(same(Beam(0), stations, Beam(0), stations));
+    EXPECT_TRUE(same(Beam(0), stations, Beam(0), moved));
+    EXPECT_TRUE(same(Beam(0), stations, own, stations));
+    EXPECT_TRUE(same(own, stations, Beam(0), stations));
+    EXPECT_TRUE(same(own, stations, two, stations));
+    EXPECT_TRUE(same(own, stations, three, stations));
+    EXPECT_TRUE(same(own, stations, longer, stations));
+    EXPECT_TRUE(same(Beam(0), stations, Beam(0, 6.0008F), stations));
 }
 
 }  // namespace

@@ -95,6 +95,67 @@ TEST(StepPoints, CoverEveryRowInAscendingOrder)
         [](const StepPoint& one, const StepPoint& other) { return one.at < other.at; }));
 }
 
+// All lines of such a member: V falls by each force, M goes on; between two places both are those
+// of the uniform load alone.
+TEST(StepPoints, LieOnTheLinesBetweenTheForces)
+{
+    constexpr double kLength = 9, kUniform = 3;
+    Member s = test::Beam(1, kLength);
+    s.qload[1] = kUniform;
+    for (std::size_t k = 1; k <= 8; ++k) {
+        test::AddForce(s, k, 5, k < 7 ? static_cast<float>(k) : 6);  // three at one place
+    }
+    for (std::size_t k = 1; k <= 3; ++k) {
+        test::AddTrapezoid(s, k, 1, 2, 0.1F * static_cast<float>(k), 8.9F);
+    }
+    const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
+    ASSERT_THAT(points, SizeIs(2 * (8 + 60)));
+    double falls = 0;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const double dx = (points[i].at - points[i - 1].at) * kLength;
+        const StepPoint &one = points[i - 1], &other = points[i];
+        const bool between = dx > 3e-9 * kLength;
+        EXPECT_NEAR(other.m, one.m + dx * (one.v - kUniform * dx / 2), 2e-4) << i;
+        if (between) {
+            EXPECT_NEAR(other.v, one.v - kUniform * dx, 1e-4) << i;
+        }
+        falls += between ? 0 : one.v - other.v;
+    }
+    double all = 8 * 5;
+    for (const double from : {0.1, 0.2, 0.3}) {
+        all += 1.5 * (8.9 - from);
+    }
+    EXPECT_NEAR(falls, all, 1e-3);
+}
+
+// 8 kN and the 60 strips of three loads that end where they begin: all at 3 m.
+TEST(StepPoints, MayAllLieAtOnePlace)
+{
+    Member s = test::Beam(0, 6);
+    for (std::size_t k = 1; k <= 8; ++k) {
+        test::AddForce(s, k, 1, 3);
+    }
+    for (std::size_t k = 1; k <= 3; ++k) {
+        test::AddTrapezoid(s, k, 1, 2, 3, 3);
+    }
+    const std::vector<StepPoint> points = StepPoints(s, s, s, s, BendingAxis::y);
+    ASSERT_THAT(points, SizeIs(2 * (8 + 60)));
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        EXPECT_NEAR(points[i].v, i < 68 ? 4 : -4, 1e-5) << i;
+        EXPECT_NEAR(points[i].m, 12, 1e-4) << i;
+    }
+}
+
+TEST(StepPoints, KeepTheAxesApart)
+{
+    Member s = test::Beam(0, 5);
+    test::AddForce(s, 1, 10, 1.25F);
+    s.qload[1] = 4;
+    s.qdir[1] = 0;
+    EXPECT_NEAR(StepPoints(s, s, s, s, BendingAxis::y)[0].v, 7.5, 1e-6);
+    EXPECT_THAT(StepPoints(s, s, s, s, BendingAxis::z), IsEmpty());  // no force in y
+}
+
 // On a support only the side on the member counts; off the member there is none.
 TEST(StepPoints, LieOnTheMember)
 {
