@@ -215,6 +215,11 @@ TEST(CalcResistanceAngle, LimitsOfTheClassAreIncluded)
     EXPECT_EQ(cls(10, 115.1f, 115.1f, 10), 4);
     EXPECT_EQ(cls(10, 150, 80, 10), 3);  // h/t = 15 and 11.5 both just kept
     EXPECT_EQ(cls(10, 151, 70, 10), 4);
+    s.eps = 0.5;  // 5.75 and 7.5
+    EXPECT_EQ(cls(10, 57.5F, 57.5F, 10), 3);
+    EXPECT_EQ(cls(10, 75, 40, 10), 3);
+    EXPECT_EQ(cls(10, 75.5F, 39, 10), 4);  // 7.55, though 114.5/20 = 5.725
+    s.eps = 1;
     EXPECT_EQ(cls(11, 150, 80, 10), 3);
     EXPECT_EQ(cls(11, 151, 79.1f, 10), 4);
     EXPECT_EQ(s.classmy, 3);

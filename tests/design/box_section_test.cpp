@@ -2,6 +2,7 @@
 
 #include "core/project_state.h"
 #include "design/hollow_section.h"
+#include "design/welded_side.h"
 #include "support/welded.h"
 
 #include <gtest/gtest.h>
@@ -93,6 +94,17 @@ TEST(UnequalBox, OutstandsAreClassified)
 }
 
 // No upgrade of a class 3 web: that is for the hat beams.
+// The axis at the inner face of the flange, 600 - 580 = 20: no class but 1.
+TEST(UnequalBox, AxisAtTheFaceOfTheFlangeLeavesNoWebInCompression)
+{
+    Member s = welded::Default(27);
+    Design(s);
+    s.zcog = 580;
+    s.ctopin = 5000;
+    ASSERT_EQ(TopSide(s, s).webin, 0);
+    EXPECT_EQ(ClassBox(s, s, true), 1);
+}
+
 TEST(UnequalBox, KnowsNoUpgrade)
 {
     Member s = welded::Default(27);

@@ -92,6 +92,28 @@ TEST(CalcClassY, D42StressRatioOfTheStressesThatAct)
     EXPECT_EQ(CalcClassY(s, s, s, 11.75F, 0.0235F), 4);
 }
 
+// Slenderness upon eps decides: at half the eps half as slender parts are of one class.
+TEST(ClassOfI, GoesWithSlendernessUponEps)
+{
+    for (const float n : {0.0F, 10.0F, 11.75F, -5.0F, -11.75F}) {
+        for (const float m : {0.0F, 0.01F, 10.0F}) {
+            for (float slender = 3; slender < 260; slender += 0.5F) {
+                ProjectState whole = Section(slender, slender),
+                             half = Section(slender / 2, slender / 2);
+                half.eps = whole.eps / 2;
+                whole.iy = half.iy = whole.iz = half.iz = 1e5F;
+                EXPECT_EQ(CalcClassY(whole, whole, whole, n, m), CalcClassY(half, half, half, n, m))
+                    << slender << ' ' << n << ' ' << m;
+                EXPECT_EQ(whole.classflange, half.classflange);
+                EXPECT_EQ(whole.classweb, half.classweb);
+                EXPECT_EQ(CalcClassZ(whole, whole, n, m, slender, 1, 100),
+                          CalcClassZ(half, half, n, m, slender / 2, 1, 100))
+                    << slender << ' ' << n << ' ' << m;
+            }
+        }
+    }
+}
+
 TEST(CalcClassY, TensionOfTheWholeWebIsClass1)
 {
     ProjectState s = Section(1000, 1);
@@ -240,6 +262,19 @@ TEST(CalcClassZ, TensionBeyondTheWebRelievesTheFlange)
     EXPECT_EQ(CalcClassZ(s, s, -83.6F, 10, 45, 2, 100), 2);
     EXPECT_EQ(CalcClassZ(s, s, -83.7F, 10, 45, 2, 100), 1);
     EXPECT_EQ(s.classweb, 1);
+}
+
+// Web of 2 mm: 100*2*235 = 47 kN. x = 94 - 47 = 47 kN, t = 2: 25 mm of each tip; c = 24: alpha
+// (50 - 25)/24 counts as 1, the limits stay 9 and 10. At x = 94 kN, 50 mm, it is 0.
+TEST(CalcClassZ, OutstandIsCompressedByNoMoreThanAllOfIt)
+{
+    ProjectState s = Section(1000, 1);
+    s.tw = 2;
+    s.iz = 5e4F;
+    const double c = 24;
+    EXPECT_EQ(CalcClassZ(s, s, -94, 10, c, c / 8.95, 100), 1);
+    EXPECT_EQ(CalcClassZ(s, s, -94, 10, c, c / 9.05, 100), 2);
+    EXPECT_EQ(CalcClassZ(s, s, -141, 10, 30, 2, 100), 3);
 }
 
 TEST(CalcClassZ, TensionUpToTheWebKeepsTheLimitsOfBending)

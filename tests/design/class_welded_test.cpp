@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cfenv>
 #include <cmath>
 
 using namespace kestrum;
@@ -91,6 +92,33 @@ TEST(ClassWelded, SymmetryWithinAResidueTakesTheFormOfPureBending)
 {
     EXPECT_EQ(ClassWebBent(Web(1250, 10), 0.5, -1 + 5e-7), 4);
     EXPECT_EQ(ClassWebBent(Web(1250, 10), 0.5, -1 + 5e-6), 3);
+}
+
+// Beside alpha 0.5: 396/(13*0.503 - 1) = 71.49 below 36/0.503 = 71.57, and 456/5.539 = 82.33
+// below 41.5/0.503 = 82.50.
+TEST(ClassWelded, TheLimitsChangeAtOneHalf)
+{
+    EXPECT_EQ(ClassWebBent(Web(715.3F, 10), 0.503, -1), 2);
+    EXPECT_EQ(ClassWebBent(Web(824, 10), 0.503, -1), 3);
+    EXPECT_EQ(ClassWebBent(Web(723, 10), 0.497, -1), 1);  // 36/0.497 = 72.43; 396/5.461 = 72.51
+    EXPECT_EQ(ClassWebBent(Web(724.7F, 10), 0.497, -1), 2);
+}
+
+// An axis beyond the web compresses all of it, not more: 33. One at its compressed end leaves it
+// without compression, whatever the plastic axis.
+TEST(ClassWelded, AxesAtAndBeyondTheEndsOfTheWeb)
+{
+    WeldedSide side{};
+    side.webin = 100;
+    side.webout = 50;
+    side.alpha = 1.3;
+    EXPECT_EQ(ClassWebBent(Web(329, 10), side), 1);
+    EXPECT_EQ(ClassWebBent(Web(331, 10), side), 2);
+    side.webin = 0;
+    side.alpha = 0.4;
+    std::feclearexcept(FE_ALL_EXCEPT);
+    EXPECT_EQ(ClassWebBent(Web(3000, 10), side), 1);
+    EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO | FE_INVALID), 0);
 }
 
 TEST(ClassWelded, WebInTensionIsClassOne)

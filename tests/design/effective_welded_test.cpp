@@ -107,6 +107,28 @@ TEST(EffectiveWelded, NeutralAxisInTheFlangeLeavesTheWebWhole)
     EXPECT_NEAR(s.weffytop2, s.wyelbot, 2e-6 * s.wyelbot);
 }
 
+// The strip of the first section by its own formula: the sums about the compressed edge again, each
+// loss by area, distance and own second moment.
+TEST(EffectiveWelded, StripOfTheWebIsTakenWithItsOwnInertia)
+{
+    ProjectState s = SlenderI();
+    s.checkflangebuck = kTrue;
+    const EffectiveScheme scheme{.leg = s.r, .webbuckles = true, .netcentroid = true};
+    const WeldedSide side = TopSide(s, s);
+    const EffectiveModuli moduli = EffectiveBending(s, s, side, TopFlange(s, s), scheme);
+    const double eps = std::sqrt(235.0 / 355), d = s.d, z1 = side.edge;
+    const double hc = z1 - 12 - s.r, psi = -(d - hc) / hc;
+    const double k = 7.81 - 6.29 * psi + 9.78 * psi * psi;
+    const double lambda = d / 6 / (28.4 * eps * std::sqrt(k));
+    const double rho = (lambda - 0.055 * (3 + psi)) / (lambda * lambda);
+    const double w = (1 - rho) * hc, at = z1 - 0.6 * rho * hc - w / 2;
+    const double a = s.a, rest = a - 6 * w;
+    const double z = (a * z1 - 6 * w * at) / rest;
+    const double i = s.iy + a * (z - z1) * (z - z1) - 6 * w * (w * w / 12 + (z - at) * (z - at));
+    EXPECT_NEAR(moduli.compressed, i / z, 1e-6 * i / z);
+    EXPECT_NEAR(moduli.opposite, i / (1000 - z), 1e-6 * i / z);
+}
+
 // Below a root of the slenderness formulas nothing is gained: stocky parts keep rho = 1.
 TEST(EffectiveWelded, StockyPartsAreNotEnlarged)
 {

@@ -123,6 +123,26 @@ TEST(ControlGeneral, SmallAxialForceLeavesTheMoments)
     EXPECT_LT(s.mnyrd, s.myrdv);
 }
 
+// Eq (6.34) begins at half of the web, n = 0.5 a_w = 0.1795; Eq (6.38) at all of it, 0.3590.
+TEST(ControlGeneral, ReductionsBeginWhereTheWebIsUsedUp)
+{
+    ProjectState s = General();
+    const double aw = 6720.0 / 18720;
+    const auto control = [&](double n) { Control(s, {n * s.nplrd, 600, 100, 0, 0}); };
+    control(0.4995 * aw);
+    EXPECT_EQ(s.mnyrd, s.myrdv);
+    EXPECT_EQ(s.mnzrd, s.mzrdv);
+    control(0.503 * aw);
+    EXPECT_NEAR(s.mnyrd, s.myrdv * (1 - 0.503 * aw) / (1 - 0.5 * aw), 1e-6 * s.myrdv);
+    control(0.999 * aw);
+    EXPECT_EQ(s.mnzrd, s.mzrdv);
+    for (const double share : {1.008, 2.0}) {
+        control(share * aw);
+        const double beyond = (share - 1) * aw / (1 - aw);
+        EXPECT_NEAR(s.mnzrd, s.mzrdv * (1 - beyond * beyond), 1e-6 * s.mzrdv);
+    }
+}
+
 TEST(ControlGeneral, D179ShearReducesNoMoment)
 {
     ProjectState s = General();

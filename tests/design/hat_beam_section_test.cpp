@@ -1,6 +1,7 @@
 #include "design/hat_beam_section.h"
 
 #include "core/project_state.h"
+#include "design/welded_side.h"
 #include "support/rows.h"
 #include "support/welded.h"
 
@@ -103,6 +104,18 @@ TEST(FlangeLoading, LimitsOfTheFactor)
     EXPECT_DOUBLE_EQ(FlangeFactor(full, full, full, full), 0.55);
     EXPECT_EQ(full.hsqopt, 0);
     EXPECT_FALSE(full.flangeoverload);
+}
+
+// 105000/1.25 = 84000; 1000*60 = 60000: (sqrt(1 - 60/84) + 1.1)/2.
+TEST(FlangeLoading, FlangeResistsWithGammaM0)
+{
+    Member s = welded::Default(25);
+    s.p25.isttf2 = 30;
+    s.gammam0 = 1.25;
+    s.Steel(400);
+    Design(s);
+    s.qsum = 1000;
+    EXPECT_NEAR(FlangeFactor(s, s, s, s), (std::sqrt(1 - 60.0 / 84) + 1.1) / 2, 1e-6);
 }
 
 TEST(FlangeLoading, UpliftCountsAsLoad)
@@ -396,6 +409,17 @@ TEST(HsqClass, WebWithoutCompressionIsClass1)
     Member s = welded::Default(24);
     s.p24 = {120, 300, 300, 6, 60, 5, 5};
     Design(s);
+    EXPECT_EQ(ClassHsq(s, s, true), 1);
+}
+
+// The axis at the inner face of the flange: 315 - 290 = 25. A slender flange plays no part.
+TEST(HsqClass, AxisAtTheFaceOfTheFlangeLeavesNoWebInCompression)
+{
+    Member s = welded::Default(24);
+    Design(s);
+    s.zcog = 290;
+    s.ctopin = 5000;
+    ASSERT_EQ(TopSide(s, s).webin, 0);
     EXPECT_EQ(ClassHsq(s, s, true), 1);
 }
 

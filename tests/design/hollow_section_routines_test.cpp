@@ -10,6 +10,7 @@
 #include "support/worked.h"
 
 #include <algorithm>
+#include <cfenv>
 
 namespace kestrum {
 namespace {
@@ -87,6 +88,19 @@ TEST(CalcEffectiveHollow, SlenderBoxLosesStripsOfFlangeAndWebs)
         NetModulus(800, a, s.iz,
                    {{web, 54, web * 8 * 8 / 12}, {24 * wz, centrez, 24 * wz * wz * wz / 12}}),
         1e-5 * s.weffz);
+}
+
+// Walls that are nothing but corners cannot buckle.
+TEST(CalcEffectiveHollow, WallsWithoutStraightPartLoseNothing)
+{
+    ProjectState s = Member::Bare().Section("RHS 200x100x8").Steel(355).Measured();
+    s.d = s.cflange = 0;
+    std::feclearexcept(FE_ALL_EXCEPT);
+    CalcEffectiveHollow(s, s);
+    EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO | FE_INVALID), 0);
+    EXPECT_EQ(s.aeff, s.a);
+    ExpectWorked(s.weffy, s.iy / 100, "weffy", 1e-6);
+    ExpectWorked(s.weffz, s.iz / 50, "weffz", 1e-6);
 }
 
 TEST(CalcEffectiveHollow, SwitchesKeepFlangesAndWebsWhole)
@@ -230,6 +244,21 @@ TEST(CalcShearHollow, D158StiffenersDoNotCountInTheHalfResistanceTest)
     EXPECT_GT(s.vbrd, 2 * s.vzrd);
 }
 
+// The area of 6.2.6 (3) holds the corners too: both webs alone are the most, 2 eta hw tw fy/sqrt(3)
+// upon gammaM1, EN 1993-1-5, 5.2 (1).
+TEST(CalcShearHollow, ClosedStiffenersReachTheLimitOfTheWebs)
+{
+    ProjectState s = Member::Bare().Section("RHS 200x100x8").Steel(355).Designed();
+    s.tw = 3;  // hw/tw = 184/3 = 61.3 above 72 eps/1.2 = 48.8
+    s.neta = 1.2F;
+    s.gammam1 = 1.1F;
+    s.webstiff = 1;
+    s.webstiffa = 60;  // k = 4 + 5.34 (184/60)^2 = 54.2, lambda_w = 61.3/(37.4 eps 7.36) = 0.27
+    ASSERT_GT(s.avz, 2 * 184 * 3);
+    CalcShearHollow(s, s, s, s, s);
+    ExpectWorked(s.vbrd, 2 * 1.2 * 184 * 3 * 355 / std::sqrt(3.0) / 1.1 / 1000, "vbrd", 1e-6);
+}
+
 TEST(CalcShearHollow, D172FlangesThatBuckleRestOnGammaM0)
 {
     ProjectState s = ThinBox();
@@ -278,6 +307,9 @@ TEST(ReduceHollow, StripsOfBothWalls)
     Member s = Member::Bare().Section("RHS 200x100x8").Steel(355).Designed();  // hw 184, bw 84
     s.classmyuse = 1;
     s.vzed = 0.75 * s.vzrd;  // rho = 0.25
+    ReduceMyHollow(s, s, s, s, s);
+    EXPECT_NEAR(s.myrdv, s.myrd - 184.0 * 184 * 2 * 0.25 * 8 / 4 * 355 / 1e6, 1e-9);
+    s.classmyuse = 2;  // plastic too
     ReduceMyHollow(s, s, s, s, s);
     EXPECT_NEAR(s.myrdv, s.myrd - 184.0 * 184 * 2 * 0.25 * 8 / 4 * 355 / 1e6, 1e-9);
     s.vyed = 0.75 * s.vyrd;

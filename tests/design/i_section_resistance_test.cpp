@@ -51,6 +51,43 @@ TEST(CalcMNy, NeedsBothLimitsOfASmallForce)
     EXPECT_LT(s.mnyrd, 0);
 }
 
+// Flanges of unlike plates by their means: 2*300*20 = 12000 instead of 400*10 + 200*30 = 10000 mm2,
+// so that a_w = 4720/16720 = 0.2823 is less than the web, 6720 mm2. Npl = 3929.2 kN, half of the
+// web 0.5*560*12*235/1000 = 789.6 kN: up to it My is whole, beyond (1 - n)/(1 - 0.5 a_w).
+TEST(CalcMNy, HalfOfTheWebCountsWhereTheFlangesAreMeans)
+{
+    ProjectState s = Member::Bare().Steel(235);
+    s.a = 16720;
+    s.b = 300;
+    s.tf = 20;
+    s.hw = 560;
+    s.tw = 12;
+    s.nplrd = 3929.2;
+    s.myrdv = 100;
+    s.ned = 789.5;
+    CalcMNy(s, s, s, s, s);
+    EXPECT_EQ(s.mnyrd, 100.0);
+    s.ned = 789.7;
+    CalcMNy(s, s, s, s, s);
+    EXPECT_NEAR(s.mnyrd, 100 * (1 - 789.7 / 3929.2) / (1 - 0.5 * 4720 / 16720), 1e-9);
+}
+
+// a_w = (10000 - 2000)/10000 = 0.8 is held at 0.5.
+TEST(CalcMNy, ShareOfTheWebIsHeldAtOneHalf)
+{
+    ProjectState s = Member::Bare().Steel(235);
+    s.a = 10000;
+    s.b = 100;
+    s.tf = 10;
+    s.hw = 400;
+    s.tw = 20;
+    s.nplrd = 2350;
+    s.myrdv = 100;
+    s.ned = 0.4 * 2350;
+    CalcMNy(s, s, s, s, s);
+    EXPECT_NEAR(s.mnyrd, 100 * 0.6 / 0.75, 1e-9);
+}
+
 TEST(CalcMNz, FallsBeyondTheShareOfTheWeb)
 {
     ProjectState s = Member::Bare().Steel(235);
@@ -311,6 +348,34 @@ TEST(CalcEffectiveI, LostFlangeMovesTheAxis)
     const double ieff =
         iy + 20000 * (z - 210) * (z - 210) - lost * 100 / 12 - lost * (z - 5) * (z - 5);
     ExpectWorked(s.weffy, ieff / z, "weffy", 1e-6);
+}
+
+// Flange and web of 500 x 10 and 1500 x 7 buckle together, S355. The stress ratio of the web is
+// that of the section without the flange's loss, EN 1993-1-5, 4.4 (3); gross section less both
+// losses about its own centroid.
+TEST(CalcEffectiveI, FlangeAndWebBuckleTogether)
+{
+    Member s = Member::Bare().Section(FormP21{1520, 500, 7, 10}).Steel(355).Measured();
+    CalcEffectiveI(s, s);
+    const double eps = std::sqrt(235.0 / 355), c = s.cflange, d = s.d;
+    const double lamf = c / 10 / (28.4 * eps * std::sqrt(0.43));
+    const double lost = 2 * (1 - (lamf - 0.188) / (lamf * lamf)) * c * 10;
+    const double a = 2 * 5000 + 1500 * 7;
+    const double zc = (a * 760 - lost * 5) / (a - lost);
+    const double bc = zc - 10 - (1500 - d) / 2, psi = -(d - bc) / bc;
+    const double k = 7.81 - 6.29 * psi + 9.78 * psi * psi;
+    const double lamw = d / 7 / (28.4 * eps * std::sqrt(k));
+    const double rho = (lamw - 0.055 * (3 + psi)) / (lamw * lamw);
+    ASSERT_GT(lost, 1000);
+    ASSERT_LT(rho, 0.8);
+    ASSERT_GT(psi, -1);
+    const double w = (1 - rho) * bc, at = zc - 0.6 * rho * bc - w / 2;
+    const double rest = a - lost - 7 * w;
+    const double z = (a * 760 - lost * 5 - 7 * w * at) / rest;
+    const double iy = 2 * (500 * 1000 / 12.0 + 5000 * 755.0 * 755) + 7 * std::pow(1500.0, 3) / 12;
+    const double i = iy + a * (z - 760) * (z - 760) - lost * (100 / 12.0 + (z - 5) * (z - 5)) -
+                     7 * w * (w * w / 12 + (z - at) * (z - at));
+    ExpectWorked(s.weffy, i / z, "weffy", 1e-6);
 }
 
 TEST(CalcEffectiveI, WebWithoutStraightPartLosesNothing)

@@ -46,6 +46,10 @@ TEST(RhoInternal, TakesTheStressRatio)
     EXPECT_NEAR(RhoInternal(0.8748, -1), 0.999379, 1e-6);  // 0.7648/0.8748^2, just above
     // psi = 1 is uniform compression: (1 - 0.055 * 4)/1 = 0.78
     EXPECT_NEAR(RhoInternal(1.0, 1), 0.78, 1e-12);
+    // psi = 1: threshold 0.673; (0.8 - 0.22)/0.64 = 0.90625
+    EXPECT_NEAR(RhoInternal(0.8, 1), 0.90625, 1e-12);
+    // psi = -0.5: threshold 0.5 + sqrt(0.1125) = 0.83541; (0.9 - 0.1375)/0.81 = 0.941358
+    EXPECT_NEAR(RhoInternal(0.9, -0.5), 0.941358, 1e-6);
     // beyond psi = 1.545 the root of the threshold would be negative; it counts as 0
     EXPECT_EQ(RhoInternal(0.5, 3), 1.0);
 }

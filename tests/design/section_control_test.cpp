@@ -447,6 +447,27 @@ TEST(ControlSection, PlacesTheAxialRowWhereAsked)
     EXPECT_EQ(LimitOf(SectionRow(s, 1)), " (0.00L; Ch 6.2.4)");
 }
 
+// Vy of 80 kN reduces the combination beyond 40 kN; Vz does not.
+TEST(ControlSection, CombinationsNameTheShearThatReducesThem)
+{
+    for (const double vy : {39.9, 40.0, 40.1}) {
+        ProjectState s = State({500, 72, 30, 0, vy});
+        ControlSection(s, s, s, s, s, Fixed(Class1));
+        EXPECT_EQ(SectionRow(s, 2).shear_y, vy > 40) << vy;
+        EXPECT_FALSE(SectionRow(s, 2).shear_z);
+    }
+}
+
+// Without N the resistance of the whole section is shown, of 2000 kN.
+TEST(ControlSection, AxialResistanceWithoutAxialForceIsThatOfTension)
+{
+    for (const auto& [n, resistance] : {std::pair{-1.0, 2000}, {0.0, 2000}, {1.0, 1000}}) {
+        ProjectState s = State({n, 72, 30, 0, 0});
+        ControlSection(s, s, s, s, s, Fixed(Class1));
+        EXPECT_EQ(s.nrdint, resistance) << n;
+    }
+}
+
 TEST(ControlSection, LeavesShearOutOfTheLabelsWhereAsked)
 {
     SectionRoutines r = Fixed(Class1);

@@ -70,6 +70,7 @@ TEST(ChiWeb, FollowsTable5_1)
     }
     s.neta = 1.2F;
     EXPECT_EQ(ChiWeb(s, 0.69), s.neta);  // 0.83/1.2 = 0.6917
+    EXPECT_NEAR(ChiWeb(s, 0.694), 0.83 / 0.694, 1e-12);
     EXPECT_NEAR(ChiWeb(s, 0.70), 0.83 / 0.70, 1e-12);
 }
 
@@ -125,6 +126,8 @@ TEST(FlangeShear, CountsOnlyBelowTheMomentOfTheFlanges)
     s.myed = s.mfrd;
     EXPECT_EQ(FlangeShear(s, s, s, 1160, 8, 300, 20), 0.0);
     s.myed = 3000;
+    EXPECT_EQ(FlangeShear(s, s, s, 1160, 8, 300, 20), 0.0);
+    s.myed = s.mfrd = 0;  // flanges without a moment of their own
     EXPECT_EQ(FlangeShear(s, s, s, 1160, 8, 300, 20), 0.0);
 }
 

@@ -3,6 +3,7 @@
 #include "core/arithmetic_trap.h"
 #include "core/project_state.h"
 #include "design/i_section.h"
+#include "design/resistance_welded.h"
 #include "support/rows.h"
 #include "support/welded.h"
 
@@ -257,6 +258,113 @@ TEST(ClassOfN, OtherFlangeCountsWhenItIsCompressed)
     const ProjectState s = Unequal({600, 200, 400, 40, 20, 20});
     EXPECT_EQ(ClassWelded(s, s, 10, 500), 1);
     EXPECT_EQ(ClassWelded(s, s, 8000, 10), 2);
+}
+
+namespace {
+
+// h 660, flanges of 30 mm, web 600 x 10, S235: the web yields at 1410 kN. The elastic axis lies 360
+// below the upper and 240 above the lower end of the web, the plastic one in its middle.
+// Slenderness of the web as given, flanges stocky.
+Member ByHand(double slenderness)
+{
+    Member s = welded::Default(22).Steel(235);
+    s.h = 660;
+    s.ttop = s.tbot = 30;
+    s.hw = 600;
+    s.zcog = 270;
+    s.zpl = 330;
+    s.tw = 10;
+    s.d = static_cast<float>(10 * slenderness);
+    s.ctop = s.cbot = 10;
+    s.a = 30000;
+    s.iy = 1e9F;
+    return s;
+}
+
+}  // namespace
+
+// 282 kN moves the plastic axis by 0.1 of the web and stresses all of it with 9.4 MPa, 100 kNm
+// with 0.1 MPa/mm.
+//   n = 282, top: alpha 0.6: 396/6.8, 456/6.8; psi = (9.4 - 24)/(9.4 + 36): 126/(2 + psi)
+//   n = -282, top: alpha 0.4: 36/0.4, 41.5/0.4; psi = -33.4/26.6: 62 (1 - psi) sqrt(-psi)
+//   n = 282, bottom: alpha 0.6; psi = (9.4 - 36)/(9.4 + 24)
+TEST(ClassOfN, WebFollowsBothForces)
+{
+    struct Case {
+        float n, m;
+        double limit[3];
+    };
+    const double psi = 33.4 / 26.6;
+    const Case cases[] = {
+        {282, 100, {396 / 6.8, 456 / 6.8, 126 / (2 - 14.6 / 45.4)}},
+        {-282, 100, {90, 103.75, 62 * (1 + psi) * std::sqrt(psi)}},
+        {282, -100, {396 / 6.8, 456 / 6.8, 126 / (2 - 26.6 / 33.4)}},
+    };
+    for (const Case& c : cases) {
+        for (int i = 0; i < 3; ++i) {
+            const Member below = ByHand(0.9997 * c.limit[i]), above = ByHand(1.0003 * c.limit[i]);
+            EXPECT_EQ(ClassWelded(below, below, c.n, c.m), i + 1) << c.n << ' ' << c.limit[i];
+            EXPECT_EQ(ClassWelded(above, above, c.n, c.m), i + 2) << c.n << ' ' << c.limit[i];
+        }
+    }
+}
+
+// 1 MPa/mm: 360 MPa at the end of the web is nothing beside 360 MPa of tension.
+TEST(ClassOfN, WebWithoutCompressionIsClassOne)
+{
+    Member s = ByHand(1000);
+    s.a = 1000;
+    s.iy = 1e6F;
+    EXPECT_EQ(ClassWelded(s, s, -360, 1), 1);
+    EXPECT_GT(ClassWelded(s, s, -359, 1), 1);
+}
+
+// The slender lower flange counts from where its middle, 240 + 15 below the axis, is compressed.
+TEST(ClassOfN, OtherFlangeCountsFromItsMiddleOn)
+{
+    Member s = ByHand(10);
+    s.cbot = 1000;
+    s.a = 1000;
+    s.iy = 1e6F;
+    EXPECT_EQ(ClassWelded(s, s, 254.9F, 1), 1);
+    EXPECT_EQ(ClassWelded(s, s, 255, 1), 1);
+    EXPECT_EQ(ClassWelded(s, s, 255.1F, 1), 4);
+}
+
+// EN 1993-1-5, 4.4 (2) and Tables 4.1 and 4.2 with psi = 1: each plate loses its own part.
+TEST(SingleSymmetricI, EffectiveAreaIsTheGrossOneLessEveryLoss)
+{
+    const ProjectState s = Unequal({900, 700, 500, 6, 10, 12});
+    const double eps = std::sqrt(235.0 / 355);
+    const auto lost = [eps](double c, double t, double k, double less) {
+        const double lambda = c / t / (28.4 * eps * std::sqrt(k));
+        return (1 - (lambda - less) / (lambda * lambda)) * c * t;
+    };
+    const double flanges = 2 * lost(s.ctop, 10, 0.43, 0.188) + 2 * lost(s.cbot, 12, 0.43, 0.188);
+    const double web = lost(s.d, 6, 4, 0.22);
+    ASSERT_GT(flanges, 0.2 * s.a);
+    EXPECT_NEAR(s.aeff, s.a - flanges - web, 1e-6 * s.a);
+}
+
+// Two flanges of the mean width and thickness: b^2 tf/2 = 300^2 20/2 mm3 in S235.
+TEST(SingleSymmetricI, FlangesAloneResistMz)
+{
+    Member s = welded::Default(22).Steel(235);
+    s.b = 300;
+    s.tf = 20;
+    s.gammam0 = 1.25;
+    EXPECT_NEAR(MeanFlangeMomentZ(s, s), 900000 * 235 / 1.25e6, 1e-9);
+}
+
+// The plastic strip counts in class 2 as in class 1.
+TEST(SingleSymmetricI, ShearReducesClassTwoAsClassOne)
+{
+    ProjectState s = Stocky();
+    s.mysigned = 100;
+    s.vzed = 0.8 * s.vzrd;
+    const double expected = (s.wply - 546.0 * 546 * 20 * 0.36 / 4) * 235e-6;
+    EXPECT_NEAR(ReducedMoment(s, s, s, s, 1), expected, 1e-6 * expected);
+    EXPECT_NEAR(ReducedMoment(s, s, s, s, 2), expected, 1e-6 * expected);
 }
 
 // Deviation D190: the axial reduction takes 2*300*27 = 16200 as flanges, the mean of both twice;

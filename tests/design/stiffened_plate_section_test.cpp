@@ -62,6 +62,58 @@ TEST(FlatBarPlate, ClassOfTheTipIncludesItsLimits)
     EXPECT_EQ(cls(170), 4);
 }
 
+// A bar larger than its plate, 200 x 10 below 100 x 5, S355: the plastic axis lies 75 mm in the
+// bar, alpha = 125/200; the elastic one (500*2.5 + 2000*105)/2500 = 84.5 below the top, psi =
+// -79.5/120.5, k = 0.57 - 0.21 psi + 0.07 psi^2. The straight part as given.
+TEST(FlatBarPlate, ClassOfTheTipWithTheAxisInTheBar)
+{
+    Member s = welded::Default(51);
+    s.p51 = {200, 100, 10, 5};
+    Design(s);
+    const double eps = std::sqrt(235.0 / 355), alpha = 0.625, psi = -79.5 / 120.5;
+    const double limits[] = {9 * eps / alpha, 10 * eps / alpha,
+                             21 * eps * std::sqrt(0.57 - 0.21 * psi + 0.07 * psi * psi)};
+    for (int i = 0; i < 3; ++i) {
+        s.d = static_cast<float>(10 * limits[i] * 0.998);
+        EXPECT_EQ(ClassPlate(s, s, false), i + 1) << limits[i];
+        s.d = static_cast<float>(10 * limits[i] * 1.002);
+        EXPECT_EQ(ClassPlate(s, s, false), i + 2) << limits[i];
+    }
+}
+
+// A bar partly compressed beside a compressed plate, so thin that a web would buckle: the gross
+// section stands.
+TEST(FlatBarPlate, CompressedPartOfABarBesideThePlateDoesNotBuckle)
+{
+    Member s = welded::Default(51);
+    s.p51 = {400, 50, 2, 5};
+    Design(s);
+    ASSERT_EQ(FlangeLoss(s, s, TopFlange(s, s)), 0);
+    ASSERT_GT(TopSide(s, s).webin, 140);
+    EXPECT_NEAR(s.weffytop1, s.wyeltop, 1e-5 * s.wyeltop);
+    EXPECT_NEAR(s.weffytop2, s.wyelbot, 1e-5 * s.wyelbot);
+}
+
+// EN 1993-1-5, 4.4 (2), uniform compression: outstands of plate, flat bar and flange, and the web.
+TEST(PlateArea, IsTheGrossOneLessEveryLoss)
+{
+    const double eps = std::sqrt(235.0 / 355);
+    const auto lost = [eps](double c, double t, double k, double less) {
+        const double lambda = c / t / (28.4 * eps * std::sqrt(k));
+        return (1 - (lambda - less) / (lambda * lambda)) * c * t;
+    };
+    const Member bar = welded::Default(51).Designed();
+    EXPECT_NEAR(bar.aeff, 8000 - 2 * lost(bar.ctop, 10, 0.43, 0.188) - lost(bar.d, 10, 0.43, 0.188),
+                0.01);
+    Member tee = welded::Default(56);
+    tee.p56 = {980, 700, 500, 6, 10, 12};
+    Design(tee);
+    EXPECT_NEAR(tee.aeff,
+                tee.a - 2 * lost(tee.ctop, 10, 0.43, 0.188) - 2 * lost(tee.cbot, 12, 0.43, 0.188) -
+                    lost(tee.d, 6, 4, 0.22),
+                0.02);
+}
+
 // 600 x 10 plate with the angle 300x100x11.5x16: plate 28.85 class 4; stiffener: plastic axis in
 // the plate, alpha 1: 33 eps = 26.85 above d/tw 23.70, flange 82.75/16 = 5.17; class 1.
 TEST(AnglePlate, DefaultClasses)
@@ -200,6 +252,16 @@ TEST(PlateControl, SignsTakeTheirOwnResistance)
 }
 
 // Elastic: one web, hw^2 tw rho/6, held at the resistance without shear.
+TEST(PlateControl, TextOfReducedShearBeginsBeyondHalfOfIt)
+{
+    Member s = welded::Default(56).Designed();
+    for (const double share : {0.4999, 0.503}) {
+        Control(s, {0, 10, 0, share * s.vzrd, 0});
+        EXPECT_EQ(LabelOf(SectionRow(s, 1)),
+                  share > 0.5 ? "IR = My,Ed/MV,y,Rd = " : "IR = My,Ed/My,Rd = ");
+    }
+}
+
 TEST(PlateControl, ShearReducesTheMomentByOneWeb)
 {
     Member s = welded::Default(56).Designed();
@@ -227,6 +289,20 @@ TEST(PlateControl, FlangePartOfShearBuckling)
     Control(tee, {0, 0, 0, 10, 0});
     const double c = 5000 * (0.25 + 1.6 * 20000 / (700.0 * 700 * 8));
     EXPECT_NEAR(tee.vbrd - tee.vzrd, 20000 * 0.355 / c, 1e-4);
+}
+
+// Plates 20 mm thick, 300 and 298.5 wide: the narrower one resists the tension field, EN 1993-1-5,
+// 5.4 (1), whichever it is; hw 690, a = 5000 mm.
+TEST(PlateControl, TheWeakerFlangeResistsShearBuckling)
+{
+    for (const bool plate : {true, false}) {
+        Member tee = welded::Default(56);
+        tee.p56 = {710, plate ? 298.5F : 300, plate ? 300 : 298.5F, 8, 20, 20};
+        Design(tee);
+        Control(tee, {0, 0, 0, 10, 0});
+        const double c = 5000 * (0.25 + 1.6 * 298.5 * 400 / (690.0 * 690 * 8));
+        EXPECT_NEAR(tee.vbrd - tee.vzrd, 298.5 * 400 * 0.355 / c, 1e-4) << plate;
+    }
 }
 
 // The angle's flange stands aside; bent about y it counts like a T of the same plates.
