@@ -131,6 +131,13 @@ TEST(Modal, TextsShowFrequencyAndPeriod)
     EXPECT_EQ(ModeText(s, 3), "Mode 3: 21.05 Hz/0.05s");
 }
 
+TEST(Modal, PeriodIsTheReciprocalOfTheFrequency)
+{
+    ProjectState s{};
+    s.freq[1] = 0.05F;
+    EXPECT_EQ(ModeText(s, 1), "Mode 1: 0.05 Hz/20.00s");
+}
+
 TEST(Modal, TextsAreEmptyBeforeTheFirstCalculation)
 {
     const ProjectState s = Analysed(Beam(3));

@@ -209,6 +209,20 @@ TEST(Vortex, D259TakesASupportOfItsOwn)
     s.vortexcase = 0;
     EXPECT_TRUE(VortexSupportDiffers(s));
     EXPECT_FALSE(VortexSupportIsStiffer(s));
+    s.supportcase = 4;  // 3.14 above 1.88
+    EXPECT_TRUE(VortexSupportIsStiffer(s));
+    for (const int none : {-1, 5}) {
+        s.vortexcase = static_cast<i16>(none);
+        EXPECT_FALSE(VortexSupportIsStiffer(s)) << none;
+        EXPECT_EQ(VortexRestraint(s), "") << none;
+    }
+    s.supportcase = 6;
+    EXPECT_EQ(MemberSupport(s), "");
+    for (const int any : {0, 1}) {
+        s.vortexcase = static_cast<i16>(any);
+        EXPECT_FALSE(VortexSupportDiffers(s)) << any;
+        EXPECT_FALSE(VortexSupportIsStiffer(s)) << any;
+    }
     s.vortexcase = 9;
     s.supportcase = 9;
     EXPECT_FALSE(VortexSupportDiffers(s));

@@ -101,6 +101,48 @@ TEST(Angle, EqualsSignStandsBehindTheLastTerm)
     EXPECT_EQ(CalculationOf(RowY(s)), "{F}/{F}+{R}*{F}/({R}*{F}) = ");
 }
 
+TEST(Angle, BothFactorsOfTheMomentsOfTheMember)
+{
+    Member s = members::Angle100();
+    s.gammam0 = 1.1;
+    s.gammam1 = 1.25f;
+    s.ned = 50;
+    UniformLoad(s, 4);
+    MomentZ(s, 1);
+    BucklingControlAngle(s, s, s, s, s, s, s, s);
+    EXPECT_NEAR(s.myaxrd, 8.739 * 1.1 / 1.25, 1e-9);
+    EXPECT_NEAR(s.mzaxrd, 8.739 * 1.1 / 1.25, 1e-9);
+}
+
+// Cm of the principal axes: under a uniform load 1 + 0.03 n by Table A.2; of equal end moments 1 +
+// 0.36*0.67 n. Annex A divides by 1 - chi n, Annex B adds 0.6 lamda n with the resistance.
+TEST(Angle, FactorsFollowTheAnnexAndTheWayOfLoading)
+{
+    for (const i16 method : kMethods) {
+        for (const bool loads : {true, false}) {
+            Member s = members::Angle100();
+            s.method = method;
+            s.ned = 50;
+            if (loads) {
+                UniformLoad(s, 4);
+                MomentZ(s, 1);
+            } else {
+                members::EndMoments(s, 2, 2);
+                s.psiz = 1;
+                s.mzdesign = 1;
+            }
+            BucklingControlAngle(s, s, s, s, s, s, s, s);
+            ASSERT_EQ(s.errorflag, 0);
+            const double n = 50 / s.ncrv;
+            const double cm = 1 + (loads ? 0.03 : 0.36 * 0.67) * n;
+            EXPECT_NEAR(s.cmv, cm, 1e-9) << method << loads;
+            const double kvv = method == 1 ? cm / (1 - s.chiv * n)
+                                           : cm * (1 + 0.6 * std::min(s.lamv, 1.0) * 50 / s.nbvrd);
+            EXPECT_NEAR(s.kvv, kvv, 1e-6) << method << loads;
+        }
+    }
+}
+
 // Ncr,v 378.3: above it the pass stops in both methods, with moments or without; at it, it does
 // not.
 TEST(Angle, AxialForceAboveACriticalForceStops)
@@ -151,6 +193,36 @@ TEST(Angle, IgnoresBucklingOnlyWhenVAllowsItToo)
     EXPECT_TRUE(RowZ(s).empty());
     EXPECT_TRUE(LateralRow(s).empty());
     EXPECT_EQ(s.maxirbuckling, 0);
+}
+
+TEST(Angle, IgnoresBucklingAboutVUpTo4PercentOfItsForce)
+{
+    Member s = members::Angle100();
+    s.ned = 1;
+    BucklingControlAngle(s, s, s, s, s, s, s, s);
+    for (const double share : {0.0399, 0.0401}) {
+        s.ned = share * s.ncrv;
+        BucklingControlAngle(s, s, s, s, s, s, s, s);
+        EXPECT_EQ(s.maxirbuckling == 0, share < 0.04) << share;
+    }
+}
+
+// Above 4 percent of every critical force the slenderness decides, of v as of y and z.
+TEST(Angle, IgnoresBucklingAboutVUpToTheSlenderness02)
+{
+    for (const double slenderness : {0.199, 0.201}) {
+        Member s = members::Angle100();
+        s.ned = 1;
+        BucklingControlAngle(s, s, s, s, s, s, s, s);
+        s.l *= static_cast<float>(slenderness / s.lamv);
+        BucklingControlAngle(s, s, s, s, s, s, s, s);
+        s.ned = 0.05 * s.ncry;
+        BucklingControlAngle(s, s, s, s, s, s, s, s);
+        ASSERT_EQ(s.errorflag, 0);
+        ASSERT_NEAR(s.lamv, slenderness, 1e-5);
+        ASSERT_LT(s.lamy, 0.2);
+        EXPECT_EQ(s.maxirbuckling == 0, slenderness < 0.2) << slenderness;
+    }
 }
 
 TEST(Angle, WithoutBucklingLengthAboutZTheVRowIsMissing)

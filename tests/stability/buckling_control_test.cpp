@@ -2,6 +2,7 @@
 
 #include "core/check_text.h"
 #include "core/project_state.h"
+#include "stability/buckling_rows.h"
 #include "stability/test_members.h"
 #include "support/rows.h"
 
@@ -215,6 +216,42 @@ TEST(RolledI, IgnoresBucklingUpTo4PercentOfTheCriticalForce)
     EXPECT_GT(s.maxirbuckling, 0);
 }
 
+// About either axis: 0.0401 of the lower critical force is too much, whichever it is. A slenderness
+// of 0.201 is not below 0.2.
+TEST(RolledI, IgnoresBucklingOnlyBelowBothLimitsOfBothAxes)
+{
+    for (const auto& [ly, lz] : {std::pair{1.0F, 0.05F}, {0.05F, 1.0F}}) {
+        Member s = members::Heb200();
+        s.ned = 1;
+        s.ly = ly;
+        s.lz = lz;
+        BucklingControlRolledI(s, s, s, s, s, s, s, s);
+        s.ned = 0.0401 * std::min(s.ncry, s.ncrz);
+        BucklingControlRolledI(s, s, s, s, s, s, s, s);
+        EXPECT_GT(s.maxirbuckling, 0) << ly;
+
+        s.ned = 2800;  // of 2772.6, 0.0408 Ncr at 0.201
+        s.l = 1;
+        BucklingControlRolledI(s, s, s, s, s, s, s, s);
+        s.l = static_cast<float>(0.201 / std::max(s.lamy, s.lamz));
+        BucklingControlRolledI(s, s, s, s, s, s, s, s);
+        ASSERT_NEAR(std::max(s.lamy, s.lamz), 0.201, 1e-5);
+        EXPECT_GT(s.maxirbuckling, 0) << ly;
+    }
+}
+
+// The limit of a length factor of an axis that buckles is 0.002.
+TEST(RolledI, LengthFactorsUpTo0002AskForNoBuckling)
+{
+    for (const float factor : {0.002F, 0.00201F}) {
+        Member s = members::Heb200();
+        s.ned = 100;
+        s.ly = s.lz = factor;
+        EXPECT_EQ(BucklesAboutY(s), factor > 0.002F);
+        EXPECT_EQ(BucklesAboutZ(s), factor > 0.002F);
+    }
+}
+
 TEST(RolledI, D232AnyMomentKeepsBuckling)
 {
     Member s = members::Heb200();
@@ -236,6 +273,10 @@ TEST(RolledI, TensionLeavesLateralTorsionalBucklingOnly)
     EXPECT_TRUE(RowZ(s).empty());
     EXPECT_EQ(s.maxirbuckling, s.irrow6);
     EXPECT_GT(s.irrow6, 0);
+    MomentZ(s, 5);
+    BucklingControlRolledI(s, s, s, s, s, s, s, s);
+    EXPECT_TRUE(RowY(s).empty());
+    EXPECT_TRUE(RowZ(s).empty());
 }
 
 TEST(RolledI, BiaxialBendingWithoutAxialForce)
@@ -305,6 +346,8 @@ TEST(RolledI, WithoutTheControlNothingIsReduced)
     s.kc = 0.5f;
     BucklingControlRolledI(s, s, s, s, s, s, s, s);
     EXPECT_EQ(s.xlt, 1.0);
+    EXPECT_EQ(s.xlt0, 1.0);
+    EXPECT_EQ(s.ffactor, 1.0f);
     EXPECT_EQ(s.kc, 1.0f);
     EXPECT_TRUE(LateralRow(s).empty());
     EXPECT_EQ(LateralRow(s).status, kWithin);

@@ -42,6 +42,7 @@ INSTANTIATE_TEST_SUITE_P(
                     CurveCase{"at_ratio_1_2", 1, 355, 120, 100, 8, "b", "c"},
                     CurveCase{"above_ratio_1_2", 1, 355, 120.1f, 100, 8, "a", "b"},
                     CurveCase{"at_40_mm", 3, 355, 600, 305, 40, "a", "b"},
+                    CurveCase{"just_above_40_mm", 3, 355, 600, 305, 40.1f, "b", "c"},
                     CurveCase{"above_40_mm", 3, 355, 600, 305, 40.5f, "b", "c"},
                     CurveCase{"stocky_at_100_mm", 101, 355, 500, 450, 100, "b", "c"},
                     CurveCase{"stocky_above_100_mm", 101, 355, 500, 450, 101, "d", "d"},

@@ -36,6 +36,20 @@ TEST(Hollow, HasNoLateralTorsionalPart)
     }
 }
 
+// A square has one critical force about both axes: the first is named.
+TEST(Hollow, TheOverloadOfASquareIsThatAboutY)
+{
+    Member s = members::Shs150();
+    members::UniformLoad(s, 10);
+    s.method = 1;
+    s.ned = 2000;
+    BucklingControlHollow(s, s, s, s, s, s, s, s);
+    ASSERT_EQ(s.ncry, s.ncrz);
+    ASSERT_GT(s.ned, s.ncry);
+    EXPECT_EQ(s.errorflag, -1);
+    EXPECT_EQ(s.failure.quantity, "Ncr,y");
+}
+
 TEST(Hollow, BiaxialBendingWithoutAxialForce)
 {
     Member s = members::Shs150();

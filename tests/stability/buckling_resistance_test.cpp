@@ -337,6 +337,24 @@ TEST(BucklingResistance, D209SingleSymmetricICouplesWithBucklingAboutY)
                 s.ncrtf * 1e-6);
 }
 
+// Two restraints leave a third of the length to torsion where lateral torsional buckling is
+// checked.
+TEST(OwnTorsionalForces, TakeTheLengthBetweenTheRestraints)
+{
+    Member s = members::Upe300();
+    members::ResistBuckling(s);
+    s.ltbk = 0.8F;
+    s.restraints = 2;
+    const TorsionalForces whole = OwnTorsionalForces(s, s, s);
+    EXPECT_EQ(whole.ncrt, TorsionalForcesAt(s, s, s, s.l).ncrt);
+    s.ltb = 1;
+    const TorsionalForces parts = OwnTorsionalForces(s, s, s);
+    const TorsionalForces third = TorsionalForcesAt(s, s, s, double{0.8F} * s.l / 3);
+    EXPECT_EQ(parts.ncrt, third.ncrt);
+    EXPECT_EQ(parts.ncrtf, third.ncrtf);
+    EXPECT_GT(parts.ncrt, whole.ncrt);
+}
+
 TEST(BucklingResistance, D228TorsionTakesTheLengthOfTheLastLateralTorsionalRun)
 {
     Member s = members::Heb200();

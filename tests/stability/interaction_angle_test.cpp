@@ -96,6 +96,20 @@ TEST(AnglePrincipalMoments, AddAsSizes)
     EXPECT_NEAR(AnglePrincipalMoments(s, s, s, s).murd, 14.81 / 1.1, 1e-5);
 }
 
+// Of unlike legs the third point may be the weakest; the resistances carry gammaM1 instead of
+// gammaM0.
+TEST(AnglePrincipalMoments, TakeTheSmallestResistanceOfAllPoints)
+{
+    Member s = members::Angle100();
+    s.gammam0 = 1.1;
+    s.gammam1 = 1.25f;
+    s.mru = {0, 14, 12, 9};
+    s.mrv = {0, 5, 6, 7};
+    const PrincipalMoments m = AnglePrincipalMoments(s, s, s, s);
+    EXPECT_NEAR(m.murd, 9 * 1.1 / 1.25, 1e-9);
+    EXPECT_NEAR(m.mvrd, 5 * 1.1 / 1.25, 1e-9);
+}
+
 TEST(AnglePrincipalMoments, TurnByTheAngle)
 {
     Member s = members::Angle100();

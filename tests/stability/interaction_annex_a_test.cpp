@@ -286,6 +286,62 @@ TEST(KFactorsAnnexA, D219AxialRatioRestsOnGammaM0)
     EXPECT_EQ(s.lam0, static_cast<float>(lam0));
 }
 
+// Table A.1: Cyz and Czy are at least 0.6 sqrt(wz/wy) Wel,z/Wpl,z and 0.6 sqrt(wy/wz) Wel,y/Wpl,y,
+// Cyy at least Wel,y/Wpl,y. wy = 642.5/569.6 = 1.128, wz = 1.5.
+TEST(KFactorsAnnexA, FactorsHaveLeastValues)
+{
+    Member s = Heb200BeamColumn();
+    s.mzdesign = 100;
+    s.mydesign = 2000;
+    Factors(s);
+    const double wy = 642.5 / 569.6, wz = 1.5;
+    EXPECT_NEAR(s.cyy, 569.6 / 642.5, 1e-6);
+    EXPECT_NEAR(s.cyz, 0.6 * std::sqrt(wz / wy) * 200.3 / 305.8, 1e-6);
+    EXPECT_NEAR(s.czy, 0.6 * std::sqrt(wy / wz) * 569.6 / 642.5, 1e-6);
+}
+
+// The terms again with every figure of the record: moments of the member with gammaM1.
+TEST(KFactorsAnnexA, TermsRestOnTheMomentsOfTheMember)
+{
+    Member s = Heb200BeamColumn();
+    s.gammam0 = 1.1;
+    s.gammam1 = 1.25F;
+    s.mzdesign = 10;
+    Factors(s);
+    const double mply = s.mplyrd * 1.1 / 1.25, mplz = s.mplzrd * 1.1 / 1.25;
+    const double lamz4 = std::pow(s.lamz, 4), my = 31.25 / s.xlt / mply, mz = 10 / mplz;
+    const double lam0 = s.lam0;
+    const auto near = [](double value, double expected) {
+        EXPECT_NEAR(value, expected, 1e-6 * expected);
+    };
+    near(s.blt, 0.5 * s.alt * lam0 * lam0 * my * mz);
+    near(s.clt, 10 * s.alt * lam0 * lam0 / (5 + lamz4) * my / s.cmy);
+    near(s.dlt, 2 * s.alt * lam0 / (0.1 + lamz4) * my / s.cmy * mz / s.cmz);
+    near(s.elt, 1.7 * s.alt * lam0 / (0.1 + lamz4) * my / s.cmy);
+}
+
+// CmLT = Cmy^2 aLT/sqrt(...) where lam0 is above 0.2 sqrt(C1) ((1 - N/Ncr,z)(1 - N/Ncr,TF))^0.25,
+// but at least 1; below it 1. N/Ncr,z = 0.2, N/Ncr,TF = 0.5: the fourth root of 0.4 is 0.7953.
+TEST(KFactorsAnnexA, CmLtBeginsWithTheTorsionalForce)
+{
+    Member s = Heb200BeamColumn();
+    s.kc = 1;
+    s.cmy0 = 0.98;
+    s.cmz0 = 1;
+    s.ncrz = 500;
+    s.ncrtf = 200;
+    for (const double limit : {0.2 * 0.7953 - 0.001, 0.2 * 0.7953 + 0.001}) {
+        s.lam0 = static_cast<float>(limit);
+        KFactorsAnnexA(s, s, s, s, s, s, s);
+        EXPECT_EQ(s.cmlt > 1, limit > 0.2 * 0.7953) << limit;
+    }
+    s.cmy0 = 0.3;
+    s.mydesign = 0.001;  // epsilon_y hardly raises Cmy
+    KFactorsAnnexA(s, s, s, s, s, s, s);
+    ASSERT_LT(s.cmy * s.cmy * s.alt / std::sqrt(0.4), 1);
+    EXPECT_EQ(s.cmlt, 1.0F);
+}
+
 TEST(KFactorsAnnexA, UsesTheEffectiveModulusInClass4)
 {
     Member s = Heb200BeamColumn();

@@ -76,6 +76,9 @@ INSTANTIATE_TEST_SUITE_P(
         CmCase{"end_opposed_uniform", true, false, -100, 50, 40, -0.4, 0, -0.5, 0.54},
         // 0.2 0.4 + 0.8 0.5 = 0.48
         CmCase{"end_opposed_point", false, false, -100, 50, 40, -0.4, 0, -0.5, 0.48},
+        // 0.1 + 0.8 0.2 = 0.26 and 0.1 1.4 + 0.8 0.2 = 0.30 are held at 0.4
+        CmCase{"end_negative_floor", true, false, -100, 20, -80, 0.8, 0, -0.2, 0.4},
+        CmCase{"end_opposed_floor", true, false, -100, 20, 40, -0.4, 0, -0.2, 0.4},
         CmCase{"linear", true, true, 100, 75, 50, 0.5, 0, 0.75, 0.8},
         CmCase{"linear_opposed", true, true, 100, 0, -100, -1, 0, 0, 0.4}),
     [](const testing::TestParamInfo<CmCase>& c) { return c.param.name; });
@@ -91,6 +94,15 @@ TEST(CmAnnexBLoads, SpanGovernsStrictly)
     s.myendratio = -1;
     CmAnnexBLoads(s, s, s);
     EXPECT_NEAR(s.cmy, 0.1 + 0.8, 1e-12);
+    s.myendratio = -0.75;
+    for (const bool first : {true, false}) {  // one end alone is enough
+        (first ? s.myl : s.my0) = -30;
+        (first ? s.my0 : s.myl) = -40;
+        CmAnnexBLoads(s, s, s);
+        EXPECT_NEAR(s.cmy, 0.1 + 0.8, 1e-12) << first;
+    }
+    s.my0 = s.myl = -40;
+    s.myendratio = -1;
     s.mymid = 40.001;
     CmAnnexBLoads(s, s, s);
     EXPECT_NEAR(s.cmy, 0.95 - 0.05, 1e-12);
@@ -195,6 +207,8 @@ TEST(KFactorsAnnexB, FollowsTheTables)
     const ProjectState hollow = run(6, 1, 0, 0.5, 0.8);
     EXPECT_NEAR(hollow.kzz, 0.9 * (1 + 0.6 * 0.5), 1e-12);
     EXPECT_NEAR(hollow.kzy, 0.6 * hollow.kyy, 1e-12);
+    const ProjectState slender_hollow = run(6, 1, 0, 0.5, 1.5);
+    EXPECT_NEAR(slender_hollow.kzz, 0.9 * (1 + 0.8 * 0.5), 1e-12);
     const ProjectState elastic = run(2, 3, 1, 0.5, 0.8);
     EXPECT_NEAR(elastic.kyy, 0.9 * (1 + 0.3 * 0.2), 1e-12);
     EXPECT_NEAR(elastic.kzz, 0.9 * (1 + 0.48 * 0.5), 1e-12);

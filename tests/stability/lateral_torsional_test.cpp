@@ -221,6 +221,19 @@ TEST(WholeMember, IsCalculatedWithoutMomentToo)
     EXPECT_EQ(s.mydesignf, 0.0f);
 }
 
+// Of unequal flanges the lower side counts where there is no moment.
+TEST(WholeMember, WithoutMomentTakesTheLowerSide)
+{
+    const auto mcr = [](double q) {
+        Member s = members::Single600();
+        UniformLoad(s, q);
+        LateralTorsionalBuckling(s, s, s, s, s, s);
+        return s.mcr;
+    };
+    EXPECT_EQ(mcr(0), mcr(-1e-6));
+    EXPECT_NE(mcr(0), mcr(1e-6));
+}
+
 struct AlphaCase {
     const char* name;
     int family;
@@ -315,6 +328,7 @@ TEST(LtCurves, FallWithSlendernessAndNeverExceedOne)
             const LtReduction g = LtCurveGeneral(s, s, s, mcr, true);
             const LtReduction r = LtCurveRolled(s, s, s, s, mcr, kc, true);
             EXPECT_LE(g.xlt, general) << lam;
+            EXPECT_LE(r.xlt0, 1.0) << lam;
             EXPECT_LE(r.xlt, rolled + 1e-12) << kc << ' ' << lam;
             EXPECT_LE(r.xlt, 1 / (lam * lam) * (1 + 1e-6)) << kc << ' ' << lam;
             general = g.xlt;

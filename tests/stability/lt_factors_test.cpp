@@ -280,6 +280,9 @@ TEST(SegmentC3, D212StepsAtTheBordersOfTheLowerRanges)
     EXPECT_NEAR(SegmentC3(-1.0, 0.5, 0.5), -0.825, 1e-9);
     EXPECT_NEAR(SegmentC3(-1.0, 1.0, 0.5), -1.05, 1e-9);
     EXPECT_NEAR(SegmentC3(-1e-9, 0.5, 0.5), 1.35, 1e-6);
+    // Just below -0.25 the lower range, t = 0.996: 0.27 + 0.996 0.38 and 0.7 + 0.996 0.15.
+    EXPECT_NEAR(SegmentC3(-0.251, 0.5, 0.5), 0.64848, 1e-9);
+    EXPECT_NEAR(SegmentC3(-0.251, 1.0, 0.5), 0.8494, 1e-9);
     EXPECT_NEAR(SegmentC3(0.0, 0.5, 0.5), 1.0, 1e-9);
 }
 
