@@ -126,6 +126,12 @@ TEST_F(CInterface, NullHandlesHaveEmptyAnswers)
     kestrum_catalogue_free(nullptr);
 }
 
+TEST_F(CInterface, NothingToSetNeedsNoSettings)
+{
+    EXPECT_EQ(kestrum_member_set_all(member, nullptr, 0, nullptr, &error), KESTRUM_OK);
+    EXPECT_EQ(error, nullptr);
+}
+
 TEST_F(CInterface, WrongSizesBasesAndNamesAreErrors)
 {
     kestrum_check check;

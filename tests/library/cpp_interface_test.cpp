@@ -177,6 +177,10 @@ TEST(CppInterface, InputsReadBackUnderTheNamesThatSetThem)
     EXPECT_EQ(*member.text("steel"), "S355");
     EXPECT_EQ(*member.text("l"), "6");
     EXPECT_EQ(*member.number("qload[1]"), 10.0);
+    ASSERT_FALSE(member.set({{"l", "6.1"}, {"ident", "B 12"}}));
+    EXPECT_EQ(*member.text("l"), "6.1");
+    EXPECT_EQ(*member.text("ident"), "B 12");
+    EXPECT_EQ(member.number("ident").error().code, KESTRUM_REFUSED);
     EXPECT_EQ(member.number("section").error().code, KESTRUM_REFUSED);
     EXPECT_EQ(member.text("nothing").error().code, KESTRUM_UNKNOWN_NAME);
 }

@@ -137,10 +137,11 @@ TEST(Frame, NeitherOrderNorThreadsNorCompanyChangeTheWorstCase)
     ASSERT_FALSE(beam.set({{"section", "IPE 240"}, {"steel", "S235"}, {"l", "4"}}));
     const auto one = check(beam, order, kMembers, 1);
     const auto four = check(beam, order, kMembers, 4);
+    const auto twelve = check(beam, order, kMembers, 12);
     std::vector<std::size_t> mixed = order;
     std::shuffle(mixed.begin(), mixed.end(), random);
     const auto shuffled = check(beam, mixed, kMembers, 4);
-    ASSERT_TRUE(one && four && shuffled);
+    ASSERT_TRUE(one && four && twelve && shuffled);
     for (std::size_t i = 0; i < kMembers; ++i) {
         const std::size_t first = i * kCases * kStations;
         const std::vector<std::size_t> own(&order[first], &order[first] + kCases * kStations);
@@ -150,7 +151,8 @@ TEST(Frame, NeitherOrderNorThreadsNorCompanyChangeTheWorstCase)
             EXPECT_EQ(worst->cases, kCases);
             EXPECT_GT(worst->above, 0U);
             EXPECT_LT(worst->above, kCases);
-            for (const auto& other : {four->worst(i, basis), shuffled->worst(i, basis)}) {
+            for (const auto& other :
+                 {four->worst(i, basis), twelve->worst(i, basis), shuffled->worst(i, basis)}) {
                 EXPECT_EQ(other->ratio, worst->ratio);
                 EXPECT_EQ(other->governing, worst->governing);
                 EXPECT_EQ(other->above, worst->above);
@@ -160,6 +162,21 @@ TEST(Frame, NeitherOrderNorThreadsNorCompanyChangeTheWorstCase)
             EXPECT_EQ(load_case[mixed[shuffled->worst(i, basis)->row]], load_case[worst->row]);
             EXPECT_EQ(alone->worst(0, basis)->ratio, worst->ratio);
         }
+    }
+}
+
+// Asked for alone or beside the other, a basis has its own ratio.
+TEST(Frame, EachBasisAnswersForItself)
+{
+    Pulls pulls;
+    pulls.Add(0, 700);
+    for (const Basis basis : {Basis::program, Basis::standard}) {
+        const auto frame = kestrum::Envelope::check(Tie(), {}, 1, pulls.Columns(), {basis, 1});
+        ASSERT_TRUE(frame);
+        EXPECT_EQ(frame->worst(0, basis)->status, Status::within);
+        EXPECT_NEAR(frame->worst(0, basis)->ratio, 700 / kTieForce, 1e-4);
+        const Basis other = basis == Basis::program ? Basis::standard : Basis::program;
+        EXPECT_EQ(frame->worst(0, other).error().code, KESTRUM_REFUSED);
     }
 }
 
@@ -334,6 +351,43 @@ TEST(Selection, PricesDecide)
     EXPECT_EQ(light->found(0)[0].section.substr(0, 3), "HEA");
     EXPECT_EQ(cheap->found(0)[0].section.substr(0, 3), "HEB");
     EXPECT_NEAR(cheap->found(0)[0].price, cheap->found(0)[0].mass, 1e-9);
+}
+
+// Every HEA, HEB and IPE that carries 1500 kN, ordered by what is painted, b and h alike: the HEB
+// 180 is smaller than the lighter HEA 220.
+TEST(Selection, TheSmallestSurfaceComesFirst)
+{
+    Pulls pulls;
+    pulls.Add(0, 1500);
+    const kestrum::Forces forces = pulls.Columns();
+    const kestrum::Pool pool = PoolOf({"HEA", "HEB", "IPE"});
+    const auto painted = kestrum::Selection::check(Tie(), {}, 1, &forces, pool,
+                                                   {.by = kestrum::Objective::surface, .top = 100});
+    ASSERT_TRUE(painted) << painted.error().text;
+    const auto found = painted->found(0);
+    ASSERT_GT(found.size(), 30U);
+    EXPECT_EQ(found[0].section, "HEB 180");
+    EXPECT_TRUE(std::is_sorted(found.begin(), found.end(),
+                               [](const auto& a, const auto& b) { return a.surface < b.surface; }));
+    EXPECT_LT(painted->lighter(0)->surface, found[0].surface);
+}
+
+// A flat bar of 12 mm, S235, carries 500 kN from 500/(12 0.235) = 177.3 mm on.
+TEST(Selection, PlatesAreGivenByRangesAndTheMembersOwnSizes)
+{
+    Pulls pulls;
+    pulls.Add(0, 500);
+    const kestrum::Forces forces = pulls.Columns();
+    Member bar = Tie();
+    ASSERT_FALSE(bar.set({{"family", "28"}, {"p28.isttw", "12"}, {"p28.isth", "100"}}));
+    kestrum::Pool pool = PoolOf({"28"});
+    ASSERT_FALSE(pool.range("p28.isth=160:200:10"));
+    ASSERT_FALSE(pool.range("p28.isttw"));  // that of the member
+    const auto selection = kestrum::Selection::check(bar, {}, 1, &forces, pool);
+    ASSERT_TRUE(selection) << selection.error().text;
+    ASSERT_EQ(selection->found(0).size(), 1U) << selection->message(0);
+    EXPECT_EQ(selection->found(0)[0].h, 180);
+    EXPECT_NEAR(selection->worst(0, 0)->ratio, 500 / (12 * 180 * 0.235), 1e-4);
 }
 
 TEST(Selection, WhatIsWrongIsAnError)

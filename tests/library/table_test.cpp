@@ -91,6 +91,33 @@ TEST(Table, EachRowHasTheAnswerOfItsMemberAlone)
     EXPECT_GE(seen.size(), 3U);  // within, above, unstable
 }
 
+// Each basis without the other, with and without numbers.
+TEST(Table, EachBasisIsCalculatedWhereItIsAskedFor)
+{
+    Member beam(Builtin());
+    ASSERT_FALSE(beam.set({{"section", "IPE 300"}, {"qload[1]", "10"}, {"l", "5"}}));
+    const kestrum::Result alone = beam.check();
+    for (const Basis basis : {Basis::program, Basis::standard, Basis::both}) {
+        for (const bool numbers : {false, true}) {
+            std::vector<std::string> fields;
+            if (numbers) {
+                fields = {"mymax"};
+            }
+            const auto table = Table::check(beam, {}, 1, {basis, fields});
+            ASSERT_TRUE(table);
+            if (basis != Basis::standard) {
+                EXPECT_EQ(table->ratio(0, Basis::program), alone.ratio());
+            }
+            if (basis != Basis::program) {
+                EXPECT_EQ(table->ratio(0, Basis::standard), alone.ratio(Basis::standard));
+            }
+            if (numbers) {
+                EXPECT_EQ(table->numbers(0)[0], *alone.value("mymax"));
+            }
+        }
+    }
+}
+
 TEST(Table, TheNumberOfThreadsChangesNothing)
 {
     constexpr std::size_t kRows = 200;
@@ -140,18 +167,24 @@ TEST(Table, NamesThatAreNoneFailBeforeAnyRow)
     const auto empty = Table::check(base, {{"l", v}}, 0);
     ASSERT_TRUE(empty);
     EXPECT_EQ(empty->rows(), 0U);
+    EXPECT_TRUE(Table::check(base, {{"l", static_cast<const double*>(nullptr)}}, 0));
 }
 
 TEST(Table, PlacesBeyondTheRowsAreEmpty)
 {
-    const std::vector<double> v = {5};
-    const auto table = Table::check(Member(Builtin()), {{"l", v}}, 1, {Basis::program});
+    const std::vector<double> v = {5, 6, 7};
+    const auto table = Table::check(Member(Builtin()), {{"l", v}}, 3, {Basis::program});
     ASSERT_TRUE(table);
-    EXPECT_STREQ(kestrum_table_words(table->get(), 1, KESTRUM_BASIS_PROGRAM, KESTRUM_VERDICT), "");
+    EXPECT_STREQ(kestrum_table_words(table->get(), 3, KESTRUM_BASIS_PROGRAM, KESTRUM_VERDICT), "");
     EXPECT_STREQ(kestrum_table_words(table->get(), 0, KESTRUM_BASIS_STANDARD, KESTRUM_VERDICT), "");
-    EXPECT_STREQ(
-        kestrum_table_words(table->get(), 0, KESTRUM_BASIS_PROGRAM, static_cast<kestrum_words>(7)),
-        "");
+    for (const int which : {KESTRUM_NOTES + 1, 7}) {
+        EXPECT_STREQ(kestrum_table_words(table->get(), 0, KESTRUM_BASIS_PROGRAM,
+                                         static_cast<kestrum_words>(which)),
+                     "");
+    }
+    EXPECT_EQ(kestrum_table_refused(table->get(), 2), 1U);  // the number of columns: none
+    EXPECT_EQ(kestrum_table_refused(table->get(), 3), 0U);
+    EXPECT_EQ(kestrum_table_refused(nullptr, 0), 0U);
     EXPECT_EQ(kestrum_table_ratios(table->get(), KESTRUM_BASIS_STANDARD), nullptr);
     EXPECT_EQ(kestrum_table_numbers(table->get(), 0), nullptr);
     EXPECT_EQ(kestrum_table_rows(nullptr), 0U);
