@@ -6,12 +6,15 @@
 #include "core/annexes.h"
 #include "core/member_choices.h"
 #include "engine/section_dispatch.h"
+#include "sections/families.h"
 #include "standard/check_study.h"
 #include "standard/member.h"
 #include "standard/standard_member.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace kestrum {
@@ -143,6 +146,59 @@ TEST(StandardBasis, D153NeedsForcesTogether)
                 }
             }
         }
+    }
+}
+
+// All ratios of strength, with a row of loads behind the last one that must not count.
+std::array<double, standard::kCheckIds> RatiosBeside(const ProjectState& s,
+                                                     const std::optional<standard::Load>& behind)
+{
+    std::array<double, standard::kCheckIds> ratios{};
+    const Basis basis = Basis::Standard();
+    const auto reason =
+        standard::WithMember(Delivered(), s, basis, nullptr, [&](const standard::Member& made) {
+            standard::Member member = made;
+            if (behind) {
+                member.loads.load[member.loads.count] = *behind;
+            }
+            const LoadCases cases = StrengthCases(member.s, member.loads.present, basis);
+            const auto lines = LinesOf(member.s, member.loads, cases.at[0].factors, basis);
+            standard::Checks checks;
+            EXPECT_TRUE(CheckStrength(member, cases.at[0], lines, checks));
+            std::transform(checks.best.begin(), checks.best.end(), ratios.begin(),
+                           [](const standard::Check& check) { return check.ir; });
+        });
+    EXPECT_EQ(reason, "");
+    return ratios;
+}
+
+TEST(StandardBasis, LoadsAreThoseUpToTheLast)
+{
+    Member point = Unloaded(4, 235).Section("IPE 300");
+    point.ltb = 1;
+    point.loadlevel = 1;
+    point.method = 2;
+    point.nload[1] = 60;
+    point.pm[1] = 10;
+    point.pmx[1] = 2;
+    point.pmdir[1] = 1;
+    Member factors = point;
+    factors.cmanual = kTrue;
+    factors.c1 = 1.2F;
+    factors.c2 = 0.5F;
+    factors.c3 = 0;
+    int family = 0;
+    for (const int each : FamilyNumbers()) {
+        const Member s = Unloaded(4, 235).Family(each);
+        family = Is(s, Kind::hat) ? each : family;
+    }
+    Member hat = Unloaded(4, 235).Family(family);
+    hat.hsqopt = 0;
+    hat.qload[1] = 5;
+    hat.qdir[1] = 1;
+    const standard::Load up{0, true, false, false, {0, 4, -100, -100}, {}};
+    for (const Member& s : {point, factors, hat}) {
+        EXPECT_EQ(RatiosBeside(s, up), RatiosBeside(s, std::nullopt));
     }
 }
 
