@@ -43,7 +43,7 @@ constexpr Rule kRules[] = {
      [](const ProjectState& s) { return InputsOf(s).ltb == 0; },
      "lateral torsional buckling is off (ltb 0)"},
     {" cmanual c1 c2 c3 ", [](const ProjectState& s) { return !ManualFactorsOffered(s); },
-     "own C factors go with loads and without restraints"},
+     "own C factors go with loads and without restraints in the program's rules; the standard takes them"},
     {" c1 c2 c3 ", [](const ProjectState& s) { return InputsOf(s).cmanual == kFalse; },
      "own C factors go with cmanual"},
     {" za ", [](const ProjectState& s) { return InputsOf(s).loadlevel != 4; }, "za goes with loadlevel 4"},

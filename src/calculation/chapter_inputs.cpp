@@ -145,6 +145,16 @@ void AddCurveParameters(const ProjectInputs& in, Values& values)
     }
 }
 
+std::string_view OriginOfC1(const ProjectState& s)
+{
+    if (s.loadmode != 1 || s.restraints > 0) {
+        return "of a straight moment line";
+    }
+    return s.c1alt != kFalse     ? "of the quarter points"
+           : s.cmanual != kFalse ? "as entered"
+                                 : "by its tables";
+}
+
 void AddLateral(const CalculatedMember& m, Values& values)
 {
     const ProjectInputs& in = InputsOf(m.input);
@@ -171,9 +181,7 @@ void AddLateral(const CalculatedMember& m, Values& values)
         values.Number("Factor of the critical moment, as entered", "C_2", in.c2);
         values.Number("Factor of the critical moment, as entered", "C_3", in.c3);
     }
-    values.Text("C1 by the rules of the program", s.c1alt != kFalse     ? "of the quarter points"
-                                                  : s.cmanual != kFalse ? "as entered"
-                                                                        : "by its tables");
+    values.Text("C1 by the rules of the program", OriginOfC1(s));
     const bool rolled = s.ltbcurve == LtbCurve::rolled;
     values.Text("Curves", rolled ? "6.3.2.3" : "6.3.2.2");
     AddCurveParameters(in, values);

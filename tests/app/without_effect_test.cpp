@@ -67,8 +67,10 @@ TEST(WithoutEffect, TellsWhichChoiceWouldHaveToBeMade)
     EXPECT_EQ(Why("ltb=0", "restraints"), "lateral torsional buckling is off (ltb 0)");
     EXPECT_EQ(Why("cmanual=0", "c1"), "own C factors go with cmanual");
     EXPECT_EQ(Why("cmanual=-1", "c1"), "");
-    EXPECT_EQ(Why("cmanual=-1 restraints=1", "c1"),
-              "own C factors go with loads and without restraints");
+    EXPECT_EQ(
+        Why("cmanual=-1 restraints=1", "c1"),
+        "own C factors go with loads and without restraints in the program's rules; the standard "
+        "takes them");
     EXPECT_EQ(Why("loadlevel=2", "za"), "za goes with loadlevel 4");
     EXPECT_EQ(Why("cpmode=0", "cp[1]"), "own check points go with cpmode 1");
     EXPECT_EQ(Why("loadcomb=0 annexcode=EU", "safetyclass"),
