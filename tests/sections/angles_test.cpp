@@ -29,6 +29,8 @@ TEST(EqualAngle, DerivesGeometryAndModuli)
     EXPECT_EQ(s.hw, 90);
     EXPECT_EQ(s.d, 78);  // 100 - 10 - 12
     EXPECT_EQ(s.cflange, 78);
+    EXPECT_EQ(s.aflange, 1000);
+    EXPECT_EQ(s.aweb, 900);
     EXPECT_EQ(s.alfa, 45);
     EXPECT_EQ(s.iz, s.iy);
     EXPECT_EQ(s.ez, s.ey);

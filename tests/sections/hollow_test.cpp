@@ -45,6 +45,13 @@ TEST(Hollow, DerivesGeometryFromTheCorners)
     ExpectWorked(s.weight, 294 * 7850e-6, "weight");
 }
 
+// EN 10210-2 and EN 10219-2: SHS 100x5 with It 439 and 441 cm4.
+TEST(Hollow, ReadsTheTorsionConstantOfSquares)
+{
+    EXPECT_NEAR(HollowOf(6, "100x5").it, 439e4, 0.5e4);
+    EXPECT_NEAR(HollowOf(8, "100x5").it, 441e4, 0.5e4);
+}
+
 struct Corner {
     int family;
     const char* key;

@@ -48,6 +48,35 @@ TEST(PlateSummation, SmallestSteppedAxisIsOneStepAboveTwoMillimetres)
     EXPECT_FLOAT_EQ(SteppedPlasticAxis(plates), 2.1F);
 }
 
+// Two of the levels fall on a round number, 9.5 and 37.5 mm: half the area there is enough. In a
+// gap the first level behind the lower plate has it.
+TEST(PlateSummation, AxisIsTheFirstLevelWithHalfTheArea)
+{
+    for (const double half : {9.5, 37.5}) {
+        const Plate plates[] = {{10, 2 * half, 0, 0}};
+        EXPECT_EQ(SteppedPlasticAxis(plates), static_cast<float>(half));
+    }
+    const Plate apart[] = {{10, 10, 0, 0}, {10, 10, 20, 0}};
+    EXPECT_NEAR(SteppedPlasticAxis(apart), 10, 0.1);
+    EXPECT_EQ(ExactPlasticAxis(apart), 10);
+}
+
+// Half of 1510 mm2 lies at 10 + 745/1000, less than a millimetre below the top.
+TEST(PlateSummation, AxisMayLieJustBelowTheTop)
+{
+    const Plate plates[] = {{1, 10, 0, 0}, {1000, 1.5, 10, 0}};
+    EXPECT_NEAR(SteppedPlasticAxis(plates), 10.745, 0.1);
+    EXPECT_NEAR(ExactPlasticAxis(plates), 10.745, 1e-12);
+}
+
+// Centroid at 10 mm: the further edge of two plates of 20 mm is 20 mm away from it.
+TEST(PlateSummation, WidestEdgeCountsFromTheCentroid)
+{
+    const Plate plates[] = {{20, 5, 0, 0}, {20, 5, 5, 20}};
+    EXPECT_DOUBLE_EQ(SumPlates(plates).ey, 10);
+    EXPECT_DOUBLE_EQ(SumPlates(plates).ymax, 20);
+}
+
 TEST(PlateSummation, ReachesHalfTheAreaInAHighSection)
 {
     const Plate plates[] = {{10, 40000, 0, 0}};

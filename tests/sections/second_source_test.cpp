@@ -255,6 +255,42 @@ TEST(SecondSource, ARowOfTheUsersOwnKeepsItsFigures)
     EXPECT_EQ(figures.size(), Corrected().corrected.size() - 1);
 }
 
+// Neither the row of another table nor another figure of the row, though it is as large.
+TEST(SecondSource, OnlyTheFigureNamedIsCorrected)
+{
+    const ProjectState s = RowState(Table::upe, "300");
+    const i16 row = s.row[static_cast<std::size_t>(Table::upe)];
+    Library library = Delivered();
+    const auto corrected = [&](Table table, int at, SectionFigure figure, float ours) {
+        library.corrected = {{table, static_cast<i16>(at), figure, ours, 7}};
+        return SecondSource(library, s, SectionFigure::it, s.it);
+    };
+    EXPECT_EQ(corrected(Table::upe, row, SectionFigure::it, s.it), 7);
+    EXPECT_EQ(corrected(Table::ipe, row, SectionFigure::it, s.it), s.it);
+    EXPECT_EQ(corrected(Table::upe, row + 1, SectionFigure::it, s.it), s.it);
+    EXPECT_EQ(corrected(Table::upe, row, SectionFigure::a, s.it), s.it);
+    EXPECT_EQ(corrected(Table::upe, row, SectionFigure::it, 2 * s.it), s.it);
+}
+
+// A line that cannot be read is left out, and one size is another row in each table.
+TEST(SecondSource, EachLineFindsItsOwnRow)
+{
+    const std::string list = "table,size,figure,table value,corrected,source\n"
+                             "ipe,200,It [cm4],2,3,a\n"
+                             "hea,200,It [cm4],2,3,a\n"
+                             "nothing\n"
+                             "hea,200,A [cm2],2,3,a\n"
+                             "hea,201,It [cm4],2,3,a\n";
+    const auto figures = ReadSecondSource(Delivered(), list);
+    ASSERT_EQ(figures.size(), 3U);
+    EXPECT_EQ(figures[0].table, Table::ipe);
+    EXPECT_EQ(figures[0].row, RowOf(Table::ipe, "200"));
+    EXPECT_EQ(figures[1].table, Table::hea);
+    EXPECT_EQ(figures[1].row, RowOf(Table::hea, "200"));
+    ASSERT_NE(figures[0].row, figures[1].row);
+    EXPECT_EQ(figures[2].row, figures[1].row);
+}
+
 TEST(SecondSource, NamesLineAndFieldOfAFault)
 {
     const std::string header = "table,size,figure,table value,corrected,source\n";

@@ -69,6 +69,32 @@ TEST(SectionNames, OtherSignsAndZerosSayTheSame)
     EXPECT_EQ(Found("RHS 200x100x63"), "none");
     EXPECT_EQ(SectionKey("IPE 300.00"), "IPE300");
     EXPECT_EQ(SectionKey("x 10.50/100"), "X10.5X100");
+    EXPECT_EQ(SectionKey("az 12.90"), "AZ12.9");
+    EXPECT_EQ(SectionKey("az 1.0"), "AZ1");
+}
+
+// Tables of the user's own may hold the angle of a stiffener as a section, and it twice: the first
+// row of the section counts, unless the member is of the stiffener's family.
+TEST(SectionNames, AStiffenerGivesWayToTheSectionOfItsName)
+{
+    Library own = Delivered();
+    own.rownames = std::make_shared<NamedRows>();
+    ProfileTable& angles = own.tables[static_cast<std::size_t>(Table::l2)];
+    for (const int row : {3, 4}) {
+        float* const sizes = &angles.value[static_cast<std::size_t>(row * angles.columns)];
+        sizes[0] = 200;
+        sizes[1] = 90;
+        sizes[2] = 9;
+    }
+    ASSERT_EQ(RowName(own, Table::l3, 0), "L 200x90x9");
+    for (const int family : {0, 11, 53}) {
+        const auto found = SectionOfName(own, "L 200x90x9", family);
+        ASSERT_TRUE(found);
+        EXPECT_EQ(found->table, Table::l2) << family;
+        EXPECT_EQ(found->row, 3) << family;
+    }
+    EXPECT_EQ(SectionOfName(own, "L 200x90x9", 52)->table, Table::l3);
+    EXPECT_EQ(Found("L 200x90x9"), "52/0 L 200x90x9");
 }
 
 TEST(SectionNames, TubesGoByDiameterAndWall)
@@ -79,8 +105,9 @@ TEST(SectionNames, TubesGoByDiameterAndWall)
     EXPECT_EQ(tube->diameter, 114.3F);
     EXPECT_EQ(tube->wall, 5);
     EXPECT_EQ(TubeOfName("chs114,3/5.0")->diameter, 114.3F);
-    for (const char* none : {"CHS", "CHS 114.3", "CHS 114.3x", "CHS x5", "CHS 114.3x5x2",
-                             "CHS 10x5", "CHS 1e9999x5", "RHS 100x5", "CHS nanx5"}) {
+    for (const char* none :
+         {"CHS", "CHS 114.3", "CHS 114.3x", "CHS 114.3ax5", "CHS x5", "CHS 114.3x5x2", "CHS 10x5",
+          "CHS 1e9999x5", "RHS 100x5", "CHS nanx5"}) {
         EXPECT_FALSE(TubeOfName(none)) << none;
     }
 }
@@ -91,6 +118,10 @@ TEST(SectionNames, OfferTheNearest)
     ASSERT_FALSE(near.empty());
     EXPECT_LE(near.size(), 3U);
     EXPECT_TRUE(near[0].starts_with("IPE 3")) << near[0];
+    EXPECT_EQ(SectionsNear(Delivered(), "IPE 300999"), std::vector<std::string>{"IPE 300"});
+    EXPECT_TRUE(SectionsNear(Delivered(), "IPE 3009999").empty());  // four letters too many
+    EXPECT_TRUE(SectionsNear(Delivered(), "XXX 200").empty());      // three, in no series
+    EXPECT_TRUE(SectionsNear(Delivered(), "HE 1").empty());         // as many as it has
     EXPECT_TRUE(SectionsNear(Delivered(), "nonsense of a name").empty());
     EXPECT_TRUE(SectionsNear(Delivered(), std::string(100000, 'x')).empty());
 }

@@ -91,6 +91,17 @@ TEST(Tube, IsARing)
     EXPECT_EQ(s.weffy, s.wely);
 }
 
+// J of a ring is its polar second moment.
+TEST(Tube, TorsionConstantIsTwiceTheSecondMoment)
+{
+    for (const float wall : {1.0F, 10.0F, 60.0F, 140.0F}) {
+        Member s = Member::Bare(31);
+        s.p31 = {300, wall};
+        PropertiesTube(Delivered(), s, s);
+        ExpectWorked(s.it, 2.0 * s.iy, "it", 1e-6);
+    }
+}
+
 // The wall is what selects the strength: 40 mm is still up to 40 mm.
 TEST(Tube, WallSelectsTheStrength)
 {
