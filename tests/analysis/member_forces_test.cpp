@@ -158,6 +158,18 @@ TEST(CalcMember, WithoutLoadsEverythingIsZeroAndNothingFails)
     }
 }
 
+// 10 kN/m on each row in turn: 10 36/8 = 45 kNm.
+TEST(CalcMember, EveryRowOfUniformLoadsCounts)
+{
+    for (std::size_t row = 1; row <= 4; ++row) {
+        Member s = Beam(0);
+        s.qload[row] = 10;
+        Analyse(s);
+        EXPECT_FLOAT_EQ(s.mydiag[25], 45) << row;
+        EXPECT_DOUBLE_EQ(s.qsum, 10) << row;
+    }
+}
+
 TEST(CalcMember, LoadsInYBendAboutZ)
 {
     Member s = Beam(0);
@@ -254,7 +266,9 @@ TEST(InvalidLoads, ATSectionKeepsItsAxialForceOnlyD106)
     ProjectState s = Loaded(0);
     s.family = 26;
     s.selfweight = 0;
+    s.nchecked = {0, kTrue, kTrue, kTrue};
     Analyse(s);
+    EXPECT_EQ(s.nchecked, (Rows<i16, 3>{0, kTrue, kTrue, kTrue}));
     EXPECT_DOUBLE_EQ(s.ned, 123);
     EXPECT_EQ(Largest(s.mydiag) + Largest(s.mzdiag) + Largest(s.vzdiag), 0);
     EXPECT_EQ(Largest(s.qload) + Largest(s.qt1) + Largest(s.qtx2), 0);

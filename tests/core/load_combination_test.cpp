@@ -74,6 +74,16 @@ TEST(LoadFactors, OfTheStrengthCombinations)
     ExpectFactors(StrengthFactors(fi, fi, 2), 1.265, 1.65, 0.495);
 }
 
+TEST(StrengthCombination, IsTheOneThatGovernsOfBoth)
+{
+    for (const int chosen : {kEq610, kEq610a, kEq610b, kBasicLoads, kUserFactors}) {
+        EXPECT_EQ(StrengthCombination(Member::Bare().Annex(0, chosen, 3), 1), chosen);
+        EXPECT_EQ(StrengthCombination(Member::Bare().Annex(0, chosen, 3), 2), chosen);
+    }
+    EXPECT_EQ(StrengthCombination(Member::Bare().Annex(0, kEq610ab, 3), 1), kEq610a);
+    EXPECT_EQ(StrengthCombination(Member::Bare().Annex(0, kEq610ab, 3), 2), kEq610b);
+}
+
 TEST(LoadFactors, SwedishClass1Eq610aCarriesPermanentLoadsAlone)
 {
     ExpectFactors(

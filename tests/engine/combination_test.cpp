@@ -180,6 +180,7 @@ TEST(Eq610ab, AxialOverloadInOneOfThemStopsThePass)
         EXPECT_EQ(s.errorflag, -1);
         EXPECT_TRUE(s.calculationerror);
         EXPECT_EQ(s.governing, 7);
+        EXPECT_EQ(s.failure.stage, Stage::buckling_control);
         EXPECT_GT(s.ned, s.ncrz);  // left at the combination that failed
 
         s.method = 2;  // which has no such limit

@@ -199,6 +199,39 @@ TEST(Prepared, TorsionalLengthAndVaryingNAreThoseOfTheCase)
     EXPECT_FALSE(run.NVaried());
 }
 
+// One moment all along, with another N in every section: of equal ratios the first place counts.
+TEST(Prepared, TheFirstOfEqualSectionsGoverns)
+{
+    const PreparedMember member = Prepare(Delivered(), Bare(2));
+    StationRun run;
+    const double most = -0.6 * member.state->nplrd;  // tension
+    const std::vector<Station> stations = {{.x = 0, .n = -10, .my = 20},
+                                           {.x = 3, .n = most, .my = 20}};
+    ASSERT_TRUE(run.Case(member, stations));
+    const Check& check = run.state().checklist[CheckId::my];
+    EXPECT_NEAR(check.ratio, 20 / run.state().myrd, 1e-9);
+    EXPECT_EQ(check.place.x, 0);
+    EXPECT_EQ(run.state().checklist[CheckId::n_my].place.x, 1);
+}
+
+// A case with fewer sections than the one before, whose last two had a large moment and the N that
+// this one ends with.
+TEST(Prepared, SectionsOfTheCaseBeforeAreForgotten)
+{
+    const PreparedMember member = Prepare(Delivered(), Bare(2));
+    const std::vector<Station> many = {{.x = 0, .n = 40},
+                                       {.x = 1.03, .n = 40, .my = 60},
+                                       {.x = 1.07, .n = 40, .my = 60},
+                                       {.x = 3, .n = 40}};
+    const std::vector<Station> few = {{.x = 0, .n = 10, .my = 1}, {.x = 3, .n = 40, .my = 1}};
+    StationRun used, fresh;
+    ASSERT_TRUE(used.Case(member, many));
+    ASSERT_TRUE(used.Case(member, few));
+    ASSERT_TRUE(fresh.Case(member, few));
+    EXPECT_EQ(used.state().irsection, fresh.state().irsection);
+    EXPECT_EQ(used.state().checklist, fresh.state().checklist);
+}
+
 // Moment where there is no axial force and the other way round: the sections see no interaction.
 TEST(Prepared, NAndMAtDifferentPlacesDoNotMeetInASection)
 {
