@@ -60,6 +60,19 @@ TEST(Stations, FaultsNameThePlace)
     EXPECT_EQ(StationFaultText(CheckStations(off, 6), off, 6),
               "the station x 7.25 m lies off the member of 6 m");
     EXPECT_EQ(StationFaultText(CheckStations({}, 6), {}, 6), "no stations");
+    const auto text = [](const std::vector<Station>& stations) {
+        return StationFaultText(CheckStations(stations, 6), stations, 6);
+    };
+    EXPECT_EQ(text({{.x = 0}, {.x = 6}}), "");
+    EXPECT_EQ(text({{.x = 0}, {.x = 3}, {.x = 2.9}, {.x = 6}}), "x falls to 2.9 m");
+    EXPECT_EQ(text({{.x = 0}, {.x = 6}, {.x = 6}}),
+              "the station x 6 m is repeated (a jump has two rows, inside the member)");
+    EXPECT_EQ(text({{.x = 0.5}, {.x = 6}}),
+              "the first station x 0.5 m is not the start of the member");
+    EXPECT_EQ(text({{.x = 0}, {.x = 5.5}}),
+              "the last station x 5.5 m is not the end of the member of 6 m");
+    EXPECT_EQ(text({{.x = 0}, {.x = 6, .n = std::numeric_limits<double>::infinity()}}),
+              "a force that is not a number");
 }
 
 TEST(Stations, AreStraightBetween)
@@ -95,8 +108,25 @@ TEST(Stations, TwoAtAPlaceAreAJump)
     EXPECT_DOUBLE_EQ(one.lines.Sections()[12].vz, -4);
 }
 
+// A pair less than a thousandth of a millimetre apart is one place, and what falls between the two
+// rows lies on its right.
+TEST(Stations, APairWithARoundingBetweenIsAJump)
+{
+    const Lines one = LinesOf(Beam(0), {{.x = 0, .vz = 8},
+                                        {.x = 2.9999999, .vz = 8, .my = 24},
+                                        {.x = 3.0000003, .vz = -5, .my = 15},
+                                        {.x = 6, .vz = -5}});
+    EXPECT_FLOAT_EQ(one.forces.vzdiag[25], -5);
+    EXPECT_FLOAT_EQ(one.forces.mydiag[25], 15);
+    EXPECT_NEAR(one.forces.vzdiag[24], 8, 1e-5);
+}
+
 TEST(Stations, BetweenTheEvenSectionsAreCheckedToo)
 {
+    const Lines hogging = LinesOf(Beam(0), {{.x = 0}, {.x = 2.47, .my = -9}, {.x = 3}, {.x = 6}});
+    EXPECT_DOUBLE_EQ(hogging.forces.mymin, -9);
+    EXPECT_NEAR(hogging.forces.xmymin, 2.47 / 6, 1e-7);
+    EXPECT_DOUBLE_EQ(hogging.forces.mymax, 0);
     const std::vector<Station> stations = {{.x = 0}, {.x = 2.47, .my = 9}, {.x = 3}, {.x = 6}};
     const Lines one = LinesOf(Beam(0), stations);
     ASSERT_EQ(one.lines.Sections().size(), 12U);

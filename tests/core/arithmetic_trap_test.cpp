@@ -51,5 +51,20 @@ TEST(ArithmeticTrap, LetsSoundArithmeticPass)
     EXPECT_NO_THROW(CheckTrap());
 }
 
+// Halves go to the even number, so that 32767.5 is beyond 16 bits and -32768.5 is not.
+TEST(ArithmeticTrap, StopsWhereAWholeNumberEnds)
+{
+    const double none = std::nan("");
+    EXPECT_EQ(ToI16(32767.4), 32767);
+    EXPECT_EQ(ToI16(-32768.5), -32768);
+    EXPECT_EQ(ToI16(2.5), 2);
+    for (const double beyond : {32767.5, -32768.6, 1e300, none}) {
+        EXPECT_THROW(ToI16(beyond), CalculationStop) << beyond;
+    }
+    EXPECT_EQ(CheckedIndex(2, 3), 2U);
+    EXPECT_THROW(CheckedIndex(3, 3), CalculationStop);
+    EXPECT_THROW(CheckedIndex(-1, 3), CalculationStop);
+}
+
 }  // namespace
 }  // namespace kestrum

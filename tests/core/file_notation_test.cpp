@@ -114,6 +114,14 @@ TEST(ValueWriter, EndsEachValueWithItsLine)
                                "\"\"\r\na, \"b\"\r\n");
 }
 
+// A result that is no number never makes a file that cannot be read.
+TEST(FileNumber, IsZeroForWhatIsNone)
+{
+    EXPECT_EQ(FileNumber(std::numeric_limits<float>::infinity()), "0");
+    EXPECT_EQ(FileNumber(-std::numeric_limits<double>::infinity()), "0");
+    EXPECT_EQ(FileNumber(std::numeric_limits<double>::quiet_NaN()), "0");
+}
+
 TEST(ValueWriter, KeepsATextOnItsLine)
 {
     ValueWriter writer;
@@ -197,6 +205,26 @@ TEST(ValueReader, RefusesWhatTheFieldCannotHold)
     EXPECT_EQ(fault, "field x: expected a number of single precision, found \"1E+39\"");
 }
 
+// A message repeats 40 bytes, and no half character: the a with ring is two bytes of UTF-8. Bytes
+// that only go on with a character begin none.
+TEST(ValueReader, AMessageRepeatsTheBeginningOfALongValue)
+{
+    const std::string odd = "x" + std::string(18, 'y') + "\xC3\xA5";  // 21 bytes
+    std::string rings = "x", fault;
+    for (int i = 0; i < 30; ++i) {
+        rings += "\xC3\xA5";
+    }
+    const std::string expected = "field x: expected a number, found \"";
+    Taken<double>(odd + odd, &fault);
+    EXPECT_EQ(fault, expected + odd + "x" + std::string(18, 'y') + "...\"");
+    Taken<double>(rings, &fault);
+    EXPECT_EQ(fault, expected + rings.substr(0, 39) + "...\"");
+    Taken<double>(std::string(50, '\x80'), &fault);
+    EXPECT_EQ(fault, expected + "...\"");
+    Taken<double>(std::string(40, 'z'), &fault);
+    EXPECT_EQ(fault, expected + std::string(40, 'z') + '"');
+}
+
 TEST(ValueReader, ReadsTruthValues)
 {
     struct Case {
@@ -217,7 +245,7 @@ TEST(ValueReader, ReadsTruthValues)
         EXPECT_TRUE(reader.ok());
         EXPECT_EQ(value, c.value) << c.text;
     }
-    for (const char* text : {"TRUE", "#TRUE", "2", "yes", "\"#TRUE#\""}) {
+    for (const char* text : {"TRUE", "#TRUE", "2", "yes", "\"#TRUE#\"", "{true}", "#TRUE_#"}) {
         i16 value = 5;
         ValueReader reader(text);
         reader.TakeTruth("x", value);

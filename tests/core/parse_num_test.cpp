@@ -40,6 +40,7 @@ TEST(ParseNum, ReadsTypedTextByThePlatform)
         {"abc", 0.0f, std::nullopt},
         {"12 mm", 12.0f, std::nullopt},
         {"12mm", 12.0f, std::nullopt},
+        {"1e2mm", 100.0f, std::nullopt},
         {"1 000", 1000.0f, std::nullopt},
         {"1.2.3", 1.2f, std::nullopt},
         {"1,234.5", 1.234f, std::nullopt},

@@ -1,5 +1,7 @@
 #include "core/utf8_text.h"
 
+#include "core/xml_text.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -27,6 +29,10 @@ const PrintableCase kCases[] = {
     {"c1AsAByte", "a\x9B[m", "a\xE2\x80\xBA[m"},
     {"windows", "S\xF8yle", "S\xC3\xB8yle"},
     {"unusedByte", "a\x81", "a?"},
+    // A character that the text ends within is none of UTF-8: 0xC3 is the A with tilde, 0xE2 and
+    // 0x82 the a with circumflex and the low quotation mark of Windows-1252.
+    {"cutCharacter", "a\xC3", "a\xC3\x83"},
+    {"cutLongCharacter", "a\xE2\x82", "a\xC3\xA2\xE2\x80\x9A"},
 };
 
 class PrintableText : public ::testing::TestWithParam<PrintableCase> {};
@@ -38,6 +44,14 @@ TEST_P(PrintableText, HasNothingThatATerminalObeys)
 
 INSTANTIATE_TEST_SUITE_P(Cases, PrintableText, ::testing::ValuesIn(kCases),
                          [](const auto& one) { return std::string(one.param.name); });
+
+// XML 1.0, 2.4; texts of older files are in Windows-1252.
+TEST(XmlText, EscapesWhatXmlMeansAndKnowsOlderFiles)
+{
+    EXPECT_EQ(XmlText("a < b & \"c\" > d"), "a &lt; b &amp; &quot;c&quot; &gt; d");
+    EXPECT_EQ(XmlText("S\xC3\xB8yle"), "S\xC3\xB8yle");
+    EXPECT_EQ(XmlText("S\xF8yle <1"), "S\xC3\xB8yle &lt;1");
+}
 
 TEST(PrintableLines, KeepsLineEndsAndTabsAlone)
 {

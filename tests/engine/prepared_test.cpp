@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace kestrum {
@@ -258,6 +259,11 @@ TEST(Prepared, NoCaseLeavesAnythingToTheNext)
         EXPECT_EQ(run.Case(member, light), first);
         EXPECT_TRUE(run.state() == before);  // of 10 kB
         fresh.Case(member, light);
+        EXPECT_TRUE(fresh.state() == before);
+        StationRun moved = std::move(run);
+        EXPECT_TRUE(moved.state() == before);
+        fresh = std::move(moved);
+        EXPECT_EQ(fresh.Case(member, light), first);
         EXPECT_TRUE(fresh.state() == before);
     }
 }

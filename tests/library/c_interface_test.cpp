@@ -7,8 +7,10 @@
 
 #include <cfenv>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -107,6 +109,8 @@ TEST_F(CInterface, NullPointersAreErrors)
 TEST_F(CInterface, NullHandlesHaveEmptyAnswers)
 {
     EXPECT_STREQ(kestrum_error_text(nullptr), "");
+    EXPECT_STREQ(kestrum_error_field(nullptr), "");
+    EXPECT_STREQ(kestrum_error_nearest(nullptr), "");
     EXPECT_EQ(kestrum_error_line(nullptr), 0);
     EXPECT_STREQ(kestrum_text_data(nullptr), "");
     EXPECT_EQ(kestrum_text_size(nullptr), 0U);
@@ -203,6 +207,108 @@ TEST_F(CInterface, TheFloatingPointEnvironmentIsKept)
     EXPECT_EQ(std::string(kestrum_text_data(json)), usual);
     kestrum_text_free(json);
     kestrum_result_free(upward);
+}
+
+// "1.3.1": three numbers.
+TEST_F(CInterface, TheVersionHasThreeNumbers)
+{
+    int major = 0, minor = 0, patch = -1;
+    char more = 0;
+    EXPECT_EQ(std::sscanf(kestrum_version(), "%d.%d.%d%c", &major, &minor, &patch, &more), 3);
+    EXPECT_GE(major, 1);
+    EXPECT_GE(patch, 0);
+}
+
+// Sections, steels and choices by name, numbers as they read back; a text is no number.
+TEST_F(CInterface, InputsReadBackAsTheyAreMeant)
+{
+    EXPECT_EQ(kestrum_member_set_all(member, nullptr, 0, &text, nullptr), KESTRUM_OK);
+    EXPECT_EQ(kestrum_text_size(text), 0U);
+    kestrum_text_free(text);
+    const kestrum_setting settings[] = {
+        {"steel", "S355"}, {"ident", "B7"}, {"l", "7.2"}, {"loadmode", "1"}};
+    ASSERT_EQ(kestrum_member_set_all(member, settings, 4, nullptr, nullptr), KESTRUM_OK);
+    const std::pair<const char*, const char*> texts[] = {{"section", "HEA 200"},
+                                                         {"steel", "S355"},
+                                                         {"ident", "B7"},
+                                                         {"l", "7.2"},
+                                                         {"nload[1]", "500"}};
+    for (const auto& [name, value] : texts) {
+        ASSERT_EQ(kestrum_member_text(member, name, &text, nullptr), KESTRUM_OK) << name;
+        EXPECT_STREQ(kestrum_text_data(text), value);
+        kestrum_text_free(text);
+    }
+    for (const char* name : {"section", "ident"}) {
+        EXPECT_EQ(kestrum_member_number(member, name, &number, &error), KESTRUM_REFUSED);
+        EXPECT_STREQ(kestrum_error_text(error), (std::string(name) + " is a text").c_str());
+        kestrum_error_free(error);
+    }
+}
+
+TEST_F(CInterface, AFamilyHasOneNumberAndItsNames)
+{
+    const auto refused = [&](const char* family, const char* what) {
+        EXPECT_EQ(kestrum_catalogue_sections(catalogue, family, &text, &error),
+                  KESTRUM_UNKNOWN_NAME);
+        EXPECT_EQ(text, nullptr);
+        EXPECT_STREQ(kestrum_error_text(error), (std::string(family) + what).c_str());
+        EXPECT_STREQ(kestrum_error_field(error), "family");
+        kestrum_error_free(error);
+    };
+    refused("99", ": no such family");
+    refused("1x", ": no such family");
+    refused("IPX", ": no such family");
+}
+
+// A box with unequal flanges takes no axial force here: it is put aside, and said so.
+TEST_F(CInterface, AResultTellsOfLoadsThatWereNotTaken)
+{
+    kestrum_result* box = nullptr;
+    ASSERT_EQ(kestrum_member_set(member, "family", "27", nullptr), KESTRUM_OK);
+    ASSERT_EQ(kestrum_member_set(member, "nload[1]", "500", nullptr), KESTRUM_OK);
+    ASSERT_EQ(kestrum_member_check(member, KESTRUM_BASIS_PROGRAM, &box, nullptr), KESTRUM_OK);
+    EXPECT_EQ(kestrum_result_status(box, KESTRUM_BASIS_PROGRAM), KESTRUM_LOADS_DROPPED);
+    EXPECT_TRUE(std::isnan(kestrum_result_ratio(box, KESTRUM_BASIS_PROGRAM)));
+    const std::string message = kestrum_result_message(box, KESTRUM_BASIS_PROGRAM);
+    EXPECT_NE(message.find("nload[1]: axial force 500 kN (G), not taken by this section family"),
+              std::string::npos)
+        << message;
+    kestrum_result_free(box);
+}
+
+// Flanges of 20 mm leave a section of 30 mm no web: that is not checked, and says by what.
+TEST_F(CInterface, AFailureNamesWhatStoppedIt)
+{
+    kestrum_result* failed = nullptr;
+    const kestrum_setting settings[] = {
+        {"family", "21"}, {"p21.isth", "30"}, {"p21.isttf", "20"}, {"nload[1]", "1"}};
+    ASSERT_EQ(kestrum_member_set_all(member, settings, 4, nullptr, &error), KESTRUM_OK)
+        << kestrum_error_text(error);
+    ASSERT_EQ(kestrum_member_check(member, KESTRUM_BASIS_PROGRAM, &failed, nullptr), KESTRUM_OK);
+    EXPECT_EQ(kestrum_result_status(failed, KESTRUM_BASIS_PROGRAM), KESTRUM_NOT_CHECKED);
+    const kestrum_failure failure = kestrum_result_failure(failed);
+    EXPECT_STREQ(failure.stage, "section");
+    EXPECT_STREQ(failure.cause, "impossible section");
+    EXPECT_STREQ(failure.quantity, "clear web height hw");
+    EXPECT_EQ(failure.value, -10);
+    EXPECT_STREQ(failure.unit, "mm");
+    EXPECT_EQ(kestrum_result_panel(failed, &text, nullptr), KESTRUM_REFUSED);
+    EXPECT_EQ(text, nullptr);
+    kestrum_result_free(failed);
+}
+
+// 1e37 kN/m over 100 m is a moment of 1.25e40 kNm, beyond single precision (3.4e38).
+TEST_F(CInterface, AnOverflowIsAFailure)
+{
+    kestrum_result* failed = nullptr;
+    const kestrum_setting settings[] = {{"l", "100"}, {"qload[1]", "1e37"}};
+    ASSERT_EQ(kestrum_member_set_all(member, settings, 2, nullptr, &error), KESTRUM_OK)
+        << kestrum_error_text(error);
+    ASSERT_EQ(kestrum_member_check(member, KESTRUM_BASIS_PROGRAM, &failed, nullptr), KESTRUM_OK);
+    EXPECT_EQ(kestrum_result_status(failed, KESTRUM_BASIS_PROGRAM), KESTRUM_FAILED);
+    EXPECT_STREQ(kestrum_result_failure(failed).stage, "internal forces");
+    EXPECT_TRUE(std::isnan(kestrum_result_ratio(failed, KESTRUM_BASIS_PROGRAM)));
+    kestrum_result_free(failed);
 }
 
 TEST_F(CInterface, AMemberOutlivesItsCatalogue)

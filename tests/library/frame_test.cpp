@@ -213,6 +213,63 @@ TEST(Frame, FaultsNameTheirMemberColumnAndRow)
     EXPECT_EQ(kestrum_envelope_fault(frame->get(), 3, nullptr, nullptr), KESTRUM_UNKNOWN_NAME);
 }
 
+// Of the faults the first thousand are told, those of the members in their order.
+TEST(Frame, NoMoreThanAThousandFaultsAreTold)
+{
+    constexpr std::size_t kMembers = 2500;
+    Pulls pulls;
+    for (std::size_t i = 0; i < kMembers; ++i) {
+        pulls.Add(kMembers - 1 - i, 10);
+    }
+    const std::vector<double> l(kMembers, -1);
+    for (const unsigned threads : {1U, 3U}) {
+        const auto frame = kestrum::Envelope::check(Tie(), {{"l", l}}, kMembers, pulls.Columns(),
+                                                    {.threads = threads});
+        ASSERT_TRUE(frame) << frame.error().text;
+        const auto faults = frame->faults();
+        ASSERT_EQ(faults.size(), 1000U);
+        for (std::size_t i = 0; i < faults.size(); ++i) {
+            EXPECT_EQ(faults[i].member, i);
+        }
+        EXPECT_EQ(frame->worst(kMembers - 1)->status, Status::bad_input);
+    }
+}
+
+// Without cases all stations are of one; without members all are of the first. Forces that are left
+// out are 0.
+TEST(Frame, OneBasisOneCaseAndOneMember)
+{
+    const std::vector<double> x = {0, 4}, n = {-1000, -1000};
+    kestrum::Forces forces{};
+    forces.rows = 2;
+    forces.x = x.data();
+    forces.n = n.data();
+    for (const Basis basis : {Basis::program, Basis::standard}) {
+        const auto frame = kestrum::Envelope::check(Tie(), {}, 2, forces, {basis});
+        ASSERT_TRUE(frame) << frame.error().text;
+        const Basis other = basis == Basis::program ? Basis::standard : Basis::program;
+        EXPECT_FALSE(frame->worst(0, other));
+        EXPECT_NEAR(frame->worst(0, basis)->ratio, 1000 / kTieForce, 1e-3);
+        EXPECT_EQ(frame->worst(0, basis)->cases, 1U);
+        EXPECT_EQ(frame->worst(1, basis)->status, Status::not_checked);
+        EXPECT_EQ(frame->worst(1, basis)->message, "no forces");
+        EXPECT_TRUE(frame->faults().empty());
+    }
+}
+
+// A member that is refused needs no forces.
+TEST(Frame, ARefusedMemberWithoutForcesIsRefused)
+{
+    const std::vector<double> l = {4, -1};
+    Pulls pulls;
+    pulls.Add(0, 10);
+    const auto frame = kestrum::Envelope::check(Tie(), {{"l", l}}, 2, pulls.Columns());
+    ASSERT_TRUE(frame) << frame.error().text;
+    EXPECT_EQ(frame->worst(1)->status, Status::bad_input);
+    ASSERT_EQ(frame->faults().size(), 1U);
+    EXPECT_EQ(frame->faults()[0].text.substr(0, 3), "l: ");
+}
+
 TEST(Frame, MembersAndNamesThatAreNoneFail)
 {
     Pulls pulls;

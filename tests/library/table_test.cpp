@@ -155,6 +155,51 @@ TEST(Table, ARefusedInputNamesItsColumnAndTheOtherRowsAreCalculated)
     EXPECT_EQ(table->refused(4), 0U);
 }
 
+// Fields come from the rules of the program, also where only the standard's answer is asked for.
+TEST(Table, EachBasisAndItsFieldsAlone)
+{
+    const RandomMembers members(70);
+    const Member base(Builtin());
+    const auto check = [&](unsigned basis, std::size_t count, const char* const* fields) {
+        const kestrum_column column{"l", members.l.data(), nullptr};
+        kestrum_table* table = nullptr;
+        EXPECT_EQ(kestrum_table_check(base.get(), &column, 1, 70, basis, fields, count, 2, &table,
+                                      nullptr),
+                  KESTRUM_OK);
+        return table;
+    };
+    const char* const name = "ncry";
+    kestrum_table* const program = check(KESTRUM_BASIS_PROGRAM, 1, &name);
+    kestrum_table* const standard = check(KESTRUM_BASIS_STANDARD, 1, &name);
+    kestrum_table* const without = check(KESTRUM_BASIS_STANDARD, 0, nullptr);
+    EXPECT_EQ(kestrum_table_ratios(program, KESTRUM_BASIS_STANDARD), nullptr);
+    EXPECT_EQ(kestrum_table_ratios(standard, KESTRUM_BASIS_PROGRAM), nullptr);
+    EXPECT_EQ(kestrum_table_ratios(standard, KESTRUM_BASIS_BOTH), nullptr);
+    EXPECT_EQ(kestrum_table_numbers(without, 0), nullptr);
+    EXPECT_EQ(kestrum_table_refused(nullptr, 0), 0U);
+    EXPECT_EQ(kestrum_table_refused(program, 70), 0U);
+    for (std::size_t i = 0; i < 70; ++i) {
+        EXPECT_EQ(kestrum_table_numbers(program, 0)[i], kestrum_table_numbers(standard, 0)[i]);
+        EXPECT_TRUE(Same(kestrum_table_ratios(standard, KESTRUM_BASIS_STANDARD)[i],
+                         kestrum_table_ratios(without, KESTRUM_BASIS_STANDARD)[i]));
+        // pi^2 E I / L^2 falls with the square of the length.
+        EXPECT_NEAR(kestrum_table_numbers(program, 0)[i] * members.l[i] * members.l[i],
+                    kestrum_table_numbers(program, 0)[0] * members.l[0] * members.l[0],
+                    1e-4 * kestrum_table_numbers(program, 0)[0] * members.l[0] * members.l[0]);
+    }
+    const char* const nothing = nullptr;
+    kestrum_table* table = nullptr;
+    for (const char* const* fields : {static_cast<const char* const*>(nullptr), &nothing}) {
+        EXPECT_EQ(kestrum_table_check(base.get(), nullptr, 0, 1, KESTRUM_BASIS_BOTH, fields, 1, 1,
+                                      &table, nullptr),
+                  KESTRUM_NULL);
+        EXPECT_EQ(table, nullptr);
+    }
+    kestrum_table_free(program);
+    kestrum_table_free(standard);
+    kestrum_table_free(without);
+}
+
 TEST(Table, NamesThatAreNoneFailBeforeAnyRow)
 {
     const std::vector<double> v = {1};

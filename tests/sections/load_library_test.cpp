@@ -72,6 +72,17 @@ TEST(DataFolders, FollowTheBaseDirectories)
     EXPECT_EQ(folders[3], "/usr/share/kestrum-ec3");
 }
 
+// An empty place between two colons is no folder.
+TEST(DataFolders, EmptyPlacesOfTheListAreNone)
+{
+    const Variable own("KESTRUM_DATA", "/own");
+    const Variable shared("XDG_DATA_DIRS", ":/opt/share::/usr/share:");
+    const std::vector<std::string> folders = DataFolders();
+    ASSERT_EQ(folders.size(), 4U);
+    EXPECT_EQ(folders[2], "/opt/share/kestrum-ec3");
+    EXPECT_EQ(folders[3], "/usr/share/kestrum-ec3");
+}
+
 TEST(DataFolders, UnsetSharedFoldersAreTheUsualTwo)
 {
     const Variable shared("XDG_DATA_DIRS", nullptr);
@@ -225,6 +236,34 @@ TEST_F(OwnFolder, AnotherFileAmongTheDeliveredOnesIsReported)
     const Library library = LoadLibrary({user.path().string(), folder});
     EXPECT_THAT(library.faults, ElementsAre(Path("hea.dat") + ": is not the file as delivered"));
     EXPECT_EQ(library.own.size(), 1U);
+}
+
+// Two damaged files: both are told, and what the first holds counts. A damaged one among the
+// delivered is not called another file as well.
+TEST_F(OwnFolder, OfTwoDamagedFilesTheFirstCounts)
+{
+    const TemporaryFolder user;
+    const std::string bytes = Bytes("hea.dat");
+    WriteBytes(user.File("hea.dat"), bytes.substr(0, 2 * 44));  // two rows of eleven numbers
+    WriteBytes(Path("hea.dat"), bytes.substr(0, 44));
+    const std::string folder = fs::path(Path("hea.dat")).parent_path().string();
+    const Library library = LoadLibrary({user.path().string(), folder});
+    const std::string need = " rows need " + std::to_string(bytes.size());
+    ASSERT_EQ(library.faults.size(), 2U);
+    EXPECT_THAT(library.faults[0], StartsWith(user.File("hea.dat") + ": 88 bytes, "));
+    EXPECT_THAT(library.faults[1], StartsWith(Path("hea.dat") + ": 44 bytes, "));
+    EXPECT_THAT(library.faults[0], EndsWith(need));
+    EXPECT_EQ(TableOf(library, Table::hea).At(1, 1), TableOf(Delivered(), Table::hea).At(1, 1));
+    EXPECT_EQ(TableOf(library, Table::hea).At(2, 1), 0);
+}
+
+// A file that is there and cannot be read: its text is the system's.
+TEST_F(OwnFolder, AFileTooLargeToReadIsPassedOver)
+{
+    fs::resize_file(Path("hea.dat"), std::uintmax_t{1} << 40);  // holes only
+    EXPECT_THAT(Load().faults,
+                ElementsAre(Path("hea.dat") + ": is larger than any file of this program; " +
+                            KESTRUM_SHARE "/hea.dat is used instead"));
 }
 
 TEST_F(OwnFolder, AListWhoseLastRowIsAGradeIsReported)

@@ -300,6 +300,14 @@ TEST(SecondSource, NamesLineAndFieldOfAFault)
         return found ? std::to_string(found->line) + ": " + found->what : "none";
     };
     EXPECT_EQ(fault(header + good), "none");
+    std::string dos = header + good;
+    dos.replace(dos.find('\n'), 1, "\r\n");
+    dos.replace(dos.rfind('\n'), 1, "\r\n");
+    EXPECT_EQ(fault(dos), "none");
+    EXPECT_EQ(fault(header + "ub,,It [cm4],2,3,a\n"),
+              "2: expected a size and a figure with its unit in fields 2 and 3");
+    EXPECT_EQ(fault(header + "ub,1,It [cm4],x,3,a\n"),
+              "2: expected numbers above 0 in fields 4 and 5");
     EXPECT_EQ(fault(""), "1: expected a line end");
     EXPECT_EQ(fault("table,size\n"), "1: expected \"" + header.substr(0, header.size() - 1) + '"');
     EXPECT_EQ(fault(header + good + good.substr(0, 30)), "3: expected a line end");

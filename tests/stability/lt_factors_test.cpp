@@ -29,6 +29,18 @@ struct FactorCase {
     double c1, c2, c3;
 };
 
+// A number that is none of the list, from a damaged file, holds nothing.
+TEST(NoSupport, ThereAreNoFactorsOfASupportThatIsNone)
+{
+    for (const int none : {-1, 6, 100}) {
+        Member s = Span(none, true, 1);
+        const CFactors f = LtCFactors(s, s);
+        EXPECT_EQ(f.c1, 0) << none;
+        EXPECT_EQ(f.c2, 0) << none;
+        EXPECT_EQ(f.c3, 0) << none;
+    }
+}
+
 class SupportFactors : public testing::TestWithParam<FactorCase> {};
 
 TEST_P(SupportFactors, FollowTheTable)

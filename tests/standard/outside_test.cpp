@@ -1,10 +1,12 @@
 // What the standard basis does not check is said with the result, where it is so and nowhere else.
 
 #include "core/annexes.h"
+#include "standard/cases.h"
 #include "standard/standard_member.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -125,6 +127,39 @@ TEST(Outside, StrengthsByProductStandard)
     EXPECT_FALSE(said(kAnnexUk, "HEB 300", false));
     EXPECT_FALSE(said(kAnnexUk, "HEA 200", true));
     EXPECT_FALSE(said(0, "HEB 300", true));
+}
+
+// EN 1993-1-1, Table 3.1: grades MH and MLH of EN 10219 are hollow sections, up to 40 mm.
+TEST(NoResult, MhGradesEndAtFortyMillimetres)
+{
+    const auto& grades = Delivered().materials;
+    const auto grade = std::find_if(grades.begin(), grades.end(),
+                                    [](const auto& each) { return each.name == "S355 MH/MLH"; });
+    ASSERT_NE(grade, grades.end());
+    const auto reason = [&](double thick) {
+        Member s = Unloaded(3, 355).Section(FormP23{
+            .isth = 600, .istb1 = 600, .isttw = 20, .isttf = static_cast<float>(thick), .ista = 0});
+        s.fykindex = static_cast<i16>(grade - grades.begin());
+        s.nload[1] = 100;
+        return Rated(s).outside;
+    };
+    EXPECT_THAT(reason(40), testing::Not(testing::Contains(StartsWith("MH and MLH grades"))));
+    EXPECT_THAT(reason(41), testing::Contains("MH and MLH grades above 40 mm: EN 1993-1-1, Table "
+                                              "3.1 has no strength"));
+}
+
+// Without the profile tables a rolled section has no properties; the input names no fault of its
+// own.
+TEST(NoResult, OfASectionThatNoTableHas)
+{
+    Member s = Unloaded(3, 235).Section("IPE 300").Load(5);
+    ASSERT_TRUE(Rated(s).rated);
+    Library library = Delivered();
+    library.tables = {};
+    const auto result = standard::CalculateStandard(library, s);
+    EXPECT_FALSE(result.rated);
+    EXPECT_FALSE(result.outside.empty());
+    EXPECT_FALSE(standard::SectionUtilisation(library, s));
 }
 
 }  // namespace

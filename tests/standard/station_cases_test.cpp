@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kestrum {
@@ -214,6 +215,32 @@ TEST(StationCases, ManyJumpsAreRefusedByName)
     const StationResult result = RatedAt(Beam("IPE 300", 6, 2), jumps);
     EXPECT_FALSE(result.rated);
     EXPECT_EQ(result.reason, "more stations than the standard basis takes");
+}
+
+TEST(StationCases, GoOnWhereTheyAreMoved)
+{
+    const std::vector<Station> stations = {{.x = 0, .n = 50, .my = 20},
+                                           {.x = 6, .n = 50, .my = 20}};
+    StationCases first(Delivered(), Beam("IPE 300", 6, 2)),
+        second(Delivered(), Beam("HEB 200", 6, 2));
+    const double ratio = first.Case(stations).ir;
+    ASSERT_GT(ratio, 0);
+    StationCases moved = std::move(first);
+    EXPECT_EQ(moved.Case(stations).ir, ratio);
+    second = std::move(moved);
+    EXPECT_EQ(second.Case(stations).ir, ratio);
+}
+
+TEST(StationCases, AMemberThatCannotBeCalculatedHasItsReasonInEveryCase)
+{
+    Member s = Beam("IPE 300", 6, 2);
+    s.gammam1 = 0;
+    StationCases cases(Delivered(), s);
+    ASSERT_FALSE(cases.reason().empty());
+    const StationResult result =
+        cases.Case(std::vector<Station>{{.x = 0, .n = 5}, {.x = 6, .n = 5}});
+    EXPECT_FALSE(result.rated);
+    EXPECT_EQ(result.reason, cases.reason());
 }
 
 TEST(StationCases, NoForceGivesNoRatio)
