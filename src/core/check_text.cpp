@@ -86,24 +86,29 @@ std::string SegmentText(const CheckPlace& place)
         return "0 - L/" + parts;
     }
     const std::string start = std::to_string(place.number - 1) + "L/" + parts + " - ";
-    return start +
-           (place.number == place.parts ? " L" : std::to_string(place.number) + "L/" + parts);
+    if (place.number == place.parts) {
+        return start + " L";
+    }
+    return start + std::to_string(place.number) + "L/" + parts;
 }
 
 // What stands behind the limit: place and clause.
 std::string Reference(const Check& check)
 {
     const CheckText& texts = TextsOf(check.form);
-    const std::string cited =
-        texts.cited ? std::string(*texts.cited) : "Ch " + std::string(texts.clause);
+    std::string cited("Ch ");
+    if (texts.cited) {
+        cited = *texts.cited;
+    } else {
+        cited += texts.clause;
+    }
     if (cited.empty()) {
         return {};
     }
     const std::string x = FormatNum(static_cast<float>(check.place.x), kRatio) + "L";
     switch (check.place.kind) {
     case CheckPlace::Kind::section:
-        return " (" + x + "; " + cited +
-               (check.note.empty() ? ")" : std::string(check.note.text()));
+        return (" (" + x + "; " + cited).append(check.note.empty() ? ")" : check.note.text());
     case CheckPlace::Kind::point:
         return " (" + x + ", point: " + std::to_string(check.place.number) + ", " + cited + ")";
     case CheckPlace::Kind::segment:

@@ -124,9 +124,11 @@ void PutRowBack(LoadInputs& loads, const DroppedLoad& load)
 
 std::string Value(const DroppedLoad& load)
 {
-    const std::string unit = " " + std::string(DroppedUnit(load));
-    return ShortNumber(load.value) +
-           (load.field == kTrapezoid ? " to " + ShortNumber(load.value2) : "") + unit;
+    std::string text = ShortNumber(load.value);
+    if (load.field == kTrapezoid) {
+        text += " to " + ShortNumber(load.value2);
+    }
+    return text.append(" ").append(DroppedUnit(load));
 }
 
 std::string Kind(const DroppedLoad& load)
@@ -149,7 +151,10 @@ std::string Place(const DroppedLoad& load)
     if (load.field == kTrapezoid) {
         return ", x = " + ShortNumber(load.x1) + " to " + ShortNumber(load.x2) + " m";
     }
-    return load.field == kPoint ? ", x = " + ShortNumber(load.x1) + " m" : "";
+    if (load.field == kPoint) {
+        return ", x = " + ShortNumber(load.x1) + " m";
+    }
+    return {};
 }
 
 // One of the same row is replaced.
@@ -324,7 +329,9 @@ std::string LoadText(const DroppedLoad& load)
 std::string DroppedText(const DroppedLoad& load)
 {
     std::string text(load.field);
-    text += load.row > 0 ? "[" + std::to_string(load.row) + "]" : "";
+    if (load.row > 0) {
+        text += "[" + std::to_string(load.row) + "]";
+    }
     text += ": " + LoadText(load);
     return text + (load.reason == DropReason::family ? ", not taken by this section family"
                                                      : ", beyond the member or on a support");

@@ -11,13 +11,19 @@ namespace {
 std::string Named(const Failure& failure)
 {
     std::string text(failure.quantity);
-    return failure.row < 0 ? text : text + "[" + std::to_string(failure.row) + "]";
+    if (failure.row >= 0) {
+        text += "[" + std::to_string(failure.row) + "]";
+    }
+    return text;
 }
 
 std::string WithUnit(double value, std::string_view unit)
 {
     std::string text = ShortNumber(value);
-    return unit.empty() || !std::isfinite(value) ? text : text + " " + std::string(unit);
+    if (!unit.empty() && std::isfinite(value)) {
+        text.append(" ").append(unit);
+    }
+    return text;
 }
 
 std::string What(const Failure& failure)
@@ -32,9 +38,13 @@ std::string What(const Failure& failure)
     case Cause::critical_force:
         return "NEd " + value + ", " + Named(failure) + " " + WithUnit(failure.limit, failure.unit);
     default:
-        return std::string(CauseName(failure.cause)) +
-               (failure.quantity.empty() ? "" : ", " + Named(failure));
+        break;
     }
+    std::string text(CauseName(failure.cause));
+    if (!failure.quantity.empty()) {
+        text += ", " + Named(failure);
+    }
+    return text;
 }
 
 }  // namespace
@@ -73,8 +83,11 @@ std::string FailureText(const Failure& failure)
     if (!failure.any()) {
         return {};
     }
-    const std::string_view stage = StageName(failure.stage);
-    return (stage.empty() ? "" : std::string(stage) + ": ") + What(failure);
+    std::string text(StageName(failure.stage));
+    if (!text.empty()) {
+        text += ": ";
+    }
+    return text + What(failure);
 }
 
 std::string ShortNumber(double value)

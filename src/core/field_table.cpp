@@ -201,7 +201,10 @@ const Field* FindField(std::string_view name)
 std::string IndexedName(const Field& field, int index)
 {
     std::string name(field.name);
-    return field.shape == FieldShape::scalar ? name : name + "[" + std::to_string(index) + "]";
+    if (field.shape != FieldShape::scalar) {
+        name += "[" + std::to_string(index) + "]";
+    }
+    return name;
 }
 
 int LastIndex(const Field& field, const ProjectState& s)

@@ -29,7 +29,11 @@ fs::path Added(const fs::path& target, const char* front, const std::string& bac
 
 std::string Numbered(const char* text, int number)
 {
-    return number == 0 ? text : text + std::to_string(number);
+    std::string numbered(text);
+    if (number > 0) {
+        numbered += std::to_string(number);
+    }
+    return numbered;
 }
 
 }  // namespace

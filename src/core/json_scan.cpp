@@ -40,7 +40,7 @@ private:
     bool Mark(char c)
     {
         Blanks();
-        if (Peek() != c || rest_.empty()) {
+        if (Peek() != c) {
             return false;
         }
         rest_.remove_prefix(1);
@@ -104,7 +104,7 @@ private:
     {
         constexpr std::string_view kLetters = "\"\\/bfnrt", kHex = "0123456789abcdefABCDEF";
         rest_.remove_prefix(1);
-        if (kLetters.find(Peek()) != std::string_view::npos && !rest_.empty()) {
+        if (kLetters.find(Peek()) != std::string_view::npos) {
             rest_.remove_prefix(1);
             return true;
         }

@@ -124,13 +124,8 @@ Pattern ReadPattern(std::string_view text)
 void AppendWhole(std::string& out, const Decimal& decimal, int forced)
 {
     const int digits = std::max({decimal.digits == 0 ? 0 : decimal.point, forced, 0});
-    bool leading = true;
     for (int place = decimal.point - digits + 1; place <= decimal.point; ++place) {
-        const char c = decimal.At(place);
-        leading = leading && c == '0' && decimal.point - place + 1 > forced;
-        if (!leading) {
-            out.push_back(c);
-        }
+        out.push_back(decimal.At(place));
     }
 }
 

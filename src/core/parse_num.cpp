@@ -25,7 +25,7 @@ bool IsBlank(char c)
 std::size_t NumberPrefix(std::string_view text, std::string& digits)
 {
     std::size_t at = 0;
-    if (at < text.size() && (text[at] == '+' || text[at] == '-')) {
+    if (text.starts_with('+') || text.starts_with('-')) {
         digits.append(text[at] == '-' ? "-" : "");
         ++at;
     }
