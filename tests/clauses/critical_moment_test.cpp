@@ -8,6 +8,7 @@
 #include <cmath>
 #include <functional>
 #include <numbers>
+#include <utility>
 #include <vector>
 
 namespace kestrum {
@@ -374,6 +375,11 @@ TEST(Bounds, WhatTheModelDoesNotTakeIsNotANumber)
     const LateralSection s = ByWarping(1);
     EXPECT_TRUE(std::isnan(Factor(s, Straight(1, 1), {LateralEnd::fork, LateralEnd::free, {}})));
     EXPECT_TRUE(std::isnan(Factor(s, Straight(1, 1), {LateralEnd::free, LateralEnd::fork, {}})));
+    std::vector<double> most;
+    for (std::size_t i = 1; i <= kMaxHeld; ++i) {
+        most.push_back(kLength * static_cast<double>(i) / (kMaxHeld + 1));
+    }
+    EXPECT_GT(Factor(s, Straight(1, 1), {LateralEnd::fork, LateralEnd::fork, most}), 0);
     const std::vector<double> many(kMaxHeld + 1, 100.0);
     EXPECT_TRUE(std::isnan(Factor(s, Straight(1, 1), {LateralEnd::fork, LateralEnd::fork, many})));
 }
@@ -449,7 +455,7 @@ TEST(BuckledShape, OfAMirroredMemberIsMirrored)
 // The factor is what the shape stores over what the loads give, whatever acts and holds.
 TEST(BuckledShape, EnergiesGiveTheFactor)
 {
-    const std::vector<double> held = {3200};
+    const std::vector<double> held = {3200}, many = {1000, 2000, 3000, 4200, 5500, 6500};
     const LateralSupports restrained{LateralEnd::fork, LateralEnd::clamped, held};
     struct Case {
         LateralSection section;
@@ -462,12 +468,15 @@ TEST(BuckledShape, EnergiesGiveTheFactor)
         {ByWarping(0), MidPoint(3e4, -150), kForks},
         {ByWarping(2), MidPoint(3e4, 150), {LateralEnd::clamped, LateralEnd::clamped, {}}},
         {ByWarping(0.8, -40), Straight(2e6, 0), kCantilever},
+        {ByWarping(0), Straight(2e6, 1e6), {LateralEnd::fork, LateralEnd::fork, many}},
     };
     for (const Case& c : cases) {
         const double alpha = Factor(c.section, c.line, c.supports);
         const BucklingShape shape = BucklingShapeAt(alpha, c.section, c.supports, c.line.View());
         const double stored = shape.bending + shape.warping + shape.torsion;
         EXPECT_NEAR(stored / (shape.moments + shape.asymmetry + shape.levels) / alpha, 1, 1e-6);
+        // v makes the energy least: its own is half of what the moments give with it.
+        EXPECT_NEAR(2 * shape.bending / (shape.moments * alpha), 1, 1e-6);
     }
 }
 
@@ -484,6 +493,115 @@ TEST(BuckledShape, EnergiesOfUniformMomentByHand)
     EXPECT_NEAR(shape.moments / (alpha * 1e12 / s.eiz * 2 * quarter), 1, 5e-3);
     EXPECT_EQ(shape.levels, 0);
     EXPECT_EQ(shape.asymmetry, 0);
+}
+
+// The largest twist is 1, wherever it is: of a cantilever at its tip.
+TEST(BuckledShape, TheTipOfACantileverTwistsMost)
+{
+    for (const double warping : {0.0, 0.8}) {
+        const LateralSection s = ByWarping(warping);
+        const Line line = Straight(2e6, 0);
+        const BucklingShape shape =
+            BucklingShapeAt(Factor(s, line, kCantilever), s, kCantilever, line.View());
+        EXPECT_NEAR(std::abs(shape.phi[kShapePoints - 1]), 1, 1e-12);
+        for (const double twist : shape.phi) {
+            EXPECT_LE(std::abs(twist), 1 + 1e-12);
+        }
+    }
+}
+
+// A force and a moment beside the middle: the line bends and jumps, and the mirrored member buckles
+// into the mirrored shape.
+TEST(BuckledShape, OfALineWithForceAndMomentIsMirrored)
+{
+    const LateralSection s = ByWarping(0.5);
+    const double at = 2900, rest = kLength - at;
+    const auto line = [](double x, double m0, double m1, double m2, double m3) {
+        return Line{{{0, x, {m0, (m1 - m0) / x, 0, 0}, 0, 0},
+                     {x, kLength, {m2, (m3 - m2) / (kLength - x), 0, 0}, 0, 0}},
+                    {{x, 3e5}}};
+    };
+    const Line one = line(at, 2e5, 9e5, 6e5, -1e5), other = line(rest, -1e5, 6e5, 9e5, 2e5);
+    const BucklingShape a = BucklingShapeAt(Factor(s, one), s, kForks, one.View());
+    const BucklingShape b = BucklingShapeAt(Factor(s, other), s, kForks, other.View());
+    EXPECT_NEAR(Factor(s, one) / Factor(s, other), 1, 1e-8);
+    const auto sizes = [](double x, double y) { return std::abs(x) < std::abs(y); };
+    const double largest = std::abs(*std::max_element(a.v.begin(), a.v.end(), sizes));
+    for (std::size_t j = 0; j < kShapePoints; ++j) {
+        const std::size_t mirrored = kShapePoints - 1 - j;
+        EXPECT_NEAR(std::abs(a.phi[j]), std::abs(b.phi[mirrored]), 1e-5);
+        EXPECT_NEAR(std::abs(a.v[j]), std::abs(b.v[mirrored]), 1e-5 * largest);
+    }
+}
+
+// Restraints cut the member into seven pieces under even moment, each without warping: pi sqrt(EIz
+// GIt)/(L/7).
+TEST(UniformMoment, BetweenManyRestraintsWithoutWarpingIsThatOfThePiece)
+{
+    const LateralSection s = ByWarping(0);
+    std::vector<double> held;
+    for (int i = 1; i < 7; ++i) {
+        held.push_back(kLength * i / 7);
+    }
+    const double m = 1e6;
+    const double alpha = Factor(s, Straight(m, m), {LateralEnd::fork, LateralEnd::fork, held});
+    EXPECT_NEAR(alpha * m / (7 * kPi * Unit(s)), 1, 1e-4);
+}
+
+// What was solved before, with more elements and restraints, leaves nothing behind.
+TEST(Laws, AProblemDoesNotDependOnTheOneBefore)
+{
+    std::vector<double> held;
+    for (int i = 1; i <= 16; ++i) {
+        held.push_back(kLength * i / 17);
+    }
+    const LateralSupports many{LateralEnd::clamped, LateralEnd::clamped, held};
+    const LateralSupports few{LateralEnd::clamped, LateralEnd::fork, {held.data() + 5, 1}};
+    for (const double warping : {0.0, 0.5}) {
+        const LateralSection s = ByWarping(warping, 30);
+        const Line line = MidPoint(2e4, 100), other = Straight(3e6, -2e6);
+        const auto solve = [&] {
+            const double alpha = Factor(s, line, few);
+            return std::pair(alpha, BucklingShapeAt(alpha, s, few, line.View()));
+        };
+        const auto alone = solve();
+        BucklingShapeAt(Factor(s, other, many), s, many, other.View());
+        const auto after = solve();
+        EXPECT_EQ(alone.first, after.first);
+        EXPECT_EQ(alone.second.v, after.second.v);
+        EXPECT_EQ(alone.second.phi, after.second.phi);
+        EXPECT_EQ(alone.second.bending, after.second.bending);
+    }
+}
+
+// A load that rises from nothing to q, at a height: seen from the other end it falls.
+TEST(Laws, ARisingLoadIsAFallingOneFromTheOtherEnd)
+{
+    const LateralSection s = ByWarping(0.5, 20);
+    for (const double zg : {-150.0, 150.0}) {
+        const double q = 4, l = kLength;
+        const Line rising = {{{0, l, {0, q * l / 6, 0, -q / (6 * l)}, 0, q * zg}}, {}};
+        const Line falling = {{{0, l, {0, q * l / 3, -q / 2, q / (6 * l)}, q * zg, 0}}, {}};
+        EXPECT_NEAR(Factor(s, rising) / Factor(s, falling), 1, 1e-7);
+    }
+}
+
+// A torque of P zg alone, no moment to speak of, without warping: GIt (1/x + 1/(L - x)) of forks
+// and GIt/L of a cantilever are used up by P zg.
+TEST(Bounds, TorquesTwistTheMemberWhereTheyAct)
+{
+    const LateralSection s = ByWarping(0);
+    const double pz = 1e6;
+    for (const double share : {0.3, 0.5, 0.8}) {
+        const double x = share * kLength;
+        Line line = Straight(1e-3, 1e-3);
+        line.points = {{x, pz}};
+        const double expected = s.git * (1 / x + 1 / (kLength - x)) / pz;
+        EXPECT_NEAR(Factor(s, line) / expected, 1, 1e-6) << share;
+    }
+    Line tip = Straight(1e-3, 0);
+    tip.points = {{kLength, pz}};
+    EXPECT_NEAR(Factor(s, tip, kCantilever) / (s.git / kLength / pz), 1, 1e-6);
 }
 
 }  // namespace
