@@ -3,6 +3,7 @@
 #include <kestrum/kestrum.hpp>
 
 #include "library/reference.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -259,6 +260,12 @@ TEST(CppInterface, AFolderTakesThePlaceOfTheTablesInside)
     EXPECT_EQ(folder->sections("IPE")->front(), "IPE 80");
     EXPECT_EQ((*folder->sections("IPE"))[17], "IPE 600");
     EXPECT_EQ(Catalogue::open("/nonexistent").error().code, KESTRUM_BAD_FILE);
+    const kestrum::TemporaryFolder without;
+    std::filesystem::copy(KESTRUM_SHARE, without.path(), std::filesystem::copy_options::recursive);
+    ASSERT_TRUE(Catalogue::open(without.path()));
+    std::filesystem::remove(without.path() / "KestrumECmat.dat");
+    EXPECT_EQ(Catalogue::open(without.path()).error().text,
+              without.path().string() + ": no material list");
     EXPECT_EQ(Catalogue::open(KESTRUM_SOURCE).error().code, KESTRUM_BAD_FILE);
     EXPECT_EQ(Builtin().sections("XYZ").error().code, KESTRUM_UNKNOWN_NAME);
     EXPECT_EQ(Builtin().sections("99").error().code, KESTRUM_UNKNOWN_NAME);

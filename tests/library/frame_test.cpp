@@ -447,6 +447,26 @@ TEST(Selection, PlatesAreGivenByRangesAndTheMembersOwnSizes)
     EXPECT_NEAR(selection->worst(0, 0)->ratio, 500 / (12 * 180 * 0.235), 1e-4);
 }
 
+// A member that is refused has its own reason; the others of its group have the first of them.
+TEST(Selection, OneRefusedMemberKeepsItsGroupWithoutASection)
+{
+    const std::vector<double> l = {6, -1, -2, 6};
+    const auto selection = kestrum::Selection::check(
+        Beam(), {{"l", l}}, 4, nullptr, PoolOf({"IPE"}), {.basis = Basis::program}, {5, 5, 5, 6});
+    ASSERT_TRUE(selection) << selection.error().text;
+    const std::string own = selection->message(1);
+    EXPECT_EQ(own.substr(0, 3), "l: ");
+    EXPECT_EQ(selection->message(0), "member 1 of the group: " + own);
+    EXPECT_EQ(selection->message(2).substr(0, 3), "l: ");
+    EXPECT_TRUE(selection->found(0).empty());
+    EXPECT_EQ(selection->faults().size(), 2U);
+    ASSERT_EQ(selection->found(3).size(), 1U);
+    EXPECT_TRUE(selection->worst(3, 0, Basis::program));
+    EXPECT_FALSE(selection->worst(3, 0, Basis::standard));  // not asked for
+    EXPECT_FALSE(selection->worst(3, 0, static_cast<Basis>(0)));
+    EXPECT_FALSE(selection->lighter(0));
+}
+
 TEST(Selection, WhatIsWrongIsAnError)
 {
     using kestrum::Selection;

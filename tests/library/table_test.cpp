@@ -187,6 +187,19 @@ TEST(Table, EachBasisAndItsFieldsAlone)
                     kestrum_table_numbers(program, 0)[0] * members.l[0] * members.l[0],
                     1e-4 * kestrum_table_numbers(program, 0)[0] * members.l[0] * members.l[0]);
     }
+    EXPECT_EQ(kestrum_table_numbers(nullptr, 0), nullptr);
+    const double none = -1;
+    const kestrum_column refused{"l", &none, nullptr};
+    for (const unsigned basis : {KESTRUM_BASIS_PROGRAM, KESTRUM_BASIS_STANDARD}) {
+        kestrum_table* one = nullptr;
+        ASSERT_EQ(
+            kestrum_table_check(base.get(), &refused, 1, 1, basis, nullptr, 0, 1, &one, nullptr),
+            KESTRUM_OK);
+        EXPECT_EQ(kestrum_table_statuses(one, basis)[0], KESTRUM_BAD_INPUT);
+        EXPECT_EQ(kestrum_table_statuses(one, KESTRUM_BASIS_BOTH - basis), nullptr);
+        EXPECT_EQ(kestrum_table_refused(one, 0), 0U);
+        kestrum_table_free(one);
+    }
     const char* const nothing = nullptr;
     kestrum_table* table = nullptr;
     for (const char* const* fields : {static_cast<const char* const*>(nullptr), &nothing}) {

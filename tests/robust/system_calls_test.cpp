@@ -52,6 +52,7 @@ Plan plan;
 bool hurried = false;          // each look at the clock takes a second
 std::optional<ino_t> strange;  // a file that another user owns
 std::optional<uid_t> given;    // the owner that was given to a new file
+bool strangecopies = false;    // of a save in place: another user has put them there
 bool namelesskernel = false;   // that hands over no name of the program
 bool attributed = false;       // files have the attributes below
 std::map<ino_t, std::map<std::string, std::string>> attributes;
@@ -129,7 +130,14 @@ int stat(const char* path, struct stat* status) noexcept
 int lstat(const char* path, struct stat* status) noexcept
 {
     static auto* const real = Next<int(const char*, struct stat*)>("lstat");
-    return FaultOf("lstat") != 0 ? -1 : real(path, status);
+    if (FaultOf("lstat") != 0) {
+        return -1;
+    }
+    const int answer = real(path, status);
+    if (answer == 0 && strangecopies && std::strstr(path, ".kestrum-copy") != nullptr) {
+        status->st_uid = kStranger;
+    }
+    return answer;
 }
 
 int fchown(int file, uid_t user, gid_t group) noexcept
@@ -140,6 +148,12 @@ int fchown(int file, uid_t user, gid_t group) noexcept
     }
     given = user;
     return user == kStranger ? 0 : real(file, user, group);
+}
+
+int fchmod(int file, mode_t mode) noexcept
+{
+    static auto* const real = Next<int(int, mode_t)>("fchmod");
+    return FaultOf("fchmod") != 0 ? -1 : real(file, mode);
 }
 
 ssize_t pwrite(int file, const void* data, std::size_t size, off_t at)
@@ -266,7 +280,7 @@ protected:
     ~SystemCalls() override
     {
         plan = {};
-        hurried = attributed = namelesskernel = false;
+        hurried = attributed = namelesskernel = strangecopies = false;
         strange.reset();
         given.reset();
         attributes.clear();
@@ -421,6 +435,7 @@ TEST_F(SystemCalls, AFileSystemWithoutAttributesHasNoneToKeep)
 
 TEST_F(SystemCalls, TheFileOfAnotherUserIsReplacedOnlyWhereItStaysHis)
 {
+    EXPECT_EQ(SavedWhile("fchmod", EPERM), "");  // rights that it cannot have
     strange = FileNumber(file_);
     EXPECT_EQ(SavedWhile("fchown", EPERM), "");
     EXPECT_EQ(FileNumber(file_), *strange);
@@ -438,6 +453,73 @@ TEST_F(SystemCalls, AReaderIsToldOfAWriterWhoNeverEnds)
     strange = FileNumber(file_);
     hurried = true;
     EXPECT_EQ(Refused(file_), kBusy);
+}
+
+// The copy of a save that did not end counts where its owner may write the file.
+TEST_F(SystemCalls, CopiesOfAStrangerCountWhereHeMayWriteTheFile)
+{
+    const std::string copy = file_ + ".kestrum-copy";
+    for (const char* number : {"", "1", "2", "3"}) {
+        WriteBytes(copy + number, kNew);
+    }
+    strangecopies = true;
+    ASSERT_EQ(chmod(file_.c_str(), 0644), 0);
+    std::string bytes;
+    EXPECT_EQ(ReadWholeFile(file_, bytes), "");
+    EXPECT_EQ(bytes, kOld);
+    EXPECT_EQ(WriteWholeFile(file_, kOld), "");
+    EXPECT_EQ(FilesThere(), 5U);  // they are not ours to delete
+    ASSERT_EQ(chmod(file_.c_str(), 0664), 0);
+    EXPECT_EQ(Refused(file_), "was not written to its end; " + copy + " holds it whole");
+    strangecopies = false;
+    ASSERT_EQ(chmod(file_.c_str(), 0644), 0);
+    EXPECT_EQ(Refused(file_), "was not written to its end; " + copy + " holds it whole");
+    Fail("stat", EACCES, 3);  // not the looks for its kind and its target
+    EXPECT_EQ(ReadWholeFile(file_, bytes), "");
+    plan = {};
+    EXPECT_EQ(WriteWholeFile(file_, kOld), "");
+    EXPECT_EQ(FilesThere(), 1U);
+}
+
+TEST_F(SystemCalls, WhatIsNoFileIsNoCopy)
+{
+    const std::string copy = file_ + ".kestrum-copy";
+    fs::create_directory(copy);
+    std::string bytes;
+    EXPECT_EQ(ReadWholeFile(file_, bytes), "");
+    EXPECT_EQ(WriteWholeFile(file_, kNew), "");
+    EXPECT_TRUE(fs::is_directory(copy));
+}
+
+// A neighbour whose writer lives is locked; what is no file is nobody's neighbour.
+TEST_F(SystemCalls, NeighboursOfOthersStay)
+{
+    const std::string living = folder_.File(".x.kst.kestrum-save");
+    const std::string pipe = folder_.File(".x.kst.kestrum-save1");
+    WriteBytes(living, "half");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const Descriptor writer = OpenDescriptor(living, O_RDWR);
+    ASSERT_TRUE(Lock(writer.number(), LOCK_EX, {}));
+    EXPECT_EQ(WriteWholeFile(file_, kNew), "");
+    EXPECT_EQ(ReadBytes(file_), kNew);
+    EXPECT_EQ(ReadBytes(living), "half");
+    EXPECT_TRUE(fs::is_fifo(pipe));
+    EXPECT_EQ(FilesThere(), 3U);
+}
+
+TEST_F(SystemCalls, ANewNeighbourThatAnotherOneLocksFirstIsHis)
+{
+    {
+        FileLock lock;
+        ASSERT_EQ(lock.Take(file_), "");
+        Fail("flock", EWOULDBLOCK, 1, 1);
+        EXPECT_EQ(lock.Write(kNew), "");
+        plan = {};
+    }
+    EXPECT_EQ(ReadBytes(file_), kNew);
+    EXPECT_EQ(FilesThere(), 2U);
+    EXPECT_EQ(WriteWholeFile(file_, kOld), "");
+    EXPECT_EQ(FilesThere(), 1U);
 }
 
 TEST_F(SystemCalls, AFileThatCannotBeLookedAtIsNotTaken)
