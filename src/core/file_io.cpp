@@ -138,7 +138,10 @@ std::string Read(const std::string& path, std::string& bytes, bool locked)
             return std::string(kBusy);
         }
         problem = ReadAll(file.get(), bytes);
-        const fs::path copy = type == fs::file_type::regular ? CopyLeft(TargetOf(path)) : "";
+        fs::path copy;
+        if (type == fs::file_type::regular) {
+            copy = CopyLeft(TargetOf(path));
+        }
         if (copy.empty()) {
             return problem;
         }

@@ -116,9 +116,10 @@ public:
     // A folder that may not be read cannot be flushed either.
     std::string Flush() const
     {
-        return !file_ || kestrum::Flush(file_)
-                   ? std::string{}
-                   : "is written, but its folder cannot be flushed: " + LastFault();
+        if (!file_ || kestrum::Flush(file_)) {
+            return {};
+        }
+        return "is written, but its folder cannot be flushed: " + LastFault();
     }
 
     // Gives the neighbour, which holds the bytes, the name of the copy.
@@ -281,8 +282,11 @@ std::string FileLock::Write(std::string_view bytes)
         return "is write-protected";  // a rename would not mind
     }
     std::string problem;
-    if (there && !held_->file && !(problem = Take(Utf8Name(target))).empty()) {
-        return problem;  // made by another one since
+    if (there && !held_->file) {  // made by another one since
+        problem = Take(Utf8Name(target));
+    }
+    if (!problem.empty()) {
+        return problem;
     }
     const Folder folder(target);
     Neighbour neighbour;

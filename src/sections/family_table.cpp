@@ -61,8 +61,11 @@ std::string RowKey(const Library& library, Table table, int row)
 
 std::string RowName(const Library& library, Table table, int row)
 {
-    const std::string key = RowKey(library, table, row);
-    return key.empty() ? key : std::string(ShapeOf(table).prefix) + " " + key;
+    std::string key = RowKey(library, table, row);
+    if (!key.empty()) {
+        key.insert(0, std::string(ShapeOf(table).prefix) + " ");
+    }
+    return key;
 }
 
 }  // namespace kestrum

@@ -30,7 +30,7 @@ constexpr const char* kFolder = "kestrum-ec3";
 std::string Environment(const char* name)
 {
     const char* value = std::getenv(name);
-    return value == nullptr ? std::string() : std::string(value);
+    return value == nullptr ? "" : value;
 }
 
 // prefix/share/kestrum-ec3 of a program in prefix/bin, installed or not.
@@ -62,8 +62,10 @@ std::string FolderFault(const std::string& folder)
     if (count == 0) {
         return {};
     }
-    return folder + " has no " + (count == kTables ? "profile tables" : missing) +
-           "; those of the other data folders are used";
+    if (count == kTables) {
+        missing = "profile tables";
+    }
+    return folder + " has no " + missing + "; those of the other data folders are used";
 }
 
 #endif
@@ -91,7 +93,11 @@ Found ReadAndCheck(const std::string& path, bool shared, const Check& check, std
 {
     Found found{path, {}, false, shared};
     const std::string problem = ReadWholeFile(path, found.bytes);
-    fault = problem.empty() ? check(path, found.bytes) : path + ": " + problem;
+    if (problem.empty()) {
+        fault = check(path, found.bytes);
+    } else {
+        fault = path + ": " + problem;
+    }
     found.whole = fault.empty();
     return found;
 }
@@ -117,7 +123,10 @@ Found Find(const std::vector<std::string>& folders, std::string_view name, const
         }
     }
     for (const std::string& fault : passed) {
-        faults.push_back(fault + (best.whole ? "; " + best.path + " is used instead" : ""));
+        std::string& text = faults.emplace_back(fault);
+        if (best.whole) {
+            text += "; " + best.path + " is used instead";
+        }
     }
     return best;
 }
@@ -141,8 +150,11 @@ void LoadTables(const std::vector<std::string>& folders, Library& library)
     for (std::size_t i = 0; i < kTables; ++i) {
         const TableShape& shape = ShapeOf(static_cast<Table>(i));
         const auto check = [&](const std::string& path, const std::string& bytes) {
-            const std::string fault = CheckProfile(bytes, shape);
-            return fault.empty() ? fault : path + ": " + fault;
+            std::string fault = CheckProfile(bytes, shape);
+            if (!fault.empty()) {
+                fault.insert(0, path + ": ");
+            }
+            return fault;
         };
         const Found found = Find(folders, shape.file, check, library.faults);
         if (found.path.empty()) {
@@ -232,7 +244,7 @@ std::string UserDataFolder()
 
 std::vector<std::string> DataFolders()
 {
-    std::vector<std::string> folders = {UserDataFolder()};
+    std::vector<std::string> folders(1, UserDataFolder());
     if (const std::string beside = FolderBesideProgram(); !beside.empty()) {
         folders.push_back(beside);
     }
@@ -263,7 +275,7 @@ Library LoadLibrary(const std::vector<std::string>& folders)
 
 Library LoadLibrary(const std::string& folder)
 {
-    return LoadLibrary(std::vector<std::string>{folder});
+    return LoadLibrary(std::vector<std::string>(1, folder));
 }
 
 Library LoadUsualLibrary()
