@@ -6,6 +6,7 @@
 #include "engine/section_dispatch.h"
 #include "standard/standard_member.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
@@ -351,6 +352,76 @@ TEST(Angle, SumByAxesUnderBothMoments)
     EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, 2e6, 0), 0.845724, 1e-6);
     EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, -2e6, 0), 0.635920, 1e-6);
     EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, -2e6, 2e6), 0.5 + 0.135920 + 0.345724, 1e-6);
+}
+
+// The same at each corner: heel, upper tip, tip of the lying leg.
+TEST(Angle, SumByAxesIsThatOfTheCorners)
+{
+    standard::StandardSection q{};
+    q.fy = 235;
+    q.gammam0 = 1;
+    q.iy = 3e6;
+    q.iz = 1e6;
+    q.above = 98;
+    q.below = 52;
+    q.left = 15;
+    q.right = 60;
+    for (const double n : {0.3, -0.3}) {
+        for (const double my : {4e6, 1e6, -1e6, -4e6}) {
+            for (const double mz : {1e6, -1e6}) {
+                const auto at = [&](double y, double z) {
+                    return std::abs(-n + my * z / (q.iy * 235) + mz * y / (q.iz * 235));
+                };
+                const double most = std::max({at(-15, 98), at(-15, -52), at(60, -52)});
+                EXPECT_NEAR(standard::AngleSumByAxes(q, n, my, mz), most, 1e-12);
+            }
+        }
+    }
+}
+
+// L 150x75x9, its heel at 0: edges from the centroid of the table, the shear centre where the
+// middles of the legs meet.
+TEST(Angle, EdgesAndShearCentre)
+{
+    Member s = Unloaded(3, 235).Section("L 150x75x9");
+    CalcSection(Delivered(), s);
+    const auto q = standard::SectionOf(Delivered(), s, Basis::Standard());
+    EXPECT_NEAR(q.above + q.below, 150, 1e-4);
+    EXPECT_NEAR(q.left + q.right, 75, 1e-4);
+    EXPECT_NEAR(q.centre_y + q.left, 4.5, 1e-5);
+    EXPECT_NEAR(q.centre_z + q.below, 4.5, 1e-5);
+    ASSERT_GT(q.below, q.left);
+}
+
+// Nothing of the legs 100x10 is lost: the values of the table stay to the last digit.
+TEST(Angle, StockyLegsKeepTheValuesOfTheTable)
+{
+    Member s = Equal(3);
+    CalcSection(Delivered(), s);
+    const auto q = standard::SectionOf(Delivered(), s, Basis::Standard());
+    const auto angle = standard::EffectiveAngle(q, Basis::Standard());
+    EXPECT_EQ(angle.a, q.a);
+    EXPECT_EQ(angle.iu, q.angle.iu);
+    EXPECT_EQ(angle.iv, q.angle.iv);
+    EXPECT_EQ(angle.alfa, q.angle.alfa);
+    EXPECT_FALSE(angle.Shifted());
+}
+
+// Of two corners with one stress the first is told.
+TEST(Angle, FirstOfEqualCornersIsTold)
+{
+    standard::StandardSection q{};
+    q.fy = 235;
+    q.gammam0 = 1;
+    standard::AngleSection angle{};
+    angle.a = 1000;
+    angle.iu = angle.iv = 1e6;
+    angle.cosine = 1;
+    angle.corners[1].w = 50;
+    angle.corners[3].w = -50;
+    standard::CornerTerms worst{};
+    EXPECT_NEAR(standard::AngleUse(q, angle, {0, 1e6, 0, 0, 0}, &worst), 50 / 235.0, 1e-12);
+    EXPECT_EQ(worst.w, 50);
 }
 
 }  // namespace

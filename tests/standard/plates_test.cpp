@@ -4,10 +4,13 @@
 #include "standard/plates.h"
 
 #include "engine/section_dispatch.h"
+#include "sections/families.h"
 #include "standard/standard_member.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <vector>
 
 namespace kestrum {
 namespace {
@@ -421,6 +424,211 @@ TEST(Plates, EffectiveFlangesOfABoxWithOverhangs)
     for (const bool top : {true, false}) {
         EXPECT_EQ(standard::EffectiveFlange(q, top).b, top ? q.top.b : q.bottom.b);
     }
+}
+
+// --- Every section of plates ---------------------------------------------------------------------
+
+// The section of each form of plates as it is after a start.
+template <class Visit> void ForPlates(const Visit& visit)
+{
+    int visited = 0;
+    for (const int family : FamilyNumbers()) {
+        Member s = Unloaded(4, 235).Family(family);
+        const auto q = SectionFor(s);
+        if (q.OfStrips()) {
+            SCOPED_TRACE(family);
+            visit(q);
+            ++visited;
+        }
+    }
+    EXPECT_GT(visited, 6);
+}
+
+TEST(Plates, EverySectionHasItsOriginAtItsCentroid)
+{
+    ForPlates([](const standard::StandardSection& q) {
+        double a = 0, sy = 0, sz = 0, iz = 0;
+        for (std::size_t i = 0; i < q.strip_count; ++i) {
+            const standard::Strip& strip = q.strips[i];
+            const double y = (strip.y0 + strip.y1) / 2, b = strip.y1 - strip.y0;
+            a += strip.Area();
+            sy += strip.Area() * y;
+            sz += strip.Area() * (strip.z0 + strip.z1) / 2;
+            iz += strip.Area() * (y * y + b * b / 12);
+        }
+        EXPECT_NEAR(sy, 0, 1e-9 * a * q.b);
+        EXPECT_NEAR(sz, 0, 1e-9 * a * q.h);
+        EXPECT_NEAR(q.iz, iz, 1e-9 * iz);
+        EXPECT_NEAR(standard::PlasticBeside(q, 0, 0).a, a, 1e-9 * a);
+    });
+}
+
+// An outstand ends where its flange ends, and none is without a width.
+TEST(Plates, OutstandsEndAtTheEdgesOfFlanges)
+{
+    ForPlates([](const standard::StandardSection& q) {
+        for (std::size_t k = 0; k < q.wall_count; ++k) {
+            const standard::Wall& wall = q.walls[k];
+            EXPECT_GT(wall.Width(), 1e-3);
+            if (!wall.outstand || wall.Upright()) {
+                continue;
+            }
+            double off = 1e9;
+            for (std::size_t i = 0; i < q.strip_count; ++i) {
+                off = std::min(
+                    {off, std::abs(wall.y1 - q.strips[i].y0), std::abs(wall.y1 - q.strips[i].y1)});
+            }
+            EXPECT_LT(off, 1e-6);
+        }
+    });
+}
+
+// 6.2.5: of all axes the one that halves the area has the least sum of first moments.
+double LeastFirstMoment(const standard::StandardSection& q, bool along_z, double rho_web,
+                        double rho_flange)
+{
+    const auto moment = [&](double x) {
+        double sum = 0;
+        for (std::size_t i = 0; i < q.strip_count; ++i) {
+            const standard::Strip& strip = q.strips[i];
+            const double up = (along_z ? strip.z1 : strip.y1) - x;
+            const double down = (along_z ? strip.z0 : strip.y0) - x;
+            const double left = 1 - (strip.web ? rho_web : rho_flange);
+            const double density = left * strip.Area() / (up - down);
+            sum += density * (up * std::abs(up) - down * std::abs(down)) / 2;
+        }
+        return sum;
+    };
+    double lo = -5000, hi = 5000;
+    for (int step = 0; step < 200; ++step) {
+        const double third = (hi - lo) / 3;
+        const bool left = moment(lo + third) < moment(hi - third);
+        (left ? hi : lo) += left ? -third : third;
+    }
+    return moment((lo + hi) / 2);
+}
+
+void ExpectPlastic(const standard::StandardSection& q, double rho_web, double rho_flange)
+{
+    const auto values = standard::PlasticBeside(q, rho_web, rho_flange);
+    const double wy = LeastFirstMoment(q, true, rho_web, rho_flange);
+    const double wz = LeastFirstMoment(q, false, rho_web, rho_flange);
+    EXPECT_NEAR(values.wy, wy, 1e-9 * wy);
+    EXPECT_NEAR(values.wz, wz, 1e-9 * wz);
+}
+
+TEST(Plates, PlasticModuliAreTheLeastFirstMoments)
+{
+    ForPlates([](const standard::StandardSection& q) {
+        ExpectPlastic(q, 0, 0);
+        ExpectPlastic(q, 0.3, 0);
+        ExpectPlastic(q, 0.6, 0.2);
+        EXPECT_EQ(standard::PlasticBeside(q, 1, 1).wy, 0) << "nothing is left";
+    });
+}
+
+// A web of 1000 mm2 below a flange of little more or less: the axis changes the strip.
+TEST(Plates, PlasticAxisBesideTheEdgeOfAFlange)
+{
+    for (const double width : {49.5, 49.75, 50.0, 50.25, 50.5}) {
+        standard::StandardSection q{};
+        q.strip_count = 2;
+        q.strips[0] = {-5, 0, 5, 100, true};
+        q.strips[1] = {-width / 2, 100, width / 2, 120, false};
+        ExpectPlastic(q, 0, 0);
+    }
+}
+
+TEST(Plates, ElasticLossOfTheStrips)
+{
+    ForPlates([](const standard::StandardSection& q) {
+        double webs = 0, flanges = 0;
+        for (std::size_t i = 0; i < q.strip_count; ++i) {
+            (q.strips[i].web ? webs : flanges) += q.strips[i].Area();
+        }
+        EXPECT_NEAR(ElasticLoss(q, 0.3, 0.1).a, 0.3 * webs + 0.1 * flanges, 1e-9 * webs);
+    });
+}
+
+// Thin lines of one web and two flanges: warping about the shear centre has no first moments, and
+// its square is the warping constant.
+TEST(Plates, WarpingAboutTheShearCentre)
+{
+    ForPlates([](const standard::StandardSection& q) {
+        if (q.Closed()) {
+            return;
+        }
+        const double top = q.above - q.top.t / 2, low = -q.below + q.bottom.t / 2;
+        const double web = (q.strips[1].y0 + q.strips[1].y1) / 2;
+        struct Part {
+            double y, z, w, da;
+        };
+        std::vector<Part> parts;
+        const auto line = [&](double y0, double z0, double y1, double z1, double t, double start) {
+            constexpr int kSteps = 2000;
+            const double dy = (y1 - y0) / kSteps, dz = (z1 - z0) / kSteps;
+            const double each = (y0 - q.centre_y) * dz - (z0 - q.centre_z) * dy;
+            for (int i = 0; i < kSteps; ++i) {
+                const double at = i + 0.5;
+                parts.push_back(
+                    {y0 + at * dy, z0 + at * dz, start + at * each, t * std::hypot(dy, dz)});
+            }
+        };
+        line(web, top, q.strips[0].y0, top, q.top.t, 0);
+        line(web, top, q.strips[0].y1, top, q.top.t, 0);
+        line(web, top, web, low, q.tw, 0);
+        if (q.strip_count > 2) {
+            const double corner = (web - q.centre_y) * (low - top);
+            line(web, low, q.strips[2].y0, low, q.bottom.t, corner);
+            line(web, low, q.strips[2].y1, low, q.bottom.t, corner);
+        }
+        double a = 0, sy = 0, sz = 0, sw = 0;
+        for (const Part& part : parts) {
+            a += part.da;
+            sy += part.y * part.da;
+            sz += part.z * part.da;
+            sw += part.w * part.da;
+        }
+        double iy = 0, iz = 0, about_y = 0, about_z = 0, iw = 0;
+        for (const Part& part : parts) {
+            const double u = part.y - sy / a, v = part.z - sz / a, w = part.w - sw / a;
+            iy += v * v * part.da;
+            iz += u * u * part.da;
+            about_y += w * v * part.da;
+            about_z += w * u * part.da;
+            iw += w * w * part.da;
+        }
+        EXPECT_NEAR(about_y, 0, 1e-5 * iy * q.h);
+        EXPECT_NEAR(about_z, 0, 1e-5 * iz * q.b);
+        EXPECT_NEAR(q.iw, iw, 1e-5 * iw + 1e-6 * iz * q.h * q.h);
+    });
+}
+
+// 6.2.2.4 (1), eps 1, two webs 400x6, 20 eps tw = 120 twice at the compressed side: the plastic
+// axis lies 241.2 mm below the flange 200x10, so that 1.2 mm do not count; above 238.8 all of it
+// does.
+TEST(Plates, WebsThatAreUpgradedBeyondTwiceTheirKeptParts)
+{
+    standard::StandardSection q{};
+    q.eps = 1;
+    q.webs = 2;
+    q.tw = 6;
+    q.hw = 400;
+    q.wply = 1;
+    q.top = {200, 10};
+    const auto modulus = [&](double depth) {
+        // half of the area is 2000 + 12 depth
+        q.bottom = {(2 * (2000 + 12 * depth) - 2000 - 12 * 400) / 10, 10};
+        return standard::UpgradedModulus(q, true, Basis::Standard());
+    };
+    EXPECT_EQ(modulus(238.8), 1);
+    const double found = modulus(241.2);
+    const double other = q.bottom.b * 10;
+    const double tension = (2000 + 12 * 240 - other) / 12, axis = 400 - tension;
+    EXPECT_NEAR(found,
+                2000 * (axis + 5) + 12 * 120 * (axis - 60) + 12 * 120 * 60 +
+                    12 * tension * tension / 2 + other * (tension + 5),
+                1e-6 * found);
 }
 
 }  // namespace
