@@ -178,7 +178,10 @@ double SeriesFactor(const LateralSection& s, const Line& line, double high,
         const double d = x - p.x0;
         return p.m[0] + p.m[1] * d + p.m[2] * d * d + p.m[3] * d * d * d;
     };
-    const auto qz = [&](double x) { return piece(x).qz0; };
+    const auto qz = [&](double x) {
+        const MomentPiece& p = piece(x);
+        return p.qz0 + (p.qz1 - p.qz0) * (x - p.x0) / (p.x1 - p.x0);
+    };
     return Series(s, m, qz, line.points, std::move(held)).Factor(high);
 }
 
@@ -287,6 +290,19 @@ TEST(AgainstSeries, RestraintsAndUnequalFlanges)
             EXPECT_NEAR(SeriesFactor(s, line, 2 * alpha, held) / alpha, 1, 2e-3)
                 << held.size() << " restraints";
         }
+    }
+}
+
+// A load that rises from 0 to q: M = q L x/6 - q x^3/(6 L), a line of the third degree.
+TEST(AgainstSeries, TriangularLoads)
+{
+    const LateralSection s = ByWarping(0.7);
+    for (const double zg : {120.0, -120.0}) {
+        constexpr double kMost = 4;  // N/mm
+        const Line line{
+            {{0, kLength, {0, kMost * kLength / 6, 0, -kMost / (6 * kLength)}, 0, kMost * zg}}, {}};
+        const double alpha = Factor(s, line);
+        EXPECT_NEAR(SeriesFactor(s, line, 2 * alpha) / alpha, 1, 1e-3) << "zg = " << zg;
     }
 }
 
@@ -456,7 +472,9 @@ TEST(BuckledShape, OfAMirroredMemberIsMirrored)
 TEST(BuckledShape, EnergiesGiveTheFactor)
 {
     const std::vector<double> held = {3200}, many = {1000, 2000, 3000, 4200, 5500, 6500};
+    const std::vector<double> thrice = {1000, 3200, 6100};
     const LateralSupports restrained{LateralEnd::fork, LateralEnd::clamped, held};
+    const LateralSupports by_many{LateralEnd::clamped, LateralEnd::clamped, thrice};
     struct Case {
         LateralSection section;
         Line line;
@@ -469,6 +487,8 @@ TEST(BuckledShape, EnergiesGiveTheFactor)
         {ByWarping(2), MidPoint(3e4, 150), {LateralEnd::clamped, LateralEnd::clamped, {}}},
         {ByWarping(0.8, -40), Straight(2e6, 0), kCantilever},
         {ByWarping(0), Straight(2e6, 1e6), {LateralEnd::fork, LateralEnd::fork, many}},
+        {ByWarping(0.6), Uniform(30, 100), by_many},
+        {ByWarping(0), Straight(4e6, -1e6), by_many},
     };
     for (const Case& c : cases) {
         const double alpha = Factor(c.section, c.line, c.supports);
