@@ -4,6 +4,7 @@
 #include "standard/angle.h"
 
 #include "engine/section_dispatch.h"
+#include "standard/resistance.h"
 #include "standard/standard_member.h"
 
 #include <algorithm>
@@ -304,19 +305,19 @@ TEST(Angle, PrincipalAxesOfSlenderUnequalLegs)
     EXPECT_NEAR(angle.alfa, left.Turn(), 1e-9);
 }
 
-// Iu 4, Iv 1, turned by cos 0.8 and sin 0.6, I 2: 2 (0.64/4 + 0.36), 2 (0.36/4 + 0.64) and 2 0.48
-// (1/4 - 1).
+// Iu 4, Iv 2, turned by cos 0.8 and sin 0.6, I 2: 2 (0.64/4 + 0.36/2), 2 (0.36/4 + 0.64/2) and 2
+// 0.48 (1/4 - 1/2).
 TEST(Angle, CurvaturesOfAnAngleThatIsFreeToMove)
 {
     standard::AngleSection angle{};
     angle.iu = 4;
-    angle.iv = 1;
+    angle.iv = 2;
     angle.cosine = 0.8;
     angle.sine = 0.6;
-    EXPECT_NEAR(standard::CouplingOf(angle, 2, true).own, 1.04, 1e-12);
-    EXPECT_NEAR(standard::CouplingOf(angle, 2, false).own, 1.46, 1e-12);
+    EXPECT_NEAR(standard::CouplingOf(angle, 2, true).own, 0.68, 1e-12);
+    EXPECT_NEAR(standard::CouplingOf(angle, 2, false).own, 0.82, 1e-12);
     for (const bool about_y : {true, false}) {
-        EXPECT_NEAR(standard::CouplingOf(angle, 2, about_y).other, -0.72, 1e-12);
+        EXPECT_NEAR(standard::CouplingOf(angle, 2, about_y).other, -0.24, 1e-12);
     }
 }
 
@@ -352,6 +353,70 @@ TEST(Angle, SumByAxesUnderBothMoments)
     EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, 2e6, 0), 0.845724, 1e-6);
     EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, -2e6, 0), 0.635920, 1e-6);
     EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, -2e6, 2e6), 0.5 + 0.135920 + 0.345724, 1e-6);
+    EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, 2e6, -2e6), 0.5 + 0.345724 + 0.135920, 1e-6);
+    EXPECT_NEAR(standard::AngleSumByAxes(q, -0.5, -2e6, -2e6), 0.5 + 2 * 0.135920, 1e-6);
+}
+
+// A leg that is whole is not listed, and the other one loses its tip, whichever it is.
+TEST(Angle, OneSlenderLeg)
+{
+    for (const bool upright : {true, false}) {
+        const standard::StandardSection q = upright ? OfLegs(150, 60, 6) : OfLegs(60, 150, 6);
+        std::vector<standard::LostPart> lost;
+        const auto angle = standard::EffectiveAngle(q, Basis::Standard(), &lost);
+        ASSERT_EQ(lost.size(), 1U);
+        EXPECT_GT(upright ? lost[0].high : lost[0].wide, 50);
+        EXPECT_NEAR(angle.a, q.a - lost[0].Area(), 1e-9 * q.a);
+    }
+}
+
+// The shifts of the effective centroid along the principal axes of what is left.
+TEST(Angle, ShiftsOfTheEffectiveCentroid)
+{
+    const standard::StandardSection q = OfLegs(150, 75, 6);
+    const auto p = standard::Prepare(q, Basis::Standard());
+    ASSERT_EQ(p.class_n, 4);
+    const auto& angle = p.effective_angle;
+    const double c = std::cos(angle.alfa), s = std::sin(angle.alfa);
+    EXPECT_NEAR(p.effective.enz, std::abs(angle.yc * c + angle.zc * s), 1e-9);
+    EXPECT_NEAR(p.effective.eny, std::abs(angle.zc * c - angle.yc * s), 1e-9);
+    EXPECT_GT(p.effective.eny, 0.1);
+    EXPECT_GT(p.effective.enz, 0.1);
+}
+
+// The edges of L 150x75x11 are its legs, its shear centre lies where their middles meet.
+TEST(Angle, EdgesAndShearCentre)
+{
+    Member s = Unloaded(3, 235).Section("L 150x75x11");
+    CalcSection(Delivered(), s);
+    const auto q = standard::SectionOf(Delivered(), s, Basis::Standard());
+    EXPECT_NEAR(q.above + q.below, 150, 1e-4);
+    EXPECT_NEAR(q.left + q.right, 75, 1e-4);
+    EXPECT_NEAR(q.centre_y + q.left, 5.5, 1e-9);
+    EXPECT_NEAR(q.centre_z + q.below, 5.5, 1e-9);
+}
+
+// Of corners that are stressed alike the first is told, with the shift in its unfavourable sense.
+TEST(Angle, TermsOfTheWorstCorner)
+{
+    standard::StandardSection q{};
+    q.fy = 235;
+    q.gammam0 = 1;
+    standard::AngleSection angle{};
+    angle.a = 1000;
+    angle.iu = angle.iv = 1e6;
+    angle.cosine = 1;
+    for (std::size_t i = 0; i < angle.corners.size(); ++i) {
+        angle.corners[i] = {10.0 * static_cast<double>(i), 5, true, true};
+    }
+    standard::CornerTerms terms{};
+    standard::AngleUse(q, angle, {100e3, 0, 0, 0, 0}, &terms);
+    EXPECT_EQ(terms.s, 0);
+    EXPECT_NEAR(standard::LeastModulusV(angle), 1e6 / 40, 1e-6);
+    angle.yc = 4;
+    standard::AngleUse(q, angle, {100e3, 0, 0, 0, 0}, &terms);
+    EXPECT_EQ(terms.s, 40);
+    EXPECT_NEAR(std::abs(terms.ey), 4, 1e-12);
 }
 
 // The same at each corner: heel, upper tip, tip of the lying leg.

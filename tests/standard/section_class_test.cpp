@@ -266,5 +266,19 @@ TEST(SectionClass, ProgramsLimitBesideASmallTension)
                  Basis::StandardBut(Dev::d166));
 }
 
+TEST(SectionClass, AnglesWithoutForces)
+{
+    StandardSection q{};
+    q.kind = Kind::angle;
+    q.h = 160;
+    q.b = 70;
+    q.tw = 10;
+    q.eps = 1;
+    const Basis back = Basis::StandardBut(Dev::d181);
+    EXPECT_EQ(ClassOf(q, {0, false, false, false}, Basis::Standard()), 3) << "none is compressed";
+    EXPECT_EQ(ClassOf(q, {1, false, false, false}, Basis::Standard()), 4) << "160/10 = 16";
+    EXPECT_EQ(ClassOf(q, {1, false, false, false}, back), 3) << "(160 + 70)/20 = 11.5, included";
+}
+
 }  // namespace
 }  // namespace kestrum

@@ -234,5 +234,34 @@ TEST(Vibration, EachCategoryHasItsFactor)
     EXPECT_NEAR(standard::VibrationOf(s)->mass, s.weight + (1 + 1.4 + 0.9) * 1000 / 9.81, 1e-3);
 }
 
+// From 2 to 6 kN/m all over a pinned member: phi^2 is symmetric, the mean 4 moves.
+TEST(Vibration, LoadsThatRiseAllOverTheMember)
+{
+    const auto trapezoid = [](i16 supports, float from, float to) {
+        Member s = Beam(supports);
+        s.qt1[1] = from;
+        s.qt2[1] = to;
+        s.qtx2[1] = 6;
+        s.qtdir[1] = 1;
+        return First(s);
+    };
+    EXPECT_NEAR(trapezoid(0, 2, 6) / Even(kPi, kWeight + 4000 / 9.81), 1, 1e-5);
+    // the free part lies at the pinned start: a load that is larger there moves more
+    EXPECT_LT(trapezoid(1, 6, 2), trapezoid(1, 2, 6));
+}
+
+// E.1.2 (2): accepted above 1.25 vm, which grows with the basic wind speed.
+TEST(Vortex, AcceptedFromAQuarterAboveTheWindOn)
+{
+    Member s = Tube();
+    Control(s);
+    const auto at_25 = VortexSheddingOf(s);
+    ASSERT_TRUE(at_25);
+    for (const double share : {0.996, 1.004}) {
+        s.vb = static_cast<float>(25 * at_25->vcrit / (1.25 * at_25->vm) * share);
+        EXPECT_EQ(VortexSheddingOf(s)->accepted, share < 1);
+    }
+}
+
 }  // namespace
 }  // namespace kestrum
