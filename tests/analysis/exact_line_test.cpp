@@ -80,8 +80,9 @@ TEST(ExactLine, TriangularLoad)
     EXPECT_NEAR(At(m, fixed, kL), -12 * kL * kL / 20, 1e-12);
 }
 
-// The same: 12 kN/m at the end, V = 12 at the start and -24 at the end. From -6 to 6 kN/m the
-// reactions are -6 kN: V = -6 + 6 x - x^2, at most 3 kN in the middle, where the load is 0.
+// The same: 12 kN/m at the end, V = 12 at the start and -24 at the end. From -12 to 12 kN/m
+// the reactions are -12 kN: V = -12 + 12 x - 2 x^2, at most 6 kN in the middle, where the load is
+// 0.
 TEST(ExactLine, ShearOfTriangularLoads)
 {
     Member rising{{{0, kL, 0, 12}}, {}};
@@ -90,11 +91,23 @@ TEST(ExactLine, ShearOfTriangularLoads)
     EXPECT_EQ(shear.most.x, 0);
     EXPECT_NEAR(shear.least.value, -24, 1e-12);
     EXPECT_EQ(shear.least.x, kL);
-    Member turning{{{0, kL, -6, 6}}, {{1, 0, 0}}};  // two pieces
+    Member turning{{{0, kL, -12, 12}}, {{1, 0, 0}}};  // two pieces
     shear = ExtremesOfShear(turning.Grid(), turning.Line(kPinned));
-    EXPECT_NEAR(shear.most.value, 3, 1e-12);
+    EXPECT_NEAR(shear.most.value, 6, 1e-12);
     EXPECT_NEAR(shear.most.x, 3, 1e-12);
     EXPECT_EQ(shear.most.piece, 1U);
+}
+
+// M = 3 s^2 - s^3 on 4 m: level at the start, largest with 4 at 2 m, -16 at the end.
+TEST(ExactLine, APieceMayBeginWithoutShear)
+{
+    LineGridMaker maker(4);
+    MomentPolynomials line{};
+    line.m[0] = {0, 0, 3, -1};
+    const LineExtremes extremes = ExtremesOfMoment(maker.Grid(), line);
+    EXPECT_NEAR(extremes.most.value, 4, 1e-12);
+    EXPECT_NEAR(extremes.most.x, 2, 1e-12);
+    EXPECT_NEAR(extremes.least.value, -16, 1e-12);
 }
 
 TEST(ExactLine, TheFirstOfEqualMomentsCounts)
@@ -166,6 +179,52 @@ TEST(ExactLine, TheDeflectionIsLargestWhereTheSlopeIsExactlyNothing)
     const LineExtreme largest = DeflectionLine(grid, line, false, 1e5, 1e7).Largest();
     EXPECT_NEAR(largest.x, 5.5, 1e-9);
     EXPECT_NEAR(largest.value, 5 * 24 * std::pow(11.0, 4) / 384 / 1000 * 1000, 1e-7);
+}
+
+// End moments of 8 and -10 kNm: M = 8 - 3 x, EI d = 6 x - 4 x^2 + x^3/2. The slope 6 - 8 x + 1.5
+// x^2 vanishes twice, at (8 -+ sqrt 28)/3; the second place, upwards, is the larger one.
+TEST(ExactLine, TheLargerOfTwoDeflectionsCounts)
+{
+    Member m{{}, {{0, 0, 8}, {kL, 0, 10}}};
+    const MomentPolynomials line = m.Line(kPinned);
+    const LineExtreme largest = DeflectionLine(m.grid, line, false, 1e5, 1e7).Largest();
+    const double x = (8 + std::sqrt(28.0)) / 3;
+    EXPECT_NEAR(largest.x, x, 1e-9);
+    EXPECT_NEAR(largest.value, 6 * x - 4 * x * x + x * x * x / 2, 1e-9);  // EI 1000 kNm2, mm
+}
+
+// Ten pieces under large forces, then two under a small load, in the same place of the memory.
+TEST(ExactLine, NothingIsLeftOfALineBefore)
+{
+    Member heavy{{{0, kL, 500, 900}}, {}};
+    for (int i = 1; i < 10; ++i) {
+        heavy.points.push_back({0.6 * i, 700, 90});
+    }
+    Member light{{{0, kL, 8, 8}}, {{3, 0, 0}}};
+    for (Member* m : {&heavy, &light}) {
+        const MomentPolynomials pinned = m->Line(kPinned);
+        const LineExtremes moment = ExtremesOfMoment(m->grid, pinned);
+        const LineExtremes shear = ExtremesOfShear(m->grid, pinned);
+        const MomentPolynomials fixed = m->Line(kFixed);
+        if (m == &light) {
+            EXPECT_NEAR(moment.most.value, 36, 1e-9);
+            EXPECT_NEAR(moment.least.value, 0, 1e-9);
+            EXPECT_NEAR(shear.most.value, 24, 1e-9);
+            EXPECT_NEAR(shear.least.value, -24, 1e-9);
+            EXPECT_NEAR(At(*m, fixed, 0), -24, 1e-9);
+            EXPECT_NEAR(At(*m, fixed, kL), -24, 1e-9);
+            EXPECT_NEAR(ShearAt(m->grid, pinned, 1, 4), -8, 1e-9);
+        }
+    }
+}
+
+TEST(ExactLine, WithoutLoadsTheLargestDeflectionIsAtTheStart)
+{
+    Member m = Uniform(0);
+    const MomentPolynomials line = m.Line(kPinned);
+    const LineExtreme largest = DeflectionLine(m.grid, line, false, 1e5, 1e7).Largest();
+    EXPECT_EQ(largest.value, 0);
+    EXPECT_EQ(largest.x, 0);
 }
 
 // One load or the same cut in two: the same line.

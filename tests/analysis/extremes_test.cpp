@@ -55,6 +55,17 @@ TEST(Extremes, OfALevelLineAreAtItsStart)
     EXPECT_EQ(s.xmzmin, 0);
 }
 
+// Where nothing lies on the other side of 0 its extreme is 0 at the start.
+TEST(Extremes, OnOneSideOfZeroTheOtherIsAtTheStart)
+{
+    for (const double end : {0.0, 1.0}) {
+        const ProjectState s = WithMoment([end](double j) { return end + (50 - j); });
+        EXPECT_EQ(s.mymin, 0);
+        EXPECT_EQ(s.xmymin, 0) << end;
+        EXPECT_EQ(s.xmzmax, 0) << end;
+    }
+}
+
 // The same ordinate at the ends of the other lines, which lie next to it.
 TEST(Extremes, EachLineHasItsOwnPlace)
 {
@@ -81,6 +92,11 @@ TEST(Extremes, TheDiagramWinsOverAnEqualSection)
     s.xi[0] = 0.55F;
     FindExtremes(s, s);
     EXPECT_EQ(s.xmymax, 0.6);
+    s.mydiag[30] = -8;
+    s.mysec[0] = -8;
+    FindExtremes(s, s);
+    EXPECT_EQ(s.xmymin, 0.6);
+    s.mydiag[30] = 8;
     s.mysec[0] = 8.5;
     FindExtremes(s, s);
     EXPECT_EQ(s.mymax, 8.5);
@@ -295,6 +311,18 @@ TEST(Shape, ThePeakMayBeTheLastPointOfTheMiddleHalf)
     EXPECT_EQ(WithMoment(line).mycurved, kFalse);
 }
 
+// The shear in front of it is as large as the moment: no part of the search.
+TEST(Shape, ThePeakIsThatOfItsOwnLine)
+{
+    ProjectState s{};
+    for (std::size_t j = 0; j < s.mzdiag.size(); ++j) {
+        s.mzdiag[j] = static_cast<float>(Triangle(static_cast<double>(j)));
+    }
+    s.vzdiag.fill(25);
+    FindExtremes(s, s);
+    EXPECT_EQ(s.mzcurved, kFalse);
+}
+
 // Without a moment in the middle half the chord runs from end to end: through 0 in the middle.
 TEST(Shape, MomentsAtTheEndsAloneHaveNoPeak)
 {
@@ -310,6 +338,7 @@ TEST(Shape, EndsAboveTheMiddle)
     EXPECT_EQ(big(5, 4, -6), kTrue);
     EXPECT_EQ(big(5, 5, 6), kFalse);
     EXPECT_EQ(big(0, 5, 6), kFalse);
+    EXPECT_EQ(big(6, 5, -5), kFalse);
 }
 
 TEST(Shape, ALineIsStraightWhenTheMiddleLiesBetween)
@@ -321,6 +350,8 @@ TEST(Shape, ALineIsStraightWhenTheMiddleLiesBetween)
     EXPECT_EQ(linear(0, 3.0001, 10), kTrue);
     EXPECT_EQ(linear(0, 2.9999, 10), kFalse);
     EXPECT_EQ(linear(10, 7.0001, 0), kFalse);
+    EXPECT_EQ(linear(0, 6.9999, 10), kTrue);
+    EXPECT_EQ(linear(0, 7.0001, 10), kFalse);
     EXPECT_EQ(linear(10, 10, 10), kTrue);  // both limits included
     EXPECT_EQ(linear(0, 0, 0), kFalse);
 }

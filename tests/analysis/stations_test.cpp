@@ -46,6 +46,8 @@ TEST(Stations, RunFromEndToEnd)
     EXPECT_EQ(FaultOf({{.x = 0}, {.x = 2}, {.x = 2}, {.x = 2}, {.x = 6}}), StationFault::repeated);
     EXPECT_EQ(FaultOf({{.x = 0}, {.x = 0}, {.x = 6}}), StationFault::repeated);
     EXPECT_EQ(FaultOf({{.x = 0}, {.x = 6}, {.x = 6}}), StationFault::repeated);
+    EXPECT_EQ(FaultOf({{.x = 0}, {.x = kStationSame}, {.x = 6}}), StationFault::repeated);
+    EXPECT_EQ(FaultOf({{.x = 0}, {.x = 2 * kStationSame}, {.x = 6}}), StationFault::none);
     EXPECT_EQ(FaultOf({{.x = 0}}, 0.0005), StationFault::repeated);
     for (const double bad :
          {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
@@ -177,6 +179,13 @@ TEST(Stations, ExtremesLookAtEverySection)
     EXPECT_EQ(level.forces.mymax, 3);
     EXPECT_EQ(level.forces.xmymax, 0.04);  // the second point of the diagram, 0.24 m
     EXPECT_EQ(level.forces.xvymax, 0.04);
+    for (Station& at : stations) {
+        at = {.x = at.x, .vy = -at.vy, .vz = -at.vz, .my = -at.my, .mz = -at.mz};
+    }
+    const Lines low = LinesOf(Beam(0), stations);
+    EXPECT_EQ(low.forces.mymin, -3);
+    EXPECT_EQ(low.forces.xmymin, 0.04);
+    EXPECT_EQ(low.forces.xvymin, 0.04);
     stations[48] = {.x = stations[48].x, .vy = 2, .vz = 3, .my = 5, .mz = 6};
     const Lines peak = LinesOf(Beam(0), stations);
     const double x = static_cast<float>(stations[48].x / 6);
@@ -187,6 +196,18 @@ TEST(Stations, ExtremesLookAtEverySection)
     EXPECT_EQ(peak.forces.xvymax, x);
     EXPECT_EQ(peak.forces.xmymax, x);
     EXPECT_EQ(peak.forces.mymaxabs, 5);
+}
+
+// Behind the last station, as far as it may fall short of the end, its values hold; it is no
+// section beside that at the end, nor does the pair at a jump leave the member.
+TEST(Stations, TheLastStationHoldsToTheEnd)
+{
+    const Lines one = LinesOf(Beam(0), {{.x = 0}, {.x = 5.9995, .my = 6000}});
+    EXPECT_EQ(one.forces.mydiag[50], 6000);
+    EXPECT_EQ(one.lines.Sections().size(), 11U);
+    const Lines jump = LinesOf(Beam(0), {{.x = 0}, {.x = 5.998, .vz = 1}, {.x = 5.998}, {.x = 6}});
+    ASSERT_EQ(jump.lines.Sections().size(), 13U);
+    EXPECT_EQ(jump.lines.Sections()[12].xi, 1);
 }
 
 TEST(Stations, TheForcesHoldTheSections)
@@ -240,8 +261,12 @@ TEST(Stations, DeflectionUnderAForceInTheMiddle)
     Member s = Beam(0);
     s.method = Method::annex_a;
     const std::vector<Station> force = {{.x = 0}, {.x = 3, .my = 15}, {.x = 6}};  // P 10 kN
-    EXPECT_NEAR(LinesOf(s, force).forces.dzdiag[25], 10.0 * 216 / 48 / test::kStiffnessY * 1000,
-                1e-5);
+    const Forces forces = LinesOf(s, force).forces;
+    EXPECT_NEAR(forces.dzdiag[25], 10.0 * 216 / 48 / test::kStiffnessY * 1000, 1e-5);
+    // P x (3 l^2 - 4 x^2)/48 EI on either side, here x = 1.2 m.
+    const double at = 10.0 * 1.2 * (3 * 36 - 4 * 1.44) / 48 / test::kStiffnessY * 1000;
+    EXPECT_NEAR(forces.dzdiag[10], at, 1e-5);
+    EXPECT_NEAR(forces.dzdiag[40], at, 1e-5);
 }
 
 // A moment at one end: M l^2/(16 EI) in the middle; about z I is a quarter.
@@ -275,6 +300,9 @@ TEST(Stations, SteepestFallOfShearIsTheLoadOfHatBeams)
     const Lines one = LinesOf(
         s, {{.x = 0, .vz = 30}, {.x = 2, .vz = 20}, {.x = 2, .vz = -2}, {.x = 6, .vz = -10}});
     EXPECT_DOUBLE_EQ(one.forces.qsum, 5);
+    // Of equal sizes the first: down, not up.
+    EXPECT_DOUBLE_EQ(
+        LinesOf(s, {{.x = 0, .vz = 9}, {.x = 3, .vz = -6}, {.x = 6, .vz = 9}}).forces.qsum, 5);
     // Of a case with fewer stations than the one before: 30 kN over 6 m.
     Lines kept = LinesOf(s, {{.x = 0, .vz = 30}, {.x = 2, .vz = 10}, {.x = 6.0005, .vz = -300}});
     kept.lines.Fill(s, s, std::vector<Station>{{.x = 0, .vz = 15}, {.x = 5.9995, .vz = -15}},
@@ -343,6 +371,8 @@ TEST(Stations, NothingIsKeptThatTheNextCaseDoesNotShare)
     longer.l = 6.0008F;
     EXPECT_TRUE(same(Beam(0), stations, Beam(0), stations));
     EXPECT_TRUE(same(Beam(0), stations, Beam(0), moved));
+    EXPECT_TRUE(same(Beam(0), {{.x = 0}, {.x = 3, .my = 9}, {.x = 5.9995}}, Beam(0),
+                     {{.x = 0}, {.x = 3, .my = 9}, {.x = 5.9995, .my = 4}, {.x = 6.0005}}));
     EXPECT_TRUE(same(Beam(0), stations, own, stations));
     EXPECT_TRUE(same(own, stations, Beam(0), stations));
     EXPECT_TRUE(same(own, stations, two, stations));

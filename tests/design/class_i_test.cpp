@@ -6,6 +6,7 @@
 
 #include "support/members.h"
 
+#include <cfenv>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -81,6 +82,23 @@ TEST(CalcClassY, TensionWithBendingAtTheLimits)
     EXPECT_EQ(CalcClassY(s, s, s, -11.75F, 10), 4);
 }
 
+// A web of 2 mm, 47 kN: -23.5 kN is half of it again. Without N a moment of the other sign has the
+// limits of alpha 0.5: 396/5.5 = 72 and 456/5.5 = 82.91.
+TEST(CalcClassY, ThickerWebsAndMomentsOfTheOtherSign)
+{
+    ProjectState s = Section(2 * 144 * kJustBelow, 1);
+    s.tw = 2;
+    s.iy = 5e4F;
+    EXPECT_EQ(CalcClassY(s, s, s, -23.5F, 10), 1);
+    s.d = 2 * 144 * kJustAbove;
+    EXPECT_EQ(CalcClassY(s, s, s, -23.5F, 10), 2);
+    for (const auto& [d, cls] : {std::pair{71.9F, 1}, {82.9F, 2}, {82.95F, 3}}) {
+        s = Section(d, 1);
+        s.iy = 5e4F;
+        EXPECT_EQ(CalcClassY(s, s, s, 0, -10), cls) << d;
+    }
+}
+
 // 11.75 MPa of compression and 23.5 MPa of bending: psi -1/3, class 3 up to 42/(0.67 - 0.11) = 75.
 // At yield psi is 2 x 11.75/235 - 1 = -0.9, 112.6.
 TEST(CalcClassY, D42StressRatioOfTheStressesThatAct)
@@ -117,7 +135,10 @@ TEST(ClassOfI, GoesWithSlendernessUponEps)
 TEST(CalcClassY, TensionOfTheWholeWebIsClass1)
 {
     ProjectState s = Section(1000, 1);
-    EXPECT_EQ(CalcClassY(s, s, s, -23.5F, 10), 1);  // nn = 1, alpha = 0
+    std::feclearexcept(FE_ALL_EXCEPT);
+    EXPECT_EQ(CalcClassY(s, s, s, -23.5F, 10),
+              1);  // nn = 1, alpha = 0, by which nothing is divided
+    EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO | FE_INVALID), 0);
     EXPECT_EQ(CalcClassY(s, s, s, -30, 10), 1);
     EXPECT_EQ(CalcClassY(s, s, s, -10, 0), 1);
 }

@@ -129,6 +129,38 @@ TEST(EffectiveWelded, StripOfTheWebIsTakenWithItsOwnInertia)
     EXPECT_NEAR(moduli.opposite, i / (1000 - z), 1e-6 * i / z);
 }
 
+// Thick flanges lose much of their own second moment too: 200 high, 800 x 30 above 100 x 20, whose
+// web is stocky. Gross section less both tips about their common centroid.
+TEST(EffectiveWelded, ThickFlangeIsTakenWithItsOwnInertia)
+{
+    const Member s = welded::Default(22).Section(FormP22{200, 800, 100, 12, 30, 20}).Measured();
+    const WeldedSide side = TopSide(s, s);
+    const double lost = FlangeLoss(s, s, TopFlange(s, s));
+    const double lambda = s.ctop / 30.0 / (28.4 * s.eps * std::sqrt(0.43));
+    EXPECT_NEAR(lost, 2 * (1 - (lambda - 0.188) / (lambda * lambda)) * s.ctop * 30, 1e-3);
+    const EffectiveScheme scheme{.leg = s.r, .webbuckles = false, .netcentroid = true};
+    const EffectiveModuli moduli = EffectiveBending(s, s, side, TopFlange(s, s), scheme);
+    const double a = s.a, z = (a * side.edge - lost * 15) / (a - lost);
+    const double i =
+        s.iy + a * (z - side.edge) * (z - side.edge) - lost * (900.0 / 12 + (z - 15) * (z - 15));
+    EXPECT_NEAR(moduli.compressed, i / z, 1e-9 * i / z);
+    EXPECT_NEAR(moduli.opposite, i / (200 - z), 1e-6 * i / z);
+}
+
+// The axis at the inner face of the flange: no part of the web is compressed, none is divided by.
+TEST(EffectiveWelded, AxisAtTheFaceOfTheFlangeLeavesTheWebWhole)
+{
+    const ProjectState s = SlenderI();
+    WeldedSide side = TopSide(s, s);
+    side.edge = 12;
+    side.opposite = 988;
+    const EffectiveScheme scheme{.leg = 0, .webbuckles = true, .netcentroid = true};
+    std::feclearexcept(FE_ALL_EXCEPT);
+    const EffectiveModuli moduli = EffectiveBending(s, s, side, {12, 0, 0, 0}, scheme);
+    EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO | FE_INVALID), 0);
+    EXPECT_NEAR(moduli.compressed, s.iy / 12.0, 1e-6 * moduli.compressed);
+}
+
 // Below a root of the slenderness formulas nothing is gained: stocky parts keep rho = 1.
 TEST(EffectiveWelded, StockyPartsAreNotEnlarged)
 {

@@ -90,6 +90,28 @@ TEST(CalcEffectiveHollow, SlenderBoxLosesStripsOfFlangeAndWebs)
         1e-5 * s.weffz);
 }
 
+// A flat box, 200 x 4000 of 20 and 30 mm: the flange loses its middle in bending about y, and each
+// flange a strip in bending about z, where psi is -1 and k 23.88. The webs are stocky.
+TEST(CalcEffectiveHollow, WideFlangesBuckleAboutBothAxes)
+{
+    const ProjectState s =
+        Member::Bare()
+            .Section(FormP23{.isth = 200, .istb1 = 4000, .isttw = 20, .isttf = 30, .ista = 0})
+            .Steel(355)
+            .Designed();
+    const double eps = std::sqrt(235.0 / 355), c = s.cflange, a = s.a;
+    const double lam = c / 30 / (28.4 * eps * 2), rho = (lam - 0.22) / (lam * lam);
+    const double lost = (1 - rho) * c * 30;
+    ExpectWorked(s.weffy, NetModulus(200, a, s.iy, {{lost, 15, lost * 900 / 12}}), "weffy", 1e-6);
+    const double lamz = c / 30 / (28.4 * eps * std::sqrt(23.88));
+    const double rhoz = (lamz - 0.11) / (lamz * lamz), w = (1 - rhoz) * c / 2;
+    ASSERT_LT(rhoz, 0.9);
+    ExpectWorked(s.weffz,
+                 NetModulus(4000, a, s.iz,
+                            {{60 * w, 2000 - 0.6 * rhoz * c / 2 - w / 2, 60 * w * w * w / 12}}),
+                 "weffz", 1e-6);
+}
+
 // Walls that are nothing but corners cannot buckle.
 TEST(CalcEffectiveHollow, WallsWithoutStraightPartLoseNothing)
 {
@@ -272,6 +294,16 @@ TEST(CalcShearHollow, D172FlangesThatBuckleRestOnGammaM0)
     ExpectDigits(s.vyrd, whole / 1.2, "gammaM1, half-resistance test");
 }
 
+// With gammaM0 1.1 the whole 0.59295 of the flanges is divided by it.
+TEST(CalcShearHollow, D172FlangesThatBuckleAreDividedByGammaM0)
+{
+    ProjectState s = ThinBox();
+    s.gammam0 = 1.1;
+    CalcResistanceHollow(s, s, s, s);
+    CalcShearHollow(s, s, s, s, s);
+    ExpectDigits(s.vcyrd, 0.59295 * 2 * 984 * 10 * 355 / std::sqrt(3.0) / 1.1 / 1000, "gammaM0");
+}
+
 TEST(CalcShearHollow, D172UpperLimitOfTheFlangesCountsTheWebThickness)
 {
     // Webs of 3 mm beside flanges of 10 mm: 2 bw tw = 2*994*3 limits, although the flanges take
@@ -284,6 +316,9 @@ TEST(CalcShearHollow, D172UpperLimitOfTheFlangesCountsTheWebThickness)
     CalcShearHollow(s, s, s, s, s);
     ExpectDigits(s.vyrd, 0.58698 * 2 * 994 * 10 * 355 / std::sqrt(3.0) / 1000, "flanges");
     ExpectDigits(s.vcyrd, 2 * 994 * 3 * 355 / std::sqrt(3.0) / 1000, "limit");
+    s.gammam1 = 1.25F;
+    CalcShearHollow(s, s, s, s, s);
+    ExpectDigits(s.vcyrd, 2 * 994 * 3 * 355 / std::sqrt(3.0) / 1250, "limit upon gammaM1");
 }
 
 TEST(CalcShearHollow, D174WallsBesideAddNothing)
@@ -348,6 +383,9 @@ TEST(CalcMNHollow, FollowsTheAreasOfTheWalls)
     // a = 4475: aw = (4475 - 1600)/4475 = 0.64 held at 0.5; af = (4475 - 3200)/4475 = 0.28492.
     EXPECT_NEAR(s.mnyrd, s.myrd * 0.6 / 0.75, 1e-9);
     EXPECT_NEAR(s.mnzrd, s.mzrd * 0.6 / (1 - 0.14246), 1e-4 * s.mzrd);
+    s.h = 40;  // af = (4475 - 640)/4475 = 0.857 is held at 0.5
+    CalcMNzHollow(s, s, s, s, s);
+    EXPECT_NEAR(s.mnzrd, s.mzrd * 0.6 / 0.75, 1e-9);
     s.ned = 0.01 * s.nplrd;
     CalcMNyHollow(s, s, s, s, s);
     EXPECT_EQ(s.mnyrd, s.myrdv);  // 0.99/0.75 > 1

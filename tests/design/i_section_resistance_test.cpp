@@ -107,6 +107,12 @@ TEST(CalcMNz, FallsBeyondTheShareOfTheWeb)
     s.ned = -400;  // (0.5 - 0.25)/0.75 = 1/3
     CalcMNz(s, s, s, s, s);
     EXPECT_NEAR(s.mnzrd, 100 * 8.0 / 9, 1e-10);
+    s.gammam0 = 1.25;  // the web takes 188 kN
+    s.ned = 210;       // (0.2625 - 0.25)/0.75 = 1/60
+    CalcMNz(s, s, s, s, s);
+    EXPECT_NEAR(s.mnzrd, 100 * (1 - 1.0 / 3600), 1e-10);
+    s.gammam0 = 1;
+    s.ned = -400;
     s.nplrd = 2000;  // n = 0.2 below a_w, N above the web
     CalcMNz(s, s, s, s, s);
     EXPECT_EQ(s.mnzrd, 100.0);
@@ -133,6 +139,27 @@ TEST(CalcShearZ, WebBucklingOffTakesThePlasticResistance)
     EXPECT_EQ(s.shearnote, Literal(" Support stiffener recommended)"));
     ExpectWorked(s.aeff, 21280, "aeff");
     ExpectWorked(s.weffy, 1.0 * s.wely, "weffy", 1e-6);
+}
+
+// Web 1160 x 8 with stiffeners so close that it yields: eta hw tw fy/sqrt(3) upon gammaM1, EN
+// 1993-1-5, 5.2 (1). The flanges' moment falls by N over both flanges upon gammaM0 (D154: in kN and
+// N), about y both flanges upon gammaM0.
+TEST(CalcShearZ, TakesThePartialFactorOfEachPart)
+{
+    Member s = Member::Bare().Section(FormP21{1200, 300, 8, 20}).Steel(355).Measured();
+    s.gammam0 = 1.1;
+    s.gammam1 = 1.25F;
+    s.neta = 1.2F;
+    s.webstiff = 1;
+    s.webstiffa = 100;
+    CalcEffectiveI(s, s);
+    CalcResistanceI(s, s, s, s);
+    const double mfrd = s.mfrd;
+    s.ned = 500;
+    CalcShearZ(s, s, s, s, s);
+    ExpectWorked(s.vbrd, 1.2 * 9280 * 0.355 / kRoot3 / 1.25, "vbrd", 1e-6);
+    ExpectWorked(s.mfrd, mfrd * (1 - 500 / (12000 * 355 / 1.1)), "mfrd", 1e-9);
+    ExpectWorked(s.vcyrd, 12000 * 0.355 / kRoot3 / 1.1 / 1.5, "vcyrd", 1e-6);
 }
 
 // Deviation D152.
@@ -261,6 +288,12 @@ TEST(ReduceMz, D161LosesTheStripOfOneFlange)
     s.classmyuse = 4;
     ReduceMz(s, s, s, s, s);
     EXPECT_NEAR(s.mzrdv, s.meffzrd - 1e5 * 4 / 6 * 355 / 1e6, 1e-9);
+    s.meffzrd *= 0.8;  // of flanges that buckle: for class 4 alone
+    ReduceMz(s, s, s, s, s);
+    EXPECT_NEAR(s.mzrdv, s.meffzrd - 1e5 * 4 / 6 * 355 / 1e6, 1e-9);
+    s.classmyuse = 3;
+    ReduceMz(s, s, s, s, s);
+    EXPECT_NEAR(s.mzrdv, s.melzrd - 1e5 * 4 / 6 * 355 / 1e6, 1e-9);
 }
 
 TEST(ReduceMy, IsHeldAtTheResistanceOfTheSection)
@@ -353,6 +386,19 @@ TEST(CalcEffectiveI, LostFlangeMovesTheAxis)
 // Flange and web of 500 x 10 and 1500 x 7 buckle together, S355. The stress ratio of the web is
 // that of the section without the flange's loss, EN 1993-1-5, 4.4 (3); gross section less both
 // losses about its own centroid.
+// The same with flanges of 1000 x 30 on a web 140 x 20, whose own second moment counts more.
+TEST(CalcEffectiveI, LostPartsOfThickFlangesHaveTheirOwnInertia)
+{
+    Member s = Member::Bare().Section(FormP21{200, 1000, 20, 30}).Steel(355).Measured();
+    CalcEffectiveI(s, s);
+    const double lambda = s.cflange / 30.0 / (28.4 * std::sqrt(235.0 / 355) * std::sqrt(0.43));
+    const double lost = 2 * (1 - (lambda - 0.188) / (lambda * lambda)) * s.cflange * 30;
+    const double all = 62800, a = all - lost, z = (all * 100 - lost * 15) / a;
+    const double iy = 2 * (1000 * 27000 / 12.0 + 30000 * 85.0 * 85) + 20 * std::pow(140.0, 3) / 12;
+    const double i = iy + all * (z - 100) * (z - 100) - lost * (900 / 12.0 + (z - 15) * (z - 15));
+    ExpectWorked(s.weffy, i / z, "weffy", 1e-6);
+}
+
 TEST(CalcEffectiveI, FlangeAndWebBuckleTogether)
 {
     Member s = Member::Bare().Section(FormP21{1520, 500, 7, 10}).Steel(355).Measured();

@@ -94,6 +94,13 @@ TEST(Vortex, StrouhalNumberOfRectangles)
     }
 }
 
+// On both sides of the peak at 3.5: 0.06 + 0.48 0.18 and 0.15 - 0.02 0.04/1.5.
+TEST(Vortex, StrouhalNumberTurnsAtThreeAndAHalf)
+{
+    EXPECT_NEAR(StrouhalOfRectangle(3.48), 0.1464, 1e-12);
+    EXPECT_NEAR(StrouhalOfRectangle(3.52), 0.15 - 0.02 * 0.04 / 1.5, 1e-12);
+}
+
 TEST(Vortex, StrouhalNumberBeyondTheTableTakesItsEndsD257)
 {
     EXPECT_EQ(StrouhalOfRectangle(0.2), 0.12);

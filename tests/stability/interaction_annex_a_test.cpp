@@ -320,20 +320,87 @@ TEST(KFactorsAnnexA, TermsRestOnTheMomentsOfTheMember)
     near(s.elt, 1.7 * s.alt * lam0 / (0.1 + lamz4) * my / s.cmy);
 }
 
+// Table A.1 and A.2 put together again from N, the moments, the critical forces and the section,
+// for each pair of classes; N so small that no C factor is at its least value.
+TEST(KFactorsAnnexA, FollowTheTables)
+{
+    for (const i16 classy : {i16{1}, i16{2}, i16{3}, i16{4}}) {
+        for (const i16 classz : {i16{1}, i16{2}, i16{3}, i16{4}}) {
+            for (const double n : {100.0, 700.0}) {
+                Member s = Heb200BeamColumn();
+                s.ned = n;
+                s.mydesign = 12;
+                s.mzdesign = 3;
+                s.classmy = classy;
+                s.classmz = classz;
+                s.ncrtf = 3000;
+                s.kc = 0.9F;
+                s.weffy = 0.9F * s.wely;  // class 4 alone
+                s.cmy0 = 0.8;
+                s.cmz0 = 0.7;
+                s.lam0 = 0.9F;
+                KFactorsAnnexA(s, s, s, s, s, s, s);
+                ASSERT_EQ(s.errorflag, 0);
+                const double ny = n / s.ncry, nz = n / s.ncrz, nt = n / 3000;
+                const double alt = 1 - 593.0 / 56960, lam0 = 0.9F, lam = s.lammax;
+                const double eps = 12000 / n * 7810 / (classy == 4 ? 0.9 * 569600 : 569600);
+                const double root = std::sqrt(eps) * alt;
+                const double cmy = 0.8 + 0.2 * root / (1 + root);
+                const double cmlt = std::max(1.0, cmy * cmy * alt / std::sqrt((1 - nz) * (1 - nt)));
+                const double muy = (1 - ny) / (1 - s.chiy * ny), muz = (1 - nz) / (1 - s.chiz * nz);
+                const double wy = 642.5 / 569.6, wz = 1.5, npl = n / s.ncrd;
+                const double lamz4 = std::pow(s.lamz, 4);
+                const double my = 12 / (s.xlt * s.mplyrd), mz = 3 / s.mplzrd;
+                const double blt = 0.5 * alt * lam0 * lam0 * my * mz;
+                const double clt = 10 * alt * lam0 * lam0 / (5 + lamz4) * my / cmy;
+                const double dlt = 2 * alt * lam0 / (0.1 + lamz4) * my / cmy * mz / 0.7;
+                const double elt = 1.7 * alt * lam0 / (0.1 + lamz4) * my / cmy;
+                const double square = lam + lam * lam;
+                const double cyy = 1 + (wy - 1) * ((2 - 1.6 / wy * cmy * cmy * square) * npl - blt);
+                const double czz = 1 + (wz - 1) * (2 - 1.6 / wz * 0.49 * square - elt) * npl;
+                const double cyz =
+                    1 + (wz - 1) * ((2 - 14 * 0.49 * lam * lam / std::pow(wz, 5)) * npl - clt);
+                const double czy =
+                    1 + (wy - 1) * ((2 - 14 * cmy * cmy * lam * lam / std::pow(wy, 5)) * npl - dlt);
+                const bool y = classy <= 2, z = classz <= 2;
+                const double kyy = cmy * cmlt * muy / (1 - ny) / (y ? cyy : 1);
+                const double kzy = cmy * cmlt * muz / (1 - ny) / (y ? czy : 1) *
+                                   (y ? 0.6 * std::sqrt(wy / wz) : 1);
+                const double kyz =
+                    0.7 * muy / (1 - nz) / (z ? cyz : 1) * (z ? 0.6 * std::sqrt(wz / wy) : 1);
+                const double kzz = 0.7 * muz / (1 - nz) / (z ? czz : 1);
+                SCOPED_TRACE(testing::Message() << classy << classz << ' ' << n);
+                EXPECT_NEAR(s.cmy, cmy, 1e-6);
+                EXPECT_NEAR(s.cmlt, cmlt, 1e-6);
+                EXPECT_NEAR(s.cyy, cyy, 1e-6);
+                EXPECT_NEAR(s.cyz, cyz, 1e-6);
+                EXPECT_NEAR(s.czy, czy, 1e-6);
+                EXPECT_NEAR(s.czz, czz, 1e-6);
+                EXPECT_NEAR(s.kyy, kyy, 1e-5);
+                EXPECT_NEAR(s.kyz, kyz, 1e-5);
+                EXPECT_NEAR(s.kzy, kzy, 1e-5);
+                EXPECT_NEAR(s.kzz, kzz, 1e-5);
+            }
+        }
+    }
+}
+
 // CmLT = Cmy^2 aLT/sqrt(...) where lam0 is above 0.2 sqrt(C1) ((1 - N/Ncr,z)(1 - N/Ncr,TF))^0.25,
 // but at least 1; below it 1. N/Ncr,z = 0.2, N/Ncr,TF = 0.5: the fourth root of 0.4 is 0.7953.
 TEST(KFactorsAnnexA, CmLtBeginsWithTheTorsionalForce)
 {
     Member s = Heb200BeamColumn();
-    s.kc = 1;
     s.cmy0 = 0.98;
     s.cmz0 = 1;
     s.ncrz = 500;
     s.ncrtf = 200;
-    for (const double limit : {0.2 * 0.7953 - 0.001, 0.2 * 0.7953 + 0.001}) {
-        s.lam0 = static_cast<float>(limit);
-        KFactorsAnnexA(s, s, s, s, s, s, s);
-        EXPECT_EQ(s.cmlt > 1, limit > 0.2 * 0.7953) << limit;
+    for (const float kc : {1.0F, 0.8F}) {  // C1 = 1/kc^2
+        s.kc = kc;
+        for (const double share : {0.999, 1.001}) {
+            s.lam0 = static_cast<float>(share * 0.2 / kc * std::sqrt(std::sqrt(0.8 * 0.5)));
+            KFactorsAnnexA(s, s, s, s, s, s, s);
+            EXPECT_EQ(s.cmlt > 1, share > 1) << kc << ' ' << share;
+        }
     }
     s.cmy0 = 0.3;
     s.mydesign = 0.001;  // epsilon_y hardly raises Cmy

@@ -145,6 +145,11 @@ TEST(LtCFactors, CantileverTakesTheUniformRowForASwollenMiddleOnly)
     EXPECT_NEAR(LtCFactors(s, s).c1, 1.35, 1e-9);
     s.mymid = -60.001;
     EXPECT_NEAR(LtCFactors(s, s).c1, 1.12, 1e-9);
+    s.myl = 40;  // the mean is 30
+    s.mymid = -36;
+    EXPECT_NEAR(LtCFactors(s, s).c1, 1.35, 1e-9);
+    s.mymid = -36.001;
+    EXPECT_NEAR(LtCFactors(s, s).c1, 1.12, 1e-9);
 }
 
 TEST(LtCFactors, TakesManualValues)
@@ -293,6 +298,9 @@ TEST(SegmentC3, D212StepsAtTheBordersOfTheLowerRanges)
     EXPECT_NEAR(SegmentC3(-1.0, 1.0, 0.5), -1.05, 1e-9);
     EXPECT_NEAR(SegmentC3(-1e-9, 0.5, 0.5), 1.35, 1e-6);
     // Just below -0.25 the lower range, t = 0.996: 0.27 + 0.996 0.38 and 0.7 + 0.996 0.15.
+    EXPECT_NEAR(SegmentC3(0.502, 0.5, 0.5), 1.000136, 1e-9);  // 1 + 0.017 0.008
+    EXPECT_NEAR(SegmentC3(0.755, 0.5, 0.5), 1.01704, 1e-9);   // 1.017 + 0.002 0.02
+    EXPECT_NEAR(SegmentC3(-0.502, 1.0, 0.5), 0.6948, 1e-9);   // t = 0.992: 0.05 + 0.992 0.65
     EXPECT_NEAR(SegmentC3(-0.251, 0.5, 0.5), 0.64848, 1e-9);
     EXPECT_NEAR(SegmentC3(-0.251, 1.0, 0.5), 0.8494, 1e-9);
     EXPECT_NEAR(SegmentC3(0.0, 0.5, 0.5), 1.0, 1e-9);

@@ -152,6 +152,22 @@ TEST(Segments, OpposedMomentsTakeTheBottomSide)
     EXPECT_NEAR(s.mcr, Mcr(s, 2.6, -s.ltc3 * double(s.zjbot), 5000), s.mcr * 1e-6);
 }
 
+// The upper side resists twice as much: 60 of the lower side is worse than 100 of the upper one.
+TEST(Segments, EachSideRestsOnItsOwnResistance)
+{
+    Member s = members::Single600();
+    s.ltb = 1;
+    s.restraints = 1;
+    s.mytoprd *= 2;
+    EndMoments(s, 100, -60);
+    LateralTorsionalBuckling(s, s, s, s, s, s);
+    EXPECT_EQ(s.beampart, 2);
+    EXPECT_EQ(s.mydesignf, -60);
+    s.mybotrd *= 4;
+    LateralTorsionalBuckling(s, s, s, s, s, s);
+    EXPECT_EQ(s.beampart, 1);
+}
+
 TEST(Segments, MoreRestraintsNeverLowerTheResistanceForUniformMoment)
 {
     for (const int family : {2, 21, 22}) {
