@@ -603,6 +603,14 @@ TEST(Laws, ARisingLoadIsAFallingOneFromTheOtherEnd)
         const Line rising = {{{0, l, {0, q * l / 6, 0, -q / (6 * l)}, 0, q * zg}}, {}};
         const Line falling = {{{0, l, {0, q * l / 3, -q / 2, q / (6 * l)}, q * zg, 0}}, {}};
         EXPECT_NEAR(Factor(s, rising) / Factor(s, falling), 1, 1e-7);
+        // On the right half alone, and on the left: q L/24 at the far end.
+        const double r = q * l / 24, h = l / 2;
+        const Line right = {
+            {{0, h, {0, r, 0, 0}, 0, 0}, {h, l, {r * h, r, 0, -q / (3 * l)}, 0, q * zg}}, {}};
+        const Line left = {{{0, h, {0, q * h * h / l - r, -q * h / l, q / (3 * l)}, q * zg, 0},
+                            {h, l, {r * h, -r, 0, 0}, 0, 0}},
+                           {}};
+        EXPECT_NEAR(Factor(s, right) / Factor(s, left), 1, 1e-7);
     }
 }
 

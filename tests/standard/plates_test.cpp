@@ -479,6 +479,7 @@ TEST(Plates, PlasticAxisNextToAnEdge)
     q.strips[2] = {0, 110, 100, 120, false};
     q.strip_count = 3;
     EXPECT_NEAR(PlasticBeside(q, 1, 0).wy, 2 * 1000 * 55, 1e-6);
+    EXPECT_EQ(PlasticBeside(q, 1, 1).wy, 0) << "nothing is left";
 }
 
 // Plates of unlike class beside each other: 188x2 buckles, 100x2 does not; each has its own partial
@@ -722,6 +723,16 @@ TEST(Plates, WebsThatAreUpgradedBeyondTwiceTheirKeptParts)
                 2000 * (axis + 5) + 12 * 120 * (axis - 60) + 12 * 120 * 60 +
                     12 * tension * tension / 2 + other * (tension + 5),
                 1e-6 * found);
+}
+
+// 60 mm beside the web, plate of 20 mm: 250/1.25 20^2/4 = 20 kNmm/mm.
+TEST(Plates, PlateBesideTheWebOverItsPartialFactor)
+{
+    standard::StandardSection q{};
+    q.fy = 250;
+    q.gammam0 = 1.25;
+    q.bottom = {350, 20};
+    EXPECT_NEAR(standard::FlangePlate(q, -50), 50 * 60 / 20000.0, 1e-12);
 }
 
 }  // namespace

@@ -931,5 +931,35 @@ TEST(SectionParts, AnnexesThatFixTheShearFactorKeepIt)
     }
 }
 
+// D21, Table 3.1: S355 H has 335 MPa above 40 mm. D24: gammaM1 of the German annex.
+TEST(SectionParts, StrengthOfThickHollowSections)
+{
+    const auto& materials = Delivered().materials;
+    for (std::size_t i = 0; i < materials.size(); ++i) {
+        if (materials[i].name != "S355 H") {
+            continue;
+        }
+        Member s = Unloaded(4, 355).Section(FormP21{500, 300, 30, 50});
+        s.fykindex = static_cast<i16>(i);
+        for (const float thickness : {40.0F, 40.5F}) {
+            CalcSection(Delivered(), s);
+            s.fyk = 355;
+            s.tmax = thickness;
+            EXPECT_EQ(standard::SectionOf(Delivered(), s, Basis::Standard()).fy,
+                      thickness > 40 ? 335 : 355);
+        }
+        return;
+    }
+    ADD_FAILURE() << "no S355 H";
+}
+
+TEST(SectionParts, PartialFactorOfTheGermanAnnex)
+{
+    Member s = Unloaded(4, 235).Section(FormP21{500, 300, 10, 20});
+    s.annexindex = kAnnexGe;
+    s.gammam1 = 1.0F;
+    EXPECT_EQ(SectionOfMember(s).gammam1, 1.1);
+}
+
 }  // namespace
 }  // namespace kestrum
