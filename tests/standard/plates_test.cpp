@@ -380,6 +380,37 @@ TEST(Plates, FlangesBetweenTwoWebsBuckleInShearEachForItself)
     EXPECT_NEAR(stocky.total, 5000 * 235 / kRoot3, 1e-9 * stocky.total);
 }
 
+// Walls and outstands are no flanges between two webs; a stocky flange counts with gammaM0, a
+// slender one with gammaM1.
+TEST(Plates, FlangesBetweenTwoWebsHaveTheirOwnPartialFactor)
+{
+    standard::StandardSection q{};
+    q.fy = 235;
+    q.eps = q.eta = 1;
+    q.gammam0 = 1.1;
+    q.gammam1 = 1.25;
+    q.avy = 5000;
+    q.walls[0] = {-94, 100, 94, 100, 2, false};
+    q.walls[1] = {-94, -100, 94, -100, 4, false};
+    q.walls[2] = {-95, -98, -95, 98, 2, false};
+    q.walls[3] = {95, -100, 145, -100, 4, true};
+    q.wall_count = 4;
+    const double slender = 376 * 0.83 / (94 / 86.4) / 1.25, stocky = 752 / 1.1;
+    EXPECT_NEAR(ShearOfFlanges(q, {0, 4000, false, false}).total, (slender + stocky) * 235 / kRoot3,
+                1e-3);
+}
+
+// 60 mm beside the web: 60 q of fy/gammaM0 t^2/4.
+TEST(Plates, LoadedFlangeByGammaM0)
+{
+    standard::StandardSection q{};
+    q.fy = 235;
+    q.gammam0 = 1.1;
+    q.bottom = {300, 15};
+    EXPECT_NEAR(standard::FlangePlate(q, 40), 2400 / (235 / 1.1 * 225 / 4), 1e-9);
+    EXPECT_NEAR(standard::FlangePlate(q, -40), standard::FlangePlate(q, 40), 1e-12);
+}
+
 // D191 switched back: of what the load takes of 1.75 times the elastic moment nothing counts up to
 // 0.2 and beyond 1, else (sqrt(1 - used) + 1.1)/2.
 TEST(Plates, ProgramsFactorOfALoadedFlange)
@@ -389,6 +420,15 @@ TEST(Plates, ProgramsFactorOfALoadedFlange)
         return 0.5 / standard::FlangeUnderBoth(0.5, used * 1.75 / 1.5, back);
     };
     EXPECT_NEAR(factor(0.195), 1, 1e-12);
+    double fifth = 0.2 * 1.75 / 1.5;  // the number whose share is 0.2 to the last digit
+    while (fifth * 1.5 / 1.75 > 0.2) {
+        fifth = std::nextafter(fifth, 0.0);
+    }
+    while (fifth * 1.5 / 1.75 < 0.2) {
+        fifth = std::nextafter(fifth, 1.0);
+    }
+    ASSERT_EQ(fifth * 1.5 / 1.75, 0.2);
+    EXPECT_NEAR(0.5 / standard::FlangeUnderBoth(0.5, fifth, back), 1, 1e-12);
     EXPECT_NEAR(factor(0.3), (std::sqrt(0.7) + 1.1) / 2, 1e-12);
     EXPECT_NEAR(factor(0.999), (std::sqrt(0.001) + 1.1) / 2, 1e-12);
     EXPECT_NEAR(factor(1.001), 1, 1e-12);
