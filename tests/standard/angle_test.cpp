@@ -384,18 +384,6 @@ TEST(Angle, ShiftsOfTheEffectiveCentroid)
     EXPECT_GT(p.effective.enz, 0.1);
 }
 
-// The edges of L 150x75x11 are its legs, its shear centre lies where their middles meet.
-TEST(Angle, EdgesAndShearCentre)
-{
-    Member s = Unloaded(3, 235).Section("L 150x75x11");
-    CalcSection(Delivered(), s);
-    const auto q = standard::SectionOf(Delivered(), s, Basis::Standard());
-    EXPECT_NEAR(q.above + q.below, 150, 1e-4);
-    EXPECT_NEAR(q.left + q.right, 75, 1e-4);
-    EXPECT_NEAR(q.centre_y + q.left, 5.5, 1e-9);
-    EXPECT_NEAR(q.centre_z + q.below, 5.5, 1e-9);
-}
-
 // Of corners that are stressed alike the first is told, with the shift in its unfavourable sense.
 TEST(Angle, TermsOfTheWorstCorner)
 {

@@ -961,5 +961,23 @@ TEST(SectionParts, PartialFactorOfTheGermanAnnex)
     EXPECT_EQ(SectionOfMember(s).gammam1, 1.1);
 }
 
+// Where a figure of the table is a misprint (D61) its modulus is corrected with it.
+TEST(SectionParts, CorrectedSecondMomentsTakeTheirModuliAlong)
+{
+    int corrected = 0;
+    Member s = Unloaded(4, 235).Family(102);
+    const int rows = Delivered().tables[static_cast<std::size_t>(TableOf(s))].rows;
+    for (int row = 0; row < rows; ++row) {
+        s.Row(row).Measured();
+        const StandardSection q = SectionOfMember(s);
+        const double ratio = q.iy / s.iy;
+        if (q.printed_wely > 0 && std::abs(ratio - 1) > 1e-3) {
+            EXPECT_NEAR(q.printed_wely, s.wely * ratio, 1e-6 * s.wely);
+            ++corrected;
+        }
+    }
+    EXPECT_GT(corrected, 0);
+}
+
 }  // namespace
 }  // namespace kestrum
