@@ -106,6 +106,15 @@ TEST(SectionClass, WebBetweenUnequalFlanges)
     EXPECT_EQ(ClassOf(q, f, back), 3) << "at the limit itself";
 }
 
+// Beside N of 0.1 A fy: of the web (1.1/2 300.8 - 100)/84 yield in compression; psi 0.1 - 0.9/2.
+TEST(SectionClass, WebBetweenUnequalFlangesBesideCompression)
+{
+    const StandardSection q = UnequalI(56, 28);
+    const double alpha = (0.55 * q.a - 100) / 84;
+    ExpectLimits(q, {0.1 * Squash(q), true, false, false},
+                 {396 / (13 * alpha - 1), 456 / (13 * alpha - 1), 42 / (0.67 - 0.33 * 0.35)});
+}
+
 // Edges alike: psi -1, where both have 124; 126 is of psi above -1.
 TEST(SectionClass, ProgramsLimitOfUnequalFlangesEndsWhereBothEdgesAreAlike)
 {

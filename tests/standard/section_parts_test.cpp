@@ -749,8 +749,11 @@ TEST(SectionParts, FlangesOfABoxFollowTheAxisThatTheWebLeaves)
     ASSERT_LT(rho, 1);
     const double flange = (1 - rho) * 196 / (1 - psi) * 1.5;
     EXPECT_NEAR(standard::EffectiveAboutZ(q, true).a, 4000 - web - flange, 1e-6);
-    q.walls[0].y0 = q.walls[0].y1 = 0;  // on the axis it is not pressed
     q.wall_count = 1;
+    const double left = 4000 - web, shift = web * 100 / left;
+    EXPECT_NEAR(standard::EffectiveAboutZ(q, true).iz,
+                1e8 - web * (1e4 + 16 / 12.0) - left * shift * shift, 1e-3);
+    q.walls[0].y0 = q.walls[0].y1 = 0;  // on the axis it is not pressed
     EXPECT_EQ(standard::EffectiveAboutZ(q, true).a, 4000);
 }
 
