@@ -3,15 +3,20 @@
 
 #include "standard/resistance.h"
 
+#include "core/annexes.h"
 #include "core/material.h"
 #include "engine/section_dispatch.h"
 #include "sections/families.h"
+#include "sections/family_table.h"
+#include "standard/effective.h"
 #include "standard/plates.h"
 #include "standard/standard_member.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <utility>
+#include <vector>
 
 namespace kestrum {
 namespace {
@@ -220,6 +225,90 @@ TEST(Resistances, StrengthOfHollowSectionsUpTo40mm)
     EXPECT_EQ(strength(40, Basis::Standard()), 355);
     EXPECT_EQ(strength(41, Basis::Standard()), 335);
     EXPECT_EQ(strength(40, Basis::StandardBut(Dev::d21)), 355);
+}
+
+// --- Sections ------------------------------------------------------------------------------------
+
+// A box turned by a right angle: its effective section about z is the other one's about y.
+TEST(Resistances, BoxesTurnedByARightAngle)
+{
+    for (const float webs : {5.0F, 8.0F}) {
+        for (const float flanges : {5.0F, 10.0F}) {
+            const StandardSection q =
+                SectionFor(Unloaded(4, 355).Section(FormP23{600, 400, webs, flanges, 0}));
+            StandardSection turned = q;
+            std::swap(turned.iy, turned.iz);
+            std::swap(turned.above, turned.right);
+            std::swap(turned.below, turned.left);
+            for (std::size_t i = 0; i < q.wall_count; ++i) {
+                const standard::Wall& wall = q.walls[i];
+                turned.walls[i] = {wall.z0, wall.y0, wall.z1, wall.y1, wall.t, wall.outstand};
+            }
+            const auto z = standard::EffectiveAboutZ(q, true);
+            const auto y = EffectiveAboutY(turned, true, Basis::Standard());
+            EXPECT_LT(y.a, q.a);
+            EXPECT_NEAR(z.a, y.a, 1e-9 * y.a);
+            EXPECT_NEAR(z.iz, y.iy, 1e-9 * y.iy);
+            EXPECT_NEAR(z.yc, y.zc, 1e-9 * q.b);
+        }
+    }
+}
+
+// EN 1993-1-5, 5.1 (2): 1.2 up to S460; the British annex and one's own keep the factor entered.
+TEST(Resistances, ShearFactorOfTheAnnex)
+{
+    const auto eta = [](int annex) {
+        Member s = Unloaded(4, 355).Section("HEA 200");
+        s.annexindex = static_cast<i16>(annex);
+        s.neta = 1.1F;
+        return SectionFor(s).eta;
+    };
+    EXPECT_NEAR(eta(kAnnexUk), 1.1, 1e-6);
+    EXPECT_NEAR(eta(kAnnexUd), 1.1, 1e-6);
+    EXPECT_EQ(eta(0), 1.2);
+}
+
+// Tables whose moduli are quotients have none of their own; British ones have, and a corrected
+// second moment takes them along.
+TEST(Resistances, PrintedModuli)
+{
+    EXPECT_EQ(SectionFor(Unloaded(4, 355).Section("HEA 200")).printed_wely, 0);
+    EXPECT_EQ(SectionFor(Unloaded(4, 355).Section("HEA 200")).printed_welz, 0);
+    int printed = 0, corrected = 0;
+    for (const int family : FamilyNumbers()) {
+        Member s = Unloaded(4, 355).Family(family);
+        const int rows =
+            HasTable(family) ? Delivered().tables[static_cast<std::size_t>(TableOf(s))].rows : 0;
+        for (int row = 0; row < rows; ++row) {
+            ProjectState each = s.Row(row);
+            CalcSection(Delivered(), each);
+            const auto q = standard::SectionOf(Delivered(), each, Basis::Standard());
+            if (q.printed_wely > 0) {
+                const double expected = 1.0 * each.wely * q.iy / each.iy;
+                EXPECT_NEAR(q.printed_wely, expected, 1e-6 * expected);
+                corrected += std::abs(q.iy / each.iy - 1) > 1e-6;
+                ++printed;
+            }
+            if (q.printed_welz > 0) {
+                const double expected = 1.0 * each.welz * q.iz / each.iz;
+                EXPECT_NEAR(q.printed_welz, expected, 1e-6 * expected);
+                corrected += std::abs(q.iz / each.iz - 1) > 1e-6;
+            }
+        }
+    }
+    EXPECT_GT(printed, 50);
+    EXPECT_GT(corrected, 0);
+}
+
+// Stem of a T 320x200, web 10, flange 20, pressed at its tip: psi -(78.571 - 25)/241.429.
+TEST(Resistances, StressRatioOfALostPart)
+{
+    const StandardSection q = SectionFor(
+        Unloaded(3, 235).Section(FormP26{.isth = 320, .istb1 = 200, .isttw = 10, .isttf1 = 20}));
+    std::vector<standard::LostPart> lost;
+    EffectiveAboutY(q, false, Basis::Standard(), &lost);
+    ASSERT_EQ(lost.size(), 1U);
+    EXPECT_NEAR(lost[0].psi, -0.221893, 1e-6);
 }
 
 }  // namespace

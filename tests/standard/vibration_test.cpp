@@ -263,5 +263,35 @@ TEST(Vortex, AcceptedFromAQuarterAboveTheWindOn)
     }
 }
 
+// A triangle from end to end moves half of its mass with the symmetric mode, from either end.
+TEST(Vibration, TriangleFromEndToEnd)
+{
+    for (const bool rises : {true, false}) {
+        Member s = Beam(0);
+        s.qt1[1] = rises ? 0.0F : 4.0F;
+        s.qt2[1] = rises ? 4.0F : 0.0F;
+        s.qtx1[1] = 0;
+        s.qtx2[1] = 6;
+        s.qtdir[1] = 1;
+        EXPECT_NEAR(First(s), Even(kPi, kWeight + 2000 / 9.81), 1e-4 * First(s));
+    }
+}
+
+// EN 1991-1-4, E.1.2 (2): no vortex shedding where vcrit exceeds 1.25 vm.
+TEST(Vortex, AcceptedFrom125OfTheWindOn)
+{
+    Member s = Tube();
+    Control(s);
+    const auto first = VortexSheddingOf(s);
+    ASSERT_TRUE(first);
+    const float basic = s.vb;
+    const auto accepted = [&](double share) {
+        s.vb = static_cast<float>(basic * first->vcrit / (first->vm * share));
+        return VortexSheddingOf(s)->accepted;
+    };
+    EXPECT_FALSE(accepted(1.245));
+    EXPECT_TRUE(accepted(1.255));
+}
+
 }  // namespace
 }  // namespace kestrum
