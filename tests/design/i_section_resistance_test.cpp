@@ -64,12 +64,28 @@ TEST(CalcMNy, HalfOfTheWebCountsWhereTheFlangesAreMeans)
     s.tw = 12;
     s.nplrd = 3929.2;
     s.myrdv = 100;
-    s.ned = 789.5;
+    for (const double gammam0 : {1.0, 1.25}) {
+        s.gammam0 = gammam0;
+        s.ned = 0.5 * 560 * 12 * 235 / gammam0 / 1000;  // the limit itself is included
+        CalcMNy(s, s, s, s, s);
+        EXPECT_EQ(s.mnyrd, 100.0);
+        s.ned *= 1.0002;
+        CalcMNy(s, s, s, s, s);
+        EXPECT_NEAR(s.mnyrd, std::min(100.0, 100 * (1 - s.ned / 3929.2) / (1 - 0.5 * 4720 / 16720)),
+                    1e-9);
+        EXPECT_LT(s.mnyrd, 99);
+    }
+    // With a web of 20 mm a quarter of Npl decides: a_w = 9200/21200, Npl = 4982 kN.
+    s.gammam0 = 1;
+    s.a = 21200;
+    s.tw = 20;
+    s.nplrd = 4982;
+    s.ned = 0.25 * 4982;
     CalcMNy(s, s, s, s, s);
     EXPECT_EQ(s.mnyrd, 100.0);
-    s.ned = 789.7;
+    s.ned *= 1.0002;
     CalcMNy(s, s, s, s, s);
-    EXPECT_NEAR(s.mnyrd, 100 * (1 - 789.7 / 3929.2) / (1 - 0.5 * 4720 / 16720), 1e-9);
+    EXPECT_NEAR(s.mnyrd, 100 * (1 - s.ned / 4982) / (1 - 0.5 * 9200 / 21200), 1e-9);
 }
 
 // a_w = (10000 - 2000)/10000 = 0.8 is held at 0.5.
@@ -108,7 +124,8 @@ TEST(CalcMNz, FallsBeyondTheShareOfTheWeb)
     CalcMNz(s, s, s, s, s);
     EXPECT_NEAR(s.mnzrd, 100 * 8.0 / 9, 1e-10);
     s.gammam0 = 1.25;  // the web takes 188 kN
-    s.ned = 210;       // (0.2625 - 0.25)/0.75 = 1/60
+    s.nplrd = 720;
+    s.ned = 189;  // (0.2625 - 0.25)/0.75 = 1/60
     CalcMNz(s, s, s, s, s);
     EXPECT_NEAR(s.mnzrd, 100 * (1 - 1.0 / 3600), 1e-10);
     s.gammam0 = 1;
@@ -155,6 +172,8 @@ TEST(CalcShearZ, TakesThePartialFactorOfEachPart)
     CalcEffectiveI(s, s);
     CalcResistanceI(s, s, s, s);
     const double mfrd = s.mfrd;
+    ExpectWorked(mfrd, 1180.0 * 20 * 300 * 355 / 1.1e6, "mfrd of both flanges", 1e-6);
+    ExpectWorked(s.mfzrd, 2 * 22500.0 * 20 * 355 / 1.1e6, "mfzrd", 1e-6);
     s.ned = 500;
     CalcShearZ(s, s, s, s, s);
     ExpectWorked(s.vbrd, 1.2 * 9280 * 0.355 / kRoot3 / 1.25, "vbrd", 1e-6);

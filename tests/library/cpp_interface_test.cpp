@@ -132,6 +132,33 @@ TEST(CppInterface, TheChecksOfTheProgramAreThoseOfTheFormulas)
     EXPECT_TRUE(result.checks(Basis::both).empty());
 }
 
+// Points of an angle are numbered, sections have a place, segments a number and a count.
+TEST(CppInterface, ChecksTellThePlaceThatTheyHave)
+{
+    Member angle(Builtin());
+    ASSERT_FALSE(angle.set({{"section", "L 100x10"}, {"l", "2"}, {"qload[1]", "3"}}));
+    std::size_t points = 0;
+    for (const kestrum::Check& check : angle.check().checks()) {
+        points += check.point > 0 ? 1 : 0;
+        EXPECT_LE(check.point, 3) << check.check;
+        EXPECT_TRUE(check.point == 0 || !std::isnan(check.place)) << check.check;
+    }
+    EXPECT_EQ(points, 2U);  // about both pairs of axes
+    for (const kestrum::Check& check : Beam().check().checks()) {
+        EXPECT_EQ(check.point, 0) << check.check;
+    }
+}
+
+// Loads in z bend about y: the diagrams of y are empty lines.
+TEST(CppInterface, EachAxisHasItsOwnDiagrams)
+{
+    const kestrum::Result result = Beam().check();
+    const std::string z = *result.diagram_svg('z'), y = *result.diagram_svg('y');
+    EXPECT_NE(z, y);
+    EXPECT_NE(z.find("45.0"), std::string::npos);
+    EXPECT_EQ(y.find("45.0"), std::string::npos);
+}
+
 TEST(CppInterface, ACostIsTheDifferenceOfTwoRatios)
 {
     const Member beam = Beam();

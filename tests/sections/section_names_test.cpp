@@ -105,9 +105,10 @@ TEST(SectionNames, TubesGoByDiameterAndWall)
     EXPECT_EQ(tube->diameter, 114.3F);
     EXPECT_EQ(tube->wall, 5);
     EXPECT_EQ(TubeOfName("chs114,3/5.0")->diameter, 114.3F);
+    EXPECT_TRUE(TubeOfName("CHS 100x49.8"));  // thicker than any, but with a hole
     for (const char* none :
-         {"CHS", "CHS 114.3", "CHS 114.3x", "CHS 114.3ax5", "CHS x5", "CHS 114.3x5x2", "CHS 10x5",
-          "CHS 1e9999x5", "RHS 100x5", "CHS nanx5"}) {
+         {"CHS", "CHS 114.3", "CHS 114.3x", "CHS 114.3ax5", "CHS 114.3x0", "CHS x5",
+          "CHS 114.3x5x2", "CHS 10x5", "CHS 1e9999x5", "RHS 100x5", "CHS nanx5"}) {
         EXPECT_FALSE(TubeOfName(none)) << none;
     }
 }

@@ -63,6 +63,17 @@ TEST(SteppedAxis, IsThatOfSingleSteps)
     }
 }
 
+// Behind a power of two a float is half as fine, and the steps have another size.
+TEST(SteppedAxis, IsThatOfSingleStepsBehindAPowerOfTwo)
+{
+    for (const double power : {32.0, 64.0, 128.0, 256.0, 512.0, 1024.0, 4096.0}) {
+        for (int i = -3; i < 30; ++i) {
+            const std::vector<Plate> plates = {{10, 2 * power * (1 + 0.0004 * i), 0, 0}};
+            EXPECT_EQ(Found(plates), StepByStep(plates)) << power << ' ' << i;
+        }
+    }
+}
+
 TEST(SteppedAxis, StopsSoonInASectionBeyondAllMeasure)
 {
     const auto start = std::chrono::steady_clock::now();

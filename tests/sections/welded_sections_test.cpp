@@ -213,6 +213,19 @@ TEST(SingleSymmetricI, DefaultSection)
     EXPECT_FLOAT_EQ(s.cflange, 188);
 }
 
+// D57: 0.4 for the larger flange, 0.5 for the smaller one, however little they differ; the shares
+// of 300 and 299 mm by their third powers.
+TEST(SingleSymmetricI, D57NearlyEqualFlangesHaveAFactorEach)
+{
+    Member s = welded::Default(22);
+    s.p22 = {600, 300, 299, 12, 20, 20};
+    Measure(s);
+    const double top = std::pow(300.0, 3), bottom = std::pow(299.0, 3);
+    const double share = (top - bottom) / (top + bottom);  // 2 beta - 1
+    EXPECT_NEAR(s.zjtop, share * 0.4 * 580, 1e-5);
+    EXPECT_NEAR(s.zjbot, -share * 0.5 * 580, 1e-5);
+}
+
 TEST(SingleSymmetricI, EqualFlangesHaveNoAsymmetry)
 {
     Member s = welded::Default(22);

@@ -297,6 +297,12 @@ TEST(SegmentC3, D212StepsAtTheBordersOfTheLowerRanges)
     EXPECT_NEAR(SegmentC3(-1.0, 0.5, 0.5), -0.825, 1e-9);
     EXPECT_NEAR(SegmentC3(-1.0, 1.0, 0.5), -1.05, 1e-9);
     EXPECT_NEAR(SegmentC3(-1e-9, 0.5, 0.5), 1.35, 1e-6);
+    // psif -0.5: A 0.475 - (0.85 - 0.475), B 0.5 - 0.5. Just below -0.75 t = -0.008: -0.5 - 0.008
+    // 0.55.
+    EXPECT_NEAR(SegmentC3(-1.0, 0.5, -0.5), 0.1, 1e-9);
+    EXPECT_NEAR(SegmentC3(-1.0, 1.0, -0.5), 0, 1e-9);
+    EXPECT_NEAR(SegmentC3(-0.8, 1.0, -0.5), 0.4, 1e-9);  // 0.5 - 0.2 0.5
+    EXPECT_NEAR(SegmentC3(-0.752, 1.0, 0.5), -0.5044, 1e-9);
     // Just below -0.25 the lower range, t = 0.996: 0.27 + 0.996 0.38 and 0.7 + 0.996 0.15.
     EXPECT_NEAR(SegmentC3(0.502, 0.5, 0.5), 1.000136, 1e-9);  // 1 + 0.017 0.008
     EXPECT_NEAR(SegmentC3(0.755, 0.5, 0.5), 1.01704, 1e-9);   // 1.017 + 0.002 0.02
