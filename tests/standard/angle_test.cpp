@@ -463,5 +463,19 @@ TEST(Angle, FirstOfEqualCornersIsTold)
     EXPECT_EQ(worst.w, 50);
 }
 
+// L 150x75x9, its heel at 0: edges from the centroid of the table, the shear centre where the
+// middles of the legs meet.
+TEST(Angle, EdgesAndShearCentre)
+{
+    Member s = Unloaded(3, 235).Section("L 150x75x9");
+    CalcSection(Delivered(), s);
+    const auto q = standard::SectionOf(Delivered(), s, Basis::Standard());
+    EXPECT_NEAR(q.above + q.below, 150, 1e-4);
+    EXPECT_NEAR(q.left + q.right, 75, 1e-4);
+    EXPECT_NEAR(q.centre_y + q.left, 4.5, 1e-5);
+    EXPECT_NEAR(q.centre_z + q.below, 4.5, 1e-5);
+    ASSERT_GT(q.below, q.left);
+}
+
 }  // namespace
 }  // namespace kestrum
