@@ -982,5 +982,20 @@ TEST(SectionParts, CorrectedSecondMomentsTakeTheirModuliAlong)
     EXPECT_GT(corrected, 0);
 }
 
+// A 4000, Wpl,y 5e5, Wpl,z 2e5: fy/gammaM0 = 250/1.25 of each.
+TEST(SectionParts, ResistancesOverTheirPartialFactor)
+{
+    standard::PreparedSection p{};
+    p.q.fy = 250;
+    p.q.gammam0 = 1.25;
+    p.q.a = 4000;
+    p.q.wply = 5e5;
+    p.q.wplz = 2e5;
+    const auto r = ResistanceBeside(p, 1, {}, false, true, Basis::Standard());
+    EXPECT_NEAR(r.n, 800e3, 1e-6);
+    EXPECT_NEAR(r.my, 100e6, 1e-6);
+    EXPECT_NEAR(r.mz, 40e6, 1e-6);
+}
+
 }  // namespace
 }  // namespace kestrum
