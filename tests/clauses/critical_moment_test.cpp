@@ -627,9 +627,28 @@ TEST(Bounds, TorquesTwistTheMemberWhereTheyAct)
         const double expected = s.git * (1 / x + 1 / (kLength - x)) / pz;
         EXPECT_NEAR(Factor(s, line) / expected, 1, 1e-6) << share;
     }
+    // An even one, q zg: GIt phi'' + q zg phi = 0.
+    Line even = Straight(1e-3, 1e-3);
+    even.pieces[0].qz0 = even.pieces[0].qz1 = 200;
+    EXPECT_NEAR(Factor(s, even) / (s.git * kPi2 / (kLength * kLength * 200)), 1, 1e-5);
     Line tip = Straight(1e-3, 0);
     tip.points = {{kLength, pz}};
     EXPECT_NEAR(Factor(s, tip, kCantilever) / (s.git / kLength / pz), 1, 1e-6);
+}
+
+// One restraint of a member on forks, beside the middle: nothing moves sideways there.
+TEST(BuckledShape, IsHeldByItsOnlyRestraint)
+{
+    const std::vector<double> held = {3200};
+    const LateralSupports supports{LateralEnd::fork, LateralEnd::fork, held};
+    const LateralSection s = ByWarping(0.5);
+    const Line line = Straight(1e6, -4e5);
+    const BucklingShape shape =
+        BucklingShapeAt(Factor(s, line, supports), s, supports, line.View());
+    const auto sizes = [](double x, double y) { return std::abs(x) < std::abs(y); };
+    const double largest = std::abs(*std::max_element(shape.v.begin(), shape.v.end(), sizes));
+    EXPECT_NEAR(shape.v[20] / largest, 0, 1e-4);
+    EXPECT_NEAR(shape.phi[20], 0, 1e-6);
 }
 
 }  // namespace
