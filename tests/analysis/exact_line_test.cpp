@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <new>
 #include <vector>
 
 namespace kestrum {
@@ -116,6 +119,10 @@ TEST(ExactLine, TheFirstOfEqualMomentsCounts)
     const LineExtremes extremes = ExtremesOfMoment(m.Grid(), m.Line(kPinned));
     EXPECT_EQ(extremes.least.value, 0);
     EXPECT_EQ(extremes.least.x, 0);  // and at the end
+    Member up = Uniform(-8);
+    const LineExtremes turned = ExtremesOfMoment(up.Grid(), up.Line(kPinned));
+    EXPECT_EQ(turned.most.value, 0);
+    EXPECT_EQ(turned.most.x, 0);
 }
 
 // P a b/L; fixed ends -P a b^2/L^2, -P a^2 b/L^2.
@@ -181,6 +188,36 @@ TEST(ExactLine, TheDeflectionIsLargestWhereTheSlopeIsExactlyNothing)
     EXPECT_NEAR(largest.value, 5 * 24 * std::pow(11.0, 4) / 384 / 1000 * 1000, 1e-7);
 }
 
+// 5 q L^4/(768 E I) in the middle of a beam under a triangle.
+TEST(ExactLine, DeflectionUnderATriangularLoad)
+{
+    Member m{{{0, kL, 0, 12}}, {}};
+    const MomentPolynomials line = m.Line(kPinned);
+    const DeflectionLine deflection(m.grid, line, false, 1e5, 1e7);  // EI 1000 kNm2
+    EXPECT_NEAR(deflection.At(0, 3), 5 * 12 * std::pow(kL, 4) / 768, 1e-9);
+    EXPECT_NEAR(deflection.At(0, kL), 0, 1e-9);
+}
+
+// No point of the line lies lower, also where a force acts just ahead of the lowest one.
+TEST(ExactLine, NoPointDeflectsMoreThanTheLargest)
+{
+    for (const double force : {-30.0, -5.0, 5.0, 30.0}) {
+        for (const double at : {2.5, 2.9, 3.1, 3.5}) {
+            Member m{{{0, kL, 10, 10}}, {{at, force, 0}}};
+            const MomentPolynomials line = m.Line(kPinned);
+            const DeflectionLine deflection(m.grid, line, false, 1e5, 1e7);
+            const LineExtreme largest = deflection.Largest();
+            double most = 0;
+            for (int j = 0; j <= 6000; ++j) {
+                const double x = 0.001 * j;
+                most = std::max(most, std::abs(deflection.At(PieceAt(m.grid, x), x)));
+            }
+            EXPECT_NEAR(std::abs(largest.value), most, 1e-5 * most) << force << ' ' << at;
+            EXPECT_EQ(largest.piece, PieceAt(m.grid, largest.x)) << force << ' ' << at;
+        }
+    }
+}
+
 // End moments of 8 and -10 kNm: M = 8 - 3 x, EI d = 6 x - 4 x^2 + x^3/2. The slope 6 - 8 x + 1.5
 // x^2 vanishes twice, at (8 -+ sqrt 28)/3; the second place, upwards, is the larger one.
 TEST(ExactLine, TheLargerOfTwoDeflectionsCounts)
@@ -193,28 +230,24 @@ TEST(ExactLine, TheLargerOfTwoDeflectionsCounts)
     EXPECT_NEAR(largest.value, 6 * x - 4 * x * x + x * x * x / 2, 1e-9);  // EI 1000 kNm2, mm
 }
 
-// Ten pieces under large forces, then two under a small load, in the same place of the memory.
-TEST(ExactLine, NothingIsLeftOfALineBefore)
+// Only the pieces of the grid are set: what the memory behind them held plays no part.
+TEST(ExactLine, NothingBehindTheLastPieceCounts)
 {
-    Member heavy{{{0, kL, 500, 900}}, {}};
-    for (int i = 1; i < 10; ++i) {
-        heavy.points.push_back({0.6 * i, 700, 90});
-    }
-    Member light{{{0, kL, 8, 8}}, {{3, 0, 0}}};
-    for (Member* m : {&heavy, &light}) {
-        const MomentPolynomials pinned = m->Line(kPinned);
-        const LineExtremes moment = ExtremesOfMoment(m->grid, pinned);
-        const LineExtremes shear = ExtremesOfShear(m->grid, pinned);
-        const MomentPolynomials fixed = m->Line(kFixed);
-        if (m == &light) {
-            EXPECT_NEAR(moment.most.value, 36, 1e-9);
-            EXPECT_NEAR(moment.least.value, 0, 1e-9);
-            EXPECT_NEAR(shear.most.value, 24, 1e-9);
-            EXPECT_NEAR(shear.least.value, -24, 1e-9);
-            EXPECT_NEAR(At(*m, fixed, 0), -24, 1e-9);
-            EXPECT_NEAR(At(*m, fixed, kL), -24, 1e-9);
-            EXPECT_NEAR(ShearAt(m->grid, pinned, 1, 4), -8, 1e-9);
-        }
+    Member m{{{0, kL, 8, 8}}, {{3, 0, 0}}};
+    const LineGrid grid = m.Grid();
+    alignas(MomentPolynomials) std::array<unsigned char, sizeof(MomentPolynomials)> memory;
+    for (const EndFixity& ends : {kPinned, kFixed}) {
+        memory.fill(0x7f);  // numbers of 1e306
+        const auto* const line =
+            new (memory.data()) MomentPolynomials(MomentsOf(grid, m.lines, m.points, ends));
+        const double at_end = ends.start > 0 ? -24 : 0;  // -q L^2/12
+        const LineExtremes moment = ExtremesOfMoment(grid, *line);
+        EXPECT_NEAR(moment.most.value, at_end + 36, 1e-9);
+        EXPECT_NEAR(moment.least.value, at_end, 1e-9);
+        const LineExtremes shear = ExtremesOfShear(grid, *line);
+        EXPECT_NEAR(shear.most.value, 24, 1e-9);
+        EXPECT_NEAR(shear.least.value, -24, 1e-9);
+        EXPECT_NEAR(ShearAt(grid, *line, 1, 4), -8, 1e-9);
     }
 }
 
