@@ -10,7 +10,6 @@
 #include <cmath>
 #include <cstddef>
 #include <string_view>
-#include <utility>
 
 namespace kestrum {
 namespace {
@@ -105,15 +104,17 @@ double Ratio(const Found& at, CheckId id)
 
 TEST(SectionPlace, TheClauseOfAMomentNamesTheShearThatReducesIt)
 {
-    for (const auto& [z, y] : {std::pair{0.0, 0.0}, {0.3, 0.0}, {0.0, 0.3}}) {
+    for (const standard::ShearShares& rho :
+         {standard::ShearShares{0, 0}, standard::ShearShares{0.3, 0},
+          standard::ShearShares{0, 0.3}}) {
         for (const Kind kind : {Kind::i_rolled, Kind::angle}) {
             Bench b = Of(kind);
             OfClass(b, kind == Kind::angle ? 3 : 1);
-            auto at = b.At(Moments(1e6, 1e6), [&](SectionPlace& place) {
-                place.rho = {z, y};
+            const auto at = b.At(Moments(1e6, 1e6), [&](SectionPlace& place) {
+                place.rho = rho;
                 kind == Kind::angle ? CheckAngleStresses(place) : CheckMoments(place);
             });
-            const std::string_view clause = z + y > 0 ? "6.2.8" : "6.2.5";
+            const std::string_view clause = rho.z + rho.y > 0 ? "6.2.8" : "6.2.5";
             EXPECT_EQ(at.Of(CheckId::section_my).clause, clause);
             EXPECT_EQ(at.Of(CheckId::section_mz).clause, clause);
         }
