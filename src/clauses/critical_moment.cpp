@@ -95,7 +95,7 @@ double CriticalLoadFactor(const LateralSection& section, const LateralSupports& 
         lo = hi;
         hi = tried(2 * hi.alpha);
     }
-    while (!lo.Below()) {  // 0 is
+    while (!lo.Below() && lo.alpha > 0) {  // 0 is, for stiffnesses above 0
         hi = lo;
         lo = tried(0.5 * hi.alpha);
     }
