@@ -61,6 +61,7 @@ TEST(ExactLine, UniformLoadOnEverySupport)
     EXPECT_NEAR(At(m, line, kL), -ql2 / 8, 1e-12);
     EXPECT_NEAR(ExtremesOfMoment(m.grid, line).most.value, 9 * ql2 / 128, 1e-12);
     EXPECT_NEAR(ExtremesOfMoment(m.grid, line).most.x, 3 * kL / 8, 1e-12);
+    EXPECT_EQ(ExtremesOfMoment(m.grid, line).least.x, kL);
     line = m.Line(kCantilever);
     EXPECT_NEAR(At(m, line, 0), -ql2 / 2, 1e-12);
     EXPECT_NEAR(At(m, line, kL), 0, 1e-12);
@@ -78,6 +79,13 @@ TEST(ExactLine, TriangularLoad)
     const LineExtremes extremes = ExtremesOfMoment(m.Grid(), m.Line(kPinned));
     EXPECT_NEAR(extremes.most.value, 12 * kL * kL / (9 * std::sqrt(3.0)), 1e-12);
     EXPECT_NEAR(extremes.most.x, kL / std::sqrt(3.0), 1e-12);
+    Member falling{{{0, kL, 24, 0}}, {}};
+    const LineExtremes mirrored = ExtremesOfMoment(falling.Grid(), falling.Line(kPinned));
+    EXPECT_NEAR(mirrored.most.value, 24 * kL * kL / (9 * std::sqrt(3.0)), 1e-12);
+    EXPECT_NEAR(mirrored.most.x, kL - kL / std::sqrt(3.0), 1e-12);
+    Member rising{{{0, kL, 0, 24}}, {}};
+    EXPECT_NEAR(ExtremesOfMoment(rising.Grid(), rising.Line(kPinned)).most.x, kL / std::sqrt(3.0),
+                1e-12);
     const MomentPolynomials fixed = m.Line(kFixed);  // -q L^2/30 and -q L^2/20
     EXPECT_NEAR(At(m, fixed, 0), -12 * kL * kL / 30, 1e-12);
     EXPECT_NEAR(At(m, fixed, kL), -12 * kL * kL / 20, 1e-12);
@@ -136,6 +144,11 @@ TEST(ExactLine, PointLoad)
     line = m.Line(kFixed);
     EXPECT_NEAR(At(m, line, 0), -30.0 * 2 * 16 / 36, 1e-12);
     EXPECT_NEAR(At(m, line, kL), -30.0 * 4 * 4 / 36, 1e-12);
+    line = m.Line(kCantilever);  // -P a
+    EXPECT_NEAR(At(m, line, 0), -60, 1e-12);
+    EXPECT_NEAR(At(m, line, 4), 0, 1e-12);
+    EXPECT_EQ(PieceAt(m.grid, 2), 0U);  // a border belongs to the left
+    EXPECT_EQ(PieceAt(m.grid, 2.1), 1U);
 }
 
 // A moment on a pinned support goes straight to the other end; a spring of s percent leaves (1 -
@@ -174,18 +187,23 @@ TEST(ExactLine, Deflections)
     EXPECT_NEAR(largest(middle, kPinned).value, 20 * std::pow(kL, 3) / (48 * ei) * 1e3, 1e-9);
 }
 
-// The middle of an 11 m beam is the middle of one of the eight steps from 0 to 8 m; with E I = 1000
-// kNm2 and 24 kN/m all slopes are whole numbers, 0 in the middle: 5 q L^4/(384 E I).
+// The middle of a 16 m beam is the border of two of its steps, that of an 11 m beam the middle of
+// one of the eight steps from 0 to 8 m; with E I = 1000 kNm2 and 24 kN/m all slopes are whole
+// numbers, 0 in the middle: 5 q L^4/(384 E I).
 TEST(ExactLine, TheDeflectionIsLargestWhereTheSlopeIsExactlyNothing)
 {
-    LineGridMaker maker(11);
-    maker.Add(8);
-    const LineGrid grid = maker.Grid();
-    const LineLoad load{0, 11, 24, 24};
-    const MomentPolynomials line = MomentsOf(grid, {&load, 1}, {}, kPinned);
-    const LineExtreme largest = DeflectionLine(grid, line, false, 1e5, 1e7).Largest();
-    EXPECT_NEAR(largest.x, 5.5, 1e-9);
-    EXPECT_NEAR(largest.value, 5 * 24 * std::pow(11.0, 4) / 384 / 1000 * 1000, 1e-7);
+    for (const double length : {16.0, 11.0}) {
+        LineGridMaker maker(length);
+        if (length < 16) {
+            maker.Add(8);
+        }
+        const LineGrid grid = maker.Grid();
+        const LineLoad load{0, length, 24, 24};
+        const MomentPolynomials line = MomentsOf(grid, {&load, 1}, {}, kPinned);
+        const LineExtreme largest = DeflectionLine(grid, line, false, 1e5, 1e7).Largest();
+        EXPECT_NEAR(largest.x, length / 2, 1e-9);
+        EXPECT_NEAR(largest.value, 5 * 24 * std::pow(length, 4) / 384 / 1000 * 1000, 1e-7);
+    }
 }
 
 // 5 q L^4/(768 E I) in the middle of a beam under a triangle.
