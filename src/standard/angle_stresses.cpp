@@ -17,7 +17,7 @@ void CheckAngleStresses(SectionPlace& at)
                         at.told == nullptr ? nullptr : &(at.told->*terms));
     };
     const std::string_view clause = at.rho.z > 0 || at.rho.y > 0 ? "6.2.8" : "6.2.5";
-    const double enough = 1e-9;  // of a moment that is a rounding of none, kNm
+    const double enough = 1e-9;  // of a moment, Nmm
     if (std::abs(f.my) > enough) {
         at.Of(CheckId::section_my) = {use(0, f.my, 0, &SectionTerms::my_corner), clause};
     }

@@ -74,7 +74,7 @@ void CheckMoments(SectionPlace& at)
     const ReducedResistance r =
         ResistanceBeside(at.p, cls_y, at.rho, at.f.n > 0, sagging, at.basis);
     const std::string_view clause = at.rho.z > 0 || at.rho.y > 0 ? "6.2.8" : "6.2.5";
-    const double enough = 1e-9;  // of a moment that is a rounding of none, kNm
+    const double enough = 1e-9;  // of a moment, Nmm
     const double mz = cls_z == cls_y || at.q.kind == Kind::tube || !(std::abs(at.f.mz) > enough)
                           ? r.mz
                           : ResistanceBeside(at.p, cls_z, at.rho, at.f.n > 0, sagging, at.basis).mz;
