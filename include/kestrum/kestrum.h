@@ -120,8 +120,8 @@ KESTRUM_API kestrum_code kestrum_member_set_all(kestrum_member *member,
                                                 const kestrum_setting *settings, size_t count,
                                                 kestrum_text **remarks, kestrum_error **error);
 
-/* An input as a number (truth values 0 and 1), or as text: numbers as they read back, sections,
- * steels and choices by name. */
+/* An input as a number (truth values 0 and 1, ticks 0 and -1 as files hold them), or as text:
+ * numbers as they read back, sections, steels and choices by name. */
 KESTRUM_API kestrum_code kestrum_member_number(const kestrum_member *member, const char *name,
                                                double *out, kestrum_error **error);
 KESTRUM_API kestrum_code kestrum_member_text(const kestrum_member *member, const char *name,

@@ -48,8 +48,10 @@ Answer ProgramAnswer(const Outcome& outcome)
     answer.governing = outcome.control;
     answer.clause = outcome.clause;
     answer.message = outcome.message;
-    for (const std::string& dropped : outcome.dropped) {
-        Append(answer.message, dropped);
+    if (outcome.verdict != Verdict::loads_dropped) {  // whose message they are
+        for (const std::string& dropped : outcome.dropped) {
+            Append(answer.message, dropped);
+        }
     }
     return answer;
 }
