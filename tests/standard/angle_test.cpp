@@ -384,16 +384,29 @@ TEST(Angle, ShiftsOfTheEffectiveCentroid)
     EXPECT_GT(p.effective.enz, 0.1);
 }
 
-// Of corners that are stressed alike the first is told, with the shift in its unfavourable sense.
-TEST(Angle, TermsOfTheWorstCorner)
+standard::StandardSection UnitSection()
 {
     standard::StandardSection q{};
     q.fy = 235;
     q.gammam0 = 1;
+    return q;
+}
+
+// Its principal axes are y and z.
+standard::AngleSection UprightAngle()
+{
     standard::AngleSection angle{};
     angle.a = 1000;
     angle.iu = angle.iv = 1e6;
     angle.cosine = 1;
+    return angle;
+}
+
+// Of corners that are stressed alike the first is told, with the shift in its unfavourable sense.
+TEST(Angle, TermsOfTheWorstCorner)
+{
+    const standard::StandardSection q = UnitSection();
+    standard::AngleSection angle = UprightAngle();
     for (std::size_t i = 0; i < angle.corners.size(); ++i) {
         angle.corners[i] = {10.0 * static_cast<double>(i), 5, true, true};
     }
@@ -449,13 +462,8 @@ TEST(Angle, StockyLegsKeepTheValuesOfTheTable)
 // Of two corners with one stress the first is told.
 TEST(Angle, FirstOfEqualCornersIsTold)
 {
-    standard::StandardSection q{};
-    q.fy = 235;
-    q.gammam0 = 1;
-    standard::AngleSection angle{};
-    angle.a = 1000;
-    angle.iu = angle.iv = 1e6;
-    angle.cosine = 1;
+    const standard::StandardSection q = UnitSection();
+    standard::AngleSection angle = UprightAngle();
     angle.corners[1].w = 50;
     angle.corners[3].w = -50;
     standard::CornerTerms worst{};

@@ -4,7 +4,6 @@
 
 #include "engine/section_dispatch.h"
 #include "standard/lateral.h"
-#include "standard/member.h"
 #include "standard/standard_member.h"
 
 #include <cmath>
@@ -27,22 +26,6 @@ Member FlatBar(float h, float t)
 double Euler(double inertia, double length)
 {
     return kPi * kPi * 210000 * inertia / (length * length);
-}
-
-// Terms of the interaction in the only combination.
-MemberTerms TermsOf(const ProjectState& s, const Basis& basis)
-{
-    ProjectState program = s;
-    const bool well = Calculate(Delivered(), program);
-    MemberTerms terms{};
-    standard::WithMember(
-        Delivered(), s, basis, well ? &program : nullptr, [&](const standard::Member& member) {
-            const LoadCases cases = StrengthCases(member.s, member.loads.present, basis);
-            const standard::CombinedLines lines =
-                LinesOf(member.s, member.loads, cases.at[0].factors, basis);
-            terms = MemberTermsOf(member, cases.at[0], lines, CheckId::eq661);
-        });
-    return terms;
 }
 
 // --- Class ---------------------------------------------------------------------------------------

@@ -2,7 +2,6 @@
 // and those of the pieces between lateral restraints. kN, m, kNm.
 
 #include "core/member_choices.h"
-#include "standard/member.h"
 #include "standard/standard_member.h"
 
 #include <algorithm>
@@ -12,22 +11,6 @@ namespace kestrum {
 namespace {
 
 using standard::MemberTerms;
-
-// Terms of the interaction in the only combination.
-MemberTerms TermsOf(const ProjectState& s, const Basis& basis = Basis::Standard())
-{
-    ProjectState program = s;
-    const bool well = Calculate(Delivered(), program);
-    MemberTerms terms{};
-    standard::WithMember(
-        Delivered(), s, basis, well ? &program : nullptr, [&](const standard::Member& member) {
-            const LoadCases cases = StrengthCases(member.s, member.loads.present, basis);
-            const standard::CombinedLines lines =
-                LinesOf(member.s, member.loads, cases.at[0].factors, basis);
-            terms = MemberTermsOf(member, cases.at[0], lines, standard::CheckId::eq661);
-        });
-    return terms;
-}
 
 Member Column(float length)
 {

@@ -380,16 +380,22 @@ TEST(Plates, FlangesBetweenTwoWebsBuckleInShearEachForItself)
     EXPECT_NEAR(stocky.total, 5000 * 235 / kRoot3, 1e-9 * stocky.total);
 }
 
-// Walls and outstands are no flanges between two webs; a stocky flange counts with gammaM0, a
-// slender one with gammaM1.
-TEST(Plates, FlangesBetweenTwoWebsHaveTheirOwnPartialFactor)
+standard::StandardSection SectionWithoutWalls(double gammam0, double gammam1)
 {
     standard::StandardSection q{};
     q.fy = 235;
     q.eps = q.eta = 1;
-    q.gammam0 = 1.1;
-    q.gammam1 = 1.25;
+    q.gammam0 = gammam0;
+    q.gammam1 = gammam1;
     q.avy = 5000;
+    return q;
+}
+
+// Walls and outstands are no flanges between two webs; a stocky flange counts with gammaM0, a
+// slender one with gammaM1.
+TEST(Plates, FlangesBetweenTwoWebsHaveTheirOwnPartialFactor)
+{
+    standard::StandardSection q = SectionWithoutWalls(1.1, 1.25);
     q.walls[0] = {-94, 100, 94, 100, 2, false};
     q.walls[1] = {-94, -100, 94, -100, 4, false};
     q.walls[2] = {-95, -98, -95, 98, 2, false};
@@ -526,12 +532,7 @@ TEST(Plates, PlasticAxisNextToAnEdge)
 // factor. Webs and overhangs carry nothing along y.
 TEST(Plates, OneFlangeThatBucklesInShear)
 {
-    standard::StandardSection q{};
-    q.fy = 235;
-    q.eps = q.eta = 1;
-    q.gammam0 = 1.25;
-    q.gammam1 = 1.1;
-    q.avy = 5000;
+    standard::StandardSection q = SectionWithoutWalls(1.25, 1.1);
     q.walls[0] = {-94, 100, 94, 100, 2, false};
     q.walls[1] = {-50, -100, 50, -100, 2, false};
     q.walls[2] = {94, -100, 94, 100, 6, false};

@@ -385,9 +385,8 @@ TEST(SectionParts, ProgramsMomentOfUnequalFlanges)
 
 // --- Shear buckling of the flanges under Vy, EN 1993-1-5, 5.2 and 5.3 ----------------------------
 
-// Hollow section 400 wide, walls 4: 392/4 = 98 above 72. lam 98/86.4, chi_w 1.37/(0.7 + lam) with a
-// rigid end post, 0.83/lam without; two walls of 392x4.
-TEST(SectionParts, WideFlangesOfHollowSectionsBuckleUnderVy)
+// 400 wide and 200 deep, walls of 4.
+standard::PreparedSection WideHollowSection()
 {
     standard::PreparedSection p{};
     StandardSection& q = p.q;
@@ -398,6 +397,15 @@ TEST(SectionParts, WideFlangesOfHollowSectionsBuckleUnderVy)
     q.b = 400;
     q.tw = 4;
     q.top = q.bottom = {400, 4};
+    return p;
+}
+
+// Hollow section 400 wide, walls 4: 392/4 = 98 above 72. lam 98/86.4, chi_w 1.37/(0.7 + lam) with a
+// rigid end post, 0.83/lam without; two walls of 392x4.
+TEST(SectionParts, WideFlangesOfHollowSectionsBuckleUnderVy)
+{
+    standard::PreparedSection p = WideHollowSection();
+    StandardSection& q = p.q;
     q.avy = 3136;
     const double lam = 98 / 86.4;
     ASSERT_GT(lam, 1.08);
@@ -803,15 +811,8 @@ TEST(SectionParts, WidthOfAFlangeInShear)
 // 3000 mm2 for 392/4.
 TEST(SectionParts, ProgramsShearAreaOfWallsThatBuckle)
 {
-    standard::PreparedSection p{};
+    standard::PreparedSection p = WideHollowSection();
     StandardSection& q = p.q;
-    q.kind = Kind::hollow;
-    q.fy = 235;
-    q.eps = q.eta = q.gammam0 = q.gammam1 = 1;
-    q.h = 200;
-    q.b = 400;
-    q.tw = 4;
-    q.top = q.bottom = {400, 4};
     q.avy = 3000;
     q.walls[0] = {-194, 98, 194, 98, 4, false};
     q.wall_count = 1;

@@ -2,6 +2,7 @@
 
 // Members for the tests of the standard basis, and their results by it.
 
+#include "standard/member.h"
 #include "standard/standard.h"
 #include "support/members.h"
 
@@ -42,6 +43,22 @@ inline double Back(const ProjectState& s, Dev deviation, standard::CheckId id)
     return Ratio(standard::CalculateStandard(Delivered(), s, Basis::StandardBut(deviation),
                                              well ? &program : nullptr),
                  id);
+}
+
+// Terms of the interaction in the only combination.
+inline standard::MemberTerms TermsOf(const ProjectState& s, const Basis& basis = Basis::Standard())
+{
+    ProjectState program = s;
+    const bool well = Calculate(Delivered(), program);
+    standard::MemberTerms terms{};
+    standard::WithMember(
+        Delivered(), s, basis, well ? &program : nullptr, [&](const standard::Member& member) {
+            const LoadCases cases = StrengthCases(member.s, member.loads.present, basis);
+            const standard::CombinedLines lines =
+                LinesOf(member.s, member.loads, cases.at[0].factors, basis);
+            terms = MemberTermsOf(member, cases.at[0], lines, standard::CheckId::eq661);
+        });
+    return terms;
 }
 
 inline const double kRoot3 = std::sqrt(3.0);
