@@ -47,6 +47,15 @@ std::string Kfiq(const ProjectState& s)
     return FormatNum(s.kfiq, "0.0#");
 }
 
+// The class factor before each variable load, where the annex writes it there.
+std::string FactorOfVariables(const ProjectState& s, const CombinationWriting& writing)
+{
+    if (writing.factor != Class::on_variable) {
+        return {};
+    }
+    return Kfiq(s) + "*";
+}
+
 std::string UserText(std::string_view head, float g, float q1, float q2)
 {
     constexpr std::string_view kFactor = "0.00";
@@ -160,7 +169,7 @@ std::string CombText610(const ProjectState& s)
 {
     const Annex& annex = AnnexAt(s.annexindex);
     const CombinationWriting& writing = annex.writing;
-    const std::string q = writing.factor == Class::on_variable ? Kfiq(s) + "*" : "";
+    const std::string q = FactorOfVariables(s, writing);
     const std::string terms = Num(annex.g610g) + "*G + " + q + Num(annex.g610q1) + "*Q1 + " + q +
                               Num(annex.g610q2) + "*" + Psi(s.psi1) + "*Q2";
     const std::string head = "ULS: Eq 6.10: LC = ";
@@ -183,24 +192,29 @@ std::string CombText610a(const ProjectState& s)
     if (annex.g610aq1 == 0) {
         return text;
     }
-    const bool varies = writing.factor == Class::on_variable;
-    const std::string q = varies ? Kfiq(s) + "*" : "";
-    text += (varies ? std::string(writing.variable) : " + ") + q + Num(annex.g610aq1) + "*" +
-            Psi(s.psi1) + "*Q1 + ";
+    const std::string q = FactorOfVariables(s, writing);
+    text += q.empty() ? std::string_view(" + ") : writing.variable;
+    text += q + Num(annex.g610aq1) + "*" + Psi(s.psi1) + "*Q1 + ";
     return text + q + Num(annex.g610aq2) + "*" + Psi(s.psi2) + "*Q2";
 }
 
 std::string CombText610b(const ProjectState& s)
 {
     const CombinationWriting& writing = AnnexAt(s.annexindex).writing;
-    const std::string q = writing.factor == Class::on_variable ? Kfiq(s) + "*" : "";
+    const std::string q = FactorOfVariables(s, writing);
     const std::string variable = Num(kVariable610b);
-    std::string terms = writing.xi ? FormatNum(s.xi610b, "0.0##") + "*" : "";
+    std::string terms;
+    if (writing.xi) {
+        terms = FormatNum(s.xi610b, "0.0##") + "*";
+    }
     terms += FormatNum(s.g610bg, "0.0##") + "*G + " + q + variable + "*Q1 +" +
              std::string(writing.leading) + q + variable + "*" + std::string(writing.star) +
              FormatNum(s.psi2, writing.psi) + "*Q2";
     const std::string head = "ULS: Eq 6.10b: LC = ";
-    return writing.factor == Class::on_all ? head + Kfig(s) + "*(" + terms + ")" : head + terms;
+    if (writing.factor == Class::on_all) {
+        return head + Kfig(s) + "*(" + terms + ")";
+    }
+    return head + terms;
 }
 
 std::string CombText614(const ProjectState& s)

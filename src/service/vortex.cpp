@@ -41,8 +41,10 @@ std::string ProfileText(const Inputs& in, const SectionRecord& section)
     }
     const std::string size =
         FormatNum(section.h, "##0") + "x" + FormatNum(section.b, "##0") + "x" + tw;
-    return family.kind == Kind::hollow ? std::string(family.text) + " " + size
-                                       : "Box " + size + "x" + FormatNum(section.tf, "##0.0");
+    if (family.kind == Kind::hollow) {
+        return std::string(family.text) + " " + size;
+    }
+    return "Box " + size + "x" + FormatNum(section.tf, "##0.0");
 }
 
 }  // namespace
