@@ -123,10 +123,11 @@ bool HasSize(const ProfileTable& values, const std::array<int, 3>& columns, int 
 
 std::optional<i16> RowOfSize(const Library& library, Table table, std::string_view size)
 {
+    // Numbers first: few rows have to be written as texts.
     std::array<float, 3> numbers{};
     std::size_t count = 0;
-    while (!size.empty()) {
-        const auto number = Positive(Next(size, 'x'));
+    for (std::string_view rest = size; !rest.empty();) {
+        const auto number = Positive(Next(rest, 'x'));
         if (!number || count == numbers.size()) {
             return {};
         }
@@ -134,7 +135,8 @@ std::optional<i16> RowOfSize(const Library& library, Table table, std::string_vi
     }
     const ProfileTable& values = library.tables[static_cast<std::size_t>(table)];
     for (int row = 0; row < std::min(RowCount(table), values.reserved); ++row) {
-        if (HasSize(values, ShapeOf(table).key, row, {numbers.data(), count})) {
+        if (HasSize(values, ShapeOf(table).key, row, {numbers.data(), count}) &&
+            RowKey(library, table, row) == size) {
             return static_cast<i16>(row);
         }
     }

@@ -222,11 +222,9 @@ double CriticalMomentOf(const LateralCase& m, const LineExtreme& most, CriticalT
     }
     const bool entered = m.s.cmanual != kFalse;
     const Dev formula = FormulaOf(m.s);
-    if (entered && formula != Dev::d233) {
-        return ClosedMoment(m, most.value > 0, terms);
-    }
     // D233: between restraints and with end forces the program does not take entered C factors.
-    if (!m.basis.departs(formula) && m.program != nullptr) {
+    const bool as_entered = entered && formula != Dev::d233;
+    if (!as_entered && !m.basis.departs(formula) && m.program != nullptr) {
         const double of_program = ProgramMoment(m, most.x);
         if (of_program > 0) {  // else the program's pass had no control
             terms.route = CriticalRoute::program;

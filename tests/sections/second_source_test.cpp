@@ -291,6 +291,16 @@ TEST(SecondSource, EachLineFindsItsOwnRow)
     EXPECT_EQ(figures[2].row, figures[1].row);
 }
 
+// A size is the key of a row as it is written, not what reads as the same numbers.
+TEST(SecondSource, SizesAreWrittenAsTheirKeys)
+{
+    for (const std::string size : {"200x", "200.0", "+200", "200x190", "x200", "0"}) {
+        const std::string list =
+            "table,size,figure,table value,corrected,source\nhea," + size + ",It [cm4],2,3,a\n";
+        EXPECT_TRUE(ReadSecondSource(Delivered(), list).empty()) << size;
+    }
+}
+
 TEST(SecondSource, NamesLineAndFieldOfAFault)
 {
     const std::string header = "table,size,figure,table value,corrected,source\n";
